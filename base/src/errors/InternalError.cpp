@@ -1,0 +1,32 @@
+#include "errors/InternalError.h"
+
+#include <charconv>
+#include <utility>
+
+const std::string& Properties::get(const std::string& name) const {
+  static const std::string none;
+  const auto found = _values.find(name);
+  return found == _values.end() ? none : found->second;
+}
+
+Error::Error(std::string message, Properties properties)
+    : _message(std::move(message)), _properties(std::move(properties)) {}
+
+// The destructors stand here so that each class has one type description,
+// which exceptions that cross library borders are recognised by.
+Error::~Error() = default;
+NonRecoverableError::~NonRecoverableError() = default;
+InternalError::~InternalError() = default;
+
+InternalError::InternalError(const std::string& message, const char* expression, const char* file, int line)
+    : NonRecoverableError(message), _line(line) {
+  getProperties().set("expression", expression);
+  getProperties().set("file", file);
+  getProperties().set("line", std::to_string(line));
+}
+
+InternalError::InternalError(const std::string& message, const Properties& properties)
+    : NonRecoverableError(message, properties) {
+  const std::string& line = properties.get("line");
+  std::from_chars(line.data(), line.data() + line.size(), _line);
+}
