@@ -1,0 +1,41 @@
+#pragma once
+
+#include "vemo_render_export.h"
+
+#include <vtkGenericOpenGLRenderWindow.h>
+#include <vtkSmartPointer.h>
+
+#include <memory>
+
+class EglContext;
+
+/// A render window that draws off screen, into memory, through an OpenGL
+/// context of its own that needs no window system.
+class VEMO_RENDER_EXPORT EglRenderWindow : public vtkGenericOpenGLRenderWindow {
+  vtkTypeMacro(EglRenderWindow, vtkGenericOpenGLRenderWindow)
+
+      public : static EglRenderWindow* New();
+  EglRenderWindow(const EglRenderWindow&) = delete;
+  EglRenderWindow& operator=(const EglRenderWindow&) = delete;
+
+  /// A window of the given size in pixels whose context is there and works.
+  /// Throws RenderingUnavailable when it cannot be had.
+  static vtkSmartPointer<EglRenderWindow> open(int width, int height);
+
+  // Start, Render and Initialize make the context if there is none yet, and
+  // throw RenderingUnavailable when it cannot be had.
+  void Initialize() override;
+  void Start() override;
+  void Render() override;
+  void Finalize() override;
+  void MakeCurrent() override;
+  bool IsCurrent() override;
+  void OpenGLInitContext() override;
+
+ protected:
+  EglRenderWindow();
+  ~EglRenderWindow() override;
+
+ private:
+  std::unique_ptr<EglContext> _context;
+};

@@ -1,0 +1,7 @@
+#include "vemoview/render/RenderErrors.h"
+
+// The destructors stand here so that each class has one type description,
+// which exceptions that cross library borders are recognised by.
+RenderError::~RenderError() = default;
+RenderingUnavailable::~RenderingUnavailable() = default;
+PictureWriteError::~PictureWriteError() = default;
