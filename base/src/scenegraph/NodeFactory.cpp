@@ -1,0 +1,80 @@
+#include "scenegraph/NodeFactory.h"
+
+#include "scenegraph/SceneNode.h"
+#include "scenegraph/attributes/RenderingAttributes.h"
+#include "scenegraph/attributes/ScalarAttributes.h"
+#include "scenegraph/drawables/GeometryDrawables.h"
+#include "scenegraph/drawables/TriadDrawable.h"
+
+#include <map>
+
+namespace lum {
+
+namespace {
+
+using Create = Ptr<Node> (*)(const NodeInitializer&);
+
+template <class... Classes>
+std::map<std::string, Create> makeTable() {
+  return {{Classes::getClassName(),
+           [](const NodeInitializer& initializer) { return Ptr<Node>(new Classes(initializer)); }}...};
+}
+
+const std::map<std::string, Create>& getTable() {
+  static const auto table = makeTable<  //
+      SceneNode,                        //
+      SceneCanvas,                      //
+      AttributesCollection,             //
+      BackgroundAttributes,             //
+      BaseAttributes,                   //
+      BaseCanvasAttributes,             //
+      CameraAttributes,                 //
+      CanvasPositionAttributes,         //
+      ClipPlanesAttributes,             //
+      ColorAttributes,                  //
+      DataLocationAttributes,           //
+      LightingAttributes,               //
+      LineAttributes,                   //
+      MeshAttributes,                   //
+      OrientationAttributes,            //
+      PointAttributes,                  //
+      PointSizeAttributes,              //
+      PositionAttributes,               //
+      ScalarAttributes,                 //
+      SurfaceAttributes,                //
+      TextAttributes,                   //
+      TriadAttributes,                  //
+      ColorLookupTable,                 //
+      DataArrayAttributes,              //
+      Light,                            //
+      LightCollection,                  //
+      Plane,                            //
+      PlaneCollection,                  //
+      DrawableCollection,               //
+      PointSphereDrawable,              //
+      PolyLineDrawable,                 //
+      SurfaceDrawable,                  //
+      TriadDrawable,                    //
+      PolyDataNode,                     //
+      PeriodicRepeatTransform,          //
+      SimpleTransform,                  //
+      SymmetricTransform>();
+  return table;
+}
+
+}  // namespace
+
+Ptr<Node> createNode(const NodeInitializer& initializer) {
+  const auto found = getTable().find(initializer.getClassName());
+  return found == getTable().end() ? Ptr<Node>() : found->second(initializer);
+}
+
+std::vector<std::string> getNodeClassNames() {
+  std::vector<std::string> names;
+  for (const auto& [name, create] : getTable()) {
+    names.push_back(name);
+  }
+  return names;
+}
+
+}  // namespace lum

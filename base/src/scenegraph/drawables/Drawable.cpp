@@ -1,0 +1,13 @@
+#include "scenegraph/drawables/Drawable.h"
+
+namespace lum {
+
+// The attributes come first: what a drawable looks like is told before what
+// it is made of.
+void Drawable::listFields(FieldList& fields) {
+  Node::listFields(fields);
+  fields.add("attributes", _attributes);
+  fields.add("nodes", static_cast<CollectionNode&>(*this));
+}
+
+}  // namespace lum

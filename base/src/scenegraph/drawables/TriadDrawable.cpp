@@ -1,0 +1,10 @@
+#include "scenegraph/drawables/TriadDrawable.h"
+
+namespace lum {
+
+void TriadDrawable::listFields(FieldList& fields) {
+  Superclass::listFields(fields);
+  fields.add("cameraAttributes", _cameraAttributes);
+}
+
+}  // namespace lum
