@@ -1,0 +1,24 @@
+#include "platform/Platform.h"
+
+#include <memory>
+
+namespace {
+
+std::unique_ptr<OS::FileSystem>& instance() {
+  // The holder is never destroyed: at-exit functions use what is in it.
+  static auto& holder = *new std::unique_ptr<OS::FileSystem>;
+  return holder;
+}
+
+}  // namespace
+
+OS::FileSystem& Platform::filesystem() {
+  if (!instance()) {
+    instance() = std::make_unique<OS::FileSystem>();
+  }
+  return *instance();
+}
+
+void Platform::reset() {
+  instance().reset();
+}
