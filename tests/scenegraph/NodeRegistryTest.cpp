@@ -1,0 +1,82 @@
+#include "scenegraph/NodeFactory.h"
+#include "scenegraph/NodeRegistry.h"
+#include "scenegraph/SceneNode.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+lum::Ptr<lum::Node> makeIn(int session, const std::string& className) {
+  return lum::createNode(lum::ClassNameAndSessionNodeInitializer(className, session));
+}
+
+/// Opens the registry's protected door to the node of a name.
+class OpenRegistry : public lum::NodeRegistry {
+ public:
+  static lum::Node* get(lum::NodeRegistry& registry, const std::string& name, bool& created,
+                        Properties& properties) {
+    return (registry.*&OpenRegistry::getNode)(name, created, properties);
+  }
+};
+
+TEST(NodeRegistryTest, ASessionListsItsNodesAndNoOthers) {
+  auto& sessions = lum::NodeRegistrySessions::getSingleton();
+  const int first = sessions.createSession();
+  const int second = sessions.createSession();
+  EXPECT_NE(first, second);
+  const auto a = makeIn(first, "SceneNode");
+  const auto outside = makeIn(lum::NO_SESSION, "SceneNode");
+  const auto elsewhere = makeIn(second, "SceneNode");
+  {
+    const auto gone = makeIn(first, "SceneNode");
+    const auto light = makeIn(first, "Light");
+    EXPECT_EQ(lum::NodeRegistry::getSingleton(first).getNodes("SceneNode").size(), 2U);
+  }
+  EXPECT_EQ(lum::NodeRegistry::getSingleton(first).getNodes("SceneNode"), std::vector<lum::Node*>{a.get()});
+  EXPECT_TRUE(sessions.destroySession(first));
+  EXPECT_FALSE(sessions.destroySession(first));
+  EXPECT_THROW(lum::NodeRegistry::getSingleton(first), InternalError);
+  EXPECT_EQ(a->getSessionId(), first) << "a node that is held outlives its session";
+  sessions.destroySession(second);
+}
+
+TEST(NodeRegistryTest, WhatASessionKeepsGoesWithIt) {
+  auto& sessions = lum::NodeRegistrySessions::getSingleton();
+  const int session = sessions.createSession();
+  auto node = makeIn(session, "SceneNode");
+  const lum::WeakPtr<lum::Node> weak(node.get());
+  lum::NodeRegistry::getSingleton(session).keep(*node);
+  node = nullptr;
+  ASSERT_NE(weak.get(), nullptr);
+  sessions.destroySession(session);
+  EXPECT_EQ(weak.get(), nullptr);
+}
+
+TEST(NodeRegistryTest, GivesTheNodeOfANameOrMakesIt) {
+  auto& sessions = lum::NodeRegistrySessions::getSingleton();
+  const int session = sessions.createSession();
+  auto& registry = lum::NodeRegistry::getSingleton(session);
+  Properties properties;
+  bool created = true;
+  EXPECT_EQ(OpenRegistry::get(registry, "lamp", created, properties), nullptr);
+  EXPECT_FALSE(created);
+  properties.set("class", "Light");
+  const lum::Node* made = OpenRegistry::get(registry, "lamp", created, properties);
+  ASSERT_NE(made, nullptr);
+  EXPECT_TRUE(created);
+  EXPECT_EQ(made->className(), "Light");
+  EXPECT_EQ(OpenRegistry::get(registry, "lamp", created, properties), made);
+  EXPECT_FALSE(created);
+  sessions.destroySession(session);
+}
+
+TEST(NodeFactoryTest, MakesEveryClassUnderItsOwnName) {
+  for (const std::string& name : lum::getNodeClassNames()) {
+    const auto node = makeIn(lum::NO_SESSION, name);
+    ASSERT_TRUE(node) << name;
+    EXPECT_EQ(node->className(), name);
+  }
+  EXPECT_FALSE(makeIn(lum::NO_SESSION, "Drawable"));
+}
+
+}  // namespace

@@ -1,0 +1,94 @@
+#include "scenegraph/NodeFactory.h"
+#include "scenegraph/Ptr.h"
+#include "scenegraph/SceneNode.h"
+
+#include <gtest/gtest.h>
+#include <pthread.h>
+
+namespace {
+
+/// Counts its kind, and may hold the next of a chain.
+class Link : public lum::Object {
+ public:
+  Link() { ++count; }
+  lum::Ptr<Link> next;
+  static inline int count = 0;
+
+ protected:
+  ~Link() override { --count; }
+};
+
+class Other : public lum::Object {};
+
+TEST(PtrTest, TakesTheNewObjectBeforeItGivesTheOldOneBack) {
+  lum::Ptr<Link> head(new Link);
+  head->next = new Link;
+  head = std::move(head->next);
+  EXPECT_EQ(Link::count, 1);
+  head->next = new Link;
+  head = head->next;
+  EXPECT_EQ(Link::count, 1);
+  lum::Ptr<Link>& same = head;
+  head = same;
+  head = std::move(same);
+  head = head.get();
+  ASSERT_EQ(Link::count, 1);
+  const lum::Ptr<Link> second(head);
+  EXPECT_EQ(head->getReferenceCount(), 2);
+  head = nullptr;
+  EXPECT_EQ(Link::count, 1);
+}
+
+TEST(PtrTest, EveryAccessIsChecked) {
+  const lum::Ptr<Link> empty;
+  const lum::Ptr<Link> wrong(new Other);
+  EXPECT_FALSE(empty);
+  EXPECT_FALSE(wrong);
+  for (const auto* pointer : {&empty, &wrong}) {
+    try {
+      (*pointer)->next = nullptr;
+      FAIL() << "no exception";
+    } catch (const NonRecoverableError& error) {
+      EXPECT_EQ(error.getMessage(), "Uninitialized object or unexpected object type");
+      EXPECT_EQ(error.getProperties().get("expression"), "res");
+      EXPECT_EQ(error.getProperties().get("file"), "base/src/scenegraph/Ptr.h");
+    }
+  }
+}
+
+TEST(PtrTest, AWeakPointerForgetsWhatIsGone) {
+  lum::Ptr<Link> owner(new Link);
+  const lum::WeakPtr<Link> weak(owner.get());
+  EXPECT_EQ(weak.get(), owner.get());
+  owner = nullptr;
+  EXPECT_EQ(weak.get(), nullptr);
+}
+
+/// Runs a function on a thread with a stack as small as some hosts give.
+void runOnSmallStack(void* (*function)(void*), void* argument) {
+  pthread_attr_t attributes;
+  pthread_attr_init(&attributes);
+  pthread_attr_setstacksize(&attributes, 256 * 1024);
+  pthread_t thread{};
+  ASSERT_EQ(pthread_create(&thread, &attributes, function, argument), 0);
+  pthread_join(thread, nullptr);
+  pthread_attr_destroy(&attributes);
+}
+
+TEST(PtrTest, ALongChainIsTornDownOnASmallStack) {
+  lum::Ptr<Link> head(new Link);
+  Link* last = head.get();
+  for (int i = 0; i < 1000000; ++i) {
+    last->next = new Link;
+    last = static_cast<Link*>(last->next.getObject());
+  }
+  runOnSmallStack(
+      [](void* chain) -> void* {
+        *static_cast<lum::Ptr<Link>*>(chain) = nullptr;
+        return nullptr;
+      },
+      &head);
+  EXPECT_EQ(Link::count, 0);
+}
+
+}  // namespace
