@@ -1,3 +1,4 @@
+include(GNUInstallDirs)
 include(GenerateExportHeader)
 
 # vemo_library(NAME INCLUDE_ROOT DIR FOLDERS ... [PUBLIC ...] [PRIVATE ...])
@@ -17,8 +18,15 @@ function(vemo_library name)
   add_library(vemo::${name} ALIAS ${name})
   generate_export_header(${name} EXPORT_FILE_NAME ${CMAKE_BINARY_DIR}/export/${name}_export.h)
   target_include_directories(${name} PUBLIC
-    $<BUILD_INTERFACE:${ARG_INCLUDE_ROOT}> $<BUILD_INTERFACE:${CMAKE_BINARY_DIR}/export>)
-  target_link_libraries(${name} PUBLIC ${ARG_PUBLIC} PRIVATE vemo_options ${ARG_PRIVATE})
+    $<BUILD_INTERFACE:${ARG_INCLUDE_ROOT}> $<BUILD_INTERFACE:${CMAKE_BINARY_DIR}/export>
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/vemo>)
+  target_link_libraries(${name} PUBLIC ${ARG_PUBLIC} PRIVATE $<BUILD_INTERFACE:vemo_options> ${ARG_PRIVATE})
+  install(TARGETS ${name} EXPORT vemo)
+  install(FILES ${CMAKE_BINARY_DIR}/export/${name}_export.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vemo)
+  foreach(folder IN LISTS ARG_FOLDERS)
+    file(GLOB headers CONFIGURE_DEPENDS ${ARG_INCLUDE_ROOT}/${folder}/*.h)
+    install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vemo/${folder})
+  endforeach()
 endfunction()
 
 # vemo_test(FOLDER LIBRARIES ...): one test program for one folder of tests,
