@@ -12,7 +12,7 @@ class vtkPolyData;
 /// its copies: the result is the only memory that is allocated, and the poly
 /// data keeps its cells.
 ///
-/// The points are of type float or double, the cells have 32-bit or 64-bit
+/// The poly data has points, float or double, and cells of 32-bit or 64-bit
 /// storage. Every index names a point, every polygon and strip has at least
 /// three points (see Connectivity.h).
 namespace geometry {

@@ -1,0 +1,164 @@
+#include "errors/InternalError.h"
+#include "vemoview/import/Connectivity.h"
+
+#include <vtkCellArray.h>
+#include <vtkFloatArray.h>
+#include <vtkNew.h>
+#include <vtkTypeInt32Array.h>
+
+#include <algorithm>
+#include <cstring>
+#include <gmock/gmock.h>
+#include <limits>
+#include <numeric>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using geometry::CellKind;
+using geometry::ImportedCells;
+using testing::ElementsAre;
+using testing::ElementsAreArray;
+using testing::IsEmpty;
+using List = std::vector<std::int32_t>;
+
+constexpr std::int32_t HIGHEST = std::numeric_limits<std::int32_t>::max();
+constexpr std::int32_t LOWEST = std::numeric_limits<std::int32_t>::min();
+
+/// A block of exactly the list's size, so that a sanitizer sees every step
+/// beyond it.
+geometry::EntryBlock blockOf(const List& list) {
+  geometry::EntryBlock block(new unsigned char[list.size() * sizeof(std::int32_t)]);
+  std::memcpy(block.get(), list.data(), list.size() * sizeof(std::int32_t));
+  return block;
+}
+
+ImportedCells import(const List& list, CellKind kind, vtkIdType points) {
+  return geometry::importCells(blockOf(list), static_cast<std::int32_t>(list.size()), kind, points);
+}
+
+List valuesOf(vtkTypeInt32Array* array) {
+  return {array->GetPointer(0), array->GetPointer(0) + array->GetNumberOfValues()};
+}
+
+TEST(Connectivity, countsTheCellsOfAList) {
+  const std::vector<std::pair<List, int>> cases = {
+      {{}, 0}, {{0}, 1}, {{3, 0, 1, 2, 2, 2, 3}, 2}, {{1, -7, 0, 1, HIGHEST}, 3}};
+  for (const auto& [list, count] : cases) {
+    EXPECT_EQ(geometry::countCells(list), count) << testing::PrintToString(list);
+  }
+}
+
+TEST(Connectivity, refusesAListThatDoesNotEndWithItsLastCell) {
+  // The first one has an index outside the points too, the list comes first.
+  const std::vector<List> lists = {{3, 99, 1, 2, 2},    {3, 0, 1},      {1},           {HIGHEST},
+                                   {HIGHEST, 0, 1},     {-1},           {-1, 0},       {2, 0, 1, -3, 0},
+                                   {1, 0, -2, 2, 0, 1}, {LOWEST, 1, 0}, {1, 0, LOWEST}};
+  for (const List& list : lists) {
+    try {
+      import(list, CellKind::POLYS, 3);
+      ADD_FAILURE() << testing::PrintToString(list);
+    } catch (const InternalError& error) {
+      EXPECT_STREQ(error.what(),
+                   "Internal Error:  GeometryItem.countItemsInList():  i must be equal to list.size");
+      EXPECT_EQ(error.getExpression(), "i == list.size");
+    }
+  }
+}
+
+TEST(Connectivity, turnsTheBlockItselfIntoCellsOf32Bits) {
+  const List list = {3, 0, 1, 2, 4, 3, 2, 1, 0, 3, 4, 4, 4};
+  geometry::EntryBlock block = blockOf(list);
+  const void* const place = block.get();
+  const ImportedCells imported = geometry::importCells(std::move(block), 13, CellKind::POLYS, 5);
+
+  ASSERT_TRUE(imported.cells);
+  ASSERT_FALSE(imported.cells->IsStorage64Bit());
+  EXPECT_EQ(imported.cells->GetConnectivityArray32()->GetPointer(0), place);
+  EXPECT_THAT(valuesOf(imported.cells->GetConnectivityArray32()), ElementsAre(0, 1, 2, 3, 2, 1, 0, 4, 4, 4));
+  EXPECT_THAT(valuesOf(imported.cells->GetOffsetsArray32()), ElementsAre(0, 3, 7, 10));
+  EXPECT_EQ(imported.listed, 3);
+  EXPECT_THAT(imported.dropped, IsEmpty());
+
+  // VTK may grow the array later on: it then takes memory of its own.
+  imported.cells->InsertNextCell({0, 1, 2});
+  EXPECT_EQ(imported.cells->GetNumberOfCells(), 4);
+  EXPECT_EQ(imported.cells->GetCellSize(1), 4);
+}
+
+TEST(Connectivity, leavesOutCellsWithTooFewPoints) {
+  // The index of a cell that is left out matters to nobody.
+  const List list = {2, 99, 0, 0, 3, 0, 1, 2, 1, -5, 4, 3, 2, 1, 0};
+  struct Case {
+    CellKind kind;
+    vtkIdType points;
+    List dropped, offsets, connectivity;
+  };
+  const std::vector<Case> cases = {
+      {CellKind::POLYS, 4, {0, 1, 3}, {0, 3, 7}, {0, 1, 2, 3, 2, 1, 0}},
+      {CellKind::STRIPS, 4, {0, 1, 3}, {0, 3, 7}, {0, 1, 2, 3, 2, 1, 0}},
+      {CellKind::LINES, 100, {1, 3}, {0, 2, 5, 9}, {99, 0, 0, 1, 2, 3, 2, 1, 0}},
+  };
+  for (const Case& expected : cases) {
+    const ImportedCells imported = import(list, expected.kind, expected.points);
+    EXPECT_EQ(imported.listed, 5);
+    EXPECT_THAT(imported.dropped, ElementsAreArray(expected.dropped));
+    ASSERT_TRUE(imported.cells);
+    EXPECT_THAT(valuesOf(imported.cells->GetOffsetsArray32()), ElementsAreArray(expected.offsets));
+    EXPECT_THAT(valuesOf(imported.cells->GetConnectivityArray32()), ElementsAreArray(expected.connectivity));
+  }
+  const ImportedCells verts = import({0, 1, 2, 0}, CellKind::VERTS, 3);
+  EXPECT_THAT(verts.dropped, ElementsAre(0, 2));
+  EXPECT_EQ(verts.cells->GetNumberOfCells(), 1);
+}
+
+TEST(Connectivity, acceptsListsOfNoCell) {
+  const ImportedCells none = geometry::importCells(nullptr, 0, CellKind::LINES, 0);
+  const ImportedCells left = import({1, 0, 2, 0, 0}, CellKind::POLYS, 1);
+  EXPECT_EQ(none.cells->GetNumberOfCells(), 0);
+  EXPECT_EQ(left.cells->GetNumberOfCells(), 0);
+  EXPECT_EQ(left.listed, 2);
+}
+
+TEST(Connectivity, reportsTheFirstIndexThatNamesNoPoint) {
+  for (const std::int32_t outside : {3, -1, HIGHEST, LOWEST}) {
+    const ImportedCells imported = import({3, 0, 1, 2, 3, 0, outside, 77}, CellKind::POLYS, 3);
+    EXPECT_FALSE(imported.cells);
+    EXPECT_EQ(imported.indexOutside, outside);
+  }
+  EXPECT_EQ(import({1, 0}, CellKind::VERTS, 0).indexOutside, 0);
+}
+
+TEST(Connectivity, findsTheRowsOfDroppedCellsInVtksOrder) {
+  ImportedCells verts;
+  verts.listed = 4;
+  verts.dropped = {0, 3};
+  ImportedCells lines;
+  lines.listed = 2;
+  ImportedCells polys;
+  polys.listed = 3;
+  polys.dropped = {1};
+  const std::vector<std::reference_wrapper<const ImportedCells>> lists = {verts, lines, polys};
+  EXPECT_THAT(geometry::droppedRows(lists), ElementsAre(0, 3, 7));
+}
+
+TEST(Connectivity, removesRowsInPlace) {
+  const std::vector<std::pair<std::vector<vtkIdType>, std::vector<float>>> cases = {
+      {{}, {0, 1, 2, 3, 4, 5, 6, 7}}, {{0}, {2, 3, 4, 5, 6, 7}}, {{1, 2}, {0, 1, 6, 7}},
+      {{1, 3}, {0, 1, 4, 5}},         {{0, 1, 2, 3}, {}},
+  };
+  for (const auto& [rows, kept] : cases) {
+    vtkNew<vtkFloatArray> array;
+    array->SetNumberOfComponents(2);
+    array->SetNumberOfTuples(4);
+    std::iota(array->GetPointer(0), array->GetPointer(8), 0.0F);
+    const float* const place = array->GetPointer(0);
+    geometry::removeRows(*array, rows);
+    ASSERT_EQ(array->GetNumberOfValues(), static_cast<vtkIdType>(kept.size()));
+    EXPECT_TRUE(kept.empty() || array->GetPointer(0) == place);
+    EXPECT_THAT(kept, ElementsAreArray(array->GetPointer(0), kept.size()));
+  }
+}
+
+}  // namespace
