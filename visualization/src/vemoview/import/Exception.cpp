@@ -36,14 +36,14 @@ void Exception::setLine(int line) {
 std::string Exception::getPlace() const {
   std::string place;
   const auto add = [&place](const std::string& text) { place += (place.empty() ? "" : ", ") + text; };
-  if (!_entry.empty()) {
-    add("entry '" + _entry + "'");
-  }
-  if (_line > 0) {
-    add("line " + std::to_string(_line));
-  }
   if (!_itemPath.empty()) {
     add("item " + _itemPath);
+  }
+  if (_line > 0) {
+    add("line " + std::to_string(_line) + " of the scene description");
+  }
+  if (!_entry.empty()) {
+    add("entry '" + _entry + "'");
   }
   return place;
 }

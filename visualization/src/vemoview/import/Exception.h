@@ -32,8 +32,8 @@ class VEMO_IMPORT_EXPORT Exception {
   int getLine() const { return _line; }
   void setLine(int line);
 
-  /// What is known of the place, in words: "entry 'scene.xml', line 3, item
-  /// scene/wing"; empty when nothing is.
+  /// What is known of the place, in words: "item scene/wing, line 3 of the
+  /// scene description, entry 'p.bin'"; empty when nothing is.
   std::string getPlace() const;
 
  private:

@@ -82,7 +82,7 @@ class VEMO_IMPORT_EXPORT SceneFileReader {
   std::string getItemPath() const;
 
   /// Adds to an exception on its way out the item that was being read when it
-  /// was thrown (to an Error as properties "itemPath" and "line").
+  /// was thrown (to an Error as properties "itemPath" and "sceneLine").
   void addPlaceTo(Exception& exception) const;
   void addPlaceTo(Error& error) const;
 
@@ -100,7 +100,7 @@ class VEMO_IMPORT_EXPORT SceneFileReader {
     int line = 0;
   };
 
-  ArrayOwner<unsigned char> readNumbers(const std::string& entryName, const char* kind) const;
+  Array_t<unsigned char> readWords(const std::string& entryName, const char* kind) const;
   Place getPlace() const;
 
   ZipFileReader _archive;

@@ -2,11 +2,9 @@
 
 #include "vemo_import_export.h"
 
-#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <vector>
 
 /// The entries of a zip archive, indexed by name once. Not supported, and
@@ -64,7 +62,7 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   void indexEntries();
   Entry readDirectoryEntry() const;
   void sortEntries();
-  const Entry* findEntry(std::string_view name) const;
+  const Entry* findEntry(const std::string& name) const;
   bool isSizePossible(const Entry& entry) const;
   bool readContent(const Entry& entry, char* buffer) const;
 
