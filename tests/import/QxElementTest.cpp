@@ -1,0 +1,226 @@
+#include "errors/InternalError.h"
+#include "vemoview/import/Exception.h"
+#include "vemoview/import/QxElement.h"
+#include "vemoview/import/QxString.h"
+
+#include <cmath>
+#include <exception>
+#include <gtest/gtest.h>
+#include <limits>
+#include <locale>
+#include <memory>
+#include <random>
+#include <sstream>
+#include <string>
+#include <type_traits>
+#include <typeinfo>
+#include <utility>
+
+namespace {
+
+/// Bit for bit, so that -0 and 0 differ.
+void expectSame(double actual, double expected, const std::string& text) {
+  EXPECT_EQ(actual, expected) << '"' << text << '"';
+  EXPECT_EQ(std::signbit(actual), std::signbit(expected)) << '"' << text << '"';
+}
+
+TEST(QxString, ParsesWholeNumbers) {
+  const struct {
+    const char* text;
+    int radix;
+    int value;
+  } CASES[] = {
+      {"ff", 16, 255},        {"FF", 16, 255},
+      {"z", 36, 35},          {"12", 10, 12},
+      {"-12", 10, 12},        {"", 10, 0},
+      {"-", 10, 0},           {"4294967297", 10, 1},
+      {"4294967295", 10, -1}, {"2147483648", 10, std::numeric_limits<int>::min()},
+      {"101", 2, 5},
+  };
+  for (const auto& example : CASES) {
+    EXPECT_EQ(QxString::parseInt(example.text, example.radix), example.value) << example.text;
+  }
+}
+
+TEST(QxString, RefusesWhatIsNoNumber) {
+  for (const char* text : {"12a", " 1", "1 ", "+1", "--1", "\xC3\xA9", "1.0", "/", ":", "`", "{", "@", "["}) {
+    try {
+      QxString::parseInt(text, 10);
+      ADD_FAILURE() << text;
+    } catch (const NumberFormatException& exception) {
+      EXPECT_EQ(exception.getMessage(), text);
+    }
+  }
+  EXPECT_THROW(QxString::parseInt("2", 2), NumberFormatException);
+  for (const int radix : {1, 37, -10}) {
+    try {
+      QxString::parseInt("", radix);
+      ADD_FAILURE() << radix;
+    } catch (const Exception& exception) {
+      EXPECT_EQ(typeid(exception), typeid(Exception));
+      EXPECT_EQ(exception.getMessage(), "QxString::parseInt:  radix out of range");
+    }
+  }
+}
+
+TEST(QxString, ParsesFloatingNumbers) {
+  const double most = std::numeric_limits<double>::max();
+  const std::pair<std::string, double> CASES[] = {
+      {"1.5", 1.5},
+      {"  \t\n2 3", 2},
+      {"+4", 4},
+      {"-0", -0.0},
+      {".5", 0.5},
+      {"5.", 5},
+      {"1e3x", 1000},
+      {"", 0},
+      {"abc", 0},
+      {"1e", 0},
+      {"0x10", 0},
+      {"1,5", 1},
+      {"1e400", most},
+      {"-1e400", -most},
+      {"inf", 0},
+      {"nan", 0},
+      {"1e-400", 0},
+      {"-", 0},
+      {"4.9e-324", 4.9e-324},
+      {std::string("1\0002", 3), 1},
+  };
+  for (const auto& [text, value] : CASES) {
+    expectSame(QxString::parseDouble(text), value, text);
+  }
+}
+
+double extract(const std::string& text) {
+  std::istringstream stream(text);
+  stream.imbue(std::locale::classic());
+  double value = 0.0;
+  stream >> value;
+  return value;
+}
+
+TEST(QxString, ParsesAsAStreamExtracts) {
+  std::mt19937_64 random(7);
+  const std::string alphabet = "0123456789012345678901234567890123456789..eE+- xinfa,\t";
+  for (int i = 0; i < 300000; ++i) {
+    std::string text(random() % 12, ' ');
+    for (char& character : text) {
+      character = alphabet[random() % alphabet.size()];
+    }
+    expectSame(QxString::parseDouble(text), extract(text), text);
+  }
+  for (int i = 0; i < 30000; ++i) {
+    std::ostringstream text;
+    text.precision(static_cast<int>(1 + random() % 20));
+    text << std::ldexp(static_cast<double>(random()), static_cast<int>(random() % 2300) - 1200);
+    expectSame(QxString::parseDouble(text.str()), extract(text.str()), text.str());
+  }
+}
+
+TEST(QxString, IgnoresTheLocaleOfTheProcess) {
+  struct Comma : std::numpunct<char> {
+    char do_decimal_point() const override { return ','; }
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+  };
+  const std::locale before = std::locale::global(std::locale(std::locale(), new Comma));
+  const double plain = QxString::parseDouble("1.25");
+  const double blank = QxString::parseDouble(" 1.25");
+  std::locale::global(before);
+  EXPECT_EQ(plain, 1.25);
+  EXPECT_EQ(blank, 1.25);
+}
+
+TEST(Color, ParsesEightDigits) {
+  const std::pair<const char*, Color> CASES[] = {
+      {"FF800040", {255, 128, 0, 64}},
+      {"ff800040zzz", {255, 128, 0, 64}},
+      {"-F-00000", {15, 0, 0, 0}},
+  };
+  for (const auto& [text, color] : CASES) {
+    EXPECT_EQ(Color::parse(text), color) << text;
+  }
+  EXPECT_EQ(Color::parse("FF003300").getRGB(), (Vector<3, double>{1.0, 0.0, 0.2}));
+  try {
+    Color::parse("00GG0000");
+    ADD_FAILURE();
+  } catch (const NumberFormatException& exception) {
+    EXPECT_EQ(exception.getMessage(), "GG");
+  }
+}
+
+TEST(QxElement, RefusesShortAndAbsentColors) {
+  QxElement element("scene");
+  element.setAttribute("short", "FF8000");
+  for (const char* name : {"short", "absent"}) {
+    try {
+      element.getColor(name);
+      ADD_FAILURE() << name;
+    } catch (const InternalError& error) {
+      EXPECT_EQ(error.getMessage(), "Can't extract color from such a short string");
+      EXPECT_EQ(error.getExpression(), "colorStr.length() >= 8");
+      EXPECT_EQ(error.getFile(), "visualization/src/vemoview/import/QxElement");
+      EXPECT_EQ(error.getLine(), 22);
+    }
+  }
+}
+
+TEST(QxElement, GivesTypedAttributes) {
+  QxElement element("a");
+  for (const auto& [name, value] : {std::pair("yes", "true"), {"Yes", "True"}, {"one", "1"}, {"text", "t"}}) {
+    element.setAttribute(name, value);
+  }
+  EXPECT_TRUE(element.getBool("yes"));
+  EXPECT_FALSE(element.getBool("Yes"));
+  EXPECT_FALSE(element.getBool("one"));
+  EXPECT_FALSE(element.getBool("YES"));
+  EXPECT_EQ(element.getInt("one"), 1);
+  EXPECT_EQ(element.getInt("one", 7), 1);
+  EXPECT_EQ(element.getInt("absent"), 0);
+  EXPECT_EQ(element.getInt("absent", 7), 7);
+  EXPECT_THROW(element.getInt("text", 7), NumberFormatException);
+  EXPECT_EQ(element.getDouble("one"), 1.0);
+  EXPECT_EQ(element.getDouble("text"), 0.0);
+  EXPECT_EQ(element.getDouble("absent"), 0.0);
+  EXPECT_EQ(*element.getString("text"), "t");
+  EXPECT_EQ(element.getString("absent"), nullptr);
+  EXPECT_EQ(element.findAttribute("absent"), nullptr);
+}
+
+TEST(QxElement, ReadsVectorsFromTheFirstChildOfTheName) {
+  QxElement element("a");
+  element.addChild(std::make_unique<QxElement>("Origin")).setAttribute("x", "9");
+  element.addChild(std::make_unique<QxElement>("origin")).setAttribute("y", "2.5");
+  element.addChild(std::make_unique<QxElement>("origin")).setAttribute("y", "3");
+  Vector<3, double> out{1, 2, 3};
+  EXPECT_FALSE(element.getVector3("normal", out));
+  EXPECT_EQ(out, (Vector<3, double>{1, 2, 3}));
+  EXPECT_TRUE(element.getVector3("origin", out));
+  EXPECT_EQ(out, (Vector<3, double>{0, 2.5, 0}));
+}
+
+TEST(QxElement, DestroysADeepTree) {
+  QxElement root("a");
+  QxElement* innermost = &root;
+  for (int i = 0; i < 1000000; ++i) {
+    innermost = &innermost->addChild(std::make_unique<QxElement>("a"));
+  }
+}
+
+TEST(Exception, KeepsTheInnermostPlace) {
+  IOException exception("message");
+  EXPECT_EQ(exception.getPlace(), "");
+  exception.setEntry("p.bin");
+  EXPECT_EQ(exception.getPlace(), "entry 'p.bin'");
+  exception.setItemPath("scene/wing");
+  exception.setLine(3);
+  exception.setEntry("other");
+  exception.setItemPath("scene");
+  exception.setLine(1);
+  EXPECT_EQ(exception.getPlace(), "item scene/wing, line 3 of the scene description, entry 'p.bin'");
+  EXPECT_EQ(exception.getMessage(), "message");
+  static_assert(!std::is_base_of_v<std::exception, Exception> && std::is_polymorphic_v<Exception>);
+}
+
+}  // namespace

@@ -1,0 +1,197 @@
+#include "errors/InternalError.h"
+#include "platform/WidePath.h"
+#include "support/ArchiveBuilder.h"
+#include "support/TemporaryFolder.h"
+#include "vemoview/import/Exception.h"
+#include "vemoview/import/QxElement.h"
+#include "vemoview/import/SceneFileReader.h"
+
+#include <cstddef>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace {
+
+using testing::ElementsAre;
+using Entry = ArchiveBuilder::Entry;
+
+class SceneFileReaderTest : public testing::Test {
+ protected:
+  SceneFileReader open(const ArchiveBuilder& builder) const {
+    builder.write(_folder / "a.zip");
+    return SceneFileReader(ZipFileReader(toWidePath((_folder / "a.zip").native())));
+  }
+  std::unique_ptr<QxElement> parse(const std::string& xml) const {
+    return open(ArchiveBuilder().text("scene.xml", xml)).readXml("scene.xml");
+  }
+
+  TemporaryFolder _folder;
+};
+
+/// What the function throws, with its place: "message | place".
+template <class T, class Function>
+std::string failureOf(Function&& function) {
+  try {
+    function();
+  } catch (const T& exception) {
+    return exception.getMessage() + " | " + exception.getPlace();
+  }
+  return "";
+}
+
+std::string repeated(const std::string& text, int count) {
+  std::string out;
+  for (int i = 0; i < count; ++i) {
+    out += text;
+  }
+  return out;
+}
+
+TEST_F(SceneFileReaderTest, ReadsBigEndianWords) {
+  const SceneFileReader reader = open(ArchiveBuilder()
+                                          .bytes("i", {0, 0, 0, 1, 0xff, 0xff, 0xff, 0xfe})
+                                          .bytes("f", {0x3f, 0x80, 0, 0, 0xc0, 0x20, 0, 0})
+                                          .bytes("empty", {}));
+  const ArrayOwner<int> ints(reader.readIntBuffer("i"));
+  EXPECT_THAT(ints.values(), ElementsAre(1, -2));
+  EXPECT_EQ(ints.count(), 2);
+  const ArrayOwner<float> floats(reader.readFloatBuffer("f"));
+  EXPECT_THAT(floats.values(), ElementsAre(1.0f, -2.5f));
+  const ArrayOwner<int> empty(reader.readIntBuffer("empty"));
+  EXPECT_EQ(empty.count(), 0);
+  EXPECT_NE(empty.data(), nullptr);
+  const ArrayOwner<unsigned char> bytes(reader.readEntry("i"));
+  EXPECT_EQ(bytes.count(), 8);
+  EXPECT_EQ(bytes.data()[7], 0xfe);
+}
+
+TEST_F(SceneFileReaderTest, SaysWhichEntryItCannotRead) {
+  const SceneFileReader reader = open(ArchiveBuilder()
+                                          .bytes("six", {1, 2, 3, 4, 5, 6})
+                                          .ints("broken", {1})
+                                          .forge([](Entry& e) { e.data[0] = 0xff; })
+                                          .ints("huge", {1})
+                                          .forge([](Entry& e) { e.uncompressedSize = 0xffffffff; }));
+  const auto failure = [](auto&& function) { return failureOf<IOException>(function); };
+  EXPECT_EQ(failure([&] { reader.readEntry("foo"); }),
+            "Requested non-existent entry 'foo'.<br>Your file may be corrupt. | entry 'foo'");
+  for (const std::string name : {"broken", "huge"}) {
+    const std::string expected =
+        "Could not completely read entry '" + name + "'<br>Your file may be corrupt. | entry '" + name + "'";
+    EXPECT_EQ(failure([&] { reader.readEntry(name); }), expected);
+    EXPECT_EQ(failure([&] { reader.readFloatBuffer(name); }), expected);
+  }
+  for (const std::string name : {"six", "foo"}) {
+    const std::string end = " buffer;  not a multiple of 4 | entry '" + name + "'";
+    EXPECT_EQ(failure([&] { reader.readIntBuffer(name); }), "Bad size for integer" + end);
+    EXPECT_EQ(failure([&] { reader.readFloatBuffer(name); }), "Bad size for float" + end);
+  }
+}
+
+TEST_F(SceneFileReaderTest, BuildsTheTree) {
+  const auto scene = parse("<?xml version='1.0'?>\n<scene>\n <a x='1' y=''>t1&amp;t2</a>\n <B/></scene>");
+  ASSERT_EQ(scene->getName(), "scene");
+  EXPECT_EQ(scene->getLine(), 2);
+  ASSERT_EQ(scene->getChildren().size(), 2u);
+  const QxElement& a = *scene->getChildren()[0];
+  EXPECT_EQ(a.getName(), "a");
+  EXPECT_EQ(a.getLine(), 3);
+  EXPECT_THAT(a.getAttributes(), ElementsAre(std::pair("x", "1"), std::pair("y", "")));
+  EXPECT_EQ(scene->getChildren()[1]->getName(), "B");
+}
+
+TEST_F(SceneFileReaderTest, KeepsTheLastRunOfText) {
+  const std::pair<const char*, const char*> CASES[] = {
+      {"<a>t1&amp;t2</a>", "t2"}, {"<a>text</a>", "text"},         {"<a>text\n</a>", "\n"},
+      {"<a>text<b/> </a>", " "},  {"<a>text<b>x</b></a>", "text"}, {"<a/>", ""},
+  };
+  for (const auto& [xml, text] : CASES) {
+    EXPECT_EQ(parse(xml)->getText(), text) << xml;
+  }
+}
+
+TEST_F(SceneFileReaderTest, NamesTheLineOfAnXmlError) {
+  const std::pair<std::string, int> CASES[] = {
+      {"<a>\n<b>\n</a>", 3},    {"", 1},
+      {"<a x='1' x='2'/>", 1},  {"<a/>\n<b/>", 2},
+      {"\n\n<a>&none;</a>", 3}, {std::string("<a>\0</a>", 8), 1},
+      {"<a>\n\xFF</a>", 2},
+  };
+  for (const auto& [xml, line] : CASES) {
+    const std::string number = std::to_string(line);
+    EXPECT_EQ(failureOf<XMLException>([&xml = xml, this] { parse(xml); }),
+              "Parse error in scene.xml at line" + number + " | line " + number +
+                  " of the scene description, entry 'scene.xml'");
+  }
+}
+
+TEST_F(SceneFileReaderTest, BoundsTheDepth) {
+  const int bound = static_cast<int>(SceneFileReader::MAX_ELEMENT_DEPTH);
+  EXPECT_EQ(parse(repeated("<a>", bound) + repeated("</a>", bound))->getName(), "a");
+  EXPECT_EQ(failureOf<XMLException>([&] { parse("<b>\n" + repeated("<a>", 1000000)); }),
+            "Elements in scene.xml are nested deeper than 128 at line 2 | "
+            "line 2 of the scene description, entry 'scene.xml'");
+}
+
+TEST_F(SceneFileReaderTest, ExpandsNoEntitiesWithoutEnd) {
+  std::string xml = "<!DOCTYPE a [<!ENTITY e0 \"0123456789\">";
+  for (int i = 1; i < 12; ++i) {
+    const std::string name = "e" + std::to_string(i);
+    xml += "<!ENTITY " + name + " \"" + repeated("&e" + std::to_string(i - 1) + ";", 10) + "\">";
+  }
+  EXPECT_EQ(failureOf<XMLException>([&] { parse(xml + "]><a x=\"&e11;\"/>"); }).substr(0, 32),
+            "Parse error in scene.xml at line");
+  EXPECT_EQ(failureOf<XMLException>([&] { parse(xml + "]><a>&e11;</a>"); }).substr(0, 32),
+            "Parse error in scene.xml at line");
+}
+
+TEST_F(SceneFileReaderTest, NamesTheItemThatFails) {
+  SceneFileReader reader = open(ArchiveBuilder().text("x", ""));
+  try {
+    const SceneFileReader::ItemScope scene(&reader, "scene", 1);
+    { const SceneFileReader::ItemScope before(&reader, "before", 2); }
+    const SceneFileReader::ItemScope wing(&reader, "wing", 3);
+    const SceneFileReader::ItemScope none(nullptr, "nothing", 4);
+    EXPECT_EQ(reader.getItemPath(), "scene/wing");
+    reader.readEntry("p.bin");
+  } catch (Exception& exception) {
+    reader.addPlaceTo(exception);
+    EXPECT_EQ(exception.getPlace(), "item scene/wing, line 3 of the scene description, entry 'p.bin'");
+  }
+  EXPECT_EQ(reader.getItemPath(), "");
+  try {
+    const SceneFileReader::ItemScope scene(&reader, "scene", 5);
+    Color::parse("");
+  } catch (Error& error) {
+    reader.addPlaceTo(error);
+    EXPECT_EQ(error.getProperties().get("itemPath"), "scene");
+    EXPECT_EQ(error.getProperties().get("sceneLine"), "5");
+    EXPECT_EQ(error.getProperties().get("line"), "22");
+  }
+}
+
+TEST_F(SceneFileReaderTest, KeepsWarningsWithTheirPlace) {
+  SceneFileReader reader = open(ArchiveBuilder().text("x", ""));
+  const std::string longName = repeated("\xC3\xA9", 100);
+  {
+    const SceneFileReader::ItemScope scene(&reader, "scene", 1);
+    const SceneFileReader::ItemScope item(&reader, "x" + longName, 7);
+    reader.addWarning("left out", "c.bin");
+  }
+  ASSERT_EQ(reader.getWarnings().size(), 1u);
+  const SceneWarning first = reader.getWarnings()[0];
+  EXPECT_EQ(first.text, "left out");
+  EXPECT_EQ(first.entry, "c.bin");
+  EXPECT_EQ(first.itemPath, "scene/x" + longName.substr(0, 58) + "...");
+  EXPECT_EQ(first.line, 7);
+  for (std::size_t i = 0; i < 2 * SceneFileReader::MAX_WARNINGS; ++i) {
+    reader.addWarning("again");
+  }
+  ASSERT_EQ(reader.getWarnings().size(), SceneFileReader::MAX_WARNINGS + 1);
+  EXPECT_EQ(reader.getWarnings().back().text, "Further warnings are left out");
+}
+
+}  // namespace

@@ -1,0 +1,234 @@
+#include "platform/WidePath.h"
+#include "support/ArchiveBuilder.h"
+#include "support/TemporaryFolder.h"
+#include "vemoview/import/Exception.h"
+#include "vemoview/import/ZipFileReader.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <gtest/gtest.h>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <sys/stat.h>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using Entry = ArchiveBuilder::Entry;
+
+class ZipFileReaderTest : public testing::Test {
+ protected:
+  std::wstring write(std::span<const unsigned char> content) const {
+    std::ofstream(_folder / "a.zip", std::ios::binary)
+        .write(reinterpret_cast<const char*>(content.data()), static_cast<std::streamsize>(content.size()));
+    return path();
+  }
+  ZipFileReader open(const ArchiveBuilder& builder) const { return ZipFileReader(write(builder.build())); }
+  std::wstring path() const { return toWidePath((_folder / "a.zip").native()); }
+
+  TemporaryFolder _folder;
+};
+
+/// The content, or nothing when it cannot be read. No byte is left as it was.
+std::optional<std::string> contentOf(const ZipFileReader& reader, const std::string& name) {
+  std::string content(static_cast<std::size_t>(std::max(reader.getSize(name), 0)), '#');
+  return reader.read(name, content.data()) ? std::optional(content) : std::nullopt;
+}
+
+/// "Type: message" of what opening the archive throws; empty when it opens.
+std::string failureOf(const std::wstring& path) {
+  try {
+    const ZipFileReader reader(path);
+    return "";
+  } catch (const FileNotFoundException& exception) {
+    return "not found: " + exception.getMessage();
+  } catch (const IOException& exception) {
+    return "io: " + exception.getMessage();
+  } catch (const ZipException& exception) {
+    return "zip: " + exception.getMessage();
+  }
+}
+
+std::vector<unsigned char> bytesOf(const std::string& text) {
+  return {text.begin(), text.end()};
+}
+
+TEST_F(ZipFileReaderTest, IndexesEntriesByName) {
+  const ZipFileReader reader =
+      open(ArchiveBuilder().text("b.bin", "bb").text("a.bin", "a").text("scene.xml", "<s/>").text("z", ""));
+  EXPECT_EQ(reader.getEntryCount(), 4);
+  const std::pair<int, const char*> NAMES[] = {{0, "a.bin"},  {1, "b.bin"}, {2, "scene.xml"}, {3, "z"},
+                                               {-1, "a.bin"}, {4, ""},      {1 << 30, ""}};
+  for (const auto& [index, name] : NAMES) {
+    EXPECT_EQ(reader.getEntryName(index), name) << index;
+  }
+  EXPECT_EQ(reader.getSize("b.bin"), 2);
+  EXPECT_EQ(reader.getSize("z"), 0);
+  EXPECT_EQ(reader.getSize("A.bin"), -1);
+  EXPECT_EQ(contentOf(reader, "b.bin"), "bb");
+  EXPECT_EQ(contentOf(reader, "z"), "");
+  EXPECT_EQ(contentOf(reader, "b.bin"), "bb");
+  EXPECT_EQ(contentOf(reader, "B.bin"), std::nullopt);
+}
+
+TEST_F(ZipFileReaderTest, TakesTheLastOfEqualNames) {
+  const ZipFileReader reader =
+      open(ArchiveBuilder().text("x", "first").text("y", "").text("x", "2nd").stored());
+  EXPECT_EQ(reader.getEntryCount(), 2);
+  EXPECT_EQ(reader.getSize("x"), 3);
+  EXPECT_EQ(contentOf(reader, "x"), "2nd");
+}
+
+TEST_F(ZipFileReaderTest, SharesTheArchiveBetweenCopies) {
+  auto first = std::make_unique<ZipFileReader>(open(ArchiveBuilder().text("x", "content")));
+  const ZipFileReader second(*first);
+  ZipFileReader third = second;
+  third = *first;
+  first.reset();
+  EXPECT_EQ(contentOf(second, "x"), "content");
+  EXPECT_EQ(contentOf(third, "x"), "content");
+  EXPECT_EQ(third.getPath(), path());
+}
+
+TEST_F(ZipFileReaderTest, OpensAnyNameAndNoEntries) {
+  const std::filesystem::path name = _folder / "caf\xE9.zip";
+  ArchiveBuilder().text("x", "content").write(name);
+  EXPECT_EQ(contentOf(ZipFileReader(toWidePath(name.native())), "x"), "content");
+  // Minizip does not find a directory that starts with the file.
+  std::vector<unsigned char> empty = ArchiveBuilder().build();
+  empty.insert(empty.begin(), 'x');
+  const ZipFileReader reader(write(empty));
+  EXPECT_EQ(reader.getEntryCount(), 0);
+  EXPECT_EQ(reader.getEntryName(0), "");
+}
+
+TEST_F(ZipFileReaderTest, SaysWhatItCannotOpen) {
+  EXPECT_EQ(failureOf(path()), "not found: File does not exist");
+  EXPECT_EQ(failureOf(write(bytesOf("text"))), "zip: Invalid zip file");
+  EXPECT_EQ(failureOf(write({})), "zip: Invalid zip file");
+  EXPECT_EQ(failureOf(toWidePath(_folder.path().native())), "zip: Invalid zip file");
+  ArchiveBuilder().text("x", "").write(_folder / "a.zip");
+  std::filesystem::permissions(_folder / "a.zip", std::filesystem::perms::group_read);
+  EXPECT_EQ(failureOf(path()), "io: No read permission");
+  const std::filesystem::path pipe = _folder / "pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_EQ(failureOf(toWidePath(pipe.native())), "zip: Invalid zip file");
+}
+
+TEST_F(ZipFileReaderTest, RefusesACountThatIsNotThere) {
+  ArchiveBuilder builder;
+  builder.text("x", "content").text("y", "");
+  for (const std::uint64_t count : {std::uint64_t{3}, std::uint64_t{0xfffe}, std::uint64_t{1} << 60}) {
+    EXPECT_EQ(failureOf(write(ArchiveBuilder(builder).claimEntryCount(count).build())),
+              "zip: Invalid zip file");
+  }
+  EXPECT_EQ(open(ArchiveBuilder(builder).claimEntryCount(1)).getEntryCount(), 1);
+}
+
+TEST_F(ZipFileReaderTest, CountsBeyondSixteenBits) {
+  constexpr int COUNT = 70000;
+  ArchiveBuilder builder;
+  for (int i = 0; i < COUNT; ++i) {
+    builder.text("e" + std::to_string(i), std::to_string(i));
+  }
+  const ZipFileReader reader = open(builder.stored());
+  EXPECT_EQ(reader.getEntryCount(), COUNT);
+  EXPECT_EQ(reader.getEntryName(COUNT - 1), "e9999");
+  EXPECT_EQ(contentOf(reader, "e69999"), "69999");
+}
+
+TEST_F(ZipFileReaderTest, BelievesNoSizeThatCannotBe) {
+  const struct {
+    const char* name;
+    bool stored;
+    std::function<void(Entry&)> forgery;
+    int size;
+  } CASES[] = {
+      {"2 GiB", false, [](Entry& e) { e.uncompressedSize = 0x7ffffff0; }, 0x7ffffff0},
+      {"4 GiB", false, [](Entry& e) { e.uncompressedSize = 0xfffffffe; }, ZipFileReader::SIZE_LIMIT},
+      {"just beyond the ratio", false, [](Entry& e) { e.uncompressedSize = 1032 * e.compressedSize + 1; },
+       -2},
+      {"more compressed bytes than the file has", false,
+       [](Entry& e) { e.compressedSize = e.uncompressedSize = 0x10000000; }, 0x10000000},
+      {"longer than stored", true, [](Entry& e) { ++e.uncompressedSize; }, 8},
+      {"shorter than stored", true, [](Entry& e) { --e.uncompressedSize; }, 6},
+      {"encrypted", false, [](Entry& e) { e.flags |= 1; }, 7},
+      {"bzip2", false, [](Entry& e) { e.method = 12; }, 7},
+      {"unknown method", true, [](Entry& e) { e.method = 99; }, 7},
+  };
+  for (const auto& example : CASES) {
+    ArchiveBuilder builder;
+    builder.text("good", "content").text("x", "content").forge(example.forgery);
+    const ZipFileReader reader = open(example.stored ? builder.stored() : builder);
+    if (example.size >= 0) {
+      EXPECT_EQ(reader.getSize("x"), example.size) << example.name;
+    }
+    EXPECT_FALSE(reader.isSizePossible("x")) << example.name;
+    char untouched = '#';
+    EXPECT_FALSE(reader.read("x", &untouched)) << example.name;
+    EXPECT_EQ(untouched, '#') << example.name;
+    EXPECT_EQ(contentOf(reader, "good"), "content") << example.name;
+  }
+}
+
+TEST_F(ZipFileReaderTest, ReadsWhatDeflatesBest) {
+  const std::string zeros(20000000, '\0');
+  const ZipFileReader reader = open(ArchiveBuilder().text("x", zeros));
+  EXPECT_TRUE(reader.isSizePossible("x"));
+  EXPECT_EQ(contentOf(reader, "x"), zeros);
+}
+
+TEST_F(ZipFileReaderTest, PassesShortContentAndWrongChecksums) {
+  const ZipFileReader shorter =
+      open(ArchiveBuilder().text("x", "content").forge([](Entry& e) { e.uncompressedSize += 3; }));
+  EXPECT_EQ(contentOf(shorter, "x"), std::string("content\0\0\0", 10));
+  const ZipFileReader unchecked =
+      open(ArchiveBuilder().text("x", "content").forge([](Entry& e) { e.crc ^= 1; }));
+  EXPECT_EQ(contentOf(unchecked, "x"), "content");
+}
+
+TEST_F(ZipFileReaderTest, RefusesBrokenContent) {
+  const ZipFileReader reader =
+      open(ArchiveBuilder().text("x", "content").forge([](Entry& e) { e.data[0] = 0xff; }).text("y", "good"));
+  EXPECT_EQ(contentOf(reader, "x"), std::nullopt);
+  EXPECT_EQ(contentOf(reader, "y"), "good");
+}
+
+/// Whatever is wrong with an archive, it is refused, or read as far as it goes.
+void expectHandled(const std::wstring& path) {
+  try {
+    const ZipFileReader reader(path);
+    for (int i = 0; i < reader.getEntryCount(); ++i) {
+      const std::string name = reader.getEntryName(i);
+      if (reader.isSizePossible(name)) {
+        contentOf(reader, name);
+      }
+    }
+  } catch (const ZipException& exception) {
+    EXPECT_EQ(exception.getMessage(), "Invalid zip file");
+  }
+}
+
+TEST_F(ZipFileReaderTest, SurvivesCutAndChangedArchives) {
+  const std::vector<unsigned char> good =
+      ArchiveBuilder().text("scene.xml", "<scene></scene>").ints("c.bin", {1, 2, 3, 4}).build();
+  for (std::size_t size = 0; size < good.size(); ++size) {
+    expectHandled(write(std::span(good).first(size)));
+  }
+  for (std::size_t i = 0; i < good.size(); ++i) {
+    for (const int value : {0x00, 0x01, 0x7f, 0xff}) {
+      std::vector<unsigned char> changed = good;
+      changed[i] = static_cast<unsigned char>(value);
+      expectHandled(write(changed));
+    }
+  }
+}
+
+}  // namespace
