@@ -1,0 +1,236 @@
+#include "scenegraph/io/JsonPrinter.h"
+
+#include "scenegraph/CollectionNode.h"
+#include "scenegraph/Owned.h"
+#include "scenegraph/io/JsonWriter.h"
+#include "scenegraph/io/NodePaths.h"
+
+#include <vtkCellArray.h>
+#include <vtkDataArray.h>
+#include <vtkSmartPointer.h>
+#include <vtkType.h>
+
+#include <algorithm>
+#include <limits>
+#include <string>
+
+namespace lum {
+
+namespace {
+
+/// Calls visit with the values of an array, in their own type; those of an
+/// array that does not hold them in one block are visited as doubles.
+template <class Visit>
+void visitValues(vtkDataArray& array, Visit&& visit) {
+  const auto count = static_cast<std::size_t>(array.GetNumberOfValues());
+  if (array.HasStandardMemoryLayout()) {
+    switch (array.GetDataType()) {
+      vtkTemplateMacro(
+          visit(std::span<const VTK_TT>(static_cast<const VTK_TT*>(array.GetVoidPointer(0)), count));
+          return );
+      default:
+        break;
+    }
+  }
+  const auto components = static_cast<std::size_t>(std::max(array.GetNumberOfComponents(), 1));
+  std::vector<double> copy(count);
+  for (std::size_t i = 0; i < count; ++i) {
+    copy[i] = array.GetComponent(static_cast<vtkIdType>(i / components), static_cast<int>(i % components));
+  }
+  visit(std::span<const double>(copy));
+}
+
+template <class T>
+bool isFinite(T value) {
+  if constexpr (std::is_floating_point_v<T>) {
+    return std::isfinite(value);
+  } else {
+    return true;
+  }
+}
+
+template <class T>
+std::string typeName() {
+  const char* const kind = std::is_floating_point_v<T> ? "float" : std::is_signed_v<T> ? "int" : "uint";
+  return kind + std::to_string(8 * sizeof(T));
+}
+
+/// Writes a field's value, whatever its kind.
+class FieldPrinter {
+ public:
+  FieldPrinter(JsonWriter& json, JsonPrinter::Values values, NodePaths& paths)
+      : _json(json), _values(values), _paths(paths) {}
+
+  template <class T>
+  requires std::is_arithmetic_v<T>
+  void operator()(T* number) const { _json.value(*number); }
+  void operator()(const EnumerationField& field) const { _json.value(*field.value); }
+  void operator()(std::string* text) const { _json.value(*text); }
+  template <std::size_t N>
+  void operator()(Vector<N, double>* vector) const {
+    _json.values(std::span<const double>(vector->values));
+  }
+  void operator()(std::vector<double>* numbers) const { _json.values(std::span<const double>(*numbers)); }
+
+  template <class T>
+  void operator()(std::optional<T>* optional) const {
+    if (optional->has_value()) {
+      (*this)(&**optional);
+    } else {
+      _json.null();
+    }
+  }
+
+  template <class T>
+  void operator()(std::map<std::string, T>* table) const {
+    _json.beginObject();
+    for (auto& [name, value] : *table) {
+      _json.key(name);
+      (*this)(&value);
+    }
+    _json.endObject();
+  }
+
+  void operator()(vtkSmartPointer<vtkDataArray>* array) const { print(*array); }
+
+  void operator()(vtkSmartPointer<vtkCellArray>* cells) const {
+    if (*cells == nullptr) {
+      _json.null();
+      return;
+    }
+    _json.beginObject();
+    _json.key("cells");
+    _json.value((*cells)->GetNumberOfCells());
+    _json.key("offsets");
+    print((*cells)->GetOffsetsArray());
+    _json.key("connectivity");
+    print((*cells)->GetConnectivityArray());
+    _json.endObject();
+  }
+
+  void operator()(ArrayTable* table) const {
+    _json.beginObject();
+    for (const auto& array : *table) {
+      _json.key(array->GetName() != nullptr ? array->GetName() : "");
+      print(array);
+    }
+    _json.endObject();
+  }
+
+  void operator()(ReferenceSlot* slot) const {
+    if (slot->getNode() == nullptr) {
+      _json.null();
+      return;
+    }
+    _json.beginObject(JsonWriter::Layout::ONE_LINE);
+    _json.key("reference");
+    _paths.print(_json, *slot->getNode());
+    _json.endObject();
+  }
+
+  // What a node owns stands among its nodes.
+  void operator()(OwnedSlot*) const {}
+  void operator()(CollectionNode*) const {}
+
+ private:
+  void print(vtkDataArray* array) const {
+    if (array == nullptr) {
+      _json.null();
+      return;
+    }
+    visitValues(*array, [&](auto values) { print(*array, values); });
+  }
+
+  template <class T>
+  void print(vtkDataArray& array, std::span<const T> values) const {
+    _json.beginObject(JsonWriter::Layout::ONE_LINE);
+    _json.key("type");
+    _json.value(typeName<T>());
+    _json.key("components");
+    _json.value(array.GetNumberOfComponents());
+    _json.key("tuples");
+    _json.value(array.GetNumberOfTuples());
+    _json.key("range");
+    printRange(values);
+    if (_values == JsonPrinter::Values::SHOWN) {
+      _json.key("values");
+      _json.values(values);
+    }
+    _json.endObject();
+  }
+
+  template <class T>
+  void printRange(std::span<const T> values) const {
+    T range[] = {std::numeric_limits<T>::max(), std::numeric_limits<T>::lowest()};
+    for (const T value : values) {
+      if (isFinite(value)) {
+        range[0] = std::min(range[0], value);
+        range[1] = std::max(range[1], value);
+      }
+    }
+    if (range[0] <= range[1]) {
+      _json.values(std::span<const T>(range));
+    } else {
+      _json.null();
+    }
+  }
+
+  JsonWriter& _json;
+  JsonPrinter::Values _values;
+  NodePaths& _paths;
+};
+
+bool isOwnedKind(const FieldValue& value) {
+  return std::holds_alternative<OwnedSlot*>(value) || std::holds_alternative<CollectionNode*>(value);
+}
+
+/// All of a node but what it owns.
+void beginNode(JsonWriter& json, const FieldPrinter& printField, const Node& node) {
+  json.beginObject();
+  json.key("class");
+  json.value(node.className());
+  json.key("name");
+  json.value(node.getName());
+  if (node.getQualifiedName().has_value()) {
+    json.key("qualifiedName");
+    json.value(*node.getQualifiedName());
+  }
+  json.key("fields");
+  json.beginObject();
+  for (const Field& field : node.getFields()) {
+    if (!isOwnedKind(field.value)) {
+      json.key(field.name);
+      std::visit(printField, field.value);
+    }
+  }
+  json.endObject();
+  json.key("nodes");
+  json.beginArray();
+}
+
+}  // namespace
+
+void JsonPrinter::print(const Node& root) {
+  struct Level {
+    std::vector<Node*> dependents;
+    std::size_t next = 0;
+  };
+  NodePaths paths(root);
+  const FieldPrinter printField(_json, _values, paths);
+  beginNode(_json, printField, root);
+  std::vector<Level> levels{{root.getDependents()}};
+  while (!levels.empty()) {
+    Level& level = levels.back();
+    if (level.next == level.dependents.size()) {
+      _json.endArray();
+      _json.endObject();
+      levels.pop_back();
+      continue;
+    }
+    const Node& node = *level.dependents[level.next++];
+    beginNode(_json, printField, node);
+    levels.push_back({node.getDependents()});
+  }
+}
+
+}  // namespace lum

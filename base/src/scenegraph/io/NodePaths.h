@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+
+namespace lum {
+
+class JsonWriter;
+class Node;
+
+/// Says where nodes stand below a root, in the form that JsonPrinter.h
+/// describes. The graph does not change meanwhile.
+class NodePaths {
+ public:
+  explicit NodePaths(const Node& root) : _root(root) {}
+
+  /// Writes the path as a text, or null for a node that the root does not own.
+  void print(JsonWriter& json, const Node& node);
+
+ private:
+  std::string getStep(const Node& node);
+  void numberDependents(const Node& owner);
+
+  const Node& _root;
+  // Nodes whose dependents have been looked at.
+  std::unordered_set<const Node*> _numbered;
+  // Of those that have a sibling of the same name before them: from 2.
+  std::unordered_map<const Node*, std::size_t> _numbers;
+};
+
+}  // namespace lum
