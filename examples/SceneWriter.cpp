@@ -181,7 +181,7 @@ void SceneWriter::addColormap(const std::string& name, double min, double max, c
 }
 
 std::string SceneWriter::addEntry(const std::string& kind, const std::vector<std::uint32_t>& words) {
-  const std::string name = fmt::format("{}_{:05}.bin", kind, _entries.size() + 1);
+  std::string name = fmt::format("{}_{:05}.bin", kind, _entries.size() + 1);
   _entries.emplace_back(name, bigEndian(words));
   return name;
 }

@@ -9,25 +9,25 @@ namespace examples {
 namespace {
 
 constexpr int TABLE_SIZE = 65;
-constexpr int CHANNELS = 4;
+constexpr std::size_t CHANNELS = 4;
 
-int channel(const std::string& color, int index) {
-  return std::stoi(color.substr(static_cast<std::size_t>(2 * index), 2), nullptr, 16);
+int channel(const std::string& color, std::size_t index) {
+  return std::stoi(color.substr(2 * index, 2), nullptr, 16);
 }
 
 }  // namespace
 
 std::vector<std::string> blend(const std::vector<std::string>& colors, int count) {
   std::vector<std::string> result;
-  const int last = static_cast<int>(colors.size()) - 1;
+  const std::size_t last = colors.size() - 1;
   for (int i = 0; i < count; ++i) {
-    const double place = static_cast<double>(i) * last / (count - 1);
-    const int left = std::min(static_cast<int>(place), last - 1);
+    const double place = static_cast<double>(i) / (count - 1) * static_cast<double>(last);
+    const std::size_t left = std::min(static_cast<std::size_t>(place), last - 1);
     std::string color;
-    for (int c = 0; c < CHANNELS; ++c) {
-      const int from = channel(colors[static_cast<std::size_t>(left)], c);
-      const int to = channel(colors[static_cast<std::size_t>(left + 1)], c);
-      color += fmt::format("{:02x}", std::lround(from + (to - from) * (place - left)));
+    for (std::size_t c = 0; c < CHANNELS; ++c) {
+      const int from = channel(colors[left], c);
+      const int to = channel(colors[left + 1], c);
+      color += fmt::format("{:02x}", std::lround(from + (to - from) * (place - static_cast<double>(left))));
     }
     result.push_back(color);
   }
