@@ -14,11 +14,13 @@ if(CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
 endif()
 
+file(RELATIVE_PATH path_from_build ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR})
 add_library(vemo_options INTERFACE)
 target_compile_options(vemo_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
-  # Source paths in log lines and errors are those of the repository.
-  -fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=)
+  # Source paths in log lines and errors are those of the repository, also when
+  # ccache makes them relative (CCACHE_BASEDIR).
+  -fmacro-prefix-map=${CMAKE_SOURCE_DIR}/= -fmacro-prefix-map=${path_from_build}/=)
 if(VEMO_SANITIZE)
   target_compile_options(vemo_options INTERFACE
     -fsanitize=${VEMO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
