@@ -1,0 +1,50 @@
+#pragma once
+
+#include "vemo_scenegraph_export.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+
+class vtkDataArray;
+template <class T>
+class vtkSmartPointer;
+
+namespace lum {
+
+/// The types of array that nodes may hold. The numbers stand in files: they
+/// are never changed nor used again.
+enum class ArrayType : std::uint8_t {
+  INT8 = 1,
+  UINT8 = 2,
+  INT16 = 3,
+  UINT16 = 4,
+  INT32 = 5,
+  UINT32 = 6,
+  INT64 = 7,
+  UINT64 = 8,
+  FLOAT32 = 9,
+  FLOAT64 = 10,
+  /// 64-bit integers that VTK calls ids.
+  ID = 11,
+  /// 8-bit integers that VTK calls characters.
+  CHAR = 12,
+};
+
+/// The type of an array; nothing for one that cannot be stored: bits, and
+/// arrays whose values do not lie one after the other in memory.
+VEMO_SCENEGRAPH_EXPORT std::optional<ArrayType> arrayTypeOf(vtkDataArray& array);
+
+/// A type's number in a file; nothing when there is none of that number.
+VEMO_SCENEGRAPH_EXPORT std::optional<ArrayType> arrayTypeFromNumber(std::uint64_t number);
+
+/// "float32" and the like; "int64" for ids, "int8" for characters.
+VEMO_SCENEGRAPH_EXPORT const char* arrayTypeName(ArrayType type);
+
+/// The bytes of one value.
+VEMO_SCENEGRAPH_EXPORT std::size_t arrayTypeSize(ArrayType type);
+
+/// A new, empty array.
+VEMO_SCENEGRAPH_EXPORT vtkSmartPointer<vtkDataArray> makeArray(ArrayType type);
+
+}  // namespace lum
