@@ -43,6 +43,7 @@ class VEMO_SCENEGRAPH_EXPORT Logger {
   Sink _sink;
 };
 
+// NOLINTBEGIN(bugprone-macro-parentheses): the message is a row of operands.
 /// Logs what a stream expression says: VEMO_LOG_INFO("read " << count).
 #define VEMO_LOG(level, message)                                                \
   do {                                                                          \
@@ -53,6 +54,7 @@ class VEMO_SCENEGRAPH_EXPORT Logger {
       Logger::getSingleton().log(vemoLogLine.str(), __FILE__, __LINE__, level); \
     }                                                                           \
   } while (false)
+// NOLINTEND(bugprone-macro-parentheses)
 
 #define VEMO_LOG_INFO(message) VEMO_LOG(Logger::Level::INFO, message)
 #define VEMO_LOG_WARNING(message) VEMO_LOG(Logger::Level::WARNING, message)

@@ -5,9 +5,8 @@ namespace lum {
 // The attributes come first: what a drawable looks like is told before what
 // it is made of.
 void Drawable::listFields(FieldList& fields) {
-  Node::listFields(fields);
   fields.add("attributes", _attributes);
-  fields.add("nodes", static_cast<CollectionNode&>(*this));
+  CollectionNode::listFields(fields);
 }
 
 }  // namespace lum
