@@ -1,4 +1,5 @@
 #include "errors/InternalError.h"
+#include "support/TemporaryFolder.h"
 #include "vemoview/render/Picture.h"
 #include "vemoview/render/RenderErrors.h"
 
@@ -16,39 +17,25 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A folder of its own for each test, gone with it.
-class PictureFile : public testing::Test {
- protected:
-  PictureFile() {
-    const auto* const test = testing::UnitTest::GetInstance()->current_test_info();
-    _folder = fs::path(testing::TempDir()) / (std::string("vemo-picture-") + test->name());
-    fs::remove_all(_folder);
-    fs::create_directories(_folder);
-  }
-  ~PictureFile() override { fs::remove_all(_folder); }
+Picture makePicture() {
+  Picture picture(3, 2);
+  picture.set(0, 0, {255, 0, 0});
+  picture.set(2, 1, {0, 0, 255});
+  return picture;
+}
 
-  fs::path path(const std::string& name) const { return _folder / name; }
-  auto fileCount() const { return std::distance(fs::directory_iterator(_folder), {}); }
+std::vector<std::uint8_t> readBytes(const fs::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
 
-  static Picture makePicture() {
-    Picture picture(3, 2);
-    picture.set(0, 0, {255, 0, 0});
-    picture.set(2, 1, {0, 0, 255});
-    return picture;
-  }
-  static std::vector<std::uint8_t> readBytes(const fs::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-  }
+auto countFiles(const TemporaryFolder& folder) {
+  return std::distance(fs::directory_iterator(folder.path()), {});
+}
 
- private:
-  fs::path _folder;
-};
-
-TEST_F(PictureFile, KeepsItsPixels) {
-  const fs::path file = path(
-      "p\xC3\xAC"
-      "c\xFF.png");
+TEST(Picture, KeepsItsPixelsInAPngFile) {
+  const TemporaryFolder folder;
+  const fs::path file = folder / "p\xC3\xAC\xFF.png";
   makePicture().writePng(file);
   vtkNew<vtkPNGReader> reader;
   reader->SetFileName(file.c_str());
@@ -63,26 +50,41 @@ TEST_F(PictureFile, KeepsItsPixels) {
   EXPECT_EQ(image->GetScalarComponentAsDouble(1, 0, 0, 1), 0);
 }
 
-TEST_F(PictureFile, ReplacesAnOldFileThroughLinksAndLeavesNothingElse) {
+TEST(Picture, ReplacesAnOldFileThroughLinksAndLeavesNothingElse) {
+  const TemporaryFolder folder;
   const Picture picture = makePicture();
-  std::ofstream(path("old.png")) << "old";
-  fs::create_symlink("old.png", path("link.png"));
+  std::ofstream(folder / "old.png") << "old";
+  fs::create_symlink("old.png", folder / "link.png");
   const mode_t mask = ::umask(0027);
-  picture.writePng(path("link.png"));
+  picture.writePng(folder / "link.png");
   ::umask(mask);
-  EXPECT_TRUE(fs::is_symlink(path("link.png")));
-  EXPECT_EQ(readBytes(path("old.png")), picture.toPng());
-  EXPECT_EQ(fs::status(path("old.png")).permissions(), static_cast<fs::perms>(0640));
-  EXPECT_EQ(fileCount(), 2);
+  EXPECT_TRUE(fs::is_symlink(folder / "link.png"));
+  EXPECT_EQ(readBytes(folder / "old.png"), picture.toPng());
+  EXPECT_EQ(fs::status(folder / "old.png").permissions(), static_cast<fs::perms>(0640));
+  EXPECT_EQ(countFiles(folder), 2);
 }
 
-TEST_F(PictureFile, SaysWhenItCannotBeWritten) {
+TEST(Picture, SaysWhenItCannotBeWritten) {
+  const TemporaryFolder folder;
   const Picture picture = makePicture();
   const std::string tooLong(300, 'x');
-  for (const fs::path& bad : {path("no folder/a.png"), path(""), path(tooLong), fs::path("/dev/full")}) {
+  for (const fs::path& bad :
+       {folder / "no folder/a.png", folder / "", folder / tooLong, fs::path("/dev/full")}) {
     EXPECT_THROW(picture.writePng(bad), PictureWriteError) << bad;
   }
-  EXPECT_EQ(fileCount(), 0);
+  EXPECT_EQ(countFiles(folder), 0);
+}
+
+TEST(Picture, ShrinksToTheMeansOfSquares) {
+  Picture large(4, 2);
+  large.set(0, 0, {255, 0, 0});
+  large.set(1, 1, {255, 8, 0});
+  large.set(3, 1, {0, 0, 101});
+  const Picture small = large.shrunk(2);
+  EXPECT_EQ(small.getHeight(), 1);
+  EXPECT_EQ(small.at(0, 0), (Picture::Pixel{128, 2, 0}));
+  EXPECT_EQ(small.at(1, 0), (Picture::Pixel{0, 0, 25}));
+  EXPECT_THROW(large.shrunk(3), InternalError);
 }
 
 TEST(Picture, RefusesPixelsThatItDoesNotHave) {

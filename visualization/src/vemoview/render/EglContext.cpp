@@ -6,6 +6,7 @@
 #include <EGL/eglext.h>
 #include <array>
 #include <sstream>
+#include <string>
 #include <string_view>
 #include <vector>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <string>
+#include "vemo_render_export.h"
 
 /// An OpenGL context (core profile, 3.2 or later) that needs neither a window
 /// system nor a screen, with a surface of one pixel: whoever draws makes frame
@@ -8,7 +8,7 @@
 ///
 /// All contexts of the process share one EGL display, which is never
 /// terminated: ending it would end the contexts of everybody else who uses it.
-class EglContext {
+class VEMO_RENDER_EXPORT EglContext {
  public:
   /// Throws RenderingUnavailable where there is no such OpenGL.
   EglContext();
@@ -28,7 +28,7 @@ class EglContext {
   /// While it lives, the calling thread may change its context at will; at its
   /// end the thread has the EGL context, surfaces and client interface that it
   /// had before.
-  class Keeper {
+  class VEMO_RENDER_EXPORT Keeper {
    public:
     Keeper();
     ~Keeper();

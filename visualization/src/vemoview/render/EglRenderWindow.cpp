@@ -6,7 +6,7 @@
 #include <vtkObjectFactory.h>
 #include <vtk_glew.h>
 
-#include <string>
+#include <algorithm>
 
 vtkStandardNewMacro(EglRenderWindow)
 
@@ -36,6 +36,15 @@ vtkSmartPointer<EglRenderWindow> EglRenderWindow::open(int width, int height) {
   window->SetSize(width, height);
   window->Initialize();
   return window;
+}
+
+int EglRenderWindow::getLargestSize() {
+  GLint buffer = 0;
+  GLint texture = 0;
+  MakeCurrent();
+  glGetIntegerv(GL_MAX_RENDERBUFFER_SIZE, &buffer);
+  glGetIntegerv(GL_MAX_TEXTURE_SIZE, &texture);
+  return std::min(buffer, texture);
 }
 
 void EglRenderWindow::Initialize() {

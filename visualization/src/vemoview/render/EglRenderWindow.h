@@ -22,6 +22,10 @@ class VEMO_RENDER_EXPORT EglRenderWindow : public vtkGenericOpenGLRenderWindow {
   /// Throws RenderingUnavailable when it cannot be had.
   static vtkSmartPointer<EglRenderWindow> open(int width, int height);
 
+  /// The greatest width and height in pixels that can be drawn. The window is
+  /// open.
+  int getLargestSize();
+
   // Start, Render and Initialize make the context if there is none yet, and
   // throw RenderingUnavailable when it cannot be had.
   void Initialize() override;

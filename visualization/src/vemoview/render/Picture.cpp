@@ -56,7 +56,29 @@ Picture::Pixel Picture::at(int column, int row) const {
 }
 
 void Picture::set(int column, int row, const Pixel& pixel) {
-  std::copy(pixel.begin(), pixel.end(), _bytes.begin() + static_cast<std::ptrdiff_t>(offset(column, row)));
+  std::ranges::copy(pixel, _bytes.begin() + static_cast<std::ptrdiff_t>(offset(column, row)));
+}
+
+Picture Picture::shrunk(int factor) const {
+  VEMO_REQUIRE(factor > 0 && _width % factor == 0 && _height % factor == 0, "The factor divides the size");
+  Picture result(_width / factor, _height / factor);
+  const int area = factor * factor;
+  for (int row = 0; row < result._height; ++row) {
+    for (int column = 0; column < result._width; ++column) {
+      std::array<int, CHANNELS> sums{};
+      for (int part = 0; part < area; ++part) {
+        const std::size_t from = offset(column * factor + part % factor, row * factor + part / factor);
+        for (std::size_t channel = 0; channel < CHANNELS; ++channel) {
+          sums[channel] += _bytes[from + channel];
+        }
+      }
+      Pixel mean{};
+      std::ranges::transform(sums, mean.begin(),
+                             [=](int sum) { return static_cast<std::uint8_t>((sum + area / 2) / area); });
+      result.set(column, row, mean);
+    }
+  }
+  return result;
 }
 
 std::vector<std::uint8_t> Picture::toPng() const {

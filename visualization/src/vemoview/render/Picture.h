@@ -31,6 +31,10 @@ class VEMO_RENDER_EXPORT Picture {
   Pixel at(int column, int row) const;
   void set(int column, int row, const Pixel& pixel);
 
+  /// The picture smaller by a whole factor that divides its width and height:
+  /// each pixel is the mean of a square.
+  Picture shrunk(int factor) const;
+
   const std::vector<std::uint8_t>& getBytes() const { return _bytes; }
 
   /// The picture as the bytes of a PNG file; the same picture gives the same

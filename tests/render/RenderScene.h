@@ -1,0 +1,81 @@
+#pragma once
+
+#include "scenegraph/SceneNode.h"
+#include "scenegraph/attributes/RenderingAttributes.h"
+#include "scenegraph/attributes/ScalarAttributes.h"
+#include "scenegraph/drawables/GeometryDrawables.h"
+#include "vemoview/render/ScenePicture.h"
+
+#include <vtkFloatArray.h>
+#include <vtkNew.h>
+#include <vtkPolyData.h>
+#include <vtkSmartPointer.h>
+
+#include <array>
+#include <string>
+#include <vector>
+
+/// Builds small scenes, seen from the front in parallel projection: x to the
+/// right, y upwards, both from -1 to 1 over the picture.
+class RenderScene {
+ public:
+  static constexpr int SIZE = 300;
+  using Pixel = Picture::Pixel;
+  using Color = Vector<3, double>;
+
+  RenderScene();
+
+  lum::SceneNode& node() const { return *_node; }
+  lum::SceneCanvas& canvas() const { return _node->getModelCanvas(); }
+  lum::DrawableCollection& drawables() const { return canvas().getDrawableCollection(); }
+
+  /// A new drawable of some geometry, in a collection of its own.
+  template <class Drawable>
+  Drawable& add(vtkPolyData* geometry, lum::DrawableCollection& to) {
+    return fill(collectionIn(to).findOrCreate<Drawable>(), geometry);
+  }
+  template <class Drawable>
+  Drawable& add(vtkPolyData* geometry) {
+    return add<Drawable>(geometry, drawables());
+  }
+
+  /// An opaque, evenly coloured surface.
+  lum::SurfaceDrawable& addSurface(vtkPolyData* geometry, const Color& color);
+
+  lum::DrawableCollection& collectionIn(lum::DrawableCollection& owner);
+
+  Picture render() const { return renderPicture(*_node, {SIZE, SIZE}); }
+
+ private:
+  template <class Drawable>
+  static Drawable& fill(Drawable& drawable, vtkPolyData* geometry) {
+    lum::Ptr<lum::PolyDataNode> piece(
+        new lum::PolyDataNode(lum::ClassNameNodeInitializer(lum::PolyDataNode::getClassName())));
+    piece->setPolyData(geometry);
+    drawable.addNode(*piece);
+    return drawable;
+  }
+
+  lum::Ptr<lum::SceneNode> _node;
+};
+
+/// How many pixels have a colour, give or take some in each channel.
+int countPixels(const Picture& picture, const Picture::Pixel& color, int tolerance = 2);
+
+/// How many pixels of two pictures differ by more than a tolerance in any
+/// channel.
+int countDifferences(const Picture& a, const Picture& b, int tolerance);
+
+/// Points from their coordinates, and cells from their points' numbers.
+struct Cells {
+  using List = std::vector<std::vector<vtkIdType>>;
+  List verts{}, lines{}, polys{}, strips{};
+};
+vtkSmartPointer<vtkPolyData> makePolyData(const std::vector<std::array<float, 3>>& points,
+                                          const Cells& cells);
+
+/// A rectangle in the plane z.
+vtkSmartPointer<vtkPolyData> makeRectangle(float left, float right, float bottom, float top, float z = 0);
+
+vtkSmartPointer<vtkFloatArray> makeArray(const std::string& name, const std::vector<float>& values,
+                                         int components = 1);

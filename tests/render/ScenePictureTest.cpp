@@ -1,0 +1,426 @@
+#include "errors/InternalError.h"
+#include "render/RenderScene.h"
+#include "vemoview/render/EglContext.h"
+#include "vemoview/render/RenderErrors.h"
+#include "vemoview/render/ScenePicture.h"
+
+#include <vtkCellData.h>
+#include <vtkPointData.h>
+
+#include <EGL/egl.h>
+#include <array>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace {
+
+using Pixel = Picture::Pixel;
+using Color = Vector<3, double>;
+
+constexpr int SIZE = RenderScene::SIZE;
+constexpr int MIDDLE = SIZE / 2;
+constexpr Pixel BLACK = {0, 0, 0};
+constexpr Pixel RED = {255, 0, 0};
+constexpr Pixel GREEN = {0, 255, 0};
+constexpr Pixel BLUE = {0, 0, 255};
+constexpr Pixel WHITE = {255, 255, 255};
+constexpr float NAN_F = std::numeric_limits<float>::quiet_NaN();
+
+/// The pixel at model coordinates of a RenderScene.
+Pixel at(const Picture& picture, double x, double y) {
+  return picture.at(static_cast<int>((x + 1) / 2 * SIZE), static_cast<int>((1 - y) / 2 * SIZE));
+}
+
+// ---- Background ----
+
+struct BackgroundCase {
+  lum::BackgroundColorModes mode;
+  // The colours at the middle of each side and in the centre, as the share of
+  // colour 2 in per cent.
+  int top, bottom, left, right, centre, corner;
+};
+
+class Background : public testing::TestWithParam<BackgroundCase> {};
+
+TEST_P(Background, RunsFromColor1ToColor2) {
+  const BackgroundCase& expected = GetParam();
+  RenderScene scene;
+  auto& background = scene.node().getBackgroundCanvas().getBackgroundAttributes();
+  background.setColorMode(expected.mode);
+  background.setSolidColor({0.4, 0.4, 0.4});
+  background.setColor1({1, 0, 0});
+  background.setColor2({0, 0, 1});
+  const Picture picture = scene.render();
+  const auto expectShare = [&](int column, int row, int percent) {
+    const Pixel pixel = picture.at(column, row);
+    EXPECT_NEAR(pixel[2] / 2.55, percent, 1.5) << column << ", " << row;
+    EXPECT_NEAR(pixel[0] + pixel[2], 255, 1) << column << ", " << row;
+  };
+  if (expected.mode == lum::BackgroundColorModes::SOLID) {
+    EXPECT_EQ(countPixels(picture, {102, 102, 102}, 0), SIZE * SIZE);
+    return;
+  }
+  expectShare(MIDDLE, 0, expected.top);
+  expectShare(MIDDLE, SIZE - 1, expected.bottom);
+  expectShare(0, MIDDLE, expected.left);
+  expectShare(SIZE - 1, MIDDLE, expected.right);
+  expectShare(MIDDLE, MIDDLE, expected.centre);
+  expectShare(SIZE - 1, 0, expected.corner);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Modes, Background,
+    testing::Values(BackgroundCase{lum::BackgroundColorModes::SOLID, 0, 0, 0, 0, 0, 0},
+                    BackgroundCase{lum::BackgroundColorModes::TOP_BOTTOM, 0, 100, 50, 50, 50, 0},
+                    BackgroundCase{lum::BackgroundColorModes::BOTTOM_TOP, 100, 0, 50, 50, 50, 100},
+                    BackgroundCase{lum::BackgroundColorModes::LEFT_RIGHT, 50, 50, 0, 100, 50, 100},
+                    BackgroundCase{lum::BackgroundColorModes::RIGHT_LEFT, 50, 50, 100, 0, 50, 0},
+                    BackgroundCase{lum::BackgroundColorModes::RADIAL, 71, 71, 71, 71, 0, 100}),
+    [](const auto& one) { return "Mode" + std::to_string(static_cast<int>(one.param.mode)); });
+
+// ---- Surfaces ----
+
+TEST(ScenePicture, ShowsASurfaceInItsKeyedColour) {
+  RenderScene scene;
+  auto& surface = scene.addSurface(makeRectangle(-0.5F, 0.5F, -0.5F, 0.5F), {0, 0, 1});
+  auto& colors = *surface.getColorAttributes();
+  colors.setColor("PolyDataNode", {1, 0, 0});
+  EXPECT_EQ(at(scene.render(), 0, 0), BLUE);
+  colors.setColorMode(lum::ColorMode::KEYED);
+  const Picture picture = scene.render();
+  EXPECT_EQ(at(picture, 0, 0), RED);
+  EXPECT_EQ(at(picture, -0.8, 0), BLACK);
+  EXPECT_NEAR(countPixels(picture, RED), MIDDLE * MIDDLE, 4);
+}
+
+TEST(ScenePicture, ShowsFacesAndTrueEdges) {
+  RenderScene scene;
+  auto& surface = scene.addSurface(makeRectangle(-0.5F, 0.5F, -0.5F, 0.5F), {1, 0, 0});
+  auto& faces = surface.getAttributes<lum::SurfaceAttributes>();
+  auto& mesh = surface.getAttributes<lum::MeshAttributes>();
+  mesh.setMeshColor({0, 1, 0});
+  surface.getAttributes<lum::LineAttributes>().setLineWidth(4);
+  struct {
+    bool hasFaces, hasEdges;
+    Pixel face, edge;
+  } const cases[] = {{true, false, RED, RED},
+                     {true, true, RED, GREEN},
+                     {false, true, BLACK, GREEN},
+                     {false, false, BLACK, BLACK}};
+  for (const auto& expected : cases) {
+    faces.setShaded(expected.hasFaces);
+    mesh.setMeshVisible(expected.hasEdges, false);
+    const Picture picture = scene.render();
+    SCOPED_TRACE(std::to_string(expected.hasFaces) + std::to_string(expected.hasEdges));
+    // On the diagonals: no triangle's edge is to be seen there.
+    EXPECT_EQ(at(picture, 0.25, 0.25), expected.face);
+    EXPECT_EQ(at(picture, 0.25, -0.25), expected.face);
+    EXPECT_EQ(at(picture, 0.493, 0.25), expected.edge);
+    EXPECT_EQ(at(picture, 0, -0.493), expected.edge);
+  }
+}
+
+TEST(ScenePicture, ShadesByPointNormalsCellNormalsOrFacets) {
+  // A roof whose two sides are equally bright when each has its own normal.
+  const Cells roof{.polys = {{0, 1, 4, 3}, {1, 2, 5, 4}}};
+  const auto geometry =
+      makePolyData({{-1, -1, 0}, {0, -1, 1}, {1, -1, 0}, {-1, 1, 0}, {0, 1, 1}, {1, 1, 0}}, roof);
+  const int facet = 180;
+  const auto brightness = [&](double x) {
+    RenderScene scene;
+    scene.addSurface(geometry, {1, 1, 1});
+    return static_cast<int>(at(scene.render(), x, 0)[0]);
+  };
+  EXPECT_NEAR(brightness(0.5), facet, 2);
+  geometry->GetCellData()->SetNormals(makeArray("Normals", {0, 0, 1, 1, 0, 0}, 3));
+  EXPECT_NEAR(brightness(-0.5), 255, 2);
+  EXPECT_NEAR(brightness(0.5), 0, 2);
+  geometry->GetPointData()->SetNormals(
+      makeArray("Normals", {1, 0, 0, 0, 0, 1, 1, 0, 0, 1, 0, 0, 0, 0, 1, 1, 0, 0}, 3));
+  EXPECT_NEAR(brightness(-0.02), 255, 5);
+  EXPECT_NEAR(brightness(-0.98), 0, 6);
+  EXPECT_GT(brightness(-0.3), brightness(-0.7) + 20) << "not smooth";
+  // A strip's one normal would make all its triangles alike.
+  const auto strip = makePolyData({{-1, -1, 0}, {-1, 1, 0}, {0, -1, 1}, {0, 1, 1}, {1, -1, 1}, {1, 1, 1}},
+                                  {.strips = {{0, 1, 2, 3, 4, 5}}});
+  strip->GetCellData()->SetNormals(makeArray("Normals", {1, 0, 0}, 3));
+  RenderScene scene;
+  scene.addSurface(strip, {1, 1, 1});
+  const Picture picture = scene.render();
+  EXPECT_NEAR(at(picture, -0.5, 0)[0], facet, 2);
+  EXPECT_NEAR(at(picture, 0.5, 0)[0], 255, 2);
+}
+
+TEST(ScenePicture, MixesTranslucentSurfacesByDepthOverTheBackground) {
+  RenderScene scene;
+  auto& background = scene.node().getBackgroundCanvas().getBackgroundAttributes();
+  background.setColorMode(lum::BackgroundColorModes::TOP_BOTTOM);
+  background.setColor1({1, 1, 1});
+  background.setColor2({1, 1, 1});
+  for (const auto& [z, color] : {std::pair(0.5F, Color{1, 0, 0}), {-0.5F, {0, 0, 1}}}) {
+    auto& surface = scene.addSurface(makeRectangle(-0.5F, 0.5F, -0.5F, 0.5F, z), color);
+    surface.getColorAttributes()->setOpacity(0.5, false);
+  }
+  // Red half over blue half over white.
+  const Pixel seen = at(scene.render(), 0, 0);
+  EXPECT_NEAR(seen[0], 191, 2);
+  EXPECT_NEAR(seen[1], 64, 2);
+  EXPECT_NEAR(seen[2], 128, 2);
+}
+
+// ---- Lines and points ----
+
+TEST(ScenePicture, DrawsLinesAsWideAsTheySay) {
+  RenderScene scene;
+  auto& lines = scene.add<lum::PolyLineDrawable>(
+      makePolyData({{-0.5F, 0, 0}, {0, 0, 0}, {0.5F, 0, 0}}, {.lines = {{0, 1, 2}}}));
+  lines.getColorAttributes()->setColor(Color{0, 1, 0}, false);
+  lines.getAttributes<lum::LineAttributes>().setLineWidth(6);
+  EXPECT_NEAR(countPixels(scene.render(), GREEN), 6 * MIDDLE, 2 * MIDDLE / 10);
+}
+
+TEST(ScenePicture, DrawsEveryPointInADefaultColourThatStandsOutOnAnyGround) {
+  const auto luminance = [](const Pixel& pixel) {
+    const auto linear = [](double value) { return std::pow(value / 255, 2.2); };
+    return 0.2126 * linear(pixel[0]) + 0.7152 * linear(pixel[1]) + 0.0722 * linear(pixel[2]) + 0.05;
+  };
+  struct {
+    const char* name;
+    Cells cells;
+    int points;
+  } const cases[] = {{"vertices", {.verts = {{0}, {2, 3}}}, 3}, {"points without cells", {}, 4}};
+  for (const auto& [name, cells, count] : cases) {
+    SCOPED_TRACE(name);
+    RenderScene scene;
+    auto& points = scene.add<lum::PointSphereDrawable>(
+        makePolyData({{0, 0, 0}, {0.5F, 0, 0}, {0, 0.5F, 0}, {-0.5F, -0.5F, 0}}, cells));
+    points.getAttributes<lum::PointSizeAttributes>().setPointSize(10);
+    const Picture picture = scene.render();
+    const Pixel color = at(picture, 0, 0);
+    EXPECT_NEAR(countPixels(picture, color), count * 100, count * 25);
+    EXPECT_GT(luminance(color) / luminance(BLACK), 4);
+    EXPECT_GT(luminance(WHITE) / luminance(color), 4);
+  }
+}
+
+// ---- Visibility and clipping ----
+
+TEST(ScenePicture, HidesWhatIsHiddenAndAllBelow) {
+  RenderScene scene;
+  auto& outer = scene.collectionIn(scene.drawables());
+  auto& surface = scene.add<lum::SurfaceDrawable>(makeRectangle(-1, 1, -1, 1), outer);
+  surface.getColorAttributes()->setColor(Color{1, 0, 0}, false);
+  EXPECT_EQ(at(scene.render(), 0, 0), RED);
+  outer.getBaseAttributes().setVisibility(false, false);
+  EXPECT_EQ(at(scene.render(), 0, 0), BLACK);
+  outer.getBaseAttributes().setVisibility(true, false);
+  surface.getBaseAttributes().setVisibility(false, false);
+  EXPECT_EQ(at(scene.render(), 0, 0), BLACK);
+}
+
+void addPlane(RenderScene& scene, const Color& normal, const Color& origin) {
+  lum::Ptr<lum::Plane> plane(new lum::Plane(lum::ClassNameNodeInitializer(lum::Plane::getClassName())));
+  plane->setNormal(normal);
+  plane->setOrigin(origin);
+  scene.canvas().getClipPlanesAttributes().getClippingPlanes().addNode(*plane);
+}
+
+TEST(ScenePicture, KeepsTheHalfThatEachPlanesNormalPointsTo) {
+  RenderScene scene;
+  auto& surface = scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 0, 0});
+  addPlane(scene, {2, 0, 0}, {0.25, 0, 0});
+  // Planes that say nothing, more than OpenGL takes, and one beyond them.
+  addPlane(scene, {0, 0, 0}, {0, 0, 0});
+  addPlane(scene, {NAN_F, 0, 0}, {0, 0, 0});
+  for (int i = 0; i < 6; ++i) {
+    addPlane(scene, {0, 0, 1}, {0, 0, -1});
+  }
+  addPlane(scene, {0, 1, 0}, {0, 0.25, 0});
+  const Picture picture = scene.render();
+  EXPECT_EQ(at(picture, 0.3, 0.3), RED);
+  EXPECT_EQ(at(picture, 0.2, 0.3), BLACK);
+  EXPECT_EQ(at(picture, 0.3, 0.2), BLACK);
+  surface.getBaseAttributes().setClipPlanesEnabled(false);
+  EXPECT_EQ(countPixels(scene.render(), RED), SIZE * SIZE);
+}
+
+// ---- Camera ----
+
+TEST(ScenePicture, LooksThroughTheCameraOrFramesTheScene) {
+  const double infinity = std::numeric_limits<double>::infinity();
+  using Mode = lum::CameraAttributes::ProjectionMode;
+  struct {
+    const char* name;
+    Color position, viewUp;
+    Mode mode;
+    double scale;
+    // Where the green corner of the red square is expected to be seen, and
+    // whether the square fills the picture (or stands out in its middle).
+    double x, y;
+    bool isFilled;
+  } const cases[] = {
+      {"parallel", {0, 0, 9}, {0, 1, 0}, Mode::PARALLEL, 10, 0.75, 0.75, true},
+      {"upside down", {0, 0, 9}, {0, -1, 0}, Mode::PARALLEL, 10, -0.75, -0.75, true},
+      {"far", {0, 0, 9}, {0, 1, 0}, Mode::PARALLEL, 20, 0.375, 0.375, false},
+      {"perspective", {0, 0, 60}, {0, 1, 0}, Mode::PERSPECTIVE, 0, 0.47, 0.47, false},
+      {"from below", {0, 0, -60}, {0, 1, 0}, Mode::PERSPECTIVE, 0, -0.47, 0.47, false},
+      {"up along the sight", {0, 0, 9}, {0, 0, 2}, Mode::PARALLEL, 20, 0.375, 0.375, false},
+      {"no up", {0, 0, 9}, {0, 0, 0}, Mode::PARALLEL, 20, 0.375, 0.375, false},
+      {"no scale", {0, 0, 9}, {0, 1, 0}, Mode::PARALLEL, 0, 0.53, 0.53, false},
+      {"infinite scale", {0, 0, 9}, {0, 1, 0}, Mode::PARALLEL, infinity, 0.53, 0.53, false},
+      {"nowhere", {0, 0, 0}, {0, 1, 0}, Mode::PERSPECTIVE, 0, 0.53, 0.53, false},
+      {"not a number", {NAN_F, 0, 1}, {0, 1, 0}, Mode::PERSPECTIVE, 0, 0.53, 0.53, false},
+      {"never set", {0, 0, 1}, {0, 1, 0}, Mode::PERSPECTIVE, -1, 0.53, 0.53, false},
+  };
+  for (const auto& expected : cases) {
+    SCOPED_TRACE(expected.name);
+    RenderScene scene;
+    scene.addSurface(makeRectangle(-10, 10, -10, 10), {1, 0, 0});
+    scene.addSurface(makeRectangle(5, 10, 5, 10, 0.01F), {0, 1, 0});
+    scene.addSurface(makeRectangle(5, 10, 5, 10, -0.01F), {0, 1, 0});
+    lum::Ptr<lum::SceneNode> keep(&scene.node());
+    auto& camera = scene.canvas().getCameraAttributes();
+    camera.setPosition(expected.position);
+    camera.setViewUp(expected.viewUp);
+    camera.setProjectionMode(expected.mode);
+    camera.setParallelScale(expected.scale < 0 ? std::optional<double>() : expected.scale);
+    const Picture picture = scene.render();
+    EXPECT_EQ(at(picture, expected.x, expected.y), GREEN);
+    EXPECT_EQ(at(picture, -expected.x, expected.y), RED);
+    EXPECT_EQ(at(picture, 0.99, -0.99), expected.isFilled ? RED : BLACK);
+  }
+}
+
+// ---- Lights ----
+
+TEST(ScenePicture, LightsFromTheRightAndFromAbove) {
+  // Two sides of a roof, seen from above the ridge: left and right.
+  const auto roof = makePolyData({{-1, -1, 0}, {0, -1, 1}, {1, -1, 0}, {-1, 1, 0}, {0, 1, 1}, {1, 1, 0}},
+                                 {.polys = {{0, 1, 4, 3}, {1, 2, 5, 4}}});
+  RenderScene scene;
+  scene.addSurface(roof, {1, 1, 1});
+  lum::Ptr<lum::Light> light(new lum::Light(lum::ClassNameNodeInitializer(lum::Light::getClassName())));
+  scene.canvas().getLightingAttributes().getLights().addNode(*light);
+  struct {
+    double azimuth, elevation, intensity, left, right;
+  } const cases[] = {{0, 0, 1, 0.707, 0.707},
+                     {45, 0, 1, 0, 1},
+                     {-45, 0, 0.5, 0.5, 0},
+                     {0, 60, 1, 0.354, 0.354},
+                     {45, 60, 1, 0, 0.5}};
+  for (const auto& expected : cases) {
+    light->setAngles(expected.azimuth, expected.elevation);
+    light->setIntensity(expected.intensity);
+    light->setColor({1.0, 0.5, 0.0});
+    const Picture picture = scene.render();
+    SCOPED_TRACE(expected.azimuth);
+    for (const auto& [x, brightness] : {std::pair(-0.5, expected.left), {0.5, expected.right}}) {
+      EXPECT_NEAR(at(picture, x, 0)[0], 255 * brightness, 2);
+      EXPECT_NEAR(at(picture, x, 0)[1], 127 * brightness, 2);
+      EXPECT_EQ(at(picture, x, 0)[2], 0);
+    }
+  }
+}
+
+TEST(ScenePicture, StandsManyAndSenselessLights) {
+  RenderScene scene;
+  scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 1, 1});
+  for (int i = 0; i < 1000; ++i) {
+    lum::Ptr<lum::Light> light(new lum::Light(lum::ClassNameNodeInitializer(lum::Light::getClassName())));
+    light->setIntensity(i == 0 ? std::numeric_limits<double>::quiet_NaN() : 1.0 / 32);
+    scene.canvas().getLightingAttributes().getLights().addNode(*light);
+  }
+  EXPECT_NEAR(at(scene.render(), 0, 0)[0], 128, 2);
+}
+
+// ---- What must not harm ----
+
+TEST(ScenePicture, LeavesPointsOutThatAreNotFinite) {
+  RenderScene scene;
+  const auto surface =
+      makePolyData({{-1, -1, 0}, {0, -1, 0}, {0, 1, 0}, {-1, 1, 0}, {NAN_F, 0, 0}, {1e30F, 0, 0}},
+                   {.polys = {{1, 2, 4}, {0, 1, 2, 3}}});
+  surface->GetCellData()->AddArray(makeArray("s", {0, 1}));
+  auto& drawable = scene.addSurface(surface, {1, 0, 0});
+  const auto line = makePolyData({{0.1F, 0, 0}, {0.4F, 0, 0}, {INFINITY, 0, 0}, {0.5F, 0, 0}, {0.8F, 0, 0}},
+                                 {.lines = {{0, 1, 2, 3, 4}}});
+  auto& lines = scene.add<lum::PolyLineDrawable>(line);
+  lines.getColorAttributes()->setColor(Color{0, 1, 0}, false);
+  lines.getAttributes<lum::LineAttributes>().setLineWidth(4);
+  auto& points = scene.add<lum::PointSphereDrawable>(makePolyData({{NAN_F, 0, 0}, {0.5F, 0.5F, 0}}, {}));
+  points.getColorAttributes()->setColor(Color{0, 0, 1}, false);
+  points.getAttributes<lum::PointSizeAttributes>().setPointSize(10);
+  // The camera is the scene's own: it comes from the finite points only.
+  scene.canvas().getCameraAttributes().setParallelScale(std::nullopt);
+  Picture picture = scene.render();
+  EXPECT_GT(countPixels(picture, RED), SIZE * SIZE / 8);
+  EXPECT_GT(countPixels(picture, GREEN), 100);
+  EXPECT_NEAR(countPixels(picture, BLUE), 100, 25);
+  scene.canvas().getCameraAttributes().setParallelScale(1.0);
+  picture = scene.render();
+  EXPECT_EQ(at(picture, 0.25, 0), GREEN);
+  EXPECT_EQ(at(picture, 0.45, 0), BLACK);
+  EXPECT_EQ(at(picture, 0.65, 0), GREEN);
+  // The cell that is left keeps its own value.
+  drawable.getColorAttributes()->setColorMode(lum::ColorMode::DATA);
+  auto& scalars = drawable.getAttributes<lum::ScalarAttributes>();
+  scalars.getDataArray().setDataArrayName("s");
+  scalars.getColorLookupTable().setColorValues({1, 0, 0, 1, 0, 0, 1, 1});
+  scalars.getColorLookupTable().setNumColor(2);
+  drawable.getAttributes<lum::DataLocationAttributes>().setDataLocation(lum::DataLocation::CELLS);
+  EXPECT_EQ(at(scene.render(), -0.5, 0), BLUE);
+}
+
+TEST(ScenePicture, StandsGeometryThatVtkWouldNot) {
+  const std::vector<std::array<float, 3>> points = {{-1, -1, 0}, {1, -1, 0}, {1, 1, 0}, {-1, 1, 0}};
+  struct {
+    const char* name;
+    Cells cells;
+    bool isSeen;
+  } const cases[] = {
+      {"index outside", {.polys = {{0, 1, 2, 3}, {0, 1, 4}}}, false},
+      {"negative index", {.polys = {{0, 1, 2, 3}}, .strips = {{0, 1, -1}}}, false},
+      {"too short",
+       {.verts = {{}}, .lines = {{0}}, .polys = {{0, 1}, {0, 1, 2, 3}, {}}, .strips = {{1, 2}}},
+       true},
+      {"one point many times", {.polys = {{1, 1, 1, 1, 1}, {0, 1, 2, 3}}}, true}};
+  for (const auto& [name, cells, isSeen] : cases) {
+    SCOPED_TRACE(name);
+    RenderScene scene;
+    const auto geometry = makePolyData(points, cells);
+    geometry->GetCellData()->AddArray(makeArray("Normals", {1, 0, 0}, 3));
+    geometry->GetPointData()->AddArray(makeArray("Normals", {1}, 1));
+    auto& surface = scene.addSurface(geometry, {1, 0, 0});
+    surface.getColorAttributes()->setColorMode(lum::ColorMode::DATA);
+    surface.getAttributes<lum::ScalarAttributes>().getDataArray().setDataArrayName("Normals");
+    EXPECT_EQ(countPixels(scene.render(), RED), isSeen ? SIZE * SIZE : 0);
+  }
+}
+
+TEST(ScenePicture, RefusesSizesThatOpenGlDoesNotDraw) {
+  const RenderScene scene;
+  EXPECT_THROW(renderPicture(scene.node(), {1 << 20, 1}), RenderingUnavailable);
+  EXPECT_THROW(renderPicture(scene.node(), {0, 1}), InternalError);
+}
+
+TEST(ScenePicture, LeavesTheHostItsContext) {
+  const RenderScene scene;
+  const EglContext hosts;
+  hosts.makeCurrent();
+  scene.render();
+  EXPECT_TRUE(hosts.isCurrent());
+  hosts.release();
+  scene.render();
+  EXPECT_EQ(eglGetCurrentContext(), EGL_NO_CONTEXT);
+}
+
+TEST(ScenePicture, DrawsAnEmptySceneAndTheSamePictureTwice) {
+  const lum::Ptr<lum::SceneNode> empty(
+      new lum::SceneNode(lum::ClassNameNodeInitializer(lum::SceneNode::getClassName())));
+  const Picture picture = renderPicture(*empty, {40, 30});
+  EXPECT_EQ(countPixels(picture, BLACK, 0), 40 * 30);
+  EXPECT_EQ(renderPicture(*empty, {40, 30}).toPng(), picture.toPng());
+}
+
+}  // namespace

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "math/Vector.h"
+#include "scenegraph/drawables/GeometryDrawables.h"
+
+#include <compare>
+
+/// How a piece of geometry is drawn, as plain values that can be drawn: all are
+/// finite and in their ranges, whatever the attributes hold.
+struct Appearance {
+  enum class Kind { SURFACE, LINES, POINTS };
+
+  /// The colour of points that have been given none: it stands out against
+  /// black and against white by the same contrast (about 4.5 to 1).
+  static constexpr Vector<3, double> POINT_COLOR{0.85, 0.27, 0.05};
+  /// The colour of lines and surfaces that have been given none.
+  static constexpr Vector<3, double> SURFACE_COLOR{1.0, 1.0, 1.0};
+
+  Kind kind = Kind::SURFACE;
+  bool hasFaces = true;
+  bool hasEdges = false;
+  bool isClipped = true;
+  /// Red, green, blue in 0..1.
+  Vector<3, double> color = SURFACE_COLOR;
+  Vector<3, double> edgeColor;
+  /// In 0..1.
+  double opacity = 1.0;
+  /// In pixels, above 0.
+  double lineWidth = 1.0;
+  double pointSize = 1.0;
+
+  /// What the attributes of a drawable say about one of its pieces.
+  static Appearance of(const lum::GeometryDrawable& drawable, const lum::PolyDataNode& piece);
+};

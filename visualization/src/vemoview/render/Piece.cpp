@@ -1,0 +1,180 @@
+#include "vemoview/render/Piece.h"
+
+#include "scenegraph/Logger.h"
+#include "scenegraph/attributes/ScalarAttributes.h"
+#include "vemoview/render/ColorTable.h"
+#include "vemoview/render/SoundGeometry.h"
+
+#include <vtkCellData.h>
+#include <vtkDataArray.h>
+#include <vtkNew.h>
+#include <vtkPointData.h>
+#include <vtkPoints.h>
+
+#include <algorithm>
+#include <optional>
+#include <string>
+
+namespace {
+
+constexpr const char* NORMALS = "Normals";
+
+vtkDataArray* findArray(const lum::ArrayTable& table, const std::string& name) {
+  const auto found = std::ranges::find_if(table, [&](const vtkSmartPointer<vtkDataArray>& array) {
+    return array->GetName() != nullptr && array->GetName() == name;
+  });
+  return found == table.end() ? nullptr : found->Get();
+}
+
+/// The poly data of one node with no arrays but those that are drawn.
+class PieceBuilder {
+ public:
+  PieceBuilder(const lum::GeometryDrawable& drawable, const lum::PolyDataNode& node, bool isClipped)
+      : _drawable(drawable), _node(node) {
+    _piece.appearance = Appearance::of(drawable, node);
+    _piece.appearance.isClipped = isClipped;
+  }
+
+  /// Nothing when there is nothing to be seen.
+  std::optional<Piece> build() {
+    if (_piece.appearance.opacity <= 0.0 || !putCells()) {
+      return std::nullopt;
+    }
+    if (_piece.appearance.kind == Appearance::Kind::SURFACE) {
+      putNormals();
+    }
+    putScalars();
+    selectCells();
+    if (_piece.geometry->GetNumberOfCells() == 0) {
+      return std::nullopt;
+    }
+    return std::move(_piece);
+  }
+
+ private:
+  bool putCells() {
+    if (_node.getPoints() == nullptr || _node.getPoints()->GetNumberOfComponents() != 3) {
+      return false;
+    }
+    _piece.geometry = vtkSmartPointer<vtkPolyData>::New();
+    vtkNew<vtkPoints> points;
+    points->SetData(_node.getPoints());
+    _piece.geometry->SetPoints(points);
+    _piece.geometry->SetVerts(_node.getVerts());
+    _piece.geometry->SetLines(_node.getLines());
+    _piece.geometry->SetPolys(_node.getPolys());
+    _piece.geometry->SetStrips(_node.getStrips());
+    std::string fault;
+    if (!hasSoundCells(*_piece.geometry, fault)) {
+      VEMO_LOG_WARNING("\"" << _node.getName() << "\" is not drawn: " << fault);
+      return false;
+    }
+    return true;
+  }
+
+  /// Whether an array has a tuple for each point, or cell.
+  bool fits(vtkDataArray* array, vtkIdType tuples) const {
+    if (array == nullptr || (array->GetNumberOfTuples() == tuples && array->GetNumberOfComponents() > 0)) {
+      return array != nullptr;
+    }
+    VEMO_LOG_WARNING("\"" << _node.getName() << "\" is drawn without its array \"" << array->GetName()
+                          << "\" of " << array->GetNumberOfTuples() << " values for " << tuples);
+    return false;
+  }
+
+  void putNormals() {
+    vtkPolyData& geometry = *_piece.geometry;
+    vtkDataArray* const atPoints = findArray(_node.getNodeDataArrays(), NORMALS);
+    vtkDataArray* const atCells = findArray(_node.getCellDataArrays(), NORMALS);
+    if (fits(atPoints, geometry.GetNumberOfPoints()) && atPoints->GetNumberOfComponents() == 3) {
+      geometry.GetPointData()->SetNormals(atPoints);
+    } else if (fits(atCells, geometry.GetNumberOfCells()) && atCells->GetNumberOfComponents() == 3 &&
+               _node.getStrips() == nullptr) {
+      // A strip has one normal for many triangles: without it each triangle is
+      // drawn with its own.
+      geometry.GetCellData()->SetNormals(atCells);
+    }
+  }
+
+  void putScalars() {
+    const auto* const colors = _drawable.findAttributes<lum::ColorAttributes>();
+    const auto* const scalars = _drawable.findAttributes<lum::ScalarAttributes>();
+    if (colors == nullptr || colors->getColorMode() != lum::ColorMode::DATA || scalars == nullptr ||
+        scalars->hasDataArray() == nullptr) {
+      return;
+    }
+    const auto* const location = _drawable.findAttributes<lum::DataLocationAttributes>();
+    const bool isAtCells = location != nullptr && location->getDataLocation() == lum::DataLocation::CELLS;
+    vtkPolyData& geometry = *_piece.geometry;
+    vtkDataArray* const array = findArray(isAtCells ? _node.getCellDataArrays() : _node.getNodeDataArrays(),
+                                          scalars->hasDataArray()->getDataArrayName());
+    if (!fits(array, isAtCells ? geometry.GetNumberOfCells() : geometry.GetNumberOfPoints())) {
+      return;
+    }
+    vtkDataSetAttributes* const data =
+        isAtCells ? static_cast<vtkDataSetAttributes*>(geometry.GetCellData()) : geometry.GetPointData();
+    data->AddArray(array);
+    _piece.scalars = array->GetName();
+    _piece.coloring = isAtCells ? Piece::Coloring::CELL_SCALARS : Piece::Coloring::POINT_SCALARS;
+    _piece.table = makeLookupTable(scalars->hasColorLookupTable(), *array);
+  }
+
+  /// Leaves what the drawable's kind shows, and of that what can be drawn.
+  void selectCells() {
+    vtkPolyData& geometry = *_piece.geometry;
+    if (_piece.appearance.kind != Appearance::Kind::POINTS) {
+      _piece.geometry = drawableCells(geometry);
+    } else if (_node.getVerts() != nullptr) {
+      _piece.geometry = drawableCells(geometry, VERTEX_CELLS);
+    } else {
+      // Points that no vertex names are still what a point drawable is for.
+      _piece.geometry = pointsAsVertices(geometry);
+      if (_piece.coloring == Piece::Coloring::CELL_SCALARS) {
+        _piece.coloring = Piece::Coloring::PLAIN;
+        _piece.table = nullptr;
+      }
+    }
+  }
+
+  const lum::GeometryDrawable& _drawable;
+  const lum::PolyDataNode& _node;
+  Piece _piece;
+};
+
+struct Visit {
+  const lum::Drawable* drawable;
+  /// Whether all that own it are cut by clipping planes.
+  bool isClipped;
+};
+
+}  // namespace
+
+std::vector<Piece> collectPieces(const lum::Drawable& root) {
+  std::vector<Piece> pieces;
+  std::vector<Visit> waiting{{&root, true}};
+  while (!waiting.empty()) {
+    const auto [drawable, isOwnerClipped] = waiting.back();
+    waiting.pop_back();
+    const auto* const base = drawable->findAttributes<lum::BaseAttributes>();
+    if (base != nullptr && !base->getVisibility()) {
+      continue;
+    }
+    const bool isClipped = isOwnerClipped && (base == nullptr || base->getClipPlanesEnabled());
+    const auto* const geometry = dynamic_cast<const lum::GeometryDrawable*>(drawable);
+    const auto nodes = drawable->getNodes();
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+      if (const auto* const node = dynamic_cast<const lum::PolyDataNode*>(nodes[i].get());
+          node != nullptr && geometry != nullptr) {
+        if (auto piece = PieceBuilder(*geometry, *node, isClipped).build()) {
+          pieces.push_back(std::move(*piece));
+        }
+      }
+      // The last is visited next.
+      const lum::Node& last = *nodes[nodes.size() - 1 - i];
+      if (const auto* const below = dynamic_cast<const lum::Drawable*>(&last)) {
+        waiting.push_back({below, isClipped});
+      }
+    }
+  }
+  return pieces;
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "vemoview/render/Appearance.h"
+
+#include <vtkLookupTable.h>
+#include <vtkPolyData.h>
+#include <vtkSmartPointer.h>
+
+#include <string>
+#include <vector>
+
+namespace lum {
+class Drawable;
+}
+
+/// A piece of geometry that is seen, with all that is needed to draw it.
+struct Piece {
+  enum class Coloring {
+    /// All of it has the appearance's colour.
+    PLAIN,
+    /// By an array over its cells, or over its points.
+    CELL_SCALARS,
+    POINT_SCALARS,
+  };
+
+  /// Everything in it can be drawn; its arrays fit.
+  vtkSmartPointer<vtkPolyData> geometry;
+  Appearance appearance;
+  Coloring coloring = Coloring::PLAIN;
+  /// The name of the scalars' array.
+  std::string scalars;
+  /// From scalars to colours; without one the scalars are colours themselves
+  /// (bytes of red, green, blue, alpha).
+  vtkSmartPointer<vtkLookupTable> table;
+};
+
+/// The visible pieces among a drawable and all that it owns, in order.
+std::vector<Piece> collectPieces(const lum::Drawable& root);

@@ -1,0 +1,62 @@
+#include "vemoview/render/ScenePicture.h"
+
+#include "errors/InternalError.h"
+#include "vemoview/render/EglContext.h"
+#include "vemoview/render/EglRenderWindow.h"
+#include "vemoview/render/RenderErrors.h"
+#include "vemoview/render/SceneRenderer.h"
+#include "vemoview/render/VtkMessages.h"
+
+#include <algorithm>
+#include <string>
+
+namespace {
+
+/// Frame buffers of more pixels and samples than this are not asked for.
+constexpr long MOST_SAMPLES = 128L << 20;
+
+long pixelsOf(const RenderOptions& options) {
+  return static_cast<long>(options.width) * options.height;
+}
+
+/// How often a pixel is looked at for smooth edges; 0 for once.
+int samplesFor(const RenderOptions& options) {
+  constexpr long WANTED = 8;
+  const long samples = std::min(WANTED, MOST_SAMPLES / pixelsOf(options));
+  return samples < 2 ? 0 : static_cast<int>(samples);
+}
+
+/// Where there is no multisampling, edges become smooth by drawing the picture
+/// larger, in each direction by this factor.
+int enlargementFor(const SceneRenderer& scene, const RenderOptions& options, int largestSize) {
+  constexpr int WANTED = 2;
+  const bool fits = WANTED * std::max(options.width, options.height) <= largestSize &&
+                    WANTED * WANTED * pixelsOf(options) <= MOST_SAMPLES;
+  return scene.hasTranslucency() && fits ? WANTED : 1;
+}
+
+void requireSize(const RenderOptions& options, int largestSize) {
+  if (std::max(options.width, options.height) > largestSize) {
+    throw RenderingUnavailable(
+        "A picture of " + std::to_string(options.width) + " x " + std::to_string(options.height) +
+        " pixels is larger than OpenGL draws here: at most " + std::to_string(largestSize) + " each way");
+  }
+}
+
+}  // namespace
+
+Picture renderPicture(const lum::SceneNode& scene, const RenderOptions& options) {
+  VEMO_REQUIRE(options.width > 0 && options.height > 0, "A picture has at least one pixel");
+  const VtkMessages messages;
+  const EglContext::Keeper keeper;
+  const auto window = EglRenderWindow::open(options.width, options.height);
+  const int largestSize = window->getLargestSize();
+  requireSize(options, largestSize);
+  SceneRenderer renderer(scene);
+  const int enlargement = enlargementFor(renderer, options, largestSize);
+  renderer.scalePixels(enlargement);
+  renderer.addTo(*window, samplesFor(options));
+  window->SetSize(options.width * enlargement, options.height * enlargement);
+  window->Render();
+  return Picture::of(*window).shrunk(enlargement);
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "vemo_render_export.h"
+#include "vemoview/render/Picture.h"
+
+namespace lum {
+class SceneNode;
+}
+
+struct RenderOptions {
+  /// In pixels, at least 1.
+  int width = 1024;
+  int height = 768;
+};
+
+/// Draws a scene off screen as a viewer would show it. Needs no display; leaves
+/// the calling thread the EGL context that it has. Throws RenderingUnavailable
+/// where there is no OpenGL, or none that draws pictures so large.
+VEMO_RENDER_EXPORT Picture renderPicture(const lum::SceneNode& scene, const RenderOptions& options = {});
