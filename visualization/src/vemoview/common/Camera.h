@@ -1,0 +1,20 @@
+#pragma once
+
+#include "math/Vector.h"
+
+#include <cstdint>
+
+/// From where a viewer looks at a scene, and where its window stands.
+struct Camera {
+  Vector<3, double> position{0.0, 0.0, 1.0};
+  Vector<3, double> viewUp{0.0, 1.0, 0.0};
+  Vector<3, double> focalPoint{};
+  bool perspective = true;
+  /// Half the height of what is seen in parallel projection, in model units.
+  double parallelScale = 1.0;
+  /// In pixels of the screen.
+  std::int32_t windowX = 0;
+  std::int32_t windowY = 0;
+  std::int32_t windowWidth = 0;
+  std::int32_t windowHeight = 0;
+};

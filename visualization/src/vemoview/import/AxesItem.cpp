@@ -1,0 +1,61 @@
+#include "vemoview/import/AxesItem.h"
+
+#include "errors/InternalError.h"
+#include "scenegraph/Logger.h"
+#include "scenegraph/drawables/TriadDrawable.h"
+#include "vemoview/import/QxElement.h"
+#include "vemoview/import/SharedBySiblings.h"
+
+#include <cstdint>
+#include <utility>
+
+namespace {
+
+/// What the triad and its labels need of a parallel view, in triad lengths.
+constexpr double TRIAD_SCALE = 2.2;
+constexpr std::uint32_t OPAQUE_BLACK = 0x000000FF;
+
+/// The triad is seen as it stands; it is turned by the model's camera.
+void setTriadView(lum::CameraAttributes& camera) {
+  camera.setViewUp({0.0, 1.0, 0.0});
+  camera.setFocalPoint({0.0, 0.0, 0.0});
+  camera.setPosition({0.0, 0.0, -1.0});
+  camera.setProjectionMode(lum::CameraAttributes::ProjectionMode::PARALLEL);
+  camera.setParallelScale(TRIAD_SCALE);
+}
+
+}  // namespace
+
+AxesItem::AxesItem(std::string name) : GraphicsItem(std::move(name)) {}
+AxesItem::~AxesItem() = default;
+
+void AxesItem::setAxes(const Vector<3, double>& x, const Vector<3, double>& y, const Vector<3, double>& z) {
+  _xAxis = x;
+  _yAxis = y;
+  _zAxis = z;
+}
+
+void AxesItem::read(const QxElement& element, SceneFileReader* reader) {
+  checkVersion(element);
+  GraphicsItem::read(element, reader);
+  setTextColor(element.getColor(XML_ATTRIB_TEXT_COLOR));
+  element.getVector3(XML_X_AXIS, _xAxis);
+  element.getVector3(XML_Y_AXIS, _yAxis);
+  element.getVector3(XML_Z_AXIS, _zAxis);
+}
+
+void AxesItem::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& /*collection*/,
+                               int /*level*/, const std::string& /*parentName*/) const {
+  VEMO_LOG_INFO("***** AxesItem::addToCollection is being added *****");
+  lum::SceneCanvas& orientationCanvas = shared.sceneNode->getOrientationCanvas();
+  const lum::SceneCanvas& modelCanvas = shared.sceneNode->getModelCanvas();
+
+  auto& triad = orientationCanvas.getDrawableCollection().findOrCreate<lum::TriadDrawable>("TriadDrawable");
+  addVisibilityAttrib(triad);
+  setTriadView(orientationCanvas.getCameraAttributes());
+
+  VEMO_REQUIRE(modelCanvas.hasCameraAttributes(), "Must be already set by Scene");
+  triad.setCameraAttributes(modelCanvas.hasCameraAttributes());
+  triad.getTriadAttributes().setUseConstantPixelSize(false);
+  triad.getTextAttributes().setForegroundColor(OPAQUE_BLACK);
+}

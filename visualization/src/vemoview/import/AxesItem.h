@@ -1,0 +1,42 @@
+#pragma once
+
+#include "math/Vector.h"
+#include "vemoview/import/Color.h"
+#include "vemoview/import/GraphicsItem.h"
+
+#include <string>
+
+/// The triad in a corner of the window that shows how the model is turned.
+class VEMO_IMPORT_EXPORT AxesItem : public GraphicsItem {
+ public:
+  static inline const std::string XML_ENTITY = "axes";
+
+  explicit AxesItem(std::string name);
+  ~AxesItem() override;
+
+  void read(const QxElement& element, SceneFileReader* reader) override;
+
+  /// Adds the triad to the scene's orientation canvas. The scene's model canvas
+  /// must have its camera already, which the triad turns with.
+  void addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int level,
+                       const std::string& parentName) const override;
+
+  void setAxes(const Vector<3, double>& x, const Vector<3, double>& y, const Vector<3, double>& z);
+  const Vector<3, double>& getXAxis() const { return _xAxis; }
+  const Vector<3, double>& getYAxis() const { return _yAxis; }
+  const Vector<3, double>& getZAxis() const { return _zAxis; }
+
+  void setTextColor(Color color) { _textColor = color; }
+  Color getTextColor() const { return _textColor; }
+
+ private:
+  static inline const std::string XML_X_AXIS = "xaxis";
+  static inline const std::string XML_Y_AXIS = "yaxis";
+  static inline const std::string XML_Z_AXIS = "zaxis";
+  static inline const std::string XML_ATTRIB_TEXT_COLOR = "textColor";
+
+  Vector<3, double> _xAxis{1.0, 0.0, 0.0};
+  Vector<3, double> _yAxis{0.0, 1.0, 0.0};
+  Vector<3, double> _zAxis{0.0, 0.0, 1.0};
+  Color _textColor{0, 0, 0, 255};
+};

@@ -1,0 +1,29 @@
+#include "vemoview/import/ClippingPlane.h"
+
+#include "scenegraph/canvas/ClipPlanesAttributes.h"
+#include "vemoview/import/QxElement.h"
+
+#include <vtkPlane.h>
+
+ClippingPlane::ClippingPlane() = default;
+ClippingPlane::~ClippingPlane() = default;
+
+void ClippingPlane::read(const QxElement& element, SceneFileReader* /*reader*/) {
+  checkVersion(element);
+  element.getVector3(XML_ORIGIN, _origin);
+  element.getVector3(XML_NORMAL, _normal);
+}
+
+void ClippingPlane::convertTo(lum::Plane& plane) const {
+  plane.setNormal(_normal);
+  plane.setOrigin(_origin);
+}
+
+vtkPlane* ClippingPlane::getPlane() {
+  if (!_plane) {
+    _plane = vtkSmartPointer<vtkPlane>::New();
+  }
+  _plane->SetOrigin(_origin.data());
+  _plane->SetNormal(_normal.data());
+  return _plane;
+}

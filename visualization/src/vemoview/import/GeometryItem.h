@@ -1,0 +1,148 @@
+#pragma once
+
+#include "math/Vector.h"
+#include "vemoview/import/Array_t.h"
+#include "vemoview/import/Color.h"
+#include "vemoview/import/GraphicsItem.h"
+
+#include <vtkSmartPointer.h>
+
+#include <memory>
+#include <string>
+
+class PolyDataReader;
+class vtkPolyData;
+class vtkPolyDataMapper;
+class vtkProperty;
+/// A piece of geometry: points, cells on them, arrays over both, and how all
+/// this is drawn.
+class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
+ public:
+  static inline const std::string XML_ENTITY = "geometry";
+
+  explicit GeometryItem(const std::string& name);
+  ~GeometryItem() override;
+
+  /// Needs a reader, and throws InternalError without one. Settings that the
+  /// element does not state are false or 0, whatever the item had before; only
+  /// those of points and of their scaling stay.
+  void read(const QxElement& element, SceneFileReader* reader) override;
+
+  /// Adds a collection of the item's name, and in it one drawable: of points,
+  /// lines or surfaces, by what the geometry has. Geometry and arrays are
+  /// shared with the scene graph.
+  /// @param parentName becomes the qualified name of the poly data node
+  void addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int level,
+                       const std::string& parentName) const override;
+
+  /// The number of cells in a connectivity list: a sequence of cells, each
+  /// written as its number of points and their indices. Throws InternalError
+  /// when the last cell does not end where the list does.
+  static int countItemsInList(Array_t<int> list);
+
+  /// The geometry, and what draws it directly with VTK; the mapper may be null.
+  void setGeometry(vtkPolyData* polyData, vtkPolyDataMapper* mapper, vtkProperty* property);
+  vtkPolyData* getGeometry() const;
+
+  void setLineColor(Color color) { _lineColor = color; }
+  Color getLineColor() const { return _lineColor; }
+  void setFaceColor(Color color) { _faceColor = color; }
+  Color getFaceColor() const { return _faceColor; }
+  /// In pixels; kept in the property.
+  void setLineWidth(float width);
+  float getLineWidth() const;
+  void showEdges(bool show) { _showEdges = show; }
+  bool getEdgesVisibility() const { return _showEdges; }
+  void showFaces(bool show) { _showFaces = show; }
+  bool getFacesVisibility() const { return _showFaces; }
+  void setSmoothShading(bool smooth) { _smoothShading = smooth; }
+  void setContour(bool contour) { _contour = contour; }
+  void setIgnoreClip(bool ignore) { _ignoreClip = ignore; }
+  bool getIgnoreClip() const { return _ignoreClip; }
+  void setLighting(double ambient, double diffuse, double specular, double specularPower);
+  /// In pixels.
+  void setPointSize(double size) { _pointSize = size; }
+  double getPointSize() const { return _pointSize; }
+
+  // How points are scaled by data is kept, and not converted.
+  void setPointScaleMode(int mode) { _pointScaleMode = mode; }
+  void setPointScalePixelSize(int size) { _pointScalePixelSize = size; }
+  void setPointScaleScalarName(std::string name);
+  void setPointScaleScalarRange(const Vector<3, double>& range);
+  void setPointScaleScalarMapRange(const Vector<3, double>& range);
+  /// Null until set.
+  const Vector<3, double>* getPointScaleScalarRange() const { return _pointScaleScalarRange.get(); }
+  const Vector<3, double>* getPointScaleScalarMapRange() const { return _pointScaleScalarMapTo.get(); }
+
+ protected:
+  int version() const { return VERSION; }
+  bool alwaysHaveVersionSaved() const { return true; }
+
+  void readImpl(const QxElement& element, SceneFileReader* reader);
+
+ private:
+  static inline const std::string XML_POINTS = "points";
+  static inline const std::string XML_VERTS = "verts";
+  static inline const std::string XML_LINES = "lines";
+  static inline const std::string XML_STRIPS = "strips";
+  static inline const std::string XML_POLYS = "polys";
+  static inline const std::string XML_LINE_COLOR = "lineColor";
+  static inline const std::string XML_FACE_COLOR = "faceColor";
+  static inline const std::string XML_LINE_WIDTH = "lineWidth";
+  static inline const std::string XML_SHOW_EDGES = "showEdges";
+  static inline const std::string XML_SHOW_FACES = "showFaces";
+  static inline const std::string XML_SMOOTH_SHADING = "smoothShading";
+  static inline const std::string XML_CONTOUR = "contour";
+  static inline const std::string XML_AMBIENT = "ambient";
+  static inline const std::string XML_DIFFUSE = "diffuse";
+  static inline const std::string XML_SPECULAR = "specular";
+  static inline const std::string XML_SPECULAR_POWER = "specularPower";
+  static inline const std::string XML_IGNORE_CLIP = "ignoreClip";
+  static inline const std::string XML_POINT_SIZE = "pointSize";
+  static inline const std::string XML_POINT_SCALE_MODE = "pointScaleMode";
+  static inline const std::string XML_POINT_SCALE_PIXEL_SIZE = "pointScalePixelsSize";
+  static inline const std::string XML_POINT_SCALE_SCALAR_NAME = "pointScaleScalarName";
+  static inline const std::string XML_POINT_SCALE_SCALAR_RANGE = "pointScaleScalarRange";
+  static inline const std::string XML_POINT_SCALE_SCALAR_MAP_TO = "pointScaleScalarMapTo";
+  static inline const std::string XML_ARRAY = "array";
+  static inline const std::string XML_ARRAY_DIM = "dim";
+  static inline const std::string XML_ARRAY_NAME = "name";
+  static inline const std::string XML_ARRAY_DATA = "data";
+  static inline const std::string XML_ARRAY_VERTEX_DATA = "vertexData";
+
+  /// Values of _geometryType.
+  enum GeometryType { POINTS = 0, LINES = 1, SURFACE = 2, UNDETERMINED = 3 };
+
+  void readSettings(const QxElement& element);
+  void readPointSettings(const QxElement& element);
+  void readCells(const QxElement& element, PolyDataReader& reader);
+  void readArrays(const QxElement& element, PolyDataReader& reader);
+  GeometryType determineType() const;
+  void computeNormals();
+
+  template <class T>
+  void addDrawable(lum::DrawableCollection& collection, const std::string& parentName) const;
+  void logContents(int level) const;
+
+  int _geometryType = UNDETERMINED;
+  vtkSmartPointer<vtkProperty> _property;
+  vtkSmartPointer<vtkPolyDataMapper> _mapper;
+  vtkSmartPointer<vtkPolyData> _polydata;
+  bool _showFaces = true;
+  bool _showEdges = false;
+  bool _smoothShading = true;
+  bool _contour = false;
+  double _ambient = 0.0;
+  double _diffuse = 1.0;
+  double _specular = 0.0;
+  double _specularPower = 1.0;
+  double _pointSize = 1.0;
+  int _pointScaleMode = 0;
+  int _pointScalePixelSize = 0;
+  std::unique_ptr<Vector<3, double>> _pointScaleScalarRange;
+  std::unique_ptr<Vector<3, double>> _pointScaleScalarMapTo;
+  std::string _pointScaleScalarName;
+  bool _ignoreClip = false;
+  Color _faceColor{255, 255, 255, 255};
+  Color _lineColor{0, 0, 0, 255};
+};

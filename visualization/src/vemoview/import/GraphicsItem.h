@@ -1,0 +1,49 @@
+#pragma once
+
+#include "vemoview/import/SceneItem.h"
+
+#include <string>
+
+struct SharedBySiblings;
+namespace lum {
+class Drawable;
+class DrawableCollection;
+}  // namespace lum
+
+/// A part of a scene that can be seen, or hidden.
+class VEMO_IMPORT_EXPORT GraphicsItem : public SceneItem {
+ public:
+  /// What is no more visible than this is hidden.
+  static constexpr double VISIBILITY_THRESHOLD = 0.001;
+
+  explicit GraphicsItem(std::string name);
+  GraphicsItem(const GraphicsItem&) = default;
+  GraphicsItem& operator=(const GraphicsItem&) = default;
+  ~GraphicsItem() override;
+
+  /// Reads name and visibility; an item whose element states no visibility is
+  /// hidden.
+  void read(const QxElement& element, SceneFileReader* reader) override;
+
+  /// From 0 (hidden) to 1; a factor of the item's opacities.
+  virtual void setVisibility(double visibility) { _visibility = visibility; }
+  double getVisibility() const { return _visibility; }
+  bool hasHiddenItems() const { return _visibility <= VISIBILITY_THRESHOLD; }
+
+  /// Converts the item: what it draws is appended to the collection.
+  /// @param level the item's depth in the item tree
+  /// @param parentName the name of the item that holds this one
+  virtual void addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int level,
+                               const std::string& parentName) const = 0;
+
+ protected:
+  void readImpl(const QxElement& element, SceneFileReader* reader);
+
+  /// Shows or hides the drawable as the item is shown or hidden.
+  void addVisibilityAttrib(lum::Drawable& drawable) const;
+
+ private:
+  static inline const std::string XML_ATTRIB_VISIBILITY = "visibility";
+
+  double _visibility = 1.0;
+};

@@ -1,0 +1,3 @@
+#include "vemoview/import/Image2D.h"
+
+Image2D::~Image2D() = default;

@@ -1,0 +1,23 @@
+#include "vemoview/import/Readable.h"
+
+#include "vemoview/import/Exception.h"
+#include "vemoview/import/QxElement.h"
+#include "vemoview/import/SceneFileReader.h"
+
+Readable::~Readable() = default;
+
+void Readable::checkVersion(const QxElement& element, int newest) {
+  if (element.getInt(XML_ATTRIB_VERSION) > newest) {
+    throw FutureVersionException();
+  }
+}
+
+void Readable::checkVersionOfExtra(const QxElement& element, SceneFileReader* reader) {
+  try {
+    checkVersion(element);
+  } catch (const NumberFormatException& exception) {
+    if (reader != nullptr) {
+      reader->addWarning("The version \"" + exception.getMessage() + "\" is not a number and is passed over");
+    }
+  }
+}

@@ -1,0 +1,120 @@
+#include "vemoview/import/SceneFormatHandler.h"
+
+#include "platform/Platform.h"
+#include "platform/WidePath.h"
+#include "platform/WideStream.h"
+#include "scenegraph/Logger.h"
+#include "scenegraph/io/CheckFormat.h"
+#include "vemoview/import/SceneConverter.h"
+#include "vemoview/import/SceneFileReader.h"
+#include "vemoview/import/ZipFileReader.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <fstream>
+#include <ostream>
+#include <string_view>
+
+using lum::io::FileIoStatus;
+
+std::list<std::wstring>& SceneFormatHandler::_filesToDelete = *new std::list<std::wstring>;
+
+namespace {
+
+constexpr std::string_view ZIP_SIGNATURE = "PK\x03\x04";
+constexpr char DATABASE_START = '{';
+
+}  // namespace
+
+bool SceneFormatHandler::isZipSignature(const char* bytes) {
+  return std::ranges::equal(ZIP_SIGNATURE, std::string_view(bytes, ZIP_SIGNATURE.size()));
+}
+
+bool SceneFormatHandler::containsSceneInZip(const std::wstring& path) {
+  const ZipFileReader archive(path);
+  for (int i = 0; i < archive.getEntryCount(); ++i) {
+    if (archive.getEntryName(i) == SceneFileReader::SCENE_ENTRY) {
+      return true;
+    }
+  }
+  return false;
+}
+
+SceneFormatHandler::SceneFormat SceneFormatHandler::detectSceneFormat(const std::wstring& path,
+                                                                      std::ostream& messages) {
+  const std::wstring resolved = Platform::filesystem().getFilePath(path);
+  if (!Platform::filesystem().exists(resolved)) {
+    return FileMissing;
+  }
+  std::ifstream file(toNativePath(resolved), std::ios::binary);
+  if (!file) {
+    return FileUnreadable;
+  }
+  std::array<char, ZIP_SIGNATURE.size()> start{};
+  if (!file.read(start.data(), start.size())) {
+    return UnknownFormat;
+  }
+  if (isZipSignature(start.data())) {
+    return containsSceneInZip(path) ? ZippedScene : UnknownFormat;
+  }
+  if (start.front() == DATABASE_START) {
+    file.clear();
+    file.seekg(0);
+    return sdb::checkFormat(file, messages) ? SceneDatabase : UnknownFormat;
+  }
+  return UnknownFormat;
+}
+
+std::wstring SceneFormatHandler::convertZippedScene(const std::wstring& path) {
+  const std::wstring temporaryPath = Platform::filesystem().makeTemporaryFile(L"");
+  VEMO_LOG_INFO("Registering temporary file \"" << temporaryPath << "\" to be deleted later");
+  _filesToDelete.push_back(temporaryPath);
+  if (std::atexit(clearTemporaryFiles) != 0) {
+    VEMO_LOG_ERROR("Failed to register a function for cleaning temporary files");
+  }
+  SceneConverter(path, temporaryPath).run();
+  return temporaryPath;
+}
+
+FileIoStatus SceneFormatHandler::loadVemoScene(const std::wstring& path, LoadingFunction load,
+                                               std::ostream& messages) {
+  std::wstring pathToLoad = path;
+  switch (detectSceneFormat(path, messages)) {
+    case FileMissing:
+      messages << "File \"" << path << "\" does not exist" << std::endl;
+      return FileIoStatus::NotFound;
+    case FileUnreadable:
+      messages << "Can't open file \"" << path << "\"" << std::endl;
+      return FileIoStatus::ReadError;
+    case ZippedScene:
+      VEMO_LOG_INFO("Old format, converting...\n");
+      pathToLoad = convertZippedScene(path);
+      break;
+    case SceneDatabase:
+      break;
+    default:
+      messages << "\nUnknown file format \"" << path << "\"" << std::endl;
+      return FileIoStatus::UnsupportedFormat;
+  }
+  if (!load(pathToLoad)) {
+    messages << "Error loading \"" << pathToLoad << "\"" << std::endl;
+    return FileIoStatus::ReadError;
+  }
+  return FileIoStatus::Success;
+}
+
+void SceneFormatHandler::clearTemporaryFiles() {
+  for (const std::wstring& path : _filesToDelete) {
+    if (!Platform::filesystem().exists(path)) {
+      continue;
+    }
+    if (Platform::filesystem().remove(path) == 0) {
+      VEMO_LOG_INFO("Temporary file \"" << path << "\" has been successfully deleted");
+    } else {
+      VEMO_LOG_ERROR("Can not delete temporary file \"" << path << "\"");
+    }
+  }
+  _filesToDelete.clear();
+  Platform::reset();
+}

@@ -1,0 +1,20 @@
+#include "vemoview/import/SceneItem.h"
+
+#include "vemoview/import/QxElement.h"
+
+SceneItem::SceneItem(const std::string& name) : _name(name) {}
+SceneItem::~SceneItem() = default;
+
+void SceneItem::read(const QxElement& element, SceneFileReader* reader) {
+  readImpl(element, reader);
+}
+
+void SceneItem::readImpl(const QxElement& element, SceneFileReader* /*reader*/) {
+  const std::string* const name = element.findAttribute(XML_ATTRIB_NAME);
+  _name = name != nullptr ? *name : std::string();
+}
+
+const std::string& SceneItem::pathName(const QxElement& element) {
+  const std::string* const name = element.findAttribute(XML_ATTRIB_NAME);
+  return name != nullptr && !name->empty() ? *name : element.getName();
+}

@@ -1,0 +1,56 @@
+// The part of the SceneFileReader that knows scenes; all else it does without.
+
+#include "errors/InternalError.h"
+#include "scenegraph/Logger.h"
+#include "vemoview/import/Exception.h"
+#include "vemoview/import/QxElement.h"
+#include "vemoview/import/Scene.h"
+#include "vemoview/import/SceneFileReader.h"
+
+namespace {
+
+void readItems(Scene& scene, SceneFileReader& reader) {
+  const auto root = reader.readXml(SceneFileReader::SCENE_ENTRY);
+  const SceneFileReader::ItemScope scope(&reader, root->getName(), root->getLine());
+  scene.read(*root, &reader);
+}
+
+/// A message with the item that it is about.
+void readItemsNamingFailures(Scene& scene, SceneFileReader& reader) {
+  try {
+    readItems(scene, reader);
+  } catch (Exception& exception) {
+    reader.addPlaceTo(exception);
+    throw;
+  } catch (Error& error) {
+    reader.addPlaceTo(error);
+    throw;
+  }
+}
+
+/// The scene graph that the archive may carry beside its items.
+void readPayload(Scene& scene, const SceneFileReader& reader) {
+  const ZipFileReader& archive = reader.getArchive();
+  if (archive.getSize(SceneFileReader::LUM_SCENE_ENTRY) < 0) {
+    return;
+  }
+  scene.setLUMSceneFile(reader.readEntry(SceneFileReader::LUM_SCENE_ENTRY));
+  for (int i = 0; i < archive.getEntryCount(); ++i) {
+    const std::string name = archive.getEntryName(i);
+    if (name.starts_with(SceneFileReader::LUM_ENTRY_PREFIX)) {
+      ArrayOwner data(reader.readEntry(name));
+      scene.addLUMDataFile(data.get());
+      static_cast<void>(data.release());
+    }
+  }
+}
+
+}  // namespace
+
+std::unique_ptr<Scene>& SceneFileReader::read(std::unique_ptr<Scene>& result) {
+  result = std::make_unique<Scene>(std::string());
+  readItemsNamingFailures(*result, *this);
+  VEMO_LOG_INFO("SceneFileReader::read: " << _archive.getEntryCount() << " entries found inside");
+  readPayload(*result, *this);
+  return result;
+}

@@ -1,0 +1,3 @@
+#include "vemoview/import/Streamlines.h"
+
+Streamlines::~Streamlines() = default;

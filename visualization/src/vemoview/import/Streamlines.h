@@ -1,0 +1,16 @@
+#pragma once
+
+#include "vemoview/import/Readable.h"
+
+#include <string>
+
+/// Streamlines that a viewer would compute from a field.
+/// Scene files only mention them: there is nothing to read.
+class VEMO_IMPORT_EXPORT Streamlines : public Readable {
+ public:
+  static inline const std::string XML_ENTITY = "streamlines";
+
+  ~Streamlines() override;
+
+  void read(const QxElement& /*element*/, SceneFileReader* /*reader*/) override {}
+};

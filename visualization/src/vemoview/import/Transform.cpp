@@ -1,0 +1,3 @@
+#include "vemoview/import/Transform.h"
+
+Transform::~Transform() = default;

@@ -1,0 +1,3 @@
+#include "vemoview/import/VectorGlyphs.h"
+
+VectorGlyphs::~VectorGlyphs() = default;

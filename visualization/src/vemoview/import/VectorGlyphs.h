@@ -1,0 +1,16 @@
+#pragma once
+
+#include "vemoview/import/Readable.h"
+
+#include <string>
+
+/// Arrows that a viewer would draw for a field of vectors.
+/// Scene files only mention them: there is nothing to read.
+class VEMO_IMPORT_EXPORT VectorGlyphs : public Readable {
+ public:
+  static inline const std::string XML_ENTITY = "vectors";
+
+  ~VectorGlyphs() override;
+
+  void read(const QxElement& /*element*/, SceneFileReader* /*reader*/) override {}
+};
