@@ -1,0 +1,79 @@
+#include "CommandLine.h"
+
+#include "Command.h"
+#include "Messages.h"
+#include "ResultStream.h"
+
+#include <CLI/CLI.hpp>
+#include <csignal>
+#include <fcntl.h>
+#include <sstream>
+#include <unistd.h>
+
+namespace {
+
+/// A closed standard stream would be taken by the next file that is opened,
+/// and be written into.
+void holdStandardStreams() {
+  while (true) {
+    const int file = open("/dev/null", O_RDONLY);
+    if (file < 0 || file > STDERR_FILENO) {
+      close(file);
+      return;
+    }
+  }
+}
+
+/// What the parser has to say that is no result: the help asked for, or what is
+/// wrong with the arguments.
+ExitCode answer(const CLI::App& app, const CLI::ParseError& error) {
+  std::ostringstream help;
+  std::ostringstream complaint;
+  if (app.exit(error, help, complaint) != 0) {
+    showMessage(complaint.str());
+    return ExitCode::WRONG_USAGE;
+  }
+  ResultStream out;
+  out << help.str();
+  out.finish();
+  return ExitCode::DONE;
+}
+
+/// Fills the command, unless all that was asked for has been answered already.
+ExitCode parse(int argc, char** argv, Command& command) {
+  CLI::App app("Shows what scene files hold, converts old ones to scene-graph databases, and draws them.",
+               "vemoscene");
+  app.set_version_flag("--version", "vemoscene " VEMO_VERSION, "Print the version and exit");
+  app.set_help_flag("-h,--help", "Print this help and exit");
+  app.footer(describeExitCodes());
+  app.require_subcommand(1);
+  addInfoCommand(app, command);
+  addConvertCommand(app, command);
+  addRenderCommand(app, command);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return answer(app, error);
+  }
+  return ExitCode::DONE;
+}
+
+}  // namespace
+
+ExitCode runCommandLine(int argc, char** argv) {
+  holdStandardStreams();
+  // A pipe that its reader has closed is an error of writing; the end by a
+  // signal would leave temporary files.
+  std::signal(SIGPIPE, SIG_IGN);
+  showLog();
+  Command command;
+  try {
+    const ExitCode code = parse(argc, argv, command);
+    if (command.run) {
+      command.run();
+    }
+    return code;
+  } catch (...) {
+    return reportFailure(command.file);
+  }
+}

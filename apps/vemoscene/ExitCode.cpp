@@ -1,0 +1,86 @@
+#include "ExitCode.h"
+
+#include "Messages.h"
+#include "errors/InternalError.h"
+#include "scenegraph/io/FileError.h"
+#include "vemoview/import/Exception.h"
+#include "vemoview/render/RenderErrors.h"
+
+#include <fmt/format.h>
+#include <new>
+
+namespace {
+
+/// What an exception of the import module says, in words where its message is
+/// a bare text or nothing.
+std::string describe(const Exception& exception) {
+  std::string message = exception.getMessage();
+  if (dynamic_cast<const FutureVersionException*>(&exception) != nullptr && message.empty()) {
+    message = "The scene was written by a newer version of the software";
+  } else if (dynamic_cast<const NumberFormatException*>(&exception) != nullptr) {
+    message = fmt::format("\"{}\" is not a number", message);
+  }
+  const std::string place = exception.getPlace();
+  return place.empty() ? message : fmt::format("{}\n({})", message, place);
+}
+
+std::string describe(const InternalError& error) {
+  std::string place = fmt::format("{}:{}", error.getFile(), error.getLine());
+  for (const auto& [name, value] : error.getProperties().all()) {
+    if (name != "file" && name != "line") {
+      place += fmt::format(", {} {}", name, value);
+    }
+  }
+  return fmt::format("{}\n({})", error.getMessage(), place);
+}
+
+ExitCode report(ExitCode code, const std::string& message) {
+  showMessage(message);
+  return code;
+}
+
+/// For messages that need not name the file.
+ExitCode report(ExitCode code, const std::string& file, const std::string& message) {
+  const bool isNamed = message.find(file) != std::string::npos;
+  return report(code, isNamed ? message : fmt::format("{}: {}", file, message));
+}
+
+}  // namespace
+
+std::string describeExitCodes() {
+  return R"(Exit status:
+   0  done
+   2  FILE does not exist
+   3  FILE is no scene of a known format
+   5  FILE cannot be read, or what it holds is faulty
+   6  the result cannot be written
+  64  wrong usage
+  69  no OpenGL to draw with on this machine
+  70  anything else unexpected)";
+}
+
+ExitCode reportFailure(const std::string& file) {
+  try {
+    throw;
+  } catch (const Failure& failure) {
+    return report(failure.getCode(), failure.what());
+  } catch (const FileNotFoundException& exception) {
+    return report(ExitCode::NOT_FOUND, file, describe(exception));
+  } catch (const Exception& exception) {
+    return report(ExitCode::READ_ERROR, file, describe(exception));
+  } catch (const InternalError& error) {
+    return report(ExitCode::READ_ERROR, file, describe(error));
+  } catch (const lum::io::FileError& error) {
+    return report(static_cast<ExitCode>(error.getStatus()), file, error.what());
+  } catch (const RenderingUnavailable& error) {
+    return report(ExitCode::NO_OPENGL, error.what());
+  } catch (const PictureWriteError& error) {
+    return report(ExitCode::CANNOT_WRITE, error.what());
+  } catch (const std::bad_alloc&) {
+    return report(ExitCode::UNEXPECTED, file, "There is not enough memory");
+  } catch (const std::exception& error) {
+    return report(ExitCode::UNEXPECTED, file, error.what());
+  } catch (...) {
+    return report(ExitCode::UNEXPECTED, file, "An error of an unknown kind");
+  }
+}

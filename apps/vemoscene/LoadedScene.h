@@ -1,0 +1,38 @@
+#pragma once
+
+#include "scenegraph/Ptr.h"
+#include "scenegraph/io/SDBReader.h"
+
+#include <string>
+#include <vector>
+
+namespace lum {
+class SceneNode;
+}
+
+/// All that a scene file holds, in memory.
+class LoadedScene {
+ public:
+  struct Record : lum::SDBReader::Record {
+    lum::Ptr<lum::Node> node;
+  };
+
+  /// Opens a scene file of either generation. An old one is converted into a
+  /// temporary file. Throws Failure, and what the reading library throws.
+  explicit LoadedScene(const std::string& file);
+
+  /// Whether the file is an archive of the old generation.
+  bool isZipped() const { return _isZipped; }
+  const std::vector<Record>& getRecords() const { return _records; }
+
+  /// The first scene. Throws Failure with READ_ERROR when there is none.
+  const lum::SceneNode& getSceneNode() const;
+
+ private:
+  bool load(const std::wstring& database);
+  void read(const std::wstring& database);
+
+  std::wstring _path;
+  bool _isZipped = false;
+  std::vector<Record> _records;
+};

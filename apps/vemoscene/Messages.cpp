@@ -1,0 +1,90 @@
+#include "Messages.h"
+
+#include "platform/WidePath.h"
+#include "scenegraph/Logger.h"
+
+#include <algorithm>
+#include <chrono>
+#include <fmt/format.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr std::string_view CLEAR_LINE = "\r\x1b[K";
+
+bool isTerminal() {
+  static const bool result = isatty(STDERR_FILENO) != 0;
+  return result;
+}
+
+bool steersTerminal(wchar_t character) {
+  return character != L'\n' && (character < 0x20 || (character >= 0x7F && character < 0xA0) ||
+                                (character >= 0xD800 && character < 0xE000));
+}
+
+/// Whole, so that lines of several threads do not mix. There is nobody to be
+/// told when it fails.
+void writeError(std::string_view text) {
+  const std::string whole = isTerminal() ? fmt::format("{}{}", CLEAR_LINE, text) : std::string(text);
+  [[maybe_unused]] const auto written = write(STDERR_FILENO, whole.data(), whole.size());
+}
+
+std::string withLineBreaks(std::string_view text) {
+  constexpr std::string_view BREAK = "<br>";
+  std::string result;
+  for (std::size_t at = 0; (at = text.find(BREAK)) != std::string_view::npos;) {
+    result.append(text.substr(0, at)).push_back('\n');
+    text.remove_prefix(at + BREAK.size());
+  }
+  return result.append(text);
+}
+
+}  // namespace
+
+std::string toPrintable(std::string_view text) {
+  std::wstring characters = toWidePath(text);
+  std::ranges::replace_if(characters, steersTerminal, L'\xFFFD');
+  return toNativePath(characters);
+}
+
+void showMessage(std::string_view message) {
+  const std::string text = toPrintable(withLineBreaks(message));
+  const std::size_t first = text.find_first_not_of('\n');
+  if (first != std::string::npos) {
+    const std::size_t last = text.find_last_not_of('\n');
+    writeError(fmt::format("vemoscene: {}\n", text.substr(first, last - first + 1)));
+  }
+}
+
+void showLog() {
+  Logger& logger = Logger::getSingleton();
+  logger.setFlags(Logger::WARNING_FLAG | Logger::ERROR_FLAG);
+  logger.setSink([](const std::string& line) { showMessage(line); });
+}
+
+Progress::Progress(const std::string& activity) {
+  if (isTerminal()) {
+    _thread = std::thread([this, activity] { run(activity); });
+  }
+}
+
+Progress::~Progress() {
+  if (!_thread.joinable()) {
+    return;
+  }
+  {
+    const std::lock_guard lock(_mutex);
+    _ended = true;
+  }
+  _wakeUp.notify_one();
+  _thread.join();
+}
+
+void Progress::run(const std::string& activity) {
+  std::unique_lock lock(_mutex);
+  for (int seconds = 1; !_wakeUp.wait_for(lock, std::chrono::seconds(1), [this] { return _ended; });
+       ++seconds) {
+    writeError(fmt::format("{} ... {} s", activity, seconds));
+  }
+  writeError({});
+}

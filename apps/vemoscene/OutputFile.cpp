@@ -1,0 +1,37 @@
+#include "OutputFile.h"
+
+#include "ExitCode.h"
+
+#include <fcntl.h>
+#include <filesystem>
+#include <fmt/format.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+void refuseSameFile(const std::string& file, const std::string& output) {
+  std::error_code ignored;
+  if (std::filesystem::equivalent(file, output, ignored)) {
+    throw Failure(ExitCode::WRONG_USAGE, fmt::format("\"{}\" and \"{}\" are the same file", file, output));
+  }
+}
+
+// O_PATH: also what may not be read, and without waiting at a pipe.
+ReplacementWatch::ReplacementWatch(const std::string& path)
+    : _path(path), _former(open(path.c_str(), O_PATH | O_CLOEXEC)) {}
+
+ReplacementWatch::~ReplacementWatch() {
+  if (_former >= 0) {
+    close(_former);
+  }
+}
+
+bool ReplacementWatch::isReplaced() const {
+  struct stat now {};
+  struct stat before {};
+  if (stat(_path.c_str(), &now) != 0) {
+    return false;
+  }
+  return _former < 0 || fstat(_former, &before) != 0 || now.st_dev != before.st_dev ||
+         now.st_ino != before.st_ino;
+}

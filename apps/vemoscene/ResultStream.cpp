@@ -1,0 +1,67 @@
+#include "ResultStream.h"
+
+#include "ExitCode.h"
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <string>
+#include <unistd.h>
+
+namespace {
+
+[[noreturn]] void fail(int error) {
+  // Whoever closes the pipe has seen enough and needs no message.
+  throw Failure(ExitCode::CANNOT_WRITE,
+                error == EPIPE ? std::string()
+                               : std::string("Cannot write to standard output: ") + std::strerror(error));
+}
+
+void writeAll(const char* bytes, std::size_t size) {
+  while (size > 0) {
+    const ssize_t written = write(STDOUT_FILENO, bytes, size);
+    if (written >= 0) {
+      bytes += written;
+      size -= static_cast<std::size_t>(written);
+    } else if (errno != EINTR) {
+      fail(errno);
+    }
+  }
+}
+
+}  // namespace
+
+class ResultStream::Buffer : public std::streambuf {
+ public:
+  Buffer() { setp(_bytes.data(), _bytes.data() + _bytes.size()); }
+
+ protected:
+  int_type overflow(int_type character) override {
+    sync();
+    return traits_type::eq_int_type(character, traits_type::eof())
+               ? traits_type::not_eof(character)
+               : sputc(traits_type::to_char_type(character));
+  }
+
+  int sync() override {
+    const auto size = static_cast<std::size_t>(pptr() - pbase());
+    // Before it is written: what fails once is not tried again.
+    setp(_bytes.data(), _bytes.data() + _bytes.size());
+    writeAll(_bytes.data(), size);
+    return 0;
+  }
+
+ private:
+  std::array<char, 1 << 16> _bytes;
+};
+
+ResultStream::ResultStream() : std::ostream(nullptr), _buffer(std::make_unique<Buffer>()) {
+  rdbuf(_buffer.get());
+  exceptions(badbit);
+}
+
+ResultStream::~ResultStream() = default;
+
+void ResultStream::finish() {
+  flush();
+}

@@ -1,0 +1,130 @@
+#include "TreePrinter.h"
+
+#include "FieldText.h"
+#include "Messages.h"
+#include "scenegraph/attributes/AttributesCollection.h"
+#include "scenegraph/drawables/PolyDataNode.h"
+
+#include <vtkCellArray.h>
+#include <vtkDataArray.h>
+
+#include <algorithm>
+#include <fmt/format.h>
+
+namespace {
+
+using Rows = std::vector<std::vector<std::string>>;
+
+constexpr std::size_t INDENT = 2;
+constexpr std::size_t MAX_SIBLINGS = 30;
+constexpr std::size_t MAX_COLUMN = 40;
+
+std::string getTitle(const lum::Node& node) {
+  std::string title = node.className();
+  if (!node.getName().empty() && node.getName() != node.className()) {
+    title += fmt::format(" \"{}\"", toPrintable(node.getName()));
+  }
+  return title;
+}
+
+void addCells(Rows& rows, const char* kind, vtkCellArray* cells) {
+  if (cells != nullptr) {
+    rows.push_back({kind, groupDigits(cells->GetNumberOfCells())});
+  }
+}
+
+void addArrays(Rows& rows, const char* place, const lum::ArrayTable& table) {
+  for (const auto& array : table) {
+    const std::string name = array->GetName() != nullptr ? array->GetName() : "";
+    rows.push_back(
+        {place, fmt::format("\"{}\"", toPrintable(name)), describeType(*array), describeRange(*array)});
+  }
+}
+
+}  // namespace
+
+void TreePrinter::print(const lum::Node& root) {
+  printNode(root, 0, 0);
+  std::vector<Level> levels{makeLevel(root)};
+  while (!levels.empty()) {
+    const std::size_t depth = levels.size();
+    Level& level = levels.back();
+    const std::size_t left = level.nodes.size() - level.next;
+    if (left == 0 || level.next == MAX_SIBLINGS) {
+      if (left > 0) {
+        _out << fmt::format("{:{}}... and {} more\n", "", INDENT * depth,
+                            groupDigits(static_cast<std::int64_t>(left)));
+      }
+      levels.pop_back();
+      continue;
+    }
+    const lum::Node& node = *level.nodes[level.next++];
+    printNode(node, depth, level.width);
+    levels.push_back(makeLevel(node));
+  }
+}
+
+/// An attributes collection is passed over: what it owns stands in its place.
+TreePrinter::Level TreePrinter::makeLevel(const lum::Node& owner) const {
+  Level level;
+  for (const lum::Node* node : owner.getDependents()) {
+    if (dynamic_cast<const lum::AttributesCollection*>(node) != nullptr) {
+      const std::vector<lum::Node*> attributes = node->getDependents();
+      level.nodes.insert(level.nodes.end(), attributes.begin(), attributes.end());
+    } else {
+      level.nodes.push_back(node);
+    }
+  }
+  const auto shown = std::min(level.nodes.size(), MAX_SIBLINGS);
+  for (std::size_t i = 0; i < shown; ++i) {
+    if (!describeFields(*level.nodes[i]).empty()) {
+      level.width = std::clamp(getTitle(*level.nodes[i]).size(), level.width, MAX_COLUMN);
+    }
+  }
+  return level;
+}
+
+void TreePrinter::printNode(const lum::Node& node, std::size_t depth, std::size_t width) {
+  const std::string fields = describeFields(node);
+  _out << fmt::format("{:{}}", "", INDENT * depth);
+  if (fields.empty()) {
+    _out << getTitle(node) << '\n';
+  } else {
+    _out << fmt::format("{:{}}  {}\n", getTitle(node), width, fields);
+  }
+  if (const auto* geometry = dynamic_cast<const lum::PolyDataNode*>(&node)) {
+    printGeometry(*geometry, depth + 1);
+  }
+}
+
+void TreePrinter::printGeometry(const lum::PolyDataNode& node, std::size_t depth) {
+  Rows counts;
+  if (vtkDataArray* points = node.getPoints()) {
+    counts.push_back(
+        {"points", groupDigits(points->GetNumberOfTuples()), describeType(*points), describeRange(*points)});
+  }
+  addCells(counts, "verts", node.getVerts());
+  addCells(counts, "lines", node.getLines());
+  addCells(counts, "strips", node.getStrips());
+  addCells(counts, "polys", node.getPolys());
+  addArrays(counts, "point data", node.getNodeDataArrays());
+  addArrays(counts, "cell data", node.getCellDataArrays());
+  printRows(std::move(counts), depth);
+}
+
+void TreePrinter::printRows(Rows rows, std::size_t depth) {
+  std::vector<std::size_t> widths;
+  for (const auto& row : rows) {
+    widths.resize(std::max(widths.size(), row.size()));
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      widths[i] = std::clamp(row[i].size(), widths[i], MAX_COLUMN);
+    }
+  }
+  for (const auto& row : rows) {
+    std::string line(INDENT * depth, ' ');
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      line += i + 1 < row.size() ? fmt::format("{:{}}  ", row[i], widths[i]) : row[i];
+    }
+    _out << line << '\n';
+  }
+}

@@ -1,0 +1,131 @@
+#include "Command.h"
+#include "FieldText.h"
+#include "LoadedScene.h"
+#include "Messages.h"
+#include "ResultStream.h"
+#include "TreePrinter.h"
+#include "platform/WidePath.h"
+#include "scenegraph/Traversal.h"
+#include "scenegraph/drawables/PolyDataNode.h"
+#include "scenegraph/io/JsonPrinter.h"
+#include "scenegraph/io/JsonWriter.h"
+#include "vemoview/import/ZipFileReader.h"
+
+#include <vtkCellArray.h>
+#include <vtkDataArray.h>
+
+#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <fmt/format.h>
+#include <memory>
+#include <system_error>
+
+namespace {
+
+struct Options {
+  std::string file;
+  bool json = false;
+  bool values = false;
+};
+
+void printJson(std::ostream& out, const LoadedScene& scene, const Options& options) {
+  lum::JsonWriter json(out);
+  const auto print = [&json](const char* name, const std::string& text) {
+    json.key(name);
+    json.value(text);
+  };
+  json.beginObject();
+  print("path", options.file);
+  print("format", scene.isZipped() ? "ZippedScene" : "SceneDatabase");
+  json.key("records");
+  json.beginArray();
+  for (const LoadedScene::Record& record : scene.getRecords()) {
+    json.beginObject();
+    print("title", record.title);
+    print("description", record.description);
+    print("simUUID", record.simUUID);
+    json.key("node");
+    using Values = lum::JsonPrinter::Values;
+    lum::JsonPrinter(json, options.values ? Values::SHOWN : Values::LEFT_OUT).print(*record.node);
+    json.endObject();
+  }
+  json.endArray();
+  json.endObject();
+  json.finish();
+}
+
+void printEntries(std::ostream& out, const std::string& file) {
+  constexpr int MAX_ENTRIES = 20;
+  const ZipFileReader archive(toWidePath(file));
+  const int shown = std::min(archive.getEntryCount(), MAX_ENTRIES);
+  std::size_t width = 0;
+  for (int i = 0; i < shown; ++i) {
+    width = std::max(width, toPrintable(archive.getEntryName(i)).size());
+  }
+  for (int i = 0; i < shown; ++i) {
+    const std::string name = archive.getEntryName(i);
+    out << fmt::format("  {:{}}  {:>14}\n", toPrintable(name), width, describeSize(archive.getSize(name)));
+  }
+  if (shown < archive.getEntryCount()) {
+    out << fmt::format("  ... and {} more\n", groupDigits(archive.getEntryCount() - shown));
+  }
+}
+
+/// How much there is to see in a graph.
+std::string countGeometry(lum::Node& root) {
+  std::int64_t pieces = 0;
+  std::int64_t points = 0;
+  std::int64_t cells = 0;
+  lum::forEachNodeOf<lum::PolyDataNode>(root, [&](const lum::PolyDataNode& node) {
+    ++pieces;
+    points += node.getPoints() != nullptr ? node.getPoints()->GetNumberOfTuples() : 0;
+    for (vtkCellArray* kind : {node.getVerts(), node.getLines(), node.getStrips(), node.getPolys()}) {
+      cells += kind != nullptr ? kind->GetNumberOfCells() : 0;
+    }
+  });
+  return fmt::format("{} of geometry, {} points, {} cells",
+                     pieces == 1 ? "1 piece" : groupDigits(pieces) + " pieces", groupDigits(points),
+                     groupDigits(cells));
+}
+
+void printText(std::ostream& out, const LoadedScene& scene, const Options& options) {
+  std::error_code ignored;
+  const auto size = std::filesystem::file_size(options.file, ignored);
+  out << fmt::format("{}\n{}, {}\n", toPrintable(options.file),
+                     scene.isZipped() ? "Scene archive of the old generation" : "Scene-graph database",
+                     describeSize(static_cast<double>(size)));
+  if (scene.isZipped()) {
+    printEntries(out, options.file);
+  }
+  for (const LoadedScene::Record& record : scene.getRecords()) {
+    out << '\n';
+    if (!scene.isZipped()) {
+      out << fmt::format("Record \"{}\", description \"{}\", simulation \"{}\"\n", toPrintable(record.title),
+                         toPrintable(record.description), toPrintable(record.simUUID));
+    }
+    out << countGeometry(*record.node) << "\n\n";
+    TreePrinter(out).print(*record.node);
+  }
+}
+
+void info(const Options& options) {
+  const LoadedScene scene(options.file);
+  ResultStream out;
+  if (options.json || options.values) {
+    printJson(out, scene, options);
+  } else {
+    printText(out, scene, options);
+  }
+  out.finish();
+}
+
+}  // namespace
+
+void addInfoCommand(CLI::App& app, Command& command) {
+  const auto options = std::make_shared<Options>();
+  CLI::App* const infoApp = app.add_subcommand("info", "Print what a scene file is and holds");
+  infoApp->add_option("FILE", options->file, "The scene archive or database to read")->required();
+  infoApp->add_flag("--json", options->json, "Print one JSON object, for programs");
+  infoApp->add_flag("--values", options->values, "Print it with all values of data arrays (implies --json)");
+  infoApp->callback([options, &command] { command = {options->file, [options] { info(*options); }}; });
+}

@@ -1,0 +1,74 @@
+#include "Command.h"
+#include "ExitCode.h"
+#include "LoadedScene.h"
+#include "Messages.h"
+#include "OutputFile.h"
+#include "vemoview/render/ScenePicture.h"
+
+#include <CLI/CLI.hpp>
+#include <charconv>
+#include <fmt/format.h>
+#include <memory>
+#include <optional>
+
+namespace {
+
+constexpr int MAX_SIZE = 16384;
+
+struct Options {
+  std::string file;
+  std::string output;
+  RenderOptions picture;
+};
+
+/// A whole text that is a number of pixels.
+std::optional<int> parsePixels(std::string_view text) {
+  int pixels = 0;
+  const char* const end = text.data() + text.size();
+  const auto result = std::from_chars(text.data(), end, pixels);
+  const bool isValid = result.ec == std::errc() && result.ptr == end && pixels >= 1 && pixels <= MAX_SIZE;
+  return isValid ? std::optional(pixels) : std::nullopt;
+}
+
+/// What the parser wants: empty when all is well, else what is wrong.
+std::string parseSize(const std::string& text, RenderOptions& picture) {
+  const std::size_t separator = text.find('x');
+  if (separator != std::string::npos) {
+    const auto width = parsePixels(std::string_view(text).substr(0, separator));
+    const auto height = parsePixels(std::string_view(text).substr(separator + 1));
+    if (width && height) {
+      picture.width = *width;
+      picture.height = *height;
+      return {};
+    }
+  }
+  return fmt::format("\"{}\" is no size such as 1024x768, with 1 to {} pixels each way", text, MAX_SIZE);
+}
+
+void render(const Options& options) {
+  refuseSameFile(options.file, options.output);
+  const LoadedScene scene(options.file);
+  const Progress progress(fmt::format("Drawing {}", toPrintable(options.file)));
+  renderPicture(scene.getSceneNode(), options.picture).writePng(options.output);
+}
+
+}  // namespace
+
+void addRenderCommand(CLI::App& app, Command& command) {
+  const auto options = std::make_shared<Options>();
+  CLI::App* const renderApp =
+      app.add_subcommand("render", "Draw the picture that the viewer would show; needs no display");
+  renderApp->add_option("FILE", options->file, "The scene archive or database to read")->required();
+  renderApp->add_option("OUT", options->output, "The picture to write, a PNG file")->required();
+  renderApp
+      ->add_option_function<std::string>("--size",
+                                         [options](const std::string& text) {
+                                           const std::string complaint = parseSize(text, options->picture);
+                                           if (!complaint.empty()) {
+                                             throw CLI::ValidationError("--size", complaint);
+                                           }
+                                         })
+      ->option_text("WxH")
+      ->description("Width and height of the picture in pixels; without it 1024x768");
+  renderApp->callback([options, &command] { command = {options->file, [options] { render(*options); }}; });
+}

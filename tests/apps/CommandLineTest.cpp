@@ -1,0 +1,243 @@
+#include "ProgramRun.h"
+#include "support/ArchiveBuilder.h"
+#include "support/TemporaryFolder.h"
+
+#include <chrono>
+#include <csignal>
+#include <fcntl.h>
+#include <fstream>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+using nlohmann::json;
+using testing::HasSubstr;
+
+std::string makeDescription(const std::string& arrayEntry, const std::string& version = "1") {
+  return R"(<scene name="plate" version="1" background="204060ff">
+  <view version="1" perspective="false" parallelScale="2">
+    <position x="0" y="0" z="5"/><up x="0" y="1" z="0"/><focalPt x="0" y="0" z="0"/>
+  </view>
+  <geometry name="piece" version=")" +
+         version +
+         R"(" visibility="1.0" lineColor="000000ff" faceColor="ff8000ff" lineWidth="1.0" showEdges="false"
+      showFaces="true" smoothShading="false" pointSize="3.0" points="points" polys="polys">
+    <array name="heat" dim="1" vertexData="true" data=")" +
+         arrayEntry + R"("/>
+  </geometry>
+</scene>)";
+}
+
+/// A triangle, with as many further points as are asked for.
+ArchiveBuilder makeArchive(const std::string& description, std::size_t furtherPoints = 0) {
+  std::vector<float> points{0, 0, 0, 1, 0, 0, 0, 1, 0};
+  points.resize(points.size() + 3 * furtherPoints, 0.1F);
+  std::vector<float> heat{2.5F, -1, 0.1F};
+  heat.resize(heat.size() + furtherPoints, 0.1F);
+  return ArchiveBuilder()
+      .text("scene.xml", description)
+      .floats("points", points)
+      .floats("heat", heat)
+      .ints("polys", {3, 0, 1, 2});
+}
+
+std::string readFile(const fs::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+void writeFile(const fs::path& path, const std::string& bytes) {
+  std::ofstream(path, std::ios::binary) << bytes;
+}
+
+/// A folder with files that commands are tried on.
+class CommandLineTest : public testing::Test {
+ protected:
+  CommandLineTest() {
+    makeArchive(makeDescription("heat")).write(_folder / "scene.zip");
+    fs::copy_file(_folder / "scene.zip", _folder / "sc\xC3\xA8ne \xFF.zip");
+    makeArchive(makeDescription("cold")).write(_folder / "incomplete.zip");
+    makeArchive(makeDescription("heat", "2")).write(_folder / "future.zip");
+    makeArchive("<scene><view></scene>").write(_folder / "unclosed.zip");
+    ArchiveBuilder().text("other.xml", "<scene/>").write(_folder / "other.zip");
+    writeFile(_folder / "text.txt", "no scene at all");
+    writeFile(_folder / "brace.sdb", "{ no database either");
+    fs::create_directory(_folder / "folder");
+    EXPECT_EQ(run({"convert", "scene.zip", "scene.sdb"}).exitCode, 0);
+    std::string bytes = readFile(_folder / "scene.sdb");
+    writeFile(_folder / "half.sdb", bytes.substr(0, bytes.size() / 2));
+    // Arrays stand behind the header, each on a boundary of 64 bytes.
+    bytes.at(bytes.find(std::string("\0\0\x20\x40", 4))) = '\1';
+    writeFile(_folder / "wrong.sdb", bytes);
+  }
+
+  ProgramResult run(const std::vector<std::string>& arguments, const fs::path& output = {}) const {
+    return ProgramRun(arguments, _folder.path(), _temporary.path(), output).finish();
+  }
+
+  void expectNoTemporaryFiles() const { EXPECT_TRUE(fs::is_empty(_temporary.path())); }
+
+  TemporaryFolder _folder;
+  TemporaryFolder _temporary;
+};
+
+TEST_F(CommandLineTest, EndsWithTheRightCodeAndMessage) {
+  struct Case {
+    std::vector<std::string> arguments;
+    int exitCode;
+    std::string out;
+    std::string err;
+  };
+  const std::string invalid = "sc\xC3\xA8ne \xFF.zip";
+  const Case cases[] = {
+      {{"--help"}, 0, "Exit status:", ""},
+      {{"--version"}, 0, "vemoscene ", ""},
+      {{"render", "--help"}, 0, "--size WxH", ""},
+      {{}, 64, "", "subcommand is required"},
+      {{"frobnicate"}, 64, "", "frobnicate"},
+      {{"info"}, 64, "", "FILE is required"},
+      {{"info", "scene.zip", "more"}, 64, "", "more"},
+      {{"info", "scene.zip"}, 0, "PolyDataNode", ""},
+      {{"info", "scene.sdb"}, 0, "\"heat\"", ""},
+      {{"info", invalid}, 0, "sc\xC3\xA8ne \xEF\xBF\xBD.zip", ""},
+      {{"info", "nowhere.zip"}, 2, "", "File \"nowhere.zip\" does not exist"},
+      {{"info", ""}, 2, "", "does not exist"},
+      {{"info", "text.txt"}, 3, "", "Unknown file format \"text.txt\""},
+      {{"info", "other.zip"}, 3, "", "Unknown file format"},
+      {{"info", "brace.sdb"}, 3, "", "Unknown file format"},
+      {{"info", "half.sdb"}, 3, "", "Unknown file format"},
+      {{"info", "wrong.sdb"}, 5, "", "wrong.sdb"},
+      {{"info", "incomplete.zip"}, 5, "", "Requested non-existent entry 'cold'.\nYour file may be corrupt."},
+      {{"info", "incomplete.zip"}, 5, "", "item plate/piece"},
+      {{"info", "future.zip"}, 5, "", "newer version"},
+      {{"info", "unclosed.zip"}, 5, "", "line 1"},
+      {{"convert", "scene.zip"}, 64, "", "OUT is required"},
+      {{"convert", invalid, "\xFE.sdb"}, 0, "", ""},
+      {{"convert", "scene.sdb", "copy.sdb"}, 0, "", ""},
+      {{"convert", "nowhere.zip", "x.sdb"}, 2, "", "does not exist"},
+      {{"convert", "text.txt", "x.sdb"}, 3, "", "Unknown file format"},
+      {{"convert", "incomplete.zip", "x.sdb"}, 5, "", "cold"},
+      {{"convert", "wrong.sdb", "x.sdb"}, 5, "", "wrong.sdb"},
+      {{"convert", "scene.zip", "no folder/x.sdb"}, 6, "", "\"no folder/x.sdb\" cannot be written"},
+      {{"convert", "scene.sdb", "folder"}, 6, "", "\"folder\" cannot be written"},
+      {{"convert", "scene.zip", "./scene.zip"}, 64, "", "same file"},
+      {{"render", "scene.zip", "scene.zip"}, 64, "", "same file"},
+      {{"render", "scene.zip", "x.png", "--size", "0x10"}, 64, "", "0x10"},
+      {{"render", "scene.zip", "x.png", "--size", "99999x10"}, 64, "", "16384"},
+      {{"render", "scene.zip", "x.png", "--size", "10"}, 64, "", "1024x768"},
+      {{"render", "nowhere.zip", "x.png"}, 2, "", "does not exist"},
+  };
+  for (const Case& each : cases) {
+    const ProgramResult result = run(each.arguments);
+    const std::string arguments = testing::PrintToString(each.arguments);
+    EXPECT_EQ(result.exitCode, each.exitCode) << arguments << result.err;
+    EXPECT_THAT(result.out, HasSubstr(each.out)) << arguments;
+    EXPECT_THAT(result.err, HasSubstr(each.err)) << arguments;
+    EXPECT_EQ(result.out.empty(), each.out.empty()) << arguments;
+    EXPECT_EQ(result.err.empty(), each.err.empty()) << arguments << result.err;
+    expectNoTemporaryFiles();
+  }
+  EXPECT_FALSE(fs::exists(_folder / "x.sdb"));
+  EXPECT_FALSE(fs::exists(_folder / "x.png"));
+  EXPECT_TRUE(fs::exists(_folder / "\xFE.sdb"));
+}
+
+TEST_F(CommandLineTest, PrintsJsonForPrograms) {
+  const json archive = json::parse(run({"info", "scene.zip", "--json", "--values"}).out);
+  EXPECT_EQ(archive["path"], "scene.zip");
+  EXPECT_EQ(archive["format"], "ZippedScene");
+  const json& record = archive["records"].at(0);
+  EXPECT_EQ(record["title"], "title");
+  EXPECT_EQ(record["description"], "description");
+  EXPECT_EQ(record["simUUID"], "simUUID");
+  EXPECT_EQ(record["node"]["class"], "SceneNode");
+  EXPECT_EQ(record["node"]["name"], "plate");
+  const std::string text = record.dump();
+  EXPECT_THAT(text,
+              HasSubstr(R"("solidColor":[0.12549019607843137,0.25098039215686274,0.3764705882352941])"));
+  EXPECT_THAT(
+      text,
+      HasSubstr(
+          R"("heat":{"components":1,"range":[-1,2.5],"tuples":3,"type":"float32","values":[2.5,-1,0.1]})"));
+
+  const json database = json::parse(run({"info", "scene.sdb", "--json"}).out);
+  EXPECT_EQ(database["format"], "SceneDatabase");
+  EXPECT_THAT(database["records"].dump(), Not(HasSubstr("\"values\"")));
+  EXPECT_EQ(json::parse(run({"info", "scene.sdb", "--json", "--values"}).out)["records"], archive["records"])
+      << "a scene and its database say the same";
+}
+
+TEST_F(CommandLineTest, ConvertsToTheSameBytesAndCopies) {
+  const std::string former = readFile(_folder / "scene.sdb");
+  writeFile(_folder / "again.sdb", "an old file");
+  EXPECT_EQ(run({"convert", "scene.zip", "again.sdb"}).exitCode, 0);
+  EXPECT_EQ(run({"convert", "again.sdb", "copy.sdb"}).exitCode, 0);
+  EXPECT_EQ(readFile(_folder / "again.sdb"), former);
+  EXPECT_EQ(readFile(_folder / "copy.sdb"), former);
+  EXPECT_EQ(run({"convert", "incomplete.zip", "again.sdb"}).exitCode, 5);
+  EXPECT_EQ(run({"convert", "again.sdb", "again.sdb"}).exitCode, 64);
+  EXPECT_EQ(readFile(_folder / "again.sdb"), former) << "what fails leaves the old file";
+}
+
+TEST_F(CommandLineTest, DrawsOrSaysThatItCannot) {
+  const ProgramResult result = run({"render", "scene.zip", "scene.png", "--size", "30x20"});
+  expectNoTemporaryFiles();
+  if (result.exitCode == 69) {
+    EXPECT_FALSE(result.err.empty());
+    EXPECT_FALSE(fs::exists(_folder / "scene.png"));
+    GTEST_SKIP() << "no OpenGL: " << result.err;
+  }
+  EXPECT_EQ(result.exitCode, 0) << result.err;
+  const std::string picture = readFile(_folder / "scene.png");
+  ASSERT_GT(picture.size(), 24U);
+  EXPECT_EQ(picture.substr(16, 8), std::string("\0\0\0\x1E\0\0\0\x14", 8)) << "width and height";
+  EXPECT_EQ(run({"render", "scene.sdb", "again.png", "--size", "30x20"}).exitCode, 0);
+  EXPECT_EQ(readFile(_folder / "again.png"), picture);
+  EXPECT_EQ(run({"render", "scene.zip", "no folder/x.png"}).exitCode, 6);
+}
+
+TEST_F(CommandLineTest, NoticesThatResultsCannotBeWritten) {
+  const ProgramResult full = run({"info", "scene.zip"}, "/dev/full");
+  EXPECT_EQ(full.exitCode, 6);
+  EXPECT_THAT(full.err, HasSubstr("standard output"));
+  EXPECT_EQ(run({"--help"}, "/dev/full").exitCode, 6);
+  expectNoTemporaryFiles();
+}
+
+/// A run that hangs because nobody reads what it prints, with its temporary
+/// files in place.
+class HangingRunTest : public CommandLineTest {
+ protected:
+  HangingRunTest() {
+    makeArchive(makeDescription("heat"), 50'000).write(_folder / "large.zip");
+    const fs::path pipe = _folder / "pipe";
+    EXPECT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    // To read and write, so that opening does not wait for the other side.
+    _pipe = open(pipe.c_str(), O_RDWR | O_CLOEXEC);
+    _run.emplace(std::vector<std::string>{"info", "large.zip", "--values"}, _folder.path(), _temporary.path(),
+                 pipe);
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    while (fs::is_empty(_temporary.path()) && std::chrono::steady_clock::now() < end) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    EXPECT_FALSE(fs::is_empty(_temporary.path()));
+  }
+  ~HangingRunTest() override { close(_pipe); }
+
+  int _pipe;
+  std::optional<ProgramRun> _run;
+};
+
+TEST_F(HangingRunTest, LeavesNothingBehindWhenItIsEnded) {
+  _run->sendSignal(SIGTERM);
+  EXPECT_EQ(_run->finish().exitCode, -SIGTERM);
+  expectNoTemporaryFiles();
+}
+
+}  // namespace
