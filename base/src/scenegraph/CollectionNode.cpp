@@ -104,6 +104,16 @@ bool CollectionNode::removeNode(Node& node) {
   return true;
 }
 
+void CollectionNode::removeAllNodes() {
+  _index.reset();
+  for (const auto& node : _nodes) {
+    static_cast<Node*>(node.getObject())->_owner = nullptr;
+    static_cast<Node*>(node.getObject())->_order = 0;
+  }
+  _nodes.clear();
+  modified();
+}
+
 void CollectionNode::buildIndexWhenLarge() {
   if (_nodes.size() < INDEX_THRESHOLD) {
     return;

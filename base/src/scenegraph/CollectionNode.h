@@ -29,6 +29,7 @@ class VEMO_SCENEGRAPH_EXPORT CollectionNode : public Node {
 
   /// False when the node is not in this collection.
   bool removeNode(Node& node);
+  void removeAllNodes();
 
   /// The first node of exactly this class; null when there is none.
   Node* find(const std::string& className) const;

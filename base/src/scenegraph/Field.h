@@ -67,6 +67,7 @@ class FieldList {
   auto begin() const { return _fields.begin(); }
   auto end() const { return _fields.end(); }
   std::size_t size() const { return _fields.size(); }
+  const Field& operator[](std::size_t place) const { return _fields[place]; }
   void clear() { _fields.clear(); }
 
  private:

@@ -9,6 +9,12 @@
 #include <string>
 #include <vector>
 
+namespace lum::io {
+
+class GraphDecoder;
+
+}
+
 namespace lum {
 
 class NodeRegistry;
@@ -87,6 +93,7 @@ class VEMO_SCENEGRAPH_EXPORT Node : public Object {
   friend class CollectionNode;
   friend class NodeRegistry;
   friend class OwnedSlot;
+  friend class io::GraphDecoder;
 
   std::string _name;
   std::optional<std::string> _qualifiedName;

@@ -43,7 +43,7 @@ class VEMO_SCENEGRAPH_EXPORT SDBReader {
   SDBReader& operator=(const SDBReader&) = delete;
   ~SDBReader();
 
-  const std::vector<Record>& getRecords() const;
+  const std::vector<Record>& getRecords() const { return _records; }
   std::vector<Array> getArrays() const;
 
   /// Decodes a record's node with all that it owns, arrays included, in the
@@ -56,6 +56,7 @@ class VEMO_SCENEGRAPH_EXPORT SDBReader {
  private:
   class Database;
   std::unique_ptr<Database> _database;
+  std::vector<Record> _records;
 };
 
 }  // namespace lum

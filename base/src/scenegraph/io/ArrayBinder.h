@@ -1,0 +1,68 @@
+#pragma once
+
+#include "scenegraph/Node.h"
+#include "scenegraph/Ptr.h"
+#include "scenegraph/io/PolyDataCheck.h"
+
+#include <vtkDataArray.h>
+#include <vtkSmartPointer.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace lum::io {
+
+/// Gives decoded nodes their arrays, each node when the last of its arrays is
+/// there. Nodes whose arrays do not fit each other stay without.
+class ArrayBinder {
+ public:
+  /// Takes the arrays out of a field; other fields stay as they are.
+  static void clear(const Field& field);
+
+  /// A node waits for these chunks from now on, and for no others: its field at
+  /// a place takes a chunk, or several, in the order in which they are told.
+  void expectFor(Node& node, bool isNew);
+  void expect(std::size_t place, std::size_t chunk);
+
+  bool isExpected(std::size_t chunk);
+  bool has(std::size_t chunk) const { return chunk < _arrays.size() && _arrays[chunk]; }
+
+  /// Takes an array. What is wrong with the first of the nodes that are
+  /// complete now; empty when nothing is.
+  std::string provide(std::size_t chunk, vtkDataArray& array);
+
+  /// Completes nodes that use only arrays that were there before them.
+  std::string provideKnown();
+
+ private:
+  struct Use {
+    std::uint32_t chunk;
+    std::uint32_t place;
+    std::uint32_t waiting;
+  };
+  struct Waiting {
+    Ptr<Node> node;
+    std::size_t firstUse;
+    std::size_t useCount;
+    std::size_t missing;
+  };
+
+  void sortUses();
+  std::string complete(std::uint32_t waiting);
+  std::string putArrays(const Waiting& waiting, FieldList& fields);
+
+  std::vector<vtkSmartPointer<vtkDataArray>> _arrays;
+  std::vector<Use> _uses;
+  // Numbers of uses, in the order of their chunks.
+  std::vector<std::uint32_t> _byChunk;
+  std::vector<Waiting> _waiting;
+  std::size_t _firstUnknown = 0;
+  // Of nodes that changed: the last time that they began to wait.
+  std::unordered_map<const Node*, std::uint32_t> _latest;
+  PolyDataCheck _check;
+};
+
+}  // namespace lum::io

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+#include <type_traits>
+
+namespace lum::io {
+
+/// The only way to the bytes of a file's tables: a cursor that never leaves
+/// them. Whatever does not fit throws FileError (ReadError) that says what was
+/// to be read.
+class ByteReader {
+ public:
+  explicit ByteReader(std::string_view bytes) : _left(bytes) {}
+
+  std::size_t left() const { return _left.size(); }
+
+  std::uint64_t number(const char* what);
+  std::int64_t signedNumber(const char* what);
+
+  /// A number below a limit.
+  std::size_t index(const char* what, std::size_t limit);
+
+  /// The number of things that follow, each at least so many bytes long: more
+  /// of them than there are bytes left are refused, so that room may be made
+  /// for that many.
+  std::size_t count(const char* what, std::size_t leastBytes);
+
+  template <class T>
+  T raw(const char* what) {
+    static_assert(std::is_arithmetic_v<T> && !std::is_same_v<T, bool>);
+    T value;
+    std::memcpy(&value, take(sizeof value, what).data(), sizeof value);
+    return value;
+  }
+
+  std::string_view take(std::uint64_t size, const char* what);
+
+  /// A text after its length.
+  std::string_view text(const char* what) { return take(number(what), what); }
+
+ private:
+  std::string_view _left;
+};
+
+}  // namespace lum::io

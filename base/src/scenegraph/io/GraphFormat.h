@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+/// How a graph is written, in databases and in streams:
+///
+///   tables    strings   count, (length, bytes) each
+///             classes   count, (name, number of fields, (name, kind, default) each) each
+///             chunks    count, rows (ChunkRow)
+///   graph     size in bytes of what follows
+///             count of nodes; numbers of the nodes that changed
+///             nodes, owners first, each followed by all that it owns:
+///               class + 1, or 0 and the number of a node written before
+///               place: 0 for the root, else one more than how many levels
+///               below the node before this one the owner does not lie: 1 for
+///               a node owned by the one just before it, 2 for one owned by
+///               that one's owner, and so on
+///               number of the owner's field that holds the node (not for the root)
+///               of new and changed nodes: presence bits (name, qualified name,
+///               then the fields that have values, lowest bit first) and what
+///               is present; what equals the class's default is not
+///             references: count, (node, field, target) each
+///             zeros, up to 8 bytes a node
+///
+/// New nodes are numbered in their order, on from the last graph of the stream.
+/// Ownership is a matter of place: no file can say that a node has two owners,
+/// or owns itself. Defaults stand in the file because those of a later version
+/// may be others. Names and texts are numbers of strings.
+namespace lum::io {
+
+/// A graph has at least so many bytes a node, so that a file of a given size
+/// can make us allocate only so much.
+inline constexpr std::size_t MINIMUM_NODE_BYTES = 8;
+
+/// Presence bits of names.
+inline constexpr std::size_t NAME_BIT = 0;
+inline constexpr std::size_t QUALIFIED_NAME_BIT = 1;
+inline constexpr std::size_t FIRST_FIELD_BIT = 2;
+
+inline constexpr std::uint64_t KNOWN_NODE = 0;
+inline constexpr std::uint64_t ROOT_PLACE = 0;
+
+}  // namespace lum::io
