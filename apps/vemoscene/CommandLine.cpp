@@ -46,12 +46,17 @@ ExitCode parse(int argc, char** argv, Command& command) {
   app.set_version_flag("--version", "vemoscene " VEMO_VERSION, "Print the version and exit");
   app.set_help_flag("-h,--help", "Print this help and exit");
   app.footer(describeExitCodes());
-  app.require_subcommand(1);
+  app.require_subcommand(0, 1);
   addInfoCommand(app, command);
   addConvertCommand(app, command);
   addRenderCommand(app, command);
   try {
     app.parse(argc, argv);
+    // Not asked of the parser, which would not name a subcommand that it does
+    // not know.
+    if (!command.run) {
+      throw CLI::RequiredError::Subcommand(1);
+    }
   } catch (const CLI::ParseError& error) {
     return answer(app, error);
   }

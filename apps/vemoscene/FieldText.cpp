@@ -171,18 +171,21 @@ std::string describeType(const vtkDataArray& array) {
 }
 
 std::string describeRange(vtkDataArray& array) {
-  constexpr int FEW = 3;
   constexpr int LENGTHS = -1;
   const int components = array.GetNumberOfComponents();
-  std::string text;
-  for (int i = 0; i < (components <= FEW ? components : 1); ++i) {
+  const auto describe = [&array](int component) {
     std::array<double, 2> range{};
-    array.GetFiniteRange(range.data(), components <= FEW ? i : LENGTHS);
-    const bool isKnown = range[0] <= range[1];
-    text += fmt::format("{}{}", i == 0 ? "" : ", ",
-                        isKnown ? describeInterval(range[0], range[1]) : "none finite");
+    array.GetFiniteRange(range.data(), component);
+    return range[0] <= range[1] ? describeInterval(range[0], range[1]) : std::string("none finite");
+  };
+  switch (components) {
+    case 1:
+      return describe(0);
+    case 3:
+      return fmt::format("x {}, y {}, z {}", describe(0), describe(1), describe(2));
+    default:
+      return "length " + describe(LENGTHS);
   }
-  return components <= FEW ? text : "lengths " + text;
 }
 
 std::string groupDigits(std::int64_t count) {

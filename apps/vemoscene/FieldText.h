@@ -21,8 +21,8 @@ std::string describeFields(const lum::Node& node);
 /// What kind of values an array holds: "float32 x 3".
 std::string describeType(const vtkDataArray& array);
 
-/// Between which values an array's finite ones lie: of each component when there
-/// are up to three, else of their lengths.
+/// Between which values an array's finite ones lie: those of x, y and z when it
+/// has three components, else, when it has several, their lengths.
 std::string describeRange(vtkDataArray& array);
 
 /// 1234567 -> "1,234,567".

@@ -28,13 +28,12 @@ bool LoadedScene::load(const std::wstring& database) {
   try {
     read(database);
   } catch (const lum::io::FileError& error) {
-    if (!_isZipped) {
-      throw;
+    // Where the converter could not write there is no database.
+    if (_isZipped && error.getStatus() != lum::io::FileIoStatus::ReadError) {
+      throw Failure(ExitCode::CANNOT_WRITE, fmt::format("\"{}\", for the converted scene, cannot be written",
+                                                        toNativePath(database)));
     }
-    // The user's file is sound: it has been converted.
-    throw Failure(ExitCode::CANNOT_WRITE, fmt::format("The converted scene cannot be kept in the folder for "
-                                                      "temporary files, \"{}\": {}",
-                                                      toNativePath(database), error.what()));
+    throw;
   }
   return true;
 }

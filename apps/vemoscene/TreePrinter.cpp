@@ -3,6 +3,7 @@
 #include "FieldText.h"
 #include "Messages.h"
 #include "scenegraph/attributes/AttributesCollection.h"
+#include "scenegraph/drawables/Drawable.h"
 #include "scenegraph/drawables/PolyDataNode.h"
 
 #include <vtkCellArray.h>
@@ -23,6 +24,11 @@ std::string getTitle(const lum::Node& node) {
   std::string title = node.className();
   if (!node.getName().empty() && node.getName() != node.className()) {
     title += fmt::format(" \"{}\"", toPrintable(node.getName()));
+  }
+  const auto* const drawable = dynamic_cast<const lum::Drawable*>(&node);
+  const auto* const base = drawable != nullptr ? drawable->findAttributes<lum::BaseAttributes>() : nullptr;
+  if (base != nullptr && !base->getVisibility()) {
+    title += " (hidden)";
   }
   return title;
 }

@@ -62,7 +62,11 @@ class CommandLineTest : public testing::Test {
   CommandLineTest() {
     makeArchive(makeDescription("heat")).write(_folder / "scene.zip");
     fs::copy_file(_folder / "scene.zip", _folder / "sc\xC3\xA8ne \xFF.zip");
-    makeArchive(makeDescription("cold")).write(_folder / "incomplete.zip");
+    makeArchive(makeDescription("heat"))
+        .bytes("heat", {})
+        .forge([](ArchiveBuilder::Entry& entry) { entry.method = 99; })
+        .write(_folder / "incomplete.zip");
+    makeArchive(makeDescription("cold")).write(_folder / "cold.zip");
     makeArchive(makeDescription("heat", "2")).write(_folder / "future.zip");
     makeArchive("<scene><view></scene>").write(_folder / "unclosed.zip");
     ArchiveBuilder().text("other.xml", "<scene/>").write(_folder / "other.zip");
@@ -113,8 +117,9 @@ TEST_F(CommandLineTest, EndsWithTheRightCodeAndMessage) {
       {{"info", "brace.sdb"}, 3, "", "Unknown file format"},
       {{"info", "half.sdb"}, 3, "", "Unknown file format"},
       {{"info", "wrong.sdb"}, 5, "", "wrong.sdb"},
-      {{"info", "incomplete.zip"}, 5, "", "Requested non-existent entry 'cold'.\nYour file may be corrupt."},
-      {{"info", "incomplete.zip"}, 5, "", "item plate/piece"},
+      {{"info", "incomplete.zip"}, 5, "", "'heat'\nYour file may be corrupt."},
+      {{"info", "cold.zip"}, 5, "", "entry 'cold'"},
+      {{"info", "cold.zip"}, 5, "", "item scene/piece"},
       {{"info", "future.zip"}, 5, "", "newer version"},
       {{"info", "unclosed.zip"}, 5, "", "line 1"},
       {{"convert", "scene.zip"}, 64, "", "OUT is required"},
@@ -122,7 +127,7 @@ TEST_F(CommandLineTest, EndsWithTheRightCodeAndMessage) {
       {{"convert", "scene.sdb", "copy.sdb"}, 0, "", ""},
       {{"convert", "nowhere.zip", "x.sdb"}, 2, "", "does not exist"},
       {{"convert", "text.txt", "x.sdb"}, 3, "", "Unknown file format"},
-      {{"convert", "incomplete.zip", "x.sdb"}, 5, "", "cold"},
+      {{"convert", "incomplete.zip", "x.sdb"}, 5, "", "heat"},
       {{"convert", "wrong.sdb", "x.sdb"}, 5, "", "wrong.sdb"},
       {{"convert", "scene.zip", "no folder/x.sdb"}, 6, "", "\"no folder/x.sdb\" cannot be written"},
       {{"convert", "scene.sdb", "folder"}, 6, "", "\"folder\" cannot be written"},
@@ -178,11 +183,11 @@ TEST_F(CommandLineTest, ConvertsToTheSameBytesAndCopies) {
   writeFile(_folder / "again.sdb", "an old file");
   EXPECT_EQ(run({"convert", "scene.zip", "again.sdb"}).exitCode, 0);
   EXPECT_EQ(run({"convert", "again.sdb", "copy.sdb"}).exitCode, 0);
-  EXPECT_EQ(readFile(_folder / "again.sdb"), former);
-  EXPECT_EQ(readFile(_folder / "copy.sdb"), former);
+  EXPECT_TRUE(readFile(_folder / "again.sdb") == former);
+  EXPECT_TRUE(readFile(_folder / "copy.sdb") == former);
   EXPECT_EQ(run({"convert", "incomplete.zip", "again.sdb"}).exitCode, 5);
   EXPECT_EQ(run({"convert", "again.sdb", "again.sdb"}).exitCode, 64);
-  EXPECT_EQ(readFile(_folder / "again.sdb"), former) << "what fails leaves the old file";
+  EXPECT_TRUE(readFile(_folder / "again.sdb") == former) << "what fails leaves the old file";
 }
 
 TEST_F(CommandLineTest, DrawsOrSaysThatItCannot) {
@@ -198,7 +203,7 @@ TEST_F(CommandLineTest, DrawsOrSaysThatItCannot) {
   ASSERT_GT(picture.size(), 24U);
   EXPECT_EQ(picture.substr(16, 8), std::string("\0\0\0\x1E\0\0\0\x14", 8)) << "width and height";
   EXPECT_EQ(run({"render", "scene.sdb", "again.png", "--size", "30x20"}).exitCode, 0);
-  EXPECT_EQ(readFile(_folder / "again.png"), picture);
+  EXPECT_TRUE(readFile(_folder / "again.png") == picture);
   EXPECT_EQ(run({"render", "scene.zip", "no folder/x.png"}).exitCode, 6);
 }
 
