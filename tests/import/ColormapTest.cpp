@@ -1,0 +1,63 @@
+#include "SceneFixture.h"
+#include "vemoview/import/Colormap.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+lum::Ptr<lum::ScalarAttributes> applied(const std::string& xml, bool withArray = true) {
+  lum::Ptr<lum::ScalarAttributes> scalars(
+      new lum::ScalarAttributes(lum::ClassNameNodeInitializer(lum::ScalarAttributes::getClassName())));
+  if (withArray) {
+    scalars->getDataArray();
+  }
+  Colormap colormap;
+  colormap.read(*elementOf(xml), nullptr);
+  colormap.applyTo(*scalars);
+  return scalars;
+}
+
+TEST(ColormapTest, FillsTheTableAndTellsTheArrayItsRange) {
+  const auto scalars = applied(
+      "<colormap min='-1.5' max='2' log10='true' ramp='sqrt' title='Speed'>"
+      "<color>ff0000ff</color><any>0000FF80</any></colormap>");
+  const auto& table = scalars->getColorLookupTable();
+  EXPECT_THAT(table.getColorValues(), ElementsAre(1, 0, 0, 1, 0, 0, 1, 128 / 255.0));
+  EXPECT_EQ(table.getNumColor(), 2);
+  EXPECT_EQ(table.getColorSpace(), lum::ColorSpace{1});
+  EXPECT_EQ(table.getScalarRange(), (Vector<2, double>{-1.5, 2}));
+  EXPECT_EQ(table.getScaleMode(), lum::ScaleMode{1});
+  EXPECT_EQ(scalars->getDataArray().getRange(), (Vector<2, double>{-1.5, 2}));
+  EXPECT_EQ(scalars->getDataArray().getDataArrayPresentationName(), "Speed");
+}
+
+TEST(ColormapTest, WithoutAnythingStatedIsEmptyAndLinear) {
+  const auto scalars = applied("<colormap/>", false);
+  const auto& table = scalars->getColorLookupTable();
+  EXPECT_THAT(table.getColorValues(), IsEmpty());
+  EXPECT_EQ(table.getNumColor(), 0);
+  EXPECT_EQ(table.getScalarRange(), (Vector<2, double>{}));
+  EXPECT_EQ(table.getScaleMode(), lum::ScaleMode{0});
+  EXPECT_FALSE(scalars->hasDataArray());
+}
+
+TEST(ColormapTest, KnowsItsRamps) {
+  const std::pair<const char*, int> ramps[] = {
+      {"linear", 0}, {"scurve", 1}, {"sqrt", 2}, {"SQRT", 0}, {"", 0}};
+  for (const auto& [ramp, code] : ramps) {
+    const auto scalars = applied(std::string("<colormap ramp='") + ramp + "'/>");
+    EXPECT_EQ(static_cast<int>(scalars->getColorLookupTable().getRampMode()), code) << ramp;
+  }
+}
+
+TEST(ColormapTest, RefusesColorsThatAreNone) {
+  EXPECT_EQ(failureOf([] { applied("<colormap><color>ff00</color></colormap>"); }),
+            "InternalError: Can't extract color from such a short string | colorStr.length() >= 8");
+  EXPECT_EQ(failureOf([] { applied("<colormap><color>ff00zz00</color></colormap>"); }),
+            "NumberFormatException: zz | ::");
+}
+
+}  // namespace

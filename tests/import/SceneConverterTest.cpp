@@ -1,0 +1,207 @@
+#include "SceneFixture.h"
+#include "platform/WidePath.h"
+#include "scenegraph/NodeRegistry.h"
+#include "scenegraph/io/NodeOutputStream.h"
+#include "scenegraph/io/SDBReader.h"
+#include "scenegraph/io/SceneGraphWriter.h"
+#include "vemoview/import/SceneConverter.h"
+
+#include <vtkPolyData.h>
+
+#include <fstream>
+#include <gmock/gmock.h>
+#include <iterator>
+#include <sstream>
+
+namespace {
+
+using Vector3 = Vector<3, double>;
+
+lum::Ptr<lum::SceneNode> newSceneNode(const std::string& name) {
+  lum::Ptr<lum::SceneNode> node(
+      new lum::SceneNode(lum::ClassNameNodeInitializer(lum::SceneNode::getClassName())));
+  node->setName(name);
+  return node;
+}
+
+class SceneConverterTest : public SceneFixture {
+ protected:
+  std::filesystem::path output() const { return _folder / "scene.sdb"; }
+
+  /// Converts the archive; gives what the output holds.
+  lum::SceneNode& run(const std::string& xml) {
+    write(xml);
+    SceneConverter(archivePath(), toWidePath(output().native())).run();
+    lum::SDBReader reader(toWidePath(output().native()));
+    _sceneNode = lum::Ptr<lum::SceneNode>(reader.readNode(0));
+    return *_sceneNode;
+  }
+
+  std::string outputBytes() const {
+    std::ifstream file(output(), std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+
+  /// Puts a scene graph into the archive: "scene.lum" and "lum0", "lum1", ...
+  void addPayload(const std::vector<const lum::Node*>& roots) {
+    lum::NodeOutputStream stream;
+    for (const lum::Node* root : roots) {
+      root->write(stream);
+    }
+    lum::SceneGraphWriter writer(stream);
+    std::ostringstream scene;
+    ASSERT_TRUE(writer.saveSceneFileToOutputStream(scene));
+    _archive.text("scene.lum", scene.str());
+    for (int i = 0; writer.getVtkDataCount() > 0; ++i) {
+      std::ostringstream data;
+      ASSERT_TRUE(writer.saveVtkDataToOutputStream(data));
+      _archive.text("lum" + std::to_string(i), data.str());
+    }
+  }
+
+  static int openSessions() {
+    int open = 0;
+    auto& sessions = lum::NodeRegistrySessions::getSingleton();
+    for (int id = 0; id < 10000; ++id) {
+      open += sessions.hasSession(id) ? 1 : 0;
+    }
+    return open;
+  }
+};
+
+TEST_F(SceneConverterTest, WritesOneRecordWithTheConvertedScene) {
+  auto& node = run(sceneXml(assembly("A", geometry("polys='quad'")), "name='a scene'"));
+  const lum::SDBReader reader(toWidePath(output().native()));
+  ASSERT_EQ(reader.getRecords().size(), 1U);
+  EXPECT_EQ(reader.getRecords()[0].title, "title");
+  EXPECT_EQ(reader.getRecords()[0].description, "description");
+  EXPECT_EQ(reader.getRecords()[0].simUUID, "simUUID");
+
+  EXPECT_EQ(node.getName(), "a scene");
+  auto& orientation = node.getOrientationCanvas();
+  EXPECT_EQ(orientation.getBaseCanvasAttributes().getSize(), (Vector<2, double>{0.2, 0.2}));
+  EXPECT_FALSE(orientation.getBaseCanvasAttributes().getErase());
+  EXPECT_FALSE(orientation.getBaseCanvasAttributes().getInteractive());
+  auto& model = node.getModelCanvas();
+  EXPECT_EQ(model.getBaseCanvasAttributes().getSize(), (Vector<2, double>{1, 1}));
+  EXPECT_TRUE(model.getBaseCanvasAttributes().getInteractive());
+  EXPECT_TRUE(model.findAttributes<lum::CanvasPositionAttributes>());
+  auto* poly = drawable<lum::SurfaceDrawable>("A/g").find<lum::PolyDataNode>();
+  ASSERT_TRUE(poly);
+  EXPECT_EQ(poly->getPolyData()->GetNumberOfPolys(), 2);
+}
+
+TEST_F(SceneConverterTest, TwiceGivesTheSameBytes) {
+  const std::string xml = sceneXml("<light color='ffffffff'/>" + assembly("A", geometry("polys='quad'")));
+  run(xml);
+  const std::string first = outputBytes();
+  run(xml);
+  EXPECT_EQ(first, outputBytes());
+  EXPECT_FALSE(first.empty());
+}
+
+TEST_F(SceneConverterTest, TellsWhatItDoes) {
+  run(sceneXml("", "name='s'"));
+  const auto log = takeLog();
+  const std::string out = output().string();
+  EXPECT_THAT(
+      log, testing::IsSupersetOf({"Reading a file\n\t" + (_folder / "scene.zip").string() +
+                                      ", converting it, and writing to\n\t" + out,
+                                  std::string("SceneFileReader::read: 9 entries found inside"),
+                                  std::string("\nThe scene has been read\nParsing..."),
+                                  std::string("\n\tparsing old, XML-based, format"),
+                                  std::string("sceneNode with name \"s\" is here!"), std::string("done")}));
+}
+
+TEST_F(SceneConverterTest, SetsTheBackground) {
+  auto* background =
+      &run(sceneXml("", "background='ff800040'")).getBackgroundCanvas().getBackgroundAttributes();
+  EXPECT_EQ(background->getColorMode(), lum::BackgroundColorModes::SOLID);
+  EXPECT_EQ(background->getSolidColor(), (Vector3{1, 128 / 255.0, 0}));
+
+  background = &run(sceneXml("<gradient topColor='ff000000' bottomColor='0000ff00' mode='LEFT_RIGHT'/>"))
+                    .getBackgroundCanvas()
+                    .getBackgroundAttributes();
+  EXPECT_EQ(background->getColorMode(), lum::BackgroundColorModes::LEFT_RIGHT);
+  EXPECT_EQ(background->getColor1(), (Vector3{1, 0, 0}));
+  EXPECT_EQ(background->getColor2(), (Vector3{0, 0, 1}));
+
+  EXPECT_EQ(failureOf([&] { run(sceneXml("<gradient topColor='00000000' bottomColor='00000000'/>")); }),
+            "InternalError: Should not be the case. Investigate | "
+            "(gradient->getMode() != lum::BackgroundColorModes::SOLID)");
+}
+
+TEST_F(SceneConverterTest, PassesASceneGraphThrough) {
+  convert(assembly("A", geometry("polys='quad'")));
+  _sceneNode->setName("carried");
+  addPayload({_sceneNode.get()});
+  const int sessions = openSessions();
+  auto& node = run(sceneXml("", "name='ignored'"));
+  EXPECT_EQ(node.getName(), "carried");
+  EXPECT_EQ(
+      drawable<lum::SurfaceDrawable>("A/g").find<lum::PolyDataNode>()->getPolyData()->GetNumberOfPolys(), 2);
+  EXPECT_FALSE(node.hasBackgroundCanvas()) << "canvases stay as they were carried";
+  EXPECT_EQ(openSessions(), sessions);
+  EXPECT_TRUE(logHas(takeLog(), "\n\tparcing new, lum-based, format"));
+}
+
+TEST_F(SceneConverterTest, GoesOnWithoutDataThatDoesNotDecode) {
+  convert(geometry("polys='quad'"));
+  addPayload({_sceneNode.get()});
+  _archive.text("lum_x", "no data").text("lum_y", "");
+  run(sceneXml(""));
+  EXPECT_EQ(std::ranges::count(takeLog(), "Error parsing data input stream!"), 2);
+  EXPECT_EQ(drawable<lum::SurfaceDrawable>("g").find<lum::PolyDataNode>()->getPolyData()->GetNumberOfPolys(),
+            2);
+}
+
+TEST_F(SceneConverterTest, NeedsExactlyOneSceneNode) {
+  const std::string failure = "InternalError: Can not get a SceneNode from the scene | sceneNode";
+  const int sessions = openSessions();
+  const auto one = newSceneNode("one");
+  const auto two = newSceneNode("two");
+  addPayload({one.get(), two.get()});
+  EXPECT_EQ(failureOf([&] { run(sceneXml("")); }), failure);
+  _archive = ArchiveBuilder().text("scene.lum", "{}").text("lum", "x");
+  takeLog();
+  EXPECT_EQ(failureOf([&] { run(sceneXml("")); }), failure);
+  EXPECT_FALSE(logHas(takeLog(), "Error parsing data input stream!")) << "data is skipped";
+  EXPECT_EQ(openSessions(), sessions);
+  EXPECT_FALSE(std::filesystem::exists(output()));
+}
+
+TEST_F(SceneConverterTest, AnEmptySceneGraphIsNone) {
+  _archive.text("scene.lum", "");
+  EXPECT_EQ(run(sceneXml("", "name='old'")).getName(), "old");
+}
+
+TEST_F(SceneConverterTest, ReleasesThePayloadWhenReadingItFails) {
+  _archive.text("scene.lum", "x").text("lum1", "x").text("lum2", "x").forge([](ArchiveBuilder::Entry& entry) {
+    entry.method = 99;
+  });
+  EXPECT_EQ(failureOf([&] { run(sceneXml("")); }),
+            "IOException: Could not completely read entry 'lum2'<br>Your file may be corrupt. | ::lum2");
+}
+
+TEST_F(SceneConverterTest, AnOutputThatDoesNotOpenIsOnlyLogged) {
+  const auto sceneNode = newSceneNode("carried");
+  addPayload({sceneNode.get()});
+  write(sceneXml(""));
+  const int sessions = openSessions();
+  SceneConverter(archivePath(), toWidePath((_folder / "absent/scene.sdb").native())).run();
+  const auto log = takeLog();
+  EXPECT_TRUE(logHas(log, "Can't open file for writing"));
+  EXPECT_FALSE(logHas(log, "done"));
+  EXPECT_EQ(openSessions(), sessions + 1);
+}
+
+TEST_F(SceneConverterTest, LetsFailuresOfReadingPass) {
+  EXPECT_EQ(failureOf([&] { run("<scene\n>"); }),
+            "XMLException: Parse error in scene.xml at line2 | :2:scene.xml");
+  std::ofstream(_folder / "no.zip") << "no archive at all";
+  const std::wstring out = toWidePath(output().native());
+  EXPECT_THROW(SceneConverter(toWidePath((_folder / "no.zip").native()), out).run(), ZipException);
+  EXPECT_THROW(SceneConverter(toWidePath((_folder / "absent").native()), out).run(), FileNotFoundException);
+}
+
+}  // namespace

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "errors/InternalError.h"
+#include "scenegraph/SceneNode.h"
+#include "scenegraph/drawables/GeometryDrawables.h"
+#include "support/ArchiveBuilder.h"
+#include "support/TemporaryFolder.h"
+#include "vemoview/import/Exception.h"
+#include "vemoview/import/QxElement.h"
+#include "vemoview/import/Scene.h"
+#include "vemoview/import/SceneFileReader.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+/// What the process has logged since it was last asked. Everything is logged,
+/// from the start of the program on.
+std::vector<std::string> takeLog();
+/// Whether a line was logged since.
+bool logHas(const std::vector<std::string>& log, const std::string& line);
+
+/// An element of its own, as the reader would make it from the text.
+std::unique_ptr<QxElement> elementOf(const std::string& xml);
+
+/// What the function throws: "IOException: message | item:line:entry" or
+/// "InternalError: message | expression"; empty when it throws nothing.
+std::string failureOf(const std::function<void()>& function);
+
+/// A geometry named "g", visible, smooth and with faces, over the four points
+/// "p" of the fixture; attributes that are given replace these.
+std::string geometry(const std::string& attributes, const std::string& children = "");
+std::string assembly(const std::string& name, const std::string& children, const std::string& more = "");
+/// A scene element; a background is given unless the attributes have one.
+std::string sceneXml(const std::string& children, const std::string& attributes = "");
+
+/// Archives become scenes and scene nodes here. The archive has entries to
+/// start with: "p", four points; "tri", one triangle; "quad", two; "strip", a
+/// strip of two triangles; "line", two lines; "vert", four vertices; "four" and
+/// "two", that many floats.
+class SceneFixture : public testing::Test {
+ protected:
+  SceneFixture();
+
+  std::wstring archivePath() const;
+  /// Writes the archive with the scene element.
+  void write(const std::string& xml);
+  /// Reads the scene with the children; the reader stays in `_reader`.
+  std::unique_ptr<Scene> read(const std::string& children);
+  /// Converts the items of the scene with the children.
+  lum::SceneNode& convert(const std::string& children);
+  /// The texts of the warnings since the last read.
+  std::vector<std::string> warnings() const;
+
+  /// What is in the model canvas: by the collections' names, as "A/B".
+  lum::DrawableCollection& collection(const std::string& path);
+  /// The first drawable of its class in the collection.
+  template <class T>
+  T& drawable(const std::string& path) {
+    T* const found = collection(path).template find<T>();
+    EXPECT_TRUE(found) << path;
+    return *found;
+  }
+
+  TemporaryFolder _folder;
+  ArchiveBuilder _archive;
+  std::optional<SceneFileReader> _reader;
+  lum::Ptr<lum::SceneNode> _sceneNode;
+};

@@ -1,0 +1,158 @@
+#include "SceneFixture.h"
+#include "platform/Platform.h"
+#include "platform/WidePath.h"
+#include "scenegraph/Logger.h"
+#include "vemoview/import/SceneConverter.h"
+#include "vemoview/import/SceneFormatHandler.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <gmock/gmock.h>
+#include <sstream>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+using lum::io::FileIoStatus;
+using Handler = SceneFormatHandler;
+
+class SceneFormatHandlerTest : public SceneFixture {
+ protected:
+  std::wstring path(const std::string& name) const { return toWidePath((_folder / name).native()); }
+  void file(const std::string& name, const std::string& content) const {
+    std::ofstream(_folder / name, std::ios::binary) << content;
+  }
+
+  /// The status as a number, then what was told.
+  std::string load(const std::string& name, bool loads = true) {
+    _loaded.clear();
+    std::ostringstream messages;
+    const auto status = Handler::loadVemoScene(
+        path(name),
+        [&](const std::wstring& loaded) {
+          _loaded.push_back(loaded);
+          return loads;
+        },
+        messages);
+    return std::to_string(static_cast<int>(status)) + " " + messages.str();
+  }
+  std::string quoted(const std::string& name) const { return "\"" + (_folder / name).string() + "\""; }
+
+  std::vector<std::wstring> _loaded;
+};
+
+TEST_F(SceneFormatHandlerTest, KnowsTheZipSignature) {
+  EXPECT_TRUE(Handler::isZipSignature("PK\x03\x04"));
+  for (const char* bytes : {"PK\x03\x05", "PK\x05\x06", "pk\x03\x04", "P"}) {
+    EXPECT_FALSE(Handler::isZipSignature(bytes)) << bytes;
+  }
+}
+
+TEST_F(SceneFormatHandlerTest, TellsFormatsApart) {
+  write(sceneXml(""));
+  SceneConverter(archivePath(), path("new.sdb")).run();
+  ArchiveBuilder()
+      .text("scene.lum", "")
+      .text("Scene.xml", "")
+      .text("a/scene.xml", "")
+      .write(_folder / "near.zip");
+  file("empty", "");
+  file("short", "PK\x03");
+  file("near", "PK\x05\x06 and so on");
+  file("brace", "{\"format\": \"something else\"}");
+  file("text", "hello");
+  const std::pair<const char*, Handler::SceneFormat> files[] = {
+      {"absent", Handler::FileMissing},    {"scene.zip", Handler::ZippedScene},
+      {"new.sdb", Handler::SceneDatabase}, {"near.zip", Handler::UnknownFormat},
+      {"empty", Handler::UnknownFormat},   {"short", Handler::UnknownFormat},
+      {"near", Handler::UnknownFormat},    {"brace", Handler::UnknownFormat},
+      {"text", Handler::UnknownFormat},    {".", Handler::UnknownFormat}};
+  std::ostringstream messages;
+  for (const auto& [name, format] : files) {
+    EXPECT_EQ(Handler::detectSceneFormat(path(name), messages), format) << name;
+  }
+  EXPECT_FALSE(messages.str().empty()) << "the database's reader says what is wrong";
+}
+
+TEST_F(SceneFormatHandlerTest, AnArchiveWithoutADirectoryThrows) {
+  file("torn.zip", "PK\x03\x04 torn");
+  EXPECT_THROW(load("torn.zip"), ZipException);
+}
+
+TEST_F(SceneFormatHandlerTest, LoadsAnOldSceneFromItsConversion) {
+  write(sceneXml(assembly("A", geometry("polys='tri'"))));
+  EXPECT_EQ(load("scene.zip"), "0 ");
+  ASSERT_EQ(_loaded.size(), 1U);
+  EXPECT_NE(_loaded[0], archivePath());
+  std::ostringstream messages;
+  EXPECT_EQ(Handler::detectSceneFormat(_loaded[0], messages), Handler::SceneDatabase);
+  const std::string converted = toNativePath(_loaded[0]);
+  const auto log = takeLog();
+  EXPECT_TRUE(logHas(log, "Old format, converting...\n"));
+  EXPECT_TRUE(logHas(log, "Registering temporary file \"" + converted + "\" to be deleted later"));
+
+  const std::string result = load("scene.zip", false);
+  EXPECT_EQ(result, "5 Error loading \"" + toNativePath(_loaded[0]) + "\"\n");
+}
+
+TEST_F(SceneFormatHandlerTest, LoadsANewSceneAsItIs) {
+  write(sceneXml(""));
+  SceneConverter(archivePath(), path("new.sdb")).run();
+  EXPECT_EQ(load("new.sdb"), "0 ");
+  EXPECT_THAT(_loaded, testing::ElementsAre(path("new.sdb")));
+  EXPECT_EQ(load("new.sdb", false), "5 Error loading " + quoted("new.sdb") + "\n");
+  std::ostringstream messages;
+  EXPECT_THROW(Handler::loadVemoScene(path("new.sdb"), {}, messages), std::bad_function_call);
+}
+
+TEST_F(SceneFormatHandlerTest, ExplainsWhatItDoesNotLoad) {
+  file("text", "hello");
+  EXPECT_EQ(load("absent"), "2 File " + quoted("absent") + " does not exist\n");
+  EXPECT_EQ(load("text"), "3 \nUnknown file format " + quoted("text") + "\n");
+  EXPECT_EQ(load("no"), "2 File " + quoted("no") + " does not exist\n");
+  EXPECT_TRUE(_loaded.empty());
+  if (geteuid() != 0) {
+    file("secret", "hello");
+    std::filesystem::permissions(_folder / "secret", std::filesystem::perms::none);
+    EXPECT_EQ(load("secret"), "5 Can't open file " + quoted("secret") + "\n");
+  }
+}
+
+TEST_F(SceneFormatHandlerTest, DeletesItsTemporaryFilesAtExit) {
+  write(sceneXml(""));
+  ArchiveBuilder().text("scene.xml", "<scene").write(_folder / "broken.zip");
+  const auto temporaryFolder = _folder / "temporary";
+  std::filesystem::create_directory(temporaryFolder);
+  const auto filesLeft = [&] {
+    return std::distance(std::filesystem::directory_iterator(temporaryFolder), {});
+  };
+  const pid_t child = fork();
+  if (child == 0) {
+    setenv("TMPDIR", temporaryFolder.c_str(), 1);
+    Platform::reset();
+    Logger::getSingleton().setSink([log = (_folder / "log").string()](const std::string& line) {
+      std::ofstream(log, std::ios::app) << line << "\n";
+    });
+    bool done = load("scene.zip") == "0 " && load("scene.zip") == "0 " && load("scene.zip") == "0 ";
+    done = done && std::filesystem::remove(toNativePath(_loaded.back()));
+    done = done && !failureOf([&] { load("broken.zip"); }).empty();
+    std::exit(done ? static_cast<int>(filesLeft()) : 100);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  ASSERT_TRUE(WIFEXITED(status));
+  EXPECT_EQ(WEXITSTATUS(status), 3) << "two conversions and one that failed";
+  EXPECT_EQ(filesLeft(), 0);
+  std::ifstream log(_folder / "log");
+  int deleted = 0;
+  for (std::string line; std::getline(log, line);) {
+    EXPECT_EQ(line.find("Can not delete"), std::string::npos) << line;
+    deleted += line.starts_with("Temporary file \"" + temporaryFolder.string()) ? 1 : 0;
+  }
+  EXPECT_EQ(deleted, 3) << "whoever deletes again finds nothing, and says nothing";
+}
+
+}  // namespace

@@ -1,0 +1,154 @@
+#include "SceneFixture.h"
+#include "vemoview/import/ClippingPlane.h"
+#include "vemoview/import/Gradient.h"
+#include "vemoview/import/Light.h"
+#include "vemoview/import/Scene.h"
+#include "vemoview/import/SharedBySiblings.h"
+
+#include <vtkPlane.h>
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using Vector3 = Vector<3, double>;
+using ProjectionMode = lum::CameraAttributes::ProjectionMode;
+
+class SceneTest : public SceneFixture {
+ protected:
+  lum::SceneCanvas& model() { return _sceneNode->getModelCanvas(); }
+};
+
+TEST_F(SceneTest, ReadsItsOwnElementsOnceAndThoseOfItsAssembliesNever) {
+  const std::string light = "<light color='ffffffff'/>";
+  convert(light + assembly("A", geometry("polys='tri'") + light + "<clip/><gradient/>"));
+  EXPECT_EQ(model().getLightingAttributes().getLights().getNodeCount(), 1U);
+  EXPECT_FALSE(model().getClipPlanesAttributes().hasClippingPlanes());
+  EXPECT_EQ(collection("A").getNodeCount(), 1U);
+}
+
+TEST_F(SceneTest, HasABackgroundOrFails) {
+  EXPECT_EQ(read("")->getBackgroundColor(), (Color{255, 128, 0, 64}));
+  EXPECT_EQ(failureOf([] { Scene("s").read(*elementOf("<scene/>"), nullptr); }),
+            "InternalError: Can't extract color from such a short string | colorStr.length() >= 8");
+}
+
+TEST_F(SceneTest, WithoutAViewKeepsTheDefaultCamera) {
+  convert("");
+  const auto* camera = model().hasCameraAttributes();
+  ASSERT_TRUE(camera);
+  EXPECT_EQ(camera->getPosition(), Camera().position);
+  EXPECT_EQ(camera->getProjectionMode(), ProjectionMode::PERSPECTIVE);
+  EXPECT_FALSE(model().findAttributes<lum::LightingAttributes>());
+  EXPECT_FALSE(model().findAttributes<lum::ClipPlanesAttributes>());
+}
+
+TEST_F(SceneTest, ConvertsItsViews) {
+  convert("<view perspective='true' parallelScale='3'><position x='1'/><up y='2' z='3'/></view>");
+  EXPECT_EQ(model().getCameraAttributes().getPosition(), (Vector3{1, 0, 0}));
+  EXPECT_EQ(model().getCameraAttributes().getViewUp(), (Vector3{0, 2, 3}));
+  EXPECT_FALSE(model().getCameraAttributes().getParallelScale()) << "is for parallel views only";
+
+  convert(
+      "<view perspective='true'><position x='1'/><focalPt y='4'/></view>"
+      "<view parallelScale='2.5' windowWidth='640'><up x='1'/></view>");
+  const auto& camera = model().getCameraAttributes();
+  EXPECT_EQ(camera.getPosition(), (Vector3{1, 0, 0}))
+      << "a second view keeps the vectors that it does not have";
+  EXPECT_EQ(camera.getFocalPoint(), (Vector3{0, 4, 0}));
+  EXPECT_EQ(camera.getProjectionMode(), ProjectionMode::PARALLEL);
+  EXPECT_EQ(camera.getParallelScale(), 2.5);
+}
+
+TEST_F(SceneTest, KeepsTheWindow) {
+  const auto scene = read("<view windowX='1' windowY='2' windowWidth='3' windowHeight='4'/>");
+  const Camera& camera = scene->getCamera();
+  EXPECT_EQ((std::vector{camera.windowX, camera.windowY, camera.windowWidth, camera.windowHeight}),
+            (std::vector{1, 2, 3, 4}));
+}
+
+TEST_F(SceneTest, ConvertsLightsAndPlanesInOrder) {
+  convert(
+      "<light intensity='0.25' color='ff80000a'/><light azimuth='-30' elevation='60' color='ffffffff'/>"
+      "<clip><origin x='5'/><normal x='3' z='4'/></clip><clip/>");
+  const auto& lights = model().getLightingAttributes().getLights();
+  ASSERT_EQ(lights.getNodeCount(), 2U);
+  const auto& first = dynamic_cast<lum::Light&>(lights.getNode(0));
+  EXPECT_EQ(first.getColor(), (Vector3{1, 128 / 255.0, 0}));
+  EXPECT_EQ(first.getIntensity(), 0.25);
+  EXPECT_EQ(first.getAngles(), (Vector<2, double>{0, 0})) << "angles that are not stated are 0";
+  EXPECT_EQ(dynamic_cast<lum::Light&>(lights.getNode(1)).getAngles(), (Vector<2, double>{-30, 60}));
+
+  const auto& planes = model().getClipPlanesAttributes().getClippingPlanes();
+  ASSERT_EQ(planes.getNodeCount(), 2U);
+  EXPECT_EQ(dynamic_cast<lum::Plane&>(planes.getNode(0)).getOrigin(), (Vector3{5, 0, 0}));
+  EXPECT_EQ(dynamic_cast<lum::Plane&>(planes.getNode(0)).getNormal(), (Vector3{3, 0, 4})) << "not normalised";
+  EXPECT_EQ(dynamic_cast<lum::Plane&>(planes.getNode(1)).getNormal(), (Vector3{0, 0, 1}));
+}
+
+TEST_F(SceneTest, ConvertsAgainIntoTheSameScene) {
+  const auto scene = read("<clip/>" + assembly("A", geometry("polys='tri'")));
+  convert("");
+  SharedBySiblings shared;
+  shared.sceneNode = _sceneNode;
+  scene->addToCollection(shared, collection(""), 0, "noname");
+  scene->addToCollection(shared, collection(""), 0, "noname");
+  EXPECT_EQ(model().getClipPlanesAttributes().getClippingPlanes().getNodeCount(), 2U);
+  EXPECT_EQ(collection("").getNodeCount(), 1U);
+}
+
+TEST_F(SceneTest, APlaneForMappersFollowsItsElement) {
+  ClippingPlane plane;
+  vtkPlane* const made = plane.getPlane();
+  plane.read(*elementOf("<clip><origin y='2'/></clip>"), nullptr);
+  EXPECT_EQ(plane.getPlane(), made);
+  EXPECT_EQ(made->GetOrigin()[1], 2.0);
+  EXPECT_EQ(made->GetNormal()[2], 1.0);
+}
+
+TEST_F(SceneTest, TheLastGradientWins) {
+  const std::pair<const char*, int> modes[] = {
+      {"SOLID", 0},      {"TOP_BOTTOM", 1}, {"BOTTOM_TOP", 2}, {"LEFT_RIGHT", 3},
+      {"RIGHT_LEFT", 4}, {"RADIAL", 5},     {"radial", 0},     {"", 0}};
+  for (const auto& [mode, value] : modes) {
+    const auto scene = read(
+        "<gradient topColor='00000000' bottomColor='00000000' mode='RADIAL'/>"
+        "<gradient name='g' visibility='1' topColor='01020304' bottomColor='05060708' mode='" +
+        std::string(mode) + "'/>");
+    const Gradient& gradient = *scene->getGradient();
+    EXPECT_EQ(static_cast<int>(gradient.getMode()), value) << mode;
+    EXPECT_EQ(gradient.getTopColor(), (Color{1, 2, 3, 4}));
+    EXPECT_EQ(gradient.getBottomColor(), (Color{5, 6, 7, 8}));
+  }
+  EXPECT_EQ(read("")->getGradient(), nullptr);
+}
+
+TEST_F(SceneTest, AGradientIsNoDrawable) {
+  convert("");
+  SharedBySiblings shared;
+  Gradient("background").addToCollection(shared, collection(""), 1, "");
+  EXPECT_EQ(collection("").getNodeCount(), 0U);
+  EXPECT_TRUE(logHas(takeLog(), "***** Gradient::addToCollection not implemented *****"));
+}
+
+TEST_F(SceneTest, CarriesTheSceneGraphOfTheArchive) {
+  const std::string xml = sceneXml("");
+  const auto payloadOf = [&](const ArchiveBuilder& archive) {
+    ArchiveBuilder(archive).text("scene.xml", xml).write(_folder / "scene.zip");
+    SceneFileReader reader{ZipFileReader(archivePath())};
+    std::unique_ptr<Scene> scene;
+    reader.read(scene);
+    const auto file = scene->getLUMSceneFile();
+    std::string texts(reinterpret_cast<const char*>(file.data), static_cast<std::size_t>(file.count));
+    for (const auto& data : scene->getLUMDataFiles()) {
+      const ArrayOwner<unsigned char> block(data);
+      texts.append(" ").append(reinterpret_cast<const char*>(block.data()), 1);
+    }
+    return texts;
+  };
+  auto archive = ArchiveBuilder().text("lum_b", "B").text("Lum", "x").text("lum_a", "A").text("lum", "0");
+  EXPECT_EQ(payloadOf(archive), "");
+  EXPECT_EQ(payloadOf(archive.text("scene.lum", "scene")), "scene 0 A B");
+}
+
+}  // namespace
