@@ -1,6 +1,7 @@
 #include "CommandLine.h"
 
 #include "Command.h"
+#include "FileChecks.h"
 #include "Messages.h"
 #include "ResultStream.h"
 
@@ -75,6 +76,7 @@ ExitCode runCommandLine(int argc, char** argv) {
   try {
     const ExitCode code = parse(argc, argv, command);
     if (command.run) {
+      refusePipe(command.file);
       command.run();
     }
     return code;

@@ -66,9 +66,13 @@ std::string describeNumbers(const Numbers& numbers) {
   return "(" + text + ")";
 }
 
+bool isColorName(std::string_view field) {
+  return field.find("color") != std::string_view::npos || field.find("Color") != std::string_view::npos;
+}
+
 bool isColor(std::string_view field, const Vector<3, double>& value) {
   const auto isChannel = [](double channel) { return channel >= 0.0 && channel <= 1.0; };
-  return (field.find("olor") != std::string_view::npos) && std::ranges::all_of(value, isChannel);
+  return isColorName(field) && std::ranges::all_of(value, isChannel);
 }
 
 /// Says what one field of a node holds, whatever its kind.
@@ -79,7 +83,7 @@ class Describer {
   std::string operator()(const bool* truth) const { return *truth ? "yes" : "no"; }
   std::string operator()(const std::int32_t* number) const { return std::to_string(*number); }
   std::string operator()(const std::uint32_t* number) const {
-    return isNamedColor() ? fmt::format("#{:08x}", *number) : std::to_string(*number);
+    return isColorName(_field) ? fmt::format("#{:08x}", *number) : std::to_string(*number);
   }
   std::string operator()(const float* number) const { return describeNumber(*number); }
   std::string operator()(const double* number) const { return describeNumber(*number); }
@@ -133,8 +137,6 @@ class Describer {
   std::string operator()(const lum::CollectionNode*) const { return {}; }
 
  private:
-  bool isNamedColor() const { return _field.find("olor") != std::string_view::npos; }
-
   const lum::Node& _node;
   std::string_view _field;
 };

@@ -113,13 +113,16 @@ void TreePrinter::printGeometry(const lum::PolyDataNode& node, std::size_t depth
   addCells(counts, "lines", node.getLines());
   addCells(counts, "strips", node.getStrips());
   addCells(counts, "polys", node.getPolys());
-  addArrays(counts, "point data", node.getNodeDataArrays());
-  addArrays(counts, "cell data", node.getCellDataArrays());
-  printRows(std::move(counts), depth);
+  printRows(counts, depth);
+  Rows arrays;
+  addArrays(arrays, "point data", node.getNodeDataArrays());
+  addArrays(arrays, "cell data", node.getCellDataArrays());
+  printRows(arrays, depth);
 }
 
-void TreePrinter::printRows(Rows rows, std::size_t depth) {
-  std::vector<std::size_t> widths;
+void TreePrinter::printRows(const Rows& rows, std::size_t depth) {
+  // Wide enough for "point data", so that the tables of a node stand alike.
+  std::vector<std::size_t> widths{10};
   for (const auto& row : rows) {
     widths.resize(std::max(widths.size(), row.size()));
     for (std::size_t i = 0; i < row.size(); ++i) {

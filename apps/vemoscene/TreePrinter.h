@@ -30,7 +30,7 @@ class TreePrinter {
   Level makeLevel(const lum::Node& owner) const;
   void printNode(const lum::Node& node, std::size_t depth, std::size_t width);
   void printGeometry(const lum::PolyDataNode& node, std::size_t depth);
-  void printRows(std::vector<std::vector<std::string>> rows, std::size_t depth);
+  void printRows(const std::vector<std::vector<std::string>>& rows, std::size_t depth);
 
   std::ostream& _out;
 };

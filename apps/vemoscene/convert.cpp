@@ -1,7 +1,7 @@
 #include "Command.h"
 #include "ExitCode.h"
+#include "FileChecks.h"
 #include "Messages.h"
-#include "OutputFile.h"
 #include "platform/WidePath.h"
 #include "scenegraph/Node.h"
 #include "scenegraph/Ptr.h"

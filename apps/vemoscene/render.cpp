@@ -1,8 +1,8 @@
 #include "Command.h"
 #include "ExitCode.h"
+#include "FileChecks.h"
 #include "LoadedScene.h"
 #include "Messages.h"
-#include "OutputFile.h"
 #include "vemoview/render/ScenePicture.h"
 
 #include <CLI/CLI.hpp>

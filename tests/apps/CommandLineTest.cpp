@@ -73,6 +73,7 @@ class CommandLineTest : public testing::Test {
     writeFile(_folder / "text.txt", "no scene at all");
     writeFile(_folder / "brace.sdb", "{ no database either");
     fs::create_directory(_folder / "folder");
+    EXPECT_EQ(mkfifo((_folder / "pipe").c_str(), 0600), 0);
     EXPECT_EQ(run({"convert", "scene.zip", "scene.sdb"}).exitCode, 0);
     std::string bytes = readFile(_folder / "scene.sdb");
     writeFile(_folder / "half.sdb", bytes.substr(0, bytes.size() / 2));
@@ -117,6 +118,8 @@ TEST_F(CommandLineTest, EndsWithTheRightCodeAndMessage) {
       {{"info", "brace.sdb"}, 3, "", "Unknown file format"},
       {{"info", "half.sdb"}, 3, "", "Unknown file format"},
       {{"info", "wrong.sdb"}, 5, "", "wrong.sdb"},
+      {{"info", "folder"}, 3, "", "Unknown file format"},
+      {{"info", "pipe"}, 5, "", "is a pipe"},
       {{"info", "incomplete.zip"}, 5, "", "'heat'\nYour file may be corrupt."},
       {{"info", "cold.zip"}, 5, "", "entry 'cold'"},
       {{"info", "cold.zip"}, 5, "", "item scene/piece"},
@@ -222,7 +225,6 @@ class HangingRunTest : public CommandLineTest {
   HangingRunTest() {
     makeArchive(makeDescription("heat"), 50'000).write(_folder / "large.zip");
     const fs::path pipe = _folder / "pipe";
-    EXPECT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     // To read and write, so that opening does not wait for the other side.
     _pipe = open(pipe.c_str(), O_RDWR | O_CLOEXEC);
     _run.emplace(std::vector<std::string>{"info", "large.zip", "--values"}, _folder.path(), _temporary.path(),

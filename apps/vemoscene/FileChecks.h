@@ -2,6 +2,10 @@
 
 #include <string>
 
+/// Throws Failure with READ_ERROR for a pipe: opening it would wait for somebody
+/// to write, and no scene can be read from it.
+void refusePipe(const std::string& file);
+
 /// Throws Failure with WRONG_USAGE when both are the same file: writing the
 /// result would destroy what it is made from.
 void refuseSameFile(const std::string& file, const std::string& output);

@@ -1,4 +1,4 @@
-#include "OutputFile.h"
+#include "FileChecks.h"
 
 #include "ExitCode.h"
 
@@ -8,6 +8,13 @@
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
+
+void refusePipe(const std::string& file) {
+  std::error_code ignored;
+  if (std::filesystem::is_fifo(file, ignored)) {
+    throw Failure(ExitCode::READ_ERROR, fmt::format("\"{}\" is a pipe, not a file", file));
+  }
+}
 
 void refuseSameFile(const std::string& file, const std::string& output) {
   std::error_code ignored;
