@@ -46,6 +46,12 @@ void ArrayBinder::clear(const Field& field) {
   }
 }
 
+void ArrayBinder::clearAll(const FieldList& fields) {
+  for (const Field& field : fields) {
+    clear(field);
+  }
+}
+
 void ArrayBinder::expectFor(Node& node, bool isNew) {
   const auto number = static_cast<std::uint32_t>(_waiting.size());
   if (!isNew) {
@@ -121,6 +127,8 @@ std::string ArrayBinder::complete(std::uint32_t number) {
   }
   FieldList fields;
   node->listFields(fields);
+  // A node that changed has its former arrays until now.
+  clearAll(fields);
   std::string fault = putArrays(waiting, fields);
   if (fault.empty()) {
     fault = _check.findFault(*node);
@@ -128,9 +136,7 @@ std::string ArrayBinder::complete(std::uint32_t number) {
   if (fault.empty()) {
     return {};
   }
-  for (const Field& field : fields) {
-    clear(field);
-  }
+  clearAll(fields);
   return describePlace(*node) + ": " + fault;
 }
 

@@ -50,6 +50,7 @@ class ArrayBinder {
     std::size_t missing;
   };
 
+  static void clearAll(const FieldList& fields);
   void sortUses();
   std::string complete(std::uint32_t waiting);
   std::string putArrays(const Waiting& waiting, FieldList& fields);

@@ -48,7 +48,7 @@ class DatabaseIndex {
     std::string title;
     std::string description;
     std::string simUUID;
-    /// The graph with its size.
+    /// The graph without its size.
     std::string_view graph;
   };
 

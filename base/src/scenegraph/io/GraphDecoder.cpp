@@ -33,8 +33,8 @@ void GraphDecoder::setKnown(const KnownNodes& known) {
   _knownCount = known.size();
 }
 
-Ptr<Node> GraphDecoder::decode(ByteReader& in) {
-  ByteReader graph(in.take(in.number("size of a graph"), "graph"));
+Ptr<Node> GraphDecoder::decode(std::string_view bytes) {
+  ByteReader graph(bytes);
   const std::size_t count = graph.count("nodes", MINIMUM_NODE_BYTES);
   readChanged(graph);
   for (std::size_t i = 0; i < count; ++i) {

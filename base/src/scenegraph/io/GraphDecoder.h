@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace lum::io {
@@ -26,8 +27,8 @@ class GraphDecoder {
   /// The graph may change these, the nodes that graphs before it made.
   void setKnown(const KnownNodes& known);
 
-  /// Takes a graph from the cursor; gives its root.
-  Ptr<Node> decode(ByteReader& in);
+  /// Decodes a graph, given without its size; returns its root.
+  Ptr<Node> decode(std::string_view bytes);
 
   /// The new nodes by their numbers; null for those that are left out.
   const std::vector<Node*>& getNewNodes() const { return _newNodes; }

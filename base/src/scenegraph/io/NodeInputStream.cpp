@@ -96,7 +96,7 @@ class NodeInputStream::Connection {
     _tables.read(in);
     io::GraphDecoder decoder(_tables, _binder, _sessionId);
     decoder.setKnown(_nodes);
-    const Ptr<Node> root = decoder.decode(in);
+    const Ptr<Node> root = decoder.decode(in.text("graph"));
     if (in.left() != 0) {
       fail(fmt::format("{} bytes follow a graph", in.left()));
     }

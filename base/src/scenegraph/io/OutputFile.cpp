@@ -58,7 +58,7 @@ OutputFile::~OutputFile() {
 }
 
 void OutputFile::inspectTarget() {
-  if (_target.find('\0') != std::string::npos) {
+  if (_target.empty() || _target.find('\0') != std::string::npos) {
     fail(EINVAL);
   }
   struct stat status {};

@@ -47,8 +47,7 @@ class SDBReader::Database {
   Ptr<Node> readNode(std::size_t record, int sessionId) {
     io::ArrayBinder binder;
     io::GraphDecoder decoder(_index.getTables(), binder, sessionId);
-    io::ByteReader graph(_index.getRecords()[record].graph);
-    const Ptr<Node> root = decoder.decode(graph);
+    const Ptr<Node> root = decoder.decode(_index.getRecords()[record].graph);
     for (std::size_t chunk = 0; chunk < _index.getTables().getChunks().size(); ++chunk) {
       if (!binder.isExpected(chunk)) {
         continue;

@@ -1,0 +1,200 @@
+#include "SampleGraphs.h"
+#include "SdbFile.h"
+#include "StreamPayload.h"
+#include "scenegraph/Compare.h"
+#include "scenegraph/io/CheckFormat.h"
+#include "scenegraph/io/FileError.h"
+
+#include <cstring>
+#include <gmock/gmock.h>
+#include <sstream>
+
+namespace {
+
+using lum::firstDifference;
+using lum::Node;
+using lum::Ptr;
+using lum::io::FileError;
+using lum::io::FileIoStatus;
+using testing::HasSubstr;
+
+/// A small database of a scene.
+class SdbTrust : public testing::Test {
+ protected:
+  SdbTrust() {
+    EXPECT_EQ(writeDatabase(path, *scene), FileIoStatus::Success);
+    bytes = readFile(path);
+  }
+
+  /// Reads a database of these bytes; what was wrong with it, or nothing, and
+  /// the node.
+  std::string tryToRead(const std::string& content, Ptr<Node>* node = nullptr) {
+    writeFile(path, content);
+    try {
+      const Ptr<Node> read = readDatabase(path);
+      if (node != nullptr) {
+        *node = read;
+      }
+      return {};
+    } catch (const FileError& error) {
+      EXPECT_STRNE(error.what(), "");
+      return error.what();
+    }
+  }
+
+  static std::string explain(const std::string& content) {
+    std::istringstream in(content);
+    std::ostringstream messages;
+    const bool isDatabase = sdb::checkFormat(in, messages);
+    EXPECT_EQ(isDatabase, messages.str().empty());
+    return messages.str();
+  }
+
+  const TemporaryFolder folder;
+  const std::filesystem::path path = folder / "a.sdb";
+  const Ptr<lum::SceneNode> scene = makeScene();
+  std::string bytes;
+};
+
+TEST_F(SdbTrust, RefusesEveryPrefixAndAnythingMore) {
+  for (std::size_t size = 0; size < bytes.size(); ++size) {
+    ASSERT_NE(tryToRead(bytes.substr(0, size)), "") << size;
+    ASSERT_NE(explain(bytes.substr(0, size)), "") << size;
+  }
+  EXPECT_NE(tryToRead(bytes + '\0'), "");
+  EXPECT_EQ(explain(bytes), "");
+}
+
+TEST_F(SdbTrust, FindsEveryWrongByteThatMatters) {
+  for (std::size_t place = 0; place < bytes.size(); ++place) {
+    std::string wrong = bytes;
+    wrong[place] = static_cast<char>(wrong[place] ^ (place % 2 == 0 ? 0x01 : 0xFF));
+    Ptr<Node> read;
+    if (tryToRead(wrong, &read).empty()) {
+      // A byte that nobody reads.
+      ASSERT_THAT(bytes[place], testing::AnyOf('\0', ' ')) << place;
+      ASSERT_EQ(firstDifference(*scene, *read), "") << place;
+    }
+  }
+}
+
+// With a hash that is right again, what stands in the index is believed as far
+// as it holds together. What is accepted can be written and read.
+TEST_F(SdbTrust, TakesNoHarmFromAnIndexWithAnyByteChanged) {
+  const DatabaseBytes original(bytes);
+  int accepted = 0;
+  for (std::size_t place = 0; place < original.index.size(); ++place) {
+    for (const int value :
+         {0, 1, 2, 0x7F, 0x80, 0xFF, original.index[place] + 1, original.index[place] - 1}) {
+      DatabaseBytes changed = original;
+      changed.index[place] = static_cast<char>(value);
+      Ptr<Node> read;
+      if (!tryToRead(changed.join(), &read).empty()) {
+        continue;
+      }
+      ++accepted;
+      const Ptr<Node> again = throughStreams(*read);
+      ASSERT_TRUE(again) << place;
+      ASSERT_EQ(firstDifference(*read, *again), "") << place;
+    }
+  }
+  EXPECT_GT(accepted, 0);
+}
+
+TEST_F(SdbTrust, PassesOverWhatItDoesNotKnow) {
+  struct Case {
+    const char* text;
+    const char* unknown;
+    void (*expect)(lum::SceneNode&);
+  };
+  const Case cases[] = {
+      {"opacity", "opacitx", [](auto& read) { EXPECT_NE(read.hasModelCanvas(), nullptr); }},
+      {"SurfaceDrawable", "SurfaceDrawabla",
+       [](auto& read) { EXPECT_EQ(read.getModelCanvas().getDrawableCollection().getNodeCount(), 0U); }},
+      {"orientationCanvas", "orientationCanvax",
+       [](auto& read) { EXPECT_EQ(read.hasOrientationCanvas(), nullptr); }},
+      {"cameraAttributes", "cameraAttributez",
+       [](auto& read) {
+         const auto* triad =
+             read.getOrientationCanvas().getDrawableCollection().template find<lum::TriadDrawable>();
+         EXPECT_EQ(triad->getCameraAttributes(), nullptr);
+       }},
+      {"CameraAttributes", "CameraAttributez",
+       [](auto& read) { EXPECT_EQ(read.hasModelCanvas()->hasCameraAttributes(), nullptr); }},
+      {"cellDataArrays", "cellDataArrayz",
+       [](auto& read) {
+         const auto* drawable =
+             read.getModelCanvas().getDrawableCollection().template find<lum::SurfaceDrawable>();
+         EXPECT_TRUE(drawable->template find<lum::PolyDataNode>("first")->getCellDataArrays().empty());
+       }},
+  };
+  for (const Case& each : cases) {
+    SCOPED_TRACE(each.unknown);
+    DatabaseBytes changed(bytes);
+    changed.replaceInIndex(each.text, each.unknown);
+    Ptr<Node> read;
+    ASSERT_EQ(tryToRead(changed.join(), &read), "");
+    each.expect(*static_cast<lum::SceneNode*>(read.get()));
+  }
+  DatabaseBytes changed(bytes);
+  changed.replaceInIndex("SceneNode", "SceneNodx");
+  EXPECT_THAT(tryToRead(changed.join()), HasSubstr("root is of class SceneNodx"));
+}
+
+TEST_F(SdbTrust, SaysWhatIsWrong) {
+  const auto withHeader = [this](const std::string& text, const std::string& other) {
+    std::string changed = bytes;
+    return changed.replace(changed.find(text), text.size(), other);
+  };
+  std::string brokenArray = bytes;
+  brokenArray[256] = static_cast<char>(brokenArray[256] ^ 1);
+  struct Case {
+    std::string content;
+    const char* message;
+  };
+  const Case cases[] = {
+      {"{}", "too short"},
+      {"x" + bytes.substr(1), "does not begin with a header"},
+      {withHeader("scene-graph", "other-graph"), "does not say that it is a scene-graph database"},
+      {withHeader("\"version\": 1", "\"version\": 2"), "of version 2"},
+      {bytes + "more", "does not end the file"},
+      {bytes.substr(0, bytes.size() - 1) + '\x7F', "index is damaged"},
+      {brokenArray, "Array 0 \"Points\": its bytes are damaged"},
+  };
+  for (const Case& each : cases) {
+    EXPECT_THAT(tryToRead(each.content), HasSubstr(each.message));
+    EXPECT_EQ(explain(each.content).empty(), each.content == brokenArray) << each.message;
+  }
+  EXPECT_THROW(lum::SDBReader(wide(folder / "none.sdb")), FileError);
+  EXPECT_THROW(lum::SDBReader(wide(folder.path())), FileError);
+}
+
+// Cells that VTK would follow out of its arrays, arrays with right hashes.
+TEST_F(SdbTrust, RefusesCellsThatLeaveTheirPoints) {
+  const auto geometry = make<lum::PolyDataNode>();
+  geometry->setPolyData(makeGeometry(false));
+  ASSERT_EQ(writeDatabase(path, *geometry), FileIoStatus::Success);
+  const DatabaseBytes original(readFile(path));
+  const auto arrays = lum::SDBReader(wide(path)).getArrays();
+  // points, verts' offsets and connectivity, lines', polys', ...
+  const auto withValue = [&](std::size_t array, std::size_t index, std::int32_t value) {
+    DatabaseBytes changed = original;
+    std::string& chunks = changed.chunks;
+    const std::size_t start = arrays[array].offset - DatabaseBytes::HEADER_SIZE;
+    const std::string_view data(chunks.data() + start, arrays[array].bytes);
+    const auto before = XXH3_64bits(data.data(), data.size());
+    std::memcpy(chunks.data() + start + index * 4, &value, 4);
+    const auto after = XXH3_64bits(data.data(), data.size());
+    changed.replaceInIndex(std::string(reinterpret_cast<const char*>(&before), 8),
+                           std::string(reinterpret_cast<const char*>(&after), 8));
+    return tryToRead(changed.join());
+  };
+  EXPECT_THAT(withValue(6, 2, 3), HasSubstr("polys: cells use points 0 to 3 of 3"));
+  EXPECT_THAT(withValue(6, 0, -1), HasSubstr("polys: cells use points -1 to 2 of 3"));
+  EXPECT_THAT(withValue(5, 0, 1), HasSubstr("polys: the offsets do not rise from 0"));
+  EXPECT_THAT(withValue(5, 1, 2), HasSubstr("polys: the offsets do not rise from 0"));
+  EXPECT_THAT(withValue(3, 1, 1), HasSubstr("lines: the offsets do not rise from 0"));
+  EXPECT_EQ(withValue(6, 2, 1), "");
+}
+
+}  // namespace

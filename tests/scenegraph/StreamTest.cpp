@@ -1,0 +1,186 @@
+#include "SampleGraphs.h"
+#include "StreamPayload.h"
+#include "scenegraph/Compare.h"
+#include "scenegraph/NodeRegistry.h"
+#include "scenegraph/io/FileError.h"
+
+#include <algorithm>
+#include <functional>
+#include <gmock/gmock.h>
+
+namespace {
+
+using lum::firstDifference;
+using lum::Node;
+using lum::NodeInputStream;
+using lum::NodeOutputStream;
+using lum::Ptr;
+
+TEST(Stream, CarriesEveryClass) {
+  for (const std::string& name : lum::getNodeClassNames()) {
+    const Ptr<Node> node = lum::createNode(lum::ClassNameNodeInitializer(name));
+    UnusualValues::putInto(*node);
+    const Ptr<Node> read = throughStreams(*node);
+    ASSERT_TRUE(read) << name;
+    EXPECT_EQ(firstDifference(*node, *read), "");
+  }
+}
+
+TEST(Stream, TakesDataInAnyOrderAndKeepsTheSceneForItsSession) {
+  const auto scene = makeScene();
+  NodeOutputStream out;
+  scene->write(out);
+  StreamPayload payload(out);
+  std::ranges::reverse(payload.data);
+  auto& sessions = lum::NodeRegistrySessions::getSingleton();
+  const int session = sessions.createSession();
+  lum::WeakPtr<Node> root;
+  {
+    NodeInputStream in(session);
+    EXPECT_EQ(payload.loadInto(in), 0);
+    root = in.getRoots().at(0).get();
+  }
+  const auto found = lum::NodeRegistry::getSingleton(session).getNodes("SceneNode");
+  ASSERT_EQ(found, std::vector<Node*>{root.get()});
+  EXPECT_EQ(firstDifference(*scene, *found[0]), "");
+  sessions.destroySession(session);
+  EXPECT_FALSE(root);
+}
+
+TEST(Stream, CarriesSeveralScenes) {
+  NodeOutputStream out;
+  makeScene()->write(out);
+  makeScene()->write(out);
+  NodeInputStream in(lum::NO_SESSION);
+  EXPECT_EQ(StreamPayload(out).loadInto(in), 0);
+  EXPECT_EQ(in.getRoots().size(), 2U);
+}
+
+TEST(Stream, LeavesGeometryEmptyWhoseDataDoNotCome) {
+  const auto scene = makeScene();
+  NodeOutputStream out;
+  scene->write(out);
+  StreamPayload payload(out);
+  // The points that the first two geometries share; then one damaged, one
+  // twice, one of another scene, nothing.
+  payload.data.erase(payload.data.begin());
+  payload.data[3].back() = static_cast<char>(payload.data[3].back() ^ 1);
+  payload.data.push_back(payload.data[0]);
+  NodeOutputStream other;
+  const auto plane = make<lum::PolyDataNode>();
+  plane->setPolyData(makeGeometry(true));
+  plane->write(other);
+  payload.data.push_back(StreamPayload(other).data[2]);
+  payload.data.emplace_back();
+  NodeInputStream in(lum::NO_SESSION);
+  EXPECT_EQ(payload.loadInto(in), 4);
+  const Ptr<lum::SceneNode> read(in.getRoots().at(0));
+  const auto& surface = *read->getModelCanvas().getDrawableCollection().find<lum::SurfaceDrawable>();
+  const auto* first = surface.find<lum::PolyDataNode>("first");
+  EXPECT_EQ(first->getPoints(), nullptr);
+  EXPECT_EQ(first->getPolys(), nullptr);
+  EXPECT_NE(surface.find<lum::PolyDataNode>("wide")->getPolys(), nullptr);
+}
+
+TEST(Stream, RefusesEveryPrefixAndEveryWrongByte) {
+  NodeOutputStream out;
+  makeScene()->write(out);
+  const StreamPayload payload(out);
+  const auto isRead = [](const std::string& scene) {
+    NodeInputStream stream(lum::NO_SESSION);
+    lum::SceneGraphReader reader(stream);
+    std::istringstream in(scene);
+    const bool read = reader.loadSceneFileFromInputStream(in);
+    EXPECT_EQ(read, reader.getError().empty());
+    EXPECT_TRUE(read || stream.getRoots().empty());
+    return read;
+  };
+  // A stream of no scenes is one.
+  for (std::size_t size = 0; size < payload.scene.size(); ++size) {
+    ASSERT_EQ(isRead(payload.scene.substr(0, size)), size == 8) << size;
+    std::string wrong = payload.scene;
+    wrong[size] = static_cast<char>(wrong[size] ^ 0x41);
+    ASSERT_FALSE(isRead(wrong)) << size;
+  }
+  const std::string data = payload.data[0];
+  for (std::size_t size = 0; size < data.size(); ++size) {
+    NodeInputStream stream(lum::NO_SESSION);
+    std::istringstream scene(payload.scene);
+    stream.readScene(scene);
+    std::istringstream prefix(data.substr(0, size));
+    EXPECT_THROW(stream.readData(prefix), lum::io::FileError) << size;
+    std::string wrong = data;
+    wrong[size] = static_cast<char>(wrong[size] ^ 0x41);
+    std::istringstream wrongIn(wrong);
+    EXPECT_THROW(stream.readData(wrongIn), lum::io::FileError) << size;
+    std::istringstream right(data);
+    EXPECT_NO_THROW(stream.readData(right));
+  }
+}
+
+TEST(Stream, CarriesOnlyWhatChanged) {
+  const auto scene = makeScene();
+  auto& drawables = scene->getModelCanvas().getDrawableCollection();
+  auto& surface = *drawables.find<lum::SurfaceDrawable>();
+  auto& wide = *surface.find<lum::PolyDataNode>("wide");
+  auto& triad = *scene->getOrientationCanvas().getDrawableCollection().find<lum::TriadDrawable>();
+  struct Step {
+    std::function<void()> change;
+    std::size_t arrays;
+  };
+  const Step steps[] = {
+      {[&] { surface.getColorAttributes()->setOpacity(0.5, false); }, 0},
+      {[&] { surface.getColorAttributes()->setOpacity(1.0, false); }, 0},
+      {[&] { wide.setName("renamed"); }, 0},
+      {[&] { wide.setPolyData(makeGeometry(false)); }, 9},
+      {[&] { wide.setPolyData(vtkNew<vtkPolyData>()); }, 0},
+      {[&] { triad.setCameraAttributes(nullptr); }, 0},
+      {[&] { triad.setCameraAttributes(&scene->getModelCanvas().getCameraAttributes()); }, 0},
+      {[&] { surface.removeNode(*surface.find<lum::PolyDataNode>("none")); }, 0},
+      {[&] { surface.removeNode(*surface.find<lum::PolyDataNode>("first")); }, 0},
+      {[&] {
+         auto& group = drawables.findOrCreate<lum::DrawableCollection>("group");
+         const Ptr<Node> moved(&surface);
+         drawables.removeNode(surface);
+         group.addNode(surface);
+       },
+       0},
+      {[&] {
+         // From a later place to an earlier one.
+         auto& front = scene->getForegroundCanvas().getDrawableCollection();
+         const Ptr<Node> moved(&triad);
+         scene->getOrientationCanvas().getDrawableCollection().removeNode(triad);
+         front.addNode(triad);
+       },
+       0},
+      {[] {}, 0},
+  };
+  NodeOutputStream out;
+  NodeInputStream in(lum::NO_SESSION);
+  scene->writeChanges(out);
+  const StreamPayload whole(out);
+  ASSERT_EQ(whole.loadInto(in), 0);
+  const Ptr<Node> mirror = in.getRoots().at(0);
+  for (std::size_t i = 0; i < std::size(steps); ++i) {
+    SCOPED_TRACE(i);
+    steps[i].change();
+    scene->writeChanges(out);
+    const StreamPayload payload(out);
+    EXPECT_EQ(payload.data.size(), steps[i].arrays);
+    EXPECT_LT(payload.scene.size(), whole.scene.size() / 4);
+    ASSERT_EQ(payload.loadInto(in), 0);
+    ASSERT_EQ(in.getRoots().size(), 1U);
+    ASSERT_EQ(firstDifference(*scene, *mirror), "");
+  }
+}
+
+TEST(Stream, EndsReadOrWriteOnly) {
+  NodeOutputStream out;
+  NodeInputStream in(lum::NO_SESSION);
+  std::istringstream text("text");
+  EXPECT_THROW(out.readScene(text), InternalError);
+  EXPECT_THROW(makeScene()->write(in), InternalError);
+  EXPECT_THROW(NodeInputStream(1 << 30), InternalError);
+}
+
+}  // namespace
