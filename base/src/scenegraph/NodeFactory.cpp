@@ -4,6 +4,7 @@
 #include "scenegraph/attributes/RenderingAttributes.h"
 #include "scenegraph/attributes/ScalarAttributes.h"
 #include "scenegraph/drawables/GeometryDrawables.h"
+#include "scenegraph/drawables/Overlays.h"
 #include "scenegraph/drawables/TriadDrawable.h"
 
 #include <map>
@@ -25,6 +26,7 @@ const std::map<std::string, Create>& getTable() {
       SceneNode,                        //
       SceneCanvas,                      //
       AttributesCollection,             //
+      AnnotationAttributes,             //
       BackgroundAttributes,             //
       BaseAttributes,                   //
       BaseCanvasAttributes,             //
@@ -32,12 +34,17 @@ const std::map<std::string, Create>& getTable() {
       CanvasPositionAttributes,         //
       ClipPlanesAttributes,             //
       ColorAttributes,                  //
+      ContourAttributes,                //
       DataLocationAttributes,           //
+      ImageAttributes,                  //
+      LegendAttributes,                 //
       LightingAttributes,               //
       LineAttributes,                   //
+      MaterialAttributes,               //
       MeshAttributes,                   //
       OrientationAttributes,            //
       PointAttributes,                  //
+      PointScaleAttributes,             //
       PointSizeAttributes,              //
       PositionAttributes,               //
       ScalarAttributes,                 //
@@ -51,9 +58,12 @@ const std::map<std::string, Create>& getTable() {
       Plane,                            //
       PlaneCollection,                  //
       DrawableCollection,               //
+      ImageDrawable,                    //
+      LegendDrawable,                   //
       PointSphereDrawable,              //
       PolyLineDrawable,                 //
       SurfaceDrawable,                  //
+      TextDrawable,                     //
       TriadDrawable,                    //
       PolyDataNode,                     //
       PeriodicRepeatTransform,          //

@@ -3,6 +3,7 @@
 #include "scenegraph/Owned.h"
 #include "scenegraph/attributes/PlacementAttributes.h"
 #include "scenegraph/attributes/TextAttributes.h"
+#include "scenegraph/attributes/TriadAttributes.h"
 #include "scenegraph/canvas/CameraAttributes.h"
 #include "scenegraph/drawables/Drawable.h"
 

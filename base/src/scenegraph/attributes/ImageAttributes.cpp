@@ -1,0 +1,47 @@
+#include "scenegraph/attributes/ImageAttributes.h"
+
+#include "errors/InternalError.h"
+
+#include <vtkDataArray.h>
+
+#include <utility>
+
+namespace lum {
+
+namespace {
+
+bool fits(vtkDataArray* pixels, std::int32_t width, std::int32_t height) {
+  return pixels != nullptr && pixels->GetDataType() == VTK_UNSIGNED_CHAR && width > 0 && height > 0 &&
+         pixels->GetNumberOfComponents() >= 1 && pixels->GetNumberOfComponents() <= 4 &&
+         pixels->GetNumberOfTuples() == static_cast<vtkIdType>(width) * height;
+}
+
+}  // namespace
+
+vtkDataArray* ImageAttributes::getPixels() const {
+  return _pixels;
+}
+
+void ImageAttributes::setPixels(vtkDataArray* pixels, std::int32_t width, std::int32_t height) {
+  VEMO_REQUIRE(fits(pixels, width, height), "The pixels do not fit the image's size");
+  _pixels = pixels;
+  _width = width;
+  _height = height;
+  modified();
+}
+
+bool ImageAttributes::isSound() const {
+  return fits(_pixels, _width, _height);
+}
+
+void ImageAttributes::listFields(FieldList& fields) {
+  Superclass::listFields(fields);
+  fields.addEnumeration("coordinateSpace", _coordinateSpace, CoordinateSpace::MODEL);
+  fields.add("xAxis", _xAxis);
+  fields.add("yAxis", _yAxis);
+  fields.add("width", _width);
+  fields.add("height", _height);
+  fields.add("pixels", _pixels);
+}
+
+}  // namespace lum
