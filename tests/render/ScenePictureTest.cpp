@@ -334,6 +334,54 @@ TEST(ScenePicture, StandsManyAndSenselessLights) {
   EXPECT_NEAR(at(scene.render(), 0, 0)[0], 128, 2);
 }
 
+// ---- Many pieces ----
+
+/// A piece of each kind, each coloured in its own way, about a place.
+void addOneOfEachKind(RenderScene& scene, float x, float y) {
+  const auto square = [=](float at) { return makeRectangle(x, x + 0.25F, y + at, y + at + 0.07F, 0.1F * x); };
+  scene.addSurface(square(0), {0.5 + x / 4, 0.2, 0.4});
+  const auto colorByData = [](lum::GeometryDrawable& drawable, lum::DataLocation location) {
+    drawable.getColorAttributes()->setColorMode(lum::ColorMode::DATA);
+    drawable.getAttributes<lum::DataLocationAttributes>().setDataLocation(location);
+    auto& scalars = drawable.getAttributes<lum::ScalarAttributes>();
+    scalars.getDataArray().setDataArrayName("s");
+    scalars.getColorLookupTable().setColorValues({1, 0, 0, 1, 1, 1, 0, 1, 0, 0, 1, 1});
+    scalars.getColorLookupTable().setNumColor(3);
+  };
+  const auto byPoint = square(0.1F);
+  byPoint->GetPointData()->AddArray(makeArray("s", {0, 9, 1, 9, 0.5F + x / 2, 9, 0, 9}, 2));
+  byPoint->GetPointData()->AddArray(makeArray("Normals", {0, 1, 1, 0, 0, 1, 1, 0, 0, 0, 0, 1}, 3));
+  colorByData(scene.add<lum::SurfaceDrawable>(byPoint), lum::DataLocation::POINTS);
+  const auto byCell =
+      makePolyData({{x, y + 0.2F, 0}, {x + 0.25F, y + 0.2F, 0}, {x, y + 0.27F, 0}, {x + 0.25F, y + 0.27F, 0}},
+                   {.lines = {{0, 3}, {1, 2}}, .polys = {{0, 1, 2}}, .strips = {{1, 2, 3}}});
+  byCell->GetCellData()->AddArray(makeArray("s", {0.5F, 0, 1, 0.5F}));
+  auto& mixed = scene.add<lum::SurfaceDrawable>(byCell);
+  colorByData(mixed, lum::DataLocation::CELLS);
+  mixed.getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
+  auto& line = scene.add<lum::PolyLineDrawable>(
+      makePolyData({{x, y + 0.3F, 0}, {x + 0.2F, y + 0.35F, 0}}, {.lines = {{0, 1}}}));
+  line.getColorAttributes()->setColor(Color{0, 0.5 + x / 4, 1}, false);
+  auto& wire = scene.addSurface(square(0.4F), {1, 1, 1});
+  wire.getAttributes<lum::SurfaceAttributes>().setShaded(false);
+  wire.getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
+  wire.getAttributes<lum::MeshAttributes>().setMeshColor({1, 1, 0});
+}
+
+TEST(ScenePicture, DrawsManySmallPiecesLikeFew) {
+  RenderScene scene;
+  for (const float x : {-0.9F, -0.3F, 0.3F}) {
+    addOneOfEachKind(scene, x, -0.2F);
+  }
+  const Picture few = scene.render();
+  EXPECT_LT(countPixels(few, BLACK), SIZE * SIZE - 3000);
+  // Beside the picture.
+  for (int i = 0; i < 20; ++i) {
+    addOneOfEachKind(scene, 1.5F, 0.05F * static_cast<float>(i));
+  }
+  EXPECT_EQ(countDifferences(scene.render(), few, 1), 0);
+}
+
 // ---- What must not harm ----
 
 TEST(ScenePicture, LeavesPointsOutThatAreNotFinite) {

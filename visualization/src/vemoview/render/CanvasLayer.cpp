@@ -3,6 +3,7 @@
 #include "scenegraph/canvas/SceneCanvas.h"
 #include "vemoview/render/Piece.h"
 #include "vemoview/render/PieceActors.h"
+#include "vemoview/render/PieceJoiner.h"
 #include "vemoview/render/View.h"
 
 #include <vtkCullerCollection.h>
@@ -79,7 +80,7 @@ vtkSmartPointer<vtkRenderer> makeLayer(const lum::SceneCanvas& canvas) {
   peelTranslucency(*renderer);
   if (const auto* const drawables = canvas.hasDrawableCollection()) {
     const auto planes = planesOf(canvas);
-    for (const Piece& piece : collectPieces(*drawables)) {
+    for (const Piece& piece : joinSmallPieces(collectPieces(*drawables))) {
       addActors(piece, *planes, *renderer);
     }
   }

@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <vector>
 
 namespace {
@@ -44,56 +45,98 @@ constexpr std::array<CellKind, 4> CELL_KINDS = {{
 /// Points that cannot be drawn are marked by true; empty when there are none.
 using Marks = std::vector<bool>;
 
-struct MarkNonFinitePoints {
+/// The points of a poly data, looked through once.
+struct PointScan {
+  Marks nonFinite;
+  /// Of the finite ones.
+  vtkBoundingBox bounds;
+};
+
+struct ScanPoints {
   template <class Array>
-  void operator()(Array* coordinates, Marks& marks) const {
-    vtkIdType point = 0;
-    for (const auto tuple : vtk::DataArrayTupleRange<3>(coordinates)) {
-      if (!std::isfinite(tuple[0]) || !std::isfinite(tuple[1]) || !std::isfinite(tuple[2])) {
-        marks.resize(static_cast<std::size_t>(coordinates->GetNumberOfTuples()));
-        marks[static_cast<std::size_t>(point)] = true;
+  void operator()(Array* coordinates, PointScan& scan) const {
+    constexpr double MOST = std::numeric_limits<double>::max();
+    std::array<double, 3> low = {MOST, MOST, MOST};
+    std::array<double, 3> high = {-MOST, -MOST, -MOST};
+    std::size_t number = 0;
+    for (const auto point : vtk::DataArrayTupleRange<3>(coordinates)) {
+      const std::array<double, 3> place = {static_cast<double>(point[0]), static_cast<double>(point[1]),
+                                           static_cast<double>(point[2])};
+      if (std::isfinite(place[0]) && std::isfinite(place[1]) && std::isfinite(place[2])) {
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+          low[axis] = std::min(low[axis], place[axis]);
+          high[axis] = std::max(high[axis], place[axis]);
+        }
+      } else {
+        scan.nonFinite.resize(static_cast<std::size_t>(coordinates->GetNumberOfTuples()));
+        scan.nonFinite[number] = true;
       }
-      ++point;
+      ++number;
+    }
+    if (low[0] <= high[0]) {
+      scan.bounds = vtkBoundingBox(low[0], high[0], low[1], high[1], low[2], high[2]);
     }
   }
 };
 
-Marks markNonFinitePoints(vtkPolyData& geometry) {
-  Marks marks;
+PointScan scanPoints(vtkPolyData& geometry) {
+  PointScan scan;
   if (geometry.GetPoints() == nullptr) {
-    return marks;
+    return scan;
   }
   vtkDataArray* const coordinates = geometry.GetPoints()->GetData();
   using Dispatcher = vtkArrayDispatch::DispatchByValueType<vtkArrayDispatch::Reals>;
-  if (!Dispatcher::Execute(coordinates, MarkNonFinitePoints{}, marks)) {
-    MarkNonFinitePoints{}(coordinates, marks);
+  if (!Dispatcher::Execute(coordinates, ScanPoints{}, scan)) {
+    ScanPoints{}(coordinates, scan);
   }
-  return marks;
+  return scan;
+}
+
+/// Less than this is what the digits of coordinates are good for.
+constexpr double FAR = 1000.0;
+
+/// The bounds of a few cells from all over, which all cells' contain.
+vtkBoundingBox sampleCells(vtkPolyData& geometry) {
+  vtkBoundingBox box;
+  for (const CellKind& kind : CELL_KINDS) {
+    vtkCellArray* const cells = kind.get(geometry);
+    const vtkIdType count = cells == nullptr ? 0 : cells->GetNumberOfCells();
+    for (const vtkIdType cell : {vtkIdType(0), count / 3, count - count / 3, count - 1}) {
+      if (cell < 0 || cell >= count) {
+        continue;
+      }
+      vtkIdType size = 0;
+      const vtkIdType* points = nullptr;
+      cells->GetCellAtId(cell, size, points);
+      for (vtkIdType i = 0; i < size; ++i) {
+        box.AddPoint(geometry.GetPoint(points[i]));
+      }
+    }
+  }
+  return box;
 }
 
 /// Marks points that no cell uses and that lie far from those in use (files
 /// have them, as "no value"): the coordinates are drawn relative to all points,
-/// and the cells would lose their digits.
-void markFarPoints(vtkPolyData& geometry, Marks& marks) {
-  constexpr double FAR = 1000.0;
-  vtkPoints* const points = geometry.GetPoints();
-  if (points == nullptr || geometry.GetNumberOfCells() == 0) {
-    return;
+/// and the cells would lose their digits. All points are finite.
+Marks markFarPoints(vtkPolyData& geometry, const vtkBoundingBox& bounds) {
+  Marks marks;
+  // Looking at all cells is what this is to spare.
+  if (geometry.GetNumberOfCells() == 0 ||
+      bounds.GetMaxLength() <= FAR * sampleCells(geometry).GetMaxLength()) {
+    return marks;
   }
   std::array<double, 6> used{};
   geometry.GetCellsBounds(used.data());
   const vtkBoundingBox usedBox(used.data());
-  if (vtkBoundingBox(points->GetBounds()).GetMaxLength() <= FAR * usedBox.GetMaxLength()) {
-    return;
+  if (bounds.GetMaxLength() <= FAR * usedBox.GetMaxLength()) {
+    return marks;
   }
-  marks.resize(static_cast<std::size_t>(points->GetNumberOfPoints()));
+  marks.resize(static_cast<std::size_t>(geometry.GetNumberOfPoints()));
   for (std::size_t i = 0; i < marks.size(); ++i) {
-    std::array<double, 3> place{};
-    points->GetPoint(static_cast<vtkIdType>(i), place.data());
-    if (!usedBox.ContainsPoint(place.data())) {
-      marks[i] = true;
-    }
+    marks[i] = usedBox.ContainsPoint(geometry.GetPoint(static_cast<vtkIdType>(i))) == 0;
   }
+  return marks;
 }
 
 /// What is wrong with the offsets and indices of a cell array; null for sound
@@ -267,12 +310,12 @@ bool hasSoundCells(vtkPolyData& geometry, std::string& fault) {
 }
 
 vtkSmartPointer<vtkPolyData> drawableCells(vtkPolyData& geometry, unsigned kinds) {
-  Marks marks = markNonFinitePoints(geometry);
-  if (!marks.empty()) {
+  const PointScan scan = scanPoints(geometry);
+  if (!scan.nonFinite.empty()) {
     // Which of the others are far can be told without these.
-    return drawableCells(*copyCells(geometry, kinds, marks), kinds);
+    return drawableCells(*copyCells(geometry, kinds, scan.nonFinite), kinds);
   }
-  markFarPoints(geometry, marks);
+  const Marks marks = markFarPoints(geometry, scan.bounds);
   if (isAllDrawable(geometry, kinds, marks)) {
     return &geometry;
   }
@@ -280,7 +323,7 @@ vtkSmartPointer<vtkPolyData> drawableCells(vtkPolyData& geometry, unsigned kinds
 }
 
 vtkSmartPointer<vtkPolyData> pointsAsVertices(vtkPolyData& geometry) {
-  const Marks marks = markNonFinitePoints(geometry);
+  const Marks marks = scanPoints(geometry).nonFinite;
   const auto copy = copyWithoutCells(geometry, marks);
   vtkNew<vtkCellArray> vertices;
   vertices->Use32BitStorage();

@@ -1,0 +1,252 @@
+#include "vemoview/render/PieceJoiner.h"
+
+#include <vtkCellArray.h>
+#include <vtkCellData.h>
+#include <vtkNew.h>
+#include <vtkPointData.h>
+#include <vtkPoints.h>
+#include <vtkUnsignedCharArray.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <map>
+#include <span>
+#include <tuple>
+
+namespace {
+
+constexpr const char* COLORS = "Colors";
+constexpr int CHANNELS = 4;
+
+/// A piece with more points or cells than this is worth a stroke of its own.
+constexpr vtkIdType SMALL = 10000;
+/// So many points, at least, and a group is full.
+constexpr vtkIdType FULL = 2000000;
+/// Fewer pieces are not worth their joining.
+constexpr std::size_t FEW = 16;
+
+using Members = std::vector<std::size_t>;
+
+bool hasCellColors(const Piece& piece) {
+  return piece.coloring == Piece::Coloring::CELL_SCALARS;
+}
+
+/// Pieces with the same answer can be drawn at one stroke.
+auto likeness(const Piece& piece) {
+  const Appearance& look = piece.appearance;
+  vtkPolyData& geometry = *piece.geometry;
+  return std::make_tuple(
+      look.kind, look.hasFaces, look.hasEdges, look.isClipped, look.edgeColor.values, look.opacity,
+      look.lineWidth, look.pointSize, hasCellColors(piece), geometry.GetPoints()->GetDataType(),
+      geometry.GetPointData()->GetNormals() != nullptr, geometry.GetCellData()->GetNormals() != nullptr);
+}
+
+bool isSmall(const Piece& piece) {
+  return std::max(piece.geometry->GetNumberOfPoints(), piece.geometry->GetNumberOfCells()) <= SMALL;
+}
+
+std::vector<Members> groupSmallPieces(const std::vector<Piece>& pieces) {
+  struct Group {
+    std::size_t index;
+    vtkIdType points;
+  };
+  std::vector<Members> groups;
+  std::map<decltype(likeness(pieces.front())), Group> open;
+  for (std::size_t i = 0; i < pieces.size(); ++i) {
+    if (!isSmall(pieces[i])) {
+      continue;
+    }
+    const auto [place, isNew] = open.try_emplace(likeness(pieces[i]), Group{groups.size(), 0});
+    Group& group = place->second;
+    if (isNew || group.points >= FULL) {
+      group = {groups.size(), 0};
+      groups.emplace_back();
+    }
+    groups[group.index].push_back(i);
+    group.points += pieces[i].geometry->GetNumberOfPoints();
+  }
+  return groups;
+}
+
+/// A run of tuples of an array.
+struct Run {
+  vtkDataArray* array;
+  vtkIdType first;
+  vtkIdType count;
+};
+
+/// One array of all the runs; of the type and name of the first.
+vtkSmartPointer<vtkDataArray> concatenate(const std::vector<Run>& runs) {
+  vtkDataArray& model = *runs.front().array;
+  auto result = vtk::TakeSmartPointer(model.NewInstance());
+  vtkIdType total = 0;
+  for (const Run& run : runs) {
+    total += run.count;
+  }
+  result->SetName(model.GetName());
+  result->SetNumberOfComponents(model.GetNumberOfComponents());
+  result->SetNumberOfTuples(total);
+  vtkIdType place = 0;
+  for (const Run& run : runs) {
+    if (run.count > 0) {
+      result->InsertTuples(place, run.count, run.first, run.array);
+      place += run.count;
+    }
+  }
+  return result;
+}
+
+/// The four cell arrays in the order in which cells are numbered.
+std::array<vtkCellArray*, 4> cellArrays(vtkPolyData& geometry) {
+  return {geometry.GetVerts(), geometry.GetLines(), geometry.GetPolys(), geometry.GetStrips()};
+}
+
+class Joiner {
+ public:
+  Joiner(const std::vector<Piece>& pieces, const Members& members) : _pieces(pieces), _members(members) {}
+
+  Piece join() {
+    Piece result;
+    result.appearance = first().appearance;
+    result.geometry = vtkSmartPointer<vtkPolyData>::New();
+    vtkNew<vtkPoints> points;
+    points->SetData(
+        joinPointArrays([](const Piece& piece) { return piece.geometry->GetPoints()->GetData(); }));
+    result.geometry->SetPoints(points);
+    joinCells(*result.geometry);
+    joinNormals(*result.geometry);
+    joinColors(result);
+    return result;
+  }
+
+ private:
+  const Piece& first() const { return _pieces[_members.front()]; }
+
+  template <class GetArray>
+  vtkSmartPointer<vtkDataArray> joinPointArrays(GetArray&& getArray) const {
+    std::vector<Run> runs;
+    for (const std::size_t member : _members) {
+      const Piece& piece = _pieces[member];
+      runs.push_back({getArray(piece), 0, piece.geometry->GetNumberOfPoints()});
+    }
+    return concatenate(runs);
+  }
+
+  /// All vertices come first, then all lines, and so on; so do their tuples.
+  template <class GetArray>
+  vtkSmartPointer<vtkDataArray> joinCellArrays(GetArray&& getArray) const {
+    std::array<std::vector<Run>, 4> runs;
+    for (const std::size_t member : _members) {
+      const Piece& piece = _pieces[member];
+      vtkDataArray* const array = getArray(piece);
+      vtkIdType place = 0;
+      for (std::size_t kind = 0; kind < runs.size(); ++kind) {
+        const vtkIdType count = cellArrays(*piece.geometry)[kind]->GetNumberOfCells();
+        runs[kind].push_back({array, place, count});
+        place += count;
+      }
+    }
+    std::vector<Run> all;
+    for (const auto& some : runs) {
+      all.insert(all.end(), some.begin(), some.end());
+    }
+    return concatenate(all);
+  }
+
+  void joinCells(vtkPolyData& geometry) const {
+    std::array<vtkNew<vtkCellArray>, 4> joined;
+    for (std::size_t kind = 0; kind < joined.size(); ++kind) {
+      vtkIdType cells = 0;
+      vtkIdType indices = 0;
+      for (const std::size_t member : _members) {
+        vtkCellArray& from = *cellArrays(*_pieces[member].geometry)[kind];
+        cells += from.GetNumberOfCells();
+        indices += from.GetNumberOfConnectivityIds();
+      }
+      joined[kind]->Use32BitStorage();
+      joined[kind]->AllocateExact(cells, indices);
+      vtkIdType firstPoint = 0;
+      for (const std::size_t member : _members) {
+        vtkPolyData& from = *_pieces[member].geometry;
+        joined[kind]->Append(cellArrays(from)[kind], firstPoint);
+        firstPoint += from.GetNumberOfPoints();
+      }
+    }
+    geometry.SetVerts(joined[0]);
+    geometry.SetLines(joined[1]);
+    geometry.SetPolys(joined[2]);
+    geometry.SetStrips(joined[3]);
+  }
+
+  void joinNormals(vtkPolyData& geometry) const {
+    if (first().geometry->GetPointData()->GetNormals() != nullptr) {
+      geometry.GetPointData()->SetNormals(
+          joinPointArrays([](const Piece& piece) { return piece.geometry->GetPointData()->GetNormals(); }));
+    }
+    if (first().geometry->GetCellData()->GetNormals() != nullptr) {
+      geometry.GetCellData()->SetNormals(
+          joinCellArrays([](const Piece& piece) { return piece.geometry->GetCellData()->GetNormals(); }));
+    }
+  }
+
+  /// The bytes of one piece's colours: red, green, blue, alpha.
+  static vtkSmartPointer<vtkUnsignedCharArray> colorsOf(const Piece& piece) {
+    if (piece.coloring != Piece::Coloring::PLAIN) {
+      vtkDataSetAttributes* const data =
+          hasCellColors(piece) ? static_cast<vtkDataSetAttributes*>(piece.geometry->GetCellData())
+                               : piece.geometry->GetPointData();
+      return vtk::TakeSmartPointer(
+          piece.table->MapScalars(data->GetArray(piece.scalars.c_str()), VTK_COLOR_MODE_MAP_SCALARS, -1));
+    }
+    auto colors = vtkSmartPointer<vtkUnsignedCharArray>::New();
+    colors->SetNumberOfComponents(CHANNELS);
+    colors->SetNumberOfTuples(piece.geometry->GetNumberOfPoints());
+    for (int channel = 0; channel < CHANNELS; ++channel) {
+      const double value = channel < 3 ? piece.appearance.color[static_cast<std::size_t>(channel)] : 1.0;
+      colors->FillTypedComponent(channel, static_cast<unsigned char>(std::lround(value * 255.0)));
+    }
+    return colors;
+  }
+
+  void joinColors(Piece& result) const {
+    std::map<const Piece*, vtkSmartPointer<vtkUnsignedCharArray>> colors;
+    for (const std::size_t member : _members) {
+      colors[&_pieces[member]] = colorsOf(_pieces[member]);
+    }
+    const auto getColors = [&colors](const Piece& piece) { return colors.at(&piece).Get(); };
+    const bool isAtCells = hasCellColors(first());
+    const auto joined = isAtCells ? joinCellArrays(getColors) : joinPointArrays(getColors);
+    joined->SetName(COLORS);
+    if (isAtCells) {
+      result.geometry->GetCellData()->AddArray(joined);
+    } else {
+      result.geometry->GetPointData()->AddArray(joined);
+    }
+    result.coloring = isAtCells ? Piece::Coloring::CELL_SCALARS : Piece::Coloring::POINT_SCALARS;
+    result.scalars = COLORS;
+  }
+
+  const std::vector<Piece>& _pieces;
+  const Members& _members;
+};
+
+}  // namespace
+
+std::vector<Piece> joinSmallPieces(std::vector<Piece> pieces) {
+  if (pieces.size() < FEW) {
+    return pieces;
+  }
+  for (const Members& members : groupSmallPieces(pieces)) {
+    if (members.size() < FEW) {
+      continue;
+    }
+    Piece joined = Joiner(pieces, members).join();
+    for (const std::size_t member : members) {
+      pieces[member].geometry = nullptr;
+    }
+    pieces[members.front()] = std::move(joined);
+  }
+  std::erase_if(pieces, [](const Piece& piece) { return piece.geometry == nullptr; });
+  return pieces;
+}
