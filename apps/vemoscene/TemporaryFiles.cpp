@@ -8,9 +8,11 @@
 #include <cstring>
 #include <filesystem>
 #include <fmt/format.h>
+#include <functional>
 #include <string>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 namespace {
 
@@ -44,20 +46,31 @@ sigset_t endingSignals() {
   return signals;
 }
 
-/// A thread waits for the signals, since a handler could not remove a folder;
+/// A thread waits for the signals, since a handler could do next to nothing;
 /// then the process ends by the signal as if nobody had waited for it. `exit`
 /// would destroy what the main thread is still working with.
-void removeOwnFolderWhenEnded() {
+void callWhenEnded(std::function<void()> cleanUp) {
   const sigset_t signals = endingSignals();
   pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-  std::thread([signals] {
+  std::thread([signals, cleanUp = std::move(cleanUp)] {
     int signal = 0;
     sigwait(&signals, &signal);
-    removeOwnFolder();
+    cleanUp();
     std::signal(signal, SIG_DFL);
     pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
     raise(signal);
   }).detach();
+}
+
+/// Of the temporary files in a folder those that this process has open.
+void removeOpenTemporaryFiles(const std::filesystem::path& folder) {
+  std::error_code error;
+  for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd", error)) {
+    const std::filesystem::path file = std::filesystem::read_symlink(entry.path(), error);
+    if (!error && file.parent_path() == folder && file.extension() == ".tmp") {
+      std::filesystem::remove(file, error);
+    }
+  }
 }
 
 }  // namespace
@@ -66,7 +79,7 @@ void useOwnTemporaryFolder() {
   std::error_code error;
   const std::filesystem::path parent = std::filesystem::temp_directory_path(error);
   std::string name = (error ? std::filesystem::path("/tmp") : parent) / "vemoscene-XXXXXX";
-  removeOwnFolderWhenEnded();
+  callWhenEnded(removeOwnFolder);
   if (mkdtemp(name.data()) == nullptr) {
     throw Failure(ExitCode::CANNOT_WRITE, fmt::format("Cannot make a folder for temporary files, \"{}\": {}",
                                                       name, std::strerror(errno)));
@@ -76,4 +89,11 @@ void useOwnTemporaryFolder() {
   // so called after them.
   std::atexit(removeOwnFolder);
   setenv("TMPDIR", name.c_str(), 1);
+}
+
+void removePartialOutputWhenEnded(const std::string& output) {
+  std::error_code ignored;
+  // Links followed: the file beside what a link leads to is meant.
+  const std::filesystem::path target = std::filesystem::weakly_canonical(output, ignored);
+  callWhenEnded([folder = target.parent_path()] { removeOpenTemporaryFiles(folder); });
 }

@@ -2,6 +2,7 @@
 #include "ExitCode.h"
 #include "FileChecks.h"
 #include "Messages.h"
+#include "TemporaryFiles.h"
 #include "platform/WidePath.h"
 #include "scenegraph/Node.h"
 #include "scenegraph/Ptr.h"
@@ -61,6 +62,7 @@ void copyDatabase(const Options& options) {
 
 void convert(const Options& options) {
   refuseSameFile(options.file, options.output);
+  removePartialOutputWhenEnded(options.output);
   const Progress progress(fmt::format("Converting {}", toPrintable(options.file)));
   std::ostringstream messages;
   switch (SceneFormatHandler::detectSceneFormat(toWidePath(options.file), messages)) {
