@@ -224,12 +224,12 @@ TEST_F(GeometryItemTest, CellsThatAreNoneTakeTheirDataAlong) {
       .ints("s", {2, 0, 1, 3, 0, 1, 2})
       .ints("q", {3, 0, 1, 2, 2, 0, 1})
       .floats("cells", {1, 2, 3, 4, 5, 6, 7, 8});
-  const auto& poly = *readItem("verts='v' lines='l' strips='s' polys='q' smoothShading='false'",
-                               array("c", 1, "cells", false))
-                          .getGeometry();
-  EXPECT_THAT(valuesOf(*const_cast<vtkPolyData&>(poly).GetCellData()->GetArray("c")),
-              ElementsAre(2, 3, 5, 8));
-  EXPECT_EQ(const_cast<vtkPolyData&>(poly).GetCellData()->GetNormals()->GetNumberOfTuples(), 4);
+  auto& data = *readItem("verts='v' lines='l' strips='s' polys='q' smoothShading='false'",
+                         array("c", 1, "cells", false))
+                    .getGeometry()
+                    ->GetCellData();
+  EXPECT_THAT(valuesOf(*data.GetArray("c")), ElementsAre(2, 3, 5, 8));
+  EXPECT_EQ(data.GetNormals()->GetNumberOfTuples(), 4);
   EXPECT_THAT(warnings(), ElementsAre("1 of 2 cells have fewer than 1 points and are left out",
                                       "1 of 2 cells have fewer than 2 points and are left out",
                                       "1 of 2 cells have fewer than 3 points and are left out",

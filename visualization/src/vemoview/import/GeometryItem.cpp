@@ -59,7 +59,9 @@ int GeometryItem::countItemsInList(Array_t<int> list) {
 void GeometryItem::setGeometry(vtkPolyData* polyData, vtkPolyDataMapper* mapper, vtkProperty* property) {
   _polydata = polyData;
   _mapper = mapper;
-  _property = property;
+  if (property != nullptr) {
+    _property = property;
+  }
 }
 
 vtkPolyData* GeometryItem::getGeometry() const {

@@ -40,7 +40,8 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
   /// when the last cell does not end where the list does.
   static int countItemsInList(Array_t<int> list);
 
-  /// The geometry, and what draws it directly with VTK; the mapper may be null.
+  /// The geometry, and what draws it directly with VTK. The mapper may be null;
+  /// without a property the item keeps its own.
   void setGeometry(vtkPolyData* polyData, vtkPolyDataMapper* mapper, vtkProperty* property);
   vtkPolyData* getGeometry() const;
 

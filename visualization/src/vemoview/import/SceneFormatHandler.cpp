@@ -15,6 +15,7 @@
 #include <fstream>
 #include <ostream>
 #include <string_view>
+#include <sys/stat.h>
 
 using lum::io::FileIoStatus;
 
@@ -24,6 +25,13 @@ namespace {
 
 constexpr std::string_view ZIP_SIGNATURE = "PK\x03\x04";
 constexpr char DATABASE_START = '{';
+
+/// Whether opening or reading the file may wait for somebody else: a pipe, a
+/// socket, a terminal.
+bool mayBlock(const std::wstring& path) {
+  struct stat status {};
+  return wideStat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);
+}
 
 }  // namespace
 
@@ -46,6 +54,9 @@ SceneFormatHandler::SceneFormat SceneFormatHandler::detectSceneFormat(const std:
   const std::wstring resolved = Platform::filesystem().getFilePath(path);
   if (!Platform::filesystem().exists(resolved)) {
     return FileMissing;
+  }
+  if (mayBlock(resolved)) {
+    return FileUnreadable;
   }
   std::ifstream file(toNativePath(resolved), std::ios::binary);
   if (!file) {
