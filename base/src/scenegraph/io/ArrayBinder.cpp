@@ -81,21 +81,23 @@ void ArrayBinder::sortUses() {
   }
 }
 
-bool ArrayBinder::isExpected(std::size_t chunk) {
+std::vector<std::uint32_t>::const_iterator ArrayBinder::findUses(std::size_t chunk) {
   sortUses();
-  return std::ranges::binary_search(_byChunk, chunk, {},
-                                    [this](std::uint32_t use) { return std::size_t{_uses[use].chunk}; });
+  return std::ranges::lower_bound(_byChunk, chunk, {},
+                                  [this](std::uint32_t use) { return std::size_t{_uses[use].chunk}; });
+}
+
+bool ArrayBinder::isExpected(std::size_t chunk) {
+  const auto use = findUses(chunk);
+  return use != _byChunk.end() && _uses[*use].chunk == chunk;
 }
 
 std::string ArrayBinder::provide(std::size_t chunk, vtkDataArray& array) {
-  sortUses();
   _arrays.resize(std::max(_arrays.size(), chunk + 1));
   _arrays[chunk] = &array;
-  const auto uses = std::ranges::equal_range(
-      _byChunk, chunk, {}, [this](std::uint32_t use) { return std::size_t{_uses[use].chunk}; });
   std::string fault;
-  for (const std::uint32_t use : uses) {
-    const std::uint32_t waiting = _uses[use].waiting;
+  for (auto use = findUses(chunk); use != _byChunk.end() && _uses[*use].chunk == chunk; ++use) {
+    const std::uint32_t waiting = _uses[*use].waiting;
     if (--_waiting[waiting].missing == 0) {
       const std::string found = complete(waiting);
       fault = fault.empty() ? found : fault;

@@ -52,6 +52,8 @@ class ArrayBinder {
 
   static void clearAll(const FieldList& fields);
   void sortUses();
+  /// The first of a chunk's uses, if it has any.
+  std::vector<std::uint32_t>::const_iterator findUses(std::size_t chunk);
   std::string complete(std::uint32_t waiting);
   std::string putArrays(const Waiting& waiting, FieldList& fields);
 

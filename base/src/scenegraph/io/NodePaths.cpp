@@ -3,7 +3,6 @@
 #include "scenegraph/Node.h"
 #include "scenegraph/io/JsonWriter.h"
 
-#include <ranges>
 #include <string_view>
 #include <vector>
 
@@ -43,9 +42,9 @@ void NodePaths::print(JsonWriter& json, const Node& node) {
   }
   json.beginText();
   std::string_view separator;
-  for (const Node* step : std::views::reverse(steps)) {
+  for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
     json.appendText(separator);
-    json.appendText(getStep(*step));
+    json.appendText(getStep(**step));
     separator = "/";
   }
   json.endText();
