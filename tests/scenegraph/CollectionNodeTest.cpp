@@ -5,6 +5,7 @@
 #include "scenegraph/drawables/GeometryDrawables.h"
 #include "scenegraph/drawables/TriadDrawable.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 
 namespace {
@@ -118,6 +119,8 @@ TEST(CollectionNodeTest, AChangeMarksTheNodeAndItAlone) {
   const auto sceneBefore = scene->getModificationTime();
   camera.setPosition(camera.getPosition());
   EXPECT_EQ(camera.getModificationTime(), before);
+  camera.setPosition({-0.0, 0.0, 1.0});
+  EXPECT_TRUE(std::signbit(camera.getPosition()[0])) << "right to the last bit";
   camera.setParallelScale(2.0);
   EXPECT_GT(camera.getModificationTime(), before);
   EXPECT_EQ(scene->getModificationTime(), sceneBefore);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "math/SameBits.h"
 #include "scenegraph/Field.h"
 #include "scenegraph/NodeInitializer.h"
 #include "scenegraph/Object.h"
@@ -7,6 +8,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 namespace lum::io {
@@ -78,9 +80,9 @@ class VEMO_SCENEGRAPH_EXPORT Node : public Object {
   void modified();
 
   /// Gives a member a new value and marks the node as changed if it differs.
-  template <class T, class U>
-  void assign(T& member, const U& value) {
-    if (!(member == value)) {
+  template <class T>
+  void assign(T& member, const std::type_identity_t<T>& value) {
+    if (!sameBits(member, value)) {
       member = value;
       modified();
     }

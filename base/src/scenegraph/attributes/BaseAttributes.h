@@ -22,7 +22,10 @@ class VEMO_SCENEGRAPH_EXPORT BaseAttributes final : public Attributes {
 
   /// Null when the drawable stands where it is.
   Transform* getTransform() const { return _transform.get(); }
-  void setTransform(Transform* transform) { _transform.put(*this, transform); }
+  /// Throws InternalError for a transform that is owned already.
+  void setTransform(Transform* transform) {
+    VEMO_REQUIRE(_transform.put(*this, transform), "The transform belongs to other attributes");
+  }
 
   void listFields(FieldList& fields) override {
     Superclass::listFields(fields);

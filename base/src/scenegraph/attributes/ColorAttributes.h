@@ -33,7 +33,7 @@ class VEMO_SCENEGRAPH_EXPORT ColorAttributes final : public Attributes {
   const Colors& getColors() const { return _colors; }
   void setColor(const std::string& key, const Vector<3, double>& color) {
     const auto [place, isNew] = _colors.try_emplace(key, color);
-    if (isNew || place->second != color) {
+    if (isNew || !sameBits(place->second, color)) {
       place->second = color;
       modified();
     }
