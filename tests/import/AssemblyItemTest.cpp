@@ -2,7 +2,6 @@
 #include "scenegraph/attributes/ScalarAttributes.h"
 #include "vemoview/import/Colormap.h"
 #include "vemoview/import/GeometryItem.h"
-#include "vemoview/import/Legend.h"
 
 #include <gmock/gmock.h>
 #include <pthread.h>

@@ -4,7 +4,7 @@
 #include "vemoview/import/Font.h"
 #include "vemoview/import/SharedBySiblings.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace {
 

@@ -5,7 +5,8 @@
 #include "vemoview/import/SharedBySiblings.h"
 
 #include <algorithm>
-#include <functional>
+#include <initializer_list>
+#include <iterator>
 #include <sstream>
 #include <utility>
 

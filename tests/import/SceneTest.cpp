@@ -1,7 +1,6 @@
 #include "SceneFixture.h"
 #include "vemoview/import/ClippingPlane.h"
 #include "vemoview/import/Gradient.h"
-#include "vemoview/import/Light.h"
 #include "vemoview/import/Scene.h"
 #include "vemoview/import/SharedBySiblings.h"
 

@@ -4,7 +4,7 @@
 #include "vemoview/import/ReflectTransform.h"
 #include "vemoview/import/RepeatTransform.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace {
 

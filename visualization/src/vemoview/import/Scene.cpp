@@ -1,14 +1,11 @@
 #include "vemoview/import/Scene.h"
 
 #include "vemoview/import/ClippingPlane.h"
-#include "vemoview/import/Colormap.h"
 #include "vemoview/import/Gradient.h"
-#include "vemoview/import/Legend.h"
 #include "vemoview/import/Light.h"
 #include "vemoview/import/QxElement.h"
 #include "vemoview/import/SceneFileReader.h"
 #include "vemoview/import/SharedBySiblings.h"
-#include "vemoview/import/Transform.h"
 
 #include <utility>
 
