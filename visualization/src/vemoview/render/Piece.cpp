@@ -2,9 +2,12 @@
 
 #include "scenegraph/Logger.h"
 #include "scenegraph/attributes/ScalarAttributes.h"
+#include "vemoview/render/CellKinds.h"
 #include "vemoview/render/ColorTable.h"
+#include "vemoview/render/RenderErrors.h"
 #include "vemoview/render/SoundGeometry.h"
 
+#include <vtkCellArray.h>
 #include <vtkCellData.h>
 #include <vtkDataArray.h>
 #include <vtkNew.h>
@@ -141,6 +144,26 @@ class PieceBuilder {
   Piece _piece;
 };
 
+/// A small file may have very many pieces share their arrays; what is drawn
+/// takes memory for each of them.
+class SizeLimit {
+ public:
+  void count(vtkPolyData& geometry) {
+    constexpr vtkIdType MOST = 100'000'000;
+    _total += geometry.GetNumberOfPoints();
+    for (const CellKind& kind : CELL_KINDS) {
+      _total += kind.get(geometry)->GetNumberOfConnectivityIds();
+    }
+    if (_total > MOST) {
+      throw RenderError("The scene is too large to be drawn: more than " + std::to_string(MOST) +
+                        " points and corners");
+    }
+  }
+
+ private:
+  vtkIdType _total = 0;
+};
+
 struct Visit {
   const lum::Drawable* drawable;
   /// Whether all that own it are cut by clipping planes.
@@ -151,6 +174,7 @@ struct Visit {
 
 std::vector<Piece> collectPieces(const lum::Drawable& root) {
   std::vector<Piece> pieces;
+  SizeLimit limit;
   std::vector<Visit> waiting{{&root, true}};
   while (!waiting.empty()) {
     const auto [drawable, isOwnerClipped] = waiting.back();
@@ -166,6 +190,7 @@ std::vector<Piece> collectPieces(const lum::Drawable& root) {
       if (const auto* const node = dynamic_cast<const lum::PolyDataNode*>(nodes[i].get());
           node != nullptr && geometry != nullptr) {
         if (auto piece = PieceBuilder(*geometry, *node, isClipped).build()) {
+          limit.count(*piece->geometry);
           pieces.push_back(std::move(*piece));
         }
       }

@@ -34,5 +34,6 @@ struct Piece {
   vtkSmartPointer<vtkLookupTable> table;
 };
 
-/// The visible pieces among a drawable and all that it owns, in order.
+/// The visible pieces among a drawable and all that it owns, in order. Throws
+/// RenderError when together they are too large to be drawn.
 std::vector<Piece> collectPieces(const lum::Drawable& root);

@@ -1,5 +1,7 @@
 #include "vemoview/render/PieceJoiner.h"
 
+#include "vemoview/render/CellKinds.h"
+
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
 #include <vtkNew.h>
@@ -8,10 +10,8 @@
 #include <vtkUnsignedCharArray.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <map>
-#include <span>
 #include <tuple>
 
 namespace {
@@ -97,11 +97,6 @@ vtkSmartPointer<vtkDataArray> concatenate(const std::vector<Run>& runs) {
   return result;
 }
 
-/// The four cell arrays in the order in which cells are numbered.
-std::array<vtkCellArray*, 4> cellArrays(vtkPolyData& geometry) {
-  return {geometry.GetVerts(), geometry.GetLines(), geometry.GetPolys(), geometry.GetStrips()};
-}
-
 class Joiner {
  public:
   Joiner(const std::vector<Piece>& pieces, const Members& members) : _pieces(pieces), _members(members) {}
@@ -114,7 +109,9 @@ class Joiner {
     points->SetData(
         joinPointArrays([](const Piece& piece) { return piece.geometry->GetPoints()->GetData(); }));
     result.geometry->SetPoints(points);
-    joinCells(*result.geometry);
+    for (const CellKind& kind : CELL_KINDS) {
+      kind.set(*result.geometry, joinCells(kind));
+    }
     joinNormals(*result.geometry);
     joinColors(result);
     return result;
@@ -136,47 +133,37 @@ class Joiner {
   /// All vertices come first, then all lines, and so on; so do their tuples.
   template <class GetArray>
   vtkSmartPointer<vtkDataArray> joinCellArrays(GetArray&& getArray) const {
-    std::array<std::vector<Run>, 4> runs;
-    for (const std::size_t member : _members) {
-      const Piece& piece = _pieces[member];
-      vtkDataArray* const array = getArray(piece);
-      vtkIdType place = 0;
-      for (std::size_t kind = 0; kind < runs.size(); ++kind) {
-        const vtkIdType count = cellArrays(*piece.geometry)[kind]->GetNumberOfCells();
-        runs[kind].push_back({array, place, count});
-        place += count;
+    std::vector<Run> runs;
+    std::vector<vtkIdType> places(_members.size(), 0);
+    for (const CellKind& kind : CELL_KINDS) {
+      for (std::size_t i = 0; i < _members.size(); ++i) {
+        const Piece& piece = _pieces[_members[i]];
+        const vtkIdType count = kind.get(*piece.geometry)->GetNumberOfCells();
+        runs.push_back({getArray(piece), places[i], count});
+        places[i] += count;
       }
     }
-    std::vector<Run> all;
-    for (const auto& some : runs) {
-      all.insert(all.end(), some.begin(), some.end());
-    }
-    return concatenate(all);
+    return concatenate(runs);
   }
 
-  void joinCells(vtkPolyData& geometry) const {
-    std::array<vtkNew<vtkCellArray>, 4> joined;
-    for (std::size_t kind = 0; kind < joined.size(); ++kind) {
-      vtkIdType cells = 0;
-      vtkIdType indices = 0;
-      for (const std::size_t member : _members) {
-        vtkCellArray& from = *cellArrays(*_pieces[member].geometry)[kind];
-        cells += from.GetNumberOfCells();
-        indices += from.GetNumberOfConnectivityIds();
-      }
-      joined[kind]->Use32BitStorage();
-      joined[kind]->AllocateExact(cells, indices);
-      vtkIdType firstPoint = 0;
-      for (const std::size_t member : _members) {
-        vtkPolyData& from = *_pieces[member].geometry;
-        joined[kind]->Append(cellArrays(from)[kind], firstPoint);
-        firstPoint += from.GetNumberOfPoints();
-      }
+  vtkSmartPointer<vtkCellArray> joinCells(const CellKind& kind) const {
+    vtkIdType cells = 0;
+    vtkIdType indices = 0;
+    for (const std::size_t member : _members) {
+      vtkCellArray& from = *kind.get(*_pieces[member].geometry);
+      cells += from.GetNumberOfCells();
+      indices += from.GetNumberOfConnectivityIds();
     }
-    geometry.SetVerts(joined[0]);
-    geometry.SetLines(joined[1]);
-    geometry.SetPolys(joined[2]);
-    geometry.SetStrips(joined[3]);
+    auto joined = vtkSmartPointer<vtkCellArray>::New();
+    joined->Use32BitStorage();
+    joined->AllocateExact(cells, indices);
+    vtkIdType firstPoint = 0;
+    for (const std::size_t member : _members) {
+      vtkPolyData& from = *_pieces[member].geometry;
+      joined->Append(kind.get(from), firstPoint);
+      firstPoint += from.GetNumberOfPoints();
+    }
+    return joined;
   }
 
   void joinNormals(vtkPolyData& geometry) const {

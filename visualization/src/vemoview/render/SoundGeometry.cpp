@@ -1,10 +1,9 @@
 #include "vemoview/render/SoundGeometry.h"
 
-#include <vtkArrayDispatch.h>
-#include <vtkBoundingBox.h>
+#include "vemoview/render/StrayPoints.h"
+
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
-#include <vtkDataArrayRange.h>
 #include <vtkIdList.h>
 #include <vtkNew.h>
 #include <vtkPointData.h>
@@ -13,131 +12,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
-#include <limits>
-#include <vector>
 
 namespace {
-
-/// One of the four cell arrays of a poly data.
-struct CellKind {
-  CellKinds kind;
-  const char* name;
-  /// How many points make a cell.
-  vtkIdType minimum;
-  /// Whether what is left is still such a cell when points are taken out.
-  bool isDivisible;
-  vtkCellArray* (*get)(vtkPolyData&);
-  void (*set)(vtkPolyData&, vtkCellArray*);
-};
-
-constexpr std::array<CellKind, 4> CELL_KINDS = {{
-    {VERTEX_CELLS, "vertex", 1, true, [](vtkPolyData& data) { return data.GetVerts(); },
-     [](vtkPolyData& data, vtkCellArray* cells) { data.SetVerts(cells); }},
-    {LINE_CELLS, "line", 2, true, [](vtkPolyData& data) { return data.GetLines(); },
-     [](vtkPolyData& data, vtkCellArray* cells) { data.SetLines(cells); }},
-    {POLYGON_CELLS, "polygon", 3, false, [](vtkPolyData& data) { return data.GetPolys(); },
-     [](vtkPolyData& data, vtkCellArray* cells) { data.SetPolys(cells); }},
-    {STRIP_CELLS, "strip", 3, true, [](vtkPolyData& data) { return data.GetStrips(); },
-     [](vtkPolyData& data, vtkCellArray* cells) { data.SetStrips(cells); }},
-}};
-
-/// Points that cannot be drawn are marked by true; empty when there are none.
-using Marks = std::vector<bool>;
-
-/// The points of a poly data, looked through once.
-struct PointScan {
-  Marks nonFinite;
-  /// Of the finite ones.
-  vtkBoundingBox bounds;
-};
-
-struct ScanPoints {
-  template <class Array>
-  void operator()(Array* coordinates, PointScan& scan) const {
-    constexpr double MOST = std::numeric_limits<double>::max();
-    std::array<double, 3> low = {MOST, MOST, MOST};
-    std::array<double, 3> high = {-MOST, -MOST, -MOST};
-    std::size_t number = 0;
-    for (const auto point : vtk::DataArrayTupleRange<3>(coordinates)) {
-      const std::array<double, 3> place = {static_cast<double>(point[0]), static_cast<double>(point[1]),
-                                           static_cast<double>(point[2])};
-      if (std::isfinite(place[0]) && std::isfinite(place[1]) && std::isfinite(place[2])) {
-        for (std::size_t axis = 0; axis < 3; ++axis) {
-          low[axis] = std::min(low[axis], place[axis]);
-          high[axis] = std::max(high[axis], place[axis]);
-        }
-      } else {
-        scan.nonFinite.resize(static_cast<std::size_t>(coordinates->GetNumberOfTuples()));
-        scan.nonFinite[number] = true;
-      }
-      ++number;
-    }
-    if (low[0] <= high[0]) {
-      scan.bounds = vtkBoundingBox(low[0], high[0], low[1], high[1], low[2], high[2]);
-    }
-  }
-};
-
-PointScan scanPoints(vtkPolyData& geometry) {
-  PointScan scan;
-  if (geometry.GetPoints() == nullptr) {
-    return scan;
-  }
-  vtkDataArray* const coordinates = geometry.GetPoints()->GetData();
-  using Dispatcher = vtkArrayDispatch::DispatchByValueType<vtkArrayDispatch::Reals>;
-  if (!Dispatcher::Execute(coordinates, ScanPoints{}, scan)) {
-    ScanPoints{}(coordinates, scan);
-  }
-  return scan;
-}
-
-/// Less than this is what the digits of coordinates are good for.
-constexpr double FAR = 1000.0;
-
-/// The bounds of a few cells from all over, which all cells' contain.
-vtkBoundingBox sampleCells(vtkPolyData& geometry) {
-  vtkBoundingBox box;
-  for (const CellKind& kind : CELL_KINDS) {
-    vtkCellArray* const cells = kind.get(geometry);
-    const vtkIdType count = cells == nullptr ? 0 : cells->GetNumberOfCells();
-    for (const vtkIdType cell : {vtkIdType(0), count / 3, count - count / 3, count - 1}) {
-      if (cell < 0 || cell >= count) {
-        continue;
-      }
-      vtkIdType size = 0;
-      const vtkIdType* points = nullptr;
-      cells->GetCellAtId(cell, size, points);
-      for (vtkIdType i = 0; i < size; ++i) {
-        box.AddPoint(geometry.GetPoint(points[i]));
-      }
-    }
-  }
-  return box;
-}
-
-/// Marks points that no cell uses and that lie far from those in use (files
-/// have them, as "no value"): the coordinates are drawn relative to all points,
-/// and the cells would lose their digits. All points are finite.
-Marks markFarPoints(vtkPolyData& geometry, const vtkBoundingBox& bounds) {
-  Marks marks;
-  // Looking at all cells is what this is to spare.
-  if (geometry.GetNumberOfCells() == 0 ||
-      bounds.GetMaxLength() <= FAR * sampleCells(geometry).GetMaxLength()) {
-    return marks;
-  }
-  std::array<double, 6> used{};
-  geometry.GetCellsBounds(used.data());
-  const vtkBoundingBox usedBox(used.data());
-  if (bounds.GetMaxLength() <= FAR * usedBox.GetMaxLength()) {
-    return marks;
-  }
-  marks.resize(static_cast<std::size_t>(geometry.GetNumberOfPoints()));
-  for (std::size_t i = 0; i < marks.size(); ++i) {
-    marks[i] = usedBox.ContainsPoint(geometry.GetPoint(static_cast<vtkIdType>(i))) == 0;
-  }
-  return marks;
-}
 
 /// What is wrong with the offsets and indices of a cell array; null for sound
 /// ones.
@@ -180,7 +56,7 @@ struct AreAllLongEnough {
 /// and notes the number of the cell that each comes from.
 class CellCopier {
  public:
-  CellCopier(const CellKind& kind, const Marks& marks, vtkCellArray& target, vtkIdList& sources)
+  CellCopier(const CellKind& kind, const PointMarks& marks, vtkCellArray& target, vtkIdList& sources)
       : _kind(kind), _marks(marks), _target(target), _sources(sources) {}
 
   void copy(vtkCellArray& cells, vtkIdType firstNumber) {
@@ -211,7 +87,7 @@ class CellCopier {
   }
 
   const CellKind& _kind;
-  const Marks& _marks;
+  const PointMarks& _marks;
   vtkCellArray& _target;
   vtkIdList& _sources;
 };
@@ -237,7 +113,7 @@ void selectCellData(vtkCellData& from, vtkCellData& to, vtkIdList& numbers) {
   }
 }
 
-vtkSmartPointer<vtkPoints> moveMarkedPoints(vtkPoints& points, const Marks& marks) {
+vtkSmartPointer<vtkPoints> moveMarkedPoints(vtkPoints& points, const PointMarks& marks) {
   vtkSmartPointer<vtkPoints> moved = &points;
   if (!marks.empty()) {
     moved = vtkSmartPointer<vtkPoints>::New();
@@ -257,7 +133,7 @@ vtkSmartPointer<vtkPoints> moveMarkedPoints(vtkPoints& points, const Marks& mark
   return moved;
 }
 
-vtkSmartPointer<vtkPolyData> copyWithoutCells(vtkPolyData& geometry, const Marks& marks) {
+vtkSmartPointer<vtkPolyData> copyWithoutCells(vtkPolyData& geometry, const PointMarks& marks) {
   auto copy = vtkSmartPointer<vtkPolyData>::New();
   if (geometry.GetPoints() != nullptr) {
     copy->SetPoints(moveMarkedPoints(*geometry.GetPoints(), marks));
@@ -266,7 +142,7 @@ vtkSmartPointer<vtkPolyData> copyWithoutCells(vtkPolyData& geometry, const Marks
   return copy;
 }
 
-bool isAllDrawable(vtkPolyData& geometry, unsigned kinds, const Marks& marks) {
+bool isAllDrawable(vtkPolyData& geometry, unsigned kinds, const PointMarks& marks) {
   return marks.empty() && std::ranges::all_of(CELL_KINDS, [&](const CellKind& kind) {
            vtkCellArray* const cells = kind.get(geometry);
            return cells == nullptr || cells->GetNumberOfCells() == 0 ||
@@ -274,7 +150,7 @@ bool isAllDrawable(vtkPolyData& geometry, unsigned kinds, const Marks& marks) {
          });
 }
 
-vtkSmartPointer<vtkPolyData> copyCells(vtkPolyData& geometry, unsigned kinds, const Marks& marks) {
+vtkSmartPointer<vtkPolyData> copyCells(vtkPolyData& geometry, unsigned kinds, const PointMarks& marks) {
   const auto copy = copyWithoutCells(geometry, marks);
   vtkNew<vtkIdList> numbers;
   vtkIdType firstNumber = 0;
@@ -315,7 +191,7 @@ vtkSmartPointer<vtkPolyData> drawableCells(vtkPolyData& geometry, unsigned kinds
     // Which of the others are far can be told without these.
     return drawableCells(*copyCells(geometry, kinds, scan.nonFinite), kinds);
   }
-  const Marks marks = markFarPoints(geometry, scan.bounds);
+  const PointMarks marks = markFarPoints(geometry, scan.bounds);
   if (isAllDrawable(geometry, kinds, marks)) {
     return &geometry;
   }
@@ -323,7 +199,7 @@ vtkSmartPointer<vtkPolyData> drawableCells(vtkPolyData& geometry, unsigned kinds
 }
 
 vtkSmartPointer<vtkPolyData> pointsAsVertices(vtkPolyData& geometry) {
-  const Marks marks = scanPoints(geometry).nonFinite;
+  const PointMarks marks = scanPoints(geometry).nonFinite;
   const auto copy = copyWithoutCells(geometry, marks);
   vtkNew<vtkCellArray> vertices;
   vertices->Use32BitStorage();
