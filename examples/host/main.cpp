@@ -1,0 +1,42 @@
+// The smallest host: opens a scene file of either generation and says what is
+// in it.
+
+#include "platform/WidePath.h"
+#include "scenegraph/SceneNode.h"
+#include "scenegraph/Traversal.h"
+#include "scenegraph/drawables/GeometryDrawables.h"
+#include "scenegraph/io/FileError.h"
+#include "scenegraph/io/SDBReader.h"
+#include "vemoview/import/Exception.h"
+#include "vemoview/import/SceneFormatHandler.h"
+
+#include <iostream>
+
+namespace {
+
+/// What the module calls with a scene-graph database, whatever was opened.
+bool load(const std::wstring& path) {
+  lum::SDBReader reader(path);
+  const lum::Ptr<lum::Node> scene = reader.readNode(0);
+  int pieces = 0;
+  lum::forEachNodeOf<lum::PolyDataNode>(*scene, [&pieces](lum::PolyDataNode&) { ++pieces; });
+  std::cout << scene->getName() << ": " << pieces << " pieces of geometry\n";
+  return true;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::cerr << "usage: host FILE\n";
+    return 64;
+  }
+  try {
+    return static_cast<int>(SceneFormatHandler::loadVemoScene(toWidePath(argv[1]), load, std::cerr));
+  } catch (const Exception& error) {
+    std::cerr << error.getMessage() << '\n' << error.getPlace() << '\n';
+  } catch (const std::exception& error) {  // lum::io::FileError, InternalError
+    std::cerr << error.what() << '\n';
+  }
+  return static_cast<int>(lum::io::FileIoStatus::ReadError);
+}
