@@ -1,5 +1,6 @@
 #include "vemoview/render/EglContext.h"
 
+#include "vemoview/render/CurrentContextKeeper.h"
 #include "vemoview/render/RenderErrors.h"
 
 #include <EGL/egl.h>
@@ -128,7 +129,7 @@ EglContext::EglContext() : _display(sharedDisplay()) {
                                              EGL_CONTEXT_OPENGL_CORE_PROFILE_BIT,
                                              EGL_NONE};
   constexpr std::array<EGLint, 5> SIZE = {EGL_WIDTH, 1, EGL_HEIGHT, 1, EGL_NONE};
-  const Keeper keeper;
+  const CurrentContextKeeper keeper;
   bindOpenGL();
   const EGLConfig config = chooseConfig(_display);
   _context = eglCreateContext(_display, config, EGL_NO_CONTEXT, VERSION.data());
@@ -161,23 +162,5 @@ bool EglContext::isCurrent() const {
 void EglContext::release() const {
   if (isCurrent()) {
     eglMakeCurrent(_display, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
-  }
-}
-
-EglContext::Keeper::Keeper()
-    : _api(eglQueryAPI()),
-      _display(eglGetCurrentDisplay()),
-      _context(eglGetCurrentContext()),
-      _drawSurface(eglGetCurrentSurface(EGL_DRAW)),
-      _readSurface(eglGetCurrentSurface(EGL_READ)) {}
-
-EglContext::Keeper::~Keeper() {
-  const EGLDisplay now = eglGetCurrentDisplay();
-  if (_context == EGL_NO_CONTEXT && now != EGL_NO_DISPLAY) {
-    eglMakeCurrent(now, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
-  }
-  eglBindAPI(_api);
-  if (_context != EGL_NO_CONTEXT && eglGetCurrentContext() != _context) {
-    eglMakeCurrent(_display, _drawSurface, _readSurface, _context);
   }
 }

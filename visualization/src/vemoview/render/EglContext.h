@@ -25,24 +25,6 @@ class VEMO_RENDER_EXPORT EglContext {
   /// Leaves the calling thread without a context if it has this one.
   void release() const;
 
-  /// While it lives, the calling thread may change its context at will; at its
-  /// end the thread has the EGL context, surfaces and client interface that it
-  /// had before.
-  class VEMO_RENDER_EXPORT Keeper {
-   public:
-    Keeper();
-    ~Keeper();
-    Keeper(const Keeper&) = delete;
-    Keeper& operator=(const Keeper&) = delete;
-
-   private:
-    unsigned _api;
-    void* _display;
-    void* _context;
-    void* _drawSurface;
-    void* _readSurface;
-  };
-
  private:
   void* _display;
   void* _context = nullptr;

@@ -1,5 +1,6 @@
 #include "vemoview/render/EglRenderWindow.h"
 
+#include "vemoview/render/CurrentContextKeeper.h"
 #include "vemoview/render/EglContext.h"
 #include "vemoview/render/RenderErrors.h"
 
@@ -97,7 +98,7 @@ void EglRenderWindow::Finalize() {
   if (!_context) {
     return;
   }
-  const EglContext::Keeper keeper;
+  const CurrentContextKeeper keeper;
   try {
     _context->makeCurrent();
     Superclass::Finalize();

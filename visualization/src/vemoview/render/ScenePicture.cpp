@@ -1,7 +1,7 @@
 #include "vemoview/render/ScenePicture.h"
 
 #include "errors/InternalError.h"
-#include "vemoview/render/EglContext.h"
+#include "vemoview/render/CurrentContextKeeper.h"
 #include "vemoview/render/EglRenderWindow.h"
 #include "vemoview/render/RenderErrors.h"
 #include "vemoview/render/SceneRenderer.h"
@@ -48,7 +48,7 @@ void requireSize(const RenderOptions& options, int largestSize) {
 Picture renderPicture(const lum::SceneNode& scene, const RenderOptions& options) {
   VEMO_REQUIRE(options.width > 0 && options.height > 0, "A picture has at least one pixel");
   const VtkMessages messages;
-  const EglContext::Keeper keeper;
+  const CurrentContextKeeper keeper;
   const auto window = EglRenderWindow::open(options.width, options.height);
   const int largestSize = window->getLargestSize();
   requireSize(options, largestSize);

@@ -14,7 +14,7 @@ struct RenderOptions {
 };
 
 /// Draws a scene off screen as a viewer would show it. Needs no display; leaves
-/// the calling thread the EGL context that it has. Throws RenderingUnavailable
-/// where there is no OpenGL, or none that draws pictures so large, or where the
-/// thread has a context that is not EGL's; RenderError for too large a scene.
+/// the calling thread the OpenGL context that it has. Throws
+/// RenderingUnavailable where there is no OpenGL, or none that draws pictures
+/// so large; RenderError for too large a scene.
 VEMO_RENDER_EXPORT Picture renderPicture(const lum::SceneNode& scene, const RenderOptions& options = {});
