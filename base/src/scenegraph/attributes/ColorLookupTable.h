@@ -6,14 +6,9 @@ namespace lum {
 
 enum class ScaleMode : std::int32_t { LINEAR = 0, LOG10 = 1 };
 
-/// How the parameter along the table runs, with t from 0 to 1 over its colours.
-enum class RampMode : std::int32_t {
-  LINEAR = 0,
-  /// (1 - cos(pi t)) / 2
-  SCURVE = 1,
-  /// sqrt(t)
-  SQRT = 2,
-};
+/// The ramp along which a table was made from the colours at its ends. It is
+/// told on, but no longer applied: the colours are all given.
+enum class RampMode : std::int32_t { LINEAR = 0, SCURVE = 1, SQRT = 2 };
 
 enum class ColorSpace : std::int32_t { RGB = 0, RGBA = 1 };
 
