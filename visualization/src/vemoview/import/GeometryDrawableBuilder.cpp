@@ -42,6 +42,17 @@ double opacityOf(Color color) {
   return color.a / 255.0;
 }
 
+lum::PointScaleMode scaleModeOf(int mode) {
+  switch (mode) {
+    case 1:
+      return lum::PointScaleMode::LINEAR;
+    case 2:
+      return lum::PointScaleMode::LOG10;
+    default:
+      return lum::PointScaleMode::CONSTANT;
+  }
+}
+
 }  // namespace
 
 GeometryDrawableBuilder::GeometryDrawableBuilder(const GeometryItem& item, lum::GeometryDrawable& drawable)
@@ -71,7 +82,10 @@ void GeometryDrawableBuilder::applyRenderingAttributes(const lum::PolyDataNode& 
     applySurfaceAttributes(node.getName());
   } else if (dynamic_cast<lum::PolyLineDrawable*>(&_drawable) != nullptr) {
     applyLineColor(node.getName());
+  } else if (_item.hasPointScale()) {
+    applyPointScale();
   }
+  applyLighting();
   _drawable.getAttributes<lum::LineAttributes>().setLineWidth(_item.getLineWidth());
   _drawable.getAttributes<lum::PointAttributes>().setSize(static_cast<float>(_item.getPointSize()));
   _drawable.getAttributes<lum::PointSizeAttributes>().setPointSize(_item.getPointSize());
@@ -86,6 +100,46 @@ void GeometryDrawableBuilder::applySurfaceAttributes(const std::string& key) {
   auto& mesh = _drawable.getAttributes<lum::MeshAttributes>();
   mesh.setMeshVisible(_item.getEdgesVisibility(), false);
   mesh.setMeshColor(_item.getLineColor().getRGB());
+  _drawable.getAttributes<lum::ContourAttributes>().setContourVisible(_item.getContour());
+}
+
+/// Files that state no coefficient have items whose coefficients are 0, which
+/// nobody could see: these are left to the renderer.
+void GeometryDrawableBuilder::applyLighting() {
+  if (_item.getAmbient() == 0.0 && _item.getDiffuse() == 0.0 && _item.getSpecular() == 0.0) {
+    return;
+  }
+  auto& material = _drawable.getAttributes<lum::MaterialAttributes>();
+  material.setAmbient(_item.getAmbient());
+  material.setDiffuse(_item.getDiffuse());
+  material.setSpecular(_item.getSpecular());
+  material.setSpecularPower(_item.getSpecularPower());
+}
+
+/// The range stated, or else that of the array's finite values.
+Vector<2, double> GeometryDrawableBuilder::scaledValues() const {
+  if (const auto* const stated = _item.getPointScaleScalarRange()) {
+    return {(*stated)[0], (*stated)[1]};
+  }
+  vtkDataArray* const values =
+      _item.getGeometry()->GetPointData()->GetArray(_item.getPointScaleScalarName().c_str());
+  Vector<2, double> range{1.0, 0.0};
+  if (values != nullptr) {
+    values->GetFiniteRange(range.data());
+  }
+  return range[0] <= range[1] ? range : Vector<2, double>{0.0, 1.0};
+}
+
+void GeometryDrawableBuilder::applyPointScale() {
+  auto& scale = _drawable.getAttributes<lum::PointScaleAttributes>();
+  scale.setScaleMode(scaleModeOf(_item.getPointScaleMode()));
+  scale.setPixelSize(_item.getPointScalePixelSize() != 0);
+  scale.setScalarName(_item.getPointScaleScalarName());
+  scale.setScalarRange(scaledValues());
+  const auto* const sizes = _item.getPointScaleScalarMapRange();
+  const double size = _item.getPointSize();
+  scale.setMapToRange(sizes != nullptr ? Vector<2, double>{(*sizes)[0], (*sizes)[1]}
+                                       : Vector<2, double>{size, size});
 }
 
 void GeometryDrawableBuilder::applyLineColor(const std::string& key) {

@@ -22,6 +22,9 @@ class GeometryDrawableBuilder {
   void applyRenderingAttributes(const lum::PolyDataNode& node);
   void applySurfaceAttributes(const std::string& key);
   void applyLineColor(const std::string& key);
+  void applyLighting();
+  void applyPointScale();
+  Vector<2, double> scaledValues() const;
   void colorByData();
   void colorBy(vtkDataArray& array, lum::DataLocation location);
 

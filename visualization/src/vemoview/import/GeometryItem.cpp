@@ -95,6 +95,11 @@ void GeometryItem::setPointScaleScalarMapRange(const Vector<3, double>& range) {
   _pointScaleScalarMapTo = std::make_unique<Vector<3, double>>(range);
 }
 
+bool GeometryItem::hasPointScale() const {
+  return _pointScaleMode != 0 || !_pointScaleScalarName.empty() || _pointScaleScalarRange ||
+         _pointScaleScalarMapTo;
+}
+
 void GeometryItem::read(const QxElement& element, SceneFileReader* reader) {
   VEMO_REQUIRE(reader, "SceneFileReadable can't be NULL for this object");
   checkVersion(element, version());

@@ -58,22 +58,35 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
   bool getFacesVisibility() const { return _showFaces; }
   void setSmoothShading(bool smooth) { _smoothShading = smooth; }
   void setContour(bool contour) { _contour = contour; }
+  bool getContour() const { return _contour; }
   void setIgnoreClip(bool ignore) { _ignoreClip = ignore; }
   bool getIgnoreClip() const { return _ignoreClip; }
+  /// Coefficients of 0 to 1, and the exponent of highlights.
   void setLighting(double ambient, double diffuse, double specular, double specularPower);
+  double getAmbient() const { return _ambient; }
+  double getDiffuse() const { return _diffuse; }
+  double getSpecular() const { return _specular; }
+  double getSpecularPower() const { return _specularPower; }
   /// In pixels.
   void setPointSize(double size) { _pointSize = size; }
   double getPointSize() const { return _pointSize; }
 
-  // How points are scaled by data is kept, and not converted.
+  // How the size of points follows data: see lum::PointScaleAttributes, which
+  // points get when any of this is set.
   void setPointScaleMode(int mode) { _pointScaleMode = mode; }
+  int getPointScaleMode() const { return _pointScaleMode; }
+  /// Anything but 0: sizes are in pixels, and not in model units.
   void setPointScalePixelSize(int size) { _pointScalePixelSize = size; }
+  int getPointScalePixelSize() const { return _pointScalePixelSize; }
   void setPointScaleScalarName(std::string name);
+  const std::string& getPointScaleScalarName() const { return _pointScaleScalarName; }
+  /// Both ranges run from x to y; z is kept, and not used.
   void setPointScaleScalarRange(const Vector<3, double>& range);
   void setPointScaleScalarMapRange(const Vector<3, double>& range);
   /// Null until set.
   const Vector<3, double>* getPointScaleScalarRange() const { return _pointScaleScalarRange.get(); }
   const Vector<3, double>* getPointScaleScalarMapRange() const { return _pointScaleScalarMapTo.get(); }
+  bool hasPointScale() const;
 
  protected:
   int version() const { return VERSION; }
@@ -139,7 +152,7 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
   double _specularPower = 1.0;
   double _pointSize = 1.0;
   int _pointScaleMode = 0;
-  int _pointScalePixelSize = 0;
+  int _pointScalePixelSize = 1;
   std::unique_ptr<Vector<3, double>> _pointScaleScalarRange;
   std::unique_ptr<Vector<3, double>> _pointScaleScalarMapTo;
   std::string _pointScaleScalarName;
