@@ -33,7 +33,9 @@ class VEMO_SCENEGRAPH_EXPORT LightCollection final : public CollectionOf<Light> 
   LUM_NODE(LightCollection, CollectionOf<Light>)
 };
 
-/// The lights of a canvas. Without any, a light at the viewer's place is used.
+/// The lights of a canvas. What they leave in the dark is filled by a further,
+/// weak light at the viewer's place: a quarter of the mean of their colours
+/// times intensities. Without any light, one of intensity 1 shines from there.
 class VEMO_SCENEGRAPH_EXPORT LightingAttributes final : public Attributes {
   LUM_NODE(LightingAttributes, Attributes)
 

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <vector>
 
 namespace {
 
@@ -64,7 +65,7 @@ bool hasUsableScale(const lum::CameraAttributes& camera) {
 
 /// Enough for every scene that is lit on purpose, and few enough for the
 /// drivers' shaders.
-constexpr int MOST_LIGHTS = 16;
+constexpr std::size_t MOST_LIGHTS = 16;
 
 bool isUsable(const lum::Light& light) {
   return isFinite(light.getColor()) && std::isfinite(light.getIntensity()) &&
@@ -80,10 +81,45 @@ void addLight(vtkRenderer& renderer, const lum::Light& from) {
   renderer.AddLight(light);
 }
 
-void addHeadlight(vtkRenderer& renderer) {
+void addHeadlight(vtkRenderer& renderer, const Vector3& color) {
   vtkNew<vtkLight> light;
   light->SetLightTypeToHeadlight();
+  light->SetColor(color[0], color[1], color[2]);
   renderer.AddLight(light);
+}
+
+/// The lights that shine, at most MOST_LIGHTS.
+std::vector<const lum::Light*> usableLights(const lum::LightingAttributes* lighting) {
+  std::vector<const lum::Light*> result;
+  const auto* const lights = lighting != nullptr ? lighting->hasLights() : nullptr;
+  if (lights == nullptr) {
+    return result;
+  }
+  for (const auto& node : lights->getNodes()) {
+    const auto* const light = dynamic_cast<const lum::Light*>(node.get());
+    if (light == nullptr || !isUsable(*light)) {
+      continue;
+    }
+    if (result.size() == MOST_LIGHTS) {
+      VEMO_LOG_WARNING("Only the first " << MOST_LIGHTS << " of " << lights->getNodeCount()
+                                         << " lights shine");
+      break;
+    }
+    result.push_back(light);
+  }
+  return result;
+}
+
+/// In the lights' own mean colour, so that what is lit in red stays red.
+Vector3 fillColor(const std::vector<const lum::Light*>& lights) {
+  constexpr double SHARE = 0.25;
+  Vector3 color;
+  for (const lum::Light* const light : lights) {
+    for (std::size_t i = 0; i < 3; ++i) {
+      color[i] += SHARE * light->getColor()[i] * light->getIntensity() / static_cast<double>(lights.size());
+    }
+  }
+  return color;
 }
 
 }  // namespace
@@ -112,22 +148,9 @@ void setCamera(vtkRenderer& renderer, const lum::CameraAttributes* camera) {
 
 void setLights(vtkRenderer& renderer, const lum::LightingAttributes* lighting) {
   renderer.AutomaticLightCreationOff();
-  const auto* const lights = lighting != nullptr ? lighting->hasLights() : nullptr;
-  if (lights == nullptr || lights->getNodeCount() == 0) {
-    addHeadlight(renderer);
-    return;
-  }
-  int count = 0;
-  for (const auto& node : lights->getNodes()) {
-    const auto* const light = dynamic_cast<const lum::Light*>(node.get());
-    if (light == nullptr || !isUsable(*light)) {
-      continue;
-    }
-    if (++count > MOST_LIGHTS) {
-      VEMO_LOG_WARNING("Only the first " << MOST_LIGHTS << " of " << lights->getNodeCount()
-                                         << " lights shine");
-      break;
-    }
+  const auto lights = usableLights(lighting);
+  for (const lum::Light* const light : lights) {
     addLight(renderer, *light);
   }
+  addHeadlight(renderer, lights.empty() ? Vector3{1.0, 1.0, 1.0} : fillColor(lights));
 }

@@ -14,6 +14,7 @@ class LightingAttributes;
 /// direction. The actors are in the renderer already.
 void setCamera(vtkRenderer& renderer, const lum::CameraAttributes* camera);
 
-/// Gives a renderer lights that move with its camera. Without any it gets one
-/// of intensity 1 at the camera's place.
+/// Gives a renderer lights that move with its camera, and a weak one at the
+/// camera's place that fills their shadows. Without any light (of use) that one
+/// has intensity 1.
 void setLights(vtkRenderer& renderer, const lum::LightingAttributes* lighting);
