@@ -80,7 +80,7 @@ vtkSmartPointer<vtkRenderer> makeLayer(const lum::SceneCanvas& canvas) {
   peelTranslucency(*renderer);
   if (const auto* const drawables = canvas.hasDrawableCollection()) {
     const auto planes = planesOf(canvas);
-    for (const Piece& piece : joinSmallPieces(collectPieces(*drawables))) {
+    for (const Piece& piece : joinSmallPieces(collectPieces(collectVisible(*drawables)))) {
       addActors(piece, *planes, *renderer);
     }
   }

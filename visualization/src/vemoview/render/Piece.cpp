@@ -32,10 +32,12 @@ vtkDataArray* findArray(const lum::ArrayTable& table, const std::string& name) {
 /// The poly data of one node with no arrays but those that are drawn.
 class PieceBuilder {
  public:
-  PieceBuilder(const lum::GeometryDrawable& drawable, const lum::PolyDataNode& node, bool isClipped)
+  PieceBuilder(const lum::GeometryDrawable& drawable, const lum::PolyDataNode& node,
+               const VisibleDrawable& situation)
       : _drawable(drawable), _node(node) {
     _piece.appearance = Appearance::of(drawable, node);
-    _piece.appearance.isClipped = isClipped;
+    _piece.appearance.isClipped = situation.isClipped;
+    _piece.placements = situation.placements;
   }
 
   /// Nothing when there is nothing to be seen.
@@ -145,59 +147,51 @@ class PieceBuilder {
 };
 
 /// A small file may have very many pieces share their arrays; what is drawn
-/// takes memory for each of them.
+/// takes memory for each of them, and time for each of their copies.
 class SizeLimit {
  public:
-  void count(vtkPolyData& geometry) {
-    constexpr vtkIdType MOST = 100'000'000;
-    _total += geometry.GetNumberOfPoints();
+  void count(const Piece& piece) {
+    vtkPolyData& geometry = *piece.geometry;
+    vtkIdType size = geometry.GetNumberOfPoints();
     for (const CellKind& kind : CELL_KINDS) {
-      _total += kind.get(geometry)->GetNumberOfConnectivityIds();
+      size += kind.get(geometry)->GetNumberOfConnectivityIds();
     }
-    if (_total > MOST) {
-      throw RenderError("The scene is too large to be drawn: more than " + std::to_string(MOST) +
-                        " points and corners");
-    }
+    const auto times = piece.placements == nullptr ? 1 : static_cast<vtkIdType>(piece.placements->size());
+    _size += size * times;
+    require(_size, 100'000'000, "points and corners");
+    _copies += times - 1;
+    require(_copies, 200'000, "copies of pieces");
   }
 
  private:
-  vtkIdType _total = 0;
-};
+  static void require(vtkIdType count, vtkIdType most, const char* what) {
+    if (count > most) {
+      throw RenderError("The scene is too large to be drawn: more than " + std::to_string(most) + " " + what);
+    }
+  }
 
-struct Visit {
-  const lum::Drawable* drawable;
-  /// Whether all that own it are cut by clipping planes.
-  bool isClipped;
+  vtkIdType _size = 0;
+  vtkIdType _copies = 0;
 };
 
 }  // namespace
 
-std::vector<Piece> collectPieces(const lum::Drawable& root) {
+std::vector<Piece> collectPieces(const std::vector<VisibleDrawable>& drawables) {
   std::vector<Piece> pieces;
   SizeLimit limit;
-  std::vector<Visit> waiting{{&root, true}};
-  while (!waiting.empty()) {
-    const auto [drawable, isOwnerClipped] = waiting.back();
-    waiting.pop_back();
-    const auto* const base = drawable->findAttributes<lum::BaseAttributes>();
-    if (base != nullptr && !base->getVisibility()) {
+  for (const VisibleDrawable& visible : drawables) {
+    const auto* const geometry = dynamic_cast<const lum::GeometryDrawable*>(visible.drawable);
+    if (geometry == nullptr) {
       continue;
     }
-    const bool isClipped = isOwnerClipped && (base == nullptr || base->getClipPlanesEnabled());
-    const auto* const geometry = dynamic_cast<const lum::GeometryDrawable*>(drawable);
-    const auto nodes = drawable->getNodes();
-    for (std::size_t i = 0; i < nodes.size(); ++i) {
-      if (const auto* const node = dynamic_cast<const lum::PolyDataNode*>(nodes[i].get());
-          node != nullptr && geometry != nullptr) {
-        if (auto piece = PieceBuilder(*geometry, *node, isClipped).build()) {
-          limit.count(*piece->geometry);
-          pieces.push_back(std::move(*piece));
-        }
+    for (const auto& node : geometry->getNodes()) {
+      const auto* const polyData = dynamic_cast<const lum::PolyDataNode*>(node.get());
+      if (polyData == nullptr) {
+        continue;
       }
-      // The last is visited next.
-      const lum::Node& last = *nodes[nodes.size() - 1 - i];
-      if (const auto* const below = dynamic_cast<const lum::Drawable*>(&last)) {
-        waiting.push_back({below, isClipped});
+      if (auto piece = PieceBuilder(*geometry, *polyData, visible).build()) {
+        limit.count(*piece);
+        pieces.push_back(std::move(*piece));
       }
     }
   }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "vemoview/render/Appearance.h"
+#include "vemoview/render/VisibleDrawables.h"
 
 #include <vtkLookupTable.h>
 #include <vtkPolyData.h>
@@ -8,10 +9,6 @@
 
 #include <string>
 #include <vector>
-
-namespace lum {
-class Drawable;
-}
 
 /// A piece of geometry that is seen, with all that is needed to draw it.
 struct Piece {
@@ -32,8 +29,9 @@ struct Piece {
   /// From scalars to colours; without one the scalars are colours themselves
   /// (bytes of red, green, blue, alpha).
   vtkSmartPointer<vtkLookupTable> table;
+  SharedPlacements placements;
 };
 
-/// The visible pieces among a drawable and all that it owns, in order. Throws
-/// RenderError when together they are too large to be drawn.
-std::vector<Piece> collectPieces(const lum::Drawable& root);
+/// The visible pieces of drawables, in order. Throws RenderError when together
+/// they are too large to be drawn.
+std::vector<Piece> collectPieces(const std::vector<VisibleDrawable>& drawables);

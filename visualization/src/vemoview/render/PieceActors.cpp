@@ -1,15 +1,19 @@
 #include "vemoview/render/PieceActors.h"
 
+#include "vemoview/render/MirroredActor.h"
 #include "vemoview/render/SoundGeometry.h"
 
 #include <vtkActor.h>
 #include <vtkClipPolyData.h>
+#include <vtkMatrix4x4.h>
 #include <vtkNew.h>
 #include <vtkPlane.h>
 #include <vtkPlaneCollection.h>
 #include <vtkPolyDataMapper.h>
 #include <vtkProperty.h>
 #include <vtkRenderer.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -41,16 +45,34 @@ vtkSmartPointer<vtkPolyData> clipped(vtkPolyData& geometry, vtkPlane& plane) {
   return clipper->GetOutput();
 }
 
-/// Planes cut in the mapper as long as it takes them; the others cut the
-/// geometry itself.
-void clip(vtkPlaneCollection& planes, vtkPolyDataMapper& mapper, vtkSmartPointer<vtkPolyData>& geometry) {
-  for (int i = 0; i < planes.GetNumberOfItems(); ++i) {
-    if (i < PLANES_IN_MAPPER) {
-      mapper.AddClippingPlane(planes.GetItem(i));
-    } else {
-      geometry = clipped(*geometry, *planes.GetItem(i));
-    }
+/// The plane in the coordinates of what is placed.
+vtkSmartPointer<vtkPlane> planeWithin(vtkPlane& plane, const double* placement) {
+  auto result = vtkSmartPointer<vtkPlane>::New();
+  vtkNew<vtkMatrix4x4> matrix;
+  matrix->DeepCopy(placement);
+  // A point p of the model is M q: n (M q) is (transposed M n) q.
+  Vector<4, double> normal{plane.GetNormal()[0], plane.GetNormal()[1], plane.GetNormal()[2], 0.0};
+  Vector<4, double> origin{plane.GetOrigin()[0], plane.GetOrigin()[1], plane.GetOrigin()[2], 1.0};
+  vtkNew<vtkMatrix4x4> inverse;
+  vtkMatrix4x4::Invert(matrix, inverse);
+  inverse->MultiplyPoint(origin.data(), origin.data());
+  matrix->Transpose();
+  matrix->MultiplyPoint(normal.data(), normal.data());
+  result->SetNormal(normal.data());
+  result->SetOrigin(origin.data());
+  return result;
+}
+
+/// The first planes cut in the mapper; the others, which it would not take, cut
+/// the geometry itself.
+vtkSmartPointer<vtkPolyData> cutByFurtherPlanes(vtkPolyData& geometry, vtkPlaneCollection& planes,
+                                                const double* placement) {
+  vtkSmartPointer<vtkPolyData> result = &geometry;
+  for (int i = PLANES_IN_MAPPER; i < planes.GetNumberOfItems(); ++i) {
+    vtkPlane& plane = *planes.GetItem(i);
+    result = clipped(*result, placement == nullptr ? plane : *planeWithin(plane, placement));
   }
+  return result;
 }
 
 void applyProperties(const Appearance& appearance, vtkProperty& property) {
@@ -64,19 +86,50 @@ void applyProperties(const Appearance& appearance, vtkProperty& property) {
   }
 }
 
-vtkActor& addActor(const Piece& piece, vtkPlaneCollection& planes, vtkRenderer& renderer) {
-  vtkNew<vtkPolyDataMapper> mapper;
+vtkSmartPointer<vtkPolyDataMapper> makeMapper(const Piece& piece, vtkPlaneCollection& planes,
+                                              const double* placement) {
+  auto mapper = vtkSmartPointer<vtkPolyDataMapper>::New();
   vtkSmartPointer<vtkPolyData> geometry = piece.geometry;
   if (piece.appearance.isClipped) {
-    clip(planes, *mapper, geometry);
+    for (int i = 0; i < std::min(planes.GetNumberOfItems(), PLANES_IN_MAPPER); ++i) {
+      mapper->AddClippingPlane(planes.GetItem(i));
+    }
+    geometry = cutByFurtherPlanes(*geometry, planes, placement);
   }
   mapper->SetInputData(geometry);
   colorByScalars(piece, *mapper);
-  vtkNew<vtkActor> actor;
-  actor->SetMapper(mapper);
-  applyProperties(piece.appearance, *actor->GetProperty());
-  renderer.AddActor(actor);
-  return *actor;
+  return mapper;
+}
+
+vtkSmartPointer<vtkActor> makeActor(const double* placement) {
+  if (placement == nullptr) {
+    return vtkSmartPointer<vtkActor>::New();
+  }
+  vtkNew<vtkMatrix4x4> matrix;
+  matrix->DeepCopy(placement);
+  auto actor = matrix->Determinant() < 0.0 ? vtkSmartPointer<vtkActor>(vtkSmartPointer<MirroredActor>::New())
+                                           : vtkSmartPointer<vtkActor>::New();
+  actor->SetUserMatrix(matrix);
+  return actor;
+}
+
+/// One actor for each placement. All have the same property and, unless each is
+/// cut differently, the same mapper.
+vtkProperty& addPlaced(const Piece& piece, vtkPlaneCollection& planes, vtkRenderer& renderer) {
+  vtkNew<vtkProperty> property;
+  applyProperties(piece.appearance, *property);
+  const bool isCutHere = piece.appearance.isClipped && planes.GetNumberOfItems() > PLANES_IN_MAPPER;
+  vtkSmartPointer<vtkPolyDataMapper> mapper;
+  forEachPlacement(piece.placements, [&](const double* placement) {
+    if (mapper == nullptr || isCutHere) {
+      mapper = makeMapper(piece, planes, placement);
+    }
+    const auto actor = makeActor(placement);
+    actor->SetMapper(mapper);
+    actor->SetProperty(property);
+    renderer.AddActor(actor);
+  });
+  return *property;
 }
 
 /// The piece with cells of some kinds only; without geometry when it has none.
@@ -93,7 +146,7 @@ void addEdges(const Piece& piece, vtkPlaneCollection& planes, vtkRenderer& rende
   }
   edges.coloring = Piece::Coloring::PLAIN;
   edges.appearance.color = edges.appearance.edgeColor;
-  vtkProperty& property = *addActor(edges, planes, renderer).GetProperty();
+  vtkProperty& property = addPlaced(edges, planes, renderer);
   property.SetRepresentationToWireframe();
   property.LightingOff();
 }
@@ -103,7 +156,7 @@ void addEdges(const Piece& piece, vtkPlaneCollection& planes, vtkRenderer& rende
 void addActors(const Piece& piece, vtkPlaneCollection& planes, vtkRenderer& renderer) {
   const Appearance& appearance = piece.appearance;
   if (appearance.kind != Appearance::Kind::SURFACE || appearance.hasFaces) {
-    vtkProperty& property = *addActor(piece, planes, renderer).GetProperty();
+    vtkProperty& property = addPlaced(piece, planes, renderer);
     property.SetEdgeVisibility(appearance.kind == Appearance::Kind::SURFACE && appearance.hasEdges);
     property.SetEdgeColor(appearance.edgeColor[0], appearance.edgeColor[1], appearance.edgeColor[2]);
     return;
@@ -114,6 +167,6 @@ void addActors(const Piece& piece, vtkPlaneCollection& planes, vtkRenderer& rend
   // Lines and vertices of a surface are no faces: they stay.
   const Piece rest = part(piece, VERTEX_CELLS | LINE_CELLS);
   if (rest.geometry->GetNumberOfCells() > 0) {
-    addActor(rest, planes, renderer);
+    addPlaced(rest, planes, renderer);
   }
 }

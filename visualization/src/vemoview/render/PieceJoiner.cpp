@@ -36,10 +36,11 @@ bool hasCellColors(const Piece& piece) {
 auto likeness(const Piece& piece) {
   const Appearance& look = piece.appearance;
   vtkPolyData& geometry = *piece.geometry;
-  return std::make_tuple(
-      look.kind, look.hasFaces, look.hasEdges, look.isClipped, look.edgeColor.values, look.opacity,
-      look.lineWidth, look.pointSize, hasCellColors(piece), geometry.GetPoints()->GetDataType(),
-      geometry.GetPointData()->GetNormals() != nullptr, geometry.GetCellData()->GetNormals() != nullptr);
+  return std::make_tuple(look.kind, look.hasFaces, look.hasEdges, look.isClipped, look.edgeColor.values,
+                         look.opacity, look.lineWidth, look.pointSize, piece.placements.get(),
+                         hasCellColors(piece), geometry.GetPoints()->GetDataType(),
+                         geometry.GetPointData()->GetNormals() != nullptr,
+                         geometry.GetCellData()->GetNormals() != nullptr);
 }
 
 bool isSmall(const Piece& piece) {
@@ -104,6 +105,7 @@ class Joiner {
   Piece join() {
     Piece result;
     result.appearance = first().appearance;
+    result.placements = first().placements;
     result.geometry = vtkSmartPointer<vtkPolyData>::New();
     vtkNew<vtkPoints> points;
     points->SetData(

@@ -10,6 +10,8 @@
 #include <vtkRenderWindow.h>
 #include <vtkRenderer.h>
 
+#include <set>
+
 namespace {
 
 /// Calls visit(vtkActor&) for every actor of a renderer until it returns true;
@@ -68,9 +70,14 @@ bool SceneRenderer::hasTranslucency() const {
 }
 
 void SceneRenderer::scalePixels(double factor) {
+  // Copies of a piece share a property.
+  std::set<vtkProperty*> scaled;
   for (const auto& layer : _layers) {
-    findActor(*layer, [=](vtkActor& actor) {
+    findActor(*layer, [&](vtkActor& actor) {
       vtkProperty& property = *actor.GetProperty();
+      if (!scaled.insert(&property).second) {
+        return false;
+      }
       property.SetLineWidth(property.GetLineWidth() * static_cast<float>(factor));
       property.SetPointSize(property.GetPointSize() * static_cast<float>(factor));
       return false;
