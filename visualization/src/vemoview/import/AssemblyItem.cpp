@@ -73,14 +73,17 @@ void AssemblyItem::setActiveArrayName(const std::string& name) {
   _activeArrayName = std::make_unique<std::string>(name);
 }
 
+const Colormap* AssemblyItem::findColormap(const std::string& name) const {
+  const auto found = _colormaps.find(name);
+  return found != _colormaps.end() ? found->second.get() : nullptr;
+}
+
 const Colormap* AssemblyItem::getActiveColormap() const {
-  if (_activeArrayName) {
-    const auto active = _colormaps.find(*_activeArrayName);
-    if (active != _colormaps.end()) {
-      return active->second.get();
-    }
+  const Colormap* const active = _activeArrayName ? findColormap(*_activeArrayName) : nullptr;
+  if (active != nullptr || _colormaps.empty()) {
+    return active;
   }
-  return _colormaps.empty() ? nullptr : _colormaps.begin()->second.get();
+  return _colormaps.begin()->second.get();
 }
 
 void AssemblyItem::setLegend(std::unique_ptr<Legend> legend) {
@@ -208,11 +211,17 @@ void AssemblyItem::addToCollection(SharedBySiblings& shared, lum::DrawableCollec
     addVisibilityAttrib(*target);
   }
   if (_legend) {
-    _legend->addToCollection(shared, shared.sceneNode->getForegroundCanvas().getDrawableCollection(), level,
-                             getName());
+    convertLegend(shared, level);
   }
   applyColormap(*target);
   applyTransform(*target);
+}
+
+void AssemblyItem::convertLegend(SharedBySiblings& shared, int level) const {
+  shared.assembly = this;
+  _legend->addToCollection(shared, shared.sceneNode->getForegroundCanvas().getDrawableCollection(), level,
+                           getName());
+  shared.assembly = nullptr;
 }
 
 void AssemblyItem::applyColormap(lum::Node& target) const {

@@ -44,6 +44,8 @@ class VEMO_IMPORT_EXPORT AssemblyItem : public GraphicsItem {
   /// The colormap named like the active array, else the first by name; null
   /// when there is none.
   const Colormap* getActiveColormap() const;
+  /// Null when there is none of that name.
+  const Colormap* findColormap(const std::string& name) const;
 
   void setLegend(std::unique_ptr<Legend> legend);
   void setTransform(std::unique_ptr<Transform> transform);
@@ -86,6 +88,7 @@ class VEMO_IMPORT_EXPORT AssemblyItem : public GraphicsItem {
   std::unique_ptr<GraphicsItem> readColormap(const QxElement& element, SceneFileReader* reader);
   std::unique_ptr<GraphicsItem> readLegend(const QxElement& element, SceneFileReader* reader);
 
+  void convertLegend(SharedBySiblings& shared, int level) const;
   void applyColormap(lum::Node& target) const;
   void applyTransform(lum::DrawableCollection& target) const;
 

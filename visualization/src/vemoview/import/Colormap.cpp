@@ -2,6 +2,11 @@
 
 #include "vemoview/import/QxElement.h"
 
+#include <vtkLogLookupTable.h>
+#include <vtkLookupTable.h>
+#include <vtkNew.h>
+#include <vtkUnsignedCharArray.h>
+
 #include <algorithm>
 #include <iterator>
 
@@ -56,6 +61,27 @@ void Colormap::fill(lum::ColorLookupTable& table) const {
   table.setScalarRange(_range);
   table.setScaleMode(_log10 ? lum::ScaleMode::LOG10 : lum::ScaleMode::LINEAR);
   table.setRampMode(rampMode());
+}
+
+vtkSmartPointer<vtkLookupTable> Colormap::makeLookupTable() const {
+  vtkNew<vtkUnsignedCharArray> bytes;
+  bytes->SetNumberOfComponents(4);
+  for (const Color& color : _colors) {
+    const unsigned char channels[] = {color.r, color.g, color.b, color.a};
+    bytes->InsertNextTypedTuple(channels);
+  }
+  vtkSmartPointer<vtkLookupTable> table;
+  if (_log10) {
+    table = vtkSmartPointer<vtkLogLookupTable>::New();
+  } else {
+    table = vtkSmartPointer<vtkLookupTable>::New();
+  }
+  table->SetRange(_range.data());
+  table->SetTable(bytes);
+  // VTK numbers the ramps in the same way.
+  table->SetRamp(static_cast<int>(rampMode()));
+  table->SetNumberOfTableValues(bytes->GetNumberOfTuples());
+  return table;
 }
 
 void Colormap::applyTo(lum::ScalarAttributes& attributes) const {

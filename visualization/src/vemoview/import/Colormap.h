@@ -5,8 +5,12 @@
 #include "vemoview/import/Color.h"
 #include "vemoview/import/SceneItem.h"
 
+#include <vtkSmartPointer.h>
+
 #include <string>
 #include <vector>
+
+class vtkLookupTable;
 
 /// A table of colours for a range of values.
 class VEMO_IMPORT_EXPORT Colormap : public SceneItem {
@@ -21,8 +25,14 @@ class VEMO_IMPORT_EXPORT Colormap : public SceneItem {
   /// The first one is for the low end of the range.
   const std::vector<Color>& getColors() const { return _colors; }
 
+  /// What a reader is told that the colours stand for.
+  const std::string& getTitle() const { return _title; }
+
   /// Writes colours, range, scale and ramp into the table.
   void fill(lum::ColorLookupTable& table) const;
+
+  /// VTK's form of the colormap, for who draws items with VTK.
+  vtkSmartPointer<vtkLookupTable> makeLookupTable() const;
 
   /// Colours by this colormap what the attributes colour by data, and tells
   /// their data array its range and title.

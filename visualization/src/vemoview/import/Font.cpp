@@ -23,6 +23,13 @@ Font::Font() : _textProperty(vtkSmartPointer<vtkTextProperty>::New()) {
   _textProperty->SetFontFamilyToArial();
   _textProperty->SetColor(0.0, 0.0, 0.0);
 }
+Font::Font(const Font& other) : Font() {
+  *this = other;
+}
+Font& Font::operator=(const Font& other) {
+  _textProperty->ShallowCopy(other._textProperty);
+  return *this;
+}
 Font::~Font() = default;
 
 vtkTextProperty* Font::getTextProperty() const {

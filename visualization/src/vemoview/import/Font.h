@@ -18,6 +18,9 @@ class VEMO_IMPORT_EXPORT Font : public Readable {
 
   /// Plain black Arial.
   Font();
+  /// A copy has a text property of its own.
+  Font(const Font& other);
+  Font& operator=(const Font& other);
   ~Font() override;
 
   void read(const QxElement& element, SceneFileReader* reader) override;

@@ -1,0 +1,109 @@
+#include "SceneFixture.h"
+#include "scenegraph/drawables/Overlays.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using Vector2 = Vector<2, double>;
+using Vector3 = Vector<3, double>;
+
+const std::string COLORMAPS =
+    "<colormap name='a' min='1' max='2' title='Speed'><c>ff0000ff</c></colormap>"
+    "<colormap name='b' min='3' max='4' log10='true'><c>00ff00ff</c><c>0000ffff</c></colormap>";
+
+class LegendTest : public SceneFixture {
+ protected:
+  lum::DrawableCollection& foreground() { return _sceneNode->getForegroundCanvas().getDrawableCollection(); }
+  /// What the one legend of an assembly "A" becomes.
+  lum::LegendDrawable& convertLegend(const std::string& attributes, const std::string& children = "") {
+    convert(assembly("A", "<legend visibility='1' " + attributes + ">" + children + "</legend>" + COLORMAPS +
+                              geometry("polys='tri'")));
+    EXPECT_EQ(foreground().getNodeCount(), 1U);
+    return dynamic_cast<lum::LegendDrawable&>(foreground().getNode(0));
+  }
+};
+
+TEST_F(LegendTest, SaysWhatTheColorsMean) {
+  auto& legend = convertLegend(
+      "name='bar' title='Pressure' colormap='b' orientation='HORIZONTAL' numberOfLabels='3' "
+      "numberFormat='%.1f Pa' textHeight='0.04'",
+      "<position x='0.1' y='0.2'/><size x='0.6' y='0.3'/><font facename='Times' textColor='ff0000ff'/>");
+  EXPECT_EQ(legend.getName(), "bar");
+  EXPECT_TRUE(legend.getBaseAttributes().getVisibility());
+  const auto& attributes = legend.getLegendAttributes();
+  EXPECT_EQ(attributes.getTitle(), "Pressure");
+  EXPECT_EQ(attributes.getOrientation(), lum::LegendOrientation::HORIZONTAL);
+  EXPECT_EQ(attributes.getNumberOfLabels(), 3);
+  EXPECT_EQ(attributes.getLabelFormat(), "%.1f Pa");
+  EXPECT_EQ(attributes.getSize(), (Vector2{0.6, 0.3}));
+  EXPECT_EQ(legend.getPositionAttributes().getPosition(), (Vector3{0.1, 0.2, 0}));
+  EXPECT_EQ(legend.getTextAttributes().getFontFamilyName(), "Times");
+  EXPECT_EQ(legend.getTextAttributes().getForegroundColor(), 0xFF0000FFU);
+  EXPECT_EQ(legend.getTextAttributes().getFontSize(), 0.04);
+  ASSERT_TRUE(legend.hasColorLookupTable());
+  const auto& table = legend.getColorLookupTable();
+  EXPECT_THAT(table.getColorValues(), ElementsAre(0, 1, 0, 1, 0, 0, 1, 1));
+  EXPECT_EQ(table.getScalarRange(), (Vector2{3, 4}));
+  EXPECT_EQ(table.getScaleMode(), lum::ScaleMode::LOG10);
+}
+
+TEST_F(LegendTest, WithoutAnythingStatedShowsTheActiveColormap) {
+  auto& legend = convertLegend("");
+  const auto& attributes = legend.getLegendAttributes();
+  EXPECT_EQ(legend.getName(), "A") << "its assembly's";
+  EXPECT_EQ(attributes.getTitle(), "Speed");
+  EXPECT_EQ(attributes.getOrientation(), lum::LegendOrientation::VERTICAL);
+  EXPECT_EQ(attributes.getNumberOfLabels(), 5);
+  EXPECT_EQ(attributes.getLabelFormat(), "%.4g");
+  EXPECT_EQ(legend.getColorLookupTable().getScalarRange(), (Vector2{1, 2}));
+  EXPECT_GT(attributes.getSize()[1], attributes.getSize()[0]);
+  EXPECT_THAT(warnings(), ElementsAre());
+
+  const auto& lying = convertLegend("orientation='HORIZONTAL'").getLegendAttributes();
+  EXPECT_GT(lying.getSize()[0], lying.getSize()[1]);
+}
+
+TEST_F(LegendTest, WarnsOfValuesThatCannotBeAndKeepsTheDefaults) {
+  const auto& attributes = convertLegend(
+                               "orientation='vertical' numberOfLabels='1000' numberFormat='%s' "
+                               "colormap='absent'",
+                               "<font facename='Times'/>")
+                               .getLegendAttributes();
+  EXPECT_THAT(warnings(), ElementsAre(HasSubstr("\"vertical\" of \"orientation\""),
+                                      HasSubstr("\"1000\" of \"numberOfLabels\""),
+                                      HasSubstr("\"%s\" of \"numberFormat\""), HasSubstr("The font")));
+  EXPECT_EQ(attributes.getNumberOfLabels(), 5);
+  EXPECT_EQ(attributes.getTitle(), "Speed");
+  EXPECT_TRUE(logHas(takeLog(), "The legend of \"A\" names a colormap \"absent\" that is not there"));
+  convertLegend("numberOfLabels='few'");
+  EXPECT_THAT(warnings(), ElementsAre(HasSubstr("it is not a number")));
+}
+
+TEST_F(LegendTest, TakesOnlyFormatsForOneNumber) {
+  const std::string longest(60, 'x');
+  for (const std::string& format :
+       {std::string("%g"), std::string("%-#6.3lE"), std::string("%%%+ 010.2f%%"), longest + "%.2f"}) {
+    EXPECT_EQ(convertLegend("numberFormat='" + format + "'").getLegendAttributes().getLabelFormat(), format);
+  }
+  for (const std::string& format :
+       {std::string(), std::string("text"), std::string("100%"), std::string("%g %g"), std::string("%d"),
+        std::string("%n"), std::string("%*g"), std::string("%100g"), std::string("%.999f"),
+        std::string("%Lg"), std::string("%1$g"), std::string("%%g"), longest + "%.22f"}) {
+    EXPECT_EQ(convertLegend("numberFormat='" + format + "'").getLegendAttributes().getLabelFormat(), "%.4g")
+        << format;
+  }
+}
+
+TEST_F(LegendTest, NestedOnesStandInTheForegroundToo) {
+  convert(
+      assembly("A", assembly("B", "<legend name='l'/>" + COLORMAPS + geometry("polys='tri'")) + "<legend/>"));
+  ASSERT_EQ(foreground().getNodeCount(), 1U);
+  EXPECT_EQ(foreground().getNode(0).getName(), "l");
+  EXPECT_FALSE(foreground().find<lum::LegendDrawable>()->getBaseAttributes().getVisibility());
+  EXPECT_TRUE(logHas(takeLog(), "The legend of \"A\" has no colormap and is left out"));
+}
+
+}  // namespace
