@@ -4,11 +4,21 @@
 
 #include <string>
 
-/// A picture that stands in the model.
+/// A picture that stands in the model, turned as its edges say.
 class VEMO_IMPORT_EXPORT Image3D : public Image {
  public:
   static inline const std::string XML_ENTITY = "image3d";
 
-  using Image::Image;
+  /// In the model, at its origin, one unit of x wide and one of y high.
+  explicit Image3D(std::string name);
   ~Image3D() override;
+
+  using Image::setPlace;
+
+ private:
+  static inline const std::string XML_ORIGIN = "origin";
+  static inline const std::string XML_X_AXIS = "xaxis";
+  static inline const std::string XML_Y_AXIS = "yaxis";
+
+  void readPlace(const OptionalValues& values) override;
 };

@@ -1,5 +1,6 @@
 #include "vemoview/import/Scene.h"
 
+#include "vemoview/import/Annotation.h"
 #include "vemoview/import/ClippingPlane.h"
 #include "vemoview/import/Gradient.h"
 #include "vemoview/import/Light.h"
@@ -7,6 +8,8 @@
 #include "vemoview/import/SceneFileReader.h"
 #include "vemoview/import/SharedBySiblings.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -47,6 +50,13 @@ void Scene::addClippingPlane(std::unique_ptr<ClippingPlane> plane) {
   _clippingPlanes.push_back(std::move(plane));
 }
 
+std::vector<ClippingPlane*> Scene::getClippingPlanes() const {
+  std::vector<ClippingPlane*> planes;
+  std::ranges::transform(_clippingPlanes, std::back_inserter(planes),
+                         [](const auto& plane) { return plane.get(); });
+  return planes;
+}
+
 void Scene::addLight(std::unique_ptr<Light> light) {
   _lights.push_back(std::move(light));
 }
@@ -85,6 +95,8 @@ void Scene::readChild(const QxElement& element, SceneFileReader* reader) {
   } else if (kind == Gradient::XML_ENTITY) {
     _gradient = std::make_unique<Gradient>("background");
     _gradient->read(element, reader);
+  } else if (kind == Annotation::XML_ENTITY) {
+    add(readNew(std::make_unique<Annotation>(std::string()), element, reader));
   }
 }
 

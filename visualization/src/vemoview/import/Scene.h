@@ -63,6 +63,8 @@ class VEMO_IMPORT_EXPORT Scene : public AssemblyItem {
                        const std::string& parentName) const override;
 
   void addClippingPlane(std::unique_ptr<ClippingPlane> plane);
+  /// In document order, as the mappers of VTK need them.
+  std::vector<ClippingPlane*> getClippingPlanes() const;
   void addLight(std::unique_ptr<Light> light);
 
   Color getBackgroundColor() const { return _backgroundColor; }

@@ -1,0 +1,132 @@
+#include "SceneFixture.h"
+#include "scenegraph/drawables/Overlays.h"
+#include "vemoview/import/Annotation.h"
+#include "vemoview/import/Image2D.h"
+#include "vemoview/import/SharedBySiblings.h"
+
+#include <vtkDataArray.h>
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using Vector3 = Vector<3, double>;
+
+class Overlays : public SceneFixture {
+ protected:
+  Overlays() { _archive.bytes("rgb", {1, 2, 3, 4, 5, 6}); }
+
+  lum::DrawableCollection& foreground() { return _sceneNode->getForegroundCanvas().getDrawableCollection(); }
+  lum::ImageDrawable& image(lum::DrawableCollection& collection, const std::string& name) {
+    auto* const found = collection.find<lum::ImageDrawable>(name);
+    VEMO_REQUIRE(found, "There is no image " + name);
+    return *found;
+  }
+};
+
+TEST_F(Overlays, TextsStandInTheWindow) {
+  convert(
+      "<annotation name='t' visibility='1' text='a&#10;b' mode='WINDOW' horizontalAlignment='RIGHT' "
+      "verticalAlignment='CENTER' textHeight='0.05'><position x='0.5' y='0.25'/>"
+      "<font facename='Courier' bold='true' textColor='00ff00ff'/></annotation>");
+  auto* const text = foreground().find<lum::TextDrawable>("t");
+  ASSERT_TRUE(text);
+  EXPECT_TRUE(text->getBaseAttributes().getVisibility());
+  EXPECT_EQ(text->getPositionAttributes().getPosition(), (Vector3{0.5, 0.25, 0}));
+  const auto& attributes = text->getAnnotationAttributes();
+  EXPECT_EQ(attributes.getText(), "a\nb");
+  EXPECT_EQ(attributes.getCoordinateSpace(), lum::CoordinateSpace::WINDOW);
+  EXPECT_EQ(attributes.getHorizontalAlignment(), lum::HorizontalAlignment::RIGHT);
+  EXPECT_EQ(attributes.getVerticalAlignment(), lum::VerticalAlignment::CENTER);
+  EXPECT_EQ(text->getTextAttributes().getFontFamilyName(), "Courier");
+  EXPECT_EQ(text->getTextAttributes().getFontSize(), 0.05);
+}
+
+TEST_F(Overlays, TextsStandInTheModelWhereTheyAreAdded) {
+  convert("<annotation text='first' mode='MODEL'/><annotation text='second' mode='MODEL'/>" +
+          assembly("A", "<annotation name='none' text='unread'/>" + geometry("polys='tri'")));
+  EXPECT_EQ(collection("").getNodeCount(), 3U) << "those without a name are different ones";
+  EXPECT_EQ(drawable<lum::TextDrawable>("").getAnnotationAttributes().getText(), "first");
+  EXPECT_FALSE(drawable<lum::TextDrawable>("").getBaseAttributes().getVisibility());
+  EXPECT_EQ(collection("A").getNodeCount(), 1U) << "only the scene reads annotations";
+
+  EXPECT_EQ(foreground().getNodeCount(), 0U);
+
+  auto made = std::make_unique<Annotation>("made");
+  made->setText("x");
+  made->setMode(lum::CoordinateSpace::MODEL);
+  AssemblyItem group("A");
+  group.add(std::move(made));
+  SharedBySiblings shared;
+  group.addToCollection(shared, collection(""), 1, "");
+  EXPECT_TRUE(collection("A").find<lum::TextDrawable>("made"));
+}
+
+TEST_F(Overlays, ImagesStandInTheWindowOrInTheModel) {
+  convert(assembly(
+      "A",
+      "<image2d name='flat' visibility='0.5' opacity='0.5' pixels='rgb' width='2' height='1'>"
+      "<position x='0.1' y='0.2'/><size x='0.3' y='0.4'/></image2d>"
+      "<image3d name='solid' visibility='0' opacity='0.5' pixels='rgb' width='1' height='3' components='2'>"
+      "<origin z='7'/><xaxis y='2'/><yaxis x='3'/></image3d>"
+      "<image2d name='standing' coordinateSystem='MODEL' pixels='rgb' width='2' height='3' components='1'/>"
+      "<image3d name='empty'/>"));
+  auto& flat = image(foreground(), "flat");
+  EXPECT_EQ(flat.getPositionAttributes().getPosition(), (Vector3{0.1, 0.2, 0}));
+  const auto& attributes = flat.getImageAttributes();
+  EXPECT_EQ(attributes.getCoordinateSpace(), lum::CoordinateSpace::WINDOW);
+  EXPECT_EQ(attributes.getXAxis(), (Vector3{0.3, 0, 0}));
+  EXPECT_EQ(attributes.getYAxis(), (Vector3{0, 0.4, 0}));
+  EXPECT_EQ(flat.getColorAttributes()->getOpacity(), 0.25);
+  ASSERT_TRUE(attributes.isSound());
+  EXPECT_EQ(attributes.getPixels()->GetComponent(1, 2), 6) << "the second pixel's blue";
+
+  auto& solid = image(collection("A"), "solid");
+  EXPECT_EQ(solid.getPositionAttributes().getPosition(), (Vector3{0, 0, 7}));
+  EXPECT_EQ(solid.getImageAttributes().getXAxis(), (Vector3{0, 2, 0}));
+  EXPECT_EQ(solid.getImageAttributes().getYAxis(), (Vector3{3, 0, 0}));
+  EXPECT_EQ(solid.getImageAttributes().getHeight(), 3);
+  EXPECT_EQ(solid.getColorAttributes()->getOpacity(), 0.5) << "hidden, and not transparent for ever";
+  EXPECT_EQ(image(collection("A"), "standing").getImageAttributes().getCoordinateSpace(),
+            lum::CoordinateSpace::MODEL);
+  EXPECT_EQ(collection("A").getNodeCount(), 2U);
+  EXPECT_TRUE(logHas(takeLog(), "The image \"empty\" has no pixels and is left out"));
+}
+
+TEST_F(Overlays, ImagesRefusePixelsThatDoNotFit) {
+  const auto failure = [&](const std::string& attributes) {
+    return failureOf([&] { read("<image2d name='i' " + attributes + "/>"); });
+  };
+  const std::string end = ".<br>Your file may be corrupt. | scene/i:1:";
+  EXPECT_EQ(failure("pixels='rgb' width='2' height='2'"),
+            "IOException: Entry 'rgb' has 6 bytes, but an image of 2 x 2 pixels with 3 components needs 12" +
+                end + "rgb");
+  EXPECT_EQ(failure("pixels='rgb' width='2147483647' height='2147483647' components='4'"),
+            "IOException: Entry 'rgb' has 6 bytes, but an image of 2147483647 x 2147483647 pixels with 4 "
+            "components needs 18446744056529682436" +
+                end + "rgb");
+  for (const char* size : {"width='0' height='2'", "width='2' height='4294967295'",
+                           "width='6' height='1' components='0'", "width='1' height='1' components='5'"}) {
+    EXPECT_THAT(failure(std::string("pixels='rgb' ") + size),
+                HasSubstr("IOException: An image cannot have "));
+  }
+  EXPECT_EQ(failure("pixels='absent' width='1' height='1'"),
+            "IOException: Requested non-existent entry 'absent'" + end + "absent");
+  EXPECT_EQ(failureOf([] { Image2D("i").read(*elementOf("<image2d pixels='p'/>"), nullptr); }),
+            "InternalError: SceneFileReadable can't be NULL for this object | reader");
+}
+
+TEST_F(Overlays, WarnOfWordsThatTheyDoNotKnow) {
+  convert(
+      "<annotation text='t' mode='window' version='?'/><image2d coordinateSystem='SCREEN'/>"
+      "<annotation name='silent'/>");
+  EXPECT_THAT(warnings(),
+              ElementsAre(HasSubstr("\"SCREEN\" of \"coordinateSystem\""), HasSubstr("\"?\" is not a number"),
+                          HasSubstr("\"window\" of \"mode\"")));
+  EXPECT_EQ(foreground().getNodeCount(), 1U);
+  EXPECT_TRUE(logHas(takeLog(), "The annotation \"silent\" has no text and is left out"));
+}
+
+}  // namespace
