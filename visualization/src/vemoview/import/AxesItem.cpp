@@ -6,6 +6,11 @@
 #include "vemoview/import/QxElement.h"
 #include "vemoview/import/SharedBySiblings.h"
 
+#include <vtkCoordinate.h>
+#include <vtkTextActor.h>
+#include <vtkTextProperty.h>
+
+#include <cstddef>
 #include <cstdint>
 #include <utility>
 
@@ -14,6 +19,18 @@ namespace {
 /// What the triad and its labels need of a parallel view, in triad lengths.
 constexpr double TRIAD_SCALE = 2.2;
 constexpr std::uint32_t OPAQUE_BLACK = 0x000000FF;
+
+/// In axis lengths from the triad's origin.
+constexpr double LABEL_DISTANCE = 1.2;
+constexpr const char* LABEL_TEXTS[] = {"X", "Y", "Z"};
+
+vtkSmartPointer<vtkTextActor> makeLabel(const char* text) {
+  auto label = vtkSmartPointer<vtkTextActor>::New();
+  label->SetInput(text);
+  label->GetTextProperty()->SetFontFamilyToArial();
+  label->GetPositionCoordinate()->SetCoordinateSystemToWorld();
+  return label;
+}
 
 /// The triad is seen as it stands; it is turned by the model's camera.
 void setTriadView(lum::CameraAttributes& camera) {
@@ -33,6 +50,20 @@ void AxesItem::setAxes(const Vector<3, double>& x, const Vector<3, double>& y, c
   _xAxis = x;
   _yAxis = y;
   _zAxis = z;
+}
+
+vtkTextActor* AxesItem::getLabel(int axis) {
+  VEMO_REQUIRE(axis >= 0 && axis < 3, "A triad has three axes");
+  const auto index = static_cast<std::size_t>(axis);
+  auto& label = _labels[index];
+  if (!label) {
+    label = makeLabel(LABEL_TEXTS[index]);
+  }
+  const auto& direction = axis == 0 ? _xAxis : axis == 1 ? _yAxis : _zAxis;
+  label->GetPositionCoordinate()->SetValue(LABEL_DISTANCE * direction[0], LABEL_DISTANCE * direction[1],
+                                           LABEL_DISTANCE * direction[2]);
+  label->GetTextProperty()->SetColor(_textColor.getRGB().data());
+  return label;
 }
 
 void AxesItem::read(const QxElement& element, SceneFileReader* reader) {

@@ -4,7 +4,11 @@
 #include "vemoview/import/Color.h"
 #include "vemoview/import/GraphicsItem.h"
 
+#include <vtkSmartPointer.h>
+
 #include <string>
+
+class vtkTextActor;
 
 /// The triad in a corner of the window that shows how the model is turned.
 class VEMO_IMPORT_EXPORT AxesItem : public GraphicsItem {
@@ -29,6 +33,11 @@ class VEMO_IMPORT_EXPORT AxesItem : public GraphicsItem {
   void setTextColor(Color color) { _textColor = color; }
   Color getTextColor() const { return _textColor; }
 
+  /// The label of axis 0, 1 or 2 for who draws the triad with VTK, a little
+  /// beyond the axis's end. Made at the first request, brought up to date at
+  /// each. VTK's OpenGL module must be there.
+  vtkTextActor* getLabel(int axis);
+
  private:
   static inline const std::string XML_X_AXIS = "xaxis";
   static inline const std::string XML_Y_AXIS = "yaxis";
@@ -39,4 +48,5 @@ class VEMO_IMPORT_EXPORT AxesItem : public GraphicsItem {
   Vector<3, double> _yAxis{0.0, 1.0, 0.0};
   Vector<3, double> _zAxis{0.0, 0.0, 1.0};
   Color _textColor{0, 0, 0, 255};
+  Vector<3, vtkSmartPointer<vtkTextActor>> _labels;
 };

@@ -103,10 +103,8 @@ void GeometryDrawableBuilder::applySurfaceAttributes(const std::string& key) {
   _drawable.getAttributes<lum::ContourAttributes>().setContourVisible(_item.getContour());
 }
 
-/// Files that state no coefficient have items whose coefficients are 0, which
-/// nobody could see: these are left to the renderer.
 void GeometryDrawableBuilder::applyLighting() {
-  if (_item.getAmbient() == 0.0 && _item.getDiffuse() == 0.0 && _item.getSpecular() == 0.0) {
+  if (!_item.hasLighting()) {
     return;
   }
   auto& material = _drawable.getAttributes<lum::MaterialAttributes>();

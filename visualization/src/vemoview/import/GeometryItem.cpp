@@ -9,6 +9,7 @@
 #include "vemoview/import/PolyDataReader.h"
 #include "vemoview/import/QxElement.h"
 
+#include <vtkActor.h>
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
 #include <vtkFloatArray.h>
@@ -93,6 +94,10 @@ void GeometryItem::setPointScaleScalarRange(const Vector<3, double>& range) {
 
 void GeometryItem::setPointScaleScalarMapRange(const Vector<3, double>& range) {
   _pointScaleScalarMapTo = std::make_unique<Vector<3, double>>(range);
+}
+
+bool GeometryItem::hasLighting() const {
+  return _ambient != 0.0 || _diffuse != 0.0 || _specular != 0.0;
 }
 
 bool GeometryItem::hasPointScale() const {

@@ -9,11 +9,16 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
+class ClippingPlane;
+class Colormap;
 class PolyDataReader;
+class vtkActor;
 class vtkPolyData;
 class vtkPolyDataMapper;
 class vtkProperty;
+
 /// A piece of geometry: points, cells on them, arrays over both, and how all
 /// this is drawn.
 class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
@@ -45,6 +50,41 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
   void setGeometry(vtkPolyData* polyData, vtkPolyDataMapper* mapper, vtkProperty* property);
   vtkPolyData* getGeometry() const;
 
+  // What follows draws the item with VTK's actors, in a host that shows it
+  // without a scene graph; VTK's OpenGL module must be there. Opacities are
+  // multiplied by the item's visibility.
+
+  /// The actor of the item's geometry, mapper and property; made at the first
+  /// request, brought up to date at each.
+  vtkActor* getActor();
+  /// The mapper that was set, or else one of the item's own.
+  vtkPolyDataMapper* getMapper();
+  vtkProperty* getProperty() const;
+
+  /// Data are blended between points, and not their colours; the range is that
+  /// of the colours.
+  void setRenderingFlags(vtkPolyDataMapper* mapper);
+  /// Colours by the array over the cells, or else over the points; by none when
+  /// there is none of that name.
+  void setScalarArray(vtkPolyDataMapper* mapper, const std::string& name);
+  /// The colours for the data; null turns colouring by data off.
+  void setScalars(vtkPolyDataMapper* mapper, const Colormap* colormap);
+  /// In place of those that the mapper has; none for an item that ignores them.
+  void setClippingPlanes(vtkPolyDataMapper* mapper, const std::vector<ClippingPlane*>& planes);
+  /// Unlit, in the line colour.
+  /// @param asEdges draws the edges of polygons in place of their faces
+  void setLineRenderingPropeties(bool asEdges);
+  /// Lit, in the face colour, edges in the line colour when they are shown.
+  void setPolygonRenderingProperties();
+  /// One of the two, as the item's geometry needs it. Throws InternalError for
+  /// points.
+  void setLineAndPolygonRenderingProperties();
+  /// The opacity of the item's colour is a factor, too. Throws InternalError
+  /// for an item that was never read.
+  void setActorOpacity(double opacity);
+  /// The same for points, which are drawn as small spheres.
+  void setPointSpriteOpacity(double opacity);
+
   void setLineColor(Color color) { _lineColor = color; }
   Color getLineColor() const { return _lineColor; }
   void setFaceColor(Color color) { _faceColor = color; }
@@ -63,6 +103,9 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
   bool getIgnoreClip() const { return _ignoreClip; }
   /// Coefficients of 0 to 1, and the exponent of highlights.
   void setLighting(double ambient, double diffuse, double specular, double specularPower);
+  /// Whether any coefficient is above 0. Files that state none have items that
+  /// nobody could see: how these are lit is left to who draws them.
+  bool hasLighting() const;
   double getAmbient() const { return _ambient; }
   double getDiffuse() const { return _diffuse; }
   double getSpecular() const { return _specular; }
@@ -141,6 +184,7 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
   int _geometryType = UNDETERMINED;
   vtkSmartPointer<vtkProperty> _property;
   vtkSmartPointer<vtkPolyDataMapper> _mapper;
+  vtkSmartPointer<vtkActor> _actor;
   vtkSmartPointer<vtkPolyData> _polydata;
   bool _showFaces = true;
   bool _showEdges = false;

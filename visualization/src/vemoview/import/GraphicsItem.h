@@ -5,6 +5,10 @@
 #include <string>
 
 struct SharedBySiblings;
+class vtkActor;
+class vtkProp;
+class vtkProperty;
+class vtkProperty2D;
 namespace lum {
 class Drawable;
 class DrawableCollection;
@@ -41,6 +45,17 @@ class VEMO_IMPORT_EXPORT GraphicsItem : public SceneItem {
 
   /// Shows or hides the drawable as the item is shown or hidden.
   void addVisibilityAttrib(lum::Drawable& drawable) const;
+
+  // These draw with VTK. The item's visibility is a factor of the opacity; what
+  // is no more opaque than VISIBILITY_THRESHOLD is hidden, and its property
+  // left alone.
+
+  void setMyOpacity(vtkActor* actor, double opacity) const;
+  /// What is hidden cannot be picked either. Of an assembly all parts are set
+  /// before itself.
+  void setMyOpacity(vtkProp* prop, vtkProperty* property, double opacity) const;
+  /// Pickable or not stays as it is, and so do the parts of assemblies.
+  void setMyOpacity(vtkProp* prop, vtkProperty2D* property, double opacity) const;
 
  private:
   static inline const std::string XML_ATTRIB_VISIBILITY = "visibility";

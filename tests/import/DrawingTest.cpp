@@ -1,0 +1,212 @@
+// What items give a host that draws them with VTK's actors.
+
+#include "SceneFixture.h"
+#include "vemoview/import/ClippingPlane.h"
+#include "vemoview/import/Colormap.h"
+#include "vemoview/import/CoordinateSystemItem.h"
+#include "vemoview/import/GeometryItem.h"
+
+#include <vtkActor.h>
+#include <vtkActor2D.h>
+#include <vtkAssembly.h>
+#include <vtkCoordinate.h>
+#include <vtkLogLookupTable.h>
+#include <vtkNew.h>
+#include <vtkPlane.h>
+#include <vtkPlaneCollection.h>
+#include <vtkPolyDataMapper.h>
+#include <vtkProperty.h>
+#include <vtkProperty2D.h>
+#include <vtkTextActor.h>
+#include <vtkTextProperty.h>
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using Vector3 = Vector<3, double>;
+
+/// Lets the tests call what is for items alone.
+class AnyItem : public GeometryItem {
+ public:
+  using GeometryItem::GeometryItem;
+  using GraphicsItem::setMyOpacity;
+};
+
+class Drawing : public SceneFixture {
+ protected:
+  GeometryItem& readItem(const std::string& attributes, const std::string& children = "") {
+    _scene = read(geometry(attributes, children));
+    return static_cast<GeometryItem&>(*_scene->getChildren().at(0));
+  }
+  std::unique_ptr<Scene> _scene;
+};
+
+Vector3 colorOf(vtkProperty* property) {
+  Vector3 color;
+  property->GetColor(color.data());
+  return color;
+}
+
+TEST_F(Drawing, VisibilityIsAFactorOfOpacity) {
+  AnyItem item("i");
+  item.setVisibility(0.5);
+  vtkNew<vtkActor> actor;
+  item.setMyOpacity(actor, 0.5);
+  EXPECT_EQ(actor->GetProperty()->GetOpacity(), 0.25);
+  EXPECT_TRUE(actor->GetVisibility() && actor->GetPickable());
+  const auto before = actor->GetMTime();
+  item.setMyOpacity(actor, 0.002);
+  EXPECT_FALSE(actor->GetVisibility() || actor->GetPickable());
+  EXPECT_EQ(actor->GetProperty()->GetOpacity(), 0.25) << "stays";
+  EXPECT_GT(actor->GetMTime(), before);
+
+  vtkNew<vtkActor2D> flat;
+  item.setMyOpacity(flat, flat->GetProperty(), 0.5);
+  EXPECT_EQ(flat->GetProperty()->GetOpacity(), 0.25);
+  item.setMyOpacity(flat, flat->GetProperty(), 0.002);
+  EXPECT_FALSE(flat->GetVisibility());
+  EXPECT_TRUE(flat->GetPickable());
+}
+
+TEST_F(Drawing, OpacityReachesEveryPartOfAnAssembly) {
+  AnyItem item("i");
+  vtkNew<vtkAssembly> outer;
+  vtkNew<vtkAssembly> inner;
+  vtkNew<vtkActor> leaf;
+  vtkNew<vtkActor> other;
+  inner->AddPart(leaf);
+  outer->AddPart(inner);
+  outer->AddPart(other);
+  vtkNew<vtkProperty> property;
+  item.setMyOpacity(outer, property, 0.0);
+  for (vtkProp* const prop : std::initializer_list<vtkProp*>{outer, inner, leaf, other}) {
+    EXPECT_FALSE(prop->GetVisibility() || prop->GetPickable());
+  }
+  item.setMyOpacity(outer, property, 0.75);
+  EXPECT_TRUE(leaf->GetVisibility() && other->GetVisibility() && outer->GetVisibility());
+  EXPECT_EQ(property->GetOpacity(), 0.75);
+}
+
+TEST_F(Drawing, SurfacesAreDrawnAsTheirItemSays) {
+  GeometryItem& item = readItem("polys='tri' showEdges='true' ambient='0.5' specularPower='9'");
+  item.setLineAndPolygonRenderingProperties();
+  vtkProperty* const property = item.getActor()->GetProperty();
+  EXPECT_EQ(property, item.getProperty());
+  EXPECT_EQ(colorOf(property), (Vector3{0, 1, 0}));
+  EXPECT_EQ(property->GetEdgeColor()[0], 1.0);
+  EXPECT_TRUE(property->GetEdgeVisibility() && property->GetLighting());
+  EXPECT_EQ(property->GetInterpolation(), VTK_GOURAUD);
+  EXPECT_EQ(property->GetAmbient(), 0.5);
+  EXPECT_EQ(property->GetSpecularPower(), 9.0);
+  EXPECT_EQ(item.getActor()->GetMapper(), item.getMapper());
+  EXPECT_EQ(item.getMapper()->GetInput(), item.getGeometry());
+  item.setActorOpacity(0.5);
+  EXPECT_EQ(property->GetOpacity(), 64 / 255.0) << "half of its colour's";
+
+  GeometryItem& edges = readItem("polys='tri' showFaces='false' showEdges='true' smoothShading='false'");
+  edges.setLineAndPolygonRenderingProperties();
+  EXPECT_EQ(edges.getProperty()->GetRepresentation(), VTK_WIREFRAME);
+  EXPECT_EQ(colorOf(edges.getProperty()), (Vector3{1, 0, 0}));
+  edges.showEdges(false);
+  edges.setActorOpacity(1.0);
+  EXPECT_FALSE(edges.getActor()->GetVisibility()) << "there is nothing to see";
+}
+
+TEST_F(Drawing, LinesAndPointsHaveTheirOwnLook) {
+  GeometryItem& lines = readItem("lines='line' lineWidth='3'");
+  lines.setLineAndPolygonRenderingProperties();
+  lines.setActorOpacity(1.0);
+  EXPECT_EQ(colorOf(lines.getProperty()), (Vector3{1, 0, 0}));
+  EXPECT_FALSE(lines.getProperty()->GetLighting());
+  EXPECT_EQ(lines.getProperty()->GetLineWidth(), 3.0F);
+  EXPECT_EQ(lines.getProperty()->GetOpacity(), 128 / 255.0);
+
+  GeometryItem& points = readItem("verts='vert' pointSize='5'");
+  points.setActorOpacity(0.5);
+  EXPECT_EQ(points.getProperty()->GetPointSize(), 5.0F);
+  EXPECT_EQ(points.getProperty()->GetOpacity(), 0.5);
+  EXPECT_EQ(failureOf([&] { points.setLineAndPolygonRenderingProperties(); }).substr(0, 89),
+            "InternalError: Unexpected item type in GeometryItem::setLineAndPolygonRenderingProperties");
+  EXPECT_EQ(failureOf([] { GeometryItem("unread").setActorOpacity(1.0); }).substr(0, 69),
+            "InternalError: Unexpected geometry type in GeometryItem::setActorOpac");
+}
+
+TEST_F(Drawing, MappersAreColoredByAnArray) {
+  const std::string arrays =
+      "<array name='a' dim='1' vertexData='true' data='four'/><array name='a' dim='1' data='two'/>"
+      "<array name='b' dim='1' vertexData='true' data='four'/>";
+  GeometryItem& item = readItem("polys='quad'", arrays);
+  vtkPolyDataMapper& mapper = *item.getMapper();
+  Colormap colormap;
+  colormap.read(*elementOf("<colormap min='5' max='6'><c>ff0000ff</c><c>00ff00ff</c></colormap>"), nullptr);
+  item.setRenderingFlags(&mapper);
+  item.setScalars(&mapper, &colormap);
+  item.setScalarArray(&mapper, "a");
+  EXPECT_EQ(mapper.GetScalarMode(), VTK_SCALAR_MODE_USE_CELL_FIELD_DATA);
+  vtkUnsignedCharArray* const colors = mapper.MapScalars(1.0);
+  ASSERT_TRUE(colors);
+  EXPECT_EQ(colors->GetComponent(0, 0), 255) << "5 is red";
+  EXPECT_EQ(colors->GetComponent(1, 1), 255) << "6 is green";
+  item.setScalarArray(&mapper, "b");
+  EXPECT_EQ(mapper.GetScalarMode(), VTK_SCALAR_MODE_USE_POINT_FIELD_DATA);
+  EXPECT_TRUE(mapper.GetScalarVisibility());
+  item.setScalarArray(&mapper, "absent");
+  EXPECT_FALSE(mapper.GetScalarVisibility());
+  item.setScalarArray(&mapper, "b");
+  item.setScalars(&mapper, nullptr);
+  EXPECT_FALSE(mapper.GetScalarVisibility());
+}
+
+TEST_F(Drawing, ColormapsBecomeTables) {
+  Colormap colormap;
+  const std::string colors = "><c>ff000080</c><c>0000ffff</c><c>00ff00ff</c></colormap>";
+  colormap.read(*elementOf("<colormap min='1' max='100' log10='true' ramp='sqrt'" + colors), nullptr);
+  const auto table = colormap.makeLookupTable();
+  EXPECT_TRUE(vtkLogLookupTable::SafeDownCast(table));
+  EXPECT_EQ(table->GetRamp(), VTK_RAMP_SQRT);
+  EXPECT_EQ(table->GetNumberOfTableValues(), 3);
+  EXPECT_EQ(table->GetRange()[1], 100);
+  EXPECT_EQ(table->MapValue(1)[3], 128);
+  EXPECT_EQ(table->MapValue(10)[2], 255) << "in the middle of the logarithms";
+  colormap.read(*elementOf("<colormap max='100'" + colors), nullptr);
+  EXPECT_FALSE(vtkLogLookupTable::SafeDownCast(colormap.makeLookupTable()));
+  EXPECT_EQ(colormap.makeLookupTable()->MapValue(10)[3], 128);
+  colormap.read(*elementOf("<colormap max='100'/>"), nullptr);
+  EXPECT_EQ(colormap.makeLookupTable()->GetNumberOfTableValues(), 0);
+}
+
+TEST_F(Drawing, MappersAreClippedUnlessTheItemIgnoresIt) {
+  auto scene = read("<clip><origin x='1'/><normal y='2'/></clip><clip/>" + geometry("polys='tri'"));
+  const std::vector<ClippingPlane*> planes = scene->getClippingPlanes();
+  ASSERT_EQ(planes.size(), 2U);
+  vtkPlane* const plane = planes[0]->getPlane();
+  EXPECT_EQ(plane->GetOrigin()[0], 1.0);
+  EXPECT_EQ(plane->GetNormal()[1], 2.0);
+  EXPECT_EQ(planes[0]->getPlane(), plane);
+  auto& item = static_cast<GeometryItem&>(*scene->getChildren().at(0));
+  for (int i = 0; i < 2; ++i) {
+    item.setClippingPlanes(item.getMapper(), planes);
+    EXPECT_EQ(item.getMapper()->GetClippingPlanes()->GetNumberOfItems(), 2) << "in place of the former";
+  }
+  item.setIgnoreClip(true);
+  item.setClippingPlanes(item.getMapper(), planes);
+  EXPECT_EQ(item.getMapper()->GetClippingPlanes()->GetNumberOfItems(), 0);
+}
+
+TEST_F(Drawing, AxesHaveLabels) {
+  AxesItem axes("axes");
+  vtkTextActor* const label = axes.getLabel(1);
+  EXPECT_STREQ(label->GetInput(), "Y");
+  EXPECT_EQ(label->GetPositionCoordinate()->GetCoordinateSystem(), VTK_WORLD);
+  EXPECT_EQ(label->GetPositionCoordinate()->GetValue()[1], 1.2);
+  EXPECT_STREQ(label->GetTextProperty()->GetFontFamilyAsString(), "Arial");
+  axes.setAxes({1, 0, 0}, {0, 0, 2}, {0, 1, 0});
+  axes.setTextColor({255, 0, 51, 0});
+  EXPECT_EQ(axes.getLabel(1), label);
+  EXPECT_EQ(label->GetPositionCoordinate()->GetValue()[2], 2.4);
+  EXPECT_EQ(label->GetTextProperty()->GetColor()[2], 0.2);
+  EXPECT_EQ(failureOf([&] { axes.getLabel(3); }).substr(0, 40), "InternalError: A triad has three axes | ");
+}
+
+}  // namespace

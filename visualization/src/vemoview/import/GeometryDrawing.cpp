@@ -1,0 +1,147 @@
+// The part of the GeometryItem that draws it directly with VTK.
+
+#include "errors/InternalError.h"
+#include "vemoview/import/ClippingPlane.h"
+#include "vemoview/import/Colormap.h"
+#include "vemoview/import/GeometryItem.h"
+
+#include <vtkActor.h>
+#include <vtkCellData.h>
+#include <vtkLookupTable.h>
+#include <vtkPlane.h>
+#include <vtkPointData.h>
+#include <vtkPolyData.h>
+#include <vtkPolyDataMapper.h>
+#include <vtkProperty.h>
+
+namespace {
+
+double opacityOf(Color color) {
+  return color.a / 255.0;
+}
+
+}  // namespace
+
+vtkProperty* GeometryItem::getProperty() const {
+  return _property;
+}
+
+vtkPolyDataMapper* GeometryItem::getMapper() {
+  if (!_mapper) {
+    _mapper = vtkSmartPointer<vtkPolyDataMapper>::New();
+    VEMO_REQUIRE(_mapper, "VTK's OpenGL module must be there for drawing");
+    _mapper->SetInputData(_polydata);
+  }
+  return _mapper;
+}
+
+vtkActor* GeometryItem::getActor() {
+  if (!_actor) {
+    _actor = vtkSmartPointer<vtkActor>::New();
+    VEMO_REQUIRE(_actor, "VTK's OpenGL module must be there for drawing");
+  }
+  _actor->SetMapper(getMapper());
+  _actor->SetProperty(_property);
+  return _actor;
+}
+
+void GeometryItem::setRenderingFlags(vtkPolyDataMapper* mapper) {
+  mapper->SetColorModeToMapScalars();
+  mapper->SetInterpolateScalarsBeforeMapping(true);
+  mapper->SetUseLookupTableScalarRange(true);
+}
+
+void GeometryItem::setScalarArray(vtkPolyDataMapper* mapper, const std::string& name) {
+  const bool isOfCells = _polydata->GetCellData()->HasArray(name.c_str()) != 0;
+  const bool isOfPoints = !isOfCells && _polydata->GetPointData()->HasArray(name.c_str()) != 0;
+  mapper->SetScalarVisibility(isOfCells || isOfPoints);
+  if (isOfCells) {
+    mapper->SetScalarModeToUseCellFieldData();
+  } else {
+    mapper->SetScalarModeToUsePointFieldData();
+  }
+  mapper->SelectColorArray(name.c_str());
+}
+
+void GeometryItem::setScalars(vtkPolyDataMapper* mapper, const Colormap* colormap) {
+  if (colormap == nullptr) {
+    mapper->ScalarVisibilityOff();
+    return;
+  }
+  const auto table = colormap->makeLookupTable();
+  mapper->SetLookupTable(table);
+  mapper->SetScalarRange(table->GetRange());
+}
+
+void GeometryItem::setClippingPlanes(vtkPolyDataMapper* mapper, const std::vector<ClippingPlane*>& planes) {
+  mapper->RemoveAllClippingPlanes();
+  if (_ignoreClip) {
+    return;
+  }
+  for (ClippingPlane* const plane : planes) {
+    mapper->AddClippingPlane(plane->getPlane());
+  }
+}
+
+void GeometryItem::setLineRenderingPropeties(bool asEdges) {
+  _property->SetColor(_lineColor.getRGB().data());
+  _property->SetEdgeVisibility(false);
+  _property->SetLighting(false);
+  if (asEdges) {
+    _property->SetRepresentationToWireframe();
+  } else {
+    _property->SetRepresentationToSurface();
+  }
+}
+
+void GeometryItem::setPolygonRenderingProperties() {
+  _property->SetColor(_faceColor.getRGB().data());
+  _property->SetEdgeColor(_lineColor.getRGB().data());
+  _property->SetEdgeVisibility(_showEdges);
+  _property->SetRepresentationToSurface();
+  _property->SetLighting(true);
+  if (_smoothShading) {
+    _property->SetInterpolationToGouraud();
+  } else {
+    _property->SetInterpolationToFlat();
+  }
+  if (hasLighting()) {
+    _property->SetAmbient(_ambient);
+    _property->SetDiffuse(_diffuse);
+    _property->SetSpecular(_specular);
+    _property->SetSpecularPower(_specularPower);
+  }
+}
+
+void GeometryItem::setLineAndPolygonRenderingProperties() {
+  VEMO_REQUIRE(_geometryType == LINES || _geometryType == SURFACE,
+               "Unexpected item type in GeometryItem::setLineAndPolygonRenderingProperties");
+  if (_geometryType == SURFACE && _showFaces) {
+    setPolygonRenderingProperties();
+  } else {
+    setLineRenderingPropeties(_geometryType == SURFACE);
+  }
+}
+
+void GeometryItem::setActorOpacity(double opacity) {
+  switch (_geometryType) {
+    case POINTS:
+      return setPointSpriteOpacity(opacity);
+    case LINES:
+      return setMyOpacity(getActor(), opacity * opacityOf(_lineColor));
+    case SURFACE:
+      if (_showFaces) {
+        return setMyOpacity(getActor(), opacity * opacityOf(_faceColor));
+      }
+      return setMyOpacity(getActor(), _showEdges ? opacity * opacityOf(_lineColor) : 0.0);
+    default:
+      throw InternalError("Unexpected geometry type in GeometryItem::setActorOpacity",
+                          "_geometryType != UNDETERMINED", __FILE__, __LINE__);
+  }
+}
+
+void GeometryItem::setPointSpriteOpacity(double opacity) {
+  _property->SetPointSize(static_cast<float>(_pointSize));
+  _property->SetRenderPointsAsSpheres(true);
+  setMyOpacity(getActor(), opacity);
+}
