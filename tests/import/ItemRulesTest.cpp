@@ -17,7 +17,7 @@ TEST_F(ItemRules, RefuseVersionsOfTheFuture) {
       " color='ffffffff' textColor='ffffffff' topColor='ffffffff' bottomColor='ffffffff'";
   for (const std::string kind :
        {"assembly", "colormap", "legend", "transform", "repeat", "reflect", "axes", "coordinatesystem",
-        "image2d", "image3d", "light", "clip", "view", "gradient"}) {
+        "image2d", "image3d", "light", "clip", "view", "gradient", "annotation"}) {
     const auto withVersion = [&](int version) {
       const std::string xml = "<" + kind + colors + " version='" + std::to_string(version) + "'/>";
       return failureOf([&] { read(xml); });
@@ -73,6 +73,9 @@ TEST_F(ItemRules, KnowAllKindsAndPassOverOthers) {
   }
   EXPECT_THAT(kinds, ElementsAre("", "", "i", "", "assembly", "g"));
   EXPECT_NE(scene->getActiveColormap(), nullptr);
+  EXPECT_THAT(warnings(), ElementsAre("Items of the kind \"vectors\" are not shown",
+                                      "Items of the kind \"streamlines\" are not shown"));
+  EXPECT_EQ(_reader->getWarnings().front().itemPath, "scene/vectors");
 }
 
 TEST_F(ItemRules, PicturesAndLegendsNeverStopAScene) {

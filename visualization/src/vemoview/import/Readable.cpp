@@ -21,3 +21,9 @@ void Readable::checkVersionOfExtra(const QxElement& element, SceneFileReader* re
     }
   }
 }
+
+void Readable::warnNotShown(const QxElement& element, SceneFileReader* reader) {
+  if (reader != nullptr) {
+    reader->addWarning("Items of the kind \"" + element.getName() + "\" are not shown");
+  }
+}

@@ -33,4 +33,7 @@ class VEMO_IMPORT_EXPORT Readable {
   /// The same for elements that a scene can do without: a version that is no
   /// number is warned of and passed over.
   static void checkVersionOfExtra(const QxElement& element, SceneFileReader* reader);
+
+  /// Warns that there is something in the file that no picture shows.
+  static void warnNotShown(const QxElement& element, SceneFileReader* reader);
 };

@@ -5,12 +5,14 @@
 #include <string>
 
 /// Streamlines that a viewer would compute from a field.
-/// Scene files only mention them: there is nothing to read.
+/// Scene files only mention them: there is nothing to read, and they are not
+/// shown.
 class VEMO_IMPORT_EXPORT Streamlines : public Readable {
  public:
   static inline const std::string XML_ENTITY = "streamlines";
 
   ~Streamlines() override;
 
-  void read(const QxElement& /*element*/, SceneFileReader* /*reader*/) override {}
+  /// Warns that they are not shown.
+  void read(const QxElement& element, SceneFileReader* reader) override;
 };
