@@ -55,6 +55,15 @@ double pointSizeOf(const lum::GeometryDrawable& drawable, Appearance::Kind kind)
   return size != nullptr ? pixels(size->getSize()) : 1.0;
 }
 
+void applyMaterial(const lum::MaterialAttributes& material, Appearance& appearance) {
+  constexpr double GREATEST_POWER = 128.0;
+  const double power = material.getSpecularPower();
+  appearance.ambient = unitValue(material.getAmbient(), appearance.ambient);
+  appearance.diffuse = unitValue(material.getDiffuse(), appearance.diffuse);
+  appearance.specular = unitValue(material.getSpecular(), appearance.specular);
+  appearance.specularPower = std::isfinite(power) ? std::clamp(power, 0.0, GREATEST_POWER) : 1.0;
+}
+
 }  // namespace
 
 Appearance Appearance::of(const lum::GeometryDrawable& drawable, const lum::PolyDataNode& piece) {
@@ -73,6 +82,9 @@ Appearance Appearance::of(const lum::GeometryDrawable& drawable, const lum::Poly
   }
   if (const auto* const line = drawable.findAttributes<lum::LineAttributes>()) {
     result.lineWidth = pixels(line->getLineWidth());
+  }
+  if (const auto* const material = drawable.findAttributes<lum::MaterialAttributes>()) {
+    applyMaterial(*material, result);
   }
   return result;
 }

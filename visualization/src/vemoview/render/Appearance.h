@@ -28,6 +28,12 @@ struct Appearance {
   /// In pixels, above 0.
   double lineWidth = 1.0;
   double pointSize = 1.0;
+  /// How much light is shed and thrown back, each in 0..1, and how small
+  /// highlights are: in 0..128.
+  double ambient = 0.0;
+  double diffuse = 1.0;
+  double specular = 0.0;
+  double specularPower = 1.0;
 
   /// What the attributes of a drawable say about one of its pieces.
   static Appearance of(const lum::GeometryDrawable& drawable, const lum::PolyDataNode& piece);

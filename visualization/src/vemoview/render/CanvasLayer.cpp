@@ -1,6 +1,7 @@
 #include "vemoview/render/CanvasLayer.h"
 
 #include "scenegraph/canvas/SceneCanvas.h"
+#include "vemoview/render/Decorations.h"
 #include "vemoview/render/Piece.h"
 #include "vemoview/render/PieceActors.h"
 #include "vemoview/render/PieceJoiner.h"
@@ -70,7 +71,7 @@ void peelTranslucency(vtkRenderer& renderer) {
 
 }  // namespace
 
-vtkSmartPointer<vtkRenderer> makeLayer(const lum::SceneCanvas& canvas) {
+vtkSmartPointer<vtkRenderer> makeLayer(const lum::SceneCanvas& canvas, CameraBook& cameras) {
   auto renderer = vtkSmartPointer<vtkRenderer>::New();
   if (!setViewport(*renderer, canvas)) {
     return nullptr;
@@ -80,11 +81,16 @@ vtkSmartPointer<vtkRenderer> makeLayer(const lum::SceneCanvas& canvas) {
   peelTranslucency(*renderer);
   if (const auto* const drawables = canvas.hasDrawableCollection()) {
     const auto planes = planesOf(canvas);
-    for (const Piece& piece : joinSmallPieces(collectPieces(collectVisible(*drawables)))) {
+    const auto visible = collectVisible(*drawables);
+    for (const Piece& piece : joinSmallPieces(collectPieces(visible))) {
       addActors(piece, *planes, *renderer);
     }
+    addDecorations(visible, cameras, *renderer);
   }
   setLights(*renderer, canvas.findAttributes<lum::LightingAttributes>());
   setCamera(*renderer, canvas.hasCameraAttributes());
+  if (canvas.hasCameraAttributes() != nullptr) {
+    cameras[canvas.hasCameraAttributes()] = renderer;
+  }
   return renderer;
 }

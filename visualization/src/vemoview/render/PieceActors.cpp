@@ -80,6 +80,12 @@ void applyProperties(const Appearance& appearance, vtkProperty& property) {
   property.SetOpacity(appearance.opacity);
   property.SetLineWidth(static_cast<float>(appearance.lineWidth));
   property.SetPointSize(static_cast<float>(appearance.pointSize));
+  property.SetAmbient(appearance.ambient);
+  property.SetDiffuse(appearance.diffuse);
+  property.SetSpecular(appearance.specular);
+  property.SetSpecularPower(appearance.specularPower);
+  // Highlights have the colour of the light.
+  property.SetSpecularColor(1.0, 1.0, 1.0);
   if (appearance.kind == Appearance::Kind::POINTS) {
     // A point has no side that could face a light.
     property.LightingOff();

@@ -31,11 +31,12 @@ bool findActor(vtkRenderer& renderer, Visit&& visit) {
 }  // namespace
 
 SceneRenderer::SceneRenderer(const lum::SceneNode& scene) {
+  CameraBook cameras;
   addBackground(scene.hasBackgroundCanvas());
-  addLayer(scene.hasBackgroundCanvas());
-  addLayer(scene.hasModelCanvas());
-  addLayer(scene.hasForegroundCanvas());
-  addLayer(scene.hasOrientationCanvas());
+  addLayer(scene.hasBackgroundCanvas(), cameras);
+  addLayer(scene.hasModelCanvas(), cameras);
+  addLayer(scene.hasForegroundCanvas(), cameras);
+  addLayer(scene.hasOrientationCanvas(), cameras);
 }
 
 SceneRenderer::~SceneRenderer() = default;
@@ -52,9 +53,9 @@ void SceneRenderer::addBackground(const lum::SceneCanvas* canvas) {
   _layers.push_back(renderer);
 }
 
-void SceneRenderer::addLayer(const lum::SceneCanvas* canvas) {
+void SceneRenderer::addLayer(const lum::SceneCanvas* canvas, CameraBook& cameras) {
   if (canvas != nullptr && canvas->hasDrawableCollection() != nullptr) {
-    if (const auto renderer = makeLayer(*canvas)) {
+    if (const auto renderer = makeLayer(*canvas, cameras)) {
       _layers.push_back(renderer);
     }
   }

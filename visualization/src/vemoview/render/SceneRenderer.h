@@ -1,6 +1,7 @@
 #pragma once
 
 #include "vemo_render_export.h"
+#include "vemoview/render/CameraBook.h"
 
 #include <vtkSmartPointer.h>
 
@@ -39,7 +40,7 @@ class VEMO_RENDER_EXPORT SceneRenderer {
 
  private:
   void addBackground(const lum::SceneCanvas* canvas);
-  void addLayer(const lum::SceneCanvas* canvas);
+  void addLayer(const lum::SceneCanvas* canvas, CameraBook& cameras);
 
   /// From back to front.
   std::vector<vtkSmartPointer<vtkRenderer>> _layers;

@@ -42,22 +42,6 @@ std::optional<Vector3> direction(const Vector3& from, const Vector3& to) {
   return normalized(result);
 }
 
-/// The view-up, or, where it lies along the line of sight, y or z.
-Vector3 usableViewUp(const Vector3& viewUp, const Vector3& sight) {
-  constexpr double LEAST_SINE = 1e-6;
-  const auto up = direction({}, viewUp);
-  if (up) {
-    Vector3 across;
-    vtkMath::Cross(up->data(), sight.data(), across.data());
-    if (length(across) > LEAST_SINE) {
-      return *up;
-    }
-  }
-  Vector3 axis;
-  axis[std::abs(sight[1]) < 0.9 ? 1 : 2] = 1.0;
-  return axis;
-}
-
 bool hasUsableScale(const lum::CameraAttributes& camera) {
   return camera.getParallelScale() && std::isfinite(*camera.getParallelScale()) &&
          *camera.getParallelScale() > 0.0;
@@ -123,6 +107,21 @@ Vector3 fillColor(const std::vector<const lum::Light*>& lights) {
 }
 
 }  // namespace
+
+Vector3 usableViewUp(const Vector3& viewUp, const Vector3& sight) {
+  constexpr double LEAST_SINE = 1e-6;
+  const auto up = direction({}, viewUp);
+  if (up) {
+    Vector3 across;
+    vtkMath::Cross(up->data(), sight.data(), across.data());
+    if (length(across) > LEAST_SINE) {
+      return *up;
+    }
+  }
+  Vector3 axis;
+  axis[std::abs(sight[1]) < 0.9 ? 1 : 2] = 1.0;
+  return axis;
+}
 
 void setCamera(vtkRenderer& renderer, const lum::CameraAttributes* camera) {
   vtkCamera& view = *renderer.GetActiveCamera();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "math/Vector.h"
+
 class vtkRenderer;
 
 namespace lum {
@@ -18,3 +20,7 @@ void setCamera(vtkRenderer& renderer, const lum::CameraAttributes* camera);
 /// camera's place that fills their shadows. Without any light (of use) that one
 /// has intensity 1.
 void setLights(vtkRenderer& renderer, const lum::LightingAttributes* lighting);
+
+/// The unit vector of an upward direction that is seen across a line of sight
+/// (a unit vector); y or z where the one given lies along it or is of no use.
+Vector<3, double> usableViewUp(const Vector<3, double>& viewUp, const Vector<3, double>& sight);
