@@ -23,6 +23,10 @@ double opacityOf(Color color) {
 }  // namespace
 
 vtkProperty* GeometryItem::getProperty() const {
+  if (!_property) {
+    _property = vtkSmartPointer<vtkProperty>::New();
+    _property->SetLineWidth(_lineWidth);
+  }
   return _property;
 }
 
@@ -41,7 +45,7 @@ vtkActor* GeometryItem::getActor() {
     VEMO_REQUIRE(_actor, "VTK's OpenGL module must be there for drawing");
   }
   _actor->SetMapper(getMapper());
-  _actor->SetProperty(_property);
+  _actor->SetProperty(getProperty());
   return _actor;
 }
 
@@ -84,32 +88,34 @@ void GeometryItem::setClippingPlanes(vtkPolyDataMapper* mapper, const std::vecto
 }
 
 void GeometryItem::setLineRenderingPropeties(bool asEdges) {
-  _property->SetColor(_lineColor.getRGB().data());
-  _property->SetEdgeVisibility(false);
-  _property->SetLighting(false);
+  vtkProperty& property = *getProperty();
+  property.SetColor(_lineColor.getRGB().data());
+  property.SetEdgeVisibility(false);
+  property.SetLighting(false);
   if (asEdges) {
-    _property->SetRepresentationToWireframe();
+    property.SetRepresentationToWireframe();
   } else {
-    _property->SetRepresentationToSurface();
+    property.SetRepresentationToSurface();
   }
 }
 
 void GeometryItem::setPolygonRenderingProperties() {
-  _property->SetColor(_faceColor.getRGB().data());
-  _property->SetEdgeColor(_lineColor.getRGB().data());
-  _property->SetEdgeVisibility(_showEdges);
-  _property->SetRepresentationToSurface();
-  _property->SetLighting(true);
+  vtkProperty& property = *getProperty();
+  property.SetColor(_faceColor.getRGB().data());
+  property.SetEdgeColor(_lineColor.getRGB().data());
+  property.SetEdgeVisibility(_showEdges);
+  property.SetRepresentationToSurface();
+  property.SetLighting(true);
   if (_smoothShading) {
-    _property->SetInterpolationToGouraud();
+    property.SetInterpolationToGouraud();
   } else {
-    _property->SetInterpolationToFlat();
+    property.SetInterpolationToFlat();
   }
   if (hasLighting()) {
-    _property->SetAmbient(_ambient);
-    _property->SetDiffuse(_diffuse);
-    _property->SetSpecular(_specular);
-    _property->SetSpecularPower(_specularPower);
+    property.SetAmbient(_ambient);
+    property.SetDiffuse(_diffuse);
+    property.SetSpecular(_specular);
+    property.SetSpecularPower(_specularPower);
   }
 }
 
@@ -141,7 +147,8 @@ void GeometryItem::setActorOpacity(double opacity) {
 }
 
 void GeometryItem::setPointSpriteOpacity(double opacity) {
-  _property->SetPointSize(static_cast<float>(_pointSize));
-  _property->SetRenderPointsAsSpheres(true);
+  vtkProperty& property = *getProperty();
+  property.SetPointSize(static_cast<float>(_pointSize));
+  property.SetRenderPointsAsSpheres(true);
   setMyOpacity(getActor(), opacity);
 }

@@ -17,7 +17,9 @@
 #include <vtkPolyData.h>
 #include <vtkPolyDataMapper.h>
 #include <vtkProperty.h>
+#include <vtkType.h>
 
+#include <algorithm>
 #include <span>
 #include <utility>
 
@@ -48,9 +50,7 @@ void logArrays(const char* question, vtkDataSetAttributes& data) {
 }  // namespace
 
 GeometryItem::GeometryItem(const std::string& name)
-    : GraphicsItem(name),
-      _property(vtkSmartPointer<vtkProperty>::New()),
-      _polydata(vtkSmartPointer<vtkPolyData>::New()) {}
+    : GraphicsItem(name), _polydata(vtkSmartPointer<vtkPolyData>::New()) {}
 GeometryItem::~GeometryItem() = default;
 
 int GeometryItem::countItemsInList(Array_t<int> list) {
@@ -70,11 +70,15 @@ vtkPolyData* GeometryItem::getGeometry() const {
 }
 
 void GeometryItem::setLineWidth(float width) {
-  _property->SetLineWidth(width);
+  // The limits are those of vtkProperty.
+  _lineWidth = std::clamp(width, 0.0F, VTK_FLOAT_MAX);
+  if (_property) {
+    _property->SetLineWidth(_lineWidth);
+  }
 }
 
 float GeometryItem::getLineWidth() const {
-  return _property->GetLineWidth();
+  return _property ? _property->GetLineWidth() : _lineWidth;
 }
 
 void GeometryItem::setLighting(double ambient, double diffuse, double specular, double specularPower) {

@@ -89,7 +89,7 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
   Color getLineColor() const { return _lineColor; }
   void setFaceColor(Color color) { _faceColor = color; }
   Color getFaceColor() const { return _faceColor; }
-  /// In pixels; kept in the property.
+  /// In pixels; that of the property.
   void setLineWidth(float width);
   float getLineWidth() const;
   void showEdges(bool show) { _showEdges = show; }
@@ -182,7 +182,10 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
   void logContents(int level) const;
 
   int _geometryType = UNDETERMINED;
-  vtkSmartPointer<vtkProperty> _property;
+  float _lineWidth = 1.0F;
+  /// Made when somebody draws with it: scenes hold a great many items. The line
+  /// width is its own from then on.
+  mutable vtkSmartPointer<vtkProperty> _property;
   vtkSmartPointer<vtkPolyDataMapper> _mapper;
   vtkSmartPointer<vtkActor> _actor;
   vtkSmartPointer<vtkPolyData> _polydata;
