@@ -78,8 +78,9 @@ TEST_F(LegendTest, WarnsOfValuesThatCannotBeAndKeepsTheDefaults) {
   EXPECT_EQ(attributes.getNumberOfLabels(), 5);
   EXPECT_EQ(attributes.getTitle(), "Speed");
   EXPECT_TRUE(logHas(takeLog(), "The legend of \"A\" names a colormap \"absent\" that is not there"));
-  convertLegend("numberOfLabels='few'");
-  EXPECT_THAT(warnings(), ElementsAre(HasSubstr("it is not a number")));
+  convertLegend("numberOfLabels='few' orientation='" + std::string(99, 'x') + "'");
+  EXPECT_THAT(warnings(), ElementsAre(HasSubstr("The value of 99 bytes of \"orientation\""),
+                                      HasSubstr("it is not a number")));
 }
 
 TEST_F(LegendTest, TakesOnlyFormatsForOneNumber) {
@@ -97,13 +98,24 @@ TEST_F(LegendTest, TakesOnlyFormatsForOneNumber) {
   }
 }
 
-TEST_F(LegendTest, NestedOnesStandInTheForegroundToo) {
-  convert(
-      assembly("A", assembly("B", "<legend name='l'/>" + COLORMAPS + geometry("polys='tri'")) + "<legend/>"));
+TEST_F(LegendTest, NestedOnesStandInTheForegroundAndShowWhatColorsTheirAssembly) {
+  const std::string inner =
+      "<colormap name='inner' min='5' max='6'><c>ff0000ff</c></colormap>" + geometry("polys='tri'");
+  const auto rangeIn = [&](const std::string& name) {
+    return foreground().find<lum::LegendDrawable>(name)->getColorLookupTable().getScalarRange();
+  };
+  convert(assembly("A", assembly("B", "<legend name='l'/>" + inner) + "<legend/>"));
   ASSERT_EQ(foreground().getNodeCount(), 1U);
-  EXPECT_EQ(foreground().getNode(0).getName(), "l");
+  EXPECT_EQ(rangeIn("l"), (Vector2{5, 6}));
   EXPECT_FALSE(foreground().find<lum::LegendDrawable>()->getBaseAttributes().getVisibility());
   EXPECT_TRUE(logHas(takeLog(), "The legend of \"A\" has no colormap and is left out"));
+
+  convert(assembly("A", COLORMAPS + assembly("B", "<legend/>" + inner) +
+                            assembly("C", "<legend colormap='inner'/>" + inner)) +
+          assembly("D", "<legend/>" + inner));
+  EXPECT_EQ(rangeIn("B"), (Vector2{1, 2})) << "the outer colormap colours it";
+  EXPECT_EQ(rangeIn("C"), (Vector2{5, 6}));
+  EXPECT_EQ(rangeIn("D"), (Vector2{5, 6}));
 }
 
 }  // namespace

@@ -200,21 +200,29 @@ lum::DrawableCollection* AssemblyItem::processChildren(SharedBySiblings& shared,
 void AssemblyItem::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int level,
                                    const std::string& /*parentName*/) const {
   logConversion();
-  lum::DrawableCollection* const target = processChildren(shared, collection, level, level == 1);
-  if (target == nullptr) {
-    return;
+  const Colormap* const outer = shared.colormap;
+  if (outer == nullptr) {
+    shared.colormap = getActiveColormap();
   }
+  lum::DrawableCollection* const target = processChildren(shared, collection, level, level == 1);
+  if (target != nullptr) {
+    convertExtras(shared, *target, level);
+  }
+  shared.colormap = outer;
+}
+
+void AssemblyItem::convertExtras(SharedBySiblings& shared, lum::DrawableCollection& target, int level) const {
   if (level == 1) {
-    target->setQualifiedName(getName());
+    target.setQualifiedName(getName());
   }
   if (level != 0) {
-    addVisibilityAttrib(*target);
+    addVisibilityAttrib(target);
   }
   if (_legend) {
     convertLegend(shared, level);
   }
-  applyColormap(*target);
-  applyTransform(*target);
+  applyColormap(target);
+  applyTransform(target);
 }
 
 void AssemblyItem::convertLegend(SharedBySiblings& shared, int level) const {

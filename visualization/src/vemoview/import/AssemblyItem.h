@@ -88,6 +88,8 @@ class VEMO_IMPORT_EXPORT AssemblyItem : public GraphicsItem {
   std::unique_ptr<GraphicsItem> readColormap(const QxElement& element, SceneFileReader* reader);
   std::unique_ptr<GraphicsItem> readLegend(const QxElement& element, SceneFileReader* reader);
 
+  /// What is converted after the children.
+  void convertExtras(SharedBySiblings& shared, lum::DrawableCollection& target, int level) const;
   void convertLegend(SharedBySiblings& shared, int level) const;
   void applyColormap(lum::Node& target) const;
   void applyTransform(lum::DrawableCollection& target) const;

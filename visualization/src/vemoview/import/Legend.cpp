@@ -68,21 +68,21 @@ void Legend::readFormat(const OptionalValues& values) {
   }
 }
 
-const Colormap* Legend::chooseColormap(const AssemblyItem* assembly) const {
-  if (assembly == nullptr) {
-    return nullptr;
+const Colormap* Legend::chooseColormap(const SharedBySiblings& shared) const {
+  if (_colormapName.empty() || shared.assembly == nullptr) {
+    return shared.colormap;
   }
-  const Colormap* const named = _colormapName.empty() ? nullptr : assembly->findColormap(_colormapName);
-  if (named == nullptr && !_colormapName.empty()) {
-    VEMO_LOG_WARNING("The legend of \"" << assembly->getName() << "\" names a colormap \"" << _colormapName
-                                        << "\" that is not there");
+  const Colormap* const named = shared.assembly->findColormap(_colormapName);
+  if (named == nullptr) {
+    VEMO_LOG_WARNING("The legend of \"" << shared.assembly->getName() << "\" names a colormap \""
+                                        << _colormapName << "\" that is not there");
   }
-  return named != nullptr ? named : assembly->getActiveColormap();
+  return named != nullptr ? named : shared.colormap;
 }
 
 void Legend::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int /*level*/,
                              const std::string& parentName) const {
-  const Colormap* const colormap = chooseColormap(shared.assembly);
+  const Colormap* const colormap = chooseColormap(shared);
   if (colormap == nullptr) {
     VEMO_LOG_WARNING("The legend of \"" << parentName << "\" has no colormap and is left out");
     return;

@@ -7,7 +7,6 @@
 
 #include <string>
 
-class AssemblyItem;
 class Colormap;
 class OptionalValues;
 
@@ -27,8 +26,8 @@ class VEMO_IMPORT_EXPORT Legend : public GraphicsItem {
   void read(const QxElement& element, SceneFileReader* reader) override;
 
   /// Adds the legend, under its name or else that of its assembly, with the
-  /// colours of its colormap. Nothing is added when the assembly that the
-  /// shared record names has no colormap.
+  /// colours of its colormap. Nothing is added when there is no colormap in the
+  /// shared record, nor one of the legend's in the assembly that it names.
   void addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int level,
                        const std::string& parentName) const override;
 
@@ -40,7 +39,7 @@ class VEMO_IMPORT_EXPORT Legend : public GraphicsItem {
 
   /// Empty: the title of the colormap.
   void setTitle(const std::string& title) { _title = title; }
-  /// By its name; empty: the active one of the assembly.
+  /// Of the assembly; empty: the one that colours the assembly.
   void setColormapName(const std::string& name) { _colormapName = name; }
 
  private:
@@ -54,7 +53,7 @@ class VEMO_IMPORT_EXPORT Legend : public GraphicsItem {
   static inline const std::string XML_SIZE = "size";
 
   void readFormat(const OptionalValues& values);
-  const Colormap* chooseColormap(const AssemblyItem* assembly) const;
+  const Colormap* chooseColormap(const SharedBySiblings& shared) const;
   void applyTo(lum::LegendAttributes& attributes, const Colormap& colormap) const;
 
   std::string _title;

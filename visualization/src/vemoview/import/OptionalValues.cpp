@@ -6,6 +6,19 @@
 #include "vemoview/import/QxElement.h"
 #include "vemoview/import/SceneFileReader.h"
 
+#include <cstddef>
+
+namespace {
+
+/// A stranger's text may be as long as the file.
+constexpr std::size_t MAX_QUOTED = 60;
+
+std::string quoted(const std::string& text) {
+  return text.size() <= MAX_QUOTED ? '"' + text + '"' : "of " + std::to_string(text.size()) + " bytes";
+}
+
+}  // namespace
+
 OptionalValues::OptionalValues(const QxElement& element, SceneFileReader* reader)
     : _element(element), _reader(reader) {}
 
@@ -14,7 +27,7 @@ void OptionalValues::warn(const std::string& name, const std::string& reason) co
     return;
   }
   const std::string* const value = _element.findAttribute(name);
-  _reader->addWarning("The value \"" + (value != nullptr ? *value : std::string()) + "\" of \"" + name +
+  _reader->addWarning("The value " + quoted(value != nullptr ? *value : std::string()) + " of \"" + name +
                       "\" is passed over: " + reason);
 }
 
@@ -76,7 +89,7 @@ void OptionalValues::getFont(Font& font) const {
     stated.read(*element, _reader);
     font = stated;
   } catch (const NumberFormatException& exception) {
-    passOver("\"" + exception.getMessage() + "\" is not a number");
+    passOver(quoted(exception.getMessage()) + " is not a number");
   } catch (const InternalError& error) {
     passOver(error.getMessage());
   }

@@ -3,6 +3,7 @@
 #include "scenegraph/SceneNode.h"
 
 class AssemblyItem;
+class Colormap;
 
 /// What items hand to their siblings and to their children while they are
 /// converted.
@@ -14,7 +15,10 @@ struct SharedBySiblings {
   /// item's collection: camera, lights, triads, legends.
   lum::Ptr<lum::SceneNode> sceneNode;
 
-  /// Whose legend is being converted, for the colormaps that it shows; null
-  /// when none is.
+  /// What colours data in the assembly being converted: outer colormaps go
+  /// before inner ones. Null when there is none.
+  const Colormap* colormap = nullptr;
+
+  /// Whose legend is being converted; null when none is.
   const AssemblyItem* assembly = nullptr;
 };
