@@ -169,6 +169,41 @@ TEST_F(SdbTrust, SaysWhatIsWrong) {
   EXPECT_THROW(lum::SDBReader(wide(folder.path())), FileError);
 }
 
+// Small files that would have us fill gigabytes, or work for hours.
+TEST_F(SdbTrust, RefusesWhatIsOutOfProportionToTheFile) {
+  const std::string nameOnly = std::string("\x01\x05") + "Plane";
+  const auto times = [](std::size_t count, const std::string& text) {
+    std::string all;
+    for (; count > 0; --count) {
+      all += text;
+    }
+    return all;
+  };
+  struct Case {
+    // Strings, classes and arrays.
+    std::string index;
+    const char* message;
+  };
+  using namespace std::string_literals;
+  const Case cases[] = {
+      {nameOnly + "\x01\x00\x81\x08"s + times(1025, "\x00\x12\x00"s), "A class has 1025 fields"},
+      {nameOnly + "\x01\x00\x01\x00\x0B\x81\x02"s + times(257, "x"), "A default has 257 bytes"},
+      {nameOnly + "\x00\x01\x09\xFF\xFF\xFF\xFF\x07\x00\x00"s + times(8, "x"),
+       "No array has 0 tuples of 2147483647 components"},
+  };
+  for (const Case& each : cases) {
+    DatabaseBytes changed(bytes);
+    changed.index = each.index;
+    EXPECT_THAT(tryToRead(changed.join()), HasSubstr(each.message));
+  }
+  const auto geometry = make<lum::PolyDataNode>();
+  vtkNew<vtkFloatArray> wide;
+  wide->SetName("wide");
+  wide->SetNumberOfComponents(1025);
+  geometry->setNodeDataArray(wide);
+  EXPECT_EQ(writeDatabase(path, *geometry), FileIoStatus::WriteError);
+}
+
 // Cells that VTK would follow out of its arrays, arrays with right hashes.
 TEST_F(SdbTrust, RefusesCellsThatLeaveTheirPoints) {
   const auto geometry = make<lum::PolyDataNode>();

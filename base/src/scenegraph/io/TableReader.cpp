@@ -12,6 +12,11 @@ namespace lum::io {
 
 namespace {
 
+/// More of either are refused: each node of the class would have us go through
+/// them, however little of the file it takes itself.
+constexpr std::size_t MAXIMUM_FIELDS = 1024;
+constexpr std::size_t LONGEST_DEFAULT = 256;
+
 class NoArrays final : public ArraySink {
  public:
   void put(vtkDataArray& /*array*/, ChunkRow& /*row*/) override {}
@@ -24,6 +29,24 @@ FieldKind readKind(ByteReader& in) {
                     fmt::format("There is no kind of field of number {}", number));
   }
   return static_cast<FieldKind>(number);
+}
+
+std::size_t readFieldCount(ByteReader& in) {
+  const std::size_t count = in.count("fields", 3);
+  if (count > MAXIMUM_FIELDS) {
+    throw FileError(FileIoStatus::ReadError,
+                    fmt::format("A class has {} fields, at most {} are allowed", count, MAXIMUM_FIELDS));
+  }
+  return count;
+}
+
+std::string readDefault(ByteReader& in) {
+  const std::string_view value = in.text("default");
+  if (value.size() > LONGEST_DEFAULT) {
+    throw FileError(FileIoStatus::ReadError, fmt::format("A default has {} bytes, at most {} are allowed",
+                                                         value.size(), LONGEST_DEFAULT));
+  }
+  return std::string(value);
 }
 
 }  // namespace
@@ -58,9 +81,9 @@ FileClass TableReader::readClass(ByteReader& in) {
   result.name = _strings[in.index("class name", _strings.size())];
   std::vector<std::string> names;
   std::size_t bits = FIRST_FIELD_BIT;
-  for (std::size_t count = in.count("fields", 3); count > 0; --count) {
+  for (std::size_t count = readFieldCount(in); count > 0; --count) {
     names.push_back(_strings[in.index("field name", _strings.size())]);
-    FileField field{readKind(in), FileField::NOWHERE, std::string(in.text("default")), false};
+    FileField field{readKind(in), FileField::NOWHERE, readDefault(in), false};
     bits += hasValue(field.kind) ? 1 : 0;
     result.fields.push_back(std::move(field));
   }
