@@ -11,8 +11,8 @@
 #include <vtkType.h>
 
 #include <algorithm>
-#include <limits>
 #include <string>
+#include <unordered_map>
 
 namespace lum {
 
@@ -55,11 +55,40 @@ std::string typeName() {
   return kind + std::to_string(8 * sizeof(T));
 }
 
+/// Where the least and the greatest of an array's finite values stand; beyond
+/// its end when there are none.
+struct Extremes {
+  std::size_t least;
+  std::size_t greatest;
+};
+
+template <class T>
+Extremes findExtremes(std::span<const T> values) {
+  Extremes result{values.size(), values.size()};
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    if (!isFinite(values[i])) {
+      continue;
+    }
+    if (result.least == values.size()) {
+      result = {i, i};
+    } else if (values[i] < values[result.least]) {
+      result.least = i;
+    } else if (values[i] > values[result.greatest]) {
+      result.greatest = i;
+    }
+  }
+  return result;
+}
+
+/// Those of large arrays, gone through once, however many nodes share one.
+using KnownExtremes = std::unordered_map<vtkDataArray*, Extremes>;
+constexpr std::size_t LARGE = 1024;
+
 /// Writes a field's value, whatever its kind.
 class FieldPrinter {
  public:
-  FieldPrinter(JsonWriter& json, JsonPrinter::Values values, NodePaths& paths)
-      : _json(json), _values(values), _paths(paths) {}
+  FieldPrinter(JsonWriter& json, JsonPrinter::Values values, NodePaths& paths, KnownExtremes& extremes)
+      : _json(json), _values(values), _paths(paths), _extremes(extremes) {}
 
   template <class T>
   requires std::is_arithmetic_v<T>
@@ -151,7 +180,7 @@ class FieldPrinter {
     _json.key("tuples");
     _json.value(array.GetNumberOfTuples());
     _json.key("range");
-    printRange(values);
+    printRange(array, values);
     if (_values == JsonPrinter::Values::SHOWN) {
       _json.key("values");
       _json.values(values);
@@ -160,24 +189,30 @@ class FieldPrinter {
   }
 
   template <class T>
-  void printRange(std::span<const T> values) const {
-    T range[] = {std::numeric_limits<T>::max(), std::numeric_limits<T>::lowest()};
-    for (const T value : values) {
-      if (isFinite(value)) {
-        range[0] = std::min(range[0], value);
-        range[1] = std::max(range[1], value);
-      }
-    }
-    if (range[0] <= range[1]) {
+  void printRange(vtkDataArray& array, std::span<const T> values) const {
+    const Extremes extremes = extremesOf(array, values);
+    if (extremes.least < values.size()) {
+      const T range[] = {values[extremes.least], values[extremes.greatest]};
       _json.values(std::span<const T>(range));
     } else {
       _json.null();
     }
   }
 
+  template <class T>
+  Extremes extremesOf(vtkDataArray& array, std::span<const T> values) const {
+    if (values.size() < LARGE) {
+      return findExtremes(values);
+    }
+    const auto known = _extremes.find(&array);
+    return known != _extremes.end() ? known->second
+                                    : _extremes.emplace(&array, findExtremes(values)).first->second;
+  }
+
   JsonWriter& _json;
   JsonPrinter::Values _values;
   NodePaths& _paths;
+  KnownExtremes& _extremes;
 };
 
 bool isOwnedKind(const FieldValue& value) {
@@ -216,7 +251,8 @@ void JsonPrinter::print(const Node& root) {
     std::size_t next = 0;
   };
   NodePaths paths(root);
-  const FieldPrinter printField(_json, _values, paths);
+  KnownExtremes extremes;
+  const FieldPrinter printField(_json, _values, paths, extremes);
   beginNode(_json, printField, root);
   std::vector<Level> levels{{root.getDependents()}};
   while (!levels.empty()) {

@@ -28,7 +28,7 @@ class Node;
 ///   place of the path.
 ///
 /// Needs no stack depth, and no memory but for the nodes from the root to the
-/// one being printed.
+/// one being printed and a few words for each large array.
 class VEMO_SCENEGRAPH_EXPORT JsonPrinter {
  public:
   /// Whether arrays of data are printed with their values.
