@@ -35,9 +35,14 @@ struct Options {
 void convertArchive(const Options& options) {
   const ReplacementWatch watch(options.output);
   SceneConverter(toWidePath(options.file), toWidePath(options.output)).run();
+  // Opened only now: what was there before may be a pipe, and would keep us
+  // waiting.
+  if (!watch.isReplaced()) {
+    failToWrite(options.output);
+  }
   std::ifstream written(options.output, std::ios::binary);
   std::ostringstream messages;
-  if (!watch.isReplaced() || !sdb::checkFormat(written, messages)) {
+  if (!sdb::checkFormat(written, messages)) {
     showMessage(messages.str());
     failToWrite(options.output);
   }

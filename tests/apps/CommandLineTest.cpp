@@ -133,6 +133,7 @@ TEST_F(CommandLineTest, EndsWithTheRightCodeAndMessage) {
       {{"convert", "incomplete.zip", "x.sdb"}, 5, "", "heat"},
       {{"convert", "wrong.sdb", "x.sdb"}, 5, "", "wrong.sdb"},
       {{"convert", "scene.zip", "no folder/x.sdb"}, 6, "", "\"no folder/x.sdb\" cannot be written"},
+      {{"convert", "scene.zip", "pipe"}, 6, "", "\"pipe\" cannot be written"},
       {{"convert", "scene.sdb", "folder"}, 6, "", "\"folder\" cannot be written"},
       {{"convert", "scene.zip", "./scene.zip"}, 64, "", "same file"},
       {{"render", "scene.zip", "scene.zip"}, 64, "", "same file"},
