@@ -1,7 +1,11 @@
 #include "vemoview/render/Decorations.h"
 
 #include "scenegraph/Logger.h"
+#include "scenegraph/drawables/Overlays.h"
 #include "scenegraph/drawables/TriadDrawable.h"
+#include "vemoview/render/ImagePlate.h"
+#include "vemoview/render/LegendBar.h"
+#include "vemoview/render/TextAnnotation.h"
 #include "vemoview/render/Triad.h"
 
 namespace {
@@ -14,6 +18,18 @@ bool addDecoration(const lum::Drawable& drawable, const double* placement, const
                    vtkRenderer& renderer) {
   if (const auto* const triad = dynamic_cast<const lum::TriadDrawable*>(&drawable)) {
     addTriad(*triad, placement, cameras, renderer);
+    return true;
+  }
+  if (const auto* const legend = dynamic_cast<const lum::LegendDrawable*>(&drawable)) {
+    addLegend(*legend, renderer);
+    return true;
+  }
+  if (const auto* const text = dynamic_cast<const lum::TextDrawable*>(&drawable)) {
+    addText(*text, placement, renderer);
+    return true;
+  }
+  if (const auto* const image = dynamic_cast<const lum::ImageDrawable*>(&drawable)) {
+    addImage(*image, placement, renderer);
     return true;
   }
   return false;

@@ -48,8 +48,7 @@ vtkSmartPointer<vtkPolyData> clipped(vtkPolyData& geometry, vtkPlane& plane) {
 /// The plane in the coordinates of what is placed.
 vtkSmartPointer<vtkPlane> planeWithin(vtkPlane& plane, const double* placement) {
   auto result = vtkSmartPointer<vtkPlane>::New();
-  vtkNew<vtkMatrix4x4> matrix;
-  matrix->DeepCopy(placement);
+  const auto matrix = toMatrix(placement);
   // A point p of the model is M q: n (M q) is (transposed M n) q.
   Vector<4, double> normal{plane.GetNormal()[0], plane.GetNormal()[1], plane.GetNormal()[2], 0.0};
   Vector<4, double> origin{plane.GetOrigin()[0], plane.GetOrigin()[1], plane.GetOrigin()[2], 1.0};
@@ -111,8 +110,7 @@ vtkSmartPointer<vtkActor> makeActor(const double* placement) {
   if (placement == nullptr) {
     return vtkSmartPointer<vtkActor>::New();
   }
-  vtkNew<vtkMatrix4x4> matrix;
-  matrix->DeepCopy(placement);
+  const auto matrix = toMatrix(placement);
   auto actor = matrix->Determinant() < 0.0 ? vtkSmartPointer<vtkActor>(vtkSmartPointer<MirroredActor>::New())
                                            : vtkSmartPointer<vtkActor>::New();
   actor->SetUserMatrix(matrix);

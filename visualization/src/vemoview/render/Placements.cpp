@@ -136,3 +136,18 @@ SharedPlacements place(const lum::Transform* transform, const SharedPlacements& 
   }
   return std::make_shared<const Placements>(std::move(result));
 }
+
+vtkSmartPointer<vtkMatrix4x4> toMatrix(const double* placement) {
+  auto matrix = vtkSmartPointer<vtkMatrix4x4>::New();
+  matrix->DeepCopy(placement);
+  return matrix;
+}
+
+Vector<3, double> placed(const Vector<3, double>& point, const double* placement) {
+  if (placement == nullptr) {
+    return point;
+  }
+  Vector<4, double> result{point[0], point[1], point[2], 1.0};
+  vtkMatrix4x4::MultiplyPoint(placement, result.data(), result.data());
+  return {result[0], result[1], result[2]};
+}

@@ -88,15 +88,19 @@ void applyStyle(const lum::TextAttributes* style, vtkTextProperty& property) {
 TextLabel::TextLabel(const std::string& text, const lum::TextAttributes* style,
                      const TextAlignment& alignment, vtkRenderer& renderer)
     : _actor(vtkSmartPointer<vtkTextActor>::New()) {
-  const std::string readable = readableText(text);
-  _mostPixels = greatestLineHeight(readable);
-  _actor->SetInput(readable.c_str());
+  setText(text);
   vtkTextProperty& property = *_actor->GetTextProperty();
   applyStyle(style, property);
   property.SetJustification(alignment.horizontal);
   property.SetVerticalJustification(alignment.vertical);
   _actor->PickableOff();
   renderer.AddViewProp(_actor);
+}
+
+void TextLabel::setText(const std::string& text) {
+  const std::string readable = readableText(text);
+  _mostPixels = greatestLineHeight(readable);
+  _actor->SetInput(readable.c_str());
 }
 
 void TextLabel::setLineHeight(double pixels, vtkRenderer& renderer) {

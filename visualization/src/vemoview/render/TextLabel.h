@@ -29,6 +29,8 @@ class TextLabel {
   TextLabel(const std::string& text, const lum::TextAttributes* style, const TextAlignment& alignment,
             vtkRenderer& renderer);
 
+  void setText(const std::string& text);
+
   /// The height of a line in pixels; nothing is seen of less than 1.
   void setLineHeight(double pixels, vtkRenderer& renderer);
 

@@ -178,14 +178,11 @@ class PlacedTriad {
   }
 
   void applyPlacement(const double* placement) {
-    vtkNew<vtkMatrix4x4> matrix;
-    matrix->DeepCopy(placement);
+    const auto matrix = toMatrix(placement);
     for (Vector3* const axis : {&_frame.x, &_frame.y, &_frame.z}) {
       *axis = unitOr(turned(*matrix, *axis), *axis);
     }
-    Vector<4, double> place{_position[0], _position[1], _position[2], 1.0};
-    matrix->MultiplyPoint(place.data(), place.data());
-    _position = {place[0], place[1], place[2]};
+    _position = placed(_position, placement);
   }
 
   void findCamera(const lum::CameraAttributes* camera, const CameraBook& cameras) {
