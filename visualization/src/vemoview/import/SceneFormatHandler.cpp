@@ -36,7 +36,8 @@ bool mayBlock(const std::wstring& path) {
 }  // namespace
 
 bool SceneFormatHandler::isZipSignature(const char* bytes) {
-  return std::ranges::equal(ZIP_SIGNATURE, std::string_view(bytes, ZIP_SIGNATURE.size()));
+  // Looks no further than the first difference: there may be nothing behind it.
+  return std::ranges::all_of(ZIP_SIGNATURE, [&bytes](char expected) { return *bytes++ == expected; });
 }
 
 bool SceneFormatHandler::containsSceneInZip(const std::wstring& path) {
