@@ -80,6 +80,9 @@ Appearance Appearance::of(const lum::GeometryDrawable& drawable, const lum::Poly
     result.hasEdges = mesh->getMeshVisible();
     result.edgeColor = drawableColor(mesh->getMeshColor());
   }
+  if (const auto* const contour = drawable.findAttributes<lum::ContourAttributes>()) {
+    result.hasContour = result.kind == Kind::SURFACE && contour->getContourVisible();
+  }
   if (const auto* const line = drawable.findAttributes<lum::LineAttributes>()) {
     result.lineWidth = pixels(line->getLineWidth());
   }

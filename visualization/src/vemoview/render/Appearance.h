@@ -19,6 +19,8 @@ struct Appearance {
   Kind kind = Kind::SURFACE;
   bool hasFaces = true;
   bool hasEdges = false;
+  /// Whether border and sharp edges are drawn, in the edges' colour.
+  bool hasContour = false;
   bool isClipped = true;
   /// Red, green, blue in 0..1.
   Vector<3, double> color = SURFACE_COLOR;

@@ -30,6 +30,8 @@ struct Piece {
   /// (bytes of red, green, blue, alpha).
   vtkSmartPointer<vtkLookupTable> table;
   SharedPlacements placements;
+  /// Whether its lines lie on faces, and must not sink into them.
+  bool isOnFaces = false;
 };
 
 /// The visible pieces of drawables, in order. Throws RenderError when together

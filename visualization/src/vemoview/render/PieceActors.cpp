@@ -4,7 +4,9 @@
 #include "vemoview/render/SoundGeometry.h"
 
 #include <vtkActor.h>
+#include <vtkCleanPolyData.h>
 #include <vtkClipPolyData.h>
+#include <vtkFeatureEdges.h>
 #include <vtkMatrix4x4.h>
 #include <vtkNew.h>
 #include <vtkPlane.h>
@@ -12,6 +14,7 @@
 #include <vtkPolyDataMapper.h>
 #include <vtkProperty.h>
 #include <vtkRenderer.h>
+#include <vtkTriangleFilter.h>
 
 #include <algorithm>
 
@@ -103,6 +106,11 @@ vtkSmartPointer<vtkPolyDataMapper> makeMapper(const Piece& piece, vtkPlaneCollec
   }
   mapper->SetInputData(geometry);
   colorByScalars(piece, *mapper);
+  if (piece.isOnFaces) {
+    // Nearer than the faces that they lie on.
+    mapper->SetResolveCoincidentTopologyToPolygonOffset();
+    mapper->SetRelativeCoincidentTopologyLineOffsetParameters(0.0, -4.0);
+  }
   return mapper;
 }
 
@@ -155,10 +163,50 @@ void addEdges(const Piece& piece, vtkPlaneCollection& planes, vtkRenderer& rende
   property.LightingOff();
 }
 
+/// Border edges, and edges at which the faces bend. Points at the same place
+/// are made one before: faces that meet there have no border between them.
+vtkSmartPointer<vtkPolyData> contourOf(vtkPolyData& faces) {
+  constexpr double LEAST_BEND_DEGREES = 30.0;
+  vtkNew<vtkPolyData> shape;
+  shape->SetPoints(faces.GetPoints());
+  shape->SetPolys(faces.GetPolys());
+  shape->SetStrips(faces.GetStrips());
+  vtkNew<vtkTriangleFilter> triangles;
+  triangles->SetInputData(shape);
+  vtkNew<vtkCleanPolyData> cleaned;
+  cleaned->SetInputConnection(triangles->GetOutputPort());
+  cleaned->SetTolerance(0.0);
+  vtkNew<vtkFeatureEdges> edges;
+  edges->SetInputConnection(cleaned->GetOutputPort());
+  edges->SetFeatureAngle(LEAST_BEND_DEGREES);
+  edges->NonManifoldEdgesOff();
+  edges->ColoringOff();
+  edges->Update();
+  return edges->GetOutput();
+}
+
+void addContour(const Piece& piece, vtkPlaneCollection& planes, vtkRenderer& renderer) {
+  Piece contour = part(piece, POLYGON_CELLS | STRIP_CELLS);
+  if (contour.geometry->GetNumberOfCells() == 0) {
+    return;
+  }
+  contour.geometry = contourOf(*contour.geometry);
+  if (contour.geometry->GetNumberOfCells() == 0) {
+    return;
+  }
+  contour.isOnFaces = true;
+  contour.coloring = Piece::Coloring::PLAIN;
+  contour.appearance.color = contour.appearance.edgeColor;
+  addPlaced(contour, planes, renderer).LightingOff();
+}
+
 }  // namespace
 
 void addActors(const Piece& piece, vtkPlaneCollection& planes, vtkRenderer& renderer) {
   const Appearance& appearance = piece.appearance;
+  if (appearance.hasContour) {
+    addContour(piece, planes, renderer);
+  }
   if (appearance.kind != Appearance::Kind::SURFACE || appearance.hasFaces) {
     vtkProperty& property = addPlaced(piece, planes, renderer);
     property.SetEdgeVisibility(appearance.kind == Appearance::Kind::SURFACE && appearance.hasEdges);

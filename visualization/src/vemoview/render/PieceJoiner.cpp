@@ -37,9 +37,9 @@ auto likeness(const Piece& piece) {
   const Appearance& look = piece.appearance;
   vtkPolyData& geometry = *piece.geometry;
   return std::make_tuple(
-      look.kind, look.hasFaces, look.hasEdges, look.isClipped, look.edgeColor.values, look.opacity,
-      look.lineWidth, look.pointSize, look.ambient, look.diffuse, look.specular, look.specularPower,
-      piece.placements.get(), hasCellColors(piece), geometry.GetPoints()->GetDataType(),
+      look.kind, look.hasFaces, look.hasEdges, look.hasContour, look.isClipped, look.edgeColor.values,
+      look.opacity, look.lineWidth, look.pointSize, look.ambient, look.diffuse, look.specular,
+      look.specularPower, piece.placements.get(), hasCellColors(piece), geometry.GetPoints()->GetDataType(),
       geometry.GetPointData()->GetNormals() != nullptr, geometry.GetCellData()->GetNormals() != nullptr);
 }
 
