@@ -136,6 +136,23 @@ TEST_F(SceneFileReaderTest, BoundsTheDepth) {
             "line 2 of the scene description, entry 'scene.xml'");
 }
 
+TEST_F(SceneFileReaderTest, BoundsWhatASmallArchiveCanAskFor) {
+  const std::string many = repeated("<b/>", static_cast<int>(SceneFileReader::LEAST_ELEMENTS_BOUND));
+  EXPECT_EQ(failureOf<XMLException>([&] { parse("<a>\n" + many + "</a>"); }),
+            "scene.xml has more elements and attributes than an archive of this size should hold at line 2 | "
+            "line 2 of the scene description, entry 'scene.xml'");
+
+  const auto quarter = std::string(SceneFileReader::LEAST_BYTES_BOUND / 4, '\0');
+  const SceneFileReader reader = open(ArchiveBuilder().text("p", quarter));
+  const auto read = [&reader] { const ArrayOwner<float> values(reader.readFloatBuffer("p")); };
+  for (int i = 0; i < 4; ++i) {
+    EXPECT_NO_THROW(read());
+  }
+  EXPECT_EQ(failureOf<IOException>(read),
+            "Entry 'p' cannot be read: the scene asks for more data than an archive of this size can "
+            "hold.<br>Your file may be corrupt. | entry 'p'");
+}
+
 TEST_F(SceneFileReaderTest, ExpandsNoEntitiesWithoutEnd) {
   std::string xml = "<!DOCTYPE a [<!ENTITY e0 \"0123456789\">";
   for (int i = 1; i < 12; ++i) {

@@ -5,6 +5,7 @@
 #include "vemoview/import/Exception.h"
 #include "vemoview/import/QxElement.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <cstring>
@@ -65,8 +66,11 @@ std::string shortened(const std::string& name) {
 /// Builds the tree of one XML entry from the parser's calls.
 class TreeBuilder {
  public:
-  explicit TreeBuilder(const std::string& entryName)
-      : _entryName(entryName), _parser(XML_ParserCreate(nullptr), XML_ParserFree) {
+  /// @param mostElements what may be made, attributes counted as elements
+  TreeBuilder(const std::string& entryName, std::uint64_t mostElements)
+      : _entryName(entryName),
+        _elementsLeft(mostElements),
+        _parser(XML_ParserCreate(nullptr), XML_ParserFree) {
     if (!_parser) {
       failAt<XMLException>("Couldn't allocate memory for XML parser", entryName);
     }
@@ -95,7 +99,11 @@ class TreeBuilder {
   }
 
   static void endElement(void* user, const char* /*name*/) {
-    static_cast<TreeBuilder*>(user)->_open.pop_back();
+    auto& builder = *static_cast<TreeBuilder*>(user);
+    // A parser that was stopped at an empty element's start still tells its end.
+    if (!builder._failure) {
+      builder._open.pop_back();
+    }
   }
 
   static void setText(void* user, const char* text, int length) {
@@ -116,14 +124,14 @@ class TreeBuilder {
 
   void push(const char* name, const char** attributes) {
     if (_open.size() >= SceneFileReader::MAX_ELEMENT_DEPTH) {
-      failAt<XMLException>("Elements in " + _entryName + " are nested deeper than " +
-                               std::to_string(SceneFileReader::MAX_ELEMENT_DEPTH) + " at line " +
-                               std::to_string(getLine()),
-                           _entryName, getLine());
+      failHere("Elements in " + _entryName + " are nested deeper than " +
+               std::to_string(SceneFileReader::MAX_ELEMENT_DEPTH));
     }
+    countElement();
     auto element = std::make_unique<QxElement>(name);
     element->setLine(getLine());
     for (; *attributes != nullptr; attributes += 2) {
+      countElement();
       element->setAttribute(attributes[0], attributes[1]);
     }
     QxElement* const opened = element.get();
@@ -135,9 +143,20 @@ class TreeBuilder {
     _open.push_back(opened);
   }
 
+  void countElement() {
+    if (_elementsLeft-- == 0) {
+      failHere(_entryName + " has more elements and attributes than an archive of this size should hold");
+    }
+  }
+
+  [[noreturn]] void failHere(const std::string& message) const {
+    failAt<XMLException>(message + " at line " + std::to_string(getLine()), _entryName, getLine());
+  }
+
   int getLine() const { return static_cast<int>(XML_GetCurrentLineNumber(_parser.get())); }
 
   const std::string& _entryName;
+  std::uint64_t _elementsLeft;
   std::unique_ptr<std::remove_pointer_t<XML_Parser>, decltype(&XML_ParserFree)> _parser;
   std::unique_ptr<QxElement> _document;
   /// Those that have started and not ended, outermost first.
@@ -158,12 +177,23 @@ Array_t<unsigned char> SceneFileReader::readEntry(const std::string& entryName) 
   if (!_archive.isSizePossible(entryName)) {
     failIncomplete(entryName);
   }
+  countBytesRead(size, entryName);
   // Not set to zero beforehand: the archive does so with what it does not fill.
   std::unique_ptr<unsigned char[]> block(new (std::nothrow) unsigned char[static_cast<std::size_t>(size)]);
   if (!block || !_archive.read(entryName, reinterpret_cast<char*>(block.get()))) {
     failIncomplete(entryName);
   }
   return {block.release(), size};
+}
+
+void SceneFileReader::countBytesRead(int size, const std::string& entryName) const {
+  _bytesRead += static_cast<std::uint64_t>(size);
+  if (_bytesRead > std::max(LEAST_BYTES_BOUND, _archive.getFileSize() * ZipFileReader::MAX_DEFLATE_RATIO)) {
+    failAt<IOException>("Entry '" + entryName +
+                            "' cannot be read: the scene asks for more data than an archive of this size can "
+                            "hold.<br>Your file may be corrupt.",
+                        entryName);
+  }
 }
 
 /// The bytes of an entry of words, turned; `kind` is the user's word for them.
@@ -188,7 +218,8 @@ Array_t<float> SceneFileReader::readFloatBuffer(const std::string& entryName) co
 
 std::unique_ptr<QxElement> SceneFileReader::readXml(const std::string& entryName) const {
   const ArrayOwner<unsigned char> text(readEntry(entryName));
-  return TreeBuilder(entryName).build(text.values());
+  const std::uint64_t mostElements = std::max(LEAST_ELEMENTS_BOUND, 4 * _archive.getFileSize());
+  return TreeBuilder(entryName, mostElements).build(text.values());
 }
 
 SceneFileReader::ItemScope::ItemScope(SceneFileReader* reader, const std::string& name, int line)

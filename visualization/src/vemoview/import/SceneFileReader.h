@@ -5,6 +5,7 @@
 #include "vemoview/import/ZipFileReader.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -33,6 +34,14 @@ class VEMO_IMPORT_EXPORT SceneFileReader {
   /// Elements nested deeper are refused: items are read and converted by
   /// functions that call themselves.
   static constexpr std::size_t MAX_ELEMENT_DEPTH = 128;
+  /// Many items may name one entry, and entries may overlap: what is read from
+  /// an archive all together is bounded by what deflating could have put into a
+  /// file of its size, but not below this number of bytes.
+  static constexpr std::uint64_t LEAST_BYTES_BOUND = 256U << 20U;
+  /// A description that deflates well is far smaller than the tree made of it:
+  /// its elements and attributes are bounded by four to a byte of the archive,
+  /// but not below this number.
+  static constexpr std::uint64_t LEAST_ELEMENTS_BOUND = 4'000'000;
   /// Of more warnings than these only one is kept, which says so.
   static constexpr std::size_t MAX_WARNINGS = 1000;
 
@@ -45,7 +54,8 @@ class VEMO_IMPORT_EXPORT SceneFileReader {
   const ZipFileReader& getArchive() const { return _archive; }
 
   /// The whole content of an entry; the caller owns the block. Throws
-  /// IOException when the entry is missing or cannot be read.
+  /// IOException when the entry is missing or cannot be read, or when more is
+  /// read from the archive than it can hold.
   Array_t<unsigned char> readEntry(const std::string& entryName) const;
 
   /// An entry of big-endian 32-bit numbers, in the byte order of this machine;
@@ -55,8 +65,8 @@ class VEMO_IMPORT_EXPORT SceneFileReader {
   Array_t<float> readFloatBuffer(const std::string& entryName) const;
 
   /// The document element of an XML entry. Throws IOException as readEntry
-  /// does, and XMLException with the line for what is no XML or nests deeper
-  /// than MAX_ELEMENT_DEPTH.
+  /// does, and XMLException with the line for what is no XML, nests deeper than
+  /// MAX_ELEMENT_DEPTH or has too many elements.
   std::unique_ptr<QxElement> readXml(const std::string& entryName) const;
 
   /// Reads the whole scene into a new Scene, which the result holds from the
@@ -101,9 +111,11 @@ class VEMO_IMPORT_EXPORT SceneFileReader {
   };
 
   Array_t<unsigned char> readWords(const std::string& entryName, const char* kind) const;
+  void countBytesRead(int size, const std::string& entryName) const;
   Place getPlace() const;
 
   ZipFileReader _archive;
+  mutable std::uint64_t _bytesRead = 0;
   std::vector<Item> _items;
   /// Where the exception was thrown that is unwinding the items.
   Place _failure;

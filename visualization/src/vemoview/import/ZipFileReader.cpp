@@ -15,10 +15,6 @@ namespace {
 constexpr std::uint64_t METHOD_STORED = 0;
 constexpr std::uint64_t FLAG_ENCRYPTED = 1;
 
-/// A deflated byte stands for at most four matches of 258 bytes: a match takes
-/// no fewer than two bits.
-constexpr std::uint64_t MAX_DEFLATE_RATIO = 1032;
-
 /// A name's length is a 16-bit field.
 using NameBuffer = std::array<char, 0x10000>;
 

@@ -20,11 +20,18 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   /// 32-bit values. They cannot be read.
   static constexpr int SIZE_LIMIT = 0x7ffffffc;
 
+  /// A deflated byte stands for at most four matches of 258 bytes: a match
+  /// takes no fewer than two bits.
+  static constexpr std::uint64_t MAX_DEFLATE_RATIO = 1032;
+
   /// Throws FileNotFoundException, IOException when the owner has no
   /// permission to read, or ZipException.
   explicit ZipFileReader(const std::wstring& path);
 
   const std::wstring& getPath() const { return _path; }
+
+  /// Of the archive file, in bytes.
+  std::uint64_t getFileSize() const { return _fileSize; }
 
   /// Distinct names.
   int getEntryCount() const { return static_cast<int>(_entries.size()); }
