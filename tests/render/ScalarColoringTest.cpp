@@ -46,7 +46,8 @@ vtkSmartPointer<vtkPolyData> makeGrid(const ColoringCase& wanted) {
   const vtkIdType inRow = isAtCells ? 8 : 9;
   std::vector<float> values;
   for (vtkIdType i = 0; i < count; ++i) {
-    values.push_back(0.1F + static_cast<float>(i % inRow) * 1.4F + static_cast<float>(i / inRow) * 0.05F);
+    const vtkIdType row = i / inRow;
+    values.push_back(0.1F + static_cast<float>(i % inRow) * 1.4F + static_cast<float>(row) * 0.05F);
     values.resize(values.size() + static_cast<std::size_t>(wanted.components) - 1, 100.0F);
   }
   const auto array = makeArray("pressure", values, wanted.components);

@@ -68,7 +68,7 @@ TEST(PtrTest, AWeakPointerForgetsWhatIsGone) {
 void runOnSmallStack(void* (*function)(void*), void* argument) {
   pthread_attr_t attributes;
   pthread_attr_init(&attributes);
-  pthread_attr_setstacksize(&attributes, 256 * 1024);
+  pthread_attr_setstacksize(&attributes, std::size_t{256} * 1024);
   pthread_t thread{};
   ASSERT_EQ(pthread_create(&thread, &attributes, function, argument), 0);
   pthread_join(thread, nullptr);

@@ -1,5 +1,6 @@
 #include "scenegraph/Compare.h"
 
+#include "math/SameBits.h"
 #include "scenegraph/ArrayType.h"
 #include "scenegraph/CollectionNode.h"
 #include "scenegraph/Owned.h"
@@ -67,8 +68,7 @@ struct FieldComparison {
 
   template <class T>
   requires std::is_arithmetic_v<T> std::string operator()(T* left) const {
-    return std::memcmp(left, right(left), sizeof(T)) == 0 ? ""
-                                                          : fmt::format("{} against {}", *left, *right(left));
+    return sameBits(*left, *right(left)) ? "" : fmt::format("{} against {}", *left, *right(left));
   }
   std::string operator()(const EnumerationField& left) const {
     return differ(*left.value, *right(left).value);
@@ -97,10 +97,10 @@ struct FieldComparison {
       return differ(left->size(), right(left)->size());
     }
     for (auto& [key, vector] : *left) {
-      const std::string difference =
-          differ(key, place->first) + differBits(vector.data(), place->second.data(), sizeof(double) * 3);
+      std::string difference = differ(key, place->first);
+      difference += differBits(vector.data(), place->second.data(), sizeof(double) * 3);
       if (!difference.empty()) {
-        return key + ": " + difference;
+        return fmt::format("{}: {}", key, difference);
       }
       ++place;
     }

@@ -44,7 +44,7 @@ void turnWords(unsigned char* bytes, std::size_t size) {
     return;
   }
   for (std::size_t i = 0; i + 4 <= size; i += 4) {
-    std::uint32_t word;
+    std::uint32_t word = 0;
     std::memcpy(&word, bytes + i, 4);
     word = __builtin_bswap32(word);
     std::memcpy(bytes + i, &word, 4);

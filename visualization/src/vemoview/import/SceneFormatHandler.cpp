@@ -89,6 +89,8 @@ std::wstring SceneFormatHandler::convertZippedScene(const std::wstring& path) {
   return temporaryPath;
 }
 
+// The host's function is ours for the call, as the door has it.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 FileIoStatus SceneFormatHandler::loadVemoScene(const std::wstring& path, LoadingFunction load,
                                                std::ostream& messages) {
   std::wstring pathToLoad = path;
