@@ -91,3 +91,10 @@ Appearance Appearance::of(const lum::GeometryDrawable& drawable, const lum::Poly
   }
   return result;
 }
+
+void Appearance::setPointSize(const lum::PointScaleAttributes& scale, double place) {
+  const auto& sizes = scale.getMapToRange();
+  const double size = (1.0 - place) * sizes[0] + place * sizes[1];
+  hasModelSize = !scale.getPixelSize() && std::isfinite(size) && size > 0.0;
+  pointSize = hasModelSize ? size : pixels(size);
+}

@@ -5,6 +5,10 @@
 
 #include <compare>
 
+namespace lum {
+class PointScaleAttributes;
+}
+
 /// How a piece of geometry is drawn, as plain values that can be drawn: all are
 /// finite and in their ranges, whatever the attributes hold.
 struct Appearance {
@@ -36,6 +40,12 @@ struct Appearance {
   double diffuse = 1.0;
   double specular = 0.0;
   double specularPower = 1.0;
+
+  /// Whether the point size is in model units.
+  bool hasModelSize = false;
+
+  /// Takes a size from 0 to 1 along the range of sizes.
+  void setPointSize(const lum::PointScaleAttributes& scale, double place);
 
   /// What the attributes of a drawable say about one of its pieces.
   static Appearance of(const lum::GeometryDrawable& drawable, const lum::PolyDataNode& piece);

@@ -4,6 +4,7 @@
 #include "scenegraph/attributes/ScalarAttributes.h"
 #include "vemoview/render/CellKinds.h"
 #include "vemoview/render/ColorTable.h"
+#include "vemoview/render/PointSizes.h"
 #include "vemoview/render/RenderErrors.h"
 #include "vemoview/render/SoundGeometry.h"
 
@@ -191,7 +192,9 @@ std::vector<Piece> collectPieces(const std::vector<VisibleDrawable>& drawables) 
       }
       if (auto piece = PieceBuilder(*geometry, *polyData, visible).build()) {
         limit.count(*piece);
-        pieces.push_back(std::move(*piece));
+        for (Piece& part : splitBySize(std::move(*piece), *geometry, *polyData)) {
+          pieces.push_back(std::move(part));
+        }
       }
     }
   }

@@ -1,6 +1,8 @@
 #include "vemoview/render/PieceActors.h"
 
 #include "vemoview/render/MirroredActor.h"
+#include "vemoview/render/RenderHook.h"
+#include "vemoview/render/Screen.h"
 #include "vemoview/render/SoundGeometry.h"
 
 #include <vtkActor.h>
@@ -125,6 +127,21 @@ vtkSmartPointer<vtkActor> makeActor(const double* placement) {
   return actor;
 }
 
+constexpr double LARGEST_PIXELS = 256.0;
+
+/// Balls as large as the scale at the middle of the piece makes them.
+void keepModelSize(const Piece& piece, vtkProperty* property, vtkRenderer& renderer) {
+  property->RenderPointsAsSpheresOn();
+  property->LightingOn();
+  Vector<3, double> center;
+  piece.geometry->GetCenter(center.data());
+  const vtkSmartPointer<vtkProperty> kept = property;
+  beforeEachRender(renderer, [kept, center, size = piece.appearance.pointSize](vtkRenderer& drawn) {
+    const double pixels = size * pixelsPerUnit(drawn, center);
+    kept->SetPointSize(static_cast<float>(std::clamp(pixels, 1.0, LARGEST_PIXELS)));
+  });
+}
+
 /// One actor for each placement. All have the same property and, unless each is
 /// cut differently, the same mapper.
 vtkProperty& addPlaced(const Piece& piece, vtkPlaneCollection& planes, vtkRenderer& renderer) {
@@ -141,6 +158,9 @@ vtkProperty& addPlaced(const Piece& piece, vtkPlaneCollection& planes, vtkRender
     actor->SetProperty(property);
     renderer.AddActor(actor);
   });
+  if (piece.appearance.hasModelSize) {
+    keepModelSize(piece, property, renderer);
+  }
   return *property;
 }
 

@@ -36,11 +36,12 @@ bool hasCellColors(const Piece& piece) {
 auto likeness(const Piece& piece) {
   const Appearance& look = piece.appearance;
   vtkPolyData& geometry = *piece.geometry;
-  return std::make_tuple(
-      look.kind, look.hasFaces, look.hasEdges, look.hasContour, look.isClipped, look.edgeColor.values,
-      look.opacity, look.lineWidth, look.pointSize, look.ambient, look.diffuse, look.specular,
-      look.specularPower, piece.placements.get(), hasCellColors(piece), geometry.GetPoints()->GetDataType(),
-      geometry.GetPointData()->GetNormals() != nullptr, geometry.GetCellData()->GetNormals() != nullptr);
+  return std::make_tuple(look.kind, look.hasFaces, look.hasEdges, look.hasContour, look.isClipped,
+                         look.edgeColor.values, look.opacity, look.lineWidth, look.pointSize,
+                         look.hasModelSize, look.ambient, look.diffuse, look.specular, look.specularPower,
+                         piece.placements.get(), hasCellColors(piece), geometry.GetPoints()->GetDataType(),
+                         geometry.GetPointData()->GetNormals() != nullptr,
+                         geometry.GetCellData()->GetNormals() != nullptr);
 }
 
 bool isSmall(const Piece& piece) {
