@@ -89,7 +89,7 @@ std::wstring SceneFormatHandler::convertZippedScene(const std::wstring& path) {
   return temporaryPath;
 }
 
-// The host's function is ours for the call, as the door has it.
+// A copy: what the host does to its function meanwhile is its own affair.
 // NOLINTNEXTLINE(performance-unnecessary-value-param)
 FileIoStatus SceneFormatHandler::loadVemoScene(const std::wstring& path, LoadingFunction load,
                                                std::ostream& messages) {
