@@ -32,9 +32,9 @@ void removeOwnFolder() {
   }
 }
 
-/// The signals that ask a process to end, but for those that whoever started
-/// this one wants ignored.
-sigset_t endingSignals() {
+/// Holds back the signals that ask a process to end, but for those that whoever
+/// started this one wants ignored.
+sigset_t blockEndingSignals() {
   sigset_t signals;
   sigemptyset(&signals);
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
@@ -43,15 +43,14 @@ sigset_t endingSignals() {
       sigaddset(&signals, signal);
     }
   }
+  pthread_sigmask(SIG_BLOCK, &signals, nullptr);
   return signals;
 }
 
-/// A thread waits for the signals, since a handler could do next to nothing;
-/// then the process ends by the signal as if nobody had waited for it. `exit`
-/// would destroy what the main thread is still working with.
-void callWhenEnded(std::function<void()> cleanUp) {
-  const sigset_t signals = endingSignals();
-  pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+/// A thread waits for the signals, blocked ones, since a handler could do next
+/// to nothing; then the process ends by the signal as if nobody had waited for
+/// it. `exit` would destroy what the main thread is still working with.
+void callWhenEnded(const sigset_t& signals, std::function<void()> cleanUp) {
   std::thread([signals, cleanUp = std::move(cleanUp)] {
     int signal = 0;
     sigwait(&signals, &signal);
@@ -79,7 +78,8 @@ void useOwnTemporaryFolder() {
   std::error_code error;
   const std::filesystem::path parent = std::filesystem::temp_directory_path(error);
   std::string name = (error ? std::filesystem::path("/tmp") : parent) / "vemoscene-XXXXXX";
-  callWhenEnded(removeOwnFolder);
+  // A folder that is there is known to who removes it.
+  const sigset_t signals = blockEndingSignals();
   if (mkdtemp(name.data()) == nullptr) {
     throw Failure(ExitCode::CANNOT_WRITE, fmt::format("Cannot make a folder for temporary files, \"{}\": {}",
                                                       name, std::strerror(errno)));
@@ -89,11 +89,12 @@ void useOwnTemporaryFolder() {
   // so called after them.
   std::atexit(removeOwnFolder);
   setenv("TMPDIR", name.c_str(), 1);
+  callWhenEnded(signals, removeOwnFolder);
 }
 
 void removePartialOutputWhenEnded(const std::string& output) {
   std::error_code ignored;
   // Links followed: the file beside what a link leads to is meant.
   const std::filesystem::path target = std::filesystem::weakly_canonical(output, ignored);
-  callWhenEnded([folder = target.parent_path()] { removeOpenTemporaryFiles(folder); });
+  callWhenEnded(blockEndingSignals(), [folder = target.parent_path()] { removeOpenTemporaryFiles(folder); });
 }
