@@ -54,7 +54,10 @@ void ArrayBinder::clearAll(const FieldList& fields) {
 
 void ArrayBinder::expectFor(Node& node, bool isNew) {
   const auto number = static_cast<std::uint32_t>(_waiting.size());
-  if (!isNew) {
+  if (isNew) {
+    // Of a former node at this address, which is gone.
+    _latest.erase(&node);
+  } else {
     _latest[&node] = number;
   }
   _waiting.push_back({Ptr<Node>(&node), _uses.size(), 0, 0});
