@@ -26,7 +26,5 @@ void Logger::log(const std::string& text, const char* file, int line, Level /*le
     _sink(text);
     return;
   }
-  std::ostringstream prefixed;
-  prefixed << file << ':' << line << ' ' << text;
-  _sink(prefixed.str());
+  _sink(file + (":" + std::to_string(line)) + " " + text);
 }

@@ -3,6 +3,7 @@
 #include "vemo_scenegraph_export.h"
 
 #include <functional>
+#include <locale>
 #include <sstream>
 #include <string>
 
@@ -44,12 +45,14 @@ class VEMO_SCENEGRAPH_EXPORT Logger {
 };
 
 // NOLINTBEGIN(bugprone-macro-parentheses): the message is a row of operands.
-/// Logs what a stream expression says: VEMO_LOG_INFO("read " << count).
+/// Logs what a stream expression says: VEMO_LOG_INFO("read " << count). Numbers
+/// look the same in every host's locale.
 #define VEMO_LOG(level, message)                                                \
   do {                                                                          \
     static const bool vemoLogEnabled = Logger::getSingleton().isEnabled(level); \
     if (vemoLogEnabled) {                                                       \
       std::ostringstream vemoLogLine;                                           \
+      vemoLogLine.imbue(std::locale::classic());                                \
       vemoLogLine << message;                                                   \
       Logger::getSingleton().log(vemoLogLine.str(), __FILE__, __LINE__, level); \
     }                                                                           \
