@@ -7,6 +7,8 @@
 #include <vtkPlane.h>
 
 #include <gmock/gmock.h>
+#include <locale>
+#include <string>
 
 namespace {
 
@@ -36,10 +38,32 @@ TEST_F(SceneTest, WithoutAViewKeepsTheDefaultCamera) {
   convert("");
   const auto* camera = model().hasCameraAttributes();
   ASSERT_TRUE(camera);
-  EXPECT_EQ(camera->getPosition(), Camera().position);
-  EXPECT_EQ(camera->getProjectionMode(), ProjectionMode::PERSPECTIVE);
+  // By these a renderer knows that it has to frame the scene.
+  const lum::Ptr<lum::CameraAttributes> fresh(
+      new lum::CameraAttributes(lum::ClassNameNodeInitializer(lum::CameraAttributes::getClassName())));
+  EXPECT_EQ(camera->getPosition(), fresh->getPosition());
+  EXPECT_EQ(camera->getFocalPoint(), fresh->getFocalPoint());
+  EXPECT_EQ(camera->getViewUp(), fresh->getViewUp());
+  EXPECT_EQ(camera->getProjectionMode(), fresh->getProjectionMode());
+  EXPECT_EQ(camera->getParallelScale(), fresh->getParallelScale());
   EXPECT_FALSE(model().findAttributes<lum::LightingAttributes>());
   EXPECT_FALSE(model().findAttributes<lum::ClipPlanesAttributes>());
+}
+
+TEST_F(SceneTest, LogsNumbersTheSameInEveryLocale) {
+  struct Grouped : std::numpunct<char> {
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+  };
+  std::string children;
+  for (int i = 0; i < 1000; ++i) {
+    children += "<x/>";
+  }
+  takeLog();
+  const std::locale before = std::locale::global(std::locale(std::locale::classic(), new Grouped));
+  read(children);
+  std::locale::global(before);
+  EXPECT_TRUE(logHas(takeLog(), "AssemblyItem::read: 1000 children found"));
 }
 
 TEST_F(SceneTest, ConvertsItsViews) {

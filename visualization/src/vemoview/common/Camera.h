@@ -4,7 +4,9 @@
 
 #include <cstdint>
 
-/// From where a viewer looks at a scene, and where its window stands.
+/// From where a viewer looks at a scene, and where its window stands. The
+/// defaults are those of lum::CameraAttributes: a renderer takes these for a
+/// camera that nobody has set, and shows the scene whole.
 struct Camera {
   Vector<3, double> position{0.0, 0.0, 1.0};
   Vector<3, double> viewUp{0.0, 1.0, 0.0};
