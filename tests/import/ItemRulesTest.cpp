@@ -4,6 +4,8 @@
 
 #include <gmock/gmock.h>
 #include <map>
+#include <string>
+#include <utility>
 
 namespace {
 
@@ -59,6 +61,21 @@ TEST_F(ItemRules, WhatTheOldSceneHidesStaysHidden) {
   EXPECT_FALSE(drawable<lum::SurfaceDrawable>("hidden/h").getBaseAttributes().getVisibility());
   EXPECT_TRUE(drawable<lum::SurfaceDrawable>("hidden/g").getBaseAttributes().getVisibility())
       << "an assembly hides its children without changing them";
+}
+
+TEST_F(ItemRules, HideNoItemWithAnotherOfItsName) {
+  const std::string shown = geometry("polys='tri'"), hidden = geometry("polys='tri' visibility='0'");
+  for (const auto& [items, firstIsShown] : {std::pair{shown + hidden + shown + hidden, true},
+                                            std::pair{hidden + shown + hidden + shown, false}}) {
+    convert(assembly("A", items));
+    auto& drawables = collection("A/g");
+    ASSERT_EQ(drawables.getNodeCount(), 2U);
+    for (const std::size_t i : {0U, 1U}) {
+      auto& drawable = dynamic_cast<lum::SurfaceDrawable&>(drawables.getNode(i));
+      EXPECT_EQ(drawable.getBaseAttributes().getVisibility(), firstIsShown == (i == 0));
+      EXPECT_TRUE(drawable.find<lum::PolyDataNode>("PolyDataNode2"));
+    }
+  }
 }
 
 TEST_F(ItemRules, KnowAllKindsAndPassOverOthers) {

@@ -220,7 +220,12 @@ void GeometryItem::addToCollection(SharedBySiblings& /*shared*/, lum::DrawableCo
 
 template <class T>
 void GeometryItem::addDrawable(lum::DrawableCollection& collection, const std::string& parentName) const {
-  auto& drawable = collection.findOrCreate<T>();
+  // Items of one name share a drawable, but no item shows or hides another.
+  T* const shared = collection.find<T>();
+  const bool isAtOdds = shared != nullptr && shared->template find<lum::PolyDataNode>() != nullptr &&
+                        shared->getBaseAttributes().getVisibility() == hasHiddenItems();
+  auto& drawable = isAtOdds ? collection.findOrCreate<T>(hasHiddenItems() ? "Hidden" : "Shown")
+                            : collection.findOrCreate<T>();
   GeometryDrawableBuilder(*this, drawable).build(parentName);
   addVisibilityAttrib(drawable);
 }
