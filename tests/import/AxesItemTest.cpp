@@ -15,7 +15,7 @@ class AxesItemTest : public SceneFixture {};
 TEST_F(AxesItemTest, BecomeOneTriadThatTurnsWithTheModel) {
   auto& node = convert(
       "<view><position x='5'/></view><axes visibility='1' textColor='ff0000ff'/>"
-      "<axes visibility='0' textColor='ff0000ff'><xaxis z='1'/></axes>");
+      "<axes visibility='0'><xaxis z='1'/></axes>");
   auto& canvas = node.getOrientationCanvas();
   ASSERT_EQ(canvas.getDrawableCollection().getNodeCount(), 1U);
   auto* triad = canvas.getDrawableCollection().find<lum::TriadDrawable>("TriadDrawable");

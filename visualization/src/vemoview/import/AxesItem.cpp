@@ -69,7 +69,10 @@ vtkTextActor* AxesItem::getLabel(int axis) {
 void AxesItem::read(const QxElement& element, SceneFileReader* reader) {
   checkVersion(element);
   GraphicsItem::read(element, reader);
-  setTextColor(element.getColor(XML_ATTRIB_TEXT_COLOR));
+  // Labels are no reason to keep a scene shut: without a colour they keep theirs.
+  if (element.findAttribute(XML_ATTRIB_TEXT_COLOR) != nullptr) {
+    setTextColor(element.getColor(XML_ATTRIB_TEXT_COLOR));
+  }
   element.getVector3(XML_X_AXIS, _xAxis);
   element.getVector3(XML_Y_AXIS, _yAxis);
   element.getVector3(XML_Z_AXIS, _zAxis);
