@@ -8,6 +8,7 @@
 
 #include <fmt/format.h>
 #include <new>
+#include <string>
 
 namespace {
 
@@ -24,14 +25,16 @@ std::string describe(const Exception& exception) {
   return place.empty() ? message : fmt::format("{}\n({})", message, place);
 }
 
+/// The scene's place in the words of its own exceptions, then the program's.
 std::string describe(const InternalError& error) {
-  std::string place = fmt::format("{}:{}", error.getFile(), error.getLine());
-  for (const auto& [name, value] : error.getProperties().all()) {
-    if (name != "file" && name != "line") {
-      place += fmt::format(", {} {}", name, value);
-    }
-  }
-  return fmt::format("{}\n({})", error.getMessage(), place);
+  const Properties& properties = error.getProperties();
+  Exception scene(error.getMessage());
+  scene.setItemPath(properties.get("itemPath"));
+  scene.setEntry(properties.get("entry"));
+  const std::string& line = properties.get("sceneLine");
+  scene.setLine(line.empty() ? 0 : std::stoi(line));
+  return fmt::format("{}\n({}:{}: {})", describe(scene), error.getFile(), error.getLine(),
+                     error.getExpression());
 }
 
 ExitCode report(ExitCode code, const std::string& message) {
