@@ -1,6 +1,7 @@
 #include "vemoview/import/ClippingPlane.h"
 
 #include "scenegraph/canvas/ClipPlanesAttributes.h"
+#include "vemoview/common/VtkForms.h"
 #include "vemoview/import/QxElement.h"
 
 #include <vtkPlane.h>
@@ -23,7 +24,6 @@ vtkPlane* ClippingPlane::getPlane() {
   if (!_plane) {
     _plane = vtkSmartPointer<vtkPlane>::New();
   }
-  _plane->SetOrigin(_origin.data());
-  _plane->SetNormal(_normal.data());
+  setVtkPlane(*_plane, _origin, _normal);
   return _plane;
 }

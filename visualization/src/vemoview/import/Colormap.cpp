@@ -1,13 +1,12 @@
 #include "vemoview/import/Colormap.h"
 
+#include "vemoview/common/VtkForms.h"
 #include "vemoview/import/QxElement.h"
 
-#include <vtkLogLookupTable.h>
 #include <vtkLookupTable.h>
-#include <vtkNew.h>
-#include <vtkUnsignedCharArray.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <iterator>
 
 namespace {
@@ -49,7 +48,7 @@ lum::RampMode Colormap::rampMode() const {
 
 void Colormap::fill(lum::ColorLookupTable& table) const {
   std::vector<double> values;
-  values.reserve(4 * _colors.size());
+  values.reserve(RGBA_CHANNELS * _colors.size());
   for (const Color& color : _colors) {
     for (const auto channel : {color.r, color.g, color.b, color.a}) {
       values.push_back(channel / 255.0);
@@ -64,23 +63,14 @@ void Colormap::fill(lum::ColorLookupTable& table) const {
 }
 
 vtkSmartPointer<vtkLookupTable> Colormap::makeLookupTable() const {
-  vtkNew<vtkUnsignedCharArray> bytes;
-  bytes->SetNumberOfComponents(4);
+  std::vector<std::uint8_t> channels;
+  channels.reserve(RGBA_CHANNELS * _colors.size());
   for (const Color& color : _colors) {
-    const unsigned char channels[] = {color.r, color.g, color.b, color.a};
-    bytes->InsertNextTypedTuple(channels);
+    channels.insert(channels.end(), {color.r, color.g, color.b, color.a});
   }
-  vtkSmartPointer<vtkLookupTable> table;
-  if (_log10) {
-    table = vtkSmartPointer<vtkLogLookupTable>::New();
-  } else {
-    table = vtkSmartPointer<vtkLookupTable>::New();
-  }
-  table->SetRange(_range.data());
-  table->SetTable(bytes);
+  auto table = makeVtkLookupTable(channels, _range, _log10);
   // VTK numbers the ramps in the same way.
   table->SetRamp(static_cast<int>(rampMode()));
-  table->SetNumberOfTableValues(bytes->GetNumberOfTuples());
   return table;
 }
 

@@ -1,23 +1,24 @@
 #include "vemoview/render/ColorTable.h"
 
 #include "scenegraph/attributes/ColorLookupTable.h"
+#include "vemoview/common/VtkForms.h"
 
 #include <vtkDataArray.h>
-#include <vtkDataArrayRange.h>
-#include <vtkLogLookupTable.h>
 #include <vtkLookupTable.h>
-#include <vtkNew.h>
-#include <vtkUnsignedCharArray.h>
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <iterator>
 #include <limits>
+#include <vector>
 
 namespace {
 
 using Range = Vector<2, double>;
 
-constexpr std::size_t CHANNELS = 4;
+/// VTK's own, for the colours of a table without a usable range.
+constexpr Range DEFAULT_RANGE{0.0, 1.0};
 
 bool isUsable(const Range& range, bool isLog) {
   return std::isfinite(range[0]) && std::isfinite(range[1]) && range[0] <= range[1] &&
@@ -37,25 +38,22 @@ Range rangeAbove(vtkDataArray& values, double bound) {
   return range;
 }
 
-unsigned char toByte(double value) {
-  return std::isfinite(value) ? static_cast<unsigned char>(std::lround(std::clamp(value, 0.0, 1.0) * 255.0))
+std::uint8_t toByte(double value) {
+  return std::isfinite(value) ? static_cast<std::uint8_t>(std::lround(std::clamp(value, 0.0, 1.0) * 255.0))
                               : 0;
 }
 
-/// Null when the table has no colours.
-vtkSmartPointer<vtkUnsignedCharArray> colorsOf(const lum::ColorLookupTable* table) {
-  const auto told = table != nullptr && table->getNumColor() > 0 ? table->getNumColor() : 0;
-  const auto held = table != nullptr ? table->getColorValues().size() / CHANNELS : 0;
-  const std::size_t count = std::min(static_cast<std::size_t>(told), held);
-  if (count == 0) {
-    return nullptr;
+/// Empty when there is no table, too.
+std::vector<std::uint8_t> colorsOf(const lum::ColorLookupTable* table) {
+  if (table == nullptr) {
+    return {};
   }
-  auto colors = vtkSmartPointer<vtkUnsignedCharArray>::New();
-  colors->SetNumberOfComponents(CHANNELS);
-  colors->SetNumberOfTuples(static_cast<vtkIdType>(count));
-  std::transform(table->getColorValues().begin(),
-                 table->getColorValues().begin() + static_cast<std::ptrdiff_t>(count * CHANNELS),
-                 colors->GetPointer(0), toByte);
+  const std::vector<double>& values = table->getColorValues();
+  const auto told = static_cast<std::size_t>(std::max(table->getNumColor(), 0));
+  const auto count = std::min(told, values.size() / RGBA_CHANNELS);
+  std::vector<std::uint8_t> colors;
+  std::transform(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(count * RGBA_CHANNELS),
+                 std::back_inserter(colors), toByte);
   return colors;
 }
 
@@ -72,7 +70,7 @@ void setDefaultColors(vtkLookupTable& table) {
 vtkSmartPointer<vtkLookupTable> makeLookupTable(const lum::ColorLookupTable* table, vtkDataArray& values) {
   bool isLog = table != nullptr && table->getScaleMode() == lum::ScaleMode::LOG10;
   const auto colors = colorsOf(table);
-  Range range = colors != nullptr ? table->getScalarRange() : Range{1.0, 0.0};
+  Range range = !colors.empty() ? table->getScalarRange() : Range{1.0, 0.0};
   if (!isUsable(range, isLog)) {
     range = isLog ? rangeAbove(values, 0.0) : Range{1.0, 0.0};
     if (!isUsable(range, isLog)) {
@@ -80,15 +78,8 @@ vtkSmartPointer<vtkLookupTable> makeLookupTable(const lum::ColorLookupTable* tab
       range = rangeAbove(values, std::numeric_limits<double>::lowest());
     }
   }
-  auto result = isLog ? vtkSmartPointer<vtkLookupTable>(vtkSmartPointer<vtkLogLookupTable>::New())
-                      : vtkSmartPointer<vtkLookupTable>::New();
-  if (isUsable(range, isLog)) {
-    result->SetRange(range.data());
-  }
-  if (colors != nullptr) {
-    result->SetTable(colors);
-    result->SetNumberOfTableValues(colors->GetNumberOfTuples());
-  } else {
+  auto result = makeVtkLookupTable(colors, isUsable(range, isLog) ? range : DEFAULT_RANGE, isLog);
+  if (colors.empty()) {
     setDefaultColors(*result);
   }
   return result;

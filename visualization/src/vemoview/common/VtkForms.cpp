@@ -1,0 +1,28 @@
+#include "vemoview/common/VtkForms.h"
+
+#include <vtkLogLookupTable.h>
+#include <vtkLookupTable.h>
+#include <vtkNew.h>
+#include <vtkPlane.h>
+#include <vtkUnsignedCharArray.h>
+
+#include <algorithm>
+
+vtkSmartPointer<vtkLookupTable> makeVtkLookupTable(std::span<const std::uint8_t> rgba,
+                                                   const Vector<2, double>& range, bool isLog10) {
+  vtkNew<vtkUnsignedCharArray> colors;
+  colors->SetNumberOfComponents(static_cast<int>(RGBA_CHANNELS));
+  colors->SetNumberOfTuples(static_cast<vtkIdType>(rgba.size() / RGBA_CHANNELS));
+  std::ranges::copy(rgba.first(static_cast<std::size_t>(colors->GetNumberOfValues())), colors->GetPointer(0));
+  auto table = isLog10 ? vtkSmartPointer<vtkLookupTable>(vtkSmartPointer<vtkLogLookupTable>::New())
+                       : vtkSmartPointer<vtkLookupTable>::New();
+  table->SetRange(range.data());
+  table->SetTable(colors);
+  table->SetNumberOfTableValues(colors->GetNumberOfTuples());
+  return table;
+}
+
+void setVtkPlane(vtkPlane& plane, const Vector<3, double>& origin, const Vector<3, double>& normal) {
+  plane.SetOrigin(origin.data());
+  plane.SetNormal(normal.data());
+}
