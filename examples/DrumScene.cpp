@@ -1,20 +1,24 @@
 #include "colors.h"
 #include "scenes.h"
+#include "shapes.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <fmt/format.h>
+#include <iterator>
 #include <numbers>
 
 namespace examples {
 namespace {
 
-constexpr int RINGS = 14;
-constexpr int SPOKES = 48;
+constexpr int RINGS = 11;
+constexpr int SPOKES = 36;
 constexpr double AMPLITUDE = 0.34;
-constexpr double DISTANCE = 2.45;
-constexpr int COLUMNS = 3;
+constexpr double DISTANCE = 2.4;
+constexpr double ROW_DISTANCE = 2.7;
+constexpr std::size_t COLUMNS = 3;
 
 /// A mode of the membrane of a drum of radius 1: J_m(j r) cos(m phi), where j is
 /// the circle-th zero of the Bessel function J_m. There are m nodal diameters,
@@ -74,18 +78,17 @@ std::int32_t pointOf(int ring, int spoke) {
   return ring == 0 ? 0 : 1 + (ring - 1) * SPOKES + spoke % SPOKES;
 }
 
-/// The membrane about a centre; each cell has the deflection of its middle.
-Geometry makeMembrane(const std::string& name, const Deflection& deflection, const Point& center,
-                      double amplitude) {
+/// The membrane; each cell has the deflection of its middle.
+Geometry makeMembrane(const Deflection& deflection, double amplitude) {
   Geometry membrane;
-  membrane.name = name;
+  membrane.name = "membrane";
   std::vector<double> cellValues;
   for (int ring = 0; ring <= RINGS; ++ring) {
     const double radius = static_cast<double>(ring) / RINGS;
     for (int spoke = 0; spoke < (ring == 0 ? 1 : SPOKES); ++spoke) {
       const double angle = angleOf(spoke);
-      membrane.points.push_back({center[0] + radius * std::cos(angle), center[1] + radius * std::sin(angle),
-                                 center[2] + amplitude * deflection.at(radius, angle)});
+      membrane.points.push_back(
+          {radius * std::cos(angle), radius * std::sin(angle), amplitude * deflection.at(radius, angle)});
     }
   }
   for (int ring = 0; ring < RINGS; ++ring) {
@@ -103,28 +106,42 @@ Geometry makeMembrane(const std::string& name, const Deflection& deflection, con
   return membrane;
 }
 
-Geometry makeRim(const Point& center) {
-  Geometry rim;
-  rim.name = "rim";
-  std::vector<std::int32_t> cell;
-  for (int spoke = 0; spoke < SPOKES; ++spoke) {
-    rim.points.push_back(
-        {center[0] + std::cos(angleOf(spoke)), center[1] + std::sin(angleOf(spoke)), center[2]});
-    cell.push_back(spoke);
-  }
-  cell.push_back(0);
-  Geometry::addCell(rim.lines, cell);
-  return rim;
+/// The hoop that holds the membrane.
+Geometry makeHoop() {
+  constexpr double RADIUS = 1.01;
+  constexpr double TOP = 0.03;
+  constexpr double BOTTOM = -0.16;
+  return makeSheet("hoop", 2, SPOKES + 1, [](double row, double column) {
+    const double angle = angleOf(column * SPOKES);
+    return Point{RADIUS * std::cos(angle), RADIUS * std::sin(angle), BOTTOM + (TOP - BOTTOM) * row};
+  });
 }
 
-void addMode(SceneWriter& scene, Mode mode, const Point& center) {
-  const Deflection deflection(mode);
+void addMode(SceneWriter& scene, Mode mode, const Point& place) {
   scene.beginItem("assembly", fmt::format("Mode ({}, {})", mode.diameters, mode.circles));
-  scene.addColormap("deflection", -1.0, 1.0, "Deflection / largest deflection", divergingColors());
-  scene.addGeometry(makeMembrane("membrane", deflection, center, AMPLITUDE),
+  scene.addTransform({0.0, 0.0, 1.0}, 0.0, place);
+  scene.addGeometry(makeMembrane(Deflection(mode), AMPLITUDE),
                     {{"showEdges", "true"}, {"smoothShading", "false"}, {"lineColor", "3a4250ff"}});
-  scene.addGeometry(makeRim(center), {{"lineWidth", "3"}, {"lineColor", "20242cff"}});
+  scene.addGeometry(makeHoop(), {{"faceColor", "a98258ff"},
+                                 {"ambient", "0.5"},
+                                 {"contour", "true"},
+                                 {"lineColor", "20242cff"},
+                                 {"lineWidth", "2"}});
   scene.end();
+}
+
+void addCaption(SceneWriter& scene, Mode mode, const Point& place) {
+  scene.addAnnotation(fmt::format("({}, {})", mode.diameters, mode.circles),
+                      {place[0], place[1] - 1.12, place[2] - 0.16}, "20242cff",
+                      {{"mode", "MODEL"},
+                       {"horizontalAlignment", "CENTER"},
+                       {"verticalAlignment", "TOP"},
+                       {"textHeight", "0.04"}});
+}
+
+Point placeOf(std::size_t mode) {
+  const auto column = static_cast<double>(mode % COLUMNS);
+  return {(column - 1.0) * DISTANCE, (mode < COLUMNS ? 0.5 : -0.5) * ROW_DISTANCE, 0.0};
 }
 
 }  // namespace
@@ -132,24 +149,24 @@ void addMode(SceneWriter& scene, Mode mode, const Point& center) {
 SceneWriter makeDrum() {
   SceneWriter scene;
   scene.beginItem("scene", "Modes of a drum", {{"background", "ffffffff"}});
-  scene.addView({0.0, -7.0, 8.0}, {0.0, -0.05, 0.0}, {0.0, 0.0, 1.0}, false, 2.75);
-  scene.add("gradient", {{"version", "1"},
-                         {"visibility", "1"},
-                         {"topColor", "dfe4ecff"},
-                         {"bottomColor", "ffffffff"},
-                         {"mode", "TOP_BOTTOM"}});
+  scene.addView({0.0, -7.0, 8.0}, {0.0, -0.5, 0.0}, {0.0, 0.0, 1.0}, false, 2.66);
+  scene.addGradient("dfe4ecff", "ffffffff", "TOP_BOTTOM");
   scene.addLight(0.8, -40.0, 35.0, "ffffffff");
   scene.addLight(0.4, 50.0, 20.0, "ffffffff");
   scene.beginItem("assembly", "Drum");
-  int place = 0;
-  for (const Mode& mode : MODES) {
-    addMode(scene, mode, {(place % COLUMNS - 1) * DISTANCE, (place < COLUMNS ? 0.5 : -0.5) * DISTANCE, 0.0});
-    ++place;
+  scene.addColormap("deflection", -1.0, 1.0, "Deflection / largest deflection", divergingColors());
+  scene.addLegend({0.3, 0.02, 0.0}, {0.4, 0.13, 0.0}, "000000ff",
+                  {{"orientation", "HORIZONTAL"}, {"numberFormat", "%.1f"}});
+  for (std::size_t mode = 0; mode < std::size(MODES); ++mode) {
+    addMode(scene, MODES[mode], placeOf(mode));
   }
   scene.beginItem("assembly", "At rest", {{"visibility", "0"}});
-  scene.addGeometry(makeMembrane("membrane", Deflection(MODES[0]), {0.0, 0.0, 0.0}, 0.0));
+  scene.addGeometry(makeMembrane(Deflection(MODES[0]), 0.0));
   scene.end();
   scene.end();
+  for (std::size_t mode = 0; mode < std::size(MODES); ++mode) {
+    addCaption(scene, MODES[mode], placeOf(mode));
+  }
   scene.end();
   return scene;
 }

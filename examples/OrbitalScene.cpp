@@ -10,7 +10,7 @@
 namespace examples {
 namespace {
 
-constexpr int POINTS = 26000;
+constexpr int POINTS = 14000;
 constexpr double BOHR_RADIUS = 0.052917721;
 /// Nanometres, as all lengths here; the wave function is as good as zero beyond.
 constexpr double EXTENT = 2.2;
@@ -78,17 +78,18 @@ Geometry makeCloud() {
 SceneWriter makeOrbital() {
   SceneWriter scene;
   scene.beginItem("scene", "Hydrogen, state 4d(z2)", {{"background", "05070dff"}});
-  scene.addView({4.9, -4.9, 1.6}, {0.0, 0.0, 0.0}, {0.9, 0.9, 0.75}, true, 1.8);
-  scene.add("gradient", {{"version", "1"},
-                         {"visibility", "1"},
-                         {"topColor", "1d2740ff"},
-                         {"bottomColor", "04060cff"},
-                         {"mode", "RADIAL"}});
+  scene.addView({4.5, -4.5, 1.5}, {0.0, 0.0, 0.0}, {0.9, 0.9, 0.75}, true, 1.8);
+  scene.addGradient("1d2740ff", "04060cff", "RADIAL");
   scene.beginItem("assembly", "Atom");
   scene.addColormap("psi", -0.6, 0.6, "Wave function / largest value",
                     blend({"ffd166ff", "ef6f3cff", "3a3f5aff", "2f9ecfff", "9be7ffff"}, 65));
+  scene.addLegend(
+      {0.86, 0.25, 0.0}, {0.13, 0.52, 0.0}, "d8e0f0ff",
+      {{"title", "Wave function&#10;/ largest"}, {"numberOfLabels", "7"}, {"numberFormat", "%.1f"}});
   scene.addGeometry(makeCloud(), {{"pointSize", "2"}});
   scene.end();
+  scene.addAnnotation("Hydrogen, 4d(z\u00b2)", {0.03, 0.96, 0.0}, "d8e0f0ff",
+                      {{"verticalAlignment", "TOP"}, {"textHeight", "0.05"}});
   scene.end();
   return scene;
 }

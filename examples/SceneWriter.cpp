@@ -165,13 +165,65 @@ void SceneWriter::addLight(double intensity, double azimuth, double elevation, c
                 {"color", color}});
 }
 
+void SceneWriter::addGradient(const std::string& topColor, const std::string& bottomColor,
+                              const std::string& mode) {
+  add("gradient", {{"version", "1"},
+                   {"visibility", "1"},
+                   {"topColor", topColor},
+                   {"bottomColor", bottomColor},
+                   {"mode", mode}});
+}
+
+void SceneWriter::addClip(const Point& origin, const Point& normal) {
+  begin("clip", {{"version", "1"}});
+  addVector("origin", origin);
+  addVector("normal", normal);
+  end();
+}
+
+void SceneWriter::addTransform(const Point& axis, double quarterTurns, const Point& translation) {
+  begin("transform", {{"version", "1"}, {"rotAngle", text(quarterTurns)}});
+  addVector("rotAxis", axis);
+  addVector("translation", translation);
+  addVector("scale", {1.0, 1.0, 1.0});
+  end();
+}
+
+void SceneWriter::addFont(const std::string& color) {
+  add("font", {{"version", "1"}, {"textColor", color}});
+}
+
+void SceneWriter::addLegend(const Point& position, const Point& size, const std::string& textColor,
+                            const Attributes& settings) {
+  beginItem("legend", fmt::format("legend {}", ++_overlays), settings);
+  addVector("position", position);
+  addVector("size", size);
+  addFont(textColor);
+  end();
+}
+
+void SceneWriter::addAnnotation(const std::string& text, const Point& position, const std::string& textColor,
+                                const Attributes& settings) {
+  Attributes attributes{{"text", text}, {"mode", "WINDOW"}};
+  replace(attributes, settings);
+  beginItem("annotation", fmt::format("text {}", ++_overlays), attributes);
+  addVector("position", position);
+  addFont(textColor);
+  end();
+}
+
+void SceneWriter::addAxes() {
+  beginItem("axes", "axes", {{"textColor", "000000ff"}});
+  end();
+}
+
 void SceneWriter::addColormap(const std::string& name, double min, double max, const std::string& title,
-                              const std::vector<std::string>& colors) {
+                              const std::vector<std::string>& colors, bool isLogarithmic) {
   begin("colormap", {{"name", name},
                      {"version", "1"},
                      {"min", text(min)},
                      {"max", text(max)},
-                     {"log10", "false"},
+                     {"log10", isLogarithmic ? "true" : "false"},
                      {"ramp", "linear"},
                      {"title", title}});
   for (const std::string& color : colors) {
@@ -180,21 +232,27 @@ void SceneWriter::addColormap(const std::string& name, double min, double max, c
   end();
 }
 
-std::string SceneWriter::addEntry(const std::string& kind, const std::vector<std::uint32_t>& words) {
+std::string SceneWriter::addEntry(const std::string& kind, const std::string& bytes) {
+  const auto same = std::find_if(_entries.begin(), _entries.end(), [&](const auto& entry) {
+    return entry.first.starts_with(kind) && entry.second == bytes;
+  });
+  if (same != _entries.end()) {
+    return same->first;
+  }
   std::string name = fmt::format("{}_{:05}.bin", kind, _entries.size() + 1);
-  _entries.emplace_back(name, bigEndian(words));
+  _entries.emplace_back(name, bytes);
   return name;
 }
 
-void SceneWriter::addGeometry(const Geometry& geometry, const Attributes& settings) {
+void SceneWriter::beginGeometry(const Geometry& geometry, const Attributes& settings) {
   Attributes attributes = defaultSettings();
   replace(attributes, settings);
-  attributes.emplace_back("points", addEntry("points", words(geometry.points)));
+  attributes.emplace_back("points", addEntry("points", bigEndian(words(geometry.points))));
   const std::pair<const char*, const std::vector<std::int32_t>&> lists[] = {
       {"verts", geometry.verts}, {"lines", geometry.lines}, {"polys", geometry.polys}};
   for (const auto& [kind, cells] : lists) {
     if (!cells.empty()) {
-      attributes.emplace_back(kind, addEntry(kind, words(cells)));
+      attributes.emplace_back(kind, addEntry(kind, bigEndian(words(cells))));
     }
   }
   beginItem("geometry", geometry.name, attributes);
@@ -202,8 +260,24 @@ void SceneWriter::addGeometry(const Geometry& geometry, const Attributes& settin
     add("array", {{"name", array.name},
                   {"dim", "1"},
                   {"vertexData", array.isOnPoints ? "true" : "false"},
-                  {"data", addEntry("array", words(array.values))}});
+                  {"data", addEntry("array", bigEndian(words(array.values)))}});
   }
+}
+
+void SceneWriter::addGeometry(const Geometry& geometry, const Attributes& settings) {
+  beginGeometry(geometry, settings);
+  end();
+}
+
+void SceneWriter::addScaledPoints(const Geometry& geometry, const std::string& array,
+                                  const std::array<double, 2>& values, const std::array<double, 2>& diameters,
+                                  const Attributes& settings) {
+  Attributes attributes{
+      {"pointScaleMode", "1"}, {"pointScalePixelsSize", "0"}, {"pointScaleScalarName", array}};
+  replace(attributes, settings);
+  beginGeometry(geometry, attributes);
+  addVector("pointScaleScalarRange", {values[0], values[1], 0.0});
+  addVector("pointScaleScalarMapTo", {diameters[0], diameters[1], 0.0});
   end();
 }
 

@@ -54,21 +54,47 @@ class SceneWriter {
   void addView(const Point& position, const Point& focalPoint, const Point& up, bool isPerspective,
                double parallelScale);
   void addLight(double intensity, double azimuth, double elevation, const std::string& color);
+  void addGradient(const std::string& topColor, const std::string& bottomColor, const std::string& mode);
+  /// Keeps what the normal points to.
+  void addClip(const Point& origin, const Point& normal);
   void addColormap(const std::string& name, double min, double max, const std::string& title,
-                   const std::vector<std::string>& colors);
+                   const std::vector<std::string>& colors, bool isLogarithmic = false);
   /// The settings replace those that a shaded surface has by default.
   void addGeometry(const Geometry& geometry, const Attributes& settings = {});
+  /// Points as balls in the model, whose diameters follow an array over them: the
+  /// two values have the two diameters.
+  void addScaledPoints(const Geometry& geometry, const std::string& array,
+                       const std::array<double, 2>& values, const std::array<double, 2>& diameters,
+                       const Attributes& settings = {});
+  /// Turns the open assembly about an axis through the origin, in quarter turns,
+  /// then moves it.
+  void addTransform(const Point& axis, double quarterTurns, const Point& translation);
+  /// The colour bar of the open assembly's first colormap. The position is the
+  /// lower left corner; it and the size are fractions of the window.
+  void addLegend(const Point& position, const Point& size, const std::string& textColor,
+                 const Attributes& settings = {});
+  /// The triad in the corner of the window.
+  void addAxes();
+  /// A text in the window, or where the settings say so in the model.
+  void addAnnotation(const std::string& text, const Point& position, const std::string& textColor,
+                     const Attributes& settings = {});
+  void addVector(const std::string& element, const Point& vector);
+  /// Bytes of pixels, from the bottom row up; their entry's name.
+  std::string addPixels(const std::string& bytes) { return addEntry("pixels", bytes); }
 
   /// Writes the archive; all elements must be ended. Throws std::runtime_error.
   void save(const std::string& path) const;
 
  private:
-  std::string addEntry(const std::string& kind, const std::vector<std::uint32_t>& words);
-  void addVector(const std::string& element, const Point& vector);
+  /// What is there already is not written again.
+  std::string addEntry(const std::string& kind, const std::string& bytes);
+  void addFont(const std::string& color);
+  void beginGeometry(const Geometry& geometry, const Attributes& settings);
   void openTag(const std::string& element, const Attributes& attributes);
 
   std::string _xml = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
   std::vector<std::string> _openElements;
+  int _overlays = 0;
   std::vector<std::pair<std::string, std::string>> _entries;
 };
 

@@ -126,24 +126,25 @@ Geometry makeStreamlines() {
 SceneWriter makeWing() {
   SceneWriter scene;
   scene.beginItem("scene", "Wing in a uniform stream", {{"background", "ffffffff"}});
-  scene.addView({-4.88, -4.88, 4.5}, {0.77, -0.52, 0.06}, {0.0, 0.0, 1.0}, true, 2.0);
-  scene.add("gradient", {{"version", "1"},
-                         {"visibility", "1"},
-                         {"topColor", "bccbddff"},
-                         {"bottomColor", "f7f9fbff"},
-                         {"mode", "TOP_BOTTOM"}});
+  scene.addView({-4.46, -4.87, 4.2}, {1.04, -0.77, -0.03}, {0.0, 0.0, 1.0}, true, 2.0);
+  scene.addGradient("bccbddff", "f7f9fbff", "TOP_BOTTOM");
   scene.addLight(0.95, -20.0, 40.0, "ffffffff");
   scene.addLight(0.35, 60.0, 15.0, "fff0dcff");
   scene.beginItem("assembly", "Flow");
   scene.beginItem("assembly", "Wing");
   scene.addColormap("pressure", -1.5, 1.0, "Pressure coefficient", spectralColors());
+  scene.addLegend({0.87, 0.38, 0.0}, {0.12, 0.52, 0.0}, "000000ff",
+                  {{"title", "Pressure&#10;coefficient"}, {"numberOfLabels", "6"}, {"numberFormat", "%.1f"}});
   scene.addGeometry(makeSkin());
   scene.end();
   scene.beginItem("assembly", "Air");
   scene.addColormap("speed", 0.7, 1.4, "Speed / speed of the stream", sequentialColors());
+  scene.addLegend({0.28, 0.03, 0.0}, {0.44, 0.13, 0.0}, "000000ff",
+                  {{"orientation", "HORIZONTAL"}, {"numberOfLabels", "8"}, {"numberFormat", "%.1f"}});
   scene.addGeometry(makeStreamlines(), {{"lineWidth", "2"}});
   scene.end();
   scene.end();
+  scene.addAxes();
   scene.end();
   return scene;
 }
