@@ -102,6 +102,8 @@ void GeometryItem::setLineRenderingPropeties(bool asEdges) {
 void GeometryItem::setPolygonRenderingProperties() {
   vtkProperty& property = *getProperty();
   property.SetColor(_faceColor.getRGB().data());
+  // Highlights have the colour of the light.
+  property.SetSpecularColor(1.0, 1.0, 1.0);
   property.SetEdgeColor(_lineColor.getRGB().data());
   property.SetEdgeVisibility(_showEdges);
   property.SetRepresentationToSurface();
