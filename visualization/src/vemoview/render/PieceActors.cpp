@@ -37,6 +37,9 @@ void colorByScalars(const Piece& piece, vtkPolyDataMapper& mapper) {
     mapper.SetColorModeToMapScalars();
     mapper.SetLookupTable(piece.table);
     mapper.UseLookupTableScalarRangeOn();
+    // Data are blended between points, and not their colours, which would come
+    // through others that stand for other values.
+    mapper.InterpolateScalarsBeforeMappingOn();
   } else {
     mapper.SetColorModeToDirectScalars();
   }
