@@ -1,12 +1,13 @@
 #include "vemoview/render/CanvasLayer.h"
 
 #include "scenegraph/canvas/SceneCanvas.h"
-#include "vemoview/render/Decorations.h"
-#include "vemoview/render/Piece.h"
-#include "vemoview/render/PieceActors.h"
+#include "vemoview/common/VtkForms.h"
+#include "vemoview/render/Picker.h"
 #include "vemoview/render/PieceJoiner.h"
+#include "vemoview/render/SightLine.h"
 #include "vemoview/render/View.h"
 
+#include <vtkBoundingBox.h>
 #include <vtkCullerCollection.h>
 #include <vtkNew.h>
 #include <vtkPlane.h>
@@ -15,6 +16,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -53,8 +55,7 @@ vtkSmartPointer<vtkPlaneCollection> planesOf(const lum::SceneCanvas& canvas) {
     const auto* const plane = dynamic_cast<const lum::Plane*>(node.get());
     if (plane != nullptr && isFinite(plane->getNormal()) && isFinite(plane->getOrigin())) {
       vtkNew<vtkPlane> item;
-      item->SetNormal(plane->getNormal().data());
-      item->SetOrigin(plane->getOrigin().data());
+      setVtkPlane(*item, plane->getOrigin(), plane->getNormal());
       planes->AddItem(item);
     }
   }
@@ -69,28 +70,115 @@ void peelTranslucency(vtkRenderer& renderer) {
   renderer.SetOcclusionRatio(0.0);
 }
 
+/// Makes a box large enough for a piece, wherever it is shown.
+void addPlacedBounds(const Piece& piece, vtkBoundingBox& box) {
+  vtkBoundingBox own(piece.geometry->GetBounds());
+  forEachPlacement(piece.placements, [&](const double* placement) {
+    for (int corner = 0; corner < 8; ++corner) {
+      Vector3 point;
+      own.GetCorner(corner, point.data());
+      box.AddPoint(placed(point, placement).data());
+    }
+  });
+}
+
 }  // namespace
 
-vtkSmartPointer<vtkRenderer> makeLayer(const lum::SceneCanvas& canvas, CameraBook& cameras) {
-  auto renderer = vtkSmartPointer<vtkRenderer>::New();
+std::unique_ptr<CanvasLayer> CanvasLayer::make(const lum::SceneCanvas& canvas, CameraBook& cameras) {
+  const auto renderer = vtkSmartPointer<vtkRenderer>::New();
   if (!setViewport(*renderer, canvas)) {
     return nullptr;
   }
+  return std::unique_ptr<CanvasLayer>(new CanvasLayer(canvas, *renderer, cameras));
+}
+
+CanvasLayer::CanvasLayer(const lum::SceneCanvas& canvas, vtkRenderer& renderer, CameraBook& cameras)
+    : _canvas(canvas), _renderer(&renderer), _planes(planesOf(canvas)), _decorations(renderer, cameras) {
   // They would take what has no extent, a single point, for invisible.
-  renderer->GetCullers()->RemoveAllItems();
-  peelTranslucency(*renderer);
-  if (const auto* const drawables = canvas.hasDrawableCollection()) {
-    const auto planes = planesOf(canvas);
-    const auto visible = collectVisible(*drawables);
-    for (const Piece& piece : joinSmallPieces(collectPieces(visible))) {
-      addActors(piece, *planes, *renderer);
-    }
-    addDecorations(visible, cameras, *renderer);
-  }
-  setLights(*renderer, canvas.findAttributes<lum::LightingAttributes>());
-  setCamera(*renderer, canvas.hasCameraAttributes());
+  renderer.GetCullers()->RemoveAllItems();
+  peelTranslucency(renderer);
+  followVisibility();
+  setLights(renderer, canvas.findAttributes<lum::LightingAttributes>());
+  resetView();
   if (canvas.hasCameraAttributes() != nullptr) {
-    cameras[canvas.hasCameraAttributes()] = renderer;
+    cameras[canvas.hasCameraAttributes()] = _renderer;
   }
-  return renderer;
+}
+
+void CanvasLayer::followVisibility() {
+  const auto* const drawables = _canvas.hasDrawableCollection();
+  if (drawables == nullptr) {
+    return;
+  }
+  DrawableSet shown;
+  std::vector<VisibleDrawable> added;
+  for (const VisibleDrawable& visible : collectVisible(*drawables)) {
+    shown.insert(visible.drawable);
+    if (!_made.contains(visible.drawable)) {
+      added.push_back(visible);
+    }
+  }
+  add(added);
+  for (Stroke& stroke : _strokes) {
+    stroke.show(shown, _pixelScale);
+  }
+  _decorations.show(shown);
+}
+
+void CanvasLayer::add(const std::vector<VisibleDrawable>& drawables) {
+  for (auto& members : groupForJoining(_collector.collect(drawables))) {
+    _strokes.emplace_back(std::move(members), *_renderer, *_planes);
+  }
+  _decorations.add(drawables);
+  for (const VisibleDrawable& visible : drawables) {
+    _made.insert(visible.drawable);
+  }
+}
+
+void CanvasLayer::scalePixels(double factor) {
+  _pixelScale *= factor;
+  for (Stroke& stroke : _strokes) {
+    stroke.scalePixels(factor);
+  }
+  _decorations.scalePixels(factor);
+}
+
+std::optional<Pick> CanvasLayer::pick(const Vector<2, double>& pixel) const {
+  auto line = SightLine::through(*_renderer, pixel);
+  if (!line) {
+    return std::nullopt;
+  }
+  line->pixelAtOrigin *= _pixelScale;
+  line->pixelGrowth *= _pixelScale;
+  Picker picker(*line, *_planes);
+  for (const Stroke& stroke : _strokes) {
+    stroke.forEachShown([&](const Piece& piece) { picker.look(piece); });
+  }
+  return picker.getNearest();
+}
+
+void CanvasLayer::resetView() {
+  setCamera(*_renderer, _canvas.hasCameraAttributes());
+}
+
+std::optional<Box> CanvasLayer::boundsOf(const lum::Drawable& drawable) const {
+  DrawableSet parts;
+  for (const VisibleDrawable& visible : collectVisible(drawable)) {
+    parts.insert(visible.drawable);
+  }
+  vtkBoundingBox box;
+  for (const Stroke& stroke : _strokes) {
+    stroke.forEachShown([&](const Piece& piece) {
+      if (parts.contains(piece.drawable)) {
+        addPlacedBounds(piece, box);
+      }
+    });
+  }
+  if (!box.IsValid()) {
+    return std::nullopt;
+  }
+  Box result;
+  box.GetMinPoint(result.low.data());
+  box.GetMaxPoint(result.high.data());
+  return result;
 }

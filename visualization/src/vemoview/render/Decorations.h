@@ -1,8 +1,39 @@
 #pragma once
 
 #include "vemoview/render/CameraBook.h"
+#include "vemoview/render/PropGroup.h"
 #include "vemoview/render/VisibleDrawables.h"
 
-/// Puts those drawables into a renderer that have no geometry of their own.
-void addDecorations(const std::vector<VisibleDrawable>& drawables, const CameraBook& cameras,
-                    vtkRenderer& renderer);
+#include <memory>
+#include <vector>
+
+/// The drawables of a renderer that have no geometry of their own: triads,
+/// legends, texts, images.
+class Decorations {
+ public:
+  /// The book is asked whenever triads are added.
+  Decorations(vtkRenderer& renderer, const CameraBook& cameras);
+
+  /// Takes those among the drawables that are some.
+  void add(const std::vector<VisibleDrawable>& drawables);
+
+  /// Shows those of a set, and no others.
+  void show(const DrawableSet& shown);
+
+  /// For lines and points that are added later, too.
+  void scalePixels(double factor);
+
+ private:
+  struct Decoration {
+    const lum::Drawable* drawable;
+    std::unique_ptr<PropGroup> props;
+  };
+
+  bool addOne(const VisibleDrawable& visible);
+
+  vtkSmartPointer<vtkRenderer> _renderer;
+  const CameraBook& _cameras;
+  std::vector<Decoration> _decorations;
+  int _count = 0;
+  double _pixelScale = 1.0;
+};

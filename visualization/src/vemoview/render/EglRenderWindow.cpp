@@ -9,14 +9,18 @@
 
 #include <algorithm>
 
-vtkStandardNewMacro(EglRenderWindow)
+vtkStandardNewMacro(EglRenderWindow);
 
-    namespace {
-  /// GLEW built for X loads every entry point first and then misses a screen,
-  /// which it reports by this number; older headers have no name for it.
-  constexpr GLenum GLEW_FOUND_NO_SCREEN = 4;
+namespace {
+
+/// GLEW built for X loads every entry point first and then misses a screen,
+/// which it reports by this number; older headers have no name for it.
+constexpr GLenum GLEW_FOUND_NO_SCREEN = 4;
 
 }  // namespace
+
+EglContextOwner::EglContextOwner() = default;
+EglContextOwner::~EglContextOwner() = default;
 
 EglRenderWindow::EglRenderWindow() {
   ReadyForRendering = true;
@@ -29,6 +33,7 @@ EglRenderWindow::EglRenderWindow() {
 }
 
 EglRenderWindow::~EglRenderWindow() {
+  _keeper = std::make_unique<CurrentContextKeeper>();
   EglRenderWindow::Finalize();
 }
 
@@ -95,17 +100,10 @@ void EglRenderWindow::Render() {
 }
 
 void EglRenderWindow::Finalize() {
-  if (!_context) {
-    return;
-  }
-  const CurrentContextKeeper keeper;
-  try {
-    _context->makeCurrent();
+  if (_context) {
+    EglRenderWindow::MakeCurrent();
     Superclass::Finalize();
-  } catch (const RenderingUnavailable& error) {
-    vtkWarningMacro("graphics resources are not released: " << error.what());
   }
-  _context.reset();
 }
 
 void EglRenderWindow::MakeCurrent() {

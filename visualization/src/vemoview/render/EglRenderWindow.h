@@ -7,14 +7,27 @@
 
 #include <memory>
 
+class CurrentContextKeeper;
 class EglContext;
+
+/// The OpenGL context of a render window. The window's base class gives things
+/// back to OpenGL to its very end, so this base outlives it.
+class VEMO_RENDER_EXPORT EglContextOwner {
+ protected:
+  EglContextOwner();
+  ~EglContextOwner();
+
+  /// What the calling thread gets back when the context is gone; null as long
+  /// as the window lives.
+  std::unique_ptr<CurrentContextKeeper> _keeper;
+  std::unique_ptr<EglContext> _context;
+};
 
 /// A render window that draws off screen, into memory, through an OpenGL
 /// context of its own that needs no window system.
-class VEMO_RENDER_EXPORT EglRenderWindow : public vtkGenericOpenGLRenderWindow {
-  vtkTypeMacro(EglRenderWindow, vtkGenericOpenGLRenderWindow)
-
-      public : static EglRenderWindow* New();
+class VEMO_RENDER_EXPORT EglRenderWindow : private EglContextOwner, public vtkGenericOpenGLRenderWindow {
+ public:
+  static EglRenderWindow* New();
   EglRenderWindow(const EglRenderWindow&) = delete;
   EglRenderWindow& operator=(const EglRenderWindow&) = delete;
 
@@ -39,7 +52,4 @@ class VEMO_RENDER_EXPORT EglRenderWindow : public vtkGenericOpenGLRenderWindow {
  protected:
   EglRenderWindow();
   ~EglRenderWindow() override;
-
- private:
-  std::unique_ptr<EglContext> _context;
 };

@@ -3,6 +3,7 @@
 #include "scenegraph/Logger.h"
 #include "scenegraph/drawables/Overlays.h"
 #include "vemoview/render/Placements.h"
+#include "vemoview/render/PropGroup.h"
 
 #include <vtkActor.h>
 #include <vtkActor2D.h>
@@ -21,7 +22,6 @@
 #include <vtkPolyDataMapper2D.h>
 #include <vtkProperty.h>
 #include <vtkProperty2D.h>
-#include <vtkRenderer.h>
 #include <vtkTexture.h>
 #include <vtkTexturedActor2D.h>
 
@@ -71,7 +71,7 @@ vtkSmartPointer<vtkPolyData> makePlate(const Vector3& corner, const Vector3& x, 
 }
 
 void addToModel(vtkPolyData* plate, vtkTexture* texture, double opacity, const double* placement,
-                vtkRenderer& renderer) {
+                PropGroup& group) {
   vtkNew<vtkPolyDataMapper> mapper;
   mapper->SetInputData(plate);
   vtkNew<vtkActor> actor;
@@ -82,10 +82,10 @@ void addToModel(vtkPolyData* plate, vtkTexture* texture, double opacity, const d
   if (placement != nullptr) {
     actor->SetUserMatrix(toMatrix(placement));
   }
-  renderer.AddActor(actor);
+  group.add(actor);
 }
 
-void addToWindow(vtkPolyData* plate, vtkTexture* texture, double opacity, vtkRenderer& renderer) {
+void addToWindow(vtkPolyData* plate, vtkTexture* texture, double opacity, PropGroup& group) {
   vtkNew<vtkCoordinate> fractions;
   fractions->SetCoordinateSystemToNormalizedViewport();
   vtkNew<vtkPolyDataMapper2D> mapper;
@@ -96,7 +96,7 @@ void addToWindow(vtkPolyData* plate, vtkTexture* texture, double opacity, vtkRen
   actor->SetTexture(texture);
   actor->GetProperty()->SetOpacity(opacity);
   actor->PickableOff();
-  renderer.AddViewProp(actor);
+  group.add(actor);
 }
 
 /// In a window the axes have no depth.
@@ -108,7 +108,7 @@ bool spansSomething(const Vector3& corner, const Vector3& x, const Vector3& y) {
 
 }  // namespace
 
-void addImage(const lum::ImageDrawable& image, const double* placement, vtkRenderer& renderer) {
+void addImage(const lum::ImageDrawable& image, const double* placement, PropGroup& group) {
   const auto* const attributes = image.findAttributes<lum::ImageAttributes>();
   if (attributes == nullptr || attributes->getPixels() == nullptr) {
     return;
@@ -134,8 +134,8 @@ void addImage(const lum::ImageDrawable& image, const double* placement, vtkRende
   }
   const auto plate = makePlate(corner, x, y);
   if (isInModel) {
-    addToModel(plate, makeTexture(*attributes), opacity, placement, renderer);
+    addToModel(plate, makeTexture(*attributes), opacity, placement, group);
   } else {
-    addToWindow(plate, makeTexture(*attributes), opacity, renderer);
+    addToWindow(plate, makeTexture(*attributes), opacity, group);
   }
 }

@@ -4,7 +4,7 @@
 #include "scenegraph/drawables/Overlays.h"
 #include "vemoview/render/ColorTable.h"
 #include "vemoview/render/LegendTicks.h"
-#include "vemoview/render/RenderHook.h"
+#include "vemoview/render/PropGroup.h"
 #include "vemoview/render/Screen.h"
 #include "vemoview/render/TextLabel.h"
 
@@ -40,12 +40,12 @@ constexpr int MOST_LABELS = 100;
 /// Lines or faces in pixels.
 class FlatShape {
  public:
-  explicit FlatShape(vtkRenderer& renderer) {
+  explicit FlatShape(PropGroup& group) {
     vtkNew<vtkPolyDataMapper2D> mapper;
     mapper->SetInputData(_data);
     _actor->SetMapper(mapper);
     _actor->PickableOff();
-    renderer.AddViewProp(_actor);
+    group.add(_actor);
   }
 
   vtkProperty2D& property() { return *_actor->GetProperty(); }
@@ -97,13 +97,13 @@ lum::LegendAttributes& defaultAttributes() {
 class Legend {
  public:
   Legend(const lum::LegendDrawable& legend, const lum::LegendAttributes& attributes,
-         const lum::TextAttributes* style, vtkRenderer& renderer)
-      : _bar(renderer),
-        _lines(renderer),
+         const lum::TextAttributes* style, PropGroup& group)
+      : _bar(group),
+        _lines(group),
         _isVertical(attributes.getOrientation() == lum::LegendOrientation::VERTICAL),
         _size(attributes.getSize()),
         _format(attributes.getLabelFormat()),
-        _title(attributes.getTitle(), style, TextAlignment{_isVertical ? 0 : 1, 2}, renderer) {
+        _title(attributes.getTitle(), style, TextAlignment{_isVertical ? 0 : 1, 2}, group) {
     if (const auto* const place = legend.findAttributes<lum::PositionAttributes>()) {
       _position = {place->getPosition()[0], place->getPosition()[1]};
     }
@@ -112,7 +112,7 @@ class Legend {
     }
     const int count = std::clamp(attributes.getNumberOfLabels(), 0, MOST_LABELS);
     for (int i = 0; i < count; ++i) {
-      _labels.emplace_back("", style, _isVertical ? TextAlignment{0, 1} : TextAlignment{1, 2}, renderer);
+      _labels.emplace_back("", style, _isVertical ? TextAlignment{0, 1} : TextAlignment{1, 2}, group);
     }
     const std::uint32_t color = style != nullptr ? style->getForegroundColor() : 0xFFU;
     const auto channel = [=](unsigned shift) {
@@ -295,13 +295,13 @@ bool hasPlace(const lum::LegendDrawable& legend, const lum::LegendAttributes& at
 
 }  // namespace
 
-void addLegend(const lum::LegendDrawable& legend, vtkRenderer& renderer) {
+void addLegend(const lum::LegendDrawable& legend, PropGroup& group) {
   const auto* const own = legend.findAttributes<lum::LegendAttributes>();
   const lum::LegendAttributes& attributes = own != nullptr ? *own : defaultAttributes();
   if (legend.hasColorLookupTable() == nullptr || !hasPlace(legend, attributes)) {
     return;
   }
   const auto laidOut =
-      std::make_shared<Legend>(legend, attributes, legend.findAttributes<lum::TextAttributes>(), renderer);
-  beforeEachRender(renderer, [laidOut](vtkRenderer& drawn) { laidOut->layOut(drawn); });
+      std::make_shared<Legend>(legend, attributes, legend.findAttributes<lum::TextAttributes>(), group);
+  group.beforeEachRender([laidOut](vtkRenderer& drawn) { laidOut->layOut(drawn); });
 }

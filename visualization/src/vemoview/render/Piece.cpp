@@ -36,6 +36,8 @@ class PieceBuilder {
   PieceBuilder(const lum::GeometryDrawable& drawable, const lum::PolyDataNode& node,
                const VisibleDrawable& situation)
       : _drawable(drawable), _node(node) {
+    _piece.drawable = &drawable;
+    _piece.node = &node;
     _piece.appearance = Appearance::of(drawable, node);
     _piece.appearance.isClipped = situation.isClipped;
     _piece.placements = situation.placements;
@@ -147,39 +149,31 @@ class PieceBuilder {
   Piece _piece;
 };
 
-/// A small file may have very many pieces share their arrays; what is drawn
-/// takes memory for each of them, and time for each of their copies.
-class SizeLimit {
- public:
-  void count(const Piece& piece) {
-    vtkPolyData& geometry = *piece.geometry;
-    vtkIdType size = geometry.GetNumberOfPoints();
-    for (const CellKind& kind : CELL_KINDS) {
-      size += kind.get(geometry)->GetNumberOfConnectivityIds();
-    }
-    const auto times = piece.placements == nullptr ? 1 : static_cast<vtkIdType>(piece.placements->size());
-    _size += size * times;
-    require(_size, 100'000'000, "points and corners");
-    _copies += times - 1;
-    require(_copies, 200'000, "copies of pieces");
+void require(vtkIdType count, vtkIdType most, const char* what) {
+  if (count > most) {
+    throw RenderError("The scene is too large to be drawn: more than " + std::to_string(most) + " " + what);
   }
-
- private:
-  static void require(vtkIdType count, vtkIdType most, const char* what) {
-    if (count > most) {
-      throw RenderError("The scene is too large to be drawn: more than " + std::to_string(most) + " " + what);
-    }
-  }
-
-  vtkIdType _size = 0;
-  vtkIdType _copies = 0;
-};
+}
 
 }  // namespace
 
-std::vector<Piece> collectPieces(const std::vector<VisibleDrawable>& drawables) {
+/// A small file may have very many pieces share their arrays; what is drawn
+/// takes memory for each of them, and time for each of their copies.
+void PieceCollector::count(const Piece& piece) {
+  vtkPolyData& geometry = *piece.geometry;
+  vtkIdType size = geometry.GetNumberOfPoints();
+  for (const CellKind& kind : CELL_KINDS) {
+    size += kind.get(geometry)->GetNumberOfConnectivityIds();
+  }
+  const auto times = piece.placements == nullptr ? 1 : static_cast<vtkIdType>(piece.placements->size());
+  _size += size * times;
+  require(_size, 100'000'000, "points and corners");
+  _copies += times - 1;
+  require(_copies, 200'000, "copies of pieces");
+}
+
+std::vector<Piece> PieceCollector::collect(const std::vector<VisibleDrawable>& drawables) {
   std::vector<Piece> pieces;
-  SizeLimit limit;
   for (const VisibleDrawable& visible : drawables) {
     const auto* const geometry = dynamic_cast<const lum::GeometryDrawable*>(visible.drawable);
     if (geometry == nullptr) {
@@ -191,7 +185,7 @@ std::vector<Piece> collectPieces(const std::vector<VisibleDrawable>& drawables) 
         continue;
       }
       if (auto piece = PieceBuilder(*geometry, *polyData, visible).build()) {
-        limit.count(*piece);
+        count(*piece);
         for (Piece& part : splitBySize(std::move(*piece), *geometry, *polyData)) {
           pieces.push_back(std::move(part));
         }

@@ -10,6 +10,10 @@
 #include <string>
 #include <vector>
 
+namespace lum {
+class PolyDataNode;
+}
+
 /// A piece of geometry that is seen, with all that is needed to draw it.
 struct Piece {
   enum class Coloring {
@@ -20,6 +24,10 @@ struct Piece {
     POINT_SCALARS,
   };
 
+  /// What it is a piece of, and where its geometry comes from: both are the
+  /// scene's.
+  const lum::Drawable* drawable = nullptr;
+  const lum::PolyDataNode* node = nullptr;
   /// Everything in it can be drawn; its arrays fit.
   vtkSmartPointer<vtkPolyData> geometry;
   Appearance appearance;
@@ -34,6 +42,16 @@ struct Piece {
   bool isOnFaces = false;
 };
 
-/// The visible pieces of drawables, in order. Throws RenderError when together
-/// they are too large to be drawn.
-std::vector<Piece> collectPieces(const std::vector<VisibleDrawable>& drawables);
+/// Makes pieces of drawables, and keeps an eye on their size.
+class PieceCollector {
+ public:
+  /// The pieces of drawables, in order. Throws RenderError when with all those
+  /// collected before they are too large to be drawn.
+  std::vector<Piece> collect(const std::vector<VisibleDrawable>& drawables);
+
+ private:
+  void count(const Piece& piece);
+
+  vtkIdType _size = 0;
+  vtkIdType _copies = 0;
+};

@@ -1,7 +1,7 @@
 #include "vemoview/render/PieceActors.h"
 
 #include "vemoview/render/MirroredActor.h"
-#include "vemoview/render/RenderHook.h"
+#include "vemoview/render/PropGroup.h"
 #include "vemoview/render/Screen.h"
 #include "vemoview/render/SoundGeometry.h"
 
@@ -15,7 +15,6 @@
 #include <vtkPlaneCollection.h>
 #include <vtkPolyDataMapper.h>
 #include <vtkProperty.h>
-#include <vtkRenderer.h>
 #include <vtkTriangleFilter.h>
 
 #include <algorithm>
@@ -133,13 +132,13 @@ vtkSmartPointer<vtkActor> makeActor(const double* placement) {
 constexpr double LARGEST_PIXELS = 256.0;
 
 /// Balls as large as the scale at the middle of the piece makes them.
-void keepModelSize(const Piece& piece, vtkProperty* property, vtkRenderer& renderer) {
+void keepModelSize(const Piece& piece, vtkProperty* property, PropGroup& group) {
   property->RenderPointsAsSpheresOn();
   property->LightingOn();
   Vector<3, double> center;
   piece.geometry->GetCenter(center.data());
   const vtkSmartPointer<vtkProperty> kept = property;
-  beforeEachRender(renderer, [kept, center, size = piece.appearance.pointSize](vtkRenderer& drawn) {
+  group.beforeEachRender([kept, center, size = piece.appearance.pointSize](vtkRenderer& drawn) {
     const double pixels = size * pixelsPerUnit(drawn, center);
     kept->SetPointSize(static_cast<float>(std::clamp(pixels, 1.0, LARGEST_PIXELS)));
   });
@@ -147,7 +146,7 @@ void keepModelSize(const Piece& piece, vtkProperty* property, vtkRenderer& rende
 
 /// One actor for each placement. All have the same property and, unless each is
 /// cut differently, the same mapper.
-vtkProperty& addPlaced(const Piece& piece, vtkPlaneCollection& planes, vtkRenderer& renderer) {
+vtkProperty& addPlaced(const Piece& piece, vtkPlaneCollection& planes, PropGroup& group) {
   vtkNew<vtkProperty> property;
   applyProperties(piece.appearance, *property);
   const bool isCutHere = piece.appearance.isClipped && planes.GetNumberOfItems() > PLANES_IN_MAPPER;
@@ -159,10 +158,10 @@ vtkProperty& addPlaced(const Piece& piece, vtkPlaneCollection& planes, vtkRender
     const auto actor = makeActor(placement);
     actor->SetMapper(mapper);
     actor->SetProperty(property);
-    renderer.AddActor(actor);
+    group.add(actor);
   });
   if (piece.appearance.hasModelSize) {
-    keepModelSize(piece, property, renderer);
+    keepModelSize(piece, property, group);
   }
   return *property;
 }
@@ -174,14 +173,14 @@ Piece part(const Piece& piece, unsigned kinds) {
   return result;
 }
 
-void addEdges(const Piece& piece, vtkPlaneCollection& planes, vtkRenderer& renderer) {
+void addEdges(const Piece& piece, vtkPlaneCollection& planes, PropGroup& group) {
   Piece edges = part(piece, POLYGON_CELLS | STRIP_CELLS);
   if (edges.geometry->GetNumberOfCells() == 0) {
     return;
   }
   edges.coloring = Piece::Coloring::PLAIN;
   edges.appearance.color = edges.appearance.edgeColor;
-  vtkProperty& property = addPlaced(edges, planes, renderer);
+  vtkProperty& property = addPlaced(edges, planes, group);
   property.SetRepresentationToWireframe();
   property.LightingOff();
 }
@@ -208,7 +207,7 @@ vtkSmartPointer<vtkPolyData> contourOf(vtkPolyData& faces) {
   return edges->GetOutput();
 }
 
-void addContour(const Piece& piece, vtkPlaneCollection& planes, vtkRenderer& renderer) {
+void addContour(const Piece& piece, vtkPlaneCollection& planes, PropGroup& group) {
   Piece contour = part(piece, POLYGON_CELLS | STRIP_CELLS);
   if (contour.geometry->GetNumberOfCells() == 0) {
     return;
@@ -220,28 +219,28 @@ void addContour(const Piece& piece, vtkPlaneCollection& planes, vtkRenderer& ren
   contour.isOnFaces = true;
   contour.coloring = Piece::Coloring::PLAIN;
   contour.appearance.color = contour.appearance.edgeColor;
-  addPlaced(contour, planes, renderer).LightingOff();
+  addPlaced(contour, planes, group).LightingOff();
 }
 
 }  // namespace
 
-void addActors(const Piece& piece, vtkPlaneCollection& planes, vtkRenderer& renderer) {
+void addActors(const Piece& piece, vtkPlaneCollection& planes, PropGroup& group) {
   const Appearance& appearance = piece.appearance;
   if (appearance.hasContour) {
-    addContour(piece, planes, renderer);
+    addContour(piece, planes, group);
   }
   if (appearance.kind != Appearance::Kind::SURFACE || appearance.hasFaces) {
-    vtkProperty& property = addPlaced(piece, planes, renderer);
+    vtkProperty& property = addPlaced(piece, planes, group);
     property.SetEdgeVisibility(appearance.kind == Appearance::Kind::SURFACE && appearance.hasEdges);
     property.SetEdgeColor(appearance.edgeColor[0], appearance.edgeColor[1], appearance.edgeColor[2]);
     return;
   }
   if (appearance.hasEdges) {
-    addEdges(piece, planes, renderer);
+    addEdges(piece, planes, group);
   }
   // Lines and vertices of a surface are no faces: they stay.
   const Piece rest = part(piece, VERTEX_CELLS | LINE_CELLS);
   if (rest.geometry->GetNumberOfCells() > 0) {
-    addPlaced(rest, planes, renderer);
+    addPlaced(rest, planes, group);
   }
 }

@@ -2,9 +2,9 @@
 
 #include "vemoview/render/Piece.h"
 
+class PropGroup;
 class vtkPlaneCollection;
-class vtkRenderer;
 
-/// Puts what draws a piece into a renderer. The planes cut it if its appearance
+/// Puts what draws a piece into a group. The planes cut it if its appearance
 /// says so.
-void addActors(const Piece& piece, vtkPlaneCollection& planes, vtkRenderer& renderer);
+void addActors(const Piece& piece, vtkPlaneCollection& planes, PropGroup& group);

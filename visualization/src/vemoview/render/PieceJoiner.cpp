@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <numeric>
 #include <tuple>
 
 namespace {
@@ -26,7 +27,7 @@ constexpr vtkIdType FULL = 2000000;
 /// Fewer pieces are not worth their joining.
 constexpr std::size_t FEW = 16;
 
-using Members = std::vector<std::size_t>;
+using Members = std::vector<const Piece*>;
 
 bool hasCellColors(const Piece& piece) {
   return piece.coloring == Piece::Coloring::CELL_SCALARS;
@@ -48,12 +49,13 @@ bool isSmall(const Piece& piece) {
   return std::max(piece.geometry->GetNumberOfPoints(), piece.geometry->GetNumberOfCells()) <= SMALL;
 }
 
-std::vector<Members> groupSmallPieces(const std::vector<Piece>& pieces) {
+/// The numbers of the small pieces, in groups that look alike.
+std::vector<std::vector<std::size_t>> groupSmallPieces(const std::vector<Piece>& pieces) {
   struct Group {
     std::size_t index;
     vtkIdType points;
   };
-  std::vector<Members> groups;
+  std::vector<std::vector<std::size_t>> groups;
   std::map<decltype(likeness(pieces.front())), Group> open;
   for (std::size_t i = 0; i < pieces.size(); ++i) {
     if (!isSmall(pieces[i])) {
@@ -101,7 +103,7 @@ vtkSmartPointer<vtkDataArray> concatenate(const std::vector<Run>& runs) {
 
 class Joiner {
  public:
-  Joiner(const std::vector<Piece>& pieces, const Members& members) : _pieces(pieces), _members(members) {}
+  explicit Joiner(const Members& members) : _members(members) {}
 
   Piece join() {
     Piece result;
@@ -121,14 +123,13 @@ class Joiner {
   }
 
  private:
-  const Piece& first() const { return _pieces[_members.front()]; }
+  const Piece& first() const { return *_members.front(); }
 
   template <class GetArray>
   vtkSmartPointer<vtkDataArray> joinPointArrays(GetArray&& getArray) const {
     std::vector<Run> runs;
-    for (const std::size_t member : _members) {
-      const Piece& piece = _pieces[member];
-      runs.push_back({getArray(piece), 0, piece.geometry->GetNumberOfPoints()});
+    for (const Piece* const member : _members) {
+      runs.push_back({getArray(*member), 0, member->geometry->GetNumberOfPoints()});
     }
     return concatenate(runs);
   }
@@ -140,7 +141,7 @@ class Joiner {
     std::vector<vtkIdType> places(_members.size(), 0);
     for (const CellKind& kind : CELL_KINDS) {
       for (std::size_t i = 0; i < _members.size(); ++i) {
-        const Piece& piece = _pieces[_members[i]];
+        const Piece& piece = *_members[i];
         const vtkIdType count = kind.get(*piece.geometry)->GetNumberOfCells();
         runs.push_back({getArray(piece), places[i], count});
         places[i] += count;
@@ -152,8 +153,8 @@ class Joiner {
   vtkSmartPointer<vtkCellArray> joinCells(const CellKind& kind) const {
     vtkIdType cells = 0;
     vtkIdType indices = 0;
-    for (const std::size_t member : _members) {
-      vtkCellArray& from = *kind.get(*_pieces[member].geometry);
+    for (const Piece* const member : _members) {
+      vtkCellArray& from = *kind.get(*member->geometry);
       cells += from.GetNumberOfCells();
       indices += from.GetNumberOfConnectivityIds();
     }
@@ -161,8 +162,8 @@ class Joiner {
     joined->Use32BitStorage();
     joined->AllocateExact(cells, indices);
     vtkIdType firstPoint = 0;
-    for (const std::size_t member : _members) {
-      vtkPolyData& from = *_pieces[member].geometry;
+    for (const Piece* const member : _members) {
+      vtkPolyData& from = *member->geometry;
       joined->Append(kind.get(from), firstPoint);
       firstPoint += from.GetNumberOfPoints();
     }
@@ -201,8 +202,8 @@ class Joiner {
 
   void joinColors(Piece& result) const {
     std::map<const Piece*, vtkSmartPointer<vtkUnsignedCharArray>> colors;
-    for (const std::size_t member : _members) {
-      colors[&_pieces[member]] = colorsOf(_pieces[member]);
+    for (const Piece* const member : _members) {
+      colors[member] = colorsOf(*member);
     }
     const auto getColors = [&colors](const Piece& piece) { return colors.at(&piece).Get(); };
     const bool isAtCells = hasCellColors(first());
@@ -217,26 +218,34 @@ class Joiner {
     result.scalars = COLORS;
   }
 
-  const std::vector<Piece>& _pieces;
   const Members& _members;
 };
 
 }  // namespace
 
-std::vector<Piece> joinSmallPieces(std::vector<Piece> pieces) {
-  if (pieces.size() < FEW) {
-    return pieces;
-  }
-  for (const Members& members : groupSmallPieces(pieces)) {
-    if (members.size() < FEW) {
-      continue;
+std::vector<std::vector<Piece>> groupForJoining(std::vector<Piece> pieces) {
+  // The first of the group that each piece is in.
+  std::vector<std::size_t> leaders(pieces.size());
+  std::iota(leaders.begin(), leaders.end(), std::size_t{0});
+  for (const auto& group : groupSmallPieces(pieces)) {
+    if (group.size() >= FEW) {
+      for (const std::size_t member : group) {
+        leaders[member] = group.front();
+      }
     }
-    Piece joined = Joiner(pieces, members).join();
-    for (const std::size_t member : members) {
-      pieces[member].geometry = nullptr;
-    }
-    pieces[members.front()] = std::move(joined);
   }
-  std::erase_if(pieces, [](const Piece& piece) { return piece.geometry == nullptr; });
-  return pieces;
+  std::vector<std::vector<Piece>> result;
+  std::vector<std::size_t> places(pieces.size());
+  for (std::size_t i = 0; i < pieces.size(); ++i) {
+    if (leaders[i] == i) {
+      places[i] = result.size();
+      result.emplace_back();
+    }
+    result[places[leaders[i]]].push_back(std::move(pieces[i]));
+  }
+  return result;
+}
+
+Piece join(const std::vector<const Piece*>& members) {
+  return members.size() == 1 ? *members.front() : Joiner(members).join();
 }

@@ -3,25 +3,22 @@
 #include "scenegraph/SceneNode.h"
 #include "vemoview/render/Background.h"
 #include "vemoview/render/CanvasLayer.h"
+#include "vemoview/render/Highlight.h"
 
 #include <vtkActor.h>
 #include <vtkActorCollection.h>
-#include <vtkProperty.h>
 #include <vtkRenderWindow.h>
 #include <vtkRenderer.h>
 
-#include <set>
+#include <algorithm>
 
 namespace {
 
-/// Calls visit(vtkActor&) for every actor of a renderer until it returns true;
-/// whether it did.
-template <class Visit>
-bool findActor(vtkRenderer& renderer, Visit&& visit) {
+bool isTranslucent(vtkRenderer& renderer) {
   vtkCollectionSimpleIterator place;
   vtkActorCollection& actors = *renderer.GetActors();
   for (actors.InitTraversal(place); vtkActor* const actor = actors.GetNextActor(place);) {
-    if (visit(*actor)) {
+    if (actor->GetVisibility() != 0 && actor->HasTranslucentPolygonalGeometry() != 0) {
       return true;
     }
   }
@@ -31,68 +28,143 @@ bool findActor(vtkRenderer& renderer, Visit&& visit) {
 }  // namespace
 
 SceneRenderer::SceneRenderer(const lum::SceneNode& scene) {
-  CameraBook cameras;
   addBackground(scene.hasBackgroundCanvas());
-  addLayer(scene.hasBackgroundCanvas(), cameras);
-  addLayer(scene.hasModelCanvas(), cameras);
-  addLayer(scene.hasForegroundCanvas(), cameras);
-  addLayer(scene.hasOrientationCanvas(), cameras);
+  addLayer(scene.hasBackgroundCanvas());
+  _model = addLayer(scene.hasModelCanvas());
+  addLayer(scene.hasForegroundCanvas());
+  addLayer(scene.hasOrientationCanvas());
 }
 
-SceneRenderer::~SceneRenderer() = default;
+SceneRenderer::~SceneRenderer() {
+  if (_window != nullptr) {
+    _window->MakeCurrent();
+    for (vtkRenderer* const renderer : renderers()) {
+      _window->RemoveRenderer(renderer);
+    }
+  }
+}
 
 /// Whatever part of the window the canvas has, all of it gets the background.
 void SceneRenderer::addBackground(const lum::SceneCanvas* canvas) {
-  const auto renderer = vtkSmartPointer<vtkRenderer>::New();
-  renderer->InteractiveOff();
+  _background = vtkSmartPointer<vtkRenderer>::New();
+  _background->InteractiveOff();
   const auto* const colors =
       canvas != nullptr ? canvas->findAttributes<lum::BackgroundAttributes>() : nullptr;
   if (colors != nullptr) {
-    setBackground(*renderer, *colors);
+    setBackground(*_background, *colors);
   }
-  _layers.push_back(renderer);
 }
 
-void SceneRenderer::addLayer(const lum::SceneCanvas* canvas, CameraBook& cameras) {
-  if (canvas != nullptr && canvas->hasDrawableCollection() != nullptr) {
-    if (const auto renderer = makeLayer(*canvas, cameras)) {
-      _layers.push_back(renderer);
-    }
+/// Null when nothing of the canvas is to be seen.
+CanvasLayer* SceneRenderer::addLayer(const lum::SceneCanvas* canvas) {
+  if (canvas == nullptr || canvas->hasDrawableCollection() == nullptr) {
+    return nullptr;
   }
+  auto layer = CanvasLayer::make(*canvas, _cameras);
+  if (layer == nullptr) {
+    return nullptr;
+  }
+  _layers.push_back(std::move(layer));
+  return _layers.back().get();
+}
+
+/// From back to front.
+std::vector<vtkRenderer*> SceneRenderer::renderers() const {
+  std::vector<vtkRenderer*> result{_background};
+  for (const auto& layer : _layers) {
+    result.push_back(&layer->getRenderer());
+  }
+  if (_highlight != nullptr) {
+    result.push_back(&_highlight->getRenderer());
+  }
+  return result;
 }
 
 bool SceneRenderer::hasTranslucency() const {
-  for (const auto& layer : _layers) {
-    if (findActor(*layer, [](vtkActor& actor) { return actor.HasTranslucentPolygonalGeometry() != 0; })) {
-      return true;
-    }
-  }
-  return false;
+  return std::ranges::any_of(renderers(), [](vtkRenderer* renderer) { return isTranslucent(*renderer); });
 }
 
 void SceneRenderer::scalePixels(double factor) {
-  // Copies of a piece share a property.
-  std::set<vtkProperty*> scaled;
   for (const auto& layer : _layers) {
-    findActor(*layer, [&](vtkActor& actor) {
-      vtkProperty& property = *actor.GetProperty();
-      if (!scaled.insert(&property).second) {
-        return false;
-      }
-      property.SetLineWidth(property.GetLineWidth() * static_cast<float>(factor));
-      property.SetPointSize(property.GetPointSize() * static_cast<float>(factor));
-      return false;
-    });
+    layer->scalePixels(factor);
   }
 }
 
 void SceneRenderer::addTo(vtkRenderWindow& window, int samples) {
+  _window = &window;
+  _samples = samples;
   // The colours behind a translucent surface are kept with their opacity.
   window.SetAlphaBitPlanes(1);
-  window.SetMultiSamples(hasTranslucency() ? 0 : samples);
-  window.SetNumberOfLayers(static_cast<int>(_layers.size()));
-  for (std::size_t i = 0; i < _layers.size(); ++i) {
-    _layers[i]->SetLayer(static_cast<int>(i));
-    window.AddRenderer(_layers[i]);
+  setSamples();
+  const auto all = renderers();
+  window.SetNumberOfLayers(static_cast<int>(all.size()));
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    all[i]->SetLayer(static_cast<int>(i));
+    window.AddRenderer(all[i]);
+  }
+}
+
+void SceneRenderer::setSamples() {
+  _window->SetMultiSamples(hasTranslucency() ? 0 : _samples);
+}
+
+void SceneRenderer::followVisibility() {
+  if (_window != nullptr) {
+    // What is not drawn any more is given back to OpenGL.
+    _window->MakeCurrent();
+  }
+  for (const auto& layer : _layers) {
+    layer->followVisibility();
+  }
+  if (_window != nullptr) {
+    setSamples();
+  }
+}
+
+std::optional<Pick> SceneRenderer::pick(const Vector<2, double>& pixel) {
+  return _model != nullptr ? _model->pick(pixel) : std::nullopt;
+}
+
+/// Null without a model.
+Highlight* SceneRenderer::highlight() {
+  if (_highlight == nullptr && _model != nullptr) {
+    _highlight = std::make_unique<Highlight>(_model->getRenderer());
+    if (_window != nullptr) {
+      const int layer = _window->GetNumberOfLayers();
+      _window->SetNumberOfLayers(layer + 1);
+      _highlight->getRenderer().SetLayer(layer);
+      _window->AddRenderer(&_highlight->getRenderer());
+    }
+  }
+  return _highlight.get();
+}
+
+void SceneRenderer::outline(const lum::Drawable* drawable) {
+  if (Highlight* const highlight = this->highlight()) {
+    highlight->outline(drawable != nullptr ? _model->boundsOf(*drawable) : std::nullopt);
+  }
+}
+
+void SceneRenderer::mark(const std::optional<Vector<3, double>>& point) {
+  if (Highlight* const highlight = this->highlight()) {
+    highlight->mark(point);
+  }
+}
+
+void SceneRenderer::showHighlight(bool isShown) {
+  if (_highlight != nullptr) {
+    _highlight->getRenderer().SetDraw(isShown);
+  }
+}
+
+void SceneRenderer::resetView() {
+  for (const auto& layer : _layers) {
+    layer->resetView();
+  }
+}
+
+void SceneRenderer::frameModel() {
+  if (_model != nullptr) {
+    _model->getRenderer().ResetCamera();
   }
 }

@@ -2,7 +2,7 @@
 
 #include "scenegraph/drawables/Overlays.h"
 #include "vemoview/render/Placements.h"
-#include "vemoview/render/RenderHook.h"
+#include "vemoview/render/PropGroup.h"
 #include "vemoview/render/Screen.h"
 #include "vemoview/render/TextLabel.h"
 
@@ -16,7 +16,7 @@ constexpr double LINE_HEIGHT = 0.04;
 
 }  // namespace
 
-void addText(const lum::TextDrawable& text, const double* placement, vtkRenderer& renderer) {
+void addText(const lum::TextDrawable& text, const double* placement, PropGroup& group) {
   const auto* const attributes = text.findAttributes<lum::AnnotationAttributes>();
   if (attributes == nullptr || attributes->getText().empty()) {
     return;
@@ -30,8 +30,8 @@ void addText(const lum::TextDrawable& text, const double* placement, vtkRenderer
       style != nullptr && style->getFontSize() > 0.0 ? std::min(style->getFontSize(), 1.0) : LINE_HEIGHT;
   const TextAlignment alignment{static_cast<int>(attributes->getHorizontalAlignment()),
                                 static_cast<int>(attributes->getVerticalAlignment())};
-  TextLabel label(attributes->getText(), style, alignment, renderer);
-  beforeEachRender(renderer, [=](vtkRenderer& drawn) mutable {
+  TextLabel label(attributes->getText(), style, alignment, group);
+  group.beforeEachRender([=](vtkRenderer& drawn) mutable {
     label.setLineHeight(height * windowHeight(drawn), drawn);
     if (isInModel) {
       label.moveTo(position, drawn);

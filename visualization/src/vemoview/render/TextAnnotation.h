@@ -1,12 +1,12 @@
 #pragma once
 
-class vtkRenderer;
+class PropGroup;
 
 namespace lum {
 class TextDrawable;
 }
 
-/// Puts a text into a renderer, at its place in the window or, always facing the
+/// Puts a text into a group, at its place in the window or, always facing the
 /// viewer and never covered, at its place in the model. `placement` moves the
 /// latter; null moves nothing.
-void addText(const lum::TextDrawable& text, const double* placement, vtkRenderer& renderer);
+void addText(const lum::TextDrawable& text, const double* placement, PropGroup& group);

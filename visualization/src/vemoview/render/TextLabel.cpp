@@ -1,6 +1,7 @@
 #include "vemoview/render/TextLabel.h"
 
 #include "scenegraph/attributes/TextAttributes.h"
+#include "vemoview/render/PropGroup.h"
 #include "vemoview/render/Screen.h"
 
 #include <vtkRenderWindow.h>
@@ -86,7 +87,7 @@ void applyStyle(const lum::TextAttributes* style, vtkTextProperty& property) {
 }  // namespace
 
 TextLabel::TextLabel(const std::string& text, const lum::TextAttributes* style,
-                     const TextAlignment& alignment, vtkRenderer& renderer)
+                     const TextAlignment& alignment, PropGroup& group)
     : _actor(vtkSmartPointer<vtkTextActor>::New()) {
   setText(text);
   vtkTextProperty& property = *_actor->GetTextProperty();
@@ -94,7 +95,7 @@ TextLabel::TextLabel(const std::string& text, const lum::TextAttributes* style,
   property.SetJustification(alignment.horizontal);
   property.SetVerticalJustification(alignment.vertical);
   _actor->PickableOff();
-  renderer.AddViewProp(_actor);
+  group.add(_actor);
 }
 
 void TextLabel::setText(const std::string& text) {

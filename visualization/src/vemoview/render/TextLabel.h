@@ -6,6 +6,7 @@
 
 #include <string>
 
+class PropGroup;
 class vtkRenderer;
 class vtkTextActor;
 
@@ -23,11 +24,11 @@ struct TextAlignment {
 /// A text of one or more lines that faces the viewer.
 class TextLabel {
  public:
-  /// Puts the text into the renderer, in the style of the attributes (null for
+  /// Puts the text into the group, in the style of the attributes (null for
   /// that of fresh ones) but for its size. Bytes that are no UTF-8 become
   /// question marks; what is too long to be read is cut off.
   TextLabel(const std::string& text, const lum::TextAttributes* style, const TextAlignment& alignment,
-            vtkRenderer& renderer);
+            PropGroup& group);
 
   void setText(const std::string& text);
 

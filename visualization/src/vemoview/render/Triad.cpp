@@ -1,7 +1,7 @@
 #include "vemoview/render/Triad.h"
 
 #include "scenegraph/drawables/TriadDrawable.h"
-#include "vemoview/render/RenderHook.h"
+#include "vemoview/render/PropGroup.h"
 #include "vemoview/render/Screen.h"
 #include "vemoview/render/TextLabel.h"
 #include "vemoview/render/View.h"
@@ -125,12 +125,12 @@ Vector3 turned(vtkMatrix4x4& matrix, const Vector3& direction) {
 class PlacedTriad {
  public:
   PlacedTriad(const lum::TriadDrawable& triad, const double* placement, const CameraBook& cameras,
-              vtkRenderer& renderer)
+              PropGroup& group)
       : _actor(makeArrows()), _frame(frameOf(triad)) {
     if (const auto* const attributes = triad.findAttributes<lum::TriadAttributes>()) {
       _hasScreenSize = attributes->getUseConstantPixelSize();
       _labelHeight = attributes->getAxisLabelHeight();
-      addLabels(*attributes, triad.findAttributes<lum::TextAttributes>(), renderer);
+      addLabels(*attributes, triad.findAttributes<lum::TextAttributes>(), group);
     }
     if (const auto* const place = triad.findAttributes<lum::PositionAttributes>()) {
       _position = place->getPosition();
@@ -141,7 +141,7 @@ class PlacedTriad {
     findCamera(triad.getCameraAttributes(), cameras);
     // Until the size on the screen is known, the triad counts as a point.
     setMatrix(_hasScreenSize ? 1e-6 : LENGTH, _frame);
-    renderer.AddActor(_actor);
+    group.add(_actor);
   }
 
   void update(vtkRenderer& renderer) {
@@ -169,11 +169,10 @@ class PlacedTriad {
   }
 
  private:
-  void addLabels(const lum::TriadAttributes& attributes, const lum::TextAttributes* style,
-                 vtkRenderer& renderer) {
+  void addLabels(const lum::TriadAttributes& attributes, const lum::TextAttributes* style, PropGroup& group) {
     for (const std::string& text :
          {attributes.getXAxisLabelText(), attributes.getYAxisLabelText(), attributes.getZAxisLabelText()}) {
-      _labels.emplace_back(text, style, TextAlignment{1, 1}, renderer);
+      _labels.emplace_back(text, style, TextAlignment{1, 1}, group);
     }
   }
 
@@ -235,11 +234,11 @@ class PlacedTriad {
 }  // namespace
 
 void addTriad(const lum::TriadDrawable& triad, const double* placement, const CameraBook& cameras,
-              vtkRenderer& renderer) {
+              PropGroup& group) {
   const auto* const place = triad.findAttributes<lum::PositionAttributes>();
   if (place != nullptr && !std::isfinite(length(place->getPosition()))) {
     return;
   }
-  const auto placed = std::make_shared<PlacedTriad>(triad, placement, cameras, renderer);
-  beforeEachRender(renderer, [placed](vtkRenderer& drawn) { placed->update(drawn); });
+  const auto placed = std::make_shared<PlacedTriad>(triad, placement, cameras, group);
+  group.beforeEachRender([placed](vtkRenderer& drawn) { placed->update(drawn); });
 }

@@ -2,6 +2,7 @@
 
 #include "vemoview/render/Placements.h"
 
+#include <unordered_set>
 #include <vector>
 
 namespace lum {
@@ -15,6 +16,8 @@ struct VisibleDrawable {
   bool isClipped;
   SharedPlacements placements;
 };
+
+using DrawableSet = std::unordered_set<const lum::Drawable*>;
 
 /// The visible ones among a drawable and all that it owns, owners first, in
 /// order. Throws RenderError when they have more placements than can be held.

@@ -1,0 +1,205 @@
+#include "render/SceneWindow.h"
+#include "scenegraph/transforms/Transform.h"
+
+#include <vtkPointData.h>
+#include <vtkPoints.h>
+
+#include <gtest/gtest.h>
+#include <numbers>
+#include <optional>
+#include <random>
+
+namespace {
+
+using Point = Vector<3, double>;
+
+constexpr int SIZE = RenderScene::SIZE;
+
+class Picking : public testing::Test {
+ protected:
+  /// What is seen at a place of the picture, both from -1 to 1.
+  std::optional<Pick> pick(double x, double y) {
+    if (!_window) {
+      _window.emplace(scene);
+    }
+    return _window->renderer.pick({(x + 1) / 2 * SIZE, (y + 1) / 2 * SIZE});
+  }
+
+  /// As {cell, point}; {-9, -9} for nothing.
+  std::pair<vtkIdType, vtkIdType> cellAndPoint(double x, double y) {
+    const auto found = pick(x, y);
+    return found ? std::pair(found->cell, found->point) : std::pair<vtkIdType, vtkIdType>(-9, -9);
+  }
+
+  RenderScene scene;
+
+ private:
+  std::optional<SceneWindow> _window;
+};
+
+using Found = std::pair<vtkIdType, vtkIdType>;
+constexpr Found NOTHING{-9, -9};
+
+void expectNear(const Point& found, const Point& expected, double tolerance = 1e-6) {
+  for (std::size_t i = 0; i < 3; ++i) {
+    EXPECT_NEAR(found[i], expected[i], tolerance) << i;
+  }
+}
+
+TEST_F(Picking, FindsTheNearestFace) {
+  const auto& far = scene.addSurface(makeRectangle(-0.8F, 0.4F, -0.5F, 0.5F, -1), {1, 0, 0});
+  const auto& near = scene.addSurface(makeRectangle(0, 0.8F, -0.5F, 0.5F, 1), {0, 1, 0});
+  const auto found = pick(0.1, -0.2);
+  ASSERT_TRUE(found);
+  EXPECT_EQ(found->drawable, &near);
+  EXPECT_EQ(found->node, near.getNodes()[0].get());
+  EXPECT_EQ(found->cell, 0);
+  EXPECT_EQ(found->point, 0);
+  expectNear(found->position, {0.1, -0.2, 1});
+  expectNear(found->pointPosition, {0, -0.5, 1});
+  ASSERT_TRUE(pick(-0.1, 0));
+  EXPECT_EQ(pick(-0.1, 0)->drawable, &far);
+  EXPECT_FALSE(pick(0.1, 0.6));
+  EXPECT_FALSE(pick(1.5, 0)) << "outside the window";
+}
+
+TEST_F(Picking, NumbersCellsOfAllKinds) {
+  const auto mixed = makePolyData({{-0.9F, 0.8F, 0},
+                                   {-0.5F, 0.8F, 0},
+                                   {-0.9F, 0.4F, 0},
+                                   {-0.5F, 0.4F, 0},  // line
+                                   {0, 0, 0},
+                                   {0.4F, 0, 0},
+                                   {0.4F, 0.4F, 0},
+                                   {0.2F, 0.1F, 0},
+                                   {0, 0.4F, 0},  // polygon, notched on top
+                                   {-0.9F, -0.9F, 0},
+                                   {-0.9F, -0.5F, 0},
+                                   {-0.5F, -0.9F, 0},
+                                   {-0.5F, -0.5F, 0},
+                                   {-0.1F, -0.9F, 0},  // strip
+                                   {0.8F, -0.8F, 0}},  // vertex
+                                  {.verts = {{14}},
+                                   .lines = {{0, 1}, {2, 3}},
+                                   .polys = {{4, 5, 6, 7, 8}},
+                                   .strips = {{9, 10, 11, 12, 13}}});
+  scene.addSurface(mixed, {1, 1, 1});
+  EXPECT_EQ(cellAndPoint(0.8, -0.79), Found(0, 14)) << "a vertex, from beside it";
+  EXPECT_EQ(cellAndPoint(-0.8, 0.8), Found(1, 0));
+  EXPECT_EQ(cellAndPoint(-0.55, 0.41), Found(2, 3)) << "a line, from beside it";
+  EXPECT_EQ(cellAndPoint(-0.55, 0.5), NOTHING);
+  EXPECT_EQ(cellAndPoint(0.05, 0.3), Found(3, 8));
+  EXPECT_EQ(cellAndPoint(0.35, 0.3), Found(3, 6));
+  EXPECT_EQ(cellAndPoint(0.2, 0.3), NOTHING) << "in the notch";
+  EXPECT_EQ(cellAndPoint(-0.85, -0.6), Found(4, 10));
+  EXPECT_EQ(cellAndPoint(-0.2, -0.85), Found(4, 13));
+}
+
+TEST_F(Picking, ReadsWideNumbersAndFindsNoGapBetweenTriangles) {
+  auto square = makeRectangle(-0.5F, 0.5F, -0.5F, 0.5F);
+  vtkNew<vtkPoints> points;
+  points->SetDataTypeToDouble();
+  points->DeepCopy(square->GetPoints());
+  square->SetPoints(points);
+  square->GetPolys()->ConvertTo64BitStorage();
+  scene.addSurface(square, {1, 1, 1});
+  // On the diagonal, from corner to corner.
+  for (int i = -49; i <= 49; ++i) {
+    EXPECT_TRUE(pick(0.01 * i, 0.01 * i)) << i;
+  }
+}
+
+TEST_F(Picking, FindsLinesAndPointsBeforeTheFacesThatTheyLieOn) {
+  scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 1, 1});
+  const auto& line =
+      scene.add<lum::PolyLineDrawable>(makePolyData({{-0.5F, 0, 0}, {0.5F, 0, 0}}, {.lines = {{0, 1}}}));
+  const auto& points = scene.add<lum::PointSphereDrawable>(makePolyData({{0, 0.5F, 0}, {0.5F, 0.5F, 0}}, {}));
+  EXPECT_EQ(pick(0.2, 0.02)->drawable, &line);
+  EXPECT_NE(pick(0.2, 0.2)->drawable, &line);
+  const auto point = pick(0.5, 0.51);
+  EXPECT_EQ(point->drawable, &points);
+  EXPECT_EQ(point->cell, -1) << "no cell names it";
+  EXPECT_EQ(point->point, 1);
+  expectNear(point->pointPosition, {0.5, 0.5, 0});
+}
+
+TEST_F(Picking, LooksThroughSurfacesThatShowTheirEdgesOnly) {
+  const auto& behind = scene.addSurface(makeRectangle(-1, 1, -1, 1, -1), {1, 1, 1});
+  auto& wires = scene.addSurface(makeRectangle(-0.5F, 0.5F, -0.5F, 0.5F), {1, 1, 1});
+  wires.getAttributes<lum::SurfaceAttributes>().setShaded(false);
+  wires.getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
+  EXPECT_EQ(pick(0, 0)->drawable, &behind);
+  EXPECT_EQ(pick(0, 0.5)->drawable, &wires);
+  EXPECT_EQ(pick(-0.5, 0)->drawable, &wires) << "the last edge closes the polygon";
+}
+
+TEST_F(Picking, FindsWhatATransformShows) {
+  auto& surface = scene.addSurface(makeRectangle(0, 0.1F, 0, 0.1F), {1, 1, 1});
+  lum::Ptr<lum::PeriodicRepeatTransform> repeat(new lum::PeriodicRepeatTransform(
+      lum::ClassNameNodeInitializer(lum::PeriodicRepeatTransform::getClassName())));
+  repeat->setRotationAngle(std::numbers::pi / 2);
+  repeat->setRotationAxis({0, 0, 1});
+  repeat->setScale({2, 2, 1});
+  repeat->setNumRepeats(3);
+  surface.getBaseAttributes().setTransform(repeat.get());
+  const auto third = pick(-0.3, -0.3);
+  ASSERT_TRUE(third);
+  EXPECT_EQ(third->point, 2);
+  expectNear(third->position, {-0.3, -0.3, 0});
+  expectNear(third->pointPosition, {-0.4, -0.4, 0});
+  EXPECT_FALSE(pick(0.3, -0.3));
+}
+
+TEST_F(Picking, FindsNothingThatIsCutAwayOrHidden) {
+  const auto& behind = scene.addSurface(makeRectangle(-1, 1, -1, 1, -1), {1, 1, 1});
+  const auto& cut = scene.addSurface(makeRectangle(-0.5F, 0.5F, -0.5F, 0.5F, 0.5F), {1, 1, 1});
+  auto& hidden = scene.addSurface(makeRectangle(-1, 1, -1, 1, 1), {1, 1, 1});
+  hidden.getBaseAttributes().setVisibility(false, false);
+  lum::Ptr<lum::Plane> plane(new lum::Plane(lum::ClassNameNodeInitializer(lum::Plane::getClassName())));
+  plane->setNormal({1, 0, 0});
+  scene.canvas().getClipPlanesAttributes().getClippingPlanes().addNode(*plane);
+  EXPECT_EQ(pick(0.2, 0)->drawable, &cut);
+  EXPECT_FALSE(pick(-0.2, 0));
+  EXPECT_EQ(pick(0.7, 0)->drawable, &behind);
+}
+
+/// Pieces of any shape, seen in perspective, in each its own colour.
+TEST_F(Picking, FindsWhatThePictureShows) {
+  std::mt19937 random(7);
+  std::uniform_real_distribution<float> place(-1.0F, 1.0F);
+  std::vector<const lum::Drawable*> drawables;
+  for (int i = 0; i < 60; ++i) {
+    const bool isStrip = i % 2 == 0;
+    std::vector<std::array<float, 3>> points;
+    for (int j = 0; j < 5; ++j) {
+      points.push_back({place(random), place(random), place(random)});
+    }
+    const auto geometry = makePolyData(
+        points, isStrip ? Cells{.strips = {{0, 1, 2, 3, 4}}} : Cells{.polys = {{0, 1, 2}, {2, 3, 4}}});
+    auto& surface = scene.addSurface(geometry, {(i + 1) * 4 / 255.0, 0, 0});
+    auto& material = surface.getAttributes<lum::MaterialAttributes>();
+    material.setAmbient(1);
+    material.setDiffuse(0);
+    drawables.push_back(&surface);
+  }
+  auto& camera = scene.canvas().getCameraAttributes();
+  camera.setProjectionMode(lum::CameraAttributes::ProjectionMode::PERSPECTIVE);
+  camera.setPosition({3, 2, 4});
+  const Picture picture = SceneWindow(scene).draw();
+  int wrong = 0;
+  int seen = 0;
+  for (int row = 2; row < SIZE; row += 5) {
+    for (int column = 2; column < SIZE; column += 5) {
+      const auto found = pick(2 * (column + 0.5) / SIZE - 1, 1 - 2 * (row + 0.5) / SIZE);
+      const int red = picture.at(column, row)[0];
+      const auto* const shown = red < 4 ? nullptr : drawables[static_cast<std::size_t>(red / 4 - 1)];
+      seen += shown != nullptr ? 1 : 0;
+      wrong += (found ? found->drawable : nullptr) == shown ? 0 : 1;
+    }
+  }
+  EXPECT_GT(seen, 1000);
+  // Where edges meet the middle of a pixel, rounding decides.
+  EXPECT_LE(wrong, 2);
+}
+
+}  // namespace

@@ -1,0 +1,114 @@
+#include "render/SceneWindow.h"
+#include "scenegraph/drawables/Overlays.h"
+#include "scenegraph/drawables/TriadDrawable.h"
+#include "scenegraph/transforms/Transform.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// As many pieces as are joined, and all else that can be shown.
+class Visibility : public testing::Test {
+ protected:
+  static constexpr int PIECES = 40;
+
+  Visibility() {
+    for (int i = 0; i < PIECES; ++i) {
+      const float left = -0.993F + 0.048F * static_cast<float>(i);
+      auto& surface = scene.addSurface(makeRectangle(left, left + 0.03F, -0.9F, -0.5F), {5 * i / 255.0, 1, 0});
+      surface.getAttributes<lum::ContourAttributes>().setContourVisible(i % 2 == 0);
+      drawables.push_back(&surface);
+    }
+    auto& points =
+        scene.add<lum::PointSphereDrawable>(makePolyData({{0, 0, 0}, {0.2F, 0, 0}}, {.verts = {{0}, {1}}}));
+    points.getAttributes<lum::PointSizeAttributes>().setPointSize(8);
+    drawables.push_back(&points);
+    auto& text = scene.drawables().findOrCreate<lum::TextDrawable>("text");
+    text.getAnnotationAttributes().setText("Text");
+    text.getTextAttributes().setForegroundColor(0xFFFFFFFF);
+    drawables.push_back(&text);
+    auto& triad = scene.drawables().findOrCreate<lum::TriadDrawable>("triad");
+    triad.getTriadAttributes();
+    drawables.push_back(&triad);
+    auto& legend = scene.drawables().findOrCreate<lum::LegendDrawable>("legend");
+    legend.getLegendAttributes().setTitle("Legend");
+    legend.getColorLookupTable();
+    legend.getTextAttributes().setForegroundColor(0xFFFFFFFF);
+    legend.getPositionAttributes().setPosition({0.7, 0.5, 0}, false);
+    drawables.push_back(&legend);
+  }
+
+  void hide(const std::function<bool(std::size_t)>& isHidden) {
+    for (std::size_t i = 0; i < drawables.size(); ++i) {
+      drawables[i]->getBaseAttributes().setVisibility(!isHidden(i), false);
+    }
+  }
+
+  RenderScene scene;
+  std::vector<lum::Drawable*> drawables;
+};
+
+TEST_F(Visibility, IsFollowedAsIfTheSceneWereOpenedAnew) {
+  const std::pair<const char*, std::function<bool(std::size_t)>> steps[] = {
+      {"some hidden", [](std::size_t i) { return i % 3 == 0; }},
+      {"others hidden", [](std::size_t i) { return i % 3 == 1; }},
+      {"all hidden", [](std::size_t) { return true; }},
+      {"the same again", [](std::size_t i) { return i % 3 == 1; }},
+      {"one piece left", [](std::size_t i) { return i != 5; }},
+      {"all shown", [](std::size_t) { return false; }}};
+  // What is hidden at first is made when it is shown.
+  hide([](std::size_t i) { return i % 2 == 0; });
+  SceneWindow followed(scene);
+  for (const auto& [name, isHidden] : steps) {
+    SCOPED_TRACE(name);
+    hide(isHidden);
+    followed.renderer.followVisibility();
+    EXPECT_EQ(countDifferences(followed.draw(), SceneWindow(scene).draw(), 0), 0);
+  }
+}
+
+TEST_F(Visibility, KeepsThePixelScaleOfWhatIsShownLater) {
+  const auto drawWide = [this](bool isLater) {
+    hide([=](std::size_t) { return isLater; });
+    SceneWindow window(scene);
+    window.renderer.scalePixels(3);
+    hide([](std::size_t) { return false; });
+    window.renderer.followVisibility();
+    return window.draw();
+  };
+  EXPECT_EQ(countDifferences(drawWide(true), drawWide(false), 0), 0);
+}
+
+TEST_F(Visibility, TakesNothingFromTheCameraThatAUserTurned) {
+  SceneWindow window(scene);
+  const Picture all = window.draw();
+  hide([](std::size_t i) { return i > 3; });
+  window.renderer.followVisibility();
+  window.renderer.frameModel();
+  EXPECT_NE(window.draw(), SceneWindow(scene).draw()) << "what is left fills the picture";
+  hide([](std::size_t) { return false; });
+  window.renderer.followVisibility();
+  EXPECT_NE(window.draw(), all);
+  window.renderer.resetView();
+  EXPECT_EQ(window.draw(), all);
+}
+
+TEST_F(Visibility, HighlightsInFrontOfAllAndCanLeaveItOut) {
+  SceneWindow window(scene);
+  const Picture plain = window.draw();
+  window.renderer.outline(drawables[3]);
+  window.renderer.mark(Vector<3, double>{0.001, 0.501, 0});
+  const Picture marked = window.draw();
+  const Picture::Pixel color{255, 115, 0};
+  EXPECT_GT(countPixels(marked, color, 3), 60);
+  EXPECT_EQ(marked.at(RenderScene::SIZE / 2, RenderScene::SIZE / 4), color);
+  window.renderer.showHighlight(false);
+  EXPECT_EQ(window.draw(), plain);
+  window.renderer.showHighlight(true);
+  window.renderer.outline(nullptr);
+  window.renderer.mark(std::nullopt);
+  EXPECT_EQ(window.draw(), plain);
+}
+
+}  // namespace
