@@ -129,29 +129,35 @@ std::vector<Sample> followRay(double parameter) {
   return way;
 }
 
-/// Rays that leave the earthquake, on top, at equal steps of their angle.
+void addRay(Geometry& rays, DataArray& minutes, const std::vector<Sample>& way, double side) {
+  constexpr std::size_t SAMPLES_PER_POINT = 8;
+  std::vector<Point> line;
+  for (std::size_t i = 0; i < way.size(); ++i) {
+    if (i % SAMPLES_PER_POINT == 0 || i + 1 == way.size()) {
+      line.push_back(inSection(way[i].radius, side * way[i].angle, 0.006));
+      minutes.values.push_back(way[i].time / 60.0);
+    }
+  }
+  addLine(rays, line);
+}
+
+/// Rays that leave the earthquake, on top, to both sides at equal steps of their
+/// angle.
 Geometry makeRays() {
   constexpr int RAYS = 33;
   constexpr double STEEPEST = 1.5;
   constexpr double FLATTEST = 58.0;
-  constexpr std::size_t SAMPLES_PER_POINT = 8;
   Geometry rays;
   rays.name = "rays";
-  DataArray time{"time", true, {}};
-  for (int i = 0; i < 2 * RAYS; ++i) {
-    const double degrees = STEEPEST + (FLATTEST - STEEPEST) * (i / 2) / (RAYS - 1);
-    const double side = i % 2 == 0 ? 1.0 : -1.0;
+  DataArray minutes{"time", true, {}};
+  for (int ray = 0; ray < RAYS; ++ray) {
+    const double degrees = STEEPEST + (FLATTEST - STEEPEST) * ray / (RAYS - 1);
     const std::vector<Sample> way = followRay(std::sin(degrees * pi / 180.0) / speedAt(1.0));
-    std::vector<Point> line;
-    for (std::size_t s = 0; s < way.size(); ++s) {
-      if (s % SAMPLES_PER_POINT == 0 || s + 1 == way.size()) {
-        line.push_back(inSection(way[s].radius, side * way[s].angle, 0.006));
-        time.values.push_back(way[s].time / 60.0);
-      }
+    for (const double side : {1.0, -1.0}) {
+      addRay(rays, minutes, way, side);
     }
-    addLine(rays, line);
   }
-  rays.arrays.push_back(time);
+  rays.arrays.push_back(minutes);
   return rays;
 }
 

@@ -81,14 +81,13 @@ Geometry makeBlade() {
   constexpr double ROOT = 0.8 * HUB_RADIUS;
   // Dense at the tip, where the blade is round.
   const auto radiusOf = [](double row) { return ROOT + (0.9995 - ROOT) * std::sin(pi / 2.0 * row); };
-  Geometry blade = makeSheet("blade", RADII, AROUND,
-                             [&](double row, double column) { return bladePoint(radiusOf(row), column); });
-  DataArray load{"circulation", true, {}};
   const double greatest = largest(circulation);
-  for (int point = 0; point < RADII * AROUND; ++point) {
-    load.values.push_back(circulation(radiusOf(static_cast<double>(point / AROUND) / (RADII - 1))) /
-                          greatest);
-  }
+  DataArray load{"circulation", true, {}};
+  Geometry blade = makeSheet("blade", RADII, AROUND, [&](double row, double column) {
+    const double radius = radiusOf(row);
+    load.values.push_back(circulation(radius) / greatest);
+    return bladePoint(radius, column);
+  });
   blade.arrays.push_back(load);
   return blade;
 }
