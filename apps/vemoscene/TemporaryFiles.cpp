@@ -1,6 +1,7 @@
 #include "TemporaryFiles.h"
 
 #include "ExitCode.h"
+#include "platform/AtomicFile.h"
 
 #include <cerrno>
 #include <csignal>
@@ -94,7 +95,7 @@ void useOwnTemporaryFolder() {
 
 void removePartialOutputWhenEnded(const std::string& output) {
   std::error_code ignored;
-  // Links followed: the file beside what a link leads to is meant.
-  const std::filesystem::path target = std::filesystem::weakly_canonical(output, ignored);
-  callWhenEnded(blockEndingSignals(), [folder = target.parent_path()] { removeOpenTemporaryFiles(folder); });
+  const std::filesystem::path target = OS::followLinks(std::filesystem::absolute(output, ignored));
+  const std::filesystem::path folder = std::filesystem::weakly_canonical(target.parent_path(), ignored);
+  callWhenEnded(blockEndingSignals(), [folder] { removeOpenTemporaryFiles(folder); });
 }

@@ -50,29 +50,36 @@ TEST(Picture, KeepsItsPixelsInAPngFile) {
   EXPECT_EQ(image->GetScalarComponentAsDouble(1, 0, 0, 1), 0);
 }
 
-TEST(Picture, ReplacesAnOldFileThroughLinksAndLeavesNothingElse) {
+TEST(Picture, FollowsLinksAndLeavesNothingElse) {
   const TemporaryFolder folder;
   const Picture picture = makePicture();
   std::ofstream(folder / "old.png") << "old";
+  fs::permissions(folder / "old.png", fs::perms::owner_all);
   fs::create_symlink("old.png", folder / "link.png");
+  fs::create_symlink("new.png", folder / "dangling.png");
   const mode_t mask = ::umask(0027);
   picture.writePng(folder / "link.png");
+  picture.writePng(folder / "dangling.png");
   ::umask(mask);
   EXPECT_TRUE(fs::is_symlink(folder / "link.png"));
+  EXPECT_TRUE(fs::is_symlink(folder / "dangling.png"));
   EXPECT_EQ(readBytes(folder / "old.png"), picture.toPng());
-  EXPECT_EQ(fs::status(folder / "old.png").permissions(), static_cast<fs::perms>(0640));
-  EXPECT_EQ(countFiles(folder), 2);
+  EXPECT_EQ(fs::status(folder / "old.png").permissions(), fs::perms::owner_all);
+  EXPECT_EQ(fs::status(folder / "new.png").permissions(), static_cast<fs::perms>(0640));
+  EXPECT_EQ(countFiles(folder), 4);
 }
 
 TEST(Picture, SaysWhenItCannotBeWritten) {
   const TemporaryFolder folder;
   const Picture picture = makePicture();
   const std::string tooLong(300, 'x');
-  for (const fs::path& bad :
-       {folder / "no folder/a.png", folder / "", folder / tooLong, fs::path("/dev/full")}) {
+  fs::create_symlink("no folder/a.png", folder / "dangling.png");
+  for (const fs::path& bad : {folder / "no folder/a.png", folder / "dangling.png", folder / "",
+                              folder / tooLong, fs::path("/dev/full")}) {
     EXPECT_THROW(picture.writePng(bad), PictureWriteError) << bad;
   }
-  EXPECT_EQ(countFiles(folder), 0);
+  EXPECT_TRUE(fs::is_symlink(folder / "dangling.png"));
+  EXPECT_EQ(countFiles(folder), 1);
 }
 
 TEST(Picture, ShrinksToTheMeansOfSquares) {

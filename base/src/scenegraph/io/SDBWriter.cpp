@@ -1,5 +1,6 @@
 #include "scenegraph/io/SDBWriter.h"
 
+#include "platform/AtomicFile.h"
 #include "platform/WidePath.h"
 #include "scenegraph/Logger.h"
 #include "scenegraph/io/ChunkIO.h"
@@ -78,6 +79,9 @@ io::FileIoStatus statusOf(Operation&& operation) {
   } catch (const io::FileError& error) {
     VEMO_LOG_ERROR(error.what());
     return error.getStatus();
+  } catch (const OS::FileWriteError& error) {
+    VEMO_LOG_ERROR(error.what());
+    return io::FileIoStatus::WriteError;
   }
 }
 

@@ -5,6 +5,6 @@
 #include <span>
 
 /// Writes a file whole: a reader sees the old file or the new one, never a part
-/// of it. A link is followed; what is no regular file (a pipe, a device) is
+/// of it. Links are followed; what is no regular file (a pipe, a device) is
 /// written straight. Throws PictureWriteError, which names path and cause.
 void writeWholeFile(const std::filesystem::path& path, std::span<const std::uint8_t> bytes);
