@@ -159,7 +159,7 @@ TEST_F(SdbTrust, SaysWhatIsWrong) {
       {withHeader("\"version\": 1", "\"version\": 2"), "of version 2"},
       {bytes + "more", "does not end the file"},
       {bytes.substr(0, bytes.size() - 1) + '\x7F', "index is damaged"},
-      {brokenArray, "Array 0 \"Points\": its bytes are damaged"},
+      {brokenArray, ".sdb: Record 0: Array 0 \"Points\": its bytes are damaged"},
   };
   for (const Case& each : cases) {
     EXPECT_THAT(tryToRead(each.content), HasSubstr(each.message));

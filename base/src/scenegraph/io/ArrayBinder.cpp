@@ -90,13 +90,18 @@ std::vector<std::uint32_t>::const_iterator ArrayBinder::findUses(std::size_t chu
                                   [this](std::uint32_t use) { return std::size_t{_uses[use].chunk}; });
 }
 
-bool ArrayBinder::isExpected(std::size_t chunk) {
-  const auto use = findUses(chunk);
-  return use != _byChunk.end() && _uses[*use].chunk == chunk;
+std::vector<std::size_t> ArrayBinder::getExpected() {
+  sortUses();
+  std::vector<std::size_t> chunks;
+  for (const std::uint32_t use : _byChunk) {
+    if (chunks.empty() || chunks.back() != _uses[use].chunk) {
+      chunks.push_back(_uses[use].chunk);
+    }
+  }
+  return chunks;
 }
 
 std::string ArrayBinder::provide(std::size_t chunk, vtkDataArray& array) {
-  _arrays.resize(std::max(_arrays.size(), chunk + 1));
   _arrays[chunk] = &array;
   std::string fault;
   for (auto use = findUses(chunk); use != _byChunk.end() && _uses[*use].chunk == chunk; ++use) {
@@ -148,7 +153,7 @@ std::string ArrayBinder::complete(std::uint32_t number) {
 std::string ArrayBinder::putArrays(const Waiting& waiting, FieldList& fields) {
   const auto end = _uses.begin() + static_cast<std::ptrdiff_t>(waiting.firstUse + waiting.useCount);
   for (auto use = end - static_cast<std::ptrdiff_t>(waiting.useCount); use != end; ++use) {
-    vtkDataArray& array = *_arrays[use->chunk];
+    vtkDataArray& array = *_arrays.at(use->chunk);
     const Field& field = fields[use->place];
     if (const auto* single = std::get_if<vtkSmartPointer<vtkDataArray>*>(&field.value)) {
       **single = &array;
@@ -156,7 +161,7 @@ std::string ArrayBinder::putArrays(const Waiting& waiting, FieldList& fields) {
       (*table)->emplace_back(&array);
     } else {
       ++use;
-      auto cells = makeCells(array, *_arrays[use->chunk]);
+      auto cells = makeCells(array, *_arrays.at(use->chunk));
       if (!cells) {
         return std::string(field.name) + ": offsets and connectivity are not integers of one type";
       }

@@ -27,8 +27,9 @@ class ArrayBinder {
   void expectFor(Node& node, bool isNew);
   void expect(std::size_t place, std::size_t chunk);
 
-  bool isExpected(std::size_t chunk);
-  bool has(std::size_t chunk) const { return chunk < _arrays.size() && _arrays[chunk]; }
+  /// The chunks that any node has waited for, in ascending order.
+  std::vector<std::size_t> getExpected();
+  bool has(std::size_t chunk) const { return _arrays.contains(chunk); }
 
   /// Takes an array. What is wrong with the first of the nodes that are
   /// complete now; empty when nothing is.
@@ -57,7 +58,8 @@ class ArrayBinder {
   std::string complete(std::uint32_t waiting);
   std::string putArrays(const Waiting& waiting, FieldList& fields);
 
-  std::vector<vtkSmartPointer<vtkDataArray>> _arrays;
+  // Not by their place in a vector: a record may use few of many chunks.
+  std::unordered_map<std::size_t, vtkSmartPointer<vtkDataArray>> _arrays;
   std::vector<Use> _uses;
   // Numbers of uses, in the order of their chunks.
   std::vector<std::uint32_t> _byChunk;

@@ -36,6 +36,16 @@ std::ifstream openFile(const std::string& path) {
   return file;
 }
 
+/// Does something; errors say where in which file, in the words of a function.
+template <class Place, class Action>
+auto at(Place&& describePlace, Action&& action) {
+  try {
+    return action();
+  } catch (const io::FileError& error) {
+    throw io::FileError(error.getStatus(), fmt::format("{}: {}", describePlace(), error.what()));
+  }
+}
+
 }  // namespace
 
 class SDBReader::Database {
@@ -48,10 +58,7 @@ class SDBReader::Database {
     io::ArrayBinder binder;
     io::GraphDecoder decoder(_index.getTables(), binder, sessionId);
     const Ptr<Node> root = decoder.decode(_index.getRecords()[record].graph);
-    for (std::size_t chunk = 0; chunk < _index.getTables().getChunks().size(); ++chunk) {
-      if (!binder.isExpected(chunk)) {
-        continue;
-      }
+    for (const std::size_t chunk : binder.getExpected()) {
       const std::string fault = binder.provide(chunk, *readChunk(chunk));
       if (!fault.empty()) {
         throw io::FileError(io::FileIoStatus::ReadError, fault);
@@ -79,13 +86,11 @@ class SDBReader::Database {
   template <class Action>
   void atChunk(std::size_t chunk, Action&& action) {
     const io::ChunkRow& row = _index.getTables().getChunks()[chunk];
-    try {
-      _source.seek(_index.getOffset(chunk));
-      action(row);
-    } catch (const io::FileError& error) {
-      throw io::FileError(error.getStatus(), fmt::format("Array {} \"{}\": {}", chunk,
-                                                         _index.getTables().getName(row), error.what()));
-    }
+    at([&] { return fmt::format("Array {} \"{}\"", chunk, _index.getTables().getName(row)); },
+       [&] {
+         _source.seek(_index.getOffset(chunk));
+         action(row);
+       });
   }
 
   std::ifstream _file;
@@ -93,13 +98,8 @@ class SDBReader::Database {
   io::DatabaseIndex _index;
 };
 
-SDBReader::SDBReader(const std::wstring& path) {
-  const std::string native = toNativePath(path);
-  try {
-    _database = std::make_unique<Database>(native);
-  } catch (const io::FileError& error) {
-    throw io::FileError(error.getStatus(), native + ": " + error.what());
-  }
+SDBReader::SDBReader(const std::wstring& path) : _path(toNativePath(path)) {
+  _database = at([this] { return _path; }, [this] { return std::make_unique<Database>(_path); });
   for (const auto& record : _database->getIndex().getRecords()) {
     _records.push_back({record.title, record.description, record.simUUID});
   }
@@ -118,13 +118,14 @@ std::vector<SDBReader::Array> SDBReader::getArrays() const {
 
 Ptr<Node> SDBReader::readNode(std::size_t record, int sessionId) {
   VEMO_REQUIRE(record < _records.size(), "There is no record " + std::to_string(record));
-  return _database->readNode(record, sessionId);
+  return at([&] { return fmt::format("{}: Record {}", _path, record); },
+            [&] { return _database->readNode(record, sessionId); });
 }
 
 void SDBReader::checkArray(std::size_t array) {
   VEMO_REQUIRE(array < _database->getIndex().getTables().getChunks().size(),
                "There is no array " + std::to_string(array));
-  _database->checkChunk(array);
+  at([this] { return _path; }, [&] { _database->checkChunk(array); });
 }
 
 }  // namespace lum

@@ -15,7 +15,7 @@ namespace lum {
 class Node;
 
 /// Reads a scene-graph database. All failures are io::FileError, with a status
-/// and a text that says what is wrong; broken files are never half read.
+/// and a text that says what is wrong in which file; broken files are never half read.
 ///
 /// Not everything that a later version wrote can be understood: a field that
 /// is unknown here is passed over; a node of an unknown class is left out with
@@ -55,6 +55,7 @@ class VEMO_SCENEGRAPH_EXPORT SDBReader {
 
  private:
   class Database;
+  std::string _path;
   std::unique_ptr<Database> _database;
   std::vector<Record> _records;
 };
