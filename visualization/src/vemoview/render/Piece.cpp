@@ -14,6 +14,7 @@
 #include <vtkNew.h>
 #include <vtkPointData.h>
 #include <vtkPoints.h>
+#include <vtkUnsignedCharArray.h>
 
 #include <algorithm>
 #include <optional>
@@ -172,6 +173,18 @@ void PieceCollector::count(const Piece& piece) {
   require(_copies, 200'000, "copies of pieces");
 }
 
+void PieceCollector::shareTable(Piece& piece) {
+  if (piece.table == nullptr) {
+    return;
+  }
+  vtkLookupTable& table = *piece.table;
+  std::string content = table.GetClassName();
+  content.append(reinterpret_cast<const char*>(table.GetRange()), 2 * sizeof(double));
+  content.append(reinterpret_cast<const char*>(table.GetPointer(0)),
+                 static_cast<std::size_t>(table.GetTable()->GetNumberOfValues()));
+  piece.table = _tables.try_emplace(content, piece.table).first->second;
+}
+
 std::vector<Piece> PieceCollector::collect(const std::vector<VisibleDrawable>& drawables) {
   std::vector<Piece> pieces;
   for (const VisibleDrawable& visible : drawables) {
@@ -186,6 +199,7 @@ std::vector<Piece> PieceCollector::collect(const std::vector<VisibleDrawable>& d
       }
       if (auto piece = PieceBuilder(*geometry, *polyData, visible).build()) {
         count(*piece);
+        shareTable(*piece);
         for (Piece& part : splitBySize(std::move(*piece), *geometry, *polyData)) {
           pieces.push_back(std::move(part));
         }

@@ -7,6 +7,7 @@
 #include <vtkPolyData.h>
 #include <vtkSmartPointer.h>
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -35,7 +36,8 @@ struct Piece {
   /// The name of the scalars' array.
   std::string scalars;
   /// From scalars to colours; without one the scalars are colours themselves
-  /// (bytes of red, green, blue, alpha).
+  /// (bytes of red, green, blue, alpha). Pieces of one collector whose tables are
+  /// equal share one.
   vtkSmartPointer<vtkLookupTable> table;
   SharedPlacements placements;
   /// Whether its lines lie on faces, and must not sink into them.
@@ -51,7 +53,10 @@ class PieceCollector {
 
  private:
   void count(const Piece& piece);
+  void shareTable(Piece& piece);
 
+  /// By what is in them.
+  std::map<std::string, vtkSmartPointer<vtkLookupTable>> _tables;
   vtkIdType _size = 0;
   vtkIdType _copies = 0;
 };

@@ -33,16 +33,36 @@ bool hasCellColors(const Piece& piece) {
   return piece.coloring == Piece::Coloring::CELL_SCALARS;
 }
 
+bool hasPointScalars(const Piece& piece) {
+  return piece.coloring == Piece::Coloring::POINT_SCALARS;
+}
+
+vtkDataArray* scalarsOf(const Piece& piece) {
+  vtkDataSetAttributes* const data = hasCellColors(piece)
+                                         ? static_cast<vtkDataSetAttributes*>(piece.geometry->GetCellData())
+                                         : piece.geometry->GetPointData();
+  return data->GetArray(piece.scalars.c_str());
+}
+
+/// What the values at points are, between which a face has further ones: it
+/// needs the values themselves, and one table for all.
+auto pointScalars(const Piece& piece) {
+  const bool isByPoints = hasPointScalars(piece);
+  vtkDataArray* const scalars = isByPoints ? scalarsOf(piece) : nullptr;
+  return std::make_tuple(isByPoints ? piece.table.Get() : nullptr, isByPoints ? scalars->GetDataType() : 0,
+                         isByPoints ? scalars->GetNumberOfComponents() : 0);
+}
+
 /// Pieces with the same answer can be drawn at one stroke.
 auto likeness(const Piece& piece) {
   const Appearance& look = piece.appearance;
   vtkPolyData& geometry = *piece.geometry;
-  return std::make_tuple(look.kind, look.hasFaces, look.hasEdges, look.hasContour, look.isClipped,
-                         look.edgeColor.values, look.opacity, look.lineWidth, look.pointSize,
-                         look.hasModelSize, look.ambient, look.diffuse, look.specular, look.specularPower,
-                         piece.placements.get(), hasCellColors(piece), geometry.GetPoints()->GetDataType(),
-                         geometry.GetPointData()->GetNormals() != nullptr,
-                         geometry.GetCellData()->GetNormals() != nullptr);
+  return std::make_tuple(
+      look.kind, look.hasFaces, look.hasEdges, look.hasContour, look.isClipped, look.edgeColor.values,
+      look.opacity, look.lineWidth, look.pointSize, look.hasModelSize, look.ambient, look.diffuse,
+      look.specular, look.specularPower, piece.placements.get(), hasCellColors(piece), pointScalars(piece),
+      geometry.GetPoints()->GetDataType(), geometry.GetPointData()->GetNormals() != nullptr,
+      geometry.GetCellData()->GetNormals() != nullptr);
 }
 
 bool isSmall(const Piece& piece) {
@@ -183,12 +203,8 @@ class Joiner {
 
   /// The bytes of one piece's colours: red, green, blue, alpha.
   static vtkSmartPointer<vtkUnsignedCharArray> colorsOf(const Piece& piece) {
-    if (piece.coloring != Piece::Coloring::PLAIN) {
-      vtkDataSetAttributes* const data =
-          hasCellColors(piece) ? static_cast<vtkDataSetAttributes*>(piece.geometry->GetCellData())
-                               : piece.geometry->GetPointData();
-      return vtk::TakeSmartPointer(
-          piece.table->MapScalars(data->GetArray(piece.scalars.c_str()), VTK_COLOR_MODE_MAP_SCALARS, -1));
+    if (hasCellColors(piece)) {
+      return vtk::TakeSmartPointer(piece.table->MapScalars(scalarsOf(piece), VTK_COLOR_MODE_MAP_SCALARS, -1));
     }
     auto colors = vtkSmartPointer<vtkUnsignedCharArray>::New();
     colors->SetNumberOfComponents(CHANNELS);
@@ -201,21 +217,32 @@ class Joiner {
   }
 
   void joinColors(Piece& result) const {
+    if (hasPointScalars(first())) {
+      result.table = first().table;
+      setScalars(result, Piece::Coloring::POINT_SCALARS, joinPointArrays(scalarsOf));
+      return;
+    }
     std::map<const Piece*, vtkSmartPointer<vtkUnsignedCharArray>> colors;
     for (const Piece* const member : _members) {
       colors[member] = colorsOf(*member);
     }
     const auto getColors = [&colors](const Piece& piece) { return colors.at(&piece).Get(); };
-    const bool isAtCells = hasCellColors(first());
-    const auto joined = isAtCells ? joinCellArrays(getColors) : joinPointArrays(getColors);
-    joined->SetName(COLORS);
-    if (isAtCells) {
-      result.geometry->GetCellData()->AddArray(joined);
+    if (hasCellColors(first())) {
+      setScalars(result, Piece::Coloring::CELL_SCALARS, joinCellArrays(getColors));
     } else {
-      result.geometry->GetPointData()->AddArray(joined);
+      setScalars(result, Piece::Coloring::POINT_SCALARS, joinPointArrays(getColors));
     }
-    result.coloring = isAtCells ? Piece::Coloring::CELL_SCALARS : Piece::Coloring::POINT_SCALARS;
+  }
+
+  static void setScalars(Piece& result, Piece::Coloring coloring, vtkDataArray* scalars) {
+    scalars->SetName(COLORS);
+    result.coloring = coloring;
     result.scalars = COLORS;
+    vtkPolyData& geometry = *result.geometry;
+    vtkDataSetAttributes* const data = coloring == Piece::Coloring::CELL_SCALARS
+                                           ? static_cast<vtkDataSetAttributes*>(geometry.GetCellData())
+                                           : geometry.GetPointData();
+    data->AddArray(scalars);
   }
 
   const Members& _members;
