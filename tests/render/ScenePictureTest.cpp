@@ -33,53 +33,6 @@ Pixel at(const Picture& picture, double x, double y) {
   return picture.at(static_cast<int>((x + 1) / 2 * SIZE), static_cast<int>((1 - y) / 2 * SIZE));
 }
 
-// ---- Background ----
-
-struct BackgroundCase {
-  lum::BackgroundColorModes mode;
-  // The colours at the middle of each side and in the centre, as the share of
-  // colour 2 in per cent.
-  int top, bottom, left, right, centre, corner;
-};
-
-class Background : public testing::TestWithParam<BackgroundCase> {};
-
-TEST_P(Background, RunsFromColor1ToColor2) {
-  const BackgroundCase& expected = GetParam();
-  RenderScene scene;
-  auto& background = scene.node().getBackgroundCanvas().getBackgroundAttributes();
-  background.setColorMode(expected.mode);
-  background.setSolidColor({0.4, 0.4, 0.4});
-  background.setColor1({1, 0, 0});
-  background.setColor2({0, 0, 1});
-  const Picture picture = scene.render();
-  const auto expectShare = [&](int column, int row, int percent) {
-    const Pixel pixel = picture.at(column, row);
-    EXPECT_NEAR(pixel[2] / 2.55, percent, 1.5) << column << ", " << row;
-    EXPECT_NEAR(pixel[0] + pixel[2], 255, 1) << column << ", " << row;
-  };
-  if (expected.mode == lum::BackgroundColorModes::SOLID) {
-    EXPECT_EQ(countPixels(picture, {102, 102, 102}, 0), SIZE * SIZE);
-    return;
-  }
-  expectShare(MIDDLE, 0, expected.top);
-  expectShare(MIDDLE, SIZE - 1, expected.bottom);
-  expectShare(0, MIDDLE, expected.left);
-  expectShare(SIZE - 1, MIDDLE, expected.right);
-  expectShare(MIDDLE, MIDDLE, expected.centre);
-  expectShare(SIZE - 1, 0, expected.corner);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Modes, Background,
-    testing::Values(BackgroundCase{lum::BackgroundColorModes::SOLID, 0, 0, 0, 0, 0, 0},
-                    BackgroundCase{lum::BackgroundColorModes::TOP_BOTTOM, 0, 100, 50, 50, 50, 0},
-                    BackgroundCase{lum::BackgroundColorModes::BOTTOM_TOP, 100, 0, 50, 50, 50, 100},
-                    BackgroundCase{lum::BackgroundColorModes::LEFT_RIGHT, 50, 50, 0, 100, 50, 100},
-                    BackgroundCase{lum::BackgroundColorModes::RIGHT_LEFT, 50, 50, 100, 0, 50, 0},
-                    BackgroundCase{lum::BackgroundColorModes::RADIAL, 71, 71, 71, 71, 0, 100}),
-    [](const auto& one) { return "Mode" + std::to_string(static_cast<int>(one.param.mode)); });
-
 // ---- Surfaces ----
 
 TEST(ScenePicture, ShowsASurfaceInItsKeyedColour) {
@@ -295,37 +248,6 @@ TEST(ScenePicture, LooksThroughTheCameraOrFramesTheScene) {
 
 // ---- Lights ----
 
-TEST(ScenePicture, LightsFromTheRightAndFromAbove) {
-  // Two sides of a roof, seen from above the ridge: left and right.
-  const auto roof = makePolyData({{-1, -1, 0}, {0, -1, 1}, {1, -1, 0}, {-1, 1, 0}, {0, 1, 1}, {1, 1, 0}},
-                                 {.polys = {{0, 1, 4, 3}, {1, 2, 5, 4}}});
-  RenderScene scene;
-  scene.addSurface(roof, {1, 1, 1});
-  lum::Ptr<lum::Light> light(new lum::Light(lum::ClassNameNodeInitializer(lum::Light::getClassName())));
-  scene.canvas().getLightingAttributes().getLights().addNode(*light);
-  struct {
-    double azimuth, elevation, intensity, left, right;
-  } const cases[] = {{0, 0, 1, 0.707, 0.707},
-                     {45, 0, 1, 0, 1},
-                     {-45, 0, 0.5, 0.5, 0},
-                     {0, 60, 1, 0.354, 0.354},
-                     {45, 60, 1, 0, 0.5}};
-  for (const auto& expected : cases) {
-    light->setAngles(expected.azimuth, expected.elevation);
-    light->setIntensity(expected.intensity);
-    light->setColor({1.0, 0.5, 0.0});
-    const Picture picture = scene.render();
-    SCOPED_TRACE(expected.azimuth);
-    for (const auto& [x, brightness] : {std::pair(-0.5, expected.left), {0.5, expected.right}}) {
-      // Both sides stand at half a right angle to the light that fills.
-      const double filled = std::min(1.0, brightness + 0.25 * expected.intensity * 0.707);
-      EXPECT_NEAR(at(picture, x, 0)[0], 255 * filled, 2);
-      EXPECT_NEAR(at(picture, x, 0)[1], 127.5 * (brightness + 0.25 * expected.intensity * 0.707), 2);
-      EXPECT_EQ(at(picture, x, 0)[2], 0);
-    }
-  }
-}
-
 TEST(ScenePicture, StandsManyAndSenselessLights) {
   RenderScene scene;
   scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 1, 1});
@@ -335,6 +257,19 @@ TEST(ScenePicture, StandsManyAndSenselessLights) {
     scene.canvas().getLightingAttributes().getLights().addNode(*light);
   }
   EXPECT_NEAR(at(scene.render(), 0, 0)[0], 255 * (16.0 + 0.25) / 32, 2);
+}
+
+TEST(ScenePicture, BringsSenselessMaterialsIntoTheirBounds) {
+  RenderScene scene;
+  auto& surface = scene.addSurface(makeRectangle(-1, 1, -1, 1), {0.5, 0, 0});
+  auto& material = surface.getAttributes<lum::MaterialAttributes>();
+  material.setAmbient(0.25);
+  material.setDiffuse(NAN_F);
+  material.setSpecular(-1);
+  material.setSpecularPower(INFINITY);
+  EXPECT_NEAR(at(scene.render(), 0, 0)[0], 255 * 0.625, 2) << "diffuse as by default";
+  material.setAmbient(7);
+  EXPECT_NEAR(at(scene.render(), 0, 0)[0], 255, 2);
 }
 
 // ---- Many pieces ----

@@ -1,0 +1,143 @@
+#include "features/DirectDrawing.h"
+
+#include "features/FeatureScene.h"
+#include "vemoview/import/GeometryItem.h"
+#include "vemoview/render/EglRenderWindow.h"
+
+#include <vtkActor.h>
+#include <vtkCamera.h>
+#include <vtkCellData.h>
+#include <vtkMatrix4x4.h>
+#include <vtkMatrixToLinearTransform.h>
+#include <vtkNew.h>
+#include <vtkPointData.h>
+#include <vtkPolyData.h>
+#include <vtkPolyDataMapper.h>
+#include <vtkProperty.h>
+#include <vtkRenderer.h>
+#include <vtkReverseSense.h>
+#include <vtkTransformPolyDataFilter.h>
+
+#include <cstring>
+#include <utility>
+
+namespace {
+
+constexpr int SAMPLES = 8;
+
+/// Of the first array that colours can come from.
+std::string firstArray(vtkPolyData& polyData) {
+  for (vtkDataSetAttributes* const data : {static_cast<vtkDataSetAttributes*>(polyData.GetCellData()),
+                                           static_cast<vtkDataSetAttributes*>(polyData.GetPointData())}) {
+    for (int i = 0; i < data->GetNumberOfArrays(); ++i) {
+      if (std::strcmp(data->GetArrayName(i), "Normals") != 0) {
+        return data->GetArrayName(i);
+      }
+    }
+  }
+  return "";
+}
+
+/// The geometry itself moved. What is mirrored turns its faces round: VTK takes
+/// the side of a face from the order of its points.
+vtkSmartPointer<vtkPolyData> moved(vtkPolyData* polyData, vtkMatrix4x4* matrix) {
+  vtkNew<vtkMatrixToLinearTransform> transform;
+  transform->SetInput(matrix);
+  vtkNew<vtkTransformPolyDataFilter> mover;
+  mover->SetTransform(transform);
+  mover->SetInputData(polyData);
+  vtkNew<vtkReverseSense> turner;
+  turner->SetInputConnection(mover->GetOutputPort());
+  turner->SetReverseCells(matrix->Determinant() < 0.0);
+  turner->ReverseNormalsOff();
+  turner->Update();
+  return turner->GetOutput();
+}
+
+}  // namespace
+
+DirectDrawing::DirectDrawing(Scene& items) : _items(items), _renderer(vtkSmartPointer<vtkRenderer>::New()) {
+  const auto background = items.getBackgroundColor().getRGB();
+  _renderer->SetBackground(background[0], background[1], background[2]);
+  const Camera& view = items.getCamera();
+  vtkCamera& camera = *_renderer->GetActiveCamera();
+  camera.SetPosition(view.position.data());
+  camera.SetFocalPoint(view.focalPoint.data());
+  camera.SetViewUp(view.viewUp.data());
+  camera.SetParallelProjection(!view.perspective);
+  camera.SetParallelScale(view.parallelScale);
+}
+
+DirectDrawing::~DirectDrawing() = default;
+
+void DirectDrawing::place(const std::string& assembly, Matrices matrices) {
+  _places[assembly] = std::move(matrices);
+}
+
+void DirectDrawing::addGeometry() {
+  addAssembly(_items, {vtkSmartPointer<vtkMatrix4x4>::New()}, nullptr);
+}
+
+void DirectDrawing::addAssembly(AssemblyItem& assembly, const Matrices& places,
+                                const Colormap* outerColormap) {
+  Matrices own = places;
+  if (const auto found = _places.find(assembly.getName()); found != _places.end()) {
+    own.clear();
+    for (const auto& outer : places) {
+      for (const auto& inner : found->second) {
+        vtkMatrix4x4::Multiply4x4(outer, inner, own.emplace_back(vtkSmartPointer<vtkMatrix4x4>::New()));
+      }
+    }
+  }
+  const bool isScene = &assembly == &_items;
+  const Colormap* const colormap =
+      outerColormap != nullptr || isScene ? outerColormap : assembly.getActiveColormap();
+  for (const auto& child : assembly.getChildren()) {
+    if (auto* const inner = dynamic_cast<AssemblyItem*>(child.get())) {
+      addAssembly(*inner, own, colormap);
+    } else if (auto* const item = dynamic_cast<GeometryItem*>(child.get())) {
+      add(*item, own, colormap);
+    }
+  }
+}
+
+void DirectDrawing::add(GeometryItem& item, const Matrices& places, const Colormap* colormap) {
+  item.setLineAndPolygonRenderingProperties();
+  item.setActorOpacity(1.0);
+  for (const auto& matrix : places) {
+    vtkNew<vtkPolyDataMapper> mapper;
+    mapper->SetInputData(moved(item.getGeometry(), matrix));
+    item.setRenderingFlags(mapper);
+    item.setScalars(mapper, colormap);
+    if (colormap != nullptr) {
+      item.setScalarArray(mapper, firstArray(*item.getGeometry()));
+    }
+    item.setClippingPlanes(mapper, _items.getClippingPlanes());
+    vtkNew<vtkActor> actor;
+    actor->ShallowCopy(item.getActor());
+    actor->SetMapper(mapper);
+    _renderer->AddActor(actor);
+  }
+}
+
+vtkActor& DirectDrawing::addPlain(vtkPolyData* polyData, double red, double green, double blue) {
+  vtkNew<vtkPolyDataMapper> mapper;
+  mapper->SetInputData(polyData);
+  mapper->ScalarVisibilityOff();
+  vtkNew<vtkActor> actor;
+  actor->SetMapper(mapper);
+  actor->GetProperty()->SetColor(red, green, blue);
+  actor->GetProperty()->LightingOff();
+  _renderer->AddActor(actor);
+  return *actor;
+}
+
+Picture DirectDrawing::draw() {
+  const auto window = EglRenderWindow::open(FeatureScene::SIZE, FeatureScene::SIZE);
+  window->SetMultiSamples(SAMPLES);
+  window->AddRenderer(_renderer);
+  window->Render();
+  Picture picture = Picture::of(*window);
+  keepPicture(picture, "direct");
+  return picture;
+}

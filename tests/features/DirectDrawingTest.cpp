@@ -1,0 +1,547 @@
+// Each feature of old scenes that is a matter of geometry and colours: what it
+// becomes in the scene graph, and that its picture is the one that VTK draws of
+// the same data.
+
+#include "features/DirectDrawing.h"
+#include "features/FeatureScene.h"
+#include "scenegraph/attributes/RenderingAttributes.h"
+#include "scenegraph/attributes/ScalarAttributes.h"
+#include "scenegraph/drawables/Overlays.h"
+#include "scenegraph/transforms/Transform.h"
+
+#include <vtkActor.h>
+#include <vtkCellArray.h>
+#include <vtkImageData.h>
+#include <vtkLight.h>
+#include <vtkMatrix4x4.h>
+#include <vtkNew.h>
+#include <vtkPlaneSource.h>
+#include <vtkPointData.h>
+#include <vtkPoints.h>
+#include <vtkPolyData.h>
+#include <vtkProperty.h>
+#include <vtkRenderer.h>
+#include <vtkTexture.h>
+#include <vtkTransform.h>
+#include <vtkUnsignedCharArray.h>
+
+#include <array>
+#include <functional>
+#include <gmock/gmock.h>
+#include <ostream>
+#include <utility>
+
+namespace {
+
+using Vector2 = Vector<2, double>;
+using Vector3 = Vector<3, double>;
+
+/// How far two pictures may be apart.
+struct Threshold {
+  /// Of the pixels, by more than TOLERANCE of 255 in any channel. Two ways of
+  /// drawing may smooth edges a little differently; a shape of the size that
+  /// they have here changes 0.2 % of the pixels when it moves by one.
+  double share = 0.001;
+  /// Over all channels, of 255: light may come by two ways to colours that are
+  /// a rounding apart, no more.
+  double mean = 0.1;
+};
+constexpr int TOLERANCE = 8;
+/// What has to be seen at least, of the whole picture.
+constexpr double LEAST_SHOWN = 0.01;
+
+struct Feature {
+  const char* name;
+  /// Of the scene element.
+  std::string children;
+  std::function<void(const FeatureScene&)> expectGraph;
+  std::function<void(DirectDrawing&)> draw = &DirectDrawing::addGeometry;
+  Threshold threshold{};
+
+  friend void PrintTo(const Feature& feature, std::ostream* out) { *out << feature.name; }
+};
+
+class FeatureTest : public testing::TestWithParam<Feature> {};
+
+TEST_P(FeatureTest, LooksAsVtkDrawsIt) {
+  const FeatureScene scene(GetParam().children, "background='000000ff'");
+  GetParam().expectGraph(scene);
+  const Picture seen = scene.draw();
+  DirectDrawing direct(scene.items());
+  GetParam().draw(direct);
+  const Picture expected = direct.draw();
+  const Difference difference = differenceOf(seen, expected, TOLERANCE);
+  EXPECT_LE(difference.share, GetParam().threshold.share);
+  EXPECT_LE(difference.mean, GetParam().threshold.mean);
+  const Picture nothing(seen.getWidth(), seen.getHeight());
+  EXPECT_GE(differenceOf(expected, nothing, TOLERANCE).share, LEAST_SHOWN);
+}
+
+std::string nameOf(const testing::TestParamInfo<Feature>& info) {
+  return info.param.name;
+}
+
+// ---- Transforms ----
+
+const std::string OPAQUE = " lineColor='ff8000ff' faceColor='40a0ffff'";
+const std::string FLAG = geometry("points='flag' polys='flagFaces' smoothShading='false'" + OPAQUE);
+const std::string HILL = "points='hill' polys='hillFaces'" + OPAQUE;
+
+/// A place of an assembly: the steps in the order in which they are taken.
+vtkSmartPointer<vtkMatrix4x4> placeAfter(const std::function<void(vtkTransform&)>& steps) {
+  vtkNew<vtkTransform> transform;
+  transform->PostMultiply();
+  steps(*transform);
+  auto matrix = vtkSmartPointer<vtkMatrix4x4>::New();
+  matrix->DeepCopy(transform->GetMatrix());
+  return matrix;
+}
+
+template <class T>
+const T& transformOf(const FeatureScene& scene, const std::string& path = "A") {
+  const auto* const transform =
+      dynamic_cast<const T*>(scene.collectionAt(path).getBaseAttributes().getTransform());
+  VEMO_REQUIRE(transform, "There is no such transform at " + path);
+  return *transform;
+}
+
+/// An assembly "A" with a transform, and where VTK is to show it.
+Feature transformed(const char* name, const std::string& element,
+                    std::function<void(const FeatureScene&)> expectGraph,
+                    const std::vector<std::function<void(vtkTransform&)>>& places) {
+  return {name, assembly("A", element + FLAG), std::move(expectGraph), [places](DirectDrawing& direct) {
+            DirectDrawing::Matrices matrices;
+            std::ranges::transform(places, std::back_inserter(matrices), placeAfter);
+            direct.place("A", std::move(matrices));
+            direct.addGeometry();
+          }};
+}
+
+constexpr double RIGHT_ANGLE = 1.5707963267948966;
+
+INSTANTIATE_TEST_SUITE_P(
+    Transforms, FeatureTest,
+    testing::Values(
+        transformed("Move", "<transform><translation x='0.2' y='-0.4' z='0.5'/></transform>",
+                    [](const FeatureScene& scene) {
+                      const auto& moved = transformOf<lum::SimpleTransform>(scene);
+                      EXPECT_EQ(moved.getTranslation(), (Vector3{0.2, -0.4, 0.5}));
+                      EXPECT_EQ(moved.getRotationAngle(), 0) << "what is not stated is zero";
+                      EXPECT_EQ(moved.getScale(), (Vector3{}));
+                    },
+                    {[](vtkTransform& steps) { steps.Translate(0.2, -0.4, 0.5); }}),
+        transformed(
+            "Rotate",
+            "<transform rotAngle='0.4'><rotAxis x='3' z='4'/><rotOrigin x='0.3' y='0.2'/></transform>",
+            [](const FeatureScene& scene) {
+              const auto& turned = transformOf<lum::SimpleTransform>(scene);
+              EXPECT_DOUBLE_EQ(turned.getRotationAngle(), 0.4 * RIGHT_ANGLE) << "angles are quarter turns";
+              EXPECT_EQ(turned.getRotationAxis(), (Vector3{0.6, 0, 0.8}));
+              EXPECT_EQ(turned.getRotationOrigin(), (Vector3{0.3, 0.2, 0}));
+            },
+            {[](vtkTransform& steps) {
+              steps.Translate(-0.3, -0.2, 0);
+              steps.RotateWXYZ(36, 3, 0, 4);
+              steps.Translate(0.3, 0.2, 0);
+            }}),
+        transformed("Scale", "<transform><scale x='1.5' y='0.5' z='2'/></transform>",
+                    [](const FeatureScene& scene) {
+                      EXPECT_EQ(transformOf<lum::SimpleTransform>(scene).getScale(), (Vector3{1.5, 0.5, 2}));
+                    },
+                    {[](vtkTransform& steps) { steps.Scale(1.5, 0.5, 2); }}),
+        transformed("MirrorByScale", "<transform><scale x='-1' y='1' z='1'/></transform>",
+                    [](const FeatureScene& scene) {
+                      EXPECT_EQ(transformOf<lum::SimpleTransform>(scene).getScale(), (Vector3{-1, 1, 1}));
+                    },
+                    {[](vtkTransform& steps) { steps.Scale(-1, 1, 1); }}),
+        transformed(
+            "ScaleThenRotateThenMove",
+            "<transform rotAngle='1'><rotAxis z='1'/><rotOrigin x='0.1'/><translation x='0.5' y='-0.3'/>"
+            "<scale x='2' y='1' z='1'/></transform>",
+            [](const FeatureScene& scene) {
+              EXPECT_EQ(transformOf<lum::SimpleTransform>(scene).getScale(), (Vector3{2, 1, 1}));
+            },
+            {[](vtkTransform& steps) {
+              steps.Scale(2, 1, 1);
+              steps.Translate(-0.1, 0, 0);
+              steps.RotateZ(90);
+              steps.Translate(0.6, -0.3, 0);
+            }}),
+        transformed("Reflect",
+                    "<reflect version='2' planeEqnCoeffA='3' planeEqnCoeffB='4' planeEqnCoeffD='0.1'/>",
+                    [](const FeatureScene& scene) {
+                      EXPECT_EQ(transformOf<lum::SymmetricTransform>(scene).getPlane(),
+                                (Vector<4, double>{0.6, 0.8, 0, 0.1}));
+                    },
+                    // The mirror turned to lie across x, and moved to the middle.
+                    {[](vtkTransform&) {},
+                     [](vtkTransform& steps) {
+                       const double turn = 53.13010235415598;
+                       steps.RotateZ(-turn);
+                       steps.Translate(0.1, 0, 0);
+                       steps.Scale(-1, 1, 1);
+                       steps.Translate(-0.1, 0, 0);
+                       steps.RotateZ(turn);
+                     }}),
+        transformed(
+            "Repeat", "<repeat nRepeats='3'/>",
+            [](const FeatureScene& scene) {
+              EXPECT_EQ(transformOf<lum::PeriodicRepeatTransform>(scene).getNumRepeats(), 3);
+              EXPECT_EQ(transformOf<lum::PeriodicRepeatTransform>(scene).getScale(), (Vector3{1, 1, 1}));
+            },
+            {[](vtkTransform&) {}}),
+        Feature{"Nested",
+                assembly("A", "<transform><translation x='-0.5'/></transform>" +
+                                  assembly("B", "<transform><scale x='2' y='2' z='1'/></transform>" + FLAG)),
+                [](const FeatureScene& scene) {
+                  EXPECT_EQ(transformOf<lum::SimpleTransform>(scene, "A").getTranslation()[0], -0.5);
+                  EXPECT_EQ(transformOf<lum::SimpleTransform>(scene, "A/B").getScale()[0], 2);
+                },
+                [](DirectDrawing& direct) {
+                  direct.place("A", {placeAfter([](vtkTransform& steps) { steps.Translate(-0.5, 0, 0); })});
+                  direct.place("B", {placeAfter([](vtkTransform& steps) { steps.Scale(2, 2, 1); })});
+                  direct.addGeometry();
+                }}),
+    nameOf);
+
+// ---- Clipping planes ----
+
+INSTANTIATE_TEST_SUITE_P(
+    Clipping, FeatureTest,
+    testing::Values(Feature{
+        "PlanesCutWhatDoesNotIgnoreThemWhereverItIsMoved",
+        "<clip><origin x='0.1'/><normal x='3' y='1'/></clip><clip><origin y='0.45'/><normal y='-1'/></clip>" +
+            assembly("moved", "<transform><translation x='0.05' y='-0.1'/></transform>" + FLAG) +
+            geometry("points='flag' lines='flagFaces' ignoreClip='true' lineWidth='2'" + OPAQUE),
+        [](const FeatureScene& scene) {
+          const auto& planes = scene.node().getModelCanvas().getClipPlanesAttributes().getClippingPlanes();
+          ASSERT_EQ(planes.getNodeCount(), 2U);
+          const auto& first = dynamic_cast<const lum::Plane&>(planes.getNode(0));
+          EXPECT_EQ(first.getOrigin(), (Vector3{0.1, 0, 0}));
+          EXPECT_EQ(first.getNormal(), (Vector3{3, 1, 0})) << "of any length";
+          EXPECT_FALSE(scene.drawable<lum::PolyLineDrawable>("g").getBaseAttributes().getClipPlanesEnabled());
+          EXPECT_TRUE(
+              scene.drawable<lum::SurfaceDrawable>("moved/g").getBaseAttributes().getClipPlanesEnabled());
+        },
+        [](DirectDrawing& direct) {
+          direct.place("moved", {placeAfter([](vtkTransform& steps) { steps.Translate(0.05, -0.1, 0); })});
+          direct.addGeometry();
+        }}),
+    nameOf);
+
+// ---- Colormaps ----
+
+/// The hill coloured by an array, in five colours from 0.5 to 10.
+Feature colored(const char* name, const std::string& array, const std::string& colormap,
+                lum::DataLocation location, const std::string& more = "smoothShading='true'") {
+  const std::string colors =
+      "<c>0000c8ff</c><c>00c8c8ff</c><c>00c800ff</c><c>dcdc0aff</c><c>c80000ff</c></colormap>";
+  return {name,
+          assembly("A", "<colormap min='0.5' max='10' title='Speed' " + colormap + ">" + colors +
+                            geometry(HILL + " " + more, "<array name='data' " + array + "/>")),
+          [=](const FeatureScene& scene) {
+            auto& surface = scene.drawable<lum::SurfaceDrawable>("A/g");
+            EXPECT_EQ(surface.getColorAttributes()->getColorMode(), lum::ColorMode::DATA);
+            EXPECT_EQ(surface.getAttributes<lum::DataLocationAttributes>().getDataLocation(), location);
+            auto& scalars = surface.getAttributes<lum::ScalarAttributes>();
+            EXPECT_EQ(scalars.getDataArray().getDataArrayName(), "data");
+            EXPECT_EQ(scalars.getDataArray().getDataArrayPresentationName(), "Speed");
+            EXPECT_EQ(scalars.getDataArray().getRange(), (Vector2{0.5, 10}));
+            const auto& table = scalars.getColorLookupTable();
+            EXPECT_EQ(table.getNumColor(), 5);
+            EXPECT_EQ(table.getColorValues().at(2), 200 / 255.0);
+            EXPECT_EQ(table.getColorSpace(), lum::ColorSpace::RGBA);
+            EXPECT_EQ(table.getScalarRange(), (Vector2{0.5, 10}));
+            EXPECT_EQ(table.getScaleMode() == lum::ScaleMode::LOG10,
+                      colormap.find("log10") != std::string::npos);
+          }};
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Colormaps, FeatureTest,
+    testing::Values(colored("AtCells", "dim='1' data='byCell'", "ramp='scurve'", lum::DataLocation::CELLS),
+                    colored("AtPoints", "dim='1' vertexData='true' data='byPoint'", "ramp='sqrt'",
+                            lum::DataLocation::POINTS),
+                    colored("LogarithmicAtCells", "dim='1' data='byCell'", "log10='true'",
+                            lum::DataLocation::CELLS, "smoothShading='false' showEdges='true'"),
+                    colored("LogarithmicAtPoints", "dim='1' vertexData='true' data='byPoint'", "log10='true'",
+                            lum::DataLocation::POINTS),
+                    colored("PairsByTheirFirst", "dim='2' data='pairs'", "", lum::DataLocation::CELLS),
+                    colored("TriplesByTheirLengths", "dim='3' data='triples'", "", lum::DataLocation::CELLS)),
+    nameOf);
+
+// ---- Light ----
+
+/// The hill under lights, each in its colour of which a quarter fills the
+/// shadows from the viewer's side.
+struct LightCase {
+  double intensity, azimuth, elevation;
+  const char* hex;
+  Vector3 color;
+};
+
+Feature lit(const char* name, const std::vector<LightCase>& lights) {
+  std::string elements;
+  for (const auto& light : lights) {
+    elements += "<light intensity='" + std::to_string(light.intensity) + "' azimuth='" +
+                std::to_string(light.azimuth) + "' elevation='" + std::to_string(light.elevation) +
+                "' color='" + light.hex + "'/>";
+  }
+  return {name, elements + geometry(HILL),
+          [=](const FeatureScene& scene) {
+            const auto& nodes = scene.node().getModelCanvas().getLightingAttributes().getLights();
+            ASSERT_EQ(nodes.getNodeCount(), lights.size());
+            for (std::size_t i = 0; i < lights.size(); ++i) {
+              const auto& light = dynamic_cast<const lum::Light&>(nodes.getNode(i));
+              EXPECT_EQ(light.getIntensity(), lights[i].intensity);
+              EXPECT_EQ(light.getAngles(), (Vector2{lights[i].azimuth, lights[i].elevation}));
+              EXPECT_EQ(light.getColor(), lights[i].color);
+            }
+          },
+          [=](DirectDrawing& direct) {
+            direct.renderer().AutomaticLightCreationOff();
+            Vector3 fill;
+            for (const auto& [intensity, azimuth, elevation, hex, color] : lights) {
+              vtkNew<vtkLight> light;
+              light->SetLightTypeToCameraLight();
+              light->SetIntensity(intensity);
+              light->SetColor(color[0], color[1], color[2]);
+              light->SetDirectionAngle(elevation, azimuth);
+              direct.renderer().AddLight(light);
+              for (std::size_t i = 0; i < 3; ++i) {
+                fill[i] += 0.25 * intensity * color[i] / static_cast<double>(lights.size());
+              }
+            }
+            vtkNew<vtkLight> headlight;
+            headlight->SetLightTypeToHeadlight();
+            headlight->SetColor(fill[0], fill[1], fill[2]);
+            direct.renderer().AddLight(headlight);
+            direct.addGeometry();
+          }};
+}
+
+INSTANTIATE_TEST_SUITE_P(Lights, FeatureTest,
+                         testing::Values(lit("FromTheRight", {{1, 50, 0, "ffffffff", {1, 1, 1}}}),
+                                         lit("FromTheLeftAndAboveInColours",
+                                             {{0.75, -60, 0, "ff0000ff", {1, 0, 0}},
+                                              {0.5, 0, 60, "00ffffff", {0, 1, 1}}})),
+                         nameOf);
+
+/// The hill with a material of its own.
+Feature material(const char* name, double ambient, double diffuse, double specular, double power) {
+  const std::string lighting = " ambient='" + std::to_string(ambient) + "' diffuse='" +
+                               std::to_string(diffuse) + "' specular='" + std::to_string(specular) +
+                               "' specularPower='" + std::to_string(power) + "'";
+  return {name, geometry(HILL + lighting), [=](const FeatureScene& scene) {
+            const auto& attributes =
+                scene.drawable<lum::SurfaceDrawable>("g").getAttributes<lum::MaterialAttributes>();
+            EXPECT_EQ(attributes.getAmbient(), ambient);
+            EXPECT_EQ(attributes.getDiffuse(), diffuse);
+            EXPECT_EQ(attributes.getSpecular(), specular);
+            EXPECT_EQ(attributes.getSpecularPower(), power);
+          }};
+}
+
+INSTANTIATE_TEST_SUITE_P(Materials, FeatureTest,
+                         testing::Values(material("Ambient", 0.75, 0, 0, 0),
+                                         material("Dull", 0.25, 0.5, 0, 1), material("Shiny", 0, 0.5, 1, 20)),
+                         nameOf);
+
+// ---- Contours ----
+
+/// Lines between points, each from the one before.
+vtkSmartPointer<vtkPolyData> makeLines(const std::vector<std::vector<Vector3>>& lines) {
+  vtkNew<vtkPoints> points;
+  vtkNew<vtkCellArray> cells;
+  for (const auto& line : lines) {
+    cells->InsertNextCell(static_cast<int>(line.size()));
+    for (const auto& point : line) {
+      cells->InsertCellPoint(points->InsertNextPoint(point.data()));
+    }
+  }
+  auto result = vtkSmartPointer<vtkPolyData>::New();
+  result->SetPoints(points);
+  result->SetLines(cells);
+  return result;
+}
+
+/// Three strips side by side, the second with points of its own at the same
+/// places as the first's. The third bends down by 45 degrees.
+Feature contour(const char* name, const std::string& faces, const Threshold& threshold) {
+  return {
+      name,
+      geometry("points='strips' polys='stripFaces' strips='stripStrips' contour='true' lineWidth='3' " +
+               faces + OPAQUE),
+      [](const FeatureScene& scene) {
+        auto& surface = scene.drawable<lum::SurfaceDrawable>("g");
+        EXPECT_TRUE(surface.getAttributes<lum::ContourAttributes>().getContourVisible());
+        EXPECT_EQ(surface.getAttributes<lum::MeshAttributes>().getMeshColor(), (Vector3{1, 128 / 255.0, 0}));
+        EXPECT_EQ(surface.getAttributes<lum::LineAttributes>().getLineWidth(), 3);
+      },
+      [](DirectDrawing& direct) {
+        direct.addGeometry();
+        // Where the border and the bend are, nearer than the faces: no line
+        // where two points stand at one place, none across a face.
+        const double z = 0.1;
+        auto& lines = direct.addPlain(makeLines({{{-0.8, -0.5, z},
+                                                  {-0.3, -0.5, z},
+                                                  {0.2, -0.5, z},
+                                                  {0.7, -0.5, z},
+                                                  {0.7, 0.5, z},
+                                                  {0.2, 0.5, z},
+                                                  {-0.3, 0.5, z},
+                                                  {-0.8, 0.5, z},
+                                                  {-0.8, -0.5, z}},
+                                                 {{0.2, -0.5, z}, {0.2, 0.5, z}}}),
+                                      1, 128 / 255.0, 0);
+        lines.GetProperty()->SetLineWidth(3);
+      },
+      threshold};
+}
+
+INSTANTIATE_TEST_SUITE_P(Contours, FeatureTest,
+                         testing::Values(contour("Alone", "showFaces='false'", {}),
+                                         // Of a border, an inclined face may hide the half that lies
+                                         // over it: the border of this one is 350 pixels long.
+                                         contour("OnFaces", "showFaces='true'", {0.008, 0.8})),
+                         nameOf);
+
+// ---- Point scaling ----
+
+/// Four points of the values 1, 10, 100 and none, and their sizes in pixels.
+Feature scaledPoints(const char* name, const std::string& scalars, const std::string& attributes,
+                     lum::PointScaleMode mode, const std::array<double, 4>& sizes) {
+  const bool isInPixels = attributes.find("PixelsSize='0'") == std::string::npos;
+  return {
+      name,
+      assembly("A", "<colormap min='0' max='1'><c>ffffffff</c></colormap>" +
+                        geometry("points='four' verts='fourVerts' pointSize='16' "
+                                 "pointScaleScalarName='" +
+                                     scalars + "' " + attributes,
+                                 "<array name='size' dim='1' vertexData='true' data='fourSizes'/>"
+                                 "<pointScaleScalarRange x='1' y='100'/><pointScaleScalarMapTo " +
+                                     std::string(isInPixels ? "x='4' y='34'" : "x='0.1' y='0.4'") + "/>")),
+      [=](const FeatureScene& scene) {
+        auto& points = scene.drawable<lum::PointSphereDrawable>("A/g");
+        EXPECT_EQ(points.getAttributes<lum::PointSizeAttributes>().getPointSize(), 16);
+        const auto& scale = points.getAttributes<lum::PointScaleAttributes>();
+        EXPECT_EQ(scale.getScaleMode(), mode);
+        EXPECT_EQ(scale.getPixelSize(), isInPixels);
+        EXPECT_EQ(scale.getScalarName(), scalars);
+        EXPECT_EQ(scale.getScalarRange(), (Vector2{1, 100}));
+      },
+      [=](DirectDrawing& direct) {
+        for (std::size_t i = 0; i < sizes.size(); ++i) {
+          vtkNew<vtkPoints> place;
+          place->InsertNextPoint(-0.6 + 0.4 * static_cast<double>(i), 0, 0);
+          vtkNew<vtkPolyData> point;
+          point->SetPoints(place);
+          vtkNew<vtkCellArray> vertex;
+          vertex->InsertNextCell({0});
+          point->SetVerts(vertex);
+          vtkProperty& property = *direct.addPlain(point, 1, 1, 1).GetProperty();
+          if (i + 1 == sizes.size()) {
+            // What VTK's tables have for what is not a number.
+            property.SetColor(0.5, 0, 0);
+          }
+          property.SetPointSize(static_cast<float>(sizes.at(i)));
+          property.SetRenderPointsAsSpheres(!isInPixels);
+          property.SetLighting(!isInPixels);
+        }
+      }};
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    PointScaling, FeatureTest,
+    testing::Values(
+        scaledPoints("Not", "size", "pointScaleMode='0'", lum::PointScaleMode::CONSTANT, {16, 16, 16, 16}),
+        scaledPoints("ByNoArray", "none", "pointScaleMode='1'", lum::PointScaleMode::LINEAR,
+                     {16, 16, 16, 16}),
+        // One of sixteen steps between the sizes.
+        scaledPoints("Linear", "size", "pointScaleMode='1'", lum::PointScaleMode::LINEAR, {4, 6, 34, 4}),
+        scaledPoints("Logarithmic", "size", "pointScaleMode='2'", lum::PointScaleMode::LOG10, {4, 20, 34, 4}),
+        scaledPoints("InModelUnits", "size", "pointScaleMode='1' pointScalePixelsSize='0'",
+                     lum::PointScaleMode::LINEAR, {15, 18, 60, 15})),
+    nameOf);
+
+// ---- Images ----
+
+/// Where the lower left corner stands, and from there the lower right and the
+/// upper left one.
+struct Plate {
+  Vector3 corner, right, up;
+};
+
+/// The archive's pixels over a parallelogram of the model.
+void drawImage(DirectDrawing& direct, int components, const Plate& plate, double opacity) {
+  vtkNew<vtkUnsignedCharArray> bytes;
+  bytes->SetNumberOfComponents(components);
+  for (const unsigned char byte : FeatureScene::pixels(components)) {
+    bytes->InsertNextValue(byte);
+  }
+  vtkNew<vtkImageData> pixels;
+  pixels->SetDimensions(4, 3, 1);
+  pixels->GetPointData()->SetScalars(bytes);
+  vtkNew<vtkTexture> texture;
+  texture->SetInputData(pixels);
+  texture->SetColorModeToDirectScalars();
+  texture->InterpolateOn();
+  texture->RepeatOff();
+  texture->EdgeClampOn();
+  vtkNew<vtkPlaneSource> source;
+  const auto& [corner, right, up] = plate;
+  source->SetOrigin(corner[0], corner[1], corner[2]);
+  source->SetPoint1(corner[0] + right[0], corner[1] + right[1], corner[2] + right[2]);
+  source->SetPoint2(corner[0] + up[0], corner[1] + up[1], corner[2] + up[2]);
+  source->Update();
+  vtkActor& actor = direct.addPlain(source->GetOutput(), 1, 1, 1);
+  actor.SetTexture(texture);
+  actor.GetProperty()->SetOpacity(opacity);
+}
+
+/// @param element of an image in an assembly that moves by 0.1 along x
+/// @param told where the image stands in the coordinates that it uses, the
+/// window's or the model's
+/// @param shown where it is seen in the model's
+Feature image(const char* name, const std::string& element, const std::string& attributes,
+              const std::string& place, int components, lum::CoordinateSpace space, const Plate& told,
+              const Plate& shown, double opacity = 1) {
+  const std::string count = std::to_string(components);
+  return {name,
+          assembly("A", "<transform><translation x='0.1'/></transform><" + element +
+                            " name='i' width='4' height='3' pixels='pixels" + count + "' components='" +
+                            count + "' " + attributes + ">" + place + "</" + element + ">"),
+          [=](const FeatureScene& scene) {
+            auto& drawable = space == lum::CoordinateSpace::WINDOW ? scene.overlay<lum::ImageDrawable>()
+                                                                   : scene.drawable<lum::ImageDrawable>("A");
+            EXPECT_EQ(drawable.getPositionAttributes().getPosition(), told.corner);
+            EXPECT_EQ(drawable.getColorAttributes()->getOpacity(), opacity);
+            const auto& pixels = drawable.getImageAttributes();
+            EXPECT_EQ(pixels.getCoordinateSpace(), space);
+            EXPECT_EQ(pixels.getXAxis(), told.right);
+            EXPECT_EQ(pixels.getYAxis(), told.up);
+            EXPECT_EQ(pixels.getWidth(), 4);
+            EXPECT_EQ(pixels.getHeight(), 3);
+          },
+          [=](DirectDrawing& direct) { drawImage(direct, components, shown, opacity); }};
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Images, FeatureTest,
+    testing::Values(
+        image("FlatInTheWindow", "image2d", "visibility='1'",
+              "<position x='0.25' y='0.1'/><size x='0.5' y='0.75'/>", 4, lum::CoordinateSpace::WINDOW,
+              {{0.25, 0.1, 0}, {0.5, 0, 0}, {0, 0.75, 0}}, {{-0.5, -0.8, 0}, {1, 0, 0}, {0, 1.5, 0}}),
+        image("FlatInTheModel", "image2d", "visibility='0.5' opacity='0.5' coordinateSystem='MODEL'",
+              "<position x='-0.6' y='-0.5'/><size x='1' y='1'/>", 2, lum::CoordinateSpace::MODEL,
+              {{-0.6, -0.5, 0}, {1, 0, 0}, {0, 1, 0}}, {{-0.5, -0.5, 0}, {1, 0, 0}, {0, 1, 0}}, 0.25),
+        image("SlantedInTheModel", "image3d", "visibility='1'",
+              "<origin x='-0.5' y='-0.5' z='-1'/><xaxis x='1' y='0.5' z='1'/><yaxis x='-0.3' y='0.75'/>", 3,
+              lum::CoordinateSpace::MODEL, {{-0.5, -0.5, -1}, {1, 0.5, 1}, {-0.3, 0.75, 0}},
+              {{-0.4, -0.5, -1}, {1, 0.5, 1}, {-0.3, 0.75, 0}}),
+        image("SolidInTheWindow", "image3d", "visibility='1' coordinateSystem='WINDOW'",
+              "<origin x='0.1' y='0.1'/><xaxis x='0.5'/><yaxis y='0.5'/>", 1, lum::CoordinateSpace::WINDOW,
+              {{0.1, 0.1, 0}, {0.5, 0, 0}, {0, 0.5, 0}}, {{-0.8, -0.8, 0}, {1, 0, 0}, {0, 1, 0}})),
+    nameOf);
+
+}  // namespace

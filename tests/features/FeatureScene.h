@@ -1,0 +1,80 @@
+#pragma once
+
+#include "scenegraph/SceneNode.h"
+#include "scenegraph/drawables/GeometryDrawables.h"
+#include "support/SceneXml.h"
+#include "support/TemporaryFolder.h"
+#include "vemoview/import/Scene.h"
+#include "vemoview/render/Picture.h"
+
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <vector>
+
+/// An old scene on its whole way: written as an archive, opened as a host opens
+/// it, read back from the database that it has become, and drawn.
+///
+/// The archive has these entries. "flag", points, with "flagFaces", a polygon
+/// and another that bends away from it: no two of its mirror images and turns
+/// look alike. "hill", 9 x 9 points of a bulging square, with "hillFaces", the
+/// 8 x 8 cells between them; "byPoint" and "byCell", values over these from 0.1
+/// to about 12, "pairs" and "triples" of such values over its cells. "strips",
+/// points of three strips in a row, the last one bent, with "stripFaces" and
+/// "stripStrips". "four", points in a row, with "fourVerts" and "fourSizes", a
+/// value for each. "pixels1" to "pixels4", 4 x 3 pixels of so many components.
+class FeatureScene {
+ public:
+  static constexpr int SIZE = 300;
+
+  /// What the archive has as pixels of 1 to 4 components, grey, colours, alpha
+  /// as in image elements.
+  static std::vector<unsigned char> pixels(int components);
+
+  /// @param children of the scene element, which is seen from the front: x to
+  /// the right, y upwards, both from -1 to 1 over the picture
+  explicit FeatureScene(const std::string& children, const std::string& attributes = "");
+
+  /// The items, as the archive's reader makes them.
+  Scene& items() const { return *_items; }
+  lum::SceneNode& node() const { return *_node; }
+
+  /// In the model, by its place "A/B/name".
+  template <class T>
+  T& drawable(const std::string& path) const {
+    return found(collectionAt(path).template find<T>(), path);
+  }
+  /// In the window.
+  template <class T>
+  T& overlay() const {
+    return found(_node->getForegroundCanvas().getDrawableCollection().template find<T>(), "foreground");
+  }
+  lum::DrawableCollection& collectionAt(const std::string& path) const;
+
+  /// The picture of the scene, 300 x 300.
+  Picture draw() const;
+
+ private:
+  template <class T>
+  static T& found(T* drawable, const std::string& path) {
+    EXPECT_TRUE(drawable) << path;
+    return *drawable;
+  }
+
+  TemporaryFolder _folder;
+  std::unique_ptr<Scene> _items;
+  lum::Ptr<lum::SceneNode> _node;
+};
+
+/// How far two pictures are apart.
+struct Difference {
+  /// Of the pixels that differ by more than a tolerance in any channel.
+  double share = 0.0;
+  /// Over all channels, of 255.
+  double mean = 0.0;
+};
+Difference differenceOf(const Picture& a, const Picture& b, int tolerance);
+
+/// Keeps a picture as a PNG file named after the running test in the folder
+/// that the environment variable VEMO_TEST_PICTURES names, if it does.
+void keepPicture(const Picture& picture, const std::string& suffix);
