@@ -20,3 +20,5 @@ struct Command {
 void addInfoCommand(CLI::App& app, Command& command);
 void addConvertCommand(CLI::App& app, Command& command);
 void addRenderCommand(CLI::App& app, Command& command);
+/// Only where the window is built.
+void addViewCommand(CLI::App& app, Command& command);

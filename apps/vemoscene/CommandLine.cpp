@@ -51,6 +51,9 @@ ExitCode parse(int argc, char** argv, Command& command) {
   addInfoCommand(app, command);
   addConvertCommand(app, command);
   addRenderCommand(app, command);
+#ifdef VEMO_WINDOW_LIBRARY
+  addViewCommand(app, command);
+#endif
   try {
     app.parse(argc, argv);
     // Not asked of the parser, which would not name a subcommand that it does

@@ -58,7 +58,7 @@ std::string describeExitCodes() {
    5  FILE cannot be read, or what it holds is faulty
    6  the result cannot be written
   64  wrong usage
-  69  no OpenGL to draw with on this machine
+  69  no OpenGL to draw with on this machine, or no display
   70  anything else unexpected)";
 }
 

@@ -45,9 +45,9 @@ void LoadedScene::read(const std::wstring& database) {
   }
 }
 
-const lum::SceneNode& LoadedScene::getSceneNode() const {
+lum::SceneNode& LoadedScene::getSceneNode() const {
   for (const Record& record : _records) {
-    if (const auto* scene = dynamic_cast<const lum::SceneNode*>(record.node.getObject())) {
+    if (auto* const scene = dynamic_cast<lum::SceneNode*>(record.node.getObject())) {
       return *scene;
     }
   }

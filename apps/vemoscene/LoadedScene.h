@@ -26,7 +26,7 @@ class LoadedScene {
   const std::vector<Record>& getRecords() const { return _records; }
 
   /// The first scene. Throws Failure with READ_ERROR when there is none.
-  const lum::SceneNode& getSceneNode() const;
+  lum::SceneNode& getSceneNode() const;
 
  private:
   bool load(const std::wstring& database);

@@ -211,6 +211,18 @@ TEST_F(CommandLineTest, DrawsOrSaysThatItCannot) {
   EXPECT_EQ(run({"render", "scene.zip", "no folder/x.png"}).exitCode, 6);
 }
 
+TEST_F(CommandLineTest, OpensNoWindowWithoutADisplay) {
+  unsetenv("DISPLAY");
+  unsetenv("QT_QPA_PLATFORM");
+  const ProgramResult result = run({"view", "scene.zip"});
+  EXPECT_EQ(result.exitCode, VEMO_HAS_WINDOW ? 69 : 64);
+  EXPECT_THAT(result.err, HasSubstr(VEMO_HAS_WINDOW ? "no display" : "view"));
+  expectNoTemporaryFiles();
+  setenv("DISPLAY", ":no such display", 1);
+  EXPECT_EQ(run({"view", "scene.zip"}).exitCode, VEMO_HAS_WINDOW ? 69 : 64);
+  EXPECT_EQ(run({"view", "nowhere.zip"}).exitCode, VEMO_HAS_WINDOW ? 2 : 64);
+}
+
 TEST_F(CommandLineTest, NoticesThatResultsCannotBeWritten) {
   const ProgramResult full = run({"info", "scene.zip"}, "/dev/full");
   EXPECT_EQ(full.exitCode, 6);

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "vemoview/window/SceneWindow.h"
+
+#include <QImage>
+#include <QPoint>
+#include <string>
+
+class QLineEdit;
+class QModelIndex;
+class QTreeView;
+class QTreeWidget;
+class QWidget;
+
+/// A window on the screen, used as a user does: what is done comes as events,
+/// what is asked is seen.
+class OpenWindow {
+ public:
+  explicit OpenWindow(lum::SceneNode& scene);
+
+  SceneWindow& window() { return _window; }
+  QWidget& view() const;
+  QTreeView& list() const;
+  QTreeWidget& values() const;
+
+  /// The pixels of the view, from the screen.
+  QImage look();
+  /// How many of them are pink, a colour that no axis has.
+  int countPink() { return countPink(look()); }
+  static int countPink(const QImage& picture);
+
+  /// Where a point of the plane z = 0 is seen in the beginning.
+  QPoint placeOf(double x, double y) const;
+
+  void drag(const QPoint& from, const QPoint& to, Qt::MouseButton button = Qt::LeftButton);
+  void click(const QPoint& place);
+  void turnWheel(int steps);
+  void press(Qt::Key key);
+  void type(const QString& filter);
+  void pressButton(const char* name);
+
+  /// The row with this name, which must be there.
+  QModelIndex row(const QString& name) const;
+  void selectRow(const QString& name);
+  /// Clicks on the row and uses its check box.
+  void toggle(const QString& name);
+  bool isChecked(const QString& name) const;
+
+  /// What stands beside a name in the table of values; empty if nothing does.
+  std::string value(const QString& name) const;
+
+ private:
+  template <class T>
+  T& child(const char* name) const;
+
+  SceneWindow _window;
+};

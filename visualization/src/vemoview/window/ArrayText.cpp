@@ -1,0 +1,86 @@
+#include "vemoview/window/ArrayText.h"
+
+#include "vemoview/window/ItemText.h"
+
+#include <vtkDataArray.h>
+#include <vtkVariant.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <fmt/format.h>
+#include <string>
+
+namespace {
+
+/// GetFiniteRange takes it for the length of the tuples.
+constexpr int LENGTHS = -1;
+
+std::string valueText(vtkDataArray& array, vtkIdType tuple, int component) {
+  const double number = array.GetComponent(tuple, component);
+  switch (array.GetDataType()) {
+    case VTK_FLOAT:
+      return fmt::format("{}", static_cast<float>(number));
+    case VTK_DOUBLE:
+      return fmt::format("{}", number);
+    default: {
+      // Large integers are no doubles.
+      const vtkVariant value = array.GetVariantValue(tuple * array.GetNumberOfComponents() + component);
+      return array.GetDataTypeMin() < 0 ? std::to_string(value.ToTypeInt64())
+                                        : std::to_string(value.ToTypeUInt64());
+    }
+  }
+}
+
+double lengthOf(vtkDataArray& array, vtkIdType tuple) {
+  double sum = 0.0;
+  for (int i = 0; i < array.GetNumberOfComponents(); ++i) {
+    const double value = array.GetComponent(tuple, i);
+    sum += value * value;
+  }
+  return std::sqrt(sum);
+}
+
+}  // namespace
+
+QString numberText(double number) {
+  return QString::fromStdString(fmt::format("{}", number));
+}
+
+QString tupleText(vtkDataArray& array, vtkIdType tuple) {
+  constexpr int MOST_COMPONENTS = 16;
+  constexpr int VECTOR_COMPONENTS = 3;
+  if (tuple < 0 || tuple >= array.GetNumberOfTuples()) {
+    return "none";
+  }
+  const int components = array.GetNumberOfComponents();
+  if (components == 1) {
+    return QString::fromStdString(valueText(array, tuple, 0));
+  }
+  std::string text;
+  for (int i = 0; i < std::min(components, MOST_COMPONENTS); ++i) {
+    text += (i == 0 ? "" : ", ") + valueText(array, tuple, i);
+  }
+  text = "(" + text + (components > MOST_COMPONENTS ? ", ...)" : ")");
+  if (components <= VECTOR_COMPONENTS) {
+    text += fmt::format(", length {:.6g}", lengthOf(array, tuple));
+  }
+  return QString::fromStdString(text);
+}
+
+QString rangeText(vtkDataArray& array, int component) {
+  std::array<double, 2> range{1.0, 0.0};
+  array.GetFiniteRange(range.data(), component);
+  return range[0] <= range[1] ? QString::fromStdString(fmt::format("{:.6g} .. {:.6g}", range[0], range[1]))
+                              : QString("nothing finite");
+}
+
+QString rangeText(vtkDataArray& array) {
+  const bool isVector = array.GetNumberOfComponents() > 1;
+  return isVector ? "length " + rangeText(array, LENGTHS) : rangeText(array, 0);
+}
+
+QString nameOf(vtkDataArray& array) {
+  const char* const name = array.GetName();
+  return name == nullptr || *name == '\0' ? QString("(no name)") : toText(name);
+}

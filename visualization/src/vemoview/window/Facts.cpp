@@ -1,0 +1,128 @@
+#include "vemoview/window/Facts.h"
+
+#include "scenegraph/attributes/ScalarAttributes.h"
+#include "scenegraph/drawables/Drawable.h"
+#include "scenegraph/drawables/PolyDataNode.h"
+#include "vemoview/render/Pick.h"
+#include "vemoview/window/ArrayText.h"
+#include "vemoview/window/GeometryCounts.h"
+#include "vemoview/window/ItemText.h"
+
+#include <vtkDataArray.h>
+#include <vtkSmartPointer.h>
+
+#include <functional>
+#include <string>
+
+namespace {
+
+QString positionText(const Vector<3, double>& position) {
+  return "(" + numberText(position[0]) + ", " + numberText(position[1]) + ", " + numberText(position[2]) +
+         ")";
+}
+
+std::vector<Fact> describeArrays(const lum::ArrayTable& arrays,
+                                 const std::function<QString(vtkDataArray&)>& valueOf) {
+  std::vector<Fact> facts;
+  for (const auto& array : arrays) {
+    if (array != nullptr) {
+      facts.push_back({nameOf(*array), valueOf(*array)});
+    }
+  }
+  return facts;
+}
+
+FactGroup describePlace(const ItemTree& items, int item) {
+  const lum::Drawable& content = *items[item].content;
+  FactGroup group{"Item", {{"Name", pathOf(items, item)}, {"Kind", kindOf(content)}}};
+  if (items[item].childCount > 0) {
+    group.facts.push_back({"Items", countText(items[item].childCount)});
+  }
+  return group;
+}
+
+FactGroup describeGeometry(const lum::Drawable& drawable) {
+  const GeometryCounts counts = countGeometry(drawable);
+  FactGroup group{"Geometry", {}};
+  const auto add = [&group](const char* name, std::int64_t count) {
+    if (count > 0) {
+      group.facts.push_back({name, countText(count)});
+    }
+  };
+  add("Points", counts.points);
+  add("Vertices", counts.verts);
+  add("Lines", counts.lines);
+  add("Polygons", counts.polys);
+  add("Strips", counts.strips);
+  return group;
+}
+
+/// What the user knows of the array that colours a drawable.
+std::vector<Fact> describeColoring(const lum::Drawable& drawable) {
+  const auto* const scalars = drawable.findAttributes<lum::ScalarAttributes>();
+  const auto* const array = scalars != nullptr ? scalars->hasDataArray() : nullptr;
+  if (array == nullptr || array->getDataArrayName().empty()) {
+    return {};
+  }
+  const QString name = toText(array->getDataArrayName());
+  const QString title = toText(array->getDataArrayPresentationName());
+  return {{"Coloured by", title.isEmpty() || title == name ? name : name + ": " + title}};
+}
+
+void describePiece(const lum::PolyDataNode& piece, std::vector<FactGroup>& groups) {
+  const auto range = [](vtkDataArray& array) { return rangeText(array); };
+  if (vtkDataArray* const points = piece.getPoints()) {
+    groups.push_back(
+        {"Extent",
+         {{"x", rangeText(*points, 0)}, {"y", rangeText(*points, 1)}, {"z", rangeText(*points, 2)}}});
+  }
+  groups.push_back({"At points", describeArrays(piece.getNodeDataArrays(), range)});
+  groups.push_back({"At cells", describeArrays(piece.getCellDataArrays(), range)});
+}
+
+std::vector<FactGroup> withoutEmptyOnes(std::vector<FactGroup> groups) {
+  std::erase_if(groups, [](const FactGroup& group) { return group.facts.empty(); });
+  return groups;
+}
+
+}  // namespace
+
+std::vector<FactGroup> describeItem(const ItemTree& items, int item) {
+  // An item mostly has one; of many the user cannot read all.
+  constexpr int MOST_PIECES = 10;
+  const lum::Drawable& content = *items[item].content;
+  std::vector<FactGroup> groups = {describePlace(items, item), describeGeometry(content)};
+  for (Fact& fact : describeColoring(content)) {
+    groups[0].facts.push_back(std::move(fact));
+  }
+  int pieces = 0;
+  for (const auto& node : content.getNodes()) {
+    const auto* const piece = dynamic_cast<const lum::PolyDataNode*>(node.getObject());
+    if (piece != nullptr && ++pieces <= MOST_PIECES) {
+      describePiece(*piece, groups);
+    }
+  }
+  return withoutEmptyOnes(std::move(groups));
+}
+
+std::vector<FactGroup> describePick(const ItemTree& items, const Pick& pick) {
+  const int item = items.find(pick.drawable);
+  std::vector<FactGroup> groups;
+  if (item != ItemTree::NONE) {
+    groups.push_back(describePlace(items, item));
+  }
+  FactGroup place{"Picked", {{"Position", positionText(pick.position)}}};
+  if (pick.cell >= 0) {
+    place.facts.push_back({"Cell", QString::number(pick.cell)});
+  }
+  place.facts.push_back({"Nearest point", QString::number(pick.point)});
+  place.facts.push_back({"Its position", positionText(pick.pointPosition)});
+  groups.push_back(std::move(place));
+  groups.push_back({"At the point", describeArrays(pick.node->getNodeDataArrays(), [&](vtkDataArray& array) {
+                      return tupleText(array, pick.point);
+                    })});
+  groups.push_back({"In the cell", describeArrays(pick.node->getCellDataArrays(), [&](vtkDataArray& array) {
+                      return tupleText(array, pick.cell);
+                    })});
+  return withoutEmptyOnes(std::move(groups));
+}

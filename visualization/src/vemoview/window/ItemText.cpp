@@ -1,0 +1,44 @@
+#include "vemoview/window/ItemText.h"
+
+#include "scenegraph/drawables/Drawable.h"
+
+#include <QLocale>
+#include <utility>
+
+QString toText(std::string_view text) {
+  QString result = QString::fromUtf8(text.data(), static_cast<int>(text.size()));
+  for (QChar& character : result) {
+    if (character.category() == QChar::Other_Control) {
+      character = QChar::ReplacementCharacter;
+    }
+  }
+  return result;
+}
+
+QString kindOf(const lum::Drawable& drawable) {
+  static constexpr std::pair<std::string_view, const char*> KINDS[] = {
+      {"DrawableCollection", "Group"},   {"SurfaceDrawable", "Surface"}, {"PolyLineDrawable", "Lines"},
+      {"PointSphereDrawable", "Points"}, {"TextDrawable", "Text"},       {"ImageDrawable", "Image"},
+      {"LegendDrawable", "Legend"},      {"TriadDrawable", "Axes"}};
+  for (const auto& [className, kind] : KINDS) {
+    if (drawable.className() == className) {
+      return kind;
+    }
+  }
+  return toText(drawable.className());
+}
+
+QString nameOf(const ItemTree& items, int item) {
+  const lum::Drawable& drawable = *items[item].drawable;
+  const std::string& name = items.getName(item);
+  return name.empty() || name == drawable.className() ? kindOf(*items[item].content) : toText(name);
+}
+
+QString pathOf(const ItemTree& items, int item) {
+  const int parent = items[item].parent;
+  return parent == ItemTree::NONE ? nameOf(items, item) : pathOf(items, parent) + " / " + nameOf(items, item);
+}
+
+QString countText(std::int64_t count) {
+  return QLocale(QLocale::English).toString(static_cast<qlonglong>(count));
+}

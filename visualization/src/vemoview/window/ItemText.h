@@ -1,0 +1,29 @@
+#pragma once
+
+#include "vemoview/window/ItemTree.h"
+
+#include <QString>
+#include <cstdint>
+#include <string_view>
+
+namespace lum {
+class Drawable;
+}
+
+// How items are called in the window.
+
+/// A text of the scene for one line: what is no UTF-8, or no character that is
+/// seen, is U+FFFD.
+QString toText(std::string_view text);
+
+/// "Surface", "Lines" and the like; "Group" for what only holds others.
+QString kindOf(const lum::Drawable& drawable);
+
+/// An item without a name of its own is called by its kind.
+QString nameOf(const ItemTree& items, int item);
+
+/// The names from the canvas's to the item's own.
+QString pathOf(const ItemTree& items, int item);
+
+/// A count with its thousands apart: 1,234,567.
+QString countText(std::int64_t count);

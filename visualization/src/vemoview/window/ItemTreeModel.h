@@ -1,0 +1,41 @@
+#pragma once
+
+#include "vemoview/window/ItemTree.h"
+
+#include <QAbstractItemModel>
+#include <functional>
+
+/// An ItemTree for Qt's views: a row for each item, whose check box says whether
+/// the item itself is visible.
+class ItemTreeModel final : public QAbstractItemModel {
+ public:
+  enum Column { NAME, KIND, CELLS, COLUMN_COUNT };
+
+  /// The items must be there as long as the model. Calls `whenToggled` after an
+  /// item was shown or hidden with its check box.
+  ItemTreeModel(ItemTree& items, std::function<void()> whenToggled, QObject* parent);
+
+  /// The item of a valid index.
+  static int itemAt(const QModelIndex& index) { return static_cast<int>(index.internalId()); }
+  QModelIndex indexOf(int item) const;
+
+  /// Tells the views that other items may be visible now.
+  void announceVisibility();
+
+  QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
+  QModelIndex parent(const QModelIndex& index) const override;
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+
+ private:
+  QString textAt(int item, int column) const;
+  /// The number of an item's first child, or of the first canvas.
+  int firstIn(const QModelIndex& parent) const;
+
+  ItemTree& _items;
+  std::function<void()> _whenToggled;
+};

@@ -1,0 +1,124 @@
+#include "vemoview/window/SceneView.h"
+
+#include "vemoview/render/Pick.h"
+
+#include <vtkGenericOpenGLRenderWindow.h>
+#include <vtkInteractorStyleTrackballCamera.h>
+#include <vtkNew.h>
+#include <vtkRenderWindowInteractor.h>
+
+#include <QMouseEvent>
+#include <QSurfaceFormat>
+#include <utility>
+
+namespace {
+
+/// How often a pixel is looked at for smooth edges.
+constexpr int SAMPLES = 8;
+
+}  // namespace
+
+void SceneView::useFormatByDefault() {
+  QSurfaceFormat format = QVTKOpenGLNativeWidget::defaultFormat();
+  // VTK draws into multisampled buffers of its own.
+  format.setSamples(0);
+  QSurfaceFormat::setDefaultFormat(format);
+}
+
+SceneView::SceneView(const lum::SceneNode& scene, PickListener picked, QWidget* parent)
+    : QVTKOpenGLNativeWidget(parent), _scene(scene), _picked(std::move(picked)) {
+  setObjectName("view");
+  const vtkNew<vtkGenericOpenGLRenderWindow> window;
+  setRenderWindow(window.Get());
+  const vtkNew<vtkInteractorStyleTrackballCamera> style;
+  interactor()->SetInteractorStyle(style);
+  _scene.scalePixels(devicePixelRatioF());
+  _scene.addTo(*window, SAMPLES);
+}
+
+SceneView::~SceneView() {
+  // What is drawn goes with the OpenGL context that it lives in.
+  makeCurrent();
+}
+
+void SceneView::draw() {
+  if (isValid()) {
+    renderWindow()->Render();
+  }
+}
+
+void SceneView::followVisibility() {
+  makeCurrent();
+  _scene.followVisibility();
+  draw();
+}
+
+void SceneView::highlight(const lum::Drawable* drawable, const std::optional<Vector<3, double>>& point) {
+  makeCurrent();
+  _scene.outline(drawable);
+  _scene.mark(point);
+  draw();
+}
+
+void SceneView::resetView() {
+  _scene.resetView();
+  draw();
+}
+
+void SceneView::frameModel() {
+  _scene.frameModel();
+  draw();
+}
+
+Picture SceneView::takePicture() {
+  makeCurrent();
+  _scene.showHighlight(false);
+  draw();
+  Picture picture = Picture::of(*renderWindow());
+  _scene.showHighlight(true);
+  draw();
+  return picture;
+}
+
+bool SceneView::isClick(const QPoint& place) const {
+  constexpr int TREMBLING = 4;
+  return _pressed && (place - *_pressed).manhattanLength() <= TREMBLING;
+}
+
+void SceneView::pick(const QPoint& place) {
+  const double scale = devicePixelRatioF();
+  constexpr double MIDDLE = 0.5;
+  _picked(_scene.pick({(place.x() + MIDDLE) * scale, (height() - place.y() - MIDDLE) * scale}));
+}
+
+bool SceneView::event(QEvent* event) {
+  switch (event->type()) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+      // Not for VTK, whose keys are other than ours.
+      return QOpenGLWidget::event(event);
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick: {
+      const auto& mouse = static_cast<const QMouseEvent&>(*event);
+      _pressed = mouse.button() == Qt::LeftButton ? std::optional(mouse.pos()) : std::nullopt;
+      return QVTKOpenGLNativeWidget::event(event);
+    }
+    case QEvent::MouseMove:
+      if (isClick(static_cast<const QMouseEvent&>(*event).pos())) {
+        return true;
+      }
+      _pressed.reset();
+      return QVTKOpenGLNativeWidget::event(event);
+    case QEvent::MouseButtonRelease: {
+      const auto& mouse = static_cast<const QMouseEvent&>(*event);
+      const bool isHandled = QVTKOpenGLNativeWidget::event(event);
+      if (mouse.button() == Qt::LeftButton && isClick(mouse.pos())) {
+        pick(mouse.pos());
+      }
+      _pressed.reset();
+      return isHandled;
+    }
+    default:
+      return QVTKOpenGLNativeWidget::event(event);
+  }
+}

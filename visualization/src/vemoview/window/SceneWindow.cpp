@@ -1,0 +1,216 @@
+#include "vemoview/window/SceneWindow.h"
+
+#include "scenegraph/SceneNode.h"
+#include "vemoview/render/Pick.h"
+#include "vemoview/render/RenderErrors.h"
+#include "vemoview/window/Facts.h"
+#include "vemoview/window/ItemText.h"
+#include "vemoview/window/ItemsPanel.h"
+#include "vemoview/window/SceneView.h"
+#include "vemoview/window/ValuesPanel.h"
+
+#include <QAction>
+#include <QDockWidget>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QScreen>
+#include <QStatusBar>
+#include <QToolBar>
+#include <algorithm>
+
+namespace {
+
+constexpr QSize PREFERRED_SIZE(1280, 800);
+constexpr int PANEL_WIDTH = 340;
+
+constexpr const char* MOUSE_HINT =
+    "Left button: turn   Middle, or Shift and left: pan   Right, or wheel: zoom   Click: pick";
+
+constexpr const char* HELP = R"(<table cellspacing="4">
+<tr><td><b>Left button</b></td><td>turn</td></tr>
+<tr><td><b>Middle button</b>, or <b>Shift</b> and left &nbsp;</td><td>pan</td></tr>
+<tr><td><b>Right button</b>, or <b>wheel</b></td><td>zoom</td></tr>
+<tr><td><b>Click</b></td><td>pick an item, and read the values there</td></tr>
+<tr><td><b>Click beside the model</b>, or <b>Esc</b></td><td>pick nothing</td></tr>
+<tr><td><b>R</b></td><td>reset the view</td></tr>
+<tr><td><b>F</b></td><td>frame all that is visible</td></tr>
+<tr><td><b>H</b></td><td>hide the selected items</td></tr>
+<tr><td><b>O</b></td><td>show only the selected items</td></tr>
+<tr><td><b>A</b></td><td>show all items</td></tr>
+<tr><td><b>S</b>, <b>Ctrl+S</b></td><td>save a picture</td></tr>
+<tr><td><b>Ctrl+C</b></td><td>copy the selected values</td></tr>
+<tr><td><b>Ctrl+Q</b></td><td>quit</td></tr>
+</table>)";
+
+/// As large as is wanted, and as fits the screen with its bars.
+QSize initialSize() {
+  constexpr double USABLE = 0.95;
+  const QScreen* const screen = QGuiApplication::primaryScreen();
+  return screen == nullptr ? PREFERRED_SIZE
+                           : PREFERRED_SIZE.boundedTo(screen->availableGeometry().size() * USABLE);
+}
+
+}  // namespace
+
+struct SceneWindow::Command {
+  const char* text;
+  const char* toolTip;
+  QList<QKeySequence> keys;
+  std::function<void()> run;
+};
+
+SceneWindow::SceneWindow(lum::SceneNode& scene, const QString& title)
+    : _items(scene),
+      _view(std::make_unique<SceneView>(
+          scene, [this](const std::optional<Pick>& pick) { showPick(pick); }, this)),
+      _list(std::make_unique<ItemsPanel>(
+          _items, ItemsPanel::Listener{[this] { followVisibility(); }, [this](int item) { showItem(item); }},
+          this)),
+      _values(std::make_unique<ValuesPanel>(this)) {
+  setWindowTitle(title + " - vemoscene");
+  setWindowFilePath(title);
+  setCentralWidget(_view.get());
+  placePanels();
+  addCommands();
+  statusBar()->addPermanentWidget(new QLabel(MOUSE_HINT));
+  resize(initialSize());
+  _view->setFocus();
+}
+
+SceneWindow::~SceneWindow() = default;
+
+void SceneWindow::placePanels() {
+  const auto place = [this](const char* title, QWidget* panel) {
+    auto* const dock = new QDockWidget(title, this);
+    dock->setObjectName(title);
+    dock->setWidget(panel);
+    addDockWidget(Qt::LeftDockWidgetArea, dock);
+    return dock;
+  };
+  QDockWidget* const list = place("Items", _list.get());
+  QDockWidget* const values = place("Values", _values.get());
+  resizeDocks({list, values}, {PANEL_WIDTH, PANEL_WIDTH}, Qt::Horizontal);
+}
+
+QAction* SceneWindow::add(const Command& command) {
+  auto* const action = new QAction(command.text, this);
+  action->setShortcuts(command.keys);
+  const QString key = command.keys.isEmpty() ? QString() : command.keys[0].toString(QKeySequence::NativeText);
+  action->setToolTip(QString("%1 (%2)").arg(command.toolTip, key));
+  connect(action, &QAction::triggered, this, [this, run = command.run] { guard(run); });
+  addAction(action);
+  return action;
+}
+
+void SceneWindow::addCommands() {
+  const auto selected = [this] { return _list->getSelected(); };
+  auto* const save =
+      add({"&Save picture...", "Write what is seen as a PNG file", {{"Ctrl+S"}, {"S"}}, [this] {
+             askAndSavePicture();
+           }});
+  auto* const quit = add({"&Quit", "Close the window", {{"Ctrl+Q"}}, [this] { close(); }});
+  auto* const reset =
+      add({"&Reset view", "See the model as in the beginning", {{"R"}}, [this] { _view->resetView(); }});
+  auto* const frame =
+      add({"&Frame all", "See all that is visible of the model", {{"F"}}, [this] { _view->frameModel(); }});
+  auto* const hide = add({"&Hide", "Hide the selected items", {{"H"}}, [this] { hideSelected(); }});
+  auto* const only =
+      add({"Show &only selected", "Hide all items but the selected ones", {{"O"}}, [this, selected] {
+             _list->showOnly(selected());
+           }});
+  auto* const all =
+      add({"Show &all items", "Show all items, also those that the file hides", {{"A"}}, [this] {
+             _list->showAll();
+           }});
+  auto* const none = add({"&Clear selection", "Pick nothing", {{"Esc"}}, [this] { clearSelection(); }});
+  auto* const help = add({"&Mouse and keys", "What mouse and keys do", {{"F1"}}, [this] { showHelp(); }});
+
+  menuBar()->addMenu("&File")->addActions({save, quit});
+  QMenu* const view = menuBar()->addMenu("&View");
+  view->addActions({reset, frame});
+  view->addSeparator();
+  for (const QDockWidget* const dock : findChildren<QDockWidget*>()) {
+    view->addAction(dock->toggleViewAction());
+  }
+  menuBar()->addMenu("&Items")->addActions({hide, only, all, none});
+  menuBar()->addMenu("&Help")->addAction(help);
+
+  QToolBar* const bar = addToolBar("Commands");
+  bar->setObjectName("commands");
+  bar->setMovable(false);
+  bar->addActions({save, reset, frame});
+  bar->addSeparator();
+  bar->addActions({hide, only, all});
+}
+
+void SceneWindow::guard(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const RenderError& error) {
+    QMessageBox::critical(this, windowTitle(), toText(error.what()));
+  }
+}
+
+void SceneWindow::followVisibility() {
+  guard([this] { _view->followVisibility(); });
+}
+
+void SceneWindow::showItem(int item) {
+  if (item == ItemTree::NONE) {
+    _view->highlight(nullptr);
+    _values->showFacts({});
+  } else {
+    _view->highlight(_items[item].drawable);
+    _values->showFacts(describeItem(_items, item));
+  }
+  statusBar()->clearMessage();
+}
+
+void SceneWindow::showPick(const std::optional<Pick>& pick) {
+  if (!pick) {
+    clearSelection();
+    return;
+  }
+  const int item = _items.find(pick->drawable);
+  _list->select(item);
+  _view->highlight(pick->drawable, pick->pointPosition);
+  _values->showFacts(describePick(_items, *pick));
+  statusBar()->showMessage(item == ItemTree::NONE ? QString() : pathOf(_items, item));
+}
+
+/// What stood behind is what the user wants to see then.
+void SceneWindow::hideSelected() {
+  _list->hideItems(_list->getSelected());
+  _view->highlight(nullptr);
+}
+
+void SceneWindow::clearSelection() {
+  _list->select(ItemTree::NONE);
+  showItem(ItemTree::NONE);
+}
+
+void SceneWindow::savePicture(const QString& path) {
+  _view->takePicture().writePng(QFile::encodeName(path).toStdString());
+}
+
+void SceneWindow::askAndSavePicture() {
+  QFileDialog dialog(this, "Save picture", {}, "PNG pictures (*.png)");
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix("png");
+  dialog.selectFile(QFileInfo(windowFilePath()).completeBaseName() + ".png");
+  if (dialog.exec() == QDialog::Accepted) {
+    savePicture(dialog.selectedFiles().first());
+  }
+}
+
+void SceneWindow::showHelp() {
+  QMessageBox box(QMessageBox::NoIcon, "Mouse and keys", HELP, QMessageBox::Close, this);
+  box.setTextFormat(Qt::RichText);
+  box.exec();
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "vemo_window_export.h"
+#include "vemoview/window/ItemTree.h"
+
+#include <QMainWindow>
+#include <functional>
+#include <memory>
+#include <optional>
+
+class ItemsPanel;
+class QAction;
+class SceneView;
+class ValuesPanel;
+struct Pick;
+
+namespace lum {
+class SceneNode;
+}
+
+/// A window on a scene: the picture, the list of items, the values of what is
+/// picked, and the commands for them.
+class VEMO_WINDOW_EXPORT SceneWindow final : public QMainWindow {
+ public:
+  /// The scene must be there as long as the window. Throws RenderError when it
+  /// cannot be drawn.
+  SceneWindow(lum::SceneNode& scene, const QString& title);
+  ~SceneWindow() override;
+
+  /// Writes what is seen as a PNG file. Throws PictureWriteError.
+  void savePicture(const QString& path);
+
+ private:
+  struct Command;
+
+  void placePanels();
+  void addCommands();
+  QAction* add(const Command& command);
+
+  void followVisibility();
+  void showItem(int item);
+  void showPick(const std::optional<Pick>& pick);
+  void hideSelected();
+  void clearSelection();
+  void askAndSavePicture();
+  void showHelp();
+  /// Says what went wrong with drawing and writing instead of throwing it.
+  void guard(const std::function<void()>& action);
+
+  ItemTree _items;
+  // They look at the items, and so go before them.
+  std::unique_ptr<SceneView> _view;
+  std::unique_ptr<ItemsPanel> _list;
+  std::unique_ptr<ValuesPanel> _values;
+};

@@ -1,0 +1,57 @@
+#include "vemoview/window/ShowSceneWindow.h"
+
+#include "vemoview/window/Display.h"
+#include "vemoview/window/SceneView.h"
+#include "vemoview/window/SceneWindow.h"
+
+#include <QApplication>
+#include <clocale>
+#include <exception>
+
+namespace {
+
+/// Qt lets no exception through its event loop: the first one ends the loop and
+/// is thrown from there.
+class Application : public QApplication {
+ public:
+  using QApplication::QApplication;
+
+  bool notify(QObject* receiver, QEvent* event) override {
+    try {
+      return QApplication::notify(receiver, event);
+    } catch (...) {
+      _failure = _failure ? _failure : std::current_exception();
+      exit(1);
+      return false;
+    }
+  }
+
+  void run() {
+    exec();
+    if (_failure) {
+      std::rethrow_exception(_failure);
+    }
+  }
+
+ private:
+  std::exception_ptr _failure;
+};
+
+}  // namespace
+
+void showSceneWindow(lum::SceneNode& scene, const char* title) {
+  requireDisplay();
+  SceneView::useFormatByDefault();
+  // Both must be there as long as the application.
+  int count = 1;
+  char name[] = "vemoscene";
+  char* arguments[] = {name, nullptr};
+  Application application(count, arguments);
+  // Qt takes the user's locale; numbers in the picture are written as in those
+  // drawn without a window.
+  std::setlocale(LC_NUMERIC, "C");
+  requireOpenGl();
+  SceneWindow window(scene, QString::fromUtf8(title));
+  window.show();
+  application.run();
+}

@@ -1,0 +1,80 @@
+#include "vemoview/window/ValuesPanel.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QStringList>
+
+namespace {
+
+enum Column { NAME, VALUE };
+
+QTreeWidgetItem* makeTitle(const QString& title) {
+  auto* const row = new QTreeWidgetItem({title});
+  QFont font = row->font(NAME);
+  font.setBold(true);
+  row->setFont(NAME, font);
+  row->setFlags(Qt::ItemIsEnabled);
+  return row;
+}
+
+QTreeWidgetItem* makeRow(const Fact& fact) {
+  auto* const row = new QTreeWidgetItem({fact.name, fact.value});
+  row->setToolTip(NAME, fact.name);
+  row->setToolTip(VALUE, fact.value);
+  return row;
+}
+
+}  // namespace
+
+ValuesPanel::ValuesPanel(QWidget* parent) : QTreeWidget(parent) {
+  setObjectName("values");
+  setHeaderLabels({"Name", "Value"});
+  setRootIsDecorated(false);
+  setItemsExpandable(false);
+  setIndentation(0);
+  setUniformRowHeights(true);
+  setAlternatingRowColors(true);
+  setSelectionMode(ExtendedSelection);
+  header()->setSectionResizeMode(NAME, QHeaderView::ResizeToContents);
+  auto* const copy = new QAction("Copy", this);
+  copy->setShortcut(QKeySequence::Copy);
+  copy->setShortcutContext(Qt::WidgetShortcut);
+  connect(copy, &QAction::triggered, this, [this] { copySelection(); });
+  addAction(copy);
+  setContextMenuPolicy(Qt::ActionsContextMenu);
+  showFacts({});
+}
+
+void ValuesPanel::showFacts(const std::vector<FactGroup>& groups) {
+  clear();
+  for (const FactGroup& group : groups) {
+    QTreeWidgetItem* const title = makeTitle(group.title);
+    addTopLevelItem(title);
+    title->setFirstColumnSpanned(true);
+    for (const Fact& fact : group.facts) {
+      title->addChild(makeRow(fact));
+    }
+    title->setExpanded(true);
+  }
+  if (groups.empty()) {
+    QTreeWidgetItem* const hint = new QTreeWidgetItem({"Click on the model to read its values."});
+    hint->setFlags(Qt::NoItemFlags);
+    addTopLevelItem(hint);
+    hint->setFirstColumnSpanned(true);
+  }
+}
+
+/// In the order in which they stand, a line each, as spreadsheets take it.
+void ValuesPanel::copySelection() const {
+  QStringList lines;
+  for (QTreeWidgetItem* row = topLevelItem(0); row != nullptr; row = itemBelow(row)) {
+    if (row->isSelected()) {
+      lines << row->text(NAME) + '\t' + row->text(VALUE);
+    }
+  }
+  if (!lines.isEmpty()) {
+    QApplication::clipboard()->setText(lines.join('\n'));
+  }
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "vemoview/window/Facts.h"
+
+#include <QTreeWidget>
+#include <vector>
+
+/// A table of names and values in groups. The selected rows can be copied.
+class ValuesPanel final : public QTreeWidget {
+ public:
+  explicit ValuesPanel(QWidget* parent);
+
+  /// Shows these in place of what was shown before; an explanation if there is
+  /// none.
+  void showFacts(const std::vector<FactGroup>& groups);
+
+ private:
+  void copySelection() const;
+};
