@@ -141,7 +141,7 @@ SceneWriter makeWing() {
   scene.addColormap("speed", 0.7, 1.4, "Speed / speed of the stream", sequentialColors());
   scene.addLegend({0.28, 0.03, 0.0}, {0.44, 0.13, 0.0}, "000000ff",
                   {{"orientation", "HORIZONTAL"}, {"numberOfLabels", "8"}, {"numberFormat", "%.1f"}});
-  scene.addGeometry(makeStreamlines(), {{"lineWidth", "2"}});
+  scene.addGeometry(makeStreamlines(), {{"lineColor", "303030e8"}, {"lineWidth", "2"}});
   scene.end();
   scene.end();
   scene.addAxes();
