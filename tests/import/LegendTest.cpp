@@ -8,7 +8,6 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using Vector2 = Vector<2, double>;
-using Vector3 = Vector<3, double>;
 
 const std::string COLORMAPS =
     "<colormap name='a' min='1' max='2' title='Speed'><c>ff0000ff</c></colormap>"
@@ -25,30 +24,6 @@ class LegendTest : public SceneFixture {
     return dynamic_cast<lum::LegendDrawable&>(foreground().getNode(0));
   }
 };
-
-TEST_F(LegendTest, SaysWhatTheColorsMean) {
-  auto& legend = convertLegend(
-      "name='bar' title='Pressure' colormap='b' orientation='HORIZONTAL' numberOfLabels='3' "
-      "numberFormat='%.1f Pa' textHeight='0.04'",
-      "<position x='0.1' y='0.2'/><size x='0.6' y='0.3'/><font facename='Times' textColor='ff0000ff'/>");
-  EXPECT_EQ(legend.getName(), "bar");
-  EXPECT_TRUE(legend.getBaseAttributes().getVisibility());
-  const auto& attributes = legend.getLegendAttributes();
-  EXPECT_EQ(attributes.getTitle(), "Pressure");
-  EXPECT_EQ(attributes.getOrientation(), lum::LegendOrientation::HORIZONTAL);
-  EXPECT_EQ(attributes.getNumberOfLabels(), 3);
-  EXPECT_EQ(attributes.getLabelFormat(), "%.1f Pa");
-  EXPECT_EQ(attributes.getSize(), (Vector2{0.6, 0.3}));
-  EXPECT_EQ(legend.getPositionAttributes().getPosition(), (Vector3{0.1, 0.2, 0}));
-  EXPECT_EQ(legend.getTextAttributes().getFontFamilyName(), "Times");
-  EXPECT_EQ(legend.getTextAttributes().getForegroundColor(), 0xFF0000FFU);
-  EXPECT_EQ(legend.getTextAttributes().getFontSize(), 0.04);
-  ASSERT_TRUE(legend.hasColorLookupTable());
-  const auto& table = legend.getColorLookupTable();
-  EXPECT_THAT(table.getColorValues(), ElementsAre(0, 1, 0, 1, 0, 0, 1, 1));
-  EXPECT_EQ(table.getScalarRange(), (Vector2{3, 4}));
-  EXPECT_EQ(table.getScaleMode(), lum::ScaleMode::LOG10);
-}
 
 TEST_F(LegendTest, WithoutAnythingStatedShowsTheActiveColormap) {
   auto& legend = convertLegend("");
