@@ -26,6 +26,9 @@ struct EnumerationNames {
 /// The enumerators by number, as a person calls them.
 const std::vector<EnumerationNames>& enumerationTable() {
   static const std::vector<EnumerationNames> table = {
+      {"AnnotationAttributes", "coordinateSpace", {"window", "model"}},
+      {"AnnotationAttributes", "horizontalAlignment", {"left", "center", "right"}},
+      {"AnnotationAttributes", "verticalAlignment", {"bottom", "center", "top"}},
       {"BackgroundAttributes",
        "colorMode",
        {"solid", "top to bottom", "bottom to top", "left to right", "right to left", "radial"}},
@@ -35,6 +38,9 @@ const std::vector<EnumerationNames>& enumerationTable() {
       {"ColorLookupTable", "scaleMode", {"linear", "logarithmic"}},
       {"ColorLookupTable", "rampMode", {"linear", "s-curve", "square root"}},
       {"DataLocationAttributes", "dataLocation", {"cells", "points"}},
+      {"ImageAttributes", "coordinateSpace", {"window", "model"}},
+      {"LegendAttributes", "orientation", {"vertical", "horizontal"}},
+      {"PointScaleAttributes", "scaleMode", {"constant", "linear", "logarithmic"}},
   };
   return table;
 }
