@@ -62,6 +62,17 @@ void showLog() {
   logger.setSink([](const std::string& line) { showMessage(line); });
 }
 
+LogKeeper::LogKeeper() {
+  Logger::getSingleton().setSink([this](const std::string& line) { _lines.push_back(line); });
+}
+
+LogKeeper::~LogKeeper() {
+  showLog();
+  for (const std::string& line : _lines) {
+    showMessage(line);
+  }
+}
+
 Progress::Progress(const std::string& activity) {
   if (isTerminal()) {
     _thread = std::thread([this, activity] { run(activity); });

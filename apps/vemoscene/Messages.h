@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 #include <thread>
+#include <utility>
+#include <vector>
 
 /// The text with whatever could steer a terminal, and bytes that are no UTF-8,
 /// replaced by U+FFFD. Line ends stay.
@@ -17,6 +19,22 @@ void showMessage(std::string_view message);
 /// Shows the warnings and errors that the system logs. To be called before
 /// anything of the system.
 void showLog();
+
+/// While it lives, keeps the warnings and errors that the system logs from being
+/// shown, for a command that tells them in its result. Those that nobody took
+/// are shown at its end.
+class LogKeeper {
+ public:
+  LogKeeper();
+  ~LogKeeper();
+  LogKeeper(const LogKeeper&) = delete;
+  LogKeeper& operator=(const LogKeeper&) = delete;
+
+  std::vector<std::string> take() { return std::exchange(_lines, {}); }
+
+ private:
+  std::vector<std::string> _lines;
+};
 
 /// While it lives, says what the program is at when that takes longer than a
 /// second and standard error is a terminal.

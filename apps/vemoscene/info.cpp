@@ -18,7 +18,10 @@
 #include <filesystem>
 #include <fmt/format.h>
 #include <memory>
+#include <string>
 #include <system_error>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -28,7 +31,20 @@ struct Options {
   bool values = false;
 };
 
-void printJson(std::ostream& out, const LoadedScene& scene, const Options& options) {
+/// What was read, and what reading said of it.
+struct Contents {
+  LoadedScene scene;
+  std::vector<std::string> warnings;
+};
+
+Contents load(const std::string& file) {
+  LogKeeper log;
+  LoadedScene scene(file);
+  return {std::move(scene), log.take()};
+}
+
+void printJson(std::ostream& out, const Contents& contents, const Options& options) {
+  const LoadedScene& scene = contents.scene;
   lum::JsonWriter json(out);
   const auto print = [&json](const char* name, const std::string& text) {
     json.key(name);
@@ -37,6 +53,12 @@ void printJson(std::ostream& out, const LoadedScene& scene, const Options& optio
   json.beginObject();
   print("path", options.file);
   print("format", scene.isZipped() ? "ZippedScene" : "SceneDatabase");
+  json.key("warnings");
+  json.beginArray();
+  for (const std::string& warning : contents.warnings) {
+    json.value(warning);
+  }
+  json.endArray();
   json.key("records");
   json.beginArray();
   for (const LoadedScene::Record& record : scene.getRecords()) {
@@ -88,7 +110,17 @@ std::string countGeometry(lum::Node& root) {
                      groupDigits(cells));
 }
 
-void printText(std::ostream& out, const LoadedScene& scene, const Options& options) {
+void printWarnings(std::ostream& out, const std::vector<std::string>& warnings) {
+  if (!warnings.empty()) {
+    out << "\nWarnings:\n";
+  }
+  for (const std::string& warning : warnings) {
+    out << "  " << toPrintable(warning) << '\n';
+  }
+}
+
+void printText(std::ostream& out, const Contents& contents, const Options& options) {
+  const LoadedScene& scene = contents.scene;
   std::error_code ignored;
   const auto size = std::filesystem::file_size(options.file, ignored);
   out << fmt::format("{}\n{}, {}\n", toPrintable(options.file),
@@ -97,6 +129,7 @@ void printText(std::ostream& out, const LoadedScene& scene, const Options& optio
   if (scene.isZipped()) {
     printEntries(out, options.file);
   }
+  printWarnings(out, contents.warnings);
   for (const LoadedScene::Record& record : scene.getRecords()) {
     out << '\n';
     if (!scene.isZipped()) {
@@ -109,12 +142,12 @@ void printText(std::ostream& out, const LoadedScene& scene, const Options& optio
 }
 
 void info(const Options& options) {
-  const LoadedScene scene(options.file);
+  const Contents contents = load(options.file);
   ResultStream out;
   if (options.json || options.values) {
-    printJson(out, scene, options);
+    printJson(out, contents, options);
   } else {
-    printText(out, scene, options);
+    printText(out, contents, options);
   }
   out.finish();
 }

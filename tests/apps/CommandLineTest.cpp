@@ -1,11 +1,11 @@
 #include "ProgramRun.h"
+#include "scenegraph/SdbFile.h"
 #include "support/ArchiveBuilder.h"
 #include "support/TemporaryFolder.h"
 
 #include <chrono>
 #include <csignal>
 #include <fcntl.h>
-#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -45,15 +45,6 @@ ArchiveBuilder makeArchive(const std::string& description, std::size_t furtherPo
       .floats("points", points)
       .floats("heat", heat)
       .ints("polys", {3, 0, 1, 2});
-}
-
-std::string readFile(const fs::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
-
-void writeFile(const fs::path& path, const std::string& bytes) {
-  std::ofstream(path, std::ios::binary) << bytes;
 }
 
 /// A folder with files that commands are tried on.
@@ -180,6 +171,24 @@ TEST_F(CommandLineTest, PrintsJsonForPrograms) {
   EXPECT_THAT(database["records"].dump(), Not(HasSubstr("\"values\"")));
   EXPECT_EQ(json::parse(run({"info", "scene.sdb", "--json", "--values"}).out)["records"], archive["records"])
       << "a scene and its database say the same";
+}
+
+TEST_F(CommandLineTest, TellsWhatReadingLeavesOut) {
+  std::string description = makeDescription("heat");
+  description.insert(description.find("<geometry"), "<vectors name=\"wind\"/><streamlines name=\"paths\"/>");
+  makeArchive(description).write(_folder / "more.zip");
+  const ProgramResult result = run({"info", "more.zip"});
+  EXPECT_THAT(result.out, HasSubstr("  Items of the kind \"vectors\" are not shown, item scene/wind\n"));
+  EXPECT_THAT(result.out, HasSubstr("  Items of the kind \"streamlines\" are not shown, item scene/paths\n"));
+  EXPECT_EQ(result.err, "") << "once is enough";
+  const json warnings = json::parse(run({"info", "more.zip", "--json"}).out)["warnings"];
+  ASSERT_EQ(warnings.size(), 2U);
+  EXPECT_EQ(warnings[1], "Items of the kind \"streamlines\" are not shown, item scene/paths");
+  EXPECT_TRUE(json::parse(run({"info", "scene.zip", "--json"}).out)["warnings"].empty());
+  DatabaseBytes newer(readFile(_folder / "scene.sdb"));
+  newer.replaceInIndex("MeshAttributes", "WarpAttributes");
+  writeFile(_folder / "newer.sdb", newer.join());
+  EXPECT_THAT(run({"info", "newer.sdb"}).out, HasSubstr("nodes of class WarpAttributes, which is unknown"));
 }
 
 TEST_F(CommandLineTest, ConvertsToTheSameBytesAndCopies) {
