@@ -7,7 +7,6 @@
 #include "vemoview/render/SightLine.h"
 #include "vemoview/render/View.h"
 
-#include <vtkBoundingBox.h>
 #include <vtkCullerCollection.h>
 #include <vtkNew.h>
 #include <vtkPlane.h>
@@ -71,13 +70,15 @@ void peelTranslucency(vtkRenderer& renderer) {
 }
 
 /// Makes a box large enough for a piece, wherever it is shown.
-void addPlacedBounds(const Piece& piece, vtkBoundingBox& box) {
-  vtkBoundingBox own(piece.geometry->GetBounds());
+void addPlacedBounds(const Piece& piece, Box& box) {
+  const Box& own = piece.getBounds();
   forEachPlacement(piece.placements, [&](const double* placement) {
-    for (int corner = 0; corner < 8; ++corner) {
-      Vector3 point;
-      own.GetCorner(corner, point.data());
-      box.AddPoint(placed(point, placement).data());
+    for (const double x : {own.low[0], own.high[0]}) {
+      for (const double y : {own.low[1], own.high[1]}) {
+        for (const double z : {own.low[2], own.high[2]}) {
+          box.add(placed({x, y, z}, placement));
+        }
+      }
     }
   });
 }
@@ -161,12 +162,12 @@ void CanvasLayer::resetView() {
   setCamera(*_renderer, _canvas.hasCameraAttributes());
 }
 
-std::optional<Box> CanvasLayer::boundsOf(const lum::Drawable& drawable) const {
+Box CanvasLayer::boundsOf(const lum::Drawable& drawable) const {
   DrawableSet parts;
   for (const VisibleDrawable& visible : collectVisible(drawable)) {
     parts.insert(visible.drawable);
   }
-  vtkBoundingBox box;
+  Box box;
   for (const Stroke& stroke : _strokes) {
     stroke.forEachShown([&](const Piece& piece) {
       if (parts.contains(piece.drawable)) {
@@ -174,11 +175,5 @@ std::optional<Box> CanvasLayer::boundsOf(const lum::Drawable& drawable) const {
       }
     });
   }
-  if (!box.IsValid()) {
-    return std::nullopt;
-  }
-  Box result;
-  box.GetMinPoint(result.low.data());
-  box.GetMaxPoint(result.high.data());
-  return result;
+  return box;
 }

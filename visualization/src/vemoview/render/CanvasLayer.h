@@ -1,5 +1,6 @@
 #pragma once
 
+#include "vemoview/render/Box.h"
 #include "vemoview/render/CameraBook.h"
 #include "vemoview/render/Decorations.h"
 #include "vemoview/render/Pick.h"
@@ -15,12 +16,6 @@ class vtkPlaneCollection;
 namespace lum {
 class SceneCanvas;
 }
-
-/// The least and the greatest coordinates of what is in it.
-struct Box {
-  Vector<3, double> low;
-  Vector<3, double> high;
-};
 
 /// What a canvas holds, in the canvas's part of the window: drawables, lights,
 /// clipping planes, camera, but not its background.
@@ -44,9 +39,8 @@ class CanvasLayer {
   /// Points the camera as the canvas says.
   void resetView();
 
-  /// Around what is shown of a drawable, and of drawables that it owns; nothing
-  /// when that is nothing.
-  std::optional<Box> boundsOf(const lum::Drawable& drawable) const;
+  /// Around what is shown of a drawable, and of drawables that it owns.
+  Box boundsOf(const lum::Drawable& drawable) const;
 
  private:
   CanvasLayer(const lum::SceneCanvas& canvas, vtkRenderer& renderer, CameraBook& cameras);

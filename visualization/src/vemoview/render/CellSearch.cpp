@@ -76,10 +76,7 @@ Vector3 CellSearch::placeOf(vtkIdType point) const {
 
 /// Whether a ball around all points can hold a place with a low enough rank.
 bool CellSearch::isNear() const {
-  std::array<double, 6> bounds{};
-  _piece.geometry->GetBounds(bounds.data());
-  const Vector3 low{bounds[0], bounds[2], bounds[4]};
-  const Vector3 high{bounds[1], bounds[3], bounds[5]};
+  const auto& [low, high] = _piece.getBounds();
   const Vector3 center = placed(0.5 * (low + high), _placement);
   const double radius = 0.5 * length(high - low) * greatestStretch(_placement);
   const double distance = dot(center - _line.origin, _line.direction);

@@ -35,11 +35,11 @@ Highlight::Highlight(vtkRenderer& model) {
   prepare(*_mark, *_renderer);
 }
 
-void Highlight::outline(const std::optional<Box>& box) {
-  _box->SetVisibility(box.has_value());
-  if (box) {
+void Highlight::outline(const Box& box) {
+  _box->SetVisibility(!box.isEmpty());
+  if (!box.isEmpty()) {
     vtkNew<vtkOutlineSource> edges;
-    edges->SetBounds(box->low[0], box->high[0], box->low[1], box->high[1], box->low[2], box->high[2]);
+    edges->SetBounds(box.low[0], box.high[0], box.low[1], box.high[1], box.low[2], box.high[2]);
     _box->GetMapper()->SetInputConnection(edges->GetOutputPort());
   }
 }

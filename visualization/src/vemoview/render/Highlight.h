@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vemoview/render/CanvasLayer.h"
+#include "vemoview/render/Box.h"
 
 #include <vtkActor.h>
 #include <vtkNew.h>
@@ -17,7 +17,8 @@ class Highlight {
 
   vtkRenderer& getRenderer() const { return *_renderer; }
 
-  void outline(const std::optional<Box>& box);
+  /// Nothing for an empty box.
+  void outline(const Box& box);
   void mark(const std::optional<Vector<3, double>>& point);
 
  private:

@@ -4,6 +4,7 @@
 #include "scenegraph/attributes/ScalarAttributes.h"
 #include "vemoview/render/CellKinds.h"
 #include "vemoview/render/ColorTable.h"
+#include "vemoview/render/MeshReader.h"
 #include "vemoview/render/PointSizes.h"
 #include "vemoview/render/RenderErrors.h"
 #include "vemoview/render/SoundGeometry.h"
@@ -157,6 +158,16 @@ void require(vtkIdType count, vtkIdType most, const char* what) {
 }
 
 }  // namespace
+
+const Box& Piece::getBounds() const {
+  if (_bounds.isEmpty()) {
+    const PointReader points(*geometry->GetPoints()->GetData());
+    for (vtkIdType i = 0; i < points.size(); ++i) {
+      _bounds.add(points[i]);
+    }
+  }
+  return _bounds;
+}
 
 /// A small file may have very many pieces share their arrays; what is drawn
 /// takes memory for each of them, and time for each of their copies.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "vemoview/render/Appearance.h"
+#include "vemoview/render/Box.h"
 #include "vemoview/render/VisibleDrawables.h"
 
 #include <vtkLookupTable.h>
@@ -42,6 +43,12 @@ struct Piece {
   SharedPlacements placements;
   /// Whether its lines lie on faces, and must not sink into them.
   bool isOnFaces = false;
+
+  /// Around all points; reckoned when it is first asked for.
+  const Box& getBounds() const;
+
+ private:
+  mutable Box _bounds;
 };
 
 /// Makes pieces of drawables, and keeps an eye on their size.

@@ -141,7 +141,7 @@ Highlight* SceneRenderer::highlight() {
 
 void SceneRenderer::outline(const lum::Drawable* drawable) {
   if (Highlight* const highlight = this->highlight()) {
-    highlight->outline(drawable != nullptr ? _model->boundsOf(*drawable) : std::nullopt);
+    highlight->outline(drawable != nullptr ? _model->boundsOf(*drawable) : Box());
   }
 }
 

@@ -1,0 +1,82 @@
+#include "ManyItems.h"
+#include "scenegraph/drawables/Drawable.h"
+#include "vemoview/render/EglRenderWindow.h"
+#include "vemoview/render/SceneRenderer.h"
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+constexpr int SIZE = 800;
+
+void openView(benchmark::State& state) {
+  const auto scene = makeManyItems(state.range(0));
+  for (auto _ : state) {
+    const auto window = EglRenderWindow::open(SIZE, SIZE);
+    SceneRenderer renderer(*scene);
+    renderer.addTo(*window, 0);
+    window->Render();
+  }
+}
+BENCHMARK(openView)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
+
+/// A scene that is shown already.
+struct View {
+  explicit View(std::int64_t count) : scene(makeManyItems(count)), renderer(*scene) {
+    renderer.addTo(*window, 0);
+    window->Render();
+  }
+
+  /// Of every `step`th assembly.
+  void show(std::size_t step, bool isShown) {
+    const auto assemblies = scene->getModelCanvas().getDrawableCollection().getNodes();
+    for (std::size_t i = 0; i < assemblies.size(); i += step) {
+      dynamic_cast<lum::Drawable&>(*assemblies[i].get()).getBaseAttributes().setVisibility(isShown, false);
+    }
+    renderer.followVisibility();
+    window->Render();
+  }
+
+  lum::Ptr<lum::SceneNode> scene;
+  vtkSmartPointer<EglRenderWindow> window = EglRenderWindow::open(SIZE, SIZE);
+  SceneRenderer renderer;
+};
+
+void redraw(benchmark::State& state) {
+  View view(state.range(0));
+  for (auto _ : state) {
+    view.window->Render();
+  }
+}
+BENCHMARK(redraw)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
+
+/// One assembly, of 100 items, is hidden or shown, and the picture drawn.
+void hideOneAssembly(benchmark::State& state) {
+  View view(state.range(0));
+  bool isShown = true;
+  for (auto _ : state) {
+    isShown = !isShown;
+    view.show(100'000, isShown);
+  }
+}
+BENCHMARK(hideOneAssembly)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
+
+void hideEverySecondAssembly(benchmark::State& state) {
+  View view(state.range(0));
+  bool isShown = true;
+  for (auto _ : state) {
+    isShown = !isShown;
+    view.show(2, isShown);
+  }
+}
+BENCHMARK(hideEverySecondAssembly)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
+
+void pick(benchmark::State& state) {
+  View view(state.range(0));
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(view.renderer.pick({SIZE / 2 + 1, SIZE / 2 + 1}));
+  }
+}
+BENCHMARK(pick)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
+
+}  // namespace
