@@ -5,6 +5,7 @@
 #include "vemoview/render/EglRenderWindow.h"
 
 #include <vtkActor.h>
+#include <vtkActorCollection.h>
 #include <vtkCamera.h>
 #include <vtkCellData.h>
 #include <vtkMatrix4x4.h>
@@ -18,6 +19,7 @@
 #include <vtkReverseSense.h>
 #include <vtkTransformPolyDataFilter.h>
 
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
@@ -52,6 +54,21 @@ vtkSmartPointer<vtkPolyData> moved(vtkPolyData* polyData, vtkMatrix4x4* matrix) 
   turner->ReverseNormalsOff();
   turner->Update();
   return turner->GetOutput();
+}
+
+std::vector<vtkActor*> actorsOf(vtkRenderer& renderer) {
+  std::vector<vtkActor*> result;
+  vtkCollectionSimpleIterator place;
+  vtkActorCollection& actors = *renderer.GetActors();
+  for (actors.InitTraversal(place); vtkActor* const actor = actors.GetNextActor(place);) {
+    result.push_back(actor);
+  }
+  return result;
+}
+
+bool showsLines(vtkActor* actor) {
+  auto& geometry = dynamic_cast<vtkPolyData&>(*actor->GetMapper()->GetInput());
+  return actor->GetProperty()->GetEdgeVisibility() != 0 || geometry.GetNumberOfLines() > 0;
 }
 
 }  // namespace
@@ -133,11 +150,21 @@ vtkActor& DirectDrawing::addPlain(vtkPolyData* polyData, double red, double gree
 }
 
 Picture DirectDrawing::draw() {
-  const auto window = EglRenderWindow::open(FeatureScene::SIZE, FeatureScene::SIZE);
-  window->SetMultiSamples(SAMPLES);
+  // Multisampling leaves dots beside edges and gaps within lines: they become
+  // smooth by drawing them twice as large.
+  const auto actors = actorsOf(*_renderer);
+  const int scale = std::ranges::any_of(actors, showsLines) ? 2 : 1;
+  for (vtkActor* const actor : actors) {
+    vtkProperty& property = *actor->GetProperty();
+    // OpenGL draws no line thinner than a pixel.
+    property.SetLineWidth(std::max(property.GetLineWidth(), 1.0F) * static_cast<float>(scale));
+    property.SetPointSize(property.GetPointSize() * static_cast<float>(scale));
+  }
+  const auto window = EglRenderWindow::open(FeatureScene::SIZE * scale, FeatureScene::SIZE * scale);
+  window->SetMultiSamples(scale == 1 ? SAMPLES : 0);
   window->AddRenderer(_renderer);
   window->Render();
-  Picture picture = Picture::of(*window);
+  Picture picture = Picture::of(*window).shrunk(scale);
   keepPicture(picture, "direct");
   return picture;
 }

@@ -26,6 +26,7 @@
 #include <cmath>
 #include <cstdio>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -36,6 +37,8 @@ using Pair = Vector<2, double>;
 /// The height of a line as a fraction of the window's, unless it is given.
 constexpr double LINE_HEIGHT = 0.03;
 constexpr int MOST_LABELS = 100;
+/// Of a title that is wrapped.
+constexpr std::size_t MOST_TITLE_BYTES = 500;
 
 /// Lines or faces in pixels.
 class FlatShape {
@@ -103,7 +106,8 @@ class Legend {
         _isVertical(attributes.getOrientation() == lum::LegendOrientation::VERTICAL),
         _size(attributes.getSize()),
         _format(attributes.getLabelFormat()),
-        _title(attributes.getTitle(), style, TextAlignment{_isVertical ? 0 : 1, 2}, group) {
+        _titleText(attributes.getTitle()),
+        _title(_titleText, style, TextAlignment{_isVertical ? 0 : 1, 2}, group) {
     if (const auto* const place = legend.findAttributes<lum::PositionAttributes>()) {
       _position = {place->getPosition()[0], place->getPosition()[1]};
     }
@@ -130,7 +134,8 @@ class Legend {
     }
     _situation = situation;
     _line = _fontSize * situation[2];
-    _title.setLineHeight(_line, renderer);
+    wrapTitle(canvas[0] - _line / 2.0 - (_isVertical ? std::max(_position[0] * canvas[0], 0.0) : 0.0),
+              renderer);
     _titleHeight = _title.getSize(renderer)[1] > 0.0 ? _title.getSize(renderer)[1] + _line / 3.0 : 0.0;
     const Pair low{_position[0] * canvas[0], _position[1] * canvas[1]};
     const Pair high{low[0] + _size[0] * canvas[0], low[1] + _size[1] * canvas[1]};
@@ -152,6 +157,31 @@ class Legend {
     _table = makeLookupTable(&table, *ends);
     _isLog = _table->IsA("vtkLogLookupTable") != 0;
     _range = {_table->GetRange()[0], _table->GetRange()[1]};
+  }
+
+  /// Begins new lines where a title would get wider than there is room.
+  void wrapTitle(double room, vtkRenderer& renderer) {
+    const auto width = [&](const std::string& text) {
+      _title.setText(text);
+      _title.setLineHeight(_line, renderer);
+      return _title.getSize(renderer)[0];
+    };
+    if (width(_titleText) <= room) {
+      return;
+    }
+    std::string wrapped;
+    std::string line;
+    std::istringstream words(_titleText.substr(0, MOST_TITLE_BYTES));
+    for (std::string word; words >> word;) {
+      const std::string longer = line.empty() ? word : line + ' ' + word;
+      if (!line.empty() && width(longer) > room) {
+        wrapped += line + '\n';
+        line = word;
+      } else {
+        line = longer;
+      }
+    }
+    width(wrapped + line);
   }
 
   void placeTitle(const Pair& low, const Pair& high, const Pair& canvas, vtkRenderer& renderer) {
@@ -220,6 +250,11 @@ class Legend {
   Pair labelPlace(const LegendTick& tick) const {
     Pair place = tickEnd(tick);
     (_isVertical ? place[0] : place[1]) += (_isVertical ? 0.25 : -0.15) * _line;
+    if (_isVertical) {
+      // The middle of digits lies above that of a line, which has room for
+      // letters that reach below.
+      place[1] -= 0.09 * _line;
+    }
     return place;
   }
 
@@ -264,6 +299,7 @@ class Legend {
   Pair _position;
   Pair _size;
   std::string _format;
+  std::string _titleText;
   TextLabel _title;
   std::vector<TextLabel> _labels;
   double _fontSize = LINE_HEIGHT;

@@ -219,6 +219,8 @@ void addContour(const Piece& piece, vtkPlaneCollection& planes, PropGroup& group
   contour.isOnFaces = true;
   contour.coloring = Piece::Coloring::PLAIN;
   contour.appearance.color = contour.appearance.edgeColor;
+  // It shows the shape of a body that is hardly seen itself.
+  contour.appearance.opacity = 1.0;
   addPlaced(contour, planes, group).LightingOff();
 }
 

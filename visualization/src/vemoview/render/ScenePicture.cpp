@@ -26,13 +26,13 @@ int samplesFor(const RenderOptions& options) {
   return samples < 2 ? 0 : static_cast<int>(samples);
 }
 
-/// Where there is no multisampling, edges become smooth by drawing the picture
+/// Where multisampling does no good, edges become smooth by drawing the picture
 /// larger, in each direction by this factor.
 int enlargementFor(const SceneRenderer& scene, const RenderOptions& options, int largestSize) {
   constexpr int WANTED = 2;
   const bool fits = WANTED * std::max(options.width, options.height) <= largestSize &&
                     WANTED * WANTED * pixelsOf(options) <= MOST_SAMPLES;
-  return scene.hasTranslucency() && fits ? WANTED : 1;
+  return (scene.hasTranslucency() || scene.hasLines()) && fits ? WANTED : 1;
 }
 
 void requireSize(const RenderOptions& options, int largestSize) {
@@ -55,7 +55,7 @@ Picture renderPicture(const lum::SceneNode& scene, const RenderOptions& options)
   SceneRenderer renderer(scene);
   const int enlargement = enlargementFor(renderer, options, largestSize);
   renderer.scalePixels(enlargement);
-  renderer.addTo(*window, samplesFor(options));
+  renderer.addTo(*window, enlargement > 1 ? 0 : samplesFor(options));
   window->SetSize(options.width * enlargement, options.height * enlargement);
   window->Render();
   return Picture::of(*window).shrunk(enlargement);

@@ -7,6 +7,9 @@
 
 #include <vtkActor.h>
 #include <vtkActorCollection.h>
+#include <vtkMapper.h>
+#include <vtkPolyData.h>
+#include <vtkProperty.h>
 #include <vtkRenderWindow.h>
 #include <vtkRenderer.h>
 
@@ -14,15 +17,28 @@
 
 namespace {
 
-bool isTranslucent(vtkRenderer& renderer) {
+/// Whether the answer of a visible actor is yes.
+template <class Ask>
+bool findActor(vtkRenderer& renderer, Ask&& ask) {
   vtkCollectionSimpleIterator place;
   vtkActorCollection& actors = *renderer.GetActors();
   for (actors.InitTraversal(place); vtkActor* const actor = actors.GetNextActor(place);) {
-    if (actor->GetVisibility() != 0 && actor->HasTranslucentPolygonalGeometry() != 0) {
+    if (actor->GetVisibility() != 0 && ask(*actor)) {
       return true;
     }
   }
   return false;
+}
+
+bool isTranslucent(vtkActor& actor) {
+  return actor.HasTranslucentPolygonalGeometry() != 0;
+}
+
+bool showsLines(vtkActor& actor) {
+  auto* const geometry = vtkPolyData::SafeDownCast(actor.GetMapper()->GetInput());
+  return actor.GetProperty()->GetEdgeVisibility() != 0 ||
+         actor.GetProperty()->GetRepresentation() == VTK_WIREFRAME ||
+         (geometry != nullptr && geometry->GetNumberOfLines() > 0);
 }
 
 }  // namespace
@@ -81,7 +97,13 @@ std::vector<vtkRenderer*> SceneRenderer::renderers() const {
 }
 
 bool SceneRenderer::hasTranslucency() const {
-  return std::ranges::any_of(renderers(), [](vtkRenderer* renderer) { return isTranslucent(*renderer); });
+  return std::ranges::any_of(renderers(),
+                             [](vtkRenderer* renderer) { return findActor(*renderer, isTranslucent); });
+}
+
+bool SceneRenderer::hasLines() const {
+  return std::ranges::any_of(renderers(),
+                             [](vtkRenderer* renderer) { return findActor(*renderer, showsLines); });
 }
 
 void SceneRenderer::scalePixels(double factor) {

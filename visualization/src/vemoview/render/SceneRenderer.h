@@ -38,6 +38,10 @@ class VEMO_RENDER_EXPORT SceneRenderer {
   /// multisampling: VTK peels no layers from multisampled frame buffers.
   bool hasTranslucency() const;
 
+  /// Whether lines or edges of faces are drawn: multisampling leaves gaps in the
+  /// ones and dots beside the others.
+  bool hasLines() const;
+
   /// Makes lines and points wider by a factor, for pixels that are smaller than
   /// those that the scene means.
   void scalePixels(double factor);
