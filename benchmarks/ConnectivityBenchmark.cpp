@@ -20,7 +20,7 @@ constexpr std::int32_t TRIANGLES = 1'000'000;
 /// scene.
 std::vector<std::int32_t> triangleList() {
   std::vector<std::int32_t> list;
-  list.reserve(4U * TRIANGLES);
+  list.reserve(std::size_t{4} * TRIANGLES);
   for (std::int32_t i = 0; i < TRIANGLES; ++i) {
     list.insert(list.end(), {3, i, i + 1, i + 2});
   }
@@ -39,7 +39,7 @@ void reportBytes(benchmark::State& state, std::size_t integers) {
 
 void countCells(benchmark::State& state) {
   const auto list = triangleList();
-  for (auto _ : state) {
+  for ([[maybe_unused]] const auto _ : state) {
     benchmark::DoNotOptimize(geometry::countCells(list));
   }
   reportBytes(state, list.size());
@@ -47,7 +47,7 @@ void countCells(benchmark::State& state) {
 
 void importCells(benchmark::State& state) {
   const auto list = triangleList();
-  for (auto _ : state) {
+  for ([[maybe_unused]] const auto _ : state) {
     state.PauseTiming();
     auto block = blockOf(list);
     state.ResumeTiming();
@@ -65,7 +65,7 @@ void importCells(benchmark::State& state) {
 /// nothing.
 void importWithVtk(benchmark::State& state) {
   const auto list = triangleList();
-  for (auto _ : state) {
+  for ([[maybe_unused]] const auto _ : state) {
     vtkNew<vtkIdTypeArray> ids;
     ids->SetNumberOfValues(static_cast<vtkIdType>(list.size()));
     std::copy(list.begin(), list.end(), ids->GetPointer(0));

@@ -32,6 +32,7 @@ struct Usage {
 Usage convert(const std::filesystem::path& archive, const std::filesystem::path& database) {
   std::vector<std::string> words{VEMOSCENE_PROGRAM, "convert", archive, database};
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (std::string& word : words) {
     arguments.push_back(word.data());
   }
@@ -63,7 +64,7 @@ void runApart(Function&& function) {
 
 void measure(benchmark::State& state, const Archive& archive, const std::filesystem::path& folder) {
   double peakBytes = 0.0;
-  for (auto _ : state) {
+  for ([[maybe_unused]] const auto _ : state) {
     const Usage usage = convert(archive.path, folder / "scene.sdb");
     if (usage.seconds == 0.0) {
       state.SkipWithError("the conversion failed");

@@ -17,7 +17,7 @@ constexpr int SIDE = 708;  ///< of a grid of squares: 1,002,528 triangles
 
 vtkSmartPointer<vtkPoints> wavyGrid() {
   auto points = vtkSmartPointer<vtkPoints>::New();
-  points->SetNumberOfPoints((SIDE + 1) * (SIDE + 1));
+  points->SetNumberOfPoints(vtkIdType{SIDE + 1} * (SIDE + 1));
   vtkIdType next = 0;
   for (int row = 0; row <= SIDE; ++row) {
     for (int column = 0; column <= SIDE; ++column) {
@@ -64,7 +64,7 @@ using MakeMesh = vtkSmartPointer<vtkPolyData> (*)();
 template <auto COMPUTE, MakeMesh MAKE>
 void ours(benchmark::State& state) {
   const auto mesh = MAKE();
-  for (auto _ : state) {
+  for ([[maybe_unused]] const auto _ : state) {
     benchmark::DoNotOptimize(COMPUTE(*mesh));
   }
 }
@@ -72,7 +72,7 @@ void ours(benchmark::State& state) {
 template <bool AT_POINTS, MakeMesh MAKE>
 void filter(benchmark::State& state) {
   const auto mesh = MAKE();
-  for (auto _ : state) {
+  for ([[maybe_unused]] const auto _ : state) {
     vtkNew<vtkPolyDataNormals> normals;
     normals->SetInputData(mesh);
     normals->SplittingOff();

@@ -3,6 +3,7 @@
 #include "scenegraph/Node.h"
 #include "scenegraph/io/JsonWriter.h"
 
+#include <algorithm>
 #include <string_view>
 #include <vector>
 
@@ -40,11 +41,12 @@ void NodePaths::print(JsonWriter& json, const Node& node) {
     json.null();
     return;
   }
+  std::ranges::reverse(steps);
   json.beginText();
   std::string_view separator;
-  for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
+  for (const Node* step : steps) {
     json.appendText(separator);
-    json.appendText(getStep(**step));
+    json.appendText(getStep(*step));
     separator = "/";
   }
   json.endText();

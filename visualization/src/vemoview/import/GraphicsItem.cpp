@@ -9,7 +9,9 @@
 #include <vtkProperty.h>
 #include <vtkProperty2D.h>
 
-GraphicsItem::GraphicsItem(std::string name) : SceneItem(name) {}
+#include <utility>
+
+GraphicsItem::GraphicsItem(std::string name) : SceneItem(std::move(name)) {}
 GraphicsItem::~GraphicsItem() = default;
 
 void GraphicsItem::read(const QxElement& element, SceneFileReader* reader) {
@@ -32,7 +34,7 @@ void GraphicsItem::setMyOpacity(vtkActor* actor, double opacity) const {
 void GraphicsItem::setMyOpacity(vtkProp* prop, vtkProperty* property, double opacity) const {
   if (auto* const assembly = vtkAssembly::SafeDownCast(prop)) {
     vtkProp3DCollection& parts = *assembly->GetParts();
-    vtkCollectionSimpleIterator place;
+    vtkCollectionSimpleIterator place = nullptr;
     parts.InitTraversal(place);
     while (vtkProp3D* const part = parts.GetNextProp3D(place)) {
       setMyOpacity(part, property, opacity);

@@ -2,7 +2,9 @@
 
 #include "vemoview/import/QxElement.h"
 
-SceneItem::SceneItem(const std::string& name) : _name(name) {}
+#include <utility>
+
+SceneItem::SceneItem(std::string name) : _name(std::move(name)) {}
 SceneItem::~SceneItem() = default;
 
 void SceneItem::read(const QxElement& element, SceneFileReader* reader) {

@@ -7,7 +7,7 @@
 /// A part of a scene that has a name.
 class VEMO_IMPORT_EXPORT SceneItem : public Readable {
  public:
-  explicit SceneItem(const std::string& name);
+  explicit SceneItem(std::string name);
   SceneItem(const SceneItem&) = default;
   SceneItem& operator=(const SceneItem&) = default;
   ~SceneItem() override;

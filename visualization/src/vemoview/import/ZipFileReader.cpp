@@ -110,8 +110,10 @@ void ZipFileReader::sortEntries() {
   // Of equal names the last in the archive is to stay: it comes first here.
   std::ranges::reverse(_entries);
   std::ranges::stable_sort(_entries, {}, &Entry::name);
-  const auto [first, last] = std::ranges::unique(_entries, {}, &Entry::name);
-  _entries.erase(first, last);
+  const auto first = std::unique(_entries.begin(), _entries.end(), [](const Entry& left, const Entry& right) {
+    return left.name == right.name;
+  });
+  _entries.erase(first, _entries.end());
 }
 
 std::string ZipFileReader::getEntryName(int index) const {

@@ -70,7 +70,7 @@ void setDefaultColors(vtkLookupTable& table) {
 vtkSmartPointer<vtkLookupTable> makeLookupTable(const lum::ColorLookupTable* table, vtkDataArray& values) {
   bool isLog = table != nullptr && table->getScaleMode() == lum::ScaleMode::LOG10;
   const auto colors = colorsOf(table);
-  Range range = !colors.empty() ? table->getScalarRange() : Range{1.0, 0.0};
+  Range range = table != nullptr && !colors.empty() ? table->getScalarRange() : Range{1.0, 0.0};
   if (!isUsable(range, isLog)) {
     range = isLog ? rangeAbove(values, 0.0) : Range{1.0, 0.0};
     if (!isUsable(range, isLog)) {
