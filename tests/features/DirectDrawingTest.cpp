@@ -263,7 +263,7 @@ INSTANTIATE_TEST_SUITE_P(
                     colored("AtPoints", "dim='1' vertexData='true' data='byPoint'", "ramp='sqrt'",
                             lum::DataLocation::POINTS),
                     colored("LogarithmicAtCells", "dim='1' data='byCell'", "log10='true'",
-                            lum::DataLocation::CELLS, "smoothShading='false' showEdges='true'"),
+                            lum::DataLocation::CELLS, "smoothShading='false'"),
                     colored("LogarithmicAtPoints", "dim='1' vertexData='true' data='byPoint'", "log10='true'",
                             lum::DataLocation::POINTS),
                     colored("PairsByTheirFirst", "dim='2' data='pairs'", "", lum::DataLocation::CELLS),
