@@ -102,7 +102,10 @@ std::vector<std::size_t> ArrayBinder::getExpected() {
 }
 
 std::string ArrayBinder::provide(std::size_t chunk, vtkDataArray& array) {
-  _arrays[chunk] = &array;
+  _pages.resize(std::max(_pages.size(), chunk / PAGE_SIZE + 1));
+  auto& page = _pages[chunk / PAGE_SIZE];
+  page.resize(PAGE_SIZE);
+  page[chunk % PAGE_SIZE] = &array;
   std::string fault;
   for (auto use = findUses(chunk); use != _byChunk.end() && _uses[*use].chunk == chunk; ++use) {
     const std::uint32_t waiting = _uses[*use].waiting;
@@ -153,7 +156,7 @@ std::string ArrayBinder::complete(std::uint32_t number) {
 std::string ArrayBinder::putArrays(const Waiting& waiting, FieldList& fields) {
   const auto end = _uses.begin() + static_cast<std::ptrdiff_t>(waiting.firstUse + waiting.useCount);
   for (auto use = end - static_cast<std::ptrdiff_t>(waiting.useCount); use != end; ++use) {
-    vtkDataArray& array = *_arrays.at(use->chunk);
+    vtkDataArray& array = getArray(use->chunk);
     const Field& field = fields[use->place];
     if (const auto* single = std::get_if<vtkSmartPointer<vtkDataArray>*>(&field.value)) {
       **single = &array;
@@ -161,7 +164,7 @@ std::string ArrayBinder::putArrays(const Waiting& waiting, FieldList& fields) {
       (*table)->emplace_back(&array);
     } else {
       ++use;
-      auto cells = makeCells(array, *_arrays.at(use->chunk));
+      auto cells = makeCells(array, getArray(use->chunk));
       if (!cells) {
         return std::string(field.name) + ": offsets and connectivity are not integers of one type";
       }

@@ -29,7 +29,10 @@ class ArrayBinder {
 
   /// The chunks that any node has waited for, in ascending order.
   std::vector<std::size_t> getExpected();
-  bool has(std::size_t chunk) const { return _arrays.contains(chunk); }
+  bool has(std::size_t chunk) const {
+    const std::size_t page = chunk / PAGE_SIZE;
+    return page < _pages.size() && !_pages[page].empty() && _pages[page][chunk % PAGE_SIZE];
+  }
 
   /// Takes an array. What is wrong with the first of the nodes that are
   /// complete now; empty when nothing is.
@@ -51,6 +54,9 @@ class ArrayBinder {
     std::size_t missing;
   };
 
+  static constexpr std::size_t PAGE_SIZE = 256;
+
+  vtkDataArray& getArray(std::size_t chunk) const { return *_pages[chunk / PAGE_SIZE][chunk % PAGE_SIZE]; }
   static void clearAll(const FieldList& fields);
   void sortUses();
   /// The first of a chunk's uses, if it has any.
@@ -58,8 +64,9 @@ class ArrayBinder {
   std::string complete(std::uint32_t waiting);
   std::string putArrays(const Waiting& waiting, FieldList& fields);
 
-  // Not by their place in a vector: a record may use few of many chunks.
-  std::unordered_map<std::size_t, vtkSmartPointer<vtkDataArray>> _arrays;
+  // Arrays by their chunks; a page is empty until one of its chunks is there: a
+  // record may use few of a great many.
+  std::vector<std::vector<vtkSmartPointer<vtkDataArray>>> _pages;
   std::vector<Use> _uses;
   // Numbers of uses, in the order of their chunks.
   std::vector<std::uint32_t> _byChunk;
