@@ -23,7 +23,8 @@ vtkSmartPointer<vtkPolyData> makePatch(double x, double y) {
   vtkNew<vtkCellArray> polys;
   polys->Use32BitStorage();
   for (vtkIdType i = 0; i < 64; ++i) {
-    points->InsertNextPoint(x + static_cast<double>(i % 8), y + static_cast<double>(i / 8), 0);
+    const vtkIdType row = i / 8;
+    points->InsertNextPoint(x + static_cast<double>(i % 8), y + static_cast<double>(row), 0);
     normals->InsertNextTuple3(0, 0, 1);
     if (i % 8 < 7 && i < 56) {
       polys->InsertNextCell({i, i + 1, i + 9});

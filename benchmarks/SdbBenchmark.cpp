@@ -29,7 +29,7 @@ void writeDatabase(const File& file, lum::Node& node) {
 void writeSmallGeometries(benchmark::State& state) {
   const auto scene = makeManyItems(state.range(0));
   const File file;
-  for (auto _ : state) {
+  for ([[maybe_unused]] const auto _ : state) {
     writeDatabase(file, *scene);
   }
   lum::SDBReader reader(file.wide());
@@ -49,7 +49,7 @@ BENCHMARK(writeSmallGeometries)->Arg(10'000)->Arg(20'000)->Arg(40'000)->Unit(ben
 void readSmallGeometries(benchmark::State& state) {
   const File file;
   writeDatabase(file, *makeManyItems(state.range(0)));
-  for (auto _ : state) {
+  for ([[maybe_unused]] const auto _ : state) {
     benchmark::DoNotOptimize(lum::SDBReader(file.wide()).readNode(0));
   }
 }

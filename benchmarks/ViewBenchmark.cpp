@@ -11,7 +11,7 @@ constexpr int SIZE = 800;
 
 void openView(benchmark::State& state) {
   const auto scene = makeManyItems(state.range(0));
-  for (auto _ : state) {
+  for ([[maybe_unused]] const auto _ : state) {
     const auto window = EglRenderWindow::open(SIZE, SIZE);
     SceneRenderer renderer(*scene);
     renderer.addTo(*window, 0);
@@ -44,7 +44,7 @@ struct View {
 
 void redraw(benchmark::State& state) {
   View view(state.range(0));
-  for (auto _ : state) {
+  for ([[maybe_unused]] const auto _ : state) {
     view.window->Render();
   }
 }
@@ -54,7 +54,7 @@ BENCHMARK(redraw)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
 void hideOneAssembly(benchmark::State& state) {
   View view(state.range(0));
   bool isShown = true;
-  for (auto _ : state) {
+  for ([[maybe_unused]] const auto _ : state) {
     isShown = !isShown;
     view.show(100'000, isShown);
   }
@@ -64,7 +64,7 @@ BENCHMARK(hideOneAssembly)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisec
 void hideEverySecondAssembly(benchmark::State& state) {
   View view(state.range(0));
   bool isShown = true;
-  for (auto _ : state) {
+  for ([[maybe_unused]] const auto _ : state) {
     isShown = !isShown;
     view.show(2, isShown);
   }
@@ -73,7 +73,7 @@ BENCHMARK(hideEverySecondAssembly)->Arg(10'000)->Arg(100'000)->Unit(benchmark::k
 
 void pick(benchmark::State& state) {
   View view(state.range(0));
-  for (auto _ : state) {
+  for ([[maybe_unused]] const auto _ : state) {
     benchmark::DoNotOptimize(view.renderer.pick({SIZE / 2 + 1, SIZE / 2 + 1}));
   }
 }
