@@ -47,8 +47,9 @@ lum::Ptr<lum::SceneNode> makeManyItems(std::int64_t count) {
   auto& model = scene->getModelCanvas().getDrawableCollection();
   for (std::int64_t i = 0; i < count; ++i) {
     const std::string number = std::to_string(i);
+    const std::int64_t row = i / ROW;
     const double x = STEP * static_cast<double>(i % ROW);
-    const double y = STEP * static_cast<double>(i / ROW);
+    const double y = STEP * static_cast<double>(row);
     auto& assembly = model.findOrCreate<DrawableCollection>("assembly " + std::to_string(i / 100));
     auto& surface = assembly.findOrCreate<SurfaceDrawable>("geometry " + number);
     surface.getBaseAttributes().setVisibility(true, false);

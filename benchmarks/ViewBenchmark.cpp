@@ -72,9 +72,10 @@ void hideEverySecondAssembly(benchmark::State& state) {
 BENCHMARK(hideEverySecondAssembly)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
 
 void pick(benchmark::State& state) {
+  constexpr int BESIDE_CENTER = SIZE / 2 + 1;
   View view(state.range(0));
   for ([[maybe_unused]] const auto _ : state) {
-    benchmark::DoNotOptimize(view.renderer.pick({SIZE / 2 + 1, SIZE / 2 + 1}));
+    benchmark::DoNotOptimize(view.renderer.pick({BESIDE_CENTER, BESIDE_CENTER}));
   }
 }
 BENCHMARK(pick)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
