@@ -66,9 +66,11 @@ std::vector<vtkActor*> actorsOf(vtkRenderer& renderer) {
   return result;
 }
 
-bool showsLines(vtkActor* actor) {
+bool showsFineShapes(vtkActor* actor) {
   auto& geometry = dynamic_cast<vtkPolyData&>(*actor->GetMapper()->GetInput());
-  return actor->GetProperty()->GetEdgeVisibility() != 0 || geometry.GetNumberOfLines() > 0;
+  vtkProperty& property = *actor->GetProperty();
+  return property.GetEdgeVisibility() != 0 || property.GetRenderPointsAsSpheres() ||
+         geometry.GetNumberOfLines() > 0;
 }
 
 }  // namespace
@@ -150,10 +152,10 @@ vtkActor& DirectDrawing::addPlain(vtkPolyData* polyData, double red, double gree
 }
 
 Picture DirectDrawing::draw() {
-  // Multisampling leaves dots beside edges and gaps within lines: they become
-  // smooth by drawing them twice as large.
+  // Multisampling leaves dots beside edges, gaps within lines, and the rims of
+  // balls as they are: they become smooth by drawing them twice as large.
   const auto actors = actorsOf(*_renderer);
-  const int scale = std::ranges::any_of(actors, showsLines) ? 2 : 1;
+  const int scale = std::ranges::any_of(actors, showsFineShapes) ? 2 : 1;
   for (vtkActor* const actor : actors) {
     vtkProperty& property = *actor->GetProperty();
     // OpenGL draws no line thinner than a pixel.

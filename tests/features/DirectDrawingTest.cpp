@@ -48,7 +48,7 @@ struct Threshold {
 };
 constexpr int TOLERANCE = 8;
 /// What has to be seen at least, of the whole picture.
-constexpr double LEAST_SHOWN = 0.01;
+constexpr double LEAST_SHOWN = 0.005;
 
 struct Feature {
   const char* name;
@@ -263,7 +263,7 @@ INSTANTIATE_TEST_SUITE_P(
                     colored("AtPoints", "dim='1' vertexData='true' data='byPoint'", "ramp='sqrt'",
                             lum::DataLocation::POINTS),
                     colored("LogarithmicAtCells", "dim='1' data='byCell'", "log10='true'",
-                            lum::DataLocation::CELLS, "smoothShading='false'"),
+                            lum::DataLocation::CELLS, "smoothShading='false' showEdges='true'"),
                     colored("LogarithmicAtPoints", "dim='1' vertexData='true' data='byPoint'", "log10='true'",
                             lum::DataLocation::POINTS),
                     colored("PairsByTheirFirst", "dim='2' data='pairs'", "", lum::DataLocation::CELLS),
@@ -401,9 +401,7 @@ Feature contour(const char* name, const std::string& faces, const Threshold& thr
 
 INSTANTIATE_TEST_SUITE_P(Contours, FeatureTest,
                          testing::Values(contour("Alone", "showFaces='false'", {}),
-                                         // Of a border, an inclined face may hide the half that lies
-                                         // over it: the border of this one is 350 pixels long.
-                                         contour("OnFaces", "showFaces='true'", {0.008, 0.8})),
+                                         contour("OnFaces", "showFaces='true'", {})),
                          nameOf);
 
 // ---- Point scaling ----
@@ -445,8 +443,8 @@ Feature scaledPoints(const char* name, const std::string& scalars, const std::st
             property.SetColor(0.5, 0, 0);
           }
           property.SetPointSize(static_cast<float>(sizes.at(i)));
-          property.SetRenderPointsAsSpheres(!isInPixels);
-          property.SetLighting(!isInPixels);
+          property.SetRenderPointsAsSpheres(true);
+          property.SetLighting(true);
         }
       }};
 }

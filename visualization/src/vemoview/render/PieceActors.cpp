@@ -1,6 +1,6 @@
 #include "vemoview/render/PieceActors.h"
 
-#include "vemoview/render/MirroredActor.h"
+#include "vemoview/render/PieceActor.h"
 #include "vemoview/render/PropGroup.h"
 #include "vemoview/render/Screen.h"
 #include "vemoview/render/SoundGeometry.h"
@@ -93,8 +93,11 @@ void applyProperties(const Appearance& appearance, vtkProperty& property) {
   // Highlights have the colour of the light.
   property.SetSpecularColor(1.0, 1.0, 1.0);
   if (appearance.kind == Appearance::Kind::POINTS) {
-    // A point has no side that could face a light.
-    property.LightingOff();
+    // Smaller ones have no side that could be seen to face a light.
+    constexpr double LEAST_BALL_PIXELS = 4.0;
+    const bool isBall = appearance.hasModelSize || appearance.pointSize >= LEAST_BALL_PIXELS;
+    property.SetRenderPointsAsSpheres(isBall);
+    property.SetLighting(isBall);
   }
 }
 
@@ -110,31 +113,26 @@ vtkSmartPointer<vtkPolyDataMapper> makeMapper(const Piece& piece, vtkPlaneCollec
   }
   mapper->SetInputData(geometry);
   colorByScalars(piece, *mapper);
-  if (piece.isOnFaces) {
-    // Nearer than the faces that they lie on.
-    mapper->SetResolveCoincidentTopologyToPolygonOffset();
-    mapper->SetRelativeCoincidentTopologyLineOffsetParameters(0.0, -4.0);
-  }
   return mapper;
 }
 
-vtkSmartPointer<vtkActor> makeActor(const double* placement) {
-  if (placement == nullptr) {
-    return vtkSmartPointer<vtkActor>::New();
+vtkSmartPointer<vtkActor> makeActor(const Piece& piece, const double* placement) {
+  auto actor = vtkSmartPointer<PieceActor>::New();
+  if (piece.appearance.hasContour) {
+    actor->setWidthOfLinesOnFaces(piece.appearance.lineWidth);
   }
-  const auto matrix = toMatrix(placement);
-  auto actor = matrix->Determinant() < 0.0 ? vtkSmartPointer<vtkActor>(vtkSmartPointer<MirroredActor>::New())
-                                           : vtkSmartPointer<vtkActor>::New();
-  actor->SetUserMatrix(matrix);
+  if (placement != nullptr) {
+    const auto matrix = toMatrix(placement);
+    actor->SetUserMatrix(matrix);
+    actor->setMirrored(matrix->Determinant() < 0.0);
+  }
   return actor;
 }
 
 constexpr double LARGEST_PIXELS = 256.0;
 
-/// Balls as large as the scale at the middle of the piece makes them.
+/// Points as large as the scale at the middle of the piece makes them.
 void keepModelSize(const Piece& piece, vtkProperty* property, PropGroup& group) {
-  property->RenderPointsAsSpheresOn();
-  property->LightingOn();
   Vector<3, double> center;
   piece.geometry->GetCenter(center.data());
   const vtkSmartPointer<vtkProperty> kept = property;
@@ -155,7 +153,7 @@ vtkProperty& addPlaced(const Piece& piece, vtkPlaneCollection& planes, PropGroup
     if (mapper == nullptr || isCutHere) {
       mapper = makeMapper(piece, planes, placement);
     }
-    const auto actor = makeActor(placement);
+    const auto actor = makeActor(piece, placement);
     actor->SetMapper(mapper);
     actor->SetProperty(property);
     group.add(actor);
@@ -216,7 +214,6 @@ void addContour(const Piece& piece, vtkPlaneCollection& planes, PropGroup& group
   if (contour.geometry->GetNumberOfCells() == 0) {
     return;
   }
-  contour.isOnFaces = true;
   contour.coloring = Piece::Coloring::PLAIN;
   contour.appearance.color = contour.appearance.edgeColor;
   // It shows the shape of a body that is hardly seen itself.

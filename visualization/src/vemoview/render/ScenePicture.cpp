@@ -32,7 +32,7 @@ int enlargementFor(const SceneRenderer& scene, const RenderOptions& options, int
   constexpr int WANTED = 2;
   const bool fits = WANTED * std::max(options.width, options.height) <= largestSize &&
                     WANTED * WANTED * pixelsOf(options) <= MOST_SAMPLES;
-  return (scene.hasTranslucency() || scene.hasLines()) && fits ? WANTED : 1;
+  return (scene.hasTranslucency() || scene.hasFineShapes()) && fits ? WANTED : 1;
 }
 
 void requireSize(const RenderOptions& options, int largestSize) {

@@ -34,10 +34,11 @@ bool isTranslucent(vtkActor& actor) {
   return actor.HasTranslucentPolygonalGeometry() != 0;
 }
 
-bool showsLines(vtkActor& actor) {
+bool showsFineShapes(vtkActor& actor) {
   auto* const geometry = vtkPolyData::SafeDownCast(actor.GetMapper()->GetInput());
-  return actor.GetProperty()->GetEdgeVisibility() != 0 ||
-         actor.GetProperty()->GetRepresentation() == VTK_WIREFRAME ||
+  vtkProperty& property = *actor.GetProperty();
+  return property.GetEdgeVisibility() != 0 || property.GetRenderPointsAsSpheres() ||
+         property.GetRepresentation() == VTK_WIREFRAME ||
          (geometry != nullptr && geometry->GetNumberOfLines() > 0);
 }
 
@@ -101,9 +102,9 @@ bool SceneRenderer::hasTranslucency() const {
                              [](vtkRenderer* renderer) { return findActor(*renderer, isTranslucent); });
 }
 
-bool SceneRenderer::hasLines() const {
+bool SceneRenderer::hasFineShapes() const {
   return std::ranges::any_of(renderers(),
-                             [](vtkRenderer* renderer) { return findActor(*renderer, showsLines); });
+                             [](vtkRenderer* renderer) { return findActor(*renderer, showsFineShapes); });
 }
 
 void SceneRenderer::scalePixels(double factor) {

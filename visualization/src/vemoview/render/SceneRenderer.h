@@ -38,9 +38,10 @@ class VEMO_RENDER_EXPORT SceneRenderer {
   /// multisampling: VTK peels no layers from multisampled frame buffers.
   bool hasTranslucency() const;
 
-  /// Whether lines or edges of faces are drawn: multisampling leaves gaps in the
-  /// ones and dots beside the others.
-  bool hasLines() const;
+  /// Whether something is drawn that multisampling does not make smooth: it
+  /// leaves gaps within lines, dots beside edges of faces, and the rims of balls
+  /// as they are.
+  bool hasFineShapes() const;
 
   /// Makes lines and points wider by a factor, for pixels that are smaller than
   /// those that the scene means.
