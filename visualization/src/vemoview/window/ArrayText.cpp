@@ -43,10 +43,6 @@ double lengthOf(vtkDataArray& array, vtkIdType tuple) {
 
 }  // namespace
 
-QString numberText(double number) {
-  return QString::fromStdString(fmt::format("{}", number));
-}
-
 QString tupleText(vtkDataArray& array, vtkIdType tuple) {
   constexpr int MOST_COMPONENTS = 16;
   constexpr int VECTOR_COMPONENTS = 3;

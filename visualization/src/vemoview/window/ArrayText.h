@@ -20,8 +20,5 @@ QString rangeText(vtkDataArray& array);
 /// The same for one component.
 QString rangeText(vtkDataArray& array, int component);
 
-/// As many digits as it takes to tell the number from all others.
-QString numberText(double number);
-
 /// The array's name, made fit to be shown.
 QString nameOf(vtkDataArray& array);

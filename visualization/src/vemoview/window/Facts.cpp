@@ -11,14 +11,16 @@
 #include <vtkDataArray.h>
 #include <vtkSmartPointer.h>
 
+#include <fmt/format.h>
 #include <functional>
 #include <string>
 
 namespace {
 
+/// With the digits that coordinates in single precision have.
 QString positionText(const Vector<3, double>& position) {
-  return "(" + numberText(position[0]) + ", " + numberText(position[1]) + ", " + numberText(position[2]) +
-         ")";
+  return QString::fromStdString(
+      fmt::format("({:.9g}, {:.9g}, {:.9g})", position[0], position[1], position[2]));
 }
 
 std::vector<Fact> describeArrays(const lum::ArrayTable& arrays,

@@ -18,6 +18,9 @@ namespace {
 /// So many rows are listed at a time without being asked for.
 constexpr int FEW_ROWS = 200;
 
+/// Between the parts of the panel, in pixels.
+constexpr int MARGIN = 4;
+
 }  // namespace
 
 ItemsPanel::ItemsPanel(ItemTree& items, Listener listener, QWidget* parent)
@@ -41,6 +44,8 @@ ItemsPanel::ItemsPanel(ItemTree& items, Listener listener, QWidget* parent)
   buttons->addWidget(_show);
   buttons->addWidget(_hide);
   auto* const rows = new QVBoxLayout(this);
+  rows->setContentsMargins(0, MARGIN, 0, MARGIN);
+  rows->setSpacing(MARGIN);
   rows->addWidget(_filter);
   rows->addWidget(_tree);
   rows->addLayout(buttons);

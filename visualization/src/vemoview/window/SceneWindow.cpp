@@ -27,7 +27,7 @@
 namespace {
 
 constexpr QSize PREFERRED_SIZE(1280, 800);
-constexpr int PANEL_WIDTH = 340;
+constexpr int PANEL_WIDTH = 400;
 
 constexpr const char* MOUSE_HINT =
     "Left button: turn   Middle, or Shift and left: pan   Right, or wheel: zoom   Click: pick";
