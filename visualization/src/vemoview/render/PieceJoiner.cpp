@@ -23,7 +23,7 @@ constexpr int CHANNELS = 4;
 /// A piece with more points or cells than this is worth a stroke of its own.
 constexpr vtkIdType SMALL = 10000;
 /// So many points, at least, and a group is full.
-constexpr vtkIdType FULL = 2000000;
+constexpr vtkIdType FULL = 200000;
 /// Fewer pieces are not worth their joining.
 constexpr std::size_t FEW = 16;
 
