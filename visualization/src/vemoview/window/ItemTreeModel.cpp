@@ -11,7 +11,8 @@
 namespace {
 
 int alignmentOf(int column) {
-  return (column == ItemTreeModel::CELLS ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+  return static_cast<int>((column == ItemTreeModel::CELLS ? Qt::AlignRight : Qt::AlignLeft) |
+                          Qt::AlignVCenter);
 }
 
 }  // namespace
@@ -44,7 +45,8 @@ QModelIndex ItemTreeModel::index(int row, int column, const QModelIndex& parent)
   if (!hasIndex(row, column, parent)) {
     return {};
   }
-  return createIndex(row, column, static_cast<quintptr>(firstIn(parent) + row));
+  const int item = firstIn(parent) + row;
+  return createIndex(row, column, static_cast<quintptr>(item));
 }
 
 QModelIndex ItemTreeModel::parent(const QModelIndex& index) const {

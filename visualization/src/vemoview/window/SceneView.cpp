@@ -96,7 +96,7 @@ bool SceneView::event(QEvent* event) {
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
       // Not for VTK, whose keys are other than ours.
-      return QOpenGLWidget::event(event);
+      return QOpenGLWidget::event(event);  // NOLINT(bugprone-parent-virtual-call)
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick: {
       const auto& mouse = static_cast<const QMouseEvent&>(*event);
