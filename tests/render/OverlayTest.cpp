@@ -87,6 +87,18 @@ TEST_F(Text, IsWrittenAsItsStyleSays) {
   EXPECT_NEAR(ink()[1] - ink()[0], 2 * (one[1] - one[0]), 5);
 }
 
+TEST_F(Text, IsSeenOnAnImageThatStandsBeforeIt) {
+  vtkNew<vtkUnsignedCharArray> white;
+  white->InsertNextValue(255);
+  auto& image = scene.drawables().findOrCreate<lum::ImageDrawable>("image");
+  image.getImageAttributes().setPixels(white, 1, 1);
+  auto& later = scene.drawables().findOrCreate<lum::TextDrawable>("later");
+  later.getAnnotationAttributes().setText("Hxx");
+  later.getTextAttributes().setForegroundColor(0x0000FFFF);
+  later.getTextAttributes().setFontSize(0.1);
+  EXPECT_GT(countPixels(scene.render(), {0, 0, 255}, 60), 50);
+}
+
 TEST(Image, IsNotDrawnWhenItSpansNothing) {
   RenderScene scene;
   auto& attributes = scene.drawables().findOrCreate<lum::ImageDrawable>("image").getImageAttributes();

@@ -200,6 +200,31 @@ TEST(ScenePicture, KeepsTheHalfThatEachPlanesNormalPointsTo) {
   EXPECT_EQ(countPixels(scene.render(), RED), SIZE * SIZE);
 }
 
+TEST(ScenePicture, KeepsTheColoursOfCellsOfAllKindsThatManyPlanesCut) {
+  const auto draw = [](int planes) {
+    RenderScene scene;
+    const auto cells = makePolyData({{-0.9F, 0.9F, 0},
+                                     {0.9F, 0.9F, 0},
+                                     {-0.9F, -0.8F, 0},
+                                     {-0.9F, 0.8F, 0},
+                                     {0, 0.8F, 0},
+                                     {0, -0.8F, 0},
+                                     {0.9F, 0.8F, 0},
+                                     {0.9F, -0.8F, 0}},
+                                    {.lines = {{0, 1}}, .polys = {{2, 5, 4, 3}}, .strips = {{5, 4, 7, 6}}});
+    cells->GetCellData()->AddArray(makeArray("s", {0, 0.5F, 1}));
+    auto& surface = scene.addSurface(cells, {1, 1, 1});
+    surface.getColorAttributes()->setColorMode(lum::ColorMode::DATA);
+    surface.getAttributes<lum::DataLocationAttributes>().setDataLocation(lum::DataLocation::CELLS);
+    surface.getAttributes<lum::ScalarAttributes>().getDataArray().setDataArrayName("s");
+    for (int i = 0; i < planes; ++i) {
+      addPlane(scene, {1, 0.3, 0}, {-0.5, 0, 0});
+    }
+    return scene.render();
+  };
+  EXPECT_LE(countDifferences(draw(9), draw(1), 2), SIZE);
+}
+
 // ---- Camera ----
 
 TEST(ScenePicture, LooksThroughTheCameraOrFramesTheScene) {

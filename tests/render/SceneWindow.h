@@ -4,6 +4,10 @@
 #include "vemoview/render/EglRenderWindow.h"
 #include "vemoview/render/SceneRenderer.h"
 
+#include <vtkCamera.h>
+#include <vtkRenderer.h>
+#include <vtkRendererCollection.h>
+
 /// A scene in a window that is drawn again and again.
 class SceneWindow {
  public:
@@ -15,6 +19,15 @@ class SceneWindow {
   Picture draw() {
     _window->Render();
     return Picture::of(*_window);
+  }
+
+  /// All cameras go round what they look at.
+  void turn(double degrees) {
+    vtkCollectionSimpleIterator place = nullptr;
+    vtkRendererCollection& renderers = *_window->GetRenderers();
+    for (renderers.InitTraversal(place); vtkRenderer* const layer = renderers.GetNextRenderer(place);) {
+      layer->GetActiveCamera()->Azimuth(degrees);
+    }
   }
 
   SceneRenderer renderer;

@@ -2,6 +2,7 @@
 #include "scenegraph/drawables/Overlays.h"
 #include "scenegraph/drawables/TriadDrawable.h"
 #include "scenegraph/transforms/Transform.h"
+#include "vemoview/render/RenderErrors.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -16,12 +17,14 @@ class Visibility : public testing::Test {
   Visibility() {
     for (int i = 0; i < PIECES; ++i) {
       const float left = -0.993F + 0.048F * static_cast<float>(i);
-      auto& surface = scene.addSurface(makeRectangle(left, left + 0.03F, -0.9F, -0.5F), {5 * i / 255.0, 1, 0});
+      auto& surface =
+          scene.addSurface(makeRectangle(left, left + 0.03F, -0.9F, -0.5F, -0.05F * static_cast<float>(i)),
+                           {5 * i / 255.0, 1, 0});
       surface.getAttributes<lum::ContourAttributes>().setContourVisible(i % 2 == 0);
       drawables.push_back(&surface);
     }
     auto& points =
-        scene.add<lum::PointSphereDrawable>(makePolyData({{0, 0, 0}, {0.2F, 0, 0}}, {.verts = {{0}, {1}}}));
+        scene.add<lum::PointSphereDrawable>(makePolyData({{0, 0, 0}, {0.2F, 0, 2}}, {.verts = {{0}, {1}}}));
     points.getAttributes<lum::PointSizeAttributes>().setPointSize(8);
     drawables.push_back(&points);
     auto& text = scene.drawables().findOrCreate<lum::TextDrawable>("text");
@@ -87,11 +90,44 @@ TEST_F(Visibility, TakesNothingFromTheCameraThatAUserTurned) {
   window.renderer.followVisibility();
   window.renderer.frameModel();
   EXPECT_NE(window.draw(), SceneWindow(scene).draw()) << "what is left fills the picture";
+  window.turn(60);
   hide([](std::size_t) { return false; });
   window.renderer.followVisibility();
   EXPECT_NE(window.draw(), all);
   window.renderer.resetView();
   EXPECT_EQ(window.draw(), all);
+}
+
+TEST_F(Visibility, ComesBackToTheViewOfASceneWithoutACamera) {
+  scene.canvas().getCameraAttributes().setPosition({0, 0, 0});
+  // Its size in the model is that which the view gives it.
+  drawables[PIECES + 2]->getBaseAttributes().setVisibility(false, false);
+  SceneWindow window(scene);
+  const Picture opened = window.draw();
+  window.turn(60);
+  EXPECT_NE(window.draw(), opened);
+  window.renderer.resetView();
+  EXPECT_EQ(window.draw(), opened);
+}
+
+TEST_F(Visibility, RefusesWhatIsTooLargeAndShowsTheRest) {
+  hide([](std::size_t i) { return i == 0; });
+  for (int i = 0; i < 6; ++i) {
+    lum::Ptr<lum::PeriodicRepeatTransform> repeat(new lum::PeriodicRepeatTransform(
+        lum::ClassNameNodeInitializer(lum::PeriodicRepeatTransform::getClassName())));
+    repeat->setTranslation({1e-3, 0, 0});
+    repeat->setNumRepeats(9000);
+    auto& many = scene.add<lum::SurfaceDrawable>(makeRectangle(0, 0.1F, 0, 0.1F));
+    many.getBaseAttributes().setTransform(repeat.get());
+    many.getBaseAttributes().setVisibility(false, false);
+    drawables.push_back(&many);
+  }
+  SceneWindow window(scene);
+  hide([](std::size_t) { return false; });
+  EXPECT_THROW(window.renderer.followVisibility(), RenderError);
+  hide([this](std::size_t i) { return i + 6 >= drawables.size(); });
+  window.renderer.followVisibility();
+  EXPECT_EQ(countDifferences(window.draw(), SceneWindow(scene).draw(), 0), 0);
 }
 
 TEST_F(Visibility, HighlightsInFrontOfAllAndCanLeaveItOut) {

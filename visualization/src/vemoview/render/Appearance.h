@@ -20,6 +20,9 @@ struct Appearance {
   /// The colour of lines and surfaces that have been given none.
   static constexpr Vector<3, double> SURFACE_COLOR{1.0, 1.0, 1.0};
 
+  /// No point is drawn larger.
+  static constexpr double MOST_POINT_PIXELS = 256.0;
+
   Kind kind = Kind::SURFACE;
   bool hasFaces = true;
   bool hasEdges = false;

@@ -14,6 +14,10 @@ struct Box {
 
   bool isEmpty() const { return low[0] > high[0]; }
 
+  Vector<3, double> center() const {
+    return {(low[0] + high[0]) / 2.0, (low[1] + high[1]) / 2.0, (low[2] + high[2]) / 2.0};
+  }
+
   void add(const Vector<3, double>& point) {
     for (std::size_t i = 0; i < 3; ++i) {
       low[i] = point[i] < low[i] ? point[i] : low[i];

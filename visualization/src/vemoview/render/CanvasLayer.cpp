@@ -1,8 +1,10 @@
 #include "vemoview/render/CanvasLayer.h"
 
+#include "scenegraph/Logger.h"
 #include "scenegraph/canvas/SceneCanvas.h"
 #include "vemoview/common/VtkForms.h"
 #include "vemoview/render/Picker.h"
+#include "vemoview/render/PieceActors.h"
 #include "vemoview/render/PieceJoiner.h"
 #include "vemoview/render/SightLine.h"
 #include "vemoview/render/View.h"
@@ -18,10 +20,6 @@
 #include <utility>
 
 namespace {
-
-bool isFinite(const Vector<3, double>& vector) {
-  return std::ranges::all_of(vector, [](double value) { return std::isfinite(value); });
-}
 
 /// False when nothing is left of the part of the window that is asked for.
 bool setViewport(vtkRenderer& renderer, const lum::SceneCanvas& canvas) {
@@ -44,6 +42,16 @@ bool setViewport(vtkRenderer& renderer, const lum::SceneCanvas& canvas) {
   return true;
 }
 
+/// More of them cut no shape that is meant.
+constexpr int MOST_PLANES = 16;
+
+/// In the range of the numbers that OpenGL reckons with; zero stays zero.
+Vector3 unitNormal(const lum::Plane& plane) {
+  const Vector3& normal = plane.getNormal();
+  const double largest = std::max({std::abs(normal[0]), std::abs(normal[1]), std::abs(normal[2])});
+  return largest > 0.0 ? normalized((1.0 / largest) * normal) : normal;
+}
+
 vtkSmartPointer<vtkPlaneCollection> planesOf(const lum::SceneCanvas& canvas) {
   auto planes = vtkSmartPointer<vtkPlaneCollection>::New();
   const auto* const attributes = canvas.findAttributes<lum::ClipPlanesAttributes>();
@@ -52,11 +60,16 @@ vtkSmartPointer<vtkPlaneCollection> planesOf(const lum::SceneCanvas& canvas) {
   }
   for (const auto& node : attributes->hasClippingPlanes()->getNodes()) {
     const auto* const plane = dynamic_cast<const lum::Plane*>(node.get());
-    if (plane != nullptr && isFinite(plane->getNormal()) && isFinite(plane->getOrigin())) {
-      vtkNew<vtkPlane> item;
-      setVtkPlane(*item, plane->getOrigin(), plane->getNormal());
-      planes->AddItem(item);
+    if (plane == nullptr || !isFinite(plane->getNormal()) || !isFinite(plane->getOrigin())) {
+      continue;
     }
+    if (planes->GetNumberOfItems() == MOST_PLANES) {
+      VEMO_LOG_WARNING("Only the first " << MOST_PLANES << " clipping planes cut");
+      break;
+    }
+    vtkNew<vtkPlane> item;
+    setVtkPlane(*item, plane->getOrigin(), unitNormal(*plane));
+    planes->AddItem(item);
   }
   return planes;
 }
@@ -94,16 +107,20 @@ std::unique_ptr<CanvasLayer> CanvasLayer::make(const lum::SceneCanvas& canvas, C
 }
 
 CanvasLayer::CanvasLayer(const lum::SceneCanvas& canvas, vtkRenderer& renderer, CameraBook& cameras)
-    : _canvas(canvas), _renderer(&renderer), _planes(planesOf(canvas)), _decorations(renderer, cameras) {
+    : _canvas(canvas),
+      _renderer(&renderer),
+      _planes(planesOf(canvas)),
+      _collector(std::max(0, _planes->GetNumberOfItems() - PLANES_IN_MAPPER)),
+      _decorations(renderer, cameras) {
   // They would take what has no extent, a single point, for invisible.
   renderer.GetCullers()->RemoveAllItems();
   peelTranslucency(renderer);
-  followVisibility();
-  setLights(renderer, canvas.findAttributes<lum::LightingAttributes>());
-  resetView();
   if (canvas.hasCameraAttributes() != nullptr) {
     cameras[canvas.hasCameraAttributes()] = _renderer;
   }
+  followVisibility();
+  setLights(renderer, canvas.findAttributes<lum::LightingAttributes>());
+  resetView();
 }
 
 void CanvasLayer::followVisibility() {
@@ -124,6 +141,7 @@ void CanvasLayer::followVisibility() {
     stroke.show(shown, _pixelScale);
   }
   _decorations.show(shown);
+  _renderer->ResetCameraClippingRange();
 }
 
 void CanvasLayer::add(const std::vector<VisibleDrawable>& drawables) {

@@ -62,11 +62,15 @@ std::optional<CellSearch::Hit> CellSearch::run() {
     }
     return _best;
   }
-  const bool hasFaces = look.kind != Appearance::Kind::SURFACE || look.hasFaces;
   lookAtCells(node.getVerts(), &CellSearch::lookAtVertices);
   lookAtCells(node.getLines(), &CellSearch::lookAtLine);
-  lookAtCells(node.getPolys(), hasFaces ? &CellSearch::lookAtPolygon : &CellSearch::lookAtOutline);
-  lookAtCells(node.getStrips(), hasFaces ? &CellSearch::lookAtStrip : &CellSearch::lookAtLine);
+  if (look.kind != Appearance::Kind::SURFACE || look.hasFaces) {
+    lookAtCells(node.getPolys(), &CellSearch::lookAtPolygon);
+    lookAtCells(node.getStrips(), &CellSearch::lookAtStrip);
+  } else if (look.hasEdges || look.hasContour) {
+    lookAtCells(node.getPolys(), &CellSearch::lookAtOutline);
+    lookAtCells(node.getStrips(), &CellSearch::lookAtStripEdges);
+  }
   return _best;
 }
 
@@ -91,8 +95,8 @@ double CellSearch::reachAt(double distance) const {
   const Appearance& look = _piece.appearance;
   const double pixel = std::max(_line.pixelSize(distance), 0.0);
   const bool isPoint = look.kind == Appearance::Kind::POINTS;
-  const double size = isPoint ? look.pointSize : look.lineWidth;
-  return std::max(REACH * pixel, 0.5 * size * (look.hasModelSize ? 1.0 : pixel));
+  const double size = (isPoint ? look.pointSize : look.lineWidth) * (look.hasModelSize ? 1.0 : pixel);
+  return std::max(REACH * pixel, 0.5 * std::min(size, Appearance::MOST_POINT_PIXELS * pixel));
 }
 
 void CellSearch::lookAtCells(vtkCellArray* cells, Look look) {
@@ -167,6 +171,13 @@ void CellSearch::lookAtStrip(const Corners& corners) {
   }
 }
 
+void CellSearch::lookAtStripEdges(const Corners& corners) {
+  lookAtLine(corners);
+  for (vtkIdType i = 2; i < corners.size(); ++i) {
+    lookAtSegment(corners[i - 2], corners[i]);
+  }
+}
+
 void CellSearch::lookAtPoint(vtkIdType point) {
   const Vector3 place = placeOf(point);
   offerBeside(dot(place - _line.origin, _line.direction), place, point);
@@ -208,13 +219,17 @@ CellSearch::Crossing CellSearch::meet(vtkIdType a, vtkIdType b, vtkIdType c) con
 }
 
 void CellSearch::offerFace(double distance, const Corners& corners, vtkIdType firstCorner, vtkIdType count) {
-  if (!(distance < _rankToBeat)) {
+  if (!(distance <= _rankToBeat)) {
     return;
   }
   const Vector3 place = _line.at(distance);
   vtkIdType nearest = corners[firstCorner];
-  for (vtkIdType i = 1; i < count; ++i) {
+  for (vtkIdType i = 0; i < count; ++i) {
     const vtkIdType point = corners[firstCorner + i];
+    if (!isFinite(_points[point])) {
+      // Such a face is not drawn.
+      return;
+    }
     if (length(placeOf(point) - place) < length(placeOf(nearest) - place)) {
       nearest = point;
     }
@@ -231,7 +246,8 @@ void CellSearch::offerBeside(double distance, const Vector3& place, vtkIdType po
 }
 
 void CellSearch::offer(double distance, double rank, vtkIdType point) {
-  if (rank < _rankToBeat && distance >= _span.first && distance <= _span.last && std::isfinite(distance)) {
+  // Of those that are equally near the last is seen.
+  if (rank <= _rankToBeat && distance >= _span.first && distance <= _span.last && std::isfinite(distance)) {
     _rankToBeat = rank;
     _best = Hit{distance, rank, _cell, point};
   }

@@ -23,7 +23,7 @@ class CellSearch {
     vtkIdType point = 0;
   };
 
-  /// Only places within the span count, and only those below a rank. The
+  /// Only places within the span count, and only those not above a rank. The
   /// piece's node still holds the arrays that the piece was made of.
   CellSearch(const SightLine& line, const Span& span, const Piece& piece, const double* placement,
              double rankToBeat);
@@ -52,6 +52,7 @@ class CellSearch {
   void lookAtOutline(const Corners& corners);
   void lookAtPolygon(const Corners& corners);
   void lookAtStrip(const Corners& corners);
+  void lookAtStripEdges(const Corners& corners);
   void lookAtPoint(vtkIdType point);
   void lookAtSegment(vtkIdType from, vtkIdType to);
   Crossing meet(vtkIdType a, vtkIdType b, vtkIdType c) const;

@@ -39,6 +39,26 @@ bool addDecoration(const lum::Drawable& drawable, const double* placement, const
   return false;
 }
 
+bool isDecoration(const lum::Drawable& drawable) {
+  return dynamic_cast<const lum::TriadDrawable*>(&drawable) != nullptr ||
+         dynamic_cast<const lum::PlacedDrawable*>(&drawable) != nullptr;
+}
+
+template <class T>
+bool isInWindow(const lum::Drawable& drawable) {
+  const auto* const attributes = drawable.findAttributes<T>();
+  return attributes == nullptr || attributes->getCoordinateSpace() == lum::CoordinateSpace::WINDOW;
+}
+
+/// Such a one stays where it is, however often its assembly is shown.
+bool isInWindow(const lum::Drawable& drawable) {
+  return dynamic_cast<const lum::LegendDrawable*>(&drawable) != nullptr ||
+         (dynamic_cast<const lum::TextDrawable*>(&drawable) != nullptr &&
+          isInWindow<lum::AnnotationAttributes>(drawable)) ||
+         (dynamic_cast<const lum::ImageDrawable*>(&drawable) != nullptr &&
+          isInWindow<lum::ImageAttributes>(drawable));
+}
+
 }  // namespace
 
 Decorations::Decorations(vtkRenderer& renderer, const CameraBook& cameras)
@@ -46,28 +66,38 @@ Decorations::Decorations(vtkRenderer& renderer, const CameraBook& cameras)
 
 void Decorations::add(const std::vector<VisibleDrawable>& drawables) {
   for (const VisibleDrawable& visible : drawables) {
-    if (addOne(visible) && _count == MOST_DECORATIONS) {
-      VEMO_LOG_WARNING("Only the first " << MOST_DECORATIONS << " triads, texts and images are shown");
-      return;
+    auto props = std::make_unique<PropGroup>(*_renderer);
+    if (fill(*props, visible)) {
+      props->scalePixels(_pixelScale);
+      _decorations.push_back({visible.drawable, std::move(props)});
     }
   }
 }
 
-/// Whether the drawable is a decoration.
-bool Decorations::addOne(const VisibleDrawable& visible) {
-  auto props = std::make_unique<PropGroup>(*_renderer);
+/// Whether the drawable is a decoration, and there is room for it.
+bool Decorations::fill(PropGroup& props, const VisibleDrawable& visible) {
+  if (isInWindow(*visible.drawable)) {
+    return addCounted(props, *visible.drawable, nullptr);
+  }
   bool isDecoration = false;
   forEachPlacement(visible.placements, [&](const double* placement) {
-    if (_count < MOST_DECORATIONS && addDecoration(*visible.drawable, placement, _cameras, *props)) {
-      isDecoration = true;
-      ++_count;
-    }
+    isDecoration = addCounted(props, *visible.drawable, placement) || isDecoration;
   });
-  if (isDecoration) {
-    props->scalePixels(_pixelScale);
-    _decorations.push_back({visible.drawable, std::move(props)});
-  }
   return isDecoration;
+}
+
+bool Decorations::addCounted(PropGroup& props, const lum::Drawable& drawable, const double* placement) {
+  if (_count == MOST_DECORATIONS) {
+    if (!_isFull && isDecoration(drawable)) {
+      VEMO_LOG_WARNING("Only the first " << MOST_DECORATIONS
+                                         << " triads, legends, texts and images are shown");
+      _isFull = true;
+    }
+    return false;
+  }
+  const bool isAdded = addDecoration(drawable, placement, _cameras, props);
+  _count += isAdded ? 1 : 0;
+  return isAdded;
 }
 
 void Decorations::show(const DrawableSet& shown) {

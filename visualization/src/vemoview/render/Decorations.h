@@ -29,11 +29,13 @@ class Decorations {
     std::unique_ptr<PropGroup> props;
   };
 
-  bool addOne(const VisibleDrawable& visible);
+  bool fill(PropGroup& props, const VisibleDrawable& visible);
+  bool addCounted(PropGroup& props, const lum::Drawable& drawable, const double* placement);
 
   vtkSmartPointer<vtkRenderer> _renderer;
   const CameraBook& _cameras;
   std::vector<Decoration> _decorations;
   int _count = 0;
+  bool _isFull = false;
   double _pixelScale = 1.0;
 };

@@ -5,6 +5,7 @@
 #include "vemoview/render/RenderErrors.h"
 
 #include <vtkObjectFactory.h>
+#include <vtkOpenGLState.h>
 #include <vtk_glew.h>
 
 #include <algorithm>
@@ -33,6 +34,9 @@ EglRenderWindow::EglRenderWindow() {
 }
 
 EglRenderWindow::~EglRenderWindow() {
+  if (_context) {
+    _context->release();
+  }
   _keeper = std::make_unique<CurrentContextKeeper>();
   EglRenderWindow::Finalize();
 }
@@ -65,6 +69,9 @@ void EglRenderWindow::Initialize() {
     if (!GlewInitValid) {
       throw RenderingUnavailable("OpenGL is not usable: its functions could not be loaded");
     }
+    // As in VTK's other windows: what is drawn later covers what lies as deep.
+    GetState()->vtkglDepthFunc(GL_LEQUAL);
+    glDepthFunc(GL_LEQUAL);
   } catch (...) {
     _context.reset();
     throw;
@@ -90,19 +97,19 @@ void EglRenderWindow::OpenGLInitContext() {
 void EglRenderWindow::Start() {
   Initialize();
   _context->makeCurrent();
-  Superclass::Start();
+  vtkGenericOpenGLRenderWindow::Start();
 }
 
 void EglRenderWindow::Render() {
   Initialize();
   _context->makeCurrent();
-  Superclass::Render();
+  vtkGenericOpenGLRenderWindow::Render();
 }
 
 void EglRenderWindow::Finalize() {
   if (_context) {
     EglRenderWindow::MakeCurrent();
-    Superclass::Finalize();
+    vtkGenericOpenGLRenderWindow::Finalize();
   }
 }
 

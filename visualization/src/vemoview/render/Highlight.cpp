@@ -55,3 +55,11 @@ void Highlight::mark(const std::optional<Vector<3, double>>& point) {
     _mark->GetMapper()->SetInputConnection(single->GetOutputPort());
   }
 }
+
+void Highlight::scalePixels(double factor) {
+  for (vtkActor* const actor : {_box.Get(), _mark.Get()}) {
+    vtkProperty& property = *actor->GetProperty();
+    property.SetLineWidth(property.GetLineWidth() * static_cast<float>(factor));
+    property.SetPointSize(property.GetPointSize() * static_cast<float>(factor));
+  }
+}

@@ -19,6 +19,7 @@ class Highlight {
 
   /// Nothing for an empty box.
   void outline(const Box& box);
+  void scalePixels(double factor);
   void mark(const std::optional<Vector<3, double>>& point);
 
  private:

@@ -4,6 +4,7 @@
 #include "scenegraph/drawables/Overlays.h"
 #include "vemoview/render/Placements.h"
 #include "vemoview/render/PropGroup.h"
+#include "vemoview/render/Vector3.h"
 
 #include <vtkActor.h>
 #include <vtkActor2D.h>
@@ -30,8 +31,6 @@
 #include <utility>
 
 namespace {
-
-using Vector3 = Vector<3, double>;
 
 /// Larger than any that OpenGL takes.
 constexpr std::int32_t LARGEST = 16384;

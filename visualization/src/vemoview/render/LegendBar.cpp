@@ -175,13 +175,13 @@ class Legend {
     for (std::string word; words >> word;) {
       const std::string longer = line.empty() ? word : line + ' ' + word;
       if (!line.empty() && width(longer) > room) {
-        wrapped += line + '\n';
+        wrapped.append(line).append(1, '\n');
         line = word;
       } else {
         line = longer;
       }
     }
-    width(wrapped + line);
+    width(wrapped.append(line));
   }
 
   void placeTitle(const Pair& low, const Pair& high, const Pair& canvas, vtkRenderer& renderer) {

@@ -10,10 +10,6 @@
 
 namespace {
 
-Vector3 toVector(const double* values) {
-  return {values[0], values[1], values[2]};
-}
-
 /// What a plane leaves of a part of a sight line: that on the side that its
 /// normal points to.
 Span cut(const Span& span, const SightLine& line, vtkPlane& plane) {

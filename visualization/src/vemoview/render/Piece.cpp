@@ -25,13 +25,6 @@ namespace {
 
 constexpr const char* NORMALS = "Normals";
 
-vtkDataArray* findArray(const lum::ArrayTable& table, const std::string& name) {
-  const auto found = std::ranges::find_if(table, [&](const vtkSmartPointer<vtkDataArray>& array) {
-    return array->GetName() != nullptr && array->GetName() == name;
-  });
-  return found == table.end() ? nullptr : found->Get();
-}
-
 /// The poly data of one node with no arrays but those that are drawn.
 class PieceBuilder {
  public:
@@ -159,6 +152,13 @@ void require(vtkIdType count, vtkIdType most, const char* what) {
 
 }  // namespace
 
+vtkDataArray* findArray(const lum::ArrayTable& table, const std::string& name) {
+  const auto found = std::ranges::find_if(table, [&](const vtkSmartPointer<vtkDataArray>& array) {
+    return array->GetName() != nullptr && array->GetName() == name;
+  });
+  return found == table.end() ? nullptr : found->Get();
+}
+
 const Box& Piece::getBounds() const {
   if (_bounds.isEmpty()) {
     const PointReader points(*geometry->GetPoints()->GetData());
@@ -169,19 +169,27 @@ const Box& Piece::getBounds() const {
   return _bounds;
 }
 
+vtkIdType PieceCollector::timesDrawn(const Piece& piece) const {
+  const auto copies = piece.placements == nullptr ? 1 : static_cast<vtkIdType>(piece.placements->size());
+  return copies * (piece.appearance.isClipped ? 1 + _cutsPerCopy : 1);
+}
+
 /// A small file may have very many pieces share their arrays; what is drawn
-/// takes memory for each of them, and time for each of their copies.
-void PieceCollector::count(const Piece& piece) {
-  vtkPolyData& geometry = *piece.geometry;
-  vtkIdType size = geometry.GetNumberOfPoints();
-  for (const CellKind& kind : CELL_KINDS) {
-    size += kind.get(geometry)->GetNumberOfConnectivityIds();
+/// takes memory for each of them, and time for each of their copies. Cells that
+/// are not drawn are still looked through when something is picked.
+void PieceCollector::countSize(const Piece& piece, Load& load) const {
+  vtkIdType size = piece.geometry->GetNumberOfPoints();
+  for (vtkCellArray* const cells :
+       {piece.node->getVerts(), piece.node->getLines(), piece.node->getPolys(), piece.node->getStrips()}) {
+    size += cells != nullptr ? cells->GetNumberOfCells() + cells->GetNumberOfConnectivityIds() : 0;
   }
-  const auto times = piece.placements == nullptr ? 1 : static_cast<vtkIdType>(piece.placements->size());
-  _size += size * times;
-  require(_size, 100'000'000, "points and corners");
-  _copies += times - 1;
-  require(_copies, 200'000, "copies of pieces");
+  load.size += size * timesDrawn(piece);
+  require(load.size, 200'000'000, "points, cells and corners");
+}
+
+void PieceCollector::countCopies(const Piece& piece, Load& load) const {
+  load.copies += timesDrawn(piece) - 1;
+  require(load.copies, 50'000, "copies of pieces");
 }
 
 void PieceCollector::shareTable(Piece& piece) {
@@ -198,6 +206,7 @@ void PieceCollector::shareTable(Piece& piece) {
 
 std::vector<Piece> PieceCollector::collect(const std::vector<VisibleDrawable>& drawables) {
   std::vector<Piece> pieces;
+  Load load = _load;
   for (const VisibleDrawable& visible : drawables) {
     const auto* const geometry = dynamic_cast<const lum::GeometryDrawable*>(visible.drawable);
     if (geometry == nullptr) {
@@ -209,13 +218,15 @@ std::vector<Piece> PieceCollector::collect(const std::vector<VisibleDrawable>& d
         continue;
       }
       if (auto piece = PieceBuilder(*geometry, *polyData, visible).build()) {
-        count(*piece);
+        countSize(*piece, load);
         shareTable(*piece);
         for (Piece& part : splitBySize(std::move(*piece), *geometry, *polyData)) {
+          countCopies(part, load);
           pieces.push_back(std::move(part));
         }
       }
     }
   }
+  _load = load;
   return pieces;
 }

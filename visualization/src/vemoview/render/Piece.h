@@ -1,5 +1,6 @@
 #pragma once
 
+#include "scenegraph/drawables/PolyDataNode.h"
 #include "vemoview/render/Appearance.h"
 #include "vemoview/render/Box.h"
 #include "vemoview/render/VisibleDrawables.h"
@@ -11,10 +12,6 @@
 #include <map>
 #include <string>
 #include <vector>
-
-namespace lum {
-class PolyDataNode;
-}
 
 /// A piece of geometry that is seen, with all that is needed to draw it.
 struct Piece {
@@ -49,19 +46,33 @@ struct Piece {
   mutable Box _bounds;
 };
 
+/// Null when there is none of the name.
+vtkDataArray* findArray(const lum::ArrayTable& table, const std::string& name);
+
 /// Makes pieces of drawables, and keeps an eye on their size.
 class PieceCollector {
  public:
+  /// So often is each copy of what is clipped cut by itself.
+  explicit PieceCollector(int cutsPerCopy) : _cutsPerCopy(cutsPerCopy) {}
+
   /// The pieces of drawables, in order. Throws RenderError when with all those
-  /// collected before they are too large to be drawn.
+  /// collected before they are too large to be drawn; those then do not count.
   std::vector<Piece> collect(const std::vector<VisibleDrawable>& drawables);
 
  private:
-  void count(const Piece& piece);
+  /// What takes time and memory.
+  struct Load {
+    vtkIdType size = 0;
+    vtkIdType copies = 0;
+  };
+
+  vtkIdType timesDrawn(const Piece& piece) const;
+  void countSize(const Piece& piece, Load& load) const;
+  void countCopies(const Piece& piece, Load& load) const;
   void shareTable(Piece& piece);
 
   /// By what is in them.
   std::map<std::string, vtkSmartPointer<vtkLookupTable>> _tables;
-  vtkIdType _size = 0;
-  vtkIdType _copies = 0;
+  int _cutsPerCopy;
+  Load _load;
 };

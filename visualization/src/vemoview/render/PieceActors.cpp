@@ -1,11 +1,14 @@
 #include "vemoview/render/PieceActors.h"
 
+#include "vemoview/render/CellKinds.h"
 #include "vemoview/render/PieceActor.h"
 #include "vemoview/render/PropGroup.h"
 #include "vemoview/render/Screen.h"
 #include "vemoview/render/SoundGeometry.h"
+#include "vemoview/render/Vector3.h"
 
 #include <vtkActor.h>
+#include <vtkAppendPolyData.h>
 #include <vtkCleanPolyData.h>
 #include <vtkClipPolyData.h>
 #include <vtkFeatureEdges.h>
@@ -20,9 +23,6 @@
 #include <algorithm>
 
 namespace {
-
-/// More planes than these VTK does not give to OpenGL.
-constexpr int PLANES_IN_MAPPER = 6;
 
 void colorByScalars(const Piece& piece, vtkPolyDataMapper& mapper) {
   mapper.SetScalarVisibility(piece.coloring != Piece::Coloring::PLAIN);
@@ -52,6 +52,27 @@ vtkSmartPointer<vtkPolyData> clipped(vtkPolyData& geometry, vtkPlane& plane) {
   return clipper->GetOutput();
 }
 
+vtkSmartPointer<vtkPolyData> trianglesOf(vtkPolyData& strips) {
+  vtkNew<vtkTriangleFilter> triangles;
+  triangles->SetInputData(&strips);
+  triangles->Update();
+  return triangles->GetOutput();
+}
+
+/// Of one kind after the other, and without strips: VTK mixes up the data of
+/// cells of several kinds, and that of the triangles of strips.
+vtkSmartPointer<vtkPolyData> clippedByKind(vtkPolyData& geometry, vtkPlane& plane) {
+  vtkNew<vtkAppendPolyData> all;
+  for (const CellKind& kind : CELL_KINDS) {
+    if (kind.get(geometry)->GetNumberOfCells() > 0) {
+      auto cells = drawableCells(geometry, kind.kind);
+      all->AddInputData(clipped(kind.kind == STRIP_CELLS ? *trianglesOf(*cells) : *cells, plane));
+    }
+  }
+  all->Update();
+  return all->GetOutput();
+}
+
 /// The plane in the coordinates of what is placed.
 vtkSmartPointer<vtkPlane> planeWithin(vtkPlane& plane, const double* placement) {
   auto result = vtkSmartPointer<vtkPlane>::New();
@@ -76,7 +97,7 @@ vtkSmartPointer<vtkPolyData> cutByFurtherPlanes(vtkPolyData& geometry, vtkPlaneC
   vtkSmartPointer<vtkPolyData> result = &geometry;
   for (int i = PLANES_IN_MAPPER; i < planes.GetNumberOfItems(); ++i) {
     vtkPlane& plane = *planes.GetItem(i);
-    result = clipped(*result, placement == nullptr ? plane : *planeWithin(plane, placement));
+    result = clippedByKind(*result, placement == nullptr ? plane : *planeWithin(plane, placement));
   }
   return result;
 }
@@ -129,38 +150,41 @@ vtkSmartPointer<vtkActor> makeActor(const Piece& piece, const double* placement)
   return actor;
 }
 
-constexpr double LARGEST_PIXELS = 256.0;
-
 /// Points as large as the scale at the middle of the piece makes them.
-void keepModelSize(const Piece& piece, vtkProperty* property, PropGroup& group) {
-  Vector<3, double> center;
-  piece.geometry->GetCenter(center.data());
+void keepModelSize(const Piece& piece, const double* placement, vtkProperty* property, PropGroup& group) {
+  const Vector3 center = placed(piece.getBounds().center(), placement);
   const vtkSmartPointer<vtkProperty> kept = property;
   group.beforeEachRender([kept, center, size = piece.appearance.pointSize](vtkRenderer& drawn) {
     const double pixels = size * pixelsPerUnit(drawn, center);
-    kept->SetPointSize(static_cast<float>(std::clamp(pixels, 1.0, LARGEST_PIXELS)));
+    kept->SetPointSize(static_cast<float>(std::clamp(pixels, 1.0, Appearance::MOST_POINT_PIXELS)));
   });
 }
 
-/// One actor for each placement. All have the same property and, unless each is
-/// cut differently, the same mapper.
+vtkSmartPointer<vtkProperty> makeProperty(const Appearance& appearance) {
+  auto property = vtkSmartPointer<vtkProperty>::New();
+  applyProperties(appearance, *property);
+  return property;
+}
+
+/// One actor for each placement. All have the same property, unless their sizes
+/// are the model's, and, unless each is cut differently, the same mapper.
 vtkProperty& addPlaced(const Piece& piece, vtkPlaneCollection& planes, PropGroup& group) {
-  vtkNew<vtkProperty> property;
-  applyProperties(piece.appearance, *property);
   const bool isCutHere = piece.appearance.isClipped && planes.GetNumberOfItems() > PLANES_IN_MAPPER;
+  auto property = makeProperty(piece.appearance);
   vtkSmartPointer<vtkPolyDataMapper> mapper;
   forEachPlacement(piece.placements, [&](const double* placement) {
     if (mapper == nullptr || isCutHere) {
       mapper = makeMapper(piece, planes, placement);
     }
     const auto actor = makeActor(piece, placement);
+    if (piece.appearance.hasModelSize) {
+      property = makeProperty(piece.appearance);
+      keepModelSize(piece, placement, property, group);
+    }
     actor->SetMapper(mapper);
     actor->SetProperty(property);
     group.add(actor);
   });
-  if (piece.appearance.hasModelSize) {
-    keepModelSize(piece, property, group);
-  }
   return *property;
 }
 
@@ -221,25 +245,30 @@ void addContour(const Piece& piece, vtkPlaneCollection& planes, PropGroup& group
   addPlaced(contour, planes, group).LightingOff();
 }
 
-}  // namespace
-
-void addActors(const Piece& piece, vtkPlaneCollection& planes, PropGroup& group) {
-  const Appearance& appearance = piece.appearance;
-  if (appearance.hasContour) {
-    addContour(piece, planes, group);
-  }
-  if (appearance.kind != Appearance::Kind::SURFACE || appearance.hasFaces) {
-    vtkProperty& property = addPlaced(piece, planes, group);
-    property.SetEdgeVisibility(appearance.kind == Appearance::Kind::SURFACE && appearance.hasEdges);
-    property.SetEdgeColor(appearance.edgeColor[0], appearance.edgeColor[1], appearance.edgeColor[2]);
-    return;
-  }
-  if (appearance.hasEdges) {
+void addWithoutFaces(const Piece& piece, vtkPlaneCollection& planes, PropGroup& group) {
+  if (piece.appearance.hasEdges) {
     addEdges(piece, planes, group);
   }
   // Lines and vertices of a surface are no faces: they stay.
   const Piece rest = part(piece, VERTEX_CELLS | LINE_CELLS);
   if (rest.geometry->GetNumberOfCells() > 0) {
     addPlaced(rest, planes, group);
+  }
+}
+
+}  // namespace
+
+void addActors(const Piece& piece, vtkPlaneCollection& planes, PropGroup& group) {
+  const Appearance& appearance = piece.appearance;
+  if (appearance.kind != Appearance::Kind::SURFACE || appearance.hasFaces) {
+    vtkProperty& property = addPlaced(piece, planes, group);
+    property.SetEdgeVisibility(appearance.kind == Appearance::Kind::SURFACE && appearance.hasEdges);
+    property.SetEdgeColor(appearance.edgeColor[0], appearance.edgeColor[1], appearance.edgeColor[2]);
+  } else {
+    addWithoutFaces(piece, planes, group);
+  }
+  // Last: of what lies as deep it is seen.
+  if (appearance.hasContour) {
+    addContour(piece, planes, group);
   }
 }

@@ -5,6 +5,9 @@
 class PropGroup;
 class vtkPlaneCollection;
 
+/// More planes than these cut the geometry itself, for each of its placements.
+inline constexpr int PLANES_IN_MAPPER = 6;
+
 /// Puts what draws a piece into a group. The planes cut it if its appearance
 /// says so.
 void addActors(const Piece& piece, vtkPlaneCollection& planes, PropGroup& group);

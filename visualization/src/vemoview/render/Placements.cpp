@@ -2,6 +2,7 @@
 
 #include "scenegraph/Logger.h"
 #include "scenegraph/transforms/Transform.h"
+#include "vemoview/render/Vector3.h"
 
 #include <vtkMath.h>
 #include <vtkMatrix4x4.h>
@@ -14,11 +15,6 @@
 namespace {
 
 constexpr Placement IDENTITY = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
-
-template <std::size_t N>
-bool isFinite(const Vector<N, double>& vector) {
-  return std::ranges::all_of(vector, [](double value) { return std::isfinite(value); });
-}
 
 Placement product(const Placement& outer, const Placement& inner) {
   Placement result;

@@ -37,14 +37,12 @@ class Scale {
   double _high;
 };
 
-vtkDataArray* findArray(const lum::PolyDataNode& node, const std::string& name, vtkIdType points) {
-  for (const auto& array : node.getNodeDataArrays()) {
-    if (array->GetName() != nullptr && array->GetName() == name) {
-      return array->GetNumberOfTuples() == points && array->GetNumberOfComponents() > 0 ? array.Get()
-                                                                                        : nullptr;
-    }
-  }
-  return nullptr;
+/// Null when there is no such array, or it does not fit.
+vtkDataArray* findFitting(const lum::PolyDataNode& node, const std::string& name, vtkIdType points) {
+  vtkDataArray* const array = findArray(node.getNodeDataArrays(), name);
+  const bool isFitting =
+      array != nullptr && array->GetNumberOfTuples() == points && array->GetNumberOfComponents() > 0;
+  return isFitting ? array : nullptr;
 }
 
 /// The vertices of each size.
@@ -77,7 +75,7 @@ std::vector<Piece> splitBySize(Piece piece, const lum::GeometryDrawable& drawabl
     return {std::move(piece)};
   }
   vtkDataArray* const values =
-      findArray(node, attributes->getScalarName(), piece.geometry->GetNumberOfPoints());
+      findFitting(node, attributes->getScalarName(), piece.geometry->GetNumberOfPoints());
   if (values == nullptr || piece.coloring == Piece::Coloring::CELL_SCALARS) {
     VEMO_LOG_WARNING("The points of \"" << node.getName() << "\" are not scaled by \""
                                         << attributes->getScalarName() << "\"");

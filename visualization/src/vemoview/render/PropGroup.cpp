@@ -4,6 +4,7 @@
 #include <vtkCommand.h>
 #include <vtkNew.h>
 #include <vtkProp.h>
+#include <vtkPropCollection.h>
 #include <vtkProperty.h>
 #include <vtkRenderer.h>
 
@@ -38,7 +39,9 @@ PropGroup::~PropGroup() {
 
 void PropGroup::add(vtkProp* prop) {
   _members.push_back({prop, true});
-  _renderer->AddViewProp(prop);
+  // AddViewProp, without its search for whether the prop is there already.
+  _renderer->GetViewProps()->AddItem(prop);
+  prop->AddConsumer(_renderer);
 }
 
 void PropGroup::beforeEachRender(std::function<void(vtkRenderer&)> function) {

@@ -31,7 +31,7 @@ int samplesFor(const RenderOptions& options) {
 int enlargementFor(const SceneRenderer& scene, const RenderOptions& options, int largestSize) {
   constexpr int WANTED = 2;
   const bool fits = WANTED * std::max(options.width, options.height) <= largestSize &&
-                    WANTED * WANTED * pixelsOf(options) <= MOST_SAMPLES;
+                    static_cast<long>(WANTED) * WANTED * pixelsOf(options) <= MOST_SAMPLES;
   return (scene.hasTranslucency() || scene.hasFineShapes()) && fits ? WANTED : 1;
 }
 

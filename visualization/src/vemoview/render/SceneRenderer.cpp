@@ -20,7 +20,7 @@ namespace {
 /// Whether the answer of a visible actor is yes.
 template <class Ask>
 bool findActor(vtkRenderer& renderer, Ask&& ask) {
-  vtkCollectionSimpleIterator place;
+  vtkCollectionSimpleIterator place = nullptr;
   vtkActorCollection& actors = *renderer.GetActors();
   for (actors.InitTraversal(place); vtkActor* const actor = actors.GetNextActor(place);) {
     if (actor->GetVisibility() != 0 && ask(*actor)) {
@@ -111,6 +111,10 @@ void SceneRenderer::scalePixels(double factor) {
   for (const auto& layer : _layers) {
     layer->scalePixels(factor);
   }
+  if (_highlight != nullptr) {
+    _highlight->scalePixels(factor);
+  }
+  _pixelScale *= factor;
 }
 
 void SceneRenderer::addTo(vtkRenderWindow& window, int samples) {
@@ -152,6 +156,7 @@ std::optional<Pick> SceneRenderer::pick(const Vector<2, double>& pixel) {
 Highlight* SceneRenderer::highlight() {
   if (_highlight == nullptr && _model != nullptr) {
     _highlight = std::make_unique<Highlight>(_model->getRenderer());
+    _highlight->scalePixels(_pixelScale);
     if (_window != nullptr) {
       const int layer = _window->GetNumberOfLayers();
       _window->SetNumberOfLayers(layer + 1);

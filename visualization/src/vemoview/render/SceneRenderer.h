@@ -29,6 +29,7 @@ class SceneNode;
 /// The window shows nothing any more when this is gone.
 class VEMO_RENDER_EXPORT SceneRenderer {
  public:
+  /// Throws RenderError when the scene is too large to be drawn.
   explicit SceneRenderer(const lum::SceneNode& scene);
   ~SceneRenderer();
   SceneRenderer(const SceneRenderer&) = delete;
@@ -54,7 +55,8 @@ class VEMO_RENDER_EXPORT SceneRenderer {
   /// Shows and hides what is visible in the scene now, and was not before, or
   /// the other way round (BaseAttributes::getVisibility of the drawables).
   /// Other changes of the scene are not followed. What did not change is not
-  /// made anew: this takes a small part of the time of the constructor.
+  /// made anew: this takes a small part of the time of the constructor. Throws
+  /// RenderError, and shows what it did, when what is to be shown is too large.
   void followVisibility();
 
   /// What is seen of the model at a pixel of the window, counted from its lower
@@ -62,10 +64,11 @@ class VEMO_RENDER_EXPORT SceneRenderer {
   /// a few pixels. The window has been drawn.
   std::optional<Pick> pick(const Vector<2, double>& pixel);
 
-  /// Draws a box around all that a drawable of the model shows; none for null.
+  /// Draws a box around all geometry that a drawable of the model shows; none
+  /// for null.
   void outline(const lum::Drawable* drawable);
 
-  /// Marks a point of the model; nothing takes the mark away.
+  /// Marks a point of the model; std::nullopt takes the mark away.
   void mark(const std::optional<Vector<3, double>>& point);
 
   /// Whether box and mark are drawn.
@@ -93,4 +96,5 @@ class VEMO_RENDER_EXPORT SceneRenderer {
   std::unique_ptr<Highlight> _highlight;
   vtkWeakPointer<vtkRenderWindow> _window;
   int _samples = 0;
+  double _pixelScale = 1.0;
 };

@@ -10,10 +10,6 @@
 
 namespace {
 
-Vector3 toVector(const double* values) {
-  return {values[0], values[1], values[2]};
-}
-
 /// From -1 to 1 over the renderer's part of the window, both ways.
 std::optional<Vector<2, double>> placeWithin(vtkRenderer& renderer, const Vector<2, double>& pixel) {
   const int* const corner = renderer.GetOrigin();

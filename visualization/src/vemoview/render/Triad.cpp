@@ -4,6 +4,7 @@
 #include "vemoview/render/PropGroup.h"
 #include "vemoview/render/Screen.h"
 #include "vemoview/render/TextLabel.h"
+#include "vemoview/render/Vector3.h"
 #include "vemoview/render/View.h"
 
 #include <vtkActor.h>
@@ -30,8 +31,6 @@
 #include <vector>
 
 namespace {
-
-using Vector3 = Vector<3, double>;
 
 /// In model units, unless the size is one on the screen.
 constexpr double LENGTH = 1.5;

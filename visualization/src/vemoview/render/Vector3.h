@@ -2,8 +2,21 @@
 
 #include "math/Vector.h"
 
+#include <algorithm>
+#include <cmath>
+
 /// Arithmetic of points and directions in space.
 using Vector3 = Vector<3, double>;
+
+/// Of three values in a row.
+inline Vector3 toVector(const double* values) {
+  return {values[0], values[1], values[2]};
+}
+
+template <std::size_t N>
+bool isFinite(const Vector<N, double>& vector) {
+  return std::ranges::all_of(vector, [](double value) { return std::isfinite(value); });
+}
 
 constexpr Vector3 operator+(const Vector3& a, const Vector3& b) {
   return {a[0] + b[0], a[1] + b[1], a[2] + b[2]};

@@ -3,6 +3,7 @@
 #include "scenegraph/Logger.h"
 #include "scenegraph/canvas/CameraAttributes.h"
 #include "scenegraph/canvas/LightingAttributes.h"
+#include "vemoview/render/Vector3.h"
 
 #include <vtkCamera.h>
 #include <vtkLight.h>
@@ -16,12 +17,6 @@
 #include <vector>
 
 namespace {
-
-using Vector3 = Vector<3, double>;
-
-bool isFinite(const Vector3& vector) {
-  return std::ranges::all_of(vector, [](double value) { return std::isfinite(value); });
-}
 
 bool isDefault(const lum::CameraAttributes& camera) {
   static const lum::Ptr<lum::CameraAttributes> fresh(
@@ -135,6 +130,10 @@ void setCamera(vtkRenderer& renderer, const lum::CameraAttributes* camera) {
     view.SetPosition(camera->getPosition().data());
     view.SetFocalPoint(camera->getFocalPoint().data());
     view.SetViewUp(usableViewUp(camera->getViewUp(), *sight).data());
+  } else {
+    view.SetPosition(0.0, 0.0, 1.0);
+    view.SetFocalPoint(0.0, 0.0, 0.0);
+    view.SetViewUp(0.0, 1.0, 0.0);
   }
   if (isParallel && hasUsableScale(*camera)) {
     view.SetParallelScale(*camera->getParallelScale());
