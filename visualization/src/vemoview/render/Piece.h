@@ -38,6 +38,8 @@ struct Piece {
   /// equal share one.
   vtkSmartPointer<vtkLookupTable> table;
   SharedPlacements placements;
+  /// Whether it is lines that lie on faces, and must not sink into them.
+  bool isOnFaces = false;
 
   /// Around all points; reckoned when it is first asked for.
   const Box& getBounds() const;

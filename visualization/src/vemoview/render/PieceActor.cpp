@@ -11,7 +11,12 @@ void PieceActor::Render(vtkRenderer* renderer, vtkMapper* mapper) {
     glEnable(GL_POLYGON_OFFSET_FILL);
     glPolygonOffset(_stepBack, 1.0F);
   }
+  if (_isNearer) {
+    constexpr double NEARER = 6e-5;
+    glDepthRange(0.0, 1.0 - NEARER);
+  }
   vtkOpenGLActor::Render(renderer, mapper);
+  glDepthRange(0.0, 1.0);
   glDisable(GL_POLYGON_OFFSET_FILL);
   glFrontFace(GL_CCW);
 }

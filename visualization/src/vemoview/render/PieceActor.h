@@ -2,7 +2,7 @@
 
 #include <vtkOpenGLActor.h>
 
-/// Draws faces as VTK's own actor does not.
+/// Draws faces, and lines on them, as VTK's own actor does not.
 class PieceActor : public vtkOpenGLActor {
  public:
   static PieceActor* New();
@@ -15,10 +15,14 @@ class PieceActor : public vtkOpenGLActor {
   /// further the steeper they are seen: a line is as wide on either side.
   void setWidthOfLinesOnFaces(double pixels) { _stepBack = static_cast<float>(2.0 * pixels); }
 
+  /// It is drawn a little nearer than it is, in front of what others have there.
+  void setNearer(bool isNearer) { _isNearer = isNearer; }
+
   void Render(vtkRenderer* renderer, vtkMapper* mapper) override;
 
  private:
   bool _isMirrored = false;
+  bool _isNearer = false;
   /// In steps of a face's depth from one pixel to the next.
   float _stepBack = 0.0F;
 };

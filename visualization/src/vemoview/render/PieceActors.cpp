@@ -139,6 +139,7 @@ vtkSmartPointer<vtkPolyDataMapper> makeMapper(const Piece& piece, vtkPlaneCollec
 
 vtkSmartPointer<vtkActor> makeActor(const Piece& piece, const double* placement) {
   auto actor = vtkSmartPointer<PieceActor>::New();
+  actor->setNearer(piece.isOnFaces);
   if (piece.appearance.hasContour) {
     actor->setWidthOfLinesOnFaces(piece.appearance.lineWidth);
   }
@@ -238,6 +239,7 @@ void addContour(const Piece& piece, vtkPlaneCollection& planes, PropGroup& group
   if (contour.geometry->GetNumberOfCells() == 0) {
     return;
   }
+  contour.isOnFaces = true;
   contour.coloring = Piece::Coloring::PLAIN;
   contour.appearance.color = contour.appearance.edgeColor;
   // It shows the shape of a body that is hardly seen itself.
