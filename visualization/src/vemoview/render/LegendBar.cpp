@@ -173,7 +173,8 @@ class Legend {
     std::string line;
     std::istringstream words(_titleText.substr(0, MOST_TITLE_BYTES));
     for (std::string word; words >> word;) {
-      const std::string longer = line.empty() ? word : line + ' ' + word;
+      std::string longer = line;
+      longer.append(line.empty() ? 0 : 1, ' ').append(word);
       if (!line.empty() && width(longer) > room) {
         wrapped.append(line).append(1, '\n');
         line = word;
