@@ -1,6 +1,7 @@
 #include "Command.h"
 #include "ExitCode.h"
 #include "LoadedScene.h"
+#include "vemoview/render/ScenePicture.h"
 #include "vemoview/window/ShowSceneWindow.h"
 
 #include <CLI/CLI.hpp>
@@ -11,11 +12,21 @@
 
 namespace {
 
+/// Beside another of our libraries. Not left to the search of the loader, which
+/// looks for the sake of whoever calls dlopen: a sanitizer, for instance.
+std::filesystem::path findWindowLibrary() {
+  Dl_info neighbour{};
+  if (dladdr(reinterpret_cast<const void*>(&renderPicture), &neighbour) == 0) {
+    return VEMO_WINDOW_LIBRARY;
+  }
+  return std::filesystem::path(neighbour.dli_fname).parent_path() / VEMO_WINDOW_LIBRARY;
+}
+
 /// The other commands shall not wait until the window's libraries are there, so
 /// they are loaded when there is to be a window. Never unloaded: they have
 /// registered much in the process.
 decltype(&showSceneWindow) loadWindow() {
-  void* const library = dlopen(VEMO_WINDOW_LIBRARY, RTLD_NOW | RTLD_LOCAL);
+  void* const library = dlopen(findWindowLibrary().c_str(), RTLD_NOW | RTLD_LOCAL);
   void* const function = library == nullptr ? nullptr : dlsym(library, "showSceneWindow");
   if (function == nullptr) {
     throw Failure(ExitCode::NO_OPENGL, fmt::format("The window's library cannot be loaded: {}", dlerror()));
