@@ -134,6 +134,9 @@ TEST_F(SceneWindowTest, HidesAndShowsByName) {
   open.type("square");
   open.pressButton("show");
   EXPECT_TRUE(isSame(open.look(), first));
+  open.type("no such name");
+  open.type("");
+  EXPECT_TRUE(open.list().isExpanded(open.row("pink square").parent())) << "rows can be seen again";
 }
 
 TEST_F(SceneWindowTest, ShowsOnlyWhatIsSelectedAndAllAgain) {

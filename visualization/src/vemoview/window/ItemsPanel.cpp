@@ -97,7 +97,10 @@ void ItemsPanel::expandFewRows() {
 
 void ItemsPanel::filter(const QString& text) {
   _filtered->setFilterFixedString(text);
-  if (!text.isEmpty() && getMeant().size() <= FEW_ROWS) {
+  if (text.isEmpty()) {
+    // What no name matched was folded.
+    expandFewRows();
+  } else if (getMeant().size() <= FEW_ROWS) {
     _tree->expandAll();
   }
   labelButtons();
