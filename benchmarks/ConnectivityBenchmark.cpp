@@ -1,4 +1,4 @@
-#include "vemoview/import/Connectivity.h"
+#include "geometry/Connectivity.h"
 
 #include <vtkCellArray.h>
 #include <vtkIdTypeArray.h>
@@ -11,6 +11,8 @@
 #include <cstring>
 #include <utility>
 #include <vector>
+
+namespace vemo {
 
 namespace {
 
@@ -81,3 +83,5 @@ BENCHMARK(importCells)->Unit(benchmark::kMillisecond);
 BENCHMARK(importWithVtk)->Unit(benchmark::kMillisecond);
 
 }  // namespace
+
+}  // namespace vemo

@@ -11,6 +11,8 @@
 #include <unistd.h>
 #include <vector>
 
+namespace vemo {
+
 // Whole conversions, each in a process of its own so that its memory can be
 // told: "vemoscene convert ARCHIVE DATABASE". The time is that of the process,
 // start and end included; "peak/entries" is its largest memory over the bytes
@@ -166,3 +168,5 @@ void manyTriangles(benchmark::State& state) {
 BENCHMARK(manyTriangles)->Arg(4500000)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 }  // namespace
+
+}  // namespace vemo

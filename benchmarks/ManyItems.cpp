@@ -1,7 +1,7 @@
 #include "ManyItems.h"
 
-#include "scenegraph/attributes/RenderingAttributes.h"
-#include "scenegraph/drawables/GeometryDrawables.h"
+#include <vemo/scenegraph/attributes/RenderingAttributes.h>
+#include <vemo/scenegraph/drawables/GeometryDrawables.h>
 
 #include <vtkCellArray.h>
 #include <vtkFloatArray.h>
@@ -10,6 +10,8 @@
 #include <vtkPolyData.h>
 
 #include <string>
+
+namespace vemo {
 
 namespace {
 
@@ -62,3 +64,5 @@ lum::Ptr<lum::SceneNode> makeManyItems(std::int64_t count) {
   }
   return scene;
 }
+
+}  // namespace vemo

@@ -1,4 +1,4 @@
-#include "vemoview/import/Normals.h"
+#include "geometry/Normals.h"
 
 #include <vtkCellArray.h>
 #include <vtkFloatArray.h>
@@ -10,6 +10,8 @@
 
 #include <benchmark/benchmark.h>
 #include <cmath>
+
+namespace vemo {
 
 namespace {
 
@@ -104,3 +106,5 @@ BENCHMARK(filter<true, meshOfStrips>)
     ->Unit(benchmark::kMillisecond);
 
 }  // namespace
+
+}  // namespace vemo

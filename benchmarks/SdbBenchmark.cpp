@@ -1,12 +1,14 @@
 #include "ManyItems.h"
-#include "platform/WidePath.h"
-#include "scenegraph/io/SDBReader.h"
-#include "scenegraph/io/SDBWriter.h"
+#include <vemo/base/WidePath.h>
+#include <vemo/scenegraph/io/SDBReader.h>
+#include <vemo/scenegraph/io/SDBWriter.h>
 
 #include <benchmark/benchmark.h>
 #include <filesystem>
 #include <string>
 #include <unistd.h>
+
+namespace vemo {
 
 namespace {
 
@@ -56,3 +58,5 @@ void readSmallGeometries(benchmark::State& state) {
 BENCHMARK(readSmallGeometries)->Arg(10'000)->Arg(20'000)->Arg(40'000)->Unit(benchmark::kMillisecond);
 
 }  // namespace
+
+}  // namespace vemo

@@ -1,9 +1,11 @@
 #include "ManyItems.h"
-#include "scenegraph/drawables/Drawable.h"
-#include "vemoview/render/EglRenderWindow.h"
-#include "vemoview/render/SceneRenderer.h"
+#include "vemoview/render/context/EglRenderWindow.h"
+#include <vemo/render/SceneRenderer.h>
+#include <vemo/scenegraph/drawables/Drawable.h>
 
 #include <benchmark/benchmark.h>
+
+namespace vemo {
 
 namespace {
 
@@ -81,3 +83,5 @@ void pick(benchmark::State& state) {
 BENCHMARK(pick)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
 
 }  // namespace
+
+}  // namespace vemo

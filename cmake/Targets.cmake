@@ -1,32 +1,39 @@
 include(GNUInstallDirs)
+include(GenerateExportHeader)
 
 # What is installed finds its libraries wherever the folder is moved.
 set(CMAKE_INSTALL_RPATH $ORIGIN $ORIGIN/../${CMAKE_INSTALL_LIBDIR})
 
-include(GenerateExportHeader)
+# The one root of public headers, and where its generated part is.
+set(public_headers ${CMAKE_SOURCE_DIR}/include)
+set(generated_headers ${CMAKE_BINARY_DIR}/include)
 
-# vemo_library(NAME INCLUDE_ROOT DIR FOLDERS ... [PUBLIC ...] [PRIVATE ...])
-# A shared library made of every source in the given folders below the include
-# root. Its export macro is NAME_EXPORT in upper case, from "NAME_export.h".
+# vemo_library(NAME SOURCE_ROOT DIR FOLDERS ... [PUBLIC ...] [PRIVATE ...])
+# The shared library vemo_NAME: all sources in the given folders below the source
+# root. Its public headers are those in include/vemo/NAME, and nothing else is
+# installed. Other projects link vemo::NAME. Its export macro is
+# VEMO_NAME_EXPORT, from <vemo/NAME/Export.h>.
 function(vemo_library name)
-  cmake_parse_arguments(ARG "" "INCLUDE_ROOT" "FOLDERS;PUBLIC;PRIVATE" ${ARGN})
+  cmake_parse_arguments(ARG "" "SOURCE_ROOT" "FOLDERS;PUBLIC;PRIVATE" ${ARGN})
+  set(target vemo_${name})
   set(patterns ${ARG_FOLDERS})
-  list(TRANSFORM patterns PREPEND ${ARG_INCLUDE_ROOT}/)
+  list(TRANSFORM patterns PREPEND ${ARG_SOURCE_ROOT}/)
   list(TRANSFORM patterns APPEND "/*.cpp")
   file(GLOB sources CONFIGURE_DEPENDS ${patterns})
-  add_library(${name} SHARED ${sources})
-  add_library(vemo::${name} ALIAS ${name})
-  generate_export_header(${name} EXPORT_FILE_NAME ${CMAKE_BINARY_DIR}/export/${name}_export.h)
-  target_include_directories(${name} PUBLIC
-    $<BUILD_INTERFACE:${ARG_INCLUDE_ROOT}> $<BUILD_INTERFACE:${CMAKE_BINARY_DIR}/export>
-    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/vemo>)
-  target_link_libraries(${name} PUBLIC ${ARG_PUBLIC} PRIVATE $<BUILD_INTERFACE:vemo_options> ${ARG_PRIVATE})
-  install(TARGETS ${name} EXPORT vemo)
-  install(FILES ${CMAKE_BINARY_DIR}/export/${name}_export.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vemo)
-  foreach(folder IN LISTS ARG_FOLDERS)
-    file(GLOB headers CONFIGURE_DEPENDS ${ARG_INCLUDE_ROOT}/${folder}/*.h)
-    install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vemo/${folder})
-  endforeach()
+  add_library(${target} SHARED ${sources})
+  add_library(vemo::${name} ALIAS ${target})
+  set_target_properties(${target} PROPERTIES
+    EXPORT_NAME ${name} VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+  generate_export_header(${target} EXPORT_FILE_NAME ${generated_headers}/vemo/${name}/Export.h)
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  target_include_directories(${target} PUBLIC
+    $<BUILD_INTERFACE:${public_headers}> $<BUILD_INTERFACE:${generated_headers}>
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+  target_link_libraries(${target} PUBLIC ${ARG_PUBLIC} PRIVATE $<BUILD_INTERFACE:vemo_options> ${ARG_PRIVATE})
+  target_precompile_headers(${target} PRIVATE ${CMAKE_SOURCE_DIR}/cmake/precompiled.h)
+  install(TARGETS ${target} EXPORT vemo)
+  install(DIRECTORY ${public_headers}/vemo/${name} ${generated_headers}/vemo/${name}
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vemo FILES_MATCHING PATTERN "*.h")
 endfunction()
 
 # vemo_test(FOLDER LIBRARIES ...): one test program for one folder of tests,
@@ -37,5 +44,6 @@ function(vemo_test folder)
   add_executable(${name} ${sources})
   target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
   target_link_libraries(${name} PRIVATE vemo_options GTest::gmock GTest::gtest_main ${ARGN})
+  target_precompile_headers(${name} PRIVATE ${CMAKE_SOURCE_DIR}/cmake/precompiled.h <gmock/gmock.h> <gtest/gtest.h>)
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
 endfunction()

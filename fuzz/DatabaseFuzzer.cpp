@@ -2,11 +2,11 @@
 // header, behind 4 bytes: how much of it is arrays.
 
 #include "Fuzzing.h"
-#include "platform/WidePath.h"
 #include "scenegraph/SampleGraphs.h"
-#include "scenegraph/io/FileError.h"
-#include "scenegraph/io/SDBReader.h"
-#include "scenegraph/io/SDBWriter.h"
+#include <vemo/base/WidePath.h>
+#include <vemo/scenegraph/io/FileError.h>
+#include <vemo/scenegraph/io/SDBReader.h>
+#include <vemo/scenegraph/io/SDBWriter.h>
 
 #include <algorithm>
 #include <cstring>
@@ -17,6 +17,8 @@
 #include <sys/mman.h>
 #include <unistd.h>
 #include <xxhash.h>
+
+namespace vemo {
 
 namespace {
 
@@ -86,3 +88,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   return 0;
 }
+
+}  // namespace vemo

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "scenegraph/Compare.h"
-#include "scenegraph/NodeInitializer.h"
-#include "scenegraph/io/NodeInputStream.h"
-#include "scenegraph/io/NodeOutputStream.h"
+#include <vemo/scenegraph/NodeInitializer.h>
+#include <vemo/scenegraph/inspect/Compare.h>
+#include <vemo/scenegraph/io/NodeInputStream.h>
+#include <vemo/scenegraph/io/NodeOutputStream.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -11,6 +11,8 @@
 #include <iostream>
 #include <sstream>
 #include <string>
+
+namespace vemo {
 
 extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t maximumSize);
 
@@ -55,3 +57,5 @@ inline std::size_t mutate(const std::string& sample, std::uint8_t* data, std::si
   }
   return LLVMFuzzerMutate(data, size, maximumSize);
 }
+
+}  // namespace vemo

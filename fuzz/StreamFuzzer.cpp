@@ -4,11 +4,13 @@
 
 #include "Fuzzing.h"
 #include "scenegraph/SampleGraphs.h"
-#include "scenegraph/io/FileError.h"
+#include <vemo/scenegraph/io/FileError.h>
 
 #include <algorithm>
 #include <cstring>
 #include <xxhash.h>
+
+namespace vemo {
 
 namespace {
 
@@ -70,3 +72,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   return 0;
 }
+
+}  // namespace vemo

@@ -7,6 +7,8 @@ namespace CLI {
 class App;
 }
 
+namespace vemo {
+
 /// What the arguments ask for.
 struct Command {
   /// The scene file that it is about, as the user named it.
@@ -22,3 +24,5 @@ void addConvertCommand(CLI::App& app, Command& command);
 void addRenderCommand(CLI::App& app, Command& command);
 /// Only where the window is built.
 void addViewCommand(CLI::App& app, Command& command);
+
+}  // namespace vemo

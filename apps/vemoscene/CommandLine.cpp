@@ -11,6 +11,8 @@
 #include <sstream>
 #include <unistd.h>
 
+namespace vemo {
+
 namespace {
 
 /// A closed standard stream would be taken by the next file that is opened,
@@ -87,3 +89,5 @@ ExitCode runCommandLine(int argc, char** argv) {
     return reportFailure(command.file);
   }
 }
+
+}  // namespace vemo

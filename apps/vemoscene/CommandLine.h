@@ -2,5 +2,9 @@
 
 #include "ExitCode.h"
 
+namespace vemo {
+
 /// Does what the arguments say; errors are shown.
 ExitCode runCommandLine(int argc, char** argv);
+
+}  // namespace vemo

@@ -1,14 +1,16 @@
 #include "ExitCode.h"
 
 #include "Messages.h"
-#include "errors/InternalError.h"
-#include "scenegraph/io/FileError.h"
-#include "vemoview/import/Exception.h"
-#include "vemoview/render/RenderErrors.h"
+#include <vemo/base/InternalError.h>
+#include <vemo/import/Exception.h>
+#include <vemo/render/RenderErrors.h>
+#include <vemo/scenegraph/io/FileError.h>
 
 #include <fmt/format.h>
 #include <new>
 #include <string>
+
+namespace vemo {
 
 namespace {
 
@@ -87,3 +89,5 @@ ExitCode reportFailure(const std::string& file) {
     return report(ExitCode::UNEXPECTED, file, "An error of an unknown kind");
   }
 }
+
+}  // namespace vemo

@@ -3,6 +3,8 @@
 #include <stdexcept>
 #include <string>
 
+namespace vemo {
+
 /// What the program's exit status says. Below 6 they are the numbers of
 /// lum::io::FileIoStatus, above 63 those of <sysexits.h>.
 enum class ExitCode : int {
@@ -34,3 +36,5 @@ class Failure : public std::runtime_error {
 /// Says on standard error what went wrong with the file, for the exception being
 /// handled, and gives its exit code.
 ExitCode reportFailure(const std::string& file);
+
+}  // namespace vemo

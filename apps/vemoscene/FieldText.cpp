@@ -1,8 +1,8 @@
 #include "FieldText.h"
 
 #include "Messages.h"
-#include "scenegraph/CollectionNode.h"
-#include "scenegraph/Owned.h"
+#include <vemo/scenegraph/CollectionNode.h>
+#include <vemo/scenegraph/Owned.h>
 
 #include <vtkCellArray.h>
 #include <vtkDataArray.h>
@@ -14,6 +14,8 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 #include <string_view>
+
+namespace vemo {
 
 namespace {
 
@@ -219,3 +221,5 @@ std::string describeSize(double bytes) {
   }
   return fmt::format("{:.1f} {}", bytes, unit);
 }
+
+}  // namespace vemo

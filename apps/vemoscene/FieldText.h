@@ -4,11 +4,12 @@
 #include <string>
 
 class vtkDataArray;
-
 namespace lum {
 class Node;
 struct Field;
 }  // namespace lum
+
+namespace vemo {
 
 /// A field's value in a few words for a person: enumerators by name, colours as
 /// #rrggbb, long lists by their length. Empty for what is told otherwise: owned
@@ -30,3 +31,5 @@ std::string groupDigits(std::int64_t count);
 
 /// "12.3 MiB"; below 1 KiB "12 bytes".
 std::string describeSize(double bytes);
+
+}  // namespace vemo

@@ -9,6 +9,8 @@
 #include <system_error>
 #include <unistd.h>
 
+namespace vemo {
+
 void refusePipe(const std::string& file) {
   std::error_code ignored;
   if (std::filesystem::is_fifo(file, ignored)) {
@@ -42,3 +44,5 @@ bool ReplacementWatch::isReplaced() const {
   return _former < 0 || fstat(_former, &before) != 0 || now.st_dev != before.st_dev ||
          now.st_ino != before.st_ino;
 }
+
+}  // namespace vemo

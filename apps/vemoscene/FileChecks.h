@@ -2,6 +2,8 @@
 
 #include <string>
 
+namespace vemo {
+
 /// Throws Failure with READ_ERROR for a pipe: opening it would wait for somebody
 /// to write, and no scene can be read from it.
 void refusePipe(const std::string& file);
@@ -26,3 +28,5 @@ class ReplacementWatch {
   std::string _path;
   int _former;
 };
+
+}  // namespace vemo

@@ -3,13 +3,15 @@
 #include "ExitCode.h"
 #include "Messages.h"
 #include "TemporaryFiles.h"
-#include "platform/WidePath.h"
-#include "scenegraph/SceneNode.h"
-#include "scenegraph/io/FileError.h"
-#include "vemoview/import/SceneFormatHandler.h"
+#include <vemo/base/WidePath.h>
+#include <vemo/import/SceneFormatHandler.h>
+#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/io/FileError.h>
 
 #include <fmt/format.h>
 #include <sstream>
+
+namespace vemo {
 
 LoadedScene::LoadedScene(const std::string& file) : _path(toWidePath(file)) {
   useOwnTemporaryFolder();
@@ -53,3 +55,5 @@ lum::SceneNode& LoadedScene::getSceneNode() const {
   }
   throw Failure(ExitCode::READ_ERROR, fmt::format("{}: The database holds no scene", toNativePath(_path)));
 }
+
+}  // namespace vemo

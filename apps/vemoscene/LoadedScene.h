@@ -1,7 +1,7 @@
 #pragma once
 
-#include "scenegraph/Ptr.h"
-#include "scenegraph/io/SDBReader.h"
+#include <vemo/scenegraph/Ptr.h>
+#include <vemo/scenegraph/io/SDBReader.h>
 
 #include <string>
 #include <vector>
@@ -9,6 +9,8 @@
 namespace lum {
 class SceneNode;
 }
+
+namespace vemo {
 
 /// All that a scene file holds, in memory.
 class LoadedScene {
@@ -36,3 +38,5 @@ class LoadedScene {
   bool _isZipped = false;
   std::vector<Record> _records;
 };
+
+}  // namespace vemo

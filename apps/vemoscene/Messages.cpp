@@ -1,12 +1,14 @@
 #include "Messages.h"
 
-#include "platform/WidePath.h"
-#include "scenegraph/Logger.h"
+#include <vemo/base/WidePath.h>
+#include <vemo/scenegraph/Logger.h>
 
 #include <algorithm>
 #include <chrono>
 #include <fmt/format.h>
 #include <unistd.h>
+
+namespace vemo {
 
 namespace {
 
@@ -99,3 +101,5 @@ void Progress::run(const std::string& activity) {
   }
   writeError({});
 }
+
+}  // namespace vemo

@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+namespace vemo {
+
 /// The text with whatever could steer a terminal, and bytes that are no UTF-8,
 /// replaced by U+FFFD. Line ends stay.
 std::string toPrintable(std::string_view text);
@@ -53,3 +55,5 @@ class Progress {
   bool _ended = false;
   std::thread _thread;
 };
+
+}  // namespace vemo

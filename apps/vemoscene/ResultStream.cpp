@@ -8,6 +8,8 @@
 #include <string>
 #include <unistd.h>
 
+namespace vemo {
+
 namespace {
 
 [[noreturn]] void fail(int error) {
@@ -65,3 +67,5 @@ ResultStream::~ResultStream() = default;
 void ResultStream::finish() {
   flush();
 }
+
+}  // namespace vemo

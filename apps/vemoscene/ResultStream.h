@@ -5,6 +5,8 @@
 #include <ostream>
 #include <streambuf>
 
+namespace vemo {
+
 /// Standard output, for results. Unlike std::cout it throws, Failure with
 /// CANNOT_WRITE, as soon as something cannot be written.
 class ResultStream : public std::ostream {
@@ -19,3 +21,5 @@ class ResultStream : public std::ostream {
   class Buffer;
   std::unique_ptr<Buffer> _buffer;
 };
+
+}  // namespace vemo

@@ -15,6 +15,8 @@
 #include <thread>
 #include <utility>
 
+namespace vemo {
+
 namespace {
 
 /// Never destroyed: the thread below and at-exit functions use it.
@@ -99,3 +101,5 @@ void removePartialOutputWhenEnded(const std::string& output) {
   const std::filesystem::path folder = std::filesystem::weakly_canonical(target.parent_path(), ignored);
   callWhenEnded(blockEndingSignals(), [folder] { removeOpenTemporaryFiles(folder); });
 }
+
+}  // namespace vemo

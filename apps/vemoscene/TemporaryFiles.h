@@ -2,6 +2,8 @@
 
 #include <string>
 
+namespace vemo {
+
 /// Gives the process a folder of its own for temporary files, in place of the
 /// one in the environment. Folder and files are gone when the process ends: at
 /// its exit, and when it is told to end by SIGINT, SIGTERM or SIGHUP. To be
@@ -12,3 +14,5 @@ void useOwnTemporaryFolder();
 /// own beside it until then, removed when the process is told to end by these
 /// signals. To be called once, while there is one thread.
 void removePartialOutputWhenEnded(const std::string& output);
+
+}  // namespace vemo

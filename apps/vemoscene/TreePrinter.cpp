@@ -2,15 +2,17 @@
 
 #include "FieldText.h"
 #include "Messages.h"
-#include "scenegraph/attributes/AttributesCollection.h"
-#include "scenegraph/drawables/Drawable.h"
-#include "scenegraph/drawables/PolyDataNode.h"
+#include <vemo/scenegraph/attributes/AttributesCollection.h>
+#include <vemo/scenegraph/drawables/Drawable.h>
+#include <vemo/scenegraph/drawables/PolyDataNode.h>
 
 #include <vtkCellArray.h>
 #include <vtkDataArray.h>
 
 #include <algorithm>
 #include <fmt/format.h>
+
+namespace vemo {
 
 namespace {
 
@@ -137,3 +139,5 @@ void TreePrinter::printRows(const Rows& rows, std::size_t depth) {
     _out << line << '\n';
   }
 }
+
+}  // namespace vemo

@@ -10,6 +10,8 @@ class Node;
 class PolyDataNode;
 }  // namespace lum
 
+namespace vemo {
+
 /// Prints a node graph for a person: a line for each node, what it owns below
 /// it, the fields of siblings in a column. Of many siblings only the first are
 /// shown.
@@ -34,3 +36,5 @@ class TreePrinter {
 
   std::ostream& _out;
 };
+
+}  // namespace vemo

@@ -3,20 +3,22 @@
 #include "FileChecks.h"
 #include "Messages.h"
 #include "TemporaryFiles.h"
-#include "platform/WidePath.h"
-#include "scenegraph/Node.h"
-#include "scenegraph/Ptr.h"
-#include "scenegraph/io/CheckFormat.h"
-#include "scenegraph/io/SDBReader.h"
-#include "scenegraph/io/SDBWriter.h"
-#include "vemoview/import/SceneConverter.h"
-#include "vemoview/import/SceneFormatHandler.h"
+#include <vemo/base/WidePath.h>
+#include <vemo/import/SceneConverter.h>
+#include <vemo/import/SceneFormatHandler.h>
+#include <vemo/scenegraph/Node.h>
+#include <vemo/scenegraph/Ptr.h>
+#include <vemo/scenegraph/io/CheckFormat.h>
+#include <vemo/scenegraph/io/SDBReader.h>
+#include <vemo/scenegraph/io/SDBWriter.h>
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 #include <fstream>
 #include <memory>
 #include <sstream>
+
+namespace vemo {
 
 namespace {
 
@@ -96,3 +98,5 @@ void addConvertCommand(CLI::App& app, Command& command) {
   convertApp->add_option("OUT", options->output, "The database to write, by custom NAME.sdb")->required();
   convertApp->callback([options, &command] { command = {options->file, [options] { convert(*options); }}; });
 }
+
+}  // namespace vemo

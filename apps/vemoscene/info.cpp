@@ -4,12 +4,12 @@
 #include "Messages.h"
 #include "ResultStream.h"
 #include "TreePrinter.h"
-#include "platform/WidePath.h"
-#include "scenegraph/Traversal.h"
-#include "scenegraph/drawables/PolyDataNode.h"
-#include "scenegraph/io/JsonPrinter.h"
-#include "scenegraph/io/JsonWriter.h"
-#include "vemoview/import/ZipFileReader.h"
+#include <vemo/base/WidePath.h>
+#include <vemo/import/ZipFileReader.h>
+#include <vemo/scenegraph/Traversal.h>
+#include <vemo/scenegraph/drawables/PolyDataNode.h>
+#include <vemo/scenegraph/inspect/JsonPrinter.h>
+#include <vemo/scenegraph/inspect/JsonWriter.h>
 
 #include <vtkCellArray.h>
 #include <vtkDataArray.h>
@@ -22,6 +22,8 @@
 #include <system_error>
 #include <utility>
 #include <vector>
+
+namespace vemo {
 
 namespace {
 
@@ -162,3 +164,5 @@ void addInfoCommand(CLI::App& app, Command& command) {
   infoApp->add_flag("--values", options->values, "Print it with all values of data arrays (implies --json)");
   infoApp->callback([options, &command] { command = {options->file, [options] { info(*options); }}; });
 }
+
+}  // namespace vemo

@@ -1,5 +1,5 @@
 #include "CommandLine.h"
 
 int main(int argc, char** argv) {
-  return static_cast<int>(runCommandLine(argc, argv));
+  return static_cast<int>(vemo::runCommandLine(argc, argv));
 }

@@ -3,13 +3,15 @@
 #include "FileChecks.h"
 #include "LoadedScene.h"
 #include "Messages.h"
-#include "vemoview/render/ScenePicture.h"
+#include <vemo/render/ScenePicture.h>
 
 #include <CLI/CLI.hpp>
 #include <charconv>
 #include <fmt/format.h>
 #include <memory>
 #include <optional>
+
+namespace vemo {
 
 namespace {
 
@@ -72,3 +74,5 @@ void addRenderCommand(CLI::App& app, Command& command) {
       ->description("Width and height of the picture in pixels; without it 1024x768");
   renderApp->callback([options, &command] { command = {options->file, [options] { render(*options); }}; });
 }
+
+}  // namespace vemo

@@ -1,14 +1,16 @@
 #include "Command.h"
 #include "ExitCode.h"
 #include "LoadedScene.h"
-#include "vemoview/render/ScenePicture.h"
-#include "vemoview/window/ShowSceneWindow.h"
+#include <vemo/render/ScenePicture.h>
+#include <vemo/window/ShowSceneWindow.h>
 
 #include <CLI/CLI.hpp>
 #include <dlfcn.h>
 #include <filesystem>
 #include <fmt/format.h>
 #include <memory>
+
+namespace vemo {
 
 namespace {
 
@@ -48,3 +50,5 @@ void addViewCommand(CLI::App& app, Command& command) {
   viewApp->add_option("FILE", *file, "The scene archive or database to read")->required();
   viewApp->callback([file, &command] { command = {*file, [file] { view(*file); }}; });
 }
+
+}  // namespace vemo

@@ -1,14 +1,14 @@
 // The smallest host: opens a scene file of either generation and says what is
 // in it.
 
-#include "platform/WidePath.h"
-#include "scenegraph/SceneNode.h"
-#include "scenegraph/Traversal.h"
-#include "scenegraph/drawables/GeometryDrawables.h"
-#include "scenegraph/io/FileError.h"
-#include "scenegraph/io/SDBReader.h"
-#include "vemoview/import/Exception.h"
-#include "vemoview/import/SceneFormatHandler.h"
+#include <vemo/base/WidePath.h>
+#include <vemo/import/Exception.h>
+#include <vemo/import/SceneFormatHandler.h>
+#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/Traversal.h>
+#include <vemo/scenegraph/drawables/GeometryDrawables.h>
+#include <vemo/scenegraph/io/FileError.h>
+#include <vemo/scenegraph/io/SDBReader.h>
 
 #include <iostream>
 
@@ -32,8 +32,9 @@ int main(int argc, char** argv) {
     return 64;
   }
   try {
-    return static_cast<int>(SceneFormatHandler::loadVemoScene(toWidePath(argv[1]), load, std::cerr));
-  } catch (const Exception& error) {
+    return static_cast<int>(
+        vemo::SceneFormatHandler::loadVemoScene(vemo::toWidePath(argv[1]), load, std::cerr));
+  } catch (const vemo::Exception& error) {
     std::cerr << error.getMessage() << '\n' << error.getPlace() << '\n';
   } catch (const std::exception& error) {  // lum::io::FileError, InternalError
     std::cerr << error.what() << '\n';

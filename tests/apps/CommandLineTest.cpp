@@ -13,6 +13,8 @@
 #include <thread>
 #include <unistd.h>
 
+namespace vemo {
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -270,3 +272,5 @@ TEST_F(HangingRunTest, LeavesNothingBehindWhenItIsEnded) {
 }
 
 }  // namespace
+
+}  // namespace vemo

@@ -1,7 +1,9 @@
 #include "FieldText.h"
-#include "scenegraph/NodeFactory.h"
+#include <vemo/scenegraph/NodeFactory.h>
 
 #include <gmock/gmock.h>
+
+namespace vemo {
 
 namespace {
 
@@ -22,3 +24,5 @@ TEST(FieldText, CallsEveryEnumeratorByName) {
 }
 
 }  // namespace
+
+}  // namespace vemo

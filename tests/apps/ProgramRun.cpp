@@ -8,6 +8,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+namespace vemo {
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -56,3 +58,5 @@ ProgramResult ProgramRun::finish() {
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status),
           fs::is_regular_file(_out) ? readFile(_out) : std::string(), readFile(_err)};
 }
+
+}  // namespace vemo

@@ -5,6 +5,8 @@
 #include <sys/types.h>
 #include <vector>
 
+namespace vemo {
+
 /// What a run of vemoscene gave.
 struct ProgramResult {
   /// The exit status; the number of the signal, negative, if one ended it.
@@ -30,3 +32,5 @@ class ProgramRun {
   std::filesystem::path _err;
   pid_t _process;
 };
+
+}  // namespace vemo

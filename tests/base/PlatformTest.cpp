@@ -1,7 +1,7 @@
-#include "platform/Platform.h"
-#include "platform/WidePath.h"
-#include "platform/WideStream.h"
 #include "support/TemporaryFolder.h"
+#include <vemo/base/Platform.h>
+#include <vemo/base/WidePath.h>
+#include <vemo/base/WideStream.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -14,6 +14,8 @@
 #include <sstream>
 #include <string>
 #include <sys/stat.h>
+
+namespace vemo {
 
 namespace {
 
@@ -211,3 +213,5 @@ TEST(PlatformDeathTest, WorksAtExit) {
 }
 
 }  // namespace
+
+}  // namespace vemo

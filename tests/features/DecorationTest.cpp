@@ -3,8 +3,8 @@
 
 #include "features/DirectDrawing.h"
 #include "features/FeatureScene.h"
-#include "scenegraph/drawables/Overlays.h"
-#include "scenegraph/drawables/TriadDrawable.h"
+#include <vemo/scenegraph/drawables/Overlays.h>
+#include <vemo/scenegraph/drawables/TriadDrawable.h>
 
 #include <vtkRenderer.h>
 
@@ -12,6 +12,8 @@
 #include <array>
 #include <gmock/gmock.h>
 #include <vector>
+
+namespace vemo {
 
 namespace {
 
@@ -389,3 +391,5 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& one) { return std::string(one.param.word); });
 
 }  // namespace
+
+}  // namespace vemo

@@ -1,8 +1,8 @@
 #include "features/DirectDrawing.h"
 
 #include "features/FeatureScene.h"
-#include "vemoview/import/GeometryItem.h"
-#include "vemoview/render/EglRenderWindow.h"
+#include "vemoview/render/context/EglRenderWindow.h"
+#include <vemo/import/items/GeometryItem.h>
 
 #include <vtkActor.h>
 #include <vtkActorCollection.h>
@@ -22,6 +22,8 @@
 #include <algorithm>
 #include <cstring>
 #include <utility>
+
+namespace vemo {
 
 namespace {
 
@@ -170,3 +172,5 @@ Picture DirectDrawing::draw() {
   keepPicture(picture, "direct");
   return picture;
 }
+
+}  // namespace vemo

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vemoview/render/Picture.h"
+#include <vemo/render/Picture.h>
 
 #include <vtkSmartPointer.h>
 
@@ -8,14 +8,17 @@
 #include <string>
 #include <vector>
 
-class AssemblyItem;
-class Colormap;
-class GeometryItem;
-class Scene;
 class vtkActor;
 class vtkMatrix4x4;
 class vtkPolyData;
 class vtkRenderer;
+
+namespace vemo {
+
+class AssemblyItem;
+class Colormap;
+class GeometryItem;
+class Scene;
 
 /// Draws the items of a scene with VTK's actors alone, as a host without a
 /// scene graph would: by what the items themselves offer for it, and by plain
@@ -52,3 +55,5 @@ class DirectDrawing {
   vtkSmartPointer<vtkRenderer> _renderer;
   std::map<std::string, Matrices> _places;
 };
+
+}  // namespace vemo

@@ -4,10 +4,10 @@
 
 #include "features/DirectDrawing.h"
 #include "features/FeatureScene.h"
-#include "scenegraph/attributes/RenderingAttributes.h"
-#include "scenegraph/attributes/ScalarAttributes.h"
-#include "scenegraph/drawables/Overlays.h"
-#include "scenegraph/transforms/Transform.h"
+#include <vemo/scenegraph/attributes/RenderingAttributes.h>
+#include <vemo/scenegraph/attributes/ScalarAttributes.h>
+#include <vemo/scenegraph/drawables/Overlays.h>
+#include <vemo/scenegraph/transforms/Transform.h>
 
 #include <vtkActor.h>
 #include <vtkCellArray.h>
@@ -30,6 +30,8 @@
 #include <gmock/gmock.h>
 #include <ostream>
 #include <utility>
+
+namespace vemo {
 
 namespace {
 
@@ -543,3 +545,5 @@ INSTANTIATE_TEST_SUITE_P(
     nameOf);
 
 }  // namespace
+
+}  // namespace vemo

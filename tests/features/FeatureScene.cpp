@@ -1,12 +1,12 @@
 #include "features/FeatureScene.h"
 
-#include "platform/WidePath.h"
-#include "scenegraph/io/SDBReader.h"
 #include "support/ArchiveBuilder.h"
 #include "support/CollectionAt.h"
 #include "vemoview/import/SceneFileReader.h"
-#include "vemoview/import/SceneFormatHandler.h"
-#include "vemoview/render/ScenePicture.h"
+#include <vemo/base/WidePath.h>
+#include <vemo/import/SceneFormatHandler.h>
+#include <vemo/render/ScenePicture.h>
+#include <vemo/scenegraph/io/SDBReader.h>
 
 #include <algorithm>
 #include <cmath>
@@ -14,6 +14,8 @@
 #include <filesystem>
 #include <sstream>
 #include <vector>
+
+namespace vemo {
 
 namespace {
 
@@ -122,7 +124,7 @@ FeatureScene::FeatureScene(const std::string& children, const std::string& attri
 }
 
 lum::DrawableCollection& FeatureScene::collectionAt(const std::string& path) const {
-  return ::collectionAt(*_node, path);
+  return vemo::collectionAt(*_node, path);
 }
 
 Picture FeatureScene::draw() const {
@@ -158,3 +160,5 @@ void keepPicture(const Picture& picture, const std::string& suffix) {
   std::ranges::replace(name, '/', '-');
   picture.writePng(std::filesystem::path(folder) / (name + ".png"));
 }
+
+}  // namespace vemo

@@ -1,16 +1,18 @@
 #pragma once
 
-#include "scenegraph/SceneNode.h"
-#include "scenegraph/drawables/GeometryDrawables.h"
 #include "support/SceneXml.h"
 #include "support/TemporaryFolder.h"
-#include "vemoview/import/Scene.h"
-#include "vemoview/render/Picture.h"
+#include <vemo/import/items/Scene.h>
+#include <vemo/render/Picture.h>
+#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/drawables/GeometryDrawables.h>
 
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
 #include <vector>
+
+namespace vemo {
 
 /// An old scene on its whole way: written as an archive, opened as a host opens
 /// it, read back from the database that it has become, and drawn.
@@ -78,3 +80,5 @@ Difference differenceOf(const Picture& a, const Picture& b, int tolerance);
 /// Keeps a picture as a PNG file named after the running test in the folder
 /// that the environment variable VEMO_TEST_PICTURES names, if it does.
 void keepPicture(const Picture& picture, const std::string& suffix);
+
+}  // namespace vemo

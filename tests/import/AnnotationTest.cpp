@@ -1,12 +1,14 @@
 #include "SceneFixture.h"
-#include "scenegraph/drawables/Overlays.h"
-#include "vemoview/import/Annotation.h"
-#include "vemoview/import/Image2D.h"
-#include "vemoview/import/SharedBySiblings.h"
+#include <vemo/import/SharedBySiblings.h>
+#include <vemo/import/items/Annotation.h>
+#include <vemo/import/items/Image2D.h>
+#include <vemo/scenegraph/drawables/Overlays.h>
 
 #include <vtkDataArray.h>
 
 #include <gmock/gmock.h>
+
+namespace vemo {
 
 namespace {
 
@@ -93,3 +95,5 @@ TEST_F(Overlays, WarnOfWordsThatTheyDoNotKnow) {
 }
 
 }  // namespace
+
+}  // namespace vemo

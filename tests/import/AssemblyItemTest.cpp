@@ -1,10 +1,12 @@
 #include "SceneFixture.h"
-#include "scenegraph/attributes/ScalarAttributes.h"
-#include "vemoview/import/Colormap.h"
-#include "vemoview/import/GeometryItem.h"
+#include <vemo/import/items/Colormap.h>
+#include <vemo/import/items/GeometryItem.h>
+#include <vemo/scenegraph/attributes/ScalarAttributes.h>
 
 #include <gmock/gmock.h>
 #include <pthread.h>
+
+namespace vemo {
 
 namespace {
 
@@ -138,3 +140,5 @@ TEST_F(AssemblyItemTest, TheDeepestSceneFitsASmallStack) {
 }
 
 }  // namespace
+
+}  // namespace vemo

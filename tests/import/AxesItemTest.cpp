@@ -1,10 +1,12 @@
 #include "SceneFixture.h"
-#include "scenegraph/drawables/TriadDrawable.h"
-#include "vemoview/import/AxesItem.h"
-#include "vemoview/import/Font.h"
-#include "vemoview/import/SharedBySiblings.h"
+#include <vemo/import/SharedBySiblings.h>
+#include <vemo/import/items/AxesItem.h>
+#include <vemo/import/items/Font.h>
+#include <vemo/scenegraph/drawables/TriadDrawable.h>
 
 #include <gtest/gtest.h>
+
+namespace vemo {
 
 namespace {
 
@@ -53,3 +55,5 @@ TEST_F(AxesItemTest, FontsStyleTexts) {
 }
 
 }  // namespace
+
+}  // namespace vemo

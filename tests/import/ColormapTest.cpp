@@ -1,7 +1,9 @@
 #include "SceneFixture.h"
-#include "vemoview/import/Colormap.h"
+#include <vemo/import/items/Colormap.h>
 
 #include <gmock/gmock.h>
+
+namespace vemo {
 
 namespace {
 
@@ -52,3 +54,5 @@ TEST(ColormapTest, RefusesColorsThatAreNone) {
 }
 
 }  // namespace
+
+}  // namespace vemo

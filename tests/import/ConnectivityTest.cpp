@@ -1,5 +1,5 @@
-#include "errors/InternalError.h"
-#include "vemoview/import/Connectivity.h"
+#include "geometry/Connectivity.h"
+#include <vemo/base/InternalError.h>
 
 #include <vtkCellArray.h>
 #include <vtkFloatArray.h>
@@ -13,6 +13,8 @@
 #include <numeric>
 #include <utility>
 #include <vector>
+
+namespace vemo {
 
 namespace {
 
@@ -162,3 +164,5 @@ TEST(Connectivity, removesRowsInPlace) {
 }
 
 }  // namespace
+
+}  // namespace vemo

@@ -1,10 +1,10 @@
 // What items give a host that draws them with VTK's actors.
 
 #include "SceneFixture.h"
-#include "vemoview/import/ClippingPlane.h"
-#include "vemoview/import/Colormap.h"
-#include "vemoview/import/CoordinateSystemItem.h"
-#include "vemoview/import/GeometryItem.h"
+#include <vemo/import/items/ClippingPlane.h>
+#include <vemo/import/items/Colormap.h>
+#include <vemo/import/items/CoordinateSystemItem.h>
+#include <vemo/import/items/GeometryItem.h>
 
 #include <vtkActor.h>
 #include <vtkActor2D.h>
@@ -21,6 +21,8 @@
 #include <vtkTextProperty.h>
 
 #include <gmock/gmock.h>
+
+namespace vemo {
 
 namespace {
 
@@ -195,3 +197,5 @@ TEST_F(Drawing, AxesHaveLabels) {
 }
 
 }  // namespace
+
+}  // namespace vemo

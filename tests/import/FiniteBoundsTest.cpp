@@ -1,4 +1,4 @@
-#include "vemoview/import/FiniteBounds.h"
+#include "geometry/FiniteBounds.h"
 
 #include <vtkPoints.h>
 #include <vtkSmartPointer.h>
@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 #include <limits>
 #include <vector>
+
+namespace vemo {
 
 namespace {
 
@@ -48,3 +50,5 @@ TEST(FiniteBounds, areNothingWithoutAFinitePoint) {
 }
 
 }  // namespace
+
+}  // namespace vemo

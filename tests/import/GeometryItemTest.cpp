@@ -1,8 +1,8 @@
 #include "SceneFixture.h"
-#include "scenegraph/attributes/RenderingAttributes.h"
-#include "scenegraph/attributes/ScalarAttributes.h"
-#include "vemoview/import/GeometryItem.h"
-#include "vemoview/import/SharedBySiblings.h"
+#include <vemo/import/SharedBySiblings.h>
+#include <vemo/import/items/GeometryItem.h>
+#include <vemo/scenegraph/attributes/RenderingAttributes.h>
+#include <vemo/scenegraph/attributes/ScalarAttributes.h>
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
@@ -12,6 +12,8 @@
 
 #include <gmock/gmock.h>
 #include <limits>
+
+namespace vemo {
 
 namespace {
 
@@ -335,3 +337,5 @@ TEST_F(GeometryItemTest, RefusesToConvertWhatIsNoGeometry) {
 }
 
 }  // namespace
+
+}  // namespace vemo

@@ -7,6 +7,8 @@
 #include <string>
 #include <utility>
 
+namespace vemo {
+
 namespace {
 
 using testing::ElementsAre;
@@ -122,3 +124,5 @@ TEST_F(ItemRules, FailuresNameTheItemThatWasRead) {
 }
 
 }  // namespace
+
+}  // namespace vemo

@@ -1,7 +1,9 @@
 #include "SceneFixture.h"
-#include "scenegraph/drawables/Overlays.h"
+#include <vemo/scenegraph/drawables/Overlays.h>
 
 #include <gmock/gmock.h>
+
+namespace vemo {
 
 namespace {
 
@@ -94,3 +96,5 @@ TEST_F(LegendTest, NestedOnesStandInTheForegroundAndShowWhatColorsTheirAssembly)
 }
 
 }  // namespace
+
+}  // namespace vemo

@@ -1,4 +1,4 @@
-#include "vemoview/import/Normals.h"
+#include "geometry/Normals.h"
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
@@ -20,6 +20,8 @@
 #include <random>
 #include <tuple>
 #include <vector>
+
+namespace vemo {
 
 namespace {
 
@@ -184,3 +186,5 @@ TEST(Normals, ofNeighboursSurviveCoordinatesThatAreNotFinite) {
 }
 
 }  // namespace
+
+}  // namespace vemo

@@ -1,7 +1,7 @@
-#include "errors/InternalError.h"
-#include "vemoview/import/Exception.h"
-#include "vemoview/import/QxElement.h"
-#include "vemoview/import/QxString.h"
+#include "vemoview/import/xml/QxString.h"
+#include <vemo/base/InternalError.h>
+#include <vemo/import/Exception.h>
+#include <vemo/import/QxElement.h>
 
 #include <cmath>
 #include <exception>
@@ -15,6 +15,8 @@
 #include <type_traits>
 #include <typeinfo>
 #include <utility>
+
+namespace vemo {
 
 namespace {
 
@@ -224,3 +226,5 @@ TEST(Exception, KeepsTheInnermostPlace) {
 }
 
 }  // namespace
+
+}  // namespace vemo

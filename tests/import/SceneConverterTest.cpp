@@ -1,10 +1,10 @@
 #include "SceneFixture.h"
-#include "platform/WidePath.h"
-#include "scenegraph/NodeRegistry.h"
-#include "scenegraph/io/NodeOutputStream.h"
-#include "scenegraph/io/SDBReader.h"
-#include "scenegraph/io/SceneGraphWriter.h"
-#include "vemoview/import/SceneConverter.h"
+#include <vemo/base/WidePath.h>
+#include <vemo/import/SceneConverter.h>
+#include <vemo/scenegraph/NodeRegistry.h>
+#include <vemo/scenegraph/io/NodeOutputStream.h>
+#include <vemo/scenegraph/io/SDBReader.h>
+#include <vemo/scenegraph/io/SceneGraphWriter.h>
 
 #include <vtkPolyData.h>
 
@@ -12,6 +12,8 @@
 #include <gmock/gmock.h>
 #include <iterator>
 #include <sstream>
+
+namespace vemo {
 
 namespace {
 
@@ -197,3 +199,5 @@ TEST_F(SceneConverterTest, LetsFailuresOfReadingPass) {
 }
 
 }  // namespace
+
+}  // namespace vemo

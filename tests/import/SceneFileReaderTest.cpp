@@ -1,10 +1,10 @@
-#include "errors/InternalError.h"
-#include "platform/WidePath.h"
 #include "support/ArchiveBuilder.h"
 #include "support/TemporaryFolder.h"
-#include "vemoview/import/Exception.h"
-#include "vemoview/import/QxElement.h"
 #include "vemoview/import/SceneFileReader.h"
+#include <vemo/base/InternalError.h>
+#include <vemo/base/WidePath.h>
+#include <vemo/import/Exception.h>
+#include <vemo/import/QxElement.h>
 
 #include <cstddef>
 #include <gmock/gmock.h>
@@ -12,6 +12,8 @@
 #include <memory>
 #include <string>
 #include <utility>
+
+namespace vemo {
 
 namespace {
 
@@ -212,3 +214,5 @@ TEST_F(SceneFileReaderTest, KeepsWarningsWithTheirPlace) {
 }
 
 }  // namespace
+
+}  // namespace vemo

@@ -1,13 +1,15 @@
 #include "SceneFixture.h"
 
-#include "platform/WidePath.h"
-#include "scenegraph/Logger.h"
 #include "support/CollectionAt.h"
-#include "vemoview/import/SharedBySiblings.h"
+#include <vemo/base/WidePath.h>
+#include <vemo/import/SharedBySiblings.h>
+#include <vemo/scenegraph/Logger.h>
 
 #include <algorithm>
 #include <iterator>
 #include <utility>
+
+namespace vemo {
 
 namespace {
 
@@ -108,3 +110,5 @@ std::vector<std::string> SceneFixture::warnings() const {
 lum::DrawableCollection& SceneFixture::collection(const std::string& path) {
   return collectionAt(*_sceneNode, path);
 }
+
+}  // namespace vemo

@@ -1,15 +1,15 @@
 #pragma once
 
-#include "errors/InternalError.h"
-#include "scenegraph/SceneNode.h"
-#include "scenegraph/drawables/GeometryDrawables.h"
 #include "support/ArchiveBuilder.h"
 #include "support/SceneXml.h"
 #include "support/TemporaryFolder.h"
-#include "vemoview/import/Exception.h"
-#include "vemoview/import/QxElement.h"
-#include "vemoview/import/Scene.h"
 #include "vemoview/import/SceneFileReader.h"
+#include <vemo/base/InternalError.h>
+#include <vemo/import/Exception.h>
+#include <vemo/import/QxElement.h>
+#include <vemo/import/items/Scene.h>
+#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/drawables/GeometryDrawables.h>
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -17,6 +17,8 @@
 #include <optional>
 #include <string>
 #include <vector>
+
+namespace vemo {
 
 /// What the process has logged since it was last asked. Everything is logged,
 /// from the start of the program on.
@@ -64,3 +66,5 @@ class SceneFixture : public testing::Test {
   std::optional<SceneFileReader> _reader;
   lum::Ptr<lum::SceneNode> _sceneNode;
 };
+
+}  // namespace vemo

@@ -1,9 +1,9 @@
 #include "SceneFixture.h"
-#include "platform/Platform.h"
-#include "platform/WidePath.h"
-#include "scenegraph/Logger.h"
-#include "vemoview/import/SceneConverter.h"
-#include "vemoview/import/SceneFormatHandler.h"
+#include <vemo/base/Platform.h>
+#include <vemo/base/WidePath.h>
+#include <vemo/import/SceneConverter.h>
+#include <vemo/import/SceneFormatHandler.h>
+#include <vemo/scenegraph/Logger.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -14,6 +14,8 @@
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+namespace vemo {
 
 namespace {
 
@@ -155,3 +157,5 @@ TEST_F(SceneFormatHandlerTest, DeletesItsTemporaryFilesAtExit) {
 }
 
 }  // namespace
+
+}  // namespace vemo

@@ -1,14 +1,16 @@
 #include "SceneFixture.h"
-#include "vemoview/import/ClippingPlane.h"
-#include "vemoview/import/Gradient.h"
-#include "vemoview/import/Scene.h"
-#include "vemoview/import/SharedBySiblings.h"
+#include <vemo/import/SharedBySiblings.h>
+#include <vemo/import/items/ClippingPlane.h>
+#include <vemo/import/items/Gradient.h>
+#include <vemo/import/items/Scene.h>
 
 #include <vtkPlane.h>
 
 #include <gmock/gmock.h>
 #include <locale>
 #include <string>
+
+namespace vemo {
 
 namespace {
 
@@ -163,3 +165,5 @@ TEST_F(SceneTest, CarriesTheSceneGraphOfTheArchive) {
 }
 
 }  // namespace
+
+}  // namespace vemo

@@ -1,10 +1,12 @@
 #include "SceneFixture.h"
-#include "scenegraph/transforms/Transform.h"
-#include "vemoview/import/GeometryTransform.h"
-#include "vemoview/import/ReflectTransform.h"
-#include "vemoview/import/RepeatTransform.h"
+#include <vemo/import/items/GeometryTransform.h>
+#include <vemo/import/items/ReflectTransform.h>
+#include <vemo/import/items/RepeatTransform.h>
+#include <vemo/scenegraph/transforms/Transform.h>
 
 #include <gtest/gtest.h>
+
+namespace vemo {
 
 namespace {
 
@@ -52,3 +54,5 @@ TEST_F(TransformTest, IsKeptWhenItIsOfTheRightKindAndReplacedElse) {
 }
 
 }  // namespace
+
+}  // namespace vemo

@@ -11,6 +11,8 @@
 #include <string>
 #include <vector>
 
+namespace vemo {
+
 namespace {
 
 using Words = std::set<std::string>;
@@ -49,8 +51,7 @@ std::map<std::string, Vocabulary> readHeaders() {
                                R"(static inline const std::string (\w+)(?:\[\d*\])?\s*=([^;]*);)");
   const std::regex literal("\"([^\"]*)\"");
   std::map<std::string, Vocabulary> classes;
-  for (const auto& entry :
-       std::filesystem::directory_iterator(SOURCES / "visualization/src/vemoview/import")) {
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(SOURCES / "include/vemo/import")) {
     if (entry.path().extension() != ".h") {
       continue;
     }
@@ -144,3 +145,5 @@ TEST(SceneFormatPage, TellsTypeAndEffectOfEveryKey) {
 }
 
 }  // namespace
+
+}  // namespace vemo

@@ -1,8 +1,8 @@
-#include "platform/WidePath.h"
 #include "support/ArchiveBuilder.h"
 #include "support/TemporaryFolder.h"
-#include "vemoview/import/Exception.h"
-#include "vemoview/import/ZipFileReader.h"
+#include <vemo/base/WidePath.h>
+#include <vemo/import/Exception.h>
+#include <vemo/import/ZipFileReader.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -18,6 +18,8 @@
 #include <sys/stat.h>
 #include <utility>
 #include <vector>
+
+namespace vemo {
 
 namespace {
 
@@ -233,3 +235,5 @@ TEST_F(ZipFileReaderTest, SurvivesCutAndChangedArchives) {
 }
 
 }  // namespace
+
+}  // namespace vemo

@@ -1,6 +1,6 @@
-#include "vemoview/render/EglRenderWindow.h"
-#include "vemoview/render/Picture.h"
-#include "vemoview/render/RenderErrors.h"
+#include "vemoview/render/context/EglRenderWindow.h"
+#include <vemo/render/Picture.h>
+#include <vemo/render/RenderErrors.h>
 
 #include <vtkActor.h>
 #include <vtkCamera.h>
@@ -14,6 +14,8 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <set>
+
+namespace vemo {
 
 namespace {
 
@@ -103,3 +105,5 @@ TEST(EglRenderWindowDeathTest, SaysWhenThereIsNoOpenGl) {
 }
 
 }  // namespace
+
+}  // namespace vemo

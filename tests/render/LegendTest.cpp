@@ -1,8 +1,10 @@
 #include "render/RenderScene.h"
-#include "scenegraph/drawables/Overlays.h"
+#include <vemo/scenegraph/drawables/Overlays.h>
 
 #include <cmath>
 #include <gtest/gtest.h>
+
+namespace vemo {
 
 namespace {
 
@@ -63,3 +65,5 @@ TEST_F(Legend, ShowsAsManyNumbersAsFitAndStandsTheSenseless) {
 }
 
 }  // namespace
+
+}  // namespace vemo

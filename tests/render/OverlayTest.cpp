@@ -1,6 +1,6 @@
 #include "render/RenderScene.h"
-#include "scenegraph/drawables/Overlays.h"
-#include "scenegraph/transforms/Transform.h"
+#include <vemo/scenegraph/drawables/Overlays.h>
+#include <vemo/scenegraph/transforms/Transform.h>
 
 #include <vtkNew.h>
 #include <vtkUnsignedCharArray.h>
@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <array>
 #include <gtest/gtest.h>
+
+namespace vemo {
 
 namespace {
 
@@ -112,3 +114,5 @@ TEST(Image, IsNotDrawnWhenItSpansNothing) {
 }
 
 }  // namespace
+
+}  // namespace vemo

@@ -1,5 +1,5 @@
 #include "render/SceneWindow.h"
-#include "scenegraph/transforms/Transform.h"
+#include <vemo/scenegraph/transforms/Transform.h>
 
 #include <vtkPointData.h>
 #include <vtkPoints.h>
@@ -8,6 +8,8 @@
 #include <numbers>
 #include <optional>
 #include <random>
+
+namespace vemo {
 
 namespace {
 
@@ -203,3 +205,5 @@ TEST_F(Picking, FindsWhatThePictureShows) {
 }
 
 }  // namespace
+
+}  // namespace vemo

@@ -1,7 +1,7 @@
-#include "errors/InternalError.h"
 #include "support/TemporaryFolder.h"
-#include "vemoview/render/Picture.h"
-#include "vemoview/render/RenderErrors.h"
+#include <vemo/base/InternalError.h>
+#include <vemo/render/Picture.h>
+#include <vemo/render/RenderErrors.h>
 
 #include <vtkImageData.h>
 #include <vtkNew.h>
@@ -12,6 +12,8 @@
 #include <gtest/gtest.h>
 #include <iterator>
 #include <sys/stat.h>
+
+namespace vemo {
 
 namespace {
 
@@ -101,3 +103,5 @@ TEST(Picture, RefusesPixelsThatItDoesNotHave) {
 }
 
 }  // namespace
+
+}  // namespace vemo

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cstdlib>
 
+namespace vemo {
+
 RenderScene::RenderScene()
     : _node(new lum::SceneNode(lum::ClassNameNodeInitializer(lum::SceneNode::getClassName()))) {
   lum::CameraAttributes& camera = canvas().getCameraAttributes();
@@ -89,3 +91,5 @@ vtkSmartPointer<vtkFloatArray> makeArray(const std::string& name, const std::vec
   std::ranges::copy(values, array->GetPointer(0));
   return array;
 }
+
+}  // namespace vemo

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "scenegraph/SceneNode.h"
-#include "scenegraph/attributes/RenderingAttributes.h"
-#include "scenegraph/attributes/ScalarAttributes.h"
-#include "scenegraph/drawables/GeometryDrawables.h"
-#include "vemoview/render/ScenePicture.h"
+#include <vemo/render/ScenePicture.h>
+#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/attributes/RenderingAttributes.h>
+#include <vemo/scenegraph/attributes/ScalarAttributes.h>
+#include <vemo/scenegraph/drawables/GeometryDrawables.h>
 
 #include <vtkFloatArray.h>
 #include <vtkNew.h>
@@ -14,6 +14,8 @@
 #include <array>
 #include <string>
 #include <vector>
+
+namespace vemo {
 
 /// Builds small scenes, seen from the front in parallel projection: x to the
 /// right, y upwards, both from -1 to 1 over the picture.
@@ -79,3 +81,5 @@ vtkSmartPointer<vtkPolyData> makeRectangle(float left, float right, float bottom
 
 vtkSmartPointer<vtkFloatArray> makeArray(const std::string& name, const std::vector<float>& values,
                                          int components = 1);
+
+}  // namespace vemo

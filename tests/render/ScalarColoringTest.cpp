@@ -5,6 +5,8 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
+namespace vemo {
+
 namespace {
 
 constexpr int SIZE = RenderScene::SIZE;
@@ -69,3 +71,5 @@ TEST(ScalarColoring, ColoursPlainlyWithoutTheArray) {
 }
 
 }  // namespace
+
+}  // namespace vemo

@@ -1,8 +1,8 @@
-#include "errors/InternalError.h"
 #include "render/RenderScene.h"
-#include "vemoview/render/EglContext.h"
-#include "vemoview/render/RenderErrors.h"
-#include "vemoview/render/ScenePicture.h"
+#include "vemoview/render/context/EglContext.h"
+#include <vemo/base/InternalError.h>
+#include <vemo/render/RenderErrors.h>
+#include <vemo/render/ScenePicture.h>
 
 #include <vtkCellData.h>
 #include <vtkPointData.h>
@@ -13,6 +13,8 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+
+namespace vemo {
 
 namespace {
 
@@ -436,3 +438,5 @@ TEST(ScenePicture, DrawsAnEmptySceneAndTheSamePictureTwice) {
 }
 
 }  // namespace
+
+}  // namespace vemo

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "render/RenderScene.h"
-#include "vemoview/render/EglRenderWindow.h"
-#include "vemoview/render/SceneRenderer.h"
+#include "vemoview/render/context/EglRenderWindow.h"
+#include <vemo/render/SceneRenderer.h>
 
 #include <vtkCamera.h>
 #include <vtkRenderer.h>
 #include <vtkRendererCollection.h>
+
+namespace vemo {
 
 /// A scene in a window that is drawn again and again.
 class SceneWindow {
@@ -35,3 +37,5 @@ class SceneWindow {
  private:
   vtkSmartPointer<EglRenderWindow> _window = EglRenderWindow::open(RenderScene::SIZE, RenderScene::SIZE);
 };
+
+}  // namespace vemo

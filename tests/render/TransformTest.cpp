@@ -1,10 +1,12 @@
 #include "render/RenderScene.h"
-#include "scenegraph/transforms/Transform.h"
-#include "vemoview/render/RenderErrors.h"
+#include <vemo/render/RenderErrors.h>
+#include <vemo/scenegraph/transforms/Transform.h>
 
 #include <gtest/gtest.h>
 #include <limits>
 #include <numbers>
+
+namespace vemo {
 
 namespace {
 
@@ -159,3 +161,5 @@ TEST(Transform, BoundsRepeatsWithinRepeats) {
 }
 
 }  // namespace
+
+}  // namespace vemo

@@ -1,11 +1,13 @@
 #include "render/SceneWindow.h"
-#include "scenegraph/drawables/Overlays.h"
-#include "scenegraph/drawables/TriadDrawable.h"
-#include "scenegraph/transforms/Transform.h"
-#include "vemoview/render/RenderErrors.h"
+#include <vemo/render/RenderErrors.h>
+#include <vemo/scenegraph/drawables/Overlays.h>
+#include <vemo/scenegraph/drawables/TriadDrawable.h>
+#include <vemo/scenegraph/transforms/Transform.h>
 
 #include <functional>
 #include <gtest/gtest.h>
+
+namespace vemo {
 
 namespace {
 
@@ -148,3 +150,5 @@ TEST_F(Visibility, HighlightsInFrontOfAllAndCanLeaveItOut) {
 }
 
 }  // namespace
+
+}  // namespace vemo

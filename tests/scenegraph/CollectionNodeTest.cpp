@@ -1,12 +1,14 @@
-#include "scenegraph/CollectionNode.h"
-#include "scenegraph/NodeFactory.h"
-#include "scenegraph/SceneNode.h"
-#include "scenegraph/attributes/ScalarAttributes.h"
-#include "scenegraph/drawables/GeometryDrawables.h"
-#include "scenegraph/drawables/TriadDrawable.h"
+#include <vemo/scenegraph/CollectionNode.h>
+#include <vemo/scenegraph/NodeFactory.h>
+#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/attributes/ScalarAttributes.h>
+#include <vemo/scenegraph/drawables/GeometryDrawables.h>
+#include <vemo/scenegraph/drawables/TriadDrawable.h>
 
 #include <cmath>
 #include <gtest/gtest.h>
+
+namespace vemo {
 
 namespace {
 
@@ -127,3 +129,5 @@ TEST(CollectionNodeTest, AChangeMarksTheNodeAndItAlone) {
 }
 
 }  // namespace
+
+}  // namespace vemo

@@ -1,9 +1,9 @@
-#include "scenegraph/Ptr.h"
-#include "scenegraph/SceneNode.h"
-#include "scenegraph/drawables/GeometryDrawables.h"
-#include "scenegraph/drawables/TriadDrawable.h"
-#include "scenegraph/io/JsonPrinter.h"
-#include "scenegraph/io/JsonWriter.h"
+#include <vemo/scenegraph/Ptr.h>
+#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/drawables/GeometryDrawables.h>
+#include <vemo/scenegraph/drawables/TriadDrawable.h>
+#include <vemo/scenegraph/inspect/JsonPrinter.h>
+#include <vemo/scenegraph/inspect/JsonWriter.h>
 
 #include <vtkCellArray.h>
 #include <vtkDoubleArray.h>
@@ -18,6 +18,8 @@
 #include <nlohmann/json.hpp>
 #include <pthread.h>
 #include <sstream>
+
+namespace vemo {
 
 namespace {
 
@@ -190,3 +192,5 @@ TEST(JsonWriterTest, WritesTextsAndNumbersThatReadersUnderstand) {
 }
 
 }  // namespace
+
+}  // namespace vemo

@@ -1,8 +1,10 @@
-#include "scenegraph/NodeFactory.h"
-#include "scenegraph/NodeRegistry.h"
-#include "scenegraph/SceneNode.h"
+#include <vemo/scenegraph/NodeFactory.h>
+#include <vemo/scenegraph/NodeRegistry.h>
+#include <vemo/scenegraph/SceneNode.h>
 
 #include <gtest/gtest.h>
+
+namespace vemo {
 
 namespace {
 
@@ -80,3 +82,5 @@ TEST(NodeFactoryTest, MakesEveryClassUnderItsOwnName) {
 }
 
 }  // namespace
+
+}  // namespace vemo

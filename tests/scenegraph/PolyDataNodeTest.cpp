@@ -1,7 +1,7 @@
-#include "errors/InternalError.h"
-#include "scenegraph/NodeInitializer.h"
-#include "scenegraph/Ptr.h"
-#include "scenegraph/drawables/PolyDataNode.h"
+#include <vemo/base/InternalError.h>
+#include <vemo/scenegraph/NodeInitializer.h>
+#include <vemo/scenegraph/Ptr.h>
+#include <vemo/scenegraph/drawables/PolyDataNode.h>
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
@@ -11,6 +11,8 @@
 #include <vtkPolyData.h>
 
 #include <gtest/gtest.h>
+
+namespace vemo {
 
 namespace {
 
@@ -67,3 +69,5 @@ TEST(PolyDataNodeTest, RefusesWhatItDoesNotKnow) {
 }
 
 }  // namespace
+
+}  // namespace vemo

@@ -1,9 +1,11 @@
-#include "scenegraph/NodeFactory.h"
-#include "scenegraph/Ptr.h"
-#include "scenegraph/SceneNode.h"
+#include <vemo/scenegraph/NodeFactory.h>
+#include <vemo/scenegraph/Ptr.h>
+#include <vemo/scenegraph/SceneNode.h>
 
 #include <gtest/gtest.h>
 #include <pthread.h>
+
+namespace vemo {
 
 namespace {
 
@@ -51,7 +53,7 @@ TEST(PtrTest, EveryAccessIsChecked) {
     } catch (const NonRecoverableError& error) {
       EXPECT_EQ(error.getMessage(), "Uninitialized object or unexpected object type");
       EXPECT_EQ(error.getProperties().get("expression"), "res");
-      EXPECT_EQ(error.getProperties().get("file"), "base/src/scenegraph/Ptr.h");
+      EXPECT_EQ(error.getProperties().get("file"), "include/vemo/scenegraph/Ptr.h");
     }
   }
 }
@@ -92,3 +94,5 @@ TEST(PtrTest, ALongChainIsTornDownOnASmallStack) {
 }
 
 }  // namespace
+
+}  // namespace vemo

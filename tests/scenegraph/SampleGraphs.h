@@ -1,10 +1,10 @@
 #pragma once
 
-#include "scenegraph/NodeFactory.h"
-#include "scenegraph/Owned.h"
-#include "scenegraph/SceneNode.h"
-#include "scenegraph/drawables/GeometryDrawables.h"
-#include "scenegraph/drawables/TriadDrawable.h"
+#include <vemo/scenegraph/NodeFactory.h>
+#include <vemo/scenegraph/Owned.h>
+#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/drawables/GeometryDrawables.h>
+#include <vemo/scenegraph/drawables/TriadDrawable.h>
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
@@ -17,6 +17,8 @@
 #include <bit>
 #include <cmath>
 #include <limits>
+
+namespace vemo {
 
 /// Gives every field of a node a value that no default has, and that is easily
 /// lost: a NaN with a payload, infinities, a negative zero, empty and long
@@ -41,7 +43,7 @@ class UnusualValues {
   void operator()(const lum::EnumerationField& field) const {
     *field.value = (*field.value + 1) % field.count;
   }
-  void operator()(std::string* value) const { *value = std::string(300, 'x') + '\0'; }
+  void operator()(std::string* value) const { value->assign(300, 'x').push_back('\0'); }
   template <std::size_t N>
   void operator()(Vector<N, double>* value) const {
     for (std::size_t i = 0; i < N; ++i) {
@@ -134,3 +136,5 @@ inline lum::Ptr<lum::SceneNode> makeScene() {
   triad.setCameraAttributes(&scene->getModelCanvas().getCameraAttributes());
   return scene;
 }
+
+}  // namespace vemo

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/WidePath.h"
-#include "scenegraph/io/SDBReader.h"
-#include "scenegraph/io/SDBWriter.h"
 #include "support/TemporaryFolder.h"
+#include <vemo/base/WidePath.h>
+#include <vemo/scenegraph/io/SDBReader.h>
+#include <vemo/scenegraph/io/SDBWriter.h>
 
 #include <cstdint>
 #include <cstdio>
@@ -15,6 +15,8 @@
 #include <string>
 #define XXH_INLINE_ALL
 #include <xxhash.h>
+
+namespace vemo {
 
 inline std::wstring wide(const std::filesystem::path& path) {
   return toWidePath(path.native());
@@ -79,3 +81,5 @@ struct DatabaseBytes {
   std::string chunks;
   std::string index;
 };
+
+}  // namespace vemo

@@ -1,15 +1,17 @@
 #include "SampleGraphs.h"
 #include "SdbFile.h"
-#include "scenegraph/Compare.h"
-#include "scenegraph/Traversal.h"
-#include "scenegraph/io/CheckFormat.h"
-#include "scenegraph/io/FileError.h"
+#include <vemo/scenegraph/Traversal.h>
+#include <vemo/scenegraph/inspect/Compare.h>
+#include <vemo/scenegraph/io/CheckFormat.h>
+#include <vemo/scenegraph/io/FileError.h>
 
 #include <vtkUnsignedShortArray.h>
 
 #include <gmock/gmock.h>
 #include <pthread.h>
 #include <sstream>
+
+namespace vemo {
 
 namespace {
 
@@ -201,3 +203,5 @@ TEST(Compare, NamesTheNodeAndTheField) {
 }
 
 }  // namespace
+
+}  // namespace vemo

@@ -1,13 +1,15 @@
 #include "SampleGraphs.h"
 #include "SdbFile.h"
 #include "StreamPayload.h"
-#include "scenegraph/Compare.h"
-#include "scenegraph/io/CheckFormat.h"
-#include "scenegraph/io/FileError.h"
+#include <vemo/scenegraph/inspect/Compare.h>
+#include <vemo/scenegraph/io/CheckFormat.h>
+#include <vemo/scenegraph/io/FileError.h>
 
 #include <cstring>
 #include <gmock/gmock.h>
 #include <sstream>
+
+namespace vemo {
 
 namespace {
 
@@ -233,3 +235,5 @@ TEST_F(SdbTrust, RefusesCellsThatLeaveTheirPoints) {
 }
 
 }  // namespace
+
+}  // namespace vemo

@@ -1,10 +1,12 @@
 #include "SampleGraphs.h"
 #include "SdbFile.h"
-#include "scenegraph/Compare.h"
+#include <vemo/scenegraph/inspect/Compare.h>
 
 #include <csignal>
 #include <sys/resource.h>
 #include <sys/stat.h>
+
+namespace vemo {
 
 namespace {
 
@@ -102,3 +104,5 @@ TEST(SdbWriter, DiscardsWhatDidNotFitOnTheDisk) {
 }
 
 }  // namespace
+
+}  // namespace vemo

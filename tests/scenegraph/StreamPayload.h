@@ -1,15 +1,17 @@
 #pragma once
 
-#include "scenegraph/NodeInitializer.h"
-#include "scenegraph/io/NodeInputStream.h"
-#include "scenegraph/io/NodeOutputStream.h"
-#include "scenegraph/io/SceneGraphReader.h"
-#include "scenegraph/io/SceneGraphWriter.h"
+#include <vemo/scenegraph/NodeInitializer.h>
+#include <vemo/scenegraph/io/NodeInputStream.h>
+#include <vemo/scenegraph/io/NodeOutputStream.h>
+#include <vemo/scenegraph/io/SceneGraphReader.h>
+#include <vemo/scenegraph/io/SceneGraphWriter.h>
 
 #include <gtest/gtest.h>
 #include <sstream>
 #include <string>
 #include <vector>
+
+namespace vemo {
 
 /// What an archive carries of a scene: a scene stream and data streams.
 struct StreamPayload {
@@ -49,3 +51,5 @@ inline lum::Ptr<lum::Node> throughStreams(const lum::Node& node) {
   lum::NodeInputStream in(lum::NO_SESSION);
   return StreamPayload(out).loadInto(in) == 0 ? in.getRoots().at(0) : lum::Ptr<lum::Node>();
 }
+
+}  // namespace vemo

@@ -1,12 +1,14 @@
 #include "SampleGraphs.h"
 #include "StreamPayload.h"
-#include "scenegraph/Compare.h"
-#include "scenegraph/NodeRegistry.h"
-#include "scenegraph/io/FileError.h"
+#include <vemo/scenegraph/NodeRegistry.h>
+#include <vemo/scenegraph/inspect/Compare.h>
+#include <vemo/scenegraph/io/FileError.h>
 
 #include <algorithm>
 #include <functional>
 #include <gmock/gmock.h>
+
+namespace vemo {
 
 namespace {
 
@@ -184,3 +186,5 @@ TEST(Stream, EndsReadOrWriteOnly) {
 }
 
 }  // namespace
+
+}  // namespace vemo

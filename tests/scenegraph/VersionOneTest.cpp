@@ -1,13 +1,13 @@
 #include "SdbFile.h"
-#include "scenegraph/Compare.h"
-#include "scenegraph/Owned.h"
-#include "scenegraph/SceneNode.h"
-#include "scenegraph/attributes/RenderingAttributes.h"
-#include "scenegraph/attributes/ScalarAttributes.h"
-#include "scenegraph/attributes/TextAttributes.h"
-#include "scenegraph/drawables/GeometryDrawables.h"
-#include "scenegraph/drawables/TriadDrawable.h"
-#include "scenegraph/transforms/Transform.h"
+#include <vemo/scenegraph/Owned.h>
+#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/attributes/RenderingAttributes.h>
+#include <vemo/scenegraph/attributes/ScalarAttributes.h>
+#include <vemo/scenegraph/attributes/TextAttributes.h>
+#include <vemo/scenegraph/drawables/GeometryDrawables.h>
+#include <vemo/scenegraph/drawables/TriadDrawable.h>
+#include <vemo/scenegraph/inspect/Compare.h>
+#include <vemo/scenegraph/transforms/Transform.h>
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
@@ -16,6 +16,8 @@
 #include <vtkPoints.h>
 #include <vtkPolyData.h>
 #include <vtkUnsignedCharArray.h>
+
+namespace vemo {
 
 namespace {
 
@@ -90,3 +92,5 @@ TEST(VersionOne, IsReadAsItWasWritten) {
 }
 
 }  // namespace
+
+}  // namespace vemo

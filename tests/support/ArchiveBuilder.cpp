@@ -6,6 +6,8 @@
 #include <utility>
 #include <zlib.h>
 
+namespace vemo {
+
 namespace {
 
 constexpr std::uint32_t LOCAL_HEADER = 0x04034b50;
@@ -211,3 +213,5 @@ void ArchiveBuilder::write(const std::filesystem::path& path) const {
     throw std::runtime_error("cannot write " + path.string());
   }
 }
+
+}  // namespace vemo

@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+namespace vemo {
+
 /// Makes zip archives for tests, honest ones and others:
 ///
 ///     ArchiveBuilder().text("scene.xml", xml).floats("p.bin", {0, 0, 1}).write(folder / "scene.zip");
@@ -69,3 +71,5 @@ class ArchiveBuilder {
   bool _stored = false;
   std::optional<std::uint64_t> _claimedCount;
 };
+
+}  // namespace vemo

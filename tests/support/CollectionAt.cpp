@@ -1,8 +1,10 @@
 #include "support/CollectionAt.h"
 
-#include "errors/InternalError.h"
+#include <vemo/base/InternalError.h>
 
 #include <sstream>
+
+namespace vemo {
 
 lum::DrawableCollection& collectionAt(lum::SceneNode& scene, const std::string& path) {
   lum::DrawableCollection* found = &scene.getModelCanvas().getDrawableCollection();
@@ -13,3 +15,5 @@ lum::DrawableCollection& collectionAt(lum::SceneNode& scene, const std::string& 
   }
   return *found;
 }
+
+}  // namespace vemo

@@ -3,6 +3,8 @@
 #include <initializer_list>
 #include <utility>
 
+namespace vemo {
+
 namespace {
 
 /// The first attribute of a name counts: defaults stand behind what is given.
@@ -39,3 +41,5 @@ std::string assembly(const std::string& name, const std::string& children, const
 std::string sceneXml(const std::string& children, const std::string& attributes) {
   return "<scene" + withDefaults(attributes, {{"background", "ff800040"}}) + ">" + children + "</scene>";
 }
+
+}  // namespace vemo

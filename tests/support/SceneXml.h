@@ -2,6 +2,8 @@
 
 #include <string>
 
+namespace vemo {
+
 // Elements of scene descriptions.
 
 /// A geometry named "g", visible, smooth and with faces, over the points of entry "p", with
@@ -10,3 +12,5 @@ std::string geometry(const std::string& attributes, const std::string& children 
 std::string assembly(const std::string& name, const std::string& children, const std::string& more = "");
 /// A scene element; a background is given unless the attributes have one.
 std::string sceneXml(const std::string& children, const std::string& attributes = "");
+
+}  // namespace vemo

@@ -6,6 +6,8 @@
 #include <string>
 #include <system_error>
 
+namespace vemo {
+
 /// A new, empty folder for one test; gone, with all that it holds, when the
 /// object goes.
 class TemporaryFolder {
@@ -32,3 +34,5 @@ class TemporaryFolder {
  private:
   std::filesystem::path _path;
 };
+
+}  // namespace vemo

@@ -12,6 +12,8 @@
 #include <cmath>
 #include <stdexcept>
 
+namespace vemo {
+
 OpenWindow::OpenWindow(lum::SceneNode& scene) : _window(scene, "scene.zip") {
   _window.show();
   _window.activateWindow();
@@ -137,3 +139,5 @@ std::string OpenWindow::value(const QString& name) const {
   const auto rows = values().findItems(name, Qt::MatchExactly | Qt::MatchRecursive);
   return rows.isEmpty() ? std::string() : rows.first()->text(1).toStdString();
 }
+
+}  // namespace vemo

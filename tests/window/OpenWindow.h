@@ -12,6 +12,8 @@ class QTreeView;
 class QTreeWidget;
 class QWidget;
 
+namespace vemo {
+
 /// A window on the screen, used as a user does: what is done comes as events,
 /// what is asked is seen.
 class OpenWindow {
@@ -55,3 +57,5 @@ class OpenWindow {
 
   SceneWindow _window;
 };
+
+}  // namespace vemo

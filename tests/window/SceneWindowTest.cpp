@@ -1,8 +1,8 @@
 #include "render/RenderScene.h"
-#include "scenegraph/drawables/TriadDrawable.h"
 #include "support/TemporaryFolder.h"
-#include "vemoview/render/RenderErrors.h"
 #include "window/OpenWindow.h"
+#include <vemo/render/RenderErrors.h>
+#include <vemo/scenegraph/drawables/TriadDrawable.h>
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <cstdlib>
 #include <gtest/gtest.h>
+
+namespace vemo {
 
 namespace {
 
@@ -262,3 +264,5 @@ TEST(SceneWindow, StaysUsableWithTenThousandItems) {
 }
 
 }  // namespace
+
+}  // namespace vemo

@@ -12,7 +12,7 @@ __asan_default_suppressions() {  // NOLINT(bugprone-reserved-identifier)
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
-  SceneView::useFormatByDefault();
+  vemo::SceneView::useFormatByDefault();
   // Never destroyed: it would unload drivers, whose leaks had no names then.
   static const auto& application = *new QApplication(argc, argv);
   static_cast<void>(application);

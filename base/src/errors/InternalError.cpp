@@ -1,7 +1,9 @@
-#include "errors/InternalError.h"
+#include <vemo/base/InternalError.h>
 
 #include <charconv>
 #include <utility>
+
+namespace vemo {
 
 const std::string& Properties::get(const std::string& name) const {
   static const std::string none;
@@ -30,3 +32,5 @@ InternalError::InternalError(const std::string& message, const Properties& prope
   const std::string& line = properties.get("line");
   std::from_chars(line.data(), line.data() + line.size(), _line);
 }
+
+}  // namespace vemo

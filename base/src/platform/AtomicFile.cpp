@@ -10,7 +10,7 @@
 #include <unistd.h>
 #include <utility>
 
-namespace OS {
+namespace vemo::OS {
 
 namespace {
 
@@ -145,4 +145,4 @@ void AtomicFile::fail(int error) const {
   throw FileWriteError(_target, std::generic_category().message(error));
 }
 
-}  // namespace OS
+}  // namespace vemo::OS

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vemo_base_export.h"
+#include <vemo/base/Export.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace OS {
+namespace vemo::OS {
 
 /// A file that could not be written. The text names the file and the reason.
 class VEMO_BASE_EXPORT FileWriteError : public std::runtime_error {
@@ -56,4 +56,4 @@ class VEMO_BASE_EXPORT AtomicFile {
   int _file = -1;
 };
 
-}  // namespace OS
+}  // namespace vemo::OS

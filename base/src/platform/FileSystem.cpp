@@ -1,6 +1,5 @@
-#include "platform/FileSystem.h"
-
-#include "platform/WidePath.h"
+#include <vemo/base/FileSystem.h>
+#include <vemo/base/WidePath.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -10,7 +9,7 @@
 #include <system_error>
 #include <unistd.h>
 
-namespace OS {
+namespace vemo::OS {
 namespace {
 
 /// Of a temporary file's name, so that the whole stays a valid one.
@@ -74,4 +73,4 @@ std::wstring FileSystem::makeTemporaryFile(const std::wstring& namePart) const {
   return toWidePath(path);
 }
 
-}  // namespace OS
+}  // namespace vemo::OS

@@ -1,6 +1,8 @@
-#include "platform/Platform.h"
+#include <vemo/base/Platform.h>
 
 #include <memory>
+
+namespace vemo {
 
 namespace {
 
@@ -22,3 +24,5 @@ OS::FileSystem& Platform::filesystem() {
 void Platform::reset() {
   instance().reset();
 }
+
+}  // namespace vemo

@@ -1,7 +1,9 @@
-#include "platform/WidePath.h"
+#include <vemo/base/WidePath.h>
 
 #include <cstddef>
 #include <cstdint>
+
+namespace vemo {
 
 namespace {
 
@@ -137,3 +139,5 @@ int wideStat(const wchar_t* path, struct stat* status) {
 std::FILE* wideOpen(const wchar_t* path, const char* mode) {
   return std::fopen(toNativePath(path).c_str(), mode);
 }
+
+}  // namespace vemo

@@ -1,7 +1,10 @@
-#include "platform/WideStream.h"
+#include <vemo/base/WidePath.h>
+#include <vemo/base/WideStream.h>
 
-#include "platform/WidePath.h"
+namespace vemo {
 
 std::ostream& operator<<(std::ostream& out, const std::wstring& text) {
   return out << toNativePath(text);
 }
+
+}  // namespace vemo

@@ -1,6 +1,5 @@
-#include "scenegraph/CollectionNode.h"
-
-#include "scenegraph/Traversal.h"
+#include <vemo/scenegraph/CollectionNode.h>
+#include <vemo/scenegraph/Traversal.h>
 
 #include <algorithm>
 #include <map>

@@ -1,4 +1,6 @@
-#include "scenegraph/Logger.h"
+#include <vemo/scenegraph/Logger.h>
+
+namespace vemo {
 
 Logger& Logger::getSingleton() {
   // Never destroyed: at-exit functions log.
@@ -28,3 +30,5 @@ void Logger::log(const std::string& text, const char* file, int line, Level /*le
   }
   _sink(file + (":" + std::to_string(line)) + " " + text);
 }
+
+}  // namespace vemo

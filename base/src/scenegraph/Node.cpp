@@ -1,8 +1,7 @@
-#include "scenegraph/Node.h"
-
-#include "scenegraph/CollectionNode.h"
-#include "scenegraph/NodeRegistry.h"
-#include "scenegraph/Owned.h"
+#include <vemo/scenegraph/CollectionNode.h>
+#include <vemo/scenegraph/Node.h>
+#include <vemo/scenegraph/NodeRegistry.h>
+#include <vemo/scenegraph/Owned.h>
 
 namespace lum {
 

@@ -1,11 +1,10 @@
-#include "scenegraph/NodeFactory.h"
-
-#include "scenegraph/SceneNode.h"
-#include "scenegraph/attributes/RenderingAttributes.h"
-#include "scenegraph/attributes/ScalarAttributes.h"
-#include "scenegraph/drawables/GeometryDrawables.h"
-#include "scenegraph/drawables/Overlays.h"
-#include "scenegraph/drawables/TriadDrawable.h"
+#include <vemo/scenegraph/NodeFactory.h>
+#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/attributes/RenderingAttributes.h>
+#include <vemo/scenegraph/attributes/ScalarAttributes.h>
+#include <vemo/scenegraph/drawables/GeometryDrawables.h>
+#include <vemo/scenegraph/drawables/Overlays.h>
+#include <vemo/scenegraph/drawables/TriadDrawable.h>
 
 #include <map>
 

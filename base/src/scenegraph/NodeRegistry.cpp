@@ -1,6 +1,5 @@
-#include "scenegraph/NodeRegistry.h"
-
-#include "scenegraph/NodeFactory.h"
+#include <vemo/scenegraph/NodeFactory.h>
+#include <vemo/scenegraph/NodeRegistry.h>
 
 namespace lum {
 
@@ -30,7 +29,7 @@ void NodeRegistry::keep(Node& node) {
   _kept.emplace_back(&node);
 }
 
-Node* NodeRegistry::getNode(const std::string& name, bool& created, Properties& properties) {
+Node* NodeRegistry::getNode(const std::string& name, bool& created, vemo::Properties& properties) {
   created = false;
   for (Node* node = _first; node != nullptr; node = node->_nextInSession) {
     if (node->getName() == name) {

@@ -1,4 +1,4 @@
-#include "scenegraph/Object.h"
+#include <vemo/scenegraph/Object.h>
 
 namespace lum {
 

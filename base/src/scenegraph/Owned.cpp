@@ -1,6 +1,5 @@
-#include "scenegraph/Owned.h"
-
-#include "scenegraph/Traversal.h"
+#include <vemo/scenegraph/Owned.h>
+#include <vemo/scenegraph/Traversal.h>
 
 namespace lum {
 

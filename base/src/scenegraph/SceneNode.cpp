@@ -1,4 +1,4 @@
-#include "scenegraph/SceneNode.h"
+#include <vemo/scenegraph/SceneNode.h>
 
 namespace lum {
 

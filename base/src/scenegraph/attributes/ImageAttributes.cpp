@@ -1,6 +1,5 @@
-#include "scenegraph/attributes/ImageAttributes.h"
-
-#include "errors/InternalError.h"
+#include <vemo/base/InternalError.h>
+#include <vemo/scenegraph/attributes/ImageAttributes.h>
 
 #include <vtkDataArray.h>
 

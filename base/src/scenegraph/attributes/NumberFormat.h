@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vemo_scenegraph_export.h"
+#include <vemo/scenegraph/Export.h>
 
 #include <string_view>
 

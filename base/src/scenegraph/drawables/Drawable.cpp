@@ -1,4 +1,4 @@
-#include "scenegraph/drawables/Drawable.h"
+#include <vemo/scenegraph/drawables/Drawable.h>
 
 namespace lum {
 

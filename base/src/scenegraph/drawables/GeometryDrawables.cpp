@@ -1,4 +1,4 @@
-#include "scenegraph/drawables/GeometryDrawables.h"
+#include <vemo/scenegraph/drawables/GeometryDrawables.h>
 
 namespace lum {
 

@@ -1,4 +1,4 @@
-#include "scenegraph/drawables/Overlays.h"
+#include <vemo/scenegraph/drawables/Overlays.h>
 
 namespace lum {
 

@@ -1,6 +1,5 @@
-#include "scenegraph/drawables/PolyDataNode.h"
-
-#include "errors/InternalError.h"
+#include <vemo/base/InternalError.h>
+#include <vemo/scenegraph/drawables/PolyDataNode.h>
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>

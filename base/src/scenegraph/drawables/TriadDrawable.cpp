@@ -1,4 +1,4 @@
-#include "scenegraph/drawables/TriadDrawable.h"
+#include <vemo/scenegraph/drawables/TriadDrawable.h>
 
 namespace lum {
 

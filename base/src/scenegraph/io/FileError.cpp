@@ -1,4 +1,4 @@
-#include "scenegraph/io/FileError.h"
+#include <vemo/scenegraph/io/FileError.h>
 
 namespace lum::io {
 

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+namespace vemo {
+
 vtkSmartPointer<vtkLookupTable> makeVtkLookupTable(std::span<const std::uint8_t> rgba,
                                                    const Vector<2, double>& range, bool isLog10) {
   vtkNew<vtkUnsignedCharArray> colors;
@@ -26,3 +28,5 @@ void setVtkPlane(vtkPlane& plane, const Vector<3, double>& origin, const Vector<
   plane.SetOrigin(origin.data());
   plane.SetNormal(normal.data());
 }
+
+}  // namespace vemo

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "math/Vector.h"
-#include "vemo_common_export.h"
+#include <vemo/base/Vector.h>
+#include <vemo/common/Export.h>
 
 #include <vtkSmartPointer.h>
 
@@ -11,6 +11,8 @@
 
 class vtkLookupTable;
 class vtkPlane;
+
+namespace vemo {
 
 /// The channels of a colour in VTK's tables: red, green, blue, alpha.
 inline constexpr std::size_t RGBA_CHANNELS = 4;
@@ -24,3 +26,5 @@ VEMO_COMMON_EXPORT vtkSmartPointer<vtkLookupTable> makeVtkLookupTable(std::span<
 /// What the normal points to is kept by who clips with the plane.
 VEMO_COMMON_EXPORT void setVtkPlane(vtkPlane& plane, const Vector<3, double>& origin,
                                     const Vector<3, double>& normal);
+
+}  // namespace vemo

@@ -1,6 +1,8 @@
-#include "vemoview/import/Exception.h"
+#include <vemo/import/Exception.h>
 
 #include <utility>
+
+namespace vemo {
 
 Exception::Exception(std::string message) : _message(std::move(message)) {}
 FutureVersionException::FutureVersionException(std::string message) : Exception(std::move(message)) {}
@@ -47,3 +49,5 @@ std::string Exception::getPlace() const {
   }
   return place;
 }
+
+}  // namespace vemo

@@ -1,19 +1,20 @@
-#include "vemoview/import/SceneConverter.h"
-
-#include "platform/WideStream.h"
-#include "scenegraph/Logger.h"
-#include "scenegraph/NodeRegistry.h"
-#include "scenegraph/SceneNode.h"
-#include "scenegraph/io/NodeInputStream.h"
-#include "scenegraph/io/SDBWriter.h"
-#include "scenegraph/io/SceneGraphReader.h"
-#include "vemoview/import/Gradient.h"
-#include "vemoview/import/MemoryStream.h"
-#include "vemoview/import/Scene.h"
 #include "vemoview/import/SceneFileReader.h"
-#include "vemoview/import/SharedBySiblings.h"
+#include "vemoview/import/archive/MemoryStream.h"
+#include <vemo/base/WideStream.h>
+#include <vemo/import/SceneConverter.h>
+#include <vemo/import/SharedBySiblings.h>
+#include <vemo/import/items/Gradient.h>
+#include <vemo/import/items/Scene.h>
+#include <vemo/scenegraph/Logger.h>
+#include <vemo/scenegraph/NodeRegistry.h>
+#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/io/NodeInputStream.h>
+#include <vemo/scenegraph/io/SDBWriter.h>
+#include <vemo/scenegraph/io/SceneGraphReader.h>
 
 #include <utility>
+
+namespace vemo {
 
 using SceneNodePtr = lum::Ptr<lum::SceneNode>;
 
@@ -173,3 +174,5 @@ bool SceneConverter::write(lum::SceneNode& sceneNode) const {
   writer.close();
   return true;
 }
+
+}  // namespace vemo

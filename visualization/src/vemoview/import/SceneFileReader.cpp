@@ -1,9 +1,9 @@
 #include "vemoview/import/SceneFileReader.h"
 
-#include "errors/InternalError.h"
-#include "scenegraph/Logger.h"
-#include "vemoview/import/Exception.h"
-#include "vemoview/import/QxElement.h"
+#include <vemo/base/InternalError.h>
+#include <vemo/import/Exception.h>
+#include <vemo/import/QxElement.h>
+#include <vemo/scenegraph/Logger.h>
 
 #include <algorithm>
 #include <bit>
@@ -15,6 +15,8 @@
 #include <span>
 #include <type_traits>
 #include <utility>
+
+namespace vemo {
 
 const std::string SceneFileReader::SCENE_ENTRY = "scene.xml";
 const std::string SceneFileReader::LUM_SCENE_ENTRY = "scene.lum";
@@ -282,3 +284,5 @@ void SceneFileReader::addWarning(const std::string& text, const std::string& ent
   VEMO_LOG_WARNING(warning.text << (warning.entry.empty() ? "" : ", entry '" + warning.entry + "'")
                                 << (warning.itemPath.empty() ? "" : ", item " + warning.itemPath));
 }
+
+}  // namespace vemo

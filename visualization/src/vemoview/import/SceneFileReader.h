@@ -1,14 +1,16 @@
 #pragma once
 
-#include "vemo_import_export.h"
-#include "vemoview/import/Array_t.h"
-#include "vemoview/import/ZipFileReader.h"
+#include <vemo/import/Array_t.h>
+#include <vemo/import/Export.h>
+#include <vemo/import/ZipFileReader.h>
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
+
+namespace vemo {
 
 class Error;
 class Exception;
@@ -121,3 +123,5 @@ class VEMO_IMPORT_EXPORT SceneFileReader {
   Place _failure;
   std::vector<SceneWarning> _warnings;
 };
+
+}  // namespace vemo

@@ -1,13 +1,12 @@
-#include "vemoview/import/SceneFormatHandler.h"
-
-#include "platform/Platform.h"
-#include "platform/WidePath.h"
-#include "platform/WideStream.h"
-#include "scenegraph/Logger.h"
-#include "scenegraph/io/CheckFormat.h"
-#include "vemoview/import/SceneConverter.h"
 #include "vemoview/import/SceneFileReader.h"
-#include "vemoview/import/ZipFileReader.h"
+#include <vemo/base/Platform.h>
+#include <vemo/base/WidePath.h>
+#include <vemo/base/WideStream.h>
+#include <vemo/import/SceneConverter.h>
+#include <vemo/import/SceneFormatHandler.h>
+#include <vemo/import/ZipFileReader.h>
+#include <vemo/scenegraph/Logger.h>
+#include <vemo/scenegraph/io/CheckFormat.h>
 
 #include <algorithm>
 #include <array>
@@ -16,6 +15,8 @@
 #include <ostream>
 #include <string_view>
 #include <sys/stat.h>
+
+namespace vemo {
 
 using lum::io::FileIoStatus;
 
@@ -132,3 +133,5 @@ void SceneFormatHandler::clearTemporaryFiles() {
   _filesToDelete.clear();
   Platform::reset();
 }
+
+}  // namespace vemo

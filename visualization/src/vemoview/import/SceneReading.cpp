@@ -1,11 +1,13 @@
 // The part of the SceneFileReader that knows scenes; all else it does without.
 
-#include "errors/InternalError.h"
-#include "scenegraph/Logger.h"
-#include "vemoview/import/Exception.h"
-#include "vemoview/import/QxElement.h"
-#include "vemoview/import/Scene.h"
 #include "vemoview/import/SceneFileReader.h"
+#include <vemo/base/InternalError.h>
+#include <vemo/import/Exception.h>
+#include <vemo/import/QxElement.h>
+#include <vemo/import/items/Scene.h>
+#include <vemo/scenegraph/Logger.h>
+
+namespace vemo {
 
 namespace {
 
@@ -54,3 +56,5 @@ std::unique_ptr<Scene>& SceneFileReader::read(std::unique_ptr<Scene>& result) {
   readPayload(*result, *this);
   return result;
 }
+
+}  // namespace vemo

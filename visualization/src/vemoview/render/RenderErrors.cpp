@@ -1,7 +1,11 @@
-#include "vemoview/render/RenderErrors.h"
+#include <vemo/render/RenderErrors.h>
+
+namespace vemo {
 
 // The destructors stand here so that each class has one type description,
 // which exceptions that cross library borders are recognised by.
 RenderError::~RenderError() = default;
 RenderingUnavailable::~RenderingUnavailable() = default;
 PictureWriteError::~PictureWriteError() = default;
+
+}  // namespace vemo

@@ -1,14 +1,15 @@
-#include "vemoview/render/ScenePicture.h"
-
-#include "errors/InternalError.h"
-#include "vemoview/render/CurrentContextKeeper.h"
-#include "vemoview/render/EglRenderWindow.h"
-#include "vemoview/render/RenderErrors.h"
-#include "vemoview/render/SceneRenderer.h"
-#include "vemoview/render/VtkMessages.h"
+#include "vemoview/render/context/CurrentContextKeeper.h"
+#include "vemoview/render/context/EglRenderWindow.h"
+#include "vemoview/render/context/VtkMessages.h"
+#include <vemo/base/InternalError.h>
+#include <vemo/render/RenderErrors.h>
+#include <vemo/render/ScenePicture.h>
+#include <vemo/render/SceneRenderer.h>
 
 #include <algorithm>
 #include <string>
+
+namespace vemo {
 
 namespace {
 
@@ -60,3 +61,5 @@ Picture renderPicture(const lum::SceneNode& scene, const RenderOptions& options)
   window->Render();
   return Picture::of(*window).shrunk(enlargement);
 }
+
+}  // namespace vemo

@@ -1,9 +1,8 @@
-#include "vemoview/render/SceneRenderer.h"
-
-#include "scenegraph/SceneNode.h"
-#include "vemoview/render/Background.h"
-#include "vemoview/render/CanvasLayer.h"
-#include "vemoview/render/Highlight.h"
+#include "vemoview/render/draw/Background.h"
+#include "vemoview/render/draw/CanvasLayer.h"
+#include "vemoview/render/draw/Highlight.h"
+#include <vemo/render/SceneRenderer.h>
+#include <vemo/scenegraph/SceneNode.h>
 
 #include <vtkActor.h>
 #include <vtkActorCollection.h>
@@ -14,6 +13,8 @@
 #include <vtkRenderer.h>
 
 #include <algorithm>
+
+namespace vemo {
 
 namespace {
 
@@ -44,7 +45,7 @@ bool showsFineShapes(vtkActor& actor) {
 
 }  // namespace
 
-SceneRenderer::SceneRenderer(const lum::SceneNode& scene) {
+SceneRenderer::SceneRenderer(const lum::SceneNode& scene) : _cameras(std::make_unique<CameraBook>()) {
   addBackground(scene.hasBackgroundCanvas());
   addLayer(scene.hasBackgroundCanvas());
   _model = addLayer(scene.hasModelCanvas());
@@ -77,7 +78,7 @@ CanvasLayer* SceneRenderer::addLayer(const lum::SceneCanvas* canvas) {
   if (canvas == nullptr || canvas->hasDrawableCollection() == nullptr) {
     return nullptr;
   }
-  auto layer = CanvasLayer::make(*canvas, _cameras);
+  auto layer = CanvasLayer::make(*canvas, *_cameras);
   if (layer == nullptr) {
     return nullptr;
   }
@@ -196,3 +197,5 @@ void SceneRenderer::frameModel() {
     _model->getRenderer().ResetCamera();
   }
 }
+
+}  // namespace vemo

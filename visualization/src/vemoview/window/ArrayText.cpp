@@ -11,6 +11,8 @@
 #include <fmt/format.h>
 #include <string>
 
+namespace vemo {
+
 namespace {
 
 /// GetFiniteRange takes it for the length of the tuples.
@@ -80,3 +82,5 @@ QString nameOf(vtkDataArray& array) {
   const char* const name = array.GetName();
   return name == nullptr || *name == '\0' ? QString("(no name)") : toText(name);
 }
+
+}  // namespace vemo

@@ -6,6 +6,8 @@
 
 class vtkDataArray;
 
+namespace vemo {
+
 // What data arrays hold, in words.
 
 /// The values of one tuple, with as many digits as it takes to tell them from
@@ -22,3 +24,5 @@ QString rangeText(vtkDataArray& array, int component);
 
 /// The array's name, made fit to be shown.
 QString nameOf(vtkDataArray& array);
+
+}  // namespace vemo

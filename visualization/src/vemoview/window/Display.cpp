@@ -1,6 +1,6 @@
 #include "vemoview/window/Display.h"
 
-#include "vemoview/render/RenderErrors.h"
+#include <vemo/render/RenderErrors.h>
 
 #include <QByteArray>
 #include <QOffscreenSurface>
@@ -8,6 +8,8 @@
 #include <QSurfaceFormat>
 #include <string>
 #include <xcb/xcb.h>
+
+namespace vemo {
 
 namespace {
 
@@ -52,3 +54,5 @@ void requireOpenGl() {
                                "." + std::to_string(wanted.second) + " is needed");
   }
 }
+
+}  // namespace vemo

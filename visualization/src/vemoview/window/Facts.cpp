@@ -1,12 +1,12 @@
 #include "vemoview/window/Facts.h"
 
-#include "scenegraph/attributes/ScalarAttributes.h"
-#include "scenegraph/drawables/Drawable.h"
-#include "scenegraph/drawables/PolyDataNode.h"
-#include "vemoview/render/Pick.h"
 #include "vemoview/window/ArrayText.h"
 #include "vemoview/window/GeometryCounts.h"
 #include "vemoview/window/ItemText.h"
+#include <vemo/render/Pick.h>
+#include <vemo/scenegraph/attributes/ScalarAttributes.h>
+#include <vemo/scenegraph/drawables/Drawable.h>
+#include <vemo/scenegraph/drawables/PolyDataNode.h>
 
 #include <vtkDataArray.h>
 #include <vtkSmartPointer.h>
@@ -14,6 +14,8 @@
 #include <fmt/format.h>
 #include <functional>
 #include <string>
+
+namespace vemo {
 
 namespace {
 
@@ -128,3 +130,5 @@ std::vector<FactGroup> describePick(const ItemTree& items, const Pick& pick) {
                     })});
   return withoutEmptyOnes(std::move(groups));
 }
+
+}  // namespace vemo

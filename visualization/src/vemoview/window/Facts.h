@@ -5,6 +5,8 @@
 #include <QString>
 #include <vector>
 
+namespace vemo {
+
 struct Pick;
 
 /// Something to be read of an item or a place of it.
@@ -24,3 +26,5 @@ std::vector<FactGroup> describeItem(const ItemTree& items, int item);
 
 /// Where a picked place lies, and the values of all data arrays there.
 std::vector<FactGroup> describePick(const ItemTree& items, const Pick& pick);
+
+}  // namespace vemo

@@ -1,10 +1,12 @@
 #include "vemoview/window/GeometryCounts.h"
 
-#include "scenegraph/drawables/Drawable.h"
-#include "scenegraph/drawables/PolyDataNode.h"
+#include <vemo/scenegraph/drawables/Drawable.h>
+#include <vemo/scenegraph/drawables/PolyDataNode.h>
 
 #include <vtkCellArray.h>
 #include <vtkDataArray.h>
+
+namespace vemo {
 
 namespace {
 
@@ -27,3 +29,5 @@ GeometryCounts countGeometry(const lum::Drawable& drawable) {
   }
   return counts;
 }
+
+}  // namespace vemo

@@ -6,6 +6,8 @@ namespace lum {
 class Drawable;
 }
 
+namespace vemo {
+
 /// How much geometry a drawable draws itself, all of its poly data together.
 struct GeometryCounts {
   std::int64_t points = 0;
@@ -18,3 +20,5 @@ struct GeometryCounts {
 };
 
 GeometryCounts countGeometry(const lum::Drawable& drawable);
+
+}  // namespace vemo

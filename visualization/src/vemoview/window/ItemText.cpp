@@ -1,9 +1,11 @@
 #include "vemoview/window/ItemText.h"
 
-#include "scenegraph/drawables/Drawable.h"
+#include <vemo/scenegraph/drawables/Drawable.h>
 
 #include <QLocale>
 #include <utility>
+
+namespace vemo {
 
 QString toText(std::string_view text) {
   QString result = QString::fromUtf8(text.data(), static_cast<int>(text.size()));
@@ -42,3 +44,5 @@ QString pathOf(const ItemTree& items, int item) {
 QString countText(std::int64_t count) {
   return QLocale(QLocale::English).toString(static_cast<qlonglong>(count));
 }
+
+}  // namespace vemo

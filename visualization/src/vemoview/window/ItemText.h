@@ -10,6 +10,8 @@ namespace lum {
 class Drawable;
 }
 
+namespace vemo {
+
 // How items are called in the window.
 
 /// A text of the scene for one line: what is no UTF-8, or no character that is
@@ -27,3 +29,5 @@ QString pathOf(const ItemTree& items, int item);
 
 /// A count with its thousands apart: 1,234,567.
 QString countText(std::int64_t count);
+
+}  // namespace vemo

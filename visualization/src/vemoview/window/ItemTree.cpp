@@ -1,9 +1,11 @@
 #include "vemoview/window/ItemTree.h"
 
-#include "scenegraph/SceneNode.h"
-#include "scenegraph/drawables/Drawable.h"
+#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/drawables/Drawable.h>
 
 #include <cstddef>
+
+namespace vemo {
 
 namespace {
 
@@ -164,3 +166,5 @@ void ItemTree::showAll() {
     setVisible(item, true);
   }
 }
+
+}  // namespace vemo

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vemo_window_export.h"
+#include <vemo/window/Export.h>
 
 #include <string>
 #include <unordered_map>
@@ -11,6 +11,8 @@ class Drawable;
 class SceneCanvas;
 class SceneNode;
 }  // namespace lum
+
+namespace vemo {
 
 /// What a scene consists of, as a user sees it: numbered items, each either a
 /// canvas, or a drawable in another item. A drawable that only gives a name to
@@ -68,3 +70,5 @@ class ItemTree {
   std::vector<Item> _items;
   std::unordered_map<const lum::Drawable*, int> _numbers;
 };
+
+}  // namespace vemo

@@ -1,12 +1,14 @@
 #include "vemoview/window/ItemTreeModel.h"
 
-#include "scenegraph/drawables/Drawable.h"
 #include "vemoview/window/GeometryCounts.h"
 #include "vemoview/window/ItemText.h"
+#include <vemo/scenegraph/drawables/Drawable.h>
 
 #include <QApplication>
 #include <QPalette>
 #include <utility>
+
+namespace vemo {
 
 namespace {
 
@@ -126,3 +128,5 @@ bool ItemTreeModel::setData(const QModelIndex& index, const QVariant& value, int
   _whenToggled();
   return true;
 }
+
+}  // namespace vemo

@@ -5,6 +5,8 @@
 #include <QAbstractItemModel>
 #include <functional>
 
+namespace vemo {
+
 /// An ItemTree for Qt's views: a row for each item, whose check box says whether
 /// the item itself is visible.
 class ItemTreeModel final : public QAbstractItemModel {
@@ -39,3 +41,5 @@ class ItemTreeModel final : public QAbstractItemModel {
   ItemTree& _items;
   std::function<void()> _whenToggled;
 };
+
+}  // namespace vemo

@@ -13,6 +13,8 @@
 #include <QVBoxLayout>
 #include <utility>
 
+namespace vemo {
+
 namespace {
 
 /// So many rows are listed at a time without being asked for.
@@ -174,3 +176,5 @@ void ItemsPanel::showAll() {
   _items.showAll();
   announceVisibility();
 }
+
+}  // namespace vemo

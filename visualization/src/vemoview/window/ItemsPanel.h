@@ -6,11 +6,14 @@
 #include <functional>
 #include <vector>
 
-class ItemTreeModel;
 class QLineEdit;
 class QPushButton;
 class QSortFilterProxyModel;
 class QTreeView;
+
+namespace vemo {
+
+class ItemTreeModel;
 
 /// Lists the items with a check box for each one's visibility, and finds, shows
 /// and hides them by name.
@@ -59,3 +62,5 @@ class ItemsPanel final : public QWidget {
   QPushButton* _hide;
   bool _isQuiet = false;
 };
+
+}  // namespace vemo

@@ -1,6 +1,6 @@
 #include "vemoview/window/SceneView.h"
 
-#include "vemoview/render/Pick.h"
+#include <vemo/render/Pick.h>
 
 #include <vtkGenericOpenGLRenderWindow.h>
 #include <vtkInteractorStyleTrackballCamera.h>
@@ -10,6 +10,8 @@
 #include <QMouseEvent>
 #include <QSurfaceFormat>
 #include <utility>
+
+namespace vemo {
 
 namespace {
 
@@ -122,3 +124,5 @@ bool SceneView::event(QEvent* event) {
       return QVTKOpenGLNativeWidget::event(event);
   }
 }
+
+}  // namespace vemo

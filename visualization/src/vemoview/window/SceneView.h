@@ -1,9 +1,9 @@
 #pragma once
 
-#include "math/Vector.h"
-#include "vemo_window_export.h"
-#include "vemoview/render/Picture.h"
-#include "vemoview/render/SceneRenderer.h"
+#include <vemo/base/Vector.h>
+#include <vemo/render/Picture.h>
+#include <vemo/render/SceneRenderer.h>
+#include <vemo/window/Export.h>
 
 #include <QPoint>
 #include <QVTKOpenGLNativeWidget.h>
@@ -14,6 +14,8 @@ namespace lum {
 class Drawable;
 class SceneNode;
 }  // namespace lum
+
+namespace vemo {
 
 struct Pick;
 
@@ -62,3 +64,5 @@ class VEMO_WINDOW_EXPORT SceneView final : public QVTKOpenGLNativeWidget {
   /// Where the left button was pressed, until the mouse is dragged from there.
   std::optional<QPoint> _pressed;
 };
+
+}  // namespace vemo

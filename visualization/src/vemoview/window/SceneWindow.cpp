@@ -1,13 +1,13 @@
 #include "vemoview/window/SceneWindow.h"
 
-#include "scenegraph/SceneNode.h"
-#include "vemoview/render/Pick.h"
-#include "vemoview/render/RenderErrors.h"
 #include "vemoview/window/Facts.h"
 #include "vemoview/window/ItemText.h"
 #include "vemoview/window/ItemsPanel.h"
 #include "vemoview/window/SceneView.h"
 #include "vemoview/window/ValuesPanel.h"
+#include <vemo/render/Pick.h>
+#include <vemo/render/RenderErrors.h>
+#include <vemo/scenegraph/SceneNode.h>
 
 #include <QAction>
 #include <QDockWidget>
@@ -23,6 +23,8 @@
 #include <QStatusBar>
 #include <QToolBar>
 #include <algorithm>
+
+namespace vemo {
 
 namespace {
 
@@ -214,3 +216,5 @@ void SceneWindow::showHelp() {
   box.setTextFormat(Qt::RichText);
   box.exec();
 }
+
+}  // namespace vemo

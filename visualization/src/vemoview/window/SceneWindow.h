@@ -1,22 +1,24 @@
 #pragma once
 
-#include "vemo_window_export.h"
 #include "vemoview/window/ItemTree.h"
+#include <vemo/window/Export.h>
 
 #include <QMainWindow>
 #include <functional>
 #include <memory>
 #include <optional>
 
-class ItemsPanel;
 class QAction;
-class SceneView;
-class ValuesPanel;
-struct Pick;
-
 namespace lum {
 class SceneNode;
 }
+
+namespace vemo {
+
+class ItemsPanel;
+class SceneView;
+class ValuesPanel;
+struct Pick;
 
 /// A window on a scene: the picture, the list of items, the values of what is
 /// picked, and the commands for them.
@@ -53,3 +55,5 @@ class VEMO_WINDOW_EXPORT SceneWindow final : public QMainWindow {
   std::unique_ptr<ItemsPanel> _list;
   std::unique_ptr<ValuesPanel> _values;
 };
+
+}  // namespace vemo

@@ -1,12 +1,13 @@
-#include "vemoview/window/ShowSceneWindow.h"
-
 #include "vemoview/window/Display.h"
 #include "vemoview/window/SceneView.h"
 #include "vemoview/window/SceneWindow.h"
+#include <vemo/window/ShowSceneWindow.h>
 
 #include <QApplication>
 #include <clocale>
 #include <exception>
+
+namespace vemo {
 
 namespace {
 
@@ -55,3 +56,5 @@ void showSceneWindow(lum::SceneNode& scene, const char* title) {
   window.show();
   application.run();
 }
+
+}  // namespace vemo

@@ -6,6 +6,8 @@
 #include <QHeaderView>
 #include <QStringList>
 
+namespace vemo {
+
 namespace {
 
 enum Column { NAME, VALUE };
@@ -78,3 +80,5 @@ void ValuesPanel::copySelection() const {
     QApplication::clipboard()->setText(lines.join('\n'));
   }
 }
+
+}  // namespace vemo

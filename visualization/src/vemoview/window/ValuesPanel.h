@@ -5,6 +5,8 @@
 #include <QTreeWidget>
 #include <vector>
 
+namespace vemo {
+
 /// A table of names and values in groups. The selected rows can be copied.
 class ValuesPanel final : public QTreeWidget {
  public:
@@ -17,3 +19,5 @@ class ValuesPanel final : public QTreeWidget {
  private:
   void copySelection() const;
 };
+
+}  // namespace vemo

@@ -1,0 +1,133 @@
+#include "geometry/Connectivity.h"
+
+#include <vemo/base/InternalError.h>
+
+#include <vtkCellArray.h>
+#include <vtkFloatArray.h>
+#include <vtkNew.h>
+#include <vtkTypeInt32Array.h>
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <utility>
+
+namespace vemo::geometry {
+namespace {
+
+/// What a pass over a list leaves behind.
+struct Compaction {
+  std::size_t kept = 0;     ///< indices of the kept cells, at the list's front
+  std::size_t offsets = 1;  ///< offsets written: one more than the kept cells
+  std::vector<std::int32_t> dropped;
+  std::optional<std::int32_t> indexOutside;
+};
+
+/// Moves the indices of the cells to the front of the list, and checks them.
+/// In place, since each cell's count is read and not written: the place written
+/// to never overtakes the place read from.
+/// @param list one that `countCells` has accepted
+/// @param offsets room for one more than the cells
+Compaction compact(std::span<std::int32_t> list, int fewest, vtkIdType pointCount,
+                   std::span<std::int32_t> offsets) {
+  Compaction result;
+  offsets[0] = 0;
+  std::int32_t cell = 0;
+  for (std::size_t i = 0; i < list.size(); ++cell) {
+    const auto size = static_cast<std::size_t>(list[i++]);
+    const auto indices = list.subspan(i, size);
+    i += size;
+    if (std::cmp_less(size, fewest)) {
+      result.dropped.push_back(cell);
+      continue;
+    }
+    for (const std::int32_t index : indices) {
+      if (index < 0 || index >= pointCount) {
+        result.indexOutside = index;
+        return result;
+      }
+      list[result.kept++] = index;
+    }
+    offsets[result.offsets++] = static_cast<std::int32_t>(result.kept);
+  }
+  return result;
+}
+
+}  // namespace
+
+int fewestPoints(CellKind kind) {
+  constexpr std::array FEWEST = {1, 2, 3, 3};
+  return FEWEST.at(static_cast<std::size_t>(kind));
+}
+
+int countCells(std::span<const std::int32_t> list) {
+  int count = 0;
+  std::size_t i = 0;
+  // A negative count would send the walk back; it ends here, short of the end.
+  while (i < list.size() && list[i] >= 0) {
+    i += static_cast<std::size_t>(list[i]) + 1;
+    ++count;
+  }
+  if (i != list.size()) {
+    throw InternalError("Internal Error:  GeometryItem.countItemsInList():  i must be equal to list.size",
+                        "i == list.size", __FILE__, __LINE__);
+  }
+  return count;
+}
+
+ImportedCells importCells(EntryBlock block, std::int32_t size, CellKind kind, vtkIdType pointCount) {
+  VEMO_REQUIRE(size >= 0, "a list cannot have fewer than no integers");
+  const std::span list(reinterpret_cast<std::int32_t*>(block.get()), static_cast<std::size_t>(size));
+  ImportedCells result;
+  // Counted in a pass of its own: the offsets get their exact size, and a list
+  // with several faults always shows the same one.
+  result.listed = countCells(list);
+
+  vtkNew<vtkTypeInt32Array> offsets;
+  offsets->SetNumberOfValues(vtkIdType{result.listed} + 1);
+  Compaction compaction =
+      compact(list, fewestPoints(kind), pointCount,
+              {offsets->GetPointer(0), static_cast<std::size_t>(offsets->GetNumberOfValues())});
+  result.dropped = std::move(compaction.dropped);
+  result.indexOutside = compaction.indexOutside;
+  if (result.indexOutside) {
+    return result;
+  }
+  offsets->SetNumberOfValues(static_cast<vtkIdType>(compaction.offsets));
+
+  vtkNew<vtkTypeInt32Array> connectivity;
+  adoptBlock(*connectivity, std::move(block), static_cast<vtkIdType>(compaction.kept));
+  result.cells = vtkSmartPointer<vtkCellArray>::New();
+  result.cells->SetData(offsets, connectivity);
+  return result;
+}
+
+std::vector<vtkIdType> droppedRows(std::span<const std::reference_wrapper<const ImportedCells>> lists) {
+  std::vector<vtkIdType> rows;
+  vtkIdType first = 0;
+  for (const ImportedCells& list : lists) {
+    for (const std::int32_t ordinal : list.dropped) {
+      rows.push_back(first + ordinal);
+    }
+    first += list.listed;
+  }
+  return rows;
+}
+
+void removeRows(vtkFloatArray& array, std::span<const vtkIdType> rows) {
+  const vtkIdType components = array.GetNumberOfComponents();
+  float* const values = array.GetPointer(0);
+  float* kept = values;
+  vtkIdType next = 0;
+  const auto keepUpTo = [&](vtkIdType row) {
+    kept = std::copy(values + next * components, values + row * components, kept);
+    next = row + 1;
+  };
+  for (const vtkIdType row : rows) {
+    keepUpTo(row);
+  }
+  keepUpTo(array.GetNumberOfTuples());
+  array.SetNumberOfTuples((kept - values) / components);
+}
+
+}  // namespace vemo::geometry

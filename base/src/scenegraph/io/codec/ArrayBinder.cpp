@@ -1,0 +1,177 @@
+#include "scenegraph/io/codec/ArrayBinder.h"
+
+#include "scenegraph/ArrayType.h"
+#include "scenegraph/inspect/NodePlace.h"
+#include "scenegraph/io/codec/FieldKind.h"
+
+#include <vtkCellArray.h>
+#include <vtkTypeInt32Array.h>
+#include <vtkTypeInt64Array.h>
+
+#include <algorithm>
+
+namespace lum::io {
+
+namespace {
+
+/// The cell array over offsets and connectivity; null when they are not what
+/// cell arrays hold.
+vtkSmartPointer<vtkCellArray> makeCells(vtkDataArray& offsets, vtkDataArray& connectivity) {
+  if (offsets.GetNumberOfComponents() != 1 || connectivity.GetNumberOfComponents() != 1) {
+    return nullptr;
+  }
+  auto cells = vtkSmartPointer<vtkCellArray>::New();
+  const auto take = [&]<class Array>(Array* first) {
+    auto* second = dynamic_cast<Array*>(&connectivity);
+    if (first == nullptr || second == nullptr) {
+      return false;
+    }
+    cells->SetData(first, second);
+    return true;
+  };
+  const bool taken =
+      take(dynamic_cast<vtkTypeInt32Array*>(&offsets)) || take(dynamic_cast<vtkTypeInt64Array*>(&offsets));
+  return taken ? cells : nullptr;
+}
+
+}  // namespace
+
+void ArrayBinder::clear(const Field& field) {
+  if (const auto* array = std::get_if<vtkSmartPointer<vtkDataArray>*>(&field.value)) {
+    **array = nullptr;
+  } else if (const auto* cells = std::get_if<vtkSmartPointer<vtkCellArray>*>(&field.value)) {
+    **cells = nullptr;
+  } else if (const auto* table = std::get_if<ArrayTable*>(&field.value)) {
+    (*table)->clear();
+  }
+}
+
+void ArrayBinder::clearAll(const FieldList& fields) {
+  for (const Field& field : fields) {
+    clear(field);
+  }
+}
+
+void ArrayBinder::expectFor(Node& node, bool isNew) {
+  const auto number = static_cast<std::uint32_t>(_waiting.size());
+  if (isNew) {
+    // Of a former node at this address, which is gone.
+    _latest.erase(&node);
+  } else {
+    _latest[&node] = number;
+  }
+  _waiting.push_back({Ptr<Node>(&node), _uses.size(), 0, 0});
+}
+
+void ArrayBinder::expect(std::size_t place, std::size_t chunk) {
+  Waiting& waiting = _waiting.back();
+  _uses.push_back({static_cast<std::uint32_t>(chunk), static_cast<std::uint32_t>(place),
+                   static_cast<std::uint32_t>(_waiting.size() - 1)});
+  ++waiting.useCount;
+  waiting.missing += has(chunk) ? 0 : 1;
+}
+
+void ArrayBinder::sortUses() {
+  if (_byChunk.size() == _uses.size()) {
+    return;
+  }
+  for (auto i = static_cast<std::uint32_t>(_byChunk.size()); i < _uses.size(); ++i) {
+    _byChunk.push_back(i);
+  }
+  const auto chunkOf = [this](std::uint32_t use) { return _uses[use].chunk; };
+  if (!std::ranges::is_sorted(_byChunk, {}, chunkOf)) {
+    std::ranges::stable_sort(_byChunk, {}, chunkOf);
+  }
+}
+
+std::vector<std::uint32_t>::const_iterator ArrayBinder::findUses(std::size_t chunk) {
+  sortUses();
+  return std::ranges::lower_bound(_byChunk, chunk, {},
+                                  [this](std::uint32_t use) { return std::size_t{_uses[use].chunk}; });
+}
+
+std::vector<std::size_t> ArrayBinder::getExpected() {
+  sortUses();
+  std::vector<std::size_t> chunks;
+  for (const std::uint32_t use : _byChunk) {
+    if (chunks.empty() || chunks.back() != _uses[use].chunk) {
+      chunks.push_back(_uses[use].chunk);
+    }
+  }
+  return chunks;
+}
+
+std::string ArrayBinder::provide(std::size_t chunk, vtkDataArray& array) {
+  _pages.resize(std::max(_pages.size(), chunk / PAGE_SIZE + 1));
+  auto& page = _pages[chunk / PAGE_SIZE];
+  page.resize(PAGE_SIZE);
+  page[chunk % PAGE_SIZE] = &array;
+  std::string fault;
+  for (auto use = findUses(chunk); use != _byChunk.end() && _uses[*use].chunk == chunk; ++use) {
+    const std::uint32_t waiting = _uses[*use].waiting;
+    if (--_waiting[waiting].missing == 0) {
+      const std::string found = complete(waiting);
+      fault = fault.empty() ? found : fault;
+    }
+  }
+  return fault;
+}
+
+std::string ArrayBinder::provideKnown() {
+  std::string fault;
+  for (; _firstUnknown < _waiting.size(); ++_firstUnknown) {
+    if (_waiting[_firstUnknown].missing == 0) {
+      const std::string found = complete(static_cast<std::uint32_t>(_firstUnknown));
+      fault = fault.empty() ? found : fault;
+    }
+  }
+  return fault;
+}
+
+std::string ArrayBinder::complete(std::uint32_t number) {
+  Waiting& waiting = _waiting[number];
+  const Ptr<Node> node = std::move(waiting.node);
+  if (!node) {
+    return {};
+  }
+  const auto latest = _latest.find(node.get());
+  if (latest != _latest.end() && latest->second != number) {
+    return {};
+  }
+  FieldList fields;
+  node->listFields(fields);
+  // A node that changed has its former arrays until now.
+  clearAll(fields);
+  std::string fault = putArrays(waiting, fields);
+  if (fault.empty()) {
+    fault = _check.findFault(*node);
+  }
+  if (fault.empty()) {
+    return {};
+  }
+  clearAll(fields);
+  return describePlace(*node) + ": " + fault;
+}
+
+std::string ArrayBinder::putArrays(const Waiting& waiting, FieldList& fields) {
+  const auto end = _uses.begin() + static_cast<std::ptrdiff_t>(waiting.firstUse + waiting.useCount);
+  for (auto use = end - static_cast<std::ptrdiff_t>(waiting.useCount); use != end; ++use) {
+    vtkDataArray& array = getArray(use->chunk);
+    const Field& field = fields[use->place];
+    if (const auto* single = std::get_if<vtkSmartPointer<vtkDataArray>*>(&field.value)) {
+      **single = &array;
+    } else if (const auto* table = std::get_if<ArrayTable*>(&field.value)) {
+      (*table)->emplace_back(&array);
+    } else {
+      ++use;
+      auto cells = makeCells(array, getArray(use->chunk));
+      if (!cells) {
+        return std::string(field.name) + ": offsets and connectivity are not integers of one type";
+      }
+      *std::get<vtkSmartPointer<vtkCellArray>*>(field.value) = cells;
+    }
+  }
+  return {};
+}
+
+}  // namespace lum::io

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "scenegraph/io/codec/PolyDataCheck.h"
+#include <vemo/scenegraph/Node.h>
+#include <vemo/scenegraph/Ptr.h>
+
+#include <vtkDataArray.h>
+#include <vtkSmartPointer.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace lum::io {
+
+/// Gives decoded nodes their arrays, each node when the last of its arrays is
+/// there. Nodes whose arrays do not fit each other stay without.
+class ArrayBinder {
+ public:
+  /// Takes the arrays out of a field; other fields stay as they are.
+  static void clear(const Field& field);
+
+  /// A node waits for these chunks from now on, and for no others: its field at
+  /// a place takes a chunk, or several, in the order in which they are told.
+  void expectFor(Node& node, bool isNew);
+  void expect(std::size_t place, std::size_t chunk);
+
+  /// The chunks that any node has waited for, in ascending order.
+  std::vector<std::size_t> getExpected();
+  bool has(std::size_t chunk) const {
+    const std::size_t page = chunk / PAGE_SIZE;
+    return page < _pages.size() && !_pages[page].empty() && _pages[page][chunk % PAGE_SIZE];
+  }
+
+  /// Takes an array. What is wrong with the first of the nodes that are
+  /// complete now; empty when nothing is.
+  std::string provide(std::size_t chunk, vtkDataArray& array);
+
+  /// Completes nodes that use only arrays that were there before them.
+  std::string provideKnown();
+
+ private:
+  struct Use {
+    std::uint32_t chunk;
+    std::uint32_t place;
+    std::uint32_t waiting;
+  };
+  struct Waiting {
+    Ptr<Node> node;
+    std::size_t firstUse;
+    std::size_t useCount;
+    std::size_t missing;
+  };
+
+  static constexpr std::size_t PAGE_SIZE = 256;
+
+  vtkDataArray& getArray(std::size_t chunk) const { return *_pages[chunk / PAGE_SIZE][chunk % PAGE_SIZE]; }
+  static void clearAll(const FieldList& fields);
+  void sortUses();
+  /// The first of a chunk's uses, if it has any.
+  std::vector<std::uint32_t>::const_iterator findUses(std::size_t chunk);
+  std::string complete(std::uint32_t waiting);
+  std::string putArrays(const Waiting& waiting, FieldList& fields);
+
+  // Arrays by their chunks; a page is empty until one of its chunks is there: a
+  // record may use few of a great many.
+  std::vector<std::vector<vtkSmartPointer<vtkDataArray>>> _pages;
+  std::vector<Use> _uses;
+  // Numbers of uses, in the order of their chunks.
+  std::vector<std::uint32_t> _byChunk;
+  std::vector<Waiting> _waiting;
+  std::size_t _firstUnknown = 0;
+  // Of nodes that changed: the last time that they began to wait.
+  std::unordered_map<const Node*, std::uint32_t> _latest;
+  PolyDataCheck _check;
+};
+
+}  // namespace lum::io

@@ -1,0 +1,91 @@
+#include "scenegraph/io/codec/ChunkIO.h"
+
+#include <vemo/scenegraph/io/FileError.h>
+
+#include <vtkDataArray.h>
+
+#include <algorithm>
+#include <fmt/format.h>
+#include <memory>
+#include <xxhash.h>
+
+namespace lum::io {
+
+namespace {
+
+/// Hashed while it is still in the processor's cache.
+constexpr std::uint64_t BLOCK_SIZE = 1 << 20;
+
+class Hash {
+ public:
+  Hash() : _state(XXH3_createState()) { XXH3_64bits_reset(_state.get()); }
+
+  void add(const void* data, std::size_t size) { XXH3_64bits_update(_state.get(), data, size); }
+
+  void check(const ChunkRow& row) const {
+    const std::uint64_t found = XXH3_64bits_digest(_state.get());
+    if (found != row.hash) {
+      throw FileError(
+          FileIoStatus::ReadError,
+          fmt::format("its bytes are damaged (their hash is {:016x}, not {:016x})", found, row.hash));
+    }
+  }
+
+ private:
+  struct Free {
+    void operator()(XXH3_state_t* state) const { XXH3_freeState(state); }
+  };
+  std::unique_ptr<XXH3_state_t, Free> _state;
+};
+
+void requireBytes(const InputSource& source, const ChunkRow& row) {
+  if (row.bytes() > source.getLeft()) {
+    throw FileError(FileIoStatus::ReadError,
+                    fmt::format("{} bytes needed, {} left", row.bytes(), source.getLeft()));
+  }
+}
+
+}  // namespace
+
+std::uint64_t hashOf(std::string_view bytes) {
+  return XXH3_64bits(bytes.data(), bytes.size());
+}
+
+std::string_view bytesOf(vtkDataArray& array) {
+  const auto size =
+      static_cast<std::size_t>(array.GetNumberOfValues()) * static_cast<std::size_t>(array.GetDataTypeSize());
+  return size == 0 ? std::string_view()
+                   : std::string_view(static_cast<const char*>(array.GetVoidPointer(0)), size);
+}
+
+vtkSmartPointer<vtkDataArray> readArray(InputSource& source, const ChunkRow& row) {
+  requireBytes(source, row);
+  auto array = makeArray(row.type);
+  array->SetNumberOfComponents(static_cast<int>(row.components));
+  array->SetNumberOfTuples(static_cast<vtkIdType>(row.tuples));
+  auto* bytes = static_cast<char*>(array->GetVoidPointer(0));
+  Hash hash;
+  for (std::uint64_t done = 0; done < row.bytes();) {
+    const std::size_t size = std::min(BLOCK_SIZE, row.bytes() - done);
+    source.read(bytes + done, size);
+    hash.add(bytes + done, size);
+    done += size;
+  }
+  hash.check(row);
+  return array;
+}
+
+void checkArray(InputSource& source, const ChunkRow& row) {
+  requireBytes(source, row);
+  std::string block(std::min(BLOCK_SIZE, row.bytes()), '\0');
+  Hash hash;
+  for (std::uint64_t done = 0; done < row.bytes();) {
+    const std::size_t size = std::min<std::uint64_t>(block.size(), row.bytes() - done);
+    source.read(block.data(), size);
+    hash.add(block.data(), size);
+    done += size;
+  }
+  hash.check(row);
+}
+
+}  // namespace lum::io

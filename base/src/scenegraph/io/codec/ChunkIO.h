@@ -1,0 +1,30 @@
+#pragma once
+
+#include "scenegraph/io/codec/ChunkRow.h"
+#include "scenegraph/io/database/InputSource.h"
+
+#include <vtkSmartPointer.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+class vtkDataArray;
+
+namespace lum::io {
+
+/// XXH3 64.
+std::uint64_t hashOf(std::string_view bytes);
+
+/// The bytes of an array where they lie.
+std::string_view bytesOf(vtkDataArray& array);
+
+/// Reads the bytes at the source's position straight into a new array. Throws
+/// FileError (ReadError) when there are too few, or they have another hash.
+vtkSmartPointer<vtkDataArray> readArray(InputSource& source, const ChunkRow& row);
+
+/// Reads them and checks their hash only.
+void checkArray(InputSource& source, const ChunkRow& row);
+
+}  // namespace lum::io

@@ -1,0 +1,331 @@
+#include "scenegraph/io/codec/GraphDecoder.h"
+
+#include "scenegraph/inspect/NodePlace.h"
+#include "scenegraph/io/codec/GraphFormat.h"
+#include "scenegraph/io/codec/ValueReader.h"
+#include <vemo/scenegraph/CollectionNode.h>
+#include <vemo/scenegraph/NodeFactory.h>
+#include <vemo/scenegraph/Owned.h>
+#include <vemo/scenegraph/io/FileError.h>
+
+#include <fmt/format.h>
+#include <utility>
+
+namespace lum::io {
+
+namespace {
+
+[[noreturn]] void fail(const std::string& text) {
+  throw FileError(FileIoStatus::ReadError, text);
+}
+
+bool isPresent(std::string_view presence, std::size_t bit) {
+  return (static_cast<unsigned char>(presence[bit / 8]) >> bit % 8 & 1) != 0;
+}
+
+}  // namespace
+
+GraphDecoder::GraphDecoder(const TableReader& tables, ArrayBinder& binder, int sessionId)
+    : _tables(tables), _binder(binder), _sessionId(sessionId) {}
+
+void GraphDecoder::setKnown(const KnownNodes& known) {
+  _known = &known;
+  _knownCount = known.size();
+}
+
+Ptr<Node> GraphDecoder::decode(std::string_view bytes) {
+  ByteReader graph(bytes);
+  const std::size_t count = graph.count("nodes", MINIMUM_NODE_BYTES);
+  readChanged(graph);
+  for (std::size_t i = 0; i < count; ++i) {
+    try {
+      readNode(graph, i == 0);
+    } catch (const FileError& error) {
+      throw FileError(error.getStatus(), fmt::format("Node {} of {}: {}", i + 1, count, error.what()));
+    }
+  }
+  if (!_changed.empty()) {
+    fail(fmt::format("Nothing is said of node {}, which changed", *_changed.begin()));
+  }
+  if (!_root) {
+    fail("A graph has no root");
+  }
+  readReferences(graph);
+  if (_knownCount > 0) {
+    checkDepth();
+  }
+  return _root;
+}
+
+// What they own is told anew: it may come back in another place, and in any
+// order.
+void GraphDecoder::readChanged(ByteReader& in) {
+  for (std::size_t count = in.count("changed nodes", 1); count > 0; --count) {
+    const std::size_t number = in.index("changed node", _knownCount);
+    _changed.insert(number);
+    if (Node* node = findNode(number)) {
+      disownAll(*node);
+    }
+  }
+}
+
+void GraphDecoder::disownAll(Node& node) {
+  FieldList fields;
+  node.listFields(fields);
+  for (const Field& field : fields) {
+    if (const auto* slot = std::get_if<OwnedSlot*>(&field.value)) {
+      _disowned.emplace_back((*slot)->getNode());
+      (*slot)->put(node, nullptr);
+    } else if (const auto* collection = std::get_if<CollectionNode*>(&field.value)) {
+      const auto nodes = (*collection)->getNodes();
+      _disowned.insert(_disowned.end(), nodes.begin(), nodes.end());
+      (*collection)->removeAllNodes();
+    }
+  }
+}
+
+void GraphDecoder::readNode(ByteReader& in, bool isFirst) {
+  const Record record = readRecord(in);
+  const FileField* place = readPlace(in, isFirst);
+  const Ptr<Node> node = findOrMake(record, place);
+  if (isFirst) {
+    if (!node) {
+      throw FileError(FileIoStatus::UnsupportedFormat,
+                      "The root is of class " + record.fileClass->name + ", which is unknown here");
+    }
+    _root = node;
+  }
+  if (_levels.size() <= _depth) {
+    _levels.emplace_back();
+  }
+  Level& level = _levels[_depth++];
+  level.node = node.get();
+  level.fileClass = record.fileClass;
+  level.isTold = record.isTold;
+  level.fields.clear();
+  if (level.node != nullptr) {
+    level.node->listFields(level.fields);
+  }
+  if (record.isNew) {
+    _newNodes.push_back(level.node);
+  }
+  if (record.isTold) {
+    readValues(in, level, record.isNew);
+  }
+  if (place != nullptr && level.node != nullptr) {
+    attach(_levels[_depth - 2], *place, *level.node);
+  }
+}
+
+GraphDecoder::Record GraphDecoder::readRecord(ByteReader& in) {
+  const std::uint64_t tag = in.number("class of a node");
+  if (tag != KNOWN_NODE) {
+    if (tag > _tables.getClasses().size()) {
+      fail(fmt::format("It is of class {}, where there are {}", tag - 1, _tables.getClasses().size()));
+    }
+    return {&_tables.getClasses()[tag - 1], nullptr, true, true};
+  }
+  const std::size_t number = in.index("known node", _knownCount);
+  Node* node = findNode(number);
+  const bool isChanged = _changed.erase(number) != 0;
+  if (node == nullptr) {
+    fail(fmt::format("Node {}, which changed, is no longer there", number));
+  }
+  return {&classOf(*node), node, false, isChanged};
+}
+
+/// The field of the owner, which is at the deepest level left; null for a root.
+const FileField* GraphDecoder::readPlace(ByteReader& in, bool isFirst) {
+  const std::uint64_t place = in.number("place of a node");
+  if ((place == ROOT_PLACE) != isFirst) {
+    fail(isFirst ? "The first node has an owner" : "There is more than one root");
+  }
+  if (isFirst) {
+    return nullptr;
+  }
+  if (place > _depth) {
+    fail(fmt::format("Its owner is {} levels up, where there are {}", place - 1, _depth));
+  }
+  _depth -= place - 1;
+  if (_depth >= static_cast<std::size_t>(Node::MAXIMUM_DEPTH)) {
+    fail(fmt::format("The scene is nested more than {} nodes deep", Node::MAXIMUM_DEPTH));
+  }
+  const FileClass& owner = *_levels[_depth - 1].fileClass;
+  const FileField& field = owner.fields[in.index("field of the owner", owner.fields.size())];
+  if (field.kind != FieldKind::OWNED && field.kind != FieldKind::NODES) {
+    fail("It is in a field of " + owner.name + " that holds no nodes");
+  }
+  return &field;
+}
+
+/// Empty for a node that is left out: with its owner, or because its class or
+/// the owner's field are unknown here.
+Ptr<Node> GraphDecoder::findOrMake(const Record& record, const FileField* place) {
+  const Level* owner = place != nullptr ? &_levels[_depth - 1] : nullptr;
+  if (owner != nullptr && !owner->isTold && (record.isNew || record.known->getOwner() != owner->node)) {
+    fail("It belongs to a node that did not change");
+  }
+  if (!record.isNew) {
+    if (owner == nullptr && record.known->getOwner() != nullptr) {
+      fail("The first node has an owner");
+    }
+    return Ptr<Node>(record.known);
+  }
+  if (owner != nullptr && (owner->node == nullptr || place->place == FileField::NOWHERE)) {
+    return {};
+  }
+  return createNode(ClassNameAndSessionNodeInitializer(record.fileClass->name, _sessionId));
+}
+
+void GraphDecoder::attach(Level& owner, const FileField& place, Node& node) const {
+  if (!owner.isTold || owner.node == nullptr) {
+    return;
+  }
+  const Field& field = owner.fields[place.place];
+  bool done = false;
+  if (const auto* slot = std::get_if<OwnedSlot*>(&field.value)) {
+    done = (*slot)->getNode() == nullptr && (*slot)->put(*owner.node, &node);
+  } else {
+    done = std::get<CollectionNode*>(field.value)->addNode(node);
+  }
+  if (!done) {
+    fail(fmt::format("The field {} of {} does not take {}", field.name, describePlace(*owner.node),
+                     describePlace(node)));
+  }
+}
+
+void GraphDecoder::readValues(ByteReader& in, Level& level, bool isNew) {
+  const std::string_view presence = in.take(level.fileClass->presenceBytes, "presence bits");
+  if (!isNew) {
+    level.node->_qualifiedName.reset();
+    level.node->setName("");
+    level.node->modified();
+  }
+  readNames(in, level.node, presence);
+  std::size_t bit = FIRST_FIELD_BIT;
+  bool isWaiting = false;
+  if (!isNew) {
+    // What it waited for before, it waits for no longer.
+    _binder.expectFor(*level.node, false);
+    isWaiting = true;
+  }
+  for (const FileField& field : level.fileClass->fields) {
+    const bool isSet = hasValue(field.kind) && isPresent(presence, bit);
+    bit += hasValue(field.kind) ? 1 : 0;
+    if (!isSet) {
+      setAbsent(level, field, isNew);
+      continue;
+    }
+    _chunks.clear();
+    readField(in, level, field);
+    if (_chunks.empty() || level.node == nullptr || field.place == FileField::NOWHERE) {
+      continue;
+    }
+    if (!std::exchange(isWaiting, true)) {
+      _binder.expectFor(*level.node, isNew);
+    }
+    for (const std::size_t chunk : _chunks) {
+      _binder.expect(field.place, chunk);
+    }
+  }
+}
+
+void GraphDecoder::readNames(ByteReader& in, Node* node, const std::string_view& presence) {
+  ValueReader reader(in, _tables, _longStringBytes, _chunks);
+  if (isPresent(presence, NAME_BIT)) {
+    const std::string& name = reader.readString();
+    if (node != nullptr) {
+      node->setName(name);
+    }
+  }
+  if (isPresent(presence, QUALIFIED_NAME_BIT)) {
+    const std::string& name = reader.readString();
+    if (node != nullptr) {
+      node->setQualifiedName(name);
+    }
+  }
+}
+
+void GraphDecoder::readField(ByteReader& in, const Level& level, const FileField& field) {
+  ValueReader reader(in, _tables, _longStringBytes, _chunks);
+  if (level.node == nullptr || field.place == FileField::NOWHERE) {
+    reader.skip(field.kind);
+    return;
+  }
+  std::visit(reader, level.fields[field.place].value);
+}
+
+void GraphDecoder::setAbsent(const Level& level, const FileField& field, bool isNew) {
+  if (level.node == nullptr || field.place == FileField::NOWHERE || (isNew && !field.mustSetStandard)) {
+    return;
+  }
+  if (isArrays(field.kind)) {
+    // Emptied, when a changed node no longer has them.
+    ArrayBinder::clear(level.fields[field.place]);
+  } else if (field.kind == FieldKind::REFERENCE) {
+    std::get<ReferenceSlot*>(level.fields[field.place].value)->put(nullptr);
+  } else if (hasValue(field.kind)) {
+    ByteReader standard(field.standard);
+    readField(standard, level, field);
+  }
+}
+
+void GraphDecoder::readReferences(ByteReader& in) {
+  for (std::size_t count = in.count("references", 3); count > 0; --count) {
+    readReference(in);
+  }
+}
+
+void GraphDecoder::readReference(ByteReader& in) {
+  const std::size_t nodeCount = _knownCount + _newNodes.size();
+  Node* node = findNode(in.index("node with a reference", nodeCount));
+  const std::size_t number = in.number("field of a reference");
+  Node* target = findNode(in.index("node referred to", nodeCount));
+  if (node == nullptr || target == nullptr) {
+    return;
+  }
+  const FileClass& fileClass = classOf(*node);
+  if (number >= fileClass.fields.size() || fileClass.fields[number].kind != FieldKind::REFERENCE) {
+    fail(describePlace(*node) + " refers by a field that holds no reference");
+  }
+  const std::size_t place = fileClass.fields[number].place;
+  if (place == FileField::NOWHERE) {
+    return;
+  }
+  FieldList fields;
+  node->listFields(fields);
+  const Field& field = fields[place];
+  if (!std::get<ReferenceSlot*>(field.value)->put(target)) {
+    fail(fmt::format("The field {} of {} does not refer to {}", field.name, describePlace(*node),
+                     describePlace(*target)));
+  }
+}
+
+Node* GraphDecoder::findNode(std::size_t number) const {
+  return number < _knownCount ? (*_known)[number].get() : _newNodes[number - _knownCount];
+}
+
+const FileClass& GraphDecoder::classOf(const Node& node) const {
+  const FileClass* fileClass = _tables.findClass(node.className());
+  if (fileClass == nullptr) {
+    fail("The class " + node.className() + " is not in the class table");
+  }
+  return *fileClass;
+}
+
+/// Subtrees that moved may have made the graph deeper than a message shows.
+void GraphDecoder::checkDepth() const {
+  std::vector<std::pair<const Node*, int>> waiting{{_root.get(), 1}};
+  while (!waiting.empty()) {
+    const auto [node, depth] = waiting.back();
+    waiting.pop_back();
+    if (depth > Node::MAXIMUM_DEPTH) {
+      fail(fmt::format("The scene is nested more than {} nodes deep", Node::MAXIMUM_DEPTH));
+    }
+    for (const Node* owned : node->getDependents()) {
+      waiting.emplace_back(owned, depth + 1);
+    }
+  }
+}
+
+}  // namespace lum::io

@@ -1,0 +1,88 @@
+#pragma once
+
+#include "scenegraph/io/codec/ArrayBinder.h"
+#include "scenegraph/io/codec/ByteReader.h"
+#include "scenegraph/io/codec/TableReader.h"
+#include <vemo/scenegraph/Node.h>
+#include <vemo/scenegraph/Ptr.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace lum::io {
+
+/// Makes nodes of one graph in the format of GraphFormat.h. All that is wrong
+/// with it is a FileError; the nodes made so far are gone then.
+class GraphDecoder {
+ public:
+  using KnownNodes = std::vector<WeakPtr<Node>>;
+
+  /// The binder learns which arrays the nodes wait for.
+  GraphDecoder(const TableReader& tables, ArrayBinder& binder, int sessionId);
+
+  /// The graph may change these, the nodes that graphs before it made.
+  void setKnown(const KnownNodes& known);
+
+  /// Decodes a graph, given without its size; returns its root.
+  Ptr<Node> decode(std::string_view bytes);
+
+  /// The new nodes by their numbers; null for those that are left out.
+  const std::vector<Node*>& getNewNodes() const { return _newNodes; }
+
+ private:
+  /// A node on the way from the root to the one that is being read; null when
+  /// it is left out.
+  struct Level {
+    Node* node = nullptr;
+    const FileClass* fileClass = nullptr;
+    FieldList fields;
+    // Whether what it owns is told anew.
+    bool isTold = true;
+  };
+  /// A node in the file.
+  struct Record {
+    const FileClass* fileClass;
+    Node* known;
+    bool isNew;
+    bool isTold;
+  };
+
+  void readChanged(ByteReader& in);
+  void disownAll(Node& node);
+  void readNode(ByteReader& in, bool isFirst);
+  Record readRecord(ByteReader& in);
+  const FileField* readPlace(ByteReader& in, bool isFirst);
+  Ptr<Node> findOrMake(const Record& record, const FileField* place);
+  void attach(Level& owner, const FileField& place, Node& node) const;
+  void readValues(ByteReader& in, Level& level, bool isNew);
+  void readNames(ByteReader& in, Node* node, const std::string_view& presence);
+  void readField(ByteReader& in, const Level& level, const FileField& field);
+  void setAbsent(const Level& level, const FileField& field, bool isNew);
+  void readReferences(ByteReader& in);
+  void readReference(ByteReader& in);
+  Node* findNode(std::size_t number) const;
+  const FileClass& classOf(const Node& node) const;
+  void checkDepth() const;
+
+  const TableReader& _tables;
+  ArrayBinder& _binder;
+  int _sessionId;
+  const KnownNodes* _known = nullptr;
+  std::size_t _knownCount = 0;
+  std::set<std::size_t> _changed;
+  Ptr<Node> _root;
+  std::vector<Node*> _newNodes;
+  // The first _depth are in use.
+  std::vector<Level> _levels;
+  std::size_t _depth = 0;
+  // Nodes taken out of their owners, until they are back in one, or let go.
+  std::vector<Ptr<Node>> _disowned;
+  std::size_t _longStringBytes = 0;
+  std::vector<std::size_t> _chunks;
+};
+
+}  // namespace lum::io

@@ -1,0 +1,127 @@
+#include "scenegraph/io/codec/TableReader.h"
+
+#include "scenegraph/io/codec/GraphFormat.h"
+#include "scenegraph/io/codec/TableWriter.h"
+#include <vemo/scenegraph/Logger.h>
+#include <vemo/scenegraph/NodeFactory.h>
+#include <vemo/scenegraph/io/FileError.h>
+
+#include <fmt/format.h>
+
+namespace lum::io {
+
+namespace {
+
+/// More of either are refused: each node of the class would have us go through
+/// them, however little of the file it takes itself.
+constexpr std::size_t MAXIMUM_FIELDS = 1024;
+constexpr std::size_t LONGEST_DEFAULT = 256;
+
+class NoArrays final : public ArraySink {
+ public:
+  void put(vtkDataArray& /*array*/, ChunkRow& /*row*/) override {}
+};
+
+FieldKind readKind(ByteReader& in) {
+  const std::uint64_t number = in.number("field kind");
+  if (number == 0 || number > LAST_FIELD_KIND) {
+    throw FileError(FileIoStatus::UnsupportedFormat,
+                    fmt::format("There is no kind of field of number {}", number));
+  }
+  return static_cast<FieldKind>(number);
+}
+
+std::size_t readFieldCount(ByteReader& in) {
+  const std::size_t count = in.count("fields", 3);
+  if (count > MAXIMUM_FIELDS) {
+    throw FileError(FileIoStatus::ReadError,
+                    fmt::format("A class has {} fields, at most {} are allowed", count, MAXIMUM_FIELDS));
+  }
+  return count;
+}
+
+std::string readDefault(ByteReader& in) {
+  const std::string_view value = in.text("default");
+  if (value.size() > LONGEST_DEFAULT) {
+    throw FileError(FileIoStatus::ReadError, fmt::format("A default has {} bytes, at most {} are allowed",
+                                                         value.size(), LONGEST_DEFAULT));
+  }
+  return std::string(value);
+}
+
+}  // namespace
+
+void TableReader::read(ByteReader& in) {
+  std::size_t count = in.count("strings", 1);
+  _strings.reserve(_strings.size() + count);
+  for (; count > 0; --count) {
+    _strings.emplace_back(in.text("string"));
+    _longStringBytes += _strings.back().size() > LONGEST_SHARED_STRING ? _strings.back().size() : 0;
+  }
+  for (count = in.count("classes", 2); count > 0; --count) {
+    _classes.push_back(readClass(in));
+    if (!_classNumbers.emplace(_classes.back().name, _classes.size() - 1).second) {
+      throw FileError(FileIoStatus::ReadError, "The class table has two rows of " + _classes.back().name);
+    }
+  }
+  count = in.count("arrays", MINIMUM_ROW_BYTES);
+  _chunks.reserve(_chunks.size() + count);
+  for (; count > 0; --count) {
+    _chunks.push_back(readRow(in, _strings.size()));
+  }
+}
+
+const FileClass* TableReader::findClass(const std::string& name) const {
+  const auto found = _classNumbers.find(name);
+  return found != _classNumbers.end() ? &_classes[found->second] : nullptr;
+}
+
+FileClass TableReader::readClass(ByteReader& in) {
+  FileClass result;
+  result.name = _strings[in.index("class name", _strings.size())];
+  std::vector<std::string> names;
+  std::size_t bits = FIRST_FIELD_BIT;
+  for (std::size_t count = readFieldCount(in); count > 0; --count) {
+    names.push_back(_strings[in.index("field name", _strings.size())]);
+    FileField field{readKind(in), FileField::NOWHERE, readDefault(in), false};
+    bits += hasValue(field.kind) ? 1 : 0;
+    result.fields.push_back(std::move(field));
+  }
+  result.presenceBytes = (bits + 7) / 8;
+  matchFields(result, names);
+  return result;
+}
+
+void TableReader::matchFields(FileClass& fileClass, const std::vector<std::string>& names) {
+  const Ptr<Node> fresh = createNode(ClassNameNodeInitializer(fileClass.name));
+  fileClass.isKnown = static_cast<bool>(fresh);
+  if (!fresh) {
+    VEMO_LOG_WARNING("The file has nodes of class " << fileClass.name
+                                                    << ", which is unknown here; they are left out");
+    return;
+  }
+  FieldList own;
+  fresh->listFields(own);
+  NoArrays sink;
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    FileField& field = fileClass.fields[i];
+    std::size_t place = 0;
+    for (const Field& candidate : own) {
+      if (names[i] == candidate.name && kindOf(candidate.value) == field.kind) {
+        field.place = place;
+        // Numbers of strings differ from file to file: texts are always set.
+        TableWriter tables(sink, false);
+        ByteWriter value;
+        writeValue(value, tables, candidate.value);
+        field.mustSetStandard = field.standard != value.view() || field.kind == FieldKind::TEXT;
+      }
+      ++place;
+    }
+    if (field.place == FileField::NOWHERE) {
+      VEMO_LOG_WARNING("The field " << names[i] << " of class " << fileClass.name
+                                    << " is unknown here; it is left out");
+    }
+  }
+}
+
+}  // namespace lum::io

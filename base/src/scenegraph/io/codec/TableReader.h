@@ -1,0 +1,66 @@
+#pragma once
+
+#include "scenegraph/io/codec/ByteReader.h"
+#include "scenegraph/io/codec/ChunkRow.h"
+#include "scenegraph/io/codec/FieldKind.h"
+#include <vemo/scenegraph/Node.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace lum::io {
+
+/// A field of a class as a file describes it.
+struct FileField {
+  /// Where the class of this program has no such field.
+  static constexpr std::size_t NOWHERE = static_cast<std::size_t>(-1);
+
+  FieldKind kind;
+  /// Its place among the fields of the class of this program.
+  std::size_t place = NOWHERE;
+  /// The value of a node that says nothing of this field.
+  std::string standard;
+  /// Whether a new node of this program has another one.
+  bool mustSetStandard = false;
+};
+
+struct FileClass {
+  std::string name;
+  /// Whether this program has such a class.
+  bool isKnown = false;
+  std::vector<FileField> fields;
+  std::size_t presenceBytes = 0;
+};
+
+/// The string, class and chunk tables of a file, checked.
+class TableReader {
+ public:
+  /// Takes what `TableWriter::take` wrote, after what was read before.
+  void read(ByteReader& in);
+
+  std::size_t getStringCount() const { return _strings.size(); }
+  const std::string& getString(std::size_t number) const { return _strings[number]; }
+  const std::vector<FileClass>& getClasses() const { return _classes; }
+  /// Null when there is none of this name.
+  const FileClass* findClass(const std::string& name) const;
+  const std::vector<ChunkRow>& getChunks() const { return _chunks; }
+  std::string getName(const ChunkRow& row) const { return row.name == 0 ? "" : _strings[row.name - 1]; }
+
+  /// The bytes of all strings that are too long to be shared.
+  std::size_t getLongStringBytes() const { return _longStringBytes; }
+
+ private:
+  FileClass readClass(ByteReader& in);
+  void matchFields(FileClass& fileClass, const std::vector<std::string>& names);
+
+  std::vector<std::string> _strings;
+  std::vector<FileClass> _classes;
+  std::unordered_map<std::string, std::size_t> _classNumbers;
+  std::vector<ChunkRow> _chunks;
+  std::size_t _longStringBytes = 0;
+};
+
+}  // namespace lum::io

@@ -1,0 +1,90 @@
+#pragma once
+
+#include "scenegraph/io/codec/ByteWriter.h"
+#include "scenegraph/io/codec/ChunkRow.h"
+#include <vemo/scenegraph/Node.h>
+#include <vemo/scenegraph/Ptr.h>
+
+#include <vtkWeakPointer.h>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <typeindex>
+#include <unordered_map>
+#include <vector>
+
+namespace lum::io {
+
+/// Strings longer than this are written as often as they are used, so that
+/// what a reader makes of a file stays in proportion to it.
+inline constexpr std::size_t LONGEST_SHARED_STRING = 64;
+
+/// Takes the bytes of arrays.
+class ArraySink {
+ public:
+  /// Stores an array, which is the next chunk, and sets the hash in its row.
+  virtual void put(vtkDataArray& array, ChunkRow& row) = 0;
+
+ protected:
+  ~ArraySink() = default;
+};
+
+/// The string, class and chunk tables of what is written. They grow as nodes
+/// are written; each `take` gives what came since the last one.
+class TableWriter {
+ public:
+  /// `rememberAll`: arrays that only one node holds are remembered as well, so
+  /// that the node may be written again without them.
+  TableWriter(ArraySink& sink, bool rememberAll) : _sink(sink), _rememberAll(rememberAll) {}
+
+  struct Class {
+    std::uint64_t number;
+    bool hasArrays = false;
+    /// By field: the value that a new node has, as it would be written.
+    std::vector<std::string> defaults;
+  };
+
+  /// Throws FileError (WriteError) for a class that the factory does not know.
+  const Class& getClass(Node& node);
+
+  /// The number of a string.
+  std::uint64_t addString(std::string_view text);
+
+  /// The number of an array's chunk. `shared` when other nodes may hold it.
+  std::uint64_t addArray(vtkDataArray& array, bool shared);
+
+  void take(ByteWriter& out);
+
+ private:
+  struct KnownArray {
+    vtkWeakPointer<vtkDataArray> array;
+    vtkMTimeType time;
+    std::uint64_t number;
+  };
+  struct Table {
+    std::uint64_t count = 0;
+    ByteWriter rows;
+
+    void take(ByteWriter& out);
+  };
+
+  Class addClass(Node& node);
+  std::uint64_t writeArray(vtkDataArray& array);
+
+  ArraySink& _sink;
+  bool _rememberAll;
+  std::unordered_map<std::string, std::uint64_t> _sharedStrings;
+  std::unordered_map<std::type_index, Class> _classes;
+  std::unordered_map<vtkDataArray*, KnownArray> _arrays;
+  std::uint64_t _stringCount = 0;
+  std::uint64_t _arrayCount = 0;
+  Table _strings;
+  Table _classRows;
+  Table _chunks;
+};
+
+/// Writes the value of a field; nothing at all for arrays that are not there.
+void writeValue(ByteWriter& out, TableWriter& tables, const FieldValue& value);
+
+}  // namespace lum::io

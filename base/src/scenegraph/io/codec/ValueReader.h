@@ -1,0 +1,67 @@
+#pragma once
+
+#include "scenegraph/io/codec/ByteReader.h"
+#include "scenegraph/io/codec/FieldKind.h"
+#include "scenegraph/io/codec/TableReader.h"
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace lum::io {
+
+/// Reads the values of fields. `longStringBytes` counts what long strings were
+/// used: each may be used as often as it stands in the file, once.
+class ValueReader {
+ public:
+  ValueReader(ByteReader& in, const TableReader& tables, std::size_t& longStringBytes,
+              std::vector<std::size_t>& chunks)
+      : _in(in), _tables(tables), _longStringBytes(longStringBytes), _chunks(chunks) {}
+
+  const std::string& readString();
+
+  void operator()(bool* value);
+  void operator()(std::int32_t* value);
+  void operator()(std::uint32_t* value);
+  void operator()(float* value) { *value = _in.raw<float>("number"); }
+  void operator()(double* value) { *value = _in.raw<double>("number"); }
+  void operator()(const EnumerationField& field);
+  void operator()(std::string* value) { *value = readString(); }
+  template <std::size_t N>
+  void operator()(Vector<N, double>* value) {
+    for (double& each : *value) {
+      (*this)(&each);
+    }
+  }
+  void operator()(std::vector<double>* value);
+  template <class T>
+  void operator()(std::optional<T>* value) {
+    bool isSet = false;
+    (*this)(&isSet);
+    value->reset();
+    if (isSet) {
+      (*this)(&value->emplace());
+    }
+  }
+  void operator()(std::map<std::string, Vector<3, double>>* value);
+  // Arrays are bound later: their chunks are noted.
+  void operator()(vtkSmartPointer<vtkDataArray>* value);
+  void operator()(vtkSmartPointer<vtkCellArray>* value);
+  void operator()(ArrayTable* value);
+  void operator()(OwnedSlot* /*slot*/) {}
+  void operator()(CollectionNode* /*collection*/) {}
+  void operator()(ReferenceSlot* /*slot*/) {}
+
+  /// Passes over a value that nobody wants.
+  void skip(FieldKind kind);
+
+ private:
+  void readChunk();
+
+  ByteReader& _in;
+  const TableReader& _tables;
+  std::size_t& _longStringBytes;
+  std::vector<std::size_t>& _chunks;
+};
+
+}  // namespace lum::io

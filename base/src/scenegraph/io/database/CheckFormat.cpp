@@ -1,0 +1,20 @@
+#include "scenegraph/io/database/DatabaseFormat.h"
+#include <vemo/scenegraph/io/CheckFormat.h>
+
+#include <exception>
+#include <ostream>
+
+namespace vemo::sdb {
+
+bool checkFormat(std::istream& in, std::ostream& messages) {
+  try {
+    lum::io::InputSource source(in);
+    const lum::io::DatabaseIndex index(source);
+    return true;
+  } catch (const std::exception& error) {
+    messages << "This is no scene-graph database: " << error.what() << '\n';
+    return false;
+  }
+}
+
+}  // namespace vemo::sdb

@@ -1,0 +1,139 @@
+#include "scenegraph/io/database/DatabaseFormat.h"
+
+#include "scenegraph/io/codec/ChunkIO.h"
+#include "scenegraph/io/codec/ValueReader.h"
+#include <vemo/scenegraph/io/FileError.h>
+
+#include <charconv>
+#include <fmt/format.h>
+#include <nlohmann/json.hpp>
+
+namespace lum::io {
+
+namespace {
+
+using nlohmann::json;
+
+constexpr const char* FORMAT = "scene-graph database";
+
+[[noreturn]] void refuse(const std::string& text) {
+  throw FileError(FileIoStatus::UnsupportedFormat, text);
+}
+
+std::uint64_t numberOf(const json& object, const char* key) {
+  const auto found = object.find(key);
+  if (found == object.end() || !found->is_number_unsigned()) {
+    refuse(fmt::format("The header has no number \"{}\"", key));
+  }
+  return found->get<std::uint64_t>();
+}
+
+std::uint64_t hashFrom(const json& object) {
+  const auto found = object.find("hash");
+  std::uint64_t hash = 0;
+  if (found != object.end() && found->is_string()) {
+    const auto& text = found->get_ref<const std::string&>();
+    const char* end = text.data() + text.size();
+    if (text.size() == 16 && std::from_chars(text.data(), end, hash, 16).ptr == end) {
+      return hash;
+    }
+  }
+  refuse("The header has no hash of the index");
+}
+
+json parseHeader(InputSource& source) {
+  if (source.getLeft() < HEADER_SIZE) {
+    refuse(fmt::format("It is too short: {} bytes, a header has {}", source.getLeft(), HEADER_SIZE));
+  }
+  const std::string line = source.read(HEADER_SIZE);
+  json header = line.front() == '{' && line.back() == '\n' ? json::parse(line, nullptr, false) : json();
+  if (!header.is_object()) {
+    refuse("It does not begin with a header");
+  }
+  return header;
+}
+
+}  // namespace
+
+std::string makeHeader(const IndexPlace& index) {
+  std::string line = fmt::format(
+      R"({{"format": "{}", "version": {}, "index": {{"offset": {}, "size": {}, "hash": "{:016x}"}}}})",
+      FORMAT, FORMAT_VERSION, index.offset, index.size, index.hash);
+  line.resize(HEADER_SIZE - 1, ' ');
+  return line + '\n';
+}
+
+IndexPlace readHeader(InputSource& source) {
+  const json header = parseHeader(source);
+  const auto format = header.find("format");
+  if (format == header.end() || *format != FORMAT) {
+    refuse(fmt::format("Its header does not say that it is a {}", FORMAT));
+  }
+  const std::uint64_t version = numberOf(header, "version");
+  if (version != FORMAT_VERSION) {
+    refuse(fmt::format("It is of version {}; versions up to {} can be read", version, FORMAT_VERSION));
+  }
+  const auto index = header.find("index");
+  if (index == header.end() || !index->is_object()) {
+    refuse("The header does not say where the index is");
+  }
+  const IndexPlace place{numberOf(*index, "offset"), numberOf(*index, "size"), hashFrom(*index)};
+  if (place.offset < HEADER_SIZE || place.offset > source.getSize() ||
+      place.size != source.getSize() - place.offset) {
+    throw FileError(FileIoStatus::ReadError,
+                    fmt::format("The index, {} bytes from byte {} on, does not end the file of {} bytes",
+                                place.size, place.offset, source.getSize()));
+  }
+  return place;
+}
+
+std::size_t paddingAt(std::uint64_t position) {
+  return static_cast<std::size_t>((CHUNK_ALIGNMENT - position % CHUNK_ALIGNMENT) % CHUNK_ALIGNMENT);
+}
+
+DatabaseIndex::DatabaseIndex(InputSource& source) {
+  const IndexPlace place = readHeader(source);
+  source.seek(place.offset);
+  _bytes = source.read(place.size);
+  if (hashOf(_bytes) != place.hash) {
+    throw FileError(FileIoStatus::ReadError,
+                    "The index is damaged: it has another hash than the header says");
+  }
+  ByteReader in(_bytes);
+  _tables.read(in);
+  readOffsets(in, place.offset);
+  readRecords(in);
+}
+
+void DatabaseIndex::readOffsets(ByteReader& in, std::uint64_t end) {
+  std::uint64_t position = HEADER_SIZE;
+  for (const ChunkRow& row : _tables.getChunks()) {
+    position += paddingAt(position);
+    const std::uint64_t gap = in.number("place of an array");
+    // What lies in front of the index is what there is room in.
+    if (position > end || gap > (end - position) / CHUNK_ALIGNMENT ||
+        row.bytes() > end - position - gap * CHUNK_ALIGNMENT) {
+      throw FileError(FileIoStatus::ReadError,
+                      fmt::format("Array {} \"{}\" of {} bytes does not end before the index",
+                                  _offsets.size(), _tables.getName(row), row.bytes()));
+    }
+    _offsets.push_back(position + gap * CHUNK_ALIGNMENT);
+    position = _offsets.back() + row.bytes();
+  }
+}
+
+void DatabaseIndex::readRecords(ByteReader& in) {
+  std::size_t longStringBytes = 0;
+  std::vector<std::size_t> noChunks;
+  ValueReader values(in, _tables, longStringBytes, noChunks);
+  for (std::size_t count = in.count("records", 4); count > 0; --count) {
+    Record record{values.readString(), values.readString(), values.readString(), {}};
+    record.graph = in.text("graph of a record");
+    _records.push_back(std::move(record));
+  }
+  if (in.left() != 0) {
+    throw FileError(FileIoStatus::ReadError, fmt::format("{} bytes follow the last record", in.left()));
+  }
+}
+
+}  // namespace lum::io

@@ -1,0 +1,65 @@
+#include "scenegraph/io/database/InputSource.h"
+
+#include <vemo/scenegraph/io/FileError.h>
+
+#include <fmt/format.h>
+
+namespace lum::io {
+
+namespace {
+
+/// Gaps up to this are read over: cheaper than positioning, which empties the
+/// stream's buffer.
+constexpr std::uint64_t SMALL_GAP = 1 << 16;
+
+}  // namespace
+
+InputSource::InputSource(std::istream& in) : _in(in), _start(in.tellg()) {
+  _in.seekg(0, std::ios::end);
+  const std::istream::pos_type end = _in.tellg();
+  if (!_in || _start == std::istream::pos_type(-1) || end < _start) {
+    throw FileError(FileIoStatus::ReadError, "The stream cannot be positioned");
+  }
+  _size = static_cast<std::uint64_t>(end - _start);
+  _in.seekg(_start);
+}
+
+void InputSource::seek(std::uint64_t position) {
+  if (position == _position) {
+    return;
+  }
+  if (position > _size) {
+    throw FileError(FileIoStatus::ReadError, fmt::format("Byte {} of {} is not there", position, _size));
+  }
+  if (position > _position && position - _position <= SMALL_GAP) {
+    _in.ignore(static_cast<std::streamsize>(position - _position));
+  } else {
+    _in.seekg(_start + static_cast<std::istream::off_type>(position));
+  }
+  _position = position;
+}
+
+void InputSource::read(void* data, std::size_t size) {
+  if (size > getLeft()) {
+    throw FileError(FileIoStatus::ReadError,
+                    fmt::format("{} bytes needed at byte {}, {} left", size, _position, getLeft()));
+  }
+  _in.read(static_cast<char*>(data), static_cast<std::streamsize>(size));
+  if (static_cast<std::size_t>(_in.gcount()) != size) {
+    throw FileError(FileIoStatus::ReadError,
+                    fmt::format("{} bytes cannot be read at byte {}", size, _position));
+  }
+  _position += size;
+}
+
+std::string InputSource::read(std::size_t size) {
+  std::string bytes(size <= getLeft() ? size : 0, '\0');
+  if (bytes.size() != size) {
+    throw FileError(FileIoStatus::ReadError,
+                    fmt::format("{} bytes needed at byte {}, {} left", size, _position, getLeft()));
+  }
+  read(bytes.data(), size);
+  return bytes;
+}
+
+}  // namespace lum::io

@@ -1,0 +1,130 @@
+#include "scenegraph/io/codec/ArrayBinder.h"
+#include "scenegraph/io/codec/ChunkIO.h"
+#include "scenegraph/io/codec/GraphDecoder.h"
+#include "scenegraph/io/database/DatabaseFormat.h"
+#include <vemo/base/WidePath.h>
+#include <vemo/scenegraph/io/FileError.h>
+#include <vemo/scenegraph/io/SDBReader.h>
+
+#include <cerrno>
+#include <fmt/format.h>
+#include <fstream>
+#include <sys/stat.h>
+#include <system_error>
+
+namespace lum {
+
+namespace {
+
+/// Opens a regular file: a pipe would keep us waiting.
+std::ifstream openFile(const std::string& path) {
+  struct stat status {};
+  if (::stat(path.c_str(), &status) != 0) {
+    const int error = errno;
+    const bool isMissing = error == ENOENT || error == ENOTDIR;
+    throw io::FileError(isMissing ? io::FileIoStatus::NotFound : io::FileIoStatus::ReadError,
+                        std::generic_category().message(error));
+  }
+  if (!S_ISREG(status.st_mode)) {
+    throw io::FileError(io::FileIoStatus::ReadError, "It is no regular file");
+  }
+  std::ifstream file(path, std::ios::binary);
+  if (!file) {
+    throw io::FileError(io::FileIoStatus::ReadError, std::generic_category().message(errno));
+  }
+  return file;
+}
+
+/// Does something; errors say where in which file, in the words of a function.
+template <class Place, class Action>
+auto at(Place&& describePlace, Action&& action) {
+  try {
+    return action();
+  } catch (const io::FileError& error) {
+    throw io::FileError(error.getStatus(), fmt::format("{}: {}", describePlace(), error.what()));
+  }
+}
+
+}  // namespace
+
+class SDBReader::Database {
+ public:
+  explicit Database(const std::string& path) : _file(openFile(path)), _source(_file), _index(_source) {}
+
+  const io::DatabaseIndex& getIndex() const { return _index; }
+
+  Ptr<Node> readNode(std::size_t record, int sessionId) {
+    io::ArrayBinder binder;
+    io::GraphDecoder decoder(_index.getTables(), binder, sessionId);
+    const Ptr<Node> root = decoder.decode(_index.getRecords()[record].graph);
+    for (const std::size_t chunk : binder.getExpected()) {
+      const std::string fault = binder.provide(chunk, *readChunk(chunk));
+      if (!fault.empty()) {
+        throw io::FileError(io::FileIoStatus::ReadError, fault);
+      }
+    }
+    return root;
+  }
+
+  void checkChunk(std::size_t chunk) {
+    atChunk(chunk, [this](const io::ChunkRow& row) { io::checkArray(_source, row); });
+  }
+
+ private:
+  vtkSmartPointer<vtkDataArray> readChunk(std::size_t chunk) {
+    vtkSmartPointer<vtkDataArray> array;
+    atChunk(chunk, [&](const io::ChunkRow& row) { array = io::readArray(_source, row); });
+    const io::ChunkRow& row = _index.getTables().getChunks()[chunk];
+    if (row.name != 0) {
+      array->SetName(_index.getTables().getName(row).c_str());
+    }
+    return array;
+  }
+
+  /// Does something where the chunk begins; errors say which one it was.
+  template <class Action>
+  void atChunk(std::size_t chunk, Action&& action) {
+    const io::ChunkRow& row = _index.getTables().getChunks()[chunk];
+    at([&] { return fmt::format("Array {} \"{}\"", chunk, _index.getTables().getName(row)); },
+       [&] {
+         _source.seek(_index.getOffset(chunk));
+         action(row);
+       });
+  }
+
+  std::ifstream _file;
+  io::InputSource _source;
+  io::DatabaseIndex _index;
+};
+
+SDBReader::SDBReader(const std::wstring& path) : _path(vemo::toNativePath(path)) {
+  _database = at([this] { return _path; }, [this] { return std::make_unique<Database>(_path); });
+  for (const auto& record : _database->getIndex().getRecords()) {
+    _records.push_back({record.title, record.description, record.simUUID});
+  }
+}
+
+SDBReader::~SDBReader() = default;
+
+std::vector<SDBReader::Array> SDBReader::getArrays() const {
+  const io::DatabaseIndex& index = _database->getIndex();
+  std::vector<Array> arrays;
+  for (const io::ChunkRow& row : index.getTables().getChunks()) {
+    arrays.push_back({index.getOffset(arrays.size()), row.bytes(), index.getTables().getName(row)});
+  }
+  return arrays;
+}
+
+Ptr<Node> SDBReader::readNode(std::size_t record, int sessionId) {
+  VEMO_REQUIRE(record < _records.size(), "There is no record " + std::to_string(record));
+  return at([&] { return fmt::format("{}: Record {}", _path, record); },
+            [&] { return _database->readNode(record, sessionId); });
+}
+
+void SDBReader::checkArray(std::size_t array) {
+  VEMO_REQUIRE(array < _database->getIndex().getTables().getChunks().size(),
+               "There is no array " + std::to_string(array));
+  at([this] { return _path; }, [&] { _database->checkChunk(array); });
+}
+
+}  // namespace lum

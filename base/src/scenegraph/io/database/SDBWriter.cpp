@@ -1,0 +1,130 @@
+#include "platform/AtomicFile.h"
+#include "scenegraph/io/codec/ChunkIO.h"
+#include "scenegraph/io/codec/GraphEncoder.h"
+#include "scenegraph/io/codec/TableWriter.h"
+#include "scenegraph/io/database/DatabaseFormat.h"
+#include "scenegraph/io/database/OutputFile.h"
+#include <vemo/base/WidePath.h>
+#include <vemo/scenegraph/Logger.h>
+#include <vemo/scenegraph/io/FileError.h>
+#include <vemo/scenegraph/io/SDBReader.h>
+#include <vemo/scenegraph/io/SDBWriter.h>
+
+#include <exception>
+#include <filesystem>
+#include <limits>
+#include <system_error>
+#include <utility>
+
+namespace lum {
+
+/// The file that is being written. After a failure it is of no more use.
+class SDBWriter::Database final : private io::ArraySink {
+ public:
+  Database(const std::string& path, bool keepExisting) : _file(path, keepExisting), _tables(*this, false) {
+    // A file without a header is none that anyone takes for a database.
+    _file.fill(io::HEADER_SIZE);
+  }
+
+  int add(const std::string& title, const std::string& description, const std::string& simUUID, Node& node) {
+    VEMO_REQUIRE(_recordCount < std::numeric_limits<int>::max(), "Too many records");
+    for (const auto& text : {title, description, simUUID}) {
+      _records.number(_tables.addString(text));
+    }
+    io::GraphEncoder(_tables, 0).encode(node, _records);
+    return _recordCount++;
+  }
+
+  void finish() {
+    io::ByteWriter index;
+    _tables.take(index);
+    for (std::uint64_t i = 0; i < _chunkCount; ++i) {
+      index.number(0);
+    }
+    index.number(static_cast<std::uint64_t>(_recordCount));
+    index.bytes(_records.view().data(), _records.size());
+    const std::uint64_t offset = _file.getPosition();
+    _file.write(index.view().data(), index.size());
+    _file.writeFirst(io::makeHeader({offset, index.size(), io::hashOf(index.view())}));
+    _file.commit();
+  }
+
+  bool hasFailed = false;
+
+ private:
+  void put(vtkDataArray& array, io::ChunkRow& row) override {
+    const std::string_view bytes = io::bytesOf(array);
+    _file.fill(io::paddingAt(_file.getPosition()));
+    _file.write(bytes.data(), bytes.size());
+    ++_chunkCount;
+    row.hash = io::hashOf(bytes);
+  }
+
+  io::OutputFile _file;
+  io::TableWriter _tables;
+  io::ByteWriter _records;
+  std::uint64_t _chunkCount = 0;
+  int _recordCount = 0;
+};
+
+namespace {
+
+/// What an operation comes to; its failure is logged.
+template <class Operation>
+io::FileIoStatus statusOf(Operation&& operation) {
+  try {
+    operation();
+    return io::FileIoStatus::Success;
+  } catch (const io::FileError& error) {
+    VEMO_LOG_ERROR(error.what());
+    return error.getStatus();
+  } catch (const vemo::OS::FileWriteError& error) {
+    VEMO_LOG_ERROR(error.what());
+    return io::FileIoStatus::WriteError;
+  }
+}
+
+}  // namespace
+
+SDBWriter::SDBWriter() = default;
+SDBWriter::~SDBWriter() = default;
+
+io::FileIoStatus SDBWriter::open(const std::wstring& path, bool append, bool keepExisting) {
+  _database.reset();
+  const std::string native = vemo::toNativePath(path);
+  return statusOf([&] {
+    auto database = std::make_unique<Database>(native, keepExisting);
+    std::error_code ignored;
+    if (append && std::filesystem::exists(native, ignored)) {
+      SDBReader existing(path);
+      for (std::size_t i = 0; i < existing.getRecords().size(); ++i) {
+        const SDBReader::Record& record = existing.getRecords()[i];
+        database->add(record.title, record.description, record.simUUID, *existing.readNode(i));
+      }
+    }
+    _database = std::move(database);
+  });
+}
+
+io::FileIoStatus SDBWriter::addRecord(const std::string& title, const std::string& description,
+                                      const std::string& simUUID, Node& node, int& recordNumber) {
+  if (!_database || _database->hasFailed) {
+    return io::FileIoStatus::WriteError;
+  }
+  // Stays so whatever comes to pass.
+  _database->hasFailed = true;
+  return statusOf([&] {
+    recordNumber = _database->add(title, description, simUUID, node);
+    _database->hasFailed = false;
+  });
+}
+
+io::FileIoStatus SDBWriter::close() {
+  const std::unique_ptr<Database> database = std::move(_database);
+  if (!database || database->hasFailed) {
+    return io::FileIoStatus::WriteError;
+  }
+  return statusOf([&] { database->finish(); });
+}
+
+}  // namespace lum

@@ -1,0 +1,155 @@
+#include "scenegraph/io/codec/ArrayBinder.h"
+#include "scenegraph/io/codec/ChunkIO.h"
+#include "scenegraph/io/codec/GraphDecoder.h"
+#include "scenegraph/io/stream/StreamFormat.h"
+#include <vemo/scenegraph/NodeRegistry.h>
+#include <vemo/scenegraph/io/FileError.h>
+#include <vemo/scenegraph/io/NodeInputStream.h>
+
+#include <algorithm>
+#include <fmt/format.h>
+#include <utility>
+
+namespace lum {
+
+namespace {
+
+[[noreturn]] void fail(const std::string& text) {
+  throw io::FileError(io::FileIoStatus::ReadError, text);
+}
+
+void readSignature(io::InputSource& source, std::string_view signature, const char* what) {
+  if (source.getLeft() < signature.size() || source.read(signature.size()) != signature) {
+    throw io::FileError(io::FileIoStatus::UnsupportedFormat, fmt::format("This is no {} stream", what));
+  }
+}
+
+}  // namespace
+
+class NodeInputStream::Connection {
+ public:
+  explicit Connection(int sessionId) : _sessionId(sessionId) {
+    VEMO_REQUIRE(sessionId == NO_SESSION || NodeRegistrySessions::getSingleton().hasSession(sessionId),
+                 "There is no session " + std::to_string(sessionId));
+  }
+
+  int getSessionId() const { return _sessionId; }
+
+  void readScene(io::InputSource& source) {
+    // Numbers are out of step after a failure.
+    if (std::exchange(_isBroken, true)) {
+      fail("A scene stream before this one was broken");
+    }
+    readSignature(source, io::SCENE_SIGNATURE, "scene");
+    std::vector<Ptr<Node>> roots;
+    while (source.getLeft() > 0) {
+      roots.push_back(readMessage(source));
+    }
+    for (const auto& root : roots) {
+      keep(*root);
+    }
+    _isBroken = false;
+    requireFit(_binder.provideKnown());
+  }
+
+  void readData(io::InputSource& source) {
+    readSignature(source, io::DATA_SIGNATURE, "data");
+    std::uint8_t size = 0;
+    source.read(&size, 1);
+    const std::string bytes = source.read(size);
+    io::ByteReader head(bytes);
+    const std::size_t chunk = head.index("array", _tables.getChunks().size());
+    const io::ChunkRow row = io::readRow(head, _tables.getStringCount());
+    if (row != _tables.getChunks()[chunk] || head.left() != 0 || source.getLeft() != row.bytes()) {
+      fail(fmt::format("This is not array {} of the scene stream", chunk));
+    }
+    if (_binder.has(chunk)) {
+      fail(fmt::format("Array {} came twice", chunk));
+    }
+    const auto array = io::readArray(source, row);
+    if (row.name != 0) {
+      array->SetName(_tables.getName(row).c_str());
+    }
+    requireFit(_binder.provide(chunk, *array));
+  }
+
+  std::vector<Ptr<Node>> getRoots() const {
+    std::vector<Ptr<Node>> roots;
+    for (const auto& root : _roots) {
+      if (root) {
+        roots.emplace_back(root.get());
+      }
+    }
+    return roots;
+  }
+
+ private:
+  Ptr<Node> readMessage(io::InputSource& source) {
+    std::uint64_t sizeAndHash[2];
+    source.read(sizeAndHash, sizeof sizeAndHash);
+    const std::string bytes = source.read(sizeAndHash[0]);
+    if (io::hashOf(bytes) != sizeAndHash[1]) {
+      fail("The scene stream is damaged");
+    }
+    io::ByteReader in(bytes);
+    _tables.read(in);
+    io::GraphDecoder decoder(_tables, _binder, _sessionId);
+    decoder.setKnown(_nodes);
+    const Ptr<Node> root = decoder.decode(in.text("graph"));
+    if (in.left() != 0) {
+      fail(fmt::format("{} bytes follow a graph", in.left()));
+    }
+    _nodes.insert(_nodes.end(), decoder.getNewNodes().begin(), decoder.getNewNodes().end());
+    return root;
+  }
+
+  void keep(Node& root) {
+    if (std::ranges::any_of(_roots, [&](const auto& known) { return known.get() == &root; })) {
+      return;
+    }
+    _roots.emplace_back(&root);
+    if (_sessionId != NO_SESSION) {
+      NodeRegistry::getSingleton(_sessionId).keep(root);
+    } else {
+      _kept.emplace_back(&root);
+    }
+  }
+
+  static void requireFit(const std::string& fault) {
+    if (!fault.empty()) {
+      fail(fault);
+    }
+  }
+
+  int _sessionId;
+  bool _isBroken = false;
+  io::TableReader _tables;
+  io::ArrayBinder _binder;
+  // By their numbers.
+  io::GraphDecoder::KnownNodes _nodes;
+  std::vector<WeakPtr<Node>> _roots;
+  std::vector<Ptr<Node>> _kept;
+};
+
+NodeInputStream::NodeInputStream(int sessionId) : _connection(std::make_unique<Connection>(sessionId)) {}
+NodeInputStream::~NodeInputStream() = default;
+
+void NodeInputStream::readScene(std::istream& in) {
+  io::InputSource source(in);
+  _connection->readScene(source);
+}
+
+void NodeInputStream::readData(std::istream& in) {
+  io::InputSource source(in);
+  _connection->readData(source);
+}
+
+int NodeInputStream::getSessionId() const {
+  return _connection->getSessionId();
+}
+
+std::vector<Ptr<Node>> NodeInputStream::getRoots() const {
+  return _connection->getRoots();
+}
+
+}  // namespace lum

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <vemo/base/Vector.h>
+#include <vemo/import/Color.h>
+#include <vemo/import/Export.h>
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vemo {
+
+/// One element of the scene description. A parent owns its children. Names of
+/// attributes and children are compared exactly.
+class VEMO_IMPORT_EXPORT QxElement {
+ public:
+  using Attributes = std::map<std::string, std::string>;
+  using Children = std::vector<std::unique_ptr<QxElement>>;
+
+  explicit QxElement(std::string name);
+  /// Takes no more stack for a deep tree than for a flat one.
+  ~QxElement();
+  QxElement(const QxElement&) = delete;
+  QxElement& operator=(const QxElement&) = delete;
+
+  const std::string& getName() const { return _name; }
+
+  /// The last run of characters that the XML parser reported directly inside
+  /// the element.
+  const std::string& getText() const { return _text; }
+  void setText(std::string text);
+
+  const Attributes& getAttributes() const { return _attributes; }
+  void setAttribute(const std::string& name, const std::string& value) { _attributes[name] = value; }
+
+  /// In document order.
+  const Children& getChildren() const { return _children; }
+  QxElement& addChild(std::unique_ptr<QxElement> child);
+
+  /// The first child of that name; null when there is none.
+  const QxElement* findChild(const std::string& name) const;
+
+  /// The line of the description on which the element starts; 0 for one that
+  /// was made in code.
+  int getLine() const { return _line; }
+  void setLine(int line) { _line = line; }
+
+  /// The stored value; null when the attribute is absent.
+  const std::string* findAttribute(const std::string& name) const;
+
+  /// A copy of the value; null when the attribute is absent.
+  std::unique_ptr<std::string> getString(const std::string& name) const;
+
+  /// True only for "true", in small letters.
+  bool getBool(const std::string& name) const;
+
+  /// See QxString::parseInt, in base 10.
+  int getInt(const std::string& name, int defaultValue = 0) const;
+
+  /// See QxString::parseDouble; 0 when the attribute is absent.
+  double getDouble(const std::string& name) const;
+
+  /// See Color::parse. An absent attribute is an error like one that is too
+  /// short.
+  Color getColor(const std::string& name) const;
+
+  /// Sets `out` to the attributes "x", "y" and "z" of the first child of that
+  /// name. Without such a child, gives false and leaves `out` alone.
+  bool getVector3(const std::string& childName, Vector<3, double>& out) const;
+
+ private:
+  std::string _name;
+  std::string _text;
+  Attributes _attributes;
+  Children _children;
+  int _line = 0;
+};
+
+}  // namespace vemo

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <vemo/import/Export.h>
+
+#include <string>
+
+namespace lum {
+class SceneNode;
+}
+
+namespace vemo {
+
+/// Turns an old scene file into a scene-graph database.
+class VEMO_IMPORT_EXPORT SceneConverter {
+ public:
+  SceneConverter(const std::wstring& inputPath, const std::wstring& outputPath);
+
+  /// Reads the input, converts it and writes the output. An archive that
+  /// carries a scene graph of its own is passed through, any other is converted
+  /// item by item.
+  ///
+  /// Failures to read or convert are thrown: the module's exceptions, and
+  /// InternalError. An output that cannot be written is only logged; it is not
+  /// there then, or what it was before.
+  void run() const;
+
+ private:
+  /// False when the output cannot be opened.
+  bool write(lum::SceneNode& sceneNode) const;
+
+  std::wstring _inputPath;
+  std::wstring _outputPath;
+};
+
+}  // namespace vemo

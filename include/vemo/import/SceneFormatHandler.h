@@ -1,0 +1,58 @@
+#pragma once
+
+#include <vemo/import/Export.h>
+#include <vemo/scenegraph/io/FileIoStatus.h>
+
+#include <functional>
+#include <iosfwd>
+#include <list>
+#include <string>
+
+namespace vemo {
+
+/// The door of the import module: opens scene files of both generations for a
+/// host. Old ones are converted into temporary files, which are deleted when
+/// the process ends. Used from one thread at a time.
+class VEMO_IMPORT_EXPORT SceneFormatHandler {
+ public:
+  enum SceneFormat {
+    UnknownFormat = 0,
+    FileMissing = 1,
+    FileUnreadable = 2,
+    /// An old scene: a zip archive with an entry "scene.xml".
+    ZippedScene = 3,
+    /// A new scene: a scene-graph database.
+    SceneDatabase = 4,
+  };
+
+  /// Opens the new generation of a scene file, of which it is given the path.
+  using LoadingFunction = std::function<bool(const std::wstring& path)>;
+
+  /// Finds out what the file is, converts it if it is an old scene, and calls
+  /// the loading function with a scene-graph database. Faults that are no
+  /// exceptions are explained on the message stream. Exceptions of reading and
+  /// converting pass through.
+  static lum::io::FileIoStatus loadVemoScene(const std::wstring& path, LoadingFunction load,
+                                             std::ostream& messages);
+
+  /// Throws the archive reader's exceptions for a file that only starts like a
+  /// zip archive.
+  static SceneFormat detectSceneFormat(const std::wstring& path, std::ostream& messages);
+
+  /// Converts an old scene into a temporary file and gives its path.
+  static std::wstring convertZippedScene(const std::wstring& path);
+
+  /// Whether a zip archive holds an entry of exactly the name "scene.xml".
+  static bool containsSceneInZip(const std::wstring& path);
+
+  /// Whether a file that starts with these four bytes may be a zip archive.
+  static bool isZipSignature(const char* bytes);
+
+ private:
+  static void clearTemporaryFiles();
+
+  /// Outlives every at-exit function: it is never destroyed.
+  static std::list<std::wstring>& _filesToDelete;
+};
+
+}  // namespace vemo

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <vemo/import/Readable.h>
+
+#include <string>
+
+namespace vemo {
+
+/// A part of a scene that has a name.
+class VEMO_IMPORT_EXPORT SceneItem : public Readable {
+ public:
+  explicit SceneItem(std::string name);
+  SceneItem(const SceneItem&) = default;
+  SceneItem& operator=(const SceneItem&) = default;
+  ~SceneItem() override;
+
+  /// Reads the name: empty when the element states none.
+  void read(const QxElement& element, SceneFileReader* reader) override;
+
+  virtual bool isAssembly() { return false; }
+  virtual bool isBackground() const { return false; }
+
+  const std::string& getName() const { return _name; }
+
+  /// What an element is called in the path of an item: by its name, or by its
+  /// kind when it has none.
+  static const std::string& pathName(const QxElement& element);
+
+ protected:
+  void readImpl(const QxElement& element, SceneFileReader* reader);
+
+ private:
+  static inline const std::string XML_ATTRIB_NAME = "name";
+
+  std::string _name;
+};
+
+}  // namespace vemo

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <vemo/import/Export.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vemo {
+
+/// The entries of a zip archive, indexed by name once. Not supported, and
+/// refused when such an entry is read: encryption, methods other than "stored"
+/// and "deflated", entries larger than an int counts. Of entries of the same
+/// name the last in the archive wins.
+///
+/// Copies share the open archive, which the last of them closes; they must not
+/// be used at the same time.
+class VEMO_IMPORT_EXPORT ZipFileReader {
+ public:
+  /// What getSize gives for all larger entries: the largest whole number of
+  /// 32-bit values. They cannot be read.
+  static constexpr int SIZE_LIMIT = 0x7ffffffc;
+
+  /// A deflated byte stands for at most four matches of 258 bytes: a match
+  /// takes no fewer than two bits.
+  static constexpr std::uint64_t MAX_DEFLATE_RATIO = 1032;
+
+  /// Throws FileNotFoundException, IOException when the owner has no
+  /// permission to read, or ZipException.
+  explicit ZipFileReader(const std::wstring& path);
+
+  const std::wstring& getPath() const { return _path; }
+
+  /// Of the archive file, in bytes.
+  std::uint64_t getFileSize() const { return _fileSize; }
+
+  /// Distinct names.
+  int getEntryCount() const { return static_cast<int>(_entries.size()); }
+
+  /// Names ascend byte by byte. An index of 0 or less gives the first name,
+  /// one past the last an empty string.
+  std::string getEntryName(int index) const;
+
+  /// The size in bytes of the uncompressed content; -1 when there is no entry
+  /// of exactly that name.
+  int getSize(const std::string& name) const;
+
+  /// Whether the entry can be of the size that it declares: false for what is
+  /// not supported, and when the compressed bytes cannot become that many.
+  /// Ask before making room for a size that a stranger wrote down.
+  bool isSizePossible(const std::string& name) const;
+
+  /// Fills the buffer, of getSize bytes, with the entry's content. What an
+  /// entry that ends early leaves open is set to zero; a wrong checksum passes.
+  /// False when there is no such entry, or it cannot be read.
+  bool read(const std::string& name, char* buffer) const;
+
+ private:
+  struct Entry {
+    std::string name;
+    /// Where the entry stands in the archive's directory, and its number there.
+    std::uint64_t directoryOffset;
+    std::uint64_t directoryIndex;
+    std::uint64_t compressedSize;
+    std::uint64_t uncompressedSize;
+    std::uint64_t method;
+    std::uint64_t flags;
+  };
+
+  void indexEntries();
+  Entry readDirectoryEntry() const;
+  void sortEntries();
+  const Entry* findEntry(const std::string& name) const;
+  bool isSizePossible(const Entry& entry) const;
+  bool readContent(const Entry& entry, char* buffer) const;
+
+  std::wstring _path;
+  std::uint64_t _fileSize = 0;
+  std::shared_ptr<void> _handle;
+  /// By name.
+  std::vector<Entry> _entries;
+};
+
+}  // namespace vemo

@@ -1,0 +1,109 @@
+#pragma once
+
+#include <vemo/import/GraphicsItem.h>
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace lum {
+class Node;
+}
+
+namespace vemo {
+
+class Colormap;
+class Legend;
+class Transform;
+
+/// A group of items. It also holds colormaps, of which one is active and
+/// colours whatever in the group is coloured by data, a legend and a transform.
+class VEMO_IMPORT_EXPORT AssemblyItem : public GraphicsItem {
+ public:
+  static inline const std::string XML_ENTITY = "assembly";
+
+  explicit AssemblyItem(std::string name);
+  ~AssemblyItem() override;
+
+  void read(const QxElement& element, SceneFileReader* reader) override;
+  bool isAssembly() override { return true; }
+
+  /// Sets the assembly's own visibility and makes all children fully visible.
+  void setVisibility(double visibility) override;
+
+  /// Whether the assembly or one of its direct children is hidden.
+  bool hasHiddenItems() const;
+
+  /// In document order.
+  std::vector<std::unique_ptr<GraphicsItem>>& getChildren() { return _children; }
+  const std::vector<std::unique_ptr<GraphicsItem>>& getChildren() const { return _children; }
+  void add(std::unique_ptr<GraphicsItem> child);
+
+  /// Replaces a colormap of the same name.
+  void addColormap(std::unique_ptr<Colormap> colormap);
+  void setActiveArrayName(const std::string& name);
+
+  /// The colormap named like the active array, else the first by name; null
+  /// when there is none.
+  const Colormap* getActiveColormap() const;
+  /// Null when there is none of that name.
+  const Colormap* findColormap(const std::string& name) const;
+
+  void setLegend(std::unique_ptr<Legend> legend);
+  void setTransform(std::unique_ptr<Transform> transform);
+
+  /// Converts the children, then legend, colormap and transform. An assembly
+  /// without children converts to nothing at all.
+  void addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int level,
+                       const std::string& parentName) const override;
+
+ protected:
+  int version() const { return VERSION; }
+  bool alwaysHaveVersionSaved() const { return true; }
+
+  /// What is read of every assembly, the scene itself among them.
+  void readBase(const QxElement& element, SceneFileReader* reader);
+  /// Reads the child elements.
+  void readImpl(const QxElement& element, SceneFileReader* reader);
+
+  /// Converts the children into the collection itself at level 0, at any other
+  /// level into the collection of the assembly's name in it. Gives the
+  /// collection that received the children; null when there are none.
+  /// @param share whether the children find that collection in the shared record
+  lum::DrawableCollection* processChildren(SharedBySiblings& shared, lum::DrawableCollection& collection,
+                                           int level, bool share) const;
+
+ private:
+  /// Gives the child that is to be read from the element, or reads from it
+  /// something that is no child and gives null.
+  using ReadingCommand = std::unique_ptr<GraphicsItem> (AssemblyItem::*)(const QxElement&, SceneFileReader*);
+
+  void makeReadingCommandsMap();
+  void readChild(const QxElement& element, SceneFileReader* reader);
+
+  template <class T>
+  std::unique_ptr<GraphicsItem> makeChild(const QxElement& element, SceneFileReader* reader);
+  template <class T>
+  std::unique_ptr<GraphicsItem> readTransform(const QxElement& element, SceneFileReader* reader);
+  template <class T>
+  std::unique_ptr<GraphicsItem> readAside(const QxElement& element, SceneFileReader* reader);
+  std::unique_ptr<GraphicsItem> readColormap(const QxElement& element, SceneFileReader* reader);
+  std::unique_ptr<GraphicsItem> readLegend(const QxElement& element, SceneFileReader* reader);
+
+  /// What is converted after the children.
+  void convertExtras(SharedBySiblings& shared, lum::DrawableCollection& target, int level) const;
+  void convertLegend(SharedBySiblings& shared, int level) const;
+  void applyColormap(lum::Node& target) const;
+  void applyTransform(lum::DrawableCollection& target) const;
+
+  std::unique_ptr<Legend> _legend;
+  std::unique_ptr<std::string> _activeArrayName;
+  std::vector<std::unique_ptr<GraphicsItem>> _children;
+  std::map<std::string, std::unique_ptr<Colormap>> _colormaps;
+  /// By the name of the child element; there while children are read.
+  std::map<std::string, ReadingCommand> _readingCommands;
+  std::unique_ptr<Transform> _transform;
+};
+
+}  // namespace vemo

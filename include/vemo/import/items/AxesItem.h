@@ -1,0 +1,56 @@
+#pragma once
+
+#include <vemo/base/Vector.h>
+#include <vemo/import/Color.h>
+#include <vemo/import/GraphicsItem.h>
+
+#include <vtkSmartPointer.h>
+
+#include <string>
+
+class vtkTextActor;
+
+namespace vemo {
+
+/// The triad in a corner of the window that shows how the model is turned.
+class VEMO_IMPORT_EXPORT AxesItem : public GraphicsItem {
+ public:
+  static inline const std::string XML_ENTITY = "axes";
+
+  explicit AxesItem(std::string name);
+  ~AxesItem() override;
+
+  void read(const QxElement& element, SceneFileReader* reader) override;
+
+  /// Adds the triad to the scene's orientation canvas. The scene's model canvas
+  /// must have its camera already, which the triad turns with.
+  void addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int level,
+                       const std::string& parentName) const override;
+
+  void setAxes(const Vector<3, double>& x, const Vector<3, double>& y, const Vector<3, double>& z);
+  const Vector<3, double>& getXAxis() const { return _xAxis; }
+  const Vector<3, double>& getYAxis() const { return _yAxis; }
+  const Vector<3, double>& getZAxis() const { return _zAxis; }
+
+  void setTextColor(Color color) { _textColor = color; }
+  Color getTextColor() const { return _textColor; }
+
+  /// The label of axis 0, 1 or 2 for who draws the triad with VTK, a little
+  /// beyond the axis's end. Made at the first request, brought up to date at
+  /// each. VTK's OpenGL module must be there.
+  vtkTextActor* getLabel(int axis);
+
+ private:
+  static inline const std::string XML_X_AXIS = "xaxis";
+  static inline const std::string XML_Y_AXIS = "yaxis";
+  static inline const std::string XML_Z_AXIS = "zaxis";
+  static inline const std::string XML_ATTRIB_TEXT_COLOR = "textColor";
+
+  Vector<3, double> _xAxis{1.0, 0.0, 0.0};
+  Vector<3, double> _yAxis{0.0, 1.0, 0.0};
+  Vector<3, double> _zAxis{0.0, 0.0, 1.0};
+  Color _textColor{0, 0, 0, 255};
+  Vector<3, vtkSmartPointer<vtkTextActor>> _labels;
+};
+
+}  // namespace vemo

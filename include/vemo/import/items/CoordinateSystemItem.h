@@ -1,0 +1,35 @@
+#pragma once
+
+#include <vemo/import/items/AxesItem.h>
+
+namespace vemo {
+
+/// A triad that stands in the model, with labels of its own.
+class VEMO_IMPORT_EXPORT CoordinateSystemItem : public AxesItem {
+ public:
+  static inline const std::string XML_ENTITY = "coordinatesystem";
+
+  explicit CoordinateSystemItem(std::string name);
+  ~CoordinateSystemItem() override;
+
+  void read(const QxElement& element, SceneFileReader* reader) override;
+  void addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int level,
+                       const std::string& parentName) const override;
+
+  const Vector<3, double>& getOrigin() const { return _origin; }
+  void setOrigin(const Vector<3, double>& origin) { _origin = origin; }
+  const Vector<3, std::string>& getAxesLabels() const { return _axesLabels; }
+  void setAxesLabels(const Vector<3, std::string>& labels) { _axesLabels = labels; }
+
+ protected:
+  void readImpl(const QxElement& element, SceneFileReader* reader);
+
+ private:
+  static inline const std::string XML_ORIGIN = "origin";
+  static inline const std::string XML_ATTRIB_LABELS[3] = {"xlabel", "ylabel", "zlabel"};
+
+  Vector<3, double> _origin{};
+  Vector<3, std::string> _axesLabels{};
+};
+
+}  // namespace vemo

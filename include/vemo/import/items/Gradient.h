@@ -1,0 +1,40 @@
+#pragma once
+
+#include <vemo/import/Color.h>
+#include <vemo/import/GraphicsItem.h>
+#include <vemo/scenegraph/canvas/CanvasAttributes.h>
+
+#include <string>
+
+namespace vemo {
+
+/// A background that runs from one colour to another.
+class VEMO_IMPORT_EXPORT Gradient : public GraphicsItem {
+ public:
+  static inline const std::string XML_ENTITY = "gradient";
+
+  explicit Gradient(std::string name);
+  ~Gradient() override;
+
+  void read(const QxElement& element, SceneFileReader* reader) override;
+
+  /// SOLID, which no gradient should have, when the element names no mode.
+  lum::BackgroundColorModes getMode() const { return _mode; }
+  const Color& getTopColor() const { return _topColor; }
+  const Color& getBottomColor() const { return _bottomColor; }
+
+  /// Adds nothing: a background is no drawable.
+  void addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int level,
+                       const std::string& parentName) const override;
+
+ private:
+  static inline const std::string XML_ATTRIB_TOP_COLOR = "topColor";
+  static inline const std::string XML_ATTRIB_BOTTOM_COLOR = "bottomColor";
+  static inline const std::string XML_ATTRIB_MODE = "mode";
+
+  Color _topColor;
+  Color _bottomColor;
+  lum::BackgroundColorModes _mode = lum::BackgroundColorModes::SOLID;
+};
+
+}  // namespace vemo

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <vemo/import/Color.h>
+#include <vemo/import/Readable.h>
+
+#include <string>
+
+namespace lum {
+class Light;
+}
+
+namespace vemo {
+
+/// A light of the scene. It moves with the camera.
+class VEMO_IMPORT_EXPORT Light : public Readable {
+ public:
+  static inline const std::string XML_ENTITY = "light";
+
+  ~Light() override;
+
+  /// Replaces everything: a number that the element does not state is 0.
+  void read(const QxElement& element, SceneFileReader* reader) override;
+
+  void convertTo(lum::Light& light) const;
+
+ private:
+  static inline const std::string XML_ATTRIB_INTENSITY = "intensity";
+  static inline const std::string XML_ATTRIB_AZIMUTH = "azimuth";
+  static inline const std::string XML_ATTRIB_ELEVATION = "elevation";
+  static inline const std::string XML_ATTRIB_COLOR = "color";
+
+  double _intensity = 0.5;
+  /// In degrees, seen from the viewer.
+  double _azimuth = 45.0;
+  double _elevation = 45.0;
+  Color _color{255, 255, 255, 255};
+};
+
+}  // namespace vemo

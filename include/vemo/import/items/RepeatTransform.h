@@ -1,0 +1,30 @@
+#pragma once
+
+#include <vemo/import/items/GeometryTransform.h>
+
+#include <cstdint>
+#include <string>
+
+namespace vemo {
+
+/// The assembly shown several times.
+class VEMO_IMPORT_EXPORT RepeatTransform : public GeometryTransform {
+ public:
+  static inline const std::string XML_ENTITY = "repeat";
+
+  ~RepeatTransform() override;
+
+  /// Reads the number of repeats only, 0 when none is stated.
+  void read(const QxElement& element, SceneFileReader* reader) override;
+
+  int getRepeatCount() const override { return _repeatCount; }
+  void apply(lum::Transform& target) const override;
+  lum::Transform* makeLumTransform(lum::BaseAttributes& attributes) const override;
+
+ private:
+  static inline const std::string XML_ATTRIB_REPEATS = "nRepeats";
+
+  std::int32_t _repeatCount = 1;
+};
+
+}  // namespace vemo

@@ -1,0 +1,110 @@
+#pragma once
+
+#include <vemo/import/Array_t.h>
+#include <vemo/import/Camera.h>
+#include <vemo/import/Color.h>
+#include <vemo/import/items/AssemblyItem.h>
+
+#include <list>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace lum {
+class SceneCanvas;
+}
+
+namespace vemo {
+
+class ClippingPlane;
+class Gradient;
+class Light;
+
+/// The root of an old scene: the items, and what belongs to the whole picture.
+/// It also carries the blocks of the scene graph that an archive may hold
+/// beside them.
+class VEMO_IMPORT_EXPORT Scene : public AssemblyItem {
+ public:
+  static inline const std::string XML_ENTITY = "scene";
+
+  /// The camera and the window as they were when the scene was saved.
+  class VEMO_IMPORT_EXPORT View : public Readable {
+   public:
+    static inline const std::string XML_ENTITY = "view";
+
+    ~View() override;
+
+    /// Vectors that the element does not state stay as they are, everything
+    /// else is replaced.
+    void read(const QxElement& element, SceneFileReader* reader) override;
+
+    const Camera& getCamera() const { return _camera; }
+
+   private:
+    static inline const std::string XML_POSITION = "position";
+    static inline const std::string XML_UP = "up";
+    static inline const std::string XML_FOCAL_POINT = "focalPt";
+    static inline const std::string XML_ATTRIB_PERSPECTIVE = "perspective";
+    static inline const std::string XML_ATTRIB_PARALLEL_SCALE = "parallelScale";
+    static inline const std::string XML_ATTRIB_WINDOW_WIDTH = "windowWidth";
+    static inline const std::string XML_ATTRIB_WINDOW_HEIGHT = "windowHeight";
+    static inline const std::string XML_ATTRIB_WINDOW_X = "windowX";
+    static inline const std::string XML_ATTRIB_WINDOW_Y = "windowY";
+
+    Camera _camera;
+  };
+
+  explicit Scene(const std::string& name);
+  ~Scene() override;
+
+  void read(const QxElement& element, SceneFileReader* reader) override;
+
+  /// Converts the camera, the items, the clipping planes and the lights into
+  /// the scene node that the shared record holds. Planes and lights are added
+  /// to those that are there already.
+  void addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int level,
+                       const std::string& parentName) const override;
+
+  void addClippingPlane(std::unique_ptr<ClippingPlane> plane);
+  /// In document order, as the mappers of VTK need them.
+  std::vector<ClippingPlane*> getClippingPlanes() const;
+  void addLight(std::unique_ptr<Light> light);
+
+  Color getBackgroundColor() const { return _backgroundColor; }
+  /// Takes the place of the background colour; null when there is none.
+  const Gradient* getGradient() const { return _gradient.get(); }
+  const Camera& getCamera() const { return _view.getCamera(); }
+
+  /// The scene owns the block from now on; one that it had before goes back to
+  /// whoever set it.
+  void setLUMSceneFile(Array_t<unsigned char> file);
+  Array_t<unsigned char> getLUMSceneFile() const { return _lumSceneFile.get(); }
+
+  /// The block stays with whoever adds it.
+  void addLUMDataFile(Array_t<unsigned char> file);
+  /// In the order in which they were added.
+  const std::list<Array_t<unsigned char>>& getLUMDataFiles() const { return _lumDataFiles; }
+
+ protected:
+  bool alwaysHaveVersionSaved() const { return false; }
+
+  void readImpl(const QxElement& element, SceneFileReader* reader);
+
+ private:
+  static inline const std::string XML_ATTRIB_BACKGROUND = "background";
+
+  void readChild(const QxElement& element, SceneFileReader* reader);
+  void convertCamera(lum::SceneCanvas& canvas) const;
+  void convertClipPlanes(lum::SceneCanvas& canvas) const;
+  void convertLights(lum::SceneCanvas& canvas) const;
+
+  Color _backgroundColor{0, 0, 0, 255};
+  std::unique_ptr<Gradient> _gradient;
+  std::vector<std::unique_ptr<ClippingPlane>> _clippingPlanes;
+  std::vector<std::unique_ptr<Light>> _lights;
+  View _view;
+  ArrayOwner<unsigned char> _lumSceneFile;
+  std::list<Array_t<unsigned char>> _lumDataFiles;
+};
+
+}  // namespace vemo

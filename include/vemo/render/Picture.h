@@ -1,0 +1,60 @@
+#pragma once
+
+#include <vemo/render/Export.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <vector>
+
+class vtkRenderWindow;
+
+namespace vemo {
+
+/// What was drawn: rows of pixels from top to bottom, three bytes (red, green,
+/// blue) a pixel.
+class VEMO_RENDER_EXPORT Picture {
+ public:
+  static constexpr int CHANNELS = 3;
+  using Pixel = std::array<std::uint8_t, CHANNELS>;
+
+  /// A black picture. Sizes are in pixels, at least 1.
+  Picture(int width, int height);
+
+  /// What a render window shows, read back from it. The window has been drawn.
+  static Picture of(vtkRenderWindow& window);
+
+  int getWidth() const { return _width; }
+  int getHeight() const { return _height; }
+
+  /// The pixel in a column, counted from the left, and a row, counted from the
+  /// top.
+  Pixel at(int column, int row) const;
+  void set(int column, int row, const Pixel& pixel);
+
+  /// The picture smaller by a whole factor that divides its width and height:
+  /// each pixel is the mean of a square.
+  Picture shrunk(int factor) const;
+
+  const std::vector<std::uint8_t>& getBytes() const { return _bytes; }
+
+  /// The picture as the bytes of a PNG file; the same picture gives the same
+  /// bytes.
+  std::vector<std::uint8_t> toPng() const;
+
+  /// Writes the picture as a PNG file. The file is there whole or, when
+  /// PictureWriteError is thrown, as it was before.
+  void writePng(const std::filesystem::path& path) const;
+
+  friend bool operator==(const Picture&, const Picture&) = default;
+
+ private:
+  std::size_t offset(int column, int row) const;
+
+  int _width;
+  int _height;
+  std::vector<std::uint8_t> _bytes;
+};
+
+}  // namespace vemo

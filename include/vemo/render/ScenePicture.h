@@ -1,0 +1,24 @@
+#pragma once
+
+#include <vemo/render/Export.h>
+#include <vemo/render/Picture.h>
+
+namespace lum {
+class SceneNode;
+}
+
+namespace vemo {
+
+struct RenderOptions {
+  /// In pixels, at least 1.
+  int width = 1024;
+  int height = 768;
+};
+
+/// Draws a scene off screen as a viewer would show it. Needs no display; leaves
+/// the calling thread the OpenGL context that it has. Throws
+/// RenderingUnavailable where there is no OpenGL, or none that draws pictures
+/// so large; RenderError for too large a scene.
+VEMO_RENDER_EXPORT Picture renderPicture(const lum::SceneNode& scene, const RenderOptions& options = {});
+
+}  // namespace vemo

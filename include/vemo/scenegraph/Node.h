@@ -1,0 +1,156 @@
+#pragma once
+
+#include <vemo/base/SameBits.h>
+#include <vemo/scenegraph/Field.h>
+#include <vemo/scenegraph/NodeInitializer.h>
+#include <vemo/scenegraph/Object.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+namespace lum::io {
+
+class GraphDecoder;
+
+}
+
+namespace lum {
+
+using vemo::sameBits;
+
+class NodeRegistry;
+class NodeStream;
+
+/// A named object of the scene graph. It is owned by at most one other node,
+/// may be referred to by any, and lives in a registry session or in none.
+///
+/// A class of nodes says its name once (LUM_NODE), lists its fields once
+/// (listFields) and has one row in NodeFactory.cpp. Reading, writing, printing
+/// and comparing follow from these.
+class VEMO_SCENEGRAPH_EXPORT Node : public Object {
+ public:
+  /// No node of a graph that is read or written is further than this from the
+  /// graph's root, which is at depth 1.
+  static constexpr int MAXIMUM_DEPTH = 256;
+
+  explicit Node(const NodeInitializer& initializer);
+
+  /// The C++ name of the node's class, without its namespace.
+  virtual const std::string& className() const = 0;
+
+  const std::string& getName() const { return _name; }
+  void setName(const std::string& name);
+
+  /// Nothing until it is set.
+  const std::optional<std::string>& getQualifiedName() const { return _qualifiedName; }
+  void setQualifiedName(const std::string& name);
+
+  /// NO_SESSION outside any session.
+  int getSessionId() const { return _sessionId; }
+
+  /// The node that owns this one; null for a root.
+  Node* getOwner() const { return _owner; }
+
+  /// The nodes that this one owns, each once, in order.
+  std::vector<Node*> getDependents() const;
+
+  /// Appends the class's fields, those of its base class first.
+  virtual void listFields(FieldList& fields);
+
+  /// The fields of a node that is only looked at: nothing may be written
+  /// through them.
+  FieldList getFields() const;
+
+  /// Grows with every change to any node; 0 for a node that has kept what its
+  /// constructor gave it.
+  std::uint64_t getModificationTime() const { return _modificationTime; }
+
+  /// Writes the node and all that it owns.
+  void write(NodeStream& stream) const;
+
+  /// Writes those nodes of this graph that changed since the stream last saw
+  /// them.
+  void writeChanges(NodeStream& stream) const;
+
+ protected:
+  ~Node() override;
+
+  /// Marks the node as changed.
+  void modified();
+
+  /// Gives a member a new value and marks the node as changed if it differs.
+  template <class T>
+  void assign(T& member, const std::type_identity_t<T>& value) {
+    if (!sameBits(member, value)) {
+      member = value;
+      modified();
+    }
+  }
+
+  /// Called after an owned node has got another name.
+  virtual void dependentRenamed(Node& node, const std::string& formerName);
+
+ private:
+  friend class CollectionNode;
+  friend class NodeRegistry;
+  friend class OwnedSlot;
+  friend class io::GraphDecoder;
+
+  std::string _name;
+  std::optional<std::string> _qualifiedName;
+  Node* _owner = nullptr;
+  // The node's place among its siblings in a collection: grows from first to
+  // last, with gaps.
+  std::uint64_t _order = 0;
+  std::uint64_t _modificationTime = 0;
+  // The session's registry links its nodes in a ring-free list.
+  NodeRegistry* _registry = nullptr;
+  Node* _previousInSession = nullptr;
+  Node* _nextInSession = nullptr;
+  int _sessionId;
+};
+
+/// Says the name of a node class and its base class.
+#define LUM_NODE(Class, Base)                     \
+ public:                                          \
+  using Superclass = Base;                        \
+  using Superclass::Superclass;                   \
+  static const std::string& getClassName() {      \
+    static const std::string name = #Class;       \
+    return name;                                  \
+  }                                               \
+  const std::string& className() const override { \
+    return getClassName();                        \
+  }
+
+/// A value of a node with its accessors: LUM_VALUE(double, LineWidth,
+/// _lineWidth, 1.0) declares getLineWidth, setLineWidth and the member.
+#define LUM_VALUE(Type, Name, member, ...) \
+ public:                                   \
+  const Type& get##Name() const {          \
+    return member;                         \
+  }                                        \
+  void set##Name(const Type& value) {      \
+    assign(member, value);                 \
+  }                                        \
+                                           \
+ private:                                  \
+  Type member = __VA_ARGS__;
+
+/// The same for an enumeration, which is kept as its number.
+#define LUM_ENUMERATION(Enum, Name, member, initial)  \
+ public:                                              \
+  Enum get##Name() const {                            \
+    return static_cast<Enum>(member);                 \
+  }                                                   \
+  void set##Name(Enum value) {                        \
+    assign(member, static_cast<std::int32_t>(value)); \
+  }                                                   \
+                                                      \
+ private:                                             \
+  std::int32_t member = static_cast<std::int32_t>(initial);
+
+}  // namespace lum

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <vemo/scenegraph/Node.h>
+#include <vemo/scenegraph/Ptr.h>
+
+#include <string>
+#include <vector>
+
+namespace lum {
+
+/// A new node of the class that the initializer names; empty when there is no
+/// such class, or none of which nodes can be made.
+VEMO_SCENEGRAPH_EXPORT Ptr<Node> createNode(const NodeInitializer& initializer);
+
+/// The names of the classes that createNode knows, sorted.
+VEMO_SCENEGRAPH_EXPORT std::vector<std::string> getNodeClassNames();
+
+}  // namespace lum

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <vemo/scenegraph/Node.h>
+
+#include <vtkSmartPointer.h>
+
+class vtkPolyData;
+
+namespace lum {
+
+/// Points, cells on them, and data arrays over both: a piece of geometry.
+/// Arrays are shared with the poly data given and handed out, never copied.
+class VEMO_SCENEGRAPH_EXPORT PolyDataNode final : public Node {
+  using Point = Vector<3, double>;
+
+ public:
+  LUM_NODE(PolyDataNode, Node)
+
+  /// The point of the geometry that it is held by, in model coordinates.
+  const Point& getAttachmentPoint() const { return _attachmentPoint; }
+  /// `flag`: 0 sets the point and leaves the geometry where it is; any other
+  /// value is refused with InternalError.
+  void setAttachmentPoint(const Point& point, int flag);
+
+  /// Takes points, cells and data arrays over from the poly data, in place of
+  /// those held before.
+  void setPolyData(vtkPolyData* polyData);
+
+  /// A poly data over the arrays held, with the three-component arrays named
+  /// "Normals" as its normals.
+  vtkSmartPointer<vtkPolyData> getPolyData() const;
+
+  /// Adds an array over the points, or over the cells; one of the same name
+  /// that is there already is replaced.
+  void setNodeDataArray(vtkDataArray* array);
+  void setCellDataArray(vtkDataArray* array);
+
+  const ArrayTable& getNodeDataArrays() const { return _nodeDataArrays; }
+  const ArrayTable& getCellDataArrays() const { return _cellDataArrays; }
+  /// Null when the node has no points, or no such cells.
+  vtkDataArray* getPoints() const;
+  vtkCellArray* getVerts() const;
+  vtkCellArray* getLines() const;
+  vtkCellArray* getStrips() const;
+  vtkCellArray* getPolys() const;
+
+  void listFields(FieldList& fields) override;
+
+ private:
+  Point _attachmentPoint;
+  vtkSmartPointer<vtkDataArray> _points;
+  vtkSmartPointer<vtkCellArray> _verts;
+  vtkSmartPointer<vtkCellArray> _lines;
+  vtkSmartPointer<vtkCellArray> _strips;
+  vtkSmartPointer<vtkCellArray> _polys;
+  ArrayTable _nodeDataArrays;
+  ArrayTable _cellDataArrays;
+};
+
+}  // namespace lum

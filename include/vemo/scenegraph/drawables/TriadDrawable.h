@@ -1,0 +1,35 @@
+#pragma once
+
+#include <vemo/scenegraph/Owned.h>
+#include <vemo/scenegraph/attributes/PlacementAttributes.h>
+#include <vemo/scenegraph/attributes/TextAttributes.h>
+#include <vemo/scenegraph/attributes/TriadAttributes.h>
+#include <vemo/scenegraph/canvas/CameraAttributes.h>
+#include <vemo/scenegraph/drawables/Drawable.h>
+
+namespace lum {
+
+/// Three labelled axes. All attributes are made when they are first asked for.
+class VEMO_SCENEGRAPH_EXPORT TriadDrawable final : public Drawable {
+  LUM_NODE(TriadDrawable, Drawable)
+
+  TriadAttributes& getTriadAttributes() { return getAttributes<TriadAttributes>(); }
+  TextAttributes& getTextAttributes() { return getAttributes<TextAttributes>(); }
+  PositionAttributes& getPositionAttributes() { return getAttributes<PositionAttributes>(); }
+  OrientationAttributes& getOrientationAttributes() { return getAttributes<OrientationAttributes>(); }
+
+  /// The camera that the triad turns with, which another canvas owns; null
+  /// when it turns with none.
+  CameraAttributes* getCameraAttributes() const { return _cameraAttributes.get(); }
+  void setCameraAttributes(CameraAttributes* camera) {
+    _cameraAttributes.put(camera);
+    modified();
+  }
+
+  void listFields(FieldList& fields) override;
+
+ private:
+  Reference<CameraAttributes> _cameraAttributes;
+};
+
+}  // namespace lum

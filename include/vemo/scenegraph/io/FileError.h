@@ -1,0 +1,24 @@
+#pragma once
+
+#include <vemo/scenegraph/Export.h>
+#include <vemo/scenegraph/io/FileIoStatus.h>
+
+#include <stdexcept>
+#include <string>
+
+namespace lum::io {
+
+/// A file or stream that cannot be read or written. The text says what is
+/// wrong, in words for whoever gave us the file.
+class VEMO_SCENEGRAPH_EXPORT FileError : public std::runtime_error {
+ public:
+  FileError(FileIoStatus status, const std::string& text);
+  ~FileError() override;
+
+  FileIoStatus getStatus() const { return _status; }
+
+ private:
+  FileIoStatus _status;
+};
+
+}  // namespace lum::io

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <vemo/scenegraph/NodeInitializer.h>
+#include <vemo/scenegraph/Ptr.h>
+#include <vemo/scenegraph/io/NodeStream.h>
+
+#include <memory>
+#include <vector>
+
+namespace lum {
+
+/// The reading end of a connection. The nodes that it decodes live in a
+/// session, whose registry keeps the roots until the session ends; outside of
+/// any session (NO_SESSION) the stream itself keeps them as long as it lives.
+class VEMO_SCENEGRAPH_EXPORT NodeInputStream : public NodeStream {
+ public:
+  /// Throws InternalError for a number that is no open session.
+  explicit NodeInputStream(int sessionId);
+  ~NodeInputStream() override;
+
+  void readScene(std::istream& in) override;
+  void readData(std::istream& in) override;
+
+  int getSessionId() const;
+
+  /// The roots decoded so far that are still alive, in order.
+  std::vector<Ptr<Node>> getRoots() const;
+
+ private:
+  class Connection;
+  std::unique_ptr<Connection> _connection;
+};
+
+}  // namespace lum

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <vemo/scenegraph/Export.h>
+#include <vemo/scenegraph/NodeInitializer.h>
+#include <vemo/scenegraph/Ptr.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace lum {
+
+class Node;
+
+/// Reads a scene-graph database. All failures are io::FileError, with a status
+/// and a text that says what is wrong in which file; broken files are never half read.
+///
+/// Not everything that a later version wrote can be understood: a field that
+/// is unknown here is passed over; a node of an unknown class is left out with
+/// all that it owns, with a warning in the log; a field that the file does not
+/// have keeps its default.
+class VEMO_SCENEGRAPH_EXPORT SDBReader {
+ public:
+  struct Record {
+    std::string title;
+    std::string description;
+    std::string simUUID;
+  };
+
+  /// One array of the file, as `vemoscene info` and `check` tell of it.
+  struct Array {
+    std::uint64_t offset;
+    std::uint64_t bytes;
+    std::string name;
+  };
+
+  /// Opens a database and reads its header and index. NotFound,
+  /// UnsupportedFormat (no database, or one of a later version) or ReadError.
+  explicit SDBReader(const std::wstring& path);
+  SDBReader(const SDBReader&) = delete;
+  SDBReader& operator=(const SDBReader&) = delete;
+  ~SDBReader();
+
+  const std::vector<Record>& getRecords() const { return _records; }
+  std::vector<Array> getArrays() const;
+
+  /// Decodes a record's node with all that it owns, arrays included, in the
+  /// given session or in none. Whoever takes the pointer owns it.
+  Ptr<Node> readNode(std::size_t record, int sessionId = NO_SESSION);
+
+  /// Reads one array and checks it against its hash; throws like readNode.
+  void checkArray(std::size_t array);
+
+ private:
+  class Database;
+  std::string _path;
+  std::unique_ptr<Database> _database;
+  std::vector<Record> _records;
+};
+
+}  // namespace lum

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <vemo/scenegraph/Export.h>
+#include <vemo/scenegraph/io/FileIoStatus.h>
+
+#include <memory>
+#include <string>
+
+namespace lum {
+
+class Node;
+
+/// Writes a scene-graph database. What it writes is in a temporary file beside
+/// the target until `close` moves it into place: whoever opens the target finds
+/// the old file or the whole new one. A writer that goes without `close` leaves
+/// nothing behind.
+///
+/// Failures are statuses; their cause is logged. After one, `close` discards.
+class VEMO_SCENEGRAPH_EXPORT SDBWriter {
+ public:
+  SDBWriter();
+  SDBWriter(const SDBWriter&) = delete;
+  SDBWriter& operator=(const SDBWriter&) = delete;
+  virtual ~SDBWriter();
+
+  /// Starts a database; what was open before is discarded.
+  ///
+  /// `append`: the records of a database that is there already come first.
+  /// `keepExisting`: a file that is there already is refused, now and when the
+  /// new one would be moved into its place.
+  ///
+  /// A target that exists keeps its permissions; one that is a link stays one,
+  /// and what it points at is written; one that is no regular file is refused.
+  io::FileIoStatus open(const std::wstring& path, bool append, bool keepExisting);
+
+  /// Writes one record: a node and all that it owns. `recordNumber` receives
+  /// its number, from 0 on; it is untouched on failure.
+  io::FileIoStatus addRecord(const std::string& title, const std::string& description,
+                             const std::string& simUUID, Node& node, int& recordNumber);
+
+  /// Finishes the database and moves it into place. WriteError, and the target
+  /// as it was, when anything failed since `open`, or nothing is open.
+  io::FileIoStatus close();
+
+ private:
+  class Database;
+  std::unique_ptr<Database> _database;
+};
+
+}  // namespace lum

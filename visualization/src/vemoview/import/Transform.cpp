@@ -1,3 +1,0 @@
-#include "vemoview/import/Transform.h"
-
-Transform::~Transform() = default;

@@ -1,0 +1,98 @@
+#include <vemo/base/InternalError.h>
+#include <vemo/import/QxElement.h>
+#include <vemo/import/SharedBySiblings.h>
+#include <vemo/import/items/AxesItem.h>
+#include <vemo/scenegraph/Logger.h>
+#include <vemo/scenegraph/drawables/TriadDrawable.h>
+
+#include <vtkCoordinate.h>
+#include <vtkTextActor.h>
+#include <vtkTextProperty.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+
+namespace vemo {
+
+namespace {
+
+/// What the triad and its labels need of a parallel view, in triad lengths.
+constexpr double TRIAD_SCALE = 2.2;
+constexpr std::uint32_t OPAQUE_BLACK = 0x000000FF;
+
+/// In axis lengths from the triad's origin.
+constexpr double LABEL_DISTANCE = 1.2;
+constexpr const char* LABEL_TEXTS[] = {"X", "Y", "Z"};
+
+vtkSmartPointer<vtkTextActor> makeLabel(const char* text) {
+  auto label = vtkSmartPointer<vtkTextActor>::New();
+  label->SetInput(text);
+  label->GetTextProperty()->SetFontFamilyToArial();
+  label->GetPositionCoordinate()->SetCoordinateSystemToWorld();
+  return label;
+}
+
+/// The triad is seen as it stands; it is turned by the model's camera.
+void setTriadView(lum::CameraAttributes& camera) {
+  camera.setViewUp({0.0, 1.0, 0.0});
+  camera.setFocalPoint({0.0, 0.0, 0.0});
+  camera.setPosition({0.0, 0.0, -1.0});
+  camera.setProjectionMode(lum::CameraAttributes::ProjectionMode::PARALLEL);
+  camera.setParallelScale(TRIAD_SCALE);
+}
+
+}  // namespace
+
+AxesItem::AxesItem(std::string name) : GraphicsItem(std::move(name)) {}
+AxesItem::~AxesItem() = default;
+
+void AxesItem::setAxes(const Vector<3, double>& x, const Vector<3, double>& y, const Vector<3, double>& z) {
+  _xAxis = x;
+  _yAxis = y;
+  _zAxis = z;
+}
+
+vtkTextActor* AxesItem::getLabel(int axis) {
+  VEMO_REQUIRE(axis >= 0 && axis < 3, "A triad has three axes");
+  const auto index = static_cast<std::size_t>(axis);
+  auto& label = _labels[index];
+  if (!label) {
+    label = makeLabel(LABEL_TEXTS[index]);
+  }
+  const auto& direction = axis == 0 ? _xAxis : axis == 1 ? _yAxis : _zAxis;
+  label->GetPositionCoordinate()->SetValue(LABEL_DISTANCE * direction[0], LABEL_DISTANCE * direction[1],
+                                           LABEL_DISTANCE * direction[2]);
+  label->GetTextProperty()->SetColor(_textColor.getRGB().data());
+  return label;
+}
+
+void AxesItem::read(const QxElement& element, SceneFileReader* reader) {
+  checkVersion(element);
+  GraphicsItem::read(element, reader);
+  // Labels are no reason to keep a scene shut: without a colour they keep theirs.
+  if (element.findAttribute(XML_ATTRIB_TEXT_COLOR) != nullptr) {
+    setTextColor(element.getColor(XML_ATTRIB_TEXT_COLOR));
+  }
+  element.getVector3(XML_X_AXIS, _xAxis);
+  element.getVector3(XML_Y_AXIS, _yAxis);
+  element.getVector3(XML_Z_AXIS, _zAxis);
+}
+
+void AxesItem::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& /*collection*/,
+                               int /*level*/, const std::string& /*parentName*/) const {
+  VEMO_LOG_INFO("***** AxesItem::addToCollection is being added *****");
+  lum::SceneCanvas& orientationCanvas = shared.sceneNode->getOrientationCanvas();
+  const lum::SceneCanvas& modelCanvas = shared.sceneNode->getModelCanvas();
+
+  auto& triad = orientationCanvas.getDrawableCollection().findOrCreate<lum::TriadDrawable>("TriadDrawable");
+  addVisibilityAttrib(triad);
+  setTriadView(orientationCanvas.getCameraAttributes());
+
+  VEMO_REQUIRE(modelCanvas.hasCameraAttributes(), "Must be already set by Scene");
+  triad.setCameraAttributes(modelCanvas.hasCameraAttributes());
+  triad.getTriadAttributes().setUseConstantPixelSize(false);
+  triad.getTextAttributes().setForegroundColor(OPAQUE_BLACK);
+}
+
+}  // namespace vemo

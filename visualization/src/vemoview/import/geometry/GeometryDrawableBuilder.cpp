@@ -1,0 +1,171 @@
+#include "vemoview/import/geometry/GeometryDrawableBuilder.h"
+
+#include "geometry/FiniteBounds.h"
+#include <vemo/base/InternalError.h>
+#include <vemo/import/items/GeometryItem.h>
+#include <vemo/scenegraph/Logger.h>
+#include <vemo/scenegraph/attributes/RenderingAttributes.h>
+
+#include <vtkCellData.h>
+#include <vtkDataArray.h>
+#include <vtkPointData.h>
+#include <vtkPolyData.h>
+
+#include <string_view>
+
+namespace vemo {
+
+namespace {
+
+constexpr std::string_view NORMALS = "Normals";
+
+/// The first array that is data of the scene, and not normals for its shading.
+vtkDataArray* findScalars(vtkDataSetAttributes& data) {
+  for (int i = 0; i < data.GetNumberOfArrays(); ++i) {
+    vtkDataArray* const array = data.GetArray(i);
+    if (array != nullptr && (array->GetName() == nullptr || array->GetName() != NORMALS)) {
+      return array;
+    }
+  }
+  return nullptr;
+}
+
+Vector<3, double> centerOf(vtkPolyData& polyData) {
+  vtkPoints* const points = polyData.GetPoints();
+  const auto bounds = points != nullptr ? geometry::finiteBounds(*points) : std::nullopt;
+  if (!bounds) {
+    VEMO_LOG_WARNING("Investigate this case. Probably, should be caught earlier.");
+    return {};
+  }
+  return bounds->center();
+}
+
+double opacityOf(Color color) {
+  return color.a / 255.0;
+}
+
+lum::PointScaleMode scaleModeOf(int mode) {
+  switch (mode) {
+    case 1:
+      return lum::PointScaleMode::LINEAR;
+    case 2:
+      return lum::PointScaleMode::LOG10;
+    default:
+      return lum::PointScaleMode::CONSTANT;
+  }
+}
+
+}  // namespace
+
+GeometryDrawableBuilder::GeometryDrawableBuilder(const GeometryItem& item, lum::GeometryDrawable& drawable)
+    : _item(item), _drawable(drawable), _colorAttributes(drawable.getColorAttributes()) {
+  VEMO_REQUIRE(_colorAttributes, "must be not NULL");
+}
+
+void GeometryDrawableBuilder::build(const std::string& qualifiedName) {
+  applyRenderingAttributes(addPolyData(qualifiedName));
+  colorByData();
+}
+
+/// Arrays over points and cells come with the poly data.
+lum::PolyDataNode& GeometryDrawableBuilder::addPolyData(const std::string& qualifiedName) {
+  const lum::Ptr<lum::PolyDataNode> node(new lum::PolyDataNode(
+      lum::ClassNameAndSessionNodeInitializer(lum::PolyDataNode::getClassName(), _drawable.getSessionId())));
+  node->setAttachmentPoint(centerOf(*_item.getGeometry()), 0);
+  node->setPolyData(_item.getGeometry());
+  _drawable.addNode(*node);
+  node->setQualifiedName(qualifiedName);
+  return *node;
+}
+
+void GeometryDrawableBuilder::applyRenderingAttributes(const lum::PolyDataNode& node) {
+  _colorAttributes->setColorMode(lum::ColorMode::PLAIN);
+  if (dynamic_cast<lum::SurfaceDrawable*>(&_drawable) != nullptr) {
+    applySurfaceAttributes(node.getName());
+  } else if (dynamic_cast<lum::PolyLineDrawable*>(&_drawable) != nullptr) {
+    applyLineColor(node.getName());
+  } else if (_item.hasPointScale()) {
+    applyPointScale();
+  }
+  applyLighting();
+  _drawable.getAttributes<lum::LineAttributes>().setLineWidth(_item.getLineWidth());
+  _drawable.getAttributes<lum::PointAttributes>().setSize(static_cast<float>(_item.getPointSize()));
+  _drawable.getAttributes<lum::PointSizeAttributes>().setPointSize(_item.getPointSize());
+  _drawable.getBaseAttributes().setClipPlanesEnabled(!_item.getIgnoreClip());
+}
+
+void GeometryDrawableBuilder::applySurfaceAttributes(const std::string& key) {
+  _colorAttributes->setColor(key, _item.getFaceColor().getRGB());
+  _colorAttributes->setOpacity(opacityOf(_item.getFaceColor()), false);
+  _colorAttributes->setColorMode(lum::ColorMode::KEYED);
+  _drawable.getAttributes<lum::SurfaceAttributes>().setShaded(_item.getFacesVisibility());
+  auto& mesh = _drawable.getAttributes<lum::MeshAttributes>();
+  mesh.setMeshVisible(_item.getEdgesVisibility(), false);
+  mesh.setMeshColor(_item.getLineColor().getRGB());
+  _drawable.getAttributes<lum::ContourAttributes>().setContourVisible(_item.getContour());
+}
+
+void GeometryDrawableBuilder::applyLighting() {
+  if (!_item.hasLighting()) {
+    return;
+  }
+  auto& material = _drawable.getAttributes<lum::MaterialAttributes>();
+  material.setAmbient(_item.getAmbient());
+  material.setDiffuse(_item.getDiffuse());
+  material.setSpecular(_item.getSpecular());
+  material.setSpecularPower(_item.getSpecularPower());
+}
+
+/// The range stated, or else that of the array's finite values.
+Vector<2, double> GeometryDrawableBuilder::scaledValues() const {
+  if (const auto* const stated = _item.getPointScaleScalarRange()) {
+    return {(*stated)[0], (*stated)[1]};
+  }
+  vtkDataArray* const values =
+      _item.getGeometry()->GetPointData()->GetArray(_item.getPointScaleScalarName().c_str());
+  Vector<2, double> range{1.0, 0.0};
+  if (values != nullptr) {
+    values->GetFiniteRange(range.data());
+  }
+  return range[0] <= range[1] ? range : Vector<2, double>{0.0, 1.0};
+}
+
+void GeometryDrawableBuilder::applyPointScale() {
+  auto& scale = _drawable.getAttributes<lum::PointScaleAttributes>();
+  scale.setScaleMode(scaleModeOf(_item.getPointScaleMode()));
+  scale.setPixelSize(_item.getPointScalePixelSize() != 0);
+  scale.setScalarName(_item.getPointScaleScalarName());
+  scale.setScalarRange(scaledValues());
+  const auto* const sizes = _item.getPointScaleScalarMapRange();
+  const double size = _item.getPointSize();
+  scale.setMapToRange(sizes != nullptr ? Vector<2, double>{(*sizes)[0], (*sizes)[1]}
+                                       : Vector<2, double>{size, size});
+}
+
+void GeometryDrawableBuilder::applyLineColor(const std::string& key) {
+  const auto color = _item.getLineColor().getRGB();
+  if (findScalars(*_item.getGeometry()->GetPointData()) != nullptr) {
+    _colorAttributes->setColor(key, color);
+  } else {
+    _colorAttributes->setColor(color, false);
+  }
+  _colorAttributes->setOpacity(opacityOf(_item.getLineColor()), false);
+}
+
+void GeometryDrawableBuilder::colorByData() {
+  if (vtkDataArray* const array = findScalars(*_item.getGeometry()->GetCellData())) {
+    colorBy(*array, lum::DataLocation::CELLS);
+  } else if (vtkDataArray* const pointArray = findScalars(*_item.getGeometry()->GetPointData())) {
+    colorBy(*pointArray, lum::DataLocation::POINTS);
+  }
+}
+
+void GeometryDrawableBuilder::colorBy(vtkDataArray& array, lum::DataLocation location) {
+  _colorAttributes->setColorMode(lum::ColorMode::DATA);
+  const char* const name = array.GetName();
+  _drawable.getAttributes<lum::ScalarAttributes>().getDataArray().setDataArrayName(name != nullptr ? name
+                                                                                                   : "");
+  _drawable.getAttributes<lum::DataLocationAttributes>().setDataLocation(location);
+}
+
+}  // namespace vemo

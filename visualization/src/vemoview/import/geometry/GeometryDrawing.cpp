@@ -1,0 +1,160 @@
+// The part of the GeometryItem that draws it directly with VTK.
+
+#include <vemo/base/InternalError.h>
+#include <vemo/import/items/ClippingPlane.h>
+#include <vemo/import/items/Colormap.h>
+#include <vemo/import/items/GeometryItem.h>
+
+#include <vtkActor.h>
+#include <vtkCellData.h>
+#include <vtkLookupTable.h>
+#include <vtkPlane.h>
+#include <vtkPointData.h>
+#include <vtkPolyData.h>
+#include <vtkPolyDataMapper.h>
+#include <vtkProperty.h>
+
+namespace vemo {
+
+namespace {
+
+double opacityOf(Color color) {
+  return color.a / 255.0;
+}
+
+}  // namespace
+
+vtkProperty* GeometryItem::getProperty() const {
+  if (!_property) {
+    _property = vtkSmartPointer<vtkProperty>::New();
+    _property->SetLineWidth(_lineWidth);
+  }
+  return _property;
+}
+
+vtkPolyDataMapper* GeometryItem::getMapper() {
+  if (!_mapper) {
+    _mapper = vtkSmartPointer<vtkPolyDataMapper>::New();
+    VEMO_REQUIRE(_mapper, "VTK's OpenGL module must be there for drawing");
+    _mapper->SetInputData(_polydata);
+  }
+  return _mapper;
+}
+
+vtkActor* GeometryItem::getActor() {
+  if (!_actor) {
+    _actor = vtkSmartPointer<vtkActor>::New();
+    VEMO_REQUIRE(_actor, "VTK's OpenGL module must be there for drawing");
+  }
+  _actor->SetMapper(getMapper());
+  _actor->SetProperty(getProperty());
+  return _actor;
+}
+
+void GeometryItem::setRenderingFlags(vtkPolyDataMapper* mapper) {
+  mapper->SetColorModeToMapScalars();
+  mapper->SetInterpolateScalarsBeforeMapping(true);
+  mapper->SetUseLookupTableScalarRange(true);
+}
+
+void GeometryItem::setScalarArray(vtkPolyDataMapper* mapper, const std::string& name) {
+  const bool isOfCells = _polydata->GetCellData()->HasArray(name.c_str()) != 0;
+  const bool isOfPoints = !isOfCells && _polydata->GetPointData()->HasArray(name.c_str()) != 0;
+  mapper->SetScalarVisibility(isOfCells || isOfPoints);
+  if (isOfCells) {
+    mapper->SetScalarModeToUseCellFieldData();
+  } else {
+    mapper->SetScalarModeToUsePointFieldData();
+  }
+  mapper->SelectColorArray(name.c_str());
+}
+
+void GeometryItem::setScalars(vtkPolyDataMapper* mapper, const Colormap* colormap) {
+  if (colormap == nullptr) {
+    mapper->ScalarVisibilityOff();
+    return;
+  }
+  const auto table = colormap->makeLookupTable();
+  mapper->SetLookupTable(table);
+  mapper->SetScalarRange(table->GetRange());
+}
+
+void GeometryItem::setClippingPlanes(vtkPolyDataMapper* mapper, const std::vector<ClippingPlane*>& planes) {
+  mapper->RemoveAllClippingPlanes();
+  if (_ignoreClip) {
+    return;
+  }
+  for (ClippingPlane* const plane : planes) {
+    mapper->AddClippingPlane(plane->getPlane());
+  }
+}
+
+void GeometryItem::setLineRenderingPropeties(bool asEdges) {
+  vtkProperty& property = *getProperty();
+  property.SetColor(_lineColor.getRGB().data());
+  property.SetEdgeVisibility(false);
+  property.SetLighting(false);
+  if (asEdges) {
+    property.SetRepresentationToWireframe();
+  } else {
+    property.SetRepresentationToSurface();
+  }
+}
+
+void GeometryItem::setPolygonRenderingProperties() {
+  vtkProperty& property = *getProperty();
+  property.SetColor(_faceColor.getRGB().data());
+  // Highlights have the colour of the light.
+  property.SetSpecularColor(1.0, 1.0, 1.0);
+  property.SetEdgeColor(_lineColor.getRGB().data());
+  property.SetEdgeVisibility(_showEdges);
+  property.SetRepresentationToSurface();
+  property.SetLighting(true);
+  if (_smoothShading) {
+    property.SetInterpolationToGouraud();
+  } else {
+    property.SetInterpolationToFlat();
+  }
+  if (hasLighting()) {
+    property.SetAmbient(_ambient);
+    property.SetDiffuse(_diffuse);
+    property.SetSpecular(_specular);
+    property.SetSpecularPower(_specularPower);
+  }
+}
+
+void GeometryItem::setLineAndPolygonRenderingProperties() {
+  VEMO_REQUIRE(_geometryType == LINES || _geometryType == SURFACE,
+               "Unexpected item type in GeometryItem::setLineAndPolygonRenderingProperties");
+  if (_geometryType == SURFACE && _showFaces) {
+    setPolygonRenderingProperties();
+  } else {
+    setLineRenderingPropeties(_geometryType == SURFACE);
+  }
+}
+
+void GeometryItem::setActorOpacity(double opacity) {
+  switch (_geometryType) {
+    case POINTS:
+      return setPointSpriteOpacity(opacity);
+    case LINES:
+      return setMyOpacity(getActor(), opacity * opacityOf(_lineColor));
+    case SURFACE:
+      if (_showFaces) {
+        return setMyOpacity(getActor(), opacity * opacityOf(_faceColor));
+      }
+      return setMyOpacity(getActor(), _showEdges ? opacity * opacityOf(_lineColor) : 0.0);
+    default:
+      throw InternalError("Unexpected geometry type in GeometryItem::setActorOpacity",
+                          "_geometryType != UNDETERMINED", __FILE__, __LINE__);
+  }
+}
+
+void GeometryItem::setPointSpriteOpacity(double opacity) {
+  vtkProperty& property = *getProperty();
+  property.SetPointSize(static_cast<float>(_pointSize));
+  property.SetRenderPointsAsSpheres(true);
+  setMyOpacity(getActor(), opacity);
+}
+
+}  // namespace vemo

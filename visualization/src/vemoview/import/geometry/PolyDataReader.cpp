@@ -1,0 +1,142 @@
+#include "vemoview/import/geometry/PolyDataReader.h"
+
+#include "geometry/AdoptedArray.h"
+#include "vemoview/import/SceneFileReader.h"
+#include <vemo/import/Exception.h>
+
+#include <vtkCellArray.h>
+#include <vtkCellData.h>
+#include <vtkFloatArray.h>
+#include <vtkNew.h>
+#include <vtkPointData.h>
+#include <vtkPoints.h>
+#include <vtkPolyData.h>
+
+#include <cmath>
+#include <numeric>
+#include <utility>
+#include <vector>
+
+namespace vemo {
+
+using geometry::CellKind;
+using geometry::ImportedCells;
+
+namespace {
+
+constexpr int COORDINATES = 3;
+
+/// The values become those of an array with that number of components.
+vtkSmartPointer<vtkFloatArray> adopt(ArrayOwner<float> values, int components) {
+  auto array = vtkSmartPointer<vtkFloatArray>::New();
+  const vtkIdType tuples = values.count() / components;
+  array->SetNumberOfComponents(components);
+  geometry::adoptBlock(*array, values.releaseBlock(), tuples * components);
+  return array;
+}
+
+/// The Euclidean lengths of the triples, in single precision.
+vtkSmartPointer<vtkFloatArray> magnitudes(const ArrayOwner<float>& values) {
+  auto array = vtkSmartPointer<vtkFloatArray>::New();
+  const vtkIdType count = values.count() / COORDINATES;
+  array->SetNumberOfValues(count);
+  const float* triple = values.data();
+  for (vtkIdType i = 0; i < count; ++i, triple += COORDINATES) {
+    array->SetValue(i, std::sqrt(triple[0] * triple[0] + triple[1] * triple[1] + triple[2] * triple[2]));
+  }
+  return array;
+}
+
+void setCells(vtkPolyData& polyData, CellKind kind, vtkCellArray* cells) {
+  switch (kind) {
+    case CellKind::VERTS:
+      return polyData.SetVerts(cells);
+    case CellKind::LINES:
+      return polyData.SetLines(cells);
+    case CellKind::POLYS:
+      return polyData.SetPolys(cells);
+    case CellKind::STRIPS:
+      return polyData.SetStrips(cells);
+  }
+}
+
+[[noreturn]] void failOutside(int index, vtkIdType pointCount, const std::string& entry) {
+  IOException exception("Entry '" + entry + "' refers to point " + std::to_string(index) +
+                        ", but the geometry has only " + std::to_string(pointCount) +
+                        " points, counted from 0.<br>Your file may be corrupt.");
+  exception.setEntry(entry);
+  throw exception;
+}
+
+}  // namespace
+
+PolyDataReader::PolyDataReader(vtkPolyData& polyData, SceneFileReader& reader)
+    : _polyData(polyData), _reader(reader) {}
+
+void PolyDataReader::readPoints(const std::string& entry) {
+  vtkNew<vtkPoints> points;
+  points->SetData(adopt(ArrayOwner(_reader.readFloatBuffer(entry)), COORDINATES));
+  _polyData.SetPoints(points);
+}
+
+void PolyDataReader::readCells(CellKind kind, const std::string& entry) {
+  ArrayOwner<int> list(_reader.readIntBuffer(entry));
+  const int size = list.count();
+  const vtkIdType pointCount = _polyData.GetNumberOfPoints();
+  ImportedCells& imported = _cells.at(static_cast<std::size_t>(kind));
+  imported = geometry::importCells(list.releaseBlock(), size, kind, pointCount);
+  if (imported.indexOutside) {
+    failOutside(*imported.indexOutside, pointCount, entry);
+  }
+  if (!imported.dropped.empty()) {
+    _reader.addWarning(std::to_string(imported.dropped.size()) + " of " + std::to_string(imported.listed) +
+                           " cells have fewer than " + std::to_string(geometry::fewestPoints(kind)) +
+                           " points and are left out",
+                       entry);
+  }
+  setCells(_polyData, kind, imported.cells);
+}
+
+vtkIdType PolyDataReader::listedCells() const {
+  return std::accumulate(_cells.begin(), _cells.end(), vtkIdType{0},
+                         [](vtkIdType sum, const ImportedCells& imported) { return sum + imported.listed; });
+}
+
+vtkSmartPointer<vtkFloatArray> PolyDataReader::readArray(const std::string& name, int components,
+                                                         const std::string& entry, vtkIdType tuplesExpected,
+                                                         const char* places) {
+  ArrayOwner<float> values(_reader.readFloatBuffer(entry));
+  const auto leaveOut = [&](const std::string& reason) {
+    _reader.addWarning("The array \"" + name + "\" is left out: " + reason, entry);
+    return nullptr;
+  };
+  // An empty array could claim any number of components.
+  if (components < 1 || (components > 1 && components > values.count())) {
+    return leaveOut(std::to_string(values.count()) + " values cannot have " + std::to_string(components) +
+                    " components");
+  }
+  const vtkIdType tuples = values.count() / components;
+  if (tuples != tuplesExpected) {
+    return leaveOut("it has " + std::to_string(tuples) + " values for " + std::to_string(tuplesExpected) +
+                    " " + places);
+  }
+  auto array = components == COORDINATES ? magnitudes(values) : adopt(std::move(values), components);
+  array->SetName(name.c_str());
+  return array;
+}
+
+void PolyDataReader::readVertexArray(const std::string& name, int components, const std::string& entry) {
+  if (const auto array = readArray(name, components, entry, _polyData.GetNumberOfPoints(), "points")) {
+    _polyData.GetPointData()->AddArray(array);
+  }
+}
+
+void PolyDataReader::readFaceArray(const std::string& name, int components, const std::string& entry) {
+  if (const auto array = readArray(name, components, entry, listedCells(), "cells")) {
+    const std::vector<std::reference_wrapper<const ImportedCells>> lists(_cells.begin(), _cells.end());
+    geometry::removeRows(*array, geometry::droppedRows(lists));
+    _polyData.GetCellData()->AddArray(array);
+  }
+}
+
+}  // namespace vemo

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "geometry/Connectivity.h"
+#include <vemo/import/Array_t.h>
+#include <vemo/import/Export.h>
+
+#include <vtkSmartPointer.h>
+
+#include <array>
+#include <string>
+
+class vtkFloatArray;
+class vtkPolyData;
+
+namespace vemo {
+
+class SceneFileReader;
+
+/// Fills a poly data from the entries of an archive: points first, then cells,
+/// then the arrays over both. The blocks of the entries become the storage of
+/// points, connectivity and arrays. Nothing gets in that does not fit together.
+class VEMO_IMPORT_EXPORT PolyDataReader {
+ public:
+  PolyDataReader(vtkPolyData& polyData, SceneFileReader& reader);
+
+  /// Three coordinates a point; what is left over at the end is passed over.
+  void readPoints(const std::string& entry);
+
+  /// Takes the place of cells of that kind that are there already. Cells with
+  /// too few points are left out with a warning.
+  /// @throws InternalError for a list that does not end with its last cell
+  /// @throws IOException for an index outside the points
+  void readCells(geometry::CellKind kind, const std::string& entry);
+
+  /// Triples are stored as their lengths. An array that does not fit the points
+  /// or cells is left out with a warning; the rows of cells that were left out
+  /// are too.
+  void readVertexArray(const std::string& name, int components, const std::string& entry);
+  void readFaceArray(const std::string& name, int components, const std::string& entry);
+
+ private:
+  vtkSmartPointer<vtkFloatArray> readArray(const std::string& name, int components, const std::string& entry,
+                                           vtkIdType tuplesExpected, const char* places);
+  vtkIdType listedCells() const;
+
+  vtkPolyData& _polyData;
+  SceneFileReader& _reader;
+  /// By kind.
+  std::array<geometry::ImportedCells, 4> _cells;
+};
+
+}  // namespace vemo

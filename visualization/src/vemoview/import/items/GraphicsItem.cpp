@@ -1,0 +1,63 @@
+#include <vemo/import/GraphicsItem.h>
+#include <vemo/import/QxElement.h>
+#include <vemo/scenegraph/drawables/Drawable.h>
+
+#include <vtkActor.h>
+#include <vtkAssembly.h>
+#include <vtkProp3DCollection.h>
+#include <vtkProperty.h>
+#include <vtkProperty2D.h>
+
+#include <utility>
+
+namespace vemo {
+
+GraphicsItem::GraphicsItem(std::string name) : SceneItem(std::move(name)) {}
+GraphicsItem::~GraphicsItem() = default;
+
+void GraphicsItem::read(const QxElement& element, SceneFileReader* reader) {
+  SceneItem::read(element, reader);
+  readImpl(element, reader);
+}
+
+void GraphicsItem::readImpl(const QxElement& element, SceneFileReader* /*reader*/) {
+  _visibility = element.getDouble(XML_ATTRIB_VISIBILITY);
+}
+
+void GraphicsItem::addVisibilityAttrib(lum::Drawable& drawable) const {
+  drawable.getBaseAttributes().setVisibility(_visibility > VISIBILITY_THRESHOLD, false);
+}
+
+void GraphicsItem::setMyOpacity(vtkActor* actor, double opacity) const {
+  setMyOpacity(actor, actor->GetProperty(), opacity);
+}
+
+void GraphicsItem::setMyOpacity(vtkProp* prop, vtkProperty* property, double opacity) const {
+  if (auto* const assembly = vtkAssembly::SafeDownCast(prop)) {
+    vtkProp3DCollection& parts = *assembly->GetParts();
+    vtkCollectionSimpleIterator place = nullptr;
+    parts.InitTraversal(place);
+    while (vtkProp3D* const part = parts.GetNextProp3D(place)) {
+      setMyOpacity(part, property, opacity);
+    }
+  }
+  const double effective = _visibility * opacity;
+  const bool isShown = effective > VISIBILITY_THRESHOLD;
+  prop->SetVisibility(isShown);
+  prop->SetPickable(isShown);
+  if (isShown) {
+    property->SetOpacity(effective);
+  }
+  prop->Modified();
+}
+
+void GraphicsItem::setMyOpacity(vtkProp* prop, vtkProperty2D* property, double opacity) const {
+  const double effective = opacity * _visibility;
+  const bool isShown = effective > VISIBILITY_THRESHOLD;
+  prop->SetVisibility(isShown);
+  if (isShown) {
+    property->SetOpacity(effective);
+  }
+}
+
+}  // namespace vemo

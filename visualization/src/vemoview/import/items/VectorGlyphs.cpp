@@ -1,0 +1,11 @@
+#include <vemo/import/items/VectorGlyphs.h>
+
+namespace vemo {
+
+VectorGlyphs::~VectorGlyphs() = default;
+
+void VectorGlyphs::read(const QxElement& element, SceneFileReader* reader) {
+  warnNotShown(element, reader);
+}
+
+}  // namespace vemo

@@ -1,0 +1,134 @@
+#include "vemoview/render/context/EglRenderWindow.h"
+
+#include "vemoview/render/context/CurrentContextKeeper.h"
+#include "vemoview/render/context/EglContext.h"
+#include <vemo/render/RenderErrors.h>
+
+#include <vtkObjectFactory.h>
+#include <vtkOpenGLState.h>
+#include <vtk_glew.h>
+
+#include <algorithm>
+
+namespace vemo {
+
+vtkStandardNewMacro(EglRenderWindow);
+
+namespace {
+
+/// GLEW built for X loads every entry point first and then misses a screen,
+/// which it reports by this number; older headers have no name for it.
+constexpr GLenum GLEW_FOUND_NO_SCREEN = 4;
+
+}  // namespace
+
+EglContextOwner::EglContextOwner() = default;
+EglContextOwner::~EglContextOwner() = default;
+
+EglRenderWindow::EglRenderWindow() {
+  ReadyForRendering = true;
+  SupportsOpenGLStatus = 1;
+  OwnContext = 1;
+  SetShowWindow(false);
+  SetUseOffScreenBuffers(true);
+  // There is no window for the finished frame to go to.
+  SetFrameBlitModeToNoBlit();
+}
+
+EglRenderWindow::~EglRenderWindow() {
+  if (_context) {
+    _context->release();
+  }
+  _keeper = std::make_unique<CurrentContextKeeper>();
+  EglRenderWindow::Finalize();
+}
+
+vtkSmartPointer<EglRenderWindow> EglRenderWindow::open(int width, int height) {
+  auto window = vtkSmartPointer<EglRenderWindow>::New();
+  window->SetSize(width, height);
+  window->Initialize();
+  return window;
+}
+
+int EglRenderWindow::getLargestSize() {
+  GLint buffer = 0;
+  GLint texture = 0;
+  MakeCurrent();
+  glGetIntegerv(GL_MAX_RENDERBUFFER_SIZE, &buffer);
+  glGetIntegerv(GL_MAX_TEXTURE_SIZE, &texture);
+  return std::min(buffer, texture);
+}
+
+void EglRenderWindow::Initialize() {
+  if (_context) {
+    return;
+  }
+  _context = std::make_unique<EglContext>();
+  Mapped = 1;
+  try {
+    _context->makeCurrent();
+    OpenGLInit();
+    if (!GlewInitValid) {
+      throw RenderingUnavailable("OpenGL is not usable: its functions could not be loaded");
+    }
+    // As in VTK's other windows: what is drawn later covers what lies as deep.
+    GetState()->vtkglDepthFunc(GL_LEQUAL);
+    glDepthFunc(GL_LEQUAL);
+  } catch (...) {
+    _context.reset();
+    throw;
+  }
+}
+
+void EglRenderWindow::OpenGLInitContext() {
+  ContextCreationTime.Modified();
+  if (Initialized) {
+    return;
+  }
+  const GLenum result = glewInit();
+  GlewInitValid = (result == GLEW_OK || result == GLEW_FOUND_NO_SCREEN) && glGenVertexArrays != nullptr;
+  if (!GlewInitValid) {
+    return;
+  }
+  Initialized = true;
+  GLfloat widths[2] = {1, 1};
+  glGetFloatv(GL_SMOOTH_LINE_WIDTH_RANGE, widths);
+  MaximumHardwareLineWidth = widths[1];
+}
+
+void EglRenderWindow::Start() {
+  Initialize();
+  _context->makeCurrent();
+  vtkGenericOpenGLRenderWindow::Start();
+}
+
+void EglRenderWindow::Render() {
+  Initialize();
+  _context->makeCurrent();
+  vtkGenericOpenGLRenderWindow::Render();
+}
+
+void EglRenderWindow::Finalize() {
+  if (_context) {
+    EglRenderWindow::MakeCurrent();
+    vtkGenericOpenGLRenderWindow::Finalize();
+  }
+}
+
+void EglRenderWindow::MakeCurrent() {
+  // VTK calls this while it destroys, where nothing may be thrown. Start and
+  // Render have found out before whether it works.
+  if (_context && !_context->isCurrent()) {
+    try {
+      _context->makeCurrent();
+    } catch (const RenderingUnavailable& error) {
+      vtkErrorMacro(<< error.what());
+    }
+  }
+}
+
+bool EglRenderWindow::IsCurrent() {
+  return _context && _context->isCurrent();
+}
+
+}  // namespace vemo

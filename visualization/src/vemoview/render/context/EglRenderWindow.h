@@ -1,0 +1,59 @@
+#pragma once
+
+#include <vemo/render/Export.h>
+
+#include <vtkGenericOpenGLRenderWindow.h>
+#include <vtkSmartPointer.h>
+
+#include <memory>
+
+namespace vemo {
+
+class CurrentContextKeeper;
+class EglContext;
+
+/// The OpenGL context of a render window. The window's base class gives things
+/// back to OpenGL to its very end, so this base outlives it.
+class VEMO_RENDER_EXPORT EglContextOwner {
+ protected:
+  EglContextOwner();
+  ~EglContextOwner();
+
+  /// What the calling thread gets back when the context is gone; null as long
+  /// as the window lives.
+  std::unique_ptr<CurrentContextKeeper> _keeper;
+  std::unique_ptr<EglContext> _context;
+};
+
+/// A render window that draws off screen, into memory, through an OpenGL
+/// context of its own that needs no window system.
+class VEMO_RENDER_EXPORT EglRenderWindow : private EglContextOwner, public vtkGenericOpenGLRenderWindow {
+ public:
+  static EglRenderWindow* New();
+  EglRenderWindow(const EglRenderWindow&) = delete;
+  EglRenderWindow& operator=(const EglRenderWindow&) = delete;
+
+  /// A window of the given size in pixels whose context is there and works.
+  /// Throws RenderingUnavailable when it cannot be had.
+  static vtkSmartPointer<EglRenderWindow> open(int width, int height);
+
+  /// The greatest width and height in pixels that can be drawn. The window is
+  /// open.
+  int getLargestSize();
+
+  // Start, Render and Initialize make the context if there is none yet, and
+  // throw RenderingUnavailable when it cannot be had.
+  void Initialize() override;
+  void Start() override;
+  void Render() override;
+  void Finalize() override;
+  void MakeCurrent() override;
+  bool IsCurrent() override;
+  void OpenGLInitContext() override;
+
+ protected:
+  EglRenderWindow();
+  ~EglRenderWindow() override;
+};
+
+}  // namespace vemo

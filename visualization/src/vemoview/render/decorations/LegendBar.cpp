@@ -1,0 +1,348 @@
+#include "vemoview/render/decorations/LegendBar.h"
+
+#include "scenegraph/attributes/NumberFormat.h"
+#include "vemoview/render/decorations/LegendTicks.h"
+#include "vemoview/render/decorations/TextLabel.h"
+#include "vemoview/render/draw/PropGroup.h"
+#include "vemoview/render/draw/Screen.h"
+#include "vemoview/render/resolve/ColorTable.h"
+#include <vemo/scenegraph/drawables/Overlays.h>
+
+#include <vtkActor2D.h>
+#include <vtkCellArray.h>
+#include <vtkCellData.h>
+#include <vtkDoubleArray.h>
+#include <vtkLookupTable.h>
+#include <vtkNew.h>
+#include <vtkPoints.h>
+#include <vtkPolyData.h>
+#include <vtkPolyDataMapper2D.h>
+#include <vtkProperty2D.h>
+#include <vtkRenderer.h>
+#include <vtkUnsignedCharArray.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace vemo {
+
+namespace {
+
+using Pair = Vector<2, double>;
+
+/// The height of a line as a fraction of the window's, unless it is given.
+constexpr double LINE_HEIGHT = 0.03;
+constexpr int MOST_LABELS = 100;
+/// Of a title that is wrapped.
+constexpr std::size_t MOST_TITLE_BYTES = 500;
+
+/// Lines or faces in pixels.
+class FlatShape {
+ public:
+  explicit FlatShape(PropGroup& group) {
+    vtkNew<vtkPolyDataMapper2D> mapper;
+    mapper->SetInputData(_data);
+    _actor->SetMapper(mapper);
+    _actor->PickableOff();
+    group.add(_actor);
+  }
+
+  vtkProperty2D& property() { return *_actor->GetProperty(); }
+  vtkPolyData& data() { return *_data; }
+
+  void clear() {
+    _points->Initialize();
+    _lines->Initialize();
+    _faces->Initialize();
+    _data->SetPoints(_points);
+    _data->SetLines(_lines);
+    _data->SetPolys(_faces);
+    _data->Modified();
+  }
+  /// Between the middles of pixels, where thin lines are sharp.
+  void addLine(const Pair& from, const Pair& to) {
+    const auto middle = [](const Pair& pixel) {
+      return Pair{std::floor(pixel[0]) + 0.5, std::floor(pixel[1]) + 0.5};
+    };
+    _lines->InsertNextCell({add(middle(from)), add(middle(to))});
+  }
+  void addBox(const Pair& low, const Pair& high) {
+    _faces->InsertNextCell({add(low), add({high[0], low[1]}), add(high), add({low[0], high[1]})});
+  }
+
+ private:
+  vtkIdType add(const Pair& point) { return _points->InsertNextPoint(point[0], point[1], 0.0); }
+
+  vtkNew<vtkPoints> _points;
+  vtkNew<vtkCellArray> _lines;
+  vtkNew<vtkCellArray> _faces;
+  vtkNew<vtkPolyData> _data;
+  vtkNew<vtkActor2D> _actor;
+};
+
+std::string format(const std::string& pattern, double value) {
+  std::array<char, 128> text{};
+  const bool isSound = lum::isNumberFormat(pattern);
+  std::snprintf(text.data(), text.size(), isSound ? pattern.c_str() : "%.4g", value);
+  return text.data();
+}
+
+lum::LegendAttributes& defaultAttributes() {
+  static const lum::Ptr<lum::LegendAttributes> attributes(
+      new lum::LegendAttributes(lum::ClassNameNodeInitializer(lum::LegendAttributes::getClassName())));
+  return *attributes;
+}
+
+class Legend {
+ public:
+  Legend(const lum::LegendDrawable& legend, const lum::LegendAttributes& attributes,
+         const lum::TextAttributes* style, PropGroup& group)
+      : _bar(group),
+        _lines(group),
+        _isVertical(attributes.getOrientation() == lum::LegendOrientation::VERTICAL),
+        _size(attributes.getSize()),
+        _format(attributes.getLabelFormat()),
+        _titleText(attributes.getTitle()),
+        _title(_titleText, style, TextAlignment{_isVertical ? 0 : 1, 2}, group) {
+    if (const auto* const place = legend.findAttributes<lum::PositionAttributes>()) {
+      _position = {place->getPosition()[0], place->getPosition()[1]};
+    }
+    if (style != nullptr && style->getFontSize() > 0.0) {
+      _fontSize = std::min(style->getFontSize(), 1.0);
+    }
+    const int count = std::clamp(attributes.getNumberOfLabels(), 0, MOST_LABELS);
+    for (int i = 0; i < count; ++i) {
+      _labels.emplace_back("", style, _isVertical ? TextAlignment{0, 1} : TextAlignment{1, 2}, group);
+    }
+    const std::uint32_t color = style != nullptr ? style->getForegroundColor() : 0xFFU;
+    const auto channel = [=](unsigned shift) {
+      return static_cast<double>((color >> shift) & 0xFFU) / 255.0;
+    };
+    _lines.property().SetColor(channel(24), channel(16), channel(8));
+    takeTable(*legend.hasColorLookupTable());
+  }
+
+  void layOut(vtkRenderer& renderer) {
+    const Pair canvas = sizeInPixels(renderer);
+    const Vector<3, double> situation{canvas[0], canvas[1], windowHeight(renderer)};
+    if (situation == _situation) {
+      return;
+    }
+    _situation = situation;
+    _line = _fontSize * situation[2];
+    wrapTitle(canvas[0] - _line / 2.0 - (_isVertical ? std::max(_position[0] * canvas[0], 0.0) : 0.0),
+              renderer);
+    _titleHeight = _title.getSize(renderer)[1] > 0.0 ? _title.getSize(renderer)[1] + _line / 3.0 : 0.0;
+    const Pair low{_position[0] * canvas[0], _position[1] * canvas[1]};
+    const Pair high{low[0] + _size[0] * canvas[0], low[1] + _size[1] * canvas[1]};
+    placeTitle(low, high, canvas, renderer);
+    setLabels(_isVertical ? high[1] - low[1] - _titleHeight : high[0] - low[0], renderer);
+    placeBar(low, high);
+    drawBar();
+    drawLines();
+    for (std::size_t i = 0; i < _ticks.size(); ++i) {
+      _labels[i].moveTo(labelPlace(_ticks[i]));
+    }
+  }
+
+ private:
+  void takeTable(const lum::ColorLookupTable& table) {
+    vtkNew<vtkDoubleArray> ends;
+    ends->InsertNextValue(table.getScalarRange()[0]);
+    ends->InsertNextValue(table.getScalarRange()[1]);
+    _table = makeLookupTable(&table, *ends);
+    _isLog = _table->IsA("vtkLogLookupTable") != 0;
+    _range = {_table->GetRange()[0], _table->GetRange()[1]};
+  }
+
+  /// Begins new lines where a title would get wider than there is room.
+  void wrapTitle(double room, vtkRenderer& renderer) {
+    const auto width = [&](const std::string& text) {
+      _title.setText(text);
+      _title.setLineHeight(_line, renderer);
+      return _title.getSize(renderer)[0];
+    };
+    if (width(_titleText) <= room) {
+      return;
+    }
+    std::string wrapped;
+    std::string line;
+    std::istringstream words(_titleText.substr(0, MOST_TITLE_BYTES));
+    for (std::string word; words >> word;) {
+      std::string longer = line;
+      longer.append(line.empty() ? 0 : 1, ' ').append(word);
+      if (!line.empty() && width(longer) > room) {
+        wrapped.append(line).append(1, '\n');
+        line = word;
+      } else {
+        line = longer;
+      }
+    }
+    width(wrapped.append(line));
+  }
+
+  void placeTitle(const Pair& low, const Pair& high, const Pair& canvas, vtkRenderer& renderer) {
+    const double width = _title.getSize(renderer)[0];
+    // Half of a title stands to the left of its place above a horizontal bar.
+    const double before = _isVertical ? 0.0 : width / 2.0;
+    const double wanted = _isVertical ? low[0] : (low[0] + high[0]) / 2.0;
+    const double margin = _line / 4.0;
+    const double least = margin + before;
+    _title.moveTo({std::max(least, std::min(wanted, canvas[0] - margin - width + before)), high[1]});
+  }
+
+  /// Chooses as many ticks as have room along the bar, and writes their labels.
+  void setLabels(double length, vtkRenderer& renderer) {
+    for (auto count = static_cast<int>(_labels.size());; --count) {
+      _ticks = makeLegendTicks(_range, _isLog, count);
+      _labelExtent = 0.0;
+      for (std::size_t i = 0; i < _labels.size(); ++i) {
+        if (i >= _ticks.size()) {
+          _labels[i].hide();
+          continue;
+        }
+        _labels[i].setText(format(_format, _ticks[i].value));
+        _labels[i].setLineHeight(_line, renderer);
+        _labelExtent = std::max(_labelExtent, _labels[i].getSize(renderer)[0]);
+      }
+      const double extent = _isVertical ? _line : _labelExtent + _line / 2.0;
+      if (count <= 2 || static_cast<double>(_ticks.size()) * extent <= length) {
+        return;
+      }
+    }
+  }
+
+  /// The labels at the ends of the bar stand out by half of themselves.
+  void placeBar(const Pair& low, const Pair& high) {
+    const auto snap = [](double& pixel) { pixel = std::floor(pixel); };
+    _low = low;
+    _high = {high[0], high[1] - _titleHeight};
+    const double breadth = 1.2 * _line;
+    if (_isVertical) {
+      _low[1] += _line / 2.0;
+      _high[1] = std::max(_high[1] - _line / 2.0, _low[1] + 1.0);
+      _high[0] = _low[0] + std::min(breadth, (high[0] - low[0]) / 2.0);
+    } else {
+      const double inset = std::min(_labelExtent / 2.0, (high[0] - low[0]) / 3.0);
+      _low[0] += inset;
+      _high[0] -= inset;
+      _low[1] = std::max(_high[1] - breadth, low[1] + (_high[1] - low[1]) / 3.0);
+    }
+    std::ranges::for_each(_low, snap);
+    std::ranges::for_each(_high, snap);
+  }
+
+  /// A point of the bar, from 0 to 1 along it.
+  Pair along(double place, bool isFarSide) const {
+    return _isVertical ? Pair{isFarSide ? _high[0] : _low[0], _low[1] + place * (_high[1] - _low[1])}
+                       : Pair{_low[0] + place * (_high[0] - _low[0]), isFarSide ? _low[1] : _high[1]};
+  }
+
+  Pair tickEnd(const LegendTick& tick) const {
+    Pair end = along(tick.place, true);
+    (_isVertical ? end[0] : end[1]) += (_isVertical ? 0.25 : -0.25) * _line;
+    return end;
+  }
+
+  Pair labelPlace(const LegendTick& tick) const {
+    Pair place = tickEnd(tick);
+    (_isVertical ? place[0] : place[1]) += (_isVertical ? 0.25 : -0.15) * _line;
+    if (_isVertical) {
+      // The middle of digits lies above that of a line, which has room for
+      // letters that reach below.
+      place[1] -= 0.09 * _line;
+    }
+    return place;
+  }
+
+  void drawBar() {
+    constexpr vtkIdType MOST_FIELDS = 1024;
+    const vtkIdType colors = _table->GetNumberOfTableValues();
+    const vtkIdType fields = std::clamp<vtkIdType>(colors, 1, MOST_FIELDS);
+    vtkNew<vtkUnsignedCharArray> bytes;
+    bytes->SetNumberOfComponents(3);
+    _bar.clear();
+    for (vtkIdType field = 0; field < fields; ++field) {
+      const double first = static_cast<double>(field) / static_cast<double>(fields);
+      const double last = static_cast<double>(field + 1) / static_cast<double>(fields);
+      const Pair a = along(first, !_isVertical);
+      const Pair b = along(last, _isVertical);
+      _bar.addBox(a, b);
+      const double* const color = _table->GetTableValue(field * colors / fields);
+      for (int channel = 0; channel < 3; ++channel) {
+        bytes->InsertNextValue(static_cast<unsigned char>(std::lround(color[channel] * 255.0)));
+      }
+    }
+    _bar.data().GetCellData()->SetScalars(bytes);
+  }
+
+  void drawLines() {
+    _lines.clear();
+    // Around the bar: lines within it would be hidden by it.
+    const Pair low{_low[0] - 1.0, _low[1] - 1.0};
+    _lines.addLine(low, {_high[0], low[1]});
+    _lines.addLine({_high[0], low[1]}, _high);
+    _lines.addLine(_high, {low[0], _high[1]});
+    _lines.addLine({low[0], _high[1]}, low);
+    for (const LegendTick& tick : _ticks) {
+      _lines.addLine(along(tick.place, true), tickEnd(tick));
+    }
+    _lines.property().SetLineWidth(static_cast<float>(std::max(1.0, std::round(_situation[2] / 700.0))));
+  }
+
+  FlatShape _bar;
+  FlatShape _lines;
+  bool _isVertical;
+  Pair _position;
+  Pair _size;
+  std::string _format;
+  std::string _titleText;
+  TextLabel _title;
+  std::vector<TextLabel> _labels;
+  double _fontSize = LINE_HEIGHT;
+  vtkSmartPointer<vtkLookupTable> _table;
+  Pair _range;
+  bool _isLog = false;
+
+  /// What the layout was made for: the canvas's size and the window's height,
+  /// in pixels. All that follows is in pixels, too.
+  Vector<3, double> _situation;
+  double _line = 0.0;
+  double _titleHeight = 0.0;
+  /// The width of the widest label.
+  double _labelExtent = 0.0;
+  std::vector<LegendTick> _ticks;
+  /// The corners of the bar.
+  Pair _low;
+  Pair _high;
+};
+
+bool hasPlace(const lum::LegendDrawable& legend, const lum::LegendAttributes& attributes) {
+  constexpr double FAR = 4.0;
+  const auto* const place = legend.findAttributes<lum::PositionAttributes>();
+  const bool isNear = place == nullptr ||
+                      (std::abs(place->getPosition()[0]) <= FAR && std::abs(place->getPosition()[1]) <= FAR);
+  return isNear &&
+         std::ranges::all_of(attributes.getSize(), [](double size) { return size > 0.0 && size <= FAR; });
+}
+
+}  // namespace
+
+void addLegend(const lum::LegendDrawable& legend, PropGroup& group) {
+  const auto* const own = legend.findAttributes<lum::LegendAttributes>();
+  const lum::LegendAttributes& attributes = own != nullptr ? *own : defaultAttributes();
+  if (legend.hasColorLookupTable() == nullptr || !hasPlace(legend, attributes)) {
+    return;
+  }
+  const auto laidOut =
+      std::make_shared<Legend>(legend, attributes, legend.findAttributes<lum::TextAttributes>(), group);
+  group.beforeEachRender([laidOut](vtkRenderer& drawn) { laidOut->layOut(drawn); });
+}
+
+}  // namespace vemo

@@ -1,0 +1,55 @@
+#include "vemoview/render/decorations/LegendTicks.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vemo {
+
+namespace {
+
+/// Every so many-th power of ten that at most `count` are within the range.
+std::vector<LegendTick> powersOfTen(double low, double high, int count) {
+  constexpr double ROUNDING = 1e-9;
+  const auto first = static_cast<int>(std::ceil(low - ROUNDING));
+  const auto last = static_cast<int>(std::floor(high + ROUNDING));
+  const int step = count > 1 ? std::max(1, (last - first + count - 2) / (count - 1)) : last - first + 1;
+  std::vector<LegendTick> ticks;
+  for (int power = first; power <= last; power += std::max(step, 1)) {
+    ticks.push_back({std::clamp((power - low) / (high - low), 0.0, 1.0), std::pow(10.0, power)});
+  }
+  return ticks;
+}
+
+}  // namespace
+
+std::vector<LegendTick> makeLegendTicks(const Vector<2, double>& range, bool isLog, int count) {
+  std::vector<LegendTick> ticks;
+  if (count <= 0) {
+    return ticks;
+  }
+  if (!(range[0] < range[1])) {
+    return {{0.5, range[0]}};
+  }
+  const double low = isLog ? std::log10(range[0]) : range[0];
+  const double high = isLog ? std::log10(range[1]) : range[1];
+  if (isLog && high > low) {
+    ticks = powersOfTen(low, high, count);
+    if (ticks.size() >= 2) {
+      return ticks;
+    }
+    ticks.clear();
+  }
+  for (int i = 0; i < count; ++i) {
+    const double place = count == 1 ? 0.0 : static_cast<double>(i) / (count - 1);
+    const double along = (1.0 - place) * low + place * high;
+    // What is left of a zero by rounding is no value.
+    const double value = std::abs(along) < 1e-12 * (high / 2 - low / 2) ? 0.0 : along;
+    ticks.push_back({place, i == 0           ? range[0]
+                            : i == count - 1 ? range[1]
+                            : isLog          ? std::pow(10.0, along)
+                                             : value});
+  }
+  return ticks;
+}
+
+}  // namespace vemo

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "geometry/Box.h"
+
+#include <vtkActor.h>
+#include <vtkNew.h>
+#include <vtkRenderer.h>
+
+#include <optional>
+
+namespace vemo {
+
+/// What shows a user the part of a model that was chosen: a box and a mark, in
+/// front of all else.
+class Highlight {
+ public:
+  /// Seen through the camera of a renderer, in its part of the window.
+  explicit Highlight(vtkRenderer& model);
+
+  vtkRenderer& getRenderer() const { return *_renderer; }
+
+  /// Nothing for an empty box.
+  void outline(const Box& box);
+  void scalePixels(double factor);
+  void mark(const std::optional<Vector<3, double>>& point);
+
+ private:
+  vtkNew<vtkRenderer> _renderer;
+  vtkNew<vtkActor> _box;
+  vtkNew<vtkActor> _mark;
+};
+
+}  // namespace vemo

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <vtkSmartPointer.h>
+
+#include <functional>
+#include <vector>
+
+class vtkProp;
+class vtkRenderer;
+
+namespace vemo {
+
+/// What belongs together in a renderer: shown and hidden together, and taken
+/// out of the renderer at the end.
+class PropGroup {
+ public:
+  explicit PropGroup(vtkRenderer& renderer);
+  ~PropGroup();
+  PropGroup(const PropGroup&) = delete;
+  PropGroup& operator=(const PropGroup&) = delete;
+
+  /// Puts it into the renderer. A group that is hidden gets nothing new.
+  void add(vtkProp* prop);
+
+  /// Calls a function each time before the renderer draws the group, when the
+  /// renderer's size and camera are known. The function may hide and show
+  /// single props.
+  void beforeEachRender(std::function<void(vtkRenderer&)> function);
+
+  void show(bool isShown);
+
+  /// Makes lines and points wider by a factor.
+  void scalePixels(double factor);
+
+ private:
+  struct Member {
+    vtkSmartPointer<vtkProp> prop;
+    /// Whether it is seen when the group is.
+    bool isShown;
+  };
+
+  vtkSmartPointer<vtkRenderer> _renderer;
+  std::vector<Member> _members;
+  std::vector<unsigned long> _observers;
+  bool _isShown = true;
+};
+
+}  // namespace vemo

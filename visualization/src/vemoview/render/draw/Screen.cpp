@@ -1,0 +1,48 @@
+#include "vemoview/render/draw/Screen.h"
+
+#include <vtkCamera.h>
+#include <vtkMath.h>
+#include <vtkMatrix4x4.h>
+#include <vtkRenderWindow.h>
+#include <vtkRenderer.h>
+
+#include <cmath>
+
+namespace vemo {
+
+Vector<2, double> sizeInPixels(vtkRenderer& renderer) {
+  const int* const size = renderer.GetSize();
+  return {static_cast<double>(size[0]), static_cast<double>(size[1])};
+}
+
+double windowHeight(vtkRenderer& renderer) {
+  return renderer.GetRenderWindow() != nullptr ? renderer.GetRenderWindow()->GetSize()[1] : 0.0;
+}
+
+std::optional<Vector<2, double>> project(vtkRenderer& renderer, const Vector<3, double>& point) {
+  Vector<4, double> place{point[0], point[1], point[2], 1.0};
+  renderer.GetActiveCamera()
+      ->GetCompositeProjectionTransformMatrix(renderer.GetTiledAspectRatio(), -1.0, 1.0)
+      ->MultiplyPoint(place.data(), place.data());
+  if (!(place[3] > 0.0)) {
+    return std::nullopt;
+  }
+  const Vector<2, double> size = sizeInPixels(renderer);
+  const Vector<2, double> pixel{(place[0] / place[3] + 1.0) / 2.0 * size[0],
+                                (place[1] / place[3] + 1.0) / 2.0 * size[1]};
+  return std::isfinite(pixel[0]) && std::isfinite(pixel[1]) ? std::optional(pixel) : std::nullopt;
+}
+
+double pixelsPerUnit(vtkRenderer& renderer, const Vector<3, double>& point) {
+  vtkCamera& camera = *renderer.GetActiveCamera();
+  double halfHeight = camera.GetParallelScale();
+  if (camera.GetParallelProjection() == 0) {
+    Vector<4, double> place{point[0], point[1], point[2], 1.0};
+    camera.GetViewTransformMatrix()->MultiplyPoint(place.data(), place.data());
+    halfHeight = -place[2] * std::tan(vtkMath::RadiansFromDegrees(camera.GetViewAngle()) / 2.0);
+  }
+  const double result = sizeInPixels(renderer)[1] / (2.0 * halfHeight);
+  return std::isfinite(result) && result > 0.0 ? result : 0.0;
+}
+
+}  // namespace vemo

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <vemo/base/Vector.h>
+
+#include <optional>
+
+class vtkRenderer;
+
+namespace vemo {
+
+/// Where things stand on the screen, for renderers in a window.
+
+/// The width and height of a renderer's part of the window, in pixels.
+Vector<2, double> sizeInPixels(vtkRenderer& renderer);
+
+/// Of the whole window, in pixels.
+double windowHeight(vtkRenderer& renderer);
+
+/// The pixel, from the lower left corner of the renderer's part of the window,
+/// at which a point of the model is seen; nothing for a point behind the viewer.
+std::optional<Vector<2, double>> project(vtkRenderer& renderer, const Vector<3, double>& point);
+
+/// How many pixels a unit of length has at a point of the model; 0 for a point
+/// behind the viewer.
+double pixelsPerUnit(vtkRenderer& renderer, const Vector<3, double>& point);
+
+}  // namespace vemo
