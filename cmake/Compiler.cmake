@@ -22,7 +22,7 @@ target_compile_options(vemo_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow $<$<BOOL:${VEMO_WARNINGS_AS_ERRORS}>:-Werror>
   # Source paths in log lines and errors are those of the repository, also when
   # ccache makes them relative (CCACHE_BASEDIR).
-  -fmacro-prefix-map=${CMAKE_SOURCE_DIR}/= -fmacro-prefix-map=${path_from_build}/=)
+  -fmacro-prefix-map=${CMAKE_SOURCE_DIR}/= -fmacro-prefix-map=${path_from_build}=)
 if(VEMO_SANITIZE)
   target_compile_options(vemo_options INTERFACE
     -fsanitize=${VEMO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
