@@ -80,7 +80,7 @@ std::map<std::string, Vocabulary> readHeaders() {
 /// stands under the empty word.
 std::map<std::string, std::string> readPage() {
   std::map<std::string, std::string> sections;
-  std::ifstream page(SOURCES / "docs/scene-format.md");
+  std::ifstream page(SOURCES / "docs/user/scene-format.md");
   Words headings = {""};
   for (std::string line; std::getline(page, line);) {
     if (line.starts_with("## ")) {
@@ -133,13 +133,13 @@ TEST(SceneFormatPage, NamesNoKeyThatIsNotThere) {
     known.insert(vocabulary.keys.begin(), vocabulary.keys.end());
     known.insert(vocabulary.kinds.begin(), vocabulary.kinds.end());
   }
-  for (const std::string& key : wordsOf(textOf(SOURCES / "docs/scene-format.md"), KEY_OF_ROW)) {
+  for (const std::string& key : wordsOf(textOf(SOURCES / "docs/user/scene-format.md"), KEY_OF_ROW)) {
     EXPECT_TRUE(known.contains(key)) << key;
   }
 }
 
 TEST(SceneFormatPage, TellsTypeAndEffectOfEveryKey) {
-  const std::string page = textOf(SOURCES / "docs/scene-format.md");
+  const std::string page = textOf(SOURCES / "docs/user/scene-format.md");
   const std::regex whole("\n\\| `[^|]+ \\| [^|]+ \\| [^|]*\\| [^|]+ \\|(?=\n)");
   EXPECT_EQ(allOf(page, whole).size(), allOf(page, KEY_OF_ROW).size());
 }
