@@ -45,5 +45,6 @@ function(vemo_test folder)
   target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
   target_link_libraries(${name} PRIVATE vemo_options GTest::gmock GTest::gtest_main ${ARGN})
   target_precompile_headers(${name} PRIVATE ${CMAKE_SOURCE_DIR}/cmake/precompiled.h <gmock/gmock.h> <gtest/gtest.h>)
-  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+  # The label lets "ctest -L FOLDER" run those of one folder.
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300 LABELS ${folder})
 endfunction()
