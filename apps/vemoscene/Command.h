@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <span>
 #include <string>
 
 namespace CLI {
@@ -11,18 +12,26 @@ namespace vemo {
 
 /// What the arguments ask for.
 struct Command {
-  /// The scene file that it is about, as the user named it.
+  /// The scene file to work on, as the user named it.
   std::string file;
-  /// Does it; throws what goes wrong.
+  /// Runs the command; exceptions are its failures.
   std::function<void()> run;
 };
 
-// Each adds a subcommand, which fills `command` when the arguments name it.
+/// A subcommand registers itself by a constant in its own file, so that a new one
+/// is a new file in commands/ and nothing else:
+///
+///     const Subcommand INFO(1, addInfoCommand);
+class Subcommand {
+ public:
+  /// Adds the subcommand to the parser. Parsing it fills `command`.
+  using Add = void (*)(CLI::App& app, Command& command);
 
-void addInfoCommand(CLI::App& app, Command& command);
-void addConvertCommand(CLI::App& app, Command& command);
-void addRenderCommand(CLI::App& app, Command& command);
-/// Only where the window is built.
-void addViewCommand(CLI::App& app, Command& command);
+  /// @param position in the list that --help prints; no two are equal
+  Subcommand(int position, Add add);
+
+  /// Adds all registered subcommands in the order of their positions.
+  static void addAll(CLI::App& app, Command& command);
+};
 
 }  // namespace vemo

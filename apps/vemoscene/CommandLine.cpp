@@ -50,12 +50,7 @@ ExitCode parse(int argc, char** argv, Command& command) {
   app.set_help_flag("-h,--help", "Print this help and exit");
   app.footer(describeExitCodes());
   app.require_subcommand(0, 1);
-  addInfoCommand(app, command);
-  addConvertCommand(app, command);
-  addRenderCommand(app, command);
-#ifdef VEMO_WINDOW_LIBRARY
-  addViewCommand(app, command);
-#endif
+  Subcommand::addAll(app, command);
   try {
     app.parse(argc, argv);
     // Not asked of the parser, which would not name a subcommand that it does

@@ -1,3 +1,4 @@
+#include "vemoview/import/archive/Compression.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/import/Exception.h>
 #include <vemo/import/ZipFileReader.h>
@@ -7,14 +8,20 @@
 #include <cstddef>
 #include <cstdio>
 #include <minizip/unzip.h>
+#include <optional>
+#include <span>
 
 namespace vemo {
 
 namespace {
 
-/// As the format's fields have them.
-constexpr std::uint64_t METHOD_STORED = 0;
+/// A bit of the flags that the format gives each entry.
 constexpr std::uint64_t FLAG_ENCRYPTED = 1;
+
+/// For minizip: entries are read as they are compressed.
+constexpr int RAW = 1;
+/// Of compressed bytes that are read at once.
+constexpr unsigned BLOCK_SIZE = 0x10000;
 
 /// A name's length is a 16-bit field.
 using NameBuffer = std::array<char, 0x10000>;
@@ -145,10 +152,8 @@ bool ZipFileReader::isSizePossible(const Entry& entry) const {
       entry.compressedSize > _fileSize) {
     return false;
   }
-  if (entry.method == METHOD_STORED) {
-    return entry.uncompressedSize == entry.compressedSize;
-  }
-  return entry.method == Z_DEFLATED && entry.uncompressedSize <= entry.compressedSize * MAX_DEFLATE_RATIO;
+  const CompressionMethod* const method = findCompressionMethod(entry.method);
+  return method != nullptr && method->isSizePossible(entry.compressedSize, entry.uncompressedSize);
 }
 
 bool ZipFileReader::read(const std::string& name, char* buffer) const {
@@ -158,18 +163,23 @@ bool ZipFileReader::read(const std::string& name, char* buffer) const {
   }
   unz64_file_pos position{entry->directoryOffset, entry->directoryIndex};
   return unzGoToFilePos64(_handle.get(), &position) == UNZ_OK &&
-         unzOpenCurrentFile(_handle.get()) == UNZ_OK && readContent(*entry, buffer);
+         unzOpenCurrentFile2(_handle.get(), nullptr, nullptr, RAW) == UNZ_OK && readContent(*entry, buffer);
 }
 
 bool ZipFileReader::readContent(const Entry& entry, char* buffer) const {
-  const auto size = static_cast<unsigned>(entry.uncompressedSize);
-  const int count = unzReadCurrentFile(_handle.get(), buffer, size);
-  // Also says whether the checksum is right, which is not asked.
+  const std::span content(buffer, static_cast<std::size_t>(entry.uncompressedSize));
+  std::vector<char> block(BLOCK_SIZE);
+  const auto nextBlock = [&]() -> std::optional<std::span<const char>> {
+    const int count = unzReadCurrentFile(_handle.get(), block.data(), BLOCK_SIZE);
+    return count < 0 ? std::nullopt
+                     : std::optional(std::span<const char>(block).first(static_cast<std::size_t>(count)));
+  };
+  const auto count = findCompressionMethod(entry.method)->decompress(nextBlock, content);
   unzCloseCurrentFile(_handle.get());
-  if (count < 0) {
+  if (!count) {
     return false;
   }
-  std::fill(buffer + count, buffer + size, '\0');
+  std::fill(buffer + *count, buffer + content.size(), '\0');
   return true;
 }
 

@@ -54,8 +54,6 @@ void render(const Options& options) {
   renderPicture(scene.getSceneNode(), options.picture).writePng(options.output);
 }
 
-}  // namespace
-
 void addRenderCommand(CLI::App& app, Command& command) {
   const auto options = std::make_shared<Options>();
   CLI::App* const renderApp =
@@ -74,5 +72,9 @@ void addRenderCommand(CLI::App& app, Command& command) {
       ->description("Width and height of the picture in pixels; without it 1024x768");
   renderApp->callback([options, &command] { command = {options->file, [options] { render(*options); }}; });
 }
+
+const Subcommand RENDER(3, addRenderCommand);
+
+}  // namespace
 
 }  // namespace vemo

@@ -154,8 +154,6 @@ void info(const Options& options) {
   out.finish();
 }
 
-}  // namespace
-
 void addInfoCommand(CLI::App& app, Command& command) {
   const auto options = std::make_shared<Options>();
   CLI::App* const infoApp = app.add_subcommand("info", "Print what a scene file is and holds");
@@ -164,5 +162,9 @@ void addInfoCommand(CLI::App& app, Command& command) {
   infoApp->add_flag("--values", options->values, "Print it with all values of data arrays (implies --json)");
   infoApp->callback([options, &command] { command = {options->file, [options] { info(*options); }}; });
 }
+
+const Subcommand INFO(1, addInfoCommand);
+
+}  // namespace
 
 }  // namespace vemo

@@ -41,8 +41,6 @@ void view(const std::string& file) {
   loadWindow()(scene.getSceneNode(), std::filesystem::path(file).filename().c_str());
 }
 
-}  // namespace
-
 void addViewCommand(CLI::App& app, Command& command) {
   const auto file = std::make_shared<std::string>();
   CLI::App* const viewApp =
@@ -50,5 +48,9 @@ void addViewCommand(CLI::App& app, Command& command) {
   viewApp->add_option("FILE", *file, "The scene archive or database to read")->required();
   viewApp->callback([file, &command] { command = {*file, [file] { view(*file); }}; });
 }
+
+const Subcommand VIEW(4, addViewCommand);
+
+}  // namespace
 
 }  // namespace vemo

@@ -1,0 +1,41 @@
+#include "Command.h"
+#include "FileChecks.h"
+#include "Messages.h"
+#include "TemporaryFiles.h"
+#include "export/ExportFormat.h"
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+#include <memory>
+#include <string>
+
+namespace vemo {
+
+namespace {
+
+struct Options {
+  std::string file;
+  std::string output;
+};
+
+void convert(const Options& options) {
+  refuseSameFile(options.file, options.output);
+  removePartialOutputWhenEnded(options.output);
+  const Progress progress(fmt::format("Converting {}", toPrintable(options.file)));
+  findExportFormat(options.output).write(options.file, options.output);
+}
+
+void addConvertCommand(CLI::App& app, Command& command) {
+  const auto options = std::make_shared<Options>();
+  CLI::App* const convertApp = app.add_subcommand(
+      "convert", "Convert an old scene archive to a scene-graph database; a database is checked and copied");
+  convertApp->add_option("FILE", options->file, "The scene archive or database to read")->required();
+  convertApp->add_option("OUT", options->output, "The database to write, by custom NAME.sdb")->required();
+  convertApp->callback([options, &command] { command = {options->file, [options] { convert(*options); }}; });
+}
+
+const Subcommand CONVERT(2, addConvertCommand);
+
+}  // namespace
+
+}  // namespace vemo

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+namespace vemo {
+
+/// A kind of file that scenes of either generation can be written as. A new one
+/// is a folder beside this file and a row in ExportFormat.cpp.
+struct ExportFormat {
+  /// Of file names, as ".sdb"; compared without regard to case.
+  const char* ending;
+  /// For help texts, as "scene-graph database".
+  const char* description;
+  /// Reads the scene file and writes the output, whole or not at all. Throws
+  /// Failure, and the exceptions of the libraries.
+  void (*write)(const std::string& file, const std::string& output);
+};
+
+/// The format whose ending the output's name has; the first, a scene-graph
+/// database, for names with any other ending.
+const ExportFormat& findExportFormat(const std::string& output);
+
+}  // namespace vemo

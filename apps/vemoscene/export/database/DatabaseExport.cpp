@@ -1,0 +1,84 @@
+#include "export/database/DatabaseExport.h"
+
+#include "ExitCode.h"
+#include "FileChecks.h"
+#include "Messages.h"
+#include "TemporaryFiles.h"
+#include <vemo/base/WidePath.h>
+#include <vemo/import/SceneConverter.h>
+#include <vemo/import/SceneFormatHandler.h>
+#include <vemo/scenegraph/Node.h>
+#include <vemo/scenegraph/Ptr.h>
+#include <vemo/scenegraph/io/CheckFormat.h>
+#include <vemo/scenegraph/io/SDBReader.h>
+#include <vemo/scenegraph/io/SDBWriter.h>
+
+#include <fmt/format.h>
+#include <fstream>
+#include <sstream>
+
+namespace vemo {
+
+namespace {
+
+using lum::io::FileIoStatus;
+
+[[noreturn]] void failToWrite(const std::string& output) {
+  throw Failure(ExitCode::CANNOT_WRITE, fmt::format("\"{}\" cannot be written", output));
+}
+
+/// The converter does not tell whether it could write; what it left does.
+void convertArchive(const std::string& file, const std::string& output) {
+  const ReplacementWatch watch(output);
+  SceneConverter(toWidePath(file), toWidePath(output)).run();
+  // Opened only now: what was there before may be a pipe, and would keep us
+  // waiting.
+  if (!watch.isReplaced()) {
+    failToWrite(output);
+  }
+  std::ifstream written(output, std::ios::binary);
+  std::ostringstream messages;
+  if (!sdb::checkFormat(written, messages)) {
+    showMessage(messages.str());
+    failToWrite(output);
+  }
+}
+
+/// Reading a record checks all of it, its arrays too.
+void copyDatabase(const std::string& file, const std::string& output) {
+  lum::SDBReader reader(toWidePath(file));
+  lum::SDBWriter writer;
+  bool isWritten = writer.open(toWidePath(output), false, false) == FileIoStatus::Success;
+  for (std::size_t i = 0; isWritten && i < reader.getRecords().size(); ++i) {
+    const lum::SDBReader::Record& record = reader.getRecords()[i];
+    const lum::Ptr<lum::Node> node = reader.readNode(i);
+    int number = 0;
+    isWritten = writer.addRecord(record.title, record.description, record.simUUID, *node, number) ==
+                FileIoStatus::Success;
+  }
+  if (!isWritten || writer.close() != FileIoStatus::Success) {
+    failToWrite(output);
+  }
+}
+
+}  // namespace
+
+void writeDatabase(const std::string& file, const std::string& output) {
+  std::ostringstream messages;
+  switch (SceneFormatHandler::detectSceneFormat(toWidePath(file), messages)) {
+    case SceneFormatHandler::ZippedScene:
+      return convertArchive(file, output);
+    case SceneFormatHandler::SceneDatabase:
+      return copyDatabase(file, output);
+    case SceneFormatHandler::FileMissing:
+      throw Failure(ExitCode::NOT_FOUND, fmt::format("File \"{}\" does not exist", file));
+    case SceneFormatHandler::FileUnreadable:
+      throw Failure(ExitCode::READ_ERROR, fmt::format("Can't open file \"{}\"", file));
+    case SceneFormatHandler::UnknownFormat:
+      break;
+  }
+  throw Failure(ExitCode::UNSUPPORTED_FORMAT,
+                fmt::format("{}\nUnknown file format \"{}\"", messages.str(), file));
+}
+
+}  // namespace vemo
