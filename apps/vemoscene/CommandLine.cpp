@@ -4,6 +4,7 @@
 #include "FileChecks.h"
 #include "Messages.h"
 #include "ResultStream.h"
+#include "TemporaryFiles.h"
 
 #include <CLI/CLI.hpp>
 #include <csignal>
@@ -81,6 +82,7 @@ ExitCode runCommandLine(int argc, char** argv) {
     }
     return code;
   } catch (...) {
+    waitWhenEnding();
     return reportFailure(command.file);
   }
 }

@@ -3,6 +3,7 @@
 #include "ExitCode.h"
 #include "platform/AtomicFile.h"
 
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -13,6 +14,7 @@
 #include <string>
 #include <system_error>
 #include <thread>
+#include <unistd.h>
 #include <utility>
 
 namespace vemo {
@@ -50,13 +52,17 @@ sigset_t blockEndingSignals() {
   return signals;
 }
 
-/// A thread waits for the signals, blocked ones, since a handler could do next
-/// to nothing; then the process ends by the signal as if nobody had waited for
-/// it. `exit` would destroy what the main thread is still working with.
+/// Set once a signal is about to end the process.
+std::atomic<bool> isEnding = false;
+
+/// A thread waits for the blocked signals, since a signal handler may do next to
+/// nothing; then the process ends by the signal. `exit` would destroy what the
+/// main thread still uses.
 void callWhenEnded(const sigset_t& signals, std::function<void()> cleanUp) {
   std::thread([signals, cleanUp = std::move(cleanUp)] {
     int signal = 0;
     sigwait(&signals, &signal);
+    isEnding = true;
     cleanUp();
     std::signal(signal, SIG_DFL);
     pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
@@ -76,6 +82,12 @@ void removeOpenTemporaryFiles(const std::filesystem::path& folder) {
 }
 
 }  // namespace
+
+void waitWhenEnding() {
+  while (isEnding) {
+    pause();
+  }
+}
 
 void useOwnTemporaryFolder() {
   std::error_code error;

@@ -15,4 +15,8 @@ void useOwnTemporaryFolder();
 /// signals. To be called once, while there is one thread.
 void removePartialOutputWhenEnded(const std::string& output);
 
+/// Does not return while a signal is ending the process: its temporary files are
+/// being removed, and what fails for that is not worth a message.
+void waitWhenEnding();
+
 }  // namespace vemo
