@@ -2,7 +2,7 @@
 // header, behind 4 bytes: how much of it is arrays.
 
 #include "Fuzzing.h"
-#include "scenegraph/SampleGraphs.h"
+#include "support/SampleGraphs.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/scenegraph/io/FileError.h>
 #include <vemo/scenegraph/io/SDBReader.h>

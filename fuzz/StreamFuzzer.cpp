@@ -3,7 +3,7 @@
 // the size of the first.
 
 #include "Fuzzing.h"
-#include "scenegraph/SampleGraphs.h"
+#include "support/SampleGraphs.h"
 #include <vemo/scenegraph/io/FileError.h>
 
 #include <algorithm>

@@ -1,6 +1,7 @@
 #include "ProgramRun.h"
-#include "scenegraph/SdbFile.h"
 #include "support/ArchiveBuilder.h"
+#include "support/Databases.h"
+#include "support/Files.h"
 #include "support/TemporaryFolder.h"
 
 #include <chrono>

@@ -1,19 +1,12 @@
 #pragma once
 
+#include "support/Meshes.h"
+#include "support/Nodes.h"
 #include <vemo/render/ScenePicture.h>
 #include <vemo/scenegraph/SceneNode.h>
 #include <vemo/scenegraph/attributes/RenderingAttributes.h>
 #include <vemo/scenegraph/attributes/ScalarAttributes.h>
 #include <vemo/scenegraph/drawables/GeometryDrawables.h>
-
-#include <vtkFloatArray.h>
-#include <vtkNew.h>
-#include <vtkPolyData.h>
-#include <vtkSmartPointer.h>
-
-#include <array>
-#include <string>
-#include <vector>
 
 namespace vemo {
 
@@ -51,14 +44,13 @@ class RenderScene {
  private:
   template <class Drawable>
   static Drawable& fill(Drawable& drawable, vtkPolyData* geometry) {
-    lum::Ptr<lum::PolyDataNode> piece(
-        new lum::PolyDataNode(lum::ClassNameNodeInitializer(lum::PolyDataNode::getClassName())));
+    const auto piece = make<lum::PolyDataNode>();
     piece->setPolyData(geometry);
     drawable.addNode(*piece);
     return drawable;
   }
 
-  lum::Ptr<lum::SceneNode> _node;
+  lum::Ptr<lum::SceneNode> _node = make<lum::SceneNode>();
 };
 
 /// How many pixels have a colour, give or take some in each channel.
@@ -67,19 +59,5 @@ int countPixels(const Picture& picture, const Picture::Pixel& color, int toleran
 /// How many pixels of two pictures differ by more than a tolerance in any
 /// channel.
 int countDifferences(const Picture& a, const Picture& b, int tolerance);
-
-/// Points from their coordinates, and cells from their points' numbers.
-struct Cells {
-  using List = std::vector<std::vector<vtkIdType>>;
-  List verts{}, lines{}, polys{}, strips{};
-};
-vtkSmartPointer<vtkPolyData> makePolyData(const std::vector<std::array<float, 3>>& points,
-                                          const Cells& cells);
-
-/// A rectangle in the plane z.
-vtkSmartPointer<vtkPolyData> makeRectangle(float left, float right, float bottom, float top, float z = 0);
-
-vtkSmartPointer<vtkFloatArray> makeArray(const std::string& name, const std::vector<float>& values,
-                                         int components = 1);
 
 }  // namespace vemo

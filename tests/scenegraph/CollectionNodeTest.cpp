@@ -1,3 +1,4 @@
+#include "support/Nodes.h"
 #include <vemo/scenegraph/CollectionNode.h>
 #include <vemo/scenegraph/NodeFactory.h>
 #include <vemo/scenegraph/SceneNode.h>
@@ -11,13 +12,6 @@
 namespace vemo {
 
 namespace {
-
-template <class T>
-lum::Ptr<T> make(const std::string& name = {}) {
-  lum::Ptr<T> node(new T(lum::ClassNameNodeInitializer(T::getClassName())));
-  node->setName(name);
-  return node;
-}
 
 /// The same lookups are asked of a small collection and of one with an index.
 class LookupTest : public testing::TestWithParam<int> {};

@@ -1,11 +1,10 @@
+#include "support/Meshes.h"
+#include "support/Nodes.h"
 #include <vemo/base/InternalError.h>
-#include <vemo/scenegraph/NodeInitializer.h>
-#include <vemo/scenegraph/Ptr.h>
 #include <vemo/scenegraph/drawables/PolyDataNode.h>
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
-#include <vtkFloatArray.h>
 #include <vtkPointData.h>
 #include <vtkPoints.h>
 #include <vtkPolyData.h>
@@ -16,38 +15,22 @@ namespace vemo {
 
 namespace {
 
-vtkSmartPointer<vtkFloatArray> makeArray(const char* name, int components, vtkIdType tuples) {
-  auto array = vtkSmartPointer<vtkFloatArray>::New();
-  array->SetName(name);
-  array->SetNumberOfComponents(components);
-  array->SetNumberOfTuples(tuples);
-  array->Fill(1.0);
-  return array;
-}
-
 TEST(PolyDataNodeTest, SharesArraysAndHandsOutWhatItWasGiven) {
-  vtkNew<vtkPolyData> given;
-  vtkNew<vtkPoints> points;
-  points->SetData(makeArray("Points", 3, 3));
-  given->SetPoints(points);
-  vtkNew<vtkCellArray> polys;
-  polys->InsertNextCell({0, 1, 2});
-  given->SetPolys(polys);
-  const auto pressure = makeArray("pressure", 1, 3);
+  const auto given = makePolyData({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}}, {.polys = {{0, 1, 2}}});
+  const auto pressure = makeArray("pressure", {1, 2, 3});
   given->GetPointData()->AddArray(pressure);
 
-  const lum::Ptr<lum::PolyDataNode> node(
-      new lum::PolyDataNode(lum::ClassNameNodeInitializer(lum::PolyDataNode::getClassName())));
+  const auto node = make<lum::PolyDataNode>();
   node->setPolyData(given);
-  const auto replacement = makeArray("pressure", 1, 3);
+  const auto replacement = makeArray("pressure", {4, 5, 6});
   node->setNodeDataArray(pressure);
   node->setNodeDataArray(replacement);
-  const auto normals = makeArray("Normals", 3, 1);
+  const auto normals = makeArray("Normals", {0, 0, 1}, 3);
   node->setCellDataArray(normals);
 
   const auto taken = node->getPolyData();
-  EXPECT_EQ(taken->GetPoints()->GetData(), points->GetData());
-  EXPECT_EQ(taken->GetPolys(), polys.Get());
+  EXPECT_EQ(taken->GetPoints()->GetData(), given->GetPoints()->GetData());
+  EXPECT_EQ(taken->GetPolys(), given->GetPolys());
   EXPECT_EQ(node->getVerts(), nullptr);
   EXPECT_EQ(taken->GetPointData()->GetNumberOfArrays(), 1);
   EXPECT_EQ(taken->GetPointData()->GetArray("pressure"), replacement.Get());
@@ -58,8 +41,7 @@ TEST(PolyDataNodeTest, SharesArraysAndHandsOutWhatItWasGiven) {
 }
 
 TEST(PolyDataNodeTest, RefusesWhatItDoesNotKnow) {
-  const lum::Ptr<lum::PolyDataNode> node(
-      new lum::PolyDataNode(lum::ClassNameNodeInitializer(lum::PolyDataNode::getClassName())));
+  const auto node = make<lum::PolyDataNode>();
   EXPECT_THROW(node->setAttachmentPoint({1.0, 2.0, 3.0}, 1), InternalError);
   EXPECT_THROW(node->setPolyData(nullptr), InternalError);
   EXPECT_THROW(node->setCellDataArray(nullptr), InternalError);

@@ -1,9 +1,7 @@
-#include <vemo/scenegraph/NodeFactory.h>
+#include "support/SmallStack.h"
 #include <vemo/scenegraph/Ptr.h>
-#include <vemo/scenegraph/SceneNode.h>
 
 #include <gtest/gtest.h>
-#include <pthread.h>
 
 namespace vemo {
 
@@ -66,17 +64,6 @@ TEST(PtrTest, AWeakPointerForgetsWhatIsGone) {
   EXPECT_EQ(weak.get(), nullptr);
 }
 
-/// Runs a function on a thread with a stack as small as some hosts give.
-void runOnSmallStack(void* (*function)(void*), void* argument) {
-  pthread_attr_t attributes;
-  pthread_attr_init(&attributes);
-  pthread_attr_setstacksize(&attributes, std::size_t{256} * 1024);
-  pthread_t thread{};
-  ASSERT_EQ(pthread_create(&thread, &attributes, function, argument), 0);
-  pthread_join(thread, nullptr);
-  pthread_attr_destroy(&attributes);
-}
-
 TEST(PtrTest, ALongChainIsTornDownOnASmallStack) {
   lum::Ptr<Link> head(new Link);
   Link* last = head.get();
@@ -84,12 +71,7 @@ TEST(PtrTest, ALongChainIsTornDownOnASmallStack) {
     last->next = new Link;
     last = static_cast<Link*>(last->next.getObject());
   }
-  runOnSmallStack(
-      [](void* chain) -> void* {
-        *static_cast<lum::Ptr<Link>*>(chain) = nullptr;
-        return nullptr;
-      },
-      &head);
+  runOnSmallStack([&] { head = nullptr; });
   EXPECT_EQ(Link::count, 0);
 }
 

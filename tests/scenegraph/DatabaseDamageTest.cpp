@@ -1,9 +1,13 @@
-#include "SampleGraphs.h"
-#include "SdbFile.h"
-#include "StreamPayload.h"
+#include "support/Databases.h"
+#include "support/Files.h"
+#include "support/Meshes.h"
+#include "support/Nodes.h"
+#include "support/SampleGraphs.h"
+#include "support/TemporaryFolder.h"
 #include <vemo/scenegraph/inspect/Compare.h>
 #include <vemo/scenegraph/io/CheckFormat.h>
 #include <vemo/scenegraph/io/FileError.h>
+#include <vemo/scenegraph/io/SDBReader.h>
 
 #include <cstring>
 #include <gmock/gmock.h>
@@ -21,9 +25,9 @@ using lum::io::FileIoStatus;
 using testing::HasSubstr;
 
 /// A small database of a scene.
-class SdbTrust : public testing::Test {
+class DatabaseDamage : public testing::Test {
  protected:
-  SdbTrust() {
+  DatabaseDamage() {
     EXPECT_EQ(writeDatabase(path, *scene), FileIoStatus::Success);
     bytes = readFile(path);
   }
@@ -58,7 +62,7 @@ class SdbTrust : public testing::Test {
   std::string bytes;
 };
 
-TEST_F(SdbTrust, RefusesEveryPrefixAndAnythingMore) {
+TEST_F(DatabaseDamage, RefusesEveryPrefixAndAnythingMore) {
   for (std::size_t size = 0; size < bytes.size(); ++size) {
     ASSERT_NE(tryToRead(bytes.substr(0, size)), "") << size;
     ASSERT_NE(explain(bytes.substr(0, size)), "") << size;
@@ -67,7 +71,7 @@ TEST_F(SdbTrust, RefusesEveryPrefixAndAnythingMore) {
   EXPECT_EQ(explain(bytes), "");
 }
 
-TEST_F(SdbTrust, FindsEveryWrongByteThatMatters) {
+TEST_F(DatabaseDamage, FindsEveryWrongByteThatMatters) {
   for (std::size_t place = 0; place < bytes.size(); ++place) {
     std::string wrong = bytes;
     wrong[place] = static_cast<char>(wrong[place] ^ (place % 2 == 0 ? 0x01 : 0xFF));
@@ -82,7 +86,7 @@ TEST_F(SdbTrust, FindsEveryWrongByteThatMatters) {
 
 // With a hash that is right again, what stands in the index is believed as far
 // as it holds together. What is accepted can be written and read.
-TEST_F(SdbTrust, TakesNoHarmFromAnIndexWithAnyByteChanged) {
+TEST_F(DatabaseDamage, TakesNoHarmFromAnIndexWithAnyByteChanged) {
   const DatabaseBytes original(bytes);
   int accepted = 0;
   for (std::size_t place = 0; place < original.index.size(); ++place) {
@@ -103,58 +107,47 @@ TEST_F(SdbTrust, TakesNoHarmFromAnIndexWithAnyByteChanged) {
   EXPECT_GT(accepted, 0);
 }
 
-TEST_F(SdbTrust, PassesOverWhatItDoesNotKnow) {
-  struct Case {
+TEST_F(DatabaseDamage, IgnoresUnknownFieldsAndClasses) {
+  struct {
     const char* text;
     const char* unknown;
-    void (*expect)(lum::SceneNode&);
-  };
-  const Case cases[] = {
-      {"opacity", "opacitx", [](auto& read) { EXPECT_NE(read.hasModelCanvas(), nullptr); }},
+    bool (*isLeftOut)(lum::SceneNode&);
+  } const cases[] = {
+      {"opacity", "opacitx", [](auto& read) { return read.hasModelCanvas() != nullptr; }},
       {"SurfaceDrawable", "SurfaceDrawabla",
-       [](auto& read) { EXPECT_EQ(read.getModelCanvas().getDrawableCollection().getNodeCount(), 0U); }},
+       [](auto& read) { return read.getModelCanvas().getDrawableCollection().getNodeCount() == 0; }},
       {"orientationCanvas", "orientationCanvax",
-       [](auto& read) { EXPECT_EQ(read.hasOrientationCanvas(), nullptr); }},
+       [](auto& read) { return read.hasOrientationCanvas() == nullptr; }},
       {"cameraAttributes", "cameraAttributez",
-       [](auto& read) {
-         const auto* triad =
-             read.getOrientationCanvas().getDrawableCollection().template find<lum::TriadDrawable>();
-         EXPECT_EQ(triad->getCameraAttributes(), nullptr);
-       }},
+       [](auto& read) { return triadOf(read).getCameraAttributes() == nullptr; }},
       {"CameraAttributes", "CameraAttributez",
-       [](auto& read) { EXPECT_EQ(read.hasModelCanvas()->hasCameraAttributes(), nullptr); }},
+       [](auto& read) { return read.hasModelCanvas()->hasCameraAttributes() == nullptr; }},
       {"cellDataArrays", "cellDataArrayz",
        [](auto& read) {
-         const auto* drawable =
-             read.getModelCanvas().getDrawableCollection().template find<lum::SurfaceDrawable>();
-         EXPECT_TRUE(drawable->template find<lum::PolyDataNode>("first")->getCellDataArrays().empty());
+         return surfaceOf(read).template find<lum::PolyDataNode>("first")->getCellDataArrays().empty();
        }},
   };
-  for (const Case& each : cases) {
-    SCOPED_TRACE(each.unknown);
+  for (const auto& [text, unknown, isLeftOut] : cases) {
+    SCOPED_TRACE(unknown);
     DatabaseBytes changed(bytes);
-    changed.replaceInIndex(each.text, each.unknown);
+    changed.replaceInIndex(text, unknown);
     Ptr<Node> read;
     ASSERT_EQ(tryToRead(changed.join(), &read), "");
-    each.expect(*static_cast<lum::SceneNode*>(read.get()));
+    EXPECT_TRUE(isLeftOut(*static_cast<lum::SceneNode*>(read.get())));
   }
   DatabaseBytes changed(bytes);
   changed.replaceInIndex("SceneNode", "SceneNodx");
   EXPECT_THAT(tryToRead(changed.join()), HasSubstr("root is of class SceneNodx"));
 }
 
-TEST_F(SdbTrust, SaysWhatIsWrong) {
+TEST_F(DatabaseDamage, SaysWhatIsWrong) {
   const auto withHeader = [this](const std::string& text, const std::string& other) {
     std::string changed = bytes;
     return changed.replace(changed.find(text), text.size(), other);
   };
   std::string brokenArray = bytes;
   brokenArray[256] = static_cast<char>(brokenArray[256] ^ 1);
-  struct Case {
-    std::string content;
-    const char* message;
-  };
-  const Case cases[] = {
+  const std::pair<std::string, const char*> cases[] = {
       {"{}", "too short"},
       {"x" + bytes.substr(1), "does not begin with a header"},
       {withHeader("scene-graph", "other-graph"), "does not say that it is a scene-graph database"},
@@ -163,51 +156,42 @@ TEST_F(SdbTrust, SaysWhatIsWrong) {
       {bytes.substr(0, bytes.size() - 1) + '\x7F', "index is damaged"},
       {brokenArray, ".sdb: Record 0: Array 0 \"Points\": its bytes are damaged"},
   };
-  for (const Case& each : cases) {
-    EXPECT_THAT(tryToRead(each.content), HasSubstr(each.message));
-    EXPECT_EQ(explain(each.content).empty(), each.content == brokenArray) << each.message;
+  for (const auto& [content, message] : cases) {
+    EXPECT_THAT(tryToRead(content), HasSubstr(message));
+    EXPECT_EQ(explain(content).empty(), content == brokenArray) << message;
   }
   EXPECT_THROW(lum::SDBReader(wide(folder / "none.sdb")), FileError);
   EXPECT_THROW(lum::SDBReader(wide(folder.path())), FileError);
 }
 
 // Small files that would have us fill gigabytes, or work for hours.
-TEST_F(SdbTrust, RefusesWhatIsOutOfProportionToTheFile) {
+TEST_F(DatabaseDamage, RefusesWhatIsOutOfProportionToTheFile) {
   const std::string nameOnly = std::string("\x01\x05") + "Plane";
-  const auto times = [](std::size_t count, const std::string& text) {
+  const auto times = [](std::size_t count, std::string_view text) {
     std::string all;
     for (; count > 0; --count) {
       all += text;
     }
     return all;
   };
-  struct Case {
-    // Strings, classes and arrays.
-    std::string index;
-    const char* message;
-  };
-  using namespace std::string_literals;
-  const Case cases[] = {
-      {nameOnly + "\x01\x00\x81\x08"s + times(1025, "\x00\x12\x00"s), "A class has 1025 fields"},
+  using namespace std::literals;
+  // Strings, classes and arrays.
+  const std::pair<std::string, const char*> cases[] = {
+      {nameOnly + "\x01\x00\x81\x08"s + times(1025, "\x00\x12\x00"sv), "A class has 1025 fields"},
       {nameOnly + "\x01\x00\x01\x00\x0B\x81\x02"s + times(257, "x"), "A default has 257 bytes"},
       {nameOnly + "\x00\x01\x09\xFF\xFF\xFF\xFF\x07\x00\x00"s + times(8, "x"),
        "No array has 0 tuples of 2147483647 components"},
   };
-  for (const Case& each : cases) {
-    DatabaseBytes changed(bytes);
-    changed.index = each.index;
-    EXPECT_THAT(tryToRead(changed.join()), HasSubstr(each.message));
+  for (const auto& [index, message] : cases) {
+    EXPECT_THAT(tryToRead(DatabaseBytes({}, index).join()), HasSubstr(message));
   }
   const auto geometry = make<lum::PolyDataNode>();
-  vtkNew<vtkFloatArray> wide;
-  wide->SetName("wide");
-  wide->SetNumberOfComponents(1025);
-  geometry->setNodeDataArray(wide);
+  geometry->setNodeDataArray(makeArray("wide", {}, 1025));
   EXPECT_EQ(writeDatabase(path, *geometry), FileIoStatus::WriteError);
 }
 
 // Cells that VTK would follow out of its arrays, arrays with right hashes.
-TEST_F(SdbTrust, RefusesCellsThatLeaveTheirPoints) {
+TEST_F(DatabaseDamage, RefusesCellsThatLeaveTheirPoints) {
   const auto geometry = make<lum::PolyDataNode>();
   geometry->setPolyData(makeGeometry(false));
   ASSERT_EQ(writeDatabase(path, *geometry), FileIoStatus::Success);
@@ -218,20 +202,29 @@ TEST_F(SdbTrust, RefusesCellsThatLeaveTheirPoints) {
     DatabaseBytes changed = original;
     std::string& chunks = changed.chunks;
     const std::size_t start = arrays[array].offset - DatabaseBytes::HEADER_SIZE;
-    const std::string_view data(chunks.data() + start, arrays[array].bytes);
-    const auto before = XXH3_64bits(data.data(), data.size());
+    const auto hash = [&] {
+      const std::uint64_t number = hashOfPart(chunks.data() + start, arrays[array].bytes);
+      return std::string(reinterpret_cast<const char*>(&number), sizeof number);
+    };
+    const std::string before = hash();
     std::memcpy(chunks.data() + start + index * 4, &value, 4);
-    const auto after = XXH3_64bits(data.data(), data.size());
-    changed.replaceInIndex(std::string(reinterpret_cast<const char*>(&before), 8),
-                           std::string(reinterpret_cast<const char*>(&after), 8));
+    changed.replaceInIndex(before, hash());
     return tryToRead(changed.join());
   };
-  EXPECT_THAT(withValue(6, 2, 3), HasSubstr("polys: cells use points 0 to 3 of 3"));
-  EXPECT_THAT(withValue(6, 0, -1), HasSubstr("polys: cells use points -1 to 2 of 3"));
-  EXPECT_THAT(withValue(5, 0, 1), HasSubstr("polys: the offsets do not rise from 0"));
-  EXPECT_THAT(withValue(5, 1, 2), HasSubstr("polys: the offsets do not rise from 0"));
-  EXPECT_THAT(withValue(3, 1, 1), HasSubstr("lines: the offsets do not rise from 0"));
   EXPECT_EQ(withValue(6, 2, 1), "");
+  const std::string unsound = "the offsets do not rise from 0";
+  struct {
+    std::size_t array, index;
+    std::int32_t value;
+    std::string message;
+  } const cases[] = {{6, 2, 3, "polys: cells use points 0 to 3 of 3"},
+                     {6, 0, -1, "polys: cells use points -1 to 2 of 3"},
+                     {5, 0, 1, "polys: " + unsound},
+                     {5, 1, 2, "polys: " + unsound},
+                     {3, 1, 1, "lines: " + unsound}};
+  for (const auto& [array, index, value, message] : cases) {
+    EXPECT_THAT(withValue(array, index, value), HasSubstr(message));
+  }
 }
 
 }  // namespace

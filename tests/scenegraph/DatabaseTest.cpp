@@ -1,0 +1,170 @@
+#include "support/Databases.h"
+#include "support/Files.h"
+#include "support/Meshes.h"
+#include "support/Nodes.h"
+#include "support/SampleGraphs.h"
+#include "support/TemporaryFolder.h"
+#include <vemo/scenegraph/inspect/Compare.h>
+#include <vemo/scenegraph/io/SDBReader.h>
+#include <vemo/scenegraph/io/SDBWriter.h>
+
+#include <csignal>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+namespace vemo {
+
+namespace {
+
+using lum::firstDifference;
+using lum::Node;
+using lum::Ptr;
+using lum::SDBWriter;
+using lum::io::FileIoStatus;
+namespace fs = std::filesystem;
+
+TEST(Database, LaysArraysOnBoundariesAsTheyAre) {
+  const TemporaryFolder folder;
+  ASSERT_EQ(writeDatabase(folder / "a.sdb", *makeScene()), FileIoStatus::Success);
+  const std::string bytes = readFile(folder / "a.sdb");
+  EXPECT_EQ(bytes.substr(0, 59), R"({"format": "scene-graph database", "version": 1, "index": {)");
+  EXPECT_EQ(bytes[255], '\n');
+  lum::SDBReader reader(wide(folder / "a.sdb"));
+  const auto arrays = reader.getArrays();
+  // Shared ones are there once: 2 geometries of 9 arrays, and empty points.
+  EXPECT_EQ(arrays.size(), 19U);
+  for (const auto& array : arrays) {
+    EXPECT_EQ(array.offset % 64, 0U);
+    if (array.name == "Normals") {
+      const std::string half("\0\0\0\0\0\0\xe0\x3f", 8);
+      EXPECT_EQ(bytes.substr(array.offset, 8), half);
+    }
+  }
+}
+
+TEST(Database, HoldsRecordsAndAppends) {
+  const TemporaryFolder folder;
+  const auto path = wide(folder / "a.sdb");
+  const Ptr<Node> nodes[] = {Ptr<Node>(makeScene()), Ptr<Node>(make<lum::Plane>()),
+                             Ptr<Node>(make<lum::CameraAttributes>())};
+  SDBWriter writer;
+  const auto add = [&](int record) {
+    int number = -1;
+    EXPECT_EQ(writer.addRecord(std::to_string(record), "", std::string(100, 'u'), *nodes[record], number),
+              FileIoStatus::Success);
+    EXPECT_EQ(number, record);
+  };
+  ASSERT_EQ(writer.open(path, true, true), FileIoStatus::Success);
+  add(0);
+  add(1);
+  ASSERT_EQ(writer.close(), FileIoStatus::Success);
+  ASSERT_EQ(writer.open(path, true, false), FileIoStatus::Success);
+  add(2);
+  ASSERT_EQ(writer.close(), FileIoStatus::Success);
+  lum::SDBReader reader(path);
+  ASSERT_EQ(reader.getRecords().size(), 3U);
+  for (const std::size_t record : {0U, 1U, 2U, 0U}) {
+    EXPECT_EQ(reader.getRecords()[record].title, std::to_string(record));
+    EXPECT_EQ(reader.getRecords()[record].simUUID, std::string(100, 'u'));
+    EXPECT_EQ(firstDifference(*nodes[record], *reader.readNode(record)), "");
+  }
+}
+
+TEST(Database, RefusesGeometryThatDoesNotFitAndGraphsTooDeep) {
+  const TemporaryFolder folder;
+  const auto node = make<lum::PolyDataNode>("wing");
+  node->setPolyData(makeGeometry(false));
+  node->setNodeDataArray(makeArray("odd", {1, 2, 3, 4}));
+  EXPECT_EQ(writeDatabase(folder / "a.sdb", *node), FileIoStatus::WriteError);
+  EXPECT_EQ(writeDatabase(folder / "a.sdb", *makeChain(lum::Node::MAXIMUM_DEPTH + 1)),
+            FileIoStatus::WriteError);
+  EXPECT_TRUE(fs::is_empty(folder.path()));
+}
+
+mode_t modeOf(const fs::path& path) {
+  struct stat status {};
+  stat(path.c_str(), &status);
+  return status.st_mode & 0777;
+}
+
+TEST(Database, LeavesTheOldFileUntilItCloses) {
+  const TemporaryFolder folder;
+  const fs::path path = folder / "a.sdb";
+  writeFile(path, "old");
+  int number = -1;
+  {
+    SDBWriter writer;
+    ASSERT_EQ(writer.open(wide(path), false, false), FileIoStatus::Success);
+    EXPECT_EQ(writer.addRecord("", "", "", *makeScene(), number), FileIoStatus::Success);
+    EXPECT_EQ(readFile(path), "old");
+  }
+  EXPECT_EQ(readFile(path), "old");
+  EXPECT_EQ(countFiles(folder.path()), 1);
+  ASSERT_EQ(writeDatabase(path, *makeScene()), FileIoStatus::Success);
+  EXPECT_NE(readFile(path), "old");
+  EXPECT_EQ(countFiles(folder.path()), 1);
+}
+
+TEST(Database, KeepsPermissionsAndLinks) {
+  const TemporaryFolder folder;
+  const mode_t mask = umask(022);
+  ASSERT_EQ(writeDatabase(folder / "new.sdb", *makeScene()), FileIoStatus::Success);
+  umask(mask);
+  EXPECT_EQ(modeOf(folder / "new.sdb"), 0644U);
+  writeFile(folder / "private.sdb", "");
+  fs::permissions(folder / "private.sdb", fs::perms::owner_read | fs::perms::owner_write);
+  fs::create_symlink("private.sdb", folder / "link.sdb");
+  fs::create_symlink("later.sdb", folder / "dangling.sdb");
+  ASSERT_EQ(writeDatabase(folder / "link.sdb", *makeScene()), FileIoStatus::Success);
+  ASSERT_EQ(writeDatabase(folder / "dangling.sdb", *makeScene()), FileIoStatus::Success);
+  EXPECT_EQ(modeOf(folder / "private.sdb"), 0600U);
+  EXPECT_TRUE(fs::is_symlink(folder / "link.sdb"));
+  EXPECT_EQ(readFile(folder / "private.sdb"), readFile(folder / "new.sdb"));
+  EXPECT_EQ(readFile(folder / "later.sdb"), readFile(folder / "new.sdb"));
+}
+
+TEST(Database, RefusesTargetsThatItMustNotReplace) {
+  const TemporaryFolder folder;
+  writeFile(folder / "there.sdb", "old");
+  SDBWriter writer;
+  for (const fs::path& bad : {fs::path("/dev/null"), folder.path(), folder / "no/a.sdb", fs::path()}) {
+    EXPECT_EQ(writer.open(wide(bad), false, false), FileIoStatus::WriteError) << bad;
+  }
+  EXPECT_EQ(writer.open(wide(folder / "there.sdb"), false, true), FileIoStatus::WriteError);
+  EXPECT_EQ(writer.open(wide(folder / "there.sdb"), true, false), FileIoStatus::UnsupportedFormat);
+  int number = -1;
+  EXPECT_EQ(writer.addRecord("", "", "", *makeScene(), number), FileIoStatus::WriteError);
+  EXPECT_EQ(writer.close(), FileIoStatus::WriteError);
+  // One that comes to be there while we write.
+  ASSERT_EQ(writer.open(wide(folder / "new.sdb"), false, true), FileIoStatus::Success);
+  writeFile(folder / "new.sdb", "other");
+  EXPECT_EQ(writer.close(), FileIoStatus::WriteError);
+  EXPECT_EQ(readFile(folder / "new.sdb"), "other");
+  EXPECT_EQ(readFile(folder / "there.sdb"), "old");
+  EXPECT_EQ(countFiles(folder.path()), 2);
+}
+
+TEST(Database, DiscardsWhatDidNotFitOnTheDisk) {
+  const TemporaryFolder folder;
+  const auto scene = makeScene();
+  ASSERT_EQ(writeDatabase(folder / "a.sdb", *scene), FileIoStatus::Success);
+  const std::string whole = readFile(folder / "a.sdb");
+  rlimit unlimited{};
+  getrlimit(RLIMIT_FSIZE, &unlimited);
+  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+  for (const std::size_t size : {std::size_t{0}, std::size_t{100}, whole.size() / 2, whole.size() - 1}) {
+    const rlimit limit{size, unlimited.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    const FileIoStatus status = writeDatabase(folder / "a.sdb", *scene);
+    setrlimit(RLIMIT_FSIZE, &unlimited);
+    EXPECT_EQ(status, FileIoStatus::WriteError) << size;
+    EXPECT_EQ(readFile(folder / "a.sdb"), whole);
+    EXPECT_EQ(countFiles(folder.path()), 1);
+  }
+  std::signal(SIGXFSZ, handler);
+}
+
+}  // namespace
+
+}  // namespace vemo

@@ -1,0 +1,107 @@
+#include "support/Databases.h"
+#include "support/Expected.h"
+#include "support/Files.h"
+#include "support/Meshes.h"
+#include "support/Nodes.h"
+#include "support/SampleGraphs.h"
+#include "support/SmallStack.h"
+#include "support/TemporaryFolder.h"
+#include <vemo/scenegraph/NodeFactory.h>
+#include <vemo/scenegraph/inspect/Compare.h>
+
+#include <vtkCellArray.h>
+#include <vtkUnsignedCharArray.h>
+
+#include <array>
+#include <gtest/gtest.h>
+#include <vector>
+
+namespace vemo {
+
+namespace {
+
+using lum::firstDifference;
+using lum::Node;
+using lum::Ptr;
+using lum::io::FileIoStatus;
+
+Ptr<Node> throughADatabase(Node& node) {
+  const TemporaryFolder folder;
+  EXPECT_EQ(writeDatabase(folder / "a.sdb", node), FileIoStatus::Success);
+  const Ptr<Node> read = readDatabase(folder / "a.sdb");
+  EXPECT_EQ(writeDatabase(folder / "b.sdb", *read), FileIoStatus::Success);
+  EXPECT_TRUE(readFile(folder / "a.sdb") == readFile(folder / "b.sdb")) << "written again as other bytes";
+  return read;
+}
+
+struct Way {
+  const char* name;
+  Ptr<Node> (*carry)(Node&);
+};
+
+/// What a graph has to keep on every way that it can be saved or sent.
+class RoundTrip : public testing::TestWithParam<Way> {
+ protected:
+  static Ptr<Node> carry(Node& node) { return GetParam().carry(node); }
+};
+
+TEST_P(RoundTrip, KeepsEveryFieldOfEveryClass) {
+  for (const std::string& name : lum::getNodeClassNames()) {
+    SCOPED_TRACE(name);
+    const Ptr<Node> fresh = lum::createNode(lum::ClassNameNodeInitializer(name));
+    const Ptr<Node> node = lum::createNode(lum::ClassNameNodeInitializer(name));
+    putUnusualValuesInto(*node);
+    EXPECT_NE(firstDifference(*fresh, *node), "");
+    EXPECT_EQ(firstDifference(*node, *carry(*node)), "");
+  }
+}
+
+TEST_P(RoundTrip, KeepsReferencesSharedArraysAndCells) {
+  const auto scene = makeScene();
+  const Ptr<lum::SceneNode> read(carry(*scene));
+  EXPECT_EQ(firstDifference(*scene, *read), "");
+  EXPECT_EQ(triadOf(*read).getCameraAttributes(), read->getModelCanvas().hasCameraAttributes());
+  const auto piece = [&](const char* name) { return surfaceOf(*read).find<lum::PolyDataNode>(name); };
+  EXPECT_EQ(piece("first")->getPoints(), piece("second")->getPoints());
+  EXPECT_FALSE(piece("first")->getPolys()->IsStorage64Bit());
+  EXPECT_TRUE(piece("wide")->getPolys()->IsStorage64Bit());
+  EXPECT_NE(piece("empty")->getPoints(), nullptr);
+  EXPECT_EQ(piece("none")->getPoints(), nullptr);
+}
+
+/// Larger than the blocks in which files are written and read.
+TEST_P(RoundTrip, KeepsLargeArrays) {
+  constexpr std::size_t POINTS = 300'000;
+  std::vector<std::array<float, 3>> points(POINTS);
+  std::vector<unsigned char> values(POINTS);
+  for (std::size_t i = 0; i < POINTS; ++i) {
+    points[i] = {static_cast<float>(i), 0.5F, -static_cast<float>(i)};
+    values[i] = static_cast<unsigned char>(i / 1000);
+  }
+  const auto node = make<lum::PolyDataNode>();
+  node->setPolyData(makePolyData(points, {}));
+  node->setNodeDataArray(makeArray<vtkUnsignedCharArray>("values", values));
+  EXPECT_EQ(firstDifference(*node, *carry(*node)), "");
+}
+
+TEST_P(RoundTrip, GoesToTheGreatestDepthOnASmallStack) {
+  runOnSmallStack([] {
+    const Ptr<Node> deepest = makeChain(Node::MAXIMUM_DEPTH);
+    EXPECT_EQ(firstDifference(*deepest, *carry(*deepest)), "");
+  });
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways, RoundTrip,
+                         testing::Values(Way{"Database", &throughADatabase},
+                                         Way{"Streams", [](Node& node) { return throughStreams(node); }}),
+                         [](const auto& way) { return std::string(way.param.name); });
+
+/// The file is as the first release wrote it, and stays so: scenes that people
+/// have kept are read by every later version.
+TEST(VersionOne, IsReadAsItWasWritten) {
+  expectGraph(*readDatabase(testData("version-1.sdb")), "version-1.json");
+}
+
+}  // namespace
+
+}  // namespace vemo

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <vemo/scenegraph/NodeRegistry.h>
+#include <vemo/scenegraph/io/FileIoStatus.h>
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+
+namespace vemo {
+
+/// Writes a database of one record.
+lum::io::FileIoStatus writeDatabase(const std::filesystem::path& path, lum::Node& node);
+lum::Ptr<lum::Node> readDatabase(const std::filesystem::path& path);
+
+/// The graph after it was written to streams and read from them. Throws what
+/// the streams throw.
+lum::Ptr<lum::Node> throughStreams(const lum::Node& node);
+
+/// The bytes of a database taken apart, so that a test can say what nobody
+/// would write.
+struct DatabaseBytes {
+  static constexpr std::size_t HEADER_SIZE = 256;
+
+  explicit DatabaseBytes(const std::string& bytes);
+  DatabaseBytes(std::string arrays, std::string table);
+
+  /// The file, its index with the right hash.
+  std::string join() const;
+
+  /// Puts a text of the same length in place of one that is there.
+  void replaceInIndex(const std::string& text, const std::string& other);
+
+  std::string chunks;
+  std::string index;
+};
+
+/// The hash that databases and streams have of their parts.
+std::uint64_t hashOfPart(const void* bytes, std::size_t size);
+
+}  // namespace vemo

@@ -1,0 +1,33 @@
+#include "support/Expected.h"
+
+#include "support/Files.h"
+#include <vemo/scenegraph/inspect/JsonPrinter.h>
+#include <vemo/scenegraph/inspect/JsonWriter.h>
+
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <sstream>
+
+namespace vemo {
+
+std::filesystem::path testData(const std::filesystem::path& file) {
+  return std::filesystem::path(VEMO_TEST_DATA) / file;
+}
+
+void expectAsInFile(const std::string& text, const std::string& file) {
+  const std::filesystem::path path = testData("expected") / file;
+  if (std::getenv("VEMO_UPDATE_EXPECTED") != nullptr) {
+    writeFile(path, text);
+  }
+  EXPECT_EQ(text, readFile(path)) << "expected by " << path;
+}
+
+void expectGraph(const lum::Node& root, const std::string& file) {
+  std::ostringstream text;
+  lum::JsonWriter writer(text);
+  lum::JsonPrinter(writer, lum::JsonPrinter::Values::SHOWN).print(root);
+  writer.finish();
+  expectAsInFile(text.str(), file);
+}
+
+}  // namespace vemo

@@ -1,0 +1,33 @@
+#include "support/SmallStack.h"
+
+#include <cstddef>
+#include <pthread.h>
+#include <stdexcept>
+
+namespace vemo {
+
+namespace {
+
+constexpr std::size_t STACK_SIZE = std::size_t{256} * 1024;
+
+void* run(void* work) {
+  (*static_cast<const std::function<void()>*>(work))();
+  return nullptr;
+}
+
+}  // namespace
+
+void runOnSmallStack(const std::function<void()>& work) {
+  pthread_attr_t attributes;
+  pthread_attr_init(&attributes);
+  pthread_attr_setstacksize(&attributes, STACK_SIZE);
+  pthread_t thread{};
+  const int error = pthread_create(&thread, &attributes, run, const_cast<std::function<void()>*>(&work));
+  pthread_attr_destroy(&attributes);
+  if (error != 0) {
+    throw std::runtime_error("cannot start a thread");
+  }
+  pthread_join(thread, nullptr);
+}
+
+}  // namespace vemo
