@@ -16,8 +16,8 @@ namespace vemo {
 
 namespace {
 
-/// A closed standard stream would be taken by the next file that is opened,
-/// and be written into.
+/// The next file to be opened would get the number of a closed standard stream,
+/// and messages would be written into it.
 void holdStandardStreams() {
   while (true) {
     const int file = open("/dev/null", O_RDONLY);
@@ -28,8 +28,7 @@ void holdStandardStreams() {
   }
 }
 
-/// What the parser has to say that is no result: the help asked for, or what is
-/// wrong with the arguments.
+/// Prints the help that was asked for, or what is wrong with the arguments.
 ExitCode answer(const CLI::App& app, const CLI::ParseError& error) {
   std::ostringstream help;
   std::ostringstream complaint;
@@ -43,10 +42,9 @@ ExitCode answer(const CLI::App& app, const CLI::ParseError& error) {
   return ExitCode::DONE;
 }
 
-/// Fills the command, unless all that was asked for has been answered already.
+/// Fills the command, unless the arguments only asked for help or the version.
 ExitCode parse(int argc, char** argv, Command& command) {
-  CLI::App app("Shows what scene files hold, converts old ones to scene-graph databases, and draws them.",
-               "vemoscene");
+  CLI::App app("Inspect, convert and draw scene files of both generations.", "vemoscene");
   app.set_version_flag("--version", "vemoscene " VEMO_VERSION, "Print the version and exit");
   app.set_help_flag("-h,--help", "Print this help and exit");
   app.footer(describeExitCodes());
@@ -54,8 +52,8 @@ ExitCode parse(int argc, char** argv, Command& command) {
   Subcommand::addAll(app, command);
   try {
     app.parse(argc, argv);
-    // Not asked of the parser, which would not name a subcommand that it does
-    // not know.
+    // Checked here because the parser's own check does not name an unknown
+    // subcommand.
     if (!command.run) {
       throw CLI::RequiredError::Subcommand(1);
     }
@@ -69,8 +67,8 @@ ExitCode parse(int argc, char** argv, Command& command) {
 
 ExitCode runCommandLine(int argc, char** argv) {
   holdStandardStreams();
-  // A pipe that its reader has closed is an error of writing; the end by a
-  // signal would leave temporary files.
+  // Writing to a closed pipe is a write error; the signal would end the process
+  // and leave temporary files.
   std::signal(SIGPIPE, SIG_IGN);
   showLog();
   Command command;

@@ -4,7 +4,7 @@
 
 namespace vemo {
 
-/// Does what the arguments say; errors are shown.
+/// Runs the program. Errors are shown and become the exit code.
 ExitCode runCommandLine(int argc, char** argv);
 
 }  // namespace vemo

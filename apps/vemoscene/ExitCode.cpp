@@ -14,8 +14,8 @@ namespace vemo {
 
 namespace {
 
-/// What an exception of the import module says, in words where its message is
-/// a bare text or nothing.
+/// The message of an exception of the import module, completed where it is only
+/// a value or empty.
 std::string describe(const Exception& exception) {
   std::string message = exception.getMessage();
   if (dynamic_cast<const FutureVersionException*>(&exception) != nullptr && message.empty()) {
@@ -27,7 +27,8 @@ std::string describe(const Exception& exception) {
   return place.empty() ? message : fmt::format("{}\n({})", message, place);
 }
 
-/// The scene's place in the words of its own exceptions, then the program's.
+/// The place in the scene, worded as for its own exceptions, then the place in
+/// the program.
 std::string describe(const InternalError& error) {
   const Properties& properties = error.getProperties();
   Exception scene(error.getMessage());
@@ -44,7 +45,7 @@ ExitCode report(ExitCode code, const std::string& message) {
   return code;
 }
 
-/// For messages that need not name the file.
+/// Adds the file's name to a message that does not contain it.
 ExitCode report(ExitCode code, const std::string& file, const std::string& message) {
   const bool isNamed = message.find(file) != std::string::npos;
   return report(code, isNamed ? message : fmt::format("{}: {}", file, message));
@@ -56,11 +57,11 @@ std::string describeExitCodes() {
   return R"(Exit status:
    0  done
    2  FILE does not exist
-   3  FILE is no scene of a known format
-   5  FILE cannot be read, or what it holds is faulty
+   3  FILE has an unknown scene format
+   5  FILE cannot be read, or its content is invalid
    6  the result cannot be written
   64  wrong usage
-  69  no OpenGL to draw with on this machine, or no display
+  69  no OpenGL on this machine, or no display
   70  anything else unexpected)";
 }
 
@@ -82,11 +83,11 @@ ExitCode reportFailure(const std::string& file) {
   } catch (const PictureWriteError& error) {
     return report(ExitCode::CANNOT_WRITE, error.what());
   } catch (const std::bad_alloc&) {
-    return report(ExitCode::UNEXPECTED, file, "There is not enough memory");
+    return report(ExitCode::UNEXPECTED, file, "Out of memory");
   } catch (const std::exception& error) {
     return report(ExitCode::UNEXPECTED, file, error.what());
   } catch (...) {
-    return report(ExitCode::UNEXPECTED, file, "An error of an unknown kind");
+    return report(ExitCode::UNEXPECTED, file, "Unknown error");
   }
 }
 

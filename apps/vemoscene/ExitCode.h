@@ -5,8 +5,8 @@
 
 namespace vemo {
 
-/// What the program's exit status says. Below 6 they are the numbers of
-/// lum::io::FileIoStatus, above 63 those of <sysexits.h>.
+/// The program's exit status. Up to 6 the numbers are those of
+/// lum::io::FileIoStatus, from 64 on those of <sysexits.h>.
 enum class ExitCode : int {
   DONE = 0,
   NOT_FOUND = 2,
@@ -18,11 +18,11 @@ enum class ExitCode : int {
   UNEXPECTED = 70,
 };
 
-/// The exit codes with their meaning, for the help text: a line each.
+/// The exit codes with their meanings, one per line, for the help text.
 std::string describeExitCodes();
 
-/// Ends a command with an exit code. The message is for the user; empty when
-/// there is nothing left to say.
+/// Ends a command with an exit code. The message is for the user; an empty one
+/// is not shown.
 class Failure : public std::runtime_error {
  public:
   Failure(ExitCode code, const std::string& message) : std::runtime_error(message), _code(code) {}
@@ -33,8 +33,8 @@ class Failure : public std::runtime_error {
   ExitCode _code;
 };
 
-/// Says on standard error what went wrong with the file, for the exception being
-/// handled, and gives its exit code.
+/// Reports the exception being handled on standard error and returns its exit
+/// code.
 ExitCode reportFailure(const std::string& file);
 
 }  // namespace vemo

@@ -25,7 +25,7 @@ void refuseSameFile(const std::string& file, const std::string& output) {
   }
 }
 
-// O_PATH: also what may not be read, and without waiting at a pipe.
+// O_PATH also opens files that may not be read, and never waits for a pipe.
 ReplacementWatch::ReplacementWatch(const std::string& path)
     : _path(path), _former(open(path.c_str(), O_PATH | O_CLOEXEC)) {}
 

@@ -4,16 +4,16 @@
 
 namespace vemo {
 
-/// Throws Failure with READ_ERROR for a pipe: opening it would wait for somebody
-/// to write, and no scene can be read from it.
+/// Throws Failure with READ_ERROR for a pipe: opening it would wait for a
+/// writer, and reading a scene needs seeking.
 void refusePipe(const std::string& file);
 
 /// Throws Failure with WRONG_USAGE when both are the same file: writing the
-/// result would destroy what it is made from.
+/// output would destroy the input.
 void refuseSameFile(const std::string& file, const std::string& output);
 
-/// Tells whether a file was replaced. Keeps what was there before open, so that
-/// the system cannot give its number to the new file.
+/// Detects whether a file was replaced. Keeps the former file open, so that the
+/// system cannot reuse its inode number.
 class ReplacementWatch {
  public:
   explicit ReplacementWatch(const std::string& path);
@@ -21,7 +21,7 @@ class ReplacementWatch {
   ReplacementWatch(const ReplacementWatch&) = delete;
   ReplacementWatch& operator=(const ReplacementWatch&) = delete;
 
-  /// Whether another file, or one for the first time, stands there now.
+  /// Whether the path now leads to another file, or to one for the first time.
   bool isReplaced() const;
 
  private:

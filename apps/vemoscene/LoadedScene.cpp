@@ -30,7 +30,7 @@ bool LoadedScene::load(const std::wstring& database) {
   try {
     read(database);
   } catch (const lum::io::FileError& error) {
-    // Where the converter could not write there is no database.
+    // There is no database when the converter could not write it.
     if (_isZipped && error.getStatus() != lum::io::FileIoStatus::ReadError) {
       throw Failure(ExitCode::CANNOT_WRITE, fmt::format("\"{}\", for the converted scene, cannot be written",
                                                         toNativePath(database)));

@@ -12,15 +12,15 @@ class SceneNode;
 
 namespace vemo {
 
-/// All that a scene file holds, in memory.
+/// The content of a scene file in memory.
 class LoadedScene {
  public:
   struct Record : lum::SDBReader::Record {
     lum::Ptr<lum::Node> node;
   };
 
-  /// Opens a scene file of either generation. An old one is converted into a
-  /// temporary file. Throws Failure, and what the reading library throws.
+  /// Opens a scene file of either generation; an old one is converted into a
+  /// temporary file. Throws Failure and the exceptions of the libraries.
   explicit LoadedScene(const std::string& file);
 
   /// Whether the file is an archive of the old generation.

@@ -24,8 +24,8 @@ bool steersTerminal(wchar_t character) {
                                 (character >= 0xD800 && character < 0xE000));
 }
 
-/// Whole, so that lines of several threads do not mix. There is nobody to be
-/// told when it fails.
+/// In one call, so that lines of several threads do not mix. A failure cannot be
+/// reported anywhere.
 void writeError(std::string_view text) {
   const std::string whole = isTerminal() ? fmt::format("{}{}", CLEAR_LINE, text) : std::string(text);
   [[maybe_unused]] const auto written = write(STDERR_FILENO, whole.data(), whole.size());

@@ -10,21 +10,21 @@
 
 namespace vemo {
 
-/// The text with whatever could steer a terminal, and bytes that are no UTF-8,
-/// replaced by U+FFFD. Line ends stay.
+/// The text with control characters and invalid UTF-8 replaced by U+FFFD. Line
+/// feeds stay.
 std::string toPrintable(std::string_view text);
 
-/// Writes a message to standard error, with the program's name before it.
+/// Writes a message to standard error, preceded by the program's name.
 /// "<br>" is a line break; an empty message is not written.
 void showMessage(std::string_view message);
 
-/// Shows the warnings and errors that the system logs. To be called before
-/// anything of the system.
+/// Shows the warnings and errors that the libraries log. Must be called before
+/// any other function of theirs.
 void showLog();
 
-/// While it lives, keeps the warnings and errors that the system logs from being
-/// shown, for a command that tells them in its result. Those that nobody took
-/// are shown at its end.
+/// During its lifetime, collects logged warnings and errors instead of showing
+/// them, for a command that includes them in its result. The destructor shows
+/// those that were not taken.
 class LogKeeper {
  public:
   LogKeeper();
@@ -38,8 +38,8 @@ class LogKeeper {
   std::vector<std::string> _lines;
 };
 
-/// While it lives, says what the program is at when that takes longer than a
-/// second and standard error is a terminal.
+/// During its lifetime, shows what the program is doing when that takes longer
+/// than a second and standard error is a terminal.
 class Progress {
  public:
   explicit Progress(const std::string& activity);

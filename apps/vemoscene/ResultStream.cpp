@@ -13,7 +13,7 @@ namespace vemo {
 namespace {
 
 [[noreturn]] void fail(int error) {
-  // Whoever closes the pipe has seen enough and needs no message.
+  // A reader that closes the pipe has seen enough: no message.
   throw Failure(ExitCode::CANNOT_WRITE,
                 error == EPIPE ? std::string()
                                : std::string("Cannot write to standard output: ") + std::strerror(error));
@@ -47,7 +47,7 @@ class ResultStream::Buffer : public std::streambuf {
 
   int sync() override {
     const auto size = static_cast<std::size_t>(pptr() - pbase());
-    // Before it is written: what fails once is not tried again.
+    // Cleared before the write, so that a failed one is not repeated.
     setp(_bytes.data(), _bytes.data() + _bytes.size());
     writeAll(_bytes.data(), size);
     return 0;

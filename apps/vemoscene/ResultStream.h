@@ -7,14 +7,14 @@
 
 namespace vemo {
 
-/// Standard output, for results. Unlike std::cout it throws, Failure with
-/// CANNOT_WRITE, as soon as something cannot be written.
+/// Standard output, for results. Unlike std::cout, it throws Failure with
+/// CANNOT_WRITE as soon as a write fails.
 class ResultStream : public std::ostream {
  public:
   ResultStream();
   ~ResultStream() override;
 
-  /// Writes what is still held back; results are complete only after that.
+  /// Writes what is still buffered. Must be called when the result is complete.
   void finish();
 
  private:

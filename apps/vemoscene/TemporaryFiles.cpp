@@ -21,14 +21,14 @@ namespace vemo {
 
 namespace {
 
-/// Never destroyed: the thread below and at-exit functions use it.
+/// Never destroyed: the thread below and at-exit handlers use it.
 std::filesystem::path& ownFolder() {
   static auto& folder = *new std::filesystem::path;
   return folder;
 }
 
-/// Again when something was made in it meanwhile; but not for ever, should it
-/// be kept by what we cannot remove.
+/// Tries again when a file was added meanwhile, but gives up on files that cannot
+/// be removed.
 void removeOwnFolder() {
   constexpr int ATTEMPTS = 10;
   std::error_code error;
@@ -37,8 +37,8 @@ void removeOwnFolder() {
   }
 }
 
-/// Holds back the signals that ask a process to end, but for those that whoever
-/// started this one wants ignored.
+/// Blocks the signals that ask a process to end, except those that the parent
+/// process has set to be ignored.
 sigset_t blockEndingSignals() {
   sigset_t signals;
   sigemptyset(&signals);
@@ -70,7 +70,7 @@ void callWhenEnded(const sigset_t& signals, std::function<void()> cleanUp) {
   }).detach();
 }
 
-/// Of the temporary files in a folder those that this process has open.
+/// Removes those temporary files in a folder that this process has open.
 void removeOpenTemporaryFiles(const std::filesystem::path& folder) {
   std::error_code error;
   for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd", error)) {
@@ -93,15 +93,16 @@ void useOwnTemporaryFolder() {
   std::error_code error;
   const std::filesystem::path parent = std::filesystem::temp_directory_path(error);
   std::string name = (error ? std::filesystem::path("/tmp") : parent) / "vemoscene-XXXXXX";
-  // A folder that is there is known to who removes it.
+  // Signals are blocked first: once the folder exists, it will be removed.
   const sigset_t signals = blockEndingSignals();
   if (mkdtemp(name.data()) == nullptr) {
-    throw Failure(ExitCode::CANNOT_WRITE, fmt::format("Cannot make a folder for temporary files, \"{}\": {}",
-                                                      name, std::strerror(errno)));
+    throw Failure(
+        ExitCode::CANNOT_WRITE,
+        fmt::format("Cannot create a folder for temporary files, \"{}\": {}", name, std::strerror(errno)));
   }
   ownFolder() = name;
-  // Registered before the at-exit functions of those who make files in it, and
-  // so called after them.
+  // Registered before the at-exit handlers of the libraries that make files in
+  // it, and therefore called after them.
   std::atexit(removeOwnFolder);
   setenv("TMPDIR", name.c_str(), 1);
   callWhenEnded(signals, removeOwnFolder);

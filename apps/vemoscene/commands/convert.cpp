@@ -28,9 +28,9 @@ void convert(const Options& options) {
 void addConvertCommand(CLI::App& app, Command& command) {
   const auto options = std::make_shared<Options>();
   CLI::App* const convertApp = app.add_subcommand(
-      "convert", "Convert an old scene archive to a scene-graph database; a database is checked and copied");
+      "convert", "Convert a scene archive to a scene-graph database; a database is checked and copied");
   convertApp->add_option("FILE", options->file, "The scene archive or database to read")->required();
-  convertApp->add_option("OUT", options->output, "The database to write, by custom NAME.sdb")->required();
+  convertApp->add_option("OUT", options->output, "The database to write, usually NAME.sdb")->required();
   convertApp->callback([options, &command] { command = {options->file, [options] { convert(*options); }}; });
 }
 

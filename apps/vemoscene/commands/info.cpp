@@ -33,7 +33,7 @@ struct Options {
   bool values = false;
 };
 
-/// What was read, and what reading said of it.
+/// A scene and the warnings logged while it was read.
 struct Contents {
   LoadedScene scene;
   std::vector<std::string> warnings;
@@ -95,7 +95,7 @@ void printEntries(std::ostream& out, const std::string& file) {
   }
 }
 
-/// How much there is to see in a graph.
+/// The totals of all geometry in a graph.
 std::string countGeometry(lum::Node& root) {
   std::int64_t pieces = 0;
   std::int64_t points = 0;
@@ -156,10 +156,10 @@ void info(const Options& options) {
 
 void addInfoCommand(CLI::App& app, Command& command) {
   const auto options = std::make_shared<Options>();
-  CLI::App* const infoApp = app.add_subcommand("info", "Print what a scene file is and holds");
+  CLI::App* const infoApp = app.add_subcommand("info", "Print the format and content of a scene file");
   infoApp->add_option("FILE", options->file, "The scene archive or database to read")->required();
   infoApp->add_flag("--json", options->json, "Print one JSON object, for programs");
-  infoApp->add_flag("--values", options->values, "Print it with all values of data arrays (implies --json)");
+  infoApp->add_flag("--values", options->values, "Include all values of data arrays (implies --json)");
   infoApp->callback([options, &command] { command = {options->file, [options] { info(*options); }}; });
 }
 

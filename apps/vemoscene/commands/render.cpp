@@ -23,7 +23,7 @@ struct Options {
   RenderOptions picture;
 };
 
-/// A whole text that is a number of pixels.
+/// A text that is a valid number of pixels, and nothing else.
 std::optional<int> parsePixels(std::string_view text) {
   int pixels = 0;
   const char* const end = text.data() + text.size();
@@ -32,7 +32,7 @@ std::optional<int> parsePixels(std::string_view text) {
   return isValid ? std::optional(pixels) : std::nullopt;
 }
 
-/// What the parser wants: empty when all is well, else what is wrong.
+/// Returns an error message for the parser, empty for a valid size.
 std::string parseSize(const std::string& text, RenderOptions& picture) {
   const std::size_t separator = text.find('x');
   if (separator != std::string::npos) {
@@ -44,7 +44,7 @@ std::string parseSize(const std::string& text, RenderOptions& picture) {
       return {};
     }
   }
-  return fmt::format("\"{}\" is no size such as 1024x768, with 1 to {} pixels each way", text, MAX_SIZE);
+  return fmt::format("\"{}\" is not a size such as 1024x768, with 1 to {} pixels each way", text, MAX_SIZE);
 }
 
 void render(const Options& options) {
@@ -56,8 +56,7 @@ void render(const Options& options) {
 
 void addRenderCommand(CLI::App& app, Command& command) {
   const auto options = std::make_shared<Options>();
-  CLI::App* const renderApp =
-      app.add_subcommand("render", "Draw the picture that the viewer would show; needs no display");
+  CLI::App* const renderApp = app.add_subcommand("render", "Draw a scene to a PNG file; needs no display");
   renderApp->add_option("FILE", options->file, "The scene archive or database to read")->required();
   renderApp->add_option("OUT", options->output, "The picture to write, a PNG file")->required();
   renderApp
@@ -69,7 +68,7 @@ void addRenderCommand(CLI::App& app, Command& command) {
                                            }
                                          })
       ->option_text("WxH")
-      ->description("Width and height of the picture in pixels; without it 1024x768");
+      ->description("Width and height of the picture in pixels (default 1024x768)");
   renderApp->callback([options, &command] { command = {options->file, [options] { render(*options); }}; });
 }
 

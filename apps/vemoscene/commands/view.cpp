@@ -14,8 +14,8 @@ namespace vemo {
 
 namespace {
 
-/// Beside another of our libraries. Not left to the search of the loader, which
-/// looks for the sake of whoever calls dlopen: a sanitizer, for instance.
+/// In the folder of another of our libraries. The loader's own search would use
+/// the run path of the caller of dlopen, which can be a sanitizer.
 std::filesystem::path findWindowLibrary() {
   Dl_info neighbour{};
   if (dladdr(reinterpret_cast<const void*>(&renderPicture), &neighbour) == 0) {
@@ -24,14 +24,13 @@ std::filesystem::path findWindowLibrary() {
   return std::filesystem::path(neighbour.dli_fname).parent_path() / VEMO_WINDOW_LIBRARY;
 }
 
-/// The other commands shall not wait until the window's libraries are there, so
-/// they are loaded when there is to be a window. Never unloaded: they have
-/// registered much in the process.
+/// Loaded on demand, so that other commands start without the window's
+/// libraries. Never unloaded: they register themselves in the process.
 decltype(&showSceneWindow) loadWindow() {
   void* const library = dlopen(findWindowLibrary().c_str(), RTLD_NOW | RTLD_LOCAL);
   void* const function = library == nullptr ? nullptr : dlsym(library, "showSceneWindow");
   if (function == nullptr) {
-    throw Failure(ExitCode::NO_OPENGL, fmt::format("The window's library cannot be loaded: {}", dlerror()));
+    throw Failure(ExitCode::NO_OPENGL, fmt::format("Cannot load the window library: {}", dlerror()));
   }
   return reinterpret_cast<decltype(&showSceneWindow)>(function);
 }
@@ -44,7 +43,7 @@ void view(const std::string& file) {
 void addViewCommand(CLI::App& app, Command& command) {
   const auto file = std::make_shared<std::string>();
   CLI::App* const viewApp =
-      app.add_subcommand("view", "Open a window on the scene: turn, pan, zoom, hide and pick");
+      app.add_subcommand("view", "Open a window to explore a scene: rotate, pan, zoom, hide and pick");
   viewApp->add_option("FILE", *file, "The scene archive or database to read")->required();
   viewApp->callback([file, &command] { command = {*file, [file] { view(*file); }}; });
 }

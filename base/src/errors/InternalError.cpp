@@ -14,8 +14,8 @@ const std::string& Properties::get(const std::string& name) const {
 Error::Error(std::string message, Properties properties)
     : _message(std::move(message)), _properties(std::move(properties)) {}
 
-// The destructors stand here so that each class has one type description,
-// which exceptions that cross library borders are recognised by.
+// The destructors are defined here so that each class has one type description
+// in the process, by which exceptions are caught across library boundaries.
 Error::~Error() = default;
 NonRecoverableError::~NonRecoverableError() = default;
 InternalError::~InternalError() = default;

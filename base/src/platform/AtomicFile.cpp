@@ -14,7 +14,7 @@ namespace vemo::OS {
 
 namespace {
 
-// Some systems take no more than 2 GiB at once.
+// Some systems write no more than 2 GiB at once.
 constexpr std::size_t LARGEST_WRITE = std::size_t{1} << 30;
 constexpr int LONGEST_CHAIN_OF_LINKS = 40;
 constexpr int ATTEMPTS = 100;
@@ -25,8 +25,8 @@ constexpr unsigned PERMISSION_BITS = 07777;
 FileWriteError::FileWriteError(const std::filesystem::path& file, const std::string& reason)
     : std::runtime_error("Cannot write " + file.native() + ": " + reason) {}
 
-// Stands here so that the class has one type description, which exceptions
-// that cross library borders are recognised by.
+// Defined here so that the class has one type description in the process, by
+// which exceptions are caught across library boundaries.
 FileWriteError::~FileWriteError() = default;
 
 std::filesystem::path followLinks(std::filesystem::path path) {
@@ -36,7 +36,7 @@ std::filesystem::path followLinks(std::filesystem::path path) {
     if (error) {
       break;
     }
-    // An absolute one replaces all of it.
+    // An absolute target replaces the whole path.
     path = path.parent_path() / next;
   }
   return path;
@@ -82,7 +82,7 @@ void AtomicFile::makeTemporary() {
   for (int i = 0; i < ATTEMPTS && _file < 0; ++i) {
     std::filesystem::path name =
         _folder / (".vemo-" + std::to_string(random()) + "-" + std::to_string(random()) + ".tmp");
-    // What replaces a private file is private from the first byte on.
+    // The replacement of a private file is private from its first byte on.
     _file =
         ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, _hasTarget ? 0600 : 0666);
     if (_file >= 0) {
@@ -131,8 +131,8 @@ void AtomicFile::commit() {
   syncFolder();
 }
 
-// The file is in place already; a file system that cannot do this is no reason
-// to say that it is not.
+// Errors are ignored: the file is in place, and not every file system can sync a
+// folder.
 void AtomicFile::syncFolder() const {
   const int folder = ::open(_folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (folder >= 0) {

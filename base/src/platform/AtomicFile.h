@@ -10,35 +10,34 @@
 
 namespace vemo::OS {
 
-/// A file that could not be written. The text names the file and the reason.
+/// A file could not be written. The text names the file and the reason.
 class VEMO_BASE_EXPORT FileWriteError : public std::runtime_error {
  public:
   FileWriteError(const std::filesystem::path& file, const std::string& reason);
   ~FileWriteError() override;
 };
 
-/// What is written when a path is: where its links lead, whether something
-/// stands there yet or not.
+/// The file that writing to a path creates or replaces: links are followed, even
+/// when their target does not exist yet.
 VEMO_BASE_EXPORT std::filesystem::path followLinks(std::filesystem::path path);
 
-/// A file that appears in its place whole or not at all. What is written goes
-/// to a temporary file beside the target, named *.tmp; `commit` moves it there.
-/// A target that exists keeps its permissions. All failures are FileWriteError
-/// and name the target.
+/// Writes a file atomically. Bytes go to a temporary file beside the target, named
+/// *.tmp; `commit` renames it. An existing target keeps its permissions. All
+/// failures are FileWriteError and name the target.
 class VEMO_BASE_EXPORT AtomicFile {
  public:
-  /// Links are followed: what they lead to is the target. A target that is no
-  /// regular file is refused, and any that exists if `keepExisting`.
+  /// Follows links. Refuses a target that is not a regular file, and any existing
+  /// target if `keepExisting`.
   explicit AtomicFile(const std::filesystem::path& path, bool keepExisting = false);
   AtomicFile(const AtomicFile&) = delete;
   AtomicFile& operator=(const AtomicFile&) = delete;
-  /// Removes what is not committed.
+  /// Removes the temporary file unless it was committed.
   ~AtomicFile();
 
-  /// Writes at a position, which may lie beyond what is written yet.
+  /// Writes at a position, which may lie beyond the end.
   void write(const void* data, std::size_t size, std::uint64_t position);
 
-  /// To be called once, after which nothing more can be written.
+  /// Must be called at most once; nothing can be written afterwards.
   void commit();
 
  private:

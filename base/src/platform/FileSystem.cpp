@@ -12,10 +12,10 @@
 namespace vemo::OS {
 namespace {
 
-/// Of a temporary file's name, so that the whole stays a valid one.
+/// Of a temporary file's name, so that the whole name stays valid.
 constexpr std::size_t MAX_NAME_PART = 100;
 
-/// Whether the system would look at the whole path: it stops at a zero.
+/// The system stops reading a path at a zero character.
 bool isPath(const std::wstring& path) {
   return !path.empty() && path.find(L'\0') == std::wstring::npos;
 }
@@ -64,7 +64,7 @@ std::wstring FileSystem::makeTemporaryFile(const std::wstring& namePart) const {
   std::ranges::replace_if(
       part, [](char byte) { return byte == '/' || byte == '\0'; }, '_');
   std::string path = (_temporaryFolder / ("vemo-" + part + (part.empty() ? "" : "-") + "XXXXXX")).native();
-  // Exclusive, with a random name, and readable by this user alone.
+  // Created exclusively, with a random name, readable by this user alone.
   const int file = mkostemp(path.data(), O_CLOEXEC);
   if (file < 0) {
     return {};

@@ -7,7 +7,7 @@ namespace vemo {
 namespace {
 
 std::unique_ptr<OS::FileSystem>& instance() {
-  // The holder is never destroyed: at-exit functions use what is in it.
+  // The holder is never destroyed: at-exit handlers use its content.
   static auto& holder = *new std::unique_ptr<OS::FileSystem>;
   return holder;
 }

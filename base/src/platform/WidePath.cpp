@@ -8,7 +8,7 @@ namespace vemo {
 namespace {
 
 constexpr std::uint32_t REPLACEMENT = 0xFFFD;
-/// What is added to a stray byte, 0x80 or above.
+/// Added to an invalid byte, 0x80 or above.
 constexpr std::uint32_t STRAY_BYTE = 0xDC00;
 
 bool isHighSurrogate(std::uint32_t character) {
@@ -21,13 +21,12 @@ bool isStrayByte(std::uint32_t character) {
   return character >= 0xDC80 && character <= 0xDCFF;
 }
 
-/// wchar_t is signed here: values above its largest count as large.
+/// wchar_t is signed here; negative values become large code points.
 std::uint32_t valueOf(wchar_t character) {
   return static_cast<std::uint32_t>(character);
 }
 
-/// The bytes that a sequence with this first byte has; 0 for one that starts
-/// none.
+/// The length of the UTF-8 sequence that starts with this byte; 0 when none does.
 std::size_t sequenceLength(unsigned char first) {
   if (first < 0x80) {
     return 1;
@@ -41,7 +40,8 @@ std::size_t sequenceLength(unsigned char first) {
   return first >= 0xF0 && first < 0xF5 ? 4 : 0;
 }
 
-/// The shortest form, no surrogate, nothing beyond the last character.
+/// Whether a decoded sequence has its shortest form, is not a surrogate, and is
+/// not above U+10FFFF.
 bool isCharacter(std::uint32_t value, std::size_t length) {
   constexpr std::uint32_t FIRST_OF_LENGTH[] = {0, 0, 0x80, 0x800, 0x10000};
   return value >= FIRST_OF_LENGTH[length] && value <= 0x10FFFF && !isHighSurrogate(value) &&
@@ -53,7 +53,7 @@ struct Decoded {
   std::size_t length;
 };
 
-/// The character at the start of a text that is not empty.
+/// Decodes the first character of a non-empty text.
 Decoded decodeFirst(std::string_view text) {
   const auto byte = [text](std::size_t index) { return static_cast<unsigned char>(text[index]); };
   const Decoded stray{STRAY_BYTE + byte(0), 1};
@@ -74,8 +74,8 @@ Decoded decodeFirst(std::string_view text) {
   return isCharacter(value, length) ? Decoded{value, length} : stray;
 }
 
-/// The character at the start of a text that is not empty, a pair taken
-/// together.
+/// Decodes the first character of a non-empty text; a surrogate pair is one
+/// character.
 Decoded joinFirst(std::wstring_view text) {
   const std::uint32_t first = valueOf(text[0]);
   if (isHighSurrogate(first) && text.size() > 1 && isLowSurrogate(valueOf(text[1]))) {

@@ -8,12 +8,12 @@
 
 namespace vemo {
 
-/// Named details of an error, in the order of their names.
+/// Named details of an error, sorted by name.
 class VEMO_BASE_EXPORT Properties {
  public:
   void set(const std::string& name, const std::string& value) { _values[name] = value; }
 
-  /// The value of a detail; empty when it was never set.
+  /// Empty when the detail was never set.
   const std::string& get(const std::string& name) const;
 
   const std::map<std::string, std::string>& all() const { return _values; }
@@ -22,7 +22,7 @@ class VEMO_BASE_EXPORT Properties {
   std::map<std::string, std::string> _values;
 };
 
-/// Root of the errors that tell of a fault in the program, not in its input.
+/// Root of the errors that report a fault in the program rather than its input.
 class VEMO_BASE_EXPORT Error : public std::exception {
  public:
   explicit Error(std::string message, Properties properties = {});
@@ -32,7 +32,7 @@ class VEMO_BASE_EXPORT Error : public std::exception {
   const std::string& getMessage() const { return _message; }
   const Properties& getProperties() const { return _properties; }
 
-  /// Whoever lets the error pass may note where it happened.
+  /// For callers that let the error pass and add where it happened.
   Properties& getProperties() { return _properties; }
 
  private:
@@ -40,7 +40,7 @@ class VEMO_BASE_EXPORT Error : public std::exception {
   Properties _properties;
 };
 
-/// An error after which the operation under way cannot be resumed.
+/// An error after which the current operation cannot be resumed.
 class VEMO_BASE_EXPORT NonRecoverableError : public Error {
  public:
   using Error::Error;
@@ -50,12 +50,12 @@ class VEMO_BASE_EXPORT NonRecoverableError : public Error {
 /// A broken invariant: which expression failed, and where.
 class VEMO_BASE_EXPORT InternalError : public NonRecoverableError {
  public:
-  /// The expression, file and line are kept as properties of those names too.
+  /// Expression, file and line are also properties of those names.
   InternalError(const std::string& message, const char* expression, const char* file, int line);
   InternalError(const std::string& message, const Properties& properties);
   ~InternalError() override;
 
-  /// Empty, and 0, when the properties given do not name them.
+  /// Empty, or 0, when the given properties do not contain them.
   const std::string& getExpression() const { return getProperties().get("expression"); }
   const std::string& getFile() const { return getProperties().get("file"); }
   int getLine() const { return _line; }
@@ -64,7 +64,7 @@ class VEMO_BASE_EXPORT InternalError : public NonRecoverableError {
   int _line = 0;
 };
 
-/// Throws an InternalError that names the condition and this place unless the
+/// Throws an InternalError that names the condition, file and line unless the
 /// condition holds.
 #define VEMO_REQUIRE(condition, message)                                      \
   do {                                                                        \

@@ -5,18 +5,17 @@
 
 namespace vemo {
 
-/// The operating system's services. They may be used at any time, also by
-/// at-exit functions and after `reset`; from one thread at a time.
+/// Services of the operating system. They may be used at any time, also in at-exit
+/// handlers and after `reset`, by one thread at a time.
 class VEMO_BASE_EXPORT Platform {
  public:
   Platform() = delete;
 
-  /// Made at the first call, and at the first call after `reset`.
+  /// Created by the first call, and by the first call after `reset`.
   static OS::FileSystem& filesystem();
 
-  /// Lets the services go, with what they found out about the system: where
-  /// temporary files go is asked anew afterwards. References that `filesystem`
-  /// gave end here.
+  /// Releases the services and what they cached, such as the folder for
+  /// temporary files. Invalidates references returned by `filesystem`.
   static void reset();
 };
 

@@ -10,7 +10,7 @@
 
 namespace vemo {
 
-/// Whether two values are the same to the last bit: unlike ==, tells 0 from -0
+/// Whether two values are equal bit by bit: unlike ==, distinguishes 0 from -0
 /// and finds a NaN equal to itself.
 template <class T>
 bool sameBits(const T& a, const T& b) {

@@ -9,7 +9,7 @@
 namespace vemo {
 
 /// A fixed number of values of one type: a point, a direction, a range, labels.
-/// An aggregate: Vector<3, double>{1.0, 2.0, 3.0}; what is not given is T().
+/// An aggregate: Vector<3, double>{1.0, 2.0, 3.0}; missing values are T().
 template <std::size_t N, class T>
 struct Vector {
   std::array<T, N> values{};

@@ -8,16 +8,16 @@ class SceneNode;
 
 namespace vemo {
 
-/// Opens a window on a scene and returns when the user has closed it. What the
-/// user shows and hides is shown and hidden in the scene (BaseAttributes). The
-/// title is UTF-8, mostly the name of the scene's file. Makes the process's
-/// QApplication, so that it is called at most once, from the main thread.
+/// Opens a window that shows a scene and returns when the user has closed it. What
+/// the user shows and hides changes in the scene (BaseAttributes). The title is
+/// UTF-8, usually the name of the scene's file. Creates the process's QApplication:
+/// call it at most once, on the main thread.
 ///
 /// Throws RenderingUnavailable when there is no display or no OpenGL, and
 /// RenderError when the scene cannot be drawn, before any window appears.
 ///
-/// Has a plain name so that a program which mostly needs no window can load the
-/// library when it needs one (dlsym).
+/// Has C linkage so that a program can load the library on demand and find the
+/// function by name (dlsym).
 extern "C" VEMO_WINDOW_EXPORT void showSceneWindow(lum::SceneNode& scene, const char* title);
 
 }  // namespace vemo

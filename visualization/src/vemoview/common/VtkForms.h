@@ -17,13 +17,13 @@ namespace vemo {
 /// The channels of a colour in VTK's tables: red, green, blue, alpha.
 inline constexpr std::size_t RGBA_CHANNELS = 4;
 
-/// VTK's table of the colours, four bytes each, the first for the low end of
-/// the range; none give an empty table. The colours are copied.
+/// A VTK lookup table of these colours, four bytes each, the first for the low end
+/// of the range; empty without colours. The colours are copied.
 VEMO_COMMON_EXPORT vtkSmartPointer<vtkLookupTable> makeVtkLookupTable(std::span<const std::uint8_t> rgba,
                                                                       const Vector<2, double>& range,
                                                                       bool isLog10);
 
-/// What the normal points to is kept by who clips with the plane.
+/// Clipping by the plane keeps the side that the normal points to.
 VEMO_COMMON_EXPORT void setVtkPlane(vtkPlane& plane, const Vector<3, double>& origin,
                                     const Vector<3, double>& normal);
 

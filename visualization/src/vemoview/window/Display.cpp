@@ -35,7 +35,7 @@ void requireDisplay() {
     throw RenderingUnavailable(display.empty() ? "There is no display to open a window on: DISPLAY is not set"
                                                : "The display \"" + display + "\" cannot be reached");
   }
-  // Where there is a choice, VTK's OpenGL wants an X window.
+  // VTK's OpenGL needs an X window, even where Wayland is available.
   if (platform.isEmpty()) {
     qputenv(PLATFORM_VARIABLE, X_PLATFORM);
   }

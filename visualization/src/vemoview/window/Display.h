@@ -2,14 +2,13 @@
 
 namespace vemo {
 
-/// Throws RenderingUnavailable when there is no X display that can be reached;
-/// Qt would end the process. Another platform that the user asks Qt for, with
-/// the variable QT_QPA_PLATFORM, is taken on trust. To be called before the
-/// QApplication is made.
+/// Throws RenderingUnavailable when no X display can be reached, where Qt would
+/// abort the process. Does not check another platform that the user selects with
+/// the variable QT_QPA_PLATFORM. Must be called before the QApplication exists.
 void requireDisplay();
 
-/// Throws RenderingUnavailable when windows have no OpenGL, or an OpenGL that is
-/// too old. There is a QApplication.
+/// Throws RenderingUnavailable when windows have no OpenGL, or too old a version.
+/// Needs the QApplication.
 void requireOpenGl();
 
 }  // namespace vemo

@@ -23,8 +23,8 @@ bool isCollection(const lum::Drawable& drawable) {
   return dynamic_cast<const lum::DrawableCollection*>(&drawable) != nullptr;
 }
 
-/// A single drawable without a name of its own has that of the collection which
-/// it stands in.
+/// The only drawable of a collection, without a name of its own, is one item with
+/// the collection.
 lum::Drawable& contentOf(lum::Drawable& drawable) {
   if (!isCollection(drawable) || drawable.getNodeCount() != 1) {
     return drawable;
@@ -108,13 +108,13 @@ bool ItemTree::isInVisible(int item) const {
 
 void ItemTree::setVisible(int item, bool isVisible) {
   turn(*(*this)[item].drawable, isVisible);
-  // Hiding the one hides the other, too.
+  // Hiding the outer one hides the inner one, too.
   if (isVisible) {
     turn(*(*this)[item].content, true);
   }
 }
 
-/// Shows an item as the only one of its hidden parent.
+/// Shows a hidden parent with this item as its only visible child.
 void ItemTree::reveal(int item) {
   const int parent = (*this)[item].parent;
   if (parent != NONE && !(isVisible(parent) && isInVisible(parent))) {

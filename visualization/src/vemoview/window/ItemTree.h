@@ -14,22 +14,22 @@ class SceneNode;
 
 namespace vemo {
 
-/// What a scene consists of, as a user sees it: numbered items, each either a
-/// canvas, or a drawable in another item. A drawable that only gives a name to
-/// a single one of a kind is one item with it. The children of an item have
-/// consecutive numbers, the canvases the first. Which items are visible is kept
-/// in the scene, which must be there as long as this.
+/// A scene's items as a user sees them, numbered: each is a canvas, or a drawable
+/// in another item. A collection that only names the one drawable in it is one
+/// item with it. Canvases have the first numbers, the children of an item
+/// consecutive ones. Visibility is stored in the scene, which must outlive the
+/// tree.
 class ItemTree {
  public:
   static constexpr int NONE = -1;
 
   struct Item {
     lum::Drawable* drawable;
-    /// The single drawable that it names; else the drawable itself.
+    /// The only drawable in a collection that names it, otherwise the same drawable.
     lum::Drawable* content;
     /// NONE for a canvas.
     int parent;
-    /// The place among the parent's children, or the canvases.
+    /// The index among the parent's children, or among the canvases.
     int row;
     int firstChild;
     int childCount;
@@ -41,22 +41,23 @@ class ItemTree {
   const Item& operator[](int item) const { return _items[static_cast<std::size_t>(item)]; }
   int getCanvasCount() const { return static_cast<int>(_canvasNames.size()); }
 
-  /// The item that a drawable is, or is the content of; NONE if there is none.
+  /// The item of a drawable; NONE if there is none.
   int find(const lum::Drawable* drawable) const;
 
-  /// As it stands in the scene; may be empty, and no UTF-8.
+  /// As in the scene: may be empty or invalid UTF-8.
   const std::string& getName(int item) const;
 
   /// Whether the item itself is visible.
   bool isVisible(int item) const;
-  /// Whether all that it stands in is visible.
+  /// Whether all items that contain it are visible.
   bool isInVisible(int item) const;
 
   void setVisible(int item, bool isVisible);
-  /// Shows items, and of what they stand in, where that is hidden, nothing else.
+  /// Shows items. Hidden items that contain them are shown, too, but without their
+  /// other children.
   void show(const std::vector<int>& items);
   void hide(const std::vector<int>& items);
-  /// Of the canvases that the items belong to, nothing else stays visible.
+  /// Hides all other items in the canvases of these items.
   void showOnly(const std::vector<int>& items);
   void showAll();
 

@@ -27,7 +27,7 @@ QModelIndex ItemTreeModel::indexOf(int item) const {
                                 : createIndex(_items[item].row, NAME, static_cast<quintptr>(item));
 }
 
-/// Rows with a common parent are announced together.
+/// One signal for each parent, for all of its rows.
 void ItemTreeModel::announceVisibility() {
   for (int first = 0; first < _items.size();) {
     const int parent = _items[first].parent;

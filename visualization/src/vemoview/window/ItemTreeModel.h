@@ -7,21 +7,21 @@
 
 namespace vemo {
 
-/// An ItemTree for Qt's views: a row for each item, whose check box says whether
-/// the item itself is visible.
+/// An ItemTree for Qt's views: a row per item, whose check box is the visibility
+/// of the item itself.
 class ItemTreeModel final : public QAbstractItemModel {
  public:
   enum Column { NAME, KIND, CELLS, COLUMN_COUNT };
 
-  /// The items must be there as long as the model. Calls `whenToggled` after an
-  /// item was shown or hidden with its check box.
+  /// The items must outlive the model. Calls `whenToggled` after the user toggles a
+  /// check box.
   ItemTreeModel(ItemTree& items, std::function<void()> whenToggled, QObject* parent);
 
   /// The item of a valid index.
   static int itemAt(const QModelIndex& index) { return static_cast<int>(index.internalId()); }
   QModelIndex indexOf(int item) const;
 
-  /// Tells the views that other items may be visible now.
+  /// Notifies the views that visibilities may have changed.
   void announceVisibility();
 
   QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;

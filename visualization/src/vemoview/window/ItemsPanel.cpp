@@ -17,7 +17,7 @@ namespace vemo {
 
 namespace {
 
-/// So many rows are listed at a time without being asked for.
+/// Levels are expanded at the start up to this many rows.
 constexpr int FEW_ROWS = 200;
 
 /// Between the parts of the panel, in pixels.
@@ -100,7 +100,7 @@ void ItemsPanel::expandFewRows() {
 void ItemsPanel::filter(const QString& text) {
   _filtered->setFilterFixedString(text);
   if (text.isEmpty()) {
-    // What no name matched was folded.
+    // Filtering collapsed the rows without a match.
     expandFewRows();
   } else if (getMeant().size() <= FEW_ROWS) {
     _tree->expandAll();

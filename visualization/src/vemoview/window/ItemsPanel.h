@@ -15,25 +15,25 @@ namespace vemo {
 
 class ItemTreeModel;
 
-/// Lists the items with a check box for each one's visibility, and finds, shows
-/// and hides them by name.
+/// The tree of items with check boxes for their visibility, and a filter to find,
+/// show and hide items by name.
 class ItemsPanel final : public QWidget {
  public:
-  /// What happens here that concerns others.
+  /// Notifications.
   struct Listener {
     /// Items were shown or hidden in the scene.
     std::function<void()> visibilityChanged;
-    /// Another item is the current one; NONE if none is.
+    /// The current item has changed; NONE if there is none.
     std::function<void(int)> currentChanged;
   };
 
-  /// The items must be there as long as the panel.
+  /// The items must outlive the panel.
   ItemsPanel(ItemTree& items, Listener listener, QWidget* parent);
 
-  /// The rows that are marked.
+  /// The selected items.
   std::vector<int> getSelected() const;
-  /// Marks an item's row and brings it into sight; NONE marks none. Tells
-  /// nobody.
+  /// Selects an item's row and scrolls to it; NONE clears the selection. Does not
+  /// notify.
   void select(int item);
 
   void showItems(const std::vector<int>& items);
@@ -46,8 +46,8 @@ class ItemsPanel final : public QWidget {
   void makeButtons();
   void filter(const QString& text);
   void expandFewRows();
-  /// The items that the buttons are for: all whose name has the filter's text,
-  /// or, without one, the marked.
+  /// The items that the buttons act on: all that match the filter, or the selected
+  /// ones when there is no filter.
   std::vector<int> getMeant() const;
   void labelButtons();
   void announceVisibility();

@@ -15,7 +15,7 @@ namespace vemo {
 
 namespace {
 
-/// How often a pixel is looked at for smooth edges.
+/// Samples per pixel, for smooth edges.
 constexpr int SAMPLES = 8;
 
 }  // namespace
@@ -39,7 +39,7 @@ SceneView::SceneView(const lum::SceneNode& scene, PickListener picked, QWidget* 
 }
 
 SceneView::~SceneView() {
-  // What is drawn goes with the OpenGL context that it lives in.
+  // OpenGL resources must be released while their context exists.
   makeCurrent();
 }
 
@@ -97,7 +97,7 @@ bool SceneView::event(QEvent* event) {
   switch (event->type()) {
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
-      // Not for VTK, whose keys are other than ours.
+      // Not passed on to VTK, which has key bindings of its own.
       return QOpenGLWidget::event(event);  // NOLINT(bugprone-parent-virtual-call)
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick: {

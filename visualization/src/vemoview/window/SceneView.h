@@ -19,35 +19,34 @@ namespace vemo {
 
 struct Pick;
 
-/// Draws a scene and turns it with the mouse: the left button turns, the middle
-/// one (or the left with Shift) pans, the right one and the wheel zoom, and a
-/// click picks.
+/// Draws a scene and handles the mouse: the left button rotates, the middle one
+/// (or the left one with Shift) pans, the right one and the wheel zoom, a click
+/// picks.
 class VEMO_WINDOW_EXPORT SceneView final : public QVTKOpenGLNativeWidget {
  public:
   using PickListener = std::function<void(const std::optional<Pick>&)>;
 
-  /// The scene must be there as long as the view. Throws RenderError when it
-  /// cannot be drawn.
+  /// The scene must outlive the view. Throws RenderError when it cannot be drawn.
   SceneView(const lum::SceneNode& scene, PickListener picked, QWidget* parent);
   ~SceneView() override;
 
-  /// To be called before the QApplication is made.
+  /// Must be called before the QApplication exists.
   static void useFormatByDefault();
 
-  /// Shows and hides what was shown and hidden in the scene. Throws RenderError
-  /// when that cannot be drawn.
+  /// Updates the picture after visibilities in the scene have changed. Throws
+  /// RenderError when the result cannot be drawn.
   void followVisibility();
 
-  /// Surrounds a drawable of the model, and marks a point of it; what was
-  /// surrounded and marked before is no more.
+  /// Outlines a drawable of the model and marks a point of it, instead of those
+  /// highlighted before.
   void highlight(const lum::Drawable* drawable, const std::optional<Vector<3, double>>& point = {});
 
-  /// The model is seen as in the beginning.
+  /// Restores the initial view of the model.
   void resetView();
-  /// All of the model that is visible is seen.
+  /// Frames all visible parts of the model.
   void frameModel();
 
-  /// What is seen, without what is highlighted.
+  /// The current picture without highlights.
   Picture takePicture();
 
  protected:
@@ -55,13 +54,14 @@ class VEMO_WINDOW_EXPORT SceneView final : public QVTKOpenGLNativeWidget {
 
  private:
   void draw();
-  /// Whether the mouse has only trembled since a button was pressed.
+  /// Whether the mouse has moved so little since the button was pressed that this
+  /// is a click.
   bool isClick(const QPoint& place) const;
   void pick(const QPoint& place);
 
   SceneRenderer _scene;
   PickListener _picked;
-  /// Where the left button was pressed, until the mouse is dragged from there.
+  /// Where the left button was pressed; empty once the mouse is dragged.
   std::optional<QPoint> _pressed;
 };
 

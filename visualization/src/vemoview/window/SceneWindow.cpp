@@ -50,7 +50,7 @@ constexpr const char* HELP = R"(<table cellspacing="4">
 <tr><td><b>Ctrl+Q</b></td><td>quit</td></tr>
 </table>)";
 
-/// As large as is wanted, and as fits the screen with its bars.
+/// The preferred size, limited to the available part of the screen.
 QSize initialSize() {
   constexpr double USABLE = 0.95;
   const QScreen* const screen = QGuiApplication::primaryScreen();
@@ -113,25 +113,27 @@ QAction* SceneWindow::add(const Command& command) {
 void SceneWindow::addCommands() {
   const auto selected = [this] { return _list->getSelected(); };
   auto* const save =
-      add({"&Save picture...", "Write what is seen as a PNG file", {{"Ctrl+S"}, {"S"}}, [this] {
+      add({"&Save picture...", "Write the current picture to a PNG file", {{"Ctrl+S"}, {"S"}}, [this] {
              askAndSavePicture();
            }});
   auto* const quit = add({"&Quit", "Close the window", {{"Ctrl+Q"}}, [this] { close(); }});
   auto* const reset =
-      add({"&Reset view", "See the model as in the beginning", {{"R"}}, [this] { _view->resetView(); }});
+      add({"&Reset view", "Restore the initial view", {{"R"}}, [this] { _view->resetView(); }});
   auto* const frame =
-      add({"&Frame all", "See all that is visible of the model", {{"F"}}, [this] { _view->frameModel(); }});
+      add({"&Frame all", "Frame all visible parts of the model", {{"F"}}, [this] { _view->frameModel(); }});
   auto* const hide = add({"&Hide", "Hide the selected items", {{"H"}}, [this] { hideSelected(); }});
   auto* const only =
-      add({"Show &only selected", "Hide all items but the selected ones", {{"O"}}, [this, selected] {
+      add({"Show &only selected", "Hide all items except the selected ones", {{"O"}}, [this, selected] {
              _list->showOnly(selected());
            }});
   auto* const all =
-      add({"Show &all items", "Show all items, also those that the file hides", {{"A"}}, [this] {
+      add({"Show &all items", "Show all items, including those hidden by the file", {{"A"}}, [this] {
              _list->showAll();
            }});
-  auto* const none = add({"&Clear selection", "Pick nothing", {{"Esc"}}, [this] { clearSelection(); }});
-  auto* const help = add({"&Mouse and keys", "What mouse and keys do", {{"F1"}}, [this] { showHelp(); }});
+  auto* const none =
+      add({"&Clear selection", "Clear selection and marker", {{"Esc"}}, [this] { clearSelection(); }});
+  auto* const help =
+      add({"&Mouse and keys", "Explain mouse buttons and keys", {{"F1"}}, [this] { showHelp(); }});
 
   menuBar()->addMenu("&File")->addActions({save, quit});
   QMenu* const view = menuBar()->addMenu("&View");
@@ -186,7 +188,7 @@ void SceneWindow::showPick(const std::optional<Pick>& pick) {
   statusBar()->showMessage(item == ItemTree::NONE ? QString() : pathOf(_items, item));
 }
 
-/// What stood behind is what the user wants to see then.
+/// Hiding an item removes its highlight: the user wants to see what is behind it.
 void SceneWindow::hideSelected() {
   _list->hideItems(_list->getSelected());
   _view->highlight(nullptr);

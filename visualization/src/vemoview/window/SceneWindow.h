@@ -20,16 +20,14 @@ class SceneView;
 class ValuesPanel;
 struct Pick;
 
-/// A window on a scene: the picture, the list of items, the values of what is
-/// picked, and the commands for them.
+/// A window that shows a scene: picture, item list, picked values and commands.
 class VEMO_WINDOW_EXPORT SceneWindow final : public QMainWindow {
  public:
-  /// The scene must be there as long as the window. Throws RenderError when it
-  /// cannot be drawn.
+  /// The scene must outlive the window. Throws RenderError when it cannot be drawn.
   SceneWindow(lum::SceneNode& scene, const QString& title);
   ~SceneWindow() override;
 
-  /// Writes what is seen as a PNG file. Throws PictureWriteError.
+  /// Writes the current picture to a PNG file. Throws PictureWriteError.
   void savePicture(const QString& path);
 
  private:
@@ -46,11 +44,11 @@ class VEMO_WINDOW_EXPORT SceneWindow final : public QMainWindow {
   void clearSelection();
   void askAndSavePicture();
   void showHelp();
-  /// Says what went wrong with drawing and writing instead of throwing it.
+  /// Runs an action and shows its drawing and writing errors in a dialog.
   void guard(const std::function<void()>& action);
 
   ItemTree _items;
-  // They look at the items, and so go before them.
+  // They refer to the items and must be destroyed before them.
   std::unique_ptr<SceneView> _view;
   std::unique_ptr<ItemsPanel> _list;
   std::unique_ptr<ValuesPanel> _values;

@@ -11,8 +11,8 @@ namespace vemo {
 
 namespace {
 
-/// Qt lets no exception through its event loop: the first one ends the loop and
-/// is thrown from there.
+/// Exceptions must not pass through Qt's event loop: the first one ends the loop
+/// and is rethrown afterwards.
 class Application : public QApplication {
  public:
   using QApplication::QApplication;
@@ -43,12 +43,12 @@ class Application : public QApplication {
 void showSceneWindow(lum::SceneNode& scene, const char* title) {
   requireDisplay();
   SceneView::useFormatByDefault();
-  // Both must be there as long as the application.
+  // Both must outlive the application.
   int count = 1;
   char name[] = "vemoscene";
   char* arguments[] = {name, nullptr};
   Application application(count, arguments);
-  // Qt takes the user's locale; numbers in the picture are written as in those
+  // Qt sets the user's locale; numbers in the picture must look as in pictures
   // drawn without a window.
   std::setlocale(LC_NUMERIC, "C");
   requireOpenGl();

@@ -68,7 +68,8 @@ void ValuesPanel::showFacts(const std::vector<FactGroup>& groups) {
   }
 }
 
-/// In the order in which they stand, a line each, as spreadsheets take it.
+/// Rows from top to bottom, one line each with a tab between name and value, as
+/// spreadsheets accept it.
 void ValuesPanel::copySelection() const {
   QStringList lines;
   for (QTreeWidgetItem* row = topLevelItem(0); row != nullptr; row = itemBelow(row)) {

@@ -12,8 +12,7 @@ class ValuesPanel final : public QTreeWidget {
  public:
   explicit ValuesPanel(QWidget* parent);
 
-  /// Shows these in place of what was shown before; an explanation if there is
-  /// none.
+  /// Replaces the content; an explanation is shown when it is empty.
   void showFacts(const std::vector<FactGroup>& groups);
 
  private:
