@@ -1,26 +1,22 @@
 // Features whose layout is the renderer's own affair: what they become in the
-// scene graph, and that their picture says what the scene says.
+// scene graph, by the files in tests/data/expected/features, and that their
+// picture says what the scene says.
 
 #include "features/DirectDrawing.h"
 #include "features/FeatureScene.h"
-#include <vemo/scenegraph/drawables/Overlays.h>
-#include <vemo/scenegraph/drawables/TriadDrawable.h>
 
 #include <vtkRenderer.h>
 
 #include <algorithm>
 #include <array>
-#include <gmock/gmock.h>
 #include <vector>
 
 namespace vemo {
 
 namespace {
 
-using testing::ElementsAre;
 using Pixel = Picture::Pixel;
 using Vector2 = Vector<2, double>;
-using Vector3 = Vector<3, double>;
 
 constexpr int SIZE = FeatureScene::SIZE;
 constexpr Pixel BLACK = {0, 0, 0};
@@ -102,17 +98,7 @@ std::vector<int> ticksBeside(const Picture& picture, const Box& bar) {
 
 TEST(LegendFeature, StandsUprightWithItsTicksAtTheEndsOfTheBar) {
   const FeatureScene scene = legendScene("numberFormat='%.0f Pa' " + UPRIGHT);
-  auto& legend = scene.overlay<lum::LegendDrawable>();
-  EXPECT_EQ(legend.getName(), "bar");
-  EXPECT_EQ(legend.getPositionAttributes().getPosition(), (Vector3{0.25, 0.125, 0}));
-  EXPECT_EQ(legend.getTextAttributes().getFontSize(), 0.05);
-  const auto& attributes = legend.getLegendAttributes();
-  EXPECT_EQ(attributes.getTitle(), "Pressure");
-  EXPECT_EQ(attributes.getOrientation(), lum::LegendOrientation::VERTICAL);
-  EXPECT_EQ(attributes.getNumberOfLabels(), 5);
-  EXPECT_EQ(attributes.getLabelFormat(), "%.0f Pa");
-  EXPECT_EQ(attributes.getSize(), (Vector2{0.5, 0.75}));
-  EXPECT_EQ(legend.getColorLookupTable().getScalarRange(), (Vector2{0, 100}));
+  scene.expectGraph();
 
   const Picture picture = scene.draw();
   int bottom = 0;
@@ -148,11 +134,7 @@ TEST(LegendFeature, LiesWithItsLowEndAtTheLeftAndWritesInItsColour) {
   const FeatureScene scene = legendScene(
       "orientation='HORIZONTAL' numberOfLabels='3'><position x='0.2' y='0.1'/><size x='0.6' y='0.25'/>"
       "<font facename='Times' textColor='ff00ffff'/></legend>");
-  auto& legend = scene.overlay<lum::LegendDrawable>();
-  EXPECT_EQ(legend.getLegendAttributes().getOrientation(), lum::LegendOrientation::HORIZONTAL);
-  EXPECT_EQ(legend.getLegendAttributes().getNumberOfLabels(), 3);
-  EXPECT_EQ(legend.getTextAttributes().getFontFamilyName(), "Times");
-  EXPECT_EQ(legend.getTextAttributes().getForegroundColor(), 0xFF00FFFFU);
+  scene.expectGraph();
 
   const Picture picture = scene.draw();
   int left = 60;
@@ -169,7 +151,7 @@ TEST(LegendFeature, LiesWithItsLowEndAtTheLeftAndWritesInItsColour) {
 
 TEST(LegendFeature, PutsLogarithmicTicksAtPowersOfTen) {
   const FeatureScene scene = legendScene(UPRIGHT, "min='0.05' max='5000' log10='true'");
-  EXPECT_EQ(scene.overlay<lum::LegendDrawable>().getColorLookupTable().getScaleMode(), lum::ScaleMode::LOG10);
+  scene.expectGraph();
   const Picture picture = scene.draw();
   Box bar = boxOf(picture, COLORS.front());
   bar.top = boxOf(picture, COLORS.back()).top;
@@ -184,39 +166,26 @@ TEST(LegendFeature, PutsLogarithmicTicksAtPowersOfTen) {
 // ---- Annotations ----
 
 TEST(AnnotationFeature, StandsInTheWindowByAnyOfItsPoints) {
-  const std::array<const char*, 3> horizontals = {"LEFT", "CENTER", "RIGHT"};
-  const std::array<const char*, 3> verticals = {"BOTTOM", "CENTER", "TOP"};
-  for (int horizontal = 0; horizontal < 3; ++horizontal) {
-    for (int vertical = 0; vertical < 3; ++vertical) {
-      const std::string words =
-          std::string("horizontalAlignment='") + horizontals.at(static_cast<std::size_t>(horizontal)) +
-          "' verticalAlignment='" + verticals.at(static_cast<std::size_t>(vertical)) + "'";
-      SCOPED_TRACE(words);
-      const FeatureScene scene("<annotation name='t' visibility='1' text='Hxx' textHeight='0.1' " + words +
-                                   "><position x='0.5' y='0.5'/><font facename='Courier' bold='true' "
-                                   "textColor='ffff0000'/></annotation>",
-                               ON_BLACK);
-      auto& text = scene.overlay<lum::TextDrawable>();
-      EXPECT_EQ(text.getName(), "t");
-      EXPECT_EQ(text.getPositionAttributes().getPosition(), (Vector3{0.5, 0.5, 0}));
-      const auto& attributes = text.getAnnotationAttributes();
-      EXPECT_EQ(attributes.getText(), "Hxx");
-      EXPECT_EQ(attributes.getCoordinateSpace(), lum::CoordinateSpace::WINDOW);
-      EXPECT_EQ(static_cast<int>(attributes.getHorizontalAlignment()), horizontal);
-      EXPECT_EQ(static_cast<int>(attributes.getVerticalAlignment()), vertical);
-      EXPECT_EQ(text.getTextAttributes().getFontFamilyName(), "Courier");
-      EXPECT_EQ(text.getTextAttributes().getFontStyle(), lum::TextAttributes::BOLD);
-      EXPECT_EQ(text.getTextAttributes().getFontSize(), 0.1);
-
-      const Picture picture = scene.draw();
-      const Box box = inkOn(picture, BLACK);
-      EXPECT_NEAR(box.width(), 48, 12);
-      EXPECT_NEAR(box.height(), 19, 5);
-      EXPECT_NEAR(box.left + horizontal * box.width() / 2, SIZE / 2, 4);
-      // Letters may reach below the line.
-      EXPECT_NEAR(box.bottom + vertical * box.height() / 2, SIZE / 2, 9);
-      EXPECT_GT(boxOf(picture, {255, 255, 0}).pixels, 100);
-    }
+  const char* const horizontals[] = {"LEFT", "CENTER", "RIGHT"};
+  const char* const verticals[] = {"BOTTOM", "CENTER", "TOP"};
+  for (int place = 0; place < 9; ++place) {
+    const int horizontal = place % 3;
+    const int vertical = place / 3;
+    const std::string words = std::string("horizontalAlignment='") + horizontals[horizontal] +
+                              "' verticalAlignment='" + verticals[vertical] + "'";
+    SCOPED_TRACE(words);
+    const FeatureScene scene("<annotation name='t' visibility='1' text='Hxx' textHeight='0.1' " + words +
+                                 "><position x='0.5' y='0.5'/><font facename='Courier' bold='true' "
+                                 "textColor='ffff0000'/></annotation>",
+                             ON_BLACK);
+    const Picture picture = scene.draw();
+    const Box box = inkOn(picture, BLACK);
+    EXPECT_NEAR(box.width(), 48, 12);
+    EXPECT_NEAR(box.height(), 19, 5);
+    EXPECT_NEAR(box.left + horizontal * box.width() / 2, SIZE / 2, 4);
+    // Letters may reach below the line.
+    EXPECT_NEAR(box.bottom + vertical * box.height() / 2, SIZE / 2, 9);
+    EXPECT_GT(boxOf(picture, {255, 255, 0}).pixels, 100);
   }
 }
 
@@ -228,10 +197,7 @@ TEST(AnnotationFeature, StandsInTheModelInFrontOfAll) {
         "<position x='0.2' y='-0.4' z='-3'/><font textColor='00ffffff'/></annotation>" +
             geometry("points='hill' polys='hillFaces' faceColor='" + face + "'"),
         ON_BLACK);
-    auto& text = scene.drawable<lum::TextDrawable>("");
-    EXPECT_EQ(text.getAnnotationAttributes().getCoordinateSpace(), lum::CoordinateSpace::MODEL);
-    EXPECT_EQ(text.getAnnotationAttributes().getText(), "Hxx\nHxx");
-    EXPECT_EQ(text.getPositionAttributes().getPosition(), (Vector3{0.2, -0.4, -3}));
+    scene.expectGraph("-" + face);
     const Box box = boxOf(scene.draw(), {0, 255, 255});
     EXPECT_NEAR(box.left, 180, 4);
     EXPECT_NEAR(box.bottom, 90, 7);
@@ -269,27 +235,17 @@ struct TriadCase {
 TEST(AxesFeature, TurnWithTheModelsCamera) {
   // The triad has a fifth of the window.
   constexpr int CORNER = SIZE / 5;
-  const TriadCase cases[] = {
-      {"from the front", "<position z='5'/><up y='1'/>", {{{1, 0}, {0, 1}, {0, 0}}}},
-      {"from behind", "<position z='-5'/><up y='1'/>", {{{-1, 0}, {0, 1}, {0, 0}}}},
-      {"from the right, z up", "<position x='5'/><up z='1'/>", {{{0, 0}, {1, 0}, {0, 1}}}},
-      {"askew",
-       "<position x='1' y='1' z='1'/><up z='1'/>",
-       {{{-0.707, -0.408}, {0.707, -0.408}, {0, 0.816}}}}};
+  const TriadCase cases[] = {{"FromTheFront", "<position z='5'/><up y='1'/>", {{{1, 0}, {0, 1}, {0, 0}}}},
+                             {"FromBehind", "<position z='-5'/><up y='1'/>", {{{-1, 0}, {0, 1}, {0, 0}}}},
+                             {"FromTheRight", "<position x='5'/><up z='1'/>", {{{0, 0}, {1, 0}, {0, 1}}}},
+                             {"Askew",
+                              "<position x='1' y='1' z='1'/><up z='1'/>",
+                              {{{-0.707, -0.408}, {0.707, -0.408}, {0, 0.816}}}}};
   for (const auto& [name, view, ends] : cases) {
     SCOPED_TRACE(name);
     const FeatureScene scene("<view>" + view + "</view><axes visibility='1' textColor='000000ff'/>",
                              ON_WHITE);
-    auto& canvas = scene.node().getOrientationCanvas();
-    auto* const triad = canvas.getDrawableCollection().find<lum::TriadDrawable>();
-    ASSERT_TRUE(triad);
-    EXPECT_EQ(triad->getCameraAttributes(), scene.node().getModelCanvas().hasCameraAttributes());
-    EXPECT_FALSE(triad->getTriadAttributes().getUseConstantPixelSize());
-    EXPECT_EQ(triad->getTextAttributes().getForegroundColor(), 0x000000FFU);
-    EXPECT_EQ(canvas.getBaseCanvasAttributes().getSize(), (Vector2{0.2, 0.2}));
-    const auto& camera = canvas.getCameraAttributes();
-    EXPECT_EQ(camera.getPosition(), (Vector3{0, 0, -1}));
-    EXPECT_EQ(camera.getParallelScale(), 2.2);
+    scene.expectGraph(std::string("-") + name);
 
     const Picture picture = scene.draw();
     for (std::size_t axis = 0; axis < 3; ++axis) {
@@ -316,15 +272,7 @@ TEST(CoordinateSystemFeature, StandsInTheModelAsLargeOnTheScreenAtEveryScale) {
                          place + "' y='" + place +
                          "'/><xaxis x='9'/><yaxis x='3'/><zaxis y='-2'/></coordinatesystem>"),
         ON_WHITE);
-    auto& triad = scene.drawable<lum::TriadDrawable>("A");
-    EXPECT_EQ(triad.getName(), "cs");
-    EXPECT_EQ(triad.getPositionAttributes().getPosition(), (Vector3{-0.3 * scale, -0.3 * scale, 0}));
-    EXPECT_EQ(triad.getOrientationAttributes().getForwardVector(), (Vector3{0, -2, 0}));
-    EXPECT_EQ(triad.getOrientationAttributes().getUpVector(), (Vector3{3, 0, 0}));
-    EXPECT_EQ(triad.getTriadAttributes().getAxisLabelHeight(), 0.035);
-    EXPECT_EQ(triad.getTriadAttributes().getXAxisLabelText(), "u");
-    EXPECT_EQ(triad.getTriadAttributes().getYAxisLabelText(), "");
-    EXPECT_EQ(triad.getCameraAttributes(), nullptr);
+    scene.expectGraph("-" + std::to_string(scale));
     const Picture picture = scene.draw();
     // z points down, y to the right; x then comes out of the picture. An axis
     // is three labels long.
@@ -342,7 +290,6 @@ TEST(CoordinateSystemFeature, StandsInTheModelAsLargeOnTheScreenAtEveryScale) {
 
 struct GradientCase {
   const char* word;
-  lum::BackgroundColorModes mode;
   /// The share of the second colour in per cent at the middle of each side, in
   /// the centre and in the upper right corner.
   int top, bottom, left, right, centre, corner;
@@ -351,13 +298,10 @@ struct GradientCase {
 class GradientFeature : public testing::TestWithParam<GradientCase> {};
 
 TEST_P(GradientFeature, RunsFromTheFirstColourToTheSecond) {
-  const auto& [word, mode, top, bottom, left, right, centre, corner] = GetParam();
+  const auto& [word, top, bottom, left, right, centre, corner] = GetParam();
   const FeatureScene scene(std::string("<gradient topColor='ff000000' bottomColor='0000ff00' mode='") + word +
                            "'/>");
-  const auto& background = scene.node().getBackgroundCanvas().getBackgroundAttributes();
-  EXPECT_EQ(background.getColorMode(), mode);
-  EXPECT_EQ(background.getColor1(), (Vector3{1, 0, 0}));
-  EXPECT_EQ(background.getColor2(), (Vector3{0, 0, 1}));
+  scene.expectGraph();
 
   const Picture picture = scene.draw();
   constexpr int MIDDLE = SIZE / 2;
@@ -370,7 +314,7 @@ TEST_P(GradientFeature, RunsFromTheFirstColourToTheSecond) {
     EXPECT_NEAR(pixel[2] / 2.55, share, 1.5) << column << ", " << row;
     EXPECT_NEAR(pixel[0] + pixel[2], 255, 1) << column << ", " << row;
   }
-  if (mode == lum::BackgroundColorModes::TOP_BOTTOM) {
+  if (std::string_view(word) == "TOP_BOTTOM") {
     // The one gradient that VTK has of its own.
     DirectDrawing direct(scene.items());
     direct.renderer().GradientBackgroundOn();
@@ -380,15 +324,13 @@ TEST_P(GradientFeature, RunsFromTheFirstColourToTheSecond) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Modes, GradientFeature,
-    testing::Values(
-        GradientCase{"TOP_BOTTOM", lum::BackgroundColorModes::TOP_BOTTOM, 0, 100, 50, 50, 50, 0},
-        GradientCase{"BOTTOM_TOP", lum::BackgroundColorModes::BOTTOM_TOP, 100, 0, 50, 50, 50, 100},
-        GradientCase{"LEFT_RIGHT", lum::BackgroundColorModes::LEFT_RIGHT, 50, 50, 0, 100, 50, 100},
-        GradientCase{"RIGHT_LEFT", lum::BackgroundColorModes::RIGHT_LEFT, 50, 50, 100, 0, 50, 0},
-        GradientCase{"RADIAL", lum::BackgroundColorModes::RADIAL, 71, 71, 71, 71, 0, 100}),
-    [](const auto& one) { return std::string(one.param.word); });
+INSTANTIATE_TEST_SUITE_P(Modes, GradientFeature,
+                         testing::Values(GradientCase{"TOP_BOTTOM", 0, 100, 50, 50, 50, 0},
+                                         GradientCase{"BOTTOM_TOP", 100, 0, 50, 50, 50, 100},
+                                         GradientCase{"LEFT_RIGHT", 50, 50, 0, 100, 50, 100},
+                                         GradientCase{"RIGHT_LEFT", 50, 50, 100, 0, 50, 0},
+                                         GradientCase{"RADIAL", 71, 71, 71, 71, 0, 100}),
+                         [](const auto& one) { return std::string(one.param.word); });
 
 }  // namespace
 

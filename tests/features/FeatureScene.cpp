@@ -1,9 +1,10 @@
 #include "features/FeatureScene.h"
 
 #include "support/ArchiveBuilder.h"
-#include "support/CollectionAt.h"
+#include "support/Expected.h"
+#include "support/Files.h"
+#include "support/GraphText.h"
 #include "vemoview/import/SceneFileReader.h"
-#include <vemo/base/WidePath.h>
 #include <vemo/import/SceneFormatHandler.h>
 #include <vemo/render/ScenePicture.h>
 #include <vemo/scenegraph/io/SDBReader.h>
@@ -97,6 +98,15 @@ lum::Ptr<lum::SceneNode> load(const std::wstring& path) {
   return node;
 }
 
+/// "suite/test" of the running test, of one with a parameter the first and the
+/// last part.
+std::string runningTest() {
+  const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
+  const std::string suite = test.test_suite_name();
+  const std::string name = test.name();
+  return suite.substr(0, suite.find('/')) + "/" + name.substr(name.rfind('/') + 1);
+}
+
 }  // namespace
 
 std::vector<unsigned char> FeatureScene::pixels(int components) {
@@ -117,14 +127,14 @@ std::vector<unsigned char> FeatureScene::pixels(int components) {
 FeatureScene::FeatureScene(const std::string& children, const std::string& attributes) {
   const auto path = _folder / "scene.zip";
   makeArchive().text("scene.xml", sceneXml(VIEW + children, attributes)).write(path);
-  SceneFileReader reader{ZipFileReader(toWidePath(path.native()))};
+  SceneFileReader reader{ZipFileReader(wide(path))};
   reader.read(_items);
   EXPECT_EQ(reader.getWarnings().size(), 0U);
-  _node = load(toWidePath(path.native()));
+  _node = load(wide(path));
 }
 
-lum::DrawableCollection& FeatureScene::collectionAt(const std::string& path) const {
-  return vemo::collectionAt(*_node, path);
+void FeatureScene::expectGraph(const std::string& suffix) const {
+  expectAsInFile(graphText(*_node), "features/" + runningTest() + suffix + ".txt");
 }
 
 Picture FeatureScene::draw() const {
@@ -155,10 +165,9 @@ void keepPicture(const Picture& picture, const std::string& suffix) {
   if (folder == nullptr) {
     return;
   }
-  const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
-  std::string name = std::string(test.test_suite_name()) + "-" + test.name() + "-" + suffix;
+  std::string name = runningTest() + "-" + suffix + ".png";
   std::ranges::replace(name, '/', '-');
-  picture.writePng(std::filesystem::path(folder) / (name + ".png"));
+  picture.writePng(std::filesystem::path(folder) / name);
 }
 
 }  // namespace vemo

@@ -5,7 +5,6 @@
 #include <vemo/import/items/Scene.h>
 #include <vemo/render/Picture.h>
 #include <vemo/scenegraph/SceneNode.h>
-#include <vemo/scenegraph/drawables/GeometryDrawables.h>
 
 #include <gtest/gtest.h>
 #include <memory>
@@ -41,28 +40,14 @@ class FeatureScene {
   Scene& items() const { return *_items; }
   lum::SceneNode& node() const { return *_node; }
 
-  /// In the model, by its place "A/B/name".
-  template <class T>
-  T& drawable(const std::string& path) const {
-    return found(collectionAt(path).template find<T>(), path);
-  }
-  /// In the window.
-  template <class T>
-  T& overlay() const {
-    return found(_node->getForegroundCanvas().getDrawableCollection().template find<T>(), "foreground");
-  }
-  lum::DrawableCollection& collectionAt(const std::string& path) const;
+  /// Expects the scene graph that the file of the running test's name says, in
+  /// tests/data/expected/features; with a suffix where a test has several.
+  void expectGraph(const std::string& suffix = "") const;
 
   /// The picture of the scene, 300 x 300.
   Picture draw() const;
 
  private:
-  template <class T>
-  static T& found(T* drawable, const std::string& path) {
-    EXPECT_TRUE(drawable) << path;
-    return *drawable;
-  }
-
   TemporaryFolder _folder;
   std::unique_ptr<Scene> _items;
   lum::Ptr<lum::SceneNode> _node;

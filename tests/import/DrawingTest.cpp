@@ -4,7 +4,6 @@
 #include <vemo/import/items/ClippingPlane.h>
 #include <vemo/import/items/Colormap.h>
 #include <vemo/import/items/CoordinateSystemItem.h>
-#include <vemo/import/items/GeometryItem.h>
 
 #include <vtkActor.h>
 #include <vtkActor2D.h>
@@ -35,14 +34,7 @@ class AnyItem : public GeometryItem {
   using GraphicsItem::setMyOpacity;
 };
 
-class Drawing : public SceneFixture {
- protected:
-  GeometryItem& readItem(const std::string& attributes, const std::string& children = "") {
-    _scene = read(geometry(attributes, children));
-    return static_cast<GeometryItem&>(*_scene->getChildren().at(0));
-  }
-  std::unique_ptr<Scene> _scene;
-};
+class Drawing : public SceneFixture {};
 
 Vector3 colorOf(vtkProperty* property) {
   Vector3 color;
@@ -93,7 +85,7 @@ TEST_F(Drawing, OpacityReachesEveryPartOfAnAssembly) {
 TEST_F(Drawing, SurfacesMayHaveEdgesAlone) {
   GeometryItem& item = readItem("polys='tri'");
   item.setActorOpacity(0.5);
-  EXPECT_EQ(item.getActor()->GetProperty()->GetOpacity(), 64 / 255.0) << "half of its colour's";
+  EXPECT_EQ(item.getActor()->GetProperty()->GetOpacity(), 32 / 255.0) << "half of its colour's";
 
   GeometryItem& edges = readItem("polys='tri' showFaces='false' showEdges='true' smoothShading='false'");
   edges.setLineAndPolygonRenderingProperties();
@@ -168,9 +160,9 @@ TEST_F(Drawing, ColormapsBecomeTables) {
 }
 
 TEST_F(Drawing, MappersAreClippedInPlaceOfTheFormer) {
-  auto scene = read("<clip/>" + geometry("polys='tri'"));
-  const std::vector<ClippingPlane*> planes = scene->getClippingPlanes();
-  auto& item = static_cast<GeometryItem&>(*scene->getChildren().at(0));
+  GeometryItem& item = readItem("polys='tri'");
+  ClippingPlane plane;
+  const std::vector<ClippingPlane*> planes = {&plane};
   for (int i = 0; i < 2; ++i) {
     item.setClippingPlanes(item.getMapper(), planes);
     ASSERT_EQ(item.getMapper()->GetClippingPlanes()->GetNumberOfItems(), 1);

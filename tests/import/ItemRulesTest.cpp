@@ -1,18 +1,26 @@
-// What holds for items of every kind: versions, names, visibility, commands.
+// What holds for items of every kind, and what items do that a host makes or
+// converts by itself.
 
 #include "SceneFixture.h"
+#include "support/Nodes.h"
+#include <vemo/import/SharedBySiblings.h>
+#include <vemo/import/items/Annotation.h>
+#include <vemo/import/items/AxesItem.h>
+#include <vemo/import/items/Colormap.h>
+#include <vemo/import/items/GeometryTransform.h>
+#include <vemo/import/items/Gradient.h>
+#include <vemo/import/items/Image2D.h>
+#include <vemo/import/items/ReflectTransform.h>
+#include <vemo/import/items/RepeatTransform.h>
+#include <vemo/scenegraph/drawables/Overlays.h>
 
 #include <gmock/gmock.h>
 #include <map>
 #include <string>
-#include <utility>
 
 namespace vemo {
 
 namespace {
-
-using testing::ElementsAre;
-using testing::HasSubstr;
 
 class ItemRules : public SceneFixture {};
 
@@ -30,8 +38,6 @@ TEST_F(ItemRules, RefuseVersionsOfTheFuture) {
     EXPECT_EQ(withVersion(newest), "") << kind;
     EXPECT_EQ(withVersion(newest + 1), "FutureVersionException:  | scene/" + kind + ":1:");
   }
-  EXPECT_EQ(failureOf([&] { read(assembly("A", geometry("version='2'"))); }),
-            "FutureVersionException:  | scene/A/g:1:");
 }
 
 TEST_F(ItemRules, LeaveAnItemOfTheFutureUntouched) {
@@ -53,74 +59,73 @@ TEST_F(ItemRules, HideWhatStatesNoVisibility) {
   }
 }
 
-TEST_F(ItemRules, WhatTheOldSceneHidesStaysHidden) {
-  convert(assembly("shown", geometry("polys='tri'")) +
-          assembly("hidden", geometry("name='h' polys='tri' visibility='0.001'") + geometry("polys='tri'"),
-                   "visibility='0'"));
-  EXPECT_TRUE(collection("shown").getBaseAttributes().getVisibility());
-  EXPECT_TRUE(drawable<lum::SurfaceDrawable>("shown/g").getBaseAttributes().getVisibility());
-  EXPECT_FALSE(collection("hidden").getBaseAttributes().getVisibility());
-  EXPECT_FALSE(drawable<lum::SurfaceDrawable>("hidden/h").getBaseAttributes().getVisibility());
-  EXPECT_TRUE(drawable<lum::SurfaceDrawable>("hidden/g").getBaseAttributes().getVisibility())
-      << "an assembly hides its children without changing them";
-}
-
-TEST_F(ItemRules, HideNoItemWithAnotherOfItsName) {
-  const std::string shown = geometry("polys='tri'"), hidden = geometry("polys='tri' visibility='0'");
-  for (const auto& [items, firstIsShown] : {std::pair{shown + hidden + shown + hidden, true},
-                                            std::pair{hidden + shown + hidden + shown, false}}) {
-    convert(assembly("A", items));
-    auto& drawables = collection("A/g");
-    ASSERT_EQ(drawables.getNodeCount(), 2U);
-    for (const std::size_t i : {0U, 1U}) {
-      auto& drawable = dynamic_cast<lum::SurfaceDrawable&>(drawables.getNode(i));
-      EXPECT_EQ(drawable.getBaseAttributes().getVisibility(), firstIsShown == (i == 0));
-      EXPECT_TRUE(drawable.find<lum::PolyDataNode>("PolyDataNode2"));
-    }
+TEST_F(ItemRules, LegendsTakeOnlyFormatsForOneNumber) {
+  const auto formatOf = [&](const std::string& format) {
+    convert(assembly("A", "<legend numberFormat='" + format + "'/><colormap/>" + geometry("")));
+    auto& foreground = _sceneNode->getForegroundCanvas().getDrawableCollection();
+    return foreground.find<lum::LegendDrawable>()->getLegendAttributes().getLabelFormat();
+  };
+  const std::string longest(60, 'x');
+  for (const std::string& format :
+       {std::string("%g"), std::string("%-#6.3lE"), std::string("%%%+ 010.2f%%"), longest + "%.2f"}) {
+    EXPECT_EQ(formatOf(format), format);
+  }
+  for (const std::string& format :
+       {std::string(), std::string("text"), std::string("100%"), std::string("%g %g"), std::string("%d"),
+        std::string("%n"), std::string("%*g"), std::string("%100g"), std::string("%.999f"),
+        std::string("%Lg"), std::string("%1$g"), std::string("%%g"), longest + "%.22f"}) {
+    EXPECT_EQ(formatOf(format), "%.4g") << format;
   }
 }
 
-TEST_F(ItemRules, KnowAllKindsAndPassOverOthers) {
-  const auto scene = read(
-      "<colormap name='c'/><legend/><transform/><repeat/><reflect/><axes textColor='00000000'/>"
-      "<coordinatesystem textColor='00000000'/><image2d name='i'/><image3d/><vectors version='x'/>"
-      "<streamlines version='9'/><Assembly/><unknown><geometry/></unknown><assembly/>" +
-      geometry(""));
-  std::vector<std::string> kinds;
-  for (const auto& child : scene->getChildren()) {
-    kinds.emplace_back(child->isAssembly() ? "assembly" : child->getName());
-  }
-  EXPECT_THAT(kinds, ElementsAre("", "", "i", "", "assembly", "g"));
-  EXPECT_NE(scene->getActiveColormap(), nullptr);
-  EXPECT_THAT(warnings(), ElementsAre("Items of the kind \"vectors\" are not shown",
-                                      "Items of the kind \"streamlines\" are not shown"));
-  EXPECT_EQ(_reader->getWarnings().front().itemPath, "scene/vectors");
+TEST_F(ItemRules, KeepATransformOfTheRightKindAndReplaceAnother) {
+  auto& attributes = convert("").getModelCanvas().getDrawableCollection().getBaseAttributes();
+  const lum::Ptr<lum::Transform> mirrored = ReflectTransform().makeLumTransform(attributes);
+  EXPECT_EQ(ReflectTransform().makeLumTransform(attributes), mirrored.get());
+  const lum::Transform* simple = GeometryTransform().makeLumTransform(attributes);
+  EXPECT_EQ(simple->className(), "SimpleTransform");
+  EXPECT_EQ(attributes.getTransform(), simple);
+  EXPECT_EQ(RepeatTransform().makeLumTransform(attributes)->className(), "PeriodicRepeatTransform");
+
+  const std::string message = "InternalError: correct type must be enforced by makeLumTransform function | ";
+  EXPECT_EQ(failureOf([&] { GeometryTransform().apply(*mirrored); }), message + "lumSimpleTransform");
+  EXPECT_EQ(failureOf([&] { RepeatTransform().apply(*mirrored); }), message + "lumPeriodicRepeatTransform");
+  EXPECT_EQ(failureOf([&] { ReflectTransform().apply(*attributes.getTransform()); }),
+            message + "lumSymmTransform");
 }
 
-TEST_F(ItemRules, PicturesAndLegendsNeverStopAScene) {
-  convert(assembly("A",
-                   "<legend version='one' visibility='?'/><image2d version='' visibility='-'/>"
-                   "<image3d version='1.0' name=''><font facename='?'/></image3d>" +
-                       geometry("polys='tri'")));
-  EXPECT_THAT(warnings(), ElementsAre(HasSubstr("\"one\" is not a number"), HasSubstr("\"1.0\"")));
-  EXPECT_TRUE(collection("A/g").find<lum::SurfaceDrawable>());
-  EXPECT_EQ(collection("A").getNodeCount(), 1U);
+TEST_F(ItemRules, ConvertWhatAHostAdds) {
+  convert("");
+  auto text = std::make_unique<Annotation>("made");
+  text->setText("x");
+  text->setMode(lum::CoordinateSpace::MODEL);
+  AssemblyItem group("A");
+  group.add(std::move(text));
+  group.add(std::make_unique<Gradient>("background"));
+  SharedBySiblings shared;
+  group.addToCollection(shared, collection(""), 1, "");
+  EXPECT_TRUE(collection("A").find<lum::TextDrawable>("made"));
+  EXPECT_EQ(collection("A").getNodeCount(), 1U) << "a gradient is not drawn";
+  EXPECT_TRUE(logHas(takeLog(), "***** Gradient::addToCollection not implemented *****"));
 }
 
-TEST_F(ItemRules, FailuresNameTheItemThatWasRead) {
-  const std::string misread = "<geometry name='wing' visibility='1' lineColor='red'/>";
-  EXPECT_EQ(failureOf([&] { read(assembly("A", "\n" + geometry("name='long' lines='absent'"))); }),
-            "IOException: Bad size for integer buffer;  not a multiple of 4 | scene/A/long:2:absent");
-  EXPECT_EQ(failureOf([&] { read("<light intensity='1' color='gg0000ff'/>"); }),
-            "NumberFormatException: gg | scene/light:1:");
-  EXPECT_EQ(failureOf([&] { read(assembly("", misread)); }),
-            "InternalError: Can't extract color from such a short string | colorStr.length() >= 8");
-  try {
-    read(assembly("", misread));
-    FAIL();
-  } catch (const InternalError& error) {
-    EXPECT_EQ(error.getProperties().get("itemPath"), "scene/assembly/wing");
-  }
+TEST_F(ItemRules, MissWhatTheyNeed) {
+  const std::string needsReader = "InternalError: SceneFileReadable can't be NULL for this object | reader";
+  EXPECT_EQ(failureOf([] { Image2D("i").read(*elementOf("<image2d pixels='p'/>"), nullptr); }), needsReader);
+  EXPECT_EQ(failureOf([] { GeometryItem("g").read(*elementOf("<geometry version='9'/>"), nullptr); }),
+            needsReader);
+
+  SharedBySiblings shared;
+  shared.sceneNode = make<lum::SceneNode>();
+  auto& collection = shared.sceneNode->getModelCanvas().getDrawableCollection();
+  EXPECT_EQ(failureOf([&] { AxesItem("axes").addToCollection(shared, collection, 1, ""); }),
+            "InternalError: Must be already set by Scene | modelCanvas.hasCameraAttributes()");
+}
+
+TEST_F(ItemRules, GiveAColormapNoArray) {
+  const auto scalars = make<lum::ScalarAttributes>();
+  Colormap("c").applyTo(*scalars);
+  EXPECT_FALSE(scalars->hasDataArray());
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "SceneFixture.h"
-#include <vemo/base/WidePath.h>
+#include "support/Files.h"
+#include "support/GraphText.h"
+#include "support/Nodes.h"
 #include <vemo/import/SceneConverter.h>
 #include <vemo/scenegraph/NodeRegistry.h>
 #include <vemo/scenegraph/io/NodeOutputStream.h>
@@ -8,9 +10,7 @@
 
 #include <vtkPolyData.h>
 
-#include <fstream>
 #include <gmock/gmock.h>
-#include <iterator>
 #include <sstream>
 
 namespace vemo {
@@ -19,13 +19,6 @@ namespace {
 
 using Vector3 = Vector<3, double>;
 
-lum::Ptr<lum::SceneNode> newSceneNode(const std::string& name) {
-  lum::Ptr<lum::SceneNode> node(
-      new lum::SceneNode(lum::ClassNameNodeInitializer(lum::SceneNode::getClassName())));
-  node->setName(name);
-  return node;
-}
-
 class SceneConverterTest : public SceneFixture {
  protected:
   std::filesystem::path output() const { return _folder / "scene.sdb"; }
@@ -33,15 +26,10 @@ class SceneConverterTest : public SceneFixture {
   /// Converts the archive; gives what the output holds.
   lum::SceneNode& run(const std::string& xml) {
     write(xml);
-    SceneConverter(archivePath(), toWidePath(output().native())).run();
-    lum::SDBReader reader(toWidePath(output().native()));
+    SceneConverter(archivePath(), wide(output())).run();
+    lum::SDBReader reader(wide(output()));
     _sceneNode = lum::Ptr<lum::SceneNode>(reader.readNode(0));
     return *_sceneNode;
-  }
-
-  std::string outputBytes() const {
-    std::ifstream file(output(), std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
   }
 
   /// Puts a scene graph into the archive: "scene.lum" and "lum0", "lum1", ...
@@ -73,7 +61,7 @@ class SceneConverterTest : public SceneFixture {
 
 TEST_F(SceneConverterTest, WritesOneRecordWithTheConvertedScene) {
   auto& node = run(sceneXml(assembly("A", geometry("polys='quad'")), "name='a scene'"));
-  const lum::SDBReader reader(toWidePath(output().native()));
+  const lum::SDBReader reader(wide(output()));
   ASSERT_EQ(reader.getRecords().size(), 1U);
   EXPECT_EQ(reader.getRecords()[0].title, "title");
   EXPECT_EQ(reader.getRecords()[0].description, "description");
@@ -96,9 +84,9 @@ TEST_F(SceneConverterTest, WritesOneRecordWithTheConvertedScene) {
 TEST_F(SceneConverterTest, TwiceGivesTheSameBytes) {
   const std::string xml = sceneXml("<light color='ffffffff'/>" + assembly("A", geometry("polys='quad'")));
   run(xml);
-  const std::string first = outputBytes();
+  const std::string first = readFile(output());
   run(xml);
-  EXPECT_EQ(first, outputBytes());
+  EXPECT_EQ(first, readFile(output()));
   EXPECT_FALSE(first.empty());
 }
 
@@ -152,8 +140,8 @@ TEST_F(SceneConverterTest, GoesOnWithoutDataThatDoesNotDecode) {
 TEST_F(SceneConverterTest, NeedsExactlyOneSceneNode) {
   const std::string failure = "InternalError: Can not get a SceneNode from the scene | sceneNode";
   const int sessions = openSessions();
-  const auto one = newSceneNode("one");
-  const auto two = newSceneNode("two");
+  const auto one = make<lum::SceneNode>("one");
+  const auto two = make<lum::SceneNode>("two");
   addPayload({one.get(), two.get()});
   EXPECT_EQ(failureOf([&] { run(sceneXml("")); }), failure);
   _archive = ArchiveBuilder().text("scene.lum", "{}").text("lum", "x");
@@ -178,11 +166,11 @@ TEST_F(SceneConverterTest, ReleasesThePayloadWhenReadingItFails) {
 }
 
 TEST_F(SceneConverterTest, AnOutputThatDoesNotOpenIsOnlyLogged) {
-  const auto sceneNode = newSceneNode("carried");
+  const auto sceneNode = make<lum::SceneNode>("carried");
   addPayload({sceneNode.get()});
   write(sceneXml(""));
   const int sessions = openSessions();
-  SceneConverter(archivePath(), toWidePath((_folder / "absent/scene.sdb").native())).run();
+  SceneConverter(archivePath(), wide(_folder / "absent/scene.sdb")).run();
   const auto log = takeLog();
   EXPECT_TRUE(logHas(log, "Can't open file for writing"));
   EXPECT_FALSE(logHas(log, "done"));
@@ -192,10 +180,9 @@ TEST_F(SceneConverterTest, AnOutputThatDoesNotOpenIsOnlyLogged) {
 TEST_F(SceneConverterTest, LetsFailuresOfReadingPass) {
   EXPECT_EQ(failureOf([&] { run("<scene\n>"); }),
             "XMLException: Parse error in scene.xml at line2 | :2:scene.xml");
-  std::ofstream(_folder / "no.zip") << "no archive at all";
-  const std::wstring out = toWidePath(output().native());
-  EXPECT_THROW(SceneConverter(toWidePath((_folder / "no.zip").native()), out).run(), ZipException);
-  EXPECT_THROW(SceneConverter(toWidePath((_folder / "absent").native()), out).run(), FileNotFoundException);
+  writeFile(_folder / "no.zip", "no archive at all");
+  EXPECT_THROW(SceneConverter(wide(_folder / "no.zip"), wide(output())).run(), ZipException);
+  EXPECT_THROW(SceneConverter(wide(_folder / "absent"), wide(output())).run(), FileNotFoundException);
 }
 
 }  // namespace

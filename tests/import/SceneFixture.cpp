@@ -1,12 +1,15 @@
 #include "SceneFixture.h"
 
 #include "support/CollectionAt.h"
-#include <vemo/base/WidePath.h>
+#include "support/Files.h"
+#include "support/Nodes.h"
 #include <vemo/import/SharedBySiblings.h>
 #include <vemo/scenegraph/Logger.h>
 
 #include <algorithm>
-#include <iterator>
+#include <cstdlib>
+#include <cxxabi.h>
+#include <typeinfo>
 #include <utility>
 
 namespace vemo {
@@ -26,6 +29,12 @@ const bool LOGGING = [] {
   return true;
 }();
 
+std::string nameOf(const Exception& exception) {
+  const std::unique_ptr<char, decltype(&std::free)> name(
+      abi::__cxa_demangle(typeid(exception).name(), nullptr, nullptr, nullptr), &std::free);
+  return std::string(name.get()).substr(std::string("vemo::").size());
+}
+
 }  // namespace
 
 std::vector<std::string> takeLog() {
@@ -39,29 +48,21 @@ bool logHas(const std::vector<std::string>& log, const std::string& line) {
 std::unique_ptr<QxElement> elementOf(const std::string& xml) {
   const TemporaryFolder folder;
   ArchiveBuilder().text("e", xml).write(folder / "a.zip");
-  return SceneFileReader(ZipFileReader(toWidePath((folder / "a.zip").native()))).readXml("e");
+  return SceneFileReader(ZipFileReader(wide(folder / "a.zip"))).readXml("e");
 }
 
 std::string failureOf(const std::function<void()>& function) {
-  const auto told = [](const char* type, const Exception& exception) {
-    const std::string line = exception.getLine() > 0 ? std::to_string(exception.getLine()) : "";
-    return std::string(type) + ": " + exception.getMessage() + " | " + exception.getItemPath() + ":" + line +
-           ":" + exception.getEntry();
-  };
   try {
     function();
-  } catch (const IOException& exception) {
-    return told("IOException", exception);
-  } catch (const XMLException& exception) {
-    return told("XMLException", exception);
-  } catch (const NumberFormatException& exception) {
-    return told("NumberFormatException", exception);
-  } catch (const FutureVersionException& exception) {
-    return told("FutureVersionException", exception);
   } catch (const Exception& exception) {
-    return told("Exception", exception);
+    const std::string line = exception.getLine() > 0 ? std::to_string(exception.getLine()) : "";
+    return nameOf(exception) + ": " + exception.getMessage() + " | " + exception.getItemPath() + ":" + line +
+           ":" + exception.getEntry();
   } catch (const InternalError& error) {
-    return "InternalError: " + error.getMessage() + " | " + error.getExpression();
+    const Properties& properties = error.getProperties();
+    const std::string& item = properties.get("itemPath");
+    return "InternalError: " + error.getMessage() + " | " + error.getExpression() +
+           (item.empty() ? "" : " | " + item + ":" + properties.get("sceneLine"));
   }
   return "";
 }
@@ -79,7 +80,7 @@ SceneFixture::SceneFixture() {
 }
 
 std::wstring SceneFixture::archivePath() const {
-  return toWidePath((_folder / "scene.zip").native());
+  return wide(_folder / "scene.zip");
 }
 
 void SceneFixture::write(const std::string& xml) {
@@ -87,24 +88,23 @@ void SceneFixture::write(const std::string& xml) {
 }
 
 std::unique_ptr<Scene> SceneFixture::read(const std::string& children) {
-  write(sceneXml(children));
+  write(_hasDefaults ? sceneXml(children) : plainSceneXml(children));
   _reader.emplace(ZipFileReader(archivePath()));
   std::unique_ptr<Scene> scene;
   return std::move(_reader->read(scene));
 }
 
+GeometryItem& SceneFixture::readItem(const std::string& attributes, const std::string& children) {
+  _scene = read(geometry(attributes, children));
+  return static_cast<GeometryItem&>(*_scene->getChildren().at(0));
+}
+
 lum::SceneNode& SceneFixture::convert(const std::string& children) {
-  _sceneNode = new lum::SceneNode(lum::ClassNameNodeInitializer(lum::SceneNode::getClassName()));
+  _sceneNode = make<lum::SceneNode>();
   SharedBySiblings shared;
   shared.sceneNode = _sceneNode;
   read(children)->addToCollection(shared, _sceneNode->getModelCanvas().getDrawableCollection(), 0, "noname");
   return *_sceneNode;
-}
-
-std::vector<std::string> SceneFixture::warnings() const {
-  std::vector<std::string> texts;
-  std::ranges::transform(_reader->getWarnings(), std::back_inserter(texts), &SceneWarning::text);
-  return texts;
 }
 
 lum::DrawableCollection& SceneFixture::collection(const std::string& path) {

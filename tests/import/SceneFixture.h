@@ -7,6 +7,7 @@
 #include <vemo/base/InternalError.h>
 #include <vemo/import/Exception.h>
 #include <vemo/import/QxElement.h>
+#include <vemo/import/items/GeometryItem.h>
 #include <vemo/import/items/Scene.h>
 #include <vemo/scenegraph/SceneNode.h>
 #include <vemo/scenegraph/drawables/GeometryDrawables.h>
@@ -30,7 +31,8 @@ bool logHas(const std::vector<std::string>& log, const std::string& line);
 std::unique_ptr<QxElement> elementOf(const std::string& xml);
 
 /// What the function throws: "IOException: message | item:line:entry" or
-/// "InternalError: message | expression"; empty when it throws nothing.
+/// "InternalError: message | expression", with " | item:line" behind it if that
+/// is known; empty when it throws nothing.
 std::string failureOf(const std::function<void()>& function);
 
 /// Archives become scenes and scene nodes here. The archive has entries to
@@ -46,11 +48,10 @@ class SceneFixture : public testing::Test {
   void write(const std::string& xml);
   /// Reads the scene with the children; the reader stays in `_reader`.
   std::unique_ptr<Scene> read(const std::string& children);
+  /// Reads a scene that has one geometry and stays in `_scene`.
+  GeometryItem& readItem(const std::string& attributes, const std::string& children = "");
   /// Converts the items of the scene with the children.
   lum::SceneNode& convert(const std::string& children);
-  /// The texts of the warnings since the last read.
-  std::vector<std::string> warnings() const;
-
   /// What is in the model canvas: by the collections' names, as "A/B".
   lum::DrawableCollection& collection(const std::string& path);
   /// The first drawable of its class in the collection.
@@ -63,7 +64,10 @@ class SceneFixture : public testing::Test {
 
   TemporaryFolder _folder;
   ArchiveBuilder _archive;
+  /// Whether the elements of SceneXml.h have their default attributes.
+  bool _hasDefaults = true;
   std::optional<SceneFileReader> _reader;
+  std::unique_ptr<Scene> _scene;
   lum::Ptr<lum::SceneNode> _sceneNode;
 };
 

@@ -1,6 +1,6 @@
 #include "SceneFixture.h"
+#include "support/Files.h"
 #include <vemo/base/Platform.h>
-#include <vemo/base/WidePath.h>
 #include <vemo/import/SceneConverter.h>
 #include <vemo/import/SceneFormatHandler.h>
 #include <vemo/scenegraph/Logger.h>
@@ -24,10 +24,8 @@ using Handler = SceneFormatHandler;
 
 class SceneFormatHandlerTest : public SceneFixture {
  protected:
-  std::wstring path(const std::string& name) const { return toWidePath((_folder / name).native()); }
-  void file(const std::string& name, const std::string& content) const {
-    std::ofstream(_folder / name, std::ios::binary) << content;
-  }
+  std::wstring path(const std::string& name) const { return wide(_folder / name); }
+  void file(const std::string& name, const std::string& content) const { writeFile(_folder / name, content); }
 
   /// The status as a number, then what was told.
   std::string load(const std::string& name, bool loads = true) {
@@ -127,9 +125,7 @@ TEST_F(SceneFormatHandlerTest, DeletesItsTemporaryFilesAtExit) {
   ArchiveBuilder().text("scene.xml", "<scene").write(_folder / "broken.zip");
   const auto temporaryFolder = _folder / "temporary";
   std::filesystem::create_directory(temporaryFolder);
-  const auto filesLeft = [&] {
-    return std::distance(std::filesystem::directory_iterator(temporaryFolder), {});
-  };
+  const auto filesLeft = [&] { return countFiles(temporaryFolder); };
   const pid_t child = fork();
   if (child == 0) {
     setenv("TMPDIR", temporaryFolder.c_str(), 1);

@@ -17,6 +17,7 @@ std::filesystem::path testData(const std::filesystem::path& file) {
 void expectAsInFile(const std::string& text, const std::string& file) {
   const std::filesystem::path path = testData("expected") / file;
   if (std::getenv("VEMO_UPDATE_EXPECTED") != nullptr) {
+    std::filesystem::create_directories(path.parent_path());
     writeFile(path, text);
   }
   EXPECT_EQ(text, readFile(path)) << "expected by " << path;

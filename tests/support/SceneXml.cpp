@@ -1,45 +1,33 @@
 #include "support/SceneXml.h"
 
-#include <initializer_list>
-#include <utility>
-
 namespace vemo {
 
 namespace {
 
-/// The first attribute of a name counts: defaults stand behind what is given.
-std::string withDefaults(const std::string& attributes,
-                         std::initializer_list<std::pair<const char*, const char*>> defaults) {
-  std::string all = " " + attributes;
-  for (const auto& [name, value] : defaults) {
-    if (all.find(std::string(" ") + name + "=") == std::string::npos) {
-      all += std::string(" ") + name + "='" + value + "'";
-    }
-  }
-  return all;
-}
+// On one line with the scene: failures name lines.
+const std::string DEFAULTS =
+    "<!DOCTYPE scene ["
+    "<!ATTLIST scene background CDATA 'ff800040'>"
+    "<!ATTLIST assembly visibility CDATA '1'>"
+    "<!ATTLIST geometry name CDATA 'g' visibility CDATA '1' points CDATA 'p' lineColor CDATA 'ff000080'"
+    " faceColor CDATA '00ff0040' showFaces CDATA 'true' smoothShading CDATA 'true'>]>";
 
 }  // namespace
 
 std::string geometry(const std::string& attributes, const std::string& children) {
-  return "<geometry" +
-         withDefaults(attributes, {{"name", "g"},
-                                   {"visibility", "1"},
-                                   {"points", "p"},
-                                   {"lineColor", "ff000080"},
-                                   {"faceColor", "00ff0080"},
-                                   {"showFaces", "true"},
-                                   {"smoothShading", "true"}}) +
-         ">" + children + "</geometry>";
+  return "<geometry " + attributes + ">" + children + "</geometry>";
 }
 
 std::string assembly(const std::string& name, const std::string& children, const std::string& more) {
-  return "<assembly name='" + name + "'" + withDefaults(more, {{"visibility", "1"}}) + ">" + children +
-         "</assembly>";
+  return "<assembly name='" + name + "' " + more + ">" + children + "</assembly>";
 }
 
 std::string sceneXml(const std::string& children, const std::string& attributes) {
-  return "<scene" + withDefaults(attributes, {{"background", "ff800040"}}) + ">" + children + "</scene>";
+  return DEFAULTS + "<scene " + attributes + ">" + children + "</scene>";
+}
+
+std::string plainSceneXml(const std::string& children) {
+  return "<scene background='ff800040'>" + children + "</scene>";
 }
 
 }  // namespace vemo

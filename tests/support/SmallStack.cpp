@@ -8,7 +8,12 @@ namespace vemo {
 
 namespace {
 
-constexpr std::size_t STACK_SIZE = std::size_t{256} * 1024;
+// A sanitizer needs more for the same calls.
+#if defined(__SANITIZE_ADDRESS__)
+constexpr std::size_t STACK_SIZE = std::size_t{2} << 20;
+#else
+constexpr std::size_t STACK_SIZE = std::size_t{256} << 10;
+#endif
 
 void* run(void* work) {
   (*static_cast<const std::function<void()>*>(work))();

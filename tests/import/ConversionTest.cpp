@@ -1,0 +1,138 @@
+// What elements of old scenes become in the scene graph, and what reading and
+// converting them warns of or fails with: by the files in
+// tests/data/expected/conversion. Each holds scenes of one kind:
+//
+//     ==== What is special about the first scene
+//     @floats speed 1 2 nan
+//     <geometry polys='tri'><array name='speed' dim='1' data='speed'/></geometry>
+//     ----
+//     warning: The array "speed" is left out: ... | scene/g:2:speed
+//     SceneNode
+//       ...
+//
+// Lines that begin with "@" add an entry to the archive of SceneFixture
+// (@floats, @ints or @bytes, name, values), take the default attributes of
+// SceneXml.h away (@plain), or ask for the log (@log). Then come the children of
+// the scene element; behind the dashes stands what they become.
+//
+// With VEMO_UPDATE_EXPECTED set, the tests write what stands behind the dashes.
+
+#include "SceneFixture.h"
+#include "support/Expected.h"
+#include "support/Files.h"
+#include "support/GraphText.h"
+
+#include <algorithm>
+#include <regex>
+#include <sstream>
+
+namespace vemo {
+
+namespace {
+
+const std::filesystem::path FOLDER = testData("expected/conversion");
+const std::string HEADING = "==== ";
+const std::string RESULT = "----\n";
+
+template <class T>
+std::vector<T> numbersIn(std::istream& words) {
+  std::vector<T> numbers;
+  for (std::string word; words >> word;) {
+    numbers.push_back(static_cast<T>(std::stod(word)));
+  }
+  return numbers;
+}
+
+std::string onOneLine(const std::string& text) {
+  return std::regex_replace(text, std::regex("\n"), "\\n");
+}
+
+class Conversion : public SceneFixture, public testing::WithParamInterface<std::string> {
+ protected:
+  /// What becomes of one scene.
+  std::string resultOf(const std::string& description) {
+    const ArchiveBuilder archive = _archive;
+    std::string children;
+    std::istringstream lines(description);
+    _isLogWanted = false;
+    _hasDefaults = true;
+    for (std::string line; std::getline(lines, line);) {
+      if (line.starts_with('@')) {
+        follow(line);
+      } else {
+        children += "\n" + line;
+      }
+    }
+    takeLog();
+    const std::string failure = failureOf([&] { convert(children); });
+    std::string result = warningsAndLog();
+    result += failure.empty() ? graphText(*_sceneNode) : "failure: " + onOneLine(failure) + "\n";
+    _archive = archive;
+    return result;
+  }
+
+ private:
+  void follow(const std::string& line) {
+    std::istringstream words(line);
+    std::string kind;
+    std::string entry;
+    words >> kind >> entry;
+    if (kind == "@floats") {
+      _archive.floats(entry, numbersIn<float>(words));
+    } else if (kind == "@ints") {
+      _archive.ints(entry, numbersIn<int>(words));
+    } else if (kind == "@bytes") {
+      _archive.bytes(entry, numbersIn<unsigned char>(words));
+    } else {
+      _isLogWanted = _isLogWanted || kind == "@log";
+      _hasDefaults = _hasDefaults && kind != "@plain";
+    }
+  }
+
+  std::string warningsAndLog() {
+    std::string text;
+    for (const SceneWarning& warning : _reader->getWarnings()) {
+      text += "warning: " + warning.text + " | " + warning.itemPath + ":" + std::to_string(warning.line) +
+              ":" + warning.entry + "\n";
+    }
+    for (const std::string& line : takeLog()) {
+      text += _isLogWanted ? "log: " + onOneLine(line) + "\n" : "";
+    }
+    return text;
+  }
+
+  bool _isLogWanted = false;
+};
+
+TEST_P(Conversion, GivesWhatIsExpected) {
+  const std::string file = GetParam() + ".txt";
+  const std::string text = readFile(FOLDER / file);
+  std::string actual;
+  std::size_t start = text.find(HEADING);
+  while (start != std::string::npos) {
+    const std::size_t end = text.find("\n" + HEADING, start);
+    const std::size_t input = text.find('\n', start) + 1;
+    const std::size_t result = std::min(text.find(RESULT, start), end);
+    const std::string description = text.substr(input, result - input);
+    actual += text.substr(start, input - start) + description + RESULT + resultOf(description);
+    start = end == std::string::npos ? end : end + 1;
+    actual += start == std::string::npos ? "" : "\n";
+  }
+  expectAsInFile(actual, "conversion/" + file);
+}
+
+std::vector<std::string> fileNames() {
+  std::vector<std::string> names;
+  for (const auto& file : std::filesystem::directory_iterator(FOLDER)) {
+    names.push_back(file.path().stem());
+  }
+  std::ranges::sort(names);
+  return names;
+}
+
+INSTANTIATE_TEST_SUITE_P(, Conversion, testing::ValuesIn(fileNames()),
+                         [](const auto& file) { return file.param; });
+
+}  // namespace
+
+}  // namespace vemo

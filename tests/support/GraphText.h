@@ -1,0 +1,21 @@
+#pragma once
+
+#include <vemo/scenegraph/Node.h>
+
+#include <string>
+
+namespace vemo {
+
+/// A graph as text for comparison with what is expected: a line for each node,
+/// below it those of its fields that are not as in a new node, then what it
+/// owns, indented:
+///
+///     SurfaceDrawable "wing"
+///       LineAttributes
+///         lineWidth: 2.5
+///
+/// Names are left out where they are the class's. Collections of attributes are
+/// not told, only what is in them. Of long arrays there is the range alone.
+std::string graphText(const lum::Node& root);
+
+}  // namespace vemo
