@@ -1,12 +1,11 @@
+#include "support/Files.h"
 #include "support/TemporaryFolder.h"
 #include <vemo/base/Platform.h>
-#include <vemo/base/WidePath.h>
 #include <vemo/base/WideStream.h>
 
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <iomanip>
 #include <random>
@@ -19,21 +18,8 @@ namespace vemo {
 
 namespace {
 
-std::wstring wide(const std::filesystem::path& path) {
-  return toWidePath(path.native());
-}
-
-void makeFile(const std::filesystem::path& path) {
-  std::ofstream(path) << "x";
-}
-
-struct PathPair {
-  const char* native;
-  std::wstring wide;
-};
-
 TEST(WidePath, ConvertsBothWays) {
-  const PathPair PAIRS[] = {
+  const std::pair<const char*, std::wstring> PAIRS[] = {
       {"", L""},
       {"/tmp/a.zip", L"/tmp/a.zip"},
       {"\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80", L"\u00E9\u20AC\U0001F600"},
@@ -48,9 +34,9 @@ TEST(WidePath, ConvertsBothWays) {
       {"\xF4\x90\x80\x80", {0xDCF4, 0xDC90, 0xDC80, 0xDC80}},
       {"\xFF", {0xDCFF}},
   };
-  for (const PathPair& pair : PAIRS) {
-    EXPECT_EQ(toWidePath(pair.native), pair.wide) << pair.native;
-    EXPECT_EQ(toNativePath(pair.wide), pair.native) << pair.native;
+  for (const auto& [native, wide] : PAIRS) {
+    EXPECT_EQ(toWidePath(native), wide) << native;
+    EXPECT_EQ(toNativePath(wide), native) << native;
   }
 }
 
@@ -100,7 +86,7 @@ TEST(FileSystem, GivesAbsoluteNormalPaths) {
   const TemporaryFolder made;
   const std::filesystem::path folder = std::filesystem::canonical(made.path());
   std::filesystem::create_directory(folder / "real");
-  makeFile(folder / "real" / "file");
+  writeFile(folder / "real" / "file", "x");
   std::filesystem::create_symlink("real", folder / "link");
   std::filesystem::create_symlink("circle", folder / "circle");
   const std::string longName(5000, 'n');
@@ -124,7 +110,7 @@ TEST(FileSystem, TellsAndDeletesFiles) {
   const TemporaryFolder folder;
   const OS::FileSystem& files = Platform::filesystem();
   const std::wstring path = wide(folder / "f\xFF");
-  makeFile(folder / "f\xFF");
+  writeFile(folder / "f\xFF", "x");
   std::filesystem::create_symlink("nowhere", folder / "dangling");
   EXPECT_TRUE(files.exists(path));
   EXPECT_TRUE(files.exists(wide(folder.path())));

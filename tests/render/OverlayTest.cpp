@@ -2,50 +2,44 @@
 #include <vemo/scenegraph/drawables/Overlays.h>
 #include <vemo/scenegraph/transforms/Transform.h>
 
-#include <vtkNew.h>
 #include <vtkUnsignedCharArray.h>
 
-#include <algorithm>
-#include <array>
+#include <cmath>
 #include <gtest/gtest.h>
 
 namespace vemo {
 
 namespace {
 
-using Pixel = Picture::Pixel;
-
 constexpr int SIZE = RenderScene::SIZE;
-constexpr Pixel BLACK = {0, 0, 0};
+constexpr Picture::Pixel BLACK = {0, 0, 0};
+constexpr Picture::Pixel WHITE = {255, 255, 255};
+constexpr Picture::Pixel YELLOW = {255, 255, 0};
+constexpr std::uint32_t YELLOW_RGBA = 0xFFFF00FF;
 
-/// The columns and rows (counted from below) that are not black: left, right,
-/// bottom, top. All 0 when there are none.
-std::array<int, 4> inkBox(const Picture& picture) {
-  std::array<int, 4> box{SIZE, 0, SIZE, 0};
-  for (int row = 0; row < SIZE; ++row) {
-    for (int column = 0; column < SIZE; ++column) {
-      if (picture.at(column, row) != BLACK) {
-        box[0] = std::min(box[0], column);
-        box[1] = std::max(box[1], column + 1);
-        box[2] = std::min(box[2], SIZE - row - 1);
-        box[3] = std::max(box[3], SIZE - row);
-      }
-    }
-  }
-  return box[1] == 0 ? std::array<int, 4>{} : box;
+void write(lum::TextDrawable& drawable, std::uint32_t color) {
+  drawable.getAnnotationAttributes().setText("Hxx");
+  drawable.getTextAttributes().setForegroundColor(color);
+  drawable.getTextAttributes().setFontSize(0.1);
+}
+
+/// A white pixel over the window, or over the square from 0 to 1 of the model.
+lum::ImageAttributes& addImage(RenderScene& scene) {
+  auto& attributes = scene.drawables().findOrCreate<lum::ImageDrawable>("image").getImageAttributes();
+  attributes.setPixels(makeArray<vtkUnsignedCharArray>("pixels", {255}), 1, 1);
+  return attributes;
 }
 
 class Text : public testing::Test {
  protected:
-  Text() {
-    attributes.setText("Hxx");
-    style.setForegroundColor(0xFFFF00FF);
-    style.setFontSize(0.1);
-  }
+  Text() { write(drawable, YELLOW_RGBA); }
   void moveTo(double x, double y, double z = 0) {
     drawable.getPositionAttributes().setPosition({x, y, z}, false);
   }
-  std::array<int, 4> ink() const { return inkBox(scene.render()); }
+  static PixelBox inkOf(const Picture& picture) {
+    return boxWhere(picture, [](const auto& pixel) { return pixel != BLACK; });
+  }
+  PixelBox ink() const { return inkOf(scene.render()); }
 
   RenderScene scene;
   lum::TextDrawable& drawable = scene.drawables().findOrCreate<lum::TextDrawable>("text");
@@ -56,61 +50,84 @@ class Text : public testing::Test {
 TEST_F(Text, MovesWithItsCollectionAndIsNotSeenBehindTheViewer) {
   attributes.setCoordinateSpace(lum::CoordinateSpace::MODEL);
   moveTo(0.2, -0.4, -3);
-  lum::Ptr<lum::SimpleTransform> transform(
-      new lum::SimpleTransform(lum::ClassNameNodeInitializer(lum::SimpleTransform::getClassName())));
-  transform->setTranslation({-0.5, 0, 0});
-  scene.drawables().getBaseAttributes().setTransform(transform.get());
-  EXPECT_NEAR(ink()[0], 105, 4);
+  setTransform<lum::SimpleTransform>(scene.drawables()).setTranslation({-0.5, 0, 0});
+  EXPECT_NEAR(ink().left, 105, 4);
   scene.canvas().getCameraAttributes().setProjectionMode(lum::CameraAttributes::ProjectionMode::PERSPECTIVE);
   moveTo(0.7, 0, 7);
-  EXPECT_EQ(ink(), (std::array<int, 4>{}));
+  EXPECT_EQ(ink().right, 0);
 }
 
 TEST_F(Text, IsWrittenAsItsStyleSays) {
   moveTo(0.1, 0.5);
   const Picture plain = scene.render();
+  const auto difference = [&](int fontStyle) {
+    style.setFontStyle(fontStyle);
+    return countDifferences(scene.render(), plain, 40);
+  };
+  EXPECT_GT(difference(lum::TextAttributes::ITALIC), 20);
+  EXPECT_GT(difference(lum::TextAttributes::BOLD), 20);
+  EXPECT_GT(countPixels(scene.render(), YELLOW, 60), countPixels(plain, YELLOW, 60) + 20);
   style.setFontStyle(lum::TextAttributes::SHADOW);
-  EXPECT_GT(countDifferences(scene.render(), plain, 0), 0);
-  style.setFontStyle(lum::TextAttributes::BOLD);
-  EXPECT_GT(countPixels(scene.render(), {255, 255, 0}, 60), countPixels(plain, {255, 255, 0}, 60) + 20);
-  style.setFontStyle(lum::TextAttributes::ITALIC);
-  EXPECT_GT(countDifferences(scene.render(), plain, 40), 20);
-  style.setFontStyle(0);
+  EXPECT_GT(countDifferences(scene.render(), plain), 0);
   for (const char* const family : {"Courier", "Times"}) {
     style.setFontFamilyName(family);
-    EXPECT_GT(countDifferences(scene.render(), plain, 40), 20) << family;
+    EXPECT_GT(difference(0), 20) << family;
   }
   style.setFontFamilyName("Arial");
-  const auto one = inkBox(plain);
+  const PixelBox one = inkOf(plain);
   attributes.setText("Hxx\nHxx");
-  EXPECT_NEAR(ink()[3] - ink()[2], one[3] - one[2] + 30, 6);
+  EXPECT_NEAR(ink().height(), one.height() + 30, 6);
   attributes.setText("Hxx");
   style.setFontSize(0.2);
-  EXPECT_NEAR(ink()[1] - ink()[0], 2 * (one[1] - one[0]), 5);
+  EXPECT_NEAR(ink().width(), 2 * one.width(), 5);
 }
 
 TEST_F(Text, IsSeenOnAnImageThatStandsBeforeIt) {
-  vtkNew<vtkUnsignedCharArray> white;
-  white->InsertNextValue(255);
-  auto& image = scene.drawables().findOrCreate<lum::ImageDrawable>("image");
-  image.getImageAttributes().setPixels(white, 1, 1);
-  auto& later = scene.drawables().findOrCreate<lum::TextDrawable>("later");
-  later.getAnnotationAttributes().setText("Hxx");
-  later.getTextAttributes().setForegroundColor(0x0000FFFF);
-  later.getTextAttributes().setFontSize(0.1);
+  addImage(scene);
+  write(scene.drawables().findOrCreate<lum::TextDrawable>("later"), 0x0000FFFF);
   EXPECT_GT(countPixels(scene.render(), {0, 0, 255}, 60), 50);
 }
 
 TEST(Image, IsNotDrawnWhenItSpansNothing) {
   RenderScene scene;
-  auto& attributes = scene.drawables().findOrCreate<lum::ImageDrawable>("image").getImageAttributes();
-  vtkNew<vtkUnsignedCharArray> white;
-  white->InsertNextValue(255);
-  attributes.setPixels(white, 1, 1);
+  auto& attributes = addImage(scene);
   attributes.setCoordinateSpace(lum::CoordinateSpace::MODEL);
-  EXPECT_GT(countDifferences(scene.render(), Picture(SIZE, SIZE), 0), 0);
+  EXPECT_LT(countPixels(scene.render(), BLACK), SIZE * SIZE);
   attributes.setXAxis({0, 0, 0});
-  EXPECT_EQ(countDifferences(scene.render(), Picture(SIZE, SIZE), 0), 0);
+  EXPECT_EQ(countPixels(scene.render(), BLACK), SIZE * SIZE);
+}
+
+TEST(Legend, ShowsAsManyNumbersAsFitAndStandsTheSenseless) {
+  RenderScene scene;
+  scene.node().getBackgroundCanvas().getBackgroundAttributes().setSolidColor({1, 1, 1});
+  auto& legend =
+      scene.node().getForegroundCanvas().getDrawableCollection().findOrCreate<lum::LegendDrawable>("legend");
+  legend.getPositionAttributes().setPosition({0.25, 0.125, 0}, false);
+  legend.getTextAttributes().setFontSize(0.05);
+  auto& table = legend.getColorLookupTable();
+  table.setColorValues({1, 0, 0, 1, 0, 1, 0, 1, 0, 0, 1, 1, 1, 1, 0, 1});
+  table.setNumColor(4);
+  table.setScalarRange({0, 100});
+  auto& attributes = legend.getLegendAttributes();
+  attributes.setSize({0.5, 0.75});
+  attributes.setTitle("Pressure [Pa]");
+  attributes.setNumberOfLabels(1000000);
+
+  const Picture picture = scene.render();
+  int ticks = 0;
+  for (int row = 1; row < SIZE; ++row) {
+    ticks += picture.at(95, row)[0] < 100 && picture.at(95, row - 1)[0] >= 100 ? 1 : 0;
+  }
+  EXPECT_NEAR(ticks, 11, 3);
+  attributes.setLabelFormat("%s%n");
+  attributes.setTitle("\xff\xfe $x$ \n" + std::string(100000, 'W'));
+  legend.getTextAttributes().setFontSize(1e300);
+  EXPECT_GT(countPixels(scene.render(), WHITE), 0);
+  table.setScalarRange({5, 5});
+  legend.getTextAttributes().setFontSize(NAN);
+  EXPECT_GT(countPixels(scene.render(), {255, 0, 0}), 100);
+  attributes.setSize({NAN, 1});
+  EXPECT_EQ(countPixels(scene.render(), WHITE), SIZE * SIZE);
 }
 
 }  // namespace

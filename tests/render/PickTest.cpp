@@ -17,6 +17,10 @@ using Point = Vector<3, double>;
 
 constexpr int SIZE = RenderScene::SIZE;
 
+/// A cell and a point.
+using Found = std::pair<vtkIdType, vtkIdType>;
+constexpr Found NOTHING{-9, -9};
+
 class Picking : public testing::Test {
  protected:
   /// What is seen at a place of the picture, both from -1 to 1.
@@ -27,10 +31,9 @@ class Picking : public testing::Test {
     return _window->renderer.pick({(x + 1) / 2 * SIZE, (y + 1) / 2 * SIZE});
   }
 
-  /// As {cell, point}; {-9, -9} for nothing.
-  std::pair<vtkIdType, vtkIdType> cellAndPoint(double x, double y) {
+  Found cellAndPoint(double x, double y) {
     const auto found = pick(x, y);
-    return found ? std::pair(found->cell, found->point) : std::pair<vtkIdType, vtkIdType>(-9, -9);
+    return found ? Found(found->cell, found->point) : NOTHING;
   }
 
   RenderScene scene;
@@ -38,9 +41,6 @@ class Picking : public testing::Test {
  private:
   std::optional<SceneWindow> _window;
 };
-
-using Found = std::pair<vtkIdType, vtkIdType>;
-constexpr Found NOTHING{-9, -9};
 
 void expectNear(const Point& found, const Point& expected, double tolerance = 1e-6) {
   for (std::size_t i = 0; i < 3; ++i) {
@@ -66,35 +66,32 @@ TEST_F(Picking, FindsTheNearestFace) {
 }
 
 TEST_F(Picking, NumbersCellsOfAllKinds) {
-  const auto mixed = makePolyData({{-0.9F, 0.8F, 0},
-                                   {-0.5F, 0.8F, 0},
-                                   {-0.9F, 0.4F, 0},
-                                   {-0.5F, 0.4F, 0},  // line
-                                   {0, 0, 0},
-                                   {0.4F, 0, 0},
-                                   {0.4F, 0.4F, 0},
-                                   {0.2F, 0.1F, 0},
-                                   {0, 0.4F, 0},  // polygon, notched on top
-                                   {-0.9F, -0.9F, 0},
-                                   {-0.9F, -0.5F, 0},
-                                   {-0.5F, -0.9F, 0},
-                                   {-0.5F, -0.5F, 0},
-                                   {-0.1F, -0.9F, 0},  // strip
-                                   {0.8F, -0.8F, 0}},  // vertex
-                                  {.verts = {{14}},
-                                   .lines = {{0, 1}, {2, 3}},
-                                   .polys = {{4, 5, 6, 7, 8}},
-                                   .strips = {{9, 10, 11, 12, 13}}});
+  const auto mixed = makePolyData(
+      flat({-0.9F, 0.8F,  -0.5F, 0.8F,  -0.9F, 0.4F,  -0.5F, 0.4F,                 // lines
+            0,     0,     0.4F,  0,     0.4F,  0.4F,  0.2F,  0.1F,  0,     0.4F,   // polygon, notched on top
+            -0.9F, -0.9F, -0.9F, -0.5F, -0.5F, -0.9F, -0.5F, -0.5F, -0.1F, -0.9F,  // strip
+            0.8F,  -0.8F}),                                                        // vertex
+      {.verts = {{14}},
+       .lines = {{0, 1}, {2, 3}},
+       .polys = {{4, 5, 6, 7, 8}},
+       .strips = {{9, 10, 11, 12, 13}}});
   scene.addSurface(mixed, {1, 1, 1});
-  EXPECT_EQ(cellAndPoint(0.8, -0.79), Found(0, 14)) << "a vertex, from beside it";
-  EXPECT_EQ(cellAndPoint(-0.8, 0.8), Found(1, 0));
-  EXPECT_EQ(cellAndPoint(-0.55, 0.41), Found(2, 3)) << "a line, from beside it";
-  EXPECT_EQ(cellAndPoint(-0.55, 0.5), NOTHING);
-  EXPECT_EQ(cellAndPoint(0.05, 0.3), Found(3, 8));
-  EXPECT_EQ(cellAndPoint(0.35, 0.3), Found(3, 6));
-  EXPECT_EQ(cellAndPoint(0.2, 0.3), NOTHING) << "in the notch";
-  EXPECT_EQ(cellAndPoint(-0.85, -0.6), Found(4, 10));
-  EXPECT_EQ(cellAndPoint(-0.2, -0.85), Found(4, 13));
+  struct {
+    double x, y;
+    Found expected;
+    const char* where;
+  } const cases[] = {{0.8, -0.79, {0, 14}, "beside a vertex"},
+                     {-0.8, 0.8, {1, 0}, "on a line"},
+                     {-0.55, 0.41, {2, 3}, "beside a line"},
+                     {-0.55, 0.5, NOTHING, "far from a line"},
+                     {0.05, 0.3, {3, 8}, "left of the notch"},
+                     {0.35, 0.3, {3, 6}, "right of the notch"},
+                     {0.2, 0.3, NOTHING, "in the notch"},
+                     {-0.85, -0.6, {4, 10}, "at the begin of the strip"},
+                     {-0.2, -0.85, {4, 13}, "at the end of the strip"}};
+  for (const auto& [x, y, expected, where] : cases) {
+    EXPECT_EQ(cellAndPoint(x, y), expected) << where;
+  }
 }
 
 TEST_F(Picking, ReadsWideNumbersAndFindsNoGapBetweenTriangles) {
@@ -114,8 +111,8 @@ TEST_F(Picking, ReadsWideNumbersAndFindsNoGapBetweenTriangles) {
 TEST_F(Picking, FindsLinesAndPointsBeforeTheFacesThatTheyLieOn) {
   scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 1, 1});
   const auto& line =
-      scene.add<lum::PolyLineDrawable>(makePolyData({{-0.5F, 0, 0}, {0.5F, 0, 0}}, {.lines = {{0, 1}}}));
-  const auto& points = scene.add<lum::PointSphereDrawable>(makePolyData({{0, 0.5F, 0}, {0.5F, 0.5F, 0}}, {}));
+      scene.add<lum::PolyLineDrawable>(makePolyData(flat({-0.5F, 0, 0.5F, 0}), {.lines = {{0, 1}}}));
+  const auto& points = scene.add<lum::PointSphereDrawable>(makePolyData(flat({0, 0.5F, 0.5F, 0.5F}), {}));
   EXPECT_EQ(pick(0.2, 0.02)->drawable, &line);
   EXPECT_NE(pick(0.2, 0.2)->drawable, &line);
   const auto point = pick(0.5, 0.51);
@@ -137,13 +134,11 @@ TEST_F(Picking, LooksThroughSurfacesThatShowTheirEdgesOnly) {
 
 TEST_F(Picking, FindsWhatATransformShows) {
   auto& surface = scene.addSurface(makeRectangle(0, 0.1F, 0, 0.1F), {1, 1, 1});
-  lum::Ptr<lum::PeriodicRepeatTransform> repeat(new lum::PeriodicRepeatTransform(
-      lum::ClassNameNodeInitializer(lum::PeriodicRepeatTransform::getClassName())));
-  repeat->setRotationAngle(std::numbers::pi / 2);
-  repeat->setRotationAxis({0, 0, 1});
-  repeat->setScale({2, 2, 1});
-  repeat->setNumRepeats(3);
-  surface.getBaseAttributes().setTransform(repeat.get());
+  auto& repeat = setTransform<lum::PeriodicRepeatTransform>(surface);
+  repeat.setRotationAngle(std::numbers::pi / 2);
+  repeat.setRotationAxis({0, 0, 1});
+  repeat.setScale({2, 2, 1});
+  repeat.setNumRepeats(3);
   const auto third = pick(-0.3, -0.3);
   ASSERT_TRUE(third);
   EXPECT_EQ(third->point, 2);
@@ -157,9 +152,7 @@ TEST_F(Picking, FindsNothingThatIsCutAwayOrHidden) {
   const auto& cut = scene.addSurface(makeRectangle(-0.5F, 0.5F, -0.5F, 0.5F, 0.5F), {1, 1, 1});
   auto& hidden = scene.addSurface(makeRectangle(-1, 1, -1, 1, 1), {1, 1, 1});
   hidden.getBaseAttributes().setVisibility(false, false);
-  lum::Ptr<lum::Plane> plane(new lum::Plane(lum::ClassNameNodeInitializer(lum::Plane::getClassName())));
-  plane->setNormal({1, 0, 0});
-  scene.canvas().getClipPlanesAttributes().getClippingPlanes().addNode(*plane);
+  scene.clip({1, 0, 0}, {0, 0, 0});
   EXPECT_EQ(pick(0.2, 0)->drawable, &cut);
   EXPECT_FALSE(pick(-0.2, 0));
   EXPECT_EQ(pick(0.7, 0)->drawable, &behind);

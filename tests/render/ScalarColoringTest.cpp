@@ -13,22 +13,6 @@ constexpr int SIZE = RenderScene::SIZE;
 
 constexpr int COLORS = 3;
 
-/// Adds a low value on the left and a high one on the right; gives the table
-/// that colours them, from blue to red.
-lum::ColorLookupTable& addColored(RenderScene& scene) {
-  const auto cells = makePolyData({{-1, -1, 0}, {0, -1, 0}, {1, -1, 0}, {-1, 1, 0}, {0, 1, 0}, {1, 1, 0}},
-                                  {.polys = {{0, 1, 4, 3}, {1, 2, 5, 4}}});
-  cells->GetCellData()->AddArray(makeArray("pressure", {0.1F, 12}));
-  auto& surface = scene.addSurface(cells, {1, 1, 1});
-  surface.getColorAttributes()->setColorMode(lum::ColorMode::DATA);
-  surface.getAttributes<lum::DataLocationAttributes>().setDataLocation(lum::DataLocation::CELLS);
-  auto& scalars = surface.getAttributes<lum::ScalarAttributes>();
-  scalars.getDataArray().setDataArrayName("pressure");
-  auto& table = scalars.getColorLookupTable();
-  table.setColorValues({0, 0, 0.8, 1, 0, 0.8, 0, 1, 0.8, 0, 0, 1});
-  return table;
-}
-
 /// Tables that say nothing useful still give different colours to different
 /// values, the low ones bluer.
 TEST(ScalarColoring, IsMadeUpWhereItIsOfNoUse) {
@@ -48,13 +32,18 @@ TEST(ScalarColoring, IsMadeUpWhereItIsOfNoUse) {
   for (const auto& wanted : cases) {
     SCOPED_TRACE(wanted.name);
     RenderScene scene;
-    auto& table = addColored(scene);
+    // A low value on the left, a high one on the right, and colours from blue to red.
+    const auto cells = makePolyData(flat({-1, -1, 0, -1, 1, -1, -1, 1, 0, 1, 1, 1}),
+                                    {.polys = {{0, 1, 4, 3}, {1, 2, 5, 4}}});
+    cells->GetCellData()->AddArray(makeArray("pressure", {0.1F, 12}));
+    auto& table = colorByArray(scene.addSurface(cells, {1, 1, 1}), "pressure", lum::DataLocation::CELLS,
+                               {0, 0, 0.8, 1, 0, 0.8, 0, 1, 0.8, 0, 0, 1});
     table.setNumColor(wanted.count);
     table.setScalarRange(wanted.range);
     table.setScaleMode(wanted.scale);
     const Picture picture = scene.render();
-    const Picture::Pixel left = picture.at(SIZE / 10, SIZE / 2);
-    const Picture::Pixel right = picture.at(SIZE - SIZE / 10, SIZE / 2);
+    const auto left = at(picture, -0.8, 0);
+    const auto right = at(picture, 0.8, 0);
     EXPECT_GT(left[2], left[0] + 100);
     EXPECT_GT(right[0], right[2] + 100);
   }

@@ -29,19 +29,22 @@ class Visibility : public testing::Test {
         scene.add<lum::PointSphereDrawable>(makePolyData({{0, 0, 0}, {0.2F, 0, 2}}, {.verts = {{0}, {1}}}));
     points.getAttributes<lum::PointSizeAttributes>().setPointSize(8);
     drawables.push_back(&points);
-    auto& text = scene.drawables().findOrCreate<lum::TextDrawable>("text");
+    auto& text = addOverlay<lum::TextDrawable>();
     text.getAnnotationAttributes().setText("Text");
     text.getTextAttributes().setForegroundColor(0xFFFFFFFF);
-    drawables.push_back(&text);
-    auto& triad = scene.drawables().findOrCreate<lum::TriadDrawable>("triad");
-    triad.getTriadAttributes();
-    drawables.push_back(&triad);
-    auto& legend = scene.drawables().findOrCreate<lum::LegendDrawable>("legend");
+    addOverlay<lum::TriadDrawable>().getTriadAttributes();
+    auto& legend = addOverlay<lum::LegendDrawable>();
     legend.getLegendAttributes().setTitle("Legend");
     legend.getColorLookupTable();
     legend.getTextAttributes().setForegroundColor(0xFFFFFFFF);
     legend.getPositionAttributes().setPosition({0.7, 0.5, 0}, false);
-    drawables.push_back(&legend);
+  }
+
+  template <class Drawable>
+  Drawable& addOverlay() {
+    auto& drawable = scene.drawables().findOrCreate<Drawable>();
+    drawables.push_back(&drawable);
+    return drawable;
   }
 
   void hide(const std::function<bool(std::size_t)>& isHidden) {
@@ -69,7 +72,7 @@ TEST_F(Visibility, IsFollowedAsIfTheSceneWereOpenedAnew) {
     SCOPED_TRACE(name);
     hide(isHidden);
     followed.renderer.followVisibility();
-    EXPECT_EQ(countDifferences(followed.draw(), SceneWindow(scene).draw(), 0), 0);
+    EXPECT_EQ(countDifferences(followed.draw(), SceneWindow(scene).draw()), 0);
   }
 }
 
@@ -82,7 +85,7 @@ TEST_F(Visibility, KeepsThePixelScaleOfWhatIsShownLater) {
     window.renderer.followVisibility();
     return window.draw();
   };
-  EXPECT_EQ(countDifferences(drawWide(true), drawWide(false), 0), 0);
+  EXPECT_EQ(countDifferences(drawWide(true), drawWide(false)), 0);
 }
 
 TEST_F(Visibility, TakesNothingFromTheCameraThatAUserTurned) {
@@ -115,12 +118,10 @@ TEST_F(Visibility, ComesBackToTheViewOfASceneWithoutACamera) {
 TEST_F(Visibility, RefusesWhatIsTooLargeAndShowsTheRest) {
   hide([](std::size_t i) { return i == 0; });
   for (int i = 0; i < 6; ++i) {
-    lum::Ptr<lum::PeriodicRepeatTransform> repeat(new lum::PeriodicRepeatTransform(
-        lum::ClassNameNodeInitializer(lum::PeriodicRepeatTransform::getClassName())));
-    repeat->setTranslation({1e-3, 0, 0});
-    repeat->setNumRepeats(9000);
     auto& many = scene.add<lum::SurfaceDrawable>(makeRectangle(0, 0.1F, 0, 0.1F));
-    many.getBaseAttributes().setTransform(repeat.get());
+    auto& repeat = setTransform<lum::PeriodicRepeatTransform>(many);
+    repeat.setTranslation({1e-3, 0, 0});
+    repeat.setNumRepeats(9000);
     many.getBaseAttributes().setVisibility(false, false);
     drawables.push_back(&many);
   }
@@ -129,7 +130,7 @@ TEST_F(Visibility, RefusesWhatIsTooLargeAndShowsTheRest) {
   EXPECT_THROW(window.renderer.followVisibility(), RenderError);
   hide([this](std::size_t i) { return i + 6 >= drawables.size(); });
   window.renderer.followVisibility();
-  EXPECT_EQ(countDifferences(window.draw(), SceneWindow(scene).draw(), 0), 0);
+  EXPECT_EQ(countDifferences(window.draw(), SceneWindow(scene).draw()), 0);
 }
 
 TEST_F(Visibility, HighlightsInFrontOfAllAndCanLeaveItOut) {

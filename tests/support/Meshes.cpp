@@ -33,6 +33,14 @@ vtkSmartPointer<vtkPolyData> makePolyData(const std::vector<std::array<float, 3>
   return polyData;
 }
 
+std::vector<std::array<float, 3>> flat(const std::vector<float>& coordinates) {
+  std::vector<std::array<float, 3>> points;
+  for (std::size_t i = 0; i + 1 < coordinates.size(); i += 2) {
+    points.push_back({coordinates[i], coordinates[i + 1], 0});
+  }
+  return points;
+}
+
 vtkSmartPointer<vtkPolyData> makeRectangle(float left, float right, float bottom, float top, float z) {
   return makePolyData({{left, bottom, z}, {right, bottom, z}, {right, top, z}, {left, top, z}},
                       {.polys = {{0, 1, 2, 3}}});

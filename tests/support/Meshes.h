@@ -19,6 +19,9 @@ struct Cells {
 vtkSmartPointer<vtkPolyData> makePolyData(const std::vector<std::array<float, 3>>& points,
                                           const Cells& cells);
 
+/// Points in the plane z = 0 from their coordinates x and y, one after the other.
+std::vector<std::array<float, 3>> flat(const std::vector<float>& coordinates);
+
 /// A rectangle in the plane z.
 vtkSmartPointer<vtkPolyData> makeRectangle(float left, float right, float bottom, float top, float z = 0);
 

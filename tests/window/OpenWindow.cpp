@@ -1,5 +1,7 @@
 #include "window/OpenWindow.h"
 
+#include "render/RenderScene.h"
+
 #include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
@@ -13,6 +15,23 @@
 #include <stdexcept>
 
 namespace vemo {
+
+int countPink(const Picture& picture) {
+  return countWhere(picture, [](const auto& pixel) { return std::min(pixel[0], pixel[2]) > pixel[1] + 100; });
+}
+
+Picture toPicture(const QImage& image) {
+  Picture picture(image.width(), image.height());
+  for (int row = 0; row < image.height(); ++row) {
+    for (int column = 0; column < image.width(); ++column) {
+      const QColor color = image.pixelColor(column, row);
+      picture.set(column, row,
+                  {static_cast<std::uint8_t>(color.red()), static_cast<std::uint8_t>(color.green()),
+                   static_cast<std::uint8_t>(color.blue())});
+    }
+  }
+  return picture;
+}
 
 OpenWindow::OpenWindow(lum::SceneNode& scene) : _window(scene, "scene.zip") {
   _window.show();
@@ -43,27 +62,18 @@ QTreeWidget& OpenWindow::values() const {
   return child<QTreeWidget>("values");
 }
 
-QImage OpenWindow::look() {
+Picture OpenWindow::look() {
   // What was drawn comes to the screen with the events.
   constexpr int MILLISECONDS = 50;
   QTest::qWait(MILLISECONDS);
-  const QPoint corner = view().mapTo(&_window, {0, 0});
-  return _window.screen()
-      ->grabWindow(_window.winId(), corner.x(), corner.y(), view().width(), view().height())
-      .toImage()
-      .convertToFormat(QImage::Format_RGB32);
+  const QRect part(view().mapTo(&_window, {0, 0}), view().size());
+  return toPicture(_window.screen()
+                       ->grabWindow(_window.winId(), part.x(), part.y(), part.width(), part.height())
+                       .toImage());
 }
 
-int OpenWindow::countPink(const QImage& picture) {
-  constexpr int FAR = 100;
-  int count = 0;
-  for (int row = 0; row < picture.height(); ++row) {
-    for (int column = 0; column < picture.width(); ++column) {
-      const QRgb pixel = picture.pixel(column, row);
-      count += std::min(qRed(pixel), qBlue(pixel)) > qGreen(pixel) + FAR ? 1 : 0;
-    }
-  }
-  return count;
+int OpenWindow::countPink() {
+  return vemo::countPink(look());
 }
 
 QPoint OpenWindow::placeOf(double x, double y) const {

@@ -1,18 +1,21 @@
 #pragma once
 
 #include "vemoview/window/SceneWindow.h"
+#include <vemo/render/Picture.h>
 
-#include <QImage>
 #include <QPoint>
 #include <string>
 
-class QLineEdit;
+class QImage;
 class QModelIndex;
 class QTreeView;
 class QTreeWidget;
 class QWidget;
 
 namespace vemo {
+
+int countPink(const Picture& picture);
+Picture toPicture(const QImage& image);
 
 /// A window on the screen, used as a user does: what is done comes as events,
 /// what is asked is seen.
@@ -26,10 +29,9 @@ class OpenWindow {
   QTreeWidget& values() const;
 
   /// The pixels of the view, from the screen.
-  QImage look();
+  Picture look();
   /// How many of them are pink, a colour that no axis has.
-  int countPink() { return countPink(look()); }
-  static int countPink(const QImage& picture);
+  int countPink();
 
   /// Where a point of the plane z = 0 is seen in the beginning.
   QPoint placeOf(double x, double y) const;
