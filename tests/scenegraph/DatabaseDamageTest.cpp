@@ -140,6 +140,16 @@ TEST_F(DatabaseDamage, IgnoresUnknownFieldsAndClasses) {
   EXPECT_THAT(tryToRead(changed.join()), HasSubstr("root is of class SceneNodx"));
 }
 
+/// Of a version whose opacity is another by default.
+TEST_F(DatabaseDamage, TakesTheDefaultsOfTheFile) {
+  DatabaseBytes changed(bytes);
+  const std::string rowToDefault("\x05\x08\0\0\0\0\0\0", 8);
+  changed.replaceInIndex(rowToDefault + "\xF0\x3F", rowToDefault + "\xD0\x3F");
+  Ptr<Node> read;
+  ASSERT_EQ(tryToRead(changed.join(), &read), "");
+  EXPECT_EQ(surfaceOf(static_cast<lum::SceneNode&>(*read)).getColorAttributes()->getOpacity(), 0.25);
+}
+
 TEST_F(DatabaseDamage, SaysWhatIsWrong) {
   const auto withHeader = [this](const std::string& text, const std::string& other) {
     std::string changed = bytes;

@@ -8,6 +8,7 @@
 #include "support/TemporaryFolder.h"
 #include <vemo/scenegraph/NodeFactory.h>
 #include <vemo/scenegraph/inspect/Compare.h>
+#include <vemo/scenegraph/io/SDBReader.h>
 
 #include <vtkCellArray.h>
 #include <vtkUnsignedCharArray.h>
@@ -31,6 +32,10 @@ Ptr<Node> throughADatabase(Node& node) {
   const Ptr<Node> read = readDatabase(folder / "a.sdb");
   EXPECT_EQ(writeDatabase(folder / "b.sdb", *read), FileIoStatus::Success);
   EXPECT_TRUE(readFile(folder / "a.sdb") == readFile(folder / "b.sdb")) << "written again as other bytes";
+  lum::SDBReader reader(wide(folder / "a.sdb"));
+  for (std::size_t array = 0; array < reader.getArrays().size(); ++array) {
+    EXPECT_NO_THROW(reader.checkArray(array));
+  }
   return read;
 }
 
