@@ -24,25 +24,6 @@ using lum::SDBWriter;
 using lum::io::FileIoStatus;
 namespace fs = std::filesystem;
 
-TEST(Database, LaysArraysOnBoundariesAsTheyAre) {
-  const TemporaryFolder folder;
-  ASSERT_EQ(writeDatabase(folder / "a.sdb", *makeScene()), FileIoStatus::Success);
-  const std::string bytes = readFile(folder / "a.sdb");
-  EXPECT_EQ(bytes.substr(0, 59), R"({"format": "scene-graph database", "version": 1, "index": {)");
-  EXPECT_EQ(bytes[255], '\n');
-  lum::SDBReader reader(wide(folder / "a.sdb"));
-  const auto arrays = reader.getArrays();
-  // Shared ones are there once: 2 geometries of 9 arrays, and empty points.
-  EXPECT_EQ(arrays.size(), 19U);
-  for (const auto& array : arrays) {
-    EXPECT_EQ(array.offset % 64, 0U);
-    if (array.name == "Normals") {
-      const std::string half("\0\0\0\0\0\0\xe0\x3f", 8);
-      EXPECT_EQ(bytes.substr(array.offset, 8), half);
-    }
-  }
-}
-
 TEST(Database, HoldsRecordsAndAppends) {
   const TemporaryFolder folder;
   const auto path = wide(folder / "a.sdb");
