@@ -116,48 +116,33 @@ void putDirectoryEnd(Bytes& out, std::uint64_t count, std::uint64_t start, std::
 
 }  // namespace
 
-ArchiveBuilder& ArchiveBuilder::bytes(const std::string& name, std::span<const unsigned char> content) {
-  _sources.push_back({name, Bytes(content.begin(), content.end()), {}});
-  return *this;
-}
-
-ArchiveBuilder& ArchiveBuilder::bytes(const std::string& name, std::initializer_list<unsigned char> content) {
-  return bytes(name, std::span(content.begin(), content.size()));
-}
-
 ArchiveBuilder& ArchiveBuilder::text(const std::string& name, std::string_view content) {
-  _sources.push_back({name, Bytes(content.begin(), content.end()), {}});
+  return bytes(name, {content.begin(), content.end()});
+}
+
+ArchiveBuilder& ArchiveBuilder::bytes(const std::string& name, std::vector<unsigned char> content) {
+  _sources.push_back({name, std::move(content), {}});
   return *this;
 }
 
 template <class T>
-ArchiveBuilder& ArchiveBuilder::words(const std::string& name, std::span<const T> values) {
+ArchiveBuilder& ArchiveBuilder::words(const std::string& name, const std::vector<T>& values) {
   Bytes content;
-  content.reserve(4 * values.size());
   for (const T value : values) {
     const auto bits = std::bit_cast<std::uint32_t>(value);
     for (const int shift : {24, 16, 8, 0}) {
       content.push_back(static_cast<unsigned char>(bits >> shift));
     }
   }
-  _sources.push_back({name, std::move(content), {}});
-  return *this;
+  return bytes(name, std::move(content));
 }
 
-ArchiveBuilder& ArchiveBuilder::ints(const std::string& name, std::span<const int> values) {
+ArchiveBuilder& ArchiveBuilder::ints(const std::string& name, const std::vector<int>& values) {
   return words(name, values);
 }
 
-ArchiveBuilder& ArchiveBuilder::ints(const std::string& name, std::initializer_list<int> values) {
-  return words(name, std::span(values.begin(), values.size()));
-}
-
-ArchiveBuilder& ArchiveBuilder::floats(const std::string& name, std::span<const float> values) {
+ArchiveBuilder& ArchiveBuilder::floats(const std::string& name, const std::vector<float>& values) {
   return words(name, values);
-}
-
-ArchiveBuilder& ArchiveBuilder::floats(const std::string& name, std::initializer_list<float> values) {
-  return words(name, std::span(values.begin(), values.size()));
 }
 
 ArchiveBuilder& ArchiveBuilder::stored() {

@@ -3,9 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
-#include <initializer_list>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,13 +30,10 @@ class ArchiveBuilder {
     std::uint32_t uncompressedSize = 0;
   };
 
-  ArchiveBuilder& bytes(const std::string& name, std::span<const unsigned char> content);
-  ArchiveBuilder& bytes(const std::string& name, std::initializer_list<unsigned char> content);
   ArchiveBuilder& text(const std::string& name, std::string_view content);
-  ArchiveBuilder& ints(const std::string& name, std::span<const int> values);
-  ArchiveBuilder& ints(const std::string& name, std::initializer_list<int> values);
-  ArchiveBuilder& floats(const std::string& name, std::span<const float> values);
-  ArchiveBuilder& floats(const std::string& name, std::initializer_list<float> values);
+  ArchiveBuilder& bytes(const std::string& name, std::vector<unsigned char> content);
+  ArchiveBuilder& ints(const std::string& name, const std::vector<int>& values);
+  ArchiveBuilder& floats(const std::string& name, const std::vector<float>& values);
 
   /// Stores all entries of the archive as they are; without this call they are
   /// deflated.
@@ -64,7 +59,7 @@ class ArchiveBuilder {
   };
 
   template <class T>
-  ArchiveBuilder& words(const std::string& name, std::span<const T> values);
+  ArchiveBuilder& words(const std::string& name, const std::vector<T>& values);
   Entry makeEntry(const Source& source) const;
 
   std::vector<Source> _sources;

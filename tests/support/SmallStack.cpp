@@ -1,6 +1,7 @@
 #include "support/SmallStack.h"
 
 #include <cstddef>
+#include <exception>
 #include <pthread.h>
 #include <stdexcept>
 
@@ -15,8 +16,18 @@ constexpr std::size_t STACK_SIZE = std::size_t{2} << 20;
 constexpr std::size_t STACK_SIZE = std::size_t{256} << 10;
 #endif
 
-void* run(void* work) {
-  (*static_cast<const std::function<void()>*>(work))();
+struct Call {
+  const std::function<void()>& work;
+  std::exception_ptr failure;
+};
+
+void* run(void* pointer) {
+  auto& call = *static_cast<Call*>(pointer);
+  try {
+    call.work();
+  } catch (...) {
+    call.failure = std::current_exception();
+  }
   return nullptr;
 }
 
@@ -27,12 +38,16 @@ void runOnSmallStack(const std::function<void()>& work) {
   pthread_attr_init(&attributes);
   pthread_attr_setstacksize(&attributes, STACK_SIZE);
   pthread_t thread{};
-  const int error = pthread_create(&thread, &attributes, run, const_cast<std::function<void()>*>(&work));
+  Call call{work, {}};
+  const int error = pthread_create(&thread, &attributes, run, &call);
   pthread_attr_destroy(&attributes);
   if (error != 0) {
     throw std::runtime_error("cannot start a thread");
   }
   pthread_join(thread, nullptr);
+  if (call.failure) {
+    std::rethrow_exception(call.failure);
+  }
 }
 
 }  // namespace vemo
