@@ -33,9 +33,10 @@ TEST(ScalarColoring, IsMadeUpWhereItIsOfNoUse) {
     SCOPED_TRACE(wanted.name);
     RenderScene scene;
     // A low value on the left, a high one on the right, and colours from blue to red.
+    // Both are above 1: where a table cannot take a range, VTK's is from 0 to 1.
     const auto cells = makePolyData(flat({-1, -1, 0, -1, 1, -1, -1, 1, 0, 1, 1, 1}),
                                     {.polys = {{0, 1, 4, 3}, {1, 2, 5, 4}}});
-    cells->GetCellData()->AddArray(makeArray("pressure", {0.1F, 12}));
+    cells->GetCellData()->AddArray(makeArray("pressure", {2, 12}));
     auto& table = colorByArray(scene.addSurface(cells, {1, 1, 1}), "pressure", lum::DataLocation::CELLS,
                                {0, 0, 0.8, 1, 0, 0.8, 0, 1, 0.8, 0, 0, 1});
     table.setNumColor(wanted.count);
