@@ -4,7 +4,7 @@
 #include "support/Expected.h"
 #include "support/Files.h"
 #include "support/GraphText.h"
-#include "vemoview/import/SceneFileReader.h"
+#include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/import/SceneFormatHandler.h>
 #include <vemo/render/ScenePicture.h>
 #include <vemo/scenegraph/io/SDBReader.h>

@@ -115,12 +115,12 @@ TEST_F(SceneFileReaderTest, BoundsTheDepth) {
 }
 
 TEST_F(SceneFileReaderTest, BoundsWhatASmallArchiveCanAskFor) {
-  const std::string many = repeated("<b/>", static_cast<int>(SceneFileReader::LEAST_ELEMENTS_BOUND));
+  const std::string many = repeated("<b/>", static_cast<int>(SceneFileReader::MAX_ELEMENTS_OF_SMALL_ARCHIVE));
   EXPECT_EQ(failureOf([&] { parse("<a>\n" + many + "</a>"); }),
             "XMLException: scene.xml has more elements and attributes than an archive of this size should "
             "hold at line 2 | :2:scene.xml");
 
-  const auto quarter = std::string(SceneFileReader::LEAST_BYTES_BOUND / 4, '\0');
+  const auto quarter = std::string(SceneFileReader::MAX_BYTES_OF_SMALL_ARCHIVE / 4, '\0');
   const SceneFileReader reader = open(ArchiveBuilder().text("p", quarter));
   const auto read = [&reader] { const ArrayOwner<float> values(reader.readFloatBuffer("p")); };
   for (int i = 0; i < 4; ++i) {

@@ -3,7 +3,7 @@
 #include "support/ArchiveBuilder.h"
 #include "support/SceneXml.h"
 #include "support/TemporaryFolder.h"
-#include "vemoview/import/SceneFileReader.h"
+#include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/Exception.h>
 #include <vemo/import/QxElement.h>

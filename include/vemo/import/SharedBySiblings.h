@@ -4,8 +4,8 @@
 
 namespace vemo {
 
-class AssemblyItem;
 class Colormap;
+class Colormaps;
 
 /// What items hand to their siblings and to their children while they are
 /// converted.
@@ -21,8 +21,8 @@ struct SharedBySiblings {
   /// before inner ones. Null when there is none.
   const Colormap* colormap = nullptr;
 
-  /// Whose legend is being converted; null when none is.
-  const AssemblyItem* assembly = nullptr;
+  /// Those of the assembly whose legend is being converted; null when none is.
+  const Colormaps* assemblyColormaps = nullptr;
 };
 
 }  // namespace vemo

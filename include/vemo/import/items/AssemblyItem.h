@@ -1,6 +1,7 @@
 #pragma once
 
 #include <vemo/import/GraphicsItem.h>
+#include <vemo/import/items/Colormaps.h>
 
 #include <map>
 #include <memory>
@@ -42,13 +43,11 @@ class VEMO_IMPORT_EXPORT AssemblyItem : public GraphicsItem {
 
   /// Replaces a colormap of the same name.
   void addColormap(std::unique_ptr<Colormap> colormap);
-  void setActiveArrayName(const std::string& name);
+  void setActiveArrayName(const std::string& name) { _colormaps.setActiveName(name); }
 
   /// The colormap named like the active array, else the first by name; null
   /// when there is none.
-  const Colormap* getActiveColormap() const;
-  /// Null when there is none of that name.
-  const Colormap* findColormap(const std::string& name) const;
+  const Colormap* getActiveColormap() const { return _colormaps.getActive(); }
 
   void setLegend(std::unique_ptr<Legend> legend);
   void setTransform(std::unique_ptr<Transform> transform);
@@ -98,9 +97,8 @@ class VEMO_IMPORT_EXPORT AssemblyItem : public GraphicsItem {
   void applyTransform(lum::DrawableCollection& target) const;
 
   std::unique_ptr<Legend> _legend;
-  std::unique_ptr<std::string> _activeArrayName;
   std::vector<std::unique_ptr<GraphicsItem>> _children;
-  std::map<std::string, std::unique_ptr<Colormap>> _colormaps;
+  Colormaps _colormaps;
   /// By the name of the child element; there while children are read.
   std::map<std::string, ReadingCommand> _readingCommands;
   std::unique_ptr<Transform> _transform;

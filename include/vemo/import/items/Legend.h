@@ -55,7 +55,7 @@ class VEMO_IMPORT_EXPORT Legend : public GraphicsItem {
   static inline const std::string XML_SIZE = "size";
 
   void readFormat(const OptionalValues& values);
-  const Colormap* chooseColormap(const SharedBySiblings& shared) const;
+  const Colormap* chooseColormap(const SharedBySiblings& shared, const std::string& assemblyName) const;
   void applyTo(lum::LegendAttributes& attributes, const Colormap& colormap) const;
 
   std::string _title;

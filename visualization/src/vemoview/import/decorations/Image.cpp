@@ -1,9 +1,9 @@
 #include "geometry/AdoptedArray.h"
-#include "vemoview/import/SceneFileReader.h"
+#include "vemoview/import/Failure.h"
 #include "vemoview/import/items/ItemDrawable.h"
+#include "vemoview/import/reading/SceneFileReader.h"
 #include "vemoview/import/xml/OptionalValues.h"
 #include <vemo/base/InternalError.h>
-#include <vemo/import/Exception.h>
 #include <vemo/import/QxElement.h>
 #include <vemo/import/SharedBySiblings.h>
 #include <vemo/import/items/Image.h>
@@ -41,9 +41,7 @@ struct PixelSize {
 };
 
 [[noreturn]] void fail(const std::string& message, const std::string& entry) {
-  IOException exception(message + ".<br>Your file may be corrupt.");
-  exception.setEntry(entry);
-  throw exception;
+  failAt<IOException>(message + ".<br>Your file may be corrupt.", entry);
 }
 
 /// An entry that is not there is the reader's affair.

@@ -1,8 +1,8 @@
 #include "scenegraph/attributes/NumberFormat.h"
 #include "vemoview/import/xml/OptionalValues.h"
 #include <vemo/import/SharedBySiblings.h>
-#include <vemo/import/items/AssemblyItem.h>
 #include <vemo/import/items/Colormap.h>
+#include <vemo/import/items/Colormaps.h>
 #include <vemo/import/items/Legend.h>
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/drawables/Overlays.h>
@@ -69,21 +69,22 @@ void Legend::readFormat(const OptionalValues& values) {
   }
 }
 
-const Colormap* Legend::chooseColormap(const SharedBySiblings& shared) const {
-  if (_colormapName.empty() || shared.assembly == nullptr) {
+const Colormap* Legend::chooseColormap(const SharedBySiblings& shared,
+                                       const std::string& assemblyName) const {
+  if (_colormapName.empty() || shared.assemblyColormaps == nullptr) {
     return shared.colormap;
   }
-  const Colormap* const named = shared.assembly->findColormap(_colormapName);
+  const Colormap* const named = shared.assemblyColormaps->find(_colormapName);
   if (named == nullptr) {
-    VEMO_LOG_WARNING("The legend of \"" << shared.assembly->getName() << "\" names a colormap \""
-                                        << _colormapName << "\" that is not there");
+    VEMO_LOG_WARNING("The legend of \"" << assemblyName << "\" names a colormap \"" << _colormapName
+                                        << "\" that is not there");
   }
   return named != nullptr ? named : shared.colormap;
 }
 
 void Legend::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int /*level*/,
                              const std::string& parentName) const {
-  const Colormap* const colormap = chooseColormap(shared);
+  const Colormap* const colormap = chooseColormap(shared, parentName);
   if (colormap == nullptr) {
     VEMO_LOG_WARNING("The legend of \"" << parentName << "\" has no colormap and is left out");
     return;

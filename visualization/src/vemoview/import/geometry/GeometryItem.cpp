@@ -2,6 +2,7 @@
 #include "geometry/Normals.h"
 #include "vemoview/import/geometry/GeometryDrawableBuilder.h"
 #include "vemoview/import/geometry/PolyDataReader.h"
+#include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/QxElement.h>
 #include <vemo/import/items/GeometryItem.h>
@@ -121,7 +122,7 @@ void GeometryItem::readImpl(const QxElement& element, SceneFileReader* reader) {
   readSettings(element);
   readPointSettings(element);
 
-  PolyDataReader data(*_polydata, *reader);
+  PolyDataReader data(*_polydata, *reader, *reader);
   data.readPoints(textOf(element, XML_POINTS));
   readCells(element, data);
   readArrays(element, data);

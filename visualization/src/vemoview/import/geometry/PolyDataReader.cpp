@@ -1,8 +1,9 @@
 #include "vemoview/import/geometry/PolyDataReader.h"
 
 #include "geometry/AdoptedArray.h"
-#include "vemoview/import/SceneFileReader.h"
-#include <vemo/import/Exception.h>
+#include "vemoview/import/Failure.h"
+#include "vemoview/import/archive/ArchiveReader.h"
+#include "vemoview/import/reading/ReadingContext.h"
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
@@ -61,26 +62,25 @@ void setCells(vtkPolyData& polyData, CellKind kind, vtkCellArray* cells) {
 }
 
 [[noreturn]] void failOutside(int index, vtkIdType pointCount, const std::string& entry) {
-  IOException exception("Entry '" + entry + "' refers to point " + std::to_string(index) +
-                        ", but the geometry has only " + std::to_string(pointCount) +
-                        " points, counted from 0.<br>Your file may be corrupt.");
-  exception.setEntry(entry);
-  throw exception;
+  failAt<IOException>("Entry '" + entry + "' refers to point " + std::to_string(index) +
+                          ", but the geometry has only " + std::to_string(pointCount) +
+                          " points, counted from 0.<br>Your file may be corrupt.",
+                      entry);
 }
 
 }  // namespace
 
-PolyDataReader::PolyDataReader(vtkPolyData& polyData, SceneFileReader& reader)
-    : _polyData(polyData), _reader(reader) {}
+PolyDataReader::PolyDataReader(vtkPolyData& polyData, const ArchiveReader& archive, ReadingContext& context)
+    : _polyData(polyData), _archive(archive), _context(context) {}
 
 void PolyDataReader::readPoints(const std::string& entry) {
   vtkNew<vtkPoints> points;
-  points->SetData(adopt(ArrayOwner(_reader.readFloatBuffer(entry)), COORDINATES));
+  points->SetData(adopt(ArrayOwner(_archive.readFloatBuffer(entry)), COORDINATES));
   _polyData.SetPoints(points);
 }
 
 void PolyDataReader::readCells(CellKind kind, const std::string& entry) {
-  ArrayOwner<int> list(_reader.readIntBuffer(entry));
+  ArrayOwner<int> list(_archive.readIntBuffer(entry));
   const int size = list.count();
   const vtkIdType pointCount = _polyData.GetNumberOfPoints();
   ImportedCells& imported = _cells.at(static_cast<std::size_t>(kind));
@@ -89,10 +89,10 @@ void PolyDataReader::readCells(CellKind kind, const std::string& entry) {
     failOutside(*imported.indexOutside, pointCount, entry);
   }
   if (!imported.dropped.empty()) {
-    _reader.addWarning(std::to_string(imported.dropped.size()) + " of " + std::to_string(imported.listed) +
-                           " cells have fewer than " + std::to_string(geometry::fewestPoints(kind)) +
-                           " points and are left out",
-                       entry);
+    _context.addWarning(std::to_string(imported.dropped.size()) + " of " + std::to_string(imported.listed) +
+                            " cells have fewer than " + std::to_string(geometry::fewestPoints(kind)) +
+                            " points and are left out",
+                        entry);
   }
   setCells(_polyData, kind, imported.cells);
 }
@@ -105,9 +105,9 @@ vtkIdType PolyDataReader::listedCells() const {
 vtkSmartPointer<vtkFloatArray> PolyDataReader::readArray(const std::string& name, int components,
                                                          const std::string& entry, vtkIdType tuplesExpected,
                                                          const char* places) {
-  ArrayOwner<float> values(_reader.readFloatBuffer(entry));
+  ArrayOwner<float> values(_archive.readFloatBuffer(entry));
   const auto leaveOut = [&](const std::string& reason) {
-    _reader.addWarning("The array \"" + name + "\" is left out: " + reason, entry);
+    _context.addWarning("The array \"" + name + "\" is left out: " + reason, entry);
     return nullptr;
   };
   // An empty array could claim any number of components.

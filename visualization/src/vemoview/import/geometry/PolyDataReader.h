@@ -14,20 +14,22 @@ class vtkPolyData;
 
 namespace vemo {
 
-class SceneFileReader;
+class ArchiveReader;
+class ReadingContext;
 
 /// Fills a poly data from the entries of an archive: points first, then cells,
 /// then the arrays over both. The blocks of the entries become the storage of
-/// points, connectivity and arrays. Nothing gets in that does not fit together.
+/// points, connectivity and arrays. Nothing inconsistent gets in.
 class VEMO_IMPORT_EXPORT PolyDataReader {
  public:
-  PolyDataReader(vtkPolyData& polyData, SceneFileReader& reader);
+  /// @param context receives the warnings
+  PolyDataReader(vtkPolyData& polyData, const ArchiveReader& archive, ReadingContext& context);
 
-  /// Three coordinates a point; what is left over at the end is passed over.
+  /// Three coordinates a point; a remainder at the end is ignored.
   void readPoints(const std::string& entry);
 
-  /// Takes the place of cells of that kind that are there already. Cells with
-  /// too few points are left out with a warning.
+  /// Replaces the cells of that kind. Cells with too few points are left out
+  /// with a warning.
   /// @throws InternalError for a list that does not end with its last cell
   /// @throws IOException for an index outside the points
   void readCells(geometry::CellKind kind, const std::string& entry);
@@ -44,7 +46,8 @@ class VEMO_IMPORT_EXPORT PolyDataReader {
   vtkIdType listedCells() const;
 
   vtkPolyData& _polyData;
-  SceneFileReader& _reader;
+  const ArchiveReader& _archive;
+  ReadingContext& _context;
   /// By kind.
   std::array<geometry::ImportedCells, 4> _cells;
 };

@@ -1,6 +1,6 @@
 #include "vemoview/import/xml/OptionalValues.h"
 
-#include "vemoview/import/SceneFileReader.h"
+#include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/Exception.h>
 #include <vemo/import/QxElement.h>

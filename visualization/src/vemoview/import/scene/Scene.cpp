@@ -1,4 +1,4 @@
-#include "vemoview/import/SceneFileReader.h"
+#include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/import/QxElement.h>
 #include <vemo/import/SharedBySiblings.h>
 #include <vemo/import/items/Annotation.h>

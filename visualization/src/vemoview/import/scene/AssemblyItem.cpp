@@ -1,4 +1,4 @@
-#include "vemoview/import/SceneFileReader.h"
+#include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/import/QxElement.h>
 #include <vemo/import/SharedBySiblings.h>
 #include <vemo/import/items/AssemblyItem.h>
@@ -66,25 +66,7 @@ void AssemblyItem::add(std::unique_ptr<GraphicsItem> child) {
 }
 
 void AssemblyItem::addColormap(std::unique_ptr<Colormap> colormap) {
-  const std::string& name = colormap->getName();
-  _colormaps.insert_or_assign(name, std::move(colormap));
-}
-
-void AssemblyItem::setActiveArrayName(const std::string& name) {
-  _activeArrayName = std::make_unique<std::string>(name);
-}
-
-const Colormap* AssemblyItem::findColormap(const std::string& name) const {
-  const auto found = _colormaps.find(name);
-  return found != _colormaps.end() ? found->second.get() : nullptr;
-}
-
-const Colormap* AssemblyItem::getActiveColormap() const {
-  const Colormap* const active = _activeArrayName ? findColormap(*_activeArrayName) : nullptr;
-  if (active != nullptr || _colormaps.empty()) {
-    return active;
-  }
-  return _colormaps.begin()->second.get();
+  _colormaps.add(std::move(colormap));
 }
 
 void AssemblyItem::setLegend(std::unique_ptr<Legend> legend) {
@@ -227,10 +209,10 @@ void AssemblyItem::convertExtras(SharedBySiblings& shared, lum::DrawableCollecti
 }
 
 void AssemblyItem::convertLegend(SharedBySiblings& shared, int level) const {
-  shared.assembly = this;
+  shared.assemblyColormaps = &_colormaps;
   _legend->addToCollection(shared, shared.sceneNode->getForegroundCanvas().getDrawableCollection(), level,
                            getName());
-  shared.assembly = nullptr;
+  shared.assemblyColormaps = nullptr;
 }
 
 void AssemblyItem::applyColormap(lum::Node& target) const {

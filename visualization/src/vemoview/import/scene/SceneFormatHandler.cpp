@@ -1,4 +1,4 @@
-#include "vemoview/import/SceneFileReader.h"
+#include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/base/Platform.h>
 #include <vemo/base/WidePath.h>
 #include <vemo/base/WideStream.h>

@@ -1,5 +1,5 @@
-#include "vemoview/import/SceneFileReader.h"
 #include "vemoview/import/archive/MemoryStream.h"
+#include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/base/WideStream.h>
 #include <vemo/import/SceneConverter.h>
 #include <vemo/import/SharedBySiblings.h>

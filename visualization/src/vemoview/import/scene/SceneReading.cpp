@@ -1,6 +1,6 @@
-// The part of the SceneFileReader that knows scenes; all else it does without.
+// The part of the SceneFileReader that depends on the items.
 
-#include "vemoview/import/SceneFileReader.h"
+#include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/Exception.h>
 #include <vemo/import/QxElement.h>
@@ -52,7 +52,7 @@ void readPayload(Scene& scene, const SceneFileReader& reader) {
 std::unique_ptr<Scene>& SceneFileReader::read(std::unique_ptr<Scene>& result) {
   result = std::make_unique<Scene>(std::string());
   readItemsNamingFailures(*result, *this);
-  VEMO_LOG_INFO("SceneFileReader::read: " << _archive.getEntryCount() << " entries found inside");
+  VEMO_LOG_INFO("SceneFileReader::read: " << getArchive().getEntryCount() << " entries found inside");
   readPayload(*result, *this);
   return result;
 }

@@ -1,0 +1,88 @@
+#include "vemoview/import/archive/ArchiveReader.h"
+
+#include "vemoview/import/Failure.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstddef>
+#include <cstring>
+#include <memory>
+#include <new>
+#include <utility>
+
+namespace vemo {
+
+namespace {
+
+[[noreturn]] void failIncomplete(const std::string& entryName) {
+  failAt<IOException>("Could not completely read entry '" + entryName + "'<br>Your file may be corrupt.",
+                      entryName);
+}
+
+/// Converts big-endian words to this machine's byte order, in place.
+void convertWords(unsigned char* bytes, std::size_t size) {
+  if constexpr (std::endian::native == std::endian::big) {
+    return;
+  }
+  for (std::size_t i = 0; i + 4 <= size; i += 4) {
+    std::uint32_t word = 0;
+    std::memcpy(&word, bytes + i, 4);
+    word = __builtin_bswap32(word);
+    std::memcpy(bytes + i, &word, 4);
+  }
+}
+
+}  // namespace
+
+ArchiveReader::ArchiveReader(ZipFileReader archive) : _archive(std::move(archive)) {}
+
+Array_t<unsigned char> ArchiveReader::readEntry(const std::string& entryName) const {
+  const int size = _archive.getSize(entryName);
+  if (size < 0) {
+    failAt<IOException>("Requested non-existent entry '" + entryName + "'.<br>Your file may be corrupt.",
+                        entryName);
+  }
+  if (!_archive.isSizePossible(entryName)) {
+    failIncomplete(entryName);
+  }
+  countBytesRead(size, entryName);
+  // Not set to zero beforehand: the archive does so with what it does not fill.
+  std::unique_ptr<unsigned char[]> block(new (std::nothrow) unsigned char[static_cast<std::size_t>(size)]);
+  if (!block || !_archive.read(entryName, reinterpret_cast<char*>(block.get()))) {
+    failIncomplete(entryName);
+  }
+  return {block.release(), size};
+}
+
+void ArchiveReader::countBytesRead(int size, const std::string& entryName) const {
+  _bytesRead += static_cast<std::uint64_t>(size);
+  if (_bytesRead >
+      std::max(MAX_BYTES_OF_SMALL_ARCHIVE, _archive.getFileSize() * ZipFileReader::MAX_DEFLATE_RATIO)) {
+    failAt<IOException>("Entry '" + entryName +
+                            "' cannot be read: the scene asks for more data than an archive of this size can "
+                            "hold.<br>Your file may be corrupt.",
+                        entryName);
+  }
+}
+
+/// The bytes of an entry of words, converted; `kind` is the user's word for them.
+Array_t<unsigned char> ArchiveReader::readWords(const std::string& entryName, const char* kind) const {
+  if (_archive.getSize(entryName) % 4 != 0) {
+    failAt<IOException>(std::string("Bad size for ") + kind + " buffer;  not a multiple of 4", entryName);
+  }
+  const Array_t<unsigned char> bytes = readEntry(entryName);
+  convertWords(bytes.data, static_cast<std::size_t>(bytes.count));
+  return bytes;
+}
+
+Array_t<int> ArchiveReader::readIntBuffer(const std::string& entryName) const {
+  const Array_t<unsigned char> bytes = readWords(entryName, "integer");
+  return {reinterpret_cast<int*>(bytes.data), bytes.count / 4};
+}
+
+Array_t<float> ArchiveReader::readFloatBuffer(const std::string& entryName) const {
+  const Array_t<unsigned char> bytes = readWords(entryName, "float");
+  return {reinterpret_cast<float*>(bytes.data), bytes.count / 4};
+}
+
+}  // namespace vemo

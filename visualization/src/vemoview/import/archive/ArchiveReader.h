@@ -1,0 +1,43 @@
+#pragma once
+
+#include <vemo/import/Array_t.h>
+#include <vemo/import/Export.h>
+#include <vemo/import/ZipFileReader.h>
+
+#include <cstdint>
+#include <string>
+
+namespace vemo {
+
+/// The content of an archive's entries: blocks of bytes and arrays of numbers.
+class VEMO_IMPORT_EXPORT ArchiveReader {
+ public:
+  /// Many items may name one entry, and entries may overlap: the total read from
+  /// an archive is limited to what deflating could have put into a file of its
+  /// size. This is the limit for archives so small that theirs would be lower.
+  static constexpr std::uint64_t MAX_BYTES_OF_SMALL_ARCHIVE = 256U << 20U;
+
+  explicit ArchiveReader(ZipFileReader archive);
+
+  const ZipFileReader& getArchive() const { return _archive; }
+
+  /// The whole content of an entry; the caller owns the block. Throws
+  /// IOException when the entry is missing or cannot be read, or when more is
+  /// read from the archive than it can hold.
+  Array_t<unsigned char> readEntry(const std::string& entryName) const;
+
+  /// An entry of big-endian 32-bit numbers, in the byte order of this machine;
+  /// the caller owns the block. Throws IOException as readEntry does, and when
+  /// the size (-1 for a missing entry) is not a multiple of 4.
+  Array_t<int> readIntBuffer(const std::string& entryName) const;
+  Array_t<float> readFloatBuffer(const std::string& entryName) const;
+
+ private:
+  Array_t<unsigned char> readWords(const std::string& entryName, const char* kind) const;
+  void countBytesRead(int size, const std::string& entryName) const;
+
+  ZipFileReader _archive;
+  mutable std::uint64_t _bytesRead = 0;
+};
+
+}  // namespace vemo

@@ -1,0 +1,91 @@
+#include "vemoview/import/reading/ReadingContext.h"
+
+#include <vemo/base/InternalError.h>
+#include <vemo/import/Exception.h>
+#include <vemo/scenegraph/Logger.h>
+
+#include <exception>
+
+namespace vemo {
+
+namespace {
+
+/// Of an item's name in a path: names in untrusted files may be as long as the file.
+constexpr std::size_t MAX_NAME_LENGTH = 60;
+
+/// The name, truncated between characters if it is too long for a path.
+std::string shortened(const std::string& name) {
+  if (name.size() <= MAX_NAME_LENGTH) {
+    return name;
+  }
+  std::size_t end = MAX_NAME_LENGTH;
+  while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0) == 0x80) {
+    --end;
+  }
+  return name.substr(0, end) + "...";
+}
+
+}  // namespace
+
+ReadingContext::ItemScope::ItemScope(ReadingContext* context, const std::string& name, int line)
+    : _context(context), _exceptions(std::uncaught_exceptions()) {
+  if (_context != nullptr) {
+    _context->_items.push_back({shortened(name), line});
+    _context->_failure = {};
+  }
+}
+
+ReadingContext::ItemScope::~ItemScope() {
+  if (_context == nullptr) {
+    return;
+  }
+  // The innermost scope goes first: its place is the exception's.
+  if (std::uncaught_exceptions() > _exceptions && _context->_failure.itemPath.empty()) {
+    _context->_failure = _context->getPlace();
+  }
+  _context->_items.pop_back();
+}
+
+std::string ReadingContext::getItemPath() const {
+  std::string path;
+  for (const Item& item : _items) {
+    path += (path.empty() ? "" : "/") + item.name;
+  }
+  return path;
+}
+
+ReadingContext::Place ReadingContext::getPlace() const {
+  return {getItemPath(), _items.empty() ? 0 : _items.back().line};
+}
+
+void ReadingContext::addPlaceTo(Exception& exception) const {
+  const Place place = _failure.itemPath.empty() ? getPlace() : _failure;
+  exception.setItemPath(place.itemPath);
+  // A line in hand is one of the entry that was being parsed.
+  exception.setLine(place.line);
+}
+
+void ReadingContext::addPlaceTo(Error& error) const {
+  const Place place = _failure.itemPath.empty() ? getPlace() : _failure;
+  if (error.getProperties().get("itemPath").empty()) {
+    error.getProperties().set("itemPath", place.itemPath);
+    error.getProperties().set("sceneLine", std::to_string(place.line));
+  }
+}
+
+void ReadingContext::addWarning(const std::string& text, const std::string& entry) {
+  if (_warnings.size() > MAX_WARNINGS) {
+    return;
+  }
+  const Place place = getPlace();
+  if (_warnings.size() == MAX_WARNINGS) {
+    _warnings.push_back({"Further warnings are left out", {}, {}, 0});
+  } else {
+    _warnings.push_back({text, entry, place.itemPath, place.line});
+  }
+  const SceneWarning& warning = _warnings.back();
+  VEMO_LOG_WARNING(warning.text << (warning.entry.empty() ? "" : ", entry '" + warning.entry + "'")
+                                << (warning.itemPath.empty() ? "" : ", item " + warning.itemPath));
+}
+
+}  // namespace vemo

@@ -1,0 +1,23 @@
+#include "vemoview/import/reading/SceneFileReader.h"
+
+#include "vemoview/import/xml/XmlParser.h"
+#include <vemo/import/QxElement.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace vemo {
+
+const std::string SceneFileReader::SCENE_ENTRY = "scene.xml";
+const std::string SceneFileReader::LUM_SCENE_ENTRY = "scene.lum";
+const std::string SceneFileReader::LUM_ENTRY_PREFIX = "lum";
+
+SceneFileReader::SceneFileReader(ZipFileReader archive) : ArchiveReader(std::move(archive)) {}
+
+std::unique_ptr<QxElement> SceneFileReader::readXml(const std::string& entryName) const {
+  const ArrayOwner<unsigned char> text(readEntry(entryName));
+  const std::uint64_t maxElements = std::max(MAX_ELEMENTS_OF_SMALL_ARCHIVE, 4 * getArchive().getFileSize());
+  return parseXml(text.values(), entryName, {MAX_ELEMENT_DEPTH, maxElements});
+}
+
+}  // namespace vemo

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "vemoview/import/archive/ArchiveReader.h"
+#include "vemoview/import/reading/ReadingContext.h"
+#include <vemo/import/Export.h>
+#include <vemo/import/ZipFileReader.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace vemo {
+
+class QxElement;
+class Scene;
+
+/// What the items of a scene are read with: its archive's entries, and the
+/// context that errors and warnings are reported in.
+class VEMO_IMPORT_EXPORT SceneFileReader : public ArchiveReader, public ReadingContext {
+ public:
+  /// Elements nested deeper are rejected: reading and converting items is
+  /// recursive.
+  static constexpr std::size_t MAX_ELEMENT_DEPTH = 128;
+  /// A description that deflates well is far smaller than the tree made of it:
+  /// its elements and attributes are limited to four per byte of the archive.
+  /// This is the limit for archives so small that theirs would be lower.
+  static constexpr std::uint64_t MAX_ELEMENTS_OF_SMALL_ARCHIVE = 4'000'000;
+
+  static const std::string SCENE_ENTRY;       ///< "scene.xml"
+  static const std::string LUM_SCENE_ENTRY;   ///< "scene.lum"
+  static const std::string LUM_ENTRY_PREFIX;  ///< "lum"
+
+  explicit SceneFileReader(ZipFileReader archive);
+
+  /// The document element of an XML entry. Throws IOException as readEntry
+  /// does, and XMLException with the line for text that is not XML, nests deeper
+  /// than MAX_ELEMENT_DEPTH or has too many elements.
+  std::unique_ptr<QxElement> readXml(const std::string& entryName) const;
+
+  /// Reads the whole scene into a new Scene, which the result holds from the
+  /// start: also, partly filled, when an exception follows. Defined with the
+  /// Scene: nothing else here depends on the items.
+  std::unique_ptr<Scene>& read(std::unique_ptr<Scene>& result);
+};
+
+}  // namespace vemo

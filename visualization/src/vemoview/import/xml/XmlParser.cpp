@@ -1,0 +1,121 @@
+#include "vemoview/import/xml/XmlParser.h"
+
+#include "vemoview/import/Failure.h"
+#include <vemo/import/QxElement.h>
+
+#include <exception>
+#include <expat.h>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace vemo {
+
+namespace {
+
+/// Builds the tree of one XML entry from the parser's calls.
+class TreeBuilder {
+ public:
+  TreeBuilder(const std::string& entryName, const XmlLimits& limits)
+      : _entryName(entryName), _limits(limits), _parser(XML_ParserCreate(nullptr), XML_ParserFree) {
+    if (!_parser) {
+      failAt<XMLException>("Couldn't allocate memory for XML parser", entryName);
+    }
+    XML_SetUserData(_parser.get(), this);
+    XML_SetElementHandler(_parser.get(), startElement, endElement);
+    XML_SetCharacterDataHandler(_parser.get(), setText);
+  }
+
+  std::unique_ptr<QxElement> build(std::span<const unsigned char> text) {
+    const XML_Status status = XML_Parse(_parser.get(), reinterpret_cast<const char*>(text.data()),
+                                        static_cast<int>(text.size()), 1);
+    if (_failure) {
+      std::rethrow_exception(_failure);
+    }
+    if (status == XML_STATUS_ERROR) {
+      failAt<XMLException>("Parse error in scene.xml at line" + std::to_string(getLine()), _entryName,
+                           getLine());
+    }
+    return std::move(_document);
+  }
+
+ private:
+  static void startElement(void* user, const char* name, const char** attributes) {
+    auto& builder = *static_cast<TreeBuilder*>(user);
+    builder.guard([&] { builder.push(name, attributes); });
+  }
+
+  static void endElement(void* user, const char* /*name*/) {
+    auto& builder = *static_cast<TreeBuilder*>(user);
+    // A parser that was stopped at an empty element's start still reports its end.
+    if (!builder._failure) {
+      builder._open.pop_back();
+    }
+  }
+
+  static void setText(void* user, const char* text, int length) {
+    auto& builder = *static_cast<TreeBuilder*>(user);
+    builder.guard([&] { builder._open.back()->setText({text, static_cast<std::size_t>(length)}); });
+  }
+
+  /// Keeps exceptions out of the parser, which is C: it is stopped instead.
+  template <class Function>
+  void guard(Function&& function) {
+    try {
+      function();
+    } catch (...) {
+      _failure = std::current_exception();
+      XML_StopParser(_parser.get(), XML_FALSE);
+    }
+  }
+
+  void push(const char* name, const char** attributes) {
+    if (_open.size() >= _limits.depth) {
+      failHere("Elements in " + _entryName + " are nested deeper than " + std::to_string(_limits.depth));
+    }
+    countElement();
+    auto element = std::make_unique<QxElement>(name);
+    element->setLine(getLine());
+    for (; *attributes != nullptr; attributes += 2) {
+      countElement();
+      element->setAttribute(attributes[0], attributes[1]);
+    }
+    QxElement* const opened = element.get();
+    if (_open.empty()) {
+      _document = std::move(element);
+    } else {
+      _open.back()->addChild(std::move(element));
+    }
+    _open.push_back(opened);
+  }
+
+  void countElement() {
+    if (++_elements > _limits.elements) {
+      failHere(_entryName + " has more elements and attributes than an archive of this size should hold");
+    }
+  }
+
+  [[noreturn]] void failHere(const std::string& message) const {
+    failAt<XMLException>(message + " at line " + std::to_string(getLine()), _entryName, getLine());
+  }
+
+  int getLine() const { return static_cast<int>(XML_GetCurrentLineNumber(_parser.get())); }
+
+  const std::string& _entryName;
+  XmlLimits _limits;
+  std::uint64_t _elements = 0;
+  std::unique_ptr<std::remove_pointer_t<XML_Parser>, decltype(&XML_ParserFree)> _parser;
+  std::unique_ptr<QxElement> _document;
+  /// Those that have started and not ended, outermost first.
+  std::vector<QxElement*> _open;
+  std::exception_ptr _failure;
+};
+
+}  // namespace
+
+std::unique_ptr<QxElement> parseXml(std::span<const unsigned char> text, const std::string& entryName,
+                                    const XmlLimits& limits) {
+  return TreeBuilder(entryName, limits).build(text);
+}
+
+}  // namespace vemo
