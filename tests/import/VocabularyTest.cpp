@@ -1,147 +1,120 @@
-// The page on the scene format names every key that the items know, and no
-// other.
+// The tables of keys: what the page on the scene format says of them, and what
+// holds for every element and key.
 
+#include "SceneFixture.h"
+#include "vemoview/import/scene/SceneFormat.h"
+
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <gmock/gmock.h>
-#include <iterator>
 #include <map>
 #include <regex>
 #include <set>
 #include <string>
-#include <vector>
 
 namespace vemo {
 
 namespace {
 
-using Words = std::set<std::string>;
-
-const std::filesystem::path SOURCES = VEMO_SOURCE_FOLDER;
-
-std::string textOf(const std::filesystem::path& path) {
-  std::ifstream file(path);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
-std::vector<std::smatch> allOf(const std::string& text, const std::regex& pattern) {
-  return {std::sregex_iterator(text.begin(), text.end(), pattern), {}};
-}
-
-Words wordsOf(const std::string& text, const std::regex& pattern) {
-  Words words;
-  for (const std::smatch& match : allOf(text, pattern)) {
-    words.insert(match[1]);
+/// As the page has it: from the heading to the last row.
+std::string tableText(const ElementTable& table) {
+  std::string text = "| key | type | default | effect |\n|---|---|---|---|\n";
+  for (const KeyText& key : table.keys) {
+    text += "| `" + key.name + "` | " + key.type + " | " + key.defaultText + " | " + key.meaning + " |\n";
   }
-  words.erase("");
-  return words;
+  return text;
 }
 
-/// The string constants of one class: element names in `kinds`, attributes and
-/// children in `keys`, what stands in name tables in `words`.
-struct Vocabulary {
-  Words kinds;
-  Words keys;
-  Words words;
-};
-
-/// By class. Every item declares its constants in its header.
-std::map<std::string, Vocabulary> readHeaders() {
-  const std::regex declaration(R"(\n( *)class (?:VEMO_IMPORT_EXPORT )?(\w+)[^;{]*\{|\n  \};|)"
-                               R"(static inline const std::string (\w+)(?:\[\d*\])?\s*=([^;]*);)");
-  const std::regex literal("\"([^\"]*)\"");
-  std::map<std::string, Vocabulary> classes;
-  for (const auto& entry : std::filesystem::recursive_directory_iterator(SOURCES / "include/vemo/import")) {
-    if (entry.path().extension() != ".h") {
-      continue;
-    }
-    const std::string header = textOf(entry.path());
-    std::string outer;
-    std::string current;
-    for (const std::smatch& match : allOf(header, declaration)) {
-      if (!match[3].matched) {
-        // A class begins, or one inside another ends.
-        current = match[2].matched ? match[2].str() : outer;
-        outer = match[1].length() == 0 ? current : outer;
-        continue;
-      }
-      const std::string name = match[3];
-      Vocabulary& vocabulary = classes[current];
-      Words& target = name == "XML_ENTITY"       ? vocabulary.kinds
-                      : name.starts_with("XML_") ? vocabulary.keys
-                                                 : vocabulary.words;
-      target.merge(wordsOf(match[4], literal));
-    }
-  }
-  return classes;
-}
-
-/// The sections of the page by the words that their headings quote; all else
-/// stands under the empty word.
-std::map<std::string, std::string> readPage() {
-  std::map<std::string, std::string> sections;
-  std::ifstream page(SOURCES / "docs/user/scene-format.md");
-  Words headings = {""};
+/// The tables of the page, by each element that the heading above them quotes;
+/// those of all elements are under the empty name.
+std::multimap<std::string, std::string> readPage() {
+  std::ifstream page(std::filesystem::path(VEMO_SOURCE_FOLDER) / "docs/user/scene-format.md");
+  const std::regex quoted("`([^`]*)`");
+  std::multimap<std::string, std::string> tables;
+  std::set<std::string> elements;
+  std::string table;
   for (std::string line; std::getline(page, line);) {
     if (line.starts_with("## ")) {
-      headings = wordsOf(line, std::regex("`([^`]*)`"));
-      if (headings.empty()) {
-        headings = {""};
-      }
+      elements = {std::sregex_token_iterator(line.begin(), line.end(), quoted, 1), {}};
     }
-    for (const std::string& heading : headings) {
-      sections[heading] += line + "\n";
+    if (line.starts_with("|")) {
+      table += line + "\n";
+    } else if (!table.empty()) {
+      for (const std::string& element : elements.empty() ? std::set<std::string>{""} : elements) {
+        tables.emplace(element, table);
+      }
+      table.clear();
     }
   }
-  return sections;
+  return tables;
 }
 
-const std::regex QUOTED("`([^`]*)`");
-const std::regex KEY_OF_ROW("(?:^|\n)\\| `([^`]*)`");
-
-TEST(SceneFormatPage, NamesEveryWordOfEveryItem) {
-  const auto classes = readHeaders();
-  const auto sections = readPage();
-  ASSERT_GT(classes.size(), 20U);
-  std::size_t checked = 0;
-  for (const auto& [name, vocabulary] : classes) {
-    // What belongs to all items, and to both images, has no element of its own.
-    Words kinds = vocabulary.kinds;
-    if (kinds.empty()) {
-      kinds = {name == "Image" ? "image2d" : ""};
-    }
-    for (const std::string& kind : kinds) {
-      ASSERT_TRUE(sections.contains(kind)) << "no section on " << kind;
-      const std::string& section = sections.at(kind);
-      const Words keys = wordsOf(section, KEY_OF_ROW);
-      const Words words = wordsOf(section, QUOTED);
-      for (const std::string& key : vocabulary.keys) {
-        EXPECT_TRUE(keys.contains(key)) << key << " of " << name;
-        ++checked;
-      }
-      for (const std::string& word : vocabulary.words) {
-        EXPECT_TRUE(words.contains(word)) << word << " of " << name;
-      }
-    }
+TEST(SceneFormatPage, HasTheTablesOfKeysAndNoOther) {
+  const auto page = readPage();
+  std::set<std::string> known;
+  for (const ElementTable& table : describeSceneFormat()) {
+    const std::string text = tableText(table);
+    const auto [first, last] = page.equal_range(table.element);
+    EXPECT_TRUE(std::any_of(first, last, [&text](const auto& found) { return found.second == text; }))
+        << "The section on `" << table.element << "` in docs/user/scene-format.md needs the table\n\n"
+        << text;
+    known.insert(text);
   }
-  EXPECT_GT(checked, 90U);
-}
-
-TEST(SceneFormatPage, NamesNoKeyThatIsNotThere) {
-  Words known;
-  for (const auto& [name, vocabulary] : readHeaders()) {
-    known.insert(vocabulary.keys.begin(), vocabulary.keys.end());
-    known.insert(vocabulary.kinds.begin(), vocabulary.kinds.end());
-  }
-  for (const std::string& key : wordsOf(textOf(SOURCES / "docs/user/scene-format.md"), KEY_OF_ROW)) {
-    EXPECT_TRUE(known.contains(key)) << key;
+  EXPECT_GT(known.size(), 20U);
+  for (const auto& [element, text] : page) {
+    EXPECT_TRUE(!text.starts_with("| key |") || known.contains(text))
+        << "Nothing reads this table of `" << element << "`:\n\n"
+        << text;
   }
 }
 
-TEST(SceneFormatPage, TellsTypeAndEffectOfEveryKey) {
-  const std::string page = textOf(SOURCES / "docs/user/scene-format.md");
-  const std::regex whole("\n\\| `[^|]+ \\| [^|]+ \\| [^|]*\\| [^|]+ \\|(?=\n)");
-  EXPECT_EQ(allOf(page, whole).size(), allOf(page, KEY_OF_ROW).size());
+class AllElements : public SceneFixture {
+ protected:
+  AllElements() { _archive.bytes("e", {}); }
+
+  /// A value that suits the key's type.
+  static std::string goodValue(const KeyText& key) {
+    return key.type == "colour" ? "ff8000ff" : key.type == "entry" ? "e" : "1";
+  }
+  /// An element of the scene with values for all keys of the table, of which one
+  /// has another value.
+  static std::string elementWith(const ElementTable& table, const std::string& otherKey,
+                                 const std::string& value) {
+    std::string xml = "<" + table.element + " " + otherKey + "='" + value + "'";
+    for (const KeyText& key : table.keys) {
+      if (key.name != otherKey) {
+        xml += " " + key.name + "='" + goodValue(key) + "'";
+      }
+    }
+    return xml + "/>";
+  }
+};
+
+TEST_F(AllElements, RejectNewerVersions) {
+  const std::set<std::string> notChildrenOfScenes = {"", "scene", "array", "font"};
+  for (const ElementTable& table : describeSceneFormat()) {
+    if (notChildrenOfScenes.contains(table.element)) {
+      continue;
+    }
+    const int newest = table.element == "reflect" ? 2 : 1;
+    const auto withVersion = [&](int version) {
+      return failureOf([&] { read(elementWith(table, "version", std::to_string(version))); });
+    };
+    EXPECT_THAT(withVersion(newest), testing::Not(testing::HasSubstr("Version"))) << table.element;
+    EXPECT_EQ(withVersion(newest + 1).substr(0, 31), "FutureVersionException:  | scen") << table.element;
+  }
+}
+
+TEST_F(AllElements, ThatMayBeDoneWithoutNeverStopAScene) {
+  for (const ElementTable& table : describeSceneFormat()) {
+    for (const KeyText& key : table.keys) {
+      if (table.onBadValue == OnBadValue::WARN) {
+        EXPECT_EQ(failureOf([&] { read(elementWith(table, key.name, "?")); }), "")
+            << key.name << " of " << table.element;
+      }
+    }
+  }
 }
 
 }  // namespace

@@ -20,7 +20,9 @@ struct SharedBySiblings;
 /// A part of a scene that can be seen, or hidden.
 class VEMO_IMPORT_EXPORT GraphicsItem : public SceneItem {
  public:
-  /// What is no more visible than this is hidden.
+  static const KeyTable<GraphicsItem> KEYS;
+
+  /// Items of this visibility or less are hidden.
   static constexpr double VISIBILITY_THRESHOLD = 0.001;
 
   explicit GraphicsItem(std::string name);
@@ -49,20 +51,18 @@ class VEMO_IMPORT_EXPORT GraphicsItem : public SceneItem {
   /// Shows or hides the drawable as the item is shown or hidden.
   void addVisibilityAttrib(lum::Drawable& drawable) const;
 
-  // These draw with VTK. The item's visibility is a factor of the opacity; what
-  // is no more opaque than VISIBILITY_THRESHOLD is hidden, and its property
-  // left alone.
+  // These draw with VTK. The opacity is multiplied by the item's visibility. A
+  // prop of an opacity of VISIBILITY_THRESHOLD or less is hidden; its property
+  // is not changed.
 
   void setMyOpacity(vtkActor* actor, double opacity) const;
-  /// What is hidden cannot be picked either. Of an assembly all parts are set
-  /// before itself.
+  /// A hidden prop cannot be picked either. The parts of an assembly are set
+  /// before the assembly itself.
   void setMyOpacity(vtkProp* prop, vtkProperty* property, double opacity) const;
-  /// Pickable or not stays as it is, and so do the parts of assemblies.
+  /// Changes neither pickability nor the parts of assemblies.
   void setMyOpacity(vtkProp* prop, vtkProperty2D* property, double opacity) const;
 
  private:
-  static inline const std::string XML_ATTRIB_VISIBILITY = "visibility";
-
   double _visibility = 1.0;
 };
 

@@ -9,7 +9,11 @@ namespace vemo {
 class QxElement;
 class SceneFileReader;
 
-/// Whatever an element of the scene description is read into.
+/// The keys of an item's element, each with its member, default and meaning.
+template <class Item>
+class KeyTable;
+
+/// Anything that an element of the scene description is read into.
 class VEMO_IMPORT_EXPORT Readable {
  public:
   /// The attribute under which an element states its format version.
@@ -21,23 +25,12 @@ class VEMO_IMPORT_EXPORT Readable {
   virtual ~Readable();
 
   /// Fills the object from its element. Arrays come through the reader, which
-  /// may be null for what needs none.
+  /// may be null for objects without any.
   virtual void read(const QxElement& element, SceneFileReader* reader) = 0;
 
  protected:
   /// The newest version of most elements.
   static constexpr int VERSION = 1;
-
-  /// Throws FutureVersionException, before anything is read, when the element
-  /// states a version above the newest one understood.
-  static void checkVersion(const QxElement& element, int newest = VERSION);
-
-  /// The same for elements that a scene can do without: a version that is no
-  /// number is warned of and passed over.
-  static void checkVersionOfExtra(const QxElement& element, SceneFileReader* reader);
-
-  /// Warns that there is something in the file that no picture shows.
-  static void warnNotShown(const QxElement& element, SceneFileReader* reader);
 };
 
 }  // namespace vemo

@@ -9,6 +9,8 @@ namespace vemo {
 /// A part of a scene that has a name.
 class VEMO_IMPORT_EXPORT SceneItem : public Readable {
  public:
+  static const KeyTable<SceneItem> KEYS;
+
   explicit SceneItem(std::string name);
   SceneItem(const SceneItem&) = default;
   SceneItem& operator=(const SceneItem&) = default;

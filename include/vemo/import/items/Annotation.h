@@ -14,6 +14,7 @@ namespace vemo {
 class VEMO_IMPORT_EXPORT Annotation : public GraphicsItem {
  public:
   static inline const std::string XML_ENTITY = "annotation";
+  static const KeyTable<Annotation> KEYS;
   // The words of the tables stand in the order of the enumerations.
   static inline const std::string MODES[] = {"WINDOW", "MODEL", ""};
   static inline const std::string HORIZONTAL_ALIGNMENTS[] = {"LEFT", "CENTER", "RIGHT", ""};
@@ -22,8 +23,7 @@ class VEMO_IMPORT_EXPORT Annotation : public GraphicsItem {
   explicit Annotation(std::string name);
   ~Annotation() override;
 
-  /// Values that cannot be read are warned of, and stay what they are by
-  /// default.
+  /// Values that cannot be read keep their defaults, with a warning.
   void read(const QxElement& element, SceneFileReader* reader) override;
 
   /// Adds the text to the foreground canvas in the window mode, to the
@@ -36,21 +36,14 @@ class VEMO_IMPORT_EXPORT Annotation : public GraphicsItem {
   const std::string& getText() const { return _text; }
   void setMode(lum::CoordinateSpace mode) { _mode = mode; }
   lum::CoordinateSpace getMode() const { return _mode; }
-  /// Where the point of the text stands that the alignments name: as fractions
-  /// of the window's width and height, or in model coordinates.
+  /// The point of the text that the alignments name: in fractions of the
+  /// window's width and height, or in model coordinates.
   void setPosition(const Vector<3, double>& position) { _position = position; }
   const Vector<3, double>& getPosition() const { return _position; }
   void setAlignment(lum::HorizontalAlignment horizontal, lum::VerticalAlignment vertical);
   void setFont(const Font& font) { _font = font; }
 
  private:
-  static inline const std::string XML_ATTRIB_TEXT = "text";
-  static inline const std::string XML_ATTRIB_MODE = "mode";
-  static inline const std::string XML_ATTRIB_HORIZONTAL_ALIGNMENT = "horizontalAlignment";
-  static inline const std::string XML_ATTRIB_VERTICAL_ALIGNMENT = "verticalAlignment";
-  static inline const std::string XML_ATTRIB_TEXT_HEIGHT = "textHeight";
-  static inline const std::string XML_POSITION = "position";
-
   std::string _text;
   lum::CoordinateSpace _mode = lum::CoordinateSpace::WINDOW;
   Vector<3, double> _position{};

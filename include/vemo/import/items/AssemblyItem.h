@@ -74,21 +74,12 @@ class VEMO_IMPORT_EXPORT AssemblyItem : public GraphicsItem {
                                            int level, bool share) const;
 
  private:
-  /// Gives the child that is to be read from the element, or reads from it
-  /// something that is no child and gives null.
-  using ReadingCommand = std::unique_ptr<GraphicsItem> (AssemblyItem::*)(const QxElement&, SceneFileReader*);
+  /// Returns a new child, still to be read from the element; or reads what is
+  /// not a child, and returns null.
+  using ReadingCommand = std::unique_ptr<GraphicsItem> (*)(AssemblyItem& assembly, const QxElement& element,
+                                                           SceneFileReader* reader);
 
   void makeReadingCommandsMap();
-  void readChild(const QxElement& element, SceneFileReader* reader);
-
-  template <class T>
-  std::unique_ptr<GraphicsItem> makeChild(const QxElement& element, SceneFileReader* reader);
-  template <class T>
-  std::unique_ptr<GraphicsItem> readTransform(const QxElement& element, SceneFileReader* reader);
-  template <class T>
-  std::unique_ptr<GraphicsItem> readAside(const QxElement& element, SceneFileReader* reader);
-  std::unique_ptr<GraphicsItem> readColormap(const QxElement& element, SceneFileReader* reader);
-  std::unique_ptr<GraphicsItem> readLegend(const QxElement& element, SceneFileReader* reader);
 
   /// What is converted after the children.
   void convertExtras(SharedBySiblings& shared, lum::DrawableCollection& target, int level) const;
@@ -99,7 +90,7 @@ class VEMO_IMPORT_EXPORT AssemblyItem : public GraphicsItem {
   std::unique_ptr<Legend> _legend;
   std::vector<std::unique_ptr<GraphicsItem>> _children;
   Colormaps _colormaps;
-  /// By the name of the child element; there while children are read.
+  /// By the name of the child element; empty except while children are read.
   std::map<std::string, ReadingCommand> _readingCommands;
   std::unique_ptr<Transform> _transform;
 };

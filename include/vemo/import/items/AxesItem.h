@@ -16,6 +16,7 @@ namespace vemo {
 class VEMO_IMPORT_EXPORT AxesItem : public GraphicsItem {
  public:
   static inline const std::string XML_ENTITY = "axes";
+  static const KeyTable<AxesItem> KEYS;
 
   explicit AxesItem(std::string name);
   ~AxesItem() override;
@@ -35,17 +36,12 @@ class VEMO_IMPORT_EXPORT AxesItem : public GraphicsItem {
   void setTextColor(Color color) { _textColor = color; }
   Color getTextColor() const { return _textColor; }
 
-  /// The label of axis 0, 1 or 2 for who draws the triad with VTK, a little
-  /// beyond the axis's end. Made at the first request, brought up to date at
-  /// each. VTK's OpenGL module must be there.
+  /// The label of axis 0, 1 or 2 for drawing the triad with VTK, just beyond
+  /// the end of the axis. Created by the first call, updated by each. Needs
+  /// VTK's OpenGL module.
   vtkTextActor* getLabel(int axis);
 
  private:
-  static inline const std::string XML_X_AXIS = "xaxis";
-  static inline const std::string XML_Y_AXIS = "yaxis";
-  static inline const std::string XML_Z_AXIS = "zaxis";
-  static inline const std::string XML_ATTRIB_TEXT_COLOR = "textColor";
-
   Vector<3, double> _xAxis{1.0, 0.0, 0.0};
   Vector<3, double> _yAxis{0.0, 1.0, 0.0};
   Vector<3, double> _zAxis{0.0, 0.0, 1.0};

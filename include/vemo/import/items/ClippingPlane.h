@@ -18,6 +18,7 @@ namespace vemo {
 class VEMO_IMPORT_EXPORT ClippingPlane : public Readable {
  public:
   static inline const std::string XML_ENTITY = "clip";
+  static const KeyTable<ClippingPlane> KEYS;
 
   ClippingPlane();
   ~ClippingPlane() override;
@@ -31,9 +32,6 @@ class VEMO_IMPORT_EXPORT ClippingPlane : public Readable {
   vtkPlane* getPlane();
 
  private:
-  static inline const std::string XML_ORIGIN = "origin";
-  static inline const std::string XML_NORMAL = "normal";
-
   Vector<3, double> _origin{};
   Vector<3, double> _normal{0.0, 0.0, 1.0};
   vtkSmartPointer<vtkPlane> _plane;

@@ -18,6 +18,9 @@ namespace vemo {
 class VEMO_IMPORT_EXPORT Colormap : public SceneItem {
  public:
   static inline const std::string XML_ENTITY = "colormap";
+  /// The ramps, in the order of lum::RampMode.
+  static inline const std::string RAMPS[] = {"linear", "scurve", "sqrt", ""};
+  static const KeyTable<Colormap> KEYS;
 
   explicit Colormap(const std::string& name = {});
   ~Colormap() override;
@@ -27,37 +30,27 @@ class VEMO_IMPORT_EXPORT Colormap : public SceneItem {
   /// The first one is for the low end of the range.
   const std::vector<Color>& getColors() const { return _colors; }
 
-  /// What a reader is told that the colours stand for.
+  /// The name of the data, for people.
   const std::string& getTitle() const { return _title; }
 
   /// Writes colours, range, scale and ramp into the table.
   void fill(lum::ColorLookupTable& table) const;
 
-  /// VTK's form of the colormap, for who draws items with VTK.
+  /// For drawing items with VTK.
   vtkSmartPointer<vtkLookupTable> makeLookupTable() const;
 
-  /// Colours by this colormap what the attributes colour by data, and tells
-  /// their data array its range and title.
+  /// Sets the colour table of the attributes, and the range and title of their
+  /// data array.
   void applyTo(lum::ScalarAttributes& attributes) const;
 
  protected:
   void readImpl(const QxElement& element, SceneFileReader* reader);
 
  private:
-  static inline const std::string XML_ATTRIB_MIN = "min";
-  static inline const std::string XML_ATTRIB_MAX = "max";
-  static inline const std::string XML_ATTRIB_LOG10 = "log10";
-  static inline const std::string XML_ATTRIB_RAMP = "ramp";
-  static inline const std::string XML_ATTRIB_TITLE = "title";
-  static inline const std::string RAMP_SCURVE = "scurve";
-  static inline const std::string RAMP_SQRT = "sqrt";
-
-  lum::RampMode rampMode() const;
-
   std::vector<Color> _colors;
   Vector<2, double> _range;
   bool _log10 = false;
-  std::string _ramp;
+  lum::RampMode _ramp = lum::RampMode::LINEAR;
   std::string _title;
 };
 

@@ -8,6 +8,7 @@ namespace vemo {
 class VEMO_IMPORT_EXPORT CoordinateSystemItem : public AxesItem {
  public:
   static inline const std::string XML_ENTITY = "coordinatesystem";
+  static const KeyTable<CoordinateSystemItem> KEYS;
 
   explicit CoordinateSystemItem(std::string name);
   ~CoordinateSystemItem() override;
@@ -25,9 +26,6 @@ class VEMO_IMPORT_EXPORT CoordinateSystemItem : public AxesItem {
   void readImpl(const QxElement& element, SceneFileReader* reader);
 
  private:
-  static inline const std::string XML_ORIGIN = "origin";
-  static inline const std::string XML_ATTRIB_LABELS[3] = {"xlabel", "ylabel", "zlabel"};
-
   Vector<3, double> _origin{};
   Vector<3, std::string> _axesLabels{};
 };

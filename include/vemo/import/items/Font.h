@@ -1,5 +1,6 @@
 #pragma once
 
+#include <vemo/import/Color.h>
 #include <vemo/import/Readable.h>
 
 #include <vtkSmartPointer.h>
@@ -17,6 +18,18 @@ namespace vemo {
 class VEMO_IMPORT_EXPORT Font : public Readable {
  public:
   static inline const std::string XML_ENTITY = "font";
+  /// The faces, in the order of Face.
+  static inline const std::string FACES[] = {"Arial", "Courier", "Times", ""};
+  enum class Face { ARIAL, COURIER, TIMES };
+  /// What an element states.
+  struct Style {
+    Face face = Face::ARIAL;
+    bool bold = false;
+    bool italic = false;
+    bool shadow = false;
+    Color color;
+  };
+  static const KeyTable<Style> KEYS;
 
   /// Plain black Arial.
   Font();
@@ -33,14 +46,6 @@ class VEMO_IMPORT_EXPORT Font : public Readable {
   vtkTextProperty* getTextProperty() const;
 
  private:
-  static inline const std::string XML_ATTRIB_FACE_NAME = "facename";
-  static inline const std::string XML_ATTRIB_BOLD = "bold";
-  static inline const std::string XML_ATTRIB_ITALIC = "italic";
-  static inline const std::string XML_ATTRIB_SHADOW = "shadow";
-  static inline const std::string XML_ATTRIB_TEXT_COLOR = "textColor";
-  static inline const std::string FACE_COURIER = "Courier";
-  static inline const std::string FACE_TIMES = "Times";
-
   vtkSmartPointer<vtkTextProperty> _textProperty;
 };
 

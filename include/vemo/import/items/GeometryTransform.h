@@ -11,6 +11,7 @@ namespace vemo {
 class VEMO_IMPORT_EXPORT GeometryTransform : public Transform {
  public:
   static inline const std::string XML_ENTITY = "transform";
+  static const KeyTable<GeometryTransform> KEYS;
 
   ~GeometryTransform() override;
 
@@ -29,12 +30,6 @@ class VEMO_IMPORT_EXPORT GeometryTransform : public Transform {
                             const Vector<3, double>& translation, const Vector<3, double>& scale);
 
  private:
-  static inline const std::string XML_ROTATION_AXIS = "rotAxis";
-  static inline const std::string XML_ROTATION_ORIGIN = "rotOrigin";
-  static inline const std::string XML_TRANSLATION = "translation";
-  static inline const std::string XML_SCALE = "scale";
-  static inline const std::string XML_ATTRIB_ROTATION_ANGLE = "rotAngle";
-
   Vector<3, double> _rotationAxis{0.0, 0.0, 1.0};
   Vector<3, double> _rotationOrigin{};
   double _rotationAngle = 0.0;

@@ -12,6 +12,10 @@ namespace vemo {
 class VEMO_IMPORT_EXPORT Gradient : public GraphicsItem {
  public:
   static inline const std::string XML_ENTITY = "gradient";
+  /// The modes, in the order of lum::BackgroundColorModes.
+  static inline const std::string MODES[] = {
+      "SOLID", "TOP_BOTTOM", "BOTTOM_TOP", "LEFT_RIGHT", "RIGHT_LEFT", "RADIAL", ""};
+  static const KeyTable<Gradient> KEYS;
 
   explicit Gradient(std::string name);
   ~Gradient() override;
@@ -28,10 +32,6 @@ class VEMO_IMPORT_EXPORT Gradient : public GraphicsItem {
                        const std::string& parentName) const override;
 
  private:
-  static inline const std::string XML_ATTRIB_TOP_COLOR = "topColor";
-  static inline const std::string XML_ATTRIB_BOTTOM_COLOR = "bottomColor";
-  static inline const std::string XML_ATTRIB_MODE = "mode";
-
   Color _topColor;
   Color _bottomColor;
   lum::BackgroundColorModes _mode = lum::BackgroundColorModes::SOLID;

@@ -6,31 +6,40 @@
 
 #include <vtkSmartPointer.h>
 
+#include <optional>
 #include <string>
 
 class vtkUnsignedCharArray;
 
 namespace vemo {
 
-class OptionalValues;
-
-/// A picture in the scene: its pixels, and where its corners stand.
+/// A picture in the scene: its pixels, and the positions of its corners.
 class VEMO_IMPORT_EXPORT Image : public GraphicsItem {
  public:
   /// The words stand in the order of lum::CoordinateSpace.
   static inline const std::string COORDINATE_SYSTEMS[] = {"WINDOW", "MODEL", ""};
+  static const KeyTable<Image> KEYS;
+
+  /// Where an element says its pixels are.
+  struct PixelSource {
+    static inline const std::string XML_ATTRIB_PIXELS = "pixels";
+    static const KeyTable<PixelSource> KEYS;
+
+    std::optional<std::string> entry;
+    int width = 0;
+    int height = 0;
+    int components = 3;
+  };
 
   ~Image() override;
 
   /// Needs a reader when the element has pixels, and throws InternalError
   /// without one.
-  /// @throws IOException for pixels that are not there, or not of the size
-  /// stated
+  /// @throws IOException for pixels that are missing or not of the stated size
   void read(const QxElement& element, SceneFileReader* reader) override;
 
-  /// Adds the picture to the foreground canvas when it stands in the window, to
-  /// the collection when it stands in the model. Nothing is added without
-  /// pixels.
+  /// Adds the picture to the foreground canvas if it is positioned in the
+  /// window, to the collection if in the model. Nothing is added without pixels.
   void addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int level,
                        const std::string& parentName) const override;
 
@@ -43,7 +52,7 @@ class VEMO_IMPORT_EXPORT Image : public GraphicsItem {
   void setOpacity(double opacity) { _opacity = opacity; }
 
  protected:
-  /// @param space where the picture stands unless its element says otherwise
+  /// @param space of the corners, unless the element states another
   Image(std::string name, lum::CoordinateSpace space);
 
   /// The lower left corner, and from there to the lower right and the upper
@@ -52,16 +61,9 @@ class VEMO_IMPORT_EXPORT Image : public GraphicsItem {
                 const Vector<3, double>& yAxis);
 
  private:
-  static inline const std::string XML_ATTRIB_PIXELS = "pixels";
-  static inline const std::string XML_ATTRIB_WIDTH = "width";
-  static inline const std::string XML_ATTRIB_HEIGHT = "height";
-  static inline const std::string XML_ATTRIB_COMPONENTS = "components";
-  static inline const std::string XML_ATTRIB_COORDINATE_SYSTEM = "coordinateSystem";
-  static inline const std::string XML_ATTRIB_OPACITY = "opacity";
-
-  /// Reads where the picture stands.
-  virtual void readPlace(const OptionalValues& values) = 0;
-  void readPixels(const QxElement& element, const std::string& entry, SceneFileReader& reader);
+  /// Reads the position of the picture.
+  virtual void readPlace(const QxElement& element, SceneFileReader* reader) = 0;
+  void readPixels(const PixelSource& source, const SceneFileReader& reader);
 
   lum::CoordinateSpace _space;
   Vector<3, double> _corner{};

@@ -6,10 +6,15 @@
 
 namespace vemo {
 
-/// A picture that stands upright, as in the plane of the window.
+/// An upright picture, parallel to the x and y axes.
 class VEMO_IMPORT_EXPORT Image2D : public Image {
  public:
   static inline const std::string XML_ENTITY = "image2d";
+  struct Place {
+    Vector<3, double> position{0.0, 0.0, 0.0};
+    Vector<3, double> size{0.2, 0.2, 0.0};
+  };
+  static const KeyTable<Place> KEYS;
 
   /// In the window, at its lower left corner, a fifth of it wide and high.
   explicit Image2D(std::string name);
@@ -20,10 +25,7 @@ class VEMO_IMPORT_EXPORT Image2D : public Image {
   void setPlace(const Vector<3, double>& position, const Vector<3, double>& size);
 
  private:
-  static inline const std::string XML_POSITION = "position";
-  static inline const std::string XML_SIZE = "size";
-
-  void readPlace(const OptionalValues& values) override;
+  void readPlace(const QxElement& element, SceneFileReader* reader) override;
 };
 
 }  // namespace vemo

@@ -6,10 +6,16 @@
 
 namespace vemo {
 
-/// A picture that stands in the model, turned as its edges say.
+/// A picture in the model, oriented by its edges.
 class VEMO_IMPORT_EXPORT Image3D : public Image {
  public:
   static inline const std::string XML_ENTITY = "image3d";
+  struct Place {
+    Vector<3, double> origin{0.0, 0.0, 0.0};
+    Vector<3, double> xAxis{1.0, 0.0, 0.0};
+    Vector<3, double> yAxis{0.0, 1.0, 0.0};
+  };
+  static const KeyTable<Place> KEYS;
 
   /// In the model, at its origin, one unit of x wide and one of y high.
   explicit Image3D(std::string name);
@@ -18,11 +24,7 @@ class VEMO_IMPORT_EXPORT Image3D : public Image {
   using Image::setPlace;
 
  private:
-  static inline const std::string XML_ORIGIN = "origin";
-  static inline const std::string XML_X_AXIS = "xaxis";
-  static inline const std::string XML_Y_AXIS = "yaxis";
-
-  void readPlace(const OptionalValues& values) override;
+  void readPlace(const QxElement& element, SceneFileReader* reader) override;
 };
 
 }  // namespace vemo

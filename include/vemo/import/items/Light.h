@@ -15,6 +15,7 @@ namespace vemo {
 class VEMO_IMPORT_EXPORT Light : public Readable {
  public:
   static inline const std::string XML_ENTITY = "light";
+  static const KeyTable<Light> KEYS;
 
   ~Light() override;
 
@@ -24,11 +25,6 @@ class VEMO_IMPORT_EXPORT Light : public Readable {
   void convertTo(lum::Light& light) const;
 
  private:
-  static inline const std::string XML_ATTRIB_INTENSITY = "intensity";
-  static inline const std::string XML_ATTRIB_AZIMUTH = "azimuth";
-  static inline const std::string XML_ATTRIB_ELEVATION = "elevation";
-  static inline const std::string XML_ATTRIB_COLOR = "color";
-
   double _intensity = 0.5;
   /// In degrees, seen from the viewer.
   double _azimuth = 45.0;

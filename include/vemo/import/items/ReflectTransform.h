@@ -11,6 +11,7 @@ namespace vemo {
 class VEMO_IMPORT_EXPORT ReflectTransform : public Transform {
  public:
   static inline const std::string XML_ENTITY = "reflect";
+  static const KeyTable<ReflectTransform> KEYS;
 
   ~ReflectTransform() override;
 
@@ -22,12 +23,8 @@ class VEMO_IMPORT_EXPORT ReflectTransform : public Transform {
   lum::Transform* makeLumTransform(lum::BaseAttributes& attributes) const override;
 
  private:
-  /// Elements of this kind have come to a version more than others.
+  /// One above that of other elements.
   static constexpr int VERSION = 2;
-
-  static inline const std::string XML_ATTRIB_COEFFICIENTS[4] = {"planeEqnCoeffA", "planeEqnCoeffB",
-                                                                "planeEqnCoeffC", "planeEqnCoeffD"};
-  static inline const std::string XML_ATTRIB_FLIP = "flip";
 
   /// Of the mirror a x + b y + c z + d = 0; (a, b, c) has unit length or is
   /// zero.

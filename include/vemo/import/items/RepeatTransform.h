@@ -11,6 +11,7 @@ namespace vemo {
 class VEMO_IMPORT_EXPORT RepeatTransform : public GeometryTransform {
  public:
   static inline const std::string XML_ENTITY = "repeat";
+  static const KeyTable<RepeatTransform> KEYS;
 
   ~RepeatTransform() override;
 
@@ -22,8 +23,6 @@ class VEMO_IMPORT_EXPORT RepeatTransform : public GeometryTransform {
   lum::Transform* makeLumTransform(lum::BaseAttributes& attributes) const override;
 
  private:
-  static inline const std::string XML_ATTRIB_REPEATS = "nRepeats";
-
   std::int32_t _repeatCount = 1;
 };
 

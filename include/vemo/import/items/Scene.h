@@ -26,11 +26,13 @@ class Light;
 class VEMO_IMPORT_EXPORT Scene : public AssemblyItem {
  public:
   static inline const std::string XML_ENTITY = "scene";
+  static const KeyTable<Scene> KEYS;
 
   /// The camera and the window as they were when the scene was saved.
   class VEMO_IMPORT_EXPORT View : public Readable {
    public:
     static inline const std::string XML_ENTITY = "view";
+    static const KeyTable<Camera> KEYS;
 
     ~View() override;
 
@@ -41,16 +43,6 @@ class VEMO_IMPORT_EXPORT Scene : public AssemblyItem {
     const Camera& getCamera() const { return _camera; }
 
    private:
-    static inline const std::string XML_POSITION = "position";
-    static inline const std::string XML_UP = "up";
-    static inline const std::string XML_FOCAL_POINT = "focalPt";
-    static inline const std::string XML_ATTRIB_PERSPECTIVE = "perspective";
-    static inline const std::string XML_ATTRIB_PARALLEL_SCALE = "parallelScale";
-    static inline const std::string XML_ATTRIB_WINDOW_WIDTH = "windowWidth";
-    static inline const std::string XML_ATTRIB_WINDOW_HEIGHT = "windowHeight";
-    static inline const std::string XML_ATTRIB_WINDOW_X = "windowX";
-    static inline const std::string XML_ATTRIB_WINDOW_Y = "windowY";
-
     Camera _camera;
   };
 
@@ -69,18 +61,21 @@ class VEMO_IMPORT_EXPORT Scene : public AssemblyItem {
   /// In document order, as the mappers of VTK need them.
   std::vector<ClippingPlane*> getClippingPlanes() const;
   void addLight(std::unique_ptr<Light> light);
+  void readView(const QxElement& element, SceneFileReader* reader);
+  /// Replaces the gradient.
+  void readGradient(const QxElement& element, SceneFileReader* reader);
 
   Color getBackgroundColor() const { return _backgroundColor; }
-  /// Takes the place of the background colour; null when there is none.
+  /// Replaces the background colour; null when there is none.
   const Gradient* getGradient() const { return _gradient.get(); }
   const Camera& getCamera() const { return _view.getCamera(); }
 
-  /// The scene owns the block from now on; one that it had before goes back to
-  /// whoever set it.
+  /// The scene takes ownership of the block. A block set before is not freed:
+  /// it is the caller's again.
   void setLUMSceneFile(Array_t<unsigned char> file);
   Array_t<unsigned char> getLUMSceneFile() const { return _lumSceneFile.get(); }
 
-  /// The block stays with whoever adds it.
+  /// The caller keeps ownership of the block.
   void addLUMDataFile(Array_t<unsigned char> file);
   /// In the order in which they were added.
   const std::list<Array_t<unsigned char>>& getLUMDataFiles() const { return _lumDataFiles; }
@@ -91,9 +86,6 @@ class VEMO_IMPORT_EXPORT Scene : public AssemblyItem {
   void readImpl(const QxElement& element, SceneFileReader* reader);
 
  private:
-  static inline const std::string XML_ATTRIB_BACKGROUND = "background";
-
-  void readChild(const QxElement& element, SceneFileReader* reader);
   void convertCamera(lum::SceneCanvas& canvas) const;
   void convertClipPlanes(lum::SceneCanvas& canvas) const;
   void convertLights(lum::SceneCanvas& canvas) const;

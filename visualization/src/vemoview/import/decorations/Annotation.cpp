@@ -1,5 +1,5 @@
 #include "vemoview/import/items/ItemDrawable.h"
-#include "vemoview/import/xml/OptionalValues.h"
+#include "vemoview/import/reading/KeyTable.h"
 #include <vemo/import/SharedBySiblings.h>
 #include <vemo/import/items/Annotation.h>
 #include <vemo/scenegraph/Logger.h>
@@ -8,6 +8,23 @@
 #include <utility>
 
 namespace vemo {
+
+const KeyTable<Annotation> Annotation::KEYS(
+    {
+        key::ifPresent<&Annotation::_text>("text", "UTF-8; `&#10;` breaks the line"),
+        key::always<&Annotation::_mode>("mode", "what the position is given in").named(MODES),
+        key::always<&Annotation::_horizontal>("horizontalAlignment",
+                                              "which side of the text is at the position")
+            .named(HORIZONTAL_ALIGNMENTS),
+        key::always<&Annotation::_vertical>("verticalAlignment", "likewise").named(VERTICAL_ALIGNMENTS),
+        key::ifPresent<&Annotation::_position>(
+            "position",
+            "fractions of the window's width and height from its lower left corner, or model coordinates"),
+        key::ifPresent<&Annotation::_textHeight>(
+            "textHeight", "the height of a line as a fraction of the window's; 0: the renderer's own"),
+        key::ifPresent<&Annotation::_font>(Font::XML_ENTITY, "see `font`").defaultingTo("black Arial"),
+    },
+    OnBadValue::WARN);
 
 Annotation::Annotation(std::string name) : GraphicsItem(std::move(name)) {}
 Annotation::~Annotation() = default;
@@ -18,18 +35,7 @@ void Annotation::setAlignment(lum::HorizontalAlignment horizontal, lum::Vertical
 }
 
 void Annotation::read(const QxElement& element, SceneFileReader* reader) {
-  checkVersionOfExtra(element, reader);
-  GraphicsItem::read(element, reader);
-  const OptionalValues values(element, reader);
-  _text = values.getString(XML_ATTRIB_TEXT, _text);
-  _mode = static_cast<lum::CoordinateSpace>(values.getRow(XML_ATTRIB_MODE, MODES, 0));
-  setAlignment(static_cast<lum::HorizontalAlignment>(
-                   values.getRow(XML_ATTRIB_HORIZONTAL_ALIGNMENT, HORIZONTAL_ALIGNMENTS, 0)),
-               static_cast<lum::VerticalAlignment>(
-                   values.getRow(XML_ATTRIB_VERTICAL_ALIGNMENT, VERTICAL_ALIGNMENTS, 0)));
-  _position = values.getVector3(XML_POSITION, _position);
-  _textHeight = values.getDouble(XML_ATTRIB_TEXT_HEIGHT, _textHeight);
-  values.getFont(_font);
+  KEYS.readElement<GraphicsItem>(*this, element, reader);
 }
 
 void Annotation::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int /*level*/,

@@ -1,5 +1,5 @@
+#include "vemoview/import/reading/KeyTable.h"
 #include <vemo/base/InternalError.h>
-#include <vemo/import/QxElement.h>
 #include <vemo/import/SharedBySiblings.h>
 #include <vemo/import/items/AxesItem.h>
 #include <vemo/scenegraph/Logger.h>
@@ -44,6 +44,14 @@ void setTriadView(lum::CameraAttributes& camera) {
 
 }  // namespace
 
+const KeyTable<AxesItem> AxesItem::KEYS({
+    key::ifPresent<&AxesItem::_textColor>("textColor",
+                                          "of the labels where VTK draws them; the scene graph's are black"),
+    key::ifPresent<&AxesItem::_xAxis>("xaxis", "the axis where VTK draws it"),
+    key::ifPresent<&AxesItem::_yAxis>("yaxis", "likewise"),
+    key::ifPresent<&AxesItem::_zAxis>("zaxis", "likewise"),
+});
+
 AxesItem::AxesItem(std::string name) : GraphicsItem(std::move(name)) {}
 AxesItem::~AxesItem() = default;
 
@@ -68,15 +76,7 @@ vtkTextActor* AxesItem::getLabel(int axis) {
 }
 
 void AxesItem::read(const QxElement& element, SceneFileReader* reader) {
-  checkVersion(element);
-  GraphicsItem::read(element, reader);
-  // Labels are no reason to keep a scene shut: without a colour they keep theirs.
-  if (element.findAttribute(XML_ATTRIB_TEXT_COLOR) != nullptr) {
-    setTextColor(element.getColor(XML_ATTRIB_TEXT_COLOR));
-  }
-  element.getVector3(XML_X_AXIS, _xAxis);
-  element.getVector3(XML_Y_AXIS, _yAxis);
-  element.getVector3(XML_Z_AXIS, _zAxis);
+  KEYS.readElement<GraphicsItem>(*this, element, reader);
 }
 
 void AxesItem::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& /*collection*/,

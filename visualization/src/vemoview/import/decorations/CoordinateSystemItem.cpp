@@ -1,9 +1,8 @@
-#include <vemo/import/QxElement.h>
+#include "vemoview/import/reading/KeyTable.h"
 #include <vemo/import/items/CoordinateSystemItem.h>
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/drawables/TriadDrawable.h>
 
-#include <algorithm>
 #include <utility>
 
 namespace vemo {
@@ -15,21 +14,24 @@ constexpr double LABEL_HEIGHT = 0.035;
 
 }  // namespace
 
+const KeyTable<CoordinateSystemItem> CoordinateSystemItem::KEYS({
+    key::ifPresent<&CoordinateSystemItem::_origin>("origin", "its position"),
+    key::always<&CoordinateSystemItem::_axesLabels, 0>("xlabel", "the label of its x axis"),
+    key::always<&CoordinateSystemItem::_axesLabels, 1>("ylabel", "of its y axis"),
+    key::always<&CoordinateSystemItem::_axesLabels, 2>("zlabel", "of its z axis"),
+});
+
 CoordinateSystemItem::CoordinateSystemItem(std::string name) : AxesItem(std::move(name)) {}
 CoordinateSystemItem::~CoordinateSystemItem() = default;
 
 void CoordinateSystemItem::read(const QxElement& element, SceneFileReader* reader) {
-  checkVersion(element);
+  KEYS.checkVersion(element, reader);
   AxesItem::read(element, reader);
   readImpl(element, reader);
 }
 
-void CoordinateSystemItem::readImpl(const QxElement& element, SceneFileReader* /*reader*/) {
-  element.getVector3(XML_ORIGIN, _origin);
-  std::ranges::transform(XML_ATTRIB_LABELS, _axesLabels.begin(), [&element](const std::string& attribute) {
-    const std::string* const label = element.findAttribute(attribute);
-    return label != nullptr ? *label : std::string();
-  });
+void CoordinateSystemItem::readImpl(const QxElement& element, SceneFileReader* reader) {
+  KEYS.read(*this, element, reader);
 }
 
 void CoordinateSystemItem::addToCollection(SharedBySiblings& /*shared*/, lum::DrawableCollection& collection,

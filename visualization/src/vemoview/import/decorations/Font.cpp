@@ -1,4 +1,4 @@
-#include <vemo/import/QxElement.h>
+#include "vemoview/import/reading/KeyTable.h"
 #include <vemo/import/items/Font.h>
 #include <vemo/scenegraph/attributes/TextAttributes.h>
 
@@ -20,6 +20,14 @@ std::uint32_t packOpaque(const double* rgb) {
 
 }  // namespace
 
+const KeyTable<Font::Style> Font::KEYS({
+    key::always<&Font::Style::face>("facename", "the typeface").named(FACES),
+    key::always<&Font::Style::bold>("bold", "heavy letters"),
+    key::always<&Font::Style::italic>("italic", "slanting letters"),
+    key::always<&Font::Style::shadow>("shadow", "a shadow behind the letters"),
+    key::always<&Font::Style::color>("textColor", "its alpha is not used"),
+});
+
 Font::Font() : _textProperty(vtkSmartPointer<vtkTextProperty>::New()) {
   _textProperty->SetFontFamilyToArial();
   _textProperty->SetColor(0.0, 0.0, 0.0);
@@ -37,21 +45,14 @@ vtkTextProperty* Font::getTextProperty() const {
   return _textProperty;
 }
 
-void Font::read(const QxElement& element, SceneFileReader* /*reader*/) {
-  checkVersion(element);
-  const std::string* const face = element.findAttribute(XML_ATTRIB_FACE_NAME);
-  if (face != nullptr && *face == FACE_COURIER) {
-    _textProperty->SetFontFamilyToCourier();
-  } else if (face != nullptr && *face == FACE_TIMES) {
-    _textProperty->SetFontFamilyToTimes();
-  } else {
-    _textProperty->SetFontFamilyToArial();
-  }
-  _textProperty->SetBold(element.getBool(XML_ATTRIB_BOLD));
-  _textProperty->SetItalic(element.getBool(XML_ATTRIB_ITALIC));
-  _textProperty->SetShadow(element.getBool(XML_ATTRIB_SHADOW));
-  auto rgb = element.getColor(XML_ATTRIB_TEXT_COLOR).getRGB();
-  _textProperty->SetColor(rgb.data());
+void Font::read(const QxElement& element, SceneFileReader* reader) {
+  Style style;
+  KEYS.readElement(style, element, reader);
+  _textProperty->SetFontFamilyAsString(FACES[static_cast<int>(style.face)].c_str());
+  _textProperty->SetBold(style.bold);
+  _textProperty->SetItalic(style.italic);
+  _textProperty->SetShadow(style.shadow);
+  _textProperty->SetColor(style.color.getRGB().data());
 }
 
 void Font::applyTo(lum::TextAttributes& attributes) const {

@@ -1,8 +1,8 @@
 #include "geometry/AdoptedArray.h"
 #include "vemoview/import/Failure.h"
 #include "vemoview/import/items/ItemDrawable.h"
+#include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/SceneFileReader.h"
-#include "vemoview/import/xml/OptionalValues.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/QxElement.h>
 #include <vemo/import/SharedBySiblings.h>
@@ -19,44 +19,63 @@ namespace vemo {
 
 namespace {
 
-constexpr int DEFAULT_COMPONENTS = 3;
 constexpr int MAX_COMPONENTS = 4;
 
-struct PixelSize {
-  int width;
-  int height;
-  int components;
+bool isPossible(const Image::PixelSource& source) {
+  return source.width > 0 && source.height > 0 && source.components > 0 &&
+         source.components <= MAX_COMPONENTS;
+}
 
-  bool isPossible() const {
-    return width > 0 && height > 0 && components > 0 && components <= MAX_COMPONENTS;
-  }
-  std::uint64_t bytes() const {
-    return static_cast<std::uint64_t>(width) * static_cast<std::uint64_t>(height) *
-           static_cast<std::uint64_t>(components);
-  }
-  std::string text() const {
-    return std::to_string(width) + " x " + std::to_string(height) + " pixels with " +
-           std::to_string(components) + " components";
-  }
-};
+std::uint64_t byteCount(const Image::PixelSource& source) {
+  return static_cast<std::uint64_t>(source.width) * static_cast<std::uint64_t>(source.height) *
+         static_cast<std::uint64_t>(source.components);
+}
+
+std::string describe(const Image::PixelSource& source) {
+  return std::to_string(source.width) + " x " + std::to_string(source.height) + " pixels with " +
+         std::to_string(source.components) + " components";
+}
 
 [[noreturn]] void fail(const std::string& message, const std::string& entry) {
   failAt<IOException>(message + ".<br>Your file may be corrupt.", entry);
 }
 
-/// An entry that is not there is the reader's affair.
-void checkSize(const PixelSize& size, int bytes, const std::string& entry) {
-  if (!size.isPossible()) {
-    fail("An image cannot have " + size.text(), entry);
+/// A missing entry is reported by reading it.
+void checkSize(const Image::PixelSource& source, int bytes) {
+  if (!isPossible(source)) {
+    fail("An image cannot have " + describe(source), *source.entry);
   }
-  if (bytes >= 0 && static_cast<std::uint64_t>(bytes) != size.bytes()) {
-    fail("Entry '" + entry + "' has " + std::to_string(bytes) + " bytes, but an image of " + size.text() +
-             " needs " + std::to_string(size.bytes()),
-         entry);
+  if (bytes >= 0 && static_cast<std::uint64_t>(bytes) != byteCount(source)) {
+    fail("Entry '" + *source.entry + "' has " + std::to_string(bytes) + " bytes, but an image of " +
+             describe(source) + " needs " + std::to_string(byteCount(source)),
+         *source.entry);
   }
 }
 
 }  // namespace
+
+const KeyTable<Image> Image::KEYS(
+    {
+        key::ifPresent<&Image::_space>("coordinateSystem",
+                                       "what the corners are given in: fractions of the window's width and "
+                                       "height, or model coordinates")
+            .named(COORDINATE_SYSTEMS)
+            .defaultingTo("`WINDOW` in `image2d`, `MODEL` in `image3d`"),
+        key::ifPresent<&Image::_opacity>("opacity", "0 to 1; multiplied by the visibility"),
+    },
+    OnBadValue::WARN);
+
+const KeyTable<Image::PixelSource> Image::PixelSource::KEYS({
+    key::always<&Image::PixelSource::entry>(
+        XML_ATTRIB_PIXELS,
+        "bytes, row by row from the bottom of the picture to its top, each row from left to right, "
+        "`components` bytes a pixel, without gaps"),
+    key::always<&Image::PixelSource::width>("width", "pixels in a row"),
+    key::always<&Image::PixelSource::height>(
+        "height", "rows. An entry of another size than width x height x components is an error"),
+    key::ifPresent<&Image::PixelSource::components>(
+        "components", "1 grey, 2 grey and alpha, 3 red, green, blue, 4 these and alpha"),
+});
 
 Image::Image(std::string name, lum::CoordinateSpace space) : GraphicsItem(std::move(name)), _space(space) {}
 Image::~Image() = default;
@@ -79,29 +98,25 @@ void Image::setPlace(const Vector<3, double>& corner, const Vector<3, double>& x
 }
 
 void Image::read(const QxElement& element, SceneFileReader* reader) {
-  checkVersionOfExtra(element, reader);
-  GraphicsItem::read(element, reader);
-  const OptionalValues values(element, reader);
-  _space = static_cast<lum::CoordinateSpace>(
-      values.getRow(XML_ATTRIB_COORDINATE_SYSTEM, COORDINATE_SYSTEMS, static_cast<int>(_space)));
-  _opacity = values.getDouble(XML_ATTRIB_OPACITY, _opacity);
-  readPlace(values);
-  if (const std::string* const entry = element.findAttribute(XML_ATTRIB_PIXELS)) {
+  KEYS.readElement<GraphicsItem>(*this, element, reader);
+  readPlace(element, reader);
+  // The size of pixels that do not exist does not matter, however it is written.
+  if (element.findAttribute(PixelSource::XML_ATTRIB_PIXELS) != nullptr) {
     VEMO_REQUIRE(reader, "SceneFileReadable can't be NULL for this object");
-    readPixels(element, *entry, *reader);
+    PixelSource source;
+    PixelSource::KEYS.read(source, element, reader);
+    readPixels(source, *reader);
   }
 }
 
-void Image::readPixels(const QxElement& element, const std::string& entry, SceneFileReader& reader) {
-  const PixelSize size{element.getInt(XML_ATTRIB_WIDTH), element.getInt(XML_ATTRIB_HEIGHT),
-                       element.getInt(XML_ATTRIB_COMPONENTS, DEFAULT_COMPONENTS)};
-  checkSize(size, reader.getArchive().getSize(entry), entry);
-  ArrayOwner<unsigned char> bytes(reader.readEntry(entry));
+void Image::readPixels(const PixelSource& source, const SceneFileReader& reader) {
+  checkSize(source, reader.getArchive().getSize(*source.entry));
+  ArrayOwner<unsigned char> bytes(reader.readEntry(*source.entry));
   auto pixels = vtkSmartPointer<vtkUnsignedCharArray>::New();
-  pixels->SetNumberOfComponents(size.components);
+  pixels->SetNumberOfComponents(source.components);
   const vtkIdType count = bytes.count();
   geometry::adoptBlock(*pixels, bytes.releaseBlock(), count);
-  setPixels(pixels, size.width, size.height);
+  setPixels(pixels, source.width, source.height);
 }
 
 void Image::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int /*level*/,
@@ -115,7 +130,7 @@ void Image::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& c
       *this, inWindow ? shared.sceneNode->getForegroundCanvas().getDrawableCollection() : collection);
   addVisibilityAttrib(drawable);
   drawable.getPositionAttributes().setPosition(_corner, false);
-  // What is hidden today may be shown tomorrow.
+  // A host may show a hidden item again.
   drawable.getColorAttributes()->setOpacity(hasHiddenItems() ? _opacity : _opacity * getVisibility(), false);
   lum::ImageAttributes& attributes = drawable.getImageAttributes();
   attributes.setCoordinateSpace(_space);

@@ -1,19 +1,18 @@
-#include "vemoview/import/xml/OptionalValues.h"
+#include "vemoview/import/reading/KeyTable.h"
 #include <vemo/import/items/Image2D.h>
 
 #include <utility>
 
 namespace vemo {
 
-namespace {
-
-constexpr Vector<3, double> DEFAULT_POSITION{0.0, 0.0, 0.0};
-constexpr Vector<3, double> DEFAULT_SIZE{0.2, 0.2, 0.0};
-
-}  // namespace
+const KeyTable<Image2D::Place> Image2D::KEYS({
+    key::ifPresent<&Image2D::Place::position>("position", "the lower left corner"),
+    key::ifPresent<&Image2D::Place::size>("size", "`x` is the width and `y` the height"),
+});
 
 Image2D::Image2D(std::string name) : Image(std::move(name), lum::CoordinateSpace::WINDOW) {
-  setPlace(DEFAULT_POSITION, DEFAULT_SIZE);
+  const Place place;
+  setPlace(place.position, place.size);
 }
 Image2D::~Image2D() = default;
 
@@ -21,8 +20,10 @@ void Image2D::setPlace(const Vector<3, double>& position, const Vector<3, double
   Image::setPlace(position, {size[0], 0.0, 0.0}, {0.0, size[1], 0.0});
 }
 
-void Image2D::readPlace(const OptionalValues& values) {
-  setPlace(values.getVector3(XML_POSITION, DEFAULT_POSITION), values.getVector3(XML_SIZE, DEFAULT_SIZE));
+void Image2D::readPlace(const QxElement& element, SceneFileReader* reader) {
+  Place place;
+  KEYS.read(place, element, reader);
+  setPlace(place.position, place.size);
 }
 
 }  // namespace vemo

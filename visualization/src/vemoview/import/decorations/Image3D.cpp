@@ -1,26 +1,26 @@
-#include "vemoview/import/xml/OptionalValues.h"
+#include "vemoview/import/reading/KeyTable.h"
 #include <vemo/import/items/Image3D.h>
 
 #include <utility>
 
 namespace vemo {
 
-namespace {
-
-constexpr Vector<3, double> DEFAULT_ORIGIN{0.0, 0.0, 0.0};
-constexpr Vector<3, double> DEFAULT_X_AXIS{1.0, 0.0, 0.0};
-constexpr Vector<3, double> DEFAULT_Y_AXIS{0.0, 1.0, 0.0};
-
-}  // namespace
+const KeyTable<Image3D::Place> Image3D::KEYS({
+    key::ifPresent<&Image3D::Place::origin>("origin", "the lower left corner"),
+    key::ifPresent<&Image3D::Place::xAxis>("xaxis", "from there to the lower right corner"),
+    key::ifPresent<&Image3D::Place::yAxis>("yaxis", "from there to the upper left corner"),
+});
 
 Image3D::Image3D(std::string name) : Image(std::move(name), lum::CoordinateSpace::MODEL) {
-  setPlace(DEFAULT_ORIGIN, DEFAULT_X_AXIS, DEFAULT_Y_AXIS);
+  const Place place;
+  setPlace(place.origin, place.xAxis, place.yAxis);
 }
 Image3D::~Image3D() = default;
 
-void Image3D::readPlace(const OptionalValues& values) {
-  setPlace(values.getVector3(XML_ORIGIN, DEFAULT_ORIGIN), values.getVector3(XML_X_AXIS, DEFAULT_X_AXIS),
-           values.getVector3(XML_Y_AXIS, DEFAULT_Y_AXIS));
+void Image3D::readPlace(const QxElement& element, SceneFileReader* reader) {
+  Place place;
+  KEYS.read(place, element, reader);
+  setPlace(place.origin, place.xAxis, place.yAxis);
 }
 
 }  // namespace vemo

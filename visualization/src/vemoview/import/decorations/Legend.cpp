@@ -1,5 +1,5 @@
 #include "scenegraph/attributes/NumberFormat.h"
-#include "vemoview/import/xml/OptionalValues.h"
+#include "vemoview/import/reading/KeyTable.h"
 #include <vemo/import/SharedBySiblings.h>
 #include <vemo/import/items/Colormap.h>
 #include <vemo/import/items/Colormaps.h>
@@ -13,60 +13,54 @@ namespace vemo {
 
 namespace {
 
-struct Place {
-  Vector<3, double> position;
-  Vector<3, double> size;
-};
-
 const std::string DEFAULT_FORMAT = "%.4g";
 
 /// At the right edge, or at the lower one.
-Place defaultPlace(lum::LegendOrientation orientation) {
-  return orientation == lum::LegendOrientation::VERTICAL ? Place{{0.85, 0.25, 0.0}, {0.12, 0.5, 0.0}}
-                                                         : Place{{0.25, 0.03, 0.0}, {0.5, 0.12, 0.0}};
-}
-
-Vector<2, double> inWindow(const Vector<3, double>& vector) {
-  return {vector[0], vector[1]};
+Legend::Place defaultPlace(lum::LegendOrientation orientation) {
+  return orientation == lum::LegendOrientation::VERTICAL ? Legend::Place{{0.85, 0.25}, {0.12, 0.5}}
+                                                         : Legend::Place{{0.25, 0.03}, {0.5, 0.12}};
 }
 
 }  // namespace
 
+const KeyTable<Legend> Legend::KEYS(
+    {
+        key::ifPresent<&Legend::_title>("title", "the heading of the bar").defaultingTo("the colormap's"),
+        key::ifPresent<&Legend::_colormapName>("colormap", "the name of a colormap of the assembly")
+            .defaultingTo("the one that colours the assembly"),
+        key::always<&Legend::_orientation>("orientation", "how the bar runs").named(ORIENTATIONS),
+        key::ifPresent<&Legend::_labelCount>("numberOfLabels", "from 0 to 64").inRange(0, MAX_LABELS),
+        key::ifPresent<&Legend::_textHeight>(
+            "textHeight", "the height of a line of text as a fraction of the window's; 0: as it fits"),
+        key::ifPresent<&Legend::_format>(
+            "numberFormat",
+            "one conversion of C's `printf` for a number (`e`, `f`, `g`, `a`), with text around it")
+            .allowedIf(lum::isNumberFormat, "not a format for one number, such as \"" + DEFAULT_FORMAT + '"'),
+        key::ifPresent<&Legend::_font>(Font::XML_ENTITY, "see `font`").defaultingTo("black Arial"),
+    },
+    OnBadValue::WARN);
+
+const KeyTable<Legend::Place> Legend::Place::KEYS({
+    key::ifPresent<&Legend::Place::position>(
+        "position", "the lower left corner, in fractions of the window's width and height")
+        .defaultingTo("0.85, 0.25; horizontal 0.25, 0.03"),
+    key::ifPresent<&Legend::Place::size>("size",
+                                         "width and height of the whole legend, in fractions of the window's")
+        .defaultingTo("0.12, 0.5; horizontal 0.5, 0.12"),
+});
+
 Legend::Legend(std::string name)
-    : GraphicsItem(std::move(name)),
-      _position(inWindow(defaultPlace(_orientation).position)),
-      _size(inWindow(defaultPlace(_orientation).size)),
-      _format(DEFAULT_FORMAT) {}
+    : GraphicsItem(std::move(name)), _place(defaultPlace(_orientation)), _format(DEFAULT_FORMAT) {}
 Legend::~Legend() = default;
 
 void Legend::setPlace(const Vector<2, double>& position, const Vector<2, double>& size) {
-  _position = position;
-  _size = size;
+  _place = {position, size};
 }
 
 void Legend::read(const QxElement& element, SceneFileReader* reader) {
-  checkVersionOfExtra(element, reader);
-  GraphicsItem::read(element, reader);
-  const OptionalValues values(element, reader);
-  _title = values.getString(XML_ATTRIB_TITLE, _title);
-  _colormapName = values.getString(XML_ATTRIB_COLORMAP, _colormapName);
-  _orientation = static_cast<lum::LegendOrientation>(values.getRow(XML_ATTRIB_ORIENTATION, ORIENTATIONS, 0));
-  const Place place = defaultPlace(_orientation);
-  setPlace(inWindow(values.getVector3(XML_POSITION, place.position)),
-           inWindow(values.getVector3(XML_SIZE, place.size)));
-  _labelCount = values.getInt(XML_ATTRIB_LABELS, _labelCount, 0, MAX_LABELS);
-  _textHeight = values.getDouble(XML_ATTRIB_TEXT_HEIGHT, _textHeight);
-  readFormat(values);
-  values.getFont(_font);
-}
-
-void Legend::readFormat(const OptionalValues& values) {
-  const std::string format = values.getString(XML_ATTRIB_FORMAT, _format);
-  if (lum::isNumberFormat(format)) {
-    _format = format;
-  } else {
-    values.warn(XML_ATTRIB_FORMAT, "it is not a format for one number, as \"" + DEFAULT_FORMAT + "\" is");
-  }
+  KEYS.readElement<GraphicsItem>(*this, element, reader);
+  _place = defaultPlace(_orientation);
+  Place::KEYS.read(_place, element, reader);
 }
 
 const Colormap* Legend::chooseColormap(const SharedBySiblings& shared,
@@ -91,7 +85,7 @@ void Legend::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& 
   }
   auto& drawable = collection.findOrCreate<lum::LegendDrawable>(getName().empty() ? parentName : getName());
   addVisibilityAttrib(drawable);
-  drawable.getPositionAttributes().setPosition({_position[0], _position[1], 0.0}, false);
+  drawable.getPositionAttributes().setPosition({_place.position[0], _place.position[1], 0.0}, false);
   applyTo(drawable.getLegendAttributes(), *colormap);
   _font.applyTo(drawable.getTextAttributes());
   drawable.getTextAttributes().setFontSize(_textHeight);
@@ -101,7 +95,7 @@ void Legend::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& 
 void Legend::applyTo(lum::LegendAttributes& attributes, const Colormap& colormap) const {
   attributes.setTitle(_title.empty() ? colormap.getTitle() : _title);
   attributes.setOrientation(_orientation);
-  attributes.setSize(_size);
+  attributes.setSize(_place.size);
   attributes.setNumberOfLabels(_labelCount);
   attributes.setLabelFormat(_format);
 }

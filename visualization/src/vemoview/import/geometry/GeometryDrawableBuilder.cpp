@@ -2,7 +2,7 @@
 
 #include "geometry/FiniteBounds.h"
 #include <vemo/base/InternalError.h>
-#include <vemo/import/items/GeometryItem.h>
+#include <vemo/import/items/GeometrySettings.h>
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/attributes/RenderingAttributes.h>
 
@@ -40,10 +40,6 @@ Vector<3, double> centerOf(vtkPolyData& polyData) {
   return bounds->center();
 }
 
-double opacityOf(Color color) {
-  return color.a / 255.0;
-}
-
 lum::PointScaleMode scaleModeOf(int mode) {
   switch (mode) {
     case 1:
@@ -57,8 +53,12 @@ lum::PointScaleMode scaleModeOf(int mode) {
 
 }  // namespace
 
-GeometryDrawableBuilder::GeometryDrawableBuilder(const GeometryItem& item, lum::GeometryDrawable& drawable)
-    : _item(item), _drawable(drawable), _colorAttributes(drawable.getColorAttributes()) {
+GeometryDrawableBuilder::GeometryDrawableBuilder(const GeometrySettings& settings, vtkPolyData& polyData,
+                                                 lum::GeometryDrawable& drawable)
+    : _settings(settings),
+      _polyData(polyData),
+      _drawable(drawable),
+      _colorAttributes(drawable.getColorAttributes()) {
   VEMO_REQUIRE(_colorAttributes, "must be not NULL");
 }
 
@@ -71,8 +71,8 @@ void GeometryDrawableBuilder::build(const std::string& qualifiedName) {
 lum::PolyDataNode& GeometryDrawableBuilder::addPolyData(const std::string& qualifiedName) {
   const lum::Ptr<lum::PolyDataNode> node(new lum::PolyDataNode(
       lum::ClassNameAndSessionNodeInitializer(lum::PolyDataNode::getClassName(), _drawable.getSessionId())));
-  node->setAttachmentPoint(centerOf(*_item.getGeometry()), 0);
-  node->setPolyData(_item.getGeometry());
+  node->setAttachmentPoint(centerOf(_polyData), 0);
+  node->setPolyData(&_polyData);
   _drawable.addNode(*node);
   node->setQualifiedName(qualifiedName);
   return *node;
@@ -84,45 +84,44 @@ void GeometryDrawableBuilder::applyRenderingAttributes(const lum::PolyDataNode& 
     applySurfaceAttributes(node.getName());
   } else if (dynamic_cast<lum::PolyLineDrawable*>(&_drawable) != nullptr) {
     applyLineColor(node.getName());
-  } else if (_item.hasPointScale()) {
+  } else if (_settings.hasPointScale()) {
     applyPointScale();
   }
   applyLighting();
-  _drawable.getAttributes<lum::LineAttributes>().setLineWidth(_item.getLineWidth());
-  _drawable.getAttributes<lum::PointAttributes>().setSize(static_cast<float>(_item.getPointSize()));
-  _drawable.getAttributes<lum::PointSizeAttributes>().setPointSize(_item.getPointSize());
-  _drawable.getBaseAttributes().setClipPlanesEnabled(!_item.getIgnoreClip());
+  _drawable.getAttributes<lum::LineAttributes>().setLineWidth(_settings.lineWidth);
+  _drawable.getAttributes<lum::PointAttributes>().setSize(static_cast<float>(_settings.pointSize));
+  _drawable.getAttributes<lum::PointSizeAttributes>().setPointSize(_settings.pointSize);
+  _drawable.getBaseAttributes().setClipPlanesEnabled(!_settings.ignoreClip);
 }
 
 void GeometryDrawableBuilder::applySurfaceAttributes(const std::string& key) {
-  _colorAttributes->setColor(key, _item.getFaceColor().getRGB());
-  _colorAttributes->setOpacity(opacityOf(_item.getFaceColor()), false);
+  _colorAttributes->setColor(key, _settings.faceColor.getRGB());
+  _colorAttributes->setOpacity(_settings.faceColor.getOpacity(), false);
   _colorAttributes->setColorMode(lum::ColorMode::KEYED);
-  _drawable.getAttributes<lum::SurfaceAttributes>().setShaded(_item.getFacesVisibility());
+  _drawable.getAttributes<lum::SurfaceAttributes>().setShaded(_settings.showFaces);
   auto& mesh = _drawable.getAttributes<lum::MeshAttributes>();
-  mesh.setMeshVisible(_item.getEdgesVisibility(), false);
-  mesh.setMeshColor(_item.getLineColor().getRGB());
-  _drawable.getAttributes<lum::ContourAttributes>().setContourVisible(_item.getContour());
+  mesh.setMeshVisible(_settings.showEdges, false);
+  mesh.setMeshColor(_settings.lineColor.getRGB());
+  _drawable.getAttributes<lum::ContourAttributes>().setContourVisible(_settings.contour);
 }
 
 void GeometryDrawableBuilder::applyLighting() {
-  if (!_item.hasLighting()) {
+  if (!_settings.hasLighting()) {
     return;
   }
   auto& material = _drawable.getAttributes<lum::MaterialAttributes>();
-  material.setAmbient(_item.getAmbient());
-  material.setDiffuse(_item.getDiffuse());
-  material.setSpecular(_item.getSpecular());
-  material.setSpecularPower(_item.getSpecularPower());
+  material.setAmbient(_settings.ambient);
+  material.setDiffuse(_settings.diffuse);
+  material.setSpecular(_settings.specular);
+  material.setSpecularPower(_settings.specularPower);
 }
 
 /// The range stated, or else that of the array's finite values.
 Vector<2, double> GeometryDrawableBuilder::scaledValues() const {
-  if (const auto* const stated = _item.getPointScaleScalarRange()) {
+  if (const auto* const stated = _settings.pointScaleScalarRange.get()) {
     return {(*stated)[0], (*stated)[1]};
   }
-  vtkDataArray* const values =
-      _item.getGeometry()->GetPointData()->GetArray(_item.getPointScaleScalarName().c_str());
+  vtkDataArray* const values = _polyData.GetPointData()->GetArray(_settings.pointScaleScalarName.c_str());
   Vector<2, double> range{1.0, 0.0};
   if (values != nullptr) {
     values->GetFiniteRange(range.data());
@@ -132,30 +131,30 @@ Vector<2, double> GeometryDrawableBuilder::scaledValues() const {
 
 void GeometryDrawableBuilder::applyPointScale() {
   auto& scale = _drawable.getAttributes<lum::PointScaleAttributes>();
-  scale.setScaleMode(scaleModeOf(_item.getPointScaleMode()));
-  scale.setPixelSize(_item.getPointScalePixelSize() != 0);
-  scale.setScalarName(_item.getPointScaleScalarName());
+  scale.setScaleMode(scaleModeOf(_settings.pointScaleMode));
+  scale.setPixelSize(_settings.pointScalePixelSize != 0);
+  scale.setScalarName(_settings.pointScaleScalarName);
   scale.setScalarRange(scaledValues());
-  const auto* const sizes = _item.getPointScaleScalarMapRange();
-  const double size = _item.getPointSize();
+  const auto* const sizes = _settings.pointScaleScalarMapTo.get();
+  const double size = _settings.pointSize;
   scale.setMapToRange(sizes != nullptr ? Vector<2, double>{(*sizes)[0], (*sizes)[1]}
                                        : Vector<2, double>{size, size});
 }
 
 void GeometryDrawableBuilder::applyLineColor(const std::string& key) {
-  const auto color = _item.getLineColor().getRGB();
-  if (findScalars(*_item.getGeometry()->GetPointData()) != nullptr) {
+  const auto color = _settings.lineColor.getRGB();
+  if (findScalars(*_polyData.GetPointData()) != nullptr) {
     _colorAttributes->setColor(key, color);
   } else {
     _colorAttributes->setColor(color, false);
   }
-  _colorAttributes->setOpacity(opacityOf(_item.getLineColor()), false);
+  _colorAttributes->setOpacity(_settings.lineColor.getOpacity(), false);
 }
 
 void GeometryDrawableBuilder::colorByData() {
-  if (vtkDataArray* const array = findScalars(*_item.getGeometry()->GetCellData())) {
+  if (vtkDataArray* const array = findScalars(*_polyData.GetCellData())) {
     colorBy(*array, lum::DataLocation::CELLS);
-  } else if (vtkDataArray* const pointArray = findScalars(*_item.getGeometry()->GetPointData())) {
+  } else if (vtkDataArray* const pointArray = findScalars(*_polyData.GetPointData())) {
     colorBy(*pointArray, lum::DataLocation::POINTS);
   }
 }

@@ -6,17 +6,19 @@
 #include <string>
 
 class vtkDataArray;
+class vtkPolyData;
 
 namespace vemo {
 
-class GeometryItem;
+struct GeometrySettings;
 
-/// Puts the geometry of an item into a drawable of the scene graph: the poly
-/// data, how it is drawn, and by which array it is coloured.
+/// Adds geometry to a drawable of the scene graph: the poly data, the settings,
+/// and the array that colours it.
 class GeometryDrawableBuilder {
  public:
   /// Throws InternalError for a drawable that cannot be coloured.
-  GeometryDrawableBuilder(const GeometryItem& item, lum::GeometryDrawable& drawable);
+  GeometryDrawableBuilder(const GeometrySettings& settings, vtkPolyData& polyData,
+                          lum::GeometryDrawable& drawable);
 
   void build(const std::string& qualifiedName);
 
@@ -31,7 +33,8 @@ class GeometryDrawableBuilder {
   void colorByData();
   void colorBy(vtkDataArray& array, lum::DataLocation location);
 
-  const GeometryItem& _item;
+  const GeometrySettings& _settings;
+  vtkPolyData& _polyData;
   lum::GeometryDrawable& _drawable;
   lum::ColorAttributes* _colorAttributes;
 };

@@ -1,5 +1,6 @@
-// The part of the GeometryItem that draws it directly with VTK.
+// The part of the GeometryItem that draws with VTK directly.
 
+#include "vemoview/import/geometry/GeometryProperties.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/items/ClippingPlane.h>
 #include <vemo/import/items/Colormap.h>
@@ -16,18 +17,10 @@
 
 namespace vemo {
 
-namespace {
-
-double opacityOf(Color color) {
-  return color.a / 255.0;
-}
-
-}  // namespace
-
 vtkProperty* GeometryItem::getProperty() const {
   if (!_property) {
     _property = vtkSmartPointer<vtkProperty>::New();
-    _property->SetLineWidth(_lineWidth);
+    _property->SetLineWidth(_settings.lineWidth);
   }
   return _property;
 }
@@ -81,7 +74,7 @@ void GeometryItem::setScalars(vtkPolyDataMapper* mapper, const Colormap* colorma
 
 void GeometryItem::setClippingPlanes(vtkPolyDataMapper* mapper, const std::vector<ClippingPlane*>& planes) {
   mapper->RemoveAllClippingPlanes();
-  if (_ignoreClip) {
+  if (_settings.ignoreClip) {
     return;
   }
   for (ClippingPlane* const plane : planes) {
@@ -90,43 +83,17 @@ void GeometryItem::setClippingPlanes(vtkPolyDataMapper* mapper, const std::vecto
 }
 
 void GeometryItem::setLineRenderingPropeties(bool asEdges) {
-  vtkProperty& property = *getProperty();
-  property.SetColor(_lineColor.getRGB().data());
-  property.SetEdgeVisibility(false);
-  property.SetLighting(false);
-  if (asEdges) {
-    property.SetRepresentationToWireframe();
-  } else {
-    property.SetRepresentationToSurface();
-  }
+  applyLineProperties(*getProperty(), _settings, asEdges);
 }
 
 void GeometryItem::setPolygonRenderingProperties() {
-  vtkProperty& property = *getProperty();
-  property.SetColor(_faceColor.getRGB().data());
-  // Highlights have the colour of the light.
-  property.SetSpecularColor(1.0, 1.0, 1.0);
-  property.SetEdgeColor(_lineColor.getRGB().data());
-  property.SetEdgeVisibility(_showEdges);
-  property.SetRepresentationToSurface();
-  property.SetLighting(true);
-  if (_smoothShading) {
-    property.SetInterpolationToGouraud();
-  } else {
-    property.SetInterpolationToFlat();
-  }
-  if (hasLighting()) {
-    property.SetAmbient(_ambient);
-    property.SetDiffuse(_diffuse);
-    property.SetSpecular(_specular);
-    property.SetSpecularPower(_specularPower);
-  }
+  applyFaceProperties(*getProperty(), _settings);
 }
 
 void GeometryItem::setLineAndPolygonRenderingProperties() {
   VEMO_REQUIRE(_geometryType == LINES || _geometryType == SURFACE,
                "Unexpected item type in GeometryItem::setLineAndPolygonRenderingProperties");
-  if (_geometryType == SURFACE && _showFaces) {
+  if (_geometryType == SURFACE && _settings.showFaces) {
     setPolygonRenderingProperties();
   } else {
     setLineRenderingPropeties(_geometryType == SURFACE);
@@ -138,12 +105,9 @@ void GeometryItem::setActorOpacity(double opacity) {
     case POINTS:
       return setPointSpriteOpacity(opacity);
     case LINES:
-      return setMyOpacity(getActor(), opacity * opacityOf(_lineColor));
+      return setMyOpacity(getActor(), opacity * _settings.lineColor.getOpacity());
     case SURFACE:
-      if (_showFaces) {
-        return setMyOpacity(getActor(), opacity * opacityOf(_faceColor));
-      }
-      return setMyOpacity(getActor(), _showEdges ? opacity * opacityOf(_lineColor) : 0.0);
+      return setMyOpacity(getActor(), opacity * surfaceOpacity(_settings));
     default:
       throw InternalError("Unexpected geometry type in GeometryItem::setActorOpacity",
                           "_geometryType != UNDETERMINED", __FILE__, __LINE__);
@@ -151,9 +115,7 @@ void GeometryItem::setActorOpacity(double opacity) {
 }
 
 void GeometryItem::setPointSpriteOpacity(double opacity) {
-  vtkProperty& property = *getProperty();
-  property.SetPointSize(static_cast<float>(_pointSize));
-  property.SetRenderPointsAsSpheres(true);
+  applySphereProperties(*getProperty(), _settings);
   setMyOpacity(getActor(), opacity);
 }
 

@@ -1,12 +1,15 @@
 #include "geometry/Connectivity.h"
 #include "geometry/Normals.h"
 #include "vemoview/import/geometry/GeometryDrawableBuilder.h"
+#include "vemoview/import/geometry/GeometryKeys.h"
 #include "vemoview/import/geometry/PolyDataReader.h"
+#include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/QxElement.h>
 #include <vemo/import/items/GeometryItem.h>
 #include <vemo/scenegraph/Logger.h>
+#include <vemo/scenegraph/attributes/RenderingAttributes.h>
 #include <vemo/scenegraph/drawables/GeometryDrawables.h>
 
 #include <vtkActor.h>
@@ -28,19 +31,6 @@ namespace vemo {
 using geometry::CellKind;
 
 namespace {
-
-std::string textOf(const QxElement& element, const std::string& attribute) {
-  const std::string* const text = element.findAttribute(attribute);
-  return text != nullptr ? *text : std::string();
-}
-
-void readVectorIfPresent(std::unique_ptr<Vector<3, double>>& target, const QxElement& element,
-                         const std::string& name) {
-  Vector<3, double> vector;
-  if (element.getVector3(name, vector)) {
-    target = std::make_unique<Vector<3, double>>(vector);
-  }
-}
 
 void logArrays(const char* question, vtkDataSetAttributes& data) {
   VEMO_LOG_INFO("*********** How many " << question << " data arrays? " << data.GetNumberOfArrays());
@@ -73,114 +63,71 @@ vtkPolyData* GeometryItem::getGeometry() const {
 
 void GeometryItem::setLineWidth(float width) {
   // The limits are those of vtkProperty.
-  _lineWidth = std::clamp(width, 0.0F, VTK_FLOAT_MAX);
+  _settings.lineWidth = std::clamp(width, 0.0F, VTK_FLOAT_MAX);
   if (_property) {
-    _property->SetLineWidth(_lineWidth);
+    _property->SetLineWidth(_settings.lineWidth);
   }
 }
 
 float GeometryItem::getLineWidth() const {
-  return _property ? _property->GetLineWidth() : _lineWidth;
+  return _property ? _property->GetLineWidth() : _settings.lineWidth;
 }
 
 void GeometryItem::setLighting(double ambient, double diffuse, double specular, double specularPower) {
-  _ambient = ambient;
-  _diffuse = diffuse;
-  _specular = specular;
-  _specularPower = specularPower;
+  _settings.ambient = ambient;
+  _settings.diffuse = diffuse;
+  _settings.specular = specular;
+  _settings.specularPower = specularPower;
 }
 
 void GeometryItem::setPointScaleScalarName(std::string name) {
-  _pointScaleScalarName = std::move(name);
+  _settings.pointScaleScalarName = std::move(name);
 }
 
 void GeometryItem::setPointScaleScalarRange(const Vector<3, double>& range) {
-  _pointScaleScalarRange = std::make_unique<Vector<3, double>>(range);
+  _settings.pointScaleScalarRange = std::make_unique<Vector<3, double>>(range);
 }
 
 void GeometryItem::setPointScaleScalarMapRange(const Vector<3, double>& range) {
-  _pointScaleScalarMapTo = std::make_unique<Vector<3, double>>(range);
-}
-
-bool GeometryItem::hasLighting() const {
-  return _ambient != 0.0 || _diffuse != 0.0 || _specular != 0.0;
-}
-
-bool GeometryItem::hasPointScale() const {
-  return _pointScaleMode != 0 || !_pointScaleScalarName.empty() || _pointScaleScalarRange ||
-         _pointScaleScalarMapTo;
+  _settings.pointScaleScalarMapTo = std::make_unique<Vector<3, double>>(range);
 }
 
 void GeometryItem::read(const QxElement& element, SceneFileReader* reader) {
   VEMO_REQUIRE(reader, "SceneFileReadable can't be NULL for this object");
-  checkVersion(element, version());
+  ValueReader(element, reader, OnBadValue::FAIL).checkVersion(version());
   GraphicsItem::read(element, reader);
   readImpl(element, reader);
 }
 
 void GeometryItem::readImpl(const QxElement& element, SceneFileReader* reader) {
-  readSettings(element);
-  readPointSettings(element);
-
-  PolyDataReader data(*_polydata, *reader, *reader);
-  data.readPoints(textOf(element, XML_POINTS));
-  readCells(element, data);
-  readArrays(element, data);
-
+  GeometrySettings::KEYS.read(_settings, element, reader);
+  setLineWidth(_settings.lineWidth);
+  readGeometry(element, *reader);
   _geometryType = determineType();
   if (_geometryType == SURFACE) {
     computeNormals();
   }
 }
 
-void GeometryItem::readSettings(const QxElement& element) {
-  _lineColor = element.getColor(XML_LINE_COLOR);
-  _faceColor = element.getColor(XML_FACE_COLOR);
-  setLineWidth(static_cast<float>(element.getDouble(XML_LINE_WIDTH)));
-  _showEdges = element.getBool(XML_SHOW_EDGES);
-  _showFaces = element.getBool(XML_SHOW_FACES);
-  _smoothShading = element.getBool(XML_SMOOTH_SHADING);
-  _contour = element.getBool(XML_CONTOUR);
-  setLighting(element.getDouble(XML_AMBIENT), element.getDouble(XML_DIFFUSE), element.getDouble(XML_SPECULAR),
-              element.getDouble(XML_SPECULAR_POWER));
-  _ignoreClip = element.getBool(XML_IGNORE_CLIP);
-}
-
-void GeometryItem::readPointSettings(const QxElement& element) {
-  if (element.findAttribute(XML_POINT_SIZE) != nullptr) {
-    _pointSize = element.getDouble(XML_POINT_SIZE);
-  }
-  _pointScaleMode = element.getInt(XML_POINT_SCALE_MODE, _pointScaleMode);
-  _pointScalePixelSize = element.getInt(XML_POINT_SCALE_PIXEL_SIZE, _pointScalePixelSize);
-  if (const std::string* name = element.findAttribute(XML_POINT_SCALE_SCALAR_NAME)) {
-    _pointScaleScalarName = *name;
-  }
-  readVectorIfPresent(_pointScaleScalarRange, element, XML_POINT_SCALE_SCALAR_RANGE);
-  readVectorIfPresent(_pointScaleScalarMapTo, element, XML_POINT_SCALE_SCALAR_MAP_TO);
-}
-
-void GeometryItem::readCells(const QxElement& element, PolyDataReader& reader) {
-  const std::pair<const std::string&, CellKind> lists[] = {{XML_VERTS, CellKind::VERTS},
-                                                           {XML_LINES, CellKind::LINES},
-                                                           {XML_STRIPS, CellKind::STRIPS},
-                                                           {XML_POLYS, CellKind::POLYS}};
-  for (const auto& [attribute, kind] : lists) {
-    if (const std::string* entry = element.findAttribute(attribute)) {
-      reader.readCells(kind, *entry);
+void GeometryItem::readGeometry(const QxElement& element, SceneFileReader& reader) {
+  GeometryEntries entries;
+  GeometryEntries::KEYS.read(entries, element, &reader);
+  PolyDataReader data(*_polydata, reader, reader);
+  data.readPoints(entries.points.value_or(""));
+  for (const auto& [entry, kind] :
+       {std::pair(&entries.verts, CellKind::VERTS), std::pair(&entries.lines, CellKind::LINES),
+        std::pair(&entries.strips, CellKind::STRIPS), std::pair(&entries.polys, CellKind::POLYS)}) {
+    if (*entry) {
+      data.readCells(kind, **entry);
     }
   }
-}
-
-void GeometryItem::readArrays(const QxElement& element, PolyDataReader& reader) {
   VEMO_LOG_INFO("GeometryItem::read: " << element.getChildren().size() << " children detected");
   for (const auto& child : element.getChildren()) {
-    if (child->getName() != XML_ARRAY) {
-      continue;
+    if (child->getName() == GeometryArray::XML_ENTITY) {
+      GeometryArray array;
+      GeometryArray::KEYS.read(array, *child, &reader);
+      data.readArray(array);
     }
-    const auto read = child->getBool(XML_ARRAY_VERTEX_DATA) ? &PolyDataReader::readVertexArray
-                                                            : &PolyDataReader::readFaceArray;
-    (reader.*read)(textOf(*child, XML_ARRAY_NAME), child->getInt(XML_ARRAY_DIM),
-                   textOf(*child, XML_ARRAY_DATA));
   }
 }
 
@@ -192,7 +139,7 @@ GeometryItem::GeometryType GeometryItem::determineType() const {
 }
 
 void GeometryItem::computeNormals() {
-  if (_smoothShading) {
+  if (_settings.smoothShading) {
     _polydata->GetPointData()->SetNormals(geometry::pointNormals(*_polydata));
   } else {
     _polydata->GetCellData()->SetNormals(geometry::cellNormals(*_polydata));
@@ -228,7 +175,11 @@ void GeometryItem::addDrawable(lum::DrawableCollection& collection, const std::s
                         shared->getBaseAttributes().getVisibility() == hasHiddenItems();
   auto& drawable = isAtOdds ? collection.findOrCreate<T>(hasHiddenItems() ? "Hidden" : "Shown")
                             : collection.findOrCreate<T>();
-  GeometryDrawableBuilder(*this, drawable).build(parentName);
+  GeometryDrawableBuilder(_settings, *_polydata, drawable).build(parentName);
+  if (_property) {
+    // A host may have changed the property.
+    drawable.template getAttributes<lum::LineAttributes>().setLineWidth(_property->GetLineWidth());
+  }
   addVisibilityAttrib(drawable);
 }
 

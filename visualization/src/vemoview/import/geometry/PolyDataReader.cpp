@@ -3,6 +3,7 @@
 #include "geometry/AdoptedArray.h"
 #include "vemoview/import/Failure.h"
 #include "vemoview/import/archive/ArchiveReader.h"
+#include "vemoview/import/geometry/GeometryKeys.h"
 #include "vemoview/import/reading/ReadingContext.h"
 
 #include <vtkCellArray.h>
@@ -102,12 +103,13 @@ vtkIdType PolyDataReader::listedCells() const {
                          [](vtkIdType sum, const ImportedCells& imported) { return sum + imported.listed; });
 }
 
-vtkSmartPointer<vtkFloatArray> PolyDataReader::readArray(const std::string& name, int components,
-                                                         const std::string& entry, vtkIdType tuplesExpected,
-                                                         const char* places) {
+vtkSmartPointer<vtkFloatArray> PolyDataReader::readValues(const GeometryArray& array,
+                                                          vtkIdType tuplesExpected, const char* places) {
+  const std::string entry = array.entry.value_or("");
+  const int components = array.components;
   ArrayOwner<float> values(_archive.readFloatBuffer(entry));
   const auto leaveOut = [&](const std::string& reason) {
-    _context.addWarning("The array \"" + name + "\" is left out: " + reason, entry);
+    _context.addWarning("The array \"" + array.name + "\" is left out: " + reason, entry);
     return nullptr;
   };
   // An empty array could claim any number of components.
@@ -120,22 +122,20 @@ vtkSmartPointer<vtkFloatArray> PolyDataReader::readArray(const std::string& name
     return leaveOut("it has " + std::to_string(tuples) + " values for " + std::to_string(tuplesExpected) +
                     " " + places);
   }
-  auto array = components == COORDINATES ? magnitudes(values) : adopt(std::move(values), components);
-  array->SetName(name.c_str());
-  return array;
+  auto read = components == COORDINATES ? magnitudes(values) : adopt(std::move(values), components);
+  read->SetName(array.name.c_str());
+  return read;
 }
 
-void PolyDataReader::readVertexArray(const std::string& name, int components, const std::string& entry) {
-  if (const auto array = readArray(name, components, entry, _polyData.GetNumberOfPoints(), "points")) {
-    _polyData.GetPointData()->AddArray(array);
-  }
-}
-
-void PolyDataReader::readFaceArray(const std::string& name, int components, const std::string& entry) {
-  if (const auto array = readArray(name, components, entry, listedCells(), "cells")) {
+void PolyDataReader::readArray(const GeometryArray& array) {
+  if (array.isOfPoints) {
+    if (const auto values = readValues(array, _polyData.GetNumberOfPoints(), "points")) {
+      _polyData.GetPointData()->AddArray(values);
+    }
+  } else if (const auto values = readValues(array, listedCells(), "cells")) {
     const std::vector<std::reference_wrapper<const ImportedCells>> lists(_cells.begin(), _cells.end());
-    geometry::removeRows(*array, geometry::droppedRows(lists));
-    _polyData.GetCellData()->AddArray(array);
+    geometry::removeRows(*values, geometry::droppedRows(lists));
+    _polyData.GetCellData()->AddArray(values);
   }
 }
 

@@ -16,6 +16,7 @@ namespace vemo {
 
 class ArchiveReader;
 class ReadingContext;
+struct GeometryArray;
 
 /// Fills a poly data from the entries of an archive: points first, then cells,
 /// then the arrays over both. The blocks of the entries become the storage of
@@ -37,12 +38,11 @@ class VEMO_IMPORT_EXPORT PolyDataReader {
   /// Triples are stored as their lengths. An array that does not fit the points
   /// or cells is left out with a warning; the rows of cells that were left out
   /// are too.
-  void readVertexArray(const std::string& name, int components, const std::string& entry);
-  void readFaceArray(const std::string& name, int components, const std::string& entry);
+  void readArray(const GeometryArray& array);
 
  private:
-  vtkSmartPointer<vtkFloatArray> readArray(const std::string& name, int components, const std::string& entry,
-                                           vtkIdType tuplesExpected, const char* places);
+  vtkSmartPointer<vtkFloatArray> readValues(const GeometryArray& array, vtkIdType tuplesExpected,
+                                            const char* places);
   vtkIdType listedCells() const;
 
   vtkPolyData& _polyData;

@@ -1,5 +1,5 @@
 #include "vemoview/common/VtkForms.h"
-#include <vemo/import/QxElement.h>
+#include "vemoview/import/reading/KeyTable.h"
 #include <vemo/import/items/ClippingPlane.h>
 #include <vemo/scenegraph/canvas/ClipPlanesAttributes.h>
 
@@ -7,13 +7,16 @@
 
 namespace vemo {
 
+const KeyTable<ClippingPlane> ClippingPlane::KEYS({
+    key::ifPresent<&ClippingPlane::_origin>("origin", "a point of the plane"),
+    key::ifPresent<&ClippingPlane::_normal>("normal", "its direction, of any length"),
+});
+
 ClippingPlane::ClippingPlane() = default;
 ClippingPlane::~ClippingPlane() = default;
 
-void ClippingPlane::read(const QxElement& element, SceneFileReader* /*reader*/) {
-  checkVersion(element);
-  element.getVector3(XML_ORIGIN, _origin);
-  element.getVector3(XML_NORMAL, _normal);
+void ClippingPlane::read(const QxElement& element, SceneFileReader* reader) {
+  KEYS.readElement(*this, element, reader);
 }
 
 void ClippingPlane::convertTo(lum::Plane& plane) const {

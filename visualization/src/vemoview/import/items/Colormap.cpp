@@ -1,4 +1,5 @@
 #include "vemoview/common/VtkForms.h"
+#include "vemoview/import/reading/KeyTable.h"
 #include <vemo/import/QxElement.h>
 #include <vemo/import/items/Colormap.h>
 
@@ -10,41 +11,29 @@
 
 namespace vemo {
 
-namespace {
-
-void replaceIfPresent(std::string& value, const QxElement& element, const std::string& attribute) {
-  if (const std::string* text = element.findAttribute(attribute)) {
-    value = *text;
-  }
-}
-
-}  // namespace
+const KeyTable<Colormap> Colormap::KEYS({
+    key::always<&Colormap::_range, 0>("min", "the low end of the range"),
+    key::always<&Colormap::_range, 1>("max", "the high end"),
+    key::always<&Colormap::_log10>("log10", "maps the logarithm of the data"),
+    key::ifPresent<&Colormap::_ramp>("ramp", "how the colours were made; kept").named(RAMPS),
+    key::ifPresent<&Colormap::_title>("title", "what the data are called"),
+});
 
 Colormap::Colormap(const std::string& name) : SceneItem(name) {}
 Colormap::~Colormap() = default;
 
 void Colormap::read(const QxElement& element, SceneFileReader* reader) {
-  checkVersion(element);
+  KEYS.checkVersion(element, reader);
   SceneItem::read(element, reader);
   readImpl(element, reader);
 }
 
-void Colormap::readImpl(const QxElement& element, SceneFileReader* /*reader*/) {
-  _range = {element.getDouble(XML_ATTRIB_MIN), element.getDouble(XML_ATTRIB_MAX)};
-  _log10 = element.getBool(XML_ATTRIB_LOG10);
-  replaceIfPresent(_ramp, element, XML_ATTRIB_RAMP);
-  replaceIfPresent(_title, element, XML_ATTRIB_TITLE);
+void Colormap::readImpl(const QxElement& element, SceneFileReader* reader) {
+  KEYS.read(*this, element, reader);
   // Every child is a colour, whatever its name.
   _colors.clear();
   std::ranges::transform(element.getChildren(), std::back_inserter(_colors),
                          [](const auto& child) { return Color::parse(child->getText()); });
-}
-
-lum::RampMode Colormap::rampMode() const {
-  if (_ramp == RAMP_SCURVE) {
-    return lum::RampMode::SCURVE;
-  }
-  return _ramp == RAMP_SQRT ? lum::RampMode::SQRT : lum::RampMode::LINEAR;
 }
 
 void Colormap::fill(lum::ColorLookupTable& table) const {
@@ -60,7 +49,7 @@ void Colormap::fill(lum::ColorLookupTable& table) const {
   table.setColorSpace(lum::ColorSpace::RGBA);
   table.setScalarRange(_range);
   table.setScaleMode(_log10 ? lum::ScaleMode::LOG10 : lum::ScaleMode::LINEAR);
-  table.setRampMode(rampMode());
+  table.setRampMode(_ramp);
 }
 
 vtkSmartPointer<vtkLookupTable> Colormap::makeLookupTable() const {
@@ -71,7 +60,7 @@ vtkSmartPointer<vtkLookupTable> Colormap::makeLookupTable() const {
   }
   auto table = makeVtkLookupTable(channels, _range, _log10);
   // VTK numbers the ramps in the same way.
-  table->SetRamp(static_cast<int>(rampMode()));
+  table->SetRamp(static_cast<int>(_ramp));
   return table;
 }
 

@@ -1,5 +1,5 @@
+#include "vemoview/import/reading/KeyTable.h"
 #include <vemo/base/InternalError.h>
-#include <vemo/import/QxElement.h>
 #include <vemo/import/items/GeometryTransform.h>
 
 #include <numbers>
@@ -11,21 +11,21 @@ namespace {
 /// The format counts angles in quarter turns.
 constexpr double RADIANS_PER_UNIT = std::numbers::pi / 2.0;
 
-Vector<3, double> vectorOrZero(const QxElement& element, const std::string& name) {
-  Vector<3, double> vector;
-  element.getVector3(name, vector);
-  return vector;
-}
-
 }  // namespace
+
+const KeyTable<GeometryTransform> GeometryTransform::KEYS({
+    key::always<&GeometryTransform::_rotationAngle>("rotAngle", "in quarter turns"),
+    key::always<&GeometryTransform::_rotationAxis>("rotAxis", "the axis, of any length"),
+    key::always<&GeometryTransform::_rotationOrigin>("rotOrigin", "a point of the axis"),
+    key::always<&GeometryTransform::_translation>("translation", "the distance it is moved"),
+    key::always<&GeometryTransform::_scale>("scale", "factors along x, y and z"),
+});
 
 GeometryTransform::~GeometryTransform() = default;
 
-void GeometryTransform::read(const QxElement& element, SceneFileReader* /*reader*/) {
-  checkVersion(element);
-  setTransform(element.getDouble(XML_ATTRIB_ROTATION_ANGLE), vectorOrZero(element, XML_ROTATION_AXIS),
-               vectorOrZero(element, XML_ROTATION_ORIGIN), vectorOrZero(element, XML_TRANSLATION),
-               vectorOrZero(element, XML_SCALE));
+void GeometryTransform::read(const QxElement& element, SceneFileReader* reader) {
+  KEYS.readElement(*this, element, reader);
+  setTransform(_rotationAngle, _rotationAxis, _rotationOrigin, _translation, _scale);
 }
 
 void GeometryTransform::setTransform(double angle, const Vector<3, double>& axis,

@@ -1,5 +1,5 @@
+#include "vemoview/import/reading/KeyTable.h"
 #include <vemo/import/GraphicsItem.h>
-#include <vemo/import/QxElement.h>
 #include <vemo/scenegraph/drawables/Drawable.h>
 
 #include <vtkActor.h>
@@ -12,6 +12,13 @@
 
 namespace vemo {
 
+const KeyTable<GraphicsItem> GraphicsItem::KEYS({
+    key::always<&GraphicsItem::_visibility>(
+        "visibility",
+        "from 0 to 1; 0.001 and below is hidden, and so is an item without the key. Not in `colormap` and in "
+        "elements without a name"),
+});
+
 GraphicsItem::GraphicsItem(std::string name) : SceneItem(std::move(name)) {}
 GraphicsItem::~GraphicsItem() = default;
 
@@ -20,8 +27,8 @@ void GraphicsItem::read(const QxElement& element, SceneFileReader* reader) {
   readImpl(element, reader);
 }
 
-void GraphicsItem::readImpl(const QxElement& element, SceneFileReader* /*reader*/) {
-  _visibility = element.getDouble(XML_ATTRIB_VISIBILITY);
+void GraphicsItem::readImpl(const QxElement& element, SceneFileReader* reader) {
+  KEYS.read(*this, element, reader);
 }
 
 void GraphicsItem::addVisibilityAttrib(lum::Drawable& drawable) const {

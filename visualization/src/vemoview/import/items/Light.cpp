@@ -1,17 +1,20 @@
-#include <vemo/import/QxElement.h>
+#include "vemoview/import/reading/KeyTable.h"
 #include <vemo/import/items/Light.h>
 #include <vemo/scenegraph/canvas/LightingAttributes.h>
 
 namespace vemo {
 
+const KeyTable<Light> Light::KEYS({
+    key::always<&Light::_intensity>("intensity", "its strength"),
+    key::always<&Light::_azimuth>("azimuth", "to the right of the viewer, in degrees"),
+    key::always<&Light::_elevation>("elevation", "above the viewer, in degrees"),
+    key::always<&Light::_color>("color", "its colour; alpha is not used"),
+});
+
 Light::~Light() = default;
 
-void Light::read(const QxElement& element, SceneFileReader* /*reader*/) {
-  checkVersion(element);
-  _intensity = element.getDouble(XML_ATTRIB_INTENSITY);
-  _azimuth = element.getDouble(XML_ATTRIB_AZIMUTH);
-  _elevation = element.getDouble(XML_ATTRIB_ELEVATION);
-  _color = element.getColor(XML_ATTRIB_COLOR);
+void Light::read(const QxElement& element, SceneFileReader* reader) {
+  KEYS.readElement(*this, element, reader);
 }
 
 void Light::convertTo(lum::Light& light) const {

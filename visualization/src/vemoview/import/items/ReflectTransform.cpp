@@ -1,18 +1,27 @@
+#include "vemoview/import/reading/KeyTable.h"
 #include <vemo/base/InternalError.h>
-#include <vemo/import/QxElement.h>
 #include <vemo/import/items/ReflectTransform.h>
 
 namespace vemo {
 
+const KeyTable<ReflectTransform> ReflectTransform::KEYS(
+    {
+        key::always<&ReflectTransform::_plane, 0>("planeEqnCoeffA",
+                                                  "a; the normal (a, b, c) is normalised, d is not changed"),
+        key::always<&ReflectTransform::_plane, 1>("planeEqnCoeffB", "b"),
+        key::always<&ReflectTransform::_plane, 2>("planeEqnCoeffC", "c"),
+        key::always<&ReflectTransform::_plane, 3>("planeEqnCoeffD", "d"),
+        key::always<&ReflectTransform::_flip>("flip", "kept"),
+    },
+    OnBadValue::FAIL, VERSION);
+
 ReflectTransform::~ReflectTransform() = default;
 
-void ReflectTransform::read(const QxElement& element, SceneFileReader* /*reader*/) {
-  checkVersion(element, VERSION);
-  const auto coefficient = [&](int i) { return element.getDouble(XML_ATTRIB_COEFFICIENTS[i]); };
-  const auto normal = normalized(Vector<3, double>{coefficient(0), coefficient(1), coefficient(2)});
+void ReflectTransform::read(const QxElement& element, SceneFileReader* reader) {
+  KEYS.readElement(*this, element, reader);
+  const auto normal = normalized(Vector<3, double>{_plane[0], _plane[1], _plane[2]});
   // The distance is stated for a unit normal already.
-  _plane = {normal[0], normal[1], normal[2], coefficient(3)};
-  _flip = element.getBool(XML_ATTRIB_FLIP);
+  _plane = {normal[0], normal[1], normal[2], _plane[3]};
 }
 
 void ReflectTransform::apply(lum::Transform& target) const {

@@ -1,14 +1,17 @@
+#include "vemoview/import/reading/KeyTable.h"
 #include <vemo/base/InternalError.h>
-#include <vemo/import/QxElement.h>
 #include <vemo/import/items/RepeatTransform.h>
 
 namespace vemo {
 
+const KeyTable<RepeatTransform> RepeatTransform::KEYS({
+    key::always<&RepeatTransform::_repeatCount>("nRepeats", "how often it is shown; 1 and less is once"),
+});
+
 RepeatTransform::~RepeatTransform() = default;
 
-void RepeatTransform::read(const QxElement& element, SceneFileReader* /*reader*/) {
-  checkVersion(element);
-  _repeatCount = element.getInt(XML_ATTRIB_REPEATS);
+void RepeatTransform::read(const QxElement& element, SceneFileReader* reader) {
+  KEYS.readElement(*this, element, reader);
 }
 
 void RepeatTransform::apply(lum::Transform& target) const {

@@ -1,9 +1,17 @@
+#include "vemoview/import/reading/KeyTable.h"
 #include <vemo/import/QxElement.h>
 #include <vemo/import/SceneItem.h>
 
 #include <utility>
 
 namespace vemo {
+
+const KeyTable<SceneItem> SceneItem::KEYS({
+    key::always<&SceneItem::_name>(
+        XML_ATTRIB_NAME,
+        "the name of the item in the scene graph; items of one name and class share a drawable. Not in "
+        "`view`, `light`, `clip`, `font` and the transforms"),
+});
 
 SceneItem::SceneItem(std::string name) : _name(std::move(name)) {}
 SceneItem::~SceneItem() = default;
@@ -12,9 +20,8 @@ void SceneItem::read(const QxElement& element, SceneFileReader* reader) {
   readImpl(element, reader);
 }
 
-void SceneItem::readImpl(const QxElement& element, SceneFileReader* /*reader*/) {
-  const std::string* const name = element.findAttribute(XML_ATTRIB_NAME);
-  _name = name != nullptr ? *name : std::string();
+void SceneItem::readImpl(const QxElement& element, SceneFileReader* reader) {
+  KEYS.read(*this, element, reader);
 }
 
 const std::string& SceneItem::pathName(const QxElement& element) {

@@ -1,3 +1,4 @@
+#include "vemoview/import/items/NotShown.h"
 #include <vemo/import/items/Streamlines.h>
 
 namespace vemo {

@@ -1,18 +1,11 @@
-#include "vemoview/import/reading/SceneFileReader.h"
+#include "vemoview/import/reading/ValueReader.h"
+#include "vemoview/import/scene/ChildElements.h"
 #include <vemo/import/QxElement.h>
 #include <vemo/import/SharedBySiblings.h>
 #include <vemo/import/items/AssemblyItem.h>
-#include <vemo/import/items/AxesItem.h>
 #include <vemo/import/items/Colormap.h>
-#include <vemo/import/items/CoordinateSystemItem.h>
-#include <vemo/import/items/GeometryItem.h>
-#include <vemo/import/items/Image2D.h>
-#include <vemo/import/items/Image3D.h>
 #include <vemo/import/items/Legend.h>
-#include <vemo/import/items/ReflectTransform.h>
-#include <vemo/import/items/RepeatTransform.h>
-#include <vemo/import/items/Streamlines.h>
-#include <vemo/import/items/VectorGlyphs.h>
+#include <vemo/import/items/Transform.h>
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/Traversal.h>
 
@@ -82,7 +75,7 @@ void AssemblyItem::read(const QxElement& element, SceneFileReader* reader) {
 }
 
 void AssemblyItem::readBase(const QxElement& element, SceneFileReader* reader) {
-  checkVersion(element, version());
+  ValueReader(element, reader, OnBadValue::FAIL).checkVersion(version());
   GraphicsItem::read(element, reader);
   readImpl(element, reader);
 }
@@ -90,75 +83,13 @@ void AssemblyItem::readBase(const QxElement& element, SceneFileReader* reader) {
 void AssemblyItem::readImpl(const QxElement& element, SceneFileReader* reader) {
   logChildrenFound(element.getChildren().size());
   makeReadingCommandsMap();
-  for (const auto& child : element.getChildren()) {
-    readChild(*child, reader);
-  }
+  readChildren(*this, _readingCommands, element, reader);
   // Scenes may hold a great many assemblies; none is read twice.
   _readingCommands.clear();
 }
 
 void AssemblyItem::makeReadingCommandsMap() {
-  _readingCommands = {
-      {Colormap::XML_ENTITY, &AssemblyItem::readColormap},
-      {Legend::XML_ENTITY, &AssemblyItem::readLegend},
-      {GeometryTransform::XML_ENTITY, &AssemblyItem::readTransform<GeometryTransform>},
-      {RepeatTransform::XML_ENTITY, &AssemblyItem::readTransform<RepeatTransform>},
-      {ReflectTransform::XML_ENTITY, &AssemblyItem::readTransform<ReflectTransform>},
-      {AxesItem::XML_ENTITY, &AssemblyItem::makeChild<AxesItem>},
-      {CoordinateSystemItem::XML_ENTITY, &AssemblyItem::makeChild<CoordinateSystemItem>},
-      {Image2D::XML_ENTITY, &AssemblyItem::makeChild<Image2D>},
-      {Image3D::XML_ENTITY, &AssemblyItem::makeChild<Image3D>},
-      {GeometryItem::XML_ENTITY, &AssemblyItem::makeChild<GeometryItem>},
-      {VectorGlyphs::XML_ENTITY, &AssemblyItem::readAside<VectorGlyphs>},
-      {Streamlines::XML_ENTITY, &AssemblyItem::readAside<Streamlines>},
-      {AssemblyItem::XML_ENTITY, &AssemblyItem::makeChild<AssemblyItem>},
-  };
-}
-
-void AssemblyItem::readChild(const QxElement& element, SceneFileReader* reader) {
-  const auto command = _readingCommands.find(element.getName());
-  if (command == _readingCommands.end()) {
-    return;
-  }
-  const SceneFileReader::ItemScope scope(reader, pathName(element), element.getLine());
-  if (auto child = (this->*command->second)(element, reader)) {
-    child->read(element, reader);
-    add(std::move(child));
-  }
-}
-
-template <class T>
-std::unique_ptr<GraphicsItem> AssemblyItem::makeChild(const QxElement& /*element*/,
-                                                      SceneFileReader* /*reader*/) {
-  return std::make_unique<T>(std::string());
-}
-
-template <class T>
-std::unique_ptr<GraphicsItem> AssemblyItem::readTransform(const QxElement& element, SceneFileReader* reader) {
-  auto transform = std::make_unique<T>();
-  transform->read(element, reader);
-  setTransform(std::move(transform));
-  return nullptr;
-}
-
-template <class T>
-std::unique_ptr<GraphicsItem> AssemblyItem::readAside(const QxElement& element, SceneFileReader* reader) {
-  T().read(element, reader);
-  return nullptr;
-}
-
-std::unique_ptr<GraphicsItem> AssemblyItem::readColormap(const QxElement& element, SceneFileReader* reader) {
-  auto colormap = std::make_unique<Colormap>();
-  colormap->read(element, reader);
-  addColormap(std::move(colormap));
-  return nullptr;
-}
-
-std::unique_ptr<GraphicsItem> AssemblyItem::readLegend(const QxElement& element, SceneFileReader* reader) {
-  auto legend = std::make_unique<Legend>(std::string());
-  legend->read(element, reader);
-  setLegend(std::move(legend));
-  return nullptr;
+  _readingCommands = makeReadingCommands(assemblyElements());
 }
 
 lum::DrawableCollection* AssemblyItem::processChildren(SharedBySiblings& shared,

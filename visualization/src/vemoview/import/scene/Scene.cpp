@@ -1,7 +1,6 @@
-#include "vemoview/import/reading/SceneFileReader.h"
-#include <vemo/import/QxElement.h>
+#include "vemoview/import/reading/KeyTable.h"
+#include "vemoview/import/scene/ChildElements.h"
 #include <vemo/import/SharedBySiblings.h>
-#include <vemo/import/items/Annotation.h>
 #include <vemo/import/items/ClippingPlane.h>
 #include <vemo/import/items/Gradient.h>
 #include <vemo/import/items/Light.h>
@@ -21,27 +20,30 @@ lum::Ptr<T> makeNodeFor(const lum::CollectionNode& collection) {
   return new T(lum::ClassNameAndSessionNodeInitializer(T::getClassName(), collection.getSessionId()));
 }
 
-template <class T>
-std::unique_ptr<T> readNew(std::unique_ptr<T> object, const QxElement& element, SceneFileReader* reader) {
-  object->read(element, reader);
-  return object;
-}
-
 }  // namespace
+
+const KeyTable<Scene> Scene::KEYS({
+    key::always<&Scene::_backgroundColor>("background", "the background; its alpha is not used"),
+});
+
+const KeyTable<Camera> Scene::View::KEYS({
+    key::ifPresent<&Camera::position>("position", "the position of the camera"),
+    key::ifPresent<&Camera::viewUp>("up", "the direction that is up in the picture"),
+    key::ifPresent<&Camera::focalPoint>("focalPt", "the point that the camera looks at"),
+    key::always<&Camera::perspective>("perspective", "perspective or parallel projection"),
+    key::always<&Camera::parallelScale>(
+        "parallelScale", "half the height of the picture in model units, in parallel projection"),
+    key::always<&Camera::windowWidth>("windowWidth",
+                                      "kept; has no effect on pictures, as the other window keys"),
+    key::always<&Camera::windowHeight>("windowHeight", "see above"),
+    key::always<&Camera::windowX>("windowX", "see above"),
+    key::always<&Camera::windowY>("windowY", "see above"),
+});
 
 Scene::View::~View() = default;
 
-void Scene::View::read(const QxElement& element, SceneFileReader* /*reader*/) {
-  checkVersion(element);
-  element.getVector3(XML_POSITION, _camera.position);
-  element.getVector3(XML_UP, _camera.viewUp);
-  element.getVector3(XML_FOCAL_POINT, _camera.focalPoint);
-  _camera.perspective = element.getBool(XML_ATTRIB_PERSPECTIVE);
-  _camera.parallelScale = element.getDouble(XML_ATTRIB_PARALLEL_SCALE);
-  _camera.windowWidth = element.getInt(XML_ATTRIB_WINDOW_WIDTH);
-  _camera.windowHeight = element.getInt(XML_ATTRIB_WINDOW_HEIGHT);
-  _camera.windowX = element.getInt(XML_ATTRIB_WINDOW_X);
-  _camera.windowY = element.getInt(XML_ATTRIB_WINDOW_Y);
+void Scene::View::read(const QxElement& element, SceneFileReader* reader) {
+  KEYS.readElement(_camera, element, reader);
 }
 
 Scene::Scene(const std::string& name) : AssemblyItem(name) {}
@@ -77,28 +79,17 @@ void Scene::read(const QxElement& element, SceneFileReader* reader) {
 }
 
 void Scene::readImpl(const QxElement& element, SceneFileReader* reader) {
-  _backgroundColor = element.getColor(XML_ATTRIB_BACKGROUND);
-  for (const auto& child : element.getChildren()) {
-    const SceneFileReader::ItemScope scope(reader, pathName(*child), child->getLine());
-    readChild(*child, reader);
-  }
+  KEYS.read(*this, element, reader);
+  readChildren(*this, makeReadingCommands(sceneElements()), element, reader);
 }
 
-/// Children of other kinds are the assembly's.
-void Scene::readChild(const QxElement& element, SceneFileReader* reader) {
-  const std::string& kind = element.getName();
-  if (kind == ClippingPlane::XML_ENTITY) {
-    addClippingPlane(readNew(std::make_unique<ClippingPlane>(), element, reader));
-  } else if (kind == Light::XML_ENTITY) {
-    addLight(readNew(std::make_unique<Light>(), element, reader));
-  } else if (kind == View::XML_ENTITY) {
-    _view.read(element, reader);
-  } else if (kind == Gradient::XML_ENTITY) {
-    _gradient = std::make_unique<Gradient>("background");
-    _gradient->read(element, reader);
-  } else if (kind == Annotation::XML_ENTITY) {
-    add(readNew(std::make_unique<Annotation>(std::string()), element, reader));
-  }
+void Scene::readView(const QxElement& element, SceneFileReader* reader) {
+  _view.read(element, reader);
+}
+
+void Scene::readGradient(const QxElement& element, SceneFileReader* reader) {
+  _gradient = std::make_unique<Gradient>("background");
+  _gradient->read(element, reader);
 }
 
 void Scene::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int level,

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <vemo/base/Vector.h>
+#include <vemo/import/Color.h>
+#include <vemo/import/Export.h>
+#include <vemo/import/Readable.h>
+
+#include <memory>
+#include <string>
+
+namespace vemo {
+
+/// How a piece of geometry is drawn. Its members have the values of items made
+/// in code; see GeometryItem::read for what an element without them means.
+struct VEMO_IMPORT_EXPORT GeometrySettings {
+  static const KeyTable<GeometrySettings> KEYS;
+
+  /// Coefficients of 0 to 1, and the exponent of highlights.
+  double ambient = 0.0;
+  double diffuse = 1.0;
+  double specular = 0.0;
+  double specularPower = 1.0;
+  /// In pixels.
+  double pointSize = 1.0;
+  // How the size of points follows data: see lum::PointScaleAttributes.
+  /// Both ranges run from x to y; z is kept, and not used. Null until set.
+  std::unique_ptr<Vector<3, double>> pointScaleScalarRange;
+  std::unique_ptr<Vector<3, double>> pointScaleScalarMapTo;
+  std::string pointScaleScalarName;
+  int pointScaleMode = 0;
+  /// Anything but 0: sizes are in pixels, and not in model units.
+  int pointScalePixelSize = 1;
+  /// In pixels.
+  float lineWidth = 1.0F;
+  Color faceColor{255, 255, 255, 255};
+  Color lineColor{0, 0, 0, 255};
+  bool showFaces = true;
+  bool showEdges = false;
+  bool smoothShading = true;
+  bool contour = false;
+  bool ignoreClip = false;
+
+  /// Whether any coefficient is above 0. Files without lighting would show
+  /// nothing: the renderer then uses its own.
+  bool hasLighting() const;
+  /// Whether any setting of the scaling of points was set.
+  bool hasPointScale() const;
+};
+
+}  // namespace vemo

@@ -1,0 +1,52 @@
+#include "vemoview/import/reading/KeyTable.h"
+#include <vemo/import/items/GeometrySettings.h>
+
+namespace vemo {
+
+using Settings = GeometrySettings;
+
+const KeyTable<Settings> Settings::KEYS({
+    key::always<&Settings::lineColor>("lineColor",
+                                      "of lines, and of the edges and the contour of surfaces; alpha is the "
+                                      "opacity of lines, not of a contour, which is opaque"),
+    key::always<&Settings::faceColor>("faceColor", "of faces; alpha is the opacity of the surface"),
+    key::always<&Settings::lineWidth>("lineWidth", "in pixels"),
+    key::always<&Settings::showEdges>("showEdges", "draws the edges of a surface's cells"),
+    key::always<&Settings::showFaces>("showFaces", "draws the faces of a surface"),
+    key::always<&Settings::smoothShading>("smoothShading",
+                                          "shades a surface evenly over its points, or flat by its cells"),
+    key::always<&Settings::contour>("contour", "draws the border of a surface and its sharp edges"),
+    key::always<&Settings::ambient>("ambient", "how bright it is without light, 0 to 1"),
+    key::always<&Settings::diffuse>("diffuse", "how strongly it reflects light in all directions, 0 to 1"),
+    key::always<&Settings::specular>(
+        "specular",
+        "how strongly it shines, 0 to 1. When these three are 0 the renderer uses "
+        "its own default lighting"),
+    key::always<&Settings::specularPower>("specularPower", "how small the highlights are"),
+    key::always<&Settings::ignoreClip>("ignoreClip", "the clipping planes do not cut it"),
+    key::ifPresent<&Settings::pointSize>("pointSize", "of points, in pixels; from 4 on they are balls"),
+    key::ifPresent<&Settings::pointScaleMode>(
+        "pointScaleMode",
+        "sizes of points by data: 0 not, 1 linear, 2 by the logarithm; another number is 0"),
+    key::ifPresent<&Settings::pointScalePixelSize>("pointScalePixelsSize",
+                                                   "sizes are in pixels (not 0) or in model units (0)"),
+    key::ifPresent<&Settings::pointScaleScalarName>("pointScaleScalarName",
+                                                    "the array over the points that gives their sizes"),
+    key::ifPresent<&Settings::pointScaleScalarRange>("pointScaleScalarRange",
+                                                     "from `x` to `y`: the values for the two sizes")
+        .defaultingTo("the array's"),
+    key::ifPresent<&Settings::pointScaleScalarMapTo>("pointScaleScalarMapTo",
+                                                     "from `x` to `y`: the sizes of these values")
+        .defaultingTo("the point size"),
+});
+
+bool Settings::hasLighting() const {
+  return ambient != 0.0 || diffuse != 0.0 || specular != 0.0;
+}
+
+bool Settings::hasPointScale() const {
+  return pointScaleMode != 0 || !pointScaleScalarName.empty() || pointScaleScalarRange ||
+         pointScaleScalarMapTo;
+}
+
+}  // namespace vemo

@@ -1,0 +1,14 @@
+#include "vemoview/import/items/NotShown.h"
+
+#include "vemoview/import/reading/SceneFileReader.h"
+#include <vemo/import/QxElement.h>
+
+namespace vemo {
+
+void warnNotShown(const QxElement& element, SceneFileReader* reader) {
+  if (reader != nullptr) {
+    reader->addWarning("Items of the kind \"" + element.getName() + "\" are not shown");
+  }
+}
+
+}  // namespace vemo

@@ -1,0 +1,158 @@
+#pragma once
+
+#include "vemoview/import/reading/KeyDescription.h"
+#include "vemoview/import/reading/ValueReader.h"
+#include <vemo/import/Readable.h>
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace vemo {
+
+/// A key of an element, and the member of the item that it is read into.
+template <class Item>
+struct Key : KeyDescription {
+  void (*read)(Item& item, const ValueReader& values, const KeyDescription& key) = nullptr;
+  std::string (*printDefault)(const Item& item, const KeyDescription& key) = nullptr;
+
+  /// The names of an enumeration's values, in order. The last one is empty.
+  Key named(const std::string* names) && {
+    words = names;
+    return std::move(*this);
+  }
+  Key inRange(int from, int to) && {
+    least = from;
+    greatest = to;
+    return std::move(*this);
+  }
+  Key allowedIf(bool (*function)(std::string_view), std::string otherwise) && {
+    isAllowed = function;
+    whyNotAllowed = std::move(otherwise);
+    return std::move(*this);
+  }
+  /// What the page says in place of the default value.
+  Key defaultingTo(std::string text) && {
+    defaultText = std::move(text);
+    return std::move(*this);
+  }
+};
+
+namespace key {
+
+constexpr int NONE = -1;
+
+template <class Item, class Value>
+Item itemOf(Value Item::*);
+
+/// The member, or the component of it.
+template <auto MEMBER, int COMPONENT = NONE>
+auto& access(auto& item) {
+  if constexpr (COMPONENT == NONE) {
+    return item.*MEMBER;
+  } else {
+    return (item.*MEMBER)[static_cast<std::size_t>(COMPONENT)];
+  }
+}
+
+template <auto MEMBER, int COMPONENT = NONE>
+auto make(std::string name, WhenAbsent whenAbsent, std::string meaning) {
+  using Item = decltype(itemOf(MEMBER));
+  using Value = std::remove_cvref_t<decltype(access<MEMBER, COMPONENT>(std::declval<Item&>()))>;
+  Key<Item> made;
+  made.name = std::move(name);
+  made.whenAbsent = whenAbsent;
+  made.meaning = std::move(meaning);
+  made.type = typeName<Value>();
+  made.read = [](Item& item, const ValueReader& values, const KeyDescription& key) {
+    values.read(key, access<MEMBER, COMPONENT>(item));
+  };
+  made.printDefault = [](const Item& item, const KeyDescription& key) {
+    const auto print = [&key](const Value& value) {
+      if constexpr (std::is_enum_v<Value>) {
+        return wordText(key.words, static_cast<int>(value));
+      } else {
+        return valueText(value);
+      }
+    };
+    return key.whenAbsent == WhenAbsent::RESET ? print(Value()) : print(access<MEMBER, COMPONENT>(item));
+  };
+  return made;
+}
+
+/// Without the key the member becomes 0, false, empty or the first word; for a
+/// colour this is an error. `always<&Colormap::_range, 0>` is a component.
+template <auto MEMBER, int COMPONENT = NONE>
+auto always(std::string name, std::string meaning) {
+  return make<MEMBER, COMPONENT>(std::move(name), WhenAbsent::RESET, std::move(meaning));
+}
+
+/// Without the key the member keeps its value.
+template <auto MEMBER, int COMPONENT = NONE>
+auto ifPresent(std::string name, std::string meaning) {
+  return make<MEMBER, COMPONENT>(std::move(name), WhenAbsent::KEPT, std::move(meaning));
+}
+
+}  // namespace key
+
+/// The keys of an element, in the order in which they are read.
+template <class Item>
+class KeyTable {
+ public:
+  /// @param newestVersion the newest version of the element that is understood
+  explicit KeyTable(std::vector<Key<Item>> keys, OnBadValue onBadValue = OnBadValue::FAIL,
+                    int newestVersion = 1)
+      : _keys(std::move(keys)), _onBadValue(onBadValue), _newestVersion(newestVersion) {}
+
+  /// Reads the keys.
+  void read(Item& item, const QxElement& element, SceneFileReader* reader) const {
+    read(item, ValueReader(element, reader, _onBadValue));
+  }
+  void read(Item& item, const ValueReader& values) const {
+    for (const Key<Item>& key : _keys) {
+      key.read(item, values, key);
+    }
+  }
+
+  /// Throws FutureVersionException, before anything is read, for an element that
+  /// is too new.
+  void checkVersion(const QxElement& element, SceneFileReader* reader) const {
+    ValueReader(element, reader, _onBadValue).checkVersion(_newestVersion);
+  }
+
+  /// Checks the version, then reads the keys.
+  void readElement(Item& item, const QxElement& element, SceneFileReader* reader) const {
+    checkVersion(element, reader);
+    read(item, element, reader);
+  }
+
+  /// Checks the version, then reads what the base class does, then the keys.
+  template <class Base>
+  void readElement(Item& item, const QxElement& element, SceneFileReader* reader) const {
+    checkVersion(element, reader);
+    item.Base::read(element, reader);
+    read(item, element, reader);
+  }
+
+  OnBadValue getOnBadValue() const { return _onBadValue; }
+  int getNewestVersion() const { return _newestVersion; }
+
+  /// @param item one that nothing was read into
+  std::vector<KeyText> describe(const Item& item) const {
+    std::vector<KeyText> rows;
+    for (const Key<Item>& key : _keys) {
+      rows.push_back(describeKey(key, key.printDefault(item, key)));
+    }
+    return rows;
+  }
+
+ private:
+  std::vector<Key<Item>> _keys;
+  OnBadValue _onBadValue;
+  int _newestVersion;
+};
+
+}  // namespace vemo

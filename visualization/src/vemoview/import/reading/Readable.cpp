@@ -1,0 +1,7 @@
+#include <vemo/import/Readable.h>
+
+namespace vemo {
+
+Readable::~Readable() = default;
+
+}  // namespace vemo

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "vemoview/import/reading/KeyDescription.h"
+#include <vemo/import/QxElement.h>
+#include <vemo/import/Readable.h>
+
+#include <concepts>
+#include <memory>
+#include <optional>
+#include <string>
+#include <type_traits>
+
+namespace vemo {
+
+/// What a value does that cannot be read. Words are the exception: an unknown
+/// word never fails.
+enum class OnBadValue {
+  FAIL,  ///< It throws; an unknown word counts as the first one.
+  WARN,  ///< It is ignored, with a warning.
+};
+
+/// Reads members from the attributes and children of one element, each as its
+/// key says.
+class ValueReader {
+ public:
+  /// The reader receives the warnings; it may be null.
+  ValueReader(const QxElement& element, SceneFileReader* reader, OnBadValue onBadValue);
+
+  /// Throws FutureVersionException when the element states a version above the
+  /// newest one understood.
+  void checkVersion(int newest) const;
+
+  void read(const KeyDescription& key, bool& value) const;
+  void read(const KeyDescription& key, int& value) const;
+  void read(const KeyDescription& key, float& value) const;
+  void read(const KeyDescription& key, double& value) const;
+  void read(const KeyDescription& key, std::string& value) const;
+  /// The name of an archive entry.
+  void read(const KeyDescription& key, std::optional<std::string>& value) const;
+  void read(const KeyDescription& key, Color& value) const;
+  void read(const KeyDescription& key, Vector<2, double>& value) const;
+  void read(const KeyDescription& key, Vector<3, double>& value) const;
+  /// Stays null without the key.
+  void read(const KeyDescription& key, std::unique_ptr<Vector<3, double>>& value) const;
+
+  template <class T>
+  requires std::is_enum_v<T>
+  void read(const KeyDescription& key, T& value) const {
+    value = static_cast<T>(readWord(key, static_cast<int>(value)));
+  }
+
+  /// A child element. Without it, or when it is ignored, the value is kept.
+  template <std::derived_from<Readable> T>
+  void read(const KeyDescription& key, T& value) const {
+    if (const QxElement* const child = _element.findChild(key.name)) {
+      readOrWarn(key, [&] {
+        T stated;
+        stated.read(*child, _reader);
+        value = stated;
+      });
+    }
+  }
+
+ private:
+  int readWord(const KeyDescription& key, int current) const;
+  /// Calls the function. Where bad values are ignored, its failures become
+  /// warnings.
+  template <class Function>
+  void readOrWarn(const KeyDescription& key, Function&& function) const {
+    if (_onBadValue == OnBadValue::FAIL) {
+      return function();
+    }
+    try {
+      function();
+    } catch (...) {
+      warnOfCurrentException(key);
+    }
+  }
+
+  /// Throws the exception again if it is not about a bad value.
+  void warnOfCurrentException(const KeyDescription& key) const;
+  void warnIgnored(const KeyDescription& key, const std::string& reason) const;
+
+  const QxElement& _element;
+  SceneFileReader* _reader;
+  OnBadValue _onBadValue;
+};
+
+}  // namespace vemo

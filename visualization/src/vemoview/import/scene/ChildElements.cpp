@@ -1,0 +1,172 @@
+// The elements of the scene format, one row each.
+
+#include "vemoview/import/scene/ChildElements.h"
+
+#include "vemoview/import/geometry/GeometryKeys.h"
+#include "vemoview/import/reading/ElementVersion.h"
+#include "vemoview/import/reading/KeyTable.h"
+#include <vemo/import/items/Annotation.h>
+#include <vemo/import/items/ClippingPlane.h>
+#include <vemo/import/items/Colormap.h>
+#include <vemo/import/items/CoordinateSystemItem.h>
+#include <vemo/import/items/GeometryItem.h>
+#include <vemo/import/items/Gradient.h>
+#include <vemo/import/items/Image2D.h>
+#include <vemo/import/items/Image3D.h>
+#include <vemo/import/items/Legend.h>
+#include <vemo/import/items/Light.h>
+#include <vemo/import/items/ReflectTransform.h>
+#include <vemo/import/items/RepeatTransform.h>
+#include <vemo/import/items/Scene.h>
+#include <vemo/import/items/Streamlines.h>
+#include <vemo/import/items/VectorGlyphs.h>
+
+#include <algorithm>
+#include <concepts>
+#include <iterator>
+#include <type_traits>
+
+namespace vemo {
+
+namespace {
+
+template <class T>
+std::unique_ptr<T> make() {
+  if constexpr (std::is_constructible_v<T, std::string>) {
+    return std::make_unique<T>(std::string());
+  } else {
+    return std::make_unique<T>();
+  }
+}
+
+/// The keys of T, in the section of its own element, else in that of the Item.
+template <class T, class Item, class Target>
+ElementTable describeTable(const KeyTable<Target>& keys) {
+  ElementTable table{Item::XML_ENTITY, keys.getOnBadValue(), {}};
+  if constexpr (requires { T::XML_ENTITY; }) {
+    table.element = T::XML_ENTITY;
+  }
+  if constexpr (std::is_base_of_v<Target, Item>) {
+    table.keys = keys.describe(*make<Item>());
+  } else {
+    table.keys = keys.describe(*make<Target>());
+  }
+  return table;
+}
+
+template <class Item, class... Described>
+std::vector<ElementTable> describe() {
+  return {describeTable<Described, Item>(Described::KEYS)...};
+}
+
+/// The tables of the classes, else the Item's own one, if it has any.
+template <class Item, class... Described>
+constexpr auto describeAll() {
+  if constexpr (sizeof...(Described) > 0) {
+    return &describe<Item, Described...>;
+  } else if constexpr (std::same_as<decltype(Item::KEYS), const KeyTable<Item>>) {
+    return &describe<Item, Item>;
+  } else {
+    return &describe<Item>;
+  }
+}
+
+// A row names the container, the class of the element, and the classes whose
+// KEYS the element has, if it has others than its own.
+
+/// An item of the container.
+template <class Container, class Item, class... Described>
+ChildElement<Container> item() {
+  return {Item::XML_ENTITY,
+          [](Container&, const QxElement&, SceneFileReader*) -> std::unique_ptr<GraphicsItem> {
+            return make<Item>();
+          },
+          describeAll<Item, Described...>()};
+}
+
+/// Something that the container is given when it has been read.
+template <class Container, class Part, auto ADD, class... Described>
+ChildElement<Container> part() {
+  return {Part::XML_ENTITY,
+          [](Container& container, const QxElement& element,
+             SceneFileReader* reader) -> std::unique_ptr<GraphicsItem> {
+            auto made = make<Part>();
+            made->read(element, reader);
+            (container.*ADD)(std::move(made));
+            return nullptr;
+          },
+          describeAll<Part, Described...>()};
+}
+
+/// Something that the container reads itself.
+template <class Container, class Part, auto READ>
+ChildElement<Container> readBy() {
+  return {Part::XML_ENTITY,
+          [](Container& container, const QxElement& element,
+             SceneFileReader* reader) -> std::unique_ptr<GraphicsItem> {
+            (container.*READ)(element, reader);
+            return nullptr;
+          },
+          describe<Part, Part>};
+}
+
+/// Only a warning.
+template <class Container, class Part>
+ChildElement<Container> notShown() {
+  return {Part::XML_ENTITY,
+          [](Container&, const QxElement& element, SceneFileReader* reader) -> std::unique_ptr<GraphicsItem> {
+            Part().read(element, reader);
+            return nullptr;
+          },
+          describe<Part>};
+}
+
+}  // namespace
+
+std::span<const ChildElement<AssemblyItem>> assemblyElements() {
+  using A = AssemblyItem;
+  static const ChildElement<A> ELEMENTS[] = {
+      part<A, Colormap, &A::addColormap>(),
+      part<A, Legend, &A::setLegend, Legend, Legend::Place, Font>(),
+      part<A, GeometryTransform, &A::setTransform>(),
+      part<A, RepeatTransform, &A::setTransform>(),
+      part<A, ReflectTransform, &A::setTransform>(),
+      item<A, AxesItem>(),
+      item<A, CoordinateSystemItem>(),
+      item<A, Image2D, Image::PixelSource, Image, Image2D>(),
+      item<A, Image3D, Image::PixelSource, Image, Image3D>(),
+      item<A, GeometryItem, GeometryEntries, GeometrySettings, GeometryArray>(),
+      notShown<A, VectorGlyphs>(),
+      notShown<A, Streamlines>(),
+      item<A, AssemblyItem>(),
+  };
+  return ELEMENTS;
+}
+
+std::span<const ChildElement<Scene>> sceneElements() {
+  static const ChildElement<Scene> ELEMENTS[] = {
+      part<Scene, ClippingPlane, &Scene::addClippingPlane>(),
+      part<Scene, Light, &Scene::addLight>(),
+      readBy<Scene, Scene::View, &Scene::readView>(),
+      readBy<Scene, Gradient, &Scene::readGradient>(),
+      item<Scene, Annotation>(),
+  };
+  return ELEMENTS;
+}
+
+std::vector<ElementTable> describeSceneFormat() {
+  ElementTable common{"", OnBadValue::FAIL, ElementVersion::KEYS.describe({})};
+  std::ranges::move(SceneItem::KEYS.describe(AssemblyItem("")), std::back_inserter(common.keys));
+  std::ranges::move(GraphicsItem::KEYS.describe(AssemblyItem("")), std::back_inserter(common.keys));
+  std::vector<ElementTable> tables = {common, describeTable<Scene, Scene>(Scene::KEYS)};
+  const auto addAll = [&tables](const auto& elements) {
+    for (const auto& element : elements) {
+      std::ranges::move(element.describe(), std::back_inserter(tables));
+    }
+  };
+  addAll(sceneElements());
+  addAll(assemblyElements());
+  return tables;
+}
+
+}  // namespace vemo

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "vemoview/import/reading/SceneFileReader.h"
+#include "vemoview/import/scene/SceneFormat.h"
+#include <vemo/import/GraphicsItem.h>
+#include <vemo/import/QxElement.h>
+
+#include <map>
+#include <memory>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace vemo {
+
+class AssemblyItem;
+class Scene;
+
+/// Returns a new item, still to be read from the element and added to the
+/// container; or reads what is not an item, and returns null.
+template <class Container>
+using ReadingCommand = std::unique_ptr<GraphicsItem> (*)(Container& container, const QxElement& element,
+                                                         SceneFileReader* reader);
+
+/// By the name of the element.
+template <class Container>
+using ReadingCommands = std::map<std::string, ReadingCommand<Container>>;
+
+/// An element that a container may hold.
+template <class Container>
+struct ChildElement {
+  const std::string& name;
+  ReadingCommand<Container> command;
+  /// The tables of its keys.
+  std::vector<ElementTable> (*describe)();
+};
+
+std::span<const ChildElement<AssemblyItem>> assemblyElements();
+/// Those that an assembly may not hold.
+std::span<const ChildElement<Scene>> sceneElements();
+
+template <class Container>
+ReadingCommands<Container> makeReadingCommands(std::span<const ChildElement<Container>> elements) {
+  ReadingCommands<Container> commands;
+  for (const ChildElement<Container>& element : elements) {
+    commands.emplace(element.name, element.command);
+  }
+  return commands;
+}
+
+/// Runs the commands for the child elements, in document order. Elements without
+/// a command are ignored.
+template <class Container>
+void readChildren(Container& container, const ReadingCommands<Container>& commands, const QxElement& element,
+                  SceneFileReader* reader) {
+  for (const auto& child : element.getChildren()) {
+    const auto command = commands.find(child->getName());
+    if (command == commands.end()) {
+      continue;
+    }
+    const ReadingContext::ItemScope scope(reader, SceneItem::pathName(*child), child->getLine());
+    if (auto item = command->second(container, *child, reader)) {
+      item->read(*child, reader);
+      container.add(std::move(item));
+    }
+  }
+}
+
+}  // namespace vemo

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "vemoview/import/reading/KeyDescription.h"
+#include "vemoview/import/reading/ValueReader.h"
+#include <vemo/import/Export.h>
+
+#include <string>
+#include <vector>
+
+namespace vemo {
+
+/// A table of the page on the scene format.
+struct ElementTable {
+  /// Empty for the keys of all elements.
+  std::string element;
+  OnBadValue onBadValue;
+  std::vector<KeyText> keys;
+};
+
+/// All elements that scene files may hold, and their keys.
+VEMO_IMPORT_EXPORT std::vector<ElementTable> describeSceneFormat();
+
+}  // namespace vemo
