@@ -8,16 +8,16 @@
 namespace vemo {
 
 /// The content of an archive entry: a block of bytes, or the same block as
-/// 32-bit numbers. A plain pair that owns nothing: the block was made with
-/// `new unsigned char[]`, and whoever receives it releases it as that, or
-/// hands it on. ArrayOwner does so by itself.
+/// 32-bit numbers. A plain pair that owns nothing: the block was allocated with
+/// `new unsigned char[]`, and the receiver must release it as such, or pass it
+/// on. ArrayOwner does so by itself.
 template <class T>
 struct Array_t {
   T* data = nullptr;
   int count = 0;
 };
 
-/// Releases the block of an Array_t when it goes, unless it was handed on.
+/// Releases the block of an Array_t when destroyed, unless it was released.
 template <class T>
 class ArrayOwner {
  public:
@@ -35,10 +35,10 @@ class ArrayOwner {
   std::span<T> values() const { return {_array.data, static_cast<std::size_t>(_array.count)}; }
   const Array_t<T>& get() const { return _array; }
 
-  /// Hands the block on; the owner is empty then.
+  /// Gives up ownership of the block; the owner is empty then.
   [[nodiscard]] Array_t<T> release() { return std::exchange(_array, {}); }
 
-  /// Hands the block on as the array of bytes that it was made as.
+  /// The same, as the array of bytes that was allocated.
   [[nodiscard]] std::unique_ptr<unsigned char[]> releaseBlock() {
     return std::unique_ptr<unsigned char[]>(reinterpret_cast<unsigned char*>(release().data));
   }

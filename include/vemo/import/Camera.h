@@ -6,9 +6,9 @@
 
 namespace vemo {
 
-/// From where a viewer looks at a scene, and where its window stands. The
-/// defaults are those of lum::CameraAttributes: a renderer takes these for a
-/// camera that nobody has set, and shows the scene whole.
+/// A camera, and the position of its window. The defaults are those of
+/// lum::CameraAttributes: a renderer takes a camera with these values as unset,
+/// and shows the whole scene.
 struct Camera {
   Vector<3, double> position{0.0, 0.0, 1.0};
   Vector<3, double> viewUp{0.0, 1.0, 0.0};

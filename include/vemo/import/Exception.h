@@ -6,10 +6,10 @@
 
 namespace vemo {
 
-/// Root of the errors that a scene file causes. The message is the user's and
-/// may hold "<br>" as a line break. Where the error happened travels in fields
-/// of its own: whoever throws, or lets the exception pass, adds what it knows.
-/// A field that is set already stays, so that the innermost place wins.
+/// Base class of errors in scene files. The message is for the user and
+/// may hold "<br>" as a line break. The place of the error has its own fields,
+/// which are filled in where it is thrown and on its way out. A field that is
+/// already set is kept, so that the innermost place wins.
 class VEMO_IMPORT_EXPORT Exception {
  public:
   explicit Exception(std::string message);
@@ -34,8 +34,8 @@ class VEMO_IMPORT_EXPORT Exception {
   int getLine() const { return _line; }
   void setLine(int line);
 
-  /// What is known of the place, in words: "item scene/wing, line 3 of the
-  /// scene description, entry 'p.bin'"; empty when nothing is.
+  /// The known fields in words: "item scene/wing, line 3 of the scene
+  /// description, entry 'p.bin'"; empty without any.
   std::string getPlace() const;
 
  private:
@@ -60,7 +60,7 @@ class VEMO_IMPORT_EXPORT FileNotFoundException : public Exception {
   ~FileNotFoundException() override;
 };
 
-/// The file is no zip archive that can be read.
+/// The file is not a readable zip archive.
 class VEMO_IMPORT_EXPORT ZipException : public Exception {
  public:
   using Exception::Exception;

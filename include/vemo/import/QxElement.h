@@ -19,7 +19,7 @@ class VEMO_IMPORT_EXPORT QxElement {
   using Children = std::vector<std::unique_ptr<QxElement>>;
 
   explicit QxElement(std::string name);
-  /// Takes no more stack for a deep tree than for a flat one.
+  /// Not recursive: needs no more stack for a deep tree than for a flat one.
   ~QxElement();
   QxElement(const QxElement&) = delete;
   QxElement& operator=(const QxElement&) = delete;
@@ -41,8 +41,8 @@ class VEMO_IMPORT_EXPORT QxElement {
   /// The first child of that name; null when there is none.
   const QxElement* findChild(const std::string& name) const;
 
-  /// The line of the description on which the element starts; 0 for one that
-  /// was made in code.
+  /// The line of the description on which the element starts; 0 for elements
+  /// created in code.
   int getLine() const { return _line; }
   void setLine(int line) { _line = line; }
 
@@ -66,7 +66,7 @@ class VEMO_IMPORT_EXPORT QxElement {
   Color getColor(const std::string& name) const;
 
   /// Sets `out` to the attributes "x", "y" and "z" of the first child of that
-  /// name. Without such a child, gives false and leaves `out` alone.
+  /// name. Without such a child, returns false and does not change `out`.
   bool getVector3(const std::string& childName, Vector<3, double>& out) const;
 
  private:

@@ -10,7 +10,7 @@
 
 namespace vemo {
 
-/// The door of the import module: opens scene files of both generations for a
+/// The entry point of the import module: opens scene files of both generations for a
 /// host. Old ones are converted into temporary files, which are deleted when
 /// the process ends. Used from one thread at a time.
 class VEMO_IMPORT_EXPORT SceneFormatHandler {
@@ -25,13 +25,13 @@ class VEMO_IMPORT_EXPORT SceneFormatHandler {
     SceneDatabase = 4,
   };
 
-  /// Opens the new generation of a scene file, of which it is given the path.
+  /// Opens a scene file of the new generation.
   using LoadingFunction = std::function<bool(const std::wstring& path)>;
 
-  /// Finds out what the file is, converts it if it is an old scene, and calls
-  /// the loading function with a scene-graph database. Faults that are no
-  /// exceptions are explained on the message stream. Exceptions of reading and
-  /// converting pass through.
+  /// Detects the format of the file, converts it if it is an old scene, and
+  /// calls the loading function with a scene-graph database. Failures that are
+  /// not exceptions are explained on the message stream. Exceptions from reading
+  /// and converting are passed on.
   static lum::io::FileIoStatus loadVemoScene(const std::wstring& path, LoadingFunction load,
                                              std::ostream& messages);
 
@@ -39,7 +39,7 @@ class VEMO_IMPORT_EXPORT SceneFormatHandler {
   /// zip archive.
   static SceneFormat detectSceneFormat(const std::wstring& path, std::ostream& messages);
 
-  /// Converts an old scene into a temporary file and gives its path.
+  /// Converts an old scene into a temporary file and returns its path.
   static std::wstring convertZippedScene(const std::wstring& path);
 
   /// Whether a zip archive holds an entry of exactly the name "scene.xml".

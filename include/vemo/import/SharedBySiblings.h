@@ -7,18 +7,17 @@ namespace vemo {
 class Colormap;
 class Colormaps;
 
-/// What items hand to their siblings and to their children while they are
-/// converted.
+/// State passed from an item to its siblings and children during conversion.
 struct SharedBySiblings {
-  /// What the current children are converted into.
+  /// The collection that the current children are converted into.
   lum::DrawableCollection* collection = nullptr;
 
-  /// The scene that the whole conversion fills, for what stands outside its
-  /// item's collection: camera, lights, triads, legends.
+  /// The scene being filled by the conversion, for objects outside the item's
+  /// collection: camera, lights, triads, legends.
   lum::Ptr<lum::SceneNode> sceneNode;
 
-  /// What colours data in the assembly being converted: outer colormaps go
-  /// before inner ones. Null when there is none.
+  /// Colours the data in the assembly being converted: outer colormaps take
+  /// precedence over inner ones. Null when there is none.
   const Colormap* colormap = nullptr;
 
   /// Those of the assembly whose legend is being converted; null when none is.

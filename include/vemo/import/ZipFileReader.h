@@ -10,7 +10,7 @@
 namespace vemo {
 
 /// The entries of a zip archive, indexed by name once. Not supported, and
-/// refused when such an entry is read: encryption, methods other than "stored"
+/// rejected when such an entry is read: encryption, methods other than "stored"
 /// and "deflated", entries larger than an int counts. Of entries of the same
 /// name the last in the archive wins.
 ///
@@ -22,7 +22,7 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   /// 32-bit values. They cannot be read.
   static constexpr int SIZE_LIMIT = 0x7ffffffc;
 
-  /// A deflated byte stands for at most four matches of 258 bytes: a match
+  /// A deflated byte encodes at most four matches of 258 bytes: a match
   /// takes no fewer than two bits.
   static constexpr std::uint64_t MAX_DEFLATE_RATIO = 1032;
 
@@ -48,18 +48,18 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
 
   /// Whether the entry can be of the size that it declares: false for what is
   /// not supported, and when the compressed bytes cannot become that many.
-  /// Ask before making room for a size that a stranger wrote down.
+  /// Check this before allocating memory: the size may be forged.
   bool isSizePossible(const std::string& name) const;
 
-  /// Fills the buffer, of getSize bytes, with the entry's content. What an
-  /// entry that ends early leaves open is set to zero; a wrong checksum passes.
+  /// Fills the buffer, of getSize bytes, with the entry's content. If the entry
+  /// ends early, the rest is set to zero; checksums are not verified.
   /// False when there is no such entry, or it cannot be read.
   bool read(const std::string& name, char* buffer) const;
 
  private:
   struct Entry {
     std::string name;
-    /// Where the entry stands in the archive's directory, and its number there.
+    /// The position of the entry in the archive's directory, and its index there.
     std::uint64_t directoryOffset;
     std::uint64_t directoryIndex;
     std::uint64_t compressedSize;

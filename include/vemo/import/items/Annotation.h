@@ -15,7 +15,7 @@ class VEMO_IMPORT_EXPORT Annotation : public GraphicsItem {
  public:
   static inline const std::string XML_ENTITY = "annotation";
   static const KeyTable<Annotation> KEYS;
-  // The words of the tables stand in the order of the enumerations.
+  // In the order of the enumerations.
   static inline const std::string MODES[] = {"WINDOW", "MODEL", ""};
   static inline const std::string HORIZONTAL_ALIGNMENTS[] = {"LEFT", "CENTER", "RIGHT", ""};
   static inline const std::string VERTICAL_ALIGNMENTS[] = {"BOTTOM", "CENTER", "TOP", ""};

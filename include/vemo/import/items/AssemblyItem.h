@@ -18,8 +18,8 @@ class Colormap;
 class Legend;
 class Transform;
 
-/// A group of items. It also holds colormaps, of which one is active and
-/// colours whatever in the group is coloured by data, a legend and a transform.
+/// A group of items. It also holds colormaps, of which the active one colours the
+/// data in the group, a legend and a transform.
 class VEMO_IMPORT_EXPORT AssemblyItem : public GraphicsItem {
  public:
   static inline const std::string XML_ENTITY = "assembly";
@@ -53,7 +53,7 @@ class VEMO_IMPORT_EXPORT AssemblyItem : public GraphicsItem {
   void setTransform(std::unique_ptr<Transform> transform);
 
   /// Converts the children, then legend, colormap and transform. An assembly
-  /// without children converts to nothing at all.
+  /// without children is left out.
   void addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int level,
                        const std::string& parentName) const override;
 
@@ -61,15 +61,15 @@ class VEMO_IMPORT_EXPORT AssemblyItem : public GraphicsItem {
   int version() const { return VERSION; }
   bool alwaysHaveVersionSaved() const { return true; }
 
-  /// What is read of every assembly, the scene itself among them.
+  /// The part of reading that assemblies and scenes share.
   void readBase(const QxElement& element, SceneFileReader* reader);
   /// Reads the child elements.
   void readImpl(const QxElement& element, SceneFileReader* reader);
 
   /// Converts the children into the collection itself at level 0, at any other
-  /// level into the collection of the assembly's name in it. Gives the
+  /// level into the collection of the assembly's name in it. Returns the
   /// collection that received the children; null when there are none.
-  /// @param share whether the children find that collection in the shared record
+  /// @param share whether to set the collection of the shared record
   lum::DrawableCollection* processChildren(SharedBySiblings& shared, lum::DrawableCollection& collection,
                                            int level, bool share) const;
 
@@ -81,7 +81,7 @@ class VEMO_IMPORT_EXPORT AssemblyItem : public GraphicsItem {
 
   void makeReadingCommandsMap();
 
-  /// What is converted after the children.
+  /// Converts everything but the children.
   void convertExtras(SharedBySiblings& shared, lum::DrawableCollection& target, int level) const;
   void convertLegend(SharedBySiblings& shared, int level) const;
   void applyColormap(lum::Node& target) const;

@@ -14,7 +14,7 @@ class Plane;
 
 namespace vemo {
 
-/// A plane that cuts the whole scene; what its normal points to is kept.
+/// A plane that cuts the whole scene; the side that its normal points to is kept.
 class VEMO_IMPORT_EXPORT ClippingPlane : public Readable {
  public:
   static inline const std::string XML_ENTITY = "clip";
@@ -27,8 +27,7 @@ class VEMO_IMPORT_EXPORT ClippingPlane : public Readable {
 
   void convertTo(lum::Plane& plane) const;
 
-  /// For mappers that clip by it; made at the first request, brought up to date
-  /// at each.
+  /// For mappers that clip by it; created by the first call, updated by each.
   vtkPlane* getPlane();
 
  private:

@@ -4,7 +4,7 @@
 
 namespace vemo {
 
-/// A triad that stands in the model, with labels of its own.
+/// A triad in the model, with its own labels.
 class VEMO_IMPORT_EXPORT CoordinateSystemItem : public AxesItem {
  public:
   static inline const std::string XML_ENTITY = "coordinatesystem";

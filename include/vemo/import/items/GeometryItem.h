@@ -72,7 +72,7 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
   /// Replaces the mapper's planes; an item that ignores clipping gets none.
   void setClippingPlanes(vtkPolyDataMapper* mapper, const std::vector<ClippingPlane*>& planes);
   /// Unlit, in the line colour.
-  /// @param asEdges draws the edges of polygons in place of their faces
+  /// @param asEdges draws the edges of polygons instead of their faces
   void setLineRenderingPropeties(bool asEdges);
   /// Lit, in the face colour, edges in the line colour when they are shown.
   void setPolygonRenderingProperties();

@@ -22,12 +22,12 @@ class VEMO_IMPORT_EXPORT Gradient : public GraphicsItem {
 
   void read(const QxElement& element, SceneFileReader* reader) override;
 
-  /// SOLID, which no gradient should have, when the element names no mode.
+  /// SOLID, which a gradient must not have, when the element names no mode.
   lum::BackgroundColorModes getMode() const { return _mode; }
   const Color& getTopColor() const { return _topColor; }
   const Color& getBottomColor() const { return _bottomColor; }
 
-  /// Adds nothing: a background is no drawable.
+  /// Adds nothing: a background is not a drawable.
   void addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int level,
                        const std::string& parentName) const override;
 

@@ -16,7 +16,7 @@ namespace vemo {
 /// A picture in the scene: its pixels, and the positions of its corners.
 class VEMO_IMPORT_EXPORT Image : public GraphicsItem {
  public:
-  /// The words stand in the order of lum::CoordinateSpace.
+  /// In the order of lum::CoordinateSpace.
   static inline const std::string COORDINATE_SYSTEMS[] = {"WINDOW", "MODEL", ""};
   static const KeyTable<Image> KEYS;
 
@@ -48,15 +48,15 @@ class VEMO_IMPORT_EXPORT Image : public GraphicsItem {
   vtkUnsignedCharArray* getPixels() const;
 
   void setCoordinateSystem(lum::CoordinateSpace space) { _space = space; }
-  /// From 0 (not seen) to 1. The item's visibility is a factor of it.
+  /// From 0 (invisible) to 1. It is multiplied by the item's visibility.
   void setOpacity(double opacity) { _opacity = opacity; }
 
  protected:
   /// @param space of the corners, unless the element states another
   Image(std::string name, lum::CoordinateSpace space);
 
-  /// The lower left corner, and from there to the lower right and the upper
-  /// left one.
+  /// The lower left corner, and the vectors from there to the lower right and
+  /// upper left corners.
   void setPlace(const Vector<3, double>& corner, const Vector<3, double>& xAxis,
                 const Vector<3, double>& yAxis);
 

@@ -11,7 +11,7 @@ namespace vemo {
 
 class Colormap;
 
-/// What the colours of an assembly mean: a colour bar with a title and numbers.
+/// The colour bar of an assembly, with a title and numbers.
 class VEMO_IMPORT_EXPORT Legend : public GraphicsItem {
  public:
   static inline const std::string XML_ENTITY = "legend";
@@ -35,9 +35,9 @@ class VEMO_IMPORT_EXPORT Legend : public GraphicsItem {
   /// Values that cannot be read keep their defaults, with a warning.
   void read(const QxElement& element, SceneFileReader* reader) override;
 
-  /// Adds the legend, under its name or else that of its assembly, with the
-  /// colours of its colormap. Nothing is added when there is no colormap in the
-  /// shared record, nor one of the legend's in the assembly that it names.
+  /// Adds the legend, named like itself or else its assembly, with the colours of
+  /// the colormap that it names in the assembly, or else that of the shared
+  /// record. Nothing is added without a colormap.
   void addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int level,
                        const std::string& parentName) const override;
 

@@ -20,9 +20,8 @@ class ClippingPlane;
 class Gradient;
 class Light;
 
-/// The root of an old scene: the items, and what belongs to the whole picture.
-/// It also carries the blocks of the scene graph that an archive may hold
-/// beside them.
+/// The root of an old scene: the items, and the settings of the whole picture.
+/// It also carries the blocks of a scene graph that an archive may hold.
 class VEMO_IMPORT_EXPORT Scene : public AssemblyItem {
  public:
   static inline const std::string XML_ENTITY = "scene";
@@ -36,8 +35,8 @@ class VEMO_IMPORT_EXPORT Scene : public AssemblyItem {
 
     ~View() override;
 
-    /// Vectors that the element does not state stay as they are, everything
-    /// else is replaced.
+    /// Vectors that the element does not state are kept, everything else is
+    /// replaced.
     void read(const QxElement& element, SceneFileReader* reader) override;
 
     const Camera& getCamera() const { return _camera; }
@@ -52,8 +51,8 @@ class VEMO_IMPORT_EXPORT Scene : public AssemblyItem {
   void read(const QxElement& element, SceneFileReader* reader) override;
 
   /// Converts the camera, the items, the clipping planes and the lights into
-  /// the scene node that the shared record holds. Planes and lights are added
-  /// to those that are there already.
+  /// the scene node of the shared record. Planes and lights are added to the
+  /// existing ones.
   void addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int level,
                        const std::string& parentName) const override;
 

@@ -7,8 +7,8 @@ namespace vemo {
 Exception::Exception(std::string message) : _message(std::move(message)) {}
 FutureVersionException::FutureVersionException(std::string message) : Exception(std::move(message)) {}
 
-// The destructors stand here so that each class has one type description,
-// which exceptions that leave the library are recognised by.
+// The destructors are defined here so that each class has one type description,
+// by which exceptions that leave the library are recognised.
 Exception::~Exception() = default;
 IOException::~IOException() = default;
 FileNotFoundException::~FileNotFoundException() = default;

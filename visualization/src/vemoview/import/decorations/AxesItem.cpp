@@ -17,7 +17,7 @@ namespace vemo {
 
 namespace {
 
-/// What the triad and its labels need of a parallel view, in triad lengths.
+/// Half the height of a parallel view that shows the triad and its labels, in triad lengths.
 constexpr double TRIAD_SCALE = 2.2;
 constexpr std::uint32_t OPAQUE_BLACK = 0x000000FF;
 
@@ -33,7 +33,7 @@ vtkSmartPointer<vtkTextActor> makeLabel(const char* text) {
   return label;
 }
 
-/// The triad is seen as it stands; it is turned by the model's camera.
+/// A fixed view of the triad, which itself turns with the model's camera.
 void setTriadView(lum::CameraAttributes& camera) {
   camera.setViewUp({0.0, 1.0, 0.0});
   camera.setFocalPoint({0.0, 0.0, 0.0});

@@ -6,8 +6,8 @@
 
 namespace vemo {
 
-/// The drawable of its class that bears the item's name, made when there is
-/// none. An item without a name always gets a new one: it is no other's.
+/// The drawable of this class with the item's name, created if necessary. An item
+/// without a name always gets a new one, shared with no other item.
 template <class T>
 T& drawableOf(const SceneItem& item, lum::DrawableCollection& collection) {
   if (!item.getName().empty()) {

@@ -27,7 +27,7 @@ struct KeyDescription {
   std::string meaning;
   /// "integer", "word", ...
   std::string type;
-  /// On the page in place of the default value, where that depends on others.
+  /// On the page instead of the default value, if that depends on other keys.
   std::string defaultText;
   /// The names of an enumeration's values, in order; the last one is empty.
   const std::string* words = nullptr;

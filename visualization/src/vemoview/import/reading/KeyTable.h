@@ -34,7 +34,7 @@ struct Key : KeyDescription {
     whyNotAllowed = std::move(otherwise);
     return std::move(*this);
   }
-  /// What the page says in place of the default value.
+  /// What the page says instead of the default value.
   Key defaultingTo(std::string text) && {
     defaultText = std::move(text);
     return std::move(*this);

@@ -48,7 +48,8 @@ void ValueReader::warnOfCurrentException(const KeyDescription& key) const {
   try {
     throw;
   } catch (const NumberFormatException& exception) {
-    warnIgnored(key, quoted(exception.getMessage()) + " is not a number");
+    const bool isOfChild = _element.findAttribute(key.name) == nullptr;
+    warnIgnored(key, isOfChild ? quoted(exception.getMessage()) + " is not a number" : "not a number");
   } catch (const InternalError& error) {
     warnIgnored(key, error.getMessage());
   }

@@ -90,7 +90,7 @@ std::wstring SceneFormatHandler::convertZippedScene(const std::wstring& path) {
   return temporaryPath;
 }
 
-// A copy: what the host does to its function meanwhile is its own affair.
+// A copy: the host may change its function meanwhile.
 // NOLINTNEXTLINE(performance-unnecessary-value-param)
 FileIoStatus SceneFormatHandler::loadVemoScene(const std::wstring& path, LoadingFunction load,
                                                std::ostream& messages) {

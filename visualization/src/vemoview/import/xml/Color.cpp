@@ -8,7 +8,7 @@ namespace vemo {
 
 Color Color::parse(const std::string& text) {
   if (text.length() < 8) {
-    // Hosts know this error by its origin, wherever the code stands today.
+    // Hosts recognise this error by its origin, wherever the code is today.
     throw InternalError("Can't extract color from such a short string", "colorStr.length() >= 8",
                         "visualization/src/vemoview/import/QxElement", 22);
   }

@@ -14,7 +14,7 @@ class VEMO_IMPORT_EXPORT QxString {
   /// A whole number in a radix of 2 to 36, in 32-bit arithmetic that wraps. A
   /// minus sign in front is skipped, not applied: "-12" is 12. An empty text
   /// is 0. Throws Exception for another radix, and NumberFormatException with
-  /// the whole text when a character is no digit of the radix.
+  /// the whole text when a character is not a digit of the radix.
   static int parseInt(const std::string& text, int radix);
 
   /// What a stream in the classic locale extracts from the text, whatever the
