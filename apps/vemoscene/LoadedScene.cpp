@@ -3,6 +3,7 @@
 #include "ExitCode.h"
 #include "Messages.h"
 #include "TemporaryFiles.h"
+#include <vemo/base/PrintableText.h>
 #include <vemo/base/WidePath.h>
 #include <vemo/import/SceneFormatHandler.h>
 #include <vemo/scenegraph/SceneNode.h>

@@ -1,6 +1,6 @@
 #include "Messages.h"
 
-#include <vemo/base/WidePath.h>
+#include <vemo/base/PrintableText.h>
 #include <vemo/scenegraph/Logger.h>
 
 #include <algorithm>
@@ -17,11 +17,6 @@ constexpr std::string_view CLEAR_LINE = "\r\x1b[K";
 bool isTerminal() {
   static const bool result = isatty(STDERR_FILENO) != 0;
   return result;
-}
-
-bool steersTerminal(wchar_t character) {
-  return character != L'\n' && (character < 0x20 || (character >= 0x7F && character < 0xA0) ||
-                                (character >= 0xD800 && character < 0xE000));
 }
 
 /// In one call, so that lines of several threads do not mix. A failure cannot be
@@ -42,12 +37,6 @@ std::string withLineBreaks(std::string_view text) {
 }
 
 }  // namespace
-
-std::string toPrintable(std::string_view text) {
-  std::wstring characters = toWidePath(text);
-  std::ranges::replace_if(characters, steersTerminal, L'\xFFFD');
-  return toNativePath(characters);
-}
 
 void showMessage(std::string_view message) {
   const std::string text = toPrintable(withLineBreaks(message));

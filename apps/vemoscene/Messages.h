@@ -10,10 +10,6 @@
 
 namespace vemo {
 
-/// The text with control characters and invalid UTF-8 replaced by U+FFFD. Line
-/// feeds stay.
-std::string toPrintable(std::string_view text);
-
 /// Writes a message to standard error, preceded by the program's name.
 /// "<br>" is a line break; an empty message is not written.
 void showMessage(std::string_view message);

@@ -1,10 +1,13 @@
 #include "TreePrinter.h"
 
-#include "FieldText.h"
-#include "Messages.h"
+#include <vemo/base/PrintableText.h>
 #include <vemo/scenegraph/attributes/AttributesCollection.h>
+#include <vemo/scenegraph/attributes/BaseAttributes.h>
 #include <vemo/scenegraph/drawables/Drawable.h>
 #include <vemo/scenegraph/drawables/PolyDataNode.h>
+#include <vemo/scenegraph/inspect/ArrayText.h>
+#include <vemo/scenegraph/inspect/FieldText.h>
+#include <vemo/scenegraph/inspect/NumberText.h>
 
 #include <vtkCellArray.h>
 #include <vtkDataArray.h>
@@ -37,15 +40,15 @@ std::string getTitle(const lum::Node& node) {
 
 void addCells(Rows& rows, const char* kind, vtkCellArray* cells) {
   if (cells != nullptr) {
-    rows.push_back({kind, groupDigits(cells->GetNumberOfCells())});
+    rows.push_back({kind, lum::groupDigits(cells->GetNumberOfCells())});
   }
 }
 
 void addArrays(Rows& rows, const char* place, const lum::ArrayTable& table) {
   for (const auto& array : table) {
     const std::string name = array->GetName() != nullptr ? array->GetName() : "";
-    rows.push_back(
-        {place, fmt::format("\"{}\"", toPrintable(name)), describeType(*array), describeRange(*array)});
+    rows.push_back({place, fmt::format("\"{}\"", toPrintable(name)), lum::describeType(*array),
+                    lum::describeRange(*array)});
   }
 }
 
@@ -61,7 +64,7 @@ void TreePrinter::print(const lum::Node& root) {
     if (left == 0 || level.next == MAX_SIBLINGS) {
       if (left > 0) {
         _out << fmt::format("{:{}}... and {} more\n", "", INDENT * depth,
-                            groupDigits(static_cast<std::int64_t>(left)));
+                            lum::groupDigits(static_cast<std::int64_t>(left)));
       }
       levels.pop_back();
       continue;
@@ -85,7 +88,7 @@ TreePrinter::Level TreePrinter::makeLevel(const lum::Node& owner) const {
   }
   const auto shown = std::min(level.nodes.size(), MAX_SIBLINGS);
   for (std::size_t i = 0; i < shown; ++i) {
-    if (!describeFields(*level.nodes[i]).empty()) {
+    if (!lum::describeFields(*level.nodes[i]).empty()) {
       level.width = std::clamp(getTitle(*level.nodes[i]).size(), level.width, MAX_COLUMN);
     }
   }
@@ -93,7 +96,7 @@ TreePrinter::Level TreePrinter::makeLevel(const lum::Node& owner) const {
 }
 
 void TreePrinter::printNode(const lum::Node& node, std::size_t depth, std::size_t width) {
-  const std::string fields = describeFields(node);
+  const std::string fields = lum::describeFields(node);
   _out << fmt::format("{:{}}", "", INDENT * depth);
   if (fields.empty()) {
     _out << getTitle(node) << '\n';
@@ -108,8 +111,8 @@ void TreePrinter::printNode(const lum::Node& node, std::size_t depth, std::size_
 void TreePrinter::printGeometry(const lum::PolyDataNode& node, std::size_t depth) {
   Rows counts;
   if (vtkDataArray* points = node.getPoints()) {
-    counts.push_back(
-        {"points", groupDigits(points->GetNumberOfTuples()), describeType(*points), describeRange(*points)});
+    counts.push_back({"points", lum::groupDigits(points->GetNumberOfTuples()), lum::describeType(*points),
+                      lum::describeRange(*points)});
   }
   addCells(counts, "verts", node.getVerts());
   addCells(counts, "lines", node.getLines());

@@ -1,6 +1,6 @@
 #include "render/RenderScene.h"
 #include <vemo/scenegraph/drawables/Overlays.h>
-#include <vemo/scenegraph/transforms/Transform.h>
+#include <vemo/scenegraph/transforms/SimpleTransform.h>
 
 #include <vtkUnsignedCharArray.h>
 

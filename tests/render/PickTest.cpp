@@ -1,5 +1,5 @@
 #include "render/SceneWindow.h"
-#include <vemo/scenegraph/transforms/Transform.h>
+#include <vemo/scenegraph/transforms/PeriodicRepeatTransform.h>
 
 #include <vtkPointData.h>
 #include <vtkPoints.h>

@@ -1,6 +1,8 @@
 #include "render/RenderScene.h"
 #include <vemo/render/RenderErrors.h>
-#include <vemo/scenegraph/transforms/Transform.h>
+#include <vemo/scenegraph/transforms/PeriodicRepeatTransform.h>
+#include <vemo/scenegraph/transforms/SimpleTransform.h>
+#include <vemo/scenegraph/transforms/SymmetricTransform.h>
 
 #include <gtest/gtest.h>
 #include <limits>

@@ -2,7 +2,7 @@
 #include <vemo/render/RenderErrors.h>
 #include <vemo/scenegraph/drawables/Overlays.h>
 #include <vemo/scenegraph/drawables/TriadDrawable.h>
-#include <vemo/scenegraph/transforms/Transform.h>
+#include <vemo/scenegraph/transforms/PeriodicRepeatTransform.h>
 
 #include <functional>
 #include <gtest/gtest.h>

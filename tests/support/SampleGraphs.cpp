@@ -28,7 +28,7 @@ class UnusualValues {
   void operator()(float* value) const { *value = -0.0F; }
   void operator()(double* value) const { *value = std::bit_cast<double>(0x7FF8'0000'DEAD'BEEFULL); }
   void operator()(const lum::EnumerationField& field) const {
-    *field.value = (*field.value + 1) % field.count;
+    *field.value = (*field.value + 1) % field.count();
   }
   void operator()(std::string* value) const { value->assign(300, 'x').push_back('\0'); }
   template <std::size_t N>

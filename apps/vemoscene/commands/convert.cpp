@@ -3,6 +3,7 @@
 #include "Messages.h"
 #include "TemporaryFiles.h"
 #include "export/ExportFormat.h"
+#include <vemo/base/PrintableText.h>
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>

@@ -1,15 +1,16 @@
 #include "Command.h"
-#include "FieldText.h"
 #include "LoadedScene.h"
 #include "Messages.h"
 #include "ResultStream.h"
 #include "TreePrinter.h"
+#include <vemo/base/PrintableText.h>
 #include <vemo/base/WidePath.h>
 #include <vemo/import/ZipFileReader.h>
 #include <vemo/scenegraph/Traversal.h>
 #include <vemo/scenegraph/drawables/PolyDataNode.h>
 #include <vemo/scenegraph/inspect/JsonPrinter.h>
 #include <vemo/scenegraph/inspect/JsonWriter.h>
+#include <vemo/scenegraph/inspect/NumberText.h>
 
 #include <vtkCellArray.h>
 #include <vtkDataArray.h>
@@ -88,10 +89,11 @@ void printEntries(std::ostream& out, const std::string& file) {
   }
   for (int i = 0; i < shown; ++i) {
     const std::string name = archive.getEntryName(i);
-    out << fmt::format("  {:{}}  {:>14}\n", toPrintable(name), width, describeSize(archive.getSize(name)));
+    out << fmt::format("  {:{}}  {:>14}\n", toPrintable(name), width,
+                       lum::describeSize(archive.getSize(name)));
   }
   if (shown < archive.getEntryCount()) {
-    out << fmt::format("  ... and {} more\n", groupDigits(archive.getEntryCount() - shown));
+    out << fmt::format("  ... and {} more\n", lum::groupDigits(archive.getEntryCount() - shown));
   }
 }
 
@@ -108,8 +110,8 @@ std::string countGeometry(lum::Node& root) {
     }
   });
   return fmt::format("{} of geometry, {} points, {} cells",
-                     pieces == 1 ? "1 piece" : groupDigits(pieces) + " pieces", groupDigits(points),
-                     groupDigits(cells));
+                     pieces == 1 ? "1 piece" : lum::groupDigits(pieces) + " pieces", lum::groupDigits(points),
+                     lum::groupDigits(cells));
 }
 
 void printWarnings(std::ostream& out, const std::vector<std::string>& warnings) {
@@ -127,7 +129,7 @@ void printText(std::ostream& out, const Contents& contents, const Options& optio
   const auto size = std::filesystem::file_size(options.file, ignored);
   out << fmt::format("{}\n{}, {}\n", toPrintable(options.file),
                      scene.isZipped() ? "Scene archive of the old generation" : "Scene-graph database",
-                     describeSize(static_cast<double>(size)));
+                     lum::describeSize(static_cast<double>(size)));
   if (scene.isZipped()) {
     printEntries(out, options.file);
   }

@@ -3,6 +3,7 @@
 #include "FileChecks.h"
 #include "LoadedScene.h"
 #include "Messages.h"
+#include <vemo/base/PrintableText.h>
 #include <vemo/render/ScenePicture.h>
 
 #include <CLI/CLI.hpp>

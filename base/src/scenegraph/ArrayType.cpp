@@ -15,6 +15,7 @@
 #include <vtkUnsignedIntArray.h>
 #include <vtkUnsignedShortArray.h>
 
+#include <algorithm>
 #include <array>
 
 namespace lum {
@@ -35,7 +36,7 @@ vtkDataArray* make() {
 }
 
 // Integers of 32 and 64 bits are of the classes that cell arrays hold, which
-// so take them over as they are.
+// take them over as they are.
 constexpr std::array ROWS{
     Row{ArrayType::INT8, "int8", 1, VTK_SIGNED_CHAR, make<vtkSignedCharArray>},
     Row{ArrayType::UINT8, "uint8", 1, VTK_UNSIGNED_CHAR, make<vtkUnsignedCharArray>},
@@ -70,18 +71,17 @@ int commonType(int vtkType) {
   }
 }
 
+/// Null for bits and the like.
+const Row* findRow(vtkDataArray& array) {
+  const auto* const row = std::ranges::find(ROWS, commonType(array.GetDataType()), &Row::vtkType);
+  return row != ROWS.end() ? row : nullptr;
+}
+
 }  // namespace
 
 std::optional<ArrayType> arrayTypeOf(vtkDataArray& array) {
-  if (!array.HasStandardMemoryLayout()) {
-    return std::nullopt;
-  }
-  for (const Row& row : ROWS) {
-    if (row.vtkType == commonType(array.GetDataType())) {
-      return row.type;
-    }
-  }
-  return std::nullopt;
+  const Row* const row = array.HasStandardMemoryLayout() ? findRow(array) : nullptr;
+  return row != nullptr ? std::optional(row->type) : std::nullopt;
 }
 
 std::optional<ArrayType> arrayTypeFromNumber(std::uint64_t number) {
@@ -91,8 +91,9 @@ std::optional<ArrayType> arrayTypeFromNumber(std::uint64_t number) {
   return ROWS[number - 1].type;
 }
 
-const char* arrayTypeName(ArrayType type) {
-  return rowOf(type).name;
+const char* arrayTypeName(vtkDataArray& array) {
+  const Row* const row = findRow(array);
+  return row != nullptr ? row->name : array.GetDataTypeAsString();
 }
 
 std::size_t arrayTypeSize(ArrayType type) {

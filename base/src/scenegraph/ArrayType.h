@@ -12,7 +12,7 @@ class vtkSmartPointer;
 
 namespace lum {
 
-/// The types of array that nodes may hold. The numbers stand in files: they
+/// The types of array that nodes may hold. The numbers are in files: they
 /// are never changed nor used again.
 enum class ArrayType : std::uint8_t {
   INT8 = 1,
@@ -38,8 +38,9 @@ VEMO_SCENEGRAPH_EXPORT std::optional<ArrayType> arrayTypeOf(vtkDataArray& array)
 /// A type's number in a file; nothing when there is none of that number.
 VEMO_SCENEGRAPH_EXPORT std::optional<ArrayType> arrayTypeFromNumber(std::uint64_t number);
 
-/// "float32" and the like; "int64" for ids, "int8" for characters.
-VEMO_SCENEGRAPH_EXPORT const char* arrayTypeName(ArrayType type);
+/// "float32" and the like; "int64" for ids, "int8" for characters. VTK's name
+/// for a type that is not in this table.
+VEMO_SCENEGRAPH_EXPORT const char* arrayTypeName(vtkDataArray& array);
 
 /// The bytes of one value.
 VEMO_SCENEGRAPH_EXPORT std::size_t arrayTypeSize(ArrayType type);

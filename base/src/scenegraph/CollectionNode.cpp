@@ -88,9 +88,9 @@ bool CollectionNode::addNode(Node& node) {
 }
 
 bool CollectionNode::removeNode(Node& node) {
-  const auto place =
+  const auto position =
       std::ranges::find_if(_nodes, [&node](const auto& held) { return held.getObject() == &node; });
-  if (place == _nodes.end()) {
+  if (position == _nodes.end()) {
     return false;
   }
   if (_index) {
@@ -98,7 +98,7 @@ bool CollectionNode::removeNode(Node& node) {
   }
   node._owner = nullptr;
   node._order = 0;
-  _nodes.erase(place);
+  _nodes.erase(position);
   modified();
   return true;
 }
@@ -155,7 +155,7 @@ Node* CollectionNode::find(const std::string& className, const std::string& name
 
 void CollectionNode::listFields(FieldList& fields) {
   Node::listFields(fields);
-  fields.add("nodes", *this);
+  fields.add("nodes", this);
 }
 
 }  // namespace lum

@@ -9,12 +9,4 @@ SceneCanvas& SceneNode::canvas(Owned<SceneCanvas>& slot, const char* name) {
   return *slot.get();
 }
 
-void SceneNode::listFields(FieldList& fields) {
-  Superclass::listFields(fields);
-  fields.add("modelCanvas", _modelCanvas);
-  fields.add("foregroundCanvas", _foregroundCanvas);
-  fields.add("backgroundCanvas", _backgroundCanvas);
-  fields.add("orientationCanvas", _orientationCanvas);
-}
-
 }  // namespace lum

@@ -29,7 +29,6 @@ class VEMO_SCENEGRAPH_EXPORT Logger {
   /// may the sink, which must not refer to anything that ends with `main`.
   static Logger& getSingleton();
 
-  unsigned getFlags() const { return _flags; }
   void setFlags(unsigned flags) { _flags = flags; }
   void setSink(Sink sink) { _sink = std::move(sink); }
 

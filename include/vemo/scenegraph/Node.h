@@ -1,7 +1,7 @@
 #pragma once
 
 #include <vemo/base/SameBits.h>
-#include <vemo/scenegraph/Field.h>
+#include <vemo/scenegraph/DeclareFields.h>
 #include <vemo/scenegraph/NodeInitializer.h>
 #include <vemo/scenegraph/Object.h>
 
@@ -27,9 +27,9 @@ class NodeStream;
 /// A named object of the scene graph. It is owned by at most one other node,
 /// may be referred to by any, and lives in a registry session or in none.
 ///
-/// A class of nodes says its name once (LUM_NODE), lists its fields once
-/// (listFields) and has one row in NodeFactory.cpp. Reading, writing, printing
-/// and comparing follow from these.
+/// A class of nodes says its name once (LUM_NODE), declares each field once
+/// (DeclareFields.h) and has one row in NodeFactory.cpp. Reading, writing,
+/// printing and comparing follow from these.
 class VEMO_SCENEGRAPH_EXPORT Node : public Object {
  public:
   /// No node of a graph that is read or written is further than this from the
@@ -102,55 +102,14 @@ class VEMO_SCENEGRAPH_EXPORT Node : public Object {
   std::string _name;
   std::optional<std::string> _qualifiedName;
   Node* _owner = nullptr;
-  // The node's place among its siblings in a collection: grows from first to
-  // last, with gaps.
+  // Grows from first to last among siblings in a collection, with gaps.
   std::uint64_t _order = 0;
   std::uint64_t _modificationTime = 0;
-  // The session's registry links its nodes in a ring-free list.
+  // The session's registry links its nodes in a list.
   NodeRegistry* _registry = nullptr;
   Node* _previousInSession = nullptr;
   Node* _nextInSession = nullptr;
   int _sessionId;
 };
-
-/// Says the name of a node class and its base class.
-#define LUM_NODE(Class, Base)                     \
- public:                                          \
-  using Superclass = Base;                        \
-  using Superclass::Superclass;                   \
-  static const std::string& getClassName() {      \
-    static const std::string name = #Class;       \
-    return name;                                  \
-  }                                               \
-  const std::string& className() const override { \
-    return getClassName();                        \
-  }
-
-/// A value of a node with its accessors: LUM_VALUE(double, LineWidth,
-/// _lineWidth, 1.0) declares getLineWidth, setLineWidth and the member.
-#define LUM_VALUE(Type, Name, member, ...) \
- public:                                   \
-  const Type& get##Name() const {          \
-    return member;                         \
-  }                                        \
-  void set##Name(const Type& value) {      \
-    assign(member, value);                 \
-  }                                        \
-                                           \
- private:                                  \
-  Type member = __VA_ARGS__;
-
-/// The same for an enumeration, which is kept as its number.
-#define LUM_ENUMERATION(Enum, Name, member, initial)  \
- public:                                              \
-  Enum get##Name() const {                            \
-    return static_cast<Enum>(member);                 \
-  }                                                   \
-  void set##Name(Enum value) {                        \
-    assign(member, static_cast<std::int32_t>(value)); \
-  }                                                   \
-                                                      \
- private:                                             \
-  std::int32_t member = static_cast<std::int32_t>(initial);
 
 }  // namespace lum

@@ -7,7 +7,12 @@ namespace lum {
 /// The root of one scene, with its four canvases.
 class VEMO_SCENEGRAPH_EXPORT SceneNode final : public Node {
   LUM_NODE(SceneNode, Node)
+  LUM_FIELD(Owned<SceneCanvas>, _modelCanvas)
+  LUM_FIELD(Owned<SceneCanvas>, _foregroundCanvas)
+  LUM_FIELD(Owned<SceneCanvas>, _backgroundCanvas)
+  LUM_FIELD(Owned<SceneCanvas>, _orientationCanvas)
 
+ public:
   /// What the scene is about.
   SceneCanvas& getModelCanvas() { return canvas(_modelCanvas, "ModelCanvas"); }
   /// In front of it: legends and the like.
@@ -23,15 +28,8 @@ class VEMO_SCENEGRAPH_EXPORT SceneNode final : public Node {
   SceneCanvas* hasBackgroundCanvas() const { return _backgroundCanvas.get(); }
   SceneCanvas* hasOrientationCanvas() const { return _orientationCanvas.get(); }
 
-  void listFields(FieldList& fields) override;
-
  private:
   SceneCanvas& canvas(Owned<SceneCanvas>& slot, const char* name);
-
-  Owned<SceneCanvas> _modelCanvas;
-  Owned<SceneCanvas> _foregroundCanvas;
-  Owned<SceneCanvas> _backgroundCanvas;
-  Owned<SceneCanvas> _orientationCanvas;
 };
 
 }  // namespace lum

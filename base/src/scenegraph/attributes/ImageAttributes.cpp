@@ -33,14 +33,4 @@ bool ImageAttributes::isSound() const {
   return fits(_pixels, _width, _height);
 }
 
-void ImageAttributes::listFields(FieldList& fields) {
-  Superclass::listFields(fields);
-  fields.addEnumeration("coordinateSpace", _coordinateSpace, CoordinateSpace::MODEL);
-  fields.add("xAxis", _xAxis);
-  fields.add("yAxis", _yAxis);
-  fields.add("width", _width);
-  fields.add("height", _height);
-  fields.add("pixels", _pixels);
-}
-
 }  // namespace lum

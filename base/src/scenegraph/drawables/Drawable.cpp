@@ -2,10 +2,9 @@
 
 namespace lum {
 
-// The attributes come first: what a drawable looks like is told before what
-// it is made of.
+// By hand: the attributes come before the nodes of the base class.
 void Drawable::listFields(FieldList& fields) {
-  fields.add("attributes", _attributes);
+  fields.add("attributes", &_attributes);
   CollectionNode::listFields(fields);
 }
 

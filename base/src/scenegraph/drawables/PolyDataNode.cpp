@@ -59,7 +59,7 @@ vtkCellArray* cellsOrNull(vtkCellArray* cells) {
 
 }  // namespace
 
-void PolyDataNode::setAttachmentPoint(const Point& point, int flag) {
+void PolyDataNode::setAttachmentPoint(const Vector3& point, int flag) {
   VEMO_REQUIRE(flag == 0, "Unknown way to set an attachment point");
   assign(_attachmentPoint, point);
 }
@@ -116,18 +116,6 @@ vtkCellArray* PolyDataNode::getStrips() const {
 }
 vtkCellArray* PolyDataNode::getPolys() const {
   return _polys;
-}
-
-void PolyDataNode::listFields(FieldList& fields) {
-  Superclass::listFields(fields);
-  fields.add("attachmentPoint", _attachmentPoint);
-  fields.add("points", _points);
-  fields.add("verts", _verts);
-  fields.add("lines", _lines);
-  fields.add("strips", _strips);
-  fields.add("polys", _polys);
-  fields.add("nodeDataArrays", _nodeDataArrays);
-  fields.add("cellDataArrays", _cellDataArrays);
 }
 
 }  // namespace lum

@@ -1,5 +1,5 @@
 #include "scenegraph/ArrayType.h"
-#include "scenegraph/inspect/NodePlace.h"
+#include "scenegraph/inspect/NodeDescription.h"
 #include <vemo/base/SameBits.h>
 #include <vemo/scenegraph/CollectionNode.h>
 #include <vemo/scenegraph/Owned.h>
@@ -91,17 +91,17 @@ struct FieldComparison {
     return FieldComparison{FieldValue(&**second)}(&**left);
   }
   std::string operator()(std::map<std::string, Vector<3, double>>* left) const {
-    auto place = right(left)->begin();
+    auto second = right(left)->begin();
     if (left->size() != right(left)->size()) {
       return differ(left->size(), right(left)->size());
     }
     for (auto& [key, vector] : *left) {
-      std::string difference = differ(key, place->first);
-      difference += differBits(vector.data(), place->second.data(), sizeof(double) * 3);
+      std::string difference = differ(key, second->first);
+      difference += differBits(vector.data(), second->second.data(), sizeof(double) * 3);
       if (!difference.empty()) {
         return fmt::format("{}: {}", key, difference);
       }
-      ++place;
+      ++second;
     }
     return {};
   }
@@ -138,7 +138,7 @@ struct FieldComparison {
     const std::string counts = differ(left->getNodeCount(), right(left)->getNodeCount());
     return counts.empty() ? "" : counts + " nodes";
   }
-  // What they refer to is compared by its place, once all places are known.
+  // What they refer to is compared by its position, once all positions are known.
   std::string operator()(ReferenceSlot* left) const {
     return (left->getNode() == nullptr) == (right(left)->getNode() == nullptr) ? ""
                                                                                : "only one refers to a node";
@@ -155,7 +155,7 @@ class GraphComparison {
       _waiting.pop_back();
       const std::string difference = compare(*first, *second);
       if (!difference.empty()) {
-        return describePlace(*first) + ": " + difference;
+        return describeNode(*first) + ": " + difference;
       }
     }
     return _references.empty() ? "" : compareReferences(left, right);
@@ -205,26 +205,26 @@ class GraphComparison {
 
   /// A node outside of the graph is the same only as itself.
   std::string compareReferences(Node& left, Node& right) const {
-    const auto leftPlaces = placesIn(left);
-    const auto rightPlaces = placesIn(right);
+    const auto leftPositions = positionsIn(left);
+    const auto rightPositions = positionsIn(right);
     for (const ReferencePair& pair : _references) {
-      const auto first = leftPlaces.find(pair.left);
-      const auto second = rightPlaces.find(pair.right);
-      const bool isOutside = first == leftPlaces.end() && second == rightPlaces.end();
-      if (isOutside
-              ? pair.left != pair.right
-              : first == leftPlaces.end() || second == rightPlaces.end() || first->second != second->second) {
-        return fmt::format("{}: refers to {} against {}", describePlace(*pair.owner),
-                           describePlace(*pair.left), describePlace(*pair.right));
+      const auto first = leftPositions.find(pair.left);
+      const auto second = rightPositions.find(pair.right);
+      const bool isOutside = first == leftPositions.end() && second == rightPositions.end();
+      if (isOutside ? pair.left != pair.right
+                    : first == leftPositions.end() || second == rightPositions.end() ||
+                          first->second != second->second) {
+        return fmt::format("{}: refers to {} against {}", describeNode(*pair.owner), describeNode(*pair.left),
+                           describeNode(*pair.right));
       }
     }
     return {};
   }
 
-  static std::unordered_map<const Node*, std::size_t> placesIn(Node& root) {
-    std::unordered_map<const Node*, std::size_t> places;
-    forEachNode(root, [&](Node& node) { places.emplace(&node, places.size()); });
-    return places;
+  static std::unordered_map<const Node*, std::size_t> positionsIn(Node& root) {
+    std::unordered_map<const Node*, std::size_t> positions;
+    forEachNode(root, [&](Node& node) { positions.emplace(&node, positions.size()); });
+    return positions;
   }
 
   std::vector<std::pair<Node*, Node*>> _waiting;

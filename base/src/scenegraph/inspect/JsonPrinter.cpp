@@ -1,3 +1,4 @@
+#include "scenegraph/ArrayType.h"
 #include "scenegraph/inspect/NodePaths.h"
 #include <vemo/scenegraph/CollectionNode.h>
 #include <vemo/scenegraph/Owned.h>
@@ -48,14 +49,8 @@ bool isFinite(T value) {
   }
 }
 
-template <class T>
-std::string typeName() {
-  const char* const kind = std::is_floating_point_v<T> ? "float" : std::is_signed_v<T> ? "int" : "uint";
-  return kind + std::to_string(8 * sizeof(T));
-}
-
-/// Where the least and the greatest of an array's finite values stand; beyond
-/// its end when there are none.
+/// The indices of the least and the greatest of an array's finite values; the
+/// number of values when there are none.
 struct Extremes {
   std::size_t least;
   std::size_t greatest;
@@ -156,7 +151,7 @@ class FieldPrinter {
     _json.endObject();
   }
 
-  // What a node owns stands among its nodes.
+  // What a node owns is among its nodes.
   void operator()(OwnedSlot*) const {}
   void operator()(CollectionNode*) const {}
 
@@ -173,7 +168,7 @@ class FieldPrinter {
   void print(vtkDataArray& array, std::span<const T> values) const {
     _json.beginObject(JsonWriter::Layout::ONE_LINE);
     _json.key("type");
-    _json.value(typeName<T>());
+    _json.value(arrayTypeName(array));
     _json.key("components");
     _json.value(array.GetNumberOfComponents());
     _json.key("tuples");

@@ -28,7 +28,7 @@ void appendEscaped(std::string& out, char character) {
   out += {'\\', 'u', '0', '0', DIGITS[byte >> 4], DIGITS[byte & 0xF]};
 }
 
-/// The text with a U+FFFD in place of each byte that is no UTF-8.
+/// The text with a U+FFFD in place of each byte that is not UTF-8.
 std::string toValidUtf8(std::string_view text) {
   std::wstring characters = vemo::toWidePath(text);
   const auto isStrayByte = [](wchar_t character) { return character >= 0xDC80 && character <= 0xDCFF; };

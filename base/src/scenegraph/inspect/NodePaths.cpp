@@ -33,11 +33,11 @@ std::string escapeName(const std::string& name) {
 
 void NodePaths::print(JsonWriter& json, const Node& node) {
   std::vector<const Node*> steps;
-  const Node* place = &node;
-  for (; place != &_root && place != nullptr; place = place->getOwner()) {
-    steps.push_back(place);
+  const Node* next = &node;
+  for (; next != &_root && next != nullptr; next = next->getOwner()) {
+    steps.push_back(next);
   }
-  if (place == nullptr) {
+  if (next == nullptr) {
     json.null();
     return;
   }

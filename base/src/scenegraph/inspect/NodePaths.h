@@ -10,7 +10,7 @@ namespace lum {
 class JsonWriter;
 class Node;
 
-/// Says where nodes stand below a root, in the form that JsonPrinter.h
+/// The paths of nodes below a root, in the form that JsonPrinter.h
 /// describes. The graph does not change meanwhile.
 class NodePaths {
  public:

@@ -5,7 +5,7 @@ namespace lum::io {
 FileError::FileError(FileIoStatus status, const std::string& text)
     : std::runtime_error(text), _status(status) {}
 
-// Stands here so that the class has one type description, which exceptions
+// Defined here so that the class has one type description, which exceptions
 // that cross library borders are recognised by.
 FileError::~FileError() = default;
 

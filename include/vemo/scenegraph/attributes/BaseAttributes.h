@@ -6,11 +6,13 @@
 
 namespace lum {
 
-/// What every drawable has: whether it is seen, whether clipping planes cut
-/// it, and how it is moved. All of it holds for what the drawable owns too.
+/// What every drawable has: whether it is visible, whether clipping planes cut
+/// it, and its transform. All of it applies to what the drawable owns too.
 class VEMO_SCENEGRAPH_EXPORT BaseAttributes final : public Attributes {
   LUM_NODE(BaseAttributes, Attributes)
+  LUM_FIELD(bool, _visibility, true)
   LUM_VALUE(bool, ClipPlanesEnabled, _clipPlanesEnabled, true)
+  LUM_FIELD(Owned<Transform>, _transform)
 
  public:
   bool getVisibility() const { return _visibility; }
@@ -20,23 +22,12 @@ class VEMO_SCENEGRAPH_EXPORT BaseAttributes final : public Attributes {
                               [=](BaseAttributes& each) { each.assign(each._visibility, visibility); });
   }
 
-  /// Null when the drawable stands where it is.
+  /// Null when the drawable is not transformed.
   Transform* getTransform() const { return _transform.get(); }
   /// Throws InternalError for a transform that is owned already.
   void setTransform(Transform* transform) {
     VEMO_REQUIRE(_transform.put(*this, transform), "The transform belongs to other attributes");
   }
-
-  void listFields(FieldList& fields) override {
-    Superclass::listFields(fields);
-    fields.add("visibility", _visibility);
-    fields.add("clipPlanesEnabled", _clipPlanesEnabled);
-    fields.add("transform", _transform);
-  }
-
- private:
-  bool _visibility = true;
-  Owned<Transform> _transform;
 };
 
 }  // namespace lum

@@ -1,16 +1,14 @@
 #pragma once
 
-#include <cstdint>
+#include <vemo/scenegraph/Enumeration.h>
 
 namespace lum {
 
-/// What a position of text or of an image is given in.
-enum class CoordinateSpace : std::int32_t {
-  /// Fractions of the canvas's width and height from its lower left corner; z
-  /// is not used.
-  WINDOW = 0,
-  /// Model coordinates.
-  MODEL = 1,
-};
+/// What the position of a text or of an image is given in.
+LUM_ENUM(CoordinateSpace,
+         /// Fractions of the canvas's width and height from its lower left corner; z is not used.
+         (WINDOW, "window"),
+         /// Model coordinates.
+         (MODEL, "model"))
 
 }  // namespace lum

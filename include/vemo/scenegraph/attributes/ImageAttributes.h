@@ -7,16 +7,17 @@
 
 namespace lum {
 
-/// An image and how large it is shown. Its lower left corner stands at its
-/// drawable's position.
+/// An image and its size. Its lower left corner is at its drawable's position.
 class VEMO_SCENEGRAPH_EXPORT ImageAttributes final : public Attributes {
-  using Vector3 = Vector<3, double>;
   LUM_NODE(ImageAttributes, Attributes)
   LUM_ENUMERATION(CoordinateSpace, CoordinateSpace, _coordinateSpace, CoordinateSpace::WINDOW)
   /// From the lower left corner to the lower right one, and to the upper left
   /// one, in that space.
   LUM_VALUE(Vector3, XAxis, _xAxis, {1.0, 0.0, 0.0})
   LUM_VALUE(Vector3, YAxis, _yAxis, {0.0, 1.0, 0.0})
+  LUM_FIELD(std::int32_t, _width, 0)
+  LUM_FIELD(std::int32_t, _height, 0)
+  LUM_FIELD(vtkSmartPointer<vtkDataArray>, _pixels)
 
  public:
   std::int32_t getWidth() const { return _width; }
@@ -32,13 +33,6 @@ class VEMO_SCENEGRAPH_EXPORT ImageAttributes final : public Attributes {
 
   /// Whether the pixels are as setPixels wants them; false also without any.
   bool isSound() const;
-
-  void listFields(FieldList& fields) override;
-
- private:
-  std::int32_t _width = 0;
-  std::int32_t _height = 0;
-  vtkSmartPointer<vtkDataArray> _pixels;
 };
 
 }  // namespace lum

@@ -21,14 +21,6 @@ class VEMO_SCENEGRAPH_EXPORT TextAttributes final : public Attributes {
   static constexpr std::uint32_t ITALIC = 1;
   static constexpr std::uint32_t BOLD = 2;
   static constexpr std::uint32_t SHADOW = 4;
-
-  void listFields(FieldList& fields) override {
-    Superclass::listFields(fields);
-    fields.add("fontFamilyName", _fontFamilyName);
-    fields.add("fontStyle", _fontStyle);
-    fields.add("foregroundColor", _foregroundColor);
-    fields.add("fontSize", _fontSize);
-  }
 };
 
 }  // namespace lum

@@ -4,7 +4,7 @@
 
 namespace lum {
 
-/// The labels of a triad of axes and how its size is taken.
+/// The labels and the size of a triad of axes.
 class VEMO_SCENEGRAPH_EXPORT TriadAttributes final : public Attributes {
   LUM_NODE(TriadAttributes, Attributes)
   /// Whether the triad keeps its size on the screen whatever the camera does:
@@ -16,16 +16,6 @@ class VEMO_SCENEGRAPH_EXPORT TriadAttributes final : public Attributes {
   LUM_VALUE(std::string, XAxisLabelText, _xAxisLabelText, "X")
   LUM_VALUE(std::string, YAxisLabelText, _yAxisLabelText, "Y")
   LUM_VALUE(std::string, ZAxisLabelText, _zAxisLabelText, "Z")
-
- public:
-  void listFields(FieldList& fields) override {
-    Superclass::listFields(fields);
-    fields.add("useConstantPixelSize", _useConstantPixelSize);
-    fields.add("axisLabelHeight", _axisLabelHeight);
-    fields.add("xAxisLabelText", _xAxisLabelText);
-    fields.add("yAxisLabelText", _yAxisLabelText);
-    fields.add("zAxisLabelText", _zAxisLabelText);
-  }
 };
 
 }  // namespace lum

@@ -1,14 +1,14 @@
 #pragma once
 
 #include <vemo/scenegraph/CollectionNode.h>
-#include <vemo/scenegraph/attributes/AttributesCollection.h>
+#include <vemo/scenegraph/attributes/AttributesOwner.h>
 #include <vemo/scenegraph/attributes/BaseAttributes.h>
-#include <vemo/scenegraph/attributes/ColorAttributes.h>
+#include <vemo/scenegraph/coloring/ColorAttributes.h>
 
 namespace lum {
 
-/// Something that is seen, described by its attributes. It may own further
-/// nodes: the geometry that it draws, or other drawables.
+/// Something visible, described by its attributes. It may own further nodes:
+/// the geometry that it draws, or other drawables.
 class VEMO_SCENEGRAPH_EXPORT Drawable : public CollectionNode, public AttributesOwner {
  public:
   using CollectionNode::CollectionNode;
@@ -26,12 +26,6 @@ class VEMO_SCENEGRAPH_EXPORT Drawable : public CollectionNode, public Attributes
   Node& self() final { return *this; }
 };
 
-/// Drawables that are seen, hidden, and moved together.
-class VEMO_SCENEGRAPH_EXPORT DrawableCollection final : public Drawable {
-  LUM_NODE(DrawableCollection, Drawable)
-
- protected:
-  bool accepts(const Node& node) const override { return dynamic_cast<const Drawable*>(&node) != nullptr; }
-};
-
 }  // namespace lum
+
+#include <vemo/scenegraph/drawables/DrawableCollection.h>

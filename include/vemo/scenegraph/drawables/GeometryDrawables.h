@@ -1,42 +1,5 @@
 #pragma once
 
-#include <vemo/scenegraph/drawables/Drawable.h>
-#include <vemo/scenegraph/drawables/PolyDataNode.h>
-
-namespace lum {
-
-/// Draws the poly data that it owns. A poly data node that is added without a
-/// name gets one that is free among those already there ("PolyDataNode",
-/// "PolyDataNode2", ...), so that each has a key of its own to be coloured by.
-class VEMO_SCENEGRAPH_EXPORT GeometryDrawable : public Drawable {
- public:
-  using Drawable::Drawable;
-
-  /// Made when they are first asked for.
-  ColorAttributes* getColorAttributes() override { return &getAttributes<ColorAttributes>(); }
-
-  bool addNode(Node& node);
-
- protected:
-  ~GeometryDrawable() override = default;
-  bool accepts(const Node& node) const override {
-    return dynamic_cast<const PolyDataNode*>(&node) != nullptr;
-  }
-};
-
-/// Polygons and strips, as faces, edges or both.
-class VEMO_SCENEGRAPH_EXPORT SurfaceDrawable final : public GeometryDrawable {
-  LUM_NODE(SurfaceDrawable, GeometryDrawable)
-};
-
-/// Lines.
-class VEMO_SCENEGRAPH_EXPORT PolyLineDrawable final : public GeometryDrawable {
-  LUM_NODE(PolyLineDrawable, GeometryDrawable)
-};
-
-/// Points.
-class VEMO_SCENEGRAPH_EXPORT PointSphereDrawable final : public GeometryDrawable {
-  LUM_NODE(PointSphereDrawable, GeometryDrawable)
-};
-
-}  // namespace lum
+#include <vemo/scenegraph/drawables/PointSphereDrawable.h>
+#include <vemo/scenegraph/drawables/PolyLineDrawable.h>
+#include <vemo/scenegraph/drawables/SurfaceDrawable.h>

@@ -11,16 +11,22 @@ namespace lum {
 /// Points, cells on them, and data arrays over both: a piece of geometry.
 /// Arrays are shared with the poly data given and handed out, never copied.
 class VEMO_SCENEGRAPH_EXPORT PolyDataNode final : public Node {
-  using Point = Vector<3, double>;
+  LUM_NODE(PolyDataNode, Node)
+  LUM_FIELD(Vector3, _attachmentPoint)
+  LUM_FIELD(vtkSmartPointer<vtkDataArray>, _points)
+  LUM_FIELD(vtkSmartPointer<vtkCellArray>, _verts)
+  LUM_FIELD(vtkSmartPointer<vtkCellArray>, _lines)
+  LUM_FIELD(vtkSmartPointer<vtkCellArray>, _strips)
+  LUM_FIELD(vtkSmartPointer<vtkCellArray>, _polys)
+  LUM_FIELD(ArrayTable, _nodeDataArrays)
+  LUM_FIELD(ArrayTable, _cellDataArrays)
 
  public:
-  LUM_NODE(PolyDataNode, Node)
-
   /// The point of the geometry that it is held by, in model coordinates.
-  const Point& getAttachmentPoint() const { return _attachmentPoint; }
+  const Vector3& getAttachmentPoint() const { return _attachmentPoint; }
   /// `flag`: 0 sets the point and leaves the geometry where it is; any other
   /// value is refused with InternalError.
-  void setAttachmentPoint(const Point& point, int flag);
+  void setAttachmentPoint(const Vector3& point, int flag);
 
   /// Takes points, cells and data arrays over from the poly data, in place of
   /// those held before.
@@ -43,18 +49,6 @@ class VEMO_SCENEGRAPH_EXPORT PolyDataNode final : public Node {
   vtkCellArray* getLines() const;
   vtkCellArray* getStrips() const;
   vtkCellArray* getPolys() const;
-
-  void listFields(FieldList& fields) override;
-
- private:
-  Point _attachmentPoint;
-  vtkSmartPointer<vtkDataArray> _points;
-  vtkSmartPointer<vtkCellArray> _verts;
-  vtkSmartPointer<vtkCellArray> _lines;
-  vtkSmartPointer<vtkCellArray> _strips;
-  vtkSmartPointer<vtkCellArray> _polys;
-  ArrayTable _nodeDataArrays;
-  ArrayTable _cellDataArrays;
 };
 
 }  // namespace lum

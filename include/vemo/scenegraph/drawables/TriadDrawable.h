@@ -1,7 +1,8 @@
 #pragma once
 
 #include <vemo/scenegraph/Owned.h>
-#include <vemo/scenegraph/attributes/PlacementAttributes.h>
+#include <vemo/scenegraph/attributes/OrientationAttributes.h>
+#include <vemo/scenegraph/attributes/PositionAttributes.h>
 #include <vemo/scenegraph/attributes/TextAttributes.h>
 #include <vemo/scenegraph/attributes/TriadAttributes.h>
 #include <vemo/scenegraph/canvas/CameraAttributes.h>
@@ -12,24 +13,21 @@ namespace lum {
 /// Three labelled axes. All attributes are made when they are first asked for.
 class VEMO_SCENEGRAPH_EXPORT TriadDrawable final : public Drawable {
   LUM_NODE(TriadDrawable, Drawable)
+  LUM_FIELD(Reference<CameraAttributes>, _cameraAttributes)
 
+ public:
   TriadAttributes& getTriadAttributes() { return getAttributes<TriadAttributes>(); }
   TextAttributes& getTextAttributes() { return getAttributes<TextAttributes>(); }
   PositionAttributes& getPositionAttributes() { return getAttributes<PositionAttributes>(); }
   OrientationAttributes& getOrientationAttributes() { return getAttributes<OrientationAttributes>(); }
 
   /// The camera that the triad turns with, which another canvas owns; null
-  /// when it turns with none.
+  /// when there is none.
   CameraAttributes* getCameraAttributes() const { return _cameraAttributes.get(); }
   void setCameraAttributes(CameraAttributes* camera) {
     _cameraAttributes.put(camera);
     modified();
   }
-
-  void listFields(FieldList& fields) override;
-
- private:
-  Reference<CameraAttributes> _cameraAttributes;
 };
 
 }  // namespace lum

@@ -1,12 +1,13 @@
 #include "vemoview/window/ArrayText.h"
 
 #include "vemoview/window/ItemText.h"
+#include <vemo/scenegraph/inspect/ArrayText.h>
+#include <vemo/scenegraph/inspect/NumberText.h>
 
 #include <vtkDataArray.h>
 #include <vtkVariant.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <fmt/format.h>
 #include <string>
@@ -14,9 +15,6 @@
 namespace vemo {
 
 namespace {
-
-/// GetFiniteRange takes it for the length of the tuples.
-constexpr int LENGTHS = -1;
 
 std::string valueText(vtkDataArray& array, vtkIdType tuple, int component) {
   const double number = array.GetComponent(tuple, component);
@@ -61,21 +59,18 @@ QString tupleText(vtkDataArray& array, vtkIdType tuple) {
   }
   text = "(" + text + (components > MOST_COMPONENTS ? ", ...)" : ")");
   if (components <= VECTOR_COMPONENTS) {
-    text += fmt::format(", length {:.6g}", lengthOf(array, tuple));
+    text += ", length " + lum::describeNumber(lengthOf(array, tuple));
   }
   return QString::fromStdString(text);
 }
 
 QString rangeText(vtkDataArray& array, int component) {
-  std::array<double, 2> range{1.0, 0.0};
-  array.GetFiniteRange(range.data(), component);
-  return range[0] <= range[1] ? QString::fromStdString(fmt::format("{:.6g} .. {:.6g}", range[0], range[1]))
-                              : QString("nothing finite");
+  return QString::fromStdString(lum::describeRange(array, component));
 }
 
 QString rangeText(vtkDataArray& array) {
   const bool isVector = array.GetNumberOfComponents() > 1;
-  return isVector ? "length " + rangeText(array, LENGTHS) : rangeText(array, 0);
+  return isVector ? "length " + rangeText(array, lum::TUPLE_LENGTH) : rangeText(array, 0);
 }
 
 QString nameOf(vtkDataArray& array) {

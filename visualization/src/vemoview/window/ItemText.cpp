@@ -1,8 +1,8 @@
 #include "vemoview/window/ItemText.h"
 
 #include <vemo/scenegraph/drawables/Drawable.h>
+#include <vemo/scenegraph/inspect/NumberText.h>
 
-#include <QLocale>
 #include <utility>
 
 namespace vemo {
@@ -42,7 +42,7 @@ QString pathOf(const ItemTree& items, int item) {
 }
 
 QString countText(std::int64_t count) {
-  return QLocale(QLocale::English).toString(static_cast<qlonglong>(count));
+  return QString::fromStdString(lum::groupDigits(count));
 }
 
 }  // namespace vemo

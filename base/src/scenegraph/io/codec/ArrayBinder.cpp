@@ -1,8 +1,7 @@
 #include "scenegraph/io/codec/ArrayBinder.h"
 
 #include "scenegraph/ArrayType.h"
-#include "scenegraph/inspect/NodePlace.h"
-#include "scenegraph/io/codec/FieldKind.h"
+#include "scenegraph/inspect/NodeDescription.h"
 
 #include <vtkCellArray.h>
 #include <vtkTypeInt32Array.h>
@@ -63,9 +62,9 @@ void ArrayBinder::expectFor(Node& node, bool isNew) {
   _waiting.push_back({Ptr<Node>(&node), _uses.size(), 0, 0});
 }
 
-void ArrayBinder::expect(std::size_t place, std::size_t chunk) {
+void ArrayBinder::expect(std::size_t field, std::size_t chunk) {
   Waiting& waiting = _waiting.back();
-  _uses.push_back({static_cast<std::uint32_t>(chunk), static_cast<std::uint32_t>(place),
+  _uses.push_back({static_cast<std::uint32_t>(chunk), static_cast<std::uint32_t>(field),
                    static_cast<std::uint32_t>(_waiting.size() - 1)});
   ++waiting.useCount;
   waiting.missing += has(chunk) ? 0 : 1;
@@ -150,14 +149,14 @@ std::string ArrayBinder::complete(std::uint32_t number) {
     return {};
   }
   clearAll(fields);
-  return describePlace(*node) + ": " + fault;
+  return describeNode(*node) + ": " + fault;
 }
 
 std::string ArrayBinder::putArrays(const Waiting& waiting, FieldList& fields) {
   const auto end = _uses.begin() + static_cast<std::ptrdiff_t>(waiting.firstUse + waiting.useCount);
   for (auto use = end - static_cast<std::ptrdiff_t>(waiting.useCount); use != end; ++use) {
     vtkDataArray& array = getArray(use->chunk);
-    const Field& field = fields[use->place];
+    const Field& field = fields[use->field];
     if (const auto* single = std::get_if<vtkSmartPointer<vtkDataArray>*>(&field.value)) {
       **single = &array;
     } else if (const auto* table = std::get_if<ArrayTable*>(&field.value)) {

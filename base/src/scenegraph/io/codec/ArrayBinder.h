@@ -22,10 +22,10 @@ class ArrayBinder {
   /// Takes the arrays out of a field; other fields stay as they are.
   static void clear(const Field& field);
 
-  /// A node waits for these chunks from now on, and for no others: its field at
-  /// a place takes a chunk, or several, in the order in which they are told.
+  /// From now on a node waits for the chunks that calls of `expect` name, and for
+  /// no others. The field of an index takes one or several, in their order.
   void expectFor(Node& node, bool isNew);
-  void expect(std::size_t place, std::size_t chunk);
+  void expect(std::size_t field, std::size_t chunk);
 
   /// The chunks that any node has waited for, in ascending order.
   std::vector<std::size_t> getExpected();
@@ -44,7 +44,7 @@ class ArrayBinder {
  private:
   struct Use {
     std::uint32_t chunk;
-    std::uint32_t place;
+    std::uint32_t field;
     std::uint32_t waiting;
   };
   struct Waiting {

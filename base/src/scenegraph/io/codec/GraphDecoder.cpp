@@ -1,6 +1,6 @@
 #include "scenegraph/io/codec/GraphDecoder.h"
 
-#include "scenegraph/inspect/NodePlace.h"
+#include "scenegraph/inspect/NodeDescription.h"
 #include "scenegraph/io/codec/GraphFormat.h"
 #include "scenegraph/io/codec/ValueReader.h"
 #include <vemo/scenegraph/CollectionNode.h>
@@ -57,8 +57,7 @@ Ptr<Node> GraphDecoder::decode(std::string_view bytes) {
   return _root;
 }
 
-// What they own is told anew: it may come back in another place, and in any
-// order.
+// The graph has all that they own, which may now be elsewhere and in any order.
 void GraphDecoder::readChanged(ByteReader& in) {
   for (std::size_t count = in.count("changed nodes", 1); count > 0; --count) {
     const std::size_t number = in.index("changed node", _knownCount);
@@ -86,8 +85,8 @@ void GraphDecoder::disownAll(Node& node) {
 
 void GraphDecoder::readNode(ByteReader& in, bool isFirst) {
   const Record record = readRecord(in);
-  const FileField* place = readPlace(in, isFirst);
-  const Ptr<Node> node = findOrMake(record, place);
+  const FileField* ownerField = readPosition(in, isFirst);
+  const Ptr<Node> node = findOrMake(record, ownerField);
   if (isFirst) {
     if (!node) {
       throw FileError(FileIoStatus::UnsupportedFormat,
@@ -101,7 +100,7 @@ void GraphDecoder::readNode(ByteReader& in, bool isFirst) {
   Level& level = _levels[_depth++];
   level.node = node.get();
   level.fileClass = record.fileClass;
-  level.isTold = record.isTold;
+  level.isComplete = record.isComplete;
   level.fields.clear();
   if (level.node != nullptr) {
     level.node->listFields(level.fields);
@@ -109,11 +108,11 @@ void GraphDecoder::readNode(ByteReader& in, bool isFirst) {
   if (record.isNew) {
     _newNodes.push_back(level.node);
   }
-  if (record.isTold) {
+  if (record.isComplete) {
     readValues(in, level, record.isNew);
   }
-  if (place != nullptr && level.node != nullptr) {
-    attach(_levels[_depth - 2], *place, *level.node);
+  if (ownerField != nullptr && level.node != nullptr) {
+    attach(_levels[_depth - 2], *ownerField, *level.node);
   }
 }
 
@@ -135,24 +134,24 @@ GraphDecoder::Record GraphDecoder::readRecord(ByteReader& in) {
 }
 
 /// The field of the owner, which is at the deepest level left; null for a root.
-const FileField* GraphDecoder::readPlace(ByteReader& in, bool isFirst) {
-  const std::uint64_t place = in.number("place of a node");
-  if ((place == ROOT_PLACE) != isFirst) {
+const FileField* GraphDecoder::readPosition(ByteReader& in, bool isFirst) {
+  const std::uint64_t position = in.number("position of a node");
+  if ((position == ROOT_POSITION) != isFirst) {
     fail(isFirst ? "The first node has an owner" : "There is more than one root");
   }
   if (isFirst) {
     return nullptr;
   }
-  if (place > _depth) {
-    fail(fmt::format("Its owner is {} levels up, where there are {}", place - 1, _depth));
+  if (position > _depth) {
+    fail(fmt::format("Its owner is {} levels up, where there are {}", position - 1, _depth));
   }
-  _depth -= place - 1;
+  _depth -= position - 1;
   if (_depth >= static_cast<std::size_t>(Node::MAXIMUM_DEPTH)) {
     fail(fmt::format("The scene is nested more than {} nodes deep", Node::MAXIMUM_DEPTH));
   }
   const FileClass& owner = *_levels[_depth - 1].fileClass;
   const FileField& field = owner.fields[in.index("field of the owner", owner.fields.size())];
-  if (field.kind != FieldKind::OWNED && field.kind != FieldKind::NODES) {
+  if (field.kind != FieldKinds::kindOf<OwnedSlot*>() && field.kind != FieldKinds::kindOf<CollectionNode*>()) {
     fail("It is in a field of " + owner.name + " that holds no nodes");
   }
   return &field;
@@ -160,9 +159,9 @@ const FileField* GraphDecoder::readPlace(ByteReader& in, bool isFirst) {
 
 /// Empty for a node that is left out: with its owner, or because its class or
 /// the owner's field are unknown here.
-Ptr<Node> GraphDecoder::findOrMake(const Record& record, const FileField* place) {
-  const Level* owner = place != nullptr ? &_levels[_depth - 1] : nullptr;
-  if (owner != nullptr && !owner->isTold && (record.isNew || record.known->getOwner() != owner->node)) {
+Ptr<Node> GraphDecoder::findOrMake(const Record& record, const FileField* ownerField) {
+  const Level* owner = ownerField != nullptr ? &_levels[_depth - 1] : nullptr;
+  if (owner != nullptr && !owner->isComplete && (record.isNew || record.known->getOwner() != owner->node)) {
     fail("It belongs to a node that did not change");
   }
   if (!record.isNew) {
@@ -171,17 +170,17 @@ Ptr<Node> GraphDecoder::findOrMake(const Record& record, const FileField* place)
     }
     return Ptr<Node>(record.known);
   }
-  if (owner != nullptr && (owner->node == nullptr || place->place == FileField::NOWHERE)) {
+  if (owner != nullptr && (owner->node == nullptr || ownerField->index == FileField::NONE)) {
     return {};
   }
   return createNode(ClassNameAndSessionNodeInitializer(record.fileClass->name, _sessionId));
 }
 
-void GraphDecoder::attach(Level& owner, const FileField& place, Node& node) const {
-  if (!owner.isTold || owner.node == nullptr) {
+void GraphDecoder::attach(Level& owner, const FileField& ownerField, Node& node) const {
+  if (!owner.isComplete || owner.node == nullptr) {
     return;
   }
-  const Field& field = owner.fields[place.place];
+  const Field& field = owner.fields[ownerField.index];
   bool done = false;
   if (const auto* slot = std::get_if<OwnedSlot*>(&field.value)) {
     done = (*slot)->getNode() == nullptr && (*slot)->put(*owner.node, &node);
@@ -189,8 +188,8 @@ void GraphDecoder::attach(Level& owner, const FileField& place, Node& node) cons
     done = std::get<CollectionNode*>(field.value)->addNode(node);
   }
   if (!done) {
-    fail(fmt::format("The field {} of {} does not take {}", field.name, describePlace(*owner.node),
-                     describePlace(node)));
+    fail(fmt::format("The field {} of {} does not take {}", field.name, describeNode(*owner.node),
+                     describeNode(node)));
   }
 }
 
@@ -205,27 +204,27 @@ void GraphDecoder::readValues(ByteReader& in, Level& level, bool isNew) {
   std::size_t bit = FIRST_FIELD_BIT;
   bool isWaiting = false;
   if (!isNew) {
-    // What it waited for before, it waits for no longer.
+    // It no longer waits for what it waited for before.
     _binder.expectFor(*level.node, false);
     isWaiting = true;
   }
   for (const FileField& field : level.fileClass->fields) {
-    const bool isSet = hasValue(field.kind) && isPresent(presence, bit);
-    bit += hasValue(field.kind) ? 1 : 0;
+    const bool isSet = isInRecord(field.kind) && isPresent(presence, bit);
+    bit += isInRecord(field.kind) ? 1 : 0;
     if (!isSet) {
       setAbsent(level, field, isNew);
       continue;
     }
     _chunks.clear();
     readField(in, level, field);
-    if (_chunks.empty() || level.node == nullptr || field.place == FileField::NOWHERE) {
+    if (_chunks.empty() || level.node == nullptr || field.index == FileField::NONE) {
       continue;
     }
     if (!std::exchange(isWaiting, true)) {
       _binder.expectFor(*level.node, isNew);
     }
     for (const std::size_t chunk : _chunks) {
-      _binder.expect(field.place, chunk);
+      _binder.expect(field.index, chunk);
     }
   }
 }
@@ -248,25 +247,25 @@ void GraphDecoder::readNames(ByteReader& in, Node* node, const std::string_view&
 
 void GraphDecoder::readField(ByteReader& in, const Level& level, const FileField& field) {
   ValueReader reader(in, _tables, _longStringBytes, _chunks);
-  if (level.node == nullptr || field.place == FileField::NOWHERE) {
+  if (level.node == nullptr || field.index == FileField::NONE) {
     reader.skip(field.kind);
     return;
   }
-  std::visit(reader, level.fields[field.place].value);
+  std::visit(reader, level.fields[field.index].value);
 }
 
 void GraphDecoder::setAbsent(const Level& level, const FileField& field, bool isNew) {
-  if (level.node == nullptr || field.place == FileField::NOWHERE || (isNew && !field.mustSetStandard)) {
+  if (level.node == nullptr || field.index == FileField::NONE || (isNew && !field.mustSetDefault)) {
     return;
   }
-  if (isArrays(field.kind)) {
+  if (field.kind.content == FieldContent::ARRAYS) {
     // Emptied, when a changed node no longer has them.
-    ArrayBinder::clear(level.fields[field.place]);
-  } else if (field.kind == FieldKind::REFERENCE) {
-    std::get<ReferenceSlot*>(level.fields[field.place].value)->put(nullptr);
-  } else if (hasValue(field.kind)) {
-    ByteReader standard(field.standard);
-    readField(standard, level, field);
+    ArrayBinder::clear(level.fields[field.index]);
+  } else if (field.kind == FieldKinds::kindOf<ReferenceSlot*>()) {
+    std::get<ReferenceSlot*>(level.fields[field.index].value)->put(nullptr);
+  } else if (isInRecord(field.kind)) {
+    ByteReader defaultValue(field.defaultValue);
+    readField(defaultValue, level, field);
   }
 }
 
@@ -285,19 +284,20 @@ void GraphDecoder::readReference(ByteReader& in) {
     return;
   }
   const FileClass& fileClass = classOf(*node);
-  if (number >= fileClass.fields.size() || fileClass.fields[number].kind != FieldKind::REFERENCE) {
-    fail(describePlace(*node) + " refers by a field that holds no reference");
+  if (number >= fileClass.fields.size() ||
+      fileClass.fields[number].kind != FieldKinds::kindOf<ReferenceSlot*>()) {
+    fail(describeNode(*node) + " refers by a field that holds no reference");
   }
-  const std::size_t place = fileClass.fields[number].place;
-  if (place == FileField::NOWHERE) {
+  const std::size_t index = fileClass.fields[number].index;
+  if (index == FileField::NONE) {
     return;
   }
   FieldList fields;
   node->listFields(fields);
-  const Field& field = fields[place];
+  const Field& field = fields[index];
   if (!std::get<ReferenceSlot*>(field.value)->put(target)) {
-    fail(fmt::format("The field {} of {} does not refer to {}", field.name, describePlace(*node),
-                     describePlace(*target)));
+    fail(fmt::format("The field {} of {} does not refer to {}", field.name, describeNode(*node),
+                     describeNode(*target)));
   }
 }
 

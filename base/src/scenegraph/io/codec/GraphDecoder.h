@@ -40,24 +40,24 @@ class GraphDecoder {
     Node* node = nullptr;
     const FileClass* fileClass = nullptr;
     FieldList fields;
-    // Whether what it owns is told anew.
-    bool isTold = true;
+    // Whether the graph has its values, and all that it owns.
+    bool isComplete = true;
   };
   /// A node in the file.
   struct Record {
     const FileClass* fileClass;
     Node* known;
     bool isNew;
-    bool isTold;
+    bool isComplete;
   };
 
   void readChanged(ByteReader& in);
   void disownAll(Node& node);
   void readNode(ByteReader& in, bool isFirst);
   Record readRecord(ByteReader& in);
-  const FileField* readPlace(ByteReader& in, bool isFirst);
-  Ptr<Node> findOrMake(const Record& record, const FileField* place);
-  void attach(Level& owner, const FileField& place, Node& node) const;
+  const FileField* readPosition(ByteReader& in, bool isFirst);
+  Ptr<Node> findOrMake(const Record& record, const FileField* ownerField);
+  void attach(Level& owner, const FileField& ownerField, Node& node) const;
   void readValues(ByteReader& in, Level& level, bool isNew);
   void readNames(ByteReader& in, Node* node, const std::string_view& presence);
   void readField(ByteReader& in, const Level& level, const FileField& field);

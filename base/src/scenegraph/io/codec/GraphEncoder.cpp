@@ -1,7 +1,6 @@
 #include "scenegraph/io/codec/GraphEncoder.h"
 
-#include "scenegraph/inspect/NodePlace.h"
-#include "scenegraph/io/codec/FieldKind.h"
+#include "scenegraph/inspect/NodeDescription.h"
 #include "scenegraph/io/codec/GraphFormat.h"
 #include <vemo/scenegraph/CollectionNode.h>
 #include <vemo/scenegraph/Logger.h>
@@ -72,7 +71,7 @@ void GraphEncoder::encodeHead(const Step& step, const KnownNode* known, const Ta
     _records.number(nodeClass->number + 1);
   }
   if (step.depth == 1) {
-    _records.number(ROOT_PLACE);
+    _records.number(ROOT_POSITION);
   } else {
     _records.number(_lastDepth - step.depth + 2);
     _records.number(step.field);
@@ -85,11 +84,11 @@ void GraphEncoder::encodeValues(Node& node, const TableWriter::Class& nodeClass)
   if (nodeClass.hasArrays) {
     const std::string fault = _check.findFault(node);
     if (!fault.empty()) {
-      throw FileError(FileIoStatus::WriteError, describePlace(node) + ": " + fault);
+      throw FileError(FileIoStatus::WriteError, describeNode(node) + ": " + fault);
     }
   }
   const auto valueCount =
-      std::ranges::count_if(_fields, [](const Field& field) { return hasValue(kindOf(field.value)); });
+      std::ranges::count_if(_fields, [](const Field& field) { return isInRecord(kindOf(field.value)); });
   const std::size_t bits = _records.size();
   const auto setBit = [&](std::size_t bit) {
     char& byte = _records[bits + bit / 8];
@@ -105,16 +104,16 @@ void GraphEncoder::encodeValues(Node& node, const TableWriter::Class& nodeClass)
     _records.number(_tables.addString(*node.getQualifiedName()));
   }
   std::size_t bit = FIRST_FIELD_BIT;
-  auto standard = nodeClass.defaults.begin();
+  auto defaultValue = nodeClass.defaults.begin();
   for (const Field& field : _fields) {
     const std::size_t start = _records.size();
     writeValue(_records, _tables, field.value);
-    if (_records.view(start) != *standard++) {
+    if (_records.view(start) != *defaultValue++) {
       setBit(bit);
     } else {
       _records.truncate(start);
     }
-    bit += hasValue(kindOf(field.value)) ? 1 : 0;
+    bit += isInRecord(kindOf(field.value)) ? 1 : 0;
   }
 }
 
@@ -184,7 +183,7 @@ void GraphEncoder::encodeReferences(Node& root) {
     if (found != _targets.end()) {
       target = found->second;
     } else if (!_findElsewhere || !_findElsewhere(*row.target, target)) {
-      VEMO_LOG_WARNING("A reference to " << describePlace(*row.target)
+      VEMO_LOG_WARNING("A reference to " << describeNode(*row.target)
                                          << " leaves the graph and is not written");
       continue;
     }

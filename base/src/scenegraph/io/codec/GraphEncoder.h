@@ -37,9 +37,6 @@ class GraphEncoder {
   /// stored.
   void encode(Node& root, ByteWriter& out);
 
-  /// The new nodes, in the order of their numbers.
-  std::uint64_t getNewCount() const { return _newCount; }
-
  private:
   struct Step {
     Node* node;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vemo/scenegraph/FieldKinds.h>
+
 #include <cstddef>
 #include <cstdint>
 
@@ -12,10 +14,8 @@
 ///             count of nodes; numbers of the nodes that changed
 ///             nodes, owners first, each followed by all that it owns:
 ///               class + 1, or 0 and the number of a node written before
-///               place: 0 for the root, else one more than how many levels
-///               below the node before this one the owner does not lie: 1 for
-///               a node owned by the one just before it, 2 for one owned by
-///               that one's owner, and so on
+///               position: 0 for the root; 1 for a node owned by the one just
+///               before it, 2 for one owned by that one's owner, and so on
 ///               number of the owner's field that holds the node (not for the root)
 ///               of new and changed nodes: presence bits (name, qualified name,
 ///               then the fields that have values, lowest bit first) and what
@@ -24,8 +24,8 @@
 ///             zeros, up to 8 bytes a node
 ///
 /// New nodes are numbered in their order, on from the last graph of the stream.
-/// Ownership is a matter of place: no file can say that a node has two owners,
-/// or owns itself. Defaults stand in the file because those of a later version
+/// Ownership follows from the position: no file can say that a node has two owners,
+/// or owns itself. Defaults are in the file because those of a later version
 /// may be others. Names and texts are numbers of strings.
 namespace lum::io {
 
@@ -38,7 +38,12 @@ inline constexpr std::size_t NAME_BIT = 0;
 inline constexpr std::size_t QUALIFIED_NAME_BIT = 1;
 inline constexpr std::size_t FIRST_FIELD_BIT = 2;
 
+/// Whether a node's record has presence bits for fields of this kind.
+constexpr bool isInRecord(FieldKind kind) {
+  return kind.content != FieldContent::NOTHING;
+}
+
 inline constexpr std::uint64_t KNOWN_NODE = 0;
-inline constexpr std::uint64_t ROOT_PLACE = 0;
+inline constexpr std::uint64_t ROOT_POSITION = 0;
 
 }  // namespace lum::io

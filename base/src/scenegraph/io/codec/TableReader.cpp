@@ -6,6 +6,7 @@
 #include <vemo/scenegraph/NodeFactory.h>
 #include <vemo/scenegraph/io/FileError.h>
 
+#include <algorithm>
 #include <fmt/format.h>
 
 namespace lum::io {
@@ -24,11 +25,12 @@ class NoArrays final : public ArraySink {
 
 FieldKind readKind(ByteReader& in) {
   const std::uint64_t number = in.number("field kind");
-  if (number == 0 || number > LAST_FIELD_KIND) {
+  const auto* const kind = std::ranges::find(FieldKinds::KINDS, number, &FieldKind::number);
+  if (kind == FieldKinds::KINDS.end()) {
     throw FileError(FileIoStatus::UnsupportedFormat,
                     fmt::format("There is no kind of field of number {}", number));
   }
-  return static_cast<FieldKind>(number);
+  return *kind;
 }
 
 std::size_t readFieldCount(ByteReader& in) {
@@ -83,8 +85,8 @@ FileClass TableReader::readClass(ByteReader& in) {
   std::size_t bits = FIRST_FIELD_BIT;
   for (std::size_t count = readFieldCount(in); count > 0; --count) {
     names.push_back(_strings[in.index("field name", _strings.size())]);
-    FileField field{readKind(in), FileField::NOWHERE, readDefault(in), false};
-    bits += hasValue(field.kind) ? 1 : 0;
+    FileField field{readKind(in), FileField::NONE, readDefault(in), false};
+    bits += isInRecord(field.kind) ? 1 : 0;
     result.fields.push_back(std::move(field));
   }
   result.presenceBytes = (bits + 7) / 8;
@@ -94,7 +96,6 @@ FileClass TableReader::readClass(ByteReader& in) {
 
 void TableReader::matchFields(FileClass& fileClass, const std::vector<std::string>& names) {
   const Ptr<Node> fresh = createNode(ClassNameNodeInitializer(fileClass.name));
-  fileClass.isKnown = static_cast<bool>(fresh);
   if (!fresh) {
     VEMO_LOG_WARNING("The file has nodes of class " << fileClass.name
                                                     << ", which is unknown here; they are left out");
@@ -105,19 +106,20 @@ void TableReader::matchFields(FileClass& fileClass, const std::vector<std::strin
   NoArrays sink;
   for (std::size_t i = 0; i < names.size(); ++i) {
     FileField& field = fileClass.fields[i];
-    std::size_t place = 0;
+    std::size_t index = 0;
     for (const Field& candidate : own) {
       if (names[i] == candidate.name && kindOf(candidate.value) == field.kind) {
-        field.place = place;
+        field.index = index;
         // Numbers of strings differ from file to file: texts are always set.
         TableWriter tables(sink, false);
         ByteWriter value;
         writeValue(value, tables, candidate.value);
-        field.mustSetStandard = field.standard != value.view() || field.kind == FieldKind::TEXT;
+        field.mustSetDefault =
+            field.defaultValue != value.view() || field.kind == FieldKinds::kindOf<std::string*>();
       }
-      ++place;
+      ++index;
     }
-    if (field.place == FileField::NOWHERE) {
+    if (field.index == FileField::NONE) {
       VEMO_LOG_WARNING("The field " << names[i] << " of class " << fileClass.name
                                     << " is unknown here; it is left out");
     }

@@ -2,7 +2,6 @@
 
 #include "scenegraph/io/codec/ByteReader.h"
 #include "scenegraph/io/codec/ChunkRow.h"
-#include "scenegraph/io/codec/FieldKind.h"
 #include <vemo/scenegraph/Node.h>
 
 #include <cstddef>
@@ -15,22 +14,20 @@ namespace lum::io {
 
 /// A field of a class as a file describes it.
 struct FileField {
-  /// Where the class of this program has no such field.
-  static constexpr std::size_t NOWHERE = static_cast<std::size_t>(-1);
+  /// The index where the class of this program has no such field.
+  static constexpr std::size_t NONE = static_cast<std::size_t>(-1);
 
   FieldKind kind;
-  /// Its place among the fields of the class of this program.
-  std::size_t place = NOWHERE;
-  /// The value of a node that says nothing of this field.
-  std::string standard;
-  /// Whether a new node of this program has another one.
-  bool mustSetStandard = false;
+  /// Its index among the fields of the class of this program.
+  std::size_t index = NONE;
+  /// The value where the record of a node has none.
+  std::string defaultValue;
+  /// Whether a new node of this program has another value.
+  bool mustSetDefault = false;
 };
 
 struct FileClass {
   std::string name;
-  /// Whether this program has such a class.
-  bool isKnown = false;
   std::vector<FileField> fields;
   std::size_t presenceBytes = 0;
 };

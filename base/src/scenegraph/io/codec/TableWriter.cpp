@@ -1,6 +1,5 @@
 #include "scenegraph/io/codec/TableWriter.h"
 
-#include "scenegraph/io/codec/FieldKind.h"
 #include <vemo/scenegraph/NodeFactory.h>
 #include <vemo/scenegraph/io/FileError.h>
 
@@ -13,7 +12,7 @@ namespace lum::io {
 
 namespace {
 
-/// One call for each kind of field: see FieldKind.
+/// One call for each row of FieldKinds.
 class ValueWriter {
  public:
   ValueWriter(ByteWriter& out, TableWriter& tables) : _out(out), _tables(tables) {}
@@ -108,10 +107,10 @@ TableWriter::Class TableWriter::addClass(Node& node) {
     ByteWriter value;
     writeValue(value, *this, field.value);
     row.number(addString(field.name));
-    row.number(static_cast<std::uint64_t>(kind));
+    row.number(kind.number);
     row.text(value.view());
     result.defaults.emplace_back(value.view());
-    result.hasArrays = result.hasArrays || isArrays(kind);
+    result.hasArrays = result.hasArrays || kind.content == FieldContent::ARRAYS;
   }
   _classRows.rows.bytes(row.view().data(), row.size());
   ++_classRows.count;
@@ -135,7 +134,7 @@ std::uint64_t TableWriter::addArray(vtkDataArray& array, bool shared) {
     return writeArray(array);
   }
   KnownArray& known = _arrays[&array];
-  // Another array may have come to lie in the place of one that is gone.
+  // Another array may have been made at the address of one that is gone.
   if (known.array != &array || known.time != array.GetMTime()) {
     known = {&array, array.GetMTime(), writeArray(array)};
   }

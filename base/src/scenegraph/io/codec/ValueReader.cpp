@@ -1,84 +1,18 @@
 #include "scenegraph/io/codec/ValueReader.h"
 
 #include "scenegraph/io/codec/TableWriter.h"
+#include <vemo/scenegraph/CollectionNode.h>
+#include <vemo/scenegraph/Owned.h>
 #include <vemo/scenegraph/io/FileError.h>
+
+#include <vtkCellArray.h>
+#include <vtkDataArray.h>
+#include <vtkSmartPointer.h>
 
 #include <fmt/format.h>
 #include <limits>
 
 namespace lum::io {
-
-namespace {
-
-/// A place for a value of each kind that nobody wants.
-class Unwanted {
- public:
-  FieldValue placeOf(FieldKind kind) {
-    switch (kind) {
-      case FieldKind::BOOLEAN:
-        return &_boolean;
-      case FieldKind::INT32:
-        return &_int32;
-      case FieldKind::UINT32:
-        return &_uint32;
-      case FieldKind::FLOAT32:
-        return &_float32;
-      case FieldKind::FLOAT64:
-        return &_float64;
-      case FieldKind::ENUMERATION:
-        return EnumerationField{&_int32, std::numeric_limits<std::int32_t>::max()};
-      case FieldKind::TEXT:
-        return &_text;
-      case FieldKind::VECTOR2:
-        return &_vector2;
-      case FieldKind::VECTOR3:
-        return &_vector3;
-      case FieldKind::VECTOR4:
-        return &_vector4;
-      case FieldKind::NUMBERS:
-        return &_numbers;
-      case FieldKind::OPTIONAL_FLOAT64:
-        return &_optionalFloat64;
-      case FieldKind::OPTIONAL_VECTOR3:
-        return &_optionalVector3;
-      case FieldKind::KEYED_VECTOR3:
-        return &_keyed;
-      default:
-        return placeOfArrays(kind);
-    }
-  }
-
- private:
-  // Nothing is ever put there.
-  static FieldValue placeOfArrays(FieldKind kind) {
-    switch (kind) {
-      case FieldKind::ARRAY:
-        return static_cast<vtkSmartPointer<vtkDataArray>*>(nullptr);
-      case FieldKind::CELLS:
-        return static_cast<vtkSmartPointer<vtkCellArray>*>(nullptr);
-      case FieldKind::ARRAY_TABLE:
-        return static_cast<ArrayTable*>(nullptr);
-      default:
-        return static_cast<OwnedSlot*>(nullptr);
-    }
-  }
-
-  bool _boolean = false;
-  std::int32_t _int32 = 0;
-  std::uint32_t _uint32 = 0;
-  float _float32 = 0;
-  double _float64 = 0;
-  std::string _text;
-  Vector<2, double> _vector2;
-  Vector<3, double> _vector3;
-  Vector<4, double> _vector4;
-  std::vector<double> _numbers;
-  std::optional<double> _optionalFloat64;
-  std::optional<Vector<3, double>> _optionalVector3;
-  std::map<std::string, Vector<3, double>> _keyed;
-};
-
-}  // namespace
 
 const std::string& ValueReader::readString() {
   const std::string& text = _tables.getString(_in.index("string", _tables.getStringCount()));
@@ -108,7 +42,11 @@ void ValueReader::operator()(std::uint32_t* value) {
 }
 
 void ValueReader::operator()(const EnumerationField& field) {
-  *field.value = static_cast<std::int32_t>(_in.index("enumeration", static_cast<std::size_t>(field.count)));
+  *field.value = readEnumerator(field.count());
+}
+
+std::int32_t ValueReader::readEnumerator(std::int32_t count) {
+  return static_cast<std::int32_t>(_in.index("enumeration", static_cast<std::size_t>(count)));
 }
 
 void ValueReader::operator()(std::vector<double>* value) {
@@ -123,11 +61,11 @@ void ValueReader::operator()(std::map<std::string, Vector<3, double>>* value) {
   for (std::size_t count = _in.count("keys", 1 + 3 * sizeof(double)); count > 0; --count) {
     const std::string& key = readString();
     const std::size_t before = value->size();
-    const auto place = value->try_emplace(value->end(), key);
-    if (value->size() == before || std::next(place) != value->end()) {
+    const auto entry = value->try_emplace(value->end(), key);
+    if (value->size() == before || std::next(entry) != value->end()) {
       throw FileError(FileIoStatus::ReadError, "Keys are not in order: " + key);
     }
-    (*this)(&place->second);
+    (*this)(&entry->second);
   }
 }
 
@@ -151,8 +89,13 @@ void ValueReader::readChunk() {
 }
 
 void ValueReader::skip(FieldKind kind) {
-  Unwanted unwanted;
-  std::visit(*this, unwanted.placeOf(kind));
+  FieldKinds::visitType(kind, [this](auto type) { skip(type); });
+}
+
+/// How many there are is unknown: only an enumeration that this program does
+/// not have is skipped.
+void ValueReader::skip(std::type_identity<EnumerationField> /*type*/) {
+  readEnumerator(std::numeric_limits<std::int32_t>::max());
 }
 
 }  // namespace lum::io

@@ -1,17 +1,18 @@
 #pragma once
 
 #include "scenegraph/io/codec/ByteReader.h"
-#include "scenegraph/io/codec/FieldKind.h"
 #include "scenegraph/io/codec/TableReader.h"
 
+#include <concepts>
 #include <cstddef>
 #include <string>
 #include <vector>
 
 namespace lum::io {
 
-/// Reads the values of fields. `longStringBytes` counts what long strings were
-/// used: each may be used as often as it stands in the file, once.
+/// Reads the values of fields: one call for each row of FieldKinds.
+/// `longStringBytes` counts what long strings were used: each may be used as
+/// often as it is in the file, once.
 class ValueReader {
  public:
   ValueReader(ByteReader& in, const TableReader& tables, std::size_t& longStringBytes,
@@ -52,10 +53,19 @@ class ValueReader {
   void operator()(CollectionNode* /*collection*/) {}
   void operator()(ReferenceSlot* /*slot*/) {}
 
-  /// Passes over a value that nobody wants.
+  /// Skips a value that nobody wants.
   void skip(FieldKind kind);
 
  private:
+  template <class T>
+  void skip(std::type_identity<T*> /*type*/) {
+    if constexpr (std::default_initializable<T>) {
+      T unwanted{};
+      (*this)(&unwanted);
+    }
+  }
+  void skip(std::type_identity<EnumerationField> type);
+  std::int32_t readEnumerator(std::int32_t count);
   void readChunk();
 
   ByteReader& _in;

@@ -55,7 +55,7 @@ json parseHeader(InputSource& source) {
 
 }  // namespace
 
-std::string makeHeader(const IndexPlace& index) {
+std::string makeHeader(const IndexLocation& index) {
   std::string line = fmt::format(
       R"({{"format": "{}", "version": {}, "index": {{"offset": {}, "size": {}, "hash": "{:016x}"}}}})",
       FORMAT, FORMAT_VERSION, index.offset, index.size, index.hash);
@@ -63,7 +63,7 @@ std::string makeHeader(const IndexPlace& index) {
   return line + '\n';
 }
 
-IndexPlace readHeader(InputSource& source) {
+IndexLocation readHeader(InputSource& source) {
   const json header = parseHeader(source);
   const auto format = header.find("format");
   if (format == header.end() || *format != FORMAT) {
@@ -77,14 +77,14 @@ IndexPlace readHeader(InputSource& source) {
   if (index == header.end() || !index->is_object()) {
     refuse("The header does not say where the index is");
   }
-  const IndexPlace place{numberOf(*index, "offset"), numberOf(*index, "size"), hashFrom(*index)};
-  if (place.offset < HEADER_SIZE || place.offset > source.getSize() ||
-      place.size != source.getSize() - place.offset) {
+  const IndexLocation location{numberOf(*index, "offset"), numberOf(*index, "size"), hashFrom(*index)};
+  if (location.offset < HEADER_SIZE || location.offset > source.getSize() ||
+      location.size != source.getSize() - location.offset) {
     throw FileError(FileIoStatus::ReadError,
                     fmt::format("The index, {} bytes from byte {} on, does not end the file of {} bytes",
-                                place.size, place.offset, source.getSize()));
+                                location.size, location.offset, source.getSize()));
   }
-  return place;
+  return location;
 }
 
 std::size_t paddingAt(std::uint64_t position) {
@@ -92,16 +92,16 @@ std::size_t paddingAt(std::uint64_t position) {
 }
 
 DatabaseIndex::DatabaseIndex(InputSource& source) {
-  const IndexPlace place = readHeader(source);
-  source.seek(place.offset);
-  _bytes = source.read(place.size);
-  if (hashOf(_bytes) != place.hash) {
+  const IndexLocation location = readHeader(source);
+  source.seek(location.offset);
+  _bytes = source.read(location.size);
+  if (hashOf(_bytes) != location.hash) {
     throw FileError(FileIoStatus::ReadError,
                     "The index is damaged: it has another hash than the header says");
   }
   ByteReader in(_bytes);
   _tables.read(in);
-  readOffsets(in, place.offset);
+  readOffsets(in, location.offset);
   readRecords(in);
 }
 
@@ -109,8 +109,8 @@ void DatabaseIndex::readOffsets(ByteReader& in, std::uint64_t end) {
   std::uint64_t position = HEADER_SIZE;
   for (const ChunkRow& row : _tables.getChunks()) {
     position += paddingAt(position);
-    const std::uint64_t gap = in.number("place of an array");
-    // What lies in front of the index is what there is room in.
+    const std::uint64_t gap = in.number("position of an array");
+    // The chunks must fit before the index.
     if (position > end || gap > (end - position) / CHUNK_ALIGNMENT ||
         row.bytes() > end - position - gap * CHUNK_ALIGNMENT) {
       throw FileError(FileIoStatus::ReadError,

@@ -26,17 +26,17 @@ inline constexpr std::uint64_t FORMAT_VERSION = 1;
 inline constexpr std::size_t HEADER_SIZE = 256;
 inline constexpr std::uint64_t CHUNK_ALIGNMENT = 64;
 
-struct IndexPlace {
+struct IndexLocation {
   std::uint64_t offset;
   std::uint64_t size;
   std::uint64_t hash;
 };
 
-std::string makeHeader(const IndexPlace& index);
+std::string makeHeader(const IndexLocation& index);
 
 /// What comes before the index is checked; UnsupportedFormat for what is no
 /// database.
-IndexPlace readHeader(InputSource& source);
+IndexLocation readHeader(InputSource& source);
 
 /// The zeros from a position to the next chunk.
 std::size_t paddingAt(std::uint64_t position);

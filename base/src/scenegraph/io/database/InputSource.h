@@ -7,7 +7,7 @@
 
 namespace lum::io {
 
-/// The bytes of a stream from where it stands to its end, which is known from
+/// The bytes of a stream from its position to its end, which is known from
 /// the start: nothing is made room for that is not there. All failures are
 /// FileError (ReadError).
 class InputSource {
@@ -19,7 +19,7 @@ class InputSource {
   std::uint64_t getPosition() const { return _position; }
   std::uint64_t getLeft() const { return _size - _position; }
 
-  /// Goes to a place counted from the first byte.
+  /// Goes to a position counted from the first byte.
   void seek(std::uint64_t position);
 
   void read(void* data, std::size_t size);

@@ -13,7 +13,7 @@ namespace lum::io {
 /// vemo::OS::FileWriteError.
 class OutputFile {
  public:
-  /// A target that is no regular file is refused, and any that exists if
+  /// A target that is not a regular file is refused, and any that exists if
   /// `keepExisting`.
   OutputFile(const std::string& path, bool keepExisting) : _file(path, keepExisting) {}
 

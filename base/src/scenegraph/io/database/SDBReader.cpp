@@ -36,12 +36,12 @@ std::ifstream openFile(const std::string& path) {
 }
 
 /// Does something; errors say where in which file, in the words of a function.
-template <class Place, class Action>
-auto at(Place&& describePlace, Action&& action) {
+template <class Describe, class Action>
+auto at(Describe&& describeContext, Action&& action) {
   try {
     return action();
   } catch (const io::FileError& error) {
-    throw io::FileError(error.getStatus(), fmt::format("{}: {}", describePlace(), error.what()));
+    throw io::FileError(error.getStatus(), fmt::format("{}: {}", describeContext(), error.what()));
   }
 }
 

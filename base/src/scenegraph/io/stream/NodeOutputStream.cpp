@@ -73,7 +73,7 @@ class NodeOutputStream::Connection final : private io::ArraySink {
     _arrays.emplace_back(&array, row);
   }
 
-  /// Null for a node that was never written; another one may have stood where
+  /// Null for a node that was never written; another one may have been where
   /// it now is.
   const Seen* find(const Node& node) const {
     const auto found = _seen.find(&node);

@@ -1,6 +1,7 @@
 #include "vemoview/import/reading/KeyTable.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/items/GeometryTransform.h>
+#include <vemo/scenegraph/transforms/SimpleTransform.h>
 
 #include <numbers>
 

@@ -1,6 +1,7 @@
 #include "vemoview/import/reading/KeyTable.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/items/RepeatTransform.h>
+#include <vemo/scenegraph/transforms/PeriodicRepeatTransform.h>
 
 namespace vemo {
 

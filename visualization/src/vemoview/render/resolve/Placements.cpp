@@ -2,7 +2,9 @@
 
 #include "geometry/Vector3.h"
 #include <vemo/scenegraph/Logger.h>
-#include <vemo/scenegraph/transforms/Transform.h>
+#include <vemo/scenegraph/transforms/PeriodicRepeatTransform.h>
+#include <vemo/scenegraph/transforms/SimpleTransform.h>
+#include <vemo/scenegraph/transforms/SymmetricTransform.h>
 
 #include <vtkMath.h>
 #include <vtkMatrix4x4.h>

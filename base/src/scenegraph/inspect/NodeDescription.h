@@ -8,6 +8,6 @@ class Node;
 
 /// Says which node it is, for messages: its class and the names from the root
 /// down to it.
-std::string describePlace(const Node& node);
+std::string describeNode(const Node& node);
 
 }  // namespace lum

@@ -1,4 +1,4 @@
-#include <vemo/scenegraph/drawables/GeometryDrawables.h>
+#include <vemo/scenegraph/drawables/GeometryDrawable.h>
 
 namespace lum {
 

@@ -1,10 +1,10 @@
-#include "scenegraph/inspect/NodePlace.h"
+#include "scenegraph/inspect/NodeDescription.h"
 
 #include <vemo/scenegraph/Node.h>
 
 namespace lum {
 
-std::string describePlace(const Node& node) {
+std::string describeNode(const Node& node) {
   std::string names = node.getName();
   for (const Node* owner = node.getOwner(); owner != nullptr; owner = owner->getOwner()) {
     names.insert(0, owner->getName() + "/");

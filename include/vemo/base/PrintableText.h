@@ -1,0 +1,14 @@
+#pragma once
+
+#include <vemo/base/Export.h>
+
+#include <string>
+#include <string_view>
+
+namespace vemo {
+
+/// The text with control characters and invalid UTF-8 replaced by U+FFFD. Line
+/// feeds stay.
+VEMO_BASE_EXPORT std::string toPrintable(std::string_view text);
+
+}  // namespace vemo

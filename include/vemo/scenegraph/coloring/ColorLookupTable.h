@@ -1,0 +1,28 @@
+#pragma once
+
+#include <vemo/scenegraph/Node.h>
+
+namespace lum {
+
+LUM_ENUM(ScaleMode, (LINEAR, "linear"), (LOG10, "logarithmic"))
+
+/// The ramp along which a table was made from the colours at its ends. Kept as
+/// information only: the table has all colours.
+LUM_ENUM(RampMode, (LINEAR, "linear"), (SCURVE, "s-curve"), (SQRT, "square root"))
+
+LUM_ENUM(ColorSpace, (RGB, "RGB"), (RGBA, "RGBA"))
+
+/// From numbers to colours: the scalar range is cut into as many equal pieces
+/// (equal in the logarithm if so scaled) as there are colours.
+class VEMO_SCENEGRAPH_EXPORT ColorLookupTable final : public Node {
+  LUM_NODE(ColorLookupTable, Node)
+  /// Four values a colour: red, green, blue, alpha in 0..1.
+  LUM_VALUE(std::vector<double>, ColorValues, _colorValues)
+  LUM_VALUE(std::int32_t, NumColor, _numColor, 0)
+  LUM_ENUMERATION(ColorSpace, ColorSpace, _colorSpace, ColorSpace::RGBA)
+  LUM_VALUE(Vector2, ScalarRange, _scalarRange, {0.0, 1.0})
+  LUM_ENUMERATION(ScaleMode, ScaleMode, _scaleMode, ScaleMode::LINEAR)
+  LUM_ENUMERATION(RampMode, RampMode, _rampMode, RampMode::LINEAR)
+};
+
+}  // namespace lum

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <vemo/scenegraph/attributes/PositionAttributes.h>
+#include <vemo/scenegraph/drawables/Drawable.h>
+
+namespace lum {
+
+/// A text, image or legend at a position. All attributes are made when they are
+/// first asked for.
+class VEMO_SCENEGRAPH_EXPORT PlacedDrawable : public Drawable {
+ public:
+  using Drawable::Drawable;
+
+  PositionAttributes& getPositionAttributes() { return getAttributes<PositionAttributes>(); }
+
+ protected:
+  ~PlacedDrawable() override = default;
+};
+
+}  // namespace lum
