@@ -29,8 +29,8 @@ std::vector<std::int32_t> triangleList() {
   return list;
 }
 
-geometry::EntryBlock blockOf(const std::vector<std::int32_t>& list) {
-  geometry::EntryBlock block(new unsigned char[list.size() * sizeof(std::int32_t)]);
+EntryBlock blockOf(const std::vector<std::int32_t>& list) {
+  EntryBlock block(new unsigned char[list.size() * sizeof(std::int32_t)]);
   std::memcpy(block.get(), list.data(), list.size() * sizeof(std::int32_t));
   return block;
 }
@@ -42,7 +42,7 @@ void reportBytes(benchmark::State& state, std::size_t integers) {
 void countCells(benchmark::State& state) {
   const auto list = triangleList();
   for ([[maybe_unused]] const auto _ : state) {
-    benchmark::DoNotOptimize(geometry::countCells(list));
+    benchmark::DoNotOptimize(vemo::countCells(list));
   }
   reportBytes(state, list.size());
 }
@@ -53,8 +53,8 @@ void importCells(benchmark::State& state) {
     state.PauseTiming();
     auto block = blockOf(list);
     state.ResumeTiming();
-    auto imported = geometry::importCells(std::move(block), static_cast<std::int32_t>(list.size()),
-                                          geometry::CellKind::POLYS, TRIANGLES + 2);
+    auto imported = vemo::importCells(std::move(block), static_cast<std::int32_t>(list.size()),
+                                      CellKind::POLYS, TRIANGLES + 2);
     benchmark::DoNotOptimize(imported);
     state.PauseTiming();
     imported.cells = nullptr;

@@ -86,21 +86,15 @@ void filter(benchmark::State& state) {
   }
 }
 
-BENCHMARK(ours<geometry::pointNormals, meshOfTriangles>)
-    ->Name("pointNormals/triangles")
-    ->Unit(benchmark::kMillisecond);
+BENCHMARK(ours<pointNormals, meshOfTriangles>)->Name("pointNormals/triangles")->Unit(benchmark::kMillisecond);
 BENCHMARK(filter<true, meshOfTriangles>)
     ->Name("vtkPolyDataNormals/points/triangles")
     ->Unit(benchmark::kMillisecond);
-BENCHMARK(ours<geometry::cellNormals, meshOfTriangles>)
-    ->Name("cellNormals/triangles")
-    ->Unit(benchmark::kMillisecond);
+BENCHMARK(ours<cellNormals, meshOfTriangles>)->Name("cellNormals/triangles")->Unit(benchmark::kMillisecond);
 BENCHMARK(filter<false, meshOfTriangles>)
     ->Name("vtkPolyDataNormals/cells/triangles")
     ->Unit(benchmark::kMillisecond);
-BENCHMARK(ours<geometry::pointNormals, meshOfStrips>)
-    ->Name("pointNormals/strips")
-    ->Unit(benchmark::kMillisecond);
+BENCHMARK(ours<pointNormals, meshOfStrips>)->Name("pointNormals/strips")->Unit(benchmark::kMillisecond);
 BENCHMARK(filter<true, meshOfStrips>)
     ->Name("vtkPolyDataNormals/points/strips")
     ->Unit(benchmark::kMillisecond);

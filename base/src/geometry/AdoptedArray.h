@@ -4,7 +4,7 @@
 
 #include <memory>
 
-namespace vemo::geometry {
+namespace vemo {
 
 /// The bytes of an archive entry, as the reader allocated them.
 using EntryBlock = std::unique_ptr<unsigned char[]>;
@@ -22,4 +22,4 @@ void adoptBlock(vtkAOSDataArrayTemplate<T>& array, EntryBlock block, vtkIdType v
   array.SetArrayFreeFunction([](void* bytes) { delete[] static_cast<unsigned char*>(bytes); });
 }
 
-}  // namespace vemo::geometry
+}  // namespace vemo

@@ -1,31 +1,43 @@
 #pragma once
 
 #include <vemo/base/Vector.h>
+#include <vemo/geometry/Export.h>
 
 #include <limits>
 
+class vtkDataArray;
+
 namespace vemo {
 
-/// The least and the greatest coordinates of what is in it; the least are above
-/// the greatest when that is nothing.
+/// A box along the axes: the least and the greatest coordinates of the points
+/// added to it. In an empty box the least are above the greatest.
 struct Box {
   static constexpr double LIMIT = std::numeric_limits<double>::max();
 
-  Vector<3, double> low{LIMIT, LIMIT, LIMIT};
-  Vector<3, double> high{-LIMIT, -LIMIT, -LIMIT};
+  Vector3 low{LIMIT, LIMIT, LIMIT};
+  Vector3 high{-LIMIT, -LIMIT, -LIMIT};
 
   bool isEmpty() const { return low[0] > high[0]; }
 
-  Vector<3, double> center() const {
-    return {(low[0] + high[0]) / 2.0, (low[1] + high[1]) / 2.0, (low[2] + high[2]) / 2.0};
+  bool contains(const Vector3& point) const {
+    return low[0] <= point[0] && point[0] <= high[0] && low[1] <= point[1] && point[1] <= high[1] &&
+           low[2] <= point[2] && point[2] <= high[2];
   }
 
-  void add(const Vector<3, double>& point) {
-    for (std::size_t i = 0; i < 3; ++i) {
-      low[i] = point[i] < low[i] ? point[i] : low[i];
-      high[i] = point[i] > high[i] ? point[i] : high[i];
-    }
+  /// Coordinates that are NaN are ignored.
+  void add(const Vector3& point) {
+    low = Vector3::combine(low, point, [](double a, double b) { return b < a ? b : a; });
+    high = Vector3::combine(high, point, [](double a, double b) { return b > a ? b : a; });
   }
+
+  VEMO_GEOMETRY_EXPORT Vector3 center() const;
+
+  /// Negative for an empty box.
+  VEMO_GEOMETRY_EXPORT double longestSide() const;
 };
+
+/// The box around the points of an array with three components, without those
+/// that have a coordinate which is not finite.
+VEMO_GEOMETRY_EXPORT Box finiteBounds(vtkDataArray& coordinates);
 
 }  // namespace vemo

@@ -8,11 +8,10 @@
 #include <vtkTypeInt32Array.h>
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <utility>
 
-namespace vemo::geometry {
+namespace vemo {
 namespace {
 
 /// What a pass over a list leaves behind.
@@ -28,7 +27,7 @@ struct Compaction {
 /// to never overtakes the place read from.
 /// @param list one that `countCells` has accepted
 /// @param offsets room for one more than the cells
-Compaction compact(std::span<std::int32_t> list, int fewest, vtkIdType pointCount,
+Compaction compact(std::span<std::int32_t> list, std::size_t leastPoints, vtkIdType pointCount,
                    std::span<std::int32_t> offsets) {
   Compaction result;
   offsets[0] = 0;
@@ -37,7 +36,7 @@ Compaction compact(std::span<std::int32_t> list, int fewest, vtkIdType pointCoun
     const auto size = static_cast<std::size_t>(list[i++]);
     const auto indices = list.subspan(i, size);
     i += size;
-    if (std::cmp_less(size, fewest)) {
+    if (size < leastPoints) {
       result.dropped.push_back(cell);
       continue;
     }
@@ -54,11 +53,6 @@ Compaction compact(std::span<std::int32_t> list, int fewest, vtkIdType pointCoun
 }
 
 }  // namespace
-
-int fewestPoints(CellKind kind) {
-  constexpr std::array FEWEST = {1, 2, 3, 3};
-  return FEWEST.at(static_cast<std::size_t>(kind));
-}
 
 int countCells(std::span<const std::int32_t> list) {
   int count = 0;
@@ -86,7 +80,7 @@ ImportedCells importCells(EntryBlock block, std::int32_t size, CellKind kind, vt
   vtkNew<vtkTypeInt32Array> offsets;
   offsets->SetNumberOfValues(vtkIdType{result.listed} + 1);
   Compaction compaction =
-      compact(list, fewestPoints(kind), pointCount,
+      compact(list, static_cast<std::size_t>(traitsOf(kind).leastPoints), pointCount,
               {offsets->GetPointer(0), static_cast<std::size_t>(offsets->GetNumberOfValues())});
   result.dropped = std::move(compaction.dropped);
   result.indexOutside = compaction.indexOutside;
@@ -130,4 +124,4 @@ void removeRows(vtkFloatArray& array, std::span<const vtkIdType> rows) {
   array.SetNumberOfTuples((kept - values) / components);
 }
 
-}  // namespace vemo::geometry
+}  // namespace vemo

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "geometry/AdoptedArray.h"
+#include <vemo/geometry/CellKind.h>
 #include <vemo/geometry/Export.h>
 
 #include <vtkSmartPointer.h>
@@ -19,17 +20,7 @@ class vtkFloatArray;
 ///
 /// A connectivity list is a sequence of cells, each written as its number of
 /// points n followed by n point indices.
-namespace vemo::geometry {
-
-/// What a list holds. VTK orders the cells of a poly data, and with them the
-/// rows of its cell data, verts, lines, polys, strips; that is the order of the
-/// values here, and not the order in which an item reads its lists (verts,
-/// lines, strips, polys).
-enum class CellKind { VERTS, LINES, POLYS, STRIPS };
-
-/// The number of points below which a cell is none: 1 for a vertex cell, 2 for
-/// a line, 3 for a polygon or a strip.
-VEMO_GEOMETRY_EXPORT int fewestPoints(CellKind kind);
+namespace vemo {
 
 /// The number of cells in a list, those with too few points among them; 0 for
 /// an empty list.
@@ -54,7 +45,7 @@ struct ImportedCells {
 
 /// Turns a list into cells. The list's block becomes the storage of their
 /// connectivity, the offsets are the only memory that is allocated. Cells with
-/// fewer points than `fewestPoints` are left out; their indices are not looked
+/// fewer points than their kind needs are left out; their indices are not looked
 /// at.
 ///
 /// @param block the list as 32-bit integers in the machine's byte order; freed
@@ -77,4 +68,4 @@ VEMO_GEOMETRY_EXPORT std::vector<vtkIdType> droppedRows(
 /// @param rows ascending, each below the array's number of tuples
 VEMO_GEOMETRY_EXPORT void removeRows(vtkFloatArray& array, std::span<const vtkIdType> rows);
 
-}  // namespace vemo::geometry
+}  // namespace vemo

@@ -1,6 +1,7 @@
 #include "geometry/Normals.h"
 
-#include "geometry/PointCoordinates.h"
+#include "geometry/Cells.h"
+#include "geometry/Points.h"
 
 #include <vtkCellArray.h>
 #include <vtkFloatArray.h>
@@ -11,100 +12,63 @@
 #include <array>
 #include <cmath>
 #include <initializer_list>
-#include <limits>
 #include <span>
-#include <type_traits>
 
 // Sums run in the order and the precision of vtkPolyDataNormals (9.1), found by
 // comparison: normals of cells in double, rounded to float; summed at points in
 // float, polygons before strips; the sum's squares in float, their root in
 // double. So the results are its results bit for bit, as long as the compiler
 // fuses no multiplications with additions.
-namespace vemo::geometry {
+namespace vemo {
 namespace {
 
-using Direction = std::array<double, 3>;
-using Normal = std::array<float, 3>;
+using Normal = Vector<3, float>;
 
 /// What VTK writes where there is no normal to write: at verts and lines.
-constexpr Normal NO_NORMAL = {1.0F, 0.0F, 0.0F};
+constexpr Normal NO_NORMAL{1.0F, 0.0F, 0.0F};
 
-template <class Real, class Index>
-Direction pointAt(std::span<const Real> coordinates, Index index) {
-  const Real* const point = coordinates.data() + 3 * static_cast<std::size_t>(index);
-  return {point[0], point[1], point[2]};
-}
+// "inline" moves the limits of the compiler so that it does inline them: vectors
+// passed through memory double the time.
 
 /// The cross product of the edges that leave the middle corner: twice the area
 /// of the triangle, along its normal.
-Direction cornerProduct(const Direction& before, const Direction& corner, const Direction& after) {
-  const Direction a = {after[0] - corner[0], after[1] - corner[1], after[2] - corner[2]};
-  const Direction b = {before[0] - corner[0], before[1] - corner[1], before[2] - corner[2]};
-  return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
-}
-
-void add(Direction& sum, const Direction& summand) {
-  for (std::size_t axis = 0; axis < 3; ++axis) {
-    sum[axis] += summand[axis];
-  }
-}
-
-double length(const Direction& direction) {
-  return std::sqrt(direction[0] * direction[0] + direction[1] * direction[1] + direction[2] * direction[2]);
-}
-
-bool isFinite(double value) {
-  return std::abs(value) <= std::numeric_limits<double>::max();
+inline Vector3 cornerProduct(const Vector3& before, const Vector3& corner, const Vector3& after) {
+  return cross(after - corner, before - corner);
 }
 
 /// The direction at length 1; zero when it has no length, or none that is
 /// finite.
-Normal unit(const Direction& direction) {
+inline Normal unit(const Vector3& direction) {
   const double norm = length(direction);
-  if (norm == 0.0 || !isFinite(norm)) {
+  if (norm == 0.0 || !std::isfinite(norm)) {
     return {};
   }
   return {static_cast<float>(direction[0] / norm), static_cast<float>(direction[1] / norm),
           static_cast<float>(direction[2] / norm)};
 }
 
-template <class Real, class Index>
-Direction triangleDirection(std::span<const Real> coordinates, Index p0, Index p1, Index p2) {
-  return cornerProduct(pointAt(coordinates, p0), pointAt(coordinates, p1), pointAt(coordinates, p2));
+template <class Points, class Index>
+inline Vector3 triangleProduct(const Points& points, Index p0, Index p1, Index p2) {
+  return cornerProduct(points[p0], points[p1], points[p2]);
 }
 
 /// A polygon of more than three points need be neither flat nor convex: the
 /// products of all its corners are summed.
-template <class Real, class Index>
-Direction polygonDirection(std::span<const Real> coordinates, std::span<const Index> cell) {
+template <class Points, class Index>
+Vector3 polygonProduct(const Points& points, std::span<const Index> cell) {
   if (cell.size() == 3) {
-    return triangleDirection(coordinates, cell[0], cell[1], cell[2]);
+    return triangleProduct(points, cell[0], cell[1], cell[2]);
   }
-  Direction sum{};
-  Direction before = pointAt(coordinates, cell[0]);
-  Direction corner = pointAt(coordinates, cell[1]);
+  Vector3 sum{};
+  Vector3 before = points[cell[0]];
+  Vector3 corner = points[cell[1]];
   for (std::size_t i = 0; i < cell.size(); ++i) {
-    const Direction after = pointAt(coordinates, cell[i + 2 < cell.size() ? i + 2 : i + 2 - cell.size()]);
-    add(sum, cornerProduct(before, corner, after));
+    const Vector3 after = points[cell[i + 2 < cell.size() ? i + 2 : i + 2 - cell.size()]];
+    sum += cornerProduct(before, corner, after);
     before = corner;
     corner = after;
   }
   return sum;
-}
-
-/// Calls the action with the point indices of each cell, as a span of 32-bit or
-/// 64-bit integers, whichever the cells are stored as.
-template <class Action>
-void forEachCell(vtkCellArray& cells, const Action& action) {
-  cells.Visit([&action](auto& storage) {
-    using Index = std::remove_pointer_t<decltype(storage.GetOffsets()->GetPointer(0))>;
-    const Index* const offsets = storage.GetOffsets()->GetPointer(0);
-    const Index* const indices = storage.GetConnectivity()->GetPointer(0);
-    const vtkIdType count = storage.GetNumberOfCells();
-    for (vtkIdType cell = 0; cell < count; ++cell) {
-      action(std::span<const Index>(indices + offsets[cell], indices + offsets[cell + 1]));
-    }
-  });
 }
 
 /// Calls the action with the three corners of each triangle of a strip. Every
@@ -126,17 +90,17 @@ void addAt(Index point, const Normal& normal, std::span<float> sums) {
   }
 }
 
-template <class Real>
-void sumAtPoints(vtkPolyData& mesh, std::span<const Real> coordinates, std::span<float> sums) {
+template <class Points>
+void sumAtPoints(vtkPolyData& mesh, const Points& points, std::span<float> sums) {
   forEachCell(*mesh.GetPolys(), [&](auto cell) {
-    const Normal normal = unit(polygonDirection(coordinates, cell));
+    const Normal normal = unit(polygonProduct(points, cell));
     for (const auto point : cell) {
       addAt(point, normal, sums);
     }
   });
   forEachCell(*mesh.GetStrips(), [&](auto strip) {
     forEachTriangle(strip, [&](auto p0, auto p1, auto p2) {
-      const Normal normal = unit(triangleDirection(coordinates, p0, p1, p2));
+      const Normal normal = unit(triangleProduct(points, p0, p1, p2));
       for (const auto point : {p0, p1, p2}) {
         addAt(point, normal, sums);
       }
@@ -158,33 +122,33 @@ void normalize(std::span<float> vectors) {
 }
 
 /// The area-weighted sum of a strip's triangles, those that have one.
-template <class Real, class Index>
-Direction stripDirection(std::span<const Real> coordinates, std::span<const Index> strip) {
-  Direction sum{};
+template <class Points, class Index>
+Vector3 stripProduct(const Points& points, std::span<const Index> strip) {
+  Vector3 sum{};
   forEachTriangle(strip, [&](Index p0, Index p1, Index p2) {
-    const Direction direction = triangleDirection(coordinates, p0, p1, p2);
-    if (isFinite(length(direction))) {
-      add(sum, direction);
+    const Vector3 direction = triangleProduct(points, p0, p1, p2);
+    if (std::isfinite(length(direction))) {
+      sum += direction;
     }
   });
   return sum;
 }
 
-template <class Real>
-void writePerCell(vtkPolyData& mesh, std::span<const Real> coordinates, std::span<float> normals) {
+template <class Points>
+void writePerCell(vtkPolyData& mesh, const Points& points, std::span<float> normals) {
   float* next = normals.data();
   const auto write = [&next](const Normal& normal) { next = std::copy(normal.begin(), normal.end(), next); };
   for (vtkIdType i = 0; i < mesh.GetNumberOfVerts() + mesh.GetNumberOfLines(); ++i) {
     write(NO_NORMAL);
   }
-  forEachCell(*mesh.GetPolys(), [&](auto cell) { write(unit(polygonDirection(coordinates, cell))); });
-  forEachCell(*mesh.GetStrips(), [&](auto strip) { write(unit(stripDirection(coordinates, strip))); });
+  forEachCell(*mesh.GetPolys(), [&](auto cell) { write(unit(polygonProduct(points, cell))); });
+  forEachCell(*mesh.GetStrips(), [&](auto strip) { write(unit(stripProduct(points, strip))); });
 }
 
 /// An array of zero vectors.
 vtkSmartPointer<vtkFloatArray> newNormals(vtkIdType count) {
   auto normals = vtkSmartPointer<vtkFloatArray>::New();
-  normals->SetName("Normals");
+  normals->SetName(NORMALS);
   normals->SetNumberOfComponents(3);
   normals->SetNumberOfTuples(count);
   normals->FillValue(0.0F);
@@ -199,17 +163,19 @@ std::span<float> valuesOf(vtkFloatArray& array) {
 
 vtkSmartPointer<vtkFloatArray> pointNormals(vtkPolyData& mesh) {
   auto normals = newNormals(mesh.GetNumberOfPoints());
-  withCoordinates(*mesh.GetPoints(),
-                  [&](auto coordinates) { sumAtPoints(mesh, coordinates, valuesOf(*normals)); });
+  PointReader(*mesh.GetPoints()->GetData()).visit([&](const auto& points) {
+    sumAtPoints(mesh, points, valuesOf(*normals));
+  });
   normalize(valuesOf(*normals));
   return normals;
 }
 
 vtkSmartPointer<vtkFloatArray> cellNormals(vtkPolyData& mesh) {
   auto normals = newNormals(mesh.GetNumberOfCells());
-  withCoordinates(*mesh.GetPoints(),
-                  [&](auto coordinates) { writePerCell(mesh, coordinates, valuesOf(*normals)); });
+  PointReader(*mesh.GetPoints()->GetData()).visit([&](const auto& points) {
+    writePerCell(mesh, points, valuesOf(*normals));
+  });
   return normals;
 }
 
-}  // namespace vemo::geometry
+}  // namespace vemo

@@ -12,12 +12,15 @@ class vtkPolyData;
 /// its copies: the result is the only memory that is allocated, and the poly
 /// data keeps its cells.
 ///
-/// The poly data has points, float or double, and cells of 32-bit or 64-bit
-/// storage. Every index names a point, every polygon and strip has at least
-/// three points (see Connectivity.h).
-namespace vemo::geometry {
+/// The poly data has points, and its cells are valid: every index names a point,
+/// every polygon and strip has at least three points (see Connectivity.h).
+namespace vemo {
 
-/// One unit vector of three floats for each point, named "Normals": the
+/// The name of the array that holds the normals of a poly data's points, or of
+/// its cells.
+inline constexpr const char* NORMALS = "Normals";
+
+/// One unit vector of three floats for each point, named NORMALS: the
 /// direction of the sum of the unit normals of the polygons and of the strips'
 /// triangles around the point. It is zero where that sum is: at points of no
 /// polygon or strip, or only of such as have no normal.
@@ -26,7 +29,7 @@ namespace vemo::geometry {
 /// that its neighbours keep a normal.
 VEMO_GEOMETRY_EXPORT vtkSmartPointer<vtkFloatArray> pointNormals(vtkPolyData& mesh);
 
-/// One unit vector of three floats for each cell, named "Normals", in VTK's
+/// One unit vector of three floats for each cell, named NORMALS, in VTK's
 /// order of cells (verts, lines, polys, strips). A strip has the mean normal of
 /// its triangles, weighted by their areas; where vtkPolyDataNormals would break
 /// it into triangles, it stays one cell here. A polygon or strip without area is
@@ -35,4 +38,4 @@ VEMO_GEOMETRY_EXPORT vtkSmartPointer<vtkFloatArray> pointNormals(vtkPolyData& me
 /// lines have no normal and are given (1, 0, 0).
 VEMO_GEOMETRY_EXPORT vtkSmartPointer<vtkFloatArray> cellNormals(vtkPolyData& mesh);
 
-}  // namespace vemo::geometry
+}  // namespace vemo

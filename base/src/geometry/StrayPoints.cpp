@@ -1,67 +1,37 @@
 #include "geometry/StrayPoints.h"
 
-#include "geometry/CellKinds.h"
+#include "geometry/Points.h"
+#include <vemo/geometry/CellKind.h>
 
-#include <vtkArrayDispatch.h>
 #include <vtkCellArray.h>
-#include <vtkDataArrayRange.h>
 #include <vtkPoints.h>
 #include <vtkPolyData.h>
 
-#include <algorithm>
 #include <array>
-#include <cmath>
-#include <limits>
 
 namespace vemo {
 
 namespace {
 
-struct ScanPoints {
-  template <class Array>
-  void operator()(Array* coordinates, PointScan& scan) const {
-    constexpr double MOST = std::numeric_limits<double>::max();
-    std::array<double, 3> low = {MOST, MOST, MOST};
-    std::array<double, 3> high = {-MOST, -MOST, -MOST};
-    std::size_t number = 0;
-    for (const auto point : vtk::DataArrayTupleRange<3>(coordinates)) {
-      const std::array<double, 3> place = {static_cast<double>(point[0]), static_cast<double>(point[1]),
-                                           static_cast<double>(point[2])};
-      if (std::isfinite(place[0]) && std::isfinite(place[1]) && std::isfinite(place[2])) {
-        for (std::size_t axis = 0; axis < 3; ++axis) {
-          low[axis] = std::min(low[axis], place[axis]);
-          high[axis] = std::max(high[axis], place[axis]);
-        }
-      } else {
-        scan.nonFinite.resize(static_cast<std::size_t>(coordinates->GetNumberOfTuples()));
-        scan.nonFinite[number] = true;
-      }
-      ++number;
-    }
-    if (low[0] <= high[0]) {
-      scan.bounds = vtkBoundingBox(low[0], high[0], low[1], high[1], low[2], high[2]);
-    }
-  }
-};
-
-/// Less than this is what the digits of coordinates are good for.
+/// Single precision is enough for cells up to this many times smaller than the
+/// bounds that they are drawn in.
 constexpr double FAR = 1000.0;
 
-/// The bounds of a few cells from all over, which all cells' contain.
-vtkBoundingBox sampleCells(vtkPolyData& geometry) {
-  vtkBoundingBox box;
-  for (const CellKind& kind : CELL_KINDS) {
-    vtkCellArray* const cells = kind.get(geometry);
-    const vtkIdType count = cells == nullptr ? 0 : cells->GetNumberOfCells();
+/// The bounds of a few cells from all over; those of all cells contain them.
+Box sampleCells(vtkPolyData& geometry) {
+  Box box;
+  for (const CellKindTraits& kind : CELL_KINDS) {
+    vtkCellArray& cells = *kind.get(geometry);
+    const vtkIdType count = cells.GetNumberOfCells();
     for (const vtkIdType cell : {vtkIdType(0), count / 3, count - count / 3, count - 1}) {
       if (cell < 0 || cell >= count) {
         continue;
       }
       vtkIdType size = 0;
       const vtkIdType* points = nullptr;
-      cells->GetCellAtId(cell, size, points);
+      cells.GetCellAtId(cell, size, points);
       for (vtkIdType i = 0; i < size; ++i) {
-        box.AddPoint(geometry.GetPoint(points[i]));
+        box.add(toVector(geometry.GetPoint(points[i])));
       }
     }
   }
@@ -75,30 +45,37 @@ PointScan scanPoints(vtkPolyData& geometry) {
   if (geometry.GetPoints() == nullptr) {
     return scan;
   }
-  vtkDataArray* const coordinates = geometry.GetPoints()->GetData();
-  using Dispatcher = vtkArrayDispatch::DispatchByValueType<vtkArrayDispatch::Reals>;
-  if (!Dispatcher::Execute(coordinates, ScanPoints{}, scan)) {
-    ScanPoints{}(coordinates, scan);
-  }
+  PointReader(*geometry.GetPoints()->GetData()).visit([&scan](const auto& points) {
+    for (vtkIdType i = 0; i < points.size(); ++i) {
+      const Vector3 point = points[i];
+      if (isFinite(point)) {
+        scan.bounds.add(point);
+      } else {
+        scan.nonFinite.resize(static_cast<std::size_t>(points.size()));
+        scan.nonFinite[static_cast<std::size_t>(i)] = true;
+      }
+    }
+  });
   return scan;
 }
 
-PointMarks markFarPoints(vtkPolyData& geometry, const vtkBoundingBox& bounds) {
+PointMarks markFarPoints(vtkPolyData& geometry, const Box& bounds) {
   PointMarks marks;
-  // Looking at all cells is what this is to spare.
-  if (geometry.GetNumberOfCells() == 0 ||
-      bounds.GetMaxLength() <= FAR * sampleCells(geometry).GetMaxLength()) {
+  const double size = bounds.longestSide();
+  // The sample mostly saves the pass over all cells.
+  if (geometry.GetNumberOfCells() == 0 || size <= FAR * sampleCells(geometry).longestSide()) {
     return marks;
   }
   std::array<double, 6> used{};
   geometry.GetCellsBounds(used.data());
-  const vtkBoundingBox usedBox(used.data());
-  if (bounds.GetMaxLength() <= FAR * usedBox.GetMaxLength()) {
+  const Box usedBox{{used[0], used[2], used[4]}, {used[1], used[3], used[5]}};
+  if (size <= FAR * usedBox.longestSide()) {
     return marks;
   }
-  marks.resize(static_cast<std::size_t>(geometry.GetNumberOfPoints()));
-  for (std::size_t i = 0; i < marks.size(); ++i) {
-    marks[i] = usedBox.ContainsPoint(geometry.GetPoint(static_cast<vtkIdType>(i))) == 0;
+  const PointReader points(*geometry.GetPoints()->GetData());
+  marks.resize(static_cast<std::size_t>(points.size()));
+  for (vtkIdType i = 0; i < points.size(); ++i) {
+    marks[static_cast<std::size_t>(i)] = !usedBox.contains(points[i]);
   }
   return marks;
 }

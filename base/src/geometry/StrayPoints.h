@@ -1,6 +1,6 @@
 #pragma once
 
-#include <vtkBoundingBox.h>
+#include "geometry/Box.h"
 
 #include <vector>
 
@@ -12,19 +12,19 @@ namespace vemo {
 /// there are none.
 using PointMarks = std::vector<bool>;
 
-/// The points of a poly data, looked through once.
+/// What one pass over the points of a poly data finds.
 struct PointScan {
   PointMarks nonFinite;
-  /// Of the finite ones.
-  vtkBoundingBox bounds;
+  /// Around the finite points.
+  Box bounds;
 };
 
 PointScan scanPoints(vtkPolyData& geometry);
 
-/// Marks points that no cell uses and that lie far from those in use (files
-/// have them, as "no value"): the coordinates are drawn relative to all points,
-/// and the cells would lose their digits. All points are finite, within the
-/// bounds.
-PointMarks markFarPoints(vtkPolyData& geometry, const vtkBoundingBox& bounds);
+/// Marks points that no cell uses and that lie far from those in use (some files
+/// have such points for "no value"). Coordinates are drawn relative to the bounds
+/// of all points, so that these would cost the cells their precision. All points
+/// must be finite and within `bounds`.
+PointMarks markFarPoints(vtkPolyData& geometry, const Box& bounds);
 
 }  // namespace vemo

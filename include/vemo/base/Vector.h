@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <ostream>
 #include <type_traits>
+#include <utility>
 
 namespace vemo {
 
@@ -13,6 +14,15 @@ namespace vemo {
 template <std::size_t N, class T>
 struct Vector {
   std::array<T, N> values{};
+
+  /// The results of a function of each two elements with the same index.
+  template <class Function>
+  static constexpr Vector combine(const Vector& a, const Vector& b, const Function& function) {
+    // Loops of a fixed length are not always unrolled; this is.
+    return [&]<std::size_t... I>(std::index_sequence<I...>) {
+      return Vector{function(a[I], b[I])...};
+    }(std::make_index_sequence<N>());
+  }
 
   static constexpr std::size_t size() { return N; }
   constexpr T& operator[](std::size_t index) { return values[index]; }
@@ -23,6 +33,20 @@ struct Vector {
   constexpr auto end() { return values.end(); }
   constexpr auto begin() const { return values.begin(); }
   constexpr auto end() const { return values.end(); }
+
+  friend constexpr Vector operator+(const Vector& a, const Vector& b) {
+    return combine(a, b, [](const T& x, const T& y) { return x + y; });
+  }
+
+  friend constexpr Vector operator-(const Vector& a, const Vector& b) {
+    return combine(a, b, [](const T& x, const T& y) { return x - y; });
+  }
+
+  friend constexpr Vector operator*(const T& factor, const Vector& vector) {
+    return combine(vector, vector, [&factor](const T& x, const T&) { return factor * x; });
+  }
+
+  constexpr Vector& operator+=(const Vector& other) { return *this = *this + other; }
 
   friend constexpr bool operator==(const Vector&, const Vector&) = default;
 
@@ -35,27 +59,46 @@ struct Vector {
   }
 };
 
+/// A point or a direction in space.
+using Vector3 = Vector<3, double>;
+
+/// Of three values in a row.
+constexpr Vector3 toVector(const double* values) {
+  return {values[0], values[1], values[2]};
+}
+
+template <std::size_t N, class T>
+requires std::is_floating_point_v<T>
+bool isFinite(const Vector<N, T>& vector) {
+  return [&vector]<std::size_t... I>(std::index_sequence<I...>) {
+    return (std::isfinite(vector[I]) && ...);
+  }(std::make_index_sequence<N>());
+}
+
+constexpr double dot(const Vector3& a, const Vector3& b) {
+  return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
+}
+
+constexpr Vector3 cross(const Vector3& a, const Vector3& b) {
+  return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
+}
+
 /// The Euclidean length.
 template <std::size_t N, class T>
 requires std::is_floating_point_v<T> T length(const Vector<N, T>& vector) {
-  T sum{};
-  for (const T value : vector) {
-    sum += value * value;
-  }
-  return std::sqrt(sum);
+  return [&vector]<std::size_t... I>(std::index_sequence<I...>) {
+    return std::sqrt((... + (vector[I] * vector[I])));
+  }(std::make_index_sequence<N>());
 }
 
 /// The vector divided by its length; zero when its length is exactly 0.
 template <std::size_t N, class T>
 requires std::is_floating_point_v<T> Vector<N, T> normalized(const Vector<N, T>& vector) {
   const T norm = length(vector);
-  Vector<N, T> result;
-  if (norm != T(0)) {
-    for (std::size_t i = 0; i < N; ++i) {
-      result[i] = vector[i] / norm;
-    }
+  if (norm == T(0)) {
+    return {};
   }
-  return result;
+  return Vector<N, T>::combine(vector, vector, [norm](T x, T) { return x / norm; });
 }
 
 }  // namespace vemo

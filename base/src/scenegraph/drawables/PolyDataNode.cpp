@@ -1,3 +1,4 @@
+#include "geometry/Normals.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/scenegraph/drawables/PolyDataNode.h>
 
@@ -14,8 +15,6 @@
 namespace lum {
 
 namespace {
-
-constexpr std::string_view NORMALS = "Normals";
 
 std::string_view nameOf(vtkDataArray& array) {
   const char* name = array.GetName();
@@ -47,14 +46,14 @@ ArrayTable arraysOf(vtkFieldData& data) {
 void addArrays(vtkDataSetAttributes& data, const ArrayTable& table) {
   for (const auto& array : table) {
     data.AddArray(array);
-    if (nameOf(*array) == NORMALS && array->GetNumberOfComponents() == 3) {
+    if (nameOf(*array) == vemo::NORMALS && array->GetNumberOfComponents() == 3) {
       data.SetNormals(array);
     }
   }
 }
 
 vtkCellArray* cellsOrNull(vtkCellArray* cells) {
-  return cells != nullptr && cells->GetNumberOfCells() > 0 ? cells : nullptr;
+  return cells->GetNumberOfCells() > 0 ? cells : nullptr;
 }
 
 }  // namespace
@@ -67,10 +66,9 @@ void PolyDataNode::setAttachmentPoint(const Vector3& point, int flag) {
 void PolyDataNode::setPolyData(vtkPolyData* polyData) {
   VEMO_REQUIRE(polyData != nullptr, "must be not NULL");
   _points = polyData->GetPoints() != nullptr ? polyData->GetPoints()->GetData() : nullptr;
-  _verts = cellsOrNull(polyData->GetVerts());
-  _lines = cellsOrNull(polyData->GetLines());
-  _strips = cellsOrNull(polyData->GetStrips());
-  _polys = cellsOrNull(polyData->GetPolys());
+  for (const vemo::CellKindTraits& kind : vemo::CELL_KINDS) {
+    this->*memberOf(kind.kind) = cellsOrNull(kind.get(*polyData));
+  }
   _nodeDataArrays = arraysOf(*polyData->GetPointData());
   _cellDataArrays = arraysOf(*polyData->GetCellData());
   modified();
@@ -83,10 +81,9 @@ vtkSmartPointer<vtkPolyData> PolyDataNode::getPolyData() const {
     points->SetData(_points);
     polyData->SetPoints(points);
   }
-  polyData->SetVerts(_verts);
-  polyData->SetLines(_lines);
-  polyData->SetStrips(_strips);
-  polyData->SetPolys(_polys);
+  for (const vemo::CellKindTraits& kind : vemo::CELL_KINDS) {
+    kind.set(*polyData, getCells(kind.kind));
+  }
   addArrays(*polyData->GetPointData(), _nodeDataArrays);
   addArrays(*polyData->GetCellData(), _cellDataArrays);
   return polyData;
@@ -105,17 +102,22 @@ void PolyDataNode::setCellDataArray(vtkDataArray* array) {
 vtkDataArray* PolyDataNode::getPoints() const {
   return _points;
 }
-vtkCellArray* PolyDataNode::getVerts() const {
-  return _verts;
+vtkCellArray* PolyDataNode::getCells(vemo::CellKind kind) const {
+  return this->*memberOf(kind);
 }
-vtkCellArray* PolyDataNode::getLines() const {
-  return _lines;
-}
-vtkCellArray* PolyDataNode::getStrips() const {
-  return _strips;
-}
-vtkCellArray* PolyDataNode::getPolys() const {
-  return _polys;
+
+PolyDataNode::Cells PolyDataNode::*PolyDataNode::memberOf(vemo::CellKind kind) {
+  switch (kind) {
+    case vemo::CellKind::VERTS:
+      return &PolyDataNode::_verts;
+    case vemo::CellKind::LINES:
+      return &PolyDataNode::_lines;
+    case vemo::CellKind::POLYS:
+      return &PolyDataNode::_polys;
+    case vemo::CellKind::STRIPS:
+      return &PolyDataNode::_strips;
+  }
+  throw vemo::InternalError("Unknown kind of cells", "kind", __FILE__, __LINE__);
 }
 
 }  // namespace lum

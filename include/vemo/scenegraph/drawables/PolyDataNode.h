@@ -1,5 +1,6 @@
 #pragma once
 
+#include <vemo/geometry/CellKind.h>
 #include <vemo/scenegraph/Node.h>
 
 #include <vtkSmartPointer.h>
@@ -45,10 +46,15 @@ class VEMO_SCENEGRAPH_EXPORT PolyDataNode final : public Node {
   const ArrayTable& getCellDataArrays() const { return _cellDataArrays; }
   /// Null when the node has no points, or no such cells.
   vtkDataArray* getPoints() const;
-  vtkCellArray* getVerts() const;
-  vtkCellArray* getLines() const;
-  vtkCellArray* getStrips() const;
-  vtkCellArray* getPolys() const;
+  vtkCellArray* getCells(vemo::CellKind kind) const;
+  vtkCellArray* getVerts() const { return getCells(vemo::CellKind::VERTS); }
+  vtkCellArray* getLines() const { return getCells(vemo::CellKind::LINES); }
+  vtkCellArray* getStrips() const { return getCells(vemo::CellKind::STRIPS); }
+  vtkCellArray* getPolys() const { return getCells(vemo::CellKind::POLYS); }
+
+ private:
+  using Cells = vtkSmartPointer<vtkCellArray>;
+  static Cells PolyDataNode::*memberOf(vemo::CellKind kind);
 };
 
 }  // namespace lum

@@ -115,7 +115,7 @@ void Image::readPixels(const PixelSource& source, const SceneFileReader& reader)
   auto pixels = vtkSmartPointer<vtkUnsignedCharArray>::New();
   pixels->SetNumberOfComponents(source.components);
   const vtkIdType count = bytes.count();
-  geometry::adoptBlock(*pixels, bytes.releaseBlock(), count);
+  adoptBlock(*pixels, bytes.releaseBlock(), count);
   setPixels(pixels, source.width, source.height);
 }
 

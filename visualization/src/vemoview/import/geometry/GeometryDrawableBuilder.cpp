@@ -1,6 +1,7 @@
 #include "vemoview/import/geometry/GeometryDrawableBuilder.h"
 
-#include "geometry/FiniteBounds.h"
+#include "geometry/Box.h"
+#include "geometry/Normals.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/items/GeometrySettings.h>
 #include <vemo/scenegraph/Logger.h>
@@ -17,13 +18,11 @@ namespace vemo {
 
 namespace {
 
-constexpr std::string_view NORMALS = "Normals";
-
 /// The first array that is data of the scene, and not normals for its shading.
 vtkDataArray* findScalars(vtkDataSetAttributes& data) {
   for (int i = 0; i < data.GetNumberOfArrays(); ++i) {
     vtkDataArray* const array = data.GetArray(i);
-    if (array != nullptr && (array->GetName() == nullptr || array->GetName() != NORMALS)) {
+    if (array != nullptr && (array->GetName() == nullptr || std::string_view(array->GetName()) != NORMALS)) {
       return array;
     }
   }
@@ -32,12 +31,12 @@ vtkDataArray* findScalars(vtkDataSetAttributes& data) {
 
 Vector<3, double> centerOf(vtkPolyData& polyData) {
   vtkPoints* const points = polyData.GetPoints();
-  const auto bounds = points != nullptr ? geometry::finiteBounds(*points) : std::nullopt;
-  if (!bounds) {
+  const Box bounds = points != nullptr ? finiteBounds(*points->GetData()) : Box();
+  if (bounds.isEmpty()) {
     VEMO_LOG_WARNING("Investigate this case. Probably, should be caught earlier.");
     return {};
   }
-  return bounds->center();
+  return bounds.center();
 }
 
 lum::PointScaleMode scaleModeOf(int mode) {

@@ -28,8 +28,6 @@
 
 namespace vemo {
 
-using geometry::CellKind;
-
 namespace {
 
 void logArrays(const char* question, vtkDataSetAttributes& data) {
@@ -46,7 +44,7 @@ GeometryItem::GeometryItem(const std::string& name)
 GeometryItem::~GeometryItem() = default;
 
 int GeometryItem::countItemsInList(Array_t<int> list) {
-  return geometry::countCells(std::span(list.data, static_cast<std::size_t>(list.count)));
+  return vemo::countCells(std::span(list.data, static_cast<std::size_t>(list.count)));
 }
 
 void GeometryItem::setGeometry(vtkPolyData* polyData, vtkPolyDataMapper* mapper, vtkProperty* property) {
@@ -140,9 +138,9 @@ GeometryItem::GeometryType GeometryItem::determineType() const {
 
 void GeometryItem::computeNormals() {
   if (_settings.smoothShading) {
-    _polydata->GetPointData()->SetNormals(geometry::pointNormals(*_polydata));
+    _polydata->GetPointData()->SetNormals(pointNormals(*_polydata));
   } else {
-    _polydata->GetCellData()->SetNormals(geometry::cellNormals(*_polydata));
+    _polydata->GetCellData()->SetNormals(cellNormals(*_polydata));
   }
 }
 

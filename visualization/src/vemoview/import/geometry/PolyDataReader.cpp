@@ -14,15 +14,11 @@
 #include <vtkPoints.h>
 #include <vtkPolyData.h>
 
-#include <cmath>
 #include <numeric>
 #include <utility>
 #include <vector>
 
 namespace vemo {
-
-using geometry::CellKind;
-using geometry::ImportedCells;
 
 namespace {
 
@@ -33,7 +29,7 @@ vtkSmartPointer<vtkFloatArray> adopt(ArrayOwner<float> values, int components) {
   auto array = vtkSmartPointer<vtkFloatArray>::New();
   const vtkIdType tuples = values.count() / components;
   array->SetNumberOfComponents(components);
-  geometry::adoptBlock(*array, values.releaseBlock(), tuples * components);
+  adoptBlock(*array, values.releaseBlock(), tuples * components);
   return array;
 }
 
@@ -44,22 +40,9 @@ vtkSmartPointer<vtkFloatArray> magnitudes(const ArrayOwner<float>& values) {
   array->SetNumberOfValues(count);
   const float* triple = values.data();
   for (vtkIdType i = 0; i < count; ++i, triple += COORDINATES) {
-    array->SetValue(i, std::sqrt(triple[0] * triple[0] + triple[1] * triple[1] + triple[2] * triple[2]));
+    array->SetValue(i, length(Vector<3, float>{triple[0], triple[1], triple[2]}));
   }
   return array;
-}
-
-void setCells(vtkPolyData& polyData, CellKind kind, vtkCellArray* cells) {
-  switch (kind) {
-    case CellKind::VERTS:
-      return polyData.SetVerts(cells);
-    case CellKind::LINES:
-      return polyData.SetLines(cells);
-    case CellKind::POLYS:
-      return polyData.SetPolys(cells);
-    case CellKind::STRIPS:
-      return polyData.SetStrips(cells);
-  }
 }
 
 [[noreturn]] void failOutside(int index, vtkIdType pointCount, const std::string& entry) {
@@ -84,18 +67,18 @@ void PolyDataReader::readCells(CellKind kind, const std::string& entry) {
   ArrayOwner<int> list(_archive.readIntBuffer(entry));
   const int size = list.count();
   const vtkIdType pointCount = _polyData.GetNumberOfPoints();
-  ImportedCells& imported = _cells.at(static_cast<std::size_t>(kind));
-  imported = geometry::importCells(list.releaseBlock(), size, kind, pointCount);
+  ImportedCells& imported = _cells[indexOf(kind)];
+  imported = importCells(list.releaseBlock(), size, kind, pointCount);
   if (imported.indexOutside) {
     failOutside(*imported.indexOutside, pointCount, entry);
   }
   if (!imported.dropped.empty()) {
     _context.addWarning(std::to_string(imported.dropped.size()) + " of " + std::to_string(imported.listed) +
-                            " cells have fewer than " + std::to_string(geometry::fewestPoints(kind)) +
+                            " cells have fewer than " + std::to_string(traitsOf(kind).leastPoints) +
                             " points and are left out",
                         entry);
   }
-  setCells(_polyData, kind, imported.cells);
+  traitsOf(kind).set(_polyData, imported.cells);
 }
 
 vtkIdType PolyDataReader::listedCells() const {
@@ -134,7 +117,7 @@ void PolyDataReader::readArray(const GeometryArray& array) {
     }
   } else if (const auto values = readValues(array, listedCells(), "cells")) {
     const std::vector<std::reference_wrapper<const ImportedCells>> lists(_cells.begin(), _cells.end());
-    geometry::removeRows(*values, geometry::droppedRows(lists));
+    removeRows(*values, droppedRows(lists));
     _polyData.GetCellData()->AddArray(values);
   }
 }

@@ -33,7 +33,7 @@ class VEMO_IMPORT_EXPORT PolyDataReader {
   /// with a warning.
   /// @throws InternalError for a list that does not end with its last cell
   /// @throws IOException for an index outside the points
-  void readCells(geometry::CellKind kind, const std::string& entry);
+  void readCells(CellKind kind, const std::string& entry);
 
   /// Triples are stored as their lengths. An array that does not fit the points
   /// or cells is left out with a warning; the rows of cells that were left out
@@ -49,7 +49,7 @@ class VEMO_IMPORT_EXPORT PolyDataReader {
   const ArchiveReader& _archive;
   ReadingContext& _context;
   /// By kind.
-  std::array<geometry::ImportedCells, 4> _cells;
+  std::array<ImportedCells, CELL_KINDS.size()> _cells;
 };
 
 }  // namespace vemo

@@ -1,8 +1,8 @@
 #include "vemoview/render/decorations/ImagePlate.h"
 
-#include "geometry/Vector3.h"
 #include "vemoview/render/draw/PropGroup.h"
 #include "vemoview/render/resolve/Placements.h"
+#include <vemo/base/Vector.h>
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/drawables/Overlays.h>
 

@@ -1,10 +1,10 @@
 #include "vemoview/render/decorations/Triad.h"
 
-#include "geometry/Vector3.h"
 #include "vemoview/render/decorations/TextLabel.h"
 #include "vemoview/render/draw/PropGroup.h"
 #include "vemoview/render/draw/Screen.h"
 #include "vemoview/render/draw/View.h"
+#include <vemo/base/Vector.h>
 #include <vemo/scenegraph/drawables/TriadDrawable.h>
 
 #include <vtkActor.h>

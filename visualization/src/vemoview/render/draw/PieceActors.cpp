@@ -1,11 +1,10 @@
 #include "vemoview/render/draw/PieceActors.h"
 
-#include "geometry/CellKinds.h"
-#include "geometry/MeshValidation.h"
-#include "geometry/Vector3.h"
+#include "geometry/DrawableCells.h"
 #include "vemoview/render/draw/PieceActor.h"
 #include "vemoview/render/draw/PropGroup.h"
 #include "vemoview/render/draw/Screen.h"
+#include <vemo/base/Vector.h>
 
 #include <vtkActor.h>
 #include <vtkAppendPolyData.h>
@@ -65,10 +64,10 @@ vtkSmartPointer<vtkPolyData> trianglesOf(vtkPolyData& strips) {
 /// cells of several kinds, and that of the triangles of strips.
 vtkSmartPointer<vtkPolyData> clippedByKind(vtkPolyData& geometry, vtkPlane& plane) {
   vtkNew<vtkAppendPolyData> all;
-  for (const CellKind& kind : CELL_KINDS) {
+  for (const CellKindTraits& kind : CELL_KINDS) {
     if (kind.get(geometry)->GetNumberOfCells() > 0) {
       auto cells = drawableCells(geometry, kind.kind);
-      all->AddInputData(clipped(kind.kind == STRIP_CELLS ? *trianglesOf(*cells) : *cells, plane));
+      all->AddInputData(clipped(kind.kind == CellKind::STRIPS ? *trianglesOf(*cells) : *cells, plane));
     }
   }
   all->Update();
@@ -192,14 +191,14 @@ vtkProperty& addPlaced(const Piece& piece, vtkPlaneCollection& planes, PropGroup
 }
 
 /// The piece with cells of some kinds only; without geometry when it has none.
-Piece part(const Piece& piece, unsigned kinds) {
+Piece part(const Piece& piece, CellKinds kinds) {
   Piece result = piece;
   result.geometry = drawableCells(*piece.geometry, kinds);
   return result;
 }
 
 void addEdges(const Piece& piece, vtkPlaneCollection& planes, PropGroup& group) {
-  Piece edges = part(piece, POLYGON_CELLS | STRIP_CELLS);
+  Piece edges = part(piece, CellKind::POLYS | CellKind::STRIPS);
   if (edges.geometry->GetNumberOfCells() == 0) {
     return;
   }
@@ -233,7 +232,7 @@ vtkSmartPointer<vtkPolyData> contourOf(vtkPolyData& faces) {
 }
 
 void addContour(const Piece& piece, vtkPlaneCollection& planes, PropGroup& group) {
-  Piece contour = part(piece, POLYGON_CELLS | STRIP_CELLS);
+  Piece contour = part(piece, CellKind::POLYS | CellKind::STRIPS);
   if (contour.geometry->GetNumberOfCells() == 0) {
     return;
   }
@@ -254,7 +253,7 @@ void addWithoutFaces(const Piece& piece, vtkPlaneCollection& planes, PropGroup& 
     addEdges(piece, planes, group);
   }
   // Lines and vertices of a surface are no faces: they stay.
-  const Piece rest = part(piece, VERTEX_CELLS | LINE_CELLS);
+  const Piece rest = part(piece, CellKind::VERTS | CellKind::LINES);
   if (rest.geometry->GetNumberOfCells() > 0) {
     addPlaced(rest, planes, group);
   }

@@ -1,6 +1,6 @@
 #include "vemoview/render/draw/PieceJoiner.h"
 
-#include "geometry/CellKinds.h"
+#include <vemo/geometry/CellKind.h>
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
@@ -136,7 +136,7 @@ class Joiner {
     points->SetData(
         joinPointArrays([](const Piece& piece) { return piece.geometry->GetPoints()->GetData(); }));
     result.geometry->SetPoints(points);
-    for (const CellKind& kind : CELL_KINDS) {
+    for (const CellKindTraits& kind : CELL_KINDS) {
       kind.set(*result.geometry, joinCells(kind));
     }
     joinNormals(*result.geometry);
@@ -161,7 +161,7 @@ class Joiner {
   vtkSmartPointer<vtkDataArray> joinCellArrays(GetArray&& getArray) const {
     std::vector<Run> runs;
     std::vector<vtkIdType> places(_members.size(), 0);
-    for (const CellKind& kind : CELL_KINDS) {
+    for (const CellKindTraits& kind : CELL_KINDS) {
       for (std::size_t i = 0; i < _members.size(); ++i) {
         const Piece& piece = *_members[i];
         const vtkIdType count = kind.get(*piece.geometry)->GetNumberOfCells();
@@ -172,7 +172,7 @@ class Joiner {
     return concatenate(runs);
   }
 
-  vtkSmartPointer<vtkCellArray> joinCells(const CellKind& kind) const {
+  vtkSmartPointer<vtkCellArray> joinCells(const CellKindTraits& kind) const {
     vtkIdType cells = 0;
     vtkIdType indices = 0;
     for (const Piece* const member : _members) {

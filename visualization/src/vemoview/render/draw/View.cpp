@@ -1,6 +1,6 @@
 #include "vemoview/render/draw/View.h"
 
-#include "geometry/Vector3.h"
+#include <vemo/base/Vector.h>
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/canvas/CameraAttributes.h>
 #include <vemo/scenegraph/canvas/LightingAttributes.h>

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "geometry/MeshReader.h"
+#include "geometry/Cells.h"
+#include "geometry/Points.h"
 #include "vemoview/render/pick/SightLine.h"
 
 #include <optional>

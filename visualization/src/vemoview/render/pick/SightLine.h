@@ -1,6 +1,6 @@
 #pragma once
 
-#include "geometry/Vector3.h"
+#include <vemo/base/Vector.h>
 
 #include <limits>
 #include <optional>

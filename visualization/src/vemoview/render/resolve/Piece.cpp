@@ -1,8 +1,8 @@
 #include "vemoview/render/resolve/Piece.h"
 
-#include "geometry/CellKinds.h"
-#include "geometry/MeshReader.h"
-#include "geometry/MeshValidation.h"
+#include "geometry/CellValidator.h"
+#include "geometry/DrawableCells.h"
+#include "geometry/Normals.h"
 #include "vemoview/render/resolve/ColorTable.h"
 #include "vemoview/render/resolve/PointSizes.h"
 #include <vemo/render/RenderErrors.h>
@@ -24,8 +24,6 @@
 namespace vemo {
 
 namespace {
-
-constexpr const char* NORMALS = "Normals";
 
 /// The poly data of one node with no arrays but those that are drawn.
 class PieceBuilder {
@@ -65,15 +63,27 @@ class PieceBuilder {
     vtkNew<vtkPoints> points;
     points->SetData(_node.getPoints());
     _piece.geometry->SetPoints(points);
-    _piece.geometry->SetVerts(_node.getVerts());
-    _piece.geometry->SetLines(_node.getLines());
-    _piece.geometry->SetPolys(_node.getPolys());
-    _piece.geometry->SetStrips(_node.getStrips());
-    std::string fault;
-    if (!hasSoundCells(*_piece.geometry, fault)) {
-      VEMO_LOG_WARNING("\"" << _node.getName() << "\" is not drawn: " << fault);
+    for (const CellKindTraits& kind : CELL_KINDS) {
+      if (!putCells(kind, points->GetNumberOfPoints())) {
+        return false;
+      }
+    }
+    return true;
+  }
+
+  bool putCells(const CellKindTraits& kind, vtkIdType pointCount) {
+    vtkCellArray* const cells = _node.getCells(kind.kind);
+    if (cells == nullptr) {
+      return true;
+    }
+    // Cells with too few points are left out later on.
+    const std::string fault =
+        CellValidator().findFault(*cells, {.pointCount = pointCount, .mayHaveUnusedIndices = true});
+    if (!fault.empty()) {
+      VEMO_LOG_WARNING("\"" << _node.getName() << "\" is not drawn: " << kind.name << ": " << fault);
       return false;
     }
+    kind.set(*_piece.geometry, cells);
     return true;
   }
 
@@ -130,7 +140,7 @@ class PieceBuilder {
     if (_piece.appearance.kind != Appearance::Kind::POINTS) {
       _piece.geometry = drawableCells(geometry);
     } else if (_node.getVerts() != nullptr) {
-      _piece.geometry = drawableCells(geometry, VERTEX_CELLS);
+      _piece.geometry = drawableCells(geometry, CellKind::VERTS);
     } else {
       // Points that no vertex names are still what a point drawable is for.
       _piece.geometry = pointsAsVertices(geometry);
@@ -163,10 +173,7 @@ vtkDataArray* findArray(const lum::ArrayTable& table, const std::string& name) {
 
 const Box& Piece::getBounds() const {
   if (_bounds.isEmpty()) {
-    const PointReader points(*geometry->GetPoints()->GetData());
-    for (vtkIdType i = 0; i < points.size(); ++i) {
-      _bounds.add(points[i]);
-    }
+    _bounds = finiteBounds(*geometry->GetPoints()->GetData());
   }
   return _bounds;
 }
@@ -181,8 +188,8 @@ vtkIdType PieceCollector::timesDrawn(const Piece& piece) const {
 /// are not drawn are still looked through when something is picked.
 void PieceCollector::countSize(const Piece& piece, Load& load) const {
   vtkIdType size = piece.geometry->GetNumberOfPoints();
-  for (vtkCellArray* const cells :
-       {piece.node->getVerts(), piece.node->getLines(), piece.node->getPolys(), piece.node->getStrips()}) {
+  for (const CellKindTraits& kind : CELL_KINDS) {
+    vtkCellArray* const cells = piece.node->getCells(kind.kind);
     size += cells != nullptr ? cells->GetNumberOfCells() + cells->GetNumberOfConnectivityIds() : 0;
   }
   load.size += size * timesDrawn(piece);

@@ -1,6 +1,6 @@
 #include "vemoview/render/resolve/Placements.h"
 
-#include "geometry/Vector3.h"
+#include <vemo/base/Vector.h>
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/transforms/PeriodicRepeatTransform.h>
 #include <vemo/scenegraph/transforms/SimpleTransform.h>

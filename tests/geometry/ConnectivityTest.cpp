@@ -18,8 +18,6 @@ namespace vemo {
 
 namespace {
 
-using geometry::CellKind;
-using geometry::ImportedCells;
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::IsEmpty;
@@ -30,14 +28,14 @@ constexpr std::int32_t LOWEST = std::numeric_limits<std::int32_t>::min();
 
 /// A block of exactly the list's size, so that a sanitizer sees every step
 /// beyond it.
-geometry::EntryBlock blockOf(const List& list) {
-  geometry::EntryBlock block(new unsigned char[list.size() * sizeof(std::int32_t)]);
+EntryBlock blockOf(const List& list) {
+  EntryBlock block(new unsigned char[list.size() * sizeof(std::int32_t)]);
   std::memcpy(block.get(), list.data(), list.size() * sizeof(std::int32_t));
   return block;
 }
 
 ImportedCells import(const List& list, CellKind kind, vtkIdType points) {
-  return geometry::importCells(blockOf(list), static_cast<std::int32_t>(list.size()), kind, points);
+  return importCells(blockOf(list), static_cast<std::int32_t>(list.size()), kind, points);
 }
 
 List valuesOf(vtkTypeInt32Array* array) {
@@ -48,7 +46,7 @@ TEST(Connectivity, countsTheCellsOfAList) {
   const std::vector<std::pair<List, int>> cases = {
       {{}, 0}, {{0}, 1}, {{3, 0, 1, 2, 2, 2, 3}, 2}, {{1, -7, 0, 1, HIGHEST}, 3}};
   for (const auto& [list, count] : cases) {
-    EXPECT_EQ(geometry::countCells(list), count) << testing::PrintToString(list);
+    EXPECT_EQ(countCells(list), count) << testing::PrintToString(list);
   }
 }
 
@@ -71,9 +69,9 @@ TEST(Connectivity, refusesAListThatDoesNotEndWithItsLastCell) {
 
 TEST(Connectivity, turnsTheBlockItselfIntoCellsOf32Bits) {
   const List list = {3, 0, 1, 2, 4, 3, 2, 1, 0, 3, 4, 4, 4};
-  geometry::EntryBlock block = blockOf(list);
+  EntryBlock block = blockOf(list);
   const void* const place = block.get();
-  const ImportedCells imported = geometry::importCells(std::move(block), 13, CellKind::POLYS, 5);
+  const ImportedCells imported = importCells(std::move(block), 13, CellKind::POLYS, 5);
 
   ASSERT_TRUE(imported.cells);
   ASSERT_FALSE(imported.cells->IsStorage64Bit());
@@ -116,7 +114,7 @@ TEST(Connectivity, leavesOutCellsWithTooFewPoints) {
 }
 
 TEST(Connectivity, acceptsListsOfNoCell) {
-  const ImportedCells none = geometry::importCells(nullptr, 0, CellKind::LINES, 0);
+  const ImportedCells none = importCells(nullptr, 0, CellKind::LINES, 0);
   const ImportedCells left = import({1, 0, 2, 0, 0}, CellKind::POLYS, 1);
   EXPECT_EQ(none.cells->GetNumberOfCells(), 0);
   EXPECT_EQ(left.cells->GetNumberOfCells(), 0);
@@ -142,7 +140,7 @@ TEST(Connectivity, findsTheRowsOfDroppedCellsInVtksOrder) {
   polys.listed = 3;
   polys.dropped = {1};
   const std::vector<std::reference_wrapper<const ImportedCells>> lists = {verts, lines, polys};
-  EXPECT_THAT(geometry::droppedRows(lists), ElementsAre(0, 3, 7));
+  EXPECT_THAT(droppedRows(lists), ElementsAre(0, 3, 7));
 }
 
 TEST(Connectivity, removesRowsInPlace) {
@@ -156,7 +154,7 @@ TEST(Connectivity, removesRowsInPlace) {
     array->SetNumberOfTuples(4);
     std::iota(array->GetPointer(0), array->GetPointer(8), 0.0F);
     const float* const place = array->GetPointer(0);
-    geometry::removeRows(*array, rows);
+    removeRows(*array, rows);
     ASSERT_EQ(array->GetNumberOfValues(), static_cast<vtkIdType>(kept.size()));
     EXPECT_TRUE(kept.empty() || array->GetPointer(0) == place);
     EXPECT_THAT(kept, ElementsAreArray(array->GetPointer(0), kept.size()));

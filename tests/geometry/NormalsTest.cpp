@@ -115,15 +115,15 @@ TEST_P(NormalsOfEveryStorage, areThoseOfTheFilterToTheLastBit) {
   mesh->SetVerts(cellArray({{0}, {1, 2}}, wide));
   mesh->SetLines(cellArray({{3, 4, 5}}, wide));
   mesh->SetPolys(cellArray(random.cells(500, 200), wide));
-  const Values cellNormals = valuesOf(geometry::cellNormals(*mesh));
-  EXPECT_EQ(cellNormals, filterNormals(mesh).cells);
-  EXPECT_EQ(cellNormals.size(), 3 * 503U);
-  EXPECT_EQ(valuesOf(geometry::pointNormals(*mesh)), filterNormals(mesh).points);
+  const Values ours = valuesOf(cellNormals(*mesh));
+  EXPECT_EQ(ours, filterNormals(mesh).cells);
+  EXPECT_EQ(ours.size(), 3 * 503U);
+  EXPECT_EQ(valuesOf(pointNormals(*mesh)), filterNormals(mesh).points);
 
   mesh->SetStrips(cellArray(random.cells(300, 200), wide));
-  EXPECT_EQ(valuesOf(geometry::pointNormals(*mesh)), filterNormals(mesh).points);
+  EXPECT_EQ(valuesOf(pointNormals(*mesh)), filterNormals(mesh).points);
   mesh->SetPolys(nullptr);
-  EXPECT_EQ(valuesOf(geometry::pointNormals(*mesh)), filterNormals(mesh).points);
+  EXPECT_EQ(valuesOf(pointNormals(*mesh)), filterNormals(mesh).points);
 }
 
 INSTANTIATE_TEST_SUITE_P(, NormalsOfEveryStorage,
@@ -136,7 +136,7 @@ TEST(Normals, ofAStripIsTheMeanOfItsTrianglesAndOneForTheCell) {
   mesh->SetVerts(cellArray({{1}}));
   mesh->SetStrips(cellArray(strips));
   mesh->SetPolys(cellArray({{0, 1, 2}, {3, 4, 5, 6}}));
-  const Values ours = valuesOf(geometry::cellNormals(*mesh));
+  const Values ours = valuesOf(cellNormals(*mesh));
   ASSERT_EQ(ours.size(), 3 * 43U);
 
   // The filter has a normal for each triangle, after the others in our order.
@@ -165,23 +165,22 @@ TEST(Normals, ofCellsWithoutAreaAreZeroAsTheFilterHasThem) {
   const auto mesh = meshOn({{0, 0, 0}, {1, 0, 0}, {2, 0, 0}, {0, 1, 0}, {5, 5, 5}});
   mesh->SetPolys(cellArray({{0, 1, 2}, {0, 0, 1}, {4, 4, 4, 4}, {0, 1, 3}}));
   const FilterNormals filters = filterNormals(mesh);
-  EXPECT_EQ(valuesOf(geometry::pointNormals(*mesh)), filters.points);
-  EXPECT_EQ(valuesOf(geometry::cellNormals(*mesh)), filters.cells);
-  EXPECT_THAT(valuesOf(geometry::cellNormals(*mesh)), ElementsAre(0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1));
+  EXPECT_EQ(valuesOf(pointNormals(*mesh)), filters.points);
+  EXPECT_EQ(valuesOf(cellNormals(*mesh)), filters.cells);
+  EXPECT_THAT(valuesOf(cellNormals(*mesh)), ElementsAre(0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1));
 }
 
 TEST(Normals, ofNeighboursSurviveCoordinatesThatAreNotFinite) {
   for (const float wrong : {NOT_A_NUMBER, INFINITE, -INFINITE}) {
     const auto mesh = meshOn({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {wrong, 0, 0}, {1, wrong, 0}});
     mesh->SetPolys(cellArray({{0, 1, 2}, {0, 1, 3}, {0, 2, 4, 1}}));
-    EXPECT_THAT(valuesOf(geometry::pointNormals(*mesh)),
-                ElementsAre(0, 0, 1, 0, 0, 1, 0, 0, 1, 0, 0, 0, 0, 0, 0));
-    EXPECT_THAT(valuesOf(geometry::cellNormals(*mesh)), ElementsAre(0, 0, 1, 0, 0, 0, 0, 0, 0));
+    EXPECT_THAT(valuesOf(pointNormals(*mesh)), ElementsAre(0, 0, 1, 0, 0, 1, 0, 0, 1, 0, 0, 0, 0, 0, 0));
+    EXPECT_THAT(valuesOf(cellNormals(*mesh)), ElementsAre(0, 0, 1, 0, 0, 0, 0, 0, 0));
 
     mesh->SetPolys(nullptr);
     mesh->SetStrips(cellArray({{0, 1, 2, 3}, {0, 3, 1, 4}}));
-    EXPECT_THAT(valuesOf(geometry::cellNormals(*mesh)), ElementsAre(0, 0, 1, 0, 0, 0));
-    EXPECT_EQ(geometry::pointNormals(*mesh)->GetTypedComponent(2, 2), 1.0F);
+    EXPECT_THAT(valuesOf(cellNormals(*mesh)), ElementsAre(0, 0, 1, 0, 0, 0));
+    EXPECT_EQ(pointNormals(*mesh)->GetTypedComponent(2, 2), 1.0F);
   }
 }
 

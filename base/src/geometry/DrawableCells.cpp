@@ -1,5 +1,6 @@
-#include "geometry/MeshValidation.h"
+#include "geometry/DrawableCells.h"
 
+#include "geometry/Cells.h"
 #include "geometry/StrayPoints.h"
 
 #include <vtkCellArray.h>
@@ -17,48 +18,19 @@ namespace vemo {
 
 namespace {
 
-/// What is wrong with the offsets and indices of a cell array; null for sound
-/// ones.
-struct FindFault {
-  template <class State>
-  const char* operator()(State& state, vtkIdType pointCount) const {
-    auto* const offsets = state.GetOffsets();
-    auto* const indices = state.GetConnectivity();
-    const auto offsetCount = offsets->GetNumberOfValues();
-    if (offsetCount == 0) {
-      return indices->GetNumberOfValues() == 0 ? nullptr : "indices without cells";
-    }
-    const auto* const firstOffset = offsets->GetPointer(0);
-    const auto* const lastOffset = firstOffset + offsetCount - 1;
-    if (*firstOffset != 0 || *lastOffset > indices->GetNumberOfValues() ||
-        !std::is_sorted(firstOffset, lastOffset + 1)) {
-      return "cells outside the list of indices";
-    }
-    const auto* const firstIndex = indices->GetPointer(0);
-    const bool isWithin = std::all_of(firstIndex, firstIndex + *lastOffset,
-                                      [=](auto index) { return index >= 0 && index < pointCount; });
-    return isWithin ? nullptr : "an index outside the points";
-  }
-};
-
-struct AreAllLongEnough {
-  template <class State>
-  bool operator()(State& state, vtkIdType minimum) const {
-    const vtkIdType cellCount = state.GetNumberOfCells();
-    for (vtkIdType cell = 0; cell < cellCount; ++cell) {
-      if (state.GetCellSize(cell) < minimum) {
-        return false;
-      }
-    }
-    return true;
-  }
-};
+bool areLongEnough(vtkCellArray& cells, vtkIdType leastPoints) {
+  return withIndices(*cells.GetOffsetsArray(), [leastPoints](auto offsets) {
+    return std::ranges::adjacent_find(offsets, [leastPoints](auto begin, auto end) {
+             return end - begin < leastPoints;
+           }) == offsets.end();
+  });
+}
 
 /// Copies the drawable cells, or the drawable parts of them, of one cell array
 /// and notes the number of the cell that each comes from.
 class CellCopier {
  public:
-  CellCopier(const CellKind& kind, const PointMarks& marks, vtkCellArray& target, vtkIdList& sources)
+  CellCopier(const CellKindTraits& kind, const PointMarks& marks, vtkCellArray& target, vtkIdList& sources)
       : _kind(kind), _marks(marks), _target(target), _sources(sources) {}
 
   void copy(vtkCellArray& cells, vtkIdType firstNumber) {
@@ -80,7 +52,7 @@ class CellCopier {
     }
     while (point != end) {
       const vtkIdType* const runEnd = std::find_if(point, end, bad);
-      if (runEnd - point >= _kind.minimum) {
+      if (runEnd - point >= _kind.leastPoints) {
         _target.InsertNextCell(runEnd - point, point);
         _sources.InsertNextId(number);
       }
@@ -88,7 +60,7 @@ class CellCopier {
     }
   }
 
-  const CellKind& _kind;
+  const CellKindTraits& _kind;
   const PointMarks& _marks;
   vtkCellArray& _target;
   vtkIdList& _sources;
@@ -121,10 +93,11 @@ vtkSmartPointer<vtkPoints> moveMarkedPoints(vtkPoints& points, const PointMarks&
     moved = vtkSmartPointer<vtkPoints>::New();
     moved->SetDataType(points.GetDataType());
     moved->DeepCopy(&points);
-    const auto sound = static_cast<vtkIdType>(std::find(marks.begin(), marks.end(), false) - marks.begin());
+    const auto firstGood =
+        static_cast<vtkIdType>(std::find(marks.begin(), marks.end(), false) - marks.begin());
     std::array<double, 3> place{};
-    if (sound < points.GetNumberOfPoints()) {
-      points.GetPoint(sound, place.data());
+    if (firstGood < points.GetNumberOfPoints()) {
+      points.GetPoint(firstGood, place.data());
     }
     for (std::size_t i = 0; i < marks.size(); ++i) {
       if (marks[i]) {
@@ -144,29 +117,26 @@ vtkSmartPointer<vtkPolyData> copyWithoutCells(vtkPolyData& geometry, const Point
   return copy;
 }
 
-bool isAllDrawable(vtkPolyData& geometry, unsigned kinds, const PointMarks& marks) {
-  return marks.empty() && std::ranges::all_of(CELL_KINDS, [&](const CellKind& kind) {
-           vtkCellArray* const cells = kind.get(geometry);
-           return cells == nullptr || cells->GetNumberOfCells() == 0 ||
-                  ((kinds & kind.kind) != 0 && cells->Visit(AreAllLongEnough{}, kind.minimum));
+bool isAllDrawable(vtkPolyData& geometry, CellKinds kinds, const PointMarks& marks) {
+  return marks.empty() && std::ranges::all_of(CELL_KINDS, [&](const CellKindTraits& kind) {
+           vtkCellArray& cells = *kind.get(geometry);
+           return cells.GetNumberOfCells() == 0 ||
+                  (kinds.contains(kind.kind) && areLongEnough(cells, kind.leastPoints));
          });
 }
 
-vtkSmartPointer<vtkPolyData> copyCells(vtkPolyData& geometry, unsigned kinds, const PointMarks& marks) {
+vtkSmartPointer<vtkPolyData> copyCells(vtkPolyData& geometry, CellKinds kinds, const PointMarks& marks) {
   const auto copy = copyWithoutCells(geometry, marks);
   vtkNew<vtkIdList> numbers;
   vtkIdType firstNumber = 0;
-  for (const CellKind& kind : CELL_KINDS) {
-    vtkCellArray* const cells = kind.get(geometry);
-    if (cells == nullptr) {
-      continue;
-    }
-    if ((kinds & kind.kind) != 0) {
+  for (const CellKindTraits& kind : CELL_KINDS) {
+    vtkCellArray& cells = *kind.get(geometry);
+    if (kinds.contains(kind.kind)) {
       vtkNew<vtkCellArray> kept;
-      CellCopier(kind, marks, *kept, *numbers).copy(*cells, firstNumber);
+      CellCopier(kind, marks, *kept, *numbers).copy(cells, firstNumber);
       kind.set(*copy, kept);
     }
-    firstNumber += cells->GetNumberOfCells();
+    firstNumber += cells.GetNumberOfCells();
   }
   selectCellData(*geometry.GetCellData(), *copy->GetCellData(), *numbers);
   return copy;
@@ -174,20 +144,7 @@ vtkSmartPointer<vtkPolyData> copyCells(vtkPolyData& geometry, unsigned kinds, co
 
 }  // namespace
 
-bool hasSoundCells(vtkPolyData& geometry, std::string& fault) {
-  const vtkIdType pointCount = geometry.GetNumberOfPoints();
-  for (const CellKind& kind : CELL_KINDS) {
-    if (vtkCellArray* const cells = kind.get(geometry)) {
-      if (const char* const found = cells->Visit(FindFault{}, pointCount)) {
-        fault = std::string("its ") + kind.name + " cells have " + found;
-        return false;
-      }
-    }
-  }
-  return true;
-}
-
-vtkSmartPointer<vtkPolyData> drawableCells(vtkPolyData& geometry, unsigned kinds) {
+vtkSmartPointer<vtkPolyData> drawableCells(vtkPolyData& geometry, CellKinds kinds) {
   const PointScan scan = scanPoints(geometry);
   if (!scan.nonFinite.empty()) {
     // Which of the others are far can be told without these.

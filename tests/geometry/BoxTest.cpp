@@ -1,4 +1,4 @@
-#include "geometry/FiniteBounds.h"
+#include "geometry/Box.h"
 
 #include <vtkPoints.h>
 #include <vtkSmartPointer.h>
@@ -34,19 +34,19 @@ TEST(FiniteBounds, leaveOutEveryPointThatIsNotFinite) {
                                   {-90, -90, -INFINITE},
                                   {0, 0, 8}},
                                  type);
-    const auto bounds = geometry::finiteBounds(*points);
-    ASSERT_TRUE(bounds);
-    EXPECT_EQ(bounds->minimum, (Vector<3, double>{-3, -2, 3}));
-    EXPECT_EQ(bounds->maximum, (Vector<3, double>{1, 4, 8}));
-    EXPECT_EQ(bounds->center(), (Vector<3, double>{-1, 1, 5.5}));
+    const auto bounds = finiteBounds(*points->GetData());
+    EXPECT_EQ(bounds.low, (Vector<3, double>{-3, -2, 3}));
+    EXPECT_EQ(bounds.high, (Vector<3, double>{1, 4, 8}));
+    EXPECT_EQ(bounds.center(), (Vector<3, double>{-1, 1, 5.5}));
   }
   constexpr double GREATEST = std::numeric_limits<double>::max();
-  EXPECT_EQ(geometry::finiteBounds(*pointsOf({{GREATEST, 0, 0}}, VTK_DOUBLE))->center()[0], GREATEST);
+  EXPECT_EQ(finiteBounds(*pointsOf({{GREATEST, 0, 0}}, VTK_DOUBLE)->GetData()).center()[0], GREATEST);
 }
 
-TEST(FiniteBounds, areNothingWithoutAFinitePoint) {
-  EXPECT_FALSE(geometry::finiteBounds(*pointsOf({}, VTK_FLOAT)));
-  EXPECT_FALSE(geometry::finiteBounds(*pointsOf({{0, NOT_A_NUMBER, 0}, {INFINITE, 0, 0}}, VTK_FLOAT)));
+TEST(FiniteBounds, areEmptyWithoutAFinitePoint) {
+  EXPECT_TRUE(finiteBounds(*pointsOf({}, VTK_FLOAT)->GetData()).isEmpty());
+  EXPECT_TRUE(
+      finiteBounds(*pointsOf({{0, NOT_A_NUMBER, 0}, {INFINITE, 0, 0}}, VTK_FLOAT)->GetData()).isEmpty());
 }
 
 }  // namespace

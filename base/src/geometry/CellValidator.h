@@ -1,0 +1,53 @@
+#pragma once
+
+#include <vemo/geometry/Export.h>
+
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+
+class vtkCellArray;
+class vtkDataArray;
+
+namespace vemo {
+
+/// What cells must fulfil besides having every offset within the connectivity.
+struct CellRules {
+  /// The points that there are to index.
+  std::int64_t pointCount = 0;
+  /// That a cell needs.
+  std::int64_t leastPoints = 0;
+  /// Whether the connectivity may go on after the last cell.
+  bool mayHaveUnusedIndices = false;
+};
+
+/// Finds cells that VTK, which trusts its input, must not be given. The arrays
+/// must outlive the validator, unchanged: it passes once over each of the large
+/// ones, however many cell arrays share it, so that a small file that repeats
+/// one does not cost time without limit.
+class VEMO_GEOMETRY_EXPORT CellValidator {
+ public:
+  /// What is wrong with the cells; empty when nothing is.
+  std::string findFault(vtkCellArray& cells, const CellRules& rules);
+
+ private:
+  struct Offsets {
+    /// Whether they begin at 0 and never fall; if not, the rest says nothing.
+    bool isRising;
+    std::int64_t last;
+    std::int64_t shortestCell;
+  };
+  struct Range {
+    std::int64_t least;
+    std::int64_t greatest;
+  };
+
+  static Offsets summarize(vtkDataArray& offsets);
+  static Range findRange(vtkDataArray& connectivity, std::int64_t count);
+
+  std::unordered_map<vtkDataArray*, Offsets> _offsets;
+  /// Of connectivity arrays without unused indices.
+  std::unordered_map<vtkDataArray*, Range> _ranges;
+};
+
+}  // namespace vemo

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <vtkCellArray.h>
+#include <vtkDataArray.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <type_traits>
+
+/// Reading the cells of a cell array, of 32-bit or 64-bit storage, without
+/// copies. The array must outlive whatever reads it here.
+namespace vemo {
+
+/// Calls the action with the values of an array of offsets or point indices, as
+/// a span of std::int32_t or of std::int64_t.
+template <class Action>
+auto withIndices(vtkDataArray& array, const Action& action) {
+  const auto count = static_cast<std::size_t>(array.GetNumberOfValues());
+  const void* const values = array.GetVoidPointer(0);
+  return array.GetDataTypeSize() == sizeof(std::int32_t)
+             ? action(std::span(static_cast<const std::int32_t*>(values), count))
+             : action(std::span(static_cast<const std::int64_t*>(values), count));
+}
+
+/// Calls the action with the point indices of each cell, as a span of 32-bit or
+/// 64-bit integers. Every offset is within the connectivity.
+template <class Action>
+void forEachCell(vtkCellArray& cells, const Action& action) {
+  cells.Visit([&action](auto& storage) {
+    using Index = std::remove_pointer_t<decltype(storage.GetOffsets()->GetPointer(0))>;
+    const Index* const offsets = storage.GetOffsets()->GetPointer(0);
+    const Index* const indices = storage.GetConnectivity()->GetPointer(0);
+    const vtkIdType count = storage.GetNumberOfCells();
+    for (vtkIdType cell = 0; cell < count; ++cell) {
+      action(std::span<const Index>(indices + offsets[cell], indices + offsets[cell + 1]));
+    }
+  });
+}
+
+/// Integers of 32 or 64 bits.
+class IdReader {
+ public:
+  IdReader(const vtkTypeInt32* narrow, const vtkTypeInt64* wide) : _narrow(narrow), _wide(wide) {}
+
+  vtkIdType operator[](vtkIdType index) const { return _narrow != nullptr ? _narrow[index] : _wide[index]; }
+
+ private:
+  const vtkTypeInt32* _narrow;
+  const vtkTypeInt64* _wide;
+};
+
+/// The point indices of one cell.
+class Corners {
+ public:
+  Corners(const IdReader& ids, vtkIdType first, vtkIdType count) : _ids(ids), _first(first), _count(count) {}
+
+  vtkIdType size() const { return _count; }
+  vtkIdType operator[](vtkIdType corner) const { return _ids[_first + corner]; }
+
+ private:
+  IdReader _ids;
+  vtkIdType _first;
+  vtkIdType _count;
+};
+
+/// Cells by their numbers, of whichever storage. It looks the storage up for
+/// each index: loops over many cells had better use forEachCell.
+class CellReader {
+ public:
+  explicit CellReader(vtkCellArray& cells)
+      : _size(cells.GetNumberOfCells()),
+        _offsets(cells.IsStorage64Bit() ? IdReader(nullptr, cells.GetOffsetsArray64()->GetPointer(0))
+                                        : IdReader(cells.GetOffsetsArray32()->GetPointer(0), nullptr)),
+        _ids(cells.IsStorage64Bit() ? IdReader(nullptr, cells.GetConnectivityArray64()->GetPointer(0))
+                                    : IdReader(cells.GetConnectivityArray32()->GetPointer(0), nullptr)) {}
+
+  vtkIdType size() const { return _size; }
+  Corners operator[](vtkIdType cell) const {
+    const vtkIdType first = _offsets[cell];
+    return {_ids, first, _offsets[cell + 1] - first};
+  }
+
+ private:
+  vtkIdType _size;
+  IdReader _offsets;
+  IdReader _ids;
+};
+
+}  // namespace vemo

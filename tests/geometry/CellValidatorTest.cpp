@@ -1,0 +1,83 @@
+#include "geometry/CellValidator.h"
+
+#include <vtkCellArray.h>
+#include <vtkSmartPointer.h>
+#include <vtkTypeInt32Array.h>
+#include <vtkTypeInt64Array.h>
+
+#include <gtest/gtest.h>
+#include <numeric>
+#include <string>
+#include <vector>
+
+namespace vemo {
+
+namespace {
+
+using Values = std::vector<int>;
+
+template <class Array>
+vtkSmartPointer<Array> arrayOf(const Values& values) {
+  auto array = vtkSmartPointer<Array>::New();
+  for (const int value : values) {
+    array->InsertNextValue(value);
+  }
+  return array;
+}
+
+template <class Array>
+vtkSmartPointer<vtkCellArray> cellsOf(const Values& offsets, const Values& connectivity) {
+  auto cells = vtkSmartPointer<vtkCellArray>::New();
+  cells->SetData(arrayOf<Array>(offsets), arrayOf<Array>(connectivity));
+  return cells;
+}
+
+TEST(CellValidator, saysWhatIsWrong) {
+  constexpr CellRules STRICT{.pointCount = 4, .leastPoints = 2};
+  constexpr CellRules LENIENT{.pointCount = 4, .mayHaveUnusedIndices = true};
+  const std::string UNFIT = "the offsets do not rise from 0 to the 4 entries of the connectivity";
+  struct Case {
+    Values offsets, connectivity;
+    std::string strictFault, lenientFault;
+  };
+  const std::vector<Case> cases = {
+      {{0, 2, 4}, {0, 1, 2, 3}, "", ""},
+      {{0}, {}, "", ""},
+      {{1, 2, 4}, {0, 1, 2, 3}, UNFIT, UNFIT},
+      {{0, 3, 2, 4}, {0, 1, 2, 3}, UNFIT, UNFIT},
+      {{0, 2, 5}, {0, 1, 2, 3}, UNFIT, UNFIT},
+      {{0, 2}, {0, 1, 2, 9}, UNFIT, ""},
+      {{0, 1, 4}, {0, 1, 2, 3}, "a cell has 1 points, at least 2 are needed", ""},
+      {{0, 2, 4}, {0, 4, 2, 3}, "cells use points 0 to 4 of 4", "cells use points 0 to 4 of 4"},
+      {{0, 2, 4}, {1, 2, -1, 3}, "cells use points -1 to 3 of 4", "cells use points -1 to 3 of 4"},
+  };
+  for (const Case& c : cases) {
+    for (const auto& cells : {cellsOf<vtkTypeInt32Array>(c.offsets, c.connectivity),
+                              cellsOf<vtkTypeInt64Array>(c.offsets, c.connectivity)}) {
+      EXPECT_EQ(CellValidator().findFault(*cells, STRICT), c.strictFault);
+      EXPECT_EQ(CellValidator().findFault(*cells, LENIENT), c.lenientFault);
+    }
+  }
+}
+
+/// Large arrays are looked through once; each cell array has rules of its own.
+TEST(CellValidator, judgesArraysThatCellArraysShareByEachOnesRules) {
+  Values indices(3000);
+  std::iota(indices.begin(), indices.end(), 0);
+  const auto connectivity = arrayOf<vtkTypeInt32Array>(indices);
+  const auto cells = vtkSmartPointer<vtkCellArray>::New();
+  cells->SetData(arrayOf<vtkTypeInt32Array>({0, 3000}), connectivity);
+  const auto fewer = vtkSmartPointer<vtkCellArray>::New();
+  fewer->SetData(arrayOf<vtkTypeInt32Array>({0, 2000}), connectivity);
+
+  CellValidator validator;
+  EXPECT_EQ(validator.findFault(*cells, {.pointCount = 3000}), "");
+  EXPECT_EQ(validator.findFault(*cells, {.pointCount = 2999}), "cells use points 0 to 2999 of 2999");
+  EXPECT_EQ(validator.findFault(*fewer, {.pointCount = 2000, .mayHaveUnusedIndices = true}), "");
+  EXPECT_EQ(validator.findFault(*fewer, {.pointCount = 1999, .mayHaveUnusedIndices = true}),
+            "cells use points 0 to 1999 of 1999");
+}
+
+}  // namespace
+
+}  // namespace vemo
