@@ -38,12 +38,6 @@ std::string getTitle(const lum::Node& node) {
   return title;
 }
 
-void addCells(Rows& rows, const char* kind, vtkCellArray* cells) {
-  if (cells != nullptr) {
-    rows.push_back({kind, lum::groupDigits(cells->GetNumberOfCells())});
-  }
-}
-
 void addArrays(Rows& rows, const char* place, const lum::ArrayTable& table) {
   for (const auto& array : table) {
     const std::string name = array->GetName() != nullptr ? array->GetName() : "";
@@ -114,10 +108,11 @@ void TreePrinter::printGeometry(const lum::PolyDataNode& node, std::size_t depth
     counts.push_back({"points", lum::groupDigits(points->GetNumberOfTuples()), lum::describeType(*points),
                       lum::describeRange(*points)});
   }
-  addCells(counts, "verts", node.getVerts());
-  addCells(counts, "lines", node.getLines());
-  addCells(counts, "strips", node.getStrips());
-  addCells(counts, "polys", node.getPolys());
+  for (const CellKind kind : FILE_CELL_KINDS) {
+    if (const vtkCellArray* const cells = node.getCells(kind)) {
+      counts.push_back({traitsOf(kind).name, lum::groupDigits(cells->GetNumberOfCells())});
+    }
+  }
   printRows(counts, depth);
   Rows arrays;
   addArrays(arrays, "point data", node.getNodeDataArrays());

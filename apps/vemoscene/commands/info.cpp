@@ -6,14 +6,11 @@
 #include <vemo/base/PrintableText.h>
 #include <vemo/base/WidePath.h>
 #include <vemo/import/ZipFileReader.h>
-#include <vemo/scenegraph/Traversal.h>
-#include <vemo/scenegraph/drawables/PolyDataNode.h>
+#include <vemo/scenegraph/Node.h>
+#include <vemo/scenegraph/inspect/GeometryCounts.h>
 #include <vemo/scenegraph/inspect/JsonPrinter.h>
 #include <vemo/scenegraph/inspect/JsonWriter.h>
 #include <vemo/scenegraph/inspect/NumberText.h>
-
-#include <vtkCellArray.h>
-#include <vtkDataArray.h>
 
 #include <CLI/CLI.hpp>
 #include <filesystem>
@@ -98,20 +95,12 @@ void printEntries(std::ostream& out, const std::string& file) {
 }
 
 /// The totals of all geometry in a graph.
-std::string countGeometry(lum::Node& root) {
-  std::int64_t pieces = 0;
-  std::int64_t points = 0;
-  std::int64_t cells = 0;
-  lum::forEachNodeOf<lum::PolyDataNode>(root, [&](const lum::PolyDataNode& node) {
-    ++pieces;
-    points += node.getPoints() != nullptr ? node.getPoints()->GetNumberOfTuples() : 0;
-    for (vtkCellArray* kind : {node.getVerts(), node.getLines(), node.getStrips(), node.getPolys()}) {
-      cells += kind != nullptr ? kind->GetNumberOfCells() : 0;
-    }
-  });
+std::string describeGeometry(lum::Node& root) {
+  const auto counts = lum::GeometryCounts::ofGraph(root);
+  const std::int64_t pieces = counts.getPieces();
   return fmt::format("{} of geometry, {} points, {} cells",
-                     pieces == 1 ? "1 piece" : lum::groupDigits(pieces) + " pieces", lum::groupDigits(points),
-                     lum::groupDigits(cells));
+                     pieces == 1 ? "1 piece" : lum::groupDigits(pieces) + " pieces",
+                     lum::groupDigits(counts.getPoints()), lum::groupDigits(counts.getCells()));
 }
 
 void printWarnings(std::ostream& out, const std::vector<std::string>& warnings) {
@@ -140,7 +129,7 @@ void printText(std::ostream& out, const Contents& contents, const Options& optio
       out << fmt::format("Record \"{}\", description \"{}\", simulation \"{}\"\n", toPrintable(record.title),
                          toPrintable(record.description), toPrintable(record.simUUID));
     }
-    out << countGeometry(*record.node) << "\n\n";
+    out << describeGeometry(*record.node) << "\n\n";
     TreePrinter(out).print(*record.node);
   }
 }

@@ -1,12 +1,12 @@
 #include "vemoview/window/Facts.h"
 
 #include "vemoview/window/ArrayText.h"
-#include "vemoview/window/GeometryCounts.h"
 #include "vemoview/window/ItemText.h"
 #include <vemo/render/Pick.h>
 #include <vemo/scenegraph/attributes/ScalarAttributes.h>
 #include <vemo/scenegraph/drawables/Drawable.h>
 #include <vemo/scenegraph/drawables/PolyDataNode.h>
+#include <vemo/scenegraph/inspect/GeometryCounts.h>
 
 #include <vtkDataArray.h>
 #include <vtkSmartPointer.h>
@@ -46,18 +46,17 @@ FactGroup describePlace(const ItemTree& items, int item) {
 }
 
 FactGroup describeGeometry(const lum::Drawable& drawable) {
-  const GeometryCounts counts = countGeometry(drawable);
+  const auto counts = lum::GeometryCounts::ofDrawable(drawable);
   FactGroup group{"Geometry", {}};
   const auto add = [&group](const char* name, std::int64_t count) {
     if (count > 0) {
       group.facts.push_back({name, countText(count)});
     }
   };
-  add("Points", counts.points);
-  add("Vertices", counts.verts);
-  add("Lines", counts.lines);
-  add("Polygons", counts.polys);
-  add("Strips", counts.strips);
+  add("Points", counts.getPoints());
+  for (const CellKindTraits& kind : CELL_KINDS) {
+    add(kind.title, counts.getCells(kind.kind));
+  }
   return group;
 }
 

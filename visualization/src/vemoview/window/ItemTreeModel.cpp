@@ -1,8 +1,8 @@
 #include "vemoview/window/ItemTreeModel.h"
 
-#include "vemoview/window/GeometryCounts.h"
 #include "vemoview/window/ItemText.h"
 #include <vemo/scenegraph/drawables/Drawable.h>
+#include <vemo/scenegraph/inspect/GeometryCounts.h>
 
 #include <QApplication>
 #include <QPalette>
@@ -90,7 +90,7 @@ QString ItemTreeModel::textAt(int item, int column) const {
     case KIND:
       return _items[item].parent == ItemTree::NONE ? "Canvas" : kindOf(content);
     default: {
-      const auto cells = countGeometry(content).cells();
+      const auto cells = lum::GeometryCounts::ofDrawable(content).getCells();
       return cells == 0 ? QString() : countText(cells);
     }
   }
