@@ -1,5 +1,5 @@
 #include "render/RenderScene.h"
-#include <vemo/render/RenderErrors.h>
+#include <vemo/resolve/SceneTooLarge.h>
 #include <vemo/scenegraph/transforms/PeriodicRepeatTransform.h>
 #include <vemo/scenegraph/transforms/SimpleTransform.h>
 #include <vemo/scenegraph/transforms/SymmetricTransform.h>
@@ -139,7 +139,7 @@ TEST(Transform, BoundsRepeatsWithinRepeats) {
   for (int i = 0; i < 30; ++i) {
     scene.addSurface(square, REDDEST, *place);
   }
-  EXPECT_THROW(scene.render(), RenderError);
+  EXPECT_THROW(scene.render(), SceneTooLarge);
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 #include "render/SceneWindow.h"
-#include <vemo/render/RenderErrors.h>
+#include <vemo/resolve/SceneTooLarge.h>
 #include <vemo/scenegraph/drawables/Overlays.h>
 #include <vemo/scenegraph/drawables/TriadDrawable.h>
 #include <vemo/scenegraph/transforms/PeriodicRepeatTransform.h>
@@ -127,7 +127,7 @@ TEST_F(Visibility, RefusesWhatIsTooLargeAndShowsTheRest) {
   }
   SceneWindow window(scene);
   hide([](std::size_t) { return false; });
-  EXPECT_THROW(window.renderer.followVisibility(), RenderError);
+  EXPECT_THROW(window.renderer.followVisibility(), SceneTooLarge);
   hide([this](std::size_t i) { return i + 6 >= drawables.size(); });
   window.renderer.followVisibility();
   EXPECT_EQ(countDifferences(window.draw(), SceneWindow(scene).draw()), 0);

@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <memory>
 #include <random>
 #include <sys/stat.h>
 #include <system_error>
@@ -19,6 +20,18 @@ constexpr std::size_t LARGEST_WRITE = std::size_t{1} << 30;
 constexpr int LONGEST_CHAIN_OF_LINKS = 40;
 constexpr int ATTEMPTS = 100;
 constexpr unsigned PERMISSION_BITS = 07777;
+
+struct CloseFile {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+void writeInPlace(const std::filesystem::path& path, std::span<const std::uint8_t> bytes) {
+  const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(path.c_str(), "wbe"));
+  if (file == nullptr || std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size() ||
+      std::fflush(file.get()) != 0) {
+    throw FileWriteError(path, std::generic_category().message(errno));
+  }
+}
 
 }  // namespace
 
@@ -143,6 +156,18 @@ void AtomicFile::syncFolder() const {
 
 void AtomicFile::fail(int error) const {
   throw FileWriteError(_target, std::generic_category().message(error));
+}
+
+void writeAtomically(const std::filesystem::path& path, std::span<const std::uint8_t> bytes) {
+  std::error_code ignored;
+  const std::filesystem::file_status status = std::filesystem::status(path, ignored);
+  if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
+    writeInPlace(path, bytes);
+    return;
+  }
+  AtomicFile file(path);
+  file.write(bytes.data(), bytes.size(), 0);
+  file.commit();
 }
 
 }  // namespace vemo::OS

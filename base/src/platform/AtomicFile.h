@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <span>
 #include <stdexcept>
 #include <string>
 
@@ -54,5 +55,9 @@ class VEMO_BASE_EXPORT AtomicFile {
   bool _keepExisting;
   int _file = -1;
 };
+
+/// Writes an AtomicFile. What exists and is not a regular file (a pipe, a
+/// device) is written in place.
+VEMO_BASE_EXPORT void writeAtomically(const std::filesystem::path& path, std::span<const std::uint8_t> bytes);
 
 }  // namespace vemo::OS

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cmath>
+#include <compare>
 #include <cstddef>
 #include <ostream>
 #include <type_traits>
@@ -49,6 +50,7 @@ struct Vector {
   constexpr Vector& operator+=(const Vector& other) { return *this = *this + other; }
 
   friend constexpr bool operator==(const Vector&, const Vector&) = default;
+  friend constexpr auto operator<=>(const Vector&, const Vector&) = default;
 
   friend std::ostream& operator<<(std::ostream& out, const Vector& vector) {
     out << '(';

@@ -6,15 +6,15 @@
 
 namespace vemo {
 
-/// Root of what the render library throws. The text says the cause in words
-/// for a user.
+/// Root of what the render library throws, except for SceneTooLarge. The text
+/// tells a user the cause.
 class VEMO_RENDER_EXPORT RenderError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
   ~RenderError() override;
 };
 
-/// No OpenGL is to be had on this machine, or not the OpenGL that is needed.
+/// There is no OpenGL on this machine, or not the OpenGL that is needed.
 class VEMO_RENDER_EXPORT RenderingUnavailable : public RenderError {
  public:
   using RenderError::RenderError;

@@ -15,10 +15,10 @@ struct RenderOptions {
   int height = 768;
 };
 
-/// Draws a scene off screen as a viewer would show it. Needs no display; leaves
-/// the calling thread the OpenGL context that it has. Throws
-/// RenderingUnavailable where there is no OpenGL, or none that draws pictures
-/// so large; RenderError for too large a scene.
+/// Draws a scene off screen as a viewer would show it. Needs no display; the
+/// calling thread keeps its current OpenGL context. Throws RenderingUnavailable
+/// where there is no OpenGL, or none that draws pictures this large;
+/// SceneTooLarge for too large a scene.
 VEMO_RENDER_EXPORT Picture renderPicture(const lum::SceneNode& scene, const RenderOptions& options = {});
 
 }  // namespace vemo

@@ -14,7 +14,7 @@ namespace vemo {
 /// call it at most once, on the main thread.
 ///
 /// Throws RenderingUnavailable when there is no display or no OpenGL, and
-/// RenderError when the scene cannot be drawn, before any window appears.
+/// SceneTooLarge for too large a scene, before any window appears.
 ///
 /// Has C linkage so that a program can load the library on demand and find the
 /// function by name (dlsym).

@@ -2,8 +2,8 @@
 
 namespace vemo {
 
-// The destructors stand here so that each class has one type description,
-// which exceptions that cross library borders are recognised by.
+// The destructors stand here so that each class has one type description, by
+// which exceptions that cross library borders are recognised.
 RenderError::~RenderError() = default;
 RenderingUnavailable::~RenderingUnavailable() = default;
 PictureWriteError::~PictureWriteError() = default;

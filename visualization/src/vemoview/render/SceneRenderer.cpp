@@ -2,33 +2,41 @@
 #include "vemoview/render/draw/CanvasLayer.h"
 #include "vemoview/render/draw/Highlight.h"
 #include <vemo/render/SceneRenderer.h>
-#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/resolve/SceneResolver.h>
 
 #include <vtkActor.h>
 #include <vtkActorCollection.h>
+#include <vtkCamera.h>
 #include <vtkMapper.h>
 #include <vtkPolyData.h>
 #include <vtkProperty.h>
 #include <vtkRenderWindow.h>
 #include <vtkRenderer.h>
+#include <vtkWeakPointer.h>
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace vemo {
 
 namespace {
 
-/// Whether the answer of a visible actor is yes.
-template <class Ask>
-bool findActor(vtkRenderer& renderer, Ask&& ask) {
-  vtkCollectionSimpleIterator place = nullptr;
-  vtkActorCollection& actors = *renderer.GetActors();
-  for (actors.InitTraversal(place); vtkActor* const actor = actors.GetNextActor(place);) {
-    if (actor->GetVisibility() != 0 && ask(*actor)) {
-      return true;
+using Renderers = std::vector<vtkRenderer*>;
+
+/// Whether a condition holds for a visible actor.
+template <class Condition>
+bool findActor(const Renderers& renderers, Condition&& condition) {
+  return std::ranges::any_of(renderers, [&](vtkRenderer* renderer) {
+    vtkCollectionSimpleIterator position = nullptr;
+    vtkActorCollection& actors = *renderer->GetActors();
+    for (actors.InitTraversal(position); vtkActor* const actor = actors.GetNextActor(position);) {
+      if (actor->GetVisibility() != 0 && condition(*actor)) {
+        return true;
+      }
     }
-  }
-  return false;
+    return false;
+  });
 }
 
 bool isTranslucent(vtkActor& actor) {
@@ -45,86 +53,97 @@ bool showsFineShapes(vtkActor& actor) {
 
 }  // namespace
 
-SceneRenderer::SceneRenderer(const lum::SceneNode& scene) : _cameras(std::make_unique<CameraBook>()) {
-  addBackground(scene.hasBackgroundCanvas());
-  addLayer(scene.hasBackgroundCanvas());
-  _model = addLayer(scene.hasModelCanvas());
-  addLayer(scene.hasForegroundCanvas());
-  addLayer(scene.hasOrientationCanvas());
+struct SceneRenderer::State {
+  explicit State(const lum::SceneNode& scene);
+  void addLayer(ResolvedCanvas canvas);
+  Renderers renderers() const;
+  void setSamples();
+  Highlight* ensureHighlight();
+
+  SceneResolver resolver;
+  vtkSmartPointer<vtkRenderer> background = vtkSmartPointer<vtkRenderer>::New();
+  /// As the scene's canvases: from back to front.
+  std::vector<std::unique_ptr<CanvasLayer>> layers;
+  CanvasCameras cameras;
+  /// Null when the scene has no model.
+  CanvasLayer* model = nullptr;
+  std::unique_ptr<Highlight> highlight;
+  vtkWeakPointer<vtkRenderWindow> window;
+  int samples = 0;
+  double pixelScale = 1.0;
+};
+
+SceneRenderer::State::State(const lum::SceneNode& scene) : resolver(scene) {
+  ResolvedScene resolved = resolver.resolve();
+  background->InteractiveOff();
+  setBackground(*background, resolved.background);
+  for (ResolvedCanvas& canvas : resolved.canvases) {
+    addLayer(std::move(canvas));
+  }
+  for (const auto& layer : layers) {
+    layer->fill(cameras);
+  }
 }
 
-SceneRenderer::~SceneRenderer() {
-  if (_window != nullptr) {
-    _window->MakeCurrent();
-    for (vtkRenderer* const renderer : renderers()) {
-      _window->RemoveRenderer(renderer);
-    }
-  }
-}
-
-/// Whatever part of the window the canvas has, all of it gets the background.
-void SceneRenderer::addBackground(const lum::SceneCanvas* canvas) {
-  _background = vtkSmartPointer<vtkRenderer>::New();
-  _background->InteractiveOff();
-  const auto* const colors =
-      canvas != nullptr ? canvas->findAttributes<lum::BackgroundAttributes>() : nullptr;
-  if (colors != nullptr) {
-    setBackground(*_background, *colors);
-  }
-}
-
-/// Null when nothing of the canvas is to be seen.
-CanvasLayer* SceneRenderer::addLayer(const lum::SceneCanvas* canvas) {
-  if (canvas == nullptr || canvas->hasDrawableCollection() == nullptr) {
-    return nullptr;
-  }
-  auto layer = CanvasLayer::make(*canvas, *_cameras);
-  if (layer == nullptr) {
-    return nullptr;
-  }
-  _layers.push_back(std::move(layer));
-  return _layers.back().get();
+void SceneRenderer::State::addLayer(ResolvedCanvas canvas) {
+  layers.push_back(std::make_unique<CanvasLayer>(std::move(canvas)));
+  CanvasLayer& layer = *layers.back();
+  cameras.emplace_back(layer.getRenderer().GetActiveCamera());
+  model = layer.isModel() ? &layer : model;
 }
 
 /// From back to front.
-std::vector<vtkRenderer*> SceneRenderer::renderers() const {
-  std::vector<vtkRenderer*> result{_background};
-  for (const auto& layer : _layers) {
+Renderers SceneRenderer::State::renderers() const {
+  Renderers result{background};
+  for (const auto& layer : layers) {
     result.push_back(&layer->getRenderer());
   }
-  if (_highlight != nullptr) {
-    result.push_back(&_highlight->getRenderer());
+  if (highlight != nullptr) {
+    result.push_back(&highlight->getRenderer());
   }
   return result;
 }
 
+void SceneRenderer::State::setSamples() {
+  window->SetMultiSamples(findActor(renderers(), isTranslucent) ? 0 : samples);
+}
+
+SceneRenderer::SceneRenderer(const lum::SceneNode& scene) : _state(std::make_unique<State>(scene)) {}
+
+SceneRenderer::~SceneRenderer() {
+  if (_state->window != nullptr) {
+    _state->window->MakeCurrent();
+    for (vtkRenderer* const renderer : _state->renderers()) {
+      _state->window->RemoveRenderer(renderer);
+    }
+  }
+}
+
 bool SceneRenderer::hasTranslucency() const {
-  return std::ranges::any_of(renderers(),
-                             [](vtkRenderer* renderer) { return findActor(*renderer, isTranslucent); });
+  return findActor(_state->renderers(), isTranslucent);
 }
 
 bool SceneRenderer::hasFineShapes() const {
-  return std::ranges::any_of(renderers(),
-                             [](vtkRenderer* renderer) { return findActor(*renderer, showsFineShapes); });
+  return findActor(_state->renderers(), showsFineShapes);
 }
 
 void SceneRenderer::scalePixels(double factor) {
-  for (const auto& layer : _layers) {
+  for (const auto& layer : _state->layers) {
     layer->scalePixels(factor);
   }
-  if (_highlight != nullptr) {
-    _highlight->scalePixels(factor);
+  if (_state->highlight != nullptr) {
+    _state->highlight->scalePixels(factor);
   }
-  _pixelScale *= factor;
+  _state->pixelScale *= factor;
 }
 
 void SceneRenderer::addTo(vtkRenderWindow& window, int samples) {
-  _window = &window;
-  _samples = samples;
+  _state->window = &window;
+  _state->samples = samples;
   // The colours behind a translucent surface are kept with their opacity.
   window.SetAlphaBitPlanes(1);
-  setSamples();
-  const auto all = renderers();
+  _state->setSamples();
+  const auto all = _state->renderers();
   window.SetNumberOfLayers(static_cast<int>(all.size()));
   for (std::size_t i = 0; i < all.size(); ++i) {
     all[i]->SetLayer(static_cast<int>(i));
@@ -132,69 +151,65 @@ void SceneRenderer::addTo(vtkRenderWindow& window, int samples) {
   }
 }
 
-void SceneRenderer::setSamples() {
-  _window->SetMultiSamples(hasTranslucency() ? 0 : _samples);
-}
-
 void SceneRenderer::followVisibility() {
-  if (_window != nullptr) {
-    // What is not drawn any more is given back to OpenGL.
-    _window->MakeCurrent();
+  if (_state->window != nullptr) {
+    // What is no longer drawn is released in its OpenGL context.
+    _state->window->MakeCurrent();
   }
-  for (const auto& layer : _layers) {
-    layer->followVisibility();
+  for (std::size_t i = 0; i < _state->layers.size(); ++i) {
+    _state->layers[i]->update(_state->resolver.update(i), _state->cameras);
   }
-  if (_window != nullptr) {
-    setSamples();
+  if (_state->window != nullptr) {
+    _state->setSamples();
   }
 }
 
 std::optional<Pick> SceneRenderer::pick(const Vector<2, double>& pixel) {
-  return _model != nullptr ? _model->pick(pixel) : std::nullopt;
+  return _state->model != nullptr ? _state->model->pick(pixel) : std::nullopt;
 }
 
 /// Null without a model.
-Highlight* SceneRenderer::highlight() {
-  if (_highlight == nullptr && _model != nullptr) {
-    _highlight = std::make_unique<Highlight>(_model->getRenderer());
-    _highlight->scalePixels(_pixelScale);
-    if (_window != nullptr) {
-      const int layer = _window->GetNumberOfLayers();
-      _window->SetNumberOfLayers(layer + 1);
-      _highlight->getRenderer().SetLayer(layer);
-      _window->AddRenderer(&_highlight->getRenderer());
+Highlight* SceneRenderer::State::ensureHighlight() {
+  if (highlight == nullptr && model != nullptr) {
+    highlight = std::make_unique<Highlight>(model->getRenderer());
+    highlight->scalePixels(pixelScale);
+    if (window != nullptr) {
+      const int layer = window->GetNumberOfLayers();
+      window->SetNumberOfLayers(layer + 1);
+      highlight->getRenderer().SetLayer(layer);
+      window->AddRenderer(&highlight->getRenderer());
     }
   }
-  return _highlight.get();
+  return highlight.get();
 }
 
 void SceneRenderer::outline(const lum::Drawable* drawable) {
-  if (Highlight* const highlight = this->highlight()) {
-    highlight->outline(drawable != nullptr ? _model->boundsOf(*drawable) : Box());
+  if (Highlight* const highlight = _state->ensureHighlight()) {
+    highlight->outline(drawable != nullptr ? _state->model->boundsOf(visibleParts(*drawable)) : Box());
   }
 }
 
 void SceneRenderer::mark(const std::optional<Vector<3, double>>& point) {
-  if (Highlight* const highlight = this->highlight()) {
+  if (Highlight* const highlight = _state->ensureHighlight()) {
     highlight->mark(point);
   }
 }
 
 void SceneRenderer::showHighlight(bool isShown) {
-  if (_highlight != nullptr) {
-    _highlight->getRenderer().SetDraw(isShown);
+  if (_state->highlight != nullptr) {
+    _state->highlight->getRenderer().SetDraw(isShown);
   }
 }
 
 void SceneRenderer::resetView() {
-  for (const auto& layer : _layers) {
+  for (const auto& layer : _state->layers) {
     layer->resetView();
   }
 }
 
 void SceneRenderer::frameModel() {
-  if (_model != nullptr) {
-    _model->getRenderer().ResetCamera();
+  if (_state->model != nullptr) {
+    _state->model->getRenderer().ResetCamera();
   }
 }
 

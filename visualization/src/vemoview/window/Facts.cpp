@@ -2,7 +2,7 @@
 
 #include "vemoview/window/ArrayText.h"
 #include "vemoview/window/ItemText.h"
-#include <vemo/render/Pick.h>
+#include <vemo/resolve/Pick.h>
 #include <vemo/scenegraph/attributes/ScalarAttributes.h>
 #include <vemo/scenegraph/drawables/Drawable.h>
 #include <vemo/scenegraph/drawables/PolyDataNode.h>

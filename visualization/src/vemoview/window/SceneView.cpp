@@ -1,6 +1,6 @@
 #include "vemoview/window/SceneView.h"
 
-#include <vemo/render/Pick.h>
+#include <vemo/resolve/Pick.h>
 
 #include <vtkGenericOpenGLRenderWindow.h>
 #include <vtkInteractorStyleTrackballCamera.h>

@@ -26,7 +26,7 @@ class VEMO_WINDOW_EXPORT SceneView final : public QVTKOpenGLNativeWidget {
  public:
   using PickListener = std::function<void(const std::optional<Pick>&)>;
 
-  /// The scene must outlive the view. Throws RenderError when it cannot be drawn.
+  /// The scene must outlive the view. Throws SceneTooLarge.
   SceneView(const lum::SceneNode& scene, PickListener picked, QWidget* parent);
   ~SceneView() override;
 
@@ -34,7 +34,7 @@ class VEMO_WINDOW_EXPORT SceneView final : public QVTKOpenGLNativeWidget {
   static void useFormatByDefault();
 
   /// Updates the picture after visibilities in the scene have changed. Throws
-  /// RenderError when the result cannot be drawn.
+  /// SceneTooLarge.
   void followVisibility();
 
   /// Outlines a drawable of the model and marks a point of it, instead of those

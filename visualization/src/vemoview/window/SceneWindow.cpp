@@ -5,8 +5,9 @@
 #include "vemoview/window/ItemsPanel.h"
 #include "vemoview/window/SceneView.h"
 #include "vemoview/window/ValuesPanel.h"
-#include <vemo/render/Pick.h>
 #include <vemo/render/RenderErrors.h>
+#include <vemo/resolve/Pick.h>
+#include <vemo/resolve/SceneTooLarge.h>
 #include <vemo/scenegraph/SceneNode.h>
 
 #include <QAction>
@@ -154,10 +155,15 @@ void SceneWindow::addCommands() {
 }
 
 void SceneWindow::guard(const std::function<void()>& action) {
+  const auto report = [this](const std::exception& error) {
+    QMessageBox::critical(this, windowTitle(), toText(error.what()));
+  };
   try {
     action();
   } catch (const RenderError& error) {
-    QMessageBox::critical(this, windowTitle(), toText(error.what()));
+    report(error);
+  } catch (const SceneTooLarge& error) {
+    report(error);
   }
 }
 

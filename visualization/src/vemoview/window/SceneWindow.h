@@ -23,7 +23,7 @@ struct Pick;
 /// A window that shows a scene: picture, item list, picked values and commands.
 class VEMO_WINDOW_EXPORT SceneWindow final : public QMainWindow {
  public:
-  /// The scene must outlive the window. Throws RenderError when it cannot be drawn.
+  /// The scene must outlive the window. Throws SceneTooLarge.
   SceneWindow(lum::SceneNode& scene, const QString& title);
   ~SceneWindow() override;
 

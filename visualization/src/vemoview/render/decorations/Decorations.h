@@ -1,44 +1,36 @@
 #pragma once
 
-#include "vemoview/render/draw/CameraBook.h"
+#include "vemoview/render/draw/CanvasCameras.h"
 #include "vemoview/render/draw/PropGroup.h"
-#include "vemoview/render/resolve/VisibleDrawables.h"
+#include <vemo/resolve/Decoration.h>
+#include <vemo/resolve/SceneResolver.h>
 
 #include <memory>
 #include <vector>
 
 namespace vemo {
 
-/// The drawables of a renderer that have no geometry of their own: triads,
-/// legends, texts, images.
+/// The decorations of a renderer.
 class Decorations {
  public:
-  /// The book is asked whenever triads are added.
-  Decorations(vtkRenderer& renderer, const CameraBook& cameras);
+  explicit Decorations(vtkRenderer& renderer);
 
-  /// Takes those among the drawables that are some.
-  void add(const std::vector<VisibleDrawable>& drawables);
+  void add(const std::vector<Decoration>& decorations, const CanvasCameras& cameras);
 
-  /// Shows those of a set, and no others.
-  void show(const DrawableSet& shown);
+  /// Shows those of some drawables, and no others.
+  void show(const DrawableSet& visible);
 
   /// For lines and points that are added later, too.
   void scalePixels(double factor);
 
  private:
-  struct Decoration {
+  struct Member {
     const lum::Drawable* drawable;
     std::unique_ptr<PropGroup> props;
   };
 
-  bool fill(PropGroup& props, const VisibleDrawable& visible);
-  bool addCounted(PropGroup& props, const lum::Drawable& drawable, const double* placement);
-
   vtkSmartPointer<vtkRenderer> _renderer;
-  const CameraBook& _cameras;
-  std::vector<Decoration> _decorations;
-  int _count = 0;
-  bool _isFull = false;
+  std::vector<Member> _members;
   double _pixelScale = 1.0;
 };
 

@@ -1,18 +1,15 @@
 #include "vemoview/render/decorations/LegendBar.h"
 
-#include "scenegraph/attributes/NumberFormat.h"
+#include "vemoview/common/VtkForms.h"
 #include "vemoview/render/decorations/LegendTicks.h"
 #include "vemoview/render/decorations/TextLabel.h"
 #include "vemoview/render/draw/PropGroup.h"
 #include "vemoview/render/draw/Screen.h"
-#include "vemoview/render/resolve/ColorTable.h"
-#include <vemo/scenegraph/drawables/Overlays.h>
+#include <vemo/resolve/Decoration.h>
 
 #include <vtkActor2D.h>
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
-#include <vtkDoubleArray.h>
-#include <vtkLookupTable.h>
 #include <vtkNew.h>
 #include <vtkPoints.h>
 #include <vtkPolyData.h>
@@ -36,9 +33,6 @@ namespace {
 
 using Pair = Vector<2, double>;
 
-/// The height of a line as a fraction of the window's, unless it is given.
-constexpr double LINE_HEIGHT = 0.03;
-constexpr int MOST_LABELS = 100;
 /// Of a title that is wrapped.
 constexpr std::size_t MOST_TITLE_BYTES = 500;
 
@@ -88,44 +82,34 @@ class FlatShape {
 
 std::string format(const std::string& pattern, double value) {
   std::array<char, 128> text{};
-  const bool isSound = lum::isNumberFormat(pattern);
-  std::snprintf(text.data(), text.size(), isSound ? pattern.c_str() : "%.4g", value);
+  std::snprintf(text.data(), text.size(), pattern.c_str(), value);
   return text.data();
 }
 
-lum::LegendAttributes& defaultAttributes() {
-  static const lum::Ptr<lum::LegendAttributes> attributes(
-      new lum::LegendAttributes(lum::ClassNameNodeInitializer(lum::LegendAttributes::getClassName())));
-  return *attributes;
+TextAlignment titleAlignment(bool isVertical) {
+  return {isVertical ? TextDecoration::Horizontal::LEFT : TextDecoration::Horizontal::CENTER,
+          TextDecoration::Vertical::TOP};
+}
+
+/// Beside a vertical bar, below a horizontal one.
+TextAlignment labelAlignment(bool isVertical) {
+  return {isVertical ? TextDecoration::Horizontal::LEFT : TextDecoration::Horizontal::CENTER,
+          isVertical ? TextDecoration::Vertical::CENTER : TextDecoration::Vertical::TOP};
 }
 
 class Legend {
  public:
-  Legend(const lum::LegendDrawable& legend, const lum::LegendAttributes& attributes,
-         const lum::TextAttributes* style, PropGroup& group)
-      : _bar(group),
+  Legend(const LegendDecoration& legend, PropGroup& group)
+      : _legend(legend),
+        _bar(group),
         _lines(group),
-        _isVertical(attributes.getOrientation() == lum::LegendOrientation::VERTICAL),
-        _size(attributes.getSize()),
-        _format(attributes.getLabelFormat()),
-        _titleText(attributes.getTitle()),
-        _title(_titleText, style, TextAlignment{_isVertical ? 0 : 1, 2}, group) {
-    if (const auto* const place = legend.findAttributes<lum::PositionAttributes>()) {
-      _position = {place->getPosition()[0], place->getPosition()[1]};
+        _isVertical(legend.isVertical),
+        _title(legend.title, legend.style, titleAlignment(_isVertical), group) {
+    for (int i = 0; i < legend.labelCount; ++i) {
+      _labels.emplace_back("", legend.style, labelAlignment(_isVertical), group);
     }
-    if (style != nullptr && style->getFontSize() > 0.0) {
-      _fontSize = std::min(style->getFontSize(), 1.0);
-    }
-    const int count = std::clamp(attributes.getNumberOfLabels(), 0, MOST_LABELS);
-    for (int i = 0; i < count; ++i) {
-      _labels.emplace_back("", style, _isVertical ? TextAlignment{0, 1} : TextAlignment{1, 2}, group);
-    }
-    const std::uint32_t color = style != nullptr ? style->getForegroundColor() : 0xFFU;
-    const auto channel = [=](unsigned shift) {
-      return static_cast<double>((color >> shift) & 0xFFU) / 255.0;
-    };
-    _lines.property().SetColor(channel(24), channel(16), channel(8));
-    takeTable(*legend.hasColorLookupTable());
+    const auto channel = [&](std::size_t i) { return static_cast<double>(legend.style.rgba[i]) / 255.0; };
+    _lines.property().SetColor(channel(0), channel(1), channel(2));
   }
 
   void layOut(vtkRenderer& renderer) {
@@ -135,12 +119,12 @@ class Legend {
       return;
     }
     _situation = situation;
-    _line = _fontSize * situation[2];
-    wrapTitle(canvas[0] - _line / 2.0 - (_isVertical ? std::max(_position[0] * canvas[0], 0.0) : 0.0),
+    _line = _legend.lineHeight * situation[2];
+    wrapTitle(canvas[0] - _line / 2.0 - (_isVertical ? std::max(_legend.position[0] * canvas[0], 0.0) : 0.0),
               renderer);
     _titleHeight = _title.getSize(renderer)[1] > 0.0 ? _title.getSize(renderer)[1] + _line / 3.0 : 0.0;
-    const Pair low{_position[0] * canvas[0], _position[1] * canvas[1]};
-    const Pair high{low[0] + _size[0] * canvas[0], low[1] + _size[1] * canvas[1]};
+    const Pair low{_legend.position[0] * canvas[0], _legend.position[1] * canvas[1]};
+    const Pair high{low[0] + _legend.size[0] * canvas[0], low[1] + _legend.size[1] * canvas[1]};
     placeTitle(low, high, canvas, renderer);
     setLabels(_isVertical ? high[1] - low[1] - _titleHeight : high[0] - low[0], renderer);
     placeBar(low, high);
@@ -152,15 +136,6 @@ class Legend {
   }
 
  private:
-  void takeTable(const lum::ColorLookupTable& table) {
-    vtkNew<vtkDoubleArray> ends;
-    ends->InsertNextValue(table.getScalarRange()[0]);
-    ends->InsertNextValue(table.getScalarRange()[1]);
-    _table = makeLookupTable(&table, *ends);
-    _isLog = _table->IsA("vtkLogLookupTable") != 0;
-    _range = {_table->GetRange()[0], _table->GetRange()[1]};
-  }
-
   /// Begins new lines where a title would get wider than there is room.
   void wrapTitle(double room, vtkRenderer& renderer) {
     const auto width = [&](const std::string& text) {
@@ -168,12 +143,12 @@ class Legend {
       _title.setLineHeight(_line, renderer);
       return _title.getSize(renderer)[0];
     };
-    if (width(_titleText) <= room) {
+    if (width(_legend.title) <= room) {
       return;
     }
     std::string wrapped;
     std::string line;
-    std::istringstream words(_titleText.substr(0, MOST_TITLE_BYTES));
+    std::istringstream words(_legend.title.substr(0, MOST_TITLE_BYTES));
     for (std::string word; words >> word;) {
       std::string longer = line;
       longer.append(line.empty() ? 0 : 1, ' ').append(word);
@@ -200,14 +175,14 @@ class Legend {
   /// Chooses as many ticks as have room along the bar, and writes their labels.
   void setLabels(double length, vtkRenderer& renderer) {
     for (auto count = static_cast<int>(_labels.size());; --count) {
-      _ticks = makeLegendTicks(_range, _isLog, count);
+      _ticks = makeLegendTicks(_legend.table.range, _legend.table.isLog10, count);
       _labelExtent = 0.0;
       for (std::size_t i = 0; i < _labels.size(); ++i) {
         if (i >= _ticks.size()) {
           _labels[i].hide();
           continue;
         }
-        _labels[i].setText(format(_format, _ticks[i].value));
+        _labels[i].setText(format(_legend.labelFormat, _ticks[i].value));
         _labels[i].setLineHeight(_line, renderer);
         _labelExtent = std::max(_labelExtent, _labels[i].getSize(renderer)[0]);
       }
@@ -263,7 +238,8 @@ class Legend {
 
   void drawBar() {
     constexpr vtkIdType MOST_FIELDS = 1024;
-    const vtkIdType colors = _table->GetNumberOfTableValues();
+    const std::vector<std::uint8_t>& rgba = _legend.table.rgba;
+    const auto colors = static_cast<vtkIdType>(rgba.size() / RGBA_CHANNELS);
     const vtkIdType fields = std::clamp<vtkIdType>(colors, 1, MOST_FIELDS);
     vtkNew<vtkUnsignedCharArray> bytes;
     bytes->SetNumberOfComponents(3);
@@ -274,9 +250,9 @@ class Legend {
       const Pair a = along(first, !_isVertical);
       const Pair b = along(last, _isVertical);
       _bar.addBox(a, b);
-      const double* const color = _table->GetTableValue(field * colors / fields);
-      for (int channel = 0; channel < 3; ++channel) {
-        bytes->InsertNextValue(static_cast<unsigned char>(std::lround(color[channel] * 255.0)));
+      const auto color = RGBA_CHANNELS * static_cast<std::size_t>(field * colors / fields);
+      for (std::size_t channel = 0; channel < 3; ++channel) {
+        bytes->InsertNextValue(rgba[color + channel]);
       }
     }
     _bar.data().GetCellData()->SetScalars(bytes);
@@ -296,19 +272,12 @@ class Legend {
     _lines.property().SetLineWidth(static_cast<float>(std::max(1.0, std::round(_situation[2] / 700.0))));
   }
 
+  LegendDecoration _legend;
   FlatShape _bar;
   FlatShape _lines;
   bool _isVertical;
-  Pair _position;
-  Pair _size;
-  std::string _format;
-  std::string _titleText;
   TextLabel _title;
   std::vector<TextLabel> _labels;
-  double _fontSize = LINE_HEIGHT;
-  vtkSmartPointer<vtkLookupTable> _table;
-  Pair _range;
-  bool _isLog = false;
 
   /// What the layout was made for: the canvas's size and the window's height,
   /// in pixels. All that follows is in pixels, too.
@@ -323,25 +292,10 @@ class Legend {
   Pair _high;
 };
 
-bool hasPlace(const lum::LegendDrawable& legend, const lum::LegendAttributes& attributes) {
-  constexpr double FAR = 4.0;
-  const auto* const place = legend.findAttributes<lum::PositionAttributes>();
-  const bool isNear = place == nullptr ||
-                      (std::abs(place->getPosition()[0]) <= FAR && std::abs(place->getPosition()[1]) <= FAR);
-  return isNear &&
-         std::ranges::all_of(attributes.getSize(), [](double size) { return size > 0.0 && size <= FAR; });
-}
-
 }  // namespace
 
-void addLegend(const lum::LegendDrawable& legend, PropGroup& group) {
-  const auto* const own = legend.findAttributes<lum::LegendAttributes>();
-  const lum::LegendAttributes& attributes = own != nullptr ? *own : defaultAttributes();
-  if (legend.hasColorLookupTable() == nullptr || !hasPlace(legend, attributes)) {
-    return;
-  }
-  const auto laidOut =
-      std::make_shared<Legend>(legend, attributes, legend.findAttributes<lum::TextAttributes>(), group);
+void addLegend(const LegendDecoration& legend, PropGroup& group) {
+  const auto laidOut = std::make_shared<Legend>(legend, group);
   group.beforeEachRender([laidOut](vtkRenderer& drawn) { laidOut->layOut(drawn); });
 }
 

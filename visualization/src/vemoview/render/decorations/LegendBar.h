@@ -1,17 +1,14 @@
 #pragma once
 
-namespace lum {
-class LegendDrawable;
-}
-
 namespace vemo {
 
+struct LegendDecoration;
 class PropGroup;
 
-/// Puts a colour bar with its title and numbers into a group, laid out anew
+/// Adds a colour bar with its title and numbers to a group, laid out again
 /// whenever the renderer's size changes. As many numbers are shown as fit
-/// without touching each other; a title that would leave the window is wrapped and moved
-/// inwards. A legend without a colour table, or without a size, shows nothing.
-void addLegend(const lum::LegendDrawable& legend, PropGroup& group);
+/// without touching each other; a title that would leave the window is wrapped
+/// and moved inwards.
+void addLegend(const LegendDecoration& legend, PropGroup& group);
 
 }  // namespace vemo

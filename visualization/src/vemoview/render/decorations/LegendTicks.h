@@ -15,8 +15,7 @@ struct LegendTick {
 
 /// At most `count` ticks: evenly spaced, the ends included; on a logarithmic bar
 /// with two powers of ten or more at these. A range of one value has one tick in
-/// the middle. The range is sound: finite, the lower end first, above 0 for a
-/// logarithmic bar.
+/// the middle. The range is that of a ColorTable.
 std::vector<LegendTick> makeLegendTicks(const Vector<2, double>& range, bool isLog, int count);
 
 }  // namespace vemo

@@ -1,16 +1,12 @@
 #pragma once
 
-namespace lum {
-class TextDrawable;
-}
-
 namespace vemo {
 
 class PropGroup;
+struct TextDecoration;
 
-/// Puts a text into a group, at its place in the window or, always facing the
-/// viewer and never covered, at its place in the model. `placement` moves the
-/// latter; null moves nothing.
-void addText(const lum::TextDrawable& text, const double* placement, PropGroup& group);
+/// Adds a text to a group, at its position in the window or, always facing the
+/// viewer and never covered, in the model.
+void addText(const TextDecoration& text, PropGroup& group);
 
 }  // namespace vemo

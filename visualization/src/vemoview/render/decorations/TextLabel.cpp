@@ -2,7 +2,6 @@
 
 #include "vemoview/render/draw/PropGroup.h"
 #include "vemoview/render/draw/Screen.h"
-#include <vemo/scenegraph/attributes/TextAttributes.h>
 
 #include <vtkRenderWindow.h>
 #include <vtkRenderer.h>
@@ -73,29 +72,32 @@ double greatestLineHeight(const std::string& text) {
   return LARGEST_PICTURE / static_cast<double>(std::max(lines, longest));
 }
 
-void applyStyle(const lum::TextAttributes* style, vtkTextProperty& property) {
-  const std::string family = style != nullptr ? style->getFontFamilyName() : "";
-  const std::uint32_t flags = style != nullptr ? style->getFontStyle() : 0;
-  const std::uint32_t color = style != nullptr ? style->getForegroundColor() : 0xFFU;
-  const auto channel = [=](unsigned shift) { return static_cast<double>((color >> shift) & 0xFFU) / 255.0; };
-  property.SetFontFamily(family == "Courier" ? VTK_COURIER : family == "Times" ? VTK_TIMES : VTK_ARIAL);
-  property.SetBold((flags & lum::TextAttributes::BOLD) != 0);
-  property.SetItalic((flags & lum::TextAttributes::ITALIC) != 0);
-  property.SetShadow((flags & lum::TextAttributes::SHADOW) != 0);
-  property.SetColor(channel(24), channel(16), channel(8));
-  property.SetOpacity(channel(0));
+int vtkFamily(TextStyle::Family family) {
+  return family == TextStyle::Family::COURIER ? VTK_COURIER
+         : family == TextStyle::Family::TIMES ? VTK_TIMES
+                                              : VTK_ARIAL;
+}
+
+/// VTK numbers alignments from left to right and from bottom to top, as we do.
+void applyStyle(const TextStyle& style, const TextAlignment& alignment, vtkTextProperty& property) {
+  const auto channel = [&](std::size_t i) { return static_cast<double>(style.rgba[i]) / 255.0; };
+  property.SetFontFamily(vtkFamily(style.family));
+  property.SetBold(style.isBold);
+  property.SetItalic(style.isItalic);
+  property.SetShadow(style.hasShadow);
+  property.SetColor(channel(0), channel(1), channel(2));
+  property.SetOpacity(channel(3));
+  property.SetJustification(static_cast<int>(alignment.horizontal));
+  property.SetVerticalJustification(static_cast<int>(alignment.vertical));
 }
 
 }  // namespace
 
-TextLabel::TextLabel(const std::string& text, const lum::TextAttributes* style,
-                     const TextAlignment& alignment, PropGroup& group)
+TextLabel::TextLabel(const std::string& text, const TextStyle& style, const TextAlignment& alignment,
+                     PropGroup& group)
     : _actor(vtkSmartPointer<vtkTextActor>::New()) {
   setText(text);
-  vtkTextProperty& property = *_actor->GetTextProperty();
-  applyStyle(style, property);
-  property.SetJustification(alignment.horizontal);
-  property.SetVerticalJustification(alignment.vertical);
+  applyStyle(style, alignment, *_actor->GetTextProperty());
   _actor->PickableOff();
   group.add(_actor);
 }

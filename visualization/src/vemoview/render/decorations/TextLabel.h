@@ -1,6 +1,7 @@
 #pragma once
 
 #include <vemo/base/Vector.h>
+#include <vemo/resolve/Decoration.h>
 
 #include <vtkSmartPointer.h>
 
@@ -8,28 +9,22 @@
 
 class vtkRenderer;
 class vtkTextActor;
-namespace lum {
-class TextAttributes;
-}
-
 namespace vemo {
 
 class PropGroup;
 
-/// Where the place of a text lies within it: 0 at its left end, or bottom, 1 in
-/// the middle, 2 at its right end, or top.
+/// Which point of a text is at its position.
 struct TextAlignment {
-  int horizontal = 0;
-  int vertical = 0;
+  TextDecoration::Horizontal horizontal = TextDecoration::Horizontal::LEFT;
+  TextDecoration::Vertical vertical = TextDecoration::Vertical::BOTTOM;
 };
 
 /// A text of one or more lines that faces the viewer.
 class TextLabel {
  public:
-  /// Puts the text into the group, in the style of the attributes (null for
-  /// that of fresh ones) but for its size. Bytes that are no UTF-8 become
-  /// question marks; what is too long to be read is cut off.
-  TextLabel(const std::string& text, const lum::TextAttributes* style, const TextAlignment& alignment,
+  /// Adds the text to the group. Bytes that are not UTF-8 become question
+  /// marks; what is too long to be read is cut off.
+  TextLabel(const std::string& text, const TextStyle& style, const TextAlignment& alignment,
             PropGroup& group);
 
   void setText(const std::string& text);

@@ -5,14 +5,13 @@
 #include "vemoview/render/draw/Screen.h"
 #include "vemoview/render/draw/View.h"
 #include <vemo/base/Vector.h>
-#include <vemo/scenegraph/drawables/TriadDrawable.h>
+#include <vemo/resolve/Decoration.h>
 
 #include <vtkActor.h>
 #include <vtkAppendPolyData.h>
 #include <vtkArrowSource.h>
 #include <vtkCamera.h>
 #include <vtkCellData.h>
-#include <vtkMath.h>
 #include <vtkMatrix4x4.h>
 #include <vtkNew.h>
 #include <vtkPolyData.h>
@@ -37,7 +36,7 @@ namespace {
 /// In model units, unless the size is one on the screen.
 constexpr double LENGTH = 1.5;
 /// In axes' lengths.
-constexpr double LABEL_PLACE = 1.2;
+constexpr double LABEL_POSITION = 1.2;
 /// Of an axis, in heights of a label, where the size is one on the screen.
 constexpr double LENGTH_IN_LABELS = 3.0;
 
@@ -89,32 +88,7 @@ vtkSmartPointer<vtkActor> makeArrows() {
   return actor;
 }
 
-/// The unit vector; nothing of use becomes the other.
-Vector3 unitOr(const Vector3& vector, const Vector3& otherwise) {
-  const double norm = length(vector);
-  return std::isfinite(norm) && norm > 0.0 ? normalized(vector) : otherwise;
-}
-
-/// The directions of the axes, as columns: z forward, y up, x to fit them.
-struct Frame {
-  Vector3 x{1.0, 0.0, 0.0};
-  Vector3 y{0.0, 1.0, 0.0};
-  Vector3 z{0.0, 0.0, 1.0};
-};
-
-Frame frameOf(const lum::TriadDrawable& triad) {
-  Frame frame;
-  const auto* const orientation = triad.findAttributes<lum::OrientationAttributes>();
-  if (orientation == nullptr) {
-    return frame;
-  }
-  frame.z = unitOr(orientation->getForwardVector(), frame.z);
-  const Vector3 up = usableViewUp(orientation->getUpVector(), frame.z);
-  vtkMath::Cross(up.data(), frame.z.data(), frame.x.data());
-  frame.x = normalized(frame.x);
-  vtkMath::Cross(frame.z.data(), frame.x.data(), frame.y.data());
-  return frame;
-}
+using Axes = std::array<Vector3, 3>;
 
 Vector3 turned(vtkMatrix4x4& matrix, const Vector3& direction) {
   Vector<4, double> result{direction[0], direction[1], direction[2], 0.0};
@@ -122,126 +96,95 @@ Vector3 turned(vtkMatrix4x4& matrix, const Vector3& direction) {
   return {result[0], result[1], result[2]};
 }
 
-/// A triad, and what it needs to take its place before each drawing.
-class PlacedTriad {
+/// The camera that a triad turns with; null when with none.
+vtkSmartPointer<vtkCamera> cameraOf(const TriadDecoration& triad, const CanvasCameras& cameras) {
+  if (!triad.camera) {
+    return nullptr;
+  }
+  if (const auto* const canvas = std::get_if<std::size_t>(&*triad.camera)) {
+    return cameras[*canvas];
+  }
+  auto camera = vtkSmartPointer<vtkCamera>::New();
+  pointCamera(*camera, std::get<CanvasCamera>(*triad.camera));
+  return camera;
+}
+
+/// A triad, and what it needs to be moved before each drawing.
+class MovedTriad {
  public:
-  PlacedTriad(const lum::TriadDrawable& triad, const double* placement, const CameraBook& cameras,
-              PropGroup& group)
-      : _actor(makeArrows()), _frame(frameOf(triad)) {
-    if (const auto* const attributes = triad.findAttributes<lum::TriadAttributes>()) {
-      _hasScreenSize = attributes->getUseConstantPixelSize();
-      _labelHeight = attributes->getAxisLabelHeight();
-      addLabels(*attributes, triad.findAttributes<lum::TextAttributes>(), group);
+  MovedTriad(const TriadDecoration& triad, const CanvasCameras& cameras, PropGroup& group)
+      : _triad(triad), _actor(makeArrows()), _camera(cameraOf(triad, cameras)) {
+    if (triad.labels) {
+      for (const std::string& text : *triad.labels) {
+        _labels.emplace_back(
+            text, triad.style,
+            TextAlignment{TextDecoration::Horizontal::CENTER, TextDecoration::Vertical::CENTER}, group);
+      }
     }
-    if (const auto* const place = triad.findAttributes<lum::PositionAttributes>()) {
-      _position = place->getPosition();
-    }
-    if (placement != nullptr) {
-      applyPlacement(placement);
-    }
-    findCamera(triad.getCameraAttributes(), cameras);
     // Until the size on the screen is known, the triad counts as a point.
-    setMatrix(_hasScreenSize ? 1e-6 : LENGTH, _frame);
+    setMatrix(triad.hasScreenSize ? 1e-6 : LENGTH, triad.axes);
     group.add(_actor);
   }
 
   void update(vtkRenderer& renderer) {
     const double canvasHeight = sizeInPixels(renderer)[1];
     // Labels leave room for the axes in a small canvas, too.
-    const double labelHeight = std::min(_labelHeight * windowHeight(renderer), 0.16 * canvasHeight);
-    const double perUnit = pixelsPerUnit(renderer, _position);
-    const double axisLength = !_hasScreenSize ? LENGTH
-                              : perUnit > 0.0 ? LENGTH_IN_LABELS * labelHeight / perUnit
-                                              : 1e-6;
-    const Frame frame = _camera != nullptr ? followed(renderer) : _frame;
-    setMatrix(axisLength, frame);
-    if (_hasScreenSize) {
+    const double labelHeight = std::min(_triad.labelHeight * windowHeight(renderer), 0.16 * canvasHeight);
+    const double perUnit = pixelsPerUnit(renderer, _triad.position);
+    const double axisLength = !_triad.hasScreenSize ? LENGTH
+                              : perUnit > 0.0       ? LENGTH_IN_LABELS * labelHeight / perUnit
+                                                    : 1e-6;
+    const Axes axes = _camera != nullptr ? followed(renderer) : _triad.axes;
+    setMatrix(axisLength, axes);
+    if (_triad.hasScreenSize) {
       renderer.ResetCameraClippingRange();
     }
-    const std::array<Vector3, 3> axes = {frame.x, frame.y, frame.z};
     for (std::size_t axis = 0; axis < _labels.size(); ++axis) {
-      Vector3 place = _position;
+      Vector3 position = _triad.position;
       for (std::size_t i = 0; i < 3; ++i) {
-        place[i] += LABEL_PLACE * axisLength * axes[axis][i];
+        position[i] += LABEL_POSITION * axisLength * axes[axis][i];
       }
       _labels[axis].setLineHeight(labelHeight, renderer);
-      _labels[axis].moveTo(place, renderer);
+      _labels[axis].moveTo(position, renderer);
     }
   }
 
  private:
-  void addLabels(const lum::TriadAttributes& attributes, const lum::TextAttributes* style, PropGroup& group) {
-    for (const std::string& text :
-         {attributes.getXAxisLabelText(), attributes.getYAxisLabelText(), attributes.getZAxisLabelText()}) {
-      _labels.emplace_back(text, style, TextAlignment{1, 1}, group);
-    }
-  }
-
-  void applyPlacement(const double* placement) {
-    const auto matrix = toMatrix(placement);
-    for (Vector3* const axis : {&_frame.x, &_frame.y, &_frame.z}) {
-      *axis = unitOr(turned(*matrix, *axis), *axis);
-    }
-    _position = placed(_position, placement);
-  }
-
-  void findCamera(const lum::CameraAttributes* camera, const CameraBook& cameras) {
-    if (camera == nullptr) {
-      return;
-    }
-    const auto found = cameras.find(camera);
-    if (found != cameras.end()) {
-      _camera = found->second;
-    } else {
-      _camera = vtkSmartPointer<vtkRenderer>::New();
-      setCamera(*_camera, camera);
-    }
-  }
-
-  /// The directions that look from here as the model's axes look from there.
-  Frame followed(vtkRenderer& renderer) const {
+  /// The directions that look in this view as the triad's look in the camera's.
+  Axes followed(vtkRenderer& renderer) const {
     vtkNew<vtkMatrix4x4> turn;
     vtkMatrix4x4::Transpose(renderer.GetActiveCamera()->GetViewTransformMatrix(), turn);
-    vtkMatrix4x4& view = *_camera->GetActiveCamera()->GetViewTransformMatrix();
-    Frame frame = _frame;
-    for (Vector3* const axis : {&frame.x, &frame.y, &frame.z}) {
-      *axis = turned(*turn, turned(view, *axis));
+    vtkMatrix4x4& view = *_camera->GetViewTransformMatrix();
+    Axes axes = _triad.axes;
+    for (Vector3& axis : axes) {
+      axis = turned(*turn, turned(view, axis));
     }
-    return frame;
+    return axes;
   }
 
-  void setMatrix(double axisLength, const Frame& frame) {
+  void setMatrix(double axisLength, const Axes& axes) {
     vtkNew<vtkMatrix4x4> matrix;
     for (int row = 0; row < 3; ++row) {
       const auto i = static_cast<std::size_t>(row);
-      matrix->SetElement(row, 0, axisLength * frame.x[i]);
-      matrix->SetElement(row, 1, axisLength * frame.y[i]);
-      matrix->SetElement(row, 2, axisLength * frame.z[i]);
-      matrix->SetElement(row, 3, _position[i]);
+      matrix->SetElement(row, 0, axisLength * axes[0][i]);
+      matrix->SetElement(row, 1, axisLength * axes[1][i]);
+      matrix->SetElement(row, 2, axisLength * axes[2][i]);
+      matrix->SetElement(row, 3, _triad.position[i]);
     }
     _actor->SetUserMatrix(matrix);
   }
 
+  TriadDecoration _triad;
   vtkSmartPointer<vtkActor> _actor;
-  Frame _frame;
-  Vector3 _position;
-  bool _hasScreenSize = true;
-  double _labelHeight = 0.05;
+  vtkSmartPointer<vtkCamera> _camera;
   std::vector<TextLabel> _labels;
-  /// Looks through the camera that the triad turns with; null when with none.
-  vtkSmartPointer<vtkRenderer> _camera;
 };
 
 }  // namespace
 
-void addTriad(const lum::TriadDrawable& triad, const double* placement, const CameraBook& cameras,
-              PropGroup& group) {
-  const auto* const place = triad.findAttributes<lum::PositionAttributes>();
-  if (place != nullptr && !std::isfinite(length(place->getPosition()))) {
-    return;
-  }
-  const auto placed = std::make_shared<PlacedTriad>(triad, placement, cameras, group);
-  group.beforeEachRender([placed](vtkRenderer& drawn) { placed->update(drawn); });
+void addTriad(const TriadDecoration& triad, const CanvasCameras& cameras, PropGroup& group) {
+  const auto moved = std::make_shared<MovedTriad>(triad, cameras, group);
+  group.beforeEachRender([moved](vtkRenderer& drawn) { moved->update(drawn); });
 }
 
 }  // namespace vemo

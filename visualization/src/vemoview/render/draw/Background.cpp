@@ -1,7 +1,5 @@
 #include "vemoview/render/draw/Background.h"
 
-#include <vemo/scenegraph/canvas/CanvasAttributes.h>
-
 #include <vtkActor.h>
 #include <vtkCamera.h>
 #include <vtkCellArray.h>
@@ -15,7 +13,7 @@
 #include <vtkRenderer.h>
 #include <vtkUnsignedCharArray.h>
 
-#include <algorithm>
+#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -24,11 +22,6 @@ namespace vemo {
 namespace {
 
 using Color = Vector<3, double>;
-using Mode = lum::BackgroundColorModes;
-
-double channel(double value) {
-  return std::isfinite(value) ? std::clamp(value, 0.0, 1.0) : 0.0;
-}
 
 /// Corners with colours, in coordinates that go from -1 to 1 over the renderer
 /// in both directions.
@@ -42,10 +35,9 @@ class ColoredFaces {
   }
 
   void addCorner(double x, double y, const Color& color) {
-    // This far in front of the camera (below) is where it stands.
     _points->InsertNextPoint(x, y, 1.0);
     for (const double value : color) {
-      _colors->InsertNextValue(static_cast<unsigned char>(std::lround(channel(value) * 255.0)));
+      _colors->InsertNextValue(static_cast<unsigned char>(std::lround(value * 255.0)));
     }
   }
   void addFace(std::initializer_list<vtkIdType> corners) { _cells->InsertNextCell(corners); }
@@ -59,23 +51,23 @@ class ColoredFaces {
   vtkNew<vtkPolyData> _faces;
 };
 
-void addLinear(ColoredFaces& faces, Mode mode, const Color& color1, const Color& color2) {
-  const bool isVertical = mode == Mode::TOP_BOTTOM || mode == Mode::BOTTOM_TOP;
-  const bool isFirstAtPositiveEnd = mode == Mode::TOP_BOTTOM || mode == Mode::RIGHT_LEFT;
-  for (const auto& [x, y] : {std::pair(-1.0, -1.0), {1.0, -1.0}, {1.0, 1.0}, {-1.0, 1.0}}) {
-    const bool isAtPositiveEnd = (isVertical ? y : x) > 0.0;
-    faces.addCorner(x, y, isAtPositiveEnd == isFirstAtPositiveEnd ? color1 : color2);
+void addFaces(const LinearBackground& background, ColoredFaces& faces) {
+  constexpr std::array<std::array<double, 2>, 4> CORNERS{
+      {{-1.0, -1.0}, {1.0, -1.0}, {1.0, 1.0}, {-1.0, 1.0}}};
+  for (std::size_t i = 0; i < CORNERS.size(); ++i) {
+    faces.addCorner(CORNERS[i][0], CORNERS[i][1], background.corners[i]);
   }
   faces.addFace({0, 1, 2, 3});
 }
 
 /// A disc through the corners. Its rim has a point in each of them.
-void addRadial(ColoredFaces& faces, const Color& color1, const Color& color2) {
+void addFaces(const RadialBackground& background, ColoredFaces& faces) {
   constexpr int SLICES = 256;
-  faces.addCorner(0.0, 0.0, color1);
+  faces.addCorner(0.0, 0.0, background.center);
   for (int slice = 0; slice < SLICES; ++slice) {
     const double angle = 2.0 * std::numbers::pi * slice / SLICES;
-    faces.addCorner(std::numbers::sqrt2 * std::cos(angle), std::numbers::sqrt2 * std::sin(angle), color2);
+    faces.addCorner(std::numbers::sqrt2 * std::cos(angle), std::numbers::sqrt2 * std::sin(angle),
+                    background.corners);
     faces.addFace({0, slice + 1, (slice + 1) % SLICES + 1});
   }
 }
@@ -90,21 +82,7 @@ void useOwnCoordinates(vtkRenderer& renderer) {
   camera.UseExplicitProjectionTransformMatrixOn();
 }
 
-}  // namespace
-
-void setBackground(vtkRenderer& renderer, const lum::BackgroundAttributes& background) {
-  const Mode mode = background.getColorMode();
-  if (mode == Mode::SOLID) {
-    const Color& color = background.getSolidColor();
-    renderer.SetBackground(channel(color[0]), channel(color[1]), channel(color[2]));
-    return;
-  }
-  ColoredFaces faces;
-  if (mode == Mode::RADIAL) {
-    addRadial(faces, background.getColor1(), background.getColor2());
-  } else {
-    addLinear(faces, mode, background.getColor1(), background.getColor2());
-  }
+void addActor(vtkRenderer& renderer, ColoredFaces& faces) {
   vtkNew<vtkPolyDataMapper> mapper;
   mapper->SetInputData(faces.get());
   vtkNew<vtkActor> actor;
@@ -113,6 +91,23 @@ void setBackground(vtkRenderer& renderer, const lum::BackgroundAttributes& backg
   actor->PickableOff();
   renderer.AddActor(actor);
   useOwnCoordinates(renderer);
+}
+
+void apply(vtkRenderer& renderer, const SolidBackground& background) {
+  renderer.SetBackground(background.color.data());
+}
+
+template <class Gradient>
+void apply(vtkRenderer& renderer, const Gradient& background) {
+  ColoredFaces faces;
+  addFaces(background, faces);
+  addActor(renderer, faces);
+}
+
+}  // namespace
+
+void setBackground(vtkRenderer& renderer, const Background& background) {
+  std::visit([&](const auto& kind) { apply(renderer, kind); }, background);
 }
 
 }  // namespace vemo

@@ -2,34 +2,32 @@
 
 #include "geometry/Box.h"
 #include "vemoview/render/decorations/Decorations.h"
-#include "vemoview/render/draw/CameraBook.h"
-#include "vemoview/render/draw/Stroke.h"
-#include "vemoview/render/resolve/Piece.h"
-#include <vemo/render/Pick.h>
+#include "vemoview/render/draw/Batch.h"
+#include "vemoview/render/draw/CanvasCameras.h"
+#include "vemoview/render/draw/CanvasResources.h"
+#include <vemo/resolve/Pick.h>
+#include <vemo/resolve/ResolvedScene.h>
 
-#include <memory>
 #include <optional>
 #include <vector>
 
-class vtkPlaneCollection;
-namespace lum {
-class SceneCanvas;
-}
-
 namespace vemo {
 
-/// What a canvas holds, in the canvas's part of the window: drawables, lights,
-/// clipping planes, camera, but not its background.
+/// What a canvas shows, in a renderer of its own.
 class CanvasLayer {
  public:
-  /// Null when no part of the window is the canvas's. The layer is noted in the
-  /// book if the canvas has a camera. Canvas and book must stay.
-  static std::unique_ptr<CanvasLayer> make(const lum::SceneCanvas& canvas, CameraBook& cameras);
+  explicit CanvasLayer(ResolvedCanvas canvas);
+  CanvasLayer(const CanvasLayer&) = delete;
+  CanvasLayer& operator=(const CanvasLayer&) = delete;
 
-  vtkRenderer& getRenderer() const { return *_renderer; }
+  /// To be called once, when the cameras of all canvases are known.
+  void fill(const CanvasCameras& cameras);
+
+  vtkRenderer& getRenderer() const { return *_resources.renderer; }
+  bool isModel() const { return _canvas.role == ResolvedCanvas::Role::MODEL; }
 
   /// Shows what is visible in the canvas now, and nothing else.
-  void followVisibility();
+  void update(CanvasUpdate update, const CanvasCameras& cameras);
 
   /// Makes lines and points wider by a factor.
   void scalePixels(double factor);
@@ -40,21 +38,17 @@ class CanvasLayer {
   /// Points the camera as the canvas says.
   void resetView();
 
-  /// Around what is shown of a drawable, and of drawables that it owns.
-  Box boundsOf(const lum::Drawable& drawable) const;
+  /// Around what is shown of some drawables.
+  Box boundsOf(const DrawableSet& drawables) const;
 
  private:
-  CanvasLayer(const lum::SceneCanvas& canvas, vtkRenderer& renderer, CameraBook& cameras);
-  void add(const std::vector<VisibleDrawable>& drawables);
+  void addBatches(std::vector<MeshInstance> meshes);
 
-  const lum::SceneCanvas& _canvas;
-  vtkSmartPointer<vtkRenderer> _renderer;
-  vtkSmartPointer<vtkPlaneCollection> _planes;
-  PieceCollector _collector;
-  std::vector<Stroke> _strokes;
+  /// Its meshes and decorations move to the batches and props.
+  ResolvedCanvas _canvas;
+  CanvasResources _resources;
+  std::vector<Batch> _batches;
   Decorations _decorations;
-  /// The drawables that there are strokes and decorations of, shown or not.
-  DrawableSet _made;
   double _pixelScale = 1.0;
 };
 

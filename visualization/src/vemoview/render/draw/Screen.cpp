@@ -1,5 +1,7 @@
 #include "vemoview/render/draw/Screen.h"
 
+#include "geometry/Vector3.h"
+
 #include <vtkCamera.h>
 #include <vtkMath.h>
 #include <vtkMatrix4x4.h>
@@ -43,6 +45,19 @@ double pixelsPerUnit(vtkRenderer& renderer, const Vector<3, double>& point) {
   }
   const double result = sizeInPixels(renderer)[1] / (2.0 * halfHeight);
   return std::isfinite(result) && result > 0.0 ? result : 0.0;
+}
+
+PickView pickViewOf(vtkRenderer& renderer) {
+  const int* const corner = renderer.GetOrigin();
+  vtkCamera& camera = *renderer.GetActiveCamera();
+  return {{static_cast<double>(corner[0]), static_cast<double>(corner[1])},
+          sizeInPixels(renderer),
+          toVector(camera.GetPosition()),
+          toVector(camera.GetDirectionOfProjection()),
+          toVector(camera.GetViewUp()),
+          camera.GetParallelProjection() != 0,
+          camera.GetParallelScale(),
+          camera.GetViewAngle()};
 }
 
 }  // namespace vemo

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <vemo/base/Vector.h>
+#include <vemo/resolve/PickRay.h>
 
 #include <optional>
 
@@ -8,7 +9,7 @@ class vtkRenderer;
 
 namespace vemo {
 
-/// Where things stand on the screen, for renderers in a window.
+/// Where things are on the screen, for renderers in a window.
 
 /// The width and height of a renderer's part of the window, in pixels.
 Vector<2, double> sizeInPixels(vtkRenderer& renderer);
@@ -23,5 +24,8 @@ std::optional<Vector<2, double>> project(vtkRenderer& renderer, const Vector<3, 
 /// How many pixels a unit of length has at a point of the model; 0 for a point
 /// behind the viewer.
 double pixelsPerUnit(vtkRenderer& renderer, const Vector<3, double>& point);
+
+/// What a user sees a renderer's scene through.
+PickView pickViewOf(vtkRenderer& renderer);
 
 }  // namespace vemo

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <vemo/base/Vector.h>
+
+#include <optional>
+
+namespace vemo {
+
+/// Where a canvas is seen from. All values are finite.
+struct CanvasCamera {
+  /// The view-up is a unit vector that is not parallel to the direction of view.
+  struct Viewpoint {
+    Vector<3, double> position;
+    Vector<3, double> focalPoint;
+    Vector<3, double> viewUp;
+  };
+
+  /// Without one, everything visible is framed, seen against the z axis.
+  std::optional<Viewpoint> viewpoint;
+  bool isParallel = false;
+  /// Half the height of what a parallel camera sees, above 0. Without it a
+  /// parallel camera frames everything visible from the viewpoint's direction.
+  std::optional<double> parallelScale;
+};
+
+}  // namespace vemo

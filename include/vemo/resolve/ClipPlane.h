@@ -1,0 +1,20 @@
+#pragma once
+
+#include <vemo/base/Vector.h>
+
+#include <cstddef>
+
+namespace vemo {
+
+/// Graphics hardware clips by this many planes. Further ones cut the geometry
+/// itself, separately for each instance.
+inline constexpr std::size_t HARDWARE_CLIP_PLANES = 6;
+
+/// Keeps what lies on the side that its normal points to.
+struct ClipPlane {
+  Vector<3, double> origin;
+  /// A unit vector, or zero as in the scene.
+  Vector<3, double> normal;
+};
+
+}  // namespace vemo

@@ -1,0 +1,116 @@
+#pragma once
+
+#include <vemo/base/Vector.h>
+#include <vemo/resolve/CanvasCamera.h>
+#include <vemo/resolve/ColorTable.h>
+#include <vemo/resolve/InstanceTransforms.h>
+
+#include <vtkSmartPointer.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <variant>
+
+class vtkDataArray;
+namespace lum {
+class Drawable;
+}
+
+namespace vemo {
+
+/// How text is written, except for its size.
+struct TextStyle {
+  enum class Family { ARIAL, COURIER, TIMES };
+
+  Family family = Family::ARIAL;
+  bool isBold = false;
+  bool isItalic = false;
+  bool hasShadow = false;
+  /// Red, green, blue, alpha.
+  std::array<std::uint8_t, 4> rgba{0, 0, 0, 255};
+};
+
+/// Positions in the window are fractions of the canvas's width and height, from
+/// its lower left corner. Line heights are fractions of the window's height.
+
+/// A colour bar with a title and numbers.
+struct LegendDecoration {
+  ColorTable table;
+  std::string title;
+  bool isVertical = true;
+  /// Of the lower left corner, and of everything together.
+  Vector<2, double> position;
+  Vector<2, double> size;
+  int labelCount = 0;
+  /// One printf conversion for a double, possibly with text around it.
+  std::string labelFormat;
+  TextStyle style;
+  double lineHeight = 0.0;
+};
+
+/// A text of one or more lines that faces the viewer.
+struct TextDecoration {
+  enum class Horizontal { LEFT, CENTER, RIGHT };
+  enum class Vertical { BOTTOM, CENTER, TOP };
+
+  std::string text;
+  bool isInModel = false;
+  /// In the model, where it is never covered, or in the window.
+  Vector<3, double> position;
+  /// Which point of the text is at the position.
+  Horizontal horizontal = Horizontal::LEFT;
+  Vertical vertical = Vertical::BOTTOM;
+  TextStyle style;
+  double lineHeight = 0.0;
+};
+
+/// An unlit image on a parallelogram, in the model or in the window.
+struct ImageDecoration {
+  int width = 0;
+  int height = 0;
+  /// One tuple of bytes a pixel, rows from bottom to top; grey, grey and alpha,
+  /// red green blue, or these and alpha.
+  vtkSmartPointer<vtkDataArray> pixels;
+  bool isInModel = false;
+  /// The lower left corner, and the edges that start there.
+  Vector<3, double> corner;
+  Vector<3, double> xAxis;
+  Vector<3, double> yAxis;
+  /// Of an image in the model.
+  std::optional<InstanceTransform> transform;
+  /// Above 0, up to 1.
+  double opacity = 1.0;
+};
+
+/// Three labelled arrows.
+struct TriadDecoration {
+  /// The camera of a canvas, by its index in the scene, or one that no canvas
+  /// has.
+  using Camera = std::variant<std::size_t, CanvasCamera>;
+
+  /// Directions of x, y and z; unit vectors.
+  std::array<Vector<3, double>, 3> axes;
+  Vector<3, double> position;
+  /// Whether its size on the screen is constant: each axis three times as long
+  /// as a label is high. Otherwise axes have a length of 1.5 in the model.
+  bool hasScreenSize = true;
+  double labelHeight = 0.05;
+  /// Of x, y and z; nothing for a triad without labels.
+  std::optional<std::array<std::string, 3>> labels;
+  TextStyle style;
+  /// The camera whose view of the model's axes it shows; nothing for a triad
+  /// that keeps its directions.
+  std::optional<Camera> camera;
+};
+
+/// What is seen of a drawable without geometry of its own. A drawable with
+/// several instances has several decorations.
+struct Decoration {
+  const lum::Drawable* drawable = nullptr;
+  std::variant<LegendDecoration, TextDecoration, ImageDecoration, TriadDecoration> content;
+};
+
+}  // namespace vemo

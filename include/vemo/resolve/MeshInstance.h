@@ -1,0 +1,48 @@
+#pragma once
+
+#include <vemo/resolve/Appearance.h>
+#include <vemo/resolve/ColorTable.h>
+#include <vemo/resolve/InstanceTransforms.h>
+
+#include <vtkSmartPointer.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+
+class vtkPolyData;
+namespace lum {
+class Drawable;
+class PolyDataNode;
+}  // namespace lum
+
+namespace vemo {
+
+enum class ScalarLocation { POINTS, CELLS };
+
+/// Colours by an array of the geometry.
+struct ScalarColoring {
+  ScalarLocation location = ScalarLocation::POINTS;
+  std::string arrayName;
+  /// Never null. Equal tables of one canvas are the same object.
+  std::shared_ptr<const ColorTable> table;
+};
+
+/// A mesh that is seen, once or several times, with everything needed to draw
+/// it.
+struct MeshInstance {
+  /// What it comes from; both belong to the scene.
+  const lum::Drawable* drawable = nullptr;
+  const lum::PolyDataNode* node = nullptr;
+  /// Valid cells with finite points, at least one; arrays that fit. It shares
+  /// memory with the scene and with other instances.
+  vtkSmartPointer<vtkPolyData> geometry;
+  Appearance appearance;
+  /// Red, green, blue in 0..1: the colour of all of it, unless scalars colour
+  /// it.
+  Vector<3, double> color;
+  std::optional<ScalarColoring> scalars;
+  SharedInstanceTransforms transforms;
+};
+
+}  // namespace vemo

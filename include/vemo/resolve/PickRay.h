@@ -1,0 +1,55 @@
+#pragma once
+
+#include <vemo/base/Vector.h>
+#include <vemo/resolve/Export.h>
+
+#include <limits>
+#include <optional>
+
+namespace vemo {
+
+/// What a user sees a canvas through.
+struct PickView {
+  /// The canvas's part of the window, in pixels.
+  Vector<2, double> lowerLeft;
+  Vector<2, double> size;
+  Vector<3, double> position;
+  /// The unit vector of the direction of view.
+  Vector<3, double> forward;
+  Vector<3, double> viewUp;
+  bool isParallel = false;
+  /// Half the height of what a parallel camera sees.
+  double parallelScale = 1.0;
+  /// Of a perspective camera, from top to bottom, in degrees.
+  double viewAngle = 30.0;
+};
+
+/// What lies behind a pixel: a ray from the viewer's eye into the model, and how
+/// large a pixel is along it.
+struct VEMO_RESOLVE_EXPORT PickRay {
+  Vector<3, double> origin;
+  /// A unit vector.
+  Vector<3, double> direction;
+  /// The size of a pixel at the origin, and how much it grows with each unit of
+  /// length along the ray.
+  double pixelAtOrigin = 0.0;
+  double pixelGrowth = 0.0;
+
+  /// Through a pixel of the window, counted from its lower left corner; nothing
+  /// for one outside the view.
+  static std::optional<PickRay> through(const PickView& view, const Vector<2, double>& pixel);
+
+  Vector<3, double> at(double distance) const {
+    return {origin[0] + distance * direction[0], origin[1] + distance * direction[1],
+            origin[2] + distance * direction[2]};
+  }
+  double pixelSize(double distance) const { return pixelAtOrigin + distance * pixelGrowth; }
+};
+
+/// A part of a pick ray, by its distances from the origin.
+struct RayInterval {
+  double first = 0.0;
+  double last = std::numeric_limits<double>::infinity();
+};
+
+}  // namespace vemo

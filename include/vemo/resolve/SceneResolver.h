@@ -1,0 +1,58 @@
+#pragma once
+
+#include <vemo/resolve/Export.h>
+#include <vemo/resolve/ResolvedScene.h>
+
+#include <cstddef>
+#include <memory>
+#include <unordered_set>
+#include <vector>
+
+namespace lum {
+class Drawable;
+class SceneNode;
+}  // namespace lum
+
+namespace vemo {
+
+using DrawableSet = std::unordered_set<const lum::Drawable*>;
+
+/// A change of what is visible in a canvas.
+struct CanvasUpdate {
+  /// Everything that is visible now.
+  DrawableSet visible;
+  /// What of it was never visible before, in drawing order.
+  std::vector<MeshInstance> meshes;
+  std::vector<Decoration> decorations;
+};
+
+/// Resolves a scene, then only what becomes visible in it. The scene is not
+/// changed; it must outlive the resolver.
+class VEMO_RESOLVE_EXPORT SceneResolver {
+ public:
+  explicit SceneResolver(const lum::SceneNode& scene);
+  ~SceneResolver();
+  SceneResolver(const SceneResolver&) = delete;
+  SceneResolver& operator=(const SceneResolver&) = delete;
+
+  /// Everything that is visible; to be called once. Throws SceneTooLarge.
+  ResolvedScene resolve();
+
+  /// What the visibility of drawables (BaseAttributes::getVisibility) has
+  /// changed in a canvas, by its index in the resolved scene. Other changes of
+  /// the scene are ignored. Throws SceneTooLarge and then counts as not called.
+  CanvasUpdate update(std::size_t canvas);
+
+ private:
+  struct State;
+  std::unique_ptr<State> _state;
+};
+
+/// What is visible in a scene. Throws SceneTooLarge.
+VEMO_RESOLVE_EXPORT ResolvedScene resolveScene(const lum::SceneNode& scene);
+
+/// The visible ones among a drawable and those that it owns, as far as they are
+/// not hidden themselves.
+VEMO_RESOLVE_EXPORT DrawableSet visibleParts(const lum::Drawable& drawable);
+
+}  // namespace vemo

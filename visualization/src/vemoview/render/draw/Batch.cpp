@@ -1,0 +1,56 @@
+#include "vemoview/render/draw/Batch.h"
+
+#include "vemoview/render/draw/CanvasResources.h"
+#include "vemoview/render/draw/MeshMerger.h"
+#include "vemoview/render/draw/MeshProps.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vemo {
+
+Batch::Batch(std::vector<MeshInstance> meshes, CanvasResources& resources)
+    : _meshes(std::move(meshes)),
+      _isShown(_meshes.size(), false),
+      _isDrawn(_meshes.size(), false),
+      _resources(&resources) {}
+
+void Batch::showAll(double pixelScale) {
+  show(std::vector<bool>(_meshes.size(), true), pixelScale);
+}
+
+void Batch::show(const DrawableSet& visible, double pixelScale) {
+  std::vector<bool> wanted(_meshes.size());
+  std::transform(_meshes.begin(), _meshes.end(), wanted.begin(),
+                 [&](const MeshInstance& mesh) { return visible.contains(mesh.drawable); });
+  show(std::move(wanted), pixelScale);
+}
+
+void Batch::show(std::vector<bool> wanted, double pixelScale) {
+  if (wanted == _isShown) {
+    return;
+  }
+  _isShown = std::move(wanted);
+  const bool isAnyShown = std::find(_isShown.begin(), _isShown.end(), true) != _isShown.end();
+  if (isAnyShown && _isShown != _isDrawn) {
+    make(pixelScale);
+  }
+  _props->show(isAnyShown);
+}
+
+void Batch::make(double pixelScale) {
+  std::vector<const MeshInstance*> shown;
+  forEachShown([&](const MeshInstance& mesh) { shown.push_back(&mesh); });
+  _props = std::make_unique<PropGroup>(*_resources->renderer);
+  addProps(merge(shown, _resources->tables), *_resources->clipPlanes, *_props);
+  _props->scalePixels(pixelScale);
+  _isDrawn = _isShown;
+}
+
+void Batch::scalePixels(double factor) {
+  if (_props != nullptr) {
+    _props->scalePixels(factor);
+  }
+}
+
+}  // namespace vemo

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "vemoview/render/draw/LookupTables.h"
+
+#include <vtkPlaneCollection.h>
+#include <vtkRenderer.h>
+#include <vtkSmartPointer.h>
+
+namespace vemo {
+
+/// What everything drawn in a canvas shares.
+struct CanvasResources {
+  vtkSmartPointer<vtkRenderer> renderer;
+  vtkSmartPointer<vtkPlaneCollection> clipPlanes;
+  LookupTables tables;
+};
+
+}  // namespace vemo

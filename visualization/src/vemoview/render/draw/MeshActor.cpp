@@ -1,0 +1,26 @@
+#include "vemoview/render/draw/MeshActor.h"
+
+#include <vtkObjectFactory.h>
+#include <vtk_glew.h>
+
+namespace vemo {
+
+vtkStandardNewMacro(MeshActor);
+
+void MeshActor::Render(vtkRenderer* renderer, vtkMapper* mapper) {
+  glFrontFace(_isMirrored ? GL_CW : GL_CCW);
+  if (_stepBack > 0.0F) {
+    glEnable(GL_POLYGON_OFFSET_FILL);
+    glPolygonOffset(_stepBack, 1.0F);
+  }
+  if (_isNearer) {
+    constexpr double NEARER = 6e-5;
+    glDepthRange(0.0, 1.0 - NEARER);
+  }
+  vtkOpenGLActor::Render(renderer, mapper);
+  glDepthRange(0.0, 1.0);
+  glDisable(GL_POLYGON_OFFSET_FILL);
+  glFrontFace(GL_CCW);
+}
+
+}  // namespace vemo

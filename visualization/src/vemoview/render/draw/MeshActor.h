@@ -1,0 +1,33 @@
+#pragma once
+
+#include <vtkOpenGLActor.h>
+
+namespace vemo {
+
+/// Draws faces, and lines on them, as VTK's own actor does not.
+class MeshActor : public vtkOpenGLActor {
+ public:
+  static MeshActor* New();
+
+  /// Its matrix mirrors, which reverses the winding of faces; VTK would light
+  /// them from behind.
+  void setMirrored(bool isMirrored) { _isMirrored = isMirrored; }
+
+  /// Faces are moved back behind lines of a width in pixels that lie on them, the
+  /// further the steeper they are seen: a line is as wide on either side.
+  void setWidthOfLinesOnFaces(double pixels) { _stepBack = static_cast<float>(2.0 * pixels); }
+
+  /// It is drawn a little nearer than it is, in front of others at the same
+  /// depth.
+  void setNearer(bool isNearer) { _isNearer = isNearer; }
+
+  void Render(vtkRenderer* renderer, vtkMapper* mapper) override;
+
+ private:
+  bool _isMirrored = false;
+  bool _isNearer = false;
+  /// In steps of a face's depth from one pixel to the next.
+  float _stepBack = 0.0F;
+};
+
+}  // namespace vemo

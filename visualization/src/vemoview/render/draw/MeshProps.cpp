@@ -1,0 +1,289 @@
+#include "vemoview/render/draw/MeshProps.h"
+
+#include "geometry/DrawableCells.h"
+#include <vemo/base/Vector.h>
+#include "vemoview/render/draw/Matrix.h"
+#include "vemoview/render/draw/MeshActor.h"
+#include "vemoview/render/draw/PropGroup.h"
+#include "vemoview/render/draw/Screen.h"
+#include "vemoview/resolve/mesh/MeshBounds.h"
+#include <vemo/resolve/ClipPlane.h>
+
+#include <vtkActor.h>
+#include <vtkAppendPolyData.h>
+#include <vtkCleanPolyData.h>
+#include <vtkClipPolyData.h>
+#include <vtkFeatureEdges.h>
+#include <vtkMatrix4x4.h>
+#include <vtkNew.h>
+#include <vtkPlane.h>
+#include <vtkPlaneCollection.h>
+#include <vtkPolyDataMapper.h>
+#include <vtkProperty.h>
+#include <vtkTriangleFilter.h>
+
+#include <algorithm>
+
+namespace vemo {
+
+namespace {
+
+constexpr int HARDWARE_PLANES = static_cast<int>(HARDWARE_CLIP_PLANES);
+
+void colorByScalars(const RenderMesh& mesh, vtkPolyDataMapper& mapper) {
+  mapper.SetScalarVisibility(mesh.scalars.has_value());
+  if (!mesh.scalars) {
+    return;
+  }
+  if (mesh.scalars->location == ScalarLocation::CELLS) {
+    mapper.SetScalarModeToUseCellFieldData();
+  } else {
+    mapper.SetScalarModeToUsePointFieldData();
+  }
+  mapper.SelectColorArray(mesh.scalars->arrayName.c_str());
+  if (mesh.scalars->table != nullptr) {
+    mapper.SetColorModeToMapScalars();
+    mapper.SetLookupTable(mesh.scalars->table);
+    mapper.UseLookupTableScalarRangeOn();
+    // Data are blended between points, and not their colours, which would pass
+    // through colours of other values.
+    mapper.InterpolateScalarsBeforeMappingOn();
+  } else {
+    mapper.SetColorModeToDirectScalars();
+  }
+}
+
+vtkSmartPointer<vtkPolyData> clipped(vtkPolyData& geometry, vtkPlane& plane) {
+  vtkNew<vtkClipPolyData> clipper;
+  clipper->SetInputData(&geometry);
+  clipper->SetClipFunction(&plane);
+  clipper->Update();
+  return clipper->GetOutput();
+}
+
+vtkSmartPointer<vtkPolyData> trianglesOf(vtkPolyData& strips) {
+  vtkNew<vtkTriangleFilter> triangles;
+  triangles->SetInputData(&strips);
+  triangles->Update();
+  return triangles->GetOutput();
+}
+
+/// One kind after the other, and without strips: VTK mixes up the data of
+/// cells of several kinds, and that of the triangles of strips.
+vtkSmartPointer<vtkPolyData> clippedByKind(vtkPolyData& geometry, vtkPlane& plane) {
+  vtkNew<vtkAppendPolyData> all;
+  for (const CellKindTraits& kind : CELL_KINDS) {
+    if (kind.get(geometry)->GetNumberOfCells() > 0) {
+      auto cells = drawableCells(geometry, kind.kind);
+      all->AddInputData(clipped(kind.kind == CellKind::STRIPS ? *trianglesOf(*cells) : *cells, plane));
+    }
+  }
+  all->Update();
+  return all->GetOutput();
+}
+
+/// The plane in the coordinates of an instance.
+vtkSmartPointer<vtkPlane> planeWithin(vtkPlane& plane, const InstanceTransform& transform) {
+  auto result = vtkSmartPointer<vtkPlane>::New();
+  const auto matrix = toMatrix(transform);
+  // A point p of the model is M q: n (M q) is (transposed M n) q.
+  Vector<4, double> normal{plane.GetNormal()[0], plane.GetNormal()[1], plane.GetNormal()[2], 0.0};
+  Vector<4, double> origin{plane.GetOrigin()[0], plane.GetOrigin()[1], plane.GetOrigin()[2], 1.0};
+  vtkNew<vtkMatrix4x4> inverse;
+  vtkMatrix4x4::Invert(matrix, inverse);
+  inverse->MultiplyPoint(origin.data(), origin.data());
+  matrix->Transpose();
+  matrix->MultiplyPoint(normal.data(), normal.data());
+  result->SetNormal(normal.data());
+  result->SetOrigin(origin.data());
+  return result;
+}
+
+/// The first planes clip in the mapper; the others, which it does not accept, cut
+/// the geometry itself.
+vtkSmartPointer<vtkPolyData> cutByFurtherPlanes(vtkPolyData& geometry, vtkPlaneCollection& planes,
+                                                const InstanceTransform* transform) {
+  vtkSmartPointer<vtkPolyData> result = &geometry;
+  for (int i = HARDWARE_PLANES; i < planes.GetNumberOfItems(); ++i) {
+    vtkPlane& plane = *planes.GetItem(i);
+    result = clippedByKind(*result, transform == nullptr ? plane : *planeWithin(plane, *transform));
+  }
+  return result;
+}
+
+void applyProperties(const RenderMesh& mesh, vtkProperty& property) {
+  const Appearance& appearance = mesh.appearance;
+  property.SetColor(mesh.color[0], mesh.color[1], mesh.color[2]);
+  property.SetOpacity(appearance.opacity);
+  property.SetLineWidth(static_cast<float>(appearance.lineWidth));
+  property.SetPointSize(static_cast<float>(appearance.pointSize));
+  property.SetAmbient(appearance.ambient);
+  property.SetDiffuse(appearance.diffuse);
+  property.SetSpecular(appearance.specular);
+  property.SetSpecularPower(appearance.specularPower);
+  // Highlights have the colour of the light.
+  property.SetSpecularColor(1.0, 1.0, 1.0);
+  if (appearance.kind == Appearance::Kind::POINTS) {
+    // Smaller ones have no side that could be seen to face a light.
+    constexpr double LEAST_BALL_PIXELS = 4.0;
+    const bool isBall = appearance.isPointSizeInModelUnits || appearance.pointSize >= LEAST_BALL_PIXELS;
+    property.SetRenderPointsAsSpheres(isBall);
+    property.SetLighting(isBall);
+  }
+}
+
+vtkSmartPointer<vtkPolyDataMapper> makeMapper(const RenderMesh& mesh, vtkPlaneCollection& planes,
+                                              const InstanceTransform* transform) {
+  auto mapper = vtkSmartPointer<vtkPolyDataMapper>::New();
+  vtkSmartPointer<vtkPolyData> geometry = mesh.geometry;
+  if (mesh.appearance.isClipped) {
+    for (int i = 0; i < std::min(planes.GetNumberOfItems(), HARDWARE_PLANES); ++i) {
+      mapper->AddClippingPlane(planes.GetItem(i));
+    }
+    geometry = cutByFurtherPlanes(*geometry, planes, transform);
+  }
+  mapper->SetInputData(geometry);
+  colorByScalars(mesh, *mapper);
+  return mapper;
+}
+
+vtkSmartPointer<vtkActor> makeActor(const RenderMesh& mesh, const InstanceTransform* transform) {
+  auto actor = vtkSmartPointer<MeshActor>::New();
+  actor->setNearer(mesh.isOnFaces);
+  if (mesh.appearance.hasContour) {
+    actor->setWidthOfLinesOnFaces(mesh.appearance.lineWidth);
+  }
+  if (transform != nullptr) {
+    const auto matrix = toMatrix(*transform);
+    actor->SetUserMatrix(matrix);
+    actor->setMirrored(matrix->Determinant() < 0.0);
+  }
+  return actor;
+}
+
+/// Points as large as the scale at the middle of the mesh makes them.
+void keepModelSize(const RenderMesh& mesh, const InstanceTransform* transform, vtkProperty* property,
+                   PropGroup& group) {
+  const Vector3 center = transformedPoint(transform, boundsOf(*mesh.geometry).center());
+  const vtkSmartPointer<vtkProperty> kept = property;
+  group.beforeEachRender([kept, center, size = mesh.appearance.pointSize](vtkRenderer& drawn) {
+    const double pixels = size * pixelsPerUnit(drawn, center);
+    kept->SetPointSize(static_cast<float>(std::clamp(pixels, 1.0, MAXIMUM_POINT_PIXELS)));
+  });
+}
+
+vtkSmartPointer<vtkProperty> makeProperty(const RenderMesh& mesh) {
+  auto property = vtkSmartPointer<vtkProperty>::New();
+  applyProperties(mesh, *property);
+  return property;
+}
+
+/// One actor for each instance. All have the same property, unless their sizes
+/// are the model's, and, unless each is cut differently, the same mapper.
+vtkProperty& addActors(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
+  const bool isCutHere = mesh.appearance.isClipped && planes.GetNumberOfItems() > HARDWARE_PLANES;
+  auto property = makeProperty(mesh);
+  vtkSmartPointer<vtkPolyDataMapper> mapper;
+  forEachInstance(mesh.transforms, [&](const InstanceTransform* transform) {
+    if (mapper == nullptr || isCutHere) {
+      mapper = makeMapper(mesh, planes, transform);
+    }
+    const auto actor = makeActor(mesh, transform);
+    if (mesh.appearance.isPointSizeInModelUnits) {
+      property = makeProperty(mesh);
+      keepModelSize(mesh, transform, property, group);
+    }
+    actor->SetMapper(mapper);
+    actor->SetProperty(property);
+    group.add(actor);
+  });
+  return *property;
+}
+
+/// The cells of some kinds; none may be left.
+RenderMesh part(const RenderMesh& mesh, CellKinds kinds) {
+  RenderMesh result = mesh;
+  result.geometry = drawableCells(*mesh.geometry, kinds);
+  return result;
+}
+
+void addEdges(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
+  RenderMesh edges = part(mesh, CellKind::POLYS | CellKind::STRIPS);
+  if (edges.geometry->GetNumberOfCells() == 0) {
+    return;
+  }
+  edges.scalars.reset();
+  edges.color = edges.appearance.edgeColor;
+  vtkProperty& property = addActors(edges, planes, group);
+  property.SetRepresentationToWireframe();
+  property.LightingOff();
+}
+
+/// Border edges, and edges at which the faces bend. Points at the same place
+/// are merged before: faces that meet there have no border between them.
+vtkSmartPointer<vtkPolyData> contourOf(vtkPolyData& faces) {
+  constexpr double LEAST_BEND_DEGREES = 30.0;
+  vtkNew<vtkPolyData> shape;
+  shape->SetPoints(faces.GetPoints());
+  shape->SetPolys(faces.GetPolys());
+  shape->SetStrips(faces.GetStrips());
+  vtkNew<vtkTriangleFilter> triangles;
+  triangles->SetInputData(shape);
+  vtkNew<vtkCleanPolyData> cleaned;
+  cleaned->SetInputConnection(triangles->GetOutputPort());
+  cleaned->SetTolerance(0.0);
+  vtkNew<vtkFeatureEdges> edges;
+  edges->SetInputConnection(cleaned->GetOutputPort());
+  edges->SetFeatureAngle(LEAST_BEND_DEGREES);
+  edges->NonManifoldEdgesOff();
+  edges->ColoringOff();
+  edges->Update();
+  return edges->GetOutput();
+}
+
+void addContour(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
+  RenderMesh contour = part(mesh, CellKind::POLYS | CellKind::STRIPS);
+  if (contour.geometry->GetNumberOfCells() == 0) {
+    return;
+  }
+  contour.geometry = contourOf(*contour.geometry);
+  if (contour.geometry->GetNumberOfCells() == 0) {
+    return;
+  }
+  contour.isOnFaces = true;
+  contour.scalars.reset();
+  contour.color = contour.appearance.edgeColor;
+  // It shows the shape of a body that is hardly seen itself.
+  contour.appearance.opacity = 1.0;
+  addActors(contour, planes, group).LightingOff();
+}
+
+void addWithoutFaces(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
+  if (mesh.appearance.hasEdges) {
+    addEdges(mesh, planes, group);
+  }
+  // Lines and vertices of a surface are not faces: they stay.
+  const RenderMesh rest = part(mesh, CellKind::VERTS | CellKind::LINES);
+  if (rest.geometry->GetNumberOfCells() > 0) {
+    addActors(rest, planes, group);
+  }
+}
+
+}  // namespace
+
+void addProps(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
+  const Appearance& appearance = mesh.appearance;
+  if (appearance.kind != Appearance::Kind::SURFACE || appearance.hasFaces) {
+    vtkProperty& property = addActors(mesh, planes, group);
+    property.SetEdgeVisibility(appearance.kind == Appearance::Kind::SURFACE && appearance.hasEdges);
+    property.SetEdgeColor(appearance.edgeColor[0], appearance.edgeColor[1], appearance.edgeColor[2]);
+  } else {
+    addWithoutFaces(mesh, planes, group);
+  }
+  // Last: of what lies as deep it is seen.
+  if (appearance.hasContour) {
+    addContour(mesh, planes, group);
+  }
+}
+
+}  // namespace vemo

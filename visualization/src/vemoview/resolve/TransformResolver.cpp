@@ -1,0 +1,144 @@
+#include "vemoview/resolve/TransformResolver.h"
+
+#include <vemo/base/Vector.h>
+#include <vemo/scenegraph/Logger.h>
+#include <vemo/scenegraph/transforms/PeriodicRepeatTransform.h>
+#include <vemo/scenegraph/transforms/SimpleTransform.h>
+#include <vemo/scenegraph/transforms/SymmetricTransform.h>
+
+#include <vtkMath.h>
+#include <vtkMatrix4x4.h>
+#include <vtkNew.h>
+#include <vtkTransform.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace vemo {
+
+namespace {
+
+/// Repeats within repeats multiply.
+constexpr std::size_t MOST_INSTANCES = 10000;
+
+constexpr InstanceTransform IDENTITY = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+
+InstanceTransform product(const InstanceTransform& outer, const InstanceTransform& inner) {
+  InstanceTransform result;
+  vtkMatrix4x4::Multiply4x4(outer.data(), inner.data(), result.data());
+  return result;
+}
+
+/// Whether something so transformed has an extent that can be computed with.
+bool isUsable(const InstanceTransform& transform) {
+  constexpr double LARGEST = 1e30;
+  constexpr double LEAST_VOLUME = 1e-200;
+  // Also false for what is not a number.
+  return std::ranges::all_of(transform, [](double value) { return std::abs(value) < LARGEST; }) &&
+         std::abs(vtkMatrix4x4::Determinant(transform.data())) > LEAST_VOLUME;
+}
+
+InstanceTransform matrixOf(const lum::SimpleTransform& transform) {
+  const auto& origin = transform.getRotationOrigin();
+  const auto& axis = transform.getRotationAxis();
+  const auto& move = transform.getTranslation();
+  const auto& scale = transform.getScale();
+  vtkNew<vtkTransform> steps;
+  steps->PostMultiply();
+  if (scale != Vector<3, double>{}) {
+    steps->Scale(scale.data());
+  }
+  steps->Translate(-origin[0], -origin[1], -origin[2]);
+  steps->RotateWXYZ(vtkMath::DegreesFromRadians(transform.getRotationAngle()), axis.data());
+  steps->Translate(origin[0] + move[0], origin[1] + move[1], origin[2] + move[2]);
+  InstanceTransform result;
+  std::copy_n(steps->GetMatrix()->GetData(), result.size(), result.begin());
+  return result;
+}
+
+bool isFinite(const lum::SimpleTransform& transform) {
+  return isFinite(transform.getRotationOrigin()) && isFinite(transform.getRotationAxis()) &&
+         isFinite(transform.getTranslation()) && isFinite(transform.getScale()) &&
+         std::isfinite(transform.getRotationAngle());
+}
+
+/// x' = x - 2 (n x + d) / (n n) n, for a plane n x + d = 0.
+InstanceTransform reflection(const Vector<4, double>& plane) {
+  const double square = plane[0] * plane[0] + plane[1] * plane[1] + plane[2] * plane[2];
+  InstanceTransform result = IDENTITY;
+  for (std::size_t row = 0; row < 3; ++row) {
+    for (std::size_t column = 0; column < 4; ++column) {
+      result[4 * row + column] -= 2.0 * plane[row] * plane[column] / square;
+    }
+  }
+  return result;
+}
+
+/// Each transformed against the one before, until one cannot be seen.
+InstanceTransforms repetitions(const InstanceTransform& step, std::int32_t count) {
+  InstanceTransforms result{IDENTITY};
+  if (step == IDENTITY) {
+    return result;
+  }
+  if (count > static_cast<std::int64_t>(MOST_INSTANCES)) {
+    VEMO_LOG_WARNING("Of " << count << " repeats only the first " << MOST_INSTANCES << " are shown");
+  }
+  const auto wanted = std::min(static_cast<std::size_t>(std::max(count, 1)), MOST_INSTANCES);
+  while (result.size() < wanted) {
+    const InstanceTransform next = product(step, result.back());
+    if (!isUsable(next)) {
+      break;
+    }
+    result.push_back(next);
+  }
+  return result;
+}
+
+/// The instances that a transform makes of something by itself.
+InstanceTransforms instancesOf(const lum::Transform& transform) {
+  if (const auto* const mirror = dynamic_cast<const lum::SymmetricTransform*>(&transform)) {
+    const InstanceTransform image = reflection(mirror->getPlane());
+    return isUsable(image) ? InstanceTransforms{IDENTITY, image} : InstanceTransforms{IDENTITY};
+  }
+  const auto* const simple = dynamic_cast<const lum::SimpleTransform*>(&transform);
+  if (simple == nullptr || !isFinite(*simple)) {
+    return {IDENTITY};
+  }
+  const InstanceTransform matrix = matrixOf(*simple);
+  if (const auto* const repeat = dynamic_cast<const lum::PeriodicRepeatTransform*>(simple)) {
+    return repetitions(matrix, repeat->getNumRepeats());
+  }
+  return isUsable(matrix) ? InstanceTransforms{matrix} : InstanceTransforms{};
+}
+
+}  // namespace
+
+SharedInstanceTransforms resolveTransforms(const lum::Transform* transform,
+                                           const SharedInstanceTransforms& owner) {
+  if (transform == nullptr) {
+    return owner;
+  }
+  InstanceTransforms own = instancesOf(*transform);
+  if (own == InstanceTransforms{IDENTITY}) {
+    return owner;
+  }
+  if (owner == nullptr) {
+    return std::make_shared<const InstanceTransforms>(std::move(own));
+  }
+  if (owner->size() * own.size() > MOST_INSTANCES) {
+    VEMO_LOG_WARNING("Of " << owner->size() * own.size() << " repeats only the first " << MOST_INSTANCES
+                           << " are shown");
+  }
+  InstanceTransforms result;
+  for (const InstanceTransform& outer : *owner) {
+    for (const InstanceTransform& inner : own) {
+      const InstanceTransform both = product(outer, inner);
+      if (result.size() < MOST_INSTANCES && isUsable(both)) {
+        result.push_back(both);
+      }
+    }
+  }
+  return std::make_shared<const InstanceTransforms>(std::move(result));
+}
+
+}  // namespace vemo

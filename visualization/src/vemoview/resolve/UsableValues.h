@@ -1,0 +1,28 @@
+#pragma once
+
+#include <vemo/base/Vector.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace vemo {
+
+/// What drawing can use of the values of attributes, which may be anything.
+
+/// In 0..1; `otherwise` for a value that is not finite.
+inline double unitValue(double value, double otherwise) {
+  return std::isfinite(value) ? std::clamp(value, 0.0, 1.0) : otherwise;
+}
+
+inline Vector<3, double> usableColor(const Vector<3, double>& color) {
+  return {unitValue(color[0], 0.0), unitValue(color[1], 0.0), unitValue(color[2], 0.0)};
+}
+
+/// The size of a point or a line. A driver need not accept one wider than any
+/// screen.
+inline double usablePixels(double value) {
+  constexpr double WIDEST = 4096.0;
+  return std::isfinite(value) && value > 0.0 ? std::min(value, WIDEST) : 1.0;
+}
+
+}  // namespace vemo

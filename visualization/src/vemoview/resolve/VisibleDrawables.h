@@ -1,0 +1,26 @@
+#pragma once
+
+#include <vemo/resolve/InstanceTransforms.h>
+
+#include <vector>
+
+namespace lum {
+class Drawable;
+}
+
+namespace vemo {
+
+/// A drawable that is not hidden, nor is any of its owners.
+struct VisibleDrawable {
+  const lum::Drawable* drawable;
+  /// Whether clipping planes cut it and all its owners.
+  bool isClipped;
+  SharedInstanceTransforms transforms;
+};
+
+/// The visible ones among a drawable and all that it owns, owners first, in
+/// order. Throws SceneTooLarge when they have more instances than fit into
+/// memory.
+std::vector<VisibleDrawable> collectVisible(const lum::Drawable& root);
+
+}  // namespace vemo

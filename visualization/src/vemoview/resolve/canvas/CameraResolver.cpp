@@ -1,0 +1,64 @@
+#include "vemoview/resolve/canvas/CameraResolver.h"
+
+#include "geometry/Vector3.h"
+#include <vemo/scenegraph/Ptr.h>
+#include <vemo/scenegraph/canvas/CameraAttributes.h>
+
+#include <cmath>
+
+namespace vemo {
+
+namespace {
+
+bool isDefault(const lum::CameraAttributes& camera) {
+  static const lum::Ptr<lum::CameraAttributes> fresh(
+      new lum::CameraAttributes(lum::ClassNameNodeInitializer(lum::CameraAttributes::getClassName())));
+  return camera.getPosition() == fresh->getPosition() && camera.getFocalPoint() == fresh->getFocalPoint() &&
+         camera.getViewUp() == fresh->getViewUp() &&
+         camera.getProjectionMode() == fresh->getProjectionMode() &&
+         camera.getParallelScale() == fresh->getParallelScale();
+}
+
+/// The unit vector from one point to another; nothing when there is none.
+std::optional<Vector3> direction(const Vector3& from, const Vector3& to) {
+  const Vector3 result = to - from;
+  const double norm = length(result);
+  if (!std::isfinite(norm) || norm <= 0.0) {
+    return std::nullopt;
+  }
+  return normalized(result);
+}
+
+}  // namespace
+
+Vector3 usableViewUp(const Vector3& viewUp, const Vector3& forward) {
+  constexpr double LEAST_SINE = 1e-6;
+  const auto up = direction({}, viewUp);
+  if (up && length(cross(*up, forward)) > LEAST_SINE) {
+    return *up;
+  }
+  Vector3 axis;
+  axis[std::abs(forward[1]) < 0.9 ? 1 : 2] = 1.0;
+  return axis;
+}
+
+CanvasCamera resolveCamera(const lum::CameraAttributes* camera) {
+  CanvasCamera result;
+  if (camera == nullptr) {
+    return result;
+  }
+  result.isParallel = camera->getProjectionMode() == lum::CameraAttributes::ProjectionMode::PARALLEL;
+  const auto& scale = camera->getParallelScale();
+  if (scale && std::isfinite(*scale) && *scale > 0.0) {
+    result.parallelScale = scale;
+  }
+  const auto forward =
+      isDefault(*camera) ? std::nullopt : direction(camera->getPosition(), camera->getFocalPoint());
+  if (forward) {
+    result.viewpoint = {camera->getPosition(), camera->getFocalPoint(),
+                        usableViewUp(camera->getViewUp(), *forward)};
+  }
+  return result;
+}
+
+}  // namespace vemo

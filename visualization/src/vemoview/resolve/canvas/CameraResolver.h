@@ -1,0 +1,20 @@
+#pragma once
+
+#include <vemo/resolve/CanvasCamera.h>
+
+namespace lum {
+class CameraAttributes;
+}
+
+namespace vemo {
+
+/// What can be used of a camera. Null, one that was never changed, and one that
+/// is where it looks have no viewpoint; a view-up that is parallel to the
+/// direction of view is replaced.
+CanvasCamera resolveCamera(const lum::CameraAttributes* camera);
+
+/// The unit vector of an upward direction that is not parallel to a direction
+/// of view (a unit vector); y or z where the one given is, or is not usable.
+Vector<3, double> usableViewUp(const Vector<3, double>& viewUp, const Vector<3, double>& forward);
+
+}  // namespace vemo

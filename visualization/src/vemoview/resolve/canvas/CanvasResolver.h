@@ -1,0 +1,36 @@
+#pragma once
+
+#include "vemoview/resolve/VisibleDrawables.h"
+#include "vemoview/resolve/decorations/DecorationResolver.h"
+#include "vemoview/resolve/mesh/MeshResolver.h"
+#include <vemo/resolve/SceneResolver.h>
+
+namespace lum {
+class SceneCanvas;
+}
+
+namespace vemo {
+
+/// Resolves a canvas, then what becomes visible in it.
+class CanvasResolver {
+ public:
+  /// Whether the canvas has drawables, and a part of the window for them.
+  static bool canShow(const lum::SceneCanvas& canvas);
+
+  /// Of a canvas that can show something. Canvas and cameras must outlive it.
+  CanvasResolver(const lum::SceneCanvas& canvas, ResolvedCanvas::Role role, const CameraIndices& cameras);
+
+  ResolvedCanvas resolve();
+  CanvasUpdate update();
+
+ private:
+  const lum::SceneCanvas& _canvas;
+  ResolvedCanvas::Role _role;
+  std::vector<ClipPlane> _clipPlanes;
+  MeshResolver _meshes;
+  DecorationResolver _decorations;
+  /// The drawables that were visible before.
+  DrawableSet _resolved;
+};
+
+}  // namespace vemo

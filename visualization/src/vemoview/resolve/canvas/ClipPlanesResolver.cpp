@@ -1,0 +1,46 @@
+#include "vemoview/resolve/canvas/ClipPlanesResolver.h"
+
+#include "geometry/Vector3.h"
+#include <vemo/scenegraph/Logger.h>
+#include <vemo/scenegraph/canvas/ClipPlanesAttributes.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace vemo {
+
+namespace {
+
+/// No meaningful shape needs more.
+constexpr std::size_t MOST_PLANES = 16;
+
+/// Scaled before it is normalised: OpenGL computes with single precision. Zero
+/// stays zero.
+Vector3 unitNormal(const lum::Plane& plane) {
+  const Vector3& normal = plane.getNormal();
+  const double largest = std::max({std::abs(normal[0]), std::abs(normal[1]), std::abs(normal[2])});
+  return largest > 0.0 ? normalized((1.0 / largest) * normal) : normal;
+}
+
+}  // namespace
+
+std::vector<ClipPlane> resolveClipPlanes(const lum::ClipPlanesAttributes* attributes) {
+  std::vector<ClipPlane> planes;
+  if (attributes == nullptr || attributes->hasClippingPlanes() == nullptr) {
+    return planes;
+  }
+  for (const auto& node : attributes->hasClippingPlanes()->getNodes()) {
+    const auto* const plane = dynamic_cast<const lum::Plane*>(node.get());
+    if (plane == nullptr || !isFinite(plane->getNormal()) || !isFinite(plane->getOrigin())) {
+      continue;
+    }
+    if (planes.size() == MOST_PLANES) {
+      VEMO_LOG_WARNING("Only the first " << MOST_PLANES << " clipping planes cut");
+      break;
+    }
+    planes.push_back({plane->getOrigin(), unitNormal(*plane)});
+  }
+  return planes;
+}
+
+}  // namespace vemo

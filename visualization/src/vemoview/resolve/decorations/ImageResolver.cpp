@@ -1,0 +1,63 @@
+#include "vemoview/resolve/decorations/ImageResolver.h"
+
+#include "geometry/Vector3.h"
+#include "vemoview/resolve/UsableValues.h"
+#include <vemo/scenegraph/Logger.h>
+#include <vemo/scenegraph/drawables/Overlays.h>
+
+#include <vtkDataArray.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace vemo {
+
+namespace {
+
+/// Larger than any that OpenGL accepts.
+constexpr std::int32_t LARGEST = 16384;
+
+bool spansArea(const ImageDecoration& image) {
+  const double area = length(cross(image.xAxis, image.yAxis));
+  return std::isfinite(area) && area > 0.0 && std::isfinite(length(image.corner));
+}
+
+bool hasValidPixels(const lum::ImageDrawable& image, const lum::ImageAttributes& attributes) {
+  if (attributes.isSound() && std::max(attributes.getWidth(), attributes.getHeight()) <= LARGEST) {
+    return true;
+  }
+  VEMO_LOG_WARNING("The image \"" << image.getName() << "\" is not drawn: its pixels are not "
+                                  << attributes.getWidth() << " x " << attributes.getHeight());
+  return false;
+}
+
+}  // namespace
+
+std::optional<ImageDecoration> resolveImage(const lum::ImageDrawable& image,
+                                            const InstanceTransform* transform) {
+  const auto* const attributes = image.findAttributes<lum::ImageAttributes>();
+  if (attributes == nullptr || attributes->getPixels() == nullptr || !hasValidPixels(image, *attributes)) {
+    return std::nullopt;
+  }
+  ImageDecoration result;
+  result.width = attributes->getWidth();
+  result.height = attributes->getHeight();
+  result.pixels = attributes->getPixels();
+  result.isInModel = attributes->getCoordinateSpace() == lum::CoordinateSpace::MODEL;
+  if (const auto* const position = image.findAttributes<lum::PositionAttributes>()) {
+    result.corner = position->getPosition();
+  }
+  result.xAxis = attributes->getXAxis();
+  result.yAxis = attributes->getYAxis();
+  if (!result.isInModel) {
+    // In a window they have no depth.
+    result.corner[2] = result.xAxis[2] = result.yAxis[2] = 0.0;
+  } else if (transform != nullptr) {
+    result.transform = *transform;
+  }
+  const auto* const colors = image.findAttributes<lum::ColorAttributes>();
+  result.opacity = colors != nullptr ? unitValue(colors->getOpacity(), 1.0) : 1.0;
+  return result.opacity > 0.0 && spansArea(result) ? std::optional(result) : std::nullopt;
+}
+
+}  // namespace vemo

@@ -1,0 +1,81 @@
+#include "vemoview/resolve/decorations/TriadResolver.h"
+
+#include "geometry/Vector3.h"
+#include "vemoview/resolve/canvas/CameraResolver.h"
+#include "vemoview/resolve/decorations/TextStyleResolver.h"
+#include <vemo/scenegraph/drawables/TriadDrawable.h>
+
+#include <vtkMatrix4x4.h>
+
+#include <cmath>
+
+namespace vemo {
+
+namespace {
+
+using Axes = std::array<Vector3, 3>;
+
+/// The unit vector; `otherwise` when there is none.
+Vector3 unitOr(const Vector3& vector, const Vector3& otherwise) {
+  const double norm = length(vector);
+  return std::isfinite(norm) && norm > 0.0 ? normalized(vector) : otherwise;
+}
+
+/// z points forward, y upwards; x completes them to the right hand.
+Axes resolveAxes(const lum::OrientationAttributes* orientation) {
+  Axes axes{{{1.0, 0.0, 0.0}, {0.0, 1.0, 0.0}, {0.0, 0.0, 1.0}}};
+  auto& [x, y, z] = axes;
+  if (orientation != nullptr) {
+    z = unitOr(orientation->getForwardVector(), z);
+    x = normalized(cross(usableViewUp(orientation->getUpVector(), z), z));
+    y = cross(z, x);
+  }
+  return axes;
+}
+
+Vector3 transformedDirection(const InstanceTransform& transform, const Vector3& direction) {
+  Vector<4, double> result{direction[0], direction[1], direction[2], 0.0};
+  vtkMatrix4x4::MultiplyPoint(transform.data(), result.data(), result.data());
+  return {result[0], result[1], result[2]};
+}
+
+std::optional<TriadDecoration::Camera> resolveTriadCamera(const lum::CameraAttributes* camera,
+                                                          const CameraIndices& cameras) {
+  if (camera == nullptr) {
+    return std::nullopt;
+  }
+  const auto canvas = cameras.find(camera);
+  return canvas != cameras.end() ? TriadDecoration::Camera(canvas->second) : resolveCamera(camera);
+}
+
+}  // namespace
+
+std::optional<TriadDecoration> resolveTriad(const lum::TriadDrawable& triad,
+                                            const InstanceTransform* transform,
+                                            const CameraIndices& cameras) {
+  TriadDecoration result;
+  if (const auto* const position = triad.findAttributes<lum::PositionAttributes>()) {
+    result.position = position->getPosition();
+  }
+  if (!std::isfinite(length(result.position))) {
+    return std::nullopt;
+  }
+  if (const auto* const attributes = triad.findAttributes<lum::TriadAttributes>()) {
+    result.hasScreenSize = attributes->getUseConstantPixelSize();
+    result.labelHeight = attributes->getAxisLabelHeight();
+    result.labels = {attributes->getXAxisLabelText(), attributes->getYAxisLabelText(),
+                     attributes->getZAxisLabelText()};
+    result.style = resolveTextStyle(triad.findAttributes<lum::TextAttributes>());
+  }
+  result.axes = resolveAxes(triad.findAttributes<lum::OrientationAttributes>());
+  if (transform != nullptr) {
+    for (Vector3& axis : result.axes) {
+      axis = unitOr(transformedDirection(*transform, axis), axis);
+    }
+    result.position = transformedPoint(transform, result.position);
+  }
+  result.camera = resolveTriadCamera(triad.getCameraAttributes(), cameras);
+  return result;
+}
+
+}  // namespace vemo

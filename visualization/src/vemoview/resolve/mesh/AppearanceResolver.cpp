@@ -1,0 +1,91 @@
+#include "vemoview/resolve/mesh/AppearanceResolver.h"
+
+#include "vemoview/resolve/UsableValues.h"
+#include <vemo/scenegraph/attributes/RenderingAttributes.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace vemo {
+
+namespace {
+
+using Color = Vector<3, double>;
+
+/// The colour of points without one: it has the same contrast to black as to
+/// white (about 4.5 to 1).
+constexpr Color POINT_COLOR{0.85, 0.27, 0.05};
+/// The colour of lines and surfaces without one.
+constexpr Color SURFACE_COLOR{1.0, 1.0, 1.0};
+
+Appearance::Kind kindOf(const lum::GeometryDrawable& drawable) {
+  if (dynamic_cast<const lum::PointSphereDrawable*>(&drawable) != nullptr) {
+    return Appearance::Kind::POINTS;
+  }
+  return dynamic_cast<const lum::PolyLineDrawable*>(&drawable) != nullptr ? Appearance::Kind::LINES
+                                                                          : Appearance::Kind::SURFACE;
+}
+
+double pointSizeOf(const lum::GeometryDrawable& drawable, Appearance::Kind kind) {
+  if (kind == Appearance::Kind::POINTS) {
+    const auto* const size = drawable.findAttributes<lum::PointSizeAttributes>();
+    return size != nullptr ? usablePixels(size->getPointSize()) : 1.0;
+  }
+  const auto* const size = drawable.findAttributes<lum::PointAttributes>();
+  return size != nullptr ? usablePixels(size->getSize()) : 1.0;
+}
+
+void applyMaterial(const lum::MaterialAttributes& material, Appearance& appearance) {
+  constexpr double GREATEST_POWER = 128.0;
+  const double power = material.getSpecularPower();
+  appearance.ambient = unitValue(material.getAmbient(), appearance.ambient);
+  appearance.diffuse = unitValue(material.getDiffuse(), appearance.diffuse);
+  appearance.specular = unitValue(material.getSpecular(), appearance.specular);
+  appearance.specularPower = std::isfinite(power) ? std::clamp(power, 0.0, GREATEST_POWER) : 1.0;
+}
+
+}  // namespace
+
+/// The mode says which of the two colours counts; where that one is missing,
+/// the other is better than none. Colouring by data falls back on them too.
+Color resolveColor(const lum::GeometryDrawable& drawable, const std::string& key) {
+  const Color& otherwise = kindOf(drawable) == Appearance::Kind::POINTS ? POINT_COLOR : SURFACE_COLOR;
+  const auto* const attributes = drawable.findAttributes<lum::ColorAttributes>();
+  if (attributes == nullptr) {
+    return otherwise;
+  }
+  const auto found = attributes->getColors().find(key);
+  const Color* const keyed = found == attributes->getColors().end() ? nullptr : &found->second;
+  const Color* const plain = attributes->getColor() ? &*attributes->getColor() : nullptr;
+  const bool isPlainFirst = attributes->getColorMode() == lum::ColorMode::PLAIN;
+  const Color* const first = isPlainFirst ? plain : keyed;
+  const Color* const second = isPlainFirst ? keyed : plain;
+  return first != nullptr ? usableColor(*first) : second != nullptr ? usableColor(*second) : otherwise;
+}
+
+Appearance resolveAppearance(const lum::GeometryDrawable& drawable) {
+  Appearance result;
+  result.kind = kindOf(drawable);
+  const auto* const colors = drawable.findAttributes<lum::ColorAttributes>();
+  result.opacity = colors != nullptr ? unitValue(colors->getOpacity(), 1.0) : 1.0;
+  result.pointSize = pointSizeOf(drawable, result.kind);
+  if (const auto* const surface = drawable.findAttributes<lum::SurfaceAttributes>()) {
+    result.hasFaces = surface->getShaded();
+  }
+  if (const auto* const mesh = drawable.findAttributes<lum::MeshAttributes>()) {
+    result.hasEdges = mesh->getMeshVisible();
+    result.edgeColor = usableColor(mesh->getMeshColor());
+  }
+  if (const auto* const contour = drawable.findAttributes<lum::ContourAttributes>()) {
+    result.hasContour = result.kind == Appearance::Kind::SURFACE && contour->getContourVisible();
+  }
+  if (const auto* const line = drawable.findAttributes<lum::LineAttributes>()) {
+    result.lineWidth = usablePixels(line->getLineWidth());
+  }
+  if (const auto* const material = drawable.findAttributes<lum::MaterialAttributes>()) {
+    applyMaterial(*material, result);
+  }
+  return result;
+}
+
+}  // namespace vemo

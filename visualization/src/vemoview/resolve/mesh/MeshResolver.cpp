@@ -1,0 +1,230 @@
+#include "vemoview/resolve/mesh/MeshResolver.h"
+
+#include "geometry/CellValidator.h"
+#include "geometry/DrawableCells.h"
+#include "geometry/Normals.h"
+#include "vemoview/resolve/mesh/AppearanceResolver.h"
+#include "vemoview/resolve/mesh/ArrayLookup.h"
+#include "vemoview/resolve/mesh/ColorTableResolver.h"
+#include "vemoview/resolve/mesh/PointScaling.h"
+#include <vemo/resolve/ClipPlane.h>
+#include <vemo/resolve/SceneTooLarge.h>
+#include <vemo/scenegraph/Logger.h>
+#include <vemo/scenegraph/attributes/ScalarAttributes.h>
+
+#include <vtkCellArray.h>
+#include <vtkCellData.h>
+#include <vtkDataArray.h>
+#include <vtkNew.h>
+#include <vtkPointData.h>
+#include <vtkPoints.h>
+
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace vemo {
+
+namespace {
+
+/// The poly data of one node with no arrays but those that are drawn.
+class MeshBuilder {
+ public:
+  MeshBuilder(const lum::GeometryDrawable& drawable, const lum::PolyDataNode& node,
+              const VisibleDrawable& context)
+      : _drawable(drawable), _node(node) {
+    _mesh.drawable = &drawable;
+    _mesh.node = &node;
+    _mesh.appearance = resolveAppearance(drawable);
+    _mesh.appearance.isClipped = context.isClipped;
+    _mesh.color = resolveColor(drawable, node.getName());
+    _mesh.transforms = context.transforms;
+  }
+
+  /// Nothing when there is nothing to be seen.
+  std::optional<MeshInstance> build() {
+    if (_mesh.appearance.opacity <= 0.0 || !putCells()) {
+      return std::nullopt;
+    }
+    if (_mesh.appearance.kind == Appearance::Kind::SURFACE) {
+      putNormals();
+    }
+    putScalars();
+    selectCells();
+    if (_mesh.geometry->GetNumberOfCells() == 0) {
+      return std::nullopt;
+    }
+    return std::move(_mesh);
+  }
+
+ private:
+  bool putCells() {
+    if (_node.getPoints() == nullptr || _node.getPoints()->GetNumberOfComponents() != 3) {
+      return false;
+    }
+    _mesh.geometry = vtkSmartPointer<vtkPolyData>::New();
+    vtkNew<vtkPoints> points;
+    points->SetData(_node.getPoints());
+    _mesh.geometry->SetPoints(points);
+    for (const CellKindTraits& kind : CELL_KINDS) {
+      if (!putCells(kind, points->GetNumberOfPoints())) {
+        return false;
+      }
+    }
+    return true;
+  }
+
+  bool putCells(const CellKindTraits& kind, vtkIdType pointCount) {
+    vtkCellArray* const cells = _node.getCells(kind.kind);
+    if (cells == nullptr) {
+      return true;
+    }
+    // Cells with too few points are left out later on.
+    const std::string fault =
+        CellValidator().findFault(*cells, {.pointCount = pointCount, .mayHaveUnusedIndices = true});
+    if (!fault.empty()) {
+      VEMO_LOG_WARNING("\"" << _node.getName() << "\" is not drawn: " << kind.name << ": " << fault);
+      return false;
+    }
+    kind.set(*_mesh.geometry, cells);
+    return true;
+  }
+
+  /// Whether an array has a tuple for each point, or cell.
+  bool fits(vtkDataArray* array, vtkIdType tuples) const {
+    if (array == nullptr || (array->GetNumberOfTuples() == tuples && array->GetNumberOfComponents() > 0)) {
+      return array != nullptr;
+    }
+    VEMO_LOG_WARNING("\"" << _node.getName() << "\" is drawn without its array \"" << array->GetName()
+                          << "\" of " << array->GetNumberOfTuples() << " values for " << tuples);
+    return false;
+  }
+
+  void putNormals() {
+    vtkPolyData& geometry = *_mesh.geometry;
+    vtkDataArray* const atPoints = findArray(_node.getNodeDataArrays(), NORMALS);
+    vtkDataArray* const atCells = findArray(_node.getCellDataArrays(), NORMALS);
+    if (fits(atPoints, geometry.GetNumberOfPoints()) && atPoints->GetNumberOfComponents() == 3) {
+      geometry.GetPointData()->SetNormals(atPoints);
+    } else if (fits(atCells, geometry.GetNumberOfCells()) && atCells->GetNumberOfComponents() == 3 &&
+               _node.getStrips() == nullptr) {
+      // A strip has one normal for many triangles: without it each triangle is
+      // drawn with its own.
+      geometry.GetCellData()->SetNormals(atCells);
+    }
+  }
+
+  void putScalars() {
+    const auto* const colors = _drawable.findAttributes<lum::ColorAttributes>();
+    const auto* const scalars = _drawable.findAttributes<lum::ScalarAttributes>();
+    if (colors == nullptr || colors->getColorMode() != lum::ColorMode::DATA || scalars == nullptr ||
+        scalars->hasDataArray() == nullptr) {
+      return;
+    }
+    const auto* const location = _drawable.findAttributes<lum::DataLocationAttributes>();
+    const bool isAtCells = location != nullptr && location->getDataLocation() == lum::DataLocation::CELLS;
+    vtkPolyData& geometry = *_mesh.geometry;
+    vtkDataArray* const array = findArray(isAtCells ? _node.getCellDataArrays() : _node.getNodeDataArrays(),
+                                          scalars->hasDataArray()->getDataArrayName());
+    if (!fits(array, isAtCells ? geometry.GetNumberOfCells() : geometry.GetNumberOfPoints())) {
+      return;
+    }
+    vtkDataSetAttributes* const data =
+        isAtCells ? static_cast<vtkDataSetAttributes*>(geometry.GetCellData()) : geometry.GetPointData();
+    data->AddArray(array);
+    _mesh.scalars = ScalarColoring{
+        isAtCells ? ScalarLocation::CELLS : ScalarLocation::POINTS, array->GetName(),
+        std::make_shared<const ColorTable>(resolveColorTable(scalars->hasColorLookupTable(), *array))};
+  }
+
+  /// Leaves what the drawable's kind shows, and of that what can be drawn.
+  void selectCells() {
+    vtkPolyData& geometry = *_mesh.geometry;
+    if (_mesh.appearance.kind != Appearance::Kind::POINTS) {
+      _mesh.geometry = drawableCells(geometry);
+    } else if (_node.getVerts() != nullptr) {
+      _mesh.geometry = drawableCells(geometry, CellKind::VERTS);
+    } else {
+      // Points that no vertex names are still what a point drawable is for.
+      _mesh.geometry = pointsAsVertices(geometry);
+      if (_mesh.scalars && _mesh.scalars->location == ScalarLocation::CELLS) {
+        _mesh.scalars.reset();
+      }
+    }
+  }
+
+  const lum::GeometryDrawable& _drawable;
+  const lum::PolyDataNode& _node;
+  MeshInstance _mesh;
+};
+
+void require(vtkIdType count, vtkIdType most, const char* what) {
+  if (count > most) {
+    throw SceneTooLarge("The scene is too large to be drawn: more than " + std::to_string(most) + " " + what);
+  }
+}
+
+}  // namespace
+
+MeshResolver::MeshResolver(std::size_t clipPlanes)
+    : _cutsPerInstance(
+          clipPlanes > HARDWARE_CLIP_PLANES ? static_cast<vtkIdType>(clipPlanes - HARDWARE_CLIP_PLANES) : 0) {
+}
+
+vtkIdType MeshResolver::timesDrawn(const MeshInstance& mesh) const {
+  const auto instances = mesh.transforms == nullptr ? 1 : static_cast<vtkIdType>(mesh.transforms->size());
+  return instances * (mesh.appearance.isClipped ? 1 + _cutsPerInstance : 1);
+}
+
+/// A small file may have very many meshes share their arrays; drawing takes
+/// memory for each of them, and time for each of their instances. Cells that are
+/// not drawn are still searched when something is picked.
+void MeshResolver::countSize(const MeshInstance& mesh, Load& load) const {
+  vtkIdType size = mesh.geometry->GetNumberOfPoints();
+  for (const CellKindTraits& kind : CELL_KINDS) {
+    const vtkCellArray* const cells = mesh.node->getCells(kind.kind);
+    size += cells != nullptr ? cells->GetNumberOfCells() + cells->GetNumberOfConnectivityIds() : 0;
+  }
+  load.size += size * timesDrawn(mesh);
+  require(load.size, 200'000'000, "points, cells and corners");
+}
+
+void MeshResolver::countCopies(const MeshInstance& mesh, Load& load) const {
+  load.copies += timesDrawn(mesh) - 1;
+  require(load.copies, 50'000, "copies of meshes");
+}
+
+std::shared_ptr<const ColorTable> MeshResolver::share(std::shared_ptr<const ColorTable> table) {
+  return *_tables.insert(std::move(table)).first;
+}
+
+std::vector<MeshInstance> MeshResolver::resolve(const std::vector<VisibleDrawable>& drawables) {
+  std::vector<MeshInstance> meshes;
+  Load load = _load;
+  for (const VisibleDrawable& visible : drawables) {
+    const auto* const geometry = dynamic_cast<const lum::GeometryDrawable*>(visible.drawable);
+    if (geometry == nullptr) {
+      continue;
+    }
+    for (const auto& node : geometry->getNodes()) {
+      const auto* const polyData = dynamic_cast<const lum::PolyDataNode*>(node.get());
+      if (polyData == nullptr) {
+        continue;
+      }
+      if (auto mesh = MeshBuilder(*geometry, *polyData, visible).build()) {
+        countSize(*mesh, load);
+        if (mesh->scalars) {
+          mesh->scalars->table = share(mesh->scalars->table);
+        }
+        for (MeshInstance& part : splitBySize(std::move(*mesh), *geometry, *polyData)) {
+          countCopies(part, load);
+          meshes.push_back(std::move(part));
+        }
+      }
+    }
+  }
+  _load = load;
+  return meshes;
+}
+
+}  // namespace vemo

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "vemoview/resolve/VisibleDrawables.h"
+#include <vemo/resolve/MeshInstance.h>
+
+#include <vtkType.h>
+
+#include <cstddef>
+#include <memory>
+#include <set>
+#include <vector>
+
+namespace vemo {
+
+/// Resolves the meshes of drawables, as long as all of them together are not
+/// too large.
+class MeshResolver {
+ public:
+  /// For a canvas with some clipping planes.
+  explicit MeshResolver(std::size_t clipPlanes);
+
+  /// The meshes of drawables, in order. Throws SceneTooLarge when together with
+  /// those resolved before they are too large to be drawn; those then do not
+  /// count.
+  std::vector<MeshInstance> resolve(const std::vector<VisibleDrawable>& drawables);
+
+ private:
+  /// What takes time and memory.
+  struct Load {
+    vtkIdType size = 0;
+    vtkIdType copies = 0;
+  };
+
+  vtkIdType timesDrawn(const MeshInstance& mesh) const;
+  void countSize(const MeshInstance& mesh, Load& load) const;
+  void countCopies(const MeshInstance& mesh, Load& load) const;
+  std::shared_ptr<const ColorTable> share(std::shared_ptr<const ColorTable> table);
+
+  struct ByContent {
+    bool operator()(const std::shared_ptr<const ColorTable>& a,
+                    const std::shared_ptr<const ColorTable>& b) const {
+      return *a < *b;
+    }
+  };
+
+  std::set<std::shared_ptr<const ColorTable>, ByContent> _tables;
+  /// How often each instance of what is clipped is cut by itself.
+  vtkIdType _cutsPerInstance;
+  Load _load;
+};
+
+}  // namespace vemo
