@@ -158,7 +158,7 @@ TEST_F(Picking, FindsNothingThatIsCutAwayOrHidden) {
   EXPECT_EQ(pick(0.7, 0)->drawable, &behind);
 }
 
-/// Pieces of any shape, seen in perspective, in each its own colour.
+/// Meshes of any shape, seen in perspective, each in its own colour.
 TEST_F(Picking, FindsWhatThePictureShows) {
   std::mt19937 random(7);
   std::uniform_real_distribution<float> place(-1.0F, 1.0F);

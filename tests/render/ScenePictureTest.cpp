@@ -262,9 +262,9 @@ TEST(ScenePicture, BringsSenselessMaterialsIntoTheirBounds) {
   EXPECT_NEAR(at(scene.render(), 0, 0)[0], 255, 2);
 }
 
-// ---- Many pieces ----
+// ---- Many meshes ----
 
-/// A piece of each kind, each coloured in its own way, about a place.
+/// A mesh of each kind, each coloured in its own way, around a position.
 void addOneOfEachKind(RenderScene& scene, float x, float y) {
   const auto square = [=](float at) { return makeRectangle(x, x + 0.25F, y + at, y + at + 0.07F, 0.1F * x); };
   scene.addSurface(square(0), {0.5 + x / 4, 0.2, 0.4});
@@ -290,7 +290,7 @@ void addOneOfEachKind(RenderScene& scene, float x, float y) {
   wire.getAttributes<lum::MeshAttributes>().setMeshColor({1, 1, 0});
 }
 
-TEST(ScenePicture, DrawsManySmallPiecesLikeFew) {
+TEST(ScenePicture, DrawsManySmallMeshesLikeFew) {
   RenderScene scene;
   for (const float x : {-0.9F, -0.3F, 0.3F}) {
     addOneOfEachKind(scene, x, -0.2F);

@@ -110,10 +110,10 @@ TEST(Transform, FramesWhatIsRepeated) {
   EXPECT_NEAR(countPixels(picture, RED), 6 * (SIZE / 11.1) * (SIZE / 11.1), 500);
 }
 
-TEST(Transform, DrawsTransformedPiecesTogetherAsAlone) {
-  const auto draw = [](int pieces) {
+TEST(Transform, DrawsTransformedMeshesTogetherAsAlone) {
+  const auto draw = [](int meshes) {
     RenderScene scene;
-    for (int i = 0; i < pieces; ++i) {
+    for (int i = 0; i < meshes; ++i) {
       const float x = 0.1F * static_cast<float>(i % 8);
       scene.addSurface(makeRectangle(x, x + 0.05F, 0, 0.1F), {1, 0.1 * (i % 8), 0},
                        scene.collectionIn(scene.drawables()));

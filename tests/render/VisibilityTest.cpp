@@ -11,13 +11,13 @@ namespace vemo {
 
 namespace {
 
-/// As many pieces as are joined, and all else that can be shown.
+/// As many meshes as are drawn in one batch, and everything else that can be shown.
 class Visibility : public testing::Test {
  protected:
-  static constexpr int PIECES = 40;
+  static constexpr int MESHES = 40;
 
   Visibility() {
-    for (int i = 0; i < PIECES; ++i) {
+    for (int i = 0; i < MESHES; ++i) {
       const float left = -0.993F + 0.048F * static_cast<float>(i);
       auto& surface =
           scene.addSurface(makeRectangle(left, left + 0.03F, -0.9F, -0.5F, -0.05F * static_cast<float>(i)),
@@ -63,7 +63,7 @@ TEST_F(Visibility, IsFollowedAsIfTheSceneWereOpenedAnew) {
       {"others hidden", [](std::size_t i) { return i % 3 == 1; }},
       {"all hidden", [](std::size_t) { return true; }},
       {"the same again", [](std::size_t i) { return i % 3 == 1; }},
-      {"one piece left", [](std::size_t i) { return i != 5; }},
+      {"one mesh left", [](std::size_t i) { return i != 5; }},
       {"all shown", [](std::size_t) { return false; }}};
   // What is hidden at first is made when it is shown.
   hide([](std::size_t i) { return i % 2 == 0; });
@@ -106,7 +106,7 @@ TEST_F(Visibility, TakesNothingFromTheCameraThatAUserTurned) {
 TEST_F(Visibility, ComesBackToTheViewOfASceneWithoutACamera) {
   scene.canvas().getCameraAttributes().setPosition({0, 0, 0});
   // Its size in the model is that which the view gives it.
-  drawables[PIECES + 2]->getBaseAttributes().setVisibility(false, false);
+  drawables[MESHES + 2]->getBaseAttributes().setVisibility(false, false);
   SceneWindow window(scene);
   const Picture opened = window.draw();
   window.turn(60);

@@ -12,8 +12,8 @@ class vtkRenderWindow;
 
 namespace vemo {
 
-/// What was drawn: rows of pixels from top to bottom, three bytes (red, green,
-/// blue) a pixel.
+/// A picture: rows of pixels from top to bottom, three bytes (red, green, blue)
+/// a pixel.
 class VEMO_RENDER_EXPORT Picture {
  public:
   static constexpr int CHANNELS = 3;
@@ -43,8 +43,8 @@ class VEMO_RENDER_EXPORT Picture {
   /// bytes.
   std::vector<std::uint8_t> toPng() const;
 
-  /// Writes the picture as a PNG file. The file is there whole or, when
-  /// PictureWriteError is thrown, as it was before.
+  /// Writes the picture as a PNG file. The file is complete or, when
+  /// PictureWriteError is thrown, unchanged.
   void writePng(const std::filesystem::path& path) const;
 
   friend bool operator==(const Picture&, const Picture&) = default;

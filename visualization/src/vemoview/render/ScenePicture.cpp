@@ -13,22 +13,22 @@ namespace vemo {
 
 namespace {
 
-/// Frame buffers of more pixels and samples than this are not asked for.
+/// The largest frame buffer, in samples of all its pixels.
 constexpr long MOST_SAMPLES = 128L << 20;
 
 long pixelsOf(const RenderOptions& options) {
   return static_cast<long>(options.width) * options.height;
 }
 
-/// How often a pixel is looked at for smooth edges; 0 for once.
+/// The samples per pixel for smooth edges; 0 for no multisampling.
 int samplesFor(const RenderOptions& options) {
   constexpr long WANTED = 8;
   const long samples = std::min(WANTED, MOST_SAMPLES / pixelsOf(options));
   return samples < 2 ? 0 : static_cast<int>(samples);
 }
 
-/// Where multisampling does no good, edges become smooth by drawing the picture
-/// larger, in each direction by this factor.
+/// Where multisampling does not help, edges become smooth by drawing the picture
+/// larger, by this factor in each direction.
 int enlargementFor(const SceneRenderer& scene, const RenderOptions& options, int largestSize) {
   constexpr int WANTED = 2;
   const bool fits = WANTED * std::max(options.width, options.height) <= largestSize &&

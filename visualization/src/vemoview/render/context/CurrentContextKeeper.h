@@ -2,10 +2,10 @@
 
 namespace vemo {
 
-/// While it lives, the calling thread may use OpenGL contexts of ours: at the
-/// end it has the context, surfaces and client interface again that it had
-/// before, those of EGL and those of an X window alike. A thread cannot have
-/// both, so that of an X window is taken from it meanwhile.
+/// Lets the calling thread use our OpenGL contexts during its lifetime. At the
+/// end it restores the thread's context, surfaces and client interface, both of
+/// EGL and of an X window. A thread cannot have both, so that of an X window is
+/// released meanwhile.
 class CurrentContextKeeper {
  public:
   CurrentContextKeeper();

@@ -21,7 +21,7 @@ std::string describeEglError(const char* attempt) {
   return text.str();
 }
 
-/// Extension lists are words with blanks between them.
+/// Extension lists are words separated by blanks.
 bool hasExtension(std::string_view extensions, std::string_view name) {
   for (std::size_t at = extensions.find(name); at != std::string_view::npos;
        at = extensions.find(name, at + 1)) {
@@ -62,8 +62,8 @@ EGLDisplay openDeviceDisplay(PFNEGLGETPLATFORMDISPLAYEXTPROC getPlatformDisplay)
   return EGL_NO_DISPLAY;
 }
 
-/// The platform without any surfaces first: it takes whatever driver there is,
-/// software included. A driver that does not know it may still offer devices.
+/// The platform without surfaces first: it accepts any driver, including
+/// software. A driver without that platform may still offer devices.
 EGLDisplay openDisplay() {
   const char* const found = eglQueryString(EGL_NO_DISPLAY, EGL_EXTENSIONS);
   const std::string_view extensions = found == nullptr ? "" : found;
@@ -82,7 +82,7 @@ EGLDisplay openDisplay() {
   return display;
 }
 
-/// Opened at the first use; a failure is tried again at the next.
+/// Opened at the first use; after a failure the next use tries again.
 EGLDisplay sharedDisplay() {
   static const EGLDisplay display = openDisplay();
   return display;
@@ -138,7 +138,7 @@ EglContext::EglContext() : _display(sharedDisplay()) {
   if (_context == EGL_NO_CONTEXT) {
     throw RenderingUnavailable("OpenGL 3.2 is not available: " + describeEglError("making a context"));
   }
-  // Drivers that refuse the surface take the context without one.
+  // Drivers that refuse the surface accept the context without one.
   _surface = eglCreatePbufferSurface(_display, config, SIZE.data());
 }
 

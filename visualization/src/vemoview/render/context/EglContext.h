@@ -5,11 +5,11 @@
 namespace vemo {
 
 /// An OpenGL context (core profile, 3.2 or later) that needs neither a window
-/// system nor a screen, with a surface of one pixel: whoever draws makes frame
-/// buffers of its own size.
+/// system nor a screen, with a surface of one pixel: callers make frame buffers
+/// of their own size.
 ///
 /// All contexts of the process share one EGL display, which is never
-/// terminated: ending it would end the contexts of everybody else who uses it.
+/// terminated: ending it would end the contexts of all its other users.
 class VEMO_RENDER_EXPORT EglContext {
  public:
   /// Throws RenderingUnavailable where there is no such OpenGL.

@@ -71,7 +71,7 @@ void EglRenderWindow::Initialize() {
     if (!GlewInitValid) {
       throw RenderingUnavailable("OpenGL is not usable: its functions could not be loaded");
     }
-    // As in VTK's other windows: what is drawn later covers what lies as deep.
+    // As in VTK's other windows: what is drawn later covers what has the same depth.
     GetState()->vtkglDepthFunc(GL_LEQUAL);
     glDepthFunc(GL_LEQUAL);
   } catch (...) {
@@ -116,8 +116,8 @@ void EglRenderWindow::Finalize() {
 }
 
 void EglRenderWindow::MakeCurrent() {
-  // VTK calls this while it destroys, where nothing may be thrown. Start and
-  // Render have found out before whether it works.
+  // VTK also calls this in destructors, where nothing may be thrown. Start and
+  // Render have checked before that it works.
   if (_context && !_context->isCurrent()) {
     try {
       _context->makeCurrent();

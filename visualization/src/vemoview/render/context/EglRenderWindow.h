@@ -12,8 +12,8 @@ namespace vemo {
 class CurrentContextKeeper;
 class EglContext;
 
-/// The OpenGL context of a render window. The window's base class gives things
-/// back to OpenGL to its very end, so this base outlives it.
+/// The OpenGL context of a render window. The window's base class releases
+/// OpenGL objects until its very end, so this base outlives it.
 class VEMO_RENDER_EXPORT EglContextOwner {
  protected:
   EglContextOwner();
@@ -33,16 +33,15 @@ class VEMO_RENDER_EXPORT EglRenderWindow : private EglContextOwner, public vtkGe
   EglRenderWindow(const EglRenderWindow&) = delete;
   EglRenderWindow& operator=(const EglRenderWindow&) = delete;
 
-  /// A window of the given size in pixels whose context is there and works.
-  /// Throws RenderingUnavailable when it cannot be had.
+  /// A window of the given size in pixels with a working context. Throws
+  /// RenderingUnavailable when there is none.
   static vtkSmartPointer<EglRenderWindow> open(int width, int height);
 
-  /// The greatest width and height in pixels that can be drawn. The window is
-  /// open.
+  /// The greatest width and height in pixels that can be drawn.
   int getLargestSize();
 
   // Start, Render and Initialize make the context if there is none yet, and
-  // throw RenderingUnavailable when it cannot be had.
+  // throw RenderingUnavailable when that fails.
   void Initialize() override;
   void Start() override;
   void Render() override;

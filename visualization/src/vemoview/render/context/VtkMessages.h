@@ -5,8 +5,8 @@
 
 namespace vemo {
 
-/// While it lives, what VTK has to say goes to our log instead of the standard
-/// error stream.
+/// Sends VTK's messages to our log instead of the standard error stream during
+/// its lifetime.
 class VtkMessages {
  public:
   VtkMessages();

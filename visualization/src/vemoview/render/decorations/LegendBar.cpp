@@ -136,7 +136,7 @@ class Legend {
   }
 
  private:
-  /// Begins new lines where a title would get wider than there is room.
+  /// Breaks a title that is wider than there is room.
   void wrapTitle(double room, vtkRenderer& renderer) {
     const auto width = [&](const std::string& text) {
       _title.setText(text);
@@ -164,7 +164,7 @@ class Legend {
 
   void placeTitle(const Pair& low, const Pair& high, const Pair& canvas, vtkRenderer& renderer) {
     const double width = _title.getSize(renderer)[0];
-    // Half of a title stands to the left of its place above a horizontal bar.
+    // A title above a horizontal bar is centred at its position.
     const double before = _isVertical ? 0.0 : width / 2.0;
     const double wanted = _isVertical ? low[0] : (low[0] + high[0]) / 2.0;
     const double margin = _line / 4.0;
@@ -193,7 +193,7 @@ class Legend {
     }
   }
 
-  /// The labels at the ends of the bar stand out by half of themselves.
+  /// Half of each label at the ends of the bar lies beyond the bar.
   void placeBar(const Pair& low, const Pair& high) {
     const auto snap = [](double& pixel) { pixel = std::floor(pixel); };
     _low = low;
@@ -229,8 +229,8 @@ class Legend {
     Pair place = tickEnd(tick);
     (_isVertical ? place[0] : place[1]) += (_isVertical ? 0.25 : -0.15) * _line;
     if (_isVertical) {
-      // The middle of digits lies above that of a line, which has room for
-      // letters that reach below.
+      // Digits are centred above the middle of a line, which has room for
+      // descenders.
       place[1] -= 0.09 * _line;
     }
     return place;
@@ -280,7 +280,7 @@ class Legend {
   std::vector<TextLabel> _labels;
 
   /// What the layout was made for: the canvas's size and the window's height,
-  /// in pixels. All that follows is in pixels, too.
+  /// in pixels, as everything below.
   Vector<3, double> _situation;
   double _line = 0.0;
   double _titleHeight = 0.0;

@@ -7,7 +7,7 @@ namespace vemo {
 
 namespace {
 
-/// Every so many-th power of ten that at most `count` are within the range.
+/// Powers of ten within the range, evenly spaced, at most `count`.
 std::vector<LegendTick> powersOfTen(double low, double high, int count) {
   constexpr double ROUNDING = 1e-9;
   const auto first = static_cast<int>(std::ceil(low - ROUNDING));
@@ -42,7 +42,7 @@ std::vector<LegendTick> makeLegendTicks(const Vector<2, double>& range, bool isL
   for (int i = 0; i < count; ++i) {
     const double place = count == 1 ? 0.0 : static_cast<double>(i) / (count - 1);
     const double along = (1.0 - place) * low + place * high;
-    // What is left of a zero by rounding is no value.
+    // Rounding leaves something of a zero.
     const double value = std::abs(along) < 1e-12 * (high / 2 - low / 2) ? 0.0 : along;
     ticks.push_back({place, i == 0           ? range[0]
                             : i == count - 1 ? range[1]

@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::size_t MOST_BYTES = 2000;
 
-/// How many bytes the character has that a text begins with; 0 for none.
+/// The number of bytes of the first character of a text; 0 if it is not UTF-8.
 std::size_t characterLength(std::string_view text) {
   const auto byte = [=](std::size_t i) { return static_cast<unsigned char>(text[i]); };
   const unsigned char first = byte(0);
@@ -37,7 +37,7 @@ std::size_t characterLength(std::string_view text) {
       return 0;
     }
   }
-  // Longer forms than are needed, surrogates, and numbers beyond the last.
+  // Overlong forms, surrogates, and numbers beyond the last character.
   const bool isForbidden = (first == 0xE0 && byte(1) < 0xA0) || (first == 0xED && byte(1) >= 0xA0) ||
                            (first == 0xF0 && byte(1) < 0x90) || (first == 0xF4 && byte(1) >= 0x90);
   return isForbidden ? 0 : length;
@@ -109,7 +109,7 @@ void TextLabel::setText(const std::string& text) {
 }
 
 void TextLabel::setLineHeight(double pixels, vtkRenderer& renderer) {
-  // The size of a font is that of its letters; lines stand somewhat apart.
+  // The size of a font is that of its letters, without the space between lines.
   constexpr double LETTERS_PER_LINE = 0.85;
   constexpr double POINTS_PER_INCH = 72.0;
   const double height = std::min(pixels, _mostPixels);
@@ -126,7 +126,7 @@ void TextLabel::setLineHeight(double pixels, vtkRenderer& renderer) {
 }
 
 void TextLabel::moveTo(const Vector<2, double>& pixel) {
-  // Further away than any window reaches, or not a number.
+  // Farther away than any window reaches, or not a number.
   constexpr double FAR = 1e6;
   if (std::abs(pixel[0]) < FAR && std::abs(pixel[1]) < FAR) {
     _actor->SetPosition(std::round(pixel[0]), std::round(pixel[1]));

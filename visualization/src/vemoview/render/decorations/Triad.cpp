@@ -33,11 +33,11 @@ namespace vemo {
 
 namespace {
 
-/// In model units, unless the size is one on the screen.
+/// In model units, unless the size on the screen is constant.
 constexpr double LENGTH = 1.5;
 /// In axes' lengths.
 constexpr double LABEL_POSITION = 1.2;
-/// Of an axis, in heights of a label, where the size is one on the screen.
+/// Of an axis, in heights of a label, where the size on the screen is constant.
 constexpr double LENGTH_IN_LABELS = 3.0;
 
 /// An arrow of length 1 along an axis.
@@ -96,7 +96,7 @@ Vector3 turned(vtkMatrix4x4& matrix, const Vector3& direction) {
   return {result[0], result[1], result[2]};
 }
 
-/// The camera that a triad turns with; null when with none.
+/// The camera that a triad turns with, or null.
 vtkSmartPointer<vtkCamera> cameraOf(const TriadDecoration& triad, const CanvasCameras& cameras) {
   if (!triad.camera) {
     return nullptr;
@@ -109,7 +109,7 @@ vtkSmartPointer<vtkCamera> cameraOf(const TriadDecoration& triad, const CanvasCa
   return camera;
 }
 
-/// A triad, and what it needs to be moved before each drawing.
+/// A triad that is moved before each drawing.
 class MovedTriad {
  public:
   MovedTriad(const TriadDecoration& triad, const CanvasCameras& cameras, PropGroup& group)

@@ -72,7 +72,7 @@ void addFaces(const RadialBackground& background, ColoredFaces& faces) {
   }
 }
 
-/// The renderer shows its coordinates as they are, whatever its proportions.
+/// The renderer shows its coordinates unchanged, whatever its proportions.
 void useOwnCoordinates(vtkRenderer& renderer) {
   vtkCamera& camera = *renderer.GetActiveCamera();
   camera.SetPosition(0.0, 0.0, 1.0);

@@ -26,8 +26,8 @@ constexpr vtkIdType FULL = 200000;
 /// Fewer meshes are not worth merging.
 constexpr std::size_t FEW = 16;
 
-/// Values at points, between which a face has further ones: a batch needs the
-/// values themselves, of one type, and one table for all.
+/// Values at points are interpolated over a face before they are mapped to
+/// colours: a batch needs the values themselves, of one type, and one table.
 struct PointScalarsKey {
   const ColorTable* table = nullptr;
   int type = 0;

@@ -23,7 +23,7 @@ vtkSmartPointer<vtkRenderer> makeRenderer(const ResolvedCanvas& canvas) {
   auto renderer = vtkSmartPointer<vtkRenderer>::New();
   renderer->SetViewport(canvas.lowerLeft[0], canvas.lowerLeft[1], canvas.upperRight[0], canvas.upperRight[1]);
   renderer->SetInteractive(canvas.isInteractive);
-  // They would take what has no extent, a single point, for invisible.
+  // They would cull what has no extent, such as a single point.
   renderer->GetCullers()->RemoveAllItems();
   return renderer;
 }

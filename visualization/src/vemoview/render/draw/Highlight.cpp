@@ -10,7 +10,7 @@ namespace vemo {
 
 namespace {
 
-/// Told apart from the colours of most tables, on light and on dark grounds.
+/// Differs from the colours of most tables, on light and on dark backgrounds.
 constexpr Vector<3, double> COLOR{1.0, 0.45, 0.0};
 constexpr float LINE_WIDTH = 1.5F;
 constexpr float MARK_SIZE = 9.0F;

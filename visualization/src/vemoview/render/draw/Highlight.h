@@ -10,8 +10,8 @@
 
 namespace vemo {
 
-/// What shows a user the part of a model that was chosen: a box and a mark, in
-/// front of all else.
+/// Shows a user the selected part of a model: a box and a mark, in front of
+/// everything else.
 class Highlight {
  public:
   /// Seen through the camera of a renderer, in its part of the window.

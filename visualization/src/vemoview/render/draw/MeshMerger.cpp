@@ -30,7 +30,7 @@ struct Run {
   vtkIdType count;
 };
 
-/// One array of all the runs; of the type and name of the first.
+/// One array of all the runs, with the type and name of the first.
 vtkSmartPointer<vtkDataArray> concatenate(const std::vector<Run>& runs) {
   vtkDataArray& model = *runs.front().array;
   auto result = vtk::TakeSmartPointer(model.NewInstance());

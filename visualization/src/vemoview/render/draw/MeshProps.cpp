@@ -124,7 +124,7 @@ void applyProperties(const RenderMesh& mesh, vtkProperty& property) {
   // Highlights have the colour of the light.
   property.SetSpecularColor(1.0, 1.0, 1.0);
   if (appearance.kind == Appearance::Kind::POINTS) {
-    // Smaller ones have no side that could be seen to face a light.
+    // Shading cannot be seen on smaller ones.
     constexpr double LEAST_BALL_PIXELS = 4.0;
     const bool isBall = appearance.isPointSizeInModelUnits || appearance.pointSize >= LEAST_BALL_PIXELS;
     property.SetRenderPointsAsSpheres(isBall);
@@ -253,7 +253,7 @@ void addContour(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& g
   contour.isOnFaces = true;
   contour.scalars.reset();
   contour.color = contour.appearance.edgeColor;
-  // It shows the shape of a body that is hardly seen itself.
+  // It shows the shape of a body that is almost transparent.
   contour.appearance.opacity = 1.0;
   addActors(contour, planes, group).LightingOff();
 }
@@ -280,7 +280,7 @@ void addProps(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& gro
   } else {
     addWithoutFaces(mesh, planes, group);
   }
-  // Last: of what lies as deep it is seen.
+  // Last: at the same depth it covers the rest.
   if (appearance.hasContour) {
     addContour(mesh, planes, group);
   }

@@ -41,7 +41,7 @@ PropGroup::~PropGroup() {
 
 void PropGroup::add(vtkProp* prop) {
   _members.push_back({prop, true});
-  // AddViewProp, without its search for whether the prop is there already.
+  // AddViewProp, without its search for the same prop.
   _renderer->GetViewProps()->AddItem(prop);
   prop->AddConsumer(_renderer);
 }
@@ -70,7 +70,7 @@ void PropGroup::show(bool isShown) {
 }
 
 void PropGroup::scalePixels(double factor) {
-  // Copies of a piece share a property.
+  // Instances of a mesh share a property.
   std::set<vtkProperty*> scaled;
   for (const Member& member : _members) {
     auto* const actor = vtkActor::SafeDownCast(member.prop);

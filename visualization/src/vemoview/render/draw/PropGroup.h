@@ -10,8 +10,8 @@ class vtkRenderer;
 
 namespace vemo {
 
-/// What belongs together in a renderer: shown and hidden together, and taken
-/// out of the renderer at the end.
+/// Props of a renderer that are shown and hidden together. They are removed from
+/// the renderer at the end.
 class PropGroup {
  public:
   explicit PropGroup(vtkRenderer& renderer);
@@ -19,7 +19,7 @@ class PropGroup {
   PropGroup(const PropGroup&) = delete;
   PropGroup& operator=(const PropGroup&) = delete;
 
-  /// Puts it into the renderer. A group that is hidden gets nothing new.
+  /// Adds a prop to the renderer. The group must not be hidden.
   void add(vtkProp* prop);
 
   /// Calls a function each time before the renderer draws the group, when the

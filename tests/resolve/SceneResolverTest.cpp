@@ -1,0 +1,243 @@
+#include "support/SceneBuilder.h"
+#include <vemo/resolve/Picker.h>
+#include <vemo/resolve/SceneResolver.h>
+#include <vemo/scenegraph/drawables/Overlays.h>
+#include <vemo/scenegraph/drawables/TriadDrawable.h>
+#include <vemo/scenegraph/transforms/Transform.h>
+
+#include <vtkPointData.h>
+#include <vtkUnsignedCharArray.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace vemo {
+
+namespace {
+
+using Point = Vector<3, double>;
+using testing::ElementsAre;
+
+const ResolvedCanvas& find(const ResolvedScene& scene, ResolvedCanvas::Role role) {
+  for (const ResolvedCanvas& canvas : scene.canvases) {
+    if (canvas.role == role) {
+      return canvas;
+    }
+  }
+  throw std::out_of_range("no such canvas");
+}
+
+template <class Content>
+const Content& only(const ResolvedCanvas& canvas) {
+  EXPECT_EQ(canvas.decorations.size(), 1U);
+  return std::get<Content>(canvas.decorations.at(0).content);
+}
+
+void repeat(lum::Drawable& drawable, const Point& step, int count) {
+  auto& transform = setTransform<lum::PeriodicRepeatTransform>(drawable);
+  transform.setTranslation(step);
+  transform.setNumRepeats(count);
+}
+
+TEST(SceneResolver, ListsMeshesWithTheirAppearanceAndInstances) {
+  SceneBuilder scene;
+  const auto geometry = makeRectangle(0, 1, 0, 1);
+  auto& surface = scene.addSurface(geometry, {0.5, 2, -1});
+  surface.getColorAttributes()->setOpacity(0.25, false);
+  surface.getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
+  surface.getAttributes<lum::MeshAttributes>().setMeshColor({0, 0, 1});
+  surface.getBaseAttributes().setClipPlanesEnabled(false);
+  repeat(surface, {10, 0, 0}, 3);
+  scene.addSurface(geometry, {1, 0, 0}).getBaseAttributes().setVisibility(false, false);
+  auto& points = scene.add<lum::PointSphereDrawable>(geometry);
+  points.getAttributes<lum::PointSizeAttributes>().setPointSize(7);
+
+  const auto meshes = resolveScene(scene.node()).canvases.at(0).meshes;
+  ASSERT_EQ(meshes.size(), 2U);
+  EXPECT_EQ(meshes[0].drawable, &surface);
+  EXPECT_EQ(meshes[0].node, surface.getNodes()[0].get());
+  EXPECT_EQ(meshes[0].geometry->GetPoints()->GetData(), geometry->GetPoints()->GetData()) << "is shared";
+  EXPECT_EQ(meshes[0].color, (Point{0.5, 1, 0}));
+  Appearance expected;
+  expected.hasEdges = true;
+  expected.edgeColor = {0, 0, 1};
+  expected.opacity = 0.25;
+  expected.isClipped = false;
+  EXPECT_EQ(meshes[0].appearance, expected);
+  ASSERT_EQ(meshes[0].transforms->size(), 3U);
+  EXPECT_EQ(transformedPoint(&meshes[0].transforms->at(2), {1, 2, 3}), (Point{21, 2, 3}));
+  EXPECT_EQ(meshes[1].appearance.kind, Appearance::Kind::POINTS);
+  EXPECT_EQ(meshes[1].appearance.pointSize, 7);
+  EXPECT_EQ(meshes[1].geometry->GetNumberOfVerts(), 4);
+  EXPECT_EQ(meshes[1].transforms, nullptr);
+}
+
+TEST(SceneResolver, GivesPlainColorTables) {
+  SceneBuilder scene;
+  const auto geometry = makeRectangle(0, 1, 0, 1);
+  geometry->GetPointData()->AddArray(makeArray("t", {1, 10, 100, 1000}));
+  for (int i = 0; i < 2; ++i) {
+    auto& surface = scene.addSurface(geometry, {1, 1, 1});
+    auto& table = colorByArray(surface, "t", lum::DataLocation::POINTS, {0, 0.2, 0.4, 1, 1, 0.8, 0.6, 0});
+    table.setScaleMode(lum::ScaleMode::LOG10);
+    table.setScalarRange({0, 5});
+  }
+  const auto meshes = resolveScene(scene.node()).canvases.at(0).meshes;
+  ASSERT_EQ(meshes.size(), 2U);
+  ASSERT_TRUE(meshes[0].scalars && meshes[1].scalars);
+  EXPECT_EQ(meshes[0].scalars->arrayName, "t");
+  EXPECT_EQ(meshes[0].scalars->location, ScalarLocation::POINTS);
+  const ColorTable& table = *meshes[0].scalars->table;
+  EXPECT_THAT(table.rgba, ElementsAre(0, 51, 102, 255, 255, 204, 153, 0));
+  EXPECT_TRUE(table.isLog10);
+  EXPECT_EQ(table.range, (Vector<2, double>{1, 1000})) << "a logarithmic range cannot start at 0";
+  EXPECT_EQ(meshes[1].scalars->table, meshes[0].scalars->table) << "equal tables are one object";
+}
+
+TEST(SceneResolver, GivesViewAndLightOfCanvasesFromBackToFront) {
+  SceneBuilder scene;
+  scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 1, 1});
+  auto& background = scene.node().getBackgroundCanvas().getBackgroundAttributes();
+  background.setColorMode(lum::BackgroundColorModes::TOP_BOTTOM);
+  background.setColor1({1, 0, 0});
+  background.setColor2({0, 0, 2});
+  auto& light = scene.canvas().getLightingAttributes().getLights().findOrCreate<lum::Light>("light");
+  light.setColor({1, 0, 0});
+  light.setIntensity(2);
+  light.setAngles(30, 60);
+  scene.clip({0, 0, -1e200}, {1, 2, 3});
+  auto& foreground = scene.node().getForegroundCanvas();
+  foreground.getDrawableCollection();
+  foreground.getBaseCanvasAttributes().setSize({0.5, 3});
+  foreground.getAttributes<lum::CanvasPositionAttributes>().setPosition({0.25, -1});
+  scene.node().getOrientationCanvas().getDrawableCollection();
+  scene.node().getOrientationCanvas().getBaseCanvasAttributes().setSize({0, 1});
+
+  const ResolvedScene resolved = resolveScene(scene.node());
+  const auto& corners = std::get<LinearBackground>(resolved.background).corners;
+  EXPECT_THAT(corners, ElementsAre(Point{0, 0, 1}, Point{0, 0, 1}, Point{1, 0, 0}, Point{1, 0, 0}));
+  ASSERT_EQ(resolved.canvases.size(), 2U) << "an empty part of the window shows nothing";
+  const ResolvedCanvas& model = resolved.canvases[0];
+  EXPECT_EQ(model.role, ResolvedCanvas::Role::MODEL);
+  ASSERT_TRUE(model.camera.viewpoint);
+  EXPECT_EQ(model.camera.viewpoint->position, (Point{0, 0, 5}));
+  EXPECT_TRUE(model.camera.isParallel);
+  EXPECT_EQ(model.camera.parallelScale, 1.0);
+  ASSERT_EQ(model.lights.lights.size(), 1U);
+  EXPECT_EQ(model.lights.lights[0].azimuth, 30);
+  EXPECT_EQ(model.lights.lights[0].elevation, 60);
+  EXPECT_EQ(model.lights.headlight, (Point{0.5, 0, 0}));
+  ASSERT_EQ(model.clipPlanes.size(), 1U);
+  EXPECT_EQ(model.clipPlanes[0].normal, (Point{0, 0, -1}));
+  EXPECT_EQ(model.clipPlanes[0].origin, (Point{1, 2, 3}));
+  EXPECT_EQ(resolved.canvases[1].role, ResolvedCanvas::Role::FOREGROUND);
+  EXPECT_EQ(resolved.canvases[1].lowerLeft, (Vector<2, double>{0.25, 0}));
+  EXPECT_EQ(resolved.canvases[1].upperRight, (Vector<2, double>{0.75, 1}));
+  EXPECT_FALSE(resolved.canvases[1].camera.viewpoint);
+  EXPECT_EQ(resolved.canvases[1].lights.headlight, (Point{1, 1, 1}));
+}
+
+TEST(SceneResolver, GivesDecorationsAsPlainData) {
+  SceneBuilder scene;
+  auto& text = scene.drawables().findOrCreate<lum::TextDrawable>("text");
+  text.getAnnotationAttributes().setText("A text");
+  text.getAnnotationAttributes().setCoordinateSpace(lum::CoordinateSpace::MODEL);
+  text.getAnnotationAttributes().setVerticalAlignment(lum::VerticalAlignment::TOP);
+  text.getTextAttributes().setForegroundColor(0x01020304);
+  text.getTextAttributes().setFontStyle(lum::TextAttributes::BOLD);
+  text.getPositionAttributes().setPosition({1, 2, 3}, false);
+  repeat(text, {10, 0, 0}, 2);
+  auto& legend =
+      scene.node().getForegroundCanvas().getDrawableCollection().findOrCreate<lum::LegendDrawable>("legend");
+  legend.getColorLookupTable().setScalarRange({2, 3});
+  legend.getLegendAttributes().setTitle("Title");
+  legend.getLegendAttributes().setLabelFormat("%d");
+  legend.getTextAttributes().setFontSize(0.05);
+  auto& triad =
+      scene.node().getOrientationCanvas().getDrawableCollection().findOrCreate<lum::TriadDrawable>("triad");
+  triad.setCameraAttributes(&scene.canvas().getCameraAttributes());
+  triad.getTriadAttributes().setXAxisLabelText("East");
+  triad.getOrientationAttributes().setForwardVector({2, 0, 0});
+  triad.getOrientationAttributes().setUpVector({1, 0, 3});
+  auto& image =
+      scene.node().getBackgroundCanvas().getDrawableCollection().findOrCreate<lum::ImageDrawable>("image");
+  image.getImageAttributes().setPixels(makeArray<vtkUnsignedCharArray>("", {1, 2, 3, 4, 5, 6}), 3, 2);
+  image.getColorAttributes()->setOpacity(0.5, false);
+
+  const ResolvedScene resolved = resolveScene(scene.node());
+  using Role = ResolvedCanvas::Role;
+  const auto& texts = find(resolved, Role::MODEL).decorations;
+  ASSERT_EQ(texts.size(), 2U) << "one for each instance";
+  EXPECT_EQ(texts[1].drawable, &text);
+  const auto& second = std::get<TextDecoration>(texts[1].content);
+  EXPECT_EQ(second.text, "A text");
+  EXPECT_EQ(second.position, (Point{11, 2, 3}));
+  EXPECT_EQ(second.vertical, TextDecoration::Vertical::TOP);
+  EXPECT_TRUE(second.style.isBold);
+  EXPECT_THAT(second.style.rgba, ElementsAre(1, 2, 3, 4));
+  const auto& bar = only<LegendDecoration>(find(resolved, Role::FOREGROUND));
+  EXPECT_EQ(bar.title, "Title");
+  EXPECT_EQ(bar.labelFormat, "%.4g") << "the default replaces one that is not for a double";
+  EXPECT_EQ(bar.lineHeight, 0.05);
+  EXPECT_EQ(bar.table.range, (Vector<2, double>{2, 3}));
+  EXPECT_EQ(bar.table.rgba.size(), 4U * 256U);
+  const auto& axes = only<TriadDecoration>(find(resolved, Role::ORIENTATION));
+  EXPECT_THAT(axes.axes, ElementsAre(Point{0, 1, 0}, Point{0, 0, 1}, Point{1, 0, 0}));
+  EXPECT_EQ(axes.labels.value()[0], "East");
+  ASSERT_TRUE(axes.camera);
+  EXPECT_EQ(resolved.canvases.at(std::get<std::size_t>(*axes.camera)).role, Role::MODEL);
+  const auto& quad = only<ImageDecoration>(find(resolved, Role::BACKGROUND));
+  EXPECT_EQ(quad.width, 3);
+  EXPECT_EQ(quad.pixels->GetNumberOfTuples(), 6);
+  EXPECT_EQ(quad.opacity, 0.5);
+}
+
+TEST(SceneResolver, ResolvesOnlyWhatBecomesVisible) {
+  SceneBuilder scene;
+  auto& first = scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 0, 0});
+  auto& second = scene.addSurface(makeRectangle(0, 1, 0, 1), {0, 1, 0});
+  second.getBaseAttributes().setVisibility(false, false);
+  SceneResolver resolver(scene.node());
+  ASSERT_EQ(resolver.resolve().canvases.at(0).meshes.size(), 1U);
+  first.getBaseAttributes().setVisibility(false, false);
+  second.getBaseAttributes().setVisibility(true, false);
+  const CanvasUpdate changed = resolver.update(0);
+  EXPECT_FALSE(changed.visible.contains(&first));
+  EXPECT_TRUE(changed.visible.contains(&second));
+  ASSERT_EQ(changed.meshes.size(), 1U);
+  EXPECT_EQ(changed.meshes[0].drawable, &second);
+  first.getBaseAttributes().setVisibility(true, false);
+  const CanvasUpdate again = resolver.update(0);
+  EXPECT_TRUE(again.visible.contains(&first));
+  EXPECT_TRUE(again.meshes.empty());
+}
+
+TEST(Picker, FindsTheNearestInstanceThatIsNotClipped) {
+  SceneBuilder scene;
+  auto& surface = scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 0, 0});
+  repeat(surface, {0, 0, 1}, 3);
+  scene.clip({0, 0, -1}, {0, 0, 1.5});
+  const ResolvedScene resolved = resolveScene(scene.node());
+  const ResolvedCanvas& canvas = resolved.canvases.at(0);
+  const PickView view{
+      .lowerLeft = {0, 0},
+      .size = {200, 100},
+      .position = {0, 0, 5},
+      .forward = {0, 0, -1},
+      .viewUp = {0, 1, 0},
+      .isParallel = true,
+      .parallelScale = 1,
+  };
+  const auto ray = PickRay::through(view, {150, 75});
+  ASSERT_TRUE(ray);
+  Picker picker(*ray, canvas.clipPlanes);
+  picker.test(canvas.meshes.at(0));
+  ASSERT_TRUE(picker.getNearest());
+  EXPECT_EQ(picker.getNearest()->drawable, &surface);
+  EXPECT_EQ(picker.getNearest()->position, (Point{1, 0.5, 1}));
+  EXPECT_FALSE(PickRay::through(view, {150, 101})) << "outside the view";
+}
+
+}  // namespace
+
+}  // namespace vemo

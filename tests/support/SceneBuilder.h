@@ -1,0 +1,73 @@
+#pragma once
+
+#include "support/Meshes.h"
+#include "support/Nodes.h"
+#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/attributes/RenderingAttributes.h>
+#include <vemo/scenegraph/attributes/ScalarAttributes.h>
+#include <vemo/scenegraph/drawables/GeometryDrawables.h>
+
+#include <string>
+#include <vector>
+
+namespace vemo {
+
+/// Builds small scenes, seen from the front in parallel projection: x to the
+/// right, y upwards, both from -1 to 1 over the canvas.
+class SceneBuilder {
+ public:
+  using Color = Vector<3, double>;
+
+  SceneBuilder();
+
+  lum::SceneNode& node() const { return *_node; }
+  lum::SceneCanvas& canvas() const { return _node->getModelCanvas(); }
+  lum::DrawableCollection& drawables() const { return canvas().getDrawableCollection(); }
+
+  /// A new drawable of some geometry, in a collection of its own.
+  template <class Drawable>
+  Drawable& add(vtkPolyData* geometry, lum::DrawableCollection& to) {
+    auto& drawable = collectionIn(to).findOrCreate<Drawable>();
+    const auto mesh = make<lum::PolyDataNode>();
+    mesh->setPolyData(geometry);
+    drawable.addNode(*mesh);
+    return drawable;
+  }
+  template <class Drawable>
+  Drawable& add(vtkPolyData* geometry) {
+    return add<Drawable>(geometry, drawables());
+  }
+
+  /// The same, opaque and in one colour.
+  template <class Drawable>
+  Drawable& add(vtkPolyData* geometry, const Color& color) {
+    auto& drawable = add<Drawable>(geometry);
+    drawable.getColorAttributes()->setColor(color, false);
+    return drawable;
+  }
+  lum::SurfaceDrawable& addSurface(vtkPolyData* geometry, const Color& color);
+  lum::SurfaceDrawable& addSurface(vtkPolyData* geometry, const Color& color, lum::DrawableCollection& to);
+
+  lum::DrawableCollection& collectionIn(lum::DrawableCollection& owner);
+
+  /// Cuts away what lies behind a plane.
+  void clip(const Vector<3, double>& normal, const Vector<3, double>& origin);
+
+ private:
+  lum::Ptr<lum::SceneNode> _node = make<lum::SceneNode>();
+};
+
+/// A new transform of a drawable.
+template <class Transform>
+Transform& setTransform(lum::Drawable& drawable) {
+  const auto transform = make<Transform>();
+  drawable.getBaseAttributes().setTransform(transform.get());
+  return *transform;
+}
+
+/// Colours a drawable by an array, through the colours red, green, blue and
+/// alpha of each place in the table.
+lum::ColorLookupTable& colorByArray(lum::GeometryDrawable& drawable, const std::string& array,
+                                    lum::DataLocation location, const std::vector<double>& colors = {});
+
+}  // namespace vemo
