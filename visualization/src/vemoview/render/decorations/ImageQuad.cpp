@@ -1,8 +1,8 @@
 #include "vemoview/render/decorations/ImageQuad.h"
 
-#include "geometry/Vector3.h"
 #include "vemoview/render/draw/Matrix.h"
 #include "vemoview/render/draw/PropGroup.h"
+#include <vemo/base/Vector.h>
 #include <vemo/resolve/Decoration.h>
 
 #include <vtkActor.h>

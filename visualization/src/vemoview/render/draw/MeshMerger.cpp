@@ -1,8 +1,8 @@
 #include "vemoview/render/draw/MeshMerger.h"
 
-#include "geometry/CellKinds.h"
 #include "vemoview/render/draw/LookupTables.h"
 #include "vemoview/render/draw/MeshScalars.h"
+#include <vemo/geometry/CellKind.h>
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
@@ -64,7 +64,7 @@ class Merger {
     points->SetData(
         mergePointArrays([](const MeshInstance& mesh) { return mesh.geometry->GetPoints()->GetData(); }));
     result.geometry->SetPoints(points);
-    for (const CellKind& kind : CELL_KINDS) {
+    for (const CellKindTraits& kind : CELL_KINDS) {
       kind.set(*result.geometry, mergeCells(kind));
     }
     mergeNormals(*result.geometry);
@@ -89,7 +89,7 @@ class Merger {
   vtkSmartPointer<vtkDataArray> mergeCellArrays(GetArray&& getArray) const {
     std::vector<Run> runs;
     std::vector<vtkIdType> places(_members.size(), 0);
-    for (const CellKind& kind : CELL_KINDS) {
+    for (const CellKindTraits& kind : CELL_KINDS) {
       for (std::size_t i = 0; i < _members.size(); ++i) {
         const MeshInstance& mesh = *_members[i];
         const vtkIdType count = kind.get(*mesh.geometry)->GetNumberOfCells();
@@ -100,7 +100,7 @@ class Merger {
     return concatenate(runs);
   }
 
-  vtkSmartPointer<vtkCellArray> mergeCells(const CellKind& kind) const {
+  vtkSmartPointer<vtkCellArray> mergeCells(const CellKindTraits& kind) const {
     vtkIdType cells = 0;
     vtkIdType indices = 0;
     for (const MeshInstance* const member : _members) {

@@ -1,6 +1,6 @@
 #include "vemoview/render/draw/Screen.h"
 
-#include "geometry/Vector3.h"
+#include <vemo/base/Vector.h>
 
 #include <vtkCamera.h>
 #include <vtkMath.h>

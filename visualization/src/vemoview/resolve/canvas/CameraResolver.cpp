@@ -1,6 +1,6 @@
 #include "vemoview/resolve/canvas/CameraResolver.h"
 
-#include "geometry/Vector3.h"
+#include <vemo/base/Vector.h>
 #include <vemo/scenegraph/Ptr.h>
 #include <vemo/scenegraph/canvas/CameraAttributes.h>
 

@@ -1,6 +1,6 @@
 #include "vemoview/resolve/canvas/ClipPlanesResolver.h"
 
-#include "geometry/Vector3.h"
+#include <vemo/base/Vector.h>
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/canvas/ClipPlanesAttributes.h>
 

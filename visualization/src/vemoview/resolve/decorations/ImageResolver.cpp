@@ -1,7 +1,7 @@
 #include "vemoview/resolve/decorations/ImageResolver.h"
 
-#include "geometry/Vector3.h"
 #include "vemoview/resolve/UsableValues.h"
+#include <vemo/base/Vector.h>
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/drawables/Overlays.h>
 

@@ -1,8 +1,8 @@
 #include "vemoview/resolve/decorations/TriadResolver.h"
 
-#include "geometry/Vector3.h"
 #include "vemoview/resolve/canvas/CameraResolver.h"
 #include "vemoview/resolve/decorations/TextStyleResolver.h"
+#include <vemo/base/Vector.h>
 #include <vemo/scenegraph/drawables/TriadDrawable.h>
 
 #include <vtkMatrix4x4.h>

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "geometry/MeshReader.h"
+#include "geometry/Cells.h"
+#include "geometry/Points.h"
 #include <vemo/resolve/InstanceTransforms.h>
 #include <vemo/resolve/PickRay.h>
 

@@ -1,4 +1,4 @@
-#include "geometry/Vector3.h"
+#include <vemo/base/Vector.h>
 #include <vemo/resolve/PickRay.h>
 
 #include <vtkMath.h>

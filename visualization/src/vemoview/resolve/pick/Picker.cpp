@@ -1,5 +1,5 @@
-#include "geometry/Vector3.h"
 #include "vemoview/resolve/pick/CellPicker.h"
+#include <vemo/base/Vector.h>
 #include <vemo/resolve/MeshInstance.h>
 #include <vemo/resolve/Picker.h>
 
