@@ -3,7 +3,7 @@
 #include <vemo/resolve/SceneResolver.h>
 #include <vemo/scenegraph/drawables/Overlays.h>
 #include <vemo/scenegraph/drawables/TriadDrawable.h>
-#include <vemo/scenegraph/transforms/Transform.h>
+#include <vemo/scenegraph/transforms/PeriodicRepeatTransform.h>
 
 #include <vtkPointData.h>
 #include <vtkUnsignedCharArray.h>

@@ -5,6 +5,7 @@
 #include "vemoview/import/archive/ArchiveReader.h"
 #include "vemoview/import/geometry/GeometryKeys.h"
 #include "vemoview/import/reading/ReadingContext.h"
+#include <vemo/base/Vector.h>
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
