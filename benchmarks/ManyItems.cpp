@@ -1,7 +1,8 @@
 #include "ManyItems.h"
 
-#include <vemo/scenegraph/attributes/RenderingAttributes.h>
-#include <vemo/scenegraph/drawables/GeometryDrawables.h>
+#include <vemo/scenegraph/attributes/LineAttributes.h>
+#include <vemo/scenegraph/attributes/MeshAttributes.h>
+#include <vemo/scenegraph/drawables/SurfaceDrawable.h>
 
 #include <vtkCellArray.h>
 #include <vtkFloatArray.h>

@@ -6,7 +6,7 @@
 #include <vemo/import/SceneFormatHandler.h>
 #include <vemo/scenegraph/SceneNode.h>
 #include <vemo/scenegraph/Traversal.h>
-#include <vemo/scenegraph/drawables/GeometryDrawables.h>
+#include <vemo/scenegraph/drawables/PolyDataNode.h>
 #include <vemo/scenegraph/io/FileError.h>
 #include <vemo/scenegraph/io/SDBReader.h>
 

@@ -2,6 +2,7 @@
 #include "support/SmallStack.h"
 #include <vemo/import/items/Colormap.h>
 #include <vemo/import/items/GeometryItem.h>
+#include <vemo/scenegraph/drawables/SurfaceDrawable.h>
 
 namespace vemo {
 

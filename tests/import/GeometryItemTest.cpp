@@ -2,6 +2,7 @@
 
 #include "SceneFixture.h"
 #include <vemo/import/SharedBySiblings.h>
+#include <vemo/scenegraph/drawables/SurfaceDrawable.h>
 
 #include <vtkCellArray.h>
 #include <vtkPointData.h>

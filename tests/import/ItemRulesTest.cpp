@@ -12,7 +12,9 @@
 #include <vemo/import/items/Image2D.h>
 #include <vemo/import/items/ReflectTransform.h>
 #include <vemo/import/items/RepeatTransform.h>
-#include <vemo/scenegraph/drawables/Overlays.h>
+#include <vemo/scenegraph/coloring/ScalarAttributes.h>
+#include <vemo/scenegraph/drawables/LegendDrawable.h>
+#include <vemo/scenegraph/drawables/TextDrawable.h>
 
 #include <gmock/gmock.h>
 #include <map>

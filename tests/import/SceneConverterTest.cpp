@@ -5,6 +5,8 @@
 #include "support/Nodes.h"
 #include <vemo/import/SceneConverter.h>
 #include <vemo/scenegraph/NodeRegistry.h>
+#include <vemo/scenegraph/canvas/CanvasPositionAttributes.h>
+#include <vemo/scenegraph/drawables/SurfaceDrawable.h>
 #include <vemo/scenegraph/io/NodeOutputStream.h>
 #include <vemo/scenegraph/io/SDBReader.h>
 #include <vemo/scenegraph/io/SceneGraphWriter.h>

@@ -10,7 +10,6 @@
 #include <vemo/import/items/GeometryItem.h>
 #include <vemo/import/items/Scene.h>
 #include <vemo/scenegraph/SceneNode.h>
-#include <vemo/scenegraph/drawables/GeometryDrawables.h>
 
 #include <functional>
 #include <gtest/gtest.h>

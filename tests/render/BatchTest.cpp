@@ -1,4 +1,10 @@
 #include "render/RenderScene.h"
+#include <vemo/scenegraph/attributes/ContourAttributes.h>
+#include <vemo/scenegraph/attributes/LineAttributes.h>
+#include <vemo/scenegraph/attributes/MaterialAttributes.h>
+#include <vemo/scenegraph/attributes/MeshAttributes.h>
+#include <vemo/scenegraph/attributes/SurfaceAttributes.h>
+#include <vemo/scenegraph/drawables/SurfaceDrawable.h>
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -35,8 +41,6 @@ Picture draw(const Change& left, const Change& right) {
       add(makeRectangle(0.1F, 0.9F, bottom, bottom + 0.06F), right);
     }
   }
-  // Edges decide how a picture is smoothed: every picture has some.
-  add(makeRectangle(-0.04F, 0.04F, 0.97F, 0.99F), plain);
   return scene.render();
 }
 
@@ -77,9 +81,10 @@ TEST(Batch, KeepsWhatIsDrawnDifferentlyApart) {
        }},
       {"clipping",
        [](lum::SurfaceDrawable& surface) { surface.getBaseAttributes().setClipPlanesEnabled(false); }},
-      {"edges",
+      {"a contour instead of edges",
        [](lum::SurfaceDrawable& surface) {
          surface.getAttributes<lum::MeshAttributes>().setMeshVisible(false, false);
+         surface.getAttributes<lum::ContourAttributes>().setContourVisible(true);
        }},
       {"edge colour",
        [](lum::SurfaceDrawable& surface) {

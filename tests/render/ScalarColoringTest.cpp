@@ -1,4 +1,5 @@
 #include "render/RenderScene.h"
+#include <vemo/scenegraph/coloring/ScalarAttributes.h>
 
 #include <vtkCellData.h>
 

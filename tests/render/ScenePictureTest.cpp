@@ -2,6 +2,14 @@
 #include "vemoview/render/context/EglContext.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/render/RenderErrors.h>
+#include <vemo/scenegraph/attributes/LineAttributes.h>
+#include <vemo/scenegraph/attributes/MaterialAttributes.h>
+#include <vemo/scenegraph/attributes/MeshAttributes.h>
+#include <vemo/scenegraph/attributes/PointSizeAttributes.h>
+#include <vemo/scenegraph/attributes/SurfaceAttributes.h>
+#include <vemo/scenegraph/drawables/PointSphereDrawable.h>
+#include <vemo/scenegraph/drawables/PolyLineDrawable.h>
+#include <vemo/scenegraph/drawables/SurfaceDrawable.h>
 
 #include <vtkCellData.h>
 #include <vtkPointData.h>

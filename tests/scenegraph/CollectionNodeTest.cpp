@@ -2,8 +2,10 @@
 #include <vemo/scenegraph/CollectionNode.h>
 #include <vemo/scenegraph/NodeFactory.h>
 #include <vemo/scenegraph/SceneNode.h>
-#include <vemo/scenegraph/attributes/ScalarAttributes.h>
-#include <vemo/scenegraph/drawables/GeometryDrawables.h>
+#include <vemo/scenegraph/coloring/DataLocationAttributes.h>
+#include <vemo/scenegraph/coloring/ScalarAttributes.h>
+#include <vemo/scenegraph/drawables/PolyLineDrawable.h>
+#include <vemo/scenegraph/drawables/SurfaceDrawable.h>
 #include <vemo/scenegraph/drawables/TriadDrawable.h>
 
 #include <cmath>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <vemo/scenegraph/SceneNode.h>
-#include <vemo/scenegraph/drawables/GeometryDrawables.h>
+#include <vemo/scenegraph/drawables/SurfaceDrawable.h>
 #include <vemo/scenegraph/drawables/TriadDrawable.h>
 
 #include <vtkPolyData.h>

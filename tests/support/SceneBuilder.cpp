@@ -1,5 +1,7 @@
 #include "support/SceneBuilder.h"
 
+#include <vemo/scenegraph/coloring/ColorLookupTable.h>
+#include <vemo/scenegraph/drawables/GeometryDrawable.h>
 namespace vemo {
 
 SceneBuilder::SceneBuilder() {

@@ -3,9 +3,11 @@
 #include "support/Meshes.h"
 #include "support/Nodes.h"
 #include <vemo/scenegraph/SceneNode.h>
-#include <vemo/scenegraph/attributes/RenderingAttributes.h>
-#include <vemo/scenegraph/attributes/ScalarAttributes.h>
-#include <vemo/scenegraph/drawables/GeometryDrawables.h>
+#include <vemo/scenegraph/coloring/ColorLookupTable.h>
+#include <vemo/scenegraph/coloring/DataLocationAttributes.h>
+#include <vemo/scenegraph/coloring/ScalarAttributes.h>
+#include <vemo/scenegraph/drawables/GeometryDrawable.h>
+#include <vemo/scenegraph/drawables/SurfaceDrawable.h>
 
 #include <string>
 #include <vector>

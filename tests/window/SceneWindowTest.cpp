@@ -1,6 +1,7 @@
 #include "support/TemporaryFolder.h"
 #include "window/OpenWindow.h"
 #include <vemo/render/RenderErrors.h>
+#include <vemo/scenegraph/drawables/SurfaceDrawable.h>
 #include <vemo/scenegraph/drawables/TriadDrawable.h>
 
 #include <QClipboard>

@@ -3,7 +3,8 @@
 #include <vemo/base/Vector.h>
 #include <vemo/import/Color.h>
 #include <vemo/import/SceneItem.h>
-#include <vemo/scenegraph/attributes/ScalarAttributes.h>
+#include <vemo/scenegraph/coloring/ColorLookupTable.h>
+#include <vemo/scenegraph/coloring/ScalarAttributes.h>
 
 #include <vtkSmartPointer.h>
 

@@ -4,6 +4,7 @@
 #include <vemo/import/Color.h>
 #include <vemo/import/Export.h>
 #include <vemo/import/Readable.h>
+#include <vemo/scenegraph/attributes/PointScaleAttributes.h>
 
 #include <memory>
 #include <string>

@@ -2,7 +2,7 @@
 
 #include <vemo/import/Color.h>
 #include <vemo/import/GraphicsItem.h>
-#include <vemo/scenegraph/canvas/CanvasAttributes.h>
+#include <vemo/scenegraph/canvas/BackgroundAttributes.h>
 
 #include <string>
 

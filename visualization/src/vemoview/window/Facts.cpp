@@ -3,7 +3,7 @@
 #include "vemoview/window/ArrayText.h"
 #include "vemoview/window/ItemText.h"
 #include <vemo/resolve/Pick.h>
-#include <vemo/scenegraph/attributes/ScalarAttributes.h>
+#include <vemo/scenegraph/coloring/ScalarAttributes.h>
 #include <vemo/scenegraph/drawables/Drawable.h>
 #include <vemo/scenegraph/drawables/PolyDataNode.h>
 #include <vemo/scenegraph/inspect/GeometryCounts.h>

@@ -3,7 +3,7 @@
 #include <vemo/import/SharedBySiblings.h>
 #include <vemo/import/items/Annotation.h>
 #include <vemo/scenegraph/Logger.h>
-#include <vemo/scenegraph/drawables/Overlays.h>
+#include <vemo/scenegraph/drawables/TextDrawable.h>
 
 #include <utility>
 

@@ -1,6 +1,7 @@
 #include "vemoview/import/reading/KeyTable.h"
 #include <vemo/import/items/CoordinateSystemItem.h>
 #include <vemo/scenegraph/Logger.h>
+#include <vemo/scenegraph/attributes/OrientationAttributes.h>
 #include <vemo/scenegraph/drawables/TriadDrawable.h>
 
 #include <utility>

@@ -8,7 +8,7 @@
 #include <vemo/import/SharedBySiblings.h>
 #include <vemo/import/items/Image.h>
 #include <vemo/scenegraph/Logger.h>
-#include <vemo/scenegraph/drawables/Overlays.h>
+#include <vemo/scenegraph/drawables/ImageDrawable.h>
 
 #include <vtkUnsignedCharArray.h>
 

@@ -5,7 +5,7 @@
 #include <vemo/import/items/Colormaps.h>
 #include <vemo/import/items/Legend.h>
 #include <vemo/scenegraph/Logger.h>
-#include <vemo/scenegraph/drawables/Overlays.h>
+#include <vemo/scenegraph/drawables/LegendDrawable.h>
 
 #include <utility>
 

@@ -5,7 +5,16 @@
 #include <vemo/base/InternalError.h>
 #include <vemo/import/items/GeometrySettings.h>
 #include <vemo/scenegraph/Logger.h>
-#include <vemo/scenegraph/attributes/RenderingAttributes.h>
+#include <vemo/scenegraph/attributes/ContourAttributes.h>
+#include <vemo/scenegraph/attributes/LineAttributes.h>
+#include <vemo/scenegraph/attributes/MaterialAttributes.h>
+#include <vemo/scenegraph/attributes/MeshAttributes.h>
+#include <vemo/scenegraph/attributes/PointAttributes.h>
+#include <vemo/scenegraph/attributes/PointScaleAttributes.h>
+#include <vemo/scenegraph/attributes/PointSizeAttributes.h>
+#include <vemo/scenegraph/attributes/SurfaceAttributes.h>
+#include <vemo/scenegraph/drawables/PolyLineDrawable.h>
+#include <vemo/scenegraph/drawables/SurfaceDrawable.h>
 
 #include <vtkCellData.h>
 #include <vtkDataArray.h>

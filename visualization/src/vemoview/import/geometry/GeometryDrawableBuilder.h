@@ -1,7 +1,10 @@
 #pragma once
 
-#include <vemo/scenegraph/attributes/ScalarAttributes.h>
-#include <vemo/scenegraph/drawables/GeometryDrawables.h>
+#include <vemo/scenegraph/coloring/ColorAttributes.h>
+#include <vemo/scenegraph/coloring/DataLocationAttributes.h>
+#include <vemo/scenegraph/coloring/ScalarAttributes.h>
+#include <vemo/scenegraph/drawables/GeometryDrawable.h>
+#include <vemo/scenegraph/drawables/PolyDataNode.h>
 
 #include <string>
 

@@ -9,8 +9,10 @@
 #include <vemo/import/QxElement.h>
 #include <vemo/import/items/GeometryItem.h>
 #include <vemo/scenegraph/Logger.h>
-#include <vemo/scenegraph/attributes/RenderingAttributes.h>
-#include <vemo/scenegraph/drawables/GeometryDrawables.h>
+#include <vemo/scenegraph/attributes/LineAttributes.h>
+#include <vemo/scenegraph/drawables/PointSphereDrawable.h>
+#include <vemo/scenegraph/drawables/PolyLineDrawable.h>
+#include <vemo/scenegraph/drawables/SurfaceDrawable.h>
 
 #include <vtkActor.h>
 #include <vtkCellArray.h>

@@ -2,6 +2,9 @@
 #include "vemoview/import/reading/KeyTable.h"
 #include <vemo/import/QxElement.h>
 #include <vemo/import/items/Colormap.h>
+#include <vemo/scenegraph/coloring/ColorLookupTable.h>
+#include <vemo/scenegraph/coloring/DataArrayAttributes.h>
+#include <vemo/scenegraph/coloring/ScalarAttributes.h>
 
 #include <vtkLookupTable.h>
 

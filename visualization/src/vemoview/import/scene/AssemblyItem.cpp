@@ -8,6 +8,7 @@
 #include <vemo/import/items/Transform.h>
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/Traversal.h>
+#include <vemo/scenegraph/coloring/ScalarAttributes.h>
 
 #include <algorithm>
 #include <utility>

@@ -8,6 +8,8 @@
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/NodeRegistry.h>
 #include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/canvas/BackgroundAttributes.h>
+#include <vemo/scenegraph/canvas/CanvasPositionAttributes.h>
 #include <vemo/scenegraph/io/NodeInputStream.h>
 #include <vemo/scenegraph/io/SDBWriter.h>
 #include <vemo/scenegraph/io/SceneGraphReader.h>

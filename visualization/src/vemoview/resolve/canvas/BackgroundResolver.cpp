@@ -1,6 +1,7 @@
 #include "vemoview/resolve/canvas/BackgroundResolver.h"
 
 #include "vemoview/resolve/UsableValues.h"
+#include <vemo/scenegraph/canvas/BackgroundAttributes.h>
 #include <vemo/scenegraph/canvas/SceneCanvas.h>
 
 namespace vemo {

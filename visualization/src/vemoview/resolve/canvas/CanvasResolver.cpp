@@ -3,6 +3,8 @@
 #include "vemoview/resolve/canvas/CameraResolver.h"
 #include "vemoview/resolve/canvas/ClipPlanesResolver.h"
 #include "vemoview/resolve/canvas/LightsResolver.h"
+#include <vemo/scenegraph/canvas/BaseCanvasAttributes.h>
+#include <vemo/scenegraph/canvas/CanvasPositionAttributes.h>
 #include <vemo/scenegraph/canvas/SceneCanvas.h>
 
 #include <algorithm>

@@ -4,7 +4,9 @@
 #include "vemoview/resolve/decorations/LegendResolver.h"
 #include "vemoview/resolve/decorations/TextResolver.h"
 #include <vemo/scenegraph/Logger.h>
-#include <vemo/scenegraph/drawables/Overlays.h>
+#include <vemo/scenegraph/drawables/ImageDrawable.h>
+#include <vemo/scenegraph/drawables/LegendDrawable.h>
+#include <vemo/scenegraph/drawables/TextDrawable.h>
 #include <vemo/scenegraph/drawables/TriadDrawable.h>
 
 #include <utility>

@@ -3,7 +3,9 @@
 #include "vemoview/resolve/UsableValues.h"
 #include <vemo/base/Vector.h>
 #include <vemo/scenegraph/Logger.h>
-#include <vemo/scenegraph/drawables/Overlays.h>
+#include <vemo/scenegraph/attributes/PositionAttributes.h>
+#include <vemo/scenegraph/coloring/ColorAttributes.h>
+#include <vemo/scenegraph/drawables/ImageDrawable.h>
 
 #include <vtkDataArray.h>
 

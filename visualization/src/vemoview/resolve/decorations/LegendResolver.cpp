@@ -4,7 +4,9 @@
 #include "vemoview/resolve/decorations/TextStyleResolver.h"
 #include "vemoview/resolve/mesh/ColorTableResolver.h"
 #include <vemo/scenegraph/Ptr.h>
-#include <vemo/scenegraph/drawables/Overlays.h>
+#include <vemo/scenegraph/attributes/PositionAttributes.h>
+#include <vemo/scenegraph/coloring/ColorLookupTable.h>
+#include <vemo/scenegraph/drawables/LegendDrawable.h>
 
 #include <vtkDoubleArray.h>
 #include <vtkNew.h>

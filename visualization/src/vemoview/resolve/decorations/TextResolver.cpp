@@ -1,7 +1,8 @@
 #include "vemoview/resolve/decorations/TextResolver.h"
 
 #include "vemoview/resolve/decorations/TextStyleResolver.h"
-#include <vemo/scenegraph/drawables/Overlays.h>
+#include <vemo/scenegraph/attributes/PositionAttributes.h>
+#include <vemo/scenegraph/drawables/TextDrawable.h>
 
 namespace vemo {
 

@@ -3,6 +3,8 @@
 #include "vemoview/resolve/canvas/CameraResolver.h"
 #include "vemoview/resolve/decorations/TextStyleResolver.h"
 #include <vemo/base/Vector.h>
+#include <vemo/scenegraph/attributes/OrientationAttributes.h>
+#include <vemo/scenegraph/attributes/PositionAttributes.h>
 #include <vemo/scenegraph/drawables/TriadDrawable.h>
 
 #include <vtkMatrix4x4.h>

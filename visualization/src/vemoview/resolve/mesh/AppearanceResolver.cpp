@@ -1,7 +1,16 @@
 #include "vemoview/resolve/mesh/AppearanceResolver.h"
 
 #include "vemoview/resolve/UsableValues.h"
-#include <vemo/scenegraph/attributes/RenderingAttributes.h>
+#include <vemo/scenegraph/attributes/ContourAttributes.h>
+#include <vemo/scenegraph/attributes/LineAttributes.h>
+#include <vemo/scenegraph/attributes/MaterialAttributes.h>
+#include <vemo/scenegraph/attributes/MeshAttributes.h>
+#include <vemo/scenegraph/attributes/PointAttributes.h>
+#include <vemo/scenegraph/attributes/PointSizeAttributes.h>
+#include <vemo/scenegraph/attributes/SurfaceAttributes.h>
+#include <vemo/scenegraph/coloring/ColorAttributes.h>
+#include <vemo/scenegraph/drawables/PointSphereDrawable.h>
+#include <vemo/scenegraph/drawables/PolyLineDrawable.h>
 
 #include <algorithm>
 #include <cmath>

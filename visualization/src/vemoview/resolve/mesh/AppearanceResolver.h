@@ -1,7 +1,7 @@
 #pragma once
 
 #include <vemo/resolve/Appearance.h>
-#include <vemo/scenegraph/drawables/GeometryDrawables.h>
+#include <vemo/scenegraph/drawables/GeometryDrawable.h>
 
 #include <string>
 

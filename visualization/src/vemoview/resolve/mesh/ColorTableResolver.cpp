@@ -1,6 +1,6 @@
 #include "vemoview/resolve/mesh/ColorTableResolver.h"
 
-#include <vemo/scenegraph/attributes/ColorLookupTable.h>
+#include <vemo/scenegraph/coloring/ColorLookupTable.h>
 
 #include <vtkDataArray.h>
 #include <vtkLookupTable.h>

@@ -10,7 +10,10 @@
 #include <vemo/resolve/ClipPlane.h>
 #include <vemo/resolve/SceneTooLarge.h>
 #include <vemo/scenegraph/Logger.h>
-#include <vemo/scenegraph/attributes/ScalarAttributes.h>
+#include <vemo/scenegraph/coloring/ColorAttributes.h>
+#include <vemo/scenegraph/coloring/DataLocationAttributes.h>
+#include <vemo/scenegraph/coloring/ScalarAttributes.h>
+#include <vemo/scenegraph/drawables/GeometryDrawable.h>
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>

@@ -3,7 +3,7 @@
 #include "vemoview/resolve/UsableValues.h"
 #include "vemoview/resolve/mesh/ArrayLookup.h"
 #include <vemo/scenegraph/Logger.h>
-#include <vemo/scenegraph/attributes/RenderingAttributes.h>
+#include <vemo/scenegraph/attributes/PointScaleAttributes.h>
 
 #include <vtkCellArray.h>
 #include <vtkDataArray.h>

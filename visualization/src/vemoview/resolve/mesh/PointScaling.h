@@ -1,7 +1,8 @@
 #pragma once
 
 #include <vemo/resolve/MeshInstance.h>
-#include <vemo/scenegraph/drawables/GeometryDrawables.h>
+#include <vemo/scenegraph/drawables/GeometryDrawable.h>
+#include <vemo/scenegraph/drawables/PolyDataNode.h>
 
 #include <vector>
 

@@ -1,3 +1,0 @@
-#pragma once
-
-#include <vemo/scenegraph/coloring/ColorLookupTable.h>

@@ -1,4 +1,0 @@
-#pragma once
-
-#include <vemo/scenegraph/attributes/OrientationAttributes.h>
-#include <vemo/scenegraph/attributes/PositionAttributes.h>

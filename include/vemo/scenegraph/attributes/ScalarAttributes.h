@@ -1,4 +1,0 @@
-#pragma once
-
-#include <vemo/scenegraph/coloring/DataLocationAttributes.h>
-#include <vemo/scenegraph/coloring/ScalarAttributes.h>
