@@ -14,12 +14,12 @@ namespace vemo {
 
 namespace {
 
-struct Options {
+struct ConvertArguments {
   std::string file;
   std::string output;
 };
 
-void convert(const Options& options) {
+void convert(const ConvertArguments& options) {
   refuseSameFile(options.file, options.output);
   removePartialOutputWhenEnded(options.output);
   const Progress progress(fmt::format("Converting {}", toPrintable(options.file)));
@@ -27,7 +27,7 @@ void convert(const Options& options) {
 }
 
 void addConvertCommand(CLI::App& app, Command& command) {
-  const auto options = std::make_shared<Options>();
+  const auto options = std::make_shared<ConvertArguments>();
   CLI::App* const convertApp = app.add_subcommand(
       "convert", "Convert a scene archive to a scene-graph database; a database is checked and copied");
   convertApp->add_option("FILE", options->file, "The scene archive or database to read")->required();

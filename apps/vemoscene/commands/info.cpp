@@ -25,7 +25,7 @@ namespace vemo {
 
 namespace {
 
-struct Options {
+struct InfoArguments {
   std::string file;
   bool json = false;
   bool values = false;
@@ -43,7 +43,7 @@ Contents load(const std::string& file) {
   return {std::move(scene), log.take()};
 }
 
-void printJson(std::ostream& out, const Contents& contents, const Options& options) {
+void printJson(std::ostream& out, const Contents& contents, const InfoArguments& options) {
   const LoadedScene& scene = contents.scene;
   lum::JsonWriter json(out);
   const auto print = [&json](const char* name, const std::string& text) {
@@ -112,7 +112,7 @@ void printWarnings(std::ostream& out, const std::vector<std::string>& warnings) 
   }
 }
 
-void printText(std::ostream& out, const Contents& contents, const Options& options) {
+void printText(std::ostream& out, const Contents& contents, const InfoArguments& options) {
   const LoadedScene& scene = contents.scene;
   std::error_code ignored;
   const auto size = std::filesystem::file_size(options.file, ignored);
@@ -134,7 +134,7 @@ void printText(std::ostream& out, const Contents& contents, const Options& optio
   }
 }
 
-void info(const Options& options) {
+void info(const InfoArguments& options) {
   const Contents contents = load(options.file);
   ResultStream out;
   if (options.json || options.values) {
@@ -146,7 +146,7 @@ void info(const Options& options) {
 }
 
 void addInfoCommand(CLI::App& app, Command& command) {
-  const auto options = std::make_shared<Options>();
+  const auto options = std::make_shared<InfoArguments>();
   CLI::App* const infoApp = app.add_subcommand("info", "Print the format and content of a scene file");
   infoApp->add_option("FILE", options->file, "The scene archive or database to read")->required();
   infoApp->add_flag("--json", options->json, "Print one JSON object, for programs");

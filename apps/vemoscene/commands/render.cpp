@@ -18,7 +18,7 @@ namespace {
 
 constexpr int MAX_SIZE = 16384;
 
-struct Options {
+struct RenderArguments {
   std::string file;
   std::string output;
   RenderOptions picture;
@@ -48,7 +48,7 @@ std::string parseSize(const std::string& text, RenderOptions& picture) {
   return fmt::format("\"{}\" is not a size such as 1024x768, with 1 to {} pixels each way", text, MAX_SIZE);
 }
 
-void render(const Options& options) {
+void render(const RenderArguments& options) {
   refuseSameFile(options.file, options.output);
   const LoadedScene scene(options.file);
   const Progress progress(fmt::format("Drawing {}", toPrintable(options.file)));
@@ -56,7 +56,7 @@ void render(const Options& options) {
 }
 
 void addRenderCommand(CLI::App& app, Command& command) {
-  const auto options = std::make_shared<Options>();
+  const auto options = std::make_shared<RenderArguments>();
   CLI::App* const renderApp = app.add_subcommand("render", "Draw a scene to a PNG file; needs no display");
   renderApp->add_option("FILE", options->file, "The scene archive or database to read")->required();
   renderApp->add_option("OUT", options->output, "The picture to write, a PNG file")->required();

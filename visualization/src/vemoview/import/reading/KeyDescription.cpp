@@ -7,7 +7,7 @@ namespace vemo {
 
 namespace {
 
-std::string quoted(const std::string& word) {
+std::string codeSpan(const std::string& word) {
   return "`" + word + "`";
 }
 
@@ -16,7 +16,7 @@ std::string wordList(const std::string* words) {
   std::string list;
   for (const std::string* word = words; !word->empty(); ++word) {
     const bool isLast = (word + 1)->empty();
-    list += (word == words ? "" : isLast ? " or " : ", ") + quoted(*word);
+    list += (word == words ? "" : isLast ? " or " : ", ") + codeSpan(*word);
   }
   return list;
 }
@@ -46,7 +46,7 @@ std::string valueText(double value) {
 }
 
 std::string valueText(const std::string& value) {
-  return value.empty() ? "empty" : quoted(value);
+  return value.empty() ? "empty" : codeSpan(value);
 }
 
 std::string valueText(Color value) {
@@ -62,7 +62,7 @@ std::string valueText(const Vector<3, double>& value) {
 }
 
 std::string wordText(const std::string* words, int value) {
-  return quoted(words[value]);
+  return codeSpan(words[value]);
 }
 
 }  // namespace vemo

@@ -15,7 +15,7 @@ namespace {
 /// Texts in untrusted files may be as long as the file.
 constexpr std::size_t MAX_QUOTED_LENGTH = 60;
 
-std::string quoted(const std::string& text) {
+std::string quotedUnlessLong(const std::string& text) {
   return text.size() <= MAX_QUOTED_LENGTH ? '"' + text + '"' : "of " + std::to_string(text.size()) + " bytes";
 }
 
@@ -39,9 +39,9 @@ void ValueReader::warnIgnored(const KeyDescription& key, const std::string& reas
     return;
   }
   const std::string* const value = _element.findAttribute(key.name);
-  _reader->addWarning(
-      (value != nullptr ? "The value " + quoted(*value) + " of \"" + key.name + '"' : "The " + key.name) +
-      " is ignored: " + reason);
+  _reader->addWarning((value != nullptr ? "The value " + quotedUnlessLong(*value) + " of \"" + key.name + '"'
+                                        : "The " + key.name) +
+                      " is ignored: " + reason);
 }
 
 void ValueReader::warnOfCurrentException(const KeyDescription& key) const {
@@ -49,7 +49,8 @@ void ValueReader::warnOfCurrentException(const KeyDescription& key) const {
     throw;
   } catch (const NumberFormatException& exception) {
     const bool isOfChild = _element.findAttribute(key.name) == nullptr;
-    warnIgnored(key, isOfChild ? quoted(exception.getMessage()) + " is not a number" : "not a number");
+    warnIgnored(key,
+                isOfChild ? quotedUnlessLong(exception.getMessage()) + " is not a number" : "not a number");
   } catch (const InternalError& error) {
     warnIgnored(key, error.getMessage());
   }
