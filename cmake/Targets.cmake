@@ -1,5 +1,4 @@
 include(GNUInstallDirs)
-include(GenerateExportHeader)
 
 # What is installed finds its libraries wherever the folder is moved.
 set(CMAKE_INSTALL_RPATH $ORIGIN $ORIGIN/../${CMAKE_INSTALL_LIBDIR})
@@ -7,6 +6,34 @@ set(CMAKE_INSTALL_RPATH $ORIGIN $ORIGIN/../${CMAKE_INSTALL_LIBDIR})
 # The one root of public headers, and where its generated part is.
 set(public_headers ${CMAKE_SOURCE_DIR}/include)
 set(generated_headers ${CMAKE_BINARY_DIR}/include)
+
+set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/vemo)
+
+# vemo_export_header(NAME): <vemo/NAME/Export.h> with VEMO_NAME_EXPORT.
+function(vemo_export_header name)
+  string(TOUPPER VEMO_${name}_EXPORT macro)
+  configure_file(${CMAKE_SOURCE_DIR}/cmake/Export.h.in ${generated_headers}/vemo/${name}/Export.h @ONLY)
+endfunction()
+
+# vemo_component(NAME [PUBLIC ...] [PRIVATE ...]): how find_package(vemo COMPONENTS NAME) finds
+# the library, and which of our libraries and of VTK's modules it needs. CMake
+# looks at what a library links privately, too.
+function(vemo_component name)
+  cmake_parse_arguments(ARG "" "" "PUBLIC;PRIVATE" ${ARGN})
+  set(ours ${ARG_PUBLIC} ${ARG_PRIVATE})
+  set(modules ${ours})
+  list(FILTER ours INCLUDE REGEX "^vemo_")
+  list(TRANSFORM ours REPLACE "^vemo_" "")
+  list(FILTER modules INCLUDE REGEX "^VTK::")
+  list(TRANSFORM modules REPLACE "^VTK::" "")
+  string(JOIN " " ours ${ours})
+  string(JOIN " " modules ${modules})
+  set_property(GLOBAL APPEND_STRING PROPERTY vemo_components
+    "set(vemo_${name}_components ${ours})\nset(vemo_${name}_vtk_modules ${modules})\n")
+  set_property(GLOBAL APPEND PROPERTY vemo_component_names ${name})
+  install(TARGETS vemo_${name} EXPORT vemo_${name})
+  install(EXPORT vemo_${name} NAMESPACE vemo:: FILE vemo-${name}.cmake DESTINATION ${package_folder})
+endfunction()
 
 # vemo_library(NAME SOURCE_ROOT DIR FOLDERS ... [PUBLIC ...] [PRIVATE ...])
 # The shared library vemo_NAME: all sources in the given folders below the source
@@ -24,14 +51,14 @@ function(vemo_library name)
   add_library(vemo::${name} ALIAS ${target})
   set_target_properties(${target} PROPERTIES
     EXPORT_NAME ${name} VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
-  generate_export_header(${target} EXPORT_FILE_NAME ${generated_headers}/vemo/${name}/Export.h)
+  vemo_export_header(${name})
   target_compile_features(${target} PUBLIC cxx_std_20)
   target_include_directories(${target} PUBLIC
     $<BUILD_INTERFACE:${public_headers}> $<BUILD_INTERFACE:${generated_headers}>
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
   target_link_libraries(${target} PUBLIC ${ARG_PUBLIC} PRIVATE $<BUILD_INTERFACE:vemo_options> ${ARG_PRIVATE})
   target_precompile_headers(${target} PRIVATE ${CMAKE_SOURCE_DIR}/cmake/precompiled.h)
-  install(TARGETS ${target} EXPORT vemo)
+  vemo_component(${name} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
   install(DIRECTORY ${public_headers}/vemo/${name} ${generated_headers}/vemo/${name}
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vemo FILES_MATCHING PATTERN "*.h")
 endfunction()

@@ -1,0 +1,52 @@
+#!/bin/bash
+# Builds examples/host against an installation, as another project does, and again
+# after the installation was moved:
+#   installed_host_test.sh SOURCE_FOLDER BUILD_FOLDER
+set -euo pipefail
+sources=$1 build=$2
+folder=$(mktemp -d)
+trap 'rm -rf -- "$folder"' EXIT
+fail() { echo "$*" >&2; exit 1; }
+
+build_and_run_host() { # BUILD_FOLDER PREFIX
+  local output
+  cmake -S "$folder/host" -B "$1" -G Ninja "-DCMAKE_PREFIX_PATH=$2" >"$folder/log" 2>&1 &&
+    cmake --build "$1" >>"$folder/log" 2>&1 || fail "$(cat "$folder/log")"
+  output=$("$1/host" "$sources/examples/wing.zip")
+  [[ $output == *" pieces of geometry" ]] || fail "the host prints \"$output\""
+}
+
+link_components() { # PREFIX COMPONENT ...
+  local prefix=$1
+  shift
+  rm -rf -- "$folder/components"
+  mkdir -- "$folder/components"
+  echo "int main() {}" >"$folder/components/main.cpp"
+  cat >"$folder/components/CMakeLists.txt" <<END
+cmake_minimum_required(VERSION 3.25)
+project(components LANGUAGES C CXX)
+find_package(vemo REQUIRED COMPONENTS $*)
+add_executable(components main.cpp)
+target_link_libraries(components PRIVATE ${*/#/vemo::})
+get_property(targets DIRECTORY PROPERTY IMPORTED_TARGETS)
+message(STATUS "targets: \${targets}")
+END
+  cmake -S "$folder/components" -B "$folder/components/build" -G Ninja "-DCMAKE_PREFIX_PATH=$prefix" 2>&1 &&
+    cmake --build "$folder/components/build" 2>&1
+}
+
+cmake --install "$build" --prefix "$folder/installed" >/dev/null
+cp -r -- "$sources/examples/host" "$folder/host"
+build_and_run_host "$folder/first" "$folder/installed"
+mv -- "$folder/installed" "$folder/moved"
+build_and_run_host "$folder/second" "$folder/moved"
+"$folder/moved/bin/vemoscene" info "$sources/examples/wing.zip" >/dev/null || fail "the moved program does not run"
+
+targets=$(link_components "$folder/moved" scenegraph render) || fail "$targets"
+[[ $targets == *vemo::render* && $targets != *vemo::import* && $targets != *vemo::window* ]] ||
+  fail "other components than those requested were found: $targets"
+[[ $targets != *Qt5::* ]] || fail "drawing needs Qt: $targets"
+if [[ -e $folder/moved/lib/cmake/vemo/vemo-window.cmake ]]; then
+  targets=$(link_components "$folder/moved" window) || fail "$targets"
+fi
+! link_components "$folder/moved" nonsense >/dev/null || fail "a component that does not exist was found"
