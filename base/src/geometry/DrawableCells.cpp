@@ -20,9 +20,12 @@ namespace {
 
 bool areLongEnough(vtkCellArray& cells, vtkIdType leastPoints) {
   return withIndices(*cells.GetOffsetsArray(), [leastPoints](auto offsets) {
-    return std::ranges::adjacent_find(offsets, [leastPoints](auto begin, auto end) {
-             return end - begin < leastPoints;
-           }) == offsets.end();
+    for (std::size_t i = 1; i < offsets.size(); ++i) {
+      if (offsets[i] - offsets[i - 1] < leastPoints) {
+        return false;
+      }
+    }
+    return true;
   });
 }
 

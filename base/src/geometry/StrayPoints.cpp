@@ -46,15 +46,18 @@ PointScan scanPoints(vtkPolyData& geometry) {
     return scan;
   }
   PointReader(*geometry.GetPoints()->GetData()).visit([&scan](const auto& points) {
+    // A local variable stays in registers.
+    Box bounds;
     for (vtkIdType i = 0; i < points.size(); ++i) {
       const Vector3 point = points[i];
       if (isFinite(point)) {
-        scan.bounds.add(point);
+        bounds.add(point);
       } else {
         scan.nonFinite.resize(static_cast<std::size_t>(points.size()));
         scan.nonFinite[static_cast<std::size_t>(i)] = true;
       }
     }
+    scan.bounds = bounds;
   });
   return scan;
 }
