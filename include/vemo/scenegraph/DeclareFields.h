@@ -17,7 +17,7 @@
 //     };
 //
 // The field is named after the member, without its underscore. Fields are
-// listed in the order of their declarations, which stands in files: a new one
+// listed in the order of their declarations, the order in files: a new one
 // goes to the end. A declaration leaves the class at "private:".
 
 namespace lum {

@@ -79,7 +79,7 @@ struct FieldKindTable {
 };
 
 /// The kinds of value that fields may have. A number is never changed nor used
-/// again, nor is what stands for the value in a file, which the comment says.
+/// again, nor is the form of the value in a file, which the comment describes.
 /// A new kind gets the next number, and with it the format a new version: a
 /// program that does not know a kind cannot skip its values.
 ///

@@ -5,7 +5,7 @@
 
 namespace lum {
 
-/// A place in a node for one node of a certain class that it owns.
+/// Holds one node of a certain class that another node owns.
 class VEMO_SCENEGRAPH_EXPORT OwnedSlot {
  public:
   OwnedSlot(const OwnedSlot&) = delete;
@@ -40,7 +40,7 @@ class Owned : public OwnedSlot {
   /// Null when empty.
   T* get() const { return static_cast<T*>(getNode()); }
 
-  /// The node in the slot, made, and named after its class, when there is none.
+  /// The node in the slot; created, and named after its class, when there is none.
   T& ensure(Node& owner) {
     if (getNode() == nullptr) {
       Ptr<T> node(new T(ClassNameAndSessionNodeInitializer(T::getClassName(), owner.getSessionId())));
@@ -51,8 +51,8 @@ class Owned : public OwnedSlot {
   }
 };
 
-/// A place in a node for a reference to a node that something else owns. Empty
-/// again once that node is gone.
+/// Refers to a node that something else owns. Empty again once that node is
+/// gone.
 class ReferenceSlot {
  public:
   ReferenceSlot(const ReferenceSlot&) = delete;

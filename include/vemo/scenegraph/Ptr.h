@@ -7,8 +7,8 @@
 
 namespace lum {
 
-/// The owning pointer to an Object, whatever its type. The new object is taken
-/// before the old one is given back, so that p = p->child is safe.
+/// The owning pointer to an Object, whatever its type. The new object is referenced
+/// before the old one is released, so that p = p->child is safe.
 class PtrBase {
  public:
   PtrBase() = default;

@@ -5,13 +5,13 @@
 
 namespace lum {
 
-/// One aspect of how a drawable or canvas looks. Attributes stand in the
+/// One aspect of how a drawable or canvas looks. Attributes are in the
 /// attributes collection of what they describe, at most one of each class.
 class VEMO_SCENEGRAPH_EXPORT Attributes : public Node {
  public:
   using Node::Node;
 
-  /// What these attributes describe; null while they stand in no collection.
+  /// What these attributes describe; null outside a collection.
   Node* getSubject() const { return getOwner() != nullptr ? getOwner()->getOwner() : nullptr; }
 
  protected:

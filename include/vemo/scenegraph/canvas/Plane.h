@@ -4,7 +4,7 @@
 
 namespace lum {
 
-/// A plane through an origin. What lies on the side that the normal points to
+/// A plane through an origin. What is on the side that the normal points to
 /// is kept. The normal need not have unit length.
 class VEMO_SCENEGRAPH_EXPORT Plane final : public Node {
   LUM_NODE(Plane, Node)

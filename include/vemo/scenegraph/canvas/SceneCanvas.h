@@ -3,7 +3,6 @@
 #include <vemo/scenegraph/canvas/BackgroundAttributes.h>
 #include <vemo/scenegraph/canvas/CameraAttributes.h>
 #include <vemo/scenegraph/canvas/Canvas.h>
-#include <vemo/scenegraph/canvas/CanvasPositionAttributes.h>
 #include <vemo/scenegraph/canvas/ClipPlanesAttributes.h>
 #include <vemo/scenegraph/canvas/LightingAttributes.h>
 

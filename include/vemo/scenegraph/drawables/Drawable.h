@@ -27,5 +27,3 @@ class VEMO_SCENEGRAPH_EXPORT Drawable : public CollectionNode, public Attributes
 };
 
 }  // namespace lum
-
-#include <vemo/scenegraph/drawables/DrawableCollection.h>

@@ -16,7 +16,7 @@
 
 namespace lum {
 
-/// Writes JSON to a stream as it is told, without holding the document:
+/// Writes JSON to a stream call by call, without holding the document:
 ///
 ///     json.beginObject();
 ///     json.key("size");
@@ -26,7 +26,7 @@ namespace lum {
 /// Errors of the stream are its owner's to notice.
 class VEMO_SCENEGRAPH_EXPORT JsonWriter {
  public:
-  /// How an object or array is laid out; what stands in a ONE_LINE one is on
+  /// How an object or array is laid out; what is in a ONE_LINE one is on
   /// that line as well.
   enum class Layout { LINES, ONE_LINE };
 
@@ -42,7 +42,7 @@ class VEMO_SCENEGRAPH_EXPORT JsonWriter {
   /// The next value's name in its object.
   void key(std::string_view name);
 
-  /// Bytes that are no UTF-8 are written as U+FFFD.
+  /// Bytes that are not UTF-8 are written as U+FFFD.
   void value(std::string_view text);
   void value(const char* text) { value(std::string_view(text)); }
   void value(bool truth);

@@ -9,7 +9,7 @@
 namespace lum::io {
 
 /// A file or stream that cannot be read or written. The text says what is
-/// wrong, in words for whoever gave us the file.
+/// wrong, in words for users.
 class VEMO_SCENEGRAPH_EXPORT FileError : public std::runtime_error {
  public:
   FileError(FileIoStatus status, const std::string& text);

@@ -14,7 +14,7 @@ namespace lum {
 /// any session (NO_SESSION) the stream itself keeps them as long as it lives.
 class VEMO_SCENEGRAPH_EXPORT NodeInputStream : public NodeStream {
  public:
-  /// Throws InternalError for a number that is no open session.
+  /// Throws InternalError for a number without an open session.
   explicit NodeInputStream(int sessionId);
   ~NodeInputStream() override;
 

@@ -18,7 +18,7 @@ class Node;
 /// and a text that says what is wrong in which file; broken files are never half read.
 ///
 /// Not everything that a later version wrote can be understood: a field that
-/// is unknown here is passed over; a node of an unknown class is left out with
+/// is unknown here is ignored; a node of an unknown class is left out with
 /// all that it owns, with a warning in the log; a field that the file does not
 /// have keeps its default.
 class VEMO_SCENEGRAPH_EXPORT SDBReader {
@@ -29,7 +29,7 @@ class VEMO_SCENEGRAPH_EXPORT SDBReader {
     std::string simUUID;
   };
 
-  /// One array of the file, as `vemoscene info` and `check` tell of it.
+  /// One array of the file, by its position.
   struct Array {
     std::uint64_t offset;
     std::uint64_t bytes;
@@ -47,7 +47,7 @@ class VEMO_SCENEGRAPH_EXPORT SDBReader {
   std::vector<Array> getArrays() const;
 
   /// Decodes a record's node with all that it owns, arrays included, in the
-  /// given session or in none. Whoever takes the pointer owns it.
+  /// given session or in none. The caller owns it.
   Ptr<Node> readNode(std::size_t record, int sessionId = NO_SESSION);
 
   /// Reads one array and checks it against its hash; throws like readNode.

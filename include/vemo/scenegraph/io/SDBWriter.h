@@ -11,9 +11,9 @@ namespace lum {
 class Node;
 
 /// Writes a scene-graph database. What it writes is in a temporary file beside
-/// the target until `close` moves it into place: whoever opens the target finds
-/// the old file or the whole new one. A writer that goes without `close` leaves
-/// nothing behind.
+/// the target until `close` moves it into place: other programs see the old
+/// file or the complete new one. A writer destroyed without `close` leaves nothing
+/// behind.
 ///
 /// Failures are statuses; their cause is logged. After one, `close` discards.
 class VEMO_SCENEGRAPH_EXPORT SDBWriter {
@@ -30,7 +30,7 @@ class VEMO_SCENEGRAPH_EXPORT SDBWriter {
   /// new one would be moved into its place.
   ///
   /// A target that exists keeps its permissions; one that is a link stays one,
-  /// and what it points at is written; one that is no regular file is refused.
+  /// and what it points at is written; one that is not a regular file is refused.
   io::FileIoStatus open(const std::wstring& path, bool append, bool keepExisting);
 
   /// Writes one record: a node and all that it owns. `recordNumber` receives

@@ -2,6 +2,7 @@
 #include <vemo/import/items/CoordinateSystemItem.h>
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/attributes/OrientationAttributes.h>
+#include <vemo/scenegraph/drawables/DrawableCollection.h>
 #include <vemo/scenegraph/drawables/TriadDrawable.h>
 
 #include <utility>

@@ -10,6 +10,7 @@
 #include <vemo/import/items/GeometryItem.h>
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/attributes/LineAttributes.h>
+#include <vemo/scenegraph/drawables/DrawableCollection.h>
 #include <vemo/scenegraph/drawables/PointSphereDrawable.h>
 #include <vemo/scenegraph/drawables/PolyLineDrawable.h>
 #include <vemo/scenegraph/drawables/SurfaceDrawable.h>

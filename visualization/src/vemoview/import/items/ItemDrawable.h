@@ -2,7 +2,7 @@
 
 #include <vemo/base/InternalError.h>
 #include <vemo/import/SceneItem.h>
-#include <vemo/scenegraph/drawables/Drawable.h>
+#include <vemo/scenegraph/drawables/DrawableCollection.h>
 
 namespace vemo {
 
