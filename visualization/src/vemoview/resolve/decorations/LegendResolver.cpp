@@ -18,7 +18,7 @@ namespace vemo {
 
 namespace {
 
-constexpr double LINE_HEIGHT = 0.03;
+constexpr double LEGEND_LINE_HEIGHT = 0.03;
 constexpr int MOST_LABELS = 100;
 
 const lum::LegendAttributes& defaultAttributes() {
@@ -62,7 +62,7 @@ std::optional<LegendDecoration> resolveLegend(const lum::LegendDrawable& legend)
                            ? attributes.getLabelFormat()
                            : defaultAttributes().getLabelFormat();
   result.style = resolveTextStyle(style);
-  result.lineHeight = resolveLineHeight(style, LINE_HEIGHT);
+  result.lineHeight = resolveLineHeight(style, LEGEND_LINE_HEIGHT);
   return result;
 }
 

@@ -8,7 +8,7 @@ namespace vemo {
 
 namespace {
 
-constexpr double LINE_HEIGHT = 0.04;
+constexpr double TEXT_LINE_HEIGHT = 0.04;
 
 }  // namespace
 
@@ -30,7 +30,7 @@ std::optional<TextDecoration> resolveText(const lum::TextDrawable& text, const I
   result.horizontal = static_cast<TextDecoration::Horizontal>(attributes->getHorizontalAlignment());
   result.vertical = static_cast<TextDecoration::Vertical>(attributes->getVerticalAlignment());
   result.style = resolveTextStyle(style);
-  result.lineHeight = resolveLineHeight(style, LINE_HEIGHT);
+  result.lineHeight = resolveLineHeight(style, TEXT_LINE_HEIGHT);
   return result;
 }
 
