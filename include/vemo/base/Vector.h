@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <compare>
@@ -19,11 +20,11 @@ struct Vector {
   /// The results of a function of each two elements with the same index.
   template <class Function>
   static constexpr Vector combine(const Vector& a, const Vector& b, const Function& function) {
-    // Loops of a fixed length are not always unrolled; this is.
-    return [&]<std::size_t... I>(std::index_sequence<I...>) {
-      return Vector{function(a[I], b[I])...};
-    }(std::make_index_sequence<N>());
+    return combineAt(a, b, function, std::make_index_sequence<N>());
   }
+
+  /// The sum of the squares of the elements.
+  constexpr T squaredLength() const { return sumOfSquares(std::make_index_sequence<N>()); }
 
   static constexpr std::size_t size() { return N; }
   constexpr T& operator[](std::size_t index) { return values[index]; }
@@ -50,7 +51,8 @@ struct Vector {
   constexpr Vector& operator+=(const Vector& other) { return *this = *this + other; }
 
   friend constexpr bool operator==(const Vector&, const Vector&) = default;
-  friend constexpr auto operator<=>(const Vector&, const Vector&) = default;
+  friend constexpr auto operator<=>(const Vector&, const Vector&) requires std::is_arithmetic_v<T>
+  = default;
 
   friend std::ostream& operator<<(std::ostream& out, const Vector& vector) {
     out << '(';
@@ -58,6 +60,20 @@ struct Vector {
       out << (i == 0 ? "" : ", ") << vector[i];
     }
     return out << ')';
+  }
+
+ private:
+  // Packs are always unrolled, unlike loops of a fixed length.
+
+  template <class Function, std::size_t... I>
+  static constexpr Vector combineAt(const Vector& a, const Vector& b, const Function& function,
+                                    std::index_sequence<I...> /*indices*/) {
+    return Vector{function(a[I], b[I])...};
+  }
+
+  template <std::size_t... I>
+  constexpr T sumOfSquares(std::index_sequence<I...> /*indices*/) const {
+    return (... + (values[I] * values[I]));
   }
 };
 
@@ -72,9 +88,7 @@ constexpr Vector3 toVector(const double* values) {
 template <std::size_t N, class T>
 requires std::is_floating_point_v<T>
 bool isFinite(const Vector<N, T>& vector) {
-  return [&vector]<std::size_t... I>(std::index_sequence<I...>) {
-    return (std::isfinite(vector[I]) && ...);
-  }(std::make_index_sequence<N>());
+  return std::ranges::all_of(vector, [](T value) { return std::isfinite(value); });
 }
 
 constexpr double dot(const Vector3& a, const Vector3& b) {
@@ -88,9 +102,7 @@ constexpr Vector3 cross(const Vector3& a, const Vector3& b) {
 /// The Euclidean length.
 template <std::size_t N, class T>
 requires std::is_floating_point_v<T> T length(const Vector<N, T>& vector) {
-  return [&vector]<std::size_t... I>(std::index_sequence<I...>) {
-    return std::sqrt((... + (vector[I] * vector[I])));
-  }(std::make_index_sequence<N>());
+  return std::sqrt(vector.squaredLength());
 }
 
 /// The vector divided by its length; zero when its length is exactly 0.

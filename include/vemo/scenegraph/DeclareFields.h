@@ -47,6 +47,8 @@ constexpr bool isNamedAfter(std::string_view member, std::string_view accessor) 
 
 }  // namespace lum
 
+// NOLINTBEGIN(bugprone-macro-parentheses): the arguments are types and names.
+
 /// Says the name of a node class and its base class.
 #define LUM_NODE(Class, Base)                     \
  public:                                          \
@@ -136,3 +138,5 @@ constexpr bool isNamedAfter(std::string_view member, std::string_view accessor) 
     return member.get();                                                                       \
   }                                                                                            \
   LUM_FIELD(::lum::Owned<Class>, member)
+
+// NOLINTEND(bugprone-macro-parentheses)

@@ -29,14 +29,14 @@ struct Key : KeyDescription {
     greatest = to;
     return std::move(*this);
   }
-  Key allowedIf(bool (*function)(std::string_view), std::string otherwise) && {
+  Key allowedIf(bool (*function)(std::string_view), const std::string& otherwise) && {
     isAllowed = function;
-    whyNotAllowed = std::move(otherwise);
+    whyNotAllowed = otherwise;
     return std::move(*this);
   }
   /// What the page says instead of the default value.
-  Key defaultingTo(std::string text) && {
-    defaultText = std::move(text);
+  Key defaultingTo(const std::string& text) && {
+    defaultText = text;
     return std::move(*this);
   }
 };
@@ -59,13 +59,13 @@ auto& access(auto& item) {
 }
 
 template <auto MEMBER, int COMPONENT = NONE>
-auto make(std::string name, WhenAbsent whenAbsent, std::string meaning) {
+auto make(const std::string& name, WhenAbsent whenAbsent, const std::string& meaning) {
   using Item = decltype(itemOf(MEMBER));
   using Value = std::remove_cvref_t<decltype(access<MEMBER, COMPONENT>(std::declval<Item&>()))>;
   Key<Item> made;
-  made.name = std::move(name);
+  made.name = name;
   made.whenAbsent = whenAbsent;
-  made.meaning = std::move(meaning);
+  made.meaning = meaning;
   made.type = typeName<Value>();
   made.read = [](Item& item, const ValueReader& values, const KeyDescription& key) {
     values.read(key, access<MEMBER, COMPONENT>(item));
