@@ -21,7 +21,7 @@ constexpr std::uint64_t FLAG_ENCRYPTED = 1;
 /// For minizip: entries are read as they are compressed.
 constexpr int RAW = 1;
 /// Of compressed bytes that are read at once.
-constexpr unsigned BLOCK_SIZE = 0x10000;
+constexpr std::uint64_t BLOCK_SIZE = 0x10000;
 
 /// A name's length is a 16-bit field.
 using NameBuffer = std::array<char, 0x10000>;
@@ -168,11 +168,13 @@ bool ZipFileReader::read(const std::string& name, char* buffer) const {
 
 bool ZipFileReader::readContent(const Entry& entry, char* buffer) const {
   const std::span content(buffer, static_cast<std::size_t>(entry.uncompressedSize));
-  std::vector<char> block(BLOCK_SIZE);
+  // Not set to zero: entries are often far smaller than a block.
+  const auto blockSize = static_cast<unsigned>(std::min<std::uint64_t>(entry.compressedSize, BLOCK_SIZE));
+  const auto block = std::make_unique_for_overwrite<char[]>(blockSize);
   const auto nextBlock = [&]() -> std::optional<std::span<const char>> {
-    const int count = unzReadCurrentFile(_handle.get(), block.data(), BLOCK_SIZE);
+    const int count = unzReadCurrentFile(_handle.get(), block.get(), blockSize);
     return count < 0 ? std::nullopt
-                     : std::optional(std::span<const char>(block).first(static_cast<std::size_t>(count)));
+                     : std::optional(std::span<const char>(block.get(), static_cast<std::size_t>(count)));
   };
   const auto count = findCompressionMethod(entry.method)->decompress(nextBlock, content);
   unzCloseCurrentFile(_handle.get());
