@@ -69,7 +69,7 @@ void TreePrinter::print(const lum::Node& root) {
   }
 }
 
-/// An attributes collection is passed over: what it owns stands in its place.
+/// An attributes collection is skipped: its nodes are printed in its place.
 TreePrinter::Level TreePrinter::makeLevel(const lum::Node& owner) const {
   Level level;
   for (const lum::Node* node : owner.getDependents()) {

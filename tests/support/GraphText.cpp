@@ -14,7 +14,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-/// More values of an array are not told one by one.
+/// Longer arrays are summarized instead of printed value by value.
 constexpr std::size_t MOST_VALUES = 40;
 
 Json toJson(const lum::Node& node) {
