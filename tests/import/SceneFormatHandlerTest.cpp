@@ -149,7 +149,7 @@ TEST_F(SceneFormatHandlerTest, DeletesItsTemporaryFilesAtExit) {
     EXPECT_EQ(line.find("Can not delete"), std::string::npos) << line;
     deleted += line.starts_with("Temporary file \"" + temporaryFolder.string()) ? 1 : 0;
   }
-  EXPECT_EQ(deleted, 3) << "whoever deletes again finds nothing, and says nothing";
+  EXPECT_EQ(deleted, 3) << "a second deletion finds nothing and reports nothing";
 }
 
 }  // namespace

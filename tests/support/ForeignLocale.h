@@ -5,7 +5,7 @@
 
 namespace vemo {
 
-/// As long as it lives, the process has a locale that writes 1234.5 as 1.234,5.
+/// During its lifetime, the process has a locale that writes 1234.5 as 1.234,5.
 class ForeignLocale {
  public:
   ForeignLocale() : _before(std::locale::global(std::locale(std::locale::classic(), new Comma))) {}

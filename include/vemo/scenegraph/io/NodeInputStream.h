@@ -11,7 +11,7 @@ namespace lum {
 
 /// The reading end of a connection. The nodes that it decodes live in a
 /// session, whose registry keeps the roots until the session ends; outside of
-/// any session (NO_SESSION) the stream itself keeps them as long as it lives.
+/// any session (NO_SESSION) the stream itself owns them.
 class VEMO_SCENEGRAPH_EXPORT NodeInputStream : public NodeStream {
  public:
   /// Throws InternalError for a number without an open session.
