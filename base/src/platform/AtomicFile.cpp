@@ -82,7 +82,7 @@ void AtomicFile::inspectTarget() {
     return;
   }
   if (!S_ISREG(status.st_mode)) {
-    throw FileWriteError(_target, "it is no regular file");
+    throw FileWriteError(_target, "it is not a regular file");
   }
   if (_keepExisting) {
     fail(EEXIST);

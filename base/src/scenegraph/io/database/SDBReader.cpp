@@ -26,7 +26,7 @@ std::ifstream openFile(const std::string& path) {
                         std::generic_category().message(error));
   }
   if (!S_ISREG(status.st_mode)) {
-    throw io::FileError(io::FileIoStatus::ReadError, "It is no regular file");
+    throw io::FileError(io::FileIoStatus::ReadError, "It is not a regular file");
   }
   std::ifstream file(path, std::ios::binary);
   if (!file) {
