@@ -2,7 +2,9 @@
 
 #include <vemo/base/InternalError.h>
 
+#include <CLI/CLI.hpp>
 #include <map>
+#include <string>
 
 namespace vemo {
 
@@ -24,6 +26,15 @@ void Subcommand::addAll(CLI::App& app, Command& command) {
   for (const auto& [position, add] : getRegistered()) {
     add(app, command);
   }
+}
+
+void addFailOnOption(CLI::App& app, Command& command) {
+  const std::string description = "Exit with 1 if there are findings of this severity or a worse one";
+  app.add_option_function<std::string>(
+         "--fail-on", [&command](const std::string& name) { command.failOn = parseSeverity(name); },
+         description)
+      ->option_text("note|changed|lost")
+      ->check(CLI::IsMember({"note", "changed", "lost"}));
 }
 
 }  // namespace vemo

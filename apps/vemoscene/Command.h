@@ -1,6 +1,9 @@
 #pragma once
 
+#include <vemo/scenegraph/Finding.h>
+
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -16,7 +19,12 @@ struct Command {
   std::string file;
   /// Runs the command; exceptions are its failures.
   std::function<void()> run;
+  /// Findings of this severity, or worse ones, make the command fail.
+  std::optional<Severity> failOn = std::nullopt;
 };
+
+/// Adds the option --fail-on to a subcommand.
+void addFailOnOption(CLI::App& app, Command& command);
 
 /// A subcommand registers itself by a constant in its own file, so that a new one
 /// is a new file in commands/ and nothing else:

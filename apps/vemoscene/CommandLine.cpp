@@ -77,6 +77,9 @@ ExitCode runCommandLine(int argc, char** argv) {
     if (command.run) {
       refusePipe(command.file);
       command.run();
+      if (command.failOn && worstFinding() >= command.failOn) {
+        return ExitCode::FOUND;
+      }
     }
     return code;
   } catch (...) {

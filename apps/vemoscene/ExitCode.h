@@ -9,6 +9,7 @@ namespace vemo {
 /// lum::io::FileIoStatus, from 64 on those of <sysexits.h>.
 enum class ExitCode : int {
   DONE = 0,
+  FOUND = 1,
   NOT_FOUND = 2,
   UNSUPPORTED_FORMAT = 3,
   READ_ERROR = 5,

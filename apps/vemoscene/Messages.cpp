@@ -1,6 +1,7 @@
 #include "Messages.h"
 
 #include <vemo/base/PrintableText.h>
+#include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/Logger.h>
 
 #include <algorithm>
@@ -24,6 +25,24 @@ bool isTerminal() {
 void writeError(std::string_view text) {
   const std::string whole = isTerminal() ? fmt::format("{}{}", CLEAR_LINE, text) : std::string(text);
   [[maybe_unused]] const auto written = write(STDERR_FILENO, whole.data(), whole.size());
+}
+
+std::optional<Severity>& worst() {
+  static std::optional<Severity> severity;
+  return severity;
+}
+
+void setFindingSink(const Findings::Sink& sink) {
+  Findings::getSingleton().setSink([sink](const Finding& finding) {
+    worst() = std::max(worst(), std::optional(finding.getSeverity()));
+    sink(finding);
+  });
+}
+
+void show(const Finding& finding) {
+  if (finding.getSeverity() > Severity::NOTE) {
+    showMessage(describe(finding));
+  }
 }
 
 std::string withLineBreaks(std::string_view text) {
@@ -51,15 +70,22 @@ void showLog() {
   Logger& logger = Logger::getSingleton();
   logger.setFlags(Logger::WARNING_FLAG | Logger::ERROR_FLAG);
   logger.setSink([](const std::string& line) { showMessage(line); });
+  setFindingSink(show);
+}
+
+std::optional<Severity> worstFinding() {
+  return worst();
 }
 
 LogKeeper::LogKeeper() {
-  Logger::getSingleton().setSink([this](const std::string& line) { _lines.push_back(line); });
+  Logger::getSingleton().setSink([this](const std::string& line) { _log.lines.push_back(line); });
+  setFindingSink([this](const Finding& finding) { _log.findings.push_back(finding); });
 }
 
 LogKeeper::~LogKeeper() {
   showLog();
-  for (const std::string& line : _lines) {
+  std::ranges::for_each(_log.findings, show);
+  for (const std::string& line : _log.lines) {
     showMessage(line);
   }
 }

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <vemo/scenegraph/Finding.h>
+
 #include <condition_variable>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -14,24 +17,33 @@ namespace vemo {
 /// "<br>" is a line break; an empty message is not written.
 void showMessage(std::string_view message);
 
-/// Shows the warnings and errors that the libraries log. Must be called before
-/// any other function of theirs.
+/// Shows the findings of the libraries, but for notes, and the warnings and
+/// errors that they log. Must be called before any other function of theirs.
 void showLog();
 
-/// During its lifetime, collects logged warnings and errors instead of showing
-/// them, for a command that includes them in its result. The destructor shows
-/// those that were not taken.
+/// The worst finding so far, shown or not; none without any.
+std::optional<Severity> worstFinding();
+
+/// During its lifetime, collects findings, and logged warnings and errors,
+/// instead of showing them, for a command that includes them in its result. The
+/// destructor shows those that were not taken.
 class LogKeeper {
  public:
+  struct Log {
+    std::vector<Finding> findings;
+    /// What is not a finding.
+    std::vector<std::string> lines;
+  };
+
   LogKeeper();
   ~LogKeeper();
   LogKeeper(const LogKeeper&) = delete;
   LogKeeper& operator=(const LogKeeper&) = delete;
 
-  std::vector<std::string> take() { return std::exchange(_lines, {}); }
+  Log take() { return std::exchange(_log, {}); }
 
  private:
-  std::vector<std::string> _lines;
+  Log _log;
 };
 
 /// During its lifetime, shows what the program is doing when that takes longer

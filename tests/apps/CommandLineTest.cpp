@@ -181,12 +181,19 @@ TEST_F(CommandLineTest, TellsWhatReadingLeavesOut) {
   description.insert(description.find("<geometry"), "<vectors name=\"wind\"/><streamlines name=\"paths\"/>");
   makeArchive(description).write(_folder / "more.zip");
   const ProgramResult result = run({"info", "more.zip"});
-  EXPECT_THAT(result.out, HasSubstr("  Items of the kind \"vectors\" are not shown, item scene/wind\n"));
-  EXPECT_THAT(result.out, HasSubstr("  Items of the kind \"streamlines\" are not shown, item scene/paths\n"));
+  EXPECT_THAT(result.out, HasSubstr("  lost: Items of the kind \"vectors\" are not shown (kind-not-shown; "
+                                    "item scene/wind, line 5 of the scene description)\n"));
   EXPECT_EQ(result.err, "") << "once is enough";
-  const json warnings = json::parse(run({"info", "more.zip", "--json"}).out)["warnings"];
-  ASSERT_EQ(warnings.size(), 2U);
-  EXPECT_EQ(warnings[1], "Items of the kind \"streamlines\" are not shown, item scene/paths");
+  const json content = json::parse(run({"info", "more.zip", "--json"}).out);
+  ASSERT_EQ(content["warnings"].size(), 2U);
+  EXPECT_EQ(content["warnings"][1], "Items of the kind \"streamlines\" are not shown, item scene/paths");
+  EXPECT_EQ(content["findings"][1]["code"], "kind-not-shown");
+  EXPECT_EQ(content["findings"][1]["severity"], "lost");
+  EXPECT_EQ(content["findings"][1]["itemPath"], "scene/paths");
+  EXPECT_EQ(run({"convert", "more.zip", "more.sdb", "--fail-on", "changed"}).exitCode, 1);
+  EXPECT_TRUE(fs::exists(_folder / "more.sdb"));
+  EXPECT_EQ(run({"info", "more.sdb", "--fail-on", "note"}).exitCode, 0);
+  EXPECT_EQ(run({"info", "more.zip", "--fail-on", "all"}).exitCode, 64);
   EXPECT_TRUE(json::parse(run({"info", "scene.zip", "--json"}).out)["warnings"].empty());
   DatabaseBytes newer(readFile(_folder / "scene.sdb"));
   newer.replaceInIndex("MeshAttributes", "WarpAttributes");

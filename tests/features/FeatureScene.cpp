@@ -129,7 +129,7 @@ FeatureScene::FeatureScene(const std::string& children, const std::string& attri
   makeArchive().text("scene.xml", sceneXml(VIEW + children, attributes)).write(path);
   SceneFileReader reader{ZipFileReader(wide(path))};
   reader.read(_items);
-  EXPECT_EQ(reader.getWarnings().size(), 0U);
+  EXPECT_EQ(reader.getFindings().size(), 0U);
   _node = load(wide(path));
 }
 

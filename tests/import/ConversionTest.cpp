@@ -65,7 +65,7 @@ class Conversion : public SceneFixture, public testing::WithParamInterface<std::
     }
     takeLog();
     const std::string failure = failureOf([&] { convert(children); });
-    std::string result = warningsAndLog();
+    std::string result = findingsAndLog();
     result += failure.empty() ? graphText(*_sceneNode) : "failure: " + onOneLine(failure) + "\n";
     _archive = archive;
     return result;
@@ -89,11 +89,11 @@ class Conversion : public SceneFixture, public testing::WithParamInterface<std::
     }
   }
 
-  std::string warningsAndLog() {
+  std::string findingsAndLog() {
     std::string text;
-    for (const SceneWarning& warning : _reader->getWarnings()) {
-      text += "warning: " + warning.text + " | " + warning.itemPath + ":" + std::to_string(warning.line) +
-              ":" + warning.entry + "\n";
+    for (const Finding& finding : _reader->getFindings()) {
+      text += finding.getKind().name + ": " + finding.text + " | " + finding.itemPath + ":" +
+              std::to_string(finding.line) + ":" + finding.entry + "\n";
     }
     for (const std::string& line : takeLog()) {
       text += _isLogWanted ? "log: " + onOneLine(line) + "\n" : "";

@@ -171,25 +171,27 @@ TEST_F(SceneFileReaderTest, NamesTheItemThatFails) {
   }
 }
 
-TEST_F(SceneFileReaderTest, KeepsWarningsWithTheirPlace) {
+TEST_F(SceneFileReaderTest, KeepsFindingsWithTheirPlace) {
   SceneFileReader reader = open(ArchiveBuilder().text("x", ""));
   const std::string longName = repeated("\xC3\xA9", 100);
   {
     const SceneFileReader::ItemScope scene(&reader, "scene", 1);
     const SceneFileReader::ItemScope item(&reader, "x" + longName, 7);
-    reader.addWarning("left out", "c.bin");
+    reader.report(FindingCode::ARRAY_LEFT_OUT, "left out", "c.bin");
   }
-  ASSERT_EQ(reader.getWarnings().size(), 1u);
-  const SceneWarning first = reader.getWarnings()[0];
+  ASSERT_EQ(reader.getFindings().size(), 1u);
+  const Finding first = reader.getFindings()[0];
   EXPECT_EQ(first.text, "left out");
   EXPECT_EQ(first.entry, "c.bin");
   EXPECT_EQ(first.itemPath, "scene/x" + longName.substr(0, 58) + "...");
   EXPECT_EQ(first.line, 7);
-  for (std::size_t i = 0; i < 2 * SceneFileReader::MAX_WARNINGS; ++i) {
-    reader.addWarning("again");
+  for (std::size_t i = 0; i < 2 * SceneFileReader::MAX_FINDINGS; ++i) {
+    reader.report(FindingCode::VALUE_IGNORED, "again");
   }
-  ASSERT_EQ(reader.getWarnings().size(), SceneFileReader::MAX_WARNINGS + 1);
-  EXPECT_EQ(reader.getWarnings().back().text, "Further warnings are left out");
+  ASSERT_EQ(reader.getFindings().size(), SceneFileReader::MAX_FINDINGS + 2);
+  EXPECT_EQ(reader.getFindings().back().text, "Further findings of this kind are not listed");
+  reader.report(FindingCode::ARRAY_LEFT_OUT, "of another kind");
+  EXPECT_EQ(reader.getFindings().back().text, "of another kind");
 }
 
 }  // namespace

@@ -32,7 +32,11 @@ void addConvertCommand(CLI::App& app, Command& command) {
       "convert", "Convert a scene archive to a scene-graph database; a database is checked and copied");
   convertApp->add_option("FILE", options->file, "The scene archive or database to read")->required();
   convertApp->add_option("OUT", options->output, "The database to write, usually NAME.sdb")->required();
-  convertApp->callback([options, &command] { command = {options->file, [options] { convert(*options); }}; });
+  addFailOnOption(*convertApp, command);
+  convertApp->callback([options, &command] {
+    command.file = options->file;
+    command.run = [options] { convert(*options); };
+  });
 }
 
 const Subcommand CONVERT(2, addConvertCommand);

@@ -1,4 +1,5 @@
 #include "Command.h"
+#include "FindingPrinter.h"
 #include "LoadedScene.h"
 #include "Messages.h"
 #include "ResultStream.h"
@@ -31,16 +32,33 @@ struct InfoArguments {
   bool values = false;
 };
 
-/// A scene and the warnings logged while it was read.
+/// A scene and what was reported while it was read.
 struct Contents {
   LoadedScene scene;
-  std::vector<std::string> warnings;
+  LogKeeper::Log log;
 };
 
 Contents load(const std::string& file) {
   LogKeeper log;
   LoadedScene scene(file);
   return {std::move(scene), log.take()};
+}
+
+/// Beside the findings for programs that know only these texts.
+void printWarnings(lum::JsonWriter& json, const LogKeeper::Log& log) {
+  json.key("warnings");
+  json.beginArray();
+  for (const Finding& finding : log.findings) {
+    if (finding.getSeverity() > Severity::NOTE) {
+      json.value(fmt::format("{}{}{}", finding.text,
+                             finding.entry.empty() ? "" : fmt::format(", entry '{}'", finding.entry),
+                             finding.itemPath.empty() ? "" : fmt::format(", item {}", finding.itemPath)));
+    }
+  }
+  for (const std::string& line : log.lines) {
+    json.value(line);
+  }
+  json.endArray();
 }
 
 void printJson(std::ostream& out, const Contents& contents, const InfoArguments& options) {
@@ -53,12 +71,8 @@ void printJson(std::ostream& out, const Contents& contents, const InfoArguments&
   json.beginObject();
   print("path", options.file);
   print("format", scene.isZipped() ? "ZippedScene" : "SceneDatabase");
-  json.key("warnings");
-  json.beginArray();
-  for (const std::string& warning : contents.warnings) {
-    json.value(warning);
-  }
-  json.endArray();
+  printFindings(json, contents.log.findings);
+  printWarnings(json, contents.log);
   json.key("records");
   json.beginArray();
   for (const LoadedScene::Record& record : scene.getRecords()) {
@@ -103,12 +117,15 @@ std::string describeGeometry(lum::Node& root) {
                      lum::groupDigits(counts.getPoints()), lum::groupDigits(counts.getCells()));
 }
 
-void printWarnings(std::ostream& out, const std::vector<std::string>& warnings) {
-  if (!warnings.empty()) {
-    out << "\nWarnings:\n";
+void printLog(std::ostream& out, const LogKeeper::Log& log) {
+  if (!log.findings.empty() || !log.lines.empty()) {
+    out << "\nFindings:\n";
   }
-  for (const std::string& warning : warnings) {
-    out << "  " << toPrintable(warning) << '\n';
+  for (const Finding& finding : log.findings) {
+    out << "  " << toPrintable(describe(finding)) << '\n';
+  }
+  for (const std::string& line : log.lines) {
+    out << "  " << toPrintable(line) << '\n';
   }
 }
 
@@ -122,7 +139,7 @@ void printText(std::ostream& out, const Contents& contents, const InfoArguments&
   if (scene.isZipped()) {
     printEntries(out, options.file);
   }
-  printWarnings(out, contents.warnings);
+  printLog(out, contents.log);
   for (const LoadedScene::Record& record : scene.getRecords()) {
     out << '\n';
     if (!scene.isZipped()) {
@@ -151,7 +168,11 @@ void addInfoCommand(CLI::App& app, Command& command) {
   infoApp->add_option("FILE", options->file, "The scene archive or database to read")->required();
   infoApp->add_flag("--json", options->json, "Print one JSON object, for programs");
   infoApp->add_flag("--values", options->values, "Include all values of data arrays (implies --json)");
-  infoApp->callback([options, &command] { command = {options->file, [options] { info(*options); }}; });
+  addFailOnOption(*infoApp, command);
+  infoApp->callback([options, &command] {
+    command.file = options->file;
+    command.run = [options] { info(*options); };
+  });
 }
 
 const Subcommand INFO(1, addInfoCommand);

@@ -70,7 +70,11 @@ void addRenderCommand(CLI::App& app, Command& command) {
                                          })
       ->option_text("WxH")
       ->description("Width and height of the picture in pixels (default 1024x768)");
-  renderApp->callback([options, &command] { command = {options->file, [options] { render(*options); }}; });
+  addFailOnOption(*renderApp, command);
+  renderApp->callback([options, &command] {
+    command.file = options->file;
+    command.run = [options] { render(*options); };
+  });
 }
 
 const Subcommand RENDER(3, addRenderCommand);

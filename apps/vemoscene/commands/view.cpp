@@ -45,7 +45,10 @@ void addViewCommand(CLI::App& app, Command& command) {
   CLI::App* const viewApp =
       app.add_subcommand("view", "Open a window to explore a scene: rotate, pan, zoom, hide and pick");
   viewApp->add_option("FILE", *file, "The scene archive or database to read")->required();
-  viewApp->callback([file, &command] { command = {*file, [file] { view(*file); }}; });
+  viewApp->callback([file, &command] {
+    command.file = *file;
+    command.run = [file] { view(*file); };
+  });
 }
 
 const Subcommand VIEW(4, addViewCommand);

@@ -24,9 +24,13 @@ class VEMO_IMPORT_EXPORT SceneItem : public Readable {
 
   const std::string& getName() const { return _name; }
 
-  /// What an element is called in the path of an item: by its name, or by its
-  /// kind when it has none.
+  /// What the item is called in the path of an item: by its name, or by the kind
+  /// of its element when it has none.
+  const std::string& getPathName() const { return _name.empty() ? _kind : _name; }
   static const std::string& pathName(const QxElement& element);
+  /// Of the scene description, where the item's element starts; 0 for items made
+  /// in code.
+  int getLine() const { return _line; }
 
  protected:
   void readImpl(const QxElement& element, SceneFileReader* reader);
@@ -35,6 +39,8 @@ class VEMO_IMPORT_EXPORT SceneItem : public Readable {
   static inline const std::string XML_ATTRIB_NAME = "name";
 
   std::string _name;
+  std::string _kind;
+  int _line = 0;
 };
 
 }  // namespace vemo

@@ -6,6 +6,7 @@ namespace vemo {
 
 class Colormap;
 class Colormaps;
+class ReadingContext;
 
 /// State passed from an item to its siblings and children during conversion.
 struct SharedBySiblings {
@@ -15,6 +16,9 @@ struct SharedBySiblings {
   /// The scene being filled by the conversion, for objects outside the item's
   /// collection: camera, lights, triads, legends.
   lum::Ptr<lum::SceneNode> sceneNode;
+
+  /// Names the item in findings; null for a conversion that a host started.
+  ReadingContext* context = nullptr;
 
   /// Colours the data in the assembly being converted: outer colormaps take
   /// precedence over inner ones. Null when there is none.

@@ -1,4 +1,5 @@
 #include <vemo/import/Exception.h>
+#include <vemo/scenegraph/Finding.h>
 
 #include <utility>
 
@@ -36,18 +37,7 @@ void Exception::setLine(int line) {
 }
 
 std::string Exception::getPlace() const {
-  std::string place;
-  const auto add = [&place](const std::string& text) { place += (place.empty() ? "" : ", ") + text; };
-  if (!_itemPath.empty()) {
-    add("item " + _itemPath);
-  }
-  if (_line > 0) {
-    add("line " + std::to_string(_line) + " of the scene description");
-  }
-  if (!_entry.empty()) {
-    add("entry '" + _entry + "'");
-  }
-  return place;
+  return describePlace(_itemPath, _line, _entry);
 }
 
 }  // namespace vemo

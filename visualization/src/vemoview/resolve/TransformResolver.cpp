@@ -1,7 +1,7 @@
 #include "vemoview/resolve/TransformResolver.h"
 
 #include <vemo/base/Vector.h>
-#include <vemo/scenegraph/Logger.h>
+#include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/transforms/PeriodicRepeatTransform.h>
 #include <vemo/scenegraph/transforms/SimpleTransform.h>
 #include <vemo/scenegraph/transforms/SymmetricTransform.h>
@@ -74,6 +74,11 @@ InstanceTransform reflection(const Vector<4, double>& plane) {
   return result;
 }
 
+void reportRepeatsLimited(std::size_t count) {
+  reportFinding(FindingCode::REPEATS_LIMITED, "Of " + std::to_string(count) + " repeats only the first " +
+                                                  std::to_string(MOST_INSTANCES) + " are shown");
+}
+
 /// Each transformed against the one before, until one cannot be seen.
 InstanceTransforms repetitions(const InstanceTransform& step, std::int32_t count) {
   InstanceTransforms result{IDENTITY};
@@ -81,7 +86,7 @@ InstanceTransforms repetitions(const InstanceTransform& step, std::int32_t count
     return result;
   }
   if (count > static_cast<std::int64_t>(MOST_INSTANCES)) {
-    VEMO_LOG_WARNING("Of " << count << " repeats only the first " << MOST_INSTANCES << " are shown");
+    reportRepeatsLimited(static_cast<std::size_t>(count));
   }
   const auto wanted = std::min(static_cast<std::size_t>(std::max(count, 1)), MOST_INSTANCES);
   while (result.size() < wanted) {
@@ -126,8 +131,7 @@ SharedInstanceTransforms resolveTransforms(const lum::Transform* transform,
     return std::make_shared<const InstanceTransforms>(std::move(own));
   }
   if (owner->size() * own.size() > MOST_INSTANCES) {
-    VEMO_LOG_WARNING("Of " << owner->size() * own.size() << " repeats only the first " << MOST_INSTANCES
-                           << " are shown");
+    reportRepeatsLimited(owner->size() * own.size());
   }
   InstanceTransforms result;
   for (const InstanceTransform& outer : *owner) {

@@ -3,7 +3,7 @@
 #include "scenegraph/inspect/NodeDescription.h"
 #include "scenegraph/io/codec/GraphFormat.h"
 #include <vemo/scenegraph/CollectionNode.h>
-#include <vemo/scenegraph/Logger.h>
+#include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/Owned.h>
 #include <vemo/scenegraph/Traversal.h>
 #include <vemo/scenegraph/drawables/PolyDataNode.h>
@@ -183,8 +183,8 @@ void GraphEncoder::encodeReferences(Node& root) {
     if (found != _targets.end()) {
       target = found->second;
     } else if (!_findElsewhere || !_findElsewhere(*row.target, target)) {
-      VEMO_LOG_WARNING("A reference to " << describeNode(*row.target)
-                                         << " leaves the graph and is not written");
+      vemo::reportFinding(vemo::FindingCode::REFERENCE_LOST, "A reference to " + describeNode(*row.target) +
+                                                                 " leaves the graph and is not written");
       continue;
     }
     rows.number(row.node);

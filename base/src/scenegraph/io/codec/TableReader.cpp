@@ -2,7 +2,7 @@
 
 #include "scenegraph/io/codec/GraphFormat.h"
 #include "scenegraph/io/codec/TableWriter.h"
-#include <vemo/scenegraph/Logger.h>
+#include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/NodeFactory.h>
 #include <vemo/scenegraph/io/FileError.h>
 
@@ -97,8 +97,8 @@ FileClass TableReader::readClass(ByteReader& in) {
 void TableReader::matchFields(FileClass& fileClass, const std::vector<std::string>& names) {
   const Ptr<Node> fresh = createNode(ClassNameNodeInitializer(fileClass.name));
   if (!fresh) {
-    VEMO_LOG_WARNING("The file has nodes of class " << fileClass.name
-                                                    << ", which is unknown here; they are left out");
+    vemo::reportFinding(vemo::FindingCode::CLASS_UNKNOWN, "The file has nodes of class " + fileClass.name +
+                                                              ", which is unknown here; they are left out");
     return;
   }
   FieldList own;
@@ -120,8 +120,9 @@ void TableReader::matchFields(FileClass& fileClass, const std::vector<std::strin
       ++index;
     }
     if (field.index == FileField::NONE) {
-      VEMO_LOG_WARNING("The field " << names[i] << " of class " << fileClass.name
-                                    << " is unknown here; it is left out");
+      vemo::reportFinding(
+          vemo::FindingCode::FIELD_UNKNOWN,
+          "The field " + names[i] + " of class " + fileClass.name + " is unknown here; it is left out");
     }
   }
 }

@@ -1,4 +1,4 @@
-#include <vemo/scenegraph/Logger.h>
+#include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/io/FileError.h>
 #include <vemo/scenegraph/io/NodeStream.h>
 #include <vemo/scenegraph/io/SceneGraphReader.h>
@@ -19,7 +19,7 @@ bool SceneGraphReader::load(Read read, std::istream& in) {
     (_stream.*read)(in);
   } catch (const io::FileError& error) {
     _error = error.what();
-    VEMO_LOG_WARNING(_error);
+    vemo::reportFinding(vemo::FindingCode::STREAM_INVALID, _error);
   }
   return _error.empty();
 }

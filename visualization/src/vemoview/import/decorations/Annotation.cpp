@@ -1,8 +1,8 @@
 #include "vemoview/import/items/ItemDrawable.h"
 #include "vemoview/import/reading/KeyTable.h"
+#include "vemoview/import/reading/ReadingContext.h"
 #include <vemo/import/SharedBySiblings.h>
 #include <vemo/import/items/Annotation.h>
-#include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/drawables/TextDrawable.h>
 
 #include <utility>
@@ -41,7 +41,8 @@ void Annotation::read(const QxElement& element, SceneFileReader* reader) {
 void Annotation::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int /*level*/,
                                  const std::string& /*parentName*/) const {
   if (_text.empty()) {
-    VEMO_LOG_WARNING("The annotation \"" << getName() << "\" has no text and is left out");
+    report(shared.context, FindingCode::ANNOTATION_WITHOUT_TEXT,
+           "The annotation \"" + getName() + "\" has no text and is left out");
     return;
   }
   const bool inWindow = _mode == lum::CoordinateSpace::WINDOW;

@@ -7,7 +7,6 @@
 #include <vemo/import/QxElement.h>
 #include <vemo/import/SharedBySiblings.h>
 #include <vemo/import/items/Image.h>
-#include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/drawables/ImageDrawable.h>
 
 #include <vtkUnsignedCharArray.h>
@@ -122,7 +121,8 @@ void Image::readPixels(const PixelSource& source, const SceneFileReader& reader)
 void Image::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int /*level*/,
                             const std::string& /*parentName*/) const {
   if (!_pixels) {
-    VEMO_LOG_WARNING("The image \"" << getName() << "\" has no pixels and is left out");
+    report(shared.context, FindingCode::IMAGE_WITHOUT_PIXELS,
+           "The image \"" + getName() + "\" has no pixels and is left out");
     return;
   }
   const bool inWindow = _space == lum::CoordinateSpace::WINDOW;

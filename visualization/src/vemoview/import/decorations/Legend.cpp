@@ -1,10 +1,10 @@
 #include "scenegraph/attributes/NumberFormat.h"
 #include "vemoview/import/reading/KeyTable.h"
+#include "vemoview/import/reading/ReadingContext.h"
 #include <vemo/import/SharedBySiblings.h>
 #include <vemo/import/items/Colormap.h>
 #include <vemo/import/items/Colormaps.h>
 #include <vemo/import/items/Legend.h>
-#include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/drawables/LegendDrawable.h>
 
 #include <utility>
@@ -70,8 +70,9 @@ const Colormap* Legend::chooseColormap(const SharedBySiblings& shared,
   }
   const Colormap* const named = shared.assemblyColormaps->find(_colormapName);
   if (named == nullptr) {
-    VEMO_LOG_WARNING("The legend of \"" << assemblyName << "\" names a colormap \"" << _colormapName
-                                        << "\" that is not there");
+    report(shared.context, FindingCode::COLORMAP_UNKNOWN,
+           "The legend of \"" + assemblyName + "\" names a colormap \"" + _colormapName +
+               "\" that does not exist");
   }
   return named != nullptr ? named : shared.colormap;
 }
@@ -80,7 +81,8 @@ void Legend::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& 
                              const std::string& parentName) const {
   const Colormap* const colormap = chooseColormap(shared, parentName);
   if (colormap == nullptr) {
-    VEMO_LOG_WARNING("The legend of \"" << parentName << "\" has no colormap and is left out");
+    report(shared.context, FindingCode::LEGEND_WITHOUT_COLORMAP,
+           "The legend of \"" + parentName + "\" has no colormap and is left out");
     return;
   }
   auto& drawable = collection.findOrCreate<lum::LegendDrawable>(getName().empty() ? parentName : getName());

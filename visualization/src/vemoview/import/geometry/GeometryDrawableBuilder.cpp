@@ -42,7 +42,7 @@ Vector<3, double> centerOf(vtkPolyData& polyData) {
   vtkPoints* const points = polyData.GetPoints();
   const Box bounds = points != nullptr ? finiteBounds(*points->GetData()) : Box();
   if (bounds.isEmpty()) {
-    VEMO_LOG_WARNING("Investigate this case. Probably, should be caught earlier.");
+    VEMO_LOG_INFO("Investigate this case. Probably, should be caught earlier.");
     return {};
   }
   return bounds.center();

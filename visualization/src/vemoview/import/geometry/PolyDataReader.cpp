@@ -74,10 +74,11 @@ void PolyDataReader::readCells(CellKind kind, const std::string& entry) {
     failOutside(*imported.indexOutside, pointCount, entry);
   }
   if (!imported.dropped.empty()) {
-    _context.addWarning(std::to_string(imported.dropped.size()) + " of " + std::to_string(imported.listed) +
-                            " cells have fewer than " + std::to_string(traitsOf(kind).leastPoints) +
-                            " points and are left out",
-                        entry);
+    _context.report(FindingCode::CELLS_LEFT_OUT,
+                    std::to_string(imported.dropped.size()) + " of " + std::to_string(imported.listed) +
+                        " cells have fewer than " + std::to_string(traitsOf(kind).leastPoints) +
+                        " points and are left out",
+                    entry);
   }
   traitsOf(kind).set(_polyData, imported.cells);
 }
@@ -93,7 +94,8 @@ vtkSmartPointer<vtkFloatArray> PolyDataReader::readValues(const GeometryArray& a
   const int components = array.components;
   ArrayOwner<float> values(_archive.readFloatBuffer(entry));
   const auto leaveOut = [&](const std::string& reason) {
-    _context.addWarning("The array \"" + array.name + "\" is left out: " + reason, entry);
+    _context.report(FindingCode::ARRAY_LEFT_OUT, "The array \"" + array.name + "\" is left out: " + reason,
+                    entry);
     return nullptr;
   };
   // An empty array could claim any number of components.

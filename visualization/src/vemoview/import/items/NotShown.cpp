@@ -7,7 +7,8 @@ namespace vemo {
 
 void warnNotShown(const QxElement& element, SceneFileReader* reader) {
   if (reader != nullptr) {
-    reader->addWarning("Items of the kind \"" + element.getName() + "\" are not shown");
+    reader->report(FindingCode::KIND_NOT_SHOWN,
+                   "Items of the kind \"" + element.getName() + "\" are not shown");
   }
 }
 

@@ -21,6 +21,8 @@ void SceneItem::read(const QxElement& element, SceneFileReader* reader) {
 }
 
 void SceneItem::readImpl(const QxElement& element, SceneFileReader* reader) {
+  _kind = element.getName();
+  _line = element.getLine();
   KEYS.read(*this, element, reader);
 }
 

@@ -2,7 +2,7 @@
 
 #include <vemo/base/InternalError.h>
 #include <vemo/import/Exception.h>
-#include <vemo/scenegraph/Logger.h>
+#include <vemo/scenegraph/Findings.h>
 
 #include <exception>
 
@@ -73,19 +73,26 @@ void ReadingContext::addPlaceTo(Error& error) const {
   }
 }
 
-void ReadingContext::addWarning(const std::string& text, const std::string& entry) {
-  if (_warnings.size() > MAX_WARNINGS) {
+void ReadingContext::report(FindingCode code, const std::string& text, const std::string& entry) {
+  std::size_t& count = _counts[code];
+  if (count > MAX_FINDINGS) {
     return;
   }
   const Place place = getPlace();
-  if (_warnings.size() == MAX_WARNINGS) {
-    _warnings.push_back({"Further warnings are left out", {}, {}, 0});
+  if (++count > MAX_FINDINGS) {
+    _findings.push_back({code, "Further findings of this kind are not listed", {}, {}, 0});
   } else {
-    _warnings.push_back({text, entry, place.itemPath, place.line});
+    _findings.push_back({code, text, entry, place.itemPath, place.line});
   }
-  const SceneWarning& warning = _warnings.back();
-  VEMO_LOG_WARNING(warning.text << (warning.entry.empty() ? "" : ", entry '" + warning.entry + "'")
-                                << (warning.itemPath.empty() ? "" : ", item " + warning.itemPath));
+  Findings::getSingleton().report(_findings.back());
+}
+
+void report(ReadingContext* context, FindingCode code, const std::string& text) {
+  if (context != nullptr) {
+    context->report(code, text);
+  } else {
+    reportFinding(code, text);
+  }
 }
 
 }  // namespace vemo

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <vemo/import/Export.h>
+#include <vemo/scenegraph/Finding.h>
 
 #include <cstddef>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -11,26 +13,14 @@ namespace vemo {
 class Error;
 class Exception;
 
-/// Something in a scene file that is left out or replaced by a default, and
-/// where.
-struct SceneWarning {
-  std::string text;
-  /// The archive entry concerned; empty when there is none.
-  std::string entry;
-  /// As "scene/wing/pressure".
-  std::string itemPath;
-  /// Of the scene description; 0 when unknown.
-  int line = 0;
-};
-
-/// Which item of a scene is being read, and what has been warned about: errors
-/// and warnings name the item.
+/// Which item of a scene is being read or converted, and what was found: errors
+/// and findings name the item.
 class VEMO_IMPORT_EXPORT ReadingContext {
  public:
-  /// Once there are this many warnings, one more says that others are left out.
-  static constexpr std::size_t MAX_WARNINGS = 1000;
+  /// Of each kind; one more says that others are not listed.
+  static constexpr std::size_t MAX_FINDINGS = 1000;
 
-  /// Marks an item as being read, from construction to destruction:
+  /// Marks an item as being read or converted, from construction to destruction:
   /// `const ReadingContext::ItemScope scope(context, element.getName(), element.getLine());`
   /// A null context is accepted.
   class VEMO_IMPORT_EXPORT ItemScope {
@@ -53,9 +43,9 @@ class VEMO_IMPORT_EXPORT ReadingContext {
   void addPlaceTo(Exception& exception) const;
   void addPlaceTo(Error& error) const;
 
-  /// Stores the warning, with the item being read, and logs it.
-  void addWarning(const std::string& text, const std::string& entry = {});
-  const std::vector<SceneWarning>& getWarnings() const { return _warnings; }
+  /// Keeps the finding, with the item being read, and reports it.
+  void report(FindingCode code, const std::string& text, const std::string& entry = {});
+  const std::vector<Finding>& getFindings() const { return _findings; }
 
  private:
   struct Item {
@@ -72,7 +62,12 @@ class VEMO_IMPORT_EXPORT ReadingContext {
   std::vector<Item> _items;
   /// Where the exception was thrown that is unwinding the items.
   Place _failure;
-  std::vector<SceneWarning> _warnings;
+  std::vector<Finding> _findings;
+  std::map<FindingCode, std::size_t> _counts;
 };
+
+/// For conversion, which a host may start without a context: the finding then
+/// names no item.
+VEMO_IMPORT_EXPORT void report(ReadingContext* context, FindingCode code, const std::string& text);
 
 }  // namespace vemo

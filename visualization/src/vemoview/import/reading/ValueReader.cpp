@@ -39,8 +39,9 @@ void ValueReader::warnIgnored(const KeyDescription& key, const std::string& reas
     return;
   }
   const std::string* const value = _element.findAttribute(key.name);
-  _reader->addWarning((value != nullptr ? "The value " + quotedUnlessLong(*value) + " of \"" + key.name + '"'
-                                        : "The " + key.name) +
+  _reader->report(FindingCode::VALUE_IGNORED,
+                  (value != nullptr ? "The value " + quotedUnlessLong(*value) + " of \"" + key.name + '"'
+                                    : "The " + key.name) +
                       " is ignored: " + reason);
 }
 

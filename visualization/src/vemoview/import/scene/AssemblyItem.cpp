@@ -1,3 +1,4 @@
+#include "vemoview/import/reading/ReadingContext.h"
 #include "vemoview/import/reading/ValueReader.h"
 #include "vemoview/import/scene/ChildElements.h"
 #include <vemo/import/QxElement.h>
@@ -107,6 +108,7 @@ lum::DrawableCollection* AssemblyItem::processChildren(SharedBySiblings& shared,
     if (share) {
       shared.collection = &target;
     }
+    const ReadingContext::ItemScope scope(shared.context, child->getPathName(), child->getLine());
     child->addToCollection(shared, target, level + 1, getName());
   }
   return &target;
@@ -142,6 +144,7 @@ void AssemblyItem::convertExtras(SharedBySiblings& shared, lum::DrawableCollecti
 
 void AssemblyItem::convertLegend(SharedBySiblings& shared, int level) const {
   shared.assemblyColormaps = &_colormaps;
+  const ReadingContext::ItemScope scope(shared.context, _legend->getPathName(), _legend->getLine());
   _legend->addToCollection(shared, shared.sceneNode->getForegroundCanvas().getDrawableCollection(), level,
                            getName());
   shared.assemblyColormaps = nullptr;

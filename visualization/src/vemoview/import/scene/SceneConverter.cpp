@@ -5,6 +5,7 @@
 #include <vemo/import/SharedBySiblings.h>
 #include <vemo/import/items/Gradient.h>
 #include <vemo/import/items/Scene.h>
+#include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/NodeRegistry.h>
 #include <vemo/scenegraph/SceneNode.h>
@@ -80,6 +81,7 @@ SceneNodePtr decodeStreams(const Scene& scene, int session) {
     MemoryStream dataStream(bytesOf(file));
     if (!reader.loadVtkDataFromInputStream(dataStream)) {
       VEMO_LOG_ERROR("Error parsing data input stream!");
+      reportFinding(FindingCode::PAYLOAD_DAMAGED, "Data of the scene graph in the archive cannot be read");
     }
   }
   const auto found = lum::NodeRegistry::getSingleton(session).getNodes(lum::SceneNode::getClassName());
@@ -122,7 +124,7 @@ void setBackground(lum::BackgroundAttributes& background, const Scene& scene) {
   background.setColor2(gradient->getBottomColor().getRGB());
 }
 
-SceneNodePtr convertItems(const Scene& scene) {
+SceneNodePtr convertItems(const Scene& scene, ReadingContext& context) {
   VEMO_LOG_INFO("\n\tparsing old, XML-based, format");
   SceneNodePtr sceneNode(new lum::SceneNode(lum::ClassNameNodeInitializer(lum::SceneNode::getClassName())));
   sceneNode->setName(scene.getName());
@@ -131,6 +133,8 @@ SceneNodePtr convertItems(const Scene& scene) {
 
   SharedBySiblings shared;
   shared.sceneNode = sceneNode;
+  shared.context = &context;
+  const ReadingContext::ItemScope scope(&context, scene.getPathName(), scene.getLine());
   scene.addToCollection(shared, sceneNode->getModelCanvas().getDrawableCollection(), 0, "noname");
   return sceneNode;
 }
@@ -152,7 +156,7 @@ void SceneConverter::run() const {
   if (scene.get().getLUMSceneFile().count != 0) {
     sceneNode = decode(scene.get(), session.open());
   } else {
-    sceneNode = convertItems(scene.get());
+    sceneNode = convertItems(scene.get(), reader);
   }
   VEMO_REQUIRE(sceneNode, "The scene node is expected to be created by this moment");
   VEMO_LOG_INFO("sceneNode with name \"" << sceneNode->getName() << "\" is here!");

@@ -1,7 +1,7 @@
 #include "vemoview/resolve/canvas/ClipPlanesResolver.h"
 
 #include <vemo/base/Vector.h>
-#include <vemo/scenegraph/Logger.h>
+#include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/canvas/ClipPlanesAttributes.h>
 
 #include <algorithm>
@@ -35,7 +35,8 @@ std::vector<ClipPlane> resolveClipPlanes(const lum::ClipPlanesAttributes* attrib
       continue;
     }
     if (planes.size() == MOST_PLANES) {
-      VEMO_LOG_WARNING("Only the first " << MOST_PLANES << " clipping planes cut");
+      reportFinding(FindingCode::PLANES_LIMITED,
+                    "Only the first " + std::to_string(MOST_PLANES) + " clipping planes cut");
       break;
     }
     planes.push_back({plane->getOrigin(), unitNormal(*plane)});

@@ -1,7 +1,7 @@
 #include "vemoview/resolve/canvas/LightsResolver.h"
 
 #include <vemo/base/Vector.h>
-#include <vemo/scenegraph/Logger.h>
+#include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/canvas/LightingAttributes.h>
 
 #include <cmath>
@@ -26,8 +26,9 @@ std::vector<DirectionalLight> usableLights(const lum::LightCollection& collectio
       continue;
     }
     if (result.size() == MOST_LIGHTS) {
-      VEMO_LOG_WARNING("Only the first " << MOST_LIGHTS << " of " << collection.getNodeCount()
-                                         << " lights shine");
+      reportFinding(FindingCode::LIGHTS_LIMITED, "Only the first " + std::to_string(MOST_LIGHTS) + " of " +
+                                                     std::to_string(collection.getNodeCount()) +
+                                                     " lights shine");
       break;
     }
     result.push_back(

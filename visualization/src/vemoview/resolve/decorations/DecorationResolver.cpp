@@ -3,7 +3,7 @@
 #include "vemoview/resolve/decorations/ImageResolver.h"
 #include "vemoview/resolve/decorations/LegendResolver.h"
 #include "vemoview/resolve/decorations/TextResolver.h"
-#include <vemo/scenegraph/Logger.h>
+#include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/drawables/ImageDrawable.h>
 #include <vemo/scenegraph/drawables/LegendDrawable.h>
 #include <vemo/scenegraph/drawables/TextDrawable.h>
@@ -83,7 +83,8 @@ bool DecorationResolver::hasRoom() {
     return true;
   }
   if (!_isFull) {
-    VEMO_LOG_WARNING("Only the first " << MOST_DECORATIONS << " triads, legends, texts and images are shown");
+    reportFinding(FindingCode::DECORATIONS_LIMITED, "Only the first " + std::to_string(MOST_DECORATIONS) +
+                                                        " triads, legends, texts and images are shown");
     _isFull = true;
   }
   return false;

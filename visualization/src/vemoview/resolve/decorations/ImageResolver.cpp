@@ -2,7 +2,7 @@
 
 #include "vemoview/resolve/UsableValues.h"
 #include <vemo/base/Vector.h>
-#include <vemo/scenegraph/Logger.h>
+#include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/attributes/PositionAttributes.h>
 #include <vemo/scenegraph/coloring/ColorAttributes.h>
 #include <vemo/scenegraph/drawables/ImageDrawable.h>
@@ -28,8 +28,9 @@ bool hasValidPixels(const lum::ImageDrawable& image, const lum::ImageAttributes&
   if (attributes.isSound() && std::max(attributes.getWidth(), attributes.getHeight()) <= LARGEST) {
     return true;
   }
-  VEMO_LOG_WARNING("The image \"" << image.getName() << "\" is not drawn: its pixels are not "
-                                  << attributes.getWidth() << " x " << attributes.getHeight());
+  reportFinding(FindingCode::IMAGE_NOT_DRAWN,
+                "The image \"" + image.getName() + "\" is not drawn: its pixels are not " +
+                    std::to_string(attributes.getWidth()) + " x " + std::to_string(attributes.getHeight()));
   return false;
 }
 

@@ -9,7 +9,7 @@
 #include "vemoview/resolve/mesh/PointScaling.h"
 #include <vemo/resolve/ClipPlane.h>
 #include <vemo/resolve/SceneTooLarge.h>
-#include <vemo/scenegraph/Logger.h>
+#include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/coloring/ColorAttributes.h>
 #include <vemo/scenegraph/coloring/DataLocationAttributes.h>
 #include <vemo/scenegraph/coloring/ScalarAttributes.h>
@@ -22,6 +22,7 @@
 #include <vtkPointData.h>
 #include <vtkPoints.h>
 
+#include <fmt/format.h>
 #include <optional>
 #include <string>
 #include <utility>
@@ -86,7 +87,8 @@ class MeshBuilder {
     const std::string fault =
         CellValidator().findFault(*cells, {.pointCount = pointCount, .mayHaveUnusedIndices = true});
     if (!fault.empty()) {
-      VEMO_LOG_WARNING("\"" << _node.getName() << "\" is not drawn: " << kind.name << ": " << fault);
+      reportFinding(FindingCode::GEOMETRY_NOT_DRAWN,
+                    '"' + _node.getName() + "\" is not drawn: " + kind.name + ": " + fault);
       return false;
     }
     kind.set(*_mesh.geometry, cells);
@@ -98,8 +100,9 @@ class MeshBuilder {
     if (array == nullptr || (array->GetNumberOfTuples() == tuples && array->GetNumberOfComponents() > 0)) {
       return array != nullptr;
     }
-    VEMO_LOG_WARNING("\"" << _node.getName() << "\" is drawn without its array \"" << array->GetName()
-                          << "\" of " << array->GetNumberOfTuples() << " values for " << tuples);
+    reportFinding(FindingCode::NOT_COLORED_BY_ARRAY,
+                  fmt::format("\"{}\" is drawn without its array \"{}\" of {} values for {}", _node.getName(),
+                              array->GetName(), array->GetNumberOfTuples(), tuples));
     return false;
   }
 

@@ -2,7 +2,7 @@
 
 #include "vemoview/resolve/UsableValues.h"
 #include "vemoview/resolve/mesh/ArrayLookup.h"
-#include <vemo/scenegraph/Logger.h>
+#include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/attributes/PointScaleAttributes.h>
 
 #include <vtkCellArray.h>
@@ -89,8 +89,9 @@ std::vector<MeshInstance> splitBySize(MeshInstance mesh, const lum::GeometryDraw
       findFitting(node, attributes->getScalarName(), mesh.geometry->GetNumberOfPoints());
   const bool hasCellScalars = mesh.scalars && mesh.scalars->location == ScalarLocation::CELLS;
   if (values == nullptr || hasCellScalars) {
-    VEMO_LOG_WARNING("The points of \"" << node.getName() << "\" are not scaled by \""
-                                        << attributes->getScalarName() << "\"");
+    reportFinding(
+        FindingCode::POINTS_NOT_SCALED,
+        "The points of \"" + node.getName() + "\" are not scaled by \"" + attributes->getScalarName() + '"');
     return {std::move(mesh)};
   }
   const auto sorted = sortVertices(*mesh.geometry->GetVerts(), *values, Scale(*attributes));

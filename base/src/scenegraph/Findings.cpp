@@ -1,0 +1,31 @@
+#include <vemo/scenegraph/Findings.h>
+#include <vemo/scenegraph/Logger.h>
+
+#include <utility>
+
+namespace vemo {
+
+Findings& Findings::getSingleton() {
+  static auto& singleton = *new Findings;
+  return singleton;
+}
+
+Findings::Sink Findings::setSink(Sink sink) {
+  return std::exchange(_sink, std::move(sink));
+}
+
+void Findings::report(const Finding& finding) const {
+  if (_sink) {
+    _sink(finding);
+  } else if (finding.getSeverity() == Severity::NOTE) {
+    VEMO_LOG_INFO(describe(finding));
+  } else {
+    VEMO_LOG_WARNING(describe(finding));
+  }
+}
+
+void reportFinding(FindingCode code, std::string text, std::string itemPath) {
+  Findings::getSingleton().report({code, std::move(text), {}, std::move(itemPath), 0});
+}
+
+}  // namespace vemo

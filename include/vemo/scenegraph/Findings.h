@@ -1,0 +1,35 @@
+#pragma once
+
+#include <vemo/scenegraph/Finding.h>
+
+#include <functional>
+#include <string>
+
+namespace vemo {
+
+/// Receives all findings of the process. Without a sink they are logged: notes
+/// as info lines, others as warnings. As the rest of the system, for one thread
+/// at a time.
+class VEMO_SCENEGRAPH_EXPORT Findings {
+ public:
+  using Sink = std::function<void(const Finding& finding)>;
+
+  /// Lives until the process is gone, as the Logger does.
+  static Findings& getSingleton();
+
+  /// Sets the sink and returns the former one. An exception that it throws ends
+  /// what was being done.
+  Sink setSink(Sink sink);
+
+  void report(const Finding& finding) const;
+
+ private:
+  Findings() = default;
+
+  Sink _sink;
+};
+
+/// Reports a finding about a node of a scene graph, or about none.
+VEMO_SCENEGRAPH_EXPORT void reportFinding(FindingCode code, std::string text, std::string itemPath = {});
+
+}  // namespace vemo

@@ -1,0 +1,50 @@
+#include "support/Files.h"
+#include <vemo/scenegraph/Findings.h>
+#include <vemo/scenegraph/Logger.h>
+
+#include <algorithm>
+#include <gmock/gmock.h>
+#include <string>
+#include <vector>
+
+namespace vemo {
+
+namespace {
+
+TEST(Findings, AreAllOnTheirPage) {
+  std::string table = "| code | severity | meaning |\n|---|---|---|\n";
+  for (const FindingKind& kind : findingKinds()) {
+    table +=
+        "| `" + kind.name + "` | " + std::string(severityName(kind.severity)) + " | " + kind.meaning + " |\n";
+  }
+  EXPECT_TRUE(readFile(std::string(VEMO_SOURCE_FOLDER) + "/docs/user/findings.md").ends_with("\n" + table))
+      << "docs/user/findings.md needs the table\n\n"
+      << table;
+  EXPECT_TRUE(std::ranges::is_sorted(findingKinds(), {}, &FindingKind::name));
+}
+
+TEST(Findings, GoToTheSinkElseToTheLog) {
+  std::vector<std::string> lines;
+  Logger& logger = Logger::getSingleton();
+  logger.setFlags(Logger::INFO_FLAG | Logger::WARNING_FLAG);
+  logger.setSink([&lines](const std::string& line) { lines.push_back(line); });
+  std::vector<Finding> found;
+  const auto former =
+      Findings::getSingleton().setSink([&found](const Finding& finding) { found.push_back(finding); });
+  Findings::getSingleton().report({FindingCode::ARRAY_LEFT_OUT, "Gone", "a.bin", "scene/a", 3});
+  EXPECT_TRUE(lines.empty());
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_EQ(found[0].text, "Gone");
+  Findings::getSingleton().setSink(former);
+  Findings::getSingleton().report(found[0]);
+  reportFinding(FindingCode::ATTRIBUTE_WITHOUT_EFFECT, "Kept");
+  EXPECT_THAT(lines, testing::ElementsAre(
+                         "lost: Gone (array-left-out; item scene/a, line 3 of the scene description, "
+                         "entry 'a.bin')",
+                         "note: Kept (attribute-without-effect)"));
+  logger.setSink({});
+}
+
+}  // namespace
+
+}  // namespace vemo
