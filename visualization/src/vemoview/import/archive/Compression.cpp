@@ -8,14 +8,24 @@
 
 namespace vemo {
 
+namespace {
+
+template <class Method>
+constexpr Method INSTANCE{};
+
+struct Row {
+  std::uint64_t number;
+  const CompressionMethod* method;
+};
+
+constexpr Row METHODS[] = {
+    {0, &INSTANCE<StoredMethod>},
+    {8, &INSTANCE<DeflateMethod>},
+};
+
+}  // namespace
+
 const CompressionMethod* findCompressionMethod(std::uint64_t number) {
-  static const StoredMethod stored;
-  static const DeflateMethod deflate;
-  struct Row {
-    std::uint64_t number;
-    const CompressionMethod* method;
-  };
-  static constexpr Row METHODS[] = {{0, &stored}, {8, &deflate}};
   const auto* const found = std::ranges::find(METHODS, number, &Row::number);
   return found != std::end(METHODS) ? found->method : nullptr;
 }
