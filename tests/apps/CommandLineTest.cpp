@@ -58,7 +58,7 @@ class CommandLineTest : public testing::Test {
     fs::copy_file(_folder / "scene.zip", _folder / "sc\xC3\xA8ne \xFF.zip");
     makeArchive(makeDescription("heat"))
         .bytes("heat", {})
-        .forge([](ArchiveBuilder::Entry& entry) { entry.method = 99; })
+        .forge([](ArchiveBuilder::Entry& entry) { entry.method = 0xffff; })
         .write(_folder / "incomplete.zip");
     makeArchive(makeDescription("cold")).write(_folder / "cold.zip");
     makeArchive(makeDescription("heat", "2")).write(_folder / "future.zip");

@@ -145,7 +145,7 @@ TEST_F(SceneConverterTest, AnEmptySceneGraphIsNone) {
 
 TEST_F(SceneConverterTest, ReleasesThePayloadWhenReadingItFails) {
   _archive.text("scene.lum", "x").text("lum1", "x").text("lum2", "x").forge([](ArchiveBuilder::Entry& entry) {
-    entry.method = 99;
+    entry.method = 0xffff;
   });
   EXPECT_EQ(failureOf([&] { run(sceneXml("")); }),
             "IOException: Could not completely read entry 'lum2'<br>Your file may be corrupt. | ::lum2");

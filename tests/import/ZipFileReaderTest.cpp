@@ -1,5 +1,6 @@
 #include "SceneFixture.h"
 #include "support/Files.h"
+#include "vemoview/import/archive/ArchiveFile.h"
 #include <vemo/import/ZipFileReader.h>
 
 #include <span>
@@ -134,7 +135,7 @@ TEST_F(ZipFileReaderTest, BelievesNoSizeThatCannotBe) {
       {"shorter than stored", true, [](Entry& e) { --e.uncompressedSize; }, 6},
       {"encrypted", false, [](Entry& e) { e.flags |= 1; }, 7},
       {"bzip2", false, [](Entry& e) { e.method = 12; }, 7},
-      {"unknown method", true, [](Entry& e) { e.method = 99; }, 7},
+      {"unknown method", true, [](Entry& e) { e.method = 0xffff; }, 7},
   };
   for (const auto& example : CASES) {
     ArchiveBuilder builder;
@@ -173,6 +174,51 @@ TEST_F(ZipFileReaderTest, RefusesBrokenContent) {
       open(ArchiveBuilder().text("x", "content").forge([](Entry& e) { e.data[0] = 0xff; }).text("y", "good"));
   EXPECT_EQ(contentOf(reader, "x"), std::nullopt);
   EXPECT_EQ(contentOf(reader, "y"), "good");
+}
+
+/// What an archive holds of its second entry, which says that it is of a method
+/// unknown to minizip.
+std::optional<std::string> compressedBytes(const std::wstring& path, std::uint64_t method, std::size_t size) {
+  ArchiveFile archive(path);
+  EXPECT_EQ(unzGoToFirstFile(archive.getHandle()), UNZ_OK);
+  EXPECT_EQ(unzGoToNextFile(archive.getHandle()), UNZ_OK);
+  const auto blocks = archive.openEntry(method, size);
+  std::string bytes;
+  for (auto block = blocks ? (*blocks)() : std::nullopt; block; block = (*blocks)()) {
+    if (block->empty()) {
+      return bytes;
+    }
+    bytes.append(block->data(), block->size());
+  }
+  return std::nullopt;
+}
+
+TEST_F(ZipFileReaderTest, GivesMethodsTheirBytesWhateverMinizipKnows) {
+  constexpr std::uint16_t METHOD = 93;
+  std::string content;
+  for (int i = 0; i < 30'000; ++i) {
+    content += std::to_string(i);
+  }
+  const std::vector<unsigned char> good = ArchiveBuilder()
+                                              .text("first", content)
+                                              .text("x", content)
+                                              .stored()
+                                              .forge([](Entry& e) { e.method = METHOD; })
+                                              .build();
+  EXPECT_EQ(compressedBytes(write(good), METHOD, content.size()), content);
+  EXPECT_EQ(compressedBytes(write(good), METHOD, 2 * content.size()), std::nullopt)
+      << "more than the file has";
+
+  std::vector<unsigned char> inside(100, 'P');
+  inside.insert(inside.end(), good.begin(), good.end());
+  EXPECT_EQ(compressedBytes(write(inside), METHOD, content.size()), content) << "behind other bytes";
+
+  const std::size_t header = 30 + std::string("first").size() + content.size();
+  for (const std::size_t place : {0, 8}) {
+    std::vector<unsigned char> invalid = good;
+    invalid.at(header + place) ^= 1;
+    EXPECT_EQ(compressedBytes(write(invalid), METHOD, content.size()), std::nullopt) << place;
+  }
 }
 
 /// Whatever is wrong with an archive, it is refused, or read as far as it goes.

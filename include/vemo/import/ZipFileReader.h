@@ -9,6 +9,8 @@
 
 namespace vemo {
 
+class ArchiveFile;
+
 /// The entries of a zip archive, indexed by name once. Not supported, and
 /// rejected when such an entry is read: encryption, methods other than "stored"
 /// and "deflated", entries larger than an int counts. Of entries of the same
@@ -77,7 +79,7 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
 
   std::wstring _path;
   std::uint64_t _fileSize = 0;
-  std::shared_ptr<void> _handle;
+  std::shared_ptr<ArchiveFile> _archive;
   /// By name.
   std::vector<Entry> _entries;
 };

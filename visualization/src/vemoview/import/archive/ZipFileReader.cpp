@@ -1,3 +1,4 @@
+#include "vemoview/import/archive/ArchiveFile.h"
 #include "vemoview/import/archive/Compression.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/import/Exception.h>
@@ -18,32 +19,11 @@ namespace {
 /// A bit of the flags that the format gives each entry.
 constexpr std::uint64_t FLAG_ENCRYPTED = 1;
 
-/// For minizip: entries are read as they are compressed.
-constexpr int RAW = 1;
-/// Of compressed bytes that are read at once.
-constexpr std::uint64_t BLOCK_SIZE = 0x10000;
-
 /// A name's length is a 16-bit field.
 using NameBuffer = std::array<char, 0x10000>;
 
 [[noreturn]] void failInvalid() {
   throw ZipException("Invalid zip file");
-}
-
-/// Minizip's open callback, for a path of wide characters.
-voidpf openWide(voidpf /*opaque*/, const void* path, int mode) {
-  const char* fileMode = nullptr;
-  if ((mode & ZLIB_FILEFUNC_MODE_READWRITEFILTER) == ZLIB_FILEFUNC_MODE_READ) {
-    fileMode = "rb";
-  } else if ((mode & ZLIB_FILEFUNC_MODE_EXISTING) != 0) {
-    fileMode = "r+b";
-  } else if ((mode & ZLIB_FILEFUNC_MODE_CREATE) != 0) {
-    fileMode = "wb";
-  }
-  if (path == nullptr || fileMode == nullptr) {
-    return nullptr;
-  }
-  return wideOpen(static_cast<const wchar_t*>(path), fileMode);
 }
 
 /// The size of a file that may be opened as an archive.
@@ -62,33 +42,23 @@ std::uint64_t checkFile(const std::wstring& path) {
   return static_cast<std::uint64_t>(status.st_size);
 }
 
-std::shared_ptr<void> openArchive(const std::wstring& path) {
-  zlib_filefunc64_def functions;
-  fill_fopen64_filefunc(&functions);
-  functions.zopen64_file = openWide;
-  const unzFile handle = unzOpen2_64(path.c_str(), &functions);
-  if (handle == nullptr) {
-    failInvalid();
-  }
-  return {handle, unzClose};
-}
-
 }  // namespace
 
 ZipFileReader::ZipFileReader(const std::wstring& path)
-    : _path(path), _fileSize(checkFile(path)), _handle(openArchive(path)) {
+    : _path(path), _fileSize(checkFile(path)), _archive(std::make_shared<ArchiveFile>(path)) {
   indexEntries();
   sortEntries();
 }
 
 void ZipFileReader::indexEntries() {
   unz_global_info global;
-  if (unzGetGlobalInfo(_handle.get(), &global) != UNZ_OK) {
+  if (unzGetGlobalInfo(_archive->getHandle(), &global) != UNZ_OK) {
     failInvalid();
   }
   // The number is the archive's own word: nothing is reserved for it.
   for (uLong i = 0; i < global.number_entry; ++i) {
-    const int moved = i == 0 ? unzGoToFirstFile(_handle.get()) : unzGoToNextFile(_handle.get());
+    const int moved =
+        i == 0 ? unzGoToFirstFile(_archive->getHandle()) : unzGoToNextFile(_archive->getHandle());
     if (moved != UNZ_OK) {
       failInvalid();
     }
@@ -100,9 +70,9 @@ ZipFileReader::Entry ZipFileReader::readDirectoryEntry() const {
   unz64_file_pos position;
   unz_file_info64 info;
   NameBuffer name;
-  if (unzGetFilePos64(_handle.get(), &position) != UNZ_OK ||
-      unzGetCurrentFileInfo64(_handle.get(), &info, name.data(), name.size(), nullptr, 0, nullptr, 0) !=
-          UNZ_OK) {
+  if (unzGetFilePos64(_archive->getHandle(), &position) != UNZ_OK ||
+      unzGetCurrentFileInfo64(_archive->getHandle(), &info, name.data(), name.size(), nullptr, 0, nullptr,
+                              0) != UNZ_OK) {
     failInvalid();
   }
   return {std::string(name.data(), info.size_filename),
@@ -162,22 +132,14 @@ bool ZipFileReader::read(const std::string& name, char* buffer) const {
     return false;
   }
   unz64_file_pos position{entry->directoryOffset, entry->directoryIndex};
-  return unzGoToFilePos64(_handle.get(), &position) == UNZ_OK &&
-         unzOpenCurrentFile2(_handle.get(), nullptr, nullptr, RAW) == UNZ_OK && readContent(*entry, buffer);
+  return unzGoToFilePos64(_archive->getHandle(), &position) == UNZ_OK && readContent(*entry, buffer);
 }
 
 bool ZipFileReader::readContent(const Entry& entry, char* buffer) const {
   const std::span content(buffer, static_cast<std::size_t>(entry.uncompressedSize));
-  // Not set to zero: entries are often far smaller than a block.
-  const auto blockSize = static_cast<unsigned>(std::min<std::uint64_t>(entry.compressedSize, BLOCK_SIZE));
-  const auto block = std::make_unique_for_overwrite<char[]>(blockSize);
-  const auto nextBlock = [&]() -> std::optional<std::span<const char>> {
-    const int count = unzReadCurrentFile(_handle.get(), block.get(), blockSize);
-    return count < 0 ? std::nullopt
-                     : std::optional(std::span<const char>(block.get(), static_cast<std::size_t>(count)));
-  };
-  const auto count = findCompressionMethod(entry.method)->decompress(nextBlock, content);
-  unzCloseCurrentFile(_handle.get());
+  const auto blocks = _archive->openEntry(entry.method, entry.compressedSize);
+  const auto count =
+      blocks ? findCompressionMethod(entry.method)->decompress(*blocks, content) : std::nullopt;
   if (!count) {
     return false;
   }
