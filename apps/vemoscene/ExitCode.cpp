@@ -1,6 +1,7 @@
 #include "ExitCode.h"
 
 #include "Messages.h"
+#include "platform/AtomicFile.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/Exception.h>
 #include <vemo/render/RenderErrors.h>
@@ -82,6 +83,8 @@ ExitCode reportFailure(const std::string& file) {
   } catch (const RenderingUnavailable& error) {
     return report(ExitCode::NO_OPENGL, error.what());
   } catch (const PictureWriteError& error) {
+    return report(ExitCode::CANNOT_WRITE, error.what());
+  } catch (const OS::FileWriteError& error) {
     return report(ExitCode::CANNOT_WRITE, error.what());
   } catch (const std::bad_alloc&) {
     return report(ExitCode::UNEXPECTED, file, "Out of memory");

@@ -97,6 +97,7 @@ TEST_F(CommandLineTest, EndsWithTheRightCodeAndMessage) {
   const Case cases[] = {
       {{"--help"}, 0, "Exit status:", ""},
       {{"--version"}, 0, "vemoscene ", ""},
+      {{"convert", "--help"}, 0, "scene-graph database (.sdb", ""},
       {{"render", "--help"}, 0, "--size WxH", ""},
       {{}, 64, "", "subcommand is required"},
       {{"frobnicate"}, 64, "", "frobnicate"},

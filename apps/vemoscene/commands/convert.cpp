@@ -28,10 +28,10 @@ void convert(const ConvertArguments& options) {
 
 void addConvertCommand(CLI::App& app, Command& command) {
   const auto options = std::make_shared<ConvertArguments>();
-  CLI::App* const convertApp = app.add_subcommand(
-      "convert", "Convert a scene archive to a scene-graph database; a database is checked and copied");
+  CLI::App* const convertApp =
+      app.add_subcommand("convert", "Convert a scene to the format of OUT, usually a scene-graph database");
   convertApp->add_option("FILE", options->file, "The scene archive or database to read")->required();
-  convertApp->add_option("OUT", options->output, "The database to write, usually NAME.sdb")->required();
+  convertApp->add_option("OUT", options->output, "The file to write: " + listExportFormats())->required();
   addFailOnOption(*convertApp, command);
   convertApp->callback([options, &command] {
     command.file = options->file;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <fmt/format.h>
 #include <string_view>
 
 namespace vemo {
@@ -27,6 +28,15 @@ const ExportFormat& findExportFormat(const std::string& output) {
   const auto* const found = std::ranges::find_if(
       FORMATS, [&](const ExportFormat& format) { return endsWithIgnoringCase(output, format.ending); });
   return found != std::end(FORMATS) ? *found : FORMATS[0];
+}
+
+std::string listExportFormats() {
+  std::string text;
+  for (const ExportFormat& format : FORMATS) {
+    text += fmt::format("{}{} ({}{})", text.empty() ? "" : ", ", format.description, format.ending,
+                        &format == FORMATS ? " and other endings" : "");
+  }
+  return text;
 }
 
 }  // namespace vemo

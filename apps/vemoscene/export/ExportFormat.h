@@ -20,4 +20,7 @@ struct ExportFormat {
 /// database, for names with any other ending.
 const ExportFormat& findExportFormat(const std::string& output);
 
+/// All formats with their endings, for help texts.
+std::string listExportFormats();
+
 }  // namespace vemo
