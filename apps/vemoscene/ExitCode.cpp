@@ -4,6 +4,7 @@
 #include "platform/AtomicFile.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/Exception.h>
+#include <vemo/import/FaultFinding.h>
 #include <vemo/render/RenderErrors.h>
 #include <vemo/scenegraph/io/FileError.h>
 
@@ -15,30 +16,20 @@ namespace vemo {
 
 namespace {
 
-/// The message of an exception of the import module, completed where it is only
-/// a value or empty.
-std::string describe(const Exception& exception) {
-  std::string message = exception.getMessage();
-  if (dynamic_cast<const FutureVersionException*>(&exception) != nullptr && message.empty()) {
-    message = "The scene was written by a newer version of the software";
-  } else if (dynamic_cast<const NumberFormatException*>(&exception) != nullptr) {
-    message = fmt::format("\"{}\" is not a number", message);
-  }
-  const std::string place = exception.getPlace();
+/// What happened, and where in the scene.
+std::string describe(const std::string& message, const Finding& fault) {
+  const std::string place = describePlace(fault.itemPath, fault.line, fault.entry);
   return place.empty() ? message : fmt::format("{}\n({})", message, place);
 }
 
-/// The place in the scene, worded as for its own exceptions, then the place in
-/// the program.
-std::string describe(const InternalError& error) {
-  const Properties& properties = error.getProperties();
-  Exception scene(error.getMessage());
-  scene.setItemPath(properties.get("itemPath"));
-  scene.setEntry(properties.get("entry"));
-  const std::string& line = properties.get("sceneLine");
-  scene.setLine(line.empty() ? 0 : std::stoi(line));
-  return fmt::format("{}\n({}:{}: {})", describe(scene), error.getFile(), error.getLine(),
-                     error.getExpression());
+std::string describeWithPlace(const Exception& exception) {
+  return describe(describe(exception), findingOf(exception));
+}
+
+/// Also where in the program.
+std::string describeWithPlace(const InternalError& error) {
+  return fmt::format("{}\n({}:{}: {})", describe(error.getMessage(), findingOf(error)), error.getFile(),
+                     error.getLine(), error.getExpression());
 }
 
 ExitCode report(ExitCode code, const std::string& message) {
@@ -73,11 +64,11 @@ ExitCode reportFailure(const std::string& file) {
   } catch (const Failure& failure) {
     return report(failure.getCode(), failure.what());
   } catch (const FileNotFoundException& exception) {
-    return report(ExitCode::NOT_FOUND, file, describe(exception));
+    return report(ExitCode::NOT_FOUND, file, describeWithPlace(exception));
   } catch (const Exception& exception) {
-    return report(ExitCode::READ_ERROR, file, describe(exception));
+    return report(ExitCode::READ_ERROR, file, describeWithPlace(exception));
   } catch (const InternalError& error) {
-    return report(ExitCode::READ_ERROR, file, describe(error));
+    return report(ExitCode::READ_ERROR, file, describeWithPlace(error));
   } catch (const lum::io::FileError& error) {
     return report(static_cast<ExitCode>(error.getStatus()), file, error.what());
   } catch (const RenderingUnavailable& error) {

@@ -1,10 +1,13 @@
 #include "FileChecks.h"
 
 #include "ExitCode.h"
+#include <vemo/base/WidePath.h>
+#include <vemo/import/SceneFormatHandler.h>
 
 #include <fcntl.h>
 #include <filesystem>
 #include <fmt/format.h>
+#include <sstream>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -26,6 +29,15 @@ void refuseSameFile(const std::string& file, const std::string& output) {
 }
 
 // O_PATH also opens files that may not be read, and never waits for a pipe.
+void requireArchive(const std::string& file) {
+  std::ostringstream messages;
+  if (SceneFormatHandler::detectSceneFormat(toWidePath(file), messages) ==
+      SceneFormatHandler::SceneDatabase) {
+    throw Failure(ExitCode::UNSUPPORTED_FORMAT,
+                  fmt::format("\"{}\" is a database: only archives have a ledger", file));
+  }
+}
+
 ReplacementWatch::ReplacementWatch(const std::string& path)
     : _path(path), _former(open(path.c_str(), O_PATH | O_CLOEXEC)) {}
 

@@ -12,6 +12,10 @@ void refusePipe(const std::string& file);
 /// output would destroy the input.
 void refuseSameFile(const std::string& file, const std::string& output);
 
+/// Throws Failure with UNSUPPORTED_FORMAT for a database: the old generation has
+/// what databases do not have.
+void requireArchive(const std::string& file);
+
 /// Detects whether a file was replaced. Keeps the former file open, so that the
 /// system cannot reuse its inode number.
 class ReplacementWatch {

@@ -34,7 +34,7 @@ std::optional<Severity>& worst() {
 
 void setFindingSink(const Findings::Sink& sink) {
   Findings::getSingleton().setSink([sink](const Finding& finding) {
-    worst() = std::max(worst(), std::optional(finding.getSeverity()));
+    noteFinding(finding);
     sink(finding);
   });
 }
@@ -71,6 +71,10 @@ void showLog() {
   logger.setFlags(Logger::WARNING_FLAG | Logger::ERROR_FLAG);
   logger.setSink([](const std::string& line) { showMessage(line); });
   setFindingSink(show);
+}
+
+void noteFinding(const Finding& finding) {
+  worst() = std::max(worst(), std::optional(finding.getSeverity()));
 }
 
 std::optional<Severity> worstFinding() {

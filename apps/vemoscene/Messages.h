@@ -21,6 +21,9 @@ void showMessage(std::string_view message);
 /// errors that they log. Must be called before any other function of theirs.
 void showLog();
 
+/// Counts a finding that a command shows itself.
+void noteFinding(const Finding& finding);
+
 /// The worst finding so far, shown or not; none without any.
 std::optional<Severity> worstFinding();
 

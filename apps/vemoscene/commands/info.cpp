@@ -121,8 +121,17 @@ void printLog(std::ostream& out, const LogKeeper::Log& log) {
   if (!log.findings.empty() || !log.lines.empty()) {
     out << "\nFindings:\n";
   }
+  std::int64_t notes = 0;
   for (const Finding& finding : log.findings) {
-    out << "  " << toPrintable(describe(finding)) << '\n';
+    if (finding.getSeverity() > Severity::NOTE) {
+      out << "  " << toPrintable(describe(finding)) << '\n';
+    } else {
+      ++notes;
+    }
+  }
+  if (notes > 0) {
+    out << fmt::format("  {} note{}, which \"check\" lists\n", lum::groupDigits(notes),
+                       notes == 1 ? "" : "s");
   }
   for (const std::string& line : log.lines) {
     out << "  " << toPrintable(line) << '\n';

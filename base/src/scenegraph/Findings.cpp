@@ -24,6 +24,14 @@ void Findings::report(const Finding& finding) const {
   }
 }
 
+FindingCapture::FindingCapture(std::vector<Finding>& list)
+    : _former(
+          Findings::getSingleton().setSink([&list](const Finding& finding) { list.push_back(finding); })) {}
+
+FindingCapture::~FindingCapture() {
+  Findings::getSingleton().setSink(std::move(_former));
+}
+
 void reportFinding(FindingCode code, std::string text, std::string itemPath) {
   Findings::getSingleton().report({code, std::move(text), {}, std::move(itemPath), 0});
 }

@@ -22,6 +22,8 @@ class VEMO_IMPORT_EXPORT GraphicsItem : public SceneItem {
  public:
   static const KeyTable<GraphicsItem> KEYS;
 
+  static inline const std::string XML_ATTRIB_VISIBILITY = "visibility";
+
   /// Items of this visibility or less are hidden.
   static constexpr double VISIBILITY_THRESHOLD = 0.001;
 
@@ -33,6 +35,8 @@ class VEMO_IMPORT_EXPORT GraphicsItem : public SceneItem {
   /// Reads name and visibility; an item whose element states no visibility is
   /// hidden.
   void read(const QxElement& element, SceneFileReader* reader) override;
+
+  static bool statesVisibility(const QxElement& element);
 
   /// From 0 (hidden) to 1; a factor of the item's opacities.
   virtual void setVisibility(double visibility) { _visibility = visibility; }

@@ -13,9 +13,15 @@ namespace vemo {
 
 /// One element of the scene description. A parent owns its children. Names of
 /// attributes and children are compared exactly.
+///
+/// An element remembers what of it was read: what was not, no item knows.
 class VEMO_IMPORT_EXPORT QxElement {
  public:
-  using Attributes = std::map<std::string, std::string>;
+  struct Attribute {
+    std::string value;
+    mutable bool isRead = false;
+  };
+  using Attributes = std::map<std::string, Attribute>;
   using Children = std::vector<std::unique_ptr<QxElement>>;
 
   explicit QxElement(std::string name);
@@ -28,17 +34,31 @@ class VEMO_IMPORT_EXPORT QxElement {
 
   /// The last run of characters that the XML parser reported directly inside
   /// the element.
-  const std::string& getText() const { return _text; }
+  const std::string& getText() const {
+    _isTextRead = true;
+    return _text;
+  }
   void setText(std::string text);
+  /// The same, which does not count as reading it.
+  const std::string& peekText() const { return _text; }
+  /// Whether there is text other than blanks.
+  bool hasText() const { return _hasText; }
+  bool isTextRead() const { return _isTextRead; }
 
   const Attributes& getAttributes() const { return _attributes; }
-  void setAttribute(const std::string& name, const std::string& value) { _attributes[name] = value; }
+  void setAttribute(const std::string& name, const std::string& value) { _attributes[name] = {value}; }
 
   /// In document order.
   const Children& getChildren() const { return _children; }
   QxElement& addChild(std::unique_ptr<QxElement> child);
 
-  /// The first child of that name; null when there is none.
+  /// Whether the element was read, by itself or with its parent.
+  bool isRead() const { return _isRead; }
+  void markRead() const { _isRead = true; }
+  /// With its attributes and text.
+  void markAllRead() const;
+
+  /// The first child of that name, which counts as read; null when there is none.
   const QxElement* findChild(const std::string& name) const;
 
   /// The line of the description on which the element starts; 0 for elements
@@ -46,7 +66,7 @@ class VEMO_IMPORT_EXPORT QxElement {
   int getLine() const { return _line; }
   void setLine(int line) { _line = line; }
 
-  /// The stored value; null when the attribute is absent.
+  /// The stored value, which counts as read; null when the attribute is absent.
   const std::string* findAttribute(const std::string& name) const;
 
   /// A copy of the value; null when the attribute is absent.
@@ -75,6 +95,9 @@ class VEMO_IMPORT_EXPORT QxElement {
   Attributes _attributes;
   Children _children;
   int _line = 0;
+  mutable bool _isRead = false;
+  mutable bool _isTextRead = false;
+  bool _hasText = false;
 };
 
 }  // namespace vemo

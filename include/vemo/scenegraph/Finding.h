@@ -46,13 +46,15 @@ VEMO_SCENEGRAPH_EXPORT std::optional<Severity> parseSeverity(std::string_view na
 struct VEMO_SCENEGRAPH_EXPORT Finding {
   FindingCode code{};
   /// A sentence without a full stop.
-  std::string text;
+  std::string text{};
   /// The archive entry concerned; empty when there is none.
-  std::string entry;
+  std::string entry{};
   /// As "scene/wing/pressure"; empty when unknown.
-  std::string itemPath;
+  std::string itemPath{};
   /// Of the scene description; 0 when unknown.
   int line = 0;
+  /// Of the element on that line; empty when the finding is about all of it.
+  std::string attribute{};
 
   const FindingKind& getKind() const;
   Severity getSeverity() const { return getKind().severity; }

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace vemo {
 
@@ -27,6 +28,20 @@ class VEMO_SCENEGRAPH_EXPORT Findings {
   Findings() = default;
 
   Sink _sink;
+};
+
+/// During its lifetime, appends findings to a list instead of handing them to the
+/// sink.
+class VEMO_SCENEGRAPH_EXPORT FindingCapture {
+ public:
+  /// The list must outlive the capture.
+  explicit FindingCapture(std::vector<Finding>& list);
+  ~FindingCapture();
+  FindingCapture(const FindingCapture&) = delete;
+  FindingCapture& operator=(const FindingCapture&) = delete;
+
+ private:
+  Findings::Sink _former;
 };
 
 /// Reports a finding about a node of a scene graph, or about none.

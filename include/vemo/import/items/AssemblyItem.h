@@ -84,6 +84,7 @@ class VEMO_IMPORT_EXPORT AssemblyItem : public GraphicsItem {
   /// Converts everything but the children.
   void convertExtras(SharedBySiblings& shared, lum::DrawableCollection& target, int level) const;
   void convertLegend(SharedBySiblings& shared, int level) const;
+  void reportUnusedColormaps(const SharedBySiblings& shared) const;
   void applyColormap(lum::Node& target) const;
   void applyTransform(lum::DrawableCollection& target) const;
 

@@ -41,6 +41,10 @@ class VEMO_IMPORT_EXPORT AxesItem : public GraphicsItem {
   /// VTK's OpenGL module.
   vtkTextActor* getLabel(int axis);
 
+ protected:
+  /// The part of reading that all triads share.
+  void readAxes(const QxElement& element, SceneFileReader* reader);
+
  private:
   Vector<3, double> _xAxis{1.0, 0.0, 0.0};
   Vector<3, double> _yAxis{0.0, 1.0, 0.0};

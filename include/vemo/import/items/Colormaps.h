@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace vemo {
 
@@ -24,6 +25,8 @@ class VEMO_IMPORT_EXPORT Colormaps {
 
   /// Null when there is none of that name.
   const Colormap* find(const std::string& name) const;
+  /// By ascending name.
+  std::vector<const Colormap*> getAll() const;
   /// The colormap of the active name, else the first by name; null when there
   /// is none.
   const Colormap* getActive() const;

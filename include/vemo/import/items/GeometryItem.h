@@ -20,10 +20,14 @@ namespace vemo {
 
 class ClippingPlane;
 class Colormap;
+class ValueReader;
 
 /// A piece of geometry: points, cells, arrays over both, and drawing settings.
 class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
  public:
+  /// By the highest dimension of its cells.
+  enum GeometryType { POINTS = 0, LINES = 1, SURFACE = 2, UNDETERMINED = 3 };
+
   static inline const std::string XML_ENTITY = "geometry";
 
   explicit GeometryItem(const std::string& name);
@@ -123,9 +127,7 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
   void readImpl(const QxElement& element, SceneFileReader* reader);
 
  private:
-  /// Values of _geometryType.
-  enum GeometryType { POINTS = 0, LINES = 1, SURFACE = 2, UNDETERMINED = 3 };
-
+  void reportUnused(const ValueReader& values) const;
   void readGeometry(const QxElement& element, SceneFileReader& reader);
   GeometryType determineType() const;
   void computeNormals();

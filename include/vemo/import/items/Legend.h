@@ -49,6 +49,8 @@ class VEMO_IMPORT_EXPORT Legend : public GraphicsItem {
   void setTitle(const std::string& title) { _title = title; }
   /// Of the assembly; empty: the one that colours the assembly.
   void setColormapName(const std::string& name) { _colormapName = name; }
+  /// Empty for the one that colours the assembly.
+  const std::string& getColormapName() const { return _colormapName; }
 
  private:
   const Colormap* chooseColormap(const SharedBySiblings& shared, const std::string& assemblyName) const;

@@ -85,6 +85,8 @@ class VEMO_IMPORT_EXPORT Scene : public AssemblyItem {
   void readImpl(const QxElement& element, SceneFileReader* reader);
 
  private:
+  /// What assemblies have, but the scene makes no use of.
+  void reportWithoutEffect(const QxElement& element, SceneFileReader& reader) const;
   void convertCamera(lum::SceneCanvas& canvas) const;
   void convertClipPlanes(lum::SceneCanvas& canvas) const;
   void convertLights(lum::SceneCanvas& canvas) const;

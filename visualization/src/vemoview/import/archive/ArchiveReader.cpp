@@ -45,6 +45,7 @@ Array_t<unsigned char> ArchiveReader::readEntry(const std::string& entryName) co
   if (!_archive.isSizePossible(entryName)) {
     failIncomplete(entryName);
   }
+  _used.insert(entryName);
   countBytesRead(size, entryName);
   // Not set to zero beforehand: the archive does so with what it does not fill.
   std::unique_ptr<unsigned char[]> block(new (std::nothrow) unsigned char[static_cast<std::size_t>(size)]);
@@ -52,6 +53,18 @@ Array_t<unsigned char> ArchiveReader::readEntry(const std::string& entryName) co
     failIncomplete(entryName);
   }
   return {block.release(), size};
+}
+
+std::vector<std::string> ArchiveReader::getUnusedEntries() const {
+  std::vector<std::string> unused;
+  for (int i = 0; i < _archive.getEntryCount(); ++i) {
+    const std::string name = _archive.getEntryName(i);
+    const bool isFolder = name.ends_with('/');
+    if (!isFolder && !_used.contains(name)) {
+      unused.push_back(name);
+    }
+  }
+  return unused;
 }
 
 void ArchiveReader::countBytesRead(int size, const std::string& entryName) const {

@@ -5,7 +5,9 @@
 #include <vemo/import/ZipFileReader.h>
 
 #include <cstdint>
+#include <set>
 #include <string>
+#include <vector>
 
 namespace vemo {
 
@@ -32,12 +34,16 @@ class VEMO_IMPORT_EXPORT ArchiveReader {
   Array_t<int> readIntBuffer(const std::string& entryName) const;
   Array_t<float> readFloatBuffer(const std::string& entryName) const;
 
+  /// The entries that were never asked for, in ascending order of names.
+  std::vector<std::string> getUnusedEntries() const;
+
  private:
   Array_t<unsigned char> readWords(const std::string& entryName, const char* kind) const;
   void countBytesRead(int size, const std::string& entryName) const;
 
   ZipFileReader _archive;
   mutable std::uint64_t _bytesRead = 0;
+  mutable std::set<std::string> _used;
 };
 
 }  // namespace vemo

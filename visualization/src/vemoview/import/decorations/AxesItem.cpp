@@ -76,7 +76,27 @@ vtkTextActor* AxesItem::getLabel(int axis) {
 }
 
 void AxesItem::read(const QxElement& element, SceneFileReader* reader) {
+  readAxes(element, reader);
+  if (!getName().empty()) {
+    ValueReader(element, reader, OnBadValue::FAIL).reportWithoutEffect("name");
+  }
+  // The triad shows how the model is turned.
+  const ValueReader values(element, reader, OnBadValue::FAIL);
+  const AxesItem unturned("");
+  for (const auto& [key, member] :
+       {std::pair("xaxis", &AxesItem::_xAxis), std::pair("yaxis", &AxesItem::_yAxis),
+        std::pair("zaxis", &AxesItem::_zAxis)}) {
+    if (this->*member != unturned.*member) {
+      values.reportWithoutEffect(key);
+    }
+  }
+}
+
+void AxesItem::readAxes(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement<GraphicsItem>(*this, element, reader);
+  if (_textColor != AxesItem("")._textColor) {
+    ValueReader(element, reader, OnBadValue::FAIL).reportWithoutEffect("textColor");
+  }
 }
 
 void AxesItem::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& /*collection*/,

@@ -28,7 +28,11 @@ CoordinateSystemItem::~CoordinateSystemItem() = default;
 
 void CoordinateSystemItem::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.checkVersion(element, reader);
-  AxesItem::read(element, reader);
+  readAxes(element, reader);
+  if (getXAxis() != CoordinateSystemItem("").getXAxis()) {
+    // It follows from the others.
+    ValueReader(element, reader, OnBadValue::FAIL).reportWithoutEffect("xaxis");
+  }
   readImpl(element, reader);
 }
 

@@ -105,8 +105,20 @@ void GeometryItem::readImpl(const QxElement& element, SceneFileReader* reader) {
   setLineWidth(_settings.lineWidth);
   readGeometry(element, *reader);
   _geometryType = determineType();
+  reportUnused(ValueReader(element, reader, OnBadValue::FAIL));
   if (_geometryType == SURFACE) {
     computeNormals();
+  }
+}
+
+/// What the element states, but neither the scene graph nor VTK has a use for.
+void GeometryItem::reportUnused(const ValueReader& values) const {
+  GeometrySettings::KEYS.reportInapplicable(values, _geometryType);
+  for (const auto& [key, range] : {std::pair("pointScaleScalarRange", &_settings.pointScaleScalarRange),
+                                   std::pair("pointScaleScalarMapTo", &_settings.pointScaleScalarMapTo)}) {
+    if (*range && (**range)[2] != 0.0) {
+      values.reportWithoutEffect(key);
+    }
   }
 }
 
@@ -114,20 +126,24 @@ void GeometryItem::readGeometry(const QxElement& element, SceneFileReader& reade
   GeometryEntries entries;
   GeometryEntries::KEYS.read(entries, element, &reader);
   PolyDataReader data(*_polydata, reader, reader);
-  data.readPoints(entries.points.value_or(""));
+  reader.attempt([&] { data.readPoints(entries.points.value_or("")); });
   for (const auto& [entry, kind] :
        {std::pair(&entries.verts, CellKind::VERTS), std::pair(&entries.lines, CellKind::LINES),
         std::pair(&entries.strips, CellKind::STRIPS), std::pair(&entries.polys, CellKind::POLYS)}) {
     if (*entry) {
-      data.readCells(kind, **entry);
+      reader.attempt([&, place = kind, name = **entry] { data.readCells(place, name); });
     }
   }
   VEMO_LOG_INFO("GeometryItem::read: " << element.getChildren().size() << " children detected");
   for (const auto& child : element.getChildren()) {
     if (child->getName() == GeometryArray::XML_ENTITY) {
-      GeometryArray array;
-      GeometryArray::KEYS.read(array, *child, &reader);
-      data.readArray(array);
+      child->markRead();
+      const ReadingContext::ItemScope scope(&reader, pathName(*child), child->getLine());
+      reader.attempt([&, &element = *child] {
+        GeometryArray array;
+        GeometryArray::KEYS.read(array, element, &reader);
+        data.readArray(array);
+      });
     }
   }
 }

@@ -1,4 +1,5 @@
 #include "vemoview/import/reading/KeyTable.h"
+#include <vemo/import/items/GeometryItem.h>
 #include <vemo/import/items/GeometrySettings.h>
 
 namespace vemo {
@@ -8,14 +9,20 @@ using Settings = GeometrySettings;
 const KeyTable<Settings> Settings::KEYS({
     key::always<&Settings::lineColor>("lineColor",
                                       "of lines, and of the edges and the contour of surfaces; alpha is the "
-                                      "opacity of lines, not of a contour, which is opaque"),
-    key::always<&Settings::faceColor>("faceColor", "of faces; alpha is the opacity of the surface"),
+                                      "opacity of lines, not of a contour, which is opaque")
+        .onlyFor({GeometryItem::SURFACE, GeometryItem::LINES}),
+    key::always<&Settings::faceColor>("faceColor", "of faces; alpha is the opacity of the surface")
+        .onlyFor({GeometryItem::SURFACE}),
     key::always<&Settings::lineWidth>("lineWidth", "in pixels"),
-    key::always<&Settings::showEdges>("showEdges", "draws the edges of a surface's cells"),
-    key::always<&Settings::showFaces>("showFaces", "draws the faces of a surface"),
+    key::always<&Settings::showEdges>("showEdges", "draws the edges of a surface's cells")
+        .onlyFor({GeometryItem::SURFACE}),
+    key::always<&Settings::showFaces>("showFaces", "draws the faces of a surface")
+        .onlyFor({GeometryItem::SURFACE}),
     key::always<&Settings::smoothShading>("smoothShading",
-                                          "shades a surface evenly over its points, or flat by its cells"),
-    key::always<&Settings::contour>("contour", "draws the border of a surface and its sharp edges"),
+                                          "shades a surface evenly over its points, or flat by its cells")
+        .onlyFor({GeometryItem::SURFACE}),
+    key::always<&Settings::contour>("contour", "draws the border of a surface and its sharp edges")
+        .onlyFor({GeometryItem::SURFACE}),
     key::always<&Settings::ambient>("ambient", "how bright it is without light, 0 to 1"),
     key::always<&Settings::diffuse>("diffuse", "how strongly it reflects light in all directions, 0 to 1"),
     key::always<&Settings::specular>(

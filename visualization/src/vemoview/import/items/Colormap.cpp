@@ -35,8 +35,10 @@ void Colormap::readImpl(const QxElement& element, SceneFileReader* reader) {
   KEYS.read(*this, element, reader);
   // Every child is a colour, whatever its name.
   _colors.clear();
-  std::ranges::transform(element.getChildren(), std::back_inserter(_colors),
-                         [](const auto& child) { return Color::parse(child->getText()); });
+  std::ranges::transform(element.getChildren(), std::back_inserter(_colors), [](const auto& child) {
+    child->markRead();
+    return Color::parse(child->getText());
+  });
 }
 
 void Colormap::fill(lum::ColorLookupTable& table) const {

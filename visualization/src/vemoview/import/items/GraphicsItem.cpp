@@ -1,5 +1,6 @@
 #include "vemoview/import/reading/KeyTable.h"
 #include <vemo/import/GraphicsItem.h>
+#include <vemo/import/QxElement.h>
 #include <vemo/scenegraph/drawables/Drawable.h>
 
 #include <vtkActor.h>
@@ -14,7 +15,7 @@ namespace vemo {
 
 const KeyTable<GraphicsItem> GraphicsItem::KEYS({
     key::always<&GraphicsItem::_visibility>(
-        "visibility",
+        XML_ATTRIB_VISIBILITY,
         "from 0 to 1; 0.001 and below is hidden, and so is an item without the key. Not in `colormap` and in "
         "elements without a name"),
 });
@@ -29,6 +30,10 @@ void GraphicsItem::read(const QxElement& element, SceneFileReader* reader) {
 
 void GraphicsItem::readImpl(const QxElement& element, SceneFileReader* reader) {
   KEYS.read(*this, element, reader);
+}
+
+bool GraphicsItem::statesVisibility(const QxElement& element) {
+  return element.findAttribute(XML_ATTRIB_VISIBILITY) != nullptr;
 }
 
 void GraphicsItem::addVisibilityAttrib(lum::Drawable& drawable) const {

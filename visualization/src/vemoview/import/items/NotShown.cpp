@@ -1,11 +1,17 @@
 #include "vemoview/import/items/NotShown.h"
 
 #include "vemoview/import/reading/SceneFileReader.h"
+#include "vemoview/import/xml/DescriptionWalk.h"
 #include <vemo/import/QxElement.h>
 
 namespace vemo {
 
 void warnNotShown(const QxElement& element, SceneFileReader* reader) {
+  // The one finding stands for all of it.
+  walkDescription(element, [](const PlacedElement& place) {
+    place.element->markAllRead();
+    return true;
+  });
   if (reader != nullptr) {
     reader->report(FindingCode::KIND_NOT_SHOWN,
                    "Items of the kind \"" + element.getName() + "\" are not shown");

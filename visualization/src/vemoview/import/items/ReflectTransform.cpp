@@ -12,7 +12,7 @@ const KeyTable<ReflectTransform> ReflectTransform::KEYS(
         key::always<&ReflectTransform::_plane, 1>("planeEqnCoeffB", "b"),
         key::always<&ReflectTransform::_plane, 2>("planeEqnCoeffC", "c"),
         key::always<&ReflectTransform::_plane, 3>("planeEqnCoeffD", "d"),
-        key::always<&ReflectTransform::_flip>("flip", "kept"),
+        key::always<&ReflectTransform::_flip>("flip", "kept").withoutEffect(),
     },
     OnBadValue::FAIL, VERSION);
 

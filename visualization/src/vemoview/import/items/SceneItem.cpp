@@ -27,8 +27,10 @@ void SceneItem::readImpl(const QxElement& element, SceneFileReader* reader) {
 }
 
 const std::string& SceneItem::pathName(const QxElement& element) {
-  const std::string* const name = element.findAttribute(XML_ATTRIB_NAME);
-  return name != nullptr && !name->empty() ? *name : element.getName();
+  // Not by reading it: elements without a name of their own may have the attribute.
+  const auto name = element.getAttributes().find(XML_ATTRIB_NAME);
+  return name != element.getAttributes().end() && !name->second.value.empty() ? name->second.value
+                                                                              : element.getName();
 }
 
 }  // namespace vemo

@@ -31,6 +31,10 @@ struct KeyDescription {
   std::string defaultText;
   /// The names of an enumeration's values, in order; the last one is empty.
   const std::string* words = nullptr;
+  /// What the key says has no place in a scene graph.
+  bool isWithoutEffect = false;
+  /// Bits of the types of items that it applies to.
+  unsigned appliesTo = ~0U;
   /// Integers out of this range are ignored, with a warning.
   int least = std::numeric_limits<int>::min();
   int greatest = std::numeric_limits<int>::max();

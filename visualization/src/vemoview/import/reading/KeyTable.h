@@ -5,6 +5,7 @@
 #include <vemo/import/Readable.h>
 
 #include <cstddef>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -32,6 +33,20 @@ struct Key : KeyDescription {
   Key allowedIf(bool (*function)(std::string_view), const std::string& otherwise) && {
     isAllowed = function;
     whyNotAllowed = otherwise;
+    return std::move(*this);
+  }
+  /// The new generation has no place for it. Where the key does not state the
+  /// default, a finding says so.
+  Key withoutEffect() && {
+    isWithoutEffect = true;
+    return std::move(*this);
+  }
+  /// Items of other types do not use the value.
+  Key onlyFor(std::initializer_list<int> types) && {
+    appliesTo = 0;
+    for (const int itemType : types) {
+      appliesTo |= 1U << static_cast<unsigned>(itemType);
+    }
     return std::move(*this);
   }
   /// What the page says instead of the default value.
@@ -113,7 +128,19 @@ class KeyTable {
   }
   void read(Item& item, const ValueReader& values) const {
     for (const Key<Item>& key : _keys) {
+      if (key.isWithoutEffect) {
+        values.reportWithoutEffect(key, key.printDefault(item, key));
+      }
       key.read(item, values, key);
+    }
+  }
+
+  /// Reports the keys of the element that items of this type do not use.
+  void reportInapplicable(const ValueReader& values, int itemType) const {
+    for (const Key<Item>& key : _keys) {
+      if ((key.appliesTo & 1U << static_cast<unsigned>(itemType)) == 0) {
+        values.reportInapplicable(key);
+      }
     }
   }
 

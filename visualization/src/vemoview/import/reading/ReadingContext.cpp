@@ -2,9 +2,11 @@
 
 #include <vemo/base/InternalError.h>
 #include <vemo/import/Exception.h>
+#include <vemo/import/FaultFinding.h>
 #include <vemo/scenegraph/Findings.h>
 
 #include <exception>
+#include <utility>
 
 namespace vemo {
 
@@ -13,11 +15,13 @@ namespace {
 /// Of an item's name in a path: names in untrusted files may be as long as the file.
 constexpr std::size_t MAX_NAME_LENGTH = 60;
 
-/// The name, truncated between characters if it is too long for a path.
-std::string shortened(const std::string& name) {
+}  // namespace
+
+std::string ReadingContext::pathPart(const std::string& name) {
   if (name.size() <= MAX_NAME_LENGTH) {
     return name;
   }
+  // Truncated between characters.
   std::size_t end = MAX_NAME_LENGTH;
   while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0) == 0x80) {
     --end;
@@ -25,12 +29,10 @@ std::string shortened(const std::string& name) {
   return name.substr(0, end) + "...";
 }
 
-}  // namespace
-
 ReadingContext::ItemScope::ItemScope(ReadingContext* context, const std::string& name, int line)
     : _context(context), _exceptions(std::uncaught_exceptions()) {
   if (_context != nullptr) {
-    _context->_items.push_back({shortened(name), line});
+    _context->_items.push_back({pathPart(name), line});
     _context->_failure = {};
   }
 }
@@ -73,18 +75,35 @@ void ReadingContext::addPlaceTo(Error& error) const {
   }
 }
 
-void ReadingContext::report(FindingCode code, const std::string& text, const std::string& entry) {
-  std::size_t& count = _counts[code];
-  if (count > MAX_FINDINGS) {
-    return;
-  }
+void ReadingContext::report(FindingCode code, const std::string& text, const std::string& entry,
+                            const std::string& attribute) {
   const Place place = getPlace();
-  if (++count > MAX_FINDINGS) {
-    _findings.push_back({code, "Further findings of this kind are not listed", {}, {}, 0});
-  } else {
-    _findings.push_back({code, text, entry, place.itemPath, place.line});
+  report({code, text, entry, place.itemPath, place.line, attribute});
+}
+
+void ReadingContext::report(Finding finding) {
+  std::size_t& count = _counts[finding.code];
+  ++count;
+  if (count > MAX_FINDINGS && !_collectsFaults) {
+    if (count > MAX_FINDINGS + 1) {
+      return;
+    }
+    finding = {finding.code, "Further findings of this kind are not listed"};
   }
+  _findings.push_back(std::move(finding));
   Findings::getSingleton().report(_findings.back());
+}
+
+void ReadingContext::reportCurrentException() {
+  try {
+    throw;
+  } catch (Exception& exception) {
+    addPlaceTo(exception);
+    report(findingOf(exception));
+  } catch (Error& error) {
+    addPlaceTo(error);
+    report(findingOf(error));
+  }
 }
 
 void report(ReadingContext* context, FindingCode code, const std::string& text) {

@@ -38,13 +38,38 @@ class VEMO_IMPORT_EXPORT ReadingContext {
   /// The items being read, outermost first, as "scene/wing/pressure".
   std::string getItemPath() const;
 
+  /// The part of a path for a name, which is shortened when it is very long.
+  static std::string pathPart(const std::string& name);
+
+  /// From now on, what is attempted reports its failures and goes on, and all
+  /// findings are kept.
+  void collectFaults() { _collectsFaults = true; }
+
+  /// Calls the function. A failure in the file is thrown, or reported, with the
+  /// item that it happened in.
+  template <class Function>
+  void attempt(Function&& function) {
+    if (!_collectsFaults) {
+      function();
+      return;
+    }
+    try {
+      function();
+    } catch (...) {
+      reportCurrentException();
+    }
+  }
+
   /// Adds the item that was being read when an exception was thrown (to an Error
   /// as properties "itemPath" and "sceneLine").
   void addPlaceTo(Exception& exception) const;
   void addPlaceTo(Error& error) const;
 
   /// Keeps the finding, with the item being read, and reports it.
-  void report(FindingCode code, const std::string& text, const std::string& entry = {});
+  void report(FindingCode code, const std::string& text, const std::string& entry = {},
+              const std::string& attribute = {});
+  /// The same for another place.
+  void report(Finding finding);
   const std::vector<Finding>& getFindings() const { return _findings; }
 
  private:
@@ -58,13 +83,26 @@ class VEMO_IMPORT_EXPORT ReadingContext {
   };
 
   Place getPlace() const;
+  /// Throws it again if it is not about the file.
+  void reportCurrentException();
 
   std::vector<Item> _items;
   /// Where the exception was thrown that is unwinding the items.
   Place _failure;
+  bool _collectsFaults = false;
   std::vector<Finding> _findings;
   std::map<FindingCode, std::size_t> _counts;
 };
+
+/// Calls the function as the context attempts it; without one, plainly.
+template <class Function>
+void attempt(ReadingContext* context, Function&& function) {
+  if (context != nullptr) {
+    context->attempt(function);
+  } else {
+    function();
+  }
+}
 
 /// For conversion, which a host may start without a context: the finding then
 /// names no item.

@@ -3,6 +3,7 @@
 #include "vemoview/import/archive/ArchiveReader.h"
 #include "vemoview/import/reading/ReadingContext.h"
 #include <vemo/import/Export.h>
+#include <vemo/import/QxElement.h>
 #include <vemo/import/ZipFileReader.h>
 
 #include <cstddef>
@@ -12,7 +13,6 @@
 
 namespace vemo {
 
-class QxElement;
 class Scene;
 
 /// What the items of a scene are read with: its archive's entries, and the
@@ -38,10 +38,22 @@ class VEMO_IMPORT_EXPORT SceneFileReader : public ArchiveReader, public ReadingC
   /// than MAX_ELEMENT_DEPTH or has too many elements.
   std::unique_ptr<QxElement> readXml(const std::string& entryName) const;
 
+  /// Without this, the tree of the description goes once its items are read.
+  void keepDescription() { _keepsDescription = true; }
+  /// Null unless it is kept and could be read.
+  const QxElement* getDescription() const { return _description.get(); }
+
   /// Reads the whole scene into a new Scene, which the result holds from the
   /// start: also, partly filled, when an exception follows. Defined with the
   /// Scene: nothing else here depends on the items.
   std::unique_ptr<Scene>& read(std::unique_ptr<Scene>& result);
+
+ private:
+  void readItems(Scene& scene);
+  void readItemsNamingFailures(Scene& scene);
+
+  bool _keepsDescription = false;
+  std::unique_ptr<QxElement> _description;
 };
 
 }  // namespace vemo

@@ -42,7 +42,8 @@ void ValueReader::warnIgnored(const KeyDescription& key, const std::string& reas
   _reader->report(FindingCode::VALUE_IGNORED,
                   (value != nullptr ? "The value " + quotedUnlessLong(*value) + " of \"" + key.name + '"'
                                     : "The " + key.name) +
-                      " is ignored: " + reason);
+                      " is ignored: " + reason,
+                  {}, key.name);
 }
 
 void ValueReader::warnOfCurrentException(const KeyDescription& key) const {
@@ -62,6 +63,31 @@ void ValueReader::checkVersion(int newest) const {
   ElementVersion::KEYS.read(stated, *this);
   if (stated.version > newest) {
     throw FutureVersionException();
+  }
+}
+
+void ValueReader::reportWithoutEffect(const KeyDescription& key, const std::string& defaultText) const {
+  const std::string* const text = _element.findAttribute(key.name);
+  const bool isStated = text != nullptr ? *text != defaultText : _element.findChild(key.name) != nullptr;
+  if (isStated) {
+    reportWithoutEffect(key.name);
+  }
+}
+
+void ValueReader::reportWithoutEffect(const std::string& attribute) const {
+  if (_reader != nullptr) {
+    _reader->report(FindingCode::ATTRIBUTE_WITHOUT_EFFECT,
+                    "The \"" + attribute + "\" of \"" + _element.getName() + "\" has no effect", {},
+                    attribute);
+  }
+}
+
+void ValueReader::reportInapplicable(const KeyDescription& key) const {
+  const std::string* const text = _element.findAttribute(key.name);
+  if (_reader != nullptr && text != nullptr && *text != "false") {
+    _reader->report(FindingCode::ATTRIBUTE_INAPPLICABLE,
+                    '"' + key.name + "\" does not apply to this type of \"" + _element.getName() + '"', {},
+                    key.name);
   }
 }
 
@@ -129,6 +155,9 @@ void ValueReader::read(const KeyDescription& key, Vector<2, double>& value) cons
   Vector<3, double> vector{value[0], value[1], 0.0};
   read(key, vector);
   value = {vector[0], vector[1]};
+  if (vector[2] != 0.0) {
+    reportWithoutEffect(key.name);
+  }
 }
 
 void ValueReader::read(const KeyDescription& key, std::unique_ptr<Vector<3, double>>& value) const {

@@ -30,6 +30,14 @@ class ValueReader {
   /// newest one understood.
   void checkVersion(int newest) const;
 
+  /// Reports an attribute or child that is there and does not state the default.
+  void reportWithoutEffect(const KeyDescription& key, const std::string& defaultText) const;
+  /// For an element that has no use for what all items have.
+  void reportWithoutEffect(const std::string& attribute) const;
+
+  /// Reports an attribute that is there, unless it only switches something off.
+  void reportInapplicable(const KeyDescription& key) const;
+
   void read(const KeyDescription& key, bool& value) const;
   void read(const KeyDescription& key, int& value) const;
   void read(const KeyDescription& key, float& value) const;

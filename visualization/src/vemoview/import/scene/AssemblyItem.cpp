@@ -124,6 +124,7 @@ void AssemblyItem::addToCollection(SharedBySiblings& shared, lum::DrawableCollec
   lum::DrawableCollection* const target = processChildren(shared, collection, level, level == 1);
   if (target != nullptr) {
     convertExtras(shared, *target, level);
+    reportUnusedColormaps(shared);
   }
   shared.colormap = outer;
 }
@@ -140,6 +141,19 @@ void AssemblyItem::convertExtras(SharedBySiblings& shared, lum::DrawableCollecti
   }
   applyColormap(target);
   applyTransform(target);
+}
+
+/// One colormap colours an assembly: the outermost active one.
+void AssemblyItem::reportUnusedColormaps(const SharedBySiblings& shared) const {
+  for (const Colormap* const colormap : _colormaps.getAll()) {
+    const bool isUsed =
+        shared.colormap == colormap || (_legend && _legend->getColormapName() == colormap->getName());
+    if (!isUsed) {
+      const ReadingContext::ItemScope scope(shared.context, colormap->getPathName(), colormap->getLine());
+      report(shared.context, FindingCode::COLORMAP_UNUSED,
+             "The colormap \"" + colormap->getName() + "\" is not used: another one colours the data");
+    }
+  }
 }
 
 void AssemblyItem::convertLegend(SharedBySiblings& shared, int level) const {

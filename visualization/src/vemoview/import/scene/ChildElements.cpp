@@ -91,7 +91,11 @@ ChildElement<Container> part() {
           [](Container& container, const QxElement& element,
              SceneFileReader* reader) -> std::unique_ptr<GraphicsItem> {
             auto made = make<Part>();
-            made->read(element, reader);
+            if constexpr (std::derived_from<Part, GraphicsItem>) {
+              readItem(*made, element, reader);
+            } else {
+              made->read(element, reader);
+            }
             (container.*ADD)(std::move(made));
             return nullptr;
           },
@@ -122,6 +126,13 @@ ChildElement<Container> notShown() {
 }
 
 }  // namespace
+
+void readItem(GraphicsItem& item, const QxElement& element, SceneFileReader* reader) {
+  item.read(element, reader);
+  if (reader != nullptr && !GraphicsItem::statesVisibility(element)) {
+    reader->report(FindingCode::HIDDEN_BY_DEFAULT, "The item is hidden: it states no visibility");
+  }
+}
 
 std::span<const ChildElement<AssemblyItem>> assemblyElements() {
   using A = AssemblyItem;

@@ -49,6 +49,9 @@ ReadingCommands<Container> makeReadingCommands(std::span<const ChildElement<Cont
   return commands;
 }
 
+/// Reports an item that is hidden because it states no visibility.
+void readItem(GraphicsItem& item, const QxElement& element, SceneFileReader* reader);
+
 /// Runs the commands for the child elements, in document order. Elements without
 /// a command are ignored.
 template <class Container>
@@ -59,11 +62,14 @@ void readChildren(Container& container, const ReadingCommands<Container>& comman
     if (command == commands.end()) {
       continue;
     }
+    child->markRead();
     const ReadingContext::ItemScope scope(reader, SceneItem::pathName(*child), child->getLine());
-    if (auto item = command->second(container, *child, reader)) {
-      item->read(*child, reader);
-      container.add(std::move(item));
-    }
+    attempt(reader, [&] {
+      if (auto item = command->second(container, *child, reader)) {
+        readItem(*item, *child, reader);
+        container.add(std::move(item));
+      }
+    });
   }
 }
 

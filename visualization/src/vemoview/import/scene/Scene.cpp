@@ -2,12 +2,17 @@
 #include "vemoview/import/scene/ChildElements.h"
 #include <vemo/import/SharedBySiblings.h>
 #include <vemo/import/items/ClippingPlane.h>
+#include <vemo/import/items/Colormap.h>
 #include <vemo/import/items/Gradient.h>
+#include <vemo/import/items/Legend.h>
 #include <vemo/import/items/Light.h>
+#include <vemo/import/items/ReflectTransform.h>
+#include <vemo/import/items/RepeatTransform.h>
 #include <vemo/import/items/Scene.h>
 
 #include <algorithm>
 #include <iterator>
+#include <set>
 #include <utility>
 
 namespace vemo {
@@ -34,20 +39,40 @@ const KeyTable<Camera> Scene::View::KEYS({
     key::always<&Camera::parallelScale>(
         "parallelScale", "half the height of the picture in model units, in parallel projection"),
     key::always<&Camera::windowWidth>("windowWidth",
-                                      "kept; has no effect on pictures, as the other window keys"),
-    key::always<&Camera::windowHeight>("windowHeight", "see above"),
-    key::always<&Camera::windowX>("windowX", "see above"),
-    key::always<&Camera::windowY>("windowY", "see above"),
+                                      "kept; has no effect on pictures, as the other window keys")
+        .withoutEffect(),
+    key::always<&Camera::windowHeight>("windowHeight", "see above").withoutEffect(),
+    key::always<&Camera::windowX>("windowX", "see above").withoutEffect(),
+    key::always<&Camera::windowY>("windowY", "see above").withoutEffect(),
 });
 
 Scene::View::~View() = default;
 
 void Scene::View::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement(_camera, element, reader);
+  if (_camera.perspective && _camera.parallelScale != 0.0) {
+    ValueReader(element, reader, OnBadValue::FAIL).reportWithoutEffect("parallelScale");
+  }
 }
 
 Scene::Scene(const std::string& name) : AssemblyItem(name) {}
 Scene::~Scene() = default;
+
+void Scene::reportWithoutEffect(const QxElement& element, SceneFileReader& reader) const {
+  if (statesVisibility(element) && getVisibility() != 1.0) {
+    ValueReader(element, &reader, OnBadValue::FAIL).reportWithoutEffect(XML_ATTRIB_VISIBILITY);
+  }
+  const std::set<std::string> ofAssemblies = {Colormap::XML_ENTITY, Legend::XML_ENTITY,
+                                              GeometryTransform::XML_ENTITY, RepeatTransform::XML_ENTITY,
+                                              ReflectTransform::XML_ENTITY};
+  for (const auto& child : element.getChildren()) {
+    if (ofAssemblies.contains(child->getName())) {
+      const ReadingContext::ItemScope scope(&reader, pathName(*child), child->getLine());
+      reader.report(FindingCode::ELEMENT_WITHOUT_EFFECT,
+                    "A \"" + child->getName() + "\" does nothing outside of assemblies");
+    }
+  }
+}
 
 void Scene::addClippingPlane(std::unique_ptr<ClippingPlane> plane) {
   _clippingPlanes.push_back(std::move(plane));
@@ -81,6 +106,9 @@ void Scene::read(const QxElement& element, SceneFileReader* reader) {
 void Scene::readImpl(const QxElement& element, SceneFileReader* reader) {
   KEYS.read(*this, element, reader);
   readChildren(*this, makeReadingCommands(sceneElements()), element, reader);
+  if (reader != nullptr) {
+    reportWithoutEffect(element, *reader);
+  }
 }
 
 void Scene::readView(const QxElement& element, SceneFileReader* reader) {

@@ -1,6 +1,7 @@
 // The part of the SceneFileReader that depends on the items.
 
 #include "vemoview/import/reading/SceneFileReader.h"
+#include "vemoview/import/scene/UnreadContent.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/Exception.h>
 #include <vemo/import/QxElement.h>
@@ -10,25 +11,6 @@
 namespace vemo {
 
 namespace {
-
-void readItems(Scene& scene, SceneFileReader& reader) {
-  const auto root = reader.readXml(SceneFileReader::SCENE_ENTRY);
-  const SceneFileReader::ItemScope scope(&reader, root->getName(), root->getLine());
-  scene.read(*root, &reader);
-}
-
-/// A message with the item that it is about.
-void readItemsNamingFailures(Scene& scene, SceneFileReader& reader) {
-  try {
-    readItems(scene, reader);
-  } catch (Exception& exception) {
-    reader.addPlaceTo(exception);
-    throw;
-  } catch (Error& error) {
-    reader.addPlaceTo(error);
-    throw;
-  }
-}
 
 /// The scene graph that the archive may carry beside its items.
 void readPayload(Scene& scene, const SceneFileReader& reader) {
@@ -49,11 +31,35 @@ void readPayload(Scene& scene, const SceneFileReader& reader) {
 
 }  // namespace
 
+void SceneFileReader::readItems(Scene& scene) {
+  _description = readXml(SCENE_ENTRY);
+  _description->markRead();
+  const ItemScope scope(this, _description->getName(), _description->getLine());
+  attempt([&] { scene.read(*_description, this); });
+}
+
+/// A message with the item that it is about.
+void SceneFileReader::readItemsNamingFailures(Scene& scene) {
+  try {
+    readItems(scene);
+  } catch (Exception& exception) {
+    addPlaceTo(exception);
+    throw;
+  } catch (Error& error) {
+    addPlaceTo(error);
+    throw;
+  }
+}
+
 std::unique_ptr<Scene>& SceneFileReader::read(std::unique_ptr<Scene>& result) {
   result = std::make_unique<Scene>(std::string());
-  readItemsNamingFailures(*result, *this);
+  readItemsNamingFailures(*result);
   VEMO_LOG_INFO("SceneFileReader::read: " << getArchive().getEntryCount() << " entries found inside");
   readPayload(*result, *this);
+  reportUnreadContent(*_description, *this);
+  if (!_keepsDescription) {
+    _description.reset();
+  }
   return result;
 }
 

@@ -21,7 +21,16 @@ QxElement::~QxElement() {
 }
 
 void QxElement::setText(std::string text) {
+  _hasText = _hasText || text.find_first_not_of(" \t\r\n") != std::string::npos;
   _text = std::move(text);
+}
+
+void QxElement::markAllRead() const {
+  _isRead = true;
+  _isTextRead = true;
+  for (const auto& [name, attribute] : _attributes) {
+    attribute.isRead = true;
+  }
 }
 
 QxElement& QxElement::addChild(std::unique_ptr<QxElement> child) {
@@ -31,12 +40,20 @@ QxElement& QxElement::addChild(std::unique_ptr<QxElement> child) {
 const QxElement* QxElement::findChild(const std::string& name) const {
   const auto found =
       std::ranges::find_if(_children, [&name](const auto& child) { return child->_name == name; });
-  return found == _children.end() ? nullptr : found->get();
+  if (found == _children.end()) {
+    return nullptr;
+  }
+  (*found)->markRead();
+  return found->get();
 }
 
 const std::string* QxElement::findAttribute(const std::string& name) const {
   const auto found = _attributes.find(name);
-  return found == _attributes.end() ? nullptr : &found->second;
+  if (found == _attributes.end()) {
+    return nullptr;
+  }
+  found->second.isRead = true;
+  return &found->second.value;
 }
 
 std::unique_ptr<std::string> QxElement::getString(const std::string& name) const {

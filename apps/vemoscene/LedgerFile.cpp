@@ -1,0 +1,85 @@
+#include "LedgerFile.h"
+
+#include "ExitCode.h"
+#include "platform/AtomicFile.h"
+#include <vemo/base/WidePath.h>
+#include <vemo/import/SceneAudit.h>
+#include <vemo/scenegraph/inspect/JsonWriter.h>
+#include <vemo/scenegraph/inspect/NumberText.h>
+
+#include <array>
+#include <fmt/format.h>
+#include <span>
+#include <sstream>
+
+namespace vemo {
+
+namespace {
+
+class LedgerPrinter {
+ public:
+  void print(const LedgerRow& row) {
+    ++_counts[static_cast<std::size_t>(row.outcome)];
+    lum::JsonWriter json(_lines);
+    json.beginObject(lum::JsonWriter::Layout::ONE_LINE);
+    const auto put = [&json](const char* name, std::string_view text) {
+      json.key(name);
+      json.value(text);
+    };
+    put("outcome", outcomeName(row.outcome));
+    if (row.entry.empty()) {
+      put("path", row.path);
+      json.key("line");
+      json.value(row.line);
+      put("element", row.element);
+    } else {
+      put("entry", row.entry);
+    }
+    if (!row.attribute.empty()) {
+      put("attribute", row.attribute);
+      put("value", row.value);
+    }
+    if (!row.findings.empty()) {
+      json.key("findings");
+      json.beginArray();
+      for (const FindingCode code : row.findings) {
+        json.value(Finding{code}.getKind().name);
+      }
+      json.endArray();
+    }
+    json.endObject();
+    json.finish();
+  }
+
+  std::string getLines() const { return _lines.str(); }
+
+  std::string getSummary() const {
+    std::string summary;
+    for (std::size_t i = 0; i < _counts.size(); ++i) {
+      summary += fmt::format("{}{} {}", i == 0 ? "" : ", ", lum::groupDigits(_counts[i]),
+                             outcomeName(static_cast<Outcome>(i)));
+    }
+    return "Elements, attributes and entries: " + summary;
+  }
+
+ private:
+  std::ostringstream _lines;
+  std::array<std::int64_t, 4> _counts{};
+};
+
+}  // namespace
+
+std::string writeLedger(const std::string& file, const std::string& ledger) {
+  const SceneAudit audit(toWidePath(file));
+  LedgerPrinter printer;
+  audit.listOutcomes([&printer](const LedgerRow& row) { printer.print(row); });
+  const std::string lines = printer.getLines();
+  try {
+    OS::writeAtomically(ledger, {reinterpret_cast<const std::uint8_t*>(lines.data()), lines.size()});
+  } catch (const OS::FileWriteError& error) {
+    throw Failure(ExitCode::CANNOT_WRITE, error.what());
+  }
+  return printer.getSummary();
+}
+
+}  // namespace vemo

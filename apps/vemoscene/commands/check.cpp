@@ -1,0 +1,172 @@
+#include "Command.h"
+#include "ExitCode.h"
+#include "FindingPrinter.h"
+#include "Messages.h"
+#include "ResultStream.h"
+#include <vemo/base/PrintableText.h>
+#include <vemo/base/WidePath.h>
+#include <vemo/import/SceneAudit.h>
+#include <vemo/import/SceneFormatHandler.h>
+#include <vemo/resolve/SceneResolver.h>
+#include <vemo/scenegraph/Findings.h>
+#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/inspect/JsonWriter.h>
+#include <vemo/scenegraph/inspect/NumberText.h>
+#include <vemo/scenegraph/io/FileError.h>
+#include <vemo/scenegraph/io/SDBReader.h>
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
+#include <fmt/format.h>
+#include <iterator>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace vemo {
+
+namespace {
+
+using FindingList = std::vector<Finding>;
+
+/// What drawing the scene would report.
+void checkDrawing(lum::SceneNode& scene, FindingList& findings) {
+  const FindingCapture capture(findings);
+  try {
+    static_cast<void>(SceneResolver(scene).resolve());
+  } catch (const std::exception& error) {
+    reportFinding(FindingCode::SCENE_NOT_DRAWN, error.what());
+  }
+}
+
+FindingList checkArchive(const std::string& file) {
+  const SceneAudit audit(toWidePath(file));
+  FindingList findings = audit.getFindings();
+  if (audit.getSceneNode() != nullptr) {
+    checkDrawing(*audit.getSceneNode(), findings);
+  }
+  return findings;
+}
+
+/// Each array and each record by itself: one fault does not hide the others.
+void checkDatabase(lum::SDBReader& reader, FindingList& findings) {
+  const auto attempt = [&findings](const auto& action) {
+    try {
+      action();
+    } catch (const lum::io::FileError& error) {
+      findings.push_back({FindingCode::DATABASE_DAMAGED, error.what()});
+    }
+  };
+  for (std::size_t i = 0; i < reader.getArrays().size(); ++i) {
+    attempt([&] { reader.checkArray(i); });
+  }
+  // A damaged array has been reported.
+  const bool isWhole = findings.empty();
+  for (std::size_t i = 0; isWhole && i < reader.getRecords().size(); ++i) {
+    attempt([&] {
+      const lum::Ptr<lum::Node> node = reader.readNode(i);
+      if (auto* const scene = dynamic_cast<lum::SceneNode*>(node.getObject())) {
+        checkDrawing(*scene, findings);
+      }
+    });
+  }
+}
+
+FindingList checkDatabase(const std::string& file) {
+  FindingList findings;
+  const FindingCapture capture(findings);
+  try {
+    lum::SDBReader reader(toWidePath(file));
+    checkDatabase(reader, findings);
+  } catch (const lum::io::FileError& error) {
+    findings.push_back({FindingCode::DATABASE_DAMAGED, error.what()});
+  }
+  return findings;
+}
+
+FindingList check(const std::string& file) {
+  std::ostringstream messages;
+  switch (SceneFormatHandler::detectSceneFormat(toWidePath(file), messages)) {
+    case SceneFormatHandler::ZippedScene:
+      return checkArchive(file);
+    case SceneFormatHandler::SceneDatabase:
+      return checkDatabase(file);
+    case SceneFormatHandler::FileMissing:
+      throw Failure(ExitCode::NOT_FOUND, fmt::format("File \"{}\" does not exist", file));
+    case SceneFormatHandler::FileUnreadable:
+      throw Failure(ExitCode::READ_ERROR, fmt::format("Can't open file \"{}\"", file));
+    case SceneFormatHandler::UnknownFormat:
+      break;
+  }
+  throw Failure(ExitCode::UNSUPPORTED_FORMAT,
+                fmt::format("{}\nUnknown file format \"{}\"", messages.str(), file));
+}
+
+/// "3 findings (2 refused, 1 lost)", "no findings".
+std::string countBySeverity(const FindingList& findings) {
+  std::string text;
+  for (const Severity severity : {Severity::REFUSED, Severity::LOST, Severity::CHANGED, Severity::NOTE}) {
+    const auto count = std::ranges::count(findings, severity, &Finding::getSeverity);
+    if (count > 0) {
+      text +=
+          fmt::format("{}{} {}", text.empty() ? "" : ", ", lum::groupDigits(count), severityName(severity));
+    }
+  }
+  return findings.empty() ? "no findings"
+                          : fmt::format("{} finding{} ({})", lum::groupDigits(std::ssize(findings)),
+                                        findings.size() == 1 ? "" : "s", text);
+}
+
+void print(std::ostream& out, const std::string& file, const FindingList& findings, bool asJson) {
+  if (asJson) {
+    lum::JsonWriter json(out);
+    json.beginObject();
+    json.key("path");
+    json.value(file);
+    printFindings(json, findings);
+    json.endObject();
+    json.finish();
+    return;
+  }
+  for (const Finding& finding : findings) {
+    out << toPrintable(describe(finding)) << '\n';
+  }
+  out << fmt::format("{}: {}\n", toPrintable(file), countBySeverity(findings));
+}
+
+void runCheck(const std::string& file, bool asJson) {
+  const FindingList findings = [&file] {
+    const Progress progress(fmt::format("Checking {}", toPrintable(file)));
+    return check(file);
+  }();
+  ResultStream out;
+  print(out, file, findings, asJson);
+  out.finish();
+  const auto isRefused = [](const Finding& finding) { return finding.getSeverity() == Severity::REFUSED; };
+  if (std::ranges::any_of(findings, isRefused)) {
+    throw Failure(ExitCode::READ_ERROR, "");
+  }
+  std::ranges::for_each(findings, noteFinding);
+}
+
+void addCheckCommand(CLI::App& app, Command& command) {
+  const auto file = std::make_shared<std::string>();
+  const auto asJson = std::make_shared<bool>(false);
+  CLI::App* const checkApp = app.add_subcommand(
+      "check", "Print all that is wrong or doubtful in a scene file, its checksums included");
+  checkApp->add_option("FILE", *file, "The scene archive or database to read")->required();
+  checkApp->add_flag("--json", *asJson, "Print one JSON object, for programs");
+  addFailOnOption(*checkApp, command);
+  checkApp->callback([file, asJson, &command] {
+    command.file = *file;
+    command.run = [file, asJson] { runCheck(*file, *asJson); };
+  });
+}
+
+const Subcommand CHECK(5, addCheckCommand);
+
+}  // namespace
+
+}  // namespace vemo

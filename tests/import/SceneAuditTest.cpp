@@ -1,0 +1,255 @@
+// What becomes of the parts of a scene, and that no part goes without a word.
+
+#include "SceneFixture.h"
+#include "support/Files.h"
+#include "support/GraphText.h"
+#include "vemoview/import/reading/SceneFileReader.h"
+#include <vemo/import/SceneAudit.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <gmock/gmock.h>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace vemo {
+
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::UnorderedElementsAre;
+
+std::vector<LedgerRow> rowsOf(const SceneAudit& audit) {
+  std::vector<LedgerRow> rows;
+  audit.listOutcomes([&rows](const LedgerRow& row) { rows.push_back(row); });
+  return rows;
+}
+
+/// "lost scene/wing@flip array-left-out", but for what is kept.
+std::vector<std::string> changesIn(const SceneAudit& audit) {
+  std::vector<std::string> texts;
+  for (const LedgerRow& row : rowsOf(audit)) {
+    std::string text = std::string(outcomeName(row.outcome)) + " " + row.path + row.entry;
+    text += row.attribute.empty() ? "" : "@" + row.attribute;
+    for (const FindingCode code : row.findings) {
+      text += " " + Finding{code}.getKind().name;
+    }
+    if (row.outcome != Outcome::KEPT) {
+      texts.push_back(text);
+    }
+  }
+  return texts;
+}
+
+class SceneAuditTest : public SceneFixture {
+ protected:
+  SceneAuditTest() { _archive = ArchiveBuilder().floats("p", {0, 0, 0, 1, 0, 0}); }
+
+  SceneAudit audit(const std::string& children) {
+    write(sceneXml(children));
+    return SceneAudit(archivePath());
+  }
+};
+
+TEST_F(SceneAuditTest, ListsWhatBecomesOfEachPart) {
+  _archive.floats("bad", {1, 2, 3}).text("stray", "x");
+  EXPECT_THAT(
+      changesIn(audit(geometry("colour='red'", "<array name='a' dim='1' data='bad' vertexData='true'/>") +
+                      "<flow a='1'><in>text</in></flow><vectors name='v'><b c='d'/></vectors>"
+                      "<reflect planeEqnCoeffA='1' flip='true'/><view windowWidth='5' up='1'>loose</view>")),
+      ElementsAre(
+          "unknown scene/g@colour attribute-unknown", "lost scene/g/a array-left-out", "lost scene/g/a@data",
+          "lost scene/g/a@dim", "lost scene/g/a@name", "lost scene/g/a@vertexData",
+          "unknown scene/flow element-unknown", "unknown scene/flow@a", "unknown scene/flow/in",
+          "unknown scene/flow/in@text()", "lost scene/v kind-not-shown", "lost scene/v@name",
+          "lost scene/v/b", "lost scene/v/b@c", "lost scene/reflect element-without-effect",
+          "lost scene/reflect@flip attribute-without-effect", "lost scene/reflect@planeEqnCoeffA",
+          "unknown scene/view@up attribute-unknown", "lost scene/view@windowWidth attribute-without-effect",
+          "lost scene/view@text() text-ignored", "lost bad array-left-out", "lost stray entry-unused"));
+}
+
+TEST_F(SceneAuditTest, GoesOnAfterFaults) {
+  _archive.ints("cells", {3, 0, 1, 9});
+  const SceneAudit result =
+      audit(geometry("name='outside' polys='cells' lines='none'") + geometry("name='gone' points='missing'") +
+            "<assembly name='A' visibility='1' version='7'/><light intensity='1' color='ab'/>" +
+            geometry("name='good'"));
+  std::vector<std::string> refused;
+  for (const Finding& finding : result.getFindings()) {
+    if (finding.getSeverity() == Severity::REFUSED) {
+      refused.push_back(finding.itemPath + " " + finding.getKind().name);
+    }
+  }
+  EXPECT_THAT(refused,
+              ElementsAre("scene/outside entry-invalid", "scene/outside entry-invalid",
+                          "scene/gone entry-invalid", "scene/A version-too-new", "scene/light item-invalid"));
+  ASSERT_TRUE(result.getSceneNode());
+  EXPECT_NE(graphText(*result.getSceneNode()).find("\"good\""), std::string::npos);
+}
+
+TEST_F(SceneAuditTest, ReportsFilesThatItCannotOpenOrParse) {
+  const auto codeOf = [this](const std::string& content) {
+    writeFile(_folder / "file", content);
+    const SceneAudit result(wide(_folder / "file"));
+    EXPECT_FALSE(result.getSceneNode());
+    EXPECT_EQ(result.getFindings().size(), 1U);
+    return result.getFindings().empty() ? "" : result.getFindings()[0].getKind().name;
+  };
+  EXPECT_EQ(codeOf("PK\3\4 no archive"), "archive-invalid");
+  ArchiveBuilder().text("scene.xml", "<scene>").write(_folder / "open.zip");
+  EXPECT_EQ(codeOf(readFile(_folder / "open.zip")), "xml-invalid");
+}
+
+/// An element, or one of its attributes.
+struct Part {
+  const QxElement* element;
+  std::string attribute;
+
+  bool isOf(const QxElement& other) const { return element == &other; }
+};
+
+enum class Change { NONE, REMOVED, ALTERED };
+
+std::string escaped(const std::string& text) {
+  std::string result;
+  for (const char character : text) {
+    result += character == '&'    ? "&amp;"
+              : character == '<'  ? "&lt;"
+              : character == '"'  ? "&quot;"
+              : character == '\n' ? "&#10;"
+                                  : std::string(1, character);
+  }
+  return result;
+}
+
+/// Another value that means something else.
+std::string altered(const std::string& value) {
+  static const std::map<std::string, std::string> OTHERS = {
+      {"true", "false"}, {"false", "true"}, {"WINDOW", "MODEL"}, {"MODEL", "WINDOW"}, {"linear", "sqrt"}};
+  const auto other = OTHERS.find(value);
+  const bool isNumber = !value.empty() && value.find_first_not_of("-.0123456789") == std::string::npos;
+  return other != OTHERS.end() ? other->second
+         : value.size() == 8   ? "12345678"
+         : isNumber            ? "0.5" + value
+                               : "other";
+}
+
+std::string xmlOf(const QxElement& element, const Part& part, Change change) {
+  if (part.isOf(element) && part.attribute.empty() && change == Change::REMOVED) {
+    return "";
+  }
+  std::string xml = "<" + element.getName();
+  for (const auto& [name, attribute] : element.getAttributes()) {
+    const bool isPart = part.isOf(element) && (part.attribute.empty() || part.attribute == name);
+    if (!isPart || change != Change::REMOVED) {
+      const bool isAltered = isPart && change == Change::ALTERED;
+      xml += " " + name + "=\"" + escaped(isAltered ? altered(attribute.value) : attribute.value) + "\"";
+    }
+  }
+  xml += ">" + escaped(element.peekText());
+  for (const auto& child : element.getChildren()) {
+    xml += xmlOf(*child, part, change);
+  }
+  return xml + "</" + element.getName() + ">";
+}
+
+/// An example, and what becomes of it without its parts.
+class Example {
+ public:
+  explicit Example(const fs::path& file)
+      : _reader(ZipFileReader(wide(file))), _description(_reader.readXml("scene.xml")) {
+    for (const LedgerRow& row : rowsOf(SceneAudit(wide(file)))) {
+      if (row.outcome != Outcome::KEPT || !row.findings.empty()) {
+        _told.insert(std::to_string(row.line) + row.element + "@" + row.attribute);
+      }
+    }
+    _whole = graphWith({}, Change::NONE);
+    for (const auto& child : _description->getChildren()) {
+      collectParts(*child);
+    }
+  }
+
+  const std::map<std::string, Part>& getParts() const { return _parts; }
+
+  /// What states the default can be taken away without a difference, but not
+  /// changed.
+  bool mattersOrIsTold(const Part& part) {
+    const std::string place =
+        std::to_string(part.element->getLine()) + part.element->getName() + "@" + part.attribute;
+    return _told.contains(place) || graphWith(part, Change::REMOVED) != _whole ||
+           graphWith(part, Change::ALTERED) != _whole;
+  }
+
+ private:
+  /// By their kind, one of each.
+  void collectParts(const QxElement& element) {
+    _parts.try_emplace(element.getName(), Part{&element, ""});
+    for (const auto& [name, attribute] : element.getAttributes()) {
+      _parts.try_emplace(element.getName() + "@" + name, Part{&element, name});
+    }
+    for (const auto& child : element.getChildren()) {
+      collectParts(*child);
+    }
+  }
+
+  /// Also what is reported.
+  std::string graphWith(const Part& part, Change change) {
+    ArchiveBuilder archive;
+    archive.stored().text("scene.xml", xmlOf(*_description, part, change));
+    for (int i = 0; i < _reader.getArchive().getEntryCount(); ++i) {
+      const std::string name = _reader.getArchive().getEntryName(i);
+      if (name != "scene.xml") {
+        const ArrayOwner<unsigned char> content(_reader.readEntry(name));
+        archive.bytes(name, {content.data(), content.data() + content.count()});
+      }
+    }
+    archive.write(_folder / "scene.zip");
+    const SceneAudit audit(wide(_folder / "scene.zip"));
+    std::string text = audit.getSceneNode() != nullptr ? graphText(*audit.getSceneNode()) : "none";
+    for (const Finding& finding : audit.getFindings()) {
+      text += finding.getKind().name + finding.attribute;
+    }
+    return text;
+  }
+
+  TemporaryFolder _folder;
+  SceneFileReader _reader;
+  std::unique_ptr<QxElement> _description;
+  std::set<std::string> _told;
+  std::string _whole;
+  std::map<std::string, Part> _parts;
+};
+
+/// The small ones first.
+std::vector<fs::path> examples() {
+  std::vector<fs::path> files;
+  for (const auto& file : fs::directory_iterator(fs::path(VEMO_SOURCE_FOLDER) / "examples")) {
+    if (file.path().extension() == ".zip") {
+      files.push_back(file.path());
+    }
+  }
+  std::ranges::sort(files, {}, [](const fs::path& file) { return fs::file_size(file); });
+  return files;
+}
+
+TEST(Completeness, EachKindOfPartMattersOrIsReported) {
+  std::set<std::string> seen;
+  for (const fs::path& file : examples()) {
+    Example example(file);
+    for (const auto& [kind, part] : example.getParts()) {
+      // The name of a colormap only tells it from others.
+      if (seen.insert(kind).second && kind != "colormap@name") {
+        EXPECT_TRUE(example.mattersOrIsTold(part))
+            << kind << " in line " << part.element->getLine() << " of " << file;
+      }
+    }
+  }
+  EXPECT_GT(seen.size(), 100U);
+}
+
+}  // namespace
+
+}  // namespace vemo

@@ -1,0 +1,55 @@
+#include <vemo/base/InternalError.h>
+#include <vemo/import/Exception.h>
+#include <vemo/import/FaultFinding.h>
+
+#include <string>
+
+namespace vemo {
+
+namespace {
+
+template <class T>
+bool is(const Exception& exception) {
+  return dynamic_cast<const T*>(&exception) != nullptr;
+}
+
+FindingCode codeOf(const Exception& exception) {
+  return is<FutureVersionException>(exception)                                 ? FindingCode::VERSION_TOO_NEW
+         : is<NumberFormatException>(exception)                                ? FindingCode::NUMBER_INVALID
+         : is<XMLException>(exception)                                         ? FindingCode::XML_INVALID
+         : is<ZipException>(exception) || is<FileNotFoundException>(exception) ? FindingCode::ARCHIVE_INVALID
+                                                                               : FindingCode::ENTRY_INVALID;
+}
+
+/// In one line.
+std::string withoutBreaks(std::string text) {
+  const std::string lineBreak = "<br>";
+  for (std::size_t at = 0; (at = text.find(lineBreak, at)) != std::string::npos;) {
+    text.replace(at, lineBreak.size(), " ");
+  }
+  return text;
+}
+
+}  // namespace
+
+std::string describe(const Exception& exception) {
+  const std::string& message = exception.getMessage();
+  if (is<FutureVersionException>(exception) && message.empty()) {
+    return "The scene was written by a newer version of the software";
+  }
+  return is<NumberFormatException>(exception) ? '"' + message + "\" is not a number" : message;
+}
+
+Finding findingOf(const Exception& exception) {
+  return {codeOf(exception), withoutBreaks(describe(exception)), exception.getEntry(),
+          exception.getItemPath(), exception.getLine()};
+}
+
+Finding findingOf(const Error& error) {
+  const Properties& place = error.getProperties();
+  const std::string& line = place.get("sceneLine");
+  return {FindingCode::ITEM_INVALID, withoutBreaks(error.getMessage()), place.get("entry"),
+          place.get("itemPath"), line.empty() ? 0 : std::stoi(line)};
+}
+
+}  // namespace vemo

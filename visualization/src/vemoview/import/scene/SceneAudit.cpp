@@ -1,0 +1,49 @@
+#include "vemoview/import/scene/Ledger.h"
+#include "vemoview/import/scene/SceneImport.h"
+#include <vemo/base/InternalError.h>
+#include <vemo/import/Exception.h>
+#include <vemo/import/FaultFinding.h>
+#include <vemo/import/SceneAudit.h>
+#include <vemo/scenegraph/Findings.h>
+
+namespace vemo {
+
+SceneAudit::SceneAudit(const std::wstring& path) {
+  const FindingCapture capture(_findings);
+  try {
+    _import = std::make_unique<SceneImport>(path);
+    run();
+  } catch (const Exception& exception) {
+    _findings.push_back(findingOf(exception));
+  } catch (const Error& error) {
+    _findings.push_back(findingOf(error));
+  }
+}
+
+SceneAudit::~SceneAudit() = default;
+
+void SceneAudit::run() {
+  SceneFileReader& reader = _import->getReader();
+  reader.collectFaults();
+  reader.keepDescription();
+  reader.attempt([this] { _import->read(); });
+  for (const std::string& entry : reader.getUnusedEntries()) {
+    reader.attempt([&] { const ArrayOwner<unsigned char> checked(reader.readEntry(entry)); });
+  }
+  if (reader.getDescription() != nullptr) {
+    _sceneNode = &_import->convert();
+  }
+}
+
+void SceneAudit::listOutcomes(const std::function<void(const LedgerRow&)>& list) const {
+  if (!_import) {
+    return;
+  }
+  const SceneFileReader& reader = _import->getReader();
+  if (reader.getDescription() != nullptr) {
+    listOutcomesOf(*reader.getDescription(), _findings, list);
+  }
+  listOutcomesOf(reader.getArchive(), _findings, list);
+}
+
+}  // namespace vemo

@@ -1,0 +1,152 @@
+#include "vemoview/import/scene/SceneImport.h"
+
+#include "vemoview/import/archive/MemoryStream.h"
+#include <vemo/base/WideStream.h>
+#include <vemo/import/SharedBySiblings.h>
+#include <vemo/import/items/Gradient.h>
+#include <vemo/import/items/Scene.h>
+#include <vemo/scenegraph/Findings.h>
+#include <vemo/scenegraph/Logger.h>
+#include <vemo/scenegraph/NodeRegistry.h>
+#include <vemo/scenegraph/canvas/BackgroundAttributes.h>
+#include <vemo/scenegraph/canvas/CanvasPositionAttributes.h>
+#include <vemo/scenegraph/io/NodeInputStream.h>
+#include <vemo/scenegraph/io/SceneGraphReader.h>
+
+namespace vemo {
+
+namespace {
+
+using SceneNodePtr = lum::Ptr<lum::SceneNode>;
+
+std::span<unsigned char> bytesOf(const Array_t<unsigned char>& file) {
+  return {file.data, static_cast<std::size_t>(file.count)};
+}
+
+/// The scene node of the streams; empty when they hold none, or several.
+SceneNodePtr decodeStreams(const Scene& scene, int session) {
+  lum::NodeInputStream nodes(session);
+  lum::SceneGraphReader reader(nodes);
+  MemoryStream sceneStream(bytesOf(scene.getLUMSceneFile()));
+  if (!reader.loadSceneFileFromInputStream(sceneStream)) {
+    return {};
+  }
+  for (const auto& file : scene.getLUMDataFiles()) {
+    MemoryStream dataStream(bytesOf(file));
+    if (!reader.loadVtkDataFromInputStream(dataStream)) {
+      VEMO_LOG_ERROR("Error parsing data input stream!");
+      reportFinding(FindingCode::PAYLOAD_DAMAGED, "Data of the scene graph in the archive cannot be read");
+    }
+  }
+  const auto found = lum::NodeRegistry::getSingleton(session).getNodes(lum::SceneNode::getClassName());
+  return found.size() == 1 ? SceneNodePtr(found.front()) : SceneNodePtr();
+}
+
+SceneNodePtr decode(const Scene& scene, int session) {
+  VEMO_LOG_INFO("\n\tparcing new, lum-based, format");
+  SceneNodePtr sceneNode;
+  if (scene.getLUMSceneFile().count != 0) {
+    sceneNode = decodeStreams(scene, session);
+  }
+  VEMO_REQUIRE(sceneNode, "Can not get a SceneNode from the scene");
+  return sceneNode;
+}
+
+void setUpCanvases(lum::SceneNode& sceneNode) {
+  lum::SceneCanvas& orientationCanvas = sceneNode.getOrientationCanvas();
+  orientationCanvas.getBaseCanvasAttributes().setSize({0.2, 0.2});
+  orientationCanvas.getBaseCanvasAttributes().setErase(false);
+  orientationCanvas.getAttributes<lum::CanvasPositionAttributes>().setPosition({0.0, 0.0});
+
+  lum::SceneCanvas& modelCanvas = sceneNode.getModelCanvas();
+  modelCanvas.getBaseCanvasAttributes().setSize({1.0, 1.0});
+  modelCanvas.getBaseCanvasAttributes().setInteractive(true);
+  modelCanvas.getAttributes<lum::CanvasPositionAttributes>().setPosition({0.0, 0.0});
+}
+
+void setBackground(lum::BackgroundAttributes& background, const Scene& scene) {
+  const Gradient* const gradient = scene.getGradient();
+  if (gradient == nullptr) {
+    background.setColorMode(lum::BackgroundColorModes::SOLID);
+    background.setSolidColor(scene.getBackgroundColor().getRGB());
+    return;
+  }
+  VEMO_REQUIRE((gradient->getMode() != lum::BackgroundColorModes::SOLID),
+               "Should not be the case. Investigate");
+  background.setColorMode(gradient->getMode());
+  background.setColor1(gradient->getTopColor().getRGB());
+  background.setColor2(gradient->getBottomColor().getRGB());
+}
+
+SceneNodePtr convertItems(const Scene& scene, ReadingContext& context) {
+  VEMO_LOG_INFO("\n\tparsing old, XML-based, format");
+  SceneNodePtr sceneNode(new lum::SceneNode(lum::ClassNameNodeInitializer(lum::SceneNode::getClassName())));
+  sceneNode->setName(scene.getName());
+  setUpCanvases(*sceneNode);
+  setBackground(sceneNode->getBackgroundCanvas().getBackgroundAttributes(), scene);
+
+  SharedBySiblings shared;
+  shared.sceneNode = sceneNode;
+  shared.context = &context;
+  const ReadingContext::ItemScope scope(&context, scene.getPathName(), scene.getLine());
+  scene.addToCollection(shared, sceneNode->getModelCanvas().getDrawableCollection(), 0, "noname");
+  return sceneNode;
+}
+
+}  // namespace
+
+SceneImport::Session::~Session() {
+  close();
+}
+
+int SceneImport::Session::open() {
+  return _number = lum::NodeRegistrySessions::getSingleton().createSession();
+}
+
+void SceneImport::Session::close() {
+  if (_number != lum::NO_SESSION) {
+    lum::NodeRegistrySessions::getSingleton().destroySession(_number);
+    leaveOpen();
+  }
+}
+
+void SceneImport::Session::leaveOpen() {
+  _number = lum::NO_SESSION;
+}
+
+SceneImport::SceneImport(const std::wstring& path) : _reader(ZipFileReader(path)) {}
+
+SceneImport::~SceneImport() {
+  if (_scene) {
+    for (const auto& file : _scene->getLUMDataFiles()) {
+      const ArrayOwner<unsigned char> released(file);
+    }
+  }
+}
+
+void SceneImport::read() {
+  _reader.read(_scene);
+}
+
+lum::SceneNode& SceneImport::convert() {
+  if (_scene->getLUMSceneFile().count != 0) {
+    _reader.report(FindingCode::DESCRIPTION_REPLACED,
+                   "The archive holds a scene graph, which is used instead of the items of the description");
+    _sceneNode = decode(*_scene, _session.open());
+  } else {
+    _sceneNode = convertItems(*_scene, _reader);
+  }
+  VEMO_REQUIRE(_sceneNode, "The scene node is expected to be created by this moment");
+  return *_sceneNode;
+}
+
+void SceneImport::close() {
+  _sceneNode = nullptr;
+  _session.close();
+}
+
+void SceneImport::leaveSessionOpen() {
+  _session.leaveOpen();
+}
+
+}  // namespace vemo

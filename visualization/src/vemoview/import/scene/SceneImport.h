@@ -1,0 +1,59 @@
+#pragma once
+
+#include "vemoview/import/reading/SceneFileReader.h"
+#include <vemo/scenegraph/NodeRegistry.h>
+#include <vemo/scenegraph/SceneNode.h>
+
+#include <memory>
+#include <string>
+
+namespace vemo {
+
+class Scene;
+
+/// An old scene on its way into a scene graph: first read, then converted.
+class SceneImport {
+ public:
+  /// Opens the archive; throws as ZipFileReader does.
+  explicit SceneImport(const std::wstring& path);
+  /// Closes the session that the nodes of a scene graph in the archive are in.
+  ~SceneImport();
+  SceneImport(const SceneImport&) = delete;
+  SceneImport& operator=(const SceneImport&) = delete;
+
+  SceneFileReader& getReader() { return _reader; }
+  const SceneFileReader& getReader() const { return _reader; }
+
+  void read();
+  /// Must come after reading. A scene graph that the archive carries is passed
+  /// through, otherwise the items are converted one by one.
+  lum::SceneNode& convert();
+
+  /// Lets the scene graph go.
+  void close();
+  void leaveSessionOpen();
+
+ private:
+  /// A session of the node registry, or none yet; closed when it goes.
+  class Session {
+   public:
+    Session() = default;
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+    ~Session();
+
+    int open();
+    void leaveOpen();
+    void close();
+
+   private:
+    int _number = lum::NO_SESSION;
+  };
+
+  SceneFileReader _reader;
+  std::unique_ptr<Scene> _scene;
+  Session _session;
+  lum::Ptr<lum::SceneNode> _sceneNode;
+};
+
+}  // namespace vemo

@@ -1,0 +1,52 @@
+#include "vemoview/import/scene/UnreadContent.h"
+
+#include "vemoview/import/reading/SceneFileReader.h"
+#include "vemoview/import/xml/DescriptionWalk.h"
+#include <vemo/import/QxElement.h>
+
+namespace vemo {
+
+namespace {
+
+/// Names and values in untrusted files may be as long as the file.
+std::string quoted(const std::string& text) {
+  return '"' + ReadingContext::pathPart(text) + '"';
+}
+
+void reportUnread(const PlacedElement& place, SceneFileReader& reader) {
+  const QxElement& element = *place.element;
+  const auto report = [&](FindingCode code, const std::string& text, const std::string& attribute = {}) {
+    reader.report({code, text, {}, place.path, element.getLine(), attribute});
+  };
+  if (!element.isRead()) {
+    report(FindingCode::ELEMENT_UNKNOWN,
+           "The element " + quoted(element.getName()) + " is not known here and is ignored");
+    return;
+  }
+  for (const auto& [name, attribute] : element.getAttributes()) {
+    if (!attribute.isRead) {
+      report(FindingCode::ATTRIBUTE_UNKNOWN,
+             "The attribute " + quoted(name) + " of " + quoted(element.getName()) +
+                 " is not known and is ignored",
+             name);
+    }
+  }
+  if (element.hasText() && !element.isTextRead()) {
+    report(FindingCode::TEXT_IGNORED, "The text in " + quoted(element.getName()) + " is ignored", TEXT_NAME);
+  }
+}
+
+}  // namespace
+
+void reportUnreadContent(const QxElement& description, SceneFileReader& reader) {
+  walkDescription(description, [&reader](const PlacedElement& place) {
+    reportUnread(place, reader);
+    return place.element->isRead();
+  });
+  for (const std::string& entry : reader.getUnusedEntries()) {
+    reader.report(
+        {FindingCode::ENTRY_UNUSED, "The scene does not use the entry " + quoted(entry), entry, {}, 0});
+  }
+}
+
+}  // namespace vemo

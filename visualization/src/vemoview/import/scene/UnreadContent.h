@@ -1,0 +1,12 @@
+#pragma once
+
+namespace vemo {
+
+class QxElement;
+class SceneFileReader;
+
+/// Reports the elements, attributes and texts of the scene description, and the
+/// entries of the archive, that nobody has read.
+void reportUnreadContent(const QxElement& description, SceneFileReader& reader);
+
+}  // namespace vemo
