@@ -63,7 +63,7 @@ class VEMO_IMPORT_EXPORT Image : public GraphicsItem {
  private:
   /// Reads the position of the picture.
   virtual void readPlace(const QxElement& element, SceneFileReader* reader) = 0;
-  void readPixels(const PixelSource& source, const SceneFileReader& reader);
+  void readPixels(const PixelSource& source, SceneFileReader& reader);
 
   lum::CoordinateSpace _space;
   Vector<3, double> _corner{};

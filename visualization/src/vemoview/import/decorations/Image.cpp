@@ -108,7 +108,7 @@ void Image::read(const QxElement& element, SceneFileReader* reader) {
   }
 }
 
-void Image::readPixels(const PixelSource& source, const SceneFileReader& reader) {
+void Image::readPixels(const PixelSource& source, SceneFileReader& reader) {
   checkSize(source, reader.getArchive().getSize(*source.entry));
   ArrayOwner<unsigned char> bytes(reader.readEntry(*source.entry));
   auto pixels = vtkSmartPointer<vtkUnsignedCharArray>::New();

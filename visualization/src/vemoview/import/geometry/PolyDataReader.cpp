@@ -55,7 +55,7 @@ vtkSmartPointer<vtkFloatArray> magnitudes(const ArrayOwner<float>& values) {
 
 }  // namespace
 
-PolyDataReader::PolyDataReader(vtkPolyData& polyData, const ArchiveReader& archive, ReadingContext& context)
+PolyDataReader::PolyDataReader(vtkPolyData& polyData, ArchiveReader& archive, ReadingContext& context)
     : _polyData(polyData), _archive(archive), _context(context) {}
 
 void PolyDataReader::readPoints(const std::string& entry) {

@@ -24,7 +24,7 @@ struct GeometryArray;
 class VEMO_IMPORT_EXPORT PolyDataReader {
  public:
   /// @param context receives the warnings
-  PolyDataReader(vtkPolyData& polyData, const ArchiveReader& archive, ReadingContext& context);
+  PolyDataReader(vtkPolyData& polyData, ArchiveReader& archive, ReadingContext& context);
 
   /// Three coordinates a point; a remainder at the end is ignored.
   void readPoints(const std::string& entry);
@@ -46,7 +46,7 @@ class VEMO_IMPORT_EXPORT PolyDataReader {
   vtkIdType listedCells() const;
 
   vtkPolyData& _polyData;
-  const ArchiveReader& _archive;
+  ArchiveReader& _archive;
   ReadingContext& _context;
   /// By kind.
   std::array<ImportedCells, CELL_KINDS.size()> _cells;

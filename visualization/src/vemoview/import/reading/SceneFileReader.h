@@ -36,12 +36,15 @@ class VEMO_IMPORT_EXPORT SceneFileReader : public ArchiveReader, public ReadingC
   /// The document element of an XML entry. Throws IOException as readEntry
   /// does, and XMLException with the line for text that is not XML, nests deeper
   /// than MAX_ELEMENT_DEPTH or has too many elements.
-  std::unique_ptr<QxElement> readXml(const std::string& entryName) const;
+  std::unique_ptr<QxElement> readXml(const std::string& entryName);
 
   /// Reads the whole scene into a new Scene, which the result holds from the
   /// start: also, partly filled, when an exception follows. Defined with the
   /// Scene: nothing else here depends on the items.
   std::unique_ptr<Scene>& read(std::unique_ptr<Scene>& result);
+
+ private:
+  void reportFlaws(const ZipFileReader::ContentFlaws& flaws, const std::string& entryName) override;
 };
 
 }  // namespace vemo
