@@ -60,7 +60,8 @@ const KeyTable<Image> Image::KEYS(
                                        "height, or model coordinates")
             .named(COORDINATE_SYSTEMS)
             .defaultingTo("`WINDOW` in `image2d`, `MODEL` in `image3d`"),
-        key::ifPresent<&Image::_opacity>("opacity", "0 to 1; multiplied by the visibility"),
+        key::ifPresent<&Image::_opacity>("opacity", "from 0 to 1; multiplied by the visibility")
+            .inRange(0, 1),
     },
     OnBadValue::WARN);
 

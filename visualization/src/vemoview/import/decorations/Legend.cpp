@@ -40,14 +40,16 @@ const KeyTable<Legend> Legend::KEYS(
     },
     OnBadValue::WARN);
 
-const KeyTable<Legend::Place> Legend::Place::KEYS({
-    key::ifPresent<&Legend::Place::position>(
-        "position", "the lower left corner, in fractions of the window's width and height")
-        .defaultingTo("0.85, 0.25; horizontal 0.25, 0.03"),
-    key::ifPresent<&Legend::Place::size>("size",
-                                         "width and height of the whole legend, in fractions of the window's")
-        .defaultingTo("0.12, 0.5; horizontal 0.5, 0.12"),
-});
+const KeyTable<Legend::Place> Legend::Place::KEYS(
+    {
+        key::ifPresent<&Legend::Place::position>(
+            "position", "the lower left corner, in fractions of the window's width and height")
+            .defaultingTo("0.85, 0.25; horizontal 0.25, 0.03"),
+        key::ifPresent<&Legend::Place::size>(
+            "size", "width and height of the whole legend, in fractions of the window's")
+            .defaultingTo("0.12, 0.5; horizontal 0.5, 0.12"),
+    },
+    OnBadValue::WARN);
 
 Legend::Legend(std::string name)
     : GraphicsItem(std::move(name)), _place(defaultPlace(_orientation)), _format(DEFAULT_FORMAT) {}
