@@ -28,8 +28,11 @@ class VEMO_IMPORT_EXPORT Colormaps {
   /// is none.
   const Colormap* getActive() const;
 
+  using ByName = std::map<std::string, std::unique_ptr<Colormap>>;
+  const ByName& getAll() const { return _byName; }
+
  private:
-  std::map<std::string, std::unique_ptr<Colormap>> _byName;
+  ByName _byName;
   /// Null until set.
   std::unique_ptr<std::string> _activeName;
 };

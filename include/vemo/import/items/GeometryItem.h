@@ -20,6 +20,7 @@ namespace vemo {
 
 class ClippingPlane;
 class Colormap;
+class ReadingContext;
 
 /// A piece of geometry: points, cells, arrays over both, and drawing settings.
 class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
@@ -46,7 +47,8 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
   static int countItemsInList(Array_t<int> list);
 
   /// The geometry, and the objects that draw it directly with VTK. The mapper may
-  /// be null; without a property the item keeps its own.
+  /// be null; without a property the item keeps its own. The cells of the
+  /// geometry decide about its type.
   void setGeometry(vtkPolyData* polyData, vtkPolyDataMapper* mapper, vtkProperty* property);
   vtkPolyData* getGeometry() const;
 
@@ -127,11 +129,14 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
   enum GeometryType { POINTS = 0, LINES = 1, SURFACE = 2, UNDETERMINED = 3 };
 
   void readGeometry(const QxElement& element, SceneFileReader& reader);
+  void reportSettingsOutOfRange(SceneFileReader& reader) const;
+  static GeometryType typeOf(bool hasFaces, bool hasLines);
   GeometryType determineType() const;
   void computeNormals();
 
   template <class T>
-  void addDrawable(lum::DrawableCollection& collection, const std::string& parentName) const;
+  void addTo(lum::DrawableCollection& collection, bool isHidden, const std::string& parentName,
+             ReadingContext* context) const;
   void logContents(int level) const;
 
   GeometrySettings _settings;

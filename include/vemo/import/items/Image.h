@@ -60,6 +60,8 @@ class VEMO_IMPORT_EXPORT Image : public GraphicsItem {
   void setPlace(const Vector<3, double>& corner, const Vector<3, double>& xAxis,
                 const Vector<3, double>& yAxis);
 
+  bool isVisibilityOpacity() const override { return true; }
+
  private:
   /// Reads the position of the picture.
   virtual void readPlace(const QxElement& element, SceneFileReader* reader) = 0;

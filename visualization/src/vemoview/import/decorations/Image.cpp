@@ -127,9 +127,9 @@ void Image::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& c
     return;
   }
   const bool inWindow = _space == lum::CoordinateSpace::WINDOW;
-  auto& drawable = drawableOf<lum::ImageDrawable>(
-      *this, inWindow ? shared.sceneNode->getForegroundCanvas().getDrawableCollection() : collection);
-  addVisibilityAttrib(drawable);
+  auto& drawable = addDrawable<lum::ImageDrawable>(
+      getName(), inWindow ? shared.sceneNode->getForegroundCanvas().getDrawableCollection() : collection);
+  addVisibilityAttrib(drawable, inWindow ? shared.isHidden : shared.hidesEach);
   drawable.getPositionAttributes().setPosition(_corner, false);
   // A host may show a hidden item again.
   drawable.getColorAttributes()->setOpacity(hasHiddenItems() ? _opacity : _opacity * getVisibility(), false);

@@ -1,4 +1,5 @@
 #include "scenegraph/attributes/NumberFormat.h"
+#include "vemoview/import/items/ItemDrawable.h"
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/ReadingContext.h"
 #include <vemo/import/SharedBySiblings.h>
@@ -87,8 +88,8 @@ void Legend::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& 
            "The legend of \"" + parentName + "\" has no colormap and is left out");
     return;
   }
-  auto& drawable = collection.findOrCreate<lum::LegendDrawable>(getName().empty() ? parentName : getName());
-  addVisibilityAttrib(drawable);
+  auto& drawable = addDrawable<lum::LegendDrawable>(getName().empty() ? parentName : getName(), collection);
+  addVisibilityAttrib(drawable, shared.isHidden);
   drawable.getPositionAttributes().setPosition({_place.position[0], _place.position[1], 0.0}, false);
   applyTo(drawable.getLegendAttributes(), *colormap);
   _font.applyTo(drawable.getTextAttributes());
@@ -105,3 +106,4 @@ void Legend::applyTo(lum::LegendAttributes& attributes, const Colormap& colormap
 }
 
 }  // namespace vemo
+  shared.usedColormaps.insert(colormap);
