@@ -2,6 +2,7 @@
 #include "vemoview/import/items/ItemDrawable.h"
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/ReadingContext.h"
+#include <vemo/base/InternalError.h>
 #include <vemo/import/SharedBySiblings.h>
 #include <vemo/import/items/Colormap.h>
 #include <vemo/import/items/Colormaps.h>
@@ -60,6 +61,16 @@ void Legend::setPlace(const Vector<2, double>& position, const Vector<2, double>
   _place = {position, size};
 }
 
+void Legend::setLabelCount(int count) {
+  VEMO_REQUIRE(count >= 0 && count <= MAX_LABELS, "A legend cannot have that many labels");
+  _labelCount = count;
+}
+
+void Legend::setNumberFormat(const std::string& format) {
+  VEMO_REQUIRE(lum::isNumberFormat(format), "Not a format for one number");
+  _format = format;
+}
+
 void Legend::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement<GraphicsItem>(*this, element, reader);
   _place = defaultPlace(_orientation);
@@ -95,6 +106,7 @@ void Legend::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& 
   _font.applyTo(drawable.getTextAttributes());
   drawable.getTextAttributes().setFontSize(_textHeight);
   colormap->fill(drawable.getColorLookupTable());
+  shared.usedColormaps.insert(colormap);
 }
 
 void Legend::applyTo(lum::LegendAttributes& attributes, const Colormap& colormap) const {
@@ -106,4 +118,3 @@ void Legend::applyTo(lum::LegendAttributes& attributes, const Colormap& colormap
 }
 
 }  // namespace vemo
-  shared.usedColormaps.insert(colormap);
