@@ -10,7 +10,8 @@ const KeyTable<Settings> Settings::KEYS({
                                       "of lines, and of the edges and the contour of surfaces; alpha is the "
                                       "opacity of lines, not of a contour, which is opaque"),
     key::always<&Settings::faceColor>("faceColor", "of faces; alpha is the opacity of the surface"),
-    key::always<&Settings::lineWidth>("lineWidth", "in pixels"),
+    key::always<&Settings::lineWidth>(
+        "lineWidth", "of lines, edges and the contour, in pixels; 0 and less are drawn as 1"),
     key::always<&Settings::showEdges>("showEdges", "draws the edges of a surface's cells"),
     key::always<&Settings::showFaces>("showFaces", "draws the faces of a surface"),
     key::always<&Settings::smoothShading>("smoothShading",
@@ -22,7 +23,9 @@ const KeyTable<Settings> Settings::KEYS({
         "specular",
         "how strongly it shines, 0 to 1. When these three are 0 the renderer uses "
         "its own default lighting"),
-    key::always<&Settings::specularPower>("specularPower", "how small the highlights are"),
+    key::always<&Settings::specularPower>("specularPower",
+                                          "how small the highlights are, up to 128; with 0 all "
+                                          "that a light reaches shines alike"),
     key::always<&Settings::ignoreClip>("ignoreClip", "the clipping planes do not cut it"),
     key::ifPresent<&Settings::pointSize>("pointSize", "of points, in pixels; from 4 on they are balls"),
     key::ifPresent<&Settings::pointScaleMode>(
