@@ -19,7 +19,7 @@
   KIND(CELLS_LEFT_OUT, LOST, "Cells with fewer points than their kind needs are left out.") \
   KIND(CHECKSUM_WRONG, CHANGED, "The content of an entry does not match its checksum: it may be damaged.") \
   KIND(CLASS_UNKNOWN, LOST, "A database has nodes of a class that this version does not know; they are left out.") \
-  KIND(COLORMAP_REPLACED, CHANGED, "A colormap also colours what another assembly of the same name brought.") \
+  KIND(COLORMAP_REPLACED, CHANGED, "A colormap also colours what another item of the same name brought.") \
   KIND(COLORMAP_UNKNOWN, CHANGED, "A legend names a colormap that its assembly does not have; the active one is shown.") \
   KIND(COLORMAP_UNUSED, LOST, "A colormap colours nothing: neither data nor a legend.") \
   KIND(DECORATIONS_LIMITED, LOST, "Of very many triads, legends, texts and images only the first are drawn.") \
@@ -45,10 +45,11 @@
   KIND(POINTS_WITHOUT_POSITION, CHANGED, "A geometry has no points with finite coordinates.") \
   KIND(REFERENCE_LOST, LOST, "A reference to a node outside the written scene is not written.") \
   KIND(REPEATS_LIMITED, LOST, "Of very many repeats only the first are shown.") \
-  KIND(SETTINGS_REPLACED, CHANGED, "Geometries of one name and type share a drawable, and the settings of the last one.") \
+  KIND(SETTINGS_REPLACED, CHANGED, "Geometries of one name and type share a drawable, but state different settings for it.") \
   KIND(STREAM_INVALID, LOST, "A scene stream cannot be read.") \
   KIND(TRANSFORM_REPLACED, LOST, "Of the transforms of assemblies of one name only the last one is used.") \
   KIND(TRANSFORM_SHARED, CHANGED, "A transform also applies to what another item of the same name brought.") \
+  KIND(TRANSFORM_UNUSABLE, CHANGED, "A transform has a scale of zero in some directions, an axis without direction, or a mirror without normal.") \
   KIND(VALUE_IGNORED, CHANGED, "A value that cannot be read or is out of range is replaced by the default.") \
   KIND(VALUE_UNREADABLE, CHANGED, "A value is not written as its type demands; the format still gives it a meaning.") \
   KIND(VISIBILITY_PARTIAL, CHANGED, "A visibility between 0 and 1 counts as 1, except for images.")

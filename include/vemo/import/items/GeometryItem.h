@@ -15,12 +15,14 @@ class vtkActor;
 class vtkPolyData;
 class vtkPolyDataMapper;
 class vtkProperty;
+namespace lum {
+class GeometryDrawable;
+}
 
 namespace vemo {
 
 class ClippingPlane;
 class Colormap;
-class ReadingContext;
 
 /// A piece of geometry: points, cells, arrays over both, and drawing settings.
 class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
@@ -136,7 +138,8 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
 
   template <class T>
   void addTo(lum::DrawableCollection& collection, bool isHidden, const std::string& parentName,
-             ReadingContext* context) const;
+             const SharedBySiblings& shared) const;
+  bool hasSettingsOfOthers(const lum::GeometryDrawable& drawable) const;
   void logContents(int level) const;
 
   GeometrySettings _settings;

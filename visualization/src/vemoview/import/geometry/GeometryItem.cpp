@@ -13,6 +13,8 @@
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/Traversal.h>
 #include <vemo/scenegraph/attributes/LineAttributes.h>
+#include <vemo/scenegraph/attributes/MaterialAttributes.h>
+#include <vemo/scenegraph/attributes/PointScaleAttributes.h>
 #include <vemo/scenegraph/drawables/DrawableCollection.h>
 #include <vemo/scenegraph/drawables/PointSphereDrawable.h>
 #include <vemo/scenegraph/drawables/PolyLineDrawable.h>
@@ -45,6 +47,11 @@ constexpr const char* TYPE_NAMES[] = {"points", "lines", "a surface"};
 
 bool hasGeometry(const lum::GeometryDrawable& drawable) {
   return drawable.find<lum::PolyDataNode>() != nullptr;
+}
+
+bool hasColorTable(const lum::GeometryDrawable& drawable) {
+  const auto* const scalars = drawable.findAttributes<lum::ScalarAttributes>();
+  return scalars != nullptr && scalars->hasColorLookupTable() != nullptr;
 }
 
 /// The first T that is hidden or shown as wanted, or has no geometry yet; made
@@ -235,35 +242,48 @@ void GeometryItem::addToCollection(SharedBySiblings& shared, lum::DrawableCollec
   logContents(level);
   switch (_geometryType) {
     case POINTS:
-      addTo<lum::PointSphereDrawable>(own, hidesDrawable, parentName, shared.context);
+      addTo<lum::PointSphereDrawable>(own, hidesDrawable, parentName, shared);
       break;
     case LINES:
       VEMO_REQUIRE(_polydata->GetLines()->GetNumberOfCells() > 0, "must be greater than zero");
-      addTo<lum::PolyLineDrawable>(own, hidesDrawable, parentName, shared.context);
+      addTo<lum::PolyLineDrawable>(own, hidesDrawable, parentName, shared);
       break;
     case SURFACE:
-      addTo<lum::SurfaceDrawable>(own, hidesDrawable, parentName, shared.context);
+      addTo<lum::SurfaceDrawable>(own, hidesDrawable, parentName, shared);
       break;
     default:
       VEMO_LOG_ERROR("Unrecognized geometry, exiting");
   }
 }
 
+/// Whether earlier geometry in the drawable stated what this item does not.
+bool GeometryItem::hasSettingsOfOthers(const lum::GeometryDrawable& drawable) const {
+  return (!_settings.hasLighting() && drawable.findAttributes<lum::MaterialAttributes>() != nullptr) ||
+         (!_settings.hasPointScale() && drawable.findAttributes<lum::PointScaleAttributes>() != nullptr);
+}
+
 template <class T>
 void GeometryItem::addTo(lum::DrawableCollection& collection, bool isHidden, const std::string& parentName,
-                         ReadingContext* context) const {
+                         const SharedBySiblings& shared) const {
   T& drawable = findDrawable<T>(collection, isHidden);
   const bool isShared = hasGeometry(drawable);
   const SharedSettings before(drawable);
-  GeometryDrawableBuilder(_settings, *_polydata, drawable, context).build(parentName);
+  const bool isColoredByOther = shared.colormap == nullptr && hasColorTable(drawable);
+  GeometryDrawableBuilder(_settings, *_polydata, drawable, shared.context).build(parentName);
   if (_property) {
     // A host may have changed the property.
     drawable.template getAttributes<lum::LineAttributes>().setLineWidth(_property->GetLineWidth());
   }
   addVisibilityAttrib(drawable, isHidden);
-  if (isShared && before != SharedSettings(drawable)) {
-    report(context, FindingCode::SETTINGS_REPLACED,
-           "The settings of \"" + getName() + "\" replace those of earlier geometry of its name and type");
+  if (isShared && (before != SharedSettings(drawable) || hasSettingsOfOthers(drawable))) {
+    report(shared.context, FindingCode::SETTINGS_REPLACED,
+           "The geometry \"" + getName() +
+               "\" shares the settings of earlier geometry of its name and type, but states others");
+  }
+  if (isColoredByOther && drawable.getColorAttributes()->getColorMode() == lum::ColorMode::DATA) {
+    report(
+        shared.context, FindingCode::COLORMAP_REPLACED,
+        "The data of \"" + getName() + "\" are coloured as those of earlier geometry of its name and type");
   }
 }
 
