@@ -134,7 +134,8 @@ SceneNodePtr convertItems(const Scene& scene, ReadingContext& context) {
   SharedBySiblings shared;
   shared.sceneNode = sceneNode;
   shared.context = &context;
-  const ReadingContext::ItemScope scope(&context, scene.getPathName(), scene.getLine());
+  // As in reading, whatever the name of the scene.
+  const ReadingContext::ItemScope scope(&context, Scene::XML_ENTITY, scene.getLine());
   scene.addToCollection(shared, sceneNode->getModelCanvas().getDrawableCollection(), 0, "noname");
   return sceneNode;
 }
