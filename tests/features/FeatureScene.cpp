@@ -129,7 +129,11 @@ FeatureScene::FeatureScene(const std::string& children, const std::string& attri
   makeArchive().text("scene.xml", sceneXml(VIEW + children, attributes)).write(path);
   SceneFileReader reader{ZipFileReader(wide(path))};
   reader.read(_items);
-  EXPECT_EQ(reader.getFindings().size(), 0U);
+  for (const Finding& finding : reader.getFindings()) {
+    // The scene's own view after this one, and triples, whose lengths are shown.
+    EXPECT_TRUE(finding.code == FindingCode::ELEMENT_REPLACED || finding.code == FindingCode::ARRAY_MAGNITUDE)
+        << describe(finding);
+  }
   _node = load(wide(path));
 }
 

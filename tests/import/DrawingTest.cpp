@@ -139,6 +139,8 @@ TEST_F(Drawing, MappersAreColoredByAnArray) {
   item.setScalarArray(&mapper, "b");
   item.setScalars(&mapper, nullptr);
   EXPECT_FALSE(mapper.GetScalarVisibility());
+  item.setScalars(&mapper, &colormap);
+  EXPECT_TRUE(mapper.GetScalarVisibility());
 }
 
 TEST_F(Drawing, ColormapsBecomeTables) {

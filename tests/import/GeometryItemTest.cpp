@@ -52,6 +52,9 @@ TEST_F(GeometryItemTest, RefusesToConvertWhatIsNoGeometry) {
   EXPECT_EQ(collection("unread").getNodeCount(), 0U);
   unread.setGeometry(nullptr, nullptr, nullptr);
   EXPECT_EQ(conversion(unread), "InternalError: must be not NULL | _polydata");
+  unread.setGeometry(readItem("polys='tri'").getGeometry(), nullptr, nullptr);
+  EXPECT_EQ(conversion(unread), "");
+  EXPECT_TRUE(collection("unread").find<lum::SurfaceDrawable>());
   GeometryItem& emptied = readItem("lines='line'");
   emptied.getGeometry()->SetLines(nullptr);
   EXPECT_EQ(conversion(emptied),

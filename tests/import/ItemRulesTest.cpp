@@ -10,6 +10,7 @@
 #include <vemo/import/items/GeometryTransform.h>
 #include <vemo/import/items/Gradient.h>
 #include <vemo/import/items/Image2D.h>
+#include <vemo/import/items/Legend.h>
 #include <vemo/import/items/ReflectTransform.h>
 #include <vemo/import/items/RepeatTransform.h>
 #include <vemo/scenegraph/coloring/ScalarAttributes.h>
@@ -80,6 +81,27 @@ TEST_F(ItemRules, LegendsTakeOnlyFormatsForOneNumber) {
   }
 }
 
+TEST_F(ItemRules, LegendsMadeInCodeHaveAllThatFilesState) {
+  convert("");
+  Legend legend("made");
+  legend.setOrientation(lum::LegendOrientation::HORIZONTAL);
+  legend.setLabelCount(3);
+  legend.setNumberFormat("%.1f");
+  legend.setTextHeight(0.5);
+  EXPECT_EQ(failureOf([&] { legend.setLabelCount(65); }).substr(0, 14), "InternalError:");
+  EXPECT_EQ(failureOf([&] { legend.setNumberFormat("%s"); }).substr(0, 14), "InternalError:");
+  const Colormap colormap;
+  SharedBySiblings shared;
+  shared.colormap = &colormap;
+  legend.addToCollection(shared, collection(""), 1, "");
+  const auto& made = drawable<lum::LegendDrawable>("");
+  const auto& attributes = *made.findAttributes<lum::LegendAttributes>();
+  EXPECT_EQ(attributes.getOrientation(), lum::LegendOrientation::HORIZONTAL);
+  EXPECT_EQ(attributes.getNumberOfLabels(), 3);
+  EXPECT_EQ(attributes.getLabelFormat(), "%.1f");
+  EXPECT_EQ(made.findAttributes<lum::TextAttributes>()->getFontSize(), 0.5);
+}
+
 TEST_F(ItemRules, KeepATransformOfTheRightKindAndReplaceAnother) {
   auto& attributes = convert("").getModelCanvas().getDrawableCollection().getBaseAttributes();
   const lum::Ptr<lum::Transform> mirrored = ReflectTransform().makeLumTransform(attributes);
@@ -101,12 +123,15 @@ TEST_F(ItemRules, ConvertWhatAHostAdds) {
   auto text = std::make_unique<Annotation>("made");
   text->setText("x");
   text->setMode(lum::CoordinateSpace::MODEL);
+  text->setTextHeight(0.5);
   AssemblyItem group("A");
   group.add(std::move(text));
   group.add(std::make_unique<Gradient>("background"));
   SharedBySiblings shared;
   group.addToCollection(shared, collection(""), 1, "");
-  EXPECT_TRUE(collection("A").find<lum::TextDrawable>("made"));
+  const auto* const made = collection("A").find<lum::TextDrawable>("made");
+  ASSERT_TRUE(made);
+  EXPECT_EQ(made->findAttributes<lum::TextAttributes>()->getFontSize(), 0.5);
   EXPECT_EQ(collection("A").getNodeCount(), 1U) << "a gradient is not drawn";
   EXPECT_TRUE(logHas(takeLog(), "***** Gradient::addToCollection not implemented *****"));
 }

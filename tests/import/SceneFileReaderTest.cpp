@@ -32,10 +32,10 @@ std::string repeated(const std::string& text, int count) {
 }
 
 TEST_F(SceneFileReaderTest, ReadsBigEndianWords) {
-  const SceneFileReader reader = open(ArchiveBuilder()
-                                          .bytes("i", {0, 0, 0, 1, 0xff, 0xff, 0xff, 0xfe})
-                                          .bytes("f", {0x3f, 0x80, 0, 0, 0xc0, 0x20, 0, 0})
-                                          .bytes("empty", {}));
+  SceneFileReader reader = open(ArchiveBuilder()
+                                    .bytes("i", {0, 0, 0, 1, 0xff, 0xff, 0xff, 0xfe})
+                                    .bytes("f", {0x3f, 0x80, 0, 0, 0xc0, 0x20, 0, 0})
+                                    .bytes("empty", {}));
   const ArrayOwner<int> ints(reader.readIntBuffer("i"));
   EXPECT_THAT(ints.values(), ElementsAre(1, -2));
   EXPECT_EQ(ints.count(), 2);
@@ -50,12 +50,12 @@ TEST_F(SceneFileReaderTest, ReadsBigEndianWords) {
 }
 
 TEST_F(SceneFileReaderTest, SaysWhichEntryItCannotRead) {
-  const SceneFileReader reader = open(ArchiveBuilder()
-                                          .bytes("six", {1, 2, 3, 4, 5, 6})
-                                          .ints("broken", {1})
-                                          .forge([](Entry& e) { e.data[0] = 0xff; })
-                                          .ints("huge", {1})
-                                          .forge([](Entry& e) { e.uncompressedSize = 0xffffffff; }));
+  SceneFileReader reader = open(ArchiveBuilder()
+                                    .bytes("six", {1, 2, 3, 4, 5, 6})
+                                    .ints("broken", {1})
+                                    .forge([](Entry& e) { e.data[0] = 0xff; })
+                                    .ints("huge", {1})
+                                    .forge([](Entry& e) { e.uncompressedSize = 0xffffffff; }));
   EXPECT_EQ(failureOf([&] { reader.readEntry("foo"); }),
             "IOException: Requested non-existent entry 'foo'.<br>Your file may be corrupt. | ::foo");
   for (const std::string name : {"broken", "huge"}) {
@@ -125,7 +125,7 @@ TEST_F(SceneFileReaderTest, BoundsWhatASmallArchiveCanAskFor) {
             "hold at line 2 | :2:scene.xml");
 
   const auto quarter = std::string(SceneFileReader::MAX_BYTES_OF_SMALL_ARCHIVE / 4, '\0');
-  const SceneFileReader reader = open(ArchiveBuilder().text("p", quarter));
+  SceneFileReader reader = open(ArchiveBuilder().text("p", quarter));
   const auto read = [&reader] { const ArrayOwner<float> values(reader.readFloatBuffer("p")); };
   for (int i = 0; i < 4; ++i) {
     EXPECT_NO_THROW(read());
@@ -146,6 +146,27 @@ TEST_F(SceneFileReaderTest, ExpandsNoEntitiesWithoutEnd) {
     EXPECT_THAT(failureOf([&] { parse(xml + "]>" + use); }),
                 testing::StartsWith("XMLException: Parse error in scene.xml at line"));
   }
+}
+
+TEST_F(SceneFileReaderTest, ReportsWhatIsWrongWithEntriesThatItReads) {
+  SceneFileReader reader =
+      open(ArchiveBuilder()
+               .text("scene.xml", "<scene background='00000000'/>")
+               .text("scene.xml",
+                     "<scene background='00000000'><image2d pixels='x' width='2' height='1'/></scene>")
+               .text("x", "12345")
+               .forge([](Entry& e) {
+                 e.uncompressedSize = 6;
+                 e.crc = 0;
+               }));
+  std::unique_ptr<Scene> scene;
+  reader.read(scene);
+  std::vector<std::string> found;
+  for (const Finding& finding : reader.getFindings()) {
+    found.push_back(finding.getKind().name + " " + finding.entry + " " + finding.itemPath);
+  }
+  EXPECT_THAT(found, ElementsAre("entry-replaced scene.xml ", "entry-short x scene/image2d",
+                                 "checksum-wrong x scene/image2d"));
 }
 
 TEST_F(SceneFileReaderTest, NamesTheItemThatFails) {

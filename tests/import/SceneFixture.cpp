@@ -103,7 +103,10 @@ lum::SceneNode& SceneFixture::convert(const std::string& children) {
   _sceneNode = make<lum::SceneNode>();
   SharedBySiblings shared;
   shared.sceneNode = _sceneNode;
-  read(children)->addToCollection(shared, _sceneNode->getModelCanvas().getDrawableCollection(), 0, "noname");
+  const auto scene = read(children);
+  shared.context = &*_reader;
+  const ReadingContext::ItemScope scope(shared.context, scene->getPathName(), scene->getLine());
+  scene->addToCollection(shared, _sceneNode->getModelCanvas().getDrawableCollection(), 0, "noname");
   return *_sceneNode;
 }
 

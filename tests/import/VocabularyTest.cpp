@@ -2,6 +2,7 @@
 // holds for every element and key.
 
 #include "SceneFixture.h"
+#include "support/GraphText.h"
 #include "vemoview/import/scene/SceneFormat.h"
 
 #include <algorithm>
@@ -9,9 +10,11 @@
 #include <fstream>
 #include <gmock/gmock.h>
 #include <map>
+#include <optional>
 #include <regex>
 #include <set>
 #include <string>
+#include <utility>
 
 namespace vemo {
 
@@ -113,6 +116,168 @@ TEST_F(AllElements, ThatMayBeDoneWithoutNeverStopAScene) {
         EXPECT_EQ(failureOf([&] { read(elementWith(table, key.name, "?")); }), "")
             << key.name << " of " << table.element;
       }
+    }
+  }
+}
+
+/// For each table, by its element and first key: scenes that it matters in. "@" is
+/// for the attributes, "#" for the child elements.
+std::multimap<std::string, std::string> scenesOfTables() {
+  const auto inAssembly = [](const std::string& part) {
+    return assembly(
+        "A",
+        "<colormap name='c'><c>ff0000ff</c></colormap><colormap name='other'><c>00ff00ff</c></colormap>" +
+            part + "<geometry name='g' points='p' lineColor='ff0000ff' faceColor='ff0000ff'/>");
+  };
+  const std::string image = " name='i' visibility='1' @";
+  const std::string pixels = image + " pixels='one' width='1' height='1' components='1'";
+  const std::string colored = "<geometry name='g' lineColor='ff0000ff' faceColor='ff0000ff'";
+  return {
+      {"view position", "<view @>#</view>"},
+      {"light intensity", "<light @>#</light>"},
+      {"clip origin", "<clip @>#</clip>"},
+      {"annotation text", "<annotation @>#</annotation>"},
+      {"font facename", "<annotation text='t'><font @/></annotation>"},
+      {"colormap min",
+       assembly("A", "<colormap @><c>ff0000ff</c></colormap><legend/>" + colored + " points='p'/>")},
+      {"legend title", inAssembly("<legend @>#</legend>")},
+      {"legend position", inAssembly("<legend>#</legend>")},
+      {"transform rotAngle", inAssembly("<transform @>#</transform>")},
+      {"repeat nRepeats", inAssembly("<repeat @/>")},
+      {"reflect planeEqnCoeffA", inAssembly("<reflect @/>")},
+      {"axes textColor", "<axes @>#</axes>"},
+      {"coordinatesystem origin", "<coordinatesystem @>#</coordinatesystem>"},
+      {"image2d pixels", "<image2d" + image + "/>"},
+      {"image2d coordinateSystem", "<image2d" + pixels + "/>"},
+      {"image2d position", "<image2d" + pixels + ">#</image2d>"},
+      {"image3d pixels", "<image3d" + image + "/>"},
+      {"image3d coordinateSystem", "<image3d" + pixels + "/>"},
+      {"image3d origin", "<image3d" + pixels + ">#</image3d>"},
+      {"geometry points", colored + " @/>"},
+      {"geometry lineColor", "<geometry name='g' points='p' @>#</geometry>"},
+      {"geometry lineColor", "<geometry name='g' points='p' polys='tri' @>#</geometry>"},
+      {"array name", colored + " points='p' polys='quad'><array @/></geometry>"},
+  };
+}
+
+/// Keys that are kept, or matter only where VTK draws an item.
+const std::set<std::string> WITHOUT_EFFECT = {"view windowWidth", "view windowHeight", "view windowX",
+                                              "view windowY",     "reflect flip",      "axes textColor",
+                                              "axes xaxis",       "axes yaxis",        "axes zaxis"};
+
+class Defaults : public AllElements {
+ protected:
+  Defaults() {
+    _archive.bytes("one", {7});
+    _hasDefaults = false;
+  }
+
+  /// The key with this value, as an attribute or a child element.
+  static std::pair<std::string, std::string> written(const KeyText& key, const std::string& value) {
+    if (key.type != "vector" && key.type != "element") {
+      return {" " + key.name + "='" + value + "'", ""};
+    }
+    return {"", "<" + key.name + " " + value + "/>"};
+  }
+
+  static std::string vectorOf(const std::string& numbers) {
+    return std::regex_replace(numbers + ", 0", std::regex("^([^,]+), ([^,]+), ([^,]+).*"),
+                              "x='$1' y='$2' z='$3'");
+  }
+
+  /// Nothing for a default that depends on other things.
+  static std::optional<std::string> defaultValue(const KeyText& key) {
+    static const std::set<std::string> WORDY = {"required", "none"};
+    if (WORDY.contains(key.defaultText) || key.type == "element") {
+      return std::nullopt;
+    }
+    if (key.defaultText == "empty") {
+      return "";
+    }
+    if (key.type == "vector") {
+      return std::regex_match(key.defaultText, std::regex("[-0-9., ]+"))
+                 ? std::optional(vectorOf(key.defaultText))
+                 : std::nullopt;
+    }
+    std::smatch quoted;
+    if (std::regex_match(key.defaultText, quoted, std::regex("`([^`]*)`"))) {
+      return quoted[1];
+    }
+    return key.defaultText.find(' ') == std::string::npos ? std::optional(key.defaultText) : std::nullopt;
+  }
+
+  /// One that is not the default.
+  static std::string otherValue(const std::string& element, const KeyText& key) {
+    static const std::map<std::string, std::string> BY_NAME = {
+        {"points", "p"},   {"verts", "vert"},
+        {"lines", "line"}, {"strips", "strip"},
+        {"polys", "tri"},  {"data", "four"},
+        {"pixels", "one"}, {"numberFormat", "%g"},
+        {"nRepeats", "3"}, {"pointScalePixelsSize", "0"}};
+    if (const auto found = BY_NAME.find(key.name); found != BY_NAME.end()) {
+      return found->second;
+    }
+    if (key.type == "word") {
+      // The second one, unless it is the default.
+      std::smatch words;
+      std::regex_search(key.meaning, words, std::regex("`([^`]*)`(?:, | or )`([^`]*)`"));
+      return words[element == "image3d" ? 1 : 2];
+    }
+    static const std::map<std::string, std::string> BY_TYPE = {{"number", "0.5"},
+                                                               {"integer", "1"},
+                                                               {"text", "other"},
+                                                               {"colour", "ff8000ff"},
+                                                               {"vector", "x='0.5' y='0.25' z='0.75'"},
+                                                               {"element", "textColor='ff8000ff'"}};
+    return key.type == "boolean" ? (key.defaultText == "true" ? "false" : "true") : BY_TYPE.at(key.type);
+  }
+
+  /// What becomes of the scene with one key of the table of this value, or absent,
+  /// with all others or alone.
+  std::string resultOf(std::string scene, const ElementTable& table, const KeyText& tested,
+                       const std::optional<std::string>& value, bool withOthers) {
+    std::string attributes;
+    std::string children;
+    for (const KeyText& key : table.keys) {
+      if (key.name == tested.name ? value.has_value() : withOthers) {
+        const auto [attribute, child] =
+            written(key, key.name == tested.name ? *value : otherValue(table.element, key));
+        attributes += attribute;
+        children += child;
+      }
+    }
+    scene = std::regex_replace(scene, std::regex("@"), attributes);
+    scene = std::regex_replace(scene, std::regex("#"), children);
+    const std::string failure = failureOf([&] { convert(scene); });
+    return failure.empty() ? graphText(*_sceneNode) : failure;
+  }
+};
+
+TEST_F(Defaults, AndEffectsAreThoseOfThePage) {
+  const std::set<std::string> notConvertedHere = {"", "scene", "gradient"};
+  const auto scenes = scenesOfTables();
+  for (const ElementTable& table : describeSceneFormat()) {
+    if (notConvertedHere.contains(table.element) || table.keys.empty()) {
+      continue;
+    }
+    const auto [first, last] = scenes.equal_range(table.element + " " + table.keys.front().name);
+    EXPECT_NE(first, last) << table.element << " " << table.keys.front().name << " needs a scene";
+    for (const KeyText& key : table.keys) {
+      const std::string name = table.element + " " + key.name;
+      bool hasEffect = false;
+      for (auto scene = first; scene != last; ++scene) {
+        for (const bool withOthers : {true, false}) {
+          const auto with = [&](const std::optional<std::string>& value) {
+            return resultOf(scene->second, table, key, value, withOthers);
+          };
+          const std::string without = with(std::nullopt);
+          if (const auto stated = defaultValue(key)) {
+            EXPECT_EQ(with(*stated), without) << name;
+          }
+          hasEffect = hasEffect || with(otherValue(table.element, key)) != without;
+        }
+      }
+      EXPECT_EQ(hasEffect, !WITHOUT_EFFECT.contains(name)) << name;
     }
   }
 }

@@ -59,6 +59,7 @@ TEST_F(ZipFileReaderTest, TakesTheLastOfEqualNames) {
   EXPECT_EQ(reader.getEntryCount(), 2);
   EXPECT_EQ(reader.getSize("x"), 3);
   EXPECT_EQ(contentOf(reader, "x"), "2nd");
+  EXPECT_EQ(reader.getDuplicateNames(), std::vector<std::string>{"x"});
 }
 
 TEST_F(ZipFileReaderTest, SharesTheArchiveBetweenCopies) {
@@ -127,12 +128,11 @@ TEST_F(ZipFileReaderTest, BelievesNoSizeThatCannotBe) {
   } CASES[] = {
       {"2 GiB", false, [](Entry& e) { e.uncompressedSize = 0x7ffffff0; }, 0x7ffffff0},
       {"4 GiB", false, [](Entry& e) { e.uncompressedSize = 0xfffffffe; }, ZipFileReader::SIZE_LIMIT},
-      {"just beyond the ratio", false, [](Entry& e) { e.uncompressedSize = 1032 * e.compressedSize + 1; },
-       -2},
+      {"just beyond a small entry", false,
+       [](Entry& e) { e.uncompressedSize = ZipFileReader::SMALL_ENTRY_SIZE + 1; }, 0x10001},
+      {"far longer than stored", true, [](Entry& e) { e.uncompressedSize = 0x10001; }, 0x10001},
       {"more compressed bytes than the file has", false,
        [](Entry& e) { e.compressedSize = e.uncompressedSize = 0x10000000; }, 0x10000000},
-      {"longer than stored", true, [](Entry& e) { ++e.uncompressedSize; }, 8},
-      {"shorter than stored", true, [](Entry& e) { --e.uncompressedSize; }, 6},
       {"encrypted", false, [](Entry& e) { e.flags |= 1; }, 7},
       {"bzip2", false, [](Entry& e) { e.method = 12; }, 7},
       {"unknown method", true, [](Entry& e) { e.method = 0xffff; }, 7},
@@ -141,9 +141,7 @@ TEST_F(ZipFileReaderTest, BelievesNoSizeThatCannotBe) {
     ArchiveBuilder builder;
     builder.text("good", "content").text("x", "content").forge(example.forgery);
     const ZipFileReader reader = open(example.stored ? builder.stored() : builder);
-    if (example.size >= 0) {
-      EXPECT_EQ(reader.getSize("x"), example.size) << example.name;
-    }
+    EXPECT_EQ(reader.getSize("x"), example.size) << example.name;
     EXPECT_FALSE(reader.isSizePossible("x")) << example.name;
     char untouched = '#';
     EXPECT_FALSE(reader.read("x", &untouched)) << example.name;
@@ -160,13 +158,32 @@ TEST_F(ZipFileReaderTest, ReadsWhatDeflatesBest) {
   EXPECT_EQ(contentOf(reader, "x"), zeros);
 }
 
-TEST_F(ZipFileReaderTest, PassesShortContentAndWrongChecksums) {
-  const ZipFileReader shorter =
-      open(ArchiveBuilder().text("x", "content").forge([](Entry& e) { e.uncompressedSize += 3; }));
-  EXPECT_EQ(contentOf(shorter, "x"), std::string("content\0\0\0", 10));
-  const ZipFileReader unchecked =
-      open(ArchiveBuilder().text("x", "content").forge([](Entry& e) { e.crc ^= 1; }));
-  EXPECT_EQ(contentOf(unchecked, "x"), "content");
+TEST_F(ZipFileReaderTest, SaysWhatIsWrongWithContentThatItReads) {
+  const struct {
+    const char* name;
+    std::function<void(Entry&)> forgery;
+    std::string content;
+    std::optional<std::size_t> bytesRead;
+    bool isChecksumWrong;
+  } CASES[] = {
+      {"longer", [](Entry& e) { e.uncompressedSize += 3; }, std::string("content\0\0\0", 10), 7, false},
+      {"shorter", [](Entry& e) { e.uncompressedSize -= 3; }, "cont", std::nullopt, true},
+      {"checksum", [](Entry& e) { e.crc ^= 1; }, "content", std::nullopt, true},
+      {"good", [](Entry&) {}, "content", std::nullopt, false},
+  };
+  for (const auto& example : CASES) {
+    for (const bool isStored : {false, true}) {
+      ArchiveBuilder builder;
+      builder.text("x", "content").forge(example.forgery);
+      const ZipFileReader reader = open(isStored ? builder.stored() : builder);
+      EXPECT_EQ(contentOf(reader, "x"), example.content) << example.name;
+      ZipFileReader::ContentFlaws flaws;
+      std::string content(example.content.size(), '#');
+      EXPECT_TRUE(reader.read("x", content.data(), &flaws)) << example.name;
+      EXPECT_EQ(flaws.bytesRead, example.bytesRead) << example.name;
+      EXPECT_EQ(flaws.isChecksumWrong, example.isChecksumWrong) << example.name;
+    }
+  }
 }
 
 TEST_F(ZipFileReaderTest, RefusesBrokenContent) {

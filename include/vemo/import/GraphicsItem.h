@@ -54,6 +54,12 @@ class VEMO_IMPORT_EXPORT GraphicsItem : public SceneItem {
 
   /// Shows or hides the drawable as the item is shown or hidden.
   void addVisibilityAttrib(lum::Drawable& drawable) const;
+  /// The same for an item that something around it may hide too.
+  void addVisibilityAttrib(lum::Drawable& drawable, bool isHiddenAnyway) const;
+
+  /// Whether the scene graph has the visibility as an opacity. Else a visibility
+  /// between 0 and 1 counts as 1, which reading reports.
+  virtual bool isVisibilityOpacity() const { return false; }
 
   // These draw with VTK. The opacity is multiplied by the item's visibility. A
   // prop of an opacity of VISIBILITY_THRESHOLD or less is hidden; its property

@@ -2,6 +2,8 @@
 
 #include <vemo/scenegraph/SceneNode.h>
 
+#include <set>
+
 namespace vemo {
 
 class Colormap;
@@ -26,6 +28,17 @@ struct SharedBySiblings {
 
   /// Those of the assembly whose legend is being converted; null when none is.
   const Colormaps* assemblyColormaps = nullptr;
+
+  /// Those that data or legends have been coloured by.
+  std::set<const Colormap*> usedColormaps;
+
+  /// Whether an assembly around the item is hidden. Objects outside its
+  /// collection are hidden with it.
+  bool isHidden = false;
+
+  /// Whether a hidden assembly around the item is in a collection that is shown
+  /// for the sake of others: each item is hidden by itself then.
+  bool hidesEach = false;
 };
 
 }  // namespace vemo

@@ -2,8 +2,11 @@
 
 #include <vemo/import/Export.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -28,6 +31,17 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   /// takes no fewer than two bits.
   static constexpr std::uint64_t MAX_DEFLATE_RATIO = 1032;
 
+  /// Entries up to this size are read whatever their compressed size: memory for
+  /// them is no risk.
+  static constexpr std::uint64_t SMALL_ENTRY_SIZE = 0x10000;
+
+  /// What an entry's content contradicts of what the archive says of it.
+  struct ContentFlaws {
+    /// What there is of the content, if less than its size; the rest is zero.
+    std::optional<std::size_t> bytesRead;
+    bool isChecksumWrong = false;
+  };
+
   /// Throws FileNotFoundException, IOException when the owner has no
   /// permission to read, or ZipException.
   explicit ZipFileReader(const std::wstring& path);
@@ -40,6 +54,9 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   /// Distinct names.
   int getEntryCount() const { return static_cast<int>(_entries.size()); }
 
+  /// Those that several entries have, each once.
+  const std::vector<std::string>& getDuplicateNames() const { return _duplicateNames; }
+
   /// Names ascend byte by byte. An index of 0 or less gives the first name,
   /// one past the last an empty string.
   std::string getEntryName(int index) const;
@@ -48,15 +65,16 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   /// of exactly that name.
   int getSize(const std::string& name) const;
 
-  /// Whether the entry can be of the size that it declares: false for what is
-  /// not supported, and when the compressed bytes cannot become that many.
-  /// Check this before allocating memory: the size may be forged.
+  /// Whether the entry may be read: false for what is not supported, and for a
+  /// large size that so many compressed bytes cannot have by any method. Check
+  /// this before allocating memory: the size may be forged.
   bool isSizePossible(const std::string& name) const;
 
   /// Fills the buffer, of getSize bytes, with the entry's content. If the entry
-  /// ends early, the rest is set to zero; checksums are not verified.
+  /// ends early, the rest is set to zero; what follows its size is ignored.
   /// False when there is no such entry, or it cannot be read.
-  bool read(const std::string& name, char* buffer) const;
+  /// @param flaws if not null, receives what does not stop reading
+  bool read(const std::string& name, char* buffer, ContentFlaws* flaws = nullptr) const;
 
  private:
   struct Entry {
@@ -68,6 +86,7 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
     std::uint64_t uncompressedSize;
     std::uint64_t method;
     std::uint64_t flags;
+    std::uint32_t checksum;
   };
 
   void indexEntries();
@@ -75,13 +94,15 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   void sortEntries();
   const Entry* findEntry(const std::string& name) const;
   bool isSizePossible(const Entry& entry) const;
-  bool readContent(const Entry& entry, char* buffer) const;
+  /// How much of the content there is; nothing when it cannot be read.
+  std::optional<std::size_t> readContent(const Entry& entry, std::span<char> content) const;
 
   std::wstring _path;
   std::uint64_t _fileSize = 0;
   std::shared_ptr<ArchiveFile> _archive;
   /// By name.
   std::vector<Entry> _entries;
+  std::vector<std::string> _duplicateNames;
 };
 
 }  // namespace vemo

@@ -52,6 +52,11 @@ class VEMO_IMPORT_EXPORT AssemblyItem : public GraphicsItem {
   void setLegend(std::unique_ptr<Legend> legend);
   void setTransform(std::unique_ptr<Transform> transform);
 
+  // Whether the assembly has one that this one would replace.
+  bool wouldReplace(const Colormap& colormap) const;
+  bool wouldReplace(const Legend& /*legend*/) const { return _legend != nullptr; }
+  bool wouldReplace(const Transform& /*transform*/) const { return _transform != nullptr; }
+
   /// Converts the children, then legend, colormap and transform. An assembly
   /// without children is left out.
   void addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int level,
@@ -81,11 +86,19 @@ class VEMO_IMPORT_EXPORT AssemblyItem : public GraphicsItem {
 
   void makeReadingCommandsMap();
 
+  lum::DrawableCollection& openCollection(SharedBySiblings& shared, lum::DrawableCollection& parent) const;
+  void reportEmpty(const SharedBySiblings& shared) const;
+  /// Of a collection that other items have been converted into.
+  void reportSharing(const SharedBySiblings& shared, lum::DrawableCollection& collection) const;
+
   /// Converts everything but the children.
-  void convertExtras(SharedBySiblings& shared, lum::DrawableCollection& target, int level) const;
+  /// @param isOuterColormap whether the colormap is that of an outer assembly
+  void convertExtras(SharedBySiblings& shared, lum::DrawableCollection& target, int level,
+                     bool isOuterColormap) const;
   void convertLegend(SharedBySiblings& shared, int level) const;
+  /// Whether there are data to colour.
+  bool applyColormap(lum::Node& target) const;
   void reportUnusedColormaps(const SharedBySiblings& shared) const;
-  void applyColormap(lum::Node& target) const;
   void applyTransform(lum::DrawableCollection& target) const;
 
   std::unique_ptr<Legend> _legend;

@@ -5,7 +5,6 @@
 #include <map>
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace vemo {
 
@@ -25,14 +24,15 @@ class VEMO_IMPORT_EXPORT Colormaps {
 
   /// Null when there is none of that name.
   const Colormap* find(const std::string& name) const;
-  /// By ascending name.
-  std::vector<const Colormap*> getAll() const;
   /// The colormap of the active name, else the first by name; null when there
   /// is none.
   const Colormap* getActive() const;
 
+  using ByName = std::map<std::string, std::unique_ptr<Colormap>>;
+  const ByName& getAll() const { return _byName; }
+
  private:
-  std::map<std::string, std::unique_ptr<Colormap>> _byName;
+  ByName _byName;
   /// Null until set.
   std::unique_ptr<std::string> _activeName;
 };

@@ -2,6 +2,10 @@
 
 #include <vemo/import/items/AxesItem.h>
 
+namespace lum {
+class TriadDrawable;
+}
+
 namespace vemo {
 
 /// A triad in the model, with its own labels.
@@ -26,6 +30,8 @@ class VEMO_IMPORT_EXPORT CoordinateSystemItem : public AxesItem {
   void readImpl(const QxElement& element, SceneFileReader* reader);
 
  private:
+  lum::TriadDrawable& openTriad(const SharedBySiblings& shared, lum::DrawableCollection& collection) const;
+
   Vector<3, double> _origin{};
   Vector<3, std::string> _axesLabels{};
 };

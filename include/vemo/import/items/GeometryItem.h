@@ -15,6 +15,9 @@ class vtkActor;
 class vtkPolyData;
 class vtkPolyDataMapper;
 class vtkProperty;
+namespace lum {
+class GeometryDrawable;
+}
 
 namespace vemo {
 
@@ -50,7 +53,8 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
   static int countItemsInList(Array_t<int> list);
 
   /// The geometry, and the objects that draw it directly with VTK. The mapper may
-  /// be null; without a property the item keeps its own.
+  /// be null; without a property the item keeps its own. The cells of the
+  /// geometry decide about its type.
   void setGeometry(vtkPolyData* polyData, vtkPolyDataMapper* mapper, vtkProperty* property);
   vtkPolyData* getGeometry() const;
 
@@ -129,11 +133,15 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
  private:
   void reportUnused(const ValueReader& values) const;
   void readGeometry(const QxElement& element, SceneFileReader& reader);
+  void reportSettingsOutOfRange(SceneFileReader& reader) const;
+  static GeometryType typeOf(bool hasFaces, bool hasLines);
   GeometryType determineType() const;
   void computeNormals();
 
   template <class T>
-  void addDrawable(lum::DrawableCollection& collection, const std::string& parentName) const;
+  void addTo(lum::DrawableCollection& collection, bool isHidden, const std::string& parentName,
+             const SharedBySiblings& shared) const;
+  bool hasSettingsOfOthers(const lum::GeometryDrawable& drawable) const;
   void logContents(int level) const;
 
   GeometrySettings _settings;

@@ -60,10 +60,12 @@ class VEMO_IMPORT_EXPORT Image : public GraphicsItem {
   void setPlace(const Vector<3, double>& corner, const Vector<3, double>& xAxis,
                 const Vector<3, double>& yAxis);
 
+  bool isVisibilityOpacity() const override { return true; }
+
  private:
   /// Reads the position of the picture.
   virtual void readPlace(const QxElement& element, SceneFileReader* reader) = 0;
-  void readPixels(const PixelSource& source, const SceneFileReader& reader);
+  void readPixels(const PixelSource& source, SceneFileReader& reader);
 
   lum::CoordinateSpace _space;
   Vector<3, double> _corner{};

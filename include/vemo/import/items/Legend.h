@@ -49,8 +49,16 @@ class VEMO_IMPORT_EXPORT Legend : public GraphicsItem {
   void setTitle(const std::string& title) { _title = title; }
   /// Of the assembly; empty: the one that colours the assembly.
   void setColormapName(const std::string& name) { _colormapName = name; }
-  /// Empty for the one that colours the assembly.
-  const std::string& getColormapName() const { return _colormapName; }
+  /// The position and the size stay.
+  void setOrientation(lum::LegendOrientation orientation) { _orientation = orientation; }
+  /// From 0 to MAX_LABELS; throws InternalError for another number.
+  void setLabelCount(int count);
+  /// One conversion of C's `printf` for a double, with text around it; throws
+  /// InternalError for another text.
+  void setNumberFormat(const std::string& format);
+  /// Of a line, as a fraction of the window's; 0: as it fits.
+  void setTextHeight(double height) { _textHeight = height; }
+  void setFont(const Font& font) { _font = font; }
 
  private:
   const Colormap* chooseColormap(const SharedBySiblings& shared, const std::string& assemblyName) const;

@@ -36,7 +36,7 @@ void convertWords(unsigned char* bytes, std::size_t size) {
 
 ArchiveReader::ArchiveReader(ZipFileReader archive) : _archive(std::move(archive)) {}
 
-Array_t<unsigned char> ArchiveReader::readEntry(const std::string& entryName) const {
+Array_t<unsigned char> ArchiveReader::readEntry(const std::string& entryName) {
   const int size = _archive.getSize(entryName);
   if (size < 0) {
     failAt<IOException>("Requested non-existent entry '" + entryName + "'.<br>Your file may be corrupt.",
@@ -49,9 +49,11 @@ Array_t<unsigned char> ArchiveReader::readEntry(const std::string& entryName) co
   countBytesRead(size, entryName);
   // Not set to zero beforehand: the archive does so with what it does not fill.
   std::unique_ptr<unsigned char[]> block(new (std::nothrow) unsigned char[static_cast<std::size_t>(size)]);
-  if (!block || !_archive.read(entryName, reinterpret_cast<char*>(block.get()))) {
+  ZipFileReader::ContentFlaws flaws;
+  if (!block || !_archive.read(entryName, reinterpret_cast<char*>(block.get()), &flaws)) {
     failIncomplete(entryName);
   }
+  reportFlaws(flaws, entryName);
   return {block.release(), size};
 }
 
@@ -67,7 +69,7 @@ std::vector<std::string> ArchiveReader::getUnusedEntries() const {
   return unused;
 }
 
-void ArchiveReader::countBytesRead(int size, const std::string& entryName) const {
+void ArchiveReader::countBytesRead(int size, const std::string& entryName) {
   _bytesRead += static_cast<std::uint64_t>(size);
   if (_bytesRead >
       std::max(MAX_BYTES_OF_SMALL_ARCHIVE, _archive.getFileSize() * ZipFileReader::MAX_DEFLATE_RATIO)) {
@@ -79,7 +81,7 @@ void ArchiveReader::countBytesRead(int size, const std::string& entryName) const
 }
 
 /// The bytes of an entry of words, converted; `kind` is the user's word for them.
-Array_t<unsigned char> ArchiveReader::readWords(const std::string& entryName, const char* kind) const {
+Array_t<unsigned char> ArchiveReader::readWords(const std::string& entryName, const char* kind) {
   if (_archive.getSize(entryName) % 4 != 0) {
     failAt<IOException>(std::string("Bad size for ") + kind + " buffer;  not a multiple of 4", entryName);
   }
@@ -88,12 +90,12 @@ Array_t<unsigned char> ArchiveReader::readWords(const std::string& entryName, co
   return bytes;
 }
 
-Array_t<int> ArchiveReader::readIntBuffer(const std::string& entryName) const {
+Array_t<int> ArchiveReader::readIntBuffer(const std::string& entryName) {
   const Array_t<unsigned char> bytes = readWords(entryName, "integer");
   return {reinterpret_cast<int*>(bytes.data), bytes.count / 4};
 }
 
-Array_t<float> ArchiveReader::readFloatBuffer(const std::string& entryName) const {
+Array_t<float> ArchiveReader::readFloatBuffer(const std::string& entryName) {
   const Array_t<unsigned char> bytes = readWords(entryName, "float");
   return {reinterpret_cast<float*>(bytes.data), bytes.count / 4};
 }

@@ -20,30 +20,35 @@ class VEMO_IMPORT_EXPORT ArchiveReader {
   static constexpr std::uint64_t MAX_BYTES_OF_SMALL_ARCHIVE = 256U << 20U;
 
   explicit ArchiveReader(ZipFileReader archive);
+  virtual ~ArchiveReader() = default;
 
   const ZipFileReader& getArchive() const { return _archive; }
 
   /// The whole content of an entry; the caller owns the block. Throws
   /// IOException when the entry is missing or cannot be read, or when more is
-  /// read from the archive than it can hold.
-  Array_t<unsigned char> readEntry(const std::string& entryName) const;
+  /// read from the archive than it can hold. Content that is shorter than stated,
+  /// or not that of its checksum, is reported.
+  Array_t<unsigned char> readEntry(const std::string& entryName);
 
   /// An entry of big-endian 32-bit numbers, in the byte order of this machine;
   /// the caller owns the block. Throws IOException as readEntry does, and when
   /// the size (-1 for a missing entry) is not a multiple of 4.
-  Array_t<int> readIntBuffer(const std::string& entryName) const;
-  Array_t<float> readFloatBuffer(const std::string& entryName) const;
+  Array_t<int> readIntBuffer(const std::string& entryName);
+  Array_t<float> readFloatBuffer(const std::string& entryName);
 
   /// The entries that were never asked for, in ascending order of names.
   std::vector<std::string> getUnusedEntries() const;
 
  private:
-  Array_t<unsigned char> readWords(const std::string& entryName, const char* kind) const;
-  void countBytesRead(int size, const std::string& entryName) const;
+  /// Of content that is read nevertheless.
+  virtual void reportFlaws(const ZipFileReader::ContentFlaws& flaws, const std::string& entryName) = 0;
+
+  Array_t<unsigned char> readWords(const std::string& entryName, const char* kind);
+  void countBytesRead(int size, const std::string& entryName);
 
   ZipFileReader _archive;
-  mutable std::uint64_t _bytesRead = 0;
-  mutable std::set<std::string> _used;
+  std::uint64_t _bytesRead = 0;
+  std::set<std::string> _used;
 };
 
 }  // namespace vemo

@@ -19,9 +19,6 @@ class CompressionMethod {
   CompressionMethod(const CompressionMethod&) = delete;
   CompressionMethod& operator=(const CompressionMethod&) = delete;
 
-  /// Whether so many compressed bytes can hold content of this size, in bytes.
-  virtual bool isSizePossible(std::uint64_t compressedSize, std::uint64_t size) const = 0;
-
   /// Fills the content from the front and returns how much of it the entry
   /// holds: less than all when the entry ends early. What would follow the
   /// content is ignored. Nothing when the compressed bytes are invalid.

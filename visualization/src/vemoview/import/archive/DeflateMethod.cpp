@@ -1,7 +1,5 @@
 #include "vemoview/import/archive/DeflateMethod.h"
 
-#include <vemo/import/ZipFileReader.h>
-
 #include <zlib.h>
 
 namespace vemo {
@@ -50,10 +48,6 @@ class Inflater {
 };
 
 }  // namespace
-
-bool DeflateMethod::isSizePossible(std::uint64_t compressedSize, std::uint64_t size) const {
-  return size <= compressedSize * ZipFileReader::MAX_DEFLATE_RATIO;
-}
 
 std::optional<std::size_t> DeflateMethod::decompress(const CompressedBlocks& blocks,
                                                      std::span<char> content) const {

@@ -5,10 +5,6 @@
 
 namespace vemo {
 
-bool StoredMethod::isSizePossible(std::uint64_t compressedSize, std::uint64_t size) const {
-  return size == compressedSize;
-}
-
 std::optional<std::size_t> StoredMethod::decompress(const CompressedBlocks& blocks,
                                                     std::span<char> content) const {
   std::size_t filled = 0;

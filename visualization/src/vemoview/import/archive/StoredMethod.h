@@ -7,7 +7,6 @@ namespace vemo {
 /// The content as it is.
 class StoredMethod final : public CompressionMethod {
  public:
-  bool isSizePossible(std::uint64_t compressedSize, std::uint64_t size) const override;
   std::optional<std::size_t> decompress(const CompressedBlocks& blocks,
                                         std::span<char> content) const override;
 };

@@ -11,6 +11,7 @@
 #include <minizip/unzip.h>
 #include <optional>
 #include <span>
+#include <zlib.h>
 
 namespace vemo {
 
@@ -40,6 +41,12 @@ std::uint64_t checkFile(const std::wstring& path) {
     failInvalid();
   }
   return static_cast<std::uint64_t>(status.st_size);
+}
+
+/// As the format has it of uncompressed content.
+std::uint32_t checksumOf(std::span<const char> content) {
+  return static_cast<std::uint32_t>(
+      crc32_z(0, reinterpret_cast<const Bytef*>(content.data()), content.size()));
 }
 
 }  // namespace
@@ -81,13 +88,20 @@ ZipFileReader::Entry ZipFileReader::readDirectoryEntry() const {
           info.compressed_size,
           info.uncompressed_size,
           info.compression_method,
-          info.flag};
+          info.flag,
+          static_cast<std::uint32_t>(info.crc)};
 }
 
 void ZipFileReader::sortEntries() {
   // Of equal names the last in the archive is to stay: it comes first here.
   std::ranges::reverse(_entries);
   std::ranges::stable_sort(_entries, {}, &Entry::name);
+  for (std::size_t i = 1; i < _entries.size(); ++i) {
+    const std::string& name = _entries[i].name;
+    if (name == _entries[i - 1].name && (_duplicateNames.empty() || _duplicateNames.back() != name)) {
+      _duplicateNames.push_back(name);
+    }
+  }
   const auto first = std::unique(_entries.begin(), _entries.end(), [](const Entry& left, const Entry& right) {
     return left.name == right.name;
   });
@@ -118,33 +132,38 @@ bool ZipFileReader::isSizePossible(const std::string& name) const {
 }
 
 bool ZipFileReader::isSizePossible(const Entry& entry) const {
-  if ((entry.flags & FLAG_ENCRYPTED) != 0 || entry.uncompressedSize > SIZE_LIMIT ||
-      entry.compressedSize > _fileSize) {
+  if ((entry.flags & FLAG_ENCRYPTED) != 0 || findCompressionMethod(entry.method) == nullptr ||
+      entry.uncompressedSize > SIZE_LIMIT || entry.compressedSize > _fileSize) {
     return false;
   }
-  const CompressionMethod* const method = findCompressionMethod(entry.method);
-  return method != nullptr && method->isSizePossible(entry.compressedSize, entry.uncompressedSize);
+  return entry.uncompressedSize <= std::max(SMALL_ENTRY_SIZE, entry.compressedSize * MAX_DEFLATE_RATIO);
 }
 
-bool ZipFileReader::read(const std::string& name, char* buffer) const {
+bool ZipFileReader::read(const std::string& name, char* buffer, ContentFlaws* flaws) const {
   const Entry* entry = findEntry(name);
   if (entry == nullptr || !isSizePossible(*entry)) {
     return false;
   }
-  unz64_file_pos position{entry->directoryOffset, entry->directoryIndex};
-  return unzGoToFilePos64(_archive->getHandle(), &position) == UNZ_OK && readContent(*entry, buffer);
-}
-
-bool ZipFileReader::readContent(const Entry& entry, char* buffer) const {
-  const std::span content(buffer, static_cast<std::size_t>(entry.uncompressedSize));
-  const auto blocks = _archive->openEntry(entry.method, entry.compressedSize);
-  const auto count =
-      blocks ? findCompressionMethod(entry.method)->decompress(*blocks, content) : std::nullopt;
+  const std::span content(buffer, static_cast<std::size_t>(entry->uncompressedSize));
+  const auto count = readContent(*entry, content);
   if (!count) {
     return false;
   }
-  std::fill(buffer + *count, buffer + content.size(), '\0');
+  std::ranges::fill(content.subspan(*count), '\0');
+  if (flaws != nullptr) {
+    flaws->bytesRead = *count < content.size() ? count : std::nullopt;
+    flaws->isChecksumWrong = checksumOf(content.first(*count)) != entry->checksum;
+  }
   return true;
+}
+
+std::optional<std::size_t> ZipFileReader::readContent(const Entry& entry, std::span<char> content) const {
+  unz64_file_pos position{entry.directoryOffset, entry.directoryIndex};
+  if (unzGoToFilePos64(_archive->getHandle(), &position) != UNZ_OK) {
+    return std::nullopt;
+  }
+  const auto blocks = _archive->openEntry(entry.method, entry.compressedSize);
+  return blocks ? findCompressionMethod(entry.method)->decompress(*blocks, content) : std::nullopt;
 }
 
 }  // namespace vemo

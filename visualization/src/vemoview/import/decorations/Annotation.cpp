@@ -46,9 +46,9 @@ void Annotation::addToCollection(SharedBySiblings& shared, lum::DrawableCollecti
     return;
   }
   const bool inWindow = _mode == lum::CoordinateSpace::WINDOW;
-  auto& drawable = drawableOf<lum::TextDrawable>(
-      *this, inWindow ? shared.sceneNode->getForegroundCanvas().getDrawableCollection() : collection);
-  addVisibilityAttrib(drawable);
+  auto& drawable = addDrawable<lum::TextDrawable>(
+      getName(), inWindow ? shared.sceneNode->getForegroundCanvas().getDrawableCollection() : collection);
+  addVisibilityAttrib(drawable, inWindow ? shared.isHidden : shared.hidesEach);
   drawable.getPositionAttributes().setPosition(_position, false);
   lum::AnnotationAttributes& attributes = drawable.getAnnotationAttributes();
   attributes.setText(_text);

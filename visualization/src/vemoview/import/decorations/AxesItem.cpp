@@ -1,4 +1,6 @@
+#include "vemoview/import/items/SharedCollection.h"
 #include "vemoview/import/reading/KeyTable.h"
+#include "vemoview/import/reading/ReadingContext.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/SharedBySiblings.h>
 #include <vemo/import/items/AxesItem.h>
@@ -23,6 +25,7 @@ constexpr std::uint32_t OPAQUE_BLACK = 0x000000FF;
 
 /// In axis lengths from the triad's origin.
 constexpr double LABEL_DISTANCE = 1.2;
+constexpr const char* TRIAD_NAME = "TriadDrawable";
 constexpr const char* LABEL_TEXTS[] = {"X", "Y", "Z"};
 
 vtkSmartPointer<vtkTextActor> makeLabel(const char* text) {
@@ -105,8 +108,18 @@ void AxesItem::addToCollection(SharedBySiblings& shared, lum::DrawableCollection
   lum::SceneCanvas& orientationCanvas = shared.sceneNode->getOrientationCanvas();
   const lum::SceneCanvas& modelCanvas = shared.sceneNode->getModelCanvas();
 
-  auto& triad = orientationCanvas.getDrawableCollection().findOrCreate<lum::TriadDrawable>("TriadDrawable");
-  addVisibilityAttrib(triad);
+  lum::DrawableCollection& drawables = orientationCanvas.getDrawableCollection();
+  const auto* const former = drawables.find<lum::TriadDrawable>(TRIAD_NAME);
+  const bool isShownByOther = former != nullptr && isVisible(*former);
+  auto& triad = drawables.findOrCreate<lum::TriadDrawable>(TRIAD_NAME);
+  // The axes of a hidden assembly do not hide those of others; of several that
+  // are not in one, the last decides.
+  if (!isShownByOther || !shared.isHidden) {
+    addVisibilityAttrib(triad, shared.isHidden);
+  }
+  if (isShownByOther && !isVisible(triad)) {
+    report(shared.context, FindingCode::ITEM_REPLACED, "These axes hide earlier ones: there is one triad");
+  }
   setTriadView(orientationCanvas.getCameraAttributes());
 
   VEMO_REQUIRE(modelCanvas.hasCameraAttributes(), "Must be already set by Scene");

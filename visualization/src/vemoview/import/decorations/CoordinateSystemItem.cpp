@@ -1,4 +1,7 @@
+#include "vemoview/import/items/ItemDrawable.h"
 #include "vemoview/import/reading/KeyTable.h"
+#include "vemoview/import/reading/ReadingContext.h"
+#include <vemo/import/SharedBySiblings.h>
 #include <vemo/import/items/CoordinateSystemItem.h>
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/attributes/OrientationAttributes.h>
@@ -40,12 +43,28 @@ void CoordinateSystemItem::readImpl(const QxElement& element, SceneFileReader* r
   KEYS.read(*this, element, reader);
 }
 
-void CoordinateSystemItem::addToCollection(SharedBySiblings& /*shared*/, lum::DrawableCollection& collection,
+/// Coordinate systems of one name share a triad, unless only one of them is shown.
+lum::TriadDrawable& CoordinateSystemItem::openTriad(const SharedBySiblings& shared,
+                                                    lum::DrawableCollection& collection) const {
+  auto* const found = collection.find<lum::TriadDrawable>(getName());
+  if (found == nullptr) {
+    return collection.findOrCreate<lum::TriadDrawable>(getName());
+  }
+  const bool isHidden = hasHiddenItems() || shared.hidesEach;
+  if (found->getBaseAttributes().getVisibility() == isHidden) {
+    return addDrawable<lum::TriadDrawable>(getName(), collection);
+  }
+  report(shared.context, FindingCode::ITEM_REPLACED,
+         "The coordinate system \"" + getName() + "\" replaces an earlier one of its name");
+  return *found;
+}
+
+void CoordinateSystemItem::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection,
                                            int /*level*/, const std::string& /*parentName*/) const {
   VEMO_LOG_INFO("***** CoordinateSystemItem::addToCollection is being added *****");
-  auto& triad = collection.findOrCreate<lum::TriadDrawable>(getName());
+  lum::TriadDrawable& triad = openTriad(shared, collection);
   triad.getPositionAttributes().setPosition(_origin, false);
-  addVisibilityAttrib(triad);
+  addVisibilityAttrib(triad, shared.hidesEach);
 
   lum::OrientationAttributes& orientation = triad.getOrientationAttributes();
   orientation.setForwardVector(getZAxis());

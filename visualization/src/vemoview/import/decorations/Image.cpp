@@ -60,7 +60,8 @@ const KeyTable<Image> Image::KEYS(
                                        "height, or model coordinates")
             .named(COORDINATE_SYSTEMS)
             .defaultingTo("`WINDOW` in `image2d`, `MODEL` in `image3d`"),
-        key::ifPresent<&Image::_opacity>("opacity", "0 to 1; multiplied by the visibility"),
+        key::ifPresent<&Image::_opacity>("opacity", "from 0 to 1; multiplied by the visibility")
+            .inRange(0, 1),
     },
     OnBadValue::WARN);
 
@@ -108,7 +109,7 @@ void Image::read(const QxElement& element, SceneFileReader* reader) {
   }
 }
 
-void Image::readPixels(const PixelSource& source, const SceneFileReader& reader) {
+void Image::readPixels(const PixelSource& source, SceneFileReader& reader) {
   checkSize(source, reader.getArchive().getSize(*source.entry));
   ArrayOwner<unsigned char> bytes(reader.readEntry(*source.entry));
   auto pixels = vtkSmartPointer<vtkUnsignedCharArray>::New();
@@ -126,9 +127,9 @@ void Image::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& c
     return;
   }
   const bool inWindow = _space == lum::CoordinateSpace::WINDOW;
-  auto& drawable = drawableOf<lum::ImageDrawable>(
-      *this, inWindow ? shared.sceneNode->getForegroundCanvas().getDrawableCollection() : collection);
-  addVisibilityAttrib(drawable);
+  auto& drawable = addDrawable<lum::ImageDrawable>(
+      getName(), inWindow ? shared.sceneNode->getForegroundCanvas().getDrawableCollection() : collection);
+  addVisibilityAttrib(drawable, inWindow ? shared.isHidden : shared.hidesEach);
   drawable.getPositionAttributes().setPosition(_corner, false);
   // A host may show a hidden item again.
   drawable.getColorAttributes()->setOpacity(hasHiddenItems() ? _opacity : _opacity * getVisibility(), false);

@@ -5,10 +5,12 @@
 
 namespace vemo {
 
-const KeyTable<Image2D::Place> Image2D::KEYS({
-    key::ifPresent<&Image2D::Place::position>("position", "the lower left corner"),
-    key::ifPresent<&Image2D::Place::size>("size", "`x` is the width and `y` the height"),
-});
+const KeyTable<Image2D::Place> Image2D::KEYS(
+    {
+        key::ifPresent<&Image2D::Place::position>("position", "the lower left corner"),
+        key::ifPresent<&Image2D::Place::size>("size", "`x` is the width and `y` the height"),
+    },
+    OnBadValue::WARN);
 
 Image2D::Image2D(std::string name) : Image(std::move(name), lum::CoordinateSpace::WINDOW) {
   const Place place;

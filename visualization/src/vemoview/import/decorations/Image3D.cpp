@@ -5,11 +5,13 @@
 
 namespace vemo {
 
-const KeyTable<Image3D::Place> Image3D::KEYS({
-    key::ifPresent<&Image3D::Place::origin>("origin", "the lower left corner"),
-    key::ifPresent<&Image3D::Place::xAxis>("xaxis", "from there to the lower right corner"),
-    key::ifPresent<&Image3D::Place::yAxis>("yaxis", "from there to the upper left corner"),
-});
+const KeyTable<Image3D::Place> Image3D::KEYS(
+    {
+        key::ifPresent<&Image3D::Place::origin>("origin", "the lower left corner"),
+        key::ifPresent<&Image3D::Place::xAxis>("xaxis", "from there to the lower right corner"),
+        key::ifPresent<&Image3D::Place::yAxis>("yaxis", "from there to the upper left corner"),
+    },
+    OnBadValue::WARN);
 
 Image3D::Image3D(std::string name) : Image(std::move(name), lum::CoordinateSpace::MODEL) {
   const Place place;

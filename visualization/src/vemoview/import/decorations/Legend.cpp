@@ -1,6 +1,8 @@
 #include "scenegraph/attributes/NumberFormat.h"
+#include "vemoview/import/items/ItemDrawable.h"
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/ReadingContext.h"
+#include <vemo/base/InternalError.h>
 #include <vemo/import/SharedBySiblings.h>
 #include <vemo/import/items/Colormap.h>
 #include <vemo/import/items/Colormaps.h>
@@ -40,14 +42,16 @@ const KeyTable<Legend> Legend::KEYS(
     },
     OnBadValue::WARN);
 
-const KeyTable<Legend::Place> Legend::Place::KEYS({
-    key::ifPresent<&Legend::Place::position>(
-        "position", "the lower left corner, in fractions of the window's width and height")
-        .defaultingTo("0.85, 0.25; horizontal 0.25, 0.03"),
-    key::ifPresent<&Legend::Place::size>("size",
-                                         "width and height of the whole legend, in fractions of the window's")
-        .defaultingTo("0.12, 0.5; horizontal 0.5, 0.12"),
-});
+const KeyTable<Legend::Place> Legend::Place::KEYS(
+    {
+        key::ifPresent<&Legend::Place::position>(
+            "position", "the lower left corner, in fractions of the window's width and height")
+            .defaultingTo("0.85, 0.25; horizontal 0.25, 0.03"),
+        key::ifPresent<&Legend::Place::size>(
+            "size", "width and height of the whole legend, in fractions of the window's")
+            .defaultingTo("0.12, 0.5; horizontal 0.5, 0.12"),
+    },
+    OnBadValue::WARN);
 
 Legend::Legend(std::string name)
     : GraphicsItem(std::move(name)), _place(defaultPlace(_orientation)), _format(DEFAULT_FORMAT) {}
@@ -55,6 +59,16 @@ Legend::~Legend() = default;
 
 void Legend::setPlace(const Vector<2, double>& position, const Vector<2, double>& size) {
   _place = {position, size};
+}
+
+void Legend::setLabelCount(int count) {
+  VEMO_REQUIRE(count >= 0 && count <= MAX_LABELS, "A legend cannot have that many labels");
+  _labelCount = count;
+}
+
+void Legend::setNumberFormat(const std::string& format) {
+  VEMO_REQUIRE(lum::isNumberFormat(format), "Not a format for one number");
+  _format = format;
 }
 
 void Legend::read(const QxElement& element, SceneFileReader* reader) {
@@ -85,13 +99,14 @@ void Legend::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& 
            "The legend of \"" + parentName + "\" has no colormap and is left out");
     return;
   }
-  auto& drawable = collection.findOrCreate<lum::LegendDrawable>(getName().empty() ? parentName : getName());
-  addVisibilityAttrib(drawable);
+  auto& drawable = addDrawable<lum::LegendDrawable>(getName().empty() ? parentName : getName(), collection);
+  addVisibilityAttrib(drawable, shared.isHidden);
   drawable.getPositionAttributes().setPosition({_place.position[0], _place.position[1], 0.0}, false);
   applyTo(drawable.getLegendAttributes(), *colormap);
   _font.applyTo(drawable.getTextAttributes());
   drawable.getTextAttributes().setFontSize(_textHeight);
   colormap->fill(drawable.getColorLookupTable());
+  shared.usedColormaps.insert(colormap);
 }
 
 void Legend::applyTo(lum::LegendAttributes& attributes, const Colormap& colormap) const {

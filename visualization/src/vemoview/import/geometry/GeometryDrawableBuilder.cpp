@@ -2,6 +2,7 @@
 
 #include "geometry/Box.h"
 #include "geometry/Normals.h"
+#include "vemoview/import/reading/ReadingContext.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/items/GeometrySettings.h>
 #include <vemo/scenegraph/Logger.h>
@@ -38,16 +39,6 @@ vtkDataArray* findScalars(vtkDataSetAttributes& data) {
   return nullptr;
 }
 
-Vector<3, double> centerOf(vtkPolyData& polyData) {
-  vtkPoints* const points = polyData.GetPoints();
-  const Box bounds = points != nullptr ? finiteBounds(*points->GetData()) : Box();
-  if (bounds.isEmpty()) {
-    VEMO_LOG_INFO("Investigate this case. Probably, should be caught earlier.");
-    return {};
-  }
-  return bounds.center();
-}
-
 lum::PointScaleMode scaleModeOf(int mode) {
   switch (mode) {
     case 1:
@@ -62,10 +53,11 @@ lum::PointScaleMode scaleModeOf(int mode) {
 }  // namespace
 
 GeometryDrawableBuilder::GeometryDrawableBuilder(const GeometrySettings& settings, vtkPolyData& polyData,
-                                                 lum::GeometryDrawable& drawable)
+                                                 lum::GeometryDrawable& drawable, ReadingContext* context)
     : _settings(settings),
       _polyData(polyData),
       _drawable(drawable),
+      _context(context),
       _colorAttributes(drawable.getColorAttributes()) {
   VEMO_REQUIRE(_colorAttributes, "must be not NULL");
 }
@@ -75,11 +67,25 @@ void GeometryDrawableBuilder::build(const std::string& qualifiedName) {
   colorByData();
 }
 
+Vector<3, double> GeometryDrawableBuilder::findCenter() const {
+  vtkPoints* const points = _polyData.GetPoints();
+  const Box bounds = points != nullptr ? finiteBounds(*points->GetData()) : Box();
+  if (!bounds.isEmpty()) {
+    return bounds.center();
+  }
+  VEMO_LOG_INFO("Investigate this case. Probably, should be caught earlier.");
+  if (_polyData.GetNumberOfPoints() > 0) {
+    report(_context, FindingCode::POINTS_WITHOUT_POSITION,
+           "None of the " + std::to_string(_polyData.GetNumberOfPoints()) + " points has finite coordinates");
+  }
+  return {};
+}
+
 /// Arrays over points and cells come with the poly data.
 lum::PolyDataNode& GeometryDrawableBuilder::addPolyData(const std::string& qualifiedName) {
   const lum::Ptr<lum::PolyDataNode> node(new lum::PolyDataNode(
       lum::ClassNameAndSessionNodeInitializer(lum::PolyDataNode::getClassName(), _drawable.getSessionId())));
-  node->setAttachmentPoint(centerOf(_polyData), 0);
+  node->setAttachmentPoint(findCenter(), 0);
   node->setPolyData(&_polyData);
   _drawable.addNode(*node);
   node->setQualifiedName(qualifiedName);

@@ -14,18 +14,21 @@ class vtkPolyData;
 namespace vemo {
 
 struct GeometrySettings;
+class ReadingContext;
 
 /// Adds geometry to a drawable of the scene graph: the poly data, the settings,
 /// and the array that colours it.
 class GeometryDrawableBuilder {
  public:
   /// Throws InternalError for a drawable that cannot be coloured.
+  /// @param context receives findings; may be null
   GeometryDrawableBuilder(const GeometrySettings& settings, vtkPolyData& polyData,
-                          lum::GeometryDrawable& drawable);
+                          lum::GeometryDrawable& drawable, ReadingContext* context);
 
   void build(const std::string& qualifiedName);
 
  private:
+  Vector<3, double> findCenter() const;
   lum::PolyDataNode& addPolyData(const std::string& qualifiedName);
   void applyRenderingAttributes(const lum::PolyDataNode& node);
   void applySurfaceAttributes(const std::string& key);
@@ -39,6 +42,7 @@ class GeometryDrawableBuilder {
   const GeometrySettings& _settings;
   vtkPolyData& _polyData;
   lum::GeometryDrawable& _drawable;
+  ReadingContext* _context;
   lum::ColorAttributes* _colorAttributes;
 };
 

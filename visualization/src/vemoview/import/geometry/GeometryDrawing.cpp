@@ -68,6 +68,7 @@ void GeometryItem::setScalars(vtkPolyDataMapper* mapper, const Colormap* colorma
     return;
   }
   const auto table = colormap->makeLookupTable();
+  mapper->ScalarVisibilityOn();
   mapper->SetLookupTable(table);
   mapper->SetScalarRange(table->GetRange());
 }

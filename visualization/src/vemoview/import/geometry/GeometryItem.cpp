@@ -3,13 +3,18 @@
 #include "vemoview/import/geometry/GeometryDrawableBuilder.h"
 #include "vemoview/import/geometry/GeometryKeys.h"
 #include "vemoview/import/geometry/PolyDataReader.h"
+#include "vemoview/import/items/SharedCollection.h"
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/QxElement.h>
+#include <vemo/import/SharedBySiblings.h>
 #include <vemo/import/items/GeometryItem.h>
 #include <vemo/scenegraph/Logger.h>
+#include <vemo/scenegraph/Traversal.h>
 #include <vemo/scenegraph/attributes/LineAttributes.h>
+#include <vemo/scenegraph/attributes/MaterialAttributes.h>
+#include <vemo/scenegraph/attributes/PointScaleAttributes.h>
 #include <vemo/scenegraph/drawables/DrawableCollection.h>
 #include <vemo/scenegraph/drawables/PointSphereDrawable.h>
 #include <vemo/scenegraph/drawables/PolyLineDrawable.h>
@@ -26,12 +31,66 @@
 #include <vtkType.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <fmt/format.h>
+#include <optional>
 #include <span>
+#include <string>
 #include <utility>
 
 namespace vemo {
 
 namespace {
+
+/// By GeometryItem::GeometryType.
+constexpr const char* TYPE_NAMES[] = {"points", "lines", "a surface"};
+
+bool hasGeometry(const lum::GeometryDrawable& drawable) {
+  return drawable.find<lum::PolyDataNode>() != nullptr;
+}
+
+bool hasColorTable(const lum::GeometryDrawable& drawable) {
+  const auto* const scalars = drawable.findAttributes<lum::ScalarAttributes>();
+  return scalars != nullptr && scalars->hasColorLookupTable() != nullptr;
+}
+
+/// The first T that is hidden or shown as wanted, or has no geometry yet; made
+/// when there is none. Items of one name share a drawable, but no item shows or
+/// hides another.
+template <class T>
+T& findDrawable(lum::DrawableCollection& collection, bool isHidden) {
+  std::string name = T::getClassName();
+  T* found = collection.find<T>();
+  while (found != nullptr && hasGeometry(*found) && isVisible(*found) == isHidden) {
+    name = name == T::getClassName() ? (isHidden ? "Hidden" : "Shown") : name + "2";
+    found = collection.find<T>(name);
+  }
+  return found != nullptr ? *found : collection.findOrCreate<T>(name);
+}
+
+/// What geometries that share a drawable have in common: all attributes but the
+/// colours that each has of its own.
+class SharedSettings {
+ public:
+  explicit SharedSettings(lum::GeometryDrawable& drawable) {
+    const lum::ColorAttributes& colors = *drawable.getColorAttributes();
+    _colorMode = colors.getColorMode();
+    _color = colors.getColor();
+    _opacity = colors.getOpacity();
+    lum::forEachNode(drawable.getAttributesCollection(), [&](const lum::Node& node) {
+      if (&node != &colors) {
+        _changed = std::max(_changed, node.getModificationTime());
+      }
+    });
+  }
+  bool operator==(const SharedSettings&) const = default;
+
+ private:
+  lum::ColorMode _colorMode;
+  std::optional<lum::Vector3> _color;
+  double _opacity;
+  std::uint64_t _changed = 0;
+};
 
 void logArrays(const char* question, vtkDataSetAttributes& data) {
   VEMO_LOG_INFO("*********** How many " << question << " data arrays? " << data.GetNumberOfArrays());
@@ -52,6 +111,7 @@ int GeometryItem::countItemsInList(Array_t<int> list) {
 
 void GeometryItem::setGeometry(vtkPolyData* polyData, vtkPolyDataMapper* mapper, vtkProperty* property) {
   _polydata = polyData;
+  _geometryType = _polydata ? determineType() : UNDETERMINED;
   _mapper = mapper;
   if (property != nullptr) {
     _property = property;
@@ -102,12 +162,26 @@ void GeometryItem::read(const QxElement& element, SceneFileReader* reader) {
 
 void GeometryItem::readImpl(const QxElement& element, SceneFileReader* reader) {
   GeometrySettings::KEYS.read(_settings, element, reader);
+  reportSettingsOutOfRange(*reader);
   setLineWidth(_settings.lineWidth);
   readGeometry(element, *reader);
   _geometryType = determineType();
   reportUnused(ValueReader(element, reader, OnBadValue::FAIL));
   if (_geometryType == SURFACE) {
     computeNormals();
+  }
+}
+
+void GeometryItem::reportSettingsOutOfRange(SceneFileReader& reader) const {
+  const auto report = [&reader](const std::string& value, const char* key) {
+    reader.report(FindingCode::VALUE_IGNORED,
+                  "The value " + value + " of \"" + key + "\" is out of range: it counts as 0", {}, key);
+  };
+  if (_settings.lineWidth < 0.0F) {
+    report(fmt::format("{:g}", _settings.lineWidth), "lineWidth");
+  }
+  if (_settings.pointScaleMode < 0 || _settings.pointScaleMode > 2) {
+    report(std::to_string(_settings.pointScaleMode), "pointScaleMode");
   }
 }
 
@@ -146,13 +220,22 @@ void GeometryItem::readGeometry(const QxElement& element, SceneFileReader& reade
       });
     }
   }
+  const GeometryType listed = typeOf(data.hasListed(CellKind::POLYS) || data.hasListed(CellKind::STRIPS),
+                                     data.hasListed(CellKind::LINES));
+  if (listed != determineType()) {
+    reader.report(FindingCode::GEOMETRY_TYPE_CHANGED,
+                  std::string("The geometry is drawn as ") + TYPE_NAMES[determineType()] + " instead of " +
+                      TYPE_NAMES[listed] + ": all cells of that type are left out");
+  }
+}
+
+GeometryItem::GeometryType GeometryItem::typeOf(bool hasFaces, bool hasLines) {
+  return hasFaces ? SURFACE : hasLines ? LINES : POINTS;
 }
 
 GeometryItem::GeometryType GeometryItem::determineType() const {
-  if (_polydata->GetNumberOfPolys() > 0 || _polydata->GetNumberOfStrips() > 0) {
-    return SURFACE;
-  }
-  return _polydata->GetNumberOfLines() > 0 ? LINES : POINTS;
+  return typeOf(_polydata->GetNumberOfPolys() > 0 || _polydata->GetNumberOfStrips() > 0,
+                _polydata->GetNumberOfLines() > 0);
 }
 
 void GeometryItem::computeNormals() {
@@ -163,41 +246,61 @@ void GeometryItem::computeNormals() {
   }
 }
 
-void GeometryItem::addToCollection(SharedBySiblings& /*shared*/, lum::DrawableCollection& collection,
-                                   int level, const std::string& parentName) const {
+void GeometryItem::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int level,
+                                   const std::string& parentName) const {
   VEMO_REQUIRE(_polydata, "must be not NULL");
-  auto& ownCollection = collection.findOrCreate<lum::DrawableCollection>(getName());
+  if (const auto* const other = collection.find<lum::DrawableCollection>(getName())) {
+    reportSharedTransform(shared.context, *other, false);
+  }
+  const bool isHidden = hasHiddenItems() || shared.hidesEach;
+  lum::DrawableCollection& own = shareCollection(collection, getName(), isHidden);
+  const bool hidesDrawable = isVisible(own) ? isHidden : hasHiddenItems();
   logContents(level);
   switch (_geometryType) {
     case POINTS:
-      addDrawable<lum::PointSphereDrawable>(ownCollection, parentName);
+      addTo<lum::PointSphereDrawable>(own, hidesDrawable, parentName, shared);
       break;
     case LINES:
       VEMO_REQUIRE(_polydata->GetLines()->GetNumberOfCells() > 0, "must be greater than zero");
-      addDrawable<lum::PolyLineDrawable>(ownCollection, parentName);
+      addTo<lum::PolyLineDrawable>(own, hidesDrawable, parentName, shared);
       break;
     case SURFACE:
-      addDrawable<lum::SurfaceDrawable>(ownCollection, parentName);
+      addTo<lum::SurfaceDrawable>(own, hidesDrawable, parentName, shared);
       break;
     default:
       VEMO_LOG_ERROR("Unrecognized geometry, exiting");
   }
 }
 
+/// Whether earlier geometry in the drawable stated what this item does not.
+bool GeometryItem::hasSettingsOfOthers(const lum::GeometryDrawable& drawable) const {
+  return (!_settings.hasLighting() && drawable.findAttributes<lum::MaterialAttributes>() != nullptr) ||
+         (!_settings.hasPointScale() && drawable.findAttributes<lum::PointScaleAttributes>() != nullptr);
+}
+
 template <class T>
-void GeometryItem::addDrawable(lum::DrawableCollection& collection, const std::string& parentName) const {
-  // Items of one name share a drawable, but no item shows or hides another.
-  T* const shared = collection.find<T>();
-  const bool isAtOdds = shared != nullptr && shared->template find<lum::PolyDataNode>() != nullptr &&
-                        shared->getBaseAttributes().getVisibility() == hasHiddenItems();
-  auto& drawable = isAtOdds ? collection.findOrCreate<T>(hasHiddenItems() ? "Hidden" : "Shown")
-                            : collection.findOrCreate<T>();
-  GeometryDrawableBuilder(_settings, *_polydata, drawable).build(parentName);
+void GeometryItem::addTo(lum::DrawableCollection& collection, bool isHidden, const std::string& parentName,
+                         const SharedBySiblings& shared) const {
+  T& drawable = findDrawable<T>(collection, isHidden);
+  const bool isShared = hasGeometry(drawable);
+  const SharedSettings before(drawable);
+  const bool isColoredByOther = shared.colormap == nullptr && hasColorTable(drawable);
+  GeometryDrawableBuilder(_settings, *_polydata, drawable, shared.context).build(parentName);
   if (_property) {
     // A host may have changed the property.
     drawable.template getAttributes<lum::LineAttributes>().setLineWidth(_property->GetLineWidth());
   }
-  addVisibilityAttrib(drawable);
+  addVisibilityAttrib(drawable, isHidden);
+  if (isShared && (before != SharedSettings(drawable) || hasSettingsOfOthers(drawable))) {
+    report(shared.context, FindingCode::SETTINGS_REPLACED,
+           "The geometry \"" + getName() +
+               "\" shares the settings of earlier geometry of its name and type, but states others");
+  }
+  if (isColoredByOther && drawable.getColorAttributes()->getColorMode() == lum::ColorMode::DATA) {
+    report(
+        shared.context, FindingCode::COLORMAP_REPLACED,
+        "The data of \"" + getName() + "\" are coloured as those of earlier geometry of its name and type");
+  }
 }
 
 void GeometryItem::logContents(int level) const {

@@ -17,11 +17,12 @@ const KeyTable<GeometryEntries> GeometryEntries::KEYS({
 });
 
 const KeyTable<GeometryArray> GeometryArray::KEYS({
-    key::always<&GeometryArray::name>("name", "the name of the array; `Normals` are not data"),
+    key::always<&GeometryArray::name>(
+        "name",
+        "the name of the array; one named `Normals` is not data, and computed normals may replace it"),
     key::always<&GeometryArray::components>(
         "dim", "the number of values a point or cell; triples are replaced by their lengths"),
-    key::always<&GeometryArray::entry>("data",
-                                       "floats. An array that does not fit is left out with a warning")
+    key::always<&GeometryArray::entry>("data", "floats. An array that does not fit is left out")
         .defaultingTo("required"),
     key::always<&GeometryArray::isOfPoints>(
         "vertexData",

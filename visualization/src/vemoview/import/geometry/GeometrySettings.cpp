@@ -13,7 +13,8 @@ const KeyTable<Settings> Settings::KEYS({
         .onlyFor({GeometryItem::SURFACE, GeometryItem::LINES}),
     key::always<&Settings::faceColor>("faceColor", "of faces; alpha is the opacity of the surface")
         .onlyFor({GeometryItem::SURFACE}),
-    key::always<&Settings::lineWidth>("lineWidth", "in pixels"),
+    key::always<&Settings::lineWidth>(
+        "lineWidth", "of lines, edges and the contour, in pixels; 0 and less are drawn as 1"),
     key::always<&Settings::showEdges>("showEdges", "draws the edges of a surface's cells")
         .onlyFor({GeometryItem::SURFACE}),
     key::always<&Settings::showFaces>("showFaces", "draws the faces of a surface")
@@ -29,7 +30,9 @@ const KeyTable<Settings> Settings::KEYS({
         "specular",
         "how strongly it shines, 0 to 1. When these three are 0 the renderer uses "
         "its own default lighting"),
-    key::always<&Settings::specularPower>("specularPower", "how small the highlights are"),
+    key::always<&Settings::specularPower>("specularPower",
+                                          "how small the highlights are, up to 128; with 0 all "
+                                          "that a light reaches shines alike"),
     key::always<&Settings::ignoreClip>("ignoreClip", "the clipping planes do not cut it"),
     key::ifPresent<&Settings::pointSize>("pointSize", "of points, in pixels; from 4 on they are balls"),
     key::ifPresent<&Settings::pointScaleMode>(

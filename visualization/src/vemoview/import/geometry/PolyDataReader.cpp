@@ -1,6 +1,7 @@
 #include "vemoview/import/geometry/PolyDataReader.h"
 
 #include "geometry/AdoptedArray.h"
+#include "geometry/Normals.h"
 #include "vemoview/import/Failure.h"
 #include "vemoview/import/archive/ArchiveReader.h"
 #include "vemoview/import/geometry/GeometryKeys.h"
@@ -15,6 +16,7 @@
 #include <vtkPoints.h>
 #include <vtkPolyData.h>
 
+#include <algorithm>
 #include <numeric>
 #include <utility>
 #include <vector>
@@ -24,6 +26,8 @@ namespace vemo {
 namespace {
 
 constexpr int COORDINATES = 3;
+/// An array without values could claim any number of components.
+constexpr int MAX_COMPONENTS_WITHOUT_VALUES = 256;
 
 /// The values become those of an array with that number of components.
 vtkSmartPointer<vtkFloatArray> adopt(ArrayOwner<float> values, int components) {
@@ -55,12 +59,14 @@ vtkSmartPointer<vtkFloatArray> magnitudes(const ArrayOwner<float>& values) {
 
 }  // namespace
 
-PolyDataReader::PolyDataReader(vtkPolyData& polyData, const ArchiveReader& archive, ReadingContext& context)
+PolyDataReader::PolyDataReader(vtkPolyData& polyData, ArchiveReader& archive, ReadingContext& context)
     : _polyData(polyData), _archive(archive), _context(context) {}
 
 void PolyDataReader::readPoints(const std::string& entry) {
   vtkNew<vtkPoints> points;
-  points->SetData(adopt(ArrayOwner(_archive.readFloatBuffer(entry)), COORDINATES));
+  ArrayOwner<float> values(_archive.readFloatBuffer(entry));
+  reportCutOff(values.count(), COORDINATES, entry);
+  points->SetData(adopt(std::move(values), COORDINATES));
   _polyData.SetPoints(points);
 }
 
@@ -98,8 +104,7 @@ vtkSmartPointer<vtkFloatArray> PolyDataReader::readValues(const GeometryArray& a
                     entry);
     return nullptr;
   };
-  // An empty array could claim any number of components.
-  if (components < 1 || (components > 1 && components > values.count())) {
+  if (components < 1 || components > std::max(MAX_COMPONENTS_WITHOUT_VALUES, values.count())) {
     return leaveOut(std::to_string(values.count()) + " values cannot have " + std::to_string(components) +
                     " components");
   }
@@ -108,20 +113,53 @@ vtkSmartPointer<vtkFloatArray> PolyDataReader::readValues(const GeometryArray& a
     return leaveOut("it has " + std::to_string(tuples) + " values for " + std::to_string(tuplesExpected) +
                     " " + places);
   }
+  reportCutOff(values.count(), components, entry);
+  if (components == COORDINATES && tuples > 0) {
+    _context.report(FindingCode::ARRAY_MAGNITUDE,
+                    "The vectors of the array \"" + array.name + "\" are replaced by their lengths", entry);
+  }
   auto read = components == COORDINATES ? magnitudes(values) : adopt(std::move(values), components);
   read->SetName(array.name.c_str());
   return read;
 }
 
+void PolyDataReader::reportCutOff(vtkIdType values, int components, const std::string& entry) {
+  if (values % components != 0) {
+    _context.report(FindingCode::ARRAY_CUT,
+                    "The last " + std::to_string(values % components) + " of " + std::to_string(values) +
+                        " values are left out: " + std::to_string(components) + " are needed",
+                    entry);
+  }
+}
+
+void PolyDataReader::reportName(const GeometryArray& array, bool isTaken) {
+  const std::string entry = array.entry.value_or("");
+  if (isTaken) {
+    _context.report(FindingCode::ARRAY_REPLACED,
+                    "The array \"" + array.name + "\" replaces an earlier one of its name", entry);
+  }
+  if (array.name == NORMALS) {
+    _context.report(FindingCode::ARRAY_IS_NORMALS,
+                    "The array \"" + array.name + "\" counts as normals and colours nothing", entry);
+  } else if (array.name.empty()) {
+    _context.report(FindingCode::ARRAY_WITHOUT_NAME, "An array has no name", entry);
+  }
+}
+
+void PolyDataReader::addArray(vtkFieldData& data, vtkFloatArray& values, const GeometryArray& array) {
+  reportName(array, data.HasArray(array.name.c_str()) != 0);
+  data.AddArray(&values);
+}
+
 void PolyDataReader::readArray(const GeometryArray& array) {
   if (array.isOfPoints) {
     if (const auto values = readValues(array, _polyData.GetNumberOfPoints(), "points")) {
-      _polyData.GetPointData()->AddArray(values);
+      addArray(*_polyData.GetPointData(), *values, array);
     }
   } else if (const auto values = readValues(array, listedCells(), "cells")) {
     const std::vector<std::reference_wrapper<const ImportedCells>> lists(_cells.begin(), _cells.end());
     removeRows(*values, droppedRows(lists));
-    _polyData.GetCellData()->AddArray(values);
+    addArray(*_polyData.GetCellData(), *values, array);
   }
 }
 

@@ -9,6 +9,7 @@
 #include <array>
 #include <string>
 
+class vtkFieldData;
 class vtkFloatArray;
 class vtkPolyData;
 
@@ -24,7 +25,7 @@ struct GeometryArray;
 class VEMO_IMPORT_EXPORT PolyDataReader {
  public:
   /// @param context receives the warnings
-  PolyDataReader(vtkPolyData& polyData, const ArchiveReader& archive, ReadingContext& context);
+  PolyDataReader(vtkPolyData& polyData, ArchiveReader& archive, ReadingContext& context);
 
   /// Three coordinates a point; a remainder at the end is ignored.
   void readPoints(const std::string& entry);
@@ -35,18 +36,24 @@ class VEMO_IMPORT_EXPORT PolyDataReader {
   /// @throws IOException for an index outside the points
   void readCells(CellKind kind, const std::string& entry);
 
+  /// Whether there were cells of that kind, be it such as were left out.
+  bool hasListed(CellKind kind) const { return _cells[indexOf(kind)].listed > 0; }
+
   /// Triples are stored as their lengths. An array that does not fit the points
   /// or cells is left out with a warning; the rows of cells that were left out
-  /// are too.
+  /// are too. Of one name over the same places the last array is kept.
   void readArray(const GeometryArray& array);
 
  private:
   vtkSmartPointer<vtkFloatArray> readValues(const GeometryArray& array, vtkIdType tuplesExpected,
                                             const char* places);
   vtkIdType listedCells() const;
+  void reportCutOff(vtkIdType values, int components, const std::string& entry);
+  void addArray(vtkFieldData& data, vtkFloatArray& values, const GeometryArray& array);
+  void reportName(const GeometryArray& array, bool isTaken);
 
   vtkPolyData& _polyData;
-  const ArchiveReader& _archive;
+  ArchiveReader& _archive;
   ReadingContext& _context;
   /// By kind.
   std::array<ImportedCells, CELL_KINDS.size()> _cells;

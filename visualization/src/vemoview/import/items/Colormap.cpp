@@ -1,5 +1,6 @@
 #include "vemoview/common/VtkForms.h"
 #include "vemoview/import/reading/KeyTable.h"
+#include "vemoview/import/reading/ValueForms.h"
 #include <vemo/import/QxElement.h>
 #include <vemo/import/items/Colormap.h>
 #include <vemo/scenegraph/coloring/ColorLookupTable.h>
@@ -8,9 +9,7 @@
 
 #include <vtkLookupTable.h>
 
-#include <algorithm>
 #include <cstdint>
-#include <iterator>
 
 namespace vemo {
 
@@ -35,10 +34,14 @@ void Colormap::readImpl(const QxElement& element, SceneFileReader* reader) {
   KEYS.read(*this, element, reader);
   // Every child is a colour, whatever its name.
   _colors.clear();
-  std::ranges::transform(element.getChildren(), std::back_inserter(_colors), [](const auto& child) {
+  for (const auto& child : element.getChildren()) {
     child->markRead();
-    return Color::parse(child->getText());
-  });
+    const std::string& text = child->getText();
+    _colors.push_back(Color::parse(text));
+    if (!COLOR_FORM.matches(text)) {
+      reportUnreadable(reader, text, "a colour", COLOR_FORM.otherwise, valueText(_colors.back()));
+    }
+  }
 }
 
 void Colormap::fill(lum::ColorLookupTable& table) const {

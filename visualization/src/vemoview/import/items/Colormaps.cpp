@@ -22,14 +22,6 @@ const Colormap* Colormaps::find(const std::string& name) const {
   return found != _byName.end() ? found->second.get() : nullptr;
 }
 
-std::vector<const Colormap*> Colormaps::getAll() const {
-  std::vector<const Colormap*> all;
-  for (const auto& [name, colormap] : _byName) {
-    all.push_back(colormap.get());
-  }
-  return all;
-}
-
 const Colormap* Colormaps::getActive() const {
   const Colormap* const active = _activeName ? find(*_activeName) : nullptr;
   if (active != nullptr || _byName.empty()) {

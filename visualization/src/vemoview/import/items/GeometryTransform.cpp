@@ -1,8 +1,10 @@
 #include "vemoview/import/reading/KeyTable.h"
+#include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/items/GeometryTransform.h>
 #include <vemo/scenegraph/transforms/SimpleTransform.h>
 
+#include <algorithm>
 #include <numbers>
 
 namespace vemo {
@@ -24,8 +26,22 @@ const KeyTable<GeometryTransform> GeometryTransform::KEYS({
 
 GeometryTransform::~GeometryTransform() = default;
 
+void GeometryTransform::reportUnusable(SceneFileReader& reader) const {
+  const auto zeros = std::ranges::count(_scale, 0.0);
+  if (zeros == 1 || zeros == 2) {
+    reader.report(FindingCode::TRANSFORM_UNUSABLE,
+                  "The scale is zero in some directions: what it applies to is not seen");
+  }
+  if (_rotationAngle != 0.0 && _rotationAxis == Vector<3, double>{}) {
+    reader.report(FindingCode::TRANSFORM_UNUSABLE, "The rotation has no axis: nothing is turned");
+  }
+}
+
 void GeometryTransform::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement(*this, element, reader);
+  if (reader != nullptr) {
+    reportUnusable(*reader);
+  }
   setTransform(_rotationAngle, _rotationAxis, _rotationOrigin, _translation, _scale);
 }
 

@@ -1,4 +1,5 @@
 #include "vemoview/import/reading/KeyTable.h"
+#include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/import/GraphicsItem.h>
 #include <vemo/import/QxElement.h>
 #include <vemo/scenegraph/drawables/Drawable.h>
@@ -9,6 +10,7 @@
 #include <vtkProperty.h>
 #include <vtkProperty2D.h>
 
+#include <fmt/format.h>
 #include <utility>
 
 namespace vemo {
@@ -16,8 +18,9 @@ namespace vemo {
 const KeyTable<GraphicsItem> GraphicsItem::KEYS({
     key::always<&GraphicsItem::_visibility>(
         XML_ATTRIB_VISIBILITY,
-        "from 0 to 1; 0.001 and below is hidden, and so is an item without the key. Not in `colormap` and in "
-        "elements without a name"),
+        "0.001 and below is hidden, and so is an item without the key; all above is shown. Images alone are "
+        "translucent in between: 0.5 is half their opacity. Without effect in `scene` and `gradient`. Not in "
+        "`colormap` and in elements without a name"),
 });
 
 GraphicsItem::GraphicsItem(std::string name) : SceneItem(std::move(name)) {}
@@ -30,6 +33,11 @@ void GraphicsItem::read(const QxElement& element, SceneFileReader* reader) {
 
 void GraphicsItem::readImpl(const QxElement& element, SceneFileReader* reader) {
   KEYS.read(*this, element, reader);
+  if (_visibility > VISIBILITY_THRESHOLD && _visibility < 1.0 && !isVisibilityOpacity() &&
+      reader != nullptr) {
+    reader->report(FindingCode::VISIBILITY_PARTIAL,
+                   fmt::format("The visibility {:g} counts as 1: the item is not translucent", _visibility));
+  }
 }
 
 bool GraphicsItem::statesVisibility(const QxElement& element) {
@@ -38,6 +46,14 @@ bool GraphicsItem::statesVisibility(const QxElement& element) {
 
 void GraphicsItem::addVisibilityAttrib(lum::Drawable& drawable) const {
   drawable.getBaseAttributes().setVisibility(_visibility > VISIBILITY_THRESHOLD, false);
+}
+
+void GraphicsItem::addVisibilityAttrib(lum::Drawable& drawable, bool isHiddenAnyway) const {
+  if (isHiddenAnyway) {
+    drawable.getBaseAttributes().setVisibility(false, false);
+  } else {
+    addVisibilityAttrib(drawable);
+  }
 }
 
 void GraphicsItem::setMyOpacity(vtkActor* actor, double opacity) const {

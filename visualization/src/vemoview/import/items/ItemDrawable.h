@@ -1,21 +1,19 @@
 #pragma once
 
 #include <vemo/base/InternalError.h>
-#include <vemo/import/SceneItem.h>
 #include <vemo/scenegraph/drawables/DrawableCollection.h>
+
+#include <string>
 
 namespace vemo {
 
-/// The drawable of this class with the item's name, created if necessary. An item
-/// without a name always gets a new one, shared with no other item.
+/// A new drawable of this class at the end of the collection, named after its
+/// class if the name is empty. Others of the name stay as they are.
 template <class T>
-T& drawableOf(const SceneItem& item, lum::DrawableCollection& collection) {
-  if (!item.getName().empty()) {
-    return collection.findOrCreate<T>(item.getName());
-  }
+T& addDrawable(const std::string& name, lum::DrawableCollection& collection) {
   const lum::Ptr<T> made(
       new T(lum::ClassNameAndSessionNodeInitializer(T::getClassName(), collection.getSessionId())));
-  made->setName(T::getClassName());
+  made->setName(name.empty() ? T::getClassName() : name);
   VEMO_REQUIRE(collection.addNode(*made), "The collection does not take the drawable");
   return *made;
 }

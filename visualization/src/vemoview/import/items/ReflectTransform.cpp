@@ -1,4 +1,5 @@
 #include "vemoview/import/reading/KeyTable.h"
+#include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/items/ReflectTransform.h>
 #include <vemo/scenegraph/transforms/SymmetricTransform.h>
@@ -21,6 +22,9 @@ ReflectTransform::~ReflectTransform() = default;
 void ReflectTransform::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement(*this, element, reader);
   const auto normal = normalized(Vector<3, double>{_plane[0], _plane[1], _plane[2]});
+  if (normal == Vector<3, double>{} && reader != nullptr) {
+    reader->report(FindingCode::TRANSFORM_UNUSABLE, "The mirror has no normal: there is no mirror image");
+  }
   // The distance is stated for a unit normal already.
   _plane = {normal[0], normal[1], normal[2], _plane[3]};
 }

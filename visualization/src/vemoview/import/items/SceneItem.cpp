@@ -9,7 +9,7 @@ namespace vemo {
 const KeyTable<SceneItem> SceneItem::KEYS({
     key::always<&SceneItem::_name>(
         XML_ATTRIB_NAME,
-        "the name of the item in the scene graph; items of one name and class share a drawable. Not in "
+        "the name of the item in the scene graph: see [items of one name](#items-of-one-name). Not in "
         "`view`, `light`, `clip`, `font` and the transforms"),
 });
 

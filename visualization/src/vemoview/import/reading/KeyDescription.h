@@ -35,9 +35,9 @@ struct KeyDescription {
   bool isWithoutEffect = false;
   /// Bits of the types of items that it applies to.
   unsigned appliesTo = ~0U;
-  /// Integers out of this range are ignored, with a warning.
-  int least = std::numeric_limits<int>::min();
-  int greatest = std::numeric_limits<int>::max();
+  /// Numbers out of this range are ignored, with a finding.
+  double least = -std::numeric_limits<double>::infinity();
+  double greatest = std::numeric_limits<double>::infinity();
   /// Texts that are not allowed are ignored, with this reason. Null: all are.
   bool (*isAllowed)(std::string_view text) = nullptr;
   std::string whyNotAllowed;

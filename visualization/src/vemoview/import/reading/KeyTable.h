@@ -25,7 +25,7 @@ struct Key : KeyDescription {
     words = names;
     return std::move(*this);
   }
-  Key inRange(int from, int to) && {
+  Key inRange(double from, double to) && {
     least = from;
     greatest = to;
     return std::move(*this);

@@ -14,10 +14,23 @@ const std::string SceneFileReader::LUM_ENTRY_PREFIX = "lum";
 
 SceneFileReader::SceneFileReader(ZipFileReader archive) : ArchiveReader(std::move(archive)) {}
 
-std::unique_ptr<QxElement> SceneFileReader::readXml(const std::string& entryName) const {
+std::unique_ptr<QxElement> SceneFileReader::readXml(const std::string& entryName) {
   const ArrayOwner<unsigned char> text(readEntry(entryName));
   const std::uint64_t maxElements = std::max(MAX_ELEMENTS_OF_SMALL_ARCHIVE, 4 * getArchive().getFileSize());
   return parseXml(text.values(), entryName, {MAX_ELEMENT_DEPTH, maxElements});
+}
+
+void SceneFileReader::reportFlaws(const ZipFileReader::ContentFlaws& flaws, const std::string& entryName) {
+  if (flaws.bytesRead) {
+    report(FindingCode::ENTRY_SHORT,
+           "The entry has only " + std::to_string(*flaws.bytesRead) + " of " +
+               std::to_string(getArchive().getSize(entryName)) + " bytes; the rest is taken as zero",
+           entryName);
+  }
+  if (flaws.isChecksumWrong) {
+    report(FindingCode::CHECKSUM_WRONG, "The checksum of the entry is wrong: its content may be damaged",
+           entryName);
+  }
 }
 
 }  // namespace vemo

@@ -36,7 +36,7 @@ class VEMO_IMPORT_EXPORT SceneFileReader : public ArchiveReader, public ReadingC
   /// The document element of an XML entry. Throws IOException as readEntry
   /// does, and XMLException with the line for text that is not XML, nests deeper
   /// than MAX_ELEMENT_DEPTH or has too many elements.
-  std::unique_ptr<QxElement> readXml(const std::string& entryName) const;
+  std::unique_ptr<QxElement> readXml(const std::string& entryName);
 
   /// Without this, the tree of the description goes once its items are read.
   void keepDescription() { _keepsDescription = true; }
@@ -51,6 +51,7 @@ class VEMO_IMPORT_EXPORT SceneFileReader : public ArchiveReader, public ReadingC
  private:
   void readItems(Scene& scene);
   void readItemsNamingFailures(Scene& scene);
+  void reportFlaws(const ZipFileReader::ContentFlaws& flaws, const std::string& entryName) override;
 
   bool _keepsDescription = false;
   std::unique_ptr<QxElement> _description;

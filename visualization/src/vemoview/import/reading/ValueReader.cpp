@@ -3,20 +3,22 @@
 #include "vemoview/import/reading/ElementVersion.h"
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/SceneFileReader.h"
+#include "vemoview/import/reading/ValueForms.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/Exception.h>
 
-#include <cstddef>
+#include <algorithm>
+#include <fmt/format.h>
+#include <limits>
 
 namespace vemo {
 
 namespace {
 
-/// Texts in untrusted files may be as long as the file.
-constexpr std::size_t MAX_QUOTED_LENGTH = 60;
+const std::string VECTOR_COMPONENTS[] = {"x", "y", "z"};
 
-std::string quotedUnlessLong(const std::string& text) {
-  return text.size() <= MAX_QUOTED_LENGTH ? '"' + text + '"' : "of " + std::to_string(text.size()) + " bytes";
+std::string inQuotes(const std::string& name) {
+  return '"' + name + '"';
 }
 
 /// The number of the word that is exactly the text; -1 for none.
@@ -91,34 +93,50 @@ void ValueReader::reportInapplicable(const KeyDescription& key) const {
   }
 }
 
-void ValueReader::read(const KeyDescription& key, bool& value) const {
-  if (key.whenAbsent == WhenAbsent::RESET || _element.findAttribute(key.name) != nullptr) {
-    value = _element.getBool(key.name);
+template <class T, class Get>
+void ValueReader::readAttribute(const KeyDescription& key, const ValueForm& form, T& value, Get get) const {
+  const std::string* const text = _element.findAttribute(key.name);
+  const bool isOfForm = text != nullptr && form.matches(*text);
+  if (text == nullptr || (!isOfForm && _onBadValue == OnBadValue::WARN)) {
+    if (text != nullptr) {
+      warnIgnored(key, form.otherwise);
+    }
+    value = key.whenAbsent == WhenAbsent::RESET ? T() : value;
+    return;
   }
+  value = get();
+  if (!isOfForm) {
+    reportUnreadable(_reader, *text, inQuotes(key.name), form.otherwise, valueText(value));
+  }
+}
+
+template <class T, class Get>
+void ValueReader::readInRange(const KeyDescription& key, const ValueForm& form, T& value, Get get) const {
+  const T otherwise = key.whenAbsent == WhenAbsent::RESET ? T() : value;
+  readAttribute(key, form, value, get);
+  if (value < key.least || value > key.greatest) {
+    warnIgnored(key, fmt::format("out of range ({:g} to {:g})", key.least, key.greatest));
+    value = otherwise;
+  }
+}
+
+void ValueReader::read(const KeyDescription& key, bool& value) const {
+  readAttribute(key, BOOLEAN_FORM, value, [&] { return _element.getBool(key.name); });
 }
 
 void ValueReader::read(const KeyDescription& key, int& value) const {
-  const int otherwise = key.whenAbsent == WhenAbsent::RESET ? 0 : value;
-  int stated = otherwise;
-  readOrWarn(key, [&] { stated = _element.getInt(key.name, otherwise); });
-  if (stated < key.least || stated > key.greatest) {
-    warnIgnored(key,
-                "out of range (" + std::to_string(key.least) + " to " + std::to_string(key.greatest) + ")");
-    stated = otherwise;
-  }
-  value = stated;
+  readInRange(key, INTEGER_FORM, value, [&] { return _element.getInt(key.name); });
 }
 
 void ValueReader::read(const KeyDescription& key, double& value) const {
-  if (key.whenAbsent == WhenAbsent::RESET || _element.findAttribute(key.name) != nullptr) {
-    value = _element.getDouble(key.name);
-  }
+  readInRange(key, NUMBER_FORM, value, [&] { return _element.getDouble(key.name); });
 }
 
 void ValueReader::read(const KeyDescription& key, float& value) const {
+  constexpr double GREATEST = std::numeric_limits<float>::max();
   double number = value;
   read(key, number);
-  value = static_cast<float>(number);
+  value = static_cast<float>(std::clamp(number, -GREATEST, GREATEST));
 }
 
 void ValueReader::read(const KeyDescription& key, std::string& value) const {
@@ -140,13 +158,52 @@ void ValueReader::read(const KeyDescription& key, std::optional<std::string>& va
 }
 
 void ValueReader::read(const KeyDescription& key, Color& value) const {
-  if (key.whenAbsent == WhenAbsent::RESET || _element.findAttribute(key.name) != nullptr) {
-    readOrWarn(key, [&] { value = _element.getColor(key.name); });
+  const std::string* const text = _element.findAttribute(key.name);
+  if (key.whenAbsent == WhenAbsent::KEPT && text == nullptr) {
+    return;
   }
+  readOrWarn(key, [&] {
+    value = _element.getColor(key.name);
+    if (!COLOR_FORM.matches(*text)) {
+      reportUnreadable(_reader, *text, inQuotes(key.name), COLOR_FORM.otherwise, valueText(value));
+    }
+  });
+}
+
+const QxElement* ValueReader::findVector(const KeyDescription& key) const {
+  const QxElement* const child = findOnlyChild(key);
+  if (child == nullptr) {
+    return nullptr;
+  }
+  for (const std::string& component : VECTOR_COMPONENTS) {
+    const std::string* const text = child->findAttribute(component);
+    if (text == nullptr || NUMBER_FORM.matches(*text)) {
+      continue;
+    }
+    if (_onBadValue == OnBadValue::WARN) {
+      warnIgnored(key, quotedUnlessLong(*text) + " is " + NUMBER_FORM.otherwise);
+      return nullptr;
+    }
+    reportUnreadable(_reader, *text, inQuotes(component) + " in " + inQuotes(key.name), NUMBER_FORM.otherwise,
+                     valueText(child->getDouble(component)));
+  }
+  return child;
+}
+
+const QxElement* ValueReader::findOnlyChild(const KeyDescription& key) const {
+  const auto count = std::ranges::count_if(
+      _element.getChildren(), [&key](const auto& child) { return child->getName() == key.name; });
+  if (count > 1 && _reader != nullptr) {
+    _reader->report(FindingCode::ELEMENT_REPLACED, "Of " + std::to_string(count) + " elements " +
+                                                       inQuotes(key.name) + " only the first is used");
+  }
+  return _element.findChild(key.name);
 }
 
 void ValueReader::read(const KeyDescription& key, Vector<3, double>& value) const {
-  if (!_element.getVector3(key.name, value) && key.whenAbsent == WhenAbsent::RESET) {
+  if (findVector(key) != nullptr) {
+    _element.getVector3(key.name, value);
+  } else if (key.whenAbsent == WhenAbsent::RESET) {
     value = {};
   }
 }
@@ -161,9 +218,9 @@ void ValueReader::read(const KeyDescription& key, Vector<2, double>& value) cons
 }
 
 void ValueReader::read(const KeyDescription& key, std::unique_ptr<Vector<3, double>>& value) const {
-  Vector<3, double> vector;
-  if (_element.getVector3(key.name, vector)) {
-    value = std::make_unique<Vector<3, double>>(vector);
+  if (findVector(key) != nullptr) {
+    value = std::make_unique<Vector<3, double>>();
+    _element.getVector3(key.name, *value);
   }
 }
 
@@ -178,6 +235,9 @@ int ValueReader::readWord(const KeyDescription& key, int current) const {
     return word;
   }
   if (_onBadValue == OnBadValue::FAIL) {
+    if (!text->empty()) {
+      reportUnreadable(_reader, *text, inQuotes(key.name), "not an allowed value", wordText(key.words, 0));
+    }
     return 0;
   }
   warnIgnored(key, "not an allowed value");

@@ -12,11 +12,12 @@
 
 namespace vemo {
 
-/// What a value does that cannot be read. Words are the exception: an unknown
-/// word never fails.
+struct ValueForm;
+
+/// What a value does that cannot be read.
 enum class OnBadValue {
-  FAIL,  ///< It throws; an unknown word counts as the first one.
-  WARN,  ///< It is ignored, with a warning.
+  FAIL,  ///< It has the value that the format gives such texts, with a finding, or throws if there is none.
+  WARN,  ///< It is ignored, with a finding.
 };
 
 /// Reads members from the attributes and children of one element, each as its
@@ -60,7 +61,7 @@ class ValueReader {
   /// A child element. Without it, or when it is ignored, the value is kept.
   template <std::derived_from<Readable> T>
   void read(const KeyDescription& key, T& value) const {
-    if (const QxElement* const child = _element.findChild(key.name)) {
+    if (const QxElement* const child = findOnlyChild(key)) {
       readOrWarn(key, [&] {
         T stated;
         stated.read(*child, _reader);
@@ -70,6 +71,16 @@ class ValueReader {
   }
 
  private:
+  /// @param get reads the attribute, which is there
+  template <class T, class Get>
+  void readAttribute(const KeyDescription& key, const ValueForm& form, T& value, Get get) const;
+  /// The same for a number.
+  template <class T, class Get>
+  void readInRange(const KeyDescription& key, const ValueForm& form, T& value, Get get) const;
+  /// The element of a vector; null without one, or when it is ignored.
+  const QxElement* findVector(const KeyDescription& key) const;
+  /// The first child of that name. Others are reported.
+  const QxElement* findOnlyChild(const KeyDescription& key) const;
   int readWord(const KeyDescription& key, int current) const;
   /// Calls the function. Where bad values are ignored, its failures become
   /// warnings.

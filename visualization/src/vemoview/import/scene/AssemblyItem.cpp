@@ -1,3 +1,4 @@
+#include "vemoview/import/items/SharedCollection.h"
 #include "vemoview/import/reading/ReadingContext.h"
 #include "vemoview/import/reading/ValueReader.h"
 #include "vemoview/import/scene/ChildElements.h"
@@ -94,6 +95,10 @@ void AssemblyItem::makeReadingCommandsMap() {
   _readingCommands = makeReadingCommands(assemblyElements());
 }
 
+bool AssemblyItem::wouldReplace(const Colormap& colormap) const {
+  return _colormaps.find(colormap.getName()) != nullptr;
+}
+
 lum::DrawableCollection* AssemblyItem::processChildren(SharedBySiblings& shared,
                                                        lum::DrawableCollection& collection, int level,
                                                        bool share) const {
@@ -101,8 +106,7 @@ lum::DrawableCollection* AssemblyItem::processChildren(SharedBySiblings& shared,
     logEmpty(getName());
     return nullptr;
   }
-  lum::DrawableCollection& target =
-      level == 0 ? collection : collection.findOrCreate<lum::DrawableCollection>(getName());
+  lum::DrawableCollection& target = level == 0 ? collection : openCollection(shared, collection);
   logTarget(target, collection, _children.size(), getName());
   for (const auto& child : _children) {
     if (share) {
@@ -114,46 +118,83 @@ lum::DrawableCollection* AssemblyItem::processChildren(SharedBySiblings& shared,
   return &target;
 }
 
+lum::DrawableCollection& AssemblyItem::openCollection(SharedBySiblings& shared,
+                                                      lum::DrawableCollection& parent) const {
+  const bool isHidden = GraphicsItem::hasHiddenItems() || shared.hidesEach;
+  auto* const other = parent.find<lum::DrawableCollection>(getName());
+  if (other != nullptr) {
+    reportSharing(shared, *other);
+  }
+  lum::DrawableCollection& target = shareCollection(parent, getName(), isHidden);
+  if (other == nullptr) {
+    addVisibilityAttrib(target, isHidden);
+  }
+  shared.hidesEach = isHidden && isVisible(target);
+  return target;
+}
+
 void AssemblyItem::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int level,
                                    const std::string& /*parentName*/) const {
   logConversion();
   const Colormap* const outer = shared.colormap;
+  const bool isOuterHidden = shared.isHidden;
+  const bool hidesEachOuter = shared.hidesEach;
   if (outer == nullptr) {
     shared.colormap = getActiveColormap();
   }
+  shared.isHidden = isOuterHidden || GraphicsItem::hasHiddenItems();
+  // At level 0 the collection is the caller's, which is not hidden.
+  shared.hidesEach = hidesEachOuter || (level == 0 && shared.isHidden);
   lum::DrawableCollection* const target = processChildren(shared, collection, level, level == 1);
   if (target != nullptr) {
-    convertExtras(shared, *target, level);
-    reportUnusedColormaps(shared);
+    convertExtras(shared, *target, level, outer != nullptr);
+  } else {
+    reportEmpty(shared);
   }
   shared.colormap = outer;
+  shared.isHidden = isOuterHidden;
+  shared.hidesEach = hidesEachOuter;
 }
 
-void AssemblyItem::convertExtras(SharedBySiblings& shared, lum::DrawableCollection& target, int level) const {
+void AssemblyItem::reportEmpty(const SharedBySiblings& shared) const {
+  std::string lost;
+  const auto add = [&lost](bool isThere, const char* what) {
+    lost += isThere ? (lost.empty() ? ", with its " : ", ") + std::string(what) : "";
+  };
+  add(!_colormaps.getAll().empty(), "colormaps");
+  add(_legend != nullptr, "legend");
+  add(_transform != nullptr, "transform");
+  report(shared.context, FindingCode::ASSEMBLY_EMPTY,
+         "The assembly \"" + getName() + "\" has no items and is left out" + lost);
+}
+
+void AssemblyItem::reportSharing(const SharedBySiblings& shared, lum::DrawableCollection& collection) const {
+  reportSharedTransform(shared.context, collection, _transform != nullptr);
+  if (getActiveColormap() == nullptr) {
+    return;
+  }
+  bool hasData = false;
+  lum::forEachNodeOf<lum::ScalarAttributes>(collection, [&hasData](const auto&) { hasData = true; });
+  if (hasData) {
+    report(shared.context, FindingCode::COLORMAP_REPLACED,
+           "The colormap \"" + getActiveColormap()->getName() +
+               "\" also colours what earlier items of the name \"" + getName() + "\" brought");
+  }
+}
+
+void AssemblyItem::convertExtras(SharedBySiblings& shared, lum::DrawableCollection& target, int level,
+                                 bool isOuterColormap) const {
   if (level == 1) {
     target.setQualifiedName(getName());
-  }
-  if (level != 0) {
-    addVisibilityAttrib(target);
   }
   if (_legend) {
     convertLegend(shared, level);
   }
-  applyColormap(target);
-  applyTransform(target);
-}
-
-/// One colormap colours an assembly: the outermost active one.
-void AssemblyItem::reportUnusedColormaps(const SharedBySiblings& shared) const {
-  for (const Colormap* const colormap : _colormaps.getAll()) {
-    const bool isUsed =
-        shared.colormap == colormap || (_legend && _legend->getColormapName() == colormap->getName());
-    if (!isUsed) {
-      const ReadingContext::ItemScope scope(shared.context, colormap->getPathName(), colormap->getLine());
-      report(shared.context, FindingCode::COLORMAP_UNUSED,
-             "The colormap \"" + colormap->getName() + "\" is not used: another one colours the data");
-    }
+  if (applyColormap(target) && !isOuterColormap) {
+    shared.usedColormaps.insert(getActiveColormap());
   }
+  reportUnusedColormaps(shared);
+  applyTransform(target);
 }
 
 void AssemblyItem::convertLegend(SharedBySiblings& shared, int level) const {
@@ -164,10 +205,23 @@ void AssemblyItem::convertLegend(SharedBySiblings& shared, int level) const {
   shared.assemblyColormaps = nullptr;
 }
 
-void AssemblyItem::applyColormap(lum::Node& target) const {
+bool AssemblyItem::applyColormap(lum::Node& target) const {
+  bool hasData = false;
   if (const Colormap* const colormap = getActiveColormap()) {
-    lum::forEachNodeOf<lum::ScalarAttributes>(
-        target, [colormap](lum::ScalarAttributes& attributes) { colormap->applyTo(attributes); });
+    lum::forEachNodeOf<lum::ScalarAttributes>(target, [&](lum::ScalarAttributes& attributes) {
+      colormap->applyTo(attributes);
+      hasData = true;
+    });
+  }
+  return hasData;
+}
+
+void AssemblyItem::reportUnusedColormaps(const SharedBySiblings& shared) const {
+  for (const auto& [name, colormap] : _colormaps.getAll()) {
+    if (!shared.usedColormaps.contains(colormap.get())) {
+      report(shared.context, FindingCode::COLORMAP_UNUSED,
+             "The colormap \"" + name + "\" colours neither data nor a legend");
+    }
   }
 }
 

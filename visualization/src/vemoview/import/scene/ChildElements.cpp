@@ -39,6 +39,13 @@ std::unique_ptr<T> make() {
   }
 }
 
+void reportReplaced(const QxElement& element, SceneFileReader* reader) {
+  if (reader != nullptr) {
+    reader->report(FindingCode::ELEMENT_REPLACED,
+                   "The element \"" + element.getName() + "\" replaces an earlier one of its container");
+  }
+}
+
 /// The keys of T, in the section of its own element, else in that of the Item.
 template <class T, class Item, class Target>
 ElementTable describeTable(const KeyTable<Target>& keys) {
@@ -95,6 +102,11 @@ ChildElement<Container> part() {
               readItem(*made, element, reader);
             } else {
               made->read(element, reader);
+            }
+            if constexpr (requires { container.wouldReplace(*made); }) {
+              if (container.wouldReplace(*made)) {
+                reportReplaced(element, reader);
+              }
             }
             (container.*ADD)(std::move(made));
             return nullptr;

@@ -112,10 +112,18 @@ void Scene::readImpl(const QxElement& element, SceneFileReader* reader) {
 }
 
 void Scene::readView(const QxElement& element, SceneFileReader* reader) {
+  if (_hasView && reader != nullptr) {
+    reader->report(FindingCode::ELEMENT_REPLACED,
+                   "A further view replaces an earlier one, except for vectors that it does not state");
+  }
+  _hasView = true;
   _view.read(element, reader);
 }
 
 void Scene::readGradient(const QxElement& element, SceneFileReader* reader) {
+  if (_gradient && reader != nullptr) {
+    reader->report(FindingCode::ELEMENT_REPLACED, "A further gradient replaces an earlier one");
+  }
   _gradient = std::make_unique<Gradient>("background");
   _gradient->read(element, reader);
 }

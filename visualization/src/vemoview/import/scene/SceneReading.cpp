@@ -12,8 +12,15 @@ namespace vemo {
 
 namespace {
 
+void reportDuplicateEntries(SceneFileReader& reader) {
+  for (const std::string& name : reader.getArchive().getDuplicateNames()) {
+    reader.report(FindingCode::ENTRY_REPLACED,
+                  "Several entries of the archive have this name; the last one is used", name);
+  }
+}
+
 /// The scene graph that the archive may carry beside its items.
-void readPayload(Scene& scene, const SceneFileReader& reader) {
+void readPayload(Scene& scene, SceneFileReader& reader) {
   const ZipFileReader& archive = reader.getArchive();
   if (archive.getSize(SceneFileReader::LUM_SCENE_ENTRY) < 0) {
     return;
@@ -53,6 +60,7 @@ void SceneFileReader::readItemsNamingFailures(Scene& scene) {
 
 std::unique_ptr<Scene>& SceneFileReader::read(std::unique_ptr<Scene>& result) {
   result = std::make_unique<Scene>(std::string());
+  reportDuplicateEntries(*this);
   readItemsNamingFailures(*result);
   VEMO_LOG_INFO("SceneFileReader::read: " << getArchive().getEntryCount() << " entries found inside");
   readPayload(*result, *this);

@@ -1,0 +1,48 @@
+#include "vemoview/import/items/SharedCollection.h"
+
+#include "vemoview/import/reading/ReadingContext.h"
+#include <vemo/scenegraph/drawables/DrawableCollection.h>
+
+namespace vemo {
+
+namespace {
+
+/// What is seen of the collection stays the same.
+void hideNodesInstead(lum::DrawableCollection& collection) {
+  for (const auto& node : collection.getNodes()) {
+    static_cast<lum::Drawable*>(node.getObject())->getBaseAttributes().setVisibility(false, false);
+  }
+  collection.getBaseAttributes().setVisibility(true, false);
+}
+
+}  // namespace
+
+bool isVisible(const lum::Drawable& drawable) {
+  const auto* const base = drawable.findAttributes<lum::BaseAttributes>();
+  return base == nullptr || base->getVisibility();
+}
+
+lum::DrawableCollection& shareCollection(lum::DrawableCollection& parent, const std::string& name,
+                                         bool isHidden) {
+  auto& collection = parent.findOrCreate<lum::DrawableCollection>(name);
+  if (!isHidden && !isVisible(collection)) {
+    hideNodesInstead(collection);
+  }
+  return collection;
+}
+
+void reportSharedTransform(ReadingContext* context, const lum::DrawableCollection& collection,
+                           bool hasTransform) {
+  const auto* const base = collection.findAttributes<lum::BaseAttributes>();
+  const bool hadTransform = base != nullptr && base->getTransform() != nullptr;
+  const std::string others = "earlier items of the name \"" + collection.getName() + '"';
+  if (hadTransform && hasTransform) {
+    report(context, FindingCode::TRANSFORM_REPLACED, "The transform replaces that of " + others);
+  } else if (hadTransform) {
+    report(context, FindingCode::TRANSFORM_SHARED, "The item is transformed as " + others + " are");
+  } else if (hasTransform) {
+    report(context, FindingCode::TRANSFORM_SHARED, "The transform also applies to " + others);
+  }
+}
+
+}  // namespace vemo

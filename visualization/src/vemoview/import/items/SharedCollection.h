@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+namespace lum {
+class Drawable;
+class DrawableCollection;
+}  // namespace lum
+
+namespace vemo {
+
+class ReadingContext;
+
+/// By itself, whatever owns it.
+bool isVisible(const lum::Drawable& drawable);
+
+// Items of one name in one parent share a collection. It is hidden as long as
+// all of them are: once one is shown, the others are hidden in it, each by itself.
+
+/// The collection of that name, created visible if necessary. A hidden one
+/// becomes visible for an item that is shown; what it held is hidden instead.
+/// @param isHidden whether the item is
+lum::DrawableCollection& shareCollection(lum::DrawableCollection& parent, const std::string& name,
+                                         bool isHidden);
+
+/// Reports when items that share a collection get the transform of others.
+/// @param hasTransform whether the item converted into it has one
+void reportSharedTransform(ReadingContext* context, const lum::DrawableCollection& collection,
+                           bool hasTransform);
+
+}  // namespace vemo
