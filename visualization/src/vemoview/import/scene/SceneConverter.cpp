@@ -144,6 +144,10 @@ SceneNodePtr convertItems(const Scene& scene, ReadingContext& context) {
 SceneConverter::SceneConverter(const std::wstring& inputPath, const std::wstring& outputPath)
     : _inputPath(inputPath), _outputPath(outputPath) {}
 
+void SceneConverter::setObserver(Observer observer) {
+  _observer = std::move(observer);
+}
+
 void SceneConverter::run() const {
   VEMO_LOG_INFO("Reading a file\n\t" << _inputPath << ", converting it, and writing to\n\t" << _outputPath);
   SceneFileReader reader{ZipFileReader(_inputPath)};
@@ -164,6 +168,9 @@ void SceneConverter::run() const {
     VEMO_LOG_ERROR("Can't open file for writing");
     session.leaveOpen();
     return;
+  }
+  if (_observer) {
+    _observer(*sceneNode);
   }
   sceneNode = nullptr;
   session.close();
