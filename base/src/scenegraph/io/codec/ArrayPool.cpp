@@ -35,13 +35,13 @@ std::string keyOf(const io::ChunkRow& row, const char* name) {
 template <class Visit>
 void visitArrays(const Field& field, Visit&& visit) {
   if (const auto* array = std::get_if<vtkSmartPointer<vtkDataArray>*>(&field.value)) {
-    visit(array[0]->Get());
+    visit((*array)->Get());
   } else if (const auto* table = std::get_if<ArrayTable*>(&field.value)) {
     for (const auto& each : **table) {
       visit(each.Get());
     }
   } else if (const auto* cells = std::get_if<vtkSmartPointer<vtkCellArray>*>(&field.value)) {
-    if (vtkCellArray* const held = cells[0]->Get()) {
+    if (vtkCellArray* const held = (*cells)->Get()) {
       visit(held->GetOffsetsArray());
       visit(held->GetConnectivityArray());
     }
