@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ExitCode.h"
 #include <vemo/scenegraph/Finding.h>
 
 #include <functional>
@@ -15,12 +16,17 @@ namespace vemo {
 
 /// What the arguments ask for.
 struct Command {
-  /// The scene file to work on, as the user named it.
+  /// The scene file to work on, as the user named it. Messages that do not name a
+  /// file begin with it.
   std::string file;
   /// Runs the command; exceptions are its failures.
   std::function<void()> run;
   /// Findings of this severity, or worse ones, make the command fail.
   std::optional<Severity> failOn = std::nullopt;
+  /// The exit code of a run that did not fail.
+  ExitCode result = ExitCode::DONE;
+  /// The exit code of any failure, if the command has only one.
+  std::optional<ExitCode> failureCode = std::nullopt;
 };
 
 /// Adds the option --fail-on to a subcommand.

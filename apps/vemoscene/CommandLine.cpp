@@ -80,11 +80,13 @@ ExitCode runCommandLine(int argc, char** argv) {
       if (command.failOn && worstFinding() >= command.failOn) {
         return ExitCode::FOUND;
       }
+      return command.result;
     }
     return code;
   } catch (...) {
     waitWhenEnding();
-    return reportFailure(command.file);
+    const ExitCode code = reportFailure(command.file);
+    return command.failureCode.value_or(code);
   }
 }
 

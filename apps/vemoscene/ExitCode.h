@@ -9,8 +9,11 @@ namespace vemo {
 /// lum::io::FileIoStatus, from 64 on those of <sysexits.h>.
 enum class ExitCode : int {
   DONE = 0,
+  /// Findings that --fail-on names, or differences.
   FOUND = 1,
   NOT_FOUND = 2,
+  /// Any failure of a command that tells no more about it.
+  TROUBLE = 2,
   UNSUPPORTED_FORMAT = 3,
   READ_ERROR = 5,
   CANNOT_WRITE = 6,

@@ -31,10 +31,7 @@ class LoadedScene {
   lum::SceneNode& getSceneNode() const;
 
  private:
-  bool load(const std::wstring& database);
-  void read(const std::wstring& database);
-
-  std::wstring _path;
+  std::string _file;
   bool _isZipped = false;
   std::vector<Record> _records;
 };

@@ -90,6 +90,9 @@ void waitWhenEnding() {
 }
 
 void useOwnTemporaryFolder() {
+  if (!ownFolder().empty()) {
+    return;
+  }
   std::error_code error;
   const std::filesystem::path parent = std::filesystem::temp_directory_path(error);
   std::string name = (error ? std::filesystem::path("/tmp") : parent) / "vemoscene-XXXXXX";

@@ -131,6 +131,18 @@ TEST_F(CommandLineTest, EndsWithTheRightCodeAndMessage) {
       {{"convert", "scene.zip", "pipe"}, 6, "", "\"pipe\" cannot be written"},
       {{"convert", "scene.sdb", "folder"}, 6, "", "\"folder\" cannot be written"},
       {{"convert", "scene.zip", "./scene.zip"}, 64, "", "same file"},
+      {{"convert", "scene.zip", "verified.sdb", "--verify"}, 0, "verified.sdb: verified, 1 record, ", ""},
+      {{"convert", "scene.sdb", "verified.sdb", "--verify"}, 0, "verified.sdb: verified, 1 record, ", ""},
+      {{"convert", "scene.zip", "no folder/x.sdb", "--verify"}, 6, "", "cannot be written"},
+      {{"diff", "scene.zip", "scene.sdb"}, 0, "No differences in 1 record, ", ""},
+      {{"diff", "nowhere.zip", "scene.zip"}, 2, "", "File \"nowhere.zip\" does not exist"},
+      {{"diff", "scene.zip", "text.txt"}, 2, "", "Unknown file format \"text.txt\""},
+      {{"diff", "scene.zip", "cold.zip"}, 2, "", "cold.zip: "},
+      {{"diff", "wrong.sdb", "scene.sdb"}, 2, "", "vemoscene: wrong.sdb: "},
+      {{"diff", "scene.zip", "pipe"}, 2, "", "\"pipe\" is a pipe"},
+      {{"diff", "scene.zip"}, 64, "", "B is required"},
+      {{"diff", "scene.zip", "scene.sdb", "--tolerance", "nan"}, 64, "", "nan"},
+      {{"diff", "scene.zip", "scene.sdb", "--tolerance", "-1"}, 64, "", "-1"},
       {{"render", "scene.zip", "scene.zip"}, 64, "", "same file"},
       {{"render", "scene.zip", "x.png", "--size", "0x10"}, 64, "", "0x10"},
       {{"render", "scene.zip", "x.png", "--size", "99999x10"}, 64, "", "16384"},
@@ -249,6 +261,7 @@ TEST_F(CommandLineTest, NoticesThatResultsCannotBeWritten) {
   EXPECT_EQ(full.exitCode, 6);
   EXPECT_THAT(full.err, HasSubstr("standard output"));
   EXPECT_EQ(run({"--help"}, "/dev/full").exitCode, 6);
+  EXPECT_EQ(run({"diff", "scene.sdb", "scene.zip"}, "/dev/full").exitCode, 2);
   expectNoTemporaryFiles();
 }
 

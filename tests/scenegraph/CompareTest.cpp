@@ -1,53 +1,307 @@
+#include "scenegraph/inspect/Matching.h"
+#include "support/Meshes.h"
+#include "support/Nodes.h"
 #include "support/SampleGraphs.h"
+#include <vemo/scenegraph/coloring/ScalarAttributes.h>
+#include <vemo/scenegraph/drawables/TextDrawable.h>
 #include <vemo/scenegraph/inspect/Compare.h>
 
+#include <vtkCellArray.h>
+#include <vtkDoubleArray.h>
+#include <vtkPointData.h>
 #include <vtkPoints.h>
+#include <vtkTypeInt64Array.h>
 
+#include <algorithm>
+#include <cmath>
 #include <gmock/gmock.h>
+#include <limits>
 
 namespace vemo {
 
 namespace {
 
-TEST(Compare, NamesTheNodeAndTheField) {
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Change = void (*)(lum::SceneNode&);
+
+lum::PolyDataNode& pieceOf(lum::SceneNode& scene, const char* name) {
+  return *surfaceOf(scene).find<lum::PolyDataNode>(name);
+}
+
+lum::ColorLookupTable& tableOf(lum::SceneNode& scene) {
+  return surfaceOf(scene).getAttributes<lum::ScalarAttributes>().getColorLookupTable();
+}
+
+void setHeat(lum::SceneNode& scene, const std::vector<float>& values) {
+  pieceOf(scene, "first").setNodeDataArray(makeArray("heat", values));
+}
+
+/// Moves the point at the origin of the piece "first".
+void movePoint(lum::SceneNode& scene, double z) {
+  auto geometry = makeGeometry(false);
+  geometry->GetPoints()->SetPoint(0, 0, 0, z);
+  pieceOf(scene, "first").setPolyData(geometry);
+  setHeat(scene, {1, NAN, INFINITY});
+}
+
+/// The scenes to compare: what is needed by several cases is there in all.
+lum::Ptr<lum::SceneNode> makeComparedScene() {
+  auto scene = makeScene();
+  // There in both, so that the reference to it is the only difference.
+  scene->getOrientationCanvas().getCameraAttributes();
+  auto& colors = *surfaceOf(*scene).getColorAttributes();
+  colors.setColor("left", {1, 0, 0});
+  tableOf(*scene).setColorValues({0.25, 0.5, 1000});
+  setHeat(*scene, {1, NAN, INFINITY});
+  return scene;
+}
+
+/// Takes the pieces out and puts them in in another order.
+void reorder(lum::SceneNode& scene, const std::vector<const char*>& names) {
+  auto& surface = surfaceOf(scene);
+  std::vector<lum::Ptr<lum::Node>> pieces;
+  for (const char* name : names) {
+    pieces.emplace_back(&pieceOf(scene, name));
+  }
+  for (const auto& piece : pieces) {
+    surface.removeNode(*piece);
+  }
+  for (const auto& piece : pieces) {
+    surface.addNode(*piece);
+  }
+}
+
+std::vector<std::string> compare(const lum::Node& left, const lum::Node& right, double tolerance) {
+  std::vector<std::string> lines;
+  lum::compareGraphs(left, right, {.tolerance = tolerance}, [&](const lum::Difference& difference) {
+    lines.push_back(lum::describeDifference(difference));
+    return true;
+  });
+  return lines;
+}
+
+TEST(Compare, FindsWhatDiffersByMeaning) {
+  const std::string surface = "ModelCanvas/DrawableCollection/surface";
+  const std::string first = surface + "/first: ";
+  const std::string colors = surface + "/AttributesCollection/ColorAttributes";
+  const std::string scalars = surface + "/AttributesCollection/ScalarAttributes/ColorLookupTable: ";
   struct {
-    const char* expected;
-    void (*change)(lum::SceneNode&);
+    const char* name;
+    double tolerance;
+    Change change;
+    std::vector<std::string> expected;
   } const cases[] = {
-      {"name: scene against other", [](auto& scene) { scene.setName("other"); }},
-      {"qualified name", [](auto& scene) { scene.setQualifiedName(""); }},
-      {"foregroundCanvas: only one has a node", [](auto& scene) { scene.getForegroundCanvas(); }},
-      {"surface\": nodes: 5 against 6 nodes",
-       [](auto& scene) { surfaceOf(scene).template findOrCreate<lum::PolyDataNode>("new"); }},
-      {"ColorAttributes\": color",
-       [](auto& scene) { surfaceOf(scene).getColorAttributes()->setColor({}, false); }},
-      {"opacity: 1 against 0.5",
-       [](auto& scene) { surfaceOf(scene).getColorAttributes()->setOpacity(0.5, false); }},
-      {"first\": points: the values differ",
+      {"nothing", 0, [](auto&) {}, {}},
+      {"names of the root",
+       0,
        [](auto& scene) {
-         auto geometry = makeGeometry(false);
-         geometry->GetPoints()->SetPoint(0, -0.0, 0, 0);
-         surfaceOf(scene).template find<lum::PolyDataNode>("first")->setPolyData(geometry);
-       }},
-      {"wide\": verts: offsets: ",
+         scene.setName("other");
+         scene.setQualifiedName("");
+       },
+       {"/: name: scene against other", "/: qualifiedName: none against "}},
+      {"a slot",
+       0,
+       [](auto& scene) { scene.getForegroundCanvas(); },
+       {"ForegroundCanvas: node: none against SceneCanvas"}},
+      {"zeros", 0, [](auto& scene) { movePoint(scene, -0.0); }, {}},
+      {"an array on one side",
+       0,
+       [](auto& scene) { pieceOf(scene, "first").setPolyData(makeGeometry(false)); },
+       {first + "nodeDataArrays[\"heat\"]: float32, 3 tuples against none"}},
+      {"a number within",
+       0.1,
        [](auto& scene) {
-         surfaceOf(scene).template find<lum::PolyDataNode>("wide")->setPolyData(makeGeometry(false));
-       }},
-      {"triad\": refers to CameraAttributes",
+         tableOf(scene).setColorValues({0.3, 0.5, 1090});
+         surfaceOf(scene).getColorAttributes()->setOpacity(0.95, false);
+       },
+       {}},
+      {"a number without",
+       0.05,
+       [](auto& scene) {
+         tableOf(scene).setColorValues({0.35, 0.5, 1060});
+         surfaceOf(scene).getColorAttributes()->setOpacity(0.875, false);
+       },
+       {colors + ": opacity: 1 against 0.875",
+        scalars + "colorValues: 0.25 against 0.35 (2 of 3 differ, most at 0, by 0.1)"}},
+      {"digits",
+       0,
+       [](auto& scene) { surfaceOf(scene).getColorAttributes()->setOpacity(1 - 0x1p-53, false); },
+       {colors + ": opacity: 1 against 0.9999999999999999"}},
+      {"a list's length",
+       1,
+       [](auto& scene) { tableOf(scene).setColorValues({0.25}); },
+       {scalars + "colorValues: 3 numbers against 1 numbers"}},
+      {"a vector",
+       0,
+       [](auto& scene) {
+         surfaceOf(scene).getColorAttributes()->setColor({1, 0, 0}, false);
+       },
+       {colors + ": color: (0.25, 0.5, 0.75) against (1, 0, 0)"}},
+      {"a table",
+       0,
+       [](auto& scene) {
+         auto& attributes = *surfaceOf(scene).getColorAttributes();
+         attributes.setColor("left", {1, 0, 1});
+         attributes.setColor("right", {0, 0, 0});
+       },
+       {colors + ": colors[\"left\"]: (1, 0, 0) against (1, 0, 1)",
+        colors + ": colors[\"right\"]: none against (0, 0, 0)"}},
+      {"values that are not finite",
+       10,
+       [](auto& scene) {
+         setHeat(scene, {1, 1, -INFINITY});
+       },
+       {first + "nodeDataArrays[\"heat\"]: nan against 1 (2 of 3 differ, most at 1, by inf)"}},
+      {"the greatest deviation",
+       0,
+       [](auto& scene) {
+         setHeat(scene, {1.5F, NAN, INFINITY});
+       },
+       {first + "nodeDataArrays[\"heat\"]: 1 against 1.5 (1 of 3 differ, most at 0, by 0.333333)"}},
+      {"a type",
+       0,
+       [](auto& scene) {
+         pieceOf(scene, "first").setNodeDataArray(makeArray<vtkDoubleArray>("heat", {1, 2, INFINITY}));
+       },
+       {first + "nodeDataArrays[\"heat\"]: float32, 3 tuples against float64, 3 tuples",
+        first + "nodeDataArrays[\"heat\"]: nan against 2 (1 of 3 differ, most at 1, by inf)"}},
+      {"a point",
+       0,
+       [](auto& scene) { movePoint(scene, 0.5); },
+       {first + "points: 0 against 0.5 (1 of 9 differ, most at 0[2], by 0.5)"}},
+      {"the width of cells",
+       0,
+       [](auto& scene) { pieceOf(scene, "wide").setPolyData(makeGeometry(false)); },
+       {}},
+      {"a cell",
+       0,
+       [](auto& scene) {
+         auto geometry = makeGeometry(true);
+         geometry->GetPolys()->ReplaceCellAtId(0, 3, std::array<vtkIdType, 3>{0, 2, 1}.data());
+         pieceOf(scene, "wide").setPolyData(geometry);
+       },
+       {surface + "/wide: polys: (0, 1, 2) against (0, 2, 1) (1 of 1 differ, first at 0)"}},
+      {"a piece inserted",
+       0,
+       [](auto& scene) {
+         surfaceOf(scene).template findOrCreate<lum::PolyDataNode>("new");
+         reorder(scene, {"new", "second", "wide", "none", "empty"});
+       },
+       {surface + "/new: node: none against PolyDataNode"}},
+      {"a piece of the same name",
+       0,
+       [](auto& scene) { surfaceOf(scene).addNode(*make<lum::PolyDataNode>("wide")); },
+       {surface + "/wide~#2: node: none against PolyDataNode"}},
+      {"another class",
+       0,
+       [](auto& scene) {
+         scene.getModelCanvas().getDrawableCollection().removeAllNodes();
+         scene.getModelCanvas().getDrawableCollection().addNode(*make<lum::TextDrawable>("surface"));
+       },
+       {surface + ": node: SurfaceDrawable against none", surface + ": node: none against TextDrawable"}},
+      {"the order of pieces",
+       0,
+       [](auto& scene) {
+         reorder(scene, {"second", "wide", "none", "empty", "first"});
+       },
+       {surface + "/first: position: 0 against 4"}},
+      {"the order of attributes",
+       0,
+       [](auto& scene) {
+         auto& attributes = surfaceOf(scene).getAttributesCollection();
+         const lum::Ptr<lum::Node> node(&attributes.getNode(0));
+         attributes.removeNode(*node);
+         attributes.addNode(*node);
+       },
+       {}},
+      {"a reference",
+       1,
        [](auto& scene) {
          triadOf(scene).setCameraAttributes(&scene.getOrientationCanvas().getCameraAttributes());
-       }},
+       },
+       {"OrientationCanvas/DrawableCollection/triad: cameraAttributes: -> "
+        "ModelCanvas/AttributesCollection/CameraAttributes against -> "
+        "OrientationCanvas/AttributesCollection/CameraAttributes"}},
+      {"no reference",
+       1,
+       [](auto& scene) { triadOf(scene).setCameraAttributes(nullptr); },
+       {"OrientationCanvas/DrawableCollection/triad: cameraAttributes: -> "
+        "ModelCanvas/AttributesCollection/CameraAttributes against none"}},
   };
-  for (const auto& [expected, change] : cases) {
-    const auto left = makeScene();
-    const auto right = makeScene();
-    // There in both, so that the reference to it is the only difference.
-    left->getOrientationCanvas().getCameraAttributes();
-    right->getOrientationCanvas().getCameraAttributes();
+  for (const auto& [name, tolerance, change, expected] : cases) {
+    const auto left = makeComparedScene();
+    const auto right = makeComparedScene();
+    change(*right);
+    EXPECT_THAT(compare(*left, *right, tolerance), testing::ElementsAreArray(expected)) << name;
+  }
+}
+
+/// What files keep apart although it means the same.
+TEST(Compare, KnowsEveryBit) {
+  const Change cases[] = {
+      [](auto& scene) { movePoint(scene, -0.0); },
+      [](auto& scene) { pieceOf(scene, "wide").setPolyData(makeGeometry(false)); },
+      [](auto& scene) {
+        surfaceOf(scene).getColorAttributes()->setColor("left", {1, -0.0, 0});
+      },
+      [](auto& scene) {
+        auto& attributes = surfaceOf(scene).getAttributesCollection();
+        const lum::Ptr<lum::Node> node(&attributes.getNode(0));
+        attributes.removeNode(*node);
+        attributes.addNode(*node);
+      },
+      [](auto& scene) {
+        const auto arrays = pieceOf(scene, "first").getNodeDataArrays();
+        auto geometry = makeGeometry(false);
+        geometry->GetPointData()->Initialize();
+        pieceOf(scene, "first").setPolyData(geometry);
+        pieceOf(scene, "first").setNodeDataArray(arrays[1]);
+        pieceOf(scene, "first").setNodeDataArray(arrays[0]);
+      },
+  };
+  for (const Change change : cases) {
+    const auto left = makeComparedScene();
+    const auto right = makeComparedScene();
     EXPECT_EQ(lum::firstDifference(*left, *right), "");
     change(*right);
-    EXPECT_THAT(lum::firstDifference(*left, *right), testing::HasSubstr(expected));
+    EXPECT_THAT(compare(*left, *right, 0), IsEmpty());
+    EXPECT_NE(lum::firstDifference(*left, *right), "");
   }
+}
+
+/// Larger integers than doubles can tell apart.
+TEST(Compare, TellsLargeIntegersApart) {
+  const auto left = make<lum::PolyDataNode>();
+  const auto right = make<lum::PolyDataNode>();
+  constexpr vtkTypeInt64 LARGE = std::numeric_limits<vtkTypeInt64>::max();
+  left->setNodeDataArray(makeArray<vtkTypeInt64Array>("ids", {1, LARGE}));
+  right->setNodeDataArray(makeArray<vtkTypeInt64Array>("ids", {1, LARGE - 1}));
+  EXPECT_THAT(compare(*left, *right, 1),
+              ElementsAre("/: nodeDataArrays[\"ids\"]: 9223372036854775807 against 9223372036854775806 "
+                          "(1 of 2 differ, most at 1, by 0)"));
+}
+
+/// A comparison of each with each would take hours. Each second name changes places
+/// with its neighbour, since those of one name are taken in order.
+TEST(Matching, FindsItsWayAmongManySiblings) {
+  constexpr std::size_t COUNT = 200'000;
+  std::vector<std::string> names;
+  for (std::size_t i = 0; i < COUNT; ++i) {
+    names.push_back(i % 2 == 0 ? "same" : std::to_string(i));
+  }
+  std::vector<lum::Matching::Key> left;
+  for (const std::string& name : names) {
+    left.emplace_back("class", name);
+  }
+  std::vector<lum::Matching::Key> right(left);
+  std::rotate(right.begin(), right.begin() + 1, right.end());
+  right.insert(right.begin() + 10, {"class", "new"});
+  const lum::Matching matching(left, right);
+  EXPECT_THAT(matching.getOnlyRight(), ElementsAre(10U));
+  EXPECT_EQ(matching.getCounterparts()[1], 0U);
+  EXPECT_EQ(matching.getCounterparts()[2], 3U);
+  EXPECT_EQ(matching.findMoved().size(), COUNT / 2);
 }
 
 }  // namespace

@@ -5,6 +5,8 @@
 #include "support/SampleGraphs.h"
 #include "support/TemporaryFolder.h"
 #include <vemo/scenegraph/inspect/Compare.h>
+#include <vemo/scenegraph/io/ArrayPool.h>
+#include <vemo/scenegraph/io/FileError.h>
 #include <vemo/scenegraph/io/SDBReader.h>
 #include <vemo/scenegraph/io/SDBWriter.h>
 
@@ -61,6 +63,37 @@ TEST(Database, RefusesGeometryThatDoesNotFitAndGraphsTooDeep) {
   EXPECT_EQ(writeDatabase(folder / "a.sdb", *makeChain(lum::Node::MAXIMUM_DEPTH + 1)),
             FileIoStatus::WriteError);
   EXPECT_TRUE(fs::is_empty(folder.path()));
+}
+
+/// Only arrays of a name and of the same bytes are shared, and damage is noticed
+/// where there is an array to share.
+TEST(Database, SharesArraysThroughAPool) {
+  const TemporaryFolder folder;
+  const auto node = make<lum::PolyDataNode>();
+  node->setPolyData(makePolyData(std::vector<std::array<float, 3>>(1000), {}));
+  for (const char* const name : {"heat", "cold"}) {
+    node->setNodeDataArray(makeArray(name, std::vector<float>(1000, 0.5F)));
+  }
+  ASSERT_EQ(writeDatabase(folder / "a.sdb", *node), FileIoStatus::Success);
+  node->setNodeDataArray(makeArray("heat", std::vector<float>(1000, 0.25F)));
+  ASSERT_EQ(writeDatabase(folder / "b.sdb", *node), FileIoStatus::Success);
+  std::string bytes = readFile(folder / "a.sdb");
+  bytes[bytes.find(std::string("\0\0\0\x3F", 4)) + 2000] ^= 1;
+  writeFile(folder / "damaged.sdb", bytes);
+
+  lum::ArrayPool pool;
+  pool.addAll(*node);
+  const auto read = [&](const char* name) {
+    return Ptr<lum::PolyDataNode>(lum::SDBReader(wide(folder / name)).readNode(0, lum::NO_SESSION, &pool));
+  };
+  const auto first = read("a.sdb");
+  const auto second = read("b.sdb");
+  EXPECT_NE(first->getNodeDataArrays()[0], second->getNodeDataArrays()[0]);
+  EXPECT_EQ(first->getNodeDataArrays()[1], second->getNodeDataArrays()[1]);
+  EXPECT_EQ(second->getNodeDataArrays()[0], node->getNodeDataArrays()[0]);
+  EXPECT_EQ(first->getNodeDataArrays()[0], read("a.sdb")->getNodeDataArrays()[0]);
+  EXPECT_EQ(firstDifference(*node, *second), "");
+  EXPECT_THROW(read("damaged.sdb"), lum::io::FileError);
 }
 
 mode_t modeOf(const fs::path& path) {

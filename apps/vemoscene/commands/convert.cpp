@@ -17,40 +17,44 @@ namespace vemo {
 namespace {
 
 struct ConvertArguments {
-  std::string file;
-  std::string output;
+  ExportRequest request;
   std::string ledger;
 };
 
-void convert(const ConvertArguments& options) {
-  refuseSameFile(options.file, options.output);
-  removePartialOutputWhenEnded(options.output);
-  const Progress progress(fmt::format("Converting {}", toPrintable(options.file)));
-  if (!options.ledger.empty()) {
-    refuseSameFile(options.file, options.ledger);
-    requireArchive(options.file);
+void convert(const ConvertArguments& arguments) {
+  const ExportRequest& request = arguments.request;
+  refuseSameFile(request.file, request.output);
+  removePartialOutputWhenEnded(request.output);
+  const Progress progress(fmt::format("Converting {}", toPrintable(request.file)));
+  if (!arguments.ledger.empty()) {
+    refuseSameFile(request.file, arguments.ledger);
+    requireArchive(request.file);
   }
-  findExportFormat(options.output).write(options.file, options.output);
-  if (!options.ledger.empty()) {
+  findExportFormat(request.output).write(request);
+  if (!arguments.ledger.empty()) {
     ResultStream out;
-    out << writeLedger(options.file, options.ledger) << '\n';
+    out << writeLedger(request.file, arguments.ledger) << '\n';
     out.finish();
   }
 }
 
 void addConvertCommand(CLI::App& app, Command& command) {
-  const auto options = std::make_shared<ConvertArguments>();
+  const auto arguments = std::make_shared<ConvertArguments>();
+  ExportRequest& request = arguments->request;
   CLI::App* const convertApp =
       app.add_subcommand("convert", "Convert a scene to the format of OUT, usually a scene-graph database");
-  convertApp->add_option("FILE", options->file, "The scene archive or database to read")->required();
-  convertApp->add_option("OUT", options->output, "The file to write: " + listExportFormats())->required();
-  convertApp->add_option("--ledger", options->ledger)
+  convertApp->add_option("FILE", request.file, "The scene archive or database to read")->required();
+  convertApp->add_option("OUT", request.output, "The file to write: " + listExportFormats())->required();
+  convertApp->add_flag("--verify", request.verify,
+                       "Read OUT back, compare it with what was to be written, and print what was compared; "
+                       "exit with 6 and remove OUT if they differ");
+  convertApp->add_option("--ledger", arguments->ledger)
       ->option_text("FILE")
       ->description("Write what became of each element, attribute and entry of an archive, as JSON lines");
   addFailOnOption(*convertApp, command);
-  convertApp->callback([options, &command] {
-    command.file = options->file;
-    command.run = [options] { convert(*options); };
+  convertApp->callback([arguments, &command] {
+    command.file = arguments->request.file;
+    command.run = [arguments] { convert(*arguments); };
   });
 }
 

@@ -4,6 +4,14 @@
 
 namespace vemo {
 
+struct ExportRequest {
+  /// The scene file to read.
+  std::string file;
+  std::string output;
+  /// Whether to read the output back and compare it with what was to be written.
+  bool verify = false;
+};
+
 /// A kind of file that scenes of either generation can be written as. A new one
 /// is a folder beside this file and a row in ExportFormat.cpp.
 struct ExportFormat {
@@ -13,7 +21,7 @@ struct ExportFormat {
   const char* description;
   /// Reads the scene file and writes the output, whole or not at all. Throws
   /// Failure, and the exceptions of the libraries.
-  void (*write)(const std::string& file, const std::string& output);
+  void (*write)(const ExportRequest& request);
 };
 
 /// The format whose ending the output's name has; the first, a scene-graph

@@ -2,6 +2,7 @@
 
 #include <vemo/import/Export.h>
 
+#include <functional>
 #include <string>
 
 namespace lum {
@@ -24,12 +25,18 @@ class VEMO_IMPORT_EXPORT SceneConverter {
   /// there then, or what it was before.
   void run() const;
 
+  /// Is called in `run` with the scene node that was written, before the node
+  /// goes. What it throws is thrown by `run`.
+  using Observer = std::function<void(lum::SceneNode& written)>;
+  void setObserver(Observer observer);
+
  private:
   /// False when the output cannot be opened.
   bool write(lum::SceneNode& sceneNode) const;
 
   std::wstring _inputPath;
   std::wstring _outputPath;
+  Observer _observer;
 };
 
 }  // namespace vemo

@@ -3,12 +3,12 @@
 #include "ExitCode.h"
 #include "FileChecks.h"
 #include "Messages.h"
-#include "TemporaryFiles.h"
+#include "export/database/Verification.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/import/SceneConverter.h>
 #include <vemo/import/SceneFormatHandler.h>
-#include <vemo/scenegraph/Node.h>
 #include <vemo/scenegraph/Ptr.h>
+#include <vemo/scenegraph/SceneNode.h>
 #include <vemo/scenegraph/io/CheckFormat.h>
 #include <vemo/scenegraph/io/SDBReader.h>
 #include <vemo/scenegraph/io/SDBWriter.h>
@@ -28,9 +28,7 @@ using lum::io::FileIoStatus;
 }
 
 /// The converter does not tell whether it could write; what it left does.
-void convertArchive(const std::string& file, const std::string& output) {
-  const ReplacementWatch watch(output);
-  SceneConverter(toWidePath(file), toWidePath(output)).run();
+void requireWritten(const ReplacementWatch& watch, const std::string& output) {
   // Opened only now: what was there before may be a pipe, and would keep us
   // waiting.
   if (!watch.isReplaced()) {
@@ -42,6 +40,19 @@ void convertArchive(const std::string& file, const std::string& output) {
     showMessage(messages.str());
     failToWrite(output);
   }
+}
+
+void convertArchive(const ExportRequest& request) {
+  const ReplacementWatch watch(request.output);
+  SceneConverter converter(toWidePath(request.file), toWidePath(request.output));
+  if (request.verify) {
+    converter.setObserver([&](lum::SceneNode& written) {
+      requireWritten(watch, request.output);
+      verifyScene(request.output, written);
+    });
+  }
+  converter.run();
+  requireWritten(watch, request.output);
 }
 
 /// Reading a record checks all of it, its arrays too.
@@ -63,13 +74,18 @@ void copyDatabase(const std::string& file, const std::string& output) {
 
 }  // namespace
 
-void writeDatabase(const std::string& file, const std::string& output) {
+void writeDatabase(const ExportRequest& request) {
+  const std::string& file = request.file;
   std::ostringstream messages;
   switch (SceneFormatHandler::detectSceneFormat(toWidePath(file), messages)) {
     case SceneFormatHandler::ZippedScene:
-      return convertArchive(file, output);
+      return convertArchive(request);
     case SceneFormatHandler::SceneDatabase:
-      return copyDatabase(file, output);
+      copyDatabase(file, request.output);
+      if (request.verify) {
+        verifyCopy(request.output, file);
+      }
+      return;
     case SceneFormatHandler::FileMissing:
       throw Failure(ExitCode::NOT_FOUND, fmt::format("File \"{}\" does not exist", file));
     case SceneFormatHandler::FileUnreadable:

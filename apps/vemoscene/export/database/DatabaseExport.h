@@ -1,11 +1,12 @@
 #pragma once
 
-#include <string>
+#include "export/ExportFormat.h"
 
 namespace vemo {
 
 /// Converts an archive of the old generation to a scene-graph database. A
-/// database is checked, its arrays included, and written anew.
-void writeDatabase(const std::string& file, const std::string& output);
+/// database is checked, its arrays included, and written anew. An output that
+/// does not stand verification is removed.
+void writeDatabase(const ExportRequest& request);
 
 }  // namespace vemo

@@ -1,17 +1,13 @@
-#include "scenegraph/ArrayType.h"
-#include "scenegraph/inspect/NodeDescription.h"
-#include <vemo/base/SameBits.h>
+#include "scenegraph/inspect/FieldComparison.h"
+#include "scenegraph/inspect/Matching.h"
+#include "scenegraph/inspect/NodePaths.h"
 #include <vemo/scenegraph/CollectionNode.h>
 #include <vemo/scenegraph/Owned.h>
 #include <vemo/scenegraph/Traversal.h>
+#include <vemo/scenegraph/attributes/AttributesCollection.h>
 #include <vemo/scenegraph/inspect/Compare.h>
 
-#include <vtkCellArray.h>
-#include <vtkDataArray.h>
-
-#include <cstring>
-#include <fmt/format.h>
-#include <string_view>
+#include <algorithm>
 #include <unordered_map>
 #include <utility>
 
@@ -19,223 +15,218 @@ namespace lum {
 
 namespace {
 
-/// What a field or a part of it is, on either side: "1 against 2"; empty when
-/// they are equal.
-template <class T>
-std::string differ(const T& left, const T& right) {
-  return left == right ? std::string() : fmt::format("{} against {}", left, right);
-}
-
-std::string differBits(const void* left, const void* right, std::size_t size) {
-  return size == 0 || std::memcmp(left, right, size) == 0 ? "" : "the values differ";
-}
-
-std::string_view textOf(const char* text) {
-  return text != nullptr ? text : "(none)";
-}
-
-std::string differArrays(vtkDataArray* left, vtkDataArray* right) {
-  if (left == right) {
-    return {};
-  }
-  if (left == nullptr || right == nullptr) {
-    return "only one has an array";
-  }
-  const auto type = arrayTypeOf(*left);
-  if (!type || type != arrayTypeOf(*right)) {
-    return fmt::format("{} against {}", left->GetDataTypeAsString(), right->GetDataTypeAsString());
-  }
-  for (const std::string& difference : {differ(textOf(left->GetName()), textOf(right->GetName())),
-                                        differ(left->GetNumberOfComponents(), right->GetNumberOfComponents()),
-                                        differ(left->GetNumberOfTuples(), right->GetNumberOfTuples())}) {
-    if (!difference.empty()) {
-      return difference;
-    }
-  }
-  return differBits(left->GetVoidPointer(0), right->GetVoidPointer(0),
-                    static_cast<std::size_t>(left->GetNumberOfValues()) * arrayTypeSize(*type));
-}
-
-/// Compares two fields of one kind: see Field.h.
-struct FieldComparison {
-  const FieldValue& other;
-
-  template <class T>
-  const T& right(const T& /*left*/) const {
-    return std::get<T>(other);
-  }
-
-  template <class T>
-  requires std::is_arithmetic_v<T> std::string operator()(T* left) const {
-    return sameBits(*left, *right(left)) ? "" : fmt::format("{} against {}", *left, *right(left));
-  }
-  std::string operator()(const EnumerationField& left) const {
-    return differ(*left.value, *right(left).value);
-  }
-  std::string operator()(std::string* left) const { return differ(*left, *right(left)); }
-  template <std::size_t N>
-  std::string operator()(Vector<N, double>* left) const {
-    return differBits(left->data(), right(left)->data(), sizeof(double) * N);
-  }
-  std::string operator()(std::vector<double>* left) const {
-    const std::string sizes = differ(left->size(), right(left)->size());
-    return sizes.empty() ? differBits(left->data(), right(left)->data(), sizeof(double) * left->size())
-                         : sizes;
-  }
-  template <class T>
-  std::string operator()(std::optional<T>* left) const {
-    std::optional<T>* const second = right(left);
-    if (!*left || !*second) {
-      return left->has_value() == second->has_value() ? "" : "only one is set";
-    }
-    return FieldComparison{FieldValue(&**second)}(&**left);
-  }
-  std::string operator()(std::map<std::string, Vector<3, double>>* left) const {
-    auto second = right(left)->begin();
-    if (left->size() != right(left)->size()) {
-      return differ(left->size(), right(left)->size());
-    }
-    for (auto& [key, vector] : *left) {
-      std::string difference = differ(key, second->first);
-      difference += differBits(vector.data(), second->second.data(), sizeof(double) * 3);
-      if (!difference.empty()) {
-        return fmt::format("{}: {}", key, difference);
-      }
-      ++second;
-    }
-    return {};
-  }
-  std::string operator()(vtkSmartPointer<vtkDataArray>* left) const {
-    return differArrays(*left, *right(left));
-  }
-  std::string operator()(vtkSmartPointer<vtkCellArray>* left) const {
-    vtkCellArray* first = *left;
-    vtkCellArray* second = *right(left);
-    if (first == nullptr || second == nullptr) {
-      return first == second ? "" : "only one has cells";
-    }
-    const std::string offsets = differArrays(first->GetOffsetsArray(), second->GetOffsetsArray());
-    return offsets.empty() ? differArrays(first->GetConnectivityArray(), second->GetConnectivityArray())
-                           : "offsets: " + offsets;
-  }
-  std::string operator()(ArrayTable* left) const {
-    const ArrayTable& second = *right(left);
-    if (left->size() != second.size()) {
-      return differ(left->size(), second.size());
-    }
-    for (std::size_t i = 0; i < second.size(); ++i) {
-      const std::string difference = differArrays((*left)[i], second[i]);
-      if (!difference.empty()) {
-        return fmt::format("array \"{}\": {}", textOf((*left)[i]->GetName()), difference);
-      }
-    }
-    return {};
-  }
-  std::string operator()(OwnedSlot* left) const {
-    return (left->getNode() == nullptr) == (right(left)->getNode() == nullptr) ? "" : "only one has a node";
-  }
-  std::string operator()(CollectionNode* left) const {
-    const std::string counts = differ(left->getNodeCount(), right(left)->getNodeCount());
-    return counts.empty() ? "" : counts + " nodes";
-  }
-  // What they refer to is compared by its position, once all positions are known.
-  std::string operator()(ReferenceSlot* left) const {
-    return (left->getNode() == nullptr) == (right(left)->getNode() == nullptr) ? ""
-                                                                               : "only one refers to a node";
-  }
-};
-
 /// Goes through two graphs in step.
 class GraphComparison {
  public:
-  std::string run(Node& left, Node& right) {
-    _waiting.emplace_back(&left, &right);
-    while (!_waiting.empty()) {
-      const auto [first, second] = _waiting.back();
+  // Nodes list their fields for those who change them, which nothing here does.
+  GraphComparison(const Node& left, const Node& right, const ComparisonRules& rules,
+                  const DifferenceSink& sink)
+      : _left(const_cast<Node&>(left)),
+        _right(const_cast<Node&>(right)),
+        _rules(rules),
+        _sink(sink),
+        _leftPaths(left),
+        _rightPaths(right),
+        _fields(rules, [this](const std::string& what, ComparedValue first, ComparedValue second,
+                              std::optional<Difference::Extent> extent) {
+          report({_leftPaths.getPath(*_current).value(), what, std::move(first), std::move(second), extent});
+        }) {}
+
+  ComparisonCounts run() {
+    findTargets();
+    pair(_left, _right);
+    while (!_waiting.empty() && !_isStopped) {
+      const auto [left, right] = _waiting.back();
       _waiting.pop_back();
-      const std::string difference = compare(*first, *second);
-      if (!difference.empty()) {
-        return describeNode(*first) + ": " + difference;
-      }
+      compare(*left, *right);
     }
-    return _references.empty() ? "" : compareReferences(left, right);
+    compareReferences();
+    return {_nodeCount, _fields.getArrayCount()};
   }
 
  private:
+  struct NodePair {
+    Node* left;
+    Node* right;
+  };
   struct ReferencePair {
     const Node* owner;
+    const char* field;
     const Node* left;
     const Node* right;
   };
 
-  std::string compare(Node& left, Node& right) {
+  /// The nodes on the left whose counterparts are needed in the end.
+  void findTargets() {
+    forEachNode(_left, [this](Node& node) {
+      for (const Field& field : node.getFields()) {
+        if (const Node* target = targetOf(field)) {
+          _counterparts.emplace(target, nullptr);
+        }
+      }
+    });
+  }
+
+  static const Node* targetOf(const Field& field) {
+    const auto* const slot = std::get_if<ReferenceSlot*>(&field.value);
+    return slot != nullptr ? (*slot)->getNode() : nullptr;
+  }
+
+  void pair(Node& left, Node& right) {
+    _waiting.push_back({&left, &right});
+    const auto target = _counterparts.find(&left);
+    if (target != _counterparts.end()) {
+      target->second = &right;
+    }
+  }
+
+  void compare(Node& left, Node& right) {
+    _current = &left;
+    ++_nodeCount;
     if (left.className() != right.className()) {
-      return differ(left.className(), right.className());
+      report("class", left.className(), right.className());
+      return;
     }
     if (left.getName() != right.getName()) {
-      return "name: " + differ(left.getName(), right.getName());
+      report("name", left.getName(), right.getName());
     }
     if (left.getQualifiedName() != right.getQualifiedName()) {
-      return "qualified name: " +
-             differ(left.getQualifiedName().value_or("(none)"), right.getQualifiedName().value_or("(none)"));
+      report("qualifiedName", toComparedValue(left.getQualifiedName()),
+             toComparedValue(right.getQualifiedName()));
     }
+    const std::size_t firstNew = _waiting.size();
     const FieldList leftFields = left.getFields();
     const FieldList rightFields = right.getFields();
     for (std::size_t i = 0; i < leftFields.size(); ++i) {
-      const std::string difference = std::visit(FieldComparison{rightFields[i].value}, leftFields[i].value);
-      if (!difference.empty()) {
-        return fmt::format("{}: {}", leftFields[i].name, difference);
-      }
-      gatherReference(left, leftFields[i].value, rightFields[i].value);
+      _fields.compare(leftFields[i], rightFields[i]);
+      compareLinks(leftFields[i], rightFields[i]);
     }
-    const std::vector<Node*> first = left.getDependents();
-    const std::vector<Node*> second = right.getDependents();
-    for (std::size_t i = first.size(); i > 0; --i) {
-      _waiting.emplace_back(first[i - 1], second[i - 1]);
-    }
-    return {};
+    // The last is the next.
+    std::reverse(_waiting.begin() + static_cast<std::ptrdiff_t>(firstNew), _waiting.end());
   }
 
-  void gatherReference(const Node& owner, const FieldValue& left, const FieldValue& right) {
-    if (const auto* slot = std::get_if<ReferenceSlot*>(&left);
-        slot != nullptr && (*slot)->getNode() != nullptr) {
-      _references.push_back({&owner, (*slot)->getNode(), std::get<ReferenceSlot*>(right)->getNode()});
-    }
-  }
-
-  /// A node outside of the graph is the same only as itself.
-  std::string compareReferences(Node& left, Node& right) const {
-    const auto leftPositions = positionsIn(left);
-    const auto rightPositions = positionsIn(right);
-    for (const ReferencePair& pair : _references) {
-      const auto first = leftPositions.find(pair.left);
-      const auto second = rightPositions.find(pair.right);
-      const bool isOutside = first == leftPositions.end() && second == rightPositions.end();
-      if (isOutside ? pair.left != pair.right
-                    : first == leftPositions.end() || second == rightPositions.end() ||
-                          first->second != second->second) {
-        return fmt::format("{}: refers to {} against {}", describeNode(*pair.owner), describeNode(*pair.left),
-                           describeNode(*pair.right));
+  void compareLinks(const Field& left, const Field& right) {
+    if (const auto* slot = std::get_if<OwnedSlot*>(&left.value)) {
+      compareOwned((*slot)->getNode(), std::get<OwnedSlot*>(right.value)->getNode());
+    } else if (const auto* collection = std::get_if<CollectionNode*>(&left.value)) {
+      compareCollections(**collection, *std::get<CollectionNode*>(right.value));
+    } else if (const auto* reference = std::get_if<ReferenceSlot*>(&left.value)) {
+      const Node* const first = (*reference)->getNode();
+      const Node* const second = std::get<ReferenceSlot*>(right.value)->getNode();
+      if (first != nullptr || second != nullptr) {
+        _references.push_back({_current, left.name, first, second});
       }
     }
-    return {};
   }
 
-  static std::unordered_map<const Node*, std::size_t> positionsIn(Node& root) {
-    std::unordered_map<const Node*, std::size_t> positions;
-    forEachNode(root, [&](Node& node) { positions.emplace(&node, positions.size()); });
-    return positions;
+  void compareOwned(Node* left, Node* right) {
+    if (left != nullptr && right != nullptr) {
+      pair(*left, *right);
+    } else if (left != nullptr) {
+      reportOnlyLeft(*left);
+    } else if (right != nullptr) {
+      reportOnlyRight(*right);
+    }
   }
 
-  std::vector<std::pair<Node*, Node*>> _waiting;
+  void compareCollections(CollectionNode& left, CollectionNode& right) {
+    const Matching matching(keysOf(left), keysOf(right));
+    const std::vector<std::size_t>& counterparts = matching.getCounterparts();
+    for (std::size_t i = 0; i < counterparts.size(); ++i) {
+      if (counterparts[i] != Matching::NONE) {
+        pair(left.getNode(i), right.getNode(counterparts[i]));
+      } else {
+        reportOnlyLeft(left.getNode(i));
+      }
+    }
+    for (const std::size_t i : matching.getOnlyRight()) {
+      reportOnlyRight(right.getNode(i));
+    }
+    if (!_rules.isBitwise && dynamic_cast<const AttributesCollection*>(&left) != nullptr) {
+      return;
+    }
+    for (const std::size_t i : matching.findMoved()) {
+      report({_leftPaths.getPath(left.getNode(i)).value(),
+              "position",
+              static_cast<std::int64_t>(i),
+              static_cast<std::int64_t>(counterparts[i]),
+              {}});
+    }
+  }
+
+  static std::vector<Matching::Key> keysOf(const CollectionNode& collection) {
+    std::vector<Matching::Key> keys;
+    keys.reserve(collection.getNodeCount());
+    for (std::size_t i = 0; i < collection.getNodeCount(); ++i) {
+      const Node& node = collection.getNode(i);
+      keys.emplace_back(node.className(), node.getName());
+    }
+    return keys;
+  }
+
+  /// A node outside both graphs is the same only as itself.
+  void compareReferences() {
+    for (const ReferencePair& each : _references) {
+      const auto place = _counterparts.find(each.left);
+      const Node* const counterpart = place != _counterparts.end() ? place->second : nullptr;
+      if (counterpart == nullptr ? each.left != each.right : counterpart != each.right) {
+        _current = each.owner;
+        report(each.field, describeTarget(_leftPaths, each.left), describeTarget(_rightPaths, each.right));
+      }
+    }
+  }
+
+  static ComparedValue describeTarget(NodePaths& paths, const Node* target) {
+    return target != nullptr ? ComparedValue("-> " + paths.getPath(*target).value_or("another graph"))
+                             : ComparedValue();
+  }
+
+  static ComparedValue toComparedValue(const std::optional<std::string>& text) {
+    return text ? ComparedValue(*text) : ComparedValue();
+  }
+
+  void reportOnlyLeft(const Node& node) {
+    report({_leftPaths.getPath(node).value(), "node", node.className(), {}, {}});
+  }
+  void reportOnlyRight(const Node& node) {
+    report({_rightPaths.getPath(node).value(), "node", {}, node.className(), {}});
+  }
+  /// Of the current node.
+  void report(const char* what, ComparedValue left, ComparedValue right) {
+    report({_leftPaths.getPath(*_current).value(), what, std::move(left), std::move(right), {}});
+  }
+  void report(const Difference& difference) { _isStopped = _isStopped || !_sink(difference); }
+
+  Node& _left;
+  Node& _right;
+  ComparisonRules _rules;
+  const DifferenceSink& _sink;
+  NodePaths _leftPaths;
+  NodePaths _rightPaths;
+  FieldComparison _fields;
+  std::vector<NodePair> _waiting;
   std::vector<ReferencePair> _references;
+  // Of nodes on the left that are referred to: with whom they were compared.
+  std::unordered_map<const Node*, const Node*> _counterparts;
+  const Node* _current = nullptr;
+  std::size_t _nodeCount = 0;
+  bool _isStopped = false;
 };
 
 }  // namespace
 
+ComparisonCounts compareGraphs(const Node& left, const Node& right, const ComparisonRules& rules,
+                               const DifferenceSink& sink) {
+  return GraphComparison(left, right, rules, sink).run();
+}
+
 std::string firstDifference(const Node& left, const Node& right) {
-  // Nodes list their fields for those who change them, which nothing here does.
-  return GraphComparison().run(const_cast<Node&>(left), const_cast<Node&>(right));
+  std::string text;
+  compareGraphs(left, right, {.isBitwise = true}, [&text](const Difference& difference) {
+    text = describeDifference(difference);
+    return false;
+  });
+  return text;
 }
 
 }  // namespace lum

@@ -31,25 +31,46 @@ std::string escapeName(const std::string& name) {
 
 }  // namespace
 
-void NodePaths::print(JsonWriter& json, const Node& node) {
+/// The nodes from below the root down to this one.
+std::optional<std::vector<const Node*>> NodePaths::getSteps(const Node& node) const {
   std::vector<const Node*> steps;
-  const Node* next = &node;
-  for (; next != &_root && next != nullptr; next = next->getOwner()) {
+  for (const Node* next = &node; next != &_root; next = next->getOwner()) {
+    if (next == nullptr) {
+      return std::nullopt;
+    }
     steps.push_back(next);
   }
-  if (next == nullptr) {
+  std::ranges::reverse(steps);
+  return steps;
+}
+
+void NodePaths::print(JsonWriter& json, const Node& node) {
+  const auto steps = getSteps(node);
+  if (!steps) {
     json.null();
     return;
   }
-  std::ranges::reverse(steps);
   json.beginText();
   std::string_view separator;
-  for (const Node* step : steps) {
+  for (const Node* step : *steps) {
     json.appendText(separator);
     json.appendText(getStep(*step));
     separator = "/";
   }
   json.endText();
+}
+
+std::optional<std::string> NodePaths::getPath(const Node& node) {
+  const auto steps = getSteps(node);
+  if (!steps) {
+    return std::nullopt;
+  }
+  std::string path;
+  for (const Node* step : *steps) {
+    path += path.empty() ? "" : "/";
+    path += getStep(*step);
+  }
+  return path;
 }
 
 std::string NodePaths::getStep(const Node& node) {

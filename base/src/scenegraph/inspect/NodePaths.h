@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
+#include <vector>
 
 namespace lum {
 
@@ -11,7 +13,7 @@ class JsonWriter;
 class Node;
 
 /// The paths of nodes below a root, in the form that JsonPrinter.h
-/// describes. The graph does not change meanwhile.
+/// describes. The graph must not change meanwhile.
 class NodePaths {
  public:
   explicit NodePaths(const Node& root) : _root(root) {}
@@ -19,7 +21,11 @@ class NodePaths {
   /// Writes the path as a text, or null for a node that the root does not own.
   void print(JsonWriter& json, const Node& node);
 
+  /// Nothing for a node that the root does not own.
+  std::optional<std::string> getPath(const Node& node);
+
  private:
+  std::optional<std::vector<const Node*>> getSteps(const Node& node) const;
   std::string getStep(const Node& node);
   void numberDependents(const Node& owner);
 

@@ -12,6 +12,7 @@
 
 namespace lum {
 
+class ArrayPool;
 class Node;
 
 /// Reads a scene-graph database. All failures are io::FileError, with a status
@@ -47,8 +48,9 @@ class VEMO_SCENEGRAPH_EXPORT SDBReader {
   std::vector<Array> getArrays() const;
 
   /// Decodes a record's node with all that it owns, arrays included, in the
-  /// given session or in none. The caller owns it.
-  Ptr<Node> readNode(std::size_t record, int sessionId = NO_SESSION);
+  /// given session or in none. The caller owns it. Arrays are shared with the
+  /// pool, if there is one.
+  Ptr<Node> readNode(std::size_t record, int sessionId = NO_SESSION, ArrayPool* pool = nullptr);
 
   /// Reads one array and checks it against its hash; throws like readNode.
   void checkArray(std::size_t array);

@@ -45,6 +45,23 @@ void requireBytes(const InputSource& source, const ChunkRow& row) {
   }
 }
 
+/// Calls visit with one block after the other as long as it returns true.
+/// Returns whether it always did.
+template <class Visit>
+bool readBlocks(InputSource& source, const ChunkRow& row, Visit&& visit) {
+  requireBytes(source, row);
+  std::string buffer(std::min(BLOCK_SIZE, row.bytes()), '\0');
+  for (std::uint64_t done = 0; done < row.bytes();) {
+    const std::size_t size = std::min<std::uint64_t>(buffer.size(), row.bytes() - done);
+    source.read(buffer.data(), size);
+    if (!visit(std::string_view(buffer.data(), size))) {
+      return false;
+    }
+    done += size;
+  }
+  return true;
+}
+
 }  // namespace
 
 std::uint64_t hashOf(std::string_view bytes) {
@@ -76,16 +93,21 @@ vtkSmartPointer<vtkDataArray> readArray(InputSource& source, const ChunkRow& row
 }
 
 void checkArray(InputSource& source, const ChunkRow& row) {
-  requireBytes(source, row);
-  std::string block(std::min(BLOCK_SIZE, row.bytes()), '\0');
   Hash hash;
-  for (std::uint64_t done = 0; done < row.bytes();) {
-    const std::size_t size = std::min<std::uint64_t>(block.size(), row.bytes() - done);
-    source.read(block.data(), size);
-    hash.add(block.data(), size);
-    done += size;
-  }
+  readBlocks(source, row, [&](std::string_view block) {
+    hash.add(block.data(), block.size());
+    return true;
+  });
   hash.check(row);
+}
+
+bool isSameArray(InputSource& source, const ChunkRow& row, vtkDataArray& array) {
+  std::string_view expected = bytesOf(array);
+  return readBlocks(source, row, [&](std::string_view block) {
+    const bool isSame = expected.starts_with(block);
+    expected.remove_prefix(block.size());
+    return isSame;
+  });
 }
 
 }  // namespace lum::io

@@ -27,4 +27,7 @@ vtkSmartPointer<vtkDataArray> readArray(InputSource& source, const ChunkRow& row
 /// Reads them and checks their hash only.
 void checkArray(InputSource& source, const ChunkRow& row);
 
+/// Reads them and compares them with those of an array of the same size.
+bool isSameArray(InputSource& source, const ChunkRow& row, vtkDataArray& array);
+
 }  // namespace lum::io

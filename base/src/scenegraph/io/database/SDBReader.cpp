@@ -3,6 +3,7 @@
 #include "scenegraph/io/codec/GraphDecoder.h"
 #include "scenegraph/io/database/DatabaseFormat.h"
 #include <vemo/base/WidePath.h>
+#include <vemo/scenegraph/io/ArrayPool.h>
 #include <vemo/scenegraph/io/FileError.h>
 #include <vemo/scenegraph/io/SDBReader.h>
 
@@ -53,12 +54,12 @@ class SDBReader::Database {
 
   const io::DatabaseIndex& getIndex() const { return _index; }
 
-  Ptr<Node> readNode(std::size_t record, int sessionId) {
+  Ptr<Node> readNode(std::size_t record, int sessionId, ArrayPool* pool) {
     io::ArrayBinder binder;
     io::GraphDecoder decoder(_index.getTables(), binder, sessionId);
     const Ptr<Node> root = decoder.decode(_index.getRecords()[record].graph);
     for (const std::size_t chunk : binder.getExpected()) {
-      const std::string fault = binder.provide(chunk, *readChunk(chunk));
+      const std::string fault = binder.provide(chunk, *readChunk(chunk, pool));
       if (!fault.empty()) {
         throw io::FileError(io::FileIoStatus::ReadError, fault);
       }
@@ -71,14 +72,29 @@ class SDBReader::Database {
   }
 
  private:
-  vtkSmartPointer<vtkDataArray> readChunk(std::size_t chunk) {
-    vtkSmartPointer<vtkDataArray> array;
-    atChunk(chunk, [&](const io::ChunkRow& row) { array = io::readArray(_source, row); });
+  vtkSmartPointer<vtkDataArray> readChunk(std::size_t chunk, ArrayPool* pool) {
     const io::ChunkRow& row = _index.getTables().getChunks()[chunk];
-    if (row.name != 0) {
-      array->SetName(_index.getTables().getName(row).c_str());
+    const std::string text = _index.getTables().getName(row);
+    const char* const name = row.name != 0 ? text.c_str() : nullptr;
+    vtkSmartPointer<vtkDataArray> array = pool != nullptr ? pool->find(row, name) : nullptr;
+    if (array != nullptr && hasBytesOf(chunk, *array)) {
+      return array;
+    }
+    atChunk(chunk, [&](const io::ChunkRow& /*row*/) { array = io::readArray(_source, row); });
+    if (name != nullptr) {
+      array->SetName(name);
+    }
+    if (pool != nullptr) {
+      pool->add(*array, row);
     }
     return array;
+  }
+
+  /// Arrays with the same hash may differ.
+  bool hasBytesOf(std::size_t chunk, vtkDataArray& array) {
+    bool isSame = false;
+    atChunk(chunk, [&](const io::ChunkRow& row) { isSame = io::isSameArray(_source, row, array); });
+    return isSame;
   }
 
   /// Does something where the chunk begins; errors say which one it was.
@@ -115,10 +131,10 @@ std::vector<SDBReader::Array> SDBReader::getArrays() const {
   return arrays;
 }
 
-Ptr<Node> SDBReader::readNode(std::size_t record, int sessionId) {
+Ptr<Node> SDBReader::readNode(std::size_t record, int sessionId, ArrayPool* pool) {
   VEMO_REQUIRE(record < _records.size(), "There is no record " + std::to_string(record));
   return at([&] { return fmt::format("{}: Record {}", _path, record); },
-            [&] { return _database->readNode(record, sessionId); });
+            [&] { return _database->readNode(record, sessionId, pool); });
 }
 
 void SDBReader::checkArray(std::size_t array) {

@@ -9,6 +9,10 @@ namespace vemo {
 SceneConverter::SceneConverter(const std::wstring& inputPath, const std::wstring& outputPath)
     : _inputPath(inputPath), _outputPath(outputPath) {}
 
+void SceneConverter::setObserver(Observer observer) {
+  _observer = std::move(observer);
+}
+
 void SceneConverter::run() const {
   VEMO_LOG_INFO("Reading a file\n\t" << _inputPath << ", converting it, and writing to\n\t" << _outputPath);
   SceneImport import(_inputPath);
@@ -20,6 +24,9 @@ void SceneConverter::run() const {
     VEMO_LOG_ERROR("Can't open file for writing");
     import.leaveSessionOpen();
     return;
+  }
+  if (_observer) {
+    _observer(sceneNode);
   }
   import.close();
   VEMO_LOG_INFO("done");

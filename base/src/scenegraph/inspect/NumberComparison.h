@@ -1,0 +1,61 @@
+#pragma once
+
+#include <vemo/base/SameBits.h>
+#include <vemo/scenegraph/inspect/Compare.h>
+
+#include <algorithm>
+#include <cmath>
+#include <concepts>
+#include <limits>
+#include <optional>
+#include <span>
+
+namespace lum {
+
+/// The tolerance at which two numbers would be equal; infinite if none is enough.
+inline double deviationOf(double left, double right) {
+  if (left == right || (std::isnan(left) && std::isnan(right))) {
+    return 0.0;
+  }
+  if (!std::isfinite(left) || !std::isfinite(right)) {
+    return std::numeric_limits<double>::infinity();
+  }
+  return std::abs(left - right) / std::max({1.0, std::abs(left), std::abs(right)});
+}
+
+template <class T>
+bool areEqual(T left, T right, const ComparisonRules& rules) {
+  if constexpr (std::floating_point<T>) {
+    return rules.isBitwise ? vemo::sameBits(left, right) : deviationOf(left, right) <= rules.tolerance;
+  } else {
+    return left == right;
+  }
+}
+
+/// How far two lists of numbers of the same length differ; nothing when they are
+/// equal.
+template <class T>
+std::optional<Difference::Extent> findExtent(std::span<const T> left, std::span<const T> right,
+                                             const ComparisonRules& rules) {
+  Difference::Extent extent;
+  double most = -1.0;
+  for (std::size_t i = 0; i < left.size(); ++i) {
+    if (areEqual(left[i], right[i], rules)) {
+      continue;
+    }
+    ++extent.count;
+    const double deviation = deviationOf(static_cast<double>(left[i]), static_cast<double>(right[i]));
+    if (deviation > most) {
+      most = deviation;
+      extent.index = static_cast<std::int64_t>(i);
+    }
+  }
+  if (extent.count == 0) {
+    return std::nullopt;
+  }
+  extent.total = static_cast<std::int64_t>(left.size());
+  extent.deviation = most;
+  return extent;
+}
+
+}  // namespace lum
