@@ -129,10 +129,9 @@ TEST(SceneResolver, GivesViewAndLightOfCanvasesFromBackToFront) {
   EXPECT_EQ(model.camera.viewpoint->position, (Point{0, 0, 5}));
   EXPECT_TRUE(model.camera.isParallel);
   EXPECT_EQ(model.camera.parallelScale, 1.0);
-  ASSERT_EQ(model.lights.lights.size(), 1U);
-  EXPECT_EQ(model.lights.lights[0].azimuth, 30);
-  EXPECT_EQ(model.lights.lights[0].elevation, 60);
-  EXPECT_EQ(model.lights.headlight, (Point{0.5, 0, 0}));
+  ASSERT_EQ(model.lights.size(), 1U);
+  EXPECT_EQ(model.lights[0].azimuth, 30);
+  EXPECT_EQ(model.lights[0].elevation, 60);
   ASSERT_EQ(model.clipPlanes.size(), 1U);
   EXPECT_EQ(model.clipPlanes[0].normal, (Point{0, 0, -1}));
   EXPECT_EQ(model.clipPlanes[0].origin, (Point{1, 2, 3}));
@@ -140,7 +139,7 @@ TEST(SceneResolver, GivesViewAndLightOfCanvasesFromBackToFront) {
   EXPECT_EQ(resolved.canvases[1].lowerLeft, (Vector<2, double>{0.25, 0}));
   EXPECT_EQ(resolved.canvases[1].upperRight, (Vector<2, double>{0.75, 1}));
   EXPECT_FALSE(resolved.canvases[1].camera.viewpoint);
-  EXPECT_EQ(resolved.canvases[1].lights.headlight, (Point{1, 1, 1}));
+  EXPECT_TRUE(resolved.canvases[1].lights.empty());
 }
 
 TEST(SceneResolver, GivesDecorationsAsPlainData) {
