@@ -7,9 +7,9 @@ using Settings = GeometrySettings;
 
 const KeyTable<Settings> Settings::KEYS({
     key::always<&Settings::lineColor>("lineColor",
-                                      "of lines, and of the edges and the contour of surfaces; alpha is the "
-                                      "opacity of lines, not of a contour, which is opaque"),
-    key::always<&Settings::faceColor>("faceColor", "of faces; alpha is the opacity of the surface"),
+                                      "of lines, and of the edges and the contour of surfaces; alpha is "
+                                      "their opacity, whatever that of the faces"),
+    key::always<&Settings::faceColor>("faceColor", "of faces; alpha is their opacity"),
     key::always<&Settings::lineWidth>("lineWidth", "in pixels"),
     key::always<&Settings::showEdges>("showEdges", "draws the edges of a surface's cells"),
     key::always<&Settings::showFaces>("showFaces", "draws the faces of a surface"),

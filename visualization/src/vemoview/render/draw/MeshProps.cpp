@@ -147,10 +147,15 @@ vtkSmartPointer<vtkPolyDataMapper> makeMapper(const RenderMesh& mesh, vtkPlaneCo
   return mapper;
 }
 
+/// Whether VTK draws the edges with the faces, which it does for opaque ones alone.
+bool hasEdgesOfFaces(const Appearance& appearance) {
+  return appearance.hasEdges && appearance.hasFaces && appearance.edgeOpacity == 1.0;
+}
+
 vtkSmartPointer<vtkActor> makeActor(const RenderMesh& mesh, const InstanceTransform* transform) {
   auto actor = vtkSmartPointer<MeshActor>::New();
   actor->setNearer(mesh.isOnFaces);
-  if (mesh.appearance.hasContour) {
+  if (mesh.appearance.hasContour || (mesh.appearance.hasEdges && !hasEdgesOfFaces(mesh.appearance))) {
     actor->setWidthOfLinesOnFaces(mesh.appearance.lineWidth);
   }
   if (transform != nullptr) {
@@ -207,13 +212,20 @@ RenderMesh part(const RenderMesh& mesh, CellKinds kinds) {
   return result;
 }
 
+/// Lines in the edges' colour.
+void becomeEdges(RenderMesh& mesh) {
+  mesh.scalars.reset();
+  mesh.color = mesh.appearance.edgeColor;
+  mesh.appearance.opacity = mesh.appearance.edgeOpacity;
+}
+
 void addEdges(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
   RenderMesh edges = part(mesh, CellKind::POLYS | CellKind::STRIPS);
   if (edges.geometry->GetNumberOfCells() == 0) {
     return;
   }
-  edges.scalars.reset();
-  edges.color = edges.appearance.edgeColor;
+  becomeEdges(edges);
+  edges.isOnFaces = mesh.appearance.hasFaces;
   vtkProperty& property = addActors(edges, planes, group);
   property.SetRepresentationToWireframe();
   property.LightingOff();
@@ -250,39 +262,44 @@ void addContour(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& g
   if (contour.geometry->GetNumberOfCells() == 0) {
     return;
   }
+  becomeEdges(contour);
   contour.isOnFaces = true;
-  contour.scalars.reset();
-  contour.color = contour.appearance.edgeColor;
-  // It shows the shape of a body that is almost transparent.
-  contour.appearance.opacity = 1.0;
   addActors(contour, planes, group).LightingOff();
 }
 
+/// Lines and vertices of a surface are not faces: they stay.
 void addWithoutFaces(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
-  if (mesh.appearance.hasEdges) {
+  const RenderMesh rest = part(mesh, CellKind::VERTS | CellKind::LINES);
+  if (rest.appearance.opacity > 0.0 && rest.geometry->GetNumberOfCells() > 0) {
+    addActors(rest, planes, group);
+  }
+}
+
+void addSurface(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
+  const Appearance& appearance = mesh.appearance;
+  if (!appearance.hasFaces) {
+    addWithoutFaces(mesh, planes, group);
+  } else {
+    vtkProperty& property = addActors(mesh, planes, group);
+    property.SetEdgeVisibility(hasEdgesOfFaces(appearance));
+    property.SetEdgeColor(appearance.edgeColor[0], appearance.edgeColor[1], appearance.edgeColor[2]);
+  }
+  if (appearance.hasEdges && !hasEdgesOfFaces(appearance)) {
     addEdges(mesh, planes, group);
   }
-  // Lines and vertices of a surface are not faces: they stay.
-  const RenderMesh rest = part(mesh, CellKind::VERTS | CellKind::LINES);
-  if (rest.geometry->GetNumberOfCells() > 0) {
-    addActors(rest, planes, group);
+  // Last: at the same depth it covers the rest.
+  if (appearance.hasContour) {
+    addContour(mesh, planes, group);
   }
 }
 
 }  // namespace
 
 void addProps(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
-  const Appearance& appearance = mesh.appearance;
-  if (appearance.kind != Appearance::Kind::SURFACE || appearance.hasFaces) {
-    vtkProperty& property = addActors(mesh, planes, group);
-    property.SetEdgeVisibility(appearance.kind == Appearance::Kind::SURFACE && appearance.hasEdges);
-    property.SetEdgeColor(appearance.edgeColor[0], appearance.edgeColor[1], appearance.edgeColor[2]);
+  if (mesh.appearance.kind == Appearance::Kind::SURFACE) {
+    addSurface(mesh, planes, group);
   } else {
-    addWithoutFaces(mesh, planes, group);
-  }
-  // Last: at the same depth it covers the rest.
-  if (appearance.hasContour) {
-    addContour(mesh, planes, group);
+    addActors(mesh, planes, group);
   }
 }
 

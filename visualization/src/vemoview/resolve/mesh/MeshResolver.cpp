@@ -31,6 +31,10 @@ namespace vemo {
 
 namespace {
 
+bool isVisible(const Appearance& appearance) {
+  return appearance.opacity > 0.0 || appearance.hasEdges || appearance.hasContour;
+}
+
 /// The poly data of one node with no arrays but those that are drawn.
 class MeshBuilder {
  public:
@@ -47,7 +51,7 @@ class MeshBuilder {
 
   /// Nothing when there is nothing to be seen.
   std::optional<MeshInstance> build() {
-    if (_mesh.appearance.opacity <= 0.0 || !putCells()) {
+    if (!isVisible(_mesh.appearance) || !putCells()) {
       return std::nullopt;
     }
     if (_mesh.appearance.kind == Appearance::Kind::SURFACE) {
