@@ -94,6 +94,7 @@ class VEMO_IMPORT_EXPORT Scene : public AssemblyItem {
   std::vector<std::unique_ptr<ClippingPlane>> _clippingPlanes;
   std::vector<std::unique_ptr<Light>> _lights;
   View _view;
+  bool _hasView = false;
   ArrayOwner<unsigned char> _lumSceneFile;
   std::list<Array_t<unsigned char>> _lumDataFiles;
 };
