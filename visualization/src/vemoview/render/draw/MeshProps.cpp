@@ -82,9 +82,10 @@ vtkSmartPointer<vtkPolyDataMapper> makeMapper(const RenderMesh& mesh, vtkPlaneCo
   return mapper;
 }
 
-/// Whether VTK draws the edges with the faces, which it does for opaque ones alone.
+/// Whether VTK draws the edges with the faces. They have the faces' opacity then.
 bool hasEdgesOfFaces(const Appearance& appearance) {
-  return appearance.hasEdges && appearance.hasFaces && appearance.edgeOpacity == 1.0;
+  return appearance.hasEdges && appearance.hasFaces && appearance.opacity == 1.0 &&
+         appearance.edgeOpacity == 1.0;
 }
 
 vtkSmartPointer<vtkActor> makeActor(const RenderMesh& mesh, const InstanceTransform* transform) {
