@@ -15,8 +15,8 @@
   KIND(CLASS_UNKNOWN, LOST, "A database has nodes of a class that this version does not know; they are left out.") \
   KIND(COLORMAP_ADJUSTED, CHANGED, "A colormap cannot be used as it is: its range, scale or colours are replaced.") \
   KIND(COLORMAP_UNKNOWN, CHANGED, "A legend names a colormap that its assembly does not have; the active one is shown.") \
-  KIND(DECORATIONS_LIMITED, LOST, "Of very many triads, legends, texts and images only the first are drawn.") \
   KIND(DECORATION_NOT_DRAWN, LOST, "A legend, text, image or triad has no usable position or size and is not drawn.") \
+  KIND(DECORATIONS_LIMITED, LOST, "Of very many triads, legends, texts and images only the first are drawn.") \
   KIND(ELEMENT_UNKNOWN, LOST, "An element that its parent element cannot hold is ignored, with all that it holds.") \
   KIND(ELEMENT_WITHOUT_EFFECT, LOST, "An element of the format that does nothing in this place.") \
   KIND(ENTRY_UNUSED, LOST, "An entry of the archive that the scene does not refer to.") \
@@ -32,9 +32,9 @@
   KIND(NOT_COLORED_BY_ARRAY, CHANGED, "A geometry is drawn without the colours of its data array, which does not fit it.") \
   KIND(PAYLOAD_DAMAGED, LOST, "Data of the scene graph that an archive carries cannot be read.") \
   KIND(PLANES_LIMITED, CHANGED, "Of many clipping planes only the first cut.") \
+  KIND(POINT_SCALE_ADJUSTED, CHANGED, "Points are scaled over another range than the one stated, which their scale cannot have.") \
   KIND(POINTS_NOT_SCALED, CHANGED, "Points are drawn in one size: there is nothing that scales them.") \
   KIND(POINTS_WITHOUT_POSITION, CHANGED, "A geometry has no points with finite coordinates.") \
-  KIND(POINT_SCALE_ADJUSTED, CHANGED, "Points are scaled over another range than the one stated, which their scale cannot have.") \
   KIND(REFERENCE_LOST, LOST, "A reference to a node outside the written scene is not written.") \
   KIND(REPEATS_LIMITED, LOST, "Of very many repeats only the first are shown.") \
   KIND(STREAM_INVALID, LOST, "A scene stream cannot be read.") \
