@@ -6,6 +6,7 @@ find_package(VTK 9.1 REQUIRED COMPONENTS
   RenderingCore RenderingFreeType RenderingOpenGL2 RenderingAnnotation)
 find_package(ZLIB REQUIRED)
 find_package(EXPAT REQUIRED)
+find_package(Freetype REQUIRED)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(minizip REQUIRED IMPORTED_TARGET minizip)
 pkg_check_modules(xxhash REQUIRED IMPORTED_TARGET libxxhash)

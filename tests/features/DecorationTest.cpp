@@ -163,6 +163,24 @@ TEST(LegendFeature, PutsLogarithmicTicksAtPowersOfTen) {
   }
 }
 
+/// No ink at the window's edges: all of it is seen.
+TEST(LegendFeature, IsNeverCut) {
+  const std::string range = "min='-123456' max='123456'";
+  const std::string placed = "><position x='0.9' y='0.5'/><size x='0.1' y='0.2'/></legend>";
+  for (const std::string& attributes :
+       {std::string("/>"), std::string("textHeight='0.06'/>"), std::string("textHeight='0.3'/>"),
+        std::string("numberFormat='%.9f kg/m²'/>"), "textHeight='0.06'" + placed,
+        std::string("textHeight='0.06' numberFormat='%.3f Pa' orientation='HORIZONTAL'/>")}) {
+    SCOPED_TRACE(attributes);
+    const Box ink = inkOn(legendScene(attributes, range).draw(), WHITE);
+    EXPECT_GT(ink.width(), 20);
+    EXPECT_GT(ink.left, 0);
+    EXPECT_GT(ink.bottom, 0);
+    EXPECT_LT(ink.right, SIZE);
+    EXPECT_LT(ink.top, SIZE);
+  }
+}
+
 // ---- Annotations ----
 
 TEST(AnnotationFeature, StandsInTheWindowByAnyOfItsPoints) {

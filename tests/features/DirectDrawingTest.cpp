@@ -190,8 +190,7 @@ INSTANTIATE_TEST_SUITE_P(Colormaps, FeatureTest,
 
 // ---- Light ----
 
-/// The hill under lights, each in its colour of which a quarter fills the
-/// shadows from the viewer's side.
+/// The hill under lights, and under no others.
 struct LightCase {
   double intensity, azimuth, elevation;
   const char* hex;
@@ -207,7 +206,6 @@ Feature lit(const char* name, const std::vector<LightCase>& lights) {
   }
   return {name, elements + geometry(HILL), [=](DirectDrawing& direct) {
             direct.renderer().AutomaticLightCreationOff();
-            Vector3 fill;
             for (const auto& [intensity, azimuth, elevation, hex, color] : lights) {
               vtkNew<vtkLight> light;
               light->SetLightTypeToCameraLight();
@@ -215,14 +213,7 @@ Feature lit(const char* name, const std::vector<LightCase>& lights) {
               light->SetColor(color[0], color[1], color[2]);
               light->SetDirectionAngle(elevation, azimuth);
               direct.renderer().AddLight(light);
-              for (std::size_t i = 0; i < 3; ++i) {
-                fill[i] += 0.25 * intensity * color[i] / static_cast<double>(lights.size());
-              }
             }
-            vtkNew<vtkLight> headlight;
-            headlight->SetLightTypeToHeadlight();
-            headlight->SetColor(fill[0], fill[1], fill[2]);
-            direct.renderer().AddLight(headlight);
             direct.addGeometry();
           }};
 }

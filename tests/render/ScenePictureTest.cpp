@@ -2,6 +2,7 @@
 #include "vemoview/render/context/EglContext.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/render/RenderErrors.h>
+#include <vemo/scenegraph/attributes/ContourAttributes.h>
 #include <vemo/scenegraph/attributes/LineAttributes.h>
 #include <vemo/scenegraph/attributes/MaterialAttributes.h>
 #include <vemo/scenegraph/attributes/MeshAttributes.h>
@@ -63,6 +64,26 @@ TEST(ScenePicture, ShowsFacesInTheirKeyedColourAndTrueEdges) {
       EXPECT_EQ(at(picture, 0.25, -0.25), face);
       EXPECT_EQ(at(picture, 0.493, 0.25), edge);
       EXPECT_EQ(at(picture, 0, -0.493), edge);
+    }
+  }
+}
+
+TEST(ScenePicture, DrawsEdgesAndContourAsOpaqueAsTheirOwnColour) {
+  for (const double faces : {0.0, 1.0 / 255, 0.5, 1.0}) {
+    for (const double lines : {0.5, 1.0}) {
+      for (const bool isContour : {true, false}) {
+        RenderScene scene;
+        auto& surface = scene.addSurface(makeRectangle(-0.5, 0.5, -0.5, 0.5), {0, 0, 0});
+        surface.getColorAttributes()->setOpacity(faces, false);
+        surface.getAttributes<lum::LineAttributes>().setLineWidth(7);
+        auto& edges = surface.getAttributes<lum::MeshAttributes>();
+        edges.setMeshVisible(!isContour, false);
+        edges.setMeshColor({0, 1, 0});
+        edges.setMeshOpacity(lines);
+        surface.getAttributes<lum::ContourAttributes>().setContourVisible(isContour);
+        // Within the border: VTK draws half of an opaque edge, on its face.
+        EXPECT_NEAR(at(scene.render(), -0.49, 0)[1], 255 * lines, 2) << faces << ", " << isContour;
+      }
     }
   }
 }

@@ -7,8 +7,7 @@
 namespace vemo {
 
 /// A camera, and the position of its window. The defaults are those of
-/// lum::CameraAttributes: a renderer takes a camera with these values as unset,
-/// and shows the whole scene.
+/// lum::CameraAttributes.
 struct Camera {
   Vector<3, double> position{0.0, 0.0, 1.0};
   Vector<3, double> viewUp{0.0, 1.0, 0.0};

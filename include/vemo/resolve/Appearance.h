@@ -16,6 +16,7 @@ struct Appearance {
   enum class Kind { SURFACE, LINES, POINTS };
 
   Kind kind = Kind::SURFACE;
+  /// Of a surface, as far as they can be seen.
   bool hasFaces = true;
   bool hasEdges = false;
   /// Whether border and sharp edges are drawn, in the edges' colour.
@@ -24,7 +25,9 @@ struct Appearance {
   bool isClipped = true;
   /// Red, green, blue in 0..1.
   Vector<3, double> edgeColor;
-  /// In 0..1.
+  /// In 0..1; of edges and contour.
+  double edgeOpacity = 1.0;
+  /// In 0..1; of everything else.
   double opacity = 1.0;
   /// In pixels, above 0.
   double lineWidth = 1.0;

@@ -16,10 +16,8 @@ struct DirectionalLight {
   double elevation = 0.0;
 };
 
-struct CanvasLights {
-  std::vector<DirectionalLight> lights;
-  /// The colour of a further light at the camera's position, with intensity 1.
-  Vector<3, double> headlight{1.0, 1.0, 1.0};
-};
+/// Without any, a white light of intensity 1 shines from the camera's position: a
+/// face seen from the front then has its own colour.
+using CanvasLights = std::vector<DirectionalLight>;
 
 }  // namespace vemo

@@ -10,7 +10,8 @@ namespace vemo {
 
 /// From numbers to colours. The range is divided into equal intervals, one for
 /// each colour; numbers outside it have the colour of the nearer end. Of values
-/// with several components the first counts.
+/// with several components the first counts. A range of one value gives that the
+/// colour in the middle.
 struct ColorTable {
   /// Red, green, blue, alpha of each colour, that of the low end first; at least
   /// one colour.

@@ -26,6 +26,9 @@ struct TextStyle {
   enum class Family { ARIAL, COURIER, TIMES };
 
   Family family = Family::ARIAL;
+  /// Of a font that replaces the family's, bold or italic as far as there is one;
+  /// empty for the renderer's own.
+  std::string fontFile;
   bool isBold = false;
   bool isItalic = false;
   bool hasShadow = false;
@@ -33,6 +36,8 @@ struct TextStyle {
   std::array<std::uint8_t, 4> rgba{0, 0, 0, 255};
 };
 
+/// Texts are UTF-8 without control characters but line breaks.
+///
 /// Positions in the window are fractions of the canvas's width and height, from
 /// its lower left corner. Line heights are fractions of the window's height.
 
@@ -41,7 +46,7 @@ struct LegendDecoration {
   ColorTable table;
   std::string title;
   bool isVertical = true;
-  /// Of the lower left corner, and of everything together.
+  /// Of the lower left corner, and of everything together: within the canvas.
   Vector<2, double> position;
   Vector<2, double> size;
   int labelCount = 0;
@@ -79,8 +84,9 @@ struct ImageDecoration {
   Vector<3, double> corner;
   Vector<3, double> xAxis;
   Vector<3, double> yAxis;
-  /// Of an image in the model.
+  /// Of an image in the model, and whether the canvas's clipping planes cut it.
   std::optional<InstanceTransform> transform;
+  bool isClipped = false;
   /// Above 0, up to 1.
   double opacity = 1.0;
 };

@@ -24,7 +24,7 @@ enum class ScalarLocation { POINTS, CELLS };
 struct ScalarColoring {
   ScalarLocation location = ScalarLocation::POINTS;
   std::string arrayName;
-  /// Never null. Equal tables of one canvas are the same object.
+  /// Never null. Equal tables of one scene are the same object.
   std::shared_ptr<const ColorTable> table;
 };
 

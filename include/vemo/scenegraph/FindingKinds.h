@@ -21,10 +21,12 @@
   KIND(CELLS_LEFT_OUT, LOST, "Cells with fewer points than their kind needs are left out.") \
   KIND(CHECKSUM_WRONG, CHANGED, "The content of an entry does not match its checksum: it may be damaged.") \
   KIND(CLASS_UNKNOWN, LOST, "A database has nodes of a class that this version does not know; they are left out.") \
+  KIND(COLORMAP_ADJUSTED, CHANGED, "A colormap cannot be used as it is: its range, scale or colours are replaced.") \
   KIND(COLORMAP_REPLACED, CHANGED, "A colormap also colours what another item of the same name brought.") \
   KIND(COLORMAP_UNKNOWN, CHANGED, "A legend names a colormap that its assembly does not have; the active one is shown.") \
   KIND(COLORMAP_UNUSED, LOST, "A colormap colours nothing: neither data nor a legend.") \
   KIND(DATABASE_DAMAGED, REFUSED, "A database, or one of its records or arrays, cannot be read.") \
+  KIND(DECORATION_NOT_DRAWN, LOST, "A legend, text, image or triad has no usable position or size and is not drawn.") \
   KIND(DECORATIONS_LIMITED, LOST, "Of very many triads, legends, texts and images only the first are drawn.") \
   KIND(DESCRIPTION_REPLACED, NOTE, "An archive holds a scene graph of its own, which is used instead of its items.") \
   KIND(ELEMENT_REPLACED, LOST, "Of several elements of which there can be one only one is used.") \
@@ -37,25 +39,29 @@
   KIND(FIELD_UNKNOWN, LOST, "A database has fields that this version does not know; they are left out.") \
   KIND(GEOMETRY_NOT_DRAWN, LOST, "A geometry cannot be drawn.") \
   KIND(GEOMETRY_TYPE_CHANGED, CHANGED, "A geometry is drawn as another type, because all cells of its own were left out.") \
+  KIND(GLYPH_MISSING, LOST, "A text has characters that no installed font has.") \
   KIND(HIDDEN_BY_DEFAULT, NOTE, "An item that states no visibility is hidden.") \
   KIND(IMAGE_NOT_DRAWN, LOST, "An image cannot be drawn: its pixels do not fit its size.") \
   KIND(IMAGE_WITHOUT_PIXELS, LOST, "An image without pixels is left out.") \
   KIND(ITEM_INVALID, REFUSED, "An item contradicts itself.") \
   KIND(ITEM_REPLACED, LOST, "An item took the place of another of its kind and name.") \
   KIND(KIND_NOT_SHOWN, LOST, "Items of this kind are not shown: `vectors`, `streamlines`.") \
+  KIND(LEGEND_MOVED, CHANGED, "A legend that would leave the window is moved into it.") \
   KIND(LEGEND_WITHOUT_COLORMAP, LOST, "A legend without a colormap is left out.") \
   KIND(LIGHTS_LIMITED, LOST, "Of many lights only the first light the picture.") \
   KIND(NOT_COLORED_BY_ARRAY, CHANGED, "A geometry is drawn without the colours of its data array, which does not fit it.") \
   KIND(NUMBER_INVALID, REFUSED, "A text is not a number where there must be one.") \
   KIND(PAYLOAD_DAMAGED, LOST, "Data of the scene graph that an archive carries cannot be read.") \
   KIND(PLANES_LIMITED, CHANGED, "Of many clipping planes only the first cut.") \
-  KIND(POINTS_NOT_SCALED, CHANGED, "Points are drawn in one size: the array that scales them does not fit them.") \
+  KIND(POINT_SCALE_ADJUSTED, CHANGED, "Points are scaled over another range than the one stated, which their scale cannot have.") \
+  KIND(POINTS_NOT_SCALED, CHANGED, "Points are drawn in one size: there is nothing that scales them.") \
   KIND(POINTS_WITHOUT_POSITION, CHANGED, "A geometry has no points with finite coordinates.") \
   KIND(REFERENCE_LOST, LOST, "A reference to a node outside the written scene is not written.") \
   KIND(REPEATS_LIMITED, LOST, "Of very many repeats only the first are shown.") \
   KIND(SCENE_NOT_DRAWN, LOST, "A scene is too large to be drawn.") \
   KIND(SETTINGS_REPLACED, CHANGED, "Geometries of one name and type share a drawable, but state different settings for it.") \
   KIND(STREAM_INVALID, LOST, "A scene stream cannot be read.") \
+  KIND(TEXT_CHANGED, CHANGED, "A text is too long and cut off, or is not UTF-8.") \
   KIND(TEXT_IGNORED, LOST, "Text inside an element that takes none is ignored.") \
   KIND(TRANSFORM_REPLACED, LOST, "Of the transforms of assemblies of one name only the last one is used.") \
   KIND(TRANSFORM_SHARED, CHANGED, "A transform also applies to what another item of the same name brought.") \

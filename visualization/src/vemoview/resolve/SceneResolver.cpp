@@ -15,10 +15,11 @@ struct SceneResolver::State {
     if (canvas->hasCameraAttributes() != nullptr) {
       cameras[canvas->hasCameraAttributes()] = canvases.size();
     }
-    canvases.emplace_back(*canvas, role, cameras);
+    canvases.emplace_back(*canvas, role, cameras, tables);
   }
 
   CameraIndices cameras;
+  ColorTables tables;
   std::vector<CanvasResolver> canvases;
   Background background;
 };

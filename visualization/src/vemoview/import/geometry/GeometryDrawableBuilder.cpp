@@ -116,6 +116,7 @@ void GeometryDrawableBuilder::applySurfaceAttributes(const std::string& key) {
   auto& mesh = _drawable.getAttributes<lum::MeshAttributes>();
   mesh.setMeshVisible(_settings.showEdges, false);
   mesh.setMeshColor(_settings.lineColor.getRGB());
+  mesh.setMeshOpacity(_settings.lineColor.getOpacity());
   _drawable.getAttributes<lum::ContourAttributes>().setContourVisible(_settings.contour);
 }
 

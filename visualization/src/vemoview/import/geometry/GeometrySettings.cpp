@@ -8,10 +8,10 @@ using Settings = GeometrySettings;
 
 const KeyTable<Settings> Settings::KEYS({
     key::always<&Settings::lineColor>("lineColor",
-                                      "of lines, and of the edges and the contour of surfaces; alpha is the "
-                                      "opacity of lines, not of a contour, which is opaque")
+                                      "of lines, and of the edges and the contour of surfaces; alpha is "
+                                      "their opacity, whatever that of the faces")
         .onlyFor({GeometryItem::SURFACE, GeometryItem::LINES}),
-    key::always<&Settings::faceColor>("faceColor", "of faces; alpha is the opacity of the surface")
+    key::always<&Settings::faceColor>("faceColor", "of faces; alpha is their opacity")
         .onlyFor({GeometryItem::SURFACE}),
     key::always<&Settings::lineWidth>(
         "lineWidth", "of lines, edges and the contour, in pixels; 0 and less are drawn as 1"),

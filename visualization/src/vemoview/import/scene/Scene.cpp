@@ -118,6 +118,7 @@ void Scene::readView(const QxElement& element, SceneFileReader* reader) {
   }
   _hasView = true;
   _view.read(element, reader);
+  _hasView = true;
 }
 
 void Scene::readGradient(const QxElement& element, SceneFileReader* reader) {
@@ -144,10 +145,9 @@ void Scene::convertCamera(lum::SceneCanvas& canvas) const {
   camera.setFocalPoint(view.focalPoint);
   camera.setPosition(view.position);
   camera.setViewUp(view.viewUp);
-  if (view.perspective) {
-    camera.setProjectionMode(Mode::PERSPECTIVE);
-  } else {
-    camera.setProjectionMode(Mode::PARALLEL);
+  camera.setProjectionMode(view.perspective ? Mode::PERSPECTIVE : Mode::PARALLEL);
+  // A scale also tells a stated view from a camera that nobody has set.
+  if (_hasView) {
     camera.setParallelScale(view.parallelScale);
   }
 }

@@ -18,21 +18,23 @@ namespace {
 struct DecorationAdder {
   void operator()(const LegendDecoration& legend) const { addLegend(legend, group); }
   void operator()(const TextDecoration& text) const { addText(text, group); }
-  void operator()(const ImageDecoration& image) const { addImage(image, group); }
+  void operator()(const ImageDecoration& image) const { addImage(image, clipPlanes, group); }
   void operator()(const TriadDecoration& triad) const { addTriad(triad, cameras, group); }
 
   const CanvasCameras& cameras;
+  vtkPlaneCollection& clipPlanes;
   PropGroup& group;
 };
 
 }  // namespace
 
-Decorations::Decorations(vtkRenderer& renderer) : _renderer(&renderer) {}
+Decorations::Decorations(const CanvasResources& resources)
+    : _renderer(resources.renderer), _clipPlanes(resources.clipPlanes) {}
 
 void Decorations::add(const std::vector<Decoration>& decorations, const CanvasCameras& cameras) {
   for (const Decoration& decoration : decorations) {
     auto props = std::make_unique<PropGroup>(*_renderer);
-    std::visit(DecorationAdder{cameras, *props}, decoration.content);
+    std::visit(DecorationAdder{cameras, *_clipPlanes, *props}, decoration.content);
     props->scalePixels(_pixelScale);
     _members.push_back({decoration.drawable, std::move(props)});
   }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "vemoview/render/draw/CanvasCameras.h"
+#include "vemoview/render/draw/CanvasResources.h"
 #include "vemoview/render/draw/PropGroup.h"
 #include <vemo/resolve/Decoration.h>
 #include <vemo/resolve/SceneResolver.h>
@@ -13,7 +14,7 @@ namespace vemo {
 /// The decorations of a renderer.
 class Decorations {
  public:
-  explicit Decorations(vtkRenderer& renderer);
+  explicit Decorations(const CanvasResources& resources);
 
   void add(const std::vector<Decoration>& decorations, const CanvasCameras& cameras);
 
@@ -30,6 +31,7 @@ class Decorations {
   };
 
   vtkSmartPointer<vtkRenderer> _renderer;
+  vtkSmartPointer<vtkPlaneCollection> _clipPlanes;
   std::vector<Member> _members;
   double _pixelScale = 1.0;
 };

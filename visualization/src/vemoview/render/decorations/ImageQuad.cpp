@@ -1,5 +1,6 @@
 #include "vemoview/render/decorations/ImageQuad.h"
 
+#include "vemoview/render/draw/ClippedInput.h"
 #include "vemoview/render/draw/Matrix.h"
 #include "vemoview/render/draw/PropGroup.h"
 #include <vemo/base/Vector.h>
@@ -64,9 +65,14 @@ vtkSmartPointer<vtkPolyData> makeQuad(const Vector3& corner, const Vector3& x, c
   return quad;
 }
 
-void addToModel(const ImageDecoration& image, vtkPolyData* quad, PropGroup& group) {
+void addToModel(const ImageDecoration& image, vtkPolyData* quad, vtkPlaneCollection& clipPlanes,
+                PropGroup& group) {
   vtkNew<vtkPolyDataMapper> mapper;
-  mapper->SetInputData(quad);
+  if (image.isClipped) {
+    setClippedInput(*mapper, *quad, clipPlanes, image.transform ? &*image.transform : nullptr);
+  } else {
+    mapper->SetInputData(quad);
+  }
   vtkNew<vtkActor> actor;
   actor->SetMapper(mapper);
   actor->SetTexture(makeTexture(image));
@@ -94,10 +100,10 @@ void addToWindow(const ImageDecoration& image, vtkPolyData* quad, PropGroup& gro
 
 }  // namespace
 
-void addImage(const ImageDecoration& image, PropGroup& group) {
+void addImage(const ImageDecoration& image, vtkPlaneCollection& clipPlanes, PropGroup& group) {
   const auto quad = makeQuad(image.corner, image.xAxis, image.yAxis);
   if (image.isInModel) {
-    addToModel(image, quad, group);
+    addToModel(image, quad, clipPlanes, group);
   } else {
     addToWindow(image, quad, group);
   }

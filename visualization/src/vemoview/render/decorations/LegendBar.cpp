@@ -19,7 +19,6 @@
 #include <vtkUnsignedCharArray.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdio>
 #include <memory>
@@ -33,8 +32,17 @@ namespace {
 
 using Pair = Vector<2, double>;
 
-/// Of a title that is wrapped.
-constexpr std::size_t MOST_TITLE_BYTES = 500;
+/// In heights of a line: how broad the bar is, how long its ticks are, how far away
+/// its numbers, and how far from the edge of the window all of it stays.
+constexpr double BREADTH = 1.2;
+constexpr double LEAST_BREADTH = 0.5;
+constexpr double TICK = 0.25;
+constexpr double GAP_BESIDE = 0.25;
+constexpr double GAP_BELOW = 0.15;
+constexpr double MARGIN = 0.25;
+
+/// Of a horizontal legend, which has room for few.
+constexpr int MOST_LABELS_ACROSS = 32;
 
 /// Lines or faces in pixels.
 class FlatShape {
@@ -81,9 +89,9 @@ class FlatShape {
 };
 
 std::string format(const std::string& pattern, double value) {
-  std::array<char, 128> text{};
-  std::snprintf(text.data(), text.size(), pattern.c_str(), value);
-  return text.data();
+  std::string text(static_cast<std::size_t>(std::snprintf(nullptr, 0, pattern.c_str(), value)), '\0');
+  std::snprintf(text.data(), text.size() + 1, pattern.c_str(), value);
+  return text;
 }
 
 TextAlignment titleAlignment(bool isVertical) {
@@ -119,14 +127,8 @@ class Legend {
       return;
     }
     _situation = situation;
-    _line = _legend.lineHeight * situation[2];
-    wrapTitle(canvas[0] - _line / 2.0 - (_isVertical ? std::max(_legend.position[0] * canvas[0], 0.0) : 0.0),
-              renderer);
-    _titleHeight = _title.getSize(renderer)[1] > 0.0 ? _title.getSize(renderer)[1] + _line / 3.0 : 0.0;
-    const Pair low{_legend.position[0] * canvas[0], _legend.position[1] * canvas[1]};
-    const Pair high{low[0] + _legend.size[0] * canvas[0], low[1] + _legend.size[1] * canvas[1]};
+    const auto [low, high] = fit(canvas, renderer);
     placeTitle(low, high, canvas, renderer);
-    setLabels(_isVertical ? high[1] - low[1] - _titleHeight : high[0] - low[0], renderer);
     placeBar(low, high);
     drawBar();
     drawLines();
@@ -136,30 +138,107 @@ class Legend {
   }
 
  private:
-  /// Breaks a title that is wider than there is room.
-  void wrapTitle(double room, vtkRenderer& renderer) {
-    const auto width = [&](const std::string& text) {
-      _title.setText(text);
-      _title.setLineHeight(_line, renderer);
-      return _title.getSize(renderer)[0];
+  struct Box {
+    Pair low;
+    Pair high;
+  };
+
+  /// Writes title and numbers so that they fit, and returns the place of all: that
+  /// of the legend if it has room for readable text, or else a larger one within the
+  /// canvas.
+  Box fit(const Pair& canvas, vtkRenderer& renderer) {
+    constexpr double LEAST_READABLE = 0.03;
+    constexpr double LEAST_PIXELS = 1.0;
+    const double wanted = _legend.lineHeight * _situation[2];
+    const double readable = std::min(wanted, LEAST_READABLE * _situation[2]);
+    Pair low{_legend.position[0] * canvas[0], _legend.position[1] * canvas[1]};
+    Pair size{_legend.size[0] * canvas[0], _legend.size[1] * canvas[1]};
+    Pair needed;
+    // Sizes grow about as lines do: this takes few steps.
+    const auto shrink = [&](double first, double last, const Pair& room) {
+      for (_line = first;;) {
+        needed = write(low, size, canvas, renderer);
+        const double share = std::min(room[0] / needed[0], room[1] / needed[1]);
+        if (share >= 1.0 || _line <= last) {
+          return share >= 1.0;
+        }
+        _line = std::max(std::clamp(share, 0.7, 0.97) * _line, last);
+      }
     };
-    if (width(_legend.title) <= room) {
+    if (!shrink(wanted, readable, size)) {
+      shrink(readable, LEAST_PIXELS, canvas);
+    }
+    for (std::size_t i = 0; i < 2; ++i) {
+      size[i] = std::min(std::max(size[i], needed[i]), canvas[i]);
+      low[i] = std::min(low[i], canvas[i] - size[i]);
+    }
+    return {low, {low[0] + size[0], low[1] + size[1]}};
+  }
+
+  /// Writes title and numbers, and returns the room that they need with a short bar.
+  Pair write(const Pair& low, const Pair& size, const Pair& canvas, vtkRenderer& renderer) {
+    wrapTitle(canvas[0] - _line / 2.0 - (_isVertical ? low[0] : 0.0), renderer);
+    const Pair title = _title.getSize(renderer);
+    _titleHeight = title[1] > 0.0 ? title[1] + _line / 3.0 : 0.0;
+    setLabels(_isVertical ? size[1] - _titleHeight : size[0], renderer);
+    const Pair bar =
+        _isVertical
+            ? Pair{(BREADTH + TICK + GAP_BESIDE + MARGIN) * _line + _labelExtent, 3.0 * _line}
+            : Pair{2.0 * _labelExtent + _line, (LEAST_BREADTH + TICK + GAP_BELOW + 1.0 + MARGIN) * _line};
+    // A title need not fit beside the bar, but into the canvas.
+    const double overhang = title[0] + _line / 2.0 > canvas[0] ? title[0] + _line / 2.0 : 0.0;
+    return {std::max(bar[0], overhang), bar[1] + _titleHeight};
+  }
+
+  double titleWidth(const std::string& text, vtkRenderer& renderer) {
+    _title.setText(text);
+    _title.setLineHeight(_line, renderer);
+    return _title.getSize(renderer)[0];
+  }
+
+  /// Breaks a title that is wider than there is room, between words where it can.
+  void wrapTitle(double room, vtkRenderer& renderer) {
+    if (titleWidth(_legend.title, renderer) <= room) {
       return;
     }
     std::string wrapped;
     std::string line;
-    std::istringstream words(_legend.title.substr(0, MOST_TITLE_BYTES));
+    std::istringstream words(_legend.title);
     for (std::string word; words >> word;) {
+      word = brokenWord(word, room, renderer);
       std::string longer = line;
       longer.append(line.empty() ? 0 : 1, ' ').append(word);
-      if (!line.empty() && width(longer) > room) {
+      if (!line.empty() && titleWidth(longer, renderer) > room) {
         wrapped.append(line).append(1, '\n');
         line = word;
       } else {
         line = longer;
       }
     }
-    width(wrapped.append(line));
+    titleWidth(wrapped.append(line), renderer);
+  }
+
+  /// A word in lines of about the same length.
+  std::string brokenWord(const std::string& word, double room, vtkRenderer& renderer) {
+    const double lines = std::ceil(1.1 * titleWidth(word, renderer) / std::max(room, 1.0));
+    if (lines < 2.0) {
+      return word;
+    }
+    const auto length =
+        std::max<std::size_t>(1, static_cast<std::size_t>(static_cast<double>(word.size()) / lines));
+    std::string broken;
+    std::size_t written = 0;
+    for (const char byte : word) {
+      // Not within a character.
+      const bool isFirst = (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
+      if (isFirst && written >= length) {
+        broken += '\n';
+        written = 0;
+      }
+      broken += byte;
+      ++written;
+    }
+    return broken;
   }
 
   void placeTitle(const Pair& low, const Pair& high, const Pair& canvas, vtkRenderer& renderer) {
@@ -167,14 +246,15 @@ class Legend {
     // A title above a horizontal bar is centred at its position.
     const double before = _isVertical ? 0.0 : width / 2.0;
     const double wanted = _isVertical ? low[0] : (low[0] + high[0]) / 2.0;
-    const double margin = _line / 4.0;
+    const double margin = MARGIN * _line;
     const double least = margin + before;
     _title.moveTo({std::max(least, std::min(wanted, canvas[0] - margin - width + before)), high[1]});
   }
 
   /// Chooses as many ticks as have room along the bar, and writes their labels.
   void setLabels(double length, vtkRenderer& renderer) {
-    for (auto count = static_cast<int>(_labels.size());; --count) {
+    const double most = _isVertical ? std::max(length / _line, 2.0) : static_cast<double>(MOST_LABELS_ACROSS);
+    for (auto count = static_cast<int>(std::min(static_cast<double>(_labels.size()), most));; --count) {
       _ticks = makeLegendTicks(_legend.table.range, _legend.table.isLog10, count);
       _labelExtent = 0.0;
       for (std::size_t i = 0; i < _labels.size(); ++i) {
@@ -198,7 +278,7 @@ class Legend {
     const auto snap = [](double& pixel) { pixel = std::floor(pixel); };
     _low = low;
     _high = {high[0], high[1] - _titleHeight};
-    const double breadth = 1.2 * _line;
+    const double breadth = BREADTH * _line;
     if (_isVertical) {
       _low[1] += _line / 2.0;
       _high[1] = std::max(_high[1] - _line / 2.0, _low[1] + 1.0);
@@ -207,7 +287,7 @@ class Legend {
       const double inset = std::min(_labelExtent / 2.0, (high[0] - low[0]) / 3.0);
       _low[0] += inset;
       _high[0] -= inset;
-      _low[1] = std::max(_high[1] - breadth, low[1] + (_high[1] - low[1]) / 3.0);
+      _low[1] = std::max(_high[1] - breadth, low[1] + (TICK + GAP_BELOW + 1.0) * _line);
     }
     std::ranges::for_each(_low, snap);
     std::ranges::for_each(_high, snap);
@@ -221,13 +301,13 @@ class Legend {
 
   Pair tickEnd(const LegendTick& tick) const {
     Pair end = along(tick.place, true);
-    (_isVertical ? end[0] : end[1]) += (_isVertical ? 0.25 : -0.25) * _line;
+    (_isVertical ? end[0] : end[1]) += (_isVertical ? TICK : -TICK) * _line;
     return end;
   }
 
   Pair labelPlace(const LegendTick& tick) const {
     Pair place = tickEnd(tick);
-    (_isVertical ? place[0] : place[1]) += (_isVertical ? 0.25 : -0.15) * _line;
+    (_isVertical ? place[0] : place[1]) += (_isVertical ? GAP_BESIDE : -GAP_BELOW) * _line;
     if (_isVertical) {
       // Digits are centred above the middle of a line, which has room for
       // descenders.

@@ -8,7 +8,9 @@ class PropGroup;
 /// Adds a colour bar with its title and numbers to a group, laid out again
 /// whenever the renderer's size changes. As many numbers are shown as fit
 /// without touching each other; a title that would leave the window is wrapped
-/// and moved inwards.
+/// and moved inwards. Nothing is cut: text that does not fit into the legend's size
+/// becomes smaller as long as it can be read, then the legend larger, then the text
+/// as small as it takes.
 void addLegend(const LegendDecoration& legend, PropGroup& group);
 
 }  // namespace vemo

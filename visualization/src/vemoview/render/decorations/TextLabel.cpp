@@ -10,53 +10,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <string_view>
 
 namespace vemo {
 
 namespace {
-
-constexpr std::size_t MOST_BYTES = 2000;
-
-/// The number of bytes of the first character of a text; 0 if it is not UTF-8.
-std::size_t characterLength(std::string_view text) {
-  const auto byte = [=](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-  const unsigned char first = byte(0);
-  if (first < 0x80) {
-    return 1;
-  }
-  const std::size_t length = first >= 0xC2 && first < 0xE0   ? 2
-                             : first >= 0xE0 && first < 0xF0 ? 3
-                             : first >= 0xF0 && first < 0xF5 ? 4
-                                                             : 0;
-  if (length == 0 || text.size() < length) {
-    return 0;
-  }
-  for (std::size_t i = 1; i < length; ++i) {
-    if ((byte(i) & 0xC0U) != 0x80U) {
-      return 0;
-    }
-  }
-  // Overlong forms, surrogates, and numbers beyond the last character.
-  const bool isForbidden = (first == 0xE0 && byte(1) < 0xA0) || (first == 0xED && byte(1) >= 0xA0) ||
-                           (first == 0xF0 && byte(1) < 0x90) || (first == 0xF4 && byte(1) >= 0x90);
-  return isForbidden ? 0 : length;
-}
-
-std::string readableText(std::string_view text) {
-  std::string result;
-  while (!text.empty() && result.size() < MOST_BYTES) {
-    const std::size_t length = characterLength(text);
-    const bool isControl = length == 1 && static_cast<unsigned char>(text[0]) < ' ' && text[0] != '\n';
-    if (length == 0) {
-      result += '?';
-    } else if (!isControl) {
-      result += text.substr(0, length);
-    }
-    text.remove_prefix(std::max<std::size_t>(length, 1));
-  }
-  return result;
-}
 
 /// The greatest height of lines at which a text still fits into a picture.
 double greatestLineHeight(const std::string& text) {
@@ -81,7 +38,12 @@ int vtkFamily(TextStyle::Family family) {
 /// VTK numbers alignments from left to right and from bottom to top, as we do.
 void applyStyle(const TextStyle& style, const TextAlignment& alignment, vtkTextProperty& property) {
   const auto channel = [&](std::size_t i) { return static_cast<double>(style.rgba[i]) / 255.0; };
-  property.SetFontFamily(vtkFamily(style.family));
+  if (style.fontFile.empty()) {
+    property.SetFontFamily(vtkFamily(style.family));
+  } else {
+    property.SetFontFamily(VTK_FONT_FILE);
+    property.SetFontFile(style.fontFile.c_str());
+  }
   property.SetBold(style.isBold);
   property.SetItalic(style.isItalic);
   property.SetShadow(style.hasShadow);
@@ -103,9 +65,8 @@ TextLabel::TextLabel(const std::string& text, const TextStyle& style, const Text
 }
 
 void TextLabel::setText(const std::string& text) {
-  const std::string readable = readableText(text);
-  _mostPixels = greatestLineHeight(readable);
-  _actor->SetInput(readable.c_str());
+  _mostPixels = greatestLineHeight(text);
+  _actor->SetInput(text.c_str());
 }
 
 void TextLabel::setLineHeight(double pixels, vtkRenderer& renderer) {

@@ -22,8 +22,7 @@ struct TextAlignment {
 /// A text of one or more lines that faces the viewer.
 class TextLabel {
  public:
-  /// Adds the text to the group. Bytes that are not UTF-8 become question
-  /// marks; what is too long to be read is cut off.
+  /// Adds the text to the group.
   TextLabel(const std::string& text, const TextStyle& style, const TextAlignment& alignment,
             PropGroup& group);
 

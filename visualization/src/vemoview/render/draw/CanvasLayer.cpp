@@ -65,7 +65,7 @@ void addInstances(const MeshInstance& mesh, Box& box) {
 CanvasLayer::CanvasLayer(ResolvedCanvas canvas)
     : _canvas(std::move(canvas)),
       _resources{makeRenderer(_canvas), makePlanes(_canvas.clipPlanes), {}},
-      _decorations(*_resources.renderer) {
+      _decorations(_resources) {
   peelTranslucency(getRenderer());
 }
 

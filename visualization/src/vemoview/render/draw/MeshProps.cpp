@@ -1,6 +1,7 @@
 #include "vemoview/render/draw/MeshProps.h"
 
 #include "geometry/DrawableCells.h"
+#include "vemoview/render/draw/ClippedInput.h"
 #include "vemoview/render/draw/Matrix.h"
 #include "vemoview/render/draw/MeshActor.h"
 #include "vemoview/render/draw/PropGroup.h"
@@ -10,13 +11,10 @@
 #include <vemo/resolve/ClipPlane.h>
 
 #include <vtkActor.h>
-#include <vtkAppendPolyData.h>
 #include <vtkCleanPolyData.h>
-#include <vtkClipPolyData.h>
 #include <vtkFeatureEdges.h>
 #include <vtkMatrix4x4.h>
 #include <vtkNew.h>
-#include <vtkPlane.h>
 #include <vtkPlaneCollection.h>
 #include <vtkPolyDataMapper.h>
 #include <vtkProperty.h>
@@ -27,8 +25,6 @@
 namespace vemo {
 
 namespace {
-
-constexpr int HARDWARE_PLANES = static_cast<int>(HARDWARE_CLIP_PLANES);
 
 void colorByScalars(const RenderMesh& mesh, vtkPolyDataMapper& mapper) {
   mapper.SetScalarVisibility(mesh.scalars.has_value());
@@ -51,64 +47,6 @@ void colorByScalars(const RenderMesh& mesh, vtkPolyDataMapper& mapper) {
   } else {
     mapper.SetColorModeToDirectScalars();
   }
-}
-
-vtkSmartPointer<vtkPolyData> clipped(vtkPolyData& geometry, vtkPlane& plane) {
-  vtkNew<vtkClipPolyData> clipper;
-  clipper->SetInputData(&geometry);
-  clipper->SetClipFunction(&plane);
-  clipper->Update();
-  return clipper->GetOutput();
-}
-
-vtkSmartPointer<vtkPolyData> trianglesOf(vtkPolyData& strips) {
-  vtkNew<vtkTriangleFilter> triangles;
-  triangles->SetInputData(&strips);
-  triangles->Update();
-  return triangles->GetOutput();
-}
-
-/// One kind after the other, and without strips: VTK mixes up the data of
-/// cells of several kinds, and that of the triangles of strips.
-vtkSmartPointer<vtkPolyData> clippedByKind(vtkPolyData& geometry, vtkPlane& plane) {
-  vtkNew<vtkAppendPolyData> all;
-  for (const CellKindTraits& kind : CELL_KINDS) {
-    if (kind.get(geometry)->GetNumberOfCells() > 0) {
-      auto cells = drawableCells(geometry, kind.kind);
-      all->AddInputData(clipped(kind.kind == CellKind::STRIPS ? *trianglesOf(*cells) : *cells, plane));
-    }
-  }
-  all->Update();
-  return all->GetOutput();
-}
-
-/// The plane in the coordinates of an instance.
-vtkSmartPointer<vtkPlane> planeWithin(vtkPlane& plane, const InstanceTransform& transform) {
-  auto result = vtkSmartPointer<vtkPlane>::New();
-  const auto matrix = toMatrix(transform);
-  // A point p of the model is M q: n (M q) is (transposed M n) q.
-  Vector<4, double> normal{plane.GetNormal()[0], plane.GetNormal()[1], plane.GetNormal()[2], 0.0};
-  Vector<4, double> origin{plane.GetOrigin()[0], plane.GetOrigin()[1], plane.GetOrigin()[2], 1.0};
-  vtkNew<vtkMatrix4x4> inverse;
-  vtkMatrix4x4::Invert(matrix, inverse);
-  inverse->MultiplyPoint(origin.data(), origin.data());
-  matrix->Transpose();
-  matrix->MultiplyPoint(normal.data(), normal.data());
-  result->SetNormal(normal.data());
-  result->SetOrigin(origin.data());
-  return result;
-}
-
-/// The first planes clip in the mapper; the others, which it does not accept, cut
-/// the geometry itself.
-vtkSmartPointer<vtkPolyData> cutByFurtherPlanes(vtkPolyData& geometry, vtkPlaneCollection& planes,
-                                                const InstanceTransform* transform) {
-  vtkSmartPointer<vtkPolyData> result = &geometry;
-  for (int i = HARDWARE_PLANES; i < planes.GetNumberOfItems(); ++i) {
-    vtkPlane& plane = *planes.GetItem(i);
-    result = clippedByKind(*result, transform == nullptr ? plane : *planeWithin(plane, *transform));
-  }
-  return result;
 }
 
 void applyProperties(const RenderMesh& mesh, vtkProperty& property) {
@@ -135,22 +73,25 @@ void applyProperties(const RenderMesh& mesh, vtkProperty& property) {
 vtkSmartPointer<vtkPolyDataMapper> makeMapper(const RenderMesh& mesh, vtkPlaneCollection& planes,
                                               const InstanceTransform* transform) {
   auto mapper = vtkSmartPointer<vtkPolyDataMapper>::New();
-  vtkSmartPointer<vtkPolyData> geometry = mesh.geometry;
   if (mesh.appearance.isClipped) {
-    for (int i = 0; i < std::min(planes.GetNumberOfItems(), HARDWARE_PLANES); ++i) {
-      mapper->AddClippingPlane(planes.GetItem(i));
-    }
-    geometry = cutByFurtherPlanes(*geometry, planes, transform);
+    setClippedInput(*mapper, *mesh.geometry, planes, transform);
+  } else {
+    mapper->SetInputData(mesh.geometry);
   }
-  mapper->SetInputData(geometry);
   colorByScalars(mesh, *mapper);
   return mapper;
+}
+
+/// Whether VTK draws the edges with the faces. They have the faces' opacity then.
+bool hasEdgesOfFaces(const Appearance& appearance) {
+  return appearance.hasEdges && appearance.hasFaces && appearance.opacity == 1.0 &&
+         appearance.edgeOpacity == 1.0;
 }
 
 vtkSmartPointer<vtkActor> makeActor(const RenderMesh& mesh, const InstanceTransform* transform) {
   auto actor = vtkSmartPointer<MeshActor>::New();
   actor->setNearer(mesh.isOnFaces);
-  if (mesh.appearance.hasContour) {
+  if (mesh.appearance.hasContour || (mesh.appearance.hasEdges && !hasEdgesOfFaces(mesh.appearance))) {
     actor->setWidthOfLinesOnFaces(mesh.appearance.lineWidth);
   }
   if (transform != nullptr) {
@@ -181,7 +122,8 @@ vtkSmartPointer<vtkProperty> makeProperty(const RenderMesh& mesh) {
 /// One actor for each instance. All have the same property, unless their sizes
 /// are the model's, and, unless each is cut differently, the same mapper.
 vtkProperty& addActors(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
-  const bool isCutHere = mesh.appearance.isClipped && planes.GetNumberOfItems() > HARDWARE_PLANES;
+  const bool isCutHere =
+      mesh.appearance.isClipped && planes.GetNumberOfItems() > static_cast<int>(HARDWARE_CLIP_PLANES);
   auto property = makeProperty(mesh);
   vtkSmartPointer<vtkPolyDataMapper> mapper;
   forEachInstance(mesh.transforms, [&](const InstanceTransform* transform) {
@@ -207,13 +149,20 @@ RenderMesh part(const RenderMesh& mesh, CellKinds kinds) {
   return result;
 }
 
+/// Lines in the edges' colour.
+void becomeEdges(RenderMesh& mesh) {
+  mesh.scalars.reset();
+  mesh.color = mesh.appearance.edgeColor;
+  mesh.appearance.opacity = mesh.appearance.edgeOpacity;
+}
+
 void addEdges(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
   RenderMesh edges = part(mesh, CellKind::POLYS | CellKind::STRIPS);
   if (edges.geometry->GetNumberOfCells() == 0) {
     return;
   }
-  edges.scalars.reset();
-  edges.color = edges.appearance.edgeColor;
+  becomeEdges(edges);
+  edges.isOnFaces = mesh.appearance.hasFaces;
   vtkProperty& property = addActors(edges, planes, group);
   property.SetRepresentationToWireframe();
   property.LightingOff();
@@ -250,39 +199,44 @@ void addContour(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& g
   if (contour.geometry->GetNumberOfCells() == 0) {
     return;
   }
+  becomeEdges(contour);
   contour.isOnFaces = true;
-  contour.scalars.reset();
-  contour.color = contour.appearance.edgeColor;
-  // It shows the shape of a body that is almost transparent.
-  contour.appearance.opacity = 1.0;
   addActors(contour, planes, group).LightingOff();
 }
 
+/// Lines and vertices of a surface are not faces: they stay.
 void addWithoutFaces(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
-  if (mesh.appearance.hasEdges) {
+  const RenderMesh rest = part(mesh, CellKind::VERTS | CellKind::LINES);
+  if (rest.appearance.opacity > 0.0 && rest.geometry->GetNumberOfCells() > 0) {
+    addActors(rest, planes, group);
+  }
+}
+
+void addSurface(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
+  const Appearance& appearance = mesh.appearance;
+  if (!appearance.hasFaces) {
+    addWithoutFaces(mesh, planes, group);
+  } else {
+    vtkProperty& property = addActors(mesh, planes, group);
+    property.SetEdgeVisibility(hasEdgesOfFaces(appearance));
+    property.SetEdgeColor(appearance.edgeColor[0], appearance.edgeColor[1], appearance.edgeColor[2]);
+  }
+  if (appearance.hasEdges && !hasEdgesOfFaces(appearance)) {
     addEdges(mesh, planes, group);
   }
-  // Lines and vertices of a surface are not faces: they stay.
-  const RenderMesh rest = part(mesh, CellKind::VERTS | CellKind::LINES);
-  if (rest.geometry->GetNumberOfCells() > 0) {
-    addActors(rest, planes, group);
+  // Last: at the same depth it covers the rest.
+  if (appearance.hasContour) {
+    addContour(mesh, planes, group);
   }
 }
 
 }  // namespace
 
 void addProps(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
-  const Appearance& appearance = mesh.appearance;
-  if (appearance.kind != Appearance::Kind::SURFACE || appearance.hasFaces) {
-    vtkProperty& property = addActors(mesh, planes, group);
-    property.SetEdgeVisibility(appearance.kind == Appearance::Kind::SURFACE && appearance.hasEdges);
-    property.SetEdgeColor(appearance.edgeColor[0], appearance.edgeColor[1], appearance.edgeColor[2]);
+  if (mesh.appearance.kind == Appearance::Kind::SURFACE) {
+    addSurface(mesh, planes, group);
   } else {
-    addWithoutFaces(mesh, planes, group);
-  }
-  // Last: at the same depth it covers the rest.
-  if (appearance.hasContour) {
-    addContour(mesh, planes, group);
+    addActors(mesh, planes, group);
   }
 }
 

@@ -20,10 +20,9 @@ void addLight(vtkRenderer& renderer, const DirectionalLight& from) {
   renderer.AddLight(light);
 }
 
-void addHeadlight(vtkRenderer& renderer, const Vector<3, double>& color) {
+void addHeadlight(vtkRenderer& renderer) {
   vtkNew<vtkLight> light;
   light->SetLightTypeToHeadlight();
-  light->SetColor(color[0], color[1], color[2]);
   renderer.AddLight(light);
 }
 
@@ -55,10 +54,12 @@ void setCamera(vtkRenderer& renderer, const CanvasCamera& camera) {
 
 void setLights(vtkRenderer& renderer, const CanvasLights& lights) {
   renderer.AutomaticLightCreationOff();
-  for (const DirectionalLight& light : lights.lights) {
+  if (lights.empty()) {
+    addHeadlight(renderer);
+  }
+  for (const DirectionalLight& light : lights) {
     addLight(renderer, light);
   }
-  addHeadlight(renderer, lights.headlight);
 }
 
 }  // namespace vemo

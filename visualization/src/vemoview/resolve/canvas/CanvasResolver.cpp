@@ -46,12 +46,12 @@ bool CanvasResolver::canShow(const lum::SceneCanvas& canvas) {
 }
 
 CanvasResolver::CanvasResolver(const lum::SceneCanvas& canvas, ResolvedCanvas::Role role,
-                               const CameraIndices& cameras)
+                               const CameraIndices& cameras, ColorTables& tables)
     : _canvas(canvas),
       _role(role),
       _clipPlanes(resolveClipPlanes(canvas.findAttributes<lum::ClipPlanesAttributes>())),
-      _meshes(_clipPlanes.size()),
-      _decorations(cameras) {}
+      _meshes(_clipPlanes.size(), tables),
+      _decorations(cameras, tables) {}
 
 ResolvedCanvas CanvasResolver::resolve() {
   const auto viewport = resolveViewport(_canvas).value();

@@ -17,8 +17,10 @@ class CanvasResolver {
   /// Whether the canvas has drawables, and a part of the window for them.
   static bool canShow(const lum::SceneCanvas& canvas);
 
-  /// Of a canvas that can show something. Canvas and cameras must outlive it.
-  CanvasResolver(const lum::SceneCanvas& canvas, ResolvedCanvas::Role role, const CameraIndices& cameras);
+  /// Of a canvas that can show something. Canvas, cameras and tables must outlive
+  /// it.
+  CanvasResolver(const lum::SceneCanvas& canvas, ResolvedCanvas::Role role, const CameraIndices& cameras,
+                 ColorTables& tables);
 
   ResolvedCanvas resolve();
   CanvasUpdate update();

@@ -31,7 +31,11 @@ std::vector<ClipPlane> resolveClipPlanes(const lum::ClipPlanesAttributes* attrib
   }
   for (const auto& node : attributes->hasClippingPlanes()->getNodes()) {
     const auto* const plane = dynamic_cast<const lum::Plane*>(node.get());
-    if (plane == nullptr || !isFinite(plane->getNormal()) || !isFinite(plane->getOrigin())) {
+    if (plane == nullptr) {
+      continue;
+    }
+    if (!isFinite(plane->getNormal()) || !isFinite(plane->getOrigin())) {
+      reportFinding(FindingCode::VALUE_IGNORED, "A clipping plane does not cut: its values are not finite");
       continue;
     }
     if (planes.size() == MOST_PLANES) {

@@ -18,11 +18,15 @@ bool isUsable(const lum::Light& light) {
   return isFinite(light.getColor()) && std::isfinite(light.getIntensity()) && isFinite(light.getAngles());
 }
 
-std::vector<DirectionalLight> usableLights(const lum::LightCollection& collection) {
-  std::vector<DirectionalLight> result;
+CanvasLights usableLights(const lum::LightCollection& collection) {
+  CanvasLights result;
   for (const auto& node : collection.getNodes()) {
     const auto* const light = dynamic_cast<const lum::Light*>(node.get());
-    if (light == nullptr || !isUsable(*light)) {
+    if (light == nullptr) {
+      continue;
+    }
+    if (!isUsable(*light)) {
+      reportFinding(FindingCode::VALUE_IGNORED, "A light does not shine: its values are not finite");
       continue;
     }
     if (result.size() == MOST_LIGHTS) {
@@ -37,29 +41,11 @@ std::vector<DirectionalLight> usableLights(const lum::LightCollection& collectio
   return result;
 }
 
-/// In the lights' own mean colour, so that what is lit in red stays red.
-Vector3 fillColor(const std::vector<DirectionalLight>& lights) {
-  constexpr double SHARE = 0.25;
-  Vector3 color;
-  for (const DirectionalLight& light : lights) {
-    for (std::size_t i = 0; i < 3; ++i) {
-      color[i] += SHARE * light.color[i] * light.intensity / static_cast<double>(lights.size());
-    }
-  }
-  return color;
-}
-
 }  // namespace
 
 CanvasLights resolveLights(const lum::LightingAttributes* lighting) {
-  CanvasLights result;
-  if (lighting != nullptr && lighting->hasLights() != nullptr) {
-    result.lights = usableLights(*lighting->hasLights());
-  }
-  if (!result.lights.empty()) {
-    result.headlight = fillColor(result.lights);
-  }
-  return result;
+  return lighting != nullptr && lighting->hasLights() != nullptr ? usableLights(*lighting->hasLights())
+                                                                 : CanvasLights();
 }
 
 }  // namespace vemo

@@ -8,8 +8,7 @@ class LightingAttributes;
 
 namespace vemo {
 
-/// The usable lights, and a weak headlight that fills their shadows. Without
-/// any light (null has none) the headlight is white.
+/// The usable lights; none for null.
 CanvasLights resolveLights(const lum::LightingAttributes* lighting);
 
 }  // namespace vemo

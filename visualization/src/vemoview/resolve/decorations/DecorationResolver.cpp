@@ -9,7 +9,8 @@
 #include <vemo/scenegraph/drawables/TextDrawable.h>
 #include <vemo/scenegraph/drawables/TriadDrawable.h>
 
-#include <utility>
+#include <optional>
+#include <variant>
 
 namespace vemo {
 
@@ -18,42 +19,49 @@ namespace {
 /// More of them would cover each other, and each is laid out at every drawing.
 constexpr int MOST_DECORATIONS = 2000;
 
-bool isDecoration(const lum::Drawable& drawable) {
-  return dynamic_cast<const lum::TriadDrawable*>(&drawable) != nullptr ||
-         dynamic_cast<const lum::PlacedDrawable*>(&drawable) != nullptr;
-}
+using Content = decltype(Decoration::content);
 
-template <class T>
-bool isInWindow(const lum::Drawable& drawable) {
-  const auto* const attributes = drawable.findAttributes<T>();
-  return attributes == nullptr || attributes->getCoordinateSpace() == lum::CoordinateSpace::WINDOW;
-}
-
-/// Such a decoration stays where it is, however many instances its assembly has.
-bool isInWindow(const lum::Drawable& drawable) {
-  return dynamic_cast<const lum::LegendDrawable*>(&drawable) != nullptr ||
-         (dynamic_cast<const lum::TextDrawable*>(&drawable) != nullptr &&
-          isInWindow<lum::AnnotationAttributes>(drawable)) ||
-         (dynamic_cast<const lum::ImageDrawable*>(&drawable) != nullptr &&
-          isInWindow<lum::ImageAttributes>(drawable));
-}
-
-/// Adds one instance of a decoration, if anything of it is seen.
-void append(const lum::Drawable& drawable, const InstanceTransform* transform, const CameraIndices& cameras,
-            std::vector<Decoration>& to) {
-  const auto add = [&](auto content) {
-    if (content) {
-      to.push_back({&drawable, std::move(*content)});
-    }
-  };
+/// What is drawn of a drawable, before it is placed: nothing if it is no
+/// decoration, or cannot be drawn.
+std::optional<Content> resolveContent(const lum::Drawable& drawable, const CameraIndices& cameras,
+                                      ColorTables& tables) {
   if (const auto* const triad = dynamic_cast<const lum::TriadDrawable*>(&drawable)) {
-    add(resolveTriad(*triad, transform, cameras));
-  } else if (const auto* const legend = dynamic_cast<const lum::LegendDrawable*>(&drawable)) {
-    add(resolveLegend(*legend));
-  } else if (const auto* const text = dynamic_cast<const lum::TextDrawable*>(&drawable)) {
-    add(resolveText(*text, transform));
-  } else if (const auto* const image = dynamic_cast<const lum::ImageDrawable*>(&drawable)) {
-    add(resolveImage(*image, transform));
+    return resolveTriad(*triad, cameras);
+  }
+  if (const auto* const legend = dynamic_cast<const lum::LegendDrawable*>(&drawable)) {
+    return resolveLegend(*legend, tables);
+  }
+  if (const auto* const text = dynamic_cast<const lum::TextDrawable*>(&drawable)) {
+    return resolveText(*text);
+  }
+  if (const auto* const image = dynamic_cast<const lum::ImageDrawable*>(&drawable)) {
+    return resolveImage(*image);
+  }
+  return std::nullopt;
+}
+
+/// What is in the window stays where it is, however many instances its assembly
+/// has.
+bool isInWindow(const Content& content) {
+  const auto* const text = std::get_if<TextDecoration>(&content);
+  const auto* const image = std::get_if<ImageDecoration>(&content);
+  return std::holds_alternative<LegendDecoration>(content) || (text != nullptr && !text->isInModel) ||
+         (image != nullptr && !image->isInModel);
+}
+
+/// Puts what is in the model where an instance is.
+struct Placing {
+  void operator()(LegendDecoration& /*legend*/) const {}
+  void operator()(TextDecoration& text) const { text.position = transformedPoint(&transform, text.position); }
+  void operator()(ImageDecoration& image) const { image.transform = transform; }
+  void operator()(TriadDecoration& triad) const { transformTriad(triad, transform); }
+
+  const InstanceTransform& transform;
+};
+
+void clip(Content& content, bool isClipped) {
+  if (auto* const image = std::get_if<ImageDecoration>(&content)) {
+    image->isClipped = isClipped && image->isInModel;
   }
 }
 
@@ -62,14 +70,18 @@ void append(const lum::Drawable& drawable, const InstanceTransform* transform, c
 std::vector<Decoration> DecorationResolver::resolve(const std::vector<VisibleDrawable>& drawables) {
   std::vector<Decoration> result;
   for (const VisibleDrawable& visible : drawables) {
-    const lum::Drawable& drawable = *visible.drawable;
-    if (!isDecoration(drawable)) {
+    auto content = resolveContent(*visible.drawable, _cameras, _tables);
+    if (!content) {
       continue;
     }
-    forEachInstance(isInWindow(drawable) ? nullptr : visible.transforms,
+    clip(*content, visible.isClipped);
+    forEachInstance(isInWindow(*content) ? nullptr : visible.transforms,
                     [&](const InstanceTransform* transform) {
                       if (hasRoom()) {
-                        append(drawable, transform, _cameras, result);
+                        Decoration& decoration = result.emplace_back(visible.drawable, *content);
+                        if (transform != nullptr) {
+                          std::visit(Placing{*transform}, decoration.content);
+                        }
                       }
                     });
   }

@@ -2,6 +2,7 @@
 
 #include "vemoview/resolve/VisibleDrawables.h"
 #include "vemoview/resolve/decorations/TriadResolver.h"
+#include "vemoview/resolve/mesh/ColorTableResolver.h"
 #include <vemo/resolve/Decoration.h>
 
 #include <vector>
@@ -12,8 +13,9 @@ namespace vemo {
 /// triads, legends, texts, images.
 class DecorationResolver {
  public:
-  /// The cameras must outlive it.
-  explicit DecorationResolver(const CameraIndices& cameras) : _cameras(cameras) {}
+  /// Cameras and tables must outlive it.
+  DecorationResolver(const CameraIndices& cameras, ColorTables& tables)
+      : _cameras(cameras), _tables(tables) {}
 
   /// The decorations among drawables, in order, as long as there are not too
   /// many.
@@ -23,6 +25,7 @@ class DecorationResolver {
   bool hasRoom();
 
   const CameraIndices& _cameras;
+  ColorTables& _tables;
   int _count = 0;
   bool _isFull = false;
 };

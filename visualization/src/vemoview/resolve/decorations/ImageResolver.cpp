@@ -19,9 +19,14 @@ namespace {
 /// Larger than any that OpenGL accepts.
 constexpr std::int32_t LARGEST = 16384;
 
-bool spansArea(const ImageDecoration& image) {
+bool spansArea(const ImageDecoration& image, const std::string& name) {
   const double area = length(cross(image.xAxis, image.yAxis));
-  return std::isfinite(area) && area > 0.0 && std::isfinite(length(image.corner));
+  if (std::isfinite(area) && area > 0.0 && std::isfinite(length(image.corner))) {
+    return true;
+  }
+  reportFinding(FindingCode::DECORATION_NOT_DRAWN,
+                "The image \"" + name + "\" is not drawn: its corners do not span an area");
+  return false;
 }
 
 bool hasValidPixels(const lum::ImageDrawable& image, const lum::ImageAttributes& attributes) {
@@ -36,8 +41,7 @@ bool hasValidPixels(const lum::ImageDrawable& image, const lum::ImageAttributes&
 
 }  // namespace
 
-std::optional<ImageDecoration> resolveImage(const lum::ImageDrawable& image,
-                                            const InstanceTransform* transform) {
+std::optional<ImageDecoration> resolveImage(const lum::ImageDrawable& image) {
   const auto* const attributes = image.findAttributes<lum::ImageAttributes>();
   if (attributes == nullptr || attributes->getPixels() == nullptr || !hasValidPixels(image, *attributes)) {
     return std::nullopt;
@@ -55,12 +59,10 @@ std::optional<ImageDecoration> resolveImage(const lum::ImageDrawable& image,
   if (!result.isInModel) {
     // In a window they have no depth.
     result.corner[2] = result.xAxis[2] = result.yAxis[2] = 0.0;
-  } else if (transform != nullptr) {
-    result.transform = *transform;
   }
   const auto* const colors = image.findAttributes<lum::ColorAttributes>();
   result.opacity = colors != nullptr ? unitValue(colors->getOpacity(), 1.0) : 1.0;
-  return result.opacity > 0.0 && spansArea(result) ? std::optional(result) : std::nullopt;
+  return result.opacity > 0.0 && spansArea(result, image.getName()) ? std::optional(result) : std::nullopt;
 }
 
 }  // namespace vemo

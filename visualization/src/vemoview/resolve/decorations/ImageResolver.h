@@ -10,10 +10,8 @@ class ImageDrawable;
 
 namespace vemo {
 
-/// The instance of an image with a transform, which an image in the window
-/// ignores. Nothing for an image whose pixels do not fit its size, whose axes
-/// are parallel, or that is transparent.
-std::optional<ImageDecoration> resolveImage(const lum::ImageDrawable& image,
-                                            const InstanceTransform* transform);
+/// Nothing for an image whose pixels do not fit its size, whose axes are
+/// parallel, or that is transparent.
+std::optional<ImageDecoration> resolveImage(const lum::ImageDrawable& image);
 
 }  // namespace vemo

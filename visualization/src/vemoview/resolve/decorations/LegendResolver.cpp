@@ -1,15 +1,14 @@
 #include "vemoview/resolve/decorations/LegendResolver.h"
 
 #include "scenegraph/attributes/NumberFormat.h"
+#include "vemoview/resolve/decorations/ReadableText.h"
 #include "vemoview/resolve/decorations/TextStyleResolver.h"
-#include "vemoview/resolve/mesh/ColorTableResolver.h"
+#include <vemo/base/PrintableText.h>
+#include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/Ptr.h>
 #include <vemo/scenegraph/attributes/PositionAttributes.h>
 #include <vemo/scenegraph/coloring/ColorLookupTable.h>
 #include <vemo/scenegraph/drawables/LegendDrawable.h>
-
-#include <vtkDoubleArray.h>
-#include <vtkNew.h>
 
 #include <algorithm>
 #include <cmath>
@@ -20,6 +19,8 @@ namespace {
 
 constexpr double LEGEND_LINE_HEIGHT = 0.03;
 constexpr int MOST_LABELS = 100;
+/// Longer ones would leave no room for the bar.
+constexpr std::size_t MOST_TITLE_BYTES = 500;
 
 const lum::LegendAttributes& defaultAttributes() {
   static const lum::Ptr<lum::LegendAttributes> attributes(
@@ -27,22 +28,40 @@ const lum::LegendAttributes& defaultAttributes() {
   return *attributes;
 }
 
-bool isNearCanvas(const LegendDecoration& legend) {
-  constexpr double FAR = 4.0;
-  return std::ranges::all_of(legend.position, [](double value) { return std::abs(value) <= FAR; }) &&
-         std::ranges::all_of(legend.size, [](double size) { return size > 0.0 && size <= FAR; });
+std::string resolveFormat(const std::string& format, const std::string& what) {
+  if (lum::isNumberFormat(format)) {
+    return readableText(format, MOST_TEXT_BYTES, what);
+  }
+  reportFinding(FindingCode::VALUE_IGNORED, what + " does not write its numbers as \"" + toPrintable(format) +
+                                                "\", which is no format for them");
+  return defaultAttributes().getLabelFormat();
 }
 
-ColorTable resolveTable(const lum::ColorLookupTable& table) {
-  vtkNew<vtkDoubleArray> ends;
-  ends->InsertNextValue(table.getScalarRange()[0]);
-  ends->InsertNextValue(table.getScalarRange()[1]);
-  return resolveColorTable(&table, *ends);
+/// Moves a legend that would leave the window into it; false for one without a
+/// place.
+bool placeInWindow(LegendDecoration& legend, const std::string& what) {
+  constexpr double ROUNDING = 1e-6;
+  bool isMoved = false;
+  for (std::size_t i = 0; i < 2; ++i) {
+    const double position = legend.position[i];
+    const double size = legend.size[i];
+    if (!std::isfinite(position) || !std::isfinite(size) || size <= 0.0) {
+      reportFinding(FindingCode::DECORATION_NOT_DRAWN, what + " is not drawn: it has no place or no size");
+      return false;
+    }
+    legend.size[i] = std::min(size, 1.0);
+    legend.position[i] = std::clamp(position, 0.0, 1.0 - legend.size[i]);
+    isMoved = isMoved || std::abs(legend.position[i] - position) > ROUNDING || size > 1.0 + ROUNDING;
+  }
+  if (isMoved) {
+    reportFinding(FindingCode::LEGEND_MOVED, what + " would leave the window and is moved into it");
+  }
+  return true;
 }
 
 }  // namespace
 
-std::optional<LegendDecoration> resolveLegend(const lum::LegendDrawable& legend) {
+std::optional<LegendDecoration> resolveLegend(const lum::LegendDrawable& legend, ColorTables& tables) {
   const auto* const own = legend.findAttributes<lum::LegendAttributes>();
   const lum::LegendAttributes& attributes = own != nullptr ? *own : defaultAttributes();
   LegendDecoration result;
@@ -50,18 +69,21 @@ std::optional<LegendDecoration> resolveLegend(const lum::LegendDrawable& legend)
     result.position = {position->getPosition()[0], position->getPosition()[1]};
   }
   result.size = attributes.getSize();
-  if (legend.hasColorLookupTable() == nullptr || !isNearCanvas(result)) {
+  const std::string what = "The legend \"" + legend.getName() + '"';
+  if (legend.hasColorLookupTable() == nullptr) {
+    reportFinding(FindingCode::LEGEND_WITHOUT_COLORMAP, what + " has no colormap and is not drawn");
+    return std::nullopt;
+  }
+  if (!placeInWindow(result, what)) {
     return std::nullopt;
   }
   const auto* const style = legend.findAttributes<lum::TextAttributes>();
-  result.table = resolveTable(*legend.hasColorLookupTable());
-  result.title = attributes.getTitle();
+  result.table = *tables.resolve(*legend.hasColorLookupTable());
+  result.title = readableText(attributes.getTitle(), MOST_TITLE_BYTES, what);
   result.isVertical = attributes.getOrientation() == lum::LegendOrientation::VERTICAL;
   result.labelCount = std::clamp(attributes.getNumberOfLabels(), 0, MOST_LABELS);
-  result.labelFormat = lum::isNumberFormat(attributes.getLabelFormat())
-                           ? attributes.getLabelFormat()
-                           : defaultAttributes().getLabelFormat();
-  result.style = resolveTextStyle(style);
+  result.labelFormat = resolveFormat(attributes.getLabelFormat(), what);
+  result.style = resolveTextStyle(style, {result.title, result.labelFormat}, what);
   result.lineHeight = resolveLineHeight(style, LEGEND_LINE_HEIGHT);
   return result;
 }

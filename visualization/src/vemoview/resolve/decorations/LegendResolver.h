@@ -1,5 +1,6 @@
 #pragma once
 
+#include "vemoview/resolve/mesh/ColorTableResolver.h"
 #include <vemo/resolve/Decoration.h>
 
 #include <optional>
@@ -10,8 +11,7 @@ class LegendDrawable;
 
 namespace vemo {
 
-/// Nothing for a legend without a colour table, without a size or far outside
-/// the canvas.
-std::optional<LegendDecoration> resolveLegend(const lum::LegendDrawable& legend);
+/// Nothing for a legend without a colour table, a place or a size.
+std::optional<LegendDecoration> resolveLegend(const lum::LegendDrawable& legend, ColorTables& tables);
 
 }  // namespace vemo

@@ -1,6 +1,9 @@
 #include "vemoview/resolve/decorations/TextResolver.h"
 
+#include "vemoview/resolve/decorations/ReadableText.h"
 #include "vemoview/resolve/decorations/TextStyleResolver.h"
+#include <vemo/base/Vector.h>
+#include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/attributes/PositionAttributes.h>
 #include <vemo/scenegraph/drawables/TextDrawable.h>
 
@@ -12,24 +15,26 @@ constexpr double TEXT_LINE_HEIGHT = 0.04;
 
 }  // namespace
 
-std::optional<TextDecoration> resolveText(const lum::TextDrawable& text, const InstanceTransform* transform) {
+std::optional<TextDecoration> resolveText(const lum::TextDrawable& text) {
   const auto* const attributes = text.findAttributes<lum::AnnotationAttributes>();
   if (attributes == nullptr || attributes->getText().empty()) {
     return std::nullopt;
   }
   const auto* const style = text.findAttributes<lum::TextAttributes>();
   TextDecoration result;
-  result.text = attributes->getText();
+  const std::string what = "The text \"" + text.getName() + "\"";
+  result.text = readableText(attributes->getText(), MOST_TEXT_BYTES, what);
   result.isInModel = attributes->getCoordinateSpace() == lum::CoordinateSpace::MODEL;
   if (const auto* const position = text.findAttributes<lum::PositionAttributes>()) {
     result.position = position->getPosition();
   }
-  if (result.isInModel) {
-    result.position = transformedPoint(transform, result.position);
+  if (!isFinite(result.position)) {
+    reportFinding(FindingCode::DECORATION_NOT_DRAWN, what + " is not drawn: its position is not finite");
+    return std::nullopt;
   }
   result.horizontal = static_cast<TextDecoration::Horizontal>(attributes->getHorizontalAlignment());
   result.vertical = static_cast<TextDecoration::Vertical>(attributes->getVerticalAlignment());
-  result.style = resolveTextStyle(style);
+  result.style = resolveTextStyle(style, {result.text}, what);
   result.lineHeight = resolveLineHeight(style, TEXT_LINE_HEIGHT);
   return result;
 }

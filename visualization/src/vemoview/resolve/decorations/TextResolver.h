@@ -10,8 +10,7 @@ class TextDrawable;
 
 namespace vemo {
 
-/// The instance of a text with a transform, which a text in the window ignores.
-/// Nothing for an empty one.
-std::optional<TextDecoration> resolveText(const lum::TextDrawable& text, const InstanceTransform* transform);
+/// Nothing for an empty text, or one without a finite position.
+std::optional<TextDecoration> resolveText(const lum::TextDrawable& text);
 
 }  // namespace vemo

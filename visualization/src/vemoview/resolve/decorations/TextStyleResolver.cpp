@@ -1,17 +1,17 @@
 #include "vemoview/resolve/decorations/TextStyleResolver.h"
 
+#include "vemoview/resolve/decorations/FontResolver.h"
+
 #include <algorithm>
 
 namespace vemo {
 
-TextStyle resolveTextStyle(const lum::TextAttributes* attributes) {
-  TextStyle style;
-  if (attributes == nullptr) {
-    return style;
-  }
-  const std::string& family = attributes->getFontFamilyName();
-  const std::uint32_t flags = attributes->getFontStyle();
-  const std::uint32_t color = attributes->getForegroundColor();
+namespace {
+
+void applyAttributes(const lum::TextAttributes& attributes, TextStyle& style) {
+  const std::string& family = attributes.getFontFamilyName();
+  const std::uint32_t flags = attributes.getFontStyle();
+  const std::uint32_t color = attributes.getForegroundColor();
   style.family = family == "Courier" ? TextStyle::Family::COURIER
                  : family == "Times" ? TextStyle::Family::TIMES
                                      : TextStyle::Family::ARIAL;
@@ -21,6 +21,17 @@ TextStyle resolveTextStyle(const lum::TextAttributes* attributes) {
   for (unsigned i = 0; i < style.rgba.size(); ++i) {
     style.rgba[i] = static_cast<std::uint8_t>((color >> (24U - 8U * i)) & 0xFFU);
   }
+}
+
+}  // namespace
+
+TextStyle resolveTextStyle(const lum::TextAttributes* attributes,
+                           std::initializer_list<std::string_view> texts, const std::string& owner) {
+  TextStyle style;
+  if (attributes != nullptr) {
+    applyAttributes(*attributes, style);
+  }
+  style.fontFile = resolveFontFile(style, texts, owner);
   return style;
 }
 

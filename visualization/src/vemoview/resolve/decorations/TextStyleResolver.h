@@ -3,10 +3,16 @@
 #include <vemo/resolve/Decoration.h>
 #include <vemo/scenegraph/attributes/TextAttributes.h>
 
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
 namespace vemo {
 
-/// Null has the style of fresh attributes.
-TextStyle resolveTextStyle(const lum::TextAttributes* attributes);
+/// How readable texts are written; null has the style of fresh attributes. The
+/// owner of the texts is for a finding.
+TextStyle resolveTextStyle(const lum::TextAttributes* attributes,
+                           std::initializer_list<std::string_view> texts, const std::string& owner);
 
 /// The height of a line as a fraction of the window's, or the default where the
 /// attributes (or null) leave it open.

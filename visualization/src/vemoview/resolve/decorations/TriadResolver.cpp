@@ -1,8 +1,10 @@
 #include "vemoview/resolve/decorations/TriadResolver.h"
 
 #include "vemoview/resolve/canvas/CameraResolver.h"
+#include "vemoview/resolve/decorations/ReadableText.h"
 #include "vemoview/resolve/decorations/TextStyleResolver.h"
 #include <vemo/base/Vector.h>
+#include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/attributes/OrientationAttributes.h>
 #include <vemo/scenegraph/attributes/PositionAttributes.h>
 #include <vemo/scenegraph/drawables/TriadDrawable.h>
@@ -52,30 +54,33 @@ std::optional<TriadDecoration::Camera> resolveTriadCamera(const lum::CameraAttri
 
 }  // namespace
 
-std::optional<TriadDecoration> resolveTriad(const lum::TriadDrawable& triad,
-                                            const InstanceTransform* transform,
-                                            const CameraIndices& cameras) {
+void transformTriad(TriadDecoration& triad, const InstanceTransform& transform) {
+  for (Vector3& axis : triad.axes) {
+    axis = unitOr(transformedDirection(transform, axis), axis);
+  }
+  triad.position = transformedPoint(&transform, triad.position);
+}
+
+std::optional<TriadDecoration> resolveTriad(const lum::TriadDrawable& triad, const CameraIndices& cameras) {
   TriadDecoration result;
   if (const auto* const position = triad.findAttributes<lum::PositionAttributes>()) {
     result.position = position->getPosition();
   }
+  const std::string what = "The triad \"" + triad.getName() + "\"";
   if (!std::isfinite(length(result.position))) {
+    reportFinding(FindingCode::DECORATION_NOT_DRAWN, what + " is not drawn: its position is not finite");
     return std::nullopt;
   }
   if (const auto* const attributes = triad.findAttributes<lum::TriadAttributes>()) {
     result.hasScreenSize = attributes->getUseConstantPixelSize();
     result.labelHeight = attributes->getAxisLabelHeight();
-    result.labels = {attributes->getXAxisLabelText(), attributes->getYAxisLabelText(),
-                     attributes->getZAxisLabelText()};
-    result.style = resolveTextStyle(triad.findAttributes<lum::TextAttributes>());
+    const auto readable = [&](const std::string& text) { return readableText(text, MOST_TEXT_BYTES, what); };
+    result.labels = {readable(attributes->getXAxisLabelText()), readable(attributes->getYAxisLabelText()),
+                     readable(attributes->getZAxisLabelText())};
+    const auto& [x, y, z] = *result.labels;
+    result.style = resolveTextStyle(triad.findAttributes<lum::TextAttributes>(), {x, y, z}, what);
   }
   result.axes = resolveAxes(triad.findAttributes<lum::OrientationAttributes>());
-  if (transform != nullptr) {
-    for (Vector3& axis : result.axes) {
-      axis = unitOr(transformedDirection(*transform, axis), axis);
-    }
-    result.position = transformedPoint(transform, result.position);
-  }
   result.camera = resolveTriadCamera(triad.getCameraAttributes(), cameras);
   return result;
 }

@@ -16,8 +16,10 @@ namespace vemo {
 /// The cameras of canvases, to the canvases' indices in the resolved scene.
 using CameraIndices = std::map<const lum::CameraAttributes*, std::size_t>;
 
-/// The instance of a triad with a transform; nothing without a usable position.
-std::optional<TriadDecoration> resolveTriad(const lum::TriadDrawable& triad,
-                                            const InstanceTransform* transform, const CameraIndices& cameras);
+/// Nothing without a usable position.
+std::optional<TriadDecoration> resolveTriad(const lum::TriadDrawable& triad, const CameraIndices& cameras);
+
+/// Puts a triad where an instance with a transform is.
+void transformTriad(TriadDecoration& triad, const InstanceTransform& transform);
 
 }  // namespace vemo

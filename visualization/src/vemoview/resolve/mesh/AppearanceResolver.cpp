@@ -53,6 +53,23 @@ void applyMaterial(const lum::MaterialAttributes& material, Appearance& appearan
   appearance.specularPower = std::isfinite(power) ? std::clamp(power, 0.0, GREATEST_POWER) : 1.0;
 }
 
+void applySurface(const lum::GeometryDrawable& drawable, Appearance& appearance) {
+  if (const auto* const surface = drawable.findAttributes<lum::SurfaceAttributes>()) {
+    appearance.hasFaces = surface->getShaded();
+  }
+  if (const auto* const mesh = drawable.findAttributes<lum::MeshAttributes>()) {
+    appearance.hasEdges = mesh->getMeshVisible();
+    appearance.edgeColor = usableColor(mesh->getMeshColor());
+    appearance.edgeOpacity = unitValue(mesh->getMeshOpacity(), 1.0);
+  }
+  if (const auto* const contour = drawable.findAttributes<lum::ContourAttributes>()) {
+    appearance.hasContour = contour->getContourVisible();
+  }
+  appearance.hasFaces = appearance.hasFaces && appearance.opacity > 0.0;
+  appearance.hasEdges = appearance.hasEdges && appearance.edgeOpacity > 0.0;
+  appearance.hasContour = appearance.hasContour && appearance.edgeOpacity > 0.0;
+}
+
 }  // namespace
 
 /// The mode says which of the two colours counts; where that one is missing,
@@ -78,15 +95,8 @@ Appearance resolveAppearance(const lum::GeometryDrawable& drawable) {
   const auto* const colors = drawable.findAttributes<lum::ColorAttributes>();
   result.opacity = colors != nullptr ? unitValue(colors->getOpacity(), 1.0) : 1.0;
   result.pointSize = pointSizeOf(drawable, result.kind);
-  if (const auto* const surface = drawable.findAttributes<lum::SurfaceAttributes>()) {
-    result.hasFaces = surface->getShaded();
-  }
-  if (const auto* const mesh = drawable.findAttributes<lum::MeshAttributes>()) {
-    result.hasEdges = mesh->getMeshVisible();
-    result.edgeColor = usableColor(mesh->getMeshColor());
-  }
-  if (const auto* const contour = drawable.findAttributes<lum::ContourAttributes>()) {
-    result.hasContour = result.kind == Appearance::Kind::SURFACE && contour->getContourVisible();
+  if (result.kind == Appearance::Kind::SURFACE) {
+    applySurface(drawable, result);
   }
   if (const auto* const line = drawable.findAttributes<lum::LineAttributes>()) {
     result.lineWidth = usablePixels(line->getLineWidth());

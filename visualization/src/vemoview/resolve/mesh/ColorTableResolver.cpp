@@ -1,17 +1,18 @@
 #include "vemoview/resolve/mesh/ColorTableResolver.h"
 
+#include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/coloring/ColorLookupTable.h>
 
-#include <vtkDataArray.h>
 #include <vtkLookupTable.h>
 #include <vtkNew.h>
 #include <vtkUnsignedCharArray.h>
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
+#include <fmt/format.h>
 #include <iterator>
-#include <limits>
 #include <utility>
 #include <vector>
 
@@ -21,42 +22,19 @@ namespace {
 
 using Range = Vector<2, double>;
 
-constexpr std::size_t CHANNELS = 4;
-
-bool isUsable(const Range& range, bool isLog) {
-  return std::isfinite(range[0]) && std::isfinite(range[1]) && range[0] <= range[1] &&
-         (!isLog || range[0] > 0.0);
-}
-
-/// From the least to the greatest finite first component above a bound. When
-/// there is none, the first value is above the second.
-Range rangeAbove(vtkDataArray& values, double bound) {
-  Range range{std::numeric_limits<double>::max(), std::numeric_limits<double>::lowest()};
-  for (vtkIdType i = 0; i < values.GetNumberOfTuples(); ++i) {
-    const double value = values.GetComponent(i, 0);
-    if (std::isfinite(value) && value > bound) {
-      range = {std::min(range[0], value), std::max(range[1], value)};
-    }
-  }
-  return range;
-}
+constexpr std::ptrdiff_t CHANNELS = 4;
 
 std::uint8_t toByte(double value) {
   return std::isfinite(value) ? static_cast<std::uint8_t>(std::lround(std::clamp(value, 0.0, 1.0) * 255.0))
                               : 0;
 }
 
-/// Empty when there is no table, too.
-std::vector<std::uint8_t> colorsOf(const lum::ColorLookupTable* table) {
-  if (table == nullptr) {
-    return {};
-  }
-  const std::vector<double>& values = table->getColorValues();
-  const auto declared = static_cast<std::size_t>(std::max(table->getNumColor(), 0));
-  const auto count = std::min(declared, values.size() / CHANNELS);
+std::vector<std::uint8_t> colorsOf(const lum::ColorLookupTable& table) {
+  const std::vector<double>& values = table.getColorValues();
+  const auto declared = static_cast<std::size_t>(std::max(table.getNumColor(), 0));
+  const auto count = static_cast<std::ptrdiff_t>(std::min(declared, values.size() / CHANNELS));
   std::vector<std::uint8_t> colors;
-  std::transform(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(count * CHANNELS),
-                 std::back_inserter(colors), toByte);
+  std::transform(values.begin(), values.begin() + count * CHANNELS, std::back_inserter(colors), toByte);
   return colors;
 }
 
@@ -76,24 +54,85 @@ const std::vector<std::uint8_t>& defaultColors() {
   return colors;
 }
 
-}  // namespace
+/// Makes a table usable, and collects what that takes.
+class TableAdjuster {
+ public:
+  explicit TableAdjuster(ColorTable& table) : _table(table) {}
 
-ColorTable resolveColorTable(const lum::ColorLookupTable* table, vtkDataArray& values) {
-  bool isLog10 = table != nullptr && table->getScaleMode() == lum::ScaleMode::LOG10;
-  auto colors = colorsOf(table);
-  Range range = table != nullptr && !colors.empty() ? table->getScalarRange() : Range{1.0, 0.0};
-  if (!isUsable(range, isLog10)) {
-    range = isLog10 ? rangeAbove(values, 0.0) : Range{1.0, 0.0};
-    if (!isUsable(range, isLog10)) {
-      isLog10 = false;
-      range = rangeAbove(values, std::numeric_limits<double>::lowest());
+  std::string run() {
+    adjustColors();
+    adjustEnds();
+    adjustScale();
+    if (low() == high()) {
+      note("has a range of one value: what is below has its first colour, what is above its last");
+    }
+    return _changes;
+  }
+
+ private:
+  double& low() { return _table.range[0]; }
+  double& high() { return _table.range[1]; }
+
+  void note(const std::string& change) { _changes.append(_changes.empty() ? "" : ", ").append(change); }
+
+  void adjustColors() {
+    if (_table.rgba.empty()) {
+      _table.rgba = defaultColors();
+      note("has no colours and gets those from blue over green to red");
     }
   }
-  ColorTable result;
-  result.rgba = colors.empty() ? defaultColors() : std::move(colors);
-  result.range = isUsable(range, isLog10) ? range : result.range;
-  result.isLog10 = isLog10;
-  return result;
+
+  void adjustEnds() {
+    if (!std::isfinite(high() - low())) {
+      _table.range = {0.0, 1.0};
+      note("has no finite range and gets that from 0 to 1");
+    } else if (low() > high()) {
+      std::swap(low(), high());
+      reverseColors();
+      note("has its greater value first and is turned round with its colours");
+    }
+  }
+
+  void reverseColors() {
+    auto& rgba = _table.rgba;
+    std::ranges::reverse(rgba);
+    for (auto color = rgba.begin(); color != rgba.end(); color += CHANNELS) {
+      std::reverse(color, color + CHANNELS);
+    }
+  }
+
+  void adjustScale() {
+    constexpr double POWERS_OF_TEN = 1e-4;
+    if (!_table.isLog10 || low() > 0.0) {
+      return;
+    }
+    const double least = high() * POWERS_OF_TEN;
+    if (least > 0.0) {
+      low() = least;
+      note(fmt::format("is logarithmic and begins at {} instead, four powers of ten below its end", least));
+    } else {
+      _table.isLog10 = false;
+      note("is linear instead of logarithmic");
+    }
+  }
+
+  ColorTable& _table;
+  std::string _changes;
+};
+
+}  // namespace
+
+std::shared_ptr<const ColorTable> ColorTables::resolve(const lum::ColorLookupTable& table) {
+  ColorTable usable{colorsOf(table), table.getScalarRange(), table.getScaleMode() == lum::ScaleMode::LOG10};
+  const std::string changes = TableAdjuster(usable).run();
+  const auto [resolved, isNew] =
+      _tables.insert({std::make_shared<const ColorTable>(std::move(usable)), changes});
+  if (isNew && !changes.empty()) {
+    const Range& range = table.getScalarRange();
+    reportFinding(FindingCode::COLORMAP_ADJUSTED,
+                  fmt::format("The colormap from {} to {} {}", range[0], range[1], changes));
+  }
+  return resolved->table;
 }
 
 }  // namespace vemo

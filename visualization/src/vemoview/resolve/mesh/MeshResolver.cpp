@@ -5,7 +5,6 @@
 #include "geometry/Normals.h"
 #include "vemoview/resolve/mesh/AppearanceResolver.h"
 #include "vemoview/resolve/mesh/ArrayLookup.h"
-#include "vemoview/resolve/mesh/ColorTableResolver.h"
 #include "vemoview/resolve/mesh/PointScaling.h"
 #include <vemo/resolve/ClipPlane.h>
 #include <vemo/resolve/SceneTooLarge.h>
@@ -31,12 +30,16 @@ namespace vemo {
 
 namespace {
 
+bool isVisible(const Appearance& appearance) {
+  return appearance.opacity > 0.0 || appearance.hasEdges || appearance.hasContour;
+}
+
 /// The poly data of one node with no arrays but those that are drawn.
 class MeshBuilder {
  public:
   MeshBuilder(const lum::GeometryDrawable& drawable, const lum::PolyDataNode& node,
-              const VisibleDrawable& context)
-      : _drawable(drawable), _node(node) {
+              const VisibleDrawable& context, ColorTables& tables)
+      : _drawable(drawable), _node(node), _tables(tables) {
     _mesh.drawable = &drawable;
     _mesh.node = &node;
     _mesh.appearance = resolveAppearance(drawable);
@@ -47,7 +50,7 @@ class MeshBuilder {
 
   /// Nothing when there is nothing to be seen.
   std::optional<MeshInstance> build() {
-    if (_mesh.appearance.opacity <= 0.0 || !putCells()) {
+    if (!isVisible(_mesh.appearance) || !putCells()) {
       return std::nullopt;
     }
     if (_mesh.appearance.kind == Appearance::Kind::SURFACE) {
@@ -120,11 +123,13 @@ class MeshBuilder {
     }
   }
 
+  /// Data that have no colour table are not shown: they would need colours and a
+  /// range that nobody has chosen.
   void putScalars() {
     const auto* const colors = _drawable.findAttributes<lum::ColorAttributes>();
     const auto* const scalars = _drawable.findAttributes<lum::ScalarAttributes>();
     if (colors == nullptr || colors->getColorMode() != lum::ColorMode::DATA || scalars == nullptr ||
-        scalars->hasDataArray() == nullptr) {
+        scalars->hasDataArray() == nullptr || scalars->hasColorLookupTable() == nullptr) {
       return;
     }
     const auto* const location = _drawable.findAttributes<lum::DataLocationAttributes>();
@@ -138,9 +143,8 @@ class MeshBuilder {
     vtkDataSetAttributes* const data =
         isAtCells ? static_cast<vtkDataSetAttributes*>(geometry.GetCellData()) : geometry.GetPointData();
     data->AddArray(array);
-    _mesh.scalars = ScalarColoring{
-        isAtCells ? ScalarLocation::CELLS : ScalarLocation::POINTS, array->GetName(),
-        std::make_shared<const ColorTable>(resolveColorTable(scalars->hasColorLookupTable(), *array))};
+    _mesh.scalars = ScalarColoring{isAtCells ? ScalarLocation::CELLS : ScalarLocation::POINTS,
+                                   array->GetName(), _tables.resolve(*scalars->hasColorLookupTable())};
   }
 
   /// Leaves what the drawable's kind shows, and of that what can be drawn.
@@ -161,6 +165,7 @@ class MeshBuilder {
 
   const lum::GeometryDrawable& _drawable;
   const lum::PolyDataNode& _node;
+  ColorTables& _tables;
   MeshInstance _mesh;
 };
 
@@ -172,8 +177,9 @@ void require(vtkIdType count, vtkIdType most, const char* what) {
 
 }  // namespace
 
-MeshResolver::MeshResolver(std::size_t clipPlanes)
-    : _cutsPerInstance(
+MeshResolver::MeshResolver(std::size_t clipPlanes, ColorTables& tables)
+    : _tables(tables),
+      _cutsPerInstance(
           clipPlanes > HARDWARE_CLIP_PLANES ? static_cast<vtkIdType>(clipPlanes - HARDWARE_CLIP_PLANES) : 0) {
 }
 
@@ -200,10 +206,6 @@ void MeshResolver::countCopies(const MeshInstance& mesh, Load& load) const {
   require(load.copies, 50'000, "copies of meshes");
 }
 
-std::shared_ptr<const ColorTable> MeshResolver::share(std::shared_ptr<const ColorTable> table) {
-  return *_tables.insert(std::move(table)).first;
-}
-
 std::vector<MeshInstance> MeshResolver::resolve(const std::vector<VisibleDrawable>& drawables) {
   std::vector<MeshInstance> meshes;
   Load load = _load;
@@ -217,11 +219,8 @@ std::vector<MeshInstance> MeshResolver::resolve(const std::vector<VisibleDrawabl
       if (polyData == nullptr) {
         continue;
       }
-      if (auto mesh = MeshBuilder(*geometry, *polyData, visible).build()) {
+      if (auto mesh = MeshBuilder(*geometry, *polyData, visible, _tables).build()) {
         countSize(*mesh, load);
-        if (mesh->scalars) {
-          mesh->scalars->table = share(mesh->scalars->table);
-        }
         for (MeshInstance& part : splitBySize(std::move(*mesh), *geometry, *polyData)) {
           countCopies(part, load);
           meshes.push_back(std::move(part));

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "vemoview/resolve/VisibleDrawables.h"
+#include "vemoview/resolve/mesh/ColorTableResolver.h"
 #include <vemo/resolve/MeshInstance.h>
 
 #include <vtkType.h>
 
 #include <cstddef>
-#include <memory>
-#include <set>
 #include <vector>
 
 namespace vemo {
@@ -16,8 +15,8 @@ namespace vemo {
 /// too large.
 class MeshResolver {
  public:
-  /// For a canvas with some clipping planes.
-  explicit MeshResolver(std::size_t clipPlanes);
+  /// For a canvas with some clipping planes. The tables must outlive it.
+  MeshResolver(std::size_t clipPlanes, ColorTables& tables);
 
   /// The meshes of drawables, in order. Throws SceneTooLarge when together with
   /// those resolved before they are too large to be drawn; those then do not
@@ -34,16 +33,8 @@ class MeshResolver {
   vtkIdType timesDrawn(const MeshInstance& mesh) const;
   void countSize(const MeshInstance& mesh, Load& load) const;
   void countCopies(const MeshInstance& mesh, Load& load) const;
-  std::shared_ptr<const ColorTable> share(std::shared_ptr<const ColorTable> table);
 
-  struct ByContent {
-    bool operator()(const std::shared_ptr<const ColorTable>& a,
-                    const std::shared_ptr<const ColorTable>& b) const {
-      return *a < *b;
-    }
-  };
-
-  std::set<std::shared_ptr<const ColorTable>, ByContent> _tables;
+  ColorTables& _tables;
   /// How often each instance of what is clipped is cut by itself.
   vtkIdType _cutsPerInstance;
   Load _load;

@@ -6,12 +6,19 @@
 #include <vemo/scenegraph/attributes/PointScaleAttributes.h>
 
 #include <vtkCellArray.h>
+#include <vtkCellData.h>
 #include <vtkDataArray.h>
+#include <vtkIdList.h>
+#include <vtkNew.h>
 #include <vtkPointData.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <fmt/format.h>
+#include <limits>
+#include <optional>
+#include <string>
 
 namespace vemo {
 
@@ -23,10 +30,8 @@ constexpr std::size_t SIZES = 16;
 /// The position of a value in a range, from 0 to 1.
 class Scale {
  public:
-  explicit Scale(const lum::PointScaleAttributes& attributes)
-      : _isLog(attributes.getScaleMode() == lum::PointScaleMode::LOG10),
-        _low(along(attributes.getScalarRange()[0])),
-        _high(along(attributes.getScalarRange()[1])) {}
+  Scale(const Vector<2, double>& range, bool isLog)
+      : _isLog(isLog), _low(along(range[0])), _high(along(range[1])) {}
 
   double positionOf(double value) const {
     const double position = (along(value) - _low) / (_high - _low);
@@ -49,13 +54,41 @@ vtkDataArray* findFitting(const lum::PolyDataNode& node, const std::string& name
   return isFitting ? array : nullptr;
 }
 
-/// The vertices of each size.
-std::array<vtkSmartPointer<vtkCellArray>, SIZES> sortVertices(vtkCellArray& vertices, vtkDataArray& values,
-                                                              const Scale& scale) {
-  std::array<vtkSmartPointer<vtkCellArray>, SIZES> sorted;
-  for (auto& cells : sorted) {
-    cells = vtkSmartPointer<vtkCellArray>::New();
+/// The least value above 0; infinite when there is none.
+double leastPositive(vtkDataArray& values) {
+  double least = std::numeric_limits<double>::infinity();
+  for (vtkIdType i = 0; i < values.GetNumberOfTuples(); ++i) {
+    const double value = values.GetComponent(i, 0);
+    least = value > 0.0 ? std::min(least, value) : least;
   }
+  return least;
+}
+
+/// The range over which sizes grow. A logarithmic one that begins at 0 or below
+/// begins at the least value above 0 instead. Nothing for one without an extent.
+std::optional<Vector<2, double>> resolveRange(const lum::PointScaleAttributes& attributes,
+                                              vtkDataArray& values, const std::string& points) {
+  Vector<2, double> range = attributes.getScalarRange();
+  if (attributes.getScaleMode() == lum::PointScaleMode::LOG10 && range[0] <= 0.0) {
+    range[0] = leastPositive(values);
+    if (range[0] < range[1]) {
+      reportFinding(FindingCode::POINT_SCALE_ADJUSTED,
+                    fmt::format("{} are scaled logarithmically from {} on, and not from {}", points, range[0],
+                                attributes.getScalarRange()[0]));
+    }
+  }
+  const bool isUsable = std::isfinite(range[0]) && std::isfinite(range[1]) && range[0] != range[1];
+  return isUsable ? std::optional(range) : std::nullopt;
+}
+
+/// Vertices of one size, and which of the mesh's they are.
+struct SizeClass {
+  vtkNew<vtkCellArray> vertices;
+  vtkNew<vtkIdList> origins;
+};
+
+std::array<SizeClass, SIZES> sortVertices(vtkCellArray& vertices, vtkDataArray& values, const Scale& scale) {
+  std::array<SizeClass, SIZES> sorted;
   for (vtkIdType cell = 0; cell < vertices.GetNumberOfCells(); ++cell) {
     vtkIdType size = 0;
     const vtkIdType* points = nullptr;
@@ -63,10 +96,23 @@ std::array<vtkSmartPointer<vtkCellArray>, SIZES> sortVertices(vtkCellArray& vert
     for (vtkIdType i = 0; i < size; ++i) {
       const double position = scale.positionOf(values.GetComponent(points[i], 0));
       const auto index = static_cast<std::size_t>(std::lround(position * (SIZES - 1)));
-      sorted[index]->InsertNextCell(1, points + i);
+      sorted[index].vertices->InsertNextCell(1, points + i);
+      sorted[index].origins->InsertNextId(cell);
     }
   }
   return sorted;
+}
+
+vtkSmartPointer<vtkPolyData> partOf(vtkPolyData& whole, const SizeClass& size) {
+  auto part = vtkSmartPointer<vtkPolyData>::New();
+  part->SetPoints(whole.GetPoints());
+  part->GetPointData()->ShallowCopy(whole.GetPointData());
+  part->SetVerts(size.vertices);
+  part->GetCellData()->CopyAllocate(whole.GetCellData(), size.origins->GetNumberOfIds());
+  for (vtkIdType i = 0; i < size.origins->GetNumberOfIds(); ++i) {
+    part->GetCellData()->CopyData(whole.GetCellData(), size.origins->GetId(i), i);
+  }
+  return part;
 }
 
 void setPointSize(Appearance& appearance, const lum::PointScaleAttributes& scale, double position) {
@@ -87,24 +133,24 @@ std::vector<MeshInstance> splitBySize(MeshInstance mesh, const lum::GeometryDraw
   }
   vtkDataArray* const values =
       findFitting(node, attributes->getScalarName(), mesh.geometry->GetNumberOfPoints());
-  const bool hasCellScalars = mesh.scalars && mesh.scalars->location == ScalarLocation::CELLS;
-  if (values == nullptr || hasCellScalars) {
+  const std::string points = "The points of \"" + node.getName() + '"';
+  const auto range = values != nullptr ? resolveRange(*attributes, *values, points) : std::nullopt;
+  if (!range) {
     reportFinding(
         FindingCode::POINTS_NOT_SCALED,
-        "The points of \"" + node.getName() + "\" are not scaled by \"" + attributes->getScalarName() + '"');
+        fmt::format("{} are not scaled by \"{}\": {}", points, attributes->getScalarName(),
+                    values == nullptr ? "there is no such array that fits them" : "its range is empty"));
     return {std::move(mesh)};
   }
-  const auto sorted = sortVertices(*mesh.geometry->GetVerts(), *values, Scale(*attributes));
+  const bool isLog = attributes->getScaleMode() == lum::PointScaleMode::LOG10;
+  const auto sorted = sortVertices(*mesh.geometry->GetVerts(), *values, Scale(*range, isLog));
   std::vector<MeshInstance> meshes;
   for (std::size_t i = 0; i < SIZES; ++i) {
-    if (sorted[i]->GetNumberOfCells() == 0) {
+    if (sorted[i].vertices->GetNumberOfCells() == 0) {
       continue;
     }
     MeshInstance part = mesh;
-    part.geometry = vtkSmartPointer<vtkPolyData>::New();
-    part.geometry->SetPoints(mesh.geometry->GetPoints());
-    part.geometry->GetPointData()->ShallowCopy(mesh.geometry->GetPointData());
-    part.geometry->SetVerts(sorted[i]);
+    part.geometry = partOf(*mesh.geometry, sorted[i]);
     setPointSize(part.appearance, *attributes, static_cast<double>(i) / (SIZES - 1));
     meshes.push_back(std::move(part));
   }

@@ -1,0 +1,93 @@
+#include "vemoview/render/draw/ClippedInput.h"
+
+#include "geometry/DrawableCells.h"
+#include "vemoview/render/draw/Matrix.h"
+#include <vemo/base/Vector.h>
+#include <vemo/resolve/ClipPlane.h>
+
+#include <vtkAppendPolyData.h>
+#include <vtkClipPolyData.h>
+#include <vtkMatrix4x4.h>
+#include <vtkNew.h>
+#include <vtkPlane.h>
+#include <vtkPlaneCollection.h>
+#include <vtkPolyDataMapper.h>
+#include <vtkTriangleFilter.h>
+
+#include <algorithm>
+
+namespace vemo {
+
+namespace {
+
+constexpr int HARDWARE_PLANES = static_cast<int>(HARDWARE_CLIP_PLANES);
+
+vtkSmartPointer<vtkPolyData> clipped(vtkPolyData& geometry, vtkPlane& plane) {
+  vtkNew<vtkClipPolyData> clipper;
+  clipper->SetInputData(&geometry);
+  clipper->SetClipFunction(&plane);
+  clipper->Update();
+  return clipper->GetOutput();
+}
+
+vtkSmartPointer<vtkPolyData> trianglesOf(vtkPolyData& strips) {
+  vtkNew<vtkTriangleFilter> triangles;
+  triangles->SetInputData(&strips);
+  triangles->Update();
+  return triangles->GetOutput();
+}
+
+/// One kind after the other, and without strips: VTK mixes up the data of
+/// cells of several kinds, and that of the triangles of strips.
+vtkSmartPointer<vtkPolyData> clippedByKind(vtkPolyData& geometry, vtkPlane& plane) {
+  vtkNew<vtkAppendPolyData> all;
+  for (const CellKindTraits& kind : CELL_KINDS) {
+    if (kind.get(geometry)->GetNumberOfCells() > 0) {
+      auto cells = drawableCells(geometry, kind.kind);
+      all->AddInputData(clipped(kind.kind == CellKind::STRIPS ? *trianglesOf(*cells) : *cells, plane));
+    }
+  }
+  all->Update();
+  return all->GetOutput();
+}
+
+/// The plane in the coordinates of an instance.
+vtkSmartPointer<vtkPlane> planeWithin(vtkPlane& plane, const InstanceTransform& transform) {
+  auto result = vtkSmartPointer<vtkPlane>::New();
+  const auto matrix = toMatrix(transform);
+  // A point p of the model is M q: n (M q) is (transposed M n) q.
+  Vector<4, double> normal{plane.GetNormal()[0], plane.GetNormal()[1], plane.GetNormal()[2], 0.0};
+  Vector<4, double> origin{plane.GetOrigin()[0], plane.GetOrigin()[1], plane.GetOrigin()[2], 1.0};
+  vtkNew<vtkMatrix4x4> inverse;
+  vtkMatrix4x4::Invert(matrix, inverse);
+  inverse->MultiplyPoint(origin.data(), origin.data());
+  matrix->Transpose();
+  matrix->MultiplyPoint(normal.data(), normal.data());
+  result->SetNormal(normal.data());
+  result->SetOrigin(origin.data());
+  return result;
+}
+
+/// The first planes clip in the mapper; the others, which it does not accept, cut
+/// the geometry itself.
+vtkSmartPointer<vtkPolyData> cutByFurtherPlanes(vtkPolyData& geometry, vtkPlaneCollection& planes,
+                                                const InstanceTransform* transform) {
+  vtkSmartPointer<vtkPolyData> result = &geometry;
+  for (int i = HARDWARE_PLANES; i < planes.GetNumberOfItems(); ++i) {
+    vtkPlane& plane = *planes.GetItem(i);
+    result = clippedByKind(*result, transform == nullptr ? plane : *planeWithin(plane, *transform));
+  }
+  return result;
+}
+
+}  // namespace
+
+void setClippedInput(vtkPolyDataMapper& mapper, vtkPolyData& geometry, vtkPlaneCollection& planes,
+                     const InstanceTransform* transform) {
+  for (int i = 0; i < std::min(planes.GetNumberOfItems(), HARDWARE_PLANES); ++i) {
+    mapper.AddClippingPlane(planes.GetItem(i));
+  }
+  mapper.SetInputData(cutByFurtherPlanes(geometry, planes, transform));
+}
+
+}  // namespace vemo

@@ -1,0 +1,125 @@
+#include "vemoview/resolve/decorations/FontResolver.h"
+
+#include "vemoview/resolve/decorations/ReadableText.h"
+#include <vemo/scenegraph/Findings.h>
+
+#include <fmt/format.h>
+#include <ft2build.h>
+#include FT_FREETYPE_H
+
+#include <optional>
+#include <set>
+#include <vector>
+
+namespace vemo {
+
+namespace {
+
+using Characters = std::set<char32_t>;
+
+/// What VTK's built-in fonts have in every face and style.
+bool isBuiltIn(char32_t character) {
+  constexpr char32_t LAST_OF_LATIN_1 = 0xFF;
+  return character <= LAST_OF_LATIN_1;
+}
+
+Characters foreignOf(std::initializer_list<std::string_view> texts) {
+  Characters result;
+  for (const std::string_view text : texts) {
+    for (const char32_t character : charactersOf(text)) {
+      if (!isBuiltIn(character)) {
+        result.insert(character);
+      }
+    }
+  }
+  return result;
+}
+
+/// Reads which characters fonts have.
+class FontReader {
+ public:
+  FontReader() : _isOpen(FT_Init_FreeType(&_library) == 0) {}
+  ~FontReader() {
+    if (_isOpen) {
+      FT_Done_FreeType(_library);
+    }
+  }
+  FontReader(const FontReader&) = delete;
+  FontReader& operator=(const FontReader&) = delete;
+
+  /// Nothing for a file that is no font.
+  std::optional<Characters> missingIn(const std::string& file, const Characters& wanted) const {
+    FT_Face face = nullptr;
+    if (!_isOpen || FT_New_Face(_library, file.c_str(), 0, &face) != 0) {
+      return std::nullopt;
+    }
+    Characters missing;
+    for (const char32_t character : wanted) {
+      if (FT_Get_Char_Index(face, character) == 0) {
+        missing.insert(character);
+      }
+    }
+    FT_Done_Face(face);
+    return missing;
+  }
+
+ private:
+  FT_Library _library = nullptr;
+  bool _isOpen;
+};
+
+/// Files that may be there, those most like the style first.
+std::vector<std::string> filesLike(const TextStyle& style) {
+  using Family = TextStyle::Family;
+  const std::string folder = "/usr/share/fonts/truetype/dejavu/DejaVu";
+  const std::string family = style.family == Family::COURIER ? "SansMono"
+                             : style.family == Family::TIMES ? "Serif"
+                                                             : "Sans";
+  const std::string slanted = style.family == Family::TIMES ? "Italic" : "Oblique";
+  std::vector<std::string> files;
+  const auto add = [&](const std::string& name) { files.push_back(folder + name + ".ttf"); };
+  if (style.isItalic) {
+    add(family + "-" + (style.isBold ? "Bold" : "") + slanted);
+  }
+  if (style.isBold) {
+    add(family + "-Bold");
+  }
+  add(family);
+  // Of these fonts it has the most characters.
+  add("Sans");
+  return files;
+}
+
+void reportMissing(const Characters& missing, const std::string& owner) {
+  std::string list;
+  for (const char32_t character : missing) {
+    list += fmt::format("{}U+{:04X}", list.empty() ? "" : ", ", static_cast<std::uint32_t>(character));
+  }
+  reportFinding(FindingCode::GLYPH_MISSING, owner + " has characters that no font here has: " + list);
+}
+
+}  // namespace
+
+std::string resolveFontFile(const TextStyle& style, std::initializer_list<std::string_view> texts,
+                            const std::string& owner) {
+  Characters missing = foreignOf(texts);
+  if (missing.empty()) {
+    return {};
+  }
+  const FontReader fonts;
+  const Characters wanted = missing;
+  std::string best;
+  for (const std::string& file : filesLike(style)) {
+    const auto left = fonts.missingIn(file, wanted);
+    if (left && left->size() < missing.size()) {
+      missing = *left;
+      best = file;
+    }
+  }
+  if (!missing.empty()) {
+    reportMissing(missing, owner);
+  }
+  return best;
+}
+
+}  // namespace vemo
