@@ -90,7 +90,10 @@ ColorTable resolveColorTable(const lum::ColorLookupTable* table, vtkDataArray& v
     }
   }
   ColorTable result;
-  result.rgba = colors.empty() ? defaultColors() : std::move(colors);
+  result.rgba = std::move(colors);
+  if (result.rgba.empty()) {
+    result.rgba = defaultColors();
+  }
   result.range = isUsable(range, isLog10) ? range : result.range;
   result.isLog10 = isLog10;
   return result;
