@@ -200,9 +200,9 @@ TEST(AnnotationFeature, StandsInTheWindowByAnyOfItsPoints) {
     const Box box = inkOn(picture, BLACK);
     EXPECT_NEAR(box.width(), 48, 12);
     EXPECT_NEAR(box.height(), 19, 5);
-    EXPECT_NEAR(box.left + horizontal * box.width() / 2, SIZE / 2, 4);
+    EXPECT_NEAR(box.left + 0.5 * horizontal * box.width(), 0.5 * SIZE, 4);
     // Letters may reach below the line.
-    EXPECT_NEAR(box.bottom + vertical * box.height() / 2, SIZE / 2, 9);
+    EXPECT_NEAR(box.bottom + 0.5 * vertical * box.height(), 0.5 * SIZE, 9);
     EXPECT_GT(boxOf(picture, {255, 255, 0}).pixels, 100);
   }
 }

@@ -60,7 +60,7 @@ vtkSmartPointer<vtkPolyData> moved(vtkPolyData* polyData, vtkMatrix4x4* matrix) 
 
 std::vector<vtkActor*> actorsOf(vtkRenderer& renderer) {
   std::vector<vtkActor*> result;
-  vtkCollectionSimpleIterator place;
+  vtkCollectionSimpleIterator place = nullptr;
   vtkActorCollection& actors = *renderer.GetActors();
   for (actors.InitTraversal(place); vtkActor* const actor = actors.GetNextActor(place);) {
     result.push_back(actor);

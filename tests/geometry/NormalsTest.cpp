@@ -11,6 +11,7 @@
 #include <vtkPolyDataNormals.h>
 #include <vtkSmartPointer.h>
 #include <vtkTriangle.h>
+#include <vtkVersionMacros.h>
 
 #include <algorithm>
 #include <array>
@@ -32,6 +33,12 @@ using Values = std::vector<float>;
 
 constexpr float NOT_A_NUMBER = std::numeric_limits<float>::quiet_NaN();
 constexpr float INFINITE = std::numeric_limits<float>::infinity();
+
+// Our normals are those of VTK 9.1 in any version of VTK. The filter of VTK 9.3
+// rounds differently, and also differs at polygons that are not flat.
+constexpr bool IS_OUR_FILTER = VTK_MAJOR_VERSION == 9 && VTK_MINOR_VERSION == 1;
+constexpr float TOLERANCE = IS_OUR_FILTER ? 0.0F : 1e-5F;
+constexpr std::size_t COMMON_CELL_SIZE = IS_OUR_FILTER ? 7 : 3;
 
 vtkSmartPointer<vtkCellArray> cellArray(const Cells& cells, bool wide = false) {
   auto array = vtkSmartPointer<vtkCellArray>::New();
@@ -56,8 +63,8 @@ vtkSmartPointer<vtkPolyData> meshOn(const std::vector<std::array<float, 3>>& coo
   return mesh;
 }
 
-/// Cells of 3 to 7 points among points that lie anywhere: neither flat nor
-/// convex, and many cells to a point. The last point is in no cell.
+/// Cells of 3 to 7 points, or a lower maximum, among points that lie anywhere:
+/// neither flat nor convex, and many cells to a point. The last point is in no cell.
 struct RandomMesh {
   std::mt19937 engine{7};
 
@@ -70,11 +77,11 @@ struct RandomMesh {
     return result;
   }
 
-  Cells cells(std::size_t count, std::size_t points) {
+  Cells cells(std::size_t count, std::size_t points, std::size_t maximum = 7) {
     std::uniform_int_distribution<vtkIdType> index(0, static_cast<vtkIdType>(points) - 2);
     Cells result(count);
     for (std::size_t i = 0; i < count; ++i) {
-      result[i].resize(3 + i % 5);
+      result[i].resize(3 + i % (maximum - 2));
       std::generate(result[i].begin(), result[i].end(), [&] { return index(engine); });
     }
     return result;
@@ -106,24 +113,28 @@ FilterNormals filterNormals(vtkPolyData* mesh) {
           valuesOf(filter->GetOutput()->GetCellData()->GetNormals())};
 }
 
+auto areTheFilters(const Values& normals) {
+  return testing::Pointwise(testing::FloatNear(TOLERANCE), normals);
+}
+
 class NormalsOfEveryStorage : public testing::TestWithParam<std::tuple<int, bool>> {};
 
-TEST_P(NormalsOfEveryStorage, areThoseOfTheFilterToTheLastBit) {
+TEST_P(NormalsOfEveryStorage, areThoseOfTheFilter) {
   const auto [type, wide] = GetParam();
   RandomMesh random;
   const auto mesh = meshOn(random.coordinates(200), type);
   mesh->SetVerts(cellArray({{0}, {1, 2}}, wide));
   mesh->SetLines(cellArray({{3, 4, 5}}, wide));
-  mesh->SetPolys(cellArray(random.cells(500, 200), wide));
+  mesh->SetPolys(cellArray(random.cells(500, 200, COMMON_CELL_SIZE), wide));
   const Values ours = valuesOf(cellNormals(*mesh));
-  EXPECT_EQ(ours, filterNormals(mesh).cells);
+  EXPECT_THAT(ours, areTheFilters(filterNormals(mesh).cells));
   EXPECT_EQ(ours.size(), 3 * 503U);
-  EXPECT_EQ(valuesOf(pointNormals(*mesh)), filterNormals(mesh).points);
+  EXPECT_THAT(valuesOf(pointNormals(*mesh)), areTheFilters(filterNormals(mesh).points));
 
   mesh->SetStrips(cellArray(random.cells(300, 200), wide));
-  EXPECT_EQ(valuesOf(pointNormals(*mesh)), filterNormals(mesh).points);
+  EXPECT_THAT(valuesOf(pointNormals(*mesh)), areTheFilters(filterNormals(mesh).points));
   mesh->SetPolys(nullptr);
-  EXPECT_EQ(valuesOf(pointNormals(*mesh)), filterNormals(mesh).points);
+  EXPECT_THAT(valuesOf(pointNormals(*mesh)), areTheFilters(filterNormals(mesh).points));
 }
 
 INSTANTIATE_TEST_SUITE_P(, NormalsOfEveryStorage,
@@ -135,13 +146,13 @@ TEST(Normals, ofAStripIsTheMeanOfItsTrianglesAndOneForTheCell) {
   const Cells strips = random.cells(40, 50);
   mesh->SetVerts(cellArray({{1}}));
   mesh->SetStrips(cellArray(strips));
-  mesh->SetPolys(cellArray({{0, 1, 2}, {3, 4, 5, 6}}));
+  mesh->SetPolys(cellArray({{0, 1, 2}, {3, 4, 5}}));
   const Values ours = valuesOf(cellNormals(*mesh));
   ASSERT_EQ(ours.size(), 3 * 43U);
 
   // The filter has a normal for each triangle, after the others in our order.
   const Values filters = filterNormals(mesh).cells;
-  EXPECT_TRUE(std::equal(ours.begin(), ours.begin() + 9, filters.begin()));
+  EXPECT_THAT(Values(ours.begin(), ours.begin() + 9), areTheFilters({filters.begin(), filters.begin() + 9}));
   auto triangle = filters.begin() + 9;
   for (std::size_t i = 0; i < strips.size(); ++i) {
     std::array<double, 3> mean{};

@@ -19,7 +19,6 @@ namespace vemo {
 
 namespace {
 
-using lum::io::FileIoStatus;
 using Handler = SceneFormatHandler;
 
 class SceneFormatHandlerTest : public SceneFixture {

@@ -170,9 +170,9 @@ TEST_F(Picking, FindsWhatThePictureShows) {
   std::vector<const lum::Drawable*> drawables;
   for (int i = 0; i < 60; ++i) {
     const bool isStrip = i % 2 == 0;
-    std::vector<std::array<float, 3>> points;
-    for (int j = 0; j < 5; ++j) {
-      points.push_back({place(random), place(random), place(random)});
+    std::vector<std::array<float, 3>> points(5);
+    for (auto& point : points) {
+      point = {place(random), place(random), place(random)};
     }
     const auto geometry = makePolyData(
         points, isStrip ? Cells{.strips = {{0, 1, 2, 3, 4}}} : Cells{.polys = {{0, 1, 2}, {2, 3, 4}}});

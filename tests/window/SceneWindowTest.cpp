@@ -4,6 +4,8 @@
 #include <vemo/scenegraph/drawables/SurfaceDrawable.h>
 #include <vemo/scenegraph/drawables/TriadDrawable.h>
 
+#include <vtkVersionMacros.h>
+
 #include <QClipboard>
 #include <QGuiApplication>
 #include <gtest/gtest.h>
@@ -220,8 +222,9 @@ TEST_F(OpenSceneWindowTest, SavesWhatIsSeenWithoutTheMarks) {
   const TemporaryFolder folder;
   const QString path = QString::fromStdString(folder / "picture.png");
   open.window().savePicture(path);
-  // On the screen VTK smooths edges in another way.
-  constexpr int EDGES = 60;
+  // On the screen VTK smooths edges in another way. VTK 9.3 averages an edge's
+  // samples as linear light, which is up to 73 brighter.
+  constexpr int EDGES = VTK_MAJOR_VERSION == 9 && VTK_MINOR_VERSION == 1 ? 60 : 75;
   EXPECT_TRUE(isSame(toPicture(QImage(path)), first, EDGES));
   EXPECT_FALSE(isAsInTheBeginning()) << "and stays so";
   EXPECT_THROW(open.window().savePicture(QString::fromStdString(folder / "no folder/x.png")),

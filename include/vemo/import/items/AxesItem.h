@@ -6,6 +6,7 @@
 
 #include <vtkSmartPointer.h>
 
+#include <array>
 #include <string>
 
 class vtkTextActor;
@@ -50,7 +51,7 @@ class VEMO_IMPORT_EXPORT AxesItem : public GraphicsItem {
   Vector<3, double> _yAxis{0.0, 1.0, 0.0};
   Vector<3, double> _zAxis{0.0, 0.0, 1.0};
   Color _textColor{0, 0, 0, 255};
-  Vector<3, vtkSmartPointer<vtkTextActor>> _labels;
+  std::array<vtkSmartPointer<vtkTextActor>, 3> _labels;
 };
 
 }  // namespace vemo

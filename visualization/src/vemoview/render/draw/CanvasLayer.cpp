@@ -81,7 +81,7 @@ void CanvasLayer::fill(const CanvasCameras& cameras) {
 
 void CanvasLayer::update(CanvasUpdate update, const CanvasCameras& cameras) {
   addBatches(std::move(update.meshes));
-  _decorations.add(std::move(update.decorations), cameras);
+  _decorations.add(update.decorations, cameras);
   for (Batch& batch : _batches) {
     batch.show(update.visible, _pixelScale);
   }
