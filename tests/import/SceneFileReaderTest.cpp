@@ -149,16 +149,16 @@ TEST_F(SceneFileReaderTest, ExpandsNoEntitiesWithoutEnd) {
 }
 
 TEST_F(SceneFileReaderTest, ReportsWhatIsWrongWithEntriesThatItReads) {
-  SceneFileReader reader =
-      open(ArchiveBuilder()
-               .text("scene.xml", "<scene background='00000000'/>")
-               .text("scene.xml",
-                     "<scene background='00000000'><image2d pixels='x' width='2' height='1'/></scene>")
-               .text("x", "12345")
-               .forge([](Entry& e) {
-                 e.uncompressedSize = 6;
-                 e.crc = 0;
-               }));
+  SceneFileReader reader = open(ArchiveBuilder()
+                                    .text("scene.xml", "<scene background='00000000'/>")
+                                    .text("scene.xml",
+                                          "<scene background='00000000'><image2d visibility='1' pixels='x' "
+                                          "width='2' height='1'/></scene>")
+                                    .text("x", "12345")
+                                    .forge([](Entry& e) {
+                                      e.uncompressedSize = 6;
+                                      e.crc = 0;
+                                    }));
   std::unique_ptr<Scene> scene;
   reader.read(scene);
   std::vector<std::string> found;
