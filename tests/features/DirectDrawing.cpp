@@ -71,15 +71,14 @@ std::vector<vtkActor*> actorsOf(vtkRenderer& renderer) {
 bool showsFineShapes(vtkActor* actor) {
   auto& geometry = dynamic_cast<vtkPolyData&>(*actor->GetMapper()->GetInput());
   vtkProperty& property = *actor->GetProperty();
-  return property.GetEdgeVisibility() != 0 || property.GetRenderPointsAsSpheres() ||
-         geometry.GetNumberOfLines() > 0;
+  return property.GetEdgeVisibility() != 0 || property.GetRepresentation() != VTK_SURFACE ||
+         property.GetRenderPointsAsSpheres() || geometry.GetNumberOfLines() > 0;
 }
 
 }  // namespace
 
 DirectDrawing::DirectDrawing(Scene& items) : _items(items), _renderer(vtkSmartPointer<vtkRenderer>::New()) {
-  const auto background = items.getBackgroundColor().getRGB();
-  _renderer->SetBackground(background[0], background[1], background[2]);
+  _renderer->SetBackground(items.getBackgroundColor().getRGB().data());
   const Camera& view = items.getCamera();
   vtkCamera& camera = *_renderer->GetActiveCamera();
   camera.SetPosition(view.position.data());
@@ -141,13 +140,13 @@ void DirectDrawing::add(GeometryItem& item, const Matrices& places, const Colorm
   }
 }
 
-vtkActor& DirectDrawing::addPlain(vtkPolyData* polyData, double red, double green, double blue) {
+vtkActor& DirectDrawing::addPlain(vtkPolyData* polyData, Vector3 color) {
   vtkNew<vtkPolyDataMapper> mapper;
   mapper->SetInputData(polyData);
   mapper->ScalarVisibilityOff();
   vtkNew<vtkActor> actor;
   actor->SetMapper(mapper);
-  actor->GetProperty()->SetColor(red, green, blue);
+  actor->GetProperty()->SetColor(color.data());
   actor->GetProperty()->LightingOff();
   _renderer->AddActor(actor);
   return *actor;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <vemo/base/Vector.h>
 #include <vemo/render/Picture.h>
 
 #include <vtkSmartPointer.h>
@@ -42,7 +43,7 @@ class DirectDrawing {
   void addGeometry();
 
   /// An unlit actor of lines, points or faces in one colour.
-  vtkActor& addPlain(vtkPolyData* polyData, double red, double green, double blue);
+  vtkActor& addPlain(vtkPolyData* polyData, Vector3 color);
 
   /// The picture of 300 x 300 pixels.
   Picture draw();

@@ -14,8 +14,9 @@
 #include <vtkPointData.h>
 #include <vtkUnsignedCharArray.h>
 
+#include <cmath>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include <tuple>
 
 namespace vemo {
 
@@ -76,6 +77,41 @@ TEST(SceneResolver, ListsMeshesWithTheirAppearanceAndInstances) {
   EXPECT_EQ(meshes[1].appearance.pointSize, 7);
   EXPECT_EQ(meshes[1].geometry->GetNumberOfVerts(), 4);
   EXPECT_EQ(meshes[1].transforms, nullptr);
+}
+
+TEST(SceneResolver, TakesTheColorOfTheModeOrTheOther) {
+  SceneBuilder scene;
+  auto& colors = *scene.addSurface(makeRectangle(0, 1, 0, 1), {0, 0, 1}).getColorAttributes();
+  const auto color = [&] { return resolveScene(scene.node()).canvases.at(0).meshes.at(0).color; };
+  colors.setColorMode(lum::ColorMode::KEYED);
+  EXPECT_EQ(color(), (Point{0, 0, 1}));
+  colors.setColor("PolyDataNode", {1, 0, 0});
+  EXPECT_EQ(color(), (Point{1, 0, 0}));
+  colors.setColorMode(lum::ColorMode::PLAIN);
+  EXPECT_EQ(color(), (Point{0, 0, 1}));
+}
+
+TEST(SceneResolver, GivesPointsADefaultColorThatContrastsWithEveryBackground) {
+  SceneBuilder scene;
+  scene.add<lum::PointSphereDrawable>(makeRectangle(0, 1, 0, 1));
+  const Point color = resolveScene(scene.node()).canvases.at(0).meshes.at(0).color;
+  const auto linear = [](double value) { return std::pow(value, 2.2); };
+  const double luminance = 0.2126 * linear(color[0]) + 0.7152 * linear(color[1]) + 0.0722 * linear(color[2]);
+  EXPECT_GT((luminance + 0.05) / 0.05, 4) << "on black";
+  EXPECT_GT(1.05 / (luminance + 0.05), 4) << "on white";
+}
+
+TEST(SceneResolver, LeavesOutWhatIsHiddenAndAllBelow) {
+  SceneBuilder scene;
+  auto& outer = scene.collectionIn(scene.drawables());
+  auto& surface = scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 0, 0}, outer);
+  scene.addSurface(makeRectangle(-1, 1, -1, 1), {0, 1, 0}, outer);
+  for (const auto& [isOuterVisible, isSurfaceVisible, shown] :
+       {std::tuple(true, true, 2U), {true, false, 1}, {false, true, 0}, {false, false, 0}}) {
+    outer.getBaseAttributes().setVisibility(isOuterVisible, false);
+    surface.getBaseAttributes().setVisibility(isSurfaceVisible, false);
+    EXPECT_EQ(resolveScene(scene.node()).canvases.at(0).meshes.size(), shown);
+  }
 }
 
 TEST(SceneResolver, GivesPlainColorTables) {
