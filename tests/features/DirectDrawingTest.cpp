@@ -230,6 +230,7 @@ INSTANTIATE_TEST_SUITE_P(Lights, FeatureTest,
 INSTANTIATE_TEST_SUITE_P(
     Materials, FeatureTest,
     testing::Values(Feature{"Ambient", geometry(HILL + " ambient='0.75'")},
+                    Feature{"Translucent", geometry("points='hill' polys='hillFaces' faceColor='40a0ff80'")},
                     Feature{"Dull", geometry(HILL + " ambient='0.25' diffuse='0.5' specularPower='1'")},
                     Feature{"Shiny", geometry(HILL + " diffuse='0.5' specular='1' specularPower='20'")}),
     nameOf);
