@@ -65,21 +65,17 @@ TEST(FieldsTest, AFieldLeadsToItsMember) {
   EXPECT_EQ(*get<double*>(*node, 0), 2.5);
   node->setWeight(3.0);
   EXPECT_EQ(*get<double*>(*node, 0), 3.0);
+  const auto shape = get<lum::EnumerationField>(*node, 1);
+  EXPECT_EQ(*shape.value, 1);
+  EXPECT_THAT(*shape.names, ElementsAre(testing::StrEq("round"), testing::StrEq("square"),
+                                        testing::StrEq("as flat as can be")));
+  node->setShape(lum::Shape::FLAT);
+  EXPECT_EQ(*shape.value, 2);
   EXPECT_EQ(get<lum::OwnedSlot*>(*node, 2)->getNode(), nullptr);
   const lum::Node* const owned = &node->getAttributes();
   EXPECT_EQ(get<lum::OwnedSlot*>(*node, 2)->getNode(), owned);
   EXPECT_EQ(&node->getVisibility(), get<bool*>(*node, 3));
   EXPECT_EQ(get<lum::Vector3*>(*node, 5), &node->getColor1());
-}
-
-TEST(FieldsTest, AnEnumerationKnowsItsNames) {
-  const auto node = makeNode();
-  const auto field = get<lum::EnumerationField>(*node, 1);
-  EXPECT_EQ(*field.value, 1);
-  EXPECT_THAT(*field.names, ElementsAre(testing::StrEq("round"), testing::StrEq("square"),
-                                        testing::StrEq("as flat as can be")));
-  node->setShape(lum::Shape::FLAT);
-  EXPECT_EQ(*field.value, 2);
 }
 
 }  // namespace

@@ -1,0 +1,183 @@
+// What programs and people are shown of graphs: JSON, texts, differences.
+
+#include "support/Expected.h"
+#include "support/Meshes.h"
+#include "support/Nodes.h"
+#include "support/SampleGraphs.h"
+#include "support/SmallStack.h"
+#include <vemo/scenegraph/attributes/TextAttributes.h>
+#include <vemo/scenegraph/coloring/ColorLookupTable.h>
+#include <vemo/scenegraph/inspect/Compare.h>
+#include <vemo/scenegraph/inspect/FieldText.h>
+#include <vemo/scenegraph/inspect/JsonPrinter.h>
+#include <vemo/scenegraph/inspect/JsonWriter.h>
+
+#include <vtkPoints.h>
+#include <vtkTypeInt64Array.h>
+#include <vtkUnsignedCharArray.h>
+
+#include <cmath>
+#include <gmock/gmock.h>
+#include <limits>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+namespace vemo {
+
+namespace {
+
+using lum::describeFields;
+using nlohmann::json;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+std::string print(const lum::Node& node) {
+  std::ostringstream out;
+  lum::JsonWriter writer(out);
+  lum::JsonPrinter(writer, lum::JsonPrinter::Values::LEFT_OUT).print(node);
+  writer.finish();
+  return out.str();
+}
+
+/// Numbers that are not finite are null, and arrays keep their order.
+TEST(JsonPrinterTest, PrintsFieldsArraysAndOwnedNodes) {
+  const auto scene = makeScene();
+  auto& camera = scene->getModelCanvas().getCameraAttributes();
+  camera.setPosition({0.1, 1e300, -2.0});
+  camera.setQualifiedName("the camera");
+  surfaceOf(*scene).getColorAttributes()->setColor("left", {1.0, 0.5, NAN});
+  auto& piece = *surfaceOf(*scene).find<lum::PolyDataNode>("second");
+  piece.setNodeDataArray(makeArray<vtkUnsignedCharArray>("z", {200, 7, 8}));
+  piece.setNodeDataArray(
+      makeArray<vtkTypeInt64Array>("a", {std::numeric_limits<vtkTypeInt64>::min(), 1, 2, 3, 4, 5}, 2));
+  piece.setNodeDataArray(makeArray("small", {0.1F, 16777216.0F, 1e-7F}));
+  expectGraph(*scene, "scene.json");
+  EXPECT_EQ(print(*scene).find("\"values\""), std::string::npos);
+}
+
+TEST(JsonPrinterTest, NamesTheNodesReferredTo) {
+  const auto scene = makeScene();
+  auto& triad = triadOf(*scene);
+  auto& camera = scene->getModelCanvas().getCameraAttributes();
+  const auto expectReference = [](const lum::Node& printed, const json& reference) {
+    EXPECT_THAT(json::parse(print(printed)).dump(), HasSubstr("\"cameraAttributes\":" + reference.dump()));
+  };
+  const auto expectPath = [&](const std::string& path) { expectReference(*scene, {{"reference", path}}); };
+  expectPath("ModelCanvas/AttributesCollection/CameraAttributes");
+  camera.setName("a/b~");
+  expectPath("ModelCanvas/AttributesCollection/a~1b~0");
+  camera.setName("");
+  scene->getOrientationCanvas().setName("ModelCanvas");
+  expectPath("ModelCanvas/AttributesCollection/~e");
+  triad.setCameraAttributes(&scene->getOrientationCanvas().getCameraAttributes());
+  expectPath("ModelCanvas~#2/AttributesCollection/CameraAttributes");
+  expectReference(triad, {{"reference", nullptr}});
+  triad.setCameraAttributes(nullptr);
+  expectReference(triad, nullptr);
+}
+
+TEST(JsonPrinterTest, PrintsTheDeepestGraphOnASmallStack) {
+  std::string text;
+  runOnSmallStack([&] { text = print(*makeChain(lum::Node::MAXIMUM_DEPTH)); });
+  json level = json::parse(text);
+  int depth = 1;
+  for (; !level["nodes"].empty(); ++depth) {
+    level = json(level["nodes"][0]);
+  }
+  EXPECT_EQ(depth, lum::Node::MAXIMUM_DEPTH);
+}
+
+TEST(JsonWriterTest, WritesTextsAndNumbersThatReadersUnderstand) {
+  std::ostringstream out;
+  lum::JsonWriter writer(out);
+  writer.beginArray(lum::JsonWriter::Layout::ONE_LINE);
+  writer.value("\"\\/\n\t\x01\x7F");
+  writer.value("caf\xC3\xA9 \xFF\xC3(\xED\xA0\x80");
+  writer.value(-0.0);
+  writer.value(0.1F);
+  writer.value(5e-324);
+  writer.value(std::numeric_limits<std::uint64_t>::max());
+  writer.beginObject();
+  writer.endObject();
+  writer.endArray();
+  writer.finish();
+  EXPECT_EQ(out.str(),
+            "[\"\\\"\\\\/\\n\\t\\u0001\x7F\", "
+            "\"caf\xC3\xA9 \xEF\xBF\xBD\xEF\xBF\xBD(\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\", "
+            "-0.0, 0.1, 5e-324, 18446744073709551615, {}]\n");
+  EXPECT_TRUE(json::accept(out.str()));
+}
+
+TEST(FieldTextTest, NamesEnumeratorsAndPrintsColorsAsHexDigits) {
+  const auto colors = make<lum::ColorAttributes>();
+  EXPECT_EQ(describeFields(*colors), "colorMode plain, opacity 1");
+  colors->setColorMode(lum::ColorMode::KEYED);
+  colors->setColor({1.0, 0.5, 0.0}, false);
+  colors->setColor("a\n\x1b", {2.0, 0.0, 0.0});
+  EXPECT_EQ(describeFields(*colors),
+            "colorMode by key, color #ff8000, colors (\"a\n\xEF\xBF\xBD\" (2, 0, 0)), opacity 1");
+  colors->setColorMode(static_cast<lum::ColorMode>(7));
+  EXPECT_THAT(describeFields(*colors), StartsWith("colorMode 7,"));
+}
+
+TEST(FieldTextTest, ShortensLongListsAndLeavesOutWhatIsNotSet) {
+  const auto table = make<lum::ColorLookupTable>();
+  table->setColorValues(std::vector<double>(4));
+  EXPECT_THAT(describeFields(*table), StartsWith("colorValues (0, 0, 0, 0), numColor 0, "));
+  table->setColorValues(std::vector<double>(1234));
+  EXPECT_THAT(describeFields(*table), StartsWith("colorValues 1,234 numbers, "));
+  const auto colors = make<lum::ColorAttributes>();
+  for (const char* key : {"a", "b", "c", "d", "e", "f"}) {
+    colors->setColor(key, {});
+  }
+  EXPECT_THAT(describeFields(*colors), HasSubstr("\"d\" #000000, 2 more)"));
+  EXPECT_THAT(describeFields(*make<lum::CameraAttributes>()),
+              testing::EndsWith("projectionMode perspective"));
+  EXPECT_THAT(describeFields(*make<lum::TextAttributes>()),
+              HasSubstr("fontFamilyName \"Arial\", fontStyle 0, foregroundColor #000000ff"));
+}
+
+TEST(Compare, NamesTheNodeAndTheField) {
+  struct {
+    const char* expected;
+    void (*change)(lum::SceneNode&);
+  } const cases[] = {
+      {"name: scene against other", [](auto& scene) { scene.setName("other"); }},
+      {"qualified name", [](auto& scene) { scene.setQualifiedName(""); }},
+      {"foregroundCanvas: only one has a node", [](auto& scene) { scene.getForegroundCanvas(); }},
+      {"surface\": nodes: 5 against 6 nodes",
+       [](auto& scene) { surfaceOf(scene).template findOrCreate<lum::PolyDataNode>("new"); }},
+      {"ColorAttributes\": color",
+       [](auto& scene) { surfaceOf(scene).getColorAttributes()->setColor({}, false); }},
+      {"opacity: 1 against 0.5",
+       [](auto& scene) { surfaceOf(scene).getColorAttributes()->setOpacity(0.5, false); }},
+      {"first\": points: the values differ",
+       [](auto& scene) {
+         auto geometry = makeGeometry(false);
+         geometry->GetPoints()->SetPoint(0, -0.0, 0, 0);
+         surfaceOf(scene).template find<lum::PolyDataNode>("first")->setPolyData(geometry);
+       }},
+      {"wide\": verts: offsets: ",
+       [](auto& scene) {
+         surfaceOf(scene).template find<lum::PolyDataNode>("wide")->setPolyData(makeGeometry(false));
+       }},
+      {"triad\": refers to CameraAttributes",
+       [](auto& scene) {
+         triadOf(scene).setCameraAttributes(&scene.getOrientationCanvas().getCameraAttributes());
+       }},
+  };
+  for (const auto& [expected, change] : cases) {
+    const auto left = makeScene();
+    const auto right = makeScene();
+    // There in both, so that the reference to it is the only difference.
+    left->getOrientationCanvas().getCameraAttributes();
+    right->getOrientationCanvas().getCameraAttributes();
+    EXPECT_EQ(lum::firstDifference(*left, *right), "");
+    change(*right);
+    EXPECT_THAT(lum::firstDifference(*left, *right), HasSubstr(expected));
+  }
+}
+
+}  // namespace
+
+}  // namespace vemo
