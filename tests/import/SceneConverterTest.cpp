@@ -1,4 +1,5 @@
 #include "SceneFixture.h"
+#include "support/Databases.h"
 #include "support/Expected.h"
 #include "support/Files.h"
 #include "support/GraphText.h"
@@ -9,12 +10,10 @@
 #include <vemo/scenegraph/drawables/SurfaceDrawable.h>
 #include <vemo/scenegraph/io/NodeOutputStream.h>
 #include <vemo/scenegraph/io/SDBReader.h>
-#include <vemo/scenegraph/io/SceneGraphWriter.h>
 
 #include <vtkPolyData.h>
 
 #include <gmock/gmock.h>
-#include <sstream>
 
 namespace vemo {
 
@@ -39,14 +38,10 @@ class SceneConverterTest : public SceneFixture {
     for (const lum::Node* root : roots) {
       root->write(stream);
     }
-    lum::SceneGraphWriter writer(stream);
-    std::ostringstream scene;
-    ASSERT_TRUE(writer.saveSceneFileToOutputStream(scene));
-    _archive.text("scene.lum", scene.str());
-    for (int i = 0; writer.getVtkDataCount() > 0; ++i) {
-      std::ostringstream data;
-      ASSERT_TRUE(writer.saveVtkDataToOutputStream(data));
-      _archive.text("lum" + std::to_string(i), data.str());
+    const Payload payload(stream);
+    _archive.text("scene.lum", payload.scene);
+    for (std::size_t i = 0; i < payload.data.size(); ++i) {
+      _archive.text("lum" + std::to_string(i), payload.data[i]);
     }
   }
 
@@ -62,12 +57,7 @@ class SceneConverterTest : public SceneFixture {
 
 TEST_F(SceneConverterTest, WritesOneRecordWithTheConvertedScene) {
   auto& node = run(sceneXml(assembly("A", geometry("polys='quad'")), "name='a scene' background='ff800040'"));
-  const lum::SDBReader reader(wide(output()));
-  ASSERT_EQ(reader.getRecords().size(), 1U);
-  EXPECT_EQ(reader.getRecords()[0].title, "title");
-  EXPECT_EQ(reader.getRecords()[0].description, "description");
-  EXPECT_EQ(reader.getRecords()[0].simUUID, "simUUID");
-
+  EXPECT_EQ(lum::SDBReader(wide(output())).getRecords().size(), 1U);
   expectAsInFile(graphText(node), "converted-scene.txt");
 }
 

@@ -31,22 +31,15 @@ std::string repeated(const std::string& text, std::size_t count) {
   return out;
 }
 
-TEST_F(SceneFileReaderTest, ReadsBigEndianWords) {
-  const SceneFileReader reader = open(ArchiveBuilder()
-                                          .bytes("i", {0, 0, 0, 1, 0xff, 0xff, 0xff, 0xfe})
-                                          .bytes("f", {0x3f, 0x80, 0, 0, 0xc0, 0x20, 0, 0})
-                                          .bytes("empty", {}));
-  const ArrayOwner<int> ints(reader.readIntBuffer("i"));
-  EXPECT_THAT(ints.values(), ElementsAre(1, -2));
-  EXPECT_EQ(ints.count(), 2);
-  const ArrayOwner<float> floats(reader.readFloatBuffer("f"));
-  EXPECT_THAT(floats.values(), ElementsAre(1.0f, -2.5f));
+TEST_F(SceneFileReaderTest, ReadsBytesAndBigEndianWords) {
+  const SceneFileReader reader =
+      open(ArchiveBuilder().bytes("i", {0, 0, 0, 1, 0xff, 0xff, 0xff, 0xfe}).bytes("empty", {}));
+  EXPECT_THAT(ArrayOwner<int>(reader.readIntBuffer("i")).values(), ElementsAre(1, -2));
+  EXPECT_THAT(ArrayOwner<unsigned char>(reader.readEntry("i")).values(),
+              ElementsAre(0, 0, 0, 1, 0xff, 0xff, 0xff, 0xfe));
   const ArrayOwner<int> empty(reader.readIntBuffer("empty"));
   EXPECT_EQ(empty.count(), 0);
   EXPECT_NE(empty.data(), nullptr);
-  const ArrayOwner<unsigned char> bytes(reader.readEntry("i"));
-  EXPECT_EQ(bytes.count(), 8);
-  EXPECT_EQ(bytes.data()[7], 0xfe);
 }
 
 TEST_F(SceneFileReaderTest, SaysWhichEntryItCannotRead) {
