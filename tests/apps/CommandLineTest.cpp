@@ -201,7 +201,7 @@ TEST_F(CommandLineTest, ConvertsToTheSameBytesAndCopies) {
   EXPECT_TRUE(readFile(_folder / "again.sdb") == former) << "what fails leaves the old file";
 }
 
-TEST_F(CommandLineTest, DrawsOrSaysThatItCannot) {
+TEST_F(CommandLineTest, DrawsOrReportsMissingOpenGl) {
   const ProgramResult result = run({"render", "scene.zip", "scene.png", "--size", "30x20"});
   expectNoTemporaryFiles();
   if (result.exitCode == 69) {
@@ -231,7 +231,7 @@ TEST_F(CommandLineTest, OpensNoWindowWithoutADisplay) {
   EXPECT_EQ(run({"view", "nowhere.zip"}).exitCode, 2);
 }
 
-TEST_F(CommandLineTest, NoticesThatResultsCannotBeWritten) {
+TEST_F(CommandLineTest, ReportsResultsThatCannotBeWritten) {
   const ProgramResult full = run({"info", "scene.zip"}, "/dev/full");
   EXPECT_EQ(full.exitCode, 6);
   EXPECT_THAT(full.err, HasSubstr("standard output"));

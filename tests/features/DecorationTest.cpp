@@ -55,7 +55,7 @@ void expectTicks(const Picture& picture, const PixelBox& bar, double first, doub
   EXPECT_EQ(ticks, 5);
 }
 
-TEST(LegendFeature, StandsUprightWithItsTicksAtTheEndsOfTheBar) {
+TEST(LegendFeature, IsVerticalWithTicksAtTheEndsOfTheBar) {
   const Picture picture = drawLegend("numberFormat='%.0f Pa' " + UPRIGHT);
   PixelBox bar = boxOf(picture, COLORS.front());
   bar.top = boxOf(picture, COLORS.back()).top;
@@ -77,7 +77,7 @@ TEST(LegendFeature, StandsUprightWithItsTicksAtTheEndsOfTheBar) {
   EXPECT_GT(text.top, bar.top + 10) << "the title above it";
 }
 
-TEST(LegendFeature, LiesWithItsLowEndAtTheLeftAndWritesInItsColour) {
+TEST(LegendFeature, IsHorizontalFromLeftToRightInItsTextColour) {
   const Picture picture = drawLegend(
       "orientation='HORIZONTAL' numberOfLabels='3'><position x='0.2' y='0.1'/><size x='0.6' y='0.25'/>"
       "<font facename='Times' textColor='ff00ffff'/>");

@@ -126,14 +126,6 @@ TEST(Connectivity, reportsTheFirstIndexThatNamesNoPoint) {
   EXPECT_EQ(import({1, 0}, CellKind::VERTS, 0).indexOutside, 0);
 }
 
-TEST(Connectivity, findsTheRowsOfDroppedCellsInVtksOrder) {
-  const ImportedCells verts{{}, 4, {0, 3}, {}};
-  const ImportedCells lines{{}, 2, {}, {}};
-  const ImportedCells polys{{}, 3, {1}, {}};
-  const std::vector<std::reference_wrapper<const ImportedCells>> lists = {verts, lines, polys};
-  EXPECT_THAT(droppedRows(lists), ElementsAre(0, 3, 7));
-}
-
 TEST(Connectivity, removesRowsInPlace) {
   const std::vector<std::pair<std::vector<vtkIdType>, std::vector<float>>> cases = {
       {{}, {0, 1, 2, 3, 4, 5, 6, 7}}, {{0}, {2, 3, 4, 5, 6, 7}}, {{1, 2}, {0, 1, 6, 7}},

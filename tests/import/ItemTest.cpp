@@ -163,7 +163,7 @@ TEST_F(ItemTest, GeometrySharesItsArraysWithTheSceneGraph) {
   EXPECT_EQ(node.getNodeDataArrays().size(), 2U) << "data and normals";
 }
 
-TEST_F(ItemTest, GeometryThatIsNoneIsNotConverted) {
+TEST_F(ItemTest, InvalidGeometryIsNotConverted) {
   convert("");
   GeometryItem unread("unread");
   EXPECT_EQ(conversionFailure(unread), "");

@@ -61,7 +61,7 @@ TEST_F(SceneConverterTest, WritesOneRecordWithTheConvertedScene) {
   expectAsInFile(graphText(node), "converted-scene.txt");
 }
 
-TEST_F(SceneConverterTest, TellsWhatItDoes) {
+TEST_F(SceneConverterTest, LogsWhatItDoes) {
   run(sceneXml("", "name='s'"));
   const auto log = takeLog();
   const std::string out = output().string();
@@ -94,7 +94,7 @@ TEST_F(SceneConverterTest, PassesASceneGraphThrough) {
   EXPECT_TRUE(logHas(takeLog(), "\n\tparcing new, lum-based, format"));
 }
 
-TEST_F(SceneConverterTest, GoesOnWithoutDataThatDoesNotDecode) {
+TEST_F(SceneConverterTest, IgnoresDataThatDoesNotDecode) {
   convert(geometry("polys='quad'"));
   addPayload({_sceneNode.get()});
   _archive.text("lum_x", "no data").text("lum_y", "").text("Lum", "is none");
@@ -119,7 +119,7 @@ TEST_F(SceneConverterTest, NeedsExactlyOneSceneNode) {
   EXPECT_FALSE(std::filesystem::exists(output()));
 }
 
-TEST_F(SceneConverterTest, AnEmptySceneGraphIsNone) {
+TEST_F(SceneConverterTest, IgnoresAnEmptySceneGraph) {
   _archive.text("scene.lum", "");
   EXPECT_EQ(run(sceneXml("", "name='old'")).getName(), "old");
 }

@@ -42,7 +42,7 @@ TEST_F(SceneFileReaderTest, ReadsBytesAndBigEndianWords) {
   EXPECT_NE(empty.data(), nullptr);
 }
 
-TEST_F(SceneFileReaderTest, SaysWhichEntryItCannotRead) {
+TEST_F(SceneFileReaderTest, NamesTheEntryThatItCannotRead) {
   const SceneFileReader reader = open(ArchiveBuilder()
                                           .bytes("six", {1, 2, 3, 4, 5, 6})
                                           .ints("broken", {1})

@@ -45,7 +45,7 @@ class SceneFormatHandlerTest : public SceneFixture {
   std::vector<std::wstring> _loaded;
 };
 
-TEST_F(SceneFormatHandlerTest, TellsFormatsApart) {
+TEST_F(SceneFormatHandlerTest, DistinguishesFormats) {
   write(sceneXml(""));
   SceneConverter(archivePath(), path("new.sdb")).run();
   ArchiveBuilder()
@@ -107,7 +107,7 @@ TEST_F(SceneFormatHandlerTest, LoadsANewSceneAsItIs) {
   EXPECT_THROW(Handler::loadVemoScene(path("new.sdb"), {}, messages), std::bad_function_call);
 }
 
-TEST_F(SceneFormatHandlerTest, ExplainsWhatItDoesNotLoad) {
+TEST_F(SceneFormatHandlerTest, ReportsWhatItDoesNotLoad) {
   file("text", "hello");
   EXPECT_EQ(load("absent"), "2 File " + quoted("absent") + " does not exist\n");
   EXPECT_EQ(load("text"), "3 \nUnknown file format " + quoted("text") + "\n");

@@ -83,7 +83,7 @@ TEST_F(ZipFileReaderTest, OpensAnyNameAndNoEntries) {
   EXPECT_EQ(reader.getEntryName(0), "");
 }
 
-TEST_F(ZipFileReaderTest, SaysWhatItCannotOpen) {
+TEST_F(ZipFileReaderTest, ReportsWhatItCannotOpen) {
   EXPECT_EQ(failureToOpen(path()), "FileNotFoundException: File does not exist | ::");
   writeFile(_folder / "text", "text");
   writeFile(_folder / "empty", "");
@@ -96,7 +96,7 @@ TEST_F(ZipFileReaderTest, SaysWhatItCannotOpen) {
   EXPECT_EQ(failureToOpen(path()), "IOException: No read permission | ::");
 }
 
-TEST_F(ZipFileReaderTest, RefusesACountThatIsNotThere) {
+TEST_F(ZipFileReaderTest, RejectsAWrongEntryCount) {
   ArchiveBuilder builder;
   builder.text("x", "content").text("y", "");
   for (const std::uint64_t count : {std::uint64_t{3}, std::uint64_t{0xfffe}, std::uint64_t{1} << 60}) {
@@ -105,7 +105,7 @@ TEST_F(ZipFileReaderTest, RefusesACountThatIsNotThere) {
   EXPECT_EQ(open(ArchiveBuilder(builder).claimEntryCount(1)).getEntryCount(), 1);
 }
 
-TEST_F(ZipFileReaderTest, CountsBeyondSixteenBits) {
+TEST_F(ZipFileReaderTest, ReadsMoreThan65535Entries) {
   constexpr int COUNT = 70000;
   ArchiveBuilder builder;
   for (int i = 0; i < COUNT; ++i) {
@@ -117,7 +117,7 @@ TEST_F(ZipFileReaderTest, CountsBeyondSixteenBits) {
   EXPECT_EQ(contentOf(reader, "e69999"), "69999");
 }
 
-TEST_F(ZipFileReaderTest, BelievesNoSizeThatCannotBe) {
+TEST_F(ZipFileReaderTest, RejectsImpossibleSizes) {
   const struct {
     const char* name;
     bool stored;

@@ -40,6 +40,7 @@ Picture draw(const Change& left, const Change& right) {
   scene.canvas().getLightingAttributes().getLights().findOrCreate<lum::Light>("light").setAngles(20, 0);
   scene.clip({0, 1, 0}, {0, 0, 0});
   const auto add = [&](vtkPolyData* geometry, const Change& change) {
+    geometry->GetPointData()->AddArray(makeArray("s", {0, 0, 1, 1}));
     auto& surface = scene.addSurface(geometry, {0.4, 0.1, 0.1});
     mesh(surface).setMeshVisible(true, false);
     material(surface).setSpecular(0.3);
@@ -100,6 +101,18 @@ TEST(Batch, KeepsWhatIsDrawnDifferentlyApart) {
     EXPECT_EQ(countDifferent(together, alone, SIZE / 2), 0);
     EXPECT_GT(countDifferent(alone, right, SIZE / 2), 100) << "it is seen";
   }
+}
+
+TEST(Batch, KeepsColorTablesApart) {
+  const Change red = [](auto& surface) {
+    colorByArray(surface, "s", lum::DataLocation::POINTS, {1, 0, 0, 1, 0.5, 0, 0, 1});
+  };
+  const Change blue = [](auto& surface) {
+    colorByArray(surface, "s", lum::DataLocation::POINTS, {0, 0, 1, 1, 0, 0, 0.5, 1});
+  };
+  const Picture together = draw(red, blue);
+  EXPECT_EQ(countDifferent(together, draw(red, nullptr), 0), 0);
+  EXPECT_EQ(countDifferent(together, draw(nullptr, blue), SIZE / 2), 0);
 }
 
 /// A mesh of each kind, each coloured in its own way, around a position.

@@ -74,7 +74,7 @@ TEST_F(Text, IsWrittenAsItsStyleSays) {
   EXPECT_NEAR(ink().width(), 2 * one.width(), 5);
 }
 
-TEST_F(Text, IsSeenOnAnImageThatStandsBeforeIt) {
+TEST_F(Text, IsDrawnInFrontOfImages) {
   scene.drawables().findOrCreate<lum::ImageDrawable>("image").getImageAttributes().setPixels(
       makeArray<vtkUnsignedCharArray>("pixels", {255}), 1, 1);
   write(scene.drawables().findOrCreate<lum::TextDrawable>("later"), 0x0000FFFF);

@@ -164,7 +164,7 @@ TEST(ScenePicture, LooksThroughTheCameraOrFramesTheScene) {
   }
 }
 
-TEST(ScenePicture, LeavesPointsOutThatAreNotFinite) {
+TEST(ScenePicture, LeavesOutPointsThatAreNotFinite) {
   RenderScene scene;
   const auto surface = makePolyData(flat({-1, -1, 0, -1, 0, 1, -1, 1, NAN, 0, 1e30F, 0}),
                                     {.polys = {{1, 2, 4}, {0, 1, 2, 3}}});
@@ -221,7 +221,7 @@ TEST(ScenePicture, IsDrawnInSeveralWindowsInTurn) {
 }
 
 /// Runs in a process of its own: drivers are looked up once.
-TEST(ScenePictureDeathTest, SaysWhenThereIsNoOpenGl) {
+TEST(ScenePictureDeathTest, ReportsMissingOpenGl) {
   testing::FLAGS_gtest_death_test_style = "threadsafe";
   EXPECT_EXIT(
       {

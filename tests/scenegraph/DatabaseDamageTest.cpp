@@ -62,7 +62,7 @@ class DatabaseDamage : public testing::Test {
   std::string bytes;
 };
 
-TEST_F(DatabaseDamage, RefusesEveryPrefixAndAnythingMore) {
+TEST_F(DatabaseDamage, RejectsEveryPrefixAndTrailingBytes) {
   for (std::size_t size = 0; size < bytes.size(); ++size) {
     ASSERT_NE(tryToRead(bytes.substr(0, size)), "") << size;
     ASSERT_FALSE(isDatabase(bytes.substr(0, size))) << size;
@@ -71,7 +71,7 @@ TEST_F(DatabaseDamage, RefusesEveryPrefixAndAnythingMore) {
   EXPECT_TRUE(isDatabase(bytes));
 }
 
-TEST_F(DatabaseDamage, FindsEveryWrongByteThatMatters) {
+TEST_F(DatabaseDamage, DetectsEveryWrongByteThatMatters) {
   for (std::size_t place = 0; place < bytes.size(); ++place) {
     std::string wrong = bytes;
     wrong[place] = static_cast<char>(wrong[place] ^ (place % 2 == 0 ? 0x01 : 0xFF));
@@ -86,7 +86,7 @@ TEST_F(DatabaseDamage, FindsEveryWrongByteThatMatters) {
 
 // With a hash that is right again, what stands in the index is believed as far
 // as it holds together. What is accepted can be written and read.
-TEST_F(DatabaseDamage, TakesNoHarmFromAnIndexWithAnyByteChanged) {
+TEST_F(DatabaseDamage, SurvivesAnyChangedByteOfTheIndex) {
   const DatabaseBytes original(bytes);
   int accepted = 0;
   for (std::size_t place = 0; place < original.index.size(); ++place) {

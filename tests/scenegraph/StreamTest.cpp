@@ -70,7 +70,7 @@ TEST(Stream, CarriesSeveralScenes) {
   EXPECT_EQ(in.getRoots().size(), 2U);
 }
 
-TEST(Stream, LeavesGeometryEmptyWhoseDataDoNotCome) {
+TEST(Stream, LeavesGeometryEmptyWhenItsDataIsMissing) {
   Payload payload = payloadOf(*makeScene());
   // The points that the first two geometries share; then one damaged, one
   // twice, one of another scene, nothing.
@@ -181,7 +181,7 @@ TEST(Stream, CarriesOnlyWhatChanged) {
   }
 }
 
-TEST(Stream, EndsReadOrWriteOnly) {
+TEST(Stream, StreamsAreReadOrWriteOnly) {
   NodeOutputStream out;
   NodeInputStream in(lum::NO_SESSION);
   std::istringstream text("text");
