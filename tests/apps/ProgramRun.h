@@ -40,6 +40,8 @@ class ProgramRun {
       dup2(open(_out.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600), STDOUT_FILENO);
       dup2(open(_err.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600), STDERR_FILENO);
       setenv("TMPDIR", temporaryFolder.c_str(), 1);
+      // A program that hangs ends by the signal.
+      alarm(60);
       if (chdir(folder.c_str()) == 0) {
         execv(VEMOSCENE_PROGRAM, argv.data());
       }
