@@ -1,18 +1,14 @@
 #include "ProgramRun.h"
 #include "support/ArchiveBuilder.h"
 #include "support/Databases.h"
-#include "support/Files.h"
 #include "support/TemporaryFolder.h"
 
 #include <chrono>
-#include <csignal>
-#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 #include <sys/stat.h>
 #include <thread>
-#include <unistd.h>
 
 namespace vemo {
 
@@ -86,7 +82,7 @@ class CommandLineTest : public testing::Test {
   TemporaryFolder _temporary;
 };
 
-TEST_F(CommandLineTest, EndsWithTheRightCodeAndMessage) {
+TEST_F(CommandLineTest, ExitsWithTheRightCodeAndMessage) {
   struct Case {
     std::vector<std::string> arguments;
     int exitCode;
@@ -168,20 +164,12 @@ TEST_F(CommandLineTest, PrintsJsonForPrograms) {
   const json archive = json::parse(run({"info", "scene.zip", "--json", "--values"}).out);
   EXPECT_EQ(archive["path"], "scene.zip");
   EXPECT_EQ(archive["format"], "ZippedScene");
-  const json& record = archive["records"].at(0);
-  EXPECT_EQ(record["title"], "title");
-  EXPECT_EQ(record["description"], "description");
-  EXPECT_EQ(record["simUUID"], "simUUID");
-  EXPECT_EQ(record["node"]["class"], "SceneNode");
+  json record = archive["records"].at(0);
   EXPECT_EQ(record["node"]["name"], "plate");
-  const std::string text = record.dump();
-  EXPECT_THAT(text,
-              HasSubstr(R"("solidColor":[0.12549019607843137,0.25098039215686274,0.3764705882352941])"));
-  EXPECT_THAT(
-      text,
-      HasSubstr(
-          R"("heat":{"components":1,"range":[-1,2.5],"tuples":3,"type":"float32","values":[2.5,-1,0.1]})"));
-
+  EXPECT_THAT(record["node"].dump(),
+              HasSubstr(R"("range":[-1,2.5],"tuples":3,"type":"float32","values":[2.5,-1,0.1]})"));
+  record.erase("node");
+  EXPECT_EQ(record, (json{{"title", "title"}, {"description", "description"}, {"simUUID", "simUUID"}}));
   const json database = json::parse(run({"info", "scene.sdb", "--json"}).out);
   EXPECT_EQ(database["format"], "SceneDatabase");
   EXPECT_THAT(database["records"].dump(), Not(HasSubstr("\"values\"")));
@@ -189,7 +177,7 @@ TEST_F(CommandLineTest, PrintsJsonForPrograms) {
       << "a scene and its database say the same";
 }
 
-TEST_F(CommandLineTest, TellsWhatReadingLeavesOut) {
+TEST_F(CommandLineTest, ReportsWhatReadingLeavesOut) {
   std::string description = makeDescription("heat");
   description.insert(description.find("<geometry"), "<vectors name=\"wind\"/><streamlines name=\"paths\"/>");
   makeArchive(description).write(_folder / "more.zip");
@@ -226,7 +214,7 @@ TEST_F(CommandLineTest, ConvertsToTheSameBytesAndCopies) {
   EXPECT_TRUE(readFile(_folder / "again.sdb") == former) << "what fails leaves the old file";
 }
 
-TEST_F(CommandLineTest, DrawsOrSaysThatItCannot) {
+TEST_F(CommandLineTest, DrawsOrReportsMissingOpenGl) {
   const ProgramResult result = run({"render", "scene.zip", "scene.png", "--size", "30x20"});
   expectNoTemporaryFiles();
   if (result.exitCode == 69) {
@@ -256,7 +244,7 @@ TEST_F(CommandLineTest, OpensNoWindowWithoutADisplay) {
   EXPECT_EQ(run({"view", "nowhere.zip"}).exitCode, 2);
 }
 
-TEST_F(CommandLineTest, NoticesThatResultsCannotBeWritten) {
+TEST_F(CommandLineTest, ReportsResultsThatCannotBeWritten) {
   const ProgramResult full = run({"info", "scene.zip"}, "/dev/full");
   EXPECT_EQ(full.exitCode, 6);
   EXPECT_THAT(full.err, HasSubstr("standard output"));
@@ -265,33 +253,22 @@ TEST_F(CommandLineTest, NoticesThatResultsCannotBeWritten) {
   expectNoTemporaryFiles();
 }
 
-/// A run that hangs because nobody reads what it prints, with its temporary
-/// files in place.
-class HangingRunTest : public CommandLineTest {
- protected:
-  HangingRunTest() {
-    makeArchive(makeDescription("heat"), 50'000).write(_folder / "large.zip");
-    const fs::path pipe = _folder / "pipe";
-    // To read and write, so that opening does not wait for the other side.
-    _pipe = open(pipe.c_str(), O_RDWR | O_CLOEXEC);
-    _run.emplace(std::vector<std::string>{"info", "large.zip", "--values"}, _folder.path(), _temporary.path(),
-                 pipe);
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
-    while (fs::is_empty(_temporary.path()) && std::chrono::steady_clock::now() < end) {
-      std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    }
-    EXPECT_FALSE(fs::is_empty(_temporary.path()));
+TEST_F(CommandLineTest, LeavesNothingBehindWhenItIsTerminated) {
+  makeArchive(makeDescription("heat"), 50'000).write(_folder / "large.zip");
+  // Nobody reads what it prints: it hangs, with its temporary files in place.
+  // Opened to read and write, the pipe does not wait for the other side.
+  const fs::path pipe = _folder / "pipe";
+  const int descriptor = open(pipe.c_str(), O_RDWR | O_CLOEXEC);
+  const ProgramRun run({"info", "large.zip", "--values"}, _folder.path(), _temporary.path(), pipe);
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+  while (fs::is_empty(_temporary.path()) && std::chrono::steady_clock::now() < end) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
   }
-  ~HangingRunTest() override { close(_pipe); }
-
-  int _pipe;
-  std::optional<ProgramRun> _run;
-};
-
-TEST_F(HangingRunTest, LeavesNothingBehindWhenItIsEnded) {
-  _run->sendSignal(SIGTERM);
-  EXPECT_EQ(_run->finish().exitCode, -SIGTERM);
+  EXPECT_FALSE(fs::is_empty(_temporary.path()));
+  run.sendSignal(SIGTERM);
+  EXPECT_EQ(run.finish().exitCode, -SIGTERM);
   expectNoTemporaryFiles();
+  close(descriptor);
 }
 
 }  // namespace

@@ -1,8 +1,14 @@
 #pragma once
 
+#include "support/Files.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
 #include <string>
-#include <sys/types.h>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <vector>
 
 namespace vemo {
@@ -19,13 +25,39 @@ struct ProgramResult {
 class ProgramRun {
  public:
   /// Starts it. With an output path standard output goes there.
-  ProgramRun(const std::vector<std::string>& arguments, const std::filesystem::path& folder,
-             const std::filesystem::path& temporaryFolder, const std::filesystem::path& output = {});
+  ProgramRun(std::vector<std::string> arguments, const std::filesystem::path& folder,
+             const std::filesystem::path& temporaryFolder, const std::filesystem::path& output = {})
+      : _out(output.empty() ? folder / ".out" : output), _err(folder / ".err") {
+    std::vector<char*> argv{const_cast<char*>("vemoscene")};
+    for (std::string& argument : arguments) {
+      argv.push_back(argument.data());
+    }
+    argv.push_back(nullptr);
+    std::filesystem::remove(folder / ".out");
+    std::filesystem::remove(_err);
+    _process = fork();
+    if (_process == 0) {
+      dup2(open(_out.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600), STDOUT_FILENO);
+      dup2(open(_err.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600), STDERR_FILENO);
+      setenv("TMPDIR", temporaryFolder.c_str(), 1);
+      // A program that hangs ends by the signal.
+      alarm(60);
+      if (chdir(folder.c_str()) == 0) {
+        execv(VEMOSCENE_PROGRAM, argv.data());
+      }
+      _exit(127);
+    }
+  }
 
-  void sendSignal(int signal) const;
+  void sendSignal(int signal) const { kill(_process, signal); }
 
   /// Waits for its end.
-  ProgramResult finish();
+  ProgramResult finish() const {
+    int status = 0;
+    waitpid(_process, &status, 0);
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status),
+            std::filesystem::is_regular_file(_out) ? readFile(_out) : std::string(), readFile(_err)};
+  }
 
  private:
   std::filesystem::path _out;

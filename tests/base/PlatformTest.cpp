@@ -19,7 +19,7 @@ namespace vemo {
 namespace {
 
 TEST(WidePath, ConvertsBothWays) {
-  const std::pair<const char*, std::wstring> PAIRS[] = {
+  const std::pair<const char*, std::wstring> cases[] = {
       {"", L""},
       {"/tmp/a.zip", L"/tmp/a.zip"},
       {"\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80", L"\u00E9\u20AC\U0001F600"},
@@ -34,7 +34,7 @@ TEST(WidePath, ConvertsBothWays) {
       {"\xF4\x90\x80\x80", {0xDCF4, 0xDC90, 0xDC80, 0xDC80}},
       {"\xFF", {0xDCFF}},
   };
-  for (const auto& [native, wide] : PAIRS) {
+  for (const auto& [native, wide] : cases) {
     EXPECT_EQ(toWidePath(native), wide) << native;
     EXPECT_EQ(toNativePath(wide), native) << native;
   }
@@ -52,7 +52,7 @@ TEST(WidePath, KeepsEveryName) {
   }
 }
 
-TEST(WidePath, EncodesWhatIsNoCharacter) {
+TEST(WidePath, EncodesInvalidCharacters) {
   const std::string replacement = "\xEF\xBF\xBD";
   EXPECT_EQ(toNativePath(std::wstring{0xD83D, 0xDE00}), "\xF0\x9F\x98\x80");  // a pair
   EXPECT_EQ(toNativePath(std::wstring{0xD83D}), replacement);
@@ -106,7 +106,7 @@ TEST(FileSystem, GivesAbsoluteNormalPaths) {
   EXPECT_EQ(Platform::filesystem().getFilePath(L""), L"");
 }
 
-TEST(FileSystem, TellsAndDeletesFiles) {
+TEST(FileSystem, FindsAndDeletesFiles) {
   const TemporaryFolder folder;
   const OS::FileSystem& files = Platform::filesystem();
   const std::wstring path = wide(folder / "f\xFF");
@@ -147,34 +147,28 @@ class TemporaryFolderVariable {
   std::string _before;
 };
 
-TEST(FileSystem, MakesPrivateTemporaryFiles) {
-  const TemporaryFolder folder;
-  const TemporaryFolderVariable variable(folder.path());
+TEST(FileSystem, MakesPrivateTemporaryFilesInTheFolderKnownSinceReset) {
+  const TemporaryFolder first;
+  const TemporaryFolder second;
+  const TemporaryFolderVariable variable(first.path());
   std::set<std::wstring> paths;
-  for (const std::wstring& part : {std::wstring(), std::wstring(), std::wstring(L"../up/\u00E9"),
-                                   std::wstring(1000, L'n'), std::wstring{0xDCFF}}) {
+  const auto expectNewFileIn = [&](const std::filesystem::path& folder, const std::wstring& part) {
     const std::wstring path = Platform::filesystem().makeTemporaryFile(part);
     struct stat status {};
     ASSERT_EQ(wideStat(path.c_str(), &status), 0);
     EXPECT_EQ(status.st_mode, static_cast<mode_t>(S_IFREG | 0600));
     EXPECT_EQ(status.st_size, 0);
-    EXPECT_EQ(std::filesystem::path(toNativePath(path)).parent_path(), folder.path());
+    EXPECT_EQ(std::filesystem::path(toNativePath(path)).parent_path(), folder);
     EXPECT_TRUE(paths.insert(path).second);
-  }
-}
-
-TEST(Platform, AsksAnewAfterReset) {
-  const TemporaryFolder first;
-  const TemporaryFolder second;
-  const TemporaryFolderVariable variable(first.path());
-  const auto folderOfNextFile = [] {
-    return std::filesystem::path(toNativePath(Platform::filesystem().makeTemporaryFile(L""))).parent_path();
   };
-  EXPECT_EQ(folderOfNextFile(), first.path());
+  for (const std::wstring& part :
+       {std::wstring(), std::wstring(L"../up/\u00E9"), std::wstring(1000, L'n'), std::wstring{0xDCFF}}) {
+    expectNewFileIn(first.path(), part);
+  }
   setenv("TMPDIR", second.path().c_str(), 1);
-  EXPECT_EQ(folderOfNextFile(), first.path());
+  expectNewFileIn(first.path(), L"");
   Platform::reset();
-  EXPECT_EQ(folderOfNextFile(), second.path());
+  expectNewFileIn(second.path(), L"");
   std::filesystem::remove_all(second.path());
   EXPECT_EQ(Platform::filesystem().makeTemporaryFile(L""), L"");
 }

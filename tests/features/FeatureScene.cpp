@@ -1,9 +1,7 @@
 #include "features/FeatureScene.h"
 
 #include "support/ArchiveBuilder.h"
-#include "support/Expected.h"
 #include "support/Files.h"
-#include "support/GraphText.h"
 #include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/import/SceneFormatHandler.h>
 #include <vemo/render/ScenePicture.h>
@@ -13,9 +11,9 @@
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
+#include <gtest/gtest.h>
 #include <set>
 #include <sstream>
-#include <vector>
 
 namespace vemo {
 
@@ -99,15 +97,6 @@ lum::Ptr<lum::SceneNode> load(const std::wstring& path) {
   return node;
 }
 
-/// "suite/test" of the running test, of one with a parameter the first and the
-/// last part.
-std::string runningTest() {
-  const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
-  const std::string suite = test.test_suite_name();
-  const std::string name = test.name();
-  return suite.substr(0, suite.find('/')) + "/" + name.substr(name.rfind('/') + 1);
-}
-
 }  // namespace
 
 std::vector<unsigned char> FeatureScene::pixels(int components) {
@@ -125,9 +114,9 @@ std::vector<unsigned char> FeatureScene::pixels(int components) {
   return bytes;
 }
 
-FeatureScene::FeatureScene(const std::string& children, const std::string& attributes) {
+FeatureScene::FeatureScene(const std::string& children, const std::string& background) {
   const auto path = _folder / "scene.zip";
-  makeArchive().text("scene.xml", sceneXml(VIEW + children, attributes)).write(path);
+  makeArchive().text("scene.xml", sceneXml(VIEW + children, "background='" + background + "'")).write(path);
   SceneFileReader reader{ZipFileReader(wide(path))};
   reader.read(_items);
   for (const Finding& finding : reader.getFindings()) {
@@ -141,41 +130,19 @@ FeatureScene::FeatureScene(const std::string& children, const std::string& attri
   _node = load(wide(path));
 }
 
-void FeatureScene::expectGraph(const std::string& suffix) const {
-  expectAsInFile(graphText(*_node), "features/" + runningTest() + suffix + ".txt");
-}
-
 Picture FeatureScene::draw() const {
   const Picture picture = renderPicture(*_node, {SIZE, SIZE});
   keepPicture(picture, "scene");
   return picture;
 }
 
-Difference differenceOf(const Picture& a, const Picture& b, int tolerance) {
-  EXPECT_EQ(a.getBytes().size(), b.getBytes().size());
-  int differing = 0;
-  double sum = 0.0;
-  for (std::size_t pixel = 0; pixel < a.getBytes().size(); pixel += Picture::CHANNELS) {
-    int most = 0;
-    for (std::size_t i = pixel; i < pixel + Picture::CHANNELS; ++i) {
-      const int difference = std::abs(a.getBytes()[i] - b.getBytes()[i]);
-      most = std::max(most, difference);
-      sum += difference;
-    }
-    differing += most > tolerance ? 1 : 0;
-  }
-  const auto channels = static_cast<double>(a.getBytes().size());
-  return {differing * Picture::CHANNELS / channels, sum / channels};
-}
-
 void keepPicture(const Picture& picture, const std::string& suffix) {
-  const char* const folder = std::getenv("VEMO_TEST_PICTURES");
-  if (folder == nullptr) {
-    return;
+  if (const char* const folder = std::getenv("VEMO_TEST_PICTURES")) {
+    const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
+    std::string name = std::string(test.test_suite_name()) + "-" + test.name() + "-" + suffix + ".png";
+    std::ranges::replace(name, '/', '-');
+    picture.writePng(std::filesystem::path(folder) / name);
   }
-  std::string name = runningTest() + "-" + suffix + ".png";
-  std::ranges::replace(name, '/', '-');
-  picture.writePng(std::filesystem::path(folder) / name);
 }
 
 }  // namespace vemo

@@ -6,7 +6,6 @@
 #include <vemo/render/Picture.h>
 #include <vemo/scenegraph/SceneNode.h>
 
-#include <gtest/gtest.h>
 #include <memory>
 #include <string>
 #include <vector>
@@ -34,15 +33,10 @@ class FeatureScene {
 
   /// @param children of the scene element, which is seen from the front: x to
   /// the right, y upwards, both from -1 to 1 over the picture
-  explicit FeatureScene(const std::string& children, const std::string& attributes = "");
+  explicit FeatureScene(const std::string& children, const std::string& background = "000000ff");
 
   /// The items, as the archive's reader makes them.
   Scene& items() const { return *_items; }
-  lum::SceneNode& node() const { return *_node; }
-
-  /// Expects the scene graph that the file of the running test's name says, in
-  /// tests/data/expected/features; with a suffix where a test has several.
-  void expectGraph(const std::string& suffix = "") const;
 
   /// The picture of the scene, 300 x 300.
   Picture draw() const;
@@ -52,15 +46,6 @@ class FeatureScene {
   std::unique_ptr<Scene> _items;
   lum::Ptr<lum::SceneNode> _node;
 };
-
-/// How far two pictures are apart.
-struct Difference {
-  /// Of the pixels that differ by more than a tolerance in any channel.
-  double share = 0.0;
-  /// Over all channels, of 255.
-  double mean = 0.0;
-};
-Difference differenceOf(const Picture& a, const Picture& b, int tolerance);
 
 /// Keeps a picture as a PNG file named after the running test in the folder
 /// that the environment variable VEMO_TEST_PICTURES names, if it does.

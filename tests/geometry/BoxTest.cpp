@@ -1,52 +1,36 @@
 #include "geometry/Box.h"
+#include "support/Meshes.h"
 
-#include <vtkPoints.h>
-#include <vtkSmartPointer.h>
-#include <vtkType.h>
+#include <vtkDoubleArray.h>
 
-#include <array>
+#include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
-#include <vector>
 
 namespace vemo {
 
 namespace {
 
-constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
-constexpr double INFINITE = std::numeric_limits<double>::infinity();
-
-vtkSmartPointer<vtkPoints> pointsOf(const std::vector<std::array<double, 3>>& coordinates, int type) {
-  auto points = vtkSmartPointer<vtkPoints>::New();
-  points->SetDataType(type);
-  for (const auto& point : coordinates) {
-    points->InsertNextPoint(point.data());
-  }
-  return points;
+template <class Array>
+void expectFiniteBounds() {
+  const auto points = makeArray<Array>(
+      "points", {NAN, 90, 90, 1, -2, 3, -90, INFINITY, -90, -3, 4, 3, -90, -90, -INFINITY, 0, 0, 8}, 3);
+  const auto bounds = finiteBounds(*points);
+  EXPECT_EQ(bounds.low, (Vector3{-3, -2, 3}));
+  EXPECT_EQ(bounds.high, (Vector3{1, 4, 8}));
+  EXPECT_EQ(bounds.center(), (Vector3{-1, 1, 5.5}));
 }
 
 TEST(FiniteBounds, leaveOutEveryPointThatIsNotFinite) {
-  for (const int type : {VTK_FLOAT, VTK_DOUBLE}) {
-    const auto points = pointsOf({{NOT_A_NUMBER, 90, 90},
-                                  {1, -2, 3},
-                                  {-90, INFINITE, -90},
-                                  {-3, 4, 3},
-                                  {-90, -90, -INFINITE},
-                                  {0, 0, 8}},
-                                 type);
-    const auto bounds = finiteBounds(*points->GetData());
-    EXPECT_EQ(bounds.low, (Vector<3, double>{-3, -2, 3}));
-    EXPECT_EQ(bounds.high, (Vector<3, double>{1, 4, 8}));
-    EXPECT_EQ(bounds.center(), (Vector<3, double>{-1, 1, 5.5}));
-  }
+  expectFiniteBounds<vtkFloatArray>();
+  expectFiniteBounds<vtkDoubleArray>();
   constexpr double GREATEST = std::numeric_limits<double>::max();
-  EXPECT_EQ(finiteBounds(*pointsOf({{GREATEST, 0, 0}}, VTK_DOUBLE)->GetData()).center()[0], GREATEST);
+  EXPECT_EQ(finiteBounds(*makeArray<vtkDoubleArray>("points", {GREATEST, 0, 0}, 3)).center()[0], GREATEST);
 }
 
 TEST(FiniteBounds, areEmptyWithoutAFinitePoint) {
-  EXPECT_TRUE(finiteBounds(*pointsOf({}, VTK_FLOAT)->GetData()).isEmpty());
-  EXPECT_TRUE(
-      finiteBounds(*pointsOf({{0, NOT_A_NUMBER, 0}, {INFINITE, 0, 0}}, VTK_FLOAT)->GetData()).isEmpty());
+  EXPECT_TRUE(finiteBounds(*makeArray("points", {}, 3)).isEmpty());
+  EXPECT_TRUE(finiteBounds(*makeArray("points", {0, NAN, 0, INFINITY, 0, 0}, 3)).isEmpty());
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 #include "geometry/CellValidator.h"
+#include "support/Meshes.h"
 
 #include <vtkCellArray.h>
-#include <vtkSmartPointer.h>
 #include <vtkTypeInt32Array.h>
 #include <vtkTypeInt64Array.h>
 
@@ -17,18 +17,10 @@ namespace {
 using Values = std::vector<int>;
 
 template <class Array>
-vtkSmartPointer<Array> arrayOf(const Values& values) {
-  auto array = vtkSmartPointer<Array>::New();
-  for (const int value : values) {
-    array->InsertNextValue(value);
-  }
-  return array;
-}
-
-template <class Array>
 vtkSmartPointer<vtkCellArray> cellsOf(const Values& offsets, const Values& connectivity) {
   auto cells = vtkSmartPointer<vtkCellArray>::New();
-  cells->SetData(arrayOf<Array>(offsets), arrayOf<Array>(connectivity));
+  cells->SetData(makeArray<Array>("", {offsets.begin(), offsets.end()}),
+                 makeArray<Array>("", {connectivity.begin(), connectivity.end()}));
   return cells;
 }
 
@@ -64,11 +56,11 @@ TEST(CellValidator, saysWhatIsWrong) {
 TEST(CellValidator, judgesArraysThatCellArraysShareByEachOnesRules) {
   Values indices(3000);
   std::iota(indices.begin(), indices.end(), 0);
-  const auto connectivity = arrayOf<vtkTypeInt32Array>(indices);
+  const auto connectivity = makeArray<vtkTypeInt32Array>("", indices);
   const auto cells = vtkSmartPointer<vtkCellArray>::New();
-  cells->SetData(arrayOf<vtkTypeInt32Array>({0, 3000}), connectivity);
+  cells->SetData(makeArray<vtkTypeInt32Array>("", {0, 3000}), connectivity);
   const auto fewer = vtkSmartPointer<vtkCellArray>::New();
-  fewer->SetData(arrayOf<vtkTypeInt32Array>({0, 2000}), connectivity);
+  fewer->SetData(makeArray<vtkTypeInt32Array>("", {0, 2000}), connectivity);
 
   CellValidator validator;
   EXPECT_EQ(validator.findFault(*cells, {.pointCount = 3000}), "");

@@ -1,16 +1,13 @@
 #include "geometry/Connectivity.h"
+#include "support/Meshes.h"
 #include <vemo/base/InternalError.h>
 
 #include <vtkCellArray.h>
-#include <vtkFloatArray.h>
-#include <vtkNew.h>
 #include <vtkTypeInt32Array.h>
 
-#include <algorithm>
 #include <cstring>
 #include <gmock/gmock.h>
 #include <limits>
-#include <numeric>
 #include <utility>
 #include <vector>
 
@@ -43,11 +40,10 @@ List valuesOf(vtkTypeInt32Array* array) {
 }
 
 TEST(Connectivity, countsTheCellsOfAList) {
-  const std::vector<std::pair<List, int>> cases = {
-      {{}, 0}, {{0}, 1}, {{3, 0, 1, 2, 2, 2, 3}, 2}, {{1, -7, 0, 1, HIGHEST}, 3}};
-  for (const auto& [list, count] : cases) {
-    EXPECT_EQ(countCells(list), count) << testing::PrintToString(list);
-  }
+  EXPECT_EQ(countCells(List{}), 0);
+  EXPECT_EQ(countCells(List{0}), 1);
+  EXPECT_EQ(countCells(List{3, 0, 1, 2, 2, 2, 3}), 2);
+  EXPECT_EQ(countCells(List{1, -7, 0, 1, HIGHEST}), 3);
 }
 
 TEST(Connectivity, refusesAListThatDoesNotEndWithItsLastCell) {
@@ -130,29 +126,13 @@ TEST(Connectivity, reportsTheFirstIndexThatNamesNoPoint) {
   EXPECT_EQ(import({1, 0}, CellKind::VERTS, 0).indexOutside, 0);
 }
 
-TEST(Connectivity, findsTheRowsOfDroppedCellsInVtksOrder) {
-  ImportedCells verts;
-  verts.listed = 4;
-  verts.dropped = {0, 3};
-  ImportedCells lines;
-  lines.listed = 2;
-  ImportedCells polys;
-  polys.listed = 3;
-  polys.dropped = {1};
-  const std::vector<std::reference_wrapper<const ImportedCells>> lists = {verts, lines, polys};
-  EXPECT_THAT(droppedRows(lists), ElementsAre(0, 3, 7));
-}
-
 TEST(Connectivity, removesRowsInPlace) {
   const std::vector<std::pair<std::vector<vtkIdType>, std::vector<float>>> cases = {
       {{}, {0, 1, 2, 3, 4, 5, 6, 7}}, {{0}, {2, 3, 4, 5, 6, 7}}, {{1, 2}, {0, 1, 6, 7}},
       {{1, 3}, {0, 1, 4, 5}},         {{0, 1, 2, 3}, {}},
   };
   for (const auto& [rows, kept] : cases) {
-    vtkNew<vtkFloatArray> array;
-    array->SetNumberOfComponents(2);
-    array->SetNumberOfTuples(4);
-    std::iota(array->GetPointer(0), array->GetPointer(8), 0.0F);
+    const auto array = makeArray("array", {0, 1, 2, 3, 4, 5, 6, 7}, 2);
     const float* const place = array->GetPointer(0);
     removeRows(*array, rows);
     ASSERT_EQ(array->GetNumberOfValues(), static_cast<vtkIdType>(kept.size()));

@@ -1,38 +1,29 @@
 #include "geometry/Normals.h"
+#include "support/Meshes.h"
+#include <vemo/base/Vector.h>
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
 #include <vtkFloatArray.h>
-#include <vtkMath.h>
 #include <vtkNew.h>
 #include <vtkPointData.h>
 #include <vtkPoints.h>
-#include <vtkPolyData.h>
 #include <vtkPolyDataNormals.h>
-#include <vtkSmartPointer.h>
-#include <vtkTriangle.h>
 #include <vtkVersionMacros.h>
 
 #include <algorithm>
-#include <array>
-#include <cstddef>
+#include <cmath>
 #include <gmock/gmock.h>
-#include <limits>
 #include <random>
 #include <tuple>
-#include <vector>
 
 namespace vemo {
 
 namespace {
 
 using testing::ElementsAre;
-using Cell = std::vector<vtkIdType>;
-using Cells = std::vector<Cell>;
+using Points = std::vector<std::array<float, 3>>;
 using Values = std::vector<float>;
-
-constexpr float NOT_A_NUMBER = std::numeric_limits<float>::quiet_NaN();
-constexpr float INFINITE = std::numeric_limits<float>::infinity();
 
 // Our normals are those of VTK 9.1 in any version of VTK. The filter of VTK 9.3
 // rounds differently, and also differs at polygons that are not flat.
@@ -40,26 +31,19 @@ constexpr bool IS_OUR_FILTER = VTK_MAJOR_VERSION == 9 && VTK_MINOR_VERSION == 1;
 constexpr float TOLERANCE = IS_OUR_FILTER ? 0.0F : 1e-5F;
 constexpr std::size_t COMMON_CELL_SIZE = IS_OUR_FILTER ? 7 : 3;
 
-vtkSmartPointer<vtkCellArray> cellArray(const Cells& cells, bool wide = false) {
-  auto array = vtkSmartPointer<vtkCellArray>::New();
-  if (!wide) {
-    array->Use32BitStorage();
+/// Points of VTK's type VTK_FLOAT or VTK_DOUBLE, and cells in arrays of 32 or
+/// 64 bits.
+vtkSmartPointer<vtkPolyData> meshOf(const Points& points, const Cells& cells, int type = VTK_FLOAT,
+                                    bool wide = false) {
+  auto mesh = makePolyData(points, cells);
+  vtkNew<vtkPoints> typed;
+  typed->SetDataType(type);
+  typed->DeepCopy(mesh->GetPoints());
+  mesh->SetPoints(typed);
+  for (vtkCellArray* const array :
+       {mesh->GetVerts(), mesh->GetLines(), mesh->GetPolys(), mesh->GetStrips()}) {
+    wide ? array->ConvertTo64BitStorage() : array->ConvertTo32BitStorage();
   }
-  for (const Cell& cell : cells) {
-    array->InsertNextCell(static_cast<vtkIdType>(cell.size()), cell.data());
-  }
-  return array;
-}
-
-vtkSmartPointer<vtkPolyData> meshOn(const std::vector<std::array<float, 3>>& coordinates,
-                                    int type = VTK_FLOAT) {
-  vtkNew<vtkPoints> points;
-  points->SetDataType(type);
-  for (const auto& point : coordinates) {
-    points->InsertNextPoint(point.data());
-  }
-  auto mesh = vtkSmartPointer<vtkPolyData>::New();
-  mesh->SetPoints(points);
   return mesh;
 }
 
@@ -68,18 +52,18 @@ vtkSmartPointer<vtkPolyData> meshOn(const std::vector<std::array<float, 3>>& coo
 struct RandomMesh {
   std::mt19937 engine{7};
 
-  std::vector<std::array<float, 3>> coordinates(std::size_t count) {
+  Points points(std::size_t count) {
     std::uniform_real_distribution<float> coordinate(-3.0F, 5.0F);
-    std::vector<std::array<float, 3>> result(count);
+    Points result(count);
     for (auto& point : result) {
       point = {coordinate(engine), coordinate(engine), coordinate(engine)};
     }
     return result;
   }
 
-  Cells cells(std::size_t count, std::size_t points, std::size_t maximum = 7) {
+  Cells::List cells(std::size_t count, std::size_t points, std::size_t maximum = 7) {
     std::uniform_int_distribution<vtkIdType> index(0, static_cast<vtkIdType>(points) - 2);
-    Cells result(count);
+    Cells::List result(count);
     for (std::size_t i = 0; i < count; ++i) {
       result[i].resize(3 + i % (maximum - 2));
       std::generate(result[i].begin(), result[i].end(), [&] { return index(engine); });
@@ -122,19 +106,22 @@ class NormalsOfEveryStorage : public testing::TestWithParam<std::tuple<int, bool
 TEST_P(NormalsOfEveryStorage, areThoseOfTheFilter) {
   const auto [type, wide] = GetParam();
   RandomMesh random;
-  const auto mesh = meshOn(random.coordinates(200), type);
-  mesh->SetVerts(cellArray({{0}, {1, 2}}, wide));
-  mesh->SetLines(cellArray({{3, 4, 5}}, wide));
-  mesh->SetPolys(cellArray(random.cells(500, 200, COMMON_CELL_SIZE), wide));
+  const auto mesh = meshOf(random.points(200),
+                           {.verts = {{0}, {1, 2}},
+                            .lines = {{3, 4, 5}},
+                            .polys = random.cells(500, 200, COMMON_CELL_SIZE),
+                            .strips = random.cells(300, 200)},
+                           type, wide);
+  EXPECT_THAT(valuesOf(pointNormals(*mesh)), areTheFilters(filterNormals(mesh).points));
+  const vtkSmartPointer<vtkCellArray> polys = mesh->GetPolys();
+  mesh->SetPolys(nullptr);
+  EXPECT_THAT(valuesOf(pointNormals(*mesh)), areTheFilters(filterNormals(mesh).points));
+  mesh->SetPolys(polys);
+  mesh->SetStrips(nullptr);
+  EXPECT_THAT(valuesOf(pointNormals(*mesh)), areTheFilters(filterNormals(mesh).points));
   const Values ours = valuesOf(cellNormals(*mesh));
   EXPECT_THAT(ours, areTheFilters(filterNormals(mesh).cells));
   EXPECT_EQ(ours.size(), 3 * 503U);
-  EXPECT_THAT(valuesOf(pointNormals(*mesh)), areTheFilters(filterNormals(mesh).points));
-
-  mesh->SetStrips(cellArray(random.cells(300, 200), wide));
-  EXPECT_THAT(valuesOf(pointNormals(*mesh)), areTheFilters(filterNormals(mesh).points));
-  mesh->SetPolys(nullptr);
-  EXPECT_THAT(valuesOf(pointNormals(*mesh)), areTheFilters(filterNormals(mesh).points));
 }
 
 INSTANTIATE_TEST_SUITE_P(, NormalsOfEveryStorage,
@@ -142,11 +129,9 @@ INSTANTIATE_TEST_SUITE_P(, NormalsOfEveryStorage,
 
 TEST(Normals, ofAStripIsTheMeanOfItsTrianglesAndOneForTheCell) {
   RandomMesh random;
-  const auto mesh = meshOn(random.coordinates(50));
-  const Cells strips = random.cells(40, 50);
-  mesh->SetVerts(cellArray({{1}}));
-  mesh->SetStrips(cellArray(strips));
-  mesh->SetPolys(cellArray({{0, 1, 2}, {3, 4, 5}}));
+  const Points points = random.points(50);
+  const Cells::List strips = random.cells(40, 50);
+  const auto mesh = meshOf(points, {.verts = {{1}}, .polys = {{0, 1, 2}, {3, 4, 5}}, .strips = strips});
   const Values ours = valuesOf(cellNormals(*mesh));
   ASSERT_EQ(ours.size(), 3 * 43U);
 
@@ -155,17 +140,16 @@ TEST(Normals, ofAStripIsTheMeanOfItsTrianglesAndOneForTheCell) {
   EXPECT_THAT(Values(ours.begin(), ours.begin() + 9), areTheFilters({filters.begin(), filters.begin() + 9}));
   auto triangle = filters.begin() + 9;
   for (std::size_t i = 0; i < strips.size(); ++i) {
-    std::array<double, 3> mean{};
+    Vector3 mean;
     for (std::size_t corner = 0; corner + 2 < strips[i].size(); ++corner, triangle += 3) {
-      std::array<std::array<double, 3>, 3> points{};
-      for (std::size_t k = 0; k < 3; ++k) {
-        mesh->GetPoint(strips[i][corner + k], points[k].data());
-      }
-      const double area = vtkTriangle::TriangleArea(points[0].data(), points[1].data(), points[2].data());
-      std::transform(mean.begin(), mean.end(), triangle, mean.begin(),
-                     [area](double sum, float value) { return sum + area * value; });
+      const auto point = [&](std::size_t k) {
+        const auto& [x, y, z] = points[static_cast<std::size_t>(strips[i][corner + k])];
+        return Vector3{x, y, z};
+      };
+      const double area = length(cross(point(1) - point(0), point(2) - point(0)));
+      mean += area * Vector3{triangle[0], triangle[1], triangle[2]};
     }
-    vtkMath::Normalize(mean.data());
+    mean = normalized(mean);
     for (std::size_t axis = 0; axis < 3; ++axis) {
       EXPECT_NEAR(ours[3 * (3 + i) + axis], mean[axis], 1e-5) << "strip " << i;
     }
@@ -173,8 +157,8 @@ TEST(Normals, ofAStripIsTheMeanOfItsTrianglesAndOneForTheCell) {
 }
 
 TEST(Normals, ofCellsWithoutAreaAreZeroAsTheFilterHasThem) {
-  const auto mesh = meshOn({{0, 0, 0}, {1, 0, 0}, {2, 0, 0}, {0, 1, 0}, {5, 5, 5}});
-  mesh->SetPolys(cellArray({{0, 1, 2}, {0, 0, 1}, {4, 4, 4, 4}, {0, 1, 3}}));
+  const auto mesh = meshOf({{0, 0, 0}, {1, 0, 0}, {2, 0, 0}, {0, 1, 0}, {5, 5, 5}},
+                           {.polys = {{0, 1, 2}, {0, 0, 1}, {4, 4, 4, 4}, {0, 1, 3}}});
   const FilterNormals filters = filterNormals(mesh);
   EXPECT_EQ(valuesOf(pointNormals(*mesh)), filters.points);
   EXPECT_EQ(valuesOf(cellNormals(*mesh)), filters.cells);
@@ -182,16 +166,14 @@ TEST(Normals, ofCellsWithoutAreaAreZeroAsTheFilterHasThem) {
 }
 
 TEST(Normals, ofNeighboursSurviveCoordinatesThatAreNotFinite) {
-  for (const float wrong : {NOT_A_NUMBER, INFINITE, -INFINITE}) {
-    const auto mesh = meshOn({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {wrong, 0, 0}, {1, wrong, 0}});
-    mesh->SetPolys(cellArray({{0, 1, 2}, {0, 1, 3}, {0, 2, 4, 1}}));
-    EXPECT_THAT(valuesOf(pointNormals(*mesh)), ElementsAre(0, 0, 1, 0, 0, 1, 0, 0, 1, 0, 0, 0, 0, 0, 0));
-    EXPECT_THAT(valuesOf(cellNormals(*mesh)), ElementsAre(0, 0, 1, 0, 0, 0, 0, 0, 0));
-
-    mesh->SetPolys(nullptr);
-    mesh->SetStrips(cellArray({{0, 1, 2, 3}, {0, 3, 1, 4}}));
-    EXPECT_THAT(valuesOf(cellNormals(*mesh)), ElementsAre(0, 0, 1, 0, 0, 0));
-    EXPECT_EQ(pointNormals(*mesh)->GetTypedComponent(2, 2), 1.0F);
+  for (const float wrong : {NAN, INFINITY, -INFINITY}) {
+    const Points points = {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {wrong, 0, 0}, {1, wrong, 0}};
+    const auto polys = meshOf(points, {.polys = {{0, 1, 2}, {0, 1, 3}, {0, 2, 4, 1}}});
+    EXPECT_THAT(valuesOf(pointNormals(*polys)), ElementsAre(0, 0, 1, 0, 0, 1, 0, 0, 1, 0, 0, 0, 0, 0, 0));
+    EXPECT_THAT(valuesOf(cellNormals(*polys)), ElementsAre(0, 0, 1, 0, 0, 0, 0, 0, 0));
+    const auto strips = meshOf(points, {.strips = {{0, 1, 2, 3}, {0, 3, 1, 4}}});
+    EXPECT_THAT(valuesOf(cellNormals(*strips)), ElementsAre(0, 0, 1, 0, 0, 0));
+    EXPECT_EQ(pointNormals(*strips)->GetTypedComponent(2, 2), 1.0F);
   }
 }
 

@@ -9,9 +9,8 @@
 #include <vtkActor2D.h>
 #include <vtkAssembly.h>
 #include <vtkCoordinate.h>
-#include <vtkLogLookupTable.h>
+#include <vtkLookupTable.h>
 #include <vtkNew.h>
-#include <vtkPlane.h>
 #include <vtkPlaneCollection.h>
 #include <vtkPolyDataMapper.h>
 #include <vtkProperty.h>
@@ -19,13 +18,9 @@
 #include <vtkTextActor.h>
 #include <vtkTextProperty.h>
 
-#include <gmock/gmock.h>
-
 namespace vemo {
 
 namespace {
-
-using Vector3 = Vector<3, double>;
 
 /// Lets the tests call what is for items alone.
 class AnyItem : public GeometryItem {
@@ -35,12 +30,6 @@ class AnyItem : public GeometryItem {
 };
 
 class Drawing : public SceneFixture {};
-
-Vector3 colorOf(vtkProperty* property) {
-  Vector3 color;
-  property->GetColor(color.data());
-  return color;
-}
 
 TEST_F(Drawing, VisibilityIsAFactorOfOpacity) {
   AnyItem item("i");
@@ -82,61 +71,43 @@ TEST_F(Drawing, OpacityReachesEveryPartOfAnAssembly) {
   EXPECT_EQ(property->GetOpacity(), 0.75);
 }
 
-TEST_F(Drawing, SurfacesMayHaveEdgesAlone) {
-  GeometryItem& item = readItem("polys='tri'");
-  item.setActorOpacity(0.5);
-  EXPECT_EQ(item.getActor()->GetProperty()->GetOpacity(), 32 / 255.0) << "half of its colour's";
-
-  GeometryItem& edges = readItem("polys='tri' showFaces='false' showEdges='true' smoothShading='false'");
-  edges.setLineAndPolygonRenderingProperties();
-  EXPECT_EQ(edges.getProperty()->GetRepresentation(), VTK_WIREFRAME);
-  EXPECT_EQ(colorOf(edges.getProperty()), (Vector3{1, 0, 0}));
-  edges.showEdges(false);
-  edges.setActorOpacity(1.0);
-  EXPECT_FALSE(edges.getActor()->GetVisibility()) << "there is nothing to see";
-}
-
-TEST_F(Drawing, LinesAndPointsHaveTheirOwnLook) {
-  GeometryItem& lines = readItem("lines='line' lineWidth='3'");
-  lines.setLineAndPolygonRenderingProperties();
-  lines.setActorOpacity(1.0);
-  EXPECT_EQ(colorOf(lines.getProperty()), (Vector3{1, 0, 0}));
-  EXPECT_FALSE(lines.getProperty()->GetLighting());
-  EXPECT_EQ(lines.getProperty()->GetLineWidth(), 3.0F);
-  EXPECT_EQ(lines.getProperty()->GetOpacity(), 128 / 255.0);
-
+TEST_F(Drawing, LinesAndPointsHaveTheirOwnOpacity) {
+  GeometryItem& lines = readItem("lines='line'");
+  lines.setActorOpacity(0.5);
+  EXPECT_EQ(lines.getProperty()->GetOpacity(), 64 / 255.0);
   GeometryItem& points = readItem("verts='vert' pointSize='5'");
   points.setActorOpacity(0.5);
   EXPECT_EQ(points.getProperty()->GetPointSize(), 5.0F);
   EXPECT_EQ(points.getProperty()->GetOpacity(), 0.5);
+}
+
+TEST_F(Drawing, NeedsGeometryOfTheRightType) {
+  GeometryItem& edges = readItem("polys='tri' showFaces='false' showEdges='true' smoothShading='false'");
+  edges.showEdges(false);
+  edges.setActorOpacity(1.0);
+  EXPECT_FALSE(edges.getActor()->GetVisibility()) << "there is nothing to see";
+  GeometryItem& points = readItem("verts='vert'");
   EXPECT_EQ(failureOf([&] { points.setLineAndPolygonRenderingProperties(); }).substr(0, 89),
             "InternalError: Unexpected item type in GeometryItem::setLineAndPolygonRenderingProperties");
   EXPECT_EQ(failureOf([] { GeometryItem("unread").setActorOpacity(1.0); }).substr(0, 69),
             "InternalError: Unexpected geometry type in GeometryItem::setActorOpac");
 }
 
-TEST_F(Drawing, MappersAreColoredByAnArray) {
-  const std::string arrays =
-      "<array name='a' dim='1' vertexData='true' data='four'/><array name='a' dim='1' data='two'/>"
-      "<array name='b' dim='1' vertexData='true' data='four'/>";
-  GeometryItem& item = readItem("polys='quad'", arrays);
+TEST_F(Drawing, MappersAreSetUpAnew) {
+  GeometryItem& item = readItem("polys='quad'", "<array name='a' dim='1' data='two'/>");
   vtkPolyDataMapper& mapper = *item.getMapper();
-  Colormap colormap;
-  colormap.read(*elementOf("<colormap min='5' max='6'><c>ff0000ff</c><c>00ff00ff</c></colormap>"), nullptr);
-  item.setRenderingFlags(&mapper);
+  ClippingPlane plane;
+  for (const int count : {1, 0, 1}) {
+    item.setIgnoreClip(count == 0);
+    item.setClippingPlanes(&mapper, {&plane});
+    EXPECT_EQ(mapper.GetClippingPlanes()->GetNumberOfItems(), count);
+  }
+  const Colormap colormap;
   item.setScalars(&mapper, &colormap);
-  item.setScalarArray(&mapper, "a");
-  EXPECT_EQ(mapper.GetScalarMode(), VTK_SCALAR_MODE_USE_CELL_FIELD_DATA);
-  vtkUnsignedCharArray* const colors = mapper.MapScalars(1.0);
-  ASSERT_TRUE(colors);
-  EXPECT_EQ(colors->GetComponent(0, 0), 255) << "5 is red";
-  EXPECT_EQ(colors->GetComponent(1, 1), 255) << "6 is green";
-  item.setScalarArray(&mapper, "b");
-  EXPECT_EQ(mapper.GetScalarMode(), VTK_SCALAR_MODE_USE_POINT_FIELD_DATA);
-  EXPECT_TRUE(mapper.GetScalarVisibility());
-  item.setScalarArray(&mapper, "absent");
-  EXPECT_FALSE(mapper.GetScalarVisibility());
-  item.setScalarArray(&mapper, "b");
+  for (const auto& [array, isVisible] : {std::pair("a", true), {"absent", false}, {"a", true}}) {
+    item.setScalarArray(&mapper, array);
+    EXPECT_EQ(mapper.GetScalarVisibility(), isVisible) << array;
+  }
   item.setScalars(&mapper, nullptr);
   EXPECT_FALSE(mapper.GetScalarVisibility());
   item.setScalars(&mapper, &colormap);
@@ -148,31 +119,13 @@ TEST_F(Drawing, ColormapsBecomeTables) {
   const std::string colors = "><c>ff000080</c><c>0000ffff</c><c>00ff00ff</c></colormap>";
   colormap.read(*elementOf("<colormap min='1' max='100' log10='true' ramp='sqrt'" + colors), nullptr);
   const auto table = colormap.makeLookupTable();
-  EXPECT_TRUE(vtkLogLookupTable::SafeDownCast(table));
   EXPECT_EQ(table->GetRamp(), VTK_RAMP_SQRT);
-  EXPECT_EQ(table->GetNumberOfTableValues(), 3);
-  EXPECT_EQ(table->GetRange()[1], 100);
   EXPECT_EQ(table->MapValue(1)[3], 128);
   EXPECT_EQ(table->MapValue(10)[2], 255) << "in the middle of the logarithms";
   colormap.read(*elementOf("<colormap max='100'" + colors), nullptr);
-  EXPECT_FALSE(vtkLogLookupTable::SafeDownCast(colormap.makeLookupTable()));
   EXPECT_EQ(colormap.makeLookupTable()->MapValue(10)[3], 128);
   colormap.read(*elementOf("<colormap max='100'/>"), nullptr);
   EXPECT_EQ(colormap.makeLookupTable()->GetNumberOfTableValues(), 0);
-}
-
-TEST_F(Drawing, MappersAreClippedInPlaceOfTheFormer) {
-  GeometryItem& item = readItem("polys='tri'");
-  ClippingPlane plane;
-  const std::vector<ClippingPlane*> planes = {&plane};
-  for (int i = 0; i < 2; ++i) {
-    item.setClippingPlanes(item.getMapper(), planes);
-    ASSERT_EQ(item.getMapper()->GetClippingPlanes()->GetNumberOfItems(), 1);
-    EXPECT_EQ(item.getMapper()->GetClippingPlanes()->GetItem(0), planes[0]->getPlane());
-  }
-  item.setIgnoreClip(true);
-  item.setClippingPlanes(item.getMapper(), planes);
-  EXPECT_EQ(item.getMapper()->GetClippingPlanes()->GetNumberOfItems(), 0);
 }
 
 TEST_F(Drawing, AxesHaveLabels) {

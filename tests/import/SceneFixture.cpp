@@ -1,6 +1,5 @@
 #include "SceneFixture.h"
 
-#include "support/CollectionAt.h"
 #include "support/Files.h"
 #include "support/Nodes.h"
 #include <vemo/import/SharedBySiblings.h>
@@ -9,6 +8,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cxxabi.h>
+#include <sstream>
 #include <typeinfo>
 #include <utility>
 
@@ -111,7 +111,13 @@ lum::SceneNode& SceneFixture::convert(const std::string& children) {
 }
 
 lum::DrawableCollection& SceneFixture::collection(const std::string& path) {
-  return collectionAt(*_sceneNode, path);
+  lum::DrawableCollection* found = &_sceneNode->getModelCanvas().getDrawableCollection();
+  std::istringstream names(path);
+  for (std::string name; std::getline(names, name, '/');) {
+    found = found->find<lum::DrawableCollection>(name);
+    VEMO_REQUIRE(found, "There is no collection " + path);
+  }
+  return *found;
 }
 
 }  // namespace vemo

@@ -109,7 +109,7 @@ TEST_F(AllElements, RejectNewerVersions) {
   }
 }
 
-TEST_F(AllElements, ThatMayBeDoneWithoutNeverStopAScene) {
+TEST_F(AllElements, NeverStopASceneWhenOptional) {
   for (const ElementTable& table : describeSceneFormat()) {
     for (const KeyText& key : table.keys) {
       if (table.onBadValue == OnBadValue::WARN) {

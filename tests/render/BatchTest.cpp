@@ -4,7 +4,11 @@
 #include <vemo/scenegraph/attributes/MaterialAttributes.h>
 #include <vemo/scenegraph/attributes/MeshAttributes.h>
 #include <vemo/scenegraph/attributes/SurfaceAttributes.h>
-#include <vemo/scenegraph/drawables/SurfaceDrawable.h>
+#include <vemo/scenegraph/drawables/PolyLineDrawable.h>
+#include <vemo/scenegraph/transforms/SymmetricTransform.h>
+
+#include <vtkCellData.h>
+#include <vtkPointData.h>
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -18,6 +22,16 @@ using Change = std::function<void(lum::SurfaceDrawable&)>;
 
 void plain(lum::SurfaceDrawable&) {}
 
+auto& mesh(lum::SurfaceDrawable& surface) {
+  return surface.getAttributes<lum::MeshAttributes>();
+}
+auto& material(lum::SurfaceDrawable& surface) {
+  return surface.getAttributes<lum::MaterialAttributes>();
+}
+auto& lines(lum::SurfaceDrawable& surface) {
+  return surface.getAttributes<lum::LineAttributes>();
+}
+
 /// As many surfaces as are drawn in one batch in the left half, and as many in
 /// the right half, in turn. A null change leaves a half empty.
 Picture draw(const Change& left, const Change& right) {
@@ -26,10 +40,11 @@ Picture draw(const Change& left, const Change& right) {
   scene.canvas().getLightingAttributes().getLights().findOrCreate<lum::Light>("light").setAngles(20, 0);
   scene.clip({0, 1, 0}, {0, 0, 0});
   const auto add = [&](vtkPolyData* geometry, const Change& change) {
+    geometry->GetPointData()->AddArray(makeArray("s", {0, 0, 1, 1}));
     auto& surface = scene.addSurface(geometry, {0.4, 0.1, 0.1});
-    surface.getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
-    surface.getAttributes<lum::MaterialAttributes>().setSpecular(0.3);
-    surface.getAttributes<lum::MaterialAttributes>().setSpecularPower(4);
+    mesh(surface).setMeshVisible(true, false);
+    material(surface).setSpecular(0.3);
+    material(surface).setSpecularPower(4);
     change(surface);
   };
   for (int row = 0; row < ROWS; ++row) {
@@ -57,43 +72,24 @@ int countDifferent(const Picture& a, const Picture& b, int firstColumn) {
 /// Many small meshes that differ in how they are drawn look as they do without
 /// the others.
 TEST(Batch, KeepsWhatIsDrawnDifferentlyApart) {
-  const struct {
-    const char* name;
-    Change change;
-  } cases[] = {
-      {"line width",
-       [](lum::SurfaceDrawable& surface) { surface.getAttributes<lum::LineAttributes>().setLineWidth(3); }},
-      {"specular",
-       [](lum::SurfaceDrawable& surface) {
-         surface.getAttributes<lum::MaterialAttributes>().setSpecular(0.9);
-       }},
-      {"specular power",
-       [](lum::SurfaceDrawable& surface) {
-         surface.getAttributes<lum::MaterialAttributes>().setSpecularPower(40);
-       }},
-      {"ambient",
-       [](lum::SurfaceDrawable& surface) {
-         surface.getAttributes<lum::MaterialAttributes>().setAmbient(0.9);
-       }},
-      {"diffuse",
-       [](lum::SurfaceDrawable& surface) {
-         surface.getAttributes<lum::MaterialAttributes>().setDiffuse(0.2);
-       }},
-      {"clipping",
-       [](lum::SurfaceDrawable& surface) { surface.getBaseAttributes().setClipPlanesEnabled(false); }},
+  const std::pair<const char*, Change> cases[] = {
+      {"line width", [](auto& surface) { lines(surface).setLineWidth(3); }},
+      {"specular", [](auto& surface) { material(surface).setSpecular(0.9); }},
+      {"specular power", [](auto& surface) { material(surface).setSpecularPower(40); }},
+      {"ambient", [](auto& surface) { material(surface).setAmbient(0.9); }},
+      {"diffuse", [](auto& surface) { material(surface).setDiffuse(0.2); }},
+      {"clipping", [](auto& surface) { surface.getBaseAttributes().setClipPlanesEnabled(false); }},
       {"a contour instead of edges",
-       [](lum::SurfaceDrawable& surface) {
-         surface.getAttributes<lum::MeshAttributes>().setMeshVisible(false, false);
-         surface.getAttributes<lum::ContourAttributes>().setContourVisible(true);
+       [](auto& surface) {
+         mesh(surface).setMeshVisible(false, false);
+         surface.template getAttributes<lum::ContourAttributes>().setContourVisible(true);
        }},
       {"edge colour",
-       [](lum::SurfaceDrawable& surface) {
-         surface.getAttributes<lum::MeshAttributes>().setMeshColor({0, 0, 1});
+       [](auto& surface) {
+         mesh(surface).setMeshColor({0, 0, 1});
        }},
       {"faces",
-       [](lum::SurfaceDrawable& surface) {
-         surface.getAttributes<lum::SurfaceAttributes>().setShaded(false);
-       }},
+       [](auto& surface) { surface.template getAttributes<lum::SurfaceAttributes>().setShaded(false); }},
   };
   const Picture left = draw(plain, nullptr);
   const Picture right = draw(nullptr, plain);
@@ -105,6 +101,72 @@ TEST(Batch, KeepsWhatIsDrawnDifferentlyApart) {
     EXPECT_EQ(countDifferent(together, alone, SIZE / 2), 0);
     EXPECT_GT(countDifferent(alone, right, SIZE / 2), 100) << "it is seen";
   }
+}
+
+TEST(Batch, KeepsColorTablesApart) {
+  const Change red = [](auto& surface) {
+    colorByArray(surface, "s", lum::DataLocation::POINTS, {1, 0, 0, 1, 0.5, 0, 0, 1});
+  };
+  const Change blue = [](auto& surface) {
+    colorByArray(surface, "s", lum::DataLocation::POINTS, {0, 0, 1, 1, 0, 0, 0.5, 1});
+  };
+  const Picture together = draw(red, blue);
+  EXPECT_EQ(countDifferent(together, draw(red, nullptr), 0), 0);
+  EXPECT_EQ(countDifferent(together, draw(nullptr, blue), SIZE / 2), 0);
+}
+
+/// A mesh of each kind, each coloured in its own way, around a position.
+void addOneOfEachKind(RenderScene& scene, float x, float y) {
+  const auto square = [=](float at) { return makeRectangle(x, x + 0.25F, y + at, y + at + 0.07F, 0.1F * x); };
+  scene.addSurface(square(0), {0.5 + x / 4, 0.2, 0.4});
+  const auto colored = [&](vtkPolyData* geometry, lum::DataLocation location) -> lum::SurfaceDrawable& {
+    auto& surface = scene.add<lum::SurfaceDrawable>(geometry);
+    colorByArray(surface, "s", location, {1, 0, 0, 1, 1, 1, 0, 1, 0, 0, 1, 1});
+    return surface;
+  };
+  const auto byPoint = square(0.1F);
+  byPoint->GetPointData()->AddArray(makeArray("s", {0, 9, 1, 9, 0.5F + x / 2, 9, 0, 9}, 2));
+  byPoint->GetPointData()->AddArray(makeArray("Normals", {0, 1, 1, 0, 0, 1, 1, 0, 0, 0, 0, 1}, 3));
+  colored(byPoint, lum::DataLocation::POINTS);
+  const auto byCell =
+      makePolyData(flat({x, y + 0.2F, x + 0.25F, y + 0.2F, x, y + 0.27F, x + 0.25F, y + 0.27F}),
+                   {.lines = {{0, 3}, {1, 2}}, .polys = {{0, 1, 2}}, .strips = {{1, 2, 3}}});
+  byCell->GetCellData()->AddArray(makeArray("s", {0.5F, 0, 1, 0.5F}));
+  colored(byCell, lum::DataLocation::CELLS).getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
+  scene.add<lum::PolyLineDrawable>(
+      makePolyData(flat({x, y + 0.3F, x + 0.2F, y + 0.35F}), {.lines = {{0, 1}}}), {0, 0.5 + x / 4, 1});
+  auto& wire = scene.addSurface(square(0.4F), {1, 1, 1});
+  wire.getAttributes<lum::SurfaceAttributes>().setShaded(false);
+  wire.getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
+  wire.getAttributes<lum::MeshAttributes>().setMeshColor({1, 1, 0});
+}
+
+TEST(Batch, DrawsManySmallMeshesLikeFew) {
+  RenderScene scene;
+  for (const float x : {-0.9F, -0.3F, 0.3F}) {
+    addOneOfEachKind(scene, x, -0.2F);
+  }
+  const Picture few = scene.render();
+  EXPECT_LT(countPixels(few, {0, 0, 0}), SIZE * SIZE - 3000);
+  // Beside the picture.
+  for (int i = 0; i < 20; ++i) {
+    addOneOfEachKind(scene, 1.5F, 0.05F * static_cast<float>(i));
+  }
+  EXPECT_EQ(countDifferences(scene.render(), few, 1), 0);
+}
+
+TEST(Batch, DrawsTransformedMeshesTogetherAsAlone) {
+  const auto drawMirrored = [](int meshes) {
+    RenderScene scene;
+    for (int i = 0; i < meshes; ++i) {
+      const float x = 0.1F * static_cast<float>(i % 8);
+      scene.addSurface(makeRectangle(x, x + 0.05F, 0, 0.1F), {1, 0.1 * (i % 8), 0},
+                       scene.collectionIn(scene.drawables()));
+    }
+    setTransform<lum::SymmetricTransform>(scene.drawables()).setPlane({1, 0, 0, 0});
+    return scene.render();
+  };
+  EXPECT_EQ(countDifferences(drawMirrored(8), drawMirrored(40), 1), 0);
 }
 
 }  // namespace

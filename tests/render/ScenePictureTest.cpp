@@ -4,24 +4,20 @@
 #include <vemo/render/RenderErrors.h>
 #include <vemo/scenegraph/attributes/ContourAttributes.h>
 #include <vemo/scenegraph/attributes/LineAttributes.h>
-#include <vemo/scenegraph/attributes/MaterialAttributes.h>
 #include <vemo/scenegraph/attributes/MeshAttributes.h>
 #include <vemo/scenegraph/attributes/PointSizeAttributes.h>
-#include <vemo/scenegraph/attributes/SurfaceAttributes.h>
 #include <vemo/scenegraph/drawables/PointSphereDrawable.h>
 #include <vemo/scenegraph/drawables/PolyLineDrawable.h>
-#include <vemo/scenegraph/drawables/SurfaceDrawable.h>
+#include <vemo/scenegraph/transforms/PeriodicRepeatTransform.h>
+#include <vemo/scenegraph/transforms/SimpleTransform.h>
 
 #include <vtkCellData.h>
 #include <vtkPointData.h>
 
 #include <EGL/egl.h>
-#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <gtest/gtest.h>
-#include <limits>
-#include <set>
 
 namespace vemo {
 
@@ -36,37 +32,6 @@ constexpr Pixel BLACK = {0, 0, 0};
 constexpr Pixel RED = {255, 0, 0};
 constexpr Pixel GREEN = {0, 255, 0};
 constexpr Pixel BLUE = {0, 0, 255};
-constexpr Pixel WHITE = {255, 255, 255};
-constexpr float NAN_F = std::numeric_limits<float>::quiet_NaN();
-
-// ---- Surfaces ----
-
-TEST(ScenePicture, ShowsFacesInTheirKeyedColourAndTrueEdges) {
-  RenderScene scene;
-  auto& surface = scene.addSurface(makeRectangle(-0.5F, 0.5F, -0.5F, 0.5F), {0, 0, 1});
-  surface.getColorAttributes()->setColor("PolyDataNode", {1, 0, 0});
-  EXPECT_EQ(at(scene.render(), 0, 0), BLUE);
-  surface.getColorAttributes()->setColorMode(lum::ColorMode::KEYED);
-  auto& faces = surface.getAttributes<lum::SurfaceAttributes>();
-  auto& mesh = surface.getAttributes<lum::MeshAttributes>();
-  mesh.setMeshColor({0, 1, 0});
-  surface.getAttributes<lum::LineAttributes>().setLineWidth(4);
-  for (const bool hasFaces : {true, false}) {
-    for (const bool hasEdges : {true, false}) {
-      SCOPED_TRACE(std::to_string(hasFaces) + std::to_string(hasEdges));
-      faces.setShaded(hasFaces);
-      mesh.setMeshVisible(hasEdges, false);
-      const Picture picture = scene.render();
-      const Pixel face = hasFaces ? RED : BLACK;
-      const Pixel edge = hasEdges ? GREEN : face;
-      // On the diagonals: no triangle's edge is to be seen there.
-      EXPECT_EQ(at(picture, 0.25, 0.25), face);
-      EXPECT_EQ(at(picture, 0.25, -0.25), face);
-      EXPECT_EQ(at(picture, 0.493, 0.25), edge);
-      EXPECT_EQ(at(picture, 0, -0.493), edge);
-    }
-  }
-}
 
 TEST(ScenePicture, DrawsEdgesAndContourAsOpaqueAsTheirOwnColour) {
   for (const double faces : {0.0, 1.0 / 255, 0.5, 1.0}) {
@@ -122,10 +87,7 @@ TEST(ScenePicture, ShadesByPointNormalsCellNormalsOrFacets) {
 TEST(ScenePicture, MixesTranslucentSurfacesByDepthWhateverTheirOrder) {
   for (const float first : {0.5F, -0.5F}) {
     RenderScene scene;
-    auto& background = scene.node().getBackgroundCanvas().getBackgroundAttributes();
-    background.setColorMode(lum::BackgroundColorModes::TOP_BOTTOM);
-    background.setColor1({1, 1, 1});
-    background.setColor2({1, 1, 1});
+    scene.node().getBackgroundCanvas().getBackgroundAttributes().setSolidColor({1, 1, 1});
     for (const float z : {first, -first}) {
       scene.addSurface(makeRectangle(-0.5F, 0.5F, -0.5F, 0.5F, z), z > 0 ? Color{1, 0, 0} : Color{0, 0, 1})
           .getColorAttributes()
@@ -136,73 +98,6 @@ TEST(ScenePicture, MixesTranslucentSurfacesByDepthWhateverTheirOrder) {
   }
 }
 
-TEST(ScenePicture, SmoothsEdges) {
-  RenderScene scene;
-  scene.addSurface(makePolyData(flat({-0.9F, -0.5F, 0.8F, -0.3F, 0.1F, 0.9F}), {.polys = {{0, 1, 2}}}),
-                   {1, 0, 0});
-  const Picture picture = scene.render();
-  std::set<int> reds;
-  for (int column = 0; column < SIZE; ++column) {
-    reds.insert(picture.at(column, MIDDLE)[0]);
-  }
-  EXPECT_GT(reds.size(), 2U) << "no tones between inside and outside";
-}
-
-// ---- Points ----
-
-TEST(ScenePicture, DrawsEveryPointInADefaultColourThatStandsOutOnAnyGround) {
-  const auto luminance = [](const Pixel& pixel) {
-    const auto linear = [](double value) { return std::pow(value / 255, 2.2); };
-    return 0.2126 * linear(pixel[0]) + 0.7152 * linear(pixel[1]) + 0.0722 * linear(pixel[2]) + 0.05;
-  };
-  for (const auto& [cells, count] : {std::pair(Cells{.verts = {{0}, {2, 3}}}, 3), {Cells{}, 4}}) {
-    RenderScene scene;
-    auto& points = scene.add<lum::PointSphereDrawable>(
-        makePolyData(flat({0, 0, 0.5F, 0, 0, 0.5F, -0.5F, -0.5F}), cells));
-    points.getAttributes<lum::PointSizeAttributes>().setPointSize(10);
-    const Picture picture = scene.render();
-    const Pixel color = at(picture, 0, 0);
-    // Balls of ten pixels.
-    EXPECT_NEAR(SIZE * SIZE - countPixels(picture, BLACK), count * 78, count * 20);
-    EXPECT_GT(luminance(color) / luminance(BLACK), 4);
-    EXPECT_GT(luminance(WHITE) / luminance(color), 4);
-  }
-}
-
-// ---- Visibility and clipping ----
-
-TEST(ScenePicture, HidesWhatIsHiddenAndAllBelow) {
-  RenderScene scene;
-  auto& outer = scene.collectionIn(scene.drawables());
-  auto& surface = scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 0, 0}, outer);
-  for (const bool isOuterVisible : {true, false}) {
-    for (const bool isSurfaceVisible : {true, false}) {
-      outer.getBaseAttributes().setVisibility(isOuterVisible, false);
-      surface.getBaseAttributes().setVisibility(isSurfaceVisible, false);
-      EXPECT_EQ(at(scene.render(), 0, 0), isOuterVisible && isSurfaceVisible ? RED : BLACK);
-    }
-  }
-}
-
-TEST(ScenePicture, KeepsTheHalfThatEachPlanesNormalPointsTo) {
-  RenderScene scene;
-  auto& surface = scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 0, 0});
-  scene.clip({2, 0, 0}, {0.25, 0, 0});
-  // Planes that say nothing, more than OpenGL takes, and one beyond them.
-  scene.clip({0, 0, 0}, {0, 0, 0});
-  scene.clip({NAN_F, 0, 0}, {0, 0, 0});
-  for (int i = 0; i < 6; ++i) {
-    scene.clip({0, 0, 1}, {0, 0, -1});
-  }
-  scene.clip({0, 1, 0}, {0, 0.25, 0});
-  const Picture picture = scene.render();
-  EXPECT_EQ(at(picture, 0.3, 0.3), RED);
-  EXPECT_EQ(at(picture, 0.2, 0.3), BLACK);
-  EXPECT_EQ(at(picture, 0.3, 0.2), BLACK);
-  surface.getBaseAttributes().setClipPlanesEnabled(false);
-  EXPECT_EQ(countPixels(scene.render(), RED), SIZE * SIZE);
-}
-
 TEST(ScenePicture, KeepsTheColoursOfCellsOfAllKindsThatManyPlanesCut) {
   const auto draw = [](int planes) {
     RenderScene scene;
@@ -211,6 +106,7 @@ TEST(ScenePicture, KeepsTheColoursOfCellsOfAllKindsThatManyPlanesCut) {
                                     {.lines = {{0, 1}}, .polys = {{2, 5, 4, 3}}, .strips = {{5, 4, 7, 6}}});
     cells->GetCellData()->AddArray(makeArray("s", {0, 0.5F, 1}));
     colorByArray(scene.addSurface(cells, {1, 1, 1}), "s", lum::DataLocation::CELLS);
+    scene.clip({0, 0, 0}, {0, 0, 0});
     for (int i = 0; i < planes; ++i) {
       scene.clip({1, 0.3, 0}, {-0.5, 0, 0});
     }
@@ -219,10 +115,55 @@ TEST(ScenePicture, KeepsTheColoursOfCellsOfAllKindsThatManyPlanesCut) {
   EXPECT_LE(countDifferences(draw(9), draw(1), 2), SIZE);
 }
 
-// ---- Camera ----
+TEST(ScenePicture, TransformsLeaveClippingPlanesWhereTheyAre) {
+  RenderScene scene;
+  setTransform<lum::SimpleTransform>(scene.drawables()).setTranslation({-0.5, 0, 0});
+  auto& surface = scene.addSurface(makeRectangle(0, 0.4F, 0, 0.2F), {1, 0, 0});
+  setTransform<lum::SimpleTransform>(surface).setScale({2, 2, 1});
+  // The last plane is one too many for the mapper.
+  for (const double x : {-0.3, -0.9, -0.9, -0.9, -0.9, -0.9, -0.1}) {
+    scene.clip({1, 0, 0}, {x, 0, 0});
+    const PixelBox box = boxOf(scene.render(), RED);
+    EXPECT_NEAR(box.left, x > -0.2 ? 0.45 * SIZE : 0.35 * SIZE, 1.6);
+    EXPECT_NEAR(box.right, 0.65 * SIZE, 1.6);
+    EXPECT_NEAR(box.top, 0.7 * SIZE, 1.6);
+  }
+}
+
+TEST(ScenePicture, PutsAColormapOfOneValueInTheMiddle) {
+  for (const double value : {0.0, 0.1, -7e6}) {
+    for (const auto scale : {lum::ScaleMode::LINEAR, lum::ScaleMode::LOG10}) {
+      RenderScene scene;
+      const auto cells = makePolyData(flat({-1, -1, 0, -1, 1, -1, -1, 1, 0, 1, 1, 1}),
+                                      {.polys = {{0, 1, 4, 3}, {1, 2, 5, 4}}});
+      // As a file has it: rounded.
+      cells->GetCellData()->AddArray(makeArray(
+          "pressure", {static_cast<float>(value), static_cast<float>(value + 1 + std::abs(value))}));
+      auto& table = colorByArray(scene.addSurface(cells, {1, 1, 1}), "pressure", lum::DataLocation::CELLS,
+                                 {0, 0, 1, 1, 0, 1, 0, 1, 1, 0, 0, 1});
+      table.setScalarRange({value, value});
+      table.setScaleMode(scale);
+      const Picture picture = scene.render();
+      EXPECT_EQ(at(picture, -0.5, 0), (Picture::Pixel{0, 255, 0})) << value;
+      EXPECT_EQ(at(picture, 0.5, 0), (Picture::Pixel{255, 0, 0})) << value;
+    }
+  }
+}
+
+TEST(ScenePicture, FramesWhatIsRepeated) {
+  RenderScene scene;
+  scene.canvas().getCameraAttributes().setParallelScale(std::nullopt);
+  auto& repeat =
+      setTransform<lum::PeriodicRepeatTransform>(scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 0, 0}));
+  repeat.setTranslation({0, 2, 0});
+  repeat.setNumRepeats(6);
+  const PixelBox box = boxOf(scene.render(), RED);
+  EXPECT_NEAR(box.bottom, SIZE - box.top, 3);
+  EXPECT_GT(box.top, 0.95 * SIZE);
+  EXPECT_NEAR(box.count, 6 * (SIZE / 11.1) * (SIZE / 11.1), 500);
+}
 
 TEST(ScenePicture, LooksThroughTheCameraOrFramesTheScene) {
-  const double infinity = std::numeric_limits<double>::infinity();
   using Mode = lum::CameraAttributes::ProjectionMode;
   struct {
     const char* name;
@@ -242,9 +183,9 @@ TEST(ScenePicture, LooksThroughTheCameraOrFramesTheScene) {
       {"up along the sight", {0, 0, 9}, {0, 0, 2}, Mode::PARALLEL, 20, 0.375, 0.375, false},
       {"no up", {0, 0, 9}, {0, 0, 0}, Mode::PARALLEL, 20, 0.375, 0.375, false},
       {"no scale", {0, 0, 9}, {0, 1, 0}, Mode::PARALLEL, 0, 0.53, 0.53, false},
-      {"infinite scale", {0, 0, 9}, {0, 1, 0}, Mode::PARALLEL, infinity, 0.53, 0.53, false},
+      {"infinite scale", {0, 0, 9}, {0, 1, 0}, Mode::PARALLEL, INFINITY, 0.53, 0.53, false},
       {"nowhere", {0, 0, 0}, {0, 1, 0}, Mode::PERSPECTIVE, 0, 0.53, 0.53, false},
-      {"not a number", {NAN_F, 0, 1}, {0, 1, 0}, Mode::PERSPECTIVE, 0, 0.53, 0.53, false},
+      {"not a number", {NAN, 0, 1}, {0, 1, 0}, Mode::PERSPECTIVE, 0, 0.53, 0.53, false},
       {"never set", {0, 0, 1}, {0, 1, 0}, Mode::PERSPECTIVE, -1, 0.53, 0.53, false},
   };
   for (const auto& expected : cases) {
@@ -265,86 +206,16 @@ TEST(ScenePicture, LooksThroughTheCameraOrFramesTheScene) {
   }
 }
 
-// ---- Lights ----
-
-TEST(ScenePicture, StandsManyAndSenselessLights) {
+TEST(ScenePicture, LeavesOutPointsThatAreNotFinite) {
   RenderScene scene;
-  scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 1, 1});
-  for (int i = 0; i < 1000; ++i) {
-    const auto light = make<lum::Light>();
-    light->setIntensity(i == 0 ? std::numeric_limits<double>::quiet_NaN() : 1.0 / 32);
-    scene.canvas().getLightingAttributes().getLights().addNode(*light);
-  }
-  EXPECT_NEAR(at(scene.render(), 0, 0)[0], 255 * (16.0 + 0.25) / 32, 2);
-}
-
-TEST(ScenePicture, BringsSenselessMaterialsIntoTheirBounds) {
-  RenderScene scene;
-  auto& surface = scene.addSurface(makeRectangle(-1, 1, -1, 1), {0.5, 0, 0});
-  auto& material = surface.getAttributes<lum::MaterialAttributes>();
-  material.setAmbient(0.25);
-  material.setDiffuse(NAN_F);
-  material.setSpecular(-1);
-  material.setSpecularPower(INFINITY);
-  EXPECT_NEAR(at(scene.render(), 0, 0)[0], 255 * 0.625, 2) << "diffuse as by default";
-  material.setAmbient(7);
-  EXPECT_NEAR(at(scene.render(), 0, 0)[0], 255, 2);
-}
-
-// ---- Many meshes ----
-
-/// A mesh of each kind, each coloured in its own way, around a position.
-void addOneOfEachKind(RenderScene& scene, float x, float y) {
-  const auto square = [=](float at) { return makeRectangle(x, x + 0.25F, y + at, y + at + 0.07F, 0.1F * x); };
-  scene.addSurface(square(0), {0.5 + x / 4, 0.2, 0.4});
-  const auto colored = [&](vtkPolyData* geometry, lum::DataLocation location) -> lum::SurfaceDrawable& {
-    auto& surface = scene.add<lum::SurfaceDrawable>(geometry);
-    colorByArray(surface, "s", location, {1, 0, 0, 1, 1, 1, 0, 1, 0, 0, 1, 1});
-    return surface;
-  };
-  const auto byPoint = square(0.1F);
-  byPoint->GetPointData()->AddArray(makeArray("s", {0, 9, 1, 9, 0.5F + x / 2, 9, 0, 9}, 2));
-  byPoint->GetPointData()->AddArray(makeArray("Normals", {0, 1, 1, 0, 0, 1, 1, 0, 0, 0, 0, 1}, 3));
-  colored(byPoint, lum::DataLocation::POINTS);
-  const auto byCell =
-      makePolyData(flat({x, y + 0.2F, x + 0.25F, y + 0.2F, x, y + 0.27F, x + 0.25F, y + 0.27F}),
-                   {.lines = {{0, 3}, {1, 2}}, .polys = {{0, 1, 2}}, .strips = {{1, 2, 3}}});
-  byCell->GetCellData()->AddArray(makeArray("s", {0.5F, 0, 1, 0.5F}));
-  colored(byCell, lum::DataLocation::CELLS).getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
-  scene.add<lum::PolyLineDrawable>(
-      makePolyData(flat({x, y + 0.3F, x + 0.2F, y + 0.35F}), {.lines = {{0, 1}}}), {0, 0.5 + x / 4, 1});
-  auto& wire = scene.addSurface(square(0.4F), {1, 1, 1});
-  wire.getAttributes<lum::SurfaceAttributes>().setShaded(false);
-  wire.getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
-  wire.getAttributes<lum::MeshAttributes>().setMeshColor({1, 1, 0});
-}
-
-TEST(ScenePicture, DrawsManySmallMeshesLikeFew) {
-  RenderScene scene;
-  for (const float x : {-0.9F, -0.3F, 0.3F}) {
-    addOneOfEachKind(scene, x, -0.2F);
-  }
-  const Picture few = scene.render();
-  EXPECT_LT(countPixels(few, BLACK), SIZE * SIZE - 3000);
-  // Beside the picture.
-  for (int i = 0; i < 20; ++i) {
-    addOneOfEachKind(scene, 1.5F, 0.05F * static_cast<float>(i));
-  }
-  EXPECT_EQ(countDifferences(scene.render(), few, 1), 0);
-}
-
-// ---- What must not harm ----
-
-TEST(ScenePicture, LeavesPointsOutThatAreNotFinite) {
-  RenderScene scene;
-  const auto surface = makePolyData(flat({-1, -1, 0, -1, 0, 1, -1, 1, NAN_F, 0, 1e30F, 0}),
+  const auto surface = makePolyData(flat({-1, -1, 0, -1, 0, 1, -1, 1, NAN, 0, 1e30F, 0}),
                                     {.polys = {{1, 2, 4}, {0, 1, 2, 3}}});
   surface->GetCellData()->AddArray(makeArray("s", {0, 1}));
   auto& drawable = scene.addSurface(surface, {1, 0, 0});
   const auto line =
       makePolyData(flat({0.1F, 0, 0.4F, 0, INFINITY, 0, 0.5F, 0, 0.8F, 0}), {.lines = {{0, 1, 2, 3, 4}}});
   scene.add<lum::PolyLineDrawable>(line, {0, 1, 0}).getAttributes<lum::LineAttributes>().setLineWidth(4);
-  scene.add<lum::PointSphereDrawable>(makePolyData(flat({NAN_F, 0, 0.5F, 0.5F}), {}), {0, 0, 1})
+  scene.add<lum::PointSphereDrawable>(makePolyData(flat({NAN, 0, 0.5F, 0.5F}), {}), {0, 0, 1})
       .getAttributes<lum::PointSizeAttributes>()
       .setPointSize(10);
   // The camera is the scene's own: it comes from the finite points only.
@@ -362,29 +233,6 @@ TEST(ScenePicture, LeavesPointsOutThatAreNotFinite) {
   // The cell that is left keeps its own value.
   colorByArray(drawable, "s", lum::DataLocation::CELLS, {1, 0, 0, 1, 0, 0, 1, 1});
   EXPECT_EQ(at(scene.render(), -0.5, 0), BLUE);
-}
-
-TEST(ScenePicture, StandsGeometryThatVtkWouldNot) {
-  struct {
-    const char* name;
-    Cells cells;
-    bool isSeen;
-  } const cases[] = {
-      {"index outside", {.polys = {{0, 1, 2, 3}, {0, 1, 4}}}, false},
-      {"negative index", {.polys = {{0, 1, 2, 3}}, .strips = {{0, 1, -1}}}, false},
-      {"too short",
-       {.verts = {{}}, .lines = {{0}}, .polys = {{0, 1}, {0, 1, 2, 3}, {}}, .strips = {{1, 2}}},
-       true},
-      {"one point many times", {.polys = {{1, 1, 1, 1, 1}, {0, 1, 2, 3}}}, true}};
-  for (const auto& [name, cells, isSeen] : cases) {
-    SCOPED_TRACE(name);
-    RenderScene scene;
-    const auto geometry = makePolyData(flat({-1, -1, 1, -1, 1, 1, -1, 1}), cells);
-    geometry->GetCellData()->AddArray(makeArray("Normals", {1, 0, 0}, 3));
-    geometry->GetPointData()->AddArray(makeArray("Normals", {1}, 1));
-    colorByArray(scene.addSurface(geometry, {1, 0, 0}), "Normals", lum::DataLocation::POINTS);
-    EXPECT_EQ(countPixels(scene.render(), RED), isSeen ? SIZE * SIZE : 0);
-  }
 }
 
 TEST(ScenePicture, RefusesSizesThatOpenGlDoesNotDraw) {
@@ -415,7 +263,7 @@ TEST(ScenePicture, IsDrawnInSeveralWindowsInTurn) {
 }
 
 /// Runs in a process of its own: drivers are looked up once.
-TEST(ScenePictureDeathTest, SaysWhenThereIsNoOpenGl) {
+TEST(ScenePictureDeathTest, ReportsMissingOpenGl) {
   testing::FLAGS_gtest_death_test_style = "threadsafe";
   EXPECT_EXIT(
       {

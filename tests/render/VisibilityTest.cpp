@@ -93,7 +93,7 @@ TEST_F(Visibility, KeepsThePixelScaleOfWhatIsShownLater) {
   EXPECT_EQ(countDifferences(drawWide(true), drawWide(false)), 0);
 }
 
-TEST_F(Visibility, TakesNothingFromTheCameraThatAUserTurned) {
+TEST_F(Visibility, KeepsTheCameraThatAUserTurned) {
   SceneWindow window(scene);
   const Picture all = window.draw();
   hide([](std::size_t i) { return i > 3; });
@@ -108,7 +108,7 @@ TEST_F(Visibility, TakesNothingFromTheCameraThatAUserTurned) {
   EXPECT_EQ(window.draw(), all);
 }
 
-TEST_F(Visibility, ComesBackToTheViewOfASceneWithoutACamera) {
+TEST_F(Visibility, ResetsToTheViewOfASceneWithoutACamera) {
   scene.canvas().getCameraAttributes().setPosition({0, 0, 0});
   // Its size in the model is that which the view gives it.
   drawables[MESHES + 2]->getBaseAttributes().setVisibility(false, false);
@@ -138,7 +138,7 @@ TEST_F(Visibility, RefusesWhatIsTooLargeAndShowsTheRest) {
   EXPECT_EQ(countDifferences(window.draw(), SceneWindow(scene).draw()), 0);
 }
 
-TEST_F(Visibility, HighlightsInFrontOfAllAndCanLeaveItOut) {
+TEST_F(Visibility, HighlightIsInFrontAndCanBeHidden) {
   SceneWindow window(scene);
   const Picture plain = window.draw();
   window.renderer.outline(drawables[3]);

@@ -79,8 +79,7 @@ TEST(CollectionNodeTest, OneAttributesNodeOfEachClass) {
 
 TEST(CollectionNodeTest, ARecursiveSetterReachesWhatTheDrawableOwns) {
   const auto outer = make<lum::DrawableCollection>();
-  const auto& surface = outer->findOrCreate<lum::SurfaceDrawable>();
-  auto& below = const_cast<lum::SurfaceDrawable&>(surface).getBaseAttributes();
+  auto& below = outer->findOrCreate<lum::SurfaceDrawable>().getBaseAttributes();
   outer->getBaseAttributes().setVisibility(false, false);
   EXPECT_TRUE(below.getVisibility());
   outer->getBaseAttributes().setVisibility(false, true);

@@ -48,12 +48,12 @@ class DatabaseDamage : public testing::Test {
     }
   }
 
-  static std::string explain(const std::string& content) {
+  static bool isDatabase(const std::string& content) {
     std::istringstream in(content);
     std::ostringstream messages;
     const bool isDatabase = sdb::checkFormat(in, messages);
     EXPECT_EQ(isDatabase, messages.str().empty());
-    return messages.str();
+    return isDatabase;
   }
 
   const TemporaryFolder folder;
@@ -62,16 +62,16 @@ class DatabaseDamage : public testing::Test {
   std::string bytes;
 };
 
-TEST_F(DatabaseDamage, RefusesEveryPrefixAndAnythingMore) {
+TEST_F(DatabaseDamage, RejectsEveryPrefixAndTrailingBytes) {
   for (std::size_t size = 0; size < bytes.size(); ++size) {
     ASSERT_NE(tryToRead(bytes.substr(0, size)), "") << size;
-    ASSERT_NE(explain(bytes.substr(0, size)), "") << size;
+    ASSERT_FALSE(isDatabase(bytes.substr(0, size))) << size;
   }
   EXPECT_NE(tryToRead(bytes + '\0'), "");
-  EXPECT_EQ(explain(bytes), "");
+  EXPECT_TRUE(isDatabase(bytes));
 }
 
-TEST_F(DatabaseDamage, FindsEveryWrongByteThatMatters) {
+TEST_F(DatabaseDamage, DetectsEveryWrongByteThatMatters) {
   for (std::size_t place = 0; place < bytes.size(); ++place) {
     std::string wrong = bytes;
     wrong[place] = static_cast<char>(wrong[place] ^ (place % 2 == 0 ? 0x01 : 0xFF));
@@ -86,7 +86,7 @@ TEST_F(DatabaseDamage, FindsEveryWrongByteThatMatters) {
 
 // With a hash that is right again, what stands in the index is believed as far
 // as it holds together. What is accepted can be written and read.
-TEST_F(DatabaseDamage, TakesNoHarmFromAnIndexWithAnyByteChanged) {
+TEST_F(DatabaseDamage, SurvivesAnyChangedByteOfTheIndex) {
   const DatabaseBytes original(bytes);
   int accepted = 0;
   for (std::size_t place = 0; place < original.index.size(); ++place) {
@@ -108,33 +108,20 @@ TEST_F(DatabaseDamage, TakesNoHarmFromAnIndexWithAnyByteChanged) {
 }
 
 TEST_F(DatabaseDamage, IgnoresUnknownFieldsAndClasses) {
-  struct {
-    const char* text;
-    const char* unknown;
-    bool (*isLeftOut)(lum::SceneNode&);
-  } const cases[] = {
-      {"opacity", "opacitx", [](auto& read) { return read.hasModelCanvas() != nullptr; }},
-      {"SurfaceDrawable", "SurfaceDrawabla",
-       [](auto& read) { return read.getModelCanvas().getDrawableCollection().getNodeCount() == 0; }},
-      {"orientationCanvas", "orientationCanvax",
-       [](auto& read) { return read.hasOrientationCanvas() == nullptr; }},
-      {"cameraAttributes", "cameraAttributez",
-       [](auto& read) { return triadOf(read).getCameraAttributes() == nullptr; }},
-      {"CameraAttributes", "CameraAttributez",
-       [](auto& read) { return read.hasModelCanvas()->hasCameraAttributes() == nullptr; }},
-      {"cellDataArrays", "cellDataArrayz",
-       [](auto& read) {
-         return surfaceOf(read).template find<lum::PolyDataNode>("first")->getCellDataArrays().empty();
-       }},
-  };
-  for (const auto& [text, unknown, isLeftOut] : cases) {
-    SCOPED_TRACE(unknown);
+  const auto readWithout = [this](const std::string& name) {
     DatabaseBytes changed(bytes);
-    changed.replaceInIndex(text, unknown);
+    changed.replaceInIndex(name, name.substr(0, name.size() - 1) + "~");
     Ptr<Node> read;
-    ASSERT_EQ(tryToRead(changed.join(), &read), "");
-    EXPECT_TRUE(isLeftOut(*static_cast<lum::SceneNode*>(read.get())));
-  }
+    EXPECT_EQ(tryToRead(changed.join(), &read), "") << name;
+    return Ptr<lum::SceneNode>(read);
+  };
+  EXPECT_TRUE(readWithout("opacity")->hasModelCanvas());
+  EXPECT_EQ(readWithout("SurfaceDrawable")->getModelCanvas().getDrawableCollection().getNodeCount(), 0U);
+  EXPECT_FALSE(readWithout("orientationCanvas")->hasOrientationCanvas());
+  EXPECT_FALSE(triadOf(*readWithout("cameraAttributes")).getCameraAttributes());
+  EXPECT_FALSE(readWithout("CameraAttributes")->hasModelCanvas()->hasCameraAttributes());
+  const auto read = readWithout("cellDataArrays");
+  EXPECT_TRUE(surfaceOf(*read).find<lum::PolyDataNode>("first")->getCellDataArrays().empty());
   DatabaseBytes changed(bytes);
   changed.replaceInIndex("SceneNode", "SceneNodx");
   EXPECT_THAT(tryToRead(changed.join()), HasSubstr("root is of class SceneNodx"));
@@ -168,7 +155,7 @@ TEST_F(DatabaseDamage, SaysWhatIsWrong) {
   };
   for (const auto& [content, message] : cases) {
     EXPECT_THAT(tryToRead(content), HasSubstr(message));
-    EXPECT_EQ(explain(content).empty(), content == brokenArray) << message;
+    EXPECT_EQ(isDatabase(content), content == brokenArray) << message;
   }
   EXPECT_THROW(lum::SDBReader(wide(folder / "none.sdb")), FileError);
   EXPECT_THROW(lum::SDBReader(wide(folder.path())), FileError);
@@ -177,19 +164,16 @@ TEST_F(DatabaseDamage, SaysWhatIsWrong) {
 // Small files that would have us fill gigabytes, or work for hours.
 TEST_F(DatabaseDamage, RefusesWhatIsOutOfProportionToTheFile) {
   const std::string nameOnly = std::string("\x01\x05") + "Plane";
-  const auto times = [](std::size_t count, std::string_view text) {
-    std::string all;
-    for (; count > 0; --count) {
-      all += text;
-    }
-    return all;
-  };
   using namespace std::literals;
+  std::string fields;
+  for (int i = 0; i < 1025; ++i) {
+    fields += "\x00\x12\x00"s;
+  }
   // Strings, classes and arrays.
   const std::pair<std::string, const char*> cases[] = {
-      {nameOnly + "\x01\x00\x81\x08"s + times(1025, "\x00\x12\x00"sv), "A class has 1025 fields"},
-      {nameOnly + "\x01\x00\x01\x00\x0B\x81\x02"s + times(257, "x"), "A default has 257 bytes"},
-      {nameOnly + "\x00\x01\x09\xFF\xFF\xFF\xFF\x07\x00\x00"s + times(8, "x"),
+      {nameOnly + "\x01\x00\x81\x08"s + fields, "A class has 1025 fields"},
+      {nameOnly + "\x01\x00\x01\x00\x0B\x81\x02"s + std::string(257, 'x'), "A default has 257 bytes"},
+      {nameOnly + "\x00\x01\x09\xFF\xFF\xFF\xFF\x07\x00\x00"s + std::string(8, 'x'),
        "No array has 0 tuples of 2147483647 components"},
   };
   for (const auto& [index, message] : cases) {

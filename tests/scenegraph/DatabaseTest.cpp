@@ -159,7 +159,7 @@ TEST(Database, RefusesTargetsThatItMustNotReplace) {
   EXPECT_EQ(countFiles(folder.path()), 2);
 }
 
-TEST(Database, DiscardsWhatDidNotFitOnTheDisk) {
+TEST(Database, DiscardsAFileThatDoesNotFitOnTheDisk) {
   const TemporaryFolder folder;
   const auto scene = makeScene();
   ASSERT_EQ(writeDatabase(folder / "a.sdb", *scene), FileIoStatus::Success);

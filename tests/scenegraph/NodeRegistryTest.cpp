@@ -21,37 +21,30 @@ class OpenRegistry : public lum::NodeRegistry {
   }
 };
 
-TEST(NodeRegistryTest, ASessionListsItsNodesAndNoOthers) {
+TEST(NodeRegistryTest, ASessionListsItsNodesAndReleasesThoseItKeeps) {
   auto& sessions = lum::NodeRegistrySessions::getSingleton();
   const int first = sessions.createSession();
   const int second = sessions.createSession();
   EXPECT_NE(first, second);
-  const auto a = makeIn(first, "SceneNode");
+  const auto held = makeIn(first, "SceneNode");
   const auto outside = makeIn(lum::NO_SESSION, "SceneNode");
   const auto elsewhere = makeIn(second, "SceneNode");
+  lum::WeakPtr<lum::Node> kept;
   {
-    const auto gone = makeIn(first, "SceneNode");
     const auto light = makeIn(first, "Light");
+    const auto gone = makeIn(first, "SceneNode");
     EXPECT_EQ(lum::NodeRegistry::getSingleton(first).getNodes("SceneNode").size(), 2U);
+    kept = light.get();
+    lum::NodeRegistry::getSingleton(first).keep(*light);
   }
-  EXPECT_EQ(lum::NodeRegistry::getSingleton(first).getNodes("SceneNode"), std::vector<lum::Node*>{a.get()});
+  EXPECT_EQ(lum::NodeRegistry::getSingleton(first).getNodes("SceneNode"), std::vector{held.get()});
+  EXPECT_NE(kept.get(), nullptr);
   EXPECT_TRUE(sessions.destroySession(first));
+  EXPECT_EQ(kept.get(), nullptr);
   EXPECT_FALSE(sessions.destroySession(first));
   EXPECT_THROW(lum::NodeRegistry::getSingleton(first), InternalError);
-  EXPECT_EQ(a->getSessionId(), first) << "a node that is held outlives its session";
+  EXPECT_EQ(held->getSessionId(), first) << "a node that is held outlives its session";
   sessions.destroySession(second);
-}
-
-TEST(NodeRegistryTest, WhatASessionKeepsGoesWithIt) {
-  auto& sessions = lum::NodeRegistrySessions::getSingleton();
-  const int session = sessions.createSession();
-  auto node = makeIn(session, "SceneNode");
-  const lum::WeakPtr<lum::Node> weak(node.get());
-  lum::NodeRegistry::getSingleton(session).keep(*node);
-  node = nullptr;
-  ASSERT_NE(weak.get(), nullptr);
-  sessions.destroySession(session);
-  EXPECT_EQ(weak.get(), nullptr);
 }
 
 TEST(NodeRegistryTest, GivesTheNodeOfANameOrMakesIt) {

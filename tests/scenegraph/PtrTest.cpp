@@ -20,7 +20,7 @@ class Link : public lum::Object {
 
 class Other : public lum::Object {};
 
-TEST(PtrTest, TakesTheNewObjectBeforeItGivesTheOldOneBack) {
+TEST(PtrTest, AcquiresTheNewObjectBeforeItReleasesTheOld) {
   lum::Ptr<Link> head(new Link);
   head->next = new Link;
   head = std::move(head->next);

@@ -1,3 +1,4 @@
+#include "support/Databases.h"
 #include "support/Nodes.h"
 #include "support/SampleGraphs.h"
 #include <vemo/base/InternalError.h>
@@ -7,7 +8,6 @@
 #include <vemo/scenegraph/io/NodeInputStream.h>
 #include <vemo/scenegraph/io/NodeOutputStream.h>
 #include <vemo/scenegraph/io/SceneGraphReader.h>
-#include <vemo/scenegraph/io/SceneGraphWriter.h>
 
 #include <algorithm>
 #include <functional>
@@ -24,36 +24,17 @@ using lum::NodeInputStream;
 using lum::NodeOutputStream;
 using lum::Ptr;
 
-/// What an archive carries of scenes: a scene stream and data streams.
-struct Payload {
-  explicit Payload(NodeOutputStream& stream) {
-    lum::SceneGraphWriter writer(stream);
-    std::ostringstream out;
-    EXPECT_TRUE(writer.saveSceneFileToOutputStream(out));
-    scene = out.str();
-    for (std::size_t left = writer.getVtkDataCount(); left > 0; --left) {
-      std::ostringstream dataOut;
-      EXPECT_TRUE(writer.saveVtkDataToOutputStream(dataOut));
-      data.push_back(dataOut.str());
-    }
-    EXPECT_FALSE(writer.saveVtkDataToOutputStream(out));
+/// How many of the payload's streams do not decode.
+int load(const Payload& payload, NodeInputStream& stream) {
+  lum::SceneGraphReader reader(stream);
+  std::istringstream in(payload.scene);
+  int failures = reader.loadSceneFileFromInputStream(in) ? 0 : 1;
+  for (const std::string& each : payload.data) {
+    std::istringstream dataIn(each);
+    failures += reader.loadVtkDataFromInputStream(dataIn) ? 0 : 1;
   }
-
-  /// How many of the streams do not decode.
-  int loadInto(NodeInputStream& stream) const {
-    lum::SceneGraphReader reader(stream);
-    std::istringstream in(scene);
-    int failures = reader.loadSceneFileFromInputStream(in) ? 0 : 1;
-    for (const std::string& each : data) {
-      std::istringstream dataIn(each);
-      failures += reader.loadVtkDataFromInputStream(dataIn) ? 0 : 1;
-    }
-    return failures;
-  }
-
-  std::string scene;
-  std::vector<std::string> data;
-};
+  return failures;
+}
 
 Payload payloadOf(const Node& node) {
   NodeOutputStream out;
@@ -70,7 +51,7 @@ TEST(Stream, TakesDataInAnyOrderAndKeepsTheSceneForItsSession) {
   lum::WeakPtr<Node> root;
   {
     NodeInputStream in(session);
-    EXPECT_EQ(payload.loadInto(in), 0);
+    EXPECT_EQ(load(payload, in), 0);
     root = in.getRoots().at(0).get();
   }
   const auto found = lum::NodeRegistry::getSingleton(session).getNodes("SceneNode");
@@ -85,11 +66,11 @@ TEST(Stream, CarriesSeveralScenes) {
   makeScene()->write(out);
   makeScene()->write(out);
   NodeInputStream in(lum::NO_SESSION);
-  EXPECT_EQ(Payload(out).loadInto(in), 0);
+  EXPECT_EQ(load(Payload(out), in), 0);
   EXPECT_EQ(in.getRoots().size(), 2U);
 }
 
-TEST(Stream, LeavesGeometryEmptyWhoseDataDoNotCome) {
+TEST(Stream, LeavesGeometryEmptyWhenItsDataIsMissing) {
   Payload payload = payloadOf(*makeScene());
   // The points that the first two geometries share; then one damaged, one
   // twice, one of another scene, nothing.
@@ -101,7 +82,7 @@ TEST(Stream, LeavesGeometryEmptyWhoseDataDoNotCome) {
   payload.data.push_back(payloadOf(*other).data[2]);
   payload.data.emplace_back();
   NodeInputStream in(lum::NO_SESSION);
-  EXPECT_EQ(payload.loadInto(in), 4);
+  EXPECT_EQ(load(payload, in), 4);
   const Ptr<lum::SceneNode> read(in.getRoots().at(0));
   const auto& surface = surfaceOf(*read);
   const auto* first = surface.find<lum::PolyDataNode>("first");
@@ -185,7 +166,7 @@ TEST(Stream, CarriesOnlyWhatChanged) {
   NodeInputStream in(lum::NO_SESSION);
   scene->writeChanges(out);
   const Payload whole(out);
-  ASSERT_EQ(whole.loadInto(in), 0);
+  ASSERT_EQ(load(whole, in), 0);
   const Ptr<Node> mirror = in.getRoots().at(0);
   for (std::size_t i = 0; i < std::size(steps); ++i) {
     SCOPED_TRACE(i);
@@ -194,13 +175,13 @@ TEST(Stream, CarriesOnlyWhatChanged) {
     const Payload payload(out);
     EXPECT_EQ(payload.data.size(), steps[i].arrays);
     EXPECT_LT(payload.scene.size(), whole.scene.size() / 4);
-    ASSERT_EQ(payload.loadInto(in), 0);
+    ASSERT_EQ(load(payload, in), 0);
     ASSERT_EQ(in.getRoots().size(), 1U);
     ASSERT_EQ(firstDifference(*scene, *mirror), "");
   }
 }
 
-TEST(Stream, EndsReadOrWriteOnly) {
+TEST(Stream, StreamsAreReadOrWriteOnly) {
   NodeOutputStream out;
   NodeInputStream in(lum::NO_SESSION);
   std::istringstream text("text");

@@ -3,9 +3,9 @@
 #include "support/Files.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/scenegraph/io/NodeInputStream.h>
-#include <vemo/scenegraph/io/NodeOutputStream.h>
 #include <vemo/scenegraph/io/SDBReader.h>
 #include <vemo/scenegraph/io/SDBWriter.h>
+#include <vemo/scenegraph/io/SceneGraphWriter.h>
 
 #include <cstdio>
 #include <sstream>
@@ -44,6 +44,19 @@ lum::Ptr<lum::Node> throughStreams(const lum::Node& node) {
     in.readData(data);
   }
   return in.getRoots().at(0);
+}
+
+Payload::Payload(lum::NodeOutputStream& stream) {
+  lum::SceneGraphWriter writer(stream);
+  std::ostringstream out;
+  VEMO_REQUIRE(writer.saveSceneFileToOutputStream(out), "the scene is not written");
+  scene = out.str();
+  for (std::size_t left = writer.getVtkDataCount(); left > 0; --left) {
+    std::ostringstream dataOut;
+    VEMO_REQUIRE(writer.saveVtkDataToOutputStream(dataOut), "data is not written");
+    data.push_back(dataOut.str());
+  }
+  VEMO_REQUIRE(!writer.saveVtkDataToOutputStream(out), "there is more data than was counted");
 }
 
 std::uint64_t hashOfPart(const void* bytes, std::size_t size) {

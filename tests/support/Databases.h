@@ -2,10 +2,12 @@
 
 #include <vemo/scenegraph/NodeRegistry.h>
 #include <vemo/scenegraph/io/FileIoStatus.h>
+#include <vemo/scenegraph/io/NodeOutputStream.h>
 
 #include <cstddef>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 namespace vemo {
 
@@ -16,6 +18,14 @@ lum::Ptr<lum::Node> readDatabase(const std::filesystem::path& path);
 /// The graph after it was written to streams and read from them. Throws what
 /// the streams throw.
 lum::Ptr<lum::Node> throughStreams(const lum::Node& node);
+
+/// What an archive carries of scenes: a scene stream and data streams.
+struct Payload {
+  explicit Payload(lum::NodeOutputStream& stream);
+
+  std::string scene;
+  std::vector<std::string> data;
+};
 
 /// The bytes of a database taken apart, so that a test can say what nobody
 /// would write.

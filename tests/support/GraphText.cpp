@@ -68,9 +68,9 @@ std::string valueText(const Json& value) {
 
 void append(std::string& text, const Json& node, const std::string& indent) {
   const auto className = node["class"].get<std::string>();
-  const bool isTold = className != "AttributesCollection";
-  const std::string inner = isTold ? indent + "  " : indent;
-  if (isTold) {
+  const bool isPrinted = className != "AttributesCollection";
+  const std::string inner = isPrinted ? indent + "  " : indent;
+  if (isPrinted) {
     text += indent + className;
     text += node["name"] != className ? " " + node["name"].dump() : "";
     text += node.contains("qualifiedName") ? " of " + node["qualifiedName"].dump() : "";

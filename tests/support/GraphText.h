@@ -14,8 +14,8 @@ namespace vemo {
 ///       LineAttributes
 ///         lineWidth: 2.5
 ///
-/// Names are left out where they are the class's. Collections of attributes are
-/// not told, only what is in them. Of long arrays there is the range alone.
+/// Names are left out where they are the class's. Of collections of attributes
+/// only the content is printed, of long arrays only the range.
 std::string graphText(const lum::Node& root);
 
 }  // namespace vemo

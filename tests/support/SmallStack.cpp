@@ -1,7 +1,7 @@
 #include "support/SmallStack.h"
 
 #include <cstddef>
-#include <exception>
+#include <future>
 #include <pthread.h>
 #include <stdexcept>
 
@@ -16,18 +16,8 @@ constexpr std::size_t STACK_SIZE = std::size_t{2} << 20;
 constexpr std::size_t STACK_SIZE = std::size_t{256} << 10;
 #endif
 
-struct Call {
-  const std::function<void()>& work;
-  std::exception_ptr failure;
-};
-
-void* run(void* pointer) {
-  auto& call = *static_cast<Call*>(pointer);
-  try {
-    call.work();
-  } catch (...) {
-    call.failure = std::current_exception();
-  }
+void* run(void* task) {
+  (*static_cast<std::packaged_task<void()>*>(task))();
   return nullptr;
 }
 
@@ -38,16 +28,14 @@ void runOnSmallStack(const std::function<void()>& work) {
   pthread_attr_init(&attributes);
   pthread_attr_setstacksize(&attributes, STACK_SIZE);
   pthread_t thread{};
-  Call call{work, {}};
-  const int error = pthread_create(&thread, &attributes, run, &call);
+  std::packaged_task<void()> task(work);
+  const int error = pthread_create(&thread, &attributes, run, &task);
   pthread_attr_destroy(&attributes);
   if (error != 0) {
     throw std::runtime_error("cannot start a thread");
   }
   pthread_join(thread, nullptr);
-  if (call.failure) {
-    std::rethrow_exception(call.failure);
-  }
+  task.get_future().get();
 }
 
 }  // namespace vemo

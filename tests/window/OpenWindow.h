@@ -32,7 +32,8 @@ inline Picture toPicture(const QImage& image) {
 
 /// How many pixels are pink, a colour that no axis has.
 inline int countPink(const Picture& picture) {
-  return countWhere(picture, [](const auto& pixel) { return std::min(pixel[0], pixel[2]) > pixel[1] + 100; });
+  return boxWhere(picture, [](const auto& pixel) { return std::min(pixel[0], pixel[2]) > pixel[1] + 100; })
+      .count;
 }
 
 /// A window on the screen, used as a user does: what is done comes as events,

@@ -103,7 +103,7 @@ TEST_F(OpenSceneWindowTest, TurnsPansAndZoomsAndResets) {
   EXPECT_TRUE(isAsInTheBeginning());
 }
 
-TEST_F(OpenSceneWindowTest, KeepsTheViewWhenKeysOfOthersArePressed) {
+TEST_F(OpenSceneWindowTest, IgnoresTheKeysOfVtk) {
   for (const Qt::Key key : {Qt::Key_W, Qt::Key_P, Qt::Key_3, Qt::Key_E, Qt::Key_Q, Qt::Key_J, Qt::Key_T}) {
     open.press(key);
   }
@@ -153,7 +153,7 @@ TEST_F(OpenSceneWindowTest, ShowsOnlyWhatIsSelectedAndAllAgain) {
   EXPECT_TRUE(isAsInTheBeginning());
 }
 
-TEST_F(SceneWindowTest, ShowsWhatTheFileHidesAndNothingBesides) {
+TEST_F(SceneWindowTest, ShowsOneItemOfAHiddenGroup) {
   auto& group = scene.collectionIn(scene.drawables());
   group.setName("hidden group");
   group.getBaseAttributes().setVisibility(false, false);
@@ -177,7 +177,7 @@ TEST_F(SceneWindowTest, ShowsWhatTheFileHidesAndNothingBesides) {
   EXPECT_FALSE(open.isChecked("unwanted"));
 }
 
-TEST_F(SceneWindowTest, TellsTheValuesOfWhatIsPicked) {
+TEST_F(SceneWindowTest, ShowsTheValuesOfWhatIsPicked) {
   const auto mesh = makePolyData(flat({-0.5F, -0.9F, 0.5F, -0.9F, 0.5F, -0.5F, -0.5F, -0.5F}),
                                  {.verts = {{0}}, .polys = {{0, 1, 2}, {0, 2, 3}}});
   auto& surface = scene.addSurface(mesh, {0, 1, 0});
