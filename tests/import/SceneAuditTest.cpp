@@ -167,9 +167,8 @@ class Example {
       }
     }
     _whole = graphWith({}, Change::NONE);
-    for (const auto& child : _description->getChildren()) {
-      collectParts(*child);
-    }
+    collectParts(*_description);
+    _parts.erase(_description->getName());
   }
 
   const std::map<std::string, Part>& getParts() const { return _parts; }

@@ -25,6 +25,7 @@ class Light;
 class VEMO_IMPORT_EXPORT Scene : public AssemblyItem {
  public:
   static inline const std::string XML_ENTITY = "scene";
+  static inline const std::string XML_ATTRIB_BACKGROUND = "background";
   static const KeyTable<Scene> KEYS;
 
   /// The camera and the window as they were when the scene was saved.

@@ -28,7 +28,7 @@ lum::Ptr<T> makeNodeFor(const lum::CollectionNode& collection) {
 }  // namespace
 
 const KeyTable<Scene> Scene::KEYS({
-    key::always<&Scene::_backgroundColor>("background", "the background; its alpha is not used"),
+    key::always<&Scene::_backgroundColor>(XML_ATTRIB_BACKGROUND, "the background; its alpha is not used"),
 });
 
 const KeyTable<Camera> Scene::View::KEYS({
@@ -59,8 +59,12 @@ Scene::Scene(const std::string& name) : AssemblyItem(name) {}
 Scene::~Scene() = default;
 
 void Scene::reportWithoutEffect(const QxElement& element, SceneFileReader& reader) const {
+  const ValueReader values(element, &reader, OnBadValue::FAIL);
+  if (_gradient) {
+    values.reportWithoutEffect(XML_ATTRIB_BACKGROUND);
+  }
   if (statesVisibility(element) && getVisibility() != 1.0) {
-    ValueReader(element, &reader, OnBadValue::FAIL).reportWithoutEffect(XML_ATTRIB_VISIBILITY);
+    values.reportWithoutEffect(XML_ATTRIB_VISIBILITY);
   }
   const std::set<std::string> ofAssemblies = {Colormap::XML_ENTITY, Legend::XML_ENTITY,
                                               GeometryTransform::XML_ENTITY, RepeatTransform::XML_ENTITY,
