@@ -101,9 +101,9 @@ bool ItemTree::isVisible(int item) const {
   return isOn(*(*this)[item].drawable) && isOn(*(*this)[item].content);
 }
 
-bool ItemTree::isInVisible(int item) const {
+bool ItemTree::areAncestorsVisible(int item) const {
   const int parent = (*this)[item].parent;
-  return parent == NONE || (isVisible(parent) && isInVisible(parent));
+  return parent == NONE || (isVisible(parent) && areAncestorsVisible(parent));
 }
 
 void ItemTree::setVisible(int item, bool isVisible) {
@@ -117,7 +117,7 @@ void ItemTree::setVisible(int item, bool isVisible) {
 /// Shows a hidden parent with this item as its only visible child.
 void ItemTree::reveal(int item) {
   const int parent = (*this)[item].parent;
-  if (parent != NONE && !(isVisible(parent) && isInVisible(parent))) {
+  if (parent != NONE && !(isVisible(parent) && areAncestorsVisible(parent))) {
     const bool wasVisible = isVisible(parent);
     reveal(parent);
     const Item& owner = (*this)[parent];
