@@ -3,8 +3,6 @@
 
 #include <vtkDataArray.h>
 
-#include <utility>
-
 namespace lum {
 
 namespace {

@@ -13,7 +13,6 @@
 
 #include <fmt/format.h>
 #include <functional>
-#include <string>
 
 namespace vemo {
 

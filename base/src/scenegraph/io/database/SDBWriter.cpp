@@ -10,7 +10,6 @@
 #include <vemo/scenegraph/io/SDBReader.h>
 #include <vemo/scenegraph/io/SDBWriter.h>
 
-#include <exception>
 #include <filesystem>
 #include <limits>
 #include <system_error>

@@ -10,7 +10,6 @@
 
 #include <deque>
 #include <ostream>
-#include <string>
 #include <unordered_map>
 #include <utility>
 

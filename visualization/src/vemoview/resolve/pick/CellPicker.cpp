@@ -8,7 +8,6 @@
 #include <vtkPolyData.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace vemo {
