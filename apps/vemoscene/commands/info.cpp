@@ -14,6 +14,7 @@
 #include <vemo/scenegraph/inspect/NumberText.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <filesystem>
 #include <fmt/format.h>
 #include <memory>
