@@ -21,8 +21,6 @@ class VEMO_SCENEGRAPH_EXPORT Object {
   /// chain of any length is torn down on a small stack.
   void release() const noexcept;
 
-  int getReferenceCount() const noexcept { return _references.load(std::memory_order_relaxed); }
-
   /// A cell that holds this object's address, and null once it is gone.
   std::shared_ptr<Object*> getWeakCell();
 

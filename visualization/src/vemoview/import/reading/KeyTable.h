@@ -165,7 +165,6 @@ class KeyTable {
   }
 
   OnBadValue getOnBadValue() const { return _onBadValue; }
-  int getNewestVersion() const { return _newestVersion; }
 
   /// @param item one that nothing was read into
   std::vector<KeyText> describe(const Item& item) const {
