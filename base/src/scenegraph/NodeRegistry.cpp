@@ -5,7 +5,7 @@ namespace lum {
 
 NodeRegistry& NodeRegistry::getSingleton(int sessionId) {
   NodeRegistry* registry = NodeRegistrySessions::getSingleton().find(sessionId);
-  VEMO_REQUIRE(registry != nullptr, "There is no session " + std::to_string(sessionId));
+  VEMO_REQUIRE(registry != nullptr, "Unknown session " + std::to_string(sessionId));
   return *registry;
 }
 

@@ -27,7 +27,7 @@ class Hash {
     if (found != row.hash) {
       throw FileError(
           FileIoStatus::ReadError,
-          fmt::format("its bytes are damaged (their hash is {:016x}, not {:016x})", found, row.hash));
+          fmt::format("hash mismatch ({:016x}, expected {:016x})", found, row.hash));
     }
   }
 

@@ -32,7 +32,7 @@ void requireShape(const ChunkRow& row, FileIoStatus status) {
   if (row.components == 0 || row.components > mostComponents ||
       row.tuples > MAXIMUM_BYTES / (row.components * arrayTypeSize(row.type))) {
     throw FileError(status,
-                    fmt::format("No array has {} tuples of {} components", row.tuples, row.components));
+                    fmt::format("Invalid array shape: {} tuples of {} components", row.tuples, row.components));
   }
 }
 
@@ -63,7 +63,7 @@ ChunkRow readRow(ByteReader& in, std::uint64_t stringCount) {
   const std::uint64_t typeNumber = in.number("array type");
   const auto type = arrayTypeFromNumber(typeNumber);
   if (!type) {
-    throw FileError(FileIoStatus::ReadError, fmt::format("There is no array type of number {}", typeNumber));
+    throw FileError(FileIoStatus::ReadError, fmt::format("Unknown array type {}", typeNumber));
   }
   ChunkRow row{};
   row.type = *type;

@@ -45,7 +45,7 @@ Ptr<Node> GraphDecoder::decode(std::string_view bytes) {
     }
   }
   if (!_changed.empty()) {
-    fail(fmt::format("Nothing is said of node {}, which changed", *_changed.begin()));
+    fail(fmt::format("Changed node {} has no record", *_changed.begin()));
   }
   if (!_root) {
     fail("A graph has no root");
@@ -120,7 +120,7 @@ GraphDecoder::Record GraphDecoder::readRecord(ByteReader& in) {
   const std::uint64_t tag = in.number("class of a node");
   if (tag != KNOWN_NODE) {
     if (tag > _tables.getClasses().size()) {
-      fail(fmt::format("It is of class {}, where there are {}", tag - 1, _tables.getClasses().size()));
+      fail(fmt::format("Class index {} out of range ({})", tag - 1, _tables.getClasses().size()));
     }
     return {&_tables.getClasses()[tag - 1], nullptr, true, true};
   }
@@ -143,7 +143,7 @@ const FileField* GraphDecoder::readPosition(ByteReader& in, bool isFirst) {
     return nullptr;
   }
   if (position > _depth) {
-    fail(fmt::format("Its owner is {} levels up, where there are {}", position - 1, _depth));
+    fail(fmt::format("Its owner is {} levels up, but the depth is {}", position - 1, _depth));
   }
   _depth -= position - 1;
   if (_depth >= static_cast<std::size_t>(Node::MAXIMUM_DEPTH)) {
@@ -286,7 +286,7 @@ void GraphDecoder::readReference(ByteReader& in) {
   const FileClass& fileClass = classOf(*node);
   if (number >= fileClass.fields.size() ||
       fileClass.fields[number].kind != FieldKinds::kindOf<ReferenceSlot*>()) {
-    fail(describeNode(*node) + " refers by a field that holds no reference");
+    fail(describeNode(*node) + " has a reference in a field of another kind");
   }
   const std::size_t index = fileClass.fields[number].index;
   if (index == FileField::NONE) {

@@ -28,7 +28,7 @@ FieldKind readKind(ByteReader& in) {
   const auto* const kind = std::ranges::find(FieldKinds::KINDS, number, &FieldKind::number);
   if (kind == FieldKinds::KINDS.end()) {
     throw FileError(FileIoStatus::UnsupportedFormat,
-                    fmt::format("There is no kind of field of number {}", number));
+                    fmt::format("Unknown field kind {}", number));
   }
   return *kind;
 }
@@ -63,7 +63,7 @@ void TableReader::read(ByteReader& in) {
   for (count = in.count("classes", 2); count > 0; --count) {
     _classes.push_back(readClass(in));
     if (!_classNumbers.emplace(_classes.back().name, _classes.size() - 1).second) {
-      throw FileError(FileIoStatus::ReadError, "The class table has two rows of " + _classes.back().name);
+      throw FileError(FileIoStatus::ReadError, "Duplicate class in the class table: " + _classes.back().name);
     }
   }
   count = in.count("arrays", MINIMUM_ROW_BYTES);

@@ -33,7 +33,7 @@ void ValueReader::operator()(std::int32_t* value) {
   const std::int64_t number = _in.signedNumber("number");
   *value = static_cast<std::int32_t>(number);
   if (*value != number) {
-    throw FileError(FileIoStatus::ReadError, fmt::format("{} is no 32-bit number", number));
+    throw FileError(FileIoStatus::ReadError, fmt::format("{} does not fit in 32 bits", number));
   }
 }
 

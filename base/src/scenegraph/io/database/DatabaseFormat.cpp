@@ -97,7 +97,7 @@ DatabaseIndex::DatabaseIndex(InputSource& source) {
   _bytes = source.read(location.size);
   if (hashOf(_bytes) != location.hash) {
     throw FileError(FileIoStatus::ReadError,
-                    "The index is damaged: it has another hash than the header says");
+                    "The index is damaged: hash mismatch");
   }
   ByteReader in(_bytes);
   _tables.read(in);
