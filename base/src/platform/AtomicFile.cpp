@@ -38,8 +38,8 @@ void writeInPlace(const std::filesystem::path& path, std::span<const std::uint8_
 FileWriteError::FileWriteError(const std::filesystem::path& file, const std::string& reason)
     : std::runtime_error("Cannot write " + file.native() + ": " + reason) {}
 
-// Defined here so that the class has one type description in the process, by
-// which exceptions are caught across library boundaries.
+// Key function: one typeinfo per class, so exceptions can be caught across
+// libraries.
 FileWriteError::~FileWriteError() = default;
 
 std::filesystem::path followLinks(std::filesystem::path path) {

@@ -82,7 +82,7 @@ bool NodeRegistrySessions::destroySession(int sessionId) {
   if (session == _sessions.end()) {
     return false;
   }
-  // The nodes that are let go may ask for their session while they go.
+  // Nodes may look up their session while being destroyed.
   const auto registry = std::move(session->second);
   _sessions.erase(session);
   return true;

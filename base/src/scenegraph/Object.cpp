@@ -25,8 +25,8 @@ std::shared_ptr<Object*> Object::getWeakCell() {
   return _weakCell;
 }
 
-// A destructor that releases further objects comes back here: they are put on
-// the list, which the outermost call works off.
+// Destructors that release objects re-enter here; the outermost call drains the
+// list.
 void Object::bury(Object* object) noexcept {
   thread_local Object* waiting = nullptr;
   thread_local bool working = false;

@@ -49,7 +49,7 @@ constexpr bool isNamedAfter(std::string_view member, std::string_view accessor) 
 
 // NOLINTBEGIN(bugprone-macro-parentheses): the arguments are types and names.
 
-/// Says the name of a node class and its base class.
+/// Declares the name of a node class and its base class.
 #define LUM_NODE(Class, Base)                     \
  public:                                          \
   using Superclass = Base;                        \
@@ -63,7 +63,7 @@ constexpr bool isNamedAfter(std::string_view member, std::string_view accessor) 
   }                                               \
   LUM_FIELDS_AFTER(Base)
 
-/// The part of it that a base class needs which declares fields.
+/// For base classes with fields but no name.
 #define LUM_FIELDS_AFTER(Base)                                                                          \
  private:                                                                                               \
   static ::lum::FieldCount<0> countFields(::lum::FieldCount<0>);                                        \

@@ -57,9 +57,9 @@ class VEMO_SCENEGRAPH_EXPORT NodeRegistrySessions {
   /// Opens a session; its number was never used before.
   int createSession();
 
-  /// Ends a session: what its registry kept is let go. Nodes that something
-  /// else holds live on outside of any registry. False for a number that is no
-  /// open session.
+  /// Ends a session and releases the nodes its registry kept. Nodes that
+  /// something else holds live on outside of any registry. False for an unknown
+  /// session.
   bool destroySession(int sessionId);
 
   bool hasSession(int sessionId) const { return find(sessionId) != nullptr; }

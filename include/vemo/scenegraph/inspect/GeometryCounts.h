@@ -12,7 +12,7 @@ class Drawable;
 class Node;
 class PolyDataNode;
 
-/// How much geometry there is, summed over PolyDataNodes.
+/// Counts of geometry, summed over PolyDataNodes.
 class VEMO_SCENEGRAPH_EXPORT GeometryCounts {
  public:
   /// Of all poly data that a drawable draws itself, without its children.

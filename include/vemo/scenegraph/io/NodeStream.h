@@ -30,7 +30,7 @@ class VEMO_SCENEGRAPH_EXPORT NodeStream {
   virtual void writeChanges(const Node& root);
 
   /// Reads a scene stream, from the current position to its end. The stream
-  /// must be one that can be positioned. Throws io::FileError that says what is
+  /// must be seekable. Throws io::FileError that says what is
   /// wrong; after it nothing more can be read over this connection.
   virtual void readScene(std::istream& in);
 

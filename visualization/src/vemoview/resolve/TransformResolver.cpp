@@ -29,7 +29,7 @@ InstanceTransform product(const InstanceTransform& outer, const InstanceTransfor
   return result;
 }
 
-/// Whether something so transformed has an extent that can be computed with.
+/// Whether something so transformed has usable bounds.
 bool isUsable(const InstanceTransform& transform) {
   constexpr double LARGEST = 1e30;
   constexpr double LEAST_VOLUME = 1e-200;
@@ -79,7 +79,7 @@ void reportRepeatsLimited(std::size_t count) {
                                                   std::to_string(MOST_INSTANCES) + " are shown");
 }
 
-/// Each transformed against the one before, until one cannot be seen.
+/// Each relative to the previous one; stops at the first that is unusable.
 InstanceTransforms repetitions(const InstanceTransform& step, std::int32_t count) {
   InstanceTransforms result{IDENTITY};
   if (step == IDENTITY) {

@@ -24,7 +24,7 @@ std::string valueText(vtkDataArray& array, vtkIdType tuple, int component) {
     case VTK_DOUBLE:
       return fmt::format("{}", number);
     default: {
-      // Large integers are no doubles.
+      // A double cannot hold every 64-bit integer.
       const vtkVariant value = array.GetVariantValue(tuple * array.GetNumberOfComponents() + component);
       return array.GetDataTypeMin() < 0 ? std::to_string(value.ToTypeInt64())
                                         : std::to_string(value.ToTypeUInt64());

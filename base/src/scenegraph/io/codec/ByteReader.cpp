@@ -39,7 +39,8 @@ std::size_t ByteReader::index(const char* what, std::size_t limit) {
 std::size_t ByteReader::count(const char* what, std::size_t leastBytes) {
   const std::uint64_t value = number(what);
   if (value > left() / leastBytes) {
-    throw FileError(FileIoStatus::ReadError, fmt::format("{}: count {} is too large for the remaining {} bytes", what, value, left()));
+    throw FileError(FileIoStatus::ReadError,
+                    fmt::format("{}: count {} is too large for the remaining {} bytes", what, value, left()));
   }
   return value;
 }

@@ -31,8 +31,8 @@ void requireShape(const ChunkRow& row, FileIoStatus status) {
       row.tuples == 0 ? MAXIMUM_COMPONENTS_WITHOUT_TUPLES : MAXIMUM_COMPONENTS;
   if (row.components == 0 || row.components > mostComponents ||
       row.tuples > MAXIMUM_BYTES / (row.components * arrayTypeSize(row.type))) {
-    throw FileError(status,
-                    fmt::format("Invalid array shape: {} tuples of {} components", row.tuples, row.components));
+    throw FileError(
+        status, fmt::format("Invalid array shape: {} tuples of {} components", row.tuples, row.components));
   }
 }
 

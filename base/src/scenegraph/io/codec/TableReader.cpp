@@ -27,8 +27,7 @@ FieldKind readKind(ByteReader& in) {
   const std::uint64_t number = in.number("field kind");
   const auto* const kind = std::ranges::find(FieldKinds::KINDS, number, &FieldKind::number);
   if (kind == FieldKinds::KINDS.end()) {
-    throw FileError(FileIoStatus::UnsupportedFormat,
-                    fmt::format("Unknown field kind {}", number));
+    throw FileError(FileIoStatus::UnsupportedFormat, fmt::format("Unknown field kind {}", number));
   }
   return *kind;
 }

@@ -34,8 +34,8 @@ struct IndexLocation {
 
 std::string makeHeader(const IndexLocation& index);
 
-/// What comes before the index is checked; UnsupportedFormat for what is no
-/// database.
+/// What comes before the index is checked; UnsupportedFormat for
+/// anything that is not a database.
 IndexLocation readHeader(InputSource& source);
 
 /// The zeros from a position to the next chunk.

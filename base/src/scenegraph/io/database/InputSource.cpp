@@ -29,7 +29,8 @@ void InputSource::seek(std::uint64_t position) {
     return;
   }
   if (position > _size) {
-    throw FileError(FileIoStatus::ReadError, fmt::format("Position {} is beyond the end ({} bytes)", position, _size));
+    throw FileError(FileIoStatus::ReadError,
+                    fmt::format("Position {} is beyond the end ({} bytes)", position, _size));
   }
   if (position > _position && position - _position <= SMALL_GAP) {
     _in.ignore(static_cast<std::streamsize>(position - _position));
