@@ -18,7 +18,7 @@ const KeyTable<Colormap> Colormap::KEYS({
     key::always<&Colormap::_range, 1>("max", "the high end"),
     key::always<&Colormap::_log10>("log10", "maps the logarithm of the data"),
     key::ifPresent<&Colormap::_ramp>("ramp", "how the colours were made; kept").named(RAMPS),
-    key::ifPresent<&Colormap::_title>("title", "what the data are called"),
+    key::ifPresent<&Colormap::_title>("title", "the name of the data, for display"),
 });
 
 Colormap::Colormap(const std::string& name) : SceneItem(name) {}
