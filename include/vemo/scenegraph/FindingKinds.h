@@ -34,7 +34,7 @@
   KIND(ELEMENT_WITHOUT_EFFECT, LOST, "An element of the format that has no effect in this place.") \
   KIND(ENTRY_INVALID, REFUSED, "An entry of the archive is missing, has a bad size or cannot be read.") \
   KIND(ENTRY_REPLACED, LOST, "Of several entries of one name only the last one is used.") \
-  KIND(ENTRY_SHORT, CHANGED, "An entry ends before its size; the rest is taken as zero.") \
+  KIND(ENTRY_SHORT, CHANGED, "An entry ends before its size; the rest is filled with zeros.") \
   KIND(ENTRY_UNUSED, LOST, "An entry of the archive that the scene does not refer to.") \
   KIND(FIELD_UNKNOWN, LOST, "A database has fields that this version does not know; they are left out.") \
   KIND(GEOMETRY_NOT_DRAWN, LOST, "A geometry cannot be drawn.") \

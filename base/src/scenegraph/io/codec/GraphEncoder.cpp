@@ -183,8 +183,9 @@ void GraphEncoder::encodeReferences(Node& root) {
     if (found != _targets.end()) {
       target = found->second;
     } else if (!_findElsewhere || !_findElsewhere(*row.target, target)) {
-      vemo::reportFinding(vemo::FindingCode::REFERENCE_LOST, "A reference to " + describeNode(*row.target) +
-                                                                 " leaves the graph and is not written");
+      vemo::reportFinding(
+          vemo::FindingCode::REFERENCE_LOST,
+          "A reference to " + describeNode(*row.target) + " leads out of the graph and is not written");
       continue;
     }
     rows.number(row.node);

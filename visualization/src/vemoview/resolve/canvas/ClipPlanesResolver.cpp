@@ -35,12 +35,12 @@ std::vector<ClipPlane> resolveClipPlanes(const lum::ClipPlanesAttributes* attrib
       continue;
     }
     if (!isFinite(plane->getNormal()) || !isFinite(plane->getOrigin())) {
-      reportFinding(FindingCode::VALUE_IGNORED, "A clipping plane does not cut: its values are not finite");
+      reportFinding(FindingCode::VALUE_IGNORED, "A clipping plane is not applied: its values are not finite");
       continue;
     }
     if (planes.size() == MOST_PLANES) {
       reportFinding(FindingCode::PLANES_LIMITED,
-                    "Only the first " + std::to_string(MOST_PLANES) + " clipping planes cut");
+                    "Only the first " + std::to_string(MOST_PLANES) + " clipping planes are applied");
       break;
     }
     planes.push_back({plane->getOrigin(), unitNormal(*plane)});

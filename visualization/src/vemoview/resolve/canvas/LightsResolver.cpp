@@ -26,13 +26,13 @@ CanvasLights usableLights(const lum::LightCollection& collection) {
       continue;
     }
     if (!isUsable(*light)) {
-      reportFinding(FindingCode::VALUE_IGNORED, "A light does not shine: its values are not finite");
+      reportFinding(FindingCode::VALUE_IGNORED, "A light is not used: its values are not finite");
       continue;
     }
     if (result.size() == MOST_LIGHTS) {
       reportFinding(FindingCode::LIGHTS_LIMITED, "Only the first " + std::to_string(MOST_LIGHTS) + " of " +
                                                      std::to_string(collection.getNodeCount()) +
-                                                     " lights shine");
+                                                     " lights are used");
       break;
     }
     result.push_back(

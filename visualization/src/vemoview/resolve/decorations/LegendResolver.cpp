@@ -32,8 +32,8 @@ std::string resolveFormat(const std::string& format, const std::string& what) {
   if (lum::isNumberFormat(format)) {
     return readableText(format, MOST_TEXT_BYTES, what);
   }
-  reportFinding(FindingCode::VALUE_IGNORED, what + " does not write its numbers as \"" + toPrintable(format) +
-                                                "\", which is no format for them");
+  reportFinding(FindingCode::VALUE_IGNORED,
+                what + " ignores the number format \"" + toPrintable(format) + "\", which is invalid");
   return defaultAttributes().getLabelFormat();
 }
 
@@ -46,7 +46,8 @@ bool placeInWindow(LegendDecoration& legend, const std::string& what) {
     const double position = legend.position[i];
     const double size = legend.size[i];
     if (!std::isfinite(position) || !std::isfinite(size) || size <= 0.0) {
-      reportFinding(FindingCode::DECORATION_NOT_DRAWN, what + " is not drawn: it has no place or no size");
+      reportFinding(FindingCode::DECORATION_NOT_DRAWN,
+                    what + " is not drawn: it has no usable position or size");
       return false;
     }
     legend.size[i] = std::min(size, 1.0);
