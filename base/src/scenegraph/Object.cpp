@@ -14,7 +14,7 @@ void Object::destroy() noexcept {
 
 void Object::release() const noexcept {
   if (_references.fetch_sub(1, std::memory_order_acq_rel) == 1) {
-    bury(const_cast<Object*>(this));
+    destroyLater(const_cast<Object*>(this));
   }
 }
 
@@ -27,7 +27,7 @@ std::shared_ptr<Object*> Object::getWeakCell() {
 
 // Destructors that release objects re-enter here; the outermost call drains the
 // list.
-void Object::bury(Object* object) noexcept {
+void Object::destroyLater(Object* object) noexcept {
   thread_local Object* waiting = nullptr;
   thread_local bool working = false;
   object->_nextToDestroy = waiting;

@@ -32,7 +32,7 @@ class VEMO_SCENEGRAPH_EXPORT Object {
   virtual void destroy() noexcept;
 
  private:
-  static void bury(Object* object) noexcept;
+  static void destroyLater(Object* object) noexcept;
 
   mutable std::atomic<int> _references{0};
   Object* _nextToDestroy = nullptr;
