@@ -30,7 +30,7 @@ std::optional<Severity> worstFinding();
 /// During its lifetime, collects findings, and logged warnings and errors,
 /// instead of showing them, for a command that includes them in its result. The
 /// destructor shows those that were not taken.
-class LogKeeper {
+class LogCapture {
  public:
   struct Log {
     std::vector<Finding> findings;
@@ -38,10 +38,10 @@ class LogKeeper {
     std::vector<std::string> lines;
   };
 
-  LogKeeper();
-  ~LogKeeper();
-  LogKeeper(const LogKeeper&) = delete;
-  LogKeeper& operator=(const LogKeeper&) = delete;
+  LogCapture();
+  ~LogCapture();
+  LogCapture(const LogCapture&) = delete;
+  LogCapture& operator=(const LogCapture&) = delete;
 
   Log take() { return std::exchange(_log, {}); }
 
