@@ -34,7 +34,7 @@ class VEMO_SCENEGRAPH_EXPORT Node : public Object {
  public:
   /// No node of a graph that is read or written is further than this from the
   /// graph's root, which is at depth 1.
-  static constexpr int MAXIMUM_DEPTH = 256;
+  static constexpr int MAX_DEPTH = 256;
 
   explicit Node(const NodeInitializer& initializer);
 

@@ -21,7 +21,7 @@ class VEMO_SCENEGRAPH_EXPORT NodeStream {
   virtual ~NodeStream();
 
   /// Writes a node and all that it owns. Throws io::FileError for a graph that
-  /// cannot be stored: deeper than Node::MAXIMUM_DEPTH, or with poly data whose
+  /// cannot be stored: deeper than Node::MAX_DEPTH, or with poly data whose
   /// arrays do not fit each other.
   virtual void write(const Node& root);
 

@@ -35,7 +35,7 @@ void GraphDecoder::setKnown(const KnownNodes& known) {
 
 Ptr<Node> GraphDecoder::decode(std::string_view bytes) {
   ByteReader graph(bytes);
-  const std::size_t count = graph.count("nodes", MINIMUM_NODE_BYTES);
+  const std::size_t count = graph.count("nodes", MIN_NODE_BYTES);
   readChanged(graph);
   for (std::size_t i = 0; i < count; ++i) {
     try {
@@ -146,8 +146,8 @@ const FileField* GraphDecoder::readPosition(ByteReader& in, bool isFirst) {
     fail(fmt::format("Its owner is {} levels up, but the depth is {}", position - 1, _depth));
   }
   _depth -= position - 1;
-  if (_depth >= static_cast<std::size_t>(Node::MAXIMUM_DEPTH)) {
-    fail(fmt::format("The scene is nested more than {} nodes deep", Node::MAXIMUM_DEPTH));
+  if (_depth >= static_cast<std::size_t>(Node::MAX_DEPTH)) {
+    fail(fmt::format("The scene is nested more than {} nodes deep", Node::MAX_DEPTH));
   }
   const FileClass& owner = *_levels[_depth - 1].fileClass;
   const FileField& field = owner.fields[in.index("field of the owner", owner.fields.size())];
@@ -319,8 +319,8 @@ void GraphDecoder::checkDepth() const {
   while (!waiting.empty()) {
     const auto [node, depth] = waiting.back();
     waiting.pop_back();
-    if (depth > Node::MAXIMUM_DEPTH) {
-      fail(fmt::format("The scene is nested more than {} nodes deep", Node::MAXIMUM_DEPTH));
+    if (depth > Node::MAX_DEPTH) {
+      fail(fmt::format("The scene is nested more than {} nodes deep", Node::MAX_DEPTH));
     }
     for (const Node* owned : node->getDependents()) {
       waiting.emplace_back(owned, depth + 1);

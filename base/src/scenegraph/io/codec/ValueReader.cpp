@@ -16,7 +16,7 @@ namespace lum::io {
 
 const std::string& ValueReader::readString() {
   const std::string& text = _tables.getString(_in.index("string", _tables.getStringCount()));
-  if (text.size() > LONGEST_SHARED_STRING) {
+  if (text.size() > MAX_SHARED_STRING_BYTES) {
     _longStringBytes += text.size();
     if (_longStringBytes > _tables.getLongStringBytes()) {
       throw FileError(FileIoStatus::ReadError, "A long string is used more than once");

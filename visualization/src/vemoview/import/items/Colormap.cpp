@@ -39,7 +39,7 @@ void Colormap::readImpl(const QxElement& element, SceneFileReader* reader) {
     const std::string& text = child->getText();
     _colors.push_back(Color::parse(text));
     if (!COLOR_FORM.matches(text)) {
-      reportUnreadable(reader, text, "a colour", COLOR_FORM.otherwise, valueText(_colors.back()));
+      reportUnreadable(reader, text, "a colour", COLOR_FORM.flaw, valueText(_colors.back()));
     }
   }
 }
