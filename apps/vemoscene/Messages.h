@@ -17,8 +17,8 @@ namespace vemo {
 /// "<br>" is a line break; an empty message is not written.
 void showMessage(std::string_view message);
 
-/// Shows the findings of the libraries, but for notes, and the warnings and
-/// errors that they log. Must be called before any other function of theirs.
+/// Shows the libraries' findings except notes, and the warnings and errors that
+/// they log. Must be called before any of their other functions.
 void showLog();
 
 /// Counts a finding that a command shows itself.

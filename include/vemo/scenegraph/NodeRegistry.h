@@ -11,7 +11,7 @@
 
 namespace lum {
 
-/// The nodes of one session. It knows them without keeping them alive, but for
+/// The nodes of one session. It lists them without keeping them alive, except
 /// those that it was given to keep.
 class VEMO_SCENEGRAPH_EXPORT NodeRegistry {
  public:

@@ -35,8 +35,8 @@ class VEMO_SCENEGRAPH_EXPORT NodeStream {
   virtual void readScene(std::istream& in);
 
   /// Reads a data stream likewise. A poly data node gets its arrays when the
-  /// last of them is here; until then it is empty, and empty it stays when they
-  /// do not fit each other. A failure leaves the connection usable.
+  /// last of them has been read; until then it is empty, and it stays empty when
+  /// they do not fit each other. A failure leaves the connection usable.
   virtual void readData(std::istream& in);
 
  protected:

@@ -52,7 +52,7 @@ class DatabaseIndex {
     std::string_view graph;
   };
 
-  /// Reads header and index, and checks them but for the graphs.
+  /// Reads and checks header and index, except the graphs.
   explicit DatabaseIndex(InputSource& source);
   DatabaseIndex(const DatabaseIndex&) = delete;
   DatabaseIndex& operator=(const DatabaseIndex&) = delete;
