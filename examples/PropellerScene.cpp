@@ -20,7 +20,7 @@ constexpr double HUB_RADIUS = 0.17;
 /// The advance in one radian of its turning: the tangent of the angle at which
 /// the tip meets the water.
 constexpr double ADVANCE = 0.34;
-constexpr double LARGEST_CHORD = 0.62;
+constexpr double MAX_CHORD = 0.62;
 /// Of each propeller's axis from the middle of the ship.
 constexpr double DISTANCE = 1.18;
 
@@ -61,7 +61,7 @@ double halfThickness(double place) {
 /// A section of the blade, once around it, laid upon the cylinder of its radius.
 Point bladePoint(double radius, double around) {
   static const double largestBreadth = largest(breadth);
-  const double chord = LARGEST_CHORD * breadth(radius) / largestBreadth;
+  const double chord = MAX_CHORD * breadth(radius) / largestBreadth;
   const double thickness = 0.05 + 0.12 * std::pow(1.0 - radius, 2);
   const double place = (1.0 + std::cos(2.0 * pi * around)) / 2.0;
   const double camber = 0.12 * place * (1.0 - place);

@@ -75,7 +75,7 @@ ExitCode runCommandLine(int argc, char** argv) {
   try {
     const ExitCode code = parse(argc, argv, command);
     if (command.run) {
-      refusePipe(command.file);
+      rejectPipe(command.file);
       command.run();
       if (command.failOn && worstFinding() >= command.failOn) {
         return ExitCode::FOUND;

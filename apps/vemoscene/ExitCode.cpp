@@ -54,7 +54,7 @@ std::string describeExitCodes() {
    5  FILE cannot be read, or its content is invalid
    6  the result cannot be written
   64  wrong usage
-  69  no OpenGL on this machine, or no display
+  69  no OpenGL, no display, or built without the window
   70  anything else unexpected)";
 }
 
@@ -72,7 +72,7 @@ ExitCode reportFailure(const std::string& file) {
   } catch (const lum::io::FileError& error) {
     return report(static_cast<ExitCode>(error.getStatus()), file, error.what());
   } catch (const RenderingUnavailable& error) {
-    return report(ExitCode::NO_OPENGL, error.what());
+    return report(ExitCode::UNAVAILABLE, error.what());
   } catch (const PictureWriteError& error) {
     return report(ExitCode::CANNOT_WRITE, error.what());
   } catch (const OS::FileWriteError& error) {

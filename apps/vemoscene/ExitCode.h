@@ -18,7 +18,8 @@ enum class ExitCode : int {
   READ_ERROR = 5,
   CANNOT_WRITE = 6,
   WRONG_USAGE = 64,
-  NO_OPENGL = 69,
+  /// OpenGL, a display or the window's library is missing.
+  UNAVAILABLE = 69,
   UNEXPECTED = 70,
 };
 

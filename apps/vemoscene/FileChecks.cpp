@@ -14,14 +14,14 @@
 
 namespace vemo {
 
-void refusePipe(const std::string& file) {
+void rejectPipe(const std::string& file) {
   std::error_code ignored;
   if (std::filesystem::is_fifo(file, ignored)) {
     throw Failure(ExitCode::READ_ERROR, fmt::format("\"{}\" is a pipe, not a file", file));
   }
 }
 
-void refuseSameFile(const std::string& file, const std::string& output) {
+void rejectSameFile(const std::string& file, const std::string& output) {
   std::error_code ignored;
   if (std::filesystem::equivalent(file, output, ignored)) {
     throw Failure(ExitCode::WRONG_USAGE, fmt::format("\"{}\" and \"{}\" are the same file", file, output));

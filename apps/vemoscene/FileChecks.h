@@ -6,11 +6,11 @@ namespace vemo {
 
 /// Throws Failure with READ_ERROR for a pipe: opening it would wait for a
 /// writer, and reading a scene needs seeking.
-void refusePipe(const std::string& file);
+void rejectPipe(const std::string& file);
 
 /// Throws Failure with WRONG_USAGE when both are the same file: writing the
 /// output would destroy the input.
-void refuseSameFile(const std::string& file, const std::string& output);
+void rejectSameFile(const std::string& file, const std::string& output);
 
 /// Throws Failure with UNSUPPORTED_FORMAT for a database: the old generation has
 /// what databases do not have.

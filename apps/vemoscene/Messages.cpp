@@ -81,12 +81,12 @@ std::optional<Severity> worstFinding() {
   return worst();
 }
 
-LogKeeper::LogKeeper() {
+LogCapture::LogCapture() {
   Logger::getSingleton().setSink([this](const std::string& line) { _log.lines.push_back(line); });
   setFindingSink([this](const Finding& finding) { _log.findings.push_back(finding); });
 }
 
-LogKeeper::~LogKeeper() {
+LogCapture::~LogCapture() {
   showLog();
   std::ranges::for_each(_log.findings, show);
   for (const std::string& line : _log.lines) {

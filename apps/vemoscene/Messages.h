@@ -17,8 +17,8 @@ namespace vemo {
 /// "<br>" is a line break; an empty message is not written.
 void showMessage(std::string_view message);
 
-/// Shows the findings of the libraries, but for notes, and the warnings and
-/// errors that they log. Must be called before any other function of theirs.
+/// Shows the libraries' findings except notes, and the warnings and errors that
+/// they log. Must be called before any of their other functions.
 void showLog();
 
 /// Counts a finding that a command shows itself.
@@ -30,7 +30,7 @@ std::optional<Severity> worstFinding();
 /// During its lifetime, collects findings, and logged warnings and errors,
 /// instead of showing them, for a command that includes them in its result. The
 /// destructor shows those that were not taken.
-class LogKeeper {
+class LogCapture {
  public:
   struct Log {
     std::vector<Finding> findings;
@@ -38,10 +38,10 @@ class LogKeeper {
     std::vector<std::string> lines;
   };
 
-  LogKeeper();
-  ~LogKeeper();
-  LogKeeper(const LogKeeper&) = delete;
-  LogKeeper& operator=(const LogKeeper&) = delete;
+  LogCapture();
+  ~LogCapture();
+  LogCapture(const LogCapture&) = delete;
+  LogCapture& operator=(const LogCapture&) = delete;
 
   Log take() { return std::exchange(_log, {}); }
 

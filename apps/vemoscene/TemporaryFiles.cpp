@@ -11,11 +11,13 @@
 #include <filesystem>
 #include <fmt/format.h>
 #include <functional>
+#include <mutex>
 #include <string>
 #include <system_error>
 #include <thread>
 #include <unistd.h>
 #include <utility>
+#include <vector>
 
 namespace vemo {
 
@@ -55,19 +57,41 @@ sigset_t blockEndingSignals() {
 /// Set once a signal is about to end the process.
 std::atomic<bool> isEnding = false;
 
-/// A thread waits for the blocked signals, since a signal handler may do next to
-/// nothing; then the process ends by the signal. `exit` would destroy what the
-/// main thread still uses.
-void callWhenEnded(const sigset_t& signals, std::function<void()> cleanUp) {
-  std::thread([signals, cleanUp = std::move(cleanUp)] {
-    int signal = 0;
-    sigwait(&signals, &signal);
-    isEnding = true;
+struct CleanUps {
+  /// Also held while something is made that a clean-up removes.
+  std::mutex mutex;
+  std::vector<std::function<void()>> functions;
+};
+
+/// Never destroyed: the thread below uses it.
+CleanUps& cleanUps() {
+  static auto& result = *new CleanUps;
+  return result;
+}
+
+/// Ends the process by the signal. `exit` would destroy what the main thread
+/// still uses.
+void endBySignal(const sigset_t& signals) {
+  int signal = 0;
+  sigwait(&signals, &signal);
+  isEnding = true;
+  const std::lock_guard lock(cleanUps().mutex);
+  for (const auto& cleanUp : cleanUps().functions) {
     cleanUp();
-    std::signal(signal, SIG_DFL);
-    pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
-    raise(signal);
-  }).detach();
+  }
+  std::signal(signal, SIG_DFL);
+  pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
+  raise(signal);
+}
+
+/// Requires the blocked signals and the mutex. One thread waits for the signals,
+/// since a signal handler may do next to nothing; with several, only one would
+/// get the signal.
+void callWhenEnded(const sigset_t& signals, std::function<void()> cleanUp) {
+  if (cleanUps().functions.empty()) {
+    std::thread(endBySignal, signals).detach();
+  }
+  cleanUps().functions.push_back(std::move(cleanUp));
 }
 
 /// Removes those temporary files in a folder that this process has open.
@@ -96,8 +120,9 @@ void useOwnTemporaryFolder() {
   std::error_code error;
   const std::filesystem::path parent = std::filesystem::temp_directory_path(error);
   std::string name = (error ? std::filesystem::path("/tmp") : parent) / "vemoscene-XXXXXX";
-  // Signals are blocked first: once the folder exists, it will be removed.
+  // Signals wait from here on: once the folder exists, it will be removed.
   const sigset_t signals = blockEndingSignals();
+  const std::lock_guard lock(cleanUps().mutex);
   if (mkdtemp(name.data()) == nullptr) {
     throw Failure(
         ExitCode::CANNOT_WRITE,
@@ -115,7 +140,9 @@ void removePartialOutputWhenEnded(const std::string& output) {
   std::error_code ignored;
   const std::filesystem::path target = OS::followLinks(std::filesystem::absolute(output, ignored));
   const std::filesystem::path folder = std::filesystem::weakly_canonical(target.parent_path(), ignored);
-  callWhenEnded(blockEndingSignals(), [folder] { removeOpenTemporaryFiles(folder); });
+  const sigset_t signals = blockEndingSignals();
+  const std::lock_guard lock(cleanUps().mutex);
+  callWhenEnded(signals, [folder] { removeOpenTemporaryFiles(folder); });
 }
 
 }  // namespace vemo

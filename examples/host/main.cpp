@@ -18,9 +18,9 @@ namespace {
 bool load(const std::wstring& path) {
   lum::SDBReader reader(path);
   const lum::Ptr<lum::Node> scene = reader.readNode(0);
-  int pieces = 0;
-  lum::forEachNodeOf<lum::PolyDataNode>(*scene, [&pieces](lum::PolyDataNode&) { ++pieces; });
-  std::cout << scene->getName() << ": " << pieces << " pieces of geometry\n";
+  int meshes = 0;
+  lum::forEachNodeOf<lum::PolyDataNode>(*scene, [&meshes](lum::PolyDataNode&) { ++meshes; });
+  std::cout << scene->getName() << ": " << meshes << " meshes\n";
   return true;
 }
 

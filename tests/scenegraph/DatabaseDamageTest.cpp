@@ -151,7 +151,7 @@ TEST_F(DatabaseDamage, SaysWhatIsWrong) {
       {withHeader("\"version\": 1", "\"version\": 2"), "of version 2"},
       {bytes + "more", "does not end the file"},
       {bytes.substr(0, bytes.size() - 1) + '\x7F', "index is damaged"},
-      {brokenArray, ".sdb: Record 0: Array 0 \"Points\": its bytes are damaged"},
+      {brokenArray, ".sdb: Record 0: Array 0 \"Points\": hash mismatch"},
   };
   for (const auto& [content, message] : cases) {
     EXPECT_THAT(tryToRead(content), HasSubstr(message));
@@ -174,7 +174,7 @@ TEST_F(DatabaseDamage, RefusesWhatIsOutOfProportionToTheFile) {
       {nameOnly + "\x01\x00\x81\x08"s + fields, "A class has 1025 fields"},
       {nameOnly + "\x01\x00\x01\x00\x0B\x81\x02"s + std::string(257, 'x'), "A default has 257 bytes"},
       {nameOnly + "\x00\x01\x09\xFF\xFF\xFF\xFF\x07\x00\x00"s + std::string(8, 'x'),
-       "No array has 0 tuples of 2147483647 components"},
+       "Invalid array shape: 0 tuples of 2147483647 components"},
   };
   for (const auto& [index, message] : cases) {
     EXPECT_THAT(tryToRead(DatabaseBytes({}, index).join()), HasSubstr(message));

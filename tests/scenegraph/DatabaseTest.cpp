@@ -60,8 +60,7 @@ TEST(Database, RefusesGeometryThatDoesNotFitAndGraphsTooDeep) {
   node->setPolyData(makeGeometry(false));
   node->setNodeDataArray(makeArray("odd", {1, 2, 3, 4}));
   EXPECT_EQ(writeDatabase(folder / "a.sdb", *node), FileIoStatus::WriteError);
-  EXPECT_EQ(writeDatabase(folder / "a.sdb", *makeChain(lum::Node::MAXIMUM_DEPTH + 1)),
-            FileIoStatus::WriteError);
+  EXPECT_EQ(writeDatabase(folder / "a.sdb", *makeChain(lum::Node::MAX_DEPTH + 1)), FileIoStatus::WriteError);
   EXPECT_TRUE(fs::is_empty(folder.path()));
 }
 

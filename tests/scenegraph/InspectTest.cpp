@@ -76,13 +76,13 @@ TEST(JsonPrinterTest, NamesTheNodesReferredTo) {
 
 TEST(JsonPrinterTest, PrintsTheDeepestGraphOnASmallStack) {
   std::string text;
-  runOnSmallStack([&] { text = print(*makeChain(lum::Node::MAXIMUM_DEPTH)); });
+  runOnSmallStack([&] { text = print(*makeChain(lum::Node::MAX_DEPTH)); });
   json level = json::parse(text);
   int depth = 1;
   for (; !level["nodes"].empty(); ++depth) {
     level = json(level["nodes"][0]);
   }
-  EXPECT_EQ(depth, lum::Node::MAXIMUM_DEPTH);
+  EXPECT_EQ(depth, lum::Node::MAX_DEPTH);
 }
 
 TEST(JsonWriterTest, WritesTextsAndNumbersThatReadersUnderstand) {

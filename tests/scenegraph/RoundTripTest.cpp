@@ -91,7 +91,7 @@ TEST_P(RoundTrip, KeepsLargeArrays) {
 
 TEST_P(RoundTrip, GoesToTheGreatestDepthOnASmallStack) {
   runOnSmallStack([] {
-    const Ptr<Node> deepest = makeChain(Node::MAXIMUM_DEPTH);
+    const Ptr<Node> deepest = makeChain(Node::MAX_DEPTH);
     EXPECT_EQ(firstDifference(*deepest, *carry(*deepest)), "");
   });
 }

@@ -13,7 +13,7 @@ build_and_run_host() { # BUILD_FOLDER PREFIX
   cmake -S "$folder/host" -B "$1" -G Ninja "-DCMAKE_PREFIX_PATH=$2" >"$folder/log" 2>&1 &&
     cmake --build "$1" >>"$folder/log" 2>&1 || fail "$(cat "$folder/log")"
   output=$("$1/host" "$sources/examples/wing.zip")
-  [[ $output == *" pieces of geometry" ]] || fail "the host prints \"$output\""
+  [[ $output == *" meshes" ]] || fail "the host prints \"$output\""
 }
 
 link_components() { # PREFIX COMPONENT ...

@@ -23,11 +23,11 @@ struct ConvertArguments {
 
 void convert(const ConvertArguments& arguments) {
   const ExportRequest& request = arguments.request;
-  refuseSameFile(request.file, request.output);
+  rejectSameFile(request.file, request.output);
   removePartialOutputWhenEnded(request.output);
   const Progress progress(fmt::format("Converting {}", toPrintable(request.file)));
   if (!arguments.ledger.empty()) {
-    refuseSameFile(request.file, arguments.ledger);
+    rejectSameFile(request.file, arguments.ledger);
     requireArchive(request.file);
   }
   findExportFormat(request.output).write(request);

@@ -21,7 +21,7 @@ namespace vemo {
 
 namespace {
 
-constexpr std::size_t MOST_LINES = 100;
+constexpr std::size_t MAX_LINES = 100;
 
 struct DiffArguments {
   std::string left;
@@ -117,7 +117,7 @@ bool printText(std::ostream& out, lum::SDBReader& left, lum::SDBReader& right,
   const bool hasRecords = left.getRecords().size() > 1 || right.getRecords().size() > 1;
   std::size_t count = 0;
   const auto print = [&](std::size_t record, const lum::Difference& difference) {
-    if (++count <= MOST_LINES) {
+    if (++count <= MAX_LINES) {
       std::string line = toPrintable((hasRecords ? fmt::format("record {}: ", record) : "") +
                                      lum::describeDifference(difference));
       std::ranges::replace(line, '\n', ' ');
@@ -126,8 +126,8 @@ bool printText(std::ostream& out, lum::SDBReader& left, lum::SDBReader& right,
     return true;
   };
   const DatabaseCounts counts = compareDatabases(left, right, rules, print);
-  if (count > MOST_LINES) {
-    out << fmt::format("... and {} more\n", lum::groupDigits(static_cast<std::int64_t>(count - MOST_LINES)));
+  if (count > MAX_LINES) {
+    out << fmt::format("... and {} more\n", lum::groupDigits(static_cast<std::int64_t>(count - MAX_LINES)));
   }
   out << fmt::format("{} in {}\n",
                      count == 0 ? "No differences"
@@ -139,7 +139,7 @@ bool printText(std::ostream& out, lum::SDBReader& left, lum::SDBReader& right,
 
 SceneDatabase open(const std::string& file, Command& command) {
   command.file = file;
-  refusePipe(file);
+  rejectPipe(file);
   return SceneDatabase(file);
 }
 

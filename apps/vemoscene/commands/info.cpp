@@ -14,6 +14,7 @@
 #include <vemo/scenegraph/inspect/NumberText.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <filesystem>
 #include <fmt/format.h>
 #include <memory>
@@ -35,17 +36,17 @@ struct InfoArguments {
 /// A scene and what was reported while it was read.
 struct Contents {
   LoadedScene scene;
-  LogKeeper::Log log;
+  LogCapture::Log log;
 };
 
 Contents load(const std::string& file) {
-  LogKeeper log;
+  LogCapture log;
   LoadedScene scene(file);
   return {std::move(scene), log.take()};
 }
 
 /// Beside the findings for programs that know only these texts.
-void printWarnings(lum::JsonWriter& json, const LogKeeper::Log& log) {
+void printWarnings(lum::JsonWriter& json, const LogCapture::Log& log) {
   json.key("warnings");
   json.beginArray();
   for (const Finding& finding : log.findings) {
@@ -111,13 +112,12 @@ void printEntries(std::ostream& out, const std::string& file) {
 /// The totals of all geometry in a graph.
 std::string describeGeometry(lum::Node& root) {
   const auto counts = lum::GeometryCounts::ofGraph(root);
-  const std::int64_t pieces = counts.getPieces();
-  return fmt::format("{} of geometry, {} points, {} cells",
-                     pieces == 1 ? "1 piece" : lum::groupDigits(pieces) + " pieces",
+  const std::int64_t meshes = counts.getMeshes();
+  return fmt::format("{}, {} points, {} cells", meshes == 1 ? "1 mesh" : lum::groupDigits(meshes) + " meshes",
                      lum::groupDigits(counts.getPoints()), lum::groupDigits(counts.getCells()));
 }
 
-void printLog(std::ostream& out, const LogKeeper::Log& log) {
+void printLog(std::ostream& out, const LogCapture::Log& log) {
   if (!log.findings.empty() || !log.lines.empty()) {
     out << "\nFindings:\n";
   }

@@ -49,7 +49,7 @@ std::string parseSize(const std::string& text, RenderOptions& picture) {
 }
 
 void render(const RenderArguments& options) {
-  refuseSameFile(options.file, options.output);
+  rejectSameFile(options.file, options.output);
   const LoadedScene scene(options.file);
   const Progress progress(fmt::format("Drawing {}", toPrintable(options.file)));
   renderPicture(scene.getSceneNode(), options.picture).writePng(options.output);

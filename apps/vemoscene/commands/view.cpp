@@ -30,7 +30,7 @@ decltype(&showSceneWindow) loadWindow() {
   void* const library = dlopen(findWindowLibrary().c_str(), RTLD_NOW | RTLD_LOCAL);
   void* const function = library == nullptr ? nullptr : dlsym(library, "showSceneWindow");
   if (function == nullptr) {
-    throw Failure(ExitCode::NO_OPENGL, fmt::format("Cannot load the window library: {}", dlerror()));
+    throw Failure(ExitCode::UNAVAILABLE, fmt::format("Cannot load the window library: {}", dlerror()));
   }
   return reinterpret_cast<decltype(&showSceneWindow)>(function);
 }

@@ -14,8 +14,8 @@ const std::string& Properties::get(const std::string& name) const {
 Error::Error(std::string message, Properties properties)
     : _message(std::move(message)), _properties(std::move(properties)) {}
 
-// The destructors are defined here so that each class has one type description
-// in the process, by which exceptions are caught across library boundaries.
+// Key functions: one typeinfo per class, so exceptions can be caught across
+// libraries.
 Error::~Error() = default;
 NonRecoverableError::~NonRecoverableError() = default;
 InternalError::~InternalError() = default;

@@ -11,7 +11,7 @@ class vtkDataArray;
 
 namespace vemo {
 
-/// What cells must fulfil besides having every offset within the connectivity.
+/// What cells must satisfy besides having every offset within the connectivity.
 struct CellRules {
   /// The points that there are to index.
   std::int64_t pointCount = 0;

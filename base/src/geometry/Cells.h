@@ -65,7 +65,7 @@ class Corners {
 };
 
 /// Cells by their numbers, of whichever storage. It looks the storage up for
-/// each index: loops over many cells had better use forEachCell.
+/// each index: loops over many cells should use forEachCell.
 class CellReader {
  public:
   explicit CellReader(vtkCellArray& cells)

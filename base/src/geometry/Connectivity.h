@@ -33,7 +33,7 @@ struct ImportedCells {
   /// 32-bit storage; null when `indexOutside` is set.
   vtkSmartPointer<vtkCellArray> cells;
 
-  /// The number of cells in the list, the dropped ones among them.
+  /// The number of cells in the list, including dropped ones.
   int listed = 0;
 
   /// The dropped cells' ordinals in the list, ascending; normally none.
@@ -60,7 +60,7 @@ VEMO_GEOMETRY_EXPORT ImportedCells importCells(EntryBlock block, std::int32_t si
 /// The rows, ascending, that the dropped cells have in the cell data of the
 /// whole geometry.
 /// @param lists the lists of the geometry in VTK's order (see CellKind); those
-///   that it has not got may be left out
+///   that it lacks may be left out
 VEMO_GEOMETRY_EXPORT std::vector<vtkIdType> droppedRows(
     std::span<const std::reference_wrapper<const ImportedCells>> lists);
 

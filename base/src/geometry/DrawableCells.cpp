@@ -150,7 +150,7 @@ vtkSmartPointer<vtkPolyData> copyCells(vtkPolyData& geometry, CellKinds kinds, c
 vtkSmartPointer<vtkPolyData> drawableCells(vtkPolyData& geometry, CellKinds kinds) {
   const PointScan scan = scanPoints(geometry);
   if (!scan.nonFinite.empty()) {
-    // Which of the others are far can be told without these.
+    // Distances are judged without the non-finite points.
     return drawableCells(*copyCells(geometry, kinds, scan.nonFinite), kinds);
   }
   const PointMarks marks = markFarPoints(geometry, scan.bounds);

@@ -9,7 +9,6 @@
 #include <vtkPolyData.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <initializer_list>
 #include <span>

@@ -23,7 +23,7 @@ inline constexpr const char* NORMALS = "Normals";
 /// One unit vector of three floats for each point, named NORMALS: the
 /// direction of the sum of the unit normals of the polygons and of the strips'
 /// triangles around the point. It is zero where that sum is: at points of no
-/// polygon or strip, or only of such as have no normal.
+/// polygon or strip, or where none of them has a normal.
 ///
 /// A polygon or triangle with a coordinate that is not finite adds nothing, so
 /// that its neighbours keep a normal.

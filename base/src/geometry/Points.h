@@ -31,7 +31,7 @@ class PointSpan {
 };
 
 /// Points of any type, fast for float and double. It looks the type up for each
-/// point: loops over many had better visit().
+/// point: loops over many points should use visit().
 class PointReader {
  public:
   explicit PointReader(vtkDataArray& points) : _points(points) {

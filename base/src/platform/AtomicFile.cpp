@@ -16,8 +16,8 @@ namespace vemo::OS {
 namespace {
 
 // Some systems write no more than 2 GiB at once.
-constexpr std::size_t LARGEST_WRITE = std::size_t{1} << 30;
-constexpr int LONGEST_CHAIN_OF_LINKS = 40;
+constexpr std::size_t MAX_WRITE_BYTES = std::size_t{1} << 30;
+constexpr int MAX_LINKS = 40;
 constexpr int ATTEMPTS = 100;
 constexpr unsigned PERMISSION_BITS = 07777;
 
@@ -38,13 +38,13 @@ void writeInPlace(const std::filesystem::path& path, std::span<const std::uint8_
 FileWriteError::FileWriteError(const std::filesystem::path& file, const std::string& reason)
     : std::runtime_error("Cannot write " + file.native() + ": " + reason) {}
 
-// Defined here so that the class has one type description in the process, by
-// which exceptions are caught across library boundaries.
+// Key function: one typeinfo per class, so exceptions can be caught across
+// libraries.
 FileWriteError::~FileWriteError() = default;
 
 std::filesystem::path followLinks(std::filesystem::path path) {
   std::error_code error;
-  for (int i = 0; i < LONGEST_CHAIN_OF_LINKS; ++i) {
+  for (int i = 0; i < MAX_LINKS; ++i) {
     const std::filesystem::path next = std::filesystem::read_symlink(path, error);
     if (error) {
       break;
@@ -113,7 +113,7 @@ void AtomicFile::write(const void* data, std::size_t size, std::uint64_t positio
   const auto* bytes = static_cast<const char*>(data);
   while (size > 0) {
     const ::ssize_t done =
-        ::pwrite(_file, bytes, std::min(size, LARGEST_WRITE), static_cast<::off_t>(position));
+        ::pwrite(_file, bytes, std::min(size, MAX_WRITE_BYTES), static_cast<::off_t>(position));
     if (done < 0 && errno == EINTR) {
       continue;
     }

@@ -5,7 +5,7 @@ namespace lum {
 
 NodeRegistry& NodeRegistry::getSingleton(int sessionId) {
   NodeRegistry* registry = NodeRegistrySessions::getSingleton().find(sessionId);
-  VEMO_REQUIRE(registry != nullptr, "There is no session " + std::to_string(sessionId));
+  VEMO_REQUIRE(registry != nullptr, "Unknown session " + std::to_string(sessionId));
   return *registry;
 }
 
@@ -82,7 +82,7 @@ bool NodeRegistrySessions::destroySession(int sessionId) {
   if (session == _sessions.end()) {
     return false;
   }
-  // The nodes that are let go may ask for their session while they go.
+  // Nodes may look up their session while being destroyed.
   const auto registry = std::move(session->second);
   _sessions.erase(session);
   return true;

@@ -14,7 +14,7 @@ void Object::destroy() noexcept {
 
 void Object::release() const noexcept {
   if (_references.fetch_sub(1, std::memory_order_acq_rel) == 1) {
-    bury(const_cast<Object*>(this));
+    destroyLater(const_cast<Object*>(this));
   }
 }
 
@@ -25,9 +25,9 @@ std::shared_ptr<Object*> Object::getWeakCell() {
   return _weakCell;
 }
 
-// A destructor that releases further objects comes back here: they are put on
-// the list, which the outermost call works off.
-void Object::bury(Object* object) noexcept {
+// Destructors that release objects re-enter here; the outermost call drains the
+// list.
+void Object::destroyLater(Object* object) noexcept {
   thread_local Object* waiting = nullptr;
   thread_local bool working = false;
   object->_nextToDestroy = waiting;

@@ -46,8 +46,6 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   /// permission to read, or ZipException.
   explicit ZipFileReader(const std::wstring& path);
 
-  const std::wstring& getPath() const { return _path; }
-
   /// Of the archive file, in bytes.
   std::uint64_t getFileSize() const { return _fileSize; }
 
@@ -97,7 +95,6 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   /// How much of the content there is; nothing when it cannot be read.
   std::optional<std::size_t> readContent(const Entry& entry, std::span<char> content) const;
 
-  std::wstring _path;
   std::uint64_t _fileSize = 0;
   std::shared_ptr<ArchiveFile> _archive;
   /// By name.

@@ -7,7 +7,7 @@
 namespace vemo {
 
 /// Points are drawn no larger than this.
-inline constexpr double MAXIMUM_POINT_PIXELS = 256.0;
+inline constexpr double MAX_POINT_PIXELS = 256.0;
 
 /// How a mesh is drawn, except for its own colour and its data: everything that
 /// meshes must have in common to be drawn in one batch. All values are finite

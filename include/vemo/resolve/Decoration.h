@@ -36,7 +36,7 @@ struct TextStyle {
   std::array<std::uint8_t, 4> rgba{0, 0, 0, 255};
 };
 
-/// Texts are UTF-8 without control characters but line breaks.
+/// Texts are UTF-8 without control characters except line breaks.
 ///
 /// Positions in the window are fractions of the canvas's width and height, from
 /// its lower left corner. Line heights are fractions of the window's height.
@@ -84,7 +84,7 @@ struct ImageDecoration {
   Vector<3, double> corner;
   Vector<3, double> xAxis;
   Vector<3, double> yAxis;
-  /// Of an image in the model, and whether the canvas's clipping planes cut it.
+  /// Of an image in the model, and whether the canvas's clipping planes apply to it.
   std::optional<InstanceTransform> transform;
   bool isClipped = false;
   /// Above 0, up to 1.

@@ -23,7 +23,7 @@
 namespace lum {
 
 /// More than any class declares itself.
-inline constexpr int MAXIMUM_OWN_FIELDS = 64;
+inline constexpr int MAX_OWN_FIELDS = 64;
 
 /// Overloads for these are counted: the call with the greatest finds the latest.
 template <int COUNT>
@@ -49,7 +49,7 @@ constexpr bool isNamedAfter(std::string_view member, std::string_view accessor) 
 
 // NOLINTBEGIN(bugprone-macro-parentheses): the arguments are types and names.
 
-/// Says the name of a node class and its base class.
+/// Declares the name of a node class and its base class.
 #define LUM_NODE(Class, Base)                     \
  public:                                          \
   using Superclass = Base;                        \
@@ -63,20 +63,20 @@ constexpr bool isNamedAfter(std::string_view member, std::string_view accessor) 
   }                                               \
   LUM_FIELDS_AFTER(Base)
 
-/// The part of it that a base class needs which declares fields.
-#define LUM_FIELDS_AFTER(Base)                                                                          \
- private:                                                                                               \
-  static ::lum::FieldCount<0> countFields(::lum::FieldCount<0>);                                        \
-  void listField(::lum::FieldList&, ::lum::FieldIndex<-1>) {}                                           \
-                                                                                                        \
- public:                                                                                                \
-  void listFields(::lum::FieldList& fields) override {                                                  \
-    Base::listFields(fields);                                                                           \
-    constexpr int COUNT = decltype(countFields(::lum::FieldCount<::lum::MAXIMUM_OWN_FIELDS>()))::VALUE; \
-    [&]<int... INDEX>(std::integer_sequence<int, INDEX...>) {                                           \
-      (listField(fields, ::lum::FieldIndex<INDEX>()), ...);                                             \
-    }                                                                                                   \
-    (std::make_integer_sequence<int, COUNT>());                                                         \
+/// For base classes with fields but no name.
+#define LUM_FIELDS_AFTER(Base)                                                                      \
+ private:                                                                                           \
+  static ::lum::FieldCount<0> countFields(::lum::FieldCount<0>);                                    \
+  void listField(::lum::FieldList&, ::lum::FieldIndex<-1>) {}                                       \
+                                                                                                    \
+ public:                                                                                            \
+  void listFields(::lum::FieldList& fields) override {                                              \
+    Base::listFields(fields);                                                                       \
+    constexpr int COUNT = decltype(countFields(::lum::FieldCount<::lum::MAX_OWN_FIELDS>()))::VALUE; \
+    [&]<int... INDEX>(std::integer_sequence<int, INDEX...>) {                                       \
+      (listField(fields, ::lum::FieldIndex<INDEX>()), ...);                                         \
+    }                                                                                               \
+    (std::make_integer_sequence<int, COUNT>());                                                     \
   }
 
 /// Lists a member. The further argument is its FieldValue.
@@ -84,8 +84,8 @@ constexpr bool isNamedAfter(std::string_view member, std::string_view accessor) 
  private:                                                                                              \
   static_assert(#member[0] == '_', "Members begin with an underscore");                                \
   static constexpr int INDEX_OF##member =                                                              \
-      decltype(countFields(::lum::FieldCount<::lum::MAXIMUM_OWN_FIELDS>()))::VALUE;                    \
-  static_assert(INDEX_OF##member < ::lum::MAXIMUM_OWN_FIELDS);                                         \
+      decltype(countFields(::lum::FieldCount<::lum::MAX_OWN_FIELDS>()))::VALUE;                        \
+  static_assert(INDEX_OF##member < ::lum::MAX_OWN_FIELDS);                                             \
   static ::lum::FieldCount<INDEX_OF##member + 1> countFields(::lum::FieldCount<INDEX_OF##member + 1>); \
   void listField(::lum::FieldList& fields, ::lum::FieldIndex<INDEX_OF##member>) {                      \
     fields.add(&#member[1], __VA_ARGS__);                                                              \

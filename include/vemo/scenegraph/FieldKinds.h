@@ -3,7 +3,6 @@
 #include <vemo/base/Vector.h>
 #include <vemo/scenegraph/Enumeration.h>
 
-#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <map>

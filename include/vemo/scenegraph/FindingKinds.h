@@ -8,33 +8,33 @@
 #define VEMO_FINDING_KINDS(KIND) \
   KIND(ANNOTATION_WITHOUT_TEXT, LOST, "An annotation has no text and is left out.") \
   KIND(ARCHIVE_INVALID, REFUSED, "The file is not an archive that can be read.") \
-  KIND(ARRAY_CUT, LOST, "Values at the end of an entry that make no whole point or tuple are left out.") \
+  KIND(ARRAY_CUT, LOST, "Values at the end of an entry that do not make up a whole point or tuple are left out.") \
   KIND(ARRAY_IS_NORMALS, LOST, "An array named `Normals` counts as normals: it colours nothing, and computed normals may replace it.") \
   KIND(ARRAY_LEFT_OUT, LOST, "A data array is left out: its number of values does not fit its points or cells.") \
   KIND(ARRAY_MAGNITUDE, CHANGED, "An array of triples is replaced by their lengths.") \
   KIND(ARRAY_REPLACED, LOST, "Of several arrays of one name over the same places only the last one is kept.") \
   KIND(ARRAY_WITHOUT_NAME, CHANGED, "An array has no name, so that nothing can refer to it.") \
   KIND(ASSEMBLY_EMPTY, LOST, "An assembly without items is left out, with its colormaps, legend and transform.") \
-  KIND(ATTRIBUTE_INAPPLICABLE, NOTE, "An attribute does nothing for a geometry of this type: face colours of lines, for instance.") \
+  KIND(ATTRIBUTE_INAPPLICABLE, NOTE, "An attribute has no effect on a geometry of this type: face colours of lines, for instance.") \
   KIND(ATTRIBUTE_UNKNOWN, LOST, "An attribute that no element of its kind has is ignored.") \
   KIND(ATTRIBUTE_WITHOUT_EFFECT, NOTE, "An attribute of the format that the new generation has no place for.") \
   KIND(CELLS_LEFT_OUT, LOST, "Cells with fewer points than their kind needs are left out.") \
   KIND(CHECKSUM_WRONG, CHANGED, "The content of an entry does not match its checksum: it may be damaged.") \
   KIND(CLASS_UNKNOWN, LOST, "A database has nodes of a class that this version does not know; they are left out.") \
   KIND(COLORMAP_ADJUSTED, CHANGED, "A colormap cannot be used as it is: its range, scale or colours are replaced.") \
-  KIND(COLORMAP_REPLACED, CHANGED, "A colormap also colours what another item of the same name brought.") \
+  KIND(COLORMAP_REPLACED, CHANGED, "A colormap also colours items added by another of the same name.") \
   KIND(COLORMAP_UNKNOWN, CHANGED, "A legend names a colormap that its assembly does not have; the active one is shown.") \
   KIND(COLORMAP_UNUSED, LOST, "A colormap colours nothing: neither data nor a legend.") \
   KIND(DATABASE_DAMAGED, REFUSED, "A database, or one of its records or arrays, cannot be read.") \
   KIND(DECORATION_NOT_DRAWN, LOST, "A legend, text, image or triad has no usable position or size and is not drawn.") \
   KIND(DECORATIONS_LIMITED, LOST, "Of very many triads, legends, texts and images only the first are drawn.") \
   KIND(DESCRIPTION_REPLACED, NOTE, "An archive holds a scene graph of its own, which is used instead of its items.") \
-  KIND(ELEMENT_REPLACED, LOST, "Of several elements of which there can be one only one is used.") \
+  KIND(ELEMENT_REPLACED, LOST, "Only one of several elements is used, where one is allowed.") \
   KIND(ELEMENT_UNKNOWN, LOST, "An element that its parent element cannot hold is ignored, with all that it holds.") \
-  KIND(ELEMENT_WITHOUT_EFFECT, LOST, "An element of the format that does nothing in this place.") \
+  KIND(ELEMENT_WITHOUT_EFFECT, LOST, "An element of the format that has no effect in this place.") \
   KIND(ENTRY_INVALID, REFUSED, "An entry of the archive is missing, has a bad size or cannot be read.") \
   KIND(ENTRY_REPLACED, LOST, "Of several entries of one name only the last one is used.") \
-  KIND(ENTRY_SHORT, CHANGED, "An entry ends before its size; the rest is taken as zero.") \
+  KIND(ENTRY_SHORT, CHANGED, "An entry ends before its size; the rest is filled with zeros.") \
   KIND(ENTRY_UNUSED, LOST, "An entry of the archive that the scene does not refer to.") \
   KIND(FIELD_UNKNOWN, LOST, "A database has fields that this version does not know; they are left out.") \
   KIND(GEOMETRY_NOT_DRAWN, LOST, "A geometry cannot be drawn.") \
@@ -48,13 +48,13 @@
   KIND(KIND_NOT_SHOWN, LOST, "Items of this kind are not shown: `vectors`, `streamlines`.") \
   KIND(LEGEND_MOVED, CHANGED, "A legend that would leave the window is moved into it.") \
   KIND(LEGEND_WITHOUT_COLORMAP, LOST, "A legend without a colormap is left out.") \
-  KIND(LIGHTS_LIMITED, LOST, "Of many lights only the first light the picture.") \
+  KIND(LIGHTS_LIMITED, LOST, "Of many lights only the first are used.") \
   KIND(NOT_COLORED_BY_ARRAY, CHANGED, "A geometry is drawn without the colours of its data array, which does not fit it.") \
-  KIND(NUMBER_INVALID, REFUSED, "A text is not a number where there must be one.") \
+  KIND(NUMBER_INVALID, REFUSED, "A text is not a number where one is required.") \
   KIND(PAYLOAD_DAMAGED, LOST, "Data of the scene graph that an archive carries cannot be read.") \
-  KIND(PLANES_LIMITED, CHANGED, "Of many clipping planes only the first cut.") \
+  KIND(PLANES_LIMITED, CHANGED, "Of many clipping planes only the first are applied.") \
   KIND(POINT_SCALE_ADJUSTED, CHANGED, "Points are scaled over another range than the one stated, which their scale cannot have.") \
-  KIND(POINTS_NOT_SCALED, CHANGED, "Points are drawn in one size: there is nothing that scales them.") \
+  KIND(POINTS_NOT_SCALED, CHANGED, "Points are drawn in one size: no data scale them.") \
   KIND(POINTS_WITHOUT_POSITION, CHANGED, "A geometry has no points with finite coordinates.") \
   KIND(REFERENCE_LOST, LOST, "A reference to a node outside the written scene is not written.") \
   KIND(REPEATS_LIMITED, LOST, "Of very many repeats only the first are shown.") \
@@ -64,7 +64,7 @@
   KIND(TEXT_CHANGED, CHANGED, "A text is too long and cut off, or is not UTF-8.") \
   KIND(TEXT_IGNORED, LOST, "Text inside an element that takes none is ignored.") \
   KIND(TRANSFORM_REPLACED, LOST, "Of the transforms of assemblies of one name only the last one is used.") \
-  KIND(TRANSFORM_SHARED, CHANGED, "A transform also applies to what another item of the same name brought.") \
+  KIND(TRANSFORM_SHARED, CHANGED, "A transform also applies to items added by another of the same name.") \
   KIND(TRANSFORM_UNUSABLE, CHANGED, "A transform has a scale of zero in some directions, an axis without direction, or a mirror without normal.") \
   KIND(VALUE_IGNORED, CHANGED, "A value that cannot be read or is out of range is replaced by the default.") \
   KIND(VALUE_UNREADABLE, CHANGED, "A value is not written as its type demands; the format still gives it a meaning.") \

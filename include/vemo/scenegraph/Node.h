@@ -34,7 +34,7 @@ class VEMO_SCENEGRAPH_EXPORT Node : public Object {
  public:
   /// No node of a graph that is read or written is further than this from the
   /// graph's root, which is at depth 1.
-  static constexpr int MAXIMUM_DEPTH = 256;
+  static constexpr int MAX_DEPTH = 256;
 
   explicit Node(const NodeInitializer& initializer);
 
@@ -64,8 +64,7 @@ class VEMO_SCENEGRAPH_EXPORT Node : public Object {
   /// through them.
   FieldList getFields() const;
 
-  /// Grows with every change to any node; 0 for a node that has kept what its
-  /// constructor gave it.
+  /// Grows with every change to any node; 0 for an unmodified node.
   std::uint64_t getModificationTime() const { return _modificationTime; }
 
   /// Writes the node and all that it owns.
@@ -90,7 +89,7 @@ class VEMO_SCENEGRAPH_EXPORT Node : public Object {
     }
   }
 
-  /// Called after an owned node has got another name.
+  /// Called after an owned node was renamed.
   virtual void dependentRenamed(Node& node, const std::string& formerName);
 
  private:

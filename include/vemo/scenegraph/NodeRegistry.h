@@ -11,7 +11,7 @@
 
 namespace lum {
 
-/// The nodes of one session. It knows them without keeping them alive, but for
+/// The nodes of one session. It lists them without keeping them alive, except
 /// those that it was given to keep.
 class VEMO_SCENEGRAPH_EXPORT NodeRegistry {
  public:
@@ -57,9 +57,9 @@ class VEMO_SCENEGRAPH_EXPORT NodeRegistrySessions {
   /// Opens a session; its number was never used before.
   int createSession();
 
-  /// Ends a session: what its registry kept is let go. Nodes that something
-  /// else holds live on outside of any registry. False for a number that is no
-  /// open session.
+  /// Ends a session and releases the nodes its registry kept. Nodes that
+  /// something else holds live on outside of any registry. False for an unknown
+  /// session.
   bool destroySession(int sessionId);
 
   bool hasSession(int sessionId) const { return find(sessionId) != nullptr; }

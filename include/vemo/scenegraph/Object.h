@@ -21,8 +21,6 @@ class VEMO_SCENEGRAPH_EXPORT Object {
   /// chain of any length is torn down on a small stack.
   void release() const noexcept;
 
-  int getReferenceCount() const noexcept { return _references.load(std::memory_order_relaxed); }
-
   /// A cell that holds this object's address, and null once it is gone.
   std::shared_ptr<Object*> getWeakCell();
 
@@ -34,7 +32,7 @@ class VEMO_SCENEGRAPH_EXPORT Object {
   virtual void destroy() noexcept;
 
  private:
-  static void bury(Object* object) noexcept;
+  static void destroyLater(Object* object) noexcept;
 
   mutable std::atomic<int> _references{0};
   Object* _nextToDestroy = nullptr;

@@ -12,10 +12,10 @@ namespace lum {
 class PtrBase {
  public:
   PtrBase() = default;
-  PtrBase(Object* object) noexcept : _object(object) { take(); }
-  PtrBase(const PtrBase& other) noexcept : _object(other._object) { take(); }
+  PtrBase(Object* object) noexcept : _object(object) { retain(); }
+  PtrBase(const PtrBase& other) noexcept : _object(other._object) { retain(); }
   PtrBase(PtrBase&& other) noexcept : _object(std::exchange(other._object, nullptr)) {}
-  ~PtrBase() { give(); }
+  ~PtrBase() { release(); }
 
   PtrBase& operator=(const PtrBase& other) noexcept {
     PtrBase(other).swap(*this);
@@ -36,12 +36,12 @@ class PtrBase {
   Object* getObject() const noexcept { return _object; }
 
  private:
-  void take() const noexcept {
+  void retain() const noexcept {
     if (_object != nullptr) {
       _object->addReference();
     }
   }
-  void give() const noexcept {
+  void release() const noexcept {
     if (_object != nullptr) {
       _object->release();
     }

@@ -6,8 +6,8 @@
 
 namespace lum {
 
-/// Whether a node may become the owner of another: that one has no owner yet
-/// and does not own, however indirectly, its owner to be.
+/// Whether a node may become the owner of another: it has no owner and is not an
+/// ancestor of the new owner.
 inline bool canOwn(const Node& owner, const Node& node) {
   if (node.getOwner() != nullptr) {
     return false;

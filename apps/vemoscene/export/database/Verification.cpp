@@ -80,7 +80,7 @@ void verifyScene(const std::string& output, lum::Node& written) {
 void verifyCopy(const std::string& output, const std::string& original) {
   verify(output, [&](lum::SDBReader& reader, FirstDifference& first) {
     // What is wrong with the original was reported when it was copied.
-    LogKeeper log;
+    LogCapture log;
     lum::SDBReader expected(toWidePath(original));
     const DatabaseCounts counts = compareDatabases(expected, reader, BITWISE, std::ref(first));
     log.take();

@@ -3,8 +3,6 @@
 
 #include <vtkDataArray.h>
 
-#include <utility>
-
 namespace lum {
 
 namespace {
@@ -29,7 +27,7 @@ void ImageAttributes::setPixels(vtkDataArray* pixels, std::int32_t width, std::i
   modified();
 }
 
-bool ImageAttributes::isSound() const {
+bool ImageAttributes::hasValidPixels() const {
   return fits(_pixels, _width, _height);
 }
 

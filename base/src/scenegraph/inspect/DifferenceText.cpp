@@ -11,8 +11,8 @@ namespace lum {
 
 namespace {
 
-constexpr std::size_t MOST_NUMBERS = 8;
-constexpr std::size_t LONGEST_TEXT = 80;
+constexpr std::size_t MAX_NUMBERS = 8;
+constexpr std::size_t MAX_TEXT_BYTES = 80;
 
 /// Says what a value is, with all its digits.
 struct ValueText {
@@ -23,11 +23,11 @@ struct ValueText {
     return fmt::format("{}", number);
   }
   std::string operator()(const std::string& text) const {
-    return text.size() <= LONGEST_TEXT ? text : text.substr(0, LONGEST_TEXT) + "...";
+    return text.size() <= MAX_TEXT_BYTES ? text : text.substr(0, MAX_TEXT_BYTES) + "...";
   }
   template <class T>
   std::string operator()(const std::vector<T>& numbers) const {
-    const std::span<const T> first(numbers.data(), std::min(numbers.size(), MOST_NUMBERS));
+    const std::span<const T> first(numbers.data(), std::min(numbers.size(), MAX_NUMBERS));
     return fmt::format("({}{})", fmt::join(first, ", "), first.size() < numbers.size() ? ", ..." : "");
   }
 };

@@ -12,7 +12,7 @@ namespace lum {
 /// Compares the values of fields, but not what they own or refer to.
 class FieldComparison {
  public:
-  /// Is told the field, or the part of it, that differs.
+  /// Receives the field, or the part of it, that differs.
   using Report = std::function<void(const std::string& what, ComparedValue left, ComparedValue right,
                                     std::optional<Difference::Extent> extent)>;
 

@@ -13,8 +13,8 @@ namespace lum {
 GeometryCounts GeometryCounts::ofDrawable(const Drawable& drawable) {
   GeometryCounts counts;
   for (const auto& node : drawable.getNodes()) {
-    if (const auto* const piece = dynamic_cast<const PolyDataNode*>(node.getObject())) {
-      counts.add(*piece);
+    if (const auto* const mesh = dynamic_cast<const PolyDataNode*>(node.getObject())) {
+      counts.add(*mesh);
     }
   }
   return counts;
@@ -31,7 +31,7 @@ std::int64_t GeometryCounts::getCells() const {
 }
 
 void GeometryCounts::add(const PolyDataNode& node) {
-  ++_pieces;
+  ++_meshes;
   _points += node.getPoints() != nullptr ? node.getPoints()->GetNumberOfTuples() : 0;
   for (const vemo::CellKindTraits& kind : vemo::CELL_KINDS) {
     const vtkCellArray* const cells = node.getCells(kind.kind);

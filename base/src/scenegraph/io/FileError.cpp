@@ -5,8 +5,8 @@ namespace lum::io {
 FileError::FileError(FileIoStatus status, const std::string& text)
     : std::runtime_error(text), _status(status) {}
 
-// Defined here so that the class has one type description, which exceptions
-// that cross library borders are recognised by.
+// Key function: one typeinfo per class, so exceptions can be caught across
+// libraries.
 FileError::~FileError() = default;
 
 }  // namespace lum::io

@@ -35,7 +35,6 @@ class VEMO_IMPORT_EXPORT AxesItem : public GraphicsItem {
   const Vector<3, double>& getZAxis() const { return _zAxis; }
 
   void setTextColor(Color color) { _textColor = color; }
-  Color getTextColor() const { return _textColor; }
 
   /// The label of axis 0, 1 or 2 for drawing the triad with VTK, just beyond
   /// the end of the axis. Created by the first call, updated by each. Needs

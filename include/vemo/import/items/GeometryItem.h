@@ -93,8 +93,6 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
   /// The same for points, which are drawn as small spheres.
   void setPointSpriteOpacity(double opacity);
 
-  const GeometrySettings& getSettings() const { return _settings; }
-
   void setLineColor(Color color) { _settings.lineColor = color; }
   Color getLineColor() const { return _settings.lineColor; }
   void setFaceColor(Color color) { _settings.faceColor = color; }
@@ -105,12 +103,9 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
   void showEdges(bool show) { _settings.showEdges = show; }
   bool getEdgesVisibility() const { return _settings.showEdges; }
   void showFaces(bool show) { _settings.showFaces = show; }
-  bool getFacesVisibility() const { return _settings.showFaces; }
   void setSmoothShading(bool smooth) { _settings.smoothShading = smooth; }
   void setContour(bool contour) { _settings.contour = contour; }
-  bool getContour() const { return _settings.contour; }
   void setIgnoreClip(bool ignore) { _settings.ignoreClip = ignore; }
-  bool getIgnoreClip() const { return _settings.ignoreClip; }
   void setLighting(double ambient, double diffuse, double specular, double specularPower);
   void setPointSize(double size) { _settings.pointSize = size; }
   double getPointSize() const { return _settings.pointSize; }

@@ -4,7 +4,7 @@
 
 namespace lum {
 
-/// What the position of a text or of an image is given in.
+/// The coordinates that positions of texts and images are in.
 LUM_ENUM(CoordinateSpace,
          /// Fractions of the canvas's width and height from its lower left corner; z is not used.
          (WINDOW, "window"),

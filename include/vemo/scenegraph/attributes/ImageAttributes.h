@@ -32,7 +32,7 @@ class VEMO_SCENEGRAPH_EXPORT ImageAttributes final : public Attributes {
   void setPixels(vtkDataArray* pixels, std::int32_t width, std::int32_t height);
 
   /// Whether the pixels are as setPixels wants them; false also without any.
-  bool isSound() const;
+  bool hasValidPixels() const;
 };
 
 }  // namespace lum

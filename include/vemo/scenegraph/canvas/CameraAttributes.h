@@ -6,7 +6,7 @@ namespace lum {
 
 LUM_ENUM(ProjectionMode, (PERSPECTIVE, "perspective"), (PARALLEL, "parallel"))
 
-/// From where a canvas is looked at. As long as all values are the defaults, the
+/// The camera of a canvas. As long as all values are the defaults, the
 /// parallel scale included, renderers show the whole scene: to look from the
 /// default position, set the scale, in perspective too.
 class VEMO_SCENEGRAPH_EXPORT CameraAttributes final : public Attributes {

@@ -19,14 +19,14 @@ struct ComparisonRules {
   /// the tolerance is absolute up to 1 and relative above. NaN equals NaN, and an
   /// infinity only itself. All other numbers are exact.
   double tolerance = 0.0;
-  /// Distinguishes whatever a file can keep apart, and knows no tolerance: the
+  /// Distinguishes whatever a file can keep apart, and ignores the tolerance: the
   /// bits of numbers, the widths in which cells are stored, the names of points,
   /// and the order of attributes and data arrays.
   bool isBitwise = false;
 };
 
 /// A value as one side has it; nothing where it has none. Enumerators, packed
-/// colours and flags, and what stands for a node or a whole array, are texts.
+/// colours and flags, and descriptions of nodes or whole arrays, are texts.
 using ComparedValue = std::variant<std::monostate, bool, std::int64_t, float, double, std::string,
                                    std::vector<double>, std::vector<std::int64_t>>;
 
@@ -37,7 +37,7 @@ struct Difference {
     std::int64_t count = 0;
     std::int64_t total = 0;
     /// The tuple and component of the value that differs most, or the first cell
-    /// that differs. `left` and `right` are what is there.
+    /// that differs. `left` and `right` are its values.
     std::int64_t index = 0;
     std::optional<int> component = std::nullopt;
     /// The tolerance at which that value would be equal; infinite if none is

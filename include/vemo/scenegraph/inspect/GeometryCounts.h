@@ -12,7 +12,7 @@ class Drawable;
 class Node;
 class PolyDataNode;
 
-/// How much geometry there is, summed over PolyDataNodes.
+/// Counts of geometry, summed over PolyDataNodes.
 class VEMO_SCENEGRAPH_EXPORT GeometryCounts {
  public:
   /// Of all poly data that a drawable draws itself, without its children.
@@ -21,7 +21,7 @@ class VEMO_SCENEGRAPH_EXPORT GeometryCounts {
   static GeometryCounts ofGraph(Node& root);
 
   /// The number of PolyDataNodes.
-  std::int64_t getPieces() const { return _pieces; }
+  std::int64_t getMeshes() const { return _meshes; }
   std::int64_t getPoints() const { return _points; }
   std::int64_t getCells(vemo::CellKind kind) const { return _cells[vemo::indexOf(kind)]; }
   /// Of all kinds.
@@ -30,7 +30,7 @@ class VEMO_SCENEGRAPH_EXPORT GeometryCounts {
  private:
   void add(const PolyDataNode& node);
 
-  std::int64_t _pieces = 0;
+  std::int64_t _meshes = 0;
   std::int64_t _points = 0;
   std::array<std::int64_t, vemo::CELL_KINDS.size()> _cells{};
 };

@@ -27,7 +27,7 @@ class Node;
 ///   root's path is empty; for a node outside the printed graph null takes
 ///   its place.
 ///
-/// Needs no stack depth, and no memory but for the nodes from the root to the
+/// Needs no stack depth, and no memory except for the nodes from the root to the
 /// one being printed and a few words for each large array.
 class VEMO_SCENEGRAPH_EXPORT JsonPrinter {
  public:

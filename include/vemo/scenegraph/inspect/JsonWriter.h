@@ -23,7 +23,7 @@ namespace lum {
 ///     json.value(3);
 ///     json.endObject();
 ///
-/// Errors of the stream are its owner's to notice.
+/// The caller checks the stream for errors.
 class VEMO_SCENEGRAPH_EXPORT JsonWriter {
  public:
   /// How an object or array is laid out; what is in a ONE_LINE one is on

@@ -21,7 +21,7 @@ class VEMO_SCENEGRAPH_EXPORT NodeStream {
   virtual ~NodeStream();
 
   /// Writes a node and all that it owns. Throws io::FileError for a graph that
-  /// cannot be stored: deeper than Node::MAXIMUM_DEPTH, or with poly data whose
+  /// cannot be stored: deeper than Node::MAX_DEPTH, or with poly data whose
   /// arrays do not fit each other.
   virtual void write(const Node& root);
 
@@ -30,13 +30,13 @@ class VEMO_SCENEGRAPH_EXPORT NodeStream {
   virtual void writeChanges(const Node& root);
 
   /// Reads a scene stream, from the current position to its end. The stream
-  /// must be one that can be positioned. Throws io::FileError that says what is
+  /// must be seekable. Throws io::FileError that says what is
   /// wrong; after it nothing more can be read over this connection.
   virtual void readScene(std::istream& in);
 
   /// Reads a data stream likewise. A poly data node gets its arrays when the
-  /// last of them is here; until then it is empty, and empty it stays when they
-  /// do not fit each other. A failure leaves the connection usable.
+  /// last of them has been read; until then it is empty, and it stays empty when
+  /// they do not fit each other. A failure leaves the connection usable.
   virtual void readData(std::istream& in);
 
  protected:

@@ -25,8 +25,8 @@ class VEMO_SCENEGRAPH_EXPORT SDBWriter {
 
   /// Starts a database; what was open before is discarded.
   ///
-  /// `append`: the records of a database that is there already come first.
-  /// `keepExisting`: a file that is there already is refused, now and when the
+  /// `append`: the records of an existing database come first.
+  /// `keepExisting`: an existing file is rejected, now and when the
   /// new one would be moved into its place.
   ///
   /// A target that exists keeps its permissions; one that is a link stays one,

@@ -16,7 +16,8 @@ class VEMO_SCENEGRAPH_EXPORT SceneGraphReader {
   explicit SceneGraphReader(NodeStream& stream) : _stream(stream) {}
 
   /// Decodes a scene stream; its nodes then are where the node stream puts
-  /// them. False, with the cause in getError and in the log, when it is none.
+  /// them. False, with the cause in getError and in the log, when it is not a
+  /// scene stream.
   bool loadSceneFileFromInputStream(std::istream& in);
 
   /// Decodes one data stream that belongs to a scene stream read before. In any

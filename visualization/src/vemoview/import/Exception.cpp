@@ -8,8 +8,8 @@ namespace vemo {
 Exception::Exception(std::string message) : _message(std::move(message)) {}
 FutureVersionException::FutureVersionException(std::string message) : Exception(std::move(message)) {}
 
-// The destructors are defined here so that each class has one type description,
-// by which exceptions that leave the library are recognised.
+// Key functions: one typeinfo per class, so exceptions can be caught across
+// libraries.
 Exception::~Exception() = default;
 IOException::~IOException() = default;
 FileNotFoundException::~FileNotFoundException() = default;

@@ -2,8 +2,8 @@
 
 namespace vemo {
 
-// The destructors stand here so that each class has one type description, by
-// which exceptions that cross library borders are recognised.
+// Key functions: one typeinfo per class, so exceptions can be caught across
+// libraries.
 RenderError::~RenderError() = default;
 RenderingUnavailable::~RenderingUnavailable() = default;
 PictureWriteError::~PictureWriteError() = default;

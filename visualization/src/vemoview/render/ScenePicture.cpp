@@ -14,7 +14,7 @@ namespace vemo {
 namespace {
 
 /// The largest frame buffer, in samples of all its pixels.
-constexpr long MOST_SAMPLES = 128L << 20;
+constexpr long MAX_SAMPLES = 128L << 20;
 
 long pixelsOf(const RenderOptions& options) {
   return static_cast<long>(options.width) * options.height;
@@ -23,7 +23,7 @@ long pixelsOf(const RenderOptions& options) {
 /// The samples per pixel for smooth edges; 0 for no multisampling.
 int samplesFor(const RenderOptions& options) {
   constexpr long WANTED = 8;
-  const long samples = std::min(WANTED, MOST_SAMPLES / pixelsOf(options));
+  const long samples = std::min(WANTED, MAX_SAMPLES / pixelsOf(options));
   return samples < 2 ? 0 : static_cast<int>(samples);
 }
 
@@ -32,7 +32,7 @@ int samplesFor(const RenderOptions& options) {
 int enlargementFor(const SceneRenderer& scene, const RenderOptions& options, int largestSize) {
   constexpr int WANTED = 2;
   const bool fits = WANTED * std::max(options.width, options.height) <= largestSize &&
-                    static_cast<long>(WANTED) * WANTED * pixelsOf(options) <= MOST_SAMPLES;
+                    static_cast<long>(WANTED) * WANTED * pixelsOf(options) <= MAX_SAMPLES;
   return (scene.hasTranslucency() || scene.hasFineShapes()) && fits ? WANTED : 1;
 }
 

@@ -2,8 +2,8 @@
 
 namespace vemo {
 
-// Stands here so that the class has one type description, by which exceptions
-// that cross library borders are recognised.
+// Key function: one typeinfo per class, so exceptions can be caught across
+// libraries.
 SceneTooLarge::~SceneTooLarge() = default;
 
 }  // namespace vemo

@@ -19,7 +19,7 @@ namespace vemo {
 namespace {
 
 /// Repeats within repeats multiply.
-constexpr std::size_t MOST_INSTANCES = 10000;
+constexpr std::size_t MAX_INSTANCES = 10000;
 
 constexpr InstanceTransform IDENTITY = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
 
@@ -29,13 +29,13 @@ InstanceTransform product(const InstanceTransform& outer, const InstanceTransfor
   return result;
 }
 
-/// Whether something so transformed has an extent that can be computed with.
+/// Whether something so transformed has usable bounds.
 bool isUsable(const InstanceTransform& transform) {
-  constexpr double LARGEST = 1e30;
-  constexpr double LEAST_VOLUME = 1e-200;
+  constexpr double MAX_COEFFICIENT = 1e30;
+  constexpr double MIN_VOLUME = 1e-200;
   // Also false for what is not a number.
-  return std::ranges::all_of(transform, [](double value) { return std::abs(value) < LARGEST; }) &&
-         std::abs(vtkMatrix4x4::Determinant(transform.data())) > LEAST_VOLUME;
+  return std::ranges::all_of(transform, [](double value) { return std::abs(value) < MAX_COEFFICIENT; }) &&
+         std::abs(vtkMatrix4x4::Determinant(transform.data())) > MIN_VOLUME;
 }
 
 InstanceTransform matrixOf(const lum::SimpleTransform& transform) {
@@ -76,19 +76,19 @@ InstanceTransform reflection(const Vector<4, double>& plane) {
 
 void reportRepeatsLimited(std::size_t count) {
   reportFinding(FindingCode::REPEATS_LIMITED, "Of " + std::to_string(count) + " repeats only the first " +
-                                                  std::to_string(MOST_INSTANCES) + " are shown");
+                                                  std::to_string(MAX_INSTANCES) + " are shown");
 }
 
-/// Each transformed against the one before, until one cannot be seen.
+/// Each relative to the previous one; stops at the first that is unusable.
 InstanceTransforms repetitions(const InstanceTransform& step, std::int32_t count) {
   InstanceTransforms result{IDENTITY};
   if (step == IDENTITY) {
     return result;
   }
-  if (count > static_cast<std::int64_t>(MOST_INSTANCES)) {
+  if (count > static_cast<std::int64_t>(MAX_INSTANCES)) {
     reportRepeatsLimited(static_cast<std::size_t>(count));
   }
-  const auto wanted = std::min(static_cast<std::size_t>(std::max(count, 1)), MOST_INSTANCES);
+  const auto wanted = std::min(static_cast<std::size_t>(std::max(count, 1)), MAX_INSTANCES);
   while (result.size() < wanted) {
     const InstanceTransform next = product(step, result.back());
     if (!isUsable(next)) {
@@ -130,14 +130,14 @@ SharedInstanceTransforms resolveTransforms(const lum::Transform* transform,
   if (owner == nullptr) {
     return std::make_shared<const InstanceTransforms>(std::move(own));
   }
-  if (owner->size() * own.size() > MOST_INSTANCES) {
+  if (owner->size() * own.size() > MAX_INSTANCES) {
     reportRepeatsLimited(owner->size() * own.size());
   }
   InstanceTransforms result;
   for (const InstanceTransform& outer : *owner) {
     for (const InstanceTransform& inner : own) {
       const InstanceTransform both = product(outer, inner);
-      if (result.size() < MOST_INSTANCES && isUsable(both)) {
+      if (result.size() < MAX_INSTANCES && isUsable(both)) {
         result.push_back(both);
       }
     }

@@ -9,9 +9,9 @@ namespace vemo {
 
 /// What drawing can use of the values of attributes, which may be anything.
 
-/// In 0..1; `otherwise` for a value that is not finite.
-inline double unitValue(double value, double otherwise) {
-  return std::isfinite(value) ? std::clamp(value, 0.0, 1.0) : otherwise;
+/// In 0..1; `fallback` for a value that is not finite.
+inline double unitValue(double value, double fallback) {
+  return std::isfinite(value) ? std::clamp(value, 0.0, 1.0) : fallback;
 }
 
 inline Vector<3, double> usableColor(const Vector<3, double>& color) {
@@ -21,8 +21,8 @@ inline Vector<3, double> usableColor(const Vector<3, double>& color) {
 /// The size of a point or a line. A driver need not accept one wider than any
 /// screen.
 inline double usablePixels(double value) {
-  constexpr double WIDEST = 4096.0;
-  return std::isfinite(value) && value > 0.0 ? std::min(value, WIDEST) : 1.0;
+  constexpr double MAX_WIDTH = 4096.0;
+  return std::isfinite(value) && value > 0.0 ? std::min(value, MAX_WIDTH) : 1.0;
 }
 
 }  // namespace vemo

@@ -27,10 +27,10 @@ bool isHidden(const lum::Drawable& drawable) {
 class InstanceLimit {
  public:
   void count(const SharedInstanceTransforms& transforms) {
-    constexpr std::size_t MOST = 1'000'000;
+    constexpr std::size_t MAX_DRAWABLES = 1'000'000;
     _total += transforms == nullptr ? 0 : transforms->size();
-    if (_total > MOST) {
-      throw SceneTooLarge("The scene is too large to be drawn: more than " + std::to_string(MOST) +
+    if (_total > MAX_DRAWABLES) {
+      throw SceneTooLarge("The scene is too large to be drawn: more than " + std::to_string(MAX_DRAWABLES) +
                           " instances of drawables");
     }
   }

@@ -24,7 +24,7 @@ std::string valueText(vtkDataArray& array, vtkIdType tuple, int component) {
     case VTK_DOUBLE:
       return fmt::format("{}", number);
     default: {
-      // Large integers are no doubles.
+      // A double cannot hold every 64-bit integer.
       const vtkVariant value = array.GetVariantValue(tuple * array.GetNumberOfComponents() + component);
       return array.GetDataTypeMin() < 0 ? std::to_string(value.ToTypeInt64())
                                         : std::to_string(value.ToTypeUInt64());
@@ -44,7 +44,7 @@ double lengthOf(vtkDataArray& array, vtkIdType tuple) {
 }  // namespace
 
 QString tupleText(vtkDataArray& array, vtkIdType tuple) {
-  constexpr int MOST_COMPONENTS = 16;
+  constexpr int MAX_COMPONENTS = 16;
   constexpr int VECTOR_COMPONENTS = 3;
   if (tuple < 0 || tuple >= array.GetNumberOfTuples()) {
     return "none";
@@ -54,10 +54,10 @@ QString tupleText(vtkDataArray& array, vtkIdType tuple) {
     return QString::fromStdString(valueText(array, tuple, 0));
   }
   std::string text;
-  for (int i = 0; i < std::min(components, MOST_COMPONENTS); ++i) {
+  for (int i = 0; i < std::min(components, MAX_COMPONENTS); ++i) {
     text += (i == 0 ? "" : ", ") + valueText(array, tuple, i);
   }
-  text = "(" + text + (components > MOST_COMPONENTS ? ", ...)" : ")");
+  text = "(" + text + (components > MAX_COMPONENTS ? ", ...)" : ")");
   if (components <= VECTOR_COMPONENTS) {
     text += ", length " + lum::describeNumber(lengthOf(array, tuple));
   }

@@ -13,7 +13,6 @@
 
 #include <fmt/format.h>
 #include <functional>
-#include <string>
 
 namespace vemo {
 
@@ -72,15 +71,15 @@ std::vector<Fact> describeColoring(const lum::Drawable& drawable) {
   return {{"Coloured by", title.isEmpty() || title == name ? name : name + ": " + title}};
 }
 
-void describePiece(const lum::PolyDataNode& piece, std::vector<FactGroup>& groups) {
+void describeMesh(const lum::PolyDataNode& mesh, std::vector<FactGroup>& groups) {
   const auto range = [](vtkDataArray& array) { return rangeText(array); };
-  if (vtkDataArray* const points = piece.getPoints()) {
+  if (vtkDataArray* const points = mesh.getPoints()) {
     groups.push_back(
         {"Extent",
          {{"x", rangeText(*points, 0)}, {"y", rangeText(*points, 1)}, {"z", rangeText(*points, 2)}}});
   }
-  groups.push_back({"At points", describeArrays(piece.getNodeDataArrays(), range)});
-  groups.push_back({"At cells", describeArrays(piece.getCellDataArrays(), range)});
+  groups.push_back({"At points", describeArrays(mesh.getNodeDataArrays(), range)});
+  groups.push_back({"At cells", describeArrays(mesh.getCellDataArrays(), range)});
 }
 
 std::vector<FactGroup> withoutEmptyOnes(std::vector<FactGroup> groups) {
@@ -92,17 +91,17 @@ std::vector<FactGroup> withoutEmptyOnes(std::vector<FactGroup> groups) {
 
 std::vector<FactGroup> describeItem(const ItemTree& items, int item) {
   // An item mostly has one; of many the user cannot read all.
-  constexpr int MOST_PIECES = 10;
+  constexpr int MAX_MESHES = 10;
   const lum::Drawable& content = *items[item].content;
   std::vector<FactGroup> groups = {describePlace(items, item), describeGeometry(content)};
   for (Fact& fact : describeColoring(content)) {
     groups[0].facts.push_back(std::move(fact));
   }
-  int pieces = 0;
+  int meshes = 0;
   for (const auto& node : content.getNodes()) {
-    const auto* const piece = dynamic_cast<const lum::PolyDataNode*>(node.getObject());
-    if (piece != nullptr && ++pieces <= MOST_PIECES) {
-      describePiece(*piece, groups);
+    const auto* const mesh = dynamic_cast<const lum::PolyDataNode*>(node.getObject());
+    if (mesh != nullptr && ++meshes <= MAX_MESHES) {
+      describeMesh(*mesh, groups);
     }
   }
   return withoutEmptyOnes(std::move(groups));

@@ -9,7 +9,7 @@ namespace vemo {
 
 struct Pick;
 
-/// Something to be read of an item or a place of it.
+/// A property of an item or of a picked point.
 struct Fact {
   QString name;
   QString value;

@@ -14,8 +14,8 @@ namespace vemo {
 
 // How items are called in the window.
 
-/// A text of the scene for one line: what is no UTF-8, or no character that is
-/// seen, is U+FFFD.
+/// A text of the scene for one line: invalid UTF-8 and control characters become
+/// U+FFFD.
 QString toText(std::string_view text);
 
 /// "Surface", "Lines" and the like; "Group" for what only holds others.
@@ -27,7 +27,7 @@ QString nameOf(const ItemTree& items, int item);
 /// The names from the canvas's to the item's own.
 QString pathOf(const ItemTree& items, int item);
 
-/// A count with its thousands apart: 1,234,567.
+/// A count with thousands separators: 1,234,567.
 QString countText(std::int64_t count);
 
 }  // namespace vemo

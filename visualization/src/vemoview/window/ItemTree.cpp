@@ -34,13 +34,13 @@ lum::Drawable& contentOf(lum::Drawable& drawable) {
   return isNameless ? *only : drawable;
 }
 
-bool isOn(const lum::Drawable& drawable) {
+bool getVisibility(const lum::Drawable& drawable) {
   const auto* const base = drawable.findAttributes<lum::BaseAttributes>();
   return base == nullptr || base->getVisibility();
 }
 
-void turn(lum::Drawable& drawable, bool isVisible) {
-  if (isOn(drawable) != isVisible) {
+void setVisibility(lum::Drawable& drawable, bool isVisible) {
+  if (getVisibility(drawable) != isVisible) {
     drawable.getBaseAttributes().setVisibility(isVisible, false);
   }
 }
@@ -98,26 +98,26 @@ const std::string& ItemTree::getName(int item) const {
 }
 
 bool ItemTree::isVisible(int item) const {
-  return isOn(*(*this)[item].drawable) && isOn(*(*this)[item].content);
+  return getVisibility(*(*this)[item].drawable) && getVisibility(*(*this)[item].content);
 }
 
-bool ItemTree::isInVisible(int item) const {
+bool ItemTree::areAncestorsVisible(int item) const {
   const int parent = (*this)[item].parent;
-  return parent == NONE || (isVisible(parent) && isInVisible(parent));
+  return parent == NONE || (isVisible(parent) && areAncestorsVisible(parent));
 }
 
 void ItemTree::setVisible(int item, bool isVisible) {
-  turn(*(*this)[item].drawable, isVisible);
+  setVisibility(*(*this)[item].drawable, isVisible);
   // Hiding the outer one hides the inner one, too.
   if (isVisible) {
-    turn(*(*this)[item].content, true);
+    setVisibility(*(*this)[item].content, true);
   }
 }
 
 /// Shows a hidden parent with this item as its only visible child.
 void ItemTree::reveal(int item) {
   const int parent = (*this)[item].parent;
-  if (parent != NONE && !(isVisible(parent) && isInVisible(parent))) {
+  if (parent != NONE && !(isVisible(parent) && areAncestorsVisible(parent))) {
     const bool wasVisible = isVisible(parent);
     reveal(parent);
     const Item& owner = (*this)[parent];

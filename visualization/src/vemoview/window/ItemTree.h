@@ -50,7 +50,7 @@ class ItemTree {
   /// Whether the item itself is visible.
   bool isVisible(int item) const;
   /// Whether all items that contain it are visible.
-  bool isInVisible(int item) const;
+  bool areAncestorsVisible(int item) const;
 
   void setVisible(int item, bool isVisible);
   /// Shows items. Hidden items that contain them are shown, too, but without their

@@ -112,8 +112,9 @@ QVariant ItemTreeModel::data(const QModelIndex& index, int role) const {
       return index.column() == NAME ? QVariant(_items.isVisible(item) ? Qt::Checked : Qt::Unchecked)
                                     : QVariant();
     case Qt::ForegroundRole:
-      return _items.isInVisible(item) ? QVariant()
-                                      : QApplication::palette().brush(QPalette::Disabled, QPalette::Text);
+      return _items.areAncestorsVisible(item)
+                 ? QVariant()
+                 : QApplication::palette().brush(QPalette::Disabled, QPalette::Text);
     default:
       return {};
   }

@@ -81,8 +81,8 @@ void ItemsPanel::makeTree() {
 void ItemsPanel::makeButtons() {
   _show->setObjectName("show");
   _hide->setObjectName("hide");
-  connect(_show, &QPushButton::clicked, this, [this] { showItems(getMeant()); });
-  connect(_hide, &QPushButton::clicked, this, [this] { hideItems(getMeant()); });
+  connect(_show, &QPushButton::clicked, this, [this] { showItems(getTargetItems()); });
+  connect(_hide, &QPushButton::clicked, this, [this] { hideItems(getTargetItems()); });
 }
 
 void ItemsPanel::expandFewRows() {
@@ -102,7 +102,7 @@ void ItemsPanel::filter(const QString& text) {
   if (text.isEmpty()) {
     // Filtering collapsed the rows without a match.
     expandFewRows();
-  } else if (getMeant().size() <= FEW_ROWS) {
+  } else if (getTargetItems().size() <= FEW_ROWS) {
     _tree->expandAll();
   }
   labelButtons();
@@ -116,7 +116,7 @@ std::vector<int> ItemsPanel::getSelected() const {
   return items;
 }
 
-std::vector<int> ItemsPanel::getMeant() const {
+std::vector<int> ItemsPanel::getTargetItems() const {
   if (_filter->text().isEmpty()) {
     return getSelected();
   }
@@ -130,13 +130,13 @@ std::vector<int> ItemsPanel::getMeant() const {
 }
 
 void ItemsPanel::labelButtons() {
-  const auto count = getMeant().size();
+  const auto count = getTargetItems().size();
   const bool isFiltered = !_filter->text().isEmpty();
-  const QString meant =
+  const QString target =
       isFiltered ? countText(static_cast<std::int64_t>(count)) + (count == 1 ? " match" : " matches")
                  : QString("selected");
-  _show->setText("Show " + meant);
-  _hide->setText("Hide " + meant);
+  _show->setText("Show " + target);
+  _hide->setText("Hide " + target);
   _show->setEnabled(count > 0);
   _hide->setEnabled(count > 0);
 }

@@ -48,7 +48,7 @@ class ItemsPanel final : public QWidget {
   void expandFewRows();
   /// The items that the buttons act on: all that match the filter, or the selected
   /// ones when there is no filter.
-  std::vector<int> getMeant() const;
+  std::vector<int> getTargetItems() const;
   void labelButtons();
   void announceVisibility();
 

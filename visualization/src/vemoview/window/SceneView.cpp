@@ -83,8 +83,8 @@ Picture SceneView::takePicture() {
 }
 
 bool SceneView::isClick(const QPoint& place) const {
-  constexpr int TREMBLING = 4;
-  return _pressed && (place - *_pressed).manhattanLength() <= TREMBLING;
+  constexpr int CLICK_TOLERANCE = 4;
+  return _pressed && (place - *_pressed).manhattanLength() <= CLICK_TOLERANCE;
 }
 
 void SceneView::pick(const QPoint& place) {

@@ -33,16 +33,16 @@ constexpr QSize PREFERRED_SIZE(1280, 800);
 constexpr int PANEL_WIDTH = 400;
 
 constexpr const char* MOUSE_HINT =
-    "Left button: turn   Middle, or Shift and left: pan   Right, or wheel: zoom   Click: pick";
+    "Left button: rotate   Middle, or Shift and left: pan   Right, or wheel: zoom   Click: pick";
 
 constexpr const char* HELP = R"(<table cellspacing="4">
-<tr><td><b>Left button</b></td><td>turn</td></tr>
+<tr><td><b>Left button</b></td><td>rotate</td></tr>
 <tr><td><b>Middle button</b>, or <b>Shift</b> and left &nbsp;</td><td>pan</td></tr>
 <tr><td><b>Right button</b>, or <b>wheel</b></td><td>zoom</td></tr>
 <tr><td><b>Click</b></td><td>pick an item, and read the values there</td></tr>
-<tr><td><b>Click beside the model</b>, or <b>Esc</b></td><td>pick nothing</td></tr>
+<tr><td><b>Click outside the model</b>, or <b>Esc</b></td><td>clear the selection</td></tr>
 <tr><td><b>R</b></td><td>reset the view</td></tr>
-<tr><td><b>F</b></td><td>frame all that is visible</td></tr>
+<tr><td><b>F</b></td><td>frame all visible parts of the model</td></tr>
 <tr><td><b>H</b></td><td>hide the selected items</td></tr>
 <tr><td><b>O</b></td><td>show only the selected items</td></tr>
 <tr><td><b>A</b></td><td>show all items</td></tr>

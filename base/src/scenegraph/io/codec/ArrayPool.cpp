@@ -17,10 +17,10 @@ namespace lum {
 namespace {
 
 // Smaller arrays are not worth their place in the table.
-constexpr std::uint64_t LEAST_BYTES = 1024;
+constexpr std::uint64_t MIN_BYTES = 1024;
 
 bool isWorthSharing(const io::ChunkRow& row) {
-  return row.bytes() >= LEAST_BYTES;
+  return row.bytes() >= MIN_BYTES;
 }
 
 /// What arrays that may be shared have in common.

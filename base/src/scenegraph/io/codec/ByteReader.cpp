@@ -31,7 +31,7 @@ std::size_t ByteReader::index(const char* what, std::size_t limit) {
   const std::uint64_t value = number(what);
   if (value >= limit) {
     throw FileError(FileIoStatus::ReadError,
-                    fmt::format("{}: number {} where there are {}", what, value, limit));
+                    fmt::format("{}: index {} out of range ({})", what, value, limit));
   }
   return value;
 }
@@ -39,7 +39,8 @@ std::size_t ByteReader::index(const char* what, std::size_t limit) {
 std::size_t ByteReader::count(const char* what, std::size_t leastBytes) {
   const std::uint64_t value = number(what);
   if (value > left() / leastBytes) {
-    throw FileError(FileIoStatus::ReadError, fmt::format("{}: {} of them in {} bytes", what, value, left()));
+    throw FileError(FileIoStatus::ReadError,
+                    fmt::format("{}: count {} is too large for the remaining {} bytes", what, value, left()));
   }
   return value;
 }

@@ -25,9 +25,8 @@ class Hash {
   void check(const ChunkRow& row) const {
     const std::uint64_t found = XXH3_64bits_digest(_state.get());
     if (found != row.hash) {
-      throw FileError(
-          FileIoStatus::ReadError,
-          fmt::format("its bytes are damaged (their hash is {:016x}, not {:016x})", found, row.hash));
+      throw FileError(FileIoStatus::ReadError,
+                      fmt::format("hash mismatch ({:016x}, expected {:016x})", found, row.hash));
     }
   }
 

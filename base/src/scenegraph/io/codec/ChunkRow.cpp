@@ -13,13 +13,13 @@ namespace lum::io {
 
 namespace {
 
-constexpr std::uint64_t MAXIMUM_COMPONENTS = std::numeric_limits<int>::max();
+constexpr std::uint64_t MAX_COMPONENTS = std::numeric_limits<int>::max();
 // VTK makes room for a tuple even where there is none, which so takes no byte
 // of the file.
-constexpr std::uint64_t MAXIMUM_COMPONENTS_WITHOUT_TUPLES = 1024;
+constexpr std::uint64_t MAX_COMPONENTS_WITHOUT_TUPLES = 1024;
 
 // Far beyond any file, and far from overflowing.
-constexpr std::uint64_t MAXIMUM_BYTES = std::uint64_t{1} << 60;
+constexpr std::uint64_t MAX_BYTES = std::uint64_t{1} << 60;
 
 const char* nameOf(vtkDataArray& array) {
   return array.GetName() != nullptr ? array.GetName() : "";
@@ -27,12 +27,11 @@ const char* nameOf(vtkDataArray& array) {
 
 /// Throws FileError with this status for an array that there cannot be.
 void requireShape(const ChunkRow& row, FileIoStatus status) {
-  const std::uint64_t mostComponents =
-      row.tuples == 0 ? MAXIMUM_COMPONENTS_WITHOUT_TUPLES : MAXIMUM_COMPONENTS;
+  const std::uint64_t mostComponents = row.tuples == 0 ? MAX_COMPONENTS_WITHOUT_TUPLES : MAX_COMPONENTS;
   if (row.components == 0 || row.components > mostComponents ||
-      row.tuples > MAXIMUM_BYTES / (row.components * arrayTypeSize(row.type))) {
-    throw FileError(status,
-                    fmt::format("No array has {} tuples of {} components", row.tuples, row.components));
+      row.tuples > MAX_BYTES / (row.components * arrayTypeSize(row.type))) {
+    throw FileError(
+        status, fmt::format("Invalid array shape: {} tuples of {} components", row.tuples, row.components));
   }
 }
 
@@ -63,7 +62,7 @@ ChunkRow readRow(ByteReader& in, std::uint64_t stringCount) {
   const std::uint64_t typeNumber = in.number("array type");
   const auto type = arrayTypeFromNumber(typeNumber);
   if (!type) {
-    throw FileError(FileIoStatus::ReadError, fmt::format("There is no array type of number {}", typeNumber));
+    throw FileError(FileIoStatus::ReadError, fmt::format("Unknown array type {}", typeNumber));
   }
   ChunkRow row{};
   row.type = *type;

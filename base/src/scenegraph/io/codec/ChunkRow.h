@@ -34,6 +34,6 @@ void writeRow(ByteWriter& out, const ChunkRow& row);
 ChunkRow readRow(ByteReader& in, std::uint64_t stringCount);
 
 /// The least that a row takes.
-inline constexpr std::size_t MINIMUM_ROW_BYTES = 12;
+inline constexpr std::size_t MIN_ROW_BYTES = 12;
 
 }  // namespace lum::io

@@ -35,7 +35,7 @@ void GraphDecoder::setKnown(const KnownNodes& known) {
 
 Ptr<Node> GraphDecoder::decode(std::string_view bytes) {
   ByteReader graph(bytes);
-  const std::size_t count = graph.count("nodes", MINIMUM_NODE_BYTES);
+  const std::size_t count = graph.count("nodes", MIN_NODE_BYTES);
   readChanged(graph);
   for (std::size_t i = 0; i < count; ++i) {
     try {
@@ -45,7 +45,7 @@ Ptr<Node> GraphDecoder::decode(std::string_view bytes) {
     }
   }
   if (!_changed.empty()) {
-    fail(fmt::format("Nothing is said of node {}, which changed", *_changed.begin()));
+    fail(fmt::format("Changed node {} has no record", *_changed.begin()));
   }
   if (!_root) {
     fail("A graph has no root");
@@ -120,7 +120,7 @@ GraphDecoder::Record GraphDecoder::readRecord(ByteReader& in) {
   const std::uint64_t tag = in.number("class of a node");
   if (tag != KNOWN_NODE) {
     if (tag > _tables.getClasses().size()) {
-      fail(fmt::format("It is of class {}, where there are {}", tag - 1, _tables.getClasses().size()));
+      fail(fmt::format("Class index {} out of range ({})", tag - 1, _tables.getClasses().size()));
     }
     return {&_tables.getClasses()[tag - 1], nullptr, true, true};
   }
@@ -143,11 +143,11 @@ const FileField* GraphDecoder::readPosition(ByteReader& in, bool isFirst) {
     return nullptr;
   }
   if (position > _depth) {
-    fail(fmt::format("Its owner is {} levels up, where there are {}", position - 1, _depth));
+    fail(fmt::format("Its owner is {} levels up, but the depth is {}", position - 1, _depth));
   }
   _depth -= position - 1;
-  if (_depth >= static_cast<std::size_t>(Node::MAXIMUM_DEPTH)) {
-    fail(fmt::format("The scene is nested more than {} nodes deep", Node::MAXIMUM_DEPTH));
+  if (_depth >= static_cast<std::size_t>(Node::MAX_DEPTH)) {
+    fail(fmt::format("The scene is nested more than {} nodes deep", Node::MAX_DEPTH));
   }
   const FileClass& owner = *_levels[_depth - 1].fileClass;
   const FileField& field = owner.fields[in.index("field of the owner", owner.fields.size())];
@@ -286,7 +286,7 @@ void GraphDecoder::readReference(ByteReader& in) {
   const FileClass& fileClass = classOf(*node);
   if (number >= fileClass.fields.size() ||
       fileClass.fields[number].kind != FieldKinds::kindOf<ReferenceSlot*>()) {
-    fail(describeNode(*node) + " refers by a field that holds no reference");
+    fail(describeNode(*node) + " has a reference in a field of another kind");
   }
   const std::size_t index = fileClass.fields[number].index;
   if (index == FileField::NONE) {
@@ -319,8 +319,8 @@ void GraphDecoder::checkDepth() const {
   while (!waiting.empty()) {
     const auto [node, depth] = waiting.back();
     waiting.pop_back();
-    if (depth > Node::MAXIMUM_DEPTH) {
-      fail(fmt::format("The scene is nested more than {} nodes deep", Node::MAXIMUM_DEPTH));
+    if (depth > Node::MAX_DEPTH) {
+      fail(fmt::format("The scene is nested more than {} nodes deep", Node::MAX_DEPTH));
     }
     for (const Node* owned : node->getDependents()) {
       waiting.emplace_back(owned, depth + 1);

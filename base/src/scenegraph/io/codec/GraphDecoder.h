@@ -7,7 +7,6 @@
 #include <vemo/scenegraph/Ptr.h>
 
 #include <cstddef>
-#include <cstdint>
 #include <set>
 #include <string>
 #include <string_view>

@@ -43,9 +43,9 @@ const KnownNode* GraphEncoder::findKnown(const Node& node) const {
 }
 
 void GraphEncoder::encodeNode(const Step& step) {
-  if (step.depth > Node::MAXIMUM_DEPTH) {
+  if (step.depth > Node::MAX_DEPTH) {
     throw FileError(FileIoStatus::WriteError,
-                    fmt::format("The scene is nested more than {} nodes deep", Node::MAXIMUM_DEPTH));
+                    fmt::format("The scene is nested more than {} nodes deep", Node::MAX_DEPTH));
   }
   Node& node = *step.node;
   const KnownNode* known = findKnown(node);
@@ -183,8 +183,9 @@ void GraphEncoder::encodeReferences(Node& root) {
     if (found != _targets.end()) {
       target = found->second;
     } else if (!_findElsewhere || !_findElsewhere(*row.target, target)) {
-      vemo::reportFinding(vemo::FindingCode::REFERENCE_LOST, "A reference to " + describeNode(*row.target) +
-                                                                 " leaves the graph and is not written");
+      vemo::reportFinding(
+          vemo::FindingCode::REFERENCE_LOST,
+          "A reference to " + describeNode(*row.target) + " leads out of the graph and is not written");
       continue;
     }
     rows.number(row.node);
@@ -212,7 +213,7 @@ void GraphEncoder::finish(ByteWriter& out) {
   for (const std::uint64_t number : changed) {
     head.number(number);
   }
-  const std::size_t needed = _recordCount * MINIMUM_NODE_BYTES;
+  const std::size_t needed = _recordCount * MIN_NODE_BYTES;
   _records.fill(needed > _records.size() ? needed - _records.size() : 0);
   out.number(head.size() + _records.size());
   out.bytes(head.view().data(), head.size());

@@ -31,7 +31,7 @@ namespace lum::io {
 
 /// A graph has at least so many bytes a node, so that a file of a given size
 /// can make us allocate only so much.
-inline constexpr std::size_t MINIMUM_NODE_BYTES = 8;
+inline constexpr std::size_t MIN_NODE_BYTES = 8;
 
 /// Presence bits of names.
 inline constexpr std::size_t NAME_BIT = 0;

@@ -15,11 +15,11 @@ namespace lum::io {
 namespace {
 
 /// More are refused: VTK looks for arrays one by one.
-constexpr std::size_t MAXIMUM_DATA_ARRAYS = 4096;
+constexpr std::size_t MAX_DATA_ARRAYS = 4096;
 
 std::string findDataFault(const ArrayTable& arrays, std::int64_t tupleCount, std::string_view whose) {
-  if (arrays.size() > MAXIMUM_DATA_ARRAYS) {
-    return fmt::format("{} data arrays, at most {} are allowed", arrays.size(), MAXIMUM_DATA_ARRAYS);
+  if (arrays.size() > MAX_DATA_ARRAYS) {
+    return fmt::format("{} data arrays, at most {} are allowed", arrays.size(), MAX_DATA_ARRAYS);
   }
   std::unordered_set<std::string_view> names;
   for (const auto& array : arrays) {

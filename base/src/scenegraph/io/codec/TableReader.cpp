@@ -15,8 +15,8 @@ namespace {
 
 /// More of either are refused: each node of the class would have us go through
 /// them, however little of the file it takes itself.
-constexpr std::size_t MAXIMUM_FIELDS = 1024;
-constexpr std::size_t LONGEST_DEFAULT = 256;
+constexpr std::size_t MAX_FIELDS = 1024;
+constexpr std::size_t MAX_DEFAULT_BYTES = 256;
 
 class NoArrays final : public ArraySink {
  public:
@@ -27,26 +27,25 @@ FieldKind readKind(ByteReader& in) {
   const std::uint64_t number = in.number("field kind");
   const auto* const kind = std::ranges::find(FieldKinds::KINDS, number, &FieldKind::number);
   if (kind == FieldKinds::KINDS.end()) {
-    throw FileError(FileIoStatus::UnsupportedFormat,
-                    fmt::format("There is no kind of field of number {}", number));
+    throw FileError(FileIoStatus::UnsupportedFormat, fmt::format("Unknown field kind {}", number));
   }
   return *kind;
 }
 
 std::size_t readFieldCount(ByteReader& in) {
   const std::size_t count = in.count("fields", 3);
-  if (count > MAXIMUM_FIELDS) {
+  if (count > MAX_FIELDS) {
     throw FileError(FileIoStatus::ReadError,
-                    fmt::format("A class has {} fields, at most {} are allowed", count, MAXIMUM_FIELDS));
+                    fmt::format("A class has {} fields, at most {} are allowed", count, MAX_FIELDS));
   }
   return count;
 }
 
 std::string readDefault(ByteReader& in) {
   const std::string_view value = in.text("default");
-  if (value.size() > LONGEST_DEFAULT) {
+  if (value.size() > MAX_DEFAULT_BYTES) {
     throw FileError(FileIoStatus::ReadError, fmt::format("A default has {} bytes, at most {} are allowed",
-                                                         value.size(), LONGEST_DEFAULT));
+                                                         value.size(), MAX_DEFAULT_BYTES));
   }
   return std::string(value);
 }
@@ -58,15 +57,15 @@ void TableReader::read(ByteReader& in) {
   _strings.reserve(_strings.size() + count);
   for (; count > 0; --count) {
     _strings.emplace_back(in.text("string"));
-    _longStringBytes += _strings.back().size() > LONGEST_SHARED_STRING ? _strings.back().size() : 0;
+    _longStringBytes += _strings.back().size() > MAX_SHARED_STRING_BYTES ? _strings.back().size() : 0;
   }
   for (count = in.count("classes", 2); count > 0; --count) {
     _classes.push_back(readClass(in));
     if (!_classNumbers.emplace(_classes.back().name, _classes.size() - 1).second) {
-      throw FileError(FileIoStatus::ReadError, "The class table has two rows of " + _classes.back().name);
+      throw FileError(FileIoStatus::ReadError, "Duplicate class in the class table: " + _classes.back().name);
     }
   }
-  count = in.count("arrays", MINIMUM_ROW_BYTES);
+  count = in.count("arrays", MIN_ROW_BYTES);
   _chunks.reserve(_chunks.size() + count);
   for (; count > 0; --count) {
     _chunks.push_back(readRow(in, _strings.size()));

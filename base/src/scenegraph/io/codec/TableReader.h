@@ -5,7 +5,6 @@
 #include <vemo/scenegraph/Node.h>
 
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <unordered_map>
 #include <vector>

@@ -118,7 +118,7 @@ TableWriter::Class TableWriter::addClass(Node& node) {
 }
 
 std::uint64_t TableWriter::addString(std::string_view text) {
-  if (text.size() <= LONGEST_SHARED_STRING) {
+  if (text.size() <= MAX_SHARED_STRING_BYTES) {
     const auto [known, isNew] = _sharedStrings.try_emplace(std::string(text), _stringCount);
     if (!isNew) {
       return known->second;

@@ -18,7 +18,7 @@ namespace lum::io {
 
 /// Strings longer than this are written as often as they are used, so that
 /// what a reader makes of a file stays in proportion to it.
-inline constexpr std::size_t LONGEST_SHARED_STRING = 64;
+inline constexpr std::size_t MAX_SHARED_STRING_BYTES = 64;
 
 /// Takes the bytes of arrays.
 class ArraySink {

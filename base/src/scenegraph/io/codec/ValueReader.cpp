@@ -16,7 +16,7 @@ namespace lum::io {
 
 const std::string& ValueReader::readString() {
   const std::string& text = _tables.getString(_in.index("string", _tables.getStringCount()));
-  if (text.size() > LONGEST_SHARED_STRING) {
+  if (text.size() > MAX_SHARED_STRING_BYTES) {
     _longStringBytes += text.size();
     if (_longStringBytes > _tables.getLongStringBytes()) {
       throw FileError(FileIoStatus::ReadError, "A long string is used more than once");
@@ -33,7 +33,7 @@ void ValueReader::operator()(std::int32_t* value) {
   const std::int64_t number = _in.signedNumber("number");
   *value = static_cast<std::int32_t>(number);
   if (*value != number) {
-    throw FileError(FileIoStatus::ReadError, fmt::format("{} is no 32-bit number", number));
+    throw FileError(FileIoStatus::ReadError, fmt::format("{} does not fit in 32 bits", number));
   }
 }
 

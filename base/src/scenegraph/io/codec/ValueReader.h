@@ -53,7 +53,7 @@ class ValueReader {
   void operator()(CollectionNode* /*collection*/) {}
   void operator()(ReferenceSlot* /*slot*/) {}
 
-  /// Skips a value that nobody wants.
+  /// Skips a value that is not needed.
   void skip(FieldKind kind);
 
  private:

@@ -12,7 +12,7 @@ bool checkFormat(std::istream& in, std::ostream& messages) {
     const lum::io::DatabaseIndex index(source);
     return true;
   } catch (const std::exception& error) {
-    messages << "This is no scene-graph database: " << error.what() << '\n';
+    messages << "Not a scene-graph database: " << error.what() << '\n';
     return false;
   }
 }

@@ -96,8 +96,7 @@ DatabaseIndex::DatabaseIndex(InputSource& source) {
   source.seek(location.offset);
   _bytes = source.read(location.size);
   if (hashOf(_bytes) != location.hash) {
-    throw FileError(FileIoStatus::ReadError,
-                    "The index is damaged: it has another hash than the header says");
+    throw FileError(FileIoStatus::ReadError, "The index is damaged: hash mismatch");
   }
   ByteReader in(_bytes);
   _tables.read(in);

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "scenegraph/io/codec/InputSource.h"
 #include "scenegraph/io/codec/TableReader.h"
-#include "scenegraph/io/database/InputSource.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -34,8 +34,8 @@ struct IndexLocation {
 
 std::string makeHeader(const IndexLocation& index);
 
-/// What comes before the index is checked; UnsupportedFormat for what is no
-/// database.
+/// What comes before the index is checked; UnsupportedFormat for
+/// anything that is not a database.
 IndexLocation readHeader(InputSource& source);
 
 /// The zeros from a position to the next chunk.
@@ -52,7 +52,7 @@ class DatabaseIndex {
     std::string_view graph;
   };
 
-  /// Reads header and index, and checks them but for the graphs.
+  /// Reads and checks header and index, except the graphs.
   explicit DatabaseIndex(InputSource& source);
   DatabaseIndex(const DatabaseIndex&) = delete;
   DatabaseIndex& operator=(const DatabaseIndex&) = delete;

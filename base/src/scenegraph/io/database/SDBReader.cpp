@@ -132,14 +132,14 @@ std::vector<SDBReader::Array> SDBReader::getArrays() const {
 }
 
 Ptr<Node> SDBReader::readNode(std::size_t record, int sessionId, ArrayPool* pool) {
-  VEMO_REQUIRE(record < _records.size(), "There is no record " + std::to_string(record));
+  VEMO_REQUIRE(record < _records.size(), "No such record " + std::to_string(record));
   return at([&] { return fmt::format("{}: Record {}", _path, record); },
             [&] { return _database->readNode(record, sessionId, pool); });
 }
 
 void SDBReader::checkArray(std::size_t array) {
   VEMO_REQUIRE(array < _database->getIndex().getTables().getChunks().size(),
-               "There is no array " + std::to_string(array));
+               "No such array " + std::to_string(array));
   at([this] { return _path; }, [&] { _database->checkChunk(array); });
 }
 

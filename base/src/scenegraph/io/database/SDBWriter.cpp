@@ -10,7 +10,6 @@
 #include <vemo/scenegraph/io/SDBReader.h>
 #include <vemo/scenegraph/io/SDBWriter.h>
 
-#include <exception>
 #include <filesystem>
 #include <limits>
 #include <system_error>
@@ -18,11 +17,11 @@
 
 namespace lum {
 
-/// The file that is being written. After a failure it is of no more use.
+/// The file that is being written. Unusable after a failure.
 class SDBWriter::Database final : private io::ArraySink {
  public:
   Database(const std::string& path, bool keepExisting) : _file(path, keepExisting), _tables(*this, false) {
-    // A file without a header is none that anyone takes for a database.
+    // Without a header, an incomplete file is not taken for a database.
     _file.fill(io::HEADER_SIZE);
   }
 
@@ -111,7 +110,7 @@ io::FileIoStatus SDBWriter::addRecord(const std::string& title, const std::strin
   if (!_database || _database->hasFailed) {
     return io::FileIoStatus::WriteError;
   }
-  // Stays so whatever comes to pass.
+  // Cleared on success only.
   _database->hasFailed = true;
   return statusOf([&] {
     recordNumber = _database->add(title, description, simUUID, node);

@@ -20,7 +20,7 @@ namespace {
 
 void readSignature(io::InputSource& source, std::string_view signature, const char* what) {
   if (source.getLeft() < signature.size() || source.read(signature.size()) != signature) {
-    throw io::FileError(io::FileIoStatus::UnsupportedFormat, fmt::format("This is no {} stream", what));
+    throw io::FileError(io::FileIoStatus::UnsupportedFormat, fmt::format("Not a {} stream", what));
   }
 }
 
@@ -30,7 +30,7 @@ class NodeInputStream::Connection {
  public:
   explicit Connection(int sessionId) : _sessionId(sessionId) {
     VEMO_REQUIRE(sessionId == NO_SESSION || NodeRegistrySessions::getSingleton().hasSession(sessionId),
-                 "There is no session " + std::to_string(sessionId));
+                 "Unknown session " + std::to_string(sessionId));
   }
 
   int getSessionId() const { return _sessionId; }
@@ -38,7 +38,7 @@ class NodeInputStream::Connection {
   void readScene(io::InputSource& source) {
     // Numbers are out of step after a failure.
     if (std::exchange(_isBroken, true)) {
-      fail("A scene stream before this one was broken");
+      fail("An earlier scene stream was invalid");
     }
     readSignature(source, io::SCENE_SIGNATURE, "scene");
     std::vector<Ptr<Node>> roots;
@@ -64,7 +64,7 @@ class NodeInputStream::Connection {
       fail(fmt::format("This is not array {} of the scene stream", chunk));
     }
     if (_binder.has(chunk)) {
-      fail(fmt::format("Array {} came twice", chunk));
+      fail(fmt::format("Duplicate array {}", chunk));
     }
     const auto array = io::readArray(source, row);
     if (row.name != 0) {

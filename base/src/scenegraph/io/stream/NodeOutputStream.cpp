@@ -10,7 +10,6 @@
 
 #include <deque>
 #include <ostream>
-#include <string>
 #include <unordered_map>
 #include <utility>
 
@@ -130,7 +129,7 @@ class NodeOutputStream::Connection final : private io::ArraySink {
       seen = {&node, known != _known.end() ? known->second.number : _nextNumber++, rootNumber,
               node.getModificationTime(), _messageCount};
     });
-    // What left the graph, the reader has let go.
+    // The reader has released nodes that left the graph.
     std::erase_if(_seen, [&](const auto& entry) {
       return entry.second.root == rootNumber && entry.second.message != _messageCount;
     });
@@ -149,8 +148,7 @@ class NodeOutputStream::Connection final : private io::ArraySink {
 NodeOutputStream::NodeOutputStream() : _connection(std::make_unique<Connection>()) {}
 NodeOutputStream::~NodeOutputStream() = default;
 
-// Fields are listed by nodes that may be changed through them, which nothing
-// here does.
+// Listing fields needs a mutable node; nothing is changed.
 void NodeOutputStream::write(const Node& root) {
   _connection->write(const_cast<Node&>(root));
 }

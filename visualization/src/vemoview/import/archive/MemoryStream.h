@@ -6,7 +6,7 @@
 
 namespace vemo {
 
-/// An input stream over bytes that somebody else holds. It can be positioned.
+/// A seekable input stream over bytes that something else holds.
 class MemoryStream : public std::istream {
  public:
   explicit MemoryStream(std::span<unsigned char> bytes) : std::istream(nullptr), _buffer(bytes) {

@@ -52,7 +52,7 @@ std::uint32_t checksumOf(std::span<const char> content) {
 }  // namespace
 
 ZipFileReader::ZipFileReader(const std::wstring& path)
-    : _path(path), _fileSize(checkFile(path)), _archive(std::make_shared<ArchiveFile>(path)) {
+    : _fileSize(checkFile(path)), _archive(std::make_shared<ArchiveFile>(path)) {
   indexEntries();
   sortEntries();
 }

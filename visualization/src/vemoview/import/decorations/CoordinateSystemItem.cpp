@@ -55,7 +55,7 @@ lum::TriadDrawable& CoordinateSystemItem::openTriad(const SharedBySiblings& shar
     return addDrawable<lum::TriadDrawable>(getName(), collection);
   }
   report(shared.context, FindingCode::ITEM_REPLACED,
-         "The coordinate system \"" + getName() + "\" replaces an earlier one of its name");
+         "The coordinate system \"" + getName() + "\" replaces an earlier one of the same name");
   return *found;
 }
 

@@ -22,8 +22,8 @@ std::uint32_t packOpaque(const double* rgb) {
 
 const KeyTable<Font::Style> Font::KEYS({
     key::always<&Font::Style::face>("facename", "the typeface").named(FACES),
-    key::always<&Font::Style::bold>("bold", "heavy letters"),
-    key::always<&Font::Style::italic>("italic", "slanting letters"),
+    key::always<&Font::Style::bold>("bold", "bold letters"),
+    key::always<&Font::Style::italic>("italic", "italic letters"),
     key::always<&Font::Style::shadow>("shadow", "a shadow behind the letters"),
     key::always<&Font::Style::color>("textColor", "its alpha is not used"),
 });

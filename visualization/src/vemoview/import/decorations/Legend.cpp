@@ -30,7 +30,7 @@ const KeyTable<Legend> Legend::KEYS(
         key::ifPresent<&Legend::_title>("title", "the heading of the bar").defaultingTo("the colormap's"),
         key::ifPresent<&Legend::_colormapName>("colormap", "the name of a colormap of the assembly")
             .defaultingTo("the one that colours the assembly"),
-        key::always<&Legend::_orientation>("orientation", "how the bar runs").named(ORIENTATIONS),
+        key::always<&Legend::_orientation>("orientation", "orientation of the bar").named(ORIENTATIONS),
         key::ifPresent<&Legend::_labelCount>("numberOfLabels", "from 0 to 64").inRange(0, MAX_LABELS),
         key::ifPresent<&Legend::_textHeight>(
             "textHeight", "the height of a line of text as a fraction of the window's; 0: as it fits"),

@@ -28,7 +28,7 @@ vtkProperty* GeometryItem::getProperty() const {
 vtkPolyDataMapper* GeometryItem::getMapper() {
   if (!_mapper) {
     _mapper = vtkSmartPointer<vtkPolyDataMapper>::New();
-    VEMO_REQUIRE(_mapper, "VTK's OpenGL module must be there for drawing");
+    VEMO_REQUIRE(_mapper, "Drawing needs VTK's OpenGL module");
     _mapper->SetInputData(_polydata);
   }
   return _mapper;
@@ -37,7 +37,7 @@ vtkPolyDataMapper* GeometryItem::getMapper() {
 vtkActor* GeometryItem::getActor() {
   if (!_actor) {
     _actor = vtkSmartPointer<vtkActor>::New();
-    VEMO_REQUIRE(_actor, "VTK's OpenGL module must be there for drawing");
+    VEMO_REQUIRE(_actor, "Drawing needs VTK's OpenGL module");
   }
   _actor->SetMapper(getMapper());
   _actor->SetProperty(getProperty());

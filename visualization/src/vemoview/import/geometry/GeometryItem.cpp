@@ -294,7 +294,7 @@ void GeometryItem::addTo(lum::DrawableCollection& collection, bool isHidden, con
   if (isShared && (before != SharedSettings(drawable) || hasSettingsOfOthers(drawable))) {
     report(shared.context, FindingCode::SETTINGS_REPLACED,
            "The geometry \"" + getName() +
-               "\" shares the settings of earlier geometry of its name and type, but states others");
+               "\" shares the settings of earlier geometry of its name and type, but states different ones");
   }
   if (isColoredByOther && drawable.getColorAttributes()->getColorMode() == lum::ColorMode::DATA) {
     report(

@@ -28,13 +28,13 @@ const KeyTable<Settings> Settings::KEYS({
     key::always<&Settings::diffuse>("diffuse", "how strongly it reflects light in all directions, 0 to 1"),
     key::always<&Settings::specular>(
         "specular",
-        "how strongly it shines, 0 to 1. When these three are 0 the renderer uses "
+        "strength of highlights, 0 to 1. When these three are 0 the renderer uses "
         "its own default lighting"),
     key::always<&Settings::specularPower>("specularPower",
-                                          "how small the highlights are, up to 128; with 0 all "
-                                          "that a light reaches shines alike"),
+                                          "how small the highlights are, up to 128; with 0 "
+                                          "everything lit is equally bright"),
     key::always<&Settings::ignoreClip>("ignoreClip", "the clipping planes do not cut it"),
-    key::ifPresent<&Settings::pointSize>("pointSize", "of points, in pixels; from 4 on they are balls"),
+    key::ifPresent<&Settings::pointSize>("pointSize", "of points, in pixels; drawn as spheres from 4 on"),
     key::ifPresent<&Settings::pointScaleMode>(
         "pointScaleMode",
         "sizes of points by data: 0 not, 1 linear, 2 by the logarithm; another number is 0"),

@@ -136,7 +136,7 @@ void PolyDataReader::reportName(const GeometryArray& array, bool isTaken) {
   const std::string entry = array.entry.value_or("");
   if (isTaken) {
     _context.report(FindingCode::ARRAY_REPLACED,
-                    "The array \"" + array.name + "\" replaces an earlier one of its name", entry);
+                    "The array \"" + array.name + "\" replaces an earlier one of the same name", entry);
   }
   if (array.name == NORMALS) {
     _context.report(FindingCode::ARRAY_IS_NORMALS,

@@ -18,7 +18,7 @@ const KeyTable<Colormap> Colormap::KEYS({
     key::always<&Colormap::_range, 1>("max", "the high end"),
     key::always<&Colormap::_log10>("log10", "maps the logarithm of the data"),
     key::ifPresent<&Colormap::_ramp>("ramp", "how the colours were made; kept").named(RAMPS),
-    key::ifPresent<&Colormap::_title>("title", "what the data are called"),
+    key::ifPresent<&Colormap::_title>("title", "the name of the data, for display"),
 });
 
 Colormap::Colormap(const std::string& name) : SceneItem(name) {}
@@ -39,7 +39,7 @@ void Colormap::readImpl(const QxElement& element, SceneFileReader* reader) {
     const std::string& text = child->getText();
     _colors.push_back(Color::parse(text));
     if (!COLOR_FORM.matches(text)) {
-      reportUnreadable(reader, text, "a colour", COLOR_FORM.otherwise, valueText(_colors.back()));
+      reportUnreadable(reader, text, "a colour", COLOR_FORM.flaw, valueText(_colors.back()));
     }
   }
 }

@@ -30,10 +30,10 @@ void GeometryTransform::reportUnusable(SceneFileReader& reader) const {
   const auto zeros = std::ranges::count(_scale, 0.0);
   if (zeros == 1 || zeros == 2) {
     reader.report(FindingCode::TRANSFORM_UNUSABLE,
-                  "The scale is zero in some directions: what it applies to is not seen");
+                  "The scale is zero in some directions: what it applies to is invisible");
   }
   if (_rotationAngle != 0.0 && _rotationAxis == Vector<3, double>{}) {
-    reader.report(FindingCode::TRANSFORM_UNUSABLE, "The rotation has no axis: nothing is turned");
+    reader.report(FindingCode::TRANSFORM_UNUSABLE, "The rotation has no axis: nothing is rotated");
   }
 }
 

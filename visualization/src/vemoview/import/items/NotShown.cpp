@@ -7,7 +7,7 @@
 namespace vemo {
 
 void warnNotShown(const QxElement& element, SceneFileReader* reader) {
-  // The one finding stands for all of it.
+  // One finding covers all of it.
   walkDescription(element, [](const PlacedElement& place) {
     place.element->markAllRead();
     return true;

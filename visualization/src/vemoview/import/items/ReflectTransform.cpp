@@ -23,7 +23,7 @@ void ReflectTransform::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement(*this, element, reader);
   const auto normal = normalized(Vector<3, double>{_plane[0], _plane[1], _plane[2]});
   if (normal == Vector<3, double>{} && reader != nullptr) {
-    reader->report(FindingCode::TRANSFORM_UNUSABLE, "The mirror has no normal: there is no mirror image");
+    reader->report(FindingCode::TRANSFORM_UNUSABLE, "The mirror has no normal: nothing is mirrored");
   }
   // The distance is stated for a unit normal already.
   _plane = {normal[0], normal[1], normal[2], _plane[3]};

@@ -30,9 +30,9 @@ struct Key : KeyDescription {
     greatest = to;
     return std::move(*this);
   }
-  Key allowedIf(bool (*function)(std::string_view), const std::string& otherwise) && {
+  Key allowedIf(bool (*function)(std::string_view), const std::string& reason) && {
     isAllowed = function;
-    whyNotAllowed = otherwise;
+    whyNotAllowed = reason;
     return std::move(*this);
   }
   /// The new generation has no place for it. Where the key does not state the
@@ -165,7 +165,6 @@ class KeyTable {
   }
 
   OnBadValue getOnBadValue() const { return _onBadValue; }
-  int getNewestVersion() const { return _newestVersion; }
 
   /// @param item one that nothing was read into
   std::vector<KeyText> describe(const Item& item) const {

@@ -24,7 +24,7 @@ void SceneFileReader::reportFlaws(const ZipFileReader::ContentFlaws& flaws, cons
   if (flaws.bytesRead) {
     report(FindingCode::ENTRY_SHORT,
            "The entry has only " + std::to_string(*flaws.bytesRead) + " of " +
-               std::to_string(getArchive().getSize(entryName)) + " bytes; the rest is taken as zero",
+               std::to_string(getArchive().getSize(entryName)) + " bytes; the rest is filled with zeros",
            entryName);
   }
   if (flaws.isChecksumWrong) {

@@ -74,10 +74,10 @@ std::string quotedUnlessLong(const std::string& text) {
 }
 
 void reportUnreadable(SceneFileReader* reader, const std::string& text, const std::string& place,
-                      const char* otherwise, const std::string& meaning) {
+                      const char* flaw, const std::string& meaning) {
   if (reader != nullptr) {
     reader->report(FindingCode::VALUE_UNREADABLE, "The value " + quotedUnlessLong(text) + " of " + place +
-                                                      " is " + otherwise + ": it counts as " + meaning);
+                                                      " is " + flaw + ": it counts as " + meaning);
   }
 }
 

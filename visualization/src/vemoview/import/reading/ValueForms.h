@@ -12,7 +12,7 @@ class SceneFileReader;
 struct ValueForm {
   bool (*matches)(std::string_view text);
   /// What a text of another form is, as "not a number".
-  const char* otherwise;
+  const char* flaw;
 };
 
 /// "true" and "false".
@@ -32,6 +32,6 @@ std::string quotedUnlessLong(const std::string& text);
 /// @param place as "\"x\" of \"position\""
 /// @param meaning what it was read as
 void reportUnreadable(SceneFileReader* reader, const std::string& text, const std::string& place,
-                      const char* otherwise, const std::string& meaning);
+                      const char* flaw, const std::string& meaning);
 
 }  // namespace vemo

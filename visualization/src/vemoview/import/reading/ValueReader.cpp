@@ -99,24 +99,24 @@ void ValueReader::readAttribute(const KeyDescription& key, const ValueForm& form
   const bool isOfForm = text != nullptr && form.matches(*text);
   if (text == nullptr || (!isOfForm && _onBadValue == OnBadValue::WARN)) {
     if (text != nullptr) {
-      warnIgnored(key, form.otherwise);
+      warnIgnored(key, form.flaw);
     }
     value = key.whenAbsent == WhenAbsent::RESET ? T() : value;
     return;
   }
   value = get();
   if (!isOfForm) {
-    reportUnreadable(_reader, *text, inQuotes(key.name), form.otherwise, valueText(value));
+    reportUnreadable(_reader, *text, inQuotes(key.name), form.flaw, valueText(value));
   }
 }
 
 template <class T, class Get>
 void ValueReader::readInRange(const KeyDescription& key, const ValueForm& form, T& value, Get get) const {
-  const T otherwise = key.whenAbsent == WhenAbsent::RESET ? T() : value;
+  const T fallback = key.whenAbsent == WhenAbsent::RESET ? T() : value;
   readAttribute(key, form, value, get);
   if (value < key.least || value > key.greatest) {
     warnIgnored(key, fmt::format("out of range ({:g} to {:g})", key.least, key.greatest));
-    value = otherwise;
+    value = fallback;
   }
 }
 
@@ -133,10 +133,10 @@ void ValueReader::read(const KeyDescription& key, double& value) const {
 }
 
 void ValueReader::read(const KeyDescription& key, float& value) const {
-  constexpr double GREATEST = std::numeric_limits<float>::max();
+  constexpr double MAX_FLOAT = std::numeric_limits<float>::max();
   double number = value;
   read(key, number);
-  value = static_cast<float>(std::clamp(number, -GREATEST, GREATEST));
+  value = static_cast<float>(std::clamp(number, -MAX_FLOAT, MAX_FLOAT));
 }
 
 void ValueReader::read(const KeyDescription& key, std::string& value) const {
@@ -165,7 +165,7 @@ void ValueReader::read(const KeyDescription& key, Color& value) const {
   readOrWarn(key, [&] {
     value = _element.getColor(key.name);
     if (!COLOR_FORM.matches(*text)) {
-      reportUnreadable(_reader, *text, inQuotes(key.name), COLOR_FORM.otherwise, valueText(value));
+      reportUnreadable(_reader, *text, inQuotes(key.name), COLOR_FORM.flaw, valueText(value));
     }
   });
 }
@@ -181,10 +181,10 @@ const QxElement* ValueReader::findVector(const KeyDescription& key) const {
       continue;
     }
     if (_onBadValue == OnBadValue::WARN) {
-      warnIgnored(key, quotedUnlessLong(*text) + " is " + NUMBER_FORM.otherwise);
+      warnIgnored(key, quotedUnlessLong(*text) + " is " + NUMBER_FORM.flaw);
       return nullptr;
     }
-    reportUnreadable(_reader, *text, inQuotes(component) + " in " + inQuotes(key.name), NUMBER_FORM.otherwise,
+    reportUnreadable(_reader, *text, inQuotes(component) + " in " + inQuotes(key.name), NUMBER_FORM.flaw,
                      valueText(child->getDouble(component)));
   }
   return child;
@@ -225,10 +225,10 @@ void ValueReader::read(const KeyDescription& key, std::unique_ptr<Vector<3, doub
 }
 
 int ValueReader::readWord(const KeyDescription& key, int current) const {
-  const int otherwise = key.whenAbsent == WhenAbsent::RESET ? 0 : current;
+  const int fallback = key.whenAbsent == WhenAbsent::RESET ? 0 : current;
   const std::string* const text = _element.findAttribute(key.name);
   if (text == nullptr) {
-    return otherwise;
+    return fallback;
   }
   const int word = findWord(key.words, *text);
   if (word >= 0) {
@@ -241,7 +241,7 @@ int ValueReader::readWord(const KeyDescription& key, int current) const {
     return 0;
   }
   warnIgnored(key, "not an allowed value");
-  return otherwise;
+  return fallback;
 }
 
 }  // namespace vemo

@@ -31,12 +31,12 @@ class ValueReader {
   /// newest one understood.
   void checkVersion(int newest) const;
 
-  /// Reports an attribute or child that is there and does not state the default.
+  /// Reports an attribute or child that is present and does not state the default.
   void reportWithoutEffect(const KeyDescription& key, const std::string& defaultText) const;
   /// For an element that has no use for what all items have.
   void reportWithoutEffect(const std::string& attribute) const;
 
-  /// Reports an attribute that is there, unless it only switches something off.
+  /// Reports a present attribute, unless it only switches something off.
   void reportInapplicable(const KeyDescription& key) const;
 
   void read(const KeyDescription& key, bool& value) const;
@@ -71,7 +71,7 @@ class ValueReader {
   }
 
  private:
-  /// @param get reads the attribute, which is there
+  /// @param get reads the attribute, which is present
   template <class T, class Get>
   void readAttribute(const KeyDescription& key, const ValueForm& form, T& value, Get get) const;
   /// The same for a number.

@@ -178,7 +178,7 @@ void AssemblyItem::reportSharing(const SharedBySiblings& shared, lum::DrawableCo
   if (hasData) {
     report(shared.context, FindingCode::COLORMAP_REPLACED,
            "The colormap \"" + getActiveColormap()->getName() +
-               "\" also colours what earlier items of the name \"" + getName() + "\" brought");
+               "\" also colours earlier items of the name \"" + getName() + '"');
   }
 }
 

@@ -42,7 +42,7 @@ std::unique_ptr<T> make() {
 void reportReplaced(const QxElement& element, SceneFileReader* reader) {
   if (reader != nullptr) {
     reader->report(FindingCode::ELEMENT_REPLACED,
-                   "The element \"" + element.getName() + "\" replaces an earlier one of its container");
+                   "The element \"" + element.getName() + "\" replaces an earlier one in its parent");
   }
 }
 

@@ -73,7 +73,7 @@ void Scene::reportWithoutEffect(const QxElement& element, SceneFileReader& reade
     if (ofAssemblies.contains(child->getName())) {
       const ReadingContext::ItemScope scope(&reader, pathName(*child), child->getLine());
       reader.report(FindingCode::ELEMENT_WITHOUT_EFFECT,
-                    "A \"" + child->getName() + "\" does nothing outside of assemblies");
+                    "A \"" + child->getName() + "\" has no effect outside assemblies");
     }
   }
 }
@@ -150,7 +150,7 @@ void Scene::convertCamera(lum::SceneCanvas& canvas) const {
   camera.setPosition(view.position);
   camera.setViewUp(view.viewUp);
   camera.setProjectionMode(view.perspective ? Mode::PERSPECTIVE : Mode::PARALLEL);
-  // A scale also tells a stated view from a camera that nobody has set.
+  // A scale also distinguishes a stated view from an unset camera.
   if (_hasView) {
     camera.setParallelScale(view.parallelScale);
   }

@@ -20,15 +20,15 @@ void reportUnread(const PlacedElement& place, SceneFileReader& reader) {
   };
   if (!element.isRead()) {
     report(FindingCode::ELEMENT_UNKNOWN,
-           "The element " + quoted(element.getName()) + " is not known here and is ignored");
+           "The element " + quoted(element.getName()) + " is unknown here and is ignored");
     return;
   }
   for (const auto& [name, attribute] : element.getAttributes()) {
     if (!attribute.isRead) {
-      report(FindingCode::ATTRIBUTE_UNKNOWN,
-             "The attribute " + quoted(name) + " of " + quoted(element.getName()) +
-                 " is not known and is ignored",
-             name);
+      report(
+          FindingCode::ATTRIBUTE_UNKNOWN,
+          "The attribute " + quoted(name) + " of " + quoted(element.getName()) + " is unknown and is ignored",
+          name);
     }
   }
   if (element.hasText() && !element.isTextRead()) {

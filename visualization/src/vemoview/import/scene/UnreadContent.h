@@ -6,7 +6,7 @@ class QxElement;
 class SceneFileReader;
 
 /// Reports the elements, attributes and texts of the scene description, and the
-/// entries of the archive, that nobody has read.
+/// entries of the archive, that were not read.
 void reportUnreadContent(const QxElement& description, SceneFileReader& reader);
 
 }  // namespace vemo

@@ -35,14 +35,14 @@ using Pair = Vector<2, double>;
 /// In heights of a line: how broad the bar is, how long its ticks are, how far away
 /// its numbers, and how far from the edge of the window all of it stays.
 constexpr double BREADTH = 1.2;
-constexpr double LEAST_BREADTH = 0.5;
+constexpr double MIN_BREADTH = 0.5;
 constexpr double TICK = 0.25;
 constexpr double GAP_BESIDE = 0.25;
 constexpr double GAP_BELOW = 0.15;
 constexpr double MARGIN = 0.25;
 
 /// Of a horizontal legend, which has room for few.
-constexpr int MOST_LABELS_ACROSS = 32;
+constexpr int MAX_LABELS_ACROSS = 32;
 
 /// Lines or faces in pixels.
 class FlatShape {
@@ -122,11 +122,11 @@ class Legend {
 
   void layOut(vtkRenderer& renderer) {
     const Pair canvas = sizeInPixels(renderer);
-    const Vector<3, double> situation{canvas[0], canvas[1], windowHeight(renderer)};
-    if (situation == _situation) {
+    const Vector<3, double> layoutInput{canvas[0], canvas[1], windowHeight(renderer)};
+    if (layoutInput == _layoutInput) {
       return;
     }
-    _situation = situation;
+    _layoutInput = layoutInput;
     const auto [low, high] = fit(canvas, renderer);
     placeTitle(low, high, canvas, renderer);
     placeBar(low, high);
@@ -147,10 +147,10 @@ class Legend {
   /// of the legend if it has room for readable text, or else a larger one within the
   /// canvas.
   Box fit(const Pair& canvas, vtkRenderer& renderer) {
-    constexpr double LEAST_READABLE = 0.03;
-    constexpr double LEAST_PIXELS = 1.0;
-    const double wanted = _legend.lineHeight * _situation[2];
-    const double readable = std::min(wanted, LEAST_READABLE * _situation[2]);
+    constexpr double MIN_READABLE = 0.03;
+    constexpr double MIN_PIXELS = 1.0;
+    const double wanted = _legend.lineHeight * _layoutInput[2];
+    const double readable = std::min(wanted, MIN_READABLE * _layoutInput[2]);
     Pair low{_legend.position[0] * canvas[0], _legend.position[1] * canvas[1]};
     Pair size{_legend.size[0] * canvas[0], _legend.size[1] * canvas[1]};
     Pair needed;
@@ -166,7 +166,7 @@ class Legend {
       }
     };
     if (!shrink(wanted, readable, size)) {
-      shrink(readable, LEAST_PIXELS, canvas);
+      shrink(readable, MIN_PIXELS, canvas);
     }
     for (std::size_t i = 0; i < 2; ++i) {
       size[i] = std::min(std::max(size[i], needed[i]), canvas[i]);
@@ -184,7 +184,7 @@ class Legend {
     const Pair bar =
         _isVertical
             ? Pair{(BREADTH + TICK + GAP_BESIDE + MARGIN) * _line + _labelExtent, 3.0 * _line}
-            : Pair{2.0 * _labelExtent + _line, (LEAST_BREADTH + TICK + GAP_BELOW + 1.0 + MARGIN) * _line};
+            : Pair{2.0 * _labelExtent + _line, (MIN_BREADTH + TICK + GAP_BELOW + 1.0 + MARGIN) * _line};
     // A title need not fit beside the bar, but into the canvas.
     const double overhang = title[0] + _line / 2.0 > canvas[0] ? title[0] + _line / 2.0 : 0.0;
     return {std::max(bar[0], overhang), bar[1] + _titleHeight};
@@ -253,7 +253,7 @@ class Legend {
 
   /// Chooses as many ticks as have room along the bar, and writes their labels.
   void setLabels(double length, vtkRenderer& renderer) {
-    const double most = _isVertical ? std::max(length / _line, 2.0) : static_cast<double>(MOST_LABELS_ACROSS);
+    const double most = _isVertical ? std::max(length / _line, 2.0) : static_cast<double>(MAX_LABELS_ACROSS);
     for (auto count = static_cast<int>(std::min(static_cast<double>(_labels.size()), most));; --count) {
       _ticks = makeLegendTicks(_legend.table.range, _legend.table.isLog10, count);
       _labelExtent = 0.0;
@@ -317,10 +317,10 @@ class Legend {
   }
 
   void drawBar() {
-    constexpr vtkIdType MOST_FIELDS = 1024;
+    constexpr vtkIdType MAX_FIELDS = 1024;
     const std::vector<std::uint8_t>& rgba = _legend.table.rgba;
     const auto colors = static_cast<vtkIdType>(rgba.size() / RGBA_CHANNELS);
-    const vtkIdType fields = std::clamp<vtkIdType>(colors, 1, MOST_FIELDS);
+    const vtkIdType fields = std::clamp<vtkIdType>(colors, 1, MAX_FIELDS);
     vtkNew<vtkUnsignedCharArray> bytes;
     bytes->SetNumberOfComponents(3);
     _bar.clear();
@@ -349,7 +349,7 @@ class Legend {
     for (const LegendTick& tick : _ticks) {
       _lines.addLine(along(tick.place, true), tickEnd(tick));
     }
-    _lines.property().SetLineWidth(static_cast<float>(std::max(1.0, std::round(_situation[2] / 700.0))));
+    _lines.property().SetLineWidth(static_cast<float>(std::max(1.0, std::round(_layoutInput[2] / 700.0))));
   }
 
   LegendDecoration _legend;
@@ -361,7 +361,7 @@ class Legend {
 
   /// What the layout was made for: the canvas's size and the window's height,
   /// in pixels, as everything below.
-  Vector<3, double> _situation;
+  Vector<3, double> _layoutInput;
   double _line = 0.0;
   double _titleHeight = 0.0;
   /// The width of the widest label.

@@ -17,7 +17,7 @@ namespace {
 
 /// The greatest height of lines at which a text still fits into a picture.
 double greatestLineHeight(const std::string& text) {
-  constexpr double LARGEST_PICTURE = 8192.0;
+  constexpr double MAX_PICTURE_SIZE = 8192.0;
   std::size_t lines = 1;
   std::size_t longest = 1;
   std::size_t length = 0;
@@ -26,7 +26,7 @@ double greatestLineHeight(const std::string& text) {
     lines += character == '\n' ? 1 : 0;
     longest = std::max(longest, length);
   }
-  return LARGEST_PICTURE / static_cast<double>(std::max(lines, longest));
+  return MAX_PICTURE_SIZE / static_cast<double>(std::max(lines, longest));
 }
 
 int vtkFamily(TextStyle::Family family) {

@@ -7,7 +7,7 @@
 namespace vemo {
 
 /// Groups of meshes that can be drawn in one batch, because they are small and
-/// agree in all but their colours (values at points agree in their table):
+/// are equal except for their colours (values at points agree in their table):
 /// OpenGL takes as long for a mesh of a few triangles as for thousands of them.
 /// Large meshes, and those that agree with few others, have a group of their
 /// own. In the order of each group's first mesh.

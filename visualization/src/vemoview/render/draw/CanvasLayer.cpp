@@ -40,9 +40,9 @@ vtkSmartPointer<vtkPlaneCollection> makePlanes(const std::vector<ClipPlane>& cli
 
 /// Translucent layers are sorted by depth, not drawn in any order.
 void peelTranslucency(vtkRenderer& renderer) {
-  constexpr int MOST_LAYERS = 64;
+  constexpr int MAX_LAYERS = 64;
   renderer.SetUseDepthPeeling(1);
-  renderer.SetMaximumNumberOfPeels(MOST_LAYERS);
+  renderer.SetMaximumNumberOfPeels(MAX_LAYERS);
   renderer.SetOcclusionRatio(0.0);
 }
 

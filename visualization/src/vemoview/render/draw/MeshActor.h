@@ -4,7 +4,7 @@
 
 namespace vemo {
 
-/// Draws faces, and lines on them, as VTK's own actor does not.
+/// Draws faces, and lines on them, with settings that VTK's actor lacks.
 class MeshActor : public vtkOpenGLActor {
  public:
   static MeshActor* New();

@@ -63,8 +63,8 @@ void applyProperties(const RenderMesh& mesh, vtkProperty& property) {
   property.SetSpecularColor(1.0, 1.0, 1.0);
   if (appearance.kind == Appearance::Kind::POINTS) {
     // Shading cannot be seen on smaller ones.
-    constexpr double LEAST_BALL_PIXELS = 4.0;
-    const bool isBall = appearance.isPointSizeInModelUnits || appearance.pointSize >= LEAST_BALL_PIXELS;
+    constexpr double MIN_SPHERE_PIXELS = 4.0;
+    const bool isBall = appearance.isPointSizeInModelUnits || appearance.pointSize >= MIN_SPHERE_PIXELS;
     property.SetRenderPointsAsSpheres(isBall);
     property.SetLighting(isBall);
   }
@@ -109,7 +109,7 @@ void keepModelSize(const RenderMesh& mesh, const InstanceTransform* transform, v
   const vtkSmartPointer<vtkProperty> kept = property;
   group.beforeEachRender([kept, center, size = mesh.appearance.pointSize](vtkRenderer& drawn) {
     const double pixels = size * pixelsPerUnit(drawn, center);
-    kept->SetPointSize(static_cast<float>(std::clamp(pixels, 1.0, MAXIMUM_POINT_PIXELS)));
+    kept->SetPointSize(static_cast<float>(std::clamp(pixels, 1.0, MAX_POINT_PIXELS)));
   });
 }
 
@@ -171,7 +171,7 @@ void addEdges(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& gro
 /// Border edges, and edges at which the faces bend. Points at the same place
 /// are merged before: faces that meet there have no border between them.
 vtkSmartPointer<vtkPolyData> contourOf(vtkPolyData& faces) {
-  constexpr double LEAST_BEND_DEGREES = 30.0;
+  constexpr double MIN_BEND_DEGREES = 30.0;
   vtkNew<vtkPolyData> shape;
   shape->SetPoints(faces.GetPoints());
   shape->SetPolys(faces.GetPolys());
@@ -183,7 +183,7 @@ vtkSmartPointer<vtkPolyData> contourOf(vtkPolyData& faces) {
   cleaned->SetTolerance(0.0);
   vtkNew<vtkFeatureEdges> edges;
   edges->SetInputConnection(cleaned->GetOutputPort());
-  edges->SetFeatureAngle(LEAST_BEND_DEGREES);
+  edges->SetFeatureAngle(MIN_BEND_DEGREES);
   edges->NonManifoldEdgesOff();
   edges->ColoringOff();
   edges->Update();

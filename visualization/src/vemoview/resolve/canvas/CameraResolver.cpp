@@ -32,9 +32,9 @@ std::optional<Vector3> direction(const Vector3& from, const Vector3& to) {
 }  // namespace
 
 Vector3 usableViewUp(const Vector3& viewUp, const Vector3& forward) {
-  constexpr double LEAST_SINE = 1e-6;
+  constexpr double MIN_SINE = 1e-6;
   const auto up = direction({}, viewUp);
-  if (up && length(cross(*up, forward)) > LEAST_SINE) {
+  if (up && length(cross(*up, forward)) > MIN_SINE) {
     return *up;
   }
   Vector3 axis;

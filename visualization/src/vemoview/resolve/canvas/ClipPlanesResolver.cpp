@@ -12,7 +12,7 @@ namespace vemo {
 namespace {
 
 /// No meaningful shape needs more.
-constexpr std::size_t MOST_PLANES = 16;
+constexpr std::size_t MAX_PLANES = 16;
 
 /// Scaled before it is normalised: OpenGL computes with single precision. Zero
 /// stays zero.
@@ -35,12 +35,12 @@ std::vector<ClipPlane> resolveClipPlanes(const lum::ClipPlanesAttributes* attrib
       continue;
     }
     if (!isFinite(plane->getNormal()) || !isFinite(plane->getOrigin())) {
-      reportFinding(FindingCode::VALUE_IGNORED, "A clipping plane does not cut: its values are not finite");
+      reportFinding(FindingCode::VALUE_IGNORED, "A clipping plane is not applied: its values are not finite");
       continue;
     }
-    if (planes.size() == MOST_PLANES) {
+    if (planes.size() == MAX_PLANES) {
       reportFinding(FindingCode::PLANES_LIMITED,
-                    "Only the first " + std::to_string(MOST_PLANES) + " clipping planes cut");
+                    "Only the first " + std::to_string(MAX_PLANES) + " clipping planes are applied");
       break;
     }
     planes.push_back({plane->getOrigin(), unitNormal(*plane)});

@@ -12,7 +12,7 @@ namespace {
 
 /// Enough for every scene that is lit on purpose, and few enough for the
 /// drivers' shaders.
-constexpr std::size_t MOST_LIGHTS = 16;
+constexpr std::size_t MAX_LIGHTS = 16;
 
 bool isUsable(const lum::Light& light) {
   return isFinite(light.getColor()) && std::isfinite(light.getIntensity()) && isFinite(light.getAngles());
@@ -26,13 +26,13 @@ CanvasLights usableLights(const lum::LightCollection& collection) {
       continue;
     }
     if (!isUsable(*light)) {
-      reportFinding(FindingCode::VALUE_IGNORED, "A light does not shine: its values are not finite");
+      reportFinding(FindingCode::VALUE_IGNORED, "A light is not used: its values are not finite");
       continue;
     }
-    if (result.size() == MOST_LIGHTS) {
-      reportFinding(FindingCode::LIGHTS_LIMITED, "Only the first " + std::to_string(MOST_LIGHTS) + " of " +
+    if (result.size() == MAX_LIGHTS) {
+      reportFinding(FindingCode::LIGHTS_LIMITED, "Only the first " + std::to_string(MAX_LIGHTS) + " of " +
                                                      std::to_string(collection.getNodeCount()) +
-                                                     " lights shine");
+                                                     " lights are used");
       break;
     }
     result.push_back(

@@ -17,7 +17,7 @@ namespace vemo {
 namespace {
 
 /// More of them would cover each other, and each is laid out at every drawing.
-constexpr int MOST_DECORATIONS = 2000;
+constexpr int MAX_DECORATIONS = 2000;
 
 using Content = decltype(Decoration::content);
 
@@ -90,12 +90,12 @@ std::vector<Decoration> DecorationResolver::resolve(const std::vector<VisibleDra
 
 /// Counts a further decoration if there is room for it.
 bool DecorationResolver::hasRoom() {
-  if (_count < MOST_DECORATIONS) {
+  if (_count < MAX_DECORATIONS) {
     ++_count;
     return true;
   }
   if (!_isFull) {
-    reportFinding(FindingCode::DECORATIONS_LIMITED, "Only the first " + std::to_string(MOST_DECORATIONS) +
+    reportFinding(FindingCode::DECORATIONS_LIMITED, "Only the first " + std::to_string(MAX_DECORATIONS) +
                                                         " triads, legends, texts and images are shown");
     _isFull = true;
   }

@@ -95,7 +95,7 @@ void reportMissing(const Characters& missing, const std::string& owner) {
   for (const char32_t character : missing) {
     list += fmt::format("{}U+{:04X}", list.empty() ? "" : ", ", static_cast<std::uint32_t>(character));
   }
-  reportFinding(FindingCode::GLYPH_MISSING, owner + " has characters that no font here has: " + list);
+  reportFinding(FindingCode::GLYPH_MISSING, owner + " has characters that no installed font has: " + list);
 }
 
 }  // namespace

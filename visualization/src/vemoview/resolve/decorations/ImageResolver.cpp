@@ -17,7 +17,7 @@ namespace vemo {
 namespace {
 
 /// Larger than any that OpenGL accepts.
-constexpr std::int32_t LARGEST = 16384;
+constexpr std::int32_t MAX_SIZE = 16384;
 
 bool spansArea(const ImageDecoration& image, const std::string& name) {
   const double area = length(cross(image.xAxis, image.yAxis));
@@ -30,7 +30,7 @@ bool spansArea(const ImageDecoration& image, const std::string& name) {
 }
 
 bool hasValidPixels(const lum::ImageDrawable& image, const lum::ImageAttributes& attributes) {
-  if (attributes.isSound() && std::max(attributes.getWidth(), attributes.getHeight()) <= LARGEST) {
+  if (attributes.hasValidPixels() && std::max(attributes.getWidth(), attributes.getHeight()) <= MAX_SIZE) {
     return true;
   }
   reportFinding(FindingCode::IMAGE_NOT_DRAWN,

@@ -18,9 +18,9 @@ namespace vemo {
 namespace {
 
 constexpr double LEGEND_LINE_HEIGHT = 0.03;
-constexpr int MOST_LABELS = 100;
+constexpr int MAX_LABELS = 100;
 /// Longer ones would leave no room for the bar.
-constexpr std::size_t MOST_TITLE_BYTES = 500;
+constexpr std::size_t MAX_TITLE_BYTES = 500;
 
 const lum::LegendAttributes& defaultAttributes() {
   static const lum::Ptr<lum::LegendAttributes> attributes(
@@ -30,10 +30,10 @@ const lum::LegendAttributes& defaultAttributes() {
 
 std::string resolveFormat(const std::string& format, const std::string& what) {
   if (lum::isNumberFormat(format)) {
-    return readableText(format, MOST_TEXT_BYTES, what);
+    return readableText(format, MAX_TEXT_BYTES, what);
   }
-  reportFinding(FindingCode::VALUE_IGNORED, what + " does not write its numbers as \"" + toPrintable(format) +
-                                                "\", which is no format for them");
+  reportFinding(FindingCode::VALUE_IGNORED,
+                what + " ignores the number format \"" + toPrintable(format) + "\", which is invalid");
   return defaultAttributes().getLabelFormat();
 }
 
@@ -46,7 +46,8 @@ bool placeInWindow(LegendDecoration& legend, const std::string& what) {
     const double position = legend.position[i];
     const double size = legend.size[i];
     if (!std::isfinite(position) || !std::isfinite(size) || size <= 0.0) {
-      reportFinding(FindingCode::DECORATION_NOT_DRAWN, what + " is not drawn: it has no place or no size");
+      reportFinding(FindingCode::DECORATION_NOT_DRAWN,
+                    what + " is not drawn: it has no usable position or size");
       return false;
     }
     legend.size[i] = std::min(size, 1.0);
@@ -79,9 +80,9 @@ std::optional<LegendDecoration> resolveLegend(const lum::LegendDrawable& legend,
   }
   const auto* const style = legend.findAttributes<lum::TextAttributes>();
   result.table = *tables.resolve(*legend.hasColorLookupTable());
-  result.title = readableText(attributes.getTitle(), MOST_TITLE_BYTES, what);
+  result.title = readableText(attributes.getTitle(), MAX_TITLE_BYTES, what);
   result.isVertical = attributes.getOrientation() == lum::LegendOrientation::VERTICAL;
-  result.labelCount = std::clamp(attributes.getNumberOfLabels(), 0, MOST_LABELS);
+  result.labelCount = std::clamp(attributes.getNumberOfLabels(), 0, MAX_LABELS);
   result.labelFormat = resolveFormat(attributes.getLabelFormat(), what);
   result.style = resolveTextStyle(style, {result.title, result.labelFormat}, what);
   result.lineHeight = resolveLineHeight(style, LEGEND_LINE_HEIGHT);

@@ -8,7 +8,7 @@
 namespace vemo {
 
 /// Longer texts cannot be read.
-inline constexpr std::size_t MOST_TEXT_BYTES = 2000;
+inline constexpr std::size_t MAX_TEXT_BYTES = 2000;
 
 /// A text that can be drawn: UTF-8, line breaks its only control characters, of so
 /// many bytes at most. Bytes that are not UTF-8 become question marks; a finding

@@ -23,7 +23,7 @@ std::optional<TextDecoration> resolveText(const lum::TextDrawable& text) {
   const auto* const style = text.findAttributes<lum::TextAttributes>();
   TextDecoration result;
   const std::string what = "The text \"" + text.getName() + "\"";
-  result.text = readableText(attributes->getText(), MOST_TEXT_BYTES, what);
+  result.text = readableText(attributes->getText(), MAX_TEXT_BYTES, what);
   result.isInModel = attributes->getCoordinateSpace() == lum::CoordinateSpace::MODEL;
   if (const auto* const position = text.findAttributes<lum::PositionAttributes>()) {
     result.position = position->getPosition();

@@ -35,9 +35,9 @@ TextStyle resolveTextStyle(const lum::TextAttributes* attributes,
   return style;
 }
 
-double resolveLineHeight(const lum::TextAttributes* attributes, double byDefault) {
+double resolveLineHeight(const lum::TextAttributes* attributes, double fallback) {
   return attributes != nullptr && attributes->getFontSize() > 0.0 ? std::min(attributes->getFontSize(), 1.0)
-                                                                  : byDefault;
+                                                                  : fallback;
 }
 
 }  // namespace vemo

@@ -16,6 +16,6 @@ TextStyle resolveTextStyle(const lum::TextAttributes* attributes,
 
 /// The height of a line as a fraction of the window's, or the default where the
 /// attributes (or null) leave it open.
-double resolveLineHeight(const lum::TextAttributes* attributes, double byDefault);
+double resolveLineHeight(const lum::TextAttributes* attributes, double fallback);
 
 }  // namespace vemo

@@ -19,10 +19,10 @@ namespace {
 
 using Axes = std::array<Vector3, 3>;
 
-/// The unit vector; `otherwise` when there is none.
-Vector3 unitOr(const Vector3& vector, const Vector3& otherwise) {
+/// The unit vector; `fallback` when there is none.
+Vector3 unitOr(const Vector3& vector, const Vector3& fallback) {
   const double norm = length(vector);
-  return std::isfinite(norm) && norm > 0.0 ? normalized(vector) : otherwise;
+  return std::isfinite(norm) && norm > 0.0 ? normalized(vector) : fallback;
 }
 
 /// z points forward, y upwards; x completes them to the right hand.
@@ -74,7 +74,7 @@ std::optional<TriadDecoration> resolveTriad(const lum::TriadDrawable& triad, con
   if (const auto* const attributes = triad.findAttributes<lum::TriadAttributes>()) {
     result.hasScreenSize = attributes->getUseConstantPixelSize();
     result.labelHeight = attributes->getAxisLabelHeight();
-    const auto readable = [&](const std::string& text) { return readableText(text, MOST_TEXT_BYTES, what); };
+    const auto readable = [&](const std::string& text) { return readableText(text, MAX_TEXT_BYTES, what); };
     result.labels = {readable(attributes->getXAxisLabelText()), readable(attributes->getYAxisLabelText()),
                      readable(attributes->getZAxisLabelText())};
     const auto& [x, y, z] = *result.labels;

@@ -45,12 +45,12 @@ double pointSizeOf(const lum::GeometryDrawable& drawable, Appearance::Kind kind)
 }
 
 void applyMaterial(const lum::MaterialAttributes& material, Appearance& appearance) {
-  constexpr double GREATEST_POWER = 128.0;
+  constexpr double MAX_POWER = 128.0;
   const double power = material.getSpecularPower();
   appearance.ambient = unitValue(material.getAmbient(), appearance.ambient);
   appearance.diffuse = unitValue(material.getDiffuse(), appearance.diffuse);
   appearance.specular = unitValue(material.getSpecular(), appearance.specular);
-  appearance.specularPower = std::isfinite(power) ? std::clamp(power, 0.0, GREATEST_POWER) : 1.0;
+  appearance.specularPower = std::isfinite(power) ? std::clamp(power, 0.0, MAX_POWER) : 1.0;
 }
 
 void applySurface(const lum::GeometryDrawable& drawable, Appearance& appearance) {
@@ -75,10 +75,10 @@ void applySurface(const lum::GeometryDrawable& drawable, Appearance& appearance)
 /// The mode says which of the two colours counts; where that one is missing,
 /// the other is better than none. Colouring by data falls back on them too.
 Color resolveColor(const lum::GeometryDrawable& drawable, const std::string& key) {
-  const Color& otherwise = kindOf(drawable) == Appearance::Kind::POINTS ? POINT_COLOR : SURFACE_COLOR;
+  const Color& fallback = kindOf(drawable) == Appearance::Kind::POINTS ? POINT_COLOR : SURFACE_COLOR;
   const auto* const attributes = drawable.findAttributes<lum::ColorAttributes>();
   if (attributes == nullptr) {
-    return otherwise;
+    return fallback;
   }
   const auto found = attributes->getColors().find(key);
   const Color* const keyed = found == attributes->getColors().end() ? nullptr : &found->second;
@@ -86,7 +86,7 @@ Color resolveColor(const lum::GeometryDrawable& drawable, const std::string& key
   const bool isPlainFirst = attributes->getColorMode() == lum::ColorMode::PLAIN;
   const Color* const first = isPlainFirst ? plain : keyed;
   const Color* const second = isPlainFirst ? keyed : plain;
-  return first != nullptr ? usableColor(*first) : second != nullptr ? usableColor(*second) : otherwise;
+  return first != nullptr ? usableColor(*first) : second != nullptr ? usableColor(*second) : fallback;
 }
 
 Appearance resolveAppearance(const lum::GeometryDrawable& drawable) {

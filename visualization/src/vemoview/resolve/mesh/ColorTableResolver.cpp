@@ -64,7 +64,7 @@ class TableAdjuster {
     adjustEnds();
     adjustScale();
     if (low() == high()) {
-      note("has a range of one value: what is below has its first colour, what is above its last");
+      note("has a range of one value: lower values have the first colour, higher ones the last");
     }
     return _changes;
   }
@@ -78,18 +78,18 @@ class TableAdjuster {
   void adjustColors() {
     if (_table.rgba.empty()) {
       _table.rgba = defaultColors();
-      note("has no colours and gets those from blue over green to red");
+      note("has no colours and gets a ramp from blue over green to red");
     }
   }
 
   void adjustEnds() {
     if (!std::isfinite(high() - low())) {
       _table.range = {0.0, 1.0};
-      note("has no finite range and gets that from 0 to 1");
+      note("has no finite range and gets the range from 0 to 1");
     } else if (low() > high()) {
       std::swap(low(), high());
       reverseColors();
-      note("has its greater value first and is turned round with its colours");
+      note("starts at its greater value and is reversed with its colours");
     }
   }
 

@@ -23,7 +23,7 @@ namespace vemo {
 ///
 /// - Without colours it gets 256 from blue over green to red.
 /// - A range that is not finite becomes that from 0 to 1.
-/// - A range whose first end is the greater is turned round, and its colours too.
+/// - A range whose first end is the greater is reversed, and its colours too.
 /// - A logarithmic range from 0 or below becomes the four powers of ten below its
 ///   high end; one that ends there is linear.
 class ColorTables {

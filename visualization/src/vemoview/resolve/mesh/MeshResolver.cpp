@@ -124,7 +124,7 @@ class MeshBuilder {
   }
 
   /// Data that have no colour table are not shown: they would need colours and a
-  /// range that nobody has chosen.
+  /// range that nothing specifies.
   void putScalars() {
     const auto* const colors = _drawable.findAttributes<lum::ColorAttributes>();
     const auto* const scalars = _drawable.findAttributes<lum::ScalarAttributes>();

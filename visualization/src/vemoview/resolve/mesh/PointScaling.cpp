@@ -136,10 +136,9 @@ std::vector<MeshInstance> splitBySize(MeshInstance mesh, const lum::GeometryDraw
   const std::string points = "The points of \"" + node.getName() + '"';
   const auto range = values != nullptr ? resolveRange(*attributes, *values, points) : std::nullopt;
   if (!range) {
-    reportFinding(
-        FindingCode::POINTS_NOT_SCALED,
-        fmt::format("{} are not scaled by \"{}\": {}", points, attributes->getScalarName(),
-                    values == nullptr ? "there is no such array that fits them" : "its range is empty"));
+    reportFinding(FindingCode::POINTS_NOT_SCALED,
+                  fmt::format("{} are not scaled by \"{}\": {}", points, attributes->getScalarName(),
+                              values == nullptr ? "no array of that name fits them" : "its range is empty"));
     return {std::move(mesh)};
   }
   const bool isLog = attributes->getScaleMode() == lum::PointScaleMode::LOG10;

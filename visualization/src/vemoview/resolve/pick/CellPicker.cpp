@@ -8,7 +8,6 @@
 #include <vtkPolyData.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace vemo {
@@ -103,7 +102,7 @@ double CellPicker::toleranceAt(double distance) const {
   const bool isPoint = appearance.kind == Appearance::Kind::POINTS;
   const double size = (isPoint ? appearance.pointSize : appearance.lineWidth) *
                       (appearance.isPointSizeInModelUnits ? 1.0 : pixel);
-  return std::max(TOLERANCE * pixel, 0.5 * std::min(size, MAXIMUM_POINT_PIXELS * pixel));
+  return std::max(TOLERANCE * pixel, 0.5 * std::min(size, MAX_POINT_PIXELS * pixel));
 }
 
 void CellPicker::testCells(vtkCellArray* cells, Test test) {

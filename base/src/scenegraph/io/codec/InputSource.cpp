@@ -1,4 +1,4 @@
-#include "scenegraph/io/database/InputSource.h"
+#include "scenegraph/io/codec/InputSource.h"
 
 #include <vemo/scenegraph/io/FileError.h>
 
@@ -18,7 +18,7 @@ InputSource::InputSource(std::istream& in) : _in(in), _start(in.tellg()) {
   _in.seekg(0, std::ios::end);
   const std::istream::pos_type end = _in.tellg();
   if (!_in || _start == std::istream::pos_type(-1) || end < _start) {
-    throw FileError(FileIoStatus::ReadError, "The stream cannot be positioned");
+    throw FileError(FileIoStatus::ReadError, "The stream is not seekable");
   }
   _size = static_cast<std::uint64_t>(end - _start);
   _in.seekg(_start);
@@ -29,7 +29,8 @@ void InputSource::seek(std::uint64_t position) {
     return;
   }
   if (position > _size) {
-    throw FileError(FileIoStatus::ReadError, fmt::format("Byte {} of {} is not there", position, _size));
+    throw FileError(FileIoStatus::ReadError,
+                    fmt::format("Position {} is beyond the end ({} bytes)", position, _size));
   }
   if (position > _position && position - _position <= SMALL_GAP) {
     _in.ignore(static_cast<std::streamsize>(position - _position));

@@ -7,12 +7,12 @@
 
 namespace lum::io {
 
-/// The bytes of a stream from its position to its end, which is known from
-/// the start: nothing is made room for that is not there. All failures are
+/// The bytes of a stream from its position to its end, which is known from the
+/// start, so no read allocates more than the stream holds. All failures are
 /// FileError (ReadError).
 class InputSource {
  public:
-  /// The stream must be one that can be positioned.
+  /// The stream must be seekable.
   explicit InputSource(std::istream& in);
 
   std::uint64_t getSize() const { return _size; }
