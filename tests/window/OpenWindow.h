@@ -23,7 +23,8 @@ inline Picture toPicture(const QImage& image) {
   Picture picture(rgb.width(), rgb.height());
   for (int row = 0; row < rgb.height(); ++row) {
     for (int column = 0; column < rgb.width(); ++column) {
-      const uchar* const pixel = rgb.constScanLine(row) + Picture::CHANNELS * column;
+      const int offset = Picture::CHANNELS * column;
+      const uchar* const pixel = rgb.constScanLine(row) + offset;
       picture.set(column, row, {pixel[0], pixel[1], pixel[2]});
     }
   }

@@ -236,7 +236,8 @@ TEST(SceneWindow, StaysUsableWithTenThousandItems) {
   RenderScene scene;
   for (int i = 0; i < SIDE * SIDE; ++i) {
     const float left = static_cast<float>(i % SIDE) / SIDE - 0.5F;
-    const float bottom = static_cast<float>(i / SIDE) / SIDE - 0.5F;
+    const int row = i / SIDE;
+    const float bottom = static_cast<float>(row) / SIDE - 0.5F;
     const auto square = makeRectangle(left, left + 1.0F / SIDE, bottom, bottom + 1.0F / SIDE);
     name(scene.addSurface(square, PINK), (left < 0 ? "left " : "right ") + std::to_string(i));
   }
