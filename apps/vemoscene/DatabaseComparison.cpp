@@ -21,6 +21,7 @@ using Record = lum::SDBReader::Record;
 Matching matchByTitle(const std::vector<Record>& left, const std::vector<Record>& right) {
   const auto keysOf = [](const std::vector<Record>& records) {
     std::vector<Matching::Key> keys;
+    keys.reserve(records.size());
     for (const Record& record : records) {
       keys.emplace_back(record.title, "");
     }

@@ -21,7 +21,7 @@ namespace lum {
 
 namespace {
 
-constexpr vtkIdType LARGE = 1024;
+constexpr vtkIdType LARGE_ARRAY = 1024;
 
 std::string nameOf(vtkDataArray& array) {
   return array.GetName() != nullptr ? fmt::format("\"{}\"", array.GetName()) : "nothing";
@@ -128,8 +128,9 @@ void ArrayComparison::reportValues(const Arrays& arrays, const Report& report, C
   if (arrays[0] == arrays[1] && arrays[2] == arrays[3]) {
     return;
   }
-  const bool isLarge = std::ranges::any_of(
-      arrays, [](vtkDataArray* array) { return array != nullptr && array->GetNumberOfValues() >= LARGE; });
+  const bool isLarge = std::ranges::any_of(arrays, [](vtkDataArray* array) {
+    return array != nullptr && array->GetNumberOfValues() >= LARGE_ARRAY;
+  });
   const auto known = isLarge ? _known.find(arrays) : _known.end();
   const Finding found = known != _known.end() ? known->second : compare();
   if (isLarge && known == _known.end()) {

@@ -78,7 +78,7 @@ std::vector<Decoration> DecorationResolver::resolve(const std::vector<VisibleDra
     forEachInstance(isInWindow(*content) ? nullptr : visible.transforms,
                     [&](const InstanceTransform* transform) {
                       if (hasRoom()) {
-                        Decoration& decoration = result.emplace_back(visible.drawable, *content);
+                        Decoration& decoration = result.emplace_back(Decoration{visible.drawable, *content});
                         if (transform != nullptr) {
                           std::visit(Placing{*transform}, decoration.content);
                         }
