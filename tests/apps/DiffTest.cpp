@@ -7,7 +7,6 @@
 #include <vemo/scenegraph/io/SDBWriter.h>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 namespace vemo {

@@ -5,13 +5,11 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <gtest/gtest.h>
 #include <iomanip>
 #include <random>
 #include <set>
 #include <sstream>
-#include <string>
 #include <sys/stat.h>
 
 namespace vemo {

@@ -20,7 +20,6 @@
 #include <vtkTransform.h>
 #include <vtkUnsignedCharArray.h>
 
-#include <array>
 #include <functional>
 #include <gtest/gtest.h>
 #include <numeric>

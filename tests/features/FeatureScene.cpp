@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <filesystem>
 #include <gtest/gtest.h>
 #include <set>
 #include <sstream>

@@ -7,8 +7,6 @@
 
 #include <gtest/gtest.h>
 #include <numeric>
-#include <string>
-#include <vector>
 
 namespace vemo {
 

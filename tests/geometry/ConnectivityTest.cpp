@@ -9,7 +9,6 @@
 #include <gmock/gmock.h>
 #include <limits>
 #include <utility>
-#include <vector>
 
 namespace vemo {
 

@@ -4,7 +4,6 @@
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
-#include <vtkFloatArray.h>
 #include <vtkNew.h>
 #include <vtkPointData.h>
 #include <vtkPoints.h>

@@ -8,7 +8,6 @@
 #include <locale>
 #include <random>
 #include <sstream>
-#include <string>
 #include <type_traits>
 #include <utility>
 

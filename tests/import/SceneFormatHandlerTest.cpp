@@ -6,9 +6,7 @@
 #include <vemo/scenegraph/Logger.h>
 
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
-#include <functional>
 #include <gmock/gmock.h>
 #include <sstream>
 #include <sys/stat.h>

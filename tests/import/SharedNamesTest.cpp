@@ -6,8 +6,6 @@
 #include <vemo/scenegraph/drawables/GeometryDrawable.h>
 
 #include <map>
-#include <string>
-#include <vector>
 
 namespace vemo {
 

@@ -6,14 +6,11 @@
 #include "vemoview/import/scene/SceneFormat.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
 #include <gmock/gmock.h>
 #include <map>
-#include <optional>
 #include <regex>
 #include <set>
-#include <string>
 #include <utility>
 
 namespace vemo {

@@ -3,9 +3,7 @@
 
 #include <gtest/gtest.h>
 #include <link.h>
-#include <string>
 #include <string_view>
-#include <vector>
 
 namespace vemo {
 

@@ -4,8 +4,6 @@
 #include <vemo/resolve/SceneResolver.h>
 #include <vemo/resolve/SceneTooLarge.h>
 #include <vemo/scenegraph/attributes/MaterialAttributes.h>
-#include <vemo/scenegraph/drawables/ImageDrawable.h>
-#include <vemo/scenegraph/drawables/LegendDrawable.h>
 #include <vemo/scenegraph/transforms/PeriodicRepeatTransform.h>
 #include <vemo/scenegraph/transforms/SimpleTransform.h>
 #include <vemo/scenegraph/transforms/SymmetricTransform.h>
@@ -13,7 +11,6 @@
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
 #include <vtkPointData.h>
-#include <vtkUnsignedCharArray.h>
 
 #include <cmath>
 #include <gmock/gmock.h>
@@ -172,17 +169,6 @@ TEST_F(UnusableValues, InvalidCellsAreNotDrawn) {
       EXPECT_FALSE(meshes[0].scalars);
     }
   }
-}
-
-TEST_F(UnusableValues, ImagesAndLegendsAreNotDrawn) {
-  auto& image = scene.drawables().findOrCreate<lum::ImageDrawable>("image").getImageAttributes();
-  image.setPixels(makeArray<vtkUnsignedCharArray>("pixels", {255}), 1, 1);
-  auto& legend = scene.drawables().findOrCreate<lum::LegendDrawable>("legend");
-  legend.getColorLookupTable();
-  EXPECT_EQ(resolve().decorations.size(), 2U);
-  image.setXAxis({0, 0, 0});
-  legend.getLegendAttributes().setSize({NAN, 1});
-  EXPECT_EQ(resolve().decorations.size(), 0U);
 }
 
 }  // namespace

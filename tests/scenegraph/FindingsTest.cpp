@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <gmock/gmock.h>
-#include <string>
 #include <vector>
 
 namespace vemo {

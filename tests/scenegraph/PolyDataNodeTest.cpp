@@ -7,7 +7,6 @@
 #include <vtkCellData.h>
 #include <vtkPointData.h>
 #include <vtkPoints.h>
-#include <vtkPolyData.h>
 
 #include <gtest/gtest.h>
 

@@ -13,9 +13,7 @@
 #include <vtkCellArray.h>
 #include <vtkUnsignedCharArray.h>
 
-#include <array>
 #include <gtest/gtest.h>
-#include <vector>
 
 namespace vemo {
 
