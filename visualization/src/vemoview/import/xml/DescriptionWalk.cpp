@@ -4,7 +4,6 @@
 #include <vemo/import/QxElement.h>
 #include <vemo/import/SceneItem.h>
 
-#include <ranges>
 #include <utility>
 #include <vector>
 
@@ -18,8 +17,9 @@ void walkDescription(const QxElement& root, const std::function<bool(const Place
     if (!visit(place)) {
       continue;
     }
-    for (const auto& child : place.element->getChildren() | std::views::reverse) {
-      next.push_back({child.get(), place.path + "/" + ReadingContext::pathPart(SceneItem::pathName(*child)),
+    const auto& children = place.element->getChildren();
+    for (auto child = children.rbegin(); child != children.rend(); ++child) {
+      next.push_back({child->get(), place.path + "/" + ReadingContext::pathPart(SceneItem::pathName(**child)),
                       place.depth + 1});
     }
   }
