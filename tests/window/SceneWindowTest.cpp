@@ -175,6 +175,16 @@ TEST_F(SceneWindowTest, ShowsOneItemOfAHiddenGroup) {
   EXPECT_GT(countPink(shown), before);
   EXPECT_NE(at(shown, open.placeOf(0, -0.6))[0], 255);
   EXPECT_FALSE(open.isChecked("unwanted"));
+
+  open.press(Qt::Key_A);
+  open.selectRow("wanted");
+  open.press(Qt::Key_O);
+  open.press(Qt::Key_Escape);
+  const Picture alone = open.look();
+  EXPECT_EQ(at(alone, open.placeOf(0, 0.6))[0], 255);
+  EXPECT_LT(countPink(alone), before);
+  EXPECT_FALSE(open.isChecked("unwanted"));
+  EXPECT_TRUE(open.isChecked("hidden group"));
 }
 
 TEST_F(SceneWindowTest, ShowsTheValuesOfWhatIsPicked) {
