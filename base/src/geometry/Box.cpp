@@ -16,16 +16,22 @@ double Box::longestSide() const {
   return std::ranges::max(high - low);
 }
 
-Box finiteBounds(vtkDataArray& coordinates) {
+Box finiteBounds(vtkDataArray& coordinates, vtkIdType* leftOut) {
   Box bounds;
-  PointReader(coordinates).visit([&bounds](const auto& points) {
+  vtkIdType count = 0;
+  PointReader(coordinates).visit([&](const auto& points) {
     for (vtkIdType i = 0; i < points.size(); ++i) {
       const Vector3 point = points[i];
       if (isFinite(point)) {
         bounds.add(point);
+      } else {
+        ++count;
       }
     }
   });
+  if (leftOut != nullptr) {
+    *leftOut = count;
+  }
   return bounds;
 }
 

@@ -38,6 +38,7 @@ struct Box {
 
 /// The box around the points of an array with three components, without those
 /// that have a coordinate which is not finite.
-VEMO_GEOMETRY_EXPORT Box finiteBounds(vtkDataArray& coordinates);
+/// @param leftOut receives their number
+VEMO_GEOMETRY_EXPORT Box finiteBounds(vtkDataArray& coordinates, vtkIdType* leftOut = nullptr);
 
 }  // namespace vemo

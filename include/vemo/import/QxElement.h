@@ -44,6 +44,8 @@ class VEMO_IMPORT_EXPORT QxElement {
   /// Whether there is text other than blanks.
   bool hasText() const { return _hasText; }
   bool isTextRead() const { return _isTextRead; }
+  /// Whether an earlier run of characters held more than blanks.
+  bool hasReplacedText() const { return _hasReplacedText; }
 
   const Attributes& getAttributes() const { return _attributes; }
   void setAttribute(const std::string& name, const std::string& value) { _attributes[name] = {value}; }
@@ -98,6 +100,7 @@ class VEMO_IMPORT_EXPORT QxElement {
   mutable bool _isRead = false;
   mutable bool _isTextRead = false;
   bool _hasText = false;
+  bool _hasReplacedText = false;
 };
 
 }  // namespace vemo

@@ -26,6 +26,7 @@
   KIND(COLORMAP_UNKNOWN, CHANGED, "A legend names a colormap that its assembly does not have; the active one is shown.") \
   KIND(COLORMAP_UNUSED, LOST, "A colormap colours nothing: neither data nor a legend.") \
   KIND(DATABASE_DAMAGED, REFUSED, "A database, or one of its records or arrays, cannot be read.") \
+  KIND(DECLARATIONS_NOT_READ, LOST, "The scene description refers to declarations in other files, which are not read: entities and default values that they declare are missing.") \
   KIND(DECORATION_NOT_DRAWN, LOST, "A legend, text, image or triad has no usable position or size and is not drawn.") \
   KIND(DECORATIONS_LIMITED, LOST, "Of very many triads, legends, texts and images only the first are drawn.") \
   KIND(DESCRIPTION_REPLACED, NOTE, "An archive holds a scene graph of its own, which is used instead of its items.") \
@@ -47,6 +48,7 @@
   KIND(ITEM_REPLACED, LOST, "An item took the place of another of its kind and name.") \
   KIND(KIND_NOT_SHOWN, LOST, "Items of this kind are not shown: `vectors`, `streamlines`.") \
   KIND(LEGEND_MOVED, CHANGED, "A legend that would leave the window is moved into it.") \
+  KIND(LEGEND_OF_OTHER_COLORS, NOTE, "A legend shows another colormap than the one that colours its assembly.") \
   KIND(LEGEND_WITHOUT_COLORMAP, LOST, "A legend without a colormap is left out.") \
   KIND(LIGHTS_LIMITED, LOST, "Of many lights only the first are used.") \
   KIND(NOT_COLORED_BY_ARRAY, CHANGED, "A geometry is drawn without the colours of its data array, which does not fit it.") \
@@ -55,7 +57,7 @@
   KIND(PLANES_LIMITED, CHANGED, "Of many clipping planes only the first are applied.") \
   KIND(POINT_SCALE_ADJUSTED, CHANGED, "Points are scaled over another range than the one stated, which their scale cannot have.") \
   KIND(POINTS_NOT_SCALED, CHANGED, "Points are drawn in one size: no data scale them.") \
-  KIND(POINTS_WITHOUT_POSITION, CHANGED, "A geometry has no points with finite coordinates.") \
+  KIND(POINTS_WITHOUT_POSITION, CHANGED, "Points have coordinates that are not finite: they, and the faces that they are corners of, are not drawn.") \
   KIND(REFERENCE_LOST, LOST, "A reference to a node outside the written scene is not written.") \
   KIND(REPEATS_LIMITED, LOST, "Of very many repeats only the first are shown.") \
   KIND(SCENE_NOT_DRAWN, LOST, "A scene is too large to be drawn.") \
@@ -65,10 +67,11 @@
   KIND(TEXT_IGNORED, LOST, "Text inside an element that takes none is ignored.") \
   KIND(TRANSFORM_REPLACED, LOST, "Of the transforms of assemblies of one name only the last one is used.") \
   KIND(TRANSFORM_SHARED, CHANGED, "A transform also applies to items added by another of the same name.") \
-  KIND(TRANSFORM_UNUSABLE, CHANGED, "A transform has a scale of zero in some directions, an axis without direction, or a mirror without normal.") \
+  KIND(TRANSFORM_UNUSABLE, CHANGED, "A transform has a scale of zero in some directions, an axis without direction, a mirror without normal, or numbers that are too small or too large.") \
   KIND(VALUE_IGNORED, CHANGED, "A value that cannot be read or is out of range is replaced by the default.") \
   KIND(VALUE_UNREADABLE, CHANGED, "A value is not written as its type demands; the format still gives it a meaning.") \
   KIND(VERSION_TOO_NEW, REFUSED, "An element is of a newer version than this program knows.") \
+  KIND(VIEW_ADJUSTED, CHANGED, "A view has no direction, upward direction or scale that can be used; others replace them.") \
   KIND(VISIBILITY_PARTIAL, CHANGED, "A visibility between 0 and 1 counts as 1, except for images.") \
   KIND(XML_INVALID, REFUSED, "The scene description is not well-formed XML, nests too deeply or is too large.")
 // clang-format on

@@ -43,6 +43,8 @@ class VEMO_IMPORT_EXPORT Scene : public AssemblyItem {
     const Camera& getCamera() const { return _camera; }
 
    private:
+    void reportUnusable(SceneFileReader& reader) const;
+
     Camera _camera;
   };
 

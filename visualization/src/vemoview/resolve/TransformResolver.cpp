@@ -74,6 +74,11 @@ InstanceTransform reflection(const Vector<4, double>& plane) {
   return result;
 }
 
+void reportNotUsable() {
+  reportFinding(FindingCode::TRANSFORM_UNUSABLE,
+                "Something is not drawn: its transforms make it too small or too large to compute with");
+}
+
 void reportRepeatsLimited(std::size_t count) {
   reportFinding(FindingCode::REPEATS_LIMITED, "Of " + std::to_string(count) + " repeats only the first " +
                                                   std::to_string(MAX_INSTANCES) + " are shown");
@@ -113,7 +118,14 @@ InstanceTransforms instancesOf(const lum::Transform& transform) {
   if (const auto* const repeat = dynamic_cast<const lum::PeriodicRepeatTransform*>(simple)) {
     return repetitions(matrix, repeat->getNumRepeats());
   }
-  return isUsable(matrix) ? InstanceTransforms{matrix} : InstanceTransforms{};
+  if (isUsable(matrix)) {
+    return {matrix};
+  }
+  // Reading says of what is scaled by zero that it is not seen.
+  if (std::ranges::find(simple->getScale(), 0.0) == simple->getScale().end()) {
+    reportNotUsable();
+  }
+  return {};
 }
 
 }  // namespace
@@ -134,13 +146,19 @@ SharedInstanceTransforms resolveTransforms(const lum::Transform* transform,
     reportRepeatsLimited(owner->size() * own.size());
   }
   InstanceTransforms result;
+  bool areAllUsable = true;
   for (const InstanceTransform& outer : *owner) {
     for (const InstanceTransform& inner : own) {
       const InstanceTransform both = product(outer, inner);
-      if (result.size() < MAX_INSTANCES && isUsable(both)) {
+      if (!isUsable(both)) {
+        areAllUsable = false;
+      } else if (result.size() < MAX_INSTANCES) {
         result.push_back(both);
       }
     }
+  }
+  if (!areAllUsable) {
+    reportNotUsable();
   }
   return std::make_shared<const InstanceTransforms>(std::move(result));
 }

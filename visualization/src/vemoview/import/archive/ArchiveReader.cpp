@@ -61,7 +61,7 @@ std::vector<std::string> ArchiveReader::getUnusedEntries() const {
   std::vector<std::string> unused;
   for (int i = 0; i < _archive.getEntryCount(); ++i) {
     const std::string name = _archive.getEntryName(i);
-    const bool isFolder = name.ends_with('/');
+    const bool isFolder = name.ends_with('/') && _archive.getSize(name) == 0;
     if (!isFolder && !_used.contains(name)) {
       unused.push_back(name);
     }

@@ -1,6 +1,7 @@
 #include "vemoview/import/items/ItemDrawable.h"
 #include "vemoview/import/reading/KeyTable.h"
-#include "vemoview/import/reading/ReadingContext.h"
+#include "vemoview/import/reading/SceneFileReader.h"
+#include <vemo/base/Vector.h>
 #include <vemo/import/SharedBySiblings.h>
 #include <vemo/import/items/CoordinateSystemItem.h>
 #include <vemo/scenegraph/Logger.h>
@@ -35,6 +36,9 @@ void CoordinateSystemItem::read(const QxElement& element, SceneFileReader* reade
   if (getXAxis() != CoordinateSystemItem("").getXAxis()) {
     // It follows from the others.
     ValueReader(element, reader, OnBadValue::FAIL).reportWithoutEffect("xaxis");
+  }
+  if (length(cross(getYAxis(), getZAxis())) == 0.0 && reader != nullptr) {
+    reader->report(FindingCode::VALUE_IGNORED, "The y and z axes have one direction: the triad has others");
   }
   readImpl(element, reader);
 }

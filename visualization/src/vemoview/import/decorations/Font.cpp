@@ -25,7 +25,7 @@ const KeyTable<Font::Style> Font::KEYS({
     key::always<&Font::Style::bold>("bold", "bold letters"),
     key::always<&Font::Style::italic>("italic", "italic letters"),
     key::always<&Font::Style::shadow>("shadow", "a shadow behind the letters"),
-    key::always<&Font::Style::color>("textColor", "its alpha is not used"),
+    key::always<&Font::Style::color>("textColor", "its alpha is not used").withoutAlpha(),
 });
 
 Font::Font() : _textProperty(vtkSmartPointer<vtkTextProperty>::New()) {

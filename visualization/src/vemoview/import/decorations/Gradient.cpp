@@ -7,8 +7,8 @@
 namespace vemo {
 
 const KeyTable<Gradient> Gradient::KEYS({
-    key::always<&Gradient::_topColor>("topColor", "the first colour"),
-    key::always<&Gradient::_bottomColor>("bottomColor", "the second colour"),
+    key::always<&Gradient::_topColor>("topColor", "the first colour").withoutAlpha(),
+    key::always<&Gradient::_bottomColor>("bottomColor", "the second colour").withoutAlpha(),
     key::always<&Gradient::_mode>(
         "mode",
         "where the first colour is, and where the second. `SOLID`, also the result of "

@@ -25,6 +25,9 @@ void Image2D::setPlace(const Vector<3, double>& position, const Vector<3, double
 void Image2D::readPlace(const QxElement& element, SceneFileReader* reader) {
   Place place;
   KEYS.read(place, element, reader);
+  if (place.size[2] != 0.0) {
+    ValueReader(element, reader, OnBadValue::WARN).reportWithoutEffect("size");
+  }
   setPlace(place.position, place.size);
 }
 

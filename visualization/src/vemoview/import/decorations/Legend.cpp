@@ -33,7 +33,8 @@ const KeyTable<Legend> Legend::KEYS(
         key::always<&Legend::_orientation>("orientation", "orientation of the bar").named(ORIENTATIONS),
         key::ifPresent<&Legend::_labelCount>("numberOfLabels", "from 0 to 64").inRange(0, MAX_LABELS),
         key::ifPresent<&Legend::_textHeight>(
-            "textHeight", "the height of a line of text as a fraction of the window's; 0: as it fits"),
+            "textHeight", "the height of a line of text as a fraction of the window's; 0: as it fits")
+            .inRange(0, 1),
         key::ifPresent<&Legend::_format>(
             "numberFormat",
             "one conversion of C's `printf` for a number (`e`, `f`, `g`, `a`), with text around it")
@@ -98,6 +99,11 @@ void Legend::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& 
     report(shared.context, FindingCode::LEGEND_WITHOUT_COLORMAP,
            "The legend of \"" + parentName + "\" has no colormap and is left out");
     return;
+  }
+  if (colormap != shared.colormap) {
+    report(shared.context, FindingCode::LEGEND_OF_OTHER_COLORS,
+           "The legend of \"" + parentName + "\" shows the colormap \"" + colormap->getName() +
+               "\", but the assembly has the colours of \"" + shared.colormap->getName() + '"');
   }
   auto& drawable = addDrawable<lum::LegendDrawable>(getName().empty() ? parentName : getName(), collection);
   addVisibilityAttrib(drawable, shared.isHidden);

@@ -22,6 +22,7 @@
 #include <vtkPointData.h>
 #include <vtkPolyData.h>
 
+#include <fmt/format.h>
 #include <string_view>
 
 namespace vemo {
@@ -69,15 +70,17 @@ void GeometryDrawableBuilder::build(const std::string& qualifiedName) {
 
 Vector<3, double> GeometryDrawableBuilder::findCenter() const {
   vtkPoints* const points = _polyData.GetPoints();
-  const Box bounds = points != nullptr ? finiteBounds(*points->GetData()) : Box();
+  vtkIdType nonFinite = 0;
+  const Box bounds = points != nullptr ? finiteBounds(*points->GetData(), &nonFinite) : Box();
+  if (nonFinite > 0) {
+    report(_context, FindingCode::POINTS_WITHOUT_POSITION,
+           fmt::format("{} of {} points have no finite coordinates and are not drawn", nonFinite,
+                       _polyData.GetNumberOfPoints()));
+  }
   if (!bounds.isEmpty()) {
     return bounds.center();
   }
   VEMO_LOG_INFO("Investigate this case. Probably, should be caught earlier.");
-  if (_polyData.GetNumberOfPoints() > 0) {
-    report(_context, FindingCode::POINTS_WITHOUT_POSITION,
-           "None of the " + std::to_string(_polyData.GetNumberOfPoints()) + " points has finite coordinates");
-  }
   return {};
 }
 

@@ -36,6 +36,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <tuple>
 #include <utility>
 
 namespace vemo {
@@ -161,7 +162,9 @@ void GeometryItem::read(const QxElement& element, SceneFileReader* reader) {
 }
 
 void GeometryItem::readImpl(const QxElement& element, SceneFileReader* reader) {
-  GeometrySettings::KEYS.read(_settings, element, reader);
+  if (!reader->attempt([&] { GeometrySettings::KEYS.read(_settings, element, reader); })) {
+    element.markAllRead();
+  }
   reportSettingsOutOfRange(*reader);
   setLineWidth(_settings.lineWidth);
   readGeometry(element, *reader);
@@ -173,15 +176,27 @@ void GeometryItem::readImpl(const QxElement& element, SceneFileReader* reader) {
 }
 
 void GeometryItem::reportSettingsOutOfRange(SceneFileReader& reader) const {
-  const auto report = [&reader](const std::string& value, const char* key) {
+  const auto report = [&reader](double value, const char* key, const std::string& meaning) {
     reader.report(FindingCode::VALUE_IGNORED,
-                  "The value " + value + " of \"" + key + "\" is out of range: it counts as 0", {}, key);
+                  fmt::format("The value {:g} of \"{}\" is out of range: it {}", value, key, meaning), {},
+                  key);
   };
   if (_settings.lineWidth < 0.0F) {
-    report(fmt::format("{:g}", _settings.lineWidth), "lineWidth");
+    report(_settings.lineWidth, "lineWidth", "counts as 0");
+  }
+  if (_settings.pointSize <= 0.0) {
+    report(_settings.pointSize, "pointSize", "is drawn as 1");
   }
   if (_settings.pointScaleMode < 0 || _settings.pointScaleMode > 2) {
-    report(std::to_string(_settings.pointScaleMode), "pointScaleMode");
+    report(_settings.pointScaleMode, "pointScaleMode", "counts as 0");
+  }
+  for (const auto& [key, value, greatest] :
+       {std::tuple("ambient", _settings.ambient, 1.0), std::tuple("diffuse", _settings.diffuse, 1.0),
+        std::tuple("specular", _settings.specular, 1.0),
+        std::tuple("specularPower", _settings.specularPower, 128.0)}) {
+    if (value < 0.0 || value > greatest) {
+      report(value, key, fmt::format("is drawn as {:g}", value < 0.0 ? 0.0 : greatest));
+    }
   }
 }
 

@@ -1,5 +1,6 @@
 #include "vemoview/common/VtkForms.h"
 #include "vemoview/import/reading/KeyTable.h"
+#include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/import/items/ClippingPlane.h>
 #include <vemo/scenegraph/canvas/ClipPlanesAttributes.h>
 
@@ -17,6 +18,9 @@ ClippingPlane::~ClippingPlane() = default;
 
 void ClippingPlane::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement(*this, element, reader);
+  if (_normal == Vector<3, double>{} && reader != nullptr) {
+    reader->report(FindingCode::VALUE_IGNORED, "The plane has no normal: it does not cut");
+  }
 }
 
 void ClippingPlane::convertTo(lum::Plane& plane) const {

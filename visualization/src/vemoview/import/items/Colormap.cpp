@@ -38,7 +38,9 @@ void Colormap::readImpl(const QxElement& element, SceneFileReader* reader) {
     child->markRead();
     const std::string& text = child->getText();
     _colors.push_back(Color::parse(text));
-    if (!COLOR_FORM.matches(text)) {
+    if (child->hasReplacedText()) {
+      reportUnreadable(reader, text, "a colour", "only the last part of its text", valueText(_colors.back()));
+    } else if (!COLOR_FORM.matches(text)) {
       reportUnreadable(reader, text, "a colour", COLOR_FORM.flaw, valueText(_colors.back()));
     }
   }

@@ -38,6 +38,12 @@ void GraphicsItem::readImpl(const QxElement& element, SceneFileReader* reader) {
     reader->report(FindingCode::VISIBILITY_PARTIAL,
                    fmt::format("The visibility {:g} counts as 1: the item is not translucent", _visibility));
   }
+  if ((_visibility < 0.0 || _visibility > 1.0) && reader != nullptr) {
+    reader->report(FindingCode::VALUE_UNREADABLE,
+                   fmt::format("The visibility {:g} is out of range: the item is {}", _visibility,
+                               _visibility < 0.0 ? "hidden" : "shown"),
+                   {}, XML_ATTRIB_VISIBILITY);
+  }
 }
 
 bool GraphicsItem::statesVisibility(const QxElement& element) {

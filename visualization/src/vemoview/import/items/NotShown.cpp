@@ -8,10 +8,7 @@ namespace vemo {
 
 void warnNotShown(const QxElement& element, SceneFileReader* reader) {
   // One finding covers all of it.
-  walkDescription(element, [](const PlacedElement& place) {
-    place.element->markAllRead();
-    return true;
-  });
+  markTreeRead(element);
   if (reader != nullptr) {
     reader->report(FindingCode::KIND_NOT_SHOWN,
                    "Items of the kind \"" + element.getName() + "\" are not shown");

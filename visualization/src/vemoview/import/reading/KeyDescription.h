@@ -33,6 +33,8 @@ struct KeyDescription {
   const std::string* words = nullptr;
   /// What the key says has no place in a scene graph.
   bool isWithoutEffect = false;
+  /// Colours: nothing is as translucent as the alpha says.
+  bool isAlphaUnused = false;
   /// Bits of the types of items that it applies to.
   unsigned appliesTo = ~0U;
   /// Numbers out of this range are ignored, with a finding.

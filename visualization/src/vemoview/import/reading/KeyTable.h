@@ -41,6 +41,11 @@ struct Key : KeyDescription {
     isWithoutEffect = true;
     return std::move(*this);
   }
+  /// Nothing uses the colour's alpha. Where it is not opaque, a finding says so.
+  Key withoutAlpha() && {
+    isAlphaUnused = true;
+    return std::move(*this);
+  }
   /// Items of other types do not use the value.
   Key onlyFor(std::initializer_list<int> types) && {
     appliesTo = 0;

@@ -15,6 +15,10 @@ namespace {
 /// Of an item's name in a path: names in untrusted files may be as long as the file.
 constexpr std::size_t MAX_NAME_LENGTH = 60;
 
+/// There may be as many paths as elements.
+constexpr std::size_t MAX_PATH_LENGTH = 1000;
+const std::string FURTHER_PARTS = "/...";
+
 }  // namespace
 
 std::string ReadingContext::pathPart(const std::string& name) {
@@ -27,6 +31,16 @@ std::string ReadingContext::pathPart(const std::string& name) {
     --end;
   }
   return name.substr(0, end) + "...";
+}
+
+void ReadingContext::extendPath(std::string& path, const std::string& part) {
+  if (path.empty()) {
+    path = part;
+  } else if (path.size() < MAX_PATH_LENGTH) {
+    path += "/" + part;
+  } else if (!path.ends_with(FURTHER_PARTS)) {
+    path += FURTHER_PARTS;
+  }
 }
 
 ReadingContext::ItemScope::ItemScope(ReadingContext* context, const std::string& name, int line)
@@ -51,7 +65,7 @@ ReadingContext::ItemScope::~ItemScope() {
 std::string ReadingContext::getItemPath() const {
   std::string path;
   for (const Item& item : _items) {
-    path += (path.empty() ? "" : "/") + item.name;
+    extendPath(path, item.name);
   }
   return path;
 }

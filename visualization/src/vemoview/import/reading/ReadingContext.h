@@ -41,22 +41,28 @@ class VEMO_IMPORT_EXPORT ReadingContext {
   /// The part of a path for a name, which is shortened when it is very long.
   static std::string pathPart(const std::string& name);
 
+  /// Appends the part to a path, unless that is very long already: then "..."
+  /// stands for all further parts.
+  static void extendPath(std::string& path, const std::string& part);
+
   /// From now on, what is attempted reports its failures and goes on, and all
   /// findings are kept.
   void collectFaults() { _collectsFaults = true; }
 
   /// Calls the function. A failure in the file is thrown, or reported, with the
-  /// item that it happened in.
+  /// item that it happened in. Returns whether there was none.
   template <class Function>
-  void attempt(Function&& function) {
+  bool attempt(Function&& function) {
     if (!_collectsFaults) {
       function();
-      return;
+      return true;
     }
     try {
       function();
+      return true;
     } catch (...) {
       reportCurrentException();
+      return false;
     }
   }
 
@@ -96,12 +102,12 @@ class VEMO_IMPORT_EXPORT ReadingContext {
 
 /// Calls the function as the context attempts it; without one, plainly.
 template <class Function>
-void attempt(ReadingContext* context, Function&& function) {
+bool attempt(ReadingContext* context, Function&& function) {
   if (context != nullptr) {
-    context->attempt(function);
-  } else {
-    function();
+    return context->attempt(function);
   }
+  function();
+  return true;
 }
 
 /// For conversion, which a host may start without a context: the finding then

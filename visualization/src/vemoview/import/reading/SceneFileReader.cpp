@@ -17,7 +17,12 @@ SceneFileReader::SceneFileReader(ZipFileReader archive) : ArchiveReader(std::mov
 std::unique_ptr<QxElement> SceneFileReader::readXml(const std::string& entryName) {
   const ArrayOwner<unsigned char> text(readEntry(entryName));
   const std::uint64_t maxElements = std::max(MAX_ELEMENTS_OF_SMALL_ARCHIVE, 4 * getArchive().getFileSize());
-  return parseXml(text.values(), entryName, {MAX_ELEMENT_DEPTH, maxElements});
+  XmlDocument document = parseXml(text.values(), entryName, {MAX_ELEMENT_DEPTH, maxElements});
+  if (document.hasDeclarationsOutside) {
+    report(FindingCode::DECLARATIONS_NOT_READ,
+           "The description refers to declarations outside of it, which are not read", entryName);
+  }
+  return std::move(document.root);
 }
 
 void SceneFileReader::reportFlaws(const ZipFileReader::ContentFlaws& flaws, const std::string& entryName) {

@@ -8,12 +8,16 @@
 #include <vemo/import/Exception.h>
 
 #include <algorithm>
+#include <cmath>
+#include <cstdint>
 #include <fmt/format.h>
 #include <limits>
 
 namespace vemo {
 
 namespace {
+
+constexpr std::uint8_t OPAQUE = 255;
 
 const std::string VECTOR_COMPONENTS[] = {"x", "y", "z"};
 
@@ -137,6 +141,10 @@ void ValueReader::read(const KeyDescription& key, float& value) const {
   double number = value;
   read(key, number);
   value = static_cast<float>(std::clamp(number, -MAX_FLOAT, MAX_FLOAT));
+  const std::string* const text = _element.findAttribute(key.name);
+  if (text != nullptr && std::abs(number) > MAX_FLOAT) {
+    reportUnreadable(_reader, *text, inQuotes(key.name), "out of range", valueText(value));
+  }
 }
 
 void ValueReader::read(const KeyDescription& key, std::string& value) const {
@@ -166,6 +174,10 @@ void ValueReader::read(const KeyDescription& key, Color& value) const {
     value = _element.getColor(key.name);
     if (!COLOR_FORM.matches(*text)) {
       reportUnreadable(_reader, *text, inQuotes(key.name), COLOR_FORM.flaw, valueText(value));
+    }
+    if (key.isAlphaUnused && value.a != OPAQUE && _reader != nullptr) {
+      _reader->report(FindingCode::ATTRIBUTE_WITHOUT_EFFECT,
+                      "The alpha of " + inQuotes(key.name) + " has no effect", {}, key.name);
     }
   });
 }

@@ -2,6 +2,7 @@
 
 #include "vemoview/import/reading/SceneFileReader.h"
 #include "vemoview/import/scene/SceneFormat.h"
+#include "vemoview/import/xml/DescriptionWalk.h"
 #include <vemo/import/GraphicsItem.h>
 #include <vemo/import/QxElement.h>
 
@@ -64,12 +65,16 @@ void readChildren(Container& container, const ReadingCommands<Container>& comman
     }
     child->markRead();
     const ReadingContext::ItemScope scope(reader, SceneItem::pathName(*child), child->getLine());
-    attempt(reader, [&] {
+    const bool isSound = attempt(reader, [&] {
       if (auto item = command->second(container, *child, reader)) {
         readItem(*item, *child, reader);
         container.add(std::move(item));
       }
     });
+    if (!isSound) {
+      // The one finding stands for all of it.
+      markTreeRead(*child);
+    }
   }
 }
 

@@ -1,5 +1,6 @@
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/scene/ChildElements.h"
+#include <vemo/base/Vector.h>
 #include <vemo/import/SharedBySiblings.h>
 #include <vemo/import/items/ClippingPlane.h>
 #include <vemo/import/items/Colormap.h>
@@ -28,7 +29,8 @@ lum::Ptr<T> makeNodeFor(const lum::CollectionNode& collection) {
 }  // namespace
 
 const KeyTable<Scene> Scene::KEYS({
-    key::always<&Scene::_backgroundColor>(XML_ATTRIB_BACKGROUND, "the background; its alpha is not used"),
+    key::always<&Scene::_backgroundColor>(XML_ATTRIB_BACKGROUND, "the background; its alpha is not used")
+        .withoutAlpha(),
 });
 
 const KeyTable<Camera> Scene::View::KEYS({
@@ -52,6 +54,22 @@ void Scene::View::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement(_camera, element, reader);
   if (_camera.perspective && _camera.parallelScale != 0.0) {
     ValueReader(element, reader, OnBadValue::FAIL).reportWithoutEffect("parallelScale");
+  }
+  if (reader != nullptr) {
+    reportUnusable(*reader);
+  }
+}
+
+void Scene::View::reportUnusable(SceneFileReader& reader) const {
+  const Vector<3, double> forward = _camera.focalPoint - _camera.position;
+  if (length(forward) == 0.0) {
+    reader.report(FindingCode::VIEW_ADJUSTED,
+                  "The view has no direction: the scene is seen against the z axis");
+  } else if (length(cross(_camera.viewUp, forward)) == 0.0) {
+    reader.report(FindingCode::VIEW_ADJUSTED, "The view has no direction that is up: another one is used");
+  }
+  if (!_camera.perspective && _camera.parallelScale <= 0.0) {
+    reader.report(FindingCode::VIEW_ADJUSTED, "The parallel view has no scale: the whole scene is shown");
   }
 }
 
@@ -108,7 +126,7 @@ void Scene::read(const QxElement& element, SceneFileReader* reader) {
 }
 
 void Scene::readImpl(const QxElement& element, SceneFileReader* reader) {
-  KEYS.read(*this, element, reader);
+  attempt(reader, [&] { KEYS.read(*this, element, reader); });
   readChildren(*this, makeReadingCommands(sceneElements()), element, reader);
   if (reader != nullptr) {
     reportWithoutEffect(element, *reader);

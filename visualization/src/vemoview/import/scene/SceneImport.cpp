@@ -83,7 +83,7 @@ SceneNodePtr convertItems(const Scene& scene, ReadingContext& context) {
   SceneNodePtr sceneNode(new lum::SceneNode(lum::ClassNameNodeInitializer(lum::SceneNode::getClassName())));
   sceneNode->setName(scene.getName());
   setUpCanvases(*sceneNode);
-  setBackground(sceneNode->getBackgroundCanvas().getBackgroundAttributes(), scene);
+  context.attempt([&] { setBackground(sceneNode->getBackgroundCanvas().getBackgroundAttributes(), scene); });
 
   SharedBySiblings shared;
   shared.sceneNode = sceneNode;

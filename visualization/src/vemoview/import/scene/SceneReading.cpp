@@ -26,6 +26,10 @@ void readPayload(Scene& scene, SceneFileReader& reader) {
     return;
   }
   scene.setLUMSceneFile(reader.readEntry(SceneFileReader::LUM_SCENE_ENTRY));
+  if (scene.getLUMSceneFile().count == 0) {
+    reader.report(FindingCode::PAYLOAD_DAMAGED, "The scene graph in the archive is empty; the items are used",
+                  SceneFileReader::LUM_SCENE_ENTRY);
+  }
   for (int i = 0; i < archive.getEntryCount(); ++i) {
     const std::string name = archive.getEntryName(i);
     if (name.starts_with(SceneFileReader::LUM_ENTRY_PREFIX)) {

@@ -4,25 +4,50 @@
 #include <vemo/import/QxElement.h>
 #include <vemo/import/SceneItem.h>
 
-#include <utility>
 #include <vector>
 
 namespace vemo {
 
+namespace {
+
+/// An element whose children are being visited.
+struct OpenElement {
+  const QxElement* element;
+  std::size_t nextChild;
+  std::size_t pathLength;
+};
+
+}  // namespace
+
 void walkDescription(const QxElement& root, const std::function<bool(const PlacedElement&)>& visit) {
-  std::vector<PlacedElement> next{{&root, ReadingContext::pathPart(root.getName()), 0}};
-  while (!next.empty()) {
-    const PlacedElement place = std::move(next.back());
-    next.pop_back();
-    if (!visit(place)) {
+  // One path for all: there may be very many elements below long names.
+  PlacedElement place{&root, ReadingContext::pathPart(root.getName()), 0};
+  std::vector<OpenElement> open;
+  const auto enter = [&] {
+    if (visit(place)) {
+      open.push_back({place.element, 0, place.path.size()});
+    }
+  };
+  enter();
+  while (!open.empty()) {
+    OpenElement& parent = open.back();
+    place.path.resize(parent.pathLength);
+    if (parent.nextChild == parent.element->getChildren().size()) {
+      open.pop_back();
       continue;
     }
-    const auto& children = place.element->getChildren();
-    for (auto child = children.rbegin(); child != children.rend(); ++child) {
-      next.push_back({child->get(), place.path + "/" + ReadingContext::pathPart(SceneItem::pathName(**child)),
-                      place.depth + 1});
-    }
+    place.element = parent.element->getChildren()[parent.nextChild++].get();
+    place.depth = open.size();
+    ReadingContext::extendPath(place.path, ReadingContext::pathPart(SceneItem::pathName(*place.element)));
+    enter();
   }
+}
+
+void markTreeRead(const QxElement& root) {
+  walkDescription(root, [](const PlacedElement& place) {
+    place.element->markAllRead();
+    return true;
+  });
 }
 
 }  // namespace vemo

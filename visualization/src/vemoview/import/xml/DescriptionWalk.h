@@ -23,4 +23,7 @@ struct PlacedElement {
 /// @param visit returns whether to visit the children of the element
 void walkDescription(const QxElement& root, const std::function<bool(const PlacedElement&)>& visit);
 
+/// The element counts as read, with all that it holds.
+void markTreeRead(const QxElement& root);
+
 }  // namespace vemo

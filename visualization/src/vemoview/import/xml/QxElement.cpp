@@ -21,6 +21,7 @@ QxElement::~QxElement() {
 }
 
 void QxElement::setText(std::string text) {
+  _hasReplacedText = _hasText;
   _hasText = _hasText || text.find_first_not_of(" \t\r\n") != std::string::npos;
   _text = std::move(text);
 }

@@ -24,9 +24,10 @@ class TreeBuilder {
     XML_SetUserData(_parser.get(), this);
     XML_SetElementHandler(_parser.get(), startElement, endElement);
     XML_SetCharacterDataHandler(_parser.get(), setText);
+    XML_SetNotStandaloneHandler(_parser.get(), noteDeclarationsOutside);
   }
 
-  std::unique_ptr<QxElement> build(std::span<const unsigned char> text) {
+  XmlDocument build(std::span<const unsigned char> text) {
     const XML_Status status = XML_Parse(_parser.get(), reinterpret_cast<const char*>(text.data()),
                                         static_cast<int>(text.size()), 1);
     if (_failure) {
@@ -36,7 +37,7 @@ class TreeBuilder {
       failAt<XMLException>("Parse error in scene.xml at line" + std::to_string(getLine()), _entryName,
                            getLine());
     }
-    return std::move(_document);
+    return {std::move(_document), _hasDeclarationsOutside};
   }
 
  private:
@@ -56,6 +57,11 @@ class TreeBuilder {
   static void setText(void* user, const char* text, int length) {
     auto& builder = *static_cast<TreeBuilder*>(user);
     builder.guard([&] { builder._open.back()->setText({text, static_cast<std::size_t>(length)}); });
+  }
+
+  static int noteDeclarationsOutside(void* user) {
+    static_cast<TreeBuilder*>(user)->_hasDeclarationsOutside = true;
+    return XML_STATUS_OK;
   }
 
   /// Keeps exceptions out of the parser, which is C: it is stopped instead.
@@ -106,6 +112,7 @@ class TreeBuilder {
   std::uint64_t _elements = 0;
   std::unique_ptr<std::remove_pointer_t<XML_Parser>, decltype(&XML_ParserFree)> _parser;
   std::unique_ptr<QxElement> _document;
+  bool _hasDeclarationsOutside = false;
   /// Those that have started and not ended, outermost first.
   std::vector<QxElement*> _open;
   std::exception_ptr _failure;
@@ -113,8 +120,8 @@ class TreeBuilder {
 
 }  // namespace
 
-std::unique_ptr<QxElement> parseXml(std::span<const unsigned char> text, const std::string& entryName,
-                                    const XmlLimits& limits) {
+XmlDocument parseXml(std::span<const unsigned char> text, const std::string& entryName,
+                     const XmlLimits& limits) {
   return TreeBuilder(entryName, limits).build(text);
 }
 

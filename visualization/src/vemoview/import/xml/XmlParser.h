@@ -17,10 +17,17 @@ struct XmlLimits {
   std::uint64_t elements;
 };
 
-/// The document element of an XML text. Throws XMLException, with the line, for
+struct XmlDocument {
+  std::unique_ptr<QxElement> root;
+  /// Whether it refers to declarations in other files, which are not read: the
+  /// parser leaves their entities out.
+  bool hasDeclarationsOutside = false;
+};
+
+/// Parses an XML text. Throws XMLException, with the line, for
 /// text that is not XML or exceeds a limit.
 /// @param entryName the archive entry that the text is from, for errors
-std::unique_ptr<QxElement> parseXml(std::span<const unsigned char> text, const std::string& entryName,
-                                    const XmlLimits& limits);
+XmlDocument parseXml(std::span<const unsigned char> text, const std::string& entryName,
+                     const XmlLimits& limits);
 
 }  // namespace vemo
