@@ -207,6 +207,11 @@ void addLights(SceneBuilder& scene, int count) {
 TEST(ResolverFindings, SayWhatIsNotDrawnAsTheSceneSays) {
   const std::string limited = "decorations-limited";
   const FindingCase cases[] = {
+      {"a transform that leaves nothing to be seen",
+       [](auto& scene) {
+         setTransform<lum::SimpleTransform>(addText(scene, "t")).setScale({1e-90, 1e-90, 1e-90});
+       },
+       {"transform-unusable"}},
       {"2000 texts", [](auto& scene) { repeat(addText(scene, "t"), 2000); }, {}},
       {"2001 texts", [](auto& scene) { repeat(addText(scene, "t"), 2001); }, {limited}},
       {"2001 triads", [](auto& scene) { repeat(decoration<lum::TriadDrawable>(scene), 2001); }, {limited}},
