@@ -69,7 +69,7 @@ TEST_F(ItemTest, ASceneKeepsTheWindowAndTheLastGradient) {
   const Camera& camera = scene->getCamera();
   EXPECT_EQ((std::vector{camera.windowX, camera.windowY, camera.windowWidth, camera.windowHeight}),
             (std::vector{1, 2, 3, 4}));
-  EXPECT_EQ(scene->getBackgroundColor(), (Color{255, 128, 0, 64}));
+  EXPECT_EQ(scene->getBackgroundColor(), (Color{255, 128, 0, 255}));
   EXPECT_EQ(scene->getGradient(), nullptr);
   for (const std::string mode : {"SOLID", "radial", ""}) {
     const auto other = read(

@@ -65,8 +65,9 @@ TEST_F(SceneAuditTest, ListsWhatBecomesOfEachPart) {
           "unknown scene/flow/in@text()", "lost scene/v kind-not-shown", "lost scene/v@name",
           "lost scene/v/b", "lost scene/v/b@c", "lost scene/reflect element-without-effect",
           "lost scene/reflect@flip attribute-without-effect", "lost scene/reflect@planeEqnCoeffA",
-          "unknown scene/view@up attribute-unknown", "lost scene/view@windowWidth attribute-without-effect",
-          "lost scene/view@text() text-ignored", "lost bad array-left-out", "lost stray entry-unused"));
+          "changed scene/view view-adjusted", "unknown scene/view@up attribute-unknown",
+          "lost scene/view@windowWidth attribute-without-effect", "lost scene/view@text() text-ignored",
+          "lost bad array-left-out", "lost stray entry-unused"));
 }
 
 TEST_F(SceneAuditTest, GoesOnAfterFaults) {
@@ -86,6 +87,33 @@ TEST_F(SceneAuditTest, GoesOnAfterFaults) {
                           "scene/gone entry-invalid", "scene/A version-too-new", "scene/light item-invalid"));
   ASSERT_TRUE(result.getSceneNode());
   EXPECT_NE(graphText(*result.getSceneNode()).find("\"good\""), std::string::npos);
+}
+
+TEST_F(SceneAuditTest, ReportsNoConsequencesOfFaults) {
+  const SceneAudit result =
+      audit(geometry("faceColor='x'", "<array name='a' data='p' dim='3' vertexData='true'/>") +
+            "<light color='x'/><assembly version='7' name='A'><geometry/></assembly>"
+            "<gradient topColor='000000ff' bottomColor='000000ff' mode='SOLID'/><assembly name='empty'/>");
+  std::vector<std::string> codes;
+  for (const Finding& finding : result.getFindings()) {
+    if (finding.getSeverity() > Severity::NOTE) {
+      codes.push_back(finding.getKind().name);
+    }
+  }
+  EXPECT_THAT(codes, UnorderedElementsAre("item-invalid", "array-magnitude", "item-invalid",
+                                          "version-too-new", "item-invalid", "assembly-empty"));
+}
+
+TEST_F(SceneAuditTest, NamesVeryDeepElementsByShortPaths) {
+  std::string deep = geometry("unknown='1'");
+  for (int i = 0; i < 100; ++i) {
+    deep = assembly(std::string(60, 'n'), deep);
+  }
+  const SceneAudit result = audit(deep);
+  EXPECT_THAT(changesIn(result),
+              ElementsAre(testing::AllOf(testing::StartsWith("unknown scene/nnn"),
+                                         testing::EndsWith("/...@unknown attribute-unknown"),
+                                         testing::SizeIs(testing::Lt(1200)))));
 }
 
 TEST_F(SceneAuditTest, ReportsFilesThatItCannotOpenOrParse) {

@@ -152,9 +152,9 @@ TEST_F(SceneFileReaderTest, ExpandsNoEntitiesWithoutEnd) {
 
 TEST_F(SceneFileReaderTest, ReportsWhatIsWrongWithEntriesThatItReads) {
   SceneFileReader reader = open(ArchiveBuilder()
-                                    .text("scene.xml", "<scene background='00000000'/>")
+                                    .text("scene.xml", "<scene background='000000ff'/>")
                                     .text("scene.xml",
-                                          "<scene background='00000000'><image2d visibility='1' pixels='x' "
+                                          "<scene background='000000ff'><image2d visibility='1' pixels='x' "
                                           "width='2' height='1'/></scene>")
                                     .text("x", "12345")
                                     .forge([](Entry& e) {
@@ -169,6 +169,23 @@ TEST_F(SceneFileReaderTest, ReportsWhatIsWrongWithEntriesThatItReads) {
   }
   EXPECT_THAT(found, ElementsAre("entry-replaced scene.xml ", "entry-short x scene/image2d",
                                  "checksum-wrong x scene/image2d"));
+}
+
+TEST_F(SceneFileReaderTest, ReportsWhatItDoesNotRead) {
+  const std::string scene = "<scene background='000000ff' name='a&e;b'/>";
+  SceneFileReader reader = open(ArchiveBuilder()
+                                    .text("scene.xml", "<!DOCTYPE scene SYSTEM 'x.dtd'>" + scene)
+                                    .text("scene.lum", "")
+                                    .text("empty/", "")
+                                    .text("folder/", "data"));
+  std::unique_ptr<Scene> read;
+  reader.read(read);
+  std::vector<std::string> found;
+  for (const Finding& finding : reader.getFindings()) {
+    found.push_back(finding.getKind().name + " " + finding.entry);
+  }
+  EXPECT_THAT(found, ElementsAre("declarations-not-read scene.xml", "payload-damaged scene.lum",
+                                 "entry-unused folder/"));
 }
 
 TEST_F(SceneFileReaderTest, KeepsFindingsWithTheirPlace) {

@@ -204,6 +204,9 @@ void expectFindings(const char* name, std::size_t decorations, const std::vector
 
 TEST(ResolverFindings, SayWhatIsNotDrawnAsTheSceneSays) {
   const std::string limited = "decorations-limited";
+  expectFindings("a transform that leaves nothing to be seen", 0, {"transform-unusable"}, [](auto& scene) {
+    setTransform<lum::SimpleTransform>(addText(scene, "t")).setScale({1e-90, 1e-90, 1e-90});
+  });
   expectFindings("2000 texts", 2000, {}, [](auto& scene) { repeat(addText(scene, "t"), 2000); });
   expectFindings("2001 texts", 2000, {limited}, [](auto& scene) { repeat(addText(scene, "t"), 2001); });
   expectFindings("2001 triads", 2000, {limited},

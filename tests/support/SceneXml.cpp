@@ -7,7 +7,7 @@ namespace {
 // On one line with the scene: failures name lines.
 const std::string DEFAULTS =
     "<!DOCTYPE scene ["
-    "<!ATTLIST scene background CDATA 'ff800040'>"
+    "<!ATTLIST scene background CDATA 'ff8000ff'>"
     "<!ATTLIST assembly visibility CDATA '1'>"
     "<!ATTLIST geometry name CDATA 'g' visibility CDATA '1' points CDATA 'p' lineColor CDATA 'ff000080'"
     " faceColor CDATA '00ff0040' showFaces CDATA 'true' smoothShading CDATA 'true'>]>";
@@ -27,7 +27,7 @@ std::string sceneXml(const std::string& children, const std::string& attributes)
 }
 
 std::string plainSceneXml(const std::string& children) {
-  return "<scene background='ff800040'>" + children + "</scene>";
+  return "<scene background='ff8000ff'>" + children + "</scene>";
 }
 
 }  // namespace vemo

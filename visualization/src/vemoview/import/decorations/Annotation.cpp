@@ -21,7 +21,8 @@ const KeyTable<Annotation> Annotation::KEYS(
             "position",
             "fractions of the window's width and height from its lower left corner, or model coordinates"),
         key::ifPresent<&Annotation::_textHeight>(
-            "textHeight", "the height of a line as a fraction of the window's; 0: the renderer's own")
+            "textHeight",
+            "from 0 to 1: the height of a line as a fraction of the window's; 0: the renderer's own")
             .inRange(0, 1),
         key::ifPresent<&Annotation::_font>(Font::XML_ENTITY, "see `font`").defaultingTo("black Arial"),
     },

@@ -33,7 +33,8 @@ const KeyTable<Legend> Legend::KEYS(
         key::always<&Legend::_orientation>("orientation", "orientation of the bar").named(ORIENTATIONS),
         key::ifPresent<&Legend::_labelCount>("numberOfLabels", "from 0 to 64").inRange(0, MAX_LABELS),
         key::ifPresent<&Legend::_textHeight>(
-            "textHeight", "the height of a line of text as a fraction of the window's; 0: as it fits")
+            "textHeight",
+            "from 0 to 1: the height of a line of text as a fraction of the window's; 0: as it fits")
             .inRange(0, 1),
         key::ifPresent<&Legend::_format>(
             "numberFormat",

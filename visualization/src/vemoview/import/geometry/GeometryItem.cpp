@@ -46,6 +46,9 @@ namespace {
 /// By GeometryItem::GeometryType.
 constexpr const char* TYPE_NAMES[] = {"points", "lines", "a surface"};
 
+/// Of lines and points, in pixels: pictures have none that are wider.
+constexpr double WIDEST = 4096.0;
+
 bool hasGeometry(const lum::GeometryDrawable& drawable) {
   return drawable.find<lum::PolyDataNode>() != nullptr;
 }
@@ -190,12 +193,21 @@ void GeometryItem::reportSettingsOutOfRange(SceneFileReader& reader) const {
   if (_settings.pointScaleMode < 0 || _settings.pointScaleMode > 2) {
     report(_settings.pointScaleMode, "pointScaleMode", "counts as 0");
   }
+  const double width = _settings.lineWidth;
   for (const auto& [key, value, greatest] :
-       {std::tuple("ambient", _settings.ambient, 1.0), std::tuple("diffuse", _settings.diffuse, 1.0),
+       {std::tuple("lineWidth", width, WIDEST), std::tuple("pointSize", _settings.pointSize, WIDEST),
+        std::tuple("ambient", _settings.ambient, 1.0), std::tuple("diffuse", _settings.diffuse, 1.0),
         std::tuple("specular", _settings.specular, 1.0),
         std::tuple("specularPower", _settings.specularPower, 128.0)}) {
-    if (value < 0.0 || value > greatest) {
-      report(value, key, fmt::format("is drawn as {:g}", value < 0.0 ? 0.0 : greatest));
+    if (value > greatest) {
+      report(value, key, fmt::format("is drawn as {:g}", greatest));
+    }
+  }
+  for (const auto& [key, value] :
+       {std::pair("ambient", _settings.ambient), std::pair("diffuse", _settings.diffuse),
+        std::pair("specular", _settings.specular), std::pair("specularPower", _settings.specularPower)}) {
+    if (value < 0.0) {
+      report(value, key, "is drawn as 0");
     }
   }
 }

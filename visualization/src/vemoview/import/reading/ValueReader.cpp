@@ -8,7 +8,6 @@
 #include <vemo/import/Exception.h>
 
 #include <algorithm>
-#include <cmath>
 #include <cstdint>
 #include <fmt/format.h>
 #include <limits>
@@ -141,10 +140,6 @@ void ValueReader::read(const KeyDescription& key, float& value) const {
   double number = value;
   read(key, number);
   value = static_cast<float>(std::clamp(number, -MAX_FLOAT, MAX_FLOAT));
-  const std::string* const text = _element.findAttribute(key.name);
-  if (text != nullptr && std::abs(number) > MAX_FLOAT) {
-    reportUnreadable(_reader, *text, inQuotes(key.name), "out of range", valueText(value));
-  }
 }
 
 void ValueReader::read(const KeyDescription& key, std::string& value) const {
