@@ -3,6 +3,8 @@
 #include <vemo/base/Vector.h>
 #include <vemo/geometry/Export.h>
 
+#include <vtkType.h>
+
 #include <limits>
 
 class vtkDataArray;
