@@ -89,6 +89,13 @@ TEST_F(SceneAuditTest, GoesOnAfterFaults) {
   EXPECT_NE(graphText(*result.getSceneNode()).find("\"good\""), std::string::npos);
 }
 
+TEST_F(SceneAuditTest, DoesNotRefuseAnArchiveForAnEntryWithoutUse) {
+  _archive.text("stray", "x").forge([](ArchiveBuilder::Entry& entry) { entry.method = 12; });
+  const SceneAudit result = audit(geometry(""));
+  ASSERT_TRUE(result.getSceneNode());
+  EXPECT_THAT(changesIn(result), ElementsAre("lost stray entry-unused checksum-wrong"));
+}
+
 TEST_F(SceneAuditTest, ReportsNoConsequencesOfFaults) {
   const SceneAudit result =
       audit(geometry("faceColor='x'", "<array name='a' data='p' dim='3' vertexData='true'/>") +

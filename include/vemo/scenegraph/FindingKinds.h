@@ -19,7 +19,7 @@
   KIND(ATTRIBUTE_UNKNOWN, LOST, "An attribute that no element of its kind has is ignored.") \
   KIND(ATTRIBUTE_WITHOUT_EFFECT, NOTE, "An attribute of the format that the new generation has no place for.") \
   KIND(CELLS_LEFT_OUT, LOST, "Cells with fewer points than their kind needs are left out.") \
-  KIND(CHECKSUM_WRONG, CHANGED, "The content of an entry does not match its checksum: it may be damaged.") \
+  KIND(CHECKSUM_WRONG, CHANGED, "The content of an entry does not match its checksum, or cannot be read though nothing uses it: it may be damaged.") \
   KIND(CLASS_UNKNOWN, LOST, "A database has nodes of a class that this version does not know; they are left out.") \
   KIND(COLORMAP_ADJUSTED, CHANGED, "A colormap cannot be used as it is: its range, scale or colours are replaced.") \
   KIND(COLORMAP_REPLACED, CHANGED, "A colormap also colours items added by another of the same name.") \

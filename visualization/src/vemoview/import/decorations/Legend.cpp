@@ -31,7 +31,9 @@ const KeyTable<Legend> Legend::KEYS(
         key::ifPresent<&Legend::_colormapName>("colormap", "the name of a colormap of the assembly")
             .defaultingTo("the one that colours the assembly"),
         key::always<&Legend::_orientation>("orientation", "orientation of the bar").named(ORIENTATIONS),
-        key::ifPresent<&Legend::_labelCount>("numberOfLabels", "from 0 to 64").inRange(0, MAX_LABELS),
+        key::ifPresent<&Legend::_labelCount>("numberOfLabels",
+                                             "from 0 to 64; as many of them are shown as have room")
+            .inRange(0, MAX_LABELS),
         key::ifPresent<&Legend::_textHeight>(
             "textHeight",
             "from 0 to 1: the height of a line of text as a fraction of the window's; 0: as it fits")

@@ -8,6 +8,19 @@
 
 namespace vemo {
 
+namespace {
+
+/// Such an entry does not stop a conversion, whatever it is.
+void checkUnused(const std::string& entry, SceneFileReader& reader) {
+  try {
+    const ArrayOwner<unsigned char> checked(reader.readEntry(entry));
+  } catch (const Exception&) {
+    reader.report(FindingCode::CHECKSUM_WRONG, "The entry cannot be read: its content may be damaged", entry);
+  }
+}
+
+}  // namespace
+
 SceneAudit::SceneAudit(const std::wstring& path) {
   const FindingCapture capture(_findings);
   try {
@@ -28,7 +41,7 @@ void SceneAudit::run() {
   reader.keepDescription();
   reader.attempt([this] { _import->read(); });
   for (const std::string& entry : reader.getUnusedEntries()) {
-    reader.attempt([&] { const ArrayOwner<unsigned char> checked(reader.readEntry(entry)); });
+    checkUnused(entry, reader);
   }
   if (reader.getDescription() != nullptr) {
     _sceneNode = &_import->convert();
