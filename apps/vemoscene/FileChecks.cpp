@@ -29,10 +29,26 @@ void rejectSameFile(const std::string& file, const std::string& output) {
 }
 
 // O_PATH also opens files that may not be read, and never waits for a pipe.
-void requireArchive(const std::string& file) {
+SceneKind detectScene(const std::string& file) {
   std::ostringstream messages;
-  if (SceneFormatHandler::detectSceneFormat(toWidePath(file), messages) ==
-      SceneFormatHandler::SceneDatabase) {
+  switch (SceneFormatHandler::detectSceneFormat(toWidePath(file), messages)) {
+    case SceneFormatHandler::ZippedScene:
+      return SceneKind::ARCHIVE;
+    case SceneFormatHandler::SceneDatabase:
+      return SceneKind::DATABASE;
+    case SceneFormatHandler::FileMissing:
+      throw Failure(ExitCode::NOT_FOUND, fmt::format("File \"{}\" does not exist", file));
+    case SceneFormatHandler::FileUnreadable:
+      throw Failure(ExitCode::READ_ERROR, fmt::format("Can't open file \"{}\"", file));
+    case SceneFormatHandler::UnknownFormat:
+      break;
+  }
+  throw Failure(ExitCode::UNSUPPORTED_FORMAT,
+                fmt::format("{}\nUnknown file format \"{}\"", messages.str(), file));
+}
+
+void requireArchive(const std::string& file) {
+  if (detectScene(file) == SceneKind::DATABASE) {
     throw Failure(ExitCode::UNSUPPORTED_FORMAT,
                   fmt::format("\"{}\" is a database: only archives have a ledger", file));
   }

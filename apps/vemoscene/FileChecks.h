@@ -12,6 +12,12 @@ void rejectPipe(const std::string& file);
 /// output would destroy the input.
 void rejectSameFile(const std::string& file, const std::string& output);
 
+enum class SceneKind { ARCHIVE, DATABASE };
+
+/// Which generation the file is of. Throws Failure for a file that does not
+/// exist, cannot be opened, or is of neither.
+SceneKind detectScene(const std::string& file);
+
 /// Throws Failure with UNSUPPORTED_FORMAT for a database: the old generation has
 /// what databases do not have.
 void requireArchive(const std::string& file);

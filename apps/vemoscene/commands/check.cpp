@@ -1,12 +1,12 @@
 #include "Command.h"
 #include "ExitCode.h"
+#include "FileChecks.h"
 #include "FindingPrinter.h"
 #include "Messages.h"
 #include "ResultStream.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/base/WidePath.h>
 #include <vemo/import/SceneAudit.h>
-#include <vemo/import/SceneFormatHandler.h>
 #include <vemo/resolve/SceneResolver.h>
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/SceneNode.h>
@@ -21,7 +21,6 @@
 #include <fmt/format.h>
 #include <iterator>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -87,21 +86,7 @@ FindingList checkDatabase(const std::string& file) {
 }
 
 FindingList check(const std::string& file) {
-  std::ostringstream messages;
-  switch (SceneFormatHandler::detectSceneFormat(toWidePath(file), messages)) {
-    case SceneFormatHandler::ZippedScene:
-      return checkArchive(file);
-    case SceneFormatHandler::SceneDatabase:
-      return checkDatabase(file);
-    case SceneFormatHandler::FileMissing:
-      throw Failure(ExitCode::NOT_FOUND, fmt::format("File \"{}\" does not exist", file));
-    case SceneFormatHandler::FileUnreadable:
-      throw Failure(ExitCode::READ_ERROR, fmt::format("Can't open file \"{}\"", file));
-    case SceneFormatHandler::UnknownFormat:
-      break;
-  }
-  throw Failure(ExitCode::UNSUPPORTED_FORMAT,
-                fmt::format("{}\nUnknown file format \"{}\"", messages.str(), file));
+  return detectScene(file) == SceneKind::ARCHIVE ? checkArchive(file) : checkDatabase(file);
 }
 
 /// "3 findings (2 refused, 1 lost)", "no findings".

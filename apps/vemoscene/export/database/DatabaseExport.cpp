@@ -6,7 +6,6 @@
 #include "export/database/Verification.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/import/SceneConverter.h>
-#include <vemo/import/SceneFormatHandler.h>
 #include <vemo/scenegraph/Ptr.h>
 #include <vemo/scenegraph/SceneNode.h>
 #include <vemo/scenegraph/io/CheckFormat.h>
@@ -76,25 +75,14 @@ void copyDatabase(const std::string& file, const std::string& output) {
 
 void writeDatabase(const ExportRequest& request) {
   const std::string& file = request.file;
-  std::ostringstream messages;
-  switch (SceneFormatHandler::detectSceneFormat(toWidePath(file), messages)) {
-    case SceneFormatHandler::ZippedScene:
-      return convertArchive(request);
-    case SceneFormatHandler::SceneDatabase:
-      copyDatabase(file, request.output);
-      if (request.verify) {
-        verifyCopy(request.output, file);
-      }
-      return;
-    case SceneFormatHandler::FileMissing:
-      throw Failure(ExitCode::NOT_FOUND, fmt::format("File \"{}\" does not exist", file));
-    case SceneFormatHandler::FileUnreadable:
-      throw Failure(ExitCode::READ_ERROR, fmt::format("Can't open file \"{}\"", file));
-    case SceneFormatHandler::UnknownFormat:
-      break;
+  if (detectScene(file) == SceneKind::ARCHIVE) {
+    convertArchive(request);
+    return;
   }
-  throw Failure(ExitCode::UNSUPPORTED_FORMAT,
-                fmt::format("{}\nUnknown file format \"{}\"", messages.str(), file));
+  copyDatabase(file, request.output);
+  if (request.verify) {
+    verifyCopy(request.output, file);
+  }
 }
 
 }  // namespace vemo
