@@ -2,6 +2,7 @@
 #include <vemo/import/Exception.h>
 #include <vemo/import/FaultFinding.h>
 
+#include <fmt/format.h>
 #include <string>
 
 namespace vemo {
@@ -37,7 +38,7 @@ std::string describe(const Exception& exception) {
   if (is<FutureVersionException>(exception) && message.empty()) {
     return "The scene was written by a newer version of the software";
   }
-  return is<NumberFormatException>(exception) ? '"' + message + "\" is not a number" : message;
+  return is<NumberFormatException>(exception) ? fmt::format("\"{}\" is not a number", message) : message;
 }
 
 Finding findingOf(const Exception& exception) {
