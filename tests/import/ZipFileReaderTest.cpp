@@ -222,8 +222,8 @@ TEST_F(ZipFileReaderTest, GivesMethodsTheirBytesWhateverMinizipKnows) {
   EXPECT_EQ(compressedBytes(write(good), METHOD, 2 * content.size()), std::nullopt)
       << "more than the file has";
 
-  std::vector<unsigned char> inside(100, 'P');
-  inside.insert(inside.end(), good.begin(), good.end());
+  std::vector<unsigned char> inside(100 + good.size(), 'P');
+  std::ranges::copy(good, inside.begin() + 100);
   EXPECT_EQ(compressedBytes(write(inside), METHOD, content.size()), content) << "behind other bytes";
 
   const std::size_t header = 30 + std::string("first").size() + content.size();

@@ -3,6 +3,7 @@
 #include <vemo/scenegraph/Logger.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <gmock/gmock.h>
 #include <vector>
 
@@ -19,10 +20,11 @@ const bool LOGGING = [] {
 TEST(Findings, AreAllOnTheirPage) {
   std::string table = "| code | severity | meaning |\n|---|---|---|\n";
   for (const FindingKind& kind : findingKinds()) {
-    table +=
-        "| `" + kind.name + "` | " + std::string(severityName(kind.severity)) + " | " + kind.meaning + " |\n";
+    table.append("| `").append(kind.name).append("` | ").append(severityName(kind.severity));
+    table.append(" | ").append(kind.meaning).append(" |\n");
   }
-  EXPECT_TRUE(readFile(std::string(VEMO_SOURCE_FOLDER) + "/docs/user/findings.md").ends_with("\n" + table))
+  EXPECT_TRUE(
+      readFile(std::filesystem::path(VEMO_SOURCE_FOLDER) / "docs/user/findings.md").ends_with("\n" + table))
       << "docs/user/findings.md needs the table\n\n"
       << table;
   EXPECT_TRUE(std::ranges::is_sorted(findingKinds(), {}, &FindingKind::name));

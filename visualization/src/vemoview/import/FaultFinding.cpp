@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 #include <string>
+#include <string_view>
 
 namespace vemo {
 
@@ -23,12 +24,14 @@ FindingCode codeOf(const Exception& exception) {
 }
 
 /// In one line.
-std::string withoutBreaks(std::string text) {
-  const std::string lineBreak = "<br>";
-  for (std::size_t at = 0; (at = text.find(lineBreak, at)) != std::string::npos;) {
-    text.replace(at, lineBreak.size(), " ");
+std::string withoutBreaks(std::string_view text) {
+  constexpr std::string_view BREAK = "<br>";
+  std::string result;
+  for (std::size_t at = 0; (at = text.find(BREAK)) != std::string_view::npos;) {
+    result.append(text.substr(0, at)).push_back(' ');
+    text.remove_prefix(at + BREAK.size());
   }
-  return text;
+  return result.append(text);
 }
 
 }  // namespace
