@@ -3,6 +3,7 @@
 #include "vemoview/import/archive/ArchiveFile.h"
 #include <vemo/import/ZipFileReader.h>
 
+#include <algorithm>
 #include <span>
 #include <sys/stat.h>
 
