@@ -44,7 +44,7 @@ void requireBytes(const InputSource& source, const ChunkRow& row) {
   }
 }
 
-/// Calls visit with one block after the other as long as it returns true.
+/// Calls visit with each block in turn until it returns false.
 /// Returns whether it always did.
 template <class Visit>
 bool readBlocks(InputSource& source, const ChunkRow& row, Visit&& visit) {

@@ -9,7 +9,7 @@ class PropGroup;
 /// whenever the renderer's size changes. As many numbers are shown as fit
 /// without touching each other; a title that would leave the window is wrapped
 /// and moved inwards. Nothing is cut: text that does not fit into the legend's size
-/// becomes smaller as long as it can be read, then the legend larger, then the text
+/// shrinks while it stays readable, then the legend larger, then the text
 /// as small as it takes.
 void addLegend(const LegendDecoration& legend, PropGroup& group);
 
