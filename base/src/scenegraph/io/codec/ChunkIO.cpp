@@ -45,7 +45,7 @@ void requireBytes(const InputSource& source, const ChunkRow& row) {
 }
 
 /// Calls visit with each block in turn until it returns false.
-/// Returns whether it always did.
+/// Returns whether all calls returned true.
 template <class Visit>
 bool readBlocks(InputSource& source, const ChunkRow& row, Visit&& visit) {
   requireBytes(source, row);

@@ -9,8 +9,8 @@ class PropGroup;
 /// whenever the renderer's size changes. As many numbers are shown as fit
 /// without touching each other; a title that would leave the window is wrapped
 /// and moved inwards. Nothing is cut: text that does not fit into the legend's size
-/// shrinks while it stays readable, then the legend larger, then the text
-/// as small as it takes.
+/// shrinks while it stays readable, then the legend grows, then the text shrinks
+/// as far as needed.
 void addLegend(const LegendDecoration& legend, PropGroup& group);
 
 }  // namespace vemo
