@@ -22,6 +22,7 @@
 #include <cmath>
 #include <filesystem>
 #include <gmock/gmock.h>
+#include <limits>
 
 namespace vemo {
 
@@ -47,14 +48,15 @@ TEST(ColormapFindings, SayWhatSurfacesAndLegendsAlikeAreShownWith) {
     int red;
     Range usedRange;
     bool isUsedLog;
-  } const cases[] = {{"logarithm of zero", colors, {0, 100}, log, 255, {0.01, 100}, true},
-                     {"logarithm of less", colors, {-8, -2}, log, 255, {-8, -2}, false},
-                     {"greater value first", colors, {9, 2}, linear, 0, {2, 9}, false},
-                     {"greater value first, logarithmic", colors, {10, 0}, log, 0, {0.001, 10}, true},
-                     {"no colours", {}, {2, 9}, linear, 0, {2, 9}, false},
-                     {"one value", colors, {3, 3}, linear, 255, {3, 3}, false},
-                     {"not finite", colors, {-INFINITY, 2}, linear, 255, {0, 1}, false},
-                     {"not a number", colors, {NAN, 2}, linear, 255, {0, 1}, false}};
+  } const cases[] = {
+      {"logarithm of zero", colors, {0, 100}, log, 255, {0.01, 100}, true},
+      {"logarithm of less", colors, {-8, -2}, log, 255, {-8, -2}, false},
+      {"greater value first", colors, {9, 2}, linear, 0, {2, 9}, false},
+      {"greater value first, logarithmic", colors, {10, 0}, log, 0, {0.001, 10}, true},
+      {"no colours", {}, {2, 9}, linear, 0, {2, 9}, false},
+      {"one value", colors, {3, 3}, linear, 255, {3, 3}, false},
+      {"not finite", colors, {-std::numeric_limits<double>::infinity(), 2}, linear, 255, {0, 1}, false},
+      {"not a number", colors, {NAN, 2}, linear, 255, {0, 1}, false}};
   for (const auto& one : cases) {
     SCOPED_TRACE(one.name);
     SceneBuilder scene;

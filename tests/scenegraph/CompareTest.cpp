@@ -59,6 +59,7 @@ lum::Ptr<lum::SceneNode> makeComparedScene() {
 void reorder(lum::SceneNode& scene, const std::vector<const char*>& names) {
   auto& surface = surfaceOf(scene);
   std::vector<lum::Ptr<lum::Node>> pieces;
+  pieces.reserve(names.size());
   for (const char* name : names) {
     pieces.emplace_back(&pieceOf(scene, name));
   }
@@ -232,6 +233,7 @@ TEST(Matching, FindsItsWayAmongManySiblings) {
     names.push_back(i % 2 == 0 ? "same" : std::to_string(i));
   }
   std::vector<lum::Matching::Key> left;
+  left.reserve(COUNT);
   for (const std::string& name : names) {
     left.emplace_back("class", name);
   }
