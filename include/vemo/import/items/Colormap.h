@@ -1,8 +1,8 @@
 #pragma once
 
 #include <vemo/base/Vector.h>
-#include <vemo/import/Color.h>
-#include <vemo/import/SceneItem.h>
+#include <vemo/import/items/SceneItem.h>
+#include <vemo/import/xml/Color.h>
 #include <vemo/scenegraph/coloring/ColorLookupTable.h>
 #include <vemo/scenegraph/coloring/ScalarAttributes.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <vemo/import/Color.h>
-#include <vemo/import/Readable.h>
+#include <vemo/import/reading/Readable.h>
+#include <vemo/import/xml/Color.h>
 
 #include <string>
 

@@ -4,9 +4,9 @@
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/base/InternalError.h>
-#include <vemo/import/QxElement.h>
-#include <vemo/import/SharedBySiblings.h>
-#include <vemo/import/items/Image.h>
+#include <vemo/import/decorations/Image.h>
+#include <vemo/import/items/SharedBySiblings.h>
+#include <vemo/import/xml/QxElement.h>
 #include <vemo/scenegraph/drawables/ImageDrawable.h>
 
 #include <vtkUnsignedCharArray.h>

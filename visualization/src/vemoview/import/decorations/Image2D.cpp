@@ -1,5 +1,5 @@
 #include "vemoview/import/reading/KeyTable.h"
-#include <vemo/import/items/Image2D.h>
+#include <vemo/import/decorations/Image2D.h>
 
 #include <utility>
 

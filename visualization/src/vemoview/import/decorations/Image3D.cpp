@@ -1,5 +1,5 @@
 #include "vemoview/import/reading/KeyTable.h"
-#include <vemo/import/items/Image3D.h>
+#include <vemo/import/decorations/Image3D.h>
 
 #include <utility>
 

@@ -3,10 +3,10 @@
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/ReadingContext.h"
 #include <vemo/base/InternalError.h>
-#include <vemo/import/SharedBySiblings.h>
+#include <vemo/import/decorations/Legend.h>
 #include <vemo/import/items/Colormap.h>
 #include <vemo/import/items/Colormaps.h>
-#include <vemo/import/items/Legend.h>
+#include <vemo/import/items/SharedBySiblings.h>
 #include <vemo/scenegraph/drawables/LegendDrawable.h>
 
 #include <utility>

@@ -4,7 +4,7 @@
 #include "geometry/Normals.h"
 #include "vemoview/import/reading/ReadingContext.h"
 #include <vemo/base/InternalError.h>
-#include <vemo/import/items/GeometrySettings.h>
+#include <vemo/import/geometry/GeometrySettings.h>
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/attributes/ContourAttributes.h>
 #include <vemo/scenegraph/attributes/LineAttributes.h>

@@ -7,9 +7,9 @@
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/base/InternalError.h>
-#include <vemo/import/QxElement.h>
-#include <vemo/import/SharedBySiblings.h>
-#include <vemo/import/items/GeometryItem.h>
+#include <vemo/import/geometry/GeometryItem.h>
+#include <vemo/import/items/SharedBySiblings.h>
+#include <vemo/import/xml/QxElement.h>
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/Traversal.h>
 #include <vemo/scenegraph/attributes/LineAttributes.h>

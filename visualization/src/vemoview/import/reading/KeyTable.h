@@ -2,7 +2,7 @@
 
 #include "vemoview/import/reading/KeyDescription.h"
 #include "vemoview/import/reading/ValueReader.h"
-#include <vemo/import/Readable.h>
+#include <vemo/import/reading/Readable.h>
 
 #include <cstddef>
 #include <initializer_list>

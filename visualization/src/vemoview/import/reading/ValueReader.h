@@ -1,8 +1,8 @@
 #pragma once
 
 #include "vemoview/import/reading/KeyDescription.h"
-#include <vemo/import/QxElement.h>
-#include <vemo/import/Readable.h>
+#include <vemo/import/reading/Readable.h>
+#include <vemo/import/xml/QxElement.h>
 
 #include <concepts>
 #include <memory>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <vemo/base/Vector.h>
-#include <vemo/import/Color.h>
 #include <vemo/import/Export.h>
-#include <vemo/import/Readable.h>
+#include <vemo/import/reading/Readable.h>
+#include <vemo/import/xml/Color.h>
 #include <vemo/scenegraph/attributes/PointScaleAttributes.h>
 
 #include <memory>

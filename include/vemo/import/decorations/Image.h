@@ -1,7 +1,7 @@
 #pragma once
 
 #include <vemo/base/Vector.h>
-#include <vemo/import/GraphicsItem.h>
+#include <vemo/import/items/GraphicsItem.h>
 #include <vemo/scenegraph/attributes/CoordinateSpace.h>
 
 #include <vtkSmartPointer.h>

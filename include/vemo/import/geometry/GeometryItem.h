@@ -1,10 +1,10 @@
 #pragma once
 
 #include <vemo/base/Vector.h>
-#include <vemo/import/Array_t.h>
-#include <vemo/import/Color.h>
-#include <vemo/import/GraphicsItem.h>
-#include <vemo/import/items/GeometrySettings.h>
+#include <vemo/import/archive/Array_t.h>
+#include <vemo/import/geometry/GeometrySettings.h>
+#include <vemo/import/items/GraphicsItem.h>
+#include <vemo/import/xml/Color.h>
 
 #include <vtkSmartPointer.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <vemo/import/items/Image.h>
+#include <vemo/import/decorations/Image.h>
 
 #include <string>
 

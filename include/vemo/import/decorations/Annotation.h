@@ -1,8 +1,8 @@
 #pragma once
 
 #include <vemo/base/Vector.h>
-#include <vemo/import/GraphicsItem.h>
-#include <vemo/import/items/Font.h>
+#include <vemo/import/decorations/Font.h>
+#include <vemo/import/items/GraphicsItem.h>
 #include <vemo/scenegraph/attributes/AnnotationAttributes.h>
 
 #include <string>

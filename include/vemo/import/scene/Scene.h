@@ -1,9 +1,9 @@
 #pragma once
 
-#include <vemo/import/Array_t.h>
 #include <vemo/import/Camera.h>
-#include <vemo/import/Color.h>
-#include <vemo/import/items/AssemblyItem.h>
+#include <vemo/import/archive/Array_t.h>
+#include <vemo/import/scene/AssemblyItem.h>
+#include <vemo/import/xml/Color.h>
 
 #include <list>
 #include <memory>
