@@ -159,7 +159,7 @@ void GeometryItem::setPointScaleScalarMapRange(const Vector<3, double>& range) {
 
 void GeometryItem::read(const QxElement& element, SceneFileReader* reader) {
   VEMO_REQUIRE(reader, "SceneFileReadable can't be NULL for this object");
-  ValueReader(element, reader, OnBadValue::FAIL).checkVersion(version());
+  checkVersion(element, reader, version());
   GraphicsItem::read(element, reader);
   readImpl(element, reader);
 }

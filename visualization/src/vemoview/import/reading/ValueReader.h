@@ -27,10 +27,6 @@ class ValueReader {
   /// The reader receives the warnings; it may be null.
   ValueReader(const QxElement& element, SceneFileReader* reader, OnBadValue onBadValue);
 
-  /// Throws FutureVersionException when the element states a version above the
-  /// newest one understood.
-  void checkVersion(int newest) const;
-
   /// Reports an attribute or child that is present and does not state the default.
   void reportWithoutEffect(const KeyDescription& key, const std::string& defaultText) const;
   /// For an element that has no use for what all items have.

@@ -1,6 +1,6 @@
 #include "vemoview/import/items/SharedCollection.h"
 #include "vemoview/import/reading/ReadingContext.h"
-#include "vemoview/import/reading/ValueReader.h"
+#include "vemoview/import/reading/ElementVersion.h"
 #include "vemoview/import/scene/ChildElements.h"
 #include <vemo/import/decorations/Legend.h>
 #include <vemo/import/items/Colormap.h>
@@ -78,7 +78,7 @@ void AssemblyItem::read(const QxElement& element, SceneFileReader* reader) {
 }
 
 void AssemblyItem::readBase(const QxElement& element, SceneFileReader* reader) {
-  ValueReader(element, reader, OnBadValue::FAIL).checkVersion(version());
+  checkVersion(element, reader, version());
   GraphicsItem::read(element, reader);
   readImpl(element, reader);
 }
