@@ -4,7 +4,7 @@
 #include "vemoview/render/draw/BatchGroups.h"
 #include "vemoview/render/draw/Screen.h"
 #include "vemoview/render/draw/View.h"
-#include "vemoview/resolve/mesh/MeshBounds.h"
+#include "geometry/Bounds.h"
 #include <vemo/resolve/Picker.h>
 
 #include <vtkCullerCollection.h>

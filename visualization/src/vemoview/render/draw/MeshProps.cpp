@@ -6,7 +6,7 @@
 #include "vemoview/render/draw/MeshActor.h"
 #include "vemoview/render/draw/PropGroup.h"
 #include "vemoview/render/draw/Screen.h"
-#include "vemoview/resolve/mesh/MeshBounds.h"
+#include "geometry/Bounds.h"
 #include <vemo/base/Vector.h>
 #include <vemo/resolve/ClipPlane.h>
 
