@@ -1,8 +1,6 @@
 #include "support/TemporaryFolder.h"
 #include "window/OpenWindow.h"
 #include <vemo/render/RenderErrors.h>
-#include <vemo/scenegraph/drawables/SurfaceDrawable.h>
-#include <vemo/scenegraph/drawables/TriadDrawable.h>
 
 #include <vtkVersionMacros.h>
 

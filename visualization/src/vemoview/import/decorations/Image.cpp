@@ -90,7 +90,7 @@ void Image::setPixels(vtkUnsignedCharArray* pixels, int width, int height) {
   _height = height;
 }
 
-void Image::setPlace(const Vector<3, double>& corner, const Vector<3, double>& xAxis,
+void Image::setQuad(const Vector<3, double>& corner, const Vector<3, double>& xAxis,
                      const Vector<3, double>& yAxis) {
   _corner = corner;
   _xAxis = xAxis;
@@ -99,7 +99,7 @@ void Image::setPlace(const Vector<3, double>& corner, const Vector<3, double>& x
 
 void Image::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement<GraphicsItem>(*this, element, reader);
-  readPlace(element, reader);
+  readQuad(element, reader);
   // The size of pixels that do not exist does not matter, however it is written.
   if (element.findAttribute(PixelSource::XML_ATTRIB_PIXELS) != nullptr) {
     VEMO_REQUIRE(reader, "SceneFileReadable can't be NULL for this object");

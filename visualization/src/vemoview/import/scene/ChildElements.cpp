@@ -150,7 +150,7 @@ std::span<const ChildElement<AssemblyItem>> assemblyElements() {
   using A = AssemblyItem;
   static const ChildElement<A> ELEMENTS[] = {
       part<A, Colormap, &A::addColormap>(),
-      part<A, Legend, &A::setLegend, Legend, Legend::Place, Font>(),
+      part<A, Legend, &A::setLegend, Legend, Legend::Rectangle, Font>(),
       part<A, GeometryTransform, &A::setTransform>(),
       part<A, RepeatTransform, &A::setTransform>(),
       part<A, ReflectTransform, &A::setTransform>(),
