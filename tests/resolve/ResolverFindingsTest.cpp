@@ -4,16 +4,8 @@
 #include "support/FoundFindings.h"
 #include "support/SceneBuilder.h"
 #include <vemo/resolve/SceneResolver.h>
-#include <vemo/scenegraph/attributes/ContourAttributes.h>
-#include <vemo/scenegraph/attributes/MeshAttributes.h>
 #include <vemo/scenegraph/attributes/PointScaleAttributes.h>
-#include <vemo/scenegraph/attributes/PointSizeAttributes.h>
 #include <vemo/scenegraph/drawables/ImageDrawable.h>
-#include <vemo/scenegraph/drawables/LegendDrawable.h>
-#include <vemo/scenegraph/drawables/PointSphereDrawable.h>
-#include <vemo/scenegraph/drawables/TextDrawable.h>
-#include <vemo/scenegraph/drawables/TriadDrawable.h>
-#include <vemo/scenegraph/transforms/PeriodicRepeatTransform.h>
 
 #include <vtkCellData.h>
 #include <vtkPointData.h>

@@ -3,10 +3,6 @@
 #include "support/SceneBuilder.h"
 #include <vemo/resolve/SceneResolver.h>
 #include <vemo/resolve/SceneTooLarge.h>
-#include <vemo/scenegraph/attributes/MaterialAttributes.h>
-#include <vemo/scenegraph/transforms/PeriodicRepeatTransform.h>
-#include <vemo/scenegraph/transforms/SimpleTransform.h>
-#include <vemo/scenegraph/transforms/SymmetricTransform.h>
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
