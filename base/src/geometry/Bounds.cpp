@@ -1,9 +1,13 @@
 #include "geometry/Bounds.h"
 
+#include "geometry/Points.h"
+
 #include <vtkPoints.h>
 #include <vtkPolyData.h>
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 
 namespace vemo {
 
@@ -15,6 +19,33 @@ Box toBox(const double* bounds) {
 }
 
 }  // namespace
+
+PointScan scanPoints(vtkDataArray& coordinates) {
+  PointScan scan;
+  PointReader(coordinates).visit([&scan](const auto& points) {
+    // A local variable stays in registers.
+    Box bounds;
+    for (vtkIdType i = 0; i < points.size(); ++i) {
+      const Vector3 point = points[i];
+      if (isFinite(point)) {
+        bounds.add(point);
+      } else {
+        scan.nonFinite.resize(static_cast<std::size_t>(points.size()));
+        scan.nonFinite[static_cast<std::size_t>(i)] = true;
+      }
+    }
+    scan.bounds = bounds;
+  });
+  return scan;
+}
+
+Box finiteBounds(vtkDataArray& coordinates, vtkIdType* leftOut) {
+  const PointScan scan = scanPoints(coordinates);
+  if (leftOut != nullptr) {
+    *leftOut = std::ranges::count(scan.nonFinite, true);
+  }
+  return scan.bounds;
+}
 
 Box boundsOf(vtkPolyData& geometry) {
   return toBox(geometry.GetPoints()->GetBounds());

@@ -1,37 +1,33 @@
 #pragma once
 
 #include "geometry/Box.h"
-#include "geometry/Points.h"
-#include <vemo/base/Vector.h>
 #include <vemo/geometry/Export.h>
 
 #include <vtkType.h>
+
+#include <vector>
 
 class vtkDataArray;
 class vtkPolyData;
 
 namespace vemo {
 
-/// The box around the points of an array with three components whose coordinates
-/// are all finite. Calls the action with the index of each other point.
-template <class Action>
-Box finiteBounds(vtkDataArray& coordinates, const Action& onNonFinite) {
-  Box result;
-  PointReader(coordinates).visit([&](const auto& points) {
-    // A local variable stays in registers.
-    Box bounds;
-    for (vtkIdType i = 0; i < points.size(); ++i) {
-      const Vector3 point = points[i];
-      if (isFinite(point)) {
-        bounds.add(point);
-      } else {
-        onNonFinite(i);
-      }
-    }
-    result = bounds;
-  });
-  return result;
-}
+/// Points that are left out are marked by true; empty when there are none.
+using PointMarks = std::vector<bool>;
+
+/// What one pass over the points of an array with three components finds.
+struct PointScan {
+  /// Those that have a coordinate which is not finite.
+  PointMarks nonFinite;
+  /// Around the others.
+  Box bounds;
+};
+
+VEMO_GEOMETRY_EXPORT PointScan scanPoints(vtkDataArray& coordinates);
+
+/// The bounds alone.
+/// @param leftOut receives the number of points that are not finite
+VEMO_GEOMETRY_EXPORT Box finiteBounds(vtkDataArray& coordinates, vtkIdType* leftOut = nullptr);
 
 /// The box around all points, used by cells or not, all of them finite; VTK
 /// keeps it with the points. The poly data has points.

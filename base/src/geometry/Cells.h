@@ -53,7 +53,8 @@ class IndexReader {
 /// The point indices of one cell.
 class Corners {
  public:
-  Corners(const IndexReader& indices, vtkIdType first, vtkIdType count) : _indices(indices), _first(first), _count(count) {}
+  Corners(const IndexReader& indices, vtkIdType first, vtkIdType count)
+      : _indices(indices), _first(first), _count(count) {}
 
   vtkIdType size() const { return _count; }
   vtkIdType operator[](vtkIdType corner) const { return _indices[_first + corner]; }
@@ -72,8 +73,9 @@ class CellReader {
       : _size(cells.GetNumberOfCells()),
         _offsets(cells.IsStorage64Bit() ? IndexReader(nullptr, cells.GetOffsetsArray64()->GetPointer(0))
                                         : IndexReader(cells.GetOffsetsArray32()->GetPointer(0), nullptr)),
-        _indices(cells.IsStorage64Bit() ? IndexReader(nullptr, cells.GetConnectivityArray64()->GetPointer(0))
-                                    : IndexReader(cells.GetConnectivityArray32()->GetPointer(0), nullptr)) {}
+        _indices(cells.IsStorage64Bit()
+                     ? IndexReader(nullptr, cells.GetConnectivityArray64()->GetPointer(0))
+                     : IndexReader(cells.GetConnectivityArray32()->GetPointer(0), nullptr)) {}
 
   vtkIdType size() const { return _size; }
   Corners operator[](vtkIdType cell) const {

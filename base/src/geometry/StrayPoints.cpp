@@ -1,7 +1,7 @@
 #include "geometry/StrayPoints.h"
 
-#include "geometry/Bounds.h"
 #include "geometry/Cells.h"
+#include "geometry/Points.h"
 #include <vemo/geometry/CellKind.h>
 
 #include <vtkPoints.h>
@@ -37,14 +37,7 @@ Box sampleCells(vtkPolyData& geometry) {
 }  // namespace
 
 PointScan scanPoints(vtkPolyData& geometry) {
-  PointScan scan;
-  if (geometry.GetPoints() != nullptr) {
-    scan.bounds = finiteBounds(*geometry.GetPoints()->GetData(), [&](vtkIdType point) {
-      scan.nonFinite.resize(static_cast<std::size_t>(geometry.GetNumberOfPoints()));
-      scan.nonFinite[static_cast<std::size_t>(point)] = true;
-    });
-  }
-  return scan;
+  return geometry.GetPoints() != nullptr ? scanPoints(*geometry.GetPoints()->GetData()) : PointScan();
 }
 
 PointMarks markFarPoints(vtkPolyData& geometry, const Box& bounds) {

@@ -71,7 +71,7 @@ void GeometryDrawableBuilder::build(const std::string& qualifiedName) {
 Vector<3, double> GeometryDrawableBuilder::findCenter() const {
   vtkPoints* const points = _polyData.GetPoints();
   vtkIdType nonFinite = 0;
-  const Box bounds = points != nullptr ? finiteBounds(*points->GetData(), [&nonFinite](vtkIdType) { ++nonFinite; }) : Box();
+  const Box bounds = points != nullptr ? finiteBounds(*points->GetData(), &nonFinite) : Box();
   if (nonFinite > 0) {
     report(_context, FindingCode::POINTS_WITHOUT_POSITION,
            fmt::format("{} of {} points have no finite coordinates and are not drawn", nonFinite,
