@@ -61,6 +61,14 @@ class SceneWindowTest : public testing::Test {
     triad.setCameraAttributes(&scene.canvas().getCameraAttributes());
   }
 
+  /// Looks at the view after a key was pressed with a row selected.
+  static Picture lookAfter(OpenWindow& open, const char* row, Qt::Key key) {
+    open.selectRow(row);
+    open.press(key);
+    open.press(Qt::Key_Escape);
+    return open.look();
+  }
+
   bool isVisible(lum::Drawable& surface) {
     return dynamic_cast<lum::Drawable&>(*surface.getOwner()).getBaseAttributes().getVisibility();
   }
@@ -137,15 +145,10 @@ TEST_F(OpenSceneWindowTest, HidesAndShowsByName) {
 }
 
 TEST_F(OpenSceneWindowTest, ShowsOnlyWhatIsSelectedAndAllAgain) {
-  open.selectRow("blue square");
-  open.press(Qt::Key_O);
-  open.press(Qt::Key_Escape);
-  EXPECT_EQ(countPink(open.look()), 0);
+  EXPECT_EQ(countPink(lookAfter(open, "blue square", Qt::Key_O)), 0);
   EXPECT_TRUE(open.isChecked("blue square"));
   open.press(Qt::Key_A);
-  open.selectRow("pink square");
-  open.press(Qt::Key_H);
-  EXPECT_EQ(countPink(open.look()), 0);
+  EXPECT_EQ(countPink(lookAfter(open, "pink square", Qt::Key_H)), 0);
   open.press(Qt::Key_A);
   open.press(Qt::Key_Escape);
   EXPECT_TRUE(isAsInTheBeginning());
@@ -175,10 +178,7 @@ TEST_F(SceneWindowTest, ShowsOneItemOfAHiddenGroup) {
   EXPECT_FALSE(open.isChecked("unwanted"));
 
   open.press(Qt::Key_A);
-  open.selectRow("wanted");
-  open.press(Qt::Key_O);
-  open.press(Qt::Key_Escape);
-  const Picture alone = open.look();
+  const Picture alone = lookAfter(open, "wanted", Qt::Key_O);
   EXPECT_EQ(at(alone, open.placeOf(0, 0.6))[0], 255);
   EXPECT_LT(countPink(alone), before);
   EXPECT_FALSE(open.isChecked("unwanted"));
