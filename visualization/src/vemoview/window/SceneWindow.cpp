@@ -1,9 +1,9 @@
 #include "vemoview/window/SceneWindow.h"
 
-#include "vemoview/window/ValueGroups.h"
 #include "vemoview/window/ItemText.h"
 #include "vemoview/window/ItemsPanel.h"
 #include "vemoview/window/SceneView.h"
+#include "vemoview/window/ValueGroups.h"
 #include "vemoview/window/ValuesPanel.h"
 #include <vemo/render/RenderErrors.h>
 #include <vemo/resolve/Pick.h>

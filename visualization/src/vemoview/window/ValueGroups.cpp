@@ -1,7 +1,7 @@
 #include "vemoview/window/ValueGroups.h"
 
-#include "vemoview/window/ValueText.h"
 #include "vemoview/window/ItemText.h"
+#include "vemoview/window/ValueText.h"
 #include <vemo/resolve/Pick.h>
 #include <vemo/scenegraph/coloring/ScalarAttributes.h>
 #include <vemo/scenegraph/drawables/Drawable.h>
@@ -25,7 +25,7 @@ QString positionText(const Vector<3, double>& position) {
 }
 
 std::vector<NamedValue> describeArrays(const lum::ArrayTable& arrays,
-                                 const std::function<QString(vtkDataArray&)>& valueOf) {
+                                       const std::function<QString(vtkDataArray&)>& valueOf) {
   std::vector<NamedValue> values;
   for (const auto& array : arrays) {
     if (array != nullptr) {

@@ -1,8 +1,8 @@
 #include "scenegraph/io/codec/GraphDecoder.h"
 
 #include "scenegraph/inspect/NodeDescription.h"
-#include "scenegraph/io/codec/GraphFormat.h"
 #include "scenegraph/io/codec/FieldReader.h"
+#include "scenegraph/io/codec/GraphFormat.h"
 #include <vemo/scenegraph/CollectionNode.h>
 #include <vemo/scenegraph/NodeFactory.h>
 #include <vemo/scenegraph/Owned.h>

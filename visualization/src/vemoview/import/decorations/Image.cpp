@@ -91,7 +91,7 @@ void Image::setPixels(vtkUnsignedCharArray* pixels, int width, int height) {
 }
 
 void Image::setQuad(const Vector<3, double>& corner, const Vector<3, double>& xAxis,
-                     const Vector<3, double>& yAxis) {
+                    const Vector<3, double>& yAxis) {
   _corner = corner;
   _xAxis = xAxis;
   _yAxis = yAxis;

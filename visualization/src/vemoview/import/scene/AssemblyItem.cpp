@@ -1,6 +1,6 @@
 #include "vemoview/import/items/SharedCollection.h"
-#include "vemoview/import/reading/ReadingContext.h"
 #include "vemoview/import/reading/ElementVersion.h"
+#include "vemoview/import/reading/ReadingContext.h"
 #include "vemoview/import/scene/ChildElements.h"
 #include <vemo/import/decorations/Legend.h>
 #include <vemo/import/items/Colormap.h>
