@@ -1,7 +1,7 @@
 #include "ExitCode.h"
 
 #include "Messages.h"
-#include "platform/AtomicFile.h"
+#include "base/AtomicFile.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/Exception.h>
 #include <vemo/import/FaultFinding.h>

@@ -1,7 +1,7 @@
 #include "LedgerFile.h"
 
 #include "ExitCode.h"
-#include "platform/AtomicFile.h"
+#include "base/AtomicFile.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/import/SceneAudit.h>
 #include <vemo/scenegraph/inspect/JsonWriter.h>

@@ -1,7 +1,7 @@
 #include "TemporaryFiles.h"
 
 #include "ExitCode.h"
-#include "platform/AtomicFile.h"
+#include "base/AtomicFile.h"
 
 #include <atomic>
 #include <cerrno>

@@ -2,7 +2,7 @@
 
 #include "features/FeatureScene.h"
 #include "vemoview/render/context/EglRenderWindow.h"
-#include <vemo/import/items/GeometryItem.h>
+#include <vemo/import/geometry/GeometryItem.h>
 
 #include <vtkActor.h>
 #include <vtkActorCollection.h>

@@ -2,7 +2,7 @@
 
 #include "support/SceneXml.h"
 #include "support/TemporaryFolder.h"
-#include <vemo/import/items/Scene.h>
+#include <vemo/import/scene/Scene.h>
 #include <vemo/render/Picture.h>
 #include <vemo/scenegraph/SceneNode.h>
 

@@ -1,4 +1,4 @@
-#include "geometry/Box.h"
+#include "geometry/Bounds.h"
 #include "support/Meshes.h"
 
 #include <vtkDoubleArray.h>

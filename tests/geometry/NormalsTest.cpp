@@ -141,10 +141,7 @@ TEST(Normals, ofAStripIsTheMeanOfItsTrianglesAndOneForTheCell) {
   for (std::size_t i = 0; i < strips.size(); ++i) {
     Vector3 mean;
     for (std::size_t corner = 0; corner + 2 < strips[i].size(); ++corner, triangle += 3) {
-      const auto point = [&](std::size_t k) {
-        const auto& [x, y, z] = points[static_cast<std::size_t>(strips[i][corner + k])];
-        return Vector3{x, y, z};
-      };
+      const auto point = [&](std::size_t k) { return toVector(mesh->GetPoint(strips[i][corner + k])); };
       const double area = length(cross(point(1) - point(0), point(2) - point(0)));
       mean += area * Vector3{triangle[0], triangle[1], triangle[2]};
     }

@@ -1,9 +1,9 @@
 // What items give a host that draws them with VTK's actors.
 
 #include "SceneFixture.h"
+#include <vemo/import/decorations/CoordinateSystemItem.h>
 #include <vemo/import/items/ClippingPlane.h>
 #include <vemo/import/items/Colormap.h>
-#include <vemo/import/items/CoordinateSystemItem.h>
 
 #include <vtkActor.h>
 #include <vtkActor2D.h>

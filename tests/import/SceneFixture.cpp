@@ -2,7 +2,7 @@
 
 #include "support/Files.h"
 #include "support/Nodes.h"
-#include <vemo/import/SharedBySiblings.h>
+#include <vemo/import/items/SharedBySiblings.h>
 #include <vemo/scenegraph/Logger.h>
 
 #include <algorithm>

@@ -6,9 +6,9 @@
 #include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/Exception.h>
-#include <vemo/import/QxElement.h>
-#include <vemo/import/items/GeometryItem.h>
-#include <vemo/import/items/Scene.h>
+#include <vemo/import/geometry/GeometryItem.h>
+#include <vemo/import/scene/Scene.h>
+#include <vemo/import/xml/QxElement.h>
 #include <vemo/scenegraph/SceneNode.h>
 
 #include <functional>

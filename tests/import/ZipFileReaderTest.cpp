@@ -1,7 +1,7 @@
 #include "SceneFixture.h"
 #include "support/Files.h"
 #include "vemoview/import/archive/ArchiveFile.h"
-#include <vemo/import/ZipFileReader.h>
+#include <vemo/import/archive/ZipFileReader.h>
 
 #include <algorithm>
 #include <span>

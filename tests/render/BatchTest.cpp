@@ -1,11 +1,4 @@
 #include "render/RenderScene.h"
-#include <vemo/scenegraph/attributes/ContourAttributes.h>
-#include <vemo/scenegraph/attributes/LineAttributes.h>
-#include <vemo/scenegraph/attributes/MaterialAttributes.h>
-#include <vemo/scenegraph/attributes/MeshAttributes.h>
-#include <vemo/scenegraph/attributes/SurfaceAttributes.h>
-#include <vemo/scenegraph/drawables/PolyLineDrawable.h>
-#include <vemo/scenegraph/transforms/SymmetricTransform.h>
 
 #include <vtkCellData.h>
 #include <vtkPointData.h>

@@ -1,8 +1,5 @@
 #include "render/RenderScene.h"
 #include <vemo/scenegraph/drawables/ImageDrawable.h>
-#include <vemo/scenegraph/drawables/LegendDrawable.h>
-#include <vemo/scenegraph/drawables/TextDrawable.h>
-#include <vemo/scenegraph/transforms/SimpleTransform.h>
 
 #include <vtkUnsignedCharArray.h>
 

@@ -1,10 +1,4 @@
 #include "render/SceneWindow.h"
-#include <vemo/scenegraph/attributes/MaterialAttributes.h>
-#include <vemo/scenegraph/attributes/MeshAttributes.h>
-#include <vemo/scenegraph/attributes/SurfaceAttributes.h>
-#include <vemo/scenegraph/drawables/PointSphereDrawable.h>
-#include <vemo/scenegraph/drawables/PolyLineDrawable.h>
-#include <vemo/scenegraph/transforms/PeriodicRepeatTransform.h>
 
 #include <vtkPointData.h>
 #include <vtkPoints.h>

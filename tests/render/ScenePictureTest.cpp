@@ -2,14 +2,6 @@
 #include "vemoview/render/context/EglContext.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/render/RenderErrors.h>
-#include <vemo/scenegraph/attributes/ContourAttributes.h>
-#include <vemo/scenegraph/attributes/LineAttributes.h>
-#include <vemo/scenegraph/attributes/MeshAttributes.h>
-#include <vemo/scenegraph/attributes/PointSizeAttributes.h>
-#include <vemo/scenegraph/drawables/PointSphereDrawable.h>
-#include <vemo/scenegraph/drawables/PolyLineDrawable.h>
-#include <vemo/scenegraph/transforms/PeriodicRepeatTransform.h>
-#include <vemo/scenegraph/transforms/SimpleTransform.h>
 
 #include <vtkCellData.h>
 #include <vtkPointData.h>

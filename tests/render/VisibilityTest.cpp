@@ -1,13 +1,5 @@
 #include "render/SceneWindow.h"
 #include <vemo/resolve/SceneTooLarge.h>
-#include <vemo/scenegraph/attributes/ContourAttributes.h>
-#include <vemo/scenegraph/attributes/PointSizeAttributes.h>
-#include <vemo/scenegraph/drawables/LegendDrawable.h>
-#include <vemo/scenegraph/drawables/PointSphereDrawable.h>
-#include <vemo/scenegraph/drawables/SurfaceDrawable.h>
-#include <vemo/scenegraph/drawables/TextDrawable.h>
-#include <vemo/scenegraph/drawables/TriadDrawable.h>
-#include <vemo/scenegraph/transforms/PeriodicRepeatTransform.h>
 
 #include <functional>
 #include <gtest/gtest.h>

@@ -4,16 +4,8 @@
 #include "support/FoundFindings.h"
 #include "support/SceneBuilder.h"
 #include <vemo/resolve/SceneResolver.h>
-#include <vemo/scenegraph/attributes/ContourAttributes.h>
-#include <vemo/scenegraph/attributes/MeshAttributes.h>
 #include <vemo/scenegraph/attributes/PointScaleAttributes.h>
-#include <vemo/scenegraph/attributes/PointSizeAttributes.h>
 #include <vemo/scenegraph/drawables/ImageDrawable.h>
-#include <vemo/scenegraph/drawables/LegendDrawable.h>
-#include <vemo/scenegraph/drawables/PointSphereDrawable.h>
-#include <vemo/scenegraph/drawables/TextDrawable.h>
-#include <vemo/scenegraph/drawables/TriadDrawable.h>
-#include <vemo/scenegraph/transforms/PeriodicRepeatTransform.h>
 
 #include <vtkCellData.h>
 #include <vtkPointData.h>
@@ -187,12 +179,6 @@ lum::TextDrawable& addText(SceneBuilder& scene, const std::string& words) {
   return text;
 }
 
-void addLights(SceneBuilder& scene, int count) {
-  for (int i = 0; i < count; ++i) {
-    scene.canvas().getLightingAttributes().getLights().findOrCreate<lum::Light>(std::to_string(i));
-  }
-}
-
 void expectFindings(const char* name, std::size_t decorations, const std::vector<std::string>& codes,
                     void (*build)(SceneBuilder&)) {
   SCOPED_TRACE(name);
@@ -217,16 +203,6 @@ TEST(ResolverFindings, SayWhatIsNotDrawnAsTheSceneSays) {
     for (int i = 0; i < 2001; ++i) {
       scene.drawables().template findOrCreate<lum::LegendDrawable>(std::to_string(i)).getColorLookupTable();
     }
-  });
-  expectFindings("16 lights", 0, {}, [](auto& scene) { addLights(scene, 16); });
-  expectFindings("17 lights", 0, {"lights-limited"}, [](auto& scene) { addLights(scene, 17); });
-  expectFindings("17 planes", 0, {"planes-limited"}, [](auto& scene) {
-    for (int i = 0; i < 17; ++i) {
-      scene.clip({0, 0, 1}, {0, 0, -1.0 * i});
-    }
-  });
-  expectFindings("a plane without a direction", 0, {"value-ignored"}, [](auto& scene) {
-    scene.clip({NAN, 0, 1}, {0, 0, 0});
   });
   expectFindings("a text nowhere", 0, {"decoration-not-drawn"}, [](auto& scene) {
     addText(scene, "t").getPositionAttributes().setPosition({NAN, 0, 0}, false);

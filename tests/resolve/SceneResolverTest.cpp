@@ -1,13 +1,6 @@
 #include "support/SceneBuilder.h"
 #include <vemo/resolve/SceneResolver.h>
-#include <vemo/scenegraph/attributes/MeshAttributes.h>
-#include <vemo/scenegraph/attributes/PointSizeAttributes.h>
 #include <vemo/scenegraph/canvas/CanvasPositionAttributes.h>
-#include <vemo/scenegraph/drawables/LegendDrawable.h>
-#include <vemo/scenegraph/drawables/PointSphereDrawable.h>
-#include <vemo/scenegraph/drawables/TextDrawable.h>
-#include <vemo/scenegraph/drawables/TriadDrawable.h>
-#include <vemo/scenegraph/transforms/PeriodicRepeatTransform.h>
 
 #include <vtkPointData.h>
 

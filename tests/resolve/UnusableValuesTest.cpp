@@ -1,12 +1,9 @@
 // What is shown of scenes with values that nothing can be drawn with.
 
+#include "support/FoundFindings.h"
 #include "support/SceneBuilder.h"
 #include <vemo/resolve/SceneResolver.h>
 #include <vemo/resolve/SceneTooLarge.h>
-#include <vemo/scenegraph/attributes/MaterialAttributes.h>
-#include <vemo/scenegraph/transforms/PeriodicRepeatTransform.h>
-#include <vemo/scenegraph/transforms/SimpleTransform.h>
-#include <vemo/scenegraph/transforms/SymmetricTransform.h>
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
@@ -99,13 +96,24 @@ TEST_F(UnusableValues, NestedRepeatsAreLimited) {
   EXPECT_THROW(meshes(), SceneTooLarge);
 }
 
-TEST_F(UnusableValues, LightsAndPlanesAreIgnoredAndLimited) {
-  for (int i = 0; i < 1000; ++i) {
-    const auto light = make<lum::Light>();
-    light->setIntensity(i == 0 ? NAN : 0.5);
-    scene.canvas().getLightingAttributes().getLights().addNode(*light);
-    scene.clip({i == 0 ? NAN : 0, 0, 2}, {0, 0, 0});
+TEST_F(UnusableValues, LightsAndPlanesAreIgnoredAndLimitedWithFindings) {
+  const auto addOne = [this](double value) {
+    auto& lights = scene.canvas().getLightingAttributes().getLights();
+    lights.findOrCreate<lum::Light>(std::to_string(lights.getNodeCount())).setIntensity(value);
+    scene.clip({0 * value, 0, 2}, {0, 0, 0});
+  };
+  addOne(NAN);
+  const auto codes = [this] {
+    const FoundFindings found;
+    resolve();
+    return found.codes();
+  };
+  for (int i = 0; i < 16; ++i) {
+    addOne(0.5);
   }
+  EXPECT_THAT(codes(), testing::UnorderedElementsAre("value-ignored", "value-ignored"));
+  addOne(0.5);
+  EXPECT_THAT(codes(), testing::IsSupersetOf({"lights-limited", "planes-limited"}));
   const ResolvedCanvas canvas = resolve();
   ASSERT_EQ(canvas.lights.size(), 16U);
   EXPECT_EQ(canvas.lights[0].intensity, 0.5);

@@ -1,4 +1,5 @@
 #include "scenegraph/inspect/Matching.h"
+#include "support/Expected.h"
 #include "support/Meshes.h"
 #include "support/Nodes.h"
 #include "support/SampleGraphs.h"
@@ -14,6 +15,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <limits>
 
@@ -22,6 +24,7 @@ namespace vemo {
 namespace {
 
 using testing::ElementsAre;
+using Scene = lum::SceneNode;
 
 lum::PolyDataNode& pieceOf(lum::SceneNode& scene, const char* name) {
   return *surfaceOf(scene).find<lum::PolyDataNode>(name);
@@ -80,136 +83,120 @@ std::vector<std::string> compare(const lum::Node& left, const lum::Node& right, 
   return lines;
 }
 
-/// Of a scene and one that was changed. They differ in their bits in any case.
-void expectDifferences(const char* name, double tolerance, const std::vector<std::string>& expected,
-                       void (*change)(lum::SceneNode&)) {
-  const auto left = makeComparedScene();
-  const auto right = makeComparedScene();
-  EXPECT_EQ(lum::firstDifference(*left, *right), "");
-  EXPECT_THAT(compare(*left, *right, 0), testing::IsEmpty());
-  change(*right);
-  EXPECT_THAT(compare(*left, *right, tolerance), testing::ElementsAreArray(expected)) << name;
-  EXPECT_NE(lum::firstDifference(*left, *right), "") << name;
-}
-
 TEST(Compare, FindsWhatDiffersByMeaning) {
-  const std::string surface = "ModelCanvas/DrawableCollection/surface";
-  const std::string first = surface + "/first: ";
-  const std::string colors = surface + "/AttributesCollection/ColorAttributes";
-  const std::string scalars = surface + "/AttributesCollection/ScalarAttributes/ColorLookupTable: ";
-  expectDifferences("names of the root", 0,
-                    {"/: name: scene against other", "/: qualifiedName: none against "}, [](auto& scene) {
-                      scene.setName("other");
-                      scene.setQualifiedName("");
-                    });
-  expectDifferences("a slot", 0, {"ForegroundCanvas: node: none against SceneCanvas"},
-                    [](auto& scene) { scene.getForegroundCanvas(); });
-  expectDifferences("zeros", 0, {}, [](auto& scene) {
-    movePoint(scene, -0.0);
-    surfaceOf(scene).getColorAttributes()->setColor("left", {1, -0.0, 0});
-  });
-  expectDifferences("an array on one side", 0,
-                    {first + "nodeDataArrays[\"heat\"]: float32, 3 tuples against none"},
-                    [](auto& scene) { pieceOf(scene, "first").setPolyData(makeGeometry(false)); });
-  expectDifferences("a number within", 0.1, {}, [](auto& scene) {
-    tableOf(scene).setColorValues({0.3, 0.5, 1090});
-    surfaceOf(scene).getColorAttributes()->setOpacity(0.95, false);
-  });
-  expectDifferences("a number without", 0.05,
-                    {colors + ": opacity: 1 against 0.875",
-                     scalars + "colorValues: 0.25 against 0.35 (2 of 3 differ, most at 0, by 0.1)"},
-                    [](auto& scene) {
-                      tableOf(scene).setColorValues({0.35, 0.5, 1060});
-                      surfaceOf(scene).getColorAttributes()->setOpacity(0.875, false);
-                    });
-  expectDifferences("digits", 0, {colors + ": opacity: 1 against 0.9999999999999999"}, [](auto& scene) {
-    surfaceOf(scene).getColorAttributes()->setOpacity(1 - 0x1p-53, false);
-  });
-  expectDifferences("a list's length", 1, {scalars + "colorValues: 3 numbers against 1 numbers"},
-                    [](auto& scene) { tableOf(scene).setColorValues({0.25}); });
-  expectDifferences("a vector", 0, {colors + ": color: (0.25, 0.5, 0.75) against (1, 0, 0)"},
-                    [](auto& scene) {
-                      surfaceOf(scene).getColorAttributes()->setColor({1, 0, 0}, false);
-                    });
-  expectDifferences("a table", 0,
-                    {colors + ": colors[\"left\"]: (1, 0, 0) against (1, 0, 1)",
-                     colors + ": colors[\"right\"]: none against (0, 0, 0)"},
-                    [](auto& scene) {
-                      auto& attributes = *surfaceOf(scene).getColorAttributes();
-                      attributes.setColor("left", {1, 0, 1});
-                      attributes.setColor("right", {0, 0, 0});
-                    });
-  expectDifferences("values that are not finite", 10,
-                    {first + "nodeDataArrays[\"heat\"]: nan against 1 (2 of 3 differ, most at 1, by inf)"},
-                    [](auto& scene) {
-                      setHeat(scene, {1, 1, -INFINITY});
-                    });
-  expectDifferences(
-      "the greatest deviation", 0,
-      {first + "nodeDataArrays[\"heat\"]: 1 against 1.5 (1 of 3 differ, most at 0, by 0.333333)"},
-      [](auto& scene) {
-        setHeat(scene, {1.5F, NAN, INFINITY});
-      });
-  expectDifferences(
-      "a type", 0,
-      {first + "nodeDataArrays[\"heat\"]: float32, 3 tuples against float64, 3 tuples",
-       first + "nodeDataArrays[\"heat\"]: nan against 2 (1 of 3 differ, most at 1, by inf)"},
-      [](auto& scene) {
-        pieceOf(scene, "first").setNodeDataArray(makeArray<vtkDoubleArray>("heat", {1, 2, INFINITY}));
-      });
-  expectDifferences("a point", 0, {first + "points: 0 against 0.5 (1 of 9 differ, most at 0[2], by 0.5)"},
-                    [](auto& scene) { movePoint(scene, 0.5); });
-  expectDifferences("the width of cells", 0, {},
-                    [](auto& scene) { pieceOf(scene, "wide").setPolyData(makeGeometry(false)); });
-  expectDifferences("a cell", 0,
-                    {surface + "/wide: polys: (0, 1, 2) against (0, 2, 1) (1 of 1 differ, first at 0)"},
-                    [](auto& scene) {
-                      auto geometry = makeGeometry(true);
-                      geometry->GetPolys()->ReplaceCellAtId(0, 3, std::array<vtkIdType, 3>{0, 2, 1}.data());
-                      pieceOf(scene, "wide").setPolyData(geometry);
-                    });
-  expectDifferences("a piece inserted", 0, {surface + "/new: node: none against PolyDataNode"},
-                    [](auto& scene) {
-                      surfaceOf(scene).template findOrCreate<lum::PolyDataNode>("new");
-                      reorder(scene, {"new", "second", "wide", "none", "empty"});
-                    });
-  expectDifferences("a piece of the same name", 0, {surface + "/wide~#2: node: none against PolyDataNode"},
-                    [](auto& scene) { surfaceOf(scene).addNode(*make<lum::PolyDataNode>("wide")); });
-  expectDifferences(
-      "another class", 0,
-      {surface + ": node: SurfaceDrawable against none", surface + ": node: none against TextDrawable"},
-      [](auto& scene) {
-        scene.getModelCanvas().getDrawableCollection().removeAllNodes();
-        scene.getModelCanvas().getDrawableCollection().addNode(*make<lum::TextDrawable>("surface"));
-      });
-  expectDifferences("the order of pieces", 0, {surface + "/first: position: 0 against 4"}, [](auto& scene) {
-    reorder(scene, {"second", "wide", "none", "empty", "first"});
-  });
-  expectDifferences("the order of attributes", 0, {}, [](auto& scene) {
-    auto& attributes = surfaceOf(scene).getAttributesCollection();
-    const lum::Ptr<lum::Node> node(&attributes.getNode(0));
-    attributes.removeNode(*node);
-    attributes.addNode(*node);
-  });
-  expectDifferences("the order of arrays", 0, {}, [](auto& scene) {
-    const auto arrays = pieceOf(scene, "first").getNodeDataArrays();
-    auto geometry = makeGeometry(false);
-    geometry->GetPointData()->Initialize();
-    pieceOf(scene, "first").setPolyData(geometry);
-    pieceOf(scene, "first").setNodeDataArray(arrays[1]);
-    pieceOf(scene, "first").setNodeDataArray(arrays[0]);
-  });
-  expectDifferences("a reference", 1,
-                    {"OrientationCanvas/DrawableCollection/triad: cameraAttributes: -> "
-                     "ModelCanvas/AttributesCollection/CameraAttributes against -> "
-                     "OrientationCanvas/AttributesCollection/CameraAttributes"},
-                    [](auto& scene) {
-                      triadOf(scene).setCameraAttributes(&scene.getOrientationCanvas().getCameraAttributes());
-                    });
-  expectDifferences("no reference", 1,
-                    {"OrientationCanvas/DrawableCollection/triad: cameraAttributes: -> "
-                     "ModelCanvas/AttributesCollection/CameraAttributes against none"},
-                    [](auto& scene) { triadOf(scene).setCameraAttributes(nullptr); });
+  struct {
+    const char* name;
+    double tolerance;
+    void (*change)(Scene& scene);
+  } const cases[] = {
+      {"names of the root", 0,
+       [](Scene& scene) {
+         scene.setName("other");
+         scene.setQualifiedName("");
+       }},
+      {"a slot", 0, [](Scene& scene) { scene.getForegroundCanvas(); }},
+      {"zeros", 0,
+       [](Scene& scene) {
+         movePoint(scene, -0.0);
+         surfaceOf(scene).getColorAttributes()->setColor("left", {1, -0.0, 0});
+       }},
+      {"an array on one side", 0,
+       [](Scene& scene) { pieceOf(scene, "first").setPolyData(makeGeometry(false)); }},
+      {"a number within", 0.1,
+       [](Scene& scene) {
+         tableOf(scene).setColorValues({0.3, 0.5, 1090});
+         surfaceOf(scene).getColorAttributes()->setOpacity(0.95, false);
+       }},
+      {"a number without", 0.05,
+       [](Scene& scene) {
+         tableOf(scene).setColorValues({0.35, 0.5, 1060});
+         surfaceOf(scene).getColorAttributes()->setOpacity(0.875, false);
+       }},
+      {"digits", 0,
+       [](Scene& scene) { surfaceOf(scene).getColorAttributes()->setOpacity(1 - 0x1p-53, false); }},
+      {"a list's length", 1, [](Scene& scene) { tableOf(scene).setColorValues({0.25}); }},
+      {"a vector", 0,
+       [](Scene& scene) {
+         surfaceOf(scene).getColorAttributes()->setColor({1, 0, 0}, false);
+       }},
+      {"a table", 0,
+       [](Scene& scene) {
+         auto& attributes = *surfaceOf(scene).getColorAttributes();
+         attributes.setColor("left", {1, 0, 1});
+         attributes.setColor("right", {0, 0, 0});
+       }},
+      {"values that are not finite", 10,
+       [](Scene& scene) {
+         setHeat(scene, {1, 1, -INFINITY});
+       }},
+      {"the greatest deviation", 0,
+       [](Scene& scene) {
+         setHeat(scene, {1.5F, NAN, INFINITY});
+       }},
+      {"a type", 0,
+       [](Scene& scene) {
+         pieceOf(scene, "first").setNodeDataArray(makeArray<vtkDoubleArray>("heat", {1, 2, INFINITY}));
+       }},
+      {"a point", 0, [](Scene& scene) { movePoint(scene, 0.5); }},
+      {"the width of cells", 0,
+       [](Scene& scene) { pieceOf(scene, "wide").setPolyData(makeGeometry(false)); }},
+      {"a cell", 0,
+       [](Scene& scene) {
+         auto geometry = makeGeometry(true);
+         geometry->GetPolys()->ReplaceCellAtId(0, 3, std::array<vtkIdType, 3>{0, 2, 1}.data());
+         pieceOf(scene, "wide").setPolyData(geometry);
+       }},
+      {"a piece inserted", 0,
+       [](Scene& scene) {
+         surfaceOf(scene).findOrCreate<lum::PolyDataNode>("new");
+         reorder(scene, {"new", "second", "wide", "none", "empty"});
+       }},
+      {"a piece of the same name", 0,
+       [](Scene& scene) { surfaceOf(scene).addNode(*make<lum::PolyDataNode>("wide")); }},
+      {"another class", 0,
+       [](Scene& scene) {
+         scene.getModelCanvas().getDrawableCollection().removeAllNodes();
+         scene.getModelCanvas().getDrawableCollection().addNode(*make<lum::TextDrawable>("surface"));
+       }},
+      {"the order of pieces", 0,
+       [](Scene& scene) {
+         reorder(scene, {"second", "wide", "none", "empty", "first"});
+       }},
+      {"the order of attributes", 0,
+       [](Scene& scene) {
+         auto& attributes = surfaceOf(scene).getAttributesCollection();
+         const lum::Ptr<lum::Node> node(&attributes.getNode(0));
+         attributes.removeNode(*node);
+         attributes.addNode(*node);
+       }},
+      {"the order of arrays", 0,
+       [](Scene& scene) {
+         const auto arrays = pieceOf(scene, "first").getNodeDataArrays();
+         auto geometry = makeGeometry(false);
+         geometry->GetPointData()->Initialize();
+         pieceOf(scene, "first").setPolyData(geometry);
+         pieceOf(scene, "first").setNodeDataArray(arrays[1]);
+         pieceOf(scene, "first").setNodeDataArray(arrays[0]);
+       }},
+      {"a reference", 1,
+       [](Scene& scene) {
+         triadOf(scene).setCameraAttributes(&scene.getOrientationCanvas().getCameraAttributes());
+       }},
+      {"no reference", 1, [](Scene& scene) { triadOf(scene).setCameraAttributes(nullptr); }}};
+  std::string found;
+  for (const auto& [name, tolerance, change] : cases) {
+    const auto left = makeComparedScene();
+    const auto right = makeComparedScene();
+    EXPECT_EQ(lum::firstDifference(*left, *right), "");
+    EXPECT_THAT(compare(*left, *right, 0), testing::IsEmpty());
+    change(*right);
+    found += fmt::format("{}, tolerance {}\n", name, tolerance);
+    for (const std::string& line : compare(*left, *right, tolerance)) {
+      found += "  " + line + "\n";
+    }
+    EXPECT_NE(lum::firstDifference(*left, *right), "") << name << ": the bits differ in any case";
+  }
+  expectAsInFile(found, "differences.txt");
 }
 
 /// Larger integers than doubles can tell apart.

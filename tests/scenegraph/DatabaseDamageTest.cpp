@@ -4,7 +4,6 @@
 #include "support/Nodes.h"
 #include "support/SampleGraphs.h"
 #include "support/TemporaryFolder.h"
-#include <vemo/scenegraph/inspect/Compare.h>
 #include <vemo/scenegraph/io/CheckFormat.h>
 #include <vemo/scenegraph/io/FileError.h>
 #include <vemo/scenegraph/io/SDBReader.h>
@@ -17,11 +16,7 @@ namespace vemo {
 
 namespace {
 
-using lum::firstDifference;
-using lum::Node;
-using lum::Ptr;
 using lum::io::FileError;
-using lum::io::FileIoStatus;
 using testing::HasSubstr;
 
 /// A small database of a scene.
@@ -206,19 +201,8 @@ TEST_F(DatabaseDamage, RefusesCellsThatLeaveTheirPoints) {
     return tryToRead(changed.join());
   };
   EXPECT_EQ(withValue(6, 2, 1), "");
-  const std::string unsound = "the offsets do not rise from 0";
-  struct {
-    std::size_t array, index;
-    std::int32_t value;
-    std::string message;
-  } const cases[] = {{6, 2, 3, "polys: cells use points 0 to 3 of 3"},
-                     {6, 0, -1, "polys: cells use points -1 to 2 of 3"},
-                     {5, 0, 1, "polys: " + unsound},
-                     {5, 1, 2, "polys: " + unsound},
-                     {3, 1, 1, "lines: " + unsound}};
-  for (const auto& [array, index, value, message] : cases) {
-    EXPECT_THAT(withValue(array, index, value), HasSubstr(message));
-  }
+  EXPECT_THAT(withValue(6, 2, 3), HasSubstr("polys: cells use points 0 to 3 of 3"));
+  EXPECT_THAT(withValue(3, 1, 1), HasSubstr("lines: the offsets do not rise from 0"));
 }
 
 }  // namespace

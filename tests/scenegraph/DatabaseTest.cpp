@@ -4,7 +4,6 @@
 #include "support/Nodes.h"
 #include "support/SampleGraphs.h"
 #include "support/TemporaryFolder.h"
-#include <vemo/scenegraph/inspect/Compare.h>
 #include <vemo/scenegraph/io/ArrayPool.h>
 #include <vemo/scenegraph/io/FileError.h>
 #include <vemo/scenegraph/io/SDBReader.h>
@@ -19,11 +18,7 @@ namespace vemo {
 
 namespace {
 
-using lum::firstDifference;
-using lum::Node;
-using lum::Ptr;
 using lum::SDBWriter;
-using lum::io::FileIoStatus;
 namespace fs = std::filesystem;
 
 TEST(Database, HoldsRecordsAndAppends) {

@@ -1,6 +1,7 @@
 // What programs and people are shown of graphs: JSON, texts.
 
 #include "support/Expected.h"
+#include "support/GraphText.h"
 #include "support/Meshes.h"
 #include "support/Nodes.h"
 #include "support/SampleGraphs.h"
@@ -8,7 +9,6 @@
 #include <vemo/scenegraph/attributes/TextAttributes.h>
 #include <vemo/scenegraph/coloring/ColorLookupTable.h>
 #include <vemo/scenegraph/inspect/FieldText.h>
-#include <vemo/scenegraph/inspect/JsonPrinter.h>
 #include <vemo/scenegraph/inspect/JsonWriter.h>
 
 #include <vtkTypeInt64Array.h>
@@ -30,11 +30,7 @@ using testing::HasSubstr;
 using testing::StartsWith;
 
 std::string print(const lum::Node& node) {
-  std::ostringstream out;
-  lum::JsonWriter writer(out);
-  lum::JsonPrinter(writer, lum::JsonPrinter::Values::LEFT_OUT).print(node);
-  writer.finish();
-  return out.str();
+  return jsonText(node, lum::JsonPrinter::Values::LEFT_OUT);
 }
 
 /// Numbers that are not finite are null, and arrays keep their order.

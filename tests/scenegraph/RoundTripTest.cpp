@@ -7,7 +7,6 @@
 #include "support/SmallStack.h"
 #include "support/TemporaryFolder.h"
 #include <vemo/scenegraph/NodeFactory.h>
-#include <vemo/scenegraph/inspect/Compare.h>
 #include <vemo/scenegraph/io/SDBReader.h>
 
 #include <vtkCellArray.h>
@@ -18,11 +17,6 @@
 namespace vemo {
 
 namespace {
-
-using lum::firstDifference;
-using lum::Node;
-using lum::Ptr;
-using lum::io::FileIoStatus;
 
 Ptr<Node> throughADatabase(Node& node) {
   const TemporaryFolder folder;

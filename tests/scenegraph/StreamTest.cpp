@@ -3,7 +3,6 @@
 #include "support/SampleGraphs.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/scenegraph/NodeRegistry.h>
-#include <vemo/scenegraph/inspect/Compare.h>
 #include <vemo/scenegraph/io/FileError.h>
 #include <vemo/scenegraph/io/NodeInputStream.h>
 #include <vemo/scenegraph/io/NodeOutputStream.h>
@@ -18,11 +17,8 @@ namespace vemo {
 
 namespace {
 
-using lum::firstDifference;
-using lum::Node;
 using lum::NodeInputStream;
 using lum::NodeOutputStream;
-using lum::Ptr;
 
 /// How many of the payload's streams do not decode.
 int load(const Payload& payload, NodeInputStream& stream) {

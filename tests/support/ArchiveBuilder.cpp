@@ -10,22 +10,28 @@ namespace vemo {
 
 namespace {
 
-constexpr std::uint32_t LOCAL_HEADER = 0x04034b50;
-constexpr std::uint32_t DIRECTORY_ENTRY = 0x02014b50;
-constexpr std::uint32_t DIRECTORY_END = 0x06054b50;
-constexpr std::uint32_t DIRECTORY_END_64 = 0x06064b50;
-constexpr std::uint32_t DIRECTORY_LOCATOR_64 = 0x07064b50;
-/// The date field of the first of January 1980.
-constexpr std::uint16_t FIRST_DATE = 0x21;
-
 using Bytes = std::vector<unsigned char>;
+using U16 = std::uint16_t;
+using U32 = std::uint32_t;
+using U64 = std::uint64_t;
 
-/// Appends a number, least significant byte first, as zip has it.
-template <class T>
-void put(Bytes& out, std::uint64_t value) {
-  for (unsigned shift = 0; shift < 8 * sizeof(T); shift += 8) {
-    out.push_back(static_cast<unsigned char>(value >> shift));
-  }
+constexpr U32 LOCAL_HEADER = 0x04034b50;
+constexpr U32 DIRECTORY_ENTRY = 0x02014b50;
+constexpr U32 DIRECTORY_END = 0x06054b50;
+constexpr U32 DIRECTORY_END_64 = 0x06064b50;
+constexpr U32 DIRECTORY_LOCATOR_64 = 0x07064b50;
+/// The date field of the first of January 1980.
+constexpr U16 FIRST_DATE = 0x21;
+
+/// Appends numbers as zip has them, least significant byte first.
+template <class... T>
+void put(Bytes& out, T... values) {
+  const auto putOne = [&out](auto value) {
+    for (unsigned shift = 0; shift < 8 * sizeof value; shift += 8) {
+      out.push_back(static_cast<unsigned char>(value >> shift));
+    }
+  };
+  (putOne(values), ...);
 }
 
 Bytes deflated(const Bytes& content) {
@@ -49,69 +55,40 @@ Bytes deflated(const Bytes& content) {
 
 /// The fields that the local header and the directory have in common.
 void putCommonFields(Bytes& out, const ArchiveBuilder::Entry& entry) {
-  put<std::uint16_t>(out, 20);  // the version needed to read it
-  put<std::uint16_t>(out, entry.flags);
-  put<std::uint16_t>(out, entry.method);
-  put<std::uint16_t>(out, 0);  // time
-  put<std::uint16_t>(out, FIRST_DATE);
-  put<std::uint32_t>(out, entry.crc);
-  put<std::uint32_t>(out, entry.compressedSize);
-  put<std::uint32_t>(out, entry.uncompressedSize);
-  put<std::uint16_t>(out, entry.name.size());
-  put<std::uint16_t>(out, 0);  // extra field
+  const U16 neededVersion = 20, time = 0, extraSize = 0;
+  put(out, neededVersion, entry.flags, entry.method, time, FIRST_DATE, entry.crc, entry.compressedSize,
+      entry.uncompressedSize, U16(entry.name.size()), extraSize);
 }
 
 void putLocalEntry(Bytes& out, const ArchiveBuilder::Entry& entry) {
-  put<std::uint32_t>(out, LOCAL_HEADER);
+  put(out, LOCAL_HEADER);
   putCommonFields(out, entry);
   out.insert(out.end(), entry.name.begin(), entry.name.end());
   out.insert(out.end(), entry.data.begin(), entry.data.end());
 }
 
-void putDirectoryEntry(Bytes& out, const ArchiveBuilder::Entry& entry, std::uint64_t offset) {
-  put<std::uint32_t>(out, DIRECTORY_ENTRY);
-  put<std::uint16_t>(out, 20);  // the version that made it
+void putDirectoryEntry(Bytes& out, const ArchiveBuilder::Entry& entry, U64 offset) {
+  const U16 version = 20, commentSize = 0, disk = 0, internalAttributes = 0;
+  put(out, DIRECTORY_ENTRY, version);
   putCommonFields(out, entry);
-  put<std::uint16_t>(out, 0);  // comment
-  put<std::uint16_t>(out, 0);  // disk
-  put<std::uint16_t>(out, 0);  // internal attributes
-  put<std::uint32_t>(out, 0);  // external attributes
-  put<std::uint32_t>(out, offset);
+  put(out, commentSize, disk, internalAttributes, U32(0) /* external attributes */, U32(offset));
   out.insert(out.end(), entry.name.begin(), entry.name.end());
-}
-
-void putDirectoryEnd64(Bytes& out, std::uint64_t count, std::uint64_t start, std::uint64_t size) {
-  const std::uint64_t position = out.size();
-  put<std::uint32_t>(out, DIRECTORY_END_64);
-  put<std::uint64_t>(out, 44);  // bytes that follow in this record
-  put<std::uint16_t>(out, 45);
-  put<std::uint16_t>(out, 45);
-  put<std::uint32_t>(out, 0);
-  put<std::uint32_t>(out, 0);
-  put<std::uint64_t>(out, count);
-  put<std::uint64_t>(out, count);
-  put<std::uint64_t>(out, size);
-  put<std::uint64_t>(out, start);
-  put<std::uint32_t>(out, DIRECTORY_LOCATOR_64);
-  put<std::uint32_t>(out, 0);
-  put<std::uint64_t>(out, position);
-  put<std::uint32_t>(out, 1);
 }
 
 /// `start` and `size` are the directory's. More entries than 16 bits count are
 /// counted in the 64-bit record in front.
-void putDirectoryEnd(Bytes& out, std::uint64_t count, std::uint64_t start, std::uint64_t size) {
-  const bool large = count >= 0xffff;
-  if (large) {
-    putDirectoryEnd64(out, count, start, size);
+void putDirectoryEnd(Bytes& out, U64 count, U64 start, U64 size) {
+  const bool isLarge = count >= 0xffff;
+  if (isLarge) {
+    const U64 position = out.size(), following = 44;
+    const U16 version = 45;
+    const U32 disk = 0, disks = 1;
+    put(out, DIRECTORY_END_64, following, version, version, disk, disk, count, count, size, start);
+    put(out, DIRECTORY_LOCATOR_64, disk, position, disks);
   }
-  put<std::uint32_t>(out, DIRECTORY_END);
-  put<std::uint32_t>(out, 0);  // disks
-  put<std::uint16_t>(out, large ? 0xffff : count);
-  put<std::uint16_t>(out, large ? 0xffff : count);
-  put<std::uint32_t>(out, large ? 0xffffffff : size);
-  put<std::uint32_t>(out, large ? 0xffffffff : start);
-  put<std::uint16_t>(out, 0);  // comment
+  const U16 disk = 0, commentSize = 0, shortCount = isLarge ? U16(0xffff) : U16(count);
+  put(out, DIRECTORY_END, disk, disk, shortCount, shortCount, isLarge ? U32(-1) : U32(size),
+      isLarge ? U32(-1) : U32(start), commentSize);
 }
 
 }  // namespace
@@ -129,7 +106,7 @@ template <class T>
 ArchiveBuilder& ArchiveBuilder::words(const std::string& name, const std::vector<T>& values) {
   Bytes content;
   for (const T value : values) {
-    const auto bits = std::bit_cast<std::uint32_t>(value);
+    const auto bits = std::bit_cast<U32>(value);
     for (const int shift : {24, 16, 8, 0}) {
       content.push_back(static_cast<unsigned char>(bits >> shift));
     }
@@ -165,10 +142,9 @@ ArchiveBuilder::Entry ArchiveBuilder::makeEntry(const Source& source) const {
   entry.name = source.name;
   entry.data = _stored ? source.content : deflated(source.content);
   entry.method = _stored ? 0 : Z_DEFLATED;
-  entry.crc =
-      static_cast<std::uint32_t>(crc32(0, source.content.data(), static_cast<uInt>(source.content.size())));
-  entry.compressedSize = static_cast<std::uint32_t>(entry.data.size());
-  entry.uncompressedSize = static_cast<std::uint32_t>(source.content.size());
+  entry.crc = static_cast<U32>(crc32(0, source.content.data(), static_cast<uInt>(source.content.size())));
+  entry.compressedSize = static_cast<U32>(entry.data.size());
+  entry.uncompressedSize = static_cast<U32>(source.content.size());
   if (source.forgery) {
     source.forgery(entry);
   }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <vemo/scenegraph/NodeRegistry.h>
+#include <vemo/scenegraph/inspect/Compare.h>
 #include <vemo/scenegraph/io/FileIoStatus.h>
 #include <vemo/scenegraph/io/NodeOutputStream.h>
 
@@ -11,13 +12,18 @@
 
 namespace vemo {
 
+using lum::firstDifference;
+using lum::Node;
+using lum::Ptr;
+using lum::io::FileIoStatus;
+
 /// Writes a database of one record.
-lum::io::FileIoStatus writeDatabase(const std::filesystem::path& path, lum::Node& node);
-lum::Ptr<lum::Node> readDatabase(const std::filesystem::path& path);
+FileIoStatus writeDatabase(const std::filesystem::path& path, Node& node);
+Ptr<Node> readDatabase(const std::filesystem::path& path);
 
 /// The graph after it was written to streams and read from them. Throws what
 /// the streams throw.
-lum::Ptr<lum::Node> throughStreams(const lum::Node& node);
+Ptr<Node> throughStreams(const Node& node);
 
 /// What an archive carries of scenes: a scene stream and data streams.
 struct Payload {

@@ -1,12 +1,10 @@
 #include "support/Expected.h"
 
 #include "support/Files.h"
-#include <vemo/scenegraph/inspect/JsonPrinter.h>
-#include <vemo/scenegraph/inspect/JsonWriter.h>
+#include "support/GraphText.h"
 
 #include <cstdlib>
 #include <gtest/gtest.h>
-#include <sstream>
 
 namespace vemo {
 
@@ -24,11 +22,7 @@ void expectAsInFile(const std::string& text, const std::string& file) {
 }
 
 void expectGraph(const lum::Node& root, const std::string& file) {
-  std::ostringstream text;
-  lum::JsonWriter writer(text);
-  lum::JsonPrinter(writer, lum::JsonPrinter::Values::SHOWN).print(root);
-  writer.finish();
-  expectAsInFile(text.str(), file);
+  expectAsInFile(jsonText(root), file);
 }
 
 }  // namespace vemo

@@ -1,7 +1,6 @@
 #include "support/GraphText.h"
 
 #include <vemo/scenegraph/NodeFactory.h>
-#include <vemo/scenegraph/inspect/JsonPrinter.h>
 #include <vemo/scenegraph/inspect/JsonWriter.h>
 
 #include <map>
@@ -18,12 +17,8 @@ using Json = nlohmann::ordered_json;
 constexpr std::size_t MOST_VALUES = 40;
 
 Json toJson(const lum::Node& node) {
-  std::ostringstream out;
-  lum::JsonWriter writer(out);
-  lum::JsonPrinter(writer, lum::JsonPrinter::Values::SHOWN).print(node);
-  writer.finish();
   // Versions of VTK differ in the sign of zero.
-  return Json::parse(out.str(), [](int /*depth*/, Json::parse_event_t /*event*/, Json& value) {
+  return Json::parse(jsonText(node), [](int /*depth*/, Json::parse_event_t /*event*/, Json& value) {
     value = value == 0.0 ? Json(0) : value;
     return true;
   });
@@ -88,6 +83,14 @@ void append(std::string& text, const Json& node, const std::string& indent) {
 }
 
 }  // namespace
+
+std::string jsonText(const lum::Node& root, lum::JsonPrinter::Values values) {
+  std::ostringstream out;
+  lum::JsonWriter writer(out);
+  lum::JsonPrinter(writer, values).print(root);
+  writer.finish();
+  return out.str();
+}
 
 std::string graphText(const lum::Node& root) {
   std::string text;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <vemo/scenegraph/Node.h>
+#include <vemo/scenegraph/inspect/JsonPrinter.h>
 
 #include <string>
 
@@ -17,5 +18,9 @@ namespace vemo {
 /// Names are left out where they are the class's. Of collections of attributes
 /// only the content is printed, of long arrays only the range.
 std::string graphText(const lum::Node& root);
+
+/// The same as JSON.
+std::string jsonText(const lum::Node& root,
+                     lum::JsonPrinter::Values values = lum::JsonPrinter::Values::SHOWN);
 
 }  // namespace vemo

@@ -1,7 +1,5 @@
 #include "support/SceneBuilder.h"
 
-#include <vemo/scenegraph/coloring/ColorLookupTable.h>
-#include <vemo/scenegraph/drawables/GeometryDrawable.h>
 namespace vemo {
 
 SceneBuilder::SceneBuilder() {

@@ -3,19 +3,33 @@
 #include "support/Meshes.h"
 #include "support/Nodes.h"
 #include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/attributes/ContourAttributes.h>
+#include <vemo/scenegraph/attributes/LineAttributes.h>
+#include <vemo/scenegraph/attributes/MaterialAttributes.h>
+#include <vemo/scenegraph/attributes/MeshAttributes.h>
+#include <vemo/scenegraph/attributes/PointSizeAttributes.h>
+#include <vemo/scenegraph/attributes/SurfaceAttributes.h>
 #include <vemo/scenegraph/coloring/ColorLookupTable.h>
 #include <vemo/scenegraph/coloring/DataLocationAttributes.h>
 #include <vemo/scenegraph/coloring/ScalarAttributes.h>
 #include <vemo/scenegraph/drawables/GeometryDrawable.h>
+#include <vemo/scenegraph/drawables/LegendDrawable.h>
+#include <vemo/scenegraph/drawables/PointSphereDrawable.h>
+#include <vemo/scenegraph/drawables/PolyLineDrawable.h>
 #include <vemo/scenegraph/drawables/SurfaceDrawable.h>
+#include <vemo/scenegraph/drawables/TextDrawable.h>
+#include <vemo/scenegraph/drawables/TriadDrawable.h>
+#include <vemo/scenegraph/transforms/PeriodicRepeatTransform.h>
+#include <vemo/scenegraph/transforms/SimpleTransform.h>
+#include <vemo/scenegraph/transforms/SymmetricTransform.h>
 
 #include <string>
 #include <vector>
 
 namespace vemo {
 
-/// Builds small scenes, seen from the front in parallel projection: x to the
-/// right, y upwards, both from -1 to 1 over the canvas.
+/// Builds small scenes of the common drawables, whose headers come with it, seen from the front in parallel
+/// projection: x to the right, y upwards, both from -1 to 1 over the canvas.
 class SceneBuilder {
  public:
   using Color = Vector<3, double>;

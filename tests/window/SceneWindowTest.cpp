@@ -1,8 +1,6 @@
 #include "support/TemporaryFolder.h"
 #include "window/OpenWindow.h"
 #include <vemo/render/RenderErrors.h>
-#include <vemo/scenegraph/drawables/SurfaceDrawable.h>
-#include <vemo/scenegraph/drawables/TriadDrawable.h>
 
 #include <vtkVersionMacros.h>
 
@@ -61,6 +59,14 @@ class SceneWindowTest : public testing::Test {
     auto& triad = corner.getDrawableCollection().findOrCreate<lum::TriadDrawable>("triad");
     triad.getTriadAttributes().setUseConstantPixelSize(false);
     triad.setCameraAttributes(&scene.canvas().getCameraAttributes());
+  }
+
+  /// Looks at the view after a key was pressed with a row selected.
+  static Picture lookAfter(OpenWindow& open, const char* row, Qt::Key key) {
+    open.selectRow(row);
+    open.press(key);
+    open.press(Qt::Key_Escape);
+    return open.look();
   }
 
   bool isVisible(lum::Drawable& surface) {
@@ -139,15 +145,10 @@ TEST_F(OpenSceneWindowTest, HidesAndShowsByName) {
 }
 
 TEST_F(OpenSceneWindowTest, ShowsOnlyWhatIsSelectedAndAllAgain) {
-  open.selectRow("blue square");
-  open.press(Qt::Key_O);
-  open.press(Qt::Key_Escape);
-  EXPECT_EQ(countPink(open.look()), 0);
+  EXPECT_EQ(countPink(lookAfter(open, "blue square", Qt::Key_O)), 0);
   EXPECT_TRUE(open.isChecked("blue square"));
   open.press(Qt::Key_A);
-  open.selectRow("pink square");
-  open.press(Qt::Key_H);
-  EXPECT_EQ(countPink(open.look()), 0);
+  EXPECT_EQ(countPink(lookAfter(open, "pink square", Qt::Key_H)), 0);
   open.press(Qt::Key_A);
   open.press(Qt::Key_Escape);
   EXPECT_TRUE(isAsInTheBeginning());
@@ -177,10 +178,7 @@ TEST_F(SceneWindowTest, ShowsOneItemOfAHiddenGroup) {
   EXPECT_FALSE(open.isChecked("unwanted"));
 
   open.press(Qt::Key_A);
-  open.selectRow("wanted");
-  open.press(Qt::Key_O);
-  open.press(Qt::Key_Escape);
-  const Picture alone = open.look();
+  const Picture alone = lookAfter(open, "wanted", Qt::Key_O);
   EXPECT_EQ(at(alone, open.placeOf(0, 0.6))[0], 255);
   EXPECT_LT(countPink(alone), before);
   EXPECT_FALSE(open.isChecked("unwanted"));

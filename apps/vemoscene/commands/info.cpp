@@ -6,7 +6,7 @@
 #include "TreePrinter.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/base/WidePath.h>
-#include <vemo/import/ZipFileReader.h>
+#include <vemo/import/archive/ZipFileReader.h>
 #include <vemo/scenegraph/Node.h>
 #include <vemo/scenegraph/inspect/GeometryCounts.h>
 #include <vemo/scenegraph/inspect/JsonPrinter.h>

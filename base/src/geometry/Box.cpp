@@ -1,7 +1,5 @@
 #include "geometry/Box.h"
 
-#include "geometry/Points.h"
-
 #include <algorithm>
 #include <numeric>
 
@@ -14,25 +12,6 @@ Vector3 Box::center() const {
 
 double Box::longestSide() const {
   return std::ranges::max(high - low);
-}
-
-Box finiteBounds(vtkDataArray& coordinates, vtkIdType* leftOut) {
-  Box bounds;
-  vtkIdType count = 0;
-  PointReader(coordinates).visit([&](const auto& points) {
-    for (vtkIdType i = 0; i < points.size(); ++i) {
-      const Vector3 point = points[i];
-      if (isFinite(point)) {
-        bounds.add(point);
-      } else {
-        ++count;
-      }
-    }
-  });
-  if (leftOut != nullptr) {
-    *leftOut = count;
-  }
-  return bounds;
 }
 
 }  // namespace vemo

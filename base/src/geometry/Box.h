@@ -3,11 +3,7 @@
 #include <vemo/base/Vector.h>
 #include <vemo/geometry/Export.h>
 
-#include <vtkType.h>
-
 #include <limits>
-
-class vtkDataArray;
 
 namespace vemo {
 
@@ -37,10 +33,5 @@ struct Box {
   /// Negative for an empty box.
   VEMO_GEOMETRY_EXPORT double longestSide() const;
 };
-
-/// The box around the points of an array with three components, without those
-/// that have a coordinate which is not finite.
-/// @param leftOut receives their number
-VEMO_GEOMETRY_EXPORT Box finiteBounds(vtkDataArray& coordinates, vtkIdType* leftOut = nullptr);
 
 }  // namespace vemo

@@ -26,7 +26,7 @@ auto withIndices(vtkDataArray& array, const Action& action) {
 /// Calls the action with the point indices of each cell, as a span of 32-bit or
 /// 64-bit integers. Every offset is within the connectivity.
 template <class Action>
-void forEachCell(vtkCellArray& cells, const Action& action) {
+void forEachCell(vtkCellArray& cells, Action&& action) {
   cells.Visit([&action](auto& storage) {
     using Index = std::remove_pointer_t<decltype(storage.GetOffsets()->GetPointer(0))>;
     const Index* const offsets = storage.GetOffsets()->GetPointer(0);
@@ -38,10 +38,10 @@ void forEachCell(vtkCellArray& cells, const Action& action) {
   });
 }
 
-/// Integers of 32 or 64 bits.
-class IdReader {
+/// Offsets or point indices, of 32 or 64 bits.
+class IndexReader {
  public:
-  IdReader(const vtkTypeInt32* narrow, const vtkTypeInt64* wide) : _narrow(narrow), _wide(wide) {}
+  IndexReader(const vtkTypeInt32* narrow, const vtkTypeInt64* wide) : _narrow(narrow), _wide(wide) {}
 
   vtkIdType operator[](vtkIdType index) const { return _narrow != nullptr ? _narrow[index] : _wide[index]; }
 
@@ -53,13 +53,14 @@ class IdReader {
 /// The point indices of one cell.
 class Corners {
  public:
-  Corners(const IdReader& ids, vtkIdType first, vtkIdType count) : _ids(ids), _first(first), _count(count) {}
+  Corners(const IndexReader& indices, vtkIdType first, vtkIdType count)
+      : _indices(indices), _first(first), _count(count) {}
 
   vtkIdType size() const { return _count; }
-  vtkIdType operator[](vtkIdType corner) const { return _ids[_first + corner]; }
+  vtkIdType operator[](vtkIdType corner) const { return _indices[_first + corner]; }
 
  private:
-  IdReader _ids;
+  IndexReader _indices;
   vtkIdType _first;
   vtkIdType _count;
 };
@@ -70,21 +71,22 @@ class CellReader {
  public:
   explicit CellReader(vtkCellArray& cells)
       : _size(cells.GetNumberOfCells()),
-        _offsets(cells.IsStorage64Bit() ? IdReader(nullptr, cells.GetOffsetsArray64()->GetPointer(0))
-                                        : IdReader(cells.GetOffsetsArray32()->GetPointer(0), nullptr)),
-        _ids(cells.IsStorage64Bit() ? IdReader(nullptr, cells.GetConnectivityArray64()->GetPointer(0))
-                                    : IdReader(cells.GetConnectivityArray32()->GetPointer(0), nullptr)) {}
+        _offsets(cells.IsStorage64Bit() ? IndexReader(nullptr, cells.GetOffsetsArray64()->GetPointer(0))
+                                        : IndexReader(cells.GetOffsetsArray32()->GetPointer(0), nullptr)),
+        _indices(cells.IsStorage64Bit()
+                     ? IndexReader(nullptr, cells.GetConnectivityArray64()->GetPointer(0))
+                     : IndexReader(cells.GetConnectivityArray32()->GetPointer(0), nullptr)) {}
 
   vtkIdType size() const { return _size; }
   Corners operator[](vtkIdType cell) const {
     const vtkIdType first = _offsets[cell];
-    return {_ids, first, _offsets[cell + 1] - first};
+    return {_indices, first, _offsets[cell + 1] - first};
   }
 
  private:
   vtkIdType _size;
-  IdReader _offsets;
-  IdReader _ids;
+  IndexReader _offsets;
+  IndexReader _indices;
 };
 
 }  // namespace vemo

@@ -13,6 +13,8 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
+#include <vector>
 
 namespace vemo {
 
@@ -37,26 +39,24 @@ class CellCopier {
       : _kind(kind), _marks(marks), _target(target), _sources(sources) {}
 
   void copy(vtkCellArray& cells, vtkIdType firstNumber) {
-    for (vtkIdType cell = 0; cell < cells.GetNumberOfCells(); ++cell) {
-      vtkIdType size = 0;
-      const vtkIdType* points = nullptr;
-      cells.GetCellAtId(cell, size, points);
-      copyRuns(points, points + size, firstNumber + cell);
-    }
+    forEachCell(cells, [this, number = firstNumber](auto points) mutable { copyRuns(points, number++); });
   }
 
  private:
   bool isBad(vtkIdType point) const { return !_marks.empty() && _marks[static_cast<std::size_t>(point)]; }
 
-  void copyRuns(const vtkIdType* point, const vtkIdType* end, vtkIdType number) {
+  template <class Index>
+  void copyRuns(std::span<const Index> cell, vtkIdType number) {
     const auto bad = [this](vtkIdType index) { return isBad(index); };
-    if (!_kind.isDivisible && std::any_of(point, end, bad)) {
+    if (!_kind.isDivisible && std::ranges::any_of(cell, bad)) {
       return;
     }
-    while (point != end) {
-      const vtkIdType* const runEnd = std::find_if(point, end, bad);
+    const auto end = cell.end();
+    for (auto point = cell.begin(); point != end;) {
+      const auto runEnd = std::find_if(point, end, bad);
       if (runEnd - point >= _kind.leastPoints) {
-        _target.InsertNextCell(runEnd - point, point);
+        _run.assign(point, runEnd);
+        _target.InsertNextCell(runEnd - point, _run.data());
         _sources.InsertNextId(number);
       }
       point = std::find_if_not(runEnd, end, bad);
@@ -67,6 +67,8 @@ class CellCopier {
   const PointMarks& _marks;
   vtkCellArray& _target;
   vtkIdList& _sources;
+  /// A run as VTK takes it.
+  std::vector<vtkIdType> _run;
 };
 
 vtkSmartPointer<vtkDataArray> selectTuples(vtkDataArray& array, vtkIdList& numbers) {

@@ -1,13 +1,11 @@
 #include "geometry/StrayPoints.h"
 
+#include "geometry/Cells.h"
 #include "geometry/Points.h"
 #include <vemo/geometry/CellKind.h>
 
-#include <vtkCellArray.h>
 #include <vtkPoints.h>
 #include <vtkPolyData.h>
-
-#include <array>
 
 namespace vemo {
 
@@ -21,17 +19,15 @@ constexpr double FAR = 1000.0;
 Box sampleCells(vtkPolyData& geometry) {
   Box box;
   for (const CellKindTraits& kind : CELL_KINDS) {
-    vtkCellArray& cells = *kind.get(geometry);
-    const vtkIdType count = cells.GetNumberOfCells();
-    for (const vtkIdType cell : {vtkIdType(0), count / 3, count - count / 3, count - 1}) {
-      if (cell < 0 || cell >= count) {
+    const CellReader cells(*kind.get(geometry));
+    for (const vtkIdType cell :
+         {vtkIdType(0), cells.size() / 3, cells.size() - cells.size() / 3, cells.size() - 1}) {
+      if (cell < 0 || cell >= cells.size()) {
         continue;
       }
-      vtkIdType size = 0;
-      const vtkIdType* points = nullptr;
-      cells.GetCellAtId(cell, size, points);
-      for (vtkIdType i = 0; i < size; ++i) {
-        box.add(toVector(geometry.GetPoint(points[i])));
+      const Corners corners = cells[cell];
+      for (vtkIdType i = 0; i < corners.size(); ++i) {
+        box.add(toVector(geometry.GetPoint(corners[i])));
       }
     }
   }
@@ -41,25 +37,7 @@ Box sampleCells(vtkPolyData& geometry) {
 }  // namespace
 
 PointScan scanPoints(vtkPolyData& geometry) {
-  PointScan scan;
-  if (geometry.GetPoints() == nullptr) {
-    return scan;
-  }
-  PointReader(*geometry.GetPoints()->GetData()).visit([&scan](const auto& points) {
-    // A local variable stays in registers.
-    Box bounds;
-    for (vtkIdType i = 0; i < points.size(); ++i) {
-      const Vector3 point = points[i];
-      if (isFinite(point)) {
-        bounds.add(point);
-      } else {
-        scan.nonFinite.resize(static_cast<std::size_t>(points.size()));
-        scan.nonFinite[static_cast<std::size_t>(i)] = true;
-      }
-    }
-    scan.bounds = bounds;
-  });
-  return scan;
+  return geometry.GetPoints() != nullptr ? scanPoints(*geometry.GetPoints()->GetData()) : PointScan();
 }
 
 PointMarks markFarPoints(vtkPolyData& geometry, const Box& bounds) {
@@ -69,16 +47,14 @@ PointMarks markFarPoints(vtkPolyData& geometry, const Box& bounds) {
   if (geometry.GetNumberOfCells() == 0 || size <= FAR * sampleCells(geometry).longestSide()) {
     return marks;
   }
-  std::array<double, 6> used{};
-  geometry.GetCellsBounds(used.data());
-  const Box usedBox{{used[0], used[2], used[4]}, {used[1], used[3], used[5]}};
-  if (size <= FAR * usedBox.longestSide()) {
+  const Box used = boundsOfCells(geometry);
+  if (size <= FAR * used.longestSide()) {
     return marks;
   }
   const PointReader points(*geometry.GetPoints()->GetData());
   marks.resize(static_cast<std::size_t>(points.size()));
   for (vtkIdType i = 0; i < points.size(); ++i) {
-    marks[static_cast<std::size_t>(i)] = !usedBox.contains(points[i]);
+    marks[static_cast<std::size_t>(i)] = !used.contains(points[i]);
   }
   return marks;
 }

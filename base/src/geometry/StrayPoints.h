@@ -1,24 +1,12 @@
 #pragma once
 
-#include "geometry/Box.h"
-
-#include <vector>
+#include "geometry/Bounds.h"
 
 class vtkPolyData;
 
 namespace vemo {
 
-/// Points of a poly data that must not be drawn are marked by true; empty when
-/// there are none.
-using PointMarks = std::vector<bool>;
-
-/// What one pass over the points of a poly data finds.
-struct PointScan {
-  PointMarks nonFinite;
-  /// Around the finite points.
-  Box bounds;
-};
-
+/// Finds nothing in a poly data without points.
 PointScan scanPoints(vtkPolyData& geometry);
 
 /// Marks points that no cell uses and that lie far from those in use (some files

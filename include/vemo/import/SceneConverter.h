@@ -21,12 +21,12 @@ class VEMO_IMPORT_EXPORT SceneConverter {
   /// item by item.
   ///
   /// Failures to read or convert are thrown: the module's exceptions, and
-  /// InternalError. An output that cannot be written is only logged; it is not
-  /// there then, or what it was before.
+  /// InternalError. An output that cannot be written is only logged; the file
+  /// is then missing or unchanged.
   void run() const;
 
-  /// Is called in `run` with the scene node that was written, before the node
-  /// goes. What it throws is thrown by `run`.
+  /// Called by `run` with the scene node that was written, before the node is
+  /// destroyed. Exceptions from it are passed on by `run`.
   using Observer = std::function<void(lum::SceneNode& written)>;
   void setObserver(Observer observer);
 

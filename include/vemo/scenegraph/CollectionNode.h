@@ -12,8 +12,8 @@
 namespace lum {
 
 /// A node that owns an ordered set of nodes. Finding one by class, or by class
-/// and name, takes the same time however many there are, follows a later
-/// setName, and gives the first where several answer.
+/// and name, takes constant time, respects later calls of setName, and returns
+/// the first of several.
 class VEMO_SCENEGRAPH_EXPORT CollectionNode : public Node {
  public:
   explicit CollectionNode(const NodeInitializer& initializer);
@@ -22,8 +22,8 @@ class VEMO_SCENEGRAPH_EXPORT CollectionNode : public Node {
   Node& getNode(std::size_t index) const { return *static_cast<Node*>(_nodes[index].getObject()); }
   std::span<const Ptr<Node>> getNodes() const { return _nodes; }
 
-  /// Puts a node at the end. False, and nothing changed, when the collection
-  /// does not take nodes of its class, or the node is owned already or owns
+  /// Appends a node. False, without a change, when the collection does not take
+  /// nodes of its class, the node has an owner, or it is an owner of
   /// this collection.
   bool addNode(Node& node);
 
@@ -63,7 +63,7 @@ class VEMO_SCENEGRAPH_EXPORT CollectionNode : public Node {
  protected:
   ~CollectionNode() override;
 
-  /// Which nodes may be put in.
+  /// Whether the node may be added.
   virtual bool accepts(const Node& node) const;
 
   void dependentRenamed(Node& node, const std::string& formerName) override;

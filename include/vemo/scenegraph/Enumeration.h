@@ -5,7 +5,7 @@
 
 namespace lum {
 
-/// What the values of an enumeration are called, by number.
+/// The display names of an enumeration's values, indexed by value.
 using EnumeratorNames = std::span<const char* const>;
 
 /// NAMES, for an enumeration that LUM_ENUM declares.
@@ -30,12 +30,12 @@ struct EnumeratorsOf;
 #define LUM_ENUMERATOR_NAME(enumerator, name) name,
 
 /// Declares, in the namespace lum, an enumeration that fields may have, with
-/// what a person calls its values:
+/// the display names of its values:
 ///
 ///     LUM_ENUM(ScaleMode, (LINEAR, "linear"), (LOG10, "logarithmic"))
 ///
-/// They are numbered from 0. Files hold the numbers: a new enumerator goes to
-/// the end.
+/// Values count from 0 and are stored in files: append new enumerators, never
+/// reorder them.
 #define LUM_ENUM(Enum, ...)                                                                 \
   enum class Enum : std::int32_t { LUM_FOR_EACH(LUM_ENUMERATOR, __VA_ARGS__) };             \
   template <>                                                                               \

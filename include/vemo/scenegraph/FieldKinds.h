@@ -106,7 +106,7 @@ using FieldKinds = FieldKindTable<
     FieldKindRow<19, CollectionNode*, FieldContent::NOTHING>,  // likewise
     FieldKindRow<20, ReferenceSlot*, FieldContent::NOTHING>>;  // references have a table of their own
 
-/// Where a field's value is in its node. Whatever is generic over nodes
+/// The address of a field's value in its node. Whatever is generic over nodes
 /// (streams, printing, comparison) handles each type once.
 using FieldValue = FieldKinds::Value;
 

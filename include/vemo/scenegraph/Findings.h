@@ -9,17 +9,17 @@
 namespace vemo {
 
 /// Receives all findings of the process. Without a sink they are logged: notes
-/// as info lines, others as warnings. As the rest of the system, for one thread
+/// as info lines, others as warnings. Like the rest of the system, for one thread
 /// at a time.
 class VEMO_SCENEGRAPH_EXPORT Findings {
  public:
   using Sink = std::function<void(const Finding& finding)>;
 
-  /// Lives until the process is gone, as the Logger does.
+  /// Lives until the process ends, like the Logger.
   static Findings& getSingleton();
 
-  /// Sets the sink and returns the former one. An exception that it throws ends
-  /// what was being done.
+  /// Sets the sink and returns the former one. An exception from the sink is
+  /// passed on to the caller of the operation.
   Sink setSink(Sink sink);
 
   void report(const Finding& finding) const;

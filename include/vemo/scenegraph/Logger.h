@@ -12,8 +12,8 @@ namespace vemo {
 
 /// The log of the process. Lines are handed whole to one sink; without a sink
 /// nothing is written. Hosts set flags and sink before the first call into the
-/// system: every place that logs looks at its flag once, at its first
-/// execution, and keeps to it.
+/// system: each logging statement reads its flag once, at its first
+/// execution.
 class VEMO_SCENEGRAPH_EXPORT Logger {
  public:
   enum Flag : unsigned {
@@ -26,8 +26,8 @@ class VEMO_SCENEGRAPH_EXPORT Logger {
   enum class Level { ERROR = 1, WARNING = 2, INFO = 3 };
   using Sink = std::function<void(const std::string& line)>;
 
-  /// Lives until the process is gone: it may be used by at-exit functions. So
-  /// may the sink, which must not refer to anything that ends with `main`.
+  /// Lives until the process ends, and may be used by at-exit functions. So may
+  /// the sink, which must not refer to anything destroyed at the end of `main`.
   static Logger& getSingleton();
 
   void setFlags(unsigned flags) { _flags = flags; }
@@ -35,8 +35,8 @@ class VEMO_SCENEGRAPH_EXPORT Logger {
 
   bool isEnabled(Level level) const;
 
-  /// Hands the line to the sink, with its origin in front when that is asked
-  /// for. Does not look at the level's flag: that is the caller's, once.
+  /// Passes the line to the sink, with its origin in front if the flag for it is
+  /// set. The caller has checked the level's flag.
   void log(const std::string& text, const char* file, int line, Level level) const;
 
  private:
@@ -47,7 +47,7 @@ class VEMO_SCENEGRAPH_EXPORT Logger {
 };
 
 // NOLINTBEGIN(bugprone-macro-parentheses): the message is a row of operands.
-/// Logs what a stream expression says: VEMO_LOG_INFO("read " << count). Numbers
+/// Logs the text of a stream expression: VEMO_LOG_INFO("read " << count). Numbers
 /// look the same in every host's locale.
 #define VEMO_LOG(level, message)                                                        \
   do {                                                                                  \

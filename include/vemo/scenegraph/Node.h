@@ -44,7 +44,7 @@ class VEMO_SCENEGRAPH_EXPORT Node : public Object {
   const std::string& getName() const { return _name; }
   void setName(const std::string& name);
 
-  /// Nothing until it is set.
+  /// Empty until it is set.
   const std::optional<std::string>& getQualifiedName() const { return _qualifiedName; }
   void setQualifiedName(const std::string& name);
 
@@ -60,8 +60,7 @@ class VEMO_SCENEGRAPH_EXPORT Node : public Object {
   /// Appends the class's fields, those of its base class first.
   virtual void listFields(FieldList& fields);
 
-  /// The fields of a node that is only looked at: nothing may be written
-  /// through them.
+  /// The fields of a node that is not changed: for reading only.
   FieldList getFields() const;
 
   /// Grows with every change to any node; 0 for an unmodified node.

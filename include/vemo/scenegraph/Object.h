@@ -16,12 +16,12 @@ class VEMO_SCENEGRAPH_EXPORT Object {
 
   void addReference() const noexcept { _references.fetch_add(1, std::memory_order_relaxed); }
 
-  /// Gives one reference back. With the last one the object is destroyed, and
-  /// so is what it alone held: one after the other, never nested, so that a
-  /// chain of any length is torn down on a small stack.
+  /// Releases one reference. The last one destroys the object and what only it
+  /// held: one after the other, never nested, so that a
+  /// chain of any length needs little stack.
   void release() const noexcept;
 
-  /// A cell that holds this object's address, and null once it is gone.
+  /// A cell with this object's address, or null after its destruction.
   std::shared_ptr<Object*> getWeakCell();
 
  protected:

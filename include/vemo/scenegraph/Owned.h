@@ -51,8 +51,8 @@ class Owned : public OwnedSlot {
   }
 };
 
-/// Refers to a node that something else owns. Empty again once that node is
-/// gone.
+/// Refers to a node that something else owns; becomes empty when that node is
+/// destroyed.
 class ReferenceSlot {
  public:
   ReferenceSlot(const ReferenceSlot&) = delete;

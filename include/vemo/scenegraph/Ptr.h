@@ -32,7 +32,7 @@ class PtrBase {
 
   void swap(PtrBase& other) noexcept { std::swap(_object, other._object); }
 
-  /// What is held, of any type; null when empty.
+  /// The object held, of any type; null when empty.
   Object* getObject() const noexcept { return _object; }
 
  private:
@@ -50,8 +50,8 @@ class PtrBase {
   Object* _object = nullptr;
 };
 
-/// A PtrBase that is asked for a T. It may be given any Object; every access
-/// checks that a T is there.
+/// A PtrBase for access to a T. It may hold any Object; every access checks its
+/// type.
 template <class T>
 class Ptr : public PtrBase {
  public:

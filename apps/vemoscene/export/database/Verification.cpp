@@ -4,7 +4,7 @@
 #include "ExitCode.h"
 #include "Messages.h"
 #include "ResultStream.h"
-#include "platform/AtomicFile.h"
+#include "base/AtomicFile.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/base/WidePath.h>
 #include <vemo/scenegraph/Node.h>

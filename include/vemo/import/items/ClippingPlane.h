@@ -1,7 +1,7 @@
 #pragma once
 
 #include <vemo/base/Vector.h>
-#include <vemo/import/Readable.h>
+#include <vemo/import/reading/Readable.h>
 
 #include <vtkSmartPointer.h>
 

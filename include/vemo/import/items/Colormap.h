@@ -1,8 +1,8 @@
 #pragma once
 
 #include <vemo/base/Vector.h>
-#include <vemo/import/Color.h>
-#include <vemo/import/SceneItem.h>
+#include <vemo/import/items/SceneItem.h>
+#include <vemo/import/xml/Color.h>
 #include <vemo/scenegraph/coloring/ColorLookupTable.h>
 #include <vemo/scenegraph/coloring/ScalarAttributes.h>
 
@@ -28,10 +28,10 @@ class VEMO_IMPORT_EXPORT Colormap : public SceneItem {
 
   void read(const QxElement& element, SceneFileReader* reader) override;
 
-  /// The first one is for the low end of the range.
+  /// The first colour is for the low end of the range.
   const std::vector<Color>& getColors() const { return _colors; }
 
-  /// The name of the data, for people.
+  /// The name of the data for display.
   const std::string& getTitle() const { return _title; }
 
   /// Writes colours, range, scale and ramp into the table.

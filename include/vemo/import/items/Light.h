@@ -1,7 +1,7 @@
 #pragma once
 
-#include <vemo/import/Color.h>
-#include <vemo/import/Readable.h>
+#include <vemo/import/reading/Readable.h>
+#include <vemo/import/xml/Color.h>
 
 #include <string>
 
@@ -26,7 +26,7 @@ class VEMO_IMPORT_EXPORT Light : public Readable {
 
  private:
   double _intensity = 0.5;
-  /// In degrees, seen from the viewer.
+  /// In degrees, as seen by the viewer.
   double _azimuth = 45.0;
   double _elevation = 45.0;
   Color _color{255, 255, 255, 255};

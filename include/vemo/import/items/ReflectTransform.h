@@ -23,7 +23,7 @@ class VEMO_IMPORT_EXPORT ReflectTransform : public Transform {
   lum::Transform* makeLumTransform(lum::BaseAttributes& attributes) const override;
 
  private:
-  /// One above that of other elements.
+  /// Newer than that of other elements.
   static constexpr int VERSION = 2;
 
   /// Of the mirror a x + b y + c z + d = 0; (a, b, c) has unit length or is

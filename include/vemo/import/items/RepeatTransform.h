@@ -15,7 +15,7 @@ class VEMO_IMPORT_EXPORT RepeatTransform : public GeometryTransform {
 
   ~RepeatTransform() override;
 
-  /// Reads the number of repeats only, 0 when none is stated.
+  /// Reads only the number of repeats; 0 when the attribute is missing.
   void read(const QxElement& element, SceneFileReader* reader) override;
 
   int getRepeatCount() const override { return _repeatCount; }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <vemo/import/Readable.h>
+#include <vemo/import/reading/Readable.h>
 
 #include <string>
 

@@ -8,8 +8,8 @@ namespace lum {
 LUM_ENUM(HorizontalAlignment, (LEFT, "left"), (CENTER, "center"), (RIGHT, "right"))
 LUM_ENUM(VerticalAlignment, (BOTTOM, "bottom"), (CENTER, "center"), (TOP, "top"))
 
-/// A text and which of its points is at its position. It always faces the
-/// viewer.
+/// A text that always faces the viewer. The alignments say which of its points
+/// is at its position.
 class VEMO_SCENEGRAPH_EXPORT AnnotationAttributes final : public Attributes {
   LUM_NODE(AnnotationAttributes, Attributes)
   /// UTF-8; line feeds break lines.

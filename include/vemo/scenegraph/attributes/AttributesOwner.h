@@ -5,13 +5,13 @@
 
 namespace lum {
 
-/// Gives a node class attributes: the collection is made when it is first
-/// asked for. The class lists the field.
+/// Gives a node class attributes, in a collection that is created on first
+/// access. The class lists the field.
 class AttributesOwner {
  public:
   AttributesCollection& getAttributesCollection() { return _attributes.ensure(self()); }
 
-  /// The attributes of class T, made when there are none.
+  /// The attributes of class T, created when there are none.
   template <class T>
   T& getAttributes() {
     return getAttributesCollection().template findOrCreate<T>();

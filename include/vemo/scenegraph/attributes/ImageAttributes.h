@@ -31,7 +31,7 @@ class VEMO_SCENEGRAPH_EXPORT ImageAttributes final : public Attributes {
   /// bytes. The array is shared, not copied.
   void setPixels(vtkDataArray* pixels, std::int32_t width, std::int32_t height);
 
-  /// Whether the pixels are as setPixels wants them; false also without any.
+  /// Whether there are pixels that setPixels would accept.
   bool hasValidPixels() const;
 };
 

@@ -11,12 +11,12 @@ class VEMO_SCENEGRAPH_EXPORT LegendAttributes final : public Attributes {
   LUM_NODE(LegendAttributes, Attributes)
   LUM_VALUE(std::string, Title, _title)
   LUM_ENUMERATION(LegendOrientation, Orientation, _orientation, LegendOrientation::VERTICAL)
-  /// Of bar, title and numbers together, as fractions of the window's width and
-  /// height.
+  /// The size of bar, title and numbers together, as fractions of the window's
+  /// width and height.
   LUM_VALUE(Vector2, Size, _size, {0.12, 0.5})
   LUM_VALUE(std::int32_t, NumberOfLabels, _numberOfLabels, 5)
-  /// How numbers are written: one conversion of the C library for a double,
-  /// with any text around it, as "%.3g m".
+  /// The format of numbers: one conversion of `printf` for a double, with any
+  /// text around it, such as "%.3g m".
   LUM_VALUE(std::string, LabelFormat, _labelFormat, "%.4g")
 };
 

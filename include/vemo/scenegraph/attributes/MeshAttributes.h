@@ -10,7 +10,7 @@ class VEMO_SCENEGRAPH_EXPORT MeshAttributes final : public Attributes {
   LUM_NODE(MeshAttributes, Attributes)
   LUM_FIELD(bool, _meshVisible, false)
   LUM_VALUE(Vector3, MeshColor, _meshColor)
-  /// 0 is invisible, 1 opaque; of the contour, too.
+  /// 0 is invisible, 1 opaque. Applies to the contour, too.
   LUM_VALUE(double, MeshOpacity, _meshOpacity, 1.0)
 
  public:

@@ -13,8 +13,8 @@ class VEMO_SCENEGRAPH_EXPORT TextAttributes final : public Attributes {
   LUM_VALUE(std::uint32_t, FontStyle, _fontStyle, 0)
   /// Red in the top byte, then green, blue, alpha.
   LUM_VALUE(std::uint32_t, ForegroundColor, _foregroundColor, 0x000000FFU)
-  /// The height of a line as a fraction of the window's height; 0 leaves it to
-  /// what the text belongs to.
+  /// The height of a line as a fraction of the window's height; 0 lets
+  /// the renderer choose it.
   LUM_VALUE(double, FontSize, _fontSize, 0.0)
 
  public:

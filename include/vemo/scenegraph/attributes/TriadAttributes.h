@@ -11,7 +11,7 @@ class VEMO_SCENEGRAPH_EXPORT TriadAttributes final : public Attributes {
   /// its axes are three times as long as its labels are high. Otherwise they
   /// are 1.5 units long.
   LUM_VALUE(bool, UseConstantPixelSize, _useConstantPixelSize, true)
-  /// As a fraction of the window's height; at most 0.16 of the canvas's.
+  /// As a fraction of the window's height; limited to 0.16 of the canvas's height.
   LUM_VALUE(double, AxisLabelHeight, _axisLabelHeight, 0.05)
   LUM_VALUE(std::string, XAxisLabelText, _xAxisLabelText, "X")
   LUM_VALUE(std::string, YAxisLabelText, _yAxisLabelText, "Y")

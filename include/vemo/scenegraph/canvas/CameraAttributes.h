@@ -19,7 +19,7 @@ class VEMO_SCENEGRAPH_EXPORT CameraAttributes final : public Attributes {
   LUM_VALUE(Vector3, ViewUp, _viewUp, {0.0, 1.0, 0.0})
   LUM_ENUMERATION(ProjectionMode, ProjectionMode, _projectionMode, ProjectionMode::PERSPECTIVE)
   /// Half the height of what is visible in parallel projection, in model units;
-  /// nothing until it is set.
+  /// empty until it is set.
   LUM_VALUE(std::optional<double>, ParallelScale, _parallelScale)
 };
 

@@ -6,8 +6,8 @@
 
 namespace lum {
 
-/// A part of the window with the drawables that are visible in it. What the
-/// getters return is made when it is first asked for.
+/// A part of the window with the drawables that are visible in it. Getters
+/// that return references create their object on first access.
 class VEMO_SCENEGRAPH_EXPORT Canvas : public Node, public AttributesOwner {
   LUM_FIELDS_AFTER(Node)
   LUM_LIST(_attributes, &_attributes)
@@ -19,7 +19,7 @@ class VEMO_SCENEGRAPH_EXPORT Canvas : public Node, public AttributesOwner {
   DrawableCollection& getDrawableCollection() { return _drawables.ensure(*this); }
   BaseCanvasAttributes& getBaseCanvasAttributes() { return getAttributes<BaseCanvasAttributes>(); }
 
-  /// Null when nothing was ever put into the canvas.
+  /// Null when nothing was ever added to the canvas.
   DrawableCollection* hasDrawableCollection() const { return _drawables.get(); }
 
  protected:

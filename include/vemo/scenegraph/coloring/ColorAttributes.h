@@ -25,7 +25,7 @@ class VEMO_SCENEGRAPH_EXPORT ColorAttributes final : public Attributes {
   LUM_FIELD(double, _opacity, 1.0)
 
  public:
-  /// The plain colour; nothing until it is set: renderers have a default.
+  /// The plain colour; empty until it is set, and renderers use a default.
   const std::optional<Vector3>& getColor() const { return _color; }
   /// If `recursive`, what the drawable owns gets the same colour.
   void setColor(const Vector3& color, bool recursive) {

@@ -6,8 +6,8 @@ namespace lum {
 
 LUM_ENUM(ScaleMode, (LINEAR, "linear"), (LOG10, "logarithmic"))
 
-/// The ramp along which a table was made from the colours at its ends. Kept as
-/// information only: the table has all colours.
+/// The ramp by which a table was interpolated between its end colours. It is
+/// information only: the table holds all colours.
 LUM_ENUM(RampMode, (LINEAR, "linear"), (SCURVE, "s-curve"), (SQRT, "square root"))
 
 LUM_ENUM(ColorSpace, (RGB, "RGB"), (RGBA, "RGBA"))

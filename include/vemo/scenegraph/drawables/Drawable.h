@@ -13,7 +13,7 @@ class VEMO_SCENEGRAPH_EXPORT Drawable : public CollectionNode, public Attributes
  public:
   using CollectionNode::CollectionNode;
 
-  /// Made when they are first asked for.
+  /// Created on first access.
   BaseAttributes& getBaseAttributes() { return getAttributes<BaseAttributes>(); }
 
   /// Null for a kind of drawable that has no colour of its own.

@@ -12,7 +12,7 @@ class VEMO_SCENEGRAPH_EXPORT GeometryDrawable : public Drawable {
  public:
   using Drawable::Drawable;
 
-  /// Made when they are first asked for.
+  /// Created on first access.
   ColorAttributes* getColorAttributes() override { return &getAttributes<ColorAttributes>(); }
 
   bool addNode(Node& node);

@@ -5,8 +5,8 @@
 
 namespace lum {
 
-/// A text, image or legend at a position. All attributes are made when they are
-/// first asked for.
+/// A text, image or legend at a position. All attributes are created on first
+/// access.
 class VEMO_SCENEGRAPH_EXPORT PlacedDrawable : public Drawable {
  public:
   using Drawable::Drawable;

@@ -23,22 +23,22 @@ class VEMO_SCENEGRAPH_EXPORT PolyDataNode final : public Node {
   LUM_FIELD(ArrayTable, _cellDataArrays)
 
  public:
-  /// The point of the geometry that it is held by, in model coordinates.
+  /// A reference point of the geometry, such as its centre, in model coordinates.
   const Vector3& getAttachmentPoint() const { return _attachmentPoint; }
   /// `flag`: 0 sets the point and leaves the geometry where it is; any other
   /// value is refused with InternalError.
   void setAttachmentPoint(const Vector3& point, int flag);
 
-  /// Takes points, cells and data arrays over from the poly data, in place of
-  /// those held before.
+  /// Replaces points, cells and data arrays by those of the poly data, which are
+  /// shared.
   void setPolyData(vtkPolyData* polyData);
 
-  /// A poly data over the arrays held, with the three-component arrays named
+  /// A poly data that shares the arrays held, with the three-component arrays named
   /// "Normals" as its normals.
   vtkSmartPointer<vtkPolyData> getPolyData() const;
 
-  /// Adds an array over the points, or over the cells; one of the same name
-  /// that is there already is replaced.
+  /// Adds an array over the points, or over the cells; replaces one of the same
+  /// name.
   void setNodeDataArray(vtkDataArray* array);
   void setCellDataArray(vtkDataArray* array);
 

@@ -10,7 +10,7 @@
 
 namespace lum {
 
-/// Three labelled axes. All attributes are made when they are first asked for.
+/// Three labelled axes. All attributes are created on first access.
 class VEMO_SCENEGRAPH_EXPORT TriadDrawable final : public Drawable {
   LUM_NODE(TriadDrawable, Drawable)
   LUM_FIELD(Reference<CameraAttributes>, _cameraAttributes)

@@ -8,15 +8,15 @@ class vtkDataArray;
 
 namespace lum {
 
-// Data arrays for a person.
+// Descriptions of data arrays for users.
 
 /// The type and number of components: "float32 x 3".
 VEMO_SCENEGRAPH_EXPORT std::string describeType(vtkDataArray& array);
 
-/// In place of a component: the lengths of the tuples.
+/// Instead of a component: the Euclidean lengths of the tuples.
 inline constexpr int TUPLE_LENGTH = -1;
 
-/// From the least to the greatest finite value of a component: "0.5 .. 3".
+/// The least and greatest finite value of a component: "0.5 .. 3".
 VEMO_SCENEGRAPH_EXPORT std::string describeRange(vtkDataArray& array, int component);
 
 /// The ranges of x, y and z of an array with three components, else of the

@@ -25,7 +25,7 @@ struct ComparisonRules {
   bool isBitwise = false;
 };
 
-/// A value as one side has it; nothing where it has none. Enumerators, packed
+/// The value of one side; empty where it has none. Enumerators, packed
 /// colours and flags, and descriptions of nodes or whole arrays, are texts.
 using ComparedValue = std::variant<std::monostate, bool, std::int64_t, float, double, std::string,
                                    std::vector<double>, std::vector<std::int64_t>>;
@@ -57,15 +57,15 @@ struct Difference {
   std::optional<Extent> extent;
 };
 
-/// How much of two graphs was compared.
+/// What was compared of two graphs.
 struct ComparisonCounts {
-  /// Nodes that both have.
+  /// Nodes that are in both.
   std::size_t nodes = 0;
   /// Arrays of data and lists of cells that both have, each node's own.
   std::size_t arrays = 0;
 };
 
-/// Takes a difference and returns whether to go on.
+/// Receives a difference; returns whether to go on.
 using DifferenceSink = std::function<bool(const Difference&)>;
 
 /// Compares two graphs and all that they own, from the owners to the owned.

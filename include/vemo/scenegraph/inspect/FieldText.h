@@ -9,9 +9,9 @@ namespace lum {
 class Node;
 struct Field;
 
-/// A field's value in a few words for a person: enumerators by name, colours as
+/// A short description of a field's value for users: enumerators by name, colours as
 /// #rrggbb, long lists by their length. Empty for owned nodes, arrays of data,
-/// and what was never set.
+/// and values that were never set.
 VEMO_SCENEGRAPH_EXPORT std::string describeField(const Field& field);
 
 /// All such fields of a node: "size (1, 1), erase yes".

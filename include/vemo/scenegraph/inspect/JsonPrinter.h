@@ -24,8 +24,8 @@ class Node;
 ///   them: "ModelCanvas/AttributesCollection/CameraAttributes". In a name "~"
 ///   is written "~0" and "/" "~1", and an empty name is written "~e"; the second
 ///   of several siblings of one name has "~#2" behind it, the third "~#3". The
-///   root's path is empty; for a node outside the printed graph null takes
-///   its place.
+///   root's path is empty; null stands for a node outside the printed
+///   graph.
 ///
 /// Needs no stack depth, and no memory except for the nodes from the root to the
 /// one being printed and a few words for each large array.

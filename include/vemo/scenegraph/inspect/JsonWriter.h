@@ -26,8 +26,8 @@ namespace lum {
 /// The caller checks the stream for errors.
 class VEMO_SCENEGRAPH_EXPORT JsonWriter {
  public:
-  /// How an object or array is laid out; what is in a ONE_LINE one is on
-  /// that line as well.
+  /// How an object or array is laid out; the content of a ONE_LINE one is on
+  /// the same line.
   enum class Layout { LINES, ONE_LINE };
 
   explicit JsonWriter(std::ostream& out);
@@ -39,7 +39,7 @@ class VEMO_SCENEGRAPH_EXPORT JsonWriter {
   void beginArray(Layout layout = Layout::LINES) { begin('[', ']', layout); }
   void endArray() { end(); }
 
-  /// The next value's name in its object.
+  /// Starts a member of the current object; its value must follow.
   void key(std::string_view name);
 
   /// Bytes that are not UTF-8 are written as U+FFFD.
@@ -48,8 +48,8 @@ class VEMO_SCENEGRAPH_EXPORT JsonWriter {
   void value(bool truth);
   void null();
 
-  /// Numbers are written with as few digits as give the same number of the same
-  /// type back; one that is not finite is written as null.
+  /// Writes the shortest digits that read back as the same number of this type;
+  /// null for a number that is not finite.
   template <class T>
   requires std::is_arithmetic_v<T> &&(!std::same_as<T, bool>)void value(T number) {
     separate();
@@ -67,7 +67,7 @@ class VEMO_SCENEGRAPH_EXPORT JsonWriter {
     endArray();
   }
 
-  /// One text that is given in parts.
+  /// A text value written in parts.
   void beginText();
   void appendText(std::string_view part);
   void endText();

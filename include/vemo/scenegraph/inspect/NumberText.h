@@ -7,15 +7,15 @@
 
 namespace lum {
 
-// Numbers for a person.
+// Numbers formatted for users.
 
-/// With six significant digits.
+/// Six significant digits, without trailing zeros: "0.333333".
 VEMO_SCENEGRAPH_EXPORT std::string describeNumber(double number);
 
-/// 1234567 -> "1,234,567".
+/// With thousands separators: "1,234,567".
 VEMO_SCENEGRAPH_EXPORT std::string groupDigits(std::int64_t count);
 
-/// "12.3 MiB"; below 1 KiB "12 bytes".
+/// In bytes, KiB, MiB or larger units: "12 bytes", "12.3 MiB".
 VEMO_SCENEGRAPH_EXPORT std::string describeSize(double bytes);
 
 }  // namespace lum

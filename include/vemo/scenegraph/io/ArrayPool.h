@@ -15,8 +15,8 @@ struct ChunkRow;
 }
 
 /// Arrays that several graphs share. A reader with a pool does not keep an array
-/// twice: one whose name, type and bytes are those of an array in the pool becomes
-/// that array, any other comes into the pool. Arrays that were read with a pool
+/// twice: an array with the name, type and bytes of one in the pool is replaced by
+/// it, any other is added to the pool. Arrays that were read with a pool
 /// must not be changed.
 class VEMO_SCENEGRAPH_EXPORT ArrayPool {
  public:
@@ -25,7 +25,7 @@ class VEMO_SCENEGRAPH_EXPORT ArrayPool {
   ArrayPool& operator=(const ArrayPool&) = delete;
   ~ArrayPool();
 
-  /// Puts in all arrays of a graph.
+  /// Adds all arrays of a graph.
   void addAll(Node& root);
 
  private:

@@ -8,8 +8,8 @@
 
 namespace lum::io {
 
-/// A file or stream that cannot be read or written. The text says what is
-/// wrong, in words for users.
+/// A file or stream that cannot be read or written. The text explains the
+/// cause to users.
 class VEMO_SCENEGRAPH_EXPORT FileError : public std::runtime_error {
  public:
   FileError(FileIoStatus status, const std::string& text);

@@ -9,9 +9,9 @@
 
 namespace lum {
 
-/// The reading end of a connection. The nodes that it decodes live in a
-/// session, whose registry keeps the roots until the session ends; outside of
-/// any session (NO_SESSION) the stream itself owns them.
+/// The reading end of a connection. Decoded nodes belong to a session, whose
+/// registry owns the roots until the session ends; with NO_SESSION the stream
+/// itself owns them.
 class VEMO_SCENEGRAPH_EXPORT NodeInputStream : public NodeStream {
  public:
   /// Throws InternalError for a number without an open session.

@@ -7,9 +7,9 @@
 
 namespace lum {
 
-/// The writing end of a connection. It gathers what is written to it until
-/// that is taken out as a scene stream and data streams (SceneGraphWriter).
-/// Arrays are not copied: they are held until they are taken out.
+/// The writing end of a connection. It buffers what is written to it until
+/// SceneGraphWriter takes it out as a scene stream and data streams.
+/// Arrays are shared, not copied, until then.
 class VEMO_SCENEGRAPH_EXPORT NodeOutputStream : public NodeStream {
  public:
   NodeOutputStream();
@@ -18,13 +18,13 @@ class VEMO_SCENEGRAPH_EXPORT NodeOutputStream : public NodeStream {
   void write(const Node& root) override;
   void writeChanges(const Node& root) override;
 
-  /// Takes what was written since the last call out as one scene stream.
+  /// Outputs everything written since the last call as one scene stream.
   void takeScene(std::ostream& out);
 
-  /// Takes the next array out as a data stream; false when there is none left.
+  /// Outputs the next array as a data stream; false when there is none left.
   bool takeData(std::ostream& out);
 
-  /// The number of arrays that wait to be taken out.
+  /// The number of arrays that takeData has not output yet.
   std::size_t getDataCount() const;
 
  private:

@@ -10,10 +10,10 @@ class Node;
 
 /// One end of a connection over which node graphs travel: a scene stream
 /// carries nodes, and data streams carry the arrays that they hold, one each.
-/// Numbers of nodes, arrays and texts hold for the life of the connection.
+/// Numbers of nodes, arrays and texts are valid for the whole connection.
 ///
-/// An end that only reads throws InternalError when it is written to, and the
-/// other way round.
+/// Writing to an end that only reads throws InternalError, and so does reading
+/// from one that only writes.
 class VEMO_SCENEGRAPH_EXPORT NodeStream {
  public:
   NodeStream(const NodeStream&) = delete;
@@ -30,13 +30,13 @@ class VEMO_SCENEGRAPH_EXPORT NodeStream {
   virtual void writeChanges(const Node& root);
 
   /// Reads a scene stream, from the current position to its end. The stream
-  /// must be seekable. Throws io::FileError that says what is
-  /// wrong; after it nothing more can be read over this connection.
+  /// must be seekable. Throws io::FileError with the cause; the connection cannot
+  /// be used after that.
   virtual void readScene(std::istream& in);
 
-  /// Reads a data stream likewise. A poly data node gets its arrays when the
-  /// last of them has been read; until then it is empty, and it stays empty when
-  /// they do not fit each other. A failure leaves the connection usable.
+  /// Reads a data stream in the same way. A poly data node is empty until the
+  /// last of its arrays has been read, and stays empty when they do not fit each
+  /// other. The connection remains usable after a failure.
   virtual void readData(std::istream& in);
 
  protected:

@@ -16,11 +16,11 @@ class ArrayPool;
 class Node;
 
 /// Reads a scene-graph database. All failures are io::FileError, with a status
-/// and a text that says what is wrong in which file; broken files are never half read.
+/// and a text that names file and cause; damaged files are never read in part.
 ///
-/// Not everything that a later version wrote can be understood: a field that
-/// is unknown here is ignored; a node of an unknown class is left out with
-/// all that it owns, with a warning in the log; a field that the file does not
+/// Files of later versions may hold unknown parts: an unknown field is ignored;
+/// a node of an unknown class is left out with all that it owns, with a warning
+/// in the log. A field that the file does not
 /// have keeps its default.
 class VEMO_SCENEGRAPH_EXPORT SDBReader {
  public:
@@ -30,7 +30,7 @@ class VEMO_SCENEGRAPH_EXPORT SDBReader {
     std::string simUUID;
   };
 
-  /// One array of the file, by its position.
+  /// One array of the file: position and size in bytes.
   struct Array {
     std::uint64_t offset;
     std::uint64_t bytes;
@@ -38,7 +38,7 @@ class VEMO_SCENEGRAPH_EXPORT SDBReader {
   };
 
   /// Opens a database and reads its header and index. NotFound,
-  /// UnsupportedFormat (no database, or one of a later version) or ReadError.
+  /// UnsupportedFormat (not a database, or a later version) or ReadError.
   explicit SDBReader(const std::wstring& path);
   SDBReader(const SDBReader&) = delete;
   SDBReader& operator=(const SDBReader&) = delete;

@@ -10,12 +10,13 @@ namespace lum {
 
 class Node;
 
-/// Writes a scene-graph database. What it writes is in a temporary file beside
-/// the target until `close` moves it into place: other programs see the old
+/// Writes a scene-graph database to a temporary file beside the target, which
+/// `close` moves into place: other programs see the old
 /// file or the complete new one. A writer destroyed without `close` leaves nothing
 /// behind.
 ///
-/// Failures are statuses; their cause is logged. After one, `close` discards.
+/// Failures are returned as statuses, and their cause is logged. After a failure
+/// `close` discards the file.
 class VEMO_SCENEGRAPH_EXPORT SDBWriter {
  public:
   SDBWriter();
@@ -25,12 +26,12 @@ class VEMO_SCENEGRAPH_EXPORT SDBWriter {
 
   /// Starts a database; what was open before is discarded.
   ///
-  /// `append`: the records of an existing database come first.
+  /// `append`: keeps the records of an existing database, before the new ones.
   /// `keepExisting`: an existing file is rejected, now and when the
   /// new one would be moved into its place.
   ///
-  /// A target that exists keeps its permissions; one that is a link stays one,
-  /// and what it points at is written; one that is not a regular file is refused.
+  /// An existing target keeps its permissions; a link remains, and its target is
+  /// written; anything but a regular file is refused.
   io::FileIoStatus open(const std::wstring& path, bool append, bool keepExisting);
 
   /// Writes one record: a node and all that it owns. `recordNumber` receives
@@ -38,8 +39,8 @@ class VEMO_SCENEGRAPH_EXPORT SDBWriter {
   io::FileIoStatus addRecord(const std::string& title, const std::string& description,
                              const std::string& simUUID, Node& node, int& recordNumber);
 
-  /// Finishes the database and moves it into place. WriteError, and the target
-  /// as it was, when anything failed since `open`, or nothing is open.
+  /// Finishes the database and moves it into place. WriteError, with the target
+  /// unchanged, when anything failed since `open` or nothing is open.
   io::FileIoStatus close();
 
  private:

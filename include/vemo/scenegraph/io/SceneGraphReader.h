@@ -9,23 +9,23 @@ namespace lum {
 
 class NodeStream;
 
-/// Reads scene and data streams into the stream that it was given, which must
-/// outlive it.
+/// Reads scene and data streams into a node stream, which must outlive the
+/// reader.
 class VEMO_SCENEGRAPH_EXPORT SceneGraphReader {
  public:
   explicit SceneGraphReader(NodeStream& stream) : _stream(stream) {}
 
-  /// Decodes a scene stream; its nodes then are where the node stream puts
-  /// them. False, with the cause in getError and in the log, when it is not a
+  /// Decodes a scene stream into the node stream. False, with the cause in
+  /// getError and in the log, when it is not a
   /// scene stream.
   bool loadSceneFileFromInputStream(std::istream& in);
 
-  /// Decodes one data stream that belongs to a scene stream read before. In any
-  /// order. False, with the cause likewise, when it does not belong there or is
-  /// broken; the rest of the scene stays as it is.
+  /// Decodes a data stream of a scene stream read before, in any order. False,
+  /// with the cause in the same places, when it does not belong to one or is
+  /// damaged; the rest of the scene is unaffected.
   bool loadVtkDataFromInputStream(std::istream& in);
 
-  /// What was wrong with the last stream; empty when nothing was.
+  /// The fault of the last stream; empty when there was none.
   const std::string& getError() const { return _error; }
 
  private:

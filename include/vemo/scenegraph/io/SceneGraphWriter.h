@@ -9,9 +9,9 @@ namespace lum {
 
 class NodeOutputStream;
 
-/// Writes what nodes put into a stream (Node::write) out as scene and data
-/// streams, the counterpart of SceneGraphReader. All return false when the
-/// output does not take what is written.
+/// Outputs what Node::write put into a node stream as scene and data streams,
+/// the counterpart of SceneGraphReader. The functions return false when writing
+/// to the output fails.
 class VEMO_SCENEGRAPH_EXPORT SceneGraphWriter {
  public:
   explicit SceneGraphWriter(NodeOutputStream& stream) : _stream(stream) {}

@@ -1,4 +1,4 @@
-#include "platform/AtomicFile.h"
+#include "base/AtomicFile.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/render/Picture.h>
 #include <vemo/render/RenderErrors.h>

@@ -1,9 +1,9 @@
 #include "vemoview/window/SceneWindow.h"
 
-#include "vemoview/window/Facts.h"
 #include "vemoview/window/ItemText.h"
 #include "vemoview/window/ItemsPanel.h"
 #include "vemoview/window/SceneView.h"
+#include "vemoview/window/ValueGroups.h"
 #include "vemoview/window/ValuesPanel.h"
 #include <vemo/render/RenderErrors.h>
 #include <vemo/resolve/Pick.h>
@@ -174,10 +174,10 @@ void SceneWindow::followVisibility() {
 void SceneWindow::showItem(int item) {
   if (item == ItemTree::NONE) {
     _view->highlight(nullptr);
-    _values->showFacts({});
+    _values->showValues({});
   } else {
     _view->highlight(_items[item].drawable);
-    _values->showFacts(describeItem(_items, item));
+    _values->showValues(describeItem(_items, item));
   }
   statusBar()->clearMessage();
 }
@@ -190,7 +190,7 @@ void SceneWindow::showPick(const std::optional<Pick>& pick) {
   const int item = _items.find(pick->drawable);
   _list->select(item);
   _view->highlight(pick->drawable, pick->pointPosition);
-  _values->showFacts(describePick(_items, *pick));
+  _values->showValues(describePick(_items, *pick));
   statusBar()->showMessage(item == ItemTree::NONE ? QString() : pathOf(_items, item));
 }
 

@@ -21,10 +21,10 @@ QTreeWidgetItem* makeTitle(const QString& title) {
   return row;
 }
 
-QTreeWidgetItem* makeRow(const Fact& fact) {
-  auto* const row = new QTreeWidgetItem({fact.name, fact.value});
-  row->setToolTip(NAME, fact.name);
-  row->setToolTip(VALUE, fact.value);
+QTreeWidgetItem* makeRow(const NamedValue& named) {
+  auto* const row = new QTreeWidgetItem({named.name, named.value});
+  row->setToolTip(NAME, named.name);
+  row->setToolTip(VALUE, named.value);
   return row;
 }
 
@@ -46,17 +46,17 @@ ValuesPanel::ValuesPanel(QWidget* parent) : QTreeWidget(parent) {
   connect(copy, &QAction::triggered, this, [this] { copySelection(); });
   addAction(copy);
   setContextMenuPolicy(Qt::ActionsContextMenu);
-  showFacts({});
+  showValues({});
 }
 
-void ValuesPanel::showFacts(const std::vector<FactGroup>& groups) {
+void ValuesPanel::showValues(const std::vector<ValueGroup>& groups) {
   clear();
-  for (const FactGroup& group : groups) {
+  for (const ValueGroup& group : groups) {
     QTreeWidgetItem* const title = makeTitle(group.title);
     addTopLevelItem(title);
     title->setFirstColumnSpanned(true);
-    for (const Fact& fact : group.facts) {
-      title->addChild(makeRow(fact));
+    for (const NamedValue& named : group.values) {
+      title->addChild(makeRow(named));
     }
     title->setExpanded(true);
   }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vemoview/window/Facts.h"
+#include "vemoview/window/ValueGroups.h"
 
 #include <QTreeWidget>
 #include <vector>
@@ -13,7 +13,7 @@ class ValuesPanel final : public QTreeWidget {
   explicit ValuesPanel(QWidget* parent);
 
   /// Replaces the content; an explanation is shown when it is empty.
-  void showFacts(const std::vector<FactGroup>& groups);
+  void showValues(const std::vector<ValueGroup>& groups);
 
  private:
   void copySelection() const;

@@ -1,8 +1,8 @@
 #include "scenegraph/io/codec/GraphDecoder.h"
 
 #include "scenegraph/inspect/NodeDescription.h"
+#include "scenegraph/io/codec/FieldReader.h"
 #include "scenegraph/io/codec/GraphFormat.h"
-#include "scenegraph/io/codec/ValueReader.h"
 #include <vemo/scenegraph/CollectionNode.h>
 #include <vemo/scenegraph/NodeFactory.h>
 #include <vemo/scenegraph/Owned.h>
@@ -230,7 +230,7 @@ void GraphDecoder::readValues(ByteReader& in, Level& level, bool isNew) {
 }
 
 void GraphDecoder::readNames(ByteReader& in, Node* node, const std::string_view& presence) {
-  ValueReader reader(in, _tables, _longStringBytes, _chunks);
+  FieldReader reader(in, _tables, _longStringBytes, _chunks);
   if (isPresent(presence, NAME_BIT)) {
     const std::string& name = reader.readString();
     if (node != nullptr) {
@@ -246,7 +246,7 @@ void GraphDecoder::readNames(ByteReader& in, Node* node, const std::string_view&
 }
 
 void GraphDecoder::readField(ByteReader& in, const Level& level, const FileField& field) {
-  ValueReader reader(in, _tables, _longStringBytes, _chunks);
+  FieldReader reader(in, _tables, _longStringBytes, _chunks);
   if (level.node == nullptr || field.index == FileField::NONE) {
     reader.skip(field.kind);
     return;

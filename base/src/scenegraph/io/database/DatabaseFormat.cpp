@@ -1,7 +1,7 @@
 #include "scenegraph/io/database/DatabaseFormat.h"
 
 #include "scenegraph/io/codec/ChunkIO.h"
-#include "scenegraph/io/codec/ValueReader.h"
+#include "scenegraph/io/codec/FieldReader.h"
 #include <vemo/scenegraph/io/FileError.h>
 
 #include <charconv>
@@ -124,7 +124,7 @@ void DatabaseIndex::readOffsets(ByteReader& in, std::uint64_t end) {
 void DatabaseIndex::readRecords(ByteReader& in) {
   std::size_t longStringBytes = 0;
   std::vector<std::size_t> noChunks;
-  ValueReader values(in, _tables, longStringBytes, noChunks);
+  FieldReader values(in, _tables, longStringBytes, noChunks);
   for (std::size_t count = in.count("records", 4); count > 0; --count) {
     Record record{values.readString(), values.readString(), values.readString(), {}};
     record.graph = in.text("graph of a record");

@@ -1,4 +1,4 @@
-#include "platform/AtomicFile.h"
+#include "base/AtomicFile.h"
 #include "scenegraph/io/codec/ChunkIO.h"
 #include "scenegraph/io/codec/GraphEncoder.h"
 #include "scenegraph/io/codec/TableWriter.h"

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <vemo/import/Array_t.h>
 #include <vemo/import/Export.h>
-#include <vemo/import/ZipFileReader.h>
+#include <vemo/import/archive/Array_t.h>
+#include <vemo/import/archive/ZipFileReader.h>
 
 #include <cstdint>
 #include <set>

@@ -2,7 +2,7 @@
 #include "vemoview/import/archive/Compression.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/import/Exception.h>
-#include <vemo/import/ZipFileReader.h>
+#include <vemo/import/archive/ZipFileReader.h>
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,8 @@
 #include "vemoview/import/items/ItemDrawable.h"
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/ReadingContext.h"
-#include <vemo/import/SharedBySiblings.h>
-#include <vemo/import/items/Annotation.h>
+#include <vemo/import/decorations/Annotation.h>
+#include <vemo/import/items/SharedBySiblings.h>
 #include <vemo/scenegraph/drawables/TextDrawable.h>
 
 #include <utility>

@@ -2,8 +2,8 @@
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/ReadingContext.h"
 #include <vemo/base/InternalError.h>
-#include <vemo/import/SharedBySiblings.h>
-#include <vemo/import/items/AxesItem.h>
+#include <vemo/import/decorations/AxesItem.h>
+#include <vemo/import/items/SharedBySiblings.h>
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/drawables/TriadDrawable.h>
 

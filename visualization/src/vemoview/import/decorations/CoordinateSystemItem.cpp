@@ -2,8 +2,8 @@
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/base/Vector.h>
-#include <vemo/import/SharedBySiblings.h>
-#include <vemo/import/items/CoordinateSystemItem.h>
+#include <vemo/import/decorations/CoordinateSystemItem.h>
+#include <vemo/import/items/SharedBySiblings.h>
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/attributes/OrientationAttributes.h>
 #include <vemo/scenegraph/drawables/DrawableCollection.h>

@@ -1,5 +1,5 @@
 #include "vemoview/import/reading/KeyTable.h"
-#include <vemo/import/items/Font.h>
+#include <vemo/import/decorations/Font.h>
 #include <vemo/scenegraph/attributes/TextAttributes.h>
 
 #include <vtkTextProperty.h>

@@ -1,5 +1,5 @@
 #include "vemoview/import/reading/KeyTable.h"
-#include <vemo/import/items/Gradient.h>
+#include <vemo/import/decorations/Gradient.h>
 #include <vemo/scenegraph/Logger.h>
 
 #include <utility>

@@ -4,9 +4,9 @@
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/base/InternalError.h>
-#include <vemo/import/QxElement.h>
-#include <vemo/import/SharedBySiblings.h>
-#include <vemo/import/items/Image.h>
+#include <vemo/import/decorations/Image.h>
+#include <vemo/import/items/SharedBySiblings.h>
+#include <vemo/import/xml/QxElement.h>
 #include <vemo/scenegraph/drawables/ImageDrawable.h>
 
 #include <vtkUnsignedCharArray.h>
@@ -90,8 +90,8 @@ void Image::setPixels(vtkUnsignedCharArray* pixels, int width, int height) {
   _height = height;
 }
 
-void Image::setPlace(const Vector<3, double>& corner, const Vector<3, double>& xAxis,
-                     const Vector<3, double>& yAxis) {
+void Image::setQuad(const Vector<3, double>& corner, const Vector<3, double>& xAxis,
+                    const Vector<3, double>& yAxis) {
   _corner = corner;
   _xAxis = xAxis;
   _yAxis = yAxis;
@@ -99,7 +99,7 @@ void Image::setPlace(const Vector<3, double>& corner, const Vector<3, double>& x
 
 void Image::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement<GraphicsItem>(*this, element, reader);
-  readPlace(element, reader);
+  readQuad(element, reader);
   // The size of pixels that do not exist does not matter, however it is written.
   if (element.findAttribute(PixelSource::XML_ATTRIB_PIXELS) != nullptr) {
     VEMO_REQUIRE(reader, "SceneFileReadable can't be NULL for this object");

@@ -3,10 +3,10 @@
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/ReadingContext.h"
 #include <vemo/base/InternalError.h>
-#include <vemo/import/SharedBySiblings.h>
+#include <vemo/import/decorations/Legend.h>
 #include <vemo/import/items/Colormap.h>
 #include <vemo/import/items/Colormaps.h>
-#include <vemo/import/items/Legend.h>
+#include <vemo/import/items/SharedBySiblings.h>
 #include <vemo/scenegraph/drawables/LegendDrawable.h>
 
 #include <utility>
@@ -18,9 +18,9 @@ namespace {
 const std::string DEFAULT_FORMAT = "%.4g";
 
 /// At the right edge, or at the lower one.
-Legend::Place defaultPlace(lum::LegendOrientation orientation) {
-  return orientation == lum::LegendOrientation::VERTICAL ? Legend::Place{{0.85, 0.25}, {0.12, 0.5}}
-                                                         : Legend::Place{{0.25, 0.03}, {0.5, 0.12}};
+Legend::Rectangle defaultRectangle(lum::LegendOrientation orientation) {
+  return orientation == lum::LegendOrientation::VERTICAL ? Legend::Rectangle{{0.85, 0.25}, {0.12, 0.5}}
+                                                         : Legend::Rectangle{{0.25, 0.03}, {0.5, 0.12}};
 }
 
 }  // namespace
@@ -46,23 +46,23 @@ const KeyTable<Legend> Legend::KEYS(
     },
     OnBadValue::WARN);
 
-const KeyTable<Legend::Place> Legend::Place::KEYS(
+const KeyTable<Legend::Rectangle> Legend::Rectangle::KEYS(
     {
-        key::ifPresent<&Legend::Place::position>(
+        key::ifPresent<&Legend::Rectangle::position>(
             "position", "the lower left corner, in fractions of the window's width and height")
             .defaultingTo("0.85, 0.25; horizontal 0.25, 0.03"),
-        key::ifPresent<&Legend::Place::size>(
+        key::ifPresent<&Legend::Rectangle::size>(
             "size", "width and height of the whole legend, in fractions of the window's")
             .defaultingTo("0.12, 0.5; horizontal 0.5, 0.12"),
     },
     OnBadValue::WARN);
 
 Legend::Legend(std::string name)
-    : GraphicsItem(std::move(name)), _place(defaultPlace(_orientation)), _format(DEFAULT_FORMAT) {}
+    : GraphicsItem(std::move(name)), _rectangle(defaultRectangle(_orientation)), _format(DEFAULT_FORMAT) {}
 Legend::~Legend() = default;
 
-void Legend::setPlace(const Vector<2, double>& position, const Vector<2, double>& size) {
-  _place = {position, size};
+void Legend::setRectangle(const Vector<2, double>& position, const Vector<2, double>& size) {
+  _rectangle = {position, size};
 }
 
 void Legend::setLabelCount(int count) {
@@ -77,8 +77,8 @@ void Legend::setNumberFormat(const std::string& format) {
 
 void Legend::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement<GraphicsItem>(*this, element, reader);
-  _place = defaultPlace(_orientation);
-  Place::KEYS.read(_place, element, reader);
+  _rectangle = defaultRectangle(_orientation);
+  Rectangle::KEYS.read(_rectangle, element, reader);
 }
 
 const Colormap* Legend::chooseColormap(const SharedBySiblings& shared,
@@ -110,7 +110,7 @@ void Legend::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& 
   }
   auto& drawable = addDrawable<lum::LegendDrawable>(getName().empty() ? parentName : getName(), collection);
   addVisibilityAttrib(drawable, shared.isHidden);
-  drawable.getPositionAttributes().setPosition({_place.position[0], _place.position[1], 0.0}, false);
+  drawable.getPositionAttributes().setPosition({_rectangle.position[0], _rectangle.position[1], 0.0}, false);
   applyTo(drawable.getLegendAttributes(), *colormap);
   _font.applyTo(drawable.getTextAttributes());
   drawable.getTextAttributes().setFontSize(_textHeight);
@@ -121,7 +121,7 @@ void Legend::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& 
 void Legend::applyTo(lum::LegendAttributes& attributes, const Colormap& colormap) const {
   attributes.setTitle(_title.empty() ? colormap.getTitle() : _title);
   attributes.setOrientation(_orientation);
-  attributes.setSize(_place.size);
+  attributes.setSize(_rectangle.size);
   attributes.setNumberOfLabels(_labelCount);
   attributes.setLabelFormat(_format);
 }

@@ -1,10 +1,10 @@
 #include "vemoview/import/geometry/GeometryDrawableBuilder.h"
 
-#include "geometry/Box.h"
+#include "geometry/Bounds.h"
 #include "geometry/Normals.h"
 #include "vemoview/import/reading/ReadingContext.h"
 #include <vemo/base/InternalError.h>
-#include <vemo/import/items/GeometrySettings.h>
+#include <vemo/import/geometry/GeometrySettings.h>
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/attributes/ContourAttributes.h>
 #include <vemo/scenegraph/attributes/LineAttributes.h>

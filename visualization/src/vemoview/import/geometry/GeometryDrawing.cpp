@@ -2,9 +2,9 @@
 
 #include "vemoview/import/geometry/GeometryProperties.h"
 #include <vemo/base/InternalError.h>
+#include <vemo/import/geometry/GeometryItem.h>
 #include <vemo/import/items/ClippingPlane.h>
 #include <vemo/import/items/Colormap.h>
-#include <vemo/import/items/GeometryItem.h>
 
 #include <vtkActor.h>
 #include <vtkCellData.h>

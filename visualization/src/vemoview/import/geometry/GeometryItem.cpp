@@ -7,9 +7,9 @@
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/base/InternalError.h>
-#include <vemo/import/QxElement.h>
-#include <vemo/import/SharedBySiblings.h>
-#include <vemo/import/items/GeometryItem.h>
+#include <vemo/import/geometry/GeometryItem.h>
+#include <vemo/import/items/SharedBySiblings.h>
+#include <vemo/import/xml/QxElement.h>
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/Traversal.h>
 #include <vemo/scenegraph/attributes/LineAttributes.h>
@@ -159,7 +159,7 @@ void GeometryItem::setPointScaleScalarMapRange(const Vector<3, double>& range) {
 
 void GeometryItem::read(const QxElement& element, SceneFileReader* reader) {
   VEMO_REQUIRE(reader, "SceneFileReadable can't be NULL for this object");
-  ValueReader(element, reader, OnBadValue::FAIL).checkVersion(version());
+  checkVersion(element, reader, version());
   GraphicsItem::read(element, reader);
   readImpl(element, reader);
 }

@@ -1,6 +1,6 @@
 #include "vemoview/import/geometry/GeometryProperties.h"
 
-#include <vemo/import/items/GeometrySettings.h>
+#include <vemo/import/geometry/GeometrySettings.h>
 
 #include <vtkProperty.h>
 

@@ -1,6 +1,6 @@
 #include "vemoview/import/reading/KeyTable.h"
-#include <vemo/import/items/GeometryItem.h>
-#include <vemo/import/items/GeometrySettings.h>
+#include <vemo/import/geometry/GeometryItem.h>
+#include <vemo/import/geometry/GeometrySettings.h>
 
 namespace vemo {
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "geometry/Connectivity.h"
-#include <vemo/import/Array_t.h>
 #include <vemo/import/Export.h>
+#include <vemo/import/archive/Array_t.h>
 
 #include <vtkSmartPointer.h>
 

@@ -1,8 +1,8 @@
 #include "vemoview/common/VtkForms.h"
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/ValueForms.h"
-#include <vemo/import/QxElement.h>
 #include <vemo/import/items/Colormap.h>
+#include <vemo/import/xml/QxElement.h>
 #include <vemo/scenegraph/coloring/ColorLookupTable.h>
 #include <vemo/scenegraph/coloring/DataArrayAttributes.h>
 #include <vemo/scenegraph/coloring/ScalarAttributes.h>

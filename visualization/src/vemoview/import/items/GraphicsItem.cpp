@@ -1,7 +1,7 @@
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/SceneFileReader.h"
-#include <vemo/import/GraphicsItem.h>
-#include <vemo/import/QxElement.h>
+#include <vemo/import/items/GraphicsItem.h>
+#include <vemo/import/xml/QxElement.h>
 #include <vemo/scenegraph/drawables/Drawable.h>
 
 #include <vtkActor.h>

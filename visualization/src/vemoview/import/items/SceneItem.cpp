@@ -1,6 +1,6 @@
 #include "vemoview/import/reading/KeyTable.h"
-#include <vemo/import/QxElement.h>
-#include <vemo/import/SceneItem.h>
+#include <vemo/import/items/SceneItem.h>
+#include <vemo/import/xml/QxElement.h>
 
 #include <utility>
 

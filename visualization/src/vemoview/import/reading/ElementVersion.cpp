@@ -1,6 +1,7 @@
 #include "vemoview/import/reading/ElementVersion.h"
 
 #include "vemoview/import/reading/KeyTable.h"
+#include <vemo/import/Exception.h>
 
 namespace vemo {
 
@@ -9,5 +10,13 @@ const KeyTable<ElementVersion> ElementVersion::KEYS({
         Readable::XML_ATTRIB_VERSION,
         "the version of the element: above 1 (above 2 in `reflect`) the whole scene is rejected"),
 });
+
+void checkVersion(const QxElement& element, SceneFileReader* reader, int newest, OnBadValue onBadValue) {
+  ElementVersion stated;
+  ElementVersion::KEYS.read(stated, ValueReader(element, reader, onBadValue));
+  if (stated.version > newest) {
+    throw FutureVersionException();
+  }
+}
 
 }  // namespace vemo

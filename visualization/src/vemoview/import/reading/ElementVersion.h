@@ -1,5 +1,7 @@
 #pragma once
 
+#include "vemoview/import/reading/ValueReader.h"
+
 namespace vemo {
 
 template <class Item>
@@ -11,5 +13,12 @@ struct ElementVersion {
 
   int version = 0;
 };
+
+/// Throws FutureVersionException, without a message, when the element states a
+/// version above the newest one understood. An item calls it before it reads
+/// anything.
+/// @param onBadValue what a version that is not a number does
+void checkVersion(const QxElement& element, SceneFileReader* reader, int newest,
+                  OnBadValue onBadValue = OnBadValue::FAIL);
 
 }  // namespace vemo

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <vemo/base/Vector.h>
-#include <vemo/import/Color.h>
+#include <vemo/import/xml/Color.h>
 
 #include <limits>
 #include <memory>

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "vemoview/import/reading/ElementVersion.h"
 #include "vemoview/import/reading/KeyDescription.h"
 #include "vemoview/import/reading/ValueReader.h"
-#include <vemo/import/Readable.h>
+#include <vemo/import/reading/Readable.h>
 
 #include <cstddef>
 #include <initializer_list>
@@ -152,7 +153,7 @@ class KeyTable {
   /// Throws FutureVersionException, before anything is read, for an element that
   /// is too new.
   void checkVersion(const QxElement& element, SceneFileReader* reader) const {
-    ValueReader(element, reader, _onBadValue).checkVersion(_newestVersion);
+    vemo::checkVersion(element, reader, _newestVersion, _onBadValue);
   }
 
   /// Checks the version, then reads the keys.

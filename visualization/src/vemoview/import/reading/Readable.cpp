@@ -1,4 +1,4 @@
-#include <vemo/import/Readable.h>
+#include <vemo/import/reading/Readable.h>
 
 namespace vemo {
 

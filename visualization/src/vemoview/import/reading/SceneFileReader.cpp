@@ -1,7 +1,7 @@
 #include "vemoview/import/reading/SceneFileReader.h"
 
 #include "vemoview/import/xml/XmlParser.h"
-#include <vemo/import/QxElement.h>
+#include <vemo/import/xml/QxElement.h>
 
 #include <algorithm>
 #include <utility>

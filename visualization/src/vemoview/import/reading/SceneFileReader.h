@@ -3,8 +3,8 @@
 #include "vemoview/import/archive/ArchiveReader.h"
 #include "vemoview/import/reading/ReadingContext.h"
 #include <vemo/import/Export.h>
-#include <vemo/import/QxElement.h>
-#include <vemo/import/ZipFileReader.h>
+#include <vemo/import/archive/ZipFileReader.h>
+#include <vemo/import/xml/QxElement.h>
 
 #include <cstddef>
 #include <cstdint>

@@ -1,6 +1,5 @@
 #include "vemoview/import/reading/ValueReader.h"
 
-#include "vemoview/import/reading/ElementVersion.h"
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/SceneFileReader.h"
 #include "vemoview/import/reading/ValueForms.h"
@@ -60,14 +59,6 @@ void ValueReader::warnOfCurrentException(const KeyDescription& key) const {
                 isOfChild ? quotedUnlessLong(exception.getMessage()) + " is not a number" : "not a number");
   } catch (const InternalError& error) {
     warnIgnored(key, error.getMessage());
-  }
-}
-
-void ValueReader::checkVersion(int newest) const {
-  ElementVersion stated;
-  ElementVersion::KEYS.read(stated, *this);
-  if (stated.version > newest) {
-    throw FutureVersionException();
   }
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "vemoview/import/reading/KeyDescription.h"
-#include <vemo/import/QxElement.h>
-#include <vemo/import/Readable.h>
+#include <vemo/import/reading/Readable.h>
+#include <vemo/import/xml/QxElement.h>
 
 #include <concepts>
 #include <memory>
@@ -26,10 +26,6 @@ class ValueReader {
  public:
   /// The reader receives the warnings; it may be null.
   ValueReader(const QxElement& element, SceneFileReader* reader, OnBadValue onBadValue);
-
-  /// Throws FutureVersionException when the element states a version above the
-  /// newest one understood.
-  void checkVersion(int newest) const;
 
   /// Reports an attribute or child that is present and does not state the default.
   void reportWithoutEffect(const KeyDescription& key, const std::string& defaultText) const;

@@ -1,13 +1,13 @@
 #include "vemoview/import/items/SharedCollection.h"
+#include "vemoview/import/reading/ElementVersion.h"
 #include "vemoview/import/reading/ReadingContext.h"
-#include "vemoview/import/reading/ValueReader.h"
 #include "vemoview/import/scene/ChildElements.h"
-#include <vemo/import/QxElement.h>
-#include <vemo/import/SharedBySiblings.h>
-#include <vemo/import/items/AssemblyItem.h>
+#include <vemo/import/decorations/Legend.h>
 #include <vemo/import/items/Colormap.h>
-#include <vemo/import/items/Legend.h>
+#include <vemo/import/items/SharedBySiblings.h>
 #include <vemo/import/items/Transform.h>
+#include <vemo/import/scene/AssemblyItem.h>
+#include <vemo/import/xml/QxElement.h>
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/Traversal.h>
 #include <vemo/scenegraph/coloring/ScalarAttributes.h>
@@ -78,7 +78,7 @@ void AssemblyItem::read(const QxElement& element, SceneFileReader* reader) {
 }
 
 void AssemblyItem::readBase(const QxElement& element, SceneFileReader* reader) {
-  ValueReader(element, reader, OnBadValue::FAIL).checkVersion(version());
+  checkVersion(element, reader, version());
   GraphicsItem::read(element, reader);
   readImpl(element, reader);
 }

@@ -5,21 +5,21 @@
 #include "vemoview/import/geometry/GeometryKeys.h"
 #include "vemoview/import/reading/ElementVersion.h"
 #include "vemoview/import/reading/KeyTable.h"
-#include <vemo/import/items/Annotation.h>
+#include <vemo/import/decorations/Annotation.h>
+#include <vemo/import/decorations/CoordinateSystemItem.h>
+#include <vemo/import/decorations/Gradient.h>
+#include <vemo/import/decorations/Image2D.h>
+#include <vemo/import/decorations/Image3D.h>
+#include <vemo/import/decorations/Legend.h>
+#include <vemo/import/geometry/GeometryItem.h>
 #include <vemo/import/items/ClippingPlane.h>
 #include <vemo/import/items/Colormap.h>
-#include <vemo/import/items/CoordinateSystemItem.h>
-#include <vemo/import/items/GeometryItem.h>
-#include <vemo/import/items/Gradient.h>
-#include <vemo/import/items/Image2D.h>
-#include <vemo/import/items/Image3D.h>
-#include <vemo/import/items/Legend.h>
 #include <vemo/import/items/Light.h>
 #include <vemo/import/items/ReflectTransform.h>
 #include <vemo/import/items/RepeatTransform.h>
-#include <vemo/import/items/Scene.h>
 #include <vemo/import/items/Streamlines.h>
 #include <vemo/import/items/VectorGlyphs.h>
+#include <vemo/import/scene/Scene.h>
 
 #include <algorithm>
 #include <concepts>
@@ -150,7 +150,7 @@ std::span<const ChildElement<AssemblyItem>> assemblyElements() {
   using A = AssemblyItem;
   static const ChildElement<A> ELEMENTS[] = {
       part<A, Colormap, &A::addColormap>(),
-      part<A, Legend, &A::setLegend, Legend, Legend::Place, Font>(),
+      part<A, Legend, &A::setLegend, Legend, Legend::Rectangle, Font>(),
       part<A, GeometryTransform, &A::setTransform>(),
       part<A, RepeatTransform, &A::setTransform>(),
       part<A, ReflectTransform, &A::setTransform>(),

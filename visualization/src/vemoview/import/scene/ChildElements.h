@@ -3,8 +3,8 @@
 #include "vemoview/import/reading/SceneFileReader.h"
 #include "vemoview/import/scene/SceneFormat.h"
 #include "vemoview/import/xml/DescriptionWalk.h"
-#include <vemo/import/GraphicsItem.h>
-#include <vemo/import/QxElement.h>
+#include <vemo/import/items/GraphicsItem.h>
+#include <vemo/import/xml/QxElement.h>
 
 #include <map>
 #include <memory>

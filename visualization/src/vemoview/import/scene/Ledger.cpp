@@ -1,8 +1,8 @@
 #include "vemoview/import/scene/Ledger.h"
 
 #include "vemoview/import/xml/DescriptionWalk.h"
-#include <vemo/import/QxElement.h>
-#include <vemo/import/ZipFileReader.h>
+#include <vemo/import/archive/ZipFileReader.h>
+#include <vemo/import/xml/QxElement.h>
 
 #include <algorithm>
 #include <array>

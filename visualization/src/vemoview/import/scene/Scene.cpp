@@ -1,15 +1,15 @@
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/scene/ChildElements.h"
 #include <vemo/base/Vector.h>
-#include <vemo/import/SharedBySiblings.h>
+#include <vemo/import/decorations/Gradient.h>
+#include <vemo/import/decorations/Legend.h>
 #include <vemo/import/items/ClippingPlane.h>
 #include <vemo/import/items/Colormap.h>
-#include <vemo/import/items/Gradient.h>
-#include <vemo/import/items/Legend.h>
 #include <vemo/import/items/Light.h>
 #include <vemo/import/items/ReflectTransform.h>
 #include <vemo/import/items/RepeatTransform.h>
-#include <vemo/import/items/Scene.h>
+#include <vemo/import/items/SharedBySiblings.h>
+#include <vemo/import/scene/Scene.h>
 
 #include <algorithm>
 #include <iterator>

@@ -4,7 +4,7 @@
 #include <vemo/base/WideStream.h>
 #include <vemo/import/SceneConverter.h>
 #include <vemo/import/SceneFormatHandler.h>
-#include <vemo/import/ZipFileReader.h>
+#include <vemo/import/archive/ZipFileReader.h>
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/io/CheckFormat.h>
 

@@ -2,9 +2,9 @@
 
 #include "vemoview/import/archive/MemoryStream.h"
 #include <vemo/base/WideStream.h>
-#include <vemo/import/SharedBySiblings.h>
-#include <vemo/import/items/Gradient.h>
-#include <vemo/import/items/Scene.h>
+#include <vemo/import/decorations/Gradient.h>
+#include <vemo/import/items/SharedBySiblings.h>
+#include <vemo/import/scene/Scene.h>
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/NodeRegistry.h>

@@ -4,8 +4,8 @@
 #include "vemoview/import/scene/UnreadContent.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/Exception.h>
-#include <vemo/import/QxElement.h>
-#include <vemo/import/items/Scene.h>
+#include <vemo/import/scene/Scene.h>
+#include <vemo/import/xml/QxElement.h>
 #include <vemo/scenegraph/Logger.h>
 
 namespace vemo {

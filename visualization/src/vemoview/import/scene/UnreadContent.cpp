@@ -2,7 +2,7 @@
 
 #include "vemoview/import/reading/SceneFileReader.h"
 #include "vemoview/import/xml/DescriptionWalk.h"
-#include <vemo/import/QxElement.h>
+#include <vemo/import/xml/QxElement.h>
 
 namespace vemo {
 

@@ -1,6 +1,6 @@
 #include "vemoview/import/xml/QxString.h"
 #include <vemo/base/InternalError.h>
-#include <vemo/import/Color.h>
+#include <vemo/import/xml/Color.h>
 
 #include <cstddef>
 

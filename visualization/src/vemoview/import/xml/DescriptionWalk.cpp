@@ -1,8 +1,8 @@
 #include "vemoview/import/xml/DescriptionWalk.h"
 
 #include "vemoview/import/reading/ReadingContext.h"
-#include <vemo/import/QxElement.h>
-#include <vemo/import/SceneItem.h>
+#include <vemo/import/items/SceneItem.h>
+#include <vemo/import/xml/QxElement.h>
 
 #include <vector>
 

@@ -1,5 +1,5 @@
 #include "vemoview/import/xml/QxString.h"
-#include <vemo/import/QxElement.h>
+#include <vemo/import/xml/QxElement.h>
 
 #include <algorithm>
 #include <iterator>

@@ -1,7 +1,7 @@
 #include "vemoview/import/xml/XmlParser.h"
 
 #include "vemoview/import/Failure.h"
-#include <vemo/import/QxElement.h>
+#include <vemo/import/xml/QxElement.h>
 
 #include <exception>
 #include <expat.h>

@@ -1,10 +1,10 @@
 #include "vemoview/render/draw/CanvasLayer.h"
 
+#include "geometry/Bounds.h"
 #include "vemoview/common/VtkForms.h"
 #include "vemoview/render/draw/BatchGroups.h"
 #include "vemoview/render/draw/Screen.h"
 #include "vemoview/render/draw/View.h"
-#include "vemoview/resolve/mesh/MeshBounds.h"
 #include <vemo/resolve/Picker.h>
 
 #include <vtkCullerCollection.h>

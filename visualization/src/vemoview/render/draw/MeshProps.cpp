@@ -1,12 +1,12 @@
 #include "vemoview/render/draw/MeshProps.h"
 
+#include "geometry/Bounds.h"
 #include "geometry/DrawableCells.h"
 #include "vemoview/render/draw/ClippedInput.h"
 #include "vemoview/render/draw/Matrix.h"
 #include "vemoview/render/draw/MeshActor.h"
 #include "vemoview/render/draw/PropGroup.h"
 #include "vemoview/render/draw/Screen.h"
-#include "vemoview/resolve/mesh/MeshBounds.h"
 #include <vemo/base/Vector.h>
 #include <vemo/resolve/ClipPlane.h>
 

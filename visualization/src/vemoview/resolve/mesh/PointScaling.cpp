@@ -1,5 +1,6 @@
 #include "vemoview/resolve/mesh/PointScaling.h"
 
+#include "geometry/Cells.h"
 #include "vemoview/resolve/UsableValues.h"
 #include "vemoview/resolve/mesh/ArrayLookup.h"
 #include <vemo/scenegraph/Findings.h>
@@ -89,17 +90,15 @@ struct SizeClass {
 
 std::array<SizeClass, SIZES> sortVertices(vtkCellArray& vertices, vtkDataArray& values, const Scale& scale) {
   std::array<SizeClass, SIZES> sorted;
-  for (vtkIdType cell = 0; cell < vertices.GetNumberOfCells(); ++cell) {
-    vtkIdType size = 0;
-    const vtkIdType* points = nullptr;
-    vertices.GetCellAtId(cell, size, points);
-    for (vtkIdType i = 0; i < size; ++i) {
-      const double position = scale.positionOf(values.GetComponent(points[i], 0));
+  forEachCell(vertices, [&, cell = vtkIdType(0)](auto points) mutable {
+    for (const vtkIdType point : points) {
+      const double position = scale.positionOf(values.GetComponent(point, 0));
       const auto index = static_cast<std::size_t>(std::lround(position * (SIZES - 1)));
-      sorted[index].vertices->InsertNextCell(1, points + i);
+      sorted[index].vertices->InsertNextCell(1, &point);
       sorted[index].origins->InsertNextId(cell);
     }
-  }
+    ++cell;
+  });
   return sorted;
 }
 

@@ -1,6 +1,6 @@
 #include "vemoview/resolve/pick/CellPicker.h"
 
-#include "vemoview/resolve/mesh/MeshBounds.h"
+#include "geometry/Bounds.h"
 #include <vemo/resolve/MeshInstance.h>
 #include <vemo/scenegraph/drawables/PolyDataNode.h>
 
@@ -84,9 +84,9 @@ Vector3 CellPicker::positionOf(vtkIdType point) const {
 
 /// Whether a ball around all points can hold a position with a low enough rank.
 bool CellPicker::isNear() const {
-  const auto& [low, high] = boundsOf(*_mesh.geometry);
-  const Vector3 center = transformedPoint(_transform, 0.5 * (low + high));
-  const double radius = 0.5 * length(high - low) * greatestStretch(_transform);
+  const Box box = boundsOf(*_mesh.geometry);
+  const Vector3 center = transformedPoint(_transform, box.center());
+  const double radius = 0.5 * length(box.high - box.low) * greatestStretch(_transform);
   const double distance = dot(center - _ray.origin, _ray.direction);
   const double furthest = distance + radius;
   const double tolerance = toleranceAt(furthest);

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <vemo/base/Vector.h>
-#include <vemo/import/GraphicsItem.h>
-#include <vemo/import/items/Font.h>
+#include <vemo/import/decorations/Font.h>
+#include <vemo/import/items/GraphicsItem.h>
 #include <vemo/scenegraph/attributes/AnnotationAttributes.h>
 
 #include <string>
@@ -41,7 +41,7 @@ class VEMO_IMPORT_EXPORT Annotation : public GraphicsItem {
   void setPosition(const Vector<3, double>& position) { _position = position; }
   const Vector<3, double>& getPosition() const { return _position; }
   void setAlignment(lum::HorizontalAlignment horizontal, lum::VerticalAlignment vertical);
-  /// Of a line, as a fraction of the window's; 0: the renderer's own.
+  /// The height of a line as a fraction of the window's; 0: the renderer's default.
   void setTextHeight(double height) { _textHeight = height; }
   void setFont(const Font& font) { _font = font; }
 

@@ -23,8 +23,8 @@ class ArchiveFile;
 /// be used at the same time.
 class VEMO_IMPORT_EXPORT ZipFileReader {
  public:
-  /// What getSize gives for all larger entries: the largest whole number of
-  /// 32-bit values. They cannot be read.
+  /// In bytes; what getSize returns for all larger entries, which cannot be read.
+  /// The largest int that is a whole number of 32-bit values.
   static constexpr int SIZE_LIMIT = 0x7ffffffc;
 
   /// A deflated byte encodes at most four matches of 258 bytes: a match
@@ -35,9 +35,9 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   /// them is no risk.
   static constexpr std::uint64_t SMALL_ENTRY_SIZE = 0x10000;
 
-  /// What an entry's content contradicts of what the archive says of it.
+  /// Where an entry's content contradicts the archive's directory.
   struct ContentFlaws {
-    /// What there is of the content, if less than its size; the rest is zero.
+    /// The bytes of content that exist, if fewer than its size; the rest is zero.
     std::optional<std::size_t> bytesRead;
     bool isChecksumWrong = false;
   };
@@ -46,13 +46,13 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   /// permission to read, or ZipException.
   explicit ZipFileReader(const std::wstring& path);
 
-  /// Of the archive file, in bytes.
+  /// The size of the archive file in bytes.
   std::uint64_t getFileSize() const { return _fileSize; }
 
-  /// Distinct names.
+  /// The number of distinct names.
   int getEntryCount() const { return static_cast<int>(_entries.size()); }
 
-  /// Those that several entries have, each once.
+  /// Names that several entries have, each once.
   const std::vector<std::string>& getDuplicateNames() const { return _duplicateNames; }
 
   /// Names ascend byte by byte. An index of 0 or less gives the first name,

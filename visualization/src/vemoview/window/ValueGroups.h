@@ -10,21 +10,21 @@ namespace vemo {
 struct Pick;
 
 /// A property of an item or of a picked point.
-struct Fact {
+struct NamedValue {
   QString name;
   QString value;
 };
 
-/// Facts that belong together, under a title.
-struct FactGroup {
+/// Values that belong together, under a title.
+struct ValueGroup {
   QString title;
-  std::vector<Fact> facts;
+  std::vector<NamedValue> values;
 };
 
 /// What an item is, holds and extends over.
-std::vector<FactGroup> describeItem(const ItemTree& items, int item);
+std::vector<ValueGroup> describeItem(const ItemTree& items, int item);
 
 /// Where a picked place lies, and the values of all data arrays there.
-std::vector<FactGroup> describePick(const ItemTree& items, const Pick& pick);
+std::vector<ValueGroup> describePick(const ItemTree& items, const Pick& pick);
 
 }  // namespace vemo

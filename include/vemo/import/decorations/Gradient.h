@@ -1,7 +1,7 @@
 #pragma once
 
-#include <vemo/import/Color.h>
-#include <vemo/import/GraphicsItem.h>
+#include <vemo/import/items/GraphicsItem.h>
+#include <vemo/import/xml/Color.h>
 #include <vemo/scenegraph/canvas/BackgroundAttributes.h>
 
 #include <string>

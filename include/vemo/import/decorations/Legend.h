@@ -1,8 +1,8 @@
 #pragma once
 
 #include <vemo/base/Vector.h>
-#include <vemo/import/GraphicsItem.h>
-#include <vemo/import/items/Font.h>
+#include <vemo/import/decorations/Font.h>
+#include <vemo/import/items/GraphicsItem.h>
 #include <vemo/scenegraph/attributes/LegendAttributes.h>
 
 #include <string>
@@ -22,8 +22,8 @@ class VEMO_IMPORT_EXPORT Legend : public GraphicsItem {
 
   /// In fractions of the window's width and height; the position is that of the
   /// lower left corner.
-  struct Place {
-    static const KeyTable<Place> KEYS;
+  struct Rectangle {
+    static const KeyTable<Rectangle> KEYS;
 
     Vector<2, double> position;
     Vector<2, double> size;
@@ -41,22 +41,22 @@ class VEMO_IMPORT_EXPORT Legend : public GraphicsItem {
   void addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int level,
                        const std::string& parentName) const override;
 
-  const Vector<2, double>& getPosition() const { return _place.position; }
-  const Vector<2, double>& getSize() const { return _place.size; }
-  void setPlace(const Vector<2, double>& position, const Vector<2, double>& size);
+  const Vector<2, double>& getPosition() const { return _rectangle.position; }
+  const Vector<2, double>& getSize() const { return _rectangle.size; }
+  void setRectangle(const Vector<2, double>& position, const Vector<2, double>& size);
 
-  /// Empty: the title of the colormap.
+  /// Empty for the title of the colormap.
   void setTitle(const std::string& title) { _title = title; }
-  /// Of the assembly; empty: the one that colours the assembly.
+  /// A colormap of the assembly; empty for the one that colours the assembly.
   void setColormapName(const std::string& name) { _colormapName = name; }
-  /// The position and the size stay.
+  /// Does not change position and size.
   void setOrientation(lum::LegendOrientation orientation) { _orientation = orientation; }
   /// From 0 to MAX_LABELS; throws InternalError for another number.
   void setLabelCount(int count);
   /// One conversion of C's `printf` for a double, with text around it; throws
-  /// InternalError for another text.
+  /// InternalError for any other text.
   void setNumberFormat(const std::string& format);
-  /// Of a line, as a fraction of the window's; 0: as it fits.
+  /// The height of a line as a fraction of the window's height; 0 lets it fit.
   void setTextHeight(double height) { _textHeight = height; }
   void setFont(const Font& font) { _font = font; }
 
@@ -67,7 +67,7 @@ class VEMO_IMPORT_EXPORT Legend : public GraphicsItem {
   std::string _title;
   std::string _colormapName;
   lum::LegendOrientation _orientation = lum::LegendOrientation::VERTICAL;
-  Place _place;
+  Rectangle _rectangle;
   int _labelCount = 5;
   std::string _format;
   double _textHeight = 0.0;

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <vemo/base/Vector.h>
-#include <vemo/import/Color.h>
 #include <vemo/import/Export.h>
-#include <vemo/import/Readable.h>
+#include <vemo/import/reading/Readable.h>
+#include <vemo/import/xml/Color.h>
 #include <vemo/scenegraph/attributes/PointScaleAttributes.h>
 
 #include <memory>
@@ -44,7 +44,7 @@ struct VEMO_IMPORT_EXPORT GeometrySettings {
   /// Whether any coefficient is above 0. Files without lighting would show
   /// nothing: the renderer then uses its own.
   bool hasLighting() const;
-  /// Whether any setting of the scaling of points was set.
+  /// Whether any setting of point scaling was set.
   bool hasPointScale() const;
 };
 

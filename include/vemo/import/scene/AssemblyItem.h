@@ -1,7 +1,7 @@
 #pragma once
 
-#include <vemo/import/GraphicsItem.h>
 #include <vemo/import/items/Colormaps.h>
+#include <vemo/import/items/GraphicsItem.h>
 
 #include <map>
 #include <memory>

@@ -1,4 +1,4 @@
-#include "scenegraph/io/codec/ValueReader.h"
+#include "scenegraph/io/codec/FieldReader.h"
 
 #include "scenegraph/io/codec/TableWriter.h"
 #include <vemo/scenegraph/CollectionNode.h>
@@ -14,7 +14,7 @@
 
 namespace lum::io {
 
-const std::string& ValueReader::readString() {
+const std::string& FieldReader::readString() {
   const std::string& text = _tables.getString(_in.index("string", _tables.getStringCount()));
   if (text.size() > MAX_SHARED_STRING_BYTES) {
     _longStringBytes += text.size();
@@ -25,11 +25,11 @@ const std::string& ValueReader::readString() {
   return text;
 }
 
-void ValueReader::operator()(bool* value) {
+void FieldReader::operator()(bool* value) {
   *value = _in.index("boolean", 2) == 1;
 }
 
-void ValueReader::operator()(std::int32_t* value) {
+void FieldReader::operator()(std::int32_t* value) {
   const std::int64_t number = _in.signedNumber("number");
   *value = static_cast<std::int32_t>(number);
   if (*value != number) {
@@ -37,26 +37,26 @@ void ValueReader::operator()(std::int32_t* value) {
   }
 }
 
-void ValueReader::operator()(std::uint32_t* value) {
+void FieldReader::operator()(std::uint32_t* value) {
   *value = static_cast<std::uint32_t>(_in.index("number", std::size_t{1} << 32));
 }
 
-void ValueReader::operator()(const EnumerationField& field) {
+void FieldReader::operator()(const EnumerationField& field) {
   *field.value = readEnumerator(field.count());
 }
 
-std::int32_t ValueReader::readEnumerator(std::int32_t count) {
+std::int32_t FieldReader::readEnumerator(std::int32_t count) {
   return static_cast<std::int32_t>(_in.index("enumeration", static_cast<std::size_t>(count)));
 }
 
-void ValueReader::operator()(std::vector<double>* value) {
+void FieldReader::operator()(std::vector<double>* value) {
   value->resize(_in.count("numbers", sizeof(double)));
   for (double& each : *value) {
     (*this)(&each);
   }
 }
 
-void ValueReader::operator()(std::map<std::string, Vector<3, double>>* value) {
+void FieldReader::operator()(std::map<std::string, Vector<3, double>>* value) {
   value->clear();
   for (std::size_t count = _in.count("keys", 1 + 3 * sizeof(double)); count > 0; --count) {
     const std::string& key = readString();
@@ -69,32 +69,32 @@ void ValueReader::operator()(std::map<std::string, Vector<3, double>>* value) {
   }
 }
 
-void ValueReader::operator()(vtkSmartPointer<vtkDataArray>* /*value*/) {
+void FieldReader::operator()(vtkSmartPointer<vtkDataArray>* /*value*/) {
   readChunk();
 }
 
-void ValueReader::operator()(vtkSmartPointer<vtkCellArray>* /*value*/) {
+void FieldReader::operator()(vtkSmartPointer<vtkCellArray>* /*value*/) {
   readChunk();
   readChunk();
 }
 
-void ValueReader::operator()(ArrayTable* /*value*/) {
+void FieldReader::operator()(ArrayTable* /*value*/) {
   for (std::size_t count = _in.count("arrays", 1); count > 0; --count) {
     readChunk();
   }
 }
 
-void ValueReader::readChunk() {
+void FieldReader::readChunk() {
   _chunks.push_back(_in.index("array", _tables.getChunks().size()));
 }
 
-void ValueReader::skip(FieldKind kind) {
+void FieldReader::skip(FieldKind kind) {
   FieldKinds::visitType(kind, [this](auto type) { skip(type); });
 }
 
 /// How many there are is unknown: only an enumeration that this program does
 /// not have is skipped.
-void ValueReader::skip(std::type_identity<EnumerationField> /*type*/) {
+void FieldReader::skip(std::type_identity<EnumerationField> /*type*/) {
   readEnumerator(std::numeric_limits<std::int32_t>::max());
 }
 

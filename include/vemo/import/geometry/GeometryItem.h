@@ -1,10 +1,10 @@
 #pragma once
 
 #include <vemo/base/Vector.h>
-#include <vemo/import/Array_t.h>
-#include <vemo/import/Color.h>
-#include <vemo/import/GraphicsItem.h>
-#include <vemo/import/items/GeometrySettings.h>
+#include <vemo/import/archive/Array_t.h>
+#include <vemo/import/geometry/GeometrySettings.h>
+#include <vemo/import/items/GraphicsItem.h>
+#include <vemo/import/xml/Color.h>
 
 #include <vtkSmartPointer.h>
 
@@ -28,7 +28,7 @@ class ValueReader;
 /// A piece of geometry: points, cells, arrays over both, and drawing settings.
 class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
  public:
-  /// By the highest dimension of its cells.
+  /// Determined by the highest dimension of its cells.
   enum GeometryType { POINTS = 0, LINES = 1, SURFACE = 2, UNDETERMINED = 3 };
 
   static inline const std::string XML_ENTITY = "geometry";
@@ -54,7 +54,7 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
 
   /// The geometry, and the objects that draw it directly with VTK. The mapper may
   /// be null; without a property the item keeps its own. The cells of the
-  /// geometry decide about its type.
+  /// geometry determine its type.
   void setGeometry(vtkPolyData* polyData, vtkPolyDataMapper* mapper, vtkProperty* property);
   vtkPolyData* getGeometry() const;
 
@@ -97,7 +97,7 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
   Color getLineColor() const { return _settings.lineColor; }
   void setFaceColor(Color color) { _settings.faceColor = color; }
   Color getFaceColor() const { return _settings.faceColor; }
-  /// That of the property, if there is one.
+  /// The line width of the property, if there is one.
   void setLineWidth(float width);
   float getLineWidth() const;
   void showEdges(bool show) { _settings.showEdges = show; }

@@ -1,4 +1,4 @@
-#include "vemoview/window/ArrayText.h"
+#include "vemoview/window/ValueText.h"
 
 #include "vemoview/window/ItemText.h"
 #include <vemo/scenegraph/inspect/ArrayText.h>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <vemo/import/Color.h>
-#include <vemo/import/Readable.h>
+#include <vemo/import/reading/Readable.h>
+#include <vemo/import/xml/Color.h>
 
 #include <vtkSmartPointer.h>
 
@@ -21,7 +21,7 @@ class VEMO_IMPORT_EXPORT Font : public Readable {
   /// The faces, in the order of Face.
   static inline const std::string FACES[] = {"Arial", "Courier", "Times", ""};
   enum class Face { ARIAL, COURIER, TIMES };
-  /// What an element states.
+  /// The settings of an element.
   struct Style {
     Face face = Face::ARIAL;
     bool bold = false;

@@ -1,7 +1,7 @@
-#include "vemoview/window/Facts.h"
+#include "vemoview/window/ValueGroups.h"
 
-#include "vemoview/window/ArrayText.h"
 #include "vemoview/window/ItemText.h"
+#include "vemoview/window/ValueText.h"
 #include <vemo/resolve/Pick.h>
 #include <vemo/scenegraph/coloring/ScalarAttributes.h>
 #include <vemo/scenegraph/drawables/Drawable.h>
@@ -24,32 +24,32 @@ QString positionText(const Vector<3, double>& position) {
       fmt::format("({:.9g}, {:.9g}, {:.9g})", position[0], position[1], position[2]));
 }
 
-std::vector<Fact> describeArrays(const lum::ArrayTable& arrays,
-                                 const std::function<QString(vtkDataArray&)>& valueOf) {
-  std::vector<Fact> facts;
+std::vector<NamedValue> describeArrays(const lum::ArrayTable& arrays,
+                                       const std::function<QString(vtkDataArray&)>& valueOf) {
+  std::vector<NamedValue> values;
   for (const auto& array : arrays) {
     if (array != nullptr) {
-      facts.push_back({nameOf(*array), valueOf(*array)});
+      values.push_back({nameOf(*array), valueOf(*array)});
     }
   }
-  return facts;
+  return values;
 }
 
-FactGroup describePlace(const ItemTree& items, int item) {
+ValueGroup describeIdentity(const ItemTree& items, int item) {
   const lum::Drawable& content = *items[item].content;
-  FactGroup group{"Item", {{"Name", pathOf(items, item)}, {"Kind", kindOf(content)}}};
+  ValueGroup group{"Item", {{"Name", pathOf(items, item)}, {"Kind", kindOf(content)}}};
   if (items[item].childCount > 0) {
-    group.facts.push_back({"Items", countText(items[item].childCount)});
+    group.values.push_back({"Items", countText(items[item].childCount)});
   }
   return group;
 }
 
-FactGroup describeGeometry(const lum::Drawable& drawable) {
+ValueGroup describeGeometry(const lum::Drawable& drawable) {
   const auto counts = lum::GeometryCounts::ofDrawable(drawable);
-  FactGroup group{"Geometry", {}};
+  ValueGroup group{"Geometry", {}};
   const auto add = [&group](const char* name, std::int64_t count) {
     if (count > 0) {
-      group.facts.push_back({name, countText(count)});
+      group.values.push_back({name, countText(count)});
     }
   };
   add("Points", counts.getPoints());
@@ -60,7 +60,7 @@ FactGroup describeGeometry(const lum::Drawable& drawable) {
 }
 
 /// What the user knows of the array that colours a drawable.
-std::vector<Fact> describeColoring(const lum::Drawable& drawable) {
+std::vector<NamedValue> describeColoring(const lum::Drawable& drawable) {
   const auto* const scalars = drawable.findAttributes<lum::ScalarAttributes>();
   const auto* const array = scalars != nullptr ? scalars->hasDataArray() : nullptr;
   if (array == nullptr || array->getDataArrayName().empty()) {
@@ -71,7 +71,7 @@ std::vector<Fact> describeColoring(const lum::Drawable& drawable) {
   return {{"Coloured by", title.isEmpty() || title == name ? name : name + ": " + title}};
 }
 
-void describeMesh(const lum::PolyDataNode& mesh, std::vector<FactGroup>& groups) {
+void describeMesh(const lum::PolyDataNode& mesh, std::vector<ValueGroup>& groups) {
   const auto range = [](vtkDataArray& array) { return rangeText(array); };
   if (vtkDataArray* const points = mesh.getPoints()) {
     groups.push_back(
@@ -82,20 +82,20 @@ void describeMesh(const lum::PolyDataNode& mesh, std::vector<FactGroup>& groups)
   groups.push_back({"At cells", describeArrays(mesh.getCellDataArrays(), range)});
 }
 
-std::vector<FactGroup> withoutEmptyOnes(std::vector<FactGroup> groups) {
-  std::erase_if(groups, [](const FactGroup& group) { return group.facts.empty(); });
+std::vector<ValueGroup> withoutEmptyOnes(std::vector<ValueGroup> groups) {
+  std::erase_if(groups, [](const ValueGroup& group) { return group.values.empty(); });
   return groups;
 }
 
 }  // namespace
 
-std::vector<FactGroup> describeItem(const ItemTree& items, int item) {
+std::vector<ValueGroup> describeItem(const ItemTree& items, int item) {
   // An item mostly has one; of many the user cannot read all.
   constexpr int MAX_MESHES = 10;
   const lum::Drawable& content = *items[item].content;
-  std::vector<FactGroup> groups = {describePlace(items, item), describeGeometry(content)};
-  for (Fact& fact : describeColoring(content)) {
-    groups[0].facts.push_back(std::move(fact));
+  std::vector<ValueGroup> groups = {describeIdentity(items, item), describeGeometry(content)};
+  for (NamedValue& value : describeColoring(content)) {
+    groups[0].values.push_back(std::move(value));
   }
   int meshes = 0;
   for (const auto& node : content.getNodes()) {
@@ -107,19 +107,19 @@ std::vector<FactGroup> describeItem(const ItemTree& items, int item) {
   return withoutEmptyOnes(std::move(groups));
 }
 
-std::vector<FactGroup> describePick(const ItemTree& items, const Pick& pick) {
+std::vector<ValueGroup> describePick(const ItemTree& items, const Pick& pick) {
   const int item = items.find(pick.drawable);
-  std::vector<FactGroup> groups;
+  std::vector<ValueGroup> groups;
   if (item != ItemTree::NONE) {
-    groups.push_back(describePlace(items, item));
+    groups.push_back(describeIdentity(items, item));
   }
-  FactGroup place{"Picked", {{"Position", positionText(pick.position)}}};
+  ValueGroup picked{"Picked", {{"Position", positionText(pick.position)}}};
   if (pick.cell >= 0) {
-    place.facts.push_back({"Cell", QString::number(pick.cell)});
+    picked.values.push_back({"Cell", QString::number(pick.cell)});
   }
-  place.facts.push_back({"Nearest point", QString::number(pick.point)});
-  place.facts.push_back({"Its position", positionText(pick.pointPosition)});
-  groups.push_back(std::move(place));
+  picked.values.push_back({"Nearest point", QString::number(pick.point)});
+  picked.values.push_back({"Its position", positionText(pick.pointPosition)});
+  groups.push_back(std::move(picked));
   groups.push_back({"At the point", describeArrays(pick.node->getNodeDataArrays(), [&](vtkDataArray& array) {
                       return tupleText(array, pick.point);
                     })});

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <vemo/import/Array_t.h>
 #include <vemo/import/Camera.h>
-#include <vemo/import/Color.h>
-#include <vemo/import/items/AssemblyItem.h>
+#include <vemo/import/archive/Array_t.h>
+#include <vemo/import/scene/AssemblyItem.h>
+#include <vemo/import/xml/Color.h>
 
 #include <list>
 #include <memory>
@@ -88,7 +88,7 @@ class VEMO_IMPORT_EXPORT Scene : public AssemblyItem {
   void readImpl(const QxElement& element, SceneFileReader* reader);
 
  private:
-  /// What assemblies have, but the scene makes no use of.
+  /// Reports settings of assemblies that have no effect on a scene.
   void reportWithoutEffect(const QxElement& element, SceneFileReader& reader) const;
   void convertCamera(lum::SceneCanvas& canvas) const;
   void convertClipPlanes(lum::SceneCanvas& canvas) const;

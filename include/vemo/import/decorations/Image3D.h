@@ -1,6 +1,6 @@
 #pragma once
 
-#include <vemo/import/items/Image.h>
+#include <vemo/import/decorations/Image.h>
 
 #include <string>
 
@@ -10,21 +10,21 @@ namespace vemo {
 class VEMO_IMPORT_EXPORT Image3D : public Image {
  public:
   static inline const std::string XML_ENTITY = "image3d";
-  struct Place {
+  struct Quad {
     Vector<3, double> origin{0.0, 0.0, 0.0};
     Vector<3, double> xAxis{1.0, 0.0, 0.0};
     Vector<3, double> yAxis{0.0, 1.0, 0.0};
   };
-  static const KeyTable<Place> KEYS;
+  static const KeyTable<Quad> KEYS;
 
-  /// In the model, at its origin, one unit of x wide and one of y high.
+  /// At the origin of the model, one unit wide along x and one high along y.
   explicit Image3D(std::string name);
   ~Image3D() override;
 
-  using Image::setPlace;
+  using Image::setQuad;
 
  private:
-  void readPlace(const QxElement& element, SceneFileReader* reader) override;
+  void readQuad(const QxElement& element, SceneFileReader* reader) override;
 };
 
 }  // namespace vemo

@@ -13,7 +13,7 @@ class SceneFileReader;
 template <class Item>
 class KeyTable;
 
-/// Anything that an element of the scene description is read into.
+/// An object that is read from an element of the scene description.
 class VEMO_IMPORT_EXPORT Readable {
  public:
   /// The attribute under which an element states its format version.

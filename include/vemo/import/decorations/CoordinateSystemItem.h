@@ -1,6 +1,6 @@
 #pragma once
 
-#include <vemo/import/items/AxesItem.h>
+#include <vemo/import/decorations/AxesItem.h>
 
 namespace lum {
 class TriadDrawable;

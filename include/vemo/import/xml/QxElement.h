@@ -1,8 +1,8 @@
 #pragma once
 
 #include <vemo/base/Vector.h>
-#include <vemo/import/Color.h>
 #include <vemo/import/Export.h>
+#include <vemo/import/xml/Color.h>
 
 #include <map>
 #include <memory>

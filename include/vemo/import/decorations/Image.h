@@ -1,7 +1,7 @@
 #pragma once
 
 #include <vemo/base/Vector.h>
-#include <vemo/import/GraphicsItem.h>
+#include <vemo/import/items/GraphicsItem.h>
 #include <vemo/scenegraph/attributes/CoordinateSpace.h>
 
 #include <vtkSmartPointer.h>
@@ -20,7 +20,7 @@ class VEMO_IMPORT_EXPORT Image : public GraphicsItem {
   static inline const std::string COORDINATE_SYSTEMS[] = {"WINDOW", "MODEL", ""};
   static const KeyTable<Image> KEYS;
 
-  /// Where an element says its pixels are.
+  /// The keys for an element's pixels.
   struct PixelSource {
     static inline const std::string XML_ATTRIB_PIXELS = "pixels";
     static const KeyTable<PixelSource> KEYS;
@@ -57,14 +57,14 @@ class VEMO_IMPORT_EXPORT Image : public GraphicsItem {
 
   /// The lower left corner, and the vectors from there to the lower right and
   /// upper left corners.
-  void setPlace(const Vector<3, double>& corner, const Vector<3, double>& xAxis,
-                const Vector<3, double>& yAxis);
+  void setQuad(const Vector<3, double>& corner, const Vector<3, double>& xAxis,
+               const Vector<3, double>& yAxis);
 
   bool isVisibilityOpacity() const override { return true; }
 
  private:
   /// Reads the position of the picture.
-  virtual void readPlace(const QxElement& element, SceneFileReader* reader) = 0;
+  virtual void readQuad(const QxElement& element, SceneFileReader* reader) = 0;
   void readPixels(const PixelSource& source, SceneFileReader& reader);
 
   lum::CoordinateSpace _space;

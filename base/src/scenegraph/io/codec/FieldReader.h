@@ -13,9 +13,9 @@ namespace lum::io {
 /// Reads the values of fields: one call for each row of FieldKinds.
 /// `longStringBytes` counts what long strings were used: each may be used as
 /// often as it is in the file, once.
-class ValueReader {
+class FieldReader {
  public:
-  ValueReader(ByteReader& in, const TableReader& tables, std::size_t& longStringBytes,
+  FieldReader(ByteReader& in, const TableReader& tables, std::size_t& longStringBytes,
               std::vector<std::size_t>& chunks)
       : _in(in), _tables(tables), _longStringBytes(longStringBytes), _chunks(chunks) {}
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <vemo/import/SceneItem.h>
+#include <vemo/import/items/SceneItem.h>
 
 #include <string>
 
