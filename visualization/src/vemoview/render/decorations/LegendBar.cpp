@@ -3,8 +3,8 @@
 #include "vemoview/common/VtkForms.h"
 #include "vemoview/render/decorations/LegendTicks.h"
 #include "vemoview/render/decorations/TextLabel.h"
-#include "vemoview/render/draw/PropGroup.h"
-#include "vemoview/render/draw/Screen.h"
+#include "vemoview/render/vtk/PropGroup.h"
+#include "vemoview/render/vtk/Screen.h"
 #include <vemo/resolve/Decoration.h>
 
 #include <vtkActor2D.h>

@@ -2,8 +2,8 @@
 
 #include "vemoview/common/VtkForms.h"
 #include "vemoview/render/draw/BatchGroups.h"
-#include "vemoview/render/draw/Screen.h"
-#include "vemoview/render/draw/View.h"
+#include "vemoview/render/vtk/Screen.h"
+#include "vemoview/render/vtk/View.h"
 #include "vemoview/resolve/mesh/MeshBounds.h"
 #include <vemo/resolve/Picker.h>
 

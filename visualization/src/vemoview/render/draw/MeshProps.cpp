@@ -1,11 +1,11 @@
 #include "vemoview/render/draw/MeshProps.h"
 
 #include "geometry/DrawableCells.h"
-#include "vemoview/render/draw/ClippedInput.h"
-#include "vemoview/render/draw/Matrix.h"
-#include "vemoview/render/draw/MeshActor.h"
-#include "vemoview/render/draw/PropGroup.h"
-#include "vemoview/render/draw/Screen.h"
+#include "vemoview/render/vtk/ClippedInput.h"
+#include "vemoview/render/vtk/Matrix.h"
+#include "vemoview/render/vtk/MeshActor.h"
+#include "vemoview/render/vtk/PropGroup.h"
+#include "vemoview/render/vtk/Screen.h"
 #include "vemoview/resolve/mesh/MeshBounds.h"
 #include <vemo/base/Vector.h>
 #include <vemo/resolve/ClipPlane.h>
