@@ -1,6 +1,6 @@
-#include "vemoview/resolve/VisibleDrawables.h"
+#include "vemoview/resolve/CanvasResolver.h"
 #include "vemoview/resolve/canvas/BackgroundResolver.h"
-#include "vemoview/resolve/canvas/CanvasResolver.h"
+#include "vemoview/resolve/drawables/VisibleDrawables.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/resolve/SceneResolver.h>
 #include <vemo/scenegraph/SceneNode.h>

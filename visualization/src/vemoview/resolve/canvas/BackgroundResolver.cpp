@@ -1,6 +1,6 @@
 #include "vemoview/resolve/canvas/BackgroundResolver.h"
 
-#include "vemoview/resolve/UsableValues.h"
+#include "vemoview/resolve/values/UsableValues.h"
 #include <vemo/scenegraph/canvas/BackgroundAttributes.h>
 #include <vemo/scenegraph/canvas/SceneCanvas.h>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "vemoview/resolve/VisibleDrawables.h"
 #include "vemoview/resolve/decorations/TriadResolver.h"
-#include "vemoview/resolve/mesh/ColorTableResolver.h"
+#include "vemoview/resolve/drawables/VisibleDrawables.h"
+#include "vemoview/resolve/values/ColorTableResolver.h"
 #include <vemo/resolve/Decoration.h>
 
 #include <vector>

@@ -1,6 +1,6 @@
 #include "vemoview/resolve/decorations/FontResolver.h"
 
-#include "vemoview/resolve/decorations/ReadableText.h"
+#include "vemoview/resolve/values/ReadableText.h"
 #include <vemo/scenegraph/Findings.h>
 
 #include <fmt/format.h>

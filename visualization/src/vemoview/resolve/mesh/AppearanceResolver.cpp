@@ -1,6 +1,6 @@
 #include "vemoview/resolve/mesh/AppearanceResolver.h"
 
-#include "vemoview/resolve/UsableValues.h"
+#include "vemoview/resolve/values/UsableValues.h"
 #include <vemo/scenegraph/attributes/ContourAttributes.h>
 #include <vemo/scenegraph/attributes/LineAttributes.h>
 #include <vemo/scenegraph/attributes/MaterialAttributes.h>

@@ -1,7 +1,7 @@
 #include "vemoview/resolve/mesh/PointScaling.h"
 
-#include "vemoview/resolve/UsableValues.h"
 #include "vemoview/resolve/mesh/ArrayLookup.h"
+#include "vemoview/resolve/values/UsableValues.h"
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/attributes/PointScaleAttributes.h>
 

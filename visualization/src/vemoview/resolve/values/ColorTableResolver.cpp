@@ -1,4 +1,4 @@
-#include "vemoview/resolve/mesh/ColorTableResolver.h"
+#include "vemoview/resolve/values/ColorTableResolver.h"
 
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/coloring/ColorLookupTable.h>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "vemoview/resolve/VisibleDrawables.h"
 #include "vemoview/resolve/decorations/DecorationResolver.h"
+#include "vemoview/resolve/drawables/VisibleDrawables.h"
 #include "vemoview/resolve/mesh/MeshResolver.h"
 #include <vemo/resolve/SceneResolver.h>
 

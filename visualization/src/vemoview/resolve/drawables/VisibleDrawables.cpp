@@ -1,6 +1,6 @@
-#include "vemoview/resolve/VisibleDrawables.h"
+#include "vemoview/resolve/drawables/VisibleDrawables.h"
 
-#include "vemoview/resolve/TransformResolver.h"
+#include "vemoview/resolve/drawables/TransformResolver.h"
 #include <vemo/resolve/SceneTooLarge.h>
 #include <vemo/scenegraph/drawables/Drawable.h>
 

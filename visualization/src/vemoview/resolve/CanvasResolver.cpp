@@ -1,4 +1,4 @@
-#include "vemoview/resolve/canvas/CanvasResolver.h"
+#include "vemoview/resolve/CanvasResolver.h"
 
 #include "vemoview/resolve/canvas/CameraResolver.h"
 #include "vemoview/resolve/canvas/ClipPlanesResolver.h"
