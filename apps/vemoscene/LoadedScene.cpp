@@ -4,7 +4,7 @@
 #include "Messages.h"
 #include "SceneDatabase.h"
 #include <vemo/base/PrintableText.h>
-#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/canvas/SceneNode.h>
 
 #include <fmt/format.h>
 

@@ -9,7 +9,7 @@
 #include <vemo/import/QxElement.h>
 #include <vemo/import/items/GeometryItem.h>
 #include <vemo/import/items/Scene.h>
-#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/canvas/SceneNode.h>
 
 #include <functional>
 #include <gtest/gtest.h>

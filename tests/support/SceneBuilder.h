@@ -2,7 +2,7 @@
 
 #include "support/Meshes.h"
 #include "support/Nodes.h"
-#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/canvas/SceneNode.h>
 #include <vemo/scenegraph/coloring/ColorLookupTable.h>
 #include <vemo/scenegraph/coloring/DataLocationAttributes.h>
 #include <vemo/scenegraph/coloring/ScalarAttributes.h>

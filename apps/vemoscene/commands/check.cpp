@@ -9,7 +9,7 @@
 #include <vemo/import/SceneAudit.h>
 #include <vemo/resolve/SceneResolver.h>
 #include <vemo/scenegraph/Findings.h>
-#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/canvas/SceneNode.h>
 #include <vemo/scenegraph/inspect/JsonWriter.h>
 #include <vemo/scenegraph/inspect/NumberText.h>
 #include <vemo/scenegraph/io/FileError.h>

@@ -7,7 +7,7 @@
 #include <vemo/base/WidePath.h>
 #include <vemo/import/SceneConverter.h>
 #include <vemo/scenegraph/Ptr.h>
-#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/canvas/SceneNode.h>
 #include <vemo/scenegraph/io/CheckFormat.h>
 #include <vemo/scenegraph/io/SDBReader.h>
 #include <vemo/scenegraph/io/SDBWriter.h>

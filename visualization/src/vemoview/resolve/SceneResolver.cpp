@@ -3,7 +3,7 @@
 #include "vemoview/resolve/drawables/VisibleDrawables.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/resolve/SceneResolver.h>
-#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/canvas/SceneNode.h>
 
 namespace vemo {
 
