@@ -1,6 +1,6 @@
 #include "LedgerFile.h"
 
-#include "ExitCode.h"
+#include "output/ExitCode.h"
 #include "platform/AtomicFile.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/import/SceneAudit.h>

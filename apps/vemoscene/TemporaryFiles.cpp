@@ -1,6 +1,6 @@
 #include "TemporaryFiles.h"
 
-#include "ExitCode.h"
+#include "output/ExitCode.h"
 #include "platform/AtomicFile.h"
 
 #include <atomic>

@@ -1,9 +1,9 @@
 #include "Command.h"
-#include "ExitCode.h"
 #include "FileChecks.h"
-#include "FindingPrinter.h"
-#include "Messages.h"
-#include "ResultStream.h"
+#include "output/ExitCode.h"
+#include "output/FindingPrinter.h"
+#include "output/Messages.h"
+#include "output/ResultStream.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/base/WidePath.h>
 #include <vemo/import/SceneAudit.h>

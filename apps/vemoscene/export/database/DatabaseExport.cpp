@@ -1,9 +1,9 @@
 #include "export/database/DatabaseExport.h"
 
-#include "ExitCode.h"
 #include "FileChecks.h"
-#include "Messages.h"
 #include "export/database/Verification.h"
+#include "output/ExitCode.h"
+#include "output/Messages.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/import/SceneConverter.h>
 #include <vemo/scenegraph/Ptr.h>

@@ -1,9 +1,9 @@
 #include "export/database/Verification.h"
 
 #include "DatabaseComparison.h"
-#include "ExitCode.h"
-#include "Messages.h"
-#include "ResultStream.h"
+#include "output/ExitCode.h"
+#include "output/Messages.h"
+#include "output/ResultStream.h"
 #include "platform/AtomicFile.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/base/WidePath.h>

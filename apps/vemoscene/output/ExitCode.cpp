@@ -1,6 +1,6 @@
-#include "ExitCode.h"
+#include "output/ExitCode.h"
 
-#include "Messages.h"
+#include "output/Messages.h"
 #include "platform/AtomicFile.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/Exception.h>

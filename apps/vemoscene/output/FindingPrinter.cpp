@@ -1,4 +1,4 @@
-#include "FindingPrinter.h"
+#include "output/FindingPrinter.h"
 
 #include <vemo/scenegraph/inspect/JsonWriter.h>
 
