@@ -1,8 +1,8 @@
 #pragma once
 
 #include <vemo/resolve/Appearance.h>
-#include <vemo/resolve/ColorTable.h>
 #include <vemo/resolve/InstanceTransforms.h>
+#include <vemo/scenegraph/coloring/ColorTable.h>
 
 #include <vtkSmartPointer.h>
 

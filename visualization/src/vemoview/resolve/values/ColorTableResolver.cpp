@@ -3,132 +3,17 @@
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/coloring/ColorLookupTable.h>
 
-#include <vtkLookupTable.h>
-#include <vtkNew.h>
-#include <vtkUnsignedCharArray.h>
-
-#include <algorithm>
-#include <cmath>
-#include <cstddef>
-#include <cstdint>
 #include <fmt/format.h>
-#include <iterator>
 #include <utility>
-#include <vector>
 
 namespace vemo {
 
-namespace {
-
-using Range = Vector<2, double>;
-
-constexpr std::ptrdiff_t CHANNELS = 4;
-
-std::uint8_t toByte(double value) {
-  return std::isfinite(value) ? static_cast<std::uint8_t>(std::lround(std::clamp(value, 0.0, 1.0) * 255.0))
-                              : 0;
-}
-
-std::vector<std::uint8_t> colorsOf(const lum::ColorLookupTable& table) {
-  const std::vector<double>& values = table.getColorValues();
-  const auto declared = static_cast<std::size_t>(std::max(table.getNumColor(), 0));
-  const auto count = static_cast<std::ptrdiff_t>(std::min(declared, values.size() / CHANNELS));
-  std::vector<std::uint8_t> colors;
-  std::transform(values.begin(), values.begin() + count * CHANNELS, std::back_inserter(colors), toByte);
-  return colors;
-}
-
-/// The hues of a rainbow, the low end blue.
-std::vector<std::uint8_t> makeDefaultColors() {
-  vtkNew<vtkLookupTable> table;
-  table->SetNumberOfTableValues(256);
-  table->SetHueRange(2.0 / 3.0, 0.0);
-  table->SetRampToLinear();
-  table->ForceBuild();
-  const std::uint8_t* const first = table->GetPointer(0);
-  return {first, first + table->GetTable()->GetNumberOfValues()};
-}
-
-const std::vector<std::uint8_t>& defaultColors() {
-  static const std::vector<std::uint8_t> colors = makeDefaultColors();
-  return colors;
-}
-
-/// Makes a table usable, and collects what that takes.
-class TableAdjuster {
- public:
-  explicit TableAdjuster(ColorTable& table) : _table(table) {}
-
-  std::string run() {
-    adjustColors();
-    adjustEnds();
-    adjustScale();
-    if (low() == high()) {
-      note("has a range of one value: lower values have the first colour, higher ones the last");
-    }
-    return _changes;
-  }
-
- private:
-  double& low() { return _table.range[0]; }
-  double& high() { return _table.range[1]; }
-
-  void note(const std::string& change) { _changes.append(_changes.empty() ? "" : ", ").append(change); }
-
-  void adjustColors() {
-    if (_table.rgba.empty()) {
-      _table.rgba = defaultColors();
-      note("has no colours and gets a ramp from blue over green to red");
-    }
-  }
-
-  void adjustEnds() {
-    if (!std::isfinite(high() - low())) {
-      _table.range = {0.0, 1.0};
-      note("has no finite range and gets the range from 0 to 1");
-    } else if (low() > high()) {
-      std::swap(low(), high());
-      reverseColors();
-      note("starts at its greater value and is reversed with its colours");
-    }
-  }
-
-  void reverseColors() {
-    auto& rgba = _table.rgba;
-    std::ranges::reverse(rgba);
-    for (auto color = rgba.begin(); color != rgba.end(); color += CHANNELS) {
-      std::reverse(color, color + CHANNELS);
-    }
-  }
-
-  void adjustScale() {
-    constexpr double POWERS_OF_TEN = 1e-4;
-    if (!_table.isLog10 || low() > 0.0) {
-      return;
-    }
-    const double least = high() * POWERS_OF_TEN;
-    if (least > 0.0) {
-      low() = least;
-      note(fmt::format("is logarithmic and begins at {} instead, four powers of ten below its end", least));
-    } else {
-      _table.isLog10 = false;
-      note("is linear instead of logarithmic");
-    }
-  }
-
-  ColorTable& _table;
-  std::string _changes;
-};
-
-}  // namespace
-
 std::shared_ptr<const ColorTable> ColorTables::resolve(const lum::ColorLookupTable& table) {
-  ColorTable usable{colorsOf(table), table.getScalarRange(), table.getScaleMode() == lum::ScaleMode::LOG10};
-  const std::string changes = TableAdjuster(usable).run();
+  auto [usable, changes] = makeUsable(table);
   const auto [resolved, isNew] =
       _tables.insert({std::make_shared<const ColorTable>(std::move(usable)), changes});
   if (isNew && !changes.empty()) {
-    const Range& range = table.getScalarRange();
+    const auto& range = table.getScalarRange();
     reportFinding(FindingCode::COLORMAP_ADJUSTED,
                   fmt::format("The colormap from {} to {} {}", range[0], range[1], changes));
   }
