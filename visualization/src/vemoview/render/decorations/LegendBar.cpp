@@ -322,7 +322,7 @@ class Legend {
     const auto colors = static_cast<vtkIdType>(rgba.size() / RGBA_CHANNELS);
     const vtkIdType fields = std::clamp<vtkIdType>(colors, 1, MAX_FIELDS);
     vtkNew<vtkUnsignedCharArray> bytes;
-    bytes->SetNumberOfComponents(3);
+    bytes->SetNumberOfComponents(static_cast<int>(RGBA_CHANNELS));
     _bar.clear();
     for (vtkIdType field = 0; field < fields; ++field) {
       const double first = static_cast<double>(field) / static_cast<double>(fields);
@@ -331,7 +331,7 @@ class Legend {
       const Pair b = along(last, _isVertical);
       _bar.addBox(a, b);
       const auto color = RGBA_CHANNELS * static_cast<std::size_t>(field * colors / fields);
-      for (std::size_t channel = 0; channel < 3; ++channel) {
+      for (std::size_t channel = 0; channel < RGBA_CHANNELS; ++channel) {
         bytes->InsertNextValue(rgba[color + channel]);
       }
     }
