@@ -18,6 +18,7 @@ void printFindings(lum::JsonWriter& json, const std::vector<Finding>& findings) 
     print("text", finding.text);
     print("entry", finding.entry);
     print("itemPath", finding.itemPath);
+    print("nodePath", finding.nodePath);
     json.key("line");
     json.value(finding.line);
     json.endObject();

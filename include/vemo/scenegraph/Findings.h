@@ -18,14 +18,14 @@ class VEMO_SCENEGRAPH_EXPORT Findings {
   /// Lives until the process is gone, as the Logger does.
   static Findings& getSingleton();
 
-  /// Sets the sink and returns the former one. An exception that it throws ends
-  /// what was being done.
+  /// Sets the sink, or none, and returns the former one, which can be called in any
+  /// case. An exception that it throws ends what was being done.
   Sink setSink(Sink sink);
 
   void report(const Finding& finding) const;
 
  private:
-  Findings() = default;
+  Findings();
 
   Sink _sink;
 };

@@ -3,6 +3,7 @@
 #include "vemoview/resolve/canvas/CameraResolver.h"
 #include "vemoview/resolve/canvas/ClipPlanesResolver.h"
 #include "vemoview/resolve/canvas/LightsResolver.h"
+#include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/scenegraph/canvas/BaseCanvasAttributes.h>
 #include <vemo/scenegraph/canvas/CanvasPositionAttributes.h>
 #include <vemo/scenegraph/canvas/SceneCanvas.h>
@@ -54,6 +55,7 @@ CanvasResolver::CanvasResolver(const lum::SceneCanvas& canvas, ResolvedCanvas::R
       _decorations(cameras, tables) {}
 
 ResolvedCanvas CanvasResolver::resolve() {
+  const NodeScope scope(_canvas);
   const auto viewport = resolveViewport(_canvas).value();
   const auto* const base = _canvas.findAttributes<lum::BaseCanvasAttributes>();
   CanvasUpdate content = update();
@@ -69,6 +71,7 @@ ResolvedCanvas CanvasResolver::resolve() {
 }
 
 CanvasUpdate CanvasResolver::update() {
+  const NodeScope scope(_canvas);
   CanvasUpdate result;
   std::vector<VisibleDrawable> added;
   for (const VisibleDrawable& visible : collectVisible(*_canvas.hasDrawableCollection())) {

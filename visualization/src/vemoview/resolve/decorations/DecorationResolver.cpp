@@ -3,6 +3,7 @@
 #include "vemoview/resolve/decorations/ImageResolver.h"
 #include "vemoview/resolve/decorations/LegendResolver.h"
 #include "vemoview/resolve/decorations/TextResolver.h"
+#include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/drawables/ImageDrawable.h>
 #include <vemo/scenegraph/drawables/LegendDrawable.h>
@@ -70,6 +71,7 @@ void clip(Content& content, bool isClipped) {
 std::vector<Decoration> DecorationResolver::resolve(const std::vector<VisibleDrawable>& drawables) {
   std::vector<Decoration> result;
   for (const VisibleDrawable& visible : drawables) {
+    const NodeScope scope(*visible.drawable);
     auto content = resolveContent(*visible.drawable, _cameras, _tables);
     if (!content) {
       continue;

@@ -6,6 +6,7 @@
 #include "vemoview/resolve/mesh/AppearanceResolver.h"
 #include "vemoview/resolve/mesh/ArrayLookup.h"
 #include "vemoview/resolve/mesh/PointScaling.h"
+#include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/resolve/ClipPlane.h>
 #include <vemo/resolve/SceneTooLarge.h>
 #include <vemo/scenegraph/Findings.h>
@@ -219,6 +220,7 @@ std::vector<MeshInstance> MeshResolver::resolve(const std::vector<VisibleDrawabl
       if (polyData == nullptr) {
         continue;
       }
+      const NodeScope scope(*polyData);
       if (auto mesh = MeshBuilder(*geometry, *polyData, visible, _tables).build()) {
         countSize(*mesh, load);
         for (MeshInstance& part : splitBySize(std::move(*mesh), *geometry, *polyData)) {
