@@ -1,5 +1,6 @@
 #include "vemoview/resolve/CanvasResolver.h"
 
+#include "vemoview/resolve/canvas/BackgroundResolver.h"
 #include "vemoview/resolve/canvas/CameraResolver.h"
 #include "vemoview/resolve/canvas/ClipPlanesResolver.h"
 #include "vemoview/resolve/canvas/LightsResolver.h"
@@ -47,12 +48,13 @@ bool CanvasResolver::canShow(const lum::SceneCanvas& canvas) {
 }
 
 CanvasResolver::CanvasResolver(const lum::SceneCanvas& canvas, ResolvedCanvas::Role role,
-                               const CameraIndices& cameras, ColorTables& tables)
+                               const Background& background, const CameraIndices& cameras,
+                               ColorTables& tables)
     : _canvas(canvas),
       _role(role),
       _clipPlanes(resolveClipPlanes(canvas.findAttributes<lum::ClipPlanesAttributes>())),
       _meshes(_clipPlanes.size(), tables),
-      _decorations(cameras, tables) {}
+      _decorations(isDark(background), cameras, tables) {}
 
 ResolvedCanvas CanvasResolver::resolve() {
   const NodeScope scope(_canvas);

@@ -19,7 +19,7 @@ struct SceneResolver::State {
       cameras[canvas->hasCameraAttributes()] = canvases.size();
     }
     const NodeScope scope(*canvas);
-    canvases.emplace_back(*canvas, role, cameras, tables);
+    canvases.emplace_back(*canvas, role, background, cameras, tables);
   }
 
   NodeFindings findings;
