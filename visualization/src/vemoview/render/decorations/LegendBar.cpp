@@ -177,7 +177,8 @@ class Legend {
 
   /// Writes title and numbers, and returns the room that they need with a short bar.
   Pair write(const Pair& low, const Pair& size, const Pair& canvas, vtkRenderer& renderer) {
-    wrapTitle(canvas[0] - _line / 2.0 - (_isVertical ? low[0] : 0.0), renderer);
+    const double widest = canvas[0] - _line / 2.0;
+    wrapTitle(widest - (_isVertical ? low[0] : 0.0), widest, renderer);
     const Pair title = _title.getSize(renderer);
     _titleHeight = title[1] > 0.0 ? title[1] + _line / 3.0 : 0.0;
     setLabels(_isVertical ? size[1] - _titleHeight : size[0], renderer);
@@ -186,7 +187,7 @@ class Legend {
             ? Pair{(BREADTH + TICK + GAP_BESIDE + MARGIN) * _line + _labelExtent, 3.0 * _line}
             : Pair{2.0 * _labelExtent + _line, (MIN_BREADTH + TICK + GAP_BELOW + 1.0 + MARGIN) * _line};
     // A title need not fit beside the bar, but into the canvas.
-    const double overhang = title[0] + _line / 2.0 > canvas[0] ? title[0] + _line / 2.0 : 0.0;
+    const double overhang = title[0] > widest ? title[0] + _line / 2.0 : 0.0;
     return {std::max(bar[0], overhang), bar[1] + _titleHeight};
   }
 
@@ -196,8 +197,9 @@ class Legend {
     return _title.getSize(renderer)[0];
   }
 
-  /// Breaks a title that is wider than there is room, between words where it can.
-  void wrapTitle(double room, vtkRenderer& renderer) {
+  /// Breaks a title that is wider than there is room, between words; within a word
+  /// only where that is wider than a line can be.
+  void wrapTitle(double room, double widest, vtkRenderer& renderer) {
     if (titleWidth(_legend.title, renderer) <= room) {
       return;
     }
@@ -205,7 +207,7 @@ class Legend {
     std::string line;
     std::istringstream words(_legend.title);
     for (std::string word; words >> word;) {
-      word = brokenWord(word, room, renderer);
+      word = brokenWord(word, widest, renderer);
       std::string longer = line;
       longer.append(line.empty() ? 0 : 1, ' ').append(word);
       if (!line.empty() && titleWidth(longer, renderer) > room) {
