@@ -18,9 +18,11 @@ void printFindings(lum::JsonWriter& json, const std::vector<Finding>& findings) 
     print("text", finding.text);
     print("entry", finding.entry);
     print("itemPath", finding.itemPath);
-    print("nodePath", finding.nodePath);
     json.key("line");
     json.value(finding.line);
+    if (!finding.nodePath.empty()) {
+      print("nodePath", finding.nodePath);
+    }
     json.endObject();
   }
   json.endArray();
