@@ -126,7 +126,7 @@ Geometry makeStreamlines() {
 SceneWriter makeWing() {
   SceneWriter scene;
   scene.beginItem("scene", "Wing in a uniform stream", {{"background", "ffffffff"}});
-  scene.addView({-4.46, -4.87, 4.2}, {1.04, -0.77, -0.03}, {0.0, 0.0, 1.0}, true, 2.0);
+  scene.addView({-5.44, -5.85, 5.05}, {1.16, -0.93, -0.03}, {0.0, 0.0, 1.0}, true, 2.0);
   scene.addGradient("bccbddff", "f7f9fbff", "TOP_BOTTOM");
   scene.addLight(0.95, -20.0, 40.0, "ffffffff");
   scene.addLight(0.35, 60.0, 15.0, "fff0dcff");

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ExitCode.h"
+#include "output/ExitCode.h"
 #include <vemo/scenegraph/Finding.h>
 
 #include <functional>

@@ -2,9 +2,9 @@
 
 #include "Command.h"
 #include "FileChecks.h"
-#include "Messages.h"
-#include "ResultStream.h"
 #include "TemporaryFiles.h"
+#include "output/Messages.h"
+#include "output/ResultStream.h"
 
 #include <CLI/CLI.hpp>
 #include <csignal>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ExitCode.h"
+#include "output/ExitCode.h"
 
 namespace vemo {
 

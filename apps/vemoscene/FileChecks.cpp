@@ -1,6 +1,6 @@
 #include "FileChecks.h"
 
-#include "ExitCode.h"
+#include "output/ExitCode.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/import/SceneFormatHandler.h>
 

@@ -1,7 +1,7 @@
 #include "LedgerFile.h"
 
-#include "ExitCode.h"
 #include "base/AtomicFile.h"
+#include "output/ExitCode.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/import/SceneAudit.h>
 #include <vemo/scenegraph/inspect/JsonWriter.h>

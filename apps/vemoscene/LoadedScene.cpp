@@ -1,10 +1,10 @@
 #include "LoadedScene.h"
 
-#include "ExitCode.h"
-#include "Messages.h"
 #include "SceneDatabase.h"
+#include "output/ExitCode.h"
+#include "output/Messages.h"
 #include <vemo/base/PrintableText.h>
-#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/canvas/SceneNode.h>
 
 #include <fmt/format.h>
 

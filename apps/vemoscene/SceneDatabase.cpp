@@ -1,8 +1,8 @@
 #include "SceneDatabase.h"
 
-#include "ExitCode.h"
-#include "Messages.h"
 #include "TemporaryFiles.h"
+#include "output/ExitCode.h"
+#include "output/Messages.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/base/WidePath.h>
 #include <vemo/import/SceneFormatHandler.h>

@@ -1,7 +1,7 @@
 #include "TemporaryFiles.h"
 
-#include "ExitCode.h"
 #include "base/AtomicFile.h"
+#include "output/ExitCode.h"
 
 #include <atomic>
 #include <cerrno>

@@ -4,8 +4,8 @@
 #include <vemo/base/WidePath.h>
 #include <vemo/import/Exception.h>
 #include <vemo/import/SceneFormatHandler.h>
-#include <vemo/scenegraph/SceneNode.h>
 #include <vemo/scenegraph/Traversal.h>
+#include <vemo/scenegraph/canvas/SceneNode.h>
 #include <vemo/scenegraph/drawables/PolyDataNode.h>
 #include <vemo/scenegraph/io/FileError.h>
 #include <vemo/scenegraph/io/SDBReader.h>

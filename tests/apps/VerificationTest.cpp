@@ -1,5 +1,5 @@
-#include "ExitCode.h"
 #include "export/database/Verification.h"
+#include "output/ExitCode.h"
 #include "support/Databases.h"
 #include "support/Files.h"
 #include "support/SampleGraphs.h"

@@ -119,11 +119,10 @@ FeatureScene::FeatureScene(const std::string& children, const std::string& backg
   SceneFileReader reader{ZipFileReader(wide(path))};
   reader.read(_items);
   for (const Finding& finding : reader.getFindings()) {
-    // The scene's own view after this one, which may have no scale; triples, whose
-    // lengths are shown; entries that only other scenes use.
+    // The scene's own view after this one; triples, whose lengths are shown; entries
+    // that only other scenes use.
     static const std::set<FindingCode> EXPECTED = {FindingCode::ELEMENT_REPLACED,
-                                                   FindingCode::ARRAY_MAGNITUDE, FindingCode::ENTRY_UNUSED,
-                                                   FindingCode::VIEW_ADJUSTED};
+                                                   FindingCode::ARRAY_MAGNITUDE, FindingCode::ENTRY_UNUSED};
     EXPECT_TRUE(EXPECTED.contains(finding.code) || finding.getSeverity() == Severity::NOTE)
         << describe(finding);
   }

@@ -4,7 +4,7 @@
 #include "support/TemporaryFolder.h"
 #include <vemo/import/scene/Scene.h>
 #include <vemo/render/Picture.h>
-#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/canvas/SceneNode.h>
 
 #include <memory>
 #include <string>

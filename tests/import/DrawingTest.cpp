@@ -1,6 +1,7 @@
 // What items give a host that draws them with VTK's actors.
 
 #include "SceneFixture.h"
+#include "support/FoundFindings.h"
 #include <vemo/import/decorations/CoordinateSystemItem.h>
 #include <vemo/import/items/ClippingPlane.h>
 #include <vemo/import/items/Colormap.h>
@@ -126,6 +127,28 @@ TEST_F(Drawing, ColormapsBecomeTables) {
   EXPECT_EQ(colormap.makeLookupTable()->MapValue(10)[3], 128);
   colormap.read(*elementOf("<colormap max='100'/>"), nullptr);
   EXPECT_EQ(colormap.makeLookupTable()->GetNumberOfTableValues(), 0);
+}
+
+TEST_F(Drawing, ColormapsThatVtkCannotUseAreAdjusted) {
+  const std::string colors = "><c>ff0000ff</c><c>00ff00ff</c><c>0000ffff</c></colormap>";
+  struct {
+    std::string keys;
+    /// The values that are red, green and blue.
+    double red, green, blue;
+  } const cases[] = {{"min='0' max='100' log10='true'", 0.02, 1, 99},
+                     {"min='9' max='0'", 8, 4.5, 1},
+                     {"min='2' max='2'", 1, 2, 3}};
+  for (const auto& one : cases) {
+    SCOPED_TRACE(one.keys);
+    Colormap colormap;
+    colormap.read(*elementOf("<colormap name='c' " + one.keys + colors), nullptr);
+    const FoundFindings found;
+    const auto table = colormap.makeUsableLookupTable();
+    EXPECT_EQ(found.codes(), std::vector<std::string>{"colormap-adjusted"});
+    EXPECT_EQ(table->MapValue(one.red)[0], 255);
+    EXPECT_EQ(table->MapValue(one.green)[1], 255);
+    EXPECT_EQ(table->MapValue(one.blue)[2], 255);
+  }
 }
 
 TEST_F(Drawing, AxesHaveLabels) {

@@ -9,7 +9,7 @@
 #include <vemo/import/geometry/GeometryItem.h>
 #include <vemo/import/scene/Scene.h>
 #include <vemo/import/xml/QxElement.h>
-#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/canvas/SceneNode.h>
 
 #include <functional>
 #include <gtest/gtest.h>

@@ -1,6 +1,7 @@
 #include "render/RenderScene.h"
 #include <vemo/scenegraph/drawables/ImageDrawable.h>
 
+#include <vtkCellData.h>
 #include <vtkUnsignedCharArray.h>
 
 #include <cmath>
@@ -135,6 +136,31 @@ TEST(Legend, ShowsAsManyNumbersAsFitAndDrawsUnusableTexts) {
   table.setScalarRange({5, 5});
   legend.getTextAttributes().setFontSize(NAN);
   EXPECT_GT(countPixels(scene.render(), {255, 0, 0}), 100);
+}
+
+TEST(Legend, ShowsTranslucentColoursAsSurfacesDo) {
+  RenderScene scene;
+  scene.node().getBackgroundCanvas().getBackgroundAttributes().setSolidColor({0, 0, 1});
+  const std::vector<double> halfRed = {1, 0, 0, 0.5};
+  const auto square = makeRectangle(-0.8F, -0.2F, -0.8F, 0.8F);
+  square->GetCellData()->AddArray(makeArray("s", {0}));
+  auto& surface = scene.addSurface(square, {1, 1, 1});
+  auto& legend =
+      scene.node().getForegroundCanvas().getDrawableCollection().findOrCreate<lum::LegendDrawable>("legend");
+  legend.getPositionAttributes().setPosition({0.6, 0.1, 0}, false);
+  legend.getLegendAttributes().setSize({0.2, 0.8});
+  legend.getColorLookupTable().setColorValues(halfRed);
+  legend.getColorLookupTable().setNumColor(1);
+  colorByArray(surface, "s", lum::DataLocation::CELLS, halfRed);
+  const Picture picture = scene.render();
+  EXPECT_TRUE(isNear(at(picture, -0.5, 0), {128, 0, 127}, 2));
+  EXPECT_GT(boxWhere(picture,
+                     [](const Picture::Pixel& pixel) {
+                       return isNear(pixel, {128, 0, 127}, 2);
+                     })
+                .right,
+            0.6 * SIZE)
+      << "the bar has this colour, too";
 }
 
 }  // namespace

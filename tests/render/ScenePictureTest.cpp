@@ -76,6 +76,15 @@ TEST(ScenePicture, ShadesByPointNormalsCellNormalsOrFacets) {
   EXPECT_NEAR(at(picture, 0.5, 0)[0], 255, 2);
 }
 
+TEST(ScenePicture, LightsBelowZeroTakeLightAway) {
+  RenderScene scene;
+  scene.addSurface(makeRectangle(-0.5F, 0.5F, -0.5F, 0.5F), {1, 1, 1});
+  auto& lights = scene.canvas().getLightingAttributes().getLights();
+  lights.findOrCreate<lum::Light>("bright");
+  lights.findOrCreate<lum::Light>("dark").setIntensity(-0.5);
+  EXPECT_EQ(countPixels(scene.render(), {128, 128, 128}), MIDDLE * MIDDLE);
+}
+
 TEST(ScenePicture, MixesTranslucentSurfacesByDepthWhateverTheirOrder) {
   for (const float first : {0.5F, -0.5F}) {
     RenderScene scene;

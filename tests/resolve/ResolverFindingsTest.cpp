@@ -3,6 +3,7 @@
 
 #include "support/FoundFindings.h"
 #include "support/SceneBuilder.h"
+#include "support/TemporaryFolder.h"
 #include <vemo/resolve/SceneResolver.h>
 #include <vemo/scenegraph/attributes/PointScaleAttributes.h>
 #include <vemo/scenegraph/drawables/ImageDrawable.h>
@@ -11,9 +12,12 @@
 #include <vtkPointData.h>
 #include <vtkUnsignedCharArray.h>
 
+#include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <filesystem>
 #include <gmock/gmock.h>
+#include <iterator>
 #include <limits>
 
 namespace vemo {
@@ -23,6 +27,11 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 using Range = Vector<2, double>;
+
+/// Where black text stays black.
+void makeGroundWhite(SceneBuilder& scene) {
+  scene.node().getBackgroundCanvas().getBackgroundAttributes().setSolidColor({1, 1, 1});
+}
 
 // ---- Colormaps ----
 
@@ -63,6 +72,7 @@ TEST(ColormapFindings, SayWhatSurfacesAndLegendsAlikeAreShownWith) {
       geometry->GetPointData()->AddArray(makeArray("t", {value, 2 * value, 3 * value, 4 * value}));
       set(colorByArray(scene.addSurface(geometry, {1, 1, 1}), "t", lum::DataLocation::POINTS));
     }
+    makeGroundWhite(scene);
     auto& foreground = scene.node().getForegroundCanvas().getDrawableCollection();
     set(foreground.findOrCreate<lum::LegendDrawable>("legend").getColorLookupTable());
 
@@ -159,6 +169,30 @@ TEST(PointScaleFindings, SayWhatALogarithmIsMadeOf) {
   }
 }
 
+TEST(PointScaleFindings, SayWhichSizesCannotBeDrawn) {
+  struct {
+    Range sizes;
+    bool isInPixels;
+    std::size_t findings;
+  } const cases[] = {
+      {{1, 4096}, true, 0}, {{-2, 5000}, true, 2}, {{0, NAN}, false, 2}, {{1, 5000}, false, 0}};
+  for (const auto& one : cases) {
+    SceneBuilder scene;
+    const auto geometry = makePolyData(flat({0, 0, 1, 0}), {});
+    geometry->GetPointData()->AddArray(makeArray("size", {1, 2}));
+    auto& points = scene.add<lum::PointSphereDrawable>(geometry);
+    auto& scale = points.getAttributes<lum::PointScaleAttributes>();
+    scale.setScaleMode(lum::PointScaleMode::LINEAR);
+    scale.setScalarName("size");
+    scale.setScalarRange({1, 2});
+    scale.setMapToRange(one.sizes);
+    scale.setPixelSize(one.isInPixels);
+    const FoundFindings found;
+    resolveScene(scene.node());
+    EXPECT_EQ(found.codes(), std::vector<std::string>(one.findings, "point-scale-adjusted")) << one.sizes[0];
+  }
+}
+
 // ---- Limits, and what has no place ----
 
 template <class Drawable>
@@ -184,6 +218,7 @@ void expectFindings(const char* name, std::size_t decorations, const std::vector
   SCOPED_TRACE(name);
   SceneBuilder scene;
   scene.drawables();
+  makeGroundWhite(scene);
   build(scene);
   const FoundFindings found;
   EXPECT_EQ(resolveScene(scene.node()).canvases.at(0).decorations.size(), decorations);
@@ -236,7 +271,88 @@ TEST(ResolverFindings, SayWhatIsNotDrawnAsTheSceneSays) {
                  [](auto& scene) { repeat(addText(scene, "a \xEE\x84\xA3"), 3); });
 }
 
+TEST(ResolverFindings, NameTheirNodeAndComeOnce) {
+  SceneBuilder scene;
+  makeGroundWhite(scene);
+  auto& assembly = scene.drawables().findOrCreate<lum::DrawableCollection>("wing/left");
+  setTransform<lum::SimpleTransform>(assembly).setTranslation({1e60, 0, 0});
+  for (int i = 0; i < 2; ++i) {
+    const auto text = make<lum::TextDrawable>();
+    text->setName("label");
+    text->getAnnotationAttributes().setText("\xF6");
+    scene.drawables().addNode(*text);
+  }
+  for (int i = 0; i < 17; ++i) {
+    scene.canvas().getLightingAttributes().getLights().findOrCreate<lum::Light>(std::to_string(i));
+  }
+  std::vector<Finding> found;
+  const FindingCapture capture(found);
+  SceneResolver resolver(scene.node());
+  static_cast<void>(resolver.resolve());
+  static_cast<void>(resolver.update(0));
+  std::vector<std::string> places;
+  std::ranges::transform(found, std::back_inserter(places), [](const Finding& finding) {
+    return finding.getKind().name + " " + finding.nodePath;
+  });
+  EXPECT_THAT(places,
+              testing::UnorderedElementsAre(
+                  "transform-unusable ModelCanvas/DrawableCollection/wing~1left",
+                  "text-changed ModelCanvas/DrawableCollection/label",
+                  "text-changed ModelCanvas/DrawableCollection/label~#2",
+                  "lights-limited ModelCanvas/AttributesCollection/LightingAttributes/LightCollection/16"));
+}
+
+// ---- Text ----
+
+TEST(BlackText, IsWhiteOnADarkGround) {
+  struct {
+    lum::BackgroundColorModes mode;
+    Vector<3, double> first, second;
+    bool isWhite;
+  } const cases[] = {{lum::BackgroundColorModes::SOLID, {0, 0, 0.5}, {}, true},
+                     {lum::BackgroundColorModes::SOLID, {0.5, 0.5, 0.5}, {}, false},
+                     {lum::BackgroundColorModes::TOP_BOTTOM, {0.4, 0.4, 0.4}, {0, 0, 0}, true},
+                     {lum::BackgroundColorModes::RADIAL, {1, 1, 1}, {0, 0, 0}, false}};
+  for (const auto& one : cases) {
+    SceneBuilder scene;
+    auto& background = scene.node().getBackgroundCanvas().getBackgroundAttributes();
+    background.setColorMode(one.mode);
+    background.setSolidColor(one.first);
+    background.setColor1(one.first);
+    background.setColor2(one.second);
+    addText(scene, "t");
+    const auto colorOf = [&scene] {
+      const auto resolved = resolveScene(scene.node());
+      return std::get<TextDecoration>(resolved.canvases.at(0).decorations.at(0).content).style.rgba;
+    };
+    const FoundFindings found;
+    EXPECT_EQ(colorOf(),
+              (std::array<std::uint8_t, 4>(one.isWhite ? std::array<std::uint8_t, 4>{255, 255, 255, 255}
+                                                       : std::array<std::uint8_t, 4>{0, 0, 0, 255})));
+    EXPECT_EQ(found.codes(), std::vector<std::string>(one.isWhite ? 1 : 0, "text-recolored"));
+    addText(scene, "t").getTextAttributes().setForegroundColor(0x200000FF);
+    EXPECT_EQ(colorOf()[0], 0x20) << "a colour that was chosen";
+  }
+}
+
 // ---- Fonts ----
+
+TEST(Fonts, AreFoundInFoldersThatTheEnvironmentLists) {
+  if (!std::filesystem::exists("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf")) {
+    GTEST_SKIP() << "the package fonts-dejavu-core is not installed";
+  }
+  const TemporaryFolder folder;
+  std::filesystem::create_directories(folder / "own/sub");
+  std::filesystem::copy("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf", folder / "own/sub/Other.ttf");
+  std::filesystem::copy("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf", folder / "own/DejaVuSans.ttf");
+  ::setenv("VEMO_FONT_PATH", ("/absent:" + (folder / "own").string()).c_str(), 1);
+  SceneBuilder scene;
+  addText(scene, "\u03C3");
+  const ResolvedScene resolved = resolveScene(scene.node());
+  ::unsetenv("VEMO_FONT_PATH");
+  EXPECT_EQ(std::get<TextDecoration>(resolved.canvases.at(0).decorations.at(0).content).style.fontFile,
+            (folder / "own/DejaVuSans.ttf").string());
+}
 
 TEST(Fonts, AreFoundForWhatTheBuiltInOnesLack) {
   if (!std::filesystem::exists("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf")) {
@@ -245,6 +361,7 @@ TEST(Fonts, AreFoundForWhatTheBuiltInOnesLack) {
   for (const char* const family : {"Arial", "Courier", "Times"}) {
     for (const std::uint32_t style : {0U, std::uint32_t{lum::TextAttributes::BOLD}}) {
       SceneBuilder scene;
+      makeGroundWhite(scene);
       auto& text = addText(scene, "\u03C3 \u03A9 \u221E \u2264 \u20AC \u0394 \u00B0 \u00B2");
       text.getTextAttributes().setFontFamilyName(family);
       text.getTextAttributes().setFontStyle(style);

@@ -2,6 +2,7 @@
 #include <vemo/resolve/SceneResolver.h>
 #include <vemo/scenegraph/canvas/CanvasPositionAttributes.h>
 
+#include <vtkCellData.h>
 #include <vtkPointData.h>
 
 #include <cmath>
@@ -67,6 +68,42 @@ TEST(SceneResolver, ListsMeshesWithTheirAppearanceAndInstances) {
   EXPECT_EQ(meshes[1].appearance.pointSize, 7);
   EXPECT_EQ(meshes[1].geometry->GetNumberOfVerts(), 4);
   EXPECT_EQ(meshes[1].transforms, nullptr);
+}
+
+TEST(SceneResolver, DrawsLinesAndVerticesOfASurfaceAsSuch) {
+  SceneBuilder scene;
+  const auto mixed = makePolyData(flat({0, 0, 1, 0, 1, 1}),
+                                  {.verts = {{0}}, .lines = {{0, 1}, {1, 2}}, .polys = {{0, 1, 2}}});
+  mixed->GetCellData()->AddArray(makeArray("s", {1, 2, 3, 4}));
+  mixed->GetPointData()->AddArray(makeArray("Normals", {0, 0, 1, 0, 0, 1, 0, 0, 1}, 3));
+  auto& surface = scene.addSurface(mixed, {1, 0, 0});
+  surface.getColorAttributes()->setOpacity(0.5, false);
+  const auto parts = [&scene] { return resolveScene(scene.node()).canvases.at(0).meshes; };
+  EXPECT_EQ(parts().at(1).color, (Point{1, 0, 0})) << "without edges: the surface's";
+
+  auto& edges = surface.getAttributes<lum::MeshAttributes>();
+  edges.setMeshColor({0, 0, 1});
+  edges.setMeshOpacity(0.25);
+  colorByArray(surface, "s", lum::DataLocation::CELLS);
+  surface.getColorAttributes()->setColorMode(lum::ColorMode::PLAIN);
+  const auto meshes = parts();
+  ASSERT_EQ(meshes.size(), 3U);
+  EXPECT_EQ(meshes[0].geometry->GetNumberOfCells(), 1);
+  EXPECT_NE(meshes[0].geometry->GetPointData()->GetNormals(), nullptr);
+  EXPECT_EQ(meshes[1].appearance.kind, Appearance::Kind::LINES);
+  EXPECT_EQ(meshes[1].geometry->GetNumberOfCells(), 2);
+  EXPECT_EQ(meshes[1].geometry->GetPointData()->GetNormals(), nullptr);
+  EXPECT_EQ(meshes[1].color, (Point{0, 0, 1}));
+  EXPECT_EQ(meshes[1].appearance.opacity, 0.25);
+  EXPECT_EQ(meshes[2].appearance.kind, Appearance::Kind::POINTS);
+  EXPECT_EQ(meshes[2].appearance.opacity, 1.0);
+  EXPECT_NE(meshes[2].color, meshes[0].color);
+
+  surface.getColorAttributes()->setColorMode(lum::ColorMode::DATA);
+  EXPECT_EQ(parts().at(1).geometry->GetCellData()->GetArray("s")->GetComponent(1, 0), 3);
+  surface.getColorAttributes()->setOpacity(0, false);
+  edges.setMeshOpacity(0);
+  EXPECT_EQ(parts().size(), 1U) << "the vertex";
 }
 
 TEST(SceneResolver, TakesTheColorOfTheModeOrTheOther) {

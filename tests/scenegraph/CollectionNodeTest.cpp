@@ -1,7 +1,7 @@
 #include "support/Nodes.h"
 #include <vemo/scenegraph/CollectionNode.h>
 #include <vemo/scenegraph/NodeFactory.h>
-#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/canvas/SceneNode.h>
 #include <vemo/scenegraph/coloring/DataLocationAttributes.h>
 #include <vemo/scenegraph/coloring/ScalarAttributes.h>
 #include <vemo/scenegraph/drawables/PolyLineDrawable.h>

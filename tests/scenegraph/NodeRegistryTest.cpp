@@ -1,6 +1,6 @@
 #include <vemo/scenegraph/NodeFactory.h>
 #include <vemo/scenegraph/NodeRegistry.h>
-#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/canvas/SceneNode.h>
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/canvas/SceneNode.h>
 #include <vemo/scenegraph/drawables/SurfaceDrawable.h>
 #include <vemo/scenegraph/drawables/TriadDrawable.h>
 

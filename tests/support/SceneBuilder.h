@@ -2,13 +2,13 @@
 
 #include "support/Meshes.h"
 #include "support/Nodes.h"
-#include <vemo/scenegraph/SceneNode.h>
 #include <vemo/scenegraph/attributes/ContourAttributes.h>
 #include <vemo/scenegraph/attributes/LineAttributes.h>
 #include <vemo/scenegraph/attributes/MaterialAttributes.h>
 #include <vemo/scenegraph/attributes/MeshAttributes.h>
 #include <vemo/scenegraph/attributes/PointSizeAttributes.h>
 #include <vemo/scenegraph/attributes/SurfaceAttributes.h>
+#include <vemo/scenegraph/canvas/SceneNode.h>
 #include <vemo/scenegraph/coloring/ColorLookupTable.h>
 #include <vemo/scenegraph/coloring/DataLocationAttributes.h>
 #include <vemo/scenegraph/coloring/ScalarAttributes.h>

@@ -1,10 +1,10 @@
 #include "Command.h"
 #include "FileChecks.h"
 #include "LedgerFile.h"
-#include "Messages.h"
-#include "ResultStream.h"
 #include "TemporaryFiles.h"
 #include "export/ExportFormat.h"
+#include "output/Messages.h"
+#include "output/ResultStream.h"
 #include <vemo/base/PrintableText.h>
 
 #include <CLI/CLI.hpp>

@@ -1,9 +1,9 @@
 #include "Command.h"
 #include "DatabaseComparison.h"
 #include "FileChecks.h"
-#include "Messages.h"
-#include "ResultStream.h"
 #include "SceneDatabase.h"
+#include "output/Messages.h"
+#include "output/ResultStream.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/scenegraph/inspect/JsonWriter.h>
 #include <vemo/scenegraph/inspect/NumberText.h>

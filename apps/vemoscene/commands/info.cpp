@@ -1,9 +1,9 @@
 #include "Command.h"
-#include "FindingPrinter.h"
 #include "LoadedScene.h"
-#include "Messages.h"
-#include "ResultStream.h"
-#include "TreePrinter.h"
+#include "output/FindingPrinter.h"
+#include "output/Messages.h"
+#include "output/ResultStream.h"
+#include "output/TreePrinter.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/base/WidePath.h>
 #include <vemo/import/archive/ZipFileReader.h>

@@ -1,8 +1,8 @@
 #include "Command.h"
-#include "ExitCode.h"
 #include "FileChecks.h"
 #include "LoadedScene.h"
-#include "Messages.h"
+#include "output/ExitCode.h"
+#include "output/Messages.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/render/ScenePicture.h>
 

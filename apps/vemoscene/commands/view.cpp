@@ -1,6 +1,6 @@
 #include "Command.h"
-#include "ExitCode.h"
 #include "LoadedScene.h"
+#include "output/ExitCode.h"
 #include <vemo/render/ScenePicture.h>
 #include <vemo/window/ShowSceneWindow.h>
 

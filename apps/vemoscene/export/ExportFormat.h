@@ -1,16 +1,10 @@
 #pragma once
 
+#include "ExportRequest.h"
+
 #include <string>
 
 namespace vemo {
-
-struct ExportRequest {
-  /// The scene file to read.
-  std::string file;
-  std::string output;
-  /// Whether to read the output back and compare it with what was to be written.
-  bool verify = false;
-};
 
 /// A kind of file that scenes of either generation can be written as. A new one
 /// is a folder beside this file and a row in ExportFormat.cpp.

@@ -46,7 +46,8 @@ const FindingKind& Finding::getKind() const {
   return findingKinds()[static_cast<std::size_t>(code)];
 }
 
-std::string describePlace(const std::string& itemPath, int line, const std::string& entry) {
+std::string describePlace(const std::string& itemPath, int line, const std::string& entry,
+                          const std::string& nodePath) {
   std::string place;
   const auto add = [&place](const std::string& part) { place += (place.empty() ? "" : ", ") + part; };
   if (!itemPath.empty()) {
@@ -58,12 +59,15 @@ std::string describePlace(const std::string& itemPath, int line, const std::stri
   if (!entry.empty()) {
     add("entry '" + entry + "'");
   }
+  if (!nodePath.empty()) {
+    add("node " + nodePath);
+  }
   return place;
 }
 
 std::string describe(const Finding& finding) {
   const FindingKind& kind = finding.getKind();
-  const std::string place = describePlace(finding.itemPath, finding.line, finding.entry);
+  const std::string place = describePlace(finding.itemPath, finding.line, finding.entry, finding.nodePath);
   return fmt::format("{}: {} ({}{}{})", severityName(kind.severity), finding.text, kind.name,
                      place.empty() ? "" : "; ", place);
 }

@@ -5,23 +5,31 @@
 
 namespace vemo {
 
+namespace {
+
+void log(const Finding& finding) {
+  if (finding.getSeverity() == Severity::NOTE) {
+    VEMO_LOG_INFO(describe(finding));
+  } else {
+    VEMO_LOG_WARNING(describe(finding));
+  }
+}
+
+}  // namespace
+
+Findings::Findings() : _sink(log) {}
+
 Findings& Findings::getSingleton() {
   static auto& singleton = *new Findings;
   return singleton;
 }
 
 Findings::Sink Findings::setSink(Sink sink) {
-  return std::exchange(_sink, std::move(sink));
+  return std::exchange(_sink, sink ? std::move(sink) : Sink(log));
 }
 
 void Findings::report(const Finding& finding) const {
-  if (_sink) {
-    _sink(finding);
-  } else if (finding.getSeverity() == Severity::NOTE) {
-    VEMO_LOG_INFO(describe(finding));
-  } else {
-    VEMO_LOG_WARNING(describe(finding));
-  }
+  _sink(finding);
 }
 
 FindingCapture::FindingCapture(std::vector<Finding>& list)

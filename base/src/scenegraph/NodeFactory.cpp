@@ -1,8 +1,8 @@
 #include <vemo/scenegraph/NodeFactory.h>
-#include <vemo/scenegraph/SceneNode.h>
 #include <vemo/scenegraph/attributes/AnnotationAttributes.h>
 #include <vemo/scenegraph/attributes/AttributesCollection.h>
 #include <vemo/scenegraph/attributes/BaseAttributes.h>
+#include <vemo/scenegraph/attributes/CameraAttributes.h>
 #include <vemo/scenegraph/attributes/ContourAttributes.h>
 #include <vemo/scenegraph/attributes/ImageAttributes.h>
 #include <vemo/scenegraph/attributes/LegendAttributes.h>
@@ -19,7 +19,6 @@
 #include <vemo/scenegraph/attributes/TriadAttributes.h>
 #include <vemo/scenegraph/canvas/BackgroundAttributes.h>
 #include <vemo/scenegraph/canvas/BaseCanvasAttributes.h>
-#include <vemo/scenegraph/canvas/CameraAttributes.h>
 #include <vemo/scenegraph/canvas/CanvasPositionAttributes.h>
 #include <vemo/scenegraph/canvas/ClipPlanesAttributes.h>
 #include <vemo/scenegraph/canvas/Light.h>
@@ -28,6 +27,7 @@
 #include <vemo/scenegraph/canvas/Plane.h>
 #include <vemo/scenegraph/canvas/PlaneCollection.h>
 #include <vemo/scenegraph/canvas/SceneCanvas.h>
+#include <vemo/scenegraph/canvas/SceneNode.h>
 #include <vemo/scenegraph/coloring/ColorAttributes.h>
 #include <vemo/scenegraph/coloring/ColorLookupTable.h>
 #include <vemo/scenegraph/coloring/DataArrayAttributes.h>

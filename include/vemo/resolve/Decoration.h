@@ -2,8 +2,8 @@
 
 #include <vemo/base/Vector.h>
 #include <vemo/resolve/CanvasCamera.h>
-#include <vemo/resolve/ColorTable.h>
 #include <vemo/resolve/InstanceTransforms.h>
+#include <vemo/scenegraph/coloring/ColorTable.h>
 
 #include <vtkSmartPointer.h>
 

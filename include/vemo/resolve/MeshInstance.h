@@ -1,8 +1,8 @@
 #pragma once
 
 #include <vemo/resolve/Appearance.h>
-#include <vemo/resolve/ColorTable.h>
 #include <vemo/resolve/InstanceTransforms.h>
+#include <vemo/scenegraph/coloring/ColorTable.h>
 
 #include <vtkSmartPointer.h>
 
@@ -34,7 +34,8 @@ struct MeshInstance {
   /// What it comes from; both belong to the scene.
   const lum::Drawable* drawable = nullptr;
   const lum::PolyDataNode* node = nullptr;
-  /// Valid cells with finite points, at least one; arrays that fit. It shares
+  /// Valid cells with finite points, at least one; polygons and strips of a surface,
+  /// lines, or vertices, as the appearance's kind says. Arrays that fit. It shares
   /// memory with the scene and with other instances.
   vtkSmartPointer<vtkPolyData> geometry;
   Appearance appearance;

@@ -55,6 +55,9 @@ struct VEMO_SCENEGRAPH_EXPORT Finding {
   int line = 0;
   /// Of the element on that line; empty when the finding is about all of it.
   std::string attribute{};
+  /// Of the node that is drawn, as JsonPrinter.h describes; empty when the finding is
+  /// not about drawing one.
+  std::string nodePath{};
 
   const FindingKind& getKind() const;
   Severity getSeverity() const { return getKind().severity; }
@@ -63,7 +66,7 @@ struct VEMO_SCENEGRAPH_EXPORT Finding {
 /// The known ones in words: "item scene/wing, line 3 of the scene description,
 /// entry 'p.bin'"; empty without any.
 VEMO_SCENEGRAPH_EXPORT std::string describePlace(const std::string& itemPath, int line,
-                                                 const std::string& entry);
+                                                 const std::string& entry, const std::string& nodePath = {});
 
 /// For people: "lost: The array ... (array-left-out; item scene/wing)".
 VEMO_SCENEGRAPH_EXPORT std::string describe(const Finding& finding);

@@ -55,7 +55,7 @@
   KIND(NUMBER_INVALID, REFUSED, "A text is not a number where one is required.") \
   KIND(PAYLOAD_DAMAGED, LOST, "Data of the scene graph that an archive carries cannot be read.") \
   KIND(PLANES_LIMITED, CHANGED, "Of many clipping planes only the first are applied.") \
-  KIND(POINT_SCALE_ADJUSTED, CHANGED, "Points are scaled over another range than the one stated, which their scale cannot have.") \
+  KIND(POINT_SCALE_ADJUSTED, CHANGED, "Points are scaled over another range, or to other sizes, than stated, because they cannot have these.") \
   KIND(POINTS_NOT_SCALED, CHANGED, "Points are drawn in one size: no data scale them.") \
   KIND(POINTS_WITHOUT_POSITION, CHANGED, "Points have coordinates that are not finite: they, and the faces that they are corners of, are not drawn.") \
   KIND(REFERENCE_LOST, LOST, "A reference to a node outside the written scene is not written.") \
@@ -65,6 +65,7 @@
   KIND(STREAM_INVALID, LOST, "A scene stream cannot be read.") \
   KIND(TEXT_CHANGED, CHANGED, "A text is too long and cut off, or is not UTF-8.") \
   KIND(TEXT_IGNORED, LOST, "Text inside an element that takes none is ignored.") \
+  KIND(TEXT_RECOLORED, NOTE, "Black text is drawn white, because the background is dark.") \
   KIND(TRANSFORM_REPLACED, LOST, "Of the transforms of assemblies of one name only the last one is used.") \
   KIND(TRANSFORM_SHARED, CHANGED, "A transform also applies to items added by another of the same name.") \
   KIND(TRANSFORM_UNUSABLE, CHANGED, "A transform has a scale of zero in some directions, an axis without direction, a mirror without normal, or numbers that are too small or too large.") \

@@ -18,14 +18,14 @@ class VEMO_SCENEGRAPH_EXPORT Findings {
   /// Lives until the process ends, like the Logger.
   static Findings& getSingleton();
 
-  /// Sets the sink and returns the former one. An exception from the sink is
-  /// passed on to the caller of the operation.
+  /// Sets the sink, or none, and returns the former one, which can be called in any
+  /// case. An exception from the sink is passed on to the caller of the operation.
   Sink setSink(Sink sink);
 
   void report(const Finding& finding) const;
 
  private:
-  Findings() = default;
+  Findings();
 
   Sink _sink;
 };

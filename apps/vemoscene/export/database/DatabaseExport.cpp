@@ -1,13 +1,13 @@
 #include "export/database/DatabaseExport.h"
 
-#include "ExitCode.h"
 #include "FileChecks.h"
-#include "Messages.h"
 #include "export/database/Verification.h"
+#include "output/ExitCode.h"
+#include "output/Messages.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/import/SceneConverter.h>
 #include <vemo/scenegraph/Ptr.h>
-#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/canvas/SceneNode.h>
 #include <vemo/scenegraph/io/CheckFormat.h>
 #include <vemo/scenegraph/io/SDBReader.h>
 #include <vemo/scenegraph/io/SDBWriter.h>

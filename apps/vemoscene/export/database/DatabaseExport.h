@@ -1,6 +1,6 @@
 #pragma once
 
-#include "export/ExportFormat.h"
+#include "ExportRequest.h"
 
 namespace vemo {
 

@@ -1,10 +1,10 @@
 #include "export/database/Verification.h"
 
 #include "DatabaseComparison.h"
-#include "ExitCode.h"
-#include "Messages.h"
-#include "ResultStream.h"
 #include "base/AtomicFile.h"
+#include "output/ExitCode.h"
+#include "output/Messages.h"
+#include "output/ResultStream.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/base/WidePath.h>
 #include <vemo/scenegraph/Node.h>

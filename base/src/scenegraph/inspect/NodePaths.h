@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vemo/scenegraph/Export.h>
+
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -14,7 +16,7 @@ class Node;
 
 /// The paths of nodes below a root, in the form that JsonPrinter.h
 /// describes. The graph must not change meanwhile.
-class NodePaths {
+class VEMO_SCENEGRAPH_EXPORT NodePaths {
  public:
   explicit NodePaths(const Node& root) : _root(root) {}
 

@@ -37,8 +37,14 @@ class VEMO_IMPORT_EXPORT Colormap : public SceneItem {
   /// Writes colours, range, scale and ramp into the table.
   void fill(lum::ColorLookupTable& table) const;
 
-  /// For drawing items with VTK.
+  /// Exactly what the item holds, whether or not VTK can draw with it: a range may
+  /// be empty, reversed, or without logarithms, and there may be no colours.
   vtkSmartPointer<vtkLookupTable> makeLookupTable() const;
+
+  /// For drawing items with VTK: a table that shows what the converted scene shows.
+  /// What the item holds is adjusted where it cannot be used (ColorTable.h), with a
+  /// finding.
+  vtkSmartPointer<vtkLookupTable> makeUsableLookupTable() const;
 
   /// Sets the colour table of the attributes, and the range and title of their
   /// data array.

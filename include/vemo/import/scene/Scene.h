@@ -19,6 +19,7 @@ namespace vemo {
 class ClippingPlane;
 class Gradient;
 class Light;
+class ReadingContext;
 
 /// The root of an old scene: the items, and the settings of the whole picture.
 /// It also carries the blocks of a scene graph that an archive may hold.
@@ -42,10 +43,12 @@ class VEMO_IMPORT_EXPORT Scene : public AssemblyItem {
 
     const Camera& getCamera() const { return _camera; }
 
-   private:
-    void reportUnusable(SceneFileReader& reader) const;
+    /// Reports what of the view cannot be used for drawing.
+    void reportUnusable(ReadingContext* context) const;
 
+   private:
     Camera _camera;
+    int _line = 0;
   };
 
   explicit Scene(const std::string& name);

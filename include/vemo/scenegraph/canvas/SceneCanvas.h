@@ -1,7 +1,7 @@
 #pragma once
 
+#include <vemo/scenegraph/attributes/CameraAttributes.h>
 #include <vemo/scenegraph/canvas/BackgroundAttributes.h>
-#include <vemo/scenegraph/canvas/CameraAttributes.h>
 #include <vemo/scenegraph/canvas/Canvas.h>
 #include <vemo/scenegraph/canvas/ClipPlanesAttributes.h>
 #include <vemo/scenegraph/canvas/LightingAttributes.h>

@@ -1,11 +1,11 @@
 #pragma once
 
 #include <vemo/scenegraph/Owned.h>
+#include <vemo/scenegraph/attributes/CameraAttributes.h>
 #include <vemo/scenegraph/attributes/OrientationAttributes.h>
 #include <vemo/scenegraph/attributes/PositionAttributes.h>
 #include <vemo/scenegraph/attributes/TextAttributes.h>
 #include <vemo/scenegraph/attributes/TriadAttributes.h>
-#include <vemo/scenegraph/canvas/CameraAttributes.h>
 #include <vemo/scenegraph/drawables/Drawable.h>
 
 namespace lum {

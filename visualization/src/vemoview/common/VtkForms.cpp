@@ -7,8 +7,23 @@
 #include <vtkUnsignedCharArray.h>
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 
 namespace vemo {
+
+namespace {
+
+Vector<2, double> widened(const Vector<2, double>& range) {
+  constexpr double ROUNDING = 1e-6;
+  if (range[0] < range[1]) {
+    return range;
+  }
+  const double margin = std::max(std::abs(range[0]) * ROUNDING, double{std::numeric_limits<float>::min()});
+  return {range[0] - margin, range[0] + margin};
+}
+
+}  // namespace
 
 vtkSmartPointer<vtkLookupTable> makeVtkLookupTable(std::span<const std::uint8_t> rgba,
                                                    const Vector<2, double>& range, bool isLog10) {
@@ -22,6 +37,10 @@ vtkSmartPointer<vtkLookupTable> makeVtkLookupTable(std::span<const std::uint8_t>
   table->SetTable(colors);
   table->SetNumberOfTableValues(colors->GetNumberOfTuples());
   return table;
+}
+
+vtkSmartPointer<vtkLookupTable> makeVtkLookupTable(const ColorTable& table) {
+  return makeVtkLookupTable(table.rgba, widened(table.range), table.isLog10);
 }
 
 void setVtkPlane(vtkPlane& plane, const Vector<3, double>& origin, const Vector<3, double>& normal) {

@@ -2,6 +2,7 @@
 
 #include <vemo/base/Vector.h>
 #include <vemo/common/Export.h>
+#include <vemo/scenegraph/coloring/ColorTable.h>
 
 #include <vtkSmartPointer.h>
 
@@ -22,6 +23,10 @@ inline constexpr std::size_t RGBA_CHANNELS = 4;
 VEMO_COMMON_EXPORT vtkSmartPointer<vtkLookupTable> makeVtkLookupTable(std::span<const std::uint8_t> rgba,
                                                                       const Vector<2, double>& range,
                                                                       bool isLog10);
+
+/// The same colours for the same values as the table; a range of one value is
+/// widened by more than the rounding of a float, since VTK gives it no middle.
+VEMO_COMMON_EXPORT vtkSmartPointer<vtkLookupTable> makeVtkLookupTable(const ColorTable& table);
 
 /// Clipping by the plane keeps the side that the normal points to.
 VEMO_COMMON_EXPORT void setVtkPlane(vtkPlane& plane, const Vector<3, double>& origin,

@@ -1,13 +1,16 @@
-#include "vemoview/resolve/VisibleDrawables.h"
+#include "vemoview/resolve/CanvasResolver.h"
 #include "vemoview/resolve/canvas/BackgroundResolver.h"
-#include "vemoview/resolve/canvas/CanvasResolver.h"
+#include "vemoview/resolve/drawables/VisibleDrawables.h"
+#include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/resolve/SceneResolver.h>
-#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/canvas/SceneNode.h>
 
 namespace vemo {
 
 struct SceneResolver::State {
+  explicit State(const lum::SceneNode& scene) : findings(scene) {}
+
   void add(const lum::SceneCanvas* canvas, ResolvedCanvas::Role role) {
     if (canvas == nullptr || !CanvasResolver::canShow(*canvas)) {
       return;
@@ -15,17 +18,20 @@ struct SceneResolver::State {
     if (canvas->hasCameraAttributes() != nullptr) {
       cameras[canvas->hasCameraAttributes()] = canvases.size();
     }
-    canvases.emplace_back(*canvas, role, cameras, tables);
+    const NodeScope scope(*canvas);
+    canvases.emplace_back(*canvas, role, background, cameras, tables);
   }
 
+  NodeFindings findings;
   CameraIndices cameras;
   ColorTables tables;
   std::vector<CanvasResolver> canvases;
   Background background;
 };
 
-SceneResolver::SceneResolver(const lum::SceneNode& scene) : _state(std::make_unique<State>()) {
+SceneResolver::SceneResolver(const lum::SceneNode& scene) : _state(std::make_unique<State>(scene)) {
   using Role = ResolvedCanvas::Role;
+  const NodeFindings::Scope scope(_state->findings);
   _state->background = resolveBackground(scene.hasBackgroundCanvas());
   _state->add(scene.hasBackgroundCanvas(), Role::BACKGROUND);
   _state->add(scene.hasModelCanvas(), Role::MODEL);
@@ -36,6 +42,7 @@ SceneResolver::SceneResolver(const lum::SceneNode& scene) : _state(std::make_uni
 SceneResolver::~SceneResolver() = default;
 
 ResolvedScene SceneResolver::resolve() {
+  const NodeFindings::Scope scope(_state->findings);
   ResolvedScene scene{_state->background, {}};
   for (CanvasResolver& canvas : _state->canvases) {
     scene.canvases.push_back(canvas.resolve());
@@ -45,6 +52,7 @@ ResolvedScene SceneResolver::resolve() {
 
 CanvasUpdate SceneResolver::update(std::size_t canvas) {
   VEMO_REQUIRE(canvas < _state->canvases.size(), "No such canvas");
+  const NodeFindings::Scope scope(_state->findings);
   return _state->canvases[canvas].update();
 }
 
@@ -53,6 +61,9 @@ ResolvedScene resolveScene(const lum::SceneNode& scene) {
 }
 
 DrawableSet visibleParts(const lum::Drawable& drawable) {
+  // Resolving the scene has reported them.
+  std::vector<Finding> known;
+  const FindingCapture capture(known);
   DrawableSet parts;
   for (const VisibleDrawable& visible : collectVisible(drawable)) {
     parts.insert(visible.drawable);

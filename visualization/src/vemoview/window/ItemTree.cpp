@@ -1,6 +1,6 @@
 #include "vemoview/window/ItemTree.h"
 
-#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/canvas/SceneNode.h>
 #include <vemo/scenegraph/drawables/Drawable.h>
 
 #include <cstddef>

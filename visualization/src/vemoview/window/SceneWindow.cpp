@@ -8,7 +8,7 @@
 #include <vemo/render/RenderErrors.h>
 #include <vemo/resolve/Pick.h>
 #include <vemo/resolve/SceneTooLarge.h>
-#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/canvas/SceneNode.h>
 
 #include <QAction>
 #include <QDockWidget>

@@ -67,7 +67,7 @@ void GeometryItem::setScalars(vtkPolyDataMapper* mapper, const Colormap* colorma
     mapper->ScalarVisibilityOff();
     return;
   }
-  const auto table = colormap->makeLookupTable();
+  const auto table = colormap->makeUsableLookupTable();
   mapper->ScalarVisibilityOn();
   mapper->SetLookupTable(table);
   mapper->SetScalarRange(table->GetRange());

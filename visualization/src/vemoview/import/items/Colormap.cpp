@@ -3,6 +3,8 @@
 #include "vemoview/import/reading/ValueForms.h"
 #include <vemo/import/items/Colormap.h>
 #include <vemo/import/xml/QxElement.h>
+#include <vemo/scenegraph/Findings.h>
+#include <vemo/scenegraph/Ptr.h>
 #include <vemo/scenegraph/coloring/ColorLookupTable.h>
 #include <vemo/scenegraph/coloring/DataArrayAttributes.h>
 #include <vemo/scenegraph/coloring/ScalarAttributes.h>
@@ -72,6 +74,17 @@ vtkSmartPointer<vtkLookupTable> Colormap::makeLookupTable() const {
   // VTK numbers the ramps in the same way.
   table->SetRamp(static_cast<int>(_ramp));
   return table;
+}
+
+vtkSmartPointer<vtkLookupTable> Colormap::makeUsableLookupTable() const {
+  const lum::Ptr<lum::ColorLookupTable> table(
+      new lum::ColorLookupTable(lum::ClassNameNodeInitializer(lum::ColorLookupTable::getClassName())));
+  fill(*table);
+  const auto [usable, changes] = makeUsable(*table);
+  if (!changes.empty()) {
+    reportFinding(FindingCode::COLORMAP_ADJUSTED, "The colormap \"" + getName() + "\" " + changes);
+  }
+  return makeVtkLookupTable(usable);
 }
 
 void Colormap::applyTo(lum::ScalarAttributes& attributes) const {

@@ -5,7 +5,7 @@
 namespace vemo {
 
 const KeyTable<Light> Light::KEYS({
-    key::always<&Light::_intensity>("intensity", "its strength"),
+    key::always<&Light::_intensity>("intensity", "its strength; below 0 it takes light away"),
     key::always<&Light::_azimuth>("azimuth", "to the right of the viewer, in degrees"),
     key::always<&Light::_elevation>("elevation", "above the viewer, in degrees"),
     key::always<&Light::_color>("color", "its colour; alpha is not used").withoutAlpha(),

@@ -1,7 +1,7 @@
 #include "vemoview/import/items/NotShown.h"
 
+#include "vemoview/import/reading/DescriptionWalk.h"
 #include "vemoview/import/reading/SceneFileReader.h"
-#include "vemoview/import/xml/DescriptionWalk.h"
 #include <vemo/import/xml/QxElement.h>
 
 namespace vemo {

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "vemoview/import/reading/DescriptionWalk.h"
 #include "vemoview/import/reading/SceneFileReader.h"
 #include "vemoview/import/scene/SceneFormat.h"
-#include "vemoview/import/xml/DescriptionWalk.h"
 #include <vemo/import/items/GraphicsItem.h>
 #include <vemo/import/xml/QxElement.h>
 

@@ -1,6 +1,6 @@
 #include "vemoview/import/scene/Ledger.h"
 
-#include "vemoview/import/xml/DescriptionWalk.h"
+#include "vemoview/import/reading/DescriptionWalk.h"
 #include <vemo/import/archive/ZipFileReader.h>
 #include <vemo/import/xml/QxElement.h>
 

@@ -55,21 +55,20 @@ void Scene::View::read(const QxElement& element, SceneFileReader* reader) {
   if (_camera.perspective && _camera.parallelScale != 0.0) {
     ValueReader(element, reader, OnBadValue::FAIL).reportWithoutEffect("parallelScale");
   }
-  if (reader != nullptr) {
-    reportUnusable(*reader);
-  }
+  _line = element.getLine();
 }
 
-void Scene::View::reportUnusable(SceneFileReader& reader) const {
+void Scene::View::reportUnusable(ReadingContext* context) const {
+  const ReadingContext::ItemScope scope(context, "view", _line);
   const Vector<3, double> forward = _camera.focalPoint - _camera.position;
   if (length(forward) == 0.0) {
-    reader.report(FindingCode::VIEW_ADJUSTED,
-                  "The view has no direction: the scene is seen against the z axis");
+    report(context, FindingCode::VIEW_ADJUSTED,
+           "The view has no direction: the scene is seen against the z axis");
   } else if (length(cross(_camera.viewUp, forward)) == 0.0) {
-    reader.report(FindingCode::VIEW_ADJUSTED, "The view has no direction that is up: another one is used");
+    report(context, FindingCode::VIEW_ADJUSTED, "The view has no direction that is up: another one is used");
   }
   if (!_camera.perspective && _camera.parallelScale <= 0.0) {
-    reader.report(FindingCode::VIEW_ADJUSTED, "The parallel view has no scale: the whole scene is shown");
+    report(context, FindingCode::VIEW_ADJUSTED, "The parallel view has no scale: the whole scene is shown");
   }
 }
 
@@ -155,6 +154,10 @@ void Scene::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& c
                             const std::string& /*parentName*/) const {
   lum::SceneCanvas& canvas = shared.sceneNode->getModelCanvas();
   convertCamera(canvas);
+  if (_hasView) {
+    // Not while reading: a later view or a scene graph in the archive may replace it.
+    _view.reportUnusable(shared.context);
+  }
   processChildren(shared, collection, level, false);
   convertClipPlanes(canvas);
   convertLights(canvas);

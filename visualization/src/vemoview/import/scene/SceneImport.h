@@ -2,7 +2,7 @@
 
 #include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/scenegraph/NodeRegistry.h>
-#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/canvas/SceneNode.h>
 
 #include <memory>
 #include <string>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "vemoview/render/draw/CanvasCameras.h"
-#include "vemoview/render/draw/CanvasResources.h"
-#include "vemoview/render/draw/PropGroup.h"
+#include "vemoview/render/vtk/CanvasCameras.h"
+#include "vemoview/render/vtk/CanvasResources.h"
+#include "vemoview/render/vtk/PropGroup.h"
 #include <vemo/resolve/Decoration.h>
 #include <vemo/resolve/SceneResolver.h>
 

@@ -1,8 +1,8 @@
 #include "vemoview/render/decorations/ImageQuad.h"
 
-#include "vemoview/render/draw/ClippedInput.h"
-#include "vemoview/render/draw/Matrix.h"
-#include "vemoview/render/draw/PropGroup.h"
+#include "vemoview/render/vtk/ClippedInput.h"
+#include "vemoview/render/vtk/Matrix.h"
+#include "vemoview/render/vtk/PropGroup.h"
 #include <vemo/base/Vector.h>
 #include <vemo/resolve/Decoration.h>
 

@@ -3,8 +3,8 @@
 #include "vemoview/common/VtkForms.h"
 #include "vemoview/render/decorations/LegendTicks.h"
 #include "vemoview/render/decorations/TextLabel.h"
-#include "vemoview/render/draw/PropGroup.h"
-#include "vemoview/render/draw/Screen.h"
+#include "vemoview/render/vtk/PropGroup.h"
+#include "vemoview/render/vtk/Screen.h"
 #include <vemo/resolve/Decoration.h>
 
 #include <vtkActor2D.h>
@@ -177,7 +177,8 @@ class Legend {
 
   /// Writes title and numbers, and returns the room that they need with a short bar.
   Pair write(const Pair& low, const Pair& size, const Pair& canvas, vtkRenderer& renderer) {
-    wrapTitle(canvas[0] - _line / 2.0 - (_isVertical ? low[0] : 0.0), renderer);
+    const double widest = canvas[0] - _line / 2.0;
+    wrapTitle(widest - (_isVertical ? low[0] : 0.0), widest, renderer);
     const Pair title = _title.getSize(renderer);
     _titleHeight = title[1] > 0.0 ? title[1] + _line / 3.0 : 0.0;
     setLabels(_isVertical ? size[1] - _titleHeight : size[0], renderer);
@@ -186,7 +187,7 @@ class Legend {
             ? Pair{(BREADTH + TICK + GAP_BESIDE + MARGIN) * _line + _labelExtent, 3.0 * _line}
             : Pair{2.0 * _labelExtent + _line, (MIN_BREADTH + TICK + GAP_BELOW + 1.0 + MARGIN) * _line};
     // A title need not fit beside the bar, but into the canvas.
-    const double overhang = title[0] + _line / 2.0 > canvas[0] ? title[0] + _line / 2.0 : 0.0;
+    const double overhang = title[0] > widest ? title[0] + _line / 2.0 : 0.0;
     return {std::max(bar[0], overhang), bar[1] + _titleHeight};
   }
 
@@ -196,8 +197,9 @@ class Legend {
     return _title.getSize(renderer)[0];
   }
 
-  /// Breaks a title that is wider than there is room, between words where it can.
-  void wrapTitle(double room, vtkRenderer& renderer) {
+  /// Breaks a title that is wider than there is room, between words; within a word
+  /// only where that is wider than a line can be.
+  void wrapTitle(double room, double widest, vtkRenderer& renderer) {
     if (titleWidth(_legend.title, renderer) <= room) {
       return;
     }
@@ -205,7 +207,7 @@ class Legend {
     std::string line;
     std::istringstream words(_legend.title);
     for (std::string word; words >> word;) {
-      word = brokenWord(word, room, renderer);
+      word = brokenWord(word, widest, renderer);
       std::string longer = line;
       longer.append(line.empty() ? 0 : 1, ' ').append(word);
       if (!line.empty() && titleWidth(longer, renderer) > room) {
@@ -322,7 +324,7 @@ class Legend {
     const auto colors = static_cast<vtkIdType>(rgba.size() / RGBA_CHANNELS);
     const vtkIdType fields = std::clamp<vtkIdType>(colors, 1, MAX_FIELDS);
     vtkNew<vtkUnsignedCharArray> bytes;
-    bytes->SetNumberOfComponents(3);
+    bytes->SetNumberOfComponents(static_cast<int>(RGBA_CHANNELS));
     _bar.clear();
     for (vtkIdType field = 0; field < fields; ++field) {
       const double first = static_cast<double>(field) / static_cast<double>(fields);
@@ -331,7 +333,7 @@ class Legend {
       const Pair b = along(last, _isVertical);
       _bar.addBox(a, b);
       const auto color = RGBA_CHANNELS * static_cast<std::size_t>(field * colors / fields);
-      for (std::size_t channel = 0; channel < 3; ++channel) {
+      for (std::size_t channel = 0; channel < RGBA_CHANNELS; ++channel) {
         bytes->InsertNextValue(rgba[color + channel]);
       }
     }

@@ -1,8 +1,8 @@
 #include "vemoview/render/decorations/TextAnnotation.h"
 
 #include "vemoview/render/decorations/TextLabel.h"
-#include "vemoview/render/draw/PropGroup.h"
-#include "vemoview/render/draw/Screen.h"
+#include "vemoview/render/vtk/PropGroup.h"
+#include "vemoview/render/vtk/Screen.h"
 
 namespace vemo {
 

@@ -1,7 +1,7 @@
 #include "vemoview/render/decorations/TextLabel.h"
 
-#include "vemoview/render/draw/PropGroup.h"
-#include "vemoview/render/draw/Screen.h"
+#include "vemoview/render/vtk/PropGroup.h"
+#include "vemoview/render/vtk/Screen.h"
 
 #include <vtkRenderWindow.h>
 #include <vtkRenderer.h>

@@ -1,9 +1,9 @@
 #include "vemoview/render/decorations/Triad.h"
 
 #include "vemoview/render/decorations/TextLabel.h"
-#include "vemoview/render/draw/PropGroup.h"
-#include "vemoview/render/draw/Screen.h"
-#include "vemoview/render/draw/View.h"
+#include "vemoview/render/vtk/PropGroup.h"
+#include "vemoview/render/vtk/Screen.h"
+#include "vemoview/render/vtk/View.h"
 #include <vemo/base/Vector.h>
 #include <vemo/resolve/Decoration.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vemoview/render/draw/CanvasCameras.h"
+#include "vemoview/render/vtk/CanvasCameras.h"
 
 namespace vemo {
 

@@ -1,8 +1,8 @@
 #include "vemoview/render/draw/Batch.h"
 
-#include "vemoview/render/draw/CanvasResources.h"
 #include "vemoview/render/draw/MeshMerger.h"
 #include "vemoview/render/draw/MeshProps.h"
+#include "vemoview/render/vtk/CanvasResources.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vemoview/render/draw/PropGroup.h"
+#include "vemoview/render/vtk/PropGroup.h"
 #include <vemo/resolve/MeshInstance.h>
 #include <vemo/resolve/SceneResolver.h>
 

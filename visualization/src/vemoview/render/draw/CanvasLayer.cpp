@@ -3,8 +3,8 @@
 #include "geometry/Bounds.h"
 #include "vemoview/common/VtkForms.h"
 #include "vemoview/render/draw/BatchGroups.h"
-#include "vemoview/render/draw/Screen.h"
-#include "vemoview/render/draw/View.h"
+#include "vemoview/render/vtk/Screen.h"
+#include "vemoview/render/vtk/View.h"
 #include <vemo/resolve/Picker.h>
 
 #include <vtkCullerCollection.h>

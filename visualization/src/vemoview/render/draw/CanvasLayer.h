@@ -3,8 +3,8 @@
 #include "geometry/Box.h"
 #include "vemoview/render/decorations/Decorations.h"
 #include "vemoview/render/draw/Batch.h"
-#include "vemoview/render/draw/CanvasCameras.h"
-#include "vemoview/render/draw/CanvasResources.h"
+#include "vemoview/render/vtk/CanvasCameras.h"
+#include "vemoview/render/vtk/CanvasResources.h"
 #include <vemo/resolve/Pick.h>
 #include <vemo/resolve/ResolvedScene.h>
 

@@ -1,7 +1,7 @@
 #include "vemoview/render/draw/MeshMerger.h"
 
-#include "vemoview/render/draw/LookupTables.h"
 #include "vemoview/render/draw/MeshScalars.h"
+#include "vemoview/render/vtk/LookupTables.h"
 #include <vemo/geometry/CellKind.h>
 
 #include <vtkCellArray.h>

@@ -2,11 +2,11 @@
 
 #include "geometry/Bounds.h"
 #include "geometry/DrawableCells.h"
-#include "vemoview/render/draw/ClippedInput.h"
-#include "vemoview/render/draw/Matrix.h"
-#include "vemoview/render/draw/MeshActor.h"
-#include "vemoview/render/draw/PropGroup.h"
-#include "vemoview/render/draw/Screen.h"
+#include "vemoview/render/vtk/ClippedInput.h"
+#include "vemoview/render/vtk/Matrix.h"
+#include "vemoview/render/vtk/MeshActor.h"
+#include "vemoview/render/vtk/PropGroup.h"
+#include "vemoview/render/vtk/Screen.h"
 #include <vemo/base/Vector.h>
 #include <vemo/resolve/ClipPlane.h>
 
@@ -142,13 +142,6 @@ vtkProperty& addActors(const RenderMesh& mesh, vtkPlaneCollection& planes, PropG
   return *property;
 }
 
-/// The cells of some kinds; none may be left.
-RenderMesh part(const RenderMesh& mesh, CellKinds kinds) {
-  RenderMesh result = mesh;
-  result.geometry = drawableCells(*mesh.geometry, kinds);
-  return result;
-}
-
 /// Lines in the edges' colour.
 void becomeEdges(RenderMesh& mesh) {
   mesh.scalars.reset();
@@ -157,10 +150,7 @@ void becomeEdges(RenderMesh& mesh) {
 }
 
 void addEdges(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
-  RenderMesh edges = part(mesh, CellKind::POLYS | CellKind::STRIPS);
-  if (edges.geometry->GetNumberOfCells() == 0) {
-    return;
-  }
+  RenderMesh edges = mesh;
   becomeEdges(edges);
   edges.isOnFaces = mesh.appearance.hasFaces;
   vtkProperty& property = addActors(edges, planes, group);
@@ -191,11 +181,8 @@ vtkSmartPointer<vtkPolyData> contourOf(vtkPolyData& faces) {
 }
 
 void addContour(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
-  RenderMesh contour = part(mesh, CellKind::POLYS | CellKind::STRIPS);
-  if (contour.geometry->GetNumberOfCells() == 0) {
-    return;
-  }
-  contour.geometry = contourOf(*contour.geometry);
+  RenderMesh contour = mesh;
+  contour.geometry = contourOf(*mesh.geometry);
   if (contour.geometry->GetNumberOfCells() == 0) {
     return;
   }
@@ -204,19 +191,9 @@ void addContour(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& g
   addActors(contour, planes, group).LightingOff();
 }
 
-/// Lines and vertices of a surface are not faces: they stay.
-void addWithoutFaces(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
-  const RenderMesh rest = part(mesh, CellKind::VERTS | CellKind::LINES);
-  if (rest.appearance.opacity > 0.0 && rest.geometry->GetNumberOfCells() > 0) {
-    addActors(rest, planes, group);
-  }
-}
-
 void addSurface(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
   const Appearance& appearance = mesh.appearance;
-  if (!appearance.hasFaces) {
-    addWithoutFaces(mesh, planes, group);
-  } else {
+  if (appearance.hasFaces) {
     vtkProperty& property = addActors(mesh, planes, group);
     property.SetEdgeVisibility(hasEdgesOfFaces(appearance));
     property.SetEdgeColor(appearance.edgeColor[0], appearance.edgeColor[1], appearance.edgeColor[2]);

@@ -2,7 +2,7 @@
 
 #include <vemo/base/Vector.h>
 #include <vemo/scenegraph/Ptr.h>
-#include <vemo/scenegraph/canvas/CameraAttributes.h>
+#include <vemo/scenegraph/attributes/CameraAttributes.h>
 
 #include <cmath>
 

@@ -1,5 +1,6 @@
 #include "vemoview/resolve/canvas/ClipPlanesResolver.h"
 
+#include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/base/Vector.h>
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/canvas/ClipPlanesAttributes.h>
@@ -34,6 +35,7 @@ std::vector<ClipPlane> resolveClipPlanes(const lum::ClipPlanesAttributes* attrib
     if (plane == nullptr) {
       continue;
     }
+    const NodeScope scope(*plane);
     if (!isFinite(plane->getNormal()) || !isFinite(plane->getOrigin())) {
       reportFinding(FindingCode::VALUE_IGNORED, "A clipping plane is not applied: its values are not finite");
       continue;

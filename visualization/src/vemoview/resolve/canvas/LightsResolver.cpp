@@ -1,5 +1,6 @@
 #include "vemoview/resolve/canvas/LightsResolver.h"
 
+#include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/base/Vector.h>
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/canvas/LightingAttributes.h>
@@ -25,6 +26,7 @@ CanvasLights usableLights(const lum::LightCollection& collection) {
     if (light == nullptr) {
       continue;
     }
+    const NodeScope scope(*light);
     if (!isUsable(*light)) {
       reportFinding(FindingCode::VALUE_IGNORED, "A light is not used: its values are not finite");
       continue;

@@ -3,13 +3,17 @@
 #include "vemoview/resolve/decorations/ImageResolver.h"
 #include "vemoview/resolve/decorations/LegendResolver.h"
 #include "vemoview/resolve/decorations/TextResolver.h"
+#include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/drawables/ImageDrawable.h>
 #include <vemo/scenegraph/drawables/LegendDrawable.h>
 #include <vemo/scenegraph/drawables/TextDrawable.h>
 #include <vemo/scenegraph/drawables/TriadDrawable.h>
 
+#include <array>
+#include <cstdint>
 #include <optional>
+#include <type_traits>
 #include <variant>
 
 namespace vemo {
@@ -65,16 +69,48 @@ void clip(Content& content, bool isClipped) {
   }
 }
 
+/// The style of what has text; null for others.
+TextStyle* styleOf(Content& content) {
+  return std::visit(
+      [](auto& decoration) -> TextStyle* {
+        using Kind = std::decay_t<decltype(decoration)>;
+        if constexpr (std::is_same_v<Kind, ImageDecoration>) {
+          return nullptr;
+        } else if constexpr (std::is_same_v<Kind, TriadDecoration>) {
+          return decoration.labels ? &decoration.style : nullptr;
+        } else {
+          return &decoration.style;
+        }
+      },
+      content);
+}
+
+/// Black is the colour of texts without one: it cannot have been meant where it
+/// cannot be read.
+void makeReadableOnDark(Content& content) {
+  constexpr std::array<std::uint8_t, 4> BLACK{0, 0, 0, 255};
+  constexpr std::array<std::uint8_t, 4> WHITE{255, 255, 255, 255};
+  TextStyle* const style = styleOf(content);
+  if (style != nullptr && style->rgba == BLACK) {
+    style->rgba = WHITE;
+    reportFinding(FindingCode::TEXT_RECOLORED, "Black text is drawn white on the dark background");
+  }
+}
+
 }  // namespace
 
 std::vector<Decoration> DecorationResolver::resolve(const std::vector<VisibleDrawable>& drawables) {
   std::vector<Decoration> result;
   for (const VisibleDrawable& visible : drawables) {
+    const NodeScope scope(*visible.drawable);
     auto content = resolveContent(*visible.drawable, _cameras, _tables);
     if (!content) {
       continue;
     }
     clip(*content, visible.isClipped);
+    if (_isOnDark) {
+      makeReadableOnDark(*content);
+    }
     forEachInstance(isInWindow(*content) ? nullptr : visible.transforms,
                     [&](const InstanceTransform* transform) {
                       if (hasRoom()) {

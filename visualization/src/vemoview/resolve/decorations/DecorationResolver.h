@@ -1,8 +1,8 @@
 #pragma once
 
-#include "vemoview/resolve/VisibleDrawables.h"
 #include "vemoview/resolve/decorations/TriadResolver.h"
-#include "vemoview/resolve/mesh/ColorTableResolver.h"
+#include "vemoview/resolve/drawables/VisibleDrawables.h"
+#include "vemoview/resolve/values/ColorTableResolver.h"
 #include <vemo/resolve/Decoration.h>
 
 #include <vector>
@@ -13,9 +13,9 @@ namespace vemo {
 /// triads, legends, texts, images.
 class DecorationResolver {
  public:
-  /// Cameras and tables must outlive it.
-  DecorationResolver(const CameraIndices& cameras, ColorTables& tables)
-      : _cameras(cameras), _tables(tables) {}
+  /// In front of a dark background or another one. Cameras and tables must outlive it.
+  DecorationResolver(bool isOnDark, const CameraIndices& cameras, ColorTables& tables)
+      : _isOnDark(isOnDark), _cameras(cameras), _tables(tables) {}
 
   /// The decorations among drawables, in order, as long as there are not too
   /// many.
@@ -24,6 +24,7 @@ class DecorationResolver {
  private:
   bool hasRoom();
 
+  bool _isOnDark;
   const CameraIndices& _cameras;
   ColorTables& _tables;
   int _count = 0;

@@ -1,12 +1,15 @@
 #include "vemoview/resolve/decorations/FontResolver.h"
 
-#include "vemoview/resolve/decorations/ReadableText.h"
+#include "vemoview/resolve/decorations/FontFiles.h"
+#include "vemoview/resolve/values/ReadableText.h"
 #include <vemo/scenegraph/Findings.h>
 
 #include <fmt/format.h>
 #include <ft2build.h>
 #include FT_FREETYPE_H
 
+#include <algorithm>
+#include <cstddef>
 #include <optional>
 #include <set>
 #include <vector>
@@ -68,16 +71,15 @@ class FontReader {
   bool _isOpen;
 };
 
-/// Files that may be there, those most like the style first.
-std::vector<std::string> filesLike(const TextStyle& style) {
+/// The names of files that are most like the style, the best first.
+std::vector<std::string> namesLike(const TextStyle& style) {
   using Family = TextStyle::Family;
-  const std::string folder = "/usr/share/fonts/truetype/dejavu/DejaVu";
   const std::string family = style.family == Family::COURIER ? "SansMono"
                              : style.family == Family::TIMES ? "Serif"
                                                              : "Sans";
   const std::string slanted = style.family == Family::TIMES ? "Italic" : "Oblique";
-  std::vector<std::string> files;
-  const auto add = [&](const std::string& name) { files.push_back(folder + name + ".ttf"); };
+  std::vector<std::string> names;
+  const auto add = [&](const std::string& name) { names.push_back("/DejaVu" + name + ".ttf"); };
   if (style.isItalic) {
     add(family + "-" + (style.isBold ? "Bold" : "") + slanted);
   }
@@ -87,15 +89,45 @@ std::vector<std::string> filesLike(const TextStyle& style) {
   add(family);
   // Of these fonts it has the most characters.
   add("Sans");
+  return names;
+}
+
+bool hasWeightAndSlantOf(const TextStyle& style, const std::string& file) {
+  const auto contains = [&file](const char* word) { return file.find(word) != std::string::npos; };
+  return contains("Bold") == style.isBold && (contains("Italic") || contains("Oblique")) == style.isItalic;
+}
+
+/// The files in the order in which they are tried.
+std::vector<std::string> sortByLikeness(std::vector<std::string> files, const TextStyle& style) {
+  // There may be thousands, and all of them lack a character.
+  constexpr std::ptrdiff_t MAX_OTHERS = 100;
+  auto next = files.begin();
+  for (const std::string& name : namesLike(style)) {
+    const auto found =
+        std::find_if(next, files.end(), [&name](const auto& file) { return file.ends_with(name); });
+    if (found != files.end()) {
+      std::rotate(next, found, found + 1);
+      ++next;
+    }
+  }
+  std::stable_partition(next, files.end(),
+                        [&style](const auto& file) { return hasWeightAndSlantOf(style, file); });
+  if (files.end() - next > MAX_OTHERS) {
+    files.erase(next + MAX_OTHERS, files.end());
+  }
   return files;
 }
 
-void reportMissing(const Characters& missing, const std::string& owner) {
+void reportMissing(const Characters& missing, const std::string& owner, bool hasFonts) {
   std::string list;
   for (const char32_t character : missing) {
     list += fmt::format("{}U+{:04X}", list.empty() ? "" : ", ", static_cast<std::uint32_t>(character));
   }
-  reportFinding(FindingCode::GLYPH_MISSING, owner + " has characters that no installed font has: " + list);
+  reportFinding(FindingCode::GLYPH_MISSING,
+                owner +
+                    (hasFonts ? " has characters that no installed font has: "
+                              : " has characters that need a font, but none is installed: ") +
+                    list);
 }
 
 }  // namespace
@@ -109,7 +141,11 @@ std::string resolveFontFile(const TextStyle& style, std::initializer_list<std::s
   const FontReader fonts;
   const Characters wanted = missing;
   std::string best;
-  for (const std::string& file : filesLike(style)) {
+  const std::vector<std::string> files = findFontFiles();
+  for (const std::string& file : sortByLikeness(files, style)) {
+    if (missing.empty()) {
+      break;
+    }
     const auto left = fonts.missingIn(file, wanted);
     if (left && left->size() < missing.size()) {
       missing = *left;
@@ -117,7 +153,7 @@ std::string resolveFontFile(const TextStyle& style, std::initializer_list<std::s
     }
   }
   if (!missing.empty()) {
-    reportMissing(missing, owner);
+    reportMissing(missing, owner, !files.empty());
   }
   return best;
 }

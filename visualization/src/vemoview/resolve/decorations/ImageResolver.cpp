@@ -1,6 +1,6 @@
 #include "vemoview/resolve/decorations/ImageResolver.h"
 
-#include "vemoview/resolve/UsableValues.h"
+#include "vemoview/resolve/values/UsableValues.h"
 #include <vemo/base/Vector.h>
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/attributes/PositionAttributes.h>

@@ -1,8 +1,8 @@
 #include "vemoview/resolve/decorations/LegendResolver.h"
 
 #include "scenegraph/attributes/NumberFormat.h"
-#include "vemoview/resolve/decorations/ReadableText.h"
 #include "vemoview/resolve/decorations/TextStyleResolver.h"
+#include "vemoview/resolve/values/ReadableText.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/Ptr.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vemoview/resolve/mesh/ColorTableResolver.h"
+#include "vemoview/resolve/values/ColorTableResolver.h"
 #include <vemo/resolve/Decoration.h>
 
 #include <optional>

@@ -1,7 +1,7 @@
 #include "vemoview/resolve/decorations/TextResolver.h"
 
-#include "vemoview/resolve/decorations/ReadableText.h"
 #include "vemoview/resolve/decorations/TextStyleResolver.h"
+#include "vemoview/resolve/values/ReadableText.h"
 #include <vemo/base/Vector.h>
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/attributes/PositionAttributes.h>

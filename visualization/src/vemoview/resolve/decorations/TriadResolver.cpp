@@ -1,8 +1,8 @@
 #include "vemoview/resolve/decorations/TriadResolver.h"
 
 #include "vemoview/resolve/canvas/CameraResolver.h"
-#include "vemoview/resolve/decorations/ReadableText.h"
 #include "vemoview/resolve/decorations/TextStyleResolver.h"
+#include "vemoview/resolve/values/ReadableText.h"
 #include <vemo/base/Vector.h>
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/attributes/OrientationAttributes.h>

@@ -1,6 +1,6 @@
 #include "vemoview/resolve/mesh/AppearanceResolver.h"
 
-#include "vemoview/resolve/UsableValues.h"
+#include "vemoview/resolve/values/UsableValues.h"
 #include <vemo/scenegraph/attributes/ContourAttributes.h>
 #include <vemo/scenegraph/attributes/LineAttributes.h>
 #include <vemo/scenegraph/attributes/MaterialAttributes.h>
@@ -27,12 +27,24 @@ constexpr Color POINT_COLOR{0.85, 0.27, 0.05};
 /// The colour of lines and surfaces without one.
 constexpr Color SURFACE_COLOR{1.0, 1.0, 1.0};
 
-Appearance::Kind kindOf(const lum::GeometryDrawable& drawable) {
-  if (dynamic_cast<const lum::PointSphereDrawable*>(&drawable) != nullptr) {
-    return Appearance::Kind::POINTS;
+/// The attributes that lines of a surface share with its edges; null without any.
+const lum::MeshAttributes* edgesForLines(const lum::GeometryDrawable& drawable, Appearance::Kind kind) {
+  return kind == Appearance::Kind::LINES && kindOf(drawable) == Appearance::Kind::SURFACE
+             ? drawable.findAttributes<lum::MeshAttributes>()
+             : nullptr;
+}
+
+/// What a vertex has of the colours of a surface or a line is that of points.
+bool isVertexOfOthers(const lum::GeometryDrawable& drawable, Appearance::Kind kind) {
+  return kind == Appearance::Kind::POINTS && kindOf(drawable) != Appearance::Kind::POINTS;
+}
+
+double opacityOf(const lum::GeometryDrawable& drawable, Appearance::Kind kind) {
+  if (const auto* const edges = edgesForLines(drawable, kind)) {
+    return unitValue(edges->getMeshOpacity(), 1.0);
   }
-  return dynamic_cast<const lum::PolyLineDrawable*>(&drawable) != nullptr ? Appearance::Kind::LINES
-                                                                          : Appearance::Kind::SURFACE;
+  const auto* const colors = drawable.findAttributes<lum::ColorAttributes>();
+  return colors != nullptr && !isVertexOfOthers(drawable, kind) ? unitValue(colors->getOpacity(), 1.0) : 1.0;
 }
 
 double pointSizeOf(const lum::GeometryDrawable& drawable, Appearance::Kind kind) {
@@ -72,12 +84,23 @@ void applySurface(const lum::GeometryDrawable& drawable, Appearance& appearance)
 
 }  // namespace
 
+Appearance::Kind kindOf(const lum::GeometryDrawable& drawable) {
+  if (dynamic_cast<const lum::PointSphereDrawable*>(&drawable) != nullptr) {
+    return Appearance::Kind::POINTS;
+  }
+  return dynamic_cast<const lum::PolyLineDrawable*>(&drawable) != nullptr ? Appearance::Kind::LINES
+                                                                          : Appearance::Kind::SURFACE;
+}
+
 /// The mode says which of the two colours counts; where that one is missing,
 /// the other is better than none. Colouring by data falls back on them too.
-Color resolveColor(const lum::GeometryDrawable& drawable, const std::string& key) {
-  const Color& fallback = kindOf(drawable) == Appearance::Kind::POINTS ? POINT_COLOR : SURFACE_COLOR;
+Color resolveColor(const lum::GeometryDrawable& drawable, Appearance::Kind kind, const std::string& key) {
+  if (const auto* const edges = edgesForLines(drawable, kind)) {
+    return usableColor(edges->getMeshColor());
+  }
+  const Color& fallback = kind == Appearance::Kind::POINTS ? POINT_COLOR : SURFACE_COLOR;
   const auto* const attributes = drawable.findAttributes<lum::ColorAttributes>();
-  if (attributes == nullptr) {
+  if (attributes == nullptr || isVertexOfOthers(drawable, kind)) {
     return fallback;
   }
   const auto found = attributes->getColors().find(key);
@@ -89,13 +112,12 @@ Color resolveColor(const lum::GeometryDrawable& drawable, const std::string& key
   return first != nullptr ? usableColor(*first) : second != nullptr ? usableColor(*second) : fallback;
 }
 
-Appearance resolveAppearance(const lum::GeometryDrawable& drawable) {
+Appearance resolveAppearance(const lum::GeometryDrawable& drawable, Appearance::Kind kind) {
   Appearance result;
-  result.kind = kindOf(drawable);
-  const auto* const colors = drawable.findAttributes<lum::ColorAttributes>();
-  result.opacity = colors != nullptr ? unitValue(colors->getOpacity(), 1.0) : 1.0;
-  result.pointSize = pointSizeOf(drawable, result.kind);
-  if (result.kind == Appearance::Kind::SURFACE) {
+  result.kind = kind;
+  result.opacity = opacityOf(drawable, kind);
+  result.pointSize = pointSizeOf(drawable, kind);
+  if (kind == Appearance::Kind::SURFACE && kindOf(drawable) == Appearance::Kind::SURFACE) {
     applySurface(drawable, result);
   }
   if (const auto* const line = drawable.findAttributes<lum::LineAttributes>()) {

@@ -7,11 +7,17 @@
 
 namespace vemo {
 
-/// What the attributes of a drawable say about its meshes.
-Appearance resolveAppearance(const lum::GeometryDrawable& drawable);
+/// What a drawable shows, by its class. It may have cells of other kinds, too.
+Appearance::Kind kindOf(const lum::GeometryDrawable& drawable);
 
-/// The plain colour of a drawable's mesh, by the name that its colours have for
-/// it.
-Vector<3, double> resolveColor(const lum::GeometryDrawable& drawable, const std::string& key);
+/// What the attributes of a drawable say about its meshes of a kind. Lines of a
+/// surface have the opacity of its edges; vertices of surfaces and lines are opaque.
+Appearance resolveAppearance(const lum::GeometryDrawable& drawable, Appearance::Kind kind);
+
+/// The plain colour of a drawable's mesh of a kind, by the name that its colours have
+/// for it. Lines of a surface have the colour of its edges, vertices of surfaces and
+/// lines that of points without one.
+Vector<3, double> resolveColor(const lum::GeometryDrawable& drawable, Appearance::Kind kind,
+                               const std::string& key);
 
 }  // namespace vemo

@@ -6,6 +6,7 @@
 #include "vemoview/resolve/mesh/AppearanceResolver.h"
 #include "vemoview/resolve/mesh/ArrayLookup.h"
 #include "vemoview/resolve/mesh/PointScaling.h"
+#include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/resolve/ClipPlane.h>
 #include <vemo/resolve/SceneTooLarge.h>
 #include <vemo/scenegraph/Findings.h>
@@ -21,6 +22,7 @@
 #include <vtkPointData.h>
 #include <vtkPoints.h>
 
+#include <algorithm>
 #include <fmt/format.h>
 #include <optional>
 #include <string>
@@ -34,45 +36,74 @@ bool isVisible(const Appearance& appearance) {
   return appearance.opacity > 0.0 || appearance.hasEdges || appearance.hasContour;
 }
 
+/// The kinds of cells that a kind of mesh has.
+struct MeshKind {
+  Appearance::Kind kind;
+  CellKinds cells;
+};
+
+/// Lines and points come last: at the same depth they are seen on the faces.
+constexpr MeshKind MESH_KINDS[] = {{Appearance::Kind::SURFACE, CellKind::POLYS | CellKind::STRIPS},
+                                   {Appearance::Kind::LINES, CellKind::LINES},
+                                   {Appearance::Kind::POINTS, CellKind::VERTS}};
+
+bool hasCells(const lum::PolyDataNode& node, CellKinds kinds) {
+  return std::ranges::any_of(CELL_KINDS, [&](const CellKindTraits& kind) {
+    const vtkCellArray* const cells = kinds.contains(kind.kind) ? node.getCells(kind.kind) : nullptr;
+    return cells != nullptr && cells->GetNumberOfCells() > 0;
+  });
+}
+
 /// The poly data of one node with no arrays but those that are drawn.
 class MeshBuilder {
  public:
   MeshBuilder(const lum::GeometryDrawable& drawable, const lum::PolyDataNode& node,
               const VisibleDrawable& context, ColorTables& tables)
-      : _drawable(drawable), _node(node), _tables(tables) {
-    _mesh.drawable = &drawable;
-    _mesh.node = &node;
-    _mesh.appearance = resolveAppearance(drawable);
-    _mesh.appearance.isClipped = context.isClipped;
-    _mesh.color = resolveColor(drawable, node.getName());
-    _mesh.transforms = context.transforms;
-  }
+      : _drawable(drawable), _node(node), _context(context), _tables(tables) {}
 
-  /// Nothing when there is nothing to be seen.
-  std::optional<MeshInstance> build() {
-    if (!isVisible(_mesh.appearance) || !putCells()) {
-      return std::nullopt;
+  /// A mesh for each kind of what is to be seen; none when there is nothing.
+  std::vector<MeshInstance> build() {
+    std::vector<MeshInstance> meshes = describeMeshes();
+    if (meshes.empty() || !putCells()) {
+      return {};
     }
-    if (_mesh.appearance.kind == Appearance::Kind::SURFACE) {
-      putNormals();
-    }
+    putNormals();
     putScalars();
-    selectCells();
-    if (_mesh.geometry->GetNumberOfCells() == 0) {
-      return std::nullopt;
+    for (MeshInstance& mesh : meshes) {
+      mesh.geometry = geometryOf(mesh.appearance.kind);
+      mesh.scalars = _scalars;
     }
-    return std::move(_mesh);
+    std::erase_if(meshes, [](const MeshInstance& mesh) { return mesh.geometry->GetNumberOfCells() == 0; });
+    return meshes;
   }
 
  private:
+  /// All visible kinds that there are cells of, without geometry.
+  std::vector<MeshInstance> describeMeshes() const {
+    std::vector<MeshInstance> meshes;
+    const bool showsPoints = kindOf(_drawable) == Appearance::Kind::POINTS;
+    for (const auto& [kind, cells] : MESH_KINDS) {
+      if (showsPoints ? kind != Appearance::Kind::POINTS : !hasCells(_node, cells)) {
+        continue;
+      }
+      MeshInstance mesh{&_drawable, &_node, nullptr, resolveAppearance(_drawable, kind), {}, {}, {}};
+      if (isVisible(mesh.appearance)) {
+        mesh.appearance.isClipped = _context.isClipped;
+        mesh.color = resolveColor(_drawable, kind, _node.getName());
+        mesh.transforms = _context.transforms;
+        meshes.push_back(std::move(mesh));
+      }
+    }
+    return meshes;
+  }
+
   bool putCells() {
     if (_node.getPoints() == nullptr || _node.getPoints()->GetNumberOfComponents() != 3) {
       return false;
     }
-    _mesh.geometry = vtkSmartPointer<vtkPolyData>::New();
     vtkNew<vtkPoints> points;
     points->SetData(_node.getPoints());
-    _mesh.geometry->SetPoints(points);
+    _geometry->SetPoints(points);
     for (const CellKindTraits& kind : CELL_KINDS) {
       if (!putCells(kind, points->GetNumberOfPoints())) {
         return false;
@@ -94,7 +125,7 @@ class MeshBuilder {
                     '"' + _node.getName() + "\" is not drawn: " + kind.name + ": " + fault);
       return false;
     }
-    kind.set(*_mesh.geometry, cells);
+    kind.set(*_geometry, cells);
     return true;
   }
 
@@ -110,7 +141,10 @@ class MeshBuilder {
   }
 
   void putNormals() {
-    vtkPolyData& geometry = *_mesh.geometry;
+    if (kindOf(_drawable) != Appearance::Kind::SURFACE) {
+      return;
+    }
+    vtkPolyData& geometry = *_geometry;
     vtkDataArray* const atPoints = findArray(_node.getNodeDataArrays(), NORMALS);
     vtkDataArray* const atCells = findArray(_node.getCellDataArrays(), NORMALS);
     if (fits(atPoints, geometry.GetNumberOfPoints()) && atPoints->GetNumberOfComponents() == 3) {
@@ -134,7 +168,7 @@ class MeshBuilder {
     }
     const auto* const location = _drawable.findAttributes<lum::DataLocationAttributes>();
     const bool isAtCells = location != nullptr && location->getDataLocation() == lum::DataLocation::CELLS;
-    vtkPolyData& geometry = *_mesh.geometry;
+    vtkPolyData& geometry = *_geometry;
     vtkDataArray* const array = findArray(isAtCells ? _node.getCellDataArrays() : _node.getNodeDataArrays(),
                                           scalars->hasDataArray()->getDataArrayName());
     if (!fits(array, isAtCells ? geometry.GetNumberOfCells() : geometry.GetNumberOfPoints())) {
@@ -143,30 +177,42 @@ class MeshBuilder {
     vtkDataSetAttributes* const data =
         isAtCells ? static_cast<vtkDataSetAttributes*>(geometry.GetCellData()) : geometry.GetPointData();
     data->AddArray(array);
-    _mesh.scalars = ScalarColoring{isAtCells ? ScalarLocation::CELLS : ScalarLocation::POINTS,
-                                   array->GetName(), _tables.resolve(*scalars->hasColorLookupTable())};
+    _scalars = ScalarColoring{isAtCells ? ScalarLocation::CELLS : ScalarLocation::POINTS, array->GetName(),
+                              _tables.resolve(*scalars->hasColorLookupTable())};
   }
 
-  /// Leaves what the drawable's kind shows, and of that what can be drawn.
-  void selectCells() {
-    vtkPolyData& geometry = *_mesh.geometry;
-    if (_mesh.appearance.kind != Appearance::Kind::POINTS) {
-      _mesh.geometry = drawableCells(geometry);
-    } else if (_node.getVerts() != nullptr) {
-      _mesh.geometry = drawableCells(geometry, CellKind::VERTS);
-    } else {
+  /// What can be drawn of the cells of a kind.
+  vtkSmartPointer<vtkPolyData> geometryOf(Appearance::Kind kind) {
+    if (kind == Appearance::Kind::POINTS && _node.getVerts() == nullptr) {
       // Points that no vertex names are still what a point drawable is for.
-      _mesh.geometry = pointsAsVertices(geometry);
-      if (_mesh.scalars && _mesh.scalars->location == ScalarLocation::CELLS) {
-        _mesh.scalars.reset();
+      if (_scalars && _scalars->location == ScalarLocation::CELLS) {
+        _scalars.reset();
       }
+      return pointsAsVertices(*_geometry);
     }
+    const auto* const cells = std::ranges::find(MESH_KINDS, kind, &MeshKind::kind);
+    const auto drawable = drawableCells(*_geometry, cells->cells);
+    return kind == Appearance::Kind::SURFACE ? drawable : withoutNormals(*drawable);
+  }
+
+  /// Lines and points are not lit as the faces that share their points.
+  static vtkSmartPointer<vtkPolyData> withoutNormals(vtkPolyData& geometry) {
+    if (geometry.GetPointData()->GetNormals() == nullptr && geometry.GetCellData()->GetNormals() == nullptr) {
+      return &geometry;
+    }
+    auto result = vtkSmartPointer<vtkPolyData>::New();
+    result->ShallowCopy(&geometry);
+    result->GetPointData()->SetNormals(nullptr);
+    result->GetCellData()->SetNormals(nullptr);
+    return result;
   }
 
   const lum::GeometryDrawable& _drawable;
   const lum::PolyDataNode& _node;
+  const VisibleDrawable& _context;
   ColorTables& _tables;
-  MeshInstance _mesh;
+  vtkNew<vtkPolyData> _geometry;
+  std::optional<ScalarColoring> _scalars;
 };
 
 void require(vtkIdType count, vtkIdType most, const char* what) {
@@ -219,9 +265,10 @@ std::vector<MeshInstance> MeshResolver::resolve(const std::vector<VisibleDrawabl
       if (polyData == nullptr) {
         continue;
       }
-      if (auto mesh = MeshBuilder(*geometry, *polyData, visible, _tables).build()) {
-        countSize(*mesh, load);
-        for (MeshInstance& part : splitBySize(std::move(*mesh), *geometry, *polyData)) {
+      const NodeScope scope(*polyData);
+      for (MeshInstance& mesh : MeshBuilder(*geometry, *polyData, visible, _tables).build()) {
+        countSize(mesh, load);
+        for (MeshInstance& part : splitBySize(std::move(mesh), *geometry, *polyData)) {
           countCopies(part, load);
           meshes.push_back(std::move(part));
         }

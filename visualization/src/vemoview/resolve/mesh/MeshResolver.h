@@ -1,7 +1,7 @@
 #pragma once
 
-#include "vemoview/resolve/VisibleDrawables.h"
-#include "vemoview/resolve/mesh/ColorTableResolver.h"
+#include "vemoview/resolve/drawables/VisibleDrawables.h"
+#include "vemoview/resolve/values/ColorTableResolver.h"
 #include <vemo/resolve/MeshInstance.h>
 
 #include <vtkType.h>

@@ -1,8 +1,8 @@
 #include "vemoview/resolve/mesh/PointScaling.h"
 
 #include "geometry/Cells.h"
-#include "vemoview/resolve/UsableValues.h"
 #include "vemoview/resolve/mesh/ArrayLookup.h"
+#include "vemoview/resolve/values/UsableValues.h"
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/attributes/PointScaleAttributes.h>
 
@@ -121,6 +121,19 @@ void setPointSize(Appearance& appearance, const lum::PointScaleAttributes& scale
   appearance.pointSize = appearance.isPointSizeInModelUnits ? size : usablePixels(size);
 }
 
+void reportUnusableSizes(const lum::PointScaleAttributes& scale, const std::string& points) {
+  for (const double size : scale.getMapToRange()) {
+    const bool isTooLarge = scale.getPixelSize() && size > MAX_PIXELS;
+    if (isTooLarge || !std::isfinite(size) || size <= 0.0) {
+      reportFinding(
+          FindingCode::POINT_SCALE_ADJUSTED,
+          fmt::format("{} have a scale that ends at the size {}: sizes {} are drawn as {} pixels", points,
+                      size, isTooLarge ? fmt::format("above {}", MAX_PIXELS) : "that are not above 0",
+                      isTooLarge ? MAX_PIXELS : 1.0));
+    }
+  }
+}
+
 }  // namespace
 
 std::vector<MeshInstance> splitBySize(MeshInstance mesh, const lum::GeometryDrawable& drawable,
@@ -140,6 +153,7 @@ std::vector<MeshInstance> splitBySize(MeshInstance mesh, const lum::GeometryDraw
                               values == nullptr ? "no array of that name fits them" : "its range is empty"));
     return {std::move(mesh)};
   }
+  reportUnusableSizes(*attributes, points);
   const bool isLog = attributes->getScaleMode() == lum::PointScaleMode::LOG10;
   const auto sorted = sortVertices(*mesh.geometry->GetVerts(), *values, Scale(*range, isLog));
   std::vector<MeshInstance> meshes;

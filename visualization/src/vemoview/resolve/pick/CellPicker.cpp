@@ -66,9 +66,13 @@ std::optional<CellPicker::Hit> CellPicker::run() {
     }
     return _best;
   }
-  testCells(node.getVerts(), &CellPicker::testVertices);
-  testCells(node.getLines(), &CellPicker::testLine);
-  if (appearance.kind != Appearance::Kind::SURFACE || appearance.hasFaces) {
+  skipCells(node.getVerts());
+  if (appearance.kind == Appearance::Kind::LINES) {
+    testCells(node.getLines(), &CellPicker::testLine);
+    return _best;
+  }
+  skipCells(node.getLines());
+  if (appearance.hasFaces) {
     testCells(node.getPolys(), &CellPicker::testPolygon);
     testCells(node.getStrips(), &CellPicker::testStrip);
   } else if (appearance.hasEdges || appearance.hasContour) {
@@ -115,6 +119,10 @@ void CellPicker::testCells(vtkCellArray* cells, Test test) {
     (this->*test)(reader[cell]);
   }
   _cellsBefore += reader.size();
+}
+
+void CellPicker::skipCells(const vtkCellArray* cells) {
+  _cellsBefore += cells != nullptr ? cells->GetNumberOfCells() : 0;
 }
 
 /// The first of the node's vertices that uses a point; below 0 for none.

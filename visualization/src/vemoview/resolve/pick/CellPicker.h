@@ -48,6 +48,7 @@ class CellPicker {
 
   bool isNear() const;
   double toleranceAt(double distance) const;
+  void skipCells(const vtkCellArray* cells);
   void testCells(vtkCellArray* cells, Test test);
   vtkIdType vertexOf(vtkIdType point) const;
   void testVertices(const Corners& corners);

@@ -1,4 +1,4 @@
-#include "vemoview/render/draw/PropGroup.h"
+#include "vemoview/render/vtk/PropGroup.h"
 
 #include <vtkActor.h>
 #include <vtkCommand.h>

@@ -1,4 +1,4 @@
-#include "FindingPrinter.h"
+#include "output/FindingPrinter.h"
 
 #include <vemo/scenegraph/inspect/JsonWriter.h>
 
@@ -20,6 +20,9 @@ void printFindings(lum::JsonWriter& json, const std::vector<Finding>& findings) 
     print("itemPath", finding.itemPath);
     json.key("line");
     json.value(finding.line);
+    if (!finding.nodePath.empty()) {
+      print("nodePath", finding.nodePath);
+    }
     json.endObject();
   }
   json.endArray();

@@ -1,7 +1,7 @@
-#include "ExitCode.h"
+#include "output/ExitCode.h"
 
-#include "Messages.h"
 #include "base/AtomicFile.h"
+#include "output/Messages.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/Exception.h>
 #include <vemo/import/FaultFinding.h>

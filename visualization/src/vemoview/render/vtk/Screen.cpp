@@ -1,4 +1,4 @@
-#include "vemoview/render/draw/Screen.h"
+#include "vemoview/render/vtk/Screen.h"
 
 #include <vemo/base/Vector.h>
 

@@ -1,4 +1,4 @@
-#include "vemoview/render/draw/View.h"
+#include "vemoview/render/vtk/View.h"
 
 #include <vemo/base/Vector.h>
 

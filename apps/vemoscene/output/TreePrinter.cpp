@@ -1,4 +1,4 @@
-#include "TreePrinter.h"
+#include "output/TreePrinter.h"
 
 #include <vemo/base/PrintableText.h>
 #include <vemo/scenegraph/attributes/AttributesCollection.h>

@@ -1,4 +1,4 @@
-#include <vemo/scenegraph/SceneNode.h>
+#include <vemo/scenegraph/canvas/SceneNode.h>
 
 namespace lum {
 

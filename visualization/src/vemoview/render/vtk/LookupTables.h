@@ -1,6 +1,6 @@
 #pragma once
 
-#include <vemo/resolve/ColorTable.h>
+#include <vemo/scenegraph/coloring/ColorTable.h>
 
 #include <vtkSmartPointer.h>
 

@@ -18,11 +18,12 @@ inline Vector<3, double> usableColor(const Vector<3, double>& color) {
   return {unitValue(color[0], 0.0), unitValue(color[1], 0.0), unitValue(color[2], 0.0)};
 }
 
-/// The size of a point or a line. A driver need not accept one wider than any
-/// screen.
+/// A driver need not accept points and lines that are wider than any screen.
+inline constexpr double MAX_PIXELS = 4096.0;
+
+/// The size of a point or a line.
 inline double usablePixels(double value) {
-  constexpr double MAX_WIDTH = 4096.0;
-  return std::isfinite(value) && value > 0.0 ? std::min(value, MAX_WIDTH) : 1.0;
+  return std::isfinite(value) && value > 0.0 ? std::min(value, MAX_PIXELS) : 1.0;
 }
 
 }  // namespace vemo

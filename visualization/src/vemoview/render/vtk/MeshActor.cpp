@@ -1,4 +1,4 @@
-#include "vemoview/render/draw/MeshActor.h"
+#include "vemoview/render/vtk/MeshActor.h"
 
 #include <vtkObjectFactory.h>
 #include <vtk_glew.h>

@@ -1,8 +1,10 @@
-#include "vemoview/resolve/canvas/CanvasResolver.h"
+#include "vemoview/resolve/CanvasResolver.h"
 
+#include "vemoview/resolve/canvas/BackgroundResolver.h"
 #include "vemoview/resolve/canvas/CameraResolver.h"
 #include "vemoview/resolve/canvas/ClipPlanesResolver.h"
 #include "vemoview/resolve/canvas/LightsResolver.h"
+#include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/scenegraph/canvas/BaseCanvasAttributes.h>
 #include <vemo/scenegraph/canvas/CanvasPositionAttributes.h>
 #include <vemo/scenegraph/canvas/SceneCanvas.h>
@@ -46,14 +48,16 @@ bool CanvasResolver::canShow(const lum::SceneCanvas& canvas) {
 }
 
 CanvasResolver::CanvasResolver(const lum::SceneCanvas& canvas, ResolvedCanvas::Role role,
-                               const CameraIndices& cameras, ColorTables& tables)
+                               const Background& background, const CameraIndices& cameras,
+                               ColorTables& tables)
     : _canvas(canvas),
       _role(role),
       _clipPlanes(resolveClipPlanes(canvas.findAttributes<lum::ClipPlanesAttributes>())),
       _meshes(_clipPlanes.size(), tables),
-      _decorations(cameras, tables) {}
+      _decorations(isDark(background), cameras, tables) {}
 
 ResolvedCanvas CanvasResolver::resolve() {
+  const NodeScope scope(_canvas);
   const auto viewport = resolveViewport(_canvas).value();
   const auto* const base = _canvas.findAttributes<lum::BaseCanvasAttributes>();
   CanvasUpdate content = update();
@@ -69,6 +73,7 @@ ResolvedCanvas CanvasResolver::resolve() {
 }
 
 CanvasUpdate CanvasResolver::update() {
+  const NodeScope scope(_canvas);
   CanvasUpdate result;
   std::vector<VisibleDrawable> added;
   for (const VisibleDrawable& visible : collectVisible(*_canvas.hasDrawableCollection())) {

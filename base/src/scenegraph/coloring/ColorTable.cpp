@@ -1,7 +1,5 @@
-#include "vemoview/resolve/mesh/ColorTableResolver.h"
-
-#include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/coloring/ColorLookupTable.h>
+#include <vemo/scenegraph/coloring/ColorTable.h>
 
 #include <vtkLookupTable.h>
 #include <vtkNew.h>
@@ -10,17 +8,13 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <cstdint>
 #include <fmt/format.h>
 #include <iterator>
 #include <utility>
-#include <vector>
 
 namespace vemo {
 
 namespace {
-
-using Range = Vector<2, double>;
 
 constexpr std::ptrdiff_t CHANNELS = 4;
 
@@ -122,17 +116,10 @@ class TableAdjuster {
 
 }  // namespace
 
-std::shared_ptr<const ColorTable> ColorTables::resolve(const lum::ColorLookupTable& table) {
+UsableColorTable makeUsable(const lum::ColorLookupTable& table) {
   ColorTable usable{colorsOf(table), table.getScalarRange(), table.getScaleMode() == lum::ScaleMode::LOG10};
-  const std::string changes = TableAdjuster(usable).run();
-  const auto [resolved, isNew] =
-      _tables.insert({std::make_shared<const ColorTable>(std::move(usable)), changes});
-  if (isNew && !changes.empty()) {
-    const Range& range = table.getScalarRange();
-    reportFinding(FindingCode::COLORMAP_ADJUSTED,
-                  fmt::format("The colormap from {} to {} {}", range[0], range[1], changes));
-  }
-  return resolved->table;
+  std::string changes = TableAdjuster(usable).run();
+  return {std::move(usable), std::move(changes)};
 }
 
 }  // namespace vemo

@@ -1,7 +1,7 @@
-#include "vemoview/render/draw/ClippedInput.h"
+#include "vemoview/render/vtk/ClippedInput.h"
 
 #include "geometry/DrawableCells.h"
-#include "vemoview/render/draw/Matrix.h"
+#include "vemoview/render/vtk/Matrix.h"
 #include <vemo/base/Vector.h>
 #include <vemo/resolve/ClipPlane.h>
 

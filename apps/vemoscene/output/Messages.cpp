@@ -1,4 +1,4 @@
-#include "Messages.h"
+#include "output/Messages.h"
 
 #include <vemo/base/PrintableText.h>
 #include <vemo/scenegraph/Findings.h>

@@ -1,6 +1,6 @@
-#include "ResultStream.h"
+#include "output/ResultStream.h"
 
-#include "ExitCode.h"
+#include "output/ExitCode.h"
 
 #include <array>
 #include <cerrno>

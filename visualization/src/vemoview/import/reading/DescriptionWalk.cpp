@@ -1,4 +1,4 @@
-#include "vemoview/import/xml/DescriptionWalk.h"
+#include "vemoview/import/reading/DescriptionWalk.h"
 
 #include "vemoview/import/reading/ReadingContext.h"
 #include <vemo/import/items/SceneItem.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vemoview/render/draw/LookupTables.h"
+#include "vemoview/render/vtk/LookupTables.h"
 
 #include <vtkPlaneCollection.h>
 #include <vtkRenderer.h>

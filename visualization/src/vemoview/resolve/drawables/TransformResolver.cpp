@@ -1,4 +1,4 @@
-#include "vemoview/resolve/TransformResolver.h"
+#include "vemoview/resolve/drawables/TransformResolver.h"
 
 #include <vemo/base/Vector.h>
 #include <vemo/scenegraph/Findings.h>

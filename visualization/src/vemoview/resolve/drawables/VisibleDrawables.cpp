@@ -1,6 +1,7 @@
-#include "vemoview/resolve/VisibleDrawables.h"
+#include "vemoview/resolve/drawables/VisibleDrawables.h"
 
-#include "vemoview/resolve/TransformResolver.h"
+#include "vemoview/resolve/drawables/TransformResolver.h"
+#include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/resolve/SceneTooLarge.h>
 #include <vemo/scenegraph/drawables/Drawable.h>
 
@@ -12,6 +13,7 @@ namespace {
 VisibleDrawable within(const VisibleDrawable& owner, const lum::Drawable& drawable) {
   VisibleDrawable result{&drawable, owner.isClipped, owner.transforms};
   if (const auto* const base = drawable.findAttributes<lum::BaseAttributes>()) {
+    const NodeScope scope(drawable);
     result.isClipped = result.isClipped && base->getClipPlanesEnabled();
     result.transforms = resolveTransforms(base->getTransform(), owner.transforms);
   }

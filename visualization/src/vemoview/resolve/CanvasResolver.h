@@ -1,7 +1,7 @@
 #pragma once
 
-#include "vemoview/resolve/VisibleDrawables.h"
 #include "vemoview/resolve/decorations/DecorationResolver.h"
+#include "vemoview/resolve/drawables/VisibleDrawables.h"
 #include "vemoview/resolve/mesh/MeshResolver.h"
 #include <vemo/resolve/SceneResolver.h>
 
@@ -19,8 +19,8 @@ class CanvasResolver {
 
   /// Of a canvas that can show something. Canvas, cameras and tables must outlive
   /// it.
-  CanvasResolver(const lum::SceneCanvas& canvas, ResolvedCanvas::Role role, const CameraIndices& cameras,
-                 ColorTables& tables);
+  CanvasResolver(const lum::SceneCanvas& canvas, ResolvedCanvas::Role role, const Background& background,
+                 const CameraIndices& cameras, ColorTables& tables);
 
   ResolvedCanvas resolve();
   CanvasUpdate update();

@@ -1,4 +1,4 @@
-#include "vemoview/resolve/decorations/ReadableText.h"
+#include "vemoview/resolve/values/ReadableText.h"
 
 #include <vemo/scenegraph/Findings.h>
 

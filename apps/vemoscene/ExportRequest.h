@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+namespace vemo {
+
+struct ExportRequest {
+  /// The scene file to read.
+  std::string file;
+  std::string output;
+  /// Whether to read the output back and compare it with what was to be written.
+  bool verify = false;
+};
+
+}  // namespace vemo

@@ -1,0 +1,47 @@
+#include "vemoview/resolve/values/NodeFindings.h"
+
+#include <vemo/scenegraph/canvas/SceneNode.h>
+
+#include <utility>
+
+namespace vemo {
+
+namespace {
+
+/// What is being resolved; null outside of all scopes.
+const lum::Node* currentNode = nullptr;
+
+}  // namespace
+
+NodeScope::NodeScope(const lum::Node& node) : _former(std::exchange(currentNode, &node)) {}
+
+NodeScope::~NodeScope() {
+  currentNode = _former;
+}
+
+NodeFindings::Scope::Scope(NodeFindings& findings) : _findings(findings), _paths(findings._scene) {
+  auto& all = Findings::getSingleton();
+  _former = all.setSink([this](const Finding& finding) { pass(finding); });
+}
+
+void NodeFindings::Scope::pass(Finding finding) {
+  constexpr int MAX_FINDINGS = 1000;
+  if (currentNode != nullptr) {
+    finding.nodePath = _paths.getPath(*currentNode).value_or("");
+  }
+  if (!_findings._reported.emplace(finding.code, finding.nodePath, finding.text).second) {
+    return;
+  }
+  const int count = ++_findings._counts[finding.code];
+  if (count <= MAX_FINDINGS) {
+    _former(finding);
+  } else if (count == MAX_FINDINGS + 1) {
+    _former({finding.code, "Further findings of this kind are not listed"});
+  }
+}
+
+NodeFindings::Scope::~Scope() {
+  Findings::getSingleton().setSink(std::move(_former));
+}
+
+}  // namespace vemo
