@@ -95,6 +95,7 @@ TEST(SceneResolver, DrawsLinesAndVerticesOfASurfaceAsSuch) {
   EXPECT_EQ(meshes[1].geometry->GetPointData()->GetNormals(), nullptr);
   EXPECT_EQ(meshes[1].color, (Point{0, 0, 1}));
   EXPECT_EQ(meshes[1].appearance.opacity, 0.25);
+  EXPECT_TRUE(meshes[1].appearance.isOfSurface);
   EXPECT_EQ(meshes[2].appearance.kind, Appearance::Kind::POINTS);
   EXPECT_EQ(meshes[2].appearance.opacity, 1.0);
   EXPECT_NE(meshes[2].color, meshes[0].color);

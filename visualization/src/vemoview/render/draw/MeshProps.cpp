@@ -90,7 +90,7 @@ bool hasEdgesOfFaces(const Appearance& appearance) {
 
 vtkSmartPointer<vtkActor> makeActor(const RenderMesh& mesh, const InstanceTransform* transform) {
   auto actor = vtkSmartPointer<MeshActor>::New();
-  actor->setNearer(mesh.isOnFaces);
+  actor->setNearer(mesh.isOnFaces || mesh.appearance.isOfSurface);
   if (mesh.appearance.hasContour || (mesh.appearance.hasEdges && !hasEdgesOfFaces(mesh.appearance))) {
     actor->setWidthOfLinesOnFaces(mesh.appearance.lineWidth);
   }
