@@ -46,11 +46,15 @@ const FindingKind& Finding::getKind() const {
   return findingKinds()[static_cast<std::size_t>(code)];
 }
 
-std::string describePlace(const std::string& itemPath, int line, const std::string& entry) {
+std::string describePlace(const std::string& itemPath, int line, const std::string& entry,
+                          const std::string& attribute) {
   std::string place;
   const auto add = [&place](const std::string& part) { place += (place.empty() ? "" : ", ") + part; };
   if (!itemPath.empty()) {
     add("item " + itemPath);
+  }
+  if (!attribute.empty()) {
+    add("attribute '" + attribute + "'");
   }
   if (line > 0) {
     add("line " + std::to_string(line) + " of the scene description");
@@ -63,7 +67,9 @@ std::string describePlace(const std::string& itemPath, int line, const std::stri
 
 std::string describe(const Finding& finding) {
   const FindingKind& kind = finding.getKind();
-  const std::string place = describePlace(finding.itemPath, finding.line, finding.entry);
+  // The texts of others name the attribute.
+  const std::string attribute = kind.severity == Severity::REFUSED ? finding.attribute : std::string();
+  const std::string place = describePlace(finding.itemPath, finding.line, finding.entry, attribute);
   return fmt::format("{}: {} ({}{}{})", severityName(kind.severity), finding.text, kind.name,
                      place.empty() ? "" : "; ", place);
 }

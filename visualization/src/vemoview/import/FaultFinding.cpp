@@ -34,15 +34,16 @@ std::string describe(const Exception& exception) {
 }
 
 Finding findingOf(const Exception& exception) {
-  return {codeOf(exception), replaceBreaks(describe(exception), ' '), exception.getEntry(),
-          exception.getItemPath(), exception.getLine()};
+  return {codeOf(exception),    replaceBreaks(describe(exception), ' '),
+          exception.getEntry(), exception.getItemPath(),
+          exception.getLine(),  exception.getAttribute()};
 }
 
 Finding findingOf(const Error& error) {
   const Properties& place = error.getProperties();
   const std::string& line = place.get("sceneLine");
   return {FindingCode::ITEM_INVALID, replaceBreaks(error.getMessage(), ' '), place.get("entry"),
-          place.get("itemPath"), line.empty() ? 0 : std::stoi(line)};
+          place.get("itemPath"),     line.empty() ? 0 : std::stoi(line),     place.get("attribute")};
 }
 
 }  // namespace vemo
