@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vemo/import/SceneConverter.h>
+
 #include <string>
 
 namespace vemo {
@@ -10,6 +12,8 @@ struct ExportRequest {
   std::string output;
   /// Whether to read the output back and compare it with what was to be written.
   bool verify = false;
+  /// Receives what became of an archive, also when it is refused; may be empty.
+  SceneConverter::LedgerObserver observeLedger{};
 };
 
 }  // namespace vemo

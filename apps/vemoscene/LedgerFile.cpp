@@ -4,6 +4,7 @@
 #include "output/ExitCode.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/import/SceneAudit.h>
+#include <vemo/import/SceneLedger.h>
 #include <vemo/scenegraph/inspect/JsonWriter.h>
 #include <vemo/scenegraph/inspect/NumberText.h>
 
@@ -56,26 +57,28 @@ class LedgerPrinter {
   std::string getSummary() const {
     std::string summary;
     for (std::size_t i = 0; i < _counts.size(); ++i) {
-      summary += fmt::format("{}{} {}", i == 0 ? "" : ", ", lum::groupDigits(_counts[i]),
-                             outcomeName(static_cast<Outcome>(i)));
+      const auto outcome = static_cast<Outcome>(i);
+      if (outcome != Outcome::REFUSED || _counts[i] > 0) {
+        summary +=
+            fmt::format("{}{} {}", i == 0 ? "" : ", ", lum::groupDigits(_counts[i]), outcomeName(outcome));
+      }
     }
     return "Elements, attributes and entries: " + summary;
   }
 
  private:
   std::ostringstream _lines;
-  std::array<std::int64_t, 4> _counts{};
+  std::array<std::int64_t, OUTCOME_COUNT> _counts{};
 };
 
 }  // namespace
 
-std::string writeLedger(const std::string& file, const std::string& ledger) {
-  const SceneAudit audit(toWidePath(file));
+std::string writeLedger(const SceneLedger& ledger, const std::string& file) {
   LedgerPrinter printer;
-  audit.listOutcomes([&printer](const LedgerRow& row) { printer.print(row); });
+  ledger.list([&printer](const LedgerRow& row) { printer.print(row); });
   const std::string lines = printer.getLines();
   try {
-    OS::writeAtomically(ledger, {reinterpret_cast<const std::uint8_t*>(lines.data()), lines.size()});
+    OS::writeAtomically(file, {reinterpret_cast<const std::uint8_t*>(lines.data()), lines.size()});
   } catch (const OS::FileWriteError& error) {
     throw Failure(ExitCode::CANNOT_WRITE, error.what());
   }

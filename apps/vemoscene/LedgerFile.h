@@ -4,9 +4,10 @@
 
 namespace vemo {
 
+class SceneLedger;
+
 /// Writes what became of each element, attribute and entry of a scene archive,
-/// one JSON object a line, and returns a summary in one line. Throws Failure,
-/// also when the file is not an archive of the old generation.
-std::string writeLedger(const std::string& file, const std::string& ledger);
+/// one JSON object a line, and returns a summary in one line. Throws Failure.
+std::string writeLedger(const SceneLedger& ledger, const std::string& file);
 
 }  // namespace vemo

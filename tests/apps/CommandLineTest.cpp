@@ -2,6 +2,7 @@
 #include "support/ArchiveBuilder.h"
 #include "support/Databases.h"
 #include "support/TemporaryFolder.h"
+#include <vemo/scenegraph/io/SDBReader.h>
 
 #include <chrono>
 #include <gmock/gmock.h>
@@ -190,6 +191,8 @@ TEST_F(CommandLineTest, ReportsWhatReadingLeavesOut) {
   EXPECT_EQ(content["findings"][1]["code"], "kind-not-shown");
   EXPECT_EQ(content["findings"][1]["severity"], "lost");
   EXPECT_EQ(content["findings"][1]["itemPath"], "scene/paths");
+  EXPECT_EQ(content["findings"][1]["attribute"], "");
+  EXPECT_EQ(json::parse(run({"check", "cold.zip", "--json"}).out)["findings"][0]["attribute"], "data");
   EXPECT_EQ(run({"convert", "more.zip", "more.sdb", "--fail-on", "changed"}).exitCode, 1);
   EXPECT_TRUE(fs::exists(_folder / "more.sdb"));
   EXPECT_EQ(run({"info", "more.sdb", "--fail-on", "note"}).exitCode, 0);
@@ -199,6 +202,40 @@ TEST_F(CommandLineTest, ReportsWhatReadingLeavesOut) {
   newer.replaceInIndex("MeshAttributes", "WarpAttributes");
   writeFile(_folder / "newer.sdb", newer.join());
   EXPECT_THAT(run({"info", "newer.sdb"}).out, HasSubstr("nodes of class WarpAttributes, which is unknown"));
+}
+
+TEST_F(CommandLineTest, WritesALedgerInOnePassAlsoOfARefusedScene) {
+  EXPECT_EQ(run({"convert", "scene.zip", "kept.sdb", "--ledger", "kept.jsonl"}).exitCode, 0);
+  EXPECT_EQ(readFile(_folder / "kept.sdb"), readFile(_folder / "scene.sdb"));
+  EXPECT_EQ(
+      json::parse(readFile(_folder / "kept.jsonl").substr(0, readFile(_folder / "kept.jsonl").find('\n'))),
+      (json{{"outcome", "kept"}, {"path", "scene"}, {"line", 1}, {"element", "scene"}}));
+  const ProgramResult refused = run({"convert", "cold.zip", "x.sdb", "--ledger", "cold.jsonl"});
+  EXPECT_EQ(refused.exitCode, 5);
+  EXPECT_THAT(refused.out, HasSubstr(" refused\n"));
+  EXPECT_EQ(refused.err, run({"convert", "cold.zip", "x.sdb"}).err);
+  EXPECT_THAT(readFile(_folder / "cold.jsonl"),
+              HasSubstr(R"("attribute": "data", "value": "cold", "findings": )"));
+  EXPECT_FALSE(fs::exists(_folder / "x.sdb"));
+}
+
+TEST_F(CommandLineTest, ReportsAllDamagedArrays) {
+  std::string bytes = readFile(_folder / "scene.sdb");
+  std::vector<testing::Matcher<std::string>> expected;
+  for (const auto& array : lum::SDBReader((_folder / "scene.sdb").wstring()).getArrays()) {
+    bytes.at(array.offset) ^= 1;
+    expected.push_back(HasSubstr("\"" + array.name + "\": hash mismatch"));
+  }
+  EXPECT_GT(expected.size(), 2U);
+  writeFile(_folder / "damaged.sdb", bytes);
+  const ProgramResult result = run({"check", "damaged.sdb", "--json"});
+  EXPECT_EQ(result.exitCode, 5);
+  std::vector<std::string> texts;
+  const json report = json::parse(result.out);
+  for (const json& finding : report["findings"]) {
+    texts.push_back(finding["text"]);
+  }
+  EXPECT_THAT(texts, testing::ElementsAreArray(expected));
 }
 
 TEST_F(CommandLineTest, ConvertsToTheSameBytesAndCopies) {

@@ -77,7 +77,7 @@ TEST_F(SceneConverterTest, LogsWhatItDoes) {
 TEST_F(SceneConverterTest, RefusesAGradientOfOneColour) {
   EXPECT_EQ(failureOf([&] { run(sceneXml("<gradient topColor='00000000' bottomColor='00000000'/>")); }),
             "InternalError: Should not be the case. Investigate | "
-            "(gradient->getMode() != lum::BackgroundColorModes::SOLID)");
+            "(gradient->getMode() != lum::BackgroundColorModes::SOLID) | scene/gradient:1");
 }
 
 TEST_F(SceneConverterTest, PassesASceneGraphThrough) {

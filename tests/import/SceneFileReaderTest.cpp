@@ -192,8 +192,8 @@ TEST_F(SceneFileReaderTest, KeepsFindingsWithTheirPlace) {
   SceneFileReader reader = open(ArchiveBuilder().text("x", ""));
   const std::string longName = repeated("\xC3\xA9", 100);
   {
-    const SceneFileReader::ItemScope scene(&reader, "scene", 1);
-    const SceneFileReader::ItemScope item(&reader, "x" + longName, 7);
+    const SceneFileReader::ItemScope scene(&reader, "scene", {1});
+    const SceneFileReader::ItemScope item(&reader, "x" + longName, {7});
     reader.report(FindingCode::ARRAY_LEFT_OUT, "left out", "c.bin");
   }
   ASSERT_EQ(reader.getFindings().size(), 1u);

@@ -105,7 +105,7 @@ lum::SceneNode& SceneFixture::convert(const std::string& children) {
   shared.sceneNode = _sceneNode;
   const auto scene = read(children);
   shared.context = &*_reader;
-  const ReadingContext::ItemScope scope(shared.context, scene->getPathName(), scene->getLine());
+  const ReadingContext::ItemScope scope(shared.context, scene->getPathName(), scene->getPlace());
   scene->addToCollection(shared, _sceneNode->getModelCanvas().getDrawableCollection(), 0, "noname");
   return *_sceneNode;
 }

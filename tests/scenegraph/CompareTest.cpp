@@ -199,6 +199,17 @@ TEST(Compare, FindsWhatDiffersByMeaning) {
   expectAsInFile(found, "differences.txt");
 }
 
+/// Their difference is no double.
+TEST(Compare, HasAFiniteDeviationForFiniteNumbers) {
+  const auto left = make<lum::PolyDataNode>();
+  const auto right = make<lum::PolyDataNode>();
+  left->setNodeDataArray(makeArray<vtkDoubleArray>("a", {1e308}));
+  right->setNodeDataArray(makeArray<vtkDoubleArray>("a", {-1e308}));
+  EXPECT_THAT(
+      compare(*left, *right, 0),
+      ElementsAre("/: nodeDataArrays[\"a\"]: 1e+308 against -1e+308 (1 of 1 differ, most at 0, by 2)"));
+}
+
 /// Larger integers than doubles can tell apart.
 TEST(Compare, TellsLargeIntegersApart) {
   const auto left = make<lum::PolyDataNode>();
@@ -208,7 +219,7 @@ TEST(Compare, TellsLargeIntegersApart) {
   right->setNodeDataArray(makeArray<vtkTypeInt64Array>("ids", {1, LARGE - 1}));
   EXPECT_THAT(compare(*left, *right, 1),
               ElementsAre("/: nodeDataArrays[\"ids\"]: 9223372036854775807 against 9223372036854775806 "
-                          "(1 of 2 differ, most at 1, by 0)"));
+                          "(1 of 2 differ, most at 1, by 1.0842e-19)"));
 }
 
 /// A comparison of each with each would take hours. Each second name changes places

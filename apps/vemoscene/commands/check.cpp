@@ -21,6 +21,7 @@
 #include <fmt/format.h>
 #include <iterator>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -49,27 +50,30 @@ FindingList checkArchive(const std::string& file) {
   return findings;
 }
 
-/// Each array and each record by itself: one fault does not hide the others.
-void checkDatabase(lum::SDBReader& reader, FindingList& findings) {
-  const auto attempt = [&findings](const auto& action) {
+std::set<std::size_t> checkArrays(lum::SDBReader& reader, FindingList& findings) {
+  std::set<std::size_t> damaged;
+  for (std::size_t i = 0; i < reader.getArrays().size(); ++i) {
     try {
-      action();
+      reader.checkArray(i);
     } catch (const lum::io::FileError& error) {
       findings.push_back({FindingCode::DATABASE_DAMAGED, error.what()});
+      damaged.insert(i);
     }
-  };
-  for (std::size_t i = 0; i < reader.getArrays().size(); ++i) {
-    attempt([&] { reader.checkArray(i); });
   }
-  // A damaged array has been reported.
-  const bool isWhole = findings.empty();
-  for (std::size_t i = 0; isWhole && i < reader.getRecords().size(); ++i) {
-    attempt([&] {
-      const lum::Ptr<lum::Node> node = reader.readNode(i);
-      if (auto* const scene = dynamic_cast<lum::SceneNode*>(node.getObject())) {
-        checkDrawing(*scene, findings);
-      }
-    });
+  return damaged;
+}
+
+/// Each array and each record by itself: one fault does not hide the others.
+void checkDatabase(lum::SDBReader& reader, FindingList& findings) {
+  const std::set<std::size_t> damagedArrays = checkArrays(reader, findings);
+  for (std::size_t i = 0; i < reader.getRecords().size(); ++i) {
+    const lum::SDBReader::CheckedRecord record = reader.checkRecord(i, damagedArrays);
+    for (const std::string& fault : record.faults) {
+      findings.push_back({FindingCode::DATABASE_DAMAGED, fault});
+    }
+    if (auto* const scene = dynamic_cast<lum::SceneNode*>(record.node.getObject())) {
+      checkDrawing(*scene, findings);
+    }
   }
 }
 

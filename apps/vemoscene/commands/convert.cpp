@@ -22,20 +22,20 @@ struct ConvertArguments {
 };
 
 void convert(const ConvertArguments& arguments) {
-  const ExportRequest& request = arguments.request;
+  ExportRequest request = arguments.request;
   rejectSameFile(request.file, request.output);
   removePartialOutputWhenEnded(request.output);
   const Progress progress(fmt::format("Converting {}", toPrintable(request.file)));
   if (!arguments.ledger.empty()) {
     rejectSameFile(request.file, arguments.ledger);
     requireArchive(request.file);
+    request.observeLedger = [&arguments](const SceneLedger& ledger) {
+      ResultStream out;
+      out << writeLedger(ledger, arguments.ledger) << '\n';
+      out.finish();
+    };
   }
   findExportFormat(request.output).write(request);
-  if (!arguments.ledger.empty()) {
-    ResultStream out;
-    out << writeLedger(request.file, arguments.ledger) << '\n';
-    out.finish();
-  }
 }
 
 void addConvertCommand(CLI::App& app, Command& command) {

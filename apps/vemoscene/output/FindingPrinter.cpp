@@ -20,6 +20,7 @@ void printFindings(lum::JsonWriter& json, const std::vector<Finding>& findings) 
     print("itemPath", finding.itemPath);
     json.key("line");
     json.value(finding.line);
+    print("attribute", finding.attribute);
     if (!finding.nodePath.empty()) {
       print("nodePath", finding.nodePath);
     }

@@ -45,20 +45,10 @@ void show(const Finding& finding) {
   }
 }
 
-std::string withLineBreaks(std::string_view text) {
-  constexpr std::string_view BREAK = "<br>";
-  std::string result;
-  for (std::size_t at = 0; (at = text.find(BREAK)) != std::string_view::npos;) {
-    result.append(text.substr(0, at)).push_back('\n');
-    text.remove_prefix(at + BREAK.size());
-  }
-  return result.append(text);
-}
-
 }  // namespace
 
 void showMessage(std::string_view message) {
-  const std::string text = toPrintable(withLineBreaks(message));
+  const std::string text = toPrintable(replaceBreaks(message, '\n'));
   const std::size_t first = text.find_first_not_of('\n');
   if (first != std::string::npos) {
     const std::size_t last = text.find_last_not_of('\n');

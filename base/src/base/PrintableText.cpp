@@ -20,4 +20,14 @@ std::string toPrintable(std::string_view text) {
   return toNativePath(characters);
 }
 
+std::string replaceBreaks(std::string_view message, char replacement) {
+  constexpr std::string_view BREAK = "<br>";
+  std::string result;
+  for (std::size_t at = 0; (at = message.find(BREAK)) != std::string_view::npos;) {
+    result.append(message.substr(0, at)).push_back(replacement);
+    message.remove_prefix(at + BREAK.size());
+  }
+  return result.append(message);
+}
+
 }  // namespace vemo

@@ -47,11 +47,14 @@ const FindingKind& Finding::getKind() const {
 }
 
 std::string describePlace(const std::string& itemPath, int line, const std::string& entry,
-                          const std::string& nodePath) {
+                          const std::string& attribute, const std::string& nodePath) {
   std::string place;
   const auto add = [&place](const std::string& part) { place += (place.empty() ? "" : ", ") + part; };
   if (!itemPath.empty()) {
     add("item " + itemPath);
+  }
+  if (!attribute.empty()) {
+    add("attribute '" + attribute + "'");
   }
   if (line > 0) {
     add("line " + std::to_string(line) + " of the scene description");
@@ -67,7 +70,10 @@ std::string describePlace(const std::string& itemPath, int line, const std::stri
 
 std::string describe(const Finding& finding) {
   const FindingKind& kind = finding.getKind();
-  const std::string place = describePlace(finding.itemPath, finding.line, finding.entry, finding.nodePath);
+  // The texts of others name the attribute.
+  const std::string attribute = kind.severity == Severity::REFUSED ? finding.attribute : std::string();
+  const std::string place =
+      describePlace(finding.itemPath, finding.line, finding.entry, attribute, finding.nodePath);
   return fmt::format("{}: {} ({}{}{})", severityName(kind.severity), finding.text, kind.name,
                      place.empty() ? "" : "; ", place);
 }

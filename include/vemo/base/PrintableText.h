@@ -11,4 +11,7 @@ namespace vemo {
 /// feeds stay.
 VEMO_BASE_EXPORT std::string toPrintable(std::string_view text);
 
+/// A message that may have "<br>" for line breaks, with the character instead.
+VEMO_BASE_EXPORT std::string replaceBreaks(std::string_view message, char replacement);
+
 }  // namespace vemo

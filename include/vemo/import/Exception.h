@@ -34,14 +34,20 @@ class VEMO_IMPORT_EXPORT Exception {
   int getLine() const { return _line; }
   void setLine(int line);
 
-  /// The known fields in words: "item scene/wing, line 3 of the scene
-  /// description, entry 'p.bin'"; empty without any.
+  /// The attribute that was being read, or the child element that is a value;
+  /// empty when unknown.
+  const std::string& getAttribute() const { return _attribute; }
+  void setAttribute(const std::string& attribute);
+
+  /// The known fields in words: "item scene/wing, attribute 'points', line 3 of
+  /// the scene description, entry 'p.bin'"; empty without any.
   std::string getPlace() const;
 
  private:
   std::string _message;
   std::string _entry;
   std::string _itemPath;
+  std::string _attribute;
   int _line = 0;
 };
 

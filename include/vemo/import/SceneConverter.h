@@ -11,6 +11,9 @@ class SceneNode;
 
 namespace vemo {
 
+class SceneImport;
+class SceneLedger;
+
 /// Turns an old scene file into a scene-graph database.
 class VEMO_IMPORT_EXPORT SceneConverter {
  public:
@@ -30,13 +33,22 @@ class VEMO_IMPORT_EXPORT SceneConverter {
   using Observer = std::function<void(lum::SceneNode& written)>;
   void setObserver(Observer observer);
 
+  /// Is called in `run` with what became of the input, at the end: with a failure
+  /// to read or convert before that is thrown, with as much as is known then. A
+  /// scene whose output cannot be written has no ledger.
+  using LedgerObserver = std::function<void(const SceneLedger& ledger)>;
+  void setLedgerObserver(LedgerObserver observer);
+
  private:
+  /// Null when that failed, which only happens for the sake of a ledger.
+  lum::SceneNode* readAndConvert(SceneImport& import) const;
   /// False when the output cannot be opened.
   bool write(lum::SceneNode& sceneNode) const;
 
   std::wstring _inputPath;
   std::wstring _outputPath;
   Observer _observer;
+  LedgerObserver _ledgerObserver;
 };
 
 }  // namespace vemo

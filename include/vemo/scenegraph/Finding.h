@@ -55,6 +55,8 @@ struct VEMO_SCENEGRAPH_EXPORT Finding {
   int line = 0;
   /// Of the element on that line; empty when the finding is about all of it.
   std::string attribute{};
+  /// The number of the element, from 1 in document order; 0 when unknown.
+  int element = 0;
   /// Of the node that is drawn, as JsonPrinter.h describes; empty when the finding is
   /// not about drawing one.
   std::string nodePath{};
@@ -63,10 +65,11 @@ struct VEMO_SCENEGRAPH_EXPORT Finding {
   Severity getSeverity() const { return getKind().severity; }
 };
 
-/// The known ones in words: "item scene/wing, line 3 of the scene description,
-/// entry 'p.bin'"; empty without any.
+/// The known ones in words: "item scene/wing, attribute 'points', line 3 of the
+/// scene description, entry 'p.bin'"; empty without any.
 VEMO_SCENEGRAPH_EXPORT std::string describePlace(const std::string& itemPath, int line,
-                                                 const std::string& entry, const std::string& nodePath = {});
+                                                 const std::string& entry, const std::string& attribute,
+                                                 const std::string& nodePath = {});
 
 /// For people: "lost: The array ... (array-left-out; item scene/wing)".
 VEMO_SCENEGRAPH_EXPORT std::string describe(const Finding& finding);

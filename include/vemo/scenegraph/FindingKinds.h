@@ -15,9 +15,8 @@
   KIND(ARRAY_REPLACED, LOST, "Of several arrays of one name over the same places only the last one is kept.") \
   KIND(ARRAY_WITHOUT_NAME, CHANGED, "An array has no name, so that nothing can refer to it.") \
   KIND(ASSEMBLY_EMPTY, LOST, "An assembly without items is left out, with its colormaps, legend and transform.") \
-  KIND(ATTRIBUTE_INAPPLICABLE, NOTE, "An attribute has no effect on a geometry of this type: face colours of lines, for instance.") \
   KIND(ATTRIBUTE_UNKNOWN, LOST, "An attribute that no element of its kind has is ignored.") \
-  KIND(ATTRIBUTE_WITHOUT_EFFECT, NOTE, "An attribute of the format that the new generation has no place for.") \
+  KIND(ATTRIBUTE_WITHOUT_EFFECT, NOTE, "A value that is not the default, for which the new generation has no place.") \
   KIND(CELLS_LEFT_OUT, LOST, "Cells with fewer points than their kind needs are left out.") \
   KIND(CHECKSUM_WRONG, CHANGED, "The content of an entry does not match its checksum, or cannot be read though nothing uses it: it may be damaged.") \
   KIND(CLASS_UNKNOWN, LOST, "A database has nodes of a class that this version does not know; they are left out.") \
@@ -33,6 +32,7 @@
   KIND(ELEMENT_REPLACED, LOST, "Only one of several elements is used, where one is allowed.") \
   KIND(ELEMENT_UNKNOWN, LOST, "An element that its parent element cannot hold is ignored, with all that it holds.") \
   KIND(ELEMENT_WITHOUT_EFFECT, LOST, "An element of the format that has no effect in this place.") \
+  KIND(ENTRIES_NOT_COUNTED, LOST, "An archive has more entries than it says; those beyond that number are not read.") \
   KIND(ENTRY_INVALID, REFUSED, "An entry of the archive is missing, has a bad size or cannot be read.") \
   KIND(ENTRY_REPLACED, LOST, "Of several entries of one name only the last one is used.") \
   KIND(ENTRY_SHORT, CHANGED, "An entry ends before its size; the rest is filled with zeros.") \
@@ -41,7 +41,7 @@
   KIND(GEOMETRY_NOT_DRAWN, LOST, "A geometry cannot be drawn.") \
   KIND(GEOMETRY_TYPE_CHANGED, CHANGED, "A geometry is drawn as another type, because all cells of its own were left out.") \
   KIND(GLYPH_MISSING, LOST, "A text has characters that no installed font has.") \
-  KIND(HIDDEN_BY_DEFAULT, NOTE, "An item that states no visibility is hidden.") \
+  KIND(HIDDEN_BY_DEFAULT, NOTE, "An item is hidden because it does not state otherwise: no `visibility`, a surface without `showFaces` and edges, a light without `intensity`.") \
   KIND(IMAGE_NOT_DRAWN, LOST, "An image cannot be drawn: its pixels do not fit its size.") \
   KIND(IMAGE_WITHOUT_PIXELS, LOST, "An image without pixels is left out.") \
   KIND(ITEM_INVALID, REFUSED, "An item contradicts itself.") \
@@ -60,6 +60,7 @@
   KIND(POINTS_WITHOUT_POSITION, CHANGED, "Points have coordinates that are not finite: they, and the faces that they are corners of, are not drawn.") \
   KIND(REFERENCE_LOST, LOST, "A reference to a node outside the written scene is not written.") \
   KIND(REPEATS_LIMITED, LOST, "Of very many repeats only the first are shown.") \
+  KIND(ROOT_UNKNOWN, CHANGED, "The root element is not called `scene`, but is read as one.") \
   KIND(SCENE_NOT_DRAWN, LOST, "A scene is too large to be drawn.") \
   KIND(SETTINGS_REPLACED, CHANGED, "Geometries of one name and type share a drawable, but state different settings for it.") \
   KIND(STREAM_INVALID, LOST, "A scene stream cannot be read.") \
@@ -68,7 +69,7 @@
   KIND(TEXT_RECOLORED, NOTE, "Black text is drawn white, because the background is dark.") \
   KIND(TRANSFORM_REPLACED, LOST, "Of the transforms of assemblies of one name only the last one is used.") \
   KIND(TRANSFORM_SHARED, CHANGED, "A transform also applies to items added by another of the same name.") \
-  KIND(TRANSFORM_UNUSABLE, CHANGED, "A transform has a scale of zero in some directions, an axis without direction, a mirror without normal, or numbers that are too small or too large.") \
+  KIND(TRANSFORM_UNUSABLE, CHANGED, "A transform has a scale of zero in some directions, an axis without direction, a mirror without normal, a repeat without number, or numbers that are too small or too large.") \
   KIND(VALUE_IGNORED, CHANGED, "A value that cannot be read or is out of range is replaced by the default.") \
   KIND(VALUE_UNREADABLE, CHANGED, "A value is not written as its type demands; the format still gives it a meaning.") \
   KIND(VERSION_TOO_NEW, REFUSED, "An element is of a newer version than this program knows.") \

@@ -50,6 +50,7 @@ void convertArchive(const ExportRequest& request) {
       verifyScene(request.output, written);
     });
   }
+  converter.setLedgerObserver(request.observeLedger);
   converter.run();
   requireWritten(watch, request.output);
 }

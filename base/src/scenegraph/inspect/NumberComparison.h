@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <concepts>
+#include <cstdint>
 #include <limits>
 #include <optional>
 #include <span>
@@ -20,7 +21,19 @@ inline double deviationOf(double left, double right) {
   if (!std::isfinite(left) || !std::isfinite(right)) {
     return std::numeric_limits<double>::infinity();
   }
-  return std::abs(left - right) / std::max({1.0, std::abs(left), std::abs(right)});
+  const double scale = std::max({1.0, std::abs(left), std::abs(right)});
+  const double distance = std::abs(left - right);
+  return std::isfinite(distance) ? distance / scale : std::abs(left / scale - right / scale);
+}
+
+/// The same for whole numbers, of which a double cannot tell all apart.
+template <std::integral T>
+double deviationOf(T left, T right) {
+  const auto [least, greatest] = std::minmax(left, right);
+  const auto distance = static_cast<std::uint64_t>(greatest) - static_cast<std::uint64_t>(least);
+  const double scale =
+      std::max({1.0, std::abs(static_cast<double>(left)), std::abs(static_cast<double>(right))});
+  return static_cast<double>(distance) / scale;
 }
 
 template <class T>
@@ -44,7 +57,7 @@ std::optional<Difference::Extent> findExtent(std::span<const T> left, std::span<
       continue;
     }
     ++extent.count;
-    const double deviation = deviationOf(static_cast<double>(left[i]), static_cast<double>(right[i]));
+    const double deviation = deviationOf(left[i], right[i]);
     if (deviation > most) {
       most = deviation;
       extent.index = static_cast<std::int64_t>(i);

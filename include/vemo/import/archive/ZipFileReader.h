@@ -52,6 +52,9 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   /// The number of distinct names.
   int getEntryCount() const { return static_cast<int>(_entries.size()); }
 
+  /// Whether the archive has more entries than it says: those are not read.
+  bool isMiscounted() const { return _isMiscounted; }
+
   /// Names that several entries have, each once.
   const std::vector<std::string>& getDuplicateNames() const { return _duplicateNames; }
 
@@ -88,6 +91,8 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   };
 
   void indexEntries();
+  /// Behind the last one that was read.
+  bool hasFurtherEntries() const;
   Entry readDirectoryEntry() const;
   void sortEntries();
   const Entry* findEntry(const std::string& name) const;
@@ -100,6 +105,7 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   /// By name.
   std::vector<Entry> _entries;
   std::vector<std::string> _duplicateNames;
+  bool _isMiscounted = false;
 };
 
 }  // namespace vemo

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <vemo/import/ElementPlace.h>
 #include <vemo/import/reading/Readable.h>
 
 #include <string>
@@ -28,9 +29,10 @@ class VEMO_IMPORT_EXPORT SceneItem : public Readable {
   /// of its element when it has none.
   const std::string& getPathName() const { return _name.empty() ? _kind : _name; }
   static const std::string& pathName(const QxElement& element);
-  /// Of the scene description, where the item's element starts; 0 for items made
-  /// in code.
-  int getLine() const { return _line; }
+  /// The name that the element states, which does not count as reading it.
+  static std::string statedName(const QxElement& element);
+  /// Of the item's element; unknown for items made in code.
+  const ElementPlace& getPlace() const { return _place; }
 
  protected:
   void readImpl(const QxElement& element, SceneFileReader* reader);
@@ -40,7 +42,7 @@ class VEMO_IMPORT_EXPORT SceneItem : public Readable {
 
   std::string _name;
   std::string _kind;
-  int _line = 0;
+  ElementPlace _place;
 };
 
 }  // namespace vemo

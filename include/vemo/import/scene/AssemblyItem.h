@@ -52,10 +52,9 @@ class VEMO_IMPORT_EXPORT AssemblyItem : public GraphicsItem {
   void setLegend(std::unique_ptr<Legend> legend);
   void setTransform(std::unique_ptr<Transform> transform);
 
-  // Whether the assembly has one that this one would replace.
-  bool wouldReplace(const Colormap& colormap) const;
-  bool wouldReplace(const Legend& /*legend*/) const { return _legend != nullptr; }
-  bool wouldReplace(const Transform& /*transform*/) const { return _transform != nullptr; }
+  /// Something in the assembly could not be read: what seems to be missing may
+  /// only be that.
+  void setIncomplete() { _isIncomplete = true; }
 
   /// Converts the children, then legend, colormap and transform. An assembly
   /// without children is left out.
@@ -107,6 +106,7 @@ class VEMO_IMPORT_EXPORT AssemblyItem : public GraphicsItem {
   /// By the name of the child element; empty except while children are read.
   std::map<std::string, ReadingCommand> _readingCommands;
   std::unique_ptr<Transform> _transform;
+  bool _isIncomplete = false;
 };
 
 }  // namespace vemo

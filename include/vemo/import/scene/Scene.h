@@ -1,6 +1,7 @@
 #pragma once
 
 #include <vemo/import/Camera.h>
+#include <vemo/import/ElementPlace.h>
 #include <vemo/import/archive/Array_t.h>
 #include <vemo/import/scene/AssemblyItem.h>
 #include <vemo/import/xml/Color.h>
@@ -48,7 +49,7 @@ class VEMO_IMPORT_EXPORT Scene : public AssemblyItem {
 
    private:
     Camera _camera;
-    int _line = 0;
+    ElementPlace _place;
   };
 
   explicit Scene(const std::string& name);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <vemo/base/Vector.h>
+#include <vemo/import/ElementPlace.h>
 #include <vemo/import/Export.h>
 #include <vemo/import/xml/Color.h>
 
@@ -20,6 +21,7 @@ class VEMO_IMPORT_EXPORT QxElement {
   struct Attribute {
     std::string value;
     mutable bool isRead = false;
+    mutable bool isUnused = false;
   };
   using Attributes = std::map<std::string, Attribute>;
   using Children = std::vector<std::unique_ptr<QxElement>>;
@@ -60,13 +62,16 @@ class VEMO_IMPORT_EXPORT QxElement {
   /// With its attributes and text.
   void markAllRead() const;
 
+  /// An attribute that the format has, but nothing here needs.
+  void markUnused(const std::string& attribute) const;
+
   /// The first child of that name, which counts as read; null when there is none.
   const QxElement* findChild(const std::string& name) const;
 
-  /// The line of the description on which the element starts; 0 for elements
-  /// created in code.
-  int getLine() const { return _line; }
-  void setLine(int line) { _line = line; }
+  /// Unknown for elements created in code.
+  const ElementPlace& getPlace() const { return _place; }
+  void setPlace(const ElementPlace& place) { _place = place; }
+  int getLine() const { return _place.line; }
 
   /// The stored value, which counts as read; null when the attribute is absent.
   const std::string* findAttribute(const std::string& name) const;
@@ -96,7 +101,7 @@ class VEMO_IMPORT_EXPORT QxElement {
   std::string _text;
   Attributes _attributes;
   Children _children;
-  int _line = 0;
+  ElementPlace _place;
   mutable bool _isRead = false;
   mutable bool _isTextRead = false;
   bool _hasText = false;

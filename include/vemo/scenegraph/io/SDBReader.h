@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -54,6 +55,14 @@ class VEMO_SCENEGRAPH_EXPORT SDBReader {
 
   /// Reads one array and checks it against its hash; throws like readNode.
   void checkArray(std::size_t array);
+
+  /// What is wrong with a record beyond the arrays that are known to be damaged.
+  struct CheckedRecord {
+    /// Null unless all of it is sound.
+    Ptr<Node> node;
+    std::vector<std::string> faults;
+  };
+  CheckedRecord checkRecord(std::size_t record, const std::set<std::size_t>& damagedArrays);
 
  private:
   class Database;

@@ -30,6 +30,12 @@ void Exception::setItemPath(const std::string& itemPath) {
   }
 }
 
+void Exception::setAttribute(const std::string& attribute) {
+  if (_attribute.empty()) {
+    _attribute = attribute;
+  }
+}
+
 void Exception::setLine(int line) {
   if (_line == 0) {
     _line = line;
@@ -37,7 +43,7 @@ void Exception::setLine(int line) {
 }
 
 std::string Exception::getPlace() const {
-  return describePlace(_itemPath, _line, _entry);
+  return describePlace(_itemPath, _line, _entry, _attribute);
 }
 
 }  // namespace vemo

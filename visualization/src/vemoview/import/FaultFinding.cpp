@@ -1,10 +1,10 @@
 #include <vemo/base/InternalError.h>
+#include <vemo/base/PrintableText.h>
 #include <vemo/import/Exception.h>
 #include <vemo/import/FaultFinding.h>
 
 #include <fmt/format.h>
 #include <string>
-#include <string_view>
 
 namespace vemo {
 
@@ -23,17 +23,6 @@ FindingCode codeOf(const Exception& exception) {
                                                                                : FindingCode::ENTRY_INVALID;
 }
 
-/// In one line.
-std::string withoutBreaks(std::string_view text) {
-  constexpr std::string_view BREAK = "<br>";
-  std::string result;
-  for (std::size_t at = 0; (at = text.find(BREAK)) != std::string_view::npos;) {
-    result.append(text.substr(0, at)).push_back(' ');
-    text.remove_prefix(at + BREAK.size());
-  }
-  return result.append(text);
-}
-
 }  // namespace
 
 std::string describe(const Exception& exception) {
@@ -45,15 +34,16 @@ std::string describe(const Exception& exception) {
 }
 
 Finding findingOf(const Exception& exception) {
-  return {codeOf(exception), withoutBreaks(describe(exception)), exception.getEntry(),
-          exception.getItemPath(), exception.getLine()};
+  return {codeOf(exception),    replaceBreaks(describe(exception), ' '),
+          exception.getEntry(), exception.getItemPath(),
+          exception.getLine(),  exception.getAttribute()};
 }
 
 Finding findingOf(const Error& error) {
   const Properties& place = error.getProperties();
   const std::string& line = place.get("sceneLine");
-  return {FindingCode::ITEM_INVALID, withoutBreaks(error.getMessage()), place.get("entry"),
-          place.get("itemPath"), line.empty() ? 0 : std::stoi(line)};
+  return {FindingCode::ITEM_INVALID, replaceBreaks(error.getMessage(), ' '), place.get("entry"),
+          place.get("itemPath"),     line.empty() ? 0 : std::stoi(line),     place.get("attribute")};
 }
 
 }  // namespace vemo

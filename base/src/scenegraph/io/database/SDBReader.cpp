@@ -67,6 +67,24 @@ class SDBReader::Database {
     return root;
   }
 
+  /// Null for a record that uses one of the damaged chunks.
+  Ptr<Node> checkRecord(std::size_t record, const std::set<std::size_t>& damaged,
+                        std::vector<std::string>& faults) {
+    io::ArrayBinder binder;
+    io::GraphDecoder decoder(_index.getTables(), binder, NO_SESSION);
+    const Ptr<Node> root = decoder.decode(_index.getRecords()[record].graph);
+    bool isWhole = true;
+    for (const std::size_t chunk : binder.getExpected()) {
+      if (damaged.contains(chunk)) {
+        isWhole = false;
+      } else if (const std::string fault = binder.provide(chunk, *readChunk(chunk, nullptr));
+                 !fault.empty()) {
+        faults.push_back(fault);
+      }
+    }
+    return isWhole && faults.empty() ? root : nullptr;
+  }
+
   void checkChunk(std::size_t chunk) {
     atChunk(chunk, [this](const io::ChunkRow& row) { io::checkArray(_source, row); });
   }
@@ -135,6 +153,22 @@ Ptr<Node> SDBReader::readNode(std::size_t record, int sessionId, ArrayPool* pool
   VEMO_REQUIRE(record < _records.size(), "No such record " + std::to_string(record));
   return at([&] { return fmt::format("{}: Record {}", _path, record); },
             [&] { return _database->readNode(record, sessionId, pool); });
+}
+
+SDBReader::CheckedRecord SDBReader::checkRecord(std::size_t record,
+                                                const std::set<std::size_t>& damagedArrays) {
+  VEMO_REQUIRE(record < _records.size(), "No such record " + std::to_string(record));
+  CheckedRecord checked;
+  std::vector<std::string> faults;
+  try {
+    checked.node = _database->checkRecord(record, damagedArrays, faults);
+  } catch (const io::FileError& error) {
+    faults.emplace_back(error.what());
+  }
+  for (const std::string& fault : faults) {
+    checked.faults.push_back(fmt::format("{}: Record {}: {}", _path, record, fault));
+  }
+  return checked;
 }
 
 void SDBReader::checkArray(std::size_t array) {

@@ -15,6 +15,12 @@ constexpr int RAW = 1;
 /// Stored, deflated, bzip2: minizip rejects entries of other methods.
 constexpr std::uint64_t METHODS_OF_MINIZIP[] = {0, 8, 12};
 
+/// Of an entry's row in the directory, before its name, extra field and comment
+/// (APPNOTE.TXT, section 4.3.12).
+constexpr std::uint64_t DIRECTORY_ROW_SIZE = 46;
+using Signature = std::array<unsigned char, 4>;
+constexpr Signature DIRECTORY_ROW_SIGNATURE = {'P', 'K', 1, 2};
+
 /// Of an entry's local header, before its name and extra field (APPNOTE.TXT, section 4.3.7).
 using LocalHeader = std::array<unsigned char, 30>;
 constexpr unsigned char LOCAL_HEADER_SIGNATURE[] = {'P', 'K', 3, 4};
@@ -53,6 +59,15 @@ long ArchiveFile::seek(voidpf archive, voidpf stream, ZPOS64_T offset, int origi
     static_cast<ArchiveFile*>(archive)->_position = offset;
   }
   return fseeko(static_cast<std::FILE*>(stream), static_cast<off_t>(offset), origin);
+}
+
+bool ArchiveFile::hasRowBehind(const unz_file_info64& row) {
+  const std::uint64_t size =
+      DIRECTORY_ROW_SIZE + row.size_filename + row.size_file_extra + row.size_file_comment;
+  Signature found{};
+  return seek(this, _stream, _position + size, SEEK_SET) == 0 &&
+         std::fread(found.data(), 1, found.size(), _stream) == found.size() &&
+         found == DIRECTORY_ROW_SIGNATURE;
 }
 
 std::optional<CompressedBlocks> ArchiveFile::openEntry(std::uint64_t method, std::uint64_t size) {

@@ -42,10 +42,10 @@ Array_t<unsigned char> ArchiveReader::readEntry(const std::string& entryName) {
     failAt<IOException>("Requested non-existent entry '" + entryName + "'.<br>Your file may be corrupt.",
                         entryName);
   }
+  _used.insert(entryName);
   if (!_archive.isSizePossible(entryName)) {
     failIncomplete(entryName);
   }
-  _used.insert(entryName);
   countBytesRead(size, entryName);
   // Not set to zero beforehand: the archive does so with what it does not fill.
   std::unique_ptr<unsigned char[]> block(new (std::nothrow) unsigned char[static_cast<std::size_t>(size)]);

@@ -71,6 +71,14 @@ void ZipFileReader::indexEntries() {
     }
     _entries.push_back(readDirectoryEntry());
   }
+  _isMiscounted = !_entries.empty() && hasFurtherEntries();
+}
+
+bool ZipFileReader::hasFurtherEntries() const {
+  unz_file_info64 last;
+  return unzGetCurrentFileInfo64(_archive->getHandle(), &last, nullptr, 0, nullptr, 0, nullptr, 0) ==
+             UNZ_OK &&
+         _archive->hasRowBehind(last);
 }
 
 ZipFileReader::Entry ZipFileReader::readDirectoryEntry() const {

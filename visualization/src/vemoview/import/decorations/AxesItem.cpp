@@ -80,9 +80,7 @@ vtkTextActor* AxesItem::getLabel(int axis) {
 
 void AxesItem::read(const QxElement& element, SceneFileReader* reader) {
   readAxes(element, reader);
-  if (!getName().empty()) {
-    ValueReader(element, reader, OnBadValue::FAIL).reportWithoutEffect("name");
-  }
+  element.markUnused("name");
   // The triad shows how the model is turned.
   const ValueReader values(element, reader, OnBadValue::FAIL);
   const AxesItem unturned("");

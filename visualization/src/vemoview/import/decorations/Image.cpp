@@ -104,8 +104,10 @@ void Image::read(const QxElement& element, SceneFileReader* reader) {
   if (element.findAttribute(PixelSource::XML_ATTRIB_PIXELS) != nullptr) {
     VEMO_REQUIRE(reader, "SceneFileReadable can't be NULL for this object");
     PixelSource source;
-    PixelSource::KEYS.read(source, element, reader);
-    readPixels(source, *reader);
+    if (PixelSource::KEYS.read(source, element, reader)) {
+      const ReadingContext::AttributeScope scope(reader, PixelSource::XML_ATTRIB_PIXELS);
+      readPixels(source, *reader);
+    }
   }
 }
 

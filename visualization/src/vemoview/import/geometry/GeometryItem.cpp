@@ -165,14 +165,17 @@ void GeometryItem::read(const QxElement& element, SceneFileReader* reader) {
 }
 
 void GeometryItem::readImpl(const QxElement& element, SceneFileReader* reader) {
-  if (!reader->attempt([&] { GeometrySettings::KEYS.read(_settings, element, reader); })) {
-    element.markAllRead();
-  }
+  GeometrySettings::KEYS.read(_settings, element, reader);
   reportSettingsOutOfRange(*reader);
   setLineWidth(_settings.lineWidth);
   readGeometry(element, *reader);
   _geometryType = determineType();
+  GeometrySettings::KEYS.markInapplicable(element, _geometryType);
   reportUnused(ValueReader(element, reader, OnBadValue::FAIL));
+  if (_geometryType == SURFACE && !_settings.showEdges && element.findAttribute("showFaces") == nullptr) {
+    reader->report(FindingCode::HIDDEN_BY_DEFAULT,
+                   "The surface is hidden: it states neither faces nor edges");
+  }
   if (_geometryType == SURFACE) {
     computeNormals();
   }
@@ -192,6 +195,10 @@ void GeometryItem::reportSettingsOutOfRange(SceneFileReader& reader) const {
   }
   if (_settings.pointScaleMode < 0 || _settings.pointScaleMode > 2) {
     report(_settings.pointScaleMode, "pointScaleMode", "counts as 0");
+  }
+  if (const auto& sizes = _settings.pointScaleScalarMapTo;
+      sizes && std::min((*sizes)[0], (*sizes)[1]) < 0.0) {
+    report(std::min((*sizes)[0], (*sizes)[1]), "pointScaleScalarMapTo", "is drawn as the smallest size");
   }
   const double width = _settings.lineWidth;
   for (const auto& [key, value, greatest] :
@@ -214,7 +221,6 @@ void GeometryItem::reportSettingsOutOfRange(SceneFileReader& reader) const {
 
 /// What the element states, but neither the scene graph nor VTK has a use for.
 void GeometryItem::reportUnused(const ValueReader& values) const {
-  GeometrySettings::KEYS.reportInapplicable(values, _geometryType);
   for (const auto& [key, range] : {std::pair("pointScaleScalarRange", &_settings.pointScaleScalarRange),
                                    std::pair("pointScaleScalarMapTo", &_settings.pointScaleScalarMapTo)}) {
     if (*range && (**range)[2] != 0.0) {
@@ -227,29 +233,36 @@ void GeometryItem::readGeometry(const QxElement& element, SceneFileReader& reade
   GeometryEntries entries;
   GeometryEntries::KEYS.read(entries, element, &reader);
   PolyDataReader data(*_polydata, reader, reader);
-  reader.attempt([&] { data.readPoints(entries.points.value_or("")); });
+  reader.attempt([&] {
+    const ReadingContext::AttributeScope scope(&reader, "points");
+    data.readPoints(entries.points.value_or(""));
+  });
   for (const auto& [entry, kind] :
        {std::pair(&entries.verts, CellKind::VERTS), std::pair(&entries.lines, CellKind::LINES),
         std::pair(&entries.strips, CellKind::STRIPS), std::pair(&entries.polys, CellKind::POLYS)}) {
     if (*entry) {
-      reader.attempt([&, place = kind, name = **entry] { data.readCells(place, name); });
+      reader.attempt([&, place = kind, name = **entry] {
+        const ReadingContext::AttributeScope scope(&reader, traitsOf(place).name);
+        data.readCells(place, name);
+      });
     }
   }
   VEMO_LOG_INFO("GeometryItem::read: " << element.getChildren().size() << " children detected");
   for (const auto& child : element.getChildren()) {
     if (child->getName() == GeometryArray::XML_ENTITY) {
       child->markRead();
-      const ReadingContext::ItemScope scope(&reader, pathName(*child), child->getLine());
+      const ReadingContext::ItemScope scope(&reader, pathName(*child), child->getPlace());
       reader.attempt([&, &element = *child] {
         GeometryArray array;
-        GeometryArray::KEYS.read(array, element, &reader);
-        data.readArray(array);
+        if (GeometryArray::KEYS.read(array, element, &reader)) {
+          data.readArray(array);
+        }
       });
     }
   }
   const GeometryType listed = typeOf(data.hasListed(CellKind::POLYS) || data.hasListed(CellKind::STRIPS),
                                      data.hasListed(CellKind::LINES));
-  if (listed != determineType()) {
+  if (data.hasAllCells() && listed != determineType()) {
     reader.report(FindingCode::GEOMETRY_TYPE_CHANGED,
                   std::string("The geometry is drawn as ") + TYPE_NAMES[determineType()] + " instead of " +
                       TYPE_NAMES[listed] + ": all cells of that type are left out");

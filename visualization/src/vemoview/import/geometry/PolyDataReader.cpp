@@ -26,6 +26,7 @@ namespace vemo {
 namespace {
 
 constexpr int COORDINATES = 3;
+constexpr const char* DATA_KEY = "data";
 /// An array without values could claim any number of components.
 constexpr int MAX_COMPONENTS_WITHOUT_VALUES = 256;
 
@@ -68,10 +69,15 @@ void PolyDataReader::readPoints(const std::string& entry) {
   reportCutOff(values.count(), COORDINATES, entry);
   points->SetData(adopt(std::move(values), COORDINATES));
   _polyData.SetPoints(points);
+  _hasPoints = true;
 }
 
 void PolyDataReader::readCells(CellKind kind, const std::string& entry) {
+  const bool hadAllCells = std::exchange(_hasAllCells, false);
   ArrayOwner<int> list(_archive.readIntBuffer(entry));
+  if (!_hasPoints) {
+    return;
+  }
   const int size = list.count();
   const vtkIdType pointCount = _polyData.GetNumberOfPoints();
   ImportedCells& imported = _cells[indexOf(kind)];
@@ -87,6 +93,7 @@ void PolyDataReader::readCells(CellKind kind, const std::string& entry) {
                     entry);
   }
   traitsOf(kind).set(_polyData, imported.cells);
+  _hasAllCells = hadAllCells;
 }
 
 vtkIdType PolyDataReader::listedCells() const {
@@ -94,11 +101,20 @@ vtkIdType PolyDataReader::listedCells() const {
                          [](vtkIdType sum, const ImportedCells& imported) { return sum + imported.listed; });
 }
 
+ArrayOwner<float> PolyDataReader::readData(const std::string& entry) {
+  const ReadingContext::AttributeScope scope(&_context, DATA_KEY);
+  return ArrayOwner<float>(_archive.readFloatBuffer(entry));
+}
+
 vtkSmartPointer<vtkFloatArray> PolyDataReader::readValues(const GeometryArray& array,
                                                           vtkIdType tuplesExpected, const char* places) {
   const std::string entry = array.entry.value_or("");
   const int components = array.components;
-  ArrayOwner<float> values(_archive.readFloatBuffer(entry));
+  ArrayOwner<float> values = readData(entry);
+  // Without all points or cells, an array would only seem not to fit.
+  if (!(array.isOfPoints ? _hasPoints : _hasAllCells)) {
+    return nullptr;
+  }
   const auto leaveOut = [&](const std::string& reason) {
     _context.report(FindingCode::ARRAY_LEFT_OUT, "The array \"" + array.name + "\" is left out: " + reason,
                     entry);
@@ -113,7 +129,10 @@ vtkSmartPointer<vtkFloatArray> PolyDataReader::readValues(const GeometryArray& a
     return leaveOut("it has " + std::to_string(tuples) + " values for " + std::to_string(tuplesExpected) +
                     " " + places);
   }
-  reportCutOff(values.count(), components, entry);
+  {
+    const ReadingContext::AttributeScope scope(&_context, DATA_KEY);
+    reportCutOff(values.count(), components, entry);
+  }
   if (components == COORDINATES && tuples > 0) {
     _context.report(FindingCode::ARRAY_MAGNITUDE,
                     "The vectors of the array \"" + array.name + "\" are replaced by their lengths", entry);

@@ -39,6 +39,9 @@ class VEMO_IMPORT_EXPORT PolyDataReader {
   /// Whether there were cells of that kind, be it such as were left out.
   bool hasListed(CellKind kind) const { return _cells[indexOf(kind)].listed > 0; }
 
+  /// Whether the cells of all kinds could be read. Without points none can be.
+  bool hasAllCells() const { return _hasAllCells; }
+
   /// Triples are stored as their lengths. An array that does not fit the points
   /// or cells is left out with a warning; the rows of cells that were left out
   /// are too. Of one name over the same places the last array is kept.
@@ -47,6 +50,7 @@ class VEMO_IMPORT_EXPORT PolyDataReader {
  private:
   vtkSmartPointer<vtkFloatArray> readValues(const GeometryArray& array, vtkIdType tuplesExpected,
                                             const char* places);
+  ArrayOwner<float> readData(const std::string& entry);
   vtkIdType listedCells() const;
   void reportCutOff(vtkIdType values, int components, const std::string& entry);
   void addArray(vtkFieldData& data, vtkFloatArray& values, const GeometryArray& array);
@@ -57,6 +61,8 @@ class VEMO_IMPORT_EXPORT PolyDataReader {
   ReadingContext& _context;
   /// By kind.
   std::array<ImportedCells, CELL_KINDS.size()> _cells;
+  bool _hasPoints = false;
+  bool _hasAllCells = true;
 };
 
 }  // namespace vemo

@@ -1,5 +1,7 @@
 #include "vemoview/common/VtkForms.h"
+#include "vemoview/import/reading/DescriptionWalk.h"
 #include "vemoview/import/reading/KeyTable.h"
+#include "vemoview/import/reading/SceneFileReader.h"
 #include "vemoview/import/reading/ValueForms.h"
 #include <vemo/import/items/Colormap.h>
 #include <vemo/import/xml/QxElement.h>
@@ -38,12 +40,14 @@ void Colormap::readImpl(const QxElement& element, SceneFileReader* reader) {
   _colors.clear();
   for (const auto& child : element.getChildren()) {
     child->markRead();
+    const ReadingContext::ItemScope scope(reader, pathName(*child), child->getPlace());
     const std::string& text = child->getText();
     _colors.push_back(Color::parse(text));
-    if (child->hasReplacedText()) {
-      reportUnreadable(reader, text, "a colour", "only the last part of its text", valueText(_colors.back()));
-    } else if (!COLOR_FORM.matches(text)) {
-      reportUnreadable(reader, text, "a colour", COLOR_FORM.flaw, valueText(_colors.back()));
+    const char* const flaw = child->hasReplacedText()    ? "only the last part of its text"
+                             : !COLOR_FORM.matches(text) ? COLOR_FORM.flaw
+                                                         : nullptr;
+    if (flaw != nullptr) {
+      reportUnreadable(reader, text, "a colour", flaw, valueText(_colors.back()), TEXT_NAME);
     }
   }
 }

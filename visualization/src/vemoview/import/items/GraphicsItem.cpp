@@ -36,7 +36,8 @@ void GraphicsItem::readImpl(const QxElement& element, SceneFileReader* reader) {
   if (_visibility > VISIBILITY_THRESHOLD && _visibility < 1.0 && !isVisibilityOpacity() &&
       reader != nullptr) {
     reader->report(FindingCode::VISIBILITY_PARTIAL,
-                   fmt::format("The visibility {:g} counts as 1: the item is not translucent", _visibility));
+                   fmt::format("The visibility {:g} counts as 1: the item is not translucent", _visibility),
+                   {}, XML_ATTRIB_VISIBILITY);
   }
   if ((_visibility < 0.0 || _visibility > 1.0) && reader != nullptr) {
     reader->report(FindingCode::VALUE_UNREADABLE,

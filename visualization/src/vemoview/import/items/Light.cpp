@@ -1,6 +1,10 @@
 #include "vemoview/import/reading/KeyTable.h"
+#include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/import/items/Light.h>
+#include <vemo/import/xml/QxElement.h>
 #include <vemo/scenegraph/canvas/LightingAttributes.h>
+
+#include <fmt/format.h>
 
 namespace vemo {
 
@@ -15,6 +19,16 @@ Light::~Light() = default;
 
 void Light::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement(*this, element, reader);
+  if (reader == nullptr) {
+    return;
+  }
+  if (element.findAttribute("intensity") == nullptr) {
+    reader->report(FindingCode::HIDDEN_BY_DEFAULT, "The light is dark: it states no intensity");
+  } else if (_intensity < 0.0) {
+    reader->report(FindingCode::VALUE_UNREADABLE,
+                   fmt::format("The intensity {:g} is below 0: the light darkens", _intensity), {},
+                   "intensity");
+  }
 }
 
 void Light::convertTo(lum::Light& light) const {

@@ -13,6 +13,9 @@ RepeatTransform::~RepeatTransform() = default;
 
 void RepeatTransform::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement(*this, element, reader);
+  if (reader != nullptr && element.findAttribute("nRepeats") == nullptr) {
+    reader->report(FindingCode::TRANSFORM_UNUSABLE, "The repeat states no number: nothing is repeated");
+  }
 }
 
 void RepeatTransform::apply(lum::Transform& target) const {

@@ -22,8 +22,13 @@ void SceneItem::read(const QxElement& element, SceneFileReader* reader) {
 
 void SceneItem::readImpl(const QxElement& element, SceneFileReader* reader) {
   _kind = element.getName();
-  _line = element.getLine();
+  _place = element.getPlace();
   KEYS.read(*this, element, reader);
+}
+
+std::string SceneItem::statedName(const QxElement& element) {
+  const auto name = element.getAttributes().find(XML_ATTRIB_NAME);
+  return name != element.getAttributes().end() ? name->second.value : std::string();
 }
 
 const std::string& SceneItem::pathName(const QxElement& element) {

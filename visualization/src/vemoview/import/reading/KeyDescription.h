@@ -31,7 +31,7 @@ struct KeyDescription {
   std::string defaultText;
   /// The names of an enumeration's values, in order; the last one is empty.
   const std::string* words = nullptr;
-  /// What the key says has no place in a scene graph.
+  /// What the key says has no place in a scene graph, which misses nothing.
   bool isWithoutEffect = false;
   /// Colours: nothing is as translucent as the alpha says.
   bool isAlphaUnused = false;

@@ -2,6 +2,7 @@
 
 #include "vemoview/import/reading/ElementVersion.h"
 #include "vemoview/import/reading/KeyDescription.h"
+#include "vemoview/import/reading/SceneFileReader.h"
 #include "vemoview/import/reading/ValueReader.h"
 #include <vemo/import/reading/Readable.h>
 
@@ -36,8 +37,7 @@ struct Key : KeyDescription {
     whyNotAllowed = reason;
     return std::move(*this);
   }
-  /// The new generation has no place for it. Where the key does not state the
-  /// default, a finding says so.
+  /// The new generation has no place for it, and misses nothing without it.
   Key withoutEffect() && {
     isWithoutEffect = true;
     return std::move(*this);
@@ -128,24 +128,26 @@ class KeyTable {
                     int newestVersion = 1)
       : _keys(std::move(keys)), _onBadValue(onBadValue), _newestVersion(newestVersion) {}
 
-  /// Reads the keys.
-  void read(Item& item, const QxElement& element, SceneFileReader* reader) const {
-    read(item, ValueReader(element, reader, _onBadValue));
+  /// Reads the keys, each in an attempt of its own. Returns whether none failed.
+  bool read(Item& item, const QxElement& element, SceneFileReader* reader) const {
+    return read(item, ValueReader(element, reader, _onBadValue));
   }
-  void read(Item& item, const ValueReader& values) const {
+  bool read(Item& item, const ValueReader& values) const {
+    bool isSound = true;
     for (const Key<Item>& key : _keys) {
       if (key.isWithoutEffect) {
-        values.reportWithoutEffect(key, key.printDefault(item, key));
+        values.getElement().markUnused(key.name);
       }
-      key.read(item, values, key);
+      isSound = attempt(values.getReader(), [&] { key.read(item, values, key); }) && isSound;
     }
+    return isSound;
   }
 
-  /// Reports the keys of the element that items of this type do not use.
-  void reportInapplicable(const ValueReader& values, int itemType) const {
+  /// Marks the keys of the element that items of this type do not use.
+  void markInapplicable(const QxElement& element, int itemType) const {
     for (const Key<Item>& key : _keys) {
       if ((key.appliesTo & 1U << static_cast<unsigned>(itemType)) == 0) {
-        values.reportInapplicable(key);
+        element.markUnused(key.name);
       }
     }
   }

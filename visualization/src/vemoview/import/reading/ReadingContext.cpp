@@ -43,10 +43,11 @@ void ReadingContext::extendPath(std::string& path, const std::string& part) {
   }
 }
 
-ReadingContext::ItemScope::ItemScope(ReadingContext* context, const std::string& name, int line)
+ReadingContext::ItemScope::ItemScope(ReadingContext* context, const std::string& name,
+                                     const ElementPlace& place)
     : _context(context), _exceptions(std::uncaught_exceptions()) {
   if (_context != nullptr) {
-    _context->_items.push_back({pathPart(name), line});
+    _context->_items.push_back({pathPart(name), place});
     _context->_failure = {};
   }
 }
@@ -55,11 +56,31 @@ ReadingContext::ItemScope::~ItemScope() {
   if (_context == nullptr) {
     return;
   }
-  // The innermost scope goes first: its place is the exception's.
-  if (std::uncaught_exceptions() > _exceptions && _context->_failure.itemPath.empty()) {
-    _context->_failure = _context->getPlace();
-  }
+  _context->noteFailure(_exceptions);
   _context->_items.pop_back();
+}
+
+ReadingContext::AttributeScope::AttributeScope(ReadingContext* context, std::string_view attribute)
+    : _context(context != nullptr && !context->_items.empty() ? context : nullptr),
+      _exceptions(std::uncaught_exceptions()) {
+  if (_context != nullptr) {
+    _context->_items.back().attribute = attribute;
+    _context->_failure = {};
+  }
+}
+
+ReadingContext::AttributeScope::~AttributeScope() {
+  if (_context != nullptr) {
+    _context->noteFailure(_exceptions);
+    _context->_items.back().attribute = {};
+  }
+}
+
+void ReadingContext::noteFailure(int formerExceptions) {
+  // The innermost scope goes first: its place is the exception's.
+  if (std::uncaught_exceptions() > formerExceptions && _failure.itemPath.empty()) {
+    _failure = getPlace();
+  }
 }
 
 std::string ReadingContext::getItemPath() const {
@@ -71,34 +92,49 @@ std::string ReadingContext::getItemPath() const {
 }
 
 ReadingContext::Place ReadingContext::getPlace() const {
-  return {getItemPath(), _items.empty() ? 0 : _items.back().line};
+  if (_items.empty()) {
+    return {};
+  }
+  const Item& item = _items.back();
+  return {getItemPath(), item.element, std::string(item.attribute)};
+}
+
+ReadingContext::Place ReadingContext::getFailurePlace() const {
+  return _failure.itemPath.empty() ? getPlace() : _failure;
 }
 
 void ReadingContext::addPlaceTo(Exception& exception) const {
-  const Place place = _failure.itemPath.empty() ? getPlace() : _failure;
+  const Place place = getFailurePlace();
   exception.setItemPath(place.itemPath);
+  exception.setAttribute(place.attribute);
   // A line in hand is one of the entry that was being parsed.
-  exception.setLine(place.line);
+  exception.setLine(place.element.line);
 }
 
 void ReadingContext::addPlaceTo(Error& error) const {
-  const Place place = _failure.itemPath.empty() ? getPlace() : _failure;
+  const Place place = getFailurePlace();
   if (error.getProperties().get("itemPath").empty()) {
     error.getProperties().set("itemPath", place.itemPath);
-    error.getProperties().set("sceneLine", std::to_string(place.line));
+    error.getProperties().set("attribute", place.attribute);
+    error.getProperties().set("sceneLine", std::to_string(place.element.line));
   }
 }
 
 void ReadingContext::report(FindingCode code, const std::string& text, const std::string& entry,
                             const std::string& attribute) {
+  // No exception is on its way out: one that was thrown has been dealt with.
+  _failure = {};
   const Place place = getPlace();
-  report({code, text, entry, place.itemPath, place.line, attribute});
+  report({code, text, entry, place.itemPath, place.element.line,
+          attribute.empty() ? place.attribute : attribute, place.element.number});
 }
 
 void ReadingContext::report(Finding finding) {
-  std::size_t& count = _counts[finding.code];
-  ++count;
-  if (count > MAX_FINDINGS && !_collectsFaults) {
+  const std::size_t count = ++_counts[finding.code];
+  if (count > MAX_FINDINGS && !_reportsAll) {
+    if (_collectsFaults) {
+      _findings.push_back(std::move(finding));
+    }
     if (count > MAX_FINDINGS + 1) {
       return;
     }
@@ -108,15 +144,32 @@ void ReadingContext::report(Finding finding) {
   Findings::getSingleton().report(_findings.back());
 }
 
-void ReadingContext::reportCurrentException() {
+void ReadingContext::keepFault(Finding fault) {
+  if (++_faultCount == 1) {
+    _firstFault = std::current_exception();
+  }
+  fault.element = getFailurePlace().element.number;
+  _findings.push_back(std::move(fault));
+  if (_reportsAll) {
+    Findings::getSingleton().report(_findings.back());
+  }
+}
+
+void ReadingContext::throwFirstFault() const {
+  if (_firstFault) {
+    std::rethrow_exception(_firstFault);
+  }
+}
+
+void ReadingContext::keepCurrentException() {
   try {
     throw;
   } catch (Exception& exception) {
     addPlaceTo(exception);
-    report(findingOf(exception));
+    keepFault(findingOf(exception));
   } catch (Error& error) {
     addPlaceTo(error);
-    report(findingOf(error));
+    keepFault(findingOf(error));
   }
 }
 

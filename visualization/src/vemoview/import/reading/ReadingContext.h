@@ -1,17 +1,19 @@
 #pragma once
 
+#include <vemo/base/InternalError.h>
+#include <vemo/import/ElementPlace.h>
+#include <vemo/import/Exception.h>
 #include <vemo/import/Export.h>
 #include <vemo/scenegraph/Finding.h>
 
 #include <cstddef>
+#include <exception>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vemo {
-
-class Error;
-class Exception;
 
 /// Which item of a scene is being read or converted, and what was found: errors
 /// and findings name the item.
@@ -21,14 +23,27 @@ class VEMO_IMPORT_EXPORT ReadingContext {
   static constexpr std::size_t MAX_FINDINGS = 1000;
 
   /// Marks an item as being read or converted, from construction to destruction:
-  /// `const ReadingContext::ItemScope scope(context, element.getName(), element.getLine());`
+  /// `const ReadingContext::ItemScope scope(context, element.getName(), element.getPlace());`
   /// A null context is accepted.
   class VEMO_IMPORT_EXPORT ItemScope {
    public:
-    ItemScope(ReadingContext* context, const std::string& name, int line = 0);
+    ItemScope(ReadingContext* context, const std::string& name, const ElementPlace& place = {});
     ~ItemScope();
     ItemScope(const ItemScope&) = delete;
     ItemScope& operator=(const ItemScope&) = delete;
+
+   private:
+    ReadingContext* _context;
+    int _exceptions;
+  };
+
+  /// Marks an attribute of the item as being read; it must outlive the scope.
+  class VEMO_IMPORT_EXPORT AttributeScope {
+   public:
+    AttributeScope(ReadingContext* context, std::string_view attribute);
+    ~AttributeScope();
+    AttributeScope(const AttributeScope&) = delete;
+    AttributeScope& operator=(const AttributeScope&) = delete;
 
    private:
     ReadingContext* _context;
@@ -45,11 +60,16 @@ class VEMO_IMPORT_EXPORT ReadingContext {
   /// stands for all further parts.
   static void extendPath(std::string& path, const std::string& part);
 
-  /// From now on, what is attempted reports its failures and goes on, and all
+  /// From now on, what is attempted keeps its failures and goes on, and all
   /// findings are kept.
   void collectFaults() { _collectsFaults = true; }
+  /// From now on, failures and all findings of a kind are handed to the sink, too.
+  void reportAll() { _reportsAll = true; }
+  std::size_t countFaults() const { return _faultCount; }
+  /// Throws the first failure that was kept, if there is one.
+  void throwFirstFault() const;
 
-  /// Calls the function. A failure in the file is thrown, or reported, with the
+  /// Calls the function. A failure in the file is thrown, or kept, with the
   /// item that it happened in. Returns whether there was none.
   template <class Function>
   bool attempt(Function&& function) {
@@ -61,17 +81,32 @@ class VEMO_IMPORT_EXPORT ReadingContext {
       function();
       return true;
     } catch (...) {
-      reportCurrentException();
+      keepCurrentException();
       return false;
     }
   }
 
+  /// Calls the function. Failures are thrown with the item that they happened in.
+  template <class Function>
+  void namingFailures(Function&& function) {
+    try {
+      function();
+    } catch (Exception& exception) {
+      addPlaceTo(exception);
+      throw;
+    } catch (Error& error) {
+      addPlaceTo(error);
+      throw;
+    }
+  }
+
   /// Adds the item that was being read when an exception was thrown (to an Error
-  /// as properties "itemPath" and "sceneLine").
+  /// as properties "itemPath", "sceneLine" and "attribute").
   void addPlaceTo(Exception& exception) const;
   void addPlaceTo(Error& error) const;
 
-  /// Keeps the finding, with the item being read, and reports it.
+  /// Keeps the finding, with the item being read, and hands it to the sink. The
+  /// attribute is the one being read unless it is given.
   void report(FindingCode code, const std::string& text, const std::string& entry = {},
               const std::string& attribute = {});
   /// The same for another place.
@@ -81,21 +116,32 @@ class VEMO_IMPORT_EXPORT ReadingContext {
  private:
   struct Item {
     std::string name;
-    int line;
+    ElementPlace element;
+    /// Empty unless one is being read.
+    std::string_view attribute{};
   };
   struct Place {
     std::string itemPath;
-    int line = 0;
+    ElementPlace element;
+    std::string attribute;
   };
 
   Place getPlace() const;
+  /// Where an exception is thrown that leaves a scope: the innermost one's place counts.
+  void noteFailure(int formerExceptions);
+  /// Where an exception was thrown that is on its way out.
+  Place getFailurePlace() const;
   /// Throws it again if it is not about the file.
-  void reportCurrentException();
+  void keepCurrentException();
+  void keepFault(Finding fault);
 
   std::vector<Item> _items;
   /// Where the exception was thrown that is unwinding the items.
   Place _failure;
   bool _collectsFaults = false;
+  bool _reportsAll = false;
+  std::exception_ptr _firstFault;
+  std::size_t _faultCount = 0;
   std::vector<Finding> _findings;
   std::map<FindingCode, std::size_t> _counts;
 };
@@ -108,6 +154,11 @@ bool attempt(ReadingContext* context, Function&& function) {
   }
   function();
   return true;
+}
+
+/// 0 without a context.
+inline std::size_t countFaults(const ReadingContext* context) {
+  return context != nullptr ? context->countFaults() : 0;
 }
 
 /// For conversion, which a host may start without a context: the finding then

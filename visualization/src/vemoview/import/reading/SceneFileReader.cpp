@@ -1,5 +1,6 @@
 #include "vemoview/import/reading/SceneFileReader.h"
 
+#include "vemoview/import/reading/DescriptionWalk.h"
 #include "vemoview/import/xml/XmlParser.h"
 #include <vemo/import/xml/QxElement.h>
 
@@ -23,6 +24,17 @@ std::unique_ptr<QxElement> SceneFileReader::readXml(const std::string& entryName
            "The description refers to declarations outside of it, which are not read", entryName);
   }
   return std::move(document.root);
+}
+
+void SceneFileReader::excuseEntriesOf(const QxElement& element) {
+  walkDescription(element, [this](const PlacedElement& place) {
+    for (const auto& [name, attribute] : place.element->getAttributes()) {
+      if (getArchive().getSize(attribute.value) >= 0) {
+        _excused.insert(attribute.value);
+      }
+    }
+    return true;
+  });
 }
 
 void SceneFileReader::reportFlaws(const ZipFileReader::ContentFlaws& flaws, const std::string& entryName) {

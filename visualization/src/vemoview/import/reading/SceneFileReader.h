@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <set>
 #include <string>
 
 namespace vemo {
@@ -43,6 +44,10 @@ class VEMO_IMPORT_EXPORT SceneFileReader : public ArchiveReader, public ReadingC
   /// Null unless it is kept and could be read.
   const QxElement* getDescription() const { return _description.get(); }
 
+  /// What the element names is not without use, though it was not read.
+  void excuseEntriesOf(const QxElement& element);
+  bool isExcused(const std::string& entryName) const { return _excused.contains(entryName); }
+
   /// Reads the whole scene into a new Scene, which the result holds from the
   /// start: also, partly filled, when an exception follows. Defined with the
   /// Scene: nothing else here depends on the items.
@@ -50,11 +55,11 @@ class VEMO_IMPORT_EXPORT SceneFileReader : public ArchiveReader, public ReadingC
 
  private:
   void readItems(Scene& scene);
-  void readItemsNamingFailures(Scene& scene);
   void reportFlaws(const ZipFileReader::ContentFlaws& flaws, const std::string& entryName) override;
 
   bool _keepsDescription = false;
   std::unique_ptr<QxElement> _description;
+  std::set<std::string> _excused;
 };
 
 }  // namespace vemo

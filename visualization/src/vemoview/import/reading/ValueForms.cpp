@@ -74,10 +74,12 @@ std::string quotedUnlessLong(const std::string& text) {
 }
 
 void reportUnreadable(SceneFileReader* reader, const std::string& text, const std::string& place,
-                      const char* flaw, const std::string& meaning) {
+                      const char* flaw, const std::string& meaning, const std::string& attribute) {
   if (reader != nullptr) {
-    reader->report(FindingCode::VALUE_UNREADABLE, "The value " + quotedUnlessLong(text) + " of " + place +
-                                                      " is " + flaw + ": it counts as " + meaning);
+    reader->report(
+        FindingCode::VALUE_UNREADABLE,
+        "The value " + quotedUnlessLong(text) + " of " + place + " is " + flaw + ": it counts as " + meaning,
+        {}, attribute);
   }
 }
 

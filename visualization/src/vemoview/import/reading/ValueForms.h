@@ -31,7 +31,8 @@ std::string quotedUnlessLong(const std::string& text);
 /// null.
 /// @param place as "\"x\" of \"position\""
 /// @param meaning what it was read as
+/// @param attribute that the text is of
 void reportUnreadable(SceneFileReader* reader, const std::string& text, const std::string& place,
-                      const char* flaw, const std::string& meaning);
+                      const char* flaw, const std::string& meaning, const std::string& attribute);
 
 }  // namespace vemo

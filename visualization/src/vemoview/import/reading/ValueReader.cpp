@@ -1,5 +1,6 @@
 #include "vemoview/import/reading/ValueReader.h"
 
+#include "vemoview/import/reading/DescriptionWalk.h"
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/SceneFileReader.h"
 #include "vemoview/import/reading/ValueForms.h"
@@ -39,15 +40,25 @@ ValueReader::ValueReader(const QxElement& element, SceneFileReader* reader, OnBa
     : _element(element), _reader(reader), _onBadValue(onBadValue) {}
 
 void ValueReader::warnIgnored(const KeyDescription& key, const std::string& reason) const {
+  const std::string* const value = _element.findAttribute(key.name);
+  report(FindingCode::VALUE_IGNORED,
+         (value != nullptr ? "The value " + quotedUnlessLong(*value) + " of " + inQuotes(key.name)
+                           : "The " + key.name) +
+             " is ignored: " + reason,
+         key.name);
+}
+
+void ValueReader::report(FindingCode code, const std::string& text, const std::string& name) const {
   if (_reader == nullptr) {
     return;
   }
-  const std::string* const value = _element.findAttribute(key.name);
-  _reader->report(FindingCode::VALUE_IGNORED,
-                  (value != nullptr ? "The value " + quotedUnlessLong(*value) + " of \"" + key.name + '"'
-                                    : "The " + key.name) +
-                      " is ignored: " + reason,
-                  {}, key.name);
+  const QxElement* const child = _element.findAttribute(name) == nullptr ? _element.findChild(name) : nullptr;
+  if (child == nullptr) {
+    _reader->report(code, text, {}, name);
+    return;
+  }
+  const ReadingContext::ItemScope scope(_reader, name, child->getPlace());
+  _reader->report(code, text);
 }
 
 void ValueReader::warnOfCurrentException(const KeyDescription& key) const {
@@ -62,29 +73,9 @@ void ValueReader::warnOfCurrentException(const KeyDescription& key) const {
   }
 }
 
-void ValueReader::reportWithoutEffect(const KeyDescription& key, const std::string& defaultText) const {
-  const std::string* const text = _element.findAttribute(key.name);
-  const bool isStated = text != nullptr ? *text != defaultText : _element.findChild(key.name) != nullptr;
-  if (isStated) {
-    reportWithoutEffect(key.name);
-  }
-}
-
 void ValueReader::reportWithoutEffect(const std::string& attribute) const {
-  if (_reader != nullptr) {
-    _reader->report(FindingCode::ATTRIBUTE_WITHOUT_EFFECT,
-                    "The \"" + attribute + "\" of \"" + _element.getName() + "\" has no effect", {},
-                    attribute);
-  }
-}
-
-void ValueReader::reportInapplicable(const KeyDescription& key) const {
-  const std::string* const text = _element.findAttribute(key.name);
-  if (_reader != nullptr && text != nullptr && *text != "false") {
-    _reader->report(FindingCode::ATTRIBUTE_INAPPLICABLE,
-                    '"' + key.name + "\" does not apply to this type of \"" + _element.getName() + '"', {},
-                    key.name);
-  }
+  report(FindingCode::ATTRIBUTE_WITHOUT_EFFECT,
+         "The " + inQuotes(attribute) + " of " + inQuotes(_element.getName()) + " has no effect", attribute);
 }
 
 template <class T, class Get>
@@ -98,9 +89,12 @@ void ValueReader::readAttribute(const KeyDescription& key, const ValueForm& form
     value = key.whenAbsent == WhenAbsent::RESET ? T() : value;
     return;
   }
-  value = get();
-  if (!isOfForm) {
-    reportUnreadable(_reader, *text, inQuotes(key.name), form.flaw, valueText(value));
+  if (isOfForm) {
+    value = get();
+  } else {
+    const ReadingContext::AttributeScope scope(_reader, key.name);
+    value = get();
+    reportUnreadable(_reader, *text, inQuotes(key.name), form.flaw, valueText(value), key.name);
   }
 }
 
@@ -157,9 +151,10 @@ void ValueReader::read(const KeyDescription& key, Color& value) const {
     return;
   }
   readOrWarn(key, [&] {
+    const ReadingContext::AttributeScope scope(_reader, key.name);
     value = _element.getColor(key.name);
     if (!COLOR_FORM.matches(*text)) {
-      reportUnreadable(_reader, *text, inQuotes(key.name), COLOR_FORM.flaw, valueText(value));
+      reportUnreadable(_reader, *text, inQuotes(key.name), COLOR_FORM.flaw, valueText(value), key.name);
     }
     if (key.isAlphaUnused && value.a != OPAQUE && _reader != nullptr) {
       _reader->report(FindingCode::ATTRIBUTE_WITHOUT_EFFECT,
@@ -182,20 +177,24 @@ const QxElement* ValueReader::findVector(const KeyDescription& key) const {
       warnIgnored(key, quotedUnlessLong(*text) + " is " + NUMBER_FORM.flaw);
       return nullptr;
     }
+    const ReadingContext::ItemScope scope(_reader, key.name, child->getPlace());
     reportUnreadable(_reader, *text, inQuotes(component) + " in " + inQuotes(key.name), NUMBER_FORM.flaw,
-                     valueText(child->getDouble(component)));
+                     valueText(child->getDouble(component)), component);
   }
   return child;
 }
 
 const QxElement* ValueReader::findOnlyChild(const KeyDescription& key) const {
-  const auto count = std::ranges::count_if(
-      _element.getChildren(), [&key](const auto& child) { return child->getName() == key.name; });
-  if (count > 1 && _reader != nullptr) {
-    _reader->report(FindingCode::ELEMENT_REPLACED, "Of " + std::to_string(count) + " elements " +
-                                                       inQuotes(key.name) + " only the first is used");
+  const QxElement* const first = _element.findChild(key.name);
+  for (const auto& child : _element.getChildren()) {
+    if (child->getName() == key.name && child.get() != first && _reader != nullptr) {
+      markTreeRead(*child);
+      const ReadingContext::ItemScope scope(_reader, key.name, child->getPlace());
+      _reader->report(FindingCode::ELEMENT_REPLACED,
+                      "Of several elements " + inQuotes(key.name) + " only the first is used");
+    }
   }
-  return _element.findChild(key.name);
+  return first;
 }
 
 void ValueReader::read(const KeyDescription& key, Vector<3, double>& value) const {
@@ -234,7 +233,8 @@ int ValueReader::readWord(const KeyDescription& key, int current) const {
   }
   if (_onBadValue == OnBadValue::FAIL) {
     if (!text->empty()) {
-      reportUnreadable(_reader, *text, inQuotes(key.name), "not an allowed value", wordText(key.words, 0));
+      reportUnreadable(_reader, *text, inQuotes(key.name), "not an allowed value", wordText(key.words, 0),
+                       key.name);
     }
     return 0;
   }

@@ -3,6 +3,7 @@
 #include "vemoview/import/reading/KeyDescription.h"
 #include <vemo/import/reading/Readable.h>
 #include <vemo/import/xml/QxElement.h>
+#include <vemo/scenegraph/Finding.h>
 
 #include <concepts>
 #include <memory>
@@ -27,13 +28,11 @@ class ValueReader {
   /// The reader receives the warnings; it may be null.
   ValueReader(const QxElement& element, SceneFileReader* reader, OnBadValue onBadValue);
 
-  /// Reports an attribute or child that is present and does not state the default.
-  void reportWithoutEffect(const KeyDescription& key, const std::string& defaultText) const;
-  /// For an element that has no use for what all items have.
+  /// Of an attribute or child that states something which is not in the scene graph.
   void reportWithoutEffect(const std::string& attribute) const;
 
-  /// Reports a present attribute, unless it only switches something off.
-  void reportInapplicable(const KeyDescription& key) const;
+  const QxElement& getElement() const { return _element; }
+  SceneFileReader* getReader() const { return _reader; }
 
   void read(const KeyDescription& key, bool& value) const;
   void read(const KeyDescription& key, int& value) const;
@@ -95,6 +94,8 @@ class ValueReader {
   /// Throws the exception again if it is not about a bad value.
   void warnOfCurrentException(const KeyDescription& key) const;
   void warnIgnored(const KeyDescription& key, const std::string& reason) const;
+  /// About an attribute, or else the child element of that name.
+  void report(FindingCode code, const std::string& text, const std::string& name) const;
 
   const QxElement& _element;
   SceneFileReader* _reader;

@@ -95,10 +95,6 @@ void AssemblyItem::makeReadingCommandsMap() {
   _readingCommands = makeReadingCommands(assemblyElements());
 }
 
-bool AssemblyItem::wouldReplace(const Colormap& colormap) const {
-  return _colormaps.find(colormap.getName()) != nullptr;
-}
-
 lum::DrawableCollection* AssemblyItem::processChildren(SharedBySiblings& shared,
                                                        lum::DrawableCollection& collection, int level,
                                                        bool share) const {
@@ -112,7 +108,7 @@ lum::DrawableCollection* AssemblyItem::processChildren(SharedBySiblings& shared,
     if (share) {
       shared.collection = &target;
     }
-    const ReadingContext::ItemScope scope(shared.context, child->getPathName(), child->getLine());
+    const ReadingContext::ItemScope scope(shared.context, child->getPathName(), child->getPlace());
     child->addToCollection(shared, target, level + 1, getName());
   }
   return &target;
@@ -148,7 +144,7 @@ void AssemblyItem::addToCollection(SharedBySiblings& shared, lum::DrawableCollec
   lum::DrawableCollection* const target = processChildren(shared, collection, level, level == 1);
   if (target != nullptr) {
     convertExtras(shared, *target, level, outer != nullptr);
-  } else {
+  } else if (!_isIncomplete) {
     reportEmpty(shared);
   }
   shared.colormap = outer;
@@ -187,19 +183,22 @@ void AssemblyItem::convertExtras(SharedBySiblings& shared, lum::DrawableCollecti
   if (level == 1) {
     target.setQualifiedName(getName());
   }
-  if (_legend) {
+  // The colormap that the legend lacks may be what could not be read.
+  if (_legend && (shared.colormap != nullptr || !_isIncomplete)) {
     convertLegend(shared, level);
   }
   if (applyColormap(target) && !isOuterColormap) {
     shared.usedColormaps.insert(getActiveColormap());
   }
-  reportUnusedColormaps(shared);
+  if (!_isIncomplete) {
+    reportUnusedColormaps(shared);
+  }
   applyTransform(target);
 }
 
 void AssemblyItem::convertLegend(SharedBySiblings& shared, int level) const {
   shared.assemblyColormaps = &_colormaps;
-  const ReadingContext::ItemScope scope(shared.context, _legend->getPathName(), _legend->getLine());
+  const ReadingContext::ItemScope scope(shared.context, _legend->getPathName(), _legend->getPlace());
   _legend->addToCollection(shared, shared.sceneNode->getForegroundCanvas().getDrawableCollection(), level,
                            getName());
   shared.assemblyColormaps = nullptr;
@@ -219,6 +218,7 @@ bool AssemblyItem::applyColormap(lum::Node& target) const {
 void AssemblyItem::reportUnusedColormaps(const SharedBySiblings& shared) const {
   for (const auto& [name, colormap] : _colormaps.getAll()) {
     if (!shared.usedColormaps.contains(colormap.get())) {
+      const ReadingContext::ItemScope scope(shared.context, colormap->getPathName(), colormap->getPlace());
       report(shared.context, FindingCode::COLORMAP_UNUSED,
              "The colormap \"" + name + "\" colours neither data nor a legend");
     }

@@ -39,11 +39,17 @@ std::unique_ptr<T> make() {
   }
 }
 
-void reportReplaced(const QxElement& element, SceneFileReader* reader) {
-  if (reader != nullptr) {
-    reader->report(FindingCode::ELEMENT_REPLACED,
-                   "The element \"" + element.getName() + "\" replaces an earlier one in its parent");
+/// What an element has to itself in its parent; empty when there can be several.
+std::string singleKindOf(const QxElement& element) {
+  const std::string& name = element.getName();
+  const auto is = [&name](auto... kinds) { return ((name == kinds) || ...); };
+  if (name == Colormap::XML_ENTITY) {
+    return name + ' ' + SceneItem::statedName(element);
   }
+  if (is(GeometryTransform::XML_ENTITY, RepeatTransform::XML_ENTITY, ReflectTransform::XML_ENTITY)) {
+    return GeometryTransform::XML_ENTITY;
+  }
+  return is(Legend::XML_ENTITY, Gradient::XML_ENTITY, Scene::View::XML_ENTITY) ? name : std::string();
 }
 
 /// The keys of T, in the section of its own element, else in that of the Item.
@@ -103,11 +109,6 @@ ChildElement<Container> part() {
             } else {
               made->read(element, reader);
             }
-            if constexpr (requires { container.wouldReplace(*made); }) {
-              if (container.wouldReplace(*made)) {
-                reportReplaced(element, reader);
-              }
-            }
             (container.*ADD)(std::move(made));
             return nullptr;
           },
@@ -138,6 +139,19 @@ ChildElement<Container> notShown() {
 }
 
 }  // namespace
+
+void SingleElements::add(const QxElement& element) {
+  const std::string kind = singleKindOf(element);
+  if (kind.empty()) {
+    return;
+  }
+  const QxElement* const former = std::exchange(_latest[kind], &element);
+  if (former != nullptr && _reader != nullptr) {
+    const ReadingContext::ItemScope scope(_reader, SceneItem::pathName(*former), former->getPlace());
+    _reader->report(FindingCode::ELEMENT_REPLACED,
+                    "A later \"" + element.getName() + "\" in its parent replaces it");
+  }
+}
 
 void readItem(GraphicsItem& item, const QxElement& element, SceneFileReader* reader) {
   item.read(element, reader);

@@ -50,6 +50,19 @@ ReadingCommands<Container> makeReadingCommands(std::span<const ChildElement<Cont
   return commands;
 }
 
+/// Reports which of the elements of a container are replaced by later ones.
+class SingleElements {
+ public:
+  explicit SingleElements(SceneFileReader* reader) : _reader(reader) {}
+
+  void add(const QxElement& element);
+
+ private:
+  SceneFileReader* _reader;
+  /// The latest of each kind of which there can be one.
+  std::map<std::string, const QxElement*> _latest;
+};
+
 /// Reports an item that is hidden because it states no visibility.
 void readItem(GraphicsItem& item, const QxElement& element, SceneFileReader* reader);
 
@@ -58,22 +71,33 @@ void readItem(GraphicsItem& item, const QxElement& element, SceneFileReader* rea
 template <class Container>
 void readChildren(Container& container, const ReadingCommands<Container>& commands, const QxElement& element,
                   SceneFileReader* reader) {
+  SingleElements singles(reader);
   for (const auto& child : element.getChildren()) {
     const auto command = commands.find(child->getName());
     if (command == commands.end()) {
       continue;
     }
     child->markRead();
-    const ReadingContext::ItemScope scope(reader, SceneItem::pathName(*child), child->getLine());
-    const bool isSound = attempt(reader, [&] {
+    const std::size_t faults = countFaults(reader);
+    const bool isRead = attempt(reader, [&] {
+      const ReadingContext::ItemScope scope(reader, SceneItem::pathName(*child), child->getPlace());
       if (auto item = command->second(container, *child, reader)) {
         readItem(*item, *child, reader);
-        container.add(std::move(item));
+        // Of a part of its data, more would seem to be wrong than is.
+        if (item->isAssembly() || countFaults(reader) == faults) {
+          container.add(std::move(item));
+        }
       }
     });
-    if (!isSound) {
+    if (!isRead) {
       // The one finding stands for all of it.
       markTreeRead(*child);
+    }
+    if (countFaults(reader) == faults) {
+      singles.add(*child);
+    } else {
+      container.setIncomplete();
+      reader->excuseEntriesOf(*child);
     }
   }
 }

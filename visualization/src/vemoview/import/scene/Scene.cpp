@@ -52,14 +52,14 @@ Scene::View::~View() = default;
 
 void Scene::View::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement(_camera, element, reader);
-  if (_camera.perspective && _camera.parallelScale != 0.0) {
-    ValueReader(element, reader, OnBadValue::FAIL).reportWithoutEffect("parallelScale");
+  if (_camera.perspective) {
+    element.markUnused("parallelScale");
   }
-  _line = element.getLine();
+  _place = element.getPlace();
 }
 
 void Scene::View::reportUnusable(ReadingContext* context) const {
-  const ReadingContext::ItemScope scope(context, "view", _line);
+  const ReadingContext::ItemScope scope(context, "view", _place);
   const Vector<3, double> forward = _camera.focalPoint - _camera.position;
   if (length(forward) == 0.0) {
     report(context, FindingCode::VIEW_ADJUSTED,
@@ -78,7 +78,7 @@ Scene::~Scene() = default;
 void Scene::reportWithoutEffect(const QxElement& element, SceneFileReader& reader) const {
   const ValueReader values(element, &reader, OnBadValue::FAIL);
   if (_gradient) {
-    values.reportWithoutEffect(XML_ATTRIB_BACKGROUND);
+    element.markUnused(XML_ATTRIB_BACKGROUND);
   }
   if (statesVisibility(element) && getVisibility() != 1.0) {
     values.reportWithoutEffect(XML_ATTRIB_VISIBILITY);
@@ -88,7 +88,7 @@ void Scene::reportWithoutEffect(const QxElement& element, SceneFileReader& reade
                                               ReflectTransform::XML_ENTITY};
   for (const auto& child : element.getChildren()) {
     if (ofAssemblies.contains(child->getName())) {
-      const ReadingContext::ItemScope scope(&reader, pathName(*child), child->getLine());
+      const ReadingContext::ItemScope scope(&reader, pathName(*child), child->getPlace());
       reader.report(FindingCode::ELEMENT_WITHOUT_EFFECT,
                     "A \"" + child->getName() + "\" has no effect outside assemblies");
     }
@@ -125,7 +125,7 @@ void Scene::read(const QxElement& element, SceneFileReader* reader) {
 }
 
 void Scene::readImpl(const QxElement& element, SceneFileReader* reader) {
-  attempt(reader, [&] { KEYS.read(*this, element, reader); });
+  KEYS.read(*this, element, reader);
   readChildren(*this, makeReadingCommands(sceneElements()), element, reader);
   if (reader != nullptr) {
     reportWithoutEffect(element, *reader);
@@ -133,19 +133,11 @@ void Scene::readImpl(const QxElement& element, SceneFileReader* reader) {
 }
 
 void Scene::readView(const QxElement& element, SceneFileReader* reader) {
-  if (_hasView && reader != nullptr) {
-    reader->report(FindingCode::ELEMENT_REPLACED,
-                   "A further view replaces an earlier one, except for vectors that it does not state");
-  }
-  _hasView = true;
   _view.read(element, reader);
   _hasView = true;
 }
 
 void Scene::readGradient(const QxElement& element, SceneFileReader* reader) {
-  if (_gradient && reader != nullptr) {
-    reader->report(FindingCode::ELEMENT_REPLACED, "A further gradient replaces an earlier one");
-  }
   _gradient = std::make_unique<Gradient>("background");
   _gradient->read(element, reader);
 }

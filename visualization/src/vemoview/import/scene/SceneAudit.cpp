@@ -1,4 +1,3 @@
-#include "vemoview/import/scene/Ledger.h"
 #include "vemoview/import/scene/SceneImport.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/Exception.h>
@@ -38,6 +37,7 @@ SceneAudit::~SceneAudit() = default;
 void SceneAudit::run() {
   SceneFileReader& reader = _import->getReader();
   reader.collectFaults();
+  reader.reportAll();
   reader.keepDescription();
   reader.attempt([this] { _import->read(); });
   for (const std::string& entry : reader.getUnusedEntries()) {
@@ -46,17 +46,6 @@ void SceneAudit::run() {
   if (reader.getDescription() != nullptr) {
     _sceneNode = &_import->convert();
   }
-}
-
-void SceneAudit::listOutcomes(const std::function<void(const LedgerRow&)>& list) const {
-  if (!_import) {
-    return;
-  }
-  const SceneFileReader& reader = _import->getReader();
-  if (reader.getDescription() != nullptr) {
-    listOutcomesOf(*reader.getDescription(), _findings, list);
-  }
-  listOutcomesOf(reader.getArchive(), _findings, list);
 }
 
 }  // namespace vemo

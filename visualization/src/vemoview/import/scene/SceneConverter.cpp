@@ -1,6 +1,7 @@
 #include "vemoview/import/scene/SceneImport.h"
 #include <vemo/base/WideStream.h>
 #include <vemo/import/SceneConverter.h>
+#include <vemo/import/SceneLedger.h>
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/io/SDBWriter.h>
 
@@ -13,23 +14,49 @@ void SceneConverter::setObserver(Observer observer) {
   _observer = std::move(observer);
 }
 
+void SceneConverter::setLedgerObserver(LedgerObserver observer) {
+  _ledgerObserver = std::move(observer);
+}
+
 void SceneConverter::run() const {
   VEMO_LOG_INFO("Reading a file\n\t" << _inputPath << ", converting it, and writing to\n\t" << _outputPath);
   SceneImport import(_inputPath);
-  import.read();
-  VEMO_LOG_INFO("\nThe scene has been read\nParsing...");
-  lum::SceneNode& sceneNode = import.convert();
-  VEMO_LOG_INFO("sceneNode with name \"" << sceneNode.getName() << "\" is here!");
-  if (!write(sceneNode)) {
+  if (_ledgerObserver) {
+    import.getReader().collectFaults();
+    import.getReader().keepDescription();
+  }
+  lum::SceneNode* const sceneNode = readAndConvert(import);
+  if (sceneNode == nullptr) {
+    _ledgerObserver(SceneLedger(import.getReader()));
+    import.getReader().throwFirstFault();
+    return;
+  }
+  VEMO_LOG_INFO("sceneNode with name \"" << sceneNode->getName() << "\" is here!");
+  if (!write(*sceneNode)) {
     VEMO_LOG_ERROR("Can't open file for writing");
     import.leaveSessionOpen();
     return;
   }
   if (_observer) {
-    _observer(sceneNode);
+    _observer(*sceneNode);
+  }
+  if (_ledgerObserver) {
+    _ledgerObserver(SceneLedger(import.getReader()));
   }
   import.close();
   VEMO_LOG_INFO("done");
+}
+
+lum::SceneNode* SceneConverter::readAndConvert(SceneImport& import) const {
+  SceneFileReader& reader = import.getReader();
+  reader.attempt([&import] { import.read(); });
+  if (reader.getDescription() == nullptr && reader.countFaults() > 0) {
+    return nullptr;
+  }
+  VEMO_LOG_INFO("\nThe scene has been read\nParsing...");
+  lum::SceneNode* sceneNode = nullptr;
+  reader.attempt([&] { sceneNode = &import.convert(); });
+  return reader.countFaults() == 0 ? sceneNode : nullptr;
 }
 
 bool SceneConverter::write(lum::SceneNode& sceneNode) const {

@@ -83,12 +83,17 @@ SceneNodePtr convertItems(const Scene& scene, ReadingContext& context) {
   SceneNodePtr sceneNode(new lum::SceneNode(lum::ClassNameNodeInitializer(lum::SceneNode::getClassName())));
   sceneNode->setName(scene.getName());
   setUpCanvases(*sceneNode);
-  context.attempt([&] { setBackground(sceneNode->getBackgroundCanvas().getBackgroundAttributes(), scene); });
 
   SharedBySiblings shared;
   shared.sceneNode = sceneNode;
   shared.context = &context;
-  const ReadingContext::ItemScope scope(&context, scene.getPathName(), scene.getLine());
+  const ReadingContext::ItemScope scope(&context, Scene::XML_ENTITY, scene.getPlace());
+  context.attempt([&] {
+    const ReadingContext::ItemScope backgroundScope(
+        &context, Gradient::XML_ENTITY,
+        scene.getGradient() != nullptr ? scene.getGradient()->getPlace() : scene.getPlace());
+    setBackground(sceneNode->getBackgroundCanvas().getBackgroundAttributes(), scene);
+  });
   scene.addToCollection(shared, sceneNode->getModelCanvas().getDrawableCollection(), 0, "noname");
   return sceneNode;
 }
@@ -134,7 +139,7 @@ lum::SceneNode& SceneImport::convert() {
                    "The archive holds a scene graph, which is used instead of the items of the description");
     _sceneNode = decode(*_scene, _session.open());
   } else {
-    _sceneNode = convertItems(*_scene, _reader);
+    _reader.namingFailures([this] { _sceneNode = convertItems(*_scene, _reader); });
   }
   VEMO_REQUIRE(_sceneNode, "The scene node is expected to be created by this moment");
   return *_sceneNode;

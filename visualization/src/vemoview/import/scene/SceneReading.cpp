@@ -12,7 +12,11 @@ namespace vemo {
 
 namespace {
 
-void reportDuplicateEntries(SceneFileReader& reader) {
+void reportDirectory(SceneFileReader& reader) {
+  if (reader.getArchive().isMiscounted()) {
+    reader.report(FindingCode::ENTRIES_NOT_COUNTED,
+                  "The archive has more entries than it says; the others are not read");
+  }
   for (const std::string& name : reader.getArchive().getDuplicateNames()) {
     reader.report(FindingCode::ENTRY_REPLACED,
                   "Several entries of the archive have this name; the last one is used", name);
@@ -45,27 +49,18 @@ void readPayload(Scene& scene, SceneFileReader& reader) {
 void SceneFileReader::readItems(Scene& scene) {
   _description = readXml(SCENE_ENTRY);
   _description->markRead();
-  const ItemScope scope(this, _description->getName(), _description->getLine());
-  attempt([&] { scene.read(*_description, this); });
-}
-
-/// A message with the item that it is about.
-void SceneFileReader::readItemsNamingFailures(Scene& scene) {
-  try {
-    readItems(scene);
-  } catch (Exception& exception) {
-    addPlaceTo(exception);
-    throw;
-  } catch (Error& error) {
-    addPlaceTo(error);
-    throw;
+  const ItemScope scope(this, Scene::XML_ENTITY, _description->getPlace());
+  if (_description->getName() != Scene::XML_ENTITY) {
+    report(FindingCode::ROOT_UNKNOWN, "The root element is called \"" + pathPart(_description->getName()) +
+                                          "\" instead of \"" + Scene::XML_ENTITY + "\", and is read as one");
   }
+  attempt([&] { scene.read(*_description, this); });
 }
 
 std::unique_ptr<Scene>& SceneFileReader::read(std::unique_ptr<Scene>& result) {
   result = std::make_unique<Scene>(std::string());
-  reportDuplicateEntries(*this);
-  readItemsNamingFailures(*result);
+  reportDirectory(*this);
+  namingFailures([&] { readItems(*result); });
   VEMO_LOG_INFO("SceneFileReader::read: " << getArchive().getEntryCount() << " entries found inside");
   readPayload(*result, *this);
   reportUnreadContent(*_description, *this);

@@ -16,7 +16,7 @@ std::string quoted(const std::string& text) {
 void reportUnread(const PlacedElement& place, SceneFileReader& reader) {
   const QxElement& element = *place.element;
   const auto report = [&](FindingCode code, const std::string& text, const std::string& attribute = {}) {
-    reader.report({code, text, {}, place.path, element.getLine(), attribute});
+    reader.report({code, text, {}, place.path, element.getLine(), attribute, element.getPlace().number});
   };
   if (!element.isRead()) {
     report(FindingCode::ELEMENT_UNKNOWN,
@@ -44,8 +44,9 @@ void reportUnreadContent(const QxElement& description, SceneFileReader& reader) 
     return place.element->isRead();
   });
   for (const std::string& entry : reader.getUnusedEntries()) {
-    reader.report(
-        {FindingCode::ENTRY_UNUSED, "The scene does not use the entry " + quoted(entry), entry, {}, 0});
+    if (!reader.isExcused(entry)) {
+      reader.report({FindingCode::ENTRY_UNUSED, "The scene does not use the entry " + quoted(entry), entry});
+    }
   }
 }
 

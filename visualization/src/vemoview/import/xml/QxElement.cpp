@@ -34,6 +34,13 @@ void QxElement::markAllRead() const {
   }
 }
 
+void QxElement::markUnused(const std::string& attribute) const {
+  const auto found = _attributes.find(attribute);
+  if (found != _attributes.end()) {
+    found->second.isUnused = true;
+  }
+}
+
 QxElement& QxElement::addChild(std::unique_ptr<QxElement> child) {
   return *_children.emplace_back(std::move(child));
 }

@@ -80,8 +80,9 @@ class TreeBuilder {
       failHere("Elements in " + _entryName + " are nested deeper than " + std::to_string(_limits.depth));
     }
     countElement();
+    ++_number;
     auto element = std::make_unique<QxElement>(name);
-    element->setLine(getLine());
+    element->setPlace({getLine(), _number});
     for (; *attributes != nullptr; attributes += 2) {
       countElement();
       element->setAttribute(attributes[0], attributes[1]);
@@ -110,6 +111,8 @@ class TreeBuilder {
   const std::string& _entryName;
   XmlLimits _limits;
   std::uint64_t _elements = 0;
+  /// Of the element that started last.
+  int _number = 0;
   std::unique_ptr<std::remove_pointer_t<XML_Parser>, decltype(&XML_ParserFree)> _parser;
   std::unique_ptr<QxElement> _document;
   bool _hasDeclarationsOutside = false;

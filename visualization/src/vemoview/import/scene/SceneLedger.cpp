@@ -1,0 +1,165 @@
+#include "vemoview/import/reading/DescriptionWalk.h"
+#include "vemoview/import/reading/SceneFileReader.h"
+#include <vemo/import/SceneLedger.h>
+#include <vemo/import/xml/QxElement.h>
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <unordered_map>
+#include <utility>
+
+namespace vemo {
+
+namespace {
+
+Outcome outcomeOf(FindingCode code) {
+  switch (code) {
+    case FindingCode::ELEMENT_UNKNOWN:
+    case FindingCode::ATTRIBUTE_UNKNOWN:
+      return Outcome::UNKNOWN;
+    case FindingCode::ATTRIBUTE_WITHOUT_EFFECT:
+    case FindingCode::DESCRIPTION_REPLACED:
+      return Outcome::LOST;
+    default:
+      break;
+  }
+  switch (Finding{code}.getSeverity()) {
+    case Severity::NOTE:
+      return Outcome::KEPT;
+    case Severity::CHANGED:
+      return Outcome::CHANGED;
+    case Severity::LOST:
+      return Outcome::LOST;
+    case Severity::REFUSED:
+      break;
+  }
+  return Outcome::REFUSED;
+}
+
+/// Whether what it says of an element holds for all that the element has.
+bool isAboutWhole(FindingCode code) {
+  // Of these, the element at hand is what remains.
+  const bool isAboutOther = code == FindingCode::ITEM_REPLACED || code == FindingCode::TRANSFORM_REPLACED ||
+                            code == FindingCode::ARRAY_REPLACED;
+  return !isAboutOther && outcomeOf(code) > Outcome::CHANGED;
+}
+
+/// What is said of one element, and of its attributes.
+struct ElementFindings {
+  std::vector<FindingCode> ofElement;
+  std::map<std::string, std::vector<FindingCode>> ofAttributes;
+};
+
+class DescriptionLedger {
+ public:
+  DescriptionLedger(const std::vector<Finding>& findings, const SceneLedger::Sink& list) : _list(list) {
+    for (const Finding& finding : findings) {
+      ElementFindings& place = _findings[finding.element];
+      (finding.attribute.empty() ? place.ofElement : place.ofAttributes[finding.attribute])
+          .push_back(finding.code);
+      if (finding.code == FindingCode::DESCRIPTION_REPLACED) {
+        _inherited.assign(1, Outcome::LOST);
+      }
+    }
+  }
+
+  void add(const PlacedElement& place) {
+    const QxElement& element = *place.element;
+    ElementFindings found = takeFindings(element);
+    _inherited.resize(place.depth + 1);
+    const Outcome inherited = _inherited.back();
+    Outcome ofParts = inherited;
+    for (const FindingCode code : found.ofElement) {
+      ofParts = isAboutWhole(code) ? std::max(ofParts, outcomeOf(code)) : ofParts;
+    }
+    _inherited.push_back(ofParts);
+    LedgerRow row{{}, place.path, element.getName(), element.getLine(), {}, {}, {}, {}};
+    for (const auto& [attribute, codes] : found.ofAttributes) {
+      if (!hasPart(element, attribute)) {
+        // It should be there.
+        found.ofElement.insert(found.ofElement.end(), codes.begin(), codes.end());
+      }
+    }
+    put(row, inherited, found.ofElement);
+    for (const auto& [name, attribute] : element.getAttributes()) {
+      row.attribute = name;
+      row.value = attribute.value;
+      put(row, attribute.isUnused ? std::max(ofParts, Outcome::UNUSED) : ofParts, found.ofAttributes[name]);
+    }
+    if (element.hasText()) {
+      row.attribute = TEXT_NAME;
+      row.value = element.peekText();
+      put(row, ofParts, found.ofAttributes[TEXT_NAME]);
+    }
+  }
+
+ private:
+  static bool hasPart(const QxElement& element, const std::string& attribute) {
+    return attribute == TEXT_NAME ? element.hasText() : element.getAttributes().contains(attribute);
+  }
+
+  ElementFindings takeFindings(const QxElement& element) {
+    const auto found = _findings.find(element.getPlace().number);
+    return found != _findings.end() ? std::move(found->second) : ElementFindings();
+  }
+
+  /// With the worst of what was found and what holds for all of the element.
+  void put(LedgerRow& row, Outcome inherited, const std::vector<FindingCode>& findings) {
+    row.findings = findings;
+    row.outcome = inherited;
+    for (const FindingCode code : findings) {
+      row.outcome = std::max(row.outcome, outcomeOf(code));
+    }
+    _list(row);
+  }
+
+  const SceneLedger::Sink& _list;
+  /// By the number of the element.
+  std::unordered_map<int, ElementFindings> _findings;
+  /// What holds for all children of the open elements, and first for all elements.
+  std::vector<Outcome> _inherited{Outcome::KEPT};
+};
+
+}  // namespace
+
+std::string_view outcomeName(Outcome outcome) {
+  constexpr std::array<std::string_view, OUTCOME_COUNT> NAMES = {"kept", "unused",  "changed",
+                                                                 "lost", "unknown", "refused"};
+  return NAMES[static_cast<std::size_t>(outcome)];
+}
+
+SceneLedger::SceneLedger(const SceneFileReader& reader) : _reader(reader) {}
+
+void SceneLedger::list(const Sink& sink) const {
+  if (_reader.getDescription() != nullptr) {
+    DescriptionLedger ledger(_reader.getFindings(), sink);
+    walkDescription(*_reader.getDescription(), [&ledger](const PlacedElement& place) {
+      ledger.add(place);
+      return true;
+    });
+  }
+  listEntries(sink);
+}
+
+void SceneLedger::listEntries(const Sink& sink) const {
+  std::map<std::string, std::vector<FindingCode>> codes;
+  for (const Finding& finding : _reader.getFindings()) {
+    codes[finding.entry].push_back(finding.code);
+  }
+  const std::vector<std::string> unread = _reader.getUnusedEntries();
+  for (int i = 0; i < _reader.getArchive().getEntryCount(); ++i) {
+    LedgerRow row;
+    row.entry = _reader.getArchive().getEntryName(i);
+    row.findings = codes[row.entry];
+    // Without a finding, it is what the faults kept from being read.
+    const bool isUnread = row.findings.empty() && std::ranges::binary_search(unread, row.entry);
+    row.outcome = isUnread ? Outcome::REFUSED : Outcome::KEPT;
+    for (const FindingCode code : row.findings) {
+      row.outcome = std::max(row.outcome, outcomeOf(code));
+    }
+    sink(row);
+  }
+}
+
+}  // namespace vemo
