@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <span>
 
 namespace vemo {
 
@@ -21,6 +22,18 @@ void copyRowsReversed(const std::uint8_t* from, std::uint8_t* to, int rows, std:
   for (int row = 0; row < rows; ++row) {
     std::memcpy(to + static_cast<std::size_t>(row) * rowBytes,
                 from + static_cast<std::size_t>(rows - 1 - row) * rowBytes, rowBytes);
+  }
+}
+
+/// Adds each run of as many pixels to one pixel's sums.
+void addRow(std::span<const std::uint8_t> row, int runLength, std::vector<std::uint32_t>& sums) {
+  const std::uint8_t* from = row.data();
+  for (std::size_t to = 0; to < sums.size(); to += Picture::CHANNELS) {
+    for (int pixel = 0; pixel < runLength; ++pixel) {
+      for (std::size_t channel = 0; channel < Picture::CHANNELS; ++channel) {
+        sums[to + channel] += *from++;
+      }
+    }
   }
 }
 
@@ -63,21 +76,18 @@ void Picture::set(int column, int row, const Pixel& pixel) {
 Picture Picture::shrunk(int factor) const {
   VEMO_REQUIRE(factor > 0 && _width % factor == 0 && _height % factor == 0, "The factor divides the size");
   Picture result(_width / factor, _height / factor);
-  const int area = factor * factor;
+  const std::size_t rowBytes = static_cast<std::size_t>(_width) * CHANNELS;
+  const std::uint8_t* from = _bytes.data();
+  std::vector<std::uint32_t> sums(rowBytes / static_cast<std::size_t>(factor));
+  const auto area = static_cast<std::uint32_t>(factor * factor);
   for (int row = 0; row < result._height; ++row) {
-    for (int column = 0; column < result._width; ++column) {
-      std::array<int, CHANNELS> sums{};
-      for (int part = 0; part < area; ++part) {
-        const std::size_t from = offset(column * factor + part % factor, row * factor + part / factor);
-        for (std::size_t channel = 0; channel < CHANNELS; ++channel) {
-          sums[channel] += _bytes[from + channel];
-        }
-      }
-      Pixel mean{};
-      std::ranges::transform(sums, mean.begin(),
-                             [=](int sum) { return static_cast<std::uint8_t>((sum + area / 2) / area); });
-      result.set(column, row, mean);
+    std::ranges::fill(sums, 0U);
+    for (int part = 0; part < factor; ++part, from += rowBytes) {
+      addRow({from, rowBytes}, factor, sums);
     }
+    const auto to = result._bytes.begin() + static_cast<std::ptrdiff_t>(sums.size()) * row;
+    std::ranges::transform(
+        sums, to, [area](std::uint32_t sum) { return static_cast<std::uint8_t>((sum + area / 2) / area); });
   }
   return result;
 }

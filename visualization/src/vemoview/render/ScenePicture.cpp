@@ -27,13 +27,15 @@ int samplesFor(const RenderOptions& options) {
   return samples < 2 ? 0 : static_cast<int>(samples);
 }
 
-/// Where multisampling does not help, edges become smooth by drawing the picture
-/// larger, by this factor in each direction.
-int enlargementFor(const SceneRenderer& scene, const RenderOptions& options, int largestSize) {
+/// Where multisampling does not help, or costs more, edges become smooth by
+/// drawing the picture larger, by this factor in each direction. Software has no
+/// more than four samples per pixel, and takes several times as long for them.
+int enlargementFor(const SceneRenderer& scene, EglRenderWindow& window, const RenderOptions& options) {
   constexpr int WANTED = 2;
-  const bool fits = WANTED * std::max(options.width, options.height) <= largestSize &&
+  const bool fits = WANTED * std::max(options.width, options.height) <= window.getLargestSize() &&
                     static_cast<long>(WANTED) * WANTED * pixelsOf(options) <= MAX_SAMPLES;
-  return (scene.hasTranslucency() || scene.hasFineShapes()) && fits ? WANTED : 1;
+  const bool helps = window.drawsInSoftware() || scene.hasTranslucency() || scene.hasFineShapes();
+  return fits && helps ? WANTED : 1;
 }
 
 void requireSize(const RenderOptions& options, int largestSize) {
@@ -51,10 +53,9 @@ Picture renderPicture(const lum::SceneNode& scene, const RenderOptions& options)
   const VtkMessages messages;
   const CurrentContextKeeper keeper;
   const auto window = EglRenderWindow::open(options.width, options.height);
-  const int largestSize = window->getLargestSize();
-  requireSize(options, largestSize);
+  requireSize(options, window->getLargestSize());
   SceneRenderer renderer(scene);
-  const int enlargement = enlargementFor(renderer, options, largestSize);
+  const int enlargement = enlargementFor(renderer, *window, options);
   renderer.scalePixels(enlargement);
   renderer.addTo(*window, enlargement > 1 ? 0 : samplesFor(options));
   window->SetSize(options.width * enlargement, options.height * enlargement);

@@ -9,6 +9,8 @@
 #include <vtk_glew.h>
 
 #include <algorithm>
+#include <array>
+#include <string_view>
 
 namespace vemo {
 
@@ -19,6 +21,10 @@ namespace {
 /// GLEW built for X loads every entry point first and then misses a screen,
 /// which it reports by this number; older headers have no name for it.
 constexpr GLenum GLEW_FOUND_NO_SCREEN = 4;
+
+/// What the names of OpenGL drivers that use the processor contain.
+constexpr std::array<std::string_view, 3> SOFTWARE_RENDERERS = {"llvmpipe", "softpipe",
+                                                                "Software Rasterizer"};
 
 }  // namespace
 
@@ -57,6 +63,15 @@ int EglRenderWindow::getLargestSize() {
   glGetIntegerv(GL_MAX_RENDERBUFFER_SIZE, &buffer);
   glGetIntegerv(GL_MAX_TEXTURE_SIZE, &texture);
   return std::min(buffer, texture);
+}
+
+bool EglRenderWindow::drawsInSoftware() {
+  MakeCurrent();
+  const auto* const found = reinterpret_cast<const char*>(glGetString(GL_RENDERER));
+  const std::string_view renderer = found == nullptr ? "" : found;
+  return std::ranges::any_of(SOFTWARE_RENDERERS, [renderer](std::string_view name) {
+    return renderer.find(name) != std::string_view::npos;
+  });
 }
 
 void EglRenderWindow::Initialize() {

@@ -40,6 +40,9 @@ class VEMO_RENDER_EXPORT EglRenderWindow : private EglContextOwner, public vtkGe
   /// The greatest width and height in pixels that can be drawn.
   int getLargestSize();
 
+  /// Whether OpenGL is emulated on the processor.
+  bool drawsInSoftware();
+
   // Start, Render and Initialize make the context if there is none yet, and
   // throw RenderingUnavailable when that fails.
   void Initialize() override;

@@ -67,13 +67,7 @@ class FlatShape {
     _data->SetPolys(_faces);
     _data->Modified();
   }
-  /// Between the middles of pixels, where thin lines are sharp.
-  void addLine(const Pair& from, const Pair& to) {
-    const auto middle = [](const Pair& pixel) {
-      return Pair{std::floor(pixel[0]) + 0.5, std::floor(pixel[1]) + 0.5};
-    };
-    _lines->InsertNextCell({add(middle(from)), add(middle(to))});
-  }
+  void addLine(const Pair& from, const Pair& to) { _lines->InsertNextCell({add(from), add(to)}); }
   void addBox(const Pair& low, const Pair& high) {
     _faces->InsertNextCell({add(low), add({high[0], low[1]}), add(high), add({low[0], high[1]})});
   }
@@ -109,6 +103,7 @@ class Legend {
  public:
   Legend(const LegendDecoration& legend, PropGroup& group)
       : _legend(legend),
+        _group(group),
         _bar(group),
         _lines(group),
         _isVertical(legend.isVertical),
@@ -122,11 +117,12 @@ class Legend {
 
   void layOut(vtkRenderer& renderer) {
     const Pair canvas = sizeInPixels(renderer);
-    const Vector<3, double> layoutInput{canvas[0], canvas[1], windowHeight(renderer)};
+    const Vector<4, double> layoutInput{canvas[0], canvas[1], windowHeight(renderer), _group.getPixelScale()};
     if (layoutInput == _layoutInput) {
       return;
     }
     _layoutInput = layoutInput;
+    _pixel = std::max(1.0, std::round(layoutInput[3]));
     const auto [low, high] = fit(canvas, renderer);
     placeTitle(low, high, canvas, renderer);
     placeBar(low, high);
@@ -277,7 +273,7 @@ class Legend {
 
   /// Half of each label at the ends of the bar lies beyond the bar.
   void placeBar(const Pair& low, const Pair& high) {
-    const auto snap = [](double& pixel) { pixel = std::floor(pixel); };
+    const auto snap = [this](double& place) { place = pixelStart(place); };
     _low = low;
     _high = {high[0], high[1] - _titleHeight};
     const double breadth = BREADTH * _line;
@@ -343,27 +339,41 @@ class Legend {
   void drawLines() {
     _lines.clear();
     // Around the bar: lines within it would be hidden by it.
-    const Pair low{_low[0] - 1.0, _low[1] - 1.0};
-    _lines.addLine(low, {_high[0], low[1]});
-    _lines.addLine({_high[0], low[1]}, _high);
-    _lines.addLine(_high, {low[0], _high[1]});
-    _lines.addLine({low[0], _high[1]}, low);
+    const Pair low{_low[0] - _pixel, _low[1] - _pixel};
+    addLine(low, {_high[0], low[1]});
+    addLine({_high[0], low[1]}, _high);
+    addLine(_high, {low[0], _high[1]});
+    addLine({low[0], _high[1]}, low);
     for (const LegendTick& tick : _ticks) {
-      _lines.addLine(along(tick.place, true), tickEnd(tick));
+      addLine(along(tick.place, true), tickEnd(tick));
     }
-    _lines.property().SetLineWidth(static_cast<float>(std::max(1.0, std::round(_layoutInput[2] / 700.0))));
+    const double pixels = std::max(1.0, std::round(_layoutInput[2] / (700.0 * _pixel)));
+    _lines.property().SetLineWidth(static_cast<float>(pixels * _pixel));
   }
 
+  /// Between the middles of pixels, where thin lines are sharp.
+  void addLine(const Pair& from, const Pair& to) {
+    const auto middle = [this](const Pair& place) {
+      return Pair{pixelStart(place[0]) + _pixel / 2.0, pixelStart(place[1]) + _pixel / 2.0};
+    };
+    _lines.addLine(middle(from), middle(to));
+  }
+
+  double pixelStart(double place) const { return std::floor(place / _pixel) * _pixel; }
+
   LegendDecoration _legend;
+  const PropGroup& _group;
   FlatShape _bar;
   FlatShape _lines;
   bool _isVertical;
   TextLabel _title;
   std::vector<TextLabel> _labels;
 
-  /// What the layout was made for: the canvas's size and the window's height,
-  /// in pixels, as everything below.
-  Vector<3, double> _layoutInput;
+  /// What the layout was made for: the canvas's size and the window's height, in
+  /// pixels, as everything below, and the pixel scale of the group.
+  Vector<4, double> _layoutInput;
+  /// The width of a pixel of the picture, which may be drawn larger.
+  double _pixel = 1.0;
   double _line = 0.0;
   double _titleHeight = 0.0;
   /// The width of the widest label.

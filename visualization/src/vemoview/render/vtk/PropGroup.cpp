@@ -70,6 +70,7 @@ void PropGroup::show(bool isShown) {
 }
 
 void PropGroup::scalePixels(double factor) {
+  _pixelScale *= factor;
   // Instances of a mesh share a property.
   std::set<vtkProperty*> scaled;
   for (const Member& member : _members) {

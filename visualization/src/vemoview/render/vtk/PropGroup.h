@@ -29,8 +29,10 @@ class PropGroup {
 
   void show(bool isShown);
 
-  /// Makes lines and points wider by a factor.
+  /// Makes lines and points wider by a factor. Members that lay themselves out in
+  /// pixels ask for the product of all factors.
   void scalePixels(double factor);
+  double getPixelScale() const { return _pixelScale; }
 
  private:
   struct Member {
@@ -43,6 +45,7 @@ class PropGroup {
   std::vector<Member> _members;
   std::vector<unsigned long> _observers;
   bool _isShown = true;
+  double _pixelScale = 1.0;
 };
 
 }  // namespace vemo
