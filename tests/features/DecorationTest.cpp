@@ -169,7 +169,7 @@ Vector2 meanPlace(const Picture& picture, std::size_t channel, int size) {
   for (int y = 0; y < size; ++y) {
     for (int x = 0; x < size; ++x) {
       const Pixel pixel = picture.at(x, SIZE - 1 - y);
-      if (pixel[channel] > std::max(pixel[(channel + 1) % 3], pixel[(channel + 2) % 3]) + 60) {
+      if (pixel[channel] > std::max(pixel[(channel + 1) % 3], pixel[(channel + 2) % 3]) + 40) {
         sum += {x + 0.5 - size / 2.0, y + 0.5 - size / 2.0};
         ++count;
       }

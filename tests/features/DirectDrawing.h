@@ -119,16 +119,18 @@ class DirectDrawing {
   /// The picture of 300 x 300 pixels.
   Picture draw() {
     // Multisampling leaves dots beside edges, gaps within lines, and the rims of
-    // balls as they are: they become smooth by drawing them twice as large.
+    // balls as they are: they become smooth by drawing them twice as large, as
+    // everything is in software.
+    const auto window = EglRenderWindow::open(FeatureScene::SIZE, FeatureScene::SIZE);
     const auto actors = actorsOf(*_renderer);
-    const int scale = std::ranges::any_of(actors, showsFineShapes) ? 2 : 1;
+    const int scale = window->drawsInSoftware() || std::ranges::any_of(actors, showsFineShapes) ? 2 : 1;
     for (vtkActor* const actor : actors) {
       vtkProperty& property = *actor->GetProperty();
       // OpenGL draws no line thinner than a pixel.
       property.SetLineWidth(std::max(property.GetLineWidth(), 1.0F) * static_cast<float>(scale));
       property.SetPointSize(property.GetPointSize() * static_cast<float>(scale));
     }
-    const auto window = EglRenderWindow::open(FeatureScene::SIZE * scale, FeatureScene::SIZE * scale);
+    window->SetSize(FeatureScene::SIZE * scale, FeatureScene::SIZE * scale);
     window->SetMultiSamples(scale == 1 ? 8 : 0);
     window->AddRenderer(_renderer);
     window->Render();
