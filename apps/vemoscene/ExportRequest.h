@@ -12,7 +12,8 @@ struct ExportRequest {
   std::string output;
   /// Whether to read the output back and compare it with what was to be written.
   bool verify = false;
-  /// Receives what became of an archive, also when it is refused; may be empty.
+  /// Receives the ledger of an archive, even if the archive is refused; may be
+  /// empty.
   SceneConverter::LedgerObserver observeLedger{};
 };
 

@@ -14,12 +14,12 @@ void rejectSameFile(const std::string& file, const std::string& output);
 
 enum class SceneKind { ARCHIVE, DATABASE };
 
-/// Which generation the file is of. Throws Failure for a file that does not
-/// exist, cannot be opened, or is of neither.
+/// The generation of the file. Throws Failure for a file that does not exist,
+/// cannot be opened, or is of neither generation.
 SceneKind detectScene(const std::string& file);
 
-/// Throws Failure with UNSUPPORTED_FORMAT for a database: the old generation has
-/// what databases do not have.
+/// Throws Failure with UNSUPPORTED_FORMAT for a database: only archives of the
+/// old generation have what the command needs.
 void requireArchive(const std::string& file);
 
 /// Detects whether a file was replaced. Keeps the former file open, so that the

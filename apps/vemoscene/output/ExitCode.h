@@ -12,7 +12,7 @@ enum class ExitCode : int {
   /// Findings that --fail-on names, or differences.
   FOUND = 1,
   NOT_FOUND = 2,
-  /// Any failure of a command that tells no more about it.
+  /// Any failure of a command that does not distinguish failures.
   TROUBLE = 2,
   UNSUPPORTED_FORMAT = 3,
   READ_ERROR = 5,

@@ -13,7 +13,7 @@ class Exception;
 /// The message, completed where it is only a value or empty. May hold "<br>".
 VEMO_IMPORT_EXPORT std::string describe(const Exception& exception);
 
-// Failures as findings, for those who look for all faults of a file.
+// Failures as findings, for a search for all faults of a file.
 
 VEMO_IMPORT_EXPORT Finding findingOf(const Exception& exception);
 VEMO_IMPORT_EXPORT Finding findingOf(const Error& error);

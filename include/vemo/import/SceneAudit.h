@@ -16,8 +16,8 @@ namespace vemo {
 class SceneImport;
 
 /// Reads and converts an old scene without writing anything, to see what
-/// becomes of it. Goes on after faults, each of which is a finding, and checks
-/// all entries of the archive.
+/// becomes of it. Continues after faults, which are findings, and checks all
+/// entries of the archive.
 class VEMO_IMPORT_EXPORT SceneAudit {
  public:
   /// Faults in the file are findings, and not thrown.

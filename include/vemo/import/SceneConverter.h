@@ -33,14 +33,14 @@ class VEMO_IMPORT_EXPORT SceneConverter {
   using Observer = std::function<void(lum::SceneNode& written)>;
   void setObserver(Observer observer);
 
-  /// Is called in `run` with what became of the input, at the end: with a failure
-  /// to read or convert before that is thrown, with as much as is known then. A
-  /// scene whose output cannot be written has no ledger.
+  /// Called at the end of `run` with what became of the input. If reading or
+  /// converting fails, it is called with what is known by then, before the
+  /// failure is thrown. A scene whose output cannot be written has no ledger.
   using LedgerObserver = std::function<void(const SceneLedger& ledger)>;
   void setLedgerObserver(LedgerObserver observer);
 
  private:
-  /// Null when that failed, which only happens for the sake of a ledger.
+  /// Null when that failed, which is only possible with a ledger observer.
   lum::SceneNode* readAndConvert(SceneImport& import) const;
   /// False when the output cannot be opened.
   bool write(lum::SceneNode& sceneNode) const;

@@ -17,7 +17,8 @@ namespace vemo {
 /// What a scene shows, ready for a render window on the screen or off it: one
 /// renderer for each canvas, the background's at the bottom, then the model's,
 /// the foreground's, the orientation's. The scene is not changed; its arrays
-/// are shared. It must outlive this. Its window is empty once this is gone.
+/// are shared. It must outlive the renderer. Its window is empty once the
+/// renderer is destroyed.
 class VEMO_RENDER_EXPORT SceneRenderer {
  public:
   /// Throws SceneTooLarge.
@@ -43,11 +44,11 @@ class VEMO_RENDER_EXPORT SceneRenderer {
   /// multisampled if the scene allows it.
   void addTo(vtkRenderWindow& window, int samples);
 
-  /// Shows and hides what has become visible in the scene, or invisible
-  /// (BaseAttributes::getVisibility of the drawables). Other changes of the
-  /// scene are ignored. What did not change is not made again: this takes a
-  /// small part of the time of the constructor. Throws SceneTooLarge, and keeps
-  /// showing the same, when what has become visible is too large.
+  /// Follows changes of visibility in the scene (BaseAttributes::getVisibility
+  /// of the drawables). Other changes of the scene are ignored. Unchanged parts
+  /// are kept, so this is much faster than the constructor. Throws
+  /// SceneTooLarge, and shows the same as before, when the newly visible parts
+  /// are too large.
   void followVisibility();
 
   /// What is seen of the model at a pixel of the window, counted from its lower
@@ -65,10 +66,10 @@ class VEMO_RENDER_EXPORT SceneRenderer {
   /// Whether box and mark are drawn.
   void showHighlight(bool isShown);
 
-  /// All cameras are as when the scene was opened.
+  /// Resets all cameras to the state when the scene was opened.
   void resetView();
 
-  /// Frames all that is visible of the model, seen from the current direction.
+  /// Frames the visible part of the model, seen from the current direction.
   void frameModel();
 
  private:

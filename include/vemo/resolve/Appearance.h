@@ -16,7 +16,7 @@ struct Appearance {
   enum class Kind { SURFACE, LINES, POINTS };
 
   Kind kind = Kind::SURFACE;
-  /// Of a surface, as far as they can be seen.
+  /// Of a surface: which parts are visible.
   bool hasFaces = true;
   bool hasEdges = false;
   /// Whether border and sharp edges are drawn, in the edges' colour.

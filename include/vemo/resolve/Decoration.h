@@ -26,8 +26,8 @@ struct TextStyle {
   enum class Family { ARIAL, COURIER, TIMES };
 
   Family family = Family::ARIAL;
-  /// Of a font that replaces the family's, bold or italic as far as there is one;
-  /// empty for the renderer's own.
+  /// The file of a font that replaces that of the family, in bold or italic if
+  /// available; empty for the renderer's own fonts.
   std::string fontFile;
   bool isBold = false;
   bool isItalic = false;
@@ -112,8 +112,8 @@ struct TriadDecoration {
   std::optional<Camera> camera;
 };
 
-/// What is seen of a drawable without geometry of its own. A drawable with
-/// several instances has several decorations.
+/// The visible form of a drawable that has no geometry. A drawable with several
+/// instances has several decorations.
 struct Decoration {
   const lum::Drawable* drawable = nullptr;
   std::variant<LegendDecoration, TextDecoration, ImageDecoration, TriadDecoration> content;

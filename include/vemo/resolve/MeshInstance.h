@@ -31,7 +31,7 @@ struct ScalarColoring {
 /// A mesh that is seen, once or several times, with everything needed to draw
 /// it.
 struct MeshInstance {
-  /// What it comes from; both belong to the scene.
+  /// Its origin; both nodes belong to the scene.
   const lum::Drawable* drawable = nullptr;
   const lum::PolyDataNode* node = nullptr;
   /// Valid cells with finite points, at least one; polygons and strips of a surface,
@@ -39,8 +39,8 @@ struct MeshInstance {
   /// memory with the scene and with other instances.
   vtkSmartPointer<vtkPolyData> geometry;
   Appearance appearance;
-  /// Red, green, blue in 0..1: the colour of all of it, unless scalars colour
-  /// it.
+  /// Red, green, blue in 0..1: the colour of the whole mesh unless there are
+  /// scalars.
   Vector<3, double> color;
   std::optional<ScalarColoring> scalars;
   SharedInstanceTransforms transforms;

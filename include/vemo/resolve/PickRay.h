@@ -8,7 +8,7 @@
 
 namespace vemo {
 
-/// What a user sees a canvas through.
+/// The view of a canvas.
 struct PickView {
   /// The canvas's part of the window, in pixels.
   Vector<2, double> lowerLeft;
@@ -24,8 +24,8 @@ struct PickView {
   double viewAngle = 30.0;
 };
 
-/// What lies behind a pixel: a ray from the viewer's eye into the model, and how
-/// large a pixel is along it.
+/// The ray behind a pixel, from the viewer's eye into the model, and the size
+/// of a pixel along it.
 struct VEMO_RESOLVE_EXPORT PickRay {
   Vector<3, double> origin;
   /// A unit vector.

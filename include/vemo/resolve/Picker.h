@@ -18,7 +18,7 @@ struct MeshInstance;
 /// Of positions at the same distance, that of the mesh tested last is found.
 class VEMO_RESOLVE_EXPORT Picker {
  public:
-  /// The planes clip what is clipped.
+  /// The planes apply to meshes whose appearance is clipped.
   Picker(const PickRay& ray, std::span<const ClipPlane> clipPlanes);
 
   /// Tests all instances of a mesh. Its node must still hold the arrays that the
@@ -30,7 +30,7 @@ class VEMO_RESOLVE_EXPORT Picker {
  private:
   PickRay _ray;
   RayInterval _whole;
-  /// What the clipping planes leave of it.
+  /// The part of the ray that the clipping planes keep.
   RayInterval _unclipped;
   std::optional<Pick> _nearest;
   double _nearestRank = std::numeric_limits<double>::infinity();

@@ -21,13 +21,13 @@ using DrawableSet = std::unordered_set<const lum::Drawable*>;
 struct CanvasUpdate {
   /// Everything that is visible now.
   DrawableSet visible;
-  /// What of it was never visible before, in drawing order.
+  /// Those that were never visible before, in drawing order.
   std::vector<MeshInstance> meshes;
   std::vector<Decoration> decorations;
 };
 
-/// Resolves a scene, then only what becomes visible in it. The scene is not
-/// changed; it must outlive the resolver.
+/// Resolves a scene, and later only the parts that become visible. The scene is
+/// not changed; it must outlive the resolver.
 class VEMO_RESOLVE_EXPORT SceneResolver {
  public:
   explicit SceneResolver(const lum::SceneNode& scene);
@@ -35,12 +35,14 @@ class VEMO_RESOLVE_EXPORT SceneResolver {
   SceneResolver(const SceneResolver&) = delete;
   SceneResolver& operator=(const SceneResolver&) = delete;
 
-  /// Everything that is visible; to be called once. Throws SceneTooLarge.
+  /// Everything that is visible. Must be called once only. Throws
+  /// SceneTooLarge.
   ResolvedScene resolve();
 
   /// What the visibility of drawables (BaseAttributes::getVisibility) has
   /// changed in a canvas, by its index in the resolved scene. Other changes of
-  /// the scene are ignored. Throws SceneTooLarge and then counts as not called.
+  /// the scene are ignored. If it throws SceneTooLarge, the resolver is
+  /// unchanged.
   CanvasUpdate update(std::size_t canvas);
 
  private:
@@ -51,8 +53,7 @@ class VEMO_RESOLVE_EXPORT SceneResolver {
 /// What is visible in a scene. Throws SceneTooLarge.
 VEMO_RESOLVE_EXPORT ResolvedScene resolveScene(const lum::SceneNode& scene);
 
-/// The visible ones among a drawable and those that it owns, as far as they are
-/// not hidden themselves.
+/// The visible drawables among a drawable and those that it owns.
 VEMO_RESOLVE_EXPORT DrawableSet visibleParts(const lum::Drawable& drawable);
 
 }  // namespace vemo

@@ -8,8 +8,8 @@
 
 namespace lum {
 
-/// A new node of the class that the initializer names; empty when there is no
-/// such class, or none of which nodes can be made.
+/// A new node of the class that the initializer names; empty when the class is
+/// unknown or abstract.
 VEMO_SCENEGRAPH_EXPORT Ptr<Node> createNode(const NodeInitializer& initializer);
 
 /// The names of the classes that createNode knows, sorted.

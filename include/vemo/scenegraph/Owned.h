@@ -13,9 +13,9 @@ class VEMO_SCENEGRAPH_EXPORT OwnedSlot {
 
   Node* getNode() const { return _node; }
 
-  /// Puts a node into the slot, or empties it with null. False, and nothing
-  /// changed, when the node is of another class, is owned already, or is the
-  /// owner itself or one of those that own it.
+  /// Puts a node into the slot, or empties it with null. Returns false without
+  /// a change when the node is of another class, has an owner, or is the new
+  /// owner or one of its ancestors.
   bool put(Node& owner, Node* node);
 
  protected:

@@ -10,7 +10,7 @@ namespace vemo {
 /// The content of an archive entry: a block of bytes, or the same block as
 /// 32-bit numbers. A plain pair that owns nothing: the block was allocated with
 /// `new unsigned char[]`, and the receiver must release it as such, or pass it
-/// on. ArrayOwner does so by itself.
+/// on. ArrayOwner releases it automatically.
 template <class T>
 struct Array_t {
   T* data = nullptr;

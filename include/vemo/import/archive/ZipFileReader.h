@@ -31,8 +31,8 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   /// takes no fewer than two bits.
   static constexpr std::uint64_t MAX_DEFLATE_RATIO = 1032;
 
-  /// Entries up to this size are read whatever their compressed size: memory for
-  /// them is no risk.
+  /// Entries up to this size are read whatever their compressed size: they
+  /// cannot exhaust memory.
   static constexpr std::uint64_t SMALL_ENTRY_SIZE = 0x10000;
 
   /// Where an entry's content contradicts the archive's directory.
@@ -97,7 +97,7 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   void sortEntries();
   const Entry* findEntry(const std::string& name) const;
   bool isSizePossible(const Entry& entry) const;
-  /// How much of the content there is; nothing when it cannot be read.
+  /// The number of bytes of content that exist; nothing when it cannot be read.
   std::optional<std::size_t> readContent(const Entry& entry, std::span<char> content) const;
 
   std::uint64_t _fileSize = 0;

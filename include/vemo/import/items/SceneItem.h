@@ -29,7 +29,7 @@ class VEMO_IMPORT_EXPORT SceneItem : public Readable {
   /// of its element when it has none.
   const std::string& getPathName() const { return _name.empty() ? _kind : _name; }
   static const std::string& pathName(const QxElement& element);
-  /// The name that the element states, which does not count as reading it.
+  /// The name stated by the element, without marking it as read.
   static std::string statedName(const QxElement& element);
   /// Of the item's element; unknown for items made in code.
   const ElementPlace& getPlace() const { return _place; }

@@ -36,8 +36,8 @@ struct SharedBySiblings {
   /// collection are hidden with it.
   bool isHidden = false;
 
-  /// Whether a hidden assembly around the item is in a collection that is shown
-  /// for the sake of others: each item is hidden by itself then.
+  /// Whether the item is in a hidden assembly whose collection is visible
+  /// because other items share it: each item is then hidden individually.
   bool hidesEach = false;
 };
 

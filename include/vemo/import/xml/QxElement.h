@@ -15,7 +15,8 @@ namespace vemo {
 /// One element of the scene description. A parent owns its children. Names of
 /// attributes and children are compared exactly.
 ///
-/// An element remembers what of it was read: what was not, no item knows.
+/// An element records which of its parts were read; the others are unknown to
+/// all items.
 class VEMO_IMPORT_EXPORT QxElement {
  public:
   struct Attribute {
@@ -41,7 +42,7 @@ class VEMO_IMPORT_EXPORT QxElement {
     return _text;
   }
   void setText(std::string text);
-  /// The same, which does not count as reading it.
+  /// The same, without marking it as read.
   const std::string& peekText() const { return _text; }
   /// Whether there is text other than blanks.
   bool hasText() const { return _hasText; }
@@ -56,7 +57,7 @@ class VEMO_IMPORT_EXPORT QxElement {
   const Children& getChildren() const { return _children; }
   QxElement& addChild(std::unique_ptr<QxElement> child);
 
-  /// Whether the element was read, by itself or with its parent.
+  /// Whether the element was read, on its own or with its parent.
   bool isRead() const { return _isRead; }
   void markRead() const { _isRead = true; }
   /// With its attributes and text.

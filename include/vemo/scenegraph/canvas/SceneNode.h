@@ -13,7 +13,7 @@ class VEMO_SCENEGRAPH_EXPORT SceneNode final : public Node {
   LUM_FIELD(Owned<SceneCanvas>, _orientationCanvas)
 
  public:
-  /// What the scene is about.
+  /// The scene's content: the model.
   SceneCanvas& getModelCanvas() { return canvas(_modelCanvas, "ModelCanvas"); }
   /// In front of it: legends and the like.
   SceneCanvas& getForegroundCanvas() { return canvas(_foregroundCanvas, "ForegroundCanvas"); }

@@ -153,7 +153,7 @@ void SceneRenderer::addTo(vtkRenderWindow& window, int samples) {
 
 void SceneRenderer::followVisibility() {
   if (_state->window != nullptr) {
-    // What is no longer drawn is released in its OpenGL context.
+    // Props that are no longer drawn are released in their OpenGL context.
     _state->window->MakeCurrent();
   }
   for (std::size_t i = 0; i < _state->layers.size(); ++i) {

@@ -22,8 +22,8 @@ struct Viewport {
   Vector<2, double> upperRight;
 };
 
-/// What lies in the window of the part that a canvas asks for; nothing when
-/// that is empty.
+/// The part of a canvas's viewport that is inside the window; nothing when that
+/// is empty.
 std::optional<Viewport> resolveViewport(const lum::SceneCanvas& canvas) {
   const auto* const base = canvas.findAttributes<lum::BaseCanvasAttributes>();
   const auto* const position = canvas.findAttributes<lum::CanvasPositionAttributes>();
@@ -33,7 +33,7 @@ std::optional<Viewport> resolveViewport(const lum::SceneCanvas& canvas) {
     const double high = low + (base != nullptr ? base->getSize()[i] : 1.0);
     result.lowerLeft[i] = std::max(low, 0.0);
     result.upperRight[i] = std::min(high, 1.0);
-    // Also false for what is not a number.
+    // Also false for NaN.
     if (!(result.lowerLeft[i] < result.upperRight[i])) {
       return std::nullopt;
     }

@@ -15,8 +15,8 @@
 
 namespace lum::io {
 
-/// Gives decoded nodes their arrays, each node when the last of its arrays is
-/// there. Nodes whose arrays do not fit each other stay without.
+/// Gives decoded nodes their arrays, each node when all of its arrays have
+/// arrived. Nodes whose arrays do not fit each other stay empty.
 class ArrayBinder {
  public:
   /// Takes the arrays out of a field; other fields stay as they are.

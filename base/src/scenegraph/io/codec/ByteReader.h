@@ -8,9 +8,8 @@
 
 namespace lum::io {
 
-/// The only way to the bytes of a file's tables: a cursor that never leaves
-/// them. Whatever does not fit throws FileError (ReadError) that says what was
-/// to be read.
+/// Reads the bytes of a file's tables, and never beyond them. Throws FileError
+/// (ReadError), naming what was to be read, for anything that does not fit.
 class ByteReader {
  public:
   explicit ByteReader(std::string_view bytes) : _left(bytes) {}

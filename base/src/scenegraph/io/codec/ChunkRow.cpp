@@ -14,8 +14,8 @@ namespace lum::io {
 namespace {
 
 constexpr std::uint64_t MAX_COMPONENTS = std::numeric_limits<int>::max();
-// VTK makes room for a tuple even where there is none, which so takes no byte
-// of the file.
+// VTK allocates a tuple even for an empty array, which takes no bytes of the
+// file.
 constexpr std::uint64_t MAX_COMPONENTS_WITHOUT_TUPLES = 1024;
 
 // Far beyond any file, and far from overflowing.
@@ -25,7 +25,7 @@ const char* nameOf(vtkDataArray& array) {
   return array.GetName() != nullptr ? array.GetName() : "";
 }
 
-/// Throws FileError with this status for an array that there cannot be.
+/// Throws FileError with this status for an impossible array.
 void requireShape(const ChunkRow& row, FileIoStatus status) {
   const std::uint64_t mostComponents = row.tuples == 0 ? MAX_COMPONENTS_WITHOUT_TUPLES : MAX_COMPONENTS;
   if (row.components == 0 || row.components > mostComponents ||

@@ -17,9 +17,10 @@ namespace lum::io {
 class PolyDataCheck {
  public:
   /// What is wrong with a node's poly data: points that do not have three
-  /// coordinates; cells with too few points, or with indices outside the points;
-  /// data arrays that do not have one tuple for each point or cell, or share a
-  /// name. Empty when nothing is, or the node is not a PolyDataNode.
+  /// coordinates; cells with too few points, or with indices outside the
+  /// points; data arrays that do not have one tuple for each point or cell, or
+  /// share a name. Empty for valid poly data, or for a node that is not a
+  /// PolyDataNode.
   std::string findFault(const Node& node);
 
  private:

@@ -13,8 +13,8 @@ namespace lum::io {
 
 namespace {
 
-/// More of either are refused: each node of the class would have us go through
-/// them, however little of the file it takes itself.
+/// More of either are refused: they cost time for every node of the class,
+/// however few bytes of the file it takes.
 constexpr std::size_t MAX_FIELDS = 1024;
 constexpr std::size_t MAX_DEFAULT_BYTES = 256;
 

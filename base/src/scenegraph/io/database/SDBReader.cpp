@@ -36,7 +36,8 @@ std::ifstream openFile(const std::string& path) {
   return file;
 }
 
-/// Does something; errors say where in which file, in the words of a function.
+/// Calls a function; errors name the file and the place in it, which another
+/// function describes.
 template <class Describe, class Action>
 auto at(Describe&& describeContext, Action&& action) {
   try {
@@ -115,7 +116,7 @@ class SDBReader::Database {
     return isSame;
   }
 
-  /// Does something where the chunk begins; errors say which one it was.
+  /// Calls a function at the start of a chunk; errors name the chunk.
   template <class Action>
   void atChunk(std::size_t chunk, Action&& action) {
     const io::ChunkRow& row = _index.getTables().getChunks()[chunk];

@@ -68,7 +68,7 @@ class SDBWriter::Database final : private io::ArraySink {
 
 namespace {
 
-/// What an operation comes to; its failure is logged.
+/// The result of an operation; a failure is logged.
 template <class Operation>
 io::FileIoStatus statusOf(Operation&& operation) {
   try {

@@ -24,8 +24,8 @@ class VEMO_IMPORT_EXPORT ArchiveFile {
 
   unzFile getHandle() const { return _handle; }
 
-  /// Whether the directory goes on behind minizip's current entry, whose row in the
-  /// directory must be what it read last.
+  /// Whether the directory continues after minizip's current entry, whose row
+  /// in the directory must be what it read last.
   bool hasRowBehind(const unz_file_info64& row);
 
   /// The compressed bytes of minizip's current entry, valid until it opens

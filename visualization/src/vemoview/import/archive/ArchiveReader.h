@@ -40,7 +40,7 @@ class VEMO_IMPORT_EXPORT ArchiveReader {
   std::vector<std::string> getUnusedEntries() const;
 
  private:
-  /// Of content that is read nevertheless.
+  /// Of content that is used anyway.
   virtual void reportFlaws(const ZipFileReader::ContentFlaws& flaws, const std::string& entryName) = 0;
 
   Array_t<unsigned char> readWords(const std::string& entryName, const char* kind);

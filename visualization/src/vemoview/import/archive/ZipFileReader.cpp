@@ -62,7 +62,7 @@ void ZipFileReader::indexEntries() {
   if (unzGetGlobalInfo(_archive->getHandle(), &global) != UNZ_OK) {
     failInvalid();
   }
-  // The number is the archive's own word: nothing is reserved for it.
+  // The archive may state any number: do not reserve memory for it.
   for (uLong i = 0; i < global.number_entry; ++i) {
     const int moved =
         i == 0 ? unzGoToFirstFile(_archive->getHandle()) : unzGoToNextFile(_archive->getHandle());
@@ -101,7 +101,8 @@ ZipFileReader::Entry ZipFileReader::readDirectoryEntry() const {
 }
 
 void ZipFileReader::sortEntries() {
-  // Of equal names the last in the archive is to stay: it comes first here.
+  // The last of several entries with the same name is kept: it comes first
+  // here.
   std::ranges::reverse(_entries);
   std::ranges::stable_sort(_entries, {}, &Entry::name);
   for (std::size_t i = 1; i < _entries.size(); ++i) {

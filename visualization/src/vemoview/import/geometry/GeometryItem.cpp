@@ -46,7 +46,7 @@ namespace {
 /// By GeometryItem::GeometryType.
 constexpr const char* TYPE_NAMES[] = {"points", "lines", "a surface"};
 
-/// Of lines and points, in pixels: pictures have none that are wider.
+/// Of lines and points, in pixels; pictures contain no wider ones.
 constexpr double WIDEST = 4096.0;
 
 bool hasGeometry(const lum::GeometryDrawable& drawable) {
@@ -58,9 +58,9 @@ bool hasColorTable(const lum::GeometryDrawable& drawable) {
   return scalars != nullptr && scalars->hasColorLookupTable() != nullptr;
 }
 
-/// The first T that is hidden or shown as wanted, or has no geometry yet; made
-/// when there is none. Items of one name share a drawable, but no item shows or
-/// hides another.
+/// The first T with the desired visibility or without geometry; created if
+/// there is none. Items with the same name share a drawable, but must not show
+/// or hide each other.
 template <class T>
 T& findDrawable(lum::DrawableCollection& collection, bool isHidden) {
   std::string name = T::getClassName();
@@ -72,8 +72,8 @@ T& findDrawable(lum::DrawableCollection& collection, bool isHidden) {
   return found != nullptr ? *found : collection.findOrCreate<T>(name);
 }
 
-/// What geometries that share a drawable have in common: all attributes but the
-/// colours that each has of its own.
+/// Everything that geometries with a common drawable share: all attributes
+/// except each one's colours.
 class SharedSettings {
  public:
   explicit SharedSettings(lum::GeometryDrawable& drawable) {
@@ -219,7 +219,7 @@ void GeometryItem::reportSettingsOutOfRange(SceneFileReader& reader) const {
   }
 }
 
-/// What the element states, but neither the scene graph nor VTK has a use for.
+/// Values that neither the scene graph nor VTK uses.
 void GeometryItem::reportUnused(const ValueReader& values) const {
   for (const auto& [key, range] : {std::pair("pointScaleScalarRange", &_settings.pointScaleScalarRange),
                                    std::pair("pointScaleScalarMapTo", &_settings.pointScaleScalarMapTo)}) {

@@ -27,7 +27,7 @@ namespace {
 
 constexpr int COORDINATES = 3;
 constexpr const char* DATA_KEY = "data";
-/// An array without values could claim any number of components.
+/// An empty array could state any number of components.
 constexpr int MAX_COMPONENTS_WITHOUT_VALUES = 256;
 
 /// The values become those of an array with that number of components.
@@ -111,7 +111,7 @@ vtkSmartPointer<vtkFloatArray> PolyDataReader::readValues(const GeometryArray& a
   const std::string entry = array.entry.value_or("");
   const int components = array.components;
   ArrayOwner<float> values = readData(entry);
-  // Without all points or cells, an array would only seem not to fit.
+  // If points or cells are missing, an array may only appear not to fit.
   if (!(array.isOfPoints ? _hasPoints : _hasAllCells)) {
     return nullptr;
   }

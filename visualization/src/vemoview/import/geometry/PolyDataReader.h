@@ -36,7 +36,7 @@ class VEMO_IMPORT_EXPORT PolyDataReader {
   /// @throws IOException for an index outside the points
   void readCells(CellKind kind, const std::string& entry);
 
-  /// Whether there were cells of that kind, be it such as were left out.
+  /// Whether there were cells of that kind, including those that were left out.
   bool hasListed(CellKind kind) const { return _cells[indexOf(kind)].listed > 0; }
 
   /// Whether the cells of all kinds could be read. Without points none can be.

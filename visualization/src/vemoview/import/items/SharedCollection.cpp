@@ -7,7 +7,7 @@ namespace vemo {
 
 namespace {
 
-/// What is seen of the collection stays the same.
+/// The visible content of the collection stays the same.
 void hideNodesInstead(lum::DrawableCollection& collection) {
   for (const auto& node : collection.getNodes()) {
     static_cast<lum::Drawable*>(node.getObject())->getBaseAttributes().setVisibility(false, false);

@@ -11,11 +11,12 @@ namespace vemo {
 
 class ReadingContext;
 
-/// By itself, whatever owns it.
+/// Individually, whatever owns it.
 bool isVisible(const lum::Drawable& drawable);
 
-// Items of one name in one parent share a collection. It is hidden as long as
-// all of them are: once one is shown, the others are hidden in it, each by itself.
+// Items with the same name and parent share a collection. It is hidden while
+// all of them are hidden. Once one is shown, the others are hidden
+// individually.
 
 /// The collection of that name, created visible if necessary. A hidden one
 /// becomes visible for an item that is shown; what it held is hidden instead.

@@ -12,7 +12,7 @@
 
 namespace vemo {
 
-/// What becomes of a member whose key the element does not have.
+/// What happens to a member whose key is missing.
 enum class WhenAbsent {
   RESET,  ///< It becomes 0, false, empty or the first word; for a colour this is an error.
   KEPT,   ///< It keeps its value.
@@ -31,7 +31,7 @@ struct KeyDescription {
   std::string defaultText;
   /// The names of an enumeration's values, in order; the last one is empty.
   const std::string* words = nullptr;
-  /// What the key says has no place in a scene graph, which misses nothing.
+  /// A scene graph cannot hold the value, and loses nothing without it.
   bool isWithoutEffect = false;
   /// Colours: nothing is as translucent as the alpha says.
   bool isAlphaUnused = false;
@@ -40,7 +40,7 @@ struct KeyDescription {
   /// Numbers out of this range are ignored, with a finding.
   double least = -std::numeric_limits<double>::infinity();
   double greatest = std::numeric_limits<double>::infinity();
-  /// Texts that are not allowed are ignored, with this reason. Null: all are.
+  /// Texts that it rejects are ignored, for the reason below. Null allows all.
   bool (*isAllowed)(std::string_view text) = nullptr;
   std::string whyNotAllowed;
 };

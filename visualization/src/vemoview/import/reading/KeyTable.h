@@ -37,7 +37,7 @@ struct Key : KeyDescription {
     whyNotAllowed = reason;
     return std::move(*this);
   }
-  /// The new generation has no place for it, and misses nothing without it.
+  /// The new generation cannot hold the value, and loses nothing without it.
   Key withoutEffect() && {
     isWithoutEffect = true;
     return std::move(*this);
@@ -128,7 +128,7 @@ class KeyTable {
                     int newestVersion = 1)
       : _keys(std::move(keys)), _onBadValue(onBadValue), _newestVersion(newestVersion) {}
 
-  /// Reads the keys, each in an attempt of its own. Returns whether none failed.
+  /// Reads each key in a separate attempt. Returns whether all succeeded.
   bool read(Item& item, const QxElement& element, SceneFileReader* reader) const {
     return read(item, ValueReader(element, reader, _onBadValue));
   }
@@ -152,8 +152,8 @@ class KeyTable {
     }
   }
 
-  /// Throws FutureVersionException, before anything is read, for an element that
-  /// is too new.
+  /// Throws FutureVersionException for an element that is too new, before
+  /// anything is read.
   void checkVersion(const QxElement& element, SceneFileReader* reader) const {
     vemo::checkVersion(element, reader, _newestVersion, _onBadValue);
   }
@@ -164,7 +164,7 @@ class KeyTable {
     read(item, element, reader);
   }
 
-  /// Checks the version, then reads what the base class does, then the keys.
+  /// Checks the version, lets the base class read, then reads the keys.
   template <class Base>
   void readElement(Item& item, const QxElement& element, SceneFileReader* reader) const {
     checkVersion(element, reader);
@@ -174,7 +174,7 @@ class KeyTable {
 
   OnBadValue getOnBadValue() const { return _onBadValue; }
 
-  /// @param item one that nothing was read into
+  /// @param item a new one
   std::vector<KeyText> describe(const Item& item) const {
     std::vector<KeyText> rows;
     for (const Key<Item>& key : _keys) {

@@ -77,7 +77,7 @@ ReadingContext::AttributeScope::~AttributeScope() {
 }
 
 void ReadingContext::noteFailure(int formerExceptions) {
-  // The innermost scope goes first: its place is the exception's.
+  // The innermost scope is destroyed first: its place is that of the exception.
   if (std::uncaught_exceptions() > formerExceptions && _failure.itemPath.empty()) {
     _failure = getPlace();
   }
@@ -107,7 +107,7 @@ void ReadingContext::addPlaceTo(Exception& exception) const {
   const Place place = getFailurePlace();
   exception.setItemPath(place.itemPath);
   exception.setAttribute(place.attribute);
-  // A line in hand is one of the entry that was being parsed.
+  // A line that is already set belongs to the entry that was being parsed.
   exception.setLine(place.element.line);
 }
 
@@ -122,7 +122,7 @@ void ReadingContext::addPlaceTo(Error& error) const {
 
 void ReadingContext::report(FindingCode code, const std::string& text, const std::string& entry,
                             const std::string& attribute) {
-  // No exception is on its way out: one that was thrown has been dealt with.
+  // No exception is propagating: an earlier one has been handled.
   _failure = {};
   const Place place = getPlace();
   report({code, text, entry, place.itemPath, place.element.line,

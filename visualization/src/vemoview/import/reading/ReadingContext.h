@@ -53,24 +53,25 @@ class VEMO_IMPORT_EXPORT ReadingContext {
   /// The items being read, outermost first, as "scene/wing/pressure".
   std::string getItemPath() const;
 
-  /// The part of a path for a name, which is shortened when it is very long.
+  /// The part of a path for a name; a very long name is shortened.
   static std::string pathPart(const std::string& name);
 
-  /// Appends the part to a path, unless that is very long already: then "..."
-  /// stands for all further parts.
+  /// Appends the part to a path. If the path is very long already, "..."
+  /// replaces all further parts.
   static void extendPath(std::string& path, const std::string& part);
 
-  /// From now on, what is attempted keeps its failures and goes on, and all
-  /// findings are kept.
+  /// From now on, `attempt` collects failures instead of throwing them, and the
+  /// number of findings is not limited.
   void collectFaults() { _collectsFaults = true; }
-  /// From now on, failures and all findings of a kind are handed to the sink, too.
+  /// From now on, failures and all findings of a kind are also reported to the
+  /// sink.
   void reportAll() { _reportsAll = true; }
   std::size_t countFaults() const { return _faultCount; }
-  /// Throws the first failure that was kept, if there is one.
+  /// Throws the first collected failure, if there is one.
   void throwFirstFault() const;
 
-  /// Calls the function. A failure in the file is thrown, or kept, with the
-  /// item that it happened in. Returns whether there was none.
+  /// Calls the function. A failure in the file is thrown or collected, with the
+  /// item in which it occurred. Returns whether there was none.
   template <class Function>
   bool attempt(Function&& function) {
     if (!_collectsFaults) {
@@ -86,7 +87,8 @@ class VEMO_IMPORT_EXPORT ReadingContext {
     }
   }
 
-  /// Calls the function. Failures are thrown with the item that they happened in.
+  /// Calls the function. Failures are thrown with the item in which they
+  /// occurred.
   template <class Function>
   void namingFailures(Function&& function) {
     try {
@@ -105,8 +107,8 @@ class VEMO_IMPORT_EXPORT ReadingContext {
   void addPlaceTo(Exception& exception) const;
   void addPlaceTo(Error& error) const;
 
-  /// Keeps the finding, with the item being read, and hands it to the sink. The
-  /// attribute is the one being read unless it is given.
+  /// Keeps the finding, with the item being read, and reports it to the sink.
+  /// The attribute defaults to the one being read.
   void report(FindingCode code, const std::string& text, const std::string& entry = {},
               const std::string& attribute = {});
   /// The same for another place.
@@ -127,16 +129,17 @@ class VEMO_IMPORT_EXPORT ReadingContext {
   };
 
   Place getPlace() const;
-  /// Where an exception is thrown that leaves a scope: the innermost one's place counts.
+  /// Records the place of an exception that leaves a scope, unless an inner
+  /// scope has done so.
   void noteFailure(int formerExceptions);
-  /// Where an exception was thrown that is on its way out.
+  /// The place of the exception being handled.
   Place getFailurePlace() const;
-  /// Throws it again if it is not about the file.
+  /// Rethrows it if it is not about the file.
   void keepCurrentException();
   void keepFault(Finding fault);
 
   std::vector<Item> _items;
-  /// Where the exception was thrown that is unwinding the items.
+  /// The place of the exception that is unwinding the scopes.
   Place _failure;
   bool _collectsFaults = false;
   bool _reportsAll = false;
@@ -146,7 +149,8 @@ class VEMO_IMPORT_EXPORT ReadingContext {
   std::map<FindingCode, std::size_t> _counts;
 };
 
-/// Calls the function as the context attempts it; without one, plainly.
+/// Calls the function through `ReadingContext::attempt`, or directly without a
+/// context.
 template <class Function>
 bool attempt(ReadingContext* context, Function&& function) {
   if (context != nullptr) {

@@ -16,8 +16,8 @@ namespace vemo {
 
 class Scene;
 
-/// What the items of a scene are read with: its archive's entries, and the
-/// context that errors and warnings are reported in.
+/// Gives items what they need for reading: the entries of the archive, and the
+/// context for errors and findings.
 class VEMO_IMPORT_EXPORT SceneFileReader : public ArchiveReader, public ReadingContext {
  public:
   /// Elements nested deeper are rejected: reading and converting items is
@@ -39,17 +39,18 @@ class VEMO_IMPORT_EXPORT SceneFileReader : public ArchiveReader, public ReadingC
   /// than MAX_ELEMENT_DEPTH or has too many elements.
   std::unique_ptr<QxElement> readXml(const std::string& entryName);
 
-  /// Without this, the tree of the description goes once its items are read.
+  /// By default the tree of the description is deleted once its items are read.
   void keepDescription() { _keepsDescription = true; }
   /// Null unless it is kept and could be read.
   const QxElement* getDescription() const { return _description.get(); }
 
-  /// What the element names is not without use, though it was not read.
+  /// The entries that the element names do not count as unused, though they
+  /// were not read.
   void excuseEntriesOf(const QxElement& element);
   bool isExcused(const std::string& entryName) const { return _excused.contains(entryName); }
 
-  /// Reads the whole scene into a new Scene, which the result holds from the
-  /// start: also, partly filled, when an exception follows. Defined with the
+  /// Reads the whole scene into a new Scene. The result holds it from the
+  /// start: if an exception is thrown, it is partly filled. Defined with the
   /// Scene: nothing else here depends on the items.
   std::unique_ptr<Scene>& read(std::unique_ptr<Scene>& result);
 

@@ -7,11 +7,11 @@ namespace vemo {
 
 class SceneFileReader;
 
-/// A form that the format has for the texts of values. Texts of other forms may
-/// have a value nevertheless, but hardly the one that was meant.
+/// A form that the format prescribes for values. Texts in other forms may still
+/// be read, but hardly as the value that was meant.
 struct ValueForm {
   bool (*matches)(std::string_view text);
-  /// What a text of another form is, as "not a number".
+  /// What a text in another form is, such as "not a number".
   const char* flaw;
 };
 

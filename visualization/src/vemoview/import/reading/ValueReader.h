@@ -15,7 +15,7 @@ namespace vemo {
 
 struct ValueForm;
 
-/// What a value does that cannot be read.
+/// What happens to a value that cannot be read.
 enum class OnBadValue {
   FAIL,  ///< It has the value that the format gives such texts, with a finding, or throws if there is none.
   WARN,  ///< It is ignored, with a finding.
@@ -91,7 +91,7 @@ class ValueReader {
     }
   }
 
-  /// Throws the exception again if it is not about a bad value.
+  /// Rethrows the exception if it is not about a bad value.
   void warnOfCurrentException(const KeyDescription& key) const;
   void warnIgnored(const KeyDescription& key, const std::string& reason) const;
   /// About an attribute, or else the child element of that name.

@@ -19,7 +19,7 @@ class AssemblyItem;
 class Scene;
 
 /// Returns a new item, still to be read from the element and added to the
-/// container; or reads what is not an item, and returns null.
+/// container. An element that is not an item is read directly: null.
 template <class Container>
 using ReadingCommand = std::unique_ptr<GraphicsItem> (*)(Container& container, const QxElement& element,
                                                          SceneFileReader* reader);
@@ -83,14 +83,15 @@ void readChildren(Container& container, const ReadingCommands<Container>& comman
       const ReadingContext::ItemScope scope(reader, SceneItem::pathName(*child), child->getPlace());
       if (auto item = command->second(container, *child, reader)) {
         readItem(*item, *child, reader);
-        // Of a part of its data, more would seem to be wrong than is.
+        // With only a part of its data, an item would appear to have more
+        // faults than it has.
         if (item->isAssembly() || countFaults(reader) == faults) {
           container.add(std::move(item));
         }
       }
     });
     if (!isRead) {
-      // The one finding stands for all of it.
+      // One finding covers all of it.
       markTreeRead(*child);
     }
     if (countFaults(reader) == faults) {

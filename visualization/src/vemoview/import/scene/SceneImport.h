@@ -11,7 +11,7 @@ namespace vemo {
 
 class Scene;
 
-/// An old scene on its way into a scene graph: first read, then converted.
+/// Turns an old scene into a scene graph: reads it, then converts it.
 class SceneImport {
  public:
   /// Opens the archive; throws as ZipFileReader does.
@@ -29,12 +29,12 @@ class SceneImport {
   /// through, otherwise the items are converted one by one.
   lum::SceneNode& convert();
 
-  /// Lets the scene graph go.
+  /// Releases the scene graph.
   void close();
   void leaveSessionOpen();
 
  private:
-  /// A session of the node registry, or none yet; closed when it goes.
+  /// A session of the node registry, or none yet; closed by the destructor.
   class Session {
    public:
     Session() = default;

@@ -37,15 +37,15 @@ Outcome outcomeOf(FindingCode code) {
   return Outcome::REFUSED;
 }
 
-/// Whether what it says of an element holds for all that the element has.
+/// Whether its outcome applies to everything in the element.
 bool isAboutWhole(FindingCode code) {
-  // Of these, the element at hand is what remains.
+  // These are about something that the element replaces; the element remains.
   const bool isAboutOther = code == FindingCode::ITEM_REPLACED || code == FindingCode::TRANSFORM_REPLACED ||
                             code == FindingCode::ARRAY_REPLACED;
   return !isAboutOther && outcomeOf(code) > Outcome::CHANGED;
 }
 
-/// What is said of one element, and of its attributes.
+/// The findings about one element and its attributes.
 struct ElementFindings {
   std::vector<FindingCode> ofElement;
   std::map<std::string, std::vector<FindingCode>> ofAttributes;

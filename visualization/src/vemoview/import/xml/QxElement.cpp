@@ -10,7 +10,7 @@ namespace vemo {
 QxElement::QxElement(std::string name) : _name(std::move(name)) {}
 
 QxElement::~QxElement() {
-  // Each element hands over its children before it goes.
+  // Each element gives up its children before it is destroyed.
   Children doomed = std::move(_children);
   while (!doomed.empty()) {
     const std::unique_ptr<QxElement> element = std::move(doomed.back());

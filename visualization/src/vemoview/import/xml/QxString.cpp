@@ -60,7 +60,7 @@ int QxString::parseInt(const std::string& text, int radix) {
 
 double QxString::parseDouble(const std::string& text) {
   // Nearly every text is a plain number from end to end, which from_chars reads
-  // to the same double many times faster. All else is the stream's business.
+  // to the same double many times faster. The stream handles everything else.
   const std::string_view unsignedText = std::string_view(text).substr(text.starts_with('-') ? 1 : 0);
   if (!unsignedText.empty() && unsignedText.front() >= '0' && unsignedText.front() <= '9') {
     double value = 0.0;

@@ -36,7 +36,7 @@ struct PointScalarsKey {
   auto operator<=>(const PointScalarsKey&) const = default;
 };
 
-/// What meshes of one batch agree in.
+/// The properties that the meshes of a batch have in common.
 struct BatchKey {
   Appearance appearance;
   const InstanceTransforms* transforms = nullptr;

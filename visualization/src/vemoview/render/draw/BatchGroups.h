@@ -9,8 +9,8 @@ namespace vemo {
 /// Groups of meshes that can be drawn in one batch, because they are small and
 /// are equal except for their colours (values at points agree in their table):
 /// OpenGL takes as long for a mesh of a few triangles as for thousands of them.
-/// Large meshes, and those that agree with few others, have a group of their
-/// own. In the order of each group's first mesh.
+/// Large meshes, and those that match few others, have their own group. In the
+/// order of each group's first mesh.
 std::vector<std::vector<MeshInstance>> groupIntoBatches(std::vector<MeshInstance> meshes);
 
 }  // namespace vemo

@@ -13,7 +13,7 @@
 
 namespace vemo {
 
-/// What a canvas shows, in a renderer of its own.
+/// Draws a canvas with its own renderer.
 class CanvasLayer {
  public:
   explicit CanvasLayer(ResolvedCanvas canvas);
@@ -26,19 +26,19 @@ class CanvasLayer {
   vtkRenderer& getRenderer() const { return *_resources.renderer; }
   bool isModel() const { return _canvas.role == ResolvedCanvas::Role::MODEL; }
 
-  /// Shows what is visible in the canvas now, and nothing else.
+  /// Shows exactly the currently visible content of the canvas.
   void update(CanvasUpdate update, const CanvasCameras& cameras);
 
   /// Makes lines and points wider by a factor.
   void scalePixels(double factor);
 
-  /// What is seen at a pixel of the window.
+  /// The position shown at a pixel of the window.
   std::optional<Pick> pick(const Vector<2, double>& pixel) const;
 
   /// Points the camera as the canvas says.
   void resetView();
 
-  /// Around what is shown of some drawables.
+  /// Around the visible parts of some drawables.
   Box boundsOf(const DrawableSet& drawables) const;
 
  private:

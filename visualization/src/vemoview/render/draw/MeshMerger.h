@@ -8,8 +8,8 @@ namespace vemo {
 
 class LookupTables;
 
-/// One mesh of those of a batch, or of some of them, at least one. The colours
-/// of several become its scalars.
+/// Merges all or some meshes of a batch, at least one. The colours of several
+/// become its scalars.
 RenderMesh merge(const std::vector<const MeshInstance*>& meshes, LookupTables& tables);
 
 }  // namespace vemo

@@ -8,7 +8,7 @@
 
 namespace vemo {
 
-/// What everything drawn in a canvas shares.
+/// Resources shared by everything drawn in a canvas.
 struct CanvasResources {
   vtkSmartPointer<vtkRenderer> renderer;
   vtkSmartPointer<vtkPlaneCollection> clipPlanes;

@@ -9,7 +9,7 @@ class vtkRenderer;
 
 namespace vemo {
 
-/// Where things are on the screen, for renderers in a window.
+/// Positions and sizes on the screen, for renderers in a window.
 
 /// The width and height of a renderer's part of the window, in pixels.
 Vector<2, double> sizeInPixels(vtkRenderer& renderer);
@@ -25,7 +25,7 @@ std::optional<Vector<2, double>> project(vtkRenderer& renderer, const Vector<3, 
 /// behind the viewer.
 double pixelsPerUnit(vtkRenderer& renderer, const Vector<3, double>& point);
 
-/// What a user sees a renderer's scene through.
+/// The view through which a user sees a renderer's scene.
 PickView pickViewOf(vtkRenderer& renderer);
 
 }  // namespace vemo

@@ -8,9 +8,9 @@ class CameraAttributes;
 
 namespace vemo {
 
-/// What can be used of a camera. Null, one that was never changed, and one that
-/// is where it looks have no viewpoint; a view-up that is parallel to the
-/// direction of view is replaced.
+/// The usable part of a camera. There is no viewpoint for null, a camera that
+/// was never changed, or one that is at its own focal point; a view-up that is
+/// parallel to the direction of view is replaced.
 CanvasCamera resolveCamera(const lum::CameraAttributes* camera);
 
 /// The unit vector of an upward direction that is not parallel to a direction

@@ -25,8 +25,8 @@ constexpr int MAX_DECORATIONS = 2000;
 
 using Content = decltype(Decoration::content);
 
-/// What is drawn of a drawable, before it is placed: nothing if it is no
-/// decoration, or cannot be drawn.
+/// The decoration for a drawable, before it is placed; nothing if the drawable
+/// is not one, or cannot be drawn.
 std::optional<Content> resolveContent(const lum::Drawable& drawable, const CameraIndices& cameras,
                                       ColorTables& tables) {
   if (const auto* const triad = dynamic_cast<const lum::TriadDrawable*>(&drawable)) {
@@ -44,8 +44,8 @@ std::optional<Content> resolveContent(const lum::Drawable& drawable, const Camer
   return std::nullopt;
 }
 
-/// What is in the window stays where it is, however many instances its assembly
-/// has.
+/// Decorations in the window are not repeated or moved with the instances of
+/// their assembly.
 bool isInWindow(const Content& content) {
   const auto* const text = std::get_if<TextDecoration>(&content);
   const auto* const image = std::get_if<ImageDecoration>(&content);
@@ -53,7 +53,7 @@ bool isInWindow(const Content& content) {
          (image != nullptr && !image->isInModel);
 }
 
-/// Puts what is in the model where an instance is.
+/// Moves a decoration in the model to an instance.
 struct Placing {
   void operator()(LegendDecoration& /*legend*/) const {}
   void operator()(TextDecoration& text) const { text.position = transformedPoint(&transform, text.position); }
@@ -69,7 +69,7 @@ void clip(Content& content, bool isClipped) {
   }
 }
 
-/// The style of what has text; null for others.
+/// The style of a decoration's text; null if it has none.
 TextStyle* styleOf(Content& content) {
   return std::visit(
       [](auto& decoration) -> TextStyle* {
@@ -85,8 +85,8 @@ TextStyle* styleOf(Content& content) {
       content);
 }
 
-/// Black is the colour of texts without one: it cannot have been meant where it
-/// cannot be read.
+/// Texts without a colour are black. On a dark background, where black cannot
+/// be read, it cannot be intended.
 void makeReadableOnDark(Content& content) {
   constexpr std::array<std::uint8_t, 4> BLACK{0, 0, 0, 255};
   constexpr std::array<std::uint8_t, 4> WHITE{255, 255, 255, 255};

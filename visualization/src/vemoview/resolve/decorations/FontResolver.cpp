@@ -50,7 +50,7 @@ class FontReader {
   FontReader(const FontReader&) = delete;
   FontReader& operator=(const FontReader&) = delete;
 
-  /// Nothing for a file that is no font.
+  /// Nothing for a file that is not a font.
   std::optional<Characters> missingIn(const std::string& file, const Characters& wanted) const {
     FT_Face face = nullptr;
     if (!_isOpen || FT_New_Face(_library, file.c_str(), 0, &face) != 0) {

@@ -33,7 +33,7 @@ InstanceTransform product(const InstanceTransform& outer, const InstanceTransfor
 bool isUsable(const InstanceTransform& transform) {
   constexpr double MAX_COEFFICIENT = 1e30;
   constexpr double MIN_VOLUME = 1e-200;
-  // Also false for what is not a number.
+  // Also false for NaN.
   return std::ranges::all_of(transform, [](double value) { return std::abs(value) < MAX_COEFFICIENT; }) &&
          std::abs(vtkMatrix4x4::Determinant(transform.data())) > MIN_VOLUME;
 }
@@ -104,7 +104,7 @@ InstanceTransforms repetitions(const InstanceTransform& step, std::int32_t count
   return result;
 }
 
-/// The instances that a transform makes of something by itself.
+/// The instances that a transform creates on its own.
 InstanceTransforms instancesOf(const lum::Transform& transform) {
   if (const auto* const mirror = dynamic_cast<const lum::SymmetricTransform*>(&transform)) {
     const InstanceTransform image = reflection(mirror->getPlane());
@@ -121,7 +121,7 @@ InstanceTransforms instancesOf(const lum::Transform& transform) {
   if (isUsable(matrix)) {
     return {matrix};
   }
-  // Reading says of what is scaled by zero that it is not seen.
+  // Scaling by zero is reported when the scene is read.
   if (std::ranges::find(simple->getScale(), 0.0) == simple->getScale().end()) {
     reportNotUsable();
   }

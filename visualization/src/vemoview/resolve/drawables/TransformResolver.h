@@ -8,9 +8,9 @@ class Transform;
 
 namespace vemo {
 
-/// The instances of what has a transform (null for none) within an owner that
-/// has instances itself. The classes of lum::Transform define what each
-/// transform means.
+/// The instances of an object with a transform (null for none) in an owner that
+/// may itself have several instances. The classes of lum::Transform define what
+/// each transform means.
 SharedInstanceTransforms resolveTransforms(const lum::Transform* transform,
                                            const SharedInstanceTransforms& owner);
 

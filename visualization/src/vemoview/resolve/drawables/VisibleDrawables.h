@@ -18,8 +18,8 @@ struct VisibleDrawable {
   SharedInstanceTransforms transforms;
 };
 
-/// The visible ones among a drawable and all that it owns, owners first, in
-/// order. Throws SceneTooLarge when they have more instances than fit into
+/// The visible drawables among a drawable and everything it owns, owners first,
+/// in order. Throws SceneTooLarge when they have more instances than fit into
 /// memory.
 std::vector<VisibleDrawable> collectVisible(const lum::Drawable& root);
 

@@ -34,7 +34,7 @@ const lum::MeshAttributes* edgesForLines(const lum::GeometryDrawable& drawable, 
              : nullptr;
 }
 
-/// What a vertex has of the colours of a surface or a line is that of points.
+/// A vertex of a surface or line has the colour of points.
 bool isVertexOfOthers(const lum::GeometryDrawable& drawable, Appearance::Kind kind) {
   return kind == Appearance::Kind::POINTS && kindOf(drawable) != Appearance::Kind::POINTS;
 }
@@ -92,8 +92,8 @@ Appearance::Kind kindOf(const lum::GeometryDrawable& drawable) {
                                                                           : Appearance::Kind::SURFACE;
 }
 
-/// The mode says which of the two colours counts; where that one is missing,
-/// the other is better than none. Colouring by data falls back on them too.
+/// The mode selects one of the two colours. If that one is missing, the other
+/// is used; colouring by data falls back on them, too.
 Color resolveColor(const lum::GeometryDrawable& drawable, Appearance::Kind kind, const std::string& key) {
   if (const auto* const edges = edgesForLines(drawable, kind)) {
     return usableColor(edges->getMeshColor());

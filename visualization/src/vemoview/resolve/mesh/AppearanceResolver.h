@@ -10,8 +10,9 @@ namespace vemo {
 /// What a drawable shows, by its class. It may have cells of other kinds, too.
 Appearance::Kind kindOf(const lum::GeometryDrawable& drawable);
 
-/// What the attributes of a drawable say about its meshes of a kind. Lines of a
-/// surface have the opacity of its edges; vertices of surfaces and lines are opaque.
+/// The appearance of a drawable's meshes of a kind, from its attributes.
+/// Lines of a surface have the opacity of its edges; vertices of surfaces and
+/// lines are opaque.
 Appearance resolveAppearance(const lum::GeometryDrawable& drawable, Appearance::Kind kind);
 
 /// The plain colour of a drawable's mesh of a kind, by the name that its colours have

@@ -54,14 +54,14 @@ bool hasCells(const lum::PolyDataNode& node, CellKinds kinds) {
   });
 }
 
-/// The poly data of one node with no arrays but those that are drawn.
+/// Builds the poly data of a node, with only the arrays that are drawn.
 class MeshBuilder {
  public:
   MeshBuilder(const lum::GeometryDrawable& drawable, const lum::PolyDataNode& node,
               const VisibleDrawable& context, ColorTables& tables)
       : _drawable(drawable), _node(node), _context(context), _tables(tables) {}
 
-  /// A mesh for each kind of what is to be seen; none when there is nothing.
+  /// One mesh for each visible kind; none when nothing is visible.
   std::vector<MeshInstance> build() {
     std::vector<MeshInstance> meshes = describeMeshes();
     if (meshes.empty() || !putCells()) {
@@ -78,7 +78,7 @@ class MeshBuilder {
   }
 
  private:
-  /// All visible kinds that there are cells of, without geometry.
+  /// All visible kinds for which there are cells, without geometry.
   std::vector<MeshInstance> describeMeshes() const {
     std::vector<MeshInstance> meshes;
     const bool showsPoints = kindOf(_drawable) == Appearance::Kind::POINTS;
@@ -181,10 +181,10 @@ class MeshBuilder {
                               _tables.resolve(*scalars->hasColorLookupTable())};
   }
 
-  /// What can be drawn of the cells of a kind.
+  /// The drawable cells of a kind.
   vtkSmartPointer<vtkPolyData> geometryOf(Appearance::Kind kind) {
     if (kind == Appearance::Kind::POINTS && _node.getVerts() == nullptr) {
-      // Points that no vertex names are still what a point drawable is for.
+      // A point drawable also shows points that no vertex uses.
       if (_scalars && _scalars->location == ScalarLocation::CELLS) {
         _scalars.reset();
       }

@@ -24,7 +24,7 @@ class MeshResolver {
   std::vector<MeshInstance> resolve(const std::vector<VisibleDrawable>& drawables);
 
  private:
-  /// What takes time and memory.
+  /// The quantities that determine time and memory.
   struct Load {
     vtkIdType size = 0;
     vtkIdType copies = 0;
@@ -35,7 +35,7 @@ class MeshResolver {
   void countCopies(const MeshInstance& mesh, Load& load) const;
 
   ColorTables& _tables;
-  /// How often each instance of what is clipped is cut by itself.
+  /// How many planes cut the geometry of each clipped instance separately.
   vtkIdType _cutsPerInstance;
   Load _load;
 };

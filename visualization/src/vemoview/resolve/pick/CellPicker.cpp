@@ -225,7 +225,7 @@ CellPicker::Crossing CellPicker::meet(vtkIdType a, vtkIdType b, vtkIdType c) con
   const double u = dot(beside, across) / determinant;
   const Vector3 turned = cross(beside, first);
   const double v = dot(_direction, turned) / determinant;
-  // Also false for what is not a number.
+  // Also false for NaN.
   if (!(u >= -OVERLAP && v >= -OVERLAP && u + v <= 1.0 + OVERLAP)) {
     return {};
   }

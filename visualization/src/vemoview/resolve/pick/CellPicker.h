@@ -11,10 +11,10 @@ namespace vemo {
 
 struct MeshInstance;
 
-/// Searches the cells of one instance of a mesh for the position with the lowest
-/// rank on a pick ray or near it. Of positions on the ray the nearer one ranks
-/// lower; one beside it ranks as if it were nearer by what is left of the
-/// tolerance, so that what lies on a face is found before the face.
+/// Searches the cells of one instance of a mesh for the position with the
+/// lowest rank on a pick ray or near it. Of positions on the ray the nearer one
+/// ranks lower; one beside it ranks as if it were nearer by the unused
+/// tolerance, so that lines and points on a face are found before the face.
 class CellPicker {
  public:
   struct Hit {
