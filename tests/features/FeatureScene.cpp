@@ -80,7 +80,7 @@ ArchiveBuilder makeArchive() {
   return archive;
 }
 
-/// As hosts open a scene file: the door hands them a database.
+/// Opens a scene file as hosts do, through the handler.
 lum::Ptr<lum::SceneNode> load(const std::wstring& path) {
   lum::Ptr<lum::SceneNode> node;
   std::ostringstream messages;

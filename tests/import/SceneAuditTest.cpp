@@ -1,4 +1,4 @@
-// What becomes of the parts of a scene, and that no part goes without a word.
+// What becomes of each part of a scene; no part is lost without a finding.
 
 #include "SceneFixture.h"
 #include "support/Files.h"

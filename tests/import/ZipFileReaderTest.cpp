@@ -236,7 +236,7 @@ TEST_F(ZipFileReaderTest, GivesMethodsTheirBytesWhateverMinizipKnows) {
   }
 }
 
-/// Whatever is wrong with an archive, it is refused, or read as far as it goes.
+/// A damaged archive is refused, or read as far as possible.
 void expectHandled(const std::wstring& path) {
   const std::string failure = failureOf([&] {
     const ZipFileReader reader(path);

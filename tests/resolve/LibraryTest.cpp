@@ -20,7 +20,7 @@ std::vector<std::string> loadedLibraries() {
   return names;
 }
 
-/// Everything that the library needs is in the process that uses it.
+/// A process that uses the library loads everything that the library needs.
 TEST(ResolveLibrary, NeedsNeitherRenderingNorOpenGL) {
   SceneBuilder scene;
   scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 0, 0});

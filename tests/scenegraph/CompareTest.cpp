@@ -199,7 +199,7 @@ TEST(Compare, FindsWhatDiffersByMeaning) {
   expectAsInFile(found, "differences.txt");
 }
 
-/// Their difference is no double.
+/// Their difference is not a double.
 TEST(Compare, HasAFiniteDeviationForFiniteNumbers) {
   const auto left = make<lum::PolyDataNode>();
   const auto right = make<lum::PolyDataNode>();

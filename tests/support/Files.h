@@ -19,7 +19,7 @@ inline std::string readFile(const std::filesystem::path& path) {
 }
 
 inline void writeFile(const std::filesystem::path& path, const std::string& bytes) {
-  // Some file systems wait for the disk when a file is cut off and written anew.
+  // Some file systems wait for the disk when a file is truncated and rewritten.
   std::filesystem::remove(path);
   std::ofstream(path, std::ios::binary) << bytes;
 }

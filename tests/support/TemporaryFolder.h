@@ -8,8 +8,7 @@
 
 namespace vemo {
 
-/// A new, empty folder for one test; gone, with all that it holds, when the
-/// object goes.
+/// A new, empty folder for one test; the destructor deletes it with its content.
 class TemporaryFolder {
  public:
   TemporaryFolder() {

@@ -10,7 +10,7 @@ TOOL = os.path.abspath(sys.argv.pop(1))
 
 SCENE = b"""<?xml version="1.0" encoding="UTF-8"?>
 <scene name="S" background="ffffffff">
-  <!-- </scene> is no end here, nor is > in what follows -->
+  <!-- </scene> does not end the scene here, nor does > in what follows -->
   <assembly name="A"  visibility='1' note="a > b">
 \t<geometry name="g" lineWidth = '1' points="p"/>
   </assembly>

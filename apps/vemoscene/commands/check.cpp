@@ -63,7 +63,8 @@ std::set<std::size_t> checkArrays(lum::SDBReader& reader, FindingList& findings)
   return damaged;
 }
 
-/// Each array and each record by itself: one fault does not hide the others.
+/// Checks each array and each record separately, so that one fault does not
+/// hide others.
 void checkDatabase(lum::SDBReader& reader, FindingList& findings) {
   const std::set<std::size_t> damagedArrays = checkArrays(reader, findings);
   for (std::size_t i = 0; i < reader.getRecords().size(); ++i) {

@@ -144,8 +144,8 @@ SceneDatabase open(const std::string& file, Command& command) {
 }
 
 void diff(const DiffArguments& options, Command& command) {
-  // An archive takes more memory while it is converted than afterwards. So neither
-  // is read before both are converted.
+  // Converting an archive takes more memory than its result. So both are
+  // converted before either is read.
   const SceneDatabase first = open(options.left, command);
   const SceneDatabase second = open(options.right, command);
   const auto left = first.open();

@@ -15,9 +15,9 @@ namespace vemo {
 /// Points that are left out are marked by true; empty when there are none.
 using PointMarks = std::vector<bool>;
 
-/// What one pass over the points of an array with three components finds.
+/// The result of one pass over the points of an array with three components.
 struct PointScan {
-  /// Those that have a coordinate which is not finite.
+  /// Points with a coordinate that is not finite.
   PointMarks nonFinite;
   /// Around the others.
   Box bounds;

@@ -13,11 +13,11 @@ namespace vemo {
 
 /// What cells must satisfy besides having every offset within the connectivity.
 struct CellRules {
-  /// The points that there are to index.
+  /// The number of existing points.
   std::int64_t pointCount = 0;
-  /// That a cell needs.
+  /// The least number of points in a cell.
   std::int64_t leastPoints = 0;
-  /// Whether the connectivity may go on after the last cell.
+  /// Whether the connectivity may continue after the last cell.
   bool mayHaveUnusedIndices = false;
 };
 
@@ -32,7 +32,8 @@ class VEMO_GEOMETRY_EXPORT CellValidator {
 
  private:
   struct Offsets {
-    /// Whether they begin at 0 and never fall; if not, the rest says nothing.
+    /// Whether they begin at 0 and never decrease; if not, the rest is
+    /// meaningless.
     bool isRising;
     std::int64_t last;
     std::int64_t shortestCell;

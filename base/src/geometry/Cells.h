@@ -65,8 +65,8 @@ class Corners {
   vtkIdType _count;
 };
 
-/// Cells by their numbers, of whichever storage. It looks the storage up for
-/// each index: loops over many cells should use forEachCell.
+/// Cells by number, in 32-bit or 64-bit storage. It checks the storage for each
+/// index: loops over many cells should use forEachCell.
 class CellReader {
  public:
   explicit CellReader(vtkCellArray& cells)

@@ -14,7 +14,7 @@
 namespace vemo {
 namespace {
 
-/// What a pass over a list leaves behind.
+/// The result of a pass over a list.
 struct Compaction {
   std::size_t kept = 0;     ///< indices of the kept cells, at the list's front
   std::size_t offsets = 1;  ///< offsets written: one more than the kept cells
@@ -57,7 +57,8 @@ Compaction compact(std::span<std::int32_t> list, std::size_t leastPoints, vtkIdT
 int countCells(std::span<const std::int32_t> list) {
   int count = 0;
   std::size_t i = 0;
-  // A negative count would send the walk back; it ends here, short of the end.
+  // A negative count would move backwards: stop here, before the end of the
+  // list.
   while (i < list.size() && list[i] >= 0) {
     i += static_cast<std::size_t>(list[i]) + 1;
     ++count;
@@ -73,7 +74,7 @@ ImportedCells importCells(EntryBlock block, std::int32_t size, CellKind kind, vt
   VEMO_REQUIRE(size >= 0, "a list cannot have fewer than no integers");
   const std::span list(reinterpret_cast<std::int32_t*>(block.get()), static_cast<std::size_t>(size));
   ImportedCells result;
-  // Counted in a pass of its own: the offsets get their exact size, and a list
+  // Counted in a separate pass: the offsets get their exact size, and a list
   // with several faults always shows the same one.
   result.listed = countCells(list);
 

@@ -39,7 +39,7 @@ struct ImportedCells {
   /// The dropped cells' ordinals in the list, ascending; normally none.
   std::vector<std::int32_t> dropped;
 
-  /// The first index in the list that names no point.
+  /// The first index in the list that is outside the points.
   std::optional<std::int32_t> indexOutside;
 };
 

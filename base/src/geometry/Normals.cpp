@@ -23,7 +23,7 @@ namespace {
 
 using Normal = Vector<3, float>;
 
-/// What VTK writes where there is no normal to write: at verts and lines.
+/// What VTK writes for verts and lines, which have no normals.
 constexpr Normal NO_NORMAL{1.0F, 0.0F, 0.0F};
 
 // "inline" moves the limits of the compiler so that it does inline them: vectors

@@ -30,7 +30,7 @@ class PointSpan {
   vtkIdType _size;
 };
 
-/// Points of any type, fast for float and double. It looks the type up for each
+/// Points of any type, fast for float and double. It checks the type for each
 /// point: loops over many points should use visit().
 class PointReader {
  public:

@@ -6,7 +6,7 @@ class vtkPolyData;
 
 namespace vemo {
 
-/// Finds nothing in a poly data without points.
+/// Finds no points in a poly data without points.
 PointScan scanPoints(vtkPolyData& geometry);
 
 /// Marks points that no cell uses and that lie far from those in use (some files

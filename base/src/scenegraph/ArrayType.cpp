@@ -35,8 +35,8 @@ vtkDataArray* make() {
   return Array::New();
 }
 
-// Integers of 32 and 64 bits are of the classes that cell arrays hold, which
-// take them over as they are.
+// Integers of 32 and 64 bits have the classes that cell arrays use, so that
+// these can adopt them.
 constexpr std::array ROWS{
     Row{ArrayType::INT8, "int8", 1, VTK_SIGNED_CHAR, make<vtkSignedCharArray>},
     Row{ArrayType::UINT8, "uint8", 1, VTK_UNSIGNED_CHAR, make<vtkUnsignedCharArray>},

@@ -12,8 +12,8 @@ class vtkSmartPointer;
 
 namespace lum {
 
-/// The types of array that nodes may hold. The numbers are in files: they
-/// are never changed nor used again.
+/// The types of array that nodes may hold. The numbers are stored in files:
+/// never change or reuse them.
 enum class ArrayType : std::uint8_t {
   INT8 = 1,
   UINT8 = 2,
@@ -32,7 +32,7 @@ enum class ArrayType : std::uint8_t {
 };
 
 /// The type of an array; nothing for one that cannot be stored: bits, and
-/// arrays whose values do not lie one after the other in memory.
+/// arrays whose values are not contiguous in memory.
 VEMO_SCENEGRAPH_EXPORT std::optional<ArrayType> arrayTypeOf(vtkDataArray& array);
 
 /// A type's number in a file; nothing when there is none of that number.

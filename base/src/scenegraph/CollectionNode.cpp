@@ -9,7 +9,7 @@ namespace lum {
 
 namespace {
 
-/// Below this many nodes looking through them is faster than an index.
+/// Below this number of nodes a linear search is faster than an index.
 constexpr std::size_t INDEX_THRESHOLD = 16;
 
 }  // namespace

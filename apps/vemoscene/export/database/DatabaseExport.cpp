@@ -26,10 +26,9 @@ using lum::io::FileIoStatus;
   throw Failure(ExitCode::CANNOT_WRITE, fmt::format("\"{}\" cannot be written", output));
 }
 
-/// The converter does not tell whether it could write; what it left does.
+/// The converter does not report whether it could write; the output shows it.
 void requireWritten(const ReplacementWatch& watch, const std::string& output) {
-  // Opened only now: what was there before may be a pipe, and would keep us
-  // waiting.
+  // Opened only now: an earlier file may be a pipe, on which opening blocks.
   if (!watch.isReplaced()) {
     failToWrite(output);
   }

@@ -22,8 +22,8 @@ bool takeNumber(std::string_view& text) {
   return count <= MAX_DIGITS;
 }
 
-/// Takes a conversion, whose per cent sign is gone, from the front; false when
-/// it is not one for a double.
+/// Takes a conversion without its per cent sign from the front; false when it
+/// is not one for a double.
 bool takeConversion(std::string_view& text) {
   text.remove_prefix(countLeading(text, "-+ #0"));
   if (!takeNumber(text)) {
@@ -35,7 +35,7 @@ bool takeConversion(std::string_view& text) {
       return false;
     }
   }
-  // A small l means nothing here, and many write it.
+  // A lowercase l has no effect here, and is often written.
   text.remove_prefix(text.starts_with('l') ? 1 : 0);
   if (countLeading(text, "eEfFgGaA") == 0) {
     return false;

@@ -69,7 +69,7 @@ std::string ArrayComparison::describeShape(vtkDataArray& array) const {
   if (!_rules.isBitwise) {
     return shape;
   }
-  // Files tell apart types that people give one name.
+  // Files distinguish types that have the same name for users.
   const auto type = arrayTypeOf(array);
   return fmt::format("{}, type {}, named {}", shape, type ? static_cast<int>(*type) : 0, nameOf(array));
 }

@@ -51,8 +51,7 @@ class ArrayComparison {
 
   ComparisonRules _rules;
   std::size_t _count = 0;
-  // Of large arrays: a pair of them is gone through once, however many nodes
-  // share it.
+  // Of large arrays: each pair is compared once, however many nodes share it.
   std::map<Arrays, Finding> _known;
 };
 

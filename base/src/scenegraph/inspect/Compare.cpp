@@ -18,7 +18,7 @@ namespace {
 /// Goes through two graphs in step.
 class GraphComparison {
  public:
-  // Nodes list their fields for those who change them, which nothing here does.
+  // Listing fields needs a mutable node; nothing is changed.
   GraphComparison(const Node& left, const Node& right, const ComparisonRules& rules,
                   const DifferenceSink& sink)
       : _left(const_cast<Node&>(left)),
@@ -206,7 +206,7 @@ class GraphComparison {
   FieldComparison _fields;
   std::vector<NodePair> _waiting;
   std::vector<ReferencePair> _references;
-  // Of nodes on the left that are referred to: with whom they were compared.
+  // The counterparts of the nodes on the left that are referred to.
   std::unordered_map<const Node*, const Node*> _counterparts;
   const Node* _current = nullptr;
   std::size_t _nodeCount = 0;

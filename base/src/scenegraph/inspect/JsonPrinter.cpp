@@ -51,7 +51,7 @@ Extremes findExtremes(std::span<const T> values) {
   return result;
 }
 
-/// Those of large arrays, gone through once, however many nodes share one.
+/// Those of large arrays, each searched once, however many nodes share it.
 using KnownExtremes = std::unordered_map<vtkDataArray*, Extremes>;
 constexpr std::size_t LARGE = 1024;
 

@@ -6,8 +6,8 @@ namespace lum {
 
 class Node;
 
-/// Says which node it is, for messages: its class and the names from the root
-/// down to it.
+/// Identifies a node in messages: its class, and the names from the root down
+/// to it.
 std::string describeNode(const Node& node);
 
 }  // namespace lum

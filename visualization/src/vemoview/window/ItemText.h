@@ -21,7 +21,7 @@ QString toText(std::string_view text);
 /// "Surface", "Lines" and the like; "Group" for what only holds others.
 QString kindOf(const lum::Drawable& drawable);
 
-/// An item without a name of its own is called by its kind.
+/// An unnamed item is called by its kind.
 QString nameOf(const ItemTree& items, int item);
 
 /// The names from the canvas's to the item's own.

@@ -23,8 +23,7 @@ bool isCollection(const lum::Drawable& drawable) {
   return dynamic_cast<const lum::DrawableCollection*>(&drawable) != nullptr;
 }
 
-/// The only drawable of a collection, without a name of its own, is one item with
-/// the collection.
+/// An unnamed only drawable of a collection is one item with the collection.
 lum::Drawable& contentOf(lum::Drawable& drawable) {
   if (!isCollection(drawable) || drawable.getNodeCount() != 1) {
     return drawable;

@@ -22,7 +22,7 @@ constexpr int SAMPLES = 8;
 
 void SceneView::useFormatByDefault() {
   QSurfaceFormat format = QVTKOpenGLNativeWidget::defaultFormat();
-  // VTK draws into multisampled buffers of its own.
+  // VTK draws into its own multisampled buffers.
   format.setSamples(0);
   QSurfaceFormat::setDefaultFormat(format);
 }
@@ -97,7 +97,7 @@ bool SceneView::event(QEvent* event) {
   switch (event->type()) {
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
-      // Not passed on to VTK, which has key bindings of its own.
+      // Not passed on to VTK, which has its own key bindings.
       return QOpenGLWidget::event(event);  // NOLINT(bugprone-parent-virtual-call)
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick: {

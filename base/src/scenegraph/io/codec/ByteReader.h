@@ -23,8 +23,8 @@ class ByteReader {
   std::size_t index(const char* what, std::size_t limit);
 
   /// The number of things that follow, each at least so many bytes long: more
-  /// of them than there are bytes left are refused, so that room may be made
-  /// for that many.
+  /// than fit into the remaining bytes are refused, so that memory for that
+  /// many may be reserved.
   std::size_t count(const char* what, std::size_t leastBytes);
 
   template <class T>

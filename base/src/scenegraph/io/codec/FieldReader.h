@@ -11,8 +11,8 @@
 namespace lum::io {
 
 /// Reads the values of fields: one call for each row of FieldKinds.
-/// `longStringBytes` counts what long strings were used: each may be used as
-/// often as it is in the file, once.
+/// `longStringBytes` counts the bytes of long strings that were used: each may
+/// be used once.
 class FieldReader {
  public:
   FieldReader(ByteReader& in, const TableReader& tables, std::size_t& longStringBytes,

@@ -14,8 +14,8 @@
 
 namespace lum::io {
 
-/// Makes nodes of one graph in the format of GraphFormat.h. All that is wrong
-/// with it is a FileError; the nodes made so far are gone then.
+/// Makes nodes of one graph in the format of GraphFormat.h. Every fault in it
+/// is a FileError, and destroys the nodes made so far.
 class GraphDecoder {
  public:
   using KnownNodes = std::vector<WeakPtr<Node>>;
@@ -78,7 +78,8 @@ class GraphDecoder {
   // The first _depth are in use.
   std::vector<Level> _levels;
   std::size_t _depth = 0;
-  // Nodes taken out of their owners, until they are back in one, or let go.
+  // Nodes taken out of their owners, until they have an owner again or are
+  // released.
   std::vector<Ptr<Node>> _disowned;
   std::size_t _longStringBytes = 0;
   std::vector<std::size_t> _chunks;

@@ -29,8 +29,8 @@
 /// may be others. Names and texts are numbers of strings.
 namespace lum::io {
 
-/// A graph has at least so many bytes a node, so that a file of a given size
-/// can make us allocate only so much.
+/// The least number of bytes for each node, which limits what a file of a given
+/// size can make us allocate.
 inline constexpr std::size_t MIN_NODE_BYTES = 8;
 
 /// Presence bits of names.

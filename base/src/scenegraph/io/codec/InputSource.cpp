@@ -8,7 +8,7 @@ namespace lum::io {
 
 namespace {
 
-/// Gaps up to this are read over: cheaper than positioning, which empties the
+/// Smaller gaps are read and discarded: cheaper than seeking, which empties the
 /// stream's buffer.
 constexpr std::uint64_t SMALL_GAP = 1 << 16;
 

@@ -16,8 +16,8 @@
 
 namespace lum::io {
 
-/// Strings longer than this are written as often as they are used, so that
-/// what a reader makes of a file stays in proportion to it.
+/// Longer strings are written each time they are used, so that the memory a
+/// reader needs stays in proportion to the file.
 inline constexpr std::size_t MAX_SHARED_STRING_BYTES = 64;
 
 /// Takes the bytes of arrays.

@@ -17,7 +17,7 @@ namespace lum {
 
 namespace {
 
-/// Opens a regular file: a pipe would keep us waiting.
+/// Opens a regular file: opening a pipe would block.
 std::ifstream openFile(const std::string& path) {
   struct stat status {};
   if (::stat(path.c_str(), &status) != 0) {

@@ -36,7 +36,7 @@ std::uint64_t checkFile(const std::wstring& path) {
   if ((status.st_mode & S_IRUSR) == 0) {
     throw IOException("No read permission");
   }
-  // Opening a pipe would wait for somebody to write.
+  // Opening a pipe would block until there is a writer.
   if (!S_ISREG(status.st_mode)) {
     failInvalid();
   }

@@ -27,8 +27,7 @@ namespace {
 constexpr std::string_view ZIP_SIGNATURE = "PK\x03\x04";
 constexpr char DATABASE_START = '{';
 
-/// Whether opening or reading the file may wait for somebody else: a pipe, a
-/// socket, a terminal.
+/// Whether opening or reading the file may block: a pipe, a socket, a terminal.
 bool mayBlock(const std::wstring& path) {
   struct stat status {};
   return wideStat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);

@@ -37,7 +37,7 @@ EglRenderWindow::EglRenderWindow() {
   OwnContext = 1;
   SetShowWindow(false);
   SetUseOffScreenBuffers(true);
-  // There is no window for the finished frame to go to.
+  // There is no window to present the finished frame in.
   SetFrameBlitModeToNoBlit();
 }
 

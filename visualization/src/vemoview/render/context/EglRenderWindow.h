@@ -25,8 +25,8 @@ class VEMO_RENDER_EXPORT EglContextOwner {
   std::unique_ptr<EglContext> _context;
 };
 
-/// A render window that draws off screen, into memory, through an OpenGL
-/// context of its own that needs no window system.
+/// A render window that draws off screen, into memory, with its own OpenGL
+/// context, which needs no window system.
 class VEMO_RENDER_EXPORT EglRenderWindow : private EglContextOwner, public vtkGenericOpenGLRenderWindow {
  public:
   static EglRenderWindow* New();

@@ -22,7 +22,7 @@ class LoggingOutputWindow : public vtkOutputWindow {
   void DisplayDebugText(const char* text) override { VEMO_LOG_INFO(line(text)); }
 
  private:
-  /// VTK ends its messages with line breaks of its own.
+  /// VTK's messages end with line breaks.
   static std::string_view line(const char* text) {
     const std::string_view whole = text == nullptr ? "" : text;
     return whole.substr(0, whole.find_last_not_of('\n') + 1);

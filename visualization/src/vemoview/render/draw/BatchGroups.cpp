@@ -19,7 +19,7 @@ namespace vemo {
 
 namespace {
 
-/// A mesh with more points or cells than this is worth a batch of its own.
+/// A mesh with more points or cells than this gets its own batch.
 constexpr vtkIdType SMALL = 10000;
 /// A batch with at least this many points is full.
 constexpr vtkIdType FULL = 200000;
