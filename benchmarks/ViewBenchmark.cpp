@@ -2,6 +2,14 @@
 #include "vemoview/render/context/EglRenderWindow.h"
 #include <vemo/render/SceneRenderer.h>
 #include <vemo/scenegraph/drawables/Drawable.h>
+#include <vemo/scenegraph/drawables/PolyDataNode.h>
+
+#include <vtkActor.h>
+#include <vtkAppendPolyData.h>
+#include <vtkNew.h>
+#include <vtkPolyDataMapper.h>
+#include <vtkProperty.h>
+#include <vtkRenderer.h>
 
 #include <benchmark/benchmark.h>
 
@@ -21,6 +29,48 @@ void openView(benchmark::State& state) {
   }
 }
 BENCHMARK(openView)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
+
+/// What the scene shows as one mesh, drawn by VTK alone: what cannot be undercut.
+vtkSmartPointer<vtkRenderer> makeOneMesh(lum::SceneNode& scene) {
+  vtkNew<vtkAppendPolyData> all;
+  for (const auto& assembly : scene.getModelCanvas().getDrawableCollection().getNodes()) {
+    for (const auto& surface : dynamic_cast<const lum::CollectionNode&>(*assembly.get()).getNodes()) {
+      const auto& parts = dynamic_cast<const lum::CollectionNode&>(*surface.get());
+      all->AddInputData(parts.find<lum::PolyDataNode>()->getPolyData());
+    }
+  }
+  all->Update();
+  vtkNew<vtkPolyDataMapper> mapper;
+  mapper->SetInputData(all->GetOutput());
+  vtkNew<vtkActor> actor;
+  actor->SetMapper(mapper);
+  actor->GetProperty()->EdgeVisibilityOn();
+  actor->GetProperty()->SetLineWidth(2.0F);
+  auto renderer = vtkSmartPointer<vtkRenderer>::New();
+  renderer->AddActor(actor);
+  return renderer;
+}
+
+void openAsOneMesh(benchmark::State& state) {
+  const auto scene = makeManyItems(state.range(0));
+  for ([[maybe_unused]] const auto _ : state) {
+    const auto window = EglRenderWindow::open(SIZE, SIZE);
+    window->AddRenderer(makeOneMesh(*scene));
+    window->Render();
+  }
+}
+BENCHMARK(openAsOneMesh)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
+
+void redrawOneMesh(benchmark::State& state) {
+  const auto scene = makeManyItems(state.range(0));
+  const auto window = EglRenderWindow::open(SIZE, SIZE);
+  window->AddRenderer(makeOneMesh(*scene));
+  window->Render();
+  for ([[maybe_unused]] const auto _ : state) {
+    window->Render();
+  }
+}
+BENCHMARK(redrawOneMesh)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
 
 /// A scene that is shown already.
 struct View {
