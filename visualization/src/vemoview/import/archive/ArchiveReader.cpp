@@ -1,11 +1,10 @@
 #include "vemoview/import/archive/ArchiveReader.h"
 
 #include "vemoview/import/Failure.h"
+#include "vemoview/import/archive/ByteOrder.h"
 
 #include <algorithm>
-#include <bit>
 #include <cstddef>
-#include <cstring>
 #include <memory>
 #include <new>
 #include <utility>
@@ -17,19 +16,6 @@ namespace {
 [[noreturn]] void failIncomplete(const std::string& entryName) {
   failAt<IOException>("Could not completely read entry '" + entryName + "'<br>Your file may be corrupt.",
                       entryName);
-}
-
-/// Converts big-endian words to this machine's byte order, in place.
-void convertWords(unsigned char* bytes, std::size_t size) {
-  if constexpr (std::endian::native == std::endian::big) {
-    return;
-  }
-  for (std::size_t i = 0; i + 4 <= size; i += 4) {
-    std::uint32_t word = 0;
-    std::memcpy(&word, bytes + i, 4);
-    word = __builtin_bswap32(word);
-    std::memcpy(bytes + i, &word, 4);
-  }
 }
 
 }  // namespace
@@ -95,7 +81,7 @@ Array_t<unsigned char> ArchiveReader::loadWords(const std::string& entryName, co
     failAt<IOException>(std::string("Bad size for ") + kind + " buffer;  not a multiple of 4", entryName);
   }
   const Array_t<unsigned char> bytes = loadEntry(entryName);
-  convertWords(bytes.data, static_cast<std::size_t>(bytes.count));
+  convertWords({bytes.data, static_cast<std::size_t>(bytes.count)});
   return bytes;
 }
 
