@@ -108,6 +108,47 @@ TEST(Connectivity, leavesOutCellsWithTooFewPoints) {
   EXPECT_EQ(verts.cells->GetNumberOfCells(), 1);
 }
 
+/// Runs of triangles are counted and compacted in ways of their own.
+TEST(Connectivity, takesOtherCellsAnywhereAmongTriangles) {
+  const std::vector<List> others = {{2, 0, 1}, {4, 0, 1, 2, 3}, {0}, {3, 4, 4, 4}};
+  for (const List& other : others) {
+    for (int before = 0; before <= 9; ++before) {
+      for (int after = 0; after <= 5; ++after) {
+        List list;
+        List indices;
+        List offsets{0};
+        std::vector<std::int32_t> dropped;
+        const auto addCell = [&](const List& cell) {
+          list.insert(list.end(), cell.begin(), cell.end());
+          if (cell.size() > 3) {
+            indices.insert(indices.end(), cell.begin() + 1, cell.end());
+            offsets.push_back(static_cast<std::int32_t>(indices.size()));
+          } else {
+            dropped.push_back(before);
+          }
+        };
+        for (int i = 0; i < before; ++i) {
+          addCell({3, i % 5, (i + 1) % 5, (i + 2) % 5});
+        }
+        addCell(other);
+        for (int i = 0; i < after; ++i) {
+          addCell({3, 2, i % 5, 1});
+        }
+        const ImportedCells imported = import(list, CellKind::POLYS, 5);
+        ASSERT_EQ(imported.listed, before + 1 + after);
+        ASSERT_EQ(imported.dropped, dropped);
+        ASSERT_EQ(valuesOf(imported.cells->GetConnectivityArray32()), indices);
+        ASSERT_EQ(valuesOf(imported.cells->GetOffsetsArray32()), offsets);
+        for (const std::int32_t outside : {5, -1}) {
+          List bad = list;
+          bad.insert(bad.end(), {3, 0, 1, outside});
+          ASSERT_EQ(import(bad, CellKind::POLYS, 5).indexOutside, outside);
+        }
+      }
+    }
+  }
+}
+
 TEST(Connectivity, acceptsListsOfNoCell) {
   const ImportedCells none = importCells(nullptr, 0, CellKind::LINES, 0);
   const ImportedCells left = import({1, 0, 2, 0, 0}, CellKind::POLYS, 1);

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cmath>
 #include <gmock/gmock.h>
+#include <limits>
 #include <random>
 #include <tuple>
 
@@ -125,6 +126,23 @@ TEST_P(NormalsOfEveryStorage, areThoseOfTheFilter) {
 
 INSTANTIATE_TEST_SUITE_P(, NormalsOfEveryStorage,
                          testing::Combine(testing::Values(VTK_FLOAT, VTK_DOUBLE), testing::Bool()));
+
+/// Only lists of triangles in 32 bits are summed in blocks.
+TEST(Normals, ofTrianglesAreTheSameInBlocks) {
+  for (const std::size_t count : {1U, 2U, 127U, 128U, 129U, 385U}) {
+    RandomMesh random;
+    Points points = random.points(60);
+    points[3] = points[4];
+    points[5] = {std::numeric_limits<float>::infinity(), 0, 0};
+    points[6] = {0, std::numeric_limits<float>::quiet_NaN(), 0};
+    points[7] = {3e38F, -3e38F, 3e38F};
+    const Cells::List triangles = random.cells(count, points.size(), 3);
+    const auto normals = [&](bool wide) {
+      return valuesOf(pointNormals(*meshOf(points, {.polys = triangles}, VTK_FLOAT, wide)));
+    };
+    EXPECT_EQ(normals(false), normals(true)) << count;
+  }
+}
 
 TEST(Normals, ofAStripIsTheMeanOfItsTrianglesAndOneForTheCell) {
   RandomMesh random;

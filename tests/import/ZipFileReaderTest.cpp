@@ -1,6 +1,8 @@
 #include "SceneFixture.h"
 #include "support/Files.h"
 #include "vemoview/import/archive/ArchiveFile.h"
+#include "vemoview/import/archive/Compression.h"
+#include "vemoview/import/archive/Inflate.h"
 #include <vemo/import/archive/ZipFileReader.h>
 
 #include <algorithm>
@@ -77,8 +79,9 @@ TEST_F(ZipFileReaderTest, OpensAnyNameAndNoEntries) {
   const std::filesystem::path name = _folder / "caf\xE9.zip";
   ArchiveBuilder().text("x", "content").write(name);
   EXPECT_EQ(contentOf(ZipFileReader(wide(name)), "x"), "content");
-  // Minizip does not find a directory that starts with the file.
+  // A file that starts with the end of an archive is not taken for one.
   std::vector<unsigned char> empty = ArchiveBuilder().build();
+  EXPECT_EQ(failureToOpen(write(empty)), INVALID);
   empty.insert(empty.begin(), 'x');
   const ZipFileReader reader(write(empty));
   EXPECT_EQ(reader.getEntryCount(), 0);
@@ -191,49 +194,120 @@ TEST_F(ZipFileReaderTest, RefusesBrokenContent) {
   EXPECT_EQ(contentOf(reader, "y"), "good");
 }
 
-/// What an archive holds of its second entry, which says that it is of a method
-/// unknown to minizip.
-std::optional<std::string> compressedBytes(const std::wstring& path, std::uint64_t method, std::size_t size) {
-  ArchiveFile archive(path);
-  EXPECT_EQ(unzGoToFirstFile(archive.getHandle()), UNZ_OK);
-  EXPECT_EQ(unzGoToNextFile(archive.getHandle()), UNZ_OK);
-  const auto blocks = archive.openEntry(method, size);
-  std::string bytes;
-  for (auto block = blocks ? (*blocks)() : std::nullopt; block; block = (*blocks)()) {
-    if (block->empty()) {
-      return bytes;
-    }
-    bytes.append(block->data(), block->size());
-  }
-  return std::nullopt;
-}
-
-TEST_F(ZipFileReaderTest, GivesMethodsTheirBytesWhateverMinizipKnows) {
-  constexpr std::uint16_t METHOD = 93;
-  std::string content;
-  for (int i = 0; i < 30'000; ++i) {
-    content += std::to_string(i);
-  }
-  const std::vector<unsigned char> good = ArchiveBuilder()
-                                              .text("first", content)
-                                              .text("x", content)
-                                              .stored()
-                                              .forge([](Entry& e) { e.method = METHOD; })
-                                              .build();
-  EXPECT_EQ(compressedBytes(write(good), METHOD, content.size()), content);
-  EXPECT_EQ(compressedBytes(write(good), METHOD, 2 * content.size()), std::nullopt)
-      << "more than the file has";
-
+TEST_F(ZipFileReaderTest, FindsContentBehindOtherBytesAndChecksItsHeader) {
+  const std::vector<unsigned char> good =
+      ArchiveBuilder().text("first", "stored").text("x", "content").stored().build();
   std::vector<unsigned char> inside(100 + good.size(), 'P');
   std::ranges::copy(good, inside.begin() + 100);
-  EXPECT_EQ(compressedBytes(write(inside), METHOD, content.size()), content) << "behind other bytes";
+  EXPECT_EQ(contentOf(ZipFileReader(write(inside)), "x"), "content");
 
-  const std::size_t header = 30 + std::string("first").size() + content.size();
-  for (const std::size_t place : {0, 8}) {
+  const std::size_t header = 30 + std::string("first").size() + std::string("stored").size();
+  // The signature, the method, the checksum, both sizes, the length of the name.
+  for (const std::size_t place : {0, 8, 14, 18, 22, 26}) {
     std::vector<unsigned char> invalid = good;
     invalid.at(header + place) ^= 1;
-    EXPECT_EQ(compressedBytes(write(invalid), METHOD, content.size()), std::nullopt) << place;
+    EXPECT_EQ(contentOf(ZipFileReader(write(invalid)), "x"), std::nullopt) << place;
+    EXPECT_EQ(contentOf(ZipFileReader(write(invalid)), "first"), "stored") << place;
   }
+  std::vector<unsigned char> sizesFollow = good;
+  sizesFollow.at(header + 6) |= 8;
+  std::fill_n(sizesFollow.begin() + static_cast<std::ptrdiff_t>(header) + 14, 12, '\0');
+  EXPECT_EQ(contentOf(ZipFileReader(write(sizesFollow)), "x"), "content");
+}
+
+TEST_F(ZipFileReaderTest, ReadsArchivesWithTheLongestComment) {
+  std::vector<unsigned char> archive = ArchiveBuilder().text("x", "content").build();
+  archive.resize(archive.size() + 0xffff, ' ');
+  const std::size_t length = archive.size() - 0xffff - 2;
+  archive[length] = archive[length + 1] = 0xff;
+  EXPECT_EQ(contentOf(ZipFileReader(write(archive)), "x"), "content");
+  archive.insert(archive.end(), 1, ' ');
+  EXPECT_EQ(failureToOpen(write(archive)), INVALID);
+}
+
+/// An archive of one stored entry "x" whose directory has both sizes in an extra
+/// field of the given content, and 32 set bits in their place.
+std::vector<unsigned char> withExtraField(const std::vector<unsigned char>& field) {
+  std::vector<unsigned char> archive = ArchiveBuilder().text("x", "content").stored().build();
+  const std::size_t directory = 30 + 1 + 7;
+  const std::size_t end = directory + 46 + 1;
+  std::fill_n(archive.begin() + directory + 20, 8, 0xff);
+  archive[directory + 30] = static_cast<unsigned char>(field.size());
+  archive[end + 12] += static_cast<unsigned char>(field.size());
+  archive.insert(archive.begin() + end, field.begin(), field.end());
+  return archive;
+}
+
+TEST_F(ZipFileReaderTest, TakesSizesFromAnExtraField) {
+  const std::vector<unsigned char> sizes{1, 0, 16, 0, 7, 0, 0, 0, 0, 0, 0, 0, 7, 0, 0, 0, 0, 0, 0, 0};
+  std::vector<unsigned char> behindAnother{0x55, 0x54, 1, 0, 9};
+  behindAnother.insert(behindAnother.end(), sizes.begin(), sizes.end());
+  for (const auto& field : {sizes, behindAnother}) {
+    const ZipFileReader reader(write(withExtraField(field)));
+    EXPECT_EQ(reader.getSize("x"), 7);
+    EXPECT_EQ(contentOf(reader, "x"), "content");
+  }
+  // One that is cut short at any place, and one that claims more than there is.
+  for (std::size_t size = 0; size < sizes.size(); ++size) {
+    const std::vector<unsigned char> cut(sizes.begin(), sizes.begin() + static_cast<std::ptrdiff_t>(size));
+    EXPECT_FALSE(ZipFileReader(write(withExtraField(cut))).isSizePossible("x")) << size;
+  }
+  std::vector<unsigned char> endless = sizes;
+  endless[2] = endless[3] = 0xff;
+  EXPECT_EQ(contentOf(ZipFileReader(write(withExtraField(endless))), "x"), "content");
+}
+
+/// What an entry's bytes inflate to in both ways, when `size` bytes are wanted.
+std::pair<std::optional<std::string>, std::optional<std::string>> inflateBoth(const std::wstring& path,
+                                                                              std::size_t size) {
+  const ArchiveFile file(path);
+  const CompressedBytes compressed(file, 0, file.getSize());
+  const auto contentBy = [&](const auto& inflate) {
+    std::string content(size, '#');
+    const auto count = inflate(compressed, std::span(content));
+    return count ? std::optional(content.substr(0, *count)) : std::nullopt;
+  };
+  return {contentBy(inflateWhole), contentBy(inflateInBlocks)};
+}
+
+TEST_F(ZipFileReaderTest, InflatesWholeEntriesAsInBlocks) {
+  std::vector<unsigned char> content(300'000);
+  for (std::size_t i = 0; i < content.size(); ++i) {
+    content[i] = static_cast<unsigned char>(i % 251 * (i / 1000));
+  }
+  Entry entry;
+  ArchiveBuilder().bytes("x", content).forge([&](Entry& e) { entry = e; }).build();
+  write(entry.data);
+  for (const std::size_t size : {content.size(), content.size() + 1, 3 * content.size()}) {
+    const auto [whole, inBlocks] = inflateBoth(path(), size);
+    EXPECT_EQ(whole, std::string(content.begin(), content.end())) << size;
+    EXPECT_EQ(whole, inBlocks) << size;
+  }
+  // The plain way stops where the content is full, whatever follows.
+  for (const std::size_t size : {std::size_t{0}, std::size_t{1}, content.size() - 1}) {
+    const auto [whole, inBlocks] = inflateBoth(path(), size);
+    EXPECT_EQ(whole, std::nullopt) << size;
+    EXPECT_EQ(inBlocks, std::string(content.begin(), content.begin() + static_cast<std::ptrdiff_t>(size)));
+  }
+  // Of a damaged stream the fast way gives the same or nothing.
+  for (std::size_t i = 0; i < entry.data.size(); i += 97) {
+    std::vector<unsigned char> damaged = entry.data;
+    damaged[i] ^= 0x10;
+    const auto [whole, inBlocks] = inflateBoth(write(damaged), content.size());
+    EXPECT_TRUE(!whole || whole == inBlocks) << i;
+  }
+}
+
+TEST_F(ZipFileReaderTest, DoesNotReadMoreThanContentCouldNeed) {
+  // Empty blocks, without an end.
+  std::vector<unsigned char> blocks;
+  for (int i = 0; i < 100'000; ++i) {
+    blocks.insert(blocks.end(), {0, 0, 0, 0xff, 0xff});
+  }
+  EXPECT_EQ(inflateBoth(write(blocks), 10).first, std::nullopt);
+  blocks.insert(blocks.end(), {1, 1, 0, 0xfe, 0xff, 'x'});
+  EXPECT_EQ(inflateBoth(write(blocks), 1),
+            std::pair(std::optional<std::string>(), std::optional<std::string>("x")));
 }
 
 /// A damaged archive is refused, or read as far as possible.

@@ -2,6 +2,7 @@
 
 #include "geometry/Cells.h"
 #include "geometry/Points.h"
+#include "geometry/TriangleNormals.h"
 
 #include <vtkCellArray.h>
 #include <vtkFloatArray.h>
@@ -12,6 +13,7 @@
 #include <cmath>
 #include <initializer_list>
 #include <span>
+#include <type_traits>
 
 // Sums run in the order and the precision of vtkPolyDataNormals (9.1), found by
 // comparison: normals of cells in double, rounded to float; summed at points in
@@ -89,14 +91,37 @@ void addAt(Index point, const Normal& normal, std::span<float> sums) {
   }
 }
 
+/// The points of each polygon if all are triangles, of 32-bit storage, as most
+/// are; if not, nothing.
+std::span<const std::int32_t> cornersOfTriangles(vtkCellArray& polys) {
+  if (polys.IsStorage64Bit() || polys.IsHomogeneous() != 3) {
+    return {};
+  }
+  return {polys.GetConnectivityArray32()->GetPointer(0),
+          3 * static_cast<std::size_t>(polys.GetNumberOfCells())};
+}
+
 template <class Points>
-void sumAtPoints(vtkPolyData& mesh, const Points& points, std::span<float> sums) {
-  forEachCell(*mesh.GetPolys(), [&](auto cell) {
+void sumOfPolygons(vtkCellArray& polys, const Points& points, std::span<float> sums) {
+  forEachCell(polys, [&](auto cell) {
     const Normal normal = unit(polygonProduct(points, cell));
     for (const auto point : cell) {
       addAt(point, normal, sums);
     }
   });
+}
+
+template <class Points>
+void sumAtPoints(vtkPolyData& mesh, const Points& points, std::span<float> sums) {
+  if constexpr (std::is_same_v<Points, PointSpan<float>>) {
+    const auto corners = cornersOfTriangles(*mesh.GetPolys());
+    addTriangleNormals(points.values(), corners, sums);
+    if (corners.empty()) {
+      sumOfPolygons(*mesh.GetPolys(), points, sums);
+    }
+  } else {
+    sumOfPolygons(*mesh.GetPolys(), points, sums);
+  }
   forEachCell(*mesh.GetStrips(), [&](auto strip) {
     forEachTriangle(strip, [&](auto p0, auto p1, auto p2) {
       const Normal normal = unit(triangleProduct(points, p0, p1, p2));

@@ -6,7 +6,9 @@
 #include <vtkDoubleArray.h>
 #include <vtkFloatArray.h>
 
+#include <cstddef>
 #include <optional>
+#include <span>
 
 /// Reading the points of an array of three components, without copies. The
 /// array must outlive whatever reads it here.
@@ -19,6 +21,7 @@ class PointSpan {
   PointSpan(const Real* values, vtkIdType size) : _values(values), _size(size) {}
 
   vtkIdType size() const { return _size; }
+  std::span<const Real> values() const { return {_values, 3 * static_cast<std::size_t>(_size)}; }
 
   Vector3 operator[](vtkIdType point) const {
     const Real* const values = _values + 3 * point;

@@ -6,13 +6,10 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <span>
 #include <string>
 #include <vector>
 
 namespace vemo {
-
-class ArchiveFile;
 
 /// The entries of a zip archive, indexed by name once. Not supported, and
 /// rejected when such an entry is read: encryption, methods other than "stored"
@@ -47,16 +44,16 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   explicit ZipFileReader(const std::wstring& path);
 
   /// The size of the archive file in bytes.
-  std::uint64_t getFileSize() const { return _fileSize; }
+  std::uint64_t getFileSize() const;
 
   /// The number of distinct names.
-  int getEntryCount() const { return static_cast<int>(_entries.size()); }
+  int getEntryCount() const;
 
   /// Whether the archive has more entries than it says: those are not read.
-  bool isMiscounted() const { return _isMiscounted; }
+  bool isMiscounted() const;
 
   /// Names that several entries have, each once.
-  const std::vector<std::string>& getDuplicateNames() const { return _duplicateNames; }
+  const std::vector<std::string>& getDuplicateNames() const;
 
   /// Names ascend byte by byte. An index of 0 or less gives the first name,
   /// one past the last an empty string.
@@ -78,34 +75,9 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   bool read(const std::string& name, char* buffer, ContentFlaws* flaws = nullptr) const;
 
  private:
-  struct Entry {
-    std::string name;
-    /// The position of the entry in the archive's directory, and its index there.
-    std::uint64_t directoryOffset;
-    std::uint64_t directoryIndex;
-    std::uint64_t compressedSize;
-    std::uint64_t uncompressedSize;
-    std::uint64_t method;
-    std::uint64_t flags;
-    std::uint32_t checksum;
-  };
+  struct Archive;
 
-  void indexEntries();
-  /// Behind the last one that was read.
-  bool hasFurtherEntries() const;
-  Entry readDirectoryEntry() const;
-  void sortEntries();
-  const Entry* findEntry(const std::string& name) const;
-  bool isSizePossible(const Entry& entry) const;
-  /// The number of bytes of content that exist; nothing when it cannot be read.
-  std::optional<std::size_t> readContent(const Entry& entry, std::span<char> content) const;
-
-  std::uint64_t _fileSize = 0;
-  std::shared_ptr<ArchiveFile> _archive;
-  /// By name.
-  std::vector<Entry> _entries;
-  std::vector<std::string> _duplicateNames;
-  bool _isMiscounted = false;
+  std::shared_ptr<const Archive> _archive;
 };
 
 }  // namespace vemo

@@ -131,7 +131,7 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
   void reportSettingsOutOfRange(SceneFileReader& reader) const;
   static GeometryType typeOf(bool hasFaces, bool hasLines);
   GeometryType determineType() const;
-  void computeNormals();
+  void computeNormals(SceneFileReader& reader);
 
   template <class T>
   void addTo(lum::DrawableCollection& collection, bool isHidden, const std::string& parentName,

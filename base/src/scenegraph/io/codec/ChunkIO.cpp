@@ -22,8 +22,10 @@ class Hash {
 
   void add(const void* data, std::size_t size) { XXH3_64bits_update(_state.get(), data, size); }
 
+  std::uint64_t get() const { return XXH3_64bits_digest(_state.get()); }
+
   void check(const ChunkRow& row) const {
-    const std::uint64_t found = XXH3_64bits_digest(_state.get());
+    const std::uint64_t found = get();
     if (found != row.hash) {
       throw FileError(FileIoStatus::ReadError,
                       fmt::format("hash mismatch ({:016x}, expected {:016x})", found, row.hash));
@@ -65,6 +67,21 @@ bool readBlocks(InputSource& source, const ChunkRow& row, Visit&& visit) {
 
 std::uint64_t hashOf(std::string_view bytes) {
   return XXH3_64bits(bytes.data(), bytes.size());
+}
+
+std::uint64_t hashInBlocks(std::string_view bytes, const std::function<void(std::string_view)>& visit) {
+  if (bytes.size() <= BLOCK_SIZE) {
+    visit(bytes);
+    return hashOf(bytes);
+  }
+  Hash hash;
+  while (!bytes.empty()) {
+    const std::string_view block = bytes.substr(0, BLOCK_SIZE);
+    hash.add(block.data(), block.size());
+    visit(block);
+    bytes.remove_prefix(block.size());
+  }
+  return hash.get();
 }
 
 std::string_view bytesOf(vtkDataArray& array) {

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,10 @@ namespace lum::io {
 
 /// XXH3 64.
 std::uint64_t hashOf(std::string_view bytes);
+
+/// The same, and calls visit with each block of the bytes while it is still in the
+/// processor's cache.
+std::uint64_t hashInBlocks(std::string_view bytes, const std::function<void(std::string_view)>& visit);
 
 /// The bytes of an array where they lie.
 std::string_view bytesOf(vtkDataArray& array);

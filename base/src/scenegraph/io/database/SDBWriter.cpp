@@ -52,11 +52,10 @@ class SDBWriter::Database final : private io::ArraySink {
 
  private:
   void put(vtkDataArray& array, io::ChunkRow& row) override {
-    const std::string_view bytes = io::bytesOf(array);
     _file.fill(io::paddingAt(_file.getPosition()));
-    _file.write(bytes.data(), bytes.size());
+    row.hash = io::hashInBlocks(io::bytesOf(array),
+                                [this](std::string_view block) { _file.write(block.data(), block.size()); });
     ++_chunkCount;
-    row.hash = io::hashOf(bytes);
   }
 
   io::OutputFile _file;

@@ -1,11 +1,10 @@
 #include "vemoview/import/archive/ArchiveReader.h"
 
 #include "vemoview/import/Failure.h"
+#include "vemoview/import/archive/ByteOrder.h"
 
 #include <algorithm>
-#include <bit>
 #include <cstddef>
-#include <cstring>
 #include <memory>
 #include <new>
 #include <utility>
@@ -19,42 +18,38 @@ namespace {
                       entryName);
 }
 
-/// Converts big-endian words to this machine's byte order, in place.
-void convertWords(unsigned char* bytes, std::size_t size) {
-  if constexpr (std::endian::native == std::endian::big) {
-    return;
-  }
-  for (std::size_t i = 0; i + 4 <= size; i += 4) {
-    std::uint32_t word = 0;
-    std::memcpy(&word, bytes + i, 4);
-    word = __builtin_bswap32(word);
-    std::memcpy(bytes + i, &word, 4);
-  }
-}
-
 }  // namespace
 
 ArchiveReader::ArchiveReader(ZipFileReader archive) : _archive(std::move(archive)) {}
 
-Array_t<unsigned char> ArchiveReader::readEntry(const std::string& entryName) {
+Array_t<unsigned char> ArchiveReader::loadEntry(const std::string& entryName) {
   const int size = _archive.getSize(entryName);
   if (size < 0) {
     failAt<IOException>("Requested non-existent entry '" + entryName + "'.<br>Your file may be corrupt.",
                         entryName);
   }
-  _used.insert(entryName);
+  ZipFileReader::ContentFlaws& flaws = _used[entryName];
   if (!_archive.isSizePossible(entryName)) {
     failIncomplete(entryName);
   }
   countBytesRead(size, entryName);
   // Not set to zero beforehand: the archive does so with what it does not fill.
   std::unique_ptr<unsigned char[]> block(new (std::nothrow) unsigned char[static_cast<std::size_t>(size)]);
-  ZipFileReader::ContentFlaws flaws;
+  flaws = {};
   if (!block || !_archive.read(entryName, reinterpret_cast<char*>(block.get()), &flaws)) {
     failIncomplete(entryName);
   }
-  reportFlaws(flaws, entryName);
   return {block.release(), size};
+}
+
+void ArchiveReader::reportContent(const std::string& entryName) {
+  reportFlaws(_used[entryName], entryName);
+}
+
+Array_t<unsigned char> ArchiveReader::readEntry(const std::string& entryName) {
+  ArrayOwner<unsigned char> bytes(loadEntry(entryName));
+  reportContent(entryName);
+  return bytes.release();
 }
 
 std::vector<std::string> ArchiveReader::getUnusedEntries() const {
@@ -81,23 +76,31 @@ void ArchiveReader::countBytesRead(int size, const std::string& entryName) {
 }
 
 /// The bytes of an entry of words, converted; `kind` is the user's word for them.
-Array_t<unsigned char> ArchiveReader::readWords(const std::string& entryName, const char* kind) {
+Array_t<unsigned char> ArchiveReader::loadWords(const std::string& entryName, const char* kind) {
   if (_archive.getSize(entryName) % 4 != 0) {
     failAt<IOException>(std::string("Bad size for ") + kind + " buffer;  not a multiple of 4", entryName);
   }
-  const Array_t<unsigned char> bytes = readEntry(entryName);
-  convertWords(bytes.data, static_cast<std::size_t>(bytes.count));
+  const Array_t<unsigned char> bytes = loadEntry(entryName);
+  convertWords({bytes.data, static_cast<std::size_t>(bytes.count)});
   return bytes;
 }
 
 Array_t<int> ArchiveReader::readIntBuffer(const std::string& entryName) {
-  const Array_t<unsigned char> bytes = readWords(entryName, "integer");
-  return {reinterpret_cast<int*>(bytes.data), bytes.count / 4};
+  const Array_t<unsigned char> bytes = loadWords(entryName, "integer");
+  ArrayOwner<int> values({reinterpret_cast<int*>(bytes.data), bytes.count / 4});
+  reportContent(entryName);
+  return values.release();
+}
+
+Array_t<float> ArchiveReader::loadFloats(const std::string& entryName) {
+  const Array_t<unsigned char> bytes = loadWords(entryName, "float");
+  return {reinterpret_cast<float*>(bytes.data), bytes.count / 4};
 }
 
 Array_t<float> ArchiveReader::readFloatBuffer(const std::string& entryName) {
-  const Array_t<unsigned char> bytes = readWords(entryName, "float");
-  return {reinterpret_cast<float*>(bytes.data), bytes.count / 4};
+  ArrayOwner<float> values(loadFloats(entryName));
+  reportContent(entryName);
+  return values.release();
 }
 
 }  // namespace vemo

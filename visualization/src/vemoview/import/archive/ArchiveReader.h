@@ -1,11 +1,12 @@
 #pragma once
 
+#include "vemoview/import/archive/DecodedEntries.h"
 #include <vemo/import/Export.h>
 #include <vemo/import/archive/Array_t.h>
 #include <vemo/import/archive/ZipFileReader.h>
 
 #include <cstdint>
-#include <set>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -14,12 +15,14 @@ namespace vemo {
 /// The content of an archive's entries: blocks of bytes and arrays of numbers.
 class VEMO_IMPORT_EXPORT ArchiveReader {
  public:
-  /// Many items may name one entry, and entries may overlap: the total read from
-  /// an archive is limited to what deflating could have put into a file of its
-  /// size. This is the limit for archives so small that theirs would be lower.
+  /// Entries may overlap: the total read from an archive is limited to what
+  /// deflating could have put into a file of its size. This is the limit for archives so small that theirs
+  /// would be lower.
   static constexpr std::uint64_t MAX_BYTES_OF_SMALL_ARCHIVE = 256U << 20U;
 
   explicit ArchiveReader(ZipFileReader archive);
+  ArchiveReader(const ArchiveReader&) = delete;
+  ArchiveReader& operator=(const ArchiveReader&) = delete;
   virtual ~ArchiveReader() = default;
 
   const ZipFileReader& getArchive() const { return _archive; }
@@ -36,6 +39,15 @@ class VEMO_IMPORT_EXPORT ArchiveReader {
   Array_t<int> readIntBuffer(const std::string& entryName);
   Array_t<float> readFloatBuffer(const std::string& entryName);
 
+  /// What was made of the entries, for all items that name them.
+  DecodedEntries& getDecoded() { return _decoded; }
+
+  /// As readFloatBuffer, without reports.
+  Array_t<float> loadFloats(const std::string& entryName);
+
+  /// Reports what is wrong with the content of an entry that was read.
+  void reportContent(const std::string& entryName);
+
   /// The entries that were never asked for, in ascending order of names.
   std::vector<std::string> getUnusedEntries() const;
 
@@ -43,12 +55,15 @@ class VEMO_IMPORT_EXPORT ArchiveReader {
   /// Of content that is used anyway.
   virtual void reportFlaws(const ZipFileReader::ContentFlaws& flaws, const std::string& entryName) = 0;
 
-  Array_t<unsigned char> readWords(const std::string& entryName, const char* kind);
+  Array_t<unsigned char> loadEntry(const std::string& entryName);
+  Array_t<unsigned char> loadWords(const std::string& entryName, const char* kind);
   void countBytesRead(int size, const std::string& entryName);
 
   ZipFileReader _archive;
   std::uint64_t _bytesRead = 0;
-  std::set<std::string> _used;
+  /// Those asked for.
+  std::map<std::string, ZipFileReader::ContentFlaws> _used;
+  DecodedEntries _decoded{*this};
 };
 
 }  // namespace vemo

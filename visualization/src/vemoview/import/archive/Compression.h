@@ -1,16 +1,32 @@
 #pragma once
 
+#include "vemoview/import/archive/ArchiveFile.h"
+
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <span>
 
 namespace vemo {
 
-/// Gives the next block of an entry's compressed bytes, valid until the next
-/// call; an empty one after the last. Nothing when they cannot be read.
-using CompressedBlocks = std::function<std::optional<std::span<const char>>()>;
+/// The compressed bytes of an entry, where they lie in the archive.
+class CompressedBytes {
+ public:
+  CompressedBytes(const ArchiveFile& file, std::uint64_t position, std::uint64_t size)
+      : _file(file), _position(position), _size(size) {}
+
+  std::uint64_t size() const { return _size; }
+
+  /// Bytes from an offset on, within the size. False when the file lacks them.
+  bool read(std::span<char> bytes, std::uint64_t offset) const {
+    return _file.read(bytes, _position + offset);
+  }
+
+ private:
+  const ArchiveFile& _file;
+  std::uint64_t _position;
+  std::uint64_t _size;
+};
 
 /// How the content of a zip entry is compressed. A new method is a class and a
 /// row in Compression.cpp.
@@ -22,7 +38,7 @@ class CompressionMethod {
   /// Fills the content from the front and returns how much of it the entry
   /// holds: less than all when the entry ends early. What would follow the
   /// content is ignored. Nothing when the compressed bytes are invalid.
-  virtual std::optional<std::size_t> decompress(const CompressedBlocks& blocks,
+  virtual std::optional<std::size_t> decompress(const CompressedBytes& compressed,
                                                 std::span<char> content) const = 0;
 
  protected:

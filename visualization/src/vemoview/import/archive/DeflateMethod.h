@@ -7,7 +7,7 @@ namespace vemo {
 /// RFC 1951, without a header.
 class DeflateMethod final : public CompressionMethod {
  public:
-  std::optional<std::size_t> decompress(const CompressedBlocks& blocks,
+  std::optional<std::size_t> decompress(const CompressedBytes& compressed,
                                         std::span<char> content) const override;
 };
 

@@ -1,26 +1,13 @@
 #include "vemoview/import/archive/StoredMethod.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace vemo {
 
-std::optional<std::size_t> StoredMethod::decompress(const CompressedBlocks& blocks,
+std::optional<std::size_t> StoredMethod::decompress(const CompressedBytes& compressed,
                                                     std::span<char> content) const {
-  std::size_t filled = 0;
-  while (filled < content.size()) {
-    const auto block = blocks();
-    if (!block) {
-      return std::nullopt;
-    }
-    if (block->empty()) {
-      break;
-    }
-    const std::size_t count = std::min(block->size(), content.size() - filled);
-    std::memcpy(content.data() + filled, block->data(), count);
-    filled += count;
-  }
-  return filled;
+  const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(compressed.size(), content.size()));
+  return compressed.read(content.first(count), 0) ? std::optional(count) : std::nullopt;
 }
 
 }  // namespace vemo

@@ -7,7 +7,7 @@ namespace vemo {
 /// The content as it is.
 class StoredMethod final : public CompressionMethod {
  public:
-  std::optional<std::size_t> decompress(const CompressedBlocks& blocks,
+  std::optional<std::size_t> decompress(const CompressedBytes& compressed,
                                         std::span<char> content) const override;
 };
 

@@ -1,34 +1,23 @@
 #include "vemoview/import/archive/ArchiveFile.h"
 #include "vemoview/import/archive/Compression.h"
+#include "vemoview/import/archive/ZipDirectory.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/import/Exception.h>
 #include <vemo/import/archive/ZipFileReader.h>
 
 #include <algorithm>
-#include <array>
-#include <cstddef>
-#include <cstdio>
-#include <minizip/unzip.h>
-#include <optional>
-#include <span>
-#include <zlib.h>
+#include <libdeflate.h>
+#include <utility>
 
 namespace vemo {
 
 namespace {
 
 /// A bit of the flags that the format gives each entry.
-constexpr std::uint64_t FLAG_ENCRYPTED = 1;
+constexpr unsigned FLAG_ENCRYPTED = 1;
 
-/// A name's length is a 16-bit field.
-using NameBuffer = std::array<char, 0x10000>;
-
-[[noreturn]] void failInvalid() {
-  throw ZipException("Invalid zip file");
-}
-
-/// The size of a file that may be opened as an archive.
-std::uint64_t checkFile(const std::wstring& path) {
+/// Throws for a file that must not be opened as an archive.
+void checkFile(const std::wstring& path) {
   struct stat status {};
   if (wideStat(path.c_str(), &status) != 0) {
     throw FileNotFoundException("File does not exist");
@@ -38,123 +27,109 @@ std::uint64_t checkFile(const std::wstring& path) {
   }
   // Opening a pipe would block until there is a writer.
   if (!S_ISREG(status.st_mode)) {
-    failInvalid();
+    throw ZipException("Invalid zip file");
   }
-  return static_cast<std::uint64_t>(status.st_size);
 }
 
 /// As the format has it of uncompressed content.
 std::uint32_t checksumOf(std::span<const char> content) {
-  return static_cast<std::uint32_t>(
-      crc32_z(0, reinterpret_cast<const Bytef*>(content.data()), content.size()));
+  return libdeflate_crc32(0, content.data(), content.size());
 }
 
 }  // namespace
 
-ZipFileReader::ZipFileReader(const std::wstring& path)
-    : _fileSize(checkFile(path)), _archive(std::make_shared<ArchiveFile>(path)) {
-  indexEntries();
-  sortEntries();
-}
-
-void ZipFileReader::indexEntries() {
-  unz_global_info global;
-  if (unzGetGlobalInfo(_archive->getHandle(), &global) != UNZ_OK) {
-    failInvalid();
+/// An open archive and its entries.
+struct ZipFileReader::Archive {
+  explicit Archive(const std::wstring& path) : file(path), directory(readZipDirectory(file)) {
+    sortEntries();
   }
-  // The archive may state any number: do not reserve memory for it.
-  for (uLong i = 0; i < global.number_entry; ++i) {
-    const int moved =
-        i == 0 ? unzGoToFirstFile(_archive->getHandle()) : unzGoToNextFile(_archive->getHandle());
-    if (moved != UNZ_OK) {
-      failInvalid();
-    }
-    _entries.push_back(readDirectoryEntry());
-  }
-  _isMiscounted = !_entries.empty() && hasFurtherEntries();
-}
 
-bool ZipFileReader::hasFurtherEntries() const {
-  unz_file_info64 last;
-  return unzGetCurrentFileInfo64(_archive->getHandle(), &last, nullptr, 0, nullptr, 0, nullptr, 0) ==
-             UNZ_OK &&
-         _archive->hasRowBehind(last);
-}
+  void sortEntries();
+  const ZipEntry* find(const std::string& name) const;
+  bool isSizePossible(const ZipEntry& entry) const;
 
-ZipFileReader::Entry ZipFileReader::readDirectoryEntry() const {
-  unz64_file_pos position;
-  unz_file_info64 info;
-  NameBuffer name;
-  if (unzGetFilePos64(_archive->getHandle(), &position) != UNZ_OK ||
-      unzGetCurrentFileInfo64(_archive->getHandle(), &info, name.data(), name.size(), nullptr, 0, nullptr,
-                              0) != UNZ_OK) {
-    failInvalid();
-  }
-  return {std::string(name.data(), info.size_filename),
-          position.pos_in_zip_directory,
-          position.num_of_file,
-          info.compressed_size,
-          info.uncompressed_size,
-          info.compression_method,
-          info.flag,
-          static_cast<std::uint32_t>(info.crc)};
-}
+  ArchiveFile file;
+  /// Sorted by name, each name once.
+  ZipDirectory directory;
+  std::vector<std::string> duplicateNames;
+};
 
-void ZipFileReader::sortEntries() {
-  // The last of several entries with the same name is kept: it comes first
-  // here.
-  std::ranges::reverse(_entries);
-  std::ranges::stable_sort(_entries, {}, &Entry::name);
-  for (std::size_t i = 1; i < _entries.size(); ++i) {
-    const std::string& name = _entries[i].name;
-    if (name == _entries[i - 1].name && (_duplicateNames.empty() || _duplicateNames.back() != name)) {
-      _duplicateNames.push_back(name);
+void ZipFileReader::Archive::sortEntries() {
+  auto& entries = directory.entries;
+  // Of equal names the last in the archive is to stay: it comes first here.
+  std::ranges::reverse(entries);
+  std::ranges::stable_sort(entries, {}, &ZipEntry::name);
+  for (std::size_t i = 1; i < entries.size(); ++i) {
+    const std::string& name = entries[i].name;
+    if (name == entries[i - 1].name && (duplicateNames.empty() || duplicateNames.back() != name)) {
+      duplicateNames.push_back(name);
     }
   }
-  const auto first = std::unique(_entries.begin(), _entries.end(), [](const Entry& left, const Entry& right) {
-    return left.name == right.name;
-  });
-  _entries.erase(first, _entries.end());
+  const auto repeated = std::ranges::unique(entries, {}, &ZipEntry::name);
+  entries.erase(repeated.begin(), repeated.end());
 }
 
-std::string ZipFileReader::getEntryName(int index) const {
-  const auto place = static_cast<std::size_t>(std::max(index, 0));
-  return place < _entries.size() ? _entries[place].name : std::string();
+const ZipEntry* ZipFileReader::Archive::find(const std::string& name) const {
+  const auto& entries = directory.entries;
+  const auto found = std::ranges::lower_bound(entries, name, {}, &ZipEntry::name);
+  return found == entries.end() || found->name != name ? nullptr : &*found;
 }
 
-const ZipFileReader::Entry* ZipFileReader::findEntry(const std::string& name) const {
-  const auto found = std::ranges::lower_bound(_entries, name, {}, &Entry::name);
-  return found == _entries.end() || found->name != name ? nullptr : &*found;
-}
-
-int ZipFileReader::getSize(const std::string& name) const {
-  const Entry* entry = findEntry(name);
-  if (entry == nullptr) {
-    return -1;
-  }
-  return static_cast<int>(std::min<std::uint64_t>(entry->uncompressedSize, SIZE_LIMIT));
-}
-
-bool ZipFileReader::isSizePossible(const std::string& name) const {
-  const Entry* entry = findEntry(name);
-  return entry != nullptr && isSizePossible(*entry);
-}
-
-bool ZipFileReader::isSizePossible(const Entry& entry) const {
+bool ZipFileReader::Archive::isSizePossible(const ZipEntry& entry) const {
   if ((entry.flags & FLAG_ENCRYPTED) != 0 || findCompressionMethod(entry.method) == nullptr ||
-      entry.uncompressedSize > SIZE_LIMIT || entry.compressedSize > _fileSize) {
+      entry.uncompressedSize > SIZE_LIMIT || entry.compressedSize > file.getSize()) {
     return false;
   }
   return entry.uncompressedSize <= std::max(SMALL_ENTRY_SIZE, entry.compressedSize * MAX_DEFLATE_RATIO);
 }
 
+ZipFileReader::ZipFileReader(const std::wstring& path)
+    : _archive((checkFile(path), std::make_shared<const Archive>(path))) {}
+
+std::uint64_t ZipFileReader::getFileSize() const {
+  return _archive->file.getSize();
+}
+
+int ZipFileReader::getEntryCount() const {
+  return static_cast<int>(_archive->directory.entries.size());
+}
+
+bool ZipFileReader::isMiscounted() const {
+  return _archive->directory.isMiscounted;
+}
+
+const std::vector<std::string>& ZipFileReader::getDuplicateNames() const {
+  return _archive->duplicateNames;
+}
+
+std::string ZipFileReader::getEntryName(int index) const {
+  const auto place = static_cast<std::size_t>(std::max(index, 0));
+  return place < _archive->directory.entries.size() ? _archive->directory.entries[place].name : std::string();
+}
+
+int ZipFileReader::getSize(const std::string& name) const {
+  const ZipEntry* const entry = _archive->find(name);
+  return entry != nullptr ? static_cast<int>(std::min<std::uint64_t>(entry->uncompressedSize, SIZE_LIMIT))
+                          : -1;
+}
+
+bool ZipFileReader::isSizePossible(const std::string& name) const {
+  const ZipEntry* const entry = _archive->find(name);
+  return entry != nullptr && _archive->isSizePossible(*entry);
+}
+
 bool ZipFileReader::read(const std::string& name, char* buffer, ContentFlaws* flaws) const {
-  const Entry* entry = findEntry(name);
-  if (entry == nullptr || !isSizePossible(*entry)) {
+  const ZipEntry* const entry = _archive->find(name);
+  if (entry == nullptr || !_archive->isSizePossible(*entry)) {
+    return false;
+  }
+  const auto position = findContent(_archive->file, *entry);
+  if (!position) {
     return false;
   }
   const std::span content(buffer, static_cast<std::size_t>(entry->uncompressedSize));
-  const auto count = readContent(*entry, content);
+  const auto count = findCompressionMethod(entry->method)
+                         ->decompress({_archive->file, *position, entry->compressedSize}, content);
   if (!count) {
     return false;
   }
@@ -164,15 +139,6 @@ bool ZipFileReader::read(const std::string& name, char* buffer, ContentFlaws* fl
     flaws->isChecksumWrong = checksumOf(content.first(*count)) != entry->checksum;
   }
   return true;
-}
-
-std::optional<std::size_t> ZipFileReader::readContent(const Entry& entry, std::span<char> content) const {
-  unz64_file_pos position{entry.directoryOffset, entry.directoryIndex};
-  if (unzGoToFilePos64(_archive->getHandle(), &position) != UNZ_OK) {
-    return std::nullopt;
-  }
-  const auto blocks = _archive->openEntry(entry.method, entry.compressedSize);
-  return blocks ? findCompressionMethod(entry.method)->decompress(*blocks, content) : std::nullopt;
 }
 
 }  // namespace vemo

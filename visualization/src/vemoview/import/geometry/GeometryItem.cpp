@@ -1,5 +1,4 @@
 #include "geometry/Connectivity.h"
-#include "geometry/Normals.h"
 #include "vemoview/import/geometry/GeometryDrawableBuilder.h"
 #include "vemoview/import/geometry/GeometryKeys.h"
 #include "vemoview/import/geometry/PolyDataReader.h"
@@ -177,7 +176,7 @@ void GeometryItem::readImpl(const QxElement& element, SceneFileReader* reader) {
                    "The surface is hidden: it states neither faces nor edges");
   }
   if (_geometryType == SURFACE) {
-    computeNormals();
+    computeNormals(*reader);
   }
 }
 
@@ -232,7 +231,7 @@ void GeometryItem::reportUnused(const ValueReader& values) const {
 void GeometryItem::readGeometry(const QxElement& element, SceneFileReader& reader) {
   GeometryEntries entries;
   GeometryEntries::KEYS.read(entries, element, &reader);
-  PolyDataReader data(*_polydata, reader, reader);
+  PolyDataReader data(*_polydata, reader.getDecoded(), reader);
   reader.attempt([&] {
     const ReadingContext::AttributeScope scope(&reader, "points");
     data.readPoints(entries.points.value_or(""));
@@ -278,11 +277,13 @@ GeometryItem::GeometryType GeometryItem::determineType() const {
                 _polydata->GetNumberOfLines() > 0);
 }
 
-void GeometryItem::computeNormals() {
-  if (_settings.smoothShading) {
-    _polydata->GetPointData()->SetNormals(pointNormals(*_polydata));
+void GeometryItem::computeNormals(SceneFileReader& reader) {
+  const bool areOfPoints = _settings.smoothShading;
+  const auto normals = reader.getDecoded().getNormals(*_polydata, areOfPoints);
+  if (areOfPoints) {
+    _polydata->GetPointData()->SetNormals(normals);
   } else {
-    _polydata->GetCellData()->SetNormals(cellNormals(*_polydata));
+    _polydata->GetCellData()->SetNormals(normals);
   }
 }
 

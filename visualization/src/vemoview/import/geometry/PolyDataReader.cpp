@@ -1,17 +1,13 @@
 #include "vemoview/import/geometry/PolyDataReader.h"
 
-#include "geometry/AdoptedArray.h"
 #include "geometry/Normals.h"
 #include "vemoview/import/Failure.h"
-#include "vemoview/import/archive/ArchiveReader.h"
+#include "vemoview/import/archive/DecodedEntries.h"
 #include "vemoview/import/geometry/GeometryKeys.h"
 #include "vemoview/import/reading/ReadingContext.h"
-#include <vemo/base/Vector.h>
 
-#include <vtkCellArray.h>
 #include <vtkCellData.h>
 #include <vtkFloatArray.h>
-#include <vtkNew.h>
 #include <vtkPointData.h>
 #include <vtkPoints.h>
 #include <vtkPolyData.h>
@@ -30,27 +26,6 @@ constexpr const char* DATA_KEY = "data";
 /// An empty array could state any number of components.
 constexpr int MAX_COMPONENTS_WITHOUT_VALUES = 256;
 
-/// The values become those of an array with that number of components.
-vtkSmartPointer<vtkFloatArray> adopt(ArrayOwner<float> values, int components) {
-  auto array = vtkSmartPointer<vtkFloatArray>::New();
-  const vtkIdType tuples = values.count() / components;
-  array->SetNumberOfComponents(components);
-  adoptBlock(*array, values.releaseBlock(), tuples * components);
-  return array;
-}
-
-/// The Euclidean lengths of the triples, in single precision.
-vtkSmartPointer<vtkFloatArray> magnitudes(const ArrayOwner<float>& values) {
-  auto array = vtkSmartPointer<vtkFloatArray>::New();
-  const vtkIdType count = values.count() / COORDINATES;
-  array->SetNumberOfValues(count);
-  const float* triple = values.data();
-  for (vtkIdType i = 0; i < count; ++i, triple += COORDINATES) {
-    array->SetValue(i, length(Vector<3, float>{triple[0], triple[1], triple[2]}));
-  }
-  return array;
-}
-
 [[noreturn]] void failOutside(int index, vtkIdType pointCount, const std::string& entry) {
   failAt<IOException>("Entry '" + entry + "' refers to point " + std::to_string(index) +
                           ", but the geometry has only " + std::to_string(pointCount) +
@@ -60,28 +35,24 @@ vtkSmartPointer<vtkFloatArray> magnitudes(const ArrayOwner<float>& values) {
 
 }  // namespace
 
-PolyDataReader::PolyDataReader(vtkPolyData& polyData, ArchiveReader& archive, ReadingContext& context)
-    : _polyData(polyData), _archive(archive), _context(context) {}
+PolyDataReader::PolyDataReader(vtkPolyData& polyData, DecodedEntries& decoded, ReadingContext& context)
+    : _polyData(polyData), _decoded(decoded), _context(context) {}
 
 void PolyDataReader::readPoints(const std::string& entry) {
-  vtkNew<vtkPoints> points;
-  ArrayOwner<float> values(_archive.readFloatBuffer(entry));
-  reportCutOff(values.count(), COORDINATES, entry);
-  points->SetData(adopt(std::move(values), COORDINATES));
-  _polyData.SetPoints(points);
+  reportCutOff(_decoded.countFloats(entry), COORDINATES, entry);
+  _polyData.SetPoints(_decoded.getPoints(entry));
   _hasPoints = true;
 }
 
 void PolyDataReader::readCells(CellKind kind, const std::string& entry) {
   const bool hadAllCells = std::exchange(_hasAllCells, false);
-  ArrayOwner<int> list(_archive.readIntBuffer(entry));
   if (!_hasPoints) {
+    _decoded.checkCells(entry);
     return;
   }
-  const int size = list.count();
   const vtkIdType pointCount = _polyData.GetNumberOfPoints();
   ImportedCells& imported = _cells[indexOf(kind)];
-  imported = importCells(list.releaseBlock(), size, kind, pointCount);
+  imported = _decoded.getCells(entry, kind, pointCount);
   if (imported.indexOutside) {
     failOutside(*imported.indexOutside, pointCount, entry);
   }
@@ -101,45 +72,47 @@ vtkIdType PolyDataReader::listedCells() const {
                          [](vtkIdType sum, const ImportedCells& imported) { return sum + imported.listed; });
 }
 
-ArrayOwner<float> PolyDataReader::readData(const std::string& entry) {
-  const ReadingContext::AttributeScope scope(&_context, DATA_KEY);
-  return ArrayOwner<float>(_archive.readFloatBuffer(entry));
+std::vector<vtkIdType> PolyDataReader::droppedCells() const {
+  const std::vector<std::reference_wrapper<const ImportedCells>> lists(_cells.begin(), _cells.end());
+  return droppedRows(lists);
 }
 
-vtkSmartPointer<vtkFloatArray> PolyDataReader::readValues(const GeometryArray& array,
-                                                          vtkIdType tuplesExpected, const char* places) {
+int PolyDataReader::countFloats(const std::string& entry) {
+  const ReadingContext::AttributeScope scope(&_context, DATA_KEY);
+  return _decoded.countFloats(entry);
+}
+
+bool PolyDataReader::fits(const GeometryArray& array, vtkIdType tuplesExpected, const char* places) {
   const std::string entry = array.entry.value_or("");
   const int components = array.components;
-  ArrayOwner<float> values = readData(entry);
+  const int count = countFloats(entry);
   // If points or cells are missing, an array may only appear not to fit.
   if (!(array.isOfPoints ? _hasPoints : _hasAllCells)) {
-    return nullptr;
+    return false;
   }
   const auto leaveOut = [&](const std::string& reason) {
     _context.report(FindingCode::ARRAY_LEFT_OUT, "The array \"" + array.name + "\" is left out: " + reason,
                     entry);
-    return nullptr;
+    return false;
   };
-  if (components < 1 || components > std::max(MAX_COMPONENTS_WITHOUT_VALUES, values.count())) {
-    return leaveOut(std::to_string(values.count()) + " values cannot have " + std::to_string(components) +
+  if (components < 1 || components > std::max(MAX_COMPONENTS_WITHOUT_VALUES, count)) {
+    return leaveOut(std::to_string(count) + " values cannot have " + std::to_string(components) +
                     " components");
   }
-  const vtkIdType tuples = values.count() / components;
+  const vtkIdType tuples = count / components;
   if (tuples != tuplesExpected) {
     return leaveOut("it has " + std::to_string(tuples) + " values for " + std::to_string(tuplesExpected) +
                     " " + places);
   }
   {
     const ReadingContext::AttributeScope scope(&_context, DATA_KEY);
-    reportCutOff(values.count(), components, entry);
+    reportCutOff(count, components, entry);
   }
   if (components == COORDINATES && tuples > 0) {
     _context.report(FindingCode::ARRAY_MAGNITUDE,
                     "The vectors of the array \"" + array.name + "\" are replaced by their lengths", entry);
   }
-  auto read = components == COORDINATES ? magnitudes(values) : adopt(std::move(values), components);
-  read->SetName(array.name.c_str());
-  return read;
+  return true;
 }
 
 void PolyDataReader::reportCutOff(vtkIdType values, int components, const std::string& entry) {
@@ -171,14 +144,20 @@ void PolyDataReader::addArray(vtkFieldData& data, vtkFloatArray& values, const G
 }
 
 void PolyDataReader::readArray(const GeometryArray& array) {
-  if (array.isOfPoints) {
-    if (const auto values = readValues(array, _polyData.GetNumberOfPoints(), "points")) {
-      addArray(*_polyData.GetPointData(), *values, array);
-    }
-  } else if (const auto values = readValues(array, listedCells(), "cells")) {
-    const std::vector<std::reference_wrapper<const ImportedCells>> lists(_cells.begin(), _cells.end());
-    removeRows(*values, droppedRows(lists));
-    addArray(*_polyData.GetCellData(), *values, array);
+  if (array.isOfPoints ? !fits(array, _polyData.GetNumberOfPoints(), "points")
+                       : !fits(array, listedCells(), "cells")) {
+    return;
+  }
+  const std::string entry = array.entry.value_or("");
+  vtkFieldData& data = array.isOfPoints ? static_cast<vtkFieldData&>(*_polyData.GetPointData())
+                                        : static_cast<vtkFieldData&>(*_polyData.GetCellData());
+  const std::vector<vtkIdType> dropped = array.isOfPoints ? std::vector<vtkIdType>() : droppedCells();
+  if (dropped.empty()) {
+    addArray(data, *_decoded.getArray(entry, array.name, array.components), array);
+  } else {
+    const auto values = _decoded.copyArray(entry, array.name, array.components);
+    removeRows(*values, dropped);
+    addArray(data, *values, array);
   }
 }
 

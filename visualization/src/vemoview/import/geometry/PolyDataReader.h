@@ -2,12 +2,10 @@
 
 #include "geometry/Connectivity.h"
 #include <vemo/import/Export.h>
-#include <vemo/import/archive/Array_t.h>
-
-#include <vtkSmartPointer.h>
 
 #include <array>
 #include <string>
+#include <vector>
 
 class vtkFieldData;
 class vtkFloatArray;
@@ -15,17 +13,18 @@ class vtkPolyData;
 
 namespace vemo {
 
-class ArchiveReader;
+class DecodedEntries;
 class ReadingContext;
 struct GeometryArray;
 
 /// Fills a poly data from the entries of an archive: points first, then cells,
-/// then the arrays over both. The blocks of the entries become the storage of
-/// points, connectivity and arrays. Nothing inconsistent gets in.
+/// then the arrays over both. Poly data of the same entries share points, cells
+/// and arrays, whose storage are the blocks of the entries. Nothing inconsistent
+/// gets in.
 class VEMO_IMPORT_EXPORT PolyDataReader {
  public:
   /// @param context receives the warnings
-  PolyDataReader(vtkPolyData& polyData, ArchiveReader& archive, ReadingContext& context);
+  PolyDataReader(vtkPolyData& polyData, DecodedEntries& decoded, ReadingContext& context);
 
   /// Three coordinates a point; a remainder at the end is ignored.
   void readPoints(const std::string& entry);
@@ -48,16 +47,17 @@ class VEMO_IMPORT_EXPORT PolyDataReader {
   void readArray(const GeometryArray& array);
 
  private:
-  vtkSmartPointer<vtkFloatArray> readValues(const GeometryArray& array, vtkIdType tuplesExpected,
-                                            const char* places);
-  ArrayOwner<float> readData(const std::string& entry);
+  /// Whether an array has a value for each place; if not, it is reported.
+  bool fits(const GeometryArray& array, vtkIdType tuplesExpected, const char* places);
+  int countFloats(const std::string& entry);
   vtkIdType listedCells() const;
+  std::vector<vtkIdType> droppedCells() const;
   void reportCutOff(vtkIdType values, int components, const std::string& entry);
   void addArray(vtkFieldData& data, vtkFloatArray& values, const GeometryArray& array);
   void reportName(const GeometryArray& array, bool isTaken);
 
   vtkPolyData& _polyData;
-  ArchiveReader& _archive;
+  DecodedEntries& _decoded;
   ReadingContext& _context;
   /// By kind.
   std::array<ImportedCells, CELL_KINDS.size()> _cells;

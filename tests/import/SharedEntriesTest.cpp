@@ -1,0 +1,137 @@
+// Items that name the same entries share what was made of them.
+
+#include "SceneFixture.h"
+#include <vemo/scenegraph/Traversal.h>
+#include <vemo/scenegraph/drawables/PolyDataNode.h>
+
+#include <vtkCellArray.h>
+#include <vtkCellData.h>
+#include <vtkDataArray.h>
+#include <vtkFloatArray.h>
+#include <vtkPointData.h>
+#include <vtkPoints.h>
+#include <vtkPolyData.h>
+
+#include <gmock/gmock.h>
+#include <string>
+#include <vector>
+
+namespace vemo {
+
+namespace {
+
+using testing::ElementsAre;
+
+class SharedEntriesTest : public SceneFixture {
+ protected:
+  /// The poly data of a scene with these geometries, each in a collection of its own.
+  std::vector<vtkSmartPointer<vtkPolyData>> convertAll(const std::vector<std::string>& geometries) {
+    std::string children;
+    for (const std::string& each : geometries) {
+      children += each;
+    }
+    std::vector<vtkSmartPointer<vtkPolyData>> found;
+    lum::forEachNode(convert(children), [&found](lum::Node& node) {
+      if (auto* const geometry = dynamic_cast<lum::PolyDataNode*>(&node)) {
+        found.emplace_back(geometry->getPolyData());
+      }
+    });
+    EXPECT_EQ(found.size(), geometries.size());
+    return found;
+  }
+
+  /// Those about an item's entries, in the order in which they were reported.
+  std::vector<std::string> findings() const {
+    std::vector<std::string> texts;
+    for (const Finding& finding : _reader->getFindings()) {
+      if (!finding.entry.empty() && !finding.itemPath.empty()) {
+        texts.push_back(finding.getKind().name + " " + finding.itemPath);
+      }
+    }
+    return texts;
+  }
+};
+
+std::vector<float> valuesOf(vtkDataArray* array) {
+  auto* const floats = vtkFloatArray::SafeDownCast(array);
+  return floats == nullptr
+             ? std::vector<float>()
+             : std::vector<float>(floats->GetPointer(0), floats->GetPointer(0) + floats->GetNumberOfValues());
+}
+
+TEST_F(SharedEntriesTest, SharesWhatIsEqual) {
+  const std::string array = "<array name='a' dim='1' data='four' vertexData='true'/>";
+  const auto items = convertAll({geometry("name='1' polys='tri' smoothShading='true'", array),
+                                 geometry("name='2' polys='tri' smoothShading='true'", array),
+                                 geometry("name='3' polys='tri' smoothShading='false'",
+                                          "<array name='b' dim='1' data='four' vertexData='true'/>"),
+                                 geometry("name='4' polys='quad' smoothShading='true'",
+                                          "<array name='a' dim='2' data='four' vertexData='true'/>")});
+  ASSERT_EQ(items.size(), 4U);
+  const auto normals = [&items](std::size_t i) { return items[i]->GetPointData()->GetArray("Normals"); };
+  for (const std::size_t i : {1U, 2U, 3U}) {
+    EXPECT_EQ(items[i]->GetPoints()->GetData(), items[0]->GetPoints()->GetData()) << i;
+  }
+  for (const std::size_t i : {1U, 2U}) {
+    EXPECT_EQ(items[i]->GetPolys()->GetConnectivityArray(), items[0]->GetPolys()->GetConnectivityArray())
+        << i;
+  }
+  EXPECT_NE(items[3]->GetPolys()->GetConnectivityArray(), items[0]->GetPolys()->GetConnectivityArray());
+  ASSERT_NE(normals(0), nullptr);
+  EXPECT_EQ(normals(1), normals(0));
+  EXPECT_EQ(normals(2), nullptr) << "those are of cells";
+  EXPECT_NE(normals(3), normals(0)) << "other cells";
+  EXPECT_EQ(items[1]->GetPointData()->GetArray("a"), items[0]->GetPointData()->GetArray("a"));
+  EXPECT_EQ(valuesOf(items[2]->GetPointData()->GetArray("b")),
+            valuesOf(items[0]->GetPointData()->GetArray("a")));
+  EXPECT_EQ(items[3]->GetPointData()->GetArray("a"), nullptr) << "two tuples for four points";
+}
+
+TEST_F(SharedEntriesTest, DoesNotShareCellsThatOtherPointsMakeWrong) {
+  _archive.floats("three", {0, 0, 0, 1, 0, 0, 0, 1, 0}).ints("last", {3, 1, 2, 3});
+  EXPECT_THAT(
+      failureOf([&] {
+        convertAll({geometry("name='1' polys='last'"), geometry("name='2' points='three' polys='last'")});
+      }),
+      testing::HasSubstr("refers to point 3, but the geometry has only 3 points"));
+}
+
+TEST_F(SharedEntriesTest, RemovesTheDataOfCellsThatAreLeftOutForEachItem) {
+  _archive.ints("mixed", {2, 0, 1, 3, 0, 1, 2, 3, 1, 2, 3}).floats("cells", {7, 8, 9});
+  const std::string array = "<array name='a' dim='1' data='cells' vertexData='false'/>";
+  const auto items =
+      convertAll({geometry("name='1' polys='mixed'", array), geometry("name='2' polys='mixed'", array)});
+  for (const auto& item : items) {
+    EXPECT_THAT(valuesOf(item->GetCellData()->GetArray("a")), ElementsAre(8, 9));
+  }
+  EXPECT_THAT(findings(), ElementsAre("cells-left-out scene/1", "cells-left-out scene/2"));
+}
+
+TEST_F(SharedEntriesTest, ReportsWhatIsWrongForEachItem) {
+  _archive.floats("five", {1, 2, 3, 4, 5}).forge([](ArchiveBuilder::Entry& entry) { entry.crc ^= 1; });
+  const std::string arrays = "<array name='a' dim='1' data='five' vertexData='true'/>";
+  convertAll({geometry("name='1' points='five'", arrays), geometry("name='2' points='five'", arrays)});
+  std::vector<std::string> expected;
+  for (const std::string item : {"scene/1", "scene/2"}) {
+    const std::string array = item + "/a";
+    expected.insert(expected.end(), {"checksum-wrong " + item, "array-cut " + item, "checksum-wrong " + array,
+                                     "array-left-out " + array});
+  }
+  EXPECT_EQ(findings(), expected);
+}
+
+TEST_F(SharedEntriesTest, CountsWhatIsSharedOnce) {
+  constexpr int COUNT = 3000;
+  const std::vector<float> values(30'000);
+  ASSERT_GT(COUNT * values.size() * sizeof(float), SceneFileReader::MAX_BYTES_OF_SMALL_ARCHIVE);
+  _archive.floats("bolt", values);
+  std::string items;
+  for (int i = 0; i < COUNT; ++i) {
+    items += geometry("name='" + std::to_string(i) + "' points='bolt'");
+  }
+  EXPECT_EQ(failureOf([&] { read(items); }), "");
+}
+
+}  // namespace
+
+}  // namespace vemo

@@ -1,0 +1,129 @@
+#include "vemoview/import/archive/DecodedEntries.h"
+
+#include "geometry/AdoptedArray.h"
+#include "geometry/Normals.h"
+#include "vemoview/import/archive/ArchiveReader.h"
+#include <vemo/base/Vector.h>
+
+#include <vtkCellArray.h>
+#include <vtkFloatArray.h>
+#include <vtkPoints.h>
+#include <vtkPolyData.h>
+
+#include <utility>
+
+namespace vemo {
+
+namespace {
+
+constexpr int COORDINATES = 3;
+
+/// The Euclidean lengths of the triples, in single precision.
+vtkSmartPointer<vtkFloatArray> magnitudes(vtkFloatArray& values) {
+  auto array = vtkSmartPointer<vtkFloatArray>::New();
+  const vtkIdType count = values.GetNumberOfValues() / COORDINATES;
+  array->SetNumberOfValues(count);
+  const float* triple = values.GetPointer(0);
+  for (vtkIdType i = 0; i < count; ++i, triple += COORDINATES) {
+    array->SetValue(i, length(Vector<3, float>{triple[0], triple[1], triple[2]}));
+  }
+  return array;
+}
+
+/// Makes an array of values one of tuples, without a remainder.
+void group(vtkFloatArray& values, int components) {
+  const vtkIdType tuples = values.GetNumberOfValues() / components;
+  values.SetNumberOfComponents(components);
+  values.SetNumberOfTuples(tuples);
+}
+
+}  // namespace
+
+DecodedEntries::DecodedEntries(ArchiveReader& archive) : _archive(archive) {}
+DecodedEntries::~DecodedEntries() = default;
+
+int DecodedEntries::countFloats(const std::string& entry) {
+  auto known = _floatCounts.find(entry);
+  if (known == _floatCounts.end()) {
+    _pendingFloats = loadFloats(entry);
+    _pendingEntry = entry;
+    known = _floatCounts.emplace(entry, static_cast<int>(_pendingFloats->GetNumberOfValues())).first;
+  }
+  _archive.reportContent(entry);
+  return known->second;
+}
+
+vtkSmartPointer<vtkFloatArray> DecodedEntries::loadFloats(const std::string& entry) {
+  // Not held while there is another.
+  _pendingFloats = nullptr;
+  ArrayOwner<float> values(_archive.loadFloats(entry));
+  const int count = values.count();
+  auto array = vtkSmartPointer<vtkFloatArray>::New();
+  adoptBlock(*array, values.releaseBlock(), count);
+  return array;
+}
+
+vtkSmartPointer<vtkFloatArray> DecodedEntries::takeFloats(const std::string& entry) {
+  return _pendingFloats != nullptr && _pendingEntry == entry ? std::exchange(_pendingFloats, nullptr)
+                                                             : loadFloats(entry);
+}
+
+vtkSmartPointer<vtkPoints> DecodedEntries::getPoints(const std::string& entry) {
+  auto& points = _points[entry];
+  if (points == nullptr) {
+    const auto values = takeFloats(entry);
+    group(*values, COORDINATES);
+    points = vtkSmartPointer<vtkPoints>::New();
+    points->SetData(values);
+  }
+  return points;
+}
+
+vtkSmartPointer<vtkFloatArray> DecodedEntries::getArray(const std::string& entry, const std::string& name,
+                                                        int components) {
+  auto& array = _arrays[{entry, name, components}];
+  if (array == nullptr) {
+    array = copyArray(entry, name, components);
+  }
+  return array;
+}
+
+vtkSmartPointer<vtkFloatArray> DecodedEntries::copyArray(const std::string& entry, const std::string& name,
+                                                         int components) {
+  auto array = takeFloats(entry);
+  if (components == COORDINATES) {
+    array = magnitudes(*array);
+  } else {
+    group(*array, components);
+  }
+  array->SetName(name.c_str());
+  return array;
+}
+
+const ImportedCells& DecodedEntries::getCells(const std::string& entry, CellKind kind, vtkIdType pointCount) {
+  const std::tuple key(entry, kind, pointCount);
+  const auto known = _cells.find(key);
+  if (known != _cells.end()) {
+    _archive.reportContent(entry);
+    return known->second;
+  }
+  ArrayOwner<int> list(_archive.readIntBuffer(entry));
+  const int size = list.count();
+  return _cells.emplace(key, importCells(list.releaseBlock(), size, kind, pointCount)).first->second;
+}
+
+void DecodedEntries::checkCells(const std::string& entry) {
+  const ArrayOwner<int> unused(_archive.readIntBuffer(entry));
+}
+
+vtkSmartPointer<vtkFloatArray> DecodedEntries::getNormals(vtkPolyData& polyData, bool areOfPoints) {
+  const Mesh mesh{polyData.GetPoints(), polyData.GetVerts(), polyData.GetLines(), polyData.GetPolys(),
+                  polyData.GetStrips()};
+  auto& normals = _normals[{mesh, areOfPoints}];
+  if (normals == nullptr) {
+    normals = areOfPoints ? pointNormals(polyData) : cellNormals(polyData);
+  }
+  return normals;
+}
+
+}  // namespace vemo

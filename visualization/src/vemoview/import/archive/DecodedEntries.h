@@ -1,0 +1,74 @@
+#pragma once
+
+#include "geometry/Connectivity.h"
+#include <vemo/import/Export.h>
+
+#include <vtkSmartPointer.h>
+
+#include <array>
+#include <map>
+#include <string>
+#include <tuple>
+
+class vtkFloatArray;
+class vtkPoints;
+class vtkPolyData;
+
+namespace vemo {
+
+class ArchiveReader;
+
+/// What geometry was made of an archive's entries. Items that name the same
+/// entries share it: it is read, checked and computed once, and nobody changes
+/// it. What is wrong with an entry's content is reported for each item.
+class VEMO_IMPORT_EXPORT DecodedEntries {
+ public:
+  explicit DecodedEntries(ArchiveReader& archive);
+  ~DecodedEntries();
+  DecodedEntries(const DecodedEntries&) = delete;
+  DecodedEntries& operator=(const DecodedEntries&) = delete;
+
+  /// Reads an entry of floats, or has read it: how many there are. Throws as
+  /// ArchiveReader::readFloatBuffer does.
+  int countFloats(const std::string& entry);
+
+  /// Three coordinates a point; a remainder is left out. Of an entry that was
+  /// counted, as are the arrays.
+  vtkSmartPointer<vtkPoints> getPoints(const std::string& entry);
+
+  /// A remainder is left out. Triples are replaced by their lengths.
+  vtkSmartPointer<vtkFloatArray> getArray(const std::string& entry, const std::string& name, int components);
+
+  /// Such an array that the caller alone has.
+  vtkSmartPointer<vtkFloatArray> copyArray(const std::string& entry, const std::string& name, int components);
+
+  /// Throws as importCells and ArchiveReader::readIntBuffer do.
+  const ImportedCells& getCells(const std::string& entry, CellKind kind, vtkIdType pointCount);
+
+  /// Reads an entry of cells that no points are there for: it may have faults of
+  /// its own. Throws as ArchiveReader::readIntBuffer does.
+  void checkCells(const std::string& entry);
+
+  /// Of the points or else the cells of a poly data that was made of entries.
+  vtkSmartPointer<vtkFloatArray> getNormals(vtkPolyData& polyData, bool areOfPoints);
+
+ private:
+  vtkSmartPointer<vtkFloatArray> loadFloats(const std::string& entry);
+  /// Those that are pending, or the entry's once more.
+  vtkSmartPointer<vtkFloatArray> takeFloats(const std::string& entry);
+
+  ArchiveReader& _archive;
+  std::map<std::string, int> _floatCounts;
+  /// The entry read last, until something is made of it.
+  std::string _pendingEntry;
+  vtkSmartPointer<vtkFloatArray> _pendingFloats;
+
+  std::map<std::string, vtkSmartPointer<vtkPoints>> _points;
+  std::map<std::tuple<std::string, std::string, int>, vtkSmartPointer<vtkFloatArray>> _arrays;
+  std::map<std::tuple<std::string, CellKind, vtkIdType>, ImportedCells> _cells;
+  /// By the points and the cells of each kind.
+  using Mesh = std::array<vtkSmartPointer<vtkObject>, 1 + CELL_KINDS.size()>;
+  std::map<std::pair<Mesh, bool>, vtkSmartPointer<vtkFloatArray>> _normals;
+};
+
+}  // namespace vemo
