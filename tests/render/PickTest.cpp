@@ -12,7 +12,7 @@ namespace vemo {
 
 namespace {
 
-using Point = Vector<3, double>;
+using Point = Vector3;
 
 constexpr int SIZE = RenderScene::SIZE;
 

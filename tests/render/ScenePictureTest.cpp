@@ -16,7 +16,7 @@ namespace vemo {
 namespace {
 
 using Pixel = Picture::Pixel;
-using Color = Vector<3, double>;
+using Color = Vector3;
 
 constexpr int SIZE = RenderScene::SIZE;
 constexpr int MIDDLE = SIZE / 2;

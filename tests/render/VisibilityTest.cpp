@@ -134,7 +134,7 @@ TEST_F(Visibility, HighlightIsInFrontAndCanBeHidden) {
   SceneWindow window(scene);
   const Picture plain = window.draw();
   window.renderer.outline(drawables[3]);
-  window.renderer.mark(Vector<3, double>{0.001, 0.501, 0});
+  window.renderer.mark(Vector3{0.001, 0.501, 0});
   const Picture marked = window.draw();
   const Picture::Pixel color{255, 115, 0};
   EXPECT_GT(countPixels(marked, color, 3), 60);

@@ -99,7 +99,7 @@ TEST(Colormap, IsNotMadeUpForDataWithoutOne) {
   surface.getAttributes<lum::ScalarAttributes>().getDataArray().setDataArrayName("t");
   const auto mesh = resolveScene(scene.node()).canvases.at(0).meshes.at(0);
   EXPECT_FALSE(mesh.scalars);
-  EXPECT_EQ(mesh.color, (Vector<3, double>{0.5, 0.25, 1}));
+  EXPECT_EQ(mesh.color, (Vector3{0.5, 0.25, 1}));
 }
 
 // ---- Edges ----
@@ -307,7 +307,7 @@ TEST(ResolverFindings, NameTheirNodeAndComeOnce) {
 TEST(BlackText, IsWhiteOnADarkGround) {
   struct {
     lum::BackgroundColorModes mode;
-    Vector<3, double> first, second;
+    Vector3 first, second;
     bool isWhite;
   } const cases[] = {{lum::BackgroundColorModes::SOLID, {0, 0, 0.5}, {}, true},
                      {lum::BackgroundColorModes::SOLID, {0.5, 0.5, 0.5}, {}, false},

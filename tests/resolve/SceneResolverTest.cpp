@@ -13,7 +13,7 @@ namespace vemo {
 
 namespace {
 
-using Point = Vector<3, double>;
+using Point = Vector3;
 using testing::ElementsAre;
 
 const ResolvedCanvas& find(const ResolvedScene& scene, ResolvedCanvas::Role role) {

@@ -189,7 +189,7 @@ void SceneRenderer::outline(const lum::Drawable* drawable) {
   }
 }
 
-void SceneRenderer::mark(const std::optional<Vector<3, double>>& point) {
+void SceneRenderer::mark(const std::optional<Vector3>& point) {
   if (Highlight* const highlight = _state->ensureHighlight()) {
     highlight->mark(point);
   }

@@ -11,7 +11,7 @@ namespace vemo {
 namespace {
 
 /// Differs from the colours of most tables, on light and on dark backgrounds.
-constexpr Vector<3, double> COLOR{1.0, 0.45, 0.0};
+constexpr Vector3 COLOR{1.0, 0.45, 0.0};
 constexpr float LINE_WIDTH = 1.5F;
 constexpr float MARK_SIZE = 9.0F;
 
@@ -46,7 +46,7 @@ void Highlight::outline(const Box& box) {
   }
 }
 
-void Highlight::mark(const std::optional<Vector<3, double>>& point) {
+void Highlight::mark(const std::optional<Vector3>& point) {
   _mark->SetVisibility(point.has_value());
   if (point) {
     vtkNew<vtkPointSource> single;

@@ -22,7 +22,7 @@ class Highlight {
   /// Nothing for an empty box.
   void outline(const Box& box);
   void scalePixels(double factor);
-  void mark(const std::optional<Vector<3, double>>& point);
+  void mark(const std::optional<Vector3>& point);
 
  private:
   vtkNew<vtkRenderer> _renderer;
