@@ -12,10 +12,10 @@ namespace vemo {
 
 /// Shows a user the selected part of a model: a box and a mark, in front of
 /// everything else.
-class Highlight {
+class SelectionHighlight {
  public:
   /// Seen through the camera of a renderer, in its part of the window.
-  explicit Highlight(vtkRenderer& model);
+  explicit SelectionHighlight(vtkRenderer& model);
 
   vtkRenderer& getRenderer() const { return *_renderer; }
 
