@@ -30,9 +30,9 @@ class AnyItem : public GeometryItem {
   using GraphicsItem::setMyOpacity;
 };
 
-class Drawing : public SceneFixture {};
+class DrawingTest : public SceneFixture {};
 
-TEST_F(Drawing, VisibilityIsAFactorOfOpacity) {
+TEST_F(DrawingTest, VisibilityIsAFactorOfOpacity) {
   AnyItem item("i");
   item.setVisibility(0.5);
   vtkNew<vtkActor> actor;
@@ -53,7 +53,7 @@ TEST_F(Drawing, VisibilityIsAFactorOfOpacity) {
   EXPECT_TRUE(flat->GetPickable());
 }
 
-TEST_F(Drawing, OpacityReachesEveryPartOfAnAssembly) {
+TEST_F(DrawingTest, OpacityReachesEveryPartOfAnAssembly) {
   AnyItem item("i");
   vtkNew<vtkAssembly> outer;
   vtkNew<vtkAssembly> inner;
@@ -72,7 +72,7 @@ TEST_F(Drawing, OpacityReachesEveryPartOfAnAssembly) {
   EXPECT_EQ(property->GetOpacity(), 0.75);
 }
 
-TEST_F(Drawing, LinesAndPointsHaveTheirOwnOpacity) {
+TEST_F(DrawingTest, LinesAndPointsHaveTheirOwnOpacity) {
   GeometryItem& lines = readItem("lines='line'");
   lines.setActorOpacity(0.5);
   EXPECT_EQ(lines.getProperty()->GetOpacity(), 64 / 255.0);
@@ -82,7 +82,7 @@ TEST_F(Drawing, LinesAndPointsHaveTheirOwnOpacity) {
   EXPECT_EQ(points.getProperty()->GetOpacity(), 0.5);
 }
 
-TEST_F(Drawing, NeedsGeometryOfTheRightType) {
+TEST_F(DrawingTest, NeedsGeometryOfTheRightType) {
   GeometryItem& edges = readItem("polys='tri' showFaces='false' showEdges='true' smoothShading='false'");
   edges.showEdges(false);
   edges.setActorOpacity(1.0);
@@ -94,7 +94,7 @@ TEST_F(Drawing, NeedsGeometryOfTheRightType) {
             "InternalError: Unexpected geometry type in GeometryItem::setActorOpac");
 }
 
-TEST_F(Drawing, MappersAreSetUpAnew) {
+TEST_F(DrawingTest, MappersAreSetUpAnew) {
   GeometryItem& item = readItem("polys='quad'", "<array name='a' dim='1' data='two'/>");
   vtkPolyDataMapper& mapper = *item.getMapper();
   ClippingPlane plane;
@@ -115,7 +115,7 @@ TEST_F(Drawing, MappersAreSetUpAnew) {
   EXPECT_TRUE(mapper.GetScalarVisibility());
 }
 
-TEST_F(Drawing, ColormapsBecomeTables) {
+TEST_F(DrawingTest, ColormapsBecomeTables) {
   Colormap colormap;
   const std::string colors = "><c>ff000080</c><c>0000ffff</c><c>00ff00ff</c></colormap>";
   colormap.read(*elementOf("<colormap min='1' max='100' log10='true' ramp='sqrt'" + colors), nullptr);
@@ -129,7 +129,7 @@ TEST_F(Drawing, ColormapsBecomeTables) {
   EXPECT_EQ(colormap.makeLookupTable()->GetNumberOfTableValues(), 0);
 }
 
-TEST_F(Drawing, ColormapsThatVtkCannotUseAreAdjusted) {
+TEST_F(DrawingTest, ColormapsThatVtkCannotUseAreAdjusted) {
   const std::string colors = "><c>ff0000ff</c><c>00ff00ff</c><c>0000ffff</c></colormap>";
   struct {
     std::string keys;
@@ -151,7 +151,7 @@ TEST_F(Drawing, ColormapsThatVtkCannotUseAreAdjusted) {
   }
 }
 
-TEST_F(Drawing, AxesHaveLabels) {
+TEST_F(DrawingTest, AxesHaveLabels) {
   AxesItem axes("axes");
   vtkTextActor* const label = axes.getLabel(1);
   EXPECT_STREQ(label->GetInput(), "Y");

@@ -64,7 +64,7 @@ int countDifferent(const Picture& a, const Picture& b, int firstColumn) {
 
 /// Many small meshes that differ in how they are drawn look as they do without
 /// the others.
-TEST(Batch, KeepsWhatIsDrawnDifferentlyApart) {
+TEST(BatchTest, KeepsWhatIsDrawnDifferentlyApart) {
   const std::pair<const char*, Change> cases[] = {
       {"line width", [](auto& surface) { lines(surface).setLineWidth(3); }},
       {"specular", [](auto& surface) { material(surface).setSpecular(0.9); }},
@@ -96,7 +96,7 @@ TEST(Batch, KeepsWhatIsDrawnDifferentlyApart) {
   }
 }
 
-TEST(Batch, KeepsColorTablesApart) {
+TEST(BatchTest, KeepsColorTablesApart) {
   const Change red = [](auto& surface) {
     colorByArray(surface, "s", lum::DataLocation::POINTS, {1, 0, 0, 1, 0.5, 0, 0, 1});
   };
@@ -134,7 +134,7 @@ void addOneOfEachKind(RenderScene& scene, float x, float y) {
   wire.getAttributes<lum::MeshAttributes>().setMeshColor({1, 1, 0});
 }
 
-TEST(Batch, DrawsManySmallMeshesLikeFew) {
+TEST(BatchTest, DrawsManySmallMeshesLikeFew) {
   RenderScene scene;
   for (const float x : {-0.9F, -0.3F, 0.3F}) {
     addOneOfEachKind(scene, x, -0.2F);
@@ -148,7 +148,7 @@ TEST(Batch, DrawsManySmallMeshesLikeFew) {
   EXPECT_EQ(countDifferences(scene.render(), few, 1), 0);
 }
 
-TEST(Batch, DrawsTransformedMeshesTogetherAsAlone) {
+TEST(BatchTest, DrawsTransformedMeshesTogetherAsAlone) {
   const auto drawMirrored = [](int meshes) {
     RenderScene scene;
     for (int i = 0; i < meshes; ++i) {

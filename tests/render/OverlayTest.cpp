@@ -30,9 +30,9 @@ lum::ImageDrawable& addImage(RenderScene& scene) {
   return image;
 }
 
-class Text : public testing::Test {
+class TextTest : public testing::Test {
  protected:
-  Text() { write(drawable, YELLOW_RGBA); }
+  TextTest() { write(drawable, YELLOW_RGBA); }
   void moveTo(double x, double y, double z = 0) {
     drawable.getPositionAttributes().setPosition({x, y, z}, false);
   }
@@ -44,7 +44,7 @@ class Text : public testing::Test {
   lum::TextAttributes& style = drawable.getTextAttributes();
 };
 
-TEST_F(Text, MovesWithItsCollectionAndIsNotSeenBehindTheViewer) {
+TEST_F(TextTest, MovesWithItsCollectionAndIsNotSeenBehindTheViewer) {
   attributes.setCoordinateSpace(lum::CoordinateSpace::MODEL);
   moveTo(0.2, -0.4, -3);
   setTransform<lum::SimpleTransform>(scene.drawables()).setTranslation({-0.5, 0, 0});
@@ -54,7 +54,7 @@ TEST_F(Text, MovesWithItsCollectionAndIsNotSeenBehindTheViewer) {
   EXPECT_EQ(ink().right, 0);
 }
 
-TEST_F(Text, IsWrittenAsItsStyleSays) {
+TEST_F(TextTest, IsWrittenAsItsStyleSays) {
   moveTo(0.1, 0.5);
   const Picture plain = scene.render();
   const auto difference = [&](int fontStyle) {
@@ -79,13 +79,13 @@ TEST_F(Text, IsWrittenAsItsStyleSays) {
   EXPECT_NEAR(ink().width(), 2 * one.width(), 5);
 }
 
-TEST_F(Text, IsDrawnInFrontOfImages) {
+TEST_F(TextTest, IsDrawnInFrontOfImages) {
   addImage(scene);
   write(scene.drawables().findOrCreate<lum::TextDrawable>("later"), 0x0000FFFF);
   EXPECT_GT(countPixels(scene.render(), {0, 0, 255}, 60), 50);
 }
 
-TEST(Image, IsCutByPlanesUnlessItSaysNo) {
+TEST(ImageTest, IsCutByPlanesUnlessItSaysNo) {
   for (const int planes : {1, 8}) {
     for (const bool isClipped : {true, false}) {
       RenderScene scene;
@@ -103,7 +103,7 @@ TEST(Image, IsCutByPlanesUnlessItSaysNo) {
   }
 }
 
-TEST(Legend, ShowsAsManyNumbersAsFitAndDrawsUnusableTexts) {
+TEST(LegendTest, ShowsAsManyNumbersAsFitAndDrawsUnusableTexts) {
   RenderScene scene;
   scene.node().getBackgroundCanvas().getBackgroundAttributes().setSolidColor({1, 1, 1});
   auto& legend =
@@ -138,7 +138,7 @@ TEST(Legend, ShowsAsManyNumbersAsFitAndDrawsUnusableTexts) {
   EXPECT_GT(countPixels(scene.render(), {255, 0, 0}), 100);
 }
 
-TEST(Legend, ShowsTranslucentColoursAsSurfacesDo) {
+TEST(LegendTest, ShowsTranslucentColoursAsSurfacesDo) {
   RenderScene scene;
   scene.node().getBackgroundCanvas().getBackgroundAttributes().setSolidColor({0, 0, 1});
   const std::vector<double> halfRed = {1, 0, 0, 0.5};

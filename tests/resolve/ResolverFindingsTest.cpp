@@ -36,7 +36,7 @@ void makeGroundWhite(SceneBuilder& scene) {
 // ---- Colormaps ----
 
 /// Two pieces with other data, and a legend, of one colormap.
-TEST(ColormapFindings, SayWhatSurfacesAndLegendsAlikeAreShownWith) {
+TEST(ColormapFindingsTest, SayWhatSurfacesAndLegendsAlikeAreShownWith) {
   const std::vector<double> colors = {1, 0, 0, 1, 0, 0, 1, 1};
   const auto linear = lum::ScaleMode::LINEAR;
   const auto log = lum::ScaleMode::LOG10;
@@ -90,7 +90,7 @@ TEST(ColormapFindings, SayWhatSurfacesAndLegendsAlikeAreShownWith) {
   }
 }
 
-TEST(Colormap, IsNotMadeUpForDataWithoutOne) {
+TEST(ColormapTest, IsNotMadeUpForDataWithoutOne) {
   SceneBuilder scene;
   const auto geometry = makeRectangle(0, 1, 0, 1);
   geometry->GetPointData()->AddArray(makeArray("t", {1, 2, 3, 4}));
@@ -104,7 +104,7 @@ TEST(Colormap, IsNotMadeUpForDataWithoutOne) {
 
 // ---- Edges ----
 
-TEST(Edges, AreSeenHoweverClearTheFacesAre) {
+TEST(EdgesTest, AreSeenHoweverClearTheFacesAre) {
   SceneBuilder scene;
   auto& surface = scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 1, 1});
   auto& edges = surface.getAttributes<lum::MeshAttributes>();
@@ -132,7 +132,7 @@ struct ScaleCase {
   std::vector<std::string> codes;
 };
 
-TEST(PointScaleFindings, SayWhatALogarithmIsMadeOf) {
+TEST(PointScaleFindingsTest, SayWhatALogarithmIsMadeOf) {
   const ScaleCase cases[] = {
       {"all usable", {1, 10, 100, 1000}, {1, 1000}, {1, 6, 11, 16}, {}},
       {"begins at zero", {0, 10, 100, 1000}, {0, 1000}, {1, 9, 16}, {"point-scale-adjusted"}},
@@ -169,7 +169,7 @@ TEST(PointScaleFindings, SayWhatALogarithmIsMadeOf) {
   }
 }
 
-TEST(PointScaleFindings, SayWhichSizesCannotBeDrawn) {
+TEST(PointScaleFindingsTest, SayWhichSizesCannotBeDrawn) {
   struct {
     Range sizes;
     bool isInPixels;
@@ -225,7 +225,7 @@ void expectFindings(const char* name, std::size_t decorations, const std::vector
   EXPECT_EQ(found.codes(), codes);
 }
 
-TEST(ResolverFindings, SayWhatIsNotDrawnAsTheSceneSays) {
+TEST(ResolverFindingsTest, SayWhatIsNotDrawnAsTheSceneSays) {
   const std::string limited = "decorations-limited";
   expectFindings("a transform that leaves nothing to be seen", 0, {"transform-unusable"}, [](auto& scene) {
     setTransform<lum::SimpleTransform>(addText(scene, "t")).setScale({1e-90, 1e-90, 1e-90});
@@ -271,7 +271,7 @@ TEST(ResolverFindings, SayWhatIsNotDrawnAsTheSceneSays) {
                  [](auto& scene) { repeat(addText(scene, "a \xEE\x84\xA3"), 3); });
 }
 
-TEST(ResolverFindings, NameTheirNodeAndComeOnce) {
+TEST(ResolverFindingsTest, NameTheirNodeAndComeOnce) {
   SceneBuilder scene;
   makeGroundWhite(scene);
   auto& assembly = scene.drawables().findOrCreate<lum::DrawableCollection>("wing/left");
@@ -304,7 +304,7 @@ TEST(ResolverFindings, NameTheirNodeAndComeOnce) {
 
 // ---- Text ----
 
-TEST(BlackText, IsWhiteOnADarkGround) {
+TEST(BlackTextTest, IsWhiteOnADarkGround) {
   struct {
     lum::BackgroundColorModes mode;
     Vector3 first, second;
@@ -337,7 +337,7 @@ TEST(BlackText, IsWhiteOnADarkGround) {
 
 // ---- Fonts ----
 
-TEST(Fonts, AreFoundInFoldersThatTheEnvironmentLists) {
+TEST(FontsTest, AreFoundInFoldersThatTheEnvironmentLists) {
   if (!std::filesystem::exists("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf")) {
     GTEST_SKIP() << "the package fonts-dejavu-core is not installed";
   }
@@ -354,7 +354,7 @@ TEST(Fonts, AreFoundInFoldersThatTheEnvironmentLists) {
             (folder / "own/DejaVuSans.ttf").string());
 }
 
-TEST(Fonts, AreFoundForWhatTheBuiltInOnesLack) {
+TEST(FontsTest, AreFoundForWhatTheBuiltInOnesLack) {
   if (!std::filesystem::exists("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf")) {
     GTEST_SKIP() << "the package fonts-dejavu-core is not installed";
   }

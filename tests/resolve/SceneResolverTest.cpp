@@ -37,7 +37,7 @@ void repeat(lum::Drawable& drawable, const Point& step, int count) {
   transform.setNumRepeats(count);
 }
 
-TEST(SceneResolver, ListsMeshesWithTheirAppearanceAndInstances) {
+TEST(SceneResolverTest, ListsMeshesWithTheirAppearanceAndInstances) {
   SceneBuilder scene;
   const auto geometry = makeRectangle(0, 1, 0, 1);
   auto& surface = scene.addSurface(geometry, {0.5, 2, -1});
@@ -70,7 +70,7 @@ TEST(SceneResolver, ListsMeshesWithTheirAppearanceAndInstances) {
   EXPECT_EQ(meshes[1].transforms, nullptr);
 }
 
-TEST(SceneResolver, DrawsLinesAndVerticesOfASurfaceAsSuch) {
+TEST(SceneResolverTest, DrawsLinesAndVerticesOfASurfaceAsSuch) {
   SceneBuilder scene;
   const auto mixed = makePolyData(flat({0, 0, 1, 0, 1, 1}),
                                   {.verts = {{0}}, .lines = {{0, 1}, {1, 2}}, .polys = {{0, 1, 2}}});
@@ -107,7 +107,7 @@ TEST(SceneResolver, DrawsLinesAndVerticesOfASurfaceAsSuch) {
   EXPECT_EQ(parts().size(), 1U) << "the vertex";
 }
 
-TEST(SceneResolver, TakesTheColorOfTheModeOrTheOther) {
+TEST(SceneResolverTest, TakesTheColorOfTheModeOrTheOther) {
   SceneBuilder scene;
   auto& colors = *scene.addSurface(makeRectangle(0, 1, 0, 1), {0, 0, 1}).getColorAttributes();
   const auto color = [&] { return resolveScene(scene.node()).canvases.at(0).meshes.at(0).color; };
@@ -119,7 +119,7 @@ TEST(SceneResolver, TakesTheColorOfTheModeOrTheOther) {
   EXPECT_EQ(color(), (Point{0, 0, 1}));
 }
 
-TEST(SceneResolver, GivesPointsADefaultColorThatContrastsWithEveryBackground) {
+TEST(SceneResolverTest, GivesPointsADefaultColorThatContrastsWithEveryBackground) {
   SceneBuilder scene;
   scene.add<lum::PointSphereDrawable>(makeRectangle(0, 1, 0, 1));
   const Point color = resolveScene(scene.node()).canvases.at(0).meshes.at(0).color;
@@ -129,7 +129,7 @@ TEST(SceneResolver, GivesPointsADefaultColorThatContrastsWithEveryBackground) {
   EXPECT_GT(1.05 / (luminance + 0.05), 4) << "on white";
 }
 
-TEST(SceneResolver, LeavesOutWhatIsHiddenAndAllBelow) {
+TEST(SceneResolverTest, LeavesOutWhatIsHiddenAndAllBelow) {
   SceneBuilder scene;
   auto& outer = scene.collectionIn(scene.drawables());
   auto& surface = scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 0, 0}, outer);
@@ -142,7 +142,7 @@ TEST(SceneResolver, LeavesOutWhatIsHiddenAndAllBelow) {
   }
 }
 
-TEST(SceneResolver, GivesPlainColorTables) {
+TEST(SceneResolverTest, GivesPlainColorTables) {
   SceneBuilder scene;
   const auto geometry = makeRectangle(0, 1, 0, 1);
   geometry->GetPointData()->AddArray(makeArray("t", {1, 10, 100, 1000}));
@@ -160,7 +160,7 @@ TEST(SceneResolver, GivesPlainColorTables) {
   EXPECT_EQ(meshes[1].scalars->table, meshes[0].scalars->table) << "equal tables are one object";
 }
 
-TEST(SceneResolver, GivesViewAndLightOfCanvasesFromBackToFront) {
+TEST(SceneResolverTest, GivesViewAndLightOfCanvasesFromBackToFront) {
   SceneBuilder scene;
   scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 1, 1});
   auto& light = scene.canvas().getLightingAttributes().getLights().findOrCreate<lum::Light>("light");
@@ -192,7 +192,7 @@ TEST(SceneResolver, GivesViewAndLightOfCanvasesFromBackToFront) {
   EXPECT_TRUE(resolved.canvases[1].lights.empty());
 }
 
-TEST(SceneResolver, GivesDecorationsAsPlainData) {
+TEST(SceneResolverTest, GivesDecorationsAsPlainData) {
   SceneBuilder scene;
   auto& text = scene.drawables().findOrCreate<lum::TextDrawable>("text");
   text.getAnnotationAttributes().setText("A text");
@@ -227,7 +227,7 @@ TEST(SceneResolver, GivesDecorationsAsPlainData) {
   EXPECT_EQ(resolved.canvases.at(std::get<std::size_t>(*axes.camera)).role, Role::MODEL);
 }
 
-TEST(SceneResolver, ResolvesOnlyWhatBecomesVisible) {
+TEST(SceneResolverTest, ResolvesOnlyWhatBecomesVisible) {
   SceneBuilder scene;
   auto& first = scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 0, 0});
   auto& second = scene.addSurface(makeRectangle(0, 1, 0, 1), {0, 1, 0});

@@ -83,7 +83,7 @@ std::vector<std::string> compare(const lum::Node& left, const lum::Node& right, 
   return lines;
 }
 
-TEST(Compare, FindsWhatDiffersByMeaning) {
+TEST(CompareTest, FindsWhatDiffersByMeaning) {
   struct {
     const char* name;
     double tolerance;
@@ -200,7 +200,7 @@ TEST(Compare, FindsWhatDiffersByMeaning) {
 }
 
 /// Their difference is not a double.
-TEST(Compare, HasAFiniteDeviationForFiniteNumbers) {
+TEST(CompareTest, HasAFiniteDeviationForFiniteNumbers) {
   const auto left = make<lum::PolyDataNode>();
   const auto right = make<lum::PolyDataNode>();
   left->setNodeDataArray(makeArray<vtkDoubleArray>("a", {1e308}));
@@ -211,7 +211,7 @@ TEST(Compare, HasAFiniteDeviationForFiniteNumbers) {
 }
 
 /// Larger integers than doubles can tell apart.
-TEST(Compare, TellsLargeIntegersApart) {
+TEST(CompareTest, TellsLargeIntegersApart) {
   const auto left = make<lum::PolyDataNode>();
   const auto right = make<lum::PolyDataNode>();
   constexpr vtkTypeInt64 LARGE = std::numeric_limits<vtkTypeInt64>::max();
@@ -224,7 +224,7 @@ TEST(Compare, TellsLargeIntegersApart) {
 
 /// A comparison of each with each would take hours. Each second name changes places
 /// with its neighbour, since those of one name are taken in order.
-TEST(Matching, FindsItsWayAmongManySiblings) {
+TEST(MatchingTest, FindsItsWayAmongManySiblings) {
   constexpr std::size_t COUNT = 200'000;
   std::vector<std::string> names;
   for (std::size_t i = 0; i < COUNT; ++i) {

@@ -239,7 +239,7 @@ TEST_F(OpenSceneWindowTest, SavesWhatIsSeenWithoutTheMarks) {
                PictureWriteError);
 }
 
-TEST(SceneWindow, StaysUsableWithTenThousandItems) {
+TEST(LargeSceneTest, StaysUsableWithTenThousandItems) {
   constexpr int SIDE = 100;
   RenderScene scene;
   for (int i = 0; i < SIDE * SIDE; ++i) {
