@@ -125,30 +125,12 @@ TEST_F(DrawingTest, ColormapsBecomeTables) {
   EXPECT_EQ(table->MapValue(10)[2], 255) << "in the middle of the logarithms";
   colormap.read(*elementOf("<colormap max='100'" + colors), nullptr);
   EXPECT_EQ(colormap.makeLookupTable()->MapValue(10)[3], 128);
+  colormap.read(*elementOf("<colormap min='9' max='0'" + colors), nullptr);
+  const FoundFindings found;
+  EXPECT_EQ(colormap.makeUsableLookupTable()->MapValue(8)[0], 255);
+  EXPECT_EQ(found.codes(), std::vector<std::string>{"colormap-adjusted"});
   colormap.read(*elementOf("<colormap max='100'/>"), nullptr);
   EXPECT_EQ(colormap.makeLookupTable()->GetNumberOfTableValues(), 0);
-}
-
-TEST_F(DrawingTest, ColormapsThatVtkCannotUseAreAdjusted) {
-  const std::string colors = "><c>ff0000ff</c><c>00ff00ff</c><c>0000ffff</c></colormap>";
-  struct {
-    std::string keys;
-    /// The values that are red, green and blue.
-    double red, green, blue;
-  } const cases[] = {{"min='0' max='100' log10='true'", 0.02, 1, 99},
-                     {"min='9' max='0'", 8, 4.5, 1},
-                     {"min='2' max='2'", 1, 2, 3}};
-  for (const auto& one : cases) {
-    SCOPED_TRACE(one.keys);
-    Colormap colormap;
-    colormap.read(*elementOf("<colormap name='c' " + one.keys + colors), nullptr);
-    const FoundFindings found;
-    const auto table = colormap.makeUsableLookupTable();
-    EXPECT_EQ(found.codes(), std::vector<std::string>{"colormap-adjusted"});
-    EXPECT_EQ(table->MapValue(one.red)[0], 255);
-    EXPECT_EQ(table->MapValue(one.green)[1], 255);
-    EXPECT_EQ(table->MapValue(one.blue)[2], 255);
-  }
 }
 
 TEST_F(DrawingTest, AxesHaveLabels) {

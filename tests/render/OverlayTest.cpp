@@ -30,6 +30,10 @@ lum::ImageDrawable& addImage(RenderScene& scene) {
   return image;
 }
 
+lum::LegendDrawable& addLegend(RenderScene& scene) {
+  return scene.node().getForegroundCanvas().getDrawableCollection().findOrCreate<lum::LegendDrawable>();
+}
+
 class TextTest : public testing::Test {
  protected:
   TextTest() { write(drawable, YELLOW_RGBA); }
@@ -106,8 +110,7 @@ TEST(ImageTest, IsCutByPlanesUnlessItSaysNo) {
 TEST(LegendTest, ShowsAsManyNumbersAsFitAndDrawsUnusableTexts) {
   RenderScene scene;
   scene.node().getBackgroundCanvas().getBackgroundAttributes().setSolidColor({1, 1, 1});
-  auto& legend =
-      scene.node().getForegroundCanvas().getDrawableCollection().findOrCreate<lum::LegendDrawable>("legend");
+  auto& legend = addLegend(scene);
   legend.getPositionAttributes().setPosition({0.25, 0.125, 0}, false);
   legend.getTextAttributes().setFontSize(0.05);
   auto& table = legend.getColorLookupTable();
@@ -145,8 +148,7 @@ TEST(LegendTest, ShowsTranslucentColoursAsSurfacesDo) {
   const auto square = makeRectangle(-0.8F, -0.2F, -0.8F, 0.8F);
   square->GetCellData()->AddArray(makeArray("s", {0}));
   auto& surface = scene.addSurface(square, {1, 1, 1});
-  auto& legend =
-      scene.node().getForegroundCanvas().getDrawableCollection().findOrCreate<lum::LegendDrawable>("legend");
+  auto& legend = addLegend(scene);
   legend.getPositionAttributes().setPosition({0.6, 0.1, 0}, false);
   legend.getLegendAttributes().setSize({0.2, 0.8});
   legend.getColorLookupTable().setColorValues(halfRed);

@@ -16,21 +16,6 @@ namespace {
 using Point = Vector3;
 using testing::ElementsAre;
 
-const ResolvedCanvas& find(const ResolvedScene& scene, ResolvedCanvas::Role role) {
-  for (const ResolvedCanvas& canvas : scene.canvases) {
-    if (canvas.role == role) {
-      return canvas;
-    }
-  }
-  throw std::out_of_range("no such canvas");
-}
-
-template <class Content>
-const Content& only(const ResolvedCanvas& canvas) {
-  EXPECT_EQ(canvas.decorations.size(), 1U);
-  return std::get<Content>(canvas.decorations.at(0).content);
-}
-
 void repeat(lum::Drawable& drawable, const Point& step, int count) {
   auto& transform = setTransform<lum::PeriodicRepeatTransform>(drawable);
   transform.setTranslation(step);
@@ -142,24 +127,6 @@ TEST(SceneResolverTest, LeavesOutWhatIsHiddenAndAllBelow) {
   }
 }
 
-TEST(SceneResolverTest, GivesPlainColorTables) {
-  SceneBuilder scene;
-  const auto geometry = makeRectangle(0, 1, 0, 1);
-  geometry->GetPointData()->AddArray(makeArray("t", {1, 10, 100, 1000}));
-  for (int i = 0; i < 2; ++i) {
-    auto& surface = scene.addSurface(geometry, {1, 1, 1});
-    auto& table = colorByArray(surface, "t", lum::DataLocation::POINTS, {0, 0.2, 0.4, 1, 1, 0.8, 0.6, 0});
-    table.setScalarRange({0, 5});
-  }
-  const auto meshes = resolveScene(scene.node()).canvases.at(0).meshes;
-  ASSERT_EQ(meshes.size(), 2U);
-  ASSERT_TRUE(meshes[0].scalars && meshes[1].scalars);
-  EXPECT_EQ(meshes[0].scalars->arrayName, "t");
-  EXPECT_EQ(meshes[0].scalars->location, ScalarLocation::POINTS);
-  EXPECT_THAT(meshes[0].scalars->table->rgba, ElementsAre(0, 51, 102, 255, 255, 204, 153, 0));
-  EXPECT_EQ(meshes[1].scalars->table, meshes[0].scalars->table) << "equal tables are one object";
-}
-
 TEST(SceneResolverTest, GivesViewAndLightOfCanvasesFromBackToFront) {
   SceneBuilder scene;
   scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 1, 1});
@@ -211,20 +178,20 @@ TEST(SceneResolverTest, GivesDecorationsAsPlainData) {
   triad.getOrientationAttributes().setUpVector({1, 0, 3});
 
   const ResolvedScene resolved = resolveScene(scene.node());
-  using Role = ResolvedCanvas::Role;
-  const auto& texts = find(resolved, Role::MODEL).decorations;
+  ASSERT_EQ(resolved.canvases.size(), 3U);
+  const auto& texts = resolved.canvases[0].decorations;
   ASSERT_EQ(texts.size(), 2U) << "one for each instance";
   EXPECT_EQ(texts[1].drawable, &text);
   EXPECT_EQ(std::get<TextDecoration>(texts[1].content).position, (Point{11, 2, 3}));
-  const auto& bar = only<LegendDecoration>(find(resolved, Role::FOREGROUND));
+  const auto& bar = std::get<LegendDecoration>(resolved.canvases[1].decorations.at(0).content);
   EXPECT_EQ(bar.labelFormat, "%.4g") << "the default replaces one that is not for a double";
   EXPECT_EQ(bar.table.range, (Vector<2, double>{2, 3}));
   EXPECT_EQ(bar.table.rgba.size(), 4U * 256U);
-  const auto& axes = only<TriadDecoration>(find(resolved, Role::ORIENTATION));
+  const auto& axes = std::get<TriadDecoration>(resolved.canvases[2].decorations.at(0).content);
   EXPECT_THAT(axes.axes, ElementsAre(Point{0, 1, 0}, Point{0, 0, 1}, Point{1, 0, 0}));
   EXPECT_EQ(axes.labels.value()[0], "East");
   ASSERT_TRUE(axes.camera);
-  EXPECT_EQ(resolved.canvases.at(std::get<std::size_t>(*axes.camera)).role, Role::MODEL);
+  EXPECT_EQ(resolved.canvases.at(std::get<std::size_t>(*axes.camera)).role, ResolvedCanvas::Role::MODEL);
 }
 
 TEST(SceneResolverTest, ResolvesOnlyWhatBecomesVisible) {

@@ -140,11 +140,15 @@ TEST_F(UnusableValuesTest, CountsOfColorsAreClamped) {
     EXPECT_EQ(meshes()[0].scalars->table->rgba.size(), 4 * colors) << count;
     EXPECT_EQ(meshes()[0].scalars->table->rgba[2], 255) << "the low end is blue";
   }
+  EXPECT_THAT(meshes()[0].scalars->table->rgba,
+              testing::ElementsAre(0, 0, 255, 255, 0, 204, 0, 255, 204, 0, 0, 255));
 }
 
-TEST_F(UnusableValuesTest, MissingArraysLeaveThePlainColor) {
+TEST_F(UnusableValuesTest, MissingArraysOrColormapsLeaveThePlainColor) {
   surface.getColorAttributes()->setColorMode(lum::ColorMode::DATA);
   EXPECT_FALSE(meshes()[0].scalars);
+  surface.getAttributes<lum::ScalarAttributes>().getDataArray().setDataArrayName("s");
+  EXPECT_FALSE(meshes()[0].scalars) << "no colormap is made up";
   colorByArray(surface, "gone", lum::DataLocation::CELLS);
   EXPECT_FALSE(meshes()[0].scalars);
   EXPECT_EQ(meshes()[0].color, (Vector3{1, 0, 0}));

@@ -47,6 +47,7 @@ TEST_P(RoundTripTest, KeepsEveryFieldOfEveryClass) {
     SCOPED_TRACE(name);
     const Ptr<Node> fresh = lum::createNode(lum::ClassNameNodeInitializer(name));
     const Ptr<Node> node = lum::createNode(lum::ClassNameNodeInitializer(name));
+    EXPECT_EQ(node->className(), name);
     putUnusualValuesInto(*node);
     EXPECT_NE(firstDifference(*fresh, *node), "");
     EXPECT_EQ(firstDifference(*node, *carry(*node)), "");

@@ -57,15 +57,6 @@ TEST(StreamTest, TakesDataInAnyOrderAndKeepsTheSceneForItsSession) {
   EXPECT_FALSE(root);
 }
 
-TEST(StreamTest, CarriesSeveralScenes) {
-  NodeOutputStream out;
-  makeScene()->write(out);
-  makeScene()->write(out);
-  NodeInputStream in(lum::NO_SESSION);
-  EXPECT_EQ(load(Payload(out), in), 0);
-  EXPECT_EQ(in.getRoots().size(), 2U);
-}
-
 TEST(StreamTest, LeavesGeometryEmptyWhenItsDataIsMissing) {
   Payload payload = payloadOf(*makeScene());
   // The points that the first two geometries share; then one damaged, one
