@@ -1,7 +1,6 @@
 #include "ProgramRun.h"
 #include "support/ArchiveBuilder.h"
 #include "support/Databases.h"
-#include "support/TemporaryFolder.h"
 #include <vemo/scenegraph/io/SDBReader.h>
 
 #include <chrono>
@@ -47,7 +46,7 @@ ArchiveBuilder makeArchive(const std::string& description, std::size_t furtherPo
 }
 
 /// A folder with files that commands are tried on.
-class CommandLineTest : public testing::Test {
+class CommandLineTest : public ProgramTest {
  protected:
   CommandLineTest() {
     makeArchive(makeDescription("heat")).write(_folder / "scene.zip");
@@ -59,27 +58,17 @@ class CommandLineTest : public testing::Test {
     makeArchive(makeDescription("cold")).write(_folder / "cold.zip");
     makeArchive(makeDescription("heat", "2")).write(_folder / "future.zip");
     makeArchive("<scene><view></scene>").write(_folder / "unclosed.zip");
-    ArchiveBuilder().text("other.xml", "<scene/>").write(_folder / "other.zip");
     writeFile(_folder / "text.txt", "no scene at all");
-    writeFile(_folder / "brace.sdb", "{ no database either");
     fs::create_directory(_folder / "folder");
     EXPECT_EQ(mkfifo((_folder / "pipe").c_str(), 0600), 0);
     EXPECT_EQ(run({"convert", "scene.zip", "scene.sdb"}).exitCode, 0);
     std::string bytes = readFile(_folder / "scene.sdb");
-    writeFile(_folder / "half.sdb", bytes.substr(0, bytes.size() / 2));
     // Arrays stand behind the header, each on a boundary of 64 bytes.
     bytes.at(bytes.find(std::string("\0\0\x20\x40", 4))) = '\1';
     writeFile(_folder / "wrong.sdb", bytes);
   }
 
-  ProgramResult run(const std::vector<std::string>& arguments, const fs::path& output = {}) const {
-    return ProgramRun(arguments, _folder.path(), _temporary.path(), output).finish();
-  }
-
   void expectNoTemporaryFiles() const { EXPECT_TRUE(fs::is_empty(_temporary.path())); }
-
-  TemporaryFolder _folder;
-  TemporaryFolder _temporary;
 };
 
 TEST_F(CommandLineTest, ExitsWithTheRightCodeAndMessage) {
@@ -105,11 +94,7 @@ TEST_F(CommandLineTest, ExitsWithTheRightCodeAndMessage) {
       {{"info", "nowhere.zip"}, 2, "", "File \"nowhere.zip\" does not exist"},
       {{"info", ""}, 2, "", "does not exist"},
       {{"info", "text.txt"}, 3, "", "Unknown file format \"text.txt\""},
-      {{"info", "other.zip"}, 3, "", "Unknown file format"},
-      {{"info", "brace.sdb"}, 3, "", "Unknown file format"},
-      {{"info", "half.sdb"}, 3, "", "Unknown file format"},
       {{"info", "wrong.sdb"}, 5, "", "wrong.sdb"},
-      {{"info", "folder"}, 3, "", "Unknown file format"},
       {{"info", "pipe"}, 5, "", "is a pipe"},
       {{"info", "incomplete.zip"}, 5, "", "'heat'\nYour file may be corrupt."},
       {{"info", "cold.zip"}, 5, "", "entry 'cold'"},
@@ -118,9 +103,7 @@ TEST_F(CommandLineTest, ExitsWithTheRightCodeAndMessage) {
       {{"info", "unclosed.zip"}, 5, "", "line 1"},
       {{"convert", "scene.zip"}, 64, "", "OUT is required"},
       {{"convert", invalid, "\xFE.sdb"}, 0, "", ""},
-      {{"convert", "scene.sdb", "copy.sdb"}, 0, "", ""},
       {{"convert", "nowhere.zip", "x.sdb"}, 2, "", "does not exist"},
-      {{"convert", "text.txt", "x.sdb"}, 3, "", "Unknown file format"},
       {{"convert", "incomplete.zip", "x.sdb"}, 5, "", "heat"},
       {{"convert", "wrong.sdb", "x.sdb"}, 5, "", "wrong.sdb"},
       {{"convert", "scene.zip", "no folder/x.sdb"}, 6, "", "\"no folder/x.sdb\" cannot be written"},
@@ -129,7 +112,6 @@ TEST_F(CommandLineTest, ExitsWithTheRightCodeAndMessage) {
       {{"convert", "scene.zip", "./scene.zip"}, 64, "", "same file"},
       {{"convert", "scene.zip", "verified.sdb", "--verify"}, 0, "verified.sdb: verified, 1 record, ", ""},
       {{"convert", "scene.sdb", "verified.sdb", "--verify"}, 0, "verified.sdb: verified, 1 record, ", ""},
-      {{"convert", "scene.zip", "no folder/x.sdb", "--verify"}, 6, "", "cannot be written"},
       {{"diff", "scene.zip", "scene.sdb"}, 0, "No differences in 1 record, ", ""},
       {{"diff", "nowhere.zip", "scene.zip"}, 2, "", "File \"nowhere.zip\" does not exist"},
       {{"diff", "scene.zip", "text.txt"}, 2, "", "Unknown file format \"text.txt\""},

@@ -3,7 +3,6 @@
 #include "support/Meshes.h"
 #include "support/Nodes.h"
 #include "support/SampleGraphs.h"
-#include "support/TemporaryFolder.h"
 #include <vemo/scenegraph/io/SDBWriter.h>
 
 #include <gmock/gmock.h>
@@ -26,7 +25,7 @@ lum::Ptr<lum::SceneNode> makeNamedScene(const char* name) {
   return scene;
 }
 
-class DiffTest : public testing::Test {
+class DiffTest : public ProgramTest {
  protected:
   void write(const char* file, const std::vector<NamedScene>& scenes) const {
     lum::SDBWriter writer;
@@ -37,13 +36,6 @@ class DiffTest : public testing::Test {
     }
     EXPECT_TRUE(isSuccess(writer.close()));
   }
-
-  ProgramResult run(const std::vector<std::string>& arguments) const {
-    return ProgramRun(arguments, _folder.path(), _temporary.path()).finish();
-  }
-
-  TemporaryFolder _folder;
-  TemporaryFolder _temporary;
 };
 
 TEST_F(DiffTest, PrintsWhatDiffers) {

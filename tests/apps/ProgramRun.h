@@ -1,11 +1,13 @@
 #pragma once
 
 #include "support/Files.h"
+#include "support/TemporaryFolder.h"
 
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
+#include <gtest/gtest.h>
 #include <string>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -63,6 +65,18 @@ class ProgramRun {
   std::filesystem::path _out;
   std::filesystem::path _err;
   pid_t _process;
+};
+
+/// Runs the program in an empty folder.
+class ProgramTest : public testing::Test {
+ protected:
+  ProgramResult run(const std::vector<std::string>& arguments,
+                    const std::filesystem::path& output = {}) const {
+    return ProgramRun(arguments, _folder.path(), _temporary.path(), output).finish();
+  }
+
+  TemporaryFolder _folder;
+  TemporaryFolder _temporary;
 };
 
 }  // namespace vemo

@@ -15,7 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 
 /// What was written is another scene than what was to be written, or damaged.
-TEST(Verification, RemovesAnOutputThatDiffers) {
+TEST(VerificationTest, RemovesAnOutputThatDiffers) {
   const TemporaryFolder folder;
   const std::string output = folder / "a.sdb";
   const std::string original = folder / "b.sdb";

@@ -16,7 +16,7 @@ namespace vemo {
 
 namespace {
 
-TEST(WidePath, ConvertsBothWays) {
+TEST(WidePathTest, ConvertsBothWays) {
   const std::pair<const char*, std::wstring> cases[] = {
       {"", L""},
       {"/tmp/a.zip", L"/tmp/a.zip"},
@@ -38,7 +38,7 @@ TEST(WidePath, ConvertsBothWays) {
   }
 }
 
-TEST(WidePath, KeepsEveryName) {
+TEST(WidePathTest, KeepsEveryName) {
   std::mt19937 random(1);
   for (int i = 0; i < 20000; ++i) {
     std::string name(random() % 8, '\0');
@@ -50,7 +50,7 @@ TEST(WidePath, KeepsEveryName) {
   }
 }
 
-TEST(WidePath, EncodesInvalidCharacters) {
+TEST(WidePathTest, EncodesInvalidCharacters) {
   const std::string replacement = "\xEF\xBF\xBD";
   EXPECT_EQ(toNativePath(std::wstring{0xD83D, 0xDE00}), "\xF0\x9F\x98\x80");  // a pair
   EXPECT_EQ(toNativePath(std::wstring{0xD83D}), replacement);
@@ -59,13 +59,13 @@ TEST(WidePath, EncodesInvalidCharacters) {
   EXPECT_EQ(toNativePath(std::wstring{0x110000, static_cast<wchar_t>(-1)}), replacement + replacement);
 }
 
-TEST(WideStream, WritesUtf8AndRawBytes) {
+TEST(WideStreamTest, WritesUtf8AndRawBytes) {
   std::ostringstream out;
   out << "File \"" << std::wstring{L'\u00E9', 0xDCFF} << "\" " << std::setw(3) << std::wstring(L"a");
   EXPECT_EQ(out.str(), "File \"\xC3\xA9\xFF\"   a");
 }
 
-TEST(WidePath, OpensAndQueriesFilesWithAnyName) {
+TEST(WidePathTest, OpensAndQueriesFilesWithAnyName) {
   const TemporaryFolder folder;
   const std::wstring path = wide(folder / "caf\xE9 \xE2\x82\xAC");
   struct stat status {};
@@ -80,7 +80,7 @@ TEST(WidePath, OpensAndQueriesFilesWithAnyName) {
   EXPECT_TRUE(std::filesystem::exists(folder / "caf\xE9 \xE2\x82\xAC"));
 }
 
-TEST(FileSystem, GivesAbsoluteNormalPaths) {
+TEST(FileSystemTest, GivesAbsoluteNormalPaths) {
   const TemporaryFolder made;
   const std::filesystem::path folder = std::filesystem::canonical(made.path());
   std::filesystem::create_directory(folder / "real");
@@ -104,7 +104,7 @@ TEST(FileSystem, GivesAbsoluteNormalPaths) {
   EXPECT_EQ(Platform::filesystem().getFilePath(L""), L"");
 }
 
-TEST(FileSystem, FindsAndDeletesFiles) {
+TEST(FileSystemTest, FindsAndDeletesFiles) {
   const TemporaryFolder folder;
   const OS::FileSystem& files = Platform::filesystem();
   const std::wstring path = wide(folder / "f\xFF");
@@ -145,7 +145,7 @@ class TemporaryFolderVariable {
   std::string _before;
 };
 
-TEST(FileSystem, MakesPrivateTemporaryFilesInTheFolderKnownSinceReset) {
+TEST(FileSystemTest, MakesPrivateTemporaryFilesInTheFolderKnownSinceReset) {
   const TemporaryFolder first;
   const TemporaryFolder second;
   const TemporaryFolderVariable variable(first.path());

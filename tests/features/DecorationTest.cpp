@@ -55,7 +55,7 @@ void expectTicks(const Picture& picture, const PixelBox& bar, double first, doub
   EXPECT_EQ(ticks, 5);
 }
 
-TEST(LegendFeature, IsVerticalWithTicksAtTheEndsOfTheBar) {
+TEST(LegendFeatureTest, IsVerticalWithTicksAtTheEndsOfTheBar) {
   const Picture picture = drawLegend("numberFormat='%.0f Pa' " + UPRIGHT);
   PixelBox bar = boxOf(picture, COLORS.front());
   bar.top = boxOf(picture, COLORS.back()).top;
@@ -77,7 +77,7 @@ TEST(LegendFeature, IsVerticalWithTicksAtTheEndsOfTheBar) {
   EXPECT_GT(text.top, bar.top + 10) << "the title above it";
 }
 
-TEST(LegendFeature, IsHorizontalFromLeftToRightInItsTextColour) {
+TEST(LegendFeatureTest, IsHorizontalFromLeftToRightInItsTextColour) {
   const Picture picture = drawLegend(
       "orientation='HORIZONTAL' numberOfLabels='3'><position x='0.2' y='0.1'/><size x='0.6' y='0.25'/>"
       "<font facename='Times' textColor='ff00ffff'/>");
@@ -93,7 +93,7 @@ TEST(LegendFeature, IsHorizontalFromLeftToRightInItsTextColour) {
   EXPECT_EQ(boxOf(picture, BLACK).count, 0);
 }
 
-TEST(LegendFeature, PutsLogarithmicTicksAtPowersOfTen) {
+TEST(LegendFeatureTest, PutsLogarithmicTicksAtPowersOfTen) {
   const Picture picture = drawLegend(UPRIGHT, "min='0.05' max='5000' log10='true'");
   PixelBox bar = boxOf(picture, COLORS.front());
   bar.top = boxOf(picture, COLORS.back()).top;
@@ -102,7 +102,7 @@ TEST(LegendFeature, PutsLogarithmicTicksAtPowersOfTen) {
 }
 
 /// No ink at the window's edges: all of it is seen.
-TEST(LegendFeature, IsNeverCut) {
+TEST(LegendFeatureTest, IsNeverCut) {
   const std::string range = "min='-123456' max='123456'";
   for (const char* const attributes :
        {">", "textHeight='0.06'>", "textHeight='0.3'>", "numberFormat='%.9f kg/m²'>",
@@ -120,7 +120,7 @@ TEST(LegendFeature, IsNeverCut) {
 
 // ---- Annotations ----
 
-TEST(AnnotationFeature, StandsInTheWindowByAnyOfItsPoints) {
+TEST(AnnotationFeatureTest, StandsInTheWindowByAnyOfItsPoints) {
   const char* const horizontals[] = {"LEFT", "CENTER", "RIGHT"};
   const char* const verticals[] = {"BOTTOM", "CENTER", "TOP"};
   for (int place = 0; place < 9; ++place) {
@@ -144,7 +144,7 @@ TEST(AnnotationFeature, StandsInTheWindowByAnyOfItsPoints) {
   }
 }
 
-TEST(AnnotationFeature, StandsInTheModelInFrontOfAll) {
+TEST(AnnotationFeatureTest, StandsInTheModelInFrontOfAll) {
   // A surface that hides the place, and one that does not.
   for (const std::string face : {"000000ff", "303030ff"}) {
     const FeatureScene scene(
@@ -178,7 +178,7 @@ Vector2 meanPlace(const Picture& picture, std::size_t channel, int size) {
   return (1.0 / std::max(count, 1)) * sum;
 }
 
-TEST(AxesFeature, TurnWithTheModelsCamera) {
+TEST(AxesFeatureTest, TurnWithTheModelsCamera) {
   // The triad has a fifth of the window.
   constexpr int CORNER = SIZE / 5;
   const struct {
@@ -208,7 +208,7 @@ TEST(AxesFeature, TurnWithTheModelsCamera) {
   }
 }
 
-TEST(CoordinateSystemFeature, StandsInTheModelAsLargeOnTheScreenAtEveryScale) {
+TEST(CoordinateSystemFeatureTest, StandsInTheModelAsLargeOnTheScreenAtEveryScale) {
   for (const int scale : {1, 100}) {
     const std::string place = std::to_string(-0.3 * scale);
     const FeatureScene scene(
@@ -232,7 +232,7 @@ TEST(CoordinateSystemFeature, StandsInTheModelAsLargeOnTheScreenAtEveryScale) {
 
 // ---- Background ----
 
-TEST(GradientFeature, RunsFromTheFirstColourToTheSecond) {
+TEST(GradientFeatureTest, RunsFromTheFirstColourToTheSecond) {
   constexpr int MIDDLE = SIZE / 2;
   constexpr int END = SIZE - 1;
   const struct {

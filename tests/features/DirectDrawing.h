@@ -7,11 +7,9 @@
 #include <vtkActor.h>
 #include <vtkActorCollection.h>
 #include <vtkCamera.h>
-#include <vtkCellData.h>
 #include <vtkMatrix4x4.h>
 #include <vtkMatrixToLinearTransform.h>
 #include <vtkNew.h>
-#include <vtkPointData.h>
 #include <vtkPolyData.h>
 #include <vtkPolyDataMapper.h>
 #include <vtkProperty.h>
@@ -20,7 +18,6 @@
 #include <vtkTransformPolyDataFilter.h>
 
 #include <algorithm>
-#include <cstring>
 #include <map>
 #include <string>
 #include <utility>
@@ -28,18 +25,8 @@
 
 namespace vemo {
 
-/// Of the first array that colours can come from.
-inline std::string firstArray(vtkPolyData& polyData) {
-  for (vtkDataSetAttributes* const data : {static_cast<vtkDataSetAttributes*>(polyData.GetCellData()),
-                                           static_cast<vtkDataSetAttributes*>(polyData.GetPointData())}) {
-    for (int i = 0; i < data->GetNumberOfArrays(); ++i) {
-      if (std::strcmp(data->GetArrayName(i), "Normals") != 0) {
-        return data->GetArrayName(i);
-      }
-    }
-  }
-  return "";
-}
+/// What colours come from in all scenes.
+inline const std::string COLOR_ARRAY = "data";
 
 /// The geometry itself moved. What is mirrored turns its faces round: VTK takes
 /// the side of a face from the order of its points.
@@ -171,7 +158,7 @@ class DirectDrawing {
       item.setRenderingFlags(mapper);
       item.setScalars(mapper, colormap);
       if (colormap != nullptr) {
-        item.setScalarArray(mapper, firstArray(*item.getGeometry()));
+        item.setScalarArray(mapper, COLOR_ARRAY);
       }
       item.setClippingPlanes(mapper, _items.getClippingPlanes());
       vtkNew<vtkActor> actor;

@@ -99,8 +99,6 @@ Feature transformed(const char* name, const std::string& element,
 INSTANTIATE_TEST_SUITE_P(
     Transforms, FeatureTest,
     testing::Values(
-        transformed("Move", "<transform><translation x='0.2' y='-0.4' z='0.5'/></transform>",
-                    {[](vtkTransform& steps) { steps.Translate(0.2, -0.4, 0.5); }}),
         transformed(
             "Rotate",
             "<transform rotAngle='0.4'><rotAxis x='3' z='4'/><rotOrigin x='0.3' y='0.2'/></transform>",
@@ -109,8 +107,6 @@ INSTANTIATE_TEST_SUITE_P(
               steps.RotateWXYZ(36, 3, 0, 4);
               steps.Translate(0.3, 0.2, 0);
             }}),
-        transformed("Scale", "<transform><scale x='1.5' y='0.5' z='2'/></transform>",
-                    {[](vtkTransform& steps) { steps.Scale(1.5, 0.5, 2); }}),
         transformed("MirrorByScale", "<transform><scale x='-1' y='1' z='1'/></transform>",
                     {[](vtkTransform& steps) { steps.Scale(-1, 1, 1); }}),
         transformed(
@@ -169,7 +165,8 @@ Feature colored(const char* name, const std::string& array, const std::string& c
   return {name, assembly("A", "<colormap min='0.5' max='10' title='Speed' " + colormap +
                                   "><c>0000c8ff</c><c>00c8c8ff</c><c>00c800ff</c><c>dcdc0aff</c>"
                                   "<c>c80000ff</c></colormap>" +
-                                  geometry(HILL + " " + more, "<array name='data' " + array + "/>"))};
+                                  geometry(HILL + " " + more,
+                                           "<array name='" + COLOR_ARRAY + "' " + array + "/>"))};
 }
 
 INSTANTIATE_TEST_SUITE_P(Colormaps, FeatureTest,
@@ -238,20 +235,6 @@ INSTANTIATE_TEST_SUITE_P(
                             }},
                     Feature{"OnFaces", geometry(HILL + " showEdges='true' lineWidth='3'")}),
     nameOf);
-
-// ---- Background ----
-
-/// The one gradient that VTK has of its own.
-INSTANTIATE_TEST_SUITE_P(Background, FeatureTest,
-                         testing::Values(Feature{
-                             "Gradient",
-                             "<gradient topColor='ff000000' bottomColor='0000ff00' mode='TOP_BOTTOM'/>",
-                             [](DirectDrawing& direct) {
-                               direct.renderer().GradientBackgroundOn();
-                               direct.renderer().SetBackground(0, 0, 1);
-                               direct.renderer().SetBackground2(1, 0, 0);
-                             }}),
-                         nameOf);
 
 // ---- Contours ----
 

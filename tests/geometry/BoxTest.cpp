@@ -21,14 +21,14 @@ void expectFiniteBounds() {
   EXPECT_EQ(bounds.center(), (Vector3{-1, 1, 5.5}));
 }
 
-TEST(FiniteBounds, leaveOutEveryPointThatIsNotFinite) {
+TEST(FiniteBoundsTest, LeaveOutEveryPointThatIsNotFinite) {
   expectFiniteBounds<vtkFloatArray>();
   expectFiniteBounds<vtkDoubleArray>();
   constexpr double GREATEST = std::numeric_limits<double>::max();
   EXPECT_EQ(finiteBounds(*makeArray<vtkDoubleArray>("points", {GREATEST, 0, 0}, 3)).center()[0], GREATEST);
 }
 
-TEST(FiniteBounds, areEmptyWithoutAFinitePoint) {
+TEST(FiniteBoundsTest, AreEmptyWithoutAFinitePoint) {
   EXPECT_TRUE(finiteBounds(*makeArray("points", {}, 3)).isEmpty());
   EXPECT_TRUE(finiteBounds(*makeArray("points", {0, NAN, 0, INFINITY, 0, 0}, 3)).isEmpty());
 }

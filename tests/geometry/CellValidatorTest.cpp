@@ -22,7 +22,7 @@ vtkSmartPointer<vtkCellArray> cellsOf(const Values& offsets, const Values& conne
   return cells;
 }
 
-TEST(CellValidator, saysWhatIsWrong) {
+TEST(CellValidatorTest, SaysWhatIsWrong) {
   constexpr CellRules STRICT{.pointCount = 4, .leastPoints = 2};
   constexpr CellRules LENIENT{.pointCount = 4, .mayHaveUnusedIndices = true};
   const std::string UNFIT = "the offsets do not rise from 0 to the 4 entries of the connectivity";
@@ -51,7 +51,7 @@ TEST(CellValidator, saysWhatIsWrong) {
 }
 
 /// Large arrays are looked through once; each cell array has rules of its own.
-TEST(CellValidator, judgesArraysThatCellArraysShareByEachOnesRules) {
+TEST(CellValidatorTest, JudgesArraysThatCellArraysShareByEachOnesRules) {
   Values indices(3000);
   std::iota(indices.begin(), indices.end(), 0);
   const auto connectivity = makeArray<vtkTypeInt32Array>("", indices);

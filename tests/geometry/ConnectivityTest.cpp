@@ -38,14 +38,14 @@ List valuesOf(vtkTypeInt32Array* array) {
   return {array->GetPointer(0), array->GetPointer(0) + array->GetNumberOfValues()};
 }
 
-TEST(Connectivity, countsTheCellsOfAList) {
+TEST(ConnectivityTest, CountsTheCellsOfAList) {
   EXPECT_EQ(countCells(List{}), 0);
   EXPECT_EQ(countCells(List{0}), 1);
   EXPECT_EQ(countCells(List{3, 0, 1, 2, 2, 2, 3}), 2);
   EXPECT_EQ(countCells(List{1, -7, 0, 1, HIGHEST}), 3);
 }
 
-TEST(Connectivity, refusesAListThatDoesNotEndWithItsLastCell) {
+TEST(ConnectivityTest, RefusesAListThatDoesNotEndWithItsLastCell) {
   // The first one has an index outside the points too, the list comes first.
   const std::vector<List> lists = {{3, 99, 1, 2, 2},    {3, 0, 1},      {1},           {HIGHEST},
                                    {HIGHEST, 0, 1},     {-1},           {-1, 0},       {2, 0, 1, -3, 0},
@@ -62,7 +62,7 @@ TEST(Connectivity, refusesAListThatDoesNotEndWithItsLastCell) {
   }
 }
 
-TEST(Connectivity, turnsTheBlockItselfIntoCellsOf32Bits) {
+TEST(ConnectivityTest, TurnsTheBlockItselfIntoCellsOf32Bits) {
   const List list = {3, 0, 1, 2, 4, 3, 2, 1, 0, 3, 4, 4, 4};
   EntryBlock block = blockOf(list);
   const void* const place = block.get();
@@ -82,7 +82,7 @@ TEST(Connectivity, turnsTheBlockItselfIntoCellsOf32Bits) {
   EXPECT_EQ(imported.cells->GetCellSize(1), 4);
 }
 
-TEST(Connectivity, leavesOutCellsWithTooFewPoints) {
+TEST(ConnectivityTest, LeavesOutCellsWithTooFewPoints) {
   // The index of a cell that is left out matters to nobody.
   const List list = {2, 99, 0, 0, 3, 0, 1, 2, 1, -5, 4, 3, 2, 1, 0};
   struct Case {
@@ -109,7 +109,7 @@ TEST(Connectivity, leavesOutCellsWithTooFewPoints) {
 }
 
 /// Runs of triangles are counted and compacted in ways of their own.
-TEST(Connectivity, takesOtherCellsAnywhereAmongTriangles) {
+TEST(ConnectivityTest, TakesOtherCellsAnywhereAmongTriangles) {
   const std::vector<List> others = {{2, 0, 1}, {4, 0, 1, 2, 3}, {0}, {3, 4, 4, 4}};
   for (const List& other : others) {
     for (int before = 0; before <= 9; ++before) {
@@ -149,7 +149,7 @@ TEST(Connectivity, takesOtherCellsAnywhereAmongTriangles) {
   }
 }
 
-TEST(Connectivity, acceptsListsOfNoCell) {
+TEST(ConnectivityTest, AcceptsListsOfNoCell) {
   const ImportedCells none = importCells(nullptr, 0, CellKind::LINES, 0);
   const ImportedCells left = import({1, 0, 2, 0, 0}, CellKind::POLYS, 1);
   EXPECT_EQ(none.cells->GetNumberOfCells(), 0);
@@ -157,7 +157,7 @@ TEST(Connectivity, acceptsListsOfNoCell) {
   EXPECT_EQ(left.listed, 2);
 }
 
-TEST(Connectivity, reportsTheFirstIndexThatNamesNoPoint) {
+TEST(ConnectivityTest, ReportsTheFirstIndexThatNamesNoPoint) {
   for (const std::int32_t outside : {3, -1, HIGHEST, LOWEST}) {
     const ImportedCells imported = import({3, 0, 1, 2, 3, 0, outside, 77}, CellKind::POLYS, 3);
     EXPECT_FALSE(imported.cells);
@@ -166,7 +166,7 @@ TEST(Connectivity, reportsTheFirstIndexThatNamesNoPoint) {
   EXPECT_EQ(import({1, 0}, CellKind::VERTS, 0).indexOutside, 0);
 }
 
-TEST(Connectivity, removesRowsInPlace) {
+TEST(ConnectivityTest, RemovesRowsInPlace) {
   const std::vector<std::pair<std::vector<vtkIdType>, std::vector<float>>> cases = {
       {{}, {0, 1, 2, 3, 4, 5, 6, 7}}, {{0}, {2, 3, 4, 5, 6, 7}}, {{1, 2}, {0, 1, 6, 7}},
       {{1, 3}, {0, 1, 4, 5}},         {{0, 1, 2, 3}, {}},

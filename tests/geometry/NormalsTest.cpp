@@ -101,9 +101,9 @@ auto areTheFilters(const Values& normals) {
   return testing::Pointwise(testing::FloatNear(TOLERANCE), normals);
 }
 
-class NormalsOfEveryStorage : public testing::TestWithParam<std::tuple<int, bool>> {};
+class NormalsOfEveryStorageTest : public testing::TestWithParam<std::tuple<int, bool>> {};
 
-TEST_P(NormalsOfEveryStorage, areThoseOfTheFilter) {
+TEST_P(NormalsOfEveryStorageTest, AreThoseOfTheFilter) {
   const auto [type, wide] = GetParam();
   RandomMesh random;
   const auto mesh = meshOf(random.points(200),
@@ -124,11 +124,11 @@ TEST_P(NormalsOfEveryStorage, areThoseOfTheFilter) {
   EXPECT_EQ(ours.size(), 3 * 503U);
 }
 
-INSTANTIATE_TEST_SUITE_P(, NormalsOfEveryStorage,
+INSTANTIATE_TEST_SUITE_P(, NormalsOfEveryStorageTest,
                          testing::Combine(testing::Values(VTK_FLOAT, VTK_DOUBLE), testing::Bool()));
 
 /// Only lists of triangles in 32 bits are summed in blocks.
-TEST(Normals, ofTrianglesAreTheSameInBlocks) {
+TEST(NormalsTest, OfTrianglesAreTheSameInBlocks) {
   for (const std::size_t count : {1U, 2U, 127U, 128U, 129U, 385U}) {
     RandomMesh random;
     Points points = random.points(60);
@@ -144,7 +144,7 @@ TEST(Normals, ofTrianglesAreTheSameInBlocks) {
   }
 }
 
-TEST(Normals, ofAStripIsTheMeanOfItsTrianglesAndOneForTheCell) {
+TEST(NormalsTest, OfAStripIsTheMeanOfItsTrianglesAndOneForTheCell) {
   RandomMesh random;
   const Points points = random.points(50);
   const Cells::List strips = random.cells(40, 50);
@@ -170,7 +170,7 @@ TEST(Normals, ofAStripIsTheMeanOfItsTrianglesAndOneForTheCell) {
   }
 }
 
-TEST(Normals, ofCellsWithoutAreaAreZeroAsTheFilterHasThem) {
+TEST(NormalsTest, OfCellsWithoutAreaAreZeroAsTheFilterHasThem) {
   const auto mesh = meshOf({{0, 0, 0}, {1, 0, 0}, {2, 0, 0}, {0, 1, 0}, {5, 5, 5}},
                            {.polys = {{0, 1, 2}, {0, 0, 1}, {4, 4, 4, 4}, {0, 1, 3}}});
   const FilterNormals filters = filterNormals(mesh);
@@ -179,7 +179,7 @@ TEST(Normals, ofCellsWithoutAreaAreZeroAsTheFilterHasThem) {
   EXPECT_THAT(valuesOf(cellNormals(*mesh)), ElementsAre(0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1));
 }
 
-TEST(Normals, ofNeighboursSurviveCoordinatesThatAreNotFinite) {
+TEST(NormalsTest, OfNeighboursSurviveCoordinatesThatAreNotFinite) {
   for (const float wrong : {NAN, INFINITY, -INFINITY}) {
     const Points points = {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {wrong, 0, 0}, {1, wrong, 0}};
     const auto polys = meshOf(points, {.polys = {{0, 1, 2}, {0, 1, 3}, {0, 2, 4, 1}}});

@@ -47,7 +47,7 @@ std::string onOneLine(const std::string& text) {
   return std::regex_replace(text, std::regex("\n"), "\\n");
 }
 
-class Conversion : public SceneFixture, public testing::WithParamInterface<std::string> {
+class ConversionTest : public SceneFixture, public testing::WithParamInterface<std::string> {
  protected:
   /// What becomes of one scene.
   std::string resultOf(const std::string& description) {
@@ -113,7 +113,7 @@ class Conversion : public SceneFixture, public testing::WithParamInterface<std::
   bool _isLogWanted = false;
 };
 
-TEST_P(Conversion, GivesWhatIsExpected) {
+TEST_P(ConversionTest, GivesWhatIsExpected) {
   const std::string file = GetParam() + ".txt";
   const std::string text = readFile(FOLDER / file);
   std::string actual;
@@ -139,7 +139,7 @@ std::vector<std::string> fileNames() {
   return names;
 }
 
-INSTANTIATE_TEST_SUITE_P(, Conversion, testing::ValuesIn(fileNames()),
+INSTANTIATE_TEST_SUITE_P(, ConversionTest, testing::ValuesIn(fileNames()),
                          [](const auto& file) { return file.param; });
 
 }  // namespace

@@ -15,7 +15,7 @@ namespace vemo {
 
 namespace {
 
-TEST(QxString, ParsesWholeNumbers) {
+TEST(QxStringTest, ParsesWholeNumbers) {
   const struct {
     const char* text;
     int radix;
@@ -33,7 +33,7 @@ TEST(QxString, ParsesWholeNumbers) {
   }
 }
 
-TEST(QxString, RefusesWhatIsNoNumber) {
+TEST(QxStringTest, RefusesWhatIsNoNumber) {
   for (const std::string text :
        {"12a", " 1", "1 ", "+1", "--1", "\xC3\xA9", "1.0", "/", ":", "`", "{", "@", "["}) {
     EXPECT_EQ(failureOf([&] { QxString::parseInt(text, 10); }), "NumberFormatException: " + text + " | ::");
@@ -56,7 +56,7 @@ void expectParsedAsAStreamExtracts(const std::string& text) {
   EXPECT_EQ(std::signbit(actual), std::signbit(expected)) << '"' << text << '"';
 }
 
-TEST(QxString, ParsesFloatingNumbersAsAStreamExtracts) {
+TEST(QxStringTest, ParsesFloatingNumbersAsAStreamExtracts) {
   for (const char* text : {"1.5", "  \t\n2 3", "+4", "-0", ".5", "5.", "1e3x", "", "abc", "1e", "0x10", "1,5",
                            "1e400", "-1e400", "inf", "nan", "1e-400", "-", "4.9e-324"}) {
     expectParsedAsAStreamExtracts(text);
@@ -77,13 +77,13 @@ TEST(QxString, ParsesFloatingNumbersAsAStreamExtracts) {
   }
 }
 
-TEST(QxString, IgnoresTheLocaleOfTheProcess) {
+TEST(QxStringTest, IgnoresTheLocaleOfTheProcess) {
   const ForeignLocale foreign;
   EXPECT_EQ(QxString::parseDouble("1.25"), 1.25);
   EXPECT_EQ(QxString::parseDouble(" 1.25"), 1.25);
 }
 
-TEST(Color, ParsesEightDigits) {
+TEST(ColorTest, ParsesEightDigits) {
   const std::pair<const char*, Color> CASES[] = {
       {"FF800040", {255, 128, 0, 64}},
       {"ff800040zzz", {255, 128, 0, 64}},
@@ -96,7 +96,7 @@ TEST(Color, ParsesEightDigits) {
   EXPECT_EQ(failureOf([] { Color::parse("00GG0000"); }), "NumberFormatException: GG | ::");
 }
 
-TEST(QxElement, RefusesShortAndAbsentColors) {
+TEST(QxElementTest, RefusesShortAndAbsentColors) {
   for (const char* xml : {"<scene c='FF8000'/>", "<scene/>"}) {
     try {
       elementOf(xml)->getColor("c");
@@ -110,7 +110,7 @@ TEST(QxElement, RefusesShortAndAbsentColors) {
   }
 }
 
-TEST(QxElement, GivesTypedAttributes) {
+TEST(QxElementTest, GivesTypedAttributes) {
   const auto element = elementOf("<a yes='true' Yes='True' one='1' text='t'/>");
   EXPECT_TRUE(element->getBool("yes"));
   EXPECT_FALSE(element->getBool("Yes"));
@@ -126,7 +126,7 @@ TEST(QxElement, GivesTypedAttributes) {
   EXPECT_EQ(element->getString("absent"), nullptr);
 }
 
-TEST(QxElement, ReadsVectorsFromTheFirstChildOfTheName) {
+TEST(QxElementTest, ReadsVectorsFromTheFirstChildOfTheName) {
   const auto element = elementOf("<a><Origin x='9'/><origin y='2.5'/><origin y='3'/></a>");
   Vector3 out{1, 2, 3};
   EXPECT_FALSE(element->getVector3("normal", out));
@@ -135,7 +135,7 @@ TEST(QxElement, ReadsVectorsFromTheFirstChildOfTheName) {
   EXPECT_EQ(out, (Vector3{0, 2.5, 0}));
 }
 
-TEST(QxElement, DestroysADeepTree) {
+TEST(QxElementTest, DestroysADeepTree) {
   QxElement root("a");
   QxElement* innermost = &root;
   for (int i = 0; i < 1000000; ++i) {
@@ -143,7 +143,7 @@ TEST(QxElement, DestroysADeepTree) {
   }
 }
 
-TEST(Exception, KeepsTheInnermostPlace) {
+TEST(ExceptionTest, KeepsTheInnermostPlace) {
   IOException exception("message");
   EXPECT_EQ(exception.getPlace(), "");
   exception.setEntry("p.bin");

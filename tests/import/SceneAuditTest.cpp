@@ -346,7 +346,7 @@ std::vector<fs::path> examples() {
   return files;
 }
 
-TEST(Completeness, EachKindOfPartMattersOrIsReported) {
+TEST(CompletenessTest, EachKindOfPartMattersOrIsReported) {
   std::set<std::string> seen;
   for (const fs::path& file : examples()) {
     const Example example(file);

@@ -42,9 +42,9 @@ std::map<int, bool> seenIn(lum::Node& root) {
   return seen;
 }
 
-class SharedNames : public SceneFixture {};
+class SharedNamesTest : public SceneFixture {};
 
-TEST_F(SharedNames, NoItemShowsOrHidesAnother) {
+TEST_F(SharedNamesTest, NoItemShowsOrHidesAnother) {
   std::vector<Sibling> siblings;
   for (std::size_t depth = 1; depth <= 3; ++depth) {
     for (unsigned bits = 0; bits < 1U << depth; ++bits) {

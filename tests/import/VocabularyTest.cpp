@@ -50,7 +50,7 @@ std::multimap<std::string, std::string> readPage() {
   return tables;
 }
 
-TEST(SceneFormatPage, HasTheTablesOfKeysAndNoOther) {
+TEST(SceneFormatPageTest, HasTheTablesOfKeysAndNoOther) {
   const auto page = readPage();
   std::set<std::string> known;
   for (const ElementTable& table : describeSceneFormat()) {
@@ -69,9 +69,9 @@ TEST(SceneFormatPage, HasTheTablesOfKeysAndNoOther) {
   }
 }
 
-class AllElements : public SceneFixture {
+class AllElementsTest : public SceneFixture {
  protected:
-  AllElements() { _archive.bytes("e", {}); }
+  AllElementsTest() { _archive.bytes("e", {}); }
 
   /// A value that suits the key's type.
   static std::string goodValue(const KeyText& key) {
@@ -91,7 +91,7 @@ class AllElements : public SceneFixture {
   }
 };
 
-TEST_F(AllElements, RejectNewerVersions) {
+TEST_F(AllElementsTest, RejectNewerVersions) {
   const std::set<std::string> notChildrenOfScenes = {"", "scene", "array", "font"};
   for (const ElementTable& table : describeSceneFormat()) {
     if (notChildrenOfScenes.contains(table.element)) {
@@ -106,7 +106,7 @@ TEST_F(AllElements, RejectNewerVersions) {
   }
 }
 
-TEST_F(AllElements, NeverStopASceneWhenOptional) {
+TEST_F(AllElementsTest, NeverStopASceneWhenOptional) {
   for (const ElementTable& table : describeSceneFormat()) {
     for (const KeyText& key : table.keys) {
       if (table.onBadValue == OnBadValue::WARN) {
@@ -162,9 +162,9 @@ const std::set<std::string> WITHOUT_EFFECT = {"view windowWidth", "view windowHe
                                               "view windowY",     "reflect flip",      "axes textColor",
                                               "axes xaxis",       "axes yaxis",        "axes zaxis"};
 
-class Defaults : public AllElements {
+class DefaultsTest : public AllElementsTest {
  protected:
-  Defaults() {
+  DefaultsTest() {
     _archive.bytes("one", {7});
     _hasDefaults = false;
   }
@@ -250,7 +250,7 @@ class Defaults : public AllElements {
   }
 };
 
-TEST_F(Defaults, AndEffectsAreThoseOfThePage) {
+TEST_F(DefaultsTest, AndEffectsAreThoseOfThePage) {
   const std::set<std::string> notConvertedHere = {"", "scene", "gradient"};
   const auto scenes = scenesOfTables();
   for (const ElementTable& table : describeSceneFormat()) {

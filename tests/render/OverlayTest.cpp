@@ -30,9 +30,13 @@ lum::ImageDrawable& addImage(RenderScene& scene) {
   return image;
 }
 
-class Text : public testing::Test {
+lum::LegendDrawable& addLegend(RenderScene& scene) {
+  return scene.node().getForegroundCanvas().getDrawableCollection().findOrCreate<lum::LegendDrawable>();
+}
+
+class TextTest : public testing::Test {
  protected:
-  Text() { write(drawable, YELLOW_RGBA); }
+  TextTest() { write(drawable, YELLOW_RGBA); }
   void moveTo(double x, double y, double z = 0) {
     drawable.getPositionAttributes().setPosition({x, y, z}, false);
   }
@@ -44,7 +48,7 @@ class Text : public testing::Test {
   lum::TextAttributes& style = drawable.getTextAttributes();
 };
 
-TEST_F(Text, MovesWithItsCollectionAndIsNotSeenBehindTheViewer) {
+TEST_F(TextTest, MovesWithItsCollectionAndIsNotSeenBehindTheViewer) {
   attributes.setCoordinateSpace(lum::CoordinateSpace::MODEL);
   moveTo(0.2, -0.4, -3);
   setTransform<lum::SimpleTransform>(scene.drawables()).setTranslation({-0.5, 0, 0});
@@ -54,7 +58,7 @@ TEST_F(Text, MovesWithItsCollectionAndIsNotSeenBehindTheViewer) {
   EXPECT_EQ(ink().right, 0);
 }
 
-TEST_F(Text, IsWrittenAsItsStyleSays) {
+TEST_F(TextTest, IsWrittenAsItsStyleSays) {
   moveTo(0.1, 0.5);
   const Picture plain = scene.render();
   const auto difference = [&](int fontStyle) {
@@ -79,13 +83,13 @@ TEST_F(Text, IsWrittenAsItsStyleSays) {
   EXPECT_NEAR(ink().width(), 2 * one.width(), 5);
 }
 
-TEST_F(Text, IsDrawnInFrontOfImages) {
+TEST_F(TextTest, IsDrawnInFrontOfImages) {
   addImage(scene);
   write(scene.drawables().findOrCreate<lum::TextDrawable>("later"), 0x0000FFFF);
   EXPECT_GT(countPixels(scene.render(), {0, 0, 255}, 60), 50);
 }
 
-TEST(Image, IsCutByPlanesUnlessItSaysNo) {
+TEST(ImageTest, IsCutByPlanesUnlessItSaysNo) {
   for (const int planes : {1, 8}) {
     for (const bool isClipped : {true, false}) {
       RenderScene scene;
@@ -103,11 +107,10 @@ TEST(Image, IsCutByPlanesUnlessItSaysNo) {
   }
 }
 
-TEST(Legend, ShowsAsManyNumbersAsFitAndDrawsUnusableTexts) {
+TEST(LegendTest, ShowsAsManyNumbersAsFitAndDrawsUnusableTexts) {
   RenderScene scene;
   scene.node().getBackgroundCanvas().getBackgroundAttributes().setSolidColor({1, 1, 1});
-  auto& legend =
-      scene.node().getForegroundCanvas().getDrawableCollection().findOrCreate<lum::LegendDrawable>("legend");
+  auto& legend = addLegend(scene);
   legend.getPositionAttributes().setPosition({0.25, 0.125, 0}, false);
   legend.getTextAttributes().setFontSize(0.05);
   auto& table = legend.getColorLookupTable();
@@ -138,15 +141,14 @@ TEST(Legend, ShowsAsManyNumbersAsFitAndDrawsUnusableTexts) {
   EXPECT_GT(countPixels(scene.render(), {255, 0, 0}), 100);
 }
 
-TEST(Legend, ShowsTranslucentColoursAsSurfacesDo) {
+TEST(LegendTest, ShowsTranslucentColoursAsSurfacesDo) {
   RenderScene scene;
   scene.node().getBackgroundCanvas().getBackgroundAttributes().setSolidColor({0, 0, 1});
   const std::vector<double> halfRed = {1, 0, 0, 0.5};
   const auto square = makeRectangle(-0.8F, -0.2F, -0.8F, 0.8F);
   square->GetCellData()->AddArray(makeArray("s", {0}));
   auto& surface = scene.addSurface(square, {1, 1, 1});
-  auto& legend =
-      scene.node().getForegroundCanvas().getDrawableCollection().findOrCreate<lum::LegendDrawable>("legend");
+  auto& legend = addLegend(scene);
   legend.getPositionAttributes().setPosition({0.6, 0.1, 0}, false);
   legend.getLegendAttributes().setSize({0.2, 0.8});
   legend.getColorLookupTable().setColorValues(halfRed);

@@ -12,7 +12,7 @@ namespace vemo {
 
 namespace {
 
-using Point = Vector<3, double>;
+using Point = Vector3;
 
 constexpr int SIZE = RenderScene::SIZE;
 
@@ -20,7 +20,7 @@ constexpr int SIZE = RenderScene::SIZE;
 using Found = std::pair<vtkIdType, vtkIdType>;
 constexpr Found NOTHING{-9, -9};
 
-class Picking : public testing::Test {
+class PickingTest : public testing::Test {
  protected:
   /// What is seen at a place of the picture, both from -1 to 1.
   std::optional<Pick> pick(double x, double y) {
@@ -47,7 +47,7 @@ void expectNear(const Point& found, const Point& expected, double tolerance = 1e
   }
 }
 
-TEST_F(Picking, FindsTheNearestFace) {
+TEST_F(PickingTest, FindsTheNearestFace) {
   const auto& far = scene.addSurface(makeRectangle(-0.8F, 0.4F, -0.5F, 0.5F, -1), {1, 0, 0});
   const auto& near = scene.addSurface(makeRectangle(0, 0.8F, -0.5F, 0.5F, 1), {0, 1, 0});
   const auto found = pick(0.1, -0.2);
@@ -64,7 +64,7 @@ TEST_F(Picking, FindsTheNearestFace) {
   EXPECT_FALSE(pick(1.5, 0)) << "outside the window";
 }
 
-TEST_F(Picking, NumbersCellsOfAllKinds) {
+TEST_F(PickingTest, NumbersCellsOfAllKinds) {
   const auto mixed = makePolyData(
       flat({-0.9F, 0.8F,  -0.5F, 0.8F,  -0.9F, 0.4F,  -0.5F, 0.4F,                 // lines
             0,     0,     0.4F,  0,     0.4F,  0.4F,  0.2F,  0.1F,  0,     0.4F,   // polygon, notched on top
@@ -94,7 +94,7 @@ TEST_F(Picking, NumbersCellsOfAllKinds) {
   }
 }
 
-TEST_F(Picking, ReadsWideNumbersAndFindsNoGapBetweenTriangles) {
+TEST_F(PickingTest, ReadsWideNumbersAndFindsNoGapBetweenTriangles) {
   auto square = makeRectangle(-0.5F, 0.5F, -0.5F, 0.5F);
   vtkNew<vtkPoints> points;
   points->SetDataTypeToDouble();
@@ -108,7 +108,7 @@ TEST_F(Picking, ReadsWideNumbersAndFindsNoGapBetweenTriangles) {
   }
 }
 
-TEST_F(Picking, FindsLinesAndPointsBeforeTheFacesThatTheyLieOn) {
+TEST_F(PickingTest, FindsLinesAndPointsBeforeTheFacesThatTheyLieOn) {
   scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 1, 1});
   const auto& line =
       scene.add<lum::PolyLineDrawable>(makePolyData(flat({-0.5F, 0, 0.5F, 0}), {.lines = {{0, 1}}}));
@@ -122,7 +122,7 @@ TEST_F(Picking, FindsLinesAndPointsBeforeTheFacesThatTheyLieOn) {
   expectNear(point->pointPosition, {0.5, 0.5, 0});
 }
 
-TEST_F(Picking, LooksThroughSurfacesThatShowTheirEdgesOnly) {
+TEST_F(PickingTest, LooksThroughSurfacesThatShowTheirEdgesOnly) {
   const auto& behind = scene.addSurface(makeRectangle(-1, 1, -1, 1, -1), {1, 1, 1});
   auto& wires = scene.addSurface(makeRectangle(-0.5F, 0.5F, -0.5F, 0.5F), {1, 1, 1});
   wires.getAttributes<lum::SurfaceAttributes>().setShaded(false);
@@ -132,7 +132,7 @@ TEST_F(Picking, LooksThroughSurfacesThatShowTheirEdgesOnly) {
   EXPECT_EQ(pick(-0.5, 0)->drawable, &wires) << "the last edge closes the polygon";
 }
 
-TEST_F(Picking, FindsWhatATransformShows) {
+TEST_F(PickingTest, FindsWhatATransformShows) {
   auto& surface = scene.addSurface(makeRectangle(0, 0.1F, 0, 0.1F), {1, 1, 1});
   auto& repeat = setTransform<lum::PeriodicRepeatTransform>(surface);
   repeat.setRotationAngle(std::numbers::pi / 2);
@@ -147,7 +147,7 @@ TEST_F(Picking, FindsWhatATransformShows) {
   EXPECT_FALSE(pick(0.3, -0.3));
 }
 
-TEST_F(Picking, FindsNothingThatIsCutAwayOrHidden) {
+TEST_F(PickingTest, FindsNothingThatIsCutAwayOrHidden) {
   const auto& behind = scene.addSurface(makeRectangle(-1, 1, -1, 1, -1), {1, 1, 1});
   const auto& cut = scene.addSurface(makeRectangle(-0.5F, 0.5F, -0.5F, 0.5F, 0.5F), {1, 1, 1});
   auto& hidden = scene.addSurface(makeRectangle(-1, 1, -1, 1, 1), {1, 1, 1});
@@ -159,7 +159,7 @@ TEST_F(Picking, FindsNothingThatIsCutAwayOrHidden) {
 }
 
 /// Meshes of any shape, seen in perspective, each in its own colour.
-TEST_F(Picking, FindsWhatThePictureShows) {
+TEST_F(PickingTest, FindsWhatThePictureShows) {
   std::mt19937 random(7);
   std::uniform_real_distribution<float> place(-1.0F, 1.0F);
   std::vector<const lum::Drawable*> drawables;

@@ -25,7 +25,7 @@ Picture makePicture(int width, const Pixel& first, const Pixel& last) {
   return picture;
 }
 
-TEST(Picture, KeepsItsPixelsInAPngFile) {
+TEST(PictureTest, KeepsItsPixelsInAPngFile) {
   const TemporaryFolder folder;
   const fs::path file = folder / "p\xC3\xAC\xFF.png";
   makePicture(3, {255, 0, 0}, {0, 0, 255}).writePng(file);
@@ -42,7 +42,7 @@ TEST(Picture, KeepsItsPixelsInAPngFile) {
   EXPECT_EQ(image->GetScalarComponentAsDouble(1, 0, 0, 1), 0);
 }
 
-TEST(Picture, FailsWhereItCannotBeWritten) {
+TEST(PictureTest, FailsWhereItCannotBeWritten) {
   const TemporaryFolder folder;
   const Picture picture = makePicture(3, {255, 0, 0}, {0, 0, 255});
   fs::create_symlink("no folder/a.png", folder / "dangling.png");
@@ -53,7 +53,7 @@ TEST(Picture, FailsWhereItCannotBeWritten) {
   EXPECT_EQ(countFiles(folder.path()), 1);
 }
 
-TEST(Picture, ShrinksToTheMeansOfSquares) {
+TEST(PictureTest, ShrinksToTheMeansOfSquares) {
   Picture large = makePicture(4, {255, 0, 0}, {0, 0, 101});
   large.set(1, 1, {255, 8, 0});
   const Picture small = large.shrunk(2);
@@ -63,7 +63,7 @@ TEST(Picture, ShrinksToTheMeansOfSquares) {
   EXPECT_THROW(large.shrunk(3), InternalError);
 }
 
-TEST(Picture, RefusesPixelsThatItDoesNotHave) {
+TEST(PictureTest, RefusesPixelsThatItDoesNotHave) {
   EXPECT_THROW(Picture(0, 1), InternalError);
   EXPECT_THROW(Picture(2, 2).at(2, 0), InternalError);
   EXPECT_THROW(Picture(2, 2).at(0, -1), InternalError);

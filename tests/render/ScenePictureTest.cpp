@@ -16,7 +16,7 @@ namespace vemo {
 namespace {
 
 using Pixel = Picture::Pixel;
-using Color = Vector<3, double>;
+using Color = Vector3;
 
 constexpr int SIZE = RenderScene::SIZE;
 constexpr int MIDDLE = SIZE / 2;
@@ -25,7 +25,7 @@ constexpr Pixel RED = {255, 0, 0};
 constexpr Pixel GREEN = {0, 255, 0};
 constexpr Pixel BLUE = {0, 0, 255};
 
-TEST(ScenePicture, DrawsEdgesAndContourAsOpaqueAsTheirOwnColour) {
+TEST(ScenePictureTest, DrawsEdgesAndContourAsOpaqueAsTheirOwnColour) {
   for (const double faces : {0.0, 1.0 / 255, 0.5, 1.0}) {
     for (const double lines : {0.5, 1.0}) {
       for (const bool isContour : {true, false}) {
@@ -45,7 +45,7 @@ TEST(ScenePicture, DrawsEdgesAndContourAsOpaqueAsTheirOwnColour) {
   }
 }
 
-TEST(ScenePicture, ShadesByPointNormalsCellNormalsOrFacets) {
+TEST(ScenePictureTest, ShadesByPointNormalsCellNormalsOrFacets) {
   // A roof whose two sides are equally bright when each has its own normal.
   const Cells roof{.polys = {{0, 1, 4, 3}, {1, 2, 5, 4}}};
   const auto geometry =
@@ -76,7 +76,7 @@ TEST(ScenePicture, ShadesByPointNormalsCellNormalsOrFacets) {
   EXPECT_NEAR(at(picture, 0.5, 0)[0], 255, 2);
 }
 
-TEST(ScenePicture, LightsBelowZeroTakeLightAway) {
+TEST(ScenePictureTest, LightsBelowZeroTakeLightAway) {
   RenderScene scene;
   scene.addSurface(makeRectangle(-0.5F, 0.5F, -0.5F, 0.5F), {1, 1, 1});
   auto& lights = scene.canvas().getLightingAttributes().getLights();
@@ -85,7 +85,7 @@ TEST(ScenePicture, LightsBelowZeroTakeLightAway) {
   EXPECT_EQ(countPixels(scene.render(), {128, 128, 128}), MIDDLE * MIDDLE);
 }
 
-TEST(ScenePicture, MixesTranslucentSurfacesByDepthWhateverTheirOrder) {
+TEST(ScenePictureTest, MixesTranslucentSurfacesByDepthWhateverTheirOrder) {
   for (const float first : {0.5F, -0.5F}) {
     RenderScene scene;
     scene.node().getBackgroundCanvas().getBackgroundAttributes().setSolidColor({1, 1, 1});
@@ -99,7 +99,7 @@ TEST(ScenePicture, MixesTranslucentSurfacesByDepthWhateverTheirOrder) {
   }
 }
 
-TEST(ScenePicture, KeepsTheColoursOfCellsOfAllKindsThatManyPlanesCut) {
+TEST(ScenePictureTest, KeepsTheColoursOfCellsOfAllKindsThatManyPlanesCut) {
   const auto draw = [](int planes) {
     RenderScene scene;
     const auto cells = makePolyData(flat({-0.9F, 0.9F, 0.9F, 0.9F, -0.9F, -0.8F, -0.9F, 0.8F, 0, 0.8F, 0,
@@ -116,7 +116,7 @@ TEST(ScenePicture, KeepsTheColoursOfCellsOfAllKindsThatManyPlanesCut) {
   EXPECT_LE(countDifferences(draw(9), draw(1), 2), SIZE);
 }
 
-TEST(ScenePicture, TransformsLeaveClippingPlanesWhereTheyAre) {
+TEST(ScenePictureTest, TransformsLeaveClippingPlanesWhereTheyAre) {
   RenderScene scene;
   setTransform<lum::SimpleTransform>(scene.drawables()).setTranslation({-0.5, 0, 0});
   auto& surface = scene.addSurface(makeRectangle(0, 0.4F, 0, 0.2F), {1, 0, 0});
@@ -131,7 +131,7 @@ TEST(ScenePicture, TransformsLeaveClippingPlanesWhereTheyAre) {
   }
 }
 
-TEST(ScenePicture, PutsAColormapOfOneValueInTheMiddle) {
+TEST(ScenePictureTest, PutsAColormapOfOneValueInTheMiddle) {
   for (const double value : {0.0, 0.1, -7e6}) {
     for (const auto scale : {lum::ScaleMode::LINEAR, lum::ScaleMode::LOG10}) {
       RenderScene scene;
@@ -151,7 +151,7 @@ TEST(ScenePicture, PutsAColormapOfOneValueInTheMiddle) {
   }
 }
 
-TEST(ScenePicture, FramesWhatIsRepeated) {
+TEST(ScenePictureTest, FramesWhatIsRepeated) {
   RenderScene scene;
   scene.canvas().getCameraAttributes().setParallelScale(std::nullopt);
   auto& repeat =
@@ -164,7 +164,7 @@ TEST(ScenePicture, FramesWhatIsRepeated) {
   EXPECT_NEAR(box.count, 6 * (SIZE / 11.1) * (SIZE / 11.1), 500);
 }
 
-TEST(ScenePicture, LooksThroughTheCameraOrFramesTheScene) {
+TEST(ScenePictureTest, LooksThroughTheCameraOrFramesTheScene) {
   using Mode = lum::CameraAttributes::ProjectionMode;
   struct {
     const char* name;
@@ -207,7 +207,7 @@ TEST(ScenePicture, LooksThroughTheCameraOrFramesTheScene) {
   }
 }
 
-TEST(ScenePicture, LeavesOutPointsThatAreNotFinite) {
+TEST(ScenePictureTest, LeavesOutPointsThatAreNotFinite) {
   RenderScene scene;
   const auto surface = makePolyData(flat({-1, -1, 0, -1, 0, 1, -1, 1, NAN, 0, 1e30F, 0}),
                                     {.polys = {{1, 2, 4}, {0, 1, 2, 3}}});
@@ -236,13 +236,13 @@ TEST(ScenePicture, LeavesOutPointsThatAreNotFinite) {
   EXPECT_EQ(at(scene.render(), -0.5, 0), BLUE);
 }
 
-TEST(ScenePicture, RefusesSizesThatOpenGlDoesNotDraw) {
+TEST(ScenePictureTest, RefusesSizesThatOpenGlDoesNotDraw) {
   const RenderScene scene;
   EXPECT_THROW(renderPicture(scene.node(), {1 << 20, 1}), RenderingUnavailable);
   EXPECT_THROW(renderPicture(scene.node(), {0, 1}), InternalError);
 }
 
-TEST(ScenePicture, LeavesTheHostItsContext) {
+TEST(ScenePictureTest, LeavesTheHostItsContext) {
   const RenderScene scene;
   const EglContext hosts;
   hosts.makeCurrent();
@@ -253,7 +253,7 @@ TEST(ScenePicture, LeavesTheHostItsContext) {
   EXPECT_EQ(eglGetCurrentContext(), EGL_NO_CONTEXT);
 }
 
-TEST(ScenePicture, IsDrawnInSeveralWindowsInTurn) {
+TEST(ScenePictureTest, IsDrawnInSeveralWindowsInTurn) {
   RenderScene scene;
   scene.addSurface(makeRectangle(-0.5F, 0.5F, -0.5F, 0.5F), {0, 1, 0});
   SceneWindow first(scene);
@@ -279,7 +279,7 @@ TEST(ScenePictureDeathTest, ReportsMissingOpenGl) {
       testing::ExitedWithCode(0), "^$");
 }
 
-TEST(ScenePicture, DrawsAnEmptySceneAndTheSamePictureTwice) {
+TEST(ScenePictureTest, DrawsAnEmptySceneAndTheSamePictureTwice) {
   const auto empty = make<lum::SceneNode>();
   const Picture picture = renderPicture(*empty, {40, 30});
   EXPECT_EQ(countPixels(picture, BLACK, 0), 40 * 30);

@@ -9,11 +9,11 @@ namespace vemo {
 namespace {
 
 /// As many meshes as are drawn in one batch, and everything else that can be shown.
-class Visibility : public testing::Test {
+class VisibilityTest : public testing::Test {
  protected:
   static constexpr int MESHES = 40;
 
-  Visibility() {
+  VisibilityTest() {
     for (int i = 0; i < MESHES; ++i) {
       const float left = -0.993F + 0.048F * static_cast<float>(i);
       auto& surface =
@@ -54,7 +54,7 @@ class Visibility : public testing::Test {
   std::vector<lum::Drawable*> drawables;
 };
 
-TEST_F(Visibility, IsFollowedAsIfTheSceneWereOpenedAnew) {
+TEST_F(VisibilityTest, IsFollowedAsIfTheSceneWereOpenedAnew) {
   const std::pair<const char*, std::function<bool(std::size_t)>> steps[] = {
       {"some hidden", [](std::size_t i) { return i % 3 == 0; }},
       {"others hidden", [](std::size_t i) { return i % 3 == 1; }},
@@ -73,7 +73,7 @@ TEST_F(Visibility, IsFollowedAsIfTheSceneWereOpenedAnew) {
   }
 }
 
-TEST_F(Visibility, KeepsThePixelScaleOfWhatIsShownLater) {
+TEST_F(VisibilityTest, KeepsThePixelScaleOfWhatIsShownLater) {
   const auto drawWide = [this](bool isLater) {
     hide([=](std::size_t) { return isLater; });
     SceneWindow window(scene);
@@ -85,7 +85,7 @@ TEST_F(Visibility, KeepsThePixelScaleOfWhatIsShownLater) {
   EXPECT_EQ(countDifferences(drawWide(true), drawWide(false)), 0);
 }
 
-TEST_F(Visibility, KeepsTheCameraThatAUserTurned) {
+TEST_F(VisibilityTest, KeepsTheCameraThatAUserTurned) {
   SceneWindow window(scene);
   const Picture all = window.draw();
   hide([](std::size_t i) { return i > 3; });
@@ -100,7 +100,7 @@ TEST_F(Visibility, KeepsTheCameraThatAUserTurned) {
   EXPECT_EQ(window.draw(), all);
 }
 
-TEST_F(Visibility, ResetsToTheViewOfASceneWithoutACamera) {
+TEST_F(VisibilityTest, ResetsToTheViewOfASceneWithoutACamera) {
   scene.canvas().getCameraAttributes().setPosition({0, 0, 0});
   // Its size in the model is that which the view gives it.
   drawables[MESHES + 2]->getBaseAttributes().setVisibility(false, false);
@@ -112,7 +112,7 @@ TEST_F(Visibility, ResetsToTheViewOfASceneWithoutACamera) {
   EXPECT_EQ(window.draw(), opened);
 }
 
-TEST_F(Visibility, RefusesWhatIsTooLargeAndShowsTheRest) {
+TEST_F(VisibilityTest, RefusesWhatIsTooLargeAndShowsTheRest) {
   hide([](std::size_t i) { return i == 0; });
   for (int i = 0; i < 6; ++i) {
     auto& many = scene.add<lum::SurfaceDrawable>(makeRectangle(0, 0.1F, 0, 0.1F));
@@ -130,11 +130,11 @@ TEST_F(Visibility, RefusesWhatIsTooLargeAndShowsTheRest) {
   EXPECT_EQ(countDifferences(window.draw(), SceneWindow(scene).draw()), 0);
 }
 
-TEST_F(Visibility, HighlightIsInFrontAndCanBeHidden) {
+TEST_F(VisibilityTest, HighlightIsInFrontAndCanBeHidden) {
   SceneWindow window(scene);
   const Picture plain = window.draw();
   window.renderer.outline(drawables[3]);
-  window.renderer.mark(Vector<3, double>{0.001, 0.501, 0});
+  window.renderer.mark(Vector3{0.001, 0.501, 0});
   const Picture marked = window.draw();
   const Picture::Pixel color{255, 115, 0};
   EXPECT_GT(countPixels(marked, color, 3), 60);

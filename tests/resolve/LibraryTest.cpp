@@ -21,7 +21,7 @@ std::vector<std::string> loadedLibraries() {
 }
 
 /// A process that uses the library loads everything that the library needs.
-TEST(ResolveLibrary, NeedsNeitherRenderingNorOpenGL) {
+TEST(ResolveLibraryTest, NeedsNeitherRenderingNorOpenGL) {
   SceneBuilder scene;
   scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 0, 0});
   ASSERT_EQ(resolveScene(scene.node()).canvases.size(), 1U);

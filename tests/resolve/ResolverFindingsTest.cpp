@@ -36,7 +36,7 @@ void makeGroundWhite(SceneBuilder& scene) {
 // ---- Colormaps ----
 
 /// Two pieces with other data, and a legend, of one colormap.
-TEST(ColormapFindings, SayWhatSurfacesAndLegendsAlikeAreShownWith) {
+TEST(ColormapFindingsTest, SayWhatSurfacesAndLegendsAlikeAreShownWith) {
   const std::vector<double> colors = {1, 0, 0, 1, 0, 0, 1, 1};
   const auto linear = lum::ScaleMode::LINEAR;
   const auto log = lum::ScaleMode::LOG10;
@@ -90,21 +90,9 @@ TEST(ColormapFindings, SayWhatSurfacesAndLegendsAlikeAreShownWith) {
   }
 }
 
-TEST(Colormap, IsNotMadeUpForDataWithoutOne) {
-  SceneBuilder scene;
-  const auto geometry = makeRectangle(0, 1, 0, 1);
-  geometry->GetPointData()->AddArray(makeArray("t", {1, 2, 3, 4}));
-  auto& surface = scene.addSurface(geometry, {0.5, 0.25, 1});
-  surface.getColorAttributes()->setColorMode(lum::ColorMode::DATA);
-  surface.getAttributes<lum::ScalarAttributes>().getDataArray().setDataArrayName("t");
-  const auto mesh = resolveScene(scene.node()).canvases.at(0).meshes.at(0);
-  EXPECT_FALSE(mesh.scalars);
-  EXPECT_EQ(mesh.color, (Vector<3, double>{0.5, 0.25, 1}));
-}
-
 // ---- Edges ----
 
-TEST(Edges, AreSeenHoweverClearTheFacesAre) {
+TEST(EdgesTest, AreSeenHoweverClearTheFacesAre) {
   SceneBuilder scene;
   auto& surface = scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 1, 1});
   auto& edges = surface.getAttributes<lum::MeshAttributes>();
@@ -123,6 +111,16 @@ TEST(Edges, AreSeenHoweverClearTheFacesAre) {
 
 // ---- Points ----
 
+lum::PointScaleAttributes& scaleBySize(lum::PointSphereDrawable& points, lum::PointScaleMode mode,
+                                       const Range& values, const Range& sizes) {
+  auto& scale = points.getAttributes<lum::PointScaleAttributes>();
+  scale.setScaleMode(mode);
+  scale.setScalarName("size");
+  scale.setScalarRange(values);
+  scale.setMapToRange(sizes);
+  return scale;
+}
+
 struct ScaleCase {
   const char* name;
   std::vector<float> values;
@@ -132,7 +130,7 @@ struct ScaleCase {
   std::vector<std::string> codes;
 };
 
-TEST(PointScaleFindings, SayWhatALogarithmIsMadeOf) {
+TEST(PointScaleFindingsTest, SayWhatALogarithmIsMadeOf) {
   const ScaleCase cases[] = {
       {"all usable", {1, 10, 100, 1000}, {1, 1000}, {1, 6, 11, 16}, {}},
       {"begins at zero", {0, 10, 100, 1000}, {0, 1000}, {1, 9, 16}, {"point-scale-adjusted"}},
@@ -146,11 +144,7 @@ TEST(PointScaleFindings, SayWhatALogarithmIsMadeOf) {
     auto& points = scene.add<lum::PointSphereDrawable>(geometry);
     points.getAttributes<lum::PointSizeAttributes>().setPointSize(16);
     colorByArray(points, "color", lum::DataLocation::CELLS, {1, 0, 0, 1});
-    auto& scale = points.getAttributes<lum::PointScaleAttributes>();
-    scale.setScaleMode(lum::PointScaleMode::LOG10);
-    scale.setScalarName("size");
-    scale.setScalarRange(one.range);
-    scale.setMapToRange({1, 16});
+    scaleBySize(points, lum::PointScaleMode::LOG10, one.range, {1, 16});
 
     const FoundFindings found;
     const auto meshes = resolveScene(scene.node()).canvases.at(0).meshes;
@@ -169,7 +163,7 @@ TEST(PointScaleFindings, SayWhatALogarithmIsMadeOf) {
   }
 }
 
-TEST(PointScaleFindings, SayWhichSizesCannotBeDrawn) {
+TEST(PointScaleFindingsTest, SayWhichSizesCannotBeDrawn) {
   struct {
     Range sizes;
     bool isInPixels;
@@ -181,12 +175,7 @@ TEST(PointScaleFindings, SayWhichSizesCannotBeDrawn) {
     const auto geometry = makePolyData(flat({0, 0, 1, 0}), {});
     geometry->GetPointData()->AddArray(makeArray("size", {1, 2}));
     auto& points = scene.add<lum::PointSphereDrawable>(geometry);
-    auto& scale = points.getAttributes<lum::PointScaleAttributes>();
-    scale.setScaleMode(lum::PointScaleMode::LINEAR);
-    scale.setScalarName("size");
-    scale.setScalarRange({1, 2});
-    scale.setMapToRange(one.sizes);
-    scale.setPixelSize(one.isInPixels);
+    scaleBySize(points, lum::PointScaleMode::LINEAR, {1, 2}, one.sizes).setPixelSize(one.isInPixels);
     const FoundFindings found;
     resolveScene(scene.node());
     EXPECT_EQ(found.codes(), std::vector<std::string>(one.findings, "point-scale-adjusted")) << one.sizes[0];
@@ -213,6 +202,20 @@ lum::TextDrawable& addText(SceneBuilder& scene, const std::string& words) {
   return text;
 }
 
+/// Of the scene's one text.
+TextStyle styleOfText(const SceneBuilder& scene) {
+  const ResolvedScene resolved = resolveScene(scene.node());
+  return std::get<TextDecoration>(resolved.canvases.at(0).decorations.at(0).content).style;
+}
+
+/// A legend with a colour.
+lum::LegendDrawable& addLegend(SceneBuilder& scene) {
+  auto& legend = decoration<lum::LegendDrawable>(scene);
+  legend.getColorLookupTable().setColorValues({1, 0, 0, 1});
+  legend.getColorLookupTable().setNumColor(1);
+  return legend;
+}
+
 void expectFindings(const char* name, std::size_t decorations, const std::vector<std::string>& codes,
                     void (*build)(SceneBuilder&)) {
   SCOPED_TRACE(name);
@@ -225,7 +228,7 @@ void expectFindings(const char* name, std::size_t decorations, const std::vector
   EXPECT_EQ(found.codes(), codes);
 }
 
-TEST(ResolverFindings, SayWhatIsNotDrawnAsTheSceneSays) {
+TEST(ResolverFindingsTest, SayWhatIsNotDrawnAsTheSceneSays) {
   const std::string limited = "decorations-limited";
   expectFindings("a transform that leaves nothing to be seen", 0, {"transform-unusable"}, [](auto& scene) {
     setTransform<lum::SimpleTransform>(addText(scene, "t")).setScale({1e-90, 1e-90, 1e-90});
@@ -248,18 +251,12 @@ TEST(ResolverFindings, SayWhatIsNotDrawnAsTheSceneSays) {
     image.setYAxis(image.getXAxis());
   });
   expectFindings("a legend without a size", 0, {"decoration-not-drawn"}, [](auto& scene) {
-    auto& legend = decoration<lum::LegendDrawable>(scene);
-    legend.getColorLookupTable().setColorValues({1, 0, 0, 1});
-    legend.getColorLookupTable().setNumColor(1);
-    legend.getLegendAttributes().setSize({NAN, 1});
+    addLegend(scene).getLegendAttributes().setSize({NAN, 1});
   });
   expectFindings("a legend without colours", 0, {"legend-without-colormap"},
                  [](auto& scene) { decoration<lum::LegendDrawable>(scene); });
   expectFindings("a legend beside the window", 1, {"legend-moved"}, [](auto& scene) {
-    auto& legend = decoration<lum::LegendDrawable>(scene);
-    legend.getColorLookupTable().setColorValues({1, 0, 0, 1});
-    legend.getColorLookupTable().setNumColor(1);
-    legend.getPositionAttributes().setPosition({0.95, 0, 0}, false);
+    addLegend(scene).getPositionAttributes().setPosition({0.95, 0, 0}, false);
   });
   expectFindings("a text of 2000 letters", 1, {},
                  [](auto& scene) { addText(scene, std::string(2000, 'x')); });
@@ -271,7 +268,7 @@ TEST(ResolverFindings, SayWhatIsNotDrawnAsTheSceneSays) {
                  [](auto& scene) { repeat(addText(scene, "a \xEE\x84\xA3"), 3); });
 }
 
-TEST(ResolverFindings, NameTheirNodeAndComeOnce) {
+TEST(ResolverFindingsTest, NameTheirNodeAndComeOnce) {
   SceneBuilder scene;
   makeGroundWhite(scene);
   auto& assembly = scene.drawables().findOrCreate<lum::DrawableCollection>("wing/left");
@@ -304,10 +301,10 @@ TEST(ResolverFindings, NameTheirNodeAndComeOnce) {
 
 // ---- Text ----
 
-TEST(BlackText, IsWhiteOnADarkGround) {
+TEST(BlackTextTest, IsWhiteOnADarkGround) {
   struct {
     lum::BackgroundColorModes mode;
-    Vector<3, double> first, second;
+    Vector3 first, second;
     bool isWhite;
   } const cases[] = {{lum::BackgroundColorModes::SOLID, {0, 0, 0.5}, {}, true},
                      {lum::BackgroundColorModes::SOLID, {0.5, 0.5, 0.5}, {}, false},
@@ -321,62 +318,58 @@ TEST(BlackText, IsWhiteOnADarkGround) {
     background.setColor1(one.first);
     background.setColor2(one.second);
     addText(scene, "t");
-    const auto colorOf = [&scene] {
-      const auto resolved = resolveScene(scene.node());
-      return std::get<TextDecoration>(resolved.canvases.at(0).decorations.at(0).content).style.rgba;
-    };
     const FoundFindings found;
-    EXPECT_EQ(colorOf(),
-              (std::array<std::uint8_t, 4>(one.isWhite ? std::array<std::uint8_t, 4>{255, 255, 255, 255}
-                                                       : std::array<std::uint8_t, 4>{0, 0, 0, 255})));
+    const std::uint8_t channel = one.isWhite ? 255 : 0;
+    EXPECT_THAT(styleOfText(scene).rgba, ElementsAre(channel, channel, channel, 255));
     EXPECT_EQ(found.codes(), std::vector<std::string>(one.isWhite ? 1 : 0, "text-recolored"));
     addText(scene, "t").getTextAttributes().setForegroundColor(0x200000FF);
-    EXPECT_EQ(colorOf()[0], 0x20) << "a colour that was chosen";
+    EXPECT_EQ(styleOfText(scene).rgba[0], 0x20) << "a colour that was chosen";
   }
 }
 
 // ---- Fonts ----
 
-TEST(Fonts, AreFoundInFoldersThatTheEnvironmentLists) {
-  if (!std::filesystem::exists("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf")) {
-    GTEST_SKIP() << "the package fonts-dejavu-core is not installed";
-  }
-  const TemporaryFolder folder;
-  std::filesystem::create_directories(folder / "own/sub");
-  std::filesystem::copy("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf", folder / "own/sub/Other.ttf");
-  std::filesystem::copy("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf", folder / "own/DejaVuSans.ttf");
-  ::setenv("VEMO_FONT_PATH", ("/absent:" + (folder / "own").string()).c_str(), 1);
-  SceneBuilder scene;
-  addText(scene, "\u03C3");
-  const ResolvedScene resolved = resolveScene(scene.node());
-  ::unsetenv("VEMO_FONT_PATH");
-  EXPECT_EQ(std::get<TextDecoration>(resolved.canvases.at(0).decorations.at(0).content).style.fontFile,
-            (folder / "own/DejaVuSans.ttf").string());
-}
+const std::filesystem::path DEJAVU = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
 
-TEST(Fonts, AreFoundForWhatTheBuiltInOnesLack) {
-  if (!std::filesystem::exists("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf")) {
-    GTEST_SKIP() << "the package fonts-dejavu-core is not installed";
-  }
-  for (const char* const family : {"Arial", "Courier", "Times"}) {
-    for (const std::uint32_t style : {0U, std::uint32_t{lum::TextAttributes::BOLD}}) {
-      SceneBuilder scene;
-      makeGroundWhite(scene);
-      auto& text = addText(scene, "\u03C3 \u03A9 \u221E \u2264 \u20AC \u0394 \u00B0 \u00B2");
-      text.getTextAttributes().setFontFamilyName(family);
-      text.getTextAttributes().setFontStyle(style);
-      const FoundFindings found;
-      const ResolvedScene resolved = resolveScene(scene.node());
-      EXPECT_THAT(found.codes(), IsEmpty());
-      const auto& decoration = std::get<TextDecoration>(resolved.canvases.at(0).decorations.at(0).content);
-      EXPECT_TRUE(std::filesystem::exists(decoration.style.fontFile)) << family;
-      EXPECT_EQ(decoration.style.fontFile.find("Bold") != std::string::npos, style != 0) << family;
+class FontsTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (!std::filesystem::exists(DEJAVU)) {
+      GTEST_SKIP() << "the package fonts-dejavu-core is not installed";
     }
   }
+
   SceneBuilder scene;
-  addText(scene, "\u00E9 \u00B0 \u00B2");
-  const ResolvedScene resolved = resolveScene(scene.node());
-  EXPECT_EQ(std::get<TextDecoration>(resolved.canvases.at(0).decorations.at(0).content).style.fontFile, "");
+};
+
+TEST_F(FontsTest, AreFoundInFoldersThatTheEnvironmentLists) {
+  const TemporaryFolder folder;
+  std::filesystem::create_directories(folder / "own/sub");
+  std::filesystem::copy(DEJAVU, folder / "own/sub/Other.ttf");
+  std::filesystem::copy(DEJAVU, folder / "own/DejaVuSans.ttf");
+  addText(scene, "\u03C3");
+  ::setenv("VEMO_FONT_PATH", ("/absent:" + (folder / "own").string()).c_str(), 1);
+  const TextStyle style = styleOfText(scene);
+  ::unsetenv("VEMO_FONT_PATH");
+  EXPECT_EQ(style.fontFile, (folder / "own/DejaVuSans.ttf").string());
+}
+
+TEST_F(FontsTest, AreFoundForWhatTheBuiltInOnesLack) {
+  makeGroundWhite(scene);
+  auto& text = addText(scene, "\u00E9 \u00B0 \u00B2");
+  EXPECT_EQ(styleOfText(scene).fontFile, "");
+  text.getAnnotationAttributes().setText("\u03C3 \u03A9 \u221E \u2264 \u20AC \u0394 \u00B0 \u00B2");
+  for (const char* const family : {"Arial", "Courier", "Times"}) {
+    for (const std::uint32_t fontStyle : {0U, std::uint32_t{lum::TextAttributes::BOLD}}) {
+      text.getTextAttributes().setFontFamilyName(family);
+      text.getTextAttributes().setFontStyle(fontStyle);
+      const FoundFindings found;
+      const std::string file = styleOfText(scene).fontFile;
+      EXPECT_THAT(found.codes(), IsEmpty());
+      EXPECT_TRUE(std::filesystem::exists(file)) << family;
+      EXPECT_EQ(file.find("Bold") != std::string::npos, fontStyle != 0) << family;
+    }
+  }
 }
 
 }  // namespace

@@ -13,23 +13,8 @@ namespace vemo {
 
 namespace {
 
-using Point = Vector<3, double>;
+using Point = Vector3;
 using testing::ElementsAre;
-
-const ResolvedCanvas& find(const ResolvedScene& scene, ResolvedCanvas::Role role) {
-  for (const ResolvedCanvas& canvas : scene.canvases) {
-    if (canvas.role == role) {
-      return canvas;
-    }
-  }
-  throw std::out_of_range("no such canvas");
-}
-
-template <class Content>
-const Content& only(const ResolvedCanvas& canvas) {
-  EXPECT_EQ(canvas.decorations.size(), 1U);
-  return std::get<Content>(canvas.decorations.at(0).content);
-}
 
 void repeat(lum::Drawable& drawable, const Point& step, int count) {
   auto& transform = setTransform<lum::PeriodicRepeatTransform>(drawable);
@@ -37,7 +22,7 @@ void repeat(lum::Drawable& drawable, const Point& step, int count) {
   transform.setNumRepeats(count);
 }
 
-TEST(SceneResolver, ListsMeshesWithTheirAppearanceAndInstances) {
+TEST(SceneResolverTest, ListsMeshesWithTheirAppearanceAndInstances) {
   SceneBuilder scene;
   const auto geometry = makeRectangle(0, 1, 0, 1);
   auto& surface = scene.addSurface(geometry, {0.5, 2, -1});
@@ -70,7 +55,7 @@ TEST(SceneResolver, ListsMeshesWithTheirAppearanceAndInstances) {
   EXPECT_EQ(meshes[1].transforms, nullptr);
 }
 
-TEST(SceneResolver, DrawsLinesAndVerticesOfASurfaceAsSuch) {
+TEST(SceneResolverTest, DrawsLinesAndVerticesOfASurfaceAsSuch) {
   SceneBuilder scene;
   const auto mixed = makePolyData(flat({0, 0, 1, 0, 1, 1}),
                                   {.verts = {{0}}, .lines = {{0, 1}, {1, 2}}, .polys = {{0, 1, 2}}});
@@ -107,7 +92,7 @@ TEST(SceneResolver, DrawsLinesAndVerticesOfASurfaceAsSuch) {
   EXPECT_EQ(parts().size(), 1U) << "the vertex";
 }
 
-TEST(SceneResolver, TakesTheColorOfTheModeOrTheOther) {
+TEST(SceneResolverTest, TakesTheColorOfTheModeOrTheOther) {
   SceneBuilder scene;
   auto& colors = *scene.addSurface(makeRectangle(0, 1, 0, 1), {0, 0, 1}).getColorAttributes();
   const auto color = [&] { return resolveScene(scene.node()).canvases.at(0).meshes.at(0).color; };
@@ -119,7 +104,7 @@ TEST(SceneResolver, TakesTheColorOfTheModeOrTheOther) {
   EXPECT_EQ(color(), (Point{0, 0, 1}));
 }
 
-TEST(SceneResolver, GivesPointsADefaultColorThatContrastsWithEveryBackground) {
+TEST(SceneResolverTest, GivesPointsADefaultColorThatContrastsWithEveryBackground) {
   SceneBuilder scene;
   scene.add<lum::PointSphereDrawable>(makeRectangle(0, 1, 0, 1));
   const Point color = resolveScene(scene.node()).canvases.at(0).meshes.at(0).color;
@@ -129,7 +114,7 @@ TEST(SceneResolver, GivesPointsADefaultColorThatContrastsWithEveryBackground) {
   EXPECT_GT(1.05 / (luminance + 0.05), 4) << "on white";
 }
 
-TEST(SceneResolver, LeavesOutWhatIsHiddenAndAllBelow) {
+TEST(SceneResolverTest, LeavesOutWhatIsHiddenAndAllBelow) {
   SceneBuilder scene;
   auto& outer = scene.collectionIn(scene.drawables());
   auto& surface = scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 0, 0}, outer);
@@ -142,25 +127,7 @@ TEST(SceneResolver, LeavesOutWhatIsHiddenAndAllBelow) {
   }
 }
 
-TEST(SceneResolver, GivesPlainColorTables) {
-  SceneBuilder scene;
-  const auto geometry = makeRectangle(0, 1, 0, 1);
-  geometry->GetPointData()->AddArray(makeArray("t", {1, 10, 100, 1000}));
-  for (int i = 0; i < 2; ++i) {
-    auto& surface = scene.addSurface(geometry, {1, 1, 1});
-    auto& table = colorByArray(surface, "t", lum::DataLocation::POINTS, {0, 0.2, 0.4, 1, 1, 0.8, 0.6, 0});
-    table.setScalarRange({0, 5});
-  }
-  const auto meshes = resolveScene(scene.node()).canvases.at(0).meshes;
-  ASSERT_EQ(meshes.size(), 2U);
-  ASSERT_TRUE(meshes[0].scalars && meshes[1].scalars);
-  EXPECT_EQ(meshes[0].scalars->arrayName, "t");
-  EXPECT_EQ(meshes[0].scalars->location, ScalarLocation::POINTS);
-  EXPECT_THAT(meshes[0].scalars->table->rgba, ElementsAre(0, 51, 102, 255, 255, 204, 153, 0));
-  EXPECT_EQ(meshes[1].scalars->table, meshes[0].scalars->table) << "equal tables are one object";
-}
-
-TEST(SceneResolver, GivesViewAndLightOfCanvasesFromBackToFront) {
+TEST(SceneResolverTest, GivesViewAndLightOfCanvasesFromBackToFront) {
   SceneBuilder scene;
   scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 1, 1});
   auto& light = scene.canvas().getLightingAttributes().getLights().findOrCreate<lum::Light>("light");
@@ -192,7 +159,7 @@ TEST(SceneResolver, GivesViewAndLightOfCanvasesFromBackToFront) {
   EXPECT_TRUE(resolved.canvases[1].lights.empty());
 }
 
-TEST(SceneResolver, GivesDecorationsAsPlainData) {
+TEST(SceneResolverTest, GivesDecorationsAsPlainData) {
   SceneBuilder scene;
   auto& text = scene.drawables().findOrCreate<lum::TextDrawable>("text");
   text.getAnnotationAttributes().setText("A text");
@@ -211,23 +178,23 @@ TEST(SceneResolver, GivesDecorationsAsPlainData) {
   triad.getOrientationAttributes().setUpVector({1, 0, 3});
 
   const ResolvedScene resolved = resolveScene(scene.node());
-  using Role = ResolvedCanvas::Role;
-  const auto& texts = find(resolved, Role::MODEL).decorations;
+  ASSERT_EQ(resolved.canvases.size(), 3U);
+  const auto& texts = resolved.canvases[0].decorations;
   ASSERT_EQ(texts.size(), 2U) << "one for each instance";
   EXPECT_EQ(texts[1].drawable, &text);
   EXPECT_EQ(std::get<TextDecoration>(texts[1].content).position, (Point{11, 2, 3}));
-  const auto& bar = only<LegendDecoration>(find(resolved, Role::FOREGROUND));
+  const auto& bar = std::get<LegendDecoration>(resolved.canvases[1].decorations.at(0).content);
   EXPECT_EQ(bar.labelFormat, "%.4g") << "the default replaces one that is not for a double";
   EXPECT_EQ(bar.table.range, (Vector<2, double>{2, 3}));
   EXPECT_EQ(bar.table.rgba.size(), 4U * 256U);
-  const auto& axes = only<TriadDecoration>(find(resolved, Role::ORIENTATION));
+  const auto& axes = std::get<TriadDecoration>(resolved.canvases[2].decorations.at(0).content);
   EXPECT_THAT(axes.axes, ElementsAre(Point{0, 1, 0}, Point{0, 0, 1}, Point{1, 0, 0}));
   EXPECT_EQ(axes.labels.value()[0], "East");
   ASSERT_TRUE(axes.camera);
-  EXPECT_EQ(resolved.canvases.at(std::get<std::size_t>(*axes.camera)).role, Role::MODEL);
+  EXPECT_EQ(resolved.canvases.at(std::get<std::size_t>(*axes.camera)).role, ResolvedCanvas::Role::MODEL);
 }
 
-TEST(SceneResolver, ResolvesOnlyWhatBecomesVisible) {
+TEST(SceneResolverTest, ResolvesOnlyWhatBecomesVisible) {
   SceneBuilder scene;
   auto& first = scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 0, 0});
   auto& second = scene.addSurface(makeRectangle(0, 1, 0, 1), {0, 1, 0});

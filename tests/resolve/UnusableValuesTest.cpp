@@ -22,7 +22,7 @@ constexpr double QUARTER = std::numbers::pi / 2;
 constexpr std::int32_t VERY_OFTEN = std::numeric_limits<std::int32_t>::max();
 
 /// A scene with a square whose low and high half have cell values 2 and 12.
-class UnusableValues : public testing::Test {
+class UnusableValuesTest : public testing::Test {
  protected:
   static vtkSmartPointer<vtkPolyData> makeSquare() {
     auto square = makePolyData(flat({0, 0, 1, 0, 1, 1, 0, 1}), {.polys = {{0, 1, 2}, {0, 2, 3}}});
@@ -43,7 +43,7 @@ class UnusableValues : public testing::Test {
   lum::SurfaceDrawable& surface = scene.addSurface(square, {1, 0, 0});
 };
 
-TEST_F(UnusableValues, TransformsLeaveMeshesInPlaceOrHideThem) {
+TEST_F(UnusableValuesTest, TransformsLeaveMeshesInPlaceOrHideThem) {
   struct {
     const char* name;
     Vector3 axis, scale, translation;
@@ -64,7 +64,7 @@ TEST_F(UnusableValues, TransformsLeaveMeshesInPlaceOrHideThem) {
   EXPECT_EQ(instances(), 1U);
 }
 
-TEST_F(UnusableValues, RepeatCountsAreClamped) {
+TEST_F(UnusableValuesTest, RepeatCountsAreClamped) {
   auto& repeat = setTransform<lum::PeriodicRepeatTransform>(surface);
   repeat.setTranslation({0.2, 0, 0});
   for (const auto& [count, shown] : {std::pair(1, 1U), {0, 1}, {-5, 1}, {3, 3}, {VERY_OFTEN, 10000}}) {
@@ -80,7 +80,7 @@ TEST_F(UnusableValues, RepeatCountsAreClamped) {
   EXPECT_NEAR(transformedPoint(&meshes()[0].transforms->at(2), {1, 0, 0})[0], -4, 1e-9);
 }
 
-TEST_F(UnusableValues, NestedRepeatsAreLimited) {
+TEST_F(UnusableValuesTest, NestedRepeatsAreLimited) {
   lum::DrawableCollection* place = &scene.drawables();
   for (int i = 0; i < 5; ++i) {
     auto& repeat = setTransform<lum::PeriodicRepeatTransform>(*place);
@@ -96,7 +96,7 @@ TEST_F(UnusableValues, NestedRepeatsAreLimited) {
   EXPECT_THROW(meshes(), SceneTooLarge);
 }
 
-TEST_F(UnusableValues, LightsAndPlanesAreIgnoredAndLimitedWithFindings) {
+TEST_F(UnusableValuesTest, LightsAndPlanesAreIgnoredAndLimitedWithFindings) {
   const auto addOne = [this](double value) {
     auto& lights = scene.canvas().getLightingAttributes().getLights();
     lights.findOrCreate<lum::Light>(std::to_string(lights.getNodeCount())).setIntensity(value);
@@ -121,7 +121,7 @@ TEST_F(UnusableValues, LightsAndPlanesAreIgnoredAndLimitedWithFindings) {
   EXPECT_EQ(canvas.clipPlanes[0].normal, (Vector3{0, 0, 1}));
 }
 
-TEST_F(UnusableValues, MaterialsAreClamped) {
+TEST_F(UnusableValuesTest, MaterialsAreClamped) {
   auto& material = surface.getAttributes<lum::MaterialAttributes>();
   material.setAmbient(7);
   material.setDiffuse(NAN);
@@ -132,7 +132,7 @@ TEST_F(UnusableValues, MaterialsAreClamped) {
   EXPECT_EQ(meshes()[0].appearance, expected);
 }
 
-TEST_F(UnusableValues, CountsOfColorsAreClamped) {
+TEST_F(UnusableValuesTest, CountsOfColorsAreClamped) {
   auto& table =
       colorByArray(surface, "s", lum::DataLocation::CELLS, {0, 0, 1, 1, 0, 0.8, 0, 1, 0.8, 0, 0, 1});
   for (const auto& [count, colors] : {std::pair(-3, 256U), {0, 256}, {2, 2}, {1000000, 3}}) {
@@ -140,17 +140,21 @@ TEST_F(UnusableValues, CountsOfColorsAreClamped) {
     EXPECT_EQ(meshes()[0].scalars->table->rgba.size(), 4 * colors) << count;
     EXPECT_EQ(meshes()[0].scalars->table->rgba[2], 255) << "the low end is blue";
   }
+  EXPECT_THAT(meshes()[0].scalars->table->rgba,
+              testing::ElementsAre(0, 0, 255, 255, 0, 204, 0, 255, 204, 0, 0, 255));
 }
 
-TEST_F(UnusableValues, MissingArraysLeaveThePlainColor) {
+TEST_F(UnusableValuesTest, MissingArraysOrColormapsLeaveThePlainColor) {
   surface.getColorAttributes()->setColorMode(lum::ColorMode::DATA);
   EXPECT_FALSE(meshes()[0].scalars);
+  surface.getAttributes<lum::ScalarAttributes>().getDataArray().setDataArrayName("s");
+  EXPECT_FALSE(meshes()[0].scalars) << "no colormap is made up";
   colorByArray(surface, "gone", lum::DataLocation::CELLS);
   EXPECT_FALSE(meshes()[0].scalars);
   EXPECT_EQ(meshes()[0].color, (Vector3{1, 0, 0}));
 }
 
-TEST_F(UnusableValues, InvalidCellsAreNotDrawn) {
+TEST_F(UnusableValuesTest, InvalidCellsAreNotDrawn) {
   struct {
     const char* name;
     Cells cells;

@@ -21,7 +21,7 @@ namespace {
 using lum::SDBWriter;
 namespace fs = std::filesystem;
 
-TEST(Database, HoldsRecordsAndAppends) {
+TEST(DatabaseTest, HoldsRecordsAndAppends) {
   const TemporaryFolder folder;
   const auto path = wide(folder / "a.sdb");
   const Ptr<Node> nodes[] = {Ptr<Node>(makeScene()), Ptr<Node>(make<lum::Plane>()),
@@ -49,7 +49,7 @@ TEST(Database, HoldsRecordsAndAppends) {
   }
 }
 
-TEST(Database, RefusesGeometryThatDoesNotFitAndGraphsTooDeep) {
+TEST(DatabaseTest, RefusesGeometryThatDoesNotFitAndGraphsTooDeep) {
   const TemporaryFolder folder;
   const auto node = make<lum::PolyDataNode>("wing");
   node->setPolyData(makeGeometry(false));
@@ -61,7 +61,7 @@ TEST(Database, RefusesGeometryThatDoesNotFitAndGraphsTooDeep) {
 
 /// Only arrays of a name and of the same bytes are shared, and damage is noticed
 /// where there is an array to share.
-TEST(Database, SharesArraysThroughAPool) {
+TEST(DatabaseTest, SharesArraysThroughAPool) {
   const TemporaryFolder folder;
   const auto node = make<lum::PolyDataNode>();
   node->setPolyData(makePolyData(std::vector<std::array<float, 3>>(1000), {}));
@@ -96,7 +96,7 @@ mode_t modeOf(const fs::path& path) {
   return status.st_mode & 0777;
 }
 
-TEST(Database, LeavesTheOldFileUntilItCloses) {
+TEST(DatabaseTest, LeavesTheOldFileUntilItCloses) {
   const TemporaryFolder folder;
   const fs::path path = folder / "a.sdb";
   writeFile(path, "old");
@@ -114,7 +114,7 @@ TEST(Database, LeavesTheOldFileUntilItCloses) {
   EXPECT_EQ(countFiles(folder.path()), 1);
 }
 
-TEST(Database, KeepsPermissionsAndLinks) {
+TEST(DatabaseTest, KeepsPermissionsAndLinks) {
   const TemporaryFolder folder;
   const mode_t mask = umask(022);
   ASSERT_EQ(writeDatabase(folder / "new.sdb", *makeScene()), FileIoStatus::Success);
@@ -132,7 +132,7 @@ TEST(Database, KeepsPermissionsAndLinks) {
   EXPECT_EQ(readFile(folder / "later.sdb"), readFile(folder / "new.sdb"));
 }
 
-TEST(Database, RefusesTargetsThatItMustNotReplace) {
+TEST(DatabaseTest, RefusesTargetsThatItMustNotReplace) {
   const TemporaryFolder folder;
   writeFile(folder / "there.sdb", "old");
   SDBWriter writer;
@@ -153,7 +153,7 @@ TEST(Database, RefusesTargetsThatItMustNotReplace) {
   EXPECT_EQ(countFiles(folder.path()), 2);
 }
 
-TEST(Database, DiscardsAFileThatDoesNotFitOnTheDisk) {
+TEST(DatabaseTest, DiscardsAFileThatDoesNotFitOnTheDisk) {
   const TemporaryFolder folder;
   const auto scene = makeScene();
   ASSERT_EQ(writeDatabase(folder / "a.sdb", *scene), FileIoStatus::Success);

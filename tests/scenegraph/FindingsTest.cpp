@@ -17,7 +17,7 @@ const bool LOGGING = [] {
   return true;
 }();
 
-TEST(Findings, AreAllOnTheirPage) {
+TEST(FindingsTest, AreAllOnTheirPage) {
   std::string table = "| code | severity | meaning |\n|---|---|---|\n";
   for (const FindingKind& kind : findingKinds()) {
     table.append("| `").append(kind.name).append("` | ").append(severityName(kind.severity));
@@ -30,7 +30,7 @@ TEST(Findings, AreAllOnTheirPage) {
   EXPECT_TRUE(std::ranges::is_sorted(findingKinds(), {}, &FindingKind::name));
 }
 
-TEST(Findings, GoToTheSinkElseToTheLog) {
+TEST(FindingsTest, GoToTheSinkElseToTheLog) {
   std::vector<std::string> lines;
   Logger& logger = Logger::getSingleton();
   logger.setSink([&lines](const std::string& line) { lines.push_back(line); });

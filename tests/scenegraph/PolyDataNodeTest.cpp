@@ -45,7 +45,7 @@ TEST(PolyDataNodeTest, RefusesWhatItDoesNotKnow) {
   EXPECT_THROW(node->setPolyData(nullptr), InternalError);
   EXPECT_THROW(node->setCellDataArray(nullptr), InternalError);
   node->setAttachmentPoint({1.0, 2.0, 3.0}, 0);
-  EXPECT_EQ(node->getAttachmentPoint(), (Vector<3, double>{1.0, 2.0, 3.0}));
+  EXPECT_EQ(node->getAttachmentPoint(), (Vector3{1.0, 2.0, 3.0}));
   EXPECT_EQ(node->getPolyData()->GetNumberOfPoints(), 0);
 }
 

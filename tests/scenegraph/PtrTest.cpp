@@ -55,14 +55,6 @@ TEST(PtrTest, EveryAccessIsChecked) {
   }
 }
 
-TEST(PtrTest, AWeakPointerForgetsWhatIsGone) {
-  lum::Ptr<Link> owner(new Link);
-  const lum::WeakPtr<Link> weak(owner.get());
-  EXPECT_EQ(weak.get(), owner.get());
-  owner = nullptr;
-  EXPECT_EQ(weak.get(), nullptr);
-}
-
 TEST(PtrTest, ALongChainIsTornDownOnASmallStack) {
   lum::Ptr<Link> head(new Link);
   Link* last = head.get();

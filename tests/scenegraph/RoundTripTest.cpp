@@ -37,23 +37,24 @@ struct Way {
 };
 
 /// What a graph has to keep on every way that it can be saved or sent.
-class RoundTrip : public testing::TestWithParam<Way> {
+class RoundTripTest : public testing::TestWithParam<Way> {
  protected:
   static Ptr<Node> carry(Node& node) { return GetParam().carry(node); }
 };
 
-TEST_P(RoundTrip, KeepsEveryFieldOfEveryClass) {
+TEST_P(RoundTripTest, KeepsEveryFieldOfEveryClass) {
   for (const std::string& name : lum::getNodeClassNames()) {
     SCOPED_TRACE(name);
     const Ptr<Node> fresh = lum::createNode(lum::ClassNameNodeInitializer(name));
     const Ptr<Node> node = lum::createNode(lum::ClassNameNodeInitializer(name));
+    EXPECT_EQ(node->className(), name);
     putUnusualValuesInto(*node);
     EXPECT_NE(firstDifference(*fresh, *node), "");
     EXPECT_EQ(firstDifference(*node, *carry(*node)), "");
   }
 }
 
-TEST_P(RoundTrip, KeepsReferencesSharedArraysAndCells) {
+TEST_P(RoundTripTest, KeepsReferencesSharedArraysAndCells) {
   const auto scene = makeScene();
   const Ptr<lum::SceneNode> read(carry(*scene));
   EXPECT_EQ(firstDifference(*scene, *read), "");
@@ -67,7 +68,7 @@ TEST_P(RoundTrip, KeepsReferencesSharedArraysAndCells) {
 }
 
 /// Larger than the blocks in which files are written and read.
-TEST_P(RoundTrip, KeepsLargeArrays) {
+TEST_P(RoundTripTest, KeepsLargeArrays) {
   constexpr std::size_t POINTS = 300'000;
   std::vector<std::array<float, 3>> points(POINTS);
   std::vector<unsigned char> values(POINTS);
@@ -81,14 +82,14 @@ TEST_P(RoundTrip, KeepsLargeArrays) {
   EXPECT_EQ(firstDifference(*node, *carry(*node)), "");
 }
 
-TEST_P(RoundTrip, GoesToTheGreatestDepthOnASmallStack) {
+TEST_P(RoundTripTest, GoesToTheGreatestDepthOnASmallStack) {
   runOnSmallStack([] {
     const Ptr<Node> deepest = makeChain(Node::MAX_DEPTH);
     EXPECT_EQ(firstDifference(*deepest, *carry(*deepest)), "");
   });
 }
 
-INSTANTIATE_TEST_SUITE_P(Ways, RoundTrip,
+INSTANTIATE_TEST_SUITE_P(Ways, RoundTripTest,
                          testing::Values(Way{"Database", &throughADatabase},
                                          Way{"Streams", [](Node& node) { return throughStreams(node); }}),
                          [](const auto& way) { return std::string(way.param.name); });
@@ -96,7 +97,7 @@ INSTANTIATE_TEST_SUITE_P(Ways, RoundTrip,
 /// The file is as the first release wrote it, and stays so: scenes that people
 /// have kept are read by every later version. It is written the same way, too,
 /// its arrays on boundaries of 64 bytes.
-TEST(VersionOne, IsReadAndWrittenAsByTheFirstRelease) {
+TEST(VersionOneTest, IsReadAndWrittenAsByTheFirstRelease) {
   const TemporaryFolder folder;
   const Ptr<Node> read = readDatabase(testData("version-1.sdb"));
   expectGraph(*read, "version-1.json");

@@ -38,7 +38,7 @@ Payload payloadOf(const Node& node) {
   return Payload(out);
 }
 
-TEST(Stream, TakesDataInAnyOrderAndKeepsTheSceneForItsSession) {
+TEST(StreamTest, TakesDataInAnyOrderAndKeepsTheSceneForItsSession) {
   const auto scene = makeScene();
   Payload payload = payloadOf(*scene);
   std::ranges::reverse(payload.data);
@@ -57,16 +57,7 @@ TEST(Stream, TakesDataInAnyOrderAndKeepsTheSceneForItsSession) {
   EXPECT_FALSE(root);
 }
 
-TEST(Stream, CarriesSeveralScenes) {
-  NodeOutputStream out;
-  makeScene()->write(out);
-  makeScene()->write(out);
-  NodeInputStream in(lum::NO_SESSION);
-  EXPECT_EQ(load(Payload(out), in), 0);
-  EXPECT_EQ(in.getRoots().size(), 2U);
-}
-
-TEST(Stream, LeavesGeometryEmptyWhenItsDataIsMissing) {
+TEST(StreamTest, LeavesGeometryEmptyWhenItsDataIsMissing) {
   Payload payload = payloadOf(*makeScene());
   // The points that the first two geometries share; then one damaged, one
   // twice, one of another scene, nothing.
@@ -87,7 +78,7 @@ TEST(Stream, LeavesGeometryEmptyWhenItsDataIsMissing) {
   EXPECT_NE(surface.find<lum::PolyDataNode>("wide")->getPolys(), nullptr);
 }
 
-TEST(Stream, RefusesEveryPrefixAndEveryWrongByte) {
+TEST(StreamTest, RefusesEveryPrefixAndEveryWrongByte) {
   const Payload payload = payloadOf(*makeScene());
   const auto isRead = [](const std::string& scene) {
     NodeInputStream stream(lum::NO_SESSION);
@@ -121,7 +112,7 @@ TEST(Stream, RefusesEveryPrefixAndEveryWrongByte) {
   }
 }
 
-TEST(Stream, CarriesOnlyWhatChanged) {
+TEST(StreamTest, CarriesOnlyWhatChanged) {
   const auto scene = makeScene();
   auto& drawables = scene->getModelCanvas().getDrawableCollection();
   auto& surface = surfaceOf(*scene);
@@ -177,7 +168,7 @@ TEST(Stream, CarriesOnlyWhatChanged) {
   }
 }
 
-TEST(Stream, StreamsAreReadOrWriteOnly) {
+TEST(StreamTest, StreamsAreReadOrWriteOnly) {
   NodeOutputStream out;
   NodeInputStream in(lum::NO_SESSION);
   std::istringstream text("text");

@@ -39,8 +39,8 @@ class UnusualValues {
   }
   void operator()(std::vector<double>* value) const { *value = {0.1, std::nan("7"), 5e-324}; }
   void operator()(std::optional<double>* value) const { *value = 0.0; }
-  void operator()(std::optional<Vector<3, double>>* value) const { *value = {{0.0, -0.0, 1e308}}; }
-  void operator()(std::map<std::string, Vector<3, double>>* value) const {
+  void operator()(std::optional<Vector3>* value) const { *value = {{0.0, -0.0, 1e308}}; }
+  void operator()(std::map<std::string, Vector3>* value) const {
     *value = {{"", {}}, {"\xff", {1.0, 2.0, 3.0}}, {"a", {0.5, -0.0, 0.0}}};
   }
   // Poly data must fit together: see `makeGeometry`.

@@ -24,7 +24,7 @@ lum::DrawableCollection& SceneBuilder::collectionIn(lum::DrawableCollection& own
   return owner.findOrCreate<lum::DrawableCollection>("collection " + std::to_string(owner.getNodeCount()));
 }
 
-void SceneBuilder::clip(const Vector<3, double>& normal, const Vector<3, double>& origin) {
+void SceneBuilder::clip(const Vector3& normal, const Vector3& origin) {
   const auto plane = make<lum::Plane>();
   plane->setNormal(normal);
   plane->setOrigin(origin);

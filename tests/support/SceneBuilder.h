@@ -32,7 +32,7 @@ namespace vemo {
 /// projection: x to the right, y upwards, both from -1 to 1 over the canvas.
 class SceneBuilder {
  public:
-  using Color = Vector<3, double>;
+  using Color = Vector3;
 
   SceneBuilder();
 
@@ -67,7 +67,7 @@ class SceneBuilder {
   lum::DrawableCollection& collectionIn(lum::DrawableCollection& owner);
 
   /// Cuts away what lies behind a plane.
-  void clip(const Vector<3, double>& normal, const Vector<3, double>& origin);
+  void clip(const Vector3& normal, const Vector3& origin);
 
  private:
   lum::Ptr<lum::SceneNode> _node = make<lum::SceneNode>();

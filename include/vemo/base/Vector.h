@@ -5,6 +5,7 @@
 #include <cmath>
 #include <compare>
 #include <cstddef>
+#include <optional>
 #include <ostream>
 #include <type_traits>
 #include <utility>
@@ -113,6 +114,16 @@ requires std::is_floating_point_v<T> Vector<N, T> normalized(const Vector<N, T>&
     return {};
   }
   return Vector<N, T>::combine(vector, vector, [norm](T x, T) { return x / norm; });
+}
+
+/// Of the same direction, with length 1; nothing unless the length is finite and
+/// not zero.
+inline std::optional<Vector3> unitVector(const Vector3& vector) {
+  const double norm = length(vector);
+  if (!std::isfinite(norm) || norm == 0.0) {
+    return std::nullopt;
+  }
+  return normalized(vector);
 }
 
 }  // namespace vemo

@@ -61,7 +61,7 @@ class VEMO_RENDER_EXPORT SceneRenderer {
   void outline(const lum::Drawable* drawable);
 
   /// Marks a point of the model; std::nullopt removes the mark.
-  void mark(const std::optional<Vector<3, double>>& point);
+  void mark(const std::optional<Vector3>& point);
 
   /// Whether box and mark are drawn.
   void showHighlight(bool isShown);

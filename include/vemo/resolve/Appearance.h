@@ -26,7 +26,7 @@ struct Appearance {
   /// Whether the canvas's clipping planes cut it.
   bool isClipped = true;
   /// Red, green, blue in 0..1.
-  Vector<3, double> edgeColor;
+  Vector3 edgeColor;
   /// In 0..1; of edges and contour.
   double edgeOpacity = 1.0;
   /// In 0..1; of everything else.

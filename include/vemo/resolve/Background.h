@@ -9,19 +9,19 @@ namespace vemo {
 
 /// Colours are red, green, blue in 0..1.
 struct SolidBackground {
-  Vector<3, double> color;
+  Vector3 color;
 };
 
 /// Colours of the corners, blended between them: lower left, lower right, upper
 /// right, upper left.
 struct LinearBackground {
-  std::array<Vector<3, double>, 4> corners;
+  std::array<Vector3, 4> corners;
 };
 
 /// From the centre outwards to the corners.
 struct RadialBackground {
-  Vector<3, double> center;
-  Vector<3, double> corners;
+  Vector3 center;
+  Vector3 corners;
 };
 
 /// What fills the whole window behind everything else.

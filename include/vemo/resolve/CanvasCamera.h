@@ -10,9 +10,9 @@ namespace vemo {
 struct CanvasCamera {
   /// The view-up is a unit vector that is not parallel to the direction of view.
   struct Viewpoint {
-    Vector<3, double> position;
-    Vector<3, double> focalPoint;
-    Vector<3, double> viewUp;
+    Vector3 position;
+    Vector3 focalPoint;
+    Vector3 viewUp;
   };
 
   /// Without one, everything visible is framed, seen against the z axis.

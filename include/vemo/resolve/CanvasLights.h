@@ -9,7 +9,7 @@ namespace vemo {
 /// A light at infinity that moves with the camera.
 struct DirectionalLight {
   /// Red, green, blue.
-  Vector<3, double> color;
+  Vector3 color;
   double intensity = 1.0;
   /// To the right of the viewer, and upwards, in degrees.
   double azimuth = 0.0;

@@ -12,9 +12,9 @@ inline constexpr std::size_t HARDWARE_CLIP_PLANES = 6;
 
 /// Keeps what lies on the side that its normal points to.
 struct ClipPlane {
-  Vector<3, double> origin;
+  Vector3 origin;
   /// A unit vector, or zero as in the scene.
-  Vector<3, double> normal;
+  Vector3 normal;
 };
 
 }  // namespace vemo

@@ -64,7 +64,7 @@ struct TextDecoration {
   std::string text;
   bool isInModel = false;
   /// In the model, where it is never covered, or in the window.
-  Vector<3, double> position;
+  Vector3 position;
   /// Which point of the text is at the position.
   Horizontal horizontal = Horizontal::LEFT;
   Vertical vertical = Vertical::BOTTOM;
@@ -81,9 +81,9 @@ struct ImageDecoration {
   vtkSmartPointer<vtkDataArray> pixels;
   bool isInModel = false;
   /// The lower left corner, and the edges that start there.
-  Vector<3, double> corner;
-  Vector<3, double> xAxis;
-  Vector<3, double> yAxis;
+  Vector3 corner;
+  Vector3 xAxis;
+  Vector3 yAxis;
   /// Of an image in the model, and whether the canvas's clipping planes apply to it.
   std::optional<InstanceTransform> transform;
   bool isClipped = false;
@@ -98,8 +98,8 @@ struct TriadDecoration {
   using Camera = std::variant<std::size_t, CanvasCamera>;
 
   /// Directions of x, y and z; unit vectors.
-  std::array<Vector<3, double>, 3> axes;
-  Vector<3, double> position;
+  std::array<Vector3, 3> axes;
+  Vector3 position;
   /// Whether its size on the screen is constant: each axis three times as long
   /// as a label is high. Otherwise axes have a length of 1.5 in the model.
   bool hasScreenSize = true;

@@ -19,8 +19,7 @@ using InstanceTransforms = std::vector<InstanceTransform>;
 using SharedInstanceTransforms = std::shared_ptr<const InstanceTransforms>;
 
 /// A transformed point; null is the identity.
-VEMO_RESOLVE_EXPORT Vector<3, double> transformedPoint(const InstanceTransform* transform,
-                                                       const Vector<3, double>& point);
+VEMO_RESOLVE_EXPORT Vector3 transformedPoint(const InstanceTransform* transform, const Vector3& point);
 
 /// Calls visit(const InstanceTransform*) for each instance, with null for one
 /// that is not transformed.

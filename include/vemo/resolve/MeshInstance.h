@@ -41,7 +41,7 @@ struct MeshInstance {
   Appearance appearance;
   /// Red, green, blue in 0..1: the colour of the whole mesh unless there are
   /// scalars.
-  Vector<3, double> color;
+  Vector3 color;
   std::optional<ScalarColoring> scalars;
   SharedInstanceTransforms transforms;
 };

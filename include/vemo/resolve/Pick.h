@@ -22,8 +22,8 @@ struct Pick {
   /// The index of the cell's point nearest to the position.
   vtkIdType point = 0;
   /// The position itself, and that of the point: in the model, after transforms.
-  Vector<3, double> position;
-  Vector<3, double> pointPosition;
+  Vector3 position;
+  Vector3 pointPosition;
 };
 
 }  // namespace vemo

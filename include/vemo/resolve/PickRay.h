@@ -13,10 +13,10 @@ struct PickView {
   /// The canvas's part of the window, in pixels.
   Vector<2, double> lowerLeft;
   Vector<2, double> size;
-  Vector<3, double> position;
+  Vector3 position;
   /// The unit vector of the direction of view.
-  Vector<3, double> forward;
-  Vector<3, double> viewUp;
+  Vector3 forward;
+  Vector3 viewUp;
   bool isParallel = false;
   /// Half the height of what a parallel camera sees.
   double parallelScale = 1.0;
@@ -27,9 +27,9 @@ struct PickView {
 /// The ray behind a pixel, from the viewer's eye into the model, and the size
 /// of a pixel along it.
 struct VEMO_RESOLVE_EXPORT PickRay {
-  Vector<3, double> origin;
+  Vector3 origin;
   /// A unit vector.
-  Vector<3, double> direction;
+  Vector3 direction;
   /// The size of a pixel at the origin, and how much it grows with each unit of
   /// length along the ray.
   double pixelAtOrigin = 0.0;
@@ -39,7 +39,7 @@ struct VEMO_RESOLVE_EXPORT PickRay {
   /// for one outside the view.
   static std::optional<PickRay> through(const PickView& view, const Vector<2, double>& pixel);
 
-  Vector<3, double> at(double distance) const {
+  Vector3 at(double distance) const {
     return {origin[0] + distance * direction[0], origin[1] + distance * direction[1],
             origin[2] + distance * direction[2]};
   }

@@ -21,7 +21,7 @@ namespace lum {
 
 using vemo::Vector;
 using Vector2 = Vector<2, double>;
-using Vector3 = Vector<3, double>;
+using vemo::Vector3;
 using Vector4 = Vector<4, double>;
 
 class CollectionNode;

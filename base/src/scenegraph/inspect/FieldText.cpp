@@ -31,7 +31,7 @@ bool isColorName(std::string_view field) {
   return field.find("color") != std::string_view::npos || field.find("Color") != std::string_view::npos;
 }
 
-bool isColor(std::string_view field, const Vector<3, double>& value) {
+bool isColor(std::string_view field, const Vector3& value) {
   const auto isChannel = [](double channel) { return channel >= 0.0 && channel <= 1.0; };
   return isColorName(field) && std::ranges::all_of(value, isChannel);
 }
@@ -60,7 +60,7 @@ class Describer {
   std::string operator()(const Vector<N, double>* vector) const {
     return describeNumbers(*vector);
   }
-  std::string operator()(const Vector<3, double>* vector) const {
+  std::string operator()(const Vector3* vector) const {
     if (!isColor(_field, *vector)) {
       return describeNumbers(*vector);
     }
@@ -77,7 +77,7 @@ class Describer {
   std::string operator()(const std::optional<T>* optional) const {
     return optional->has_value() ? (*this)(&**optional) : std::string();
   }
-  std::string operator()(const std::map<std::string, Vector<3, double>>* table) const {
+  std::string operator()(const std::map<std::string, Vector3>* table) const {
     constexpr std::size_t FEW = 4;
     std::vector<std::string> texts;
     for (const auto& [key, value] : *table) {

@@ -38,7 +38,7 @@ struct SharedBySiblings {
 
   /// Whether the item is in a hidden assembly whose collection is visible
   /// because other items share it: each item is then hidden individually.
-  bool hidesEach = false;
+  bool hidesItemsIndividually = false;
 };
 
 }  // namespace vemo

@@ -43,7 +43,7 @@ vtkSmartPointer<vtkLookupTable> makeVtkLookupTable(const ColorTable& table) {
   return makeVtkLookupTable(table.rgba, widened(table.range), table.isLog10);
 }
 
-void setVtkPlane(vtkPlane& plane, const Vector<3, double>& origin, const Vector<3, double>& normal) {
+void setVtkPlane(vtkPlane& plane, const Vector3& origin, const Vector3& normal) {
   plane.SetOrigin(origin.data());
   plane.SetNormal(normal.data());
 }

@@ -29,7 +29,6 @@ VEMO_COMMON_EXPORT vtkSmartPointer<vtkLookupTable> makeVtkLookupTable(std::span<
 VEMO_COMMON_EXPORT vtkSmartPointer<vtkLookupTable> makeVtkLookupTable(const ColorTable& table);
 
 /// Clipping by the plane keeps the side that the normal points to.
-VEMO_COMMON_EXPORT void setVtkPlane(vtkPlane& plane, const Vector<3, double>& origin,
-                                    const Vector<3, double>& normal);
+VEMO_COMMON_EXPORT void setVtkPlane(vtkPlane& plane, const Vector3& origin, const Vector3& normal);
 
 }  // namespace vemo

@@ -1,6 +1,6 @@
 #include "vemoview/render/draw/Background.h"
 #include "vemoview/render/draw/CanvasLayer.h"
-#include "vemoview/render/draw/Highlight.h"
+#include "vemoview/render/draw/SelectionHighlight.h"
 #include <vemo/render/SceneRenderer.h>
 #include <vemo/resolve/SceneResolver.h>
 
@@ -58,7 +58,7 @@ struct SceneRenderer::State {
   void addLayer(ResolvedCanvas canvas);
   Renderers renderers() const;
   void setSamples();
-  Highlight* ensureHighlight();
+  SelectionHighlight* ensureHighlight();
 
   SceneResolver resolver;
   vtkSmartPointer<vtkRenderer> background = vtkSmartPointer<vtkRenderer>::New();
@@ -67,7 +67,7 @@ struct SceneRenderer::State {
   CanvasCameras cameras;
   /// Null when the scene has no model.
   CanvasLayer* model = nullptr;
-  std::unique_ptr<Highlight> highlight;
+  std::unique_ptr<SelectionHighlight> highlight;
   vtkWeakPointer<vtkRenderWindow> window;
   int samples = 0;
   double pixelScale = 1.0;
@@ -169,9 +169,9 @@ std::optional<Pick> SceneRenderer::pick(const Vector<2, double>& pixel) {
 }
 
 /// Null without a model.
-Highlight* SceneRenderer::State::ensureHighlight() {
+SelectionHighlight* SceneRenderer::State::ensureHighlight() {
   if (highlight == nullptr && model != nullptr) {
-    highlight = std::make_unique<Highlight>(model->getRenderer());
+    highlight = std::make_unique<SelectionHighlight>(model->getRenderer());
     highlight->scalePixels(pixelScale);
     if (window != nullptr) {
       const int layer = window->GetNumberOfLayers();
@@ -184,13 +184,13 @@ Highlight* SceneRenderer::State::ensureHighlight() {
 }
 
 void SceneRenderer::outline(const lum::Drawable* drawable) {
-  if (Highlight* const highlight = _state->ensureHighlight()) {
+  if (SelectionHighlight* const highlight = _state->ensureHighlight()) {
     highlight->outline(drawable != nullptr ? _state->model->boundsOf(visibleParts(*drawable)) : Box());
   }
 }
 
-void SceneRenderer::mark(const std::optional<Vector<3, double>>& point) {
-  if (Highlight* const highlight = _state->ensureHighlight()) {
+void SceneRenderer::mark(const std::optional<Vector3>& point) {
+  if (SelectionHighlight* const highlight = _state->ensureHighlight()) {
     highlight->mark(point);
   }
 }

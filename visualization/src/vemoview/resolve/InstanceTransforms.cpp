@@ -4,7 +4,7 @@
 
 namespace vemo {
 
-Vector<3, double> transformedPoint(const InstanceTransform* transform, const Vector<3, double>& point) {
+Vector3 transformedPoint(const InstanceTransform* transform, const Vector3& point) {
   if (transform == nullptr) {
     return point;
   }

@@ -55,7 +55,7 @@ void SceneView::followVisibility() {
   draw();
 }
 
-void SceneView::highlight(const lum::Drawable* drawable, const std::optional<Vector<3, double>>& point) {
+void SceneView::highlight(const lum::Drawable* drawable, const std::optional<Vector3>& point) {
   makeCurrent();
   _scene.outline(drawable);
   _scene.mark(point);

@@ -39,7 +39,7 @@ class VEMO_WINDOW_EXPORT SceneView final : public QVTKOpenGLNativeWidget {
 
   /// Outlines a drawable of the model and marks a point of it, instead of those
   /// highlighted before.
-  void highlight(const lum::Drawable* drawable, const std::optional<Vector<3, double>>& point = {});
+  void highlight(const lum::Drawable* drawable, const std::optional<Vector3>& point = {});
 
   /// Restores the initial view of the model.
   void resetView();

@@ -19,7 +19,7 @@ namespace vemo {
 namespace {
 
 /// With the digits that coordinates in single precision have.
-QString positionText(const Vector<3, double>& position) {
+QString positionText(const Vector3& position) {
   return QString::fromStdString(
       fmt::format("({:.9g}, {:.9g}, {:.9g})", position[0], position[1], position[2]));
 }

@@ -56,7 +56,7 @@ void FieldReader::operator()(std::vector<double>* value) {
   }
 }
 
-void FieldReader::operator()(std::map<std::string, Vector<3, double>>* value) {
+void FieldReader::operator()(std::map<std::string, Vector3>* value) {
   value->clear();
   for (std::size_t count = _in.count("keys", 1 + 3 * sizeof(double)); count > 0; --count) {
     const std::string& key = readString();

@@ -44,7 +44,7 @@ class FieldReader {
       (*this)(&value->emplace());
     }
   }
-  void operator()(std::map<std::string, Vector<3, double>>* value);
+  void operator()(std::map<std::string, Vector3>* value);
   // Arrays are bound later: their chunks are noted.
   void operator()(vtkSmartPointer<vtkDataArray>* value);
   void operator()(vtkSmartPointer<vtkCellArray>* value);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "geometry/CellValidator.h"
+#include "geometry/PolyDataValidator.h"
 
 #include <string>
 
@@ -12,19 +12,16 @@ class Node;
 
 namespace lum::io {
 
-/// Whether the arrays of poly data fit each other, so that VTK, which trusts
-/// its input, may be given them. The arrays must outlive the check, unchanged.
+/// Refuses poly data that does not fit together when nodes are written or read.
+/// The arrays must outlive the check, unchanged.
 class PolyDataCheck {
  public:
-  /// What is wrong with a node's poly data: points that do not have three
-  /// coordinates; cells with too few points, or with indices outside the
-  /// points; data arrays that do not have one tuple for each point or cell, or
-  /// share a name. Empty for valid poly data, or for a node that is not a
-  /// PolyDataNode.
+  /// What is wrong with a node's poly data. Empty for valid poly data, or for a
+  /// node that is not a PolyDataNode.
   std::string findFault(const Node& node);
 
  private:
-  vemo::CellValidator _cells;
+  vemo::PolyDataValidator _validator;
 };
 
 }  // namespace lum::io

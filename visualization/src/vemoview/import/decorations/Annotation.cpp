@@ -50,7 +50,7 @@ void Annotation::addToCollection(SharedBySiblings& shared, lum::DrawableCollecti
   const bool inWindow = _mode == lum::CoordinateSpace::WINDOW;
   auto& drawable = addDrawable<lum::TextDrawable>(
       getName(), inWindow ? shared.sceneNode->getForegroundCanvas().getDrawableCollection() : collection);
-  addVisibilityAttrib(drawable, inWindow ? shared.isHidden : shared.hidesEach);
+  addVisibilityAttrib(drawable, inWindow ? shared.isHidden : shared.hidesItemsIndividually);
   drawable.getPositionAttributes().setPosition(_position, false);
   lum::AnnotationAttributes& attributes = drawable.getAnnotationAttributes();
   attributes.setText(_text);

@@ -54,7 +54,7 @@ lum::TriadDrawable& CoordinateSystemItem::openTriad(const SharedBySiblings& shar
   if (found == nullptr) {
     return collection.findOrCreate<lum::TriadDrawable>(getName());
   }
-  const bool isHidden = hasHiddenItems() || shared.hidesEach;
+  const bool isHidden = hasHiddenItems() || shared.hidesItemsIndividually;
   if (found->getBaseAttributes().getVisibility() == isHidden) {
     return addDrawable<lum::TriadDrawable>(getName(), collection);
   }
@@ -68,7 +68,7 @@ void CoordinateSystemItem::addToCollection(SharedBySiblings& shared, lum::Drawab
   VEMO_LOG_INFO("***** CoordinateSystemItem::addToCollection is being added *****");
   lum::TriadDrawable& triad = openTriad(shared, collection);
   triad.getPositionAttributes().setPosition(_origin, false);
-  addVisibilityAttrib(triad, shared.hidesEach);
+  addVisibilityAttrib(triad, shared.hidesItemsIndividually);
 
   lum::OrientationAttributes& orientation = triad.getOrientationAttributes();
   orientation.setForwardVector(getZAxis());

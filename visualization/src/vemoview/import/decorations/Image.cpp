@@ -131,7 +131,7 @@ void Image::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& c
   const bool inWindow = _space == lum::CoordinateSpace::WINDOW;
   auto& drawable = addDrawable<lum::ImageDrawable>(
       getName(), inWindow ? shared.sceneNode->getForegroundCanvas().getDrawableCollection() : collection);
-  addVisibilityAttrib(drawable, inWindow ? shared.isHidden : shared.hidesEach);
+  addVisibilityAttrib(drawable, inWindow ? shared.isHidden : shared.hidesItemsIndividually);
   drawable.getPositionAttributes().setPosition(_corner, false);
   // A host may show a hidden item again.
   drawable.getColorAttributes()->setOpacity(hasHiddenItems() ? _opacity : _opacity * getVisibility(), false);

@@ -293,7 +293,7 @@ void GeometryItem::addToCollection(SharedBySiblings& shared, lum::DrawableCollec
   if (const auto* const other = collection.find<lum::DrawableCollection>(getName())) {
     reportSharedTransform(shared.context, *other, false);
   }
-  const bool isHidden = hasHiddenItems() || shared.hidesEach;
+  const bool isHidden = hasHiddenItems() || shared.hidesItemsIndividually;
   lum::DrawableCollection& own = shareCollection(collection, getName(), isHidden);
   const bool hidesDrawable = isVisible(own) ? isHidden : hasHiddenItems();
   logContents(level);

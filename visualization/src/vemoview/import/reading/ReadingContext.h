@@ -90,7 +90,7 @@ class VEMO_IMPORT_EXPORT ReadingContext {
   /// Calls the function. Failures are thrown with the item in which they
   /// occurred.
   template <class Function>
-  void namingFailures(Function&& function) {
+  void callAndLocateFailures(Function&& function) {
     try {
       function();
     } catch (Exception& exception) {

@@ -116,7 +116,7 @@ lum::DrawableCollection* AssemblyItem::processChildren(SharedBySiblings& shared,
 
 lum::DrawableCollection& AssemblyItem::openCollection(SharedBySiblings& shared,
                                                       lum::DrawableCollection& parent) const {
-  const bool isHidden = GraphicsItem::hasHiddenItems() || shared.hidesEach;
+  const bool isHidden = GraphicsItem::hasHiddenItems() || shared.hidesItemsIndividually;
   auto* const other = parent.find<lum::DrawableCollection>(getName());
   if (other != nullptr) {
     reportSharing(shared, *other);
@@ -125,7 +125,7 @@ lum::DrawableCollection& AssemblyItem::openCollection(SharedBySiblings& shared,
   if (other == nullptr) {
     addVisibilityAttrib(target, isHidden);
   }
-  shared.hidesEach = isHidden && isVisible(target);
+  shared.hidesItemsIndividually = isHidden && isVisible(target);
   return target;
 }
 
@@ -134,13 +134,13 @@ void AssemblyItem::addToCollection(SharedBySiblings& shared, lum::DrawableCollec
   logConversion();
   const Colormap* const outer = shared.colormap;
   const bool isOuterHidden = shared.isHidden;
-  const bool hidesEachOuter = shared.hidesEach;
+  const bool outerHidesIndividually = shared.hidesItemsIndividually;
   if (outer == nullptr) {
     shared.colormap = getActiveColormap();
   }
   shared.isHidden = isOuterHidden || GraphicsItem::hasHiddenItems();
   // At level 0 the collection is the caller's, which is not hidden.
-  shared.hidesEach = hidesEachOuter || (level == 0 && shared.isHidden);
+  shared.hidesItemsIndividually = outerHidesIndividually || (level == 0 && shared.isHidden);
   lum::DrawableCollection* const target = processChildren(shared, collection, level, level == 1);
   if (target != nullptr) {
     convertExtras(shared, *target, level, outer != nullptr);
@@ -149,7 +149,7 @@ void AssemblyItem::addToCollection(SharedBySiblings& shared, lum::DrawableCollec
   }
   shared.colormap = outer;
   shared.isHidden = isOuterHidden;
-  shared.hidesEach = hidesEachOuter;
+  shared.hidesItemsIndividually = outerHidesIndividually;
 }
 
 void AssemblyItem::reportEmpty(const SharedBySiblings& shared) const {

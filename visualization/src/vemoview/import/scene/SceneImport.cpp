@@ -139,7 +139,7 @@ lum::SceneNode& SceneImport::convert() {
                    "The archive holds a scene graph, which is used instead of the items of the description");
     _sceneNode = decode(*_scene, _session.open());
   } else {
-    _reader.namingFailures([this] { _sceneNode = convertItems(*_scene, _reader); });
+    _reader.callAndLocateFailures([this] { _sceneNode = convertItems(*_scene, _reader); });
   }
   VEMO_REQUIRE(_sceneNode, "The scene node is expected to be created by this moment");
   return *_sceneNode;

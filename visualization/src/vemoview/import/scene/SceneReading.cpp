@@ -60,7 +60,7 @@ void SceneFileReader::readItems(Scene& scene) {
 std::unique_ptr<Scene>& SceneFileReader::read(std::unique_ptr<Scene>& result) {
   result = std::make_unique<Scene>(std::string());
   reportDirectory(*this);
-  namingFailures([&] { readItems(*result); });
+  callAndLocateFailures([&] { readItems(*result); });
   VEMO_LOG_INFO("SceneFileReader::read: " << getArchive().getEntryCount() << " entries found inside");
   readPayload(*result, *this);
   reportUnreadContent(*_description, *this);

@@ -96,7 +96,7 @@ void TextLabel::moveTo(const Vector<2, double>& pixel) {
   }
 }
 
-void TextLabel::moveTo(const Vector<3, double>& point, vtkRenderer& renderer) {
+void TextLabel::moveTo(const Vector3& point, vtkRenderer& renderer) {
   if (const auto pixel = project(renderer, point)) {
     moveTo(*pixel);
   } else {

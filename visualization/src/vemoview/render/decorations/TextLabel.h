@@ -35,7 +35,7 @@ class TextLabel {
   void moveTo(const Vector<2, double>& pixel);
 
   /// To a point of the model; hidden when that lies behind the viewer.
-  void moveTo(const Vector<3, double>& point, vtkRenderer& renderer);
+  void moveTo(const Vector3& point, vtkRenderer& renderer);
 
   /// The width and height of what is written, in pixels.
   Vector<2, double> getSize(vtkRenderer& renderer) const;

@@ -21,7 +21,7 @@ namespace vemo {
 
 namespace {
 
-using Color = Vector<3, double>;
+using Color = Vector3;
 
 /// Corners with colours, in coordinates that go from -1 to 1 over the renderer
 /// in both directions.

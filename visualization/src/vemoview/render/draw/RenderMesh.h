@@ -23,7 +23,7 @@ struct RenderMesh {
 
   vtkSmartPointer<vtkPolyData> geometry;
   Appearance appearance;
-  Vector<3, double> color;
+  Vector3 color;
   std::optional<Scalars> scalars;
   SharedInstanceTransforms transforms;
   /// Whether it is lines that lie on faces, and must not sink into them.

@@ -21,7 +21,7 @@ double windowHeight(vtkRenderer& renderer) {
   return renderer.GetRenderWindow() != nullptr ? renderer.GetRenderWindow()->GetSize()[1] : 0.0;
 }
 
-std::optional<Vector<2, double>> project(vtkRenderer& renderer, const Vector<3, double>& point) {
+std::optional<Vector<2, double>> project(vtkRenderer& renderer, const Vector3& point) {
   Vector<4, double> place{point[0], point[1], point[2], 1.0};
   renderer.GetActiveCamera()
       ->GetCompositeProjectionTransformMatrix(renderer.GetTiledAspectRatio(), -1.0, 1.0)
@@ -35,7 +35,7 @@ std::optional<Vector<2, double>> project(vtkRenderer& renderer, const Vector<3, 
   return std::isfinite(pixel[0]) && std::isfinite(pixel[1]) ? std::optional(pixel) : std::nullopt;
 }
 
-double pixelsPerUnit(vtkRenderer& renderer, const Vector<3, double>& point) {
+double pixelsPerUnit(vtkRenderer& renderer, const Vector3& point) {
   vtkCamera& camera = *renderer.GetActiveCamera();
   double halfHeight = camera.GetParallelScale();
   if (camera.GetParallelProjection() == 0) {

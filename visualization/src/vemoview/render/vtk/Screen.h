@@ -19,11 +19,11 @@ double windowHeight(vtkRenderer& renderer);
 
 /// The pixel, from the lower left corner of the renderer's part of the window,
 /// at which a point of the model is seen; nothing for a point behind the viewer.
-std::optional<Vector<2, double>> project(vtkRenderer& renderer, const Vector<3, double>& point);
+std::optional<Vector<2, double>> project(vtkRenderer& renderer, const Vector3& point);
 
 /// How many pixels a unit of length has at a point of the model; 0 for a point
 /// behind the viewer.
-double pixelsPerUnit(vtkRenderer& renderer, const Vector<3, double>& point);
+double pixelsPerUnit(vtkRenderer& renderer, const Vector3& point);
 
 /// The view through which a user sees a renderer's scene.
 PickView pickViewOf(vtkRenderer& renderer);

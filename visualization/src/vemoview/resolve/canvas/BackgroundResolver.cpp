@@ -11,7 +11,7 @@ namespace vemo {
 
 namespace {
 
-using Color = Vector<3, double>;
+using Color = Vector3;
 using Mode = lum::BackgroundColorModes;
 
 LinearBackground resolveLinear(Mode mode, const Color& color1, const Color& color2) {

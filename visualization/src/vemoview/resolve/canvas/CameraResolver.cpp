@@ -19,21 +19,11 @@ bool isDefault(const lum::CameraAttributes& camera) {
          camera.getParallelScale() == fresh->getParallelScale();
 }
 
-/// The unit vector from one point to another; nothing when there is none.
-std::optional<Vector3> direction(const Vector3& from, const Vector3& to) {
-  const Vector3 result = to - from;
-  const double norm = length(result);
-  if (!std::isfinite(norm) || norm <= 0.0) {
-    return std::nullopt;
-  }
-  return normalized(result);
-}
-
 }  // namespace
 
 Vector3 usableViewUp(const Vector3& viewUp, const Vector3& forward) {
   constexpr double MIN_SINE = 1e-6;
-  const auto up = direction({}, viewUp);
+  const auto up = unitVector(viewUp);
   if (up && length(cross(*up, forward)) > MIN_SINE) {
     return *up;
   }
@@ -53,7 +43,7 @@ CanvasCamera resolveCamera(const lum::CameraAttributes* camera) {
     result.parallelScale = scale;
   }
   const auto forward =
-      isDefault(*camera) ? std::nullopt : direction(camera->getPosition(), camera->getFocalPoint());
+      isDefault(*camera) ? std::nullopt : unitVector(camera->getFocalPoint() - camera->getPosition());
   if (forward) {
     result.viewpoint = {camera->getPosition(), camera->getFocalPoint(),
                         usableViewUp(camera->getViewUp(), *forward)};

@@ -15,6 +15,6 @@ CanvasCamera resolveCamera(const lum::CameraAttributes* camera);
 
 /// The unit vector of an upward direction that is not parallel to a direction
 /// of view (a unit vector); y or z where the one given is, or is not usable.
-Vector<3, double> usableViewUp(const Vector<3, double>& viewUp, const Vector<3, double>& forward);
+Vector3 usableViewUp(const Vector3& viewUp, const Vector3& forward);
 
 }  // namespace vemo

@@ -19,18 +19,12 @@ namespace {
 
 using Axes = std::array<Vector3, 3>;
 
-/// The unit vector; `fallback` when there is none.
-Vector3 unitOr(const Vector3& vector, const Vector3& fallback) {
-  const double norm = length(vector);
-  return std::isfinite(norm) && norm > 0.0 ? normalized(vector) : fallback;
-}
-
 /// z points forward, y upwards; x completes them to the right hand.
 Axes resolveAxes(const lum::OrientationAttributes* orientation) {
   Axes axes{{{1.0, 0.0, 0.0}, {0.0, 1.0, 0.0}, {0.0, 0.0, 1.0}}};
   auto& [x, y, z] = axes;
   if (orientation != nullptr) {
-    z = unitOr(orientation->getForwardVector(), z);
+    z = unitVector(orientation->getForwardVector()).value_or(z);
     x = normalized(cross(usableViewUp(orientation->getUpVector(), z), z));
     y = cross(z, x);
   }
@@ -56,7 +50,7 @@ std::optional<TriadDecoration::Camera> resolveTriadCamera(const lum::CameraAttri
 
 void transformTriad(TriadDecoration& triad, const InstanceTransform& transform) {
   for (Vector3& axis : triad.axes) {
-    axis = unitOr(transformedDirection(transform, axis), axis);
+    axis = unitVector(transformedDirection(transform, axis)).value_or(axis);
   }
   triad.position = transformedPoint(&transform, triad.position);
 }

@@ -45,7 +45,7 @@ InstanceTransform matrixOf(const lum::SimpleTransform& transform) {
   const auto& scale = transform.getScale();
   vtkNew<vtkTransform> steps;
   steps->PostMultiply();
-  if (scale != Vector<3, double>{}) {
+  if (scale != Vector3{}) {
     steps->Scale(scale.data());
   }
   steps->Translate(-origin[0], -origin[1], -origin[2]);

@@ -19,7 +19,7 @@ namespace vemo {
 
 namespace {
 
-using Color = Vector<3, double>;
+using Color = Vector3;
 
 /// The colour of points without one: it has the same contrast to black as to
 /// white (about 4.5 to 1).

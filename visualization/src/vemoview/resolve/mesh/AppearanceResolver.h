@@ -18,7 +18,6 @@ Appearance resolveAppearance(const lum::GeometryDrawable& drawable, Appearance::
 /// The plain colour of a drawable's mesh of a kind, by the name that its colours have
 /// for it. Lines of a surface have the colour of its edges, vertices of surfaces and
 /// lines that of points without one.
-Vector<3, double> resolveColor(const lum::GeometryDrawable& drawable, Appearance::Kind kind,
-                               const std::string& key);
+Vector3 resolveColor(const lum::GeometryDrawable& drawable, Appearance::Kind kind, const std::string& key);
 
 }  // namespace vemo

@@ -14,7 +14,7 @@ inline double unitValue(double value, double fallback) {
   return std::isfinite(value) ? std::clamp(value, 0.0, 1.0) : fallback;
 }
 
-inline Vector<3, double> usableColor(const Vector<3, double>& color) {
+inline Vector3 usableColor(const Vector3& color) {
   return {unitValue(color[0], 0.0), unitValue(color[1], 0.0), unitValue(color[2], 0.0)};
 }
 

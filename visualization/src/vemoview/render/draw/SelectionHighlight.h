@@ -12,17 +12,17 @@ namespace vemo {
 
 /// Shows a user the selected part of a model: a box and a mark, in front of
 /// everything else.
-class Highlight {
+class SelectionHighlight {
  public:
   /// Seen through the camera of a renderer, in its part of the window.
-  explicit Highlight(vtkRenderer& model);
+  explicit SelectionHighlight(vtkRenderer& model);
 
   vtkRenderer& getRenderer() const { return *_renderer; }
 
   /// Nothing for an empty box.
   void outline(const Box& box);
   void scalePixels(double factor);
-  void mark(const std::optional<Vector<3, double>>& point);
+  void mark(const std::optional<Vector3>& point);
 
  private:
   vtkNew<vtkRenderer> _renderer;

@@ -1,4 +1,4 @@
-#include "vemoview/render/draw/Highlight.h"
+#include "vemoview/render/draw/SelectionHighlight.h"
 
 #include <vtkCamera.h>
 #include <vtkOutlineSource.h>
@@ -11,7 +11,7 @@ namespace vemo {
 namespace {
 
 /// Differs from the colours of most tables, on light and on dark backgrounds.
-constexpr Vector<3, double> COLOR{1.0, 0.45, 0.0};
+constexpr Vector3 COLOR{1.0, 0.45, 0.0};
 constexpr float LINE_WIDTH = 1.5F;
 constexpr float MARK_SIZE = 9.0F;
 
@@ -29,7 +29,7 @@ void prepare(vtkActor& actor, vtkRenderer& renderer) {
 
 }  // namespace
 
-Highlight::Highlight(vtkRenderer& model) {
+SelectionHighlight::SelectionHighlight(vtkRenderer& model) {
   _renderer->SetActiveCamera(model.GetActiveCamera());
   _renderer->SetViewport(model.GetViewport());
   _renderer->InteractiveOff();
@@ -37,7 +37,7 @@ Highlight::Highlight(vtkRenderer& model) {
   prepare(*_mark, *_renderer);
 }
 
-void Highlight::outline(const Box& box) {
+void SelectionHighlight::outline(const Box& box) {
   _box->SetVisibility(!box.isEmpty());
   if (!box.isEmpty()) {
     vtkNew<vtkOutlineSource> edges;
@@ -46,7 +46,7 @@ void Highlight::outline(const Box& box) {
   }
 }
 
-void Highlight::mark(const std::optional<Vector<3, double>>& point) {
+void SelectionHighlight::mark(const std::optional<Vector3>& point) {
   _mark->SetVisibility(point.has_value());
   if (point) {
     vtkNew<vtkPointSource> single;
@@ -58,7 +58,7 @@ void Highlight::mark(const std::optional<Vector<3, double>>& point) {
   }
 }
 
-void Highlight::scalePixels(double factor) {
+void SelectionHighlight::scalePixels(double factor) {
   for (vtkActor* const actor : {_box.Get(), _mark.Get()}) {
     vtkProperty& property = *actor->GetProperty();
     property.SetLineWidth(property.GetLineWidth() * static_cast<float>(factor));

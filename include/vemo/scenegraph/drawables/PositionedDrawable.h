@@ -7,14 +7,14 @@ namespace lum {
 
 /// A text, image or legend at a position. All attributes are created on first
 /// access.
-class VEMO_SCENEGRAPH_EXPORT PlacedDrawable : public Drawable {
+class VEMO_SCENEGRAPH_EXPORT PositionedDrawable : public Drawable {
  public:
   using Drawable::Drawable;
 
   PositionAttributes& getPositionAttributes() { return getAttributes<PositionAttributes>(); }
 
  protected:
-  ~PlacedDrawable() override = default;
+  ~PositionedDrawable() override = default;
 };
 
 }  // namespace lum
