@@ -10,7 +10,7 @@ namespace vemo {
 
 namespace {
 
-TEST(ByteOrder, ConvertsWholeWordsOfAnyNumberAtAnyPlace) {
+TEST(ByteOrderTest, ConvertsWholeWordsOfAnyNumberAtAnyPlace) {
   for (std::size_t start = 0; start < 8; ++start) {
     for (std::size_t size = 0; size <= 40; ++size) {
       std::vector<unsigned char> bytes(start + size + 8);
