@@ -127,6 +127,7 @@ TEST_F(CommandLineTest, ExitsWithTheRightCodeAndMessage) {
       {{"convert", "scene.zip", "pipe"}, 6, "", "\"pipe\" cannot be written"},
       {{"convert", "scene.sdb", "folder"}, 6, "", "\"folder\" cannot be written"},
       {{"convert", "scene.zip", "./scene.zip"}, 64, "", "same file"},
+      {{"convert", "scene.zip", "new.sdb", "--ledger", "./new.sdb"}, 64, "", "same file"},
       {{"convert", "scene.zip", "verified.sdb", "--verify"}, 0, "verified.sdb: verified, 1 record, ", ""},
       {{"convert", "scene.sdb", "verified.sdb", "--verify"}, 0, "verified.sdb: verified, 1 record, ", ""},
       {{"convert", "scene.zip", "no folder/x.sdb", "--verify"}, 6, "", "cannot be written"},
