@@ -22,8 +22,13 @@ void rejectPipe(const std::string& file) {
 }
 
 void rejectSameFile(const std::string& file, const std::string& output) {
+  namespace fs = std::filesystem;
   std::error_code ignored;
-  if (std::filesystem::equivalent(file, output, ignored)) {
+  // Neither needs to exist yet.
+  const auto placeOf = [&ignored](const std::string& path) {
+    return fs::weakly_canonical(fs::absolute(path, ignored), ignored);
+  };
+  if (fs::equivalent(file, output, ignored) || placeOf(file) == placeOf(output)) {
     throw Failure(ExitCode::WRONG_USAGE, fmt::format("\"{}\" and \"{}\" are the same file", file, output));
   }
 }

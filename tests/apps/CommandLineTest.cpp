@@ -110,6 +110,7 @@ TEST_F(CommandLineTest, ExitsWithTheRightCodeAndMessage) {
       {{"convert", "scene.zip", "pipe"}, 6, "", "\"pipe\" cannot be written"},
       {{"convert", "scene.sdb", "folder"}, 6, "", "\"folder\" cannot be written"},
       {{"convert", "scene.zip", "./scene.zip"}, 64, "", "same file"},
+      {{"convert", "scene.zip", "new.sdb", "--ledger", "./new.sdb"}, 64, "", "same file"},
       {{"convert", "scene.zip", "verified.sdb", "--verify"}, 0, "verified.sdb: verified, 1 record, ", ""},
       {{"convert", "scene.sdb", "verified.sdb", "--verify"}, 0, "verified.sdb: verified, 1 record, ", ""},
       {{"diff", "scene.zip", "scene.sdb"}, 0, "No differences in 1 record, ", ""},

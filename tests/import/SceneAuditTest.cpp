@@ -361,6 +361,89 @@ TEST(CompletenessTest, EachKindOfPartMattersOrIsReported) {
   EXPECT_GT(seen.size(), 100U);
 }
 
+/// A coordinate system with other axes than the default.
+std::string axes(const std::string& vectors) {
+  return "<coordinatesystem name='c' visibility='1'>" + vectors + "</coordinatesystem>";
+}
+
+std::string view(const std::string& vectors) {
+  return "<view parallelScale='1'>" + vectors + "</view>";
+}
+
+std::string turned(const std::string& axis) {
+  return assembly("A", "<transform rotAngle='1'><rotAxis " + axis + "/></transform>" + geometry(""));
+}
+
+/// Two assemblies of one name, with data.
+std::string twins(const std::string& first, const std::string& second) {
+  const std::string data = "<array name='a' dim='1' data='d' vertexData='true'/>";
+  return assembly("A", first + geometry("", data)) + assembly("A", second + geometry("name='h'", data));
+}
+
+std::string colormap(const std::string& attributes) {
+  return "<colormap " + attributes + "><color>ff0000ff</color></colormap>";
+}
+
+TEST_F(SceneAuditTest, TellsWhatCannotBeUsedFromWhatIsSound) {
+  const std::string red = colormap("name='c' max='1'");
+  const std::string turn = "<transform rotAngle='1'><rotAxis z='1'/></transform>";
+  const std::string tri = "polys='tri' pointScaleMode='1' ";
+  _archive.floats("d", {1, 2}).floats("far", {0, 3e38F, 0}).ints("tri", {3, 0, 1, 0}).ints("vert", {1, 0});
+  const struct {
+    const char* name;
+    std::string xml;
+    std::vector<std::string> codes;
+  } cases[] = {
+      {"an x axis that follows", sceneXml(axes("<xaxis y='7'/><yaxis x='-2'/>")), {}},
+      {"an x axis of its own", sceneXml(axes("<xaxis z='1'/>")), {"attribute-without-effect"}},
+      {"a slanting y axis", sceneXml(axes("<yaxis y='1' z='1'/>")), {"value-ignored"}},
+      {"a rotation axis with rounded digits", sceneXml(turned("x='1e-9'")), {}},
+      {"a rotation axis too long", sceneXml(turned("x='1e200'")), {"transform-unusable"}},
+      {"a view along its upward direction",
+       sceneXml(view("<position z='5'/><up z='1' y='1e-8'/>")),
+       {"view-adjusted"}},
+      {"a view close to it", sceneXml(view("<position z='5'/><up z='1' y='1e-3'/>")), {}},
+      {"a view from too far", sceneXml(view("<position x='1e200'/>")), {"view-adjusted"}},
+      {"points too far", sceneXml(geometry("points='far'")), {"geometry-not-drawn"}},
+      {"a contour without faces",
+       plainSceneXml("<geometry points='p' polys='tri' contour='true' visibility='1' lineColor='00000000' "
+                     "faceColor='00000000'/>"),
+       {}},
+      {"no vertices to be scaled", sceneXml(geometry(tri)), {}},
+      {"vertices of a surface", sceneXml(geometry(tri + "verts='vert'")), {"points-not-scaled"}},
+      {"no pixels",
+       sceneXml("<image3d visibility='1' width='2' odd=''/>"),
+       {"attribute-unknown", "image-without-pixels"}},
+      {"equal colormaps", sceneXml(twins(red, red)), {}},
+      {"others", sceneXml(twins(red, colormap("name='c' max='2'"))), {"colormap-replaced"}},
+      {"colormaps that another replaces",
+       sceneXml(assembly("O", red + twins(red, colormap("name='d'")))),
+       {"colormap-unused", "colormap-unused"}},
+      {"equal transforms", sceneXml(twins(red + turn, red + turn)), {}},
+      {"others", sceneXml(twins(turn, "<reflect planeEqnCoeffA='1'/>")), {"transform-replaced"}},
+  };
+  for (const auto& [name, xml, expected] : cases) {
+    SCOPED_TRACE(name);
+    write(xml);
+    const SceneAudit audit(archivePath());
+    std::vector<std::string> codes;
+    for (const Finding& finding : audit.getFindings()) {
+      if (finding.code != FindingCode::ENTRY_UNUSED) {
+        codes.push_back(finding.getKind().name);
+      }
+    }
+    EXPECT_EQ(codes, expected);
+  }
+}
+
+TEST_F(SceneAuditTest, ListsSettingsThatATypeDoesNotUse) {
+  _archive = ArchiveBuilder().floats("p", {0, 0, 0, 1, 0, 0}).ints("tri", {3, 0, 1, 0});
+  EXPECT_THAT(
+      changesIn(geometry("polys='tri' specularPower='9' pointScaleMode='1' pointScaleScalarName='a'")),
+      ElementsAre("unused scene/g@pointScaleMode", "unused scene/g@pointScaleScalarName",
+                  "unused scene/g@specularPower"));
+}
+
 }  // namespace
 
 }  // namespace vemo

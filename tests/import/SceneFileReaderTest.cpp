@@ -188,6 +188,16 @@ TEST_F(SceneFileReaderTest, ReportsWhatItDoesNotRead) {
                                  "entry-unused folder/"));
 }
 
+TEST_F(SceneFileReaderTest, ReportsEntitiesInOtherFiles) {
+  SceneFileReader reader = open(ArchiveBuilder().text("scene.xml",
+                                                      "<!DOCTYPE scene [<!ENTITY wing SYSTEM 'wing.xml'>]>"
+                                                      "<scene background='000000ff'>&wing;</scene>"));
+  std::unique_ptr<Scene> read;
+  reader.read(read);
+  ASSERT_EQ(reader.getFindings().size(), 1U);
+  EXPECT_EQ(reader.getFindings().front().code, FindingCode::DECLARATIONS_NOT_READ);
+}
+
 TEST_F(SceneFileReaderTest, KeepsFindingsWithTheirPlace) {
   SceneFileReader reader = open(ArchiveBuilder().text("x", ""));
   const std::string longName = repeated("\xC3\xA9", 100);

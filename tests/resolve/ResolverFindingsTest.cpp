@@ -134,7 +134,10 @@ TEST(PointScaleFindingsTest, SayWhatALogarithmIsMadeOf) {
   const ScaleCase cases[] = {
       {"all usable", {1, 10, 100, 1000}, {1, 1000}, {1, 6, 11, 16}, {}},
       {"begins at zero", {0, 10, 100, 1000}, {0, 1000}, {1, 9, 16}, {"point-scale-adjusted"}},
-      {"nothing above zero", {0, -1, 0, -1}, {-1, 0}, {16}, {"points-not-scaled"}}};
+      {"nothing above zero", {0, -1, 0, -1}, {-1, 0}, {16}, {"points-not-scaled"}},
+      {"ends at zero", {0, 10, 100, 1000}, {10, 0}, {16}, {"points-not-scaled"}},
+      {"ends below zero", {0, 10, 100, 1000}, {-5, -1}, {16}, {"points-not-scaled"}},
+      {"ends below the values", {0, 10, 100, 1000}, {0, 0.5}, {16}, {"points-not-scaled"}}};
   for (const ScaleCase& one : cases) {
     SCOPED_TRACE(one.name);
     SceneBuilder scene;
@@ -264,6 +267,14 @@ TEST(ResolverFindingsTest, SayWhatIsNotDrawnAsTheSceneSays) {
                  [](auto& scene) { addText(scene, std::string(2001, 'x')); });
   expectFindings("a text in another encoding", 1, {"text-changed"},
                  [](auto& scene) { addText(scene, "gr\xF6\xDF"); });
+  expectFindings("a character that fonts have and VTK does not draw", 1, {"glyph-missing"},
+                 [](auto& scene) { addText(scene, "a \U0001F600"); });
+  expectFindings("a mirror too far away", 1, {"transform-unusable"}, [](auto& scene) {
+    setTransform<lum::SymmetricTransform>(addText(scene, "t")).setPlane({1, 0, 0, 1e31});
+  });
+  expectFindings("a transform without a number", 1, {"transform-unusable"}, [](auto& scene) {
+    setTransform<lum::SimpleTransform>(addText(scene, "t")).setTranslation({NAN, 0, 0});
+  });
   expectFindings("a character that nothing has, 3 times", 3, {"glyph-missing"},
                  [](auto& scene) { repeat(addText(scene, "a \xEE\x84\xA3"), 3); });
 }

@@ -100,7 +100,7 @@ TEST_F(UnusableValuesTest, LightsAndPlanesAreIgnoredAndLimitedWithFindings) {
   const auto addOne = [this](double value) {
     auto& lights = scene.canvas().getLightingAttributes().getLights();
     lights.findOrCreate<lum::Light>(std::to_string(lights.getNodeCount())).setIntensity(value);
-    scene.clip({0 * value, 0, 2}, {0, 0, 0});
+    scene.clip({0 * value, 0, 2}, {0, value, 0});
   };
   addOne(NAN);
   const auto codes = [this] {
@@ -112,6 +112,9 @@ TEST_F(UnusableValuesTest, LightsAndPlanesAreIgnoredAndLimitedWithFindings) {
     addOne(0.5);
   }
   EXPECT_THAT(codes(), testing::UnorderedElementsAre("value-ignored", "value-ignored"));
+  addOne(1e300);
+  EXPECT_THAT(codes(), testing::UnorderedElementsAre("value-ignored", "value-ignored", "value-ignored",
+                                                     "value-ignored"));
   addOne(0.5);
   EXPECT_THAT(codes(), testing::IsSupersetOf({"lights-limited", "planes-limited"}));
   const ResolvedCanvas canvas = resolve();
@@ -152,6 +155,15 @@ TEST_F(UnusableValuesTest, MissingArraysOrColormapsLeaveThePlainColor) {
   colorByArray(surface, "gone", lum::DataLocation::CELLS);
   EXPECT_FALSE(meshes()[0].scalars);
   EXPECT_EQ(meshes()[0].color, (Vector3{1, 0, 0}));
+}
+
+TEST_F(UnusableValuesTest, PointsWithoutCellsHaveNoColorsOfCells) {
+  const auto geometry = makePolyData(flat({0, 0, 1, 0}), {});
+  geometry->GetCellData()->AddArray(makeArray("c", {}));
+  colorByArray(scene.add<lum::PointSphereDrawable>(geometry), "c", lum::DataLocation::CELLS, {1, 0, 0, 1});
+  const FoundFindings found;
+  EXPECT_FALSE(meshes().back().scalars);
+  EXPECT_EQ(found.codes(), std::vector<std::string>{"not-colored-by-array"});
 }
 
 TEST_F(UnusableValuesTest, InvalidCellsAreNotDrawn) {

@@ -24,6 +24,7 @@ namespace vemo {
 namespace {
 
 using testing::ElementsAre;
+using testing::EndsWith;
 using Scene = lum::SceneNode;
 
 lum::PolyDataNode& pieceOf(lum::SceneNode& scene, const char* name) {
@@ -242,6 +243,16 @@ TEST(MatchingTest, FindsItsWayAmongManySiblings) {
   EXPECT_EQ(matching.getCounterparts()[1], 0U);
   EXPECT_EQ(matching.getCounterparts()[2], 3U);
   EXPECT_EQ(matching.findMoved().size(), COUNT / 2);
+}
+
+TEST(Differences, SayWhereTextsDifferThatLookAlike) {
+  const auto text = [](const std::string& left, const std::string& right) {
+    return lum::describeDifference({"n", "text", left, right, {}});
+  };
+  EXPECT_EQ(text("a b", "a c"), "n: text: a b against a c");
+  EXPECT_EQ(text("a\nb", "a b"), "n: text: a\nb against a b (from byte 1 on)");
+  EXPECT_THAT(text(std::string(99, 'x') + "1", std::string(99, 'x') + "2"),
+              EndsWith("... (from byte 99 on)"));
 }
 
 }  // namespace

@@ -28,6 +28,7 @@ void convert(const ConvertArguments& arguments) {
   const Progress progress(fmt::format("Converting {}", toPrintable(request.file)));
   if (!arguments.ledger.empty()) {
     rejectSameFile(request.file, arguments.ledger);
+    rejectSameFile(request.output, arguments.ledger);
     requireArchive(request.file);
     request.observeLedger = [&arguments](const SceneLedger& ledger) {
       ResultStream out;

@@ -25,7 +25,7 @@
   KIND(COLORMAP_UNKNOWN, CHANGED, "A legend names a colormap that its assembly does not have; the active one is shown.") \
   KIND(COLORMAP_UNUSED, LOST, "A colormap colours nothing: neither data nor a legend.") \
   KIND(DATABASE_DAMAGED, REFUSED, "A database, or one of its records or arrays, cannot be read.") \
-  KIND(DECLARATIONS_NOT_READ, LOST, "The scene description refers to declarations in other files, which are not read: entities and default values that they declare are missing.") \
+  KIND(DECLARATIONS_NOT_READ, LOST, "The scene description refers to entities or declarations in other files, which are not read: what they hold or declare is missing.") \
   KIND(DECORATION_NOT_DRAWN, LOST, "A legend, text, image or triad has no usable position or size and is not drawn.") \
   KIND(DECORATIONS_LIMITED, LOST, "Of very many triads, legends, texts and images only the first are drawn.") \
   KIND(DESCRIPTION_REPLACED, NOTE, "An archive holds a scene graph of its own, which is used instead of its items.") \
@@ -40,7 +40,7 @@
   KIND(FIELD_UNKNOWN, LOST, "A database has fields that this version does not know; they are left out.") \
   KIND(GEOMETRY_NOT_DRAWN, LOST, "A geometry cannot be drawn.") \
   KIND(GEOMETRY_TYPE_CHANGED, CHANGED, "A geometry is drawn as another type, because all cells of its own were left out.") \
-  KIND(GLYPH_MISSING, LOST, "A text has characters that no installed font has.") \
+  KIND(GLYPH_MISSING, LOST, "A text has characters that no installed font has, or that are beyond U+FFFF.") \
   KIND(HIDDEN_BY_DEFAULT, NOTE, "An item is hidden because it does not state otherwise: no `visibility`, a surface without `showFaces` and edges, a light without `intensity`.") \
   KIND(IMAGE_NOT_DRAWN, LOST, "An image cannot be drawn: its pixels do not fit its size.") \
   KIND(IMAGE_WITHOUT_PIXELS, LOST, "An image without pixels is left out.") \

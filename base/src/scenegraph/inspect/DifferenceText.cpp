@@ -40,13 +40,29 @@ std::string describeExtent(const Difference::Extent& extent) {
                      extent.deviation ? fmt::format(", by {}", describeNumber(*extent.deviation)) : "");
 }
 
+/// Where two texts begin to differ, unless their beginnings show it.
+std::string describeStart(const ComparedValue& left, const ComparedValue& right) {
+  const auto* const a = std::get_if<std::string>(&left);
+  const auto* const b = std::get_if<std::string>(&right);
+  if (a == nullptr || b == nullptr) {
+    return {};
+  }
+  const auto isHard = [](const std::string& text) {
+    return text.size() > MAX_TEXT_BYTES ||
+           std::ranges::any_of(text, [](unsigned char character) { return character < ' '; });
+  };
+  const auto start = std::ranges::mismatch(*a, *b).in1 - a->begin();
+  return isHard(*a) || isHard(*b) ? fmt::format(" (from byte {} on)", start) : std::string();
+}
+
 }  // namespace
 
 std::string describeDifference(const Difference& difference) {
   return fmt::format("{}: {}: {} against {}{}", difference.path.empty() ? "/" : difference.path,
                      difference.what, std::visit(ValueText(), difference.left),
                      std::visit(ValueText(), difference.right),
-                     difference.extent ? describeExtent(*difference.extent) : "");
+                     difference.extent ? describeExtent(*difference.extent)
+                                       : describeStart(difference.left, difference.right));
 }
 
 }  // namespace lum

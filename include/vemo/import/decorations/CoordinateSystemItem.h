@@ -30,6 +30,7 @@ class VEMO_IMPORT_EXPORT CoordinateSystemItem : public AxesItem {
   void readImpl(const QxElement& element, SceneFileReader* reader);
 
  private:
+  void reportUnusable(const QxElement& element, SceneFileReader& reader) const;
   lum::TriadDrawable& openTriad(const SharedBySiblings& shared, lum::DrawableCollection& collection) const;
 
   Vector<3, double> _origin{};

@@ -3,6 +3,7 @@
 #include <vemo/base/Vector.h>
 #include <vemo/import/items/SceneItem.h>
 #include <vemo/import/xml/Color.h>
+#include <vemo/scenegraph/Ptr.h>
 #include <vemo/scenegraph/coloring/ColorLookupTable.h>
 #include <vemo/scenegraph/coloring/ScalarAttributes.h>
 
@@ -50,10 +51,15 @@ class VEMO_IMPORT_EXPORT Colormap : public SceneItem {
   /// data array.
   void applyTo(lum::ScalarAttributes& attributes) const;
 
+  /// Whether that would change nothing.
+  bool isAppliedTo(const lum::ScalarAttributes& attributes) const;
+
  protected:
   void readImpl(const QxElement& element, SceneFileReader* reader);
 
  private:
+  lum::Ptr<lum::ColorLookupTable> makeTable() const;
+
   std::vector<Color> _colors;
   Vector<2, double> _range;
   bool _log10 = false;

@@ -9,6 +9,7 @@
 #include <vemo/scenegraph/drawables/DrawableCollection.h>
 #include <vemo/scenegraph/drawables/TriadDrawable.h>
 
+#include <cmath>
 #include <utility>
 
 namespace vemo {
@@ -17,6 +18,9 @@ namespace {
 
 /// As a fraction of the window's height.
 constexpr double LABEL_HEIGHT = 0.035;
+
+/// Of unit vectors. Files state axes with few digits.
+constexpr double UNNOTICEABLE = 1e-3;
 
 }  // namespace
 
@@ -33,14 +37,27 @@ CoordinateSystemItem::~CoordinateSystemItem() = default;
 void CoordinateSystemItem::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.checkVersion(element, reader);
   readAxes(element, reader);
-  if (getXAxis() != CoordinateSystemItem("").getXAxis()) {
-    // It follows from the others.
-    ValueReader(element, reader, OnBadValue::FAIL).reportWithoutEffect("xaxis");
-  }
-  if (length(cross(getYAxis(), getZAxis())) == 0.0 && reader != nullptr) {
-    reader->report(FindingCode::VALUE_IGNORED, "The y and z axes have one direction: the triad has others");
+  if (reader != nullptr) {
+    reportUnusable(element, *reader);
   }
   readImpl(element, reader);
+}
+
+void CoordinateSystemItem::reportUnusable(const QxElement& element, SceneFileReader& reader) const {
+  const auto y = normalized(getYAxis());
+  const auto z = normalized(getZAxis());
+  const auto x = normalized(cross(y, z));
+  // It follows from the others.
+  const bool isXStated = getXAxis() != CoordinateSystemItem("").getXAxis();
+  if (isXStated && length(normalized(getXAxis()) - x) > UNNOTICEABLE) {
+    ValueReader(element, &reader, OnBadValue::FAIL).reportWithoutEffect("xaxis");
+  }
+  if (length(x) == 0.0) {
+    reader.report(FindingCode::VALUE_IGNORED, "The y and z axes have one direction: the triad has others");
+  } else if (std::abs(dot(y, z)) > UNNOTICEABLE) {
+    reader.report(FindingCode::VALUE_IGNORED,
+                  "The y axis is not perpendicular to the z axis: the triad has another one");
+  }
 }
 
 void CoordinateSystemItem::readImpl(const QxElement& element, SceneFileReader* reader) {

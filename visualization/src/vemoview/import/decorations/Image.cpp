@@ -108,6 +108,8 @@ void Image::read(const QxElement& element, SceneFileReader* reader) {
       const ReadingContext::AttributeScope scope(reader, PixelSource::XML_ATTRIB_PIXELS);
       readPixels(source, *reader);
     }
+  } else {
+    PixelSource::KEYS.markRead(element);
   }
 }
 

@@ -170,8 +170,12 @@ void GeometryItem::readImpl(const QxElement& element, SceneFileReader* reader) {
   readGeometry(element, *reader);
   _geometryType = determineType();
   GeometrySettings::KEYS.markInapplicable(element, _geometryType);
+  if (!_settings.hasLighting()) {
+    element.markUnused("specularPower");
+  }
   reportUnused(ValueReader(element, reader, OnBadValue::FAIL));
-  if (_geometryType == SURFACE && !_settings.showEdges && element.findAttribute("showFaces") == nullptr) {
+  if (_geometryType == SURFACE && !_settings.showEdges && !_settings.contour &&
+      element.findAttribute("showFaces") == nullptr) {
     reader->report(FindingCode::HIDDEN_BY_DEFAULT,
                    "The surface is hidden: it states neither faces nor edges");
   }
@@ -220,6 +224,12 @@ void GeometryItem::reportSettingsOutOfRange(SceneFileReader& reader) const {
 
 /// Values that neither the scene graph nor VTK uses.
 void GeometryItem::reportUnused(const ValueReader& values) const {
+  if (_geometryType != POINTS && _settings.pointScaleMode != 0 && _polydata->GetNumberOfVerts() > 0) {
+    values.getReader()->report(FindingCode::POINTS_NOT_SCALED,
+                               std::string("The vertices of ") +
+                                   (_geometryType == LINES ? "lines" : "a surface") + " are not scaled",
+                               {}, "pointScaleMode");
+  }
   for (const auto& [key, range] : {std::pair("pointScaleScalarRange", &_settings.pointScaleScalarRange),
                                    std::pair("pointScaleScalarMapTo", &_settings.pointScaleScalarMapTo)}) {
     if (*range && (**range)[2] != 0.0) {

@@ -36,18 +36,22 @@ const KeyTable<Settings> Settings::KEYS({
     key::always<&Settings::ignoreClip>("ignoreClip", "the clipping planes do not cut it"),
     key::ifPresent<&Settings::pointSize>("pointSize", "of points, in pixels; drawn as spheres from 4 on"),
     key::ifPresent<&Settings::pointScaleMode>(
-        "pointScaleMode",
-        "sizes of points by data: 0 not, 1 linear, 2 by the logarithm; another number is 0"),
+        "pointScaleMode", "sizes of points by data: 0 not, 1 linear, 2 by the logarithm; another number is 0")
+        .onlyFor({GeometryItem::POINTS}),
     key::ifPresent<&Settings::pointScalePixelSize>("pointScalePixelsSize",
-                                                   "sizes are in pixels (not 0) or in model units (0)"),
+                                                   "sizes are in pixels (not 0) or in model units (0)")
+        .onlyFor({GeometryItem::POINTS}),
     key::ifPresent<&Settings::pointScaleScalarName>("pointScaleScalarName",
-                                                    "the array over the points that gives their sizes"),
+                                                    "the array over the points that gives their sizes")
+        .onlyFor({GeometryItem::POINTS}),
     key::ifPresent<&Settings::pointScaleScalarRange>("pointScaleScalarRange",
                                                      "from `x` to `y`: the values for the two sizes")
-        .defaultingTo("the array's"),
+        .defaultingTo("the array's")
+        .onlyFor({GeometryItem::POINTS}),
     key::ifPresent<&Settings::pointScaleScalarMapTo>("pointScaleScalarMapTo",
                                                      "from `x` to `y`: the sizes of these values")
-        .defaultingTo("the point size"),
+        .defaultingTo("the point size")
+        .onlyFor({GeometryItem::POINTS}),
 });
 
 bool Settings::hasLighting() const {

@@ -80,15 +80,32 @@ vtkSmartPointer<vtkLookupTable> Colormap::makeLookupTable() const {
   return table;
 }
 
-vtkSmartPointer<vtkLookupTable> Colormap::makeUsableLookupTable() const {
+lum::Ptr<lum::ColorLookupTable> Colormap::makeTable() const {
   const lum::Ptr<lum::ColorLookupTable> table(
       new lum::ColorLookupTable(lum::ClassNameNodeInitializer(lum::ColorLookupTable::getClassName())));
   fill(*table);
+  return table;
+}
+
+vtkSmartPointer<vtkLookupTable> Colormap::makeUsableLookupTable() const {
+  const lum::Ptr<lum::ColorLookupTable> table = makeTable();
   const auto [usable, changes] = makeUsable(*table);
   if (!changes.empty()) {
     reportFinding(FindingCode::COLORMAP_ADJUSTED, "The colormap \"" + getName() + "\" " + changes);
   }
   return makeVtkLookupTable(usable);
+}
+
+bool Colormap::isAppliedTo(const lum::ScalarAttributes& attributes) const {
+  const lum::ColorLookupTable* const table = attributes.hasColorLookupTable();
+  const lum::DataArrayAttributes* const dataArray = attributes.hasDataArray();
+  if (table == nullptr || (dataArray != nullptr && dataArray->getDataArrayPresentationName() != _title)) {
+    return false;
+  }
+  const lum::Ptr<lum::ColorLookupTable> own = makeTable();
+  return table->getColorValues() == own->getColorValues() &&
+         table->getScalarRange() == own->getScalarRange() && table->getScaleMode() == own->getScaleMode() &&
+         table->getRampMode() == own->getRampMode();
 }
 
 void Colormap::applyTo(lum::ScalarAttributes& attributes) const {

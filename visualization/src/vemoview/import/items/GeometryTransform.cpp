@@ -39,10 +39,10 @@ void GeometryTransform::reportUnusable(SceneFileReader& reader) const {
 
 void GeometryTransform::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement(*this, element, reader);
+  setTransform(_rotationAngle, _rotationAxis, _rotationOrigin, _translation, _scale);
   if (reader != nullptr) {
     reportUnusable(*reader);
   }
-  setTransform(_rotationAngle, _rotationAxis, _rotationOrigin, _translation, _scale);
 }
 
 void GeometryTransform::setTransform(double angle, const Vector<3, double>& axis,

@@ -36,11 +36,9 @@ void reportSharedTransform(ReadingContext* context, const lum::DrawableCollectio
   const auto* const base = collection.findAttributes<lum::BaseAttributes>();
   const bool hadTransform = base != nullptr && base->getTransform() != nullptr;
   const std::string others = "earlier items of the name \"" + collection.getName() + '"';
-  if (hadTransform && hasTransform) {
-    report(context, FindingCode::TRANSFORM_REPLACED, "The transform replaces that of " + others);
-  } else if (hadTransform) {
+  if (hadTransform && !hasTransform) {
     report(context, FindingCode::TRANSFORM_SHARED, "The item is transformed as " + others + " are");
-  } else if (hasTransform) {
+  } else if (!hadTransform && hasTransform) {
     report(context, FindingCode::TRANSFORM_SHARED, "The transform also applies to " + others);
   }
 }

@@ -143,6 +143,13 @@ class KeyTable {
     return isSound;
   }
 
+  /// Marks the keys of the element as known without reading them.
+  void markRead(const QxElement& element) const {
+    for (const Key<Item>& key : _keys) {
+      element.findAttribute(key.name);
+    }
+  }
+
   /// Marks the keys of the element that items of this type do not use.
   void markInapplicable(const QxElement& element, int itemType) const {
     for (const Key<Item>& key : _keys) {

@@ -166,15 +166,19 @@ void AssemblyItem::reportEmpty(const SharedBySiblings& shared) const {
 
 void AssemblyItem::reportSharing(const SharedBySiblings& shared, lum::DrawableCollection& collection) const {
   reportSharedTransform(shared.context, collection, _transform != nullptr);
-  if (getActiveColormap() == nullptr) {
+  const Colormap* const colormap = getActiveColormap();
+  // An outer colormap replaces it in turn.
+  if (colormap == nullptr || colormap != shared.colormap) {
     return;
   }
-  bool hasData = false;
-  lum::forEachNodeOf<lum::ScalarAttributes>(collection, [&hasData](const auto&) { hasData = true; });
-  if (hasData) {
+  bool recolors = false;
+  lum::forEachNodeOf<lum::ScalarAttributes>(collection, [&](const lum::ScalarAttributes& attributes) {
+    recolors = recolors || !colormap->isAppliedTo(attributes);
+  });
+  if (recolors) {
     report(shared.context, FindingCode::COLORMAP_REPLACED,
-           "The colormap \"" + getActiveColormap()->getName() +
-               "\" also colours earlier items of the name \"" + getName() + '"');
+           "The colormap \"" + colormap->getName() + "\" also colours earlier items of the name \"" +
+               getName() + '"');
   }
 }
 
@@ -193,7 +197,7 @@ void AssemblyItem::convertExtras(SharedBySiblings& shared, lum::DrawableCollecti
   if (!_isIncomplete) {
     reportUnusedColormaps(shared);
   }
-  applyTransform(target);
+  applyTransform(shared, target);
 }
 
 void AssemblyItem::convertLegend(SharedBySiblings& shared, int level) const {
@@ -225,9 +229,19 @@ void AssemblyItem::reportUnusedColormaps(const SharedBySiblings& shared) const {
   }
 }
 
-void AssemblyItem::applyTransform(lum::DrawableCollection& target) const {
-  if (_transform) {
-    _transform->apply(*_transform->makeLumTransform(target.getBaseAttributes()));
+void AssemblyItem::applyTransform(const SharedBySiblings& shared, lum::DrawableCollection& target) const {
+  if (!_transform) {
+    return;
+  }
+  lum::BaseAttributes& base = target.getBaseAttributes();
+  const lum::Transform* const former = base.getTransform();
+  const auto changedBefore = former != nullptr ? former->getModificationTime() : 0;
+  lum::Transform& transform = *_transform->makeLumTransform(base);
+  const bool isOther = former != nullptr && &transform != former;
+  _transform->apply(transform);
+  if (isOther || (former != nullptr && transform.getModificationTime() != changedBefore)) {
+    report(shared.context, FindingCode::TRANSFORM_REPLACED,
+           "The transform replaces that of earlier items of the name \"" + getName() + '"');
   }
 }
 

@@ -12,6 +12,7 @@
 #include <vemo/import/scene/Scene.h>
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <set>
 #include <utility>
@@ -19,6 +20,10 @@
 namespace vemo {
 
 namespace {
+
+/// Of the angle between a view and its upward direction. Drawing replaces the
+/// upward direction of others.
+constexpr double MIN_SINE_TO_UP = 1e-6;
 
 /// A new node of class T in the session of the collection.
 template <class T>
@@ -61,10 +66,14 @@ void Scene::View::read(const QxElement& element, SceneFileReader* reader) {
 void Scene::View::reportUnusable(ReadingContext* context) const {
   const ReadingContext::ItemScope scope(context, "view", _place);
   const Vector<3, double> forward = _camera.focalPoint - _camera.position;
-  if (length(forward) == 0.0) {
+  const auto isDirection = [](const Vector<3, double>& vector) {
+    return length(vector) > 0.0 && std::isfinite(length(vector));
+  };
+  if (!isDirection(forward)) {
     report(context, FindingCode::VIEW_ADJUSTED,
            "The view has no direction: the scene is seen against the z axis");
-  } else if (length(cross(_camera.viewUp, forward)) == 0.0) {
+  } else if (!isDirection(_camera.viewUp) ||
+             length(cross(normalized(_camera.viewUp), normalized(forward))) <= MIN_SINE_TO_UP) {
     report(context, FindingCode::VIEW_ADJUSTED, "The view has no direction that is up: another one is used");
   }
   if (!_camera.perspective && _camera.parallelScale <= 0.0) {

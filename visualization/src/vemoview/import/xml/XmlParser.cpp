@@ -25,6 +25,7 @@ class TreeBuilder {
     XML_SetElementHandler(_parser.get(), startElement, endElement);
     XML_SetCharacterDataHandler(_parser.get(), setText);
     XML_SetNotStandaloneHandler(_parser.get(), noteDeclarationsOutside);
+    XML_SetExternalEntityRefHandler(_parser.get(), noteEntityOutside);
   }
 
   XmlDocument build(std::span<const unsigned char> text) {
@@ -62,6 +63,11 @@ class TreeBuilder {
   static int noteDeclarationsOutside(void* user) {
     static_cast<TreeBuilder*>(user)->_hasDeclarationsOutside = true;
     return XML_STATUS_OK;
+  }
+
+  static int noteEntityOutside(XML_Parser parser, const char* /*context*/, const char* /*base*/,
+                               const char* /*systemId*/, const char* /*publicId*/) {
+    return noteDeclarationsOutside(XML_GetUserData(parser));
   }
 
   /// Keeps exceptions out of the parser, which is C: it is stopped instead.

@@ -15,12 +15,21 @@ namespace {
 /// No meaningful shape needs more.
 constexpr std::size_t MAX_PLANES = 16;
 
-/// Scaled before it is normalised: OpenGL computes with single precision. Zero
-/// stays zero.
+/// OpenGL computes with single precision.
+constexpr double MAX_COORDINATE = 1e38;
+
+/// Scaled before it is normalised, which could not be done otherwise with very
+/// large values. Zero stays zero.
 Vector3 unitNormal(const lum::Plane& plane) {
   const Vector3& normal = plane.getNormal();
   const double largest = std::max({std::abs(normal[0]), std::abs(normal[1]), std::abs(normal[2])});
   return largest > 0.0 ? normalized((1.0 / largest) * normal) : normal;
+}
+
+bool isUsable(const lum::Plane& plane) {
+  const auto isInReach = [](double value) { return std::abs(value) < MAX_COORDINATE; };
+  return isFinite(plane.getNormal()) && isFinite(unitNormal(plane)) &&
+         std::ranges::all_of(plane.getOrigin(), isInReach);
 }
 
 }  // namespace
@@ -36,8 +45,9 @@ std::vector<ClipPlane> resolveClipPlanes(const lum::ClipPlanesAttributes* attrib
       continue;
     }
     const NodeScope scope(*plane);
-    if (!isFinite(plane->getNormal()) || !isFinite(plane->getOrigin())) {
-      reportFinding(FindingCode::VALUE_IGNORED, "A clipping plane is not applied: its values are not finite");
+    if (!isUsable(*plane)) {
+      reportFinding(FindingCode::VALUE_IGNORED,
+                    "A clipping plane is not applied: its values are not finite, or too large or too small");
       continue;
     }
     if (planes.size() == MAX_PLANES) {

@@ -5,6 +5,7 @@
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/canvas/LightingAttributes.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace vemo {
@@ -16,7 +17,11 @@ namespace {
 constexpr std::size_t MAX_LIGHTS = 16;
 
 bool isUsable(const lum::Light& light) {
-  return isFinite(light.getColor()) && std::isfinite(light.getIntensity()) && isFinite(light.getAngles());
+  // OpenGL computes with single precision. Also false for what is not a number.
+  constexpr double LIMIT = 1e30;
+  const auto isInReach = [](double value) { return std::abs(value) < LIMIT; };
+  return isFinite(light.getColor()) && isInReach(light.getIntensity()) &&
+         std::ranges::all_of(light.getAngles(), isInReach);
 }
 
 CanvasLights usableLights(const lum::LightCollection& collection) {
@@ -28,7 +33,8 @@ CanvasLights usableLights(const lum::LightCollection& collection) {
     }
     const NodeScope scope(*light);
     if (!isUsable(*light)) {
-      reportFinding(FindingCode::VALUE_IGNORED, "A light is not used: its values are not finite");
+      reportFinding(FindingCode::VALUE_IGNORED,
+                    "A light is not used: its values are not finite, or too large");
       continue;
     }
     if (result.size() == MAX_LIGHTS) {

@@ -26,6 +26,9 @@ bool isBuiltIn(char32_t character) {
   return character <= LAST_OF_LATIN_1;
 }
 
+/// VTK draws nothing for the characters beyond, whatever the font.
+constexpr char32_t LAST_DRAWN = 0xFFFF;
+
 Characters foreignOf(std::initializer_list<std::string_view> texts) {
   Characters result;
   for (const std::string_view text : texts) {
@@ -58,7 +61,7 @@ class FontReader {
     }
     Characters missing;
     for (const char32_t character : wanted) {
-      if (FT_Get_Char_Index(face, character) == 0) {
+      if (character > LAST_DRAWN || FT_Get_Char_Index(face, character) == 0) {
         missing.insert(character);
       }
     }

@@ -97,6 +97,7 @@ InstanceTransforms repetitions(const InstanceTransform& step, std::int32_t count
   while (result.size() < wanted) {
     const InstanceTransform next = product(step, result.back());
     if (!isUsable(next)) {
+      reportNotUsable();
       break;
     }
     result.push_back(next);
@@ -107,11 +108,23 @@ InstanceTransforms repetitions(const InstanceTransform& step, std::int32_t count
 /// The instances that a transform creates on its own.
 InstanceTransforms instancesOf(const lum::Transform& transform) {
   if (const auto* const mirror = dynamic_cast<const lum::SymmetricTransform*>(&transform)) {
-    const InstanceTransform image = reflection(mirror->getPlane());
-    return isUsable(image) ? InstanceTransforms{IDENTITY, image} : InstanceTransforms{IDENTITY};
+    const Vector<4, double>& plane = mirror->getPlane();
+    const InstanceTransform image = reflection(plane);
+    if (isUsable(image)) {
+      return {IDENTITY, image};
+    }
+    // Reading says of a mirror without a normal that it does not mirror.
+    if (plane[0] != 0.0 || plane[1] != 0.0 || plane[2] != 0.0) {
+      reportNotUsable();
+    }
+    return {IDENTITY};
   }
   const auto* const simple = dynamic_cast<const lum::SimpleTransform*>(&transform);
-  if (simple == nullptr || !isFinite(*simple)) {
+  if (simple != nullptr && !isFinite(*simple)) {
+    reportFinding(FindingCode::TRANSFORM_UNUSABLE, "A transform is not applied: its values are not finite");
+    return {IDENTITY};
+  }
+  if (simple == nullptr) {
     return {IDENTITY};
   }
   const InstanceTransform matrix = matrixOf(*simple);

@@ -186,6 +186,10 @@ class MeshBuilder {
     if (kind == Appearance::Kind::POINTS && _node.getVerts() == nullptr) {
       // A point drawable also shows points that no vertex uses.
       if (_scalars && _scalars->location == ScalarLocation::CELLS) {
+        reportFinding(
+            FindingCode::NOT_COLORED_BY_ARRAY,
+            fmt::format("\"{}\" is drawn without its array \"{}\", which is over cells: it has none",
+                        _node.getName(), _scalars->arrayName));
         _scalars.reset();
       }
       return pointsAsVertices(*_geometry);

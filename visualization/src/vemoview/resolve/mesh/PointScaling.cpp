@@ -66,20 +66,27 @@ double leastPositive(vtkDataArray& values) {
 }
 
 /// The range over which sizes grow. A logarithmic one that begins at 0 or below
-/// begins at the least value above 0 instead. Nothing for one without an extent.
+/// begins at the least value above 0 instead. Nothing for one that has no extent
+/// then, or no logarithm at its end.
 std::optional<Vector<2, double>> resolveRange(const lum::PointScaleAttributes& attributes,
                                               vtkDataArray& values, const std::string& points) {
   Vector<2, double> range = attributes.getScalarRange();
-  if (attributes.getScaleMode() == lum::PointScaleMode::LOG10 && range[0] <= 0.0) {
+  const double stated = range[0];
+  const bool isLog = attributes.getScaleMode() == lum::PointScaleMode::LOG10;
+  if (isLog && stated <= 0.0) {
     range[0] = leastPositive(values);
-    if (range[0] < range[1]) {
-      reportFinding(FindingCode::POINT_SCALE_ADJUSTED,
-                    fmt::format("{} are scaled logarithmically from {} on, and not from {}", points, range[0],
-                                attributes.getScalarRange()[0]));
-    }
   }
-  const bool isUsable = std::isfinite(range[0]) && std::isfinite(range[1]) && range[0] != range[1];
-  return isUsable ? std::optional(range) : std::nullopt;
+  const bool isAdjusted = range[0] != stated;
+  const bool hasLogarithms = !isLog || (range[1] > 0.0 && (!isAdjusted || range[0] < range[1]));
+  if (!std::isfinite(range[0]) || !std::isfinite(range[1]) || range[0] == range[1] || !hasLogarithms) {
+    return std::nullopt;
+  }
+  if (isAdjusted) {
+    reportFinding(
+        FindingCode::POINT_SCALE_ADJUSTED,
+        fmt::format("{} are scaled logarithmically from {} on, and not from {}", points, range[0], stated));
+  }
+  return range;
 }
 
 /// Vertices of one size, and which of the mesh's they are.
@@ -148,9 +155,10 @@ std::vector<MeshInstance> splitBySize(MeshInstance mesh, const lum::GeometryDraw
   const std::string points = "The points of \"" + node.getName() + '"';
   const auto range = values != nullptr ? resolveRange(*attributes, *values, points) : std::nullopt;
   if (!range) {
-    reportFinding(FindingCode::POINTS_NOT_SCALED,
-                  fmt::format("{} are not scaled by \"{}\": {}", points, attributes->getScalarName(),
-                              values == nullptr ? "no array of that name fits them" : "its range is empty"));
+    reportFinding(
+        FindingCode::POINTS_NOT_SCALED,
+        fmt::format("{} are not scaled by \"{}\": {}", points, attributes->getScalarName(),
+                    values == nullptr ? "no array of that name fits them" : "its range cannot be used"));
     return {std::move(mesh)};
   }
   reportUnusableSizes(*attributes, points);
