@@ -26,11 +26,17 @@ std::unique_ptr<QxElement> SceneFileReader::readXml(const std::string& entryName
   return std::move(document.root);
 }
 
+void SceneFileReader::dropUnlessNeeded(QxElement& element) const {
+  if (!_keepsDescription && element.isWhollyRead()) {
+    element.dropContent();
+  }
+}
+
 void SceneFileReader::excuseEntriesOf(const QxElement& element) {
   walkDescription(element, [this](const PlacedElement& place) {
-    for (const auto& [name, attribute] : place.element->getAttributes()) {
-      if (getArchive().getSize(attribute.value) >= 0) {
-        _excused.insert(attribute.value);
+    for (const QxElement::Attribute& attribute : place.element->getAttributes()) {
+      if (getArchive().getSize(attribute.getValue()) >= 0) {
+        _excused.insert(attribute.getValue());
       }
     }
     return true;

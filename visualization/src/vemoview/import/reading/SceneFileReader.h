@@ -39,8 +39,11 @@ class VEMO_IMPORT_EXPORT SceneFileReader : public ArchiveReader, public ReadingC
   /// than MAX_ELEMENT_DEPTH or has too many elements.
   std::unique_ptr<QxElement> readXml(const std::string& entryName);
 
-  /// By default the tree of the description is deleted once its items are read.
+  /// By default an element of the description is deleted once its item is read.
   void keepDescription() { _keepsDescription = true; }
+  /// Lets go of what an element holds, unless the description is kept or some of
+  /// it is still to be reported as unread.
+  void dropUnlessNeeded(QxElement& element) const;
   /// Null unless it is kept and could be read.
   const QxElement* getDescription() const { return _description.get(); }
 

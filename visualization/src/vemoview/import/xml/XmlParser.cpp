@@ -1,10 +1,12 @@
 #include "vemoview/import/xml/XmlParser.h"
 
 #include "vemoview/import/Failure.h"
+#include "vemoview/import/xml/ElementTexts.h"
 #include <vemo/import/xml/QxElement.h>
 
 #include <exception>
 #include <expat.h>
+#include <memory>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -81,12 +83,12 @@ class TreeBuilder {
     }
     countElement();
     ++_number;
-    auto element = std::make_unique<QxElement>(name);
-    element->setPlace({getLine(), _number});
-    for (; *attributes != nullptr; attributes += 2) {
+    for (const char** attribute = attributes; *attribute != nullptr; attribute += 2) {
       countElement();
-      element->setAttribute(attributes[0], attributes[1]);
     }
+    auto element = std::make_unique<QxElement>(name, _texts);
+    element->setPlace({getLine(), _number});
+    element->setAttributes(attributes);
     QxElement* const opened = element.get();
     if (_open.empty()) {
       _document = std::move(element);
@@ -114,6 +116,7 @@ class TreeBuilder {
   /// Of the element that started last.
   int _number = 0;
   std::unique_ptr<std::remove_pointer_t<XML_Parser>, decltype(&XML_ParserFree)> _parser;
+  std::shared_ptr<ElementTexts> _texts = std::make_shared<ElementTexts>();
   std::unique_ptr<QxElement> _document;
   bool _hasDeclarationsOutside = false;
   /// Those that have started and not ended, outermost first.
