@@ -1,6 +1,7 @@
 #include "vemoview/import/xml/XmlParser.h"
 
 #include "vemoview/import/Failure.h"
+#include "vemoview/import/archive/ReadingLimits.h"
 #include "vemoview/import/xml/ElementTexts.h"
 #include <vemo/import/xml/QxElement.h>
 
@@ -18,7 +19,7 @@ namespace {
 /// Builds the tree of one XML entry from the parser's calls.
 class TreeBuilder {
  public:
-  TreeBuilder(const std::string& entryName, const XmlLimits& limits)
+  TreeBuilder(const std::string& entryName, const ReadingLimits& limits)
       : _entryName(entryName), _limits(limits), _parser(XML_ParserCreate(nullptr), XML_ParserFree) {
     if (!_parser) {
       failAt<XMLException>("Couldn't allocate memory for XML parser", entryName);
@@ -111,7 +112,7 @@ class TreeBuilder {
   int getLine() const { return static_cast<int>(XML_GetCurrentLineNumber(_parser.get())); }
 
   const std::string& _entryName;
-  XmlLimits _limits;
+  ReadingLimits _limits;
   std::uint64_t _elements = 0;
   /// Of the element that started last.
   int _number = 0;
@@ -127,7 +128,7 @@ class TreeBuilder {
 }  // namespace
 
 XmlDocument parseXml(std::span<const unsigned char> text, const std::string& entryName,
-                     const XmlLimits& limits) {
+                     const ReadingLimits& limits) {
   return TreeBuilder(entryName, limits).build(text);
 }
 
