@@ -147,7 +147,7 @@ TEST_F(ItemTest, TheDeepestSceneFitsASmallStack) {
   std::string xml = geometry("polys='tri'", "<array name='d' dim='1' vertexData='true' data='four'/>");
   std::string path = "g";
   // The scene is the first element of the depth, array and geometry the last.
-  for (std::size_t i = 0; i < SceneFileReader::MAX_ELEMENT_DEPTH - 3; ++i) {
+  for (std::size_t i = 0; i < ReadingLimits::MAX_DEPTH - 3; ++i) {
     xml = assembly("A", xml, "version='1'");
     path = "A/" + path;
   }

@@ -89,14 +89,14 @@ TEST_F(SceneAuditTest, ListsWhatBecomesOfEachPart) {
                 "<flow a='1'><in>text</in></flow><vectors name='v'><b c='d'/></vectors>"
                 "<reflect planeEqnCoeffA='1' flip='true'/><view windowWidth='5' up='1'>loose</view>"),
       ElementsAre(
-          "unknown scene/g@colour attribute-unknown", "unused scene/g@faceColor", "unused scene/g@lineColor",
+          "unknown scene/g@colour attribute-unknown", "unused scene/g@lineColor", "unused scene/g@faceColor",
           "unused scene/g@showFaces", "unused scene/g@smoothShading", "lost scene/g/a array-left-out",
-          "lost scene/g/a@data", "lost scene/g/a@dim", "lost scene/g/a@name", "lost scene/g/a@vertexData",
+          "lost scene/g/a@name", "lost scene/g/a@dim", "lost scene/g/a@data", "lost scene/g/a@vertexData",
           "unknown scene/flow element-unknown", "unknown scene/flow@a", "unknown scene/flow/in",
           "unknown scene/flow/in@text()", "lost scene/v kind-not-shown", "lost scene/v@name",
           "lost scene/v/b", "lost scene/v/b@c", "lost scene/reflect element-without-effect",
-          "lost scene/reflect@flip", "lost scene/reflect@planeEqnCoeffA", "changed scene/view view-adjusted",
-          "unknown scene/view@up attribute-unknown", "unused scene/view@windowWidth",
+          "lost scene/reflect@planeEqnCoeffA", "lost scene/reflect@flip", "changed scene/view view-adjusted",
+          "unused scene/view@windowWidth", "unknown scene/view@up attribute-unknown",
           "lost scene/view@text() text-ignored", "lost bad array-left-out", "lost stray entry-unused"));
 }
 
@@ -108,24 +108,24 @@ TEST_F(SceneAuditTest, TellsApartElementsOfOnePathAndLine) {
                 "<annotation text='a' visibility='1' textHeight='x'/>"
                 "<annotation text='a' visibility='1'><position x='q'/></annotation>"),
       ElementsAre("unused scene@background", "changed scene/light@intensity value-unreadable",
-                  "lost scene/gradient element-replaced", "lost scene/gradient@bottomColor",
-                  "lost scene/gradient@mode", "lost scene/gradient@topColor",
+                  "lost scene/gradient element-replaced", "lost scene/gradient@topColor",
+                  "lost scene/gradient@bottomColor", "lost scene/gradient@mode",
                   "lost scene/gradient@visibility", "changed scene/annotation@textHeight value-ignored",
                   "changed scene/annotation/position value-ignored", "lost p entry-unused"));
 }
 
 TEST_F(SceneAuditTest, ListsWhatIsKnownOfARefusedScene) {
   _archive.ints("cells", {3, 0, 1, 9}).text("stray", "x").text("unread", "x");
-  EXPECT_THAT(changesIn("<light intensity='1' color='ab'/><light intensity='1' color='ffffffff' odd='1'/>"
-                        "<assembly name='A' visibility='1' version='7'><axes of='unread'/></assembly>" +
-                        geometry("polys='cells'")),
-              ElementsAre("refused scene/light@color item-invalid",
-                          "unknown scene/light@odd attribute-unknown", "refused scene/A version-too-new",
-                          "refused scene/A@name", "refused scene/A@version", "refused scene/A@visibility",
-                          "refused scene/A/axes", "refused scene/A/axes@of", "unused scene/g@faceColor",
-                          "unused scene/g@lineColor", "refused scene/g@polys entry-invalid",
-                          "unused scene/g@showFaces", "unused scene/g@smoothShading",
-                          "refused cells entry-invalid", "lost stray entry-unused", "refused unread"));
+  EXPECT_THAT(
+      changesIn("<light intensity='1' color='ab'/><light intensity='1' color='ffffffff' odd='1'/>"
+                "<assembly name='A' visibility='1' version='7'><axes of='unread'/></assembly>" +
+                geometry("polys='cells'")),
+      ElementsAre("refused scene/light@color item-invalid", "unknown scene/light@odd attribute-unknown",
+                  "refused scene/A version-too-new", "refused scene/A@name", "refused scene/A@visibility",
+                  "refused scene/A@version", "refused scene/A/axes", "refused scene/A/axes@of",
+                  "refused scene/g@polys entry-invalid", "unused scene/g@lineColor",
+                  "unused scene/g@faceColor", "unused scene/g@showFaces", "unused scene/g@smoothShading",
+                  "refused cells entry-invalid", "lost stray entry-unused", "refused unread"));
 }
 
 TEST_F(SceneAuditTest, ReportsWhatADirectoryDoesNotCountAndAStrangeRoot) {
@@ -241,10 +241,12 @@ std::string xmlOf(const QxElement& element, const Part& part, Change change) {
     return "";
   }
   std::string xml = "<" + element.getName();
-  for (const auto& [name, attribute] : element.getAttributes()) {
+  for (const QxElement::Attribute& attribute : element.getAttributes()) {
+    const std::string& name = attribute.getName();
     const bool isPart = isWhole || (part.element == &element && part.attribute == name);
     if (!isPart || change == Change::ALTERED) {
-      xml += " " + name + "=\"" + escaped(isPart ? altered(attribute.value) : attribute.value) + "\"";
+      xml +=
+          " " + name + "=\"" + escaped(isPart ? altered(attribute.getValue()) : attribute.getValue()) + "\"";
     }
   }
   xml += ">" + escaped(element.peekText());
@@ -310,8 +312,8 @@ class Example {
   /// By their kind, one of each.
   void collectParts(const QxElement& element) {
     _parts.try_emplace(element.getName(), Part{&element, ""});
-    for (const auto& [name, attribute] : element.getAttributes()) {
-      _parts.try_emplace(element.getName() + "@" + name, Part{&element, name});
+    for (const QxElement::Attribute& attribute : element.getAttributes()) {
+      _parts.try_emplace(element.getName() + "@" + attribute.getName(), Part{&element, attribute.getName()});
     }
     for (const auto& child : element.getChildren()) {
       collectParts(*child);

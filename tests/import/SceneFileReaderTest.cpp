@@ -1,7 +1,9 @@
 #include "SceneFixture.h"
 #include "support/Files.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
+#include <random>
 
 namespace vemo {
 
@@ -103,7 +105,7 @@ TEST_F(SceneFileReaderTest, NamesTheLineOfAnXmlError) {
 }
 
 TEST_F(SceneFileReaderTest, BoundsTheDepth) {
-  constexpr std::size_t bound = SceneFileReader::MAX_ELEMENT_DEPTH;
+  constexpr std::size_t bound = ReadingLimits::MAX_DEPTH;
   EXPECT_EQ(parse(repeated("<a>", bound) + repeated("</a>", bound))->getName(), "a");
   for (const std::size_t depth : {bound, std::size_t{1000000}}) {
     EXPECT_EQ(failureOf([&] { parse("<b>\n" + repeated("<a>", depth)); }),
@@ -111,14 +113,58 @@ TEST_F(SceneFileReaderTest, BoundsTheDepth) {
   }
 }
 
-TEST_F(SceneFileReaderTest, BoundsTheElementsThatASmallArchiveHas) {
-  // Attributes count, too, and those by default take no room.
+/// So many elements and attributes: of four that elements have, three are by default.
+std::string xmlOfSize(std::uint64_t elements) {
   const std::string types = "<!DOCTYPE a [<!ATTLIST b c CDATA '' d CDATA '' e CDATA ''>]>";
-  const std::string xml =
-      types + "<a>\n" + repeated("<b/>", SceneFileReader::MAX_ELEMENTS_OF_SMALL_ARCHIVE / 4) + "</a>";
-  EXPECT_EQ(failureOf([&] { parse(xml); }),
-            "XMLException: scene.xml has more elements and attributes than an archive of this size should "
-            "hold at line 2 | :2:scene.xml");
+  return types + "<a>\n" + repeated("<b/>", (elements - 1) / 4) + repeated("<c/>", (elements - 1) % 4) +
+         "</a>";
+}
+
+const std::string TOO_MANY_ELEMENTS =
+    "XMLException: scene.xml has more elements and attributes than an archive of this size should "
+    "hold at line 2 | :2:scene.xml";
+
+TEST_F(SceneFileReaderTest, BoundsTheElementsThatASmallArchiveHas) {
+  constexpr std::uint64_t bound = ReadingLimits::ELEMENTS_OF_SMALL_ARCHIVE;
+  EXPECT_EQ(parse(xmlOfSize(bound))->getName(), "a");
+  EXPECT_EQ(failureOf([&] { parse(xmlOfSize(bound + 1)); }), TOO_MANY_ELEMENTS);
+}
+
+TEST_F(SceneFileReaderTest, BoundsTheElementsOfALargerArchiveByItsBytes) {
+  // Noise does not deflate.
+  std::vector<unsigned char> noise(40'000);
+  std::mt19937 random;
+  std::ranges::generate(noise, [&random] { return static_cast<unsigned char>(random()); });
+  const auto elementsOf = [&](std::uint64_t elements) {
+    SceneFileReader reader =
+        open(ArchiveBuilder().bytes("noise", noise).text("scene.xml", xmlOfSize(elements)));
+    const std::uint64_t bound = reader.getLimits().elements;
+    EXPECT_GT(bound, ReadingLimits::ELEMENTS_OF_SMALL_ARCHIVE);
+    return std::pair(bound, failureOf([&] { reader.readXml("scene.xml"); }));
+  };
+  // The size of the archive hardly depends on the number of elements.
+  const auto [bound, none] = elementsOf(600'000);
+  EXPECT_EQ(none, "");
+  EXPECT_EQ(elementsOf(bound + 100'000).second, TOO_MANY_ELEMENTS);
+}
+
+TEST_F(SceneFileReaderTest, RefusesADescriptionTooLargeForTheArchiveBeforeItIsInflated) {
+  constexpr std::uint64_t bound = ReadingLimits::DESCRIPTION_BYTES_OF_SMALL_ARCHIVE;
+  const auto failureOfSize = [&](std::uint64_t size) {
+    // Large enough to deflate to so much, and broken.
+    SceneFileReader reader = open(ArchiveBuilder()
+                                      .bytes("scene.xml", std::vector<unsigned char>(70'000, 0xff))
+                                      .stored()
+                                      .forge([&](Entry& e) {
+                                        e.method = 8;
+                                        e.uncompressedSize = static_cast<std::uint32_t>(size);
+                                      }));
+    return failureOf([&] { reader.readXml("scene.xml"); });
+  };
+  EXPECT_THAT(failureOfSize(bound), testing::HasSubstr("Could not completely read"));
+  EXPECT_EQ(failureOfSize(bound + 1),
+            "IOException: Entry 'scene.xml' is larger than the description in an archive of this size should "
+            "be | ::scene.xml");
 }
 
 TEST_F(SceneFileReaderTest, BoundsTheBytesThatASmallArchiveHas) {
@@ -126,7 +172,7 @@ TEST_F(SceneFileReaderTest, BoundsTheBytesThatASmallArchiveHas) {
   SceneFileReader reader =
       open(ArchiveBuilder().bytes("p", std::vector<unsigned char>(70'000, 0xff)).stored().forge([](Entry& e) {
         e.method = 8;
-        e.uncompressedSize = SceneFileReader::MAX_BYTES_OF_SMALL_ARCHIVE / 4;
+        e.uncompressedSize = ReadingLimits::BYTES_OF_SMALL_ARCHIVE / 4;
       }));
   const auto failure = [&] { return failureOf([&] { reader.readEntry("p"); }); };
   for (int i = 0; i < 4; ++i) {
@@ -203,7 +249,8 @@ TEST_F(SceneFileReaderTest, KeepsFindingsWithTheirPlace) {
   const std::string longName = repeated("\xC3\xA9", 100);
   {
     const SceneFileReader::ItemScope scene(&reader, "scene", {1});
-    const SceneFileReader::ItemScope item(&reader, "x" + longName, {7});
+    const std::string name = "x" + longName;
+    const SceneFileReader::ItemScope item(&reader, name, {7});
     reader.report(FindingCode::ARRAY_LEFT_OUT, "left out", "c.bin");
   }
   ASSERT_EQ(reader.getFindings().size(), 1u);

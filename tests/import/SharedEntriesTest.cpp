@@ -123,7 +123,7 @@ TEST_F(SharedEntriesTest, ReportsWhatIsWrongForEachItem) {
 TEST_F(SharedEntriesTest, CountsWhatIsSharedOnce) {
   constexpr int COUNT = 3000;
   const std::vector<float> values(30'000);
-  ASSERT_GT(COUNT * values.size() * sizeof(float), SceneFileReader::MAX_BYTES_OF_SMALL_ARCHIVE);
+  ASSERT_GT(COUNT * values.size() * sizeof(float), ReadingLimits::BYTES_OF_SMALL_ARCHIVE);
   _archive.floats("bolt", values);
   std::string items;
   for (int i = 0; i < COUNT; ++i) {

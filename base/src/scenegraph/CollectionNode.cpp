@@ -2,8 +2,9 @@
 #include <vemo/scenegraph/Traversal.h>
 
 #include <algorithm>
-#include <map>
-#include <unordered_map>
+#include <functional>
+#include <string_view>
+#include <unordered_set>
 
 namespace lum {
 
@@ -14,50 +15,112 @@ constexpr std::size_t INDEX_THRESHOLD = 16;
 
 }  // namespace
 
-/// Nodes by class, and by class and name, each set in the collection's order.
+/// Where a collection's nodes of a class, or of a class and name, begin.
 class CollectionNode::Index {
  public:
-  void add(Node& node) {
-    _byClass[node.className()].emplace(node._order, &node);
-    _byName[key(node.className(), node.getName())].emplace(node._order, &node);
-  }
-  void remove(Node& node) {
-    erase(_byClass, node.className(), node);
-    erase(_byName, key(node.className(), node.getName()), node);
-  }
-  void rename(Node& node, const std::string& formerName) {
-    erase(_byName, key(node.className(), formerName), node);
-    _byName[key(node.className(), node.getName())].emplace(node._order, &node);
+  explicit Index(const std::vector<Ptr<Node>>& nodes) : _nodes(nodes) {
+    for (const auto& node : nodes) {
+      add(*static_cast<Node*>(node.getObject()));
+    }
   }
 
-  Node* find(const std::string& className) const { return first(_byClass, className); }
+  void add(Node& node) {
+    addTo(_byClass, node);
+    addTo(_byName, node);
+  }
+  void remove(Node& node) {
+    removeFrom(_byClass, node);
+    removeFrom(_byName, node);
+  }
+  // A name is changed between these.
+  void removeName(Node& node) { removeFrom(_byName, node); }
+  void addName(Node& node) { addTo(_byName, node); }
+
+  Node* find(const std::string& className) const { return find(_byClass, {className, {}}); }
   Node* find(const std::string& className, const std::string& name) const {
-    return first(_byName, key(className, name));
+    return find(_byName, {className, name});
   }
 
  private:
-  using Bucket = std::map<std::uint64_t, Node*>;
-  using Table = std::unordered_map<std::string, Bucket>;
+  struct Key {
+    std::string_view className;
+    std::string_view name;
 
-  // Class names hold no blank, so that different pairs have different keys.
-  static std::string key(const std::string& className, const std::string& name) {
-    return className + ' ' + name;
+    bool operator==(const Key&) const = default;
+  };
+  static Key keyOf(const Key& key, bool /*named*/) { return key; }
+  static Key keyOf(const Node* node, bool named) {
+    return {node->className(), named ? std::string_view(node->getName()) : std::string_view()};
   }
-  static void erase(Table& table, const std::string& key, const Node& node) {
-    const auto bucket = table.find(key);
-    bucket->second.erase(node._order);
-    if (bucket->second.empty()) {
-      table.erase(bucket);
+  template <bool NAMED>
+  struct Hash {
+    using is_transparent = void;
+    std::size_t operator()(const auto& value) const {
+      const Key key = keyOf(value, NAMED);
+      const std::hash<std::string_view> hash;
+      return 31 * hash(key.className) + hash(key.name);
+    }
+  };
+  template <bool NAMED>
+  struct Equal {
+    using is_transparent = void;
+    bool operator()(const auto& left, const auto& right) const {
+      return keyOf(left, NAMED) == keyOf(right, NAMED);
+    }
+  };
+  /// The first node of each key. Its key must not change while it is here.
+  template <bool NAMED>
+  struct Table {
+    std::unordered_set<Node*, Hash<NAMED>, Equal<NAMED>> first;
+    /// Whether there may be others of a key than the first.
+    bool hasOthers = false;
+  };
+
+  template <bool NAMED>
+  static void addTo(Table<NAMED>& table, Node& node) {
+    const auto [first, isNew] = table.first.insert(&node);
+    table.hasOthers = table.hasOthers || !isNew;
+    if ((*first)->_order > node._order) {
+      table.first.erase(first);
+      table.first.insert(&node);
     }
   }
-  static Node* first(const Table& table, const std::string& key) {
-    const auto bucket = table.find(key);
-    return bucket == table.end() ? nullptr : bucket->second.begin()->second;
+  template <bool NAMED>
+  void removeFrom(Table<NAMED>& table, Node& node) {
+    const auto first = table.first.find(&node);
+    if (first == table.first.end() || *first != &node) {
+      return;
+    }
+    table.first.erase(first);
+    if (!table.hasOthers) {
+      return;
+    }
+    const Key key = keyOf(&node, NAMED);
+    for (auto next = findPosition(_nodes, node) + 1; next < _nodes.end(); ++next) {
+      auto* const other = static_cast<Node*>(next->getObject());
+      if (keyOf(other, NAMED) == key) {
+        table.first.insert(other);
+        return;
+      }
+    }
+  }
+  template <bool NAMED>
+  static Node* find(const Table<NAMED>& table, const Key& key) {
+    const auto found = table.first.find(key);
+    return found != table.first.end() ? *found : nullptr;
   }
 
-  Table _byClass;
-  Table _byName;
+  const std::vector<Ptr<Node>>& _nodes;
+  Table<false> _byClass;
+  Table<true> _byName;
 };
+
+/// Where a node is among the nodes of its collection.
+std::vector<Ptr<Node>>::const_iterator CollectionNode::findPosition(const std::vector<Ptr<Node>>& nodes,
+                                                                    const Node& node) {
+  return std::ranges::lower_bound(
+      nodes, node._order, {}, [](const auto& held) { return static_cast<Node*>(held.getObject())->_order; });
+}
 
 CollectionNode::CollectionNode(const NodeInitializer& initializer) : Node(initializer) {}
 
@@ -80,17 +143,16 @@ bool CollectionNode::addNode(Node& node) {
   node._order = _nextOrder++;
   if (_index) {
     _index->add(node);
-  } else {
-    buildIndexWhenLarge();
+  } else if (_nodes.size() == INDEX_THRESHOLD) {
+    _index = std::make_unique<Index>(_nodes);
   }
   modified();
   return true;
 }
 
 bool CollectionNode::removeNode(Node& node) {
-  const auto position =
-      std::ranges::find_if(_nodes, [&node](const auto& held) { return held.getObject() == &node; });
-  if (position == _nodes.end()) {
+  const auto position = findPosition(_nodes, node);
+  if (position == _nodes.end() || position->getObject() != &node) {
     return false;
   }
   if (_index) {
@@ -113,19 +175,15 @@ void CollectionNode::removeAllNodes() {
   modified();
 }
 
-void CollectionNode::buildIndexWhenLarge() {
-  if (_nodes.size() < INDEX_THRESHOLD) {
-    return;
-  }
-  _index = std::make_unique<Index>();
-  for (std::size_t i = 0; i < _nodes.size(); ++i) {
-    _index->add(getNode(i));
+void CollectionNode::beforeRenaming(Node& dependent) {
+  if (_index && dependent._order != 0) {
+    _index->removeName(dependent);
   }
 }
 
-void CollectionNode::dependentRenamed(Node& node, const std::string& formerName) {
-  if (_index && node._order != 0) {
-    _index->rename(node, formerName);
+void CollectionNode::afterRenaming(Node& dependent) {
+  if (_index && dependent._order != 0) {
+    _index->addName(dependent);
   }
 }
 

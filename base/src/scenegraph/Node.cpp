@@ -7,6 +7,16 @@ namespace lum {
 
 namespace {
 
+// Never destroyed: nodes may live until the very end of the process.
+const std::string& noName() {
+  static const std::string& name = *new std::string;
+  return name;
+}
+const std::optional<std::string>& noQualifiedName() {
+  static const std::optional<std::string>& name = *new std::optional<std::string>;
+  return name;
+}
+
 std::uint64_t nextModificationTime() {
   static std::atomic<std::uint64_t> time{0};
   return ++time;
@@ -14,7 +24,7 @@ std::uint64_t nextModificationTime() {
 
 }  // namespace
 
-Node::Node(const NodeInitializer& initializer) : _sessionId(initializer.getSessionId()) {
+Node::Node(const NodeInitializer& initializer) : _name(&noName()), _sessionId(initializer.getSessionId()) {
   NodeRegistrySessions::getSingleton().enter(*this);
 }
 
@@ -25,23 +35,48 @@ Node::~Node() {
 }
 
 void Node::setName(const std::string& name) {
-  if (name == _name) {
+  if (name == *_name) {
     return;
   }
-  const std::string formerName = std::exchange(_name, name);
   if (_owner != nullptr) {
-    _owner->dependentRenamed(*this, formerName);
+    _owner->beforeRenaming(*this);
+  }
+  putName(name);
+  if (_owner != nullptr) {
+    _owner->afterRenaming(*this);
   }
   modified();
 }
 
+void Node::putName(const std::string& name) {
+  const bool isShared = name.empty() || name == className();
+  auto ownName = isShared ? nullptr : std::make_unique<const std::string>(name);
+  _name = !isShared ? ownName.get() : name.empty() ? &noName() : &className();
+  _ownName = std::move(ownName);
+}
+
+const std::optional<std::string>& Node::getQualifiedName() const {
+  return _qualifiedName ? *_qualifiedName : noQualifiedName();
+}
+
 void Node::setQualifiedName(const std::string& name) {
-  assign(_qualifiedName, name);
+  if (!_qualifiedName) {
+    _qualifiedName = std::make_unique<std::optional<std::string>>();
+  }
+  assign(*_qualifiedName, name);
 }
 
 std::vector<Node*> Node::getDependents() const {
   std::vector<Node*> dependents;
-  for (const Field& field : getFields()) {
+  FieldList fields;
+  appendDependents(dependents, fields);
+  return dependents;
+}
+
+void Node::appendDependents(std::vector<Node*>& dependents, FieldList& fields) const {
+  fields.clear();
+  const_cast<Node*>(this)->listFields(fields);
+  for (const Field& field : fields) {
     if (const auto* slot = std::get_if<OwnedSlot*>(&field.value)) {
       if (Node* node = (*slot)->getNode()) {
         dependents.push_back(node);
@@ -52,7 +87,6 @@ std::vector<Node*> Node::getDependents() const {
       }
     }
   }
-  return dependents;
 }
 
 void Node::listFields(FieldList& /*fields*/) {}
@@ -67,6 +101,7 @@ void Node::modified() {
   _modificationTime = nextModificationTime();
 }
 
-void Node::dependentRenamed(Node& /*node*/, const std::string& /*formerName*/) {}
+void Node::beforeRenaming(Node& /*dependent*/) {}
+void Node::afterRenaming(Node& /*dependent*/) {}
 
 }  // namespace lum

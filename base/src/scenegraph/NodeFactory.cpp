@@ -52,15 +52,13 @@ namespace lum {
 
 namespace {
 
-using Create = Ptr<Node> (*)(const NodeInitializer&);
-
 template <class... Classes>
-std::map<std::string, Create> makeTable() {
+std::map<std::string, NodeConstructor> makeTable() {
   return {{Classes::getClassName(),
            [](const NodeInitializer& initializer) { return Ptr<Node>(new Classes(initializer)); }}...};
 }
 
-const std::map<std::string, Create>& getTable() {
+const std::map<std::string, NodeConstructor>& getTable() {
   static const auto table = makeTable<  //
       SceneNode,                        //
       SceneCanvas,                      //
@@ -114,8 +112,13 @@ const std::map<std::string, Create>& getTable() {
 }  // namespace
 
 Ptr<Node> createNode(const NodeInitializer& initializer) {
-  const auto found = getTable().find(initializer.getClassName());
-  return found == getTable().end() ? Ptr<Node>() : found->second(initializer);
+  const NodeConstructor construct = findNodeConstructor(initializer.getClassName());
+  return construct != nullptr ? construct(initializer) : Ptr<Node>();
+}
+
+NodeConstructor findNodeConstructor(const std::string& className) {
+  const auto found = getTable().find(className);
+  return found != getTable().end() ? found->second : nullptr;
 }
 
 std::vector<std::string> getNodeClassNames() {

@@ -66,7 +66,8 @@ class VEMO_SCENEGRAPH_EXPORT CollectionNode : public Node {
   /// Whether the node may be added.
   virtual bool accepts(const Node& node) const;
 
-  void dependentRenamed(Node& node, const std::string& formerName) override;
+  void beforeRenaming(Node& dependent) override;
+  void afterRenaming(Node& dependent) override;
 
  private:
   class Index;
@@ -78,7 +79,8 @@ class VEMO_SCENEGRAPH_EXPORT CollectionNode : public Node {
     VEMO_REQUIRE(addNode(*node), "The collection \"" + getName() + "\" does not take " + T::getClassName());
     return *node;
   }
-  void buildIndexWhenLarge();
+  static std::vector<Ptr<Node>>::const_iterator findPosition(const std::vector<Ptr<Node>>& nodes,
+                                                             const Node& node);
 
   std::vector<Ptr<Node>> _nodes;
   std::uint64_t _nextOrder = 1;

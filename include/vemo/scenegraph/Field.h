@@ -18,7 +18,12 @@ struct Field {
 /// first. All nodes of one class have the same names and kinds.
 class FieldList {
  public:
-  void add(const char* name, const FieldValue& value) { _fields.push_back({name, value}); }
+  void add(const char* name, const FieldValue& value) {
+    if (_fields.capacity() == 0) {
+      _fields.reserve(USUAL_SIZE);
+    }
+    _fields.push_back({name, value});
+  }
 
   auto begin() const { return _fields.begin(); }
   auto end() const { return _fields.end(); }
@@ -27,6 +32,9 @@ class FieldList {
   void clear() { _fields.clear(); }
 
  private:
+  /// Few classes have more.
+  static constexpr std::size_t USUAL_SIZE = 12;
+
   std::vector<Field> _fields;
 };
 

@@ -6,6 +6,7 @@
 #include <vemo/scenegraph/Object.h>
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <type_traits>
@@ -41,11 +42,11 @@ class VEMO_SCENEGRAPH_EXPORT Node : public Object {
   /// The C++ name of the node's class, without its namespace.
   virtual const std::string& className() const = 0;
 
-  const std::string& getName() const { return _name; }
+  const std::string& getName() const { return *_name; }
   void setName(const std::string& name);
 
   /// Empty until it is set.
-  const std::optional<std::string>& getQualifiedName() const { return _qualifiedName; }
+  const std::optional<std::string>& getQualifiedName() const;
   void setQualifiedName(const std::string& name);
 
   /// NO_SESSION outside any session.
@@ -56,6 +57,9 @@ class VEMO_SCENEGRAPH_EXPORT Node : public Object {
 
   /// The nodes that this one owns, each once, in order.
   std::vector<Node*> getDependents() const;
+  /// The same, for many nodes one after the other.
+  /// @param fields is written over
+  void appendDependents(std::vector<Node*>& dependents, FieldList& fields) const;
 
   /// Appends the class's fields, those of its base class first.
   virtual void listFields(FieldList& fields);
@@ -88,8 +92,9 @@ class VEMO_SCENEGRAPH_EXPORT Node : public Object {
     }
   }
 
-  /// Called after an owned node was renamed.
-  virtual void dependentRenamed(Node& node, const std::string& formerName);
+  /// Called before and after an owned node gets another name.
+  virtual void beforeRenaming(Node& dependent);
+  virtual void afterRenaming(Node& dependent);
 
  private:
   friend class CollectionNode;
@@ -97,8 +102,14 @@ class VEMO_SCENEGRAPH_EXPORT Node : public Object {
   friend class OwnedSlot;
   friend class io::GraphDecoder;
 
-  std::string _name;
-  std::optional<std::string> _qualifiedName;
+  /// Replaces the name, and leaves the rest as it is.
+  void putName(const std::string& name);
+
+  // Most nodes are named after their class, and share that name. Scenes may have
+  // a great many nodes, few of them with a name of their own or a qualified one.
+  const std::string* _name;
+  std::unique_ptr<const std::string> _ownName;
+  std::unique_ptr<std::optional<std::string>> _qualifiedName;
   Node* _owner = nullptr;
   // Grows from first to last among siblings in a collection, with gaps.
   std::uint64_t _order = 0;

@@ -2,6 +2,8 @@
 
 #include <vemo/scenegraph/Node.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <vector>
 
 namespace lum {
@@ -26,12 +28,14 @@ inline bool canOwn(const Node& owner, const Node& node) {
 template <class Visit>
 void forEachNode(Node& root, Visit&& visit) {
   std::vector<Node*> waiting{&root};
+  FieldList fields;
   while (!waiting.empty()) {
     Node& node = *waiting.back();
     waiting.pop_back();
     visit(node);
-    const std::vector<Node*> dependents = node.getDependents();
-    waiting.insert(waiting.end(), dependents.rbegin(), dependents.rend());
+    const auto start = static_cast<std::ptrdiff_t>(waiting.size());
+    node.appendDependents(waiting, fields);
+    std::reverse(waiting.begin() + start, waiting.end());
   }
 }
 

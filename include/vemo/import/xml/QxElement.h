@@ -5,12 +5,14 @@
 #include <vemo/import/Export.h>
 #include <vemo/import/xml/Color.h>
 
-#include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vemo {
+
+class ElementTexts;
 
 /// One element of the scene description. A parent owns its children. Names of
 /// attributes and children are compared exactly.
@@ -19,21 +21,35 @@ namespace vemo {
 /// all items.
 class VEMO_IMPORT_EXPORT QxElement {
  public:
-  struct Attribute {
-    std::string value;
-    mutable bool isRead = false;
-    mutable bool isUnused = false;
+  class Attribute {
+   public:
+    Attribute(const std::string& name, const std::string& value) : _name(&name), _value(&value) {}
+
+    const std::string& getName() const { return *_name; }
+    const std::string& getValue() const { return *_value; }
+    bool isRead() const { return _isRead; }
+    bool isUnused() const { return _isUnused; }
+
+   private:
+    friend class QxElement;
+
+    const std::string* _name;
+    const std::string* _value;
+    mutable bool _isRead = false;
+    mutable bool _isUnused = false;
   };
-  using Attributes = std::map<std::string, Attribute>;
+  using Attributes = std::vector<Attribute>;
   using Children = std::vector<std::unique_ptr<QxElement>>;
 
-  explicit QxElement(std::string name);
+  explicit QxElement(const std::string& name);
+  /// @param texts keeps the names and values of the elements of one document
+  QxElement(std::string_view name, std::shared_ptr<ElementTexts> texts);
   /// Not recursive: needs no more stack for a deep tree than for a flat one.
   ~QxElement();
   QxElement(const QxElement&) = delete;
   QxElement& operator=(const QxElement&) = delete;
 
-  const std::string& getName() const { return _name; }
+  const std::string& getName() const { return *_name; }
 
   /// The last run of characters that the XML parser reported directly inside
   /// the element.
@@ -50,8 +66,13 @@ class VEMO_IMPORT_EXPORT QxElement {
   /// Whether an earlier run of characters held more than blanks.
   bool hasReplacedText() const { return _hasReplacedText; }
 
+  /// In document order.
   const Attributes& getAttributes() const { return _attributes; }
-  void setAttribute(const std::string& name, const std::string& value) { _attributes[name] = {value}; }
+  /// The attribute, which does not count as read by this; null when it is absent.
+  const Attribute* peekAttribute(const std::string& name) const;
+  void setAttribute(const std::string& name, const std::string& value);
+  /// Pairs of a name and a value, up to a null; no name is there twice.
+  void setAttributes(const char* const* namesAndValues);
 
   /// In document order.
   const Children& getChildren() const { return _children; }
@@ -62,6 +83,11 @@ class VEMO_IMPORT_EXPORT QxElement {
   void markRead() const { _isRead = true; }
   /// With its attributes and text.
   void markAllRead() const;
+  /// Whether all of it was read: its attributes, text and children, too.
+  bool isWhollyRead() const;
+  /// Lets go of its attributes, text and children: scenes may have a great many
+  /// elements.
+  void dropContent();
 
   /// An attribute that the format has, but nothing here needs.
   void markUnused(const std::string& attribute) const;
@@ -98,7 +124,10 @@ class VEMO_IMPORT_EXPORT QxElement {
   bool getVector3(const std::string& childName, Vector<3, double>& out) const;
 
  private:
-  std::string _name;
+  void addAttribute(std::string_view name, std::string_view value);
+
+  std::shared_ptr<ElementTexts> _texts;
+  const std::string* _name;
   std::string _text;
   Attributes _attributes;
   Children _children;

@@ -3,7 +3,6 @@
 #include "scenegraph/ArrayType.h"
 #include "scenegraph/inspect/NodeDescription.h"
 
-#include <vtkCellArray.h>
 #include <vtkTypeInt32Array.h>
 #include <vtkTypeInt64Array.h>
 
@@ -152,6 +151,19 @@ std::string ArrayBinder::complete(std::uint32_t number) {
   return describeNode(*node) + ": " + fault;
 }
 
+vtkSmartPointer<vtkCellArray> ArrayBinder::getCells(std::uint32_t offsets, std::uint32_t connectivity) {
+  const auto uses = findUses(connectivity);
+  const bool isShared = _byChunk.end() - uses > 1 && _uses[uses[1]].chunk == connectivity;
+  if (!isShared) {
+    return makeCells(getArray(offsets), getArray(connectivity));
+  }
+  auto& cells = _sharedCells[{offsets, connectivity}];
+  if (!cells) {
+    cells = makeCells(getArray(offsets), getArray(connectivity));
+  }
+  return cells;
+}
+
 std::string ArrayBinder::putArrays(const Waiting& waiting, FieldList& fields) {
   const auto end = _uses.begin() + static_cast<std::ptrdiff_t>(waiting.firstUse + waiting.useCount);
   for (auto use = end - static_cast<std::ptrdiff_t>(waiting.useCount); use != end; ++use) {
@@ -162,8 +174,9 @@ std::string ArrayBinder::putArrays(const Waiting& waiting, FieldList& fields) {
     } else if (const auto* table = std::get_if<ArrayTable*>(&field.value)) {
       (*table)->emplace_back(&array);
     } else {
+      const std::uint32_t offsets = use->chunk;
       ++use;
-      auto cells = makeCells(array, getArray(use->chunk));
+      auto cells = getCells(offsets, use->chunk);
       if (!cells) {
         return std::string(field.name) + ": offsets and connectivity are not integers of one type";
       }

@@ -4,13 +4,16 @@
 #include <vemo/scenegraph/Node.h>
 #include <vemo/scenegraph/Ptr.h>
 
+#include <vtkCellArray.h>
 #include <vtkDataArray.h>
 #include <vtkSmartPointer.h>
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace lum::io {
@@ -63,6 +66,8 @@ class ArrayBinder {
   std::vector<std::uint32_t>::const_iterator findUses(std::size_t chunk);
   std::string complete(std::uint32_t waiting);
   std::string putArrays(const Waiting& waiting, FieldList& fields);
+  /// Null when the arrays are not what cell arrays hold.
+  vtkSmartPointer<vtkCellArray> getCells(std::uint32_t offsets, std::uint32_t connectivity);
 
   // Arrays by their chunks; a page is empty until one of its chunks is there: a
   // record may use few of a great many.
@@ -72,6 +77,8 @@ class ArrayBinder {
   std::vector<std::uint32_t> _byChunk;
   std::vector<Waiting> _waiting;
   std::size_t _firstUnknown = 0;
+  // By the chunks of offsets and connectivity: those that several nodes have.
+  std::map<std::pair<std::uint32_t, std::uint32_t>, vtkSmartPointer<vtkCellArray>> _sharedCells;
   // Of nodes that changed: the last time that they began to wait.
   std::unordered_map<const Node*, std::uint32_t> _latest;
   PolyDataCheck _check;

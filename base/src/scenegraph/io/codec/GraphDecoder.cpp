@@ -4,7 +4,6 @@
 #include "scenegraph/io/codec/FieldReader.h"
 #include "scenegraph/io/codec/GraphFormat.h"
 #include <vemo/scenegraph/CollectionNode.h>
-#include <vemo/scenegraph/NodeFactory.h>
 #include <vemo/scenegraph/Owned.h>
 #include <vemo/scenegraph/io/FileError.h>
 
@@ -173,7 +172,10 @@ Ptr<Node> GraphDecoder::findOrMake(const Record& record, const FileField* ownerF
   if (owner != nullptr && (owner->node == nullptr || ownerField->index == FileField::NONE)) {
     return {};
   }
-  return createNode(ClassNameAndSessionNodeInitializer(record.fileClass->name, _sessionId));
+  const NodeConstructor construct = record.fileClass->construct;
+  return construct != nullptr
+             ? construct(ClassNameAndSessionNodeInitializer(record.fileClass->name, _sessionId))
+             : Ptr<Node>();
 }
 
 void GraphDecoder::attach(Level& owner, const FileField& ownerField, Node& node) const {
@@ -197,7 +199,6 @@ void GraphDecoder::readValues(ByteReader& in, Level& level, bool isNew) {
   const std::string_view presence = in.take(level.fileClass->presenceBytes, "presence bits");
   if (!isNew) {
     level.node->_qualifiedName.reset();
-    level.node->setName("");
     level.node->modified();
   }
   readNames(in, level.node, presence);
@@ -236,6 +237,8 @@ void GraphDecoder::readNames(ByteReader& in, Node* node, const std::string_view&
     if (node != nullptr) {
       node->setName(name);
     }
+  } else if (node != nullptr) {
+    node->setName("");
   }
   if (isPresent(presence, QUALIFIED_NAME_BIT)) {
     const std::string& name = reader.readString();

@@ -97,7 +97,7 @@ void GraphEncoder::encodeValues(Node& node, const TableWriter::Class& nodeClass)
   _records.fill((FIRST_FIELD_BIT + static_cast<std::size_t>(valueCount) + 7) / 8);
   if (!node.getName().empty()) {
     setBit(NAME_BIT);
-    _records.number(_tables.addString(node.getName()));
+    _records.number(node.getName() == node.className() ? nodeClass.name : _tables.addString(node.getName()));
   }
   if (node.getQualifiedName()) {
     setBit(QUALIFIED_NAME_BIT);

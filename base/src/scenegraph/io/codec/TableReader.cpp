@@ -3,7 +3,6 @@
 #include "scenegraph/io/codec/GraphFormat.h"
 #include "scenegraph/io/codec/TableWriter.h"
 #include <vemo/scenegraph/Findings.h>
-#include <vemo/scenegraph/NodeFactory.h>
 #include <vemo/scenegraph/io/FileError.h>
 
 #include <algorithm>
@@ -94,12 +93,13 @@ FileClass TableReader::readClass(ByteReader& in) {
 }
 
 void TableReader::matchFields(FileClass& fileClass, const std::vector<std::string>& names) {
-  const Ptr<Node> fresh = createNode(ClassNameNodeInitializer(fileClass.name));
-  if (!fresh) {
+  fileClass.construct = findNodeConstructor(fileClass.name);
+  if (fileClass.construct == nullptr) {
     vemo::reportFinding(vemo::FindingCode::CLASS_UNKNOWN, "The file has nodes of class " + fileClass.name +
                                                               ", which is unknown here; they are left out");
     return;
   }
+  const Ptr<Node> fresh = fileClass.construct(ClassNameNodeInitializer(fileClass.name));
   FieldList own;
   fresh->listFields(own);
   NoArrays sink;

@@ -3,6 +3,7 @@
 #include "scenegraph/io/codec/ByteReader.h"
 #include "scenegraph/io/codec/ChunkRow.h"
 #include <vemo/scenegraph/Node.h>
+#include <vemo/scenegraph/NodeFactory.h>
 
 #include <cstddef>
 #include <string>
@@ -27,6 +28,8 @@ struct FileField {
 
 struct FileClass {
   std::string name;
+  /// Null when the class is unknown here.
+  NodeConstructor construct = nullptr;
   std::vector<FileField> fields;
   std::size_t presenceBytes = 0;
 };

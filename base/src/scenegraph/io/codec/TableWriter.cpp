@@ -96,11 +96,11 @@ TableWriter::Class TableWriter::addClass(Node& node) {
   if (!fresh) {
     throw FileError(FileIoStatus::WriteError, "Nodes of class " + node.className() + " cannot be stored");
   }
-  Class result{_classes.size(), false, {}};
+  Class result{_classes.size(), addString(node.className()), false, {}};
   FieldList fields;
   fresh->listFields(fields);
   ByteWriter row;
-  row.number(addString(node.className()));
+  row.number(result.name);
   row.number(fields.size());
   for (const Field& field : fields) {
     const FieldKind kind = kindOf(field.value);
@@ -119,10 +119,11 @@ TableWriter::Class TableWriter::addClass(Node& node) {
 
 std::uint64_t TableWriter::addString(std::string_view text) {
   if (text.size() <= MAX_SHARED_STRING_BYTES) {
-    const auto [known, isNew] = _sharedStrings.try_emplace(std::string(text), _stringCount);
-    if (!isNew) {
+    const auto known = _sharedStrings.find(text);
+    if (known != _sharedStrings.end()) {
       return known->second;
     }
+    _sharedStrings.emplace(text, _stringCount);
   }
   _strings.rows.text(text);
   ++_strings.count;
@@ -134,9 +135,8 @@ std::uint64_t TableWriter::addArray(vtkDataArray& array, bool shared) {
     return writeArray(array);
   }
   KnownArray& known = _arrays[&array];
-  // Another array may have been made at the address of one that is gone.
-  if (known.array != &array || known.time != array.GetMTime()) {
-    known = {&array, array.GetMTime(), writeArray(array)};
+  if (known.time != array.GetMTime()) {
+    known = {array.GetMTime(), writeArray(array)};
   }
   return known.number;
 }

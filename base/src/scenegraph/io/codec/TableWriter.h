@@ -5,9 +5,10 @@
 #include <vemo/scenegraph/Node.h>
 #include <vemo/scenegraph/Ptr.h>
 
-#include <vtkWeakPointer.h>
+#include <vtkType.h>
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <typeindex>
@@ -40,6 +41,8 @@ class TableWriter {
 
   struct Class {
     std::uint64_t number;
+    /// The number of its name.
+    std::uint64_t name = 0;
     bool hasArrays = false;
     /// By field: the value that a new node has, as it would be written.
     std::vector<std::string> defaults;
@@ -57,10 +60,14 @@ class TableWriter {
   void take(ByteWriter& out);
 
  private:
+  /// An array that is made where another one was, or that changes, has a later time.
   struct KnownArray {
-    vtkWeakPointer<vtkDataArray> array;
-    vtkMTimeType time;
-    std::uint64_t number;
+    vtkMTimeType time = 0;
+    std::uint64_t number = 0;
+  };
+  struct StringHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
   };
   struct Table {
     std::uint64_t count = 0;
@@ -74,9 +81,9 @@ class TableWriter {
 
   ArraySink& _sink;
   bool _rememberAll;
-  std::unordered_map<std::string, std::uint64_t> _sharedStrings;
+  std::unordered_map<std::string, std::uint64_t, StringHash, std::equal_to<>> _sharedStrings;
   std::unordered_map<std::type_index, Class> _classes;
-  std::unordered_map<vtkDataArray*, KnownArray> _arrays;
+  std::unordered_map<const vtkDataArray*, KnownArray> _arrays;
   std::uint64_t _stringCount = 0;
   std::uint64_t _arrayCount = 0;
   Table _strings;

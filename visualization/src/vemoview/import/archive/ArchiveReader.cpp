@@ -3,7 +3,6 @@
 #include "vemoview/import/Failure.h"
 #include "vemoview/import/archive/ByteOrder.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <memory>
 #include <new>
@@ -66,8 +65,7 @@ std::vector<std::string> ArchiveReader::getUnusedEntries() const {
 
 void ArchiveReader::countBytesRead(int size, const std::string& entryName) {
   _bytesRead += static_cast<std::uint64_t>(size);
-  if (_bytesRead >
-      std::max(MAX_BYTES_OF_SMALL_ARCHIVE, _archive.getFileSize() * ZipFileReader::MAX_DEFLATE_RATIO)) {
+  if (_bytesRead > getLimits().bytes) {
     failAt<IOException>("Entry '" + entryName +
                             "' cannot be read: the scene asks for more data than an archive of this size can "
                             "hold.<br>Your file may be corrupt.",

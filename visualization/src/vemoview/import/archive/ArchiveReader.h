@@ -1,6 +1,7 @@
 #pragma once
 
 #include "vemoview/import/archive/DecodedEntries.h"
+#include "vemoview/import/archive/ReadingLimits.h"
 #include <vemo/import/Export.h>
 #include <vemo/import/archive/Array_t.h>
 #include <vemo/import/archive/ZipFileReader.h>
@@ -15,17 +16,13 @@ namespace vemo {
 /// The content of an archive's entries: blocks of bytes and arrays of numbers.
 class VEMO_IMPORT_EXPORT ArchiveReader {
  public:
-  /// Entries may overlap: the total read from an archive is limited to what
-  /// deflating could have put into a file of its size. This is the limit for archives so small that theirs
-  /// would be lower.
-  static constexpr std::uint64_t MAX_BYTES_OF_SMALL_ARCHIVE = 256U << 20U;
-
   explicit ArchiveReader(ZipFileReader archive);
   ArchiveReader(const ArchiveReader&) = delete;
   ArchiveReader& operator=(const ArchiveReader&) = delete;
   virtual ~ArchiveReader() = default;
 
   const ZipFileReader& getArchive() const { return _archive; }
+  ReadingLimits getLimits() const { return ReadingLimits::ofArchive(_archive.getFileSize()); }
 
   /// The whole content of an entry; the caller owns the block. Throws
   /// IOException when the entry is missing or cannot be read, or when more is

@@ -27,15 +27,14 @@ void SceneItem::readImpl(const QxElement& element, SceneFileReader* reader) {
 }
 
 std::string SceneItem::statedName(const QxElement& element) {
-  const auto name = element.getAttributes().find(XML_ATTRIB_NAME);
-  return name != element.getAttributes().end() ? name->second.value : std::string();
+  const QxElement::Attribute* const name = element.peekAttribute(XML_ATTRIB_NAME);
+  return name != nullptr ? name->getValue() : std::string();
 }
 
 const std::string& SceneItem::pathName(const QxElement& element) {
   // Not by reading it: elements without a name of their own may have the attribute.
-  const auto name = element.getAttributes().find(XML_ATTRIB_NAME);
-  return name != element.getAttributes().end() && !name->second.value.empty() ? name->second.value
-                                                                              : element.getName();
+  const QxElement::Attribute* const name = element.peekAttribute(XML_ATTRIB_NAME);
+  return name != nullptr && !name->getValue().empty() ? name->getValue() : element.getName();
 }
 
 }  // namespace vemo

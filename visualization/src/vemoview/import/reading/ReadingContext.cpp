@@ -21,16 +21,16 @@ const std::string FURTHER_PARTS = "/...";
 
 }  // namespace
 
-std::string ReadingContext::pathPart(const std::string& name) {
+std::string ReadingContext::pathPart(std::string_view name) {
   if (name.size() <= MAX_NAME_LENGTH) {
-    return name;
+    return std::string(name);
   }
   // Truncated between characters.
   std::size_t end = MAX_NAME_LENGTH;
   while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0) == 0x80) {
     --end;
   }
-  return name.substr(0, end) + "...";
+  return std::string(name.substr(0, end)) + "...";
 }
 
 void ReadingContext::extendPath(std::string& path, const std::string& part) {
@@ -43,11 +43,11 @@ void ReadingContext::extendPath(std::string& path, const std::string& part) {
   }
 }
 
-ReadingContext::ItemScope::ItemScope(ReadingContext* context, const std::string& name,
+ReadingContext::ItemScope::ItemScope(ReadingContext* context, std::string_view name,
                                      const ElementPlace& place)
     : _context(context), _exceptions(std::uncaught_exceptions()) {
   if (_context != nullptr) {
-    _context->_items.push_back({pathPart(name), place});
+    _context->_items.push_back({name, place});
     _context->_failure = {};
   }
 }
@@ -86,7 +86,7 @@ void ReadingContext::noteFailure(int formerExceptions) {
 std::string ReadingContext::getItemPath() const {
   std::string path;
   for (const Item& item : _items) {
-    extendPath(path, item.name);
+    extendPath(path, pathPart(item.name));
   }
   return path;
 }

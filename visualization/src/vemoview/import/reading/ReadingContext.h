@@ -24,10 +24,10 @@ class VEMO_IMPORT_EXPORT ReadingContext {
 
   /// Marks an item as being read or converted, from construction to destruction:
   /// `const ReadingContext::ItemScope scope(context, element.getName(), element.getPlace());`
-  /// A null context is accepted.
+  /// The name must outlive the scope. A null context is accepted.
   class VEMO_IMPORT_EXPORT ItemScope {
    public:
-    ItemScope(ReadingContext* context, const std::string& name, const ElementPlace& place = {});
+    ItemScope(ReadingContext* context, std::string_view name, const ElementPlace& place = {});
     ~ItemScope();
     ItemScope(const ItemScope&) = delete;
     ItemScope& operator=(const ItemScope&) = delete;
@@ -54,7 +54,7 @@ class VEMO_IMPORT_EXPORT ReadingContext {
   std::string getItemPath() const;
 
   /// The part of a path for a name; a very long name is shortened.
-  static std::string pathPart(const std::string& name);
+  static std::string pathPart(std::string_view name);
 
   /// Appends the part to a path. If the path is very long already, "..."
   /// replaces all further parts.
@@ -117,7 +117,7 @@ class VEMO_IMPORT_EXPORT ReadingContext {
 
  private:
   struct Item {
-    std::string name;
+    std::string_view name;
     ElementPlace element;
     /// Empty unless one is being read.
     std::string_view attribute{};

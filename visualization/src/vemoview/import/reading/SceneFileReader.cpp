@@ -1,10 +1,11 @@
 #include "vemoview/import/reading/SceneFileReader.h"
 
+#include "vemoview/import/Failure.h"
 #include "vemoview/import/reading/DescriptionWalk.h"
 #include "vemoview/import/xml/XmlParser.h"
 #include <vemo/import/xml/QxElement.h>
 
-#include <algorithm>
+#include <cstdint>
 #include <utility>
 
 namespace vemo {
@@ -16,9 +17,15 @@ const std::string SceneFileReader::LUM_ENTRY_PREFIX = "lum";
 SceneFileReader::SceneFileReader(ZipFileReader archive) : ArchiveReader(std::move(archive)) {}
 
 std::unique_ptr<QxElement> SceneFileReader::readXml(const std::string& entryName) {
+  const ReadingLimits limits = getLimits();
+  // Before it is inflated.
+  if (getArchive().getSize(entryName) > static_cast<std::int64_t>(limits.descriptionBytes)) {
+    failAt<IOException>(
+        "Entry '" + entryName + "' is larger than the description in an archive of this size should be",
+        entryName);
+  }
   const ArrayOwner<unsigned char> text(readEntry(entryName));
-  const std::uint64_t maxElements = std::max(MAX_ELEMENTS_OF_SMALL_ARCHIVE, 4 * getArchive().getFileSize());
-  XmlDocument document = parseXml(text.values(), entryName, {MAX_ELEMENT_DEPTH, maxElements});
+  XmlDocument document = parseXml(text.values(), entryName, limits);
   if (document.hasDeclarationsOutside) {
     report(FindingCode::DECLARATIONS_NOT_READ,
            "The description refers to entities or declarations outside of it, which are not read", entryName);
@@ -26,11 +33,17 @@ std::unique_ptr<QxElement> SceneFileReader::readXml(const std::string& entryName
   return std::move(document.root);
 }
 
+void SceneFileReader::dropUnlessNeeded(QxElement& element) const {
+  if (!_keepsDescription && element.isWhollyRead()) {
+    element.dropContent();
+  }
+}
+
 void SceneFileReader::excuseEntriesOf(const QxElement& element) {
   walkDescription(element, [this](const PlacedElement& place) {
-    for (const auto& [name, attribute] : place.element->getAttributes()) {
-      if (getArchive().getSize(attribute.value) >= 0) {
-        _excused.insert(attribute.value);
+    for (const QxElement::Attribute& attribute : place.element->getAttributes()) {
+      if (getArchive().getSize(attribute.getValue()) >= 0) {
+        _excused.insert(attribute.getValue());
       }
     }
     return true;

@@ -20,14 +20,6 @@ class Scene;
 /// context for errors and findings.
 class VEMO_IMPORT_EXPORT SceneFileReader : public ArchiveReader, public ReadingContext {
  public:
-  /// Elements nested deeper are rejected: reading and converting items is
-  /// recursive.
-  static constexpr std::size_t MAX_ELEMENT_DEPTH = 128;
-  /// A description that deflates well is far smaller than the tree made of it:
-  /// its elements and attributes are limited to four per byte of the archive.
-  /// This is the limit for archives so small that theirs would be lower.
-  static constexpr std::uint64_t MAX_ELEMENTS_OF_SMALL_ARCHIVE = 4'000'000;
-
   static const std::string SCENE_ENTRY;       ///< "scene.xml"
   static const std::string LUM_SCENE_ENTRY;   ///< "scene.lum"
   static const std::string LUM_ENTRY_PREFIX;  ///< "lum"
@@ -35,12 +27,15 @@ class VEMO_IMPORT_EXPORT SceneFileReader : public ArchiveReader, public ReadingC
   explicit SceneFileReader(ZipFileReader archive);
 
   /// The document element of an XML entry. Throws IOException as readEntry
-  /// does, and XMLException with the line for text that is not XML, nests deeper
-  /// than MAX_ELEMENT_DEPTH or has too many elements.
+  /// does, and XMLException with the line for text that is not XML or exceeds
+  /// the limits.
   std::unique_ptr<QxElement> readXml(const std::string& entryName);
 
-  /// By default the tree of the description is deleted once its items are read.
+  /// By default an element of the description is deleted once its item is read.
   void keepDescription() { _keepsDescription = true; }
+  /// Lets go of what an element holds, unless the description is kept or some of
+  /// it is still to be reported as unread.
+  void dropUnlessNeeded(QxElement& element) const;
   /// Null unless it is kept and could be read.
   const QxElement* getDescription() const { return _description.get(); }
 

@@ -79,9 +79,11 @@ void readChildren(Container& container, const ReadingCommands<Container>& comman
     }
     child->markRead();
     const std::size_t faults = countFaults(reader);
+    bool isItem = false;
     const bool isRead = attempt(reader, [&] {
       const ReadingContext::ItemScope scope(reader, SceneItem::pathName(*child), child->getPlace());
       if (auto item = command->second(container, *child, reader)) {
+        isItem = true;
         readItem(*item, *child, reader);
         // With only a part of its data, an item would appear to have more
         // faults than it has.
@@ -96,6 +98,9 @@ void readChildren(Container& container, const ReadingCommands<Container>& comman
     }
     if (countFaults(reader) == faults) {
       singles.add(*child);
+      if (isItem && reader != nullptr) {
+        reader->dropUnlessNeeded(*child);
+      }
     } else {
       container.setIncomplete();
       reader->excuseEntriesOf(*child);

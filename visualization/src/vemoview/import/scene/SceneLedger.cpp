@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <set>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 
@@ -75,17 +77,20 @@ class DescriptionLedger {
     }
     _inherited.push_back(ofParts);
     LedgerRow row{{}, place.path, element.getName(), element.getLine(), {}, {}, {}, {}};
+    const std::set<std::string_view> parts =
+        found.ofAttributes.empty() ? std::set<std::string_view>() : partsOf(element);
     for (const auto& [attribute, codes] : found.ofAttributes) {
-      if (!hasPart(element, attribute)) {
+      if (!parts.contains(attribute)) {
         // It should be there.
         found.ofElement.insert(found.ofElement.end(), codes.begin(), codes.end());
       }
     }
     put(row, inherited, found.ofElement);
-    for (const auto& [name, attribute] : element.getAttributes()) {
-      row.attribute = name;
-      row.value = attribute.value;
-      put(row, attribute.isUnused ? std::max(ofParts, Outcome::UNUSED) : ofParts, found.ofAttributes[name]);
+    for (const QxElement::Attribute& attribute : element.getAttributes()) {
+      row.attribute = attribute.getName();
+      row.value = attribute.getValue();
+      put(row, attribute.isUnused() ? std::max(ofParts, Outcome::UNUSED) : ofParts,
+          found.ofAttributes[row.attribute]);
     }
     if (element.hasText()) {
       row.attribute = TEXT_NAME;
@@ -95,8 +100,16 @@ class DescriptionLedger {
   }
 
  private:
-  static bool hasPart(const QxElement& element, const std::string& attribute) {
-    return attribute == TEXT_NAME ? element.hasText() : element.getAttributes().contains(attribute);
+  /// What findings about attributes may name.
+  static std::set<std::string_view> partsOf(const QxElement& element) {
+    std::set<std::string_view> parts;
+    for (const QxElement::Attribute& attribute : element.getAttributes()) {
+      parts.insert(attribute.getName());
+    }
+    if (element.hasText()) {
+      parts.insert(TEXT_NAME);
+    }
+    return parts;
   }
 
   ElementFindings takeFindings(const QxElement& element) {

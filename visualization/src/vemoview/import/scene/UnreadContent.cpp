@@ -23,12 +23,12 @@ void reportUnread(const PlacedElement& place, SceneFileReader& reader) {
            "The element " + quoted(element.getName()) + " is unknown here and is ignored");
     return;
   }
-  for (const auto& [name, attribute] : element.getAttributes()) {
-    if (!attribute.isRead) {
-      report(
-          FindingCode::ATTRIBUTE_UNKNOWN,
-          "The attribute " + quoted(name) + " of " + quoted(element.getName()) + " is unknown and is ignored",
-          name);
+  for (const QxElement::Attribute& attribute : element.getAttributes()) {
+    if (!attribute.isRead()) {
+      report(FindingCode::ATTRIBUTE_UNKNOWN,
+             "The attribute " + quoted(attribute.getName()) + " of " + quoted(element.getName()) +
+                 " is unknown and is ignored",
+             attribute.getName());
     }
   }
   if (element.hasText() && !element.isTextRead()) {

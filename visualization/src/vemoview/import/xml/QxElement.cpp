@@ -1,3 +1,4 @@
+#include "vemoview/import/xml/ElementTexts.h"
 #include "vemoview/import/xml/QxString.h"
 #include <vemo/import/xml/QxElement.h>
 
@@ -7,7 +8,10 @@
 
 namespace vemo {
 
-QxElement::QxElement(std::string name) : _name(std::move(name)) {}
+QxElement::QxElement(const std::string& name) : QxElement(name, std::make_shared<ElementTexts>()) {}
+
+QxElement::QxElement(std::string_view name, std::shared_ptr<ElementTexts> texts)
+    : _texts(std::move(texts)), _name(&_texts->getName(name).text) {}
 
 QxElement::~QxElement() {
   // Each element gives up its children before it is destroyed.
@@ -29,16 +33,49 @@ void QxElement::setText(std::string text) {
 void QxElement::markAllRead() const {
   _isRead = true;
   _isTextRead = true;
-  for (const auto& [name, attribute] : _attributes) {
-    attribute.isRead = true;
+  for (const Attribute& attribute : _attributes) {
+    attribute._isRead = true;
   }
 }
 
+bool QxElement::isWhollyRead() const {
+  return _isRead && (!_hasText || _isTextRead) && std::ranges::all_of(_attributes, &Attribute::isRead) &&
+         std::ranges::all_of(_children, [](const auto& child) { return child->isWhollyRead(); });
+}
+
+void QxElement::dropContent() {
+  Attributes().swap(_attributes);
+  Children().swap(_children);
+  std::string().swap(_text);
+  _hasText = false;
+}
+
 void QxElement::markUnused(const std::string& attribute) const {
-  const auto found = _attributes.find(attribute);
-  if (found != _attributes.end()) {
-    found->second.isUnused = true;
+  if (const Attribute* const found = peekAttribute(attribute)) {
+    found->_isUnused = true;
   }
+}
+
+void QxElement::setAttribute(const std::string& name, const std::string& value) {
+  std::erase_if(_attributes, [&name](const Attribute& attribute) { return attribute.getName() == name; });
+  addAttribute(name, value);
+}
+
+void QxElement::setAttributes(const char* const* namesAndValues) {
+  std::size_t size = 0;
+  while (namesAndValues[size] != nullptr) {
+    size += 2;
+  }
+  _attributes.clear();
+  _attributes.reserve(size / 2);
+  for (std::size_t i = 0; i < size; i += 2) {
+    addAttribute(namesAndValues[i], namesAndValues[i + 1]);
+  }
+}
+
+void QxElement::addAttribute(std::string_view name, std::string_view value) {
+  ElementTexts::Name& shared = _texts->getName(name);
+  _attributes.emplace_back(shared.text, _texts->getValue(shared, value));
 }
 
 QxElement& QxElement::addChild(std::unique_ptr<QxElement> child) {
@@ -47,7 +84,7 @@ QxElement& QxElement::addChild(std::unique_ptr<QxElement> child) {
 
 const QxElement* QxElement::findChild(const std::string& name) const {
   const auto found =
-      std::ranges::find_if(_children, [&name](const auto& child) { return child->_name == name; });
+      std::ranges::find_if(_children, [&name](const auto& child) { return *child->_name == name; });
   if (found == _children.end()) {
     return nullptr;
   }
@@ -55,13 +92,18 @@ const QxElement* QxElement::findChild(const std::string& name) const {
   return found->get();
 }
 
+const QxElement::Attribute* QxElement::peekAttribute(const std::string& name) const {
+  const auto found = std::ranges::find(_attributes, name, &Attribute::getName);
+  return found != _attributes.end() ? &*found : nullptr;
+}
+
 const std::string* QxElement::findAttribute(const std::string& name) const {
-  const auto found = _attributes.find(name);
-  if (found == _attributes.end()) {
+  const Attribute* const found = peekAttribute(name);
+  if (found == nullptr) {
     return nullptr;
   }
-  found->second.isRead = true;
-  return &found->second.value;
+  found->_isRead = true;
+  return found->_value;
 }
 
 std::unique_ptr<std::string> QxElement::getString(const std::string& name) const {

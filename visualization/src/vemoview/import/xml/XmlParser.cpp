@@ -1,10 +1,13 @@
 #include "vemoview/import/xml/XmlParser.h"
 
 #include "vemoview/import/Failure.h"
+#include "vemoview/import/archive/ReadingLimits.h"
+#include "vemoview/import/xml/ElementTexts.h"
 #include <vemo/import/xml/QxElement.h>
 
 #include <exception>
 #include <expat.h>
+#include <memory>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -16,7 +19,7 @@ namespace {
 /// Builds the tree of one XML entry from the parser's calls.
 class TreeBuilder {
  public:
-  TreeBuilder(const std::string& entryName, const XmlLimits& limits)
+  TreeBuilder(const std::string& entryName, const ReadingLimits& limits)
       : _entryName(entryName), _limits(limits), _parser(XML_ParserCreate(nullptr), XML_ParserFree) {
     if (!_parser) {
       failAt<XMLException>("Couldn't allocate memory for XML parser", entryName);
@@ -87,12 +90,12 @@ class TreeBuilder {
     }
     countElement();
     ++_number;
-    auto element = std::make_unique<QxElement>(name);
-    element->setPlace({getLine(), _number});
-    for (; *attributes != nullptr; attributes += 2) {
+    for (const char** attribute = attributes; *attribute != nullptr; attribute += 2) {
       countElement();
-      element->setAttribute(attributes[0], attributes[1]);
     }
+    auto element = std::make_unique<QxElement>(name, _texts);
+    element->setPlace({getLine(), _number});
+    element->setAttributes(attributes);
     QxElement* const opened = element.get();
     if (_open.empty()) {
       _document = std::move(element);
@@ -115,11 +118,12 @@ class TreeBuilder {
   int getLine() const { return static_cast<int>(XML_GetCurrentLineNumber(_parser.get())); }
 
   const std::string& _entryName;
-  XmlLimits _limits;
+  ReadingLimits _limits;
   std::uint64_t _elements = 0;
   /// Of the element that started last.
   int _number = 0;
   std::unique_ptr<std::remove_pointer_t<XML_Parser>, decltype(&XML_ParserFree)> _parser;
+  std::shared_ptr<ElementTexts> _texts = std::make_shared<ElementTexts>();
   std::unique_ptr<QxElement> _document;
   bool _hasDeclarationsOutside = false;
   /// Those that have started and not ended, outermost first.
@@ -130,7 +134,7 @@ class TreeBuilder {
 }  // namespace
 
 XmlDocument parseXml(std::span<const unsigned char> text, const std::string& entryName,
-                     const XmlLimits& limits) {
+                     const ReadingLimits& limits) {
   return TreeBuilder(entryName, limits).build(text);
 }
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
 #include <memory>
 #include <span>
 #include <string>
@@ -9,13 +7,7 @@
 namespace vemo {
 
 class QxElement;
-
-/// What a document may have at most.
-struct XmlLimits {
-  std::size_t depth;
-  /// Attributes count as elements.
-  std::uint64_t elements;
-};
+struct ReadingLimits;
 
 struct XmlDocument {
   std::unique_ptr<QxElement> root;
@@ -28,6 +20,6 @@ struct XmlDocument {
 /// text that is not XML or exceeds a limit.
 /// @param entryName the archive entry that the text is from, for errors
 XmlDocument parseXml(std::span<const unsigned char> text, const std::string& entryName,
-                     const XmlLimits& limits);
+                     const ReadingLimits& limits);
 
 }  // namespace vemo

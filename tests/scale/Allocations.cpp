@@ -1,0 +1,41 @@
+// Replaces the allocation functions of the process by ones that count.
+
+#include "Allocations.h"
+
+#include <atomic>
+#include <cstddef>
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+std::atomic<std::uint64_t> allocationCount{0};
+std::atomic<std::uint64_t> allocatedBytes{0};
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+  allocationCount.fetch_add(1, std::memory_order_relaxed);
+  allocatedBytes.fetch_add(size, std::memory_order_relaxed);
+  void* const block = std::malloc(size != 0 ? size : 1);
+  if (block == nullptr) {
+    throw std::bad_alloc();
+  }
+  return block;
+}
+
+void operator delete(void* block) noexcept {
+  std::free(block);
+}
+
+void operator delete(void* block, std::size_t /*size*/) noexcept {
+  std::free(block);
+}
+
+namespace vemo {
+
+Allocations Allocations::soFar() {
+  return {allocationCount, allocatedBytes};
+}
+
+}  // namespace vemo

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <vemo/import/archive/ZipFileReader.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+
+namespace vemo {
+
+/// What a scene may ask for at most. Memory and time follow from what the archive
+/// asks for, so what it may ask for follows from the bytes that it really has:
+/// each limit is a number per byte of the archive, and for small archives a number
+/// of its own.
+///
+/// A scene of a million items with 30 attributes each is within all of them: items
+/// that are alike deflate to some three bytes each, their text to a 120th.
+struct ReadingLimits {
+  /// Reading and converting items is recursive.
+  static constexpr std::size_t MAX_DEPTH = 128;
+
+  static constexpr std::uint64_t ELEMENTS_PER_BYTE = 16;
+  static constexpr std::uint64_t ELEMENTS_OF_SMALL_ARCHIVE = 500'000;
+
+  static constexpr std::uint64_t DESCRIPTION_BYTES_PER_BYTE = 256;
+  static constexpr std::uint64_t DESCRIPTION_BYTES_OF_SMALL_ARCHIVE = 64U << 20U;
+
+  /// Entries may overlap: no more than deflating could have put into the file.
+  static constexpr std::uint64_t BYTES_PER_BYTE = ZipFileReader::MAX_DEFLATE_RATIO;
+  static constexpr std::uint64_t BYTES_OF_SMALL_ARCHIVE = 256U << 20U;
+
+  /// Of elements in elements.
+  std::size_t depth = MAX_DEPTH;
+  /// Elements and attributes.
+  std::uint64_t elements = ELEMENTS_OF_SMALL_ARCHIVE;
+  /// Of the text of the description.
+  std::uint64_t descriptionBytes = DESCRIPTION_BYTES_OF_SMALL_ARCHIVE;
+  /// Read from the archive in all.
+  std::uint64_t bytes = BYTES_OF_SMALL_ARCHIVE;
+
+  static ReadingLimits ofArchive(std::uint64_t size) {
+    return {MAX_DEPTH, std::max(ELEMENTS_OF_SMALL_ARCHIVE, ELEMENTS_PER_BYTE * size),
+            std::max(DESCRIPTION_BYTES_OF_SMALL_ARCHIVE, DESCRIPTION_BYTES_PER_BYTE * size),
+            std::max(BYTES_OF_SMALL_ARCHIVE, BYTES_PER_BYTE * size)};
+  }
+};
+
+}  // namespace vemo
