@@ -245,7 +245,7 @@ TEST(MatchingTest, FindsItsWayAmongManySiblings) {
   EXPECT_EQ(matching.findMoved().size(), COUNT / 2);
 }
 
-TEST(Differences, SayWhereTextsDifferThatLookAlike) {
+TEST(DifferencesTest, SayWhereTextsDifferThatLookAlike) {
   const auto text = [](const std::string& left, const std::string& right) {
     return lum::describeDifference({"n", "text", left, right, {}});
   };
