@@ -442,8 +442,8 @@ TEST_F(SceneAuditTest, ListsSettingsThatATypeDoesNotUse) {
   _archive = ArchiveBuilder().floats("p", {0, 0, 0, 1, 0, 0}).ints("tri", {3, 0, 1, 0});
   EXPECT_THAT(
       changesIn(geometry("polys='tri' specularPower='9' pointScaleMode='1' pointScaleScalarName='a'")),
-      ElementsAre("unused scene/g@pointScaleMode", "unused scene/g@pointScaleScalarName",
-                  "unused scene/g@specularPower"));
+      ElementsAre("unused scene/g@specularPower", "unused scene/g@pointScaleMode",
+                  "unused scene/g@pointScaleScalarName"));
 }
 
 }  // namespace
