@@ -7,6 +7,8 @@ from measure import Pair
 # Debian's own Python: it is the one that has Debian's VTK.
 VTK = ["/usr/bin/python3", pathlib.Path(__file__).parent / "vtk_program.py"]
 
+F3D = ["f3d", "--scalars", "--resolution=1024,768"]
+
 
 def rows(program, files, folder):
     database = folder / "scene.sdb"
@@ -43,6 +45,18 @@ def rows(program, files, folder):
             [*VTK, files["raw"]],
             0.5,
         ),
+        Pair(
+            "render an archive / f3d of the zlib .vtp",
+            [program, "render", files["deflated"], folder / "scene.png"],
+            [*F3D, f"--output={folder}/other.png", files["zlib"]],
+            0.6,
+        ),
+        Pair(
+            "render a database / f3d of the raw .vtp",
+            [program, "render", large, folder / "scene.png"],
+            [*F3D, f"--output={folder}/other.png", files["raw"]],
+            0.7,
+        ),
     ]
 
 
@@ -54,4 +68,5 @@ def lone_commands(program, files, folder):
         ("many items, info", [program, "info", files["items"]], 1.2, 400),
         ("copies of one part, convert", [program, "convert", files["copies"], database], 0.5, 100),
         ("10 items, convert", [program, "convert", files["ten"], database], 0.025, None),
+        ("10 items, render", [program, "render", files["ten"], folder / "ten.png"], 0.25, None),
     ]
