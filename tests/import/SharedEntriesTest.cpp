@@ -1,6 +1,7 @@
 // Items that name the same entries share what was made of them.
 
 #include "SceneFixture.h"
+#include <vemo/import/geometry/GeometryItem.h>
 #include <vemo/scenegraph/Traversal.h>
 #include <vemo/scenegraph/drawables/PolyDataNode.h>
 
@@ -85,6 +86,22 @@ TEST_F(SharedEntriesTest, SharesWhatIsEqual) {
   EXPECT_EQ(valuesOf(items[2]->GetPointData()->GetArray("b")),
             valuesOf(items[0]->GetPointData()->GetArray("a")));
   EXPECT_EQ(items[3]->GetPointData()->GetArray("a"), nullptr) << "two tuples for four points";
+}
+
+TEST_F(SharedEntriesTest, HasOnePolyDataForItemsThatAreAlike) {
+  const std::string surface = "polys='tri' smoothShading='true'";
+  const auto scene =
+      read(geometry("name='1' " + surface) + geometry("name='2' lineWidth='5' " + surface) +
+           geometry("name='3' polys='tri' smoothShading='false'") +
+           geometry("name='4' " + surface, "<array name='a' dim='1' data='four' vertexData='true'/>"));
+  std::vector<vtkPolyData*> found;
+  for (const auto& item : scene->getChildren()) {
+    found.push_back(dynamic_cast<const GeometryItem&>(*item).getGeometry());
+  }
+  ASSERT_EQ(found.size(), 4U);
+  EXPECT_EQ(found[1], found[0]);
+  EXPECT_NE(found[2], found[0]) << "other normals";
+  EXPECT_NE(found[3], found[0]) << "an array";
 }
 
 TEST_F(SharedEntriesTest, DoesNotShareCellsThatOtherPointsMakeWrong) {

@@ -56,6 +56,7 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
   /// be null; without a property the item keeps its own. The cells of the
   /// geometry determine its type.
   void setGeometry(vtkPolyData* polyData, vtkPolyDataMapper* mapper, vtkProperty* property);
+  /// Items that are read from the same entries may have the same one.
   vtkPolyData* getGeometry() const;
 
   // The following functions draw the item with VTK's actors, without a scene

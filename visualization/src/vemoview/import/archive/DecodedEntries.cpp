@@ -6,7 +6,9 @@
 #include <vemo/base/Vector.h>
 
 #include <vtkCellArray.h>
+#include <vtkCellData.h>
 #include <vtkFloatArray.h>
+#include <vtkPointData.h>
 #include <vtkPoints.h>
 #include <vtkPolyData.h>
 
@@ -35,6 +37,15 @@ void group(vtkFloatArray& values, int components) {
   const vtkIdType tuples = values.GetNumberOfValues() / components;
   values.SetNumberOfComponents(components);
   values.SetNumberOfTuples(tuples);
+}
+
+/// The arrays in their order, then which of them are the normals.
+void appendArrays(std::vector<const vtkObjectBase*>& content, vtkDataSetAttributes& data) {
+  for (int i = 0; i < data.GetNumberOfArrays(); ++i) {
+    content.push_back(data.GetAbstractArray(i));
+  }
+  content.push_back(nullptr);
+  content.push_back(data.GetNormals());
 }
 
 }  // namespace
@@ -124,6 +135,14 @@ vtkSmartPointer<vtkFloatArray> DecodedEntries::getNormals(vtkPolyData& polyData,
     normals = areOfPoints ? pointNormals(polyData) : cellNormals(polyData);
   }
   return normals;
+}
+
+vtkSmartPointer<vtkPolyData> DecodedEntries::share(vtkPolyData& polyData) {
+  std::vector<const vtkObjectBase*> content{polyData.GetPoints(), polyData.GetVerts(), polyData.GetLines(),
+                                            polyData.GetPolys(), polyData.GetStrips()};
+  appendArrays(content, *polyData.GetPointData());
+  appendArrays(content, *polyData.GetCellData());
+  return _polyData.emplace(std::move(content), &polyData).first->second;
 }
 
 }  // namespace vemo

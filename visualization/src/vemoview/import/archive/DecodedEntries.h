@@ -9,6 +9,7 @@
 #include <map>
 #include <string>
 #include <tuple>
+#include <vector>
 
 class vtkFloatArray;
 class vtkPoints;
@@ -52,6 +53,10 @@ class VEMO_IMPORT_EXPORT DecodedEntries {
   /// Of the points or else the cells of a poly data that was made of entries.
   vtkSmartPointer<vtkFloatArray> getNormals(vtkPolyData& polyData, bool areOfPoints);
 
+  /// The first poly data that has the very same points, cells and arrays, from now
+  /// on the given one if there is none.
+  vtkSmartPointer<vtkPolyData> share(vtkPolyData& polyData);
+
  private:
   vtkSmartPointer<vtkFloatArray> loadFloats(const std::string& entry);
   /// Those that are pending, or the entry's once more.
@@ -69,6 +74,8 @@ class VEMO_IMPORT_EXPORT DecodedEntries {
   /// By the points and the cells of each kind.
   using Mesh = std::array<vtkSmartPointer<vtkObject>, 1 + CELL_KINDS.size()>;
   std::map<std::pair<Mesh, bool>, vtkSmartPointer<vtkFloatArray>> _normals;
+  /// By all that is in them, which they keep.
+  std::map<std::vector<const vtkObjectBase*>, vtkSmartPointer<vtkPolyData>> _polyData;
 };
 
 }  // namespace vemo

@@ -182,6 +182,7 @@ void GeometryItem::readImpl(const QxElement& element, SceneFileReader* reader) {
   if (_geometryType == SURFACE) {
     computeNormals(*reader);
   }
+  _polydata = reader->getDecoded().share(*_polydata);
 }
 
 void GeometryItem::reportSettingsOutOfRange(SceneFileReader& reader) const {
