@@ -23,7 +23,7 @@ namespace {
 
 constexpr vtkIdType LARGE_ARRAY = 1024;
 
-std::string nameOf(vtkDataArray& array) {
+std::string quotedNameOf(vtkDataArray& array) {
   return array.GetName() != nullptr ? fmt::format("\"{}\"", array.GetName()) : "nothing";
 }
 
@@ -71,7 +71,7 @@ std::string ArrayComparison::describeShape(vtkDataArray& array) const {
   }
   // Files distinguish types that have the same name for users.
   const auto type = arrayTypeOf(array);
-  return fmt::format("{}, type {}, named {}", shape, type ? static_cast<int>(*type) : 0, nameOf(array));
+  return fmt::format("{}, type {}, named {}", shape, type ? static_cast<int>(*type) : 0, quotedNameOf(array));
 }
 
 std::string ArrayComparison::describeShape(vtkCellArray& cells) const {
