@@ -65,8 +65,10 @@ void ZipFileReader::Archive::sortEntries() {
       duplicateNames.push_back(name);
     }
   }
-  const auto repeated = std::ranges::unique(entries, {}, &ZipEntry::name);
-  entries.erase(repeated.begin(), repeated.end());
+  const auto repeated =
+      std::unique(entries.begin(), entries.end(),
+                  [](const ZipEntry& left, const ZipEntry& right) { return left.name == right.name; });
+  entries.erase(repeated, entries.end());
 }
 
 const ZipEntry* ZipFileReader::Archive::find(const std::string& name) const {

@@ -133,7 +133,7 @@ void ReadingContext::report(Finding finding) {
   const std::size_t count = ++_counts[finding.code];
   if (count > MAX_FINDINGS && !_reportsAll) {
     if (_collectsFaults) {
-      _findings.push_back(std::move(finding));
+      _findings.push_back(finding);
     }
     if (count > MAX_FINDINGS + 1) {
       return;

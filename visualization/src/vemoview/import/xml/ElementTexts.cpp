@@ -7,7 +7,7 @@ ElementTexts::Name& ElementTexts::getName(std::string_view text) {
   if (known != _names.end()) {
     return *known->second;
   }
-  auto name = std::make_unique<Name>(std::string(text));
+  auto name = std::make_unique<Name>(Name{std::string(text)});
   const std::string_view key = name->text;
   return *_names.emplace(key, std::move(name)).first->second;
 }
