@@ -279,6 +279,27 @@ TEST(ResolverFindingsTest, SayWhatIsNotDrawnAsTheSceneSays) {
                  [](auto& scene) { repeat(addText(scene, "a \xEE\x84\xA3"), 3); });
 }
 
+TEST(ResolverFindingsTest, SayWhatIsTooSmallOrTooFarToBeSeen) {
+  struct {
+    float size;
+    double scale;
+    bool isFramed;
+    std::size_t findings;
+  } const cases[] = {{1e-19F, 1, true, 0}, {1e-10F, 1e-12, true, 1}, {1e-10F, 1e-12, false, 0},
+                     {0, 1, true, 0},      {1e36F, 1, true, 0},      {1e30F, 1e8, false, 1}};
+  for (const auto& [size, scale, isFramed, findings] : cases) {
+    SceneBuilder scene;
+    auto& surface = scene.addSurface(makeRectangle(0, size, 0, size), {1, 1, 1});
+    setTransform<lum::SimpleTransform>(surface).setScale({scale, scale, scale});
+    if (isFramed) {
+      scene.canvas().getCameraAttributes().setParallelScale({});
+    }
+    const FoundFindings found;
+    resolveScene(scene.node());
+    EXPECT_EQ(found.codes(), std::vector<std::string>(findings, "geometry-not-drawn")) << size;
+  }
+}
+
 TEST(ResolverFindingsTest, NameTheirNodeAndComeOnce) {
   SceneBuilder scene;
   makeGroundWhite(scene);

@@ -50,6 +50,8 @@ TEST_F(UnusableValuesTest, TransformsLeaveMeshesInPlaceOrHideThem) {
     std::size_t shown;
   } const cases[] = {{"no scale, no axis", {}, {}, {}, 1},
                      {"a scale to nothing", {0, 0, 1}, {1, 1, 0}, {}, 0},
+                     {"normals too long for OpenGL", {0, 0, 1}, {1, 1, 1e-19}, {}, 0},
+                     {"normals too short", {0, 0, 1}, {1e19, 1e19, 1e19}, {}, 0},
                      {"not a number", {0, 0, 1}, {1, 1, 1}, {NAN, 0, 0}, 1}};
   auto& transform = setTransform<lum::SimpleTransform>(surface);
   transform.setRotationAngle(QUARTER);

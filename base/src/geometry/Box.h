@@ -3,6 +3,7 @@
 #include <vemo/base/Vector.h>
 #include <vemo/geometry/Export.h>
 
+#include <array>
 #include <limits>
 
 namespace vemo {
@@ -29,6 +30,8 @@ struct Box {
   }
 
   VEMO_GEOMETRY_EXPORT Vector3 center() const;
+
+  VEMO_GEOMETRY_EXPORT std::array<Vector3, 8> corners() const;
 
   /// Negative for an empty box.
   VEMO_GEOMETRY_EXPORT double longestSide() const;

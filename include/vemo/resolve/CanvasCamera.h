@@ -21,6 +21,8 @@ struct CanvasCamera {
   /// Half the height of what a parallel camera sees, above 0. Without it a
   /// parallel camera frames everything visible from the viewpoint's direction.
   std::optional<double> parallelScale;
+
+  bool framesAll() const { return !viewpoint || (isParallel && !parallelScale); }
 };
 
 }  // namespace vemo

@@ -38,7 +38,7 @@
   KIND(ENTRY_SHORT, CHANGED, "An entry ends before its size; the rest is filled with zeros.") \
   KIND(ENTRY_UNUSED, LOST, "An entry of the archive that the scene does not refer to.") \
   KIND(FIELD_UNKNOWN, LOST, "A database has fields that this version does not know; they are left out.") \
-  KIND(GEOMETRY_NOT_DRAWN, LOST, "A geometry cannot be drawn.") \
+  KIND(GEOMETRY_NOT_DRAWN, LOST, "A geometry cannot be drawn, or the model is too small to be seen.") \
   KIND(GEOMETRY_TYPE_CHANGED, CHANGED, "A geometry is drawn as another type, because all cells of its own were left out.") \
   KIND(GLYPH_MISSING, LOST, "A text has characters that no installed font has, or that are beyond U+FFFF.") \
   KIND(HIDDEN_BY_DEFAULT, NOTE, "An item is hidden because it does not state otherwise: no `visibility`, a surface without `showFaces` and edges, a light without `intensity`.") \

@@ -4,6 +4,7 @@
 #include "vemoview/resolve/canvas/CameraResolver.h"
 #include "vemoview/resolve/canvas/ClipPlanesResolver.h"
 #include "vemoview/resolve/canvas/LightsResolver.h"
+#include "vemoview/resolve/mesh/ModelExtent.h"
 #include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/scenegraph/canvas/BaseCanvasAttributes.h>
 #include <vemo/scenegraph/canvas/CanvasPositionAttributes.h>
@@ -61,11 +62,13 @@ ResolvedCanvas CanvasResolver::resolve() {
   const auto viewport = resolveViewport(_canvas).value();
   const auto* const base = _canvas.findAttributes<lum::BaseCanvasAttributes>();
   CanvasUpdate content = update();
+  CanvasCamera camera = resolveCamera(_canvas.hasCameraAttributes());
+  reportUnseenExtent(content.meshes, camera);
   return {_role,
           viewport.lowerLeft,
           viewport.upperRight,
           base != nullptr && base->getInteractive(),
-          resolveCamera(_canvas.hasCameraAttributes()),
+          std::move(camera),
           resolveLights(_canvas.findAttributes<lum::LightingAttributes>()),
           _clipPlanes,
           std::move(content.meshes),

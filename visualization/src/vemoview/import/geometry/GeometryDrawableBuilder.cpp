@@ -22,8 +22,6 @@
 #include <vtkPointData.h>
 #include <vtkPolyData.h>
 
-#include <algorithm>
-#include <cmath>
 #include <fmt/format.h>
 #include <string_view>
 
@@ -70,19 +68,6 @@ void GeometryDrawableBuilder::build(const std::string& qualifiedName) {
   colorByData();
 }
 
-/// Such points are often placeholders for missing ones. With them, nothing of a
-/// scene is seen, because OpenGL computes with single precision.
-void GeometryDrawableBuilder::reportIfTooFar(const Box& bounds) const {
-  constexpr double FARTHEST = 1e37;
-  for (const double end : {*std::ranges::min_element(bounds.low), *std::ranges::max_element(bounds.high)}) {
-    if (std::abs(end) > FARTHEST) {
-      report(_context, FindingCode::GEOMETRY_NOT_DRAWN,
-             fmt::format("Points reach to {:g}, which is too far to be drawn", end));
-      return;
-    }
-  }
-}
-
 Vector<3, double> GeometryDrawableBuilder::findCenter() const {
   vtkPoints* const points = _polyData.GetPoints();
   vtkIdType nonFinite = 0;
@@ -93,7 +78,6 @@ Vector<3, double> GeometryDrawableBuilder::findCenter() const {
                        _polyData.GetNumberOfPoints()));
   }
   if (!bounds.isEmpty()) {
-    reportIfTooFar(bounds);
     return bounds.center();
   }
   VEMO_LOG_INFO("Investigate this case. Probably, should be caught earlier.");

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "geometry/Box.h"
 #include <vemo/scenegraph/coloring/ColorAttributes.h>
 #include <vemo/scenegraph/coloring/DataLocationAttributes.h>
 #include <vemo/scenegraph/coloring/ScalarAttributes.h>
@@ -29,7 +28,6 @@ class GeometryDrawableBuilder {
   void build(const std::string& qualifiedName);
 
  private:
-  void reportIfTooFar(const Box& bounds) const;
   Vector<3, double> findCenter() const;
   lum::PolyDataNode& addPolyData(const std::string& qualifiedName);
   void applyRenderingAttributes(const lum::PolyDataNode& node);

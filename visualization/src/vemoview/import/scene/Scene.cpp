@@ -1,3 +1,4 @@
+#include "scenegraph/attributes/CameraLimits.h"
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/scene/ChildElements.h"
 #include <vemo/base/Vector.h>
@@ -12,7 +13,6 @@
 #include <vemo/import/scene/Scene.h>
 
 #include <algorithm>
-#include <cmath>
 #include <iterator>
 #include <set>
 #include <utility>
@@ -20,10 +20,6 @@
 namespace vemo {
 
 namespace {
-
-/// Of the angle between a view and its upward direction. Drawing replaces the
-/// upward direction of others.
-constexpr double MIN_SINE_TO_UP = 1e-6;
 
 /// A new node of class T in the session of the collection.
 template <class T>
@@ -65,19 +61,18 @@ void Scene::View::read(const QxElement& element, SceneFileReader* reader) {
 
 void Scene::View::reportUnusable(ReadingContext* context) const {
   const ReadingContext::ItemScope scope(context, "view", _place);
-  const Vector<3, double> forward = _camera.focalPoint - _camera.position;
-  const auto isDirection = [](const Vector<3, double>& vector) {
-    return length(vector) > 0.0 && std::isfinite(length(vector));
-  };
-  if (!isDirection(forward)) {
+  const Vector<3, double> view = _camera.focalPoint - _camera.position;
+  if (!lum::isUsableView(view)) {
     report(context, FindingCode::VIEW_ADJUSTED,
            "The view has no direction: the scene is seen against the z axis");
-  } else if (!isDirection(_camera.viewUp) ||
-             length(cross(normalized(_camera.viewUp), normalized(forward))) <= MIN_SINE_TO_UP) {
-    report(context, FindingCode::VIEW_ADJUSTED, "The view has no direction that is up: another one is used");
+  } else if (!lum::isUsableViewUp(_camera.viewUp, view)) {
+    report(context, FindingCode::VIEW_ADJUSTED,
+           "The view-up vector is zero or parallel to the viewing direction: the y axis is used instead (the "
+           "z axis in a view along y)");
   }
-  if (!_camera.perspective && _camera.parallelScale <= 0.0) {
-    report(context, FindingCode::VIEW_ADJUSTED, "The parallel view has no scale: the whole scene is shown");
+  if (!_camera.perspective && !lum::isUsableParallelScale(_camera.parallelScale)) {
+    report(context, FindingCode::VIEW_ADJUSTED,
+           "The parallel view has no usable scale: the whole scene is shown");
   }
 }
 

@@ -48,14 +48,10 @@ void peelTranslucency(vtkRenderer& renderer) {
 
 /// Makes a box large enough for all instances of a mesh.
 void addInstances(const MeshInstance& mesh, Box& box) {
-  const Box own = boundsOf(*mesh.geometry);
+  const auto corners = boundsOf(*mesh.geometry).corners();
   forEachInstance(mesh.transforms, [&](const InstanceTransform* transform) {
-    for (const double x : {own.low[0], own.high[0]}) {
-      for (const double y : {own.low[1], own.high[1]}) {
-        for (const double z : {own.low[2], own.high[2]}) {
-          box.add(transformedPoint(transform, {x, y, z}));
-        }
-      }
+    for (const Vector3& corner : corners) {
+      box.add(transformedPoint(transform, corner));
     }
   });
 }

@@ -46,7 +46,7 @@ void pointCamera(vtkCamera& view, const CanvasCamera& camera) {
 
 void setCamera(vtkRenderer& renderer, const CanvasCamera& camera) {
   pointCamera(*renderer.GetActiveCamera(), camera);
-  if (!camera.viewpoint || (camera.isParallel && !camera.parallelScale)) {
+  if (camera.framesAll()) {
     renderer.ResetCamera();
   }
   renderer.ResetCameraClippingRange();

@@ -1,5 +1,6 @@
 #include "vemoview/resolve/canvas/CameraResolver.h"
 
+#include "scenegraph/attributes/CameraLimits.h"
 #include <vemo/base/Vector.h>
 #include <vemo/scenegraph/Ptr.h>
 #include <vemo/scenegraph/attributes/CameraAttributes.h>
@@ -22,10 +23,8 @@ bool isDefault(const lum::CameraAttributes& camera) {
 }  // namespace
 
 Vector3 usableViewUp(const Vector3& viewUp, const Vector3& forward) {
-  constexpr double MIN_SINE = 1e-6;
-  const auto up = unitVector(viewUp);
-  if (up && length(cross(*up, forward)) > MIN_SINE) {
-    return *up;
+  if (lum::isUsableViewUp(viewUp, forward)) {
+    return normalized(viewUp);
   }
   Vector3 axis;
   axis[std::abs(forward[1]) < 0.9 ? 1 : 2] = 1.0;
@@ -38,15 +37,13 @@ CanvasCamera resolveCamera(const lum::CameraAttributes* camera) {
     return result;
   }
   result.isParallel = camera->getProjectionMode() == lum::CameraAttributes::ProjectionMode::PARALLEL;
-  const auto& scale = camera->getParallelScale();
-  if (scale && std::isfinite(*scale) && *scale > 0.0) {
-    result.parallelScale = scale;
+  if (lum::isUsableParallelScale(camera->getParallelScale().value_or(0.0))) {
+    result.parallelScale = camera->getParallelScale();
   }
-  const auto forward =
-      isDefault(*camera) ? std::nullopt : unitVector(camera->getFocalPoint() - camera->getPosition());
-  if (forward) {
+  const Vector3 view = camera->getFocalPoint() - camera->getPosition();
+  if (!isDefault(*camera) && lum::isUsableView(view)) {
     result.viewpoint = {camera->getPosition(), camera->getFocalPoint(),
-                        usableViewUp(camera->getViewUp(), *forward)};
+                        usableViewUp(camera->getViewUp(), normalized(view))};
   }
   return result;
 }

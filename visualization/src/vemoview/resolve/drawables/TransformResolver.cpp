@@ -29,13 +29,25 @@ InstanceTransform product(const InstanceTransform& outer, const InstanceTransfor
   return result;
 }
 
-/// Whether something so transformed has usable bounds.
+/// Whether lengths in all directions become at most so many times longer or shorter.
+/// OpenGL computes the squares of those of normals with single precision.
+bool hasUsableScales(const InstanceTransform& transform) {
+  constexpr double MAX_FACTOR = 1e18;
+  const Vector3 rows[] = {toVector(&transform[0]), toVector(&transform[4]), toVector(&transform[8])};
+  const Vector3 cofactors[] = {cross(rows[1], rows[2]), cross(rows[2], rows[0]), cross(rows[0], rows[1])};
+  const double volume = std::abs(dot(rows[0], cofactors[0]));
+  const auto norm = [](const Vector3(&matrix)[3]) {
+    return std::hypot(length(matrix[0]), length(matrix[1]), length(matrix[2]));
+  };
+  return volume > 1.0 / (MAX_FACTOR * MAX_FACTOR * MAX_FACTOR) && norm(rows) < 2.0 * MAX_FACTOR &&
+         norm(cofactors) / volume < 2.0 * MAX_FACTOR;
+}
+
+/// Whether something so transformed can be drawn. Also false for NaN.
 bool isUsable(const InstanceTransform& transform) {
   constexpr double MAX_COEFFICIENT = 1e30;
-  constexpr double MIN_VOLUME = 1e-200;
-  // Also false for NaN.
   return std::ranges::all_of(transform, [](double value) { return std::abs(value) < MAX_COEFFICIENT; }) &&
-         std::abs(vtkMatrix4x4::Determinant(transform.data())) > MIN_VOLUME;
+         hasUsableScales(transform);
 }
 
 InstanceTransform matrixOf(const lum::SimpleTransform& transform) {
