@@ -159,6 +159,20 @@ TEST_F(UnusableValuesTest, MissingArraysOrColormapsLeaveThePlainColor) {
   EXPECT_EQ(meshes()[0].color, (Vector3{1, 0, 0}));
 }
 
+TEST_F(UnusableValuesTest, MissingArraysAreReportedUnlessAnotherMeshHasThem) {
+  colorByArray(surface, "t", lum::DataLocation::CELLS, {1, 0, 0, 1});
+  for (const char* const array : {"u", "t"}) {
+    const auto node = make<lum::PolyDataNode>();
+    const auto other = makeSquare();
+    other->GetCellData()->AddArray(makeArray(array, {1, 2}));
+    node->setPolyData(other);
+    surface.addNode(*node);
+    const FoundFindings found;
+    resolve();
+    EXPECT_EQ(found.codes().size(), array == std::string("u") ? 1U : 0U);
+  }
+}
+
 TEST_F(UnusableValuesTest, PointsWithoutCellsHaveNoColorsOfCells) {
   const auto geometry = makePolyData(flat({0, 0, 1, 0}), {});
   geometry->GetCellData()->AddArray(makeArray("c", {}));

@@ -51,7 +51,7 @@
   KIND(LEGEND_OF_OTHER_COLORS, NOTE, "A legend shows another colormap than the one that colours its assembly.") \
   KIND(LEGEND_WITHOUT_COLORMAP, LOST, "A legend without a colormap is left out.") \
   KIND(LIGHTS_LIMITED, LOST, "Of many lights only the first are used.") \
-  KIND(NOT_COLORED_BY_ARRAY, CHANGED, "A geometry is drawn without the colours of its data array, which does not fit it.") \
+  KIND(NOT_COLORED_BY_ARRAY, CHANGED, "A geometry is drawn without the colours of its data array, which is missing or does not fit.") \
   KIND(NUMBER_INVALID, REFUSED, "A text is not a number where one is required.") \
   KIND(PAYLOAD_DAMAGED, LOST, "Data of the scene graph that an archive carries cannot be read.") \
   KIND(PLANES_LIMITED, CHANGED, "Of many clipping planes only the first are applied.") \

@@ -77,6 +77,9 @@ class MeshBuilder {
     return meshes;
   }
 
+  /// The array that was to colour the meshes, if they do not have it; else null.
+  const lum::DataArrayAttributes* getMissingArray() const { return _missingArray; }
+
  private:
   /// All visible kinds for which there are cells, without geometry.
   std::vector<MeshInstance> describeMeshes() const {
@@ -171,6 +174,7 @@ class MeshBuilder {
     vtkPolyData& geometry = *_geometry;
     vtkDataArray* const array = findArray(isAtCells ? _node.getCellDataArrays() : _node.getNodeDataArrays(),
                                           scalars->hasDataArray()->getDataArrayName());
+    _missingArray = array == nullptr ? scalars->hasDataArray() : nullptr;
     if (!fits(array, isAtCells ? geometry.GetNumberOfCells() : geometry.GetNumberOfPoints())) {
       return;
     }
@@ -217,7 +221,15 @@ class MeshBuilder {
   ColorTables& _tables;
   vtkNew<vtkPolyData> _geometry;
   std::optional<ScalarColoring> _scalars;
+  const lum::DataArrayAttributes* _missingArray = nullptr;
 };
+
+void reportMissingArray(const lum::GeometryDrawable& drawable, const lum::DataArrayAttributes& array) {
+  const NodeScope scope(drawable);
+  reportFinding(FindingCode::NOT_COLORED_BY_ARRAY,
+                fmt::format("\"{}\" is drawn without its array \"{}\": it has none of this name",
+                            drawable.getName(), array.getDataArrayName()));
+}
 
 void require(vtkIdType count, vtkIdType most, const char* what) {
   if (count > most) {
@@ -256,27 +268,39 @@ void MeshResolver::countCopies(const MeshInstance& mesh, Load& load) const {
   require(load.copies, 50'000, "copies of meshes");
 }
 
+void MeshResolver::resolve(const lum::GeometryDrawable& drawable, const VisibleDrawable& context, Load& load,
+                           std::vector<MeshInstance>& meshes) const {
+  const lum::DataArrayAttributes* missing = nullptr;
+  bool isColored = false;
+  for (const auto& node : drawable.getNodes()) {
+    const auto* const polyData = dynamic_cast<const lum::PolyDataNode*>(node.get());
+    if (polyData == nullptr) {
+      continue;
+    }
+    const NodeScope scope(*polyData);
+    MeshBuilder builder(drawable, *polyData, context, _tables);
+    for (MeshInstance& mesh : builder.build()) {
+      isColored = isColored || mesh.scalars;
+      countSize(mesh, load);
+      for (MeshInstance& part : splitBySize(std::move(mesh), drawable, *polyData)) {
+        countCopies(part, load);
+        meshes.push_back(std::move(part));
+      }
+    }
+    missing = missing == nullptr ? builder.getMissingArray() : missing;
+  }
+  // Of several meshes of a drawable, one may have no data.
+  if (missing != nullptr && !isColored) {
+    reportMissingArray(drawable, *missing);
+  }
+}
+
 std::vector<MeshInstance> MeshResolver::resolve(const std::vector<VisibleDrawable>& drawables) {
   std::vector<MeshInstance> meshes;
   Load load = _load;
   for (const VisibleDrawable& visible : drawables) {
-    const auto* const geometry = dynamic_cast<const lum::GeometryDrawable*>(visible.drawable);
-    if (geometry == nullptr) {
-      continue;
-    }
-    for (const auto& node : geometry->getNodes()) {
-      const auto* const polyData = dynamic_cast<const lum::PolyDataNode*>(node.get());
-      if (polyData == nullptr) {
-        continue;
-      }
-      const NodeScope scope(*polyData);
-      for (MeshInstance& mesh : MeshBuilder(*geometry, *polyData, visible, _tables).build()) {
-        countSize(mesh, load);
-        for (MeshInstance& part : splitBySize(std::move(mesh), *geometry, *polyData)) {
-          countCopies(part, load);
-          meshes.push_back(std::move(part));
-        }
-      }
+    if (const auto* const geometry = dynamic_cast<const lum::GeometryDrawable*>(visible.drawable)) {
+      resolve(*geometry, visible, load, meshes);
     }
   }
   _load = load;

@@ -9,6 +9,10 @@
 #include <cstddef>
 #include <vector>
 
+namespace lum {
+class GeometryDrawable;
+}
+
 namespace vemo {
 
 /// Resolves the meshes of drawables, as long as all of them together are not
@@ -30,6 +34,9 @@ class MeshResolver {
     vtkIdType copies = 0;
   };
 
+  /// Appends the meshes of one drawable.
+  void resolve(const lum::GeometryDrawable& drawable, const VisibleDrawable& context, Load& load,
+               std::vector<MeshInstance>& meshes) const;
   vtkIdType timesDrawn(const MeshInstance& mesh) const;
   void countSize(const MeshInstance& mesh, Load& load) const;
   void countCopies(const MeshInstance& mesh, Load& load) const;
