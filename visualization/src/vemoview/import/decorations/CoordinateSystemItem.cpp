@@ -53,7 +53,8 @@ void CoordinateSystemItem::reportUnusable(const QxElement& element, SceneFileRea
     ValueReader(element, &reader, OnBadValue::FAIL).reportWithoutEffect("xaxis");
   }
   if (length(x) == 0.0) {
-    reader.report(FindingCode::VALUE_IGNORED, "The y and z axes have one direction: the triad has others");
+    reader.report(FindingCode::VALUE_IGNORED,
+                  "The y and z axes are parallel, or one is zero: default axes are used");
   } else if (std::abs(dot(y, z)) > UNNOTICEABLE) {
     reader.report(FindingCode::VALUE_IGNORED,
                   "The y axis is not perpendicular to the z axis: the triad has another one");

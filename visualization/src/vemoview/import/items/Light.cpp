@@ -23,7 +23,7 @@ void Light::read(const QxElement& element, SceneFileReader* reader) {
     return;
   }
   if (element.findAttribute("intensity") == nullptr) {
-    reader->report(FindingCode::HIDDEN_BY_DEFAULT, "The light is dark: it states no intensity");
+    reader->report(FindingCode::HIDDEN_BY_DEFAULT, "The light has no effect: its intensity is missing");
   } else if (_intensity < 0.0) {
     reader->report(FindingCode::VALUE_UNREADABLE,
                    fmt::format("The intensity {:g} is below 0: the light darkens", _intensity), {},
