@@ -13,9 +13,16 @@ const KeyTable<ElementVersion> ElementVersion::KEYS({
 
 void checkVersion(const QxElement& element, SceneFileReader* reader, int newest, OnBadValue onBadValue) {
   ElementVersion stated;
-  ElementVersion::KEYS.read(stated, ValueReader(element, reader, onBadValue));
+  const bool isRead = attempt(reader, [&] {
+    const ReadingContext::AttributeScope scope(reader, Readable::XML_ATTRIB_VERSION);
+    ElementVersion::KEYS.read(stated, ValueReader(element, nullptr, onBadValue));
+  });
   if (stated.version > newest) {
     throw FutureVersionException();
+  }
+  // What is refused is not also reported as unreadable.
+  if (isRead && element.findAttribute(Readable::XML_ATTRIB_VERSION) != nullptr) {
+    ElementVersion::KEYS.read(stated, ValueReader(element, reader, onBadValue));
   }
 }
 

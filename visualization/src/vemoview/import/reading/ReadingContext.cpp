@@ -5,6 +5,7 @@
 #include <vemo/import/FaultFinding.h>
 #include <vemo/scenegraph/Findings.h>
 
+#include <algorithm>
 #include <exception>
 #include <utility>
 
@@ -129,7 +130,24 @@ void ReadingContext::report(FindingCode code, const std::string& text, const std
           attribute.empty() ? place.attribute : attribute, place.element.number});
 }
 
+bool ReadingContext::isConsequence(const Finding& finding) const {
+  if (finding.attribute.empty() || finding.element == 0 ||
+      (finding.code != FindingCode::VALUE_UNREADABLE && finding.code != FindingCode::VALUE_IGNORED)) {
+    return false;
+  }
+  // Those about an element, and about its children, follow those about earlier elements.
+  const auto earlier = std::find_if(_findings.rbegin(), _findings.rend(),
+                                    [&](const Finding& other) { return other.element < finding.element; });
+  return std::any_of(_findings.rbegin(), earlier, [&](const Finding& other) {
+    return other.code == FindingCode::VALUE_UNREADABLE && other.element == finding.element &&
+           other.attribute == finding.attribute;
+  });
+}
+
 void ReadingContext::report(Finding finding) {
+  if (isConsequence(finding)) {
+    return;
+  }
   const std::size_t count = ++_counts[finding.code];
   if (count > MAX_FINDINGS && !_reportsAll) {
     if (_collectsFaults) {

@@ -134,6 +134,9 @@ class VEMO_IMPORT_EXPORT ReadingContext {
   void noteFailure(int formerExceptions);
   /// The place of the exception being handled.
   Place getFailurePlace() const;
+  /// Whether it is about a value that has been reported as unreadable: what follows
+  /// from that is not reported, too.
+  bool isConsequence(const Finding& finding) const;
   /// Rethrows it if it is not about the file.
   void keepCurrentException();
   void keepFault(Finding fault);

@@ -9,8 +9,12 @@ namespace vemo {
 
 namespace {
 
-/// Such an entry does not stop a conversion, whatever it is.
+/// Such an entry does not stop a conversion, whatever it is. One that is encrypted, or
+/// compressed in another way, need not be damaged.
 void checkUnused(const std::string& entry, SceneFileReader& reader) {
+  if (!reader.getArchive().isSizePossible(entry)) {
+    return;
+  }
   try {
     const ArrayOwner<unsigned char> checked(reader.readEntry(entry));
   } catch (const Exception&) {
