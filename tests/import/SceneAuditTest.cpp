@@ -114,6 +114,28 @@ TEST_F(SceneAuditTest, TellsApartElementsOfOnePathAndLine) {
                   "changed scene/annotation/position value-ignored", "lost p entry-unused"));
 }
 
+TEST_F(SceneAuditTest, ListsWhatLaterElementsReplaceAsLost) {
+  _archive.floats("d", {1, 2}).floats("e", {3, 4});
+  const std::string array = "<array name='a' dim='1' vertexData='true' data=";
+  const auto moved = [](const std::string& axis) {
+    return assembly("A", "<transform><translation " + axis + "='1'/></transform>" + geometry(""));
+  };
+  std::vector<std::string> rows = changesIn(
+      "<view><position z='5'/><up x='1'/></view><view perspective='true'><up y='2'/></view>"
+      "<coordinatesystem name='c' visibility='1'/><coordinatesystem name='c' visibility='1'/>" +
+      assembly("H", "<axes visibility='1'/>") + "<axes visibility='0'/>" + moved("x") + moved("y") +
+      geometry("", array + "'d'/>" + array + "'e'/>"));
+  std::erase_if(rows, [](const std::string& row) {
+    return row.starts_with("unused") || (row.find('@') != std::string::npos && row.back() != 'x');
+  });
+  EXPECT_THAT(rows,
+              ElementsAre("lost scene/view element-replaced", "lost scene/view/up", "lost scene/view/up@x",
+                          "lost scene/c item-replaced", "lost scene/H/axes item-replaced",
+                          "lost scene/A/transform transform-replaced", "lost scene/A/transform/translation",
+                          "lost scene/A/transform/translation@x", "lost scene/g/a array-replaced",
+                          "lost d array-replaced"));
+}
+
 TEST_F(SceneAuditTest, ListsWhatIsKnownOfARefusedScene) {
   _archive.ints("cells", {3, 0, 1, 9}).text("stray", "x").text("unread", "x");
   EXPECT_THAT(

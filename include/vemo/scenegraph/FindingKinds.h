@@ -45,7 +45,7 @@
   KIND(IMAGE_NOT_DRAWN, LOST, "An image cannot be drawn: its pixels do not fit its size.") \
   KIND(IMAGE_WITHOUT_PIXELS, LOST, "An image without pixels is left out.") \
   KIND(ITEM_INVALID, REFUSED, "An item contradicts itself.") \
-  KIND(ITEM_REPLACED, LOST, "An item took the place of another of its kind and name.") \
+  KIND(ITEM_REPLACED, LOST, "An item is replaced by a later one of its kind and name.") \
   KIND(KIND_NOT_SHOWN, LOST, "Items of this kind are not shown: `vectors`, `streamlines`.") \
   KIND(LEGEND_MOVED, CHANGED, "A legend that would leave the window is moved into it.") \
   KIND(LEGEND_OF_OTHER_COLORS, NOTE, "A legend shows another colormap than the one that colours its assembly.") \

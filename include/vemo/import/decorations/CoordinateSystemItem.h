@@ -31,7 +31,7 @@ class VEMO_IMPORT_EXPORT CoordinateSystemItem : public AxesItem {
 
  private:
   void reportUnusable(const QxElement& element, SceneFileReader& reader) const;
-  lum::TriadDrawable& openTriad(const SharedBySiblings& shared, lum::DrawableCollection& collection) const;
+  lum::TriadDrawable& openTriad(SharedBySiblings& shared, lum::DrawableCollection& collection) const;
 
   Vector<3, double> _origin{};
   Vector<3, std::string> _axesLabels{};

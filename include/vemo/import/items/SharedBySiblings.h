@@ -1,8 +1,11 @@
 #pragma once
 
+#include <vemo/import/ElementPlace.h>
 #include <vemo/scenegraph/canvas/SceneNode.h>
 
+#include <map>
 #include <set>
+#include <string>
 
 namespace vemo {
 
@@ -31,6 +34,13 @@ struct SharedBySiblings {
 
   /// Those that data or legends have been coloured by.
   std::set<const Colormap*> usedColormaps;
+
+  /// The elements that the transforms of collections, and triads, come from. A
+  /// later item of the same name may replace them.
+  std::map<const lum::Node*, ElementPlace> origins;
+
+  /// The path of the latest axes that are shown; there is one triad for all.
+  std::string axesPath;
 
   /// Whether an assembly around the item is hidden. Objects outside its
   /// collection are hidden with it.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <vemo/import/ElementPlace.h>
 #include <vemo/import/reading/Readable.h>
 #include <vemo/scenegraph/attributes/BaseAttributes.h>
 
@@ -9,6 +10,10 @@ namespace vemo {
 class VEMO_IMPORT_EXPORT Transform : public Readable {
  public:
   ~Transform() override;
+
+  /// Unknown for a transform made in code.
+  const ElementPlace& getPlace() const { return _place; }
+  void setPlace(const ElementPlace& place) { _place = place; }
 
   /// How often the assembly is repeated; the mirror image counts as one.
   virtual int getRepeatCount() const = 0;
@@ -33,6 +38,9 @@ class VEMO_IMPORT_EXPORT Transform : public Readable {
     attributes.setTransform(&*made);
     return made.get();
   }
+
+ private:
+  ElementPlace _place;
 };
 
 }  // namespace vemo

@@ -98,7 +98,7 @@ class VEMO_IMPORT_EXPORT AssemblyItem : public GraphicsItem {
   /// Whether there are data to colour.
   bool applyColormap(lum::Node& target) const;
   void reportUnusedColormaps(const SharedBySiblings& shared) const;
-  void applyTransform(const SharedBySiblings& shared, lum::DrawableCollection& target) const;
+  void applyTransform(SharedBySiblings& shared, lum::DrawableCollection& target) const;
 
   std::unique_ptr<Legend> _legend;
   std::vector<std::unique_ptr<GraphicsItem>> _children;

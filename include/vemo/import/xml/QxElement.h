@@ -92,6 +92,10 @@ class VEMO_IMPORT_EXPORT QxElement {
   /// An attribute that the format has, but nothing here needs.
   void markUnused(const std::string& attribute) const;
 
+  /// Whether the element has its effect though a later one replaces its parent.
+  bool outlivesParent() const { return _outlivesParent; }
+  void setOutlivesParent(bool outlives) const { _outlivesParent = outlives; }
+
   /// The first child of that name, which counts as read; null when there is none.
   const QxElement* findChild(const std::string& name) const;
 
@@ -134,6 +138,7 @@ class VEMO_IMPORT_EXPORT QxElement {
   ElementPlace _place;
   mutable bool _isRead = false;
   mutable bool _isTextRead = false;
+  mutable bool _outlivesParent = false;
   bool _hasText = false;
   bool _hasReplacedText = false;
 };

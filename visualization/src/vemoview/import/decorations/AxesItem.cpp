@@ -116,7 +116,12 @@ void AxesItem::addToCollection(SharedBySiblings& shared, lum::DrawableCollection
     addVisibilityAttrib(triad, shared.isHidden);
   }
   if (isShownByOther && !isVisible(triad)) {
-    report(shared.context, FindingCode::ITEM_REPLACED, "These axes hide earlier ones: there is one triad");
+    reportReplaced(shared, triad, FindingCode::ITEM_REPLACED, "There is one triad, which later axes hide",
+                   shared.axesPath);
+  }
+  if (!hasHiddenItems() && !shared.isHidden) {
+    shared.origins[&triad] = getPlace();
+    shared.axesPath = shared.context != nullptr ? shared.context->getItemPath() : std::string();
   }
   setTriadView(orientationCanvas.getCameraAttributes());
 

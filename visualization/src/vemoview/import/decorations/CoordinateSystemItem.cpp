@@ -1,4 +1,5 @@
 #include "vemoview/import/items/ItemDrawable.h"
+#include "vemoview/import/items/SharedCollection.h"
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/base/Vector.h>
@@ -66,7 +67,7 @@ void CoordinateSystemItem::readImpl(const QxElement& element, SceneFileReader* r
 }
 
 /// Coordinate systems of one name share a triad, unless only one of them is shown.
-lum::TriadDrawable& CoordinateSystemItem::openTriad(const SharedBySiblings& shared,
+lum::TriadDrawable& CoordinateSystemItem::openTriad(SharedBySiblings& shared,
                                                     lum::DrawableCollection& collection) const {
   auto* const found = collection.find<lum::TriadDrawable>(getName());
   if (found == nullptr) {
@@ -76,8 +77,8 @@ lum::TriadDrawable& CoordinateSystemItem::openTriad(const SharedBySiblings& shar
   if (found->getBaseAttributes().getVisibility() == isHidden) {
     return addDrawable<lum::TriadDrawable>(getName(), collection);
   }
-  report(shared.context, FindingCode::ITEM_REPLACED,
-         "The coordinate system \"" + getName() + "\" replaces an earlier one of the same name");
+  reportReplaced(shared, *found, FindingCode::ITEM_REPLACED,
+                 "The coordinate system \"" + getName() + "\" is replaced by a later one of the same name");
   return *found;
 }
 
@@ -85,6 +86,7 @@ void CoordinateSystemItem::addToCollection(SharedBySiblings& shared, lum::Drawab
                                            int /*level*/, const std::string& /*parentName*/) const {
   VEMO_LOG_INFO("***** CoordinateSystemItem::addToCollection is being added *****");
   lum::TriadDrawable& triad = openTriad(shared, collection);
+  shared.origins[&triad] = getPlace();
   triad.getPositionAttributes().setPosition(_origin, false);
   addVisibilityAttrib(triad, shared.hidesItemsIndividually);
 

@@ -264,6 +264,7 @@ void GeometryItem::readGeometry(const QxElement& element, SceneFileReader& reade
       const ReadingContext::ItemScope scope(&reader, pathName(*child), child->getPlace());
       reader.attempt([&, &element = *child] {
         GeometryArray array;
+        array.place = element.getPlace();
         if (GeometryArray::KEYS.read(array, element, &reader)) {
           data.readArray(array);
         }

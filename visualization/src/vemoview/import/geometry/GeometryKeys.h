@@ -1,5 +1,6 @@
 #pragma once
 
+#include <vemo/import/ElementPlace.h>
 #include <vemo/import/reading/Readable.h>
 
 #include <optional>
@@ -27,6 +28,8 @@ struct GeometryArray {
   int components = 0;
   std::optional<std::string> entry;
   bool isOfPoints = false;
+  /// Not a key.
+  ElementPlace place{};
 };
 
 }  // namespace vemo

@@ -124,12 +124,19 @@ void PolyDataReader::reportCutOff(vtkIdType values, int components, const std::s
   }
 }
 
-void PolyDataReader::reportName(const GeometryArray& array, bool isTaken) {
-  const std::string entry = array.entry.value_or("");
-  if (isTaken) {
-    _context.report(FindingCode::ARRAY_REPLACED,
-                    "The array \"" + array.name + "\" replaces an earlier one of the same name", entry);
+void PolyDataReader::reportReplaced(const GeometryArray& later) {
+  const auto latest = std::ranges::find_if(_arrays.rbegin(), _arrays.rend(), [&](const GeometryArray& array) {
+    return array.name == later.name && array.isOfPoints == later.isOfPoints;
+  });
+  if (latest != _arrays.rend()) {
+    _context.reportReplaced(FindingCode::ARRAY_REPLACED,
+                            "The array \"" + later.name + "\" is replaced by a later one of the same name",
+                            latest->place, latest->entry.value_or(""));
   }
+}
+
+void PolyDataReader::reportName(const GeometryArray& array) {
+  const std::string entry = array.entry.value_or("");
   if (array.name == NORMALS) {
     _context.report(FindingCode::ARRAY_IS_NORMALS,
                     "The array \"" + array.name + "\" counts as normals and colours nothing", entry);
@@ -139,7 +146,11 @@ void PolyDataReader::reportName(const GeometryArray& array, bool isTaken) {
 }
 
 void PolyDataReader::addArray(vtkFieldData& data, vtkFloatArray& values, const GeometryArray& array) {
-  reportName(array, data.HasArray(array.name.c_str()) != 0);
+  if (data.HasArray(array.name.c_str()) != 0) {
+    reportReplaced(array);
+  }
+  reportName(array);
+  _arrays.push_back(array);
   data.AddArray(&values);
 }
 

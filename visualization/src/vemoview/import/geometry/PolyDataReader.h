@@ -1,6 +1,7 @@
 #pragma once
 
 #include "geometry/Connectivity.h"
+#include "vemoview/import/geometry/GeometryKeys.h"
 #include <vemo/import/Export.h>
 
 #include <array>
@@ -15,7 +16,6 @@ namespace vemo {
 
 class DecodedEntries;
 class ReadingContext;
-struct GeometryArray;
 
 /// Fills a poly data from the entries of an archive: points first, then cells,
 /// then the arrays over both. Poly data of the same entries share points, cells
@@ -54,13 +54,15 @@ class VEMO_IMPORT_EXPORT PolyDataReader {
   std::vector<vtkIdType> droppedCells() const;
   void reportCutOff(vtkIdType values, int components, const std::string& entry);
   void addArray(vtkFieldData& data, vtkFloatArray& values, const GeometryArray& array);
-  void reportName(const GeometryArray& array, bool isTaken);
+  void reportReplaced(const GeometryArray& later);
+  void reportName(const GeometryArray& array);
 
   vtkPolyData& _polyData;
   DecodedEntries& _decoded;
   ReadingContext& _context;
   /// By kind.
   std::array<ImportedCells, CELL_KINDS.size()> _cells;
+  std::vector<GeometryArray> _arrays;
   bool _hasPoints = false;
   bool _hasAllCells = true;
 };

@@ -1,6 +1,7 @@
 #include "vemoview/import/items/SharedCollection.h"
 
 #include "vemoview/import/reading/ReadingContext.h"
+#include <vemo/import/items/SharedBySiblings.h>
 #include <vemo/scenegraph/drawables/DrawableCollection.h>
 
 namespace vemo {
@@ -29,6 +30,16 @@ lum::DrawableCollection& shareCollection(lum::DrawableCollection& parent, const 
     hideNodesInstead(collection);
   }
   return collection;
+}
+
+void reportReplaced(const SharedBySiblings& shared, const lum::Node& node, FindingCode code,
+                    const std::string& text, const std::string& path) {
+  const auto origin = shared.origins.find(&node);
+  if (shared.context != nullptr && origin != shared.origins.end()) {
+    shared.context->reportReplaced(code, text, origin->second, {}, path);
+  } else {
+    report(shared.context, code, text);
+  }
 }
 
 void reportSharedTransform(ReadingContext* context, const lum::DrawableCollection& collection,

@@ -1,15 +1,19 @@
 #pragma once
 
+#include <vemo/scenegraph/Finding.h>
+
 #include <string>
 
 namespace lum {
 class Drawable;
 class DrawableCollection;
+class Node;
 }  // namespace lum
 
 namespace vemo {
 
 class ReadingContext;
+struct SharedBySiblings;
 
 /// Individually, whatever owns it.
 bool isVisible(const lum::Drawable& drawable);
@@ -23,6 +27,11 @@ bool isVisible(const lum::Drawable& drawable);
 /// @param isHidden whether the item is
 lum::DrawableCollection& shareCollection(lum::DrawableCollection& parent, const std::string& name,
                                          bool isHidden);
+
+/// Reports that the current item replaces what a node came from.
+/// @param path of that; by default that of the current item
+void reportReplaced(const SharedBySiblings& shared, const lum::Node& node, FindingCode code,
+                    const std::string& text, const std::string& path = {});
 
 /// Reports when items that share a collection get the transform of others.
 /// @param hasTransform whether the item converted into it has one

@@ -130,6 +130,14 @@ void ReadingContext::report(FindingCode code, const std::string& text, const std
           attribute.empty() ? place.attribute : attribute, place.element.number});
 }
 
+void ReadingContext::reportReplaced(FindingCode code, const std::string& text, const ElementPlace& earlier,
+                                    const std::string& entry, const std::string& path) {
+  const Place place = getPlace();
+  const std::string line =
+      place.element.line > 0 ? " (line " + std::to_string(place.element.line) + ')' : std::string();
+  report({code, text + line, entry, path.empty() ? place.itemPath : path, earlier.line, {}, earlier.number});
+}
+
 bool ReadingContext::isConsequence(const Finding& finding) const {
   if (finding.attribute.empty() || finding.element == 0 ||
       (finding.code != FindingCode::VALUE_UNREADABLE && finding.code != FindingCode::VALUE_IGNORED)) {

@@ -113,6 +113,11 @@ class VEMO_IMPORT_EXPORT ReadingContext {
               const std::string& attribute = {});
   /// The same for another place.
   void report(Finding finding);
+  /// The same for an earlier item, which this one replaces: the line of this one is
+  /// added to the text.
+  /// @param path of the earlier item; by default that of this one
+  void reportReplaced(FindingCode code, const std::string& text, const ElementPlace& earlier,
+                      const std::string& entry = {}, const std::string& path = {});
   const std::vector<Finding>& getFindings() const { return _findings; }
 
  private:

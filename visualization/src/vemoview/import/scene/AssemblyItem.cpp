@@ -229,7 +229,7 @@ void AssemblyItem::reportUnusedColormaps(const SharedBySiblings& shared) const {
   }
 }
 
-void AssemblyItem::applyTransform(const SharedBySiblings& shared, lum::DrawableCollection& target) const {
+void AssemblyItem::applyTransform(SharedBySiblings& shared, lum::DrawableCollection& target) const {
   if (!_transform) {
     return;
   }
@@ -240,9 +240,10 @@ void AssemblyItem::applyTransform(const SharedBySiblings& shared, lum::DrawableC
   const bool isOther = former != nullptr && &transform != former;
   _transform->apply(transform);
   if (isOther || (former != nullptr && transform.getModificationTime() != changedBefore)) {
-    report(shared.context, FindingCode::TRANSFORM_REPLACED,
-           "The transform replaces that of earlier items of the name \"" + getName() + '"');
+    reportReplaced(shared, target, FindingCode::TRANSFORM_REPLACED,
+                   "The transform is replaced by that of a later item of the name \"" + getName() + '"');
   }
+  shared.origins[&target] = _transform->getPlace();
 }
 
 }  // namespace vemo

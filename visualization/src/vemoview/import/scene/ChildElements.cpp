@@ -109,6 +109,9 @@ ChildElement<Container> part() {
             } else {
               made->read(element, reader);
             }
+            if constexpr (std::derived_from<Part, Transform>) {
+              made->setPlace(element.getPlace());
+            }
             (container.*ADD)(std::move(made));
             return nullptr;
           },
@@ -140,16 +143,39 @@ ChildElement<Container> notShown() {
 
 }  // namespace
 
+void SingleElements::addVectors(const QxElement& view) {
+  // Of several of one name the first counts.
+  for (auto child = view.getChildren().rbegin(); child != view.getChildren().rend(); ++child) {
+    if (const auto* const former = std::exchange(_vectors[(*child)->getName()], child->get())) {
+      former->setOutlivesParent(false);
+    }
+    (*child)->setOutlivesParent(true);
+  }
+}
+
+std::string SingleElements::exceptionOf(const QxElement& former) const {
+  std::string text;
+  for (const auto& child : former.getChildren()) {
+    if (child->isRead() && child->outlivesParent()) {
+      text += (text.empty() ? ", except for its \"" : ", \"") + child->getName() + '"';
+    }
+  }
+  return text;
+}
+
 void SingleElements::add(const QxElement& element) {
   const std::string kind = singleKindOf(element);
   if (kind.empty()) {
     return;
   }
+  if (kind == Scene::View::XML_ENTITY) {
+    addVectors(element);
+  }
   const QxElement* const former = std::exchange(_latest[kind], &element);
   if (former != nullptr && _reader != nullptr) {
     const ReadingContext::ItemScope scope(_reader, SceneItem::pathName(*former), former->getPlace());
     _reader->report(FindingCode::ELEMENT_REPLACED,
-                    "A later \"" + element.getName() + "\" in its parent replaces it");
+                    "A later \"" + element.getName() + "\" in its parent replaces it" + exceptionOf(*former));
   }
 }
 

@@ -58,9 +58,16 @@ class SingleElements {
   void add(const QxElement& element);
 
  private:
+  /// A view leaves the vectors of earlier ones that it does not state.
+  void addVectors(const QxElement& view);
+  /// ", except for its "up"", of a view; else empty.
+  std::string exceptionOf(const QxElement& former) const;
+
   SceneFileReader* _reader;
   /// The latest of each kind of which there can be one.
   std::map<std::string, const QxElement*> _latest;
+  /// Of views, by name.
+  std::map<std::string, const QxElement*> _vectors;
 };
 
 /// Reports an item that is hidden because it states no visibility.

@@ -41,10 +41,7 @@ Outcome outcomeOf(FindingCode code) {
 
 /// Whether its outcome applies to everything in the element.
 bool isAboutWhole(FindingCode code) {
-  // These are about something that the element replaces; the element remains.
-  const bool isAboutOther = code == FindingCode::ITEM_REPLACED || code == FindingCode::TRANSFORM_REPLACED ||
-                            code == FindingCode::ARRAY_REPLACED;
-  return !isAboutOther && outcomeOf(code) > Outcome::CHANGED;
+  return outcomeOf(code) > Outcome::CHANGED;
 }
 
 /// The findings about one element and its attributes.
@@ -70,7 +67,8 @@ class DescriptionLedger {
     const QxElement& element = *place.element;
     ElementFindings found = takeFindings(element);
     _inherited.resize(place.depth + 1);
-    const Outcome inherited = _inherited.back();
+    const Outcome inherited =
+        _inherited[element.outlivesParent() && place.depth > 0 ? place.depth - 1 : place.depth];
     Outcome ofParts = inherited;
     for (const FindingCode code : found.ofElement) {
       ofParts = isAboutWhole(code) ? std::max(ofParts, outcomeOf(code)) : ofParts;
