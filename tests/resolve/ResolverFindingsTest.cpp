@@ -248,10 +248,8 @@ TEST(ResolverFindingsTest, SayWhatIsNotDrawnAsTheSceneSays) {
   expectFindings("a text nowhere", 0, {"decoration-not-drawn"}, [](auto& scene) {
     addText(scene, "t").getPositionAttributes().setPosition({NAN, 0, 0}, false);
   });
-  expectFindings("an image without an area", 0, {"decoration-not-drawn"}, [](auto& scene) {
-    auto& image = decoration<lum::ImageDrawable>(scene).getImageAttributes();
-    image.setPixels(makeArray<vtkUnsignedCharArray>("", {1}), 1, 1);
-    image.setYAxis(image.getXAxis());
+  expectFindings("a triad too far away", 0, {"decoration-not-drawn"}, [](auto& scene) {
+    decoration<lum::TriadDrawable>(scene).getPositionAttributes().setPosition({1e38, 0, 0}, false);
   });
   expectFindings("a legend without a size", 0, {"decoration-not-drawn"}, [](auto& scene) {
     addLegend(scene).getLegendAttributes().setSize({NAN, 1});
@@ -297,6 +295,41 @@ TEST(ResolverFindingsTest, SayWhatIsTooSmallOrTooFarToBeSeen) {
     const FoundFindings found;
     resolveScene(scene.node());
     EXPECT_EQ(found.codes(), std::vector<std::string>(findings, "geometry-not-drawn")) << size;
+  }
+}
+
+TEST(ResolverFindingsTest, SayWhichTextsAndImagesCannotBeSeen) {
+  using Space = lum::CoordinateSpace;
+  struct {
+    const char* name;
+    Space space;
+    Vector3 position, xAxis, yAxis;
+    std::size_t texts, images;
+  } const cases[] = {{"in the window", Space::WINDOW, {0.9, 0.9, 0}, {1, 0, 0}, {0, 1, 0}, 1, 1},
+                     {"partly on its left", Space::WINDOW, {-0.9, 0, 0}, {1, 0, 0}, {0, 1, 0}, 1, 1},
+                     {"on its right", Space::WINDOW, {1, 0, 0}, {1, 0, 0}, {0, 1, 0}, 0, 0},
+                     {"above it", Space::WINDOW, {0, 1, 0}, {1, 0, 0}, {0, 1, 0}, 0, 0},
+                     {"beside what a window shows", Space::MODEL, {9, 9, 0}, {1, 0, 0}, {0, 1, 0}, 1, 1},
+                     {"no area", Space::MODEL, {}, {1, 0, 0}, {1, 0, 0}, 1, 0},
+                     {"too small", Space::MODEL, {}, {1e-21, 0, 0}, {0, 1e-21, 0}, 1, 0},
+                     {"too large", Space::MODEL, {}, {1e38, 0, 0}, {0, 1, 0}, 1, 0}};
+  for (const auto& one : cases) {
+    SCOPED_TRACE(one.name);
+    SceneBuilder scene;
+    makeGroundWhite(scene);
+    auto& text = addText(scene, "t");
+    text.getAnnotationAttributes().setCoordinateSpace(one.space);
+    text.getPositionAttributes().setPosition(one.position, false);
+    auto& image = decoration<lum::ImageDrawable>(scene);
+    image.getPositionAttributes().setPosition(one.position, false);
+    auto& attributes = image.getImageAttributes();
+    attributes.setPixels(makeArray<vtkUnsignedCharArray>("", {1}), 1, 1);
+    attributes.setCoordinateSpace(one.space);
+    attributes.setXAxis(one.xAxis);
+    attributes.setYAxis(one.yAxis);
+    const FoundFindings found;
+    EXPECT_EQ(resolveScene(scene.node()).canvases.at(0).decorations.size(), one.texts + one.images);
+    EXPECT_EQ(found.codes(), std::vector<std::string>(2 - one.texts - one.images, "decoration-not-drawn"));
   }
 }
 

@@ -1,5 +1,6 @@
 #include "vemoview/resolve/decorations/ImageResolver.h"
 
+#include "geometry/Box.h"
 #include "vemoview/resolve/values/UsableValues.h"
 #include <vemo/base/Vector.h>
 #include <vemo/scenegraph/Findings.h>
@@ -10,7 +11,6 @@
 #include <vtkDataArray.h>
 
 #include <algorithm>
-#include <cmath>
 
 namespace vemo {
 
@@ -19,14 +19,34 @@ namespace {
 /// Larger than any that OpenGL accepts.
 constexpr std::int32_t MAX_SIZE = 16384;
 
-bool spansArea(const ImageDecoration& image, const std::string& name) {
-  const double area = length(cross(image.xAxis, image.yAxis));
-  if (std::isfinite(area) && area > 0.0 && std::isfinite(length(image.corner))) {
-    return true;
+Box boundsOf(const ImageDecoration& image) {
+  Box bounds;
+  for (const Vector3& side : {Vector3(), image.xAxis, image.yAxis, image.xAxis + image.yAxis}) {
+    bounds.add(image.corner + side);
   }
-  reportFinding(FindingCode::DECORATION_NOT_DRAWN,
-                "The image \"" + name + "\" is not drawn: its corners do not span an area");
-  return false;
+  return bounds;
+}
+
+/// Also false for corners that are not numbers.
+bool spansArea(const ImageDecoration& image, const Box& bounds) {
+  const double area = length(cross(image.xAxis, image.yAxis));
+  return area > 0.0 && bounds.longestSide() >= SMALLEST && isInReach(image.corner) && isInReach(bounds.low) &&
+         isInReach(bounds.high);
+}
+
+bool isInWindow(const Box& bounds) {
+  return bounds.low[0] < 1.0 && bounds.low[1] < 1.0 && bounds.high[0] > 0.0 && bounds.high[1] > 0.0;
+}
+
+bool canBeSeen(const ImageDecoration& image, const std::string& name) {
+  const Box bounds = boundsOf(image);
+  const char* const flaw = !spansArea(image, bounds) ? "its corners do not span an area that can be drawn"
+                           : !image.isInModel && !isInWindow(bounds) ? "it is outside the window"
+                                                                     : nullptr;
+  if (flaw != nullptr) {
+    reportFinding(FindingCode::DECORATION_NOT_DRAWN, "The image \"" + name + "\" is not drawn: " + flaw);
+  }
+  return flaw == nullptr;
 }
 
 bool hasValidPixels(const lum::ImageDrawable& image, const lum::ImageAttributes& attributes) {
@@ -62,7 +82,7 @@ std::optional<ImageDecoration> resolveImage(const lum::ImageDrawable& image) {
   }
   const auto* const colors = image.findAttributes<lum::ColorAttributes>();
   result.opacity = colors != nullptr ? unitValue(colors->getOpacity(), 1.0) : 1.0;
-  return result.opacity > 0.0 && spansArea(result, image.getName()) ? std::optional(result) : std::nullopt;
+  return result.opacity > 0.0 && canBeSeen(result, image.getName()) ? std::optional(result) : std::nullopt;
 }
 
 }  // namespace vemo

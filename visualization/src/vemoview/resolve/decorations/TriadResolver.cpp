@@ -3,6 +3,7 @@
 #include "vemoview/resolve/canvas/CameraResolver.h"
 #include "vemoview/resolve/decorations/TextStyleResolver.h"
 #include "vemoview/resolve/values/ReadableText.h"
+#include "vemoview/resolve/values/UsableValues.h"
 #include <vemo/base/Vector.h>
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/attributes/OrientationAttributes.h>
@@ -10,8 +11,6 @@
 #include <vemo/scenegraph/drawables/TriadDrawable.h>
 
 #include <vtkMatrix4x4.h>
-
-#include <cmath>
 
 namespace vemo {
 
@@ -61,8 +60,9 @@ std::optional<TriadDecoration> resolveTriad(const lum::TriadDrawable& triad, con
     result.position = position->getPosition();
   }
   const std::string what = "The triad \"" + triad.getName() + "\"";
-  if (!std::isfinite(length(result.position))) {
-    reportFinding(FindingCode::DECORATION_NOT_DRAWN, what + " is not drawn: its position is not finite");
+  if (!isInReach(result.position)) {
+    reportFinding(FindingCode::DECORATION_NOT_DRAWN,
+                  what + " is not drawn: its position is not finite, or too far away");
     return std::nullopt;
   }
   if (const auto* const attributes = triad.findAttributes<lum::TriadAttributes>()) {

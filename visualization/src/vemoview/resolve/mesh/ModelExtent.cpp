@@ -2,6 +2,7 @@
 
 #include "geometry/Bounds.h"
 #include "vemoview/resolve/values/NodeFindings.h"
+#include "vemoview/resolve/values/UsableValues.h"
 #include <vemo/resolve/CanvasCamera.h>
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/drawables/PolyDataNode.h>
@@ -16,13 +17,6 @@
 namespace vemo {
 
 namespace {
-
-/// Such points are often placeholders for missing ones. With them, nothing of a
-/// scene is seen.
-constexpr double FARTHEST = 1e37;
-
-/// A view of a smaller model would be from a distance that VTK does not allow.
-constexpr double SMALLEST = 1e-20;
 
 Box boundsOfInstances(const Box& own, const SharedInstanceTransforms& transforms) {
   Box box;

@@ -78,7 +78,7 @@ std::optional<Vector<2, double>> resolveRange(const lum::PointScaleAttributes& a
   }
   const bool isAdjusted = range[0] != stated;
   const bool hasLogarithms = !isLog || (range[1] > 0.0 && (!isAdjusted || range[0] < range[1]));
-  if (!std::isfinite(range[0]) || !std::isfinite(range[1]) || range[0] == range[1] || !hasLogarithms) {
+  if (!std::isfinite(range[1] - range[0]) || range[0] == range[1] || !hasLogarithms) {
     return std::nullopt;
   }
   if (isAdjusted) {

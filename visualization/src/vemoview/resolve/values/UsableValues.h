@@ -9,6 +9,18 @@ namespace vemo {
 
 /// What drawing can use of the values of attributes, which may be anything.
 
+/// OpenGL computes with single precision. Points farther away are often placeholders
+/// for missing ones; with them, nothing of a scene is seen.
+inline constexpr double FARTHEST = 1e37;
+
+/// Also false for what is not a number.
+inline bool isInReach(const Vector3& point) {
+  return std::ranges::all_of(point, [](double value) { return std::abs(value) <= FARTHEST; });
+}
+
+/// A view of something smaller would be from a distance that VTK does not allow.
+inline constexpr double SMALLEST = 1e-20;
+
 /// In 0..1; `fallback` for a value that is not finite.
 inline double unitValue(double value, double fallback) {
   return std::isfinite(value) ? std::clamp(value, 0.0, 1.0) : fallback;
