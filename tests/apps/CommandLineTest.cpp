@@ -202,6 +202,20 @@ TEST_F(CommandLineTest, WritesALedgerInOnePassAlsoOfARefusedScene) {
   EXPECT_FALSE(fs::exists(_folder / "x.sdb"));
 }
 
+TEST_F(CommandLineTest, ReportsAnUnusableViewOnceInEitherGeneration) {
+  std::string description = makeDescription("heat");
+  description.replace(description.find("z=\"5\""), 5, "z=\"0\"");
+  makeArchive(description).write(_folder / "view.zip");
+  EXPECT_EQ(run({"convert", "view.zip", "view.sdb"}).exitCode, 0);
+  for (const char* const file : {"view.zip", "view.sdb"}) {
+    const std::string checked = run({"check", file}).out;
+    EXPECT_THAT(checked, testing::AllOf(HasSubstr("view-adjusted"), HasSubstr(": 1 finding (1 changed)")));
+    const std::string drawn = run({"render", file, "view.png"}).err;
+    EXPECT_EQ(drawn.find("view-adjusted"), drawn.rfind("view-adjusted")) << drawn;
+    EXPECT_THAT(drawn, HasSubstr("view-adjusted"));
+  }
+}
+
 TEST_F(CommandLineTest, ReportsAllDamagedArrays) {
   std::string bytes = readFile(_folder / "scene.sdb");
   std::vector<testing::Matcher<std::string>> expected;

@@ -3,6 +3,7 @@
 #include "output/ExitCode.h"
 #include "output/FindingPrinter.h"
 #include "output/Messages.h"
+#include "output/RepeatedFindings.h"
 #include "output/ResultStream.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/base/WidePath.h>
@@ -91,7 +92,10 @@ FindingList checkDatabase(const std::string& file) {
 }
 
 FindingList check(const std::string& file) {
-  return detectScene(file) == SceneKind::ARCHIVE ? checkArchive(file) : checkDatabase(file);
+  FindingList findings = detectScene(file) == SceneKind::ARCHIVE ? checkArchive(file) : checkDatabase(file);
+  RepeatedFindings all;
+  std::erase_if(findings, [&all](const Finding& finding) { return all.isRepeated(finding); });
+  return findings;
 }
 
 /// "3 findings (2 refused, 1 lost)", "no findings".

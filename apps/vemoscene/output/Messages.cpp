@@ -1,5 +1,6 @@
 #include "output/Messages.h"
 
+#include "output/RepeatedFindings.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/Logger.h>
@@ -33,9 +34,12 @@ std::optional<Severity>& worst() {
 }
 
 void setFindingSink(const Findings::Sink& sink) {
+  static RepeatedFindings findings;
   Findings::getSingleton().setSink([sink](const Finding& finding) {
-    noteFinding(finding);
-    sink(finding);
+    if (!findings.isRepeated(finding)) {
+      noteFinding(finding);
+      sink(finding);
+    }
   });
 }
 

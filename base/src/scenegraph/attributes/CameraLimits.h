@@ -1,6 +1,11 @@
 #pragma once
 
 #include <vemo/base/Vector.h>
+#include <vemo/scenegraph/Export.h>
+
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace lum {
 
@@ -8,23 +13,17 @@ namespace lum {
 // and OpenGL computes with single precision.
 
 /// @param view from the camera to its focal point
-inline bool isUsableView(const vemo::Vector3& view) {
-  constexpr double NEAREST = 1e-20;
-  return vemo::unitVector(view).has_value() && vemo::length(view) > NEAREST;
-}
+VEMO_SCENEGRAPH_EXPORT bool isUsableView(const vemo::Vector3& view);
 
 /// Whether it has a direction, which is not that of a usable view.
-inline bool isUsableViewUp(const vemo::Vector3& viewUp, const vemo::Vector3& view) {
-  constexpr double MIN_SINE = 1e-6;
-  const auto up = vemo::unitVector(viewUp);
-  return up.has_value() && vemo::length(vemo::cross(*up, vemo::normalized(view))) > MIN_SINE;
-}
+VEMO_SCENEGRAPH_EXPORT bool isUsableViewUp(const vemo::Vector3& viewUp, const vemo::Vector3& view);
 
 /// Also false for NaN.
-inline bool isUsableParallelScale(double scale) {
-  constexpr double SMALLEST = 1e-37;
-  constexpr double LARGEST = 1e37;
-  return scale >= SMALLEST && scale <= LARGEST;
-}
+VEMO_SCENEGRAPH_EXPORT bool isUsableParallelScale(double scale);
+
+/// What drawing makes of a camera that it cannot use, for findings.
+/// @param parallelScale nothing in perspective, or if none is stated
+VEMO_SCENEGRAPH_EXPORT std::vector<std::string> describeViewFaults(
+    const vemo::Vector3& view, const vemo::Vector3& viewUp, const std::optional<double>& parallelScale);
 
 }  // namespace lum

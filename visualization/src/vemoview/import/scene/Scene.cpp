@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 #include <set>
 #include <utility>
 
@@ -61,18 +62,10 @@ void Scene::View::read(const QxElement& element, SceneFileReader* reader) {
 
 void Scene::View::reportUnusable(ReadingContext* context) const {
   const ReadingContext::ItemScope scope(context, "view", _place);
-  const Vector<3, double> view = _camera.focalPoint - _camera.position;
-  if (!lum::isUsableView(view)) {
-    report(context, FindingCode::VIEW_ADJUSTED,
-           "The view has no direction: the scene is seen against the z axis");
-  } else if (!lum::isUsableViewUp(_camera.viewUp, view)) {
-    report(context, FindingCode::VIEW_ADJUSTED,
-           "The view-up vector is zero or parallel to the viewing direction: the y axis is used instead (the "
-           "z axis in a view along y)");
-  }
-  if (!_camera.perspective && !lum::isUsableParallelScale(_camera.parallelScale)) {
-    report(context, FindingCode::VIEW_ADJUSTED,
-           "The parallel view has no usable scale: the whole scene is shown");
+  const auto scale = _camera.perspective ? std::nullopt : std::optional(_camera.parallelScale);
+  for (const std::string& fault :
+       lum::describeViewFaults(_camera.focalPoint - _camera.position, _camera.viewUp, scale)) {
+    report(context, FindingCode::VIEW_ADJUSTED, fault);
   }
 }
 

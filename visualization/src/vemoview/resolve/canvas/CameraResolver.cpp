@@ -1,7 +1,9 @@
 #include "vemoview/resolve/canvas/CameraResolver.h"
 
 #include "scenegraph/attributes/CameraLimits.h"
+#include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/base/Vector.h>
+#include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/Ptr.h>
 #include <vemo/scenegraph/attributes/CameraAttributes.h>
 
@@ -40,10 +42,18 @@ CanvasCamera resolveCamera(const lum::CameraAttributes* camera) {
   if (lum::isUsableParallelScale(camera->getParallelScale().value_or(0.0))) {
     result.parallelScale = camera->getParallelScale();
   }
+  if (isDefault(*camera)) {
+    return result;
+  }
   const Vector3 view = camera->getFocalPoint() - camera->getPosition();
-  if (!isDefault(*camera) && lum::isUsableView(view)) {
+  if (lum::isUsableView(view)) {
     result.viewpoint = {camera->getPosition(), camera->getFocalPoint(),
                         usableViewUp(camera->getViewUp(), normalized(view))};
+  }
+  const NodeScope scope(*camera);
+  for (const std::string& fault : lum::describeViewFaults(
+           view, camera->getViewUp(), result.isParallel ? camera->getParallelScale() : std::nullopt)) {
+    reportFinding(FindingCode::VIEW_ADJUSTED, fault);
   }
   return result;
 }
