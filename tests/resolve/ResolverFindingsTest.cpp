@@ -280,21 +280,27 @@ TEST(ResolverFindingsTest, SayWhatIsNotDrawnAsTheSceneSays) {
 TEST(ResolverFindingsTest, SayWhatIsTooSmallOrTooFarToBeSeen) {
   struct {
     float size;
-    double scale;
+    double scale, distance;
     bool isFramed;
     std::size_t findings;
-  } const cases[] = {{1e-19F, 1, true, 0}, {1e-10F, 1e-12, true, 1}, {1e-10F, 1e-12, false, 0},
-                     {0, 1, true, 0},      {1e36F, 1, true, 0},      {1e30F, 1e8, false, 1}};
-  for (const auto& [size, scale, isFramed, findings] : cases) {
+  } const cases[] = {{1e-19F, 1, 0, true, 0}, {1e-10F, 1e-12, 0, true, 1}, {1e-10F, 1e-12, 0, false, 0},
+                     {0, 1, 0, true, 0},      {1e36F, 1, 0, true, 0},      {1e30F, 1e8, 0, false, 1},
+                     {1, 1, 1e4, true, 0},    {1, 1, 1e6, true, 1},        {1, 1, 1e6, false, 0}};
+  for (const auto& [size, scale, distance, isFramed, findings] : cases) {
     SceneBuilder scene;
-    auto& surface = scene.addSurface(makeRectangle(0, size, 0, size), {1, 1, 1});
-    setTransform<lum::SimpleTransform>(surface).setScale({scale, scale, scale});
+    const auto square = makeRectangle(0, size, 0, size);
+    auto& transform = setTransform<lum::SimpleTransform>(scene.addSurface(square, {1, 1, 1}));
+    transform.setScale({scale, scale, scale});
+    transform.setTranslation({distance, 0, 0});
+    if (distance > 0.0) {
+      scene.addSurface(square, {1, 1, 1});
+    }
     if (isFramed) {
       scene.canvas().getCameraAttributes().setParallelScale({});
     }
     const FoundFindings found;
     resolveScene(scene.node());
-    EXPECT_EQ(found.codes(), std::vector<std::string>(findings, "geometry-not-drawn")) << size;
+    EXPECT_EQ(found.codes(), std::vector<std::string>(findings, "geometry-not-drawn")) << size << distance;
   }
 }
 

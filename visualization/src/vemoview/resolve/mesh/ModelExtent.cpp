@@ -18,14 +18,37 @@ namespace vemo {
 
 namespace {
 
-Box boundsOfInstances(const Box& own, const SharedInstanceTransforms& transforms) {
-  Box box;
-  forEachInstance(transforms, [&](const InstanceTransform* transform) {
-    for (const Vector3& corner : own.corners()) {
-      box.add(transformedPoint(transform, corner));
+/// Of all meshes together, and of their instances.
+struct Extent {
+  Box all;
+  double largestInstance = 0.0;
+  /// Lines and points are seen however small they are.
+  bool isOfFacesOnly = true;
+};
+
+/// VTK keeps the bounds of all points for when they are drawn.
+Box boundsOfFinite(vtkPolyData& geometry) {
+  const Box bounds = boundsOf(geometry);
+  return isFinite(bounds.low) && isFinite(bounds.high) ? bounds
+                                                       : finiteBounds(*geometry.GetPoints()->GetData());
+}
+
+/// Returns the bounds of the mesh's instances together.
+Box addInstances(const MeshInstance& mesh, Extent& extent) {
+  const auto corners = boundsOfFinite(*mesh.geometry).corners();
+  Box all;
+  forEachInstance(mesh.transforms, [&](const InstanceTransform* transform) {
+    Box instance;
+    for (const Vector3& corner : corners) {
+      instance.add(transformedPoint(transform, corner));
     }
+    extent.largestInstance = std::max(extent.largestInstance, instance.longestSide());
+    all.add(instance.low);
+    all.add(instance.high);
   });
-  return box;
+  extent.all.add(all.low);
+  extent.all.add(all.high);
+  return all;
 }
 
 void reportIfTooFar(const lum::PolyDataNode& node, const Box& bounds) {
@@ -42,23 +65,32 @@ void reportIfTooFar(const lum::PolyDataNode& node, const Box& bounds) {
 }  // namespace
 
 void reportUnseenExtent(const std::vector<MeshInstance>& meshes, const CanvasCamera& camera) {
-  Box model;
+  constexpr double PIXELS = 1e5;  // More than a picture is wide.
+  Extent extent;
   const MeshInstance* former = nullptr;
   for (const MeshInstance& mesh : meshes) {
     // The parts of a mesh share its points.
     if (former == nullptr || former->node != mesh.node || former->transforms != mesh.transforms) {
-      const Box bounds =
-          boundsOfInstances(finiteBounds(*mesh.geometry->GetPoints()->GetData()), mesh.transforms);
-      reportIfTooFar(*mesh.node, bounds);
-      model.add(bounds.low);
-      model.add(bounds.high);
+      reportIfTooFar(*mesh.node, addInstances(mesh, extent));
     }
+    const Appearance& appearance = mesh.appearance;
+    extent.isOfFacesOnly = extent.isOfFacesOnly && appearance.kind == Appearance::Kind::SURFACE &&
+                           !appearance.hasEdges && !appearance.hasContour;
     former = &mesh;
   }
-  const double side = model.longestSide();
-  if (camera.framesAll() && side > 0.0 && side < SMALLEST) {
+  const double side = extent.all.longestSide();
+  if (!camera.framesAll() || side <= 0.0) {
+    return;
+  }
+  if (side < SMALLEST) {
     reportFinding(FindingCode::GEOMETRY_NOT_DRAWN,
                   fmt::format("Nothing of the model is seen: it extends over {:g} only", side));
+  } else if (extent.isOfFacesOnly && side > PIXELS * extent.largestInstance) {
+    reportFinding(
+        FindingCode::GEOMETRY_NOT_DRAWN,
+        fmt::format("Nothing of the model is seen: it extends over {:g}, but no part of it over more "
+                    "than {:g}",
+                    side, extent.largestInstance));
   }
 }
 
