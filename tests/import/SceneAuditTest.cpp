@@ -433,8 +433,8 @@ TEST_F(SceneAuditTest, TellsWhatCannotBeUsedFromWhatIsSound) {
        plainSceneXml("<geometry points='p' polys='tri' contour='true' visibility='1' lineColor='00000000' "
                      "faceColor='00000000'/>"),
        {}},
-      {"a width that is no number", sceneXml(geometry("lineWidth='1e400'")), {"value-unreadable"}},
-      {"a version that is no number", sceneXml(geometry("version='-2'")), {"version-too-new"}},
+      {"a width that is not a number", sceneXml(geometry("lineWidth='1e400'")), {"value-unreadable"}},
+      {"a version that is not a number", sceneXml(geometry("version='-2'")), {"version-too-new"}},
       {"no vertices to be scaled", sceneXml(geometry(tri)), {}},
       {"vertices of a surface", sceneXml(geometry(tri + "verts='vert'")), {"points-not-scaled"}},
       {"no pixels",
