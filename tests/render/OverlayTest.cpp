@@ -101,8 +101,8 @@ TEST(ImageTest, IsCutByPlanesUnlessItSaysNo) {
         scene.clip({1, 0, 0}, {0.1 * (i + 1 - planes), 0, 0});
       }
       const PixelBox box = boxOf(scene.render(), WHITE);
-      EXPECT_NEAR(box.left, isClipped ? SIZE / 2 : SIZE / 4, 1) << planes;
-      EXPECT_NEAR(box.right, SIZE - SIZE / 4, 1) << planes;
+      EXPECT_NEAR(box.left, isClipped ? SIZE / 2.0 : SIZE / 4.0, 1) << planes;
+      EXPECT_NEAR(box.right, 0.75 * SIZE, 1) << planes;
     }
   }
 }
