@@ -3,6 +3,7 @@
 #include "geometry/Bounds.h"
 #include "vemoview/common/VtkForms.h"
 #include "vemoview/render/draw/BatchGroups.h"
+#include "vemoview/render/vtk/PeelingRenderer.h"
 #include "vemoview/render/vtk/Screen.h"
 #include "vemoview/render/vtk/View.h"
 #include <vemo/resolve/Picker.h>
@@ -20,7 +21,7 @@ namespace vemo {
 namespace {
 
 vtkSmartPointer<vtkRenderer> makeRenderer(const ResolvedCanvas& canvas) {
-  auto renderer = vtkSmartPointer<vtkRenderer>::New();
+  const auto renderer = vtkSmartPointer<PeelingRenderer>::New();
   renderer->SetViewport(canvas.lowerLeft[0], canvas.lowerLeft[1], canvas.upperRight[0], canvas.upperRight[1]);
   renderer->SetInteractive(canvas.isInteractive);
   // They would cull what has no extent, such as a single point.
@@ -36,14 +37,6 @@ vtkSmartPointer<vtkPlaneCollection> makePlanes(const std::vector<ClipPlane>& cli
     planes->AddItem(plane);
   }
   return planes;
-}
-
-/// Translucent layers are sorted by depth, not drawn in any order.
-void peelTranslucency(vtkRenderer& renderer) {
-  constexpr int MAX_LAYERS = 64;
-  renderer.SetUseDepthPeeling(1);
-  renderer.SetMaximumNumberOfPeels(MAX_LAYERS);
-  renderer.SetOcclusionRatio(0.0);
 }
 
 /// Makes a box large enough for all instances of a mesh.
@@ -65,9 +58,7 @@ void addInstances(const MeshInstance& mesh, Box& box) {
 CanvasLayer::CanvasLayer(ResolvedCanvas canvas)
     : _canvas(std::move(canvas)),
       _resources{makeRenderer(_canvas), makePlanes(_canvas.clipPlanes), {}},
-      _decorations(_resources) {
-  peelTranslucency(getRenderer());
-}
+      _decorations(_resources) {}
 
 void CanvasLayer::fill(const CanvasCameras& cameras) {
   addBatches(std::exchange(_canvas.meshes, {}));
