@@ -1,4 +1,4 @@
-#include "render/RenderScene.h"
+#include "render/SceneWindow.h"
 #include <vemo/scenegraph/drawables/ImageDrawable.h>
 
 #include <vtkCellData.h>
@@ -56,6 +56,15 @@ TEST_F(TextTest, MovesWithItsCollectionAndIsNotSeenBehindTheViewer) {
   scene.canvas().getCameraAttributes().setProjectionMode(lum::CameraAttributes::ProjectionMode::PERSPECTIVE);
   moveTo(0.7, 0, 7);
   EXPECT_EQ(ink().right, 0);
+}
+
+TEST_F(TextTest, IsFramedWithTheModel) {
+  attributes.setCoordinateSpace(lum::CoordinateSpace::MODEL);
+  moveTo(9, 9);
+  scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 0, 0});
+  SceneWindow window(scene);
+  window.renderer.frameModel();
+  EXPECT_GT(countPixels(window.draw(), YELLOW, 40), 0);
 }
 
 TEST_F(TextTest, IsWrittenAsItsStyleSays) {

@@ -65,14 +65,14 @@ void CanvasLayer::fill(const CanvasCameras& cameras) {
   for (Batch& batch : _batches) {
     batch.showAll(_pixelScale);
   }
-  _decorations.add(std::exchange(_canvas.decorations, {}), cameras);
+  addDecorations(std::exchange(_canvas.decorations, {}), cameras);
   setLights(getRenderer(), _canvas.lights);
   resetView();
 }
 
 void CanvasLayer::update(CanvasUpdate update, const CanvasCameras& cameras) {
   addBatches(std::move(update.meshes));
-  _decorations.add(update.decorations, cameras);
+  addDecorations(update.decorations, cameras);
   for (Batch& batch : _batches) {
     batch.show(update.visible, _pixelScale);
   }
@@ -84,6 +84,16 @@ void CanvasLayer::addBatches(std::vector<MeshInstance> meshes) {
   for (auto& members : groupIntoBatches(std::move(meshes))) {
     _batches.emplace_back(std::move(members), _resources);
   }
+}
+
+void CanvasLayer::addDecorations(const std::vector<Decoration>& decorations, const CanvasCameras& cameras) {
+  for (const Decoration& decoration : decorations) {
+    const auto* const text = std::get_if<TextDecoration>(&decoration.content);
+    if (text != nullptr && text->isInModel) {
+      _placesOfTexts.add(text->position);
+    }
+  }
+  _decorations.add(decorations, cameras);
 }
 
 void CanvasLayer::scalePixels(double factor) {
@@ -109,7 +119,11 @@ std::optional<Pick> CanvasLayer::pick(const Vector<2, double>& pixel) const {
 }
 
 void CanvasLayer::resetView() {
-  setCamera(getRenderer(), _canvas.camera);
+  setCamera(getRenderer(), _canvas.camera, _placesOfTexts);
+}
+
+void CanvasLayer::frameAll() {
+  vemo::frameAll(getRenderer(), _placesOfTexts);
 }
 
 Box CanvasLayer::boundsOf(const DrawableSet& drawables) const {
