@@ -34,8 +34,8 @@ BENCHMARK(openView)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
 vtkSmartPointer<vtkRenderer> makeOneMesh(lum::SceneNode& scene) {
   vtkNew<vtkAppendPolyData> all;
   for (const auto& assembly : scene.getModelCanvas().getDrawableCollection().getNodes()) {
-    for (const auto& surface : dynamic_cast<const lum::CollectionNode&>(*assembly.get()).getNodes()) {
-      const auto& parts = dynamic_cast<const lum::CollectionNode&>(*surface.get());
+    for (const auto& surface : dynamic_cast<const lum::CollectionNode&>(*assembly).getNodes()) {
+      const auto& parts = dynamic_cast<const lum::CollectionNode&>(*surface);
       all->AddInputData(parts.find<lum::PolyDataNode>()->getPolyData());
     }
   }

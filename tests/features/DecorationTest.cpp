@@ -230,6 +230,18 @@ TEST(CoordinateSystemFeatureTest, StandsInTheModelAsLargeOnTheScreenAtEveryScale
   }
 }
 
+TEST(CoordinateSystemFeatureTest, IsLitFromTheSameSideWhenItIsMirrored) {
+  const Picture picture =
+      FeatureScene("<view><position z='5'/></view>" +
+                       assembly("A", "<reflect planeEqnCoeffA='1'/><coordinatesystem visibility='1' "
+                                     "textColor='000000ff'><origin x='0.3'/></coordinatesystem>"),
+                   "ffffff00")
+          .draw();
+  EXPECT_LT(boxWhere(picture, isDark).count, 20);
+  const PixelBox triads = inkOn(picture, WHITE);
+  EXPECT_NEAR(triads.left + triads.right, SIZE, 2) << "two of them";
+}
+
 // ---- Background ----
 
 TEST(GradientFeatureTest, RunsFromTheFirstColourToTheSecond) {

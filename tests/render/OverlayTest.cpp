@@ -1,4 +1,4 @@
-#include "render/RenderScene.h"
+#include "render/SceneWindow.h"
 #include <vemo/scenegraph/drawables/ImageDrawable.h>
 
 #include <vtkCellData.h>
@@ -58,6 +58,15 @@ TEST_F(TextTest, MovesWithItsCollectionAndIsNotSeenBehindTheViewer) {
   EXPECT_EQ(ink().right, 0);
 }
 
+TEST_F(TextTest, IsFramedWithTheModel) {
+  attributes.setCoordinateSpace(lum::CoordinateSpace::MODEL);
+  moveTo(9, 9);
+  scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 0, 0});
+  SceneWindow window(scene);
+  window.renderer.frameModel();
+  EXPECT_GT(countPixels(window.draw(), YELLOW, 40), 0);
+}
+
 TEST_F(TextTest, IsWrittenAsItsStyleSays) {
   moveTo(0.1, 0.5);
   const Picture plain = scene.render();
@@ -101,8 +110,8 @@ TEST(ImageTest, IsCutByPlanesUnlessItSaysNo) {
         scene.clip({1, 0, 0}, {0.1 * (i + 1 - planes), 0, 0});
       }
       const PixelBox box = boxOf(scene.render(), WHITE);
-      EXPECT_NEAR(box.left, isClipped ? SIZE / 2 : SIZE / 4, 1) << planes;
-      EXPECT_NEAR(box.right, SIZE - SIZE / 4, 1) << planes;
+      EXPECT_NEAR(box.left, isClipped ? SIZE / 2.0 : SIZE / 4.0, 1) << planes;
+      EXPECT_NEAR(box.right, 0.75 * SIZE, 1) << planes;
     }
   }
 }

@@ -87,15 +87,20 @@ TEST(ScenePictureTest, LightsBelowZeroTakeLightAway) {
 
 TEST(ScenePictureTest, MixesTranslucentSurfacesByDepthWhateverTheirOrder) {
   for (const float first : {0.5F, -0.5F}) {
-    RenderScene scene;
-    scene.node().getBackgroundCanvas().getBackgroundAttributes().setSolidColor({1, 1, 1});
-    for (const float z : {first, -first}) {
-      scene.addSurface(makeRectangle(-0.5F, 0.5F, -0.5F, 0.5F, z), z > 0 ? Color{1, 0, 0} : Color{0, 0, 1})
-          .getColorAttributes()
-          ->setOpacity(0.5, false);
+    for (const bool isBeforeWall : {false, true}) {
+      RenderScene scene;
+      scene.node().getBackgroundCanvas().getBackgroundAttributes().setSolidColor({1, 1, 1});
+      if (isBeforeWall) {
+        scene.addSurface(makeRectangle(-1, 1, -1, 1, -0.9F), {1, 1, 1});
+      }
+      for (const float z : {first, -first}) {
+        scene.addSurface(makeRectangle(-0.5F, 0.5F, -0.5F, 0.5F, z), z > 0 ? Color{1, 0, 0} : Color{0, 0, 1})
+            .getColorAttributes()
+            ->setOpacity(0.5, false);
+      }
+      // Red half over blue half over white.
+      EXPECT_NEAR(countPixels(scene.render(), {191, 64, 128}), MIDDLE * MIDDLE, 4) << isBeforeWall;
     }
-    // Red half over blue half over white.
-    EXPECT_NEAR(countPixels(scene.render(), {191, 64, 128}), MIDDLE * MIDDLE, 4);
   }
 }
 

@@ -240,11 +240,14 @@ TEST(ResolverFindingsTest, SayWhatIsNotDrawnAsTheSceneSays) {
   expectFindings("2001 texts", 2000, {limited}, [](auto& scene) { repeat(addText(scene, "t"), 2001); });
   expectFindings("2001 triads", 2000, {limited},
                  [](auto& scene) { repeat(decoration<lum::TriadDrawable>(scene), 2001); });
-  expectFindings("2001 legends without colours", 2000, {"colormap-adjusted", limited}, [](auto& scene) {
-    for (int i = 0; i < 2001; ++i) {
-      scene.drawables().template findOrCreate<lum::LegendDrawable>(std::to_string(i)).getColorLookupTable();
-    }
-  });
+  expectFindings(
+      "201 legends of a title and 9 numbers", 200, {"colormap-adjusted", limited}, [](auto& scene) {
+        for (int i = 0; i < 201; ++i) {
+          auto& legend = scene.drawables().template findOrCreate<lum::LegendDrawable>(std::to_string(i));
+          legend.getColorLookupTable();
+          legend.getLegendAttributes().setNumberOfLabels(9);
+        }
+      });
   expectFindings("a text nowhere", 0, {"decoration-not-drawn"}, [](auto& scene) {
     addText(scene, "t").getPositionAttributes().setPosition({NAN, 0, 0}, false);
   });

@@ -134,6 +134,7 @@ TEST(SceneResolverTest, GivesViewAndLightOfCanvasesFromBackToFront) {
   light.setColor({1, 0, 0});
   light.setIntensity(2);
   light.setAngles(30, 60);
+  scene.clip({0, 0, 0}, {4, 5, 6});
   scene.clip({0, 0, -1e200}, {1, 2, 3});
   auto& foreground = scene.node().getForegroundCanvas();
   foreground.getDrawableCollection();

@@ -142,7 +142,7 @@ TEST_F(DatabaseDamageTest, SaysWhatIsWrong) {
       {"{}", "too short"},
       {"x" + bytes.substr(1), "does not begin with a header"},
       {withHeader("scene-graph", "other-graph"), "does not say that it is a scene-graph database"},
-      {withHeader("\"version\": 1", "\"version\": 2"), "of version 2"},
+      {withHeader("\"version\": 2", "\"version\": 3"), "of version 3"},
       {bytes + "more", "does not end the file"},
       {bytes.substr(0, bytes.size() - 1) + '\x7F', "index is damaged"},
       {brokenArray, ".sdb: Record 0: Array 0 \"Points\": hash mismatch"},
@@ -157,13 +157,13 @@ TEST_F(DatabaseDamageTest, SaysWhatIsWrong) {
 
 // Small files that would have us fill gigabytes, or work for hours.
 TEST_F(DatabaseDamageTest, RefusesWhatIsOutOfProportionToTheFile) {
-  const std::string nameOnly = std::string("\x01\x05") + "Plane";
   using namespace std::literals;
+  const std::string nameOnly = "\x01\x05Plane\x00"s;
   std::string fields;
   for (int i = 0; i < 1025; ++i) {
     fields += "\x00\x12\x00"s;
   }
-  // Strings, classes and arrays.
+  // Strings, lists, classes and arrays.
   const std::pair<std::string, const char*> cases[] = {
       {nameOnly + "\x01\x00\x81\x08"s + fields, "A class has 1025 fields"},
       {nameOnly + "\x01\x00\x01\x00\x0B\x81\x02"s + std::string(257, 'x'), "A default has 257 bytes"},

@@ -94,15 +94,18 @@ INSTANTIATE_TEST_SUITE_P(Ways, RoundTripTest,
                                          Way{"Streams", [](Node& node) { return throughStreams(node); }}),
                          [](const auto& way) { return std::string(way.param.name); });
 
-/// The file is as the first release wrote it, and stays so: scenes that people
-/// have kept are read by every later version. It is written the same way, too,
-/// its arrays on boundaries of 64 bytes.
-TEST(VersionOneTest, IsReadAndWrittenAsByTheFirstRelease) {
+/// The files are as programs of these versions wrote them, and stay so: scenes
+/// that people have kept are read by every later version. The last one is written
+/// the same way, too, its arrays on boundaries of 64 bytes.
+TEST(VersionsTest, AreReadAndTheLastIsWritten) {
   const TemporaryFolder folder;
-  const Ptr<Node> read = readDatabase(testData("version-1.sdb"));
-  expectGraph(*read, "version-1.json");
-  ASSERT_EQ(writeDatabase(folder / "a.sdb", *read), FileIoStatus::Success);
-  EXPECT_TRUE(readFile(folder / "a.sdb") == readFile(testData("version-1.sdb")));
+  for (const char* const file : {"version-1.sdb", "version-2.sdb"}) {
+    SCOPED_TRACE(file);
+    const Ptr<Node> read = readDatabase(testData(file));
+    expectGraph(*read, "version-1.json");
+    ASSERT_EQ(writeDatabase(folder / "a.sdb", *read), FileIoStatus::Success);
+    EXPECT_TRUE(readFile(folder / "a.sdb") == readFile(testData("version-2.sdb")));
+  }
 }
 
 }  // namespace

@@ -75,7 +75,7 @@ DatabaseBytes::DatabaseBytes(std::string arrays, std::string table)
 std::string DatabaseBytes::join() const {
   char header[HEADER_SIZE];
   std::snprintf(header, sizeof header,
-                R"({"format": "scene-graph database", "version": 1, )"
+                R"({"format": "scene-graph database", "version": 2, )"
                 R"("index": {"offset": %zu, "size": %zu, "hash": "%016llx"}})",
                 HEADER_SIZE + chunks.size(), index.size(),
                 static_cast<unsigned long long>(hashOfPart(index.data(), index.size())));

@@ -37,7 +37,7 @@ class UnusualValues {
       (*value)[i] = i == 0 ? -0.0 : std::numeric_limits<double>::infinity();
     }
   }
-  void operator()(std::vector<double>* value) const { *value = {0.1, std::nan("7"), 5e-324}; }
+  void operator()(lum::SharedNumbers* value) const { *value = {0.1, std::nan("7"), 5e-324}; }
   void operator()(std::optional<double>* value) const { *value = 0.0; }
   void operator()(std::optional<Vector3>* value) const { *value = {{0.0, -0.0, 1e308}}; }
   void operator()(std::map<std::string, Vector3>* value) const {

@@ -115,8 +115,10 @@ struct TriadDecoration {
 /// The visible form of a drawable that has no geometry. A drawable with several
 /// instances has several decorations.
 struct Decoration {
+  using Content = std::variant<LegendDecoration, TextDecoration, ImageDecoration, TriadDecoration>;
+
   const lum::Drawable* drawable = nullptr;
-  std::variant<LegendDecoration, TextDecoration, ImageDecoration, TriadDecoration> content;
+  Content content;
 };
 
 }  // namespace vemo

@@ -2,6 +2,7 @@
 
 #include <vemo/base/Vector.h>
 #include <vemo/scenegraph/Enumeration.h>
+#include <vemo/scenegraph/SharedNumbers.h>
 
 #include <array>
 #include <cstdint>
@@ -82,7 +83,8 @@ struct FieldKindTable {
 /// A new kind gets the next number, and with it the format a new version: a
 /// program that does not know a kind cannot skip its values.
 ///
-/// History. Version 1: 1 to 20.
+/// History. Version 1: 1 to 20, with lists in records: count, 8 bytes each.
+/// Version 2: lists in a table.
 using FieldKinds = FieldKindTable<
     FieldKindRow<1, bool*>,                             // 0 or 1
     FieldKindRow<2, std::int32_t*>,                     // signed number
@@ -94,7 +96,7 @@ using FieldKinds = FieldKindTable<
     FieldKindRow<8, Vector2*>,                          // 2 x 8 bytes
     FieldKindRow<9, Vector3*>,                          // 3 x 8 bytes
     FieldKindRow<10, Vector4*>,                         // 4 x 8 bytes
-    FieldKindRow<11, std::vector<double>*>,             // count, 8 bytes each
+    FieldKindRow<11, SharedNumbers*>,                   // 0; or 1 + number of a list
     FieldKindRow<12, std::optional<double>*>,           // 0; or 1 and 8 bytes
     FieldKindRow<13, std::optional<Vector3>*>,          // 0; or 1 and 3 x 8 bytes
     FieldKindRow<14, std::map<std::string, Vector3>*>,  // count; number of a string, 3 x 8 bytes each

@@ -64,7 +64,7 @@
   KIND(SCENE_NOT_DRAWN, LOST, "A scene is too large to be drawn.") \
   KIND(SETTINGS_REPLACED, CHANGED, "Geometries of one name and type share a drawable, but state different settings for it.") \
   KIND(STREAM_INVALID, LOST, "A scene stream cannot be read.") \
-  KIND(TEXT_CHANGED, CHANGED, "A text is too long and cut off, or is not UTF-8.") \
+  KIND(TEXT_CHANGED, CHANGED, "A text is too long and is cut off or drawn smaller, or is not UTF-8.") \
   KIND(TEXT_IGNORED, LOST, "Text inside an element that takes none is ignored.") \
   KIND(TEXT_RECOLORED, NOTE, "Black text is drawn white, because the background is dark.") \
   KIND(TRANSFORM_REPLACED, LOST, "Of the transforms of assemblies of one name only the last one is used.") \

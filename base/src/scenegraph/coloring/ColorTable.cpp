@@ -24,7 +24,7 @@ std::uint8_t toByte(double value) {
 }
 
 std::vector<std::uint8_t> colorsOf(const lum::ColorLookupTable& table) {
-  const std::vector<double>& values = table.getColorValues();
+  const std::vector<double>& values = table.getColorValues().get();
   const auto declared = static_cast<std::size_t>(std::max(table.getNumColor(), 0));
   const auto count = static_cast<std::ptrdiff_t>(std::min(declared, values.size() / CHANNELS));
   std::vector<std::uint8_t> colors;

@@ -61,8 +61,9 @@ class FieldComparison::Visitor {
   void operator()(Vector<N, double>* left) const {
     compareVectors(_left.name, *left, *rightOf(left));
   }
-  void operator()(std::vector<double>* left) const {
-    const std::vector<double>& right = *rightOf(left);
+  void operator()(SharedNumbers* shared) const {
+    const std::vector<double>* const left = &shared->get();
+    const std::vector<double>& right = rightOf(shared)->get();
     if (left->size() != right.size()) {
       report(describeLength(*left), describeLength(right));
     } else if (const auto extent = findExtent<double>(*left, right, _owner._rules)) {

@@ -68,7 +68,8 @@ class Describer {
     return fmt::format("#{:02x}{:02x}{:02x}", byte(0), byte(1), byte(2));
   }
 
-  std::string operator()(const std::vector<double>* numbers) const {
+  std::string operator()(const SharedNumbers* shared) const {
+    const std::vector<double>* const numbers = &shared->get();
     constexpr std::size_t FEW = 4;
     return numbers->size() <= FEW ? describeNumbers(*numbers)
                                   : fmt::format("{} numbers", groupDigits(std::ssize(*numbers)));

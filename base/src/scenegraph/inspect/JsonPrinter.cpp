@@ -70,7 +70,7 @@ class FieldPrinter {
   void operator()(Vector<N, double>* vector) const {
     _json.values(std::span<const double>(vector->values));
   }
-  void operator()(std::vector<double>* numbers) const { _json.values(std::span<const double>(*numbers)); }
+  void operator()(SharedNumbers* numbers) const { _json.values(std::span<const double>(numbers->get())); }
 
   template <class T>
   void operator()(std::optional<T>* optional) const {

@@ -61,6 +61,8 @@ class VEMO_IMPORT_EXPORT Colormap : public SceneItem {
   lum::Ptr<lum::ColorLookupTable> makeTable() const;
 
   std::vector<Color> _colors;
+  // Those of all tables.
+  lum::SharedNumbers _colorValues;
   Vector<2, double> _range;
   bool _log10 = false;
   lum::RampMode _ramp = lum::RampMode::LINEAR;

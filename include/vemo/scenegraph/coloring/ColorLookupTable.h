@@ -17,7 +17,7 @@ LUM_ENUM(ColorSpace, (RGB, "RGB"), (RGBA, "RGBA"))
 class VEMO_SCENEGRAPH_EXPORT ColorLookupTable final : public Node {
   LUM_NODE(ColorLookupTable, Node)
   /// Four values a colour: red, green, blue, alpha in 0..1.
-  LUM_VALUE(std::vector<double>, ColorValues, _colorValues)
+  LUM_VALUE(SharedNumbers, ColorValues, _colorValues)
   LUM_VALUE(std::int32_t, NumColor, _numColor, 0)
   LUM_ENUMERATION(ColorSpace, ColorSpace, _colorSpace, ColorSpace::RGBA)
   LUM_VALUE(Vector2, ScalarRange, _scalarRange, {0.0, 1.0})

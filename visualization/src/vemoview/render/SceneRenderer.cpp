@@ -209,7 +209,7 @@ void SceneRenderer::resetView() {
 
 void SceneRenderer::frameModel() {
   if (_state->model != nullptr) {
-    _state->model->getRenderer().ResetCamera();
+    _state->model->frameAll();
   }
 }
 

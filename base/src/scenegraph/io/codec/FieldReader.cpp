@@ -49,11 +49,13 @@ std::int32_t FieldReader::readEnumerator(std::int32_t count) {
   return static_cast<std::int32_t>(_in.index("enumeration", static_cast<std::size_t>(count)));
 }
 
-void FieldReader::operator()(std::vector<double>* value) {
-  value->resize(_in.count("numbers", sizeof(double)));
-  for (double& each : *value) {
-    (*this)(&each);
+void FieldReader::operator()(SharedNumbers* value) {
+  if (!_tables.hasLists()) {
+    *value = readList(_in);
+    return;
   }
+  const std::size_t number = _in.index("list", 1 + _tables.getLists().size());
+  *value = number > 0 ? _tables.getLists()[number - 1] : SharedNumbers();
 }
 
 void FieldReader::operator()(std::map<std::string, Vector3>* value) {

@@ -34,7 +34,7 @@ class FieldReader {
       (*this)(&each);
     }
   }
-  void operator()(std::vector<double>* value);
+  void operator()(SharedNumbers* value);
   template <class T>
   void operator()(std::optional<T>* value) {
     bool isSet = false;

@@ -8,6 +8,7 @@
 /// How a graph is written, in databases and in streams:
 ///
 ///   tables    strings   count, (length, bytes) each
+///             lists     count, (number of values, 8 bytes each) each; from version 2 on
 ///             classes   count, (name, number of fields, (name, kind, default) each) each
 ///             chunks    count, rows (ChunkRow)
 ///   graph     size in bytes of what follows

@@ -51,12 +51,23 @@ std::string readDefault(ByteReader& in) {
 
 }  // namespace
 
-void TableReader::read(ByteReader& in) {
+SharedNumbers readList(ByteReader& in) {
+  std::vector<double> numbers(in.count("numbers", sizeof(double)));
+  const std::size_t bytes = sizeof(double) * numbers.size();
+  std::ranges::copy(in.take(bytes, "numbers"), reinterpret_cast<char*>(numbers.data()));
+  return numbers;
+}
+
+void TableReader::read(ByteReader& in, bool hasLists) {
+  _hasLists = hasLists;
   std::size_t count = in.count("strings", 1);
   _strings.reserve(_strings.size() + count);
   for (; count > 0; --count) {
     _strings.emplace_back(in.text("string"));
     _longStringBytes += _strings.back().size() > MAX_SHARED_STRING_BYTES ? _strings.back().size() : 0;
+  }
+  for (count = hasLists ? in.count("lists", 1) : 0; count > 0; --count) {
+    _lists.push_back(readList(in));
   }
   for (count = in.count("classes", 2); count > 0; --count) {
     _classes.push_back(readClass(in));

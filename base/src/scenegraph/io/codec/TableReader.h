@@ -34,14 +34,18 @@ struct FileClass {
   std::size_t presenceBytes = 0;
 };
 
-/// The string, class and chunk tables of a file, checked.
+/// The string, list, class and chunk tables of a file, checked.
 class TableReader {
  public:
   /// Takes what `TableWriter::take` wrote, after what was read before.
-  void read(ByteReader& in);
+  /// `hasLists`: whether there is a table of lists, as there is from version 2 on.
+  void read(ByteReader& in, bool hasLists);
 
   std::size_t getStringCount() const { return _strings.size(); }
   const std::string& getString(std::size_t number) const { return _strings[number]; }
+  /// Whether records have numbers of lists instead of lists.
+  bool hasLists() const { return _hasLists; }
+  const std::vector<SharedNumbers>& getLists() const { return _lists; }
   const std::vector<FileClass>& getClasses() const { return _classes; }
   /// Null when there is none of this name.
   const FileClass* findClass(const std::string& name) const;
@@ -56,10 +60,15 @@ class TableReader {
   void matchFields(FileClass& fileClass, const std::vector<std::string>& names);
 
   std::vector<std::string> _strings;
+  bool _hasLists = true;
+  std::vector<SharedNumbers> _lists;
   std::vector<FileClass> _classes;
   std::unordered_map<std::string, std::size_t> _classNumbers;
   std::vector<ChunkRow> _chunks;
   std::size_t _longStringBytes = 0;
 };
+
+/// A list: the count of its numbers, and these.
+SharedNumbers readList(ByteReader& in);
 
 }  // namespace lum::io

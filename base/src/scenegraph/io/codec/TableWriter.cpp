@@ -30,9 +30,8 @@ class ValueWriter {
   void operator()(const Vector<N, double>* value) const {
     _out.bytes(value->data(), sizeof(double) * N);
   }
-  void operator()(const std::vector<double>* value) const {
-    _out.number(value->size());
-    _out.bytes(value->data(), sizeof(double) * value->size());
+  void operator()(const SharedNumbers* value) const {
+    _out.number(value->get().empty() ? 0 : 1 + _tables.addList(*value));
   }
   template <class T>
   void operator()(const std::optional<T>* value) const {
@@ -130,6 +129,16 @@ std::uint64_t TableWriter::addString(std::string_view text) {
   return _stringCount++;
 }
 
+std::uint64_t TableWriter::addList(const SharedNumbers& list) {
+  const auto [known, isNew] = _listNumbers.try_emplace(list.get().data(), list, _listNumbers.size());
+  if (isNew) {
+    _lists.rows.number(list.get().size());
+    _lists.rows.bytes(list.get().data(), sizeof(double) * list.get().size());
+    ++_lists.count;
+  }
+  return known->second.second;
+}
+
 std::uint64_t TableWriter::addArray(vtkDataArray& array, bool shared) {
   if (!shared && !_rememberAll) {
     return writeArray(array);
@@ -159,6 +168,7 @@ void TableWriter::Table::take(ByteWriter& out) {
 
 void TableWriter::take(ByteWriter& out) {
   _strings.take(out);
+  _lists.take(out);
   _classRows.take(out);
   _chunks.take(out);
 }

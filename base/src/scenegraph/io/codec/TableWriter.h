@@ -13,6 +13,7 @@
 #include <string_view>
 #include <typeindex>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace lum::io {
@@ -31,7 +32,7 @@ class ArraySink {
   ~ArraySink() = default;
 };
 
-/// The string, class and chunk tables of what is written. They grow as nodes
+/// The string, list, class and chunk tables of what is written. They grow as nodes
 /// are written; each `take` gives what came since the last one.
 class TableWriter {
  public:
@@ -53,6 +54,9 @@ class TableWriter {
 
   /// The number of a string.
   std::uint64_t addString(std::string_view text);
+
+  /// The number of a list, which is not empty.
+  std::uint64_t addList(const SharedNumbers& list);
 
   /// The number of an array's chunk. `shared` when other nodes may hold it.
   std::uint64_t addArray(vtkDataArray& array, bool shared);
@@ -82,11 +86,14 @@ class TableWriter {
   ArraySink& _sink;
   bool _rememberAll;
   std::unordered_map<std::string, std::uint64_t, StringHash, std::equal_to<>> _sharedStrings;
+  // By the address of their numbers, which the list keeps.
+  std::unordered_map<const double*, std::pair<SharedNumbers, std::uint64_t>> _listNumbers;
   std::unordered_map<std::type_index, Class> _classes;
   std::unordered_map<const vtkDataArray*, KnownArray> _arrays;
   std::uint64_t _stringCount = 0;
   std::uint64_t _arrayCount = 0;
   Table _strings;
+  Table _lists;
   Table _classRows;
   Table _chunks;
 };

@@ -58,7 +58,7 @@ json parseHeader(InputSource& source) {
 std::string makeHeader(const IndexLocation& index) {
   std::string line = fmt::format(
       R"({{"format": "{}", "version": {}, "index": {{"offset": {}, "size": {}, "hash": "{:016x}"}}}})",
-      FORMAT, FORMAT_VERSION, index.offset, index.size, index.hash);
+      FORMAT, index.version, index.offset, index.size, index.hash);
   line.resize(HEADER_SIZE - 1, ' ');
   return line + '\n';
 }
@@ -70,14 +70,15 @@ IndexLocation readHeader(InputSource& source) {
     refuse(fmt::format("Its header does not say that it is a {}", FORMAT));
   }
   const std::uint64_t version = numberOf(header, "version");
-  if (version != FORMAT_VERSION) {
+  if (version < 1 || version > FORMAT_VERSION) {
     refuse(fmt::format("It is of version {}; versions up to {} can be read", version, FORMAT_VERSION));
   }
   const auto index = header.find("index");
   if (index == header.end() || !index->is_object()) {
     refuse("The header does not say where the index is");
   }
-  const IndexLocation location{numberOf(*index, "offset"), numberOf(*index, "size"), hashFrom(*index)};
+  const IndexLocation location{numberOf(*index, "offset"), numberOf(*index, "size"), hashFrom(*index),
+                               version};
   if (location.offset < HEADER_SIZE || location.offset > source.getSize() ||
       location.size != source.getSize() - location.offset) {
     throw FileError(FileIoStatus::ReadError,
@@ -99,7 +100,7 @@ DatabaseIndex::DatabaseIndex(InputSource& source) {
     throw FileError(FileIoStatus::ReadError, "The index is damaged: hash mismatch");
   }
   ByteReader in(_bytes);
-  _tables.read(in);
+  _tables.read(in, location.version >= FIRST_VERSION_WITH_LISTS);
   readOffsets(in, location.offset);
   readRecords(in);
 }

@@ -22,7 +22,9 @@
 /// their numbers, so that they cannot overlap.
 namespace lum::io {
 
-inline constexpr std::uint64_t FORMAT_VERSION = 1;
+/// Earlier ones are read (FieldKinds.h has the history).
+inline constexpr std::uint64_t FORMAT_VERSION = 2;
+inline constexpr std::uint64_t FIRST_VERSION_WITH_LISTS = 2;
 inline constexpr std::size_t HEADER_SIZE = 256;
 inline constexpr std::uint64_t CHUNK_ALIGNMENT = 64;
 
@@ -30,6 +32,8 @@ struct IndexLocation {
   std::uint64_t offset;
   std::uint64_t size;
   std::uint64_t hash;
+  /// Of the format.
+  std::uint64_t version = FORMAT_VERSION;
 };
 
 std::string makeHeader(const IndexLocation& index);

@@ -18,10 +18,15 @@ namespace {
   throw io::FileError(io::FileIoStatus::ReadError, text);
 }
 
-void readSignature(io::InputSource& source, std::string_view signature, const char* what) {
-  if (source.getLeft() < signature.size() || source.read(signature.size()) != signature) {
-    throw io::FileError(io::FileIoStatus::UnsupportedFormat, fmt::format("Not a {} stream", what));
+[[noreturn]] void refuseSignature(const char* what) {
+  throw io::FileError(io::FileIoStatus::UnsupportedFormat, fmt::format("Not a {} stream", what));
+}
+
+std::string readSignature(io::InputSource& source, std::string_view signature, const char* what) {
+  if (source.getLeft() < signature.size()) {
+    refuseSignature(what);
   }
+  return source.read(signature.size());
 }
 
 }  // namespace
@@ -40,10 +45,14 @@ class NodeInputStream::Connection {
     if (std::exchange(_isBroken, true)) {
       fail("An earlier scene stream was invalid");
     }
-    readSignature(source, io::SCENE_SIGNATURE, "scene");
+    const std::string signature = readSignature(source, io::SCENE_SIGNATURE, "scene");
+    const bool hasLists = signature == io::SCENE_SIGNATURE;
+    if (!hasLists && signature != io::OLD_SCENE_SIGNATURE) {
+      refuseSignature("scene");
+    }
     std::vector<Ptr<Node>> roots;
     while (source.getLeft() > 0) {
-      roots.push_back(readMessage(source));
+      roots.push_back(readMessage(source, hasLists));
     }
     for (const auto& root : roots) {
       keep(*root);
@@ -53,7 +62,9 @@ class NodeInputStream::Connection {
   }
 
   void readData(io::InputSource& source) {
-    readSignature(source, io::DATA_SIGNATURE, "data");
+    if (readSignature(source, io::DATA_SIGNATURE, "data") != io::DATA_SIGNATURE) {
+      refuseSignature("data");
+    }
     std::uint8_t size = 0;
     source.read(&size, 1);
     const std::string bytes = source.read(size);
@@ -84,7 +95,7 @@ class NodeInputStream::Connection {
   }
 
  private:
-  Ptr<Node> readMessage(io::InputSource& source) {
+  Ptr<Node> readMessage(io::InputSource& source, bool hasLists) {
     std::uint64_t sizeAndHash[2];
     source.read(sizeAndHash, sizeof sizeAndHash);
     const std::string bytes = source.read(sizeAndHash[0]);
@@ -92,7 +103,7 @@ class NodeInputStream::Connection {
       fail("The scene stream is damaged");
     }
     io::ByteReader in(bytes);
-    _tables.read(in);
+    _tables.read(in, hasLists);
     io::GraphDecoder decoder(_tables, _binder, _sessionId);
     decoder.setKnown(_nodes);
     const Ptr<Node> root = decoder.decode(in.text("graph"));

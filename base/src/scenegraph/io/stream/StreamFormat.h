@@ -12,7 +12,9 @@
 /// Tables and numbers go on from message to message.
 namespace lum::io {
 
-inline constexpr std::string_view SCENE_SIGNATURE = "LUMSCN1\n";
+inline constexpr std::string_view SCENE_SIGNATURE = "LUMSCN2\n";
+/// Of streams without tables of lists, which are read.
+inline constexpr std::string_view OLD_SCENE_SIGNATURE = "LUMSCN1\n";
 inline constexpr std::string_view DATA_SIGNATURE = "LUMDAT1\n";
 
 }  // namespace lum::io

@@ -25,6 +25,22 @@ const KeyTable<Colormap> Colormap::KEYS({
     key::ifPresent<&Colormap::_title>("title", "the name of the data, for display"),
 });
 
+namespace {
+
+/// In 0..1, four of each colour.
+lum::SharedNumbers channelsOf(const std::vector<Color>& colors) {
+  std::vector<double> channels;
+  channels.reserve(RGBA_CHANNELS * colors.size());
+  for (const Color& color : colors) {
+    for (const auto channel : {color.r, color.g, color.b, color.a}) {
+      channels.push_back(channel / 255.0);
+    }
+  }
+  return channels;
+}
+
+}  // namespace
+
 Colormap::Colormap(const std::string& name) : SceneItem(name) {}
 Colormap::~Colormap() = default;
 
@@ -50,17 +66,11 @@ void Colormap::readImpl(const QxElement& element, SceneFileReader* reader) {
       reportUnreadable(reader, text, "a colour", flaw, valueText(_colors.back()), TEXT_NAME);
     }
   }
+  _colorValues = channelsOf(_colors);
 }
 
 void Colormap::fill(lum::ColorLookupTable& table) const {
-  std::vector<double> values;
-  values.reserve(RGBA_CHANNELS * _colors.size());
-  for (const Color& color : _colors) {
-    for (const auto channel : {color.r, color.g, color.b, color.a}) {
-      values.push_back(channel / 255.0);
-    }
-  }
-  table.setColorValues(values);
+  table.setColorValues(_colorValues);
   table.setNumColor(static_cast<std::int32_t>(_colors.size()));
   table.setColorSpace(lum::ColorSpace::RGBA);
   table.setScalarRange(_range);

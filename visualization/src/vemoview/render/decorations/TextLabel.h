@@ -45,6 +45,7 @@ class TextLabel {
  private:
   vtkSmartPointer<vtkTextActor> _actor;
   double _mostPixels;
+  bool _isReported = false;
 };
 
 }  // namespace vemo

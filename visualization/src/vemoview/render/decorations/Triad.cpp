@@ -1,13 +1,13 @@
 #include "vemoview/render/decorations/Triad.h"
 
 #include "vemoview/render/decorations/TextLabel.h"
+#include "vemoview/render/vtk/MeshActor.h"
 #include "vemoview/render/vtk/PropGroup.h"
 #include "vemoview/render/vtk/Screen.h"
 #include "vemoview/render/vtk/View.h"
 #include <vemo/base/Vector.h>
 #include <vemo/resolve/Decoration.h>
 
-#include <vtkActor.h>
 #include <vtkAppendPolyData.h>
 #include <vtkArrowSource.h>
 #include <vtkCamera.h>
@@ -70,7 +70,7 @@ vtkSmartPointer<vtkPolyData> makeArrow(int axis, const std::array<unsigned char,
   return arrow;
 }
 
-vtkSmartPointer<vtkActor> makeArrows() {
+vtkSmartPointer<MeshActor> makeArrows() {
   constexpr std::array<std::array<unsigned char, 3>, 3> COLORS = {
       {{218, 36, 36}, {26, 152, 40}, {36, 84, 214}}};
   vtkNew<vtkAppendPolyData> all;
@@ -80,7 +80,7 @@ vtkSmartPointer<vtkActor> makeArrows() {
   all->Update();
   vtkNew<vtkPolyDataMapper> mapper;
   mapper->SetInputData(all->GetOutput());
-  auto actor = vtkSmartPointer<vtkActor>::New();
+  auto actor = vtkSmartPointer<MeshActor>::New();
   actor->SetMapper(mapper);
   actor->GetProperty()->SetAmbient(0.35);
   actor->GetProperty()->SetDiffuse(0.7);
@@ -171,10 +171,11 @@ class MovedTriad {
       matrix->SetElement(row, 3, _triad.position[i]);
     }
     _actor->SetUserMatrix(matrix);
+    _actor->setMirrored(matrix->Determinant() < 0.0);
   }
 
   TriadDecoration _triad;
-  vtkSmartPointer<vtkActor> _actor;
+  vtkSmartPointer<MeshActor> _actor;
   vtkSmartPointer<vtkCamera> _camera;
   std::vector<TextLabel> _labels;
 };

@@ -3,6 +3,7 @@
 #include "geometry/Bounds.h"
 #include "vemoview/common/VtkForms.h"
 #include "vemoview/render/draw/BatchGroups.h"
+#include "vemoview/render/vtk/PeelingRenderer.h"
 #include "vemoview/render/vtk/Screen.h"
 #include "vemoview/render/vtk/View.h"
 #include <vemo/resolve/Picker.h>
@@ -20,7 +21,7 @@ namespace vemo {
 namespace {
 
 vtkSmartPointer<vtkRenderer> makeRenderer(const ResolvedCanvas& canvas) {
-  auto renderer = vtkSmartPointer<vtkRenderer>::New();
+  const auto renderer = vtkSmartPointer<PeelingRenderer>::New();
   renderer->SetViewport(canvas.lowerLeft[0], canvas.lowerLeft[1], canvas.upperRight[0], canvas.upperRight[1]);
   renderer->SetInteractive(canvas.isInteractive);
   // They would cull what has no extent, such as a single point.
@@ -38,14 +39,6 @@ vtkSmartPointer<vtkPlaneCollection> makePlanes(const std::vector<ClipPlane>& cli
   return planes;
 }
 
-/// Translucent layers are sorted by depth, not drawn in any order.
-void peelTranslucency(vtkRenderer& renderer) {
-  constexpr int MAX_LAYERS = 64;
-  renderer.SetUseDepthPeeling(1);
-  renderer.SetMaximumNumberOfPeels(MAX_LAYERS);
-  renderer.SetOcclusionRatio(0.0);
-}
-
 /// Makes a box large enough for all instances of a mesh.
 void addInstances(const MeshInstance& mesh, Box& box) {
   const auto corners = boundsOf(*mesh.geometry).corners();
@@ -61,23 +54,21 @@ void addInstances(const MeshInstance& mesh, Box& box) {
 CanvasLayer::CanvasLayer(ResolvedCanvas canvas)
     : _canvas(std::move(canvas)),
       _resources{makeRenderer(_canvas), makePlanes(_canvas.clipPlanes), {}},
-      _decorations(_resources) {
-  peelTranslucency(getRenderer());
-}
+      _decorations(_resources) {}
 
 void CanvasLayer::fill(const CanvasCameras& cameras) {
   addBatches(std::exchange(_canvas.meshes, {}));
   for (Batch& batch : _batches) {
     batch.showAll(_pixelScale);
   }
-  _decorations.add(std::exchange(_canvas.decorations, {}), cameras);
+  addDecorations(std::exchange(_canvas.decorations, {}), cameras);
   setLights(getRenderer(), _canvas.lights);
   resetView();
 }
 
 void CanvasLayer::update(CanvasUpdate update, const CanvasCameras& cameras) {
   addBatches(std::move(update.meshes));
-  _decorations.add(update.decorations, cameras);
+  addDecorations(update.decorations, cameras);
   for (Batch& batch : _batches) {
     batch.show(update.visible, _pixelScale);
   }
@@ -89,6 +80,16 @@ void CanvasLayer::addBatches(std::vector<MeshInstance> meshes) {
   for (auto& members : groupIntoBatches(std::move(meshes))) {
     _batches.emplace_back(std::move(members), _resources);
   }
+}
+
+void CanvasLayer::addDecorations(const std::vector<Decoration>& decorations, const CanvasCameras& cameras) {
+  for (const Decoration& decoration : decorations) {
+    const auto* const text = std::get_if<TextDecoration>(&decoration.content);
+    if (text != nullptr && text->isInModel) {
+      _placesOfTexts.add(text->position);
+    }
+  }
+  _decorations.add(decorations, cameras);
 }
 
 void CanvasLayer::scalePixels(double factor) {
@@ -114,7 +115,11 @@ std::optional<Pick> CanvasLayer::pick(const Vector<2, double>& pixel) const {
 }
 
 void CanvasLayer::resetView() {
-  setCamera(getRenderer(), _canvas.camera);
+  setCamera(getRenderer(), _canvas.camera, _placesOfTexts);
+}
+
+void CanvasLayer::frameAll() {
+  vemo::frameAll(getRenderer(), _placesOfTexts);
 }
 
 Box CanvasLayer::boundsOf(const DrawableSet& drawables) const {

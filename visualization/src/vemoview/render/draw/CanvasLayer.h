@@ -38,17 +38,23 @@ class CanvasLayer {
   /// Points the camera as the canvas says.
   void resetView();
 
+  /// Moves the camera so that everything is seen.
+  void frameAll();
+
   /// Around the visible parts of some drawables.
   Box boundsOf(const DrawableSet& drawables) const;
 
  private:
   void addBatches(std::vector<MeshInstance> meshes);
+  void addDecorations(const std::vector<Decoration>& decorations, const CanvasCameras& cameras);
 
   /// Its meshes and decorations move to the batches and props.
   ResolvedCanvas _canvas;
   CanvasResources _resources;
   std::vector<Batch> _batches;
   Decorations _decorations;
+  // Texts in the model, which have no bounds in VTK.
+  Box _placesOfTexts;
   double _pixelScale = 1.0;
 };
 

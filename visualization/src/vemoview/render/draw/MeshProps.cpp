@@ -1,6 +1,7 @@
 #include "vemoview/render/draw/MeshProps.h"
 
 #include "geometry/Bounds.h"
+#include "geometry/ContourEdges.h"
 #include "geometry/DrawableCells.h"
 #include "vemoview/render/vtk/ClippedInput.h"
 #include "vemoview/render/vtk/Matrix.h"
@@ -11,14 +12,10 @@
 #include <vemo/resolve/ClipPlane.h>
 
 #include <vtkActor.h>
-#include <vtkCleanPolyData.h>
-#include <vtkFeatureEdges.h>
 #include <vtkMatrix4x4.h>
-#include <vtkNew.h>
 #include <vtkPlaneCollection.h>
 #include <vtkPolyDataMapper.h>
 #include <vtkProperty.h>
-#include <vtkTriangleFilter.h>
 
 #include <algorithm>
 
@@ -158,31 +155,10 @@ void addEdges(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& gro
   property.LightingOff();
 }
 
-/// Border edges, and edges at which the faces bend. Points at the same place
-/// are merged before: faces that meet there have no border between them.
-vtkSmartPointer<vtkPolyData> contourOf(vtkPolyData& faces) {
-  constexpr double MIN_BEND_DEGREES = 30.0;
-  vtkNew<vtkPolyData> shape;
-  shape->SetPoints(faces.GetPoints());
-  shape->SetPolys(faces.GetPolys());
-  shape->SetStrips(faces.GetStrips());
-  vtkNew<vtkTriangleFilter> triangles;
-  triangles->SetInputData(shape);
-  vtkNew<vtkCleanPolyData> cleaned;
-  cleaned->SetInputConnection(triangles->GetOutputPort());
-  cleaned->SetTolerance(0.0);
-  vtkNew<vtkFeatureEdges> edges;
-  edges->SetInputConnection(cleaned->GetOutputPort());
-  edges->SetFeatureAngle(MIN_BEND_DEGREES);
-  edges->NonManifoldEdgesOff();
-  edges->ColoringOff();
-  edges->Update();
-  return edges->GetOutput();
-}
-
 void addContour(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
+  constexpr double LEAST_BEND_DEGREES = 30.0;
   RenderMesh contour = mesh;
-  contour.geometry = contourOf(*mesh.geometry);
+  contour.geometry = contourEdges(*mesh.geometry, LEAST_BEND_DEGREES);
   if (contour.geometry->GetNumberOfCells() == 0) {
     return;
   }

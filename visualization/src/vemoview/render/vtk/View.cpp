@@ -2,6 +2,7 @@
 
 #include <vemo/base/Vector.h>
 
+#include <vtkBoundingBox.h>
 #include <vtkCamera.h>
 #include <vtkLight.h>
 #include <vtkNew.h>
@@ -44,10 +45,21 @@ void pointCamera(vtkCamera& view, const CanvasCamera& camera) {
   }
 }
 
-void setCamera(vtkRenderer& renderer, const CanvasCamera& camera) {
+void frameAll(vtkRenderer& renderer, Box others) {
+  if (const vtkBoundingBox props(renderer.ComputeVisiblePropBounds()); props.IsValid()) {
+    others.add(toVector(props.GetMinPoint()));
+    others.add(toVector(props.GetMaxPoint()));
+  }
+  if (!others.isEmpty()) {
+    renderer.ResetCamera(others.low[0], others.high[0], others.low[1], others.high[1], others.low[2],
+                         others.high[2]);
+  }
+}
+
+void setCamera(vtkRenderer& renderer, const CanvasCamera& camera, const Box& others) {
   pointCamera(*renderer.GetActiveCamera(), camera);
   if (camera.framesAll()) {
-    renderer.ResetCamera();
+    frameAll(renderer, others);
   }
   renderer.ResetCameraClippingRange();
 }

@@ -19,11 +19,11 @@ constexpr std::size_t MAX_PLANES = 16;
 constexpr double MAX_COORDINATE = 1e38;
 
 /// Scaled before it is normalised, which could not be done otherwise with very
-/// large values. Zero stays zero.
+/// large values.
 Vector3 unitNormal(const lum::Plane& plane) {
   const Vector3& normal = plane.getNormal();
   const double largest = std::max({std::abs(normal[0]), std::abs(normal[1]), std::abs(normal[2])});
-  return largest > 0.0 ? normalized((1.0 / largest) * normal) : normal;
+  return normalized((1.0 / largest) * normal);
 }
 
 bool isUsable(const lum::Plane& plane) {
@@ -45,6 +45,10 @@ std::vector<ClipPlane> resolveClipPlanes(const lum::ClipPlanesAttributes* attrib
       continue;
     }
     const NodeScope scope(*plane);
+    if (plane->getNormal() == Vector3()) {
+      // It has no side to cut off.
+      continue;
+    }
     if (!isUsable(*plane)) {
       reportFinding(FindingCode::VALUE_IGNORED,
                     "A clipping plane is not applied: its values are not finite, or too large or too small");

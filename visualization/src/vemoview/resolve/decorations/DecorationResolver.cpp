@@ -20,10 +20,11 @@ namespace vemo {
 
 namespace {
 
-/// More of them would cover each other, and each is laid out at every drawing.
-constexpr int MAX_DECORATIONS = 2000;
+/// Texts and images in all decorations. More would cover each other, and each has
+/// pixels of its own and is laid out at every drawing.
+constexpr int MAX_PIECES = 2000;
 
-using Content = decltype(Decoration::content);
+using Content = Decoration::Content;
 
 /// The decoration for a drawable, before it is placed; nothing if the drawable
 /// is not one, or cannot be drawn.
@@ -42,6 +43,15 @@ std::optional<Content> resolveContent(const lum::Drawable& drawable, const Camer
     return resolveImage(*image);
   }
   return std::nullopt;
+}
+
+/// The texts and images of a decoration.
+int countPieces(const Content& content) {
+  if (const auto* const legend = std::get_if<LegendDecoration>(&content)) {
+    return 1 + legend->labelCount;
+  }
+  const auto* const triad = std::get_if<TriadDecoration>(&content);
+  return triad != nullptr && triad->labels ? static_cast<int>(triad->labels->size()) : 1;
 }
 
 /// Decorations in the window are not repeated or moved with the instances of
@@ -113,7 +123,7 @@ std::vector<Decoration> DecorationResolver::resolve(const std::vector<VisibleDra
     }
     forEachInstance(isInWindow(*content) ? nullptr : visible.transforms,
                     [&](const InstanceTransform* transform) {
-                      if (hasRoom()) {
+                      if (hasRoomFor(*content)) {
                         Decoration& decoration = result.emplace_back(Decoration{visible.drawable, *content});
                         if (transform != nullptr) {
                           std::visit(Placing{*transform}, decoration.content);
@@ -124,18 +134,18 @@ std::vector<Decoration> DecorationResolver::resolve(const std::vector<VisibleDra
   return result;
 }
 
-/// Counts a further decoration if there is room for it.
-bool DecorationResolver::hasRoom() {
-  if (_count < MAX_DECORATIONS) {
-    ++_count;
-    return true;
-  }
+/// Counts a further decoration, unless the limit is reached.
+bool DecorationResolver::hasRoomFor(const Content& content) {
   if (!_isFull) {
-    reportFinding(FindingCode::DECORATIONS_LIMITED, "Only the first " + std::to_string(MAX_DECORATIONS) +
-                                                        " triads, legends, texts and images are shown");
-    _isFull = true;
+    _pieceCount += countPieces(content);
+    _isFull = _pieceCount > MAX_PIECES;
+    if (_isFull) {
+      reportFinding(FindingCode::DECORATIONS_LIMITED, "Only the first " + std::to_string(_count) +
+                                                          " triads, legends, texts and images are shown");
+    }
   }
-  return false;
+  _count += _isFull ? 0 : 1;
+  return !_isFull;
 }
 
 }  // namespace vemo

@@ -22,12 +22,14 @@ class DecorationResolver {
   std::vector<Decoration> resolve(const std::vector<VisibleDrawable>& drawables);
 
  private:
-  bool hasRoom();
+  bool hasRoomFor(const Decoration::Content& content);
 
   bool _isOnDark;
   const CameraIndices& _cameras;
   ColorTables& _tables;
   int _count = 0;
+  // The texts and images in them.
+  int _pieceCount = 0;
   bool _isFull = false;
 };
 

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <vemo/geometry/Export.h>
+
+#include <vtkSmartPointer.h>
+
+class vtkPolyData;
+
+namespace vemo {
+
+/// The lines of a drawing of faces: their borders, and the edges at which two
+/// faces meet at the given angle or a sharper one. Points at the same place count
+/// as one: faces that meet there have no border between them. An edge of more than
+/// two faces is neither.
+///
+/// What vtkCleanPolyData and vtkFeatureEdges find, but in time that grows with the
+/// edges even if all of them share a point or an edge. Faces are polygons and the
+/// triangles of strips. Their cells are valid (CellValidator), and all points are
+/// finite.
+VEMO_GEOMETRY_EXPORT vtkSmartPointer<vtkPolyData> contourEdges(vtkPolyData& faces, double leastBendDegrees);
+
+}  // namespace vemo
