@@ -1,30 +1,20 @@
 #include "base/AtomicFile.h"
 #include "vemoview/render/PixelMeans.h"
+#include "vemoview/render/PngEncoder.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/render/Picture.h>
 #include <vemo/render/RenderErrors.h>
 
-#include <vtkImageData.h>
 #include <vtkNew.h>
-#include <vtkPNGWriter.h>
 #include <vtkRenderWindow.h>
 #include <vtkUnsignedCharArray.h>
 
 #include <algorithm>
-#include <cstring>
 #include <span>
 
 namespace vemo {
 
 namespace {
-
-/// VTK counts rows from the bottom.
-void copyRowsReversed(const std::uint8_t* from, std::uint8_t* to, int rows, std::size_t rowBytes) {
-  for (int row = 0; row < rows; ++row) {
-    std::memcpy(to + static_cast<std::size_t>(row) * rowBytes,
-                from + static_cast<std::size_t>(rows - 1 - row) * rowBytes, rowBytes);
-  }
-}
 
 /// What is read from OpenGL at once, in rows of the picture: little memory, and
 /// few calls.
@@ -85,19 +75,7 @@ void Picture::set(int column, int row, const Pixel& pixel) {
 }
 
 std::vector<std::uint8_t> Picture::toPng() const {
-  vtkNew<vtkImageData> image;
-  image->SetDimensions(_width, _height, 1);
-  image->AllocateScalars(VTK_UNSIGNED_CHAR, CHANNELS);
-  copyRowsReversed(_bytes.data(), static_cast<std::uint8_t*>(image->GetScalarPointer()), _height,
-                   static_cast<std::size_t>(_width) * CHANNELS);
-  vtkNew<vtkPNGWriter> writer;
-  writer->WriteToMemoryOn();
-  writer->SetInputData(image);
-  writer->Write();
-  const vtkUnsignedCharArray* const result = writer->GetResult();
-  VEMO_REQUIRE(result != nullptr && result->GetNumberOfValues() > 0, "The picture could not be encoded");
-  const std::uint8_t* const begin = writer->GetResult()->GetPointer(0);
-  return {begin, begin + result->GetNumberOfValues()};
+  return encodePng(*this);
 }
 
 void Picture::writePng(const std::filesystem::path& path) const {
