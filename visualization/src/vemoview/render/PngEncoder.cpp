@@ -54,15 +54,15 @@ Bytes filtered(const Picture& picture) {
   const Bytes& pixels = picture.getBytes();
   const std::size_t rowBytes = static_cast<std::size_t>(picture.getWidth()) * Picture::CHANNELS;
   const Bytes black(rowBytes);
-  Bytes rows;
-  rows.reserve(pixels.size() + static_cast<std::size_t>(picture.getHeight()));
   const std::uint8_t* above = black.data();
+  Bytes rows(pixels.size() + static_cast<std::size_t>(picture.getHeight()));
+  auto to = rows.begin();
   for (std::size_t start = 0; start < pixels.size(); start += rowBytes) {
     const std::uint8_t* const row = pixels.data() + start;
-    rows.push_back(UP);
-    std::transform(
-        row, row + rowBytes, above, std::back_inserter(rows),
-        [](std::uint8_t byte, std::uint8_t over) { return static_cast<std::uint8_t>(byte - over); });
+    *to++ = UP;
+    to = std::transform(row, row + rowBytes, above, to, [](std::uint8_t byte, std::uint8_t over) {
+      return static_cast<std::uint8_t>(byte - over);
+    });
     above = row;
   }
   return rows;
