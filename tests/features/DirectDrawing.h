@@ -121,7 +121,7 @@ class DirectDrawing {
     window->SetMultiSamples(scale == 1 ? 8 : 0);
     window->AddRenderer(_renderer);
     window->Render();
-    Picture picture = Picture::of(*window).shrunk(scale);
+    Picture picture = Picture::of(*window, scale);
     keepPicture(picture, "direct");
     return picture;
   }

@@ -1,5 +1,6 @@
 #include "support/Files.h"
 #include "support/TemporaryFolder.h"
+#include "vemoview/render/PixelMeans.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/render/Picture.h>
 #include <vemo/render/RenderErrors.h>
@@ -8,6 +9,7 @@
 #include <vtkNew.h>
 #include <vtkPNGReader.h>
 
+#include <array>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -53,14 +55,15 @@ TEST(PictureTest, FailsWhereItCannotBeWritten) {
   EXPECT_EQ(countFiles(folder.path()), 1);
 }
 
-TEST(PictureTest, ShrinksToTheMeansOfSquares) {
-  Picture large = makePicture(4, {255, 0, 0}, {0, 0, 101});
-  large.set(1, 1, {255, 8, 0});
-  const Picture small = large.shrunk(2);
-  EXPECT_EQ(small.getHeight(), 1);
-  EXPECT_EQ(small.at(0, 0), (Pixel{128, 2, 0}));
-  EXPECT_EQ(small.at(1, 0), (Pixel{0, 0, 25}));
-  EXPECT_THROW(large.shrunk(3), InternalError);
+TEST(PictureTest, TakesTheMeansOfSquares) {
+  const std::array<std::uint8_t, 32> rows{255, 0, 0, 9, 0,   0, 0, 9, 0, 0, 0, 9, 0, 0, 0,   9,
+                                          0,   0, 0, 9, 255, 8, 0, 9, 0, 0, 0, 9, 0, 0, 101, 9};
+  std::array<std::uint8_t, 6> means{};
+  averageSquares(rows, 2, means);
+  EXPECT_EQ(means, (std::array<std::uint8_t, 6>{128, 2, 0, 0, 0, 25}));
+  averageSquares(std::span(rows).first(8), 1, means);
+  EXPECT_EQ(means, (std::array<std::uint8_t, 6>{255, 0, 0, 0, 0, 0}));
+  EXPECT_THROW(averageSquares(rows, 3, means), InternalError);
 }
 
 TEST(PictureTest, RefusesPixelsThatItDoesNotHave) {

@@ -1,13 +1,15 @@
 #include "geometry/Bounds.h"
 
+#include "geometry/Cells.h"
 #include "geometry/Points.h"
+#include <vemo/geometry/CellKind.h>
 
 #include <vtkPoints.h>
 #include <vtkPolyData.h>
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
+#include <cstdint>
 
 namespace vemo {
 
@@ -52,9 +54,27 @@ Box boundsOf(vtkPolyData& geometry) {
 }
 
 Box boundsOfCells(vtkPolyData& geometry) {
-  std::array<double, 6> bounds{};
-  geometry.GetCellsBounds(bounds.data());
-  return toBox(bounds.data());
+  // Most points have several cells: each is looked at once.
+  std::vector<std::uint8_t> isUsed(static_cast<std::size_t>(geometry.GetNumberOfPoints()));
+  for (const CellKindTraits& kind : CELL_KINDS) {
+    withIndices(*kind.get(geometry)->GetConnectivityArray(), [&isUsed](auto indices) {
+      for (const auto index : indices) {
+        isUsed[static_cast<std::size_t>(index)] = 1;
+      }
+    });
+  }
+  Box result;
+  PointReader(*geometry.GetPoints()->GetData()).visit([&](const auto& points) {
+    // A local variable stays in registers.
+    Box bounds;
+    for (vtkIdType i = 0; i < points.size(); ++i) {
+      if (isUsed[static_cast<std::size_t>(i)] != 0) {
+        bounds.add(points[i]);
+      }
+    }
+    result = bounds;
+  });
+  return result;
 }
 
 }  // namespace vemo

@@ -22,8 +22,10 @@ class VEMO_RENDER_EXPORT Picture {
   /// A black picture. Sizes are in pixels, at least 1.
   Picture(int width, int height);
 
-  /// What a render window shows, read back from it. The window has been drawn.
-  static Picture of(vtkRenderWindow& window);
+  /// What a render window shows, read back from it. The window has been drawn,
+  /// larger by a factor of 1 or 2 that divides its width and height: each pixel
+  /// is the mean of a square.
+  static Picture of(vtkRenderWindow& window, int enlargement = 1);
 
   int getWidth() const { return _width; }
   int getHeight() const { return _height; }
@@ -32,10 +34,6 @@ class VEMO_RENDER_EXPORT Picture {
   /// top.
   Pixel at(int column, int row) const;
   void set(int column, int row, const Pixel& pixel);
-
-  /// The picture smaller by a whole factor that divides its width and height:
-  /// each pixel is the mean of a square.
-  Picture shrunk(int factor) const;
 
   const std::vector<std::uint8_t>& getBytes() const { return _bytes; }
 
@@ -51,6 +49,7 @@ class VEMO_RENDER_EXPORT Picture {
 
  private:
   std::size_t offset(int column, int row) const;
+  void readRows(vtkRenderWindow& window, int enlargement, int first, int count);
 
   int _width;
   int _height;

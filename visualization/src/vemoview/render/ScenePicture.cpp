@@ -60,7 +60,7 @@ Picture renderPicture(const lum::SceneNode& scene, const RenderOptions& options)
   renderer.addTo(*window, enlargement > 1 ? 0 : samplesFor(options));
   window->SetSize(options.width * enlargement, options.height * enlargement);
   window->Render();
-  return Picture::of(*window).shrunk(enlargement);
+  return Picture::of(*window, enlargement);
 }
 
 }  // namespace vemo

@@ -5,7 +5,9 @@
 #include <vemo/render/RenderErrors.h>
 
 #include <vtkObjectFactory.h>
+#include <vtkOpenGLFramebufferObject.h>
 #include <vtkOpenGLState.h>
+#include <vtkRect.h>
 #include <vtk_glew.h>
 
 #include <algorithm>
@@ -114,13 +116,64 @@ void EglRenderWindow::OpenGLInitContext() {
 void EglRenderWindow::Start() {
   Initialize();
   _context->makeCurrent();
-  vtkGenericOpenGLRenderWindow::Start();
+  if (!drawsIntoOneBuffer()) {
+    vtkGenericOpenGLRenderWindow::Start();
+    return;
+  }
+  vtkOpenGLState& state = *GetState();
+  state.vtkglEnable(GL_BLEND);
+  state.vtkglBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
+  prepareBuffer();
+  state.PushFramebufferBindings();
+  RenderFramebuffer->Bind();
+  RenderFramebuffer->ActivateDrawBuffer(0);
+}
+
+void EglRenderWindow::prepareBuffer() {
+  constexpr int DEPTH_BITS = 32;
+  vtkOpenGLFramebufferObject& buffer = *RenderFramebuffer;
+  if (LastMultiSamples != 0) {
+    buffer.ReleaseGraphicsResources(this);
+    LastMultiSamples = 0;
+  }
+  if (buffer.GetFBOIndex() != 0) {
+    buffer.Resize(Size[0], Size[1]);
+    return;
+  }
+  vtkOpenGLState& state = *GetState();
+  state.PushFramebufferBindings();
+  buffer.PopulateFramebuffer(Size[0], Size[1], true, 1, VTK_UNSIGNED_CHAR, true, DEPTH_BITS, 0);
+  state.PopFramebufferBindings();
 }
 
 void EglRenderWindow::Render() {
   Initialize();
   _context->makeCurrent();
   vtkGenericOpenGLRenderWindow::Render();
+}
+
+void EglRenderWindow::Frame() {
+  if (!drawsIntoOneBuffer()) {
+    vtkGenericOpenGLRenderWindow::Frame();
+  }
+}
+
+int EglRenderWindow::ReadPixels(const vtkRecti& part, int front, int format, int type, void* pixels,
+                                int right) {
+  if (!drawsIntoOneBuffer()) {
+    return vtkGenericOpenGLRenderWindow::ReadPixels(part, front, format, type, pixels, right);
+  }
+  MakeCurrent();
+  vtkOpenGLState& state = *GetState();
+  state.PushReadFramebufferBinding();
+  RenderFramebuffer->Bind(vtkOpenGLFramebufferObject::GetReadMode());
+  RenderFramebuffer->ActivateReadBuffer(0);
+  glPixelStorei(GL_PACK_ALIGNMENT, 1);
+  glReadPixels(part.GetLeft(), part.GetBottom(), part.GetWidth(), part.GetHeight(),
+               static_cast<GLenum>(format), static_cast<GLenum>(type), pixels);
+  const bool isRead = glGetError() == GL_NO_ERROR;
+  state.PopReadFramebufferBinding();
+  return isRead ? VTK_OK : VTK_ERROR;
 }
 
 void EglRenderWindow::Finalize() {

@@ -27,6 +27,10 @@ class VEMO_RENDER_EXPORT EglContextOwner {
 
 /// A render window that draws off screen, into memory, with its own OpenGL
 /// context, which needs no window system.
+///
+/// Without multisampling it has one frame buffer, which it draws into and which
+/// is read. VTK has three, with seven colours and depths for each pixel: one to
+/// draw into, one to resolve samples, one to present the finished frame from.
 class VEMO_RENDER_EXPORT EglRenderWindow : private EglContextOwner, public vtkGenericOpenGLRenderWindow {
  public:
   static EglRenderWindow* New();
@@ -48,6 +52,7 @@ class VEMO_RENDER_EXPORT EglRenderWindow : private EglContextOwner, public vtkGe
   void Initialize() override;
   void Start() override;
   void Render() override;
+  void Frame() override;
   void Finalize() override;
   void MakeCurrent() override;
   bool IsCurrent() override;
@@ -56,6 +61,12 @@ class VEMO_RENDER_EXPORT EglRenderWindow : private EglContextOwner, public vtkGe
  protected:
   EglRenderWindow();
   ~EglRenderWindow() override;
+
+  int ReadPixels(const vtkRecti& part, int front, int format, int type, void* pixels, int right) override;
+
+ private:
+  bool drawsIntoOneBuffer() const { return MultiSamples == 0; }
+  void prepareBuffer();
 };
 
 }  // namespace vemo

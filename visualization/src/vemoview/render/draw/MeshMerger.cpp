@@ -11,6 +11,8 @@
 #include <vtkPoints.h>
 #include <vtkUnsignedCharArray.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <map>
 
@@ -22,6 +24,12 @@ constexpr const char* COLORS = "Colors";
 constexpr int CHANNELS = 4;
 
 using Members = std::vector<const MeshInstance*>;
+
+/// Red, green, blue, alpha.
+std::array<unsigned char, CHANNELS> toBytes(const Vector3& color) {
+  const auto toByte = [](double value) { return static_cast<unsigned char>(std::lround(value * 255.0)); };
+  return {toByte(color[0]), toByte(color[1]), toByte(color[2]), 255};
+}
 
 /// A run of tuples of an array.
 struct Run {
@@ -131,38 +139,44 @@ class Merger {
     }
   }
 
-  /// The bytes of one mesh's colours: red, green, blue, alpha.
-  vtkSmartPointer<vtkUnsignedCharArray> colorsOf(const MeshInstance& mesh) const {
-    if (hasCellScalars(mesh)) {
-      vtkLookupTable& table = *_tables.get(mesh.scalars->table);
-      return vtk::TakeSmartPointer(table.MapScalars(scalarsOf(mesh), VTK_COLOR_MODE_MAP_SCALARS, -1));
-    }
-    auto colors = vtkSmartPointer<vtkUnsignedCharArray>::New();
-    colors->SetNumberOfComponents(CHANNELS);
-    colors->SetNumberOfTuples(mesh.geometry->GetNumberOfPoints());
-    for (int channel = 0; channel < CHANNELS; ++channel) {
-      const double value = channel < 3 ? mesh.color[static_cast<std::size_t>(channel)] : 1.0;
-      colors->FillTypedComponent(channel, static_cast<unsigned char>(std::lround(value * 255.0)));
-    }
-    return colors;
-  }
-
   void mergeColors(RenderMesh& result) const {
     if (hasPointScalars(first())) {
       setScalars(result, ScalarLocation::POINTS, mergePointArrays(scalarsOf),
                  _tables.get(first().scalars->table));
-      return;
+    } else if (hasCellScalars(first())) {
+      setScalars(result, ScalarLocation::CELLS, mergeCellColors(), nullptr);
+    } else {
+      setScalars(result, ScalarLocation::POINTS, mergeMeshColors(), nullptr);
     }
+  }
+
+  vtkSmartPointer<vtkDataArray> mergeCellColors() const {
     std::map<const MeshInstance*, vtkSmartPointer<vtkUnsignedCharArray>> colors;
     for (const MeshInstance* const member : _members) {
-      colors[member] = colorsOf(*member);
+      vtkLookupTable& table = *_tables.get(member->scalars->table);
+      colors[member] =
+          vtk::TakeSmartPointer(table.MapScalars(scalarsOf(*member), VTK_COLOR_MODE_MAP_SCALARS, -1));
     }
-    const auto getColors = [&colors](const MeshInstance& mesh) { return colors.at(&mesh).Get(); };
-    if (hasCellScalars(first())) {
-      setScalars(result, ScalarLocation::CELLS, mergeCellArrays(getColors), nullptr);
-    } else {
-      setScalars(result, ScalarLocation::POINTS, mergePointArrays(getColors), nullptr);
+    return mergeCellArrays([&colors](const MeshInstance& mesh) { return colors.at(&mesh).Get(); });
+  }
+
+  /// The colour of each mesh, at each of its points.
+  vtkSmartPointer<vtkDataArray> mergeMeshColors() const {
+    vtkIdType points = 0;
+    for (const MeshInstance* const member : _members) {
+      points += member->geometry->GetNumberOfPoints();
     }
+    auto colors = vtkSmartPointer<vtkUnsignedCharArray>::New();
+    colors->SetNumberOfComponents(CHANNELS);
+    colors->SetNumberOfTuples(points);
+    unsigned char* to = colors->GetPointer(0);
+    for (const MeshInstance* const member : _members) {
+      const auto color = toBytes(member->color);
+      for (vtkIdType point = 0; point < member->geometry->GetNumberOfPoints(); ++point) {
+        to = std::ranges::copy(color, to).out;
+      }
+    }
+    return colors;
   }
 
   static void setScalars(RenderMesh& result, ScalarLocation location, vtkDataArray* scalars,

@@ -6,6 +6,7 @@
 #include "vemoview/render/vtk/ClippedInput.h"
 #include "vemoview/render/vtk/Matrix.h"
 #include "vemoview/render/vtk/MeshActor.h"
+#include "vemoview/render/vtk/MeshMapper.h"
 #include "vemoview/render/vtk/PropGroup.h"
 #include "vemoview/render/vtk/Screen.h"
 #include <vemo/base/Vector.h>
@@ -69,7 +70,7 @@ void applyProperties(const RenderMesh& mesh, vtkProperty& property) {
 
 vtkSmartPointer<vtkPolyDataMapper> makeMapper(const RenderMesh& mesh, vtkPlaneCollection& planes,
                                               const InstanceTransform* transform) {
-  auto mapper = vtkSmartPointer<vtkPolyDataMapper>::New();
+  vtkSmartPointer<vtkPolyDataMapper> mapper = vtkSmartPointer<MeshMapper>::New();
   if (mesh.appearance.isClipped) {
     setClippedInput(*mapper, *mesh.geometry, planes, transform);
   } else {

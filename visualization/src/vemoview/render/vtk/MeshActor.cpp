@@ -1,6 +1,8 @@
 #include "vemoview/render/vtk/MeshActor.h"
 
 #include <vtkObjectFactory.h>
+#include <vtkOpenGLRenderer.h>
+#include <vtkOpenGLState.h>
 #include <vtk_glew.h>
 
 namespace vemo {
@@ -8,6 +10,12 @@ namespace vemo {
 vtkStandardNewMacro(MeshActor);
 
 void MeshActor::Render(vtkRenderer* renderer, vtkMapper* mapper) {
+  vtkOpenGLState& state = *static_cast<vtkOpenGLRenderer&>(*renderer).GetState();
+  const vtkOpenGLState::ScopedglEnableDisable blending(&state, GL_BLEND);
+  if (IsRenderingTranslucentPolygonalGeometry() == 0) {
+    // Opaque colours replace what is behind them, without reading it.
+    state.vtkglDisable(GL_BLEND);
+  }
   glFrontFace(_isMirrored ? GL_CW : GL_CCW);
   if (_stepBack > 0.0F) {
     glEnable(GL_POLYGON_OFFSET_FILL);

@@ -199,8 +199,12 @@ class MeshBuilder {
       return pointsAsVertices(*_geometry);
     }
     const auto* const cells = std::ranges::find(MESH_KINDS, kind, &MeshKind::kind);
-    const auto drawable = drawableCells(*_geometry, cells->cells);
-    return kind == Appearance::Kind::SURFACE ? drawable : withoutNormals(*drawable);
+    // Not const: each release of a poly data has VTK look for circles of references.
+    auto drawable = drawableCells(*_geometry, cells->cells);
+    if (kind != Appearance::Kind::SURFACE) {
+      drawable = withoutNormals(*drawable);
+    }
+    return drawable;
   }
 
   /// Lines and points are not lit as the faces that share their points.
