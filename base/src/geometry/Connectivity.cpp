@@ -1,5 +1,6 @@
 #include "geometry/Connectivity.h"
 
+#include "geometry/NewArray.h"
 #include <vemo/base/InternalError.h>
 
 #include <vtkCellArray.h>
@@ -111,7 +112,7 @@ ImportedCells importCells(EntryBlock block, std::int32_t size, CellKind kind, vt
   result.listed = countCells(list);
 
   vtkNew<vtkTypeInt32Array> offsets;
-  offsets->SetNumberOfValues(vtkIdType{result.listed} + 1);
+  allocateTuples(*offsets, vtkIdType{result.listed} + 1);
   Compaction compaction =
       compact(list, static_cast<std::size_t>(traitsOf(kind).leastPoints), pointCount,
               {offsets->GetPointer(0), static_cast<std::size_t>(offsets->GetNumberOfValues())});

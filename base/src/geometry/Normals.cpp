@@ -1,6 +1,7 @@
 #include "geometry/Normals.h"
 
 #include "geometry/Cells.h"
+#include "geometry/NewArray.h"
 #include "geometry/Points.h"
 #include "geometry/TriangleNormals.h"
 
@@ -174,7 +175,7 @@ vtkSmartPointer<vtkFloatArray> newNormals(vtkIdType count) {
   auto normals = vtkSmartPointer<vtkFloatArray>::New();
   normals->SetName(NORMALS);
   normals->SetNumberOfComponents(3);
-  normals->SetNumberOfTuples(count);
+  allocateTuples(*normals, count);
   normals->FillValue(0.0F);
   return normals;
 }
