@@ -38,6 +38,17 @@ void forEachCell(vtkCellArray& cells, Action&& action) {
   });
 }
 
+/// Calls the action with the three corners of each triangle of a strip. Every
+/// second triangle runs against the strip, so that all face one way; which of
+/// its points comes first is as in vtkTriangleStrip::DecomposeStrip.
+template <class Index, class Action>
+void forEachTriangle(std::span<const Index> strip, const Action& action) {
+  for (std::size_t i = 0; i + 2 < strip.size(); ++i) {
+    const std::size_t odd = i % 2;
+    action(strip[i + odd], strip[i + 1 - odd], strip[i + 2]);
+  }
+}
+
 /// Offsets or point indices, of 32 or 64 bits.
 class IndexReader {
  public:
