@@ -1,5 +1,5 @@
 #include "geometry/CellValidator.h"
-#include "geometry/IndexRange.h"
+#include "geometry/kernels/IndexRange.h"
 #include "support/Meshes.h"
 
 #include <vtkCellArray.h>

@@ -1,7 +1,7 @@
 #include "geometry/CellValidator.h"
 
 #include "geometry/Cells.h"
-#include "geometry/IndexRange.h"
+#include "geometry/kernels/IndexRange.h"
 
 #include <vtkCellArray.h>
 #include <vtkDataArray.h>

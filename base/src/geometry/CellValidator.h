@@ -1,6 +1,6 @@
 #pragma once
 
-#include "geometry/IndexRange.h"
+#include "geometry/kernels/IndexRange.h"
 #include <vemo/geometry/Export.h>
 
 #include <cstdint>

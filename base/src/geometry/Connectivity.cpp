@@ -1,7 +1,7 @@
 #include "geometry/Connectivity.h"
 
 #include "geometry/NewArray.h"
-#include "geometry/TriangleList.h"
+#include "geometry/kernels/TriangleList.h"
 #include <vemo/base/InternalError.h>
 
 #include <vtkCellArray.h>

@@ -3,8 +3,8 @@
 #include "geometry/Cells.h"
 #include "geometry/NewArray.h"
 #include "geometry/Points.h"
-#include "geometry/TriangleNormals.h"
 #include "geometry/Winding.h"
+#include "geometry/kernels/TriangleNormals.h"
 
 #include <vtkCellArray.h>
 #include <vtkFloatArray.h>

@@ -1,4 +1,4 @@
-#include "geometry/IndexRange.h"
+#include "geometry/kernels/IndexRange.h"
 
 #include <array>
 #include <cstddef>

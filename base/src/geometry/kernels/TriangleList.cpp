@@ -1,4 +1,4 @@
-#include "geometry/TriangleList.h"
+#include "geometry/kernels/TriangleList.h"
 
 #include <algorithm>
 #ifdef __SSE2__

@@ -1,4 +1,4 @@
-#include "geometry/TriangleNormals.h"
+#include "geometry/kernels/TriangleNormals.h"
 
 #include <vemo/base/Vector.h>
 
