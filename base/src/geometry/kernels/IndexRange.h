@@ -13,7 +13,7 @@ struct IndexRange {
   std::int64_t greatest;
 };
 
-/// As std::ranges::minmax of 32-bit indices, of which there are some; in a fifth of
+/// As std::ranges::minmax of 32-bit indices, of which there is at least one; in half of
 /// its time.
 VEMO_GEOMETRY_EXPORT IndexRange rangeOf(std::span<const std::int32_t> indices);
 

@@ -15,7 +15,7 @@ struct ValueRange {
   double greatest = -std::numeric_limits<double>::infinity();
 };
 
-/// As vtkDataArray::GetFiniteRange has it of each component, in one pass; in a third of
+/// As vtkDataArray::GetFiniteRange has it of each component, in one pass; in a fraction of
 /// its time for floats of one or three components.
 VEMO_SCENEGRAPH_EXPORT std::vector<ValueRange> finiteRanges(vtkDataArray& array);
 
