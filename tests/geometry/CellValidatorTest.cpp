@@ -1,11 +1,14 @@
 #include "geometry/CellValidator.h"
+#include "geometry/kernels/IndexRange.h"
 #include "support/Meshes.h"
 
 #include <vtkCellArray.h>
 #include <vtkTypeInt32Array.h>
 #include <vtkTypeInt64Array.h>
 
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <limits>
 #include <numeric>
 
 namespace vemo {
@@ -46,6 +49,22 @@ TEST(CellValidatorTest, SaysWhatIsWrong) {
                               cellsOf<vtkTypeInt64Array>(c.offsets, c.connectivity)}) {
       EXPECT_EQ(CellValidator().findFault(*cells, STRICT), c.strictFault);
       EXPECT_EQ(CellValidator().findFault(*cells, LENIENT), c.lenientFault);
+    }
+  }
+}
+
+TEST(IndexRangeTest, IsThatOfThePlainLoopWhereverTheExtremesAre) {
+  for (std::size_t length = 1; length <= 40; ++length) {
+    for (std::size_t lowest = 0; lowest < length; ++lowest) {
+      for (const std::size_t highest : {std::size_t{0}, length / 2, length - 1}) {
+        std::vector<std::int32_t> indices(length, 5);
+        indices[highest] = std::numeric_limits<std::int32_t>::max();
+        indices[lowest] = std::numeric_limits<std::int32_t>::min();
+        const auto [least, greatest] = std::ranges::minmax(indices);
+        const IndexRange range = rangeOf(std::span<const std::int32_t>(indices));
+        ASSERT_EQ(range.least, least) << length << ' ' << lowest;
+        ASSERT_EQ(range.greatest, greatest) << length << ' ' << highest;
+      }
     }
   }
 }

@@ -82,19 +82,23 @@ Values valuesOf(vtkDataArray* array) {
   return {floats->GetPointer(0), floats->GetPointer(0) + floats->GetNumberOfValues()};
 }
 
-/// What VTK's own filter says.
+/// What VTK's own filter says: points have normals as if all faces were wound
+/// alike, cells have those of their own winding.
 FilterNormals filterNormals(vtkPolyData* mesh) {
-  vtkNew<vtkPolyDataNormals> filter;
-  filter->SetInputData(mesh);
-  filter->SplittingOff();
-  filter->ConsistencyOff();
-  filter->AutoOrientNormalsOff();
-  filter->FlipNormalsOff();
-  filter->ComputePointNormalsOn();
-  filter->ComputeCellNormalsOn();
-  filter->Update();
-  return {valuesOf(filter->GetOutput()->GetPointData()->GetNormals()),
-          valuesOf(filter->GetOutput()->GetCellData()->GetNormals())};
+  const auto run = [mesh](bool areOfPoints) {
+    vtkNew<vtkPolyDataNormals> filter;
+    filter->SetInputData(mesh);
+    filter->SplittingOff();
+    filter->SetConsistency(areOfPoints);
+    filter->AutoOrientNormalsOff();
+    filter->FlipNormalsOff();
+    filter->SetComputePointNormals(areOfPoints);
+    filter->SetComputeCellNormals(!areOfPoints);
+    filter->Update();
+    vtkPolyData& output = *filter->GetOutput();
+    return valuesOf(areOfPoints ? output.GetPointData()->GetNormals() : output.GetCellData()->GetNormals());
+  };
+  return {run(true), run(false)};
 }
 
 auto areTheFilters(const Values& normals) {
@@ -189,6 +193,103 @@ TEST(NormalsTest, OfNeighboursSurviveCoordinatesThatAreNotFinite) {
     EXPECT_THAT(valuesOf(cellNormals(*strips)), ElementsAre(0, 0, 1, 0, 0, 0));
     EXPECT_EQ(pointNormals(*strips)->GetTypedComponent(2, 2), 1.0F);
   }
+}
+
+/// The faces of a sphere of triangles or quads, its poles among them, all wound alike.
+Cells::List facesOfSphere(vtkIdType rows, vtkIdType columns, bool areQuads) {
+  Cells::List faces;
+  for (vtkIdType row = 0; row + 1 < rows; ++row) {
+    for (vtkIdType column = 0; column < columns; ++column) {
+      const vtkIdType next = (column + 1) % columns;
+      const Cells::List::value_type quad = {row * columns + column, row * columns + next,
+                                            (row + 1) * columns + next, (row + 1) * columns + column};
+      if (areQuads) {
+        faces.push_back(quad);
+      } else {
+        faces.push_back({quad[0], quad[1], quad[2]});
+        faces.push_back({quad[0], quad[2], quad[3]});
+      }
+    }
+  }
+  return faces;
+}
+
+Points pointsOfSphere(vtkIdType rows, vtkIdType columns) {
+  Points points;
+  for (vtkIdType row = 0; row < rows; ++row) {
+    for (vtkIdType column = 0; column < columns; ++column) {
+      const double latitude = (static_cast<double>(row) + 0.5) / static_cast<double>(rows) * M_PI;
+      const double longitude = static_cast<double>(column) / static_cast<double>(columns) * 2 * M_PI;
+      points.push_back({static_cast<float>(std::sin(latitude) * std::cos(longitude)),
+                        static_cast<float>(std::sin(latitude) * std::sin(longitude)),
+                        static_cast<float>(std::cos(latitude))});
+    }
+  }
+  return points;
+}
+
+/// Whether each normal points the same way, out of the sphere or into it, as that of
+/// the first point.
+bool isShadedAlike(const Points& points, const Values& normals) {
+  const auto outwards = [&](std::size_t i) {
+    return points[i][0] * normals[3 * i] + points[i][1] * normals[3 * i + 1] +
+           points[i][2] * normals[3 * i + 2];
+  };
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    if (outwards(i) * outwards(0) < 0.9F) {
+      return false;
+    }
+  }
+  return true;
+}
+
+TEST(NormalsTest, OfASphereOfMixedWindingAreThoseOfTheFilter) {
+  constexpr vtkIdType ROWS = 12;
+  constexpr vtkIdType COLUMNS = 24;
+  const Points points = pointsOfSphere(ROWS, COLUMNS);
+  for (const bool areQuads : {false, true}) {
+    const Cells::List faces = facesOfSphere(ROWS, COLUMNS, areQuads);
+    const auto normalsIf = [&](const auto& isReversed) {
+      Cells::List mixed = faces;
+      for (std::size_t i = 0; i < mixed.size(); ++i) {
+        if (isReversed(i)) {
+          std::reverse(mixed[i].begin(), mixed[i].end());
+        }
+      }
+      const auto mesh = meshOf(points, {.polys = mixed});
+      const Values normals = valuesOf(pointNormals(*mesh));
+      EXPECT_THAT(normals, areTheFilters(filterNormals(mesh).points));
+      EXPECT_TRUE(isShadedAlike(points, normals));
+    };
+    normalsIf([](std::size_t) { return false; });
+    normalsIf([](std::size_t i) { return i == 100; });
+    normalsIf([](std::size_t i) { return i % 2 == 1; });
+    normalsIf([](std::size_t i) { return i < 200; });
+    normalsIf([](std::size_t i) { return i % 7 < 3; });
+  }
+}
+
+/// Of boxes and folds too, where no face points away from its points' normals.
+TEST(NormalsTest, OfSharpEdgesOfMixedWindingAreThoseOfTheFilter) {
+  const Points points = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0},
+                         {0, 0, 1}, {1, 0, 1}, {1, 1, 1}, {0, 1, 1}};
+  const Cells::List box = {{0, 3, 2, 1}, {4, 5, 6, 7}, {0, 1, 5, 4},
+                           {1, 2, 6, 5}, {2, 3, 7, 6}, {3, 0, 4, 7}};
+  const auto expectFilters = [&](const Cells& cells) {
+    const auto mesh = meshOf(points, cells);
+    EXPECT_THAT(valuesOf(pointNormals(*mesh)), areTheFilters(filterNormals(mesh).points));
+  };
+  for (std::size_t reversed = 0; reversed < box.size(); ++reversed) {
+    Cells::List mixed = box;
+    std::reverse(mixed[reversed].begin(), mixed[reversed].end());
+    expectFilters({.polys = mixed});
+  }
+  // Two faces at a right angle, and flat ones of which one is a strip.
+  expectFilters({.polys = {box[0], {0, 4, 5, 1}}});
+  expectFilters({.polys = {box[0], {0, 1, 5, 4}}});
+  expectFilters({.polys = {{0, 1, 2}}, .strips = {{2, 3, 0}}});
+  expectFilters({.polys = {{0, 1, 2}}, .strips = {{3, 2, 0}}});
+  expectFilters({.strips = {{0, 1, 3, 2}, {1, 5, 2, 6}, {5, 1, 4, 0}}});
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include <vtkPoints.h>
 #include <vtkPolyData.h>
 
+#include <cmath>
 #include <gmock/gmock.h>
 #include <string>
 #include <vector>
@@ -135,6 +136,19 @@ TEST_F(SharedEntriesTest, ReportsWhatIsWrongForEachItem) {
                                      "array-left-out " + array});
   }
   EXPECT_EQ(findings(), expected);
+}
+
+TEST_F(SharedEntriesTest, ReportsPointsWithoutPositionForEachItem) {
+  _archive.floats("nan", {NAN, 0, 0, 2, 4, 6});
+  convertAll({geometry("name='1' points='nan'"), geometry("name='2'"), geometry("name='3' points='nan'")});
+  std::vector<std::string> items;
+  for (const Finding& finding : _reader->getFindings()) {
+    if (finding.code == FindingCode::POINTS_WITHOUT_POSITION) {
+      items.push_back(finding.itemPath + ": " + finding.text);
+    }
+  }
+  const std::string text = ": 1 of 2 points have no finite coordinates and are not drawn";
+  EXPECT_THAT(items, ElementsAre("scene/1" + text, "scene/3" + text));
 }
 
 TEST_F(SharedEntriesTest, CountsWhatIsSharedOnce) {

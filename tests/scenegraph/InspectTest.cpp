@@ -1,5 +1,6 @@
 // What programs and people are shown of graphs: JSON, texts.
 
+#include "scenegraph/inspect/ArrayRange.h"
 #include "support/Expected.h"
 #include "support/GraphText.h"
 #include "support/Meshes.h"
@@ -14,6 +15,7 @@
 #include <vtkTypeInt64Array.h>
 #include <vtkUnsignedCharArray.h>
 
+#include <array>
 #include <cmath>
 #include <gmock/gmock.h>
 #include <limits>
@@ -129,6 +131,48 @@ TEST(FieldTextTest, ShortensLongListsAndLeavesOutWhatIsNotSet) {
               testing::EndsWith("projectionMode perspective"));
   EXPECT_THAT(describeFields(*make<lum::TextAttributes>()),
               HasSubstr("fontFamilyName \"Arial\", fontStyle 0, foregroundColor #000000ff"));
+}
+
+TEST(ArrayRangeTest, IsThatOfVtkForEachComponent) {
+  constexpr float INF = std::numeric_limits<float>::infinity();
+  constexpr float MAX = std::numeric_limits<float>::max();
+  std::vector<float> many(100, 2.0F);
+  many[7] = -5;
+  many[97] = 9;
+  std::vector<float> zeros(25, 0.0F);
+  zeros[0] = zeros[14] = -0.0F;
+  std::vector<float> infinite = many;
+  infinite[50] = INF;
+  infinite[51] = NAN;
+  const std::vector<std::vector<float>> cases = {
+      {},
+      many,
+      zeros,
+      infinite,
+      {1, -2, 3, 4, 5, -6},
+      {NAN, INF, -INF, NAN, 7, INF, -3, 2, -INF, NAN, 8, 1},
+      {MAX, -MAX, MAX, MAX, -MAX, MAX},
+      {-INF, NAN, INF, -INF, NAN, INF},
+  };
+  for (const auto& values : cases) {
+    for (const int components : {1, 2, 3}) {
+      const auto array = makeArray("a", values, components);
+      const auto ranges = lum::finiteRanges(*array);
+      ASSERT_EQ(ranges.size(), static_cast<std::size_t>(components));
+      for (int component = 0; component < components; ++component) {
+        std::array<double, 2> expected{};
+        array->GetFiniteRange(expected.data(), component);
+        const auto [least, greatest] = ranges[static_cast<std::size_t>(component)];
+        EXPECT_EQ(least <= greatest, expected[0] <= expected[1]) << values.size() << ' ' << component;
+        if (least <= greatest) {
+          EXPECT_EQ(least, expected[0]);
+          EXPECT_EQ(greatest, expected[1]);
+          EXPECT_EQ(std::signbit(least), std::signbit(expected[0]));
+          EXPECT_EQ(std::signbit(greatest), std::signbit(expected[1]));
+        }
+      }
+    }
+  }
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "geometry/CellValidator.h"
 
 #include "geometry/Cells.h"
+#include "geometry/kernels/IndexRange.h"
 
 #include <vtkCellArray.h>
 #include <vtkDataArray.h>
@@ -42,7 +43,8 @@ std::string CellValidator::findFault(vtkCellArray& cells, const CellRules& rules
     return {};
   }
   const auto find = [&offsets](vtkDataArray& array) { return findRange(array, offsets.last); };
-  const Range range = offsets.last == listed ? remember(_ranges, connectivity, find) : find(connectivity);
+  const IndexRange range =
+      offsets.last == listed ? remember(_ranges, connectivity, find) : find(connectivity);
   if (range.least < 0 || range.greatest >= rules.pointCount) {
     return fmt::format("cells use points {} to {} of {}", range.least, range.greatest, rules.pointCount);
   }
@@ -67,11 +69,9 @@ CellValidator::Offsets CellValidator::summarize(vtkDataArray& offsets) {
   });
 }
 
-CellValidator::Range CellValidator::findRange(vtkDataArray& connectivity, std::int64_t count) {
-  return withIndices(connectivity, [count](auto values) {
-    const auto [least, greatest] = std::ranges::minmax(values.first(static_cast<std::size_t>(count)));
-    return Range{least, greatest};
-  });
+IndexRange CellValidator::findRange(vtkDataArray& connectivity, std::int64_t count) {
+  return withIndices(connectivity,
+                     [count](auto values) { return rangeOf(values.first(static_cast<std::size_t>(count))); });
 }
 
 }  // namespace vemo

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "geometry/kernels/IndexRange.h"
 #include <vemo/geometry/Export.h>
 
 #include <cstdint>
@@ -38,17 +39,13 @@ class VEMO_GEOMETRY_EXPORT CellValidator {
     std::int64_t last;
     std::int64_t shortestCell;
   };
-  struct Range {
-    std::int64_t least;
-    std::int64_t greatest;
-  };
 
   static Offsets summarize(vtkDataArray& offsets);
-  static Range findRange(vtkDataArray& connectivity, std::int64_t count);
+  static IndexRange findRange(vtkDataArray& connectivity, std::int64_t count);
 
   std::unordered_map<vtkDataArray*, Offsets> _offsets;
   /// Of connectivity arrays without unused indices.
-  std::unordered_map<vtkDataArray*, Range> _ranges;
+  std::unordered_map<vtkDataArray*, IndexRange> _ranges;
 };
 
 }  // namespace vemo

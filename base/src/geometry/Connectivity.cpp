@@ -1,5 +1,7 @@
 #include "geometry/Connectivity.h"
 
+#include "geometry/NewArray.h"
+#include "geometry/kernels/TriangleList.h"
 #include <vemo/base/InternalError.h>
 
 #include <vtkCellArray.h>
@@ -14,6 +16,9 @@
 namespace vemo {
 namespace {
 
+/// The number of points of which a 32-bit index can name each.
+constexpr vtkIdType ALL_INDICES = vtkIdType{1} << 31U;
+
 /// The result of a pass over a list.
 struct Compaction {
   std::size_t kept = 0;     ///< indices of the kept cells, at the list's front
@@ -22,44 +27,19 @@ struct Compaction {
   std::optional<std::int32_t> indexOutside;
 };
 
-/// Whether a triangle, and one whose points are all there, begins at `i`.
-bool isTriangle(std::span<const std::int32_t> list, std::size_t i, std::uint32_t pointCount) {
-  const auto isPoint = [&](std::size_t at) { return static_cast<std::uint32_t>(list[at]) < pointCount; };
-  return list[i] == 3 && isPoint(i + 1) && isPoint(i + 2) && isPoint(i + 3);
-}
-
-/// As `compact` below, for the triangles that a list begins with: most lists
-/// have nothing else, and whether all is well with one is a single branch.
-void compactTriangles(std::span<std::int32_t> list, std::uint32_t pointCount, std::span<std::int32_t> offsets,
-                      Compaction& result) {
-  std::size_t cells = 0;
-  std::size_t kept = 0;
-  for (std::size_t i = 0; i < list.size() && isTriangle(list, i, pointCount); i += 4) {
-    list[kept] = list[i + 1];
-    list[kept + 1] = list[i + 2];
-    list[kept + 2] = list[i + 3];
-    kept += 3;
-    offsets[++cells] = static_cast<std::int32_t>(kept);
-  }
-  result.kept = kept;
-  result.offsets = cells + 1;
-}
-
 /// Moves the indices of the cells to the front of the list, and checks them.
 /// In place, since each cell's count is read and not written: the place written
 /// to never overtakes the place read from.
 /// @param list one that `countCells` has accepted
+/// @param triangles those that the list begins with, which are done already
 /// @param offsets room for one more than the cells
-Compaction compact(std::span<std::int32_t> list, std::size_t leastPoints, vtkIdType pointCount,
-                   std::span<std::int32_t> offsets) {
+Compaction compact(std::span<std::int32_t> list, std::size_t triangles, std::size_t leastPoints,
+                   vtkIdType pointCount, std::span<std::int32_t> offsets) {
   Compaction result;
-  offsets[0] = 0;
-  if (leastPoints <= 3) {
-    constexpr vtkIdType ALL_INDICES = vtkIdType{1} << 31U;
-    compactTriangles(list, static_cast<std::uint32_t>(std::min(pointCount, ALL_INDICES)), offsets, result);
-  }
-  auto cell = static_cast<std::int32_t>(result.offsets - 1);
-  for (std::size_t i = result.kept + result.offsets - 1; i < list.size(); ++cell) {
+  result.kept = 3 * triangles;
+  result.offsets = triangles + 1;
+  auto cell = static_cast<std::int32_t>(triangles);
+  for (std::size_t i = 4 * triangles; i < list.size(); ++cell) {
     const auto size = static_cast<std::size_t>(list[i++]);
     const auto indices = list.subspan(i, size);
     i += size;
@@ -77,6 +57,26 @@ Compaction compact(std::span<std::int32_t> list, std::size_t leastPoints, vtkIdT
     offsets[result.offsets++] = static_cast<std::int32_t>(result.kept);
   }
   return result;
+}
+
+std::span<std::int32_t> valuesOf(vtkTypeInt32Array& array) {
+  return {array.GetPointer(0), static_cast<std::size_t>(array.GetNumberOfValues())};
+}
+
+/// The first offset of cells, and room for the others.
+vtkSmartPointer<vtkTypeInt32Array> newOffsets(std::size_t cells) {
+  auto offsets = vtkSmartPointer<vtkTypeInt32Array>::New();
+  allocateTuples(*offsets, static_cast<vtkIdType>(cells) + 1);
+  offsets->SetValue(0, 0);
+  return offsets;
+}
+
+/// Offsets of which some are known, and room for more.
+vtkSmartPointer<vtkTypeInt32Array> newOffsets(vtkTypeInt32Array& known, std::size_t knownCells,
+                                              std::size_t moreCells) {
+  auto offsets = newOffsets(knownCells + moreCells);
+  std::ranges::copy(valuesOf(known).first(knownCells + 1), offsets->GetPointer(0));
+  return offsets;
 }
 
 }  // namespace
@@ -105,16 +105,21 @@ int countCells(std::span<const std::int32_t> list) {
 ImportedCells importCells(EntryBlock block, std::int32_t size, CellKind kind, vtkIdType pointCount) {
   VEMO_REQUIRE(size >= 0, "a list cannot have fewer than no integers");
   const std::span list(reinterpret_cast<std::int32_t*>(block.get()), static_cast<std::size_t>(size));
-  ImportedCells result;
+  // Most lists have nothing but triangles: their number follows from the size.
+  const bool mayBeTriangles = !list.empty() && list.front() == 3;
+  auto offsets = newOffsets(mayBeTriangles ? list.size() / 4 : 0);
+  const std::size_t triangles = compactTriangles(
+      list, static_cast<std::uint32_t>(std::min(pointCount, ALL_INDICES)), valuesOf(*offsets).subspan(1));
   // Counted in a separate pass: the offsets get their exact size, and a list
   // with several faults always shows the same one.
-  result.listed = countCells(list);
-
-  vtkNew<vtkTypeInt32Array> offsets;
-  offsets->SetNumberOfValues(vtkIdType{result.listed} + 1);
-  Compaction compaction =
-      compact(list, static_cast<std::size_t>(traitsOf(kind).leastPoints), pointCount,
-              {offsets->GetPointer(0), static_cast<std::size_t>(offsets->GetNumberOfValues())});
+  const auto others = static_cast<std::size_t>(countCells(list.subspan(4 * triangles)));
+  if (others > 0) {
+    offsets = newOffsets(*offsets, triangles, others);
+  }
+  ImportedCells result;
+  result.listed = static_cast<int>(triangles + others);
+  Compaction compaction = compact(list, triangles, static_cast<std::size_t>(traitsOf(kind).leastPoints),
+                                  pointCount, valuesOf(*offsets));
   result.dropped = std::move(compaction.dropped);
   result.indexOutside = compaction.indexOutside;
   if (result.indexOutside) {

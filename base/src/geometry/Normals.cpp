@@ -1,8 +1,10 @@
 #include "geometry/Normals.h"
 
 #include "geometry/Cells.h"
+#include "geometry/NewArray.h"
 #include "geometry/Points.h"
-#include "geometry/TriangleNormals.h"
+#include "geometry/Winding.h"
+#include "geometry/kernels/TriangleNormals.h"
 
 #include <vtkCellArray.h>
 #include <vtkFloatArray.h>
@@ -14,6 +16,7 @@
 #include <initializer_list>
 #include <span>
 #include <type_traits>
+#include <vector>
 
 // Sums run in the order and the precision of vtkPolyDataNormals (9.1), found by
 // comparison: normals of cells in double, rounded to float; summed at points in
@@ -73,25 +76,27 @@ Vector3 polygonProduct(const Points& points, std::span<const Index> cell) {
 }
 
 template <class Index>
-void addAt(Index point, const Normal& normal, std::span<float> sums) {
-  float* const sum = sums.data() + 3 * static_cast<std::size_t>(point);
+void addAt(Index point, const Normal& normal, const NormalSums& sums) {
+  float* const sum = sums.vectors.data() + 3 * static_cast<std::size_t>(point);
   for (std::size_t axis = 0; axis < 3; ++axis) {
     sum[axis] += normal[axis];
   }
+  ++sums.counts[static_cast<std::size_t>(point)];
 }
 
 /// The points of each polygon if all are triangles, of 32-bit storage, as most
 /// are; if not, nothing.
 std::span<const std::int32_t> cornersOfTriangles(vtkCellArray& polys) {
-  if (polys.IsStorage64Bit() || polys.IsHomogeneous() != 3) {
+  // No polygon has fewer points than three, so none has more either.
+  const vtkIdType count = polys.GetNumberOfConnectivityIds();
+  if (polys.IsStorage64Bit() || count != 3 * polys.GetNumberOfCells()) {
     return {};
   }
-  return {polys.GetConnectivityArray32()->GetPointer(0),
-          3 * static_cast<std::size_t>(polys.GetNumberOfCells())};
+  return {polys.GetConnectivityArray32()->GetPointer(0), static_cast<std::size_t>(count)};
 }
 
 template <class Points>
-void sumOfPolygons(vtkCellArray& polys, const Points& points, std::span<float> sums) {
+void sumOfPolygons(vtkCellArray& polys, const Points& points, const NormalSums& sums) {
   forEachCell(polys, [&](auto cell) {
     const Normal normal = unit(polygonProduct(points, cell));
     for (const auto point : cell) {
@@ -101,7 +106,7 @@ void sumOfPolygons(vtkCellArray& polys, const Points& points, std::span<float> s
 }
 
 template <class Points>
-void sumAtPoints(vtkPolyData& mesh, const Points& points, std::span<float> sums) {
+void sumAtPoints(vtkPolyData& mesh, const Points& points, const NormalSums& sums) {
   if constexpr (std::is_same_v<Points, PointSpan<float>>) {
     const auto corners = cornersOfTriangles(*mesh.GetPolys());
     addTriangleNormals(points.values(), corners, sums);
@@ -121,9 +126,28 @@ void sumAtPoints(vtkPolyData& mesh, const Points& points, std::span<float> sums)
   });
 }
 
-void normalize(std::span<float> vectors) {
-  for (std::size_t i = 0; i < vectors.size(); i += 3) {
-    float* const vector = &vectors[i];
+template <class Points>
+void sumAtPoints(const FaceList& faces, const Points& points, const NormalSums& sums) {
+  for (std::size_t i = 0; i < faces.size(); ++i) {
+    const auto face = faces[i];
+    const Normal normal = unit(polygonProduct(points, face));
+    for (const vtkIdType point : face) {
+      addAt(point, normal, sums);
+    }
+  }
+}
+
+/// A sum of unit vectors that point the same way is as long as they are many, and
+/// shorter by two for each that points the other way. Sums are shorter by more than
+/// this where faces are not wound alike, and at edges of a right angle or sharper.
+constexpr double LEAST_LOSS = 0.5;
+
+/// Makes unit vectors of the sums.
+/// @return marks of the points with sums that are too short
+PointMarks normalize(const NormalSums& sums) {
+  PointMarks tooShort;
+  for (std::size_t i = 0; i < sums.counts.size(); ++i) {
+    float* const vector = &sums.vectors[3 * i];
     const float squares = vector[0] * vector[0] + vector[1] * vector[1] + vector[2] * vector[2];
     const double norm = std::sqrt(double{squares});
     if (norm != 0.0) {
@@ -131,7 +155,12 @@ void normalize(std::span<float> vectors) {
         vector[axis] = static_cast<float>(vector[axis] / norm);
       }
     }
+    if (sums.counts[i] - norm > LEAST_LOSS) {
+      tooShort.resize(sums.counts.size());
+      tooShort[i] = true;
+    }
   }
+  return tooShort;
 }
 
 /// The area-weighted sum of a strip's triangles, those that have one.
@@ -163,7 +192,7 @@ vtkSmartPointer<vtkFloatArray> newNormals(vtkIdType count) {
   auto normals = vtkSmartPointer<vtkFloatArray>::New();
   normals->SetName(NORMALS);
   normals->SetNumberOfComponents(3);
-  normals->SetNumberOfTuples(count);
+  allocateTuples(*normals, count);
   normals->FillValue(0.0F);
   return normals;
 }
@@ -176,10 +205,17 @@ std::span<float> valuesOf(vtkFloatArray& array) {
 
 vtkSmartPointer<vtkFloatArray> pointNormals(vtkPolyData& mesh) {
   auto normals = newNormals(mesh.GetNumberOfPoints());
-  PointReader(*mesh.GetPoints()->GetData()).visit([&](const auto& points) {
-    sumAtPoints(mesh, points, valuesOf(*normals));
-  });
-  normalize(valuesOf(*normals));
+  std::vector<std::uint32_t> counts(static_cast<std::size_t>(mesh.GetNumberOfPoints()));
+  const NormalSums sums{valuesOf(*normals), counts};
+  const PointReader reader(*mesh.GetPoints()->GetData());
+  reader.visit([&](const auto& points) { sumAtPoints(mesh, points, sums); });
+  if (!areWoundAlike(mesh, normalize(sums), counts)) {
+    FaceList faces(mesh);
+    faces.windAlike(counts);
+    normals->FillValue(0.0F);
+    reader.visit([&](const auto& points) { sumAtPoints(faces, points, sums); });
+    normalize(sums);
+  }
   return normals;
 }
 

@@ -8,9 +8,8 @@ class vtkFloatArray;
 class vtkPolyData;
 
 /// Normals of the polygons and strips of a poly data, as vtkPolyDataNormals
-/// computes them without splitting, consistency and orientation, and without
-/// its copies: the result is the only memory that is allocated, and the poly
-/// data keeps its cells.
+/// computes them without splitting and orientation, and without its copies: the
+/// poly data keeps its cells.
 ///
 /// The poly data has points, and its cells are valid: every index names a point,
 /// every polygon and strip has at least three points (see Connectivity.h).
@@ -23,7 +22,9 @@ inline constexpr const char* NORMALS = "Normals";
 /// One unit vector of three floats for each point, named NORMALS: the
 /// direction of the sum of the unit normals of the polygons and of the strips'
 /// triangles around the point. It is zero where that sum is: at points of no
-/// polygon or strip, or where none of them has a normal.
+/// polygon or strip, or where none of them has a normal. Where neighbours are not
+/// wound alike, some are reversed for the sum, as the filter does to be
+/// consistent; the poly data keeps them as they are.
 ///
 /// A polygon or triangle with a coordinate that is not finite adds nothing, so
 /// that its neighbours keep a normal.

@@ -1,4 +1,5 @@
 #include "scenegraph/ArrayType.h"
+#include "scenegraph/inspect/ArrayRange.h"
 #include <vemo/scenegraph/inspect/ArrayText.h>
 #include <vemo/scenegraph/inspect/NumberText.h>
 
@@ -15,20 +16,30 @@ std::string describeType(vtkDataArray& array) {
   return components == 1 ? name : fmt::format("{} x {}", name, components);
 }
 
+namespace {
+
+std::string describe(const ValueRange& range) {
+  return range.least <= range.greatest
+             ? fmt::format("{} .. {}", describeNumber(range.least), describeNumber(range.greatest))
+             : "none finite";
+}
+
+}  // namespace
+
 std::string describeRange(vtkDataArray& array, int component) {
   std::array<double, 2> range{1.0, 0.0};
   array.GetFiniteRange(range.data(), component);
-  return range[0] <= range[1] ? fmt::format("{} .. {}", describeNumber(range[0]), describeNumber(range[1]))
-                              : "none finite";
+  return describe({range[0], range[1]});
 }
 
 std::string describeRange(vtkDataArray& array) {
   switch (array.GetNumberOfComponents()) {
     case 1:
-      return describeRange(array, 0);
-    case 3:
-      return fmt::format("x {}, y {}, z {}", describeRange(array, 0), describeRange(array, 1),
-                         describeRange(array, 2));
+      return describe(finiteRanges(array)[0]);
+    case 3: {
+      const auto ranges = finiteRanges(array);
+      return fmt::format("x {}, y {}, z {}", describe(ranges[0]), describe(ranges[1]), describe(ranges[2]));
+    }
     default:
       return "length " + describeRange(array, TUPLE_LENGTH);
   }

@@ -4,8 +4,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -38,6 +40,9 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
     std::optional<std::size_t> bytesRead;
     bool isChecksumWrong = false;
   };
+
+  /// Changes bytes in place.
+  using Convert = std::function<void(std::span<char>)>;
 
   /// Throws FileNotFoundException, IOException when the owner has no
   /// permission to read, or ZipException.
@@ -72,7 +77,10 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   /// ends early, the rest is set to zero; what follows its size is ignored.
   /// False when there is no such entry, or it cannot be read.
   /// @param flaws if not null, receives what does not stop reading
-  bool read(const std::string& name, char* buffer, ContentFlaws* flaws = nullptr) const;
+  /// @param convert if not empty, is applied to the content, in blocks of a
+  ///   multiple of 8 bytes except for the last
+  bool read(const std::string& name, char* buffer, ContentFlaws* flaws = nullptr,
+            const Convert& convert = nullptr) const;
 
  private:
   struct Archive;

@@ -4,6 +4,7 @@
 #include <vemo/scenegraph/canvas/SceneNode.h>
 
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
 
@@ -11,6 +12,7 @@ namespace vemo {
 
 class Colormap;
 class Colormaps;
+class PointBounds;
 class ReadingContext;
 
 /// State passed from an item to its siblings and children during conversion.
@@ -24,6 +26,9 @@ struct SharedBySiblings {
 
   /// Names the item in findings; null for a conversion that a host started.
   ReadingContext* context = nullptr;
+
+  /// Of the geometries that were converted; null before the first.
+  std::shared_ptr<PointBounds> pointBounds;
 
   /// Colours the data in the assembly being converted: outer colormaps take
   /// precedence over inner ones. Null when there is none.

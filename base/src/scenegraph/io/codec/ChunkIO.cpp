@@ -1,5 +1,6 @@
 #include "scenegraph/io/codec/ChunkIO.h"
 
+#include "geometry/NewArray.h"
 #include <vemo/scenegraph/io/FileError.h>
 
 #include <vtkDataArray.h>
@@ -95,7 +96,7 @@ vtkSmartPointer<vtkDataArray> readArray(InputSource& source, const ChunkRow& row
   requireBytes(source, row);
   auto array = makeArray(row.type);
   array->SetNumberOfComponents(static_cast<int>(row.components));
-  array->SetNumberOfTuples(static_cast<vtkIdType>(row.tuples));
+  vemo::allocateTuples(*array, static_cast<vtkIdType>(row.tuples));
   auto* bytes = static_cast<char*>(array->GetVoidPointer(0));
   Hash hash;
   for (std::uint64_t done = 0; done < row.bytes();) {

@@ -1,11 +1,13 @@
 #include "vemoview/import/archive/ArchiveReader.h"
 
+#include "base/LargePages.h"
 #include "vemoview/import/Failure.h"
 #include "vemoview/import/archive/ByteOrder.h"
 
 #include <cstddef>
 #include <memory>
 #include <new>
+#include <span>
 #include <utility>
 
 namespace vemo {
@@ -21,7 +23,8 @@ namespace {
 
 ArchiveReader::ArchiveReader(ZipFileReader archive) : _archive(std::move(archive)) {}
 
-Array_t<unsigned char> ArchiveReader::loadEntry(const std::string& entryName) {
+Array_t<unsigned char> ArchiveReader::loadEntry(const std::string& entryName,
+                                                const ZipFileReader::Convert& convert) {
   const int size = _archive.getSize(entryName);
   if (size < 0) {
     failAt<IOException>("Requested non-existent entry '" + entryName + "'.<br>Your file may be corrupt.",
@@ -34,8 +37,9 @@ Array_t<unsigned char> ArchiveReader::loadEntry(const std::string& entryName) {
   countBytesRead(size, entryName);
   // Not set to zero beforehand: the archive does so with what it does not fill.
   std::unique_ptr<unsigned char[]> block(new (std::nothrow) unsigned char[static_cast<std::size_t>(size)]);
+  OS::preferLargePages(block.get(), static_cast<std::size_t>(size));
   flaws = {};
-  if (!block || !_archive.read(entryName, reinterpret_cast<char*>(block.get()), &flaws)) {
+  if (!block || !_archive.read(entryName, reinterpret_cast<char*>(block.get()), &flaws, convert)) {
     failIncomplete(entryName);
   }
   return {block.release(), size};
@@ -46,7 +50,7 @@ void ArchiveReader::reportContent(const std::string& entryName) {
 }
 
 Array_t<unsigned char> ArchiveReader::readEntry(const std::string& entryName) {
-  ArrayOwner<unsigned char> bytes(loadEntry(entryName));
+  ArrayOwner<unsigned char> bytes(loadEntry(entryName, nullptr));
   reportContent(entryName);
   return bytes.release();
 }
@@ -78,9 +82,9 @@ Array_t<unsigned char> ArchiveReader::loadWords(const std::string& entryName, co
   if (_archive.getSize(entryName) % 4 != 0) {
     failAt<IOException>(std::string("Bad size for ") + kind + " buffer;  not a multiple of 4", entryName);
   }
-  const Array_t<unsigned char> bytes = loadEntry(entryName);
-  convertWords({bytes.data, static_cast<std::size_t>(bytes.count)});
-  return bytes;
+  return loadEntry(entryName, [](std::span<char> block) {
+    convertWords({reinterpret_cast<unsigned char*>(block.data()), block.size()});
+  });
 }
 
 Array_t<int> ArchiveReader::readIntBuffer(const std::string& entryName) {

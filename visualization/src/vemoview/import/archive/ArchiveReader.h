@@ -52,7 +52,7 @@ class VEMO_IMPORT_EXPORT ArchiveReader {
   /// Of content that is used anyway.
   virtual void reportFlaws(const ZipFileReader::ContentFlaws& flaws, const std::string& entryName) = 0;
 
-  Array_t<unsigned char> loadEntry(const std::string& entryName);
+  Array_t<unsigned char> loadEntry(const std::string& entryName, const ZipFileReader::Convert& convert);
   Array_t<unsigned char> loadWords(const std::string& entryName, const char* kind);
   void countBytesRead(int size, const std::string& entryName);
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "vemoview/import/archive/ArchiveFile.h"
+#include "vemoview/import/archive/ContentPass.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -38,8 +39,9 @@ class CompressionMethod {
   /// Fills the content from the front and returns how much of it the entry
   /// holds: less than all when the entry ends early. What would follow the
   /// content is ignored. Nothing when the compressed bytes are invalid.
-  virtual std::optional<std::size_t> decompress(const CompressedBytes& compressed,
-                                                std::span<char> content) const = 0;
+  /// @param pass may be advanced meanwhile; the caller finishes it
+  virtual std::optional<std::size_t> decompress(const CompressedBytes& compressed, std::span<char> content,
+                                                ContentPass& pass) const = 0;
 
  protected:
   CompressionMethod() = default;

@@ -1,6 +1,7 @@
 #include "vemoview/import/archive/DecodedEntries.h"
 
 #include "geometry/AdoptedArray.h"
+#include "geometry/NewArray.h"
 #include "geometry/Normals.h"
 #include "vemoview/import/archive/ArchiveReader.h"
 #include <vemo/base/Vector.h>
@@ -24,7 +25,7 @@ constexpr int COORDINATES = 3;
 vtkSmartPointer<vtkFloatArray> magnitudes(vtkFloatArray& values) {
   auto array = vtkSmartPointer<vtkFloatArray>::New();
   const vtkIdType count = values.GetNumberOfValues() / COORDINATES;
-  array->SetNumberOfValues(count);
+  allocateTuples(*array, count);
   const float* triple = values.GetPointer(0);
   for (vtkIdType i = 0; i < count; ++i, triple += COORDINATES) {
     array->SetValue(i, length(Vector<3, float>{triple[0], triple[1], triple[2]}));

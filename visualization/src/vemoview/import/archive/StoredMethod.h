@@ -7,8 +7,8 @@ namespace vemo {
 /// The content as it is.
 class StoredMethod final : public CompressionMethod {
  public:
-  std::optional<std::size_t> decompress(const CompressedBytes& compressed,
-                                        std::span<char> content) const override;
+  std::optional<std::size_t> decompress(const CompressedBytes& compressed, std::span<char> content,
+                                        ContentPass& pass) const override;
 };
 
 }  // namespace vemo

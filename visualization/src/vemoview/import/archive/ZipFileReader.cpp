@@ -1,12 +1,12 @@
 #include "vemoview/import/archive/ArchiveFile.h"
 #include "vemoview/import/archive/Compression.h"
+#include "vemoview/import/archive/ContentPass.h"
 #include "vemoview/import/archive/ZipDirectory.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/import/Exception.h>
 #include <vemo/import/archive/ZipFileReader.h>
 
 #include <algorithm>
-#include <libdeflate.h>
 #include <utility>
 
 namespace vemo {
@@ -29,11 +29,6 @@ void checkFile(const std::wstring& path) {
   if (!S_ISREG(status.st_mode)) {
     throw ZipException("Invalid zip file");
   }
-}
-
-/// As the format has it of uncompressed content.
-std::uint32_t checksumOf(std::span<const char> content) {
-  return libdeflate_crc32(0, content.data(), content.size());
 }
 
 }  // namespace
@@ -120,7 +115,8 @@ bool ZipFileReader::isSizePossible(const std::string& name) const {
   return entry != nullptr && _archive->isSizePossible(*entry);
 }
 
-bool ZipFileReader::read(const std::string& name, char* buffer, ContentFlaws* flaws) const {
+bool ZipFileReader::read(const std::string& name, char* buffer, ContentFlaws* flaws,
+                         const Convert& convert) const {
   const ZipEntry* const entry = _archive->find(name);
   if (entry == nullptr || !_archive->isSizePossible(*entry)) {
     return false;
@@ -130,15 +126,16 @@ bool ZipFileReader::read(const std::string& name, char* buffer, ContentFlaws* fl
     return false;
   }
   const std::span content(buffer, static_cast<std::size_t>(entry->uncompressedSize));
+  ContentPass pass(content, convert);
   const auto count = findCompressionMethod(entry->method)
-                         ->decompress({_archive->file, *position, entry->compressedSize}, content);
+                         ->decompress({_archive->file, *position, entry->compressedSize}, content, pass);
   if (!count) {
     return false;
   }
-  std::ranges::fill(content.subspan(*count), '\0');
+  pass.finish(*count);
   if (flaws != nullptr) {
     flaws->bytesRead = *count < content.size() ? count : std::nullopt;
-    flaws->isChecksumWrong = checksumOf(content.first(*count)) != entry->checksum;
+    flaws->isChecksumWrong = pass.getChecksum() != entry->checksum;
   }
   return true;
 }

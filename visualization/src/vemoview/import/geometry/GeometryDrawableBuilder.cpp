@@ -1,7 +1,7 @@
 #include "vemoview/import/geometry/GeometryDrawableBuilder.h"
 
-#include "geometry/Bounds.h"
 #include "geometry/Normals.h"
+#include "vemoview/import/geometry/PointBounds.h"
 #include "vemoview/import/reading/ReadingContext.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/geometry/GeometrySettings.h>
@@ -54,10 +54,12 @@ lum::PointScaleMode scaleModeOf(int mode) {
 }  // namespace
 
 GeometryDrawableBuilder::GeometryDrawableBuilder(const GeometrySettings& settings, vtkPolyData& polyData,
-                                                 lum::GeometryDrawable& drawable, ReadingContext* context)
+                                                 lum::GeometryDrawable& drawable, PointBounds& pointBounds,
+                                                 ReadingContext* context)
     : _settings(settings),
       _polyData(polyData),
       _drawable(drawable),
+      _pointBounds(pointBounds),
       _context(context),
       _colorAttributes(drawable.getColorAttributes()) {
   VEMO_REQUIRE(_colorAttributes, "must be not NULL");
@@ -70,15 +72,14 @@ void GeometryDrawableBuilder::build(const std::string& qualifiedName) {
 
 Vector<3, double> GeometryDrawableBuilder::findCenter() const {
   vtkPoints* const points = _polyData.GetPoints();
-  vtkIdType nonFinite = 0;
-  const Box bounds = points != nullptr ? finiteBounds(*points->GetData(), &nonFinite) : Box();
-  if (nonFinite > 0) {
+  const auto bounds = points != nullptr ? _pointBounds.of(*points->GetData()) : PointBounds::Bounds();
+  if (bounds.nonFinite > 0) {
     report(_context, FindingCode::POINTS_WITHOUT_POSITION,
-           fmt::format("{} of {} points have no finite coordinates and are not drawn", nonFinite,
+           fmt::format("{} of {} points have no finite coordinates and are not drawn", bounds.nonFinite,
                        _polyData.GetNumberOfPoints()));
   }
-  if (!bounds.isEmpty()) {
-    return bounds.center();
+  if (!bounds.box.isEmpty()) {
+    return bounds.box.center();
   }
   VEMO_LOG_INFO("Investigate this case. Probably, should be caught earlier.");
   return {};

@@ -14,6 +14,7 @@ class vtkPolyData;
 namespace vemo {
 
 struct GeometrySettings;
+class PointBounds;
 class ReadingContext;
 
 /// Adds geometry to a drawable of the scene graph: the poly data, the settings,
@@ -23,7 +24,7 @@ class GeometryDrawableBuilder {
   /// Throws InternalError for a drawable that cannot be coloured.
   /// @param context receives findings; may be null
   GeometryDrawableBuilder(const GeometrySettings& settings, vtkPolyData& polyData,
-                          lum::GeometryDrawable& drawable, ReadingContext* context);
+                          lum::GeometryDrawable& drawable, PointBounds& pointBounds, ReadingContext* context);
 
   void build(const std::string& qualifiedName);
 
@@ -42,6 +43,7 @@ class GeometryDrawableBuilder {
   const GeometrySettings& _settings;
   vtkPolyData& _polyData;
   lum::GeometryDrawable& _drawable;
+  PointBounds& _pointBounds;
   ReadingContext* _context;
   lum::ColorAttributes* _colorAttributes;
 };

@@ -1,6 +1,7 @@
 #include "geometry/Connectivity.h"
 #include "vemoview/import/geometry/GeometryDrawableBuilder.h"
 #include "vemoview/import/geometry/GeometryKeys.h"
+#include "vemoview/import/geometry/PointBounds.h"
 #include "vemoview/import/geometry/PolyDataReader.h"
 #include "vemoview/import/items/SharedCollection.h"
 #include "vemoview/import/reading/KeyTable.h"
@@ -32,6 +33,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <fmt/format.h>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -305,6 +307,9 @@ void GeometryItem::addToCollection(SharedBySiblings& shared, lum::DrawableCollec
   if (const auto* const other = collection.find<lum::DrawableCollection>(getName())) {
     reportSharedTransform(shared.context, *other, false);
   }
+  if (shared.pointBounds == nullptr) {
+    shared.pointBounds = std::make_shared<PointBounds>();
+  }
   const bool isHidden = hasHiddenItems() || shared.hidesItemsIndividually;
   lum::DrawableCollection& own = shareCollection(collection, getName(), isHidden);
   const bool hidesDrawable = isVisible(own) ? isHidden : hasHiddenItems();
@@ -338,7 +343,8 @@ void GeometryItem::addTo(lum::DrawableCollection& collection, bool isHidden, con
   const bool isShared = hasGeometry(drawable);
   const SharedSettings before(drawable);
   const bool isColoredByOther = shared.colormap == nullptr && hasColorTable(drawable);
-  GeometryDrawableBuilder(_settings, *_polydata, drawable, shared.context).build(parentName);
+  GeometryDrawableBuilder(_settings, *_polydata, drawable, *shared.pointBounds, shared.context)
+      .build(parentName);
   if (_property) {
     // A host may have changed the property.
     drawable.template getAttributes<lum::LineAttributes>().setLineWidth(_property->GetLineWidth());

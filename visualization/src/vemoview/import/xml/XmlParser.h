@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vemo/import/Export.h>
+
 #include <memory>
 #include <span>
 #include <string>
@@ -19,7 +21,7 @@ struct XmlDocument {
 /// Parses an XML text. Throws XMLException, with the line, for
 /// text that is not XML or exceeds a limit.
 /// @param entryName the archive entry that the text is from, for errors
-XmlDocument parseXml(std::span<const unsigned char> text, const std::string& entryName,
-                     const ReadingLimits& limits);
+VEMO_IMPORT_EXPORT XmlDocument parseXml(std::span<const unsigned char> text, const std::string& entryName,
+                                        const ReadingLimits& limits);
 
 }  // namespace vemo

@@ -1,4 +1,4 @@
-#include "geometry/TriangleNormals.h"
+#include "geometry/kernels/TriangleNormals.h"
 
 #include <vemo/base/Vector.h>
 
@@ -77,16 +77,18 @@ void normalize(const Vectors<double>& directions, std::size_t count, Vectors<flo
 
 #endif
 
-void add(std::span<const std::int32_t> corners, const Vectors<float>& normals, std::span<float> sums) {
+void add(std::span<const std::int32_t> corners, const Vectors<float>& normals, const NormalSums& sums) {
   for (std::size_t i = 0; 3 * i < corners.size(); ++i) {
     const float x = normals[0][i];
     const float y = normals[1][i];
     const float z = normals[2][i];
     for (const std::int32_t point : corners.subspan(3 * i, 3)) {
-      float* const sum = sums.data() + 3 * static_cast<std::size_t>(point);
+      const auto place = static_cast<std::size_t>(point);
+      float* const sum = sums.vectors.data() + 3 * place;
       sum[0] += x;
       sum[1] += y;
       sum[2] += z;
+      ++sums.counts[place];
     }
   }
 }
@@ -94,7 +96,7 @@ void add(std::span<const std::int32_t> corners, const Vectors<float>& normals, s
 }  // namespace
 
 void addTriangleNormals(std::span<const float> points, std::span<const std::int32_t> corners,
-                        std::span<float> sums) {
+                        const NormalSums& sums) {
   // Zeros: the last block of an odd number is worked on to an even one.
   Vectors<double> directions{};
   Vectors<float> normals;

@@ -1,0 +1,142 @@
+#include "geometry/Winding.h"
+
+#include "geometry/Cells.h"
+
+#include <vtkCellArray.h>
+#include <vtkPolyData.h>
+
+#include <algorithm>
+#include <array>
+#include <numeric>
+
+namespace vemo {
+
+namespace {
+
+/// Calls the action with the points of each face, as a span.
+template <class Action>
+void forEachFace(vtkPolyData& mesh, const Action& action) {
+  forEachCell(*mesh.GetPolys(), action);
+  forEachCell(*mesh.GetStrips(), [&action](auto strip) {
+    forEachTriangle(strip, [&action](auto p0, auto p1, auto p2) {
+      const std::array triangle{p0, p1, p2};
+      action(decltype(strip)(triangle));
+    });
+  });
+}
+
+/// A list of numbers for each point, all in one block.
+class PointLists {
+ public:
+  /// @param sizes that the lists will have
+  explicit PointLists(std::span<const std::uint32_t> sizes)
+      : _ends(sizes.size()), _numbers(std::accumulate(sizes.begin(), sizes.end(), std::size_t{0})) {
+    std::exclusive_scan(sizes.begin(), sizes.end(), _ends.begin(), std::size_t{0});
+  }
+
+  void add(std::size_t point, std::uint32_t number) { _numbers[_ends[point]++] = number; }
+
+  /// Of a point whose list, and the list of the one before, are complete.
+  std::span<std::uint32_t> operator[](std::size_t point) {
+    const std::size_t begin = point > 0 ? _ends[point - 1] : 0;
+    return {_numbers.data() + begin, _numbers.data() + _ends[point]};
+  }
+
+ private:
+  std::vector<std::size_t> _ends;
+  std::vector<std::uint32_t> _numbers;
+};
+
+template <class Index>
+Index nextPoint(std::span<const Index> face, std::size_t corner) {
+  return face[corner + 1 < face.size() ? corner + 1 : 0];
+}
+
+}  // namespace
+
+bool areWoundAlike(vtkPolyData& mesh, const PointMarks& marks, std::span<const std::uint32_t> facesAtPoint) {
+  if (marks.empty()) {
+    return true;
+  }
+  std::vector<std::uint32_t> sizes(facesAtPoint.begin(), facesAtPoint.end());
+  for (std::size_t point = 0; point < sizes.size(); ++point) {
+    sizes[point] = marks[point] ? sizes[point] : 0;
+  }
+  PointLists nextPoints(sizes);
+  forEachFace(mesh, [&]<class Index>(std::span<const Index> face) {
+    for (std::size_t corner = 0; corner < face.size(); ++corner) {
+      const auto point = static_cast<std::size_t>(face[corner]);
+      if (marks[point]) {
+        nextPoints.add(point, static_cast<std::uint32_t>(nextPoint(face, corner)));
+      }
+    }
+  });
+  for (std::size_t point = 0; point < sizes.size(); ++point) {
+    const auto list = nextPoints[point];
+    std::ranges::sort(list);
+    if (std::ranges::adjacent_find(list) != list.end()) {
+      return false;
+    }
+  }
+  return true;
+}
+
+FaceList::FaceList(vtkPolyData& mesh) {
+  forEachFace(mesh, [this](auto face) {
+    _points.insert(_points.end(), face.begin(), face.end());
+    _ends.push_back(_points.size());
+  });
+}
+
+void FaceList::windAlike(std::span<const std::uint32_t> facesAtPoint) {
+  PointLists faces(facesAtPoint);
+  for (std::size_t face = 0; face < size(); ++face) {
+    for (const vtkIdType point : (*this)[face]) {
+      faces.add(static_cast<std::size_t>(point), static_cast<std::uint32_t>(face));
+    }
+  }
+  std::vector<bool> isDone(size());
+  std::vector<std::size_t> wave;
+  const auto take = [&](std::size_t face) {
+    isDone[face] = true;
+    wave.push_back(face);
+  };
+  const auto windNeighbors = [&](vtkIdType from, vtkIdType to) {
+    for (const std::uint32_t neighbor : faces[static_cast<std::size_t>(from)]) {
+      if (isDone[neighbor] || std::ranges::find((*this)[neighbor], to) == (*this)[neighbor].end()) {
+        continue;
+      }
+      if (!runsThrough(neighbor, to, from)) {
+        reverse(neighbor);
+      }
+      take(neighbor);
+    }
+  };
+  for (std::size_t first = 0; first < size(); ++first) {
+    if (isDone[first]) {
+      continue;
+    }
+    wave.clear();
+    take(first);
+    for (std::size_t i = 0; i < wave.size(); ++i) {
+      const auto face = (*this)[wave[i]];
+      for (std::size_t corner = 0; corner < face.size(); ++corner) {
+        windNeighbors(face[corner], nextPoint(face, corner));
+      }
+    }
+  }
+}
+
+/// Whether its first corner at `from` is followed by `to`.
+bool FaceList::runsThrough(std::size_t face, vtkIdType from, vtkIdType to) const {
+  const auto points = (*this)[face];
+  const auto corner = std::ranges::find(points, from) - points.begin();
+  return nextPoint(points, static_cast<std::size_t>(corner)) == to;
+}
+
+void FaceList::reverse(std::size_t face) {
+  std::reverse(_points.begin() + static_cast<std::ptrdiff_t>(_ends[face]),
+               _points.begin() + static_cast<std::ptrdiff_t>(_ends[face + 1]));
+}
+
+}  // namespace vemo

@@ -1,0 +1,26 @@
+#include "base/LargePages.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <vector>
+
+namespace vemo::OS {
+
+namespace {
+
+/// Whether the system follows the advice cannot be told; content and neighbours
+/// must stay as they are.
+TEST(LargePagesTest, ChangeNoContent) {
+  constexpr std::size_t MIB = std::size_t{1} << 20U;
+  std::vector<char> memory(9 * MIB, 'a');
+  for (const std::size_t size : {std::size_t{0}, std::size_t{1}, MIB, 2 * MIB, 5 * MIB + 1}) {
+    for (const std::size_t offset : {std::size_t{0}, std::size_t{1}, MIB + 7, 3 * MIB}) {
+      preferLargePages(memory.data() + offset, size);
+    }
+  }
+  EXPECT_EQ(std::ranges::count(memory, 'a'), static_cast<std::ptrdiff_t>(memory.size()));
+}
+
+}  // namespace
+
+}  // namespace vemo::OS
