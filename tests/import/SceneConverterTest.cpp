@@ -142,6 +142,15 @@ TEST_F(SceneConverterTest, AnOutputThatDoesNotOpenIsOnlyLogged) {
   EXPECT_TRUE(logHas(log, "Can't open file for writing"));
   EXPECT_FALSE(logHas(log, "done"));
   EXPECT_EQ(openSessions(), sessions + 1);
+  // Of the session that is still open.
+  const auto nodes = [](int id) {
+    return lum::NodeRegistrySessions::getSingleton().hasSession(id)
+               ? lum::NodeRegistry::getSingleton(id).getNodes("SceneNode").size()
+               : 0;
+  };
+  for (int id = 0; id < 10000; ++id) {
+    EXPECT_EQ(nodes(id), 0U) << id;
+  }
 }
 
 }  // namespace
