@@ -137,7 +137,12 @@ TEST_F(SceneConverterTest, AnOutputThatDoesNotOpenIsOnlyLogged) {
   addPayload({sceneNode.get()});
   write(sceneXml(""));
   const int sessions = openSessions();
-  SceneConverter(archivePath(), wide(_folder / "absent/scene.sdb")).run();
+  SceneConverter converter(archivePath(), wide(_folder / "absent/scene.sdb"));
+  std::string observed;
+  converter.setWriteFailureObserver([&observed](const std::string& cause) { observed = cause; });
+  converter.run();
+  EXPECT_EQ(observed,
+            "Cannot write " + (_folder / "absent/scene.sdb").string() + ": No such file or directory");
   const auto log = takeLog();
   EXPECT_TRUE(logHas(log, "Can't open file for writing"));
   EXPECT_FALSE(logHas(log, "done"));
