@@ -177,17 +177,6 @@ void callWhenEnded(const sigset_t& signals, std::function<void()> cleanUp) {
   cleanUps().functions.push_back(std::move(cleanUp));
 }
 
-/// Removes those temporary files in a folder that this process has open.
-void removeOpenTemporaryFiles(const std::filesystem::path& folder) {
-  std::error_code error;
-  for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd", error)) {
-    const std::filesystem::path file = std::filesystem::read_symlink(entry.path(), error);
-    if (!error && file.parent_path() == folder && file.extension() == ".tmp") {
-      std::filesystem::remove(file, error);
-    }
-  }
-}
-
 }  // namespace
 
 void waitWhenEnding() {
@@ -218,13 +207,10 @@ fs::path useOwnTemporaryFolder() {
   return ownFolder().path;
 }
 
-void removePartialOutputWhenEnded(const std::string& output) {
-  std::error_code ignored;
-  const std::filesystem::path target = OS::followLinks(std::filesystem::absolute(output, ignored));
-  const std::filesystem::path folder = std::filesystem::weakly_canonical(target.parent_path(), ignored);
+void removePartialOutputWhenEnded() {
   const sigset_t signals = blockEndingSignals();
   const std::lock_guard lock(cleanUps().mutex);
-  callWhenEnded(signals, [folder] { removeOpenTemporaryFiles(folder); });
+  callWhenEnded(signals, OS::removeUncommittedFiles);
 }
 
 }  // namespace vemo

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <filesystem>
-#include <string>
 
 namespace vemo {
 
@@ -15,9 +14,9 @@ namespace vemo {
 /// first call must come before other threads start.
 std::filesystem::path useOwnTemporaryFolder();
 
-/// Removes the temporary file beside `output` that is being written, when one of
-/// these signals ends the process.
-void removePartialOutputWhenEnded(const std::string& output);
+/// Removes temporary files beside the output when one of these signals ends the
+/// process.
+void removePartialOutputWhenEnded();
 
 /// Does not return while a signal is ending the process: its temporary files are
 /// being removed, and failures that this causes are not worth a message.
