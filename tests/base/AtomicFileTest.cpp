@@ -1,5 +1,6 @@
 #include "base/AtomicFile.h"
 #include "support/Files.h"
+#include "support/OrdinaryUser.h"
 #include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
@@ -12,18 +13,6 @@ namespace vemo {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// Root may write everything.
-class AsOrdinaryUser {
- public:
-  static constexpr uid_t NOBODY = 65534;
-
-  AsOrdinaryUser() { EXPECT_TRUE(!_isRoot || seteuid(NOBODY) == 0); }
-  ~AsOrdinaryUser() { EXPECT_TRUE(!_isRoot || seteuid(0) == 0); }
-
- private:
-  bool _isRoot = getuid() == 0;
-};
 
 /// A folder with a file, both of an ordinary user.
 class AtomicFileTest : public testing::Test {

@@ -1,5 +1,6 @@
 #include "SceneFixture.h"
 #include "support/Files.h"
+#include "support/OrdinaryUser.h"
 #include <vemo/base/Platform.h>
 #include <vemo/import/SceneConverter.h>
 #include <vemo/import/SceneFormatHandler.h>
@@ -112,6 +113,13 @@ TEST_F(SceneFormatHandlerTest, ReportsWhatItDoesNotLoad) {
   EXPECT_EQ(load("text"), "3 \nUnknown file format " + quoted("text") + "\n");
   mkfifo((_folder / "pipe").c_str(), 0600);
   EXPECT_EQ(load("pipe"), "5 Can't open file " + quoted("pipe") + "\n");
+  std::filesystem::create_directory(_folder / "closed");
+  chmod((_folder / "closed").c_str(), 0);
+  {
+    const AsOrdinaryUser user;
+    EXPECT_EQ(load("closed/a"), "5 Can't open file " + quoted("closed/a") + "\n") << "it may exist";
+  }
+  chmod((_folder / "closed").c_str(), 0700);
   EXPECT_TRUE(_loaded.empty());
 }
 
