@@ -2,6 +2,7 @@
 #include "support/Databases.h"
 #include "support/Expected.h"
 #include "support/Files.h"
+#include "support/FoundFindings.h"
 #include "support/GraphText.h"
 #include "support/Nodes.h"
 #include <vemo/import/SceneConverter.h>
@@ -130,6 +131,18 @@ TEST_F(SceneConverterTest, ReleasesThePayloadWhenReadingItFails) {
   });
   EXPECT_EQ(failureOf([&] { run(sceneXml("")); }),
             "IOException: Could not completely read entry 'lum2'<br>Your file may be corrupt. | ::lum2");
+}
+
+TEST_F(SceneConverterTest, LeavesOutArraysThatADatabaseCannotHold) {
+  std::string arrays;
+  for (int i = 0; i < 5000; ++i) {
+    arrays += "<array name='a" + std::to_string(i) + "' dim='1' vertexData='true' data='four'/>";
+  }
+  const FoundFindings found;
+  run(sceneXml(geometry("polys='quad'", arrays)));
+  EXPECT_EQ(drawable<lum::SurfaceDrawable>("g").find<lum::PolyDataNode>()->getNodeDataArrays().size(), 4096U)
+      << "with normals";
+  EXPECT_THAT(found.codes(), testing::Contains("array-left-out"));
 }
 
 TEST_F(SceneConverterTest, AnOutputThatDoesNotOpenIsOnlyLogged) {
