@@ -19,7 +19,7 @@ namespace {
 /// What happened, and where in the scene.
 std::string describe(const std::string& message, const Finding& fault) {
   const std::string place = describePlace(fault.itemPath, fault.line, fault.entry, fault.attribute);
-  return place.empty() ? message : fmt::format("{}\n({})", message, place);
+  return place.empty() ? message : fmt::format("{} ({})", message, place);
 }
 
 std::string describeWithPlace(const Exception& exception) {
