@@ -67,15 +67,16 @@ ExitCode parse(int argc, char** argv, Command& command) {
 
 ExitCode runCommandLine(int argc, char** argv) {
   holdStandardStreams();
-  // Writing to a closed pipe is a write error; the signal would end the process
-  // and leave temporary files.
+  // Writing to a closed pipe, or a file beyond the limit on its size, is a write error;
+  // the signal would end the process and leave temporary files.
   std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
   showLog();
   Command command;
   try {
     const ExitCode code = parse(argc, argv, command);
     if (command.run) {
-      rejectPipe(command.file);
+      requireReadable(command.file);
       command.run();
       if (command.failOn && worstFinding() >= command.failOn) {
         return ExitCode::FOUND;

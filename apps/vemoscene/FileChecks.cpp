@@ -3,21 +3,90 @@
 #include "output/ExitCode.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/import/SceneFormatHandler.h>
+#include <vemo/import/archive/ZipFileReader.h>
 
+#include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
 #include <fmt/format.h>
+#include <fstream>
 #include <sstream>
+#include <strings.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 
 namespace vemo {
 
-void rejectPipe(const std::string& file) {
-  std::error_code ignored;
-  if (std::filesystem::is_fifo(file, ignored)) {
-    throw Failure(ExitCode::READ_ERROR, fmt::format("\"{}\" is a pipe, not a file", file));
+namespace {
+
+[[noreturn]] void failToOpen(const std::string& file, int error) {
+  if (error == ENOENT || error == ENOTDIR || error == ELOOP || error == ENAMETOOLONG) {
+    throw Failure(ExitCode::NOT_FOUND, fmt::format("File \"{}\" does not exist", file));
+  }
+  throw Failure(ExitCode::READ_ERROR,
+                fmt::format("Can't open file \"{}\": {}", file, std::generic_category().message(error)));
+}
+
+std::string readStart(const std::string& file) {
+  constexpr std::size_t ENOUGH = 64;
+  std::string start(ENOUGH, '\0');
+  std::ifstream in(file, std::ios::binary);
+  in.read(start.data(), ENOUGH);
+  start.resize(static_cast<std::size_t>(in.gcount()));
+  return start;
+}
+
+/// An entry with the right name in a folder or in other letters; empty without any.
+std::string findMisnamedScene(const ZipFileReader& archive) {
+  for (int i = 0; i < archive.getEntryCount(); ++i) {
+    const std::string name = archive.getEntryName(i);
+    if (strcasecmp(std::filesystem::path(name).filename().c_str(), "scene.xml") == 0) {
+      return name;
+    }
+  }
+  return {};
+}
+
+std::string describeArchive(const std::string& file) {
+  const std::string misnamed = findMisnamedScene(ZipFileReader(toWidePath(file)));
+  return misnamed.empty()
+             ? "It is a zip archive without an entry \"scene.xml\""
+             : fmt::format("It is a zip archive with an entry \"{}\", which must be named \"scene.xml\"",
+                           misnamed);
+}
+
+/// What the file seems to be; empty when there is no telling.
+std::string describeContent(const std::string& file) {
+  const std::string start = readStart(file);
+  if (SceneFormatHandler::isZipSignature(start.c_str())) {
+    return describeArchive(file);
+  }
+  const std::size_t first = start.find_first_not_of("\xEF\xBB\xBF \t\r\n");
+  return first != std::string::npos && start[first] == '<'
+             ? "It is XML; a scene is a zip archive with its description as the entry \"scene.xml\""
+             : std::string();
+}
+
+}  // namespace
+
+void requireReadable(const std::string& file) {
+  struct stat status {};
+  if (stat(file.c_str(), &status) != 0) {
+    failToOpen(file, errno);
+  }
+  if (S_ISDIR(status.st_mode)) {
+    throw Failure(ExitCode::UNSUPPORTED_FORMAT, fmt::format("\"{}\" is a folder, not a file", file));
+  }
+  if (!S_ISREG(status.st_mode)) {
+    throw Failure(ExitCode::READ_ERROR, fmt::format("\"{}\" is a {}, not a file", file,
+                                                    S_ISFIFO(status.st_mode) ? "pipe" : "device"));
+  }
+  if (faccessat(AT_FDCWD, file.c_str(), R_OK, AT_EACCESS) != 0) {
+    failToOpen(file, errno);
+  }
+  if (status.st_size == 0) {
+    throw Failure(ExitCode::UNSUPPORTED_FORMAT, fmt::format("\"{}\" is empty", file));
   }
 }
 
@@ -33,7 +102,6 @@ void rejectSameFile(const std::string& file, const std::string& output) {
   }
 }
 
-// O_PATH also opens files that may not be read, and never waits for a pipe.
 SceneKind detectScene(const std::string& file) {
   std::ostringstream messages;
   switch (SceneFormatHandler::detectSceneFormat(toWidePath(file), messages)) {
@@ -42,14 +110,22 @@ SceneKind detectScene(const std::string& file) {
     case SceneFormatHandler::SceneDatabase:
       return SceneKind::DATABASE;
     case SceneFormatHandler::FileMissing:
-      throw Failure(ExitCode::NOT_FOUND, fmt::format("File \"{}\" does not exist", file));
+      failToOpen(file, ENOENT);
     case SceneFormatHandler::FileUnreadable:
-      throw Failure(ExitCode::READ_ERROR, fmt::format("Can't open file \"{}\"", file));
+      failToOpen(file, EACCES);
     case SceneFormatHandler::UnknownFormat:
       break;
   }
+  rejectUnknownFormat(file, messages.str());
+}
+
+void rejectUnknownFormat(const std::string& file, const std::string& messages) {
+  std::string reason = messages.substr(0, messages.find('\n'));
+  if (reason.empty()) {
+    reason = describeContent(file);
+  }
   throw Failure(ExitCode::UNSUPPORTED_FORMAT,
-                fmt::format("{}\nUnknown file format \"{}\"", messages.str(), file));
+                fmt::format("Unknown file format \"{}\"{}{}", file, reason.empty() ? "" : ": ", reason));
 }
 
 void requireArchive(const std::string& file) {
@@ -57,25 +133,6 @@ void requireArchive(const std::string& file) {
     throw Failure(ExitCode::UNSUPPORTED_FORMAT,
                   fmt::format("\"{}\" is a database: only archives have a ledger", file));
   }
-}
-
-ReplacementWatch::ReplacementWatch(const std::string& path)
-    : _path(path), _former(open(path.c_str(), O_PATH | O_CLOEXEC)) {}
-
-ReplacementWatch::~ReplacementWatch() {
-  if (_former >= 0) {
-    close(_former);
-  }
-}
-
-bool ReplacementWatch::isReplaced() const {
-  struct stat now {};
-  struct stat before {};
-  if (stat(_path.c_str(), &now) != 0) {
-    return false;
-  }
-  return _former < 0 || fstat(_former, &before) != 0 || now.st_dev != before.st_dev ||
-         now.st_ino != before.st_ino;
 }
 
 }  // namespace vemo

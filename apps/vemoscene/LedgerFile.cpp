@@ -1,7 +1,7 @@
 #include "LedgerFile.h"
 
 #include "base/AtomicFile.h"
-#include "output/ExitCode.h"
+#include "output/ResultStream.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/import/SceneAudit.h>
 #include <vemo/import/SceneLedger.h>
@@ -73,14 +73,18 @@ class LedgerPrinter {
 
 }  // namespace
 
+const FileKind LEDGER_KIND{"", "ledger", R"({"outcome": )", true};
+
 std::string writeLedger(const SceneLedger& ledger, const std::string& file) {
   LedgerPrinter printer;
   ledger.list([&printer](const LedgerRow& row) { printer.print(row); });
   const std::string lines = printer.getLines();
-  try {
+  if (isStandardOutput(file)) {
+    ResultStream out;
+    out << lines;
+    out.finish();
+  } else {
     OS::writeAtomically(file, {reinterpret_cast<const std::uint8_t*>(lines.data()), lines.size()});
-  } catch (const OS::FileWriteError& error) {
-    throw Failure(ExitCode::CANNOT_WRITE, error.what());
   }
   return printer.getSummary();
 }

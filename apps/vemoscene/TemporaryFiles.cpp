@@ -8,11 +8,15 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
+#include <fcntl.h>
 #include <filesystem>
 #include <fmt/format.h>
 #include <functional>
 #include <mutex>
 #include <string>
+#include <string_view>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <system_error>
 #include <thread>
 #include <unistd.h>
@@ -23,9 +27,20 @@ namespace vemo {
 
 namespace {
 
+namespace fs = std::filesystem;
+
+constexpr std::string_view FOLDER_PREFIX = "vemoscene-files-";
+constexpr std::string_view FOLDER_PATTERN = "XXXXXX";
+
+/// The folder and the process that made it; a forked child has a copy of this.
+struct OwnFolder {
+  fs::path path;
+  pid_t process = 0;
+};
+
 /// Never destroyed: the thread below and at-exit handlers use it.
-std::filesystem::path& ownFolder() {
-  static auto& folder = *new std::filesystem::path;
+OwnFolder& ownFolder() {
+  static auto& folder = *new OwnFolder;
   return folder;
 }
 
@@ -34,8 +49,76 @@ std::filesystem::path& ownFolder() {
 void removeOwnFolder() {
   constexpr int ATTEMPTS = 10;
   std::error_code error;
-  for (int i = 0; i < ATTEMPTS && std::filesystem::exists(ownFolder(), error); ++i) {
-    std::filesystem::remove_all(ownFolder(), error);
+  for (int i = 0; i < ATTEMPTS && ownFolder().process == getpid() && fs::exists(ownFolder().path, error);
+       ++i) {
+    fs::remove_all(ownFolder().path, error);
+  }
+}
+
+/// The lock on a folder of temporary files, which says that its process is alive: the
+/// system removes it however the process ends.
+class FolderLock {
+ public:
+  explicit FolderLock(const fs::path& folder)
+      : _file(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC)) {
+    _error = _file >= 0 && flock(_file, LOCK_EX | LOCK_NB) == 0 ? 0 : errno;
+  }
+  FolderLock(const FolderLock&) = delete;
+  FolderLock& operator=(const FolderLock&) = delete;
+  ~FolderLock() {
+    if (_file >= 0) {
+      close(_file);
+    }
+  }
+
+  bool isHeld() const { return _error == 0; }
+  /// Whether another process has locked or removed the folder.
+  bool isTaken() const { return _error == EWOULDBLOCK || _error == ENOENT; }
+  bool isOwnedByThisUser() const {
+    struct stat status {};
+    return fstat(_file, &status) == 0 && status.st_uid == geteuid();
+  }
+  /// Keeps the lock until the process ends.
+  void keep() { _file = -1; }
+
+ private:
+  int _file;
+  int _error;
+};
+
+/// Removes the folders of processes that could not remove them.
+void removeAbandonedFolders(const fs::path& parent) {
+  std::error_code error;
+  for (fs::directory_iterator i(parent, error); !error && i != fs::directory_iterator(); i.increment(error)) {
+    const std::string name = i->path().filename().native();
+    if (name.starts_with(FOLDER_PREFIX) && name.size() == FOLDER_PREFIX.size() + FOLDER_PATTERN.size()) {
+      const FolderLock lock(i->path());
+      if (lock.isHeld() && lock.isOwnedByThisUser()) {
+        std::error_code ignored;
+        fs::remove_all(i->path(), ignored);
+      }
+    }
+  }
+}
+
+/// Makes a locked folder. Another process may take it for abandoned until it is
+/// locked.
+fs::path makeLockedFolder(const fs::path& parent) {
+  const fs::path pattern = parent / fmt::format("{}{}", FOLDER_PREFIX, FOLDER_PATTERN);
+  while (true) {
+    std::string name = pattern.native();
+    if (mkdtemp(name.data()) == nullptr) {
+      throw Failure(ExitCode::CANNOT_WRITE,
+                    fmt::format("Cannot create a folder for temporary files in {}: {}", parent.native(),
+                                std::strerror(errno)));
+    }
+    FolderLock lock(name);
+    std::error_code ignored;
+    // Not every file system has locks. Then the others cannot lock it either.
+    if (!lock.isTaken() && fs::exists(name, ignored)) {
+      lock.keep();
+      return name;
+    }
   }
 }
 
@@ -94,17 +177,6 @@ void callWhenEnded(const sigset_t& signals, std::function<void()> cleanUp) {
   cleanUps().functions.push_back(std::move(cleanUp));
 }
 
-/// Removes those temporary files in a folder that this process has open.
-void removeOpenTemporaryFiles(const std::filesystem::path& folder) {
-  std::error_code error;
-  for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd", error)) {
-    const std::filesystem::path file = std::filesystem::read_symlink(entry.path(), error);
-    if (!error && file.parent_path() == folder && file.extension() == ".tmp") {
-      std::filesystem::remove(file, error);
-    }
-  }
-}
-
 }  // namespace
 
 void waitWhenEnding() {
@@ -113,36 +185,32 @@ void waitWhenEnding() {
   }
 }
 
-void useOwnTemporaryFolder() {
-  if (!ownFolder().empty()) {
-    return;
+fs::path useOwnTemporaryFolder() {
+  if (!ownFolder().path.empty()) {
+    return ownFolder().path;
   }
   std::error_code error;
-  const std::filesystem::path parent = std::filesystem::temp_directory_path(error);
-  std::string name = (error ? std::filesystem::path("/tmp") : parent) / "vemoscene-XXXXXX";
+  fs::path parent = fs::temp_directory_path(error);
+  if (error) {
+    parent = "/tmp";
+  }
+  removeAbandonedFolders(parent);
   // Signals wait from here on: once the folder exists, it will be removed.
   const sigset_t signals = blockEndingSignals();
   const std::lock_guard lock(cleanUps().mutex);
-  if (mkdtemp(name.data()) == nullptr) {
-    throw Failure(
-        ExitCode::CANNOT_WRITE,
-        fmt::format("Cannot create a folder for temporary files, \"{}\": {}", name, std::strerror(errno)));
-  }
-  ownFolder() = name;
+  ownFolder() = {fs::absolute(makeLockedFolder(parent), error), getpid()};
   // Registered before the at-exit handlers of the libraries that make files in
   // it, and therefore called after them.
   std::atexit(removeOwnFolder);
-  setenv("TMPDIR", name.c_str(), 1);
+  setenv("TMPDIR", ownFolder().path.c_str(), 1);
   callWhenEnded(signals, removeOwnFolder);
+  return ownFolder().path;
 }
 
-void removePartialOutputWhenEnded(const std::string& output) {
-  std::error_code ignored;
-  const std::filesystem::path target = OS::followLinks(std::filesystem::absolute(output, ignored));
-  const std::filesystem::path folder = std::filesystem::weakly_canonical(target.parent_path(), ignored);
+void removePartialOutputWhenEnded() {
   const sigset_t signals = blockEndingSignals();
   const std::lock_guard lock(cleanUps().mutex);
-  callWhenEnded(signals, [folder] { removeOpenTemporaryFiles(folder); });
+  callWhenEnded(signals, OS::removeUncommittedFiles);
 }
 
 }  // namespace vemo

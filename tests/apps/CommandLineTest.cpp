@@ -6,6 +6,8 @@
 #include <chrono>
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
+#include <sys/ioctl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
 
@@ -58,7 +60,11 @@ class CommandLineTest : public ProgramTest {
     makeArchive(makeDescription("cold")).write(_folder / "cold.zip");
     makeArchive(makeDescription("heat", "2")).write(_folder / "future.zip");
     makeArchive("<scene><view></scene>").write(_folder / "unclosed.zip");
+    ArchiveBuilder().text("a/Scene.XML", "").write(_folder / "deep.zip");
     writeFile(_folder / "text.txt", "no scene at all");
+    writeFile(_folder / "text", "no scene at all");
+    writeFile(_folder / "empty", "");
+    writeFile(_folder / "scene.xml", makeDescription("heat"));
     fs::create_directory(_folder / "folder");
     EXPECT_EQ(mkfifo((_folder / "pipe").c_str(), 0600), 0);
     EXPECT_EQ(run({"convert", "scene.zip", "scene.sdb"}).exitCode, 0);
@@ -66,6 +72,7 @@ class CommandLineTest : public ProgramTest {
     // Arrays stand behind the header, each on a boundary of 64 bytes.
     bytes.at(bytes.find(std::string("\0\0\x20\x40", 4))) = '\1';
     writeFile(_folder / "wrong.sdb", bytes);
+    writeFile(_folder / "cut.sdb", bytes.substr(0, bytes.size() / 2));
   }
 
   void expectNoTemporaryFiles() const { EXPECT_TRUE(fs::is_empty(_temporary.path())); }
@@ -93,7 +100,12 @@ TEST_F(CommandLineTest, ExitsWithTheRightCodeAndMessage) {
       {{"info", invalid}, 0, "sc\xC3\xA8ne \xEF\xBF\xBD.zip", ""},
       {{"info", "nowhere.zip"}, 2, "", "File \"nowhere.zip\" does not exist"},
       {{"info", ""}, 2, "", "does not exist"},
-      {{"info", "text.txt"}, 3, "", "Unknown file format \"text.txt\""},
+      {{"info", "text.txt"}, 3, "", "vemoscene: Unknown file format \"text.txt\"\n"},
+      {{"info", "empty"}, 3, "", "\"empty\" is empty\n"},
+      {{"info", "folder"}, 3, "", "\"folder\" is a folder, not a file\n"},
+      {{"check", "scene.xml"}, 3, "", "format \"scene.xml\": It is XML; a scene is a zip archive"},
+      {{"info", "deep.zip"}, 3, "", "\"deep.zip\": It is a zip archive with an entry \"a/Scene.XML\""},
+      {{"info", "cut.sdb"}, 3, "", "\"cut.sdb\": Not a scene-graph database: It is cut short: "},
       {{"info", "wrong.sdb"}, 5, "", "wrong.sdb"},
       {{"info", "pipe"}, 5, "", "is a pipe"},
       {{"info", "incomplete.zip"}, 5, "", "'heat'\nYour file may be corrupt."},
@@ -106,9 +118,19 @@ TEST_F(CommandLineTest, ExitsWithTheRightCodeAndMessage) {
       {{"convert", "nowhere.zip", "x.sdb"}, 2, "", "does not exist"},
       {{"convert", "incomplete.zip", "x.sdb"}, 5, "", "heat"},
       {{"convert", "wrong.sdb", "x.sdb"}, 5, "", "wrong.sdb"},
-      {{"convert", "scene.zip", "no folder/x.sdb"}, 6, "", "\"no folder/x.sdb\" cannot be written"},
-      {{"convert", "scene.zip", "pipe"}, 6, "", "\"pipe\" cannot be written"},
-      {{"convert", "scene.sdb", "folder"}, 6, "", "\"folder\" cannot be written"},
+      {{"convert", "cold.zip", "no folder/x.sdb"}, 6, "", "no folder/x.sdb: No such file or directory\n"},
+      {{"convert", "scene.zip", "pipe"}, 6, "", "\"pipe\": it is not a regular file\n"},
+      {{"convert", "scene.sdb", "folder"}, 6, "", "\"folder\": it is a folder\n"},
+      {{"convert", "scene.zip", "cold.zip"},
+       64,
+       "",
+       "\"cold.zip\": kinds that can be written: scene-graph database (.sdb)"},
+      {{"convert", "scene.zip", "text"}, 6, "", "\"text\": it exists and is not a scene-graph database"},
+      {{"convert", "scene.zip", "x.sdb", "--ledger", "text"}, 6, "", "is not a ledger"},
+      {{"convert", "scene.zip", "-", "--verify"}, 64, "", "verified"},
+      {{"render", "scene.zip", "x.bmp"}, 64, "", "kinds that can be written: PNG file (.png)"},
+      {{"render", "scene.zip", "text"}, 6, "", "\"text\": it exists and is not a PNG file"},
+      {{"render", "cold.zip", "no folder/x.png"}, 6, "", "No such file or directory"},
       {{"convert", "scene.zip", "./scene.zip"}, 64, "", "same file"},
       {{"convert", "scene.zip", "new.sdb", "--ledger", "./new.sdb"}, 64, "", "same file"},
       {{"convert", "scene.zip", "verified.sdb", "--verify"}, 0, "verified.sdb: verified, 1 record, ", ""},
@@ -238,7 +260,16 @@ TEST_F(CommandLineTest, ReportsAllDamagedArrays) {
 TEST_F(CommandLineTest, ConvertsToTheSameBytesAndCopies) {
   const std::string former = readFile(_folder / "scene.sdb");
   writeFile(_folder / "again.sdb", "an old file");
-  EXPECT_EQ(run({"convert", "scene.zip", "again.sdb"}).exitCode, 0);
+  EXPECT_EQ(run({"convert", "scene.zip", "again.sdb"}).exitCode, 6);
+  EXPECT_EQ(readFile(_folder / "again.sdb"), "an old file");
+  EXPECT_EQ(run({"convert", "scene.zip", "again.sdb", "--force"}).exitCode, 0);
+  EXPECT_EQ(run({"convert", "scene.zip", "again.sdb"}).exitCode, 0) << "of the same kind";
+  for (const char* output : {"-", "/dev/stdout"}) {
+    const ProgramResult result = run({"convert", "scene.zip", output});
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_TRUE(result.out == former);
+    expectNoTemporaryFiles();
+  }
   EXPECT_EQ(run({"convert", "again.sdb", "copy.sdb"}).exitCode, 0);
   EXPECT_TRUE(readFile(_folder / "again.sdb") == former);
   EXPECT_TRUE(readFile(_folder / "copy.sdb") == former);
@@ -261,7 +292,7 @@ TEST_F(CommandLineTest, DrawsOrReportsMissingOpenGl) {
   EXPECT_EQ(picture.substr(16, 8), std::string("\0\0\0\x1E\0\0\0\x14", 8)) << "width and height";
   EXPECT_EQ(run({"render", "scene.sdb", "again.png", "--size", "30x20"}).exitCode, 0);
   EXPECT_TRUE(readFile(_folder / "again.png") == picture);
-  EXPECT_EQ(run({"render", "scene.zip", "no folder/x.png"}).exitCode, 6);
+  EXPECT_TRUE(run({"render", "scene.sdb", "-", "--size", "30x20"}).out == picture);
 }
 
 TEST_F(CommandLineTest, OpensNoWindowWithoutADisplay) {
@@ -277,30 +308,93 @@ TEST_F(CommandLineTest, OpensNoWindowWithoutADisplay) {
 }
 
 TEST_F(CommandLineTest, ReportsResultsThatCannotBeWritten) {
+  EXPECT_EQ(run({"convert", "scene.zip", "-"}, "/dev/full").exitCode, 6);
   const ProgramResult full = run({"info", "scene.zip"}, "/dev/full");
   EXPECT_EQ(full.exitCode, 6);
   EXPECT_THAT(full.err, HasSubstr("standard output"));
   EXPECT_EQ(run({"--help"}, "/dev/full").exitCode, 6);
+  rlimit limit{};
+  getrlimit(RLIMIT_FSIZE, &limit);
+  const rlimit little{1024, limit.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &little);
+  const std::vector<std::string> commands[] = {
+      {"convert", "scene.zip", "x.sdb"}, {"convert", "scene.sdb", "x.sdb"}, {"info", "scene.zip"}};
+  for (const auto& arguments : commands) {
+    const ProgramResult result = run(arguments);
+    EXPECT_EQ(result.exitCode, 6) << arguments[1];
+    EXPECT_THAT(result.err, testing::MatchesRegex("vemoscene: Cannot write [^\n]*: File too large\n"));
+  }
+  setrlimit(RLIMIT_FSIZE, &limit);
+  for (const auto& file : fs::directory_iterator(_folder.path())) {
+    EXPECT_NE(file.path().extension(), ".tmp") << file;
+  }
   EXPECT_EQ(run({"diff", "scene.sdb", "scene.zip"}, "/dev/full").exitCode, 2);
   expectNoTemporaryFiles();
 }
 
-TEST_F(CommandLineTest, LeavesNothingBehindWhenItIsTerminated) {
-  makeArchive(makeDescription("heat"), 50'000).write(_folder / "large.zip");
-  // Nobody reads what it prints: it hangs, with its temporary files in place.
-  // Opened to read and write, the pipe does not wait for the other side.
-  const fs::path pipe = _folder / "pipe";
-  const int descriptor = open(pipe.c_str(), O_RDWR | O_CLOEXEC);
-  const ProgramRun run({"info", "large.zip", "--values"}, _folder.path(), _temporary.path(), pipe);
-  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
-  while (fs::is_empty(_temporary.path()) && std::chrono::steady_clock::now() < end) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+/// Starts commands that print to a pipe. Nobody reads it, so that they hang.
+class HangingCommandTest : public CommandLineTest {
+ protected:
+  ~HangingCommandTest() override { close(_descriptor); }
+
+  ProgramRun start(const std::vector<std::string>& arguments) const {
+    return {arguments, _folder.path(), _temporary.path(), _pipe};
   }
-  EXPECT_FALSE(fs::is_empty(_temporary.path()));
+
+  /// Waits until the pipe holds what was printed.
+  void waitUntilItHangs() const {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    int size = 0;
+    while (size == 0 && std::chrono::steady_clock::now() < end) {
+      ioctl(_descriptor, FIONREAD, &size);
+      std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    EXPECT_GT(size, 0);
+  }
+
+  auto countTemporaryFolders() const { return countFiles(_temporary.path()); }
+
+ private:
+  fs::path _pipe = _folder / "pipe";
+  // Opened to read and write, the pipe does not wait for the other side.
+  int _descriptor = open(_pipe.c_str(), O_RDWR | O_CLOEXEC);
+};
+
+TEST_F(HangingCommandTest, LeavesNothingBehindWhenItIsTerminated) {
+  makeArchive(makeDescription("heat"), 50'000).write(_folder / "large.zip");
+  const ProgramRun run = start({"info", "large.zip", "--values"});
+  waitUntilItHangs();
+  EXPECT_EQ(countTemporaryFolders(), 1);
   run.sendSignal(SIGTERM);
   EXPECT_EQ(run.finish().exitCode, -SIGTERM);
   expectNoTemporaryFiles();
-  close(descriptor);
+}
+
+TEST_F(HangingCommandTest, RemovesTheFolderOfAKilledProcessButNotOfALivingOne) {
+  makeArchive(makeDescription("heat"), 50'000).write(_folder / "large.zip");
+  fs::create_directory(_temporary / "vemoscene-files-of a user");
+  const ProgramRun hanging = start({"info", "large.zip", "--values"});
+  waitUntilItHangs();
+  run({"info", "scene.zip"});
+  EXPECT_EQ(countTemporaryFolders(), 2);
+  hanging.sendSignal(SIGKILL);
+  EXPECT_EQ(hanging.finish().exitCode, -SIGKILL);
+  EXPECT_EQ(countTemporaryFolders(), 2);
+  run({"info", "scene.zip"});
+  EXPECT_EQ(countTemporaryFolders(), 1);
+}
+
+TEST_F(HangingCommandTest, ATerminatedConversionKeepsItsInput) {
+  std::string description = makeDescription("heat");
+  for (int i = 0; i < 1000; ++i) {
+    description.insert(description.find("<geometry"), "<vectors name='a field'/>");
+  }
+  makeArchive(description).write(_folder / "scene.tmp");
+  const ProgramRun run = start({"convert", "scene.tmp", "terminated.sdb", "--ledger", "pipe"});
+  waitUntilItHangs();
+  run.sendSignal(SIGTERM);
+  EXPECT_EQ(run.finish().exitCode, -SIGTERM);
+  EXPECT_TRUE(fs::exists(_folder / "scene.tmp"));
 }
 
 }  // namespace

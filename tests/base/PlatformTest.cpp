@@ -3,6 +3,7 @@
 #include <vemo/base/Platform.h>
 #include <vemo/base/WideStream.h>
 
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <gtest/gtest.h>
@@ -169,6 +170,10 @@ TEST(FileSystemTest, MakesPrivateTemporaryFilesInTheFolderKnownSinceReset) {
   expectNewFileIn(second.path(), L"");
   std::filesystem::remove_all(second.path());
   EXPECT_EQ(Platform::filesystem().makeTemporaryFile(L""), L"");
+  EXPECT_EQ(errno, ENOENT);
+  setenv("TMPDIR", std::filesystem::relative(first.path()).c_str(), 1);
+  Platform::reset();
+  EXPECT_TRUE(Platform::filesystem().makeTemporaryFile(L"").starts_with(L'/'));
 }
 
 /// Registered before anything else uses the platform, so that it runs after

@@ -2,6 +2,7 @@
 #include "support/Databases.h"
 #include "support/Expected.h"
 #include "support/Files.h"
+#include "support/FoundFindings.h"
 #include "support/GraphText.h"
 #include "support/Nodes.h"
 #include <vemo/import/SceneConverter.h>
@@ -132,16 +133,42 @@ TEST_F(SceneConverterTest, ReleasesThePayloadWhenReadingItFails) {
             "IOException: Could not completely read entry 'lum2'<br>Your file may be corrupt. | ::lum2");
 }
 
+TEST_F(SceneConverterTest, LeavesOutArraysThatADatabaseCannotHold) {
+  std::string arrays;
+  for (int i = 0; i < 5000; ++i) {
+    arrays += "<array name='a" + std::to_string(i) + "' dim='1' vertexData='true' data='four'/>";
+  }
+  const FoundFindings found;
+  run(sceneXml(geometry("polys='quad'", arrays)));
+  EXPECT_EQ(drawable<lum::SurfaceDrawable>("g").find<lum::PolyDataNode>()->getNodeDataArrays().size(), 4096U)
+      << "with normals";
+  EXPECT_THAT(found.codes(), testing::Contains("array-left-out"));
+}
+
 TEST_F(SceneConverterTest, AnOutputThatDoesNotOpenIsOnlyLogged) {
   const auto sceneNode = make<lum::SceneNode>("carried");
   addPayload({sceneNode.get()});
   write(sceneXml(""));
   const int sessions = openSessions();
-  SceneConverter(archivePath(), wide(_folder / "absent/scene.sdb")).run();
+  SceneConverter converter(archivePath(), wide(_folder / "absent/scene.sdb"));
+  std::string observed;
+  converter.setWriteFailureObserver([&observed](const std::string& cause) { observed = cause; });
+  converter.run();
+  EXPECT_EQ(observed,
+            "Cannot write " + (_folder / "absent/scene.sdb").string() + ": No such file or directory");
   const auto log = takeLog();
   EXPECT_TRUE(logHas(log, "Can't open file for writing"));
   EXPECT_FALSE(logHas(log, "done"));
   EXPECT_EQ(openSessions(), sessions + 1);
+  // Of the session that is still open.
+  const auto nodes = [](int id) {
+    return lum::NodeRegistrySessions::getSingleton().hasSession(id)
+               ? lum::NodeRegistry::getSingleton(id).getNodes("SceneNode").size()
+               : 0;
+  };
+  for (int id = 0; id < 10000; ++id) {
+    EXPECT_EQ(nodes(id), 0U) << id;
+  }
 }
 
 }  // namespace

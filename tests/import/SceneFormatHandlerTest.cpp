@@ -1,14 +1,17 @@
 #include "SceneFixture.h"
 #include "support/Files.h"
+#include "support/OrdinaryUser.h"
 #include <vemo/base/Platform.h>
 #include <vemo/import/SceneConverter.h>
 #include <vemo/import/SceneFormatHandler.h>
 #include <vemo/scenegraph/Logger.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <fstream>
 #include <gmock/gmock.h>
 #include <sstream>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -110,7 +113,62 @@ TEST_F(SceneFormatHandlerTest, ReportsWhatItDoesNotLoad) {
   EXPECT_EQ(load("text"), "3 \nUnknown file format " + quoted("text") + "\n");
   mkfifo((_folder / "pipe").c_str(), 0600);
   EXPECT_EQ(load("pipe"), "5 Can't open file " + quoted("pipe") + "\n");
+  std::filesystem::create_directory(_folder / "closed");
+  chmod((_folder / "closed").c_str(), 0);
+  {
+    const AsOrdinaryUser user;
+    EXPECT_EQ(load("closed/a"), "5 Can't open file " + quoted("closed/a") + "\n") << "it may exist";
+  }
+  chmod((_folder / "closed").c_str(), 0700);
   EXPECT_TRUE(_loaded.empty());
+}
+
+/// What a child process returns.
+int exitCodeOf(const std::function<int()>& child) {
+  const pid_t process = fork();
+  if (process == 0) {
+    std::exit(child());
+  }
+  int status = 0;
+  waitpid(process, &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+TEST_F(SceneFormatHandlerTest, ThrowsWhenTheConversionCannotBeWritten) {
+  write(sceneXml(assembly("A", geometry("polys='tri'"))));
+  const auto temporaryFolder = _folder / "temporary";
+  std::filesystem::create_directory(temporaryFolder);
+  const int result = exitCodeOf([&] {
+    setenv("TMPDIR", temporaryFolder.c_str(), 1);
+    Platform::reset();
+    Platform::filesystem();
+    const rlimit oneBlock{512, 512};
+    std::signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &oneBlock);
+    EXPECT_THAT(failureOf([&] { load("scene.zip"); }),
+                testing::MatchesRegex("OutputException: Cannot write " + temporaryFolder.string() +
+                                      "/vemo-......: File too large .*"));
+    std::filesystem::remove_all(temporaryFolder);
+    EXPECT_THAT(failureOf([&] { load("scene.zip"); }),
+                testing::HasSubstr("in " + temporaryFolder.string() + ": No such file or directory"));
+    EXPECT_TRUE(_loaded.empty());
+    return HasFailure() ? 1 : 0;
+  });
+  EXPECT_EQ(result, 0);
+}
+
+TEST_F(SceneFormatHandlerTest, AForkedChildDeletesOnlyItsOwnFiles) {
+  write(sceneXml(""));
+  load("scene.zip");
+  const std::wstring parents = _loaded.at(0);
+  const int result = exitCodeOf([&] {
+    load("scene.zip");
+    writeFile(_folder / "child's", toNativePath(_loaded.at(0)));
+    return 0;
+  });
+  EXPECT_EQ(result, 0);
+  EXPECT_TRUE(Platform::filesystem().exists(parents));
+  EXPECT_FALSE(std::filesystem::exists(readFile(_folder / "child's")));
 }
 
 TEST_F(SceneFormatHandlerTest, DeletesItsTemporaryFilesAtExit) {
@@ -119,8 +177,7 @@ TEST_F(SceneFormatHandlerTest, DeletesItsTemporaryFilesAtExit) {
   const auto temporaryFolder = _folder / "temporary";
   std::filesystem::create_directory(temporaryFolder);
   const auto filesLeft = [&] { return countFiles(temporaryFolder); };
-  const pid_t child = fork();
-  if (child == 0) {
+  const int result = exitCodeOf([&] {
     setenv("TMPDIR", temporaryFolder.c_str(), 1);
     Platform::reset();
     Logger::getSingleton().setSink([log = (_folder / "log").string()](const std::string& line) {
@@ -129,12 +186,9 @@ TEST_F(SceneFormatHandlerTest, DeletesItsTemporaryFilesAtExit) {
     bool done = load("scene.zip") == "0 " && load("scene.zip") == "0 " && load("scene.zip") == "0 ";
     done = done && std::filesystem::remove(toNativePath(_loaded.back()));
     done = done && !failureOf([&] { load("broken.zip"); }).empty();
-    std::exit(done ? static_cast<int>(filesLeft()) : 100);
-  }
-  int status = 0;
-  waitpid(child, &status, 0);
-  ASSERT_TRUE(WIFEXITED(status));
-  EXPECT_EQ(WEXITSTATUS(status), 3) << "two conversions and one that failed";
+    return done ? static_cast<int>(filesLeft()) : 100;
+  });
+  EXPECT_EQ(result, 3) << "two conversions and one that failed";
   EXPECT_EQ(filesLeft(), 0);
   std::ifstream log(_folder / "log");
   int deleted = 0;

@@ -144,6 +144,7 @@ TEST_F(DatabaseDamageTest, SaysWhatIsWrong) {
       {withHeader("scene-graph", "other-graph"), "does not say that it is a scene-graph database"},
       {withHeader("\"version\": 2", "\"version\": 3"), "of version 3"},
       {bytes + "more", "does not end the file"},
+      {bytes.substr(0, bytes.size() - 1), "cut short"},
       {bytes.substr(0, bytes.size() - 1) + '\x7F', "index is damaged"},
       {brokenArray, ".sdb: Record 0: Array 0 \"Points\": hash mismatch"},
   };

@@ -139,7 +139,7 @@ bool printText(std::ostream& out, lum::SDBReader& left, lum::SDBReader& right,
 
 SceneDatabase open(const std::string& file, Command& command) {
   command.file = file;
-  rejectPipe(file);
+  requireReadable(file);
   return SceneDatabase(file);
 }
 

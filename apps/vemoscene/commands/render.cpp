@@ -1,8 +1,9 @@
 #include "Command.h"
 #include "FileChecks.h"
 #include "LoadedScene.h"
-#include "output/ExitCode.h"
+#include "OutputFile.h"
 #include "output/Messages.h"
+#include "output/ResultStream.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/render/ScenePicture.h>
 
@@ -11,6 +12,7 @@
 #include <fmt/format.h>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace vemo {
 
@@ -22,7 +24,10 @@ struct RenderArguments {
   std::string file;
   std::string output;
   RenderOptions picture;
+  bool force = false;
 };
+
+constexpr FileKind PNG{".png", "PNG file", "\x89PNG\r\n\x1A\n", true};
 
 /// A text that is a valid number of pixels, and nothing else.
 std::optional<int> parsePixels(std::string_view text) {
@@ -48,18 +53,37 @@ std::string parseSize(const std::string& text, RenderOptions& picture) {
   return fmt::format("\"{}\" is not a size such as 1024x768, with 1 to {} pixels each way", text, MAX_SIZE);
 }
 
-void render(const RenderArguments& options) {
-  rejectSameFile(options.file, options.output);
+Picture draw(const RenderArguments& options) {
   const LoadedScene scene(options.file);
   const Progress progress(fmt::format("Drawing {}", toPrintable(options.file)));
-  renderPicture(scene.getSceneNode(), options.picture).writePng(options.output);
+  return renderPicture(scene.getSceneNode(), options.picture);
+}
+
+void render(const RenderArguments& options) {
+  rejectSameFile(options.file, options.output);
+  if (!hasEnding(options.output, PNG)) {
+    rejectOtherEnding(options.output, fmt::format("{} ({})", PNG.description, PNG.ending));
+  }
+  checkOutput(options.output, PNG, options.force);
+  const Picture picture = draw(options);
+  if (isStandardOutput(options.output)) {
+    const std::vector<std::uint8_t> bytes = picture.toPng();
+    ResultStream out;
+    out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    out.finish();
+  } else {
+    picture.writePng(options.output);
+  }
 }
 
 void addRenderCommand(CLI::App& app, Command& command) {
   const auto options = std::make_shared<RenderArguments>();
   CLI::App* const renderApp = app.add_subcommand("render", "Draw a scene to a PNG file; needs no display");
   renderApp->add_option("FILE", options->file, "The scene archive or database to read")->required();
-  renderApp->add_option("OUT", options->output, "The picture to write, a PNG file")->required();
+  renderApp
+      ->add_option("OUT", options->output, "The picture to write, a PNG file (.png); - is standard output")
+      ->required();
+  renderApp->add_flag("--force", options->force, "Also replace a file of another kind");
   renderApp
       ->add_option_function<std::string>("--size",
                                          [options](const std::string& text) {

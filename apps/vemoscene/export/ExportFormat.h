@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ExportRequest.h"
+#include "OutputFile.h"
 
 #include <string>
 
@@ -9,17 +10,15 @@ namespace vemo {
 /// A kind of file that scenes of either generation can be written as. A new one
 /// is a folder beside this file and a row in ExportFormat.cpp.
 struct ExportFormat {
-  /// Of file names, as ".sdb"; compared without regard to case.
-  const char* ending;
-  /// For help texts, as "scene-graph database".
-  const char* description;
+  FileKind kind;
   /// Reads the scene file and writes the output, whole or not at all. Throws
   /// Failure, and the exceptions of the libraries.
   void (*write)(const ExportRequest& request);
 };
 
 /// The format whose ending the output's name has; the first, a scene-graph
-/// database, for names with any other ending.
+/// database, for names without an ending. Throws Failure with WRONG_USAGE for names with
+/// any other ending.
 const ExportFormat& findExportFormat(const std::string& output);
 
 /// All formats with their endings, for help texts.

@@ -19,21 +19,22 @@ namespace {
 /// What happened, and where in the scene.
 std::string describe(const std::string& message, const Finding& fault) {
   const std::string place = describePlace(fault.itemPath, fault.line, fault.entry, fault.attribute);
-  return place.empty() ? message : fmt::format("{}\n({})", message, place);
+  return place.empty() ? message : fmt::format("{} ({})", message, place);
 }
 
 std::string describeWithPlace(const Exception& exception) {
   return describe(describe(exception), findingOf(exception));
 }
 
-/// Also where in the program.
 std::string describeWithPlace(const InternalError& error) {
-  return fmt::format("{}\n({}:{}: {})", describe(error.getMessage(), findingOf(error)), error.getFile(),
-                     error.getLine(), error.getExpression());
+  return describe(error.getMessage(), findingOf(error));
 }
 
 ExitCode report(ExitCode code, const std::string& message) {
-  showMessage(message);
+  // What cannot be written is logged by the library.
+  if (message != lastLogged()) {
+    showMessage(message);
+  }
   return code;
 }
 
@@ -65,6 +66,8 @@ ExitCode reportFailure(const std::string& file) {
     return report(failure.getCode(), failure.what());
   } catch (const FileNotFoundException& exception) {
     return report(ExitCode::NOT_FOUND, file, describeWithPlace(exception));
+  } catch (const OutputException& exception) {
+    return report(ExitCode::CANNOT_WRITE, exception.getMessage());
   } catch (const Exception& exception) {
     return report(ExitCode::READ_ERROR, file, describeWithPlace(exception));
   } catch (const InternalError& error) {

@@ -28,6 +28,16 @@ void writeError(std::string_view text) {
   [[maybe_unused]] const auto written = write(STDERR_FILENO, whole.data(), whole.size());
 }
 
+std::string& lastLine() {
+  static std::string line;
+  return line;
+}
+
+void showLogged(const std::string& line) {
+  lastLine() = line;
+  showMessage(line);
+}
+
 std::optional<Severity>& worst() {
   static std::optional<Severity> severity;
   return severity;
@@ -63,8 +73,12 @@ void showMessage(std::string_view message) {
 void showLog() {
   Logger& logger = Logger::getSingleton();
   logger.setFlags(Logger::WARNING_FLAG | Logger::ERROR_FLAG);
-  logger.setSink([](const std::string& line) { showMessage(line); });
+  logger.setSink(showLogged);
   setFindingSink(show);
+}
+
+const std::string& lastLogged() {
+  return lastLine();
 }
 
 void noteFinding(const Finding& finding) {
@@ -83,9 +97,7 @@ LogCapture::LogCapture() {
 LogCapture::~LogCapture() {
   showLog();
   std::ranges::for_each(_log.findings, show);
-  for (const std::string& line : _log.lines) {
-    showMessage(line);
-  }
+  std::ranges::for_each(_log.lines, showLogged);
 }
 
 Progress::Progress(const std::string& activity) {

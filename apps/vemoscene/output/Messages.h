@@ -21,6 +21,9 @@ void showMessage(std::string_view message);
 /// they log. Must be called before any of their other functions.
 void showLog();
 
+/// The last warning or error that was logged and shown.
+const std::string& lastLogged();
+
 /// Counts a finding that a command shows itself.
 void noteFinding(const Finding& finding);
 

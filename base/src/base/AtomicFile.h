@@ -5,9 +5,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <memory>
+#include <optional>
 #include <span>
 #include <stdexcept>
 #include <string>
+#include <sys/stat.h>
 
 namespace vemo::OS {
 
@@ -23,12 +26,12 @@ class VEMO_BASE_EXPORT FileWriteError : public std::runtime_error {
 VEMO_BASE_EXPORT std::filesystem::path followLinks(std::filesystem::path path);
 
 /// Writes a file atomically. Bytes go to a temporary file beside the target, named
-/// *.tmp; `commit` renames it. An existing target keeps its permissions. All
-/// failures are FileWriteError and name the target.
+/// *.tmp; `commit` renames it. An existing target keeps its owner, group and
+/// permissions. All failures are FileWriteError and name the target.
 class VEMO_BASE_EXPORT AtomicFile {
  public:
-  /// Follows links. Refuses a target that is not a regular file, and any existing
-  /// target if `keepExisting`.
+  /// Follows links. Refuses a target that is not a regular file or that this user
+  /// may not write, and any existing target if `keepExisting`.
   explicit AtomicFile(const std::filesystem::path& path, bool keepExisting = false);
   AtomicFile(const AtomicFile&) = delete;
   AtomicFile& operator=(const AtomicFile&) = delete;
@@ -42,19 +45,28 @@ class VEMO_BASE_EXPORT AtomicFile {
   void commit();
 
  private:
+  class Temporary;
+
   void inspectTarget();
   void makeTemporary();
+  void keepOwner() const;
   void syncFolder() const;
   [[noreturn]] void fail(int error) const;
+  [[noreturn]] void fail(const std::string& reason, int error) const;
 
+  /// For messages.
   std::filesystem::path _target;
-  std::filesystem::path _folder;
-  std::filesystem::path _temporary;
-  unsigned _permissions = 0;
-  bool _hasTarget = false;
+  /// The same, still valid when the working folder changes.
+  std::filesystem::path _place;
+  /// Of the target; none when it does not exist.
+  std::optional<struct stat> _former;
   bool _keepExisting;
-  int _file = -1;
+  std::unique_ptr<Temporary> _temporary;
 };
+
+/// Removes the temporary files of all uncommitted AtomicFiles of this process: for
+/// a process that is about to be ended by a signal, which calls no destructors.
+VEMO_BASE_EXPORT void removeUncommittedFiles();
 
 /// Writes an AtomicFile. What exists and is not a regular file (a pipe, a
 /// device) is written in place.

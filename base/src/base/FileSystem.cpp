@@ -20,9 +20,13 @@ bool isPath(const std::wstring& path) {
   return !path.empty() && path.find(L'\0') == std::wstring::npos;
 }
 
+/// Absolute, so that files in it are found when the working folder has changed.
 std::filesystem::path findTemporaryFolder() {
   std::error_code error;
-  const std::filesystem::path folder = std::filesystem::temp_directory_path(error);
+  std::filesystem::path folder = std::filesystem::temp_directory_path(error);
+  if (!error) {
+    folder = std::filesystem::absolute(folder, error);
+  }
   return error ? std::filesystem::path("/tmp") : folder;
 }
 
@@ -49,7 +53,7 @@ std::wstring FileSystem::getFilePath(const std::wstring& path) const {
 
 bool FileSystem::exists(const std::wstring& path) const {
   struct stat status {};
-  return isPath(path) && wideStat(path.c_str(), &status) == 0;
+  return isPath(path) && (wideStat(path.c_str(), &status) == 0 || errno == EACCES);
 }
 
 int FileSystem::remove(const std::wstring& path) const {

@@ -13,9 +13,6 @@ namespace vemo {
 
 namespace {
 
-/// More are refused: VTK looks for arrays one by one.
-constexpr std::size_t MAX_DATA_ARRAYS = 4096;
-
 std::string findDataFault(const PolyDataArrays::DataArrays& arrays, std::int64_t tupleCount,
                           std::string_view whose) {
   if (arrays.size() > MAX_DATA_ARRAYS) {

@@ -6,6 +6,7 @@
 #include <vtkSmartPointer.h>
 
 #include <array>
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,10 @@ struct PolyDataArrays {
   const DataArrays& cellData;
 };
 
+/// Over the points, and over the cells. More are refused: VTK looks for arrays one by
+/// one.
+inline constexpr std::size_t MAX_DATA_ARRAYS = 4096;
+
 /// Whether the arrays of poly data fit each other, so that VTK, which trusts
 /// its input, may be given them. The arrays must outlive the validator,
 /// unchanged.
@@ -30,8 +35,8 @@ class VEMO_GEOMETRY_EXPORT PolyDataValidator {
  public:
   /// What is wrong: points that do not have three coordinates; cells with too
   /// few points, or with indices outside the points; data arrays that do not
-  /// have one tuple for each point or cell, or share a name. Empty for valid
-  /// poly data.
+  /// have one tuple for each point or cell, share a name, or are too many. Empty for
+  /// valid poly data.
   std::string findFault(const PolyDataArrays& arrays);
 
  private:

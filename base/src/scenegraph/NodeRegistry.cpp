@@ -1,6 +1,8 @@
 #include <vemo/scenegraph/NodeFactory.h>
 #include <vemo/scenegraph/NodeRegistry.h>
 
+#include <utility>
+
 namespace lum {
 
 NodeRegistry& NodeRegistry::getSingleton(int sessionId) {
@@ -27,6 +29,11 @@ std::vector<Node*> NodeRegistry::getNodes(const std::string& className) const {
 
 void NodeRegistry::keep(Node& node) {
   _kept.emplace_back(&node);
+}
+
+void NodeRegistry::release() {
+  // Nodes may look up their registry while being destroyed.
+  const auto released = std::exchange(_kept, {});
 }
 
 Node* NodeRegistry::getNode(const std::string& name, bool& created, vemo::Properties& properties) {

@@ -73,6 +73,14 @@ class VEMO_IMPORT_EXPORT ZipException : public Exception {
   ~ZipException() override;
 };
 
+/// The database that an archive is converted to cannot be written; the archive is
+/// not the cause. The message names the path and the cause.
+class VEMO_IMPORT_EXPORT OutputException : public Exception {
+ public:
+  using Exception::Exception;
+  ~OutputException() override;
+};
+
 /// The scene description cannot be parsed.
 class VEMO_IMPORT_EXPORT XMLException : public Exception {
  public:

@@ -24,12 +24,17 @@ class VEMO_IMPORT_EXPORT SceneConverter {
   /// item by item.
   ///
   /// Failures to read or convert are thrown: the module's exceptions, and
-  /// InternalError. An output that cannot be written is only logged; the file
-  /// is then missing or unchanged.
+  /// InternalError. An output that cannot be written is only logged and passed to
+  /// the write failure observer; the file is then missing or unchanged.
   void run() const;
 
+  /// Called at the end of `run` with the cause if the output could not be written.
+  /// Exceptions from this and the other observers are passed on by `run`.
+  using WriteFailureObserver = std::function<void(const std::string& cause)>;
+  void setWriteFailureObserver(WriteFailureObserver observer);
+
   /// Called by `run` with the scene node that was written, before the node is
-  /// destroyed. Exceptions from it are passed on by `run`.
+  /// destroyed.
   using Observer = std::function<void(lum::SceneNode& written)>;
   void setObserver(Observer observer);
 
@@ -42,11 +47,13 @@ class VEMO_IMPORT_EXPORT SceneConverter {
  private:
   /// Null when that failed, which is only possible with a ledger observer.
   lum::SceneNode* readAndConvert(SceneImport& import) const;
-  /// False when the output cannot be opened.
-  bool write(lum::SceneNode& sceneNode) const;
+  /// Called when the output was written.
+  void callObservers(lum::SceneNode& written, SceneImport& import) const;
+  void reportWriteFailure(const std::string& cause) const;
 
   std::wstring _inputPath;
   std::wstring _outputPath;
+  WriteFailureObserver _writeFailureObserver;
   Observer _observer;
   LedgerObserver _ledgerObserver;
 };

@@ -29,9 +29,18 @@ class VEMO_IMPORT_EXPORT SceneFormatHandler {
   using LoadingFunction = std::function<bool(const std::wstring& path)>;
 
   /// Detects the format of the file, converts it if it is an old scene, and
-  /// calls the loading function with a scene-graph database. Failures that are
-  /// not exceptions are explained on the message stream. Exceptions from reading
-  /// and converting are passed on.
+  /// calls the loading function with a scene-graph database. Returns
+  ///
+  /// - Success (0): the loading function returned true;
+  /// - NotFound (2): the file does not exist;
+  /// - UnsupportedFormat (3): the file is not a scene of either generation;
+  /// - ReadError (5): the file cannot be opened, or the loading function returned
+  ///   false.
+  ///
+  /// All but Success are explained on the message stream. Exceptions from reading,
+  /// converting and the loading function are passed on; OutputException is thrown if
+  /// the conversion cannot be written. The loading function is called only with a
+  /// complete database.
   static lum::io::FileIoStatus loadVemoScene(const std::wstring& path, LoadingFunction load,
                                              std::ostream& messages);
 
@@ -39,7 +48,8 @@ class VEMO_IMPORT_EXPORT SceneFormatHandler {
   /// zip archive.
   static SceneFormat detectSceneFormat(const std::wstring& path, std::ostream& messages);
 
-  /// Converts an old scene into a temporary file and returns its path.
+  /// Converts an old scene into a temporary file and returns its path. Throws
+  /// OutputException when that file cannot be made or written.
   static std::wstring convertZippedScene(const std::wstring& path);
 
   /// Whether a zip archive holds an entry of exactly the name "scene.xml".

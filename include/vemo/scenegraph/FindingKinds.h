@@ -10,7 +10,7 @@
   KIND(ARCHIVE_INVALID, REFUSED, "The file is not an archive that can be read.") \
   KIND(ARRAY_CUT, LOST, "Values at the end of an entry that do not make up a whole point or tuple are left out.") \
   KIND(ARRAY_IS_NORMALS, LOST, "An array named `Normals` counts as normals: it colours nothing, and computed normals may replace it.") \
-  KIND(ARRAY_LEFT_OUT, LOST, "A data array is left out: its number of values does not fit its points or cells.") \
+  KIND(ARRAY_LEFT_OUT, LOST, "A data array is left out: its number of values does not fit its points or cells, or there are 4,096 arrays already.") \
   KIND(ARRAY_MAGNITUDE, CHANGED, "An array of triples is replaced by their lengths.") \
   KIND(ARRAY_REPLACED, LOST, "Of several arrays of one name over the same places only the last one is kept.") \
   KIND(ARRAY_WITHOUT_NAME, CHANGED, "An array has no name, so that nothing can refer to it.") \

@@ -27,6 +27,9 @@ class VEMO_SCENEGRAPH_EXPORT NodeRegistry {
   /// Keeps a node, and with it all that it owns, until the session ends.
   void keep(Node& node);
 
+  /// Releases the nodes that it was given to keep; the session stays open.
+  void release();
+
  protected:
   /// The first node of a name; one is made, of the class that the property
   /// "class" names, when there is none. Null when it names no class.

@@ -3,18 +3,14 @@
 #include "FileChecks.h"
 #include "export/database/Verification.h"
 #include "output/ExitCode.h"
-#include "output/Messages.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/import/SceneConverter.h>
 #include <vemo/scenegraph/Ptr.h>
 #include <vemo/scenegraph/canvas/SceneNode.h>
-#include <vemo/scenegraph/io/CheckFormat.h>
 #include <vemo/scenegraph/io/SDBReader.h>
 #include <vemo/scenegraph/io/SDBWriter.h>
 
-#include <fmt/format.h>
-#include <fstream>
-#include <sstream>
+#include <string>
 
 namespace vemo {
 
@@ -22,36 +18,18 @@ namespace {
 
 using lum::io::FileIoStatus;
 
-[[noreturn]] void failToWrite(const std::string& output) {
-  throw Failure(ExitCode::CANNOT_WRITE, fmt::format("\"{}\" cannot be written", output));
-}
-
-/// The converter does not report whether it could write; the output shows it.
-void requireWritten(const ReplacementWatch& watch, const std::string& output) {
-  // Opened only now: an earlier file may be a pipe, on which opening blocks.
-  if (!watch.isReplaced()) {
-    failToWrite(output);
-  }
-  std::ifstream written(output, std::ios::binary);
-  std::ostringstream messages;
-  if (!sdb::checkFormat(written, messages)) {
-    showMessage(messages.str());
-    failToWrite(output);
-  }
+[[noreturn]] void failToWrite(const std::string& cause) {
+  throw Failure(ExitCode::CANNOT_WRITE, cause);
 }
 
 void convertArchive(const ExportRequest& request) {
-  const ReplacementWatch watch(request.output);
   SceneConverter converter(toWidePath(request.file), toWidePath(request.output));
+  converter.setWriteFailureObserver(failToWrite);
   if (request.verify) {
-    converter.setObserver([&](lum::SceneNode& written) {
-      requireWritten(watch, request.output);
-      verifyScene(request.output, written);
-    });
+    converter.setObserver([&](lum::SceneNode& written) { verifyScene(request.output, written); });
   }
   converter.setLedgerObserver(request.observeLedger);
   converter.run();
-  requireWritten(watch, request.output);
 }
 
 /// Reading a record checks all of it, its arrays too.
@@ -67,7 +45,7 @@ void copyDatabase(const std::string& file, const std::string& output) {
                 FileIoStatus::Success;
   }
   if (!isWritten || writer.close() != FileIoStatus::Success) {
-    failToWrite(output);
+    failToWrite(writer.getFailure());
   }
 }
 

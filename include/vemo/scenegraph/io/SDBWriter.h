@@ -30,7 +30,7 @@ class VEMO_SCENEGRAPH_EXPORT SDBWriter {
   /// `keepExisting`: an existing file is rejected, now and when the
   /// new one would be moved into its place.
   ///
-  /// An existing target keeps its permissions; a link remains, and its target is
+  /// An existing target keeps its owner and permissions; a link remains, and its target is
   /// written; anything but a regular file is refused.
   io::FileIoStatus open(const std::wstring& path, bool append, bool keepExisting);
 
@@ -43,9 +43,16 @@ class VEMO_SCENEGRAPH_EXPORT SDBWriter {
   /// unchanged, when anything failed since `open` or nothing is open.
   io::FileIoStatus close();
 
+  /// The cause of the first failure since `open`, as it was logged; empty without any.
+  const std::string& getFailure() const { return _failure; }
+
  private:
+  template <class Operation>
+  io::FileIoStatus run(Operation&& operation);
+
   class Database;
   std::unique_ptr<Database> _database;
+  std::string _failure;
 };
 
 }  // namespace lum

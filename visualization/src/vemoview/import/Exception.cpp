@@ -14,6 +14,7 @@ Exception::~Exception() = default;
 IOException::~IOException() = default;
 FileNotFoundException::~FileNotFoundException() = default;
 ZipException::~ZipException() = default;
+OutputException::~OutputException() = default;
 XMLException::~XMLException() = default;
 NumberFormatException::~NumberFormatException() = default;
 FutureVersionException::~FutureVersionException() = default;

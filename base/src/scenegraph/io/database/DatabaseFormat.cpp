@@ -53,6 +53,20 @@ json parseHeader(InputSource& source) {
   return header;
 }
 
+void requireEndOfFile(const IndexLocation& index, std::uint64_t fileSize) {
+  const std::uint64_t end = index.offset + index.size;
+  const bool isSensible = index.offset >= HEADER_SIZE && end >= index.offset;
+  if (isSensible && end > fileSize) {
+    throw FileError(FileIoStatus::ReadError,
+                    fmt::format("It is cut short: the file has {} of {} bytes", fileSize, end));
+  }
+  if (!isSensible || end != fileSize) {
+    throw FileError(FileIoStatus::ReadError,
+                    fmt::format("The index, {} bytes from byte {} on, does not end the file of {} bytes",
+                                index.size, index.offset, fileSize));
+  }
+}
+
 }  // namespace
 
 std::string makeHeader(const IndexLocation& index) {
@@ -79,12 +93,7 @@ IndexLocation readHeader(InputSource& source) {
   }
   const IndexLocation location{numberOf(*index, "offset"), numberOf(*index, "size"), hashFrom(*index),
                                version};
-  if (location.offset < HEADER_SIZE || location.offset > source.getSize() ||
-      location.size != source.getSize() - location.offset) {
-    throw FileError(FileIoStatus::ReadError,
-                    fmt::format("The index, {} bytes from byte {} on, does not end the file of {} bytes",
-                                location.size, location.offset, source.getSize()));
-  }
+  requireEndOfFile(location, source.getSize());
   return location;
 }
 

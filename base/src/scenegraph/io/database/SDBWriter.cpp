@@ -65,32 +65,32 @@ class SDBWriter::Database final : private io::ArraySink {
   int _recordCount = 0;
 };
 
-namespace {
-
-/// The result of an operation; a failure is logged.
+/// The result of an operation; a failure is logged and remembered.
 template <class Operation>
-io::FileIoStatus statusOf(Operation&& operation) {
+io::FileIoStatus SDBWriter::run(Operation&& operation) {
+  const auto fail = [this](const char* cause, io::FileIoStatus status) {
+    VEMO_LOG_ERROR(cause);
+    _failure = cause;
+    return status;
+  };
   try {
     operation();
     return io::FileIoStatus::Success;
   } catch (const io::FileError& error) {
-    VEMO_LOG_ERROR(error.what());
-    return error.getStatus();
+    return fail(error.what(), error.getStatus());
   } catch (const vemo::OS::FileWriteError& error) {
-    VEMO_LOG_ERROR(error.what());
-    return io::FileIoStatus::WriteError;
+    return fail(error.what(), io::FileIoStatus::WriteError);
   }
 }
-
-}  // namespace
 
 SDBWriter::SDBWriter() = default;
 SDBWriter::~SDBWriter() = default;
 
 io::FileIoStatus SDBWriter::open(const std::wstring& path, bool append, bool keepExisting) {
   _database.reset();
+  _failure.clear();
   const std::string native = vemo::toNativePath(path);
-  return statusOf([&] {
+  return run([&] {
     auto database = std::make_unique<Database>(native, keepExisting);
     std::error_code ignored;
     if (append && std::filesystem::exists(native, ignored)) {
@@ -111,7 +111,7 @@ io::FileIoStatus SDBWriter::addRecord(const std::string& title, const std::strin
   }
   // Cleared on success only.
   _database->hasFailed = true;
-  return statusOf([&] {
+  return run([&] {
     recordNumber = _database->add(title, description, simUUID, node);
     _database->hasFailed = false;
   });
@@ -122,7 +122,7 @@ io::FileIoStatus SDBWriter::close() {
   if (!database || database->hasFailed) {
     return io::FileIoStatus::WriteError;
   }
-  return statusOf([&] { database->finish(); });
+  return run([&] { database->finish(); });
 }
 
 }  // namespace lum

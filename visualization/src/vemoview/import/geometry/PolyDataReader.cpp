@@ -1,6 +1,7 @@
 #include "vemoview/import/geometry/PolyDataReader.h"
 
 #include "geometry/Normals.h"
+#include "geometry/PolyDataValidator.h"
 #include "vemoview/import/Failure.h"
 #include "vemoview/import/archive/DecodedEntries.h"
 #include "vemoview/import/geometry/GeometryKeys.h"
@@ -145,8 +146,22 @@ void PolyDataReader::reportName(const GeometryArray& array) {
   }
 }
 
+bool PolyDataReader::isFull(vtkFieldData& data) const {
+  // Surfaces get normals.
+  const bool isSurface = _polyData.GetNumberOfPolys() > 0 || _polyData.GetNumberOfStrips() > 0;
+  return static_cast<std::size_t>(data.GetNumberOfArrays()) + (isSurface ? 1 : 0) >= MAX_DATA_ARRAYS;
+}
+
 void PolyDataReader::addArray(vtkFieldData& data, vtkFloatArray& values, const GeometryArray& array) {
-  if (data.HasArray(array.name.c_str()) != 0) {
+  const bool isTaken = data.HasArray(array.name.c_str()) != 0;
+  if (!isTaken && isFull(data)) {
+    _context.report(FindingCode::ARRAY_LEFT_OUT,
+                    "The array \"" + array.name + "\" is left out: no more than " +
+                        std::to_string(MAX_DATA_ARRAYS) + " arrays are possible",
+                    array.entry.value_or(""));
+    return;
+  }
+  if (isTaken) {
     reportReplaced(array);
   }
   reportName(array);

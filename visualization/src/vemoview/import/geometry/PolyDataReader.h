@@ -53,6 +53,8 @@ class VEMO_IMPORT_EXPORT PolyDataReader {
   vtkIdType listedCells() const;
   std::vector<vtkIdType> droppedCells() const;
   void reportCutOff(vtkIdType values, int components, const std::string& entry);
+  /// Whether a database could not hold another array.
+  bool isFull(vtkFieldData& data) const;
   void addArray(vtkFieldData& data, vtkFloatArray& values, const GeometryArray& array);
   void reportReplaced(const GeometryArray& later);
   void reportName(const GeometryArray& array);

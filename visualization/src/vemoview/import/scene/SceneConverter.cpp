@@ -10,6 +10,10 @@ namespace vemo {
 SceneConverter::SceneConverter(const std::wstring& inputPath, const std::wstring& outputPath)
     : _inputPath(inputPath), _outputPath(outputPath) {}
 
+void SceneConverter::setWriteFailureObserver(WriteFailureObserver observer) {
+  _writeFailureObserver = std::move(observer);
+}
+
 void SceneConverter::setObserver(Observer observer) {
   _observer = std::move(observer);
 }
@@ -32,19 +36,24 @@ void SceneConverter::run() const {
     return;
   }
   VEMO_LOG_INFO("sceneNode with name \"" << sceneNode->getName() << "\" is here!");
-  if (!write(*sceneNode)) {
+  lum::SDBWriter writer;
+  if (writer.open(_outputPath, false, false) != lum::io::FileIoStatus::Success) {
     VEMO_LOG_ERROR("Can't open file for writing");
     import.leaveSessionOpen();
+    reportWriteFailure(writer.getFailure());
     return;
   }
-  if (_observer) {
-    _observer(*sceneNode);
-  }
-  if (_ledgerObserver) {
-    _ledgerObserver(SceneLedger(import.getReader()));
+  int recordNumber = 0;
+  writer.addRecord("title", "description", "simUUID", *sceneNode, recordNumber);
+  const bool isWritten = writer.close() == lum::io::FileIoStatus::Success;
+  if (isWritten) {
+    callObservers(*sceneNode, import);
   }
   import.close();
   VEMO_LOG_INFO("done");
+  if (!isWritten) {
+    reportWriteFailure(writer.getFailure());
+  }
 }
 
 lum::SceneNode* SceneConverter::readAndConvert(SceneImport& import) const {
@@ -59,15 +68,19 @@ lum::SceneNode* SceneConverter::readAndConvert(SceneImport& import) const {
   return reader.countFaults() == 0 ? sceneNode : nullptr;
 }
 
-bool SceneConverter::write(lum::SceneNode& sceneNode) const {
-  lum::SDBWriter writer;
-  if (writer.open(_outputPath, false, false) != lum::io::FileIoStatus::Success) {
-    return false;
+void SceneConverter::callObservers(lum::SceneNode& written, SceneImport& import) const {
+  if (_observer) {
+    _observer(written);
   }
-  int recordNumber = 0;
-  writer.addRecord("title", "description", "simUUID", sceneNode, recordNumber);
-  writer.close();
-  return true;
+  if (_ledgerObserver) {
+    _ledgerObserver(SceneLedger(import.getReader()));
+  }
+}
+
+void SceneConverter::reportWriteFailure(const std::string& cause) const {
+  if (_writeFailureObserver) {
+    _writeFailureObserver(cause);
+  }
 }
 
 }  // namespace vemo

@@ -2,6 +2,7 @@
 #include <vemo/base/Platform.h>
 #include <vemo/base/WidePath.h>
 #include <vemo/base/WideStream.h>
+#include <vemo/import/Exception.h>
 #include <vemo/import/SceneConverter.h>
 #include <vemo/import/SceneFormatHandler.h>
 #include <vemo/import/archive/ZipFileReader.h>
@@ -10,11 +11,15 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstdlib>
+#include <fmt/format.h>
 #include <fstream>
 #include <ostream>
 #include <string_view>
 #include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
 
 namespace vemo {
 
@@ -26,6 +31,28 @@ namespace {
 
 constexpr std::string_view ZIP_SIGNATURE = "PK\x03\x04";
 constexpr char DATABASE_START = '{';
+
+/// A new temporary file.
+std::wstring makeTemporaryFile() {
+  std::wstring path = Platform::filesystem().makeTemporaryFile(L"");
+  if (path.empty()) {
+    const int error = errno;
+    throw OutputException(fmt::format("Cannot create a file for the converted scene in {}: {}",
+                                      Platform::filesystem().getTemporaryFolder().native(),
+                                      std::generic_category().message(error)));
+  }
+  return path;
+}
+
+/// A forked child inherits the list of files and the functions called at exit, but
+/// the files are its parent's.
+void forgetFilesOfParent(std::list<std::wstring>& files) {
+  static pid_t process = getpid();
+  if (process != getpid()) {
+    process = getpid();
+    files.clear();
+  }
+}
 
 /// Whether opening or reading the file may block: a pipe, a socket, a terminal.
 bool mayBlock(const std::wstring& path) {
@@ -79,13 +106,16 @@ SceneFormatHandler::SceneFormat SceneFormatHandler::detectSceneFormat(const std:
 }
 
 std::wstring SceneFormatHandler::convertZippedScene(const std::wstring& path) {
-  const std::wstring temporaryPath = Platform::filesystem().makeTemporaryFile(L"");
+  const std::wstring temporaryPath = makeTemporaryFile();
   VEMO_LOG_INFO("Registering temporary file \"" << temporaryPath << "\" to be deleted later");
+  forgetFilesOfParent(_filesToDelete);
   _filesToDelete.push_back(temporaryPath);
   if (std::atexit(clearTemporaryFiles) != 0) {
     VEMO_LOG_ERROR("Failed to register a function for cleaning temporary files");
   }
-  SceneConverter(path, temporaryPath).run();
+  SceneConverter converter(path, temporaryPath);
+  converter.setWriteFailureObserver([](const std::string& cause) { throw OutputException(cause); });
+  converter.run();
   return temporaryPath;
 }
 
@@ -119,6 +149,7 @@ FileIoStatus SceneFormatHandler::loadVemoScene(const std::wstring& path, Loading
 }
 
 void SceneFormatHandler::clearTemporaryFiles() {
+  forgetFilesOfParent(_filesToDelete);
   for (const std::wstring& path : _filesToDelete) {
     if (!Platform::filesystem().exists(path)) {
       continue;

@@ -111,12 +111,15 @@ int SceneImport::Session::open() {
 void SceneImport::Session::close() {
   if (_number != lum::NO_SESSION) {
     lum::NodeRegistrySessions::getSingleton().destroySession(_number);
-    leaveOpen();
+    _number = lum::NO_SESSION;
   }
 }
 
 void SceneImport::Session::leaveOpen() {
-  _number = lum::NO_SESSION;
+  if (_number != lum::NO_SESSION) {
+    lum::NodeRegistry::getSingleton(_number).release();
+    _number = lum::NO_SESSION;
+  }
 }
 
 SceneImport::SceneImport(const std::wstring& path) : _reader(ZipFileReader(path)) {}
@@ -151,6 +154,7 @@ void SceneImport::close() {
 }
 
 void SceneImport::leaveSessionOpen() {
+  _sceneNode = nullptr;
   _session.leaveOpen();
 }
 

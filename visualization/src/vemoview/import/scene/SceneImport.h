@@ -31,6 +31,7 @@ class SceneImport {
 
   /// Releases the scene graph.
   void close();
+  /// Keeps the session open, without the nodes in it.
   void leaveSessionOpen();
 
  private:
@@ -43,8 +44,8 @@ class SceneImport {
     ~Session();
 
     int open();
-    void leaveOpen();
     void close();
+    void leaveOpen();
 
    private:
     int _number = lum::NO_SESSION;

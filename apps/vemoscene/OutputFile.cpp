@@ -1,0 +1,111 @@
+#include "OutputFile.h"
+
+#include "TemporaryFiles.h"
+#include "base/AtomicFile.h"
+#include "output/ExitCode.h"
+#include "output/ResultStream.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cerrno>
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <fstream>
+#include <system_error>
+#include <unistd.h>
+#include <vector>
+
+namespace vemo {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+[[noreturn]] void fail(const std::string& output, const std::string& reason) {
+  throw Failure(ExitCode::CANNOT_WRITE, fmt::format("Cannot write \"{}\": {}", output, reason));
+}
+
+/// The program holds a closed standard output with a file that it opens to read.
+void checkStandardOutput() {
+  const int flags = fcntl(STDOUT_FILENO, F_GETFL);
+  if (flags < 0 || (flags & O_ACCMODE) == O_RDONLY) {
+    throw Failure(ExitCode::CANNOT_WRITE, "Standard output is closed");
+  }
+}
+
+/// Whether a file is of a kind, or empty.
+bool isOfKind(const std::string& file, const FileKind& kind) {
+  std::ifstream in(file, std::ios::binary);
+  if (!in) {
+    fail(file, fmt::format("it cannot be read to see what it is ({}); --force replaces it",
+                           std::generic_category().message(errno)));
+  }
+  std::string start(kind.start.size(), '\0');
+  in.read(start.data(), static_cast<std::streamsize>(start.size()));
+  return in.gcount() == 0 || start == kind.start;
+}
+
+void checkSpecialFile(const std::string& output, const FileKind& kind, const fs::file_status& status) {
+  if (fs::is_directory(status)) {
+    fail(output, "it is a folder");
+  }
+  if (!kind.isSequential) {
+    fail(output, "it is not a regular file");
+  }
+}
+
+}  // namespace
+
+bool hasEnding(const std::string& output, const FileKind& kind) {
+  const std::string_view ending = kind.ending;
+  const auto lower = [](unsigned char c) { return std::tolower(c); };
+  return output.size() >= ending.size() &&
+         std::ranges::equal(std::string_view(output).substr(output.size() - ending.size()), ending, {}, lower,
+                            lower);
+}
+
+void rejectOtherEnding(const std::string& output, const std::string& kinds) {
+  if (fs::path(output).has_extension()) {
+    throw Failure(ExitCode::WRONG_USAGE,
+                  fmt::format("Cannot write \"{}\": kinds that can be written: {}", output, kinds));
+  }
+}
+
+bool isStandardOutput(const std::string& output) {
+  return output == "-" || output == "/dev/stdout" || output == "/dev/fd/1" || output == "/proc/self/fd/1";
+}
+
+void checkOutput(const std::string& output, const FileKind& kind, bool force) {
+  removePartialOutputWhenEnded();
+  if (isStandardOutput(output)) {
+    checkStandardOutput();
+    return;
+  }
+  std::error_code ignored;
+  const fs::file_status status = fs::status(output, ignored);
+  if (fs::exists(status) && !fs::is_regular_file(status)) {
+    checkSpecialFile(output, kind, status);
+    return;
+  }
+  if (fs::exists(status) && !force && !isOfKind(output, kind)) {
+    fail(output, fmt::format("it exists and is not a {}; --force replaces it", kind.description));
+  }
+  // Makes the temporary file, and removes it again.
+  const OS::AtomicFile attempt(output);
+}
+
+void copyToStandardOutput(const fs::path& file) {
+  constexpr std::size_t BLOCK_SIZE = std::size_t{1} << 20U;
+  std::ifstream in(file, std::ios::binary);
+  std::vector<char> block(BLOCK_SIZE);
+  ResultStream out;
+  while (in.read(block.data(), BLOCK_SIZE), in.gcount() > 0) {
+    out.write(block.data(), in.gcount());
+  }
+  if (!in.eof()) {
+    throw Failure(ExitCode::CANNOT_WRITE, fmt::format("Cannot read {}", file.native()));
+  }
+  out.finish();
+}
+
+}  // namespace vemo

@@ -1,0 +1,101 @@
+#include "base/AtomicFile.h"
+#include "support/Files.h"
+#include "support/OrdinaryUser.h"
+#include "support/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace vemo {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A folder with a file, both of an ordinary user.
+class AtomicFileTest : public testing::Test {
+ protected:
+  AtomicFileTest() {
+    writeFile(_file, "former");
+    if (getuid() == 0) {
+      for (const fs::path& path : {_folder.path(), _file}) {
+        EXPECT_EQ(chown(path.c_str(), AsOrdinaryUser::NOBODY, AsOrdinaryUser::NOBODY), 0);
+      }
+    }
+  }
+
+  /// Writes the file; returns why that failed.
+  std::string write() const {
+    try {
+      OS::AtomicFile file(_file);
+      file.write("new", 3, 0);
+      file.commit();
+      return {};
+    } catch (const OS::FileWriteError& error) {
+      return error.what();
+    }
+  }
+
+  TemporaryFolder _folder;
+  fs::path _file = _folder / "file";
+};
+
+TEST_F(AtomicFileTest, RefusesWhatItsUserMayNotWrite) {
+  const AsOrdinaryUser user;
+  chmod(_file.c_str(), 0444);
+  EXPECT_EQ(write(), "Cannot write " + _file.string() + ": Permission denied");
+  chmod(_file.c_str(), 0600);
+  chmod(_folder.path().c_str(), 0500);
+  EXPECT_EQ(write(), "Cannot write " + _file.string() +
+                         ": it can only be replaced as a whole, and no file can be created in its folder: "
+                         "Permission denied");
+  chmod(_folder.path().c_str(), 0700);
+  EXPECT_EQ(readFile(_file), "former");
+}
+
+TEST_F(AtomicFileTest, KeepsOwnerGroupAndPermissions) {
+  chmod(_file.c_str(), 0640);
+  struct stat before {};
+  struct stat after {};
+  stat(_file.c_str(), &before);
+  EXPECT_EQ(write(), "");
+  stat(_file.c_str(), &after);
+  EXPECT_NE(after.st_ino, before.st_ino);
+  EXPECT_EQ(after.st_uid, before.st_uid);
+  EXPECT_EQ(after.st_gid, before.st_gid);
+  EXPECT_EQ(after.st_mode, before.st_mode);
+  if (getuid() == 0) {
+    EXPECT_EQ(chown(_file.c_str(), 0, 0) | chmod(_file.c_str(), 0666), 0);
+    const AsOrdinaryUser user;
+    EXPECT_THAT(write(), testing::HasSubstr("would get another owner"));
+    EXPECT_EQ(countFiles(_folder.path()), 1);
+  }
+}
+
+TEST_F(AtomicFileTest, RemovesOnlyItsOwnTemporaryFile) {
+  const fs::path former = fs::current_path();
+  fs::current_path(_folder.path());
+  auto file = std::make_unique<OS::AtomicFile>("relative");
+  fs::current_path(former);
+  const auto filesLeft = [this] { return countFiles(_folder.path()); };
+  EXPECT_EQ(filesLeft(), 2);
+  const pid_t child = fork();
+  if (child == 0) {
+    file.reset();
+    _exit(0);
+  }
+  waitpid(child, nullptr, 0);
+  EXPECT_EQ(filesLeft(), 2) << "it is the parent's";
+  file.reset();
+  EXPECT_EQ(filesLeft(), 1);
+  const OS::AtomicFile unfinished(_file);
+  OS::removeUncommittedFiles();
+  EXPECT_EQ(filesLeft(), 1);
+  EXPECT_EQ(readFile(_file), "former");
+}
+
+}  // namespace
+
+}  // namespace vemo
