@@ -233,8 +233,9 @@ TEST(CoordinateSystemFeatureTest, StandsInTheModelAsLargeOnTheScreenAtEveryScale
 TEST(CoordinateSystemFeatureTest, IsLitFromTheSameSideWhenItIsMirrored) {
   const Picture picture =
       FeatureScene("<view><position z='5'/></view>" +
-                       assembly("A", "<reflect planeEqnCoeffA='1'/><coordinatesystem visibility='1' "
-                                     "textColor='000000ff'><origin x='0.3'/></coordinatesystem>"),
+                       assembly("A",
+                                "<reflect planeEqnCoeffA='1'/><coordinatesystem visibility='1' "
+                                "textColor='000000ff'><origin x='0.3'/></coordinatesystem>"),
                    "ffffff00")
           .draw();
   EXPECT_LT(boxWhere(picture, isDark).count, 20);

@@ -1,4 +1,4 @@
-#include "geometry/ContourEdges.h"
+#include "geometry/drawing/ContourEdges.h"
 #include "support/Meshes.h"
 
 #include <vtkCellArray.h>

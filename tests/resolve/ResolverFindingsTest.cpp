@@ -262,6 +262,11 @@ TEST(ResolverFindingsTest, SayWhatIsNotDrawnAsTheSceneSays) {
   expectFindings("a legend beside the window", 1, {"legend-moved"}, [](auto& scene) {
     addLegend(scene).getPositionAttributes().setPosition({0.95, 0, 0}, false);
   });
+  expectFindings("a comb, which no fan of triangles fills", 0, {"polygons-folded"}, [](auto& scene) {
+    scene.addSurface(makePolyData(flat({0, 0, 4, 0, 4, 4, 3, 4, 3, 2, 1, 2, 1, 4, 0, 4}),
+                                  {.polys = {{0, 1, 2, 3, 4, 5, 6, 7}}}),
+                     {1, 1, 1});
+  });
   expectFindings("a text of 2000 letters", 1, {},
                  [](auto& scene) { addText(scene, std::string(2000, 'x')); });
   expectFindings("a longer text", 1, {"text-changed"},

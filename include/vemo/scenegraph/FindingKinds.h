@@ -58,6 +58,7 @@
   KIND(POINT_SCALE_ADJUSTED, CHANGED, "Points are scaled over another range, or to other sizes, than stated, because they cannot have these.") \
   KIND(POINTS_NOT_SCALED, CHANGED, "Points are drawn in one size: no data scale them.") \
   KIND(POINTS_WITHOUT_POSITION, CHANGED, "Points have coordinates that are not finite: they, and the faces that they are corners of, are not drawn.") \
+  KIND(POLYGONS_FOLDED, CHANGED, "Polygons are concave or cross themselves in such a way that they are drawn in another shape.") \
   KIND(REFERENCE_LOST, LOST, "A reference to a node outside the written scene is not written.") \
   KIND(REPEATS_LIMITED, LOST, "Of very many repeats only the first are shown.") \
   KIND(ROOT_UNKNOWN, CHANGED, "The root element is not called `scene`, but is read as one.") \

@@ -1,8 +1,8 @@
 #include "vemoview/render/draw/MeshProps.h"
 
 #include "geometry/Bounds.h"
-#include "geometry/ContourEdges.h"
-#include "geometry/DrawableCells.h"
+#include "geometry/drawing/ContourEdges.h"
+#include "geometry/drawing/DrawableCells.h"
 #include "vemoview/render/vtk/ClippedInput.h"
 #include "vemoview/render/vtk/Matrix.h"
 #include "vemoview/render/vtk/MeshActor.h"

@@ -1,8 +1,9 @@
 #include "vemoview/resolve/mesh/MeshResolver.h"
 
 #include "geometry/CellValidator.h"
-#include "geometry/DrawableCells.h"
 #include "geometry/Normals.h"
+#include "geometry/drawing/DrawableCells.h"
+#include "geometry/drawing/PolygonFans.h"
 #include "vemoview/resolve/mesh/AppearanceResolver.h"
 #include "vemoview/resolve/mesh/ArrayLookup.h"
 #include "vemoview/resolve/mesh/PointScaling.h"
@@ -201,10 +202,20 @@ class MeshBuilder {
     const auto* const cells = std::ranges::find(MESH_KINDS, kind, &MeshKind::kind);
     // Not const: each release of a poly data has VTK look for circles of references.
     auto drawable = drawableCells(*_geometry, cells->cells);
-    if (kind != Appearance::Kind::SURFACE) {
+    if (kind == Appearance::Kind::SURFACE) {
+      unfold(drawable);
+    } else {
       drawable = withoutNormals(*drawable);
     }
     return drawable;
+  }
+
+  void unfold(vtkSmartPointer<vtkPolyData>& faces) const {
+    if (const vtkIdType count = unfoldFans(faces); count > 0) {
+      reportFinding(FindingCode::POLYGONS_FOLDED,
+                    fmt::format("{} polygons of \"{}\" are drawn in another shape: they are concave", count,
+                                _node.getName()));
+    }
   }
 
   /// Lines and points are not lit as the faces that share their points.

@@ -1,4 +1,4 @@
-#include "geometry/ContourEdges.h"
+#include "geometry/drawing/ContourEdges.h"
 
 #include "geometry/Cells.h"
 #include "geometry/Normals.h"

@@ -1,7 +1,7 @@
-#include "geometry/DrawableCells.h"
+#include "geometry/drawing/DrawableCells.h"
 
 #include "geometry/Cells.h"
-#include "geometry/StrayPoints.h"
+#include "geometry/drawing/StrayPoints.h"
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>

@@ -1,4 +1,4 @@
-#include "geometry/StrayPoints.h"
+#include "geometry/drawing/StrayPoints.h"
 
 #include "geometry/Cells.h"
 #include "geometry/Points.h"

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <vemo/geometry/Export.h>
+
+#include <vtkSmartPointer.h>
+#include <vtkType.h>
+
+class vtkPolyData;
+
+namespace vemo {
+
+/// VTK draws polygons as fans of triangles around their first point. Lets concave
+/// ones begin at a point around which the triangles do not fold over each other,
+/// if they have one, as all quadrilaterals have; replaces the poly data by a
+/// copy then, which shares the rest. Cells are valid (CellValidator), and all
+/// points are finite.
+///
+/// Returns the number of polygons of which no fan has the shape.
+VEMO_GEOMETRY_EXPORT vtkIdType unfoldFans(vtkSmartPointer<vtkPolyData>& geometry);
+
+}  // namespace vemo
