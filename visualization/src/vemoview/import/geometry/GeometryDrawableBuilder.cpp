@@ -2,6 +2,7 @@
 
 #include "geometry/Normals.h"
 #include "vemoview/import/geometry/PointBounds.h"
+#include "vemoview/import/reading/CopiedText.h"
 #include "vemoview/import/reading/ReadingContext.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/geometry/GeometrySettings.h>
@@ -92,7 +93,7 @@ lum::PolyDataNode& GeometryDrawableBuilder::addPolyData(const std::string& quali
   node->setAttachmentPoint(findCenter(), 0);
   node->setPolyData(&_polyData);
   _drawable.addNode(*node);
-  node->setQualifiedName(qualifiedName);
+  node->setQualifiedName(beginOf(qualifiedName, MAX_COPIED_TEXT));
   return *node;
 }
 

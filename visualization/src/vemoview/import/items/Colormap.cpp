@@ -1,4 +1,5 @@
 #include "vemoview/common/VtkForms.h"
+#include "vemoview/import/reading/CopiedText.h"
 #include "vemoview/import/reading/DescriptionWalk.h"
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/SceneFileReader.h"
@@ -52,6 +53,11 @@ void Colormap::read(const QxElement& element, SceneFileReader* reader) {
 
 void Colormap::readImpl(const QxElement& element, SceneFileReader* reader) {
   KEYS.read(*this, element, reader);
+  if (_title.size() > MAX_COPIED_TEXT) {
+    _title = beginOf(_title, MAX_COPIED_TEXT);
+    reader->report(FindingCode::TEXT_CHANGED,
+                   "The title is cut off after " + std::to_string(MAX_COPIED_TEXT) + " bytes", {}, "title");
+  }
   // Every child is a colour, whatever its name.
   _colors.clear();
   for (const auto& child : element.getChildren()) {

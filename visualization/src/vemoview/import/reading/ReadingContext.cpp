@@ -1,5 +1,6 @@
 #include "vemoview/import/reading/ReadingContext.h"
 
+#include "vemoview/import/reading/CopiedText.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/Exception.h>
 #include <vemo/import/FaultFinding.h>
@@ -26,12 +27,7 @@ std::string ReadingContext::pathPart(std::string_view name) {
   if (name.size() <= MAX_NAME_LENGTH) {
     return std::string(name);
   }
-  // Truncated between characters.
-  std::size_t end = MAX_NAME_LENGTH;
-  while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0) == 0x80) {
-    --end;
-  }
-  return std::string(name.substr(0, end)) + "...";
+  return beginOf(name, MAX_NAME_LENGTH) + "...";
 }
 
 void ReadingContext::extendPath(std::string& path, const std::string& part) {

@@ -1,4 +1,5 @@
 #include "vemoview/import/items/SharedCollection.h"
+#include "vemoview/import/reading/CopiedText.h"
 #include "vemoview/import/reading/ElementVersion.h"
 #include "vemoview/import/reading/ReadingContext.h"
 #include "vemoview/import/scene/ChildElements.h"
@@ -85,6 +86,10 @@ void AssemblyItem::readBase(const QxElement& element, SceneFileReader* reader) {
 
 void AssemblyItem::readImpl(const QxElement& element, SceneFileReader* reader) {
   logChildrenFound(element.getChildren().size());
+  if (getName().size() > MAX_COPIED_TEXT) {
+    reader->report(FindingCode::TEXT_CHANGED, "The name is very long: qualified names have the first " +
+                                                  std::to_string(MAX_COPIED_TEXT) + " bytes of it");
+  }
   makeReadingCommandsMap();
   readChildren(*this, _readingCommands, element, reader);
   // Scenes may hold a great many assemblies; none is read twice.
@@ -185,7 +190,7 @@ void AssemblyItem::reportSharing(const SharedBySiblings& shared, lum::DrawableCo
 void AssemblyItem::convertExtras(SharedBySiblings& shared, lum::DrawableCollection& target, int level,
                                  bool isOuterColormap) const {
   if (level == 1) {
-    target.setQualifiedName(getName());
+    target.setQualifiedName(beginOf(getName(), MAX_COPIED_TEXT));
   }
   // The colormap that the legend lacks may be what could not be read.
   if (_legend && (shared.colormap != nullptr || !_isIncomplete)) {
