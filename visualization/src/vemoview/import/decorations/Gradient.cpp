@@ -21,9 +21,6 @@ Gradient::~Gradient() = default;
 
 void Gradient::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement<GraphicsItem>(*this, element, reader);
-  if (statesVisibility(element) && getVisibility() != 1.0) {
-    ValueReader(element, reader, OnBadValue::FAIL).reportWithoutEffect(XML_ATTRIB_VISIBILITY);
-  }
 }
 
 void Gradient::addToCollection(SharedBySiblings& /*shared*/, lum::DrawableCollection& /*collection*/,
