@@ -233,8 +233,8 @@ void GeometryItem::reportUnused(const ValueReader& values) const {
   }
   for (const auto& [key, range] : {std::pair("pointScaleScalarRange", &_settings.pointScaleScalarRange),
                                    std::pair("pointScaleScalarMapTo", &_settings.pointScaleScalarMapTo)}) {
-    if (*range && (**range)[2] != 0.0) {
-      values.reportWithoutEffect(key);
+    if (*range) {
+      values.reportDepthWithoutEffect(key, (**range)[2]);
     }
   }
 }

@@ -77,6 +77,16 @@ ReadingContext::AttributeScope::~AttributeScope() {
   }
 }
 
+ReadingContext::ThrowingScope::ThrowingScope(ReadingContext* context)
+    : _context(context),
+      _collectedFaults(context != nullptr && std::exchange(context->_collectsFaults, false)) {}
+
+ReadingContext::ThrowingScope::~ThrowingScope() {
+  if (_context != nullptr) {
+    _context->_collectsFaults = _collectedFaults;
+  }
+}
+
 void ReadingContext::noteFailure(int formerExceptions) {
   // The innermost scope is destroyed first: its place is that of the exception.
   if (std::uncaught_exceptions() > formerExceptions && _failure.itemPath.empty()) {

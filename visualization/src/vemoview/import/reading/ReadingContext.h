@@ -50,6 +50,25 @@ class VEMO_IMPORT_EXPORT ReadingContext {
     int _exceptions;
   };
 
+  /// In its lifetime `attempt` throws failures, also where they are collected. A null
+  /// context is accepted.
+  class VEMO_IMPORT_EXPORT ThrowingScope {
+   public:
+    explicit ThrowingScope(ReadingContext* context);
+    ~ThrowingScope();
+    ThrowingScope(const ThrowingScope&) = delete;
+    ThrowingScope& operator=(const ThrowingScope&) = delete;
+
+   private:
+    ReadingContext* _context;
+    bool _collectedFaults;
+  };
+
+  /// Counts what is ignored or left out, with a finding: what then seems to be missing
+  /// may only be that.
+  void noteLoss() { ++_lossCount; }
+  std::size_t countLosses() const { return _lossCount; }
+
   /// The items being read, outermost first, as "scene/wing/pressure".
   std::string getItemPath() const;
 

@@ -19,6 +19,7 @@ namespace {
 constexpr std::uint8_t OPAQUE = 255;
 
 const std::string VECTOR_COMPONENTS[] = {"x", "y", "z"};
+const std::string& DEPTH = VECTOR_COMPONENTS[2];
 
 std::string inQuotes(const std::string& name) {
   return '"' + name + '"';
@@ -62,15 +63,27 @@ void ValueReader::report(FindingCode code, const std::string& text, const std::s
 }
 
 void ValueReader::warnOfCurrentException(const KeyDescription& key) const {
+  const bool isOfChild = _element.findAttribute(key.name) == nullptr;
   try {
     throw;
   } catch (const NumberFormatException& exception) {
-    const bool isOfChild = _element.findAttribute(key.name) == nullptr;
     warnIgnored(key,
                 isOfChild ? quotedUnlessLong(exception.getMessage()) + " is not a number" : "not a number");
   } catch (const InternalError& error) {
     warnIgnored(key, error.getMessage());
   }
+  if (const QxElement* const child = isOfChild ? _element.findChild(key.name) : nullptr) {
+    markTreeRead(*child);
+  }
+}
+
+void ValueReader::reportDepthWithoutEffect(const std::string& vector, double depth) const {
+  const QxElement* const child = _element.findChild(vector);
+  if (child == nullptr || depth == 0.0) {
+    return;
+  }
+  const ReadingContext::ItemScope scope(_reader, vector, child->getPlace());
+  ValueReader(*child, _reader, _onBadValue).reportWithoutEffect(DEPTH);
 }
 
 void ValueReader::reportWithoutEffect(const std::string& attribute) const {
@@ -82,7 +95,8 @@ template <class T, class Get>
 void ValueReader::readAttribute(const KeyDescription& key, const ValueForm& form, T& value, Get get) const {
   const std::string* const text = _element.findAttribute(key.name);
   const bool isOfForm = text != nullptr && form.matches(*text);
-  if (text == nullptr || (!isOfForm && _onBadValue == OnBadValue::WARN)) {
+  const bool isIgnored = !isOfForm && (key.isIgnoredIfBad || _onBadValue == OnBadValue::WARN);
+  if (text == nullptr || isIgnored) {
     if (text != nullptr) {
       warnIgnored(key, form.flaw);
     }
@@ -186,6 +200,8 @@ const QxElement* ValueReader::findVector(const KeyDescription& key) const {
 
 const QxElement* ValueReader::findOnlyChild(const KeyDescription& key) const {
   const QxElement* const first = _element.findChild(key.name);
+      // One finding covers all of it.
+      markTreeRead(*child);
   for (const auto& child : _element.getChildren()) {
     if (child->getName() == key.name && child.get() != first && _reader != nullptr) {
       markTreeRead(*child);
@@ -209,9 +225,7 @@ void ValueReader::read(const KeyDescription& key, Vector<2, double>& value) cons
   Vector<3, double> vector{value[0], value[1], 0.0};
   read(key, vector);
   value = {vector[0], vector[1]};
-  if (vector[2] != 0.0) {
-    reportWithoutEffect(key.name);
-  }
+  reportDepthWithoutEffect(key.name, vector[2]);
 }
 
 void ValueReader::read(const KeyDescription& key, std::unique_ptr<Vector<3, double>>& value) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "vemoview/import/reading/KeyDescription.h"
+#include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/import/reading/Readable.h>
 #include <vemo/import/xml/QxElement.h>
 #include <vemo/scenegraph/Finding.h>
@@ -64,6 +65,7 @@ class ValueReader {
       });
     }
   }
+        const ReadingContext::ItemScope scope(_reader, key.name, child->getPlace());
 
  private:
   /// @param get reads the attribute, which is present
@@ -90,8 +92,11 @@ class ValueReader {
       warnOfCurrentException(key);
     }
   }
+    // What is ignored is not a fault of the scene.
+    const ReadingContext::ThrowingScope scope(_reader);
 
-  /// Rethrows the exception if it is not about a bad value.
+  /// Rethrows the exception if it is not about a bad value. Else the child that it is
+  /// about counts as read: one finding covers all of it.
   void warnOfCurrentException(const KeyDescription& key) const;
   void warnIgnored(const KeyDescription& key, const std::string& reason) const;
   /// About an attribute, or else the child element of that name.
