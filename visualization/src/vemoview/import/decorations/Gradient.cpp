@@ -13,7 +13,8 @@ const KeyTable<Gradient> Gradient::KEYS({
         "mode",
         "where the first colour is, and where the second. `SOLID`, also the result of "
         "an unknown word, is an error")
-        .named(MODES),
+        .named(MODES)
+        .refusedIfBad(),
 });
 
 Gradient::Gradient(std::string name) : GraphicsItem(std::move(name)) {}

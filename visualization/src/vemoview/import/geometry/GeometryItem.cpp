@@ -200,10 +200,6 @@ void GeometryItem::reportSettingsOutOfRange(SceneFileReader& reader) const {
   if (_settings.pointScaleMode < 0 || _settings.pointScaleMode > 2) {
     report(_settings.pointScaleMode, "pointScaleMode", "counts as 0");
   }
-  if (const auto& sizes = _settings.pointScaleScalarMapTo;
-      sizes && std::min((*sizes)[0], (*sizes)[1]) < 0.0) {
-    report(std::min((*sizes)[0], (*sizes)[1]), "pointScaleScalarMapTo", "is drawn as the smallest size");
-  }
   const double width = _settings.lineWidth;
   for (const auto& [key, value, greatest] :
        {std::tuple("lineWidth", width, WIDEST), std::tuple("pointSize", _settings.pointSize, WIDEST),

@@ -180,6 +180,14 @@ void ReadingContext::report(Finding finding) {
   Findings::getSingleton().report(_findings.back());
 }
 
+void ReadingContext::keepConsequence(FindingCode code, const std::string& text, const std::string& entry) {
+  if (_collectsFaults) {
+    const Place place = getPlace();
+    _consequences.push_back(
+        {code, text, entry, place.itemPath, place.element.line, place.attribute, place.element.number});
+  }
+}
+
 void ReadingContext::keepFault(Finding fault) {
   if (++_faultCount == 1) {
     _firstFault = std::current_exception();
@@ -214,6 +222,12 @@ void report(ReadingContext* context, FindingCode code, const std::string& text) 
     context->report(code, text);
   } else {
     reportFinding(code, text);
+  }
+}
+
+void keepConsequence(ReadingContext* context, FindingCode code, const std::string& text) {
+  if (context != nullptr) {
+    context->keepConsequence(code, text);
   }
 }
 

@@ -138,6 +138,10 @@ class VEMO_IMPORT_EXPORT ReadingContext {
   void reportReplaced(FindingCode code, const std::string& text, const ElementPlace& earlier,
                       const std::string& entry = {}, const std::string& path = {});
   const std::vector<Finding>& getFindings() const { return _findings; }
+  /// Keeps what only follows from something else that is reported, if failures are
+  /// collected, too. It is not reported.
+  void keepConsequence(FindingCode code, const std::string& text, const std::string& entry = {});
+  const std::vector<Finding>& getConsequences() const { return _consequences; }
 
  private:
   struct Item {
@@ -172,7 +176,9 @@ class VEMO_IMPORT_EXPORT ReadingContext {
   bool _reportsAll = false;
   std::exception_ptr _firstFault;
   std::size_t _faultCount = 0;
+  std::size_t _lossCount = 0;
   std::vector<Finding> _findings;
+  std::vector<Finding> _consequences;
   std::map<FindingCode, std::size_t> _counts;
 };
 
@@ -187,6 +193,10 @@ bool attempt(ReadingContext* context, Function&& function) {
   return true;
 }
 
+inline std::size_t countLosses(const ReadingContext* context) {
+  return context != nullptr ? context->countLosses() : 0;
+}
+
 /// 0 without a context.
 inline std::size_t countFaults(const ReadingContext* context) {
   return context != nullptr ? context->countFaults() : 0;
@@ -195,5 +205,7 @@ inline std::size_t countFaults(const ReadingContext* context) {
 /// For conversion, which a host may start without a context: the finding then
 /// names no item.
 VEMO_IMPORT_EXPORT void report(ReadingContext* context, FindingCode code, const std::string& text);
+/// For what only follows from something else that is reported.
+VEMO_IMPORT_EXPORT void keepConsequence(ReadingContext* context, FindingCode code, const std::string& text);
 
 }  // namespace vemo

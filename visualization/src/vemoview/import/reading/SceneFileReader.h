@@ -43,6 +43,9 @@ class VEMO_IMPORT_EXPORT SceneFileReader : public ArchiveReader, public ReadingC
   /// were not read.
   void excuseEntriesOf(const QxElement& element);
   bool isExcused(const std::string& entryName) const { return _excused.contains(entryName); }
+  /// The same for an element that is ignored.
+  void loseEntriesOf(const QxElement& element);
+  bool isLost(const std::string& entryName) const { return _lost.contains(entryName); }
 
   /// Reads the whole scene into a new Scene. The result holds it from the
   /// start: if an exception is thrown, it is partly filled. Defined with the
@@ -51,11 +54,13 @@ class VEMO_IMPORT_EXPORT SceneFileReader : public ArchiveReader, public ReadingC
 
  private:
   void readItems(Scene& scene);
+  void addEntriesOf(const QxElement& element, std::set<std::string>& names) const;
   void reportFlaws(const ZipFileReader::ContentFlaws& flaws, const std::string& entryName) override;
 
   bool _keepsDescription = false;
   std::unique_ptr<QxElement> _description;
   std::set<std::string> _excused;
+  std::set<std::string> _lost;
 };
 
 }  // namespace vemo

@@ -91,6 +91,17 @@ void ValueReader::reportWithoutEffect(const std::string& attribute) const {
          "The " + inQuotes(attribute) + " of " + inQuotes(_element.getName()) + " has no effect", attribute);
 }
 
+bool ValueReader::isOfNumbers(const std::string& name) const {
+  const auto isNumber = [](const QxElement::Attribute* attribute) {
+    return attribute == nullptr || NUMBER_FORM.matches(attribute->getValue());
+  };
+  const QxElement* const child = _element.findChild(name);
+  return isNumber(_element.peekAttribute(name)) &&
+         (child == nullptr || std::ranges::all_of(VECTOR_COMPONENTS, [&](const std::string& component) {
+            return isNumber(child->peekAttribute(component));
+          }));
+}
+
 template <class T, class Get>
 void ValueReader::readAttribute(const KeyDescription& key, const ValueForm& form, T& value, Get get) const {
   const std::string* const text = _element.findAttribute(key.name);
@@ -189,6 +200,8 @@ const QxElement* ValueReader::findVector(const KeyDescription& key) const {
     }
     if (_onBadValue == OnBadValue::WARN) {
       warnIgnored(key, quotedUnlessLong(*text) + " is " + NUMBER_FORM.flaw);
+      // One finding covers all of it.
+      markTreeRead(*child);
       return nullptr;
     }
     const ReadingContext::ItemScope scope(_reader, key.name, child->getPlace());
@@ -200,8 +213,6 @@ const QxElement* ValueReader::findVector(const KeyDescription& key) const {
 
 const QxElement* ValueReader::findOnlyChild(const KeyDescription& key) const {
   const QxElement* const first = _element.findChild(key.name);
-      // One finding covers all of it.
-      markTreeRead(*child);
   for (const auto& child : _element.getChildren()) {
     if (child->getName() == key.name && child.get() != first && _reader != nullptr) {
       markTreeRead(*child);
@@ -246,7 +257,7 @@ int ValueReader::readWord(const KeyDescription& key, int current) const {
     return word;
   }
   if (_onBadValue == OnBadValue::FAIL) {
-    if (!text->empty()) {
+    if (!text->empty() && !key.isRefusedIfBad) {
       reportUnreadable(_reader, *text, inQuotes(key.name), "not an allowed value", wordText(key.words, 0),
                        key.name);
     }
