@@ -152,7 +152,7 @@ TEST_F(SceneAuditTest, ListsWhatIsKnownOfARefusedScene) {
                   "refused cells entry-invalid", "lost stray entry-unused", "refused unread"));
 }
 
-TEST_F(SceneAuditTest, ReportsWhatADirectoryDoesNotCountAndAStrangeRoot) {
+TEST_F(SceneAuditTest, ReportsWhatADirectoryDoesNotCountOrNamesOtherwiseAndAStrangeRoot) {
   ArchiveBuilder()
       .text("scene.xml", "<Szene version='1' visibility='1' background='ffffffff'/>")
       .text("behind", "x")
@@ -161,8 +161,11 @@ TEST_F(SceneAuditTest, ReportsWhatADirectoryDoesNotCountAndAStrangeRoot) {
   // The number of entries, on this disk and in all.
   const std::size_t end = bytes.rfind("PK\5\6");
   bytes[end + 8] = bytes[end + 10] = 1;
+  // In front of the content.
+  bytes[bytes.find("scene.xml")] = 'S';
   writeFile(_folder / "scene.zip", bytes);
-  EXPECT_THAT(codesIn(SceneAudit(archivePath())), ElementsAre("entries-not-counted", "root-unknown"));
+  EXPECT_THAT(codesIn(SceneAudit(archivePath())),
+              ElementsAre("entries-not-counted", "root-unknown", "entry-name-differs"));
 }
 
 TEST_F(SceneAuditTest, GoesOnAfterFaults) {
