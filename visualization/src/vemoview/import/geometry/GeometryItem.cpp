@@ -2,6 +2,7 @@
 #include "vemoview/import/geometry/GeometryDrawableBuilder.h"
 #include "vemoview/import/geometry/GeometryKeys.h"
 #include "vemoview/import/geometry/PolyDataReader.h"
+#include "vemoview/import/geometry/SharedSettings.h"
 #include "vemoview/import/items/SharedCollection.h"
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/SceneFileReader.h"
@@ -70,30 +71,6 @@ T& findDrawable(lum::DrawableCollection& collection, bool isHidden) {
   }
   return found != nullptr ? *found : collection.findOrCreate<T>(name);
 }
-
-/// Everything that geometries with a common drawable share: all attributes
-/// except each one's colours.
-class SharedSettings {
- public:
-  explicit SharedSettings(lum::GeometryDrawable& drawable) {
-    const lum::ColorAttributes& colors = *drawable.getColorAttributes();
-    _colorMode = colors.getColorMode();
-    _color = colors.getColor();
-    _opacity = colors.getOpacity();
-    lum::forEachNode(drawable.getAttributesCollection(), [&](const lum::Node& node) {
-      if (&node != &colors) {
-        _changed = std::max(_changed, node.getModificationTime());
-      }
-    });
-  }
-  bool operator==(const SharedSettings&) const = default;
-
- private:
-  lum::ColorMode _colorMode;
-  std::optional<lum::Vector3> _color;
-  double _opacity;
-  std::uint64_t _changed = 0;
-};
 
 void logArrays(const char* question, vtkDataSetAttributes& data) {
   VEMO_LOG_INFO("*********** How many " << question << " data arrays? " << data.GetNumberOfArrays());
@@ -329,10 +306,11 @@ bool GeometryItem::hasSettingsOfOthers(const lum::GeometryDrawable& drawable) co
 
 template <class T>
 void GeometryItem::addTo(lum::DrawableCollection& collection, bool isHidden, const std::string& parentName,
-                         const SharedBySiblings& shared) const {
+                         SharedBySiblings& shared) const {
   T& drawable = findDrawable<T>(collection, isHidden);
   const bool isShared = hasGeometry(drawable);
-  const SharedSettings before(drawable);
+  PartsDrawn& parts = shared.partsDrawn[&drawable];
+  const SharedSettings before(drawable, parts);
   const bool isColoredByOther = shared.colormap == nullptr && hasColorTable(drawable);
   GeometryDrawableBuilder(_settings, *_polydata, drawable, shared.context).build(parentName);
   if (_property) {
@@ -340,7 +318,7 @@ void GeometryItem::addTo(lum::DrawableCollection& collection, bool isHidden, con
     drawable.template getAttributes<lum::LineAttributes>().setLineWidth(_property->GetLineWidth());
   }
   addVisibilityAttrib(drawable, isHidden);
-  if (isShared && (before != SharedSettings(drawable) || hasSettingsOfOthers(drawable))) {
+  if (isShared && (before != SharedSettings(drawable, parts) || hasSettingsOfOthers(drawable))) {
     report(shared.context, FindingCode::SETTINGS_REPLACED,
            "The geometry \"" + getName() +
                "\" shares the settings of earlier geometry of its name and type, but states different ones");
@@ -350,6 +328,8 @@ void GeometryItem::addTo(lum::DrawableCollection& collection, bool isHidden, con
         shared.context, FindingCode::COLORMAP_REPLACED,
         "The data of \"" + getName() + "\" are coloured as those of earlier geometry of its name and type");
   }
+  parts.lines = parts.lines || _polydata->GetNumberOfLines() > 0;
+  parts.points = parts.points || _geometryType == POINTS || _polydata->GetNumberOfVerts() > 0;
 }
 
 void GeometryItem::logContents(int level) const {
