@@ -64,8 +64,8 @@ class VEMO_IMPORT_EXPORT ReadingContext {
     bool _collectedFaults;
   };
 
-  /// Counts what is ignored or left out, with a finding: what then seems to be missing
-  /// may only be that.
+  /// Counts the data that are ignored or left out, with a finding: what then seems to be
+  /// missing may only be that.
   void noteLoss() { ++_lossCount; }
   std::size_t countLosses() const { return _lossCount; }
 

@@ -39,6 +39,12 @@ void SceneFileReader::dropUnlessNeeded(QxElement& element) const {
   }
 }
 
+bool SceneFileReader::namesEntries(const QxElement& element) const {
+  std::set<std::string> names;
+  addEntriesOf(element, names);
+  return !names.empty();
+}
+
 void SceneFileReader::excuseEntriesOf(const QxElement& element) {
   addEntriesOf(element, _excused);
 }

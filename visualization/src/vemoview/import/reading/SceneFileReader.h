@@ -39,6 +39,8 @@ class VEMO_IMPORT_EXPORT SceneFileReader : public ArchiveReader, public ReadingC
   /// Null unless it is kept and could be read.
   const QxElement* getDescription() const { return _description.get(); }
 
+  /// Whether the element, or one in it, names an entry of the archive.
+  bool namesEntries(const QxElement& element) const;
   /// The entries that the element names do not count as unused, though they
   /// were not read.
   void excuseEntriesOf(const QxElement& element);

@@ -160,7 +160,7 @@ void AssemblyItem::reportEmpty(const SharedBySiblings& shared) const {
   add(!_colormaps.getAll().empty(), "colormaps");
   add(_legend != nullptr, "legend");
   add(_transform != nullptr, "transform");
-  (_isPartlyLost ? keepConsequence : report)(
+  (_isPartlyLost || _lacksData ? keepConsequence : report)(
       shared.context, FindingCode::ASSEMBLY_EMPTY,
       "The assembly \"" + getName() + "\" has no items and is left out" + lost);
 }
@@ -224,7 +224,7 @@ void AssemblyItem::reportUnusedColormaps(const SharedBySiblings& shared) const {
   for (const auto& [name, colormap] : _colormaps.getAll()) {
     if (!shared.usedColormaps.contains(colormap.get())) {
       const ReadingContext::ItemScope scope(shared.context, colormap->getPathName(), colormap->getPlace());
-      const bool mayLackData = _isPartlyLost && colormap.get() == shared.colormap;
+      const bool mayLackData = _lacksData && colormap.get() == shared.colormap;
       (mayLackData ? keepConsequence : report)(
           shared.context, FindingCode::COLORMAP_UNUSED,
           "The colormap \"" + name + "\" colours neither data nor a legend");

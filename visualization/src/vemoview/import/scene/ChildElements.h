@@ -84,7 +84,7 @@ void readChildren(Container& container, const ReadingCommands<Container>& comman
     if (command == commands.end()) {
       // A scene has two sets of commands, but nothing of its own that may be missing.
       container.setPartlyLost();
-      if (reader != nullptr) {
+      if (reader != nullptr && reader->namesEntries(*child)) {
         reader->noteLoss();
       }
       continue;
@@ -110,7 +110,7 @@ void readChildren(Container& container, const ReadingCommands<Container>& comman
       markTreeRead(*child);
     }
     if (countLosses(reader) != losses) {
-      container.setPartlyLost();
+      container.setLacksData();
     }
     if (countFaults(reader) == faults) {
       singles.add(*child);
