@@ -84,7 +84,7 @@ void readChildren(Container& container, const ReadingCommands<Container>& comman
     if (command == commands.end()) {
       // A scene has two sets of commands, but nothing of its own that may be missing.
       container.setPartlyLost();
-      if (reader != nullptr && reader->namesEntries(*child)) {
+      if (reader != nullptr && !child->isRead() && reader->namesEntries(*child)) {
         reader->noteLoss();
       }
       continue;
