@@ -238,6 +238,13 @@ TEST_F(CommandLineTest, ReportsAnUnusableViewOnceInEitherGeneration) {
   }
 }
 
+TEST_F(CommandLineTest, ReportsAnArchiveThatCannotBeOpenedAsAFinding) {
+  writeFile(_folder / "cut.zip", "PK\3\4");
+  const ProgramResult result = run({"check", "cut.zip", "--json"});
+  EXPECT_EQ(result.exitCode, 5);
+  EXPECT_EQ(json::parse(result.out)["findings"][0]["code"], "archive-invalid");
+}
+
 TEST_F(CommandLineTest, ReportsAllDamagedArrays) {
   std::string bytes = readFile(_folder / "scene.sdb");
   std::vector<testing::Matcher<std::string>> expected;

@@ -83,34 +83,36 @@ class SceneAuditTest : public SceneFixture {
 };
 
 TEST_F(SceneAuditTest, ListsWhatBecomesOfEachPart) {
-  _archive.floats("bad", {1, 2, 3}).text("stray", "x");
+  _archive.floats("bad", {1, 2, 3}).text("stray", "x").text("flow", "x");
   EXPECT_THAT(
       changesIn(geometry("colour='red'", "<array name='a' dim='1' data='bad' vertexData='true'/>") +
-                "<flow a='1'><in>text</in></flow><vectors name='v'><b c='d'/></vectors>"
+                "<flow a='flow'><in>text</in></flow><vectors name='v'><b c='d'/></vectors>"
                 "<reflect planeEqnCoeffA='1' flip='true'/><view windowWidth='5' up='1'>loose</view>"),
-      ElementsAre(
-          "unknown scene/g@colour attribute-unknown", "unused scene/g@lineColor", "unused scene/g@faceColor",
-          "unused scene/g@showFaces", "unused scene/g@smoothShading", "lost scene/g/a array-left-out",
-          "lost scene/g/a@name", "lost scene/g/a@dim", "lost scene/g/a@data", "lost scene/g/a@vertexData",
-          "unknown scene/flow element-unknown", "unknown scene/flow@a", "unknown scene/flow/in",
-          "unknown scene/flow/in@text()", "lost scene/v kind-not-shown", "lost scene/v@name",
-          "lost scene/v/b", "lost scene/v/b@c", "lost scene/reflect element-without-effect",
-          "lost scene/reflect@planeEqnCoeffA", "lost scene/reflect@flip", "changed scene/view view-adjusted",
-          "unused scene/view@windowWidth", "unknown scene/view@up attribute-unknown",
-          "lost scene/view@text() text-ignored", "lost bad array-left-out", "lost stray entry-unused"));
+      ElementsAre("unknown scene/g@colour attribute-unknown", "unused scene/g@lineColor",
+                  "unused scene/g@faceColor", "unused scene/g@showFaces", "unused scene/g@smoothShading",
+                  "lost scene/g/a array-left-out", "lost scene/g/a@name", "lost scene/g/a@dim",
+                  "lost scene/g/a@data", "lost scene/g/a@vertexData", "unknown scene/flow element-unknown",
+                  "unknown scene/flow@a", "unknown scene/flow/in", "unknown scene/flow/in@text()",
+                  "lost scene/v kind-not-shown", "lost scene/v@name", "lost scene/v/b", "lost scene/v/b@c",
+                  "lost scene/reflect element-without-effect", "lost scene/reflect@planeEqnCoeffA",
+                  "lost scene/reflect@flip", "changed scene/view view-adjusted",
+                  "unused scene/view@windowWidth", "unknown scene/view@up attribute-unknown",
+                  "lost scene/view@text() text-ignored", "lost bad array-left-out", "lost flow entry-unused",
+                  "lost stray entry-unused"));
 }
 
 TEST_F(SceneAuditTest, TellsApartElementsOfOnePathAndLine) {
   EXPECT_THAT(
-      changesIn("<light intensity='1' color='ffffffff'/><light intensity='-1' color='ffffffff'/>"
+      changesIn("<light intensity='1' color='ffffffff'/><light name='k' intensity='' color='ffffffff'/>"
                 "<gradient topColor='000000ff' bottomColor='000000ff' mode='RADIAL' visibility='1'/>"
                 "<gradient topColor='000000ff' bottomColor='000000ff' mode='RADIAL' visibility='1'/>"
                 "<annotation text='a' visibility='1' textHeight='x'/>"
                 "<annotation text='a' visibility='1'><position x='q'/></annotation>"),
-      ElementsAre("unused scene@background", "changed scene/light@intensity value-unreadable",
-                  "lost scene/gradient element-replaced", "lost scene/gradient@topColor",
-                  "lost scene/gradient@bottomColor", "lost scene/gradient@mode",
-                  "lost scene/gradient@visibility", "changed scene/annotation@textHeight value-ignored",
+      ElementsAre("unused scene@background", "unknown scene/light@name attribute-unknown",
+                  "changed scene/light@intensity value-unreadable", "lost scene/gradient element-replaced",
+                  "lost scene/gradient@topColor", "lost scene/gradient@bottomColor",
+                  "lost scene/gradient@mode", "lost scene/gradient@visibility",
+                  "changed scene/annotation@textHeight value-ignored",
                   "changed scene/annotation/position value-ignored", "lost p entry-unused"));
 }
 
@@ -150,7 +152,7 @@ TEST_F(SceneAuditTest, ListsWhatIsKnownOfARefusedScene) {
                   "refused cells entry-invalid", "lost stray entry-unused", "refused unread"));
 }
 
-TEST_F(SceneAuditTest, ReportsWhatADirectoryDoesNotCountAndAStrangeRoot) {
+TEST_F(SceneAuditTest, ReportsWhatADirectoryDoesNotCountOrNamesOtherwiseAndAStrangeRoot) {
   ArchiveBuilder()
       .text("scene.xml", "<Szene version='1' visibility='1' background='ffffffff'/>")
       .text("behind", "x")
@@ -159,8 +161,11 @@ TEST_F(SceneAuditTest, ReportsWhatADirectoryDoesNotCountAndAStrangeRoot) {
   // The number of entries, on this disk and in all.
   const std::size_t end = bytes.rfind("PK\5\6");
   bytes[end + 8] = bytes[end + 10] = 1;
+  // In front of the content.
+  bytes[bytes.find("scene.xml")] = 'S';
   writeFile(_folder / "scene.zip", bytes);
-  EXPECT_THAT(codesIn(SceneAudit(archivePath())), ElementsAre("entries-not-counted", "root-unknown"));
+  EXPECT_THAT(codesIn(SceneAudit(archivePath())),
+              ElementsAre("entries-not-counted", "root-unknown", "entry-name-differs"));
 }
 
 TEST_F(SceneAuditTest, GoesOnAfterFaults) {
@@ -404,6 +409,10 @@ std::string twins(const std::string& first, const std::string& second) {
   return assembly("A", first + geometry("", data)) + assembly("A", second + geometry("name='h'", data));
 }
 
+std::string text(const std::string& children) {
+  return "<annotation text='t' visibility='1'>" + children + "</annotation>";
+}
+
 std::string colormap(const std::string& attributes) {
   return "<colormap " + attributes + "><color>ff0000ff</color></colormap>";
 }
@@ -412,7 +421,7 @@ TEST_F(SceneAuditTest, TellsWhatCannotBeUsedFromWhatIsSound) {
   const std::string red = colormap("name='c' max='1'");
   const std::string turn = "<transform rotAngle='1'><rotAxis z='1'/></transform>";
   const std::string tri = "polys='tri' pointScaleMode='1' ";
-  _archive.floats("d", {1, 2}).ints("tri", {3, 0, 1, 0}).ints("vert", {1, 0});
+  _archive.floats("d", {1, 2}).ints("tri", {3, 0, 1, 0}).ints("vert", {1, 0}).text("rgb", "rgb");
   const struct {
     const char* name;
     std::string xml;
@@ -447,6 +456,52 @@ TEST_F(SceneAuditTest, TellsWhatCannotBeUsedFromWhatIsSound) {
        {"colormap-unused", "colormap-unused"}},
       {"equal transforms", sceneXml(twins(red + turn, red + turn)), {}},
       {"others", sceneXml(twins(turn, "<reflect planeEqnCoeffA='1'/>")), {"transform-replaced"}},
+      {"a font without colour", sceneXml(text("<font version='?' bold='true'/>")), {"value-ignored"}},
+      {"a position without numbers", sceneXml(text("<position x='' y='1'/>")), {"value-ignored"}},
+      {"a position with depth", sceneXml(text("<position z='1'/>")), {"attribute-without-effect"}},
+      {"sizes of points below 0",
+       sceneXml(geometry("", "<pointScaleScalarMapTo y='-5' z='1'/>")),
+       {"attribute-without-effect"}},
+      {"pixels without components",
+       sceneXml("<image2d visibility='1' pixels='rgb' width='1' height='1' components='3.0'/>"),
+       {"value-ignored"}},
+      {"a legend of the outer colours",
+       sceneXml(assembly("O", red + assembly("I", "<legend visibility='1' colormap='c'/>" + geometry("")))),
+       {}},
+      {"colours for data that are left out",
+       sceneXml(assembly("O", red + assembly("I", geometry("", "<array name='a' dim='1' data='d'/>")))),
+       {"array-left-out"}},
+      {"colours for data in an unknown item",
+       sceneXml(assembly("A", red + "<assembly name='I'><Geometry points='d'/></assembly>")),
+       {"element-unknown"}},
+      {"colours beside an unknown element",
+       sceneXml(assembly("A", red + "<odd/>" + geometry(""))),
+       {"element-unknown", "colormap-unused"}},
+      {"settings without effect",
+       sceneXml(geometry("polys='tri'") +
+                geometry("polys='tri' lineWidth='2' lineColor='000000ff' pointSize='3'")),
+       {}},
+      {"settings of edges",
+       sceneXml(geometry("polys='tri' showEdges='true'") +
+                geometry("polys='tri' showEdges='true' lineWidth='2'")),
+       {"settings-replaced"}},
+      {"settings of vertices",
+       sceneXml(geometry("polys='tri' verts='vert'") + geometry("polys='tri' pointSize='3'")),
+       {"settings-replaced"}},
+      {"an assembly of unknown items", sceneXml(assembly("A", "<Geometry/>")), {"element-unknown"}},
+      {"an assembly of items that are not shown", sceneXml(assembly("A", "<vectors/>")), {"kind-not-shown"}},
+      {"a translucent scene", sceneXml("", "visibility='?'"), {"attribute-without-effect"}},
+      {"a gradient without mode",
+       sceneXml("<gradient topColor='000000ff' bottomColor='000000ff' mode='radial' visibility='0.5'/>"),
+       {"attribute-without-effect", "item-invalid"}},
+      {"a scale that is no number",
+       sceneXml(assembly("A", "<transform><scale x='1' y='nan' z='1'/></transform>" + geometry(""))),
+       {"value-unreadable"}},
+      {"a mirror that is no number",
+       sceneXml(assembly("A", "<reflect planeEqnCoeffB='nan'/>" + geometry(""))),
+       {"value-unreadable"}},
+      {"a plane that is no number", sceneXml("<clip><normal x='nan'/></clip>"), {"value-unreadable"}},
+      {"a light that darkens", sceneXml("<light intensity='-1' color='ffffffff'/>"), {}},
   };
   for (const auto& [name, xml, expected] : cases) {
     SCOPED_TRACE(name);

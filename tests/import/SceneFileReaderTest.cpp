@@ -201,12 +201,15 @@ TEST_F(SceneFileReaderTest, ReportsWhatIsWrongWithEntriesThatItReads) {
                                     .text("scene.xml", "<scene background='000000ff'/>")
                                     .text("scene.xml",
                                           "<scene background='000000ff'><image2d visibility='1' pixels='x' "
-                                          "width='2' height='1'/></scene>")
+                                          "width='2' height='1'/><image2d visibility='1' pixels='y' "
+                                          "width='1' height='1'/></scene>")
                                     .text("x", "12345")
                                     .forge([](Entry& e) {
                                       e.uncompressedSize = 6;
                                       e.crc = 0;
-                                    }));
+                                    })
+                                    .text("y", "rgb")
+                                    .forge([](Entry& e) { e.crc = 0; }));
   std::unique_ptr<Scene> scene;
   reader.read(scene);
   std::vector<std::string> found;
@@ -214,15 +217,17 @@ TEST_F(SceneFileReaderTest, ReportsWhatIsWrongWithEntriesThatItReads) {
     found.push_back(finding.getKind().name + " " + finding.entry + " " + finding.itemPath);
   }
   EXPECT_THAT(found, ElementsAre("entry-replaced scene.xml ", "entry-short x scene/image2d",
-                                 "checksum-wrong x scene/image2d"));
+                                 "checksum-wrong y scene/image2d"));
 }
 
 TEST_F(SceneFileReaderTest, ReportsWhatItDoesNotRead) {
-  const std::string scene = "<scene background='000000ff' name='a&e;b'/>";
+  const std::string scene =
+      "<scene background='000000ff' name='a&e;b' xml:space='preserve'><flow of='ignored'/></scene>";
   SceneFileReader reader = open(ArchiveBuilder()
                                     .text("scene.xml", "<!DOCTYPE scene SYSTEM 'x.dtd'>" + scene)
                                     .text("scene.lum", "")
                                     .text("empty/", "")
+                                    .text("ignored", "data")
                                     .text("folder/", "data"));
   std::unique_ptr<Scene> read;
   reader.read(read);
@@ -231,7 +236,7 @@ TEST_F(SceneFileReaderTest, ReportsWhatItDoesNotRead) {
     found.push_back(finding.getKind().name + " " + finding.entry);
   }
   EXPECT_THAT(found, ElementsAre("declarations-not-read scene.xml", "payload-damaged scene.lum",
-                                 "entry-unused folder/"));
+                                 "element-unknown ", "entry-unused folder/"));
 }
 
 TEST_F(SceneFileReaderTest, ReportsEntitiesInOtherFiles) {

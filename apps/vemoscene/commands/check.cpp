@@ -7,6 +7,7 @@
 #include "output/ResultStream.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/base/WidePath.h>
+#include <vemo/import/Exception.h>
 #include <vemo/import/SceneAudit.h>
 #include <vemo/resolve/SceneResolver.h>
 #include <vemo/scenegraph/Findings.h>
@@ -91,8 +92,17 @@ FindingList checkDatabase(const std::string& file) {
   return findings;
 }
 
+SceneKind kindOf(const std::string& file) {
+  try {
+    return detectScene(file);
+  } catch (const Exception&) {
+    // An archive that cannot be opened, which is a finding.
+    return SceneKind::ARCHIVE;
+  }
+}
+
 FindingList check(const std::string& file) {
-  FindingList findings = detectScene(file) == SceneKind::ARCHIVE ? checkArchive(file) : checkDatabase(file);
+  FindingList findings = kindOf(file) == SceneKind::ARCHIVE ? checkArchive(file) : checkDatabase(file);
   RepeatedFindings all;
   std::erase_if(findings, [&all](const Finding& finding) { return all.isRepeated(finding); });
   return findings;

@@ -34,6 +34,7 @@
   KIND(ELEMENT_WITHOUT_EFFECT, LOST, "An element of the format that has no effect in this place.") \
   KIND(ENTRIES_NOT_COUNTED, LOST, "An archive has more entries than it says; those beyond that number are not read.") \
   KIND(ENTRY_INVALID, REFUSED, "An entry of the archive is missing, has a bad size or cannot be read.") \
+  KIND(ENTRY_NAME_DIFFERS, CHANGED, "An entry has another name in front of its content than in the archive's directory, which counts. Only `check` looks at it.") \
   KIND(ENTRY_REPLACED, LOST, "Of several entries of one name only the last one is used.") \
   KIND(ENTRY_SHORT, CHANGED, "An entry ends before its size; the rest is filled with zeros.") \
   KIND(ENTRY_UNUSED, LOST, "An entry of the archive that the scene does not refer to.") \

@@ -73,6 +73,9 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   /// this before allocating memory: the size may be forged.
   bool isSizePossible(const std::string& name) const;
 
+  /// Whether an entry that can be read has another name in front of its content.
+  bool hasOtherName(const std::string& name) const;
+
   /// Fills the buffer, of getSize bytes, with the entry's content. If the entry
   /// ends early, the rest is set to zero; what follows its size is ignored.
   /// False when there is no such entry, or it cannot be read.

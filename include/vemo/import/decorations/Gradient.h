@@ -31,6 +31,9 @@ class VEMO_IMPORT_EXPORT Gradient : public GraphicsItem {
   void addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int level,
                        const std::string& parentName) const override;
 
+ protected:
+  VisibilityUse getVisibilityUse() const override { return VisibilityUse::NONE; }
+
  private:
   Color _topColor;
   Color _bottomColor;

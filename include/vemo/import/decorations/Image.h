@@ -60,7 +60,10 @@ class VEMO_IMPORT_EXPORT Image : public GraphicsItem {
   void setQuad(const Vector<3, double>& corner, const Vector<3, double>& xAxis,
                const Vector<3, double>& yAxis);
 
-  bool isVisibilityOpacity() const override { return true; }
+  /// Whether the corners are given in the window, where there is no depth.
+  bool isInWindow() const { return _space == lum::CoordinateSpace::WINDOW; }
+
+  VisibilityUse getVisibilityUse() const override { return VisibilityUse::OPACITY; }
 
  private:
   /// Reads the position of the picture.

@@ -136,7 +136,7 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
 
   template <class T>
   void addTo(lum::DrawableCollection& collection, bool isHidden, const std::string& parentName,
-             const SharedBySiblings& shared) const;
+             SharedBySiblings& shared) const;
   bool hasSettingsOfOthers(const lum::GeometryDrawable& drawable) const;
   void logContents(int level) const;
 

@@ -7,6 +7,8 @@
 
 namespace vemo {
 
+class ValueReader;
+
 /// Rotation about an axis, scaling and translation.
 class VEMO_IMPORT_EXPORT GeometryTransform : public Transform {
  public:
@@ -30,7 +32,7 @@ class VEMO_IMPORT_EXPORT GeometryTransform : public Transform {
                             const Vector<3, double>& translation, const Vector<3, double>& scale);
 
  private:
-  void reportUnusable(SceneFileReader& reader) const;
+  void reportUnusable(const ValueReader& values) const;
 
   Vector<3, double> _rotationAxis{0.0, 0.0, 1.0};
   Vector<3, double> _rotationOrigin{};

@@ -57,9 +57,13 @@ class VEMO_IMPORT_EXPORT GraphicsItem : public SceneItem {
   /// The same for an item that something around it may hide too.
   void addVisibilityAttrib(lum::Drawable& drawable, bool isHiddenAnyway) const;
 
-  /// Whether the scene graph has the visibility as an opacity. Else a visibility
-  /// between 0 and 1 counts as 1, which reading reports.
-  virtual bool isVisibilityOpacity() const { return false; }
+  /// What the scene graph has for the visibility.
+  enum class VisibilityUse {
+    NONE,    ///< Reading reports one that is not 1.
+    SWITCH,  ///< One between 0 and 1 counts as 1, which reading reports.
+    OPACITY,
+  };
+  virtual VisibilityUse getVisibilityUse() const { return VisibilityUse::SWITCH; }
 
   // These draw with VTK. The opacity is multiplied by the item's visibility. A
   // prop of an opacity of VISIBILITY_THRESHOLD or less is hidden; its property
@@ -73,6 +77,8 @@ class VEMO_IMPORT_EXPORT GraphicsItem : public SceneItem {
   void setMyOpacity(vtkProp* prop, vtkProperty2D* property, double opacity) const;
 
  private:
+  void reportVisibility(const QxElement& element, SceneFileReader& reader) const;
+
   double _visibility = 1.0;
 };
 

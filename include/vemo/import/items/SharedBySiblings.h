@@ -15,6 +15,13 @@ class Colormaps;
 class PointBounds;
 class ReadingContext;
 
+/// What earlier geometry with a drawable has beside faces: settings of others have
+/// no effect.
+struct PartsDrawn {
+  bool lines = false;
+  bool points = false;
+};
+
 /// State passed from an item to its siblings and children during conversion.
 struct SharedBySiblings {
   /// The collection that the current children are converted into.
@@ -43,6 +50,9 @@ struct SharedBySiblings {
   /// The elements that the transforms of collections, and triads, come from. A
   /// later item of the same name may replace them.
   std::map<const lum::Node*, ElementPlace> origins;
+
+  /// By the drawable.
+  std::map<const lum::Node*, PartsDrawn> partsDrawn;
 
   /// The path of the latest axes that are shown; there is one triad for all.
   std::string axesPath;

@@ -55,6 +55,10 @@ class VEMO_IMPORT_EXPORT AssemblyItem : public GraphicsItem {
   /// Something in the assembly could not be read: what seems to be missing may
   /// only be that.
   void setIncomplete() { _isIncomplete = true; }
+  /// An element in it was ignored.
+  void setPartlyLost() { _isPartlyLost = true; }
+  /// Data in it were left out or ignored.
+  void setLacksData() { _lacksData = true; }
 
   /// Converts the children, then legend, colormap and transform. An assembly
   /// without children is left out.
@@ -107,6 +111,8 @@ class VEMO_IMPORT_EXPORT AssemblyItem : public GraphicsItem {
   std::map<std::string, ReadingCommand> _readingCommands;
   std::unique_ptr<Transform> _transform;
   bool _isIncomplete = false;
+  bool _isPartlyLost = false;
+  bool _lacksData = false;
 };
 
 }  // namespace vemo

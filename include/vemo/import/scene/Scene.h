@@ -91,6 +91,8 @@ class VEMO_IMPORT_EXPORT Scene : public AssemblyItem {
 
   void readImpl(const QxElement& element, SceneFileReader* reader);
 
+  VisibilityUse getVisibilityUse() const override { return VisibilityUse::NONE; }
+
  private:
   /// Reports settings of assemblies that have no effect on a scene.
   void reportWithoutEffect(const QxElement& element, SceneFileReader& reader) const;

@@ -276,4 +276,9 @@ std::optional<std::uint64_t> findContent(const ArchiveFile& file, const ZipEntry
   return entry.position + local::SIZE + entry.name.size() + number16(view(*header), local::EXTRA_LENGTH);
 }
 
+bool isNamedAlike(const ArchiveFile& file, const ZipEntry& entry) {
+  std::string name(entry.name.size(), '\0');
+  return file.read(name, entry.position + local::SIZE) && name == entry.name;
+}
+
 }  // namespace vemo

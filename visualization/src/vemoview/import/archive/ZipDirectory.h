@@ -40,4 +40,7 @@ VEMO_IMPORT_EXPORT ZipDirectory readZipDirectory(const ArchiveFile& file);
 /// header, or it contradicts the directory.
 VEMO_IMPORT_EXPORT std::optional<std::uint64_t> findContent(const ArchiveFile& file, const ZipEntry& entry);
 
+/// Whether the local header, which findContent found, has the name of the directory.
+bool isNamedAlike(const ArchiveFile& file, const ZipEntry& entry);
+
 }  // namespace vemo

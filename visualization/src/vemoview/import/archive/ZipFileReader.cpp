@@ -115,6 +115,11 @@ bool ZipFileReader::isSizePossible(const std::string& name) const {
   return entry != nullptr && _archive->isSizePossible(*entry);
 }
 
+bool ZipFileReader::hasOtherName(const std::string& name) const {
+  const ZipEntry* const entry = _archive->find(name);
+  return entry != nullptr && findContent(_archive->file, *entry) && !isNamedAlike(_archive->file, *entry);
+}
+
 bool ZipFileReader::read(const std::string& name, char* buffer, ContentFlaws* flaws,
                          const Convert& convert) const {
   const ZipEntry* const entry = _archive->find(name);

@@ -38,6 +38,9 @@ void Annotation::setAlignment(lum::HorizontalAlignment horizontal, lum::Vertical
 
 void Annotation::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement<GraphicsItem>(*this, element, reader);
+  if (_mode == lum::CoordinateSpace::WINDOW) {
+    ValueReader(element, reader, OnBadValue::WARN).reportDepthWithoutEffect("position", _position[2]);
+  }
 }
 
 void Annotation::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int /*level*/,

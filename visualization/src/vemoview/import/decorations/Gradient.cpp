@@ -13,7 +13,8 @@ const KeyTable<Gradient> Gradient::KEYS({
         "mode",
         "where the first colour is, and where the second. `SOLID`, also the result of "
         "an unknown word, is an error")
-        .named(MODES),
+        .named(MODES)
+        .refusedIfBad(),
 });
 
 Gradient::Gradient(std::string name) : GraphicsItem(std::move(name)) {}
@@ -21,9 +22,6 @@ Gradient::~Gradient() = default;
 
 void Gradient::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement<GraphicsItem>(*this, element, reader);
-  if (statesVisibility(element) && getVisibility() != 1.0) {
-    ValueReader(element, reader, OnBadValue::FAIL).reportWithoutEffect(XML_ATTRIB_VISIBILITY);
-  }
 }
 
 void Gradient::addToCollection(SharedBySiblings& /*shared*/, lum::DrawableCollection& /*collection*/,

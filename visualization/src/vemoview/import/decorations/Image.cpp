@@ -74,7 +74,8 @@ const KeyTable<Image::PixelSource> Image::PixelSource::KEYS({
     key::always<&Image::PixelSource::height>(
         "height", "rows. An entry of another size than width x height x components is an error"),
     key::ifPresent<&Image::PixelSource::components>(
-        "components", "1 grey, 2 grey and alpha, 3 red, green, blue, 4 these and alpha"),
+        "components", "1 grey, 2 grey and alpha, 3 red, green, blue, 4 these and alpha")
+        .ignoredIfBad(),
 });
 
 Image::Image(std::string name, lum::CoordinateSpace space) : GraphicsItem(std::move(name)), _space(space) {}
@@ -130,7 +131,7 @@ void Image::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& c
            "The image \"" + getName() + "\" has no pixels and is left out");
     return;
   }
-  const bool inWindow = _space == lum::CoordinateSpace::WINDOW;
+  const bool inWindow = isInWindow();
   auto& drawable = addDrawable<lum::ImageDrawable>(
       getName(), inWindow ? shared.sceneNode->getForegroundCanvas().getDrawableCollection() : collection);
   addVisibilityAttrib(drawable, inWindow ? shared.isHidden : shared.hidesItemsIndividually);

@@ -25,9 +25,11 @@ void Image2D::setRectangle(const Vector<3, double>& position, const Vector<3, do
 void Image2D::readQuad(const QxElement& element, SceneFileReader* reader) {
   Rectangle rectangle;
   KEYS.read(rectangle, element, reader);
-  if (rectangle.size[2] != 0.0) {
-    ValueReader(element, reader, OnBadValue::WARN).reportWithoutEffect("size");
+  const ValueReader values(element, reader, OnBadValue::WARN);
+  if (isInWindow()) {
+    values.reportDepthWithoutEffect("position", rectangle.position[2]);
   }
+  values.reportDepthWithoutEffect("size", rectangle.size[2]);
   setRectangle(rectangle.position, rectangle.size);
 }
 

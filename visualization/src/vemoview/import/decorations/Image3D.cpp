@@ -22,6 +22,12 @@ Image3D::~Image3D() = default;
 void Image3D::readQuad(const QxElement& element, SceneFileReader* reader) {
   Quad quad;
   KEYS.read(quad, element, reader);
+  if (isInWindow()) {
+    const ValueReader values(element, reader, OnBadValue::WARN);
+    values.reportDepthWithoutEffect("origin", quad.origin[2]);
+    values.reportDepthWithoutEffect("xaxis", quad.xAxis[2]);
+    values.reportDepthWithoutEffect("yaxis", quad.yAxis[2]);
+  }
   setQuad(quad.origin, quad.xAxis, quad.yAxis);
 }
 

@@ -86,13 +86,14 @@ const Colormap* Legend::chooseColormap(const SharedBySiblings& shared,
   if (_colormapName.empty() || shared.assemblyColormaps == nullptr) {
     return shared.colormap;
   }
-  const Colormap* const named = shared.assemblyColormaps->find(_colormapName);
-  if (named == nullptr) {
+  const Colormap* const own = shared.assemblyColormaps->find(_colormapName);
+  const bool isOuter = shared.colormap != nullptr && shared.colormap->getName() == _colormapName;
+  if (own == nullptr && !isOuter) {
     report(shared.context, FindingCode::COLORMAP_UNKNOWN,
            "The legend of \"" + assemblyName + "\" names a colormap \"" + _colormapName +
-               "\" that does not exist");
+               "\" that its assembly does not have");
   }
-  return named != nullptr ? named : shared.colormap;
+  return own != nullptr ? own : shared.colormap;
 }
 
 void Legend::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int /*level*/,

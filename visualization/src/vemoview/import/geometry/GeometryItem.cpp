@@ -3,6 +3,7 @@
 #include "vemoview/import/geometry/GeometryKeys.h"
 #include "vemoview/import/geometry/PointBounds.h"
 #include "vemoview/import/geometry/PolyDataReader.h"
+#include "vemoview/import/geometry/SharedSettings.h"
 #include "vemoview/import/items/SharedCollection.h"
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/SceneFileReader.h"
@@ -72,30 +73,6 @@ T& findDrawable(lum::DrawableCollection& collection, bool isHidden) {
   }
   return found != nullptr ? *found : collection.findOrCreate<T>(name);
 }
-
-/// Everything that geometries with a common drawable share: all attributes
-/// except each one's colours.
-class SharedSettings {
- public:
-  explicit SharedSettings(lum::GeometryDrawable& drawable) {
-    const lum::ColorAttributes& colors = *drawable.getColorAttributes();
-    _colorMode = colors.getColorMode();
-    _color = colors.getColor();
-    _opacity = colors.getOpacity();
-    lum::forEachNode(drawable.getAttributesCollection(), [&](const lum::Node& node) {
-      if (&node != &colors) {
-        _changed = std::max(_changed, node.getModificationTime());
-      }
-    });
-  }
-  bool operator==(const SharedSettings&) const = default;
-
- private:
-  lum::ColorMode _colorMode;
-  std::optional<lum::Vector3> _color;
-  double _opacity;
-  std::uint64_t _changed = 0;
-};
 
 void logArrays(const char* question, vtkDataSetAttributes& data) {
   VEMO_LOG_INFO("*********** How many " << question << " data arrays? " << data.GetNumberOfArrays());
@@ -202,10 +179,6 @@ void GeometryItem::reportSettingsOutOfRange(SceneFileReader& reader) const {
   if (_settings.pointScaleMode < 0 || _settings.pointScaleMode > 2) {
     report(_settings.pointScaleMode, "pointScaleMode", "counts as 0");
   }
-  if (const auto& sizes = _settings.pointScaleScalarMapTo;
-      sizes && std::min((*sizes)[0], (*sizes)[1]) < 0.0) {
-    report(std::min((*sizes)[0], (*sizes)[1]), "pointScaleScalarMapTo", "is drawn as the smallest size");
-  }
   const double width = _settings.lineWidth;
   for (const auto& [key, value, greatest] :
        {std::tuple("lineWidth", width, WIDEST), std::tuple("pointSize", _settings.pointSize, WIDEST),
@@ -235,8 +208,8 @@ void GeometryItem::reportUnused(const ValueReader& values) const {
   }
   for (const auto& [key, range] : {std::pair("pointScaleScalarRange", &_settings.pointScaleScalarRange),
                                    std::pair("pointScaleScalarMapTo", &_settings.pointScaleScalarMapTo)}) {
-    if (*range && (**range)[2] != 0.0) {
-      values.reportWithoutEffect(key);
+    if (*range) {
+      values.reportDepthWithoutEffect(key, (**range)[2]);
     }
   }
 }
@@ -338,10 +311,11 @@ bool GeometryItem::hasSettingsOfOthers(const lum::GeometryDrawable& drawable) co
 
 template <class T>
 void GeometryItem::addTo(lum::DrawableCollection& collection, bool isHidden, const std::string& parentName,
-                         const SharedBySiblings& shared) const {
+                         SharedBySiblings& shared) const {
   T& drawable = findDrawable<T>(collection, isHidden);
   const bool isShared = hasGeometry(drawable);
-  const SharedSettings before(drawable);
+  PartsDrawn& parts = shared.partsDrawn[&drawable];
+  const SharedSettings before(drawable, parts);
   const bool isColoredByOther = shared.colormap == nullptr && hasColorTable(drawable);
   GeometryDrawableBuilder(_settings, *_polydata, drawable, *shared.pointBounds, shared.context)
       .build(parentName);
@@ -350,7 +324,7 @@ void GeometryItem::addTo(lum::DrawableCollection& collection, bool isHidden, con
     drawable.template getAttributes<lum::LineAttributes>().setLineWidth(_property->GetLineWidth());
   }
   addVisibilityAttrib(drawable, isHidden);
-  if (isShared && (before != SharedSettings(drawable) || hasSettingsOfOthers(drawable))) {
+  if (isShared && (before != SharedSettings(drawable, parts) || hasSettingsOfOthers(drawable))) {
     report(shared.context, FindingCode::SETTINGS_REPLACED,
            "The geometry \"" + getName() +
                "\" shares the settings of earlier geometry of its name and type, but states different ones");
@@ -360,6 +334,8 @@ void GeometryItem::addTo(lum::DrawableCollection& collection, bool isHidden, con
         shared.context, FindingCode::COLORMAP_REPLACED,
         "The data of \"" + getName() + "\" are coloured as those of earlier geometry of its name and type");
   }
+  parts.lines = parts.lines || _polydata->GetNumberOfLines() > 0;
+  parts.points = parts.points || _geometryType == POINTS || _polydata->GetNumberOfVerts() > 0;
 }
 
 void GeometryItem::logContents(int level) const {

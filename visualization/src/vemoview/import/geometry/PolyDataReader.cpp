@@ -92,6 +92,7 @@ bool PolyDataReader::fits(const GeometryArray& array, vtkIdType tuplesExpected, 
     return false;
   }
   const auto leaveOut = [&](const std::string& reason) {
+    _context.noteLoss();
     _context.report(FindingCode::ARRAY_LEFT_OUT, "The array \"" + array.name + "\" is left out: " + reason,
                     entry);
     return false;
@@ -139,6 +140,7 @@ void PolyDataReader::reportReplaced(const GeometryArray& later) {
 void PolyDataReader::reportName(const GeometryArray& array) {
   const std::string entry = array.entry.value_or("");
   if (array.name == NORMALS) {
+    _context.noteLoss();
     _context.report(FindingCode::ARRAY_IS_NORMALS,
                     "The array \"" + array.name + "\" counts as normals and colours nothing", entry);
   } else if (array.name.empty()) {

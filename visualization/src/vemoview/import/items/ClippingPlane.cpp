@@ -18,7 +18,8 @@ ClippingPlane::~ClippingPlane() = default;
 
 void ClippingPlane::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement(*this, element, reader);
-  if (_normal == Vector<3, double>{} && reader != nullptr) {
+  if (_normal == Vector<3, double>{} && reader != nullptr &&
+      ValueReader(element, reader, OnBadValue::FAIL).isOfNumbers("normal")) {
     reader->report(FindingCode::VALUE_IGNORED, "The plane has no normal: it does not cut");
   }
 }

@@ -26,13 +26,14 @@ const KeyTable<GeometryTransform> GeometryTransform::KEYS({
 
 GeometryTransform::~GeometryTransform() = default;
 
-void GeometryTransform::reportUnusable(SceneFileReader& reader) const {
+void GeometryTransform::reportUnusable(const ValueReader& values) const {
+  SceneFileReader& reader = *values.getReader();
   const auto zeros = std::ranges::count(_scale, 0.0);
-  if (zeros == 1 || zeros == 2) {
+  if ((zeros == 1 || zeros == 2) && values.isOfNumbers("scale")) {
     reader.report(FindingCode::TRANSFORM_UNUSABLE,
                   "The scale is zero in some directions: what it applies to is invisible");
   }
-  if (_rotationAngle != 0.0 && _rotationAxis == Vector<3, double>{}) {
+  if (_rotationAngle != 0.0 && _rotationAxis == Vector<3, double>{} && values.isOfNumbers("rotAxis")) {
     reader.report(FindingCode::TRANSFORM_UNUSABLE, "The rotation has no axis: nothing is rotated");
   }
 }
@@ -41,7 +42,7 @@ void GeometryTransform::read(const QxElement& element, SceneFileReader* reader) 
   KEYS.readElement(*this, element, reader);
   setTransform(_rotationAngle, _rotationAxis, _rotationOrigin, _translation, _scale);
   if (reader != nullptr) {
-    reportUnusable(*reader);
+    reportUnusable(ValueReader(element, reader, OnBadValue::FAIL));
   }
 }
 

@@ -32,18 +32,28 @@ void GraphicsItem::read(const QxElement& element, SceneFileReader* reader) {
 }
 
 void GraphicsItem::readImpl(const QxElement& element, SceneFileReader* reader) {
-  KEYS.read(*this, element, reader);
-  if (_visibility > VISIBILITY_THRESHOLD && _visibility < 1.0 && !isVisibilityOpacity() &&
-      reader != nullptr) {
-    reader->report(FindingCode::VISIBILITY_PARTIAL,
-                   fmt::format("The visibility {:g} counts as 1: the item is not translucent", _visibility),
-                   {}, XML_ATTRIB_VISIBILITY);
+  // How it is written does not matter if it has no effect.
+  KEYS.read(*this, element, getVisibilityUse() == VisibilityUse::NONE ? nullptr : reader);
+  if (reader != nullptr) {
+    reportVisibility(element, *reader);
   }
-  if ((_visibility < 0.0 || _visibility > 1.0) && reader != nullptr) {
-    reader->report(FindingCode::VALUE_UNREADABLE,
-                   fmt::format("The visibility {:g} is out of range: the item is {}", _visibility,
-                               _visibility < 0.0 ? "hidden" : "shown"),
-                   {}, XML_ATTRIB_VISIBILITY);
+}
+
+void GraphicsItem::reportVisibility(const QxElement& element, SceneFileReader& reader) const {
+  const VisibilityUse use = getVisibilityUse();
+  if (use == VisibilityUse::NONE) {
+    if (statesVisibility(element) && _visibility != 1.0) {
+      ValueReader(element, &reader, OnBadValue::FAIL).reportWithoutEffect(XML_ATTRIB_VISIBILITY);
+    }
+  } else if (_visibility < 0.0 || _visibility > 1.0) {
+    reader.report(FindingCode::VALUE_UNREADABLE,
+                  fmt::format("The visibility {:g} is out of range: the item is {}", _visibility,
+                              _visibility < 0.0 ? "hidden" : "shown"),
+                  {}, XML_ATTRIB_VISIBILITY);
+  } else if (use == VisibilityUse::SWITCH && _visibility > VISIBILITY_THRESHOLD && _visibility < 1.0) {
+    reader.report(FindingCode::VISIBILITY_PARTIAL,
+                  fmt::format("The visibility {:g} counts as 1: the item is not translucent", _visibility),
+                  {}, XML_ATTRIB_VISIBILITY);
   }
 }
 

@@ -4,8 +4,6 @@
 #include <vemo/import/xml/QxElement.h>
 #include <vemo/scenegraph/canvas/LightingAttributes.h>
 
-#include <fmt/format.h>
-
 namespace vemo {
 
 const KeyTable<Light> Light::KEYS({
@@ -24,10 +22,6 @@ void Light::read(const QxElement& element, SceneFileReader* reader) {
   }
   if (element.findAttribute("intensity") == nullptr) {
     reader->report(FindingCode::HIDDEN_BY_DEFAULT, "The light has no effect: its intensity is missing");
-  } else if (_intensity < 0.0) {
-    reader->report(FindingCode::VALUE_UNREADABLE,
-                   fmt::format("The intensity {:g} is below 0: the light darkens", _intensity), {},
-                   "intensity");
   }
 }
 

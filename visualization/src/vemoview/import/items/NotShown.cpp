@@ -10,6 +10,8 @@ void warnNotShown(const QxElement& element, SceneFileReader* reader) {
   // One finding covers all of it.
   markTreeRead(element);
   if (reader != nullptr) {
+    reader->noteLoss();
+    reader->loseEntriesOf(element);
     reader->report(FindingCode::KIND_NOT_SHOWN,
                    "Items of the kind \"" + element.getName() + "\" are not shown");
   }

@@ -2,9 +2,20 @@
 #include <vemo/import/items/SceneItem.h>
 #include <vemo/import/xml/QxElement.h>
 
+#include <algorithm>
+#include <array>
+#include <string_view>
 #include <utility>
 
 namespace vemo {
+
+namespace {
+
+/// The elements that are not called by a name that they state.
+constexpr std::array<std::string_view, 7> NAMELESS = {"view",      "light",  "clip",   "font",
+                                                      "transform", "repeat", "reflect"};
+
+}  // namespace
 
 const KeyTable<SceneItem> SceneItem::KEYS({
     key::always<&SceneItem::_name>(
@@ -32,6 +43,9 @@ std::string SceneItem::statedName(const QxElement& element) {
 }
 
 const std::string& SceneItem::pathName(const QxElement& element) {
+  if (std::ranges::find(NAMELESS, element.getName()) != NAMELESS.end()) {
+    return element.getName();
+  }
   // Not by reading it: elements without a name of their own may have the attribute.
   const QxElement::Attribute* const name = element.peekAttribute(XML_ATTRIB_NAME);
   return name != nullptr && !name->getValue().empty() ? name->getValue() : element.getName();

@@ -31,6 +31,11 @@ struct KeyDescription {
   std::string defaultText;
   /// The names of an enumeration's values, in order; the last one is empty.
   const std::string* words = nullptr;
+  /// A value that cannot be read is ignored, with a finding, whatever the others of its
+  /// table do.
+  bool isIgnoredIfBad = false;
+  /// What an unreadable word counts as is refused later: it has no finding of its own.
+  bool isRefusedIfBad = false;
   /// A scene graph cannot hold the value, and loses nothing without it.
   bool isWithoutEffect = false;
   /// Colours: nothing is as translucent as the alpha says.

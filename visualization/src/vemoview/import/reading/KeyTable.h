@@ -42,6 +42,14 @@ struct Key : KeyDescription {
     isWithoutEffect = true;
     return std::move(*this);
   }
+  Key ignoredIfBad() && {
+    isIgnoredIfBad = true;
+    return std::move(*this);
+  }
+  Key refusedIfBad() && {
+    isRefusedIfBad = true;
+    return std::move(*this);
+  }
   /// Nothing uses the colour's alpha. Where it is not opaque, a finding says so.
   Key withoutAlpha() && {
     isAlphaUnused = true;

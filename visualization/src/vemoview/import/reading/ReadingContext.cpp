@@ -73,6 +73,16 @@ ReadingContext::AttributeScope::~AttributeScope() {
   }
 }
 
+ReadingContext::ThrowingScope::ThrowingScope(ReadingContext* context)
+    : _context(context),
+      _collectedFaults(context != nullptr && std::exchange(context->_collectsFaults, false)) {}
+
+ReadingContext::ThrowingScope::~ThrowingScope() {
+  if (_context != nullptr) {
+    _context->_collectsFaults = _collectedFaults;
+  }
+}
+
 void ReadingContext::noteFailure(int formerExceptions) {
   // The innermost scope is destroyed first: its place is that of the exception.
   if (std::uncaught_exceptions() > formerExceptions && _failure.itemPath.empty()) {
@@ -166,6 +176,14 @@ void ReadingContext::report(Finding finding) {
   Findings::getSingleton().report(_findings.back());
 }
 
+void ReadingContext::keepConsequence(FindingCode code, const std::string& text, const std::string& entry) {
+  if (_collectsFaults) {
+    const Place place = getPlace();
+    _consequences.push_back(
+        {code, text, entry, place.itemPath, place.element.line, place.attribute, place.element.number});
+  }
+}
+
 void ReadingContext::keepFault(Finding fault) {
   if (++_faultCount == 1) {
     _firstFault = std::current_exception();
@@ -200,6 +218,12 @@ void report(ReadingContext* context, FindingCode code, const std::string& text) 
     context->report(code, text);
   } else {
     reportFinding(code, text);
+  }
+}
+
+void keepConsequence(ReadingContext* context, FindingCode code, const std::string& text) {
+  if (context != nullptr) {
+    context->keepConsequence(code, text);
   }
 }
 

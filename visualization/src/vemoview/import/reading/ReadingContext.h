@@ -50,6 +50,25 @@ class VEMO_IMPORT_EXPORT ReadingContext {
     int _exceptions;
   };
 
+  /// In its lifetime `attempt` throws failures, also where they are collected. A null
+  /// context is accepted.
+  class VEMO_IMPORT_EXPORT ThrowingScope {
+   public:
+    explicit ThrowingScope(ReadingContext* context);
+    ~ThrowingScope();
+    ThrowingScope(const ThrowingScope&) = delete;
+    ThrowingScope& operator=(const ThrowingScope&) = delete;
+
+   private:
+    ReadingContext* _context;
+    bool _collectedFaults;
+  };
+
+  /// Counts the data that are ignored or left out, with a finding: what then seems to be
+  /// missing may only be that.
+  void noteLoss() { ++_lossCount; }
+  std::size_t countLosses() const { return _lossCount; }
+
   /// The items being read, outermost first, as "scene/wing/pressure".
   std::string getItemPath() const;
 
@@ -119,6 +138,10 @@ class VEMO_IMPORT_EXPORT ReadingContext {
   void reportReplaced(FindingCode code, const std::string& text, const ElementPlace& earlier,
                       const std::string& entry = {}, const std::string& path = {});
   const std::vector<Finding>& getFindings() const { return _findings; }
+  /// Keeps what only follows from something else that is reported, if failures are
+  /// collected, too. It is not reported.
+  void keepConsequence(FindingCode code, const std::string& text, const std::string& entry = {});
+  const std::vector<Finding>& getConsequences() const { return _consequences; }
 
  private:
   struct Item {
@@ -153,7 +176,9 @@ class VEMO_IMPORT_EXPORT ReadingContext {
   bool _reportsAll = false;
   std::exception_ptr _firstFault;
   std::size_t _faultCount = 0;
+  std::size_t _lossCount = 0;
   std::vector<Finding> _findings;
+  std::vector<Finding> _consequences;
   std::map<FindingCode, std::size_t> _counts;
 };
 
@@ -168,6 +193,10 @@ bool attempt(ReadingContext* context, Function&& function) {
   return true;
 }
 
+inline std::size_t countLosses(const ReadingContext* context) {
+  return context != nullptr ? context->countLosses() : 0;
+}
+
 /// 0 without a context.
 inline std::size_t countFaults(const ReadingContext* context) {
   return context != nullptr ? context->countFaults() : 0;
@@ -176,5 +205,7 @@ inline std::size_t countFaults(const ReadingContext* context) {
 /// For conversion, which a host may start without a context: the finding then
 /// names no item.
 VEMO_IMPORT_EXPORT void report(ReadingContext* context, FindingCode code, const std::string& text);
+/// For what only follows from something else that is reported.
+VEMO_IMPORT_EXPORT void keepConsequence(ReadingContext* context, FindingCode code, const std::string& text);
 
 }  // namespace vemo

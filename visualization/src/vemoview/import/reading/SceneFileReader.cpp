@@ -39,11 +39,25 @@ void SceneFileReader::dropUnlessNeeded(QxElement& element) const {
   }
 }
 
+bool SceneFileReader::namesEntries(const QxElement& element) const {
+  std::set<std::string> names;
+  addEntriesOf(element, names);
+  return !names.empty();
+}
+
 void SceneFileReader::excuseEntriesOf(const QxElement& element) {
-  walkDescription(element, [this](const PlacedElement& place) {
+  addEntriesOf(element, _excused);
+}
+
+void SceneFileReader::loseEntriesOf(const QxElement& element) {
+  addEntriesOf(element, _lost);
+}
+
+void SceneFileReader::addEntriesOf(const QxElement& element, std::set<std::string>& names) const {
+  walkDescription(element, [&](const PlacedElement& place) {
     for (const QxElement::Attribute& attribute : place.element->getAttributes()) {
       if (getArchive().getSize(attribute.getValue()) >= 0) {
-        _excused.insert(attribute.getValue());
+        names.insert(attribute.getValue());
       }
     }
     return true;
@@ -57,7 +71,8 @@ void SceneFileReader::reportFlaws(const ZipFileReader::ContentFlaws& flaws, cons
                std::to_string(getArchive().getSize(entryName)) + " bytes; the rest is filled with zeros",
            entryName);
   }
-  if (flaws.isChecksumWrong) {
+  // What is missing makes the checksum wrong.
+  if (flaws.isChecksumWrong && !flaws.bytesRead) {
     report(FindingCode::CHECKSUM_WRONG, "The checksum of the entry is wrong: its content may be damaged",
            entryName);
   }

@@ -39,10 +39,15 @@ class VEMO_IMPORT_EXPORT SceneFileReader : public ArchiveReader, public ReadingC
   /// Null unless it is kept and could be read.
   const QxElement* getDescription() const { return _description.get(); }
 
+  /// Whether the element, or one in it, names an entry of the archive.
+  bool namesEntries(const QxElement& element) const;
   /// The entries that the element names do not count as unused, though they
   /// were not read.
   void excuseEntriesOf(const QxElement& element);
   bool isExcused(const std::string& entryName) const { return _excused.contains(entryName); }
+  /// The same for an element that is ignored.
+  void loseEntriesOf(const QxElement& element);
+  bool isLost(const std::string& entryName) const { return _lost.contains(entryName); }
 
   /// Reads the whole scene into a new Scene. The result holds it from the
   /// start: if an exception is thrown, it is partly filled. Defined with the
@@ -51,11 +56,13 @@ class VEMO_IMPORT_EXPORT SceneFileReader : public ArchiveReader, public ReadingC
 
  private:
   void readItems(Scene& scene);
+  void addEntriesOf(const QxElement& element, std::set<std::string>& names) const;
   void reportFlaws(const ZipFileReader::ContentFlaws& flaws, const std::string& entryName) override;
 
   bool _keepsDescription = false;
   std::unique_ptr<QxElement> _description;
   std::set<std::string> _excused;
+  std::set<std::string> _lost;
 };
 
 }  // namespace vemo

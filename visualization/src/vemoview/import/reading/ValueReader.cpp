@@ -19,6 +19,7 @@ namespace {
 constexpr std::uint8_t OPAQUE = 255;
 
 const std::string VECTOR_COMPONENTS[] = {"x", "y", "z"};
+const std::string& DEPTH = VECTOR_COMPONENTS[2];
 
 std::string inQuotes(const std::string& name) {
   return '"' + name + '"';
@@ -62,15 +63,27 @@ void ValueReader::report(FindingCode code, const std::string& text, const std::s
 }
 
 void ValueReader::warnOfCurrentException(const KeyDescription& key) const {
+  const bool isOfChild = _element.findAttribute(key.name) == nullptr;
   try {
     throw;
   } catch (const NumberFormatException& exception) {
-    const bool isOfChild = _element.findAttribute(key.name) == nullptr;
     warnIgnored(key,
                 isOfChild ? quotedUnlessLong(exception.getMessage()) + " is not a number" : "not a number");
   } catch (const InternalError& error) {
     warnIgnored(key, error.getMessage());
   }
+  if (const QxElement* const child = isOfChild ? _element.findChild(key.name) : nullptr) {
+    markTreeRead(*child);
+  }
+}
+
+void ValueReader::reportDepthWithoutEffect(const std::string& vector, double depth) const {
+  const QxElement* const child = _element.findChild(vector);
+  if (child == nullptr || depth == 0.0) {
+    return;
+  }
+  const ReadingContext::ItemScope scope(_reader, vector, child->getPlace());
+  ValueReader(*child, _reader, _onBadValue).reportWithoutEffect(DEPTH);
 }
 
 void ValueReader::reportWithoutEffect(const std::string& attribute) const {
@@ -78,11 +91,23 @@ void ValueReader::reportWithoutEffect(const std::string& attribute) const {
          "The " + inQuotes(attribute) + " of " + inQuotes(_element.getName()) + " has no effect", attribute);
 }
 
+bool ValueReader::isOfNumbers(const std::string& name) const {
+  const auto isNumber = [](const QxElement::Attribute* attribute) {
+    return attribute == nullptr || NUMBER_FORM.matches(attribute->getValue());
+  };
+  const QxElement* const child = _element.findChild(name);
+  return isNumber(_element.peekAttribute(name)) &&
+         (child == nullptr || std::ranges::all_of(VECTOR_COMPONENTS, [&](const std::string& component) {
+            return isNumber(child->peekAttribute(component));
+          }));
+}
+
 template <class T, class Get>
 void ValueReader::readAttribute(const KeyDescription& key, const ValueForm& form, T& value, Get get) const {
   const std::string* const text = _element.findAttribute(key.name);
   const bool isOfForm = text != nullptr && form.matches(*text);
-  if (text == nullptr || (!isOfForm && _onBadValue == OnBadValue::WARN)) {
+  const bool isIgnored = !isOfForm && (key.isIgnoredIfBad || _onBadValue == OnBadValue::WARN);
+  if (text == nullptr || isIgnored) {
     if (text != nullptr) {
       warnIgnored(key, form.flaw);
     }
@@ -175,6 +200,8 @@ const QxElement* ValueReader::findVector(const KeyDescription& key) const {
     }
     if (_onBadValue == OnBadValue::WARN) {
       warnIgnored(key, quotedUnlessLong(*text) + " is " + NUMBER_FORM.flaw);
+      // One finding covers all of it.
+      markTreeRead(*child);
       return nullptr;
     }
     const ReadingContext::ItemScope scope(_reader, key.name, child->getPlace());
@@ -209,9 +236,7 @@ void ValueReader::read(const KeyDescription& key, Vector<2, double>& value) cons
   Vector<3, double> vector{value[0], value[1], 0.0};
   read(key, vector);
   value = {vector[0], vector[1]};
-  if (vector[2] != 0.0) {
-    reportWithoutEffect(key.name);
-  }
+  reportDepthWithoutEffect(key.name, vector[2]);
 }
 
 void ValueReader::read(const KeyDescription& key, std::unique_ptr<Vector<3, double>>& value) const {
@@ -232,7 +257,7 @@ int ValueReader::readWord(const KeyDescription& key, int current) const {
     return word;
   }
   if (_onBadValue == OnBadValue::FAIL) {
-    if (!text->empty()) {
+    if (!text->empty() && !key.isRefusedIfBad) {
       reportUnreadable(_reader, *text, inQuotes(key.name), "not an allowed value", wordText(key.words, 0),
                        key.name);
     }

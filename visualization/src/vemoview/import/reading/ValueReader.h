@@ -1,6 +1,7 @@
 #pragma once
 
 #include "vemoview/import/reading/KeyDescription.h"
+#include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/import/reading/Readable.h>
 #include <vemo/import/xml/QxElement.h>
 #include <vemo/scenegraph/Finding.h>
@@ -30,6 +31,12 @@ class ValueReader {
 
   /// Of an attribute or child that states something which is not in the scene graph.
   void reportWithoutEffect(const std::string& attribute) const;
+  /// The same for the "z" of a vector, unless it is 0.
+  void reportDepthWithoutEffect(const std::string& vector, double depth) const;
+
+  /// Whether what an attribute or vector states, if it is there, are numbers. If not,
+  /// reading it has reported that.
+  bool isOfNumbers(const std::string& name) const;
 
   const QxElement& getElement() const { return _element; }
   SceneFileReader* getReader() const { return _reader; }
@@ -58,6 +65,7 @@ class ValueReader {
   void read(const KeyDescription& key, T& value) const {
     if (const QxElement* const child = findOnlyChild(key)) {
       readOrWarn(key, [&] {
+        const ReadingContext::ItemScope scope(_reader, key.name, child->getPlace());
         T stated;
         stated.read(*child, _reader);
         value = stated;
@@ -84,6 +92,8 @@ class ValueReader {
     if (_onBadValue == OnBadValue::FAIL) {
       return function();
     }
+    // What is ignored is not a fault of the scene.
+    const ReadingContext::ThrowingScope scope(_reader);
     try {
       function();
     } catch (...) {
@@ -91,7 +101,8 @@ class ValueReader {
     }
   }
 
-  /// Rethrows the exception if it is not about a bad value.
+  /// Rethrows the exception if it is not about a bad value. Else the child that it is
+  /// about counts as read: one finding covers all of it.
   void warnOfCurrentException(const KeyDescription& key) const;
   void warnIgnored(const KeyDescription& key, const std::string& reason) const;
   /// About an attribute, or else the child element of that name.

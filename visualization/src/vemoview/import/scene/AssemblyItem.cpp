@@ -165,8 +165,9 @@ void AssemblyItem::reportEmpty(const SharedBySiblings& shared) const {
   add(!_colormaps.getAll().empty(), "colormaps");
   add(_legend != nullptr, "legend");
   add(_transform != nullptr, "transform");
-  report(shared.context, FindingCode::ASSEMBLY_EMPTY,
-         "The assembly \"" + getName() + "\" has no items and is left out" + lost);
+  (_isPartlyLost || _lacksData ? keepConsequence : report)(
+      shared.context, FindingCode::ASSEMBLY_EMPTY,
+      "The assembly \"" + getName() + "\" has no items and is left out" + lost);
 }
 
 void AssemblyItem::reportSharing(const SharedBySiblings& shared, lum::DrawableCollection& collection) const {
@@ -228,8 +229,10 @@ void AssemblyItem::reportUnusedColormaps(const SharedBySiblings& shared) const {
   for (const auto& [name, colormap] : _colormaps.getAll()) {
     if (!shared.usedColormaps.contains(colormap.get())) {
       const ReadingContext::ItemScope scope(shared.context, colormap->getPathName(), colormap->getPlace());
-      report(shared.context, FindingCode::COLORMAP_UNUSED,
-             "The colormap \"" + name + "\" colours neither data nor a legend");
+      const bool mayLackData = _lacksData && colormap.get() == shared.colormap;
+      (mayLackData ? keepConsequence : report)(
+          shared.context, FindingCode::COLORMAP_UNUSED,
+          "The colormap \"" + name + "\" colours neither data nor a legend");
     }
   }
 }

@@ -24,7 +24,9 @@
 #include <algorithm>
 #include <concepts>
 #include <iterator>
+#include <ranges>
 #include <type_traits>
+#include <utility>
 
 namespace vemo {
 
@@ -145,11 +147,11 @@ ChildElement<Container> notShown() {
 
 void SingleElements::addVectors(const QxElement& view) {
   // Of several of one name the first counts.
-  for (auto child = view.getChildren().rbegin(); child != view.getChildren().rend(); ++child) {
-    if (const auto* const former = std::exchange(_vectors[(*child)->getName()], child->get())) {
+  for (const auto& child : std::views::reverse(view.getChildren())) {
+    if (const auto* const former = std::exchange(_vectors[child->getName()], child.get())) {
       former->setOutlivesParent(false);
     }
-    (*child)->setOutlivesParent(true);
+    child->setOutlivesParent(true);
   }
 }
 

@@ -82,10 +82,16 @@ void readChildren(Container& container, const ReadingCommands<Container>& comman
   for (const auto& child : element.getChildren()) {
     const auto command = commands.find(child->getName());
     if (command == commands.end()) {
+      // A scene has two sets of commands, but nothing of its own that may be missing.
+      container.setPartlyLost();
+      if (reader != nullptr && !child->isRead() && reader->namesEntries(*child)) {
+        reader->noteLoss();
+      }
       continue;
     }
     child->markRead();
     const std::size_t faults = countFaults(reader);
+    const std::size_t losses = countLosses(reader);
     bool isItem = false;
     const bool isRead = attempt(reader, [&] {
       const ReadingContext::ItemScope scope(reader, SceneItem::pathName(*child), child->getPlace());
@@ -102,6 +108,9 @@ void readChildren(Container& container, const ReadingCommands<Container>& comman
     if (!isRead) {
       // One finding covers all of it.
       markTreeRead(*child);
+    }
+    if (countLosses(reader) != losses) {
+      container.setLacksData();
     }
     if (countFaults(reader) == faults) {
       singles.add(*child);

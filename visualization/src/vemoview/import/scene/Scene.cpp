@@ -73,12 +73,8 @@ Scene::Scene(const std::string& name) : AssemblyItem(name) {}
 Scene::~Scene() = default;
 
 void Scene::reportWithoutEffect(const QxElement& element, SceneFileReader& reader) const {
-  const ValueReader values(element, &reader, OnBadValue::FAIL);
   if (_gradient) {
     element.markUnused(XML_ATTRIB_BACKGROUND);
-  }
-  if (statesVisibility(element) && getVisibility() != 1.0) {
-    values.reportWithoutEffect(XML_ATTRIB_VISIBILITY);
   }
   const std::set<std::string> ofAssemblies = {Colormap::XML_ENTITY, Legend::XML_ENTITY,
                                               GeometryTransform::XML_ENTITY, RepeatTransform::XML_ENTITY,

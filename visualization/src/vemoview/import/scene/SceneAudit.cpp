@@ -22,6 +22,18 @@ void checkUnused(const std::string& entry, SceneFileReader& reader) {
   }
 }
 
+void checkNames(SceneFileReader& reader) {
+  const ZipFileReader& archive = reader.getArchive();
+  for (int i = 0; i < archive.getEntryCount(); ++i) {
+    const std::string entry = archive.getEntryName(i);
+    if (archive.hasOtherName(entry)) {
+      reader.report(FindingCode::ENTRY_NAME_DIFFERS,
+                    "The entry has another name in front of its content than in the archive's directory",
+                    entry);
+    }
+  }
+}
+
 }  // namespace
 
 SceneAudit::SceneAudit(const std::wstring& path) {
@@ -47,6 +59,7 @@ void SceneAudit::run() {
   for (const std::string& entry : reader.getUnusedEntries()) {
     checkUnused(entry, reader);
   }
+  checkNames(reader);
   if (reader.getDescription() != nullptr) {
     _sceneNode = &_import->convert();
   }

@@ -92,6 +92,7 @@ SceneNodePtr convertItems(const Scene& scene, ReadingContext& context) {
     const ReadingContext::ItemScope backgroundScope(
         &context, Gradient::XML_ENTITY,
         scene.getGradient() != nullptr ? scene.getGradient()->getPlace() : scene.getPlace());
+    const ReadingContext::AttributeScope modeScope(&context, "mode");
     setBackground(sceneNode->getBackgroundCanvas().getBackgroundAttributes(), scene);
   });
   scene.addToCollection(shared, sceneNode->getModelCanvas().getDrawableCollection(), 0, "noname");

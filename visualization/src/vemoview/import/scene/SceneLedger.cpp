@@ -52,7 +52,9 @@ struct ElementFindings {
 
 class DescriptionLedger {
  public:
-  DescriptionLedger(const std::vector<Finding>& findings, const SceneLedger::Sink& list) : _list(list) {
+  explicit DescriptionLedger(const SceneLedger::Sink& list) : _list(list) {}
+
+  void addFindings(const std::vector<Finding>& findings) {
     for (const Finding& finding : findings) {
       ElementFindings& place = _findings[finding.element];
       (finding.attribute.empty() ? place.ofElement : place.ofAttributes[finding.attribute])
@@ -144,7 +146,9 @@ SceneLedger::SceneLedger(const SceneFileReader& reader) : _reader(reader) {}
 
 void SceneLedger::list(const Sink& sink) const {
   if (_reader.getDescription() != nullptr) {
-    DescriptionLedger ledger(_reader.getFindings(), sink);
+    DescriptionLedger ledger(sink);
+    ledger.addFindings(_reader.getFindings());
+    ledger.addFindings(_reader.getConsequences());
     walkDescription(*_reader.getDescription(), [&ledger](const PlacedElement& place) {
       ledger.add(place);
       return true;
@@ -155,8 +159,10 @@ void SceneLedger::list(const Sink& sink) const {
 
 void SceneLedger::listEntries(const Sink& sink) const {
   std::map<std::string, std::vector<FindingCode>> codes;
-  for (const Finding& finding : _reader.getFindings()) {
-    codes[finding.entry].push_back(finding.code);
+  for (const auto* const findings : {&_reader.getFindings(), &_reader.getConsequences()}) {
+    for (const Finding& finding : *findings) {
+      codes[finding.entry].push_back(finding.code);
+    }
   }
   const std::vector<std::string> unread = _reader.getUnusedEntries();
   for (int i = 0; i < _reader.getArchive().getEntryCount(); ++i) {

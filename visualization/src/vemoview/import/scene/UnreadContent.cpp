@@ -4,6 +4,8 @@
 #include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/import/xml/QxElement.h>
 
+#include <string_view>
+
 namespace vemo {
 
 namespace {
@@ -11,6 +13,11 @@ namespace {
 /// Names and values in untrusted files may be as long as the file.
 std::string quoted(const std::string& text) {
   return '"' + ReadingContext::pathPart(text) + '"';
+}
+
+/// Whether an attribute is about the XML and not about the scene.
+bool isOfXml(std::string_view attribute) {
+  return attribute.starts_with("xml:") || attribute.starts_with("xmlns:") || attribute == "xmlns";
 }
 
 void reportUnread(const PlacedElement& place, SceneFileReader& reader) {
@@ -21,10 +28,13 @@ void reportUnread(const PlacedElement& place, SceneFileReader& reader) {
   if (!element.isRead()) {
     report(FindingCode::ELEMENT_UNKNOWN,
            "The element " + quoted(element.getName()) + " is unknown here and is ignored");
+    reader.loseEntriesOf(element);
     return;
   }
   for (const QxElement::Attribute& attribute : element.getAttributes()) {
-    if (!attribute.isRead()) {
+    if (isOfXml(attribute.getName())) {
+      element.markUnused(attribute.getName());
+    } else if (!attribute.isRead()) {
       report(FindingCode::ATTRIBUTE_UNKNOWN,
              "The attribute " + quoted(attribute.getName()) + " of " + quoted(element.getName()) +
                  " is unknown and is ignored",
@@ -44,8 +54,11 @@ void reportUnreadContent(const QxElement& description, SceneFileReader& reader) 
     return place.element->isRead();
   });
   for (const std::string& entry : reader.getUnusedEntries()) {
-    if (!reader.isExcused(entry)) {
-      reader.report({FindingCode::ENTRY_UNUSED, "The scene does not use the entry " + quoted(entry), entry});
+    const std::string text = "The scene does not use the entry " + quoted(entry);
+    if (reader.isLost(entry)) {
+      reader.keepConsequence(FindingCode::ENTRY_UNUSED, text, entry);
+    } else if (!reader.isExcused(entry)) {
+      reader.report({FindingCode::ENTRY_UNUSED, text, entry});
     }
   }
 }

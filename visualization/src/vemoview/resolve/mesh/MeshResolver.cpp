@@ -175,7 +175,10 @@ class MeshBuilder {
     vtkPolyData& geometry = *_geometry;
     vtkDataArray* const array = findArray(isAtCells ? _node.getCellDataArrays() : _node.getNodeDataArrays(),
                                           scalars->hasDataArray()->getDataArrayName());
-    _missingArray = array == nullptr ? scalars->hasDataArray() : nullptr;
+    if (array == nullptr) {
+      _missingArray = scalars->hasDataArray();
+      return;
+    }
     if (!fits(array, isAtCells ? geometry.GetNumberOfCells() : geometry.GetNumberOfPoints())) {
       return;
     }
