@@ -118,8 +118,9 @@ void FaceList::windAlike(std::span<const std::uint32_t> facesAtPoint) {
     }
     wave.clear();
     take(first);
-    for (std::size_t i = 0; i < wave.size(); ++i) {
-      const auto face = (*this)[wave[i]];
+    // It grows.
+    for (std::size_t next = 0; next < wave.size();) {
+      const auto face = (*this)[wave[next++]];
       for (std::size_t corner = 0; corner < face.size(); ++corner) {
         windNeighbors(face[corner], nextPoint(face, corner));
       }

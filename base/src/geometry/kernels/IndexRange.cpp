@@ -13,14 +13,14 @@ using Indices [[gnu::vector_size(VECTOR_SIZE * sizeof(std::int32_t))]] = std::in
 
 /// Comparisons of one vector wait for one another; those of several do not.
 constexpr std::size_t VECTORS = 4;
-constexpr std::size_t BLOCK = VECTORS * VECTOR_SIZE;
+constexpr std::size_t INDICES_AT_ONCE = VECTORS * VECTOR_SIZE;
 
 }  // namespace
 
 IndexRange rangeOf(std::span<const std::int32_t> indices) {
   std::int32_t least = indices.front();
   std::int32_t greatest = indices.front();
-  for (const std::int32_t index : indices.last(indices.size() % BLOCK)) {
+  for (const std::int32_t index : indices.last(indices.size() % INDICES_AT_ONCE)) {
     least = std::min(least, index);
     greatest = std::max(greatest, index);
   }
@@ -28,7 +28,7 @@ IndexRange rangeOf(std::span<const std::int32_t> indices) {
   std::array<Indices, VECTORS> high;
   low.fill(Indices{} + least);
   high.fill(Indices{} + greatest);
-  for (std::size_t i = 0; i + BLOCK <= indices.size(); i += BLOCK) {
+  for (std::size_t i = 0; i + INDICES_AT_ONCE <= indices.size(); i += INDICES_AT_ONCE) {
     for (std::size_t part = 0; part < VECTORS; ++part) {
       Indices value;
       std::memcpy(&value, &indices[i + part * VECTOR_SIZE], sizeof value);
@@ -36,7 +36,7 @@ IndexRange rangeOf(std::span<const std::int32_t> indices) {
       high[part] = value > high[part] ? value : high[part];
     }
   }
-  for (std::size_t lane = 0; lane < BLOCK; ++lane) {
+  for (std::size_t lane = 0; lane < INDICES_AT_ONCE; ++lane) {
     least = std::min(least, std::int32_t{low[lane / VECTOR_SIZE][lane % VECTOR_SIZE]});
     greatest = std::max(greatest, std::int32_t{high[lane / VECTOR_SIZE][lane % VECTOR_SIZE]});
   }

@@ -20,7 +20,7 @@ bool isTriangle(const std::int32_t* cell, std::uint32_t pointCount) {
 
 #ifdef __SSE2__
 
-constexpr std::size_t BLOCK = 4;
+constexpr std::size_t CELLS_AT_ONCE = 4;
 
 __m128i loadCell(const std::int32_t* cell) {
   return _mm_loadu_si128(reinterpret_cast<const __m128i*>(cell));
@@ -60,10 +60,10 @@ std::size_t compactBlocks(std::span<std::int32_t> list, std::uint32_t pointCount
   const TriangleCheck check(pointCount);
   __m128i blockEnds = _mm_setr_epi32(3, 6, 9, 12);
   std::size_t done = 0;
-  for (; (done + BLOCK) * WORDS <= list.size(); done += BLOCK) {
+  for (; (done + CELLS_AT_ONCE) * WORDS <= list.size(); done += CELLS_AT_ONCE) {
     const std::int32_t* const source = &list[done * WORDS];
-    const __m128i cells[BLOCK] = {loadCell(source), loadCell(source + WORDS), loadCell(source + 2 * WORDS),
-                                  loadCell(source + 3 * WORDS)};
+    const __m128i cells[CELLS_AT_ONCE] = {loadCell(source), loadCell(source + WORDS),
+                                          loadCell(source + 2 * WORDS), loadCell(source + 3 * WORDS)};
     const __m128i isRight = _mm_and_si128(_mm_and_si128(check(cells[0]), check(cells[1])),
                                           _mm_and_si128(check(cells[2]), check(cells[3])));
     if (_mm_movemask_epi8(isRight) != 0xFFFF) {
@@ -72,11 +72,11 @@ std::size_t compactBlocks(std::span<std::int32_t> list, std::uint32_t pointCount
     // Each store is one word too long. The next overwrites it, or it is a word
     // that was read already.
     std::int32_t* const target = &list[done * 3];
-    for (std::size_t i = 0; i < BLOCK; ++i) {
+    for (std::size_t i = 0; i < CELLS_AT_ONCE; ++i) {
       store(target + 3 * i, _mm_srli_si128(cells[i], sizeof(std::int32_t)));
     }
     store(&ends[done], blockEnds);
-    blockEnds = _mm_add_epi32(blockEnds, _mm_set1_epi32(3 * BLOCK));
+    blockEnds = _mm_add_epi32(blockEnds, _mm_set1_epi32(3 * CELLS_AT_ONCE));
   }
   return done;
 }

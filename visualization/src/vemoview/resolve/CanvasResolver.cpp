@@ -62,13 +62,13 @@ ResolvedCanvas CanvasResolver::resolve() {
   const auto viewport = resolveViewport(_canvas).value();
   const auto* const base = _canvas.findAttributes<lum::BaseCanvasAttributes>();
   CanvasUpdate content = update();
-  CanvasCamera camera = resolveCamera(_canvas.hasCameraAttributes());
+  const CanvasCamera camera = resolveCamera(_canvas.hasCameraAttributes());
   reportUnseenExtent(content.meshes, camera);
   return {_role,
           viewport.lowerLeft,
           viewport.upperRight,
           base != nullptr && base->getInteractive(),
-          std::move(camera),
+          camera,
           resolveLights(_canvas.findAttributes<lum::LightingAttributes>()),
           _clipPlanes,
           std::move(content.meshes),
