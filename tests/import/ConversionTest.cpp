@@ -11,9 +11,10 @@
 //       ...
 //
 // Lines that begin with "@" add an entry to the archive of SceneFixture
-// (@floats, @ints, @bytes or @text, name, values), take the default attributes of
-// SceneXml.h away (@plain), or ask for the log (@log). Then come the children of
-// the scene element; behind the dashes stands what they become.
+// (@floats, @ints, @bytes or @text, name, values), give the entry before them a wrong
+// checksum (@damaged), take the default attributes of SceneXml.h away (@plain), or
+// ask for the log (@log). Then come the children of the scene element; behind the
+// dashes stands what they become.
 //
 // With @audit or @parts as the first line, the archive has no entries but the two
 // points "p", and another text is asked for: what SceneAudit finds, or which parts
@@ -132,6 +133,8 @@ class ConversionTest : public SceneFixture, public testing::WithParamInterface<s
       std::string content;
       words >> content;
       _archive.text(entry, content);
+    } else if (kind == "@damaged") {
+      _archive.forge([](ArchiveBuilder::Entry& last) { last.crc ^= 1; });
     } else if (kind == "@audit" || kind == "@parts") {
       _archive = ArchiveBuilder().floats("p", {0, 0, 0, 1, 0, 0});
       _result = kind == "@audit" ? &ConversionTest::auditOf : &ConversionTest::partsOf;

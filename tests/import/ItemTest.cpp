@@ -188,24 +188,6 @@ TEST_F(ItemTest, InvalidGeometryIsNotConverted) {
 
 // ---- Others ----
 
-TEST_F(ItemTest, LegendsAcceptOnlyFormatsForOneNumber) {
-  const auto formatOf = [&](const std::string& format) {
-    convert(assembly("A", "<legend numberFormat='" + format + "'/><colormap/>" + geometry("")));
-    auto& foreground = _sceneNode->getForegroundCanvas().getDrawableCollection();
-    return foreground.find<lum::LegendDrawable>()->getLegendAttributes().getLabelFormat();
-  };
-  const std::string longest(60, 'x');
-  for (const std::string& format :
-       {std::string("%g"), std::string("%-#6.3lE"), std::string("%%%+ 010.2f%%"), longest + "%.2f"}) {
-    EXPECT_EQ(formatOf(format), format);
-  }
-  for (const char* format :
-       {"", "text", "100%", "%g %g", "%d", "%n", "%*g", "%100g", "%.999f", "%Lg", "%1$g", "%%g"}) {
-    EXPECT_EQ(formatOf(format), "%.4g") << format;
-  }
-  EXPECT_EQ(formatOf(longest + "%.22f"), "%.4g");
-}
-
 TEST_F(ItemTest, LegendsMadeInCodeHaveAllThatFilesState) {
   convert("");
   Legend legend("made");
