@@ -149,23 +149,6 @@ TEST(ConnectivityTest, TakesOtherCellsAnywhereAmongTriangles) {
   }
 }
 
-TEST(ConnectivityTest, AcceptsListsOfNoCell) {
-  const ImportedCells none = importCells(nullptr, 0, CellKind::LINES, 0);
-  const ImportedCells left = import({1, 0, 2, 0, 0}, CellKind::POLYS, 1);
-  EXPECT_EQ(none.cells->GetNumberOfCells(), 0);
-  EXPECT_EQ(left.cells->GetNumberOfCells(), 0);
-  EXPECT_EQ(left.listed, 2);
-}
-
-TEST(ConnectivityTest, ReportsTheFirstIndexThatNamesNoPoint) {
-  for (const std::int32_t outside : {3, -1, HIGHEST, LOWEST}) {
-    const ImportedCells imported = import({3, 0, 1, 2, 3, 0, outside, 77}, CellKind::POLYS, 3);
-    EXPECT_FALSE(imported.cells);
-    EXPECT_EQ(imported.indexOutside, outside);
-  }
-  EXPECT_EQ(import({1, 0}, CellKind::VERTS, 0).indexOutside, 0);
-}
-
 TEST(ConnectivityTest, RemovesRowsInPlace) {
   const std::vector<std::pair<std::vector<vtkIdType>, std::vector<float>>> cases = {
       {{}, {0, 1, 2, 3, 4, 5, 6, 7}}, {{0}, {2, 3, 4, 5, 6, 7}}, {{1, 2}, {0, 1, 6, 7}},

@@ -64,21 +64,13 @@ TEST_F(ItemTest, RequiresWhatItIsReadAndConvertedWith) {
 
 // ---- Scenes and assemblies ----
 
-TEST_F(ItemTest, ASceneKeepsTheWindowAndTheLastGradient) {
+TEST_F(ItemTest, ASceneKeepsTheWindow) {
   const auto scene = read("<view windowX='1' windowY='2' windowWidth='3' windowHeight='4'/>");
   const Camera& camera = scene->getCamera();
   EXPECT_EQ((std::vector{camera.windowX, camera.windowY, camera.windowWidth, camera.windowHeight}),
             (std::vector{1, 2, 3, 4}));
   EXPECT_EQ(scene->getBackgroundColor(), (Color{255, 128, 0, 255}));
   EXPECT_EQ(scene->getGradient(), nullptr);
-  for (const std::string mode : {"SOLID", "radial", ""}) {
-    const auto other = read(
-        "<gradient topColor='00000000' bottomColor='00000000' mode='RADIAL'/>"
-        "<gradient topColor='01020304' bottomColor='05060708' mode='" +
-        mode + "'/>");
-    EXPECT_EQ(other->getGradient()->getMode(), lum::BackgroundColorModes::SOLID) << mode;
-    EXPECT_EQ(other->getGradient()->getTopColor(), (Color{1, 2, 3, 4}));
-  }
 }
 
 TEST_F(ItemTest, ASceneConvertsAgainIntoTheSameSceneNode) {
