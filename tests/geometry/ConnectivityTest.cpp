@@ -38,13 +38,6 @@ List valuesOf(vtkTypeInt32Array* array) {
   return {array->GetPointer(0), array->GetPointer(0) + array->GetNumberOfValues()};
 }
 
-TEST(ConnectivityTest, CountsTheCellsOfAList) {
-  EXPECT_EQ(countCells(List{}), 0);
-  EXPECT_EQ(countCells(List{0}), 1);
-  EXPECT_EQ(countCells(List{3, 0, 1, 2, 2, 2, 3}), 2);
-  EXPECT_EQ(countCells(List{1, -7, 0, 1, HIGHEST}), 3);
-}
-
 TEST(ConnectivityTest, RefusesAListThatDoesNotEndWithItsLastCell) {
   // The first one has an index outside the points too, the list comes first.
   const std::vector<List> lists = {{3, 99, 1, 2, 2},    {3, 0, 1},      {1},           {HIGHEST},

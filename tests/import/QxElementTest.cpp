@@ -15,8 +15,6 @@ namespace vemo {
 
 namespace {
 
-static_assert(!std::is_base_of_v<std::exception, Exception> && std::is_polymorphic_v<Exception>);
-
 TEST(QxStringTest, ParsesWholeNumbers) {
   const struct {
     const char* text;
@@ -143,6 +141,21 @@ TEST(QxElementTest, DestroysADeepTree) {
   for (int i = 0; i < 1000000; ++i) {
     innermost = &innermost->addChild(std::make_unique<QxElement>("a"));
   }
+}
+
+TEST(ExceptionTest, KeepsTheInnermostPlace) {
+  IOException exception("message");
+  EXPECT_EQ(exception.getPlace(), "");
+  exception.setEntry("p.bin");
+  EXPECT_EQ(exception.getPlace(), "entry 'p.bin'");
+  exception.setItemPath("scene/wing");
+  exception.setLine(3);
+  exception.setEntry("other");
+  exception.setItemPath("scene");
+  exception.setLine(1);
+  EXPECT_EQ(exception.getPlace(), "item scene/wing, line 3 of the scene description, entry 'p.bin'");
+  EXPECT_EQ(exception.getMessage(), "message");
+  static_assert(!std::is_base_of_v<std::exception, Exception> && std::is_polymorphic_v<Exception>);
 }
 
 }  // namespace
