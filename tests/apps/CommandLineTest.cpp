@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <gmock/gmock.h>
+#include <regex>
 #include <sstream>
 #include <sys/ioctl.h>
 #include <sys/resource.h>
@@ -20,18 +21,9 @@ namespace fs = std::filesystem;
 using testing::HasSubstr;
 
 std::string makeDescription(const std::string& arrayEntry, const std::string& version = "1") {
-  return R"(<scene name="plate" version="1" background="204060ff">
-  <view version="1" perspective="false" parallelScale="2">
-    <position x="0" y="0" z="5"/><up x="0" y="1" z="0"/><focalPt x="0" y="0" z="0"/>
-  </view>
-  <geometry name="piece" version=")" +
-         version +
-         R"(" visibility="1.0" lineColor="000000ff" faceColor="ff8000ff" lineWidth="1.0" showEdges="false"
-      showFaces="true" smoothShading="false" pointSize="3.0" points="points" polys="polys">
-    <array name="heat" dim="1" vertexData="true" data=")" +
-         arrayEntry + R"("/>
-  </geometry>
-</scene>)";
+  const std::string text =
+      std::regex_replace(readFile(testData("plate.xml")), std::regex("ENTRY"), arrayEntry);
+  return std::regex_replace(text, std::regex("VERSION"), version);
 }
 
 /// A triangle, with as many further points as are asked for. Its size depends on no

@@ -16,12 +16,6 @@ namespace {
 using Point = Vector3;
 using testing::ElementsAre;
 
-void repeat(lum::Drawable& drawable, const Point& step, int count) {
-  auto& transform = setTransform<lum::PeriodicRepeatTransform>(drawable);
-  transform.setTranslation(step);
-  transform.setNumRepeats(count);
-}
-
 TEST(SceneResolverTest, ListsMeshesWithTheirAppearanceAndInstances) {
   SceneBuilder scene;
   const auto geometry = makeRectangle(0, 1, 0, 1);
@@ -112,6 +106,19 @@ TEST(SceneResolverTest, GivesPointsADefaultColorThatContrastsWithEveryBackground
   const double luminance = 0.2126 * linear(color[0]) + 0.7152 * linear(color[1]) + 0.0722 * linear(color[2]);
   EXPECT_GT((luminance + 0.05) / 0.05, 4) << "on black";
   EXPECT_GT(1.05 / (luminance + 0.05), 4) << "on white";
+}
+
+TEST(SceneResolverTest, LeavesOutWhatIsHiddenAndAllBelow) {
+  SceneBuilder scene;
+  auto& outer = scene.collectionIn(scene.drawables());
+  auto& surface = scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 0, 0}, outer);
+  scene.addSurface(makeRectangle(-1, 1, -1, 1), {0, 1, 0}, outer);
+  for (const auto& [isOuterVisible, isSurfaceVisible, shown] :
+       {std::tuple(true, true, 2U), {true, false, 1}, {false, true, 0}, {false, false, 0}}) {
+    outer.getBaseAttributes().setVisibility(isOuterVisible, false);
+    surface.getBaseAttributes().setVisibility(isSurfaceVisible, false);
+    EXPECT_EQ(resolveScene(scene.node()).canvases.at(0).meshes.size(), shown);
+  }
 }
 
 TEST(SceneResolverTest, GivesViewAndLightOfCanvasesFromBackToFront) {
