@@ -163,7 +163,7 @@ TEST(SceneResolverTest, GivesDecorationsAsPlainData) {
   legend.getLegendAttributes().setLabelFormat("%d");
   auto& triad =
       scene.node().getOrientationCanvas().getDrawableCollection().findOrCreate<lum::TriadDrawable>("triad");
-  triad.setCameraAttributes(&scene.canvas().getCameraAttributes());
+  triad.setCameraAttributes(&scene.node().getForegroundCanvas().getCameraAttributes());
   triad.getTriadAttributes().setXAxisLabelText("East");
   triad.getOrientationAttributes().setForwardVector({2, 0, 0});
   triad.getOrientationAttributes().setUpVector({1, 0, 3});
@@ -178,7 +178,7 @@ TEST(SceneResolverTest, GivesDecorationsAsPlainData) {
   EXPECT_THAT(axes.axes, ElementsAre(Point{0, 1, 0}, Point{0, 0, 1}, Point{1, 0, 0}));
   EXPECT_EQ(axes.labels.value()[0], "East");
   ASSERT_TRUE(axes.camera);
-  EXPECT_EQ(resolved.canvases.at(std::get<std::size_t>(*axes.camera)).role, ResolvedCanvas::Role::MODEL);
+  EXPECT_EQ(resolved.canvases.at(std::get<std::size_t>(*axes.camera)).role, ResolvedCanvas::Role::FOREGROUND);
 }
 
 TEST(SceneResolverTest, ResolvesOnlyWhatBecomesVisible) {
