@@ -1,11 +1,13 @@
 #include "ProgramRun.h"
 #include "support/ArchiveBuilder.h"
 #include "support/Databases.h"
+#include "support/Expected.h"
 #include <vemo/scenegraph/io/SDBReader.h>
 
 #include <chrono>
 #include <gmock/gmock.h>
-#include <nlohmann/json.hpp>
+#include <regex>
+#include <sstream>
 #include <sys/ioctl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -16,25 +18,16 @@ namespace vemo {
 namespace {
 
 namespace fs = std::filesystem;
-using nlohmann::json;
 using testing::HasSubstr;
 
 std::string makeDescription(const std::string& arrayEntry, const std::string& version = "1") {
-  return R"(<scene name="plate" version="1" background="204060ff">
-  <view version="1" perspective="false" parallelScale="2">
-    <position x="0" y="0" z="5"/><up x="0" y="1" z="0"/><focalPt x="0" y="0" z="0"/>
-  </view>
-  <geometry name="piece" version=")" +
-         version +
-         R"(" visibility="1.0" lineColor="000000ff" faceColor="ff8000ff" lineWidth="1.0" showEdges="false"
-      showFaces="true" smoothShading="false" pointSize="3.0" points="points" polys="polys">
-    <array name="heat" dim="1" vertexData="true" data=")" +
-         arrayEntry + R"("/>
-  </geometry>
-</scene>)";
+  const std::string text =
+      std::regex_replace(readFile(testData("plate.xml")), std::regex("ENTRY"), arrayEntry);
+  return std::regex_replace(text, std::regex("VERSION"), version);
 }
 
-/// A triangle, with as many further points as are asked for.
+/// A triangle, with as many further points as are asked for. Its size depends on no
+/// version of zlib.
 ArchiveBuilder makeArchive(const std::string& description, std::size_t furtherPoints = 0) {
   std::vector<float> points{0, 0, 0, 1, 0, 0, 0, 1, 0};
   points.resize(points.size() + 3 * furtherPoints, 0.1F);
@@ -44,7 +37,8 @@ ArchiveBuilder makeArchive(const std::string& description, std::size_t furtherPo
       .text("scene.xml", description)
       .floats("points", points)
       .floats("heat", heat)
-      .ints("polys", {3, 0, 1, 2});
+      .ints("polys", {3, 0, 1, 2})
+      .stored();
 }
 
 /// A folder with files that commands are tried on.
@@ -52,7 +46,6 @@ class CommandLineTest : public ProgramTest {
  protected:
   CommandLineTest() {
     makeArchive(makeDescription("heat")).write(_folder / "scene.zip");
-    fs::copy_file(_folder / "scene.zip", _folder / "sc\xC3\xA8ne \xFF.zip");
     makeArchive(makeDescription("heat"))
         .bytes("heat", {})
         .forge([](ArchiveBuilder::Entry& entry) { entry.method = 0xffff; })
@@ -62,7 +55,9 @@ class CommandLineTest : public ProgramTest {
     makeArchive("<scene><view></scene>").write(_folder / "unclosed.zip");
     ArchiveBuilder().text("a/Scene.XML", "").write(_folder / "deep.zip");
     writeFile(_folder / "text.txt", "no scene at all");
-    writeFile(_folder / "text", "no scene at all");
+    for (const char* const file : {"text", "replaced"}) {
+      writeFile(_folder / file, "no scene at all");
+    }
     writeFile(_folder / "empty", "");
     writeFile(_folder / "scene.xml", makeDescription("heat"));
     fs::create_directory(_folder / "folder");
@@ -78,150 +73,59 @@ class CommandLineTest : public ProgramTest {
   void expectNoTemporaryFiles() const { EXPECT_TRUE(fs::is_empty(_temporary.path())); }
 };
 
-TEST_F(CommandLineTest, ExitsWithTheRightCodeAndMessage) {
-  struct Case {
-    std::vector<std::string> arguments;
-    int exitCode;
-    std::string out;
-    std::string err;
-  };
-  const std::string invalid = "sc\xC3\xA8ne \xFF.zip";
-  const Case cases[] = {
-      {{"--help"}, 0, "Exit status:", ""},
-      {{"--version"}, 0, "vemoscene ", ""},
-      {{"convert", "--help"}, 0, "scene-graph database (.sdb", ""},
-      {{"render", "--help"}, 0, "--size WxH", ""},
-      {{}, 64, "", "subcommand is required"},
-      {{"frobnicate"}, 64, "", "frobnicate"},
-      {{"info"}, 64, "", "FILE is required"},
-      {{"info", "scene.zip", "more"}, 64, "", "more"},
-      {{"info", "scene.zip"}, 0, "PolyDataNode", ""},
-      {{"info", "scene.sdb"}, 0, "\"heat\"", ""},
-      {{"info", invalid}, 0, "sc\xC3\xA8ne \xEF\xBF\xBD.zip", ""},
-      {{"info", "nowhere.zip"}, 2, "", "File \"nowhere.zip\" does not exist"},
-      {{"info", ""}, 2, "", "does not exist"},
-      {{"info", "text.txt"}, 3, "", "vemoscene: Unknown file format \"text.txt\"\n"},
-      {{"info", "empty"}, 3, "", "\"empty\" is empty\n"},
-      {{"info", "folder"}, 3, "", "\"folder\" is a folder, not a file\n"},
-      {{"check", "scene.xml"}, 3, "", "format \"scene.xml\": It is XML; a scene is a zip archive"},
-      {{"info", "deep.zip"}, 3, "", "\"deep.zip\": It is a zip archive with an entry \"a/Scene.XML\""},
-      {{"info", "cut.sdb"}, 3, "", "\"cut.sdb\": Not a scene-graph database: It is cut short: "},
-      {{"info", "wrong.sdb"}, 5, "", "wrong.sdb"},
-      {{"info", "pipe"}, 5, "", "is a pipe"},
-      {{"info", "incomplete.zip"}, 5, "", "'heat'\nYour file may be corrupt."},
-      {{"info", "cold.zip"}, 5, "", "entry 'cold'"},
-      {{"info", "cold.zip"}, 5, "", "item scene/piece"},
-      {{"info", "future.zip"}, 5, "", "newer version"},
-      {{"info", "unclosed.zip"}, 5, "", "line 1"},
-      {{"convert", "scene.zip"}, 64, "", "OUT is required"},
-      {{"convert", invalid, "\xFE.sdb"}, 0, "", ""},
-      {{"convert", "nowhere.zip", "x.sdb"}, 2, "", "does not exist"},
-      {{"convert", "incomplete.zip", "x.sdb"}, 5, "", "heat"},
-      {{"convert", "wrong.sdb", "x.sdb"}, 5, "", "wrong.sdb"},
-      {{"convert", "cold.zip", "no folder/x.sdb"}, 6, "", "no folder/x.sdb: No such file or directory\n"},
-      {{"convert", "scene.zip", "pipe"}, 6, "", "\"pipe\": it is not a regular file\n"},
-      {{"convert", "scene.sdb", "folder"}, 6, "", "\"folder\": it is a folder\n"},
-      {{"convert", "scene.zip", "cold.zip"},
-       64,
-       "",
-       "\"cold.zip\": kinds that can be written: scene-graph database (.sdb)"},
-      {{"convert", "scene.zip", "text"}, 6, "", "\"text\": it exists and is not a scene-graph database"},
-      {{"convert", "scene.zip", "x.sdb", "--ledger", "text"}, 6, "", "is not a ledger"},
-      {{"convert", "scene.zip", "-", "--verify"}, 64, "", "verified"},
-      {{"render", "scene.zip", "x.bmp"}, 64, "", "kinds that can be written: PNG file (.png)"},
-      {{"render", "scene.zip", "text"}, 6, "", "\"text\": it exists and is not a PNG file"},
-      {{"render", "cold.zip", "no folder/x.png"}, 6, "", "No such file or directory"},
-      {{"convert", "scene.zip", "./scene.zip"}, 64, "", "same file"},
-      {{"convert", "scene.zip", "new.sdb", "--ledger", "./new.sdb"}, 64, "", "same file"},
-      {{"convert", "scene.zip", "verified.sdb", "--verify"}, 0, "verified.sdb: verified, 1 record, ", ""},
-      {{"convert", "scene.sdb", "verified.sdb", "--verify"}, 0, "verified.sdb: verified, 1 record, ", ""},
-      {{"diff", "scene.zip", "scene.sdb"}, 0, "No differences in 1 record, ", ""},
-      {{"diff", "nowhere.zip", "scene.zip"}, 2, "", "File \"nowhere.zip\" does not exist"},
-      {{"diff", "scene.zip", "text.txt"}, 2, "", "Unknown file format \"text.txt\""},
-      {{"diff", "scene.zip", "cold.zip"}, 2, "", "cold.zip: "},
-      {{"diff", "wrong.sdb", "scene.sdb"}, 2, "", "vemoscene: wrong.sdb: "},
-      {{"diff", "scene.zip", "pipe"}, 2, "", "\"pipe\" is a pipe"},
-      {{"diff", "scene.zip"}, 64, "", "B is required"},
-      {{"diff", "scene.zip", "scene.sdb", "--tolerance", "nan"}, 64, "", "nan"},
-      {{"diff", "scene.zip", "scene.sdb", "--tolerance", "-1"}, 64, "", "-1"},
-      {{"render", "scene.zip", "scene.zip"}, 64, "", "same file"},
-      {{"render", "scene.zip", "x.png", "--size", "0x10"}, 64, "", "0x10"},
-      {{"render", "scene.zip", "x.png", "--size", "99999x10"}, 64, "", "16384"},
-      {{"render", "scene.zip", "x.png", "--size", "10"}, 64, "", "1024x768"},
-      {{"render", "nowhere.zip", "x.png"}, 2, "", "does not exist"},
-  };
-  for (const Case& each : cases) {
-    const ProgramResult result = run(each.arguments);
-    const std::string arguments = testing::PrintToString(each.arguments);
-    EXPECT_EQ(result.exitCode, each.exitCode) << arguments << result.err;
-    EXPECT_THAT(result.out, HasSubstr(each.out)) << arguments;
-    EXPECT_THAT(result.err, HasSubstr(each.err)) << arguments;
-    EXPECT_EQ(result.out.empty(), each.out.empty()) << arguments;
-    EXPECT_EQ(result.err.empty(), each.err.empty()) << arguments << result.err;
-    expectNoTemporaryFiles();
-  }
-  EXPECT_FALSE(fs::exists(_folder / "x.sdb"));
-  EXPECT_FALSE(fs::exists(_folder / "x.png"));
-  EXPECT_TRUE(fs::exists(_folder / "\xFE.sdb"));
-}
-
-TEST_F(CommandLineTest, PrintsJsonForPrograms) {
-  const json archive = json::parse(run({"info", "scene.zip", "--json", "--values"}).out);
-  EXPECT_EQ(archive["path"], "scene.zip");
-  EXPECT_EQ(archive["format"], "ZippedScene");
-  json record = archive["records"].at(0);
-  EXPECT_EQ(record["node"]["name"], "plate");
-  EXPECT_THAT(record["node"].dump(),
-              HasSubstr(R"("range":[-1,2.5],"tuples":3,"type":"float32","values":[2.5,-1,0.1]})"));
-  record.erase("node");
-  EXPECT_EQ(record, (json{{"title", "title"}, {"description", "description"}, {"simUUID", "simUUID"}}));
-  const json database = json::parse(run({"info", "scene.sdb", "--json"}).out);
-  EXPECT_EQ(database["format"], "SceneDatabase");
-  EXPECT_THAT(database["records"].dump(), Not(HasSubstr("\"values\"")));
-  EXPECT_EQ(json::parse(run({"info", "scene.sdb", "--json", "--values"}).out)["records"], archive["records"])
-      << "a scene and its database say the same";
-}
-
-TEST_F(CommandLineTest, ReportsWhatReadingLeavesOut) {
+TEST_F(CommandLineTest, AnswersAsInTheTranscript) {
   std::string description = makeDescription("heat");
   description.insert(description.find("<geometry"), "<vectors name=\"wind\"/><streamlines name=\"paths\"/>");
   makeArchive(description).write(_folder / "more.zip");
-  const ProgramResult result = run({"info", "more.zip"});
-  EXPECT_THAT(result.out, HasSubstr("  lost: Items of the kind \"vectors\" are not shown (kind-not-shown; "
-                                    "item scene/wind, line 5 of the scene description)\n"));
-  EXPECT_EQ(result.err, "") << "once is enough";
-  const json content = json::parse(run({"info", "more.zip", "--json"}).out);
-  ASSERT_EQ(content["warnings"].size(), 2U);
-  EXPECT_EQ(content["warnings"][1], "Items of the kind \"streamlines\" are not shown, item scene/paths");
-  EXPECT_EQ(content["findings"][1]["code"], "kind-not-shown");
-  EXPECT_EQ(content["findings"][1]["severity"], "lost");
-  EXPECT_EQ(content["findings"][1]["itemPath"], "scene/paths");
-  EXPECT_EQ(content["findings"][1]["attribute"], "");
-  EXPECT_EQ(json::parse(run({"check", "cold.zip", "--json"}).out)["findings"][0]["attribute"], "data");
-  EXPECT_EQ(run({"convert", "more.zip", "more.sdb", "--fail-on", "changed"}).exitCode, 1);
-  EXPECT_TRUE(fs::exists(_folder / "more.sdb"));
-  EXPECT_EQ(run({"info", "more.sdb", "--fail-on", "note"}).exitCode, 0);
-  EXPECT_EQ(run({"info", "more.zip", "--fail-on", "all"}).exitCode, 64);
-  EXPECT_TRUE(json::parse(run({"info", "scene.zip", "--json"}).out)["warnings"].empty());
   DatabaseBytes newer(readFile(_folder / "scene.sdb"));
   newer.replaceInIndex("MeshAttributes", "WarpAttributes");
   writeFile(_folder / "newer.sdb", newer.join());
-  EXPECT_THAT(run({"info", "newer.sdb"}).out, HasSubstr("nodes of class WarpAttributes, which is unknown"));
+  std::string damaged = readFile(_folder / "scene.sdb");
+  for (const auto& array : lum::SDBReader((_folder / "scene.sdb").wstring()).getArrays()) {
+    damaged.at(array.offset) ^= 1;
+  }
+  writeFile(_folder / "damaged.sdb", damaged);
+
+  std::istringstream lines(readFile(testData("expected/commands.txt")));
+  std::string answers;
+  for (std::string line; std::getline(lines, line);) {
+    if (line.starts_with('#')) {
+      answers += line + "\n";
+    } else if (line.starts_with('$')) {
+      answers += answerTo(line);
+      expectNoTemporaryFiles();
+    }
+  }
+  expectAsInFile(answers, "commands.txt");
+  EXPECT_FALSE(fs::exists(_folder / "x.sdb"));
+  EXPECT_FALSE(fs::exists(_folder / "x.png"));
+  EXPECT_TRUE(fs::exists(_folder / "more.sdb"));
+  for (const char* const file : {"kept.sdb", "replaced", "copy.sdb"}) {
+    EXPECT_TRUE(readFile(_folder / file) == readFile(_folder / "scene.sdb")) << file;
+  }
+  EXPECT_THAT(readFile(_folder / "cold.jsonl"), HasSubstr(R"("value": "cold", "findings": )"));
 }
 
-TEST_F(CommandLineTest, WritesALedgerInOnePassAlsoOfARefusedScene) {
-  EXPECT_EQ(run({"convert", "scene.zip", "kept.sdb", "--ledger", "kept.jsonl"}).exitCode, 0);
-  EXPECT_EQ(readFile(_folder / "kept.sdb"), readFile(_folder / "scene.sdb"));
-  EXPECT_EQ(
-      json::parse(readFile(_folder / "kept.jsonl").substr(0, readFile(_folder / "kept.jsonl").find('\n'))),
-      (json{{"outcome", "kept"}, {"path", "scene"}, {"line", 1}, {"element", "scene"}}));
-  const ProgramResult refused = run({"convert", "cold.zip", "x.sdb", "--ledger", "cold.jsonl"});
-  EXPECT_EQ(refused.exitCode, 5);
-  EXPECT_THAT(refused.out, HasSubstr(" refused\n"));
-  EXPECT_EQ(refused.err, run({"convert", "cold.zip", "x.sdb"}).err);
-  EXPECT_THAT(readFile(_folder / "cold.jsonl"),
-              HasSubstr(R"("attribute": "data", "value": "cold", "findings": )"));
-  EXPECT_FALSE(fs::exists(_folder / "x.sdb"));
+TEST_F(CommandLineTest, AnswersInTheWordsOfTheParser) {
+  const std::pair<std::vector<std::string>, std::string> cases[] = {{{"--help"}, "Exit status:"},
+                                                                    {{"--version"}, "vemoscene "},
+                                                                    {{"convert", "--help"}, "database (.sdb"},
+                                                                    {{"render", "--help"}, "--size WxH"}};
+  for (const auto& [arguments, expected] : cases) {
+    const ProgramResult result = run(arguments);
+    EXPECT_EQ(result.exitCode, 0) << expected;
+    EXPECT_THAT(result.out, HasSubstr(expected));
+    EXPECT_EQ(result.err, "");
+  }
+  EXPECT_EQ(run({"info", "scene.zip", "--fail-on", "all"}).exitCode, 64);
+}
+
+TEST_F(CommandLineTest, AcceptsAnyFileName) {
+  const std::string name = "sc\xC3\xA8ne \xFF.zip";
+  fs::copy_file(_folder / "scene.zip", _folder / name);
+  EXPECT_THAT(run({"info", name}).out, HasSubstr("sc\xC3\xA8ne \xEF\xBF\xBD.zip"));
+  EXPECT_EQ(run({"convert", name, "\xFE.sdb"}).exitCode, 0);
+  EXPECT_TRUE(fs::exists(_folder / "\xFE.sdb"));
 }
 
 TEST_F(CommandLineTest, ReportsAnUnusableViewOnceInEitherGeneration) {
@@ -242,47 +146,16 @@ TEST_F(CommandLineTest, ReportsAnArchiveThatCannotBeOpenedAsAFinding) {
   writeFile(_folder / "cut.zip", "PK\3\4");
   const ProgramResult result = run({"check", "cut.zip", "--json"});
   EXPECT_EQ(result.exitCode, 5);
-  EXPECT_EQ(json::parse(result.out)["findings"][0]["code"], "archive-invalid");
+  EXPECT_THAT(result.out, HasSubstr("\"archive-invalid\""));
 }
 
-TEST_F(CommandLineTest, ReportsAllDamagedArrays) {
-  std::string bytes = readFile(_folder / "scene.sdb");
-  std::vector<testing::Matcher<std::string>> expected;
-  for (const auto& array : lum::SDBReader((_folder / "scene.sdb").wstring()).getArrays()) {
-    bytes.at(array.offset) ^= 1;
-    expected.push_back(HasSubstr("\"" + array.name + "\": hash mismatch"));
-  }
-  EXPECT_GT(expected.size(), 2U);
-  writeFile(_folder / "damaged.sdb", bytes);
-  const ProgramResult result = run({"check", "damaged.sdb", "--json"});
-  EXPECT_EQ(result.exitCode, 5);
-  std::vector<std::string> texts;
-  const json report = json::parse(result.out);
-  for (const json& finding : report["findings"]) {
-    texts.push_back(finding["text"]);
-  }
-  EXPECT_THAT(texts, testing::ElementsAreArray(expected));
-}
-
-TEST_F(CommandLineTest, ConvertsToTheSameBytesAndCopies) {
-  const std::string former = readFile(_folder / "scene.sdb");
-  writeFile(_folder / "again.sdb", "an old file");
-  EXPECT_EQ(run({"convert", "scene.zip", "again.sdb"}).exitCode, 6);
-  EXPECT_EQ(readFile(_folder / "again.sdb"), "an old file");
-  EXPECT_EQ(run({"convert", "scene.zip", "again.sdb", "--force"}).exitCode, 0);
-  EXPECT_EQ(run({"convert", "scene.zip", "again.sdb"}).exitCode, 0) << "of the same kind";
+TEST_F(CommandLineTest, ConvertsToStandardOutput) {
   for (const char* output : {"-", "/dev/stdout"}) {
     const ProgramResult result = run({"convert", "scene.zip", output});
     EXPECT_EQ(result.exitCode, 0) << result.err;
-    EXPECT_TRUE(result.out == former);
+    EXPECT_TRUE(result.out == readFile(_folder / "scene.sdb"));
     expectNoTemporaryFiles();
   }
-  EXPECT_EQ(run({"convert", "again.sdb", "copy.sdb"}).exitCode, 0);
-  EXPECT_TRUE(readFile(_folder / "again.sdb") == former);
-  EXPECT_TRUE(readFile(_folder / "copy.sdb") == former);
-  EXPECT_EQ(run({"convert", "incomplete.zip", "again.sdb"}).exitCode, 5);
-  EXPECT_EQ(run({"convert", "again.sdb", "again.sdb"}).exitCode, 64);
-  EXPECT_TRUE(readFile(_folder / "again.sdb") == former) << "what fails leaves the old file";
 }
 
 TEST_F(CommandLineTest, DrawsOrReportsMissingOpenGl) {

@@ -1,4 +1,5 @@
 #include "ProgramRun.h"
+#include "support/Expected.h"
 #include "support/Files.h"
 #include "support/Meshes.h"
 #include "support/Nodes.h"
@@ -48,33 +49,9 @@ TEST_F(DiffTest, PrintsWhatDiffers) {
   surfaceOf(*scene).getColorAttributes()->setColor("a\nb", {0, 0, 0});
   write("b.sdb", {{"", scene}});
 
-  const ProgramResult text = run({"diff", "a.sdb", "b.sdb"});
-  const std::string surface = "ModelCanvas/DrawableCollection/surface/";
-  EXPECT_EQ(text.exitCode, 1);
-  EXPECT_EQ(text.out,
-            surface + "AttributesCollection/ColorAttributes: colors[\"a b\"]: none against (0, 0, 0)\n" +
-                surface + "AttributesCollection/ColorAttributes: opacity: 1 against 0.96875\n" + surface +
-                "first: nodeDataArrays[\"heat\"]: nan against 0.5 (2 of 3 differ, most at 1, by inf)\n"
-                "3 differences in 1 record, 16 nodes and 20 arrays\n");
-  EXPECT_EQ(text.err, "");
-  const ProgramResult tolerant = run({"diff", "a.sdb", "b.sdb", "--json", "--tolerance", "0.34"});
-  EXPECT_EQ(tolerant.exitCode, 1);
-  const json list = json::parse(tolerant.out);
-  ASSERT_EQ(list.size(), 2U);
-  EXPECT_EQ(list[0]["a"], nullptr);
-  EXPECT_EQ(list[0]["b"], (json{0, 0, 0}));
-  EXPECT_EQ(list[1], (json{{"record", 0},
-                           {"path", surface + "first"},
-                           {"what", "nodeDataArrays[\"heat\"]"},
-                           {"a", "nan"},
-                           {"b", 0.5},
-                           {"count", 1},
-                           {"of", 3},
-                           {"index", 1},
-                           {"deviation", nullptr}}));
-  const ProgramResult equal = run({"diff", "a.sdb", "a.sdb", "--json"});
-  EXPECT_EQ(equal.exitCode, 0);
-  EXPECT_EQ(json::parse(equal.out), json::array());
+  expectAsInFile(answerTo("$ diff a.sdb b.sdb") + answerTo("$ diff a.sdb b.sdb --json --tolerance 0.34") +
+                     answerTo("$ diff a.sdb a.sdb --json"),
+                 "diff-of-values.txt");
 }
 
 TEST_F(DiffTest, LimitsTheLinesOfTextOnly) {
@@ -96,12 +73,7 @@ TEST_F(DiffTest, ComparesRecordsOfOneTitleAndThenTheRest) {
                   {"x", makeNamedScene("1")},
                   {"x", makeNamedScene("5")},
                   {"more", makeNamedScene("6")}});
-  EXPECT_THAT(run({"diff", "a.sdb", "b.sdb"}).out,
-              testing::StartsWith("record 1: /: title: y against new\n"
-                                  "record 1: /: name: 2 against 4\n"
-                                  "record 2: /: name: 3 against 5\n"
-                                  "record 3: /: record: none against more\n"
-                                  "4 differences in 3 records, "));
+  expectAsInFile(answerTo("$ diff a.sdb b.sdb"), "diff-of-records.txt");
 }
 
 }  // namespace

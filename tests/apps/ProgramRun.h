@@ -8,6 +8,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <sstream>
 #include <string>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -73,6 +74,24 @@ class ProgramTest : public testing::Test {
   ProgramResult run(const std::vector<std::string>& arguments,
                     const std::filesystem::path& output = {}) const {
     return ProgramRun(arguments, _folder.path(), _temporary.path(), output).finish();
+  }
+
+  /// What the program says to a line "$ info scene.zip", behind this line. What goes
+  /// to standard error stands behind "! "; the word "" is an empty one.
+  std::string answerTo(const std::string& line) const {
+    std::istringstream words(line);
+    std::vector<std::string> arguments;
+    for (std::string word; words >> word;) {
+      arguments.push_back(word == "\"\"" ? "" : word);
+    }
+    arguments.erase(arguments.begin());
+    const ProgramResult result = run(arguments);
+    std::string text = line + "\n" + result.out;
+    std::istringstream messages(result.err);
+    for (std::string message; std::getline(messages, message);) {
+      text += "! " + message + "\n";
+    }
+    return text + "exit " + std::to_string(result.exitCode) + "\n\n";
   }
 
   TemporaryFolder _folder;

@@ -15,7 +15,7 @@ namespace vemo {
 /// An old scene on its whole way: written as an archive, opened as a host opens
 /// it, read back from the database that it has become, and drawn.
 ///
-/// The archive has these entries. "flag", points, with "flagFaces", a polygon
+/// The archive has these entries, from tests/data/features.txt. "flag", points, with "flagFaces", a polygon
 /// and another that bends away from it: no two of its mirror images and turns
 /// look alike. "hill", 9 x 9 points of a bulging square, with "hillFaces", the
 /// 8 x 8 cells between them; "byPoint" and "byCell", values over these from 0.1

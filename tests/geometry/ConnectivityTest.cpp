@@ -38,13 +38,6 @@ List valuesOf(vtkTypeInt32Array* array) {
   return {array->GetPointer(0), array->GetPointer(0) + array->GetNumberOfValues()};
 }
 
-TEST(ConnectivityTest, CountsTheCellsOfAList) {
-  EXPECT_EQ(countCells(List{}), 0);
-  EXPECT_EQ(countCells(List{0}), 1);
-  EXPECT_EQ(countCells(List{3, 0, 1, 2, 2, 2, 3}), 2);
-  EXPECT_EQ(countCells(List{1, -7, 0, 1, HIGHEST}), 3);
-}
-
 TEST(ConnectivityTest, RefusesAListThatDoesNotEndWithItsLastCell) {
   // The first one has an index outside the points too, the list comes first.
   const std::vector<List> lists = {{3, 99, 1, 2, 2},    {3, 0, 1},      {1},           {HIGHEST},
@@ -147,23 +140,6 @@ TEST(ConnectivityTest, TakesOtherCellsAnywhereAmongTriangles) {
       }
     }
   }
-}
-
-TEST(ConnectivityTest, AcceptsListsOfNoCell) {
-  const ImportedCells none = importCells(nullptr, 0, CellKind::LINES, 0);
-  const ImportedCells left = import({1, 0, 2, 0, 0}, CellKind::POLYS, 1);
-  EXPECT_EQ(none.cells->GetNumberOfCells(), 0);
-  EXPECT_EQ(left.cells->GetNumberOfCells(), 0);
-  EXPECT_EQ(left.listed, 2);
-}
-
-TEST(ConnectivityTest, ReportsTheFirstIndexThatNamesNoPoint) {
-  for (const std::int32_t outside : {3, -1, HIGHEST, LOWEST}) {
-    const ImportedCells imported = import({3, 0, 1, 2, 3, 0, outside, 77}, CellKind::POLYS, 3);
-    EXPECT_FALSE(imported.cells);
-    EXPECT_EQ(imported.indexOutside, outside);
-  }
-  EXPECT_EQ(import({1, 0}, CellKind::VERTS, 0).indexOutside, 0);
 }
 
 TEST(ConnectivityTest, RemovesRowsInPlace) {

@@ -11,9 +11,14 @@
 //       ...
 //
 // Lines that begin with "@" add an entry to the archive of SceneFixture
-// (@floats, @ints or @bytes, name, values), take the default attributes of
-// SceneXml.h away (@plain), or ask for the log (@log). Then come the children of
-// the scene element; behind the dashes stands what they become.
+// (@floats, @ints, @bytes or @text, name, values), give the entry before them a wrong
+// checksum (@damaged), take the default attributes of SceneXml.h away (@plain), or
+// ask for the log (@log). Then come the children of the scene element; behind the
+// dashes stands what they become.
+//
+// With @audit or @parts as the first line, the archive has no entries but the two
+// points "p", and another text is asked for: what SceneAudit finds, or which parts
+// of the scene and entries are not kept, and by which findings.
 //
 // With VEMO_UPDATE_EXPECTED set, the tests write what stands behind the dashes.
 
@@ -21,6 +26,7 @@
 #include "support/Expected.h"
 #include "support/Files.h"
 #include "support/GraphText.h"
+#include <vemo/import/SceneAudit.h>
 
 #include <algorithm>
 #include <regex>
@@ -34,13 +40,18 @@ const std::filesystem::path FOLDER = testData("expected/conversion");
 const std::string HEADING = "==== ";
 const std::string RESULT = "----\n";
 
-template <class T>
-std::vector<T> numbersIn(std::istream& words) {
-  std::vector<T> numbers;
-  for (std::string word; words >> word;) {
-    numbers.push_back(static_cast<T>(std::stod(word)));
+std::string textOf(const Finding& finding) {
+  return finding.getKind().name + ": " + finding.text + " | " + finding.itemPath + ":" +
+         std::to_string(finding.line) + ":" + finding.entry + "\n";
+}
+
+std::string textOf(const LedgerRow& row) {
+  std::string text = std::string(outcomeName(row.outcome)) + " " + row.path + row.entry;
+  text += row.attribute.empty() ? "" : "@" + row.attribute;
+  for (const FindingCode code : row.findings) {
+    text += " " + Finding{code}.getKind().name;
   }
-  return numbers;
+  return text + "\n";
 }
 
 std::string onOneLine(const std::string& text) {
@@ -56,6 +67,7 @@ class ConversionTest : public SceneFixture, public testing::WithParamInterface<s
     std::istringstream lines(description);
     _isLogWanted = false;
     _hasDefaults = true;
+    _result = &ConversionTest::graphOf;
     for (std::string line; std::getline(lines, line);) {
       if (line.starts_with('@')) {
         follow(line);
@@ -63,27 +75,48 @@ class ConversionTest : public SceneFixture, public testing::WithParamInterface<s
         children += "\n" + line;
       }
     }
-    takeLog();
-    const std::string failure = failureOf([&] { convert(children); });
-    std::string result = findingsAndLog();
-    result += failure.empty() ? graphText(*_sceneNode) : "failure: " + onOneLine(failure) + "\n";
+    std::string result = (this->*_result)(children);
     _archive = archive;
     return result;
   }
 
  private:
+  using Result = std::string (ConversionTest::*)(const std::string& children);
+
+  std::string graphOf(const std::string& children) {
+    takeLog();
+    const std::string failure = failureOf([&] { convert(children); });
+    return findingsAndLog() +
+           (failure.empty() ? graphText(*_sceneNode) : "failure: " + onOneLine(failure) + "\n");
+  }
+
+  std::string auditOf(const std::string& children) {
+    writeScene(children);
+    const SceneAudit audit(archivePath());
+    std::string text;
+    for (const Finding& finding : audit.getFindings()) {
+      text += textOf(finding);
+    }
+    return text.empty() ? "no findings\n" : text;
+  }
+
+  std::string partsOf(const std::string& children) {
+    writeScene(children);
+    std::string text;
+    for (const LedgerRow& row : rowsOf(archivePath())) {
+      text += row.outcome == Outcome::KEPT ? "" : textOf(row);
+    }
+    return text;
+  }
+
   void follow(const std::string& line) {
-    std::istringstream words(line);
-    std::string kind;
-    std::string entry;
-    words >> kind >> entry;
-    if (kind == "@floats") {
-      _archive.floats(entry, numbersIn<float>(words));
-    } else if (kind == "@ints") {
-      _archive.ints(entry, numbersIn<int>(words));
-    } else if (kind == "@bytes") {
-      _archive.bytes(entry, numbersIn<unsigned char>(words));
-    } else {
+    const std::string kind = line.substr(0, line.find(' '));
+    if (kind == "@damaged") {
+      _archive.forge([](ArchiveBuilder::Entry& last) { last.crc ^= 1; });
+    } else if (kind == "@audit" || kind == "@parts") {
+      _archive = ArchiveBuilder().floats("p", {0, 0, 0, 1, 0, 0});
+      _result = kind == "@audit" ? &ConversionTest::auditOf : &ConversionTest::partsOf;
+    } else if (!_archive.add(line)) {
       _isLogWanted = _isLogWanted || kind == "@log";
       _hasDefaults = _hasDefaults && kind != "@plain";
     }
@@ -97,11 +130,7 @@ class ConversionTest : public SceneFixture, public testing::WithParamInterface<s
   std::string findingsAndLog() {
     std::string text;
     for (const Finding& finding : _reader->getFindings()) {
-      if (isOfEveryScene(finding.getKind().name)) {
-        continue;
-      }
-      text += finding.getKind().name + ": " + finding.text + " | " + finding.itemPath + ":" +
-              std::to_string(finding.line) + ":" + finding.entry + "\n";
+      text += isOfEveryScene(finding.getKind().name) ? "" : textOf(finding);
     }
     for (const std::string& line : takeLog()) {
       const bool isWanted = _isLogWanted && !isOfEveryScene(line);
@@ -111,6 +140,7 @@ class ConversionTest : public SceneFixture, public testing::WithParamInterface<s
   }
 
   bool _isLogWanted = false;
+  Result _result = nullptr;
 };
 
 TEST_P(ConversionTest, GivesWhatIsExpected) {

@@ -64,21 +64,13 @@ TEST_F(ItemTest, RequiresWhatItIsReadAndConvertedWith) {
 
 // ---- Scenes and assemblies ----
 
-TEST_F(ItemTest, ASceneKeepsTheWindowAndTheLastGradient) {
+TEST_F(ItemTest, ASceneKeepsTheWindow) {
   const auto scene = read("<view windowX='1' windowY='2' windowWidth='3' windowHeight='4'/>");
   const Camera& camera = scene->getCamera();
   EXPECT_EQ((std::vector{camera.windowX, camera.windowY, camera.windowWidth, camera.windowHeight}),
             (std::vector{1, 2, 3, 4}));
   EXPECT_EQ(scene->getBackgroundColor(), (Color{255, 128, 0, 255}));
   EXPECT_EQ(scene->getGradient(), nullptr);
-  for (const std::string mode : {"SOLID", "radial", ""}) {
-    const auto other = read(
-        "<gradient topColor='00000000' bottomColor='00000000' mode='RADIAL'/>"
-        "<gradient topColor='01020304' bottomColor='05060708' mode='" +
-        mode + "'/>");
-    EXPECT_EQ(other->getGradient()->getMode(), lum::BackgroundColorModes::SOLID) << mode;
-    EXPECT_EQ(other->getGradient()->getTopColor(), (Color{1, 2, 3, 4}));
-  }
 }
 
 TEST_F(ItemTest, ASceneConvertsAgainIntoTheSameSceneNode) {
@@ -187,24 +179,6 @@ TEST_F(ItemTest, InvalidGeometryIsNotConverted) {
 }
 
 // ---- Others ----
-
-TEST_F(ItemTest, LegendsAcceptOnlyFormatsForOneNumber) {
-  const auto formatOf = [&](const std::string& format) {
-    convert(assembly("A", "<legend numberFormat='" + format + "'/><colormap/>" + geometry("")));
-    auto& foreground = _sceneNode->getForegroundCanvas().getDrawableCollection();
-    return foreground.find<lum::LegendDrawable>()->getLegendAttributes().getLabelFormat();
-  };
-  const std::string longest(60, 'x');
-  for (const std::string& format :
-       {std::string("%g"), std::string("%-#6.3lE"), std::string("%%%+ 010.2f%%"), longest + "%.2f"}) {
-    EXPECT_EQ(formatOf(format), format);
-  }
-  for (const char* format :
-       {"", "text", "100%", "%g %g", "%d", "%n", "%*g", "%100g", "%.999f", "%Lg", "%1$g", "%%g"}) {
-    EXPECT_EQ(formatOf(format), "%.4g") << format;
-  }
-  EXPECT_EQ(formatOf(longest + "%.22f"), "%.4g");
-}
 
 TEST_F(ItemTest, LegendsMadeInCodeHaveAllThatFilesState) {
   convert("");

@@ -66,20 +66,6 @@ TEST_F(SceneFileReaderTest, NamesTheEntryThatItCannotRead) {
   }
 }
 
-TEST_F(SceneFileReaderTest, BuildsTheTree) {
-  const auto scene = parse("<?xml version='1.0'?>\n<scene>\n <a x='1' y=''>t1&amp;t2</a>\n <B/></scene>");
-  ASSERT_EQ(scene->getName(), "scene");
-  EXPECT_EQ(scene->getLine(), 2);
-  ASSERT_EQ(scene->getChildren().size(), 2u);
-  const QxElement& a = *scene->getChildren()[0];
-  EXPECT_EQ(a.getName(), "a");
-  EXPECT_EQ(a.getLine(), 3);
-  EXPECT_EQ(a.getAttributes().size(), 2U);
-  EXPECT_EQ(*a.findAttribute("x"), "1");
-  EXPECT_EQ(*a.findAttribute("y"), "");
-  EXPECT_EQ(scene->getChildren()[1]->getName(), "B");
-}
-
 TEST_F(SceneFileReaderTest, KeepsTheLastRunOfText) {
   const std::pair<const char*, const char*> CASES[] = {
       {"<a>t1&amp;t2</a>", "t2"}, {"<a>text</a>", "text"},         {"<a>text\n</a>", "\n"},

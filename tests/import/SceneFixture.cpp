@@ -2,6 +2,7 @@
 
 #include "support/Files.h"
 #include "support/Nodes.h"
+#include <vemo/import/SceneConverter.h>
 #include <vemo/import/items/SharedBySiblings.h>
 #include <vemo/scenegraph/Logger.h>
 
@@ -67,6 +68,17 @@ std::string failureOf(const std::function<void()>& function) {
   return "";
 }
 
+std::vector<LedgerRow> rowsOf(const std::wstring& archive) {
+  const TemporaryFolder folder;
+  std::vector<LedgerRow> rows;
+  SceneConverter converter(archive, wide(folder / "scene.sdb"));
+  converter.setLedgerObserver([&rows](const SceneLedger& ledger) {
+    ledger.list([&rows](const LedgerRow& row) { rows.push_back(row); });
+  });
+  failureOf([&converter] { converter.run(); });
+  return rows;
+}
+
 SceneFixture::SceneFixture() {
   _archive.floats("p", {0, 0, 0, 2, 0, 0, 2, 4, 0, 0, 4, 0})
       .ints("tri", {3, 0, 1, 2})
@@ -87,8 +99,12 @@ void SceneFixture::write(const std::string& xml) {
   ArchiveBuilder(_archive).text("scene.xml", xml).write(_folder / "scene.zip");
 }
 
-std::unique_ptr<Scene> SceneFixture::read(const std::string& children) {
+void SceneFixture::writeScene(const std::string& children) {
   write(_hasDefaults ? sceneXml(children) : plainSceneXml(children));
+}
+
+std::unique_ptr<Scene> SceneFixture::read(const std::string& children) {
+  writeScene(children);
   _reader.emplace(ZipFileReader(archivePath()));
   std::unique_ptr<Scene> scene;
   return std::move(_reader->read(scene));

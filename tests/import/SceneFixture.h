@@ -6,6 +6,7 @@
 #include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/Exception.h>
+#include <vemo/import/SceneLedger.h>
 #include <vemo/import/geometry/GeometryItem.h>
 #include <vemo/import/scene/Scene.h>
 #include <vemo/import/xml/QxElement.h>
@@ -34,6 +35,9 @@ std::unique_ptr<QxElement> elementOf(const std::string& xml);
 /// is known; empty when it throws nothing.
 std::string failureOf(const std::function<void()>& function);
 
+/// What becomes of the parts of a scene in its conversion, even of one that fails.
+std::vector<LedgerRow> rowsOf(const std::wstring& archive);
+
 /// Archives become scenes and scene nodes here. The archive has entries to
 /// start with: "p", four points; "tri", one triangle; "quad", two; "strip", a
 /// strip of two triangles; "line", two lines; "vert", four vertices; "four" and
@@ -45,6 +49,8 @@ class SceneFixture : public testing::Test {
   std::wstring archivePath() const;
   /// Writes the archive with the scene element.
   void write(const std::string& xml);
+  /// Writes the archive with the scene of the children.
+  void writeScene(const std::string& children);
   /// Reads the scene with the children; the reader stays in `_reader`.
   std::unique_ptr<Scene> read(const std::string& children);
   /// Reads a scene that has one geometry and stays in `_scene`.

@@ -1,4 +1,5 @@
-// Items that name the same entries share what was made of them.
+// Items that name the same entries share what was made of them. What differs between
+// such items all the same is in tests/data/expected/conversion/shared.txt.
 
 #include "SceneFixture.h"
 #include <vemo/import/geometry/GeometryItem.h>
@@ -6,23 +7,18 @@
 #include <vemo/scenegraph/drawables/PolyDataNode.h>
 
 #include <vtkCellArray.h>
-#include <vtkCellData.h>
 #include <vtkDataArray.h>
 #include <vtkFloatArray.h>
 #include <vtkPointData.h>
 #include <vtkPoints.h>
 #include <vtkPolyData.h>
 
-#include <cmath>
-#include <gmock/gmock.h>
 #include <string>
 #include <vector>
 
 namespace vemo {
 
 namespace {
-
-using testing::ElementsAre;
 
 class SharedEntriesTest : public SceneFixture {
  protected:
@@ -40,17 +36,6 @@ class SharedEntriesTest : public SceneFixture {
     });
     EXPECT_EQ(found.size(), geometries.size());
     return found;
-  }
-
-  /// Those about an item's entries, in the order in which they were reported.
-  std::vector<std::string> findings() const {
-    std::vector<std::string> texts;
-    for (const Finding& finding : _reader->getFindings()) {
-      if (!finding.entry.empty() && !finding.itemPath.empty()) {
-        texts.push_back(finding.getKind().name + " " + finding.itemPath);
-      }
-    }
-    return texts;
   }
 };
 
@@ -103,52 +88,6 @@ TEST_F(SharedEntriesTest, HasOnePolyDataForItemsThatAreAlike) {
   EXPECT_EQ(found[1], found[0]);
   EXPECT_NE(found[2], found[0]) << "other normals";
   EXPECT_NE(found[3], found[0]) << "an array";
-}
-
-TEST_F(SharedEntriesTest, DoesNotShareCellsThatOtherPointsMakeWrong) {
-  _archive.floats("three", {0, 0, 0, 1, 0, 0, 0, 1, 0}).ints("last", {3, 1, 2, 3});
-  EXPECT_THAT(
-      failureOf([&] {
-        convertAll({geometry("name='1' polys='last'"), geometry("name='2' points='three' polys='last'")});
-      }),
-      testing::HasSubstr("refers to point 3, but the geometry has only 3 points"));
-}
-
-TEST_F(SharedEntriesTest, RemovesTheDataOfCellsThatAreLeftOutForEachItem) {
-  _archive.ints("mixed", {2, 0, 1, 3, 0, 1, 2, 3, 1, 2, 3}).floats("cells", {7, 8, 9});
-  const std::string array = "<array name='a' dim='1' data='cells' vertexData='false'/>";
-  const auto items =
-      convertAll({geometry("name='1' polys='mixed'", array), geometry("name='2' polys='mixed'", array)});
-  for (const auto& item : items) {
-    EXPECT_THAT(valuesOf(item->GetCellData()->GetArray("a")), ElementsAre(8, 9));
-  }
-  EXPECT_THAT(findings(), ElementsAre("cells-left-out scene/1", "cells-left-out scene/2"));
-}
-
-TEST_F(SharedEntriesTest, ReportsWhatIsWrongForEachItem) {
-  _archive.floats("five", {1, 2, 3, 4, 5}).forge([](ArchiveBuilder::Entry& entry) { entry.crc ^= 1; });
-  const std::string arrays = "<array name='a' dim='1' data='five' vertexData='true'/>";
-  convertAll({geometry("name='1' points='five'", arrays), geometry("name='2' points='five'", arrays)});
-  std::vector<std::string> expected;
-  for (const std::string item : {"scene/1", "scene/2"}) {
-    const std::string array = item + "/a";
-    expected.insert(expected.end(), {"checksum-wrong " + item, "array-cut " + item, "checksum-wrong " + array,
-                                     "array-left-out " + array});
-  }
-  EXPECT_EQ(findings(), expected);
-}
-
-TEST_F(SharedEntriesTest, ReportsPointsWithoutPositionForEachItem) {
-  _archive.floats("nan", {NAN, 0, 0, 2, 4, 6});
-  convertAll({geometry("name='1' points='nan'"), geometry("name='2'"), geometry("name='3' points='nan'")});
-  std::vector<std::string> items;
-  for (const Finding& finding : _reader->getFindings()) {
-    if (finding.code == FindingCode::POINTS_WITHOUT_POSITION) {
-      items.push_back(finding.itemPath + ": " + finding.text);
-    }
-  }
-  const std::string text = ": 1 of 2 points have no finite coordinates and are not drawn";
-  EXPECT_THAT(items, ElementsAre("scene/1" + text, "scene/3" + text));
 }
 
 TEST_F(SharedEntriesTest, CountsWhatIsSharedOnce) {

@@ -2,6 +2,7 @@
 // holds for every element and key.
 
 #include "SceneFixture.h"
+#include "support/Expected.h"
 #include "support/GraphText.h"
 #include "vemoview/import/scene/SceneFormat.h"
 
@@ -117,44 +118,14 @@ TEST_F(AllElementsTest, NeverStopASceneWhenOptional) {
   }
 }
 
-/// For each table, by its element and first key: scenes that it matters in. "@" is
-/// for the attributes, "#" for the child elements.
+/// Scenes that the keys of a table matter in, by its element and first key.
 std::multimap<std::string, std::string> scenesOfTables() {
-  const auto inAssembly = [](const std::string& part) {
-    return assembly(
-        "A",
-        "<colormap name='c'><c>ff0000ff</c></colormap><colormap name='other'><c>00ff00ff</c></colormap>" +
-            part + "<geometry name='g' points='p' lineColor='ff0000ff' faceColor='ff0000ff'/>");
-  };
-  const std::string image = " name='i' visibility='1' @";
-  const std::string pixels = image + " pixels='one' width='1' height='1' components='1'";
-  const std::string colored = "<geometry name='g' lineColor='ff0000ff' faceColor='ff0000ff'";
-  return {
-      {"view position", "<view @>#</view>"},
-      {"light intensity", "<light @>#</light>"},
-      {"clip origin", "<clip @>#</clip>"},
-      {"annotation text", "<annotation @>#</annotation>"},
-      {"font facename", "<annotation text='t'><font @/></annotation>"},
-      {"colormap min",
-       assembly("A", "<colormap @><c>ff0000ff</c></colormap><legend/>" + colored + " points='p'/>")},
-      {"legend title", inAssembly("<legend @>#</legend>")},
-      {"legend position", inAssembly("<legend>#</legend>")},
-      {"transform rotAngle", inAssembly("<transform @>#</transform>")},
-      {"repeat nRepeats", inAssembly("<repeat @/>")},
-      {"reflect planeEqnCoeffA", inAssembly("<reflect @/>")},
-      {"axes textColor", "<axes @>#</axes>"},
-      {"coordinatesystem origin", "<coordinatesystem @>#</coordinatesystem>"},
-      {"image2d pixels", "<image2d" + image + "/>"},
-      {"image2d coordinateSystem", "<image2d" + pixels + "/>"},
-      {"image2d position", "<image2d" + pixels + ">#</image2d>"},
-      {"image3d pixels", "<image3d" + image + "/>"},
-      {"image3d coordinateSystem", "<image3d" + pixels + "/>"},
-      {"image3d origin", "<image3d" + pixels + ">#</image3d>"},
-      {"geometry points", colored + " @/>"},
-      {"geometry lineColor", "<geometry name='g' points='p' @>#</geometry>"},
-      {"geometry lineColor", "<geometry name='g' points='p' polys='tri' @>#</geometry>"},
-      {"array name", colored + " points='p' polys='quad'><array @/></geometry>"},
-  };
+  std::ifstream lines(testData("scenes-of-keys.txt"));
+  std::multimap<std::string, std::string> scenes;
+  for (std::string table, scene; std::getline(lines, table, ':') && std::getline(lines, scene);) {
+    scenes.emplace(table, scene);
+  }
+  return scenes;
 }
 
 /// Keys that are kept, or matter only where VTK draws an item.

@@ -159,10 +159,7 @@ TEST(ScenePictureTest, PutsAColormapOfOneValueInTheMiddle) {
 TEST(ScenePictureTest, FramesWhatIsRepeated) {
   RenderScene scene;
   scene.canvas().getCameraAttributes().setParallelScale(std::nullopt);
-  auto& repeat =
-      setTransform<lum::PeriodicRepeatTransform>(scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 0, 0}));
-  repeat.setTranslation({0, 2, 0});
-  repeat.setNumRepeats(6);
+  repeat(scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 0, 0}), {0, 2, 0}, 6);
   const PixelBox box = boxOf(scene.render(), RED);
   EXPECT_NEAR(box.bottom, SIZE - box.top, 3);
   EXPECT_GT(box.top, 0.95 * SIZE);

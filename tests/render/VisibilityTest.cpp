@@ -116,9 +116,7 @@ TEST_F(VisibilityTest, RefusesWhatIsTooLargeAndShowsTheRest) {
   hide([](std::size_t i) { return i == 0; });
   for (int i = 0; i < 6; ++i) {
     auto& many = scene.add<lum::SurfaceDrawable>(makeRectangle(0, 0.1F, 0, 0.1F));
-    auto& repeat = setTransform<lum::PeriodicRepeatTransform>(many);
-    repeat.setTranslation({1e-3, 0, 0});
-    repeat.setNumRepeats(9000);
+    repeat(many, {1e-3, 0, 0}, 9000);
     many.getBaseAttributes().setVisibility(false, false);
     drawables.push_back(&many);
   }

@@ -192,12 +192,6 @@ Drawable& decoration(SceneBuilder& scene) {
   return scene.drawables().findOrCreate<Drawable>("d");
 }
 
-void repeat(lum::Drawable& drawable, int count) {
-  auto& transform = setTransform<lum::PeriodicRepeatTransform>(drawable);
-  transform.setTranslation({1, 0, 0});
-  transform.setNumRepeats(count);
-}
-
 lum::TextDrawable& addText(SceneBuilder& scene, const std::string& words) {
   auto& text = decoration<lum::TextDrawable>(scene);
   text.getAnnotationAttributes().setText(words);
@@ -236,10 +230,13 @@ TEST(ResolverFindingsTest, SayWhatIsNotDrawnAsTheSceneSays) {
   expectFindings("a transform that leaves nothing to be seen", 0, {"transform-unusable"}, [](auto& scene) {
     setTransform<lum::SimpleTransform>(addText(scene, "t")).setScale({1e-90, 1e-90, 1e-90});
   });
-  expectFindings("2000 texts", 2000, {}, [](auto& scene) { repeat(addText(scene, "t"), 2000); });
-  expectFindings("2001 texts", 2000, {limited}, [](auto& scene) { repeat(addText(scene, "t"), 2001); });
-  expectFindings("2001 triads", 2000, {limited},
-                 [](auto& scene) { repeat(decoration<lum::TriadDrawable>(scene), 2001); });
+  expectFindings("2000 texts", 2000, {}, [](auto& scene) { repeat(addText(scene, "t"), {1, 0, 0}, 2000); });
+  expectFindings("2001 texts", 2000, {limited}, [](auto& scene) {
+    repeat(addText(scene, "t"), {1, 0, 0}, 2001);
+  });
+  expectFindings("2001 triads", 2000, {limited}, [](auto& scene) {
+    repeat(decoration<lum::TriadDrawable>(scene), {1, 0, 0}, 2001);
+  });
   expectFindings(
       "201 legends of a title and 9 numbers", 200, {"colormap-adjusted", limited}, [](auto& scene) {
         for (int i = 0; i < 201; ++i) {
@@ -281,8 +278,9 @@ TEST(ResolverFindingsTest, SayWhatIsNotDrawnAsTheSceneSays) {
   expectFindings("a transform without a number", 1, {"transform-unusable"}, [](auto& scene) {
     setTransform<lum::SimpleTransform>(addText(scene, "t")).setTranslation({NAN, 0, 0});
   });
-  expectFindings("a character that nothing has, 3 times", 3, {"glyph-missing"},
-                 [](auto& scene) { repeat(addText(scene, "a \xEE\x84\xA3"), 3); });
+  expectFindings("a character that nothing has, 3 times", 3, {"glyph-missing"}, [](auto& scene) {
+    repeat(addText(scene, "a \xEE\x84\xA3"), {1, 0, 0}, 3);
+  });
 }
 
 TEST(ResolverFindingsTest, SayWhatIsTooSmallOrTooFarToBeSeen) {

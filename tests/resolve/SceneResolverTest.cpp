@@ -16,12 +16,6 @@ namespace {
 using Point = Vector3;
 using testing::ElementsAre;
 
-void repeat(lum::Drawable& drawable, const Point& step, int count) {
-  auto& transform = setTransform<lum::PeriodicRepeatTransform>(drawable);
-  transform.setTranslation(step);
-  transform.setNumRepeats(count);
-}
-
 TEST(SceneResolverTest, ListsMeshesWithTheirAppearanceAndInstances) {
   SceneBuilder scene;
   const auto geometry = makeRectangle(0, 1, 0, 1);
@@ -162,28 +156,20 @@ TEST(SceneResolverTest, GivesViewAndLightOfCanvasesFromBackToFront) {
 
 TEST(SceneResolverTest, GivesDecorationsAsPlainData) {
   SceneBuilder scene;
-  auto& text = scene.drawables().findOrCreate<lum::TextDrawable>("text");
-  text.getAnnotationAttributes().setText("A text");
-  text.getAnnotationAttributes().setCoordinateSpace(lum::CoordinateSpace::MODEL);
-  text.getPositionAttributes().setPosition({1, 2, 3}, false);
-  repeat(text, {10, 0, 0}, 2);
+  scene.drawables();
   auto& legend =
       scene.node().getForegroundCanvas().getDrawableCollection().findOrCreate<lum::LegendDrawable>("legend");
   legend.getColorLookupTable().setScalarRange({2, 3});
   legend.getLegendAttributes().setLabelFormat("%d");
   auto& triad =
       scene.node().getOrientationCanvas().getDrawableCollection().findOrCreate<lum::TriadDrawable>("triad");
-  triad.setCameraAttributes(&scene.canvas().getCameraAttributes());
+  triad.setCameraAttributes(&scene.node().getForegroundCanvas().getCameraAttributes());
   triad.getTriadAttributes().setXAxisLabelText("East");
   triad.getOrientationAttributes().setForwardVector({2, 0, 0});
   triad.getOrientationAttributes().setUpVector({1, 0, 3});
 
   const ResolvedScene resolved = resolveScene(scene.node());
   ASSERT_EQ(resolved.canvases.size(), 3U);
-  const auto& texts = resolved.canvases[0].decorations;
-  ASSERT_EQ(texts.size(), 2U) << "one for each instance";
-  EXPECT_EQ(texts[1].drawable, &text);
-  EXPECT_EQ(std::get<TextDecoration>(texts[1].content).position, (Point{11, 2, 3}));
   const auto& bar = std::get<LegendDecoration>(resolved.canvases[1].decorations.at(0).content);
   EXPECT_EQ(bar.labelFormat, "%.4g") << "the default replaces one that is not for a double";
   EXPECT_EQ(bar.table.range, (Vector<2, double>{2, 3}));
@@ -192,7 +178,7 @@ TEST(SceneResolverTest, GivesDecorationsAsPlainData) {
   EXPECT_THAT(axes.axes, ElementsAre(Point{0, 1, 0}, Point{0, 0, 1}, Point{1, 0, 0}));
   EXPECT_EQ(axes.labels.value()[0], "East");
   ASSERT_TRUE(axes.camera);
-  EXPECT_EQ(resolved.canvases.at(std::get<std::size_t>(*axes.camera)).role, ResolvedCanvas::Role::MODEL);
+  EXPECT_EQ(resolved.canvases.at(std::get<std::size_t>(*axes.camera)).role, ResolvedCanvas::Role::FOREGROUND);
 }
 
 TEST(SceneResolverTest, ResolvesOnlyWhatBecomesVisible) {

@@ -85,9 +85,7 @@ TEST_F(UnusableValuesTest, RepeatCountsAreClamped) {
 TEST_F(UnusableValuesTest, NestedRepeatsAreLimited) {
   lum::DrawableCollection* place = &scene.drawables();
   for (int i = 0; i < 5; ++i) {
-    auto& repeat = setTransform<lum::PeriodicRepeatTransform>(*place);
-    repeat.setNumRepeats(i == 0 ? 1 : 100);
-    repeat.setTranslation({0.1, 0, 0});
+    repeat(*place, {0.1, 0, 0}, i == 0 ? 1 : 100);
     place = &scene.collectionIn(*place);
   }
   for (int i = 0; i < 5; ++i) {

@@ -2,6 +2,8 @@
 
 #include <bit>
 #include <fstream>
+#include <iterator>
+#include <sstream>
 #include <stdexcept>
 #include <utility>
 #include <zlib.h>
@@ -91,6 +93,15 @@ void putDirectoryEnd(Bytes& out, U64 count, U64 start, U64 size) {
       isLarge ? U32(-1) : U32(start), commentSize);
 }
 
+template <class T>
+std::vector<T> numbersIn(std::istream& words) {
+  std::vector<T> numbers;
+  for (std::string word; words >> word;) {
+    numbers.push_back(static_cast<T>(std::stod(word)));
+  }
+  return numbers;
+}
+
 }  // namespace
 
 ArchiveBuilder& ArchiveBuilder::text(const std::string& name, std::string_view content) {
@@ -120,6 +131,25 @@ ArchiveBuilder& ArchiveBuilder::ints(const std::string& name, const std::vector<
 
 ArchiveBuilder& ArchiveBuilder::floats(const std::string& name, const std::vector<float>& values) {
   return words(name, values);
+}
+
+bool ArchiveBuilder::add(const std::string& line) {
+  std::istringstream words(line);
+  std::string kind;
+  std::string name;
+  words >> kind >> name;
+  if (kind == "@floats") {
+    floats(name, numbersIn<float>(words));
+  } else if (kind == "@ints") {
+    ints(name, numbersIn<int>(words));
+  } else if (kind == "@bytes") {
+    bytes(name, numbersIn<unsigned char>(words));
+  } else if (kind == "@text") {
+    bytes(name, {std::istream_iterator<char>(words), {}});
+  } else {
+    return false;
+  }
+  return true;
 }
 
 ArchiveBuilder& ArchiveBuilder::stored() {

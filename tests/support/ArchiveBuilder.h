@@ -35,6 +35,10 @@ class ArchiveBuilder {
   ArchiveBuilder& ints(const std::string& name, const std::vector<int>& values);
   ArchiveBuilder& floats(const std::string& name, const std::vector<float>& values);
 
+  /// Adds what a line says: "@floats name 1 0.5 nan", or @ints, @bytes or @text, of one
+  /// word. False if it says something else.
+  bool add(const std::string& line);
+
   /// Stores all entries of the archive as they are; without this call they are
   /// deflated.
   ArchiveBuilder& stored();

@@ -31,6 +31,13 @@ void SceneBuilder::clip(const Vector3& normal, const Vector3& origin) {
   canvas().getClipPlanesAttributes().getClippingPlanes().addNode(*plane);
 }
 
+lum::PeriodicRepeatTransform& repeat(lum::Drawable& drawable, const Vector3& step, int count) {
+  auto& transform = setTransform<lum::PeriodicRepeatTransform>(drawable);
+  transform.setTranslation(step);
+  transform.setNumRepeats(count);
+  return transform;
+}
+
 lum::ColorLookupTable& colorByArray(lum::GeometryDrawable& drawable, const std::string& array,
                                     lum::DataLocation location, const std::vector<double>& colors) {
   drawable.getColorAttributes()->setColorMode(lum::ColorMode::DATA);

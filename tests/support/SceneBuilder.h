@@ -81,6 +81,9 @@ Transform& setTransform(lum::Drawable& drawable) {
   return *transform;
 }
 
+/// Shows a drawable so many times, each time a step further.
+lum::PeriodicRepeatTransform& repeat(lum::Drawable& drawable, const Vector3& step, int count);
+
 /// Colours a drawable by an array, through the colours red, green, blue and
 /// alpha of each place in the table.
 lum::ColorLookupTable& colorByArray(lum::GeometryDrawable& drawable, const std::string& array,
