@@ -24,7 +24,6 @@
 #include <algorithm>
 #include <concepts>
 #include <iterator>
-#include <ranges>
 #include <type_traits>
 #include <utility>
 
@@ -147,11 +146,18 @@ ChildElement<Container> notShown() {
 
 void SingleElements::addVectors(const QxElement& view) {
   // Of several of one name the first counts.
-  for (const auto& child : std::views::reverse(view.getChildren())) {
+  const auto add = [this](const auto& child) {
     if (const auto* const former = std::exchange(_vectors[child->getName()], child.get())) {
       former->setOutlivesParent(false);
     }
     child->setOutlivesParent(true);
+  };
+  std::for_each(view.getChildren().rbegin(), view.getChildren().rend(), add);
+}
+
+void noteUnknown(const QxElement& element, SceneFileReader* reader) {
+  if (reader != nullptr && !element.isRead() && reader->namesEntries(element)) {
+    reader->noteLoss();
   }
 }
 

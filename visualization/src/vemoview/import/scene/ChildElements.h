@@ -73,6 +73,9 @@ class SingleElements {
 /// Reports an item that is hidden because it states no visibility.
 void readItem(GraphicsItem& item, const QxElement& element, SceneFileReader* reader);
 
+/// Notes that data are lost with an element that has no command.
+void noteUnknown(const QxElement& element, SceneFileReader* reader);
+
 /// Runs the commands for the child elements, in document order. Elements without
 /// a command are ignored.
 template <class Container>
@@ -84,9 +87,7 @@ void readChildren(Container& container, const ReadingCommands<Container>& comman
     if (command == commands.end()) {
       // A scene has two sets of commands, but nothing of its own that may be missing.
       container.setPartlyLost();
-      if (reader != nullptr && !child->isRead() && reader->namesEntries(*child)) {
-        reader->noteLoss();
-      }
+      noteUnknown(*child, reader);
       continue;
     }
     child->markRead();
