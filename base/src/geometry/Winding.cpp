@@ -101,9 +101,16 @@ void FaceList::windAlike(std::span<const std::uint32_t> facesAtPoint) {
     isDone[face] = true;
     wave.push_back(face);
   };
+  // The lists lose what is done, and the shorter one of an edge is searched:
+  // otherwise a fan around one point would take quadratic time.
+  std::vector<std::uint32_t> left(facesAtPoint.begin(), facesAtPoint.end());
   const auto windNeighbors = [&](vtkIdType from, vtkIdType to) {
-    for (const std::uint32_t neighbor : faces[static_cast<std::size_t>(from)]) {
-      if (isDone[neighbor] || std::ranges::find((*this)[neighbor], to) == (*this)[neighbor].end()) {
+    const bool isFromShorter = left[static_cast<std::size_t>(from)] <= left[static_cast<std::size_t>(to)];
+    const auto point = static_cast<std::size_t>(isFromShorter ? from : to);
+    const vtkIdType other = isFromShorter ? to : from;
+    const auto list = faces[point].first(left[point]);
+    for (const std::uint32_t neighbor : list) {
+      if (isDone[neighbor] || std::ranges::find((*this)[neighbor], other) == (*this)[neighbor].end()) {
         continue;
       }
       if (!runsThrough(neighbor, to, from)) {
@@ -111,6 +118,8 @@ void FaceList::windAlike(std::span<const std::uint32_t> facesAtPoint) {
       }
       take(neighbor);
     }
+    const auto rest = std::ranges::remove_if(list, [&](std::uint32_t face) { return isDone[face]; });
+    left[point] = static_cast<std::uint32_t>(rest.begin() - list.begin());
   };
   for (std::size_t first = 0; first < size(); ++first) {
     if (isDone[first]) {

@@ -74,7 +74,7 @@ class FaceEdges {
                 [this](vtkIdType lower, const FaceEdge&) { ++_ends[static_cast<std::size_t>(lower) + 1]; });
     std::partial_sum(_ends.begin(), _ends.end(), _ends.begin());
     _edges.resize(_ends.back());
-    // What is the begin of a list becomes its end.
+    // Each start of a list is advanced to its end.
     forEachEdge(faces, places, [this](vtkIdType lower, const FaceEdge& edge) {
       _edges[_ends[static_cast<std::size_t>(lower)]++] = edge;
     });

@@ -26,7 +26,7 @@ class Polygon {
 
   /// The corner at which a fan is to begin; nothing if all fold over.
   std::optional<std::size_t> findBegin() const {
-    // Few shapes with more have any.
+    // If none of so many works, there is rarely another.
     constexpr std::size_t MAX_TRIES = 100;
     const Vector3 area = areaOfFan();
     const double least = -1e-6 * area.squaredLength();

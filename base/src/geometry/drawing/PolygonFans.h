@@ -11,11 +11,11 @@ namespace vemo {
 
 /// VTK draws polygons as fans of triangles around their first point. Lets concave
 /// ones begin at a point around which the triangles do not fold over each other,
-/// if they have one, as all quadrilaterals have; replaces the poly data by a
-/// copy then, which shares the rest. Cells are valid (CellValidator), and all
-/// points are finite.
+/// if there is one among the first 100, as in every simple quadrilateral; replaces
+/// the poly data by a copy then, which shares the rest. Cells are valid
+/// (CellValidator), and all points are finite.
 ///
-/// Returns the number of polygons of which no fan has the shape.
+/// Returns the number of polygons for which no such point was found.
 VEMO_GEOMETRY_EXPORT vtkIdType unfoldFans(vtkSmartPointer<vtkPolyData>& geometry);
 
 }  // namespace vemo

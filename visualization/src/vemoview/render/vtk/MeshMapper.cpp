@@ -13,7 +13,6 @@
 #include <vtkShaderProgram.h>
 #include <vtkTypeInt32Array.h>
 
-#include <utility>
 
 namespace vemo {
 
@@ -72,8 +71,8 @@ void MeshMapper::uploadTriangles(vtkCellArray& triangles) {
   buffer.IndexCount = count;
 }
 
-/// Removes from the shader of pixels what has no effect. A text that VTK words
-/// differently stays.
+/// Removes code without effect from the fragment shader. Where VTK's source differs
+/// from the text expected here, it is left as it is.
 void MeshMapper::ReplaceShaderValues(std::map<vtkShader::Type, vtkShader*> shaders, vtkRenderer* renderer,
                                      vtkActor* actor) {
   vtkOpenGLPolyDataMapper::ReplaceShaderValues(shaders, renderer, actor);

@@ -203,7 +203,8 @@ class MeshBuilder {
       return pointsAsVertices(*_geometry);
     }
     const auto* const cells = std::ranges::find(MESH_KINDS, kind, &MeshKind::kind);
-    // Not const: each release of a poly data has VTK look for circles of references.
+    // Not const: a const variable would be copied, and VTK searches for reference
+    // cycles whenever a poly data is released.
     auto drawable = drawableCells(*_geometry, cells->cells);
     if (kind == Appearance::Kind::SURFACE) {
       unfold(drawable);
@@ -215,9 +216,11 @@ class MeshBuilder {
 
   void unfold(vtkSmartPointer<vtkPolyData>& faces) const {
     if (const vtkIdType count = unfoldFans(faces); count > 0) {
-      reportFinding(FindingCode::POLYGONS_FOLDED,
-                    fmt::format("{} polygons of \"{}\" are drawn in another shape: they are concave", count,
-                                _node.getName()));
+      reportFinding(
+          FindingCode::POLYGONS_FOLDED,
+          fmt::format(
+              "{} polygons of \"{}\" are concave or self-intersecting, and are drawn with the wrong shape",
+              count, _node.getName()));
     }
   }
 
