@@ -37,7 +37,7 @@ std::string readStart(const std::string& file) {
   return start;
 }
 
-/// An entry with the right name in a folder or in other letters; empty without any.
+/// The first entry named "scene.xml" in any folder and in any case; empty if there is none.
 std::string findMisnamedScene(const ZipFileReader& archive) {
   for (int i = 0; i < archive.getEntryCount(); ++i) {
     const std::string name = archive.getEntryName(i);

@@ -25,7 +25,7 @@ namespace fs = std::filesystem;
   throw Failure(ExitCode::CANNOT_WRITE, fmt::format("Cannot write \"{}\": {}", output, reason));
 }
 
-/// The program holds a closed standard output with a file that it opens to read.
+/// At startup, a closed standard output is replaced by a file opened for reading.
 void checkStandardOutput() {
   const int flags = fcntl(STDOUT_FILENO, F_GETFL);
   if (flags < 0 || (flags & O_ACCMODE) == O_RDONLY) {
@@ -67,7 +67,7 @@ bool hasEnding(const std::string& output, const FileKind& kind) {
 void rejectOtherEnding(const std::string& output, const std::string& kinds) {
   if (fs::path(output).has_extension()) {
     throw Failure(ExitCode::WRONG_USAGE,
-                  fmt::format("Cannot write \"{}\": kinds that can be written: {}", output, kinds));
+                  fmt::format("Cannot write \"{}\": unsupported file extension; supported: {}", output, kinds));
   }
 }
 
