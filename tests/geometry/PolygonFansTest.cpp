@@ -31,6 +31,7 @@ TEST(PolygonFansTest, BeginWhereTheyDoNotFold) {
       // 4 is at (2, 1), 5 at (2, 2), 6 at (0, 2), 7 at (4, 1).
       {{1, 7, 4, 5, 6, 0}, {4, 5, 6, 0, 1, 7}, 0},
       {{0, 1, 8, 9, 10, 11, 12, 3}, {0, 1, 8, 9, 10, 11, 12, 3}, 1},
+      {{0, 8, 3, 1}, {0, 8, 3, 1}, 1},
       {{0, 1, 8}, {0, 1, 8}, 0},
   };
   for (const auto& [polygon, drawn, folded] : cases) {

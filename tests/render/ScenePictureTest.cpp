@@ -121,6 +121,15 @@ TEST(ScenePictureTest, KeepsTheColoursOfCellsOfAllKindsThatManyPlanesCut) {
   EXPECT_LE(countDifferences(draw(9), draw(1), 2), SIZE);
 }
 
+TEST(ScenePictureTest, IsEmptyWhenManyPlanesCutAllAway) {
+  RenderScene scene;
+  scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 0, 0});
+  for (int i = 0; i < 9; ++i) {
+    scene.clip({1, 0, 0}, {i < 6 ? -5.0 : 5.0, 0, 0});
+  }
+  EXPECT_EQ(countPixels(scene.render(), BLACK), SIZE * SIZE);
+}
+
 TEST(ScenePictureTest, TransformsLeaveClippingPlanesWhereTheyAre) {
   RenderScene scene;
   setTransform<lum::SimpleTransform>(scene.drawables()).setTranslation({-0.5, 0, 0});

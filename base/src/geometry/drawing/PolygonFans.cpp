@@ -28,8 +28,13 @@ class Polygon {
   std::optional<std::size_t> findBegin() const {
     // If none of so many works, there is rarely another.
     constexpr std::size_t MAX_TRIES = 100;
+    constexpr double TOLERANCE = 1e-6;
     const Vector3 area = areaOfFan();
-    const double least = -1e-6 * area.squaredLength();
+    // Parts that cross cancel each other.
+    if (length(area) < TOLERANCE * areaOfTriangles()) {
+      return std::nullopt;
+    }
+    const double least = -TOLERANCE * area.squaredLength();
     for (std::size_t begin = 0; begin < std::min(_corners.size(), MAX_TRIES); ++begin) {
       if (isFlatAround(begin, area, least)) {
         return begin;
@@ -51,6 +56,14 @@ class Polygon {
     Vector3 sum{};
     for (std::size_t i = 1; i + 1 < _corners.size(); ++i) {
       sum += triangle(0, i);
+    }
+    return sum;
+  }
+
+  double areaOfTriangles() const {
+    double sum = 0.0;
+    for (std::size_t i = 1; i + 1 < _corners.size(); ++i) {
+      sum += length(triangle(0, i));
     }
     return sum;
   }

@@ -73,7 +73,7 @@ vtkSmartPointer<vtkPlane> planeWithin(vtkPlane& plane, const InstanceTransform& 
 vtkSmartPointer<vtkPolyData> cutByFurtherPlanes(vtkPolyData& geometry, vtkPlaneCollection& planes,
                                                 const InstanceTransform* transform) {
   vtkSmartPointer<vtkPolyData> result = &geometry;
-  for (int i = HARDWARE_PLANES; i < planes.GetNumberOfItems(); ++i) {
+  for (int i = HARDWARE_PLANES; i < planes.GetNumberOfItems() && result->GetNumberOfCells() > 0; ++i) {
     vtkPlane& plane = *planes.GetItem(i);
     result = clippedByKind(*result, transform == nullptr ? plane : *planeWithin(plane, *transform));
   }

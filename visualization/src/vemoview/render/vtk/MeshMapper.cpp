@@ -13,7 +13,6 @@
 #include <vtkShaderProgram.h>
 #include <vtkTypeInt32Array.h>
 
-
 namespace vemo {
 
 vtkStandardNewMacro(MeshMapper);
@@ -25,7 +24,8 @@ void MeshMapper::ComputeBounds() {
     return;
   }
   _boundsTime = now;
-  const Box box = boundsOfCells(geometry);
+  // What planes cut away wholly has no points.
+  const Box box = geometry.GetPoints() != nullptr ? boundsOfCells(geometry) : Box();
   vtkMath::UninitializeBounds(Bounds);
   for (std::size_t axis = 0; axis < 3 && !box.isEmpty(); ++axis) {
     Bounds[2 * axis] = box.low[axis];

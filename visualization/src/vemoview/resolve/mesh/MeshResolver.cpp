@@ -71,7 +71,7 @@ class MeshBuilder {
     putNormals();
     putScalars();
     for (MeshInstance& mesh : meshes) {
-      mesh.geometry = geometryOf(mesh.appearance.kind);
+      mesh.geometry = geometryOf(mesh.appearance);
       mesh.scalars = _scalars;
     }
     std::erase_if(meshes, [](const MeshInstance& mesh) { return mesh.geometry->GetNumberOfCells() == 0; });
@@ -189,8 +189,9 @@ class MeshBuilder {
                               _tables.resolve(*scalars->hasColorLookupTable())};
   }
 
-  /// The drawable cells of a kind.
-  vtkSmartPointer<vtkPolyData> geometryOf(Appearance::Kind kind) {
+  /// The drawable cells of the kind that has the appearance.
+  vtkSmartPointer<vtkPolyData> geometryOf(const Appearance& appearance) {
+    const Appearance::Kind kind = appearance.kind;
     if (kind == Appearance::Kind::POINTS && _node.getVerts() == nullptr) {
       // A point drawable also shows points that no vertex uses.
       if (_scalars && _scalars->location == ScalarLocation::CELLS) {
@@ -206,10 +207,10 @@ class MeshBuilder {
     // Not const: a const variable would be copied, and VTK searches for reference
     // cycles whenever a poly data is released.
     auto drawable = drawableCells(*_geometry, cells->cells);
-    if (kind == Appearance::Kind::SURFACE) {
-      unfold(drawable);
-    } else {
+    if (kind != Appearance::Kind::SURFACE) {
       drawable = withoutNormals(*drawable);
+    } else if (appearance.hasFaces && appearance.opacity > 0.0) {
+      unfold(drawable);
     }
     return drawable;
   }
