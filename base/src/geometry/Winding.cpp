@@ -118,8 +118,9 @@ void FaceList::windAlike(std::span<const std::uint32_t> facesAtPoint) {
       }
       take(neighbor);
     }
-    const auto rest = std::ranges::remove_if(list, [&](std::uint32_t face) { return isDone[face]; });
-    left[point] = static_cast<std::uint32_t>(rest.begin() - list.begin());
+    const auto rest =
+        std::remove_if(list.begin(), list.end(), [&](std::uint32_t face) { return isDone[face]; });
+    left[point] = static_cast<std::uint32_t>(rest - list.begin());
   };
   for (std::size_t first = 0; first < size(); ++first) {
     if (isDone[first]) {
