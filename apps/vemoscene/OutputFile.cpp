@@ -66,8 +66,9 @@ bool hasEnding(const std::string& output, const FileKind& kind) {
 
 void rejectOtherEnding(const std::string& output, const std::string& kinds) {
   if (fs::path(output).has_extension()) {
-    throw Failure(ExitCode::WRONG_USAGE,
-                  fmt::format("Cannot write \"{}\": unsupported file extension; supported: {}", output, kinds));
+    throw Failure(
+        ExitCode::WRONG_USAGE,
+        fmt::format("Cannot write \"{}\": unsupported file extension; supported: {}", output, kinds));
   }
 }
 
