@@ -56,15 +56,15 @@ void checkSpecialFile(const std::string& output, const FileKind& kind, const fs:
 
 }  // namespace
 
-bool hasEnding(const std::string& output, const FileKind& kind) {
-  const std::string_view ending = kind.ending;
+bool hasExtension(const std::string& output, const FileKind& kind) {
+  const std::string_view extension = kind.extension;
   const auto lower = [](unsigned char c) { return std::tolower(c); };
-  return output.size() >= ending.size() &&
-         std::ranges::equal(std::string_view(output).substr(output.size() - ending.size()), ending, {}, lower,
-                            lower);
+  return output.size() >= extension.size() &&
+         std::ranges::equal(std::string_view(output).substr(output.size() - extension.size()), extension, {},
+                            lower, lower);
 }
 
-void rejectOtherEnding(const std::string& output, const std::string& kinds) {
+void rejectOtherExtension(const std::string& output, const std::string& kinds) {
   if (fs::path(output).has_extension()) {
     throw Failure(
         ExitCode::WRONG_USAGE,

@@ -9,7 +9,7 @@ namespace vemo {
 /// A kind of file that a command writes.
 struct FileKind {
   /// Of file names, as ".sdb"; compared without regard to case.
-  const char* ending;
+  const char* extension;
   /// For messages, as "scene-graph database".
   const char* description;
   /// What files of the kind begin with.
@@ -18,13 +18,13 @@ struct FileKind {
   bool isSequential;
 };
 
-/// Whether a name has the ending of a kind.
-bool hasEnding(const std::string& output, const FileKind& kind);
+/// Whether a name has the extension of a kind of file.
+bool hasExtension(const std::string& output, const FileKind& kind);
 
-/// Throws Failure with WRONG_USAGE for a name with the ending of something else than
-/// the kinds that can be written; a name without an ending is good for any kind.
-/// @param kinds their descriptions and endings
-void rejectOtherEnding(const std::string& output, const std::string& kinds);
+/// Throws Failure with WRONG_USAGE if a name has an extension; a name without one is
+/// good for any kind of file.
+/// @param kinds the descriptions and extensions of those that can be written
+void rejectOtherExtension(const std::string& output, const std::string& kinds);
 
 /// "-", or a name that the system has for standard output.
 bool isStandardOutput(const std::string& output);

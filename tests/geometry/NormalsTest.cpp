@@ -83,8 +83,8 @@ Values valuesOf(vtkDataArray* array) {
   return {floats->GetPointer(0), floats->GetPointer(0) + floats->GetNumberOfValues()};
 }
 
-/// What VTK's own filter says: points have normals as if all faces were wound
-/// alike, cells have those of their own winding.
+/// What VTK's own filter says: points have normals as if all faces were
+/// consistently wound, cells have those of their own winding.
 FilterNormals filterNormals(vtkPolyData* mesh) {
   const auto run = [mesh](bool areOfPoints) {
     vtkNew<vtkPolyDataNormals> filter;

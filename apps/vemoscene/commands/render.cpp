@@ -61,8 +61,8 @@ Picture draw(const RenderArguments& options) {
 
 void render(const RenderArguments& options) {
   rejectSameFile(options.file, options.output);
-  if (!hasEnding(options.output, PNG)) {
-    rejectOtherEnding(options.output, fmt::format("{} ({})", PNG.description, PNG.ending));
+  if (!hasExtension(options.output, PNG)) {
+    rejectOtherExtension(options.output, fmt::format("{} ({})", PNG.description, PNG.extension));
   }
   checkOutput(options.output, PNG, options.force);
   const Picture picture = draw(options);

@@ -17,18 +17,19 @@ constexpr ExportFormat FORMATS[] = {
 
 const ExportFormat& findExportFormat(const std::string& output) {
   const auto* const found = std::ranges::find_if(
-      FORMATS, [&](const ExportFormat& format) { return hasEnding(output, format.kind); });
+      FORMATS, [&](const ExportFormat& format) { return hasExtension(output, format.kind); });
   if (found != std::end(FORMATS)) {
     return *found;
   }
-  rejectOtherEnding(output, listExportFormats());
+  rejectOtherExtension(output, listExportFormats());
   return FORMATS[0];
 }
 
 std::string listExportFormats() {
   std::string text;
   for (const ExportFormat& format : FORMATS) {
-    text += fmt::format("{}{} ({})", text.empty() ? "" : ", ", format.kind.description, format.kind.ending);
+    text +=
+        fmt::format("{}{} ({})", text.empty() ? "" : ", ", format.kind.description, format.kind.extension);
   }
   return text;
 }

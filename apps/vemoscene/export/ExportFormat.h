@@ -16,12 +16,12 @@ struct ExportFormat {
   void (*write)(const ExportRequest& request);
 };
 
-/// The format whose ending the output's name has; the first, a scene-graph
-/// database, for names without an ending. Throws Failure with WRONG_USAGE for names with
-/// any other ending.
+/// The format with the extension of the output's name; the first, a scene-graph
+/// database, for names without an extension. Throws Failure with WRONG_USAGE for any
+/// other extension.
 const ExportFormat& findExportFormat(const std::string& output);
 
-/// All formats with their endings, for help texts.
+/// All formats with their extensions, for help texts.
 std::string listExportFormats();
 
 }  // namespace vemo

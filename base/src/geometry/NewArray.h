@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/LargePages.h"
+#include "base/HugePages.h"
 
 #include <vtkDataArray.h>
 
@@ -14,7 +14,7 @@ inline void allocateTuples(vtkDataArray& array, vtkIdType tuples) {
   const auto size =
       static_cast<std::size_t>(array.GetNumberOfValues()) * static_cast<std::size_t>(array.GetDataTypeSize());
   if (size > 0) {
-    OS::preferLargePages(array.GetVoidPointer(0), size);
+    OS::preferHugePages(array.GetVoidPointer(0), size);
   }
 }
 

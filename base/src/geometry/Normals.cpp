@@ -18,11 +18,11 @@
 #include <type_traits>
 #include <vector>
 
-// Sums run in the order and the precision of vtkPolyDataNormals (9.1), found by
-// comparison: normals of cells in double, rounded to float; summed at points in
-// float, polygons before strips; the sum's squares in float, their root in
-// double. So the results are its results bit for bit, as long as the compiler
-// fuses no multiplications with additions.
+// Sums have the order and the precision of vtkPolyDataNormals (9.1), which were found
+// by comparison: normals of cells are computed in double and rounded to float, then
+// summed at points in float, polygons before strips; the squares of the sum are float,
+// their root is double. The results are the same bit for bit, unless the compiler fuses
+// multiplications with additions.
 namespace vemo {
 namespace {
 
@@ -31,8 +31,8 @@ using Normal = Vector<3, float>;
 /// What VTK writes for verts and lines, which have no normals.
 constexpr Normal NO_NORMAL{1.0F, 0.0F, 0.0F};
 
-// "inline" moves the limits of the compiler so that it does inline them: vectors
-// passed through memory double the time.
+// "inline" raises the compiler's limits for inlining: vectors passed through memory
+// double the time.
 
 /// The cross product of the edges that leave the middle corner: twice the area
 /// of the triangle, along its normal.
@@ -40,8 +40,7 @@ inline Vector3 cornerProduct(const Vector3& before, const Vector3& corner, const
   return cross(after - corner, before - corner);
 }
 
-/// The direction at length 1; zero when it has no length, or none that is
-/// finite.
+/// The direction with a length of 1; zero if its length is zero or not finite.
 inline Normal unit(const Vector3& direction) {
   const double norm = length(direction);
   if (norm == 0.0 || !std::isfinite(norm)) {
@@ -84,10 +83,10 @@ void addAt(Index point, const Normal& normal, const NormalSums& sums) {
   ++sums.counts[static_cast<std::size_t>(point)];
 }
 
-/// The points of each polygon if all are triangles, of 32-bit storage, as most
-/// are; if not, nothing.
+/// The points of all polygons if they are triangles with 32-bit indices, as most are;
+/// otherwise empty.
 std::span<const std::int32_t> cornersOfTriangles(vtkCellArray& polys) {
-  // No polygon has fewer points than three, so none has more either.
+  // Every polygon has at least three points, so that none has more.
   const vtkIdType count = polys.GetNumberOfConnectivityIds();
   if (polys.IsStorage64Bit() || count != 3 * polys.GetNumberOfCells()) {
     return {};
@@ -137,13 +136,13 @@ void sumAtPoints(const FaceList& faces, const Points& points, const NormalSums& 
   }
 }
 
-/// A sum of unit vectors that point the same way is as long as they are many, and
-/// shorter by two for each that points the other way. Sums are shorter by more than
-/// this where faces are not wound alike, and at edges of a right angle or sharper.
+/// The sum of N unit vectors of the same direction has the length N; each that has the
+/// opposite direction shortens it by two. Sums are shorter by more than this where faces
+/// are not consistently wound, and at edges of a right angle or sharper.
 constexpr double LEAST_LOSS = 0.5;
 
 /// Makes unit vectors of the sums.
-/// @return marks of the points with sums that are too short
+/// @return the points whose sums are too short
 PointMarks normalize(const NormalSums& sums) {
   PointMarks tooShort;
   for (std::size_t i = 0; i < sums.counts.size(); ++i) {
@@ -163,7 +162,8 @@ PointMarks normalize(const NormalSums& sums) {
   return tooShort;
 }
 
-/// The area-weighted sum of a strip's triangles, those that have one.
+/// The area-weighted sum of the normals of a strip's triangles, as far as they are
+/// finite.
 template <class Points, class Index>
 Vector3 stripProduct(const Points& points, std::span<const Index> strip) {
   Vector3 sum{};
@@ -209,9 +209,9 @@ vtkSmartPointer<vtkFloatArray> pointNormals(vtkPolyData& mesh) {
   const NormalSums sums{valuesOf(*normals), counts};
   const PointReader reader(*mesh.GetPoints()->GetData());
   reader.visit([&](const auto& points) { sumAtPoints(mesh, points, sums); });
-  if (!areWoundAlike(mesh, normalize(sums), counts)) {
+  if (!isConsistentlyWound(mesh, normalize(sums), counts)) {
     FaceList faces(mesh);
-    faces.windAlike(counts);
+    faces.makeConsistent(counts);
     normals->FillValue(0.0F);
     reader.visit([&](const auto& points) { sumAtPoints(faces, points, sums); });
     normalize(sums);

@@ -28,7 +28,7 @@ void forEachFace(vtkPolyData& mesh, const Action& action) {
 /// A list of numbers for each point, all in one block.
 class PointLists {
  public:
-  /// @param sizes that the lists will have
+  /// @param sizes of the complete lists
   explicit PointLists(std::span<const std::uint32_t> sizes)
       : _ends(sizes.size()), _numbers(std::accumulate(sizes.begin(), sizes.end(), std::size_t{0})) {
     std::exclusive_scan(sizes.begin(), sizes.end(), _ends.begin(), std::size_t{0});
@@ -36,7 +36,7 @@ class PointLists {
 
   void add(std::size_t point, std::uint32_t number) { _numbers[_ends[point]++] = number; }
 
-  /// Of a point whose list, and the list of the one before, are complete.
+  /// The list of a point, which is complete, as that of the point before it.
   std::span<std::uint32_t> operator[](std::size_t point) {
     const std::size_t begin = point > 0 ? _ends[point - 1] : 0;
     return {_numbers.data() + begin, _numbers.data() + _ends[point]};
@@ -54,7 +54,8 @@ Index nextPoint(std::span<const Index> face, std::size_t corner) {
 
 }  // namespace
 
-bool areWoundAlike(vtkPolyData& mesh, const PointMarks& marks, std::span<const std::uint32_t> facesAtPoint) {
+bool isConsistentlyWound(vtkPolyData& mesh, const PointMarks& marks,
+                         std::span<const std::uint32_t> facesAtPoint) {
   if (marks.empty()) {
     return true;
   }
@@ -88,7 +89,7 @@ FaceList::FaceList(vtkPolyData& mesh) {
   });
 }
 
-void FaceList::windAlike(std::span<const std::uint32_t> facesAtPoint) {
+void FaceList::makeConsistent(std::span<const std::uint32_t> facesAtPoint) {
   PointLists faces(facesAtPoint);
   for (std::size_t face = 0; face < size(); ++face) {
     for (const vtkIdType point : (*this)[face]) {
@@ -101,8 +102,9 @@ void FaceList::windAlike(std::span<const std::uint32_t> facesAtPoint) {
     isDone[face] = true;
     wave.push_back(face);
   };
-  // The lists lose what is done, and the shorter one of an edge is searched:
-  // otherwise a fan around one point would take quadratic time.
+  // Faces that are done are removed from the lists, and of the two points of an
+  // edge the one with the shorter list is searched: otherwise a fan around one
+  // point would take quadratic time.
   std::vector<std::uint32_t> left(facesAtPoint.begin(), facesAtPoint.end());
   const auto windNeighbors = [&](vtkIdType from, vtkIdType to) {
     const bool isFromShorter = left[static_cast<std::size_t>(from)] <= left[static_cast<std::size_t>(to)];
@@ -128,7 +130,7 @@ void FaceList::windAlike(std::span<const std::uint32_t> facesAtPoint) {
     }
     wave.clear();
     take(first);
-    // It grows.
+    // The wave grows meanwhile.
     for (std::size_t next = 0; next < wave.size();) {
       const auto face = (*this)[wave[next++]];
       for (std::size_t corner = 0; corner < face.size(); ++corner) {

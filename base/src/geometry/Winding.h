@@ -12,17 +12,18 @@
 
 class vtkPolyData;
 
-/// Whether the faces of a mesh, its polygons and the triangles of its strips, are
-/// wound alike: two that share an edge then run through it in opposite directions.
+/// The winding of the faces of a mesh, its polygons and the triangles of its strips.
+/// It is consistent if any two faces that share an edge run through it in opposite
+/// directions.
 namespace vemo {
 
 /// Whether no two faces run from one of the marked points to the same next point.
-/// @param marks of points; empty when none is marked
-/// @param facesAtPoint the number of corners that each point is
-VEMO_GEOMETRY_EXPORT bool areWoundAlike(vtkPolyData& mesh, const PointMarks& marks,
-                                        std::span<const std::uint32_t> facesAtPoint);
+/// @param marks of points; empty if no point is marked
+/// @param facesAtPoint for each point, how many faces it is a corner of
+VEMO_GEOMETRY_EXPORT bool isConsistentlyWound(vtkPolyData& mesh, const PointMarks& marks,
+                                              std::span<const std::uint32_t> facesAtPoint);
 
-/// The points of all faces, those of strips last.
+/// The points of all faces; the triangles of strips come last.
 class VEMO_GEOMETRY_EXPORT FaceList {
  public:
   explicit FaceList(vtkPolyData& mesh);
@@ -33,10 +34,10 @@ class VEMO_GEOMETRY_EXPORT FaceList {
     return {_points.data() + _ends[face], _points.data() + _ends[face + 1]};
   }
 
-  /// Reverses faces until each part of the mesh is wound as the first face in it, or
-  /// as far as that is possible: which faces vtkPolyDataNormals reverses to
-  /// make them consistent.
-  void windAlike(std::span<const std::uint32_t> facesAtPoint);
+  /// Reverses faces until each connected part of the mesh is wound like its first
+  /// face, as far as possible: the faces that vtkPolyDataNormals reverses for
+  /// consistency.
+  void makeConsistent(std::span<const std::uint32_t> facesAtPoint);
 
  private:
   bool runsThrough(std::size_t face, vtkIdType from, vtkIdType to) const;

@@ -1,6 +1,6 @@
 #include "vemoview/import/archive/ArchiveReader.h"
 
-#include "base/LargePages.h"
+#include "base/HugePages.h"
 #include "vemoview/import/Failure.h"
 #include "vemoview/import/archive/ByteOrder.h"
 
@@ -37,7 +37,7 @@ Array_t<unsigned char> ArchiveReader::loadEntry(const std::string& entryName,
   countBytesRead(size, entryName);
   // Not set to zero beforehand: the archive does so with what it does not fill.
   std::unique_ptr<unsigned char[]> block(new (std::nothrow) unsigned char[static_cast<std::size_t>(size)]);
-  OS::preferLargePages(block.get(), static_cast<std::size_t>(size));
+  OS::preferHugePages(block.get(), static_cast<std::size_t>(size));
   flaws = {};
   if (!block || !_archive.read(entryName, reinterpret_cast<char*>(block.get()), &flaws, convert)) {
     failIncomplete(entryName);

@@ -1,4 +1,4 @@
-#include "base/LargePages.h"
+#include "base/HugePages.h"
 #include "vemoview/import/archive/Inflate.h"
 
 #include <libdeflate.h>
@@ -28,7 +28,7 @@ std::optional<std::size_t> inflateWhole(const CompressedBytes& compressed, std::
   }
   const auto size = static_cast<std::size_t>(compressed.size());
   const std::unique_ptr<char[]> bytes(new (std::nothrow) char[size]);
-  OS::preferLargePages(bytes.get(), size);
+  OS::preferHugePages(bytes.get(), size);
   const std::unique_ptr<libdeflate_decompressor, FreeDecompressor> decompressor(
       libdeflate_alloc_decompressor());
   if (!bytes || !decompressor || !compressed.read({bytes.get(), size}, 0)) {

@@ -9,15 +9,15 @@ class vtkRenderer;
 
 namespace vemo {
 
-/// Points a camera, without framing anything.
+/// Sets position, direction and projection of a camera, as far as they are stated.
 void pointCamera(vtkCamera& view, const CanvasCamera& camera);
 
-/// Moves a renderer's camera so that everything that the renderer shows is seen,
-/// and the other things, which are in a box.
+/// Moves a renderer's camera so that all visible actors are in the picture, and the box
+/// `others`.
 void frameAll(vtkRenderer& renderer, Box others);
 
-/// Points a renderer's camera, and frames everything where the camera leaves that
-/// open. The actors are in the renderer already.
+/// Sets a renderer's camera, framing everything as far as the view is not stated:
+/// the actors must have been added.
 void setCamera(vtkRenderer& renderer, const CanvasCamera& camera, const Box& others);
 
 void setLights(vtkRenderer& renderer, const CanvasLights& lights);

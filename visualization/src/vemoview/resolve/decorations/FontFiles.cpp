@@ -31,8 +31,8 @@ std::vector<fs::path> fontFolders() {
 }
 
 bool isFont(const fs::path& file) {
-  const std::string ending = file.extension();
-  return ending == ".ttf" || ending == ".otf" || ending == ".ttc";
+  const std::string extension = file.extension();
+  return extension == ".ttf" || extension == ".otf" || extension == ".ttc";
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "base/LargePages.h"
+#include "base/HugePages.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -10,12 +10,12 @@ namespace {
 
 /// Whether the system follows the advice cannot be told; content and neighbours
 /// must stay as they are.
-TEST(LargePagesTest, ChangeNoContent) {
+TEST(HugePagesTest, ChangeNoContent) {
   constexpr std::size_t MIB = std::size_t{1} << 20U;
   std::vector<char> memory(9 * MIB, 'a');
   for (const std::size_t size : {std::size_t{0}, std::size_t{1}, MIB, 2 * MIB, 5 * MIB + 1}) {
     for (const std::size_t offset : {std::size_t{0}, std::size_t{1}, MIB + 7, 3 * MIB}) {
-      preferLargePages(memory.data() + offset, size);
+      preferHugePages(memory.data() + offset, size);
     }
   }
   EXPECT_EQ(std::ranges::count(memory, 'a'), static_cast<std::ptrdiff_t>(memory.size()));
