@@ -143,8 +143,8 @@ TEST_F(DatabaseDamageTest, SaysWhatIsWrong) {
       {"x" + bytes.substr(1), "does not begin with a header"},
       {withHeader("scene-graph", "other-graph"), "does not say that it is a scene-graph database"},
       {withHeader("\"version\": 2", "\"version\": 3"), "of version 3"},
-      {bytes + "more", "does not end the file"},
-      {bytes.substr(0, bytes.size() - 1), "cut short"},
+      {bytes + "more", "not at the end of the file"},
+      {bytes.substr(0, bytes.size() - 1), "truncated"},
       {bytes.substr(0, bytes.size() - 1) + '\x7F', "index is damaged"},
       {brokenArray, ".sdb: Record 0: Array 0 \"Points\": hash mismatch"},
   };

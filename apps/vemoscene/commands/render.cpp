@@ -27,7 +27,7 @@ struct RenderArguments {
   bool force = false;
 };
 
-constexpr FileKind PNG{".png", "PNG file", "\x89PNG\r\n\x1A\n", true};
+constexpr FileKind PNG{".png", "PNG file", Picture::PNG_SIGNATURE, true};
 
 /// A text that is a valid number of pixels, and nothing else.
 std::optional<int> parsePixels(std::string_view text) {

@@ -1,6 +1,7 @@
 #include "export/ExportFormat.h"
 
 #include "export/database/DatabaseExport.h"
+#include <vemo/scenegraph/io/SDBWriter.h>
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -10,7 +11,7 @@ namespace vemo {
 namespace {
 
 constexpr ExportFormat FORMATS[] = {
-    {{".sdb", "scene-graph database", R"({"format": "scene-graph database")", false}, writeDatabase},
+    {{".sdb", "scene-graph database", lum::SDBWriter::SIGNATURE, false}, writeDatabase},
 };
 
 }  // namespace

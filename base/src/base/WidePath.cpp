@@ -1,3 +1,4 @@
+#include "base/Utf8.h"
 #include <vemo/base/WidePath.h>
 
 #include <cstddef>
@@ -26,28 +27,6 @@ std::uint32_t valueOf(wchar_t character) {
   return static_cast<std::uint32_t>(character);
 }
 
-/// The length of the UTF-8 sequence that starts with this byte; 0 when none does.
-std::size_t sequenceLength(unsigned char first) {
-  if (first < 0x80) {
-    return 1;
-  }
-  if (first >= 0xC2 && first < 0xE0) {
-    return 2;
-  }
-  if (first >= 0xE0 && first < 0xF0) {
-    return 3;
-  }
-  return first >= 0xF0 && first < 0xF5 ? 4 : 0;
-}
-
-/// Whether a decoded sequence has its shortest form, is not a surrogate, and is
-/// not above U+10FFFF.
-bool isCharacter(std::uint32_t value, std::size_t length) {
-  constexpr std::uint32_t FIRST_OF_LENGTH[] = {0, 0, 0x80, 0x800, 0x10000};
-  return value >= FIRST_OF_LENGTH[length] && value <= 0x10FFFF && !isHighSurrogate(value) &&
-         !isLowSurrogate(value);
-}
-
 struct Decoded {
   std::uint32_t value;
   std::size_t length;
@@ -55,23 +34,10 @@ struct Decoded {
 
 /// Decodes the first character of a non-empty text.
 Decoded decodeFirst(std::string_view text) {
-  const auto byte = [text](std::size_t index) { return static_cast<unsigned char>(text[index]); };
-  const Decoded stray{STRAY_BYTE + byte(0), 1};
-  const std::size_t length = sequenceLength(byte(0));
-  if (length == 0 || length > text.size()) {
-    return stray;
+  if (const auto character = firstOfUtf8(text)) {
+    return {character->value, character->length};
   }
-  if (length == 1) {
-    return {byte(0), 1};
-  }
-  std::uint32_t value = byte(0) & (0x7Fu >> length);
-  for (std::size_t i = 1; i < length; ++i) {
-    if ((byte(i) & 0xC0) != 0x80) {
-      return stray;
-    }
-    value = value << 6 | (byte(i) & 0x3Fu);
-  }
-  return isCharacter(value, length) ? Decoded{value, length} : stray;
+  return {STRAY_BYTE + static_cast<unsigned char>(text[0]), 1};
 }
 
 /// Decodes the first character of a non-empty text; a surrogate pair is one

@@ -29,6 +29,12 @@ struct Box {
     high = Vector3::combine(high, point, [](double a, double b) { return b > a ? b : a; });
   }
 
+  /// Nothing is added by an empty box.
+  void add(const Box& box) {
+    low = Vector3::combine(low, box.low, [](double a, double b) { return b < a ? b : a; });
+    high = Vector3::combine(high, box.high, [](double a, double b) { return b > a ? b : a; });
+  }
+
   VEMO_GEOMETRY_EXPORT Vector3 center() const;
 
   VEMO_GEOMETRY_EXPORT std::array<Vector3, 8> corners() const;

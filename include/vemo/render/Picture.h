@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <string_view>
 #include <vector>
 
 class vtkRenderWindow;
@@ -17,6 +18,8 @@ namespace vemo {
 class VEMO_RENDER_EXPORT Picture {
  public:
   static constexpr int CHANNELS = 3;
+  /// The first bytes of every PNG file.
+  static constexpr std::string_view PNG_SIGNATURE = "\x89PNG\r\n\x1A\n";
   using Pixel = std::array<std::uint8_t, CHANNELS>;
 
   /// A black picture. Sizes are in pixels, at least 1.

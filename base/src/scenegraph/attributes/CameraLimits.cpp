@@ -5,8 +5,7 @@ namespace lum {
 using vemo::Vector3;
 
 bool isUsableView(const Vector3& view) {
-  constexpr double NEAREST = 1e-20;
-  return vemo::unitVector(view).has_value() && vemo::length(view) > NEAREST;
+  return vemo::unitVector(view).has_value() && vemo::length(view) > LEAST_DISTANCE;
 }
 
 bool isUsableViewUp(const Vector3& viewUp, const Vector3& view) {
@@ -17,15 +16,14 @@ bool isUsableViewUp(const Vector3& viewUp, const Vector3& view) {
 
 bool isUsableParallelScale(double scale) {
   constexpr double SMALLEST = 1e-37;
-  constexpr double LARGEST = 1e37;
-  return scale >= SMALLEST && scale <= LARGEST;
+  return scale >= SMALLEST && scale <= GREATEST_COORDINATE;
 }
 
 std::vector<std::string> describeViewFaults(const Vector3& view, const Vector3& viewUp,
                                             const std::optional<double>& parallelScale) {
   std::vector<std::string> faults;
   if (!isUsableView(view)) {
-    faults.emplace_back("The view has no direction: the scene is seen against the z axis");
+    faults.emplace_back("The view has no direction: the scene is viewed against the z axis");
   } else if (!isUsableViewUp(viewUp, view)) {
     faults.emplace_back(
         "The view-up vector is zero or parallel to the viewing direction: the y axis is used instead (the "

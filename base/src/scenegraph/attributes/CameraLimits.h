@@ -9,8 +9,13 @@
 
 namespace lum {
 
-// What can be drawn with a camera: VTK keeps it at least 1e-20 from its focal point,
-// and OpenGL computes with single precision.
+// What can be drawn with a camera.
+
+/// VTK keeps a camera at least this far from its focal point.
+inline constexpr double LEAST_DISTANCE = 1e-20;
+
+/// OpenGL computes with single precision: greater coordinates cannot be drawn.
+inline constexpr double GREATEST_COORDINATE = 1e37;
 
 /// @param view from the camera to its focal point
 VEMO_SCENEGRAPH_EXPORT bool isUsableView(const vemo::Vector3& view);

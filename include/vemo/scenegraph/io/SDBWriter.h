@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace lum {
 
@@ -19,6 +20,9 @@ class Node;
 /// `close` discards the file.
 class VEMO_SCENEGRAPH_EXPORT SDBWriter {
  public:
+  /// The first bytes of every database.
+  static constexpr std::string_view SIGNATURE = R"({"format": "scene-graph database")";
+
   SDBWriter();
   SDBWriter(const SDBWriter&) = delete;
   SDBWriter& operator=(const SDBWriter&) = delete;

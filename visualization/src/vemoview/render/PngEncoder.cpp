@@ -82,7 +82,7 @@ Bytes compressed(const Bytes& bytes) {
 }  // namespace
 
 Bytes encodePng(const Picture& picture) {
-  Bytes file{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
+  Bytes file(Picture::PNG_SIGNATURE.begin(), Picture::PNG_SIGNATURE.end());
   appendChunk(file, "IHDR", headerOf(picture));
   appendChunk(file, "IDAT", compressed(filtered(picture)));
   appendChunk(file, "IEND", {});

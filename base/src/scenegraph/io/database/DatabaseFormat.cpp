@@ -3,6 +3,7 @@
 #include "scenegraph/io/codec/ChunkIO.h"
 #include "scenegraph/io/codec/FieldReader.h"
 #include <vemo/scenegraph/io/FileError.h>
+#include <vemo/scenegraph/io/SDBWriter.h>
 
 #include <charconv>
 #include <fmt/format.h>
@@ -14,7 +15,8 @@ namespace {
 
 using nlohmann::json;
 
-constexpr const char* FORMAT = "scene-graph database";
+constexpr std::string_view FORMAT = "scene-graph database";
+static_assert(SDBWriter::SIGNATURE.find(FORMAT) != std::string_view::npos);
 
 [[noreturn]] void refuse(const std::string& text) {
   throw FileError(FileIoStatus::UnsupportedFormat, text);
@@ -58,11 +60,11 @@ void requireEndOfFile(const IndexLocation& index, std::uint64_t fileSize) {
   const bool isSensible = index.offset >= HEADER_SIZE && end >= index.offset;
   if (isSensible && end > fileSize) {
     throw FileError(FileIoStatus::ReadError,
-                    fmt::format("It is cut short: the file has {} of {} bytes", fileSize, end));
+                    fmt::format("The file is truncated: it has {} of {} bytes", fileSize, end));
   }
   if (!isSensible || end != fileSize) {
     throw FileError(FileIoStatus::ReadError,
-                    fmt::format("The index, {} bytes from byte {} on, does not end the file of {} bytes",
+                    fmt::format("The index, {} bytes at byte {}, is not at the end of the file of {} bytes",
                                 index.size, index.offset, fileSize));
   }
 }
@@ -70,9 +72,9 @@ void requireEndOfFile(const IndexLocation& index, std::uint64_t fileSize) {
 }  // namespace
 
 std::string makeHeader(const IndexLocation& index) {
-  std::string line = fmt::format(
-      R"({{"format": "{}", "version": {}, "index": {{"offset": {}, "size": {}, "hash": "{:016x}"}}}})",
-      FORMAT, index.version, index.offset, index.size, index.hash);
+  std::string line =
+      fmt::format(R"({}, "version": {}, "index": {{"offset": {}, "size": {}, "hash": "{:016x}"}}}})",
+                  SDBWriter::SIGNATURE, index.version, index.offset, index.size, index.hash);
   line.resize(HEADER_SIZE - 1, ' ');
   return line + '\n';
 }
@@ -123,8 +125,8 @@ void DatabaseIndex::readOffsets(ByteReader& in, std::uint64_t end) {
     if (position > end || gap > (end - position) / CHUNK_ALIGNMENT ||
         row.bytes() > end - position - gap * CHUNK_ALIGNMENT) {
       throw FileError(FileIoStatus::ReadError,
-                      fmt::format("Array {} \"{}\" of {} bytes does not end before the index",
-                                  _offsets.size(), _tables.getName(row), row.bytes()));
+                      fmt::format("Array {} \"{}\" of {} bytes overlaps the index", _offsets.size(),
+                                  _tables.getName(row), row.bytes()));
     }
     _offsets.push_back(position + gap * CHUNK_ALIGNMENT);
     position = _offsets.back() + row.bytes();

@@ -1,19 +1,21 @@
 #pragma once
 
+#include "base/Utf8.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
 
 namespace vemo {
 
-/// Bytes of a text that each item in an assembly gets a copy of. With longer ones
-/// a few kilobytes of description would ask for gigabytes.
+/// Bytes of a text of which each item in an assembly gets a copy. With longer texts
+/// a few kilobytes of description could need gigabytes.
 inline constexpr std::size_t MAX_COPIED_TEXT = 1000;
 
-/// The first bytes of a text in UTF-8, up to the end of a character.
+/// The first bytes of a text in UTF-8, without an incomplete last character.
 inline std::string beginOf(std::string_view text, std::size_t mostBytes) {
   if (text.size() > mostBytes) {
-    while (mostBytes > 0 && (static_cast<unsigned char>(text[mostBytes]) & 0xC0U) == 0x80U) {
+    while (mostBytes > 0 && isContinuationByte(text[mostBytes])) {
       --mostBytes;
     }
   }

@@ -1,5 +1,6 @@
 #include "vemoview/render/decorations/LegendBar.h"
 
+#include "base/Utf8.h"
 #include "vemoview/common/VtkForms.h"
 #include "vemoview/render/decorations/LegendTicks.h"
 #include "vemoview/render/decorations/TextLabel.h"
@@ -227,9 +228,7 @@ class Legend {
     std::string broken;
     std::size_t written = 0;
     for (const char byte : word) {
-      // Not within a character.
-      const bool isFirst = (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
-      if (isFirst && written >= length) {
+      if (!isContinuationByte(byte) && written >= length) {
         broken += '\n';
         written = 0;
       }

@@ -1,5 +1,6 @@
 #include "vemoview/render/decorations/TextLabel.h"
 
+#include "base/Utf8.h"
 #include "vemoview/render/vtk/PropGroup.h"
 #include "vemoview/render/vtk/Screen.h"
 #include <vemo/base/PrintableText.h>
@@ -27,8 +28,7 @@ double greatestLineHeight(const std::string& text) {
   int longest = 1;
   int length = 0;
   for (const char byte : text) {
-    const bool isWithinLetter = (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-    length = byte == '\n' ? 0 : length + (isWithinLetter ? 0 : 1);
+    length = byte == '\n' ? 0 : length + (isContinuationByte(byte) ? 0 : 1);
     lines += byte == '\n' ? 1 : 0;
     longest = std::max(longest, length);
   }

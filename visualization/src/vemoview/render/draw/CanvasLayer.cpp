@@ -6,6 +6,7 @@
 #include "vemoview/render/vtk/PeelingRenderer.h"
 #include "vemoview/render/vtk/Screen.h"
 #include "vemoview/render/vtk/View.h"
+#include "vemoview/resolve/InstanceBounds.h"
 #include <vemo/resolve/Picker.h>
 
 #include <vtkCullerCollection.h>
@@ -37,16 +38,6 @@ vtkSmartPointer<vtkPlaneCollection> makePlanes(const std::vector<ClipPlane>& cli
     planes->AddItem(plane);
   }
   return planes;
-}
-
-/// Makes a box large enough for all instances of a mesh.
-void addInstances(const MeshInstance& mesh, Box& box) {
-  const auto corners = boundsOf(*mesh.geometry).corners();
-  forEachInstance(mesh.transforms, [&](const InstanceTransform* transform) {
-    for (const Vector3& corner : corners) {
-      box.add(transformedPoint(transform, corner));
-    }
-  });
 }
 
 }  // namespace
@@ -127,7 +118,10 @@ Box CanvasLayer::boundsOf(const DrawableSet& drawables) const {
   for (const Batch& batch : _batches) {
     batch.forEachShown([&](const MeshInstance& mesh) {
       if (drawables.contains(mesh.drawable)) {
-        addInstances(mesh, box);
+        const Box bounds = vemo::boundsOf(*mesh.geometry);
+        forEachInstance(mesh.transforms, [&](const InstanceTransform* transform) {
+          box.add(instanceBounds(transform, bounds));
+        });
       }
     });
   }

@@ -30,8 +30,8 @@ Box boundsOf(const ImageDecoration& image) {
 /// Also false for corners that are not numbers.
 bool spansArea(const ImageDecoration& image, const Box& bounds) {
   const double area = length(cross(image.xAxis, image.yAxis));
-  return area > 0.0 && bounds.longestSide() >= SMALLEST && isInReach(image.corner) && isInReach(bounds.low) &&
-         isInReach(bounds.high);
+  return area > 0.0 && bounds.longestSide() >= lum::LEAST_DISTANCE && isInReach(image.corner) &&
+         isInReach(bounds.low) && isInReach(bounds.high);
 }
 
 bool isInWindow(const Box& bounds) {

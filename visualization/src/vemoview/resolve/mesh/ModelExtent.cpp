@@ -1,6 +1,7 @@
 #include "vemoview/resolve/mesh/ModelExtent.h"
 
 #include "geometry/Bounds.h"
+#include "vemoview/resolve/InstanceBounds.h"
 #include "vemoview/resolve/values/NodeFindings.h"
 #include "vemoview/resolve/values/UsableValues.h"
 #include <vemo/resolve/CanvasCamera.h>
@@ -18,15 +19,15 @@ namespace vemo {
 
 namespace {
 
-/// Of all meshes together, and of their instances.
+/// The extent of all meshes together, and of single instances.
 struct Extent {
   Box all;
   double largestInstance = 0.0;
-  /// Lines and points are seen however small they are.
+  /// Lines and points are visible however small they are.
   bool isOfFacesOnly = true;
 };
 
-/// VTK keeps the bounds of all points for when they are drawn.
+/// Bounds of all points are computed once: VTK keeps them for drawing.
 Box boundsOfFinite(vtkPolyData& geometry) {
   const Box bounds = boundsOf(geometry);
   return isFinite(bounds.low) && isFinite(bounds.high) ? bounds
@@ -35,28 +36,23 @@ Box boundsOfFinite(vtkPolyData& geometry) {
 
 /// Returns the bounds of the mesh's instances together.
 Box addInstances(const MeshInstance& mesh, Extent& extent) {
-  const auto corners = boundsOfFinite(*mesh.geometry).corners();
+  const Box bounds = boundsOfFinite(*mesh.geometry);
   Box all;
   forEachInstance(mesh.transforms, [&](const InstanceTransform* transform) {
-    Box instance;
-    for (const Vector3& corner : corners) {
-      instance.add(transformedPoint(transform, corner));
-    }
+    const Box instance = instanceBounds(transform, bounds);
     extent.largestInstance = std::max(extent.largestInstance, instance.longestSide());
-    all.add(instance.low);
-    all.add(instance.high);
+    all.add(instance);
   });
-  extent.all.add(all.low);
-  extent.all.add(all.high);
+  extent.all.add(all);
   return all;
 }
 
 void reportIfTooFar(const lum::PolyDataNode& node, const Box& bounds) {
   for (const double end : {std::ranges::min(bounds.low), std::ranges::max(bounds.high)}) {
-    if (std::abs(end) > FARTHEST) {
+    if (std::abs(end) > lum::GREATEST_COORDINATE) {
       const NodeScope scope(node);
       reportFinding(FindingCode::GEOMETRY_NOT_DRAWN,
-                    fmt::format("Points reach to {:g}, which is too far to be drawn", end));
+                    fmt::format("The coordinate {:g} is too large to be drawn", end));
       return;
     }
   }
@@ -82,13 +78,14 @@ void reportUnseenExtent(const std::vector<MeshInstance>& meshes, const CanvasCam
   if (!camera.framesAll() || side <= 0.0) {
     return;
   }
-  if (side < SMALLEST) {
+  // Something smaller would be viewed from a distance that VTK does not allow.
+  if (side < lum::LEAST_DISTANCE) {
     reportFinding(FindingCode::GEOMETRY_NOT_DRAWN,
-                  fmt::format("Nothing of the model is seen: it extends over {:g} only", side));
+                  fmt::format("Nothing of the model is visible: its size is only {:g}", side));
   } else if (extent.isOfFacesOnly && side > PIXELS * extent.largestInstance) {
     reportFinding(
         FindingCode::GEOMETRY_NOT_DRAWN,
-        fmt::format("Nothing of the model is seen: it extends over {:g}, but no part of it over more "
+        fmt::format("Nothing of the model is visible: its size is {:g}, but no part of it is larger "
                     "than {:g}",
                     side, extent.largestInstance));
   }

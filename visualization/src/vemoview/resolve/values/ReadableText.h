@@ -7,12 +7,12 @@
 
 namespace vemo {
 
-/// Longer texts cannot be read.
+/// Longer texts would be illegible.
 inline constexpr std::size_t MAX_TEXT_BYTES = 2000;
 
-/// A text that can be drawn: UTF-8, line breaks its only control characters, of so
-/// many bytes at most. Bytes that are not UTF-8 become question marks; a finding
-/// names the owner of the text where something is not as it was.
+/// A text that can be drawn: valid UTF-8 of at most `mostBytes` bytes, without control
+/// characters other than line breaks. Invalid bytes become question marks; a finding
+/// about the text's owner reports that, and a text that is cut off.
 std::string readableText(std::string_view text, std::size_t mostBytes, const std::string& owner);
 
 /// The characters of a readable text.

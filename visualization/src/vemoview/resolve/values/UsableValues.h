@@ -1,5 +1,6 @@
 #pragma once
 
+#include "scenegraph/attributes/CameraLimits.h"
 #include <vemo/base/Vector.h>
 
 #include <algorithm>
@@ -7,19 +8,13 @@
 
 namespace vemo {
 
-/// What drawing can use of the values of attributes, which may be anything.
+/// The usable values closest to those of attributes, which may be anything.
 
-/// OpenGL computes with single precision. Points farther away are often placeholders
-/// for missing ones; with them, nothing of a scene is seen.
-inline constexpr double FARTHEST = 1e37;
-
-/// Also false for what is not a number.
+/// Whether a point can be drawn. Points farther away are often placeholders for missing
+/// ones; with them, nothing of a scene would be visible. False for NaN, too.
 inline bool isInReach(const Vector3& point) {
-  return std::ranges::all_of(point, [](double value) { return std::abs(value) <= FARTHEST; });
+  return std::ranges::all_of(point, [](double value) { return std::abs(value) <= lum::GREATEST_COORDINATE; });
 }
-
-/// A view of something smaller would be from a distance that VTK does not allow.
-inline constexpr double SMALLEST = 1e-20;
 
 /// In 0..1; `fallback` for a value that is not finite.
 inline double unitValue(double value, double fallback) {

@@ -1,0 +1,48 @@
+#include "base/Utf8.h"
+
+namespace vemo {
+
+namespace {
+
+/// The length of the character that starts with this byte; 0 if none does.
+std::size_t lengthFrom(unsigned char first) {
+  if (first < 0x80) {
+    return 1;
+  }
+  if (first >= 0xC2 && first < 0xE0) {
+    return 2;
+  }
+  if (first >= 0xE0 && first < 0xF0) {
+    return 3;
+  }
+  return first >= 0xF0 && first < 0xF5 ? 4 : 0;
+}
+
+/// Whether a decoded sequence has its shortest form, is not a surrogate, and is
+/// not above U+10FFFF.
+bool isValid(char32_t value, std::size_t length) {
+  constexpr char32_t FIRST_OF_LENGTH[] = {0, 0, 0x80, 0x800, 0x10000};
+  const bool isSurrogate = value >= 0xD800 && value < 0xE000;
+  return value >= FIRST_OF_LENGTH[length] && value <= 0x10FFFF && !isSurrogate;
+}
+
+}  // namespace
+
+std::optional<Utf8Character> firstOfUtf8(std::string_view text) {
+  const auto first = static_cast<unsigned char>(text[0]);
+  const std::size_t length = lengthFrom(first);
+  if (length == 0 || length > text.size()) {
+    return std::nullopt;
+  }
+  // The first of several bytes starts with as many ones as there are bytes, and a zero.
+  char32_t value = length == 1 ? first : first & (0x7FU >> length);
+  for (std::size_t i = 1; i < length; ++i) {
+    if (!isContinuationByte(text[i])) {
+      return std::nullopt;
+    }
+    value = value << 6U | (static_cast<unsigned char>(text[i]) & 0x3FU);
+  }
+  return isValid(value, length) ? std::optional<Utf8Character>({value, length}) : std::nullopt;
+}
+
+}  // namespace vemo

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <vemo/base/Export.h>
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+namespace vemo {
+
+/// A character and the number of bytes that it has in UTF-8.
+struct Utf8Character {
+  char32_t value;
+  std::size_t length;
+};
+
+/// The first character of a non-empty text; nothing if the text does not begin with
+/// valid UTF-8: overlong forms, surrogates, and numbers above U+10FFFF are not valid.
+VEMO_BASE_EXPORT std::optional<Utf8Character> firstOfUtf8(std::string_view text);
+
+/// Whether a byte is the second or a later one of a character.
+constexpr bool isContinuationByte(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+}  // namespace vemo
