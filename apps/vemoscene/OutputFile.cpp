@@ -37,7 +37,7 @@ void checkStandardOutput() {
 bool isOfKind(const std::string& file, const FileKind& kind) {
   std::ifstream in(file, std::ios::binary);
   if (!in) {
-    fail(file, fmt::format("it cannot be read to see what it is ({}); --force replaces it",
+    fail(file, fmt::format("its kind cannot be determined ({}); --force replaces it",
                            std::generic_category().message(errno)));
   }
   std::string start(kind.start.size(), '\0');

@@ -41,7 +41,7 @@ class FirstDifference {
   std::error_code error;
   std::filesystem::remove(OS::followLinks(output), error);
   throw Failure(ExitCode::CANNOT_WRITE,
-                fmt::format("\"{}\" is not what was to be written and {}:\n{}", output,
+                fmt::format("\"{}\" differs from what was to be written and {}:\n{}", output,
                             error ? "cannot be removed" : "was removed", reason));
 }
 

@@ -40,9 +40,10 @@ int enlargementFor(const SceneRenderer& scene, EglRenderWindow& window, const Re
 
 void requireSize(const RenderOptions& options, int largestSize) {
   if (std::max(options.width, options.height) > largestSize) {
-    throw RenderingUnavailable(
-        "A picture of " + std::to_string(options.width) + " x " + std::to_string(options.height) +
-        " pixels is larger than OpenGL draws here: at most " + std::to_string(largestSize) + " each way");
+    throw RenderingUnavailable("A picture of " + std::to_string(options.width) + " x " +
+                               std::to_string(options.height) +
+                               " pixels is larger than OpenGL can draw here: at most " +
+                               std::to_string(largestSize) + " pixels each way");
   }
 }
 

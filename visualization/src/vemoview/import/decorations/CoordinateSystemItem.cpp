@@ -58,7 +58,7 @@ void CoordinateSystemItem::reportUnusable(const QxElement& element, SceneFileRea
                   "The y and z axes are parallel, or one is zero: default axes are used");
   } else if (std::abs(dot(y, z)) > UNNOTICEABLE) {
     reader.report(FindingCode::VALUE_IGNORED,
-                  "The y axis is not perpendicular to the z axis: the triad has another one");
+                  "The y axis is not perpendicular to the z axis: the triad has a corrected one");
   }
 }
 

@@ -12,7 +12,6 @@
 #include <vemo/import/items/SharedBySiblings.h>
 #include <vemo/import/xml/QxElement.h>
 #include <vemo/scenegraph/Logger.h>
-#include <vemo/scenegraph/Traversal.h>
 #include <vemo/scenegraph/attributes/LineAttributes.h>
 #include <vemo/scenegraph/attributes/MaterialAttributes.h>
 #include <vemo/scenegraph/attributes/PointScaleAttributes.h>
@@ -21,7 +20,6 @@
 #include <vemo/scenegraph/drawables/PolyLineDrawable.h>
 #include <vemo/scenegraph/drawables/SurfaceDrawable.h>
 
-#include <vtkActor.h>
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
 #include <vtkFloatArray.h>
@@ -29,13 +27,10 @@
 #include <vtkPolyData.h>
 #include <vtkPolyDataMapper.h>
 #include <vtkProperty.h>
-#include <vtkType.h>
 
 #include <algorithm>
-#include <cstdint>
 #include <fmt/format.h>
 #include <memory>
-#include <optional>
 #include <span>
 #include <string>
 #include <tuple>
@@ -327,12 +322,13 @@ void GeometryItem::addTo(lum::DrawableCollection& collection, bool isHidden, con
   if (isShared && (before != SharedSettings(drawable, parts) || hasSettingsOfOthers(drawable))) {
     report(shared.context, FindingCode::SETTINGS_REPLACED,
            "The geometry \"" + getName() +
-               "\" shares the settings of earlier geometry of its name and type, but states different ones");
+               "\" shares the settings of an earlier geometry with the same name and type, but states "
+               "different ones");
   }
   if (isColoredByOther && drawable.getColorAttributes()->getColorMode() == lum::ColorMode::DATA) {
-    report(
-        shared.context, FindingCode::COLORMAP_REPLACED,
-        "The data of \"" + getName() + "\" are coloured as those of earlier geometry of its name and type");
+    report(shared.context, FindingCode::COLORMAP_REPLACED,
+           "The data of \"" + getName() +
+               "\" have the colours of an earlier geometry with the same name and type");
   }
   parts.lines = parts.lines || _polydata->GetNumberOfLines() > 0;
   parts.points = parts.points || _geometryType == POINTS || _polydata->GetNumberOfVerts() > 0;

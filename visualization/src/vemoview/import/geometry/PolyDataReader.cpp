@@ -120,8 +120,8 @@ bool PolyDataReader::fits(const GeometryArray& array, vtkIdType tuplesExpected, 
 void PolyDataReader::reportCutOff(vtkIdType values, int components, const std::string& entry) {
   if (values % components != 0) {
     _context.report(FindingCode::ARRAY_CUT,
-                    "The last " + std::to_string(values % components) + " of " + std::to_string(values) +
-                        " values are left out: " + std::to_string(components) + " are needed",
+                    "The number of values, " + std::to_string(values) + ", is not a multiple of " +
+                        std::to_string(components) + ": those at the end are left out",
                     entry);
   }
 }
@@ -158,7 +158,7 @@ void PolyDataReader::addArray(vtkFieldData& data, vtkFloatArray& values, const G
   const bool isTaken = data.HasArray(array.name.c_str()) != 0;
   if (!isTaken && isFull(data)) {
     _context.report(FindingCode::ARRAY_LEFT_OUT,
-                    "The array \"" + array.name + "\" is left out: no more than " +
+                    "The array \"" + array.name + "\" is left out: at most " +
                         std::to_string(MAX_DATA_ARRAYS) + " arrays are possible",
                     array.entry.value_or(""));
     return;

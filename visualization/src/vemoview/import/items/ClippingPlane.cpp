@@ -20,7 +20,7 @@ void ClippingPlane::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement(*this, element, reader);
   if (_normal == Vector<3, double>{} && reader != nullptr &&
       ValueReader(element, reader, OnBadValue::FAIL).isOfNumbers("normal")) {
-    reader->report(FindingCode::VALUE_IGNORED, "The plane has no normal: it does not cut");
+    reader->report(FindingCode::VALUE_IGNORED, "The clipping plane has no normal: it has no effect");
   }
 }
 

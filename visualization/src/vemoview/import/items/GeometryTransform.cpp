@@ -31,7 +31,7 @@ void GeometryTransform::reportUnusable(const ValueReader& values) const {
   const auto zeros = std::ranges::count(_scale, 0.0);
   if ((zeros == 1 || zeros == 2) && values.isOfNumbers("scale")) {
     reader.report(FindingCode::TRANSFORM_UNUSABLE,
-                  "The scale is zero in some directions: what it applies to is invisible");
+                  "The scale is zero in some directions: the scaled items are invisible");
   }
   if (_rotationAngle != 0.0 && _rotationAxis == Vector<3, double>{} && values.isOfNumbers("rotAxis")) {
     reader.report(FindingCode::TRANSFORM_UNUSABLE, "The rotation has no axis: nothing is rotated");

@@ -14,7 +14,7 @@ RepeatTransform::~RepeatTransform() = default;
 void RepeatTransform::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement(*this, element, reader);
   if (reader != nullptr && element.findAttribute("nRepeats") == nullptr) {
-    reader->report(FindingCode::TRANSFORM_UNUSABLE, "The repeat states no number: nothing is repeated");
+    reader->report(FindingCode::TRANSFORM_UNUSABLE, "The number of repeats is missing: nothing is repeated");
   }
 }
 

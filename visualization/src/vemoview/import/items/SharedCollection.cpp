@@ -46,9 +46,10 @@ void reportSharedTransform(ReadingContext* context, const lum::DrawableCollectio
                            bool hasTransform) {
   const auto* const base = collection.findAttributes<lum::BaseAttributes>();
   const bool hadTransform = base != nullptr && base->getTransform() != nullptr;
-  const std::string others = "earlier items of the name \"" + collection.getName() + '"';
+  const std::string others = "earlier items with the name \"" + collection.getName() + '"';
   if (hadTransform && !hasTransform) {
-    report(context, FindingCode::TRANSFORM_SHARED, "The item is transformed as " + others + " are");
+    report(context, FindingCode::TRANSFORM_SHARED,
+           "The transform of " + others + " also applies to this item");
   } else if (!hadTransform && hasTransform) {
     report(context, FindingCode::TRANSFORM_SHARED, "The transform also applies to " + others);
   }

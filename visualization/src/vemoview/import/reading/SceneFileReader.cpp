@@ -28,7 +28,8 @@ std::unique_ptr<QxElement> SceneFileReader::readXml(const std::string& entryName
   XmlDocument document = parseXml(text.values(), entryName, limits);
   if (document.hasDeclarationsOutside) {
     report(FindingCode::DECLARATIONS_NOT_READ,
-           "The description refers to entities or declarations outside of it, which are not read", entryName);
+           "The description refers to entities or declarations in other files, which are not read",
+           entryName);
   }
   return std::move(document.root);
 }

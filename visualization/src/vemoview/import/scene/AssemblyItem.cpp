@@ -87,7 +87,7 @@ void AssemblyItem::readBase(const QxElement& element, SceneFileReader* reader) {
 void AssemblyItem::readImpl(const QxElement& element, SceneFileReader* reader) {
   logChildrenFound(element.getChildren().size());
   if (getName().size() > MAX_COPIED_TEXT) {
-    reader->report(FindingCode::TEXT_CHANGED, "The name is very long: qualified names have the first " +
+    reader->report(FindingCode::TEXT_CHANGED, "The name is very long: qualified names contain the first " +
                                                   std::to_string(MAX_COPIED_TEXT) + " bytes of it");
   }
   makeReadingCommandsMap();
@@ -183,7 +183,7 @@ void AssemblyItem::reportSharing(const SharedBySiblings& shared, lum::DrawableCo
   });
   if (recolors) {
     report(shared.context, FindingCode::COLORMAP_REPLACED,
-           "The colormap \"" + colormap->getName() + "\" also colours earlier items of the name \"" +
+           "The colormap \"" + colormap->getName() + "\" also colours earlier items with the name \"" +
                getName() + '"');
   }
 }

@@ -161,7 +161,7 @@ void noteUnknown(const QxElement& element, SceneFileReader* reader) {
   }
 }
 
-std::string SingleElements::exceptionOf(const QxElement& former) const {
+std::string SingleElements::describeKeptVectors(const QxElement& former) const {
   std::string text;
   for (const auto& child : former.getChildren()) {
     if (child->isRead() && child->outlivesParent()) {
@@ -182,8 +182,9 @@ void SingleElements::add(const QxElement& element) {
   const QxElement* const former = std::exchange(_latest[kind], &element);
   if (former != nullptr && _reader != nullptr) {
     const ReadingContext::ItemScope scope(_reader, SceneItem::pathName(*former), former->getPlace());
-    _reader->report(FindingCode::ELEMENT_REPLACED,
-                    "A later \"" + element.getName() + "\" in its parent replaces it" + exceptionOf(*former));
+    _reader->report(
+        FindingCode::ELEMENT_REPLACED,
+        "A later \"" + element.getName() + "\" in its parent replaces it" + describeKeptVectors(*former));
   }
 }
 

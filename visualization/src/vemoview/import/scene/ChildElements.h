@@ -58,15 +58,15 @@ class SingleElements {
   void add(const QxElement& element);
 
  private:
-  /// A view leaves the vectors of earlier ones that it does not state.
+  /// A view keeps the vectors of earlier ones that it does not state itself.
   void addVectors(const QxElement& view);
-  /// ", except for its "up"", of a view; else empty.
-  std::string exceptionOf(const QxElement& former) const;
+  /// For a replaced view, `, except for its "up"`; empty for other elements.
+  std::string describeKeptVectors(const QxElement& former) const;
 
   SceneFileReader* _reader;
-  /// The latest of each kind of which there can be one.
+  /// The latest of each kind that a container can have only one of.
   std::map<std::string, const QxElement*> _latest;
-  /// Of views, by name.
+  /// The vectors of views, by name.
   std::map<std::string, const QxElement*> _vectors;
 };
 

@@ -28,8 +28,7 @@ void checkNames(SceneFileReader& reader) {
     const std::string entry = archive.getEntryName(i);
     if (archive.hasOtherName(entry)) {
       reader.report(FindingCode::ENTRY_NAME_DIFFERS,
-                    "The entry has another name in front of its content than in the archive's directory",
-                    entry);
+                    "The local header of the entry has a different name from the central directory", entry);
     }
   }
 }

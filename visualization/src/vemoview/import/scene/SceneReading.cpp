@@ -15,7 +15,7 @@ namespace {
 void reportDirectory(SceneFileReader& reader) {
   if (reader.getArchive().isMiscounted()) {
     reader.report(FindingCode::ENTRIES_NOT_COUNTED,
-                  "The archive has more entries than it says; the others are not read");
+                  "The archive has more entries than it states; the others are not read");
   }
   for (const std::string& name : reader.getArchive().getDuplicateNames()) {
     reader.report(FindingCode::ENTRY_REPLACED,
@@ -51,8 +51,8 @@ void SceneFileReader::readItems(Scene& scene) {
   _description->markRead();
   const ItemScope scope(this, Scene::XML_ENTITY, _description->getPlace());
   if (_description->getName() != Scene::XML_ENTITY) {
-    report(FindingCode::ROOT_UNKNOWN, "The root element is called \"" + pathPart(_description->getName()) +
-                                          "\" instead of \"" + Scene::XML_ENTITY + "\", and is read as one");
+    report(FindingCode::ROOT_UNKNOWN, "The root element \"" + pathPart(_description->getName()) +
+                                          "\" is read as a \"" + Scene::XML_ENTITY + '"');
   }
   attempt([&] { scene.read(*_description, this); });
 }

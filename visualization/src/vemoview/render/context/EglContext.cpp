@@ -77,7 +77,7 @@ EGLDisplay openDisplay() {
     display = openDeviceDisplay(getPlatformDisplay);
   }
   if (display == EGL_NO_DISPLAY) {
-    throw RenderingUnavailable("No OpenGL is available: no EGL driver draws without a screen");
+    throw RenderingUnavailable("No OpenGL is available: no EGL driver can draw without a screen");
   }
   return display;
 }
@@ -115,7 +115,7 @@ EGLConfig chooseConfig(EGLDisplay display) {
   EGLint count = 0;
   if (eglChooseConfig(display, WANTED.data(), &config, 1, &count) != EGL_TRUE || count < 1) {
     throw RenderingUnavailable(
-        "No OpenGL is available: the EGL driver has no frame buffer of 8 bits a channel");
+        "No OpenGL is available: the EGL driver has no frame buffer with 8 bits per channel");
   }
   return config;
 }

@@ -123,7 +123,7 @@ std::vector<Decoration> DecorationResolver::resolve(const std::vector<VisibleDra
     }
     forEachInstance(isInWindow(*content) ? nullptr : visible.transforms,
                     [&](const InstanceTransform* transform) {
-                      if (hasRoomFor(*content)) {
+                      if (takeRoom(*content)) {
                         Decoration& decoration = result.emplace_back(Decoration{visible.drawable, *content});
                         if (transform != nullptr) {
                           std::visit(Placing{*transform}, decoration.content);
@@ -134,8 +134,7 @@ std::vector<Decoration> DecorationResolver::resolve(const std::vector<VisibleDra
   return result;
 }
 
-/// Counts a further decoration, unless the limit is reached.
-bool DecorationResolver::hasRoomFor(const Content& content) {
+bool DecorationResolver::takeRoom(const Content& content) {
   if (!_isFull) {
     _pieceCount += countPieces(content);
     _isFull = _pieceCount > MAX_PIECES;

@@ -17,18 +17,18 @@ class DecorationResolver {
   DecorationResolver(bool isOnDark, const CameraIndices& cameras, ColorTables& tables)
       : _isOnDark(isOnDark), _cameras(cameras), _tables(tables) {}
 
-  /// The decorations among drawables, in order, as long as there are not too
-  /// many.
+  /// The decorations among drawables, in order, up to the limit.
   std::vector<Decoration> resolve(const std::vector<VisibleDrawable>& drawables);
 
  private:
-  bool hasRoomFor(const Decoration::Content& content);
+  /// Counts a further decoration; false once the limit is reached.
+  bool takeRoom(const Decoration::Content& content);
 
   bool _isOnDark;
   const CameraIndices& _cameras;
   ColorTables& _tables;
   int _count = 0;
-  // The texts and images in them.
+  // Of texts and images in them.
   int _pieceCount = 0;
   bool _isFull = false;
 };

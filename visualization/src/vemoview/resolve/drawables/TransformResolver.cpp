@@ -87,8 +87,7 @@ InstanceTransform reflection(const Vector<4, double>& plane) {
 }
 
 void reportNotUsable() {
-  reportFinding(FindingCode::TRANSFORM_UNUSABLE,
-                "Something is not drawn: its transforms make it too small or too large to compute with");
+  reportFinding(FindingCode::TRANSFORM_UNUSABLE, "Not drawn: the transforms make it too small or too large");
 }
 
 void reportRepeatsLimited(std::size_t count) {

@@ -78,7 +78,7 @@ class MeshBuilder {
     return meshes;
   }
 
-  /// The array that was to colour the meshes, if they do not have it; else null.
+  /// The array that should colour the meshes, if it is missing; otherwise null.
   const lum::DataArrayAttributes* getMissingArray() const { return _missingArray; }
 
  private:
@@ -126,7 +126,7 @@ class MeshBuilder {
         CellValidator().findFault(*cells, {.pointCount = pointCount, .mayHaveUnusedIndices = true});
     if (!fault.empty()) {
       reportFinding(FindingCode::GEOMETRY_NOT_DRAWN,
-                    '"' + _node.getName() + "\" is not drawn: " + kind.name + ": " + fault);
+                    '"' + itemNameOf(_node) + "\" is not drawn: " + kind.name + ": " + fault);
       return false;
     }
     kind.set(*_geometry, cells);
@@ -139,8 +139,8 @@ class MeshBuilder {
       return array != nullptr;
     }
     reportFinding(FindingCode::NOT_COLORED_BY_ARRAY,
-                  fmt::format("\"{}\" is drawn without its array \"{}\" of {} values for {}", _node.getName(),
-                              array->GetName(), array->GetNumberOfTuples(), tuples));
+                  fmt::format("\"{}\" is drawn without its array \"{}\", which has {} values instead of {}",
+                              itemNameOf(_node), array->GetName(), array->GetNumberOfTuples(), tuples));
     return false;
   }
 
@@ -161,8 +161,8 @@ class MeshBuilder {
     }
   }
 
-  /// Data that have no colour table are not shown: they would need colours and a
-  /// range that nothing specifies.
+  /// Data without a colour table are not shown: nothing specifies their colours and
+  /// range.
   void putScalars() {
     const auto* const colors = _drawable.findAttributes<lum::ColorAttributes>();
     const auto* const scalars = _drawable.findAttributes<lum::ScalarAttributes>();
@@ -197,8 +197,9 @@ class MeshBuilder {
       if (_scalars && _scalars->location == ScalarLocation::CELLS) {
         reportFinding(
             FindingCode::NOT_COLORED_BY_ARRAY,
-            fmt::format("\"{}\" is drawn without its array \"{}\", which is over cells: it has none",
-                        _node.getName(), _scalars->arrayName));
+            fmt::format(
+                "\"{}\" is not coloured by data: its array \"{}\" is over cells, of which it has none",
+                itemNameOf(_node), _scalars->arrayName));
         _scalars.reset();
       }
       return pointsAsVertices(*_geometry);
@@ -217,11 +218,10 @@ class MeshBuilder {
 
   void unfold(vtkSmartPointer<vtkPolyData>& faces) const {
     if (const vtkIdType count = unfoldFans(faces); count > 0) {
-      reportFinding(
-          FindingCode::POLYGONS_FOLDED,
-          fmt::format(
-              "{} polygons of \"{}\" are concave or self-intersecting, and are drawn with the wrong shape",
-              count, _node.getName()));
+      const auto [noun, verb] = count == 1 ? std::pair("polygon", "is") : std::pair("polygons", "are");
+      reportFinding(FindingCode::POLYGONS_FOLDED,
+                    fmt::format("{} concave or self-intersecting {} of \"{}\" {} drawn with the wrong shape",
+                                count, noun, itemNameOf(_node), verb));
     }
   }
 
@@ -249,8 +249,8 @@ class MeshBuilder {
 void reportMissingArray(const lum::GeometryDrawable& drawable, const lum::DataArrayAttributes& array) {
   const NodeScope scope(drawable);
   reportFinding(FindingCode::NOT_COLORED_BY_ARRAY,
-                fmt::format("\"{}\" is drawn without its array \"{}\": it has none of this name",
-                            drawable.getName(), array.getDataArrayName()));
+                fmt::format("\"{}\" is not coloured by data: it has no array named \"{}\"",
+                            itemNameOf(drawable), array.getDataArrayName()));
 }
 
 void require(vtkIdType count, vtkIdType most, const char* what) {

@@ -8,8 +8,8 @@ namespace vemo {
 
 struct CanvasCamera;
 
-/// Reports what makes the meshes of a canvas impossible to see: OpenGL computes with
-/// single precision.
+/// Reports why meshes of a canvas cannot be visible: OpenGL computes with single
+/// precision.
 void reportUnseenExtent(const std::vector<MeshInstance>& meshes, const CanvasCamera& camera);
 
 }  // namespace vemo

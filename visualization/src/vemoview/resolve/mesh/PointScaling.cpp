@@ -2,6 +2,7 @@
 
 #include "geometry/Cells.h"
 #include "vemoview/resolve/mesh/ArrayLookup.h"
+#include "vemoview/resolve/values/NodeFindings.h"
 #include "vemoview/resolve/values/UsableValues.h"
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/attributes/PointScaleAttributes.h>
@@ -65,9 +66,9 @@ double leastPositive(vtkDataArray& values) {
   return least;
 }
 
-/// The range over which sizes grow. A logarithmic one that begins at 0 or below
-/// begins at the least value above 0 instead. Nothing for one that has no extent
-/// then, or no logarithm at its end.
+/// The range of values for the range of sizes. A logarithmic one that starts at 0 or
+/// below starts at the least value above 0 instead. Nothing if the range is empty then,
+/// or its end has no logarithm.
 std::optional<Vector<2, double>> resolveRange(const lum::PointScaleAttributes& attributes,
                                               vtkDataArray& values, const std::string& points) {
   Vector<2, double> range = attributes.getScalarRange();
@@ -84,7 +85,7 @@ std::optional<Vector<2, double>> resolveRange(const lum::PointScaleAttributes& a
   if (isAdjusted) {
     reportFinding(
         FindingCode::POINT_SCALE_ADJUSTED,
-        fmt::format("{} are scaled logarithmically from {} on, and not from {}", points, range[0], stated));
+        fmt::format("{} are scaled logarithmically from {} instead of {}", points, range[0], stated));
   }
   return range;
 }
@@ -129,15 +130,20 @@ void setPointSize(Appearance& appearance, const lum::PointScaleAttributes& scale
 }
 
 void reportUnusableSizes(const lum::PointScaleAttributes& scale, const std::string& points) {
-  for (const double size : scale.getMapToRange()) {
-    const bool isTooLarge = scale.getPixelSize() && size > MAX_PIXELS;
-    if (isTooLarge || !std::isfinite(size) || size <= 0.0) {
-      reportFinding(
-          FindingCode::POINT_SCALE_ADJUSTED,
-          fmt::format("{} have a scale that ends at the size {}: sizes {} are drawn as {} pixels", points,
-                      size, isTooLarge ? fmt::format("above {}", MAX_PIXELS) : "that are not above 0",
-                      isTooLarge ? MAX_PIXELS : 1.0));
-    }
+  std::string changes;
+  const auto add = [&changes](std::string_view change) {
+    changes += (changes.empty() ? "" : ", ") + std::string(change);
+  };
+  const auto& sizes = scale.getMapToRange();
+  if (std::ranges::any_of(sizes, [](double size) { return !std::isfinite(size) || size <= 0.0; })) {
+    add("sizes that are not above 0 are drawn as 1 pixel");
+  }
+  if (scale.getPixelSize() && std::ranges::any_of(sizes, [](double size) { return size > MAX_PIXELS; })) {
+    add(fmt::format("sizes above {0} are drawn as {0} pixels", MAX_PIXELS));
+  }
+  if (!changes.empty()) {
+    reportFinding(FindingCode::POINT_SCALE_ADJUSTED, fmt::format("{} are scaled to sizes from {} to {}: {}",
+                                                                 points, sizes[0], sizes[1], changes));
   }
 }
 
@@ -152,13 +158,13 @@ std::vector<MeshInstance> splitBySize(MeshInstance mesh, const lum::GeometryDraw
   }
   vtkDataArray* const values =
       findFitting(node, attributes->getScalarName(), mesh.geometry->GetNumberOfPoints());
-  const std::string points = "The points of \"" + node.getName() + '"';
+  const std::string points = "The points of \"" + itemNameOf(node) + '"';
   const auto range = values != nullptr ? resolveRange(*attributes, *values, points) : std::nullopt;
   if (!range) {
-    reportFinding(
-        FindingCode::POINTS_NOT_SCALED,
-        fmt::format("{} are not scaled by \"{}\": {}", points, attributes->getScalarName(),
-                    values == nullptr ? "no array of that name fits them" : "its range cannot be used"));
+    reportFinding(FindingCode::POINTS_NOT_SCALED,
+                  fmt::format("{} are not scaled by \"{}\": {}", points, attributes->getScalarName(),
+                              values == nullptr ? "they have no array with that name and a value for each"
+                                                : "its range cannot be used"));
     return {std::move(mesh)};
   }
   reportUnusableSizes(*attributes, points);

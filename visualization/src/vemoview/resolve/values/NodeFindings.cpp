@@ -19,6 +19,14 @@ NodeScope::~NodeScope() {
   currentNode = _former;
 }
 
+std::string itemNameOf(const lum::Node& node) {
+  const lum::Node* named = &node;
+  while (named->getName() == named->className() && named->getOwner() != nullptr) {
+    named = named->getOwner();
+  }
+  return named->getName();
+}
+
 NodeFindings::Scope::Scope(NodeFindings& findings) : _findings(findings), _paths(findings._scene) {
   auto& all = Findings::getSingleton();
   _former = all.setSink([this](const Finding& finding) { pass(finding); });

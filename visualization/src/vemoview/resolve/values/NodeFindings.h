@@ -27,6 +27,10 @@ class NodeScope {
   const lum::Node* _former;
 };
 
+/// The name that users know a node by, for findings: its own or, if that is the name of
+/// its class, the one of the nearest owner with a name of its own.
+std::string itemNameOf(const lum::Node& node);
+
 /// The findings about the nodes of a scene: each once, however often the scene is
 /// resolved, and of one code no more than of a file that is read.
 class NodeFindings {
