@@ -2,7 +2,9 @@
 
 #include <vtkCellArray.h>
 #include <vtkDataArray.h>
+#include <vtkPolyData.h>
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -47,6 +49,19 @@ void forEachTriangle(std::span<const Index> strip, const Action& action) {
     const std::size_t odd = i % 2;
     action(strip[i + odd], strip[i + 1 - odd], strip[i + 2]);
   }
+}
+
+/// Calls the action with the points of each polygon and of each triangle of the
+/// strips, as a span.
+template <class Action>
+void forEachFace(vtkPolyData& mesh, const Action& action) {
+  forEachCell(*mesh.GetPolys(), action);
+  forEachCell(*mesh.GetStrips(), [&action](auto strip) {
+    forEachTriangle(strip, [&action](auto p0, auto p1, auto p2) {
+      const std::array triangle{p0, p1, p2};
+      action(decltype(strip)(triangle));
+    });
+  });
 }
 
 /// Offsets or point indices, of 32 or 64 bits.

@@ -2,28 +2,14 @@
 
 #include "geometry/Cells.h"
 
-#include <vtkCellArray.h>
 #include <vtkPolyData.h>
 
 #include <algorithm>
-#include <array>
 #include <numeric>
 
 namespace vemo {
 
 namespace {
-
-/// Calls the action with the points of each face, as a span.
-template <class Action>
-void forEachFace(vtkPolyData& mesh, const Action& action) {
-  forEachCell(*mesh.GetPolys(), action);
-  forEachCell(*mesh.GetStrips(), [&action](auto strip) {
-    forEachTriangle(strip, [&action](auto p0, auto p1, auto p2) {
-      const std::array triangle{p0, p1, p2};
-      action(decltype(strip)(triangle));
-    });
-  });
-}
 
 /// A list of numbers for each point, all in one block.
 class PointLists {

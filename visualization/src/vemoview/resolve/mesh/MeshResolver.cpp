@@ -3,6 +3,7 @@
 #include "geometry/CellValidator.h"
 #include "geometry/Normals.h"
 #include "geometry/drawing/DrawableCells.h"
+#include "geometry/drawing/LitFaces.h"
 #include "geometry/drawing/PolygonFans.h"
 #include "vemoview/resolve/mesh/AppearanceResolver.h"
 #include "vemoview/resolve/mesh/ArrayLookup.h"
@@ -212,6 +213,7 @@ class MeshBuilder {
       drawable = withoutNormals(*drawable);
     } else if (appearance.hasFaces && appearance.opacity > 0.0) {
       unfold(drawable);
+      lightBothSides(drawable);
     }
     return drawable;
   }
