@@ -188,6 +188,7 @@ TEST(ScenePictureTest, LooksThroughTheCameraOrFramesTheScene) {
     bool isFilled;
   } const cases[] = {
       {"parallel", {0, 0, 9}, {0, 1, 0}, Mode::PARALLEL, 10, 0.75, 0.75, true},
+      {"parallel, almost on it", {0, 0, 0.0101}, {0, 1, 0}, Mode::PARALLEL, 10, 0.75, 0.75, true},
       {"upside down", {0, 0, 9}, {0, -1, 0}, Mode::PARALLEL, 10, -0.75, -0.75, true},
       {"far", {0, 0, 9}, {0, 1, 0}, Mode::PARALLEL, 20, 0.375, 0.375, false},
       {"perspective", {0, 0, 60}, {0, 1, 0}, Mode::PERSPECTIVE, 0, 0.47, 0.47, false},

@@ -3,7 +3,7 @@
 #include "geometry/Bounds.h"
 #include "vemoview/common/VtkForms.h"
 #include "vemoview/render/draw/BatchGroups.h"
-#include "vemoview/render/vtk/PeelingRenderer.h"
+#include "vemoview/render/vtk/CanvasRenderer.h"
 #include "vemoview/render/vtk/Screen.h"
 #include "vemoview/render/vtk/View.h"
 #include "vemoview/resolve/InstanceBounds.h"
@@ -22,7 +22,7 @@ namespace vemo {
 namespace {
 
 vtkSmartPointer<vtkRenderer> makeRenderer(const ResolvedCanvas& canvas) {
-  const auto renderer = vtkSmartPointer<PeelingRenderer>::New();
+  const auto renderer = vtkSmartPointer<CanvasRenderer>::New();
   renderer->SetViewport(canvas.lowerLeft[0], canvas.lowerLeft[1], canvas.upperRight[0], canvas.upperRight[1]);
   renderer->SetInteractive(canvas.isInteractive);
   // They would cull what has no extent, such as a single point.
