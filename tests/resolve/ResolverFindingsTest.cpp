@@ -265,8 +265,10 @@ TEST(ResolverFindingsTest, SayWhatIsNotDrawnAsTheSceneSays) {
                                   {.polys = {{0, 1, 2, 3, 4, 5, 6, 7}}}),
                      {1, 1, 1});
   });
-  expectFindings("a text of 2000 letters", 1, {},
+  expectFindings("a text of 100 letters", 1, {}, [](auto& scene) { addText(scene, std::string(100, 'x')); });
+  expectFindings("a text of 2000 letters", 1, {"text-changed"},
                  [](auto& scene) { addText(scene, std::string(2000, 'x')); });
+  expectFindings("a text in Hebrew", 1, {"text-not-shaped"}, [](auto& scene) { addText(scene, "\xD7\xA9"); });
   expectFindings("a longer text", 1, {"text-changed"},
                  [](auto& scene) { addText(scene, std::string(2001, 'x')); });
   expectFindings("a text in another encoding", 1, {"text-changed"},
@@ -308,6 +310,61 @@ TEST(ResolverFindingsTest, SayWhatIsTooSmallOrTooFarToBeSeen) {
     const FoundFindings found;
     resolveScene(scene.node());
     EXPECT_EQ(found.codes(), std::vector<std::string>(findings, "geometry-not-drawn")) << size << distance;
+  }
+}
+
+TEST(ResolverFindingsTest, SayWhatViewsDoNotShow) {
+  using Codes = std::vector<std::string>;
+  constexpr double PERSPECTIVE = 0.0;
+  const struct {
+    const char* name;
+    Vector3 position, focalPoint;
+    double scale;
+    Codes codes;
+  } cases[] = {{"all of it", {0, 0, 9}, {}, 2, {}},
+               {"an edge", {2.9, 0, 9}, {2.9, 0, 0}, 2, {}},
+               {"above it", {0, 3.5, 9}, {0, 3.5, 0}, 2, {"view-empty"}},
+               {"beside it", {12, 0, 9}, {12, 0, 0}, 2, {"view-empty"}},
+               {"behind the camera", {0, 0, 9}, {0, 0, 10}, 2, {"view-empty"}},
+               {"from its plane", {9, 0, 0}, {0, 0, 0}, 2, {}},
+               {"below it in perspective", {0, -5, 9}, {0, -5, 0}, PERSPECTIVE, {"view-empty"}},
+               {"its middle from nearby", {0, 0, 1e-9}, {}, PERSPECTIVE, {}},
+               {"a small part", {0, 0, 9}, {}, 1e-4, {}},
+               {"too small a part", {0, 0, 9}, {}, 1e-6, {"view-imprecise"}},
+               {"everything", {0, 0, 9}, {}, NAN, {"view-adjusted"}}};
+  for (const auto& one : cases) {
+    SCOPED_TRACE(one.name);
+    SceneBuilder scene;
+    scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 1, 1});
+    auto& camera = scene.canvas().getCameraAttributes();
+    using Mode = lum::CameraAttributes::ProjectionMode;
+    camera.setProjectionMode(one.scale == PERSPECTIVE ? Mode::PERSPECTIVE : Mode::PARALLEL);
+    camera.setPosition(one.position);
+    camera.setFocalPoint(one.focalPoint);
+    camera.setViewUp(one.position[0] == 9 ? Vector3{0, 0, 1} : Vector3{0, 1, 0});
+    camera.setParallelScale(one.scale);
+    const FoundFindings found;
+    resolveScene(scene.node());
+    EXPECT_EQ(found.codes(), one.codes);
+  }
+}
+
+TEST(ResolverFindingsTest, SayWhichTextsAreTooFarFromTheModel) {
+  for (const bool isFramed : {true, false}) {
+    SceneBuilder scene;
+    scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 1, 1});
+    repeat(addText(scene, "t"), {5, 0, 0}, 3);
+    if (isFramed) {
+      scene.canvas().getCameraAttributes().setParallelScale({});
+    }
+    const FoundFindings found;
+    const ResolvedScene resolved = resolveScene(scene.node());
+    std::vector<bool> framed;
+    for (const Decoration& decoration : resolved.canvases.at(0).decorations) {
+      framed.push_back(std::get<TextDecoration>(decoration.content).isFramed);
+    }
+    EXPECT_EQ(framed, (std::vector<bool>{true, true, !isFramed}));
+    EXPECT_EQ(found.codes(), std::vector<std::string>(isFramed ? 1 : 0, "decoration-not-drawn"));
   }
 }
 

@@ -65,6 +65,8 @@ struct TextDecoration {
   bool isInModel = false;
   /// In the model, where it is never covered, or in the window.
   Vector3 position;
+  /// Whether a picture of the whole model includes its position.
+  bool isFramed = true;
   /// Which point of the text is at the position.
   Horizontal horizontal = Horizontal::LEFT;
   Vertical vertical = Vertical::BOTTOM;

@@ -26,7 +26,7 @@
   KIND(COLORMAP_UNUSED, LOST, "A colormap colours nothing: neither data nor a legend.") \
   KIND(DATABASE_DAMAGED, REFUSED, "A database, or one of its records or arrays, cannot be read.") \
   KIND(DECLARATIONS_NOT_READ, LOST, "The scene description refers to entities or declarations in other files. These are not read, so that their content is missing.") \
-  KIND(DECORATION_NOT_DRAWN, LOST, "A legend, text, image or triad has no usable position or size and is not drawn.") \
+  KIND(DECORATION_NOT_DRAWN, LOST, "A legend, text, image or triad is not drawn: it has no usable position or size, or is outside the picture.") \
   KIND(DECORATIONS_LIMITED, LOST, "There are too many triads, legends, texts and images: only the first ones are drawn.") \
   KIND(DESCRIPTION_REPLACED, NOTE, "An archive contains a scene graph, which is used instead of its items.") \
   KIND(ELEMENT_REPLACED, LOST, "Of several elements where only one is allowed, one is used.") \
@@ -68,6 +68,7 @@
   KIND(STREAM_INVALID, LOST, "A scene stream cannot be read.") \
   KIND(TEXT_CHANGED, CHANGED, "A text is too long and is cut off or drawn smaller, or is not valid UTF-8.") \
   KIND(TEXT_IGNORED, LOST, "Text in an element that cannot contain text is ignored.") \
+  KIND(TEXT_NOT_SHAPED, CHANGED, "A text has characters, such as Arabic or Hebrew ones, that are written from right to left, joined or stacked. They are drawn one after the other from left to right.") \
   KIND(TEXT_RECOLORED, NOTE, "Black text is drawn white, because the background is dark.") \
   KIND(TRANSFORM_REPLACED, LOST, "Of the transforms of assemblies with the same name only the last one is used.") \
   KIND(TRANSFORM_SHARED, CHANGED, "A transform also applies to the items of another assembly with the same name.") \
@@ -76,6 +77,8 @@
   KIND(VALUE_UNREADABLE, CHANGED, "A value is not written as its type requires, but the format still gives it a meaning.") \
   KIND(VERSION_TOO_NEW, REFUSED, "An element has a newer version than this program supports.") \
   KIND(VIEW_ADJUSTED, CHANGED, "The direction, the upward direction or the scale of a view is unusable: others are used.") \
+  KIND(VIEW_EMPTY, NOTE, "A view shows nothing of the model: the geometries are behind the camera, or beside the picture.") \
+  KIND(VIEW_IMPRECISE, CHANGED, "A view shows so small a part of a geometry that the picture is wrong or empty: OpenGL computes with single precision.") \
   KIND(VISIBILITY_PARTIAL, CHANGED, "A visibility between 0 and 1 counts as 1, except for images.") \
   KIND(XML_INVALID, REFUSED, "The scene description is not well-formed XML, is nested too deeply or is too large.")
 // clang-format on

@@ -4,6 +4,7 @@
 #include "vemoview/resolve/canvas/CameraResolver.h"
 #include "vemoview/resolve/canvas/ClipPlanesResolver.h"
 #include "vemoview/resolve/canvas/LightsResolver.h"
+#include "vemoview/resolve/decorations/TextFraming.h"
 #include "vemoview/resolve/mesh/ModelExtent.h"
 #include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/scenegraph/canvas/BaseCanvasAttributes.h>
@@ -63,7 +64,10 @@ ResolvedCanvas CanvasResolver::resolve() {
   const auto* const base = _canvas.findAttributes<lum::BaseCanvasAttributes>();
   CanvasUpdate content = update();
   const CanvasCamera camera = resolveCamera(_canvas.hasCameraAttributes());
-  reportUnseenExtent(content.meshes, camera);
+  const Box model = reportUnseenExtent(content.meshes, camera);
+  if (camera.framesAll()) {
+    chooseFramedTexts(content.decorations, model);
+  }
   return {_role,
           viewport.lowerLeft,
           viewport.upperRight,

@@ -1,4 +1,4 @@
-#include "vemoview/resolve/InstanceBounds.h"
+#include <vemo/resolve/InstanceTransforms.h>
 
 #include <vtkMatrix4x4.h>
 
@@ -11,14 +11,6 @@ Vector3 transformedPoint(const InstanceTransform* transform, const Vector3& poin
   Vector<4, double> result{point[0], point[1], point[2], 1.0};
   vtkMatrix4x4::MultiplyPoint(transform->data(), result.data(), result.data());
   return {result[0], result[1], result[2]};
-}
-
-Box instanceBounds(const InstanceTransform* transform, const Box& box) {
-  Box result;
-  for (const Vector3& corner : box.corners()) {
-    result.add(transformedPoint(transform, corner));
-  }
-  return result;
 }
 
 }  // namespace vemo

@@ -1,10 +1,8 @@
 #include "vemoview/render/decorations/TextLabel.h"
 
-#include "base/Utf8.h"
 #include "vemoview/render/vtk/PropGroup.h"
 #include "vemoview/render/vtk/Screen.h"
-#include <vemo/base/PrintableText.h>
-#include <vemo/scenegraph/Findings.h>
+#include "vemoview/resolve/decorations/TextStyleResolver.h"
 
 #include <vtkRenderWindow.h>
 #include <vtkRenderer.h>
@@ -13,27 +11,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
 namespace vemo {
 
 namespace {
-
-/// The greatest height of lines at which a text still fits into a texture.
-double greatestLineHeight(const std::string& text) {
-  constexpr double MAX_TEXTURE_SIZE = 16384.0;
-  // Of the widest letters, in heights of a line.
-  constexpr double MAX_LETTER_WIDTH = 0.8;
-  int lines = 1;
-  int longest = 1;
-  int length = 0;
-  for (const char byte : text) {
-    length = byte == '\n' ? 0 : length + (isContinuationByte(byte) ? 0 : 1);
-    lines += byte == '\n' ? 1 : 0;
-    longest = std::max(longest, length);
-  }
-  return MAX_TEXTURE_SIZE / std::max<double>(lines, MAX_LETTER_WIDTH * longest);
-}
 
 int vtkFamily(TextStyle::Family family) {
   return family == TextStyle::Family::COURIER ? VTK_COURIER
@@ -80,11 +61,6 @@ void TextLabel::setLineHeight(double pixels, vtkRenderer& renderer) {
   constexpr double LETTERS_PER_LINE = 0.85;
   constexpr double POINTS_PER_INCH = 72.0;
   const double height = std::min(pixels, _mostPixels);
-  if (height < pixels && !std::exchange(_isReported, true)) {
-    const std::string begin = std::string(_actor->GetInput()).substr(0, 40);
-    reportFinding(FindingCode::TEXT_CHANGED, "The long text \"" + toPrintable(begin) +
-                                                 "...\" is drawn smaller than stated, to fit in a texture");
-  }
   _actor->SetVisibility(height >= 1.0 && _actor->GetInput()[0] != '\0');
   if (!(height >= 1.0)) {
     return;

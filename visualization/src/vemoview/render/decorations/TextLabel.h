@@ -45,7 +45,6 @@ class TextLabel {
  private:
   vtkSmartPointer<vtkTextActor> _actor;
   double _mostPixels;
-  bool _isReported = false;
 };
 
 }  // namespace vemo

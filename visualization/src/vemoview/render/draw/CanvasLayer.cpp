@@ -6,7 +6,7 @@
 #include "vemoview/render/vtk/CanvasRenderer.h"
 #include "vemoview/render/vtk/Screen.h"
 #include "vemoview/render/vtk/View.h"
-#include "vemoview/resolve/InstanceBounds.h"
+#include "vemoview/resolve/drawables/InstanceBounds.h"
 #include <vemo/resolve/Picker.h>
 
 #include <vtkCullerCollection.h>
@@ -76,7 +76,7 @@ void CanvasLayer::addBatches(std::vector<MeshInstance> meshes) {
 void CanvasLayer::addDecorations(const std::vector<Decoration>& decorations, const CanvasCameras& cameras) {
   for (const Decoration& decoration : decorations) {
     const auto* const text = std::get_if<TextDecoration>(&decoration.content);
-    if (text != nullptr && text->isInModel) {
+    if (text != nullptr && text->isInModel && text->isFramed) {
       _placesOfTexts.add(text->position);
     }
   }

@@ -12,6 +12,7 @@
 #include <cstddef>
 #include <optional>
 #include <set>
+#include <utility>
 #include <vector>
 
 namespace vemo {
@@ -39,6 +40,18 @@ Characters foreignOf(std::initializer_list<std::string_view> texts) {
     }
   }
   return result;
+}
+
+/// Scripts that VTK cannot write: from right to left, or with letters that are joined,
+/// reordered or stacked.
+bool needsShaping(char32_t character) {
+  constexpr std::pair<char32_t, char32_t> RANGES[] = {
+      {0x0590, 0x109F},  // Hebrew, Arabic, the scripts of India and South-East Asia
+      {0x1780, 0x18AF},  // Khmer, Mongolian
+      {0xFB1D, 0xFDFF},  // Forms of Hebrew and Arabic letters
+      {0xFE70, 0xFEFE}};
+  return std::ranges::any_of(
+      RANGES, [=](const auto& range) { return range.first <= character && character <= range.second; });
 }
 
 /// Reads which characters fonts have.
@@ -140,6 +153,10 @@ std::string resolveFontFile(const TextStyle& style, std::initializer_list<std::s
   Characters missing = foreignOf(texts);
   if (missing.empty()) {
     return {};
+  }
+  if (std::ranges::any_of(missing, needsShaping)) {
+    reportFinding(FindingCode::TEXT_NOT_SHAPED,
+                  owner + " is drawn from left to right, letter by letter, which is wrong for its script");
   }
   const FontReader fonts;
   const Characters wanted = missing;

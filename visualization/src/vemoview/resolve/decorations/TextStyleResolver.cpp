@@ -1,8 +1,11 @@
 #include "vemoview/resolve/decorations/TextStyleResolver.h"
 
+#include "base/Utf8.h"
 #include "vemoview/resolve/decorations/FontResolver.h"
+#include <vemo/scenegraph/Findings.h>
 
 #include <algorithm>
+#include <fmt/format.h>
 
 namespace vemo {
 
@@ -33,6 +36,34 @@ TextStyle resolveTextStyle(const lum::TextAttributes* attributes,
   }
   style.fontFile = resolveFontFile(style, texts, owner);
   return style;
+}
+
+double greatestLineHeight(std::string_view text) {
+  constexpr double MAX_TEXTURE_SIZE = 16384.0;
+  // Of the widest letters, in heights of a line.
+  constexpr double MAX_LETTER_WIDTH = 0.8;
+  int lines = 1;
+  int longest = 1;
+  int length = 0;
+  for (const char byte : text) {
+    length = byte == '\n' ? 0 : length + (isContinuationByte(byte) ? 0 : 1);
+    lines += byte == '\n' ? 1 : 0;
+    longest = std::max(longest, length);
+  }
+  return MAX_TEXTURE_SIZE / std::max<double>(lines, MAX_LETTER_WIDTH * longest);
+}
+
+void reportIfTooLong(std::string_view text, double lineHeight, const std::string& owner) {
+  // Smooth edges may need twice as many pixels as the picture has.
+  constexpr double ENLARGEMENT = 2.0;
+  constexpr double USUAL_HEIGHT = 2160.0;
+  const double height = greatestLineHeight(text) / (ENLARGEMENT * lineHeight);
+  if (height < USUAL_HEIGHT) {
+    reportFinding(
+        FindingCode::TEXT_CHANGED,
+        fmt::format("{} is too long: in pictures higher than {:.0f} pixels it is drawn smaller than stated",
+                    owner, height));
+  }
 }
 
 double resolveLineHeight(const lum::TextAttributes* attributes, double fallback) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <vemo/resolve/Decoration.h>
+#include <vemo/resolve/Export.h>
 #include <vemo/scenegraph/attributes/TextAttributes.h>
 
 #include <initializer_list>
@@ -17,5 +18,12 @@ TextStyle resolveTextStyle(const lum::TextAttributes* attributes,
 /// The height of a line as a fraction of the window's, or the default where the
 /// attributes (or null) leave it open.
 double resolveLineHeight(const lum::TextAttributes* attributes, double fallback);
+
+/// The greatest height of lines, in pixels, at which a text still fits into a texture.
+VEMO_RESOLVE_EXPORT double greatestLineHeight(std::string_view text);
+
+/// Reports a text that is drawn smaller than stated in pictures of usual sizes. Lines are
+/// only if they are longer than such pictures are wide.
+void reportIfTooLong(std::string_view text, double lineHeight, const std::string& owner);
 
 }  // namespace vemo

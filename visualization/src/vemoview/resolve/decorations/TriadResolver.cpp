@@ -72,6 +72,9 @@ std::optional<TriadDecoration> resolveTriad(const lum::TriadDrawable& triad, con
     result.labels = {readable(attributes->getXAxisLabelText()), readable(attributes->getYAxisLabelText()),
                      readable(attributes->getZAxisLabelText())};
     const auto& [x, y, z] = *result.labels;
+    for (const std::string& label : *result.labels) {
+      reportIfTooLong(label, result.labelHeight, what);
+    }
     result.style = resolveTextStyle(triad.findAttributes<lum::TextAttributes>(), {x, y, z}, what);
   }
   result.axes = resolveAxes(triad.findAttributes<lum::OrientationAttributes>());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "geometry/Box.h"
 #include <vemo/resolve/MeshInstance.h>
 
 #include <vector>
@@ -8,8 +9,9 @@ namespace vemo {
 
 struct CanvasCamera;
 
-/// Reports why meshes of a canvas cannot be visible: OpenGL computes with single
-/// precision.
-void reportUnseenExtent(const std::vector<MeshInstance>& meshes, const CanvasCamera& camera);
+/// Reports meshes of a canvas that cannot be visible, or not precisely: OpenGL computes
+/// with single precision, and a stated view may show something else.
+/// @return the bounds of all instances
+Box reportUnseenExtent(const std::vector<MeshInstance>& meshes, const CanvasCamera& camera);
 
 }  // namespace vemo

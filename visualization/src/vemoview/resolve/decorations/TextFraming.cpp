@@ -1,0 +1,61 @@
+#include "vemoview/resolve/decorations/TextFraming.h"
+
+#include "vemoview/resolve/drawables/InstanceBounds.h"
+#include "vemoview/resolve/values/NodeFindings.h"
+#include <vemo/scenegraph/Findings.h>
+#include <vemo/scenegraph/drawables/Drawable.h>
+
+namespace vemo {
+
+namespace {
+
+Box boundsOf(const ImageDecoration& image) {
+  Box box;
+  for (const Vector3& corner : {image.corner, image.corner + image.xAxis, image.corner + image.yAxis,
+                                image.corner + image.xAxis + image.yAxis}) {
+    box.add(transformedPoint(image.transform ? &*image.transform : nullptr, corner));
+  }
+  return box;
+}
+
+/// What is framed in any case.
+void addFramed(const Decoration::Content& content, Box& box) {
+  if (const auto* const image = std::get_if<ImageDecoration>(&content);
+      image != nullptr && image->isInModel) {
+    box.add(boundsOf(*image));
+  } else if (const auto* const triad = std::get_if<TriadDecoration>(&content)) {
+    box.add(triad->position);
+  }
+}
+
+/// Whether a box around the model and the point would be much larger than the model.
+bool isFar(const Vector3& point, const Box& model) {
+  constexpr double MOST_TIMES = 10.0;
+  Box both = model;
+  both.add(point);
+  return both.longestSide() > MOST_TIMES * model.longestSide();
+}
+
+}  // namespace
+
+void chooseFramedTexts(std::vector<Decoration>& decorations, Box model) {
+  for (const Decoration& decoration : decorations) {
+    addFramed(decoration.content, model);
+  }
+  // Beside a single point, nothing is far.
+  if (model.isEmpty() || model.longestSide() <= 0.0) {
+    return;
+  }
+  for (Decoration& decoration : decorations) {
+    auto* const text = std::get_if<TextDecoration>(&decoration.content);
+    if (text != nullptr && text->isInModel && isFar(text->position, model)) {
+      text->isFramed = false;
+      const NodeScope scope(*decoration.drawable);
+      reportFinding(FindingCode::DECORATION_NOT_DRAWN,
+                    "The text \"" + decoration.drawable->getName() +
+                        "\" is outside the picture: there is no view, and it is too far from the model");
+    }
+  }
+}
+
+}  // namespace vemo

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "geometry/Box.h"
+#include <vemo/resolve/Decoration.h>
+
+#include <vector>
+
+namespace vemo {
+
+/// Decides which texts in the model are in a picture that shows all of it: not those so
+/// far away that the rest would hardly be visible. A finding names them.
+/// @param model around all meshes
+void chooseFramedTexts(std::vector<Decoration>& decorations, Box model);
+
+}  // namespace vemo
