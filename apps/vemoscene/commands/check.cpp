@@ -159,7 +159,7 @@ void addCheckCommand(CLI::App& app, Command& command) {
   const auto file = std::make_shared<std::string>();
   const auto asJson = std::make_shared<bool>(false);
   CLI::App* const checkApp = app.add_subcommand(
-      "check", "Print all that is wrong or doubtful in a scene file, its checksums included");
+      "check", "List everything wrong or suspicious in a scene file; also verifies checksums");
   checkApp->add_option("FILE", *file, "The scene archive or database to read")->required();
   checkApp->add_flag("--json", *asJson, "Print one JSON object, for programs");
   addFailOnOption(*checkApp, command);

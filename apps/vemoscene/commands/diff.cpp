@@ -172,9 +172,9 @@ std::string checkTolerance(const std::string& text) {
 void addDiffCommand(CLI::App& app, Command& command) {
   const auto options = std::make_shared<DiffArguments>();
   CLI::App* const diffApp =
-      app.add_subcommand("diff", "Compare two scenes, of either kind, by what they hold");
+      app.add_subcommand("diff", "Compare the content of two scenes, archives or databases");
   diffApp->add_option("A", options->left, "A scene archive or database")->required();
-  diffApp->add_option("B", options->right, "Another, of either kind")->required();
+  diffApp->add_option("B", options->right, "The scene archive or database to compare it with")->required();
   diffApp
       ->add_option("--tolerance", options->rules.tolerance,
                    "Floating-point numbers a and b are equal if |a - b| <= X * max(1, |a|, |b|) (default 0)")
@@ -184,7 +184,7 @@ void addDiffCommand(CLI::App& app, Command& command) {
   diffApp->footer(R"(Exit status:
    0  the scenes are equal
    1  they differ
-   2  trouble: what other commands end with 2 to 6 or 70 for
+   2  an error for which other commands exit with 2 to 6 or 70
   64  wrong usage)");
   diffApp->callback([options, &command] {
     command.file = options->left;

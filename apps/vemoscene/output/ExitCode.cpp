@@ -49,8 +49,8 @@ ExitCode report(ExitCode code, const std::string& file, const std::string& messa
 std::string describeExitCodes() {
   return R"(Exit status:
    0  done
-   1  done, with findings that --fail-on names; "diff": the scenes differ
-   2  FILE does not exist; "diff": any trouble but wrong usage
+   1  done, but a finding is as severe as --fail-on says; "diff": the scenes differ
+   2  FILE does not exist; "diff": any error except wrong usage
    3  FILE has an unknown scene format
    5  FILE cannot be read, or its content is invalid
    6  the result cannot be written
