@@ -353,7 +353,8 @@ TEST(ResolverFindingsTest, SayWhichTextsAreTooFarFromTheModel) {
   for (const bool isFramed : {true, false}) {
     SceneBuilder scene;
     scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 1, 1});
-    repeat(addText(scene, "t"), {5, 0, 0}, 3);
+    makeGroundWhite(scene);
+    repeat(addText(scene, "t"), {6, 0, 0}, 3);
     if (isFramed) {
       scene.canvas().getCameraAttributes().setParallelScale({});
     }
