@@ -1,12 +1,33 @@
 #include "vemoview/render/vtk/CanvasRenderer.h"
 
+#include <vemo/base/Vector.h>
+
 #include <vtkCamera.h>
 #include <vtkDepthPeelingPass.h>
 #include <vtkNew.h>
 #include <vtkObjectFactory.h>
 #include <vtkTranslucentPass.h>
 
+#include <algorithm>
+
 namespace vemo {
+
+namespace {
+
+/// Of a box, from the camera along its direction; negative for one that is partly behind.
+double leastDepth(const double* bounds, vtkCamera& camera) {
+  const Vector3 position = toVector(camera.GetPosition());
+  const Vector3 direction = toVector(camera.GetDirectionOfProjection());
+  double depth = 0.0;
+  for (std::size_t axis = 0; axis < 3; ++axis) {
+    const double* const sides = bounds + 2 * axis;
+    depth += std::min(direction[axis] * (sides[0] - position[axis]),
+                      direction[axis] * (sides[1] - position[axis]));
+  }
+  return depth;
+}
+
+}  // namespace
 
 vtkStandardNewMacro(CanvasRenderer);
 
@@ -22,11 +43,9 @@ CanvasRenderer::CanvasRenderer() {
 
 void CanvasRenderer::ResetCameraClippingRange(const double bounds[6]) {
   vtkOpenGLRenderer::ResetCameraClippingRange(bounds);
-  // VTK's own limit is 0.01 or less. So the precision of depths is nearly the same.
-  constexpr double NEAR = 0.011;
   vtkCamera& camera = *GetActiveCamera();
   const double* const range = camera.GetClippingRange();
-  if (camera.GetParallelProjection() != 0 && range[0] < NEAR * range[1]) {
+  if (camera.GetParallelProjection() != 0 && leastDepth(bounds, camera) < range[0]) {
     camera.SetClippingRange(0.0, range[1]);
   }
 }

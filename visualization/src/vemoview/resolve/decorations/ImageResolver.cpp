@@ -19,14 +19,6 @@ namespace {
 /// Larger than any that OpenGL accepts.
 constexpr std::int32_t MAX_SIZE = 16384;
 
-Box boundsOf(const ImageDecoration& image) {
-  Box bounds;
-  for (const Vector3& side : {Vector3(), image.xAxis, image.yAxis, image.xAxis + image.yAxis}) {
-    bounds.add(image.corner + side);
-  }
-  return bounds;
-}
-
 /// Also false for corners that are not numbers.
 bool spansArea(const ImageDecoration& image, const Box& bounds) {
   const double area = length(cross(image.xAxis, image.yAxis));
@@ -60,6 +52,14 @@ bool hasValidPixels(const lum::ImageDrawable& image, const lum::ImageAttributes&
 }
 
 }  // namespace
+
+Box boundsOf(const ImageDecoration& image) {
+  Box bounds;
+  for (const Vector3& side : {Vector3(), image.xAxis, image.yAxis, image.xAxis + image.yAxis}) {
+    bounds.add(transformedPoint(image.transform ? &*image.transform : nullptr, image.corner + side));
+  }
+  return bounds;
+}
 
 std::optional<ImageDecoration> resolveImage(const lum::ImageDrawable& image) {
   const auto* const attributes = image.findAttributes<lum::ImageAttributes>();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "geometry/Box.h"
 #include <vemo/resolve/Decoration.h>
 
 #include <optional>
@@ -13,5 +14,8 @@ namespace vemo {
 /// Nothing for an image whose pixels do not fit its size, whose axes are
 /// parallel, or that is transparent.
 std::optional<ImageDecoration> resolveImage(const lum::ImageDrawable& image);
+
+/// Around its four corners, in the model or in the window.
+Box boundsOf(const ImageDecoration& image);
 
 }  // namespace vemo

@@ -1,6 +1,6 @@
 #include "vemoview/resolve/decorations/TextFraming.h"
 
-#include "vemoview/resolve/drawables/InstanceBounds.h"
+#include "vemoview/resolve/decorations/ImageResolver.h"
 #include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/drawables/Drawable.h>
@@ -8,15 +8,6 @@
 namespace vemo {
 
 namespace {
-
-Box boundsOf(const ImageDecoration& image) {
-  Box box;
-  for (const Vector3& corner : {image.corner, image.corner + image.xAxis, image.corner + image.yAxis,
-                                image.corner + image.xAxis + image.yAxis}) {
-    box.add(transformedPoint(image.transform ? &*image.transform : nullptr, corner));
-  }
-  return box;
-}
 
 /// What is framed in any case.
 void addFramed(const Decoration::Content& content, Box& box) {
