@@ -68,6 +68,16 @@ std::string describeContent(const std::string& file) {
              : std::string();
 }
 
+/// @param messages from the detection of its format
+[[noreturn]] void rejectUnknownFormat(const std::string& file, const std::string& messages) {
+  std::string reason = messages.substr(0, messages.find('\n'));
+  if (reason.empty()) {
+    reason = describeContent(file);
+  }
+  throw Failure(ExitCode::UNSUPPORTED_FORMAT,
+                fmt::format("Unknown file format \"{}\"{}{}", file, reason.empty() ? "" : ": ", reason));
+}
+
 }  // namespace
 
 void requireReadable(const std::string& file) {
@@ -117,15 +127,6 @@ SceneKind detectScene(const std::string& file) {
       break;
   }
   rejectUnknownFormat(file, messages.str());
-}
-
-void rejectUnknownFormat(const std::string& file, const std::string& messages) {
-  std::string reason = messages.substr(0, messages.find('\n'));
-  if (reason.empty()) {
-    reason = describeContent(file);
-  }
-  throw Failure(ExitCode::UNSUPPORTED_FORMAT,
-                fmt::format("Unknown file format \"{}\"{}{}", file, reason.empty() ? "" : ": ", reason));
 }
 
 void requireArchive(const std::string& file) {

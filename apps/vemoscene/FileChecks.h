@@ -19,10 +19,6 @@ enum class SceneKind { ARCHIVE, DATABASE };
 /// cannot be opened, or is of neither generation.
 SceneKind detectScene(const std::string& file);
 
-/// Throws Failure with UNSUPPORTED_FORMAT and what the file seems to be instead.
-/// @param messages from the detection of its format
-[[noreturn]] void rejectUnknownFormat(const std::string& file, const std::string& messages);
-
 /// Throws Failure with UNSUPPORTED_FORMAT for a database: only archives of the
 /// old generation have what the command needs.
 void requireArchive(const std::string& file);

@@ -1,9 +1,12 @@
 #include "LoadedScene.h"
 
-#include "SceneDatabase.h"
+#include "FileChecks.h"
 #include "output/ExitCode.h"
 #include "output/Messages.h"
 #include <vemo/base/PrintableText.h>
+#include <vemo/base/WidePath.h>
+#include <vemo/import/ImportScene.h>
+#include <vemo/import/SceneConverter.h>
 #include <vemo/scenegraph/canvas/SceneNode.h>
 
 #include <fmt/format.h>
@@ -11,12 +14,22 @@
 namespace vemo {
 
 LoadedScene::LoadedScene(const std::string& file) : _file(file) {
-  const SceneDatabase database(file);
   const Progress progress(fmt::format("Reading {}", toPrintable(file)));
-  _isZipped = database.isZipped();
-  const auto reader = database.open();
-  for (std::size_t i = 0; i < reader->getRecords().size(); ++i) {
-    _records.push_back({reader->getRecords()[i], reader->readNode(i)});
+  _isZipped = detectScene(file) == SceneKind::ARCHIVE;
+  if (_isZipped) {
+    const lum::Ptr<lum::SceneNode> scene = importScene(toWidePath(file));
+    _records.push_back(
+        {{SceneConverter::RECORD_TITLE, SceneConverter::RECORD_DESCRIPTION, SceneConverter::RECORD_SIM_UUID},
+         lum::Ptr<lum::Node>(scene.get())});
+  } else {
+    readDatabase();
+  }
+}
+
+void LoadedScene::readDatabase() {
+  lum::SDBReader reader(toWidePath(_file));
+  for (std::size_t i = 0; i < reader.getRecords().size(); ++i) {
+    _records.push_back({reader.getRecords()[i], reader.readNode(i)});
   }
 }
 

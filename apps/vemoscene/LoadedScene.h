@@ -19,8 +19,8 @@ class LoadedScene {
     lum::Ptr<lum::Node> node;
   };
 
-  /// Opens a scene file of either generation; an old one is converted into a
-  /// temporary file. Throws Failure and the exceptions of the libraries.
+  /// Reads a scene file of either generation. Throws Failure and the exceptions of
+  /// the libraries.
   explicit LoadedScene(const std::string& file);
 
   /// Whether the file is an archive of the old generation.
@@ -31,6 +31,8 @@ class LoadedScene {
   lum::SceneNode& getSceneNode() const;
 
  private:
+  void readDatabase();
+
   std::string _file;
   bool _isZipped = false;
   std::vector<Record> _records;

@@ -16,13 +16,9 @@ class SceneDatabase {
   /// Converts an archive. Throws Failure and the exceptions of the libraries.
   explicit SceneDatabase(const std::string& file);
 
-  /// Whether the file is an archive of the old generation.
-  bool isZipped() const { return _database != _path; }
-
   std::unique_ptr<lum::SDBReader> open() const;
 
  private:
-  std::wstring _path;
   std::wstring _database;
 };
 

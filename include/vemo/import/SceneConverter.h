@@ -17,6 +17,11 @@ class SceneLedger;
 /// Turns an old scene file into a scene-graph database.
 class VEMO_IMPORT_EXPORT SceneConverter {
  public:
+  /// What the only record of the output is called.
+  static constexpr const char* RECORD_TITLE = "title";
+  static constexpr const char* RECORD_DESCRIPTION = "description";
+  static constexpr const char* RECORD_SIM_UUID = "simUUID";
+
   SceneConverter(const std::wstring& inputPath, const std::wstring& outputPath);
 
   /// Reads the input, converts it and writes the output. An archive that

@@ -44,7 +44,7 @@ void SceneConverter::run() const {
     return;
   }
   int recordNumber = 0;
-  writer.addRecord("title", "description", "simUUID", *sceneNode, recordNumber);
+  writer.addRecord(RECORD_TITLE, RECORD_DESCRIPTION, RECORD_SIM_UUID, *sceneNode, recordNumber);
   const bool isWritten = writer.close() == lum::io::FileIoStatus::Success;
   if (isWritten) {
     callObservers(*sceneNode, import);
