@@ -59,7 +59,8 @@ TEST(ContourEdgesTest, AreThoseOfTheFilters) {
   constexpr vtkIdType WIDTH = 12;
   std::vector<std::array<float, 3>> points;
   for (vtkIdType i = 0; i < WIDTH * WIDTH; ++i) {
-    points.push_back({static_cast<float>(i % WIDTH), static_cast<float>(i / WIDTH), height(engine)});
+    const vtkIdType row = i / WIDTH;
+    points.push_back({static_cast<float>(i % WIDTH), static_cast<float>(row), height(engine)});
   }
   points.insert(points.end(), points.begin(), points.end());
   std::uniform_int_distribution<vtkIdType> twin(0, 1);
