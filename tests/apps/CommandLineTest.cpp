@@ -250,7 +250,7 @@ class HangingCommandTest : public CommandLineTest {
 
 TEST_F(HangingCommandTest, LeavesNothingBehindWhenItIsTerminated) {
   makeArchive(makeDescription("heat"), 50'000).write(_folder / "large.zip");
-  const ProgramRun run = start({"info", "large.zip", "--values"});
+  const ProgramRun run = start({"convert", "large.zip", "-"});
   waitUntilItHangs();
   EXPECT_EQ(countTemporaryFolders(), 1);
   run.sendSignal(SIGTERM);
@@ -261,14 +261,14 @@ TEST_F(HangingCommandTest, LeavesNothingBehindWhenItIsTerminated) {
 TEST_F(HangingCommandTest, RemovesTheFolderOfAKilledProcessButNotOfALivingOne) {
   makeArchive(makeDescription("heat"), 50'000).write(_folder / "large.zip");
   fs::create_directory(_temporary / "vemoscene-files-of a user");
-  const ProgramRun hanging = start({"info", "large.zip", "--values"});
+  const ProgramRun hanging = start({"convert", "large.zip", "-"});
   waitUntilItHangs();
-  run({"info", "scene.zip"});
+  run({"convert", "scene.zip", "-"});
   EXPECT_EQ(countTemporaryFolders(), 2);
   hanging.sendSignal(SIGKILL);
   EXPECT_EQ(hanging.finish().exitCode, -SIGKILL);
   EXPECT_EQ(countTemporaryFolders(), 2);
-  run({"info", "scene.zip"});
+  run({"convert", "scene.zip", "-"});
   EXPECT_EQ(countTemporaryFolders(), 1);
 }
 
