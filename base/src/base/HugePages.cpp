@@ -11,19 +11,26 @@ namespace {
 /// sensible alignment.
 constexpr std::size_t HUGE_PAGE = std::size_t{2} << 20U;
 
+/// Gives advice on the huge pages that lie within the bytes. Whether the system
+/// follows it changes nothing but time and memory.
+void advise(void* start, std::size_t size, int advice) {
+  auto* const bytes = static_cast<char*>(start);
+  const std::size_t toBoundary = (0 - reinterpret_cast<std::uintptr_t>(bytes)) % HUGE_PAGE;
+  if (size >= toBoundary + HUGE_PAGE) {
+    static_cast<void>(::madvise(bytes + toBoundary, (size - toBoundary) / HUGE_PAGE * HUGE_PAGE, advice));
+  }
+}
+
 }  // namespace
 
 void preferHugePages(void* block, std::size_t size) {
 #ifdef MADV_HUGEPAGE
-  auto* const bytes = static_cast<char*>(block);
-  const std::size_t toBoundary = (0 - reinterpret_cast<std::uintptr_t>(bytes)) % HUGE_PAGE;
-  if (size < toBoundary + HUGE_PAGE) {
-    return;
-  }
-  // Advice: whether the system follows it changes nothing but the time.
-  static_cast<void>(
-      ::madvise(bytes + toBoundary, (size - toBoundary) / HUGE_PAGE * HUGE_PAGE, MADV_HUGEPAGE));
+  advise(block, size, MADV_HUGEPAGE);
 #endif
+}
+
+void releasePages(void* unused, std::size_t size) {
+  advise(unused, size, MADV_DONTNEED);
 }
 
 }  // namespace vemo::OS

@@ -13,4 +13,8 @@ namespace vemo::OS {
 /// more memory is used: small blocks stay as they are.
 VEMO_BASE_EXPORT void preferHugePages(void* block, std::size_t size);
 
+/// Returns the memory behind bytes that nobody reads any more to the system; the block
+/// around them stays allocated. Only huge pages that lie within the bytes are returned.
+VEMO_BASE_EXPORT void releasePages(void* unused, std::size_t size);
+
 }  // namespace vemo::OS
