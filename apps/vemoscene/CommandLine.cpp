@@ -3,6 +3,7 @@
 #include "Command.h"
 #include "FileChecks.h"
 #include "TemporaryFiles.h"
+#include "base/MemoryReserve.h"
 #include "output/Messages.h"
 #include "output/ResultStream.h"
 
@@ -71,9 +72,10 @@ ExitCode runCommandLine(int argc, char** argv) {
   // the signal would end the process and leave temporary files.
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
-  showLog();
   Command command;
   try {
+    static const OS::MemoryReserve reserve;
+    showLog();
     const ExitCode code = parse(argc, argv, command);
     if (command.run) {
       requireReadable(command.file);

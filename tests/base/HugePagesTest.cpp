@@ -21,6 +21,18 @@ TEST(HugePagesTest, ChangeNoContent) {
   EXPECT_EQ(std::ranges::count(memory, 'a'), static_cast<std::ptrdiff_t>(memory.size()));
 }
 
+TEST(LargePagesTest, ReleaseNothingAroundTheBytes) {
+  constexpr std::size_t MIB = std::size_t{1} << 20U;
+  std::vector<char> memory(12 * MIB, 'a');
+  for (const std::size_t offset : {std::size_t{0}, std::size_t{1}, MIB + 7}) {
+    const std::size_t size = 7 * MIB + 3;
+    releasePages(memory.data() + offset, size);
+    EXPECT_EQ(std::count(memory.begin(), memory.begin() + offset, 'a'), offset);
+    EXPECT_EQ(std::count(memory.begin() + offset + size, memory.end(), 'a'), memory.size() - offset - size);
+    std::ranges::fill(memory, 'a');
+  }
+}
+
 }  // namespace
 
 }  // namespace vemo::OS

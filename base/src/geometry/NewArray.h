@@ -5,12 +5,22 @@
 #include <vtkDataArray.h>
 
 #include <cstddef>
+#include <new>
 
 namespace vemo {
 
-/// Gives a new array room for so many tuples, which are not set.
-inline void allocateTuples(vtkDataArray& array, vtkIdType tuples) {
+/// Gives a new array so many tuples, which are not set. Throws std::bad_alloc, which
+/// VTK only does in some cases.
+inline void setTupleCount(vtkDataArray& array, vtkIdType tuples) {
   array.SetNumberOfTuples(tuples);
+  if (array.GetNumberOfTuples() != tuples) {
+    throw std::bad_alloc();
+  }
+}
+
+/// The same for arrays that are filled once, from the first tuple to the last.
+inline void allocateTuples(vtkDataArray& array, vtkIdType tuples) {
+  setTupleCount(array, tuples);
   const auto size =
       static_cast<std::size_t>(array.GetNumberOfValues()) * static_cast<std::size_t>(array.GetDataTypeSize());
   if (size > 0) {

@@ -1,6 +1,7 @@
 #include "geometry/drawing/DrawableCells.h"
 
 #include "geometry/Cells.h"
+#include "geometry/NewArray.h"
 #include "geometry/drawing/StrayPoints.h"
 
 #include <vtkCellArray.h>
@@ -75,7 +76,7 @@ vtkSmartPointer<vtkDataArray> selectTuples(vtkDataArray& array, vtkIdList& numbe
   auto selected = vtk::TakeSmartPointer(array.NewInstance());
   selected->SetName(array.GetName());
   selected->SetNumberOfComponents(array.GetNumberOfComponents());
-  selected->SetNumberOfTuples(numbers.GetNumberOfIds());
+  setTupleCount(*selected, numbers.GetNumberOfIds());
   array.GetTuples(&numbers, selected);
   return selected;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/MemoryReserve.h"
 #include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/scenegraph/NodeRegistry.h>
 #include <vemo/scenegraph/canvas/SceneNode.h>
@@ -51,6 +52,8 @@ class SceneImport {
     int _number = lum::NO_SESSION;
   };
 
+  /// Destroyed last: the others' destructors may need it.
+  OS::MemoryReserve _reserve;
   SceneFileReader _reader;
   std::unique_ptr<Scene> _scene;
   Session _session;

@@ -1,5 +1,6 @@
 #include "vemoview/render/draw/MeshMerger.h"
 
+#include "geometry/NewArray.h"
 #include "vemoview/render/draw/MeshScalars.h"
 #include "vemoview/render/vtk/LookupTables.h"
 #include <vemo/geometry/CellKind.h>
@@ -15,6 +16,7 @@
 #include <array>
 #include <cmath>
 #include <map>
+#include <new>
 
 namespace vemo {
 
@@ -48,7 +50,7 @@ vtkSmartPointer<vtkDataArray> concatenate(const std::vector<Run>& runs) {
   }
   result->SetName(model.GetName());
   result->SetNumberOfComponents(model.GetNumberOfComponents());
-  result->SetNumberOfTuples(total);
+  setTupleCount(*result, total);
   vtkIdType place = 0;
   for (const Run& run : runs) {
     if (run.count > 0) {
@@ -118,7 +120,9 @@ class Merger {
     }
     auto merged = vtkSmartPointer<vtkCellArray>::New();
     merged->Use32BitStorage();
-    merged->AllocateExact(cells, indices);
+    if (!merged->AllocateExact(cells, indices)) {
+      throw std::bad_alloc();
+    }
     vtkIdType firstPoint = 0;
     for (const MeshInstance* const member : _members) {
       vtkPolyData& from = *member->geometry;
@@ -168,7 +172,7 @@ class Merger {
     }
     auto colors = vtkSmartPointer<vtkUnsignedCharArray>::New();
     colors->SetNumberOfComponents(CHANNELS);
-    colors->SetNumberOfTuples(points);
+    setTupleCount(*colors, points);
     unsigned char* to = colors->GetPointer(0);
     for (const MeshInstance* const member : _members) {
       const auto color = toBytes(member->color);

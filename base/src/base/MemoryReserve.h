@@ -1,0 +1,26 @@
+#pragma once
+
+#include <vemo/base/Export.h>
+
+namespace vemo::OS {
+
+/// Sets memory aside for the time when there is no more. The first allocation that finds
+/// none gets some of it, and tries again: it may be one in a destructor, as those of
+/// VTK's objects have them, from where an exception would end the process. The next one
+/// throws std::bad_alloc, and the rest is there for destructors and for the message.
+///
+/// The handler for allocations that fail (`std::set_new_handler`) is the process's:
+/// where there is one already, nothing is set aside.
+class VEMO_BASE_EXPORT MemoryReserve {
+ public:
+  /// Throws std::bad_alloc.
+  MemoryReserve();
+  ~MemoryReserve();
+  MemoryReserve(const MemoryReserve&) = delete;
+  MemoryReserve& operator=(const MemoryReserve&) = delete;
+
+ private:
+  bool _isInstalled;
+};
+
+}  // namespace vemo::OS
