@@ -21,7 +21,7 @@ TEST(HugePagesTest, ChangeNoContent) {
   EXPECT_EQ(std::ranges::count(memory, 'a'), static_cast<std::ptrdiff_t>(memory.size()));
 }
 
-TEST(LargePagesTest, ReleaseNothingAroundTheBytes) {
+TEST(HugePagesTest, ReleaseNothingAroundTheBytes) {
   constexpr std::size_t MIB = std::size_t{1} << 20U;
   std::vector<char> memory(12 * MIB, 'a');
   for (const std::size_t offset : {std::size_t{0}, std::size_t{1}, MIB + 7}) {

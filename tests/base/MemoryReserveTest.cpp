@@ -19,7 +19,10 @@ TEST(MemoryReserveTest, ServesTheFirstAllocationThatFailsAndLetsTheNextOneThrow)
     EXPECT_EQ(std::get_new_handler(), nullptr);
   }
   const OS::MemoryReserve next;
+  OS::MemoryReserve::useForDestructors();
   EXPECT_NO_THROW(std::get_new_handler()());
+  EXPECT_NO_THROW(std::get_new_handler()());
+  EXPECT_THROW(std::get_new_handler()(), std::bad_alloc);
 }
 
 TEST(MemoryReserveTest, LeavesTheHandlerOfAHostAlone) {

@@ -14,21 +14,22 @@ constexpr std::size_t PART_BYTES = std::size_t{256} << 10U;
 struct Reserve {
   std::atomic<std::byte*> toGoOn = nullptr;
   std::atomic<std::byte*> toUnwind = nullptr;
+  std::atomic<bool> isForDestructors = false;
 };
 Reserve reserve;
 
-bool release(std::atomic<std::byte*>& part) {
+bool freePart(std::atomic<std::byte*>& part) {
   const std::byte* const bytes = part.exchange(nullptr);
   delete[] bytes;
   return bytes != nullptr;
 }
 
 void handleNoMemory() {
-  if (release(reserve.toGoOn)) {
+  if (freePart(reserve.toGoOn) || (reserve.isForDestructors && freePart(reserve.toUnwind))) {
     return;
   }
   std::set_new_handler(nullptr);
-  release(reserve.toUnwind);
+  freePart(reserve.toUnwind);
   throw std::bad_alloc();
 }
 
@@ -38,6 +39,7 @@ MemoryReserve::MemoryReserve() : _isInstalled(std::get_new_handler() == nullptr)
   if (_isInstalled) {
     reserve.toGoOn = new std::byte[PART_BYTES];
     reserve.toUnwind = new std::byte[PART_BYTES];
+    reserve.isForDestructors = false;
     std::set_new_handler(handleNoMemory);
   }
 }
@@ -45,9 +47,13 @@ MemoryReserve::MemoryReserve() : _isInstalled(std::get_new_handler() == nullptr)
 MemoryReserve::~MemoryReserve() {
   if (_isInstalled && std::get_new_handler() == handleNoMemory) {
     std::set_new_handler(nullptr);
-    release(reserve.toGoOn);
-    release(reserve.toUnwind);
+    freePart(reserve.toGoOn);
+    freePart(reserve.toUnwind);
   }
+}
+
+void MemoryReserve::useForDestructors() {
+  reserve.isForDestructors = true;
 }
 
 }  // namespace vemo::OS

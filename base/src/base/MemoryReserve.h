@@ -19,6 +19,9 @@ class VEMO_BASE_EXPORT MemoryReserve {
   MemoryReserve(const MemoryReserve&) = delete;
   MemoryReserve& operator=(const MemoryReserve&) = delete;
 
+  /// From here on nothing throws until all is used up: destructors follow.
+  static void useForDestructors();
+
  private:
   bool _isInstalled;
 };

@@ -126,6 +126,7 @@ void SceneImport::Session::leaveOpen() {
 SceneImport::SceneImport(const std::wstring& path) : _reader(ZipFileReader(path)) {}
 
 SceneImport::~SceneImport() {
+  OS::MemoryReserve::useForDestructors();
   if (_scene) {
     for (const auto& file : _scene->getLUMDataFiles()) {
       const ArrayOwner<unsigned char> released(file);
