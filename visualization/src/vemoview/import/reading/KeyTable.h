@@ -100,7 +100,7 @@ auto make(const std::string& name, WhenAbsent whenAbsent, const std::string& mea
     values.read(key, access<MEMBER, COMPONENT>(item));
   };
   made.printDefault = [](const Item& item, const KeyDescription& key) {
-    const auto print = [&key](const Value& value) {
+    const auto print = [&](const Value& value) {
       if constexpr (std::is_enum_v<Value>) {
         return wordText(key.words, static_cast<int>(value));
       } else {
