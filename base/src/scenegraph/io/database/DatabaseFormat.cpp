@@ -36,7 +36,8 @@ std::uint64_t hashFrom(const json& object) {
   if (found != object.end() && found->is_string()) {
     const auto& text = found->get_ref<const std::string&>();
     const char* end = text.data() + text.size();
-    if (text.size() == 16 && std::from_chars(text.data(), end, hash, 16).ptr == end) {
+    // Only as it is written: a wrong bit turns a small letter into a capital.
+    if (std::from_chars(text.data(), end, hash, 16).ptr == end && text == fmt::format("{:016x}", hash)) {
       return hash;
     }
   }
@@ -48,7 +49,9 @@ json parseHeader(InputSource& source) {
     refuse(fmt::format("It is too short: {} bytes, a header has {}", source.getLeft(), HEADER_SIZE));
   }
   const std::string line = source.read(HEADER_SIZE);
-  json header = line.front() == '{' && line.back() == '\n' ? json::parse(line, nullptr, false) : json();
+  // The parser takes a zero byte for the end of the text.
+  const bool isWhole = line.front() == '{' && line.back() == '\n' && line.find('\0') == std::string::npos;
+  json header = isWhole ? json::parse(line, nullptr, false) : json();
   if (!header.is_object()) {
     refuse("It does not begin with a header");
   }
