@@ -1,33 +1,16 @@
-// Databases whose index has the right hash. The parts of the input are what
-// follows the header: the arrays and the index.
+// Databases.
 
 #include "Fuzzing.h"
-#include "support/Databases.h"
-#include "support/Files.h"
-#include "support/SampleGraphs.h"
-#include "support/TemporaryFolder.h"
-#include <vemo/scenegraph/io/SDBReader.h>
-
-#include <sys/mman.h>
-#include <unistd.h>
+#include "TwoParts.h"
 
 namespace vemo {
 
-FuzzInput makeSample() {
-  const TemporaryFolder folder;
-  writeDatabase(folder / "sample.sdb", *makeScene());
-  const DatabaseBytes bytes(readFile(folder / "sample.sdb"));
-  return {bytes.chunks, bytes.index};
+TwoParts makeSample() {
+  return makeSampleDatabase();
 }
 
-void readInput(const FuzzInput& input) {
-  // In memory, for all inputs the same one.
-  static const int file = memfd_create("database", MFD_CLOEXEC);
-  const std::string bytes = DatabaseBytes(input.first, input.second).join();
-  require(ftruncate(file, 0) == 0 &&
-              pwrite(file, bytes.data(), bytes.size(), 0) == static_cast<ssize_t>(bytes.size()),
-          "no file in memory");
-  lum::SDBReader reader(wide("/proc/self/fd/" + std::to_string(file)));
+void readInput(const std::string& input) {
+  lum::SDBReader reader = openDatabase(takeApart(input));
   for (std::size_t i = 0; i < reader.getRecords().size(); ++i) {
     requireRoundTrip(*reader.readNode(i));
   }

@@ -3,29 +3,22 @@
 #include <vemo/scenegraph/Node.h>
 
 #include <string>
+#include <string_view>
 
 namespace vemo {
 
-/// An input of a fuzz target: two parts, behind the size of the first in four
-/// bytes.
-struct FuzzInput {
-  std::string first;
-  std::string second;
-};
-
-// What each target defines.
-
-/// An input that is right: the interesting ones are near it.
-FuzzInput makeSample();
-/// Reads an input. What it throws as FileError is as it should be.
-void readInput(const FuzzInput& input);
-
-// What targets use.
+/// What each target defines: reads an input, and requires what must hold of all
+/// that is accepted. An exception that says what is wrong with the input is as it
+/// should be.
+void readInput(const std::string& input);
 
 void require(bool condition, const std::string& text);
 
 /// What was accepted must be writable, and be the same graph when it is read
 /// again.
 void requireRoundTrip(const lum::Node& node);
+
+/// A file in memory with these bytes; for all inputs the same one.
+std::wstring putIntoFile(std::string_view bytes);
 
 }  // namespace vemo

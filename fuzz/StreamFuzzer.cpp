@@ -1,7 +1,8 @@
-// Scene streams of two messages, with the right hashes: the second may change
-// what the first one made. The parts of the input are the messages.
+// Scene streams. The parts of the input are two messages, of which the second may
+// change what the first one made, or a message and an array of it.
 
 #include "Fuzzing.h"
+#include "TwoParts.h"
 #include "support/Databases.h"
 #include "support/SampleGraphs.h"
 #include <vemo/scenegraph/io/NodeInputStream.h>
@@ -29,7 +30,7 @@ std::string takeMessage(lum::NodeOutputStream& out) {
 
 }  // namespace
 
-FuzzInput makeSample() {
+TwoParts makeSample() {
   const auto scene = makeScene();
   lum::NodeOutputStream out;
   scene->write(out);
@@ -40,10 +41,17 @@ FuzzInput makeSample() {
   return {whole, takeMessage(out)};
 }
 
-void readInput(const FuzzInput& input) {
+void readInput(const std::string& input) {
+  const TwoParts parts = takeApart(input);
+  const bool isOld = (parts.bits & 1U) != 0, hasData = (parts.bits & 2U) != 0;
   lum::NodeInputStream stream(lum::NO_SESSION);
-  std::istringstream in("LUMSCN1\n" + framed(input.first) + framed(input.second));
-  stream.readScene(in);
+  std::istringstream scene((isOld ? "LUMSCN1\n" : "LUMSCN2\n") + framed(parts.first) +
+                           (hasData ? std::string() : framed(parts.second)));
+  stream.readScene(scene);
+  if (hasData) {
+    std::istringstream data("LUMDAT1\n" + parts.second);
+    stream.readData(data);
+  }
   for (const auto& root : stream.getRoots()) {
     requireRoundTrip(*root);
   }

@@ -1,10 +1,12 @@
 #include "support/ArchiveBuilder.h"
 
 #include <bit>
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <sstream>
 #include <stdexcept>
+#include <type_traits>
 #include <utility>
 #include <zlib.h>
 
@@ -97,7 +99,11 @@ template <class T>
 std::vector<T> numbersIn(std::istream& words) {
   std::vector<T> numbers;
   for (std::string word; words >> word;) {
-    numbers.push_back(static_cast<T>(std::stod(word)));
+    if constexpr (std::is_integral_v<T>) {
+      numbers.push_back(static_cast<T>(std::stoll(word)));
+    } else {
+      numbers.push_back(std::strtof(word.c_str(), nullptr));
+    }
   }
   return numbers;
 }

@@ -10,7 +10,6 @@
 #include <cstdio>
 #include <sstream>
 #include <utility>
-#define XXH_INLINE_ALL
 #include <xxhash.h>
 
 namespace vemo {
