@@ -4,6 +4,7 @@
 #include "vemoview/import/geometry/PointBounds.h"
 #include "vemoview/import/geometry/PolyDataReader.h"
 #include "vemoview/import/geometry/SharedSettings.h"
+#include "vemoview/import/geometry/SparePolyData.h"
 #include "vemoview/import/items/SharedCollection.h"
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/SceneFileReader.h"
@@ -78,8 +79,7 @@ void logArrays(const char* question, vtkDataSetAttributes& data) {
 
 }  // namespace
 
-GeometryItem::GeometryItem(const std::string& name)
-    : GraphicsItem(name), _polydata(vtkSmartPointer<vtkPolyData>::New()) {}
+GeometryItem::GeometryItem(const std::string& name) : GraphicsItem(name), _polydata(takePolyData()) {}
 GeometryItem::~GeometryItem() = default;
 
 int GeometryItem::countItemsInList(Array_t<int> list) {
@@ -156,7 +156,9 @@ void GeometryItem::readImpl(const QxElement& element, SceneFileReader* reader) {
   if (_geometryType == SURFACE) {
     computeNormals(*reader);
   }
-  _polydata = reader->getDecoded().share(*_polydata);
+  if (const auto shared = reader->getDecoded().share(*_polydata); shared != _polydata) {
+    returnPolyData(std::exchange(_polydata, shared));
+  }
 }
 
 void GeometryItem::reportSettingsOutOfRange(SceneFileReader& reader) const {
