@@ -168,6 +168,45 @@ TEST(StreamTest, CarriesOnlyWhatChanged) {
   }
 }
 
+/// A scene stream of one message. `changed`: its count, and numbers of known nodes.
+std::string sceneStream(const std::string& tables, char nodeCount, const std::string& changed,
+                        const std::string& records) {
+  const std::string padding(static_cast<std::size_t>(8 * nodeCount) - records.size(), '\0');
+  const std::string graph = nodeCount + changed + records + padding;
+  const std::string message = tables + static_cast<char>(graph.size()) + graph;
+  const std::uint64_t sizeAndHash[] = {message.size(), hashOfPart(message.data(), message.size())};
+  return "LUMSCN2\n" + std::string(reinterpret_cast<const char*>(sizeAndHash), sizeof sizeAndHash) + message;
+}
+
+// The second message moves a node into a field, or under a node, that is unknown
+// here; the third would change what the node owns.
+TEST(StreamTest, ReleasesNodesThatMoveWhereNothingIsKnown) {
+  using namespace std::literals;
+  const auto isRead = [](const std::string& scene, NodeInputStream& in) {
+    std::istringstream stream(scene);
+    return lum::SceneGraphReader(in).loadSceneFileFromInputStream(stream);
+  };
+  const std::string tables =
+      "\4\22DrawableCollection\5nodes\4gone\7Unknown\0\2\0\2\1\23\0\2\23\0\3\1\1\23\0\0"s;
+  const std::string none(4, '\0');
+  // A node: class + 1 or 0 and a number, levels up to its owner, field, presence bits.
+  const std::string nested = sceneStream(tables, 3, "\0"s, "\1\0\0\1\1\0\0\1\1\0\0\0"s);
+  const std::string moves[] = {
+      sceneStream(none, 2, "\1\0"s, "\0\0\0\0\0\1\1\1\0"s),
+      sceneStream(none, 3, "\2\0\1"s, "\0\0\0\0\2\1\0\0\0\1\1\0\0\0"s),
+  };
+  const std::string later = sceneStream(none, 3, "\1\1"s, "\0\0\0\0\1\1\0\0\0"s);
+  for (const std::string& move : moves) {
+    NodeInputStream in(lum::NO_SESSION);
+    ASSERT_TRUE(isRead(nested, in));
+    const Ptr<lum::DrawableCollection> root(in.getRoots().at(0));
+    EXPECT_EQ(root->getNodeCount(), 1U);
+    EXPECT_TRUE(isRead(move, in));
+    EXPECT_EQ(root->getNodeCount(), 0U);
+    EXPECT_FALSE(isRead(later, in));
+  }
+}
+
 TEST(StreamTest, StreamsAreReadOrWriteOnly) {
   NodeOutputStream out;
   NodeInputStream in(lum::NO_SESSION);

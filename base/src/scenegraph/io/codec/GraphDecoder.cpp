@@ -157,9 +157,13 @@ const FileField* GraphDecoder::readPosition(ByteReader& in, bool isFirst) {
 }
 
 /// Empty for a node that is left out: with its owner, or because its class or
-/// the owner's field are unknown here.
+/// the owner's field are unknown here. The values of a known node that is left
+/// out stay as they are.
 Ptr<Node> GraphDecoder::findOrMake(const Record& record, const FileField* ownerField) {
   const Level* owner = ownerField != nullptr ? &_levels[_depth - 1] : nullptr;
+  if (owner != nullptr && (owner->node == nullptr || ownerField->index == FileField::NONE)) {
+    return {};
+  }
   if (owner != nullptr && !owner->isComplete && (record.isNew || record.known->getOwner() != owner->node)) {
     fail("It belongs to a node that did not change");
   }
@@ -169,9 +173,6 @@ Ptr<Node> GraphDecoder::findOrMake(const Record& record, const FileField* ownerF
     }
     return Ptr<Node>(record.known);
   }
-  if (owner != nullptr && (owner->node == nullptr || ownerField->index == FileField::NONE)) {
-    return {};
-  }
   const NodeConstructor construct = record.fileClass->construct;
   return construct != nullptr
              ? construct(ClassNameAndSessionNodeInitializer(record.fileClass->name, _sessionId))
@@ -179,7 +180,7 @@ Ptr<Node> GraphDecoder::findOrMake(const Record& record, const FileField* ownerF
 }
 
 void GraphDecoder::attach(Level& owner, const FileField& ownerField, Node& node) const {
-  if (!owner.isComplete || owner.node == nullptr) {
+  if (!owner.isComplete) {
     return;
   }
   const Field& field = owner.fields[ownerField.index];
@@ -197,18 +198,16 @@ void GraphDecoder::attach(Level& owner, const FileField& ownerField, Node& node)
 
 void GraphDecoder::readValues(ByteReader& in, Level& level, bool isNew) {
   const std::string_view presence = in.take(level.fileClass->presenceBytes, "presence bits");
-  if (!isNew) {
+  bool isWaiting = false;
+  if (!isNew && level.node != nullptr) {
     level.node->_qualifiedName.reset();
     level.node->modified();
-  }
-  readNames(in, level.node, presence);
-  std::size_t bit = FIRST_FIELD_BIT;
-  bool isWaiting = false;
-  if (!isNew) {
     // It no longer waits for what it waited for before.
     _binder.expectFor(*level.node, false);
     isWaiting = true;
   }
+  readNames(in, level.node, presence);
+  std::size_t bit = FIRST_FIELD_BIT;
   for (const FileField& field : level.fileClass->fields) {
     const bool isSet = isInRecord(field.kind) && isPresent(presence, bit);
     bit += isInRecord(field.kind) ? 1 : 0;
