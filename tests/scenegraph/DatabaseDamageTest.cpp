@@ -9,6 +9,11 @@
 #include <vemo/scenegraph/io/FileError.h>
 #include <vemo/scenegraph/io/SDBReader.h>
 
+#include <vtkCellArray.h>
+#include <vtkPoints.h>
+#include <vtkPolyData.h>
+#include <vtkTypeInt32Array.h>
+
 #include <gmock/gmock.h>
 #include <sstream>
 
@@ -18,6 +23,14 @@ namespace {
 
 using lum::io::FileError;
 using testing::HasSubstr;
+
+std::string repeat(const std::string& text, int count) {
+  std::string all;
+  for (; count > 0; --count) {
+    all += text;
+  }
+  return all;
+}
 
 /// A small database of a scene.
 class DatabaseDamageTest : public testing::Test {
@@ -167,17 +180,19 @@ TEST_F(DatabaseDamageTest, SaysWhatIsWrong) {
 // Small files that would have us fill gigabytes, or work for hours.
 TEST_F(DatabaseDamageTest, RefusesWhatIsOutOfProportionToTheFile) {
   using namespace std::literals;
-  const std::string nameOnly = "\x01\x05Plane\x00"s;
-  std::string fields;
-  for (int i = 0; i < 1025; ++i) {
-    fields += "\x00\x12\x00"s;
-  }
-  // Strings, lists, classes and arrays.
+  const std::string name = "\1\5Plane\0"s;
+  const std::string large = "\1\x80\x80\x40"s + std::string(1 << 20, 'x') + "\0"s;
+  // Strings, lists, classes, arrays and records.
   const std::pair<std::string, const char*> cases[] = {
-      {nameOnly + "\x01\x00\x81\x08"s + fields, "A class has 1025 fields"},
-      {nameOnly + "\x01\x00\x01\x00\x0B\x81\x02"s + std::string(257, 'x'), "A default has 257 bytes"},
-      {nameOnly + "\x00\x01\x09\xFF\xFF\xFF\xFF\x07\x00\x00"s + std::string(8, 'x'),
+      {name + "\1\0\x81\10"s + repeat("\0\22\0"s, 1025), "A class has 1025 fields"},
+      {name + "\1\0\1\0\13\x81\2"s + std::string(257, 'x'), "A default has 257 bytes"},
+      {name + "\x81\10"s + repeat("\0\0"s, 1025), "The file has 1025 classes"},
+      {name.substr(0, 7) + "\2\0"s + std::string(16, '\0'), "lists: count 2"},
+      {name + "\0\1\11\xFF\xFF\xFF\xFF\7\0\0"s + std::string(8, 'x'),
        "Invalid array shape: 0 tuples of 2147483647 components"},
+      {name + "\0\0\2"s + std::string(25, '\0'), "records: count 2"},
+      {large + "\0\53"s + repeat("\1\1\0\1\0\0\0\0\0\0\0\0"s, 43), "out of proportion"},
+      {large + "\0\0\53"s + repeat("\0\0\0\11"s + std::string(9, '\0'), 43), "out of proportion"},
   };
   for (const auto& [index, message] : cases) {
     EXPECT_THAT(tryToRead(DatabaseBytes({}, index).join()), HasSubstr(message));
@@ -185,6 +200,42 @@ TEST_F(DatabaseDamageTest, RefusesWhatIsOutOfProportionToTheFile) {
   const auto geometry = make<lum::PolyDataNode>();
   geometry->setNodeDataArray(makeArray("wide", {}, 1025));
   EXPECT_EQ(writeDatabase(path, *geometry), FileIoStatus::WriteError);
+}
+
+// Each of the two has 30 nodes with a name of 1 MiB.
+TEST_F(DatabaseDamageTest, RefusesRecordsThatAreTogetherOutOfProportion) {
+  using namespace std::literals;
+  const std::string names = "\36\0\1\0\1\2\1\1\0\1\2"s + repeat("\1\2\0\1\2"s, 28) + std::string(91, '\0');
+  const std::string named = "\4\0\22DrawableCollection\x80\x80\x40"s + std::string(1 << 20, 'x') +
+                            "\5nodes\0\1\1\1\3\23\0\0\2"s + repeat("\0\0\0\xF2\1"s + names, 2);
+  writeFile(path, DatabaseBytes({}, named).join());
+  lum::SDBReader reader(wide(path));
+  EXPECT_TRUE(reader.readNode(0));
+  EXPECT_TRUE(reader.readNode(0));
+  EXPECT_THROW(reader.readNode(1), FileError);
+}
+
+TEST_F(DatabaseDamageTest, RefusesMorePairsOfArraysThanArrays) {
+  const auto surface = make<lum::SurfaceDrawable>();
+  vtkNew<vtkPoints> points;
+  points->InsertNextPoint(0, 0, 0);
+  vtkNew<vtkTypeInt32Array> offsets[3];
+  vtkNew<vtkTypeInt32Array> vertices[3];
+  for (int i = 0; i < 9; ++i) {
+    if (i < 3) {
+      offsets[i]->InsertNextValue(0);
+      offsets[i]->InsertNextValue(1);
+      vertices[i]->InsertNextValue(0);
+    }
+    vtkNew<vtkPolyData> polyData;
+    vtkNew<vtkCellArray> cells;
+    cells->SetData(offsets[i / 3], vertices[i % 3]);
+    polyData->SetPoints(points);
+    polyData->SetVerts(cells);
+    surface->findOrCreate<lum::PolyDataNode>(std::to_string(i)).setPolyData(polyData);
+  }
+  EXPECT_EQ(writeDatabase(path, *surface), FileIoStatus::Success);
+  EXPECT_THAT(tryToRead(readFile(path)), HasSubstr("more pairs of offsets"));
 }
 
 }  // namespace

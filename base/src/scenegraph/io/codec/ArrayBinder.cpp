@@ -104,6 +104,7 @@ std::string ArrayBinder::provide(std::size_t chunk, vtkDataArray& array) {
   auto& page = _pages[chunk / PAGE_SIZE];
   page.resize(PAGE_SIZE);
   page[chunk % PAGE_SIZE] = &array;
+  ++_arrayCount;
   std::string fault;
   for (auto use = findUses(chunk); use != _byChunk.end() && _uses[*use].chunk == chunk; ++use) {
     const std::uint32_t waiting = _uses[*use].waiting;
@@ -151,17 +152,22 @@ std::string ArrayBinder::complete(std::uint32_t number) {
   return describeNode(*node) + ": " + fault;
 }
 
-vtkSmartPointer<vtkCellArray> ArrayBinder::getCells(std::uint32_t offsets, std::uint32_t connectivity) {
+/// The fault of two arrays that are no cells; else empty, and the cells.
+std::string ArrayBinder::findCells(std::uint32_t offsets, std::uint32_t connectivity,
+                                   vtkSmartPointer<vtkCellArray>& cells) {
   const auto uses = findUses(connectivity);
   const bool isShared = _byChunk.end() - uses > 1 && _uses[uses[1]].chunk == connectivity;
-  if (!isShared) {
-    return makeCells(getArray(offsets), getArray(connectivity));
+  vtkSmartPointer<vtkCellArray> unshared;
+  auto& made = isShared ? _sharedCells[{offsets, connectivity}] : unshared;
+  // Few arrays make a great many pairs.
+  if (_sharedCells.size() > _arrayCount) {
+    return "there are more pairs of offsets and connectivity than arrays";
   }
-  auto& cells = _sharedCells[{offsets, connectivity}];
-  if (!cells) {
-    cells = makeCells(getArray(offsets), getArray(connectivity));
+  if (!made) {
+    made = makeCells(getArray(offsets), getArray(connectivity));
   }
-  return cells;
+  cells = made;
+  return cells ? "" : "offsets and connectivity are not integers of one type";
 }
 
 std::string ArrayBinder::putArrays(const Waiting& waiting, FieldList& fields) {
@@ -176,9 +182,10 @@ std::string ArrayBinder::putArrays(const Waiting& waiting, FieldList& fields) {
     } else {
       const std::uint32_t offsets = use->chunk;
       ++use;
-      auto cells = getCells(offsets, use->chunk);
-      if (!cells) {
-        return std::string(field.name) + ": offsets and connectivity are not integers of one type";
+      vtkSmartPointer<vtkCellArray> cells;
+      const std::string fault = findCells(offsets, use->chunk, cells);
+      if (!fault.empty()) {
+        return std::string(field.name) + ": " + fault;
       }
       *std::get<vtkSmartPointer<vtkCellArray>*>(field.value) = cells;
     }

@@ -66,12 +66,13 @@ class ArrayBinder {
   std::vector<std::uint32_t>::const_iterator findUses(std::size_t chunk);
   std::string complete(std::uint32_t waiting);
   std::string putArrays(const Waiting& waiting, FieldList& fields);
-  /// Null when the arrays are not what cell arrays hold.
-  vtkSmartPointer<vtkCellArray> getCells(std::uint32_t offsets, std::uint32_t connectivity);
+  std::string findCells(std::uint32_t offsets, std::uint32_t connectivity,
+                        vtkSmartPointer<vtkCellArray>& cells);
 
   // Arrays by their chunks; a page is empty until one of its chunks is there: a
   // record may use few of a great many.
   std::vector<std::vector<vtkSmartPointer<vtkDataArray>>> _pages;
+  std::size_t _arrayCount = 0;
   std::vector<Use> _uses;
   // Numbers of uses, in the order of their chunks.
   std::vector<std::uint32_t> _byChunk;

@@ -1,6 +1,5 @@
 #include "scenegraph/io/codec/FieldReader.h"
 
-#include "scenegraph/io/codec/TableWriter.h"
 #include <vemo/scenegraph/CollectionNode.h>
 #include <vemo/scenegraph/Owned.h>
 #include <vemo/scenegraph/io/FileError.h>
@@ -14,14 +13,9 @@
 
 namespace lum::io {
 
-const std::string& FieldReader::readString() {
-  const std::string& text = _tables.getString(_in.index("string", _tables.getStringCount()));
-  if (text.size() > MAX_SHARED_STRING_BYTES) {
-    _longStringBytes += text.size();
-    if (_longStringBytes > _tables.getLongStringBytes()) {
-      throw FileError(FileIoStatus::ReadError, "A long string is used more than once");
-    }
-  }
+std::string_view FieldReader::readString() {
+  const std::string_view text = _tables.getString(_in.index("string", _tables.getStringCount()));
+  _budget.useText(text);
   return text;
 }
 
@@ -52,6 +46,7 @@ std::int32_t FieldReader::readEnumerator(std::int32_t count) {
 void FieldReader::operator()(SharedNumbers* value) {
   if (!_tables.hasLists()) {
     *value = readList(_in);
+    _budget.use(sizeof(double) * value->get().size());
     return;
   }
   const std::size_t number = _in.index("list", 1 + _tables.getLists().size());
@@ -61,7 +56,8 @@ void FieldReader::operator()(SharedNumbers* value) {
 void FieldReader::operator()(std::map<std::string, Vector3>* value) {
   value->clear();
   for (std::size_t count = _in.count("keys", 1 + 3 * sizeof(double)); count > 0; --count) {
-    const std::string& key = readString();
+    const std::string key(readString());
+    _budget.use(sizeof *value + sizeof(std::pair<std::string, Vector3>));
     const std::size_t before = value->size();
     const auto entry = value->try_emplace(value->end(), key);
     if (value->size() == before || std::next(entry) != value->end()) {

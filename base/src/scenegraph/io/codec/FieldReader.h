@@ -1,25 +1,25 @@
 #pragma once
 
 #include "scenegraph/io/codec/ByteReader.h"
+#include "scenegraph/io/codec/ContentBudget.h"
 #include "scenegraph/io/codec/TableReader.h"
 
 #include <concepts>
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace lum::io {
 
 /// Reads the values of fields: one call for each row of FieldKinds.
-/// `longStringBytes` counts the bytes of long strings that were used: each may
-/// be used once.
 class FieldReader {
  public:
-  FieldReader(ByteReader& in, const TableReader& tables, std::size_t& longStringBytes,
+  FieldReader(ByteReader& in, const TableReader& tables, ContentBudget& budget,
               std::vector<std::size_t>& chunks)
-      : _in(in), _tables(tables), _longStringBytes(longStringBytes), _chunks(chunks) {}
+      : _in(in), _tables(tables), _budget(budget), _chunks(chunks) {}
 
-  const std::string& readString();
+  std::string_view readString();
 
   void operator()(bool* value);
   void operator()(std::int32_t* value);
@@ -70,7 +70,7 @@ class FieldReader {
 
   ByteReader& _in;
   const TableReader& _tables;
-  std::size_t& _longStringBytes;
+  ContentBudget& _budget;
   std::vector<std::size_t>& _chunks;
 };
 

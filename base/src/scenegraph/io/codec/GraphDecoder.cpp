@@ -24,8 +24,9 @@ bool isPresent(std::string_view presence, std::size_t bit) {
 
 }  // namespace
 
-GraphDecoder::GraphDecoder(const TableReader& tables, ArrayBinder& binder, int sessionId)
-    : _tables(tables), _binder(binder), _sessionId(sessionId) {}
+GraphDecoder::GraphDecoder(const TableReader& tables, ArrayBinder& binder, ContentBudget& budget,
+                           int sessionId)
+    : _tables(tables), _binder(binder), _budget(budget), _sessionId(sessionId) {}
 
 void GraphDecoder::setKnown(const KnownNodes& known) {
   _known = &known;
@@ -230,9 +231,9 @@ void GraphDecoder::readValues(ByteReader& in, Level& level, bool isNew) {
 }
 
 void GraphDecoder::readNames(ByteReader& in, Node* node, const std::string_view& presence) {
-  FieldReader reader(in, _tables, _longStringBytes, _chunks);
+  FieldReader reader(in, _tables, _budget, _chunks);
   if (isPresent(presence, NAME_BIT)) {
-    const std::string& name = reader.readString();
+    const std::string name(reader.readString());
     if (node != nullptr) {
       node->setName(name);
     }
@@ -240,7 +241,7 @@ void GraphDecoder::readNames(ByteReader& in, Node* node, const std::string_view&
     node->setName("");
   }
   if (isPresent(presence, QUALIFIED_NAME_BIT)) {
-    const std::string& name = reader.readString();
+    const std::string name(reader.readString());
     if (node != nullptr) {
       node->setQualifiedName(name);
     }
@@ -248,7 +249,7 @@ void GraphDecoder::readNames(ByteReader& in, Node* node, const std::string_view&
 }
 
 void GraphDecoder::readField(ByteReader& in, const Level& level, const FileField& field) {
-  FieldReader reader(in, _tables, _longStringBytes, _chunks);
+  FieldReader reader(in, _tables, _budget, _chunks);
   if (level.node == nullptr || field.index == FileField::NONE) {
     reader.skip(field.kind);
     return;

@@ -2,6 +2,7 @@
 
 #include "scenegraph/io/codec/ArrayBinder.h"
 #include "scenegraph/io/codec/ByteReader.h"
+#include "scenegraph/io/codec/ContentBudget.h"
 #include "scenegraph/io/codec/TableReader.h"
 #include <vemo/scenegraph/Node.h>
 #include <vemo/scenegraph/Ptr.h>
@@ -21,7 +22,7 @@ class GraphDecoder {
   using KnownNodes = std::vector<WeakPtr<Node>>;
 
   /// The binder learns which arrays the nodes wait for.
-  GraphDecoder(const TableReader& tables, ArrayBinder& binder, int sessionId);
+  GraphDecoder(const TableReader& tables, ArrayBinder& binder, ContentBudget& budget, int sessionId);
 
   /// The graph may change these, the nodes that graphs before it made.
   void setKnown(const KnownNodes& known);
@@ -69,6 +70,7 @@ class GraphDecoder {
 
   const TableReader& _tables;
   ArrayBinder& _binder;
+  ContentBudget& _budget;
   int _sessionId;
   const KnownNodes* _known = nullptr;
   std::size_t _knownCount = 0;
@@ -81,7 +83,6 @@ class GraphDecoder {
   // Nodes taken out of their owners, until they have an owner again or are
   // released.
   std::vector<Ptr<Node>> _disowned;
-  std::size_t _longStringBytes = 0;
   std::vector<std::size_t> _chunks;
 };
 

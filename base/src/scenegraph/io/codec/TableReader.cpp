@@ -17,10 +17,40 @@ namespace {
 constexpr std::size_t MAX_FIELDS = 1024;
 constexpr std::size_t MAX_DEFAULT_BYTES = 256;
 
+/// Of all programs together, whatever their versions.
+constexpr std::size_t MAX_CLASSES = 1024;
+
+/// Empty lists are not in the table.
+constexpr std::size_t MIN_LIST_BYTES = 1 + sizeof(double);
+
+void requireAtMost(std::size_t most, std::size_t count, const char* owner, const char* what) {
+  if (count > most) {
+    throw FileError(FileIoStatus::ReadError,
+                    fmt::format("{} has {} {}, at most {} are allowed", owner, count, what, most));
+  }
+}
+
+/// For the first of many tables, which is the only one in most files. What comes
+/// later grows as vectors do.
+template <class T>
+void reserveFirst(std::vector<T>& table, std::size_t count) {
+  if (table.empty()) {
+    table.reserve(count);
+  }
+}
+
 class NoArrays final : public ArraySink {
  public:
   void put(vtkDataArray& /*array*/, ChunkRow& /*row*/) override {}
 };
+
+std::size_t countTextBytes(ByteReader in, std::size_t textCount) {
+  std::size_t bytes = 0;
+  for (; textCount > 0; --textCount) {
+    bytes += in.text("string").size();
+  }
+  return bytes;
+}
 
 FieldKind readKind(ByteReader& in) {
   const std::uint64_t number = in.number("field kind");
@@ -33,19 +63,13 @@ FieldKind readKind(ByteReader& in) {
 
 std::size_t readFieldCount(ByteReader& in) {
   const std::size_t count = in.count("fields", 3);
-  if (count > MAX_FIELDS) {
-    throw FileError(FileIoStatus::ReadError,
-                    fmt::format("A class has {} fields, at most {} are allowed", count, MAX_FIELDS));
-  }
+  requireAtMost(MAX_FIELDS, count, "A class", "fields");
   return count;
 }
 
 std::string readDefault(ByteReader& in) {
   const std::string_view value = in.text("default");
-  if (value.size() > MAX_DEFAULT_BYTES) {
-    throw FileError(FileIoStatus::ReadError, fmt::format("A default has {} bytes, at most {} are allowed",
-                                                         value.size(), MAX_DEFAULT_BYTES));
-  }
+  requireAtMost(MAX_DEFAULT_BYTES, value.size(), "A default", "bytes");
   return std::string(value);
 }
 
@@ -61,24 +85,32 @@ SharedNumbers readList(ByteReader& in) {
 void TableReader::read(ByteReader& in, bool hasLists) {
   _hasLists = hasLists;
   std::size_t count = in.count("strings", 1);
-  _strings.reserve(_strings.size() + count);
+  reserveFirst(_stringEnds, count);
+  _text.reserve(_text.size() + countTextBytes(in, count));
   for (; count > 0; --count) {
-    _strings.emplace_back(in.text("string"));
-    _longStringBytes += _strings.back().size() > MAX_SHARED_STRING_BYTES ? _strings.back().size() : 0;
+    _text += in.text("string");
+    _stringEnds.push_back(_text.size());
   }
-  for (count = hasLists ? in.count("lists", 1) : 0; count > 0; --count) {
+  count = hasLists ? in.count("lists", MIN_LIST_BYTES) : 0;
+  reserveFirst(_lists, count);
+  for (; count > 0; --count) {
     _lists.push_back(readList(in));
   }
-  for (count = in.count("classes", 2); count > 0; --count) {
+  count = in.count("classes", 2);
+  requireAtMost(MAX_CLASSES, _classes.size() + count, "The file", "classes");
+  for (; count > 0; --count) {
     _classes.push_back(readClass(in));
     if (!_classNumbers.emplace(_classes.back().name, _classes.size() - 1).second) {
       throw FileError(FileIoStatus::ReadError, "Duplicate class in the class table: " + _classes.back().name);
     }
   }
   count = in.count("arrays", MIN_ROW_BYTES);
-  _chunks.reserve(_chunks.size() + count);
+  reserveFirst(_chunks, count);
   for (; count > 0; --count) {
-    _chunks.push_back(readRow(in, _strings.size()));
+    _chunks.push_back(readRow(in, getStringCount()));
+    if (_chunks.back().name != 0) {
+      _budget.useText(getString(_chunks.back().name - 1));
+    }
   }
 }
 
@@ -89,11 +121,11 @@ const FileClass* TableReader::findClass(const std::string& name) const {
 
 FileClass TableReader::readClass(ByteReader& in) {
   FileClass result;
-  result.name = _strings[in.index("class name", _strings.size())];
+  result.name = getString(in.index("class name", getStringCount()));
   std::vector<std::string> names;
   std::size_t bits = FIRST_FIELD_BIT;
   for (std::size_t count = readFieldCount(in); count > 0; --count) {
-    names.push_back(_strings[in.index("field name", _strings.size())]);
+    names.emplace_back(getString(in.index("field name", getStringCount())));
     FileField field{readKind(in), FileField::NONE, readDefault(in), false};
     bits += isInRecord(field.kind) ? 1 : 0;
     result.fields.push_back(std::move(field));

@@ -2,11 +2,13 @@
 
 #include "scenegraph/io/codec/ByteReader.h"
 #include "scenegraph/io/codec/ChunkRow.h"
+#include "scenegraph/io/codec/ContentBudget.h"
 #include <vemo/scenegraph/Node.h>
 #include <vemo/scenegraph/NodeFactory.h>
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -37,12 +39,18 @@ struct FileClass {
 /// The string, list, class and chunk tables of a file, checked.
 class TableReader {
  public:
+  explicit TableReader(ContentBudget& budget) : _budget(budget) {}
+
   /// Takes what `TableWriter::take` wrote, after what was read before.
   /// `hasLists`: whether there is a table of lists, as there is from version 2 on.
   void read(ByteReader& in, bool hasLists);
 
-  std::size_t getStringCount() const { return _strings.size(); }
-  const std::string& getString(std::size_t number) const { return _strings[number]; }
+  std::size_t getStringCount() const { return _stringEnds.size(); }
+  /// Valid until more is read.
+  std::string_view getString(std::size_t number) const {
+    const std::size_t start = number > 0 ? _stringEnds[number - 1] : 0;
+    return std::string_view(_text).substr(start, _stringEnds[number] - start);
+  }
   /// Whether records have numbers of lists instead of lists.
   bool hasLists() const { return _hasLists; }
   const std::vector<SharedNumbers>& getLists() const { return _lists; }
@@ -50,22 +58,23 @@ class TableReader {
   /// Null when there is none of this name.
   const FileClass* findClass(const std::string& name) const;
   const std::vector<ChunkRow>& getChunks() const { return _chunks; }
-  std::string getName(const ChunkRow& row) const { return row.name == 0 ? "" : _strings[row.name - 1]; }
-
-  /// The bytes of all strings that are too long to be shared.
-  std::size_t getLongStringBytes() const { return _longStringBytes; }
+  std::string getName(const ChunkRow& row) const {
+    return row.name == 0 ? std::string() : std::string(getString(row.name - 1));
+  }
 
  private:
   FileClass readClass(ByteReader& in);
   void matchFields(FileClass& fileClass, const std::vector<std::string>& names);
 
-  std::vector<std::string> _strings;
+  ContentBudget& _budget;
+  // One after the other: a file may have a great many short ones.
+  std::string _text;
+  std::vector<std::size_t> _stringEnds;
   bool _hasLists = true;
   std::vector<SharedNumbers> _lists;
   std::vector<FileClass> _classes;
   std::unordered_map<std::string, std::size_t> _classNumbers;
   std::vector<ChunkRow> _chunks;
-  std::size_t _longStringBytes = 0;
 };
 
 /// A list: the count of its numbers, and these.

@@ -2,6 +2,7 @@
 
 #include "scenegraph/io/codec/ChunkIO.h"
 #include "scenegraph/io/codec/FieldReader.h"
+#include "scenegraph/io/codec/GraphFormat.h"
 #include <vemo/scenegraph/io/FileError.h>
 #include <vemo/scenegraph/io/SDBWriter.h>
 
@@ -17,6 +18,10 @@ using nlohmann::json;
 
 constexpr std::string_view FORMAT = "scene-graph database";
 static_assert(SDBWriter::SIGNATURE.find(FORMAT) != std::string_view::npos);
+
+/// Three numbers of strings, and a graph of one node: its size, two counts of
+/// nodes, and what each node has at least.
+constexpr std::size_t MIN_RECORD_BYTES = 5 + MIN_NODE_BYTES;
 
 [[noreturn]] void refuse(const std::string& text) {
   throw FileError(FileIoStatus::UnsupportedFormat, text);
@@ -113,6 +118,7 @@ DatabaseIndex::DatabaseIndex(InputSource& source) {
   if (hashOf(_bytes) != location.hash) {
     throw FileError(FileIoStatus::ReadError, "The index is damaged: hash mismatch");
   }
+  _budget.allow(_bytes.size());
   ByteReader in(_bytes);
   _tables.read(in, location.version >= FIRST_VERSION_WITH_LISTS);
   readOffsets(in, location.offset);
@@ -137,10 +143,11 @@ void DatabaseIndex::readOffsets(ByteReader& in, std::uint64_t end) {
 }
 
 void DatabaseIndex::readRecords(ByteReader& in) {
-  std::size_t longStringBytes = 0;
   std::vector<std::size_t> noChunks;
-  FieldReader values(in, _tables, longStringBytes, noChunks);
-  for (std::size_t count = in.count("records", 4); count > 0; --count) {
+  FieldReader values(in, _tables, _budget, noChunks);
+  std::size_t count = in.count("records", MIN_RECORD_BYTES);
+  _records.reserve(count);
+  for (; count > 0; --count) {
     Record record{values.readString(), values.readString(), values.readString(), {}};
     record.graph = in.text("graph of a record");
     _records.push_back(std::move(record));

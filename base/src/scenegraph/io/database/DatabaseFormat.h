@@ -49,9 +49,9 @@ std::size_t paddingAt(std::uint64_t position);
 class DatabaseIndex {
  public:
   struct Record {
-    std::string title;
-    std::string description;
-    std::string simUUID;
+    std::string_view title;
+    std::string_view description;
+    std::string_view simUUID;
     /// The graph without its size.
     std::string_view graph;
   };
@@ -62,6 +62,8 @@ class DatabaseIndex {
   DatabaseIndex& operator=(const DatabaseIndex&) = delete;
 
   const TableReader& getTables() const { return _tables; }
+  /// What graphs may take, and what the index itself takes.
+  const ContentBudget& getBudget() const { return _budget; }
   const std::vector<Record>& getRecords() const { return _records; }
 
   /// Where a chunk begins.
@@ -72,7 +74,8 @@ class DatabaseIndex {
   void readRecords(ByteReader& in);
 
   std::string _bytes;
-  TableReader _tables;
+  ContentBudget _budget;
+  TableReader _tables{_budget};
   std::vector<std::uint64_t> _offsets;
   std::vector<Record> _records;
 };

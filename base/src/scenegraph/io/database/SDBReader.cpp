@@ -12,6 +12,8 @@
 #include <fstream>
 #include <sys/stat.h>
 #include <system_error>
+#include <unordered_map>
+#include <utility>
 
 namespace lum {
 
@@ -57,8 +59,7 @@ class SDBReader::Database {
 
   Ptr<Node> readNode(std::size_t record, int sessionId, ArrayPool* pool) {
     io::ArrayBinder binder;
-    io::GraphDecoder decoder(_index.getTables(), binder, sessionId);
-    const Ptr<Node> root = decoder.decode(_index.getRecords()[record].graph);
+    const Ptr<Node> root = decode(record, binder, sessionId);
     for (const std::size_t chunk : binder.getExpected()) {
       const std::string fault = binder.provide(chunk, *readChunk(chunk, pool));
       if (!fault.empty()) {
@@ -72,8 +73,7 @@ class SDBReader::Database {
   Ptr<Node> checkRecord(std::size_t record, const std::set<std::size_t>& damaged,
                         std::vector<std::string>& faults) {
     io::ArrayBinder binder;
-    io::GraphDecoder decoder(_index.getTables(), binder, NO_SESSION);
-    const Ptr<Node> root = decoder.decode(_index.getRecords()[record].graph);
+    const Ptr<Node> root = decode(record, binder, NO_SESSION);
     bool isWhole = true;
     for (const std::size_t chunk : binder.getExpected()) {
       if (damaged.contains(chunk)) {
@@ -91,6 +91,20 @@ class SDBReader::Database {
   }
 
  private:
+  /// All records of a file may be read together, and each any number of times.
+  Ptr<Node> decode(std::size_t record, io::ArrayBinder& binder, int sessionId) {
+    std::uint64_t& used = _usedByRecord[record];
+    _used -= std::exchange(used, 0);
+    io::ContentBudget budget = _index.getBudget();
+    budget.use(_used);
+    const std::uint64_t before = budget.getUsed();
+    io::GraphDecoder decoder(_index.getTables(), binder, budget, sessionId);
+    Ptr<Node> root = decoder.decode(_index.getRecords()[record].graph);
+    used = budget.getUsed() - before;
+    _used += used;
+    return root;
+  }
+
   vtkSmartPointer<vtkDataArray> readChunk(std::size_t chunk, ArrayPool* pool) {
     const io::ChunkRow& row = _index.getTables().getChunks()[chunk];
     const std::string text = _index.getTables().getName(row);
@@ -130,12 +144,18 @@ class SDBReader::Database {
   std::ifstream _file;
   io::InputSource _source;
   io::DatabaseIndex _index;
+  // Of the budget, by records that were read, and in all.
+  std::unordered_map<std::size_t, std::uint64_t> _usedByRecord;
+  std::uint64_t _used = 0;
 };
 
 SDBReader::SDBReader(const std::wstring& path) : _path(vemo::toNativePath(path)) {
   _database = at([this] { return _path; }, [this] { return std::make_unique<Database>(_path); });
-  for (const auto& record : _database->getIndex().getRecords()) {
-    _records.push_back({record.title, record.description, record.simUUID});
+  const auto& records = _database->getIndex().getRecords();
+  _records.reserve(records.size());
+  for (const auto& record : records) {
+    _records.push_back(
+        {std::string(record.title), std::string(record.description), std::string(record.simUUID)});
   }
 }
 

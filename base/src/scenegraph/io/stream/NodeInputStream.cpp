@@ -102,9 +102,10 @@ class NodeInputStream::Connection {
     if (io::hashOf(bytes) != sizeAndHash[1]) {
       fail("The scene stream is damaged");
     }
+    _budget.allow(bytes.size());
     io::ByteReader in(bytes);
     _tables.read(in, hasLists);
-    io::GraphDecoder decoder(_tables, _binder, _sessionId);
+    io::GraphDecoder decoder(_tables, _binder, _budget, _sessionId);
     decoder.setKnown(_nodes);
     const Ptr<Node> root = decoder.decode(in.text("graph"));
     if (in.left() != 0) {
@@ -134,7 +135,8 @@ class NodeInputStream::Connection {
 
   int _sessionId;
   bool _isBroken = false;
-  io::TableReader _tables;
+  io::ContentBudget _budget;
+  io::TableReader _tables{_budget};
   io::ArrayBinder _binder;
   // By their numbers.
   io::GraphDecoder::KnownNodes _nodes;

@@ -1,0 +1,32 @@
+#include "scenegraph/io/codec/ContentBudget.h"
+
+#include <vemo/scenegraph/io/FileError.h>
+
+#include <fmt/format.h>
+
+namespace lum::io {
+
+namespace {
+
+/// Shorter texts are in the string object itself.
+constexpr std::size_t SHORT_TEXT_BYTES = 15;
+
+}  // namespace
+
+void ContentBudget::useText(std::string_view text) {
+  if (text.size() > SHORT_TEXT_BYTES) {
+    use(text.size());
+  }
+}
+
+void ContentBudget::use(std::uint64_t bytes) {
+  if (bytes > _allowed - _used) {
+    throw FileError(FileIoStatus::ReadError,
+                    fmt::format("Texts and keys that are used many times take more than {} bytes, which is "
+                                "out of proportion to the file",
+                                _allowed));
+  }
+  _used += bytes;
+}
+
+}  // namespace lum::io

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace lum::io {
+
+/// Limits the memory that texts and keys take. A file has each text once, and a
+/// byte or two wherever it is used; none at all where it is a default of the file.
+class ContentBudget {
+ public:
+  /// No scene needs as much.
+  static constexpr std::uint64_t BYTES_PER_BYTE = 10;
+  static constexpr std::uint64_t BYTES_OF_SMALL_FILE = 32U << 20U;
+
+  /// Takes into account that so many bytes were read.
+  void allow(std::uint64_t bytes) { _allowed += BYTES_PER_BYTE * bytes; }
+
+  /// These throw FileError (ReadError) when it is too much.
+  void useText(std::string_view text);
+  void use(std::uint64_t bytes);
+
+  std::uint64_t getUsed() const { return _used; }
+
+ private:
+  std::uint64_t _allowed = BYTES_OF_SMALL_FILE;
+  std::uint64_t _used = 0;
+};
+
+}  // namespace lum::io
