@@ -5,6 +5,7 @@
 #include "support/Nodes.h"
 #include "support/SampleGraphs.h"
 #include "support/TemporaryFolder.h"
+#include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/io/CheckFormat.h>
 #include <vemo/scenegraph/io/FileError.h>
 #include <vemo/scenegraph/io/SDBReader.h>
@@ -127,7 +128,10 @@ TEST_F(DatabaseDamageTest, IgnoresUnknownFieldsAndClasses) {
     DatabaseBytes changed(bytes);
     changed.replaceInIndex(name, name.substr(0, name.size() - 1) + "~");
     Ptr<Node> read;
+    std::vector<Finding> findings;
+    const FindingCapture capture(findings);
     EXPECT_EQ(tryToRead(changed.join(), &read), "") << name;
+    EXPECT_EQ(findings.size(), 1U) << name;
     return Ptr<lum::SceneNode>(read);
   };
   EXPECT_TRUE(readWithout("opacity")->hasModelCanvas());
@@ -140,6 +144,33 @@ TEST_F(DatabaseDamageTest, IgnoresUnknownFieldsAndClasses) {
   DatabaseBytes changed(bytes);
   changed.replaceInIndex("SceneNode", "SceneNodx");
   EXPECT_THAT(tryToRead(changed.join()), HasSubstr("root is of class SceneNodx"));
+}
+
+// A collection with nine unknown fields, and in it nodes of 101 unknown classes; there
+// is one more class, but no node of it.
+TEST_F(DatabaseDamageTest, ReportsUnknownClassesThatNodesHaveWithinLimits) {
+  using namespace std::literals;
+  std::string strings = "\150\22DrawableCollection\5nodes"s;
+  std::string classes = "\147\0\12\1\23\0"s + repeat("\2\1\1\0"s, 9);
+  std::string nodes = "\146\0\1\0\0\0"s;
+  for (char i = 0; i < 102; ++i) {
+    strings += "\106" + std::string(60, '.') + std::string(10, i);
+    classes += {static_cast<char>(i + 2), '\0'};
+    nodes += i < 101 ? std::string{static_cast<char>(i + 2), i > 0 ? '\2' : '\1', '\0', '\0'} : "";
+  }
+  nodes.resize(818);
+  std::vector<Finding> findings;
+  const FindingCapture capture(findings);
+  const std::string longName = std::string(60, '.') + std::string(4, '\0');
+  const std::string index = strings + "\0"s + classes + "\0\1\0\0\0\xB2\6"s + nodes;
+  EXPECT_EQ(tryToRead(DatabaseBytes({}, index).join()), "");
+  ASSERT_EQ(findings.size(), 101U);
+  EXPECT_EQ(findings[0].text,
+            "Fields of class DrawableCollection are unknown here and are left out of 1 node: " +
+                repeat(longName + "..., ", 7) + longName + "... and 1 more");
+  EXPECT_EQ(findings[1].text,
+            "A node of class " + longName + "..., which is unknown here, is left out with all that it owns");
+  EXPECT_EQ(findings[100].text, "There are more classes and fields that are unknown here");
 }
 
 /// Of a version whose opacity is another by default.

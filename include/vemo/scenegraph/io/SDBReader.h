@@ -20,9 +20,9 @@ class Node;
 /// and a text that names file and cause; damaged files are never read in part.
 ///
 /// Files of later versions may hold unknown parts: an unknown field is ignored;
-/// a node of an unknown class is left out with all that it owns, with a warning
-/// in the log. A field that the file does not
-/// have keeps its default.
+/// a node of an unknown class is left out with all that it owns. Both are findings,
+/// one for each class that nodes have. A field that the file does not have keeps
+/// its default.
 class VEMO_SCENEGRAPH_EXPORT SDBReader {
  public:
   struct Record {

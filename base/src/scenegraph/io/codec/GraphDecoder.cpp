@@ -34,6 +34,7 @@ void GraphDecoder::setKnown(const KnownNodes& known) {
 }
 
 Ptr<Node> GraphDecoder::decode(std::string_view bytes) {
+  _nodeCounts.assign(_tables.getClasses().size(), 0);
   ByteReader graph(bytes);
   const std::size_t count = graph.count("nodes", MIN_NODE_BYTES);
   readChanged(graph);
@@ -174,6 +175,7 @@ Ptr<Node> GraphDecoder::findOrMake(const Record& record, const FileField* ownerF
     }
     return Ptr<Node>(record.known);
   }
+  ++_nodeCounts[static_cast<std::size_t>(record.fileClass - _tables.getClasses().data())];
   const NodeConstructor construct = record.fileClass->construct;
   return construct != nullptr
              ? construct(ClassNameAndSessionNodeInitializer(record.fileClass->name, _sessionId))

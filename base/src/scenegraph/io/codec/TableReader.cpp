@@ -2,7 +2,6 @@
 
 #include "scenegraph/io/codec/GraphFormat.h"
 #include "scenegraph/io/codec/TableWriter.h"
-#include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/io/FileError.h>
 
 #include <algorithm>
@@ -122,10 +121,10 @@ const FileClass* TableReader::findClass(const std::string& name) const {
 FileClass TableReader::readClass(ByteReader& in) {
   FileClass result;
   result.name = getString(in.index("class name", getStringCount()));
-  std::vector<std::string> names;
+  std::vector<std::size_t> names;
   std::size_t bits = FIRST_FIELD_BIT;
   for (std::size_t count = readFieldCount(in); count > 0; --count) {
-    names.emplace_back(getString(in.index("field name", getStringCount())));
+    names.push_back(in.index("field name", getStringCount()));
     FileField field{readKind(in), FileField::NONE, readDefault(in), false};
     bits += isInRecord(field.kind) ? 1 : 0;
     result.fields.push_back(std::move(field));
@@ -135,11 +134,9 @@ FileClass TableReader::readClass(ByteReader& in) {
   return result;
 }
 
-void TableReader::matchFields(FileClass& fileClass, const std::vector<std::string>& names) {
+void TableReader::matchFields(FileClass& fileClass, const std::vector<std::size_t>& names) {
   fileClass.construct = findNodeConstructor(fileClass.name);
   if (fileClass.construct == nullptr) {
-    vemo::reportFinding(vemo::FindingCode::CLASS_UNKNOWN, "The file has nodes of class " + fileClass.name +
-                                                              ", which is unknown here; they are left out");
     return;
   }
   const Ptr<Node> fresh = fileClass.construct(ClassNameNodeInitializer(fileClass.name));
@@ -150,7 +147,7 @@ void TableReader::matchFields(FileClass& fileClass, const std::vector<std::strin
     FileField& field = fileClass.fields[i];
     std::size_t index = 0;
     for (const Field& candidate : own) {
-      if (names[i] == candidate.name && kindOf(candidate.value) == field.kind) {
+      if (getString(names[i]) == candidate.name && kindOf(candidate.value) == field.kind) {
         field.index = index;
         // Numbers of strings differ from file to file: texts are always set.
         TableWriter tables(sink, false);
@@ -162,9 +159,7 @@ void TableReader::matchFields(FileClass& fileClass, const std::vector<std::strin
       ++index;
     }
     if (field.index == FileField::NONE) {
-      vemo::reportFinding(
-          vemo::FindingCode::FIELD_UNKNOWN,
-          "The field " + names[i] + " of class " + fileClass.name + " is unknown here; it is left out");
+      fileClass.unknownFields.push_back(names[i]);
     }
   }
 }

@@ -34,6 +34,8 @@ struct FileClass {
   NodeConstructor construct = nullptr;
   std::vector<FileField> fields;
   std::size_t presenceBytes = 0;
+  /// Numbers of the names of those that the class of this program does not have.
+  std::vector<std::size_t> unknownFields;
 };
 
 /// The string, list, class and chunk tables of a file, checked.
@@ -64,7 +66,7 @@ class TableReader {
 
  private:
   FileClass readClass(ByteReader& in);
-  void matchFields(FileClass& fileClass, const std::vector<std::string>& names);
+  void matchFields(FileClass& fileClass, const std::vector<std::size_t>& names);
 
   ContentBudget& _budget;
   // One after the other: a file may have a great many short ones.

@@ -1,6 +1,7 @@
 #include "scenegraph/io/codec/ArrayBinder.h"
 #include "scenegraph/io/codec/ChunkIO.h"
 #include "scenegraph/io/codec/GraphDecoder.h"
+#include "scenegraph/io/codec/UnknownParts.h"
 #include "scenegraph/io/database/DatabaseFormat.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/scenegraph/io/ArrayPool.h>
@@ -102,6 +103,7 @@ class SDBReader::Database {
     Ptr<Node> root = decoder.decode(_index.getRecords()[record].graph);
     used = budget.getUsed() - before;
     _used += used;
+    _unknown.report(_index.getTables(), decoder.getNodeCounts());
     return root;
   }
 
@@ -147,6 +149,7 @@ class SDBReader::Database {
   // Of the budget, by records that were read, and in all.
   std::unordered_map<std::size_t, std::uint64_t> _usedByRecord;
   std::uint64_t _used = 0;
+  io::UnknownParts _unknown;
 };
 
 SDBReader::SDBReader(const std::wstring& path) : _path(vemo::toNativePath(path)) {

@@ -1,6 +1,7 @@
 #include "scenegraph/io/codec/ArrayBinder.h"
 #include "scenegraph/io/codec/ChunkIO.h"
 #include "scenegraph/io/codec/GraphDecoder.h"
+#include "scenegraph/io/codec/UnknownParts.h"
 #include "scenegraph/io/stream/StreamFormat.h"
 #include <vemo/scenegraph/NodeRegistry.h>
 #include <vemo/scenegraph/io/FileError.h>
@@ -111,6 +112,7 @@ class NodeInputStream::Connection {
     if (in.left() != 0) {
       fail(fmt::format("{} bytes follow a graph", in.left()));
     }
+    _unknown.report(_tables, decoder.getNodeCounts());
     _nodes.insert(_nodes.end(), decoder.getNewNodes().begin(), decoder.getNewNodes().end());
     return root;
   }
@@ -137,6 +139,7 @@ class NodeInputStream::Connection {
   bool _isBroken = false;
   io::ContentBudget _budget;
   io::TableReader _tables{_budget};
+  io::UnknownParts _unknown;
   io::ArrayBinder _binder;
   // By their numbers.
   io::GraphDecoder::KnownNodes _nodes;
