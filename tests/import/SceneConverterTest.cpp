@@ -35,14 +35,14 @@ class SceneConverterTest : public SceneFixture {
   }
 
   /// Puts a scene graph into the archive: "scene.lum" and "lum0", "lum1", ...
-  void addPayload(const std::vector<const lum::Node*>& roots) {
+  void addPayload(const std::vector<const lum::Node*>& roots, std::size_t withoutArrays = 0) {
     lum::NodeOutputStream stream;
     for (const lum::Node* root : roots) {
       root->write(stream);
     }
     const Payload payload(stream);
     _archive.text("scene.lum", payload.scene);
-    for (std::size_t i = 0; i < payload.data.size(); ++i) {
+    for (std::size_t i = withoutArrays; i < payload.data.size(); ++i) {
       _archive.text("lum" + std::to_string(i), payload.data[i]);
     }
   }
@@ -106,6 +106,15 @@ TEST_F(SceneConverterTest, IgnoresDataThatDoesNotDecode) {
   EXPECT_EQ(std::ranges::count(takeLog(), "Error parsing data input stream!"), 2);
   EXPECT_EQ(drawable<lum::SurfaceDrawable>("g").find<lum::PolyDataNode>()->getPolyData()->GetNumberOfPolys(),
             2);
+}
+
+TEST_F(SceneConverterTest, ReportsArraysOfASceneGraphThatAreMissing) {
+  convert(geometry("polys='quad'"));
+  addPayload({_sceneNode.get()}, 2);
+  _archive.text("lum_x", "no data");
+  const FoundFindings found;
+  run(sceneXml(""));
+  EXPECT_EQ(std::ranges::count(found.codes(), "payload-damaged"), 2) << "one is damaged, another is missing";
 }
 
 TEST_F(SceneConverterTest, NeedsExactlyOneSceneNode) {

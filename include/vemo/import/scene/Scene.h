@@ -85,6 +85,8 @@ class VEMO_IMPORT_EXPORT Scene : public AssemblyItem {
   void addLUMDataFile(Array_t<unsigned char> file);
   /// In the order in which they were added.
   const std::list<Array_t<unsigned char>>& getLUMDataFiles() const { return _lumDataFiles; }
+  /// Removes the first of these and gives it to the caller.
+  ArrayOwner<unsigned char> takeLUMDataFile();
 
  protected:
   bool alwaysHaveVersionSaved() const { return false; }

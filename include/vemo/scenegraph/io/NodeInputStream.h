@@ -4,6 +4,7 @@
 #include <vemo/scenegraph/Ptr.h>
 #include <vemo/scenegraph/io/NodeStream.h>
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -25,6 +26,10 @@ class VEMO_SCENEGRAPH_EXPORT NodeInputStream : public NodeStream {
 
   /// The roots decoded so far that are still alive, in order.
   std::vector<Ptr<Node>> getRoots() const;
+
+  /// How many arrays, of all that the scene streams announced for nodes, have not
+  /// been read.
+  std::size_t getMissingArrayCount() const;
 
  private:
   class Connection;

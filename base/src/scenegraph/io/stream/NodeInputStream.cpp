@@ -95,6 +95,12 @@ class NodeInputStream::Connection {
     return roots;
   }
 
+  std::size_t getMissingArrayCount() {
+    const std::vector<std::size_t> expected = _binder.getExpected();
+    return static_cast<std::size_t>(
+        std::ranges::count_if(expected, [this](std::size_t chunk) { return !_binder.has(chunk); }));
+  }
+
  private:
   Ptr<Node> readMessage(io::InputSource& source, bool hasLists) {
     std::uint64_t sizeAndHash[2];
@@ -166,6 +172,10 @@ int NodeInputStream::getSessionId() const {
 
 std::vector<Ptr<Node>> NodeInputStream::getRoots() const {
   return _connection->getRoots();
+}
+
+std::size_t NodeInputStream::getMissingArrayCount() const {
+  return _connection->getMissingArrayCount();
 }
 
 }  // namespace lum

@@ -112,6 +112,12 @@ void Scene::addLUMDataFile(Array_t<unsigned char> file) {
   _lumDataFiles.push_back(file);
 }
 
+ArrayOwner<unsigned char> Scene::takeLUMDataFile() {
+  ArrayOwner file(_lumDataFiles.front());
+  _lumDataFiles.pop_front();
+  return file;
+}
+
 void Scene::read(const QxElement& element, SceneFileReader* reader) {
   AssemblyItem::read(element, reader);
   readImpl(element, reader);

@@ -13,6 +13,8 @@
 #include <vemo/scenegraph/io/NodeInputStream.h>
 #include <vemo/scenegraph/io/SceneGraphReader.h>
 
+#include <fmt/format.h>
+
 namespace vemo {
 
 namespace {
@@ -23,26 +25,44 @@ std::span<unsigned char> bytesOf(const Array_t<unsigned char>& file) {
   return {file.data, static_cast<std::size_t>(file.count)};
 }
 
+void reportDamage(const std::string& text) {
+  reportFinding(FindingCode::PAYLOAD_DAMAGED, text);
+}
+
+/// Releases each data file once it is decoded: arrays may take most of the memory.
+void decodeDataFiles(Scene& scene, lum::NodeInputStream& nodes, lum::SceneGraphReader& reader) {
+  std::size_t damaged = 0;
+  while (!scene.getLUMDataFiles().empty()) {
+    const ArrayOwner<unsigned char> file = scene.takeLUMDataFile();
+    MemoryStream dataStream(bytesOf(file.get()));
+    if (!reader.loadVtkDataFromInputStream(dataStream)) {
+      VEMO_LOG_ERROR("Error parsing data input stream!");
+      reportDamage("Data of the scene graph in the archive cannot be read");
+      ++damaged;
+    }
+  }
+  const std::size_t missing = nodes.getMissingArrayCount();
+  if (missing > damaged) {
+    reportDamage(
+        fmt::format("{} of the arrays of the scene graph are not in the archive; geometry is missing",
+                    missing - damaged));
+  }
+}
+
 /// The scene node of the streams; empty when they hold none, or several.
-SceneNodePtr decodeStreams(const Scene& scene, int session) {
+SceneNodePtr decodeStreams(Scene& scene, int session) {
   lum::NodeInputStream nodes(session);
   lum::SceneGraphReader reader(nodes);
   MemoryStream sceneStream(bytesOf(scene.getLUMSceneFile()));
   if (!reader.loadSceneFileFromInputStream(sceneStream)) {
     return {};
   }
-  for (const auto& file : scene.getLUMDataFiles()) {
-    MemoryStream dataStream(bytesOf(file));
-    if (!reader.loadVtkDataFromInputStream(dataStream)) {
-      VEMO_LOG_ERROR("Error parsing data input stream!");
-      reportFinding(FindingCode::PAYLOAD_DAMAGED, "Data of the scene graph in the archive cannot be read");
-    }
-  }
+  decodeDataFiles(scene, nodes, reader);
   const auto found = lum::NodeRegistry::getSingleton(session).getNodes(lum::SceneNode::getClassName());
   return found.size() == 1 ? SceneNodePtr(found.front()) : SceneNodePtr();
 }
 
-SceneNodePtr decode(const Scene& scene, int session) {
+SceneNodePtr decode(Scene& scene, int session) {
   VEMO_LOG_INFO("\n\tparcing new, lum-based, format");
   SceneNodePtr sceneNode;
   if (scene.getLUMSceneFile().count != 0) {
@@ -127,10 +147,8 @@ SceneImport::SceneImport(const std::wstring& path) : _reader(ZipFileReader(path)
 
 SceneImport::~SceneImport() {
   OS::MemoryReserve::useForDestructors();
-  if (_scene) {
-    for (const auto& file : _scene->getLUMDataFiles()) {
-      const ArrayOwner<unsigned char> released(file);
-    }
+  while (_scene && !_scene->getLUMDataFiles().empty()) {
+    _scene->takeLUMDataFile();
   }
 }
 
