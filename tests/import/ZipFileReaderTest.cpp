@@ -90,6 +90,9 @@ TEST_F(ZipFileReaderTest, OpensAnyNameAndNoEntries) {
 
 TEST_F(ZipFileReaderTest, ReportsWhatItCannotOpen) {
   EXPECT_EQ(failureToOpen(path()), "FileNotFoundException: File does not exist | ::");
+  write(ArchiveBuilder().build());
+  EXPECT_EQ(failureToOpen(path() + std::wstring(L"\0x", 2)),
+            "FileNotFoundException: File does not exist | ::");
   writeFile(_folder / "text", "text");
   writeFile(_folder / "empty", "");
   ASSERT_EQ(mkfifo((_folder / "pipe").c_str(), 0600), 0);

@@ -88,8 +88,9 @@ TEST(CollectionNodeTest, ARecursiveSetterReachesWhatTheDrawableOwns) {
 
 TEST(CollectionNodeTest, GeometryWithoutANameGetsOneOfItsOwn) {
   const auto drawable = make<lum::SurfaceDrawable>();
+  lum::Drawable& base = *drawable;
   for (const char* name : {"", "PolyDataNode3", "", "", "given"}) {
-    ASSERT_TRUE(drawable->addNode(*make<lum::PolyDataNode>(name)));
+    ASSERT_TRUE(base.addNode(*make<lum::PolyDataNode>(name)));
   }
   std::vector<std::string> names;
   for (const auto& node : drawable->getNodes()) {

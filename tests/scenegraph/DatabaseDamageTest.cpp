@@ -206,6 +206,12 @@ TEST_F(DatabaseDamageTest, SaysWhatIsWrong) {
   }
   EXPECT_THROW(lum::SDBReader(wide(folder / "none.sdb")), FileError);
   EXPECT_THROW(lum::SDBReader(wide(folder.path())), FileError);
+  writeFile(path, bytes);
+  EXPECT_THROW(lum::SDBReader(wide(path) + L'\0'), FileError);
+  lum::SDBReader reader(wide(path));
+  EXPECT_THROW(reader.readNode(1), FileError);
+  EXPECT_THROW(reader.checkArray(reader.getArrays().size()), FileError);
+  EXPECT_EQ(reader.checkRecord(1, {}).faults.size(), 1U);
 }
 
 // Small files that would have us fill gigabytes, or work for hours.

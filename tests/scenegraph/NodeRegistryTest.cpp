@@ -48,6 +48,11 @@ TEST(NodeRegistryTest, ASessionListsItsNodesAndReleasesThoseItKeeps) {
   EXPECT_FALSE(makeIn(lum::NO_SESSION, "Drawable")) << "is abstract";
 }
 
+TEST(NodeRegistryTest, InitializersKeepTemporaryNames) {
+  const lum::ClassNameNodeInitializer initializer(std::string("DrawableCollection"));
+  EXPECT_TRUE(lum::createNode(initializer));
+}
+
 TEST(NodeRegistryTest, GivesTheNodeOfANameOrMakesIt) {
   auto& sessions = lum::NodeRegistrySessions::getSingleton();
   const int session = sessions.createSession();

@@ -135,6 +135,10 @@ bool CollectionNode::accepts(const Node& /*node*/) const {
 }
 
 bool CollectionNode::addNode(Node& node) {
+  return append(node);
+}
+
+bool CollectionNode::append(Node& node) {
   if (!accepts(node) || !canOwn(*this, node)) {
     return false;
   }

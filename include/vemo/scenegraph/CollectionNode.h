@@ -25,7 +25,7 @@ class VEMO_SCENEGRAPH_EXPORT CollectionNode : public Node {
   /// Appends a node. False, without a change, when the collection does not take
   /// nodes of its class, the node has an owner, or it is an owner of
   /// this collection.
-  bool addNode(Node& node);
+  virtual bool addNode(Node& node);
 
   /// False when the node is not in this collection.
   bool removeNode(Node& node);
@@ -71,7 +71,10 @@ class VEMO_SCENEGRAPH_EXPORT CollectionNode : public Node {
 
  private:
   class Index;
+  friend class io::GraphDecoder;
 
+  /// Adds a node as it is.
+  bool append(Node& node);
   template <class T>
   T& create(const std::string& name) {
     Ptr<T> node(new T(ClassNameAndSessionNodeInitializer(T::getClassName(), getSessionId())));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 namespace lum {
 
@@ -11,15 +12,24 @@ inline constexpr int NO_SESSION = -1;
 /// class's own getClassName(), and the registry session that it lives in.
 class NodeInitializer {
  public:
-  const std::string& getClassName() const { return _className; }
+  NodeInitializer(const NodeInitializer&) = delete;
+  NodeInitializer& operator=(const NodeInitializer&) = delete;
+
+  const std::string& getClassName() const { return *_className; }
   int getSessionId() const { return _sessionId; }
 
  protected:
+  ~NodeInitializer() = default;
+
+  /// The name must outlive the initializer, unless it is a temporary.
   NodeInitializer(const std::string& className, int sessionId)
-      : _className(className), _sessionId(sessionId) {}
+      : _className(&className), _sessionId(sessionId) {}
+  NodeInitializer(std::string&& className, int sessionId)
+      : _ownClassName(std::move(className)), _className(&_ownClassName), _sessionId(sessionId) {}
 
  private:
-  const std::string& _className;
+  std::string _ownClassName;
+  const std::string* _className;
   int _sessionId;
 };
 
@@ -27,6 +37,8 @@ class NodeInitializer {
 class ClassNameNodeInitializer : public NodeInitializer {
  public:
   explicit ClassNameNodeInitializer(const std::string& className) : NodeInitializer(className, NO_SESSION) {}
+  explicit ClassNameNodeInitializer(std::string&& className)
+      : NodeInitializer(std::move(className), NO_SESSION) {}
 };
 
 /// For a node in a session, mostly that of the node which will own it.
@@ -34,6 +46,8 @@ class ClassNameAndSessionNodeInitializer : public NodeInitializer {
  public:
   ClassNameAndSessionNodeInitializer(const std::string& className, int sessionId)
       : NodeInitializer(className, sessionId) {}
+  ClassNameAndSessionNodeInitializer(std::string&& className, int sessionId)
+      : NodeInitializer(std::move(className), sessionId) {}
 };
 
 }  // namespace lum

@@ -15,7 +15,7 @@ class VEMO_SCENEGRAPH_EXPORT GeometryDrawable : public Drawable {
   /// Created on first access.
   ColorAttributes* getColorAttributes() override { return &getAttributes<ColorAttributes>(); }
 
-  bool addNode(Node& node);
+  bool addNode(Node& node) override;
 
  protected:
   ~GeometryDrawable() override = default;

@@ -191,7 +191,7 @@ void GraphDecoder::attach(Level& owner, const FileField& ownerField, Node& node)
   if (const auto* slot = std::get_if<OwnedSlot*>(&field.value)) {
     done = (*slot)->getNode() == nullptr && (*slot)->put(*owner.node, &node);
   } else {
-    done = std::get<CollectionNode*>(field.value)->addNode(node);
+    done = std::get<CollectionNode*>(field.value)->append(node);
   }
   if (!done) {
     fail(fmt::format("The field {} of {} does not take {}", field.name, describeNode(*owner.node),

@@ -22,6 +22,10 @@ namespace {
 
 /// Opens a regular file: opening a pipe would block.
 std::ifstream openFile(const std::string& path) {
+  // The system would take the path up to the zero.
+  if (path.find('\0') != std::string::npos) {
+    throw io::FileError(io::FileIoStatus::NotFound, std::generic_category().message(ENOENT));
+  }
   struct stat status {};
   if (::stat(path.c_str(), &status) != 0) {
     const int error = errno;
@@ -37,6 +41,13 @@ std::ifstream openFile(const std::string& path) {
     throw io::FileError(io::FileIoStatus::ReadError, std::generic_category().message(errno));
   }
   return file;
+}
+
+void requireBelow(std::size_t count, std::size_t number, const char* what) {
+  if (number >= count) {
+    throw io::FileError(io::FileIoStatus::ReadError,
+                        fmt::format("There is no number {}: the file has {} {}", number, count, what));
+  }
 }
 
 /// Calls a function; errors name the file and the place in it, which another
@@ -174,17 +185,19 @@ std::vector<SDBReader::Array> SDBReader::getArrays() const {
 }
 
 Ptr<Node> SDBReader::readNode(std::size_t record, int sessionId, ArrayPool* pool) {
-  VEMO_REQUIRE(record < _records.size(), "No such record " + std::to_string(record));
   return at([&] { return fmt::format("{}: Record {}", _path, record); },
-            [&] { return _database->readNode(record, sessionId, pool); });
+            [&] {
+              requireBelow(_records.size(), record, "records");
+              return _database->readNode(record, sessionId, pool);
+            });
 }
 
 SDBReader::CheckedRecord SDBReader::checkRecord(std::size_t record,
                                                 const std::set<std::size_t>& damagedArrays) {
-  VEMO_REQUIRE(record < _records.size(), "No such record " + std::to_string(record));
   CheckedRecord checked;
   std::vector<std::string> faults;
   try {
+    requireBelow(_records.size(), record, "records");
     checked.node = _database->checkRecord(record, damagedArrays, faults);
   } catch (const io::FileError& error) {
     faults.emplace_back(error.what());
@@ -196,9 +209,11 @@ SDBReader::CheckedRecord SDBReader::checkRecord(std::size_t record,
 }
 
 void SDBReader::checkArray(std::size_t array) {
-  VEMO_REQUIRE(array < _database->getIndex().getTables().getChunks().size(),
-               "No such array " + std::to_string(array));
-  at([this] { return _path; }, [&] { _database->checkChunk(array); });
+  at([this] { return _path; },
+     [&] {
+       requireBelow(_database->getIndex().getTables().getChunks().size(), array, "arrays");
+       _database->checkChunk(array);
+     });
 }
 
 }  // namespace lum

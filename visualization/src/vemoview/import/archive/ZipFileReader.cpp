@@ -19,7 +19,8 @@ constexpr unsigned FLAG_ENCRYPTED = 1;
 /// Throws for a file that must not be opened as an archive.
 void checkFile(const std::wstring& path) {
   struct stat status {};
-  if (wideStat(path.c_str(), &status) != 0) {
+  // The system would take the path up to the zero.
+  if (path.find(L'\0') != std::wstring::npos || wideStat(path.c_str(), &status) != 0) {
     throw FileNotFoundException("File does not exist");
   }
   if ((status.st_mode & S_IRUSR) == 0) {
