@@ -207,6 +207,19 @@ TEST(StreamTest, ReleasesNodesThatMoveWhereNothingIsKnown) {
   }
 }
 
+// Would take minutes if it took longer for each scene than for the one before.
+TEST(StreamTest, CarriesAGreatManyScenes) {
+  constexpr std::size_t COUNT = 60'000;
+  const auto scene = make<lum::DrawableCollection>();
+  NodeOutputStream out;
+  for (std::size_t i = 0; i < COUNT; ++i) {
+    scene->write(out);
+  }
+  NodeInputStream in(lum::NO_SESSION);
+  EXPECT_EQ(load(Payload(out), in), 0);
+  EXPECT_EQ(in.getRoots().size(), COUNT);
+}
+
 TEST(StreamTest, StreamsAreReadOrWriteOnly) {
   NodeOutputStream out;
   NodeInputStream in(lum::NO_SESSION);

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <fmt/format.h>
+#include <unordered_map>
 #include <utility>
 
 namespace lum {
@@ -124,9 +125,11 @@ class NodeInputStream::Connection {
   }
 
   void keep(Node& root) {
-    if (std::ranges::any_of(_roots, [&](const auto& known) { return known.get() == &root; })) {
+    WeakPtr<Node>& known = _rootsByAddress[&root];
+    if (known) {
       return;
     }
+    known = &root;
     _roots.emplace_back(&root);
     if (_sessionId != NO_SESSION) {
       NodeRegistry::getSingleton(_sessionId).keep(root);
@@ -150,6 +153,8 @@ class NodeInputStream::Connection {
   // By their numbers.
   io::GraphDecoder::KnownNodes _nodes;
   std::vector<WeakPtr<Node>> _roots;
+  // What is found at an address may be gone.
+  std::unordered_map<const Node*, WeakPtr<Node>> _rootsByAddress;
   std::vector<Ptr<Node>> _kept;
 };
 
