@@ -1,7 +1,7 @@
 #pragma once
 
+#include "scenegraph/io/bytes/InputSource.h"
 #include "scenegraph/io/codec/ChunkRow.h"
-#include "scenegraph/io/codec/InputSource.h"
 
 #include <vtkSmartPointer.h>
 

@@ -1,7 +1,7 @@
 #include "scenegraph/io/codec/ChunkRow.h"
 
-#include "scenegraph/io/codec/ByteReader.h"
-#include "scenegraph/io/codec/ByteWriter.h"
+#include "scenegraph/io/bytes/ByteReader.h"
+#include "scenegraph/io/bytes/ByteWriter.h"
 #include <vemo/scenegraph/io/FileError.h>
 
 #include <vtkDataArray.h>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "scenegraph/io/codec/ByteReader.h"
-#include "scenegraph/io/codec/ContentBudget.h"
+#include "scenegraph/io/bytes/ByteReader.h"
+#include "scenegraph/io/bytes/ContentBudget.h"
 #include "scenegraph/io/codec/TableReader.h"
 
 #include <concepts>

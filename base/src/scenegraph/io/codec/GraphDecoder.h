@@ -1,8 +1,8 @@
 #pragma once
 
+#include "scenegraph/io/bytes/ByteReader.h"
+#include "scenegraph/io/bytes/ContentBudget.h"
 #include "scenegraph/io/codec/ArrayBinder.h"
-#include "scenegraph/io/codec/ByteReader.h"
-#include "scenegraph/io/codec/ContentBudget.h"
 #include "scenegraph/io/codec/TableReader.h"
 #include <vemo/scenegraph/Node.h>
 #include <vemo/scenegraph/Ptr.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "scenegraph/io/codec/ByteWriter.h"
+#include "scenegraph/io/bytes/ByteWriter.h"
 #include "scenegraph/io/codec/PolyDataCheck.h"
 #include "scenegraph/io/codec/TableWriter.h"
 #include <vemo/scenegraph/Node.h>

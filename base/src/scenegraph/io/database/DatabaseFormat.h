@@ -1,6 +1,6 @@
 #pragma once
 
-#include "scenegraph/io/codec/InputSource.h"
+#include "scenegraph/io/bytes/InputSource.h"
 #include "scenegraph/io/codec/TableReader.h"
 
 #include <cstddef>

@@ -1,4 +1,4 @@
-#include "scenegraph/io/codec/ContentBudget.h"
+#include "scenegraph/io/bytes/ContentBudget.h"
 
 #include <vemo/scenegraph/io/FileError.h>
 

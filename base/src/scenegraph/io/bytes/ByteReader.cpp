@@ -1,4 +1,4 @@
-#include "scenegraph/io/codec/ByteReader.h"
+#include "scenegraph/io/bytes/ByteReader.h"
 
 #include <vemo/scenegraph/io/FileError.h>
 

@@ -1,4 +1,4 @@
-#include "scenegraph/io/codec/InputSource.h"
+#include "scenegraph/io/bytes/InputSource.h"
 
 #include <vemo/scenegraph/io/FileError.h>
 
