@@ -17,6 +17,7 @@
 
 #include <gmock/gmock.h>
 #include <sstream>
+#include <tuple>
 
 namespace vemo {
 
@@ -212,6 +213,46 @@ TEST_F(DatabaseDamageTest, SaysWhatIsWrong) {
   EXPECT_THROW(reader.readNode(1), FileError);
   EXPECT_THROW(reader.checkArray(reader.getArrays().size()), FileError);
   EXPECT_EQ(reader.checkRecord(1, {}).faults.size(), 1U);
+}
+
+// Indexes that no writer makes.
+TEST_F(DatabaseDamageTest, SaysWhatIsWrongInTheIndex) {
+  using namespace std::literals;
+  const std::string strings = "\2\22DrawableCollection\5nodes\0"s;
+  const std::string fileClass = "\0\1\1\23\0"s;
+  const auto withArrays = [&](const std::string& rowsAndGaps) { return strings + "\0"s + rowsAndGaps; };
+  const auto withGraph = [&](const std::string& graph) {
+    const std::string size = {static_cast<char>((graph.size() & 0x7F) | 0x80),
+                              static_cast<char>(graph.size() >> 7)};
+    return strings + "\1"s + fileClass + "\0\1\0\0\0"s + size + graph;
+  };
+  const std::string two = "\2\0\1\0\0"s;
+  const std::string hash(8, '\0');
+  const std::string padding(16, '\0');
+  const auto power = [](int shift) {
+    return std::string(static_cast<std::size_t>(shift / 7), '\x80') + static_cast<char>(1 << shift % 7);
+  };
+  const std::tuple<std::string, std::string, const char*> cases[] = {
+      {"", power(64), "strings: a number is too large"},
+      {"", withGraph(power(61) + padding), "nodes: count 2305843009213693952 is too large"},
+      {"", strings + "\2"s + fileClass + fileClass, "Duplicate class"},
+      {"", withArrays("\1\12\1" + power(61) + "\0"s + hash), "Invalid array shape"},
+      {"", withArrays("\1\12\1\1\0"s + hash + "\0"s), "of 8 bytes overlaps the index"},
+      {"", withArrays("\1\2\1\0\0"s + hash + power(58)), "overlaps the index"},
+      {"x", withArrays("\2\2\1\1\0"s + hash + "\2\1\0\0"s + hash + "\0\0"s), "Array 1"},
+      {"", withGraph(two + "\1\1\0\0\0"s + padding) + "x", "1 bytes follow the last record"},
+      {"", withGraph(two + "\1\3\0\0\0"s + padding), "Its owner is 2 levels up, but the depth is 1"},
+      {"", withGraph(two + "\1\0\0\0"s + padding), "There is more than one root"},
+      {"", withGraph("\1\0\1\1\0\0"s + padding), "The first node has an owner"},
+      {"", withGraph("\1\0\3\0\0"s + padding), "Class index 2 out of range"},
+      {"", withGraph(two + "\1\1\0\0\1\0\0\1"s + padding), "reference in a field of another kind"},
+      {"", withGraph(two + "\1\1\0\0\1\0\1\1"s + padding), "reference in a field of another kind"},
+      {"", withGraph("\x81\2\0\1\0\0"s + repeat("\1\1\0\0"s, 256) + std::string(1029, '\0')),
+       "nested more than 256 nodes deep"},
+  };
+  for (const auto& [chunks, index, message] : cases) {
+    EXPECT_THAT(tryToRead(DatabaseBytes(chunks, index).join()), HasSubstr(message));
+  }
 }
 
 // Small files that would have us fill gigabytes, or work for hours.

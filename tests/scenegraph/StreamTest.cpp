@@ -103,7 +103,7 @@ TEST(StreamTest, RefusesEveryPrefixAndEveryWrongByte) {
     stream.readScene(scene);
     std::string wrong = data;
     wrong[size] = static_cast<char>(wrong[size] ^ 0x41);
-    for (const std::string& damaged : {data.substr(0, size), wrong}) {
+    for (const std::string& damaged : {data.substr(0, size), wrong, data + "x"}) {
       std::istringstream in(damaged);
       EXPECT_THROW(stream.readData(in), lum::io::FileError) << size;
     }
