@@ -77,14 +77,6 @@ TEST_F(CommandLineTest, AnswersAsInTheTranscript) {
   std::string description = makeDescription("heat");
   description.insert(description.find("<geometry"), "<vectors name=\"wind\"/><streamlines name=\"paths\"/>");
   makeArchive(description).write(_folder / "more.zip");
-  // An array that is left out, by which points are to be scaled: one finding.
-  ArchiveBuilder()
-      .text("scene.xml",
-            "<scene background='ffffffff'><geometry name='g' visibility='1' points='points' "
-            "lineColor='000000ff' faceColor='000000ff' pointScaleMode='1' pointScaleScalarName='s'>"
-            "<array name='s' dim='1' data='points'/></geometry></scene>")
-      .floats("points", {0, 0, 0})
-      .write(_folder / "scaled.zip");
   DatabaseBytes newer(readFile(_folder / "scene.sdb"));
   newer.replaceInIndex("MeshAttributes", "WarpAttributes");
   writeFile(_folder / "newer.sdb", newer.join());

@@ -8,17 +8,21 @@
 
 namespace vemo {
 
-/// Finds out which findings of drawing a scene only repeat what reading its archive has
-/// reported, or follow from it.
+/// Tells apart what drawing a scene reports for the first time from what reading its
+/// archive has reported in the same words.
 class RepeatedFindings {
  public:
-  /// Must be called for all findings in order.
-  bool isRepeated(const Finding& finding);
+  /// Of all findings in order.
+  bool isRepeated(const Finding& finding) {
+    if (!finding.nodePath.empty()) {
+      return _ofItems.contains({finding.code, finding.text});
+    }
+    _ofItems.emplace(finding.code, finding.text);
+    return false;
+  }
 
  private:
   std::set<std::pair<FindingCode, std::string>> _ofItems;
-  /// Where the nodes of geometries are that have lost an array, once for each array.
-  std::multiset<std::string> _withoutArray;
 };
 
 }  // namespace vemo
