@@ -74,6 +74,7 @@ ExitCode runCommandLine(int argc, char** argv) {
   std::signal(SIGXFSZ, SIG_IGN);
   Command command;
   try {
+    // Static: also for destructors at exit.
     static const OS::MemoryReserve reserve;
     showLog();
     const ExitCode code = parse(argc, argv, command);

@@ -21,7 +21,7 @@ TEST(HugePagesTest, ChangeNoContent) {
   EXPECT_EQ(std::ranges::count(memory, 'a'), static_cast<std::ptrdiff_t>(memory.size()));
 }
 
-TEST(HugePagesTest, ReleaseNothingAroundTheBytes) {
+TEST(HugePagesTest, ReleaseOnlyWhatLiesWithinTheBytes) {
   constexpr std::size_t MIB = std::size_t{1} << 20U;
   std::vector<char> memory(12 * MIB, 'a');
   for (const std::size_t offset : {std::size_t{0}, std::size_t{1}, MIB + 7}) {
@@ -29,6 +29,7 @@ TEST(HugePagesTest, ReleaseNothingAroundTheBytes) {
     releasePages(memory.data() + offset, size);
     EXPECT_EQ(std::count(memory.begin(), memory.begin() + offset, 'a'), offset);
     EXPECT_EQ(std::count(memory.begin() + offset + size, memory.end(), 'a'), memory.size() - offset - size);
+    EXPECT_EQ(memory[offset + size / 2], '\0');
     std::ranges::fill(memory, 'a');
   }
 }

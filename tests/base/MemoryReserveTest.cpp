@@ -19,10 +19,14 @@ TEST(MemoryReserveTest, ServesTheFirstAllocationThatFailsAndLetsTheNextOneThrow)
     EXPECT_EQ(std::get_new_handler(), nullptr);
   }
   const OS::MemoryReserve next;
-  OS::MemoryReserve::useForDestructors();
-  EXPECT_NO_THROW(std::get_new_handler()());
-  EXPECT_NO_THROW(std::get_new_handler()());
-  EXPECT_THROW(std::get_new_handler()(), std::bad_alloc);
+  const auto handle = std::get_new_handler();
+  {
+    OS::MemoryReserve nested;
+    nested.useForDestructors();
+    EXPECT_NO_THROW(handle());
+    EXPECT_NO_THROW(handle());
+  }
+  EXPECT_THROW(handle(), std::bad_alloc);
 }
 
 TEST(MemoryReserveTest, LeavesTheHandlerOfAHostAlone) {

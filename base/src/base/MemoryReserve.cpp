@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <cstddef>
+#include <memory>
 #include <new>
 
 namespace vemo::OS {
@@ -37,14 +38,15 @@ void handleNoMemory() {
 
 MemoryReserve::MemoryReserve() : _isInstalled(std::get_new_handler() == nullptr) {
   if (_isInstalled) {
-    reserve.toGoOn = new std::byte[PART_BYTES];
+    auto toGoOn = std::make_unique<std::byte[]>(PART_BYTES);
     reserve.toUnwind = new std::byte[PART_BYTES];
-    reserve.isForDestructors = false;
+    reserve.toGoOn = toGoOn.release();
     std::set_new_handler(handleNoMemory);
   }
 }
 
 MemoryReserve::~MemoryReserve() {
+  reserve.isForDestructors = false;
   if (_isInstalled && std::get_new_handler() == handleNoMemory) {
     std::set_new_handler(nullptr);
     freePart(reserve.toGoOn);

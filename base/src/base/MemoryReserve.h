@@ -9,6 +9,8 @@ namespace vemo::OS {
 /// VTK's objects have them, from where an exception would end the process. The next one
 /// throws std::bad_alloc, and the rest is there for destructors and for the message.
 ///
+/// A failure that its caller handles spends it, too: what follows has none.
+///
 /// The handler for allocations that fail (`std::set_new_handler`) is the process's:
 /// where there is one already, nothing is set aside.
 class VEMO_BASE_EXPORT MemoryReserve {
@@ -19,8 +21,9 @@ class VEMO_BASE_EXPORT MemoryReserve {
   MemoryReserve(const MemoryReserve&) = delete;
   MemoryReserve& operator=(const MemoryReserve&) = delete;
 
-  /// From here on nothing throws until all is used up: destructors follow.
-  static void useForDestructors();
+  /// Until this object is destroyed, nothing throws before all is used up: destructors
+  /// follow.
+  void useForDestructors();
 
  private:
   bool _isInstalled;

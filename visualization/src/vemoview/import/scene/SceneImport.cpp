@@ -146,7 +146,7 @@ void SceneImport::Session::leaveOpen() {
 SceneImport::SceneImport(const std::wstring& path) : _reader(ZipFileReader(path)) {}
 
 SceneImport::~SceneImport() {
-  OS::MemoryReserve::useForDestructors();
+  _reserve.useForDestructors();
   while (_scene && !_scene->getLUMDataFiles().empty()) {
     _scene->takeLUMDataFile();
   }
