@@ -219,6 +219,18 @@ TEST(ScenePictureTest, LooksThroughTheCameraOrFramesTheScene) {
   }
 }
 
+TEST(ScenePictureTest, ShowsWhatIsNearBeforeWhatIsFar) {
+  RenderScene scene;
+  scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 0, 0});
+  scene.addSurface(makeRectangle(-900, 900, -900, 900, -1000), {0, 1, 0});
+  auto& camera = scene.canvas().getCameraAttributes();
+  camera.setPosition({0, 0, 5});
+  camera.setProjectionMode(lum::CameraAttributes::ProjectionMode::PERSPECTIVE);
+  const Picture picture = scene.render();
+  EXPECT_EQ(at(picture, 0, 0), RED);
+  EXPECT_EQ(at(picture, 0.9, 0.9), GREEN);
+}
+
 TEST(ScenePictureTest, LeavesOutPointsThatAreNotFinite) {
   RenderScene scene;
   const auto surface = makePolyData(flat({-1, -1, 0, -1, 0, 1, -1, 1, NAN, 0, 1e30F, 0}),

@@ -8,8 +8,11 @@ namespace vemo {
 namespace {
 
 bool steersTerminal(wchar_t character) {
-  return character != L'\n' && (character < 0x20 || (character >= 0x7F && character < 0xA0) ||
-                                (character >= 0xD800 && character < 0xE000));
+  return character != L'\n' &&
+         (character < 0x20 || (character >= 0x7F && character < 0xA0) ||
+          (character >= 0xD800 && character < 0xE000) ||
+          // They change the direction of what follows.
+          (character >= 0x202A && character <= 0x202E) || (character >= 0x2066 && character <= 0x2069));
 }
 
 }  // namespace

@@ -74,8 +74,11 @@ std::string describe(const Finding& finding) {
   const std::string attribute = kind.severity == Severity::REFUSED ? finding.attribute : std::string();
   const std::string place =
       describePlace(finding.itemPath, finding.line, finding.entry, attribute, finding.nodePath);
-  return fmt::format("{}: {} ({}{}{})", severityName(kind.severity), finding.text, kind.name,
-                     place.empty() ? "" : "; ", place);
+  std::string line = fmt::format("{}: {} ({}{}{})", severityName(kind.severity), finding.text, kind.name,
+                                 place.empty() ? "" : "; ", place);
+  // A name with a line break could otherwise look like another finding.
+  std::ranges::replace(line, '\n', ' ');
+  return line;
 }
 
 }  // namespace vemo

@@ -14,6 +14,10 @@ namespace vemo {
 
 namespace {
 
+/// The nearest that perspective shows, as a part of the farthest: less leaves too little
+/// precision for what is far away.
+constexpr double LEAST_NEAR = 1e-4;
+
 /// Of a box, from the camera along its direction; negative for one that is partly behind.
 double leastDepth(const double* bounds, vtkCamera& camera) {
   const Vector3 position = toVector(camera.GetPosition());
@@ -44,9 +48,12 @@ CanvasRenderer::CanvasRenderer() {
 void CanvasRenderer::ResetCameraClippingRange(const double bounds[6]) {
   vtkOpenGLRenderer::ResetCameraClippingRange(bounds);
   vtkCamera& camera = *GetActiveCamera();
-  const double* const range = camera.GetClippingRange();
-  if (camera.GetParallelProjection() != 0 && leastDepth(bounds, camera) < range[0]) {
-    camera.SetClippingRange(0.0, range[1]);
+  const double near = camera.GetClippingRange()[0];
+  const double far = camera.GetClippingRange()[1];
+  const double depth = leastDepth(bounds, camera);
+  if (depth < near) {
+    const double nearest = camera.GetParallelProjection() != 0 ? 0.0 : std::max(depth, far * LEAST_NEAR);
+    camera.SetClippingRange(std::min(near, nearest), far);
   }
 }
 

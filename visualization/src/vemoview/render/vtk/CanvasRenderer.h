@@ -10,8 +10,8 @@ namespace vemo {
 /// the front and from the back, and leaves out all but the front layers where something
 /// opaque is behind every pixel of theirs.
 ///
-/// In parallel projection it shows everything in front of the camera. VTK leaves out
-/// what is very near, which saves precision in perspective only.
+/// It shows what is near the camera: in parallel projection everything in front of it, in
+/// perspective down to 1/10,000 of the farthest. VTK leaves out what is nearer than 1/100.
 class CanvasRenderer : public vtkOpenGLRenderer {
  public:
   static CanvasRenderer* New();
