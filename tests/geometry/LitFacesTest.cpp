@@ -14,19 +14,19 @@ namespace {
 
 using Corners = std::vector<vtkIdType>;
 
-Corners polygon(vtkPolyData& mesh, vtkIdType number) {
+Corners corners(vtkCellArray& cells, vtkIdType number) {
   vtkNew<vtkIdList> points;
-  mesh.GetPolys()->GetCellAtId(number, points);
+  cells.GetCellAtId(number, points);
   return {points->begin(), points->end()};
 }
 
 TEST(LitFacesTest, AreWoundAsTheirNormalsSay) {
-  // Two squares side by side, and a point of its own.
-  const auto points = flat({0, 0, 1, 0, 2, 0, 0, 1, 1, 1, 2, 1, 9, 9});
+  // A square, a polygon beside it that is concave at the point 5, and a point of its own.
+  const auto points = flat({0, 0, 1, 0, 2, 0, 0, 1, 1, 1, 1.2F, 0.2F, 9, 9});
   const Corners left{0, 1, 4, 3};
   const Corners leftReversed{3, 4, 1, 0};
-  const Corners right{1, 2, 5, 4};
-  const Corners rightReversed{4, 5, 2, 1};
+  const Corners right{5, 4, 1, 2};
+  const Corners rightReversed{5, 2, 1, 4};
   const struct {
     Cells::List given;
     Cells::List drawn;
@@ -34,7 +34,7 @@ TEST(LitFacesTest, AreWoundAsTheirNormalsSay) {
       {{left, right}, {left, right}},
       {{leftReversed, rightReversed}, {leftReversed, rightReversed}},
       {{left, rightReversed}, {left, right}},
-      {{left, leftReversed}, {left, left}},
+      {{left, leftReversed}, {left, {3, 0, 1, 4}}},
   };
   for (const auto& [given, drawn] : cases) {
     auto mesh = makePolyData(points, {.polys = given});
@@ -42,10 +42,20 @@ TEST(LitFacesTest, AreWoundAsTheirNormalsSay) {
     const vtkSmartPointer<vtkPolyData> before = mesh;
     lightBothSides(mesh);
     EXPECT_EQ(mesh == before, given == drawn) << "copied without need";
-    EXPECT_EQ((Cells::List{polygon(*mesh, 0), polygon(*mesh, 1)}), drawn);
+    EXPECT_EQ((Cells::List{corners(*mesh->GetPolys(), 0), corners(*mesh->GetPolys(), 1)}), drawn);
     EXPECT_EQ(std::abs(mesh->GetPointData()->GetNormals()->GetComponent(0, 2)), 1.0);
-    EXPECT_EQ(polygon(*before, 1), given[1]) << "the scene's own cells changed";
+    EXPECT_EQ(corners(*before->GetPolys(), 1), given[1]) << "the scene's own cells changed";
   }
+}
+
+TEST(LitFacesTest, ReversesStripsThatContradictTheirNormals) {
+  auto mesh = makePolyData(flat({0, 0, 1, 0, 2, 0, 0, 1, 1, 1, 2, 1}),
+                           {.polys = {{0, 1, 4, 3}}, .strips = {{4, 5, 1, 2}, {1, 2, 4, 5}, {5, 2, 4}}});
+  mesh->GetPointData()->SetNormals(makeArray("Normals", std::vector<float>(18, 1.0F), 3));
+  lightBothSides(mesh);
+  vtkCellArray& strips = *mesh->GetStrips();
+  EXPECT_EQ((Cells::List{corners(strips, 0), corners(strips, 1), corners(strips, 2)}),
+            (Cells::List{{4, 4, 5, 1, 2}, {1, 2, 4, 5}, {5, 5, 2, 4}}));
 }
 
 }  // namespace

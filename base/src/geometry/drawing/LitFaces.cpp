@@ -12,6 +12,7 @@
 #include <vtkPolyData.h>
 
 #include <algorithm>
+#include <array>
 #include <vector>
 
 namespace vemo {
@@ -72,50 +73,80 @@ vtkSmartPointer<vtkDataArray> withoutZeros(vtkPolyData& mesh, vtkDataArray& norm
   return result;
 }
 
-/// Whether the winding of a polygon contradicts the normals of its points.
+/// Positive if the winding of a face agrees with the normals of its points, negative if it
+/// contradicts them.
 template <class Points, class Normals, class Index>
-bool isContradicting(std::span<const Index> polygon, const Points& points, const Normals& normals) {
-  const Vector3 winding = windingNormal(points, polygon);
+double agreement(std::span<const Index> face, const Points& points, const Normals& normals) {
+  const Vector3 winding = windingNormal(points, face);
   // Most polygons agree with the first normal already: this halves the time.
-  if (dot(winding, normals[polygon[0]]) > 0.0) {
-    return false;
+  if (const double first = dot(winding, normals[face[0]]); first > 0.0) {
+    return first;
   }
   Vector3 sum;
-  for (const Index point : polygon) {
+  for (const Index point : face) {
     sum += normals[point];
   }
-  return dot(winding, sum) < 0.0;
+  return dot(winding, sum);
 }
 
-/// The numbers of such polygons.
-template <class Points, class Normals>
-std::vector<vtkIdType> findContradicting(vtkCellArray& polygons, const Points& points,
-                                         const Normals& normals) {
-  std::vector<vtkIdType> found;
-  forEachCell(polygons, [&, number = vtkIdType(0)](auto polygon) mutable {
-    if (isContradicting(polygon, points, normals)) {
-      found.push_back(number);
-    }
-    ++number;
+/// The same of a strip: its triangles may face all ways.
+template <class Points, class Normals, class Index>
+double agreementOfStrip(std::span<const Index> strip, const Points& points, const Normals& normals) {
+  double sum = 0.0;
+  forEachTriangle(strip, [&](Index p0, Index p1, Index p2) {
+    const std::array triangle{p0, p1, p2};
+    sum += agreement(std::span<const Index>(triangle), points, normals);
   });
-  return found;
+  return sum;
 }
 
-std::vector<vtkIdType> findContradicting(vtkPolyData& mesh, vtkDataArray& normals) {
+/// The numbers of the cells whose winding contradicts the normals of their points.
+std::vector<vtkIdType> findContradicting(vtkCellArray& cells, bool areStrips, vtkPolyData& mesh,
+                                         vtkDataArray& normals) {
   std::vector<vtkIdType> found;
   PointReader(*mesh.GetPoints()->GetData()).visit([&](const auto& points) {
-    PointReader(normals).visit(
-        [&](const auto& vectors) { found = findContradicting(*mesh.GetPolys(), points, vectors); });
+    PointReader(normals).visit([&](const auto& vectors) {
+      forEachCell(cells, [&, number = vtkIdType(0)](auto cell) mutable {
+        if ((areStrips ? agreementOfStrip(cell, points, vectors) : agreement(cell, points, vectors)) < 0.0) {
+          found.push_back(number);
+        }
+        ++number;
+      });
+    });
   });
   return found;
 }
 
-vtkSmartPointer<vtkCellArray> reversed(vtkCellArray& polygons, const std::vector<vtkIdType>& numbers) {
+/// The first corner stays, at which the fan of a concave polygon begins.
+vtkSmartPointer<vtkCellArray> reversedPolygons(vtkCellArray& polygons,
+                                               const std::vector<vtkIdType>& numbers) {
   auto result = vtkSmartPointer<vtkCellArray>::New();
   result->DeepCopy(&polygons);
-  for (const vtkIdType number : numbers) {
-    result->ReverseCellAtId(number);
-  }
+  result->Visit([&numbers](auto& storage) {
+    const auto* const offsets = storage.GetOffsets()->GetPointer(0);
+    auto* const indices = storage.GetConnectivity()->GetPointer(0);
+    for (const vtkIdType number : numbers) {
+      std::reverse(indices + offsets[number] + 1, indices + offsets[number + 1]);
+    }
+  });
+  return result;
+}
+
+/// Another first triangle, without an area, turns all others of a strip over.
+vtkSmartPointer<vtkCellArray> reversedStrips(vtkCellArray& strips, const std::vector<vtkIdType>& numbers) {
+  auto result = vtkSmartPointer<vtkCellArray>::New();
+  forEachCell(strips, [&, number = vtkIdType(0), next = numbers.begin()](auto strip) mutable {
+    const bool isReversed = next != numbers.end() && *next == number;
+    ++number;
+    result->InsertNextCell(static_cast<int>(strip.size()) + (isReversed ? 1 : 0));
+    if (isReversed) {
+      result->InsertCellPoint(strip[0]);
+      ++next;
+    }
+    for (const auto point : strip) {
+      result->InsertCellPoint(point);
+    }
+  });
   return result;
 }
 
@@ -127,15 +158,19 @@ void lightBothSides(vtkSmartPointer<vtkPolyData>& faces) {
     return;
   }
   const auto normals = withoutZeros(*faces, *given);
-  const auto contradicting = findContradicting(*faces, *normals);
-  if (normals == given && contradicting.empty()) {
+  const auto polygons = findContradicting(*faces->GetPolys(), false, *faces, *normals);
+  const auto strips = findContradicting(*faces->GetStrips(), true, *faces, *normals);
+  if (normals == given && polygons.empty() && strips.empty()) {
     return;
   }
   auto copy = vtkSmartPointer<vtkPolyData>::New();
   copy->ShallowCopy(faces);
   copy->GetPointData()->SetNormals(normals);
-  if (!contradicting.empty()) {
-    copy->SetPolys(reversed(*faces->GetPolys(), contradicting));
+  if (!polygons.empty()) {
+    copy->SetPolys(reversedPolygons(*faces->GetPolys(), polygons));
+  }
+  if (!strips.empty()) {
+    copy->SetStrips(reversedStrips(*faces->GetStrips(), strips));
   }
   faces = copy;
 }

@@ -8,11 +8,11 @@ class vtkPolyData;
 
 namespace vemo {
 
-/// VTK lights a polygon with the normals of its points, inverted where the viewer sees
-/// its back. Polygons whose winding contradicts these normals would be black from both
-/// sides, as would be those with normals of zero, at points whose faces cancel out.
+/// VTK lights a face with the normals of its points, inverted where the viewer sees its
+/// back. Polygons and strips whose winding contradicts these normals would be black from
+/// both sides, as would be those with normals of zero, at points whose faces cancel out.
 ///
-/// Reverses such polygons, and replaces normals of zero by that of a face at the point;
+/// Reverses such polygons and strips, and replaces normals of zero by that of a face at the point;
 /// replaces the poly data by a copy then, which shares the rest. Does nothing without
 /// normals at points. Cells must be valid (CellValidator), and all points finite.
 VEMO_GEOMETRY_EXPORT void lightBothSides(vtkSmartPointer<vtkPolyData>& faces);
