@@ -43,11 +43,16 @@ Characters foreignOf(std::initializer_list<std::string_view> texts) {
 }
 
 /// Scripts that VTK cannot write: from right to left, or with letters that are joined,
-/// reordered or stacked.
+/// reordered or stacked. Those beyond LAST_DRAWN are reported as missing.
 bool needsShaping(char32_t character) {
   constexpr std::pair<char32_t, char32_t> RANGES[] = {
       {0x0590, 0x109F},  // Hebrew, Arabic, the scripts of India and South-East Asia
       {0x1780, 0x18AF},  // Khmer, Mongolian
+      {0x1A00, 0x1BFF},  // Buginese, Tai Tham, Balinese, Sundanese, Batak
+      {0xA800, 0xA82F},  // Syloti Nagri
+      {0xA880, 0xA8FF},  // Saurashtra, additions to Devanagari
+      {0xA930, 0xAAFF},  // Rejang, Javanese, Cham, additions to Myanmar
+      {0xABC0, 0xABFF},  // Meetei
       {0xFB1D, 0xFDFF},  // Forms of Hebrew and Arabic letters
       {0xFE70, 0xFEFE}};
   return std::ranges::any_of(
