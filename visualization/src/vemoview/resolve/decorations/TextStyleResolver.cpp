@@ -61,8 +61,9 @@ void reportIfTooLong(std::string_view text, double lineHeight, const std::string
   if (height < USUAL_HEIGHT) {
     reportFinding(
         FindingCode::TEXT_CHANGED,
-        fmt::format("{} is too long: in pictures higher than {:.0f} pixels it is drawn smaller than stated",
-                    owner, height));
+        fmt::format(
+            "{} is too long: in pictures higher than {:.0f} pixels it may be drawn smaller than stated",
+            owner, height));
   }
 }
 

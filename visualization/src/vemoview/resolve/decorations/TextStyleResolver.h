@@ -22,8 +22,8 @@ double resolveLineHeight(const lum::TextAttributes* attributes, double fallback)
 /// The greatest height of lines, in pixels, at which a text still fits into a texture.
 VEMO_RESOLVE_EXPORT double greatestLineHeight(std::string_view text);
 
-/// Reports a text that is drawn smaller than stated in pictures of usual sizes. Lines are
-/// only if they are longer than such pictures are wide.
+/// Reports a text that may be drawn smaller than stated in pictures of usual sizes, because
+/// it does not fit into a texture.
 void reportIfTooLong(std::string_view text, double lineHeight, const std::string& owner);
 
 }  // namespace vemo

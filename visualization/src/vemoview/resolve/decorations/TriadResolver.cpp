@@ -12,6 +12,8 @@
 
 #include <vtkMatrix4x4.h>
 
+#include <fmt/format.h>
+
 namespace vemo {
 
 namespace {
@@ -45,6 +47,14 @@ std::optional<TriadDecoration::Camera> resolveTriadCamera(const lum::CameraAttri
   return canvas != cameras.end() ? TriadDecoration::Camera(canvas->second) : resolveCamera(camera);
 }
 
+std::string resolveLabel(const std::string& text, double height, const std::string& owner) {
+  std::string label = readableText(text, MAX_TEXT_BYTES, owner);
+  if (text.size() <= MAX_TEXT_BYTES) {
+    reportIfTooLong(label, height, owner);
+  }
+  return label;
+}
+
 }  // namespace
 
 void transformTriad(TriadDecoration& triad, const InstanceTransform& transform) {
@@ -68,13 +78,14 @@ std::optional<TriadDecoration> resolveTriad(const lum::TriadDrawable& triad, con
   if (const auto* const attributes = triad.findAttributes<lum::TriadAttributes>()) {
     result.hasScreenSize = attributes->getUseConstantPixelSize();
     result.labelHeight = attributes->getAxisLabelHeight();
-    const auto readable = [&](const std::string& text) { return readableText(text, MAX_TEXT_BYTES, what); };
-    result.labels = {readable(attributes->getXAxisLabelText()), readable(attributes->getYAxisLabelText()),
-                     readable(attributes->getZAxisLabelText())};
+    const auto resolve = [&](const std::string& text, const char* axis) {
+      return resolveLabel(text, result.labelHeight,
+                          fmt::format("The label of the {} axis of the triad \"{}\"", axis, triad.getName()));
+    };
+    result.labels = {resolve(attributes->getXAxisLabelText(), "x"),
+                     resolve(attributes->getYAxisLabelText(), "y"),
+                     resolve(attributes->getZAxisLabelText(), "z")};
     const auto& [x, y, z] = *result.labels;
-    for (const std::string& label : *result.labels) {
-      reportIfTooLong(label, result.labelHeight, what);
-    }
     result.style = resolveTextStyle(triad.findAttributes<lum::TextAttributes>(), {x, y, z}, what);
   }
   result.axes = resolveAxes(triad.findAttributes<lum::OrientationAttributes>());
