@@ -268,6 +268,9 @@ TEST(ResolverFindingsTest, SayWhatIsNotDrawnAsTheSceneSays) {
   expectFindings("a text of 100 letters", 1, {}, [](auto& scene) { addText(scene, std::string(100, 'x')); });
   expectFindings("a text of 2000 letters", 1, {"text-changed"},
                  [](auto& scene) { addText(scene, std::string(2000, 'x')); });
+  expectFindings("a label that is cut off", 1, {"text-changed"}, [](auto& scene) {
+    decoration<lum::TriadDrawable>(scene).getTriadAttributes().setXAxisLabelText(std::string(2500, 'x'));
+  });
   expectFindings("a text in Hebrew", 1, {"text-not-shaped"}, [](auto& scene) { addText(scene, "\xD7\xA9"); });
   expectFindings("a longer text", 1, {"text-changed"},
                  [](auto& scene) { addText(scene, std::string(2001, 'x')); });
@@ -324,7 +327,8 @@ TEST(ResolverFindingsTest, SayWhatViewsDoNotShow) {
   } cases[] = {{"all of it", {0, 0, 9}, {}, 2, {}},
                {"an edge", {2.9, 0, 9}, {2.9, 0, 0}, 2, {}},
                {"above it", {0, 3.5, 9}, {0, 3.5, 0}, 2, {"view-empty"}},
-               {"beside it", {12, 0, 9}, {12, 0, 0}, 2, {"view-empty"}},
+               {"beside it", {42, 0, 9}, {42, 0, 0}, 2, {"view-empty"}},
+               {"beside it in wide pictures too", {33, 0, 9}, {33, 0, 0}, 2, {}},
                {"behind the camera", {0, 0, 9}, {0, 0, 10}, 2, {"view-empty"}},
                {"from its plane", {9, 0, 0}, {0, 0, 0}, 2, {}},
                {"below it in perspective", {0, -5, 9}, {0, -5, 0}, PERSPECTIVE, {"view-empty"}},
@@ -365,7 +369,7 @@ TEST(ResolverFindingsTest, SayWhichTextsAreTooFarFromTheModel) {
       framed.push_back(std::get<TextDecoration>(decoration.content).isFramed);
     }
     EXPECT_EQ(framed, (std::vector<bool>{true, true, !isFramed}));
-    EXPECT_EQ(found.codes(), std::vector<std::string>(isFramed ? 1 : 0, "decoration-not-drawn"));
+    EXPECT_EQ(found.codes(), std::vector<std::string>(isFramed ? 1 : 0, "text-not-framed"));
   }
 }
 

@@ -68,6 +68,7 @@
   KIND(STREAM_INVALID, LOST, "A scene stream cannot be read.") \
   KIND(TEXT_CHANGED, CHANGED, "A text is too long and is cut off or drawn smaller, or is not valid UTF-8.") \
   KIND(TEXT_IGNORED, LOST, "Text in an element that cannot contain text is ignored.") \
+  KIND(TEXT_NOT_FRAMED, CHANGED, "A text is so far from the model that it is not taken into account when the view is chosen, and may be outside the picture.") \
   KIND(TEXT_NOT_SHAPED, CHANGED, "A text has characters, such as Arabic or Hebrew ones, that are written from right to left, joined or stacked. They are drawn one after the other from left to right.") \
   KIND(TEXT_RECOLORED, NOTE, "Black text is drawn white, because the background is dark.") \
   KIND(TRANSFORM_REPLACED, LOST, "Of the transforms of assemblies with the same name only the last one is used.") \
@@ -77,8 +78,8 @@
   KIND(VALUE_UNREADABLE, CHANGED, "A value is not written as its type requires, but the format still gives it a meaning.") \
   KIND(VERSION_TOO_NEW, REFUSED, "An element has a newer version than this program supports.") \
   KIND(VIEW_ADJUSTED, CHANGED, "The direction, the upward direction or the scale of a view is unusable: others are used.") \
-  KIND(VIEW_EMPTY, NOTE, "A view shows nothing of the model: the geometries are behind the camera, or beside the picture.") \
-  KIND(VIEW_IMPRECISE, CHANGED, "A view shows so small a part of a geometry that the picture is wrong or empty: OpenGL computes with single precision.") \
+  KIND(VIEW_EMPTY, NOTE, "A view shows none of the geometries: they are behind the camera, or beside the picture.") \
+  KIND(VIEW_IMPRECISE, CHANGED, "A parallel view shows so small a part of a geometry that the picture is wrong or empty: OpenGL computes with single precision.") \
   KIND(VISIBILITY_PARTIAL, CHANGED, "A visibility between 0 and 1 counts as 1, except for images.") \
   KIND(XML_INVALID, REFUSED, "The scene description is not well-formed XML, is nested too deeply or is too large.")
 // clang-format on

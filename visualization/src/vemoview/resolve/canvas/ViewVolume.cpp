@@ -14,7 +14,7 @@ namespace {
 constexpr double MARGIN = 1.2;
 
 /// Width to height of the widest picture.
-constexpr double WIDEST = 4.0;
+constexpr double WIDEST = 16.0;
 
 /// Half of the angle of view that VTK has in perspective.
 const double SLOPE = std::tan(std::numbers::pi / 12.0);
@@ -42,9 +42,15 @@ unsigned ViewVolume::sidesBeyond(const Vector3& point) const {
   const Vector3 place = point - _position;
   const double depth = dot(place, _forward);
   const double height = MARGIN * (_isParallel ? _parallelScale : SLOPE * depth);
+  const double width = WIDEST * height;
   const double y = dot(place, _up);
   const double x = dot(place, _right);
-  const bool isBeyond[] = {depth<0.0, y> height, y<-height, x> WIDEST * height, x < -WIDEST * height};
+  const bool isBehind = depth < 0.0;
+  const bool isAbove = y > height;
+  const bool isBelow = y < -height;
+  const bool isRight = x > width;
+  const bool isLeft = x < -width;
+  const bool isBeyond[] = {isBehind, isAbove, isBelow, isRight, isLeft};
   unsigned bits = 0;
   for (unsigned i = 0; i < std::size(isBeyond); ++i) {
     bits |= (isBeyond[i] ? 1U : 0U) << i;

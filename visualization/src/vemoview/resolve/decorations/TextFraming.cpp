@@ -42,9 +42,9 @@ void chooseFramedTexts(std::vector<Decoration>& decorations, Box model) {
     if (text != nullptr && text->isInModel && isFar(text->position, model)) {
       text->isFramed = false;
       const NodeScope scope(*decoration.drawable);
-      reportFinding(FindingCode::DECORATION_NOT_DRAWN,
+      reportFinding(FindingCode::TEXT_NOT_FRAMED,
                     "The text \"" + decoration.drawable->getName() +
-                        "\" is outside the picture: there is no view, and it is too far from the model");
+                        "\" may be outside the picture: it is too far from the model for a view of both");
     }
   }
 }

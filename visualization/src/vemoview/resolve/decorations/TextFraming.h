@@ -7,8 +7,8 @@
 
 namespace vemo {
 
-/// Decides which texts in the model are in a picture that shows all of it: not those so
-/// far away that the rest would hardly be visible. A finding names them.
+/// Decides which texts in the model a view that is to show all of it takes into account:
+/// not those so far away that the rest would hardly be visible. A finding names them.
 /// @param model around all meshes
 void chooseFramedTexts(std::vector<Decoration>& decorations, Box model);
 

@@ -98,12 +98,13 @@ void reportUnsuitableView(const Extent& extent, const CanvasCamera& camera) {
   // Below, coordinates are wrong by several pixels.
   constexpr double PRECISION = 1e-5;
   if (extent.largestInView < 0.0) {
-    reportFinding(FindingCode::VIEW_EMPTY, "The view shows nothing of the model");
+    reportFinding(FindingCode::VIEW_EMPTY, "The view shows no geometry");
   } else if (camera.isParallel && *camera.parallelScale < PRECISION * extent.largestInView) {
     reportFinding(
         FindingCode::VIEW_IMPRECISE,
-        fmt::format("The view shows {:g} of a geometry of {:g}: too little for the precision of OpenGL",
-                    2.0 * *camera.parallelScale, extent.largestInView));
+        fmt::format(
+            "The view shows {:g} units of a geometry of size {:g}: too little for the precision of OpenGL",
+            2.0 * *camera.parallelScale, extent.largestInView));
   }
 }
 
