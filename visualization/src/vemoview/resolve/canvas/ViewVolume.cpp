@@ -16,6 +16,9 @@ constexpr double MARGIN = 1.2;
 /// Width to height of the widest picture.
 constexpr double WIDEST = 16.0;
 
+/// Bits, one for each side of the volume.
+enum : unsigned { NONE = 0, BEHIND = 1, ABOVE = 2, BELOW = 4, RIGHT = 8, LEFT = 16, ALL_SIDES = 31 };
+
 /// Half of the angle of view that VTK has in perspective.
 const double SLOPE = std::tan(std::numbers::pi / 12.0);
 
@@ -32,12 +35,11 @@ ViewVolume::ViewVolume(const CanvasCamera& camera)
 
 bool ViewVolume::misses(const Box& box) const {
   const auto corners = box.corners();
-  constexpr unsigned ALL = ~0U;
-  return std::transform_reduce(corners.begin(), corners.end(), ALL, std::bit_and(),
+  return std::transform_reduce(corners.begin(), corners.end(), unsigned{ALL_SIDES}, std::bit_and(),
                                [this](const Vector3& corner) { return sidesBeyond(corner); }) != 0;
 }
 
-/// A bit for each side of the volume beyond which a point lies.
+/// The sides of the volume beyond which a point lies.
 unsigned ViewVolume::sidesBeyond(const Vector3& point) const {
   const Vector3 place = point - _position;
   const double depth = dot(place, _forward);
@@ -45,17 +47,8 @@ unsigned ViewVolume::sidesBeyond(const Vector3& point) const {
   const double width = WIDEST * height;
   const double y = dot(place, _up);
   const double x = dot(place, _right);
-  const bool isBehind = depth < 0.0;
-  const bool isAbove = y > height;
-  const bool isBelow = y < -height;
-  const bool isRight = x > width;
-  const bool isLeft = x < -width;
-  const bool isBeyond[] = {isBehind, isAbove, isBelow, isRight, isLeft};
-  unsigned bits = 0;
-  for (unsigned i = 0; i < std::size(isBeyond); ++i) {
-    bits |= (isBeyond[i] ? 1U : 0U) << i;
-  }
-  return bits;
+  return (depth < 0.0 ? BEHIND : NONE) | (y > height ? ABOVE : NONE) | (y < -height ? BELOW : NONE) |
+         (x > width ? RIGHT : NONE) | (x < -width ? LEFT : NONE);
 }
 
 }  // namespace vemo
