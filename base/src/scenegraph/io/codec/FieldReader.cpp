@@ -54,10 +54,12 @@ void FieldReader::operator()(SharedNumbers* value) {
 }
 
 void FieldReader::operator()(std::map<std::string, Vector3>* value) {
+  // An entry and its place in the tree.
+  constexpr std::size_t ENTRY_SIZE = sizeof(std::pair<std::string, Vector3>) + 6 * sizeof(void*);
   value->clear();
   for (std::size_t count = _in.count("keys", 1 + 3 * sizeof(double)); count > 0; --count) {
     const std::string key(readString());
-    _budget.use(sizeof *value + sizeof(std::pair<std::string, Vector3>));
+    _budget.use(ENTRY_SIZE);
     const std::size_t before = value->size();
     const auto entry = value->try_emplace(value->end(), key);
     if (value->size() == before || std::next(entry) != value->end()) {

@@ -150,7 +150,7 @@ void DatabaseIndex::readRecords(ByteReader& in) {
   for (; count > 0; --count) {
     Record record{values.readString(), values.readString(), values.readString(), {}};
     record.graph = in.text("graph of a record");
-    _records.push_back(std::move(record));
+    _records.push_back(record);
   }
   if (in.left() != 0) {
     throw FileError(FileIoStatus::ReadError, fmt::format("{} bytes follow the last record", in.left()));

@@ -16,9 +16,9 @@ vtkSmartPointer<vtkPolyData> takePolyData() {
   return spare != nullptr ? std::exchange(spare, nullptr) : vtkSmartPointer<vtkPolyData>::New();
 }
 
-void returnPolyData(vtkSmartPointer<vtkPolyData> polyData) {
+void returnPolyData(const vtkSmartPointer<vtkPolyData>& polyData) {
   polyData->Initialize();
-  spare = std::move(polyData);
+  spare = polyData;
 }
 
 }  // namespace vemo

@@ -13,6 +13,6 @@ namespace vemo {
 vtkSmartPointer<vtkPolyData> takePolyData();
 
 /// Gives back one that nobody else has.
-void returnPolyData(vtkSmartPointer<vtkPolyData> polyData);
+void returnPolyData(const vtkSmartPointer<vtkPolyData>& polyData);
 
 }  // namespace vemo
