@@ -11,8 +11,8 @@ namespace {
 /// sensible alignment.
 constexpr std::size_t HUGE_PAGE = std::size_t{2} << 20U;
 
-/// Gives advice on the huge pages that lie within the bytes. Whether the system
-/// follows it changes nothing but time and memory.
+/// Gives advice on the huge pages that lie within the bytes. A system that does not
+/// follow it only takes more time or memory.
 void advise(void* start, std::size_t size, int advice) {
   auto* const bytes = static_cast<char*>(start);
   const std::size_t toBoundary = (0 - reinterpret_cast<std::uintptr_t>(bytes)) % HUGE_PAGE;

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <fmt/format.h>
 #include <memory>
+#include <new>
 #include <xxhash.h>
 
 namespace lum::io {
@@ -19,7 +20,12 @@ constexpr std::uint64_t BLOCK_SIZE = 1 << 20;
 
 class Hash {
  public:
-  Hash() : _state(XXH3_createState()) { XXH3_64bits_reset(_state.get()); }
+  Hash() : _state(XXH3_createState()) {
+    if (!_state) {
+      throw std::bad_alloc();
+    }
+    XXH3_64bits_reset(_state.get());
+  }
 
   void add(const void* data, std::size_t size) { XXH3_64bits_update(_state.get(), data, size); }
 
