@@ -1,11 +1,12 @@
 #include "CommandLine.h"
 
 #include "Command.h"
-#include "FileChecks.h"
 #include "TemporaryFiles.h"
 #include "base/MemoryReserve.h"
 #include "output/Messages.h"
 #include "output/ResultStream.h"
+#include <vemo/base/WidePath.h>
+#include <vemo/import/DetectScene.h>
 
 #include <CLI/CLI.hpp>
 #include <csignal>
@@ -79,7 +80,7 @@ ExitCode runCommandLine(int argc, char** argv) {
     showLog();
     const ExitCode code = parse(argc, argv, command);
     if (command.run) {
-      requireReadable(command.file);
+      requireReadable(toWidePath(command.file));
       command.run();
       if (command.failOn && worstFinding() >= command.failOn) {
         return ExitCode::FOUND;

@@ -1,10 +1,10 @@
 #include "SceneDatabase.h"
 
-#include "FileChecks.h"
 #include "TemporaryFiles.h"
 #include "output/Messages.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/base/WidePath.h>
+#include <vemo/import/DetectScene.h>
 #include <vemo/import/SceneFormatHandler.h>
 #include <vemo/scenegraph/io/SDBReader.h>
 
@@ -13,10 +13,10 @@
 namespace vemo {
 
 SceneDatabase::SceneDatabase(const std::string& file) : _database(toWidePath(file)) {
-  if (detectScene(file) == SceneKind::ARCHIVE) {
+  if (detectScene(_database) == SceneKind::ARCHIVE) {
     useOwnTemporaryFolder();
-    const Progress progress(fmt::format("Reading {}", toPrintable(file)));
-    _database = SceneFormatHandler::convertZippedScene(_database);
+    Progress progress(fmt::format("Reading {}", toPrintable(file)));
+    _database = SceneFormatHandler::convertZippedScene(_database, progress.getReport());
   }
 }
 

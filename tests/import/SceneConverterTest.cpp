@@ -5,7 +5,7 @@
 #include "support/FoundFindings.h"
 #include "support/GraphText.h"
 #include "support/Nodes.h"
-#include <vemo/import/ImportScene.h>
+#include <vemo/import/OpenScene.h>
 #include <vemo/import/SceneConverter.h>
 #include <vemo/scenegraph/NodeRegistry.h>
 #include <vemo/scenegraph/canvas/CanvasPositionAttributes.h>
@@ -61,7 +61,7 @@ TEST_F(SceneConverterTest, WritesOneRecordWithTheConvertedScene) {
   auto& node = run(sceneXml(assembly("A", geometry("polys='quad'")), "name='a scene' background='ff800040'"));
   EXPECT_EQ(lum::SDBReader(wide(output())).getRecords().size(), 1U);
   expectAsInFile(graphText(node), "converted-scene.txt");
-  expectAsInFile(graphText(*importScene(archivePath())), "converted-scene.txt");
+  expectAsInFile(graphText(*openScene(archivePath()).records.at(0).node), "converted-scene.txt");
 }
 
 TEST_F(SceneConverterTest, LogsWhatItDoes) {
@@ -93,7 +93,7 @@ TEST_F(SceneConverterTest, PassesASceneGraphThrough) {
   EXPECT_EQ(
       drawable<lum::SurfaceDrawable>("A/g").find<lum::PolyDataNode>()->getPolyData()->GetNumberOfPolys(), 2);
   EXPECT_FALSE(node.hasBackgroundCanvas()) << "canvases stay as they were carried";
-  EXPECT_EQ(graphText(*importScene(archivePath())), graphText(node));
+  EXPECT_EQ(graphText(*openScene(archivePath()).records.at(0).node), graphText(node));
   EXPECT_EQ(openSessions(), sessions);
   EXPECT_TRUE(logHas(takeLog(), "\n\tparcing new, lum-based, format"));
 }

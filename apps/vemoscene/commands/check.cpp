@@ -1,5 +1,4 @@
 #include "Command.h"
-#include "FileChecks.h"
 #include "output/ExitCode.h"
 #include "output/FindingPrinter.h"
 #include "output/Messages.h"
@@ -7,6 +6,7 @@
 #include "output/ResultStream.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/base/WidePath.h>
+#include <vemo/import/DetectScene.h>
 #include <vemo/import/Exception.h>
 #include <vemo/import/SceneAudit.h>
 #include <vemo/resolve/SceneResolver.h>
@@ -94,7 +94,7 @@ FindingList checkDatabase(const std::string& file) {
 
 SceneKind kindOf(const std::string& file) {
   try {
-    return detectScene(file);
+    return detectScene(toWidePath(file));
   } catch (const Exception&) {
     // An archive that cannot be opened, which is a finding.
     return SceneKind::ARCHIVE;

@@ -56,7 +56,8 @@ void convert(const ConvertArguments& arguments) {
   if (!arguments.ledger.empty()) {
     prepareLedger(arguments, request);
   }
-  const Progress progress(fmt::format("Converting {}", toPrintable(request.file)));
+  Progress progress(fmt::format("Converting {}", toPrintable(request.file)));
+  request.progress = progress.getReport();
   if (toStandardOutput) {
     request.output = useOwnTemporaryFolder() / "output";
   }

@@ -1,10 +1,11 @@
 #include "Command.h"
 #include "DatabaseComparison.h"
-#include "FileChecks.h"
 #include "SceneDatabase.h"
 #include "output/Messages.h"
 #include "output/ResultStream.h"
 #include <vemo/base/PrintableText.h>
+#include <vemo/base/WidePath.h>
+#include <vemo/import/DetectScene.h>
 #include <vemo/scenegraph/inspect/JsonWriter.h>
 #include <vemo/scenegraph/inspect/NumberText.h>
 #include <vemo/scenegraph/io/SDBReader.h>
@@ -139,7 +140,7 @@ bool printText(std::ostream& out, lum::SDBReader& left, lum::SDBReader& right,
 
 SceneDatabase open(const std::string& file, Command& command) {
   command.file = file;
-  requireReadable(file);
+  requireReadable(toWidePath(file));
   return SceneDatabase(file);
 }
 

@@ -35,13 +35,13 @@ struct InfoArguments {
 
 /// A scene and what was reported while it was read.
 struct Contents {
-  LoadedScene scene;
+  OpenedScene scene;
   LogCapture::Log log;
 };
 
 Contents load(const std::string& file) {
   LogCapture log;
-  LoadedScene scene(file);
+  OpenedScene scene = loadScene(file);
   return {std::move(scene), log.take()};
 }
 
@@ -63,7 +63,8 @@ void printWarnings(lum::JsonWriter& json, const LogCapture::Log& log) {
 }
 
 void printJson(std::ostream& out, const Contents& contents, const InfoArguments& options) {
-  const LoadedScene& scene = contents.scene;
+  const OpenedScene& scene = contents.scene;
+  const bool isArchive = scene.kind == SceneKind::ARCHIVE;
   lum::JsonWriter json(out);
   const auto print = [&json](const char* name, const std::string& text) {
     json.key(name);
@@ -71,12 +72,12 @@ void printJson(std::ostream& out, const Contents& contents, const InfoArguments&
   };
   json.beginObject();
   print("path", options.file);
-  print("format", scene.isZipped() ? "ZippedScene" : "SceneDatabase");
+  print("format", isArchive ? "ZippedScene" : "SceneDatabase");
   printFindings(json, contents.log.findings);
   printWarnings(json, contents.log);
   json.key("records");
   json.beginArray();
-  for (const LoadedScene::Record& record : scene.getRecords()) {
+  for (const OpenedScene::Record& record : scene.records) {
     json.beginObject();
     print("title", record.title);
     print("description", record.description);
@@ -139,19 +140,20 @@ void printLog(std::ostream& out, const LogCapture::Log& log) {
 }
 
 void printText(std::ostream& out, const Contents& contents, const InfoArguments& options) {
-  const LoadedScene& scene = contents.scene;
+  const OpenedScene& scene = contents.scene;
+  const bool isArchive = scene.kind == SceneKind::ARCHIVE;
   std::error_code ignored;
   const auto size = std::filesystem::file_size(options.file, ignored);
   out << fmt::format("{}\n{}, {}\n", toPrintable(options.file),
-                     scene.isZipped() ? "Scene archive of the old generation" : "Scene-graph database",
+                     isArchive ? "Scene archive of the old generation" : "Scene-graph database",
                      lum::describeSize(static_cast<double>(size)));
-  if (scene.isZipped()) {
+  if (isArchive) {
     printEntries(out, options.file);
   }
   printLog(out, contents.log);
-  for (const LoadedScene::Record& record : scene.getRecords()) {
+  for (const OpenedScene::Record& record : scene.records) {
     out << '\n';
-    if (!scene.isZipped()) {
+    if (!isArchive) {
       out << fmt::format("Record \"{}\", description \"{}\", simulation \"{}\"\n", toPrintable(record.title),
                          toPrintable(record.description), toPrintable(record.simUUID));
     }

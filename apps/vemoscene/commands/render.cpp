@@ -54,9 +54,9 @@ std::string parseSize(const std::string& text, RenderOptions& picture) {
 }
 
 Picture draw(const RenderArguments& options) {
-  const LoadedScene scene(options.file);
+  const OpenedScene scene = loadScene(options.file);
   const Progress progress(fmt::format("Drawing {}", toPrintable(options.file)));
-  return renderPicture(scene.getSceneNode(), options.picture);
+  return renderPicture(requireSceneNode(scene, options.file), options.picture);
 }
 
 void render(const RenderArguments& options) {

@@ -36,8 +36,8 @@ decltype(&showSceneWindow) loadWindow() {
 }
 
 void view(const std::string& file) {
-  const LoadedScene scene(file);
-  loadWindow()(scene.getSceneNode(), std::filesystem::path(file).filename().c_str());
+  const OpenedScene scene = loadScene(file);
+  loadWindow()(requireSceneNode(scene, file), std::filesystem::path(file).filename().c_str());
 }
 
 void addViewCommand(CLI::App& app, Command& command) {

@@ -118,11 +118,23 @@ Progress::~Progress() {
   _thread.join();
 }
 
+ProgressReport Progress::getReport() {
+  return [this](double fraction) {
+    _percent = static_cast<int>(fraction * 100);
+    return true;
+  };
+}
+
+std::string Progress::describeShare() const {
+  const int percent = _percent;
+  return percent == UNKNOWN ? std::string() : fmt::format("{} %, ", percent);
+}
+
 void Progress::run(const std::string& activity) {
   std::unique_lock lock(_mutex);
   for (int seconds = 1; !_wakeUp.wait_for(lock, std::chrono::seconds(1), [this] { return _ended; });
        ++seconds) {
-    writeError(fmt::format("{} ... {} s", activity, seconds));
+    writeError(fmt::format("{} ... {}{} s", activity, describeShare(), seconds));
   }
   writeError({});
 }

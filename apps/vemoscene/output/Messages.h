@@ -1,7 +1,9 @@
 #pragma once
 
+#include <vemo/base/Progress.h>
 #include <vemo/scenegraph/Finding.h>
 
+#include <atomic>
 #include <condition_variable>
 #include <mutex>
 #include <optional>
@@ -52,8 +54,8 @@ class LogCapture {
   Log _log;
 };
 
-/// During its lifetime, shows what the program is doing when that takes longer
-/// than a second and standard error is a terminal.
+/// During its lifetime, shows what the program is doing, and the share that is done if it
+/// is reported, when that takes longer than a second and standard error is a terminal.
 class Progress {
  public:
   explicit Progress(const std::string& activity);
@@ -61,12 +63,19 @@ class Progress {
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
 
+  /// For the work; must not be called after this is destroyed.
+  ProgressReport getReport();
+
  private:
+  static constexpr int UNKNOWN = -1;
+
   void run(const std::string& activity);
+  std::string describeShare() const;
 
   std::mutex _mutex;
   std::condition_variable _wakeUp;
   bool _ended = false;
+  std::atomic<int> _percent = UNKNOWN;
   std::thread _thread;
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <vemo/base/Progress.h>
 #include <vemo/import/Export.h>
 
 #include <functional>
@@ -33,6 +34,10 @@ class VEMO_IMPORT_EXPORT SceneConverter {
   /// the write failure observer; the file is then missing or unchanged.
   void run() const;
 
+  /// Called by `run`, which then throws Cancelled when the host says so; the output
+  /// is missing or unchanged then.
+  void setProgress(ProgressReport report);
+
   /// Called at the end of `run` with the cause if the output could not be written.
   /// Exceptions from this and the other observers are passed on by `run`.
   using WriteFailureObserver = std::function<void(const std::string& cause)>;
@@ -58,6 +63,7 @@ class VEMO_IMPORT_EXPORT SceneConverter {
 
   std::wstring _inputPath;
   std::wstring _outputPath;
+  ProgressReport _progress;
   WriteFailureObserver _writeFailureObserver;
   Observer _observer;
   LedgerObserver _ledgerObserver;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <vemo/base/Progress.h>
 #include <vemo/import/Export.h>
 #include <vemo/scenegraph/io/FileIoStatus.h>
 
@@ -37,12 +38,14 @@ class VEMO_IMPORT_EXPORT SceneFormatHandler {
   /// - ReadError (5): the file cannot be opened, or the loading function returned
   ///   false.
   ///
+  /// Progress is that of the conversion; a host that cancels it gets Cancelled.
+  ///
   /// All but Success are explained on the message stream. Exceptions from reading,
   /// converting and the loading function are passed on; OutputException is thrown if
   /// the conversion cannot be written. The loading function is called only with a
   /// complete database.
   static lum::io::FileIoStatus loadVemoScene(const std::wstring& path, LoadingFunction load,
-                                             std::ostream& messages);
+                                             std::ostream& messages, const ProgressReport& progress = {});
 
   /// Throws the archive reader's exceptions for a file that only starts like a
   /// zip archive.
@@ -50,7 +53,10 @@ class VEMO_IMPORT_EXPORT SceneFormatHandler {
 
   /// Converts an old scene into a temporary file and returns its path. Throws
   /// OutputException when that file cannot be made or written.
-  static std::wstring convertZippedScene(const std::wstring& path);
+  static std::wstring convertZippedScene(const std::wstring& path, const ProgressReport& progress = {});
+
+  /// Deletes a temporary file that the process no longer needs. Other paths are ignored.
+  static void releaseTemporaryFile(const std::wstring& path);
 
   /// Whether a zip archive holds an entry of exactly the name "scene.xml".
   static bool containsSceneInZip(const std::wstring& path);

@@ -1,9 +1,9 @@
 #include "export/database/DatabaseExport.h"
 
-#include "FileChecks.h"
 #include "export/database/Verification.h"
 #include "output/ExitCode.h"
 #include <vemo/base/WidePath.h>
+#include <vemo/import/DetectScene.h>
 #include <vemo/import/SceneConverter.h>
 #include <vemo/scenegraph/Ptr.h>
 #include <vemo/scenegraph/canvas/SceneNode.h>
@@ -25,6 +25,7 @@ using lum::io::FileIoStatus;
 void convertArchive(const ExportRequest& request) {
   SceneConverter converter(toWidePath(request.file), toWidePath(request.output));
   converter.setWriteFailureObserver(failToWrite);
+  converter.setProgress(request.progress);
   if (request.verify) {
     converter.setObserver([&](lum::SceneNode& written) { verifyScene(request.output, written); });
   }
@@ -33,10 +34,11 @@ void convertArchive(const ExportRequest& request) {
 }
 
 /// Reading a record checks all of it, its arrays too.
-void copyDatabase(const std::string& file, const std::string& output) {
-  lum::SDBReader reader(toWidePath(file));
+void copyDatabase(const ExportRequest& request) {
+  lum::SDBReader reader(toWidePath(request.file));
+  reader.setProgress(request.progress);
   lum::SDBWriter writer;
-  bool isWritten = writer.open(toWidePath(output), false, false) == FileIoStatus::Success;
+  bool isWritten = writer.open(toWidePath(request.output), false, false) == FileIoStatus::Success;
   for (std::size_t i = 0; isWritten && i < reader.getRecords().size(); ++i) {
     const lum::SDBReader::Record& record = reader.getRecords()[i];
     const lum::Ptr<lum::Node> node = reader.readNode(i);
@@ -53,11 +55,11 @@ void copyDatabase(const std::string& file, const std::string& output) {
 
 void writeDatabase(const ExportRequest& request) {
   const std::string& file = request.file;
-  if (detectScene(file) == SceneKind::ARCHIVE) {
+  if (detectScene(toWidePath(file)) == SceneKind::ARCHIVE) {
     convertArchive(request);
     return;
   }
-  copyDatabase(file, request.output);
+  copyDatabase(request);
   if (request.verify) {
     verifyCopy(request.output, file);
   }

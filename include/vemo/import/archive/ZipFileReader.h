@@ -48,7 +48,11 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   /// permission to read, or ZipException.
   explicit ZipFileReader(const std::wstring& path);
 
-  /// The size of the archive file in bytes.
+  /// An archive in memory; the bytes must outlive the reader and its copies. Throws
+  /// ZipException.
+  explicit ZipFileReader(std::span<const std::byte> bytes);
+
+  /// The size of the archive in bytes.
   std::uint64_t getFileSize() const;
 
   /// The number of distinct names.

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <vemo/base/Progress.h>
 #include <vemo/scenegraph/Export.h>
 #include <vemo/scenegraph/NodeInitializer.h>
 #include <vemo/scenegraph/Ptr.h>
 
 #include <cstddef>
 #include <cstdint>
+#include <iosfwd>
 #include <memory>
 #include <set>
 #include <string>
@@ -41,9 +43,16 @@ class VEMO_SCENEGRAPH_EXPORT SDBReader {
   /// Opens a database and reads its header and index. NotFound,
   /// UnsupportedFormat (not a database, or a later version) or ReadError.
   explicit SDBReader(const std::wstring& path);
+  /// The same for a seekable stream, from its position to its end; it must outlive the
+  /// reader.
+  explicit SDBReader(std::istream& in);
   SDBReader(const SDBReader&) = delete;
   SDBReader& operator=(const SDBReader&) = delete;
   ~SDBReader();
+
+  /// The other members report progress from now on, over all of the file, and throw
+  /// Cancelled when the host says so.
+  void setProgress(vemo::ProgressReport report);
 
   const std::vector<Record>& getRecords() const { return _records; }
   std::vector<Array> getArrays() const;
@@ -66,6 +75,9 @@ class VEMO_SCENEGRAPH_EXPORT SDBReader {
 
  private:
   class Database;
+  void listRecords();
+
+  /// For errors.
   std::string _path;
   std::unique_ptr<Database> _database;
   std::vector<Record> _records;

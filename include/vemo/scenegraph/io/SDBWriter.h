@@ -1,8 +1,10 @@
 #pragma once
 
+#include <vemo/base/Progress.h>
 #include <vemo/scenegraph/Export.h>
 #include <vemo/scenegraph/io/FileIoStatus.h>
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -38,6 +40,11 @@ class VEMO_SCENEGRAPH_EXPORT SDBWriter {
   /// written; anything but a regular file is refused.
   io::FileIoStatus open(const std::wstring& path, bool append, bool keepExisting);
 
+  /// From now until `close`, which reports the end, the members report progress
+  /// and throw Cancelled when the host says so. `close` discards the file then.
+  /// @param expectedBytes roughly, of the arrays that will be written
+  void setProgress(vemo::ProgressReport report, std::uint64_t expectedBytes);
+
   /// Writes one record: a node and all that it owns. `recordNumber` receives
   /// its number, from 0 on; it is untouched on failure.
   io::FileIoStatus addRecord(const std::string& title, const std::string& description,
@@ -57,6 +64,7 @@ class VEMO_SCENEGRAPH_EXPORT SDBWriter {
   class Database;
   std::unique_ptr<Database> _database;
   std::string _failure;
+  vemo::ProgressMeter _progress;
 };
 
 }  // namespace lum

@@ -66,8 +66,14 @@ auto at(Describe&& describeContext, Action&& action) {
 class SDBReader::Database {
  public:
   explicit Database(const std::string& path) : _file(openFile(path)), _source(_file), _index(_source) {}
+  explicit Database(std::istream& in) : _source(in), _index(_source) {}
 
   const io::DatabaseIndex& getIndex() const { return _index; }
+
+  void setProgress(vemo::ProgressReport report) {
+    _progress = vemo::ProgressMeter(std::move(report));
+    _progress.startPhase(1, _source.getSize());
+  }
 
   Ptr<Node> readNode(std::size_t record, int sessionId, ArrayPool* pool) {
     io::ArrayBinder binder;
@@ -111,7 +117,9 @@ class SDBReader::Database {
     budget.use(_used);
     const std::uint64_t before = budget.getUsed();
     io::GraphDecoder decoder(_index.getTables(), binder, budget, sessionId);
-    Ptr<Node> root = decoder.decode(_index.getRecords()[record].graph);
+    const std::string_view graph = _index.getRecords()[record].graph;
+    Ptr<Node> root = decoder.decode(graph);
+    _progress.advance(graph.size());
     used = budget.getUsed() - before;
     _used += used;
     _unknown.report(_index.getTables(), decoder.getNodeCounts());
@@ -151,9 +159,11 @@ class SDBReader::Database {
        [&] {
          _source.seek(_index.getOffset(chunk));
          action(row);
+         _progress.advance(row.bytes());
        });
   }
 
+  /// Not open for a stream that is the caller's.
   std::ifstream _file;
   io::InputSource _source;
   io::DatabaseIndex _index;
@@ -161,10 +171,26 @@ class SDBReader::Database {
   std::unordered_map<std::size_t, std::uint64_t> _usedByRecord;
   std::uint64_t _used = 0;
   io::UnknownParts _unknown;
+  vemo::ProgressMeter _progress;
 };
 
 SDBReader::SDBReader(const std::wstring& path) : _path(vemo::toNativePath(path)) {
   _database = at([this] { return _path; }, [this] { return std::make_unique<Database>(_path); });
+  listRecords();
+}
+
+SDBReader::SDBReader(std::istream& in) : _path("stream") {
+  _database = at([this] { return _path; }, [&in] { return std::make_unique<Database>(in); });
+  listRecords();
+}
+
+SDBReader::~SDBReader() = default;
+
+void SDBReader::setProgress(vemo::ProgressReport report) {
+  _database->setProgress(std::move(report));
+}
+
+void SDBReader::listRecords() {
   const auto& records = _database->getIndex().getRecords();
   _records.reserve(records.size());
   for (const auto& record : records) {
@@ -172,8 +198,6 @@ SDBReader::SDBReader(const std::wstring& path) : _path(vemo::toNativePath(path))
         {std::string(record.title), std::string(record.description), std::string(record.simUUID)});
   }
 }
-
-SDBReader::~SDBReader() = default;
 
 std::vector<SDBReader::Array> SDBReader::getArrays() const {
   const io::DatabaseIndex& index = _database->getIndex();

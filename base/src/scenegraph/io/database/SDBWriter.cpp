@@ -20,7 +20,8 @@ namespace lum {
 /// The file that is being written. Unusable after a failure.
 class SDBWriter::Database final : private io::ArraySink {
  public:
-  Database(const std::string& path, bool keepExisting) : _file(path, keepExisting), _tables(*this, false) {
+  Database(const std::string& path, bool keepExisting, vemo::ProgressMeter& progress)
+      : _file(path, keepExisting), _tables(*this, false), _progress(progress) {
     // Without a header, an incomplete file is not taken for a database.
     _file.fill(io::HEADER_SIZE);
   }
@@ -53,13 +54,16 @@ class SDBWriter::Database final : private io::ArraySink {
  private:
   void put(vtkDataArray& array, io::ChunkRow& row) override {
     _file.fill(io::paddingAt(_file.getPosition()));
-    row.hash = io::hashInBlocks(io::bytesOf(array),
-                                [this](std::string_view block) { _file.write(block.data(), block.size()); });
+    row.hash = io::hashInBlocks(io::bytesOf(array), [this](std::string_view block) {
+      _file.write(block.data(), block.size());
+      _progress.advance(block.size());
+    });
     ++_chunkCount;
   }
 
   io::OutputFile _file;
   io::TableWriter _tables;
+  vemo::ProgressMeter& _progress;
   io::ByteWriter _records;
   std::uint64_t _chunkCount = 0;
   int _recordCount = 0;
@@ -89,9 +93,10 @@ SDBWriter::~SDBWriter() = default;
 io::FileIoStatus SDBWriter::open(const std::wstring& path, bool append, bool keepExisting) {
   _database.reset();
   _failure.clear();
+  _progress = vemo::ProgressMeter();
   const std::string native = vemo::toNativePath(path);
   return run([&] {
-    auto database = std::make_unique<Database>(native, keepExisting);
+    auto database = std::make_unique<Database>(native, keepExisting, _progress);
     std::error_code ignored;
     if (append && std::filesystem::exists(native, ignored)) {
       SDBReader existing(path);
@@ -102,6 +107,11 @@ io::FileIoStatus SDBWriter::open(const std::wstring& path, bool append, bool kee
     }
     _database = std::move(database);
   });
+}
+
+void SDBWriter::setProgress(vemo::ProgressReport report, std::uint64_t expectedBytes) {
+  _progress = vemo::ProgressMeter(std::move(report));
+  _progress.startPhase(1, expectedBytes);
 }
 
 io::FileIoStatus SDBWriter::addRecord(const std::string& title, const std::string& description,
@@ -122,7 +132,11 @@ io::FileIoStatus SDBWriter::close() {
   if (!database || database->hasFailed) {
     return io::FileIoStatus::WriteError;
   }
-  return run([&] { database->finish(); });
+  const io::FileIoStatus status = run([&] { database->finish(); });
+  if (status == io::FileIoStatus::Success) {
+    _progress.finish();
+  }
+  return status;
 }
 
 }  // namespace lum

@@ -29,13 +29,24 @@ ArchiveFile::ArchiveFile(const std::wstring& path)
 }
 
 ArchiveFile::~ArchiveFile() {
-  ::close(_file);
+  if (_file != NO_FILE) {
+    ::close(_file);
+  }
 }
 
 bool ArchiveFile::read(std::span<char> bytes, std::uint64_t position) const {
   if (position > _size || bytes.size() > _size - position) {
     return false;
   }
+  if (_file != NO_FILE) {
+    return readFile(bytes, position);
+  }
+  std::ranges::copy(_bytes.subspan(static_cast<std::size_t>(position), bytes.size()),
+                    std::as_writable_bytes(bytes).begin());
+  return true;
+}
+
+bool ArchiveFile::readFile(std::span<char> bytes, std::uint64_t position) const {
   while (!bytes.empty()) {
     const ::ssize_t count =
         ::pread(_file, bytes.data(), std::min(bytes.size(), MAX_READ_BYTES), static_cast<::off_t>(position));

@@ -2,18 +2,22 @@
 
 #include <vemo/import/Export.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
 
 namespace vemo {
 
-/// A file that is open for reading at any position. It is not mapped: a mapped
-/// file that somebody cuts short ends the process.
+/// The bytes of an archive, for reading at any position: those of a file, or of a
+/// block of memory. A file is not mapped: a mapped file that somebody cuts short ends
+/// the process.
 class VEMO_IMPORT_EXPORT ArchiveFile {
  public:
   /// Throws ZipException when the file cannot be opened.
   explicit ArchiveFile(const std::wstring& path);
+  /// The bytes must outlive this.
+  explicit ArchiveFile(std::span<const std::byte> bytes) : _bytes(bytes), _size(bytes.size()) {}
   ~ArchiveFile();
   ArchiveFile(const ArchiveFile&) = delete;
   ArchiveFile& operator=(const ArchiveFile&) = delete;
@@ -25,7 +29,12 @@ class VEMO_IMPORT_EXPORT ArchiveFile {
   bool read(std::span<char> bytes, std::uint64_t position) const;
 
  private:
-  int _file;
+  static constexpr int NO_FILE = -1;
+
+  bool readFile(std::span<char> bytes, std::uint64_t position) const;
+
+  int _file = NO_FILE;
+  std::span<const std::byte> _bytes;
   std::uint64_t _size = 0;
 };
 

@@ -34,7 +34,7 @@ Array_t<unsigned char> ArchiveReader::loadEntry(const std::string& entryName,
   if (!_archive.isSizePossible(entryName)) {
     failIncomplete(entryName);
   }
-  countBytesRead(size, entryName);
+  addBytesRead(size, entryName);
   // Not set to zero beforehand: the archive does so with what it does not fill.
   std::unique_ptr<unsigned char[]> block(new (std::nothrow) unsigned char[static_cast<std::size_t>(size)]);
   OS::preferHugePages(block.get(), static_cast<std::size_t>(size));
@@ -42,6 +42,7 @@ Array_t<unsigned char> ArchiveReader::loadEntry(const std::string& entryName,
   if (!block || !_archive.read(entryName, reinterpret_cast<char*>(block.get()), &flaws, convert)) {
     failIncomplete(entryName);
   }
+  noteBytesRead(static_cast<std::uint64_t>(size));
   return {block.release(), size};
 }
 
@@ -67,7 +68,7 @@ std::vector<std::string> ArchiveReader::getUnusedEntries() const {
   return unused;
 }
 
-void ArchiveReader::countBytesRead(int size, const std::string& entryName) {
+void ArchiveReader::addBytesRead(int size, const std::string& entryName) {
   _bytesRead += static_cast<std::uint64_t>(size);
   if (_bytesRead > getLimits().bytes) {
     failAt<IOException>("Entry '" + entryName +

@@ -45,6 +45,9 @@ class VEMO_IMPORT_EXPORT ArchiveReader {
   /// Reports what is wrong with the content of an entry that was read.
   void reportContent(const std::string& entryName);
 
+  /// In all.
+  std::uint64_t countBytesRead() const { return _bytesRead; }
+
   /// The entries that were never asked for, in ascending order of names.
   std::vector<std::string> getUnusedEntries() const;
 
@@ -52,9 +55,12 @@ class VEMO_IMPORT_EXPORT ArchiveReader {
   /// Of content that is used anyway.
   virtual void reportFlaws(const ZipFileReader::ContentFlaws& flaws, const std::string& entryName) = 0;
 
+  /// Progress: so much content was read.
+  virtual void noteBytesRead(std::uint64_t count) = 0;
+
   Array_t<unsigned char> loadEntry(const std::string& entryName, const ZipFileReader::Convert& convert);
   Array_t<unsigned char> loadWords(const std::string& entryName, const char* kind);
-  void countBytesRead(int size, const std::string& entryName);
+  void addBytesRead(int size, const std::string& entryName);
 
   ZipFileReader _archive;
   std::uint64_t _bytesRead = 0;

@@ -36,7 +36,8 @@ void checkFile(const std::wstring& path) {
 
 /// An open archive and its entries.
 struct ZipFileReader::Archive {
-  explicit Archive(const std::wstring& path) : file(path), directory(readZipDirectory(file)) {
+  template <class Content>  // a path or bytes
+  explicit Archive(const Content& content) : file(content), directory(readZipDirectory(file)) {
     sortEntries();
   }
 
@@ -83,6 +84,9 @@ bool ZipFileReader::Archive::isSizePossible(const ZipEntry& entry) const {
 
 ZipFileReader::ZipFileReader(const std::wstring& path)
     : _archive((checkFile(path), std::make_shared<const Archive>(path))) {}
+
+ZipFileReader::ZipFileReader(std::span<const std::byte> bytes)
+    : _archive(std::make_shared<const Archive>(bytes)) {}
 
 std::uint64_t ZipFileReader::getFileSize() const {
   return _archive->file.getSize();

@@ -44,6 +44,8 @@ ReadingContext::ItemScope::ItemScope(ReadingContext* context, std::string_view n
                                      const ElementPlace& place)
     : _context(context), _exceptions(std::uncaught_exceptions()) {
   if (_context != nullptr) {
+    ++_context->_itemCount;
+    _context->_progress.advance(BYTES_PER_ITEM);
     _context->_items.push_back({name, place});
     _context->_failure = {};
   }

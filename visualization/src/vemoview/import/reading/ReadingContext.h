@@ -1,16 +1,19 @@
 #pragma once
 
 #include <vemo/base/InternalError.h>
+#include <vemo/base/Progress.h>
 #include <vemo/import/ElementPlace.h>
 #include <vemo/import/Exception.h>
 #include <vemo/import/Export.h>
 #include <vemo/scenegraph/Finding.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <exception>
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace vemo {
@@ -21,6 +24,9 @@ class VEMO_IMPORT_EXPORT ReadingContext {
  public:
   /// Of each kind; one more says that others are not listed.
   static constexpr std::size_t MAX_FINDINGS = 1000;
+
+  /// An item takes about as long as so many bytes of an entry: the unit of progress.
+  static constexpr std::uint64_t BYTES_PER_ITEM = 1024;
 
   /// Marks an item as being read or converted, from construction to destruction:
   /// `const ReadingContext::ItemScope scope(context, element.getName(), element.getPlace());`
@@ -63,6 +69,12 @@ class VEMO_IMPORT_EXPORT ReadingContext {
     ReadingContext* _context;
     bool _collectedFaults;
   };
+
+  /// Items advance it when they are read and when they are converted.
+  ProgressMeter& getProgress() { return _progress; }
+  void setProgress(ProgressReport report) { _progress = ProgressMeter(std::move(report)); }
+  /// How many were read, and converted.
+  std::uint64_t countItems() const { return _itemCount; }
 
   /// Counts the data that are ignored or left out, with a finding: what then seems to be
   /// missing may only be that.
@@ -169,6 +181,8 @@ class VEMO_IMPORT_EXPORT ReadingContext {
   void keepCurrentException();
   void keepFault(Finding fault);
 
+  ProgressMeter _progress;
+  std::uint64_t _itemCount = 0;
   std::vector<Item> _items;
   /// The place of the exception that is unwinding the scopes.
   Place _failure;

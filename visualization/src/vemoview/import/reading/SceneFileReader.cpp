@@ -5,6 +5,7 @@
 #include "vemoview/import/xml/XmlParser.h"
 #include <vemo/import/xml/QxElement.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <utility>
 
@@ -24,14 +25,25 @@ std::unique_ptr<QxElement> SceneFileReader::readXml(const std::string& entryName
         "Entry '" + entryName + "' is larger than the description in an archive of this size should be",
         entryName);
   }
+  getProgress().startPhase(DESCRIPTION_READ,
+                           2 * static_cast<std::uint64_t>(std::max(getArchive().getSize(entryName), 0)));
   const ArrayOwner<unsigned char> text(readEntry(entryName));
-  XmlDocument document = parseXml(text.values(), entryName, limits);
+  XmlDocument document = parseXml(text.values(), entryName, limits, &getProgress());
   if (document.hasDeclarationsOutside) {
     report(FindingCode::DECLARATIONS_NOT_READ,
            "The description refers to entities or declarations in other files, which are not read",
            entryName);
   }
+  startReadingEntries(document.elementCount);
   return std::move(document.root);
+}
+
+void SceneFileReader::startReadingEntries(int elementCount) {
+  std::uint64_t units = static_cast<std::uint64_t>(elementCount) * BYTES_PER_ITEM;
+  for (int i = 0; i < getArchive().getEntryCount(); ++i) {
+    units += static_cast<std::uint64_t>(std::max(getArchive().getSize(getArchive().getEntryName(i)), 0));
+  }
+  getProgress().startPhase(ENTRIES_READ, units);
 }
 
 void SceneFileReader::dropUnlessNeeded(QxElement& element) const {

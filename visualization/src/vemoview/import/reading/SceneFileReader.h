@@ -49,6 +49,12 @@ class VEMO_IMPORT_EXPORT SceneFileReader : public ArchiveReader, public ReadingC
   void loseEntriesOf(const QxElement& element);
   bool isLost(const std::string& entryName) const { return _lost.contains(entryName); }
 
+  /// The shares of the time that an import takes: until the description is read, the
+  /// entries are read, and the items are converted.
+  static constexpr double DESCRIPTION_READ = 0.2;
+  static constexpr double ENTRIES_READ = 0.65;
+  static constexpr double ITEMS_CONVERTED = 1.0;
+
   /// Reads the whole scene into a new Scene. The result holds it from the
   /// start: if an exception is thrown, it is partly filled. Defined with the
   /// Scene: nothing else here depends on the items.
@@ -56,7 +62,9 @@ class VEMO_IMPORT_EXPORT SceneFileReader : public ArchiveReader, public ReadingC
 
  private:
   void readItems(Scene& scene);
+  void startReadingEntries(int elementCount);
   void addEntriesOf(const QxElement& element, std::set<std::string>& names) const;
+  void noteBytesRead(std::uint64_t count) override { getProgress().advance(count); }
   void reportFlaws(const ZipFileReader::ContentFlaws& flaws, const std::string& entryName) override;
 
   bool _keepsDescription = false;

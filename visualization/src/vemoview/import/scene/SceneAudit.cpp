@@ -38,7 +38,7 @@ void checkNames(SceneFileReader& reader) {
 SceneAudit::SceneAudit(const std::wstring& path) {
   const FindingCapture capture(_findings);
   try {
-    _import = std::make_unique<SceneImport>(path);
+    _import = std::make_unique<SceneImport>(ZipFileReader(path));
     run();
   } catch (const Exception& exception) {
     _findings.push_back(findingOf(exception));

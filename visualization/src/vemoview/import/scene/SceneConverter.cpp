@@ -5,13 +5,30 @@
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/io/SDBWriter.h>
 
+#include <cstdint>
+#include <utility>
+
 namespace vemo {
+
+namespace {
+
+/// The share of the time.
+constexpr double IMPORTED = 0.8;
+
+/// Normals and offsets of cells are written, too.
+constexpr std::uint64_t BYTES_WRITTEN_PER_BYTE_READ = 2;
+
+}  // namespace
 
 SceneConverter::SceneConverter(const std::wstring& inputPath, const std::wstring& outputPath)
     : _inputPath(inputPath), _outputPath(outputPath) {}
 
 void SceneConverter::setWriteFailureObserver(WriteFailureObserver observer) {
   _writeFailureObserver = std::move(observer);
+}
+
+void SceneConverter::setProgress(ProgressReport report) {
+  _progress = std::move(report);
 }
 
 void SceneConverter::setObserver(Observer observer) {
@@ -24,7 +41,8 @@ void SceneConverter::setLedgerObserver(LedgerObserver observer) {
 
 void SceneConverter::run() const {
   VEMO_LOG_INFO("Reading a file\n\t" << _inputPath << ", converting it, and writing to\n\t" << _outputPath);
-  SceneImport import(_inputPath);
+  SceneImport import{ZipFileReader(_inputPath)};
+  import.getReader().setProgress(partOf(_progress, 0, IMPORTED));
   if (_ledgerObserver) {
     import.getReader().collectFaults();
     import.getReader().keepDescription();
@@ -43,6 +61,8 @@ void SceneConverter::run() const {
     reportWriteFailure(writer.getFailure());
     return;
   }
+  writer.setProgress(partOf(_progress, IMPORTED, 1),
+                     BYTES_WRITTEN_PER_BYTE_READ * import.getReader().countBytesRead());
   int recordNumber = 0;
   writer.addRecord(RECORD_TITLE, RECORD_DESCRIPTION, RECORD_SIM_UUID, *sceneNode, recordNumber);
   const bool isWritten = writer.close() == lum::io::FileIoStatus::Success;

@@ -54,6 +54,17 @@ void forgetFilesOfParent(std::list<std::wstring>& files) {
   }
 }
 
+void deleteTemporaryFile(const std::wstring& path) {
+  if (!Platform::filesystem().exists(path)) {
+    return;
+  }
+  if (Platform::filesystem().remove(path) == 0) {
+    VEMO_LOG_INFO("Temporary file \"" << path << "\" has been successfully deleted");
+  } else {
+    VEMO_LOG_ERROR("Can not delete temporary file \"" << path << "\"");
+  }
+}
+
 /// Whether opening or reading the file may block: a pipe, a socket, a terminal.
 bool mayBlock(const std::wstring& path) {
   struct stat status {};
@@ -105,7 +116,8 @@ SceneFormatHandler::SceneFormat SceneFormatHandler::detectSceneFormat(const std:
   return UnknownFormat;
 }
 
-std::wstring SceneFormatHandler::convertZippedScene(const std::wstring& path) {
+std::wstring SceneFormatHandler::convertZippedScene(const std::wstring& path,
+                                                    const ProgressReport& progress) {
   const std::wstring temporaryPath = makeTemporaryFile();
   VEMO_LOG_INFO("Registering temporary file \"" << temporaryPath << "\" to be deleted later");
   forgetFilesOfParent(_filesToDelete);
@@ -115,14 +127,20 @@ std::wstring SceneFormatHandler::convertZippedScene(const std::wstring& path) {
   }
   SceneConverter converter(path, temporaryPath);
   converter.setWriteFailureObserver([](const std::string& cause) { throw OutputException(cause); });
-  converter.run();
+  converter.setProgress(progress);
+  try {
+    converter.run();
+  } catch (const Cancelled&) {
+    releaseTemporaryFile(temporaryPath);
+    throw;
+  }
   return temporaryPath;
 }
 
 // A copy: the host may change its function meanwhile.
 // NOLINTNEXTLINE(performance-unnecessary-value-param)
 FileIoStatus SceneFormatHandler::loadVemoScene(const std::wstring& path, LoadingFunction load,
-                                               std::ostream& messages) {
+                                               std::ostream& messages, const ProgressReport& progress) {
   std::wstring pathToLoad = path;
   switch (detectSceneFormat(path, messages)) {
     case FileMissing:
@@ -133,7 +151,7 @@ FileIoStatus SceneFormatHandler::loadVemoScene(const std::wstring& path, Loading
       return FileIoStatus::ReadError;
     case ZippedScene:
       VEMO_LOG_INFO("Old format, converting...\n");
-      pathToLoad = convertZippedScene(path);
+      pathToLoad = convertZippedScene(path, progress);
       break;
     case SceneDatabase:
       break;
@@ -148,17 +166,17 @@ FileIoStatus SceneFormatHandler::loadVemoScene(const std::wstring& path, Loading
   return FileIoStatus::Success;
 }
 
+void SceneFormatHandler::releaseTemporaryFile(const std::wstring& path) {
+  forgetFilesOfParent(_filesToDelete);
+  if (_filesToDelete.remove(path) > 0) {
+    deleteTemporaryFile(path);
+  }
+}
+
 void SceneFormatHandler::clearTemporaryFiles() {
   forgetFilesOfParent(_filesToDelete);
   for (const std::wstring& path : _filesToDelete) {
-    if (!Platform::filesystem().exists(path)) {
-      continue;
-    }
-    if (Platform::filesystem().remove(path) == 0) {
-      VEMO_LOG_INFO("Temporary file \"" << path << "\" has been successfully deleted");
-    } else {
-      VEMO_LOG_ERROR("Can not delete temporary file \"" << path << "\"");
-    }
+    deleteTemporaryFile(path);
   }
   _filesToDelete.clear();
   Platform::reset();

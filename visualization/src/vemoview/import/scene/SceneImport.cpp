@@ -1,6 +1,6 @@
 #include "vemoview/import/scene/SceneImport.h"
 
-#include "vemoview/import/archive/MemoryStream.h"
+#include "base/MemoryStream.h"
 #include <vemo/base/WideStream.h>
 #include <vemo/import/decorations/Gradient.h>
 #include <vemo/import/items/SharedBySiblings.h>
@@ -21,8 +21,8 @@ namespace {
 
 using SceneNodePtr = lum::Ptr<lum::SceneNode>;
 
-std::span<unsigned char> bytesOf(const Array_t<unsigned char>& file) {
-  return {file.data, static_cast<std::size_t>(file.count)};
+std::span<const std::byte> bytesOf(const Array_t<unsigned char>& file) {
+  return std::as_bytes(std::span(file.data, static_cast<std::size_t>(file.count)));
 }
 
 void reportDamage(const std::string& text) {
@@ -143,7 +143,7 @@ void SceneImport::Session::leaveOpen() {
   }
 }
 
-SceneImport::SceneImport(const std::wstring& path) : _reader(ZipFileReader(path)) {}
+SceneImport::SceneImport(ZipFileReader archive) : _reader(std::move(archive)) {}
 
 SceneImport::~SceneImport() {
   _reserve.useForDestructors();
@@ -157,6 +157,8 @@ void SceneImport::read() {
 }
 
 lum::SceneNode& SceneImport::convert() {
+  _reader.getProgress().startPhase(SceneFileReader::ITEMS_CONVERTED,
+                                   _reader.countItems() * SceneFileReader::BYTES_PER_ITEM);
   if (_scene->getLUMSceneFile().count != 0) {
     _reader.report(FindingCode::DESCRIPTION_REPLACED,
                    "The archive holds a scene graph, which is used instead of the items of the description");

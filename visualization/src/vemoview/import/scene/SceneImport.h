@@ -16,7 +16,7 @@ class Scene;
 class SceneImport {
  public:
   /// Opens the archive; throws as ZipFileReader does.
-  explicit SceneImport(const std::wstring& path);
+  explicit SceneImport(ZipFileReader archive);
   /// Closes the session that the nodes of a scene graph in the archive are in.
   ~SceneImport();
   SceneImport(const SceneImport&) = delete;

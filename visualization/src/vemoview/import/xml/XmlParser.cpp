@@ -3,6 +3,7 @@
 #include "vemoview/import/Failure.h"
 #include "vemoview/import/archive/ReadingLimits.h"
 #include "vemoview/import/xml/ElementTexts.h"
+#include <vemo/base/Progress.h>
 #include <vemo/import/xml/QxElement.h>
 
 #include <exception>
@@ -16,11 +17,17 @@ namespace vemo {
 
 namespace {
 
+/// Between two reports of progress.
+constexpr int ELEMENTS_PER_REPORT = 256;
+
 /// Builds the tree of one XML entry from the parser's calls.
 class TreeBuilder {
  public:
-  TreeBuilder(const std::string& entryName, const ReadingLimits& limits)
-      : _entryName(entryName), _limits(limits), _parser(XML_ParserCreate(nullptr), XML_ParserFree) {
+  TreeBuilder(const std::string& entryName, const ReadingLimits& limits, ProgressMeter* progress)
+      : _entryName(entryName),
+        _limits(limits),
+        _progress(progress),
+        _parser(XML_ParserCreate(nullptr), XML_ParserFree) {
     if (!_parser) {
       failAt<XMLException>("Couldn't allocate memory for XML parser", entryName);
     }
@@ -41,7 +48,7 @@ class TreeBuilder {
       failAt<XMLException>("Parse error in scene.xml at line" + std::to_string(getLine()), _entryName,
                            getLine());
     }
-    return {std::move(_document), _hasDeclarationsOutside};
+    return {std::move(_document), _hasDeclarationsOutside, _number};
   }
 
  private:
@@ -89,7 +96,9 @@ class TreeBuilder {
       failHere("Elements in " + _entryName + " are nested deeper than " + std::to_string(_limits.depth));
     }
     countElement();
-    ++_number;
+    if (++_number % ELEMENTS_PER_REPORT == 0) {
+      reportProgress();
+    }
     for (const char** attribute = attributes; *attribute != nullptr; attribute += 2) {
       countElement();
     }
@@ -103,6 +112,18 @@ class TreeBuilder {
       _open.back()->addChild(std::move(element));
     }
     _open.push_back(opened);
+  }
+
+  void reportProgress() {
+    if (_progress == nullptr) {
+      return;
+    }
+    const XML_Index position = XML_GetCurrentByteIndex(_parser.get());
+    // The parser may be in an entity.
+    if (position > _reported) {
+      _progress->advance(static_cast<std::uint64_t>(position - _reported));
+      _reported = position;
+    }
   }
 
   void countElement() {
@@ -119,6 +140,8 @@ class TreeBuilder {
 
   const std::string& _entryName;
   ReadingLimits _limits;
+  ProgressMeter* _progress;
+  XML_Index _reported = 0;
   std::uint64_t _elements = 0;
   /// Of the element that started last.
   int _number = 0;
@@ -134,8 +157,8 @@ class TreeBuilder {
 }  // namespace
 
 XmlDocument parseXml(std::span<const unsigned char> text, const std::string& entryName,
-                     const ReadingLimits& limits) {
-  return TreeBuilder(entryName, limits).build(text);
+                     const ReadingLimits& limits, ProgressMeter* progress) {
+  return TreeBuilder(entryName, limits, progress).build(text);
 }
 
 }  // namespace vemo

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <istream>
 #include <span>
 #include <streambuf>
@@ -9,15 +10,16 @@ namespace vemo {
 /// A seekable input stream over bytes that something else holds.
 class MemoryStream : public std::istream {
  public:
-  explicit MemoryStream(std::span<unsigned char> bytes) : std::istream(nullptr), _buffer(bytes) {
+  explicit MemoryStream(std::span<const std::byte> bytes) : std::istream(nullptr), _buffer(bytes) {
     rdbuf(&_buffer);
   }
 
  private:
   class Buffer : public std::streambuf {
    public:
-    explicit Buffer(std::span<unsigned char> bytes) {
-      char* const begin = reinterpret_cast<char*>(bytes.data());
+    // The buffer's interface is for writers, too.
+    explicit Buffer(std::span<const std::byte> bytes) {
+      char* const begin = const_cast<char*>(reinterpret_cast<const char*>(bytes.data()));
       setg(begin, begin, begin + bytes.size());
     }
 
