@@ -15,6 +15,44 @@ function(vemo_export_header name)
   configure_file(${CMAKE_SOURCE_DIR}/cmake/Export.h.in ${generated_headers}/vemo/${name}/Export.h @ONLY)
 endfunction()
 
+# vemo_pkg_config(NAME LIBRARIES ...): how pkg-config finds the library, which links these
+# publicly. VTK has no such files: its headers and libraries are named.
+function(vemo_pkg_config name)
+  set(requires ${ARGN})
+  set(modules ${ARGN})
+  list(FILTER requires INCLUDE REGEX "^vemo_")
+  list(TRANSFORM requires REPLACE "^vemo_" "vemo-")
+  list(JOIN requires ", " requires)
+  list(FILTER modules INCLUDE REGEX "^VTK::")
+  set(vtk_folders "")
+  set(vtk_libraries "")
+  foreach(module IN LISTS modules)
+    list(APPEND vtk_folders $<TARGET_PROPERTY:${module},INTERFACE_INCLUDE_DIRECTORIES>)
+    string(APPEND vtk_libraries " -L$<TARGET_FILE_DIR:${module}> -l:$<TARGET_SONAME_FILE_NAME:${module}>")
+  endforeach()
+  # The compiler has its own place for the system's headers, which must stay last.
+  set(vtk_folders $<FILTER:$<REMOVE_DUPLICATES:${vtk_folders}>,EXCLUDE,^/usr/include/?$>)
+  if(modules)
+    set(vtk_flags " -I$<JOIN:${vtk_folders}, -I>")
+  endif()
+  file(RELATIVE_PATH prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+  set(file ${CMAKE_BINARY_DIR}/pkgconfig/vemo-${name}.pc)
+  file(CONFIGURE OUTPUT ${file}.in CONTENT
+"prefix=\${pcfiledir}/@prefix@
+libdir=\${prefix}/@CMAKE_INSTALL_LIBDIR@
+includedir=\${prefix}/@CMAKE_INSTALL_INCLUDEDIR@
+
+Name: vemo-@name@
+Description: Import of scenes with simulation results: @name@
+Version: @PROJECT_VERSION@
+Requires: @requires@
+Cflags: -I\${includedir}@vtk_flags@
+Libs: -L\${libdir} -lvemo_@name@@vtk_libraries@
+" @ONLY)
+  file(GENERATE OUTPUT ${file} INPUT ${file}.in)
+  install(FILES ${file} DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+endfunction()
+
 # vemo_component(NAME [PUBLIC ...] [PRIVATE ...]): how find_package(vemo COMPONENTS NAME) finds
 # the library, and which of our libraries and of VTK's modules it needs. CMake
 # looks at what a library links privately, too.
@@ -31,6 +69,7 @@ function(vemo_component name)
   set_property(GLOBAL APPEND_STRING PROPERTY vemo_components
     "set(vemo_${name}_components ${ours})\nset(vemo_${name}_vtk_modules ${modules})\n")
   set_property(GLOBAL APPEND PROPERTY vemo_component_names ${name})
+  vemo_pkg_config(${name} ${ARG_PUBLIC})
   install(TARGETS vemo_${name} EXPORT vemo_${name})
   install(EXPORT vemo_${name} NAMESPACE vemo:: FILE vemo-${name}.cmake DESTINATION ${package_folder})
 endfunction()
@@ -57,6 +96,9 @@ function(vemo_library name)
     $<BUILD_INTERFACE:${public_headers}> $<BUILD_INTERFACE:${generated_headers}>
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
   target_link_libraries(${target} PUBLIC ${ARG_PUBLIC} PRIVATE $<BUILD_INTERFACE:vemo_options> ${ARG_PRIVATE})
+  set(exports ${CMAKE_SOURCE_DIR}/cmake/exports.map)
+  target_link_options(${target} PRIVATE LINKER:--version-script=${exports})
+  set_target_properties(${target} PROPERTIES LINK_DEPENDS ${exports})
   target_precompile_headers(${target} PRIVATE ${CMAKE_SOURCE_DIR}/cmake/precompiled.h)
   vemo_component(${name} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
   install(DIRECTORY ${public_headers}/vemo/${name} ${generated_headers}/vemo/${name}

@@ -1,6 +1,6 @@
 #!/bin/bash
-# Builds examples/host against an installation, as another project does, and again
-# after the installation was moved:
+# Builds examples/host against an installation, as other projects do with CMake and with
+# pkg-config, and again after the installation was moved:
 #   installed_host_test.sh SOURCE_FOLDER BUILD_FOLDER
 set -euo pipefail
 sources=$1 build=$2
@@ -14,6 +14,16 @@ build_and_run_host() { # BUILD_FOLDER PREFIX
     cmake --build "$1" >>"$folder/log" 2>&1 || fail "$(cat "$folder/log")"
   output=$("$1/host" "$sources/examples/wing.zip")
   [[ $output == *" meshes" ]] || fail "the host prints \"$output\""
+}
+
+# Without CMake, by the flags of pkg-config alone.
+compile_host() { # PREFIX
+  local flags
+  flags=$(PKG_CONFIG_PATH=$1/lib/pkgconfig pkg-config --cflags --libs vemo-import) || fail "vemo-import is not found"
+  # shellcheck disable=SC2086
+  c++ -std=c++20 "$folder/host/main.cpp" -o "$folder/by-flags" $flags "-Wl,-rpath,$1/lib" >"$folder/log" 2>&1 ||
+    fail "$(cat "$folder/log")"
+  [[ $("$folder/by-flags" "$sources/examples/wing.zip") == *" meshes" ]] || fail "the host that pkg-config links does not run"
 }
 
 link_components() { # PREFIX COMPONENT ...
@@ -38,8 +48,10 @@ END
 cmake --install "$build" --prefix "$folder/installed" >/dev/null
 cp -r -- "$sources/examples/host" "$folder/host"
 build_and_run_host "$folder/first" "$folder/installed"
+compile_host "$folder/installed"
 mv -- "$folder/installed" "$folder/moved"
 build_and_run_host "$folder/second" "$folder/moved"
+compile_host "$folder/moved"
 "$folder/moved/bin/vemoscene" info "$sources/examples/wing.zip" >/dev/null || fail "the moved program does not run"
 
 targets=$(link_components "$folder/moved" scenegraph render) || fail "$targets"
