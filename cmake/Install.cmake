@@ -8,4 +8,4 @@ configure_package_config_file(cmake/vemoConfig.cmake.in ${CMAKE_BINARY_DIR}/vemo
   INSTALL_DESTINATION ${package_folder})
 write_basic_package_version_file(${CMAKE_BINARY_DIR}/vemoConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(FILES ${CMAKE_BINARY_DIR}/vemoConfig.cmake ${CMAKE_BINARY_DIR}/vemoConfigVersion.cmake
-  DESTINATION ${package_folder})
+  DESTINATION ${package_folder} COMPONENT dev)

@@ -50,7 +50,7 @@ Cflags: -I\${includedir}@vtk_flags@
 Libs: -L\${libdir} -lvemo_@name@@vtk_libraries@
 " @ONLY)
   file(GENERATE OUTPUT ${file} INPUT ${file}.in)
-  install(FILES ${file} DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+  install(FILES ${file} DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT dev)
 endfunction()
 
 # vemo_component(NAME [PUBLIC ...] [PRIVATE ...]): how find_package(vemo COMPONENTS NAME) finds
@@ -70,8 +70,12 @@ function(vemo_component name)
     "set(vemo_${name}_components ${ours})\nset(vemo_${name}_vtk_modules ${modules})\n")
   set_property(GLOBAL APPEND PROPERTY vemo_component_names ${name})
   vemo_pkg_config(${name} ${ARG_PUBLIC})
-  install(TARGETS vemo_${name} EXPORT vemo_${name})
-  install(EXPORT vemo_${name} NAMESPACE vemo:: FILE vemo-${name}.cmake DESTINATION ${package_folder})
+  set(package runtime)
+  if(name STREQUAL window)
+    set(package window)
+  endif()
+  install(TARGETS vemo_${name} EXPORT vemo_${name} LIBRARY COMPONENT ${package} NAMELINK_COMPONENT dev)
+  install(EXPORT vemo_${name} NAMESPACE vemo:: FILE vemo-${name}.cmake DESTINATION ${package_folder} COMPONENT dev)
 endfunction()
 
 # vemo_library(NAME SOURCE_ROOT DIR FOLDERS ... [PUBLIC ...] [PRIVATE ...])
@@ -102,7 +106,7 @@ function(vemo_library name)
   target_precompile_headers(${target} PRIVATE ${CMAKE_SOURCE_DIR}/cmake/precompiled.h)
   vemo_component(${name} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
   install(DIRECTORY ${public_headers}/vemo/${name} ${generated_headers}/vemo/${name}
-    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vemo FILES_MATCHING PATTERN "*.h")
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vemo COMPONENT dev FILES_MATCHING PATTERN "*.h")
 endfunction()
 
 # vemo_test(FOLDER LIBRARIES ...): one test program for one folder of tests,
