@@ -7,12 +7,16 @@
 #include <vemo/scenegraph/canvas/SceneNode.h>
 
 #include <fmt/format.h>
+#include <optional>
 
 namespace vemo {
 
-OpenedScene loadScene(const std::string& file) {
+const OpenedScene& loadScene(const std::string& file) {
+  // Never destroyed.
+  static auto& scene = *new std::optional<OpenedScene>;
+  scene.reset();
   Progress progress(fmt::format("Reading {}", toPrintable(file)));
-  return openScene(toWidePath(file), progress.getReport());
+  return scene.emplace(openScene(toWidePath(file), progress.getReport()));
 }
 
 lum::SceneNode& requireSceneNode(const OpenedScene& scene, const std::string& file) {

@@ -35,14 +35,14 @@ struct InfoArguments {
 
 /// A scene and what was reported while it was read.
 struct Contents {
-  OpenedScene scene;
+  const OpenedScene& scene;
   LogCapture::Log log;
 };
 
 Contents load(const std::string& file) {
   LogCapture log;
-  OpenedScene scene = loadScene(file);
-  return {std::move(scene), log.take()};
+  const OpenedScene& scene = loadScene(file);
+  return {scene, log.take()};
 }
 
 /// Beside the findings for programs that know only these texts.

@@ -54,7 +54,7 @@ std::string parseSize(const std::string& text, RenderOptions& picture) {
 }
 
 Picture draw(const RenderArguments& options) {
-  const OpenedScene scene = loadScene(options.file);
+  const OpenedScene& scene = loadScene(options.file);
   const Progress progress(fmt::format("Drawing {}", toPrintable(options.file)));
   return renderPicture(requireSceneNode(scene, options.file), options.picture);
 }

@@ -36,7 +36,7 @@ decltype(&showSceneWindow) loadWindow() {
 }
 
 void view(const std::string& file) {
-  const OpenedScene scene = loadScene(file);
+  const OpenedScene& scene = loadScene(file);
   loadWindow()(requireSceneNode(scene, file), std::filesystem::path(file).filename().c_str());
 }
 
