@@ -24,21 +24,15 @@
 
 #include "SceneFixture.h"
 #include "support/Expected.h"
-#include "support/Files.h"
 #include "support/GraphText.h"
 #include <vemo/import/SceneAudit.h>
 
-#include <algorithm>
 #include <regex>
 #include <sstream>
 
 namespace vemo {
 
 namespace {
-
-const std::filesystem::path FOLDER = testData("expected/conversion");
-const std::string HEADING = "==== ";
-const std::string RESULT = "----\n";
 
 std::string textOf(const Finding& finding) {
   return finding.getKind().name + ": " + finding.text + " | " + finding.itemPath + ":" +
@@ -144,32 +138,11 @@ class ConversionTest : public SceneFixture, public testing::WithParamInterface<s
 };
 
 TEST_P(ConversionTest, GivesWhatIsExpected) {
-  const std::string file = GetParam() + ".txt";
-  const std::string text = readFile(FOLDER / file);
-  std::string actual;
-  std::size_t start = text.find(HEADING);
-  while (start != std::string::npos) {
-    const std::size_t end = text.find("\n" + HEADING, start);
-    const std::size_t input = text.find('\n', start) + 1;
-    const std::size_t result = std::min(text.find(RESULT, start), end);
-    const std::string description = text.substr(input, result - input);
-    actual += text.substr(start, input - start) + description + RESULT + resultOf(description);
-    start = end == std::string::npos ? end : end + 1;
-    actual += start == std::string::npos ? "" : "\n";
-  }
-  expectAsInFile(actual, "conversion/" + file);
+  expectCases("conversion/" + GetParam() + ".txt",
+              [this](const std::string& scene) { return resultOf(scene); });
 }
 
-std::vector<std::string> fileNames() {
-  std::vector<std::string> names;
-  for (const auto& file : std::filesystem::directory_iterator(FOLDER)) {
-    names.push_back(file.path().stem());
-  }
-  std::ranges::sort(names);
-  return names;
-}
-
-INSTANTIATE_TEST_SUITE_P(, ConversionTest, testing::ValuesIn(fileNames()),
+INSTANTIATE_TEST_SUITE_P(, ConversionTest, testing::ValuesIn(expectedFiles("conversion")),
                          [](const auto& file) { return file.param; });
 
 }  // namespace

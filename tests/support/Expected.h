@@ -1,7 +1,9 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string>
+#include <vector>
 
 namespace lum {
 class Node;
@@ -17,7 +19,19 @@ std::filesystem::path testData(const std::filesystem::path& file);
 /// at what changed before you commit it.
 void expectAsInFile(const std::string& text, const std::string& file);
 
-/// The same for a graph, printed with all values of its arrays.
+/// Finds what becomes of the cases in a file, which is compared or written likewise:
+///
+///     ==== What is special about the first case
+///     description
+///     ----
+///     result
+void expectCases(const std::string& file,
+                 const std::function<std::string(const std::string& description)>& resultOf);
+
+/// The names of the files in a folder of tests/data/expected, without ".txt".
+std::vector<std::string> expectedFiles(const std::string& folder);
+
+/// The same as expectAsInFile for a graph, printed with all values of its arrays.
 void expectGraph(const lum::Node& root, const std::string& file);
 
 }  // namespace vemo
