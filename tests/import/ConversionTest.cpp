@@ -11,10 +11,11 @@
 //       ...
 //
 // Lines that begin with "@" add an entry to the archive of SceneFixture
-// (@floats, @ints, @bytes or @text, name, values), give the entry before them a wrong
-// checksum (@damaged), take the default attributes of SceneXml.h away (@plain), or
-// ask for the log (@log). Then come the children of the scene element; behind the
-// dashes stands what they become.
+// (@floats, @ints, @bytes or @text, name, values), falsify what the archive says of the
+// entry before them (@forge with crc, size or method, and its value), take the default
+// attributes of SceneXml.h away (@plain), or ask for the log (@log). Then come the
+// children of the scene element, or after @xml the whole description; behind the dashes
+// stands what they become.
 //
 // With @audit or @parts as the first line, the archive has no entries but the two
 // points "p", and another text is asked for: what SceneAudit finds, or which parts
@@ -61,6 +62,7 @@ class ConversionTest : public SceneFixture, public testing::WithParamInterface<s
     std::istringstream lines(description);
     _isLogWanted = false;
     _hasDefaults = true;
+    _isWhole = false;
     _result = &ConversionTest::graphOf;
     for (std::string line; std::getline(lines, line);) {
       if (line.starts_with('@')) {
@@ -85,7 +87,7 @@ class ConversionTest : public SceneFixture, public testing::WithParamInterface<s
   }
 
   std::string auditOf(const std::string& children) {
-    writeScene(children);
+    _isWhole ? write(children) : writeScene(children);
     const SceneAudit audit(archivePath());
     std::string text;
     for (const Finding& finding : audit.getFindings()) {
@@ -105,15 +107,29 @@ class ConversionTest : public SceneFixture, public testing::WithParamInterface<s
 
   void follow(const std::string& line) {
     const std::string kind = line.substr(0, line.find(' '));
-    if (kind == "@damaged") {
-      _archive.forge([](ArchiveBuilder::Entry& last) { last.crc ^= 1; });
+    if (kind == "@forge") {
+      forge(line);
     } else if (kind == "@audit" || kind == "@parts") {
       _archive = ArchiveBuilder().floats("p", {0, 0, 0, 1, 0, 0});
       _result = kind == "@audit" ? &ConversionTest::auditOf : &ConversionTest::partsOf;
     } else if (!_archive.add(line)) {
       _isLogWanted = _isLogWanted || kind == "@log";
       _hasDefaults = _hasDefaults && kind != "@plain";
+      _isWhole = _isWhole || kind == "@xml";
     }
+  }
+
+  void forge(const std::string& line) {
+    std::istringstream words(line);
+    std::string command;
+    std::string field;
+    std::uint16_t value = 0;
+    words >> command >> field >> value;
+    _archive.forge([=](ArchiveBuilder::Entry& last) {
+      last.crc = field == "crc" ? value : last.crc;
+      last.uncompressedSize = field == "size" ? value : last.uncompressedSize;
+      last.method = field == "method" ? value : last.method;
+    });
   }
 
   /// All archives have the same entries, and all geometry has the same settings.
@@ -134,6 +150,7 @@ class ConversionTest : public SceneFixture, public testing::WithParamInterface<s
   }
 
   bool _isLogWanted = false;
+  bool _isWhole = false;
   Result _result = nullptr;
 };
 

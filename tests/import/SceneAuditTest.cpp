@@ -69,13 +69,6 @@ TEST_F(SceneAuditTest, ConvertsWhatIsSoundBesideFaults) {
   EXPECT_NE(graphText(*result.getSceneNode()).find("\"good\""), std::string::npos);
 }
 
-TEST_F(SceneAuditTest, DoesNotRefuseAnArchiveForAnEntryWithoutUse) {
-  _archive.text("stray", "x").forge([](ArchiveBuilder::Entry& entry) { entry.method = 12; });
-  const SceneAudit result = audit(geometry(""));
-  ASSERT_TRUE(result.getSceneNode());
-  EXPECT_THAT(codesIn(result), ElementsAre("entry-unused"));
-}
-
 TEST_F(SceneAuditTest, NamesVeryDeepElementsByShortPaths) {
   std::string deep = geometry("unknown='1'");
   for (int i = 0; i < 100; ++i) {
@@ -86,19 +79,6 @@ TEST_F(SceneAuditTest, NamesVeryDeepElementsByShortPaths) {
   const auto row = std::ranges::find(rows, "unknown", &LedgerRow::attribute);
   ASSERT_NE(row, rows.end());
   EXPECT_THAT(row->path, AllOf(StartsWith("scene/nnn"), EndsWith("/..."), SizeIs(Lt(1200))));
-}
-
-TEST_F(SceneAuditTest, ReportsFilesThatItCannotOpenOrParse) {
-  const auto codeOf = [this](const std::string& content) {
-    writeFile(_folder / "file", content);
-    const SceneAudit result(wide(_folder / "file"));
-    EXPECT_FALSE(result.getSceneNode());
-    EXPECT_EQ(result.getFindings().size(), 1U);
-    return result.getFindings().empty() ? "" : result.getFindings()[0].getKind().name;
-  };
-  EXPECT_EQ(codeOf("PK\3\4 no archive"), "archive-invalid");
-  ArchiveBuilder().text("scene.xml", "<scene>").write(_folder / "open.zip");
-  EXPECT_EQ(codeOf(readFile(_folder / "open.zip")), "xml-invalid");
 }
 
 /// An element, or one of its attributes.

@@ -77,12 +77,6 @@ TEST_F(SceneConverterTest, LogsWhatItDoes) {
                                   std::string("sceneNode with name \"s\" is here!"), std::string("done")}));
 }
 
-TEST_F(SceneConverterTest, RefusesAGradientOfOneColour) {
-  EXPECT_EQ(failureOf([&] { run(sceneXml("<gradient topColor='00000000' bottomColor='00000000'/>")); }),
-            "InternalError: Should not be the case. Investigate | "
-            "(gradient->getMode() != lum::BackgroundColorModes::SOLID) | scene/gradient:1");
-}
-
 TEST_F(SceneConverterTest, PassesASceneGraphThrough) {
   convert(assembly("A", geometry("polys='quad'")));
   _sceneNode->setName("carried");

@@ -182,59 +182,6 @@ TEST_F(SceneFileReaderTest, ExpandsNoEntitiesWithoutEnd) {
   }
 }
 
-TEST_F(SceneFileReaderTest, ReportsWhatIsWrongWithEntriesThatItReads) {
-  SceneFileReader reader = open(ArchiveBuilder()
-                                    .text("scene.xml", "<scene background='000000ff'/>")
-                                    .text("scene.xml",
-                                          "<scene background='000000ff'><image2d visibility='1' pixels='x' "
-                                          "width='2' height='1'/><image2d visibility='1' pixels='y' "
-                                          "width='1' height='1'/></scene>")
-                                    .text("x", "12345")
-                                    .forge([](Entry& e) {
-                                      e.uncompressedSize = 6;
-                                      e.crc = 0;
-                                    })
-                                    .text("y", "rgb")
-                                    .forge([](Entry& e) { e.crc = 0; }));
-  std::unique_ptr<Scene> scene;
-  reader.read(scene);
-  std::vector<std::string> found;
-  for (const Finding& finding : reader.getFindings()) {
-    found.push_back(finding.getKind().name + " " + finding.entry + " " + finding.itemPath);
-  }
-  EXPECT_THAT(found, ElementsAre("entry-replaced scene.xml ", "entry-short x scene/image2d",
-                                 "checksum-wrong y scene/image2d"));
-}
-
-TEST_F(SceneFileReaderTest, ReportsWhatItDoesNotRead) {
-  const std::string scene =
-      "<scene background='000000ff' name='a&e;b' xml:space='preserve'><flow of='ignored'/></scene>";
-  SceneFileReader reader = open(ArchiveBuilder()
-                                    .text("scene.xml", "<!DOCTYPE scene SYSTEM 'x.dtd'>" + scene)
-                                    .text("scene.lum", "")
-                                    .text("empty/", "")
-                                    .text("ignored", "data")
-                                    .text("folder/", "data"));
-  std::unique_ptr<Scene> read;
-  reader.read(read);
-  std::vector<std::string> found;
-  for (const Finding& finding : reader.getFindings()) {
-    found.push_back(finding.getKind().name + " " + finding.entry);
-  }
-  EXPECT_THAT(found, ElementsAre("declarations-not-read scene.xml", "payload-damaged scene.lum",
-                                 "element-unknown ", "entry-unused folder/"));
-}
-
-TEST_F(SceneFileReaderTest, ReportsEntitiesInOtherFiles) {
-  SceneFileReader reader = open(ArchiveBuilder().text("scene.xml",
-                                                      "<!DOCTYPE scene [<!ENTITY wing SYSTEM 'wing.xml'>]>"
-                                                      "<scene background='000000ff'>&wing;</scene>"));
-  std::unique_ptr<Scene> read;
-  reader.read(read);
-  ASSERT_EQ(reader.getFindings().size(), 1U);
-  EXPECT_EQ(reader.getFindings().front().code, FindingCode::DECLARATIONS_NOT_READ);
-}
-
 TEST_F(SceneFileReaderTest, KeepsFindingsWithTheirPlace) {
   SceneFileReader reader = open(ArchiveBuilder().text("x", ""));
   const std::string longName = repeated("\xC3\xA9", 100);
