@@ -142,6 +142,29 @@ TEST(ConnectivityTest, TakesOtherCellsAnywhereAmongTriangles) {
   }
 }
 
+/// Triangles are looked at in blocks.
+TEST(ConnectivityTest, FindsAWrongWordAnywhereAmongTriangles) {
+  List sound;
+  for (std::int32_t i = 0; i < 9; ++i) {
+    sound.insert(sound.end(), {3, i, i + 2, i + 1});
+  }
+  for (const auto& [points, outside] : {std::pair(0, 0), {1, 2}, {4, 4}, {10, 10}}) {
+    EXPECT_EQ(import(sound, CellKind::POLYS, points).indexOutside, outside);
+  }
+  EXPECT_FALSE(import({3, HIGHEST, 0, 1}, CellKind::POLYS, vtkIdType{1} << 31).indexOutside);
+  for (std::size_t place = 0; place < sound.size(); ++place) {
+    for (const std::int32_t word : {HIGHEST, -1, LOWEST, LOWEST + 3}) {
+      List list = sound;
+      list[place] = word;
+      if (place % 4 == 0) {
+        EXPECT_THROW(import(list, CellKind::POLYS, 11), InternalError) << word << " at " << place;
+      } else {
+        EXPECT_EQ(import(list, CellKind::POLYS, 11).indexOutside, word) << place;
+      }
+    }
+  }
+}
+
 TEST(ConnectivityTest, RemovesRowsInPlace) {
   const std::vector<std::pair<std::vector<vtkIdType>, std::vector<float>>> cases = {
       {{}, {0, 1, 2, 3, 4, 5, 6, 7}}, {{0}, {2, 3, 4, 5, 6, 7}}, {{1, 2}, {0, 1, 6, 7}},
