@@ -39,22 +39,13 @@ void put(Bytes& out, T... values) {
 }
 
 Bytes deflated(const Bytes& content) {
-  z_stream stream{};
-  if (deflateInit2(&stream, Z_DEFAULT_COMPRESSION, Z_DEFLATED, -MAX_WBITS, 8, Z_DEFAULT_STRATEGY) != Z_OK) {
+  uLongf size = compressBound(content.size());
+  Bytes out(size);
+  if (compress(out.data(), &size, content.data(), content.size()) != Z_OK) {
     throw std::runtime_error("cannot deflate");
   }
-  Bytes out(deflateBound(&stream, content.size()));
-  stream.next_in = const_cast<unsigned char*>(content.data());
-  stream.avail_in = static_cast<uInt>(content.size());
-  stream.next_out = out.data();
-  stream.avail_out = static_cast<uInt>(out.size());
-  const int result = deflate(&stream, Z_FINISH);
-  out.resize(stream.total_out);
-  deflateEnd(&stream);
-  if (result != Z_STREAM_END) {
-    throw std::runtime_error("cannot deflate");
-  }
-  return out;
+  // Between the header and the checksum of zlib's own format.
+  return {out.begin() + 2, out.begin() + static_cast<std::ptrdiff_t>(size - 4)};
 }
 
 /// The fields that the local header and the directory have in common.
