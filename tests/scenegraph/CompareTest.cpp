@@ -1,21 +1,16 @@
 #include "scenegraph/inspect/Matching.h"
 #include "support/Expected.h"
+#include "support/GraphReader.h"
 #include "support/Meshes.h"
 #include "support/Nodes.h"
 #include "support/SampleGraphs.h"
-#include <vemo/scenegraph/coloring/ScalarAttributes.h>
-#include <vemo/scenegraph/drawables/TextDrawable.h>
 #include <vemo/scenegraph/inspect/Compare.h>
 
-#include <vtkCellArray.h>
 #include <vtkDoubleArray.h>
-#include <vtkPointData.h>
-#include <vtkPoints.h>
 #include <vtkTypeInt64Array.h>
 
 #include <algorithm>
 #include <cmath>
-#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <limits>
 
@@ -25,55 +20,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::EndsWith;
-using Scene = lum::SceneNode;
-
-lum::PolyDataNode& pieceOf(lum::SceneNode& scene, const char* name) {
-  return *surfaceOf(scene).find<lum::PolyDataNode>(name);
-}
-
-lum::ColorLookupTable& tableOf(lum::SceneNode& scene) {
-  return surfaceOf(scene).getAttributes<lum::ScalarAttributes>().getColorLookupTable();
-}
-
-void setHeat(lum::SceneNode& scene, const std::vector<float>& values) {
-  pieceOf(scene, "first").setNodeDataArray(makeArray("heat", values));
-}
-
-/// Moves the point at the origin of the piece "first".
-void movePoint(lum::SceneNode& scene, double z) {
-  auto geometry = makeGeometry(false);
-  geometry->GetPoints()->SetPoint(0, 0, 0, z);
-  pieceOf(scene, "first").setPolyData(geometry);
-  setHeat(scene, {1, NAN, INFINITY});
-}
-
-/// The scenes to compare: what is needed by several cases is there in all.
-lum::Ptr<lum::SceneNode> makeComparedScene() {
-  auto scene = makeScene();
-  // There in both, so that the reference to it is the only difference.
-  scene->getOrientationCanvas().getCameraAttributes();
-  auto& colors = *surfaceOf(*scene).getColorAttributes();
-  colors.setColor("left", {1, 0, 0});
-  tableOf(*scene).setColorValues({0.25, 0.5, 1000});
-  setHeat(*scene, {1, NAN, INFINITY});
-  return scene;
-}
-
-/// Takes the pieces out and puts them in in another order.
-void reorder(lum::SceneNode& scene, const std::vector<const char*>& names) {
-  auto& surface = surfaceOf(scene);
-  std::vector<lum::Ptr<lum::Node>> pieces;
-  pieces.reserve(names.size());
-  for (const char* name : names) {
-    pieces.emplace_back(&pieceOf(scene, name));
-  }
-  for (const auto& piece : pieces) {
-    surface.removeNode(*piece);
-  }
-  for (const auto& piece : pieces) {
-    surface.addNode(*piece);
-  }
-}
+using testing::IsEmpty;
 
 std::vector<std::string> compare(const lum::Node& left, const lum::Node& right, double tolerance) {
   std::vector<std::string> lines;
@@ -84,130 +31,78 @@ std::vector<std::string> compare(const lum::Node& left, const lum::Node& right, 
   return lines;
 }
 
-TEST(CompareTest, FindsWhatDiffersByMeaning) {
-  struct {
-    const char* name;
-    double tolerance;
-    void (*change)(Scene& scene);
-  } const cases[] = {
-      {"names of the root", 0,
-       [](Scene& scene) {
-         scene.setName("other");
-         scene.setQualifiedName("");
-       }},
-      {"a slot", 0, [](Scene& scene) { scene.getForegroundCanvas(); }},
-      {"zeros", 0,
-       [](Scene& scene) {
-         movePoint(scene, -0.0);
-         surfaceOf(scene).getColorAttributes()->setColor("left", {1, -0.0, 0});
-       }},
-      {"an array on one side", 0,
-       [](Scene& scene) { pieceOf(scene, "first").setPolyData(makeGeometry(false)); }},
-      {"a number within", 0.1,
-       [](Scene& scene) {
-         tableOf(scene).setColorValues({0.3, 0.5, 1090});
-         surfaceOf(scene).getColorAttributes()->setOpacity(0.95, false);
-       }},
-      {"a number without", 0.05,
-       [](Scene& scene) {
-         tableOf(scene).setColorValues({0.35, 0.5, 1060});
-         surfaceOf(scene).getColorAttributes()->setOpacity(0.875, false);
-       }},
-      {"digits", 0,
-       [](Scene& scene) { surfaceOf(scene).getColorAttributes()->setOpacity(1 - 0x1p-53, false); }},
-      {"a list's length", 1, [](Scene& scene) { tableOf(scene).setColorValues({0.25}); }},
-      {"a vector", 0,
-       [](Scene& scene) {
-         surfaceOf(scene).getColorAttributes()->setColor({1, 0, 0}, false);
-       }},
-      {"a table", 0,
-       [](Scene& scene) {
-         auto& attributes = *surfaceOf(scene).getColorAttributes();
-         attributes.setColor("left", {1, 0, 1});
-         attributes.setColor("right", {0, 0, 0});
-       }},
-      {"values that are not finite", 10,
-       [](Scene& scene) {
-         setHeat(scene, {1, 1, -INFINITY});
-       }},
-      {"the greatest deviation", 0,
-       [](Scene& scene) {
-         setHeat(scene, {1.5F, NAN, INFINITY});
-       }},
-      {"a type", 0,
-       [](Scene& scene) {
-         pieceOf(scene, "first").setNodeDataArray(makeArray<vtkDoubleArray>("heat", {1, 2, INFINITY}));
-       }},
-      {"a point", 0, [](Scene& scene) { movePoint(scene, 0.5); }},
-      {"the width of cells", 0,
-       [](Scene& scene) { pieceOf(scene, "wide").setPolyData(makeGeometry(false)); }},
-      {"a cell", 0,
-       [](Scene& scene) {
-         auto geometry = makeGeometry(true);
-         geometry->GetPolys()->ReplaceCellAtId(0, 3, std::array<vtkIdType, 3>{0, 2, 1}.data());
-         pieceOf(scene, "wide").setPolyData(geometry);
-       }},
-      {"a piece inserted", 0,
-       [](Scene& scene) {
-         surfaceOf(scene).findOrCreate<lum::PolyDataNode>("new");
-         reorder(scene, {"new", "second", "wide", "none", "empty"});
-       }},
-      {"a piece of the same name", 0,
-       [](Scene& scene) { surfaceOf(scene).addNode(*make<lum::PolyDataNode>("wide")); }},
-      {"another class", 0,
-       [](Scene& scene) {
-         scene.getModelCanvas().getDrawableCollection().removeAllNodes();
-         scene.getModelCanvas().getDrawableCollection().addNode(*make<lum::TextDrawable>("surface"));
-       }},
-      {"the order of pieces", 0,
-       [](Scene& scene) {
-         reorder(scene, {"second", "wide", "none", "empty", "first"});
-       }},
-      {"the order of attributes", 0,
-       [](Scene& scene) {
-         auto& attributes = surfaceOf(scene).getAttributesCollection();
-         const lum::Ptr<lum::Node> node(&attributes.getNode(0));
-         attributes.removeNode(*node);
-         attributes.addNode(*node);
-       }},
-      {"the order of arrays", 0,
-       [](Scene& scene) {
-         const auto arrays = pieceOf(scene, "first").getNodeDataArrays();
-         auto geometry = makeGeometry(false);
-         geometry->GetPointData()->Initialize();
-         pieceOf(scene, "first").setPolyData(geometry);
-         pieceOf(scene, "first").setNodeDataArray(arrays[1]);
-         pieceOf(scene, "first").setNodeDataArray(arrays[0]);
-       }},
-      {"a reference", 1,
-       [](Scene& scene) {
-         triadOf(scene).setCameraAttributes(&scene.getOrientationCanvas().getCameraAttributes());
-       }},
-      {"no reference", 1, [](Scene& scene) { triadOf(scene).setCameraAttributes(nullptr); }}};
-  std::string found;
-  for (const auto& [name, tolerance, change] : cases) {
-    const auto left = makeComparedScene();
-    const auto right = makeComparedScene();
-    EXPECT_EQ(lum::firstDifference(*left, *right), "");
-    EXPECT_THAT(compare(*left, *right, 0), testing::IsEmpty());
-    change(*right);
-    found += fmt::format("{}, tolerance {}\n", name, tolerance);
-    for (const std::string& line : compare(*left, *right, tolerance)) {
-      found += "  " + line + "\n";
-    }
-    EXPECT_NE(lum::firstDifference(*left, *right), "") << name << ": the bits differ in any case";
-  }
-  expectAsInFile(found, "differences.txt");
+lum::Ptr<lum::SceneNode> sceneOf(const std::string& lines) {
+  auto scene = make<lum::SceneNode>();
+  addNodes(*scene, lines);
+  return scene;
 }
 
-template <class Array>
+/// Of two scenes, which have "against" or "against, within TOLERANCE" between them.
+TEST(CompareTest, FindsWhatDiffersByMeaning) {
+  expectCases("differences.txt", [](const std::string& scenes) {
+    const std::string against = "against";
+    const std::string within = ", within ";
+    const std::size_t middle = scenes.find(against);
+    const std::size_t end = scenes.find('\n', middle);
+    const std::string word = scenes.substr(middle + against.size(), end - middle - against.size());
+    const auto left = sceneOf(scenes.substr(0, middle));
+    const auto right = sceneOf(scenes.substr(end + 1));
+    EXPECT_NE(lum::firstDifference(*left, *right), "") << "the bits differ in any case";
+    EXPECT_THAT(compare(*left, *sceneOf(scenes.substr(0, middle)), 0), IsEmpty());
+    std::string text;
+    for (const std::string& line :
+         compare(*left, *right, word.empty() ? 0 : std::stod(word.substr(within.size())))) {
+      text += line + "\n";
+    }
+    return text;
+  });
+}
+
+TEST(CompareTest, ComparesNamesOfRootsAndReferencesButNoWidthsOfCells) {
+  const std::string reference =
+      "OrientationCanvas/DrawableCollection/triad: cameraAttributes: -> "
+      "ModelCanvas/AttributesCollection/CameraAttributes against ";
+  const struct {
+    void (*change)(lum::SceneNode& scene);
+    std::vector<std::string> lines;
+  } cases[] = {
+      {[](lum::SceneNode& scene) { scene.setName("other"); }, {"/: name: scene against other"}},
+      {[](lum::SceneNode& scene) { scene.setQualifiedName(""); }, {"/: qualifiedName: none against "}},
+      {[](lum::SceneNode& scene) { triadOf(scene).setCameraAttributes(nullptr); }, {reference + "none"}},
+      {[](lum::SceneNode& scene) {
+         triadOf(scene).setCameraAttributes(&scene.getOrientationCanvas().getCameraAttributes());
+       },
+       {reference + "-> OrientationCanvas/AttributesCollection/CameraAttributes"}},
+      {[](lum::SceneNode& scene) {
+         surfaceOf(scene).find<lum::PolyDataNode>("wide")->setPolyData(makeGeometry(false));
+       },
+       {}}};
+  for (const auto& [change, lines] : cases) {
+    const auto left = makeScene();
+    const auto right = makeScene();
+    left->getOrientationCanvas().getCameraAttributes();
+    right->getOrientationCanvas().getCameraAttributes();
+    EXPECT_EQ(lum::firstDifference(*left, *right), "");
+    change(*right);
+    EXPECT_EQ(compare(*left, *right, 1), lines);
+    EXPECT_NE(lum::firstDifference(*left, *right), "") << "the bits differ in any case";
+  }
+}
+
+template <class Array, class Other = Array>
 std::vector<std::string> compareArrays(const std::vector<typename Array::ValueType>& left,
-                                       const std::vector<typename Array::ValueType>& right) {
+                                       const std::vector<typename Other::ValueType>& right) {
   const auto a = make<lum::PolyDataNode>();
   const auto b = make<lum::PolyDataNode>();
   a->setNodeDataArray(makeArray<Array>("a", left));
-  b->setNodeDataArray(makeArray<Array>("a", right));
+  b->setNodeDataArray(makeArray<Other>("a", right));
   return compare(*a, *b, 0);
+}
+
+TEST(CompareTest, ComparesTypesAndValuesOfArrays) {
+  EXPECT_THAT((compareArrays<vtkFloatArray, vtkDoubleArray>({1, NAN, INFINITY}, {1, 2, INFINITY})),
+              ElementsAre("/: nodeDataArrays[\"a\"]: float32, 3 tuples against float64, 3 tuples",
+                          "/: nodeDataArrays[\"a\"]: nan against 2 (1 of 3 differ, most at 1, by inf)"));
 }
 
 /// Doubles whose difference is not a double, and integers that are equal as

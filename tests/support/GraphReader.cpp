@@ -19,7 +19,8 @@ namespace vemo {
 
 namespace {
 
-using nlohmann::json;
+// Arrays keep their order.
+using json = nlohmann::ordered_json;
 
 double numberOf(const json& value) {
   return value.is_string() ? std::stod(value.get<std::string>()) : value.get<double>();
