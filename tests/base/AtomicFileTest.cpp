@@ -27,9 +27,10 @@ class AtomicFileTest : public testing::Test {
   }
 
   /// Writes the file; returns why that failed.
-  std::string write() const {
+  std::string write() const { return write(_file); }
+  static std::string write(const fs::path& path) {
     try {
-      OS::AtomicFile file(_file);
+      OS::AtomicFile file(path);
       file.write("new", 3, 0);
       file.commit();
       return {};
@@ -72,6 +73,21 @@ TEST_F(AtomicFileTest, KeepsOwnerGroupAndPermissions) {
     EXPECT_THAT(write(), testing::HasSubstr("would get another owner"));
     EXPECT_EQ(countFiles(_folder.path()), 1);
   }
+}
+
+TEST_F(AtomicFileTest, WritesWhatLinksName) {
+  fs::create_symlink("file", _folder / "link");
+  fs::create_symlink("later", _folder / "dangling");
+  const mode_t mask = umask(022);
+  for (const auto& [link, target] : {std::pair("link", "file"), {"dangling", "later"}}) {
+    EXPECT_EQ(write(_folder / link), "");
+    EXPECT_TRUE(fs::is_symlink(_folder / link));
+    EXPECT_EQ(readFile(_folder / target), "new");
+  }
+  umask(mask);
+  struct stat status {};
+  stat((_folder / "later").c_str(), &status);
+  EXPECT_EQ(status.st_mode & 0777, 0644U) << "as of any new file";
 }
 
 TEST_F(AtomicFileTest, RemovesOnlyItsOwnTemporaryFile) {

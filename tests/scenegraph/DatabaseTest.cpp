@@ -12,7 +12,6 @@
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
-#include <sys/stat.h>
 
 namespace vemo {
 
@@ -90,12 +89,6 @@ TEST(DatabaseTest, SharesArraysThroughAPool) {
   EXPECT_THROW(read("damaged.sdb"), lum::io::FileError);
 }
 
-mode_t modeOf(const fs::path& path) {
-  struct stat status {};
-  stat(path.c_str(), &status);
-  return status.st_mode & 0777;
-}
-
 TEST(DatabaseTest, LeavesTheOldFileUntilItCloses) {
   const TemporaryFolder folder;
   const fs::path path = folder / "a.sdb";
@@ -109,24 +102,6 @@ TEST(DatabaseTest, LeavesTheOldFileUntilItCloses) {
   }
   EXPECT_EQ(readFile(path), "old");
   EXPECT_EQ(countFiles(folder.path()), 1);
-}
-
-TEST(DatabaseTest, KeepsPermissionsAndLinks) {
-  const TemporaryFolder folder;
-  const mode_t mask = umask(022);
-  ASSERT_EQ(writeDatabase(folder / "new.sdb", *makeScene()), FileIoStatus::Success);
-  umask(mask);
-  EXPECT_EQ(modeOf(folder / "new.sdb"), 0644U);
-  writeFile(folder / "private.sdb", "");
-  fs::permissions(folder / "private.sdb", fs::perms::owner_read | fs::perms::owner_write);
-  fs::create_symlink("private.sdb", folder / "link.sdb");
-  fs::create_symlink("later.sdb", folder / "dangling.sdb");
-  ASSERT_EQ(writeDatabase(folder / "link.sdb", *makeScene()), FileIoStatus::Success);
-  ASSERT_EQ(writeDatabase(folder / "dangling.sdb", *makeScene()), FileIoStatus::Success);
-  EXPECT_EQ(modeOf(folder / "private.sdb"), 0600U);
-  EXPECT_TRUE(fs::is_symlink(folder / "link.sdb"));
-  EXPECT_EQ(readFile(folder / "private.sdb"), readFile(folder / "new.sdb"));
-  EXPECT_EQ(readFile(folder / "later.sdb"), readFile(folder / "new.sdb"));
 }
 
 TEST(DatabaseTest, RefusesTargetsThatItMustNotReplace) {
