@@ -2,20 +2,13 @@
 // picture is the one that VTK draws of the same data.
 
 #include "features/DirectDrawing.h"
-#include "features/FeatureScene.h"
 #include "render/Pixels.h"
 #include "support/Meshes.h"
 
-#include <vtkActor.h>
-#include <vtkActorCollection.h>
 #include <vtkImageData.h>
 #include <vtkLight.h>
-#include <vtkMatrix4x4.h>
-#include <vtkNew.h>
 #include <vtkPlaneSource.h>
 #include <vtkPointData.h>
-#include <vtkProperty.h>
-#include <vtkRenderer.h>
 #include <vtkTexture.h>
 #include <vtkTransform.h>
 #include <vtkUnsignedCharArray.h>
@@ -24,7 +17,6 @@
 #include <gtest/gtest.h>
 #include <numeric>
 #include <ostream>
-#include <utility>
 
 namespace vemo {
 

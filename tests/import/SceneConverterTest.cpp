@@ -8,7 +8,6 @@
 #include <vemo/import/OpenScene.h>
 #include <vemo/import/SceneConverter.h>
 #include <vemo/scenegraph/NodeRegistry.h>
-#include <vemo/scenegraph/canvas/CanvasPositionAttributes.h>
 #include <vemo/scenegraph/drawables/SurfaceDrawable.h>
 #include <vemo/scenegraph/io/NodeOutputStream.h>
 #include <vemo/scenegraph/io/SDBReader.h>

@@ -11,7 +11,6 @@
 
 #include <array>
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 namespace vemo {
 
