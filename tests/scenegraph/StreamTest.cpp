@@ -20,11 +20,18 @@ namespace {
 using lum::NodeInputStream;
 using lum::NodeOutputStream;
 
+bool isRead(const std::string& scene, NodeInputStream& stream) {
+  lum::SceneGraphReader reader(stream);
+  std::istringstream in(scene);
+  const bool read = reader.loadSceneFileFromInputStream(in);
+  EXPECT_EQ(read, reader.getError().empty());
+  return read;
+}
+
 /// How many of the payload's streams do not decode.
 int load(const Payload& payload, NodeInputStream& stream) {
+  int failures = isRead(payload.scene, stream) ? 0 : 1;
   lum::SceneGraphReader reader(stream);
-  std::istringstream in(payload.scene);
-  int failures = reader.loadSceneFileFromInputStream(in) ? 0 : 1;
   for (const std::string& each : payload.data) {
     std::istringstream dataIn(each);
     failures += reader.loadVtkDataFromInputStream(dataIn) ? 0 : 1;
@@ -80,21 +87,18 @@ TEST(StreamTest, LeavesGeometryEmptyWhenItsDataIsMissing) {
 
 TEST(StreamTest, RefusesEveryPrefixAndEveryWrongByte) {
   const Payload payload = payloadOf(*makeScene());
-  const auto isRead = [](const std::string& scene) {
+  const auto isReadAlone = [](const std::string& scene) {
     NodeInputStream stream(lum::NO_SESSION);
-    lum::SceneGraphReader reader(stream);
-    std::istringstream in(scene);
-    const bool read = reader.loadSceneFileFromInputStream(in);
-    EXPECT_EQ(read, reader.getError().empty());
+    const bool read = isRead(scene, stream);
     EXPECT_TRUE(read || stream.getRoots().empty());
     return read;
   };
   // A stream of no scenes is one.
   for (std::size_t size = 0; size < payload.scene.size(); ++size) {
-    ASSERT_EQ(isRead(payload.scene.substr(0, size)), size == 8) << size;
+    ASSERT_EQ(isReadAlone(payload.scene.substr(0, size)), size == 8) << size;
     std::string wrong = payload.scene;
     wrong[size] = static_cast<char>(wrong[size] ^ 0x41);
-    ASSERT_FALSE(isRead(wrong)) << size;
+    ASSERT_FALSE(isReadAlone(wrong)) << size;
   }
   const std::string data = payload.data[0];
   for (std::size_t size = 0; size < data.size(); ++size) {
@@ -182,10 +186,6 @@ std::string sceneStream(const std::string& tables, char nodeCount, const std::st
 // here; the third would change what the node owns.
 TEST(StreamTest, ReleasesNodesThatMoveWhereNothingIsKnown) {
   using namespace std::literals;
-  const auto isRead = [](const std::string& scene, NodeInputStream& in) {
-    std::istringstream stream(scene);
-    return lum::SceneGraphReader(in).loadSceneFileFromInputStream(stream);
-  };
   const std::string tables =
       "\4\22DrawableCollection\5nodes\4gone\7Unknown\0\2\0\2\1\23\0\2\23\0\3\1\1\23\0\0"s;
   const std::string none(4, '\0');
