@@ -12,7 +12,7 @@
 //
 // Lines that begin with "@" add an entry to the archive of SceneFixture
 // (@floats, @ints, @bytes or @text, name, values), falsify what the archive says of the
-// entry before them (@forge with crc, size or method, and its value), take the default
+// entry before them (@forge, then crc, size or method, and its value, or several), take the default
 // attributes of SceneXml.h away (@plain), or ask for the log (@log). Then come the
 // children of the scene element, or after @xml the whole description; behind the dashes
 // stands what they become.
@@ -120,15 +120,14 @@ class ConversionTest : public SceneFixture, public testing::WithParamInterface<s
   }
 
   void forge(const std::string& line) {
-    std::istringstream words(line);
-    std::string command;
-    std::string field;
-    std::uint16_t value = 0;
-    words >> command >> field >> value;
-    _archive.forge([=](ArchiveBuilder::Entry& last) {
-      last.crc = field == "crc" ? value : last.crc;
-      last.uncompressedSize = field == "size" ? value : last.uncompressedSize;
-      last.method = field == "method" ? value : last.method;
+    _archive.forge([line](ArchiveBuilder::Entry& last) {
+      std::istringstream words(line.substr(line.find(' ')));
+      std::string field;
+      for (std::uint16_t value = 0; words >> field >> value;) {
+        last.crc = field == "crc" ? value : last.crc;
+        last.uncompressedSize = field == "size" ? value : last.uncompressedSize;
+        last.method = field == "method" ? value : last.method;
+      }
     });
   }
 
