@@ -1,8 +1,8 @@
 // What items do besides what tests/data/expected/conversion shows: for hosts
 // that make, change or convert items by themselves.
 
+#include "ForeignLocale.h"
 #include "SceneFixture.h"
-#include "support/ForeignLocale.h"
 #include "support/Nodes.h"
 #include "support/SmallStack.h"
 #include <vemo/import/decorations/Annotation.h>

@@ -1,5 +1,5 @@
+#include "ForeignLocale.h"
 #include "SceneFixture.h"
-#include "support/ForeignLocale.h"
 #include "vemoview/import/xml/QxString.h"
 
 #include <cmath>
