@@ -106,24 +106,23 @@ requires std::is_floating_point_v<T> T length(const Vector<N, T>& vector) {
   return std::sqrt(vector.squaredLength());
 }
 
-/// The vector divided by its length; zero when its length is exactly 0.
+/// The vector divided by its length, however small or large that is; zero for zero.
 template <std::size_t N, class T>
 requires std::is_floating_point_v<T> Vector<N, T> normalized(const Vector<N, T>& vector) {
-  const T norm = length(vector);
-  if (norm == T(0)) {
-    return {};
+  const auto dividedBy = [&vector](T divisor) {
+    return Vector<N, T>::combine(vector, vector, [divisor](T x, T) { return x / divisor; });
+  };
+  const T square = vector.squaredLength();
+  if (std::isnormal(square) || !isFinite(vector)) {
+    return dividedBy(std::sqrt(square));
   }
-  return Vector<N, T>::combine(vector, vector, [norm](T x, T) { return x / norm; });
+  const T largest = std::abs(std::ranges::max(vector, {}, [](T x) { return std::abs(x); }));
+  return largest == T(0) ? Vector<N, T>() : normalized(dividedBy(largest));
 }
 
-/// Of the same direction, with length 1; nothing unless the length is finite and
-/// not zero.
+/// Of the same direction, with length 1; nothing for zero, and unless all of it is finite.
 inline std::optional<Vector3> unitVector(const Vector3& vector) {
-  const double norm = length(vector);
-  if (!std::isfinite(norm) || norm == 0.0) {
-    return std::nullopt;
-  }
-  return normalized(vector);
+  return isFinite(vector) && vector != Vector3{} ? std::optional(normalized(vector)) : std::nullopt;
 }
 
 }  // namespace vemo

@@ -1,11 +1,14 @@
 #include "scenegraph/attributes/CameraLimits.h"
 
+#include <cmath>
+
 namespace lum {
 
 using vemo::Vector3;
 
 bool isUsableView(const Vector3& view) {
-  return vemo::unitVector(view).has_value() && vemo::length(view) > LEAST_DISTANCE;
+  const double distance = vemo::length(view);
+  return std::isfinite(distance) && distance > LEAST_DISTANCE;
 }
 
 bool isUsableViewUp(const Vector3& viewUp, const Vector3& view) {
@@ -23,7 +26,8 @@ std::vector<std::string> describeViewFaults(const Vector3& view, const Vector3& 
                                             const std::optional<double>& parallelScale) {
   std::vector<std::string> faults;
   if (!isUsableView(view)) {
-    faults.emplace_back("The view has no direction: the scene is viewed against the z axis");
+    faults.emplace_back(
+        "The camera is at its focal point, or too close or too far: the scene is viewed against the z axis");
   } else if (!isUsableViewUp(viewUp, view)) {
     faults.emplace_back(
         "The view-up vector is zero or parallel to the viewing direction: the y axis is used instead (the "

@@ -11,7 +11,8 @@ namespace lum {
 
 // What can be drawn with a camera.
 
-/// VTK keeps a camera at least this far from its focal point.
+/// VTK keeps a camera at least this far from its focal point, and computes the square of the
+/// distance.
 inline constexpr double LEAST_DISTANCE = 1e-20;
 
 /// OpenGL computes with single precision: greater coordinates cannot be drawn.

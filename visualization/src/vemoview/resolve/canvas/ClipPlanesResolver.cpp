@@ -18,18 +18,9 @@ constexpr std::size_t MAX_PLANES = 16;
 /// OpenGL computes with single precision.
 constexpr double MAX_COORDINATE = 1e38;
 
-/// Scaled before it is normalised, which could not be done otherwise with very
-/// large values.
-Vector3 unitNormal(const lum::Plane& plane) {
-  const Vector3& normal = plane.getNormal();
-  const double largest = std::max({std::abs(normal[0]), std::abs(normal[1]), std::abs(normal[2])});
-  return normalized((1.0 / largest) * normal);
-}
-
 bool isUsable(const lum::Plane& plane) {
   const auto isInReach = [](double value) { return std::abs(value) < MAX_COORDINATE; };
-  return isFinite(plane.getNormal()) && isFinite(unitNormal(plane)) &&
-         std::ranges::all_of(plane.getOrigin(), isInReach);
+  return unitVector(plane.getNormal()).has_value() && std::ranges::all_of(plane.getOrigin(), isInReach);
 }
 
 }  // namespace
@@ -59,7 +50,7 @@ std::vector<ClipPlane> resolveClipPlanes(const lum::ClipPlanesAttributes* attrib
                     "Only the first " + std::to_string(MAX_PLANES) + " clipping planes are applied");
       break;
     }
-    planes.push_back({plane->getOrigin(), unitNormal(*plane)});
+    planes.push_back({plane->getOrigin(), normalized(plane->getNormal())});
   }
   return planes;
 }
