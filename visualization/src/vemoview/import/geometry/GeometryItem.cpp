@@ -139,7 +139,7 @@ void GeometryItem::read(const QxElement& element, SceneFileReader* reader) {
 
 void GeometryItem::readImpl(const QxElement& element, SceneFileReader* reader) {
   GeometrySettings::KEYS.read(_settings, element, reader);
-  reportSettingsOutOfRange(*reader);
+  reportSettingsOutOfRange(element, *reader);
   setLineWidth(_settings.lineWidth);
   readGeometry(element, *reader);
   _geometryType = determineType();
@@ -161,14 +161,16 @@ void GeometryItem::readImpl(const QxElement& element, SceneFileReader* reader) {
   }
 }
 
-void GeometryItem::reportSettingsOutOfRange(SceneFileReader& reader) const {
+void GeometryItem::reportSettingsOutOfRange(const QxElement& element, SceneFileReader& reader) const {
   const auto report = [&reader](double value, const char* key, const std::string& meaning) {
     reader.report(FindingCode::VALUE_IGNORED,
                   fmt::format("The value {:g} of \"{}\" is out of range: it {}", value, key, meaning), {},
                   key);
   };
-  if (_settings.lineWidth < 0.0F) {
-    report(_settings.lineWidth, "lineWidth", "counts as 0");
+  // The item's own is a float, and may be another one.
+  const double width = element.getDouble("lineWidth");
+  if (width < 0.0) {
+    report(width, "lineWidth", "counts as 0");
   }
   if (_settings.pointSize <= 0.0) {
     report(_settings.pointSize, "pointSize", "is drawn as 1");
@@ -176,7 +178,6 @@ void GeometryItem::reportSettingsOutOfRange(SceneFileReader& reader) const {
   if (_settings.pointScaleMode < 0 || _settings.pointScaleMode > 2) {
     report(_settings.pointScaleMode, "pointScaleMode", "counts as 0");
   }
-  const double width = _settings.lineWidth;
   for (const auto& [key, value, greatest] :
        {std::tuple("lineWidth", width, WIDEST), std::tuple("pointSize", _settings.pointSize, WIDEST),
         std::tuple("ambient", _settings.ambient, 1.0), std::tuple("diffuse", _settings.diffuse, 1.0),
