@@ -225,7 +225,7 @@ INSTANTIATE_TEST_SUITE_P(
                               direct.addGeometry();
                               direct.renderer().GetActors()->GetLastActor()->GetProperty()->LightingOff();
                             }},
-                    Feature{"OnFaces", geometry(HILL + " showEdges='true' lineWidth='3'")}),
+                    Feature{"OnFaces", geometry(HILL + " showEdges='true' lineWidth='1'")}),
     nameOf);
 
 // ---- Contours ----

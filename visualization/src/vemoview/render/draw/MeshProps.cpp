@@ -80,10 +80,11 @@ vtkSmartPointer<vtkPolyDataMapper> makeMapper(const RenderMesh& mesh, vtkPlaneCo
   return mapper;
 }
 
-/// Whether VTK draws the edges with the faces. They have the faces' opacity then.
+/// Whether VTK draws the edges with the faces. They have the faces' opacity then, and lack
+/// the half of their width that is beyond the faces.
 bool hasEdgesOfFaces(const Appearance& appearance) {
   return appearance.hasEdges && appearance.hasFaces && appearance.opacity == 1.0 &&
-         appearance.edgeOpacity == 1.0;
+         appearance.edgeOpacity == 1.0 && appearance.lineWidth <= 1.0;
 }
 
 vtkSmartPointer<vtkActor> makeActor(const RenderMesh& mesh, const InstanceTransform* transform) {
