@@ -11,7 +11,9 @@ void addText(const TextDecoration& text, PropGroup& group) {
   group.beforeEachRender([label, height = text.lineHeight, position = text.position,
                           isInModel = text.isInModel](vtkRenderer& drawn) mutable {
     label.setLineHeight(height * windowHeight(drawn), drawn);
-    if (isInModel) {
+    if (isInModel && isBehindViewer(drawn, position)) {
+      label.hide();
+    } else if (isInModel) {
       label.moveTo(position, drawn);
     } else {
       const auto canvas = sizeInPixels(drawn);

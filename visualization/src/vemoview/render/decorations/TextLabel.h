@@ -34,7 +34,7 @@ class TextLabel {
   /// In pixels from the lower left corner of the renderer's part of the window.
   void moveTo(const Vector<2, double>& pixel);
 
-  /// To a point of the model; hidden when that lies behind the viewer.
+  /// To a point of the model; hidden if that is behind the viewer in perspective.
   void moveTo(const Vector3& point, vtkRenderer& renderer);
 
   /// The width and height of what is written, in pixels.

@@ -21,6 +21,11 @@ double windowHeight(vtkRenderer& renderer) {
   return renderer.GetRenderWindow() != nullptr ? renderer.GetRenderWindow()->GetSize()[1] : 0.0;
 }
 
+bool isBehindViewer(vtkRenderer& renderer, const Vector3& point) {
+  vtkCamera& camera = *renderer.GetActiveCamera();
+  return dot(point - toVector(camera.GetPosition()), toVector(camera.GetDirectionOfProjection())) < 0.0;
+}
+
 std::optional<Vector<2, double>> project(vtkRenderer& renderer, const Vector3& point) {
   Vector<4, double> place{point[0], point[1], point[2], 1.0};
   renderer.GetActiveCamera()

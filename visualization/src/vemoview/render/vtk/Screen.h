@@ -17,8 +17,11 @@ Vector<2, double> sizeInPixels(vtkRenderer& renderer);
 /// Of the whole window, in pixels.
 double windowHeight(vtkRenderer& renderer);
 
+bool isBehindViewer(vtkRenderer& renderer, const Vector3& point);
+
 /// The pixel, from the lower left corner of the renderer's part of the window,
-/// at which a point of the model is seen; nothing for a point behind the viewer.
+/// at which a point of the model is seen; nothing for a point behind the viewer in
+/// perspective.
 std::optional<Vector<2, double>> project(vtkRenderer& renderer, const Vector3& point);
 
 /// How many pixels a unit of length has at a point of the model; 0 for a point
