@@ -42,6 +42,9 @@ constexpr double GAP_BESIDE = 0.25;
 constexpr double GAP_BELOW = 0.15;
 constexpr double MARGIN = 0.25;
 
+/// The least height of a line of text that the bar is made for, as a part of the window's.
+constexpr double LEAST_LINE = 0.01;
+
 /// Of a horizontal legend, which has room for few.
 constexpr int MAX_LABELS_ACROSS = 32;
 
@@ -181,7 +184,7 @@ class Legend {
     setLabels(_isVertical ? size[1] - _titleHeight : size[0], renderer);
     const Pair bar =
         _isVertical
-            ? Pair{(BREADTH + TICK + GAP_BESIDE + MARGIN) * _line + _labelExtent, 3.0 * _line}
+            ? Pair{breadth() + (TICK + GAP_BESIDE + MARGIN) * _line + _labelExtent, 3.0 * _line}
             : Pair{2.0 * _labelExtent + _line, (MIN_BREADTH + TICK + GAP_BELOW + 1.0 + MARGIN) * _line};
     // A title need not fit beside the bar, but into the canvas.
     const double overhang = title[0] > widest ? title[0] + _line / 2.0 : 0.0;
@@ -270,21 +273,26 @@ class Legend {
     }
   }
 
+  /// Across the bar, which is seen however small the text is.
+  double breadth() const {
+    const bool isSmall = _legend.lineHeight < LEAST_LINE;
+    return BREADTH * (isSmall ? LEAST_LINE * _layoutInput[2] : _line);
+  }
+
   /// Half of each label at the ends of the bar lies beyond the bar.
   void placeBar(const Pair& low, const Pair& high) {
     const auto snap = [this](double& place) { place = pixelStart(place); };
     _low = low;
     _high = {high[0], high[1] - _titleHeight};
-    const double breadth = BREADTH * _line;
     if (_isVertical) {
       _low[1] += _line / 2.0;
       _high[1] = std::max(_high[1] - _line / 2.0, _low[1] + 1.0);
-      _high[0] = _low[0] + std::min(breadth, (high[0] - low[0]) / 2.0);
+      _high[0] = _low[0] + std::min(breadth(), (high[0] - low[0]) / 2.0);
     } else {
       const double inset = std::min(_labelExtent / 2.0, (high[0] - low[0]) / 3.0);
       _low[0] += inset;
       _high[0] -= inset;
-      _low[1] = std::max(_high[1] - breadth, low[1] + (TICK + GAP_BELOW + 1.0) * _line);
+      _low[1] = std::max(_high[1] - breadth(), low[1] + (TICK + GAP_BELOW + 1.0) * _line);
     }
     std::ranges::for_each(_low, snap);
     std::ranges::for_each(_high, snap);
