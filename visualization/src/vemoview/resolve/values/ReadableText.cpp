@@ -3,6 +3,9 @@
 #include "base/Utf8.h"
 #include <vemo/scenegraph/Findings.h>
 
+#include <algorithm>
+#include <utility>
+
 namespace vemo {
 
 namespace {
@@ -11,25 +14,50 @@ void reportChange(const std::string& owner, const char* change) {
   reportFinding(FindingCode::TEXT_CHANGED, owner + change);
 }
 
+/// Characters without a form of their own, which fonts draw all the same: hyphens where a
+/// line could be broken, and marks of joining and direction.
+bool isInvisible(char32_t character) {
+  constexpr std::pair<char32_t, char32_t> RANGES[] = {
+      {0xAD, 0xAD}, {0x200B, 0x200F}, {0x202A, 0x202E}, {0x2060, 0x2069}, {0xFEFF, 0xFEFF}};
+  return std::ranges::any_of(
+      RANGES, [=](const auto& range) { return range.first <= character && character <= range.second; });
+}
+
+std::string_view drawnForm(char32_t character, std::string_view written) {
+  const bool isControl = character < U' ' && character != U'\n' && character != U'\t';
+  return character == U'\t' ? " " : isControl || isInvisible(character) ? "" : written;
+}
+
+/// Embeddings, overrides and isolates from right to left.
+bool isReversal(char32_t character) {
+  return character == 0x202B || character == 0x202E || character == 0x2067;
+}
+
 }  // namespace
 
 std::string readableText(std::string_view text, std::size_t mostBytes, const std::string& owner) {
   std::string result;
   bool isUtf8 = true;
+  bool isReversed = false;
   while (!text.empty()) {
     const auto decoded = firstOfUtf8(text);
-    const bool isControl = decoded && decoded->value < U' ' && text[0] != '\n';
-    const std::string_view character = !decoded ? "?" : isControl ? "" : text.substr(0, decoded->length);
+    const std::string_view written = text.substr(0, decoded ? decoded->length : 1);
+    const std::string_view character = decoded ? drawnForm(decoded->value, written) : "?";
     if (result.size() + character.size() > mostBytes) {
       reportChange(owner, " is too long and cut off");
       break;
     }
     isUtf8 = isUtf8 && decoded;
-    result += text[0] == '\t' ? " " : character;
-    text.remove_prefix(decoded ? decoded->length : 1);
+    isReversed = isReversed || (decoded && isReversal(decoded->value));
+    result += character;
+    text.remove_prefix(written.size());
   }
   if (!isUtf8) {
     reportChange(owner, " is not valid UTF-8: question marks replace invalid bytes");
+  }
+  if (isReversed) {
+    reportFinding(FindingCode::TEXT_NOT_SHAPED,
+                  owner + " is drawn from left to right, although its marks say otherwise");
   }
   return result;
 }

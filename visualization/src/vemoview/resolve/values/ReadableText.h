@@ -10,8 +10,8 @@ namespace vemo {
 /// Longer texts would be illegible.
 inline constexpr std::size_t MAX_TEXT_BYTES = 2000;
 
-/// A text that can be drawn: valid UTF-8 of at most `mostBytes` bytes, without control
-/// characters other than line breaks. Invalid bytes become question marks; a finding
+/// A text that can be drawn: valid UTF-8 of at most `mostBytes` bytes, without invisible
+/// characters other than blanks and line breaks. Invalid bytes become question marks; a finding
 /// about the text's owner reports that, and a text that is cut off.
 std::string readableText(std::string_view text, std::size_t mostBytes, const std::string& owner);
 
