@@ -145,8 +145,10 @@ InstanceTransforms instancesOf(const lum::Transform& transform) {
   if (isUsable(matrix)) {
     return {matrix};
   }
-  // Scaling by zero is reported when the scene is read.
-  if (std::ranges::find(simple->getScale(), 0.0) == simple->getScale().end()) {
+  // Scaling by zero in some directions is reported when the scene is read; in all of them, it
+  // is no scaling.
+  const auto zeros = std::ranges::count(simple->getScale(), 0.0);
+  if (zeros == 0 || zeros == 3) {
     reportNotUsable();
   }
   return {};
