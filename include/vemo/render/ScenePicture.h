@@ -2,6 +2,7 @@
 
 #include <vemo/render/Export.h>
 #include <vemo/render/Picture.h>
+#include <vemo/resolve/UsualPicture.h>
 
 namespace lum {
 class SceneNode;
@@ -11,8 +12,8 @@ namespace vemo {
 
 struct RenderOptions {
   /// In pixels, at least 1.
-  int width = 1024;
-  int height = 768;
+  int width = USUAL_WIDTH;
+  int height = USUAL_HEIGHT;
 };
 
 /// Draws a scene off screen as a viewer would show it. Needs no display; the

@@ -99,11 +99,17 @@ struct TriadDecoration {
   /// has.
   using Camera = std::variant<std::size_t, CanvasCamera>;
 
+  /// Of an axis in the model, unless the size on the screen is constant.
+  static constexpr double LENGTH = 1.5;
+  /// Of an axis, in heights of a label, where it is constant.
+  static constexpr double LENGTH_IN_LABELS = 3.0;
+  /// In axes' lengths.
+  static constexpr double LABEL_POSITION = 1.2;
+
   /// Directions of x, y and z; unit vectors.
   std::array<Vector3, 3> axes;
   Vector3 position;
-  /// Whether its size on the screen is constant: each axis three times as long
-  /// as a label is high. Otherwise axes have a length of 1.5 in the model.
+  /// Whether its size on the screen is constant.
   bool hasScreenSize = true;
   double labelHeight = 0.05;
   /// Of x, y and z; nothing for a triad without labels.

@@ -4,9 +4,12 @@
 #include "vemoview/resolve/canvas/CameraResolver.h"
 #include "vemoview/resolve/canvas/ClipPlanesResolver.h"
 #include "vemoview/resolve/canvas/LightsResolver.h"
+#include "vemoview/resolve/canvas/ViewVolume.h"
 #include "vemoview/resolve/decorations/TextFraming.h"
+#include "vemoview/resolve/decorations/UnseenDecorations.h"
 #include "vemoview/resolve/mesh/ModelExtent.h"
 #include "vemoview/resolve/values/NodeFindings.h"
+#include <vemo/resolve/UsualPicture.h>
 #include <vemo/scenegraph/canvas/BaseCanvasAttributes.h>
 #include <vemo/scenegraph/canvas/CanvasPositionAttributes.h>
 #include <vemo/scenegraph/canvas/SceneCanvas.h>
@@ -43,6 +46,12 @@ std::optional<Viewport> resolveViewport(const lum::SceneCanvas& canvas) {
   return result;
 }
 
+/// Of a canvas in a picture of the usual size.
+/// @param size as a part of the window's
+double widthToHeight(const Vector<2, double>& size) {
+  return USUAL_WIDTH * size[0] / (USUAL_HEIGHT * size[1]);
+}
+
 }  // namespace
 
 bool CanvasResolver::canShow(const lum::SceneCanvas& canvas) {
@@ -62,11 +71,13 @@ ResolvedCanvas CanvasResolver::resolve() {
   const NodeScope scope(_canvas);
   const auto viewport = resolveViewport(_canvas).value();
   const auto* const base = _canvas.findAttributes<lum::BaseCanvasAttributes>();
-  CanvasUpdate content = update();
+  CanvasUpdate content = collectAdded();
   const CanvasCamera camera = resolveCamera(_canvas.hasCameraAttributes());
-  const Box model = reportUnseenExtent(content.meshes, camera);
+  const Vector<2, double> size = viewport.upperRight - viewport.lowerLeft;
   if (camera.framesAll()) {
-    chooseFramedTexts(content.decorations, model);
+    frame(content, camera, size);
+  } else {
+    view(content, camera, size);
   }
   return {_role,
           viewport.lowerLeft,
@@ -79,8 +90,40 @@ ResolvedCanvas CanvasResolver::resolve() {
           std::move(content.decorations)};
 }
 
+/// In a view that shows everything.
+void CanvasResolver::frame(CanvasUpdate& content, const CanvasCamera& camera, const Vector<2, double>& size) {
+  const ModelExtent model(content.meshes, nullptr);
+  _model = model.getBox();
+  const Box framed = chooseFramedTexts(content.decorations, _model);
+  reportUnframedTexts(content.decorations);
+  const double side = framed.longestSide();
+  if (side > 0.0) {
+    const ViewVolume view(framing(camera, framed), widthToHeight(size));
+    model.reportInvisible(view, side);
+    reportUnseenDecorations(content.decorations, view, size[1]);
+  }
+}
+
+/// In a stated view.
+void CanvasResolver::view(CanvasUpdate& content, const CanvasCamera& camera, const Vector<2, double>& size) {
+  const ViewVolume view(camera, widthToHeight(size));
+  const ModelExtent model(content.meshes, &view);
+  model.reportUnsuitableView(view, camera);
+  reportUnseenDecorations(content.decorations, view, size[1]);
+  // Users may frame everything later on.
+  _model = model.getBox();
+  chooseFramedTexts(content.decorations, _model);
+}
+
 CanvasUpdate CanvasResolver::update() {
   const NodeScope scope(_canvas);
+  CanvasUpdate result = collectAdded();
+  _model.add(ModelExtent(result.meshes, nullptr).getBox());
+  chooseFramedTexts(result.decorations, _model);
+  return result;
+}
+
+CanvasUpdate CanvasResolver::collectAdded() {
   CanvasUpdate result;
   std::vector<VisibleDrawable> added;
   for (const VisibleDrawable& visible : collectVisible(*_canvas.hasDrawableCollection())) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "geometry/Box.h"
 #include "vemoview/resolve/decorations/DecorationResolver.h"
 #include "vemoview/resolve/drawables/VisibleDrawables.h"
 #include "vemoview/resolve/mesh/MeshResolver.h"
@@ -26,6 +27,11 @@ class CanvasResolver {
   CanvasUpdate update();
 
  private:
+  CanvasUpdate collectAdded();
+  // The size is the canvas's, as a part of the window's.
+  void frame(CanvasUpdate& content, const CanvasCamera& camera, const Vector<2, double>& size);
+  void view(CanvasUpdate& content, const CanvasCamera& camera, const Vector<2, double>& size);
+
   const lum::SceneCanvas& _canvas;
   ResolvedCanvas::Role _role;
   std::vector<ClipPlane> _clipPlanes;
@@ -33,6 +39,8 @@ class CanvasResolver {
   DecorationResolver _decorations;
   /// The drawables that were visible before.
   DrawableSet _resolved;
+  /// Around all that was visible before, except for texts.
+  Box _model;
 };
 
 }  // namespace vemo

@@ -32,13 +32,6 @@ namespace vemo {
 
 namespace {
 
-/// In model units, unless the size on the screen is constant.
-constexpr double LENGTH = 1.5;
-/// In axes' lengths.
-constexpr double LABEL_POSITION = 1.2;
-/// Of an axis, in heights of a label, where the size on the screen is constant.
-constexpr double LENGTH_IN_LABELS = 3.0;
-
 /// An arrow of length 1 along an axis.
 vtkSmartPointer<vtkPolyData> makeArrow(int axis, const std::array<unsigned char, 3>& color) {
   vtkNew<vtkArrowSource> source;
@@ -121,7 +114,7 @@ class MovedTriad {
       }
     }
     // Until the size on the screen is known, the triad counts as a point.
-    setMatrix(triad.hasScreenSize ? 1e-6 : LENGTH, triad.axes);
+    setMatrix(triad.hasScreenSize ? 1e-6 : TriadDecoration::LENGTH, triad.axes);
     group.add(_actor);
   }
 
@@ -130,9 +123,9 @@ class MovedTriad {
     // Labels leave room for the axes in a small canvas, too.
     const double labelHeight = std::min(_triad.labelHeight * windowHeight(renderer), 0.16 * canvasHeight);
     const double perUnit = pixelsPerUnit(renderer, _triad.position);
-    const double axisLength = !_triad.hasScreenSize ? LENGTH
-                              : perUnit > 0.0       ? LENGTH_IN_LABELS * labelHeight / perUnit
-                                                    : 1e-6;
+    const double axisLength = !_triad.hasScreenSize ? TriadDecoration::LENGTH
+                              : perUnit > 0.0 ? TriadDecoration::LENGTH_IN_LABELS * labelHeight / perUnit
+                                              : 1e-6;
     const Axes axes = _camera != nullptr ? followed(renderer) : _triad.axes;
     setMatrix(axisLength, axes);
     if (_triad.hasScreenSize) {
@@ -141,10 +134,13 @@ class MovedTriad {
     for (std::size_t axis = 0; axis < _labels.size(); ++axis) {
       Vector3 position = _triad.position;
       for (std::size_t i = 0; i < 3; ++i) {
-        position[i] += LABEL_POSITION * axisLength * axes[axis][i];
+        position[i] += TriadDecoration::LABEL_POSITION * axisLength * axes[axis][i];
       }
       _labels[axis].setLineHeight(labelHeight, renderer);
       _labels[axis].moveTo(position, renderer);
+      if (isBehindViewer(renderer, _triad.position)) {
+        _labels[axis].hide();
+      }
     }
   }
 

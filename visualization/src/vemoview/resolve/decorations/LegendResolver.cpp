@@ -86,6 +86,9 @@ std::optional<LegendDecoration> resolveLegend(const lum::LegendDrawable& legend,
   result.labelFormat = resolveFormat(attributes.getLabelFormat(), what);
   result.style = resolveTextStyle(style, {result.title, result.labelFormat}, what);
   result.lineHeight = resolveLineHeight(style, LEGEND_LINE_HEIGHT);
+  if (result.labelCount > 0 || !result.title.empty()) {
+    reportIfTooSmall(result.lineHeight, "The text of the legend \"" + legend.getName() + '"');
+  }
   return result;
 }
 

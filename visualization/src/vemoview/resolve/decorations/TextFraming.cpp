@@ -29,21 +29,31 @@ bool isFar(const Vector3& point, const Box& model) {
 
 }  // namespace
 
-void chooseFramedTexts(std::vector<Decoration>& decorations, Box model) {
+Box chooseFramedTexts(std::vector<Decoration>& decorations, Box& model) {
   for (const Decoration& decoration : decorations) {
     addFramed(decoration.content, model);
   }
-  // Beside a single point, nothing is far.
-  if (model.isEmpty() || model.longestSide() <= 0.0) {
-    return;
-  }
+  Box framed = model;
   for (Decoration& decoration : decorations) {
     auto* const text = std::get_if<TextDecoration>(&decoration.content);
-    if (text != nullptr && text->isInModel && isFar(text->position, model)) {
-      text->isFramed = false;
-      const NodeScope scope(*decoration.drawable);
+    if (text != nullptr && text->isInModel) {
+      // Beside a single point, nothing is far.
+      text->isFramed = model.longestSide() <= 0.0 || !isFar(text->position, model);
+      if (text->isFramed) {
+        framed.add(text->position);
+      }
+    }
+  }
+  return framed;
+}
+
+void reportUnframedTexts(const std::vector<Decoration>& decorations) {
+  for (const auto& [drawable, content] : decorations) {
+    const auto* const text = std::get_if<TextDecoration>(&content);
+    if (text != nullptr && !text->isFramed) {
+      const NodeScope scope(*drawable);
       reportFinding(FindingCode::TEXT_NOT_FRAMED,
-                    "The text \"" + decoration.drawable->getName() +
+                    "The text \"" + drawable->getName() +
                         "\" may be outside the picture: it is too far from the model for a view of both");
     }
   }

@@ -53,6 +53,7 @@ std::optional<TextDecoration> resolveText(const lum::TextDrawable& text) {
   }
   result.style = resolveTextStyle(style, {result.text}, what);
   result.lineHeight = resolveLineHeight(style, TEXT_LINE_HEIGHT);
+  reportIfTooSmall(result.lineHeight, what);
   if (attributes->getText().size() <= MAX_TEXT_BYTES) {
     reportIfTooLong(result.text, result.lineHeight, what);
   }

@@ -2,6 +2,7 @@
 
 #include "base/Utf8.h"
 #include "vemoview/resolve/decorations/FontResolver.h"
+#include <vemo/resolve/UsualPicture.h>
 #include <vemo/scenegraph/Findings.h>
 
 #include <algorithm>
@@ -38,9 +39,8 @@ TextStyle resolveTextStyle(const lum::TextAttributes* attributes,
   return style;
 }
 
-double greatestLineHeight(std::string_view text) {
-  constexpr double MAX_TEXTURE_SIZE = 16384.0;
-  // Of the widest letters, in heights of a line.
+Vector<2, double> textExtent(std::string_view text) {
+  // Of the widest letters.
   constexpr double MAX_LETTER_WIDTH = 0.8;
   int lines = 1;
   int longest = 1;
@@ -50,20 +50,34 @@ double greatestLineHeight(std::string_view text) {
     lines += byte == '\n' ? 1 : 0;
     longest = std::max(longest, length);
   }
-  return MAX_TEXTURE_SIZE / std::max<double>(lines, MAX_LETTER_WIDTH * longest);
+  return {MAX_LETTER_WIDTH * longest, static_cast<double>(lines)};
+}
+
+double greatestLineHeight(std::string_view text) {
+  constexpr double MAX_TEXTURE_SIZE = 16384.0;
+  return MAX_TEXTURE_SIZE / std::ranges::max(textExtent(text));
 }
 
 void reportIfTooLong(std::string_view text, double lineHeight, const std::string& owner) {
   // Smooth edges may need twice as many pixels as the picture has.
   constexpr double ENLARGEMENT = 2.0;
-  constexpr double USUAL_HEIGHT = 2160.0;
+  constexpr double LARGE_HEIGHT = 2160.0;
   const double height = greatestLineHeight(text) / (ENLARGEMENT * lineHeight);
-  if (height < USUAL_HEIGHT) {
+  if (height < LARGE_HEIGHT) {
     reportFinding(
         FindingCode::TEXT_CHANGED,
         fmt::format(
             "{} is too long: in pictures higher than {:.0f} pixels it may be drawn smaller than stated",
             owner, height));
+  }
+}
+
+void reportIfTooSmall(double lineHeight, const std::string& owner) {
+  if (lineHeight * USUAL_HEIGHT < 1.0) {
+    reportFinding(FindingCode::DECORATION_NOT_DRAWN,
+                  fmt::format("{} is not written in a picture of {} x {} pixels: its lines are lower than a "
+                              "pixel",
+                              owner, USUAL_WIDTH, USUAL_HEIGHT));
   }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <vemo/base/Vector.h>
 #include <vemo/resolve/Decoration.h>
 #include <vemo/resolve/Export.h>
 #include <vemo/scenegraph/attributes/TextAttributes.h>
@@ -19,11 +20,17 @@ TextStyle resolveTextStyle(const lum::TextAttributes* attributes,
 /// attributes (or null) leave it open.
 double resolveLineHeight(const lum::TextAttributes* attributes, double fallback);
 
+/// The width and height that a text has at most, in heights of a line.
+Vector<2, double> textExtent(std::string_view text);
+
 /// The greatest height of lines, in pixels, at which a text still fits into a texture.
 VEMO_RESOLVE_EXPORT double greatestLineHeight(std::string_view text);
 
 /// Reports a text that may be drawn smaller than stated in pictures of usual sizes, because
 /// it does not fit into a texture.
 void reportIfTooLong(std::string_view text, double lineHeight, const std::string& owner);
+
+/// Reports lines of less than a pixel, which are not drawn.
+void reportIfTooSmall(double lineHeight, const std::string& owner);
 
 }  // namespace vemo

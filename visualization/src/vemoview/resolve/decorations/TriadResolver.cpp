@@ -87,6 +87,7 @@ std::optional<TriadDecoration> resolveTriad(const lum::TriadDrawable& triad, con
                      resolve(attributes->getZAxisLabelText(), "z")};
     const auto& [x, y, z] = *result.labels;
     result.style = resolveTextStyle(triad.findAttributes<lum::TextAttributes>(), {x, y, z}, what);
+    reportIfTooSmall(result.labelHeight, what);
   }
   result.axes = resolveAxes(triad.findAttributes<lum::OrientationAttributes>());
   result.camera = resolveTriadCamera(triad.getCameraAttributes(), cameras);
