@@ -139,8 +139,7 @@ void ModelExtent::reportInvisible(const ViewVolume& view, double side) const {
   } else if (areAllTiny(view)) {
     reportFinding(
         FindingCode::GEOMETRY_NOT_DRAWN,
-        fmt::format("Nothing of the model is visible in {}: its size is {:g}, but no part of it is larger "
-                    "than {:g}",
+        fmt::format("No geometry is visible in {}: it shows {:g} units, but no geometry is larger than {:g}",
                     usualPicture(), side, largestSide()));
   } else {
     reportTiny(view);
