@@ -69,36 +69,6 @@ TEST(ResolverFindingsTest, SayThatLegendsHaveTooManyTexts) {
   EXPECT_THAT(found.codes(), ElementsAre("colormap-adjusted", "decorations-limited"));
 }
 
-TEST(ResolverFindingsTest, SayWhichDecorationsInTheModelAViewDoesNotShow) {
-  struct {
-    const char* name;
-    Vector3 position;
-    double imageSize;
-    std::size_t unseen;
-  } const cases[] = {{"in the view", {0.9, 0.9, 0}, 1, 0},
-                     {"an image of less than a pixel", {}, 1e-3, 1},
-                     {"a text beside it, others partly", {-1.4, 0, 0}, 1, 1},
-                     {"all above it", {0, 3, 0}, 1, 3},
-                     {"all behind the camera", {0, 0, 6}, 1, 3}};
-  for (const auto& one : cases) {
-    SCOPED_TRACE(one.name);
-    SceneBuilder scene;
-    makeGroundWhite(scene);
-    addText(scene, "t").getPositionAttributes().setPosition(one.position, false);
-    decoration<lum::TriadDrawable>(scene).getPositionAttributes().setPosition(one.position, false);
-    auto& image = decoration<lum::ImageDrawable>(scene);
-    image.getPositionAttributes().setPosition(one.position, false);
-    auto& attributes = image.getImageAttributes();
-    attributes.setPixels(makeArray<vtkUnsignedCharArray>("", {1}), 1, 1);
-    attributes.setCoordinateSpace(lum::CoordinateSpace::MODEL);
-    attributes.setXAxis({one.imageSize, 0, 0});
-    attributes.setYAxis({0, one.imageSize, 0});
-    const FoundFindings found;
-    resolveScene(scene.node());
-    EXPECT_EQ(found.codes(), std::vector<std::string>(one.unseen, "decoration-not-in-view"));
-  }
-}
-
 TEST(ResolverFindingsTest, NameTheirNodeAndComeOnce) {
   SceneBuilder scene;
   makeGroundWhite(scene);
