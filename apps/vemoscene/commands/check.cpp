@@ -2,20 +2,12 @@
 #include "output/ExitCode.h"
 #include "output/FindingPrinter.h"
 #include "output/Messages.h"
-#include "output/RepeatedFindings.h"
 #include "output/ResultStream.h"
+#include "shared/CheckScene.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/base/WidePath.h>
-#include <vemo/import/DetectScene.h>
-#include <vemo/import/Exception.h>
-#include <vemo/import/SceneAudit.h>
-#include <vemo/resolve/SceneResolver.h>
-#include <vemo/scenegraph/Findings.h>
-#include <vemo/scenegraph/canvas/SceneNode.h>
 #include <vemo/scenegraph/inspect/JsonWriter.h>
 #include <vemo/scenegraph/inspect/NumberText.h>
-#include <vemo/scenegraph/io/FileError.h>
-#include <vemo/scenegraph/io/SDBReader.h>
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -23,7 +15,6 @@
 #include <fmt/format.h>
 #include <iterator>
 #include <memory>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -32,81 +23,6 @@ namespace vemo {
 namespace {
 
 using FindingList = std::vector<Finding>;
-
-/// What drawing the scene would report.
-void checkDrawing(lum::SceneNode& scene, FindingList& findings) {
-  const FindingCapture capture(findings);
-  try {
-    static_cast<void>(SceneResolver(scene).resolve());
-  } catch (const std::exception& error) {
-    reportFinding(FindingCode::SCENE_NOT_DRAWN, error.what());
-  }
-}
-
-FindingList checkArchive(const std::string& file) {
-  const SceneAudit audit(toWidePath(file));
-  FindingList findings = audit.getFindings();
-  if (audit.getSceneNode() != nullptr) {
-    checkDrawing(*audit.getSceneNode(), findings);
-  }
-  return findings;
-}
-
-std::set<std::size_t> checkArrays(lum::SDBReader& reader, FindingList& findings) {
-  std::set<std::size_t> damaged;
-  for (std::size_t i = 0; i < reader.getArrays().size(); ++i) {
-    try {
-      reader.checkArray(i);
-    } catch (const lum::io::FileError& error) {
-      findings.push_back({FindingCode::DATABASE_DAMAGED, error.what()});
-      damaged.insert(i);
-    }
-  }
-  return damaged;
-}
-
-/// Checks each array and each record separately, so that one fault does not
-/// hide others.
-void checkDatabase(lum::SDBReader& reader, FindingList& findings) {
-  const std::set<std::size_t> damagedArrays = checkArrays(reader, findings);
-  for (std::size_t i = 0; i < reader.getRecords().size(); ++i) {
-    const lum::SDBReader::CheckedRecord record = reader.checkRecord(i, damagedArrays);
-    for (const std::string& fault : record.faults) {
-      findings.push_back({FindingCode::DATABASE_DAMAGED, fault});
-    }
-    if (auto* const scene = dynamic_cast<lum::SceneNode*>(record.node.getObject())) {
-      checkDrawing(*scene, findings);
-    }
-  }
-}
-
-FindingList checkDatabase(const std::string& file) {
-  FindingList findings;
-  const FindingCapture capture(findings);
-  try {
-    lum::SDBReader reader(toWidePath(file));
-    checkDatabase(reader, findings);
-  } catch (const lum::io::FileError& error) {
-    findings.push_back({FindingCode::DATABASE_DAMAGED, error.what()});
-  }
-  return findings;
-}
-
-SceneKind kindOf(const std::string& file) {
-  try {
-    return detectScene(toWidePath(file));
-  } catch (const Exception&) {
-    // An archive that cannot be opened, which is a finding.
-    return SceneKind::ARCHIVE;
-  }
-}
-
-FindingList check(const std::string& file) {
-  FindingList findings = kindOf(file) == SceneKind::ARCHIVE ? checkArchive(file) : checkDatabase(file);
-  RepeatedFindings all;
-  std::erase_if(findings, [&all](const Finding& finding) { return all.isRepeated(finding); });
-  return findings;
-}
 
 /// "3 findings (2 refused, 1 lost)", "no findings".
 std::string countBySeverity(const FindingList& findings) {
@@ -143,7 +59,7 @@ void print(std::ostream& out, const std::string& file, const FindingList& findin
 void runCheck(const std::string& file, bool asJson) {
   const FindingList findings = [&file] {
     const Progress progress(fmt::format("Checking {}", toPrintable(file)));
-    return check(file);
+    return checkScene(toWidePath(file));
   }();
   ResultStream out;
   print(out, file, findings, asJson);

@@ -1,0 +1,98 @@
+#include "CheckScene.h"
+
+#include "RepeatedFindings.h"
+#include <vemo/import/DetectScene.h>
+#include <vemo/import/Exception.h>
+#include <vemo/import/SceneAudit.h>
+#include <vemo/resolve/SceneResolver.h>
+#include <vemo/scenegraph/Findings.h>
+#include <vemo/scenegraph/canvas/SceneNode.h>
+#include <vemo/scenegraph/io/FileError.h>
+#include <vemo/scenegraph/io/SDBReader.h>
+
+#include <set>
+
+namespace vemo {
+
+namespace {
+
+using FindingList = std::vector<Finding>;
+
+/// What drawing the scene would report.
+void checkDrawing(lum::SceneNode& scene, FindingList& findings) {
+  const FindingCapture capture(findings);
+  try {
+    static_cast<void>(SceneResolver(scene).resolve());
+  } catch (const std::exception& error) {
+    reportFinding(FindingCode::SCENE_NOT_DRAWN, error.what());
+  }
+}
+
+FindingList checkArchive(const std::wstring& path) {
+  const SceneAudit audit(path);
+  FindingList findings = audit.getFindings();
+  if (audit.getSceneNode() != nullptr) {
+    checkDrawing(*audit.getSceneNode(), findings);
+  }
+  return findings;
+}
+
+std::set<std::size_t> checkArrays(lum::SDBReader& reader, FindingList& findings) {
+  std::set<std::size_t> damaged;
+  for (std::size_t i = 0; i < reader.getArrays().size(); ++i) {
+    try {
+      reader.checkArray(i);
+    } catch (const lum::io::FileError& error) {
+      findings.push_back({FindingCode::DATABASE_DAMAGED, error.what()});
+      damaged.insert(i);
+    }
+  }
+  return damaged;
+}
+
+/// Checks each array and each record separately, so that one fault does not
+/// hide others.
+void checkDatabase(lum::SDBReader& reader, FindingList& findings) {
+  const std::set<std::size_t> damagedArrays = checkArrays(reader, findings);
+  for (std::size_t i = 0; i < reader.getRecords().size(); ++i) {
+    const lum::SDBReader::CheckedRecord record = reader.checkRecord(i, damagedArrays);
+    for (const std::string& fault : record.faults) {
+      findings.push_back({FindingCode::DATABASE_DAMAGED, fault});
+    }
+    if (auto* const scene = dynamic_cast<lum::SceneNode*>(record.node.getObject())) {
+      checkDrawing(*scene, findings);
+    }
+  }
+}
+
+FindingList checkDatabase(const std::wstring& path) {
+  FindingList findings;
+  const FindingCapture capture(findings);
+  try {
+    lum::SDBReader reader(path);
+    checkDatabase(reader, findings);
+  } catch (const lum::io::FileError& error) {
+    findings.push_back({FindingCode::DATABASE_DAMAGED, error.what()});
+  }
+  return findings;
+}
+
+SceneKind kindOf(const std::wstring& path) {
+  try {
+    return detectScene(path);
+  } catch (const Exception&) {
+    // An archive that cannot be opened, which is a finding.
+    return SceneKind::ARCHIVE;
+  }
+}
+
+}  // namespace
+
+std::vector<Finding> checkScene(const std::wstring& path) {
+  FindingList findings = kindOf(path) == SceneKind::ARCHIVE ? checkArchive(path) : checkDatabase(path);
+  RepeatedFindings all;
+  std::erase_if(findings, [&all](const Finding& finding) { return all.isRepeated(finding); });
+  return findings;
+}
+
+}  // namespace vemo
