@@ -73,6 +73,24 @@ std::optional<std::string> NodePaths::getPath(const Node& node) {
   return path;
 }
 
+const Node* NodePaths::find(const Node& start, std::string_view path) {
+  const Node* node = &start;
+  std::size_t begin = 0;
+  while (node != nullptr && !path.empty() && begin <= path.size()) {
+    const std::size_t end = std::min(path.find('/', begin), path.size());
+    node = findDependent(*node, path.substr(begin, end - begin));
+    begin = end + 1;
+  }
+  return node;
+}
+
+const Node* NodePaths::findDependent(const Node& owner, std::string_view step) {
+  const std::vector<Node*> dependents = owner.getDependents();
+  const auto found =
+      std::ranges::find_if(dependents, [&](const Node* node) { return getStep(*node) == step; });
+  return found != dependents.end() ? *found : nullptr;
+}
+
 std::string NodePaths::getStep(const Node& node) {
   if (_numbered.insert(node.getOwner()).second) {
     numberDependents(*node.getOwner());
