@@ -1,9 +1,10 @@
 #!/bin/bash
 # Builds examples/host against an installation, as other projects do with CMake and with
 # pkg-config, and again after the installation was moved:
-#   installed_host_test.sh SOURCE_FOLDER BUILD_FOLDER
+#   installed_host_test.sh SOURCE_FOLDER BUILD_FOLDER [PYTHON]
+# With PYTHON also uses the Python module.
 set -euo pipefail
-sources=$1 build=$2
+sources=$1 build=$2 python=${3:-}
 folder=$(mktemp -d)
 trap 'rm -rf -- "$folder"' EXIT
 fail() { echo "$*" >&2; exit 1; }
@@ -53,6 +54,12 @@ mv -- "$folder/installed" "$folder/moved"
 build_and_run_host "$folder/second" "$folder/moved"
 compile_host "$folder/moved"
 "$folder/moved/bin/vemoscene" info "$sources/examples/wing.zip" >/dev/null || fail "the moved program does not run"
+if [[ -n $python ]]; then
+  PYTHONPATH=$folder/moved/lib/python3/dist-packages "$python" -c '
+import sys, vemoscene
+assert vemoscene.__file__.startswith(sys.argv[1]) and vemoscene.open(sys.argv[2]).root.children
+' "$folder/moved" "$sources/examples/wing.zip" || fail "the moved Python module does not work"
+fi
 
 targets=$(link_components "$folder/moved" scenegraph render) || fail "$targets"
 [[ $targets == *vemo::render* && $targets != *vemo::import* && $targets != *vemo::window* ]] ||

@@ -1,0 +1,129 @@
+"""Other Python threads go on while the library works, and cannot break it."""
+
+from __future__ import annotations
+
+import concurrent.futures
+import gc
+import pathlib
+import signal
+import sys
+import threading
+import time
+from types import FrameType
+from typing import Any, Callable
+
+import pytest
+
+import vemoscene
+from conftest import EXAMPLES
+
+WORKS: dict[str, Callable[[pathlib.Path, pathlib.Path], Any]] = {
+    "open": lambda source, target: vemoscene.open(source),
+    "open_bytes": lambda source, target: vemoscene.open_bytes(source.read_bytes()),
+    "convert": vemoscene.convert,
+    "check": lambda source, target: vemoscene.check(source),
+    "render": lambda source, target: vemoscene.render(vemoscene.open(source), (64, 48)),
+}
+
+
+@pytest.mark.parametrize("name", WORKS)
+def test_the_interpreter_lock_is_released(name: str, large_archive: pathlib.Path, tmp_path: pathlib.Path) -> None:
+    """No thread gets the lock from a running one before the interval is over."""
+    may_go = threading.Semaphore(0)
+    finished: list[str] = []
+
+    def run() -> None:
+        may_go.acquire()
+        finished.append("other")
+
+    other = threading.Thread(target=run)
+    other.start()
+    interval = sys.getswitchinterval()
+    sys.setswitchinterval(1000)
+    try:
+        may_go.release()
+        WORKS[name](large_archive, tmp_path / "out.sdb")
+        finished.append("work")
+    finally:
+        sys.setswitchinterval(interval)
+    other.join()
+    assert finished == ["other", "work"]
+
+
+def test_threads_at_once(tmp_path: pathlib.Path) -> None:
+    """With callbacks, failures, and scenes that are freed meanwhile."""
+    paths = [EXAMPLES / f"{name}.zip" for name in ("drum", "crystal", "propeller")]
+    expected = {path: [node.path for node in vemoscene.open(path).root.walk()] for path in paths}
+    pictures = {path: vemoscene.render(path, (64, 48)) for path in paths}
+
+    def work(number: int) -> bool:
+        path = paths[number % len(paths)]
+        scene = vemoscene.open(path, lambda fraction: gc.collect(0))
+        with pytest.raises(vemoscene.Cancelled):
+            vemoscene.open(path, lambda fraction: fraction < 0.5)
+        with pytest.raises(vemoscene.SceneError):
+            vemoscene.open_bytes(b"text")
+        vemoscene.convert(path, tmp_path / f"{number}.sdb", lambda fraction: None)
+        copy = vemoscene.open(tmp_path / f"{number}.sdb")
+        same = all([node.path for node in one.root.walk()] == expected[path] for one in (scene, copy))
+        return same and not vemoscene.check(path) and bool((vemoscene.render(copy, (64, 48)) == pictures[path]).all())
+
+    with concurrent.futures.ThreadPoolExecutor(6) as pool:
+        assert all(pool.map(work, range(12)))
+
+
+def count_references() -> tuple[list[vemoscene.Scene], Any]:
+    """A scene that nothing else holds, and one of its arrays."""
+    scene = vemoscene.open(EXAMPLES / "drum.zip")
+    return [scene], next(scene.root.walk("PolyDataNode")).poly_data.GetPoints().GetData()
+
+
+def test_scenes_freed_by_a_callback_go_when_the_work_ends() -> None:
+    held, array = count_references()
+    counts = []
+
+    def free(fraction: float) -> None:
+        held.clear()
+        counts.append(array.GetReferenceCount())
+
+    vemoscene.open(EXAMPLES / "crystal.zip", free)
+    assert array.GetReferenceCount() == 1 < counts[-1]
+
+
+def test_freeing_does_not_wait_for_other_threads() -> None:
+    """Otherwise a thread that has the interpreter lock would wait for one that wants it."""
+    held, array = count_references()
+    is_working, may_end = threading.Event(), threading.Event()
+
+    def wait(fraction: float) -> None:
+        is_working.set()
+        may_end.wait(60)
+
+    with concurrent.futures.ThreadPoolExecutor(1) as pool:
+        working = pool.submit(vemoscene.open, EXAMPLES / "crystal.zip", wait)
+        assert is_working.wait(60)
+        held.clear()
+        assert array.GetReferenceCount() > 1
+        may_end.set()
+        working.result()
+    assert array.GetReferenceCount() == 1
+
+
+def test_signals_interrupt_work_without_a_callback(large_archive: pathlib.Path) -> None:
+    start = time.monotonic()
+    vemoscene.open(large_archive)
+    duration = time.monotonic() - start
+
+    def interrupt(number: int, frame: FrameType | None) -> None:
+        raise KeyboardInterrupt
+
+    former = signal.signal(signal.SIGALRM, interrupt)
+    start = time.monotonic()
+    try:
+        signal.setitimer(signal.ITIMER_REAL, duration / 10)
+        with pytest.raises(KeyboardInterrupt):
+            vemoscene.open(large_archive)
+    finally:
+        signal.setitimer(signal.ITIMER_REAL, 0)
+        signal.signal(signal.SIGALRM, former)
+    assert time.monotonic() - start < duration * 0.8
