@@ -42,5 +42,14 @@ if(VEMO_BUILD_WINDOW)
     DEPENDS "vemoscene ${same_version}")
   list(APPEND linked "vemoscene-window ${same_version}")
 endif()
+if(VEMO_BUILD_PYTHON)
+  # For this version of Python only.
+  math(EXPR next_minor "${Python_VERSION_MINOR} + 1")
+  vemo_package(python python3-vemoscene "scenes with simulation results in Python, with numpy and VTK"
+    DEPENDS "${runtime} ${same_version}" "python3 (>= ${Python_VERSION_MAJOR}.${Python_VERSION_MINOR})"
+            "python3 (<< ${Python_VERSION_MAJOR}.${next_minor})" python3-numpy python3-vtk9)
+  set(scripts ${CMAKE_CURRENT_SOURCE_DIR}/cmake/python-package)
+  set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA ${scripts}/postinst ${scripts}/prerm)
+endif()
 vemo_package(dev libvemo-dev "headers and package files of libvemo" DEPENDS ${linked} libvtk9-dev)
 include(CPack)
