@@ -81,7 +81,7 @@ TEST_F(OpenSceneTest, SaysWhyBytesAreNotAScene) {
   EXPECT_THAT(messageFor(misnamed), testing::HasSubstr("\"a/Scene.XML\""));
   const std::string bytes = readFile(database());
   EXPECT_THAT(messageFor(std::string_view(bytes).substr(0, bytes.size() - 1)),
-              testing::HasSubstr("Not a scene-graph database"));
+              testing::HasSubstr("The file is truncated"));
 }
 
 TEST_F(OpenSceneTest, ProgressRisesToOne) {

@@ -21,8 +21,8 @@ enum class SceneKind {
 VEMO_IMPORT_EXPORT void requireReadable(const std::wstring& path);
 
 /// The generation of the file. Throws lum::io::FileError for a file that does not exist,
-/// cannot be opened, or is of neither generation, which the text explains; ZipException for
-/// a damaged archive.
+/// cannot be opened, is a damaged database, or is of neither generation, which the text
+/// explains; ZipException for a damaged archive.
 VEMO_IMPORT_EXPORT SceneKind detectScene(const std::wstring& path);
 
 /// The same for a scene in memory.

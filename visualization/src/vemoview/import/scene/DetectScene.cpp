@@ -6,6 +6,7 @@
 #include <vemo/import/archive/ZipFileReader.h>
 #include <vemo/scenegraph/io/CheckFormat.h>
 #include <vemo/scenegraph/io/FileError.h>
+#include <vemo/scenegraph/io/SDBReader.h>
 #include <vemo/scenegraph/io/SDBWriter.h>
 
 #include <cerrno>
@@ -88,6 +89,10 @@ std::string describe(std::string_view start, const Content& content) {
                       : std::string();
 }
 
+bool isDatabase(std::string_view start) {
+  return start.starts_with(lum::SDBWriter::SIGNATURE);
+}
+
 /// @param file in quotation marks behind a blank, or nothing
 /// @param reason may be empty
 [[noreturn]] void failUnknown(const std::string& file, const std::string& reason) {
@@ -134,8 +139,13 @@ SceneKind detectScene(const std::wstring& path) {
     case SceneFormatHandler::UnknownFormat:
       break;
   }
+  const std::string start = readStart(file);
+  if (isDatabase(start)) {
+    // Throws what is wrong with it.
+    const lum::SDBReader damaged(path);
+  }
   const std::string reason = firstLineOf(messages);
-  failUnknown(fmt::format(" \"{}\"", file), reason.empty() ? describe(readStart(file), path) : reason);
+  failUnknown(fmt::format(" \"{}\"", file), reason.empty() ? describe(start, path) : reason);
 }
 
 SceneKind detectScene(std::span<const std::byte> bytes) {
@@ -150,6 +160,10 @@ SceneKind detectScene(std::span<const std::byte> bytes) {
     std::ostringstream messages;
     if (sdb::checkFormat(stream, messages)) {
       return SceneKind::DATABASE;
+    }
+    if (isDatabase(content)) {
+      MemoryStream again(bytes);
+      const lum::SDBReader damaged(again);
     }
     reason = firstLineOf(messages);
   }
