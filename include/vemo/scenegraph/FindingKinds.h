@@ -67,7 +67,7 @@
   KIND(ROOT_UNKNOWN, CHANGED, "The root element is not called `scene`, but is read as if it were.") \
   KIND(SCENE_NOT_DRAWN, LOST, "A scene is too large to be drawn.") \
   KIND(SETTINGS_REPLACED, CHANGED, "Geometries with the same name and type share a drawable, but state different settings for it.") \
-  KIND(STREAM_INVALID, LOST, "A scene stream cannot be read.") \
+  KIND(STREAM_INVALID, LOST, "A scene stream, or an array that belongs to one, cannot be read.") \
   KIND(TEXT_CHANGED, CHANGED, "A text is too long and is cut off or drawn smaller, or is not valid UTF-8.") \
   KIND(TEXT_IGNORED, LOST, "Text in an element that cannot contain text is ignored.") \
   KIND(TEXT_NOT_FRAMED, CHANGED, "A text is so far from the model that it is not taken into account when the view is chosen, and may be outside the picture.") \

@@ -37,7 +37,6 @@ void decodeDataFiles(Scene& scene, lum::NodeInputStream& nodes, lum::SceneGraphR
     MemoryStream dataStream(bytesOf(file.get()));
     if (!reader.loadVtkDataFromInputStream(dataStream)) {
       VEMO_LOG_ERROR("Error parsing data input stream!");
-      reportDamage("Data of the scene graph in the archive cannot be read");
       ++damaged;
     }
   }
