@@ -45,4 +45,18 @@ std::optional<Utf8Character> firstOfUtf8(std::string_view text) {
   return isValid(value, length) ? std::optional<Utf8Character>({value, length}) : std::nullopt;
 }
 
+std::string beginOf(std::string_view text, std::size_t mostBytes) {
+  if (text.size() > mostBytes) {
+    while (mostBytes > 0 && isContinuationByte(text[mostBytes])) {
+      --mostBytes;
+    }
+  }
+  return std::string(text.substr(0, mostBytes));
+}
+
+std::string shortName(std::string_view name) {
+  constexpr std::size_t MAX_BYTES = 64;
+  return name.size() <= MAX_BYTES ? std::string(name) : beginOf(name, MAX_BYTES) + "...";
+}
+
 }  // namespace vemo

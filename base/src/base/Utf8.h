@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace vemo {
@@ -22,5 +23,11 @@ VEMO_BASE_EXPORT std::optional<Utf8Character> firstOfUtf8(std::string_view text)
 constexpr bool isContinuationByte(char byte) {
   return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
+
+/// The first bytes of a text in UTF-8, without an incomplete last character.
+VEMO_BASE_EXPORT std::string beginOf(std::string_view text, std::size_t mostBytes);
+
+/// A name for messages: in an untrusted file it may be as long as the file.
+VEMO_BASE_EXPORT std::string shortName(std::string_view name);
 
 }  // namespace vemo

@@ -1,5 +1,7 @@
 #include "geometry/PolyDataValidator.h"
 
+#include "base/Utf8.h"
+
 #include <vtkCellArray.h>
 #include <vtkDataArray.h>
 
@@ -22,11 +24,11 @@ std::string findDataFault(const PolyDataArrays::DataArrays& arrays, std::int64_t
   for (const auto& array : arrays) {
     const std::string_view name = array->GetName() != nullptr ? array->GetName() : "";
     if (array->GetNumberOfTuples() != tupleCount) {
-      return fmt::format("the data array \"{}\" has {} tuples for {} {}", name, array->GetNumberOfTuples(),
-                         tupleCount, whose);
+      return fmt::format("the data array \"{}\" has {} tuples for {} {}", shortName(name),
+                         array->GetNumberOfTuples(), tupleCount, whose);
     }
     if (!names.insert(name).second) {
-      return fmt::format("two data arrays of the {} are named \"{}\"", whose, name);
+      return fmt::format("two data arrays of the {} are named \"{}\"", whose, shortName(name));
     }
   }
   return {};

@@ -1,5 +1,6 @@
 #include "scenegraph/io/codec/GraphDecoder.h"
 
+#include "base/Utf8.h"
 #include "scenegraph/inspect/NodeDescription.h"
 #include "scenegraph/io/codec/FieldReader.h"
 #include "scenegraph/io/codec/GraphFormat.h"
@@ -90,8 +91,9 @@ void GraphDecoder::readNode(ByteReader& in, bool isFirst) {
   const Ptr<Node> node = findOrMake(record, ownerField);
   if (isFirst) {
     if (!node) {
-      throw FileError(FileIoStatus::UnsupportedFormat,
-                      "The root is of class " + record.fileClass->name + ", which is unknown here");
+      throw FileError(
+          FileIoStatus::UnsupportedFormat,
+          "The root is of class " + vemo::shortName(record.fileClass->name) + ", which is unknown here");
     }
     _root = node;
   }
@@ -153,7 +155,7 @@ const FileField* GraphDecoder::readPosition(ByteReader& in, bool isFirst) {
   const FileClass& owner = *_levels[_depth - 1].fileClass;
   const FileField& field = owner.fields[in.index("field of the owner", owner.fields.size())];
   if (field.kind != FieldKinds::kindOf<OwnedSlot*>() && field.kind != FieldKinds::kindOf<CollectionNode*>()) {
-    fail("It is in a field of " + owner.name + " that holds no nodes");
+    fail("It is in a field of " + vemo::shortName(owner.name) + " that holds no nodes");
   }
   return &field;
 }

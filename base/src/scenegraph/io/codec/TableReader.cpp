@@ -1,5 +1,6 @@
 #include "scenegraph/io/codec/TableReader.h"
 
+#include "base/Utf8.h"
 #include "scenegraph/io/codec/GraphFormat.h"
 #include "scenegraph/io/codec/TableWriter.h"
 #include <vemo/scenegraph/io/FileError.h>
@@ -100,7 +101,8 @@ void TableReader::read(ByteReader& in, bool hasLists) {
   for (; count > 0; --count) {
     _classes.push_back(readClass(in));
     if (!_classNumbers.emplace(_classes.back().name, _classes.size() - 1).second) {
-      throw FileError(FileIoStatus::ReadError, "Duplicate class in the class table: " + _classes.back().name);
+      throw FileError(FileIoStatus::ReadError,
+                      "Duplicate class in the class table: " + vemo::shortName(_classes.back().name));
     }
   }
   count = in.count("arrays", MIN_ROW_BYTES);

@@ -1,10 +1,10 @@
 #include "scenegraph/io/codec/UnknownParts.h"
 
+#include "base/Utf8.h"
 #include <vemo/scenegraph/Findings.h>
 
 #include <algorithm>
 #include <fmt/format.h>
-#include <string_view>
 
 namespace lum::io {
 
@@ -12,14 +12,9 @@ namespace {
 
 constexpr std::size_t MAX_FINDINGS = 100;
 constexpr std::size_t MAX_FIELD_NAMES = 8;
-constexpr std::size_t MAX_NAME_BYTES = 64;
-
-std::string shorten(std::string_view name) {
-  return std::string(name.substr(0, MAX_NAME_BYTES)) + (name.size() > MAX_NAME_BYTES ? "..." : "");
-}
 
 std::string describeUnknownClass(const FileClass& fileClass, std::size_t nodeCount) {
-  const std::string name = shorten(fileClass.name);
+  const std::string name = vemo::shortName(fileClass.name);
   return nodeCount == 1
              ? fmt::format("A node of class {}, which is unknown here, is left out with all that it owns",
                            name)
@@ -32,13 +27,13 @@ std::string describeUnknownFields(const TableReader& tables, const FileClass& fi
   const std::size_t count = fileClass.unknownFields.size();
   std::string names;
   for (std::size_t i = 0; i < std::min(count, MAX_FIELD_NAMES); ++i) {
-    names += (i > 0 ? ", " : "") + shorten(tables.getString(fileClass.unknownFields[i]));
+    names += (i > 0 ? ", " : "") + vemo::shortName(tables.getString(fileClass.unknownFields[i]));
   }
   if (count > MAX_FIELD_NAMES) {
     names += fmt::format(" and {} more", count - MAX_FIELD_NAMES);
   }
   return fmt::format("Fields of class {} are unknown here and are left out of {} node{}: {}",
-                     shorten(fileClass.name), nodeCount, nodeCount == 1 ? "" : "s", names);
+                     vemo::shortName(fileClass.name), nodeCount, nodeCount == 1 ? "" : "s", names);
 }
 
 }  // namespace

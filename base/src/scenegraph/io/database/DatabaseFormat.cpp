@@ -1,5 +1,6 @@
 #include "scenegraph/io/database/DatabaseFormat.h"
 
+#include "base/Utf8.h"
 #include "scenegraph/io/codec/ChunkIO.h"
 #include "scenegraph/io/codec/FieldReader.h"
 #include "scenegraph/io/codec/GraphFormat.h"
@@ -135,7 +136,7 @@ void DatabaseIndex::readOffsets(ByteReader& in, std::uint64_t end) {
         row.bytes() > end - position - gap * CHUNK_ALIGNMENT) {
       throw FileError(FileIoStatus::ReadError,
                       fmt::format("Array {} \"{}\" of {} bytes overlaps the index", _offsets.size(),
-                                  _tables.getName(row), row.bytes()));
+                                  vemo::shortName(_tables.getName(row)), row.bytes()));
     }
     _offsets.push_back(position + gap * CHUNK_ALIGNMENT);
     position = _offsets.back() + row.bytes();

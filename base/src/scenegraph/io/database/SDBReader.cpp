@@ -1,3 +1,4 @@
+#include "base/Utf8.h"
 #include "scenegraph/io/codec/ArrayBinder.h"
 #include "scenegraph/io/codec/ChunkIO.h"
 #include "scenegraph/io/codec/GraphDecoder.h"
@@ -155,12 +156,14 @@ class SDBReader::Database {
   template <class Action>
   void atChunk(std::size_t chunk, Action&& action) {
     const io::ChunkRow& row = _index.getTables().getChunks()[chunk];
-    at([&] { return fmt::format("Array {} \"{}\"", chunk, _index.getTables().getName(row)); },
-       [&] {
-         _source.seek(_index.getOffset(chunk));
-         action(row);
-         _progress.advance(row.bytes());
-       });
+    at(
+        [&] {
+          return fmt::format("Array {} \"{}\"", chunk, vemo::shortName(_index.getTables().getName(row)));
+        },
+        [&] {
+          _source.seek(_index.getOffset(chunk));
+          action(row);
+        });
   }
 
   /// Not open for a stream that is the caller's.
