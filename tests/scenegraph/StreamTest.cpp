@@ -8,6 +8,9 @@
 #include <vemo/scenegraph/io/NodeOutputStream.h>
 #include <vemo/scenegraph/io/SceneGraphReader.h>
 
+#include <vtkDataArray.h>
+#include <vtkWeakPointer.h>
+
 #include <algorithm>
 #include <functional>
 #include <gtest/gtest.h>
@@ -173,6 +176,31 @@ TEST(StreamTest, CarriesOnlyWhatChanged) {
 }
 
 /// A scene stream of one message. `changed`: its count, and numbers of known nodes.
+// Both ends, whatever the order in which data arrives; but not what the host may show again.
+TEST(StreamTest, LetsGoOfArraysThatTheHostHasReleased) {
+  const auto node = make<lum::PolyDataNode>();
+  const auto shownAgain = makeGeometry(false);
+  NodeOutputStream out;
+  NodeInputStream in(lum::NO_SESSION);
+  std::vector<vtkWeakPointer<vtkDataArray>> former;
+  for (int i = 0; i < 4; ++i) {
+    node->setPolyData(i % 2 == 0 ? shownAgain : makeGeometry(i == 1));
+    node->writeChanges(out);
+    Payload payload(out);
+    EXPECT_EQ(payload.data.empty(), i == 2);
+    if (i == 1) {
+      std::ranges::reverse(payload.data);
+    }
+    ASSERT_EQ(load(payload, in), 0);
+    const Ptr<lum::PolyDataNode> read(in.getRoots().at(0));
+    ASSERT_EQ(firstDifference(*node, *read), "");
+    former.emplace_back(read->getPoints());
+  }
+  EXPECT_NE(former[0], nullptr);
+  EXPECT_EQ(former[1], nullptr);
+  EXPECT_EQ(in.getMissingArrayCount(), 0U);
+}
+
 std::string sceneStream(const std::string& tables, char nodeCount, const std::string& changed,
                         const std::string& records) {
   const std::string padding(static_cast<std::size_t>(8 * nodeCount) - records.size(), '\0');

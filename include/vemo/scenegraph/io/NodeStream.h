@@ -10,7 +10,8 @@ class Node;
 
 /// One end of a connection over which node graphs travel: a scene stream
 /// carries nodes, and data streams carry the arrays that they hold, one each.
-/// Numbers of nodes, arrays and texts are valid for the whole connection.
+/// Numbers of nodes, arrays and texts are valid for the whole connection. Neither end
+/// keeps arrays that the writing program has released or changed.
 ///
 /// Writing to an end that only reads throws InternalError, and so does reading
 /// from one that only writes.

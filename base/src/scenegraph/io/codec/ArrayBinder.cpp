@@ -2,11 +2,13 @@
 
 #include "scenegraph/ArrayType.h"
 #include "scenegraph/inspect/NodeDescription.h"
+#include <vemo/scenegraph/io/FileError.h>
 
 #include <vtkTypeInt32Array.h>
 #include <vtkTypeInt64Array.h>
 
 #include <algorithm>
+#include <fmt/format.h>
 
 namespace lum::io {
 
@@ -61,12 +63,47 @@ void ArrayBinder::expectFor(Node& node, bool isNew) {
   _waiting.push_back({Ptr<Node>(&node), _uses.size(), 0, 0});
 }
 
+ArrayBinder::Chunk& ArrayBinder::findOrMake(std::size_t chunk) {
+  _pages.resize(std::max(_pages.size(), chunk / PAGE_SIZE + 1));
+  auto& page = _pages[chunk / PAGE_SIZE];
+  page.resize(PAGE_SIZE);
+  return page[chunk % PAGE_SIZE];
+}
+
 void ArrayBinder::expect(std::size_t field, std::size_t chunk) {
+  Chunk& expected = findOrMake(chunk);
+  if (expected.isLetGo) {
+    throw FileError(FileIoStatus::ReadError, fmt::format("Array {} was let go before", chunk));
+  }
+  ++expected.uses;
   Waiting& waiting = _waiting.back();
   _uses.push_back({static_cast<std::uint32_t>(chunk), static_cast<std::uint32_t>(field),
                    static_cast<std::uint32_t>(_waiting.size() - 1)});
   ++waiting.useCount;
-  waiting.missing += has(chunk) ? 0 : 1;
+  waiting.missing += expected.isThere ? 0 : 1;
+}
+
+void ArrayBinder::letGo(std::size_t chunk) {
+  findOrMake(chunk).isLetGo = true;
+  releaseUnused(chunk);
+}
+
+void ArrayBinder::releaseUnused(std::size_t chunk) {
+  Chunk& unused = findOrMake(chunk);
+  if (!unused.isLetGo || unused.uses > 0) {
+    return;
+  }
+  unused.array = nullptr;
+  // In cells it is before or after the other array of its pair.
+  const auto number = static_cast<std::uint32_t>(chunk);
+  for (auto use = findUses(chunk); use != _byChunk.end() && _uses[*use].chunk == number; ++use) {
+    if (*use > 0) {
+      _sharedCells.erase({_uses[*use - 1].chunk, number});
+    }
+    if (*use + 1 < _uses.size()) {
+      _sharedCells.erase({number, _uses[*use + 1].chunk});
+    }
+  }
 }
 
 void ArrayBinder::sortUses() {
@@ -100,10 +137,9 @@ std::vector<std::size_t> ArrayBinder::getExpected() {
 }
 
 std::string ArrayBinder::provide(std::size_t chunk, vtkDataArray& array) {
-  _pages.resize(std::max(_pages.size(), chunk / PAGE_SIZE + 1));
-  auto& page = _pages[chunk / PAGE_SIZE];
-  page.resize(PAGE_SIZE);
-  page[chunk % PAGE_SIZE] = &array;
+  Chunk& provided = findOrMake(chunk);
+  provided.array = &array;
+  provided.isThere = true;
   ++_arrayCount;
   std::string fault;
   for (auto use = findUses(chunk); use != _byChunk.end() && _uses[*use].chunk == chunk; ++use) {
@@ -113,6 +149,7 @@ std::string ArrayBinder::provide(std::size_t chunk, vtkDataArray& array) {
       fault = fault.empty() ? found : fault;
     }
   }
+  releaseUnused(chunk);
   return fault;
 }
 
@@ -128,6 +165,16 @@ std::string ArrayBinder::provideKnown() {
 }
 
 std::string ArrayBinder::complete(std::uint32_t number) {
+  std::string fault = giveArrays(number);
+  const Waiting& done = _waiting[number];
+  for (std::size_t use = done.firstUse; use < done.firstUse + done.useCount; ++use) {
+    --findOrMake(_uses[use].chunk).uses;
+    releaseUnused(_uses[use].chunk);
+  }
+  return fault;
+}
+
+std::string ArrayBinder::giveArrays(std::uint32_t number) {
   Waiting& waiting = _waiting[number];
   const Ptr<Node> node = std::move(waiting.node);
   if (!node) {

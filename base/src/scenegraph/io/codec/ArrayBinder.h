@@ -27,14 +27,18 @@ class ArrayBinder {
 
   /// From now on a node waits for the chunks that calls of `expect` name, and for
   /// no others. The field of an index takes one or several, in their order.
+  /// Throws FileError (ReadError) for a chunk that was let go.
   void expectFor(Node& node, bool isNew);
   void expect(std::size_t field, std::size_t chunk);
+
+  /// No node will wait for the chunk again: it is kept only for those that do now.
+  void letGo(std::size_t chunk);
 
   /// The chunks that any node has waited for, in ascending order.
   std::vector<std::size_t> getExpected();
   bool has(std::size_t chunk) const {
     const std::size_t page = chunk / PAGE_SIZE;
-    return page < _pages.size() && !_pages[page].empty() && _pages[page][chunk % PAGE_SIZE];
+    return page < _pages.size() && !_pages[page].empty() && _pages[page][chunk % PAGE_SIZE].isThere;
   }
 
   /// Takes an array. What is wrong with the first of the nodes that are
@@ -45,6 +49,14 @@ class ArrayBinder {
   std::string provideKnown();
 
  private:
+  struct Chunk {
+    /// Null before the array arrives, and after it is released.
+    vtkSmartPointer<vtkDataArray> array;
+    /// Of nodes that are not complete.
+    std::uint32_t uses = 0;
+    bool isThere = false;
+    bool isLetGo = false;
+  };
   struct Use {
     std::uint32_t chunk;
     std::uint32_t field;
@@ -59,19 +71,24 @@ class ArrayBinder {
 
   static constexpr std::size_t PAGE_SIZE = 256;
 
-  vtkDataArray& getArray(std::size_t chunk) const { return *_pages[chunk / PAGE_SIZE][chunk % PAGE_SIZE]; }
+  vtkDataArray& getArray(std::size_t chunk) const {
+    return *_pages[chunk / PAGE_SIZE][chunk % PAGE_SIZE].array;
+  }
+  Chunk& findOrMake(std::size_t chunk);
   static void clearAll(const FieldList& fields);
   void sortUses();
   /// The first of a chunk's uses, if it has any.
   std::vector<std::uint32_t>::const_iterator findUses(std::size_t chunk);
+  void releaseUnused(std::size_t chunk);
   std::string complete(std::uint32_t waiting);
+  std::string giveArrays(std::uint32_t waiting);
   std::string putArrays(const Waiting& waiting, FieldList& fields);
   std::string findCells(std::uint32_t offsets, std::uint32_t connectivity,
                         vtkSmartPointer<vtkCellArray>& cells);
 
-  // Arrays by their chunks; a page is empty until one of its chunks is there: a
-  // record may use few of a great many.
-  std::vector<std::vector<vtkSmartPointer<vtkDataArray>>> _pages;
+  // A page is empty until one of its chunks is used: a record may use few of a
+  // great many.
+  std::vector<std::vector<Chunk>> _pages;
   std::size_t _arrayCount = 0;
   std::vector<Use> _uses;
   // Numbers of uses, in the order of their chunks.

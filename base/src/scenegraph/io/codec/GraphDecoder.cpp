@@ -53,8 +53,8 @@ Ptr<Node> GraphDecoder::decode(std::string_view bytes) {
     fail("A graph has no root");
   }
   readReferences(graph);
-  if (_knownCount > 0) {
-    checkDepth();
+  if (_known != nullptr) {
+    readForgotten(graph);
   }
   return _root;
 }
@@ -318,6 +318,13 @@ const FileClass& GraphDecoder::classOf(const Node& node) const {
     fail("The class " + node.className() + " is not in the class table");
   }
   return *fileClass;
+// Streams of older versions have zeros here, or nothing.
+void GraphDecoder::readForgotten(ByteReader& in) {
+  for (std::size_t count = in.left() > 0 ? in.count("arrays let go", 1) : 0; count > 0; --count) {
+    _binder.letGo(in.index("array let go", _tables.getChunks().size()));
+  }
+}
+
 }
 
 /// Subtrees that moved may have made the graph deeper than a message shows.

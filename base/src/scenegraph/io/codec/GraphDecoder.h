@@ -74,6 +74,7 @@ class GraphDecoder {
 
   const TableReader& _tables;
   ArrayBinder& _binder;
+  void readForgotten(ByteReader& in);
   ContentBudget& _budget;
   int _sessionId;
   const KnownNodes* _known = nullptr;

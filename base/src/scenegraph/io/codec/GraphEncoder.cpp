@@ -31,6 +31,7 @@ void GraphEncoder::encode(Node& root, ByteWriter& out) {
     encodeNode(step);
   }
   encodeReferences(root);
+  encodeForgotten();
   finish(out);
 }
 
@@ -195,6 +196,21 @@ void GraphEncoder::encodeReferences(Node& root) {
   }
   _records.number(count);
   _records.bytes(rows.view().data(), rows.size());
+}
+
+// Where older readers expect zeros, which they ignore.
+void GraphEncoder::encodeForgotten() {
+  if (_known == nullptr) {
+    return;
+  }
+  const std::vector<std::uint64_t> forgotten = _tables.takeForgotten();
+  if (forgotten.empty()) {
+    return;
+  }
+  _records.number(forgotten.size());
+  for (const std::uint64_t number : forgotten) {
+    _records.number(number);
+  }
 }
 
 void GraphEncoder::finish(ByteWriter& out) {

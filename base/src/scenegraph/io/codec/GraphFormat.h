@@ -22,6 +22,7 @@
 ///               then the fields that have values, lowest bit first) and what
 ///               is present; what equals the class's default is not
 ///             references: count, (node, field, target) each
+///             chunks that no later graph uses: count, numbers; only in streams
 ///             zeros, up to 8 bytes a node
 ///
 /// New nodes are numbered in their order, on from the last graph of the stream.

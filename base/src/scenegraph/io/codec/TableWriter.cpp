@@ -6,6 +6,7 @@
 #include <vtkCellArray.h>
 #include <vtkDataArray.h>
 
+#include <algorithm>
 #include <typeinfo>
 
 namespace lum::io {
@@ -143,11 +144,29 @@ std::uint64_t TableWriter::addArray(vtkDataArray& array, bool shared) {
   if (!shared && !_rememberAll) {
     return writeArray(array);
   }
-  KnownArray& known = _arrays[&array];
-  if (known.time != array.GetMTime()) {
-    known = {array.GetMTime(), writeArray(array)};
+  const auto known = _arrays.find(&array);
+  if (known != _arrays.end() && known->second.time == array.GetMTime()) {
+    return known->second.number;
   }
-  return known.number;
+  const std::uint64_t number = writeArray(array);
+  if (known != _arrays.end()) {
+    _forgotten.push_back(known->second.number);
+  }
+  _arrays[&array] = {&array, array.GetMTime(), number};
+  return number;
+}
+
+std::vector<std::uint64_t> TableWriter::takeForgotten() {
+  std::erase_if(_arrays, [this](const auto& entry) {
+    const KnownArray& known = entry.second;
+    const bool isGone = known.array == nullptr || known.array->GetMTime() != known.time;
+    if (isGone) {
+      _forgotten.push_back(known.number);
+    }
+    return isGone;
+  });
+  std::ranges::sort(_forgotten);
+  return std::exchange(_forgotten, {});
 }
 
 std::uint64_t TableWriter::writeArray(vtkDataArray& array) {

@@ -5,7 +5,9 @@
 #include <vemo/scenegraph/Node.h>
 #include <vemo/scenegraph/Ptr.h>
 
+#include <vtkDataArray.h>
 #include <vtkType.h>
+#include <vtkWeakPointer.h>
 
 #include <cstdint>
 #include <functional>
@@ -61,11 +63,16 @@ class TableWriter {
   /// The number of an array's chunk. `shared` when other nodes may hold it.
   std::uint64_t addArray(vtkDataArray& array, bool shared);
 
+  /// The numbers of arrays that are gone or have changed since the last call, and of
+  /// which no number will be given again.
+  std::vector<std::uint64_t> takeForgotten();
+
   void take(ByteWriter& out);
 
  private:
   /// An array that is made where another one was, or that changes, has a later time.
   struct KnownArray {
+    vtkWeakPointer<vtkDataArray> array;
     vtkMTimeType time = 0;
     std::uint64_t number = 0;
   };
@@ -90,6 +97,7 @@ class TableWriter {
   std::unordered_map<const double*, std::pair<SharedNumbers, std::uint64_t>> _listNumbers;
   std::unordered_map<std::type_index, Class> _classes;
   std::unordered_map<const vtkDataArray*, KnownArray> _arrays;
+  std::vector<std::uint64_t> _forgotten;
   std::uint64_t _stringCount = 0;
   std::uint64_t _arrayCount = 0;
   Table _strings;
