@@ -15,6 +15,7 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <sstream>
+#include <vector>
 
 namespace vemo {
 
@@ -175,7 +176,6 @@ TEST(StreamTest, CarriesOnlyWhatChanged) {
   }
 }
 
-/// A scene stream of one message. `changed`: its count, and numbers of known nodes.
 // Both ends, whatever the order in which data arrives; but not what the host may show again.
 TEST(StreamTest, LetsGoOfArraysThatTheHostHasReleased) {
   const auto node = make<lum::PolyDataNode>();
@@ -201,6 +201,7 @@ TEST(StreamTest, LetsGoOfArraysThatTheHostHasReleased) {
   EXPECT_EQ(in.getMissingArrayCount(), 0U);
 }
 
+/// A scene stream of one message. `changed`: its count, and numbers of known nodes.
 std::string sceneStream(const std::string& tables, char nodeCount, const std::string& changed,
                         const std::string& records) {
   const std::string padding(static_cast<std::size_t>(8 * nodeCount) - records.size(), '\0');
@@ -232,6 +233,29 @@ TEST(StreamTest, ReleasesNodesThatMoveWhereNothingIsKnown) {
     EXPECT_TRUE(isRead(move, in));
     EXPECT_EQ(root->getNodeCount(), 0U);
     EXPECT_FALSE(isRead(later, in));
+  }
+}
+
+TEST(StreamTest, RefusesWhatMovesTooDeep) {
+  constexpr int LENGTH = 100;
+  for (const int moved : {Node::MAX_DEPTH - LENGTH - 1, Node::MAX_DEPTH - LENGTH}) {
+    const auto root = make<lum::DrawableCollection>();
+    const Ptr<Node> longer = makeChain(LENGTH);
+    const Ptr<Node> shorter = makeChain(moved);
+    root->addNode(*longer);
+    root->addNode(*shorter);
+    NodeOutputStream out;
+    NodeInputStream in(lum::NO_SESSION);
+    root->write(out);
+    ASSERT_EQ(load(Payload(out), in), 0);
+    Node* end = longer.get();
+    while (!end->getDependents().empty()) {
+      end = end->getDependents().front();
+    }
+    root->removeNode(*shorter);
+    dynamic_cast<lum::DrawableCollection&>(*end).addNode(*shorter);
+    root->writeChanges(out);
+    EXPECT_EQ(load(Payload(out), in), moved + LENGTH + 1 > Node::MAX_DEPTH ? 1 : 0);
   }
 }
 

@@ -29,8 +29,9 @@ GraphDecoder::GraphDecoder(const TableReader& tables, ArrayBinder& binder, Conte
                            int sessionId)
     : _tables(tables), _binder(binder), _budget(budget), _sessionId(sessionId) {}
 
-void GraphDecoder::setKnown(const KnownNodes& known) {
+void GraphDecoder::setKnown(const KnownNodes& known, std::uint64_t& movableNodes) {
   _known = &known;
+  _movableNodes = &movableNodes;
   _knownCount = known.size();
 }
 
@@ -75,10 +76,14 @@ void GraphDecoder::disownAll(Node& node) {
   node.listFields(fields);
   for (const Field& field : fields) {
     if (const auto* slot = std::get_if<OwnedSlot*>(&field.value)) {
+      _formerOwners[(*slot)->getNode()] = &node;
       _disowned.emplace_back((*slot)->getNode());
       (*slot)->put(node, nullptr);
     } else if (const auto* collection = std::get_if<CollectionNode*>(&field.value)) {
       const auto nodes = (*collection)->getNodes();
+      for (const auto& owned : nodes) {
+        _formerOwners[static_cast<Node*>(owned.getObject())] = &node;
+      }
       _disowned.insert(_disowned.end(), nodes.begin(), nodes.end());
       (*collection)->removeAllNodes();
     }
@@ -100,7 +105,9 @@ void GraphDecoder::readNode(ByteReader& in, bool isFirst) {
   if (_levels.size() <= _depth) {
     _levels.emplace_back();
   }
+  const bool isMovedNow = ownerField != nullptr && isMoved(record, node.get());
   Level& level = _levels[_depth++];
+  level.isMoved = isMovedNow;
   level.node = node.get();
   level.fileClass = record.fileClass;
   level.isComplete = record.isComplete;
@@ -116,6 +123,9 @@ void GraphDecoder::readNode(ByteReader& in, bool isFirst) {
   }
   if (ownerField != nullptr && level.node != nullptr) {
     attach(_levels[_depth - 2], *ownerField, *level.node);
+  }
+  if (level.isMoved && level.node != nullptr && !record.isComplete) {
+    checkDepth(*level.node);
   }
 }
 
@@ -308,6 +318,13 @@ void GraphDecoder::readReference(ByteReader& in) {
   }
 }
 
+// Streams of older versions have zeros here, or nothing.
+void GraphDecoder::readForgotten(ByteReader& in) {
+  for (std::size_t count = in.left() > 0 ? in.count("arrays let go", 1) : 0; count > 0; --count) {
+    _binder.letGo(in.index("array let go", _tables.getChunks().size()));
+  }
+}
+
 Node* GraphDecoder::findNode(std::size_t number) const {
   return number < _knownCount ? (*_known)[number].get() : _newNodes[number - _knownCount];
 }
@@ -318,23 +335,30 @@ const FileClass& GraphDecoder::classOf(const Node& node) const {
     fail("The class " + node.className() + " is not in the class table");
   }
   return *fileClass;
-// Streams of older versions have zeros here, or nothing.
-void GraphDecoder::readForgotten(ByteReader& in) {
-  for (std::size_t count = in.left() > 0 ? in.count("arrays let go", 1) : 0; count > 0; --count) {
-    _binder.letGo(in.index("array let go", _tables.getChunks().size()));
+}
+
+/// Whether a node, which is below the deepest level left, was elsewhere before.
+bool GraphDecoder::isMoved(const Record& record, const Node* node) const {
+  const Level& owner = _levels[_depth - 1];
+  if (record.isNew || owner.isMoved || !owner.isComplete) {
+    return record.isNew || owner.isMoved;
   }
+  const auto former = _formerOwners.find(node);
+  return former == _formerOwners.end() || former->second != owner.node;
 }
 
-}
-
-/// Subtrees that moved may have made the graph deeper than a message shows.
-void GraphDecoder::checkDepth() const {
-  std::vector<std::pair<const Node*, int>> waiting{{_root.get(), 1}};
+/// What a node at the deepest level owns, of which the graph has nothing, moved along
+/// with it.
+void GraphDecoder::checkDepth(const Node& moved) {
+  std::vector<std::pair<const Node*, std::size_t>> waiting{{&moved, _depth}};
   while (!waiting.empty()) {
     const auto [node, depth] = waiting.back();
     waiting.pop_back();
-    if (depth > Node::MAX_DEPTH) {
+    if (depth > static_cast<std::size_t>(Node::MAX_DEPTH)) {
       fail(fmt::format("The scene is nested more than {} nodes deep", Node::MAX_DEPTH));
+    }
+    if ((*_movableNodes)-- == 0) {
+      fail("The scene stream moves too many nodes");
     }
     for (const Node* owned : node->getDependents()) {
       waiting.emplace_back(owned, depth + 1);

@@ -8,9 +8,11 @@
 #include <vemo/scenegraph/Ptr.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <set>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace lum::io {
@@ -24,8 +26,10 @@ class GraphDecoder {
   /// The binder learns which arrays the nodes wait for.
   GraphDecoder(const TableReader& tables, ArrayBinder& binder, ContentBudget& budget, int sessionId);
 
-  /// The graph may change these, the nodes that graphs before it made.
-  void setKnown(const KnownNodes& known);
+  /// The graph may change these, the nodes that graphs before it made. What it moves
+  /// takes time without taking bytes: `movableNodes` is how many of them it may
+  /// still move, and is reduced by those that it does.
+  void setKnown(const KnownNodes& known, std::uint64_t& movableNodes);
 
   /// Decodes a graph, given without its size; returns its root.
   Ptr<Node> decode(std::string_view bytes);
@@ -46,6 +50,8 @@ class GraphDecoder {
     FieldList fields;
     // Whether the graph has its values, and all that it owns.
     bool isComplete = true;
+    // Whether it may be deeper than before.
+    bool isMoved = false;
   };
   /// A node in the file.
   struct Record {
@@ -68,17 +74,19 @@ class GraphDecoder {
   void setAbsent(const Level& level, const FileField& field, bool isNew);
   void readReferences(ByteReader& in);
   void readReference(ByteReader& in);
+  void readForgotten(ByteReader& in);
   Node* findNode(std::size_t number) const;
   const FileClass& classOf(const Node& node) const;
-  void checkDepth() const;
+  bool isMoved(const Record& record, const Node* node) const;
+  void checkDepth(const Node& moved);
 
   const TableReader& _tables;
   ArrayBinder& _binder;
-  void readForgotten(ByteReader& in);
   ContentBudget& _budget;
   int _sessionId;
   const KnownNodes* _known = nullptr;
   std::size_t _knownCount = 0;
+  std::uint64_t* _movableNodes = nullptr;
   std::set<std::size_t> _changed;
   Ptr<Node> _root;
   std::vector<Node*> _newNodes;
@@ -89,6 +97,8 @@ class GraphDecoder {
   // Nodes taken out of their owners, until they have an owner again or are
   // released.
   std::vector<Ptr<Node>> _disowned;
+  // By nodes taken out of them.
+  std::unordered_map<const Node*, const Node*> _formerOwners;
   std::vector<std::size_t> _chunks;
 };
 

@@ -16,6 +16,11 @@ namespace lum {
 
 namespace {
 
+/// Of one scene stream: it may move a few nodes, and all that they own with them, again
+/// and again.
+constexpr std::uint64_t MOVABLE_NODES = 10'000'000;
+constexpr std::uint64_t MOVABLE_NODES_PER_BYTE = 10;
+
 [[noreturn]] void fail(const std::string& text) {
   throw io::FileError(io::FileIoStatus::ReadError, text);
 }
@@ -52,9 +57,10 @@ class NodeInputStream::Connection {
     if (!hasLists && signature != io::OLD_SCENE_SIGNATURE) {
       refuseSignature("scene");
     }
+    std::uint64_t movableNodes = MOVABLE_NODES + MOVABLE_NODES_PER_BYTE * source.getLeft();
     std::vector<Ptr<Node>> roots;
     while (source.getLeft() > 0) {
-      roots.push_back(readMessage(source, hasLists));
+      roots.push_back(readMessage(source, hasLists, movableNodes));
     }
     for (const auto& root : roots) {
       keep(*root);
@@ -103,7 +109,7 @@ class NodeInputStream::Connection {
   }
 
  private:
-  Ptr<Node> readMessage(io::InputSource& source, bool hasLists) {
+  Ptr<Node> readMessage(io::InputSource& source, bool hasLists, std::uint64_t& movableNodes) {
     std::uint64_t sizeAndHash[2];
     source.read(sizeAndHash, sizeof sizeAndHash);
     const std::string bytes = source.read(sizeAndHash[0]);
@@ -114,7 +120,7 @@ class NodeInputStream::Connection {
     io::ByteReader in(bytes);
     _tables.read(in, hasLists);
     io::GraphDecoder decoder(_tables, _binder, _budget, _sessionId);
-    decoder.setKnown(_nodes);
+    decoder.setKnown(_nodes, movableNodes);
     const Ptr<Node> root = decoder.decode(in.text("graph"));
     if (in.left() != 0) {
       fail(fmt::format("{} bytes follow a graph", in.left()));
