@@ -1,14 +1,17 @@
 #include "base/HugePages.h"
 #include "vemoview/import/archive/Inflate.h"
 
+#include <cstdlib>
 #include <libdeflate.h>
 #include <memory>
-#include <new>
 
 namespace vemo {
 
 namespace {
 
+struct FreeBytes {
+  void operator()(char* bytes) const { std::free(bytes); }
+};
 struct FreeDecompressor {
   void operator()(libdeflate_decompressor* decompressor) const { libdeflate_free_decompressor(decompressor); }
 };
@@ -27,7 +30,9 @@ std::optional<std::size_t> inflateWhole(const CompressedBytes& compressed, std::
     return std::nullopt;
   }
   const auto size = static_cast<std::size_t>(compressed.size());
-  const std::unique_ptr<char[]> bytes(new (std::nothrow) char[size]);
+  // Not with new: a failure would use up what is set aside (OS::MemoryReserve), though
+  // it can be done without.
+  const std::unique_ptr<char, FreeBytes> bytes(static_cast<char*>(std::malloc(size)));
   OS::preferHugePages(bytes.get(), size);
   const std::unique_ptr<libdeflate_decompressor, FreeDecompressor> decompressor(
       libdeflate_alloc_decompressor());
