@@ -6,11 +6,15 @@
 #include <vemo/resolve/ClipPlane.h>
 
 #include <vtkAppendPolyData.h>
+#include <vtkCellArray.h>
+#include <vtkCellData.h>
 #include <vtkClipPolyData.h>
+#include <vtkIdList.h>
 #include <vtkMatrix4x4.h>
 #include <vtkNew.h>
 #include <vtkPlane.h>
 #include <vtkPlaneCollection.h>
+#include <vtkPointData.h>
 #include <vtkPolyDataMapper.h>
 #include <vtkTriangleFilter.h>
 
@@ -30,6 +34,36 @@ vtkSmartPointer<vtkPolyData> clipped(vtkPolyData& geometry, vtkPlane& plane) {
   return clipper->GetOutput();
 }
 
+/// As they are drawn: VTK needs time with the square of their corners to clip them.
+vtkSmartPointer<vtkPolyData> withFansOfLargePolygons(vtkPolyData& geometry) {
+  constexpr vtkIdType LARGE = 1000;
+  if (geometry.GetPolys()->GetMaxCellSize() <= LARGE) {
+    return &geometry;
+  }
+  auto result = vtkSmartPointer<vtkPolyData>::New();
+  result->SetPoints(geometry.GetPoints());
+  result->GetPointData()->ShallowCopy(geometry.GetPointData());
+  vtkCellData& data = *result->GetCellData();
+  data.CopyAllOn();
+  data.CopyAllocate(geometry.GetCellData());
+  vtkNew<vtkCellArray> polygons;
+  vtkNew<vtkIdList> corners;
+  for (vtkIdType cell = 0; cell < geometry.GetPolys()->GetNumberOfCells(); ++cell) {
+    geometry.GetPolys()->GetCellAtId(cell, corners);
+    const vtkIdType count = corners->GetNumberOfIds();
+    if (count <= LARGE) {
+      data.CopyData(geometry.GetCellData(), cell, polygons->InsertNextCell(corners));
+      continue;
+    }
+    for (vtkIdType i = 2; i < count; ++i) {
+      const vtkIdType triangle[] = {corners->GetId(0), corners->GetId(i - 1), corners->GetId(i)};
+      data.CopyData(geometry.GetCellData(), cell, polygons->InsertNextCell(3, triangle));
+    }
+  }
+  result->SetPolys(polygons);
+  return result;
+}
+
 vtkSmartPointer<vtkPolyData> trianglesOf(vtkPolyData& strips) {
   vtkNew<vtkTriangleFilter> triangles;
   triangles->SetInputData(&strips);
@@ -43,8 +77,9 @@ vtkSmartPointer<vtkPolyData> clippedByKind(vtkPolyData& geometry, vtkPlane& plan
   vtkNew<vtkAppendPolyData> all;
   for (const CellKindTraits& kind : CELL_KINDS) {
     if (kind.get(geometry)->GetNumberOfCells() > 0) {
-      auto cells = drawableCells(geometry, kind.kind);
-      all->AddInputData(clipped(kind.kind == CellKind::STRIPS ? *trianglesOf(*cells) : *cells, plane));
+      const auto cells = drawableCells(geometry, kind.kind);
+      all->AddInputData(clipped(
+          kind.kind == CellKind::STRIPS ? *trianglesOf(*cells) : *withFansOfLargePolygons(*cells), plane));
     }
   }
   all->Update();
