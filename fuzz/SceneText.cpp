@@ -2,13 +2,18 @@
 
 #include "Fuzzing.h"
 #include "support/ArchiveBuilder.h"
+#include "support/Databases.h"
+#include "support/SampleGraphs.h"
 #include "support/SceneXml.h"
+#include <vemo/scenegraph/io/NodeOutputStream.h>
 
 #include <algorithm>
 #include <cstdint>
 #include <random>
 #include <sstream>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 namespace vemo {
 
@@ -99,6 +104,33 @@ std::string_view view(const std::uint8_t* data, std::size_t size) {
   return {reinterpret_cast<const char*>(data), size};
 }
 
+/// Entries of a scene graph in which some bytes are others: "@payload ENTRY POSITION
+/// BYTE ...". False for another line.
+bool addPayload(ArchiveBuilder& archive, const std::string& line) {
+  static const std::vector<std::string> sample = [] {
+    lum::NodeOutputStream stream;
+    makeScene()->write(stream);
+    Payload payload(stream);
+    payload.data.insert(payload.data.begin(), payload.scene);
+    return payload.data;
+  }();
+  std::istringstream words(line);
+  std::string word;
+  if (!(words >> word) || word != "@payload") {
+    return false;
+  }
+  std::vector<std::string> entries = sample;
+  unsigned entry = 0, position = 0, byte = 0;
+  while (words >> entry >> position >> byte) {
+    std::string& content = entries[entry % entries.size()];
+    content[position % content.size()] = static_cast<char>(byte);
+  }
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    archive.text(i == 0 ? "scene.lum" : "lum" + std::to_string(i), entries[i]);
+  }
+  return true;
+}
+
 }  // namespace
 
 extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size, std::size_t maximumSize,
@@ -119,7 +151,7 @@ std::wstring writeArchive(const std::string& text) {
   std::istringstream lines(text);
   for (std::string line; std::getline(lines, line);) {
     try {
-      description += archive.add(line) ? "" : line + "\n";
+      description += addPayload(archive, line) || archive.add(line) ? "" : line + "\n";
     } catch (const std::logic_error&) {
       // A word that is not a number.
     }

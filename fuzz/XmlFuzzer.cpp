@@ -6,17 +6,25 @@
 #include <vemo/import/SceneLedger.h>
 #include <vemo/import/scene/Scene.h>
 
+#include <vector>
+
 namespace vemo {
 
 namespace {
 
-/// Elements, attributes and texts, as the ledger has rows for them.
-std::size_t countParts(const QxElement& element) {
-  std::size_t count = 1 + element.getAttributes().size() + (element.hasText() ? 1 : 0);
-  for (const auto& child : element.getChildren()) {
-    count += countParts(*child);
+/// Of elements, attributes and texts, in the order of the ledger's rows: whether
+/// something read them.
+void appendRead(const QxElement& element, std::vector<bool>& isRead) {
+  isRead.push_back(element.isRead());
+  for (const QxElement::Attribute& attribute : element.getAttributes()) {
+    isRead.push_back(attribute.isRead() || attribute.getName().starts_with("xml"));
   }
-  return count;
+  if (element.hasText()) {
+    isRead.push_back(element.isTextRead());
+  }
+  for (const auto& child : element.getChildren()) {
+    appendRead(*child, isRead);
+  }
 }
 
 }  // namespace
@@ -29,16 +37,19 @@ void readInput(const std::string& input) {
   reader.read(scene);
   require(reader.countFaults() > 0 || reader.getDescription()->isRead(), "The scene is not read");
 
+  std::vector<bool> isRead;
+  appendRead(*reader.getDescription(), isRead);
   std::size_t rows = 0;
   std::size_t losses = 0;
   std::size_t reasons = 0;
   SceneLedger(reader).list([&](const LedgerRow& row) {
+    require(rows >= isRead.size() || isRead[rows] || row.outcome > Outcome::UNUSED,
+            "The ledger has \"" + row.path + "\" " + row.attribute + ", which nothing read, as kept");
     ++rows;
     losses += row.outcome > Outcome::UNUSED ? 1 : 0;
     reasons += row.findings.size();
   });
-  require(rows == countParts(*reader.getDescription()) +
-                      static_cast<std::size_t>(reader.getArchive().getEntryCount()),
+  require(rows == isRead.size() + static_cast<std::size_t>(reader.getArchive().getEntryCount()),
           "The ledger has not all parts");
   require(losses == 0 || reasons > 0, "Something is lost in silence");
 }
