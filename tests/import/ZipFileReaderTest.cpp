@@ -15,6 +15,11 @@ namespace {
 
 using Entry = ArchiveBuilder::Entry;
 
+std::string failureToOpen(const std::wstring& path) {
+  return failureOf([&] { const ZipFileReader reader(path); });
+}
+const std::string INVALID = "ZipException: Invalid zip file | ::";
+
 class ZipFileReaderTest : public testing::Test {
  protected:
   std::wstring write(std::span<const unsigned char> content) const {
@@ -24,6 +29,16 @@ class ZipFileReaderTest : public testing::Test {
   ZipFileReader open(const ArchiveBuilder& builder) const { return ZipFileReader(write(builder.build())); }
   std::wstring path() const { return wide(_folder / "a.zip"); }
 
+  /// @param places of bytes that must be as they are, from the end
+  void expectEachCounts(std::vector<unsigned char> bytes, std::initializer_list<std::size_t> places) const {
+    for (const std::size_t place : places) {
+      unsigned char& byte = bytes[bytes.size() - place];
+      byte ^= 4;
+      EXPECT_EQ(failureToOpen(write(bytes)), INVALID) << place;
+      byte ^= 4;
+    }
+  }
+
   TemporaryFolder _folder;
 };
 
@@ -32,11 +47,6 @@ std::optional<std::string> contentOf(const ZipFileReader& reader, const std::str
   std::string content(static_cast<std::size_t>(std::max(reader.getSize(name), 0)), '#');
   return reader.read(name, content.data()) ? std::optional(content) : std::nullopt;
 }
-
-std::string failureToOpen(const std::wstring& path) {
-  return failureOf([&] { const ZipFileReader reader(path); });
-}
-const std::string INVALID = "ZipException: Invalid zip file | ::";
 
 TEST_F(ZipFileReaderTest, IndexesEntriesByNameTheLastOfEqualNames) {
   const ZipFileReader reader = open(ArchiveBuilder()
@@ -111,6 +121,8 @@ TEST_F(ZipFileReaderTest, RejectsAWrongEntryCount) {
     EXPECT_EQ(failureToOpen(write(ArchiveBuilder(builder).claimEntryCount(count).build())), INVALID);
   }
   EXPECT_EQ(open(ArchiveBuilder(builder).claimEntryCount(1)).getEntryCount(), 1);
+  // The number of this disk, that of the directory's, entries on this one; its position.
+  expectEachCounts(builder.build(), {18, 16, 14, 3});
 }
 
 TEST_F(ZipFileReaderTest, ReadsMoreThan65535Entries) {
@@ -119,10 +131,13 @@ TEST_F(ZipFileReaderTest, ReadsMoreThan65535Entries) {
   for (int i = 0; i < COUNT; ++i) {
     builder.text("e" + std::to_string(i), std::to_string(i));
   }
-  const ZipFileReader reader = open(builder.stored());
+  const std::vector<unsigned char> bytes = builder.stored().build();
+  const ZipFileReader reader(write(bytes));
   EXPECT_EQ(reader.getEntryCount(), COUNT);
   EXPECT_EQ(reader.getEntryName(COUNT - 1), "e9999");
   EXPECT_EQ(contentOf(reader, "e69999"), "69999");
+  // The first three of the 64-bit record.
+  expectEachCounts(bytes, {82, 78, 74});
 }
 
 TEST_F(ZipFileReaderTest, RejectsImpossibleSizes) {
