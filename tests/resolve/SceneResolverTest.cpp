@@ -4,6 +4,9 @@
 #include <vemo/resolve/SceneResolver.h>
 #include <vemo/resolve/SceneTooLarge.h>
 
+#include <vtkCellData.h>
+#include <vtkPointData.h>
+
 #include <gtest/gtest.h>
 
 namespace vemo {
@@ -54,6 +57,41 @@ TEST(SceneResolverTest, LimitsNestedRepeats) {
   EXPECT_EQ(resolveScene(scene.node()).canvases.at(0).meshes.back().transforms->size(), 10000U);
   addSquare();
   EXPECT_THROW(resolveScene(scene.node()), SceneTooLarge);
+}
+
+TEST(SceneResolverTest, ResolvesHiddenItemsOnRequest) {
+  SceneBuilder scene;
+  auto& shown = scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 0, 0});
+  auto& hidden = scene.addSurface(makeRectangle(0, 1, 0, 1), {0, 1, 0});
+  auto& group = dynamic_cast<lum::Drawable&>(*hidden.getOwner());
+  group.getBaseAttributes().setVisibility(false, false);
+  SceneResolver resolver(scene.node());
+  resolver.resolve();
+  const CanvasUpdate rest = resolver.resolveHidden(0);
+  ASSERT_EQ(rest.meshes.size(), 1U);
+  EXPECT_EQ(rest.meshes[0].drawable, &hidden);
+  EXPECT_TRUE(rest.visible.contains(&shown));
+  EXPECT_FALSE(rest.visible.contains(&hidden));
+  group.getBaseAttributes().setVisibility(true, false);
+  EXPECT_TRUE(resolver.update(0).meshes.empty());
+}
+
+TEST(SceneResolverTest, KeepsAllArraysThatFitOnRequest) {
+  SceneBuilder scene;
+  const auto geometry = makeRectangle(0, 1, 0, 1);
+  const auto pressure = makeArray("pressure", {1, 2, 3, 4});
+  geometry->GetPointData()->AddArray(pressure);
+  geometry->GetPointData()->AddArray(makeArray("short", {1, 2, 3}));
+  geometry->GetCellData()->AddArray(makeArray("id", {7}));
+  scene.addSurface(geometry, {1, 0, 0});
+  const auto drawn = resolveScene(scene.node()).canvases.at(0).meshes.at(0).geometry;
+  EXPECT_EQ(drawn->GetPointData()->GetNumberOfArrays(), 0);
+  EXPECT_EQ(drawn->GetCellData()->GetNumberOfArrays(), 0);
+  SceneResolver resolver(scene.node(), MeshArrays::ALL);
+  const auto whole = resolver.resolve().canvases.at(0).meshes.at(0).geometry;
+  EXPECT_EQ(whole->GetPointData()->GetArray("pressure"), pressure) << "is shared";
+  EXPECT_FALSE(whole->GetPointData()->HasArray("short"));
+  EXPECT_TRUE(whole->GetCellData()->HasArray("id"));
 }
 
 }  // namespace

@@ -21,16 +21,20 @@ using DrawableSet = std::unordered_set<const lum::Drawable*>;
 struct CanvasUpdate {
   /// Everything that is visible now.
   DrawableSet visible;
-  /// Those that were never visible before, in drawing order.
+  /// What was not resolved before, in drawing order.
   std::vector<MeshInstance> meshes;
   std::vector<Decoration> decorations;
 };
+
+/// Which arrays of a scene the geometry of its meshes has: those that are drawn, or all that
+/// fit.
+enum class MeshArrays { DRAWN, ALL };
 
 /// Resolves a scene, and later only the parts that become visible. The scene is
 /// not changed; it must outlive the resolver.
 class VEMO_RESOLVE_EXPORT SceneResolver {
  public:
-  explicit SceneResolver(const lum::SceneNode& scene);
+  explicit SceneResolver(const lum::SceneNode& scene, MeshArrays arrays = MeshArrays::DRAWN);
   ~SceneResolver();
   SceneResolver(const SceneResolver&) = delete;
   SceneResolver& operator=(const SceneResolver&) = delete;
@@ -44,6 +48,10 @@ class VEMO_RESOLVE_EXPORT SceneResolver {
   /// the scene are ignored. If it throws SceneTooLarge, the resolver is
   /// unchanged.
   CanvasUpdate update(std::size_t canvas);
+
+  /// What a canvas would show besides if nothing in it were hidden. It does not become
+  /// visible for update(), but is not listed there again. As update() if it throws.
+  CanvasUpdate resolveHidden(std::size_t canvas);
 
  private:
   struct State;

@@ -60,11 +60,11 @@ bool CanvasResolver::canShow(const lum::SceneCanvas& canvas) {
 
 CanvasResolver::CanvasResolver(const lum::SceneCanvas& canvas, ResolvedCanvas::Role role,
                                const Background& background, const CameraIndices& cameras,
-                               ColorTables& tables)
+                               ColorTables& tables, MeshArrays arrays)
     : _canvas(canvas),
       _role(role),
       _clipPlanes(resolveClipPlanes(canvas.findAttributes<lum::ClipPlanesAttributes>())),
-      _meshes(_clipPlanes.size(), tables),
+      _meshes(_clipPlanes.size(), tables, arrays),
       _decorations(isDark(background), cameras, tables) {}
 
 ResolvedCanvas CanvasResolver::resolve() {
@@ -124,18 +124,34 @@ CanvasUpdate CanvasResolver::update() {
 }
 
 CanvasUpdate CanvasResolver::collectAdded() {
+  const auto visible = collectVisible(*_canvas.hasDrawableCollection());
+  CanvasUpdate result = resolve(visible);
+  for (const VisibleDrawable& each : visible) {
+    result.visible.insert(each.drawable);
+  }
+  return result;
+}
+
+CanvasUpdate CanvasResolver::resolveHidden() {
+  const NodeScope scope(_canvas);
+  CanvasUpdate result = resolve(collectAll(*_canvas.hasDrawableCollection()));
+  result.visible = visibleParts(*_canvas.hasDrawableCollection());
+  return result;
+}
+
+/// Those that have not been resolved before.
+CanvasUpdate CanvasResolver::resolve(const std::vector<VisibleDrawable>& drawables) {
   CanvasUpdate result;
   std::vector<VisibleDrawable> added;
-  for (const VisibleDrawable& visible : collectVisible(*_canvas.hasDrawableCollection())) {
-    result.visible.insert(visible.drawable);
-    if (!_resolved.contains(visible.drawable)) {
-      added.push_back(visible);
+  for (const VisibleDrawable& each : drawables) {
+    if (!_resolved.contains(each.drawable)) {
+      added.push_back(each);
     }
   }
   result.meshes = _meshes.resolve(added);
   result.decorations = _decorations.resolve(added);
-  for (const VisibleDrawable& visible : added) {
-    _resolved.insert(visible.drawable);
+  for (const VisibleDrawable& each : added) {
+    _resolved.insert(each.drawable);
   }
   return result;
 }

@@ -21,23 +21,25 @@ class CanvasResolver {
   /// Of a canvas that can show something. Canvas, cameras and tables must outlive
   /// it.
   CanvasResolver(const lum::SceneCanvas& canvas, ResolvedCanvas::Role role, const Background& background,
-                 const CameraIndices& cameras, ColorTables& tables);
+                 const CameraIndices& cameras, ColorTables& tables, MeshArrays arrays);
 
   ResolvedCanvas resolve();
   CanvasUpdate update();
+  CanvasUpdate resolveHidden();
 
  private:
   CanvasUpdate collectAdded();
   // The size is the canvas's, as a part of the window's.
   void frame(CanvasUpdate& content, const CanvasCamera& camera, const Vector<2, double>& size);
   void view(CanvasUpdate& content, const CanvasCamera& camera, const Vector<2, double>& size);
+  CanvasUpdate resolve(const std::vector<VisibleDrawable>& drawables);
 
   const lum::SceneCanvas& _canvas;
   ResolvedCanvas::Role _role;
   std::vector<ClipPlane> _clipPlanes;
   MeshResolver _meshes;
   DecorationResolver _decorations;
-  /// The drawables that were visible before.
+  /// The drawables that have been resolved.
   DrawableSet _resolved;
   /// Around all that was visible before, except for texts.
   Box _model;

@@ -9,7 +9,12 @@
 namespace vemo {
 
 struct SceneResolver::State {
-  explicit State(const lum::SceneNode& scene) : findings(scene) {}
+  State(const lum::SceneNode& scene, MeshArrays wanted) : findings(scene), arrays(wanted) {}
+
+  CanvasResolver& at(std::size_t canvas) {
+    VEMO_REQUIRE(canvas < canvases.size(), "No such canvas");
+    return canvases[canvas];
+  }
 
   void add(const lum::SceneCanvas* canvas, ResolvedCanvas::Role role) {
     if (canvas == nullptr || !CanvasResolver::canShow(*canvas)) {
@@ -19,17 +24,19 @@ struct SceneResolver::State {
       cameras[canvas->hasCameraAttributes()] = canvases.size();
     }
     const NodeScope scope(*canvas);
-    canvases.emplace_back(*canvas, role, background, cameras, tables);
+    canvases.emplace_back(*canvas, role, background, cameras, tables, arrays);
   }
 
   NodeFindings findings;
+  MeshArrays arrays;
   CameraIndices cameras;
   ColorTables tables;
   std::vector<CanvasResolver> canvases;
   Background background;
 };
 
-SceneResolver::SceneResolver(const lum::SceneNode& scene) : _state(std::make_unique<State>(scene)) {
+SceneResolver::SceneResolver(const lum::SceneNode& scene, MeshArrays arrays)
+    : _state(std::make_unique<State>(scene, arrays)) {
   using Role = ResolvedCanvas::Role;
   const NodeFindings::Scope scope(_state->findings);
   _state->background = resolveBackground(scene.hasBackgroundCanvas());
@@ -51,9 +58,13 @@ ResolvedScene SceneResolver::resolve() {
 }
 
 CanvasUpdate SceneResolver::update(std::size_t canvas) {
-  VEMO_REQUIRE(canvas < _state->canvases.size(), "No such canvas");
   const NodeFindings::Scope scope(_state->findings);
-  return _state->canvases[canvas].update();
+  return _state->at(canvas).update();
+}
+
+CanvasUpdate SceneResolver::resolveHidden(std::size_t canvas) {
+  const NodeFindings::Scope scope(_state->findings);
+  return _state->at(canvas).resolveHidden();
 }
 
 ResolvedScene resolveScene(const lum::SceneNode& scene) {

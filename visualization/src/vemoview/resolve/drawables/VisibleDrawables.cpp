@@ -41,14 +41,13 @@ class InstanceLimit {
   std::size_t _total = 0;
 };
 
-}  // namespace
-
-std::vector<VisibleDrawable> collectVisible(const lum::Drawable& root) {
+template <class IsWanted>
+std::vector<VisibleDrawable> collect(const lum::Drawable& root, IsWanted&& isWanted) {
   std::vector<VisibleDrawable> result;
   InstanceLimit limit;
   const VisibleDrawable model{nullptr, true, nullptr};
   std::vector<VisibleDrawable> waiting;
-  if (!isHidden(root)) {
+  if (isWanted(root)) {
     waiting.push_back(within(model, root));
   }
   while (!waiting.empty()) {
@@ -58,7 +57,7 @@ std::vector<VisibleDrawable> collectVisible(const lum::Drawable& root) {
     // The last is visited next.
     for (std::size_t i = nodes.size(); i > 0; --i) {
       const auto* const below = dynamic_cast<const lum::Drawable*>(nodes[i - 1].get());
-      if (below != nullptr && !isHidden(*below)) {
+      if (below != nullptr && isWanted(*below)) {
         waiting.push_back(within(next, *below));
         if (waiting.back().transforms != next.transforms) {
           limit.count(waiting.back().transforms);
@@ -70,6 +69,16 @@ std::vector<VisibleDrawable> collectVisible(const lum::Drawable& root) {
     }
   }
   return result;
+}
+
+}  // namespace
+
+std::vector<VisibleDrawable> collectVisible(const lum::Drawable& root) {
+  return collect(root, [](const lum::Drawable& drawable) { return !isHidden(drawable); });
+}
+
+std::vector<VisibleDrawable> collectAll(const lum::Drawable& root) {
+  return collect(root, [](const lum::Drawable&) { return true; });
 }
 
 }  // namespace vemo

@@ -10,7 +10,7 @@ class Drawable;
 
 namespace vemo {
 
-/// A drawable that is not hidden, nor is any of its owners.
+/// A drawable to be shown.
 struct VisibleDrawable {
   const lum::Drawable* drawable;
   /// Whether clipping planes cut it and all its owners.
@@ -22,5 +22,8 @@ struct VisibleDrawable {
 /// in order. Throws SceneTooLarge when they have more instances than fit into
 /// memory.
 std::vector<VisibleDrawable> collectVisible(const lum::Drawable& root);
+
+/// The same, as if none of them were hidden.
+std::vector<VisibleDrawable> collectAll(const lum::Drawable& root);
 
 }  // namespace vemo

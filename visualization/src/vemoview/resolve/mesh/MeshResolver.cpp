@@ -56,12 +56,12 @@ bool hasCells(const lum::PolyDataNode& node, CellKinds kinds) {
   });
 }
 
-/// Builds the poly data of a node, with only the arrays that are drawn.
+/// Builds the poly data of a node.
 class MeshBuilder {
  public:
   MeshBuilder(const lum::GeometryDrawable& drawable, const lum::PolyDataNode& node,
-              const VisibleDrawable& context, ColorTables& tables)
-      : _drawable(drawable), _node(node), _context(context), _tables(tables) {}
+              const VisibleDrawable& context, ColorTables& tables, MeshArrays arrays)
+      : _drawable(drawable), _node(node), _context(context), _tables(tables), _arrays(arrays) {}
 
   /// One mesh for each visible kind; none when nothing is visible.
   std::vector<MeshInstance> build() {
@@ -71,6 +71,10 @@ class MeshBuilder {
     }
     putNormals();
     putScalars();
+    if (_arrays == MeshArrays::ALL) {
+      putAll(_node.getNodeDataArrays(), _geometry->GetNumberOfPoints(), *_geometry->GetPointData());
+      putAll(_node.getCellDataArrays(), _geometry->GetNumberOfCells(), *_geometry->GetCellData());
+    }
     for (MeshInstance& mesh : meshes) {
       mesh.geometry = geometryOf(mesh.appearance);
       mesh.scalars = _scalars;
@@ -190,6 +194,16 @@ class MeshBuilder {
                               _tables.resolve(*scalars->hasColorLookupTable())};
   }
 
+  /// The arrays that fit and that the data do not have yet.
+  static void putAll(const lum::ArrayTable& arrays, vtkIdType tuples, vtkDataSetAttributes& data) {
+    for (const auto& array : arrays) {
+      if (array->GetNumberOfTuples() == tuples && array->GetNumberOfComponents() > 0 &&
+          !data.HasArray(array->GetName())) {
+        data.AddArray(array);
+      }
+    }
+  }
+
   /// The drawable cells of the kind that has the appearance.
   vtkSmartPointer<vtkPolyData> geometryOf(const Appearance& appearance) {
     const Appearance::Kind kind = appearance.kind;
@@ -243,6 +257,7 @@ class MeshBuilder {
   const lum::PolyDataNode& _node;
   const VisibleDrawable& _context;
   ColorTables& _tables;
+  MeshArrays _arrays;
   vtkNew<vtkPolyData> _geometry;
   std::optional<ScalarColoring> _scalars;
   const lum::DataArrayAttributes* _missingArray = nullptr;
@@ -263,8 +278,9 @@ void require(vtkIdType count, vtkIdType most, const char* what) {
 
 }  // namespace
 
-MeshResolver::MeshResolver(std::size_t clipPlanes, ColorTables& tables)
+MeshResolver::MeshResolver(std::size_t clipPlanes, ColorTables& tables, MeshArrays arrays)
     : _tables(tables),
+      _arrays(arrays),
       _cutsPerInstance(
           clipPlanes > HARDWARE_CLIP_PLANES ? static_cast<vtkIdType>(clipPlanes - HARDWARE_CLIP_PLANES) : 0) {
 }
@@ -302,7 +318,7 @@ void MeshResolver::resolve(const lum::GeometryDrawable& drawable, const VisibleD
       continue;
     }
     const NodeScope scope(*polyData);
-    MeshBuilder builder(drawable, *polyData, context, _tables);
+    MeshBuilder builder(drawable, *polyData, context, _tables, _arrays);
     for (MeshInstance& mesh : builder.build()) {
       isColored = isColored || mesh.scalars;
       countSize(mesh, load);

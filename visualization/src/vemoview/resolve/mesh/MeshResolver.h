@@ -3,6 +3,7 @@
 #include "vemoview/resolve/drawables/VisibleDrawables.h"
 #include "vemoview/resolve/values/ColorTableResolver.h"
 #include <vemo/resolve/MeshInstance.h>
+#include <vemo/resolve/SceneResolver.h>
 
 #include <vtkType.h>
 
@@ -20,7 +21,7 @@ namespace vemo {
 class MeshResolver {
  public:
   /// For a canvas with some clipping planes. The tables must outlive it.
-  MeshResolver(std::size_t clipPlanes, ColorTables& tables);
+  MeshResolver(std::size_t clipPlanes, ColorTables& tables, MeshArrays arrays);
 
   /// The meshes of drawables, in order. Throws SceneTooLarge when together with
   /// those resolved before they are too large to be drawn; those then do not
@@ -42,6 +43,7 @@ class MeshResolver {
   void countCopies(const MeshInstance& mesh, Load& load) const;
 
   ColorTables& _tables;
+  MeshArrays _arrays;
   /// How many planes cut the geometry of each clipped instance separately.
   vtkIdType _cutsPerInstance;
   Load _load;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "scenegraph/inspect/NodePaths.h"
+#include <vemo/resolve/Export.h>
 #include <vemo/scenegraph/Findings.h>
 
 #include <map>
@@ -29,7 +30,7 @@ class NodeScope {
 
 /// The name that users know a node by, for findings: its own or, if that is the name of
 /// its class, the one of the nearest owner with a name of its own.
-std::string itemNameOf(const lum::Node& node);
+VEMO_RESOLVE_EXPORT std::string itemNameOf(const lum::Node& node);
 
 /// The findings about the nodes of a scene: each once, however often the scene is
 /// resolved, and of one code no more than of a file that is read.
