@@ -28,13 +28,29 @@ struct DecorationAdder {
 
 }  // namespace
 
+void addProps(const Decoration& decoration, const CanvasCameras& cameras, vtkPlaneCollection& clipPlanes,
+              PropGroup& group) {
+  std::visit(DecorationAdder{cameras, clipPlanes, group}, decoration.content);
+}
+
+Box framedPlaces(const std::vector<Decoration>& decorations) {
+  Box places;
+  for (const Decoration& decoration : decorations) {
+    const auto* const text = std::get_if<TextDecoration>(&decoration.content);
+    if (text != nullptr && text->isInModel && text->isFramed) {
+      places.add(text->position);
+    }
+  }
+  return places;
+}
+
 Decorations::Decorations(const CanvasResources& resources)
     : _renderer(resources.renderer), _clipPlanes(resources.clipPlanes) {}
 
 void Decorations::add(const std::vector<Decoration>& decorations, const CanvasCameras& cameras) {
   for (const Decoration& decoration : decorations) {
     auto props = std::make_unique<PropGroup>(*_renderer);
-    std::visit(DecorationAdder{cameras, *_clipPlanes, *props}, decoration.content);
+    addProps(decoration, cameras, *_clipPlanes, *props);
     props->scalePixels(_pixelScale);
     _members.push_back({decoration.drawable, std::move(props)});
   }

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "geometry/Box.h"
 #include "vemoview/render/vtk/CanvasCameras.h"
 #include "vemoview/render/vtk/CanvasResources.h"
 #include "vemoview/render/vtk/PropGroup.h"
+#include <vemo/render/Export.h>
 #include <vemo/resolve/Decoration.h>
 #include <vemo/resolve/SceneResolver.h>
 
@@ -10,6 +12,14 @@
 #include <vector>
 
 namespace vemo {
+
+/// Adds the props that draw a decoration to a group. The planes clip it if it says so.
+VEMO_RENDER_EXPORT void addProps(const Decoration& decoration, const CanvasCameras& cameras,
+                                 vtkPlaneCollection& clipPlanes, PropGroup& group);
+
+/// Around the texts in the model that a picture of all of it includes. VTK knows no
+/// bounds of theirs.
+VEMO_RENDER_EXPORT Box framedPlaces(const std::vector<Decoration>& decorations);
 
 /// The decorations of a renderer.
 class Decorations {

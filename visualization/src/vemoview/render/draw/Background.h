@@ -1,5 +1,6 @@
 #pragma once
 
+#include <vemo/render/Export.h>
 #include <vemo/resolve/Background.h>
 
 class vtkRenderer;
@@ -7,6 +8,6 @@ class vtkRenderer;
 namespace vemo {
 
 /// Colours the whole of a renderer.
-void setBackground(vtkRenderer& renderer, const Background& background);
+VEMO_RENDER_EXPORT void setBackground(vtkRenderer& renderer, const Background& background);
 
 }  // namespace vemo

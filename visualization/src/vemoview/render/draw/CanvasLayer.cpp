@@ -1,50 +1,21 @@
 #include "vemoview/render/draw/CanvasLayer.h"
 
 #include "geometry/Bounds.h"
-#include "vemoview/common/VtkForms.h"
 #include "vemoview/render/draw/BatchGroups.h"
-#include "vemoview/render/vtk/CanvasRenderer.h"
 #include "vemoview/render/vtk/Screen.h"
 #include "vemoview/render/vtk/View.h"
 #include "vemoview/resolve/drawables/InstanceBounds.h"
 #include <vemo/resolve/Picker.h>
 
-#include <vtkCullerCollection.h>
-#include <vtkNew.h>
-#include <vtkPlane.h>
-#include <vtkPlaneCollection.h>
 #include <vtkRenderer.h>
 
 #include <utility>
 
 namespace vemo {
 
-namespace {
-
-vtkSmartPointer<vtkRenderer> makeRenderer(const ResolvedCanvas& canvas) {
-  const auto renderer = vtkSmartPointer<CanvasRenderer>::New();
-  renderer->SetViewport(canvas.lowerLeft[0], canvas.lowerLeft[1], canvas.upperRight[0], canvas.upperRight[1]);
-  renderer->SetInteractive(canvas.isInteractive);
-  // They would cull what has no extent, such as a single point.
-  renderer->GetCullers()->RemoveAllItems();
-  return renderer;
-}
-
-vtkSmartPointer<vtkPlaneCollection> makePlanes(const std::vector<ClipPlane>& clipPlanes) {
-  auto planes = vtkSmartPointer<vtkPlaneCollection>::New();
-  for (const ClipPlane& clipPlane : clipPlanes) {
-    vtkNew<vtkPlane> plane;
-    setVtkPlane(*plane, clipPlane.origin, clipPlane.normal);
-    planes->AddItem(plane);
-  }
-  return planes;
-}
-
-}  // namespace
-
 CanvasLayer::CanvasLayer(ResolvedCanvas canvas)
     : _canvas(std::move(canvas)),
-      _resources{makeRenderer(_canvas), makePlanes(_canvas.clipPlanes), {}},
+      _resources(makeResources(_canvas, *makeRenderer(_canvas))),
       _decorations(_resources) {}
 
 void CanvasLayer::fill(const CanvasCameras& cameras) {
@@ -74,12 +45,7 @@ void CanvasLayer::addBatches(std::vector<MeshInstance> meshes) {
 }
 
 void CanvasLayer::addDecorations(const std::vector<Decoration>& decorations, const CanvasCameras& cameras) {
-  for (const Decoration& decoration : decorations) {
-    const auto* const text = std::get_if<TextDecoration>(&decoration.content);
-    if (text != nullptr && text->isInModel && text->isFramed) {
-      _placesOfTexts.add(text->position);
-    }
-  }
+  _placesOfTexts.add(framedPlaces(decorations));
   _decorations.add(decorations, cameras);
 }
 

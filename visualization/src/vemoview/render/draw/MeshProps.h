@@ -1,6 +1,7 @@
 #pragma once
 
 #include "vemoview/render/draw/RenderMesh.h"
+#include <vemo/render/Export.h>
 
 class vtkPlaneCollection;
 
@@ -10,6 +11,6 @@ class PropGroup;
 
 /// Adds the props that draw a mesh to a group. The planes clip it if its
 /// appearance says so.
-void addProps(const RenderMesh& mesh, vtkPlaneCollection& clipPlanes, PropGroup& group);
+VEMO_RENDER_EXPORT void addProps(const RenderMesh& mesh, vtkPlaneCollection& clipPlanes, PropGroup& group);
 
 }  // namespace vemo

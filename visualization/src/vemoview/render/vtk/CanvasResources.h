@@ -1,6 +1,8 @@
 #pragma once
 
 #include "vemoview/render/vtk/LookupTables.h"
+#include <vemo/render/Export.h>
+#include <vemo/resolve/ResolvedScene.h>
 
 #include <vtkPlaneCollection.h>
 #include <vtkRenderer.h>
@@ -14,5 +16,11 @@ struct CanvasResources {
   vtkSmartPointer<vtkPlaneCollection> clipPlanes;
   LookupTables tables;
 };
+
+/// A renderer for the canvas's part of the window.
+VEMO_RENDER_EXPORT vtkSmartPointer<vtkRenderer> makeRenderer(const ResolvedCanvas& canvas);
+
+/// To draw a canvas with a renderer.
+VEMO_RENDER_EXPORT CanvasResources makeResources(const ResolvedCanvas& canvas, vtkRenderer& renderer);
 
 }  // namespace vemo

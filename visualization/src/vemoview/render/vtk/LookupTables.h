@@ -1,5 +1,6 @@
 #pragma once
 
+#include <vemo/render/Export.h>
 #include <vemo/scenegraph/coloring/ColorTable.h>
 
 #include <vtkSmartPointer.h>
@@ -12,7 +13,7 @@ class vtkLookupTable;
 namespace vemo {
 
 /// VTK's forms of colour tables, each made once.
-class LookupTables {
+class VEMO_RENDER_EXPORT LookupTables {
  public:
   vtkLookupTable* get(const std::shared_ptr<const ColorTable>& table);
 

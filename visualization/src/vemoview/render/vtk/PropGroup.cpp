@@ -31,6 +31,9 @@ class FunctionCommand final : public vtkCommand {
 PropGroup::PropGroup(vtkRenderer& renderer) : _renderer(&renderer) {}
 
 PropGroup::~PropGroup() {
+  if (_renderer == nullptr) {
+    return;
+  }
   for (const unsigned long observer : _observers) {
     _renderer->RemoveObserver(observer);
   }

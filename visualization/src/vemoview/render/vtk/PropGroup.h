@@ -1,6 +1,9 @@
 #pragma once
 
+#include <vemo/render/Export.h>
+
 #include <vtkSmartPointer.h>
+#include <vtkWeakPointer.h>
 
 #include <functional>
 #include <vector>
@@ -11,8 +14,8 @@ class vtkRenderer;
 namespace vemo {
 
 /// Props of a renderer that are shown and hidden together. They are removed from
-/// the renderer at the end.
-class PropGroup {
+/// the renderer at the end, if it still exists.
+class VEMO_RENDER_EXPORT PropGroup {
  public:
   explicit PropGroup(vtkRenderer& renderer);
   ~PropGroup();
@@ -28,6 +31,15 @@ class PropGroup {
   void beforeEachRender(std::function<void(vtkRenderer&)> function);
 
   void show(bool isShown);
+  bool isShown() const { return _isShown; }
+
+  /// Calls visit(vtkProp&) for each.
+  template <class Visit>
+  void forEachProp(Visit&& visit) const {
+    for (const Member& member : _members) {
+      visit(*member.prop);
+    }
+  }
 
   /// Makes lines and points wider by a factor. Members that lay themselves out in
   /// pixels ask for the product of all factors.
@@ -41,7 +53,7 @@ class PropGroup {
     bool isShown;
   };
 
-  vtkSmartPointer<vtkRenderer> _renderer;
+  vtkWeakPointer<vtkRenderer> _renderer;
   std::vector<Member> _members;
   std::vector<unsigned long> _observers;
   bool _isShown = true;

@@ -5,31 +5,33 @@
 #include <vtkBoundingBox.h>
 #include <vtkCamera.h>
 #include <vtkLight.h>
-#include <vtkNew.h>
 #include <vtkRenderer.h>
 
 namespace vemo {
 
 namespace {
 
-void addLight(vtkRenderer& renderer, const DirectionalLight& from) {
-  vtkNew<vtkLight> light;
+vtkSmartPointer<vtkLight> makeLight(const DirectionalLight& from) {
+  auto light = vtkSmartPointer<vtkLight>::New();
   light->SetLightTypeToCameraLight();
   light->SetColor(from.color[0], from.color[1], from.color[2]);
   light->SetIntensity(from.intensity);
   light->SetDirectionAngle(from.elevation, from.azimuth);
-  renderer.AddLight(light);
+  return light;
 }
 
-void addHeadlight(vtkRenderer& renderer) {
-  vtkNew<vtkLight> light;
+vtkSmartPointer<vtkLight> makeHeadlight() {
+  auto light = vtkSmartPointer<vtkLight>::New();
   light->SetLightTypeToHeadlight();
-  renderer.AddLight(light);
+  return light;
 }
 
 }  // namespace
 
 void pointCamera(vtkCamera& view, const CanvasCamera& camera) {
+  // Of a perspective camera, from top to bottom.
+  constexpr double DEGREES = 30.0;
+  view.SetViewAngle(DEGREES);
   view.SetParallelProjection(camera.isParallel);
   if (camera.viewpoint) {
     view.SetPosition(camera.viewpoint->position.data());
@@ -64,13 +66,21 @@ void setCamera(vtkRenderer& renderer, const CanvasCamera& camera, const Box& oth
   renderer.ResetCameraClippingRange();
 }
 
+std::vector<vtkSmartPointer<vtkLight>> makeLights(const CanvasLights& lights) {
+  if (lights.empty()) {
+    return {makeHeadlight()};
+  }
+  std::vector<vtkSmartPointer<vtkLight>> result;
+  for (const DirectionalLight& light : lights) {
+    result.push_back(makeLight(light));
+  }
+  return result;
+}
+
 void setLights(vtkRenderer& renderer, const CanvasLights& lights) {
   renderer.AutomaticLightCreationOff();
-  if (lights.empty()) {
-    addHeadlight(renderer);
-  }
-  for (const DirectionalLight& light : lights) {
-    addLight(renderer, light);
+  for (const auto& light : makeLights(lights)) {
+    renderer.AddLight(light);
   }
 }
 

@@ -1,10 +1,16 @@
 #pragma once
 
 #include "geometry/Box.h"
+#include <vemo/render/Export.h>
 #include <vemo/resolve/CanvasCamera.h>
 #include <vemo/resolve/CanvasLights.h>
 
+#include <vtkSmartPointer.h>
+
+#include <vector>
+
 class vtkCamera;
+class vtkLight;
 class vtkRenderer;
 
 namespace vemo {
@@ -18,8 +24,12 @@ void frameAll(vtkRenderer& renderer, Box others);
 
 /// Sets a renderer's camera, framing everything as far as the view is not stated:
 /// the actors must have been added.
-void setCamera(vtkRenderer& renderer, const CanvasCamera& camera, const Box& others);
+VEMO_RENDER_EXPORT void setCamera(vtkRenderer& renderer, const CanvasCamera& camera, const Box& others);
 
-void setLights(vtkRenderer& renderer, const CanvasLights& lights);
+/// The lights of a canvas.
+VEMO_RENDER_EXPORT std::vector<vtkSmartPointer<vtkLight>> makeLights(const CanvasLights& lights);
+
+/// Adds them to a renderer, which then has no other.
+VEMO_RENDER_EXPORT void setLights(vtkRenderer& renderer, const CanvasLights& lights);
 
 }  // namespace vemo
