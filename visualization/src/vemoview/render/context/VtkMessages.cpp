@@ -13,7 +13,8 @@ namespace {
 class LoggingOutputWindow : public vtkOutputWindow {
   vtkTypeMacro(LoggingOutputWindow, vtkOutputWindow)
 
-      public : static LoggingOutputWindow* New();
+ public:
+  static LoggingOutputWindow* New();
 
   void DisplayText(const char* text) override { VEMO_LOG_INFO(line(text)); }
   void DisplayErrorText(const char* text) override { VEMO_LOG_ERROR(line(text)); }
