@@ -1,8 +1,8 @@
 # The libraries that we call. What is listed here, "tools/install-dependencies"
 # installs.
 find_package(VTK 9.1 REQUIRED COMPONENTS
-  CommonCore CommonDataModel CommonExecutionModel CommonMath CommonTransforms
-  FiltersCore FiltersGeneral FiltersSources IOImage
+  CommonCore CommonDataModel CommonExecutionModel CommonMath CommonMisc CommonTransforms
+  FiltersCore FiltersGeneral FiltersSources IOImage IOImport
   RenderingCore RenderingFreeType RenderingOpenGL2 RenderingAnnotation)
 find_package(ZLIB REQUIRED)
 find_package(EXPAT REQUIRED)
@@ -32,6 +32,7 @@ if(VEMO_BUILD_PYTHON)
 endif()
 if(VEMO_BUILD_TESTS)
   find_package(GTest REQUIRED)
+  find_package(VTK 9.1 REQUIRED COMPONENTS IOExport)
   if(VEMO_BUILD_WINDOW)
     find_package(Qt5 REQUIRED COMPONENTS Test)
   endif()

@@ -25,7 +25,7 @@ def exported_names(library):
         if kind not in "TDBR":
             continue
         symbol = re.sub(r"^(?:[\w-]+ )+(?:for|to) ", "", symbol)
-        name = re.match(rf"{NAMESPACES}(?:[\w~]+|operator\W+?(?=\())|\w+$", symbol)
+        name = re.match(rf"{NAMESPACES}(?:[\w~]+|operator\W+?(?=\())|vtk\w+|\w+$", symbol)
         yield name[0] if name else symbol
 
 

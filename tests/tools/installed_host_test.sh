@@ -65,6 +65,7 @@ targets=$(link_components "$folder/moved" scenegraph render) || fail "$targets"
 [[ $targets == *vemo::render* && $targets != *vemo::import* && $targets != *vemo::window* ]] ||
   fail "other components than those requested were found: $targets"
 [[ $targets != *Qt5::* ]] || fail "drawing needs Qt: $targets"
+targets=$(link_components "$folder/moved" vtk) || fail "$targets"
 if [[ -e $folder/moved/lib/cmake/vemo/vemo-window.cmake ]]; then
   targets=$(link_components "$folder/moved" window) || fail "$targets"
 fi

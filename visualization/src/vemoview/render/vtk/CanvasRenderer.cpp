@@ -36,18 +36,30 @@ double leastDepth(const double* bounds, vtkCamera& camera) {
 vtkStandardNewMacro(CanvasRenderer);
 
 CanvasRenderer::CanvasRenderer() {
+  peelDepths(*this);
+}
+
+void CanvasRenderer::peelDepths(vtkOpenGLRenderer& renderer) {
   constexpr int MAX_LAYERS = 64;
-  SetUseDepthPeeling(1);
-  SetMaximumNumberOfPeels(MAX_LAYERS);
-  SetOcclusionRatio(0.0);
+  renderer.SetUseDepthPeeling(1);
+  renderer.SetMaximumNumberOfPeels(MAX_LAYERS);
+  renderer.SetOcclusionRatio(0.0);
   // The base class makes a pass of its choice unless there is one, and releases it.
-  DepthPeelingPass = vtkDepthPeelingPass::New();
-  DepthPeelingPass->SetTranslucentPass(vtkNew<vtkTranslucentPass>());
+  auto& pass = renderer.*(&CanvasRenderer::DepthPeelingPass);
+  if (pass != nullptr) {
+    pass->ReleaseGraphicsResources(renderer.GetVTKWindow());
+    pass->Delete();
+  }
+  pass = vtkDepthPeelingPass::New();
+  pass->SetTranslucentPass(vtkNew<vtkTranslucentPass>());
 }
 
 void CanvasRenderer::ResetCameraClippingRange(const double bounds[6]) {
   vtkOpenGLRenderer::ResetCameraClippingRange(bounds);
-  vtkCamera& camera = *GetActiveCamera();
+  showNear(*GetActiveCamera(), bounds);
+}
+
+void showNear(vtkCamera& camera, const double* bounds) {
   const double near = camera.GetClippingRange()[0];
   const double far = camera.GetClippingRange()[1];
   const double depth = leastDepth(bounds, camera);

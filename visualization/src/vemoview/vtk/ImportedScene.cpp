@@ -1,0 +1,264 @@
+#include "vemoview/vtk/ImportedScene.h"
+
+#include "vemoview/render/decorations/Decorations.h"
+#include "vemoview/render/draw/Background.h"
+#include "vemoview/render/vtk/CanvasRenderer.h"
+#include "vemoview/render/vtk/View.h"
+#include "vemoview/vtk/ItemBuilder.h"
+#include <vemo/resolve/SceneTooLarge.h>
+#include <vemo/scenegraph/Findings.h>
+
+#include <vtkActor.h>
+#include <vtkBoundingBox.h>
+#include <vtkCamera.h>
+#include <vtkCommand.h>
+#include <vtkCullerCollection.h>
+#include <vtkLight.h>
+#include <vtkLightCollection.h>
+#include <vtkRenderWindow.h>
+#include <vtkRenderer.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace vemo {
+
+namespace {
+
+using Role = ResolvedCanvas::Role;
+
+/// What the canvases show besides; nothing if it is too large.
+std::vector<CanvasUpdate> resolveHidden(SceneResolver& resolver, std::size_t canvases) {
+  std::vector<CanvasUpdate> result(canvases);
+  try {
+    for (std::size_t i = 0; i < canvases; ++i) {
+      result[i] = resolver.resolveHidden(i);
+    }
+  } catch (const SceneTooLarge& error) {
+    reportFinding(FindingCode::SCENE_NOT_DRAWN, std::string("Hidden items are left out. ") + error.what());
+  }
+  return result;
+}
+
+vtkSmartPointer<vtkCamera> cameraFor(vtkRenderer& renderer) {
+  return renderer.IsActiveCameraCreated() != 0 ? vtkSmartPointer<vtkCamera>(renderer.GetActiveCamera())
+                                               : vtk::TakeSmartPointer(renderer.MakeCamera());
+}
+
+/// The light that VTK has created for a renderer without any, which would shine besides those of
+/// the scene.
+void removeAutomaticLight(vtkRenderer& renderer) {
+  auto* const first = vtkLight::SafeDownCast(renderer.GetLights()->GetItemAsObject(0));
+  if (renderer.GetAutomaticLightCreation() != 0 && renderer.GetLights()->GetNumberOfItems() == 1 &&
+      first->LightTypeIsHeadlight() != 0) {
+    renderer.RemoveLight(first);
+  }
+}
+
+/// A canvas's part of a renderer's part of the window.
+void setPart(vtkRenderer& renderer, const double* whole, const ResolvedCanvas& canvas) {
+  const auto& low = canvas.lowerLeft;
+  const auto& high = canvas.upperRight;
+  const double width = whole[2] - whole[0];
+  const double height = whole[3] - whole[1];
+  renderer.SetViewport(whole[0] + low[0] * width, whole[1] + low[1] * height, whole[0] + high[0] * width,
+                       whole[1] + high[1] * height);
+}
+
+bool fillsWindow(const ResolvedCanvas& canvas) {
+  return canvas.lowerLeft == Vector<2, double>{0.0, 0.0} && canvas.upperRight == Vector<2, double>{1.0, 1.0};
+}
+
+}  // namespace
+
+ImportedScene::ImportedScene(const lum::SceneNode& scene, vtkRenderer& renderer,
+                             const ProgressReport& progress)
+    : _renderer(&renderer), _camera(cameraFor(renderer)) {
+  SceneResolver resolver(scene, MeshArrays::ALL);
+  ResolvedScene resolved = resolver.resolve();
+  _background = resolved.background;
+  const auto hidden = resolveHidden(resolver, resolved.canvases.size());
+  for (std::size_t i = 0; i < hidden.size(); ++i) {
+    addCanvas(std::move(resolved.canvases[i]), hidden[i]);
+  }
+  addItems(scene, hidden, progress);
+}
+
+void ImportedScene::addCanvas(ResolvedCanvas canvas, const CanvasUpdate& hidden) {
+  const auto own = canvas.role == Role::MODEL ? nullptr : makeRenderer(canvas);
+  const bool isEmpty = canvas.meshes.empty() && canvas.decorations.empty() && hidden.meshes.empty() &&
+                       hidden.decorations.empty();
+  const Box places = framedPlaces(canvas.decorations);
+  _canvases.push_back({std::move(canvas), own, places, isEmpty});
+}
+
+void ImportedScene::addItems(const lum::SceneNode& scene, const std::vector<CanvasUpdate>& hidden,
+                             const ProgressReport& progress) {
+  CanvasCameras cameras;
+  std::size_t meshes = 0;
+  for (std::size_t i = 0; i < hidden.size(); ++i) {
+    const auto& own = _canvases[i].ownRenderer;
+    cameras.emplace_back(own != nullptr ? own->GetActiveCamera() : _camera.Get());
+    meshes += _canvases[i].content.meshes.size() + hidden[i].meshes.size();
+  }
+  ProgressMeter meter(progress);
+  meter.startPhase(1.0, meshes);
+  ItemBuilder builder(scene, meter);
+  for (std::size_t i = 0; i < hidden.size(); ++i) {
+    ResolvedCanvas& canvas = _canvases[i].content;
+    const auto& own = _canvases[i].ownRenderer;
+    auto resources = makeResources(canvas, own != nullptr ? *own : *_renderer);
+    builder.add(std::exchange(canvas.meshes, {}), true, resources);
+    builder.add(std::exchange(canvas.decorations, {}), true, resources, cameras);
+    builder.add(hidden[i].meshes, false, resources);
+    builder.add(hidden[i].decorations, false, resources, cameras);
+  }
+  _items = builder.finish();
+}
+
+ImportedScene::~ImportedScene() {
+  if (_renderer == nullptr) {
+    return;
+  }
+  if (vtkRenderWindow* const window = _renderer->GetRenderWindow()) {
+    // Props are released in their OpenGL context.
+    window->MakeCurrent();
+  }
+  _renderer->RemoveObserver(_clippingObserver);
+  for (const auto& light : _lights) {
+    _renderer->RemoveLight(light);
+  }
+  if (_renderer->GetLights()->GetNumberOfItems() == 0) {
+    _renderer->AutomaticLightCreationOn();
+  }
+  if (_formerViewport) {
+    _renderer->SetViewport(_formerViewport->data());
+  }
+}
+
+const ImportedScene::Canvas* ImportedScene::findModel() const {
+  const auto found = std::ranges::find_if(
+      _canvases, [](const Canvas& canvas) { return canvas.content.role == Role::MODEL; });
+  return found == _canvases.end() ? nullptr : &*found;
+}
+
+bool ImportedScene::hasPlainBackground() const {
+  const Canvas* const model = findModel();
+  return std::holds_alternative<SolidBackground>(_background) &&
+         (model == nullptr || fillsWindow(model->content)) &&
+         std::ranges::none_of(_canvases, [](const Canvas& canvas) {
+           return canvas.content.role == Role::BACKGROUND && !canvas.isEmpty;
+         });
+}
+
+vtkSmartPointer<vtkRenderer> ImportedScene::makeBackgroundLayer() const {
+  auto layer = vtkSmartPointer<vtkRenderer>::New();
+  layer->InteractiveOff();
+  layer->SetViewport(_renderer->GetViewport());
+  setBackground(*layer, _background);
+  return layer;
+}
+
+void ImportedScene::addLayers() {
+  SurroundingLayers::Renderers below;
+  SurroundingLayers::Renderers above;
+  if (!hasPlainBackground()) {
+    below.push_back(makeBackgroundLayer());
+  }
+  for (const Canvas& canvas : _canvases) {
+    if (canvas.ownRenderer != nullptr && !canvas.isEmpty) {
+      setPart(*canvas.ownRenderer, _renderer->GetViewport(), canvas.content);
+      (canvas.content.role == Role::BACKGROUND ? below : above).push_back(canvas.ownRenderer);
+    }
+  }
+  _layers = std::make_unique<SurroundingLayers>(*_renderer, below, above);
+}
+
+void ImportedScene::show() {
+  _items.showVisible();
+  for (const Canvas& canvas : _canvases) {
+    if (canvas.ownRenderer != nullptr) {
+      setLights(*canvas.ownRenderer, canvas.content.lights);
+      vemo::setCamera(*canvas.ownRenderer, canvas.content.camera, canvas.placesOfTexts);
+    }
+  }
+  addLayers();
+  const Canvas* const model = findModel();
+  if (model != nullptr && !fillsWindow(model->content)) {
+    _renderer->GetViewport(_formerViewport.emplace().data());
+    setPart(*_renderer, _formerViewport->data(), model->content);
+  }
+}
+
+void ImportedScene::setCamera(bool isWanted) {
+  if (_renderer->IsActiveCameraCreated() == 0) {
+    _renderer->SetActiveCamera(_camera);
+    _renderer->ResetCamera();
+  }
+  // VTK chooses one of two, by the depth of a renderer's window if it has one already.
+  constexpr double NEAR_TO_FAR = 0.01;
+  _renderer->SetNearClippingPlaneTolerance(NEAR_TO_FAR);
+  _clippingObserver =
+      _renderer->AddObserver(vtkCommand::ResetCameraClippingRangeEvent, this, &ImportedScene::extendClipping);
+  const Canvas* const model = findModel();
+  if (isWanted && model != nullptr) {
+    vemo::setCamera(*_renderer, model->content.camera, model->placesOfTexts);
+  } else {
+    _renderer->ResetCameraClippingRange();
+  }
+}
+
+void ImportedScene::addLights() {
+  const Canvas* const model = findModel();
+  if (model == nullptr) {
+    return;
+  }
+  removeAutomaticLight(*_renderer);
+  _renderer->AutomaticLightCreationOff();
+  _lights = makeLights(model->content.lights);
+  for (const auto& light : _lights) {
+    _renderer->AddLight(light);
+  }
+}
+
+/// As our own renderer does.
+void ImportedScene::extendClipping() {
+  if (const vtkBoundingBox bounds(_renderer->ComputeVisiblePropBounds()); bounds.IsValid()) {
+    std::array<double, 6> sides{};
+    bounds.GetBounds(sides.data());
+    showNear(*_renderer->GetActiveCamera(), sides.data());
+  }
+}
+
+bool ImportedScene::hasTranslucency() {
+  bool isFound = false;
+  for (std::size_t i = 0; i < _items.size(); ++i) {
+    for (const auto& group : _items[i].groups) {
+      group->forEachProp([&](vtkProp& prop) {
+        auto* const actor = vtkActor::SafeDownCast(&prop);
+        isFound = isFound || (actor != nullptr && actor->HasTranslucentPolygonalGeometry() != 0);
+      });
+    }
+  }
+  return isFound;
+}
+
+void ImportedScene::setProperties() {
+  if (hasPlainBackground()) {
+    setBackground(*_renderer, _background);
+    _renderer->GradientBackgroundOff();
+    _renderer->TexturedBackgroundOff();
+  }
+  // They would cull what has no extent, such as a single point.
+  _renderer->GetCullers()->RemoveAllItems();
+  if (hasTranslucency()) {
+    _renderer->GetRenderWindow()->MakeCurrent();
+    if (auto* const renderer = vtkOpenGLRenderer::SafeDownCast(_renderer)) {
+      CanvasRenderer::peelDepths(*renderer);
+    }
+    _renderer->GetRenderWindow()->SetAlphaBitPlanes(1);
+    _renderer->GetRenderWindow()->SetMultiSamples(0);
+  }
+}
+
+}  // namespace vemo

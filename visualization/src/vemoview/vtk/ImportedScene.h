@@ -1,0 +1,75 @@
+#pragma once
+
+#include "geometry/Box.h"
+#include "vemoview/render/vtk/CanvasCameras.h"
+#include "vemoview/vtk/ImportedItems.h"
+#include "vemoview/vtk/SurroundingLayers.h"
+#include <vemo/base/Progress.h>
+#include <vemo/resolve/ResolvedScene.h>
+#include <vemo/resolve/SceneResolver.h>
+
+#include <array>
+#include <memory>
+#include <optional>
+#include <vector>
+
+class vtkLight;
+
+namespace vemo {
+
+/// What a scene adds to a renderer and its window: it is removed from them at the end. The
+/// renderer, which may own it, draws the model.
+class ImportedScene {
+ public:
+  /// Adds the props, but hidden: the renderer draws the same as before. Throws SceneTooLarge and
+  /// Cancelled.
+  ImportedScene(const lum::SceneNode& scene, vtkRenderer& renderer, const ProgressReport& progress);
+  ~ImportedScene();
+  ImportedScene(const ImportedScene&) = delete;
+  ImportedScene& operator=(const ImportedScene&) = delete;
+
+  // In this order:
+
+  /// Shows the visible items, in all layers.
+  void show();
+  /// Points the renderer's camera, unless that of the scene is not wanted.
+  void setCamera(bool isWanted);
+  void addLights();
+  void setProperties();
+
+  ImportedItems& getItems() { return _items; }
+
+ private:
+  struct Canvas {
+    /// Without meshes and decorations, once they are items.
+    ResolvedCanvas content;
+    /// Null for the model's.
+    vtkSmartPointer<vtkRenderer> ownRenderer;
+    Box placesOfTexts;
+    bool isEmpty;
+  };
+  using Viewport = std::array<double, 4>;
+
+  void addCanvas(ResolvedCanvas canvas, const CanvasUpdate& hidden);
+  void addItems(const lum::SceneNode& scene, const std::vector<CanvasUpdate>& hidden,
+                const ProgressReport& progress);
+  const Canvas* findModel() const;
+  bool hasPlainBackground() const;
+  void addLayers();
+  vtkSmartPointer<vtkRenderer> makeBackgroundLayer() const;
+  void extendClipping();
+  bool hasTranslucency();
+
+  vtkWeakPointer<vtkRenderer> _renderer;
+  vtkSmartPointer<vtkCamera> _camera;
+  Background _background;
+  std::vector<Canvas> _canvases;
+  ImportedItems _items;
+  std::vector<vtkSmartPointer<vtkLight>> _lights;
+  std::unique_ptr<SurroundingLayers> _layers;
+  unsigned long _clippingObserver = 0;
+  /// The renderer's part of the window before the model's part of it.
+  std::optional<Viewport> _formerViewport;
+};
+
+}  // namespace vemo
