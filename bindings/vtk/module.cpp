@@ -1,0 +1,34 @@
+// The Python module vemoscene.vtk: VTK's wrapping of vtkVemoSceneImporter.
+
+#include <vtkPython.h>
+
+extern "C" void PyVTKAddFile_vtkVemoSceneImporter(PyObject* dictionary);
+
+namespace {
+
+PyModuleDef definition = {PyModuleDef_HEAD_INIT,
+                          "vemoscene.vtk",
+                          "Scenes in the renderers of VTK programs.",
+                          -1,
+                          nullptr,
+                          nullptr,
+                          nullptr,
+                          nullptr,
+                          nullptr};
+
+/// Whether the class that it derives from is known to VTK's wrapping.
+bool importBase() {
+  PyObject* const base = PyImport_ImportModule("vtkmodules.vtkIOImport");
+  Py_XDECREF(base);
+  return base != nullptr;
+}
+
+}  // namespace
+
+PyMODINIT_FUNC PyInit_vtk() {
+  PyObject* const module = importBase() ? PyModule_Create(&definition) : nullptr;
+  if (module != nullptr) {
+    PyVTKAddFile_vtkVemoSceneImporter(PyModule_GetDict(module));
+  }
+  return module;
+}
