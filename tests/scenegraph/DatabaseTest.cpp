@@ -89,6 +89,28 @@ TEST(DatabaseTest, SharesArraysThroughAPool) {
   EXPECT_THROW(read("damaged.sdb"), lum::io::FileError);
 }
 
+TEST(DatabaseTest, ReadsOnlyTheArraysThatAreWanted) {
+  const TemporaryFolder folder;
+  const lum::Ptr<lum::SceneNode> scene = makeScene();
+  auto& surface = surfaceOf(*scene);
+  const auto other = make<lum::PolyDataNode>("other");
+  other->setPolyData(makePolyData(std::vector<std::array<float, 3>>(100), {}));
+  surface.addNode(*other);
+  ASSERT_EQ(writeDatabase(folder / "a.sdb", *scene), FileIoStatus::Success);
+  lum::SDBReader reader(wide(folder / "a.sdb"));
+  std::uint64_t bytes = 0;
+  reader.setArrayFilter([&](Node& node, std::span<const std::size_t> arrays) {
+    EXPECT_TRUE(node.getOwner());
+    bytes += node.getName() == "other" ? reader.getArrays()[arrays.front()].bytes : 0;
+    return node.getName() != "other";
+  });
+  const Ptr<Node> read = reader.readNode(0);
+  EXPECT_EQ(bytes, 1200U);
+  const vtkNew<vtkPolyData> nothing;
+  other->setPolyData(nothing);
+  EXPECT_EQ(firstDifference(*scene, *read), "");
+}
+
 TEST(DatabaseTest, LeavesTheOldFileUntilItCloses) {
   const TemporaryFolder folder;
   const fs::path path = folder / "a.sdb";

@@ -7,9 +7,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <iosfwd>
 #include <memory>
 #include <set>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -56,6 +58,13 @@ class VEMO_SCENEGRAPH_EXPORT SDBReader {
 
   const std::vector<Record>& getRecords() const { return _records; }
   std::vector<Array> getArrays() const;
+
+  /// Whether a node gets its arrays, which are numbered as those of getArrays.
+  using ArrayFilter = std::function<bool(Node& node, std::span<const std::size_t> arrays)>;
+  /// From now on readNode reads only the arrays that are wanted. Before it reads any, it asks
+  /// for each node that has arrays, in the order of the file; the node has its owner and
+  /// its other values by then. A node whose arrays are not wanted stays without.
+  void setArrayFilter(ArrayFilter filter);
 
   /// Decodes a record's node with all that it owns, arrays included, in the
   /// given session or in none. The caller owns it. Arrays are shared with the

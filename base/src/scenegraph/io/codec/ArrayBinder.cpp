@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <fmt/format.h>
+#include <iterator>
 
 namespace lum::io {
 
@@ -102,6 +103,22 @@ void ArrayBinder::releaseUnused(std::size_t chunk) {
     }
     if (*use + 1 < _uses.size()) {
       _sharedCells.erase({number, _uses[*use + 1].chunk});
+    }
+  }
+}
+
+void ArrayBinder::filter(const std::function<bool(Node& node, std::span<const std::size_t> chunks)>& wants) {
+  const std::vector<Use> uses = std::exchange(_uses, {});
+  const std::vector<Waiting> waiting = std::exchange(_waiting, {});
+  std::ranges::for_each(uses, [this](const Use& use) { --findOrMake(use.chunk).uses; });
+  std::vector<std::size_t> chunks;
+  for (const Waiting& each : waiting) {
+    const auto used = std::span(uses).subspan(each.firstUse, each.useCount);
+    chunks.clear();
+    std::ranges::transform(used, std::back_inserter(chunks), &Use::chunk);
+    if (wants(*each.node, chunks)) {
+      expectFor(*each.node, true);
+      std::ranges::for_each(used, [this](const Use& use) { expect(use.field, use.chunk); });
     }
   }
 }

@@ -10,7 +10,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
+#include <span>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -33,6 +35,10 @@ class ArrayBinder {
 
   /// No node will wait for the chunk again: it is kept only for those that do now.
   void letGo(std::size_t chunk);
+
+  /// Asks for each waiting node whether it is to get the chunks, in their order; the others
+  /// wait no longer. Only before any chunk is provided.
+  void filter(const std::function<bool(Node& node, std::span<const std::size_t> chunks)>& wants);
 
   /// The chunks that any node has waited for, in ascending order.
   std::vector<std::size_t> getExpected();

@@ -76,9 +76,14 @@ class SDBReader::Database {
     _progress.startPhase(1, _source.getSize());
   }
 
+  void setArrayFilter(ArrayFilter filter) { _arrayFilter = std::move(filter); }
+
   Ptr<Node> readNode(std::size_t record, int sessionId, ArrayPool* pool) {
     io::ArrayBinder binder;
     const Ptr<Node> root = decode(record, binder, sessionId);
+    if (_arrayFilter) {
+      binder.filter(_arrayFilter);
+    }
     for (const std::size_t chunk : binder.getExpected()) {
       const std::string fault = binder.provide(chunk, *readChunk(chunk, pool));
       if (!fault.empty()) {
@@ -175,6 +180,7 @@ class SDBReader::Database {
   std::uint64_t _used = 0;
   io::UnknownParts _unknown;
   vemo::ProgressMeter _progress;
+  ArrayFilter _arrayFilter;
 };
 
 SDBReader::SDBReader(const std::wstring& path) : _path(vemo::toNativePath(path)) {
@@ -191,6 +197,10 @@ SDBReader::~SDBReader() = default;
 
 void SDBReader::setProgress(vemo::ProgressReport report) {
   _database->setProgress(std::move(report));
+}
+
+void SDBReader::setArrayFilter(ArrayFilter filter) {
+  _database->setArrayFilter(std::move(filter));
 }
 
 void SDBReader::listRecords() {
