@@ -129,6 +129,7 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
  private:
   void reportUnused(const ValueReader& values) const;
   void readGeometry(const QxElement& element, SceneFileReader& reader);
+  GeometryType outlineGeometry(const QxElement& element, SceneFileReader& reader);
   void reportSettingsOutOfRange(const QxElement& element, SceneFileReader& reader) const;
   static GeometryType typeOf(bool hasFaces, bool hasLines);
   GeometryType determineType() const;

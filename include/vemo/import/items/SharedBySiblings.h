@@ -8,6 +8,10 @@
 #include <set>
 #include <string>
 
+namespace lum {
+class PolyDataNode;
+}
+
 namespace vemo {
 
 class Colormap;
@@ -36,6 +40,9 @@ struct SharedBySiblings {
 
   /// Of the geometries that were converted; null before the first.
   std::shared_ptr<PointBounds> pointBounds;
+
+  /// If not null, receives the node of each geometry, by the number of its element.
+  std::map<int, lum::PolyDataNode*>* geometryNodes = nullptr;
 
   /// Colours the data in the assembly being converted: outer colormaps take
   /// precedence over inner ones. Null when there is none.

@@ -66,9 +66,11 @@ GeometryDrawableBuilder::GeometryDrawableBuilder(const GeometrySettings& setting
   VEMO_REQUIRE(_colorAttributes, "must be not NULL");
 }
 
-void GeometryDrawableBuilder::build(const std::string& qualifiedName) {
-  applyRenderingAttributes(addPolyData(qualifiedName));
+lum::PolyDataNode& GeometryDrawableBuilder::build(const std::string& qualifiedName) {
+  lum::PolyDataNode& node = addPolyData(qualifiedName);
+  applyRenderingAttributes(node);
   colorByData();
+  return node;
 }
 
 Vector<3, double> GeometryDrawableBuilder::findCenter() const {

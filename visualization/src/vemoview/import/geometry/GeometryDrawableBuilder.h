@@ -26,7 +26,7 @@ class GeometryDrawableBuilder {
   GeometryDrawableBuilder(const GeometrySettings& settings, vtkPolyData& polyData,
                           lum::GeometryDrawable& drawable, PointBounds& pointBounds, ReadingContext* context);
 
-  void build(const std::string& qualifiedName);
+  lum::PolyDataNode& build(const std::string& qualifiedName);
 
  private:
   Vector<3, double> findCenter() const;

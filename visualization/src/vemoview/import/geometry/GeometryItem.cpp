@@ -141,8 +141,13 @@ void GeometryItem::readImpl(const QxElement& element, SceneFileReader* reader) {
   GeometrySettings::KEYS.read(_settings, element, reader);
   reportSettingsOutOfRange(element, *reader);
   setLineWidth(_settings.lineWidth);
-  readGeometry(element, *reader);
-  _geometryType = determineType();
+  const bool isWanted = reader->startPart(element);
+  if (isWanted) {
+    readGeometry(element, *reader);
+    _geometryType = determineType();
+  } else {
+    _geometryType = outlineGeometry(element, *reader);
+  }
   GeometrySettings::KEYS.markInapplicable(element, _geometryType);
   if (!_settings.hasLighting()) {
     element.markUnused("specularPower");
@@ -152,6 +157,9 @@ void GeometryItem::readImpl(const QxElement& element, SceneFileReader* reader) {
       element.findAttribute("showFaces") == nullptr) {
     reader->report(FindingCode::HIDDEN_BY_DEFAULT,
                    "The surface is hidden: it states neither faces nor edges");
+  }
+  if (!isWanted) {
+    return;
   }
   if (_geometryType == SURFACE) {
     computeNormals(*reader);
@@ -253,6 +261,29 @@ void GeometryItem::readGeometry(const QxElement& element, SceneFileReader& reade
   }
 }
 
+/// Puts empty arrays in place of those that would be read: their names are what the
+/// conversion needs.
+GeometryItem::GeometryType GeometryItem::outlineGeometry(const QxElement& element, SceneFileReader& reader) {
+  GeometryEntries entries;
+  GeometryEntries::KEYS.read(entries, element, &reader);
+  for (const auto& child : element.getChildren()) {
+    if (child->getName() == GeometryArray::XML_ENTITY) {
+      child->markRead();
+      GeometryArray array;
+      GeometryArray::KEYS.read(array, *child, &reader);
+      const auto values = vtkSmartPointer<vtkFloatArray>::New();
+      values->SetName(array.name.c_str());
+      vtkFieldData& data = array.isOfPoints ? static_cast<vtkFieldData&>(*_polydata->GetPointData())
+                                            : static_cast<vtkFieldData&>(*_polydata->GetCellData());
+      data.AddArray(values);
+    }
+  }
+  const auto hasCells = [&reader](const std::optional<std::string>& entry) {
+    return entry && reader.getArchive().getSize(*entry) > 0;
+  };
+  return typeOf(hasCells(entries.polys) || hasCells(entries.strips), hasCells(entries.lines));
+}
+
 GeometryItem::GeometryType GeometryItem::typeOf(bool hasFaces, bool hasLines) {
   return hasFaces ? SURFACE : hasLines ? LINES : POINTS;
 }
@@ -290,7 +321,10 @@ void GeometryItem::addToCollection(SharedBySiblings& shared, lum::DrawableCollec
       addTo<lum::PointSphereDrawable>(own, hidesDrawable, parentName, shared);
       break;
     case LINES:
-      VEMO_REQUIRE(_polydata->GetLines()->GetNumberOfCells() > 0, "must be greater than zero");
+      // Those that were not read have no points either.
+      if (_polydata->GetPoints() != nullptr) {
+        VEMO_REQUIRE(_polydata->GetLines()->GetNumberOfCells() > 0, "must be greater than zero");
+      }
       addTo<lum::PolyLineDrawable>(own, hidesDrawable, parentName, shared);
       break;
     case SURFACE:
@@ -315,8 +349,12 @@ void GeometryItem::addTo(lum::DrawableCollection& collection, bool isHidden, con
   PartsDrawn& parts = shared.partsDrawn[&drawable];
   const SharedSettings before(drawable, parts);
   const bool isColoredByOther = shared.colormap == nullptr && hasColorTable(drawable);
-  GeometryDrawableBuilder(_settings, *_polydata, drawable, *shared.pointBounds, shared.context)
-      .build(parentName);
+  lum::PolyDataNode& node =
+      GeometryDrawableBuilder(_settings, *_polydata, drawable, *shared.pointBounds, shared.context)
+          .build(parentName);
+  if (shared.geometryNodes != nullptr) {
+    shared.geometryNodes->emplace(getPlace().number, &node);
+  }
   if (_property) {
     // A host may have changed the property.
     drawable.template getAttributes<lum::LineAttributes>().setLineWidth(_property->GetLineWidth());

@@ -66,6 +66,19 @@ void SceneFileReader::loseEntriesOf(const QxElement& element) {
   addEntriesOf(element, _lost);
 }
 
+bool SceneFileReader::startPart(const QxElement& geometry) {
+  if (!_wantsPart) {
+    return true;
+  }
+  _parts.push_back({geometry.getPlace().number, {}});
+  addEntriesOf(geometry, _parts.back().entries);
+  if (!hasPayload() && _wantsPart(_parts.size() - 1)) {
+    return true;
+  }
+  excuseEntriesOf(geometry);
+  return false;
+}
+
 void SceneFileReader::addEntriesOf(const QxElement& element, std::set<std::string>& names) const {
   walkDescription(element, [&](const PlacedElement& place) {
     for (const QxElement::Attribute& attribute : place.element->getAttributes()) {

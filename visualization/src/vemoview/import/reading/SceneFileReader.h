@@ -3,6 +3,7 @@
 #include "vemoview/import/archive/ArchiveReader.h"
 #include "vemoview/import/reading/ReadingContext.h"
 #include <vemo/import/Export.h>
+#include <vemo/import/PartFilter.h>
 #include <vemo/import/archive/ZipFileReader.h>
 #include <vemo/import/xml/QxElement.h>
 
@@ -11,6 +12,8 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace vemo {
 
@@ -49,6 +52,22 @@ class VEMO_IMPORT_EXPORT SceneFileReader : public ArchiveReader, public ReadingC
   void loseEntriesOf(const QxElement& element);
   bool isLost(const std::string& entryName) const { return _lost.contains(entryName); }
 
+  /// From now on only the geometry that the function wants is read; of the rest the scene
+  /// has all but points, cells and values. Must be called before reading.
+  void setPartFilter(PartFilter wants) { _wantsPart = std::move(wants); }
+  /// Numbers a geometry that is about to be read and tells whether it is wanted.
+  bool startPart(const QxElement& geometry);
+  /// A geometry that was started.
+  struct Part {
+    /// The number of its element.
+    int element;
+    std::set<std::string> entries;
+  };
+  /// By their numbers; empty without a filter.
+  const std::vector<Part>& getParts() const { return _parts; }
+  /// Whether the archive has a scene graph of its own, which replaces that of the items.
+  bool hasPayload() const { return getArchive().getSize(LUM_SCENE_ENTRY) > 0; }
+
   /// The shares of the time that an import takes: until the description is read, the
   /// entries are read, and the items are converted.
   static constexpr double DESCRIPTION_READ = 0.2;
@@ -71,6 +90,8 @@ class VEMO_IMPORT_EXPORT SceneFileReader : public ArchiveReader, public ReadingC
   std::unique_ptr<QxElement> _description;
   std::set<std::string> _excused;
   std::set<std::string> _lost;
+  PartFilter _wantsPart;
+  std::vector<Part> _parts;
 };
 
 }  // namespace vemo

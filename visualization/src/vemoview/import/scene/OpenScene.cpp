@@ -1,7 +1,9 @@
 #include "base/MemoryStream.h"
+#include "vemoview/import/scene/PartList.h"
 #include "vemoview/import/scene/SceneImport.h"
 #include <vemo/import/OpenScene.h>
 #include <vemo/import/SceneConverter.h>
+#include <vemo/import/SceneParts.h>
 #include <vemo/scenegraph/io/FileError.h>
 
 #include <istream>
@@ -11,8 +13,7 @@ namespace vemo {
 
 namespace {
 
-std::vector<OpenedScene::Record> readArchive(ZipFileReader archive, const ProgressReport& progress) {
-  SceneImport import(std::move(archive));
+std::vector<OpenedScene::Record> readArchive(SceneImport& import, const ProgressReport& progress) {
   import.getReader().setProgress(progress);
   import.read();
   std::vector<OpenedScene::Record> records;
@@ -22,13 +23,23 @@ std::vector<OpenedScene::Record> readArchive(ZipFileReader archive, const Progre
   return records;
 }
 
-std::vector<OpenedScene::Record> readDatabase(lum::SDBReader reader, const ProgressReport& progress) {
+std::vector<OpenedScene::Record> readArchive(ZipFileReader archive, const ProgressReport& progress) {
+  SceneImport import(std::move(archive));
+  return readArchive(import, progress);
+}
+
+std::vector<OpenedScene::Record> readDatabase(lum::SDBReader& reader, const ProgressReport& progress) {
   reader.setProgress(progress);
   std::vector<OpenedScene::Record> records;
   for (std::size_t i = 0; i < reader.getRecords().size(); ++i) {
     records.push_back({reader.getRecords()[i], reader.readNode(i)});
   }
   return records;
+}
+
+std::vector<OpenedScene::Record> readDatabase(const std::wstring& path, const ProgressReport& progress) {
+  lum::SDBReader reader(path);
+  return readDatabase(reader, progress);
 }
 
 void reportEnd(const ProgressReport& progress) {
@@ -49,7 +60,7 @@ lum::SceneNode* OpenedScene::findSceneNode() const {
 OpenedScene openScene(const std::wstring& path, const ProgressReport& progress) {
   OpenedScene scene{detectScene(path), {}};
   scene.records = scene.kind == SceneKind::ARCHIVE ? readArchive(ZipFileReader(path), progress)
-                                                   : readDatabase(lum::SDBReader(path), progress);
+                                                   : readDatabase(path, progress);
   reportEnd(progress);
   return scene;
 }
@@ -60,7 +71,8 @@ OpenedScene openScene(std::span<const std::byte> bytes, const ProgressReport& pr
     scene.records = readArchive(ZipFileReader(bytes), progress);
   } else {
     MemoryStream stream(bytes);
-    scene.records = readDatabase(lum::SDBReader(stream), progress);
+    lum::SDBReader reader(stream);
+    scene.records = readDatabase(reader, progress);
   }
   reportEnd(progress);
   return scene;
@@ -72,6 +84,24 @@ OpenedScene openScene(std::istream& stream, const ProgressReport& progress) {
     throw lum::io::FileError(lum::io::FileIoStatus::ReadError, "The stream cannot be read");
   }
   return openScene(std::as_bytes(std::span(bytes)), progress);
+}
+
+OpenedScene openSceneParts(const std::wstring& path, const PartFilter& wants, SceneParts& parts,
+                           const ProgressReport& progress) {
+  OpenedScene scene{detectScene(path), {}};
+  parts = {};
+  if (scene.kind == SceneKind::ARCHIVE) {
+    SceneImport import{ZipFileReader(path)};
+    import.setPartFilter(wants);
+    scene.records = readArchive(import, progress);
+    parts = import.getParts();
+  } else {
+    lum::SDBReader reader(path);
+    filterParts(reader, wants, parts);
+    scene.records = readDatabase(reader, progress);
+  }
+  reportEnd(progress);
+  return scene;
 }
 
 }  // namespace vemo

@@ -1,6 +1,7 @@
 #include "vemoview/import/scene/SceneImport.h"
 
 #include "base/MemoryStream.h"
+#include "vemoview/import/scene/PartList.h"
 #include <vemo/base/WideStream.h>
 #include <vemo/import/decorations/Gradient.h>
 #include <vemo/import/items/SharedBySiblings.h>
@@ -14,6 +15,8 @@
 #include <vemo/scenegraph/io/SceneGraphReader.h>
 
 #include <fmt/format.h>
+#include <map>
+#include <utility>
 
 namespace vemo {
 
@@ -97,7 +100,8 @@ void setBackground(lum::BackgroundAttributes& background, const Scene& scene) {
   background.setColor2(gradient->getBottomColor().getRGB());
 }
 
-SceneNodePtr convertItems(const Scene& scene, ReadingContext& context) {
+SceneNodePtr convertItems(const Scene& scene, ReadingContext& context,
+                          std::map<int, lum::PolyDataNode*>* geometryNodes) {
   VEMO_LOG_INFO("\n\tparsing old, XML-based, format");
   SceneNodePtr sceneNode(new lum::SceneNode(lum::ClassNameNodeInitializer(lum::SceneNode::getClassName())));
   sceneNode->setName(scene.getName());
@@ -106,6 +110,7 @@ SceneNodePtr convertItems(const Scene& scene, ReadingContext& context) {
   SharedBySiblings shared;
   shared.sceneNode = sceneNode;
   shared.context = &context;
+  shared.geometryNodes = geometryNodes;
   const ReadingContext::ItemScope scope(&context, Scene::XML_ENTITY, scene.getPlace());
   context.attempt([&] {
     const ReadingContext::ItemScope backgroundScope(
@@ -151,6 +156,11 @@ SceneImport::~SceneImport() {
   }
 }
 
+void SceneImport::setPartFilter(PartFilter wants) {
+  _wantsPart = std::move(wants);
+  _reader.setPartFilter(_wantsPart);
+}
+
 void SceneImport::read() {
   _reader.read(_scene);
 }
@@ -162,8 +172,15 @@ lum::SceneNode& SceneImport::convert() {
     _reader.report(FindingCode::DESCRIPTION_REPLACED,
                    "The archive holds a scene graph, which is used instead of the items of the description");
     _sceneNode = decode(*_scene, _session.open());
+    if (_wantsPart && _sceneNode) {
+      _parts = keepParts(*_sceneNode, _wantsPart);
+    }
+  } else if (_wantsPart) {
+    std::map<int, lum::PolyDataNode*> nodes;
+    _reader.callAndLocateFailures([&] { _sceneNode = convertItems(*_scene, _reader, &nodes); });
+    _parts = listParts(_reader, nodes);
   } else {
-    _reader.callAndLocateFailures([this] { _sceneNode = convertItems(*_scene, _reader); });
+    _reader.callAndLocateFailures([this] { _sceneNode = convertItems(*_scene, _reader, nullptr); });
   }
   VEMO_REQUIRE(_sceneNode, "The scene node is expected to be created by this moment");
   return *_sceneNode;

@@ -2,6 +2,7 @@
 
 #include "base/MemoryReserve.h"
 #include "vemoview/import/reading/SceneFileReader.h"
+#include <vemo/import/SceneParts.h>
 #include <vemo/scenegraph/NodeRegistry.h>
 #include <vemo/scenegraph/canvas/SceneNode.h>
 
@@ -29,6 +30,12 @@ class SceneImport {
   /// Must come after reading. A scene graph that the archive carries is passed
   /// through, otherwise the items are converted one by one.
   lum::SceneNode& convert();
+
+  /// Must be called before reading: only the parts of the geometry that the function wants
+  /// are read. A scene graph in the archive is read as a whole, and keeps only these.
+  void setPartFilter(PartFilter wants);
+  /// After the conversion, all parts; none without a filter.
+  const SceneParts& getParts() const { return _parts; }
 
   /// Releases the scene graph.
   void close();
@@ -58,6 +65,8 @@ class SceneImport {
   std::unique_ptr<Scene> _scene;
   Session _session;
   lum::Ptr<lum::SceneNode> _sceneNode;
+  PartFilter _wantsPart;
+  SceneParts _parts;
 };
 
 }  // namespace vemo
