@@ -2,6 +2,7 @@
 
 #include <vemo/scenegraph/canvas/SceneNode.h>
 #include <vemo/scenegraph/drawables/Drawable.h>
+#include <vemo/scenegraph/edit/Items.h>
 
 #include <cstddef>
 
@@ -31,17 +32,6 @@ lum::Drawable& contentOf(lum::Drawable& drawable) {
   auto* const only = dynamic_cast<lum::Drawable*>(drawable.getNodes()[0].getObject());
   const bool isNameless = only != nullptr && !isCollection(*only) && only->getName() == only->className();
   return isNameless ? *only : drawable;
-}
-
-bool getVisibility(const lum::Drawable& drawable) {
-  const auto* const base = drawable.findAttributes<lum::BaseAttributes>();
-  return base == nullptr || base->getVisibility();
-}
-
-void setVisibility(lum::Drawable& drawable, bool isVisible) {
-  if (getVisibility(drawable) != isVisible) {
-    drawable.getBaseAttributes().setVisibility(isVisible, false);
-  }
 }
 
 }  // namespace
@@ -97,7 +87,7 @@ const std::string& ItemTree::getName(int item) const {
 }
 
 bool ItemTree::isVisible(int item) const {
-  return getVisibility(*(*this)[item].drawable) && getVisibility(*(*this)[item].content);
+  return lum::isShown(*(*this)[item].drawable) && lum::isShown(*(*this)[item].content);
 }
 
 bool ItemTree::areAncestorsVisible(int item) const {
@@ -106,30 +96,16 @@ bool ItemTree::areAncestorsVisible(int item) const {
 }
 
 void ItemTree::setVisible(int item, bool isVisible) {
-  setVisibility(*(*this)[item].drawable, isVisible);
+  lum::setShown(*(*this)[item].drawable, isVisible);
   // Hiding the outer one hides the inner one, too.
   if (isVisible) {
-    setVisibility(*(*this)[item].content, true);
+    lum::setShown(*(*this)[item].content, true);
   }
-}
-
-/// Shows a hidden parent with this item as its only visible child.
-void ItemTree::reveal(int item) {
-  const int parent = (*this)[item].parent;
-  if (parent != NONE && !(isVisible(parent) && areAncestorsVisible(parent))) {
-    const bool wasVisible = isVisible(parent);
-    reveal(parent);
-    const Item& owner = (*this)[parent];
-    for (int child = owner.firstChild; !wasVisible && child < owner.firstChild + owner.childCount; ++child) {
-      setVisible(child, false);
-    }
-  }
-  setVisible(item, true);
 }
 
 void ItemTree::show(const std::vector<int>& items) {
   for (const int item : items) {
-    reveal(item);
+    lum::reveal(*(*this)[item].content);
   }
 }
 

@@ -65,7 +65,6 @@ class ItemTree {
   void addCanvas(const lum::SceneCanvas* canvas, const std::string& name);
   void addChildren(int parent);
   void add(lum::Drawable& drawable, int parent, int row);
-  void reveal(int item);
 
   std::vector<std::string> _canvasNames;
   std::vector<Item> _items;

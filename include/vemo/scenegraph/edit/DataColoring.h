@@ -1,0 +1,38 @@
+#pragma once
+
+#include <vemo/scenegraph/Export.h>
+#include <vemo/scenegraph/FieldKinds.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace lum {
+
+class SceneNode;
+
+/// The names of the arrays that can colour geometry of the scene, sorted.
+VEMO_SCENEGRAPH_EXPORT std::vector<std::string> listColorArrays(SceneNode& scene);
+
+/// The names of the arrays that colour geometry of the scene, sorted.
+VEMO_SCENEGRAPH_EXPORT std::vector<std::string> listUsedColorArrays(SceneNode& scene);
+
+/// Colours all geometry that has an array over its points or cells by it, with one colour
+/// table: that of geometry coloured by the array before, else another of the scene, else a
+/// rainbow. Of several components the first counts. Without a range, it is that of all
+/// finite values.
+///
+/// A legend of the former colours shows the new ones, with the array's name as its title,
+/// unless other geometry still has the former colours. A scene without a legend gets one.
+///
+/// Throws EditError, with the names of all arrays, when no geometry has the array; and for
+/// a range that setColorRange does not take.
+VEMO_SCENEGRAPH_EXPORT void colorByArray(SceneNode& scene, const std::string& array,
+                                         const std::optional<Vector2>& range = std::nullopt);
+
+/// Changes the range of the one array that colours the scene, and that of its legends.
+/// Throws EditError when none or several arrays do, and for a range that is not finite or
+/// does not start below its end, or below 0 if the colours are logarithmic.
+VEMO_SCENEGRAPH_EXPORT void setColorRange(SceneNode& scene, const Vector2& range);
+
+}  // namespace lum
