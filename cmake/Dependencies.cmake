@@ -7,6 +7,7 @@ find_package(VTK 9.1 REQUIRED COMPONENTS
 find_package(ZLIB REQUIRED)
 find_package(EXPAT REQUIRED)
 find_package(Freetype REQUIRED)
+find_package(JPEG REQUIRED)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(libdeflate REQUIRED IMPORTED_TARGET libdeflate)
 pkg_check_modules(minizip REQUIRED IMPORTED_TARGET minizip)

@@ -2,6 +2,8 @@
 #include "vemoview/render/context/EglContext.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/render/RenderErrors.h>
+#include <vemo/scenegraph/edit/Items.h>
+#include <vemo/scenegraph/edit/View.h>
 
 #include <vtkCellData.h>
 #include <vtkPointData.h>
@@ -310,6 +312,42 @@ TEST(ScenePictureTest, DrawsAnEmptySceneAndTheSamePictureTwice) {
   const Picture picture = renderPicture(*empty, {40, 30});
   EXPECT_EQ(countPixels(picture, BLACK, 0), 40 * 30);
   EXPECT_EQ(renderPicture(*empty, {40, 30}).toPng(), picture.toPng());
+}
+
+TEST(ScenePictureTest, FitsTheModelOrAnItemFromAStandardView) {
+  RenderScene scene;
+  // As wide as seen from the front, four times as high as wide, far from the first.
+  scene.addSurface(makePolyData({{10, 0, 0}, {11, 0, 0}, {11, 0, 4}, {10, 0, 4}}, {.polys = {{0, 1, 2, 3}}}),
+                   {1, 0, 0});
+  auto& square = scene.addSurface(
+      makePolyData({{0, 0, 0}, {1, 0, 0}, {1, 0, 1}, {0, 0, 1}}, {.polys = {{0, 1, 2, 3}}}), {0, 1, 0});
+  lum::setView(scene.node(), lum::StandardView::FRONT);
+  RenderOptions options{.width = 210, .height = 105, .fitsModel = true};
+  const PixelBox all = inkOn(renderPicture(scene.node(), options), BLACK);
+  EXPECT_NEAR(all.width(), 200, 2);
+  options.fitted = {&square};
+  EXPECT_NEAR(inkOn(renderPicture(scene.node(), options), BLACK).height(), 100, 2);
+  options = {.width = 105, .height = 210, .scale = 2.0, .fitted = {&square}};
+  EXPECT_NEAR(inkOn(renderPicture(scene.node(), options), BLACK).width(), 200, 2) << "a narrow picture";
+  lum::setShown(square, false);
+  EXPECT_THROW(renderPicture(scene.node(), options), NothingToFit);
+}
+
+TEST(ScenePictureTest, LeavesTheBackgroundTransparent) {
+  RenderScene scene;
+  lum::setBackground(scene.node(), {1, 0, 1}, {0, 1, 1});
+  for (const auto& [left, opacity] : {std::pair(-1.0F, 1.0), std::pair(0.0F, 0.5)}) {
+    auto& surface = scene.addSurface(makeRectangle(left, left + 1, -0.5, 0.5), {0, 0, 0});
+    surface.getColorAttributes()->setOpacity(opacity, false);
+  }
+  const Picture picture = renderPicture(scene.node(), {.width = SIZE, .height = SIZE, .isTransparent = true});
+  const auto opacityAt = [&](int column, int row) {
+    return picture.getBytes()[static_cast<std::size_t>(4 * (row * SIZE + column) + 3)];
+  };
+  EXPECT_EQ(opacityAt(SIZE / 4, MIDDLE), 255);
+  EXPECT_NEAR(opacityAt(3 * SIZE / 4, MIDDLE), 128, 1);
+  EXPECT_EQ(opacityAt(MIDDLE, 1), 0);
+  EXPECT_THROW(picture.toJpeg(), InternalError);
 }
 
 }  // namespace

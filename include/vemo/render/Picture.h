@@ -14,24 +14,31 @@ class vtkRenderWindow;
 namespace vemo {
 
 /// A picture: rows of pixels from top to bottom, three bytes (red, green, blue)
-/// a pixel.
+/// a pixel, or four (and opacity).
 class VEMO_RENDER_EXPORT Picture {
  public:
   static constexpr int CHANNELS = 3;
+  static constexpr int CHANNELS_WITH_OPACITY = 4;
   /// The first bytes of every PNG file.
   static constexpr std::string_view PNG_SIGNATURE = "\x89PNG\r\n\x1A\n";
+  /// The first bytes of every JPEG file.
+  static constexpr std::string_view JPEG_SIGNATURE = "\xFF\xD8\xFF";
   using Pixel = std::array<std::uint8_t, CHANNELS>;
 
   /// A black picture. Sizes are in pixels, at least 1.
-  Picture(int width, int height);
+  Picture(int width, int height, int channels = CHANNELS);
 
   /// What a render window shows, read back from it. The window has been drawn,
   /// larger by a factor of 1 or 2 that divides its width and height: each pixel
   /// is the mean of a square.
   static Picture of(vtkRenderWindow& window, int enlargement = 1);
 
+  /// The picture, with opacities, of what has been drawn on black and on white.
+  static Picture withOpacity(const Picture& onBlack, const Picture& onWhite);
+
   int getWidth() const { return _width; }
   int getHeight() const { return _height; }
+  int getChannels() const { return _channels; }
 
   /// The pixel in a column, counted from the left, and a row, counted from the
   /// top.
@@ -48,6 +55,10 @@ class VEMO_RENDER_EXPORT Picture {
   /// PictureWriteError is thrown, unchanged.
   void writePng(const std::filesystem::path& path) const;
 
+  /// The same as a JPEG file, of a picture without opacities.
+  std::vector<std::uint8_t> toJpeg() const;
+  void writeJpeg(const std::filesystem::path& path) const;
+
   friend bool operator==(const Picture&, const Picture&) = default;
 
  private:
@@ -56,6 +67,7 @@ class VEMO_RENDER_EXPORT Picture {
 
   int _width;
   int _height;
+  int _channels;
   std::vector<std::uint8_t> _bytes;
 };
 

@@ -21,6 +21,13 @@ class VEMO_RENDER_EXPORT RenderingUnavailable : public RenderError {
   ~RenderingUnavailable() override;
 };
 
+/// What is to fill a picture shows no geometry.
+class VEMO_RENDER_EXPORT NothingToFit : public RenderError {
+ public:
+  using RenderError::RenderError;
+  ~NothingToFit() override;
+};
+
 /// A picture could not be written to its file.
 class VEMO_RENDER_EXPORT PictureWriteError : public RenderError {
  public:

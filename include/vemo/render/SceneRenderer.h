@@ -5,11 +5,13 @@
 
 #include <memory>
 #include <optional>
+#include <span>
 
 class vtkRenderWindow;
 namespace lum {
 class Drawable;
 class SceneNode;
+struct ViewDirection;
 }  // namespace lum
 
 namespace vemo {
@@ -71,6 +73,23 @@ class VEMO_RENDER_EXPORT SceneRenderer {
 
   /// Frames the visible part of the model, seen from the current direction.
   void frameModel();
+
+  /// The same, with no more room around it in parallel projection than a margin.
+  void fitModel();
+
+  /// The same of the visible geometry of some drawables of the model. False, without a
+  /// change, when they show none.
+  bool fit(std::span<const lum::Drawable* const> drawables);
+
+  /// Fits the visible part of the model, seen from another direction in parallel
+  /// projection.
+  void look(const lum::ViewDirection& direction);
+
+  /// Of the model in perspective, from top to bottom, in degrees.
+  void setViewAngle(double degrees);
+
+  /// Fills the background with one colour: red, green, blue in 0..1.
+  void setBackground(const Vector3& color);
 
  private:
   struct State;

@@ -1,4 +1,5 @@
 #include "base/AtomicFile.h"
+#include "vemoview/render/JpegEncoder.h"
 #include "vemoview/render/PixelMeans.h"
 #include "vemoview/render/PngEncoder.h"
 #include <vemo/base/InternalError.h>
@@ -20,11 +21,51 @@ namespace {
 /// few calls.
 constexpr int ROWS_AT_ONCE = 64;
 
+constexpr int OPAQUE = 255;
+
+void write(const std::filesystem::path& path, const std::vector<std::uint8_t>& bytes) {
+  try {
+    OS::writeAtomically(path, bytes);
+  } catch (const OS::FileWriteError& error) {
+    throw PictureWriteError(error.what());
+  }
+}
+
+/// A channel on black is that of the colour as far as it is opaque; white shines through
+/// the rest. Rounding may make the channels' opacities differ: the greatest leaves no
+/// channel brighter than it can be.
+void addOpacity(const std::uint8_t* onBlack, const std::uint8_t* onWhite, std::uint8_t* to) {
+  int opacity = 0;
+  for (std::ptrdiff_t i = 0; i < Picture::CHANNELS; ++i) {
+    opacity = std::max(opacity, OPAQUE - (onWhite[i] - onBlack[i]));
+  }
+  opacity = std::min(opacity, OPAQUE);
+  for (std::ptrdiff_t i = 0; i < Picture::CHANNELS && opacity > 0; ++i) {
+    to[i] = static_cast<std::uint8_t>(std::min(OPAQUE, (onBlack[i] * OPAQUE + opacity / 2) / opacity));
+  }
+  to[Picture::CHANNELS] = static_cast<std::uint8_t>(opacity);
+}
+
 }  // namespace
 
-Picture::Picture(int width, int height) : _width(width), _height(height) {
+Picture::Picture(int width, int height, int channels) : _width(width), _height(height), _channels(channels) {
   VEMO_REQUIRE(width > 0 && height > 0, "A picture has at least one pixel");
-  _bytes.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * CHANNELS);
+  VEMO_REQUIRE(channels == CHANNELS || channels == CHANNELS_WITH_OPACITY, "Pixels have three or four bytes");
+  _bytes.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) *
+                static_cast<std::size_t>(channels));
+}
+
+Picture Picture::withOpacity(const Picture& onBlack, const Picture& onWhite) {
+  VEMO_REQUIRE(onBlack._width == onWhite._width && onBlack._bytes.size() == onWhite._bytes.size() &&
+                   onBlack._channels == CHANNELS && onWhite._channels == CHANNELS,
+               "The pictures are of the same size");
+  Picture picture(onBlack._width, onBlack._height, CHANNELS_WITH_OPACITY);
+  const std::size_t pixels = onBlack._bytes.size() / CHANNELS;
+  for (std::size_t i = 0; i < pixels; ++i) {
+    addOpacity(&onBlack._bytes[i * CHANNELS], &onWhite._bytes[i * CHANNELS],
+               &picture._bytes[i * CHANNELS_WITH_OPACITY]);
+  }
+  return picture;
 }
 
 Picture Picture::of(vtkRenderWindow& window, int enlargement) {
@@ -62,7 +103,7 @@ std::size_t Picture::offset(int column, int row) const {
   VEMO_REQUIRE(column >= 0 && column < _width && row >= 0 && row < _height, "No such pixel");
   return (static_cast<std::size_t>(row) * static_cast<std::size_t>(_width) +
           static_cast<std::size_t>(column)) *
-         CHANNELS;
+         static_cast<std::size_t>(_channels);
 }
 
 Picture::Pixel Picture::at(int column, int row) const {
@@ -79,11 +120,15 @@ std::vector<std::uint8_t> Picture::toPng() const {
 }
 
 void Picture::writePng(const std::filesystem::path& path) const {
-  try {
-    OS::writeAtomically(path, toPng());
-  } catch (const OS::FileWriteError& error) {
-    throw PictureWriteError(error.what());
-  }
+  write(path, toPng());
+}
+
+std::vector<std::uint8_t> Picture::toJpeg() const {
+  return encodeJpeg(*this);
+}
+
+void Picture::writeJpeg(const std::filesystem::path& path) const {
+  write(path, toJpeg());
 }
 
 }  // namespace vemo

@@ -40,10 +40,12 @@ void appendChunk(Bytes& bytes, std::string_view type, std::span<const std::uint8
 Bytes headerOf(const Picture& picture) {
   constexpr std::uint8_t BITS_PER_CHANNEL = 8;
   constexpr std::uint8_t RGB = 2;
+  constexpr std::uint8_t RGBA = 6;
   Bytes header;
   append(header, static_cast<std::uint32_t>(picture.getWidth()));
   append(header, static_cast<std::uint32_t>(picture.getHeight()));
-  header.insert(header.end(), {BITS_PER_CHANNEL, RGB, 0, 0, 0});
+  header.insert(header.end(),
+                {BITS_PER_CHANNEL, picture.getChannels() == Picture::CHANNELS ? RGB : RGBA, 0, 0, 0});
   return header;
 }
 
@@ -52,7 +54,8 @@ Bytes headerOf(const Picture& picture) {
 Bytes filtered(const Picture& picture) {
   constexpr std::uint8_t UP = 2;
   const Bytes& pixels = picture.getBytes();
-  const std::size_t rowBytes = static_cast<std::size_t>(picture.getWidth()) * Picture::CHANNELS;
+  const std::size_t rowBytes =
+      static_cast<std::size_t>(picture.getWidth()) * static_cast<std::size_t>(picture.getChannels());
   const Bytes black(rowBytes);
   const std::uint8_t* above = black.data();
   Bytes rows(pixels.size() + static_cast<std::size_t>(picture.getHeight()));

@@ -6,6 +6,7 @@ namespace vemo {
 // libraries.
 RenderError::~RenderError() = default;
 RenderingUnavailable::~RenderingUnavailable() = default;
+NothingToFit::~NothingToFit() = default;
 PictureWriteError::~PictureWriteError() = default;
 
 }  // namespace vemo

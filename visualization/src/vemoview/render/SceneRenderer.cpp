@@ -3,6 +3,7 @@
 #include "vemoview/render/draw/SelectionHighlight.h"
 #include <vemo/render/SceneRenderer.h>
 #include <vemo/resolve/SceneResolver.h>
+#include <vemo/scenegraph/edit/View.h>
 
 #include <vtkActor.h>
 #include <vtkActorCollection.h>
@@ -76,7 +77,7 @@ struct SceneRenderer::State {
 SceneRenderer::State::State(const lum::SceneNode& scene) : resolver(scene) {
   ResolvedScene resolved = resolver.resolve();
   background->InteractiveOff();
-  setBackground(*background, resolved.background);
+  vemo::setBackground(*background, resolved.background);
   for (ResolvedCanvas& canvas : resolved.canvases) {
     addLayer(std::move(canvas));
   }
@@ -205,6 +206,43 @@ void SceneRenderer::resetView() {
   for (const auto& layer : _state->layers) {
     layer->resetView();
   }
+}
+
+void SceneRenderer::fitModel() {
+  if (_state->model != nullptr) {
+    _state->model->fit();
+  }
+}
+
+bool SceneRenderer::fit(std::span<const lum::Drawable* const> drawables) {
+  DrawableSet parts;
+  for (const lum::Drawable* const drawable : drawables) {
+    parts.merge(visibleParts(*drawable));
+  }
+  const Box bounds = _state->model != nullptr ? _state->model->boundsOf(parts) : Box();
+  if (!bounds.isEmpty()) {
+    _state->model->fit(bounds);
+  }
+  return !bounds.isEmpty();
+}
+
+void SceneRenderer::look(const lum::ViewDirection& direction) {
+  if (_state->model != nullptr) {
+    _state->model->look({.viewpoint = CanvasCamera::Viewpoint{-1.0 * direction.forward, {}, direction.viewUp},
+                         .isParallel = true,
+                         .parallelScale = std::nullopt});
+    _state->model->fit();
+  }
+}
+
+void SceneRenderer::setViewAngle(double degrees) {
+  if (_state->model != nullptr) {
+    _state->model->getRenderer().GetActiveCamera()->SetViewAngle(degrees);
+  }
+}
+
+void SceneRenderer::setBackground(const Vector3& color) {
+  vemo::setBackground(*_state->background, SolidBackground{color});
 }
 
 void SceneRenderer::frameModel() {

@@ -107,6 +107,7 @@ void apply(vtkRenderer& renderer, const Gradient& background) {
 }  // namespace
 
 void setBackground(vtkRenderer& renderer, const Background& background) {
+  renderer.RemoveAllViewProps();
   std::visit([&](const auto& kind) { apply(renderer, kind); }, background);
 }
 

@@ -75,6 +75,21 @@ void CanvasLayer::resetView() {
   setCamera(getRenderer(), _canvas.camera, _placesOfTexts);
 }
 
+void CanvasLayer::look(const CanvasCamera& camera) {
+  setCamera(getRenderer(), camera, _placesOfTexts);
+}
+
+void CanvasLayer::fit() {
+  if (const Box bounds = visibleBounds(getRenderer(), _placesOfTexts); !bounds.isEmpty()) {
+    fit(bounds);
+  }
+}
+
+void CanvasLayer::fit(const Box& box) {
+  fitBox(getRenderer(), box);
+  getRenderer().ResetCameraClippingRange();
+}
+
 void CanvasLayer::frameAll() {
   vemo::frameAll(getRenderer(), _placesOfTexts);
 }

@@ -38,8 +38,17 @@ class CanvasLayer {
   /// Points the camera as the canvas says.
   void resetView();
 
+  /// Points the camera elsewhere, until the view is reset.
+  void look(const CanvasCamera& camera);
+
+  /// Moves the camera so that what is visible fills the view from its direction.
+  void fit();
+
   /// Moves the camera so that everything is seen.
   void frameAll();
+
+  /// Moves the camera so that a box fills the view.
+  void fit(const Box& box);
 
   /// Around the visible parts of some drawables.
   Box boundsOf(const DrawableSet& drawables) const;

@@ -7,6 +7,9 @@
 #include <vtkLight.h>
 #include <vtkRenderer.h>
 
+#include <algorithm>
+#include <cmath>
+
 namespace vemo {
 
 namespace {
@@ -24,6 +27,19 @@ vtkSmartPointer<vtkLight> makeHeadlight() {
   auto light = vtkSmartPointer<vtkLight>::New();
   light->SetLightTypeToHeadlight();
   return light;
+}
+
+void frameBox(vtkRenderer& renderer, const Box& box) {
+  renderer.ResetCamera(box.low[0], box.high[0], box.low[1], box.high[1], box.low[2], box.high[2]);
+}
+
+/// The length of the box's shadow on a line.
+double extentAlong(const Vector3& direction, const Box& box) {
+  double extent = 0.0;
+  for (std::size_t axis = 0; axis < 3; ++axis) {
+    extent += std::abs(direction[axis]) * (box.high[axis] - box.low[axis]);
+  }
+  return extent;
 }
 
 }  // namespace
@@ -47,14 +63,34 @@ void pointCamera(vtkCamera& view, const CanvasCamera& camera) {
   }
 }
 
-void frameAll(vtkRenderer& renderer, Box others) {
+void fitBox(vtkRenderer& renderer, const Box& box) {
+  constexpr double MARGIN = 1.05;
+  frameBox(renderer, box);
+  vtkCamera& camera = *renderer.GetActiveCamera();
+  if (camera.GetParallelProjection() == 0) {
+    return;
+  }
+  const Vector3 forward = toVector(camera.GetDirectionOfProjection());
+  const Vector3 right = normalized(cross(forward, toVector(camera.GetViewUp())));
+  const double height = extentAlong(cross(right, forward), box);
+  const double scale = std::max(height, extentAlong(right, box) / renderer.GetTiledAspectRatio()) / 2.0;
+  // A point or a line has no size.
+  if (scale > 0.0) {
+    camera.SetParallelScale(scale * MARGIN);
+  }
+}
+
+Box visibleBounds(vtkRenderer& renderer, Box others) {
   if (const vtkBoundingBox props(renderer.ComputeVisiblePropBounds()); props.IsValid()) {
     others.add(toVector(props.GetMinPoint()));
     others.add(toVector(props.GetMaxPoint()));
   }
-  if (!others.isEmpty()) {
-    renderer.ResetCamera(others.low[0], others.high[0], others.low[1], others.high[1], others.low[2],
-                         others.high[2]);
+  return others;
+}
+
+void frameAll(vtkRenderer& renderer, const Box& others) {
+  if (const Box box = visibleBounds(renderer, others); !box.isEmpty()) {
+    frameBox(renderer, box);
   }
 }
 

@@ -18,9 +18,16 @@ namespace vemo {
 /// Sets position, direction and projection of a camera, as far as they are stated.
 void pointCamera(vtkCamera& view, const CanvasCamera& camera);
 
+/// Moves a renderer's camera so that a box that is not empty is in the picture; a parallel
+/// camera so that it fills the picture, apart from a margin.
+void fitBox(vtkRenderer& renderer, const Box& box);
+
+/// The box around all visible actors, and the box `others`.
+Box visibleBounds(vtkRenderer& renderer, Box others);
+
 /// Moves a renderer's camera so that all visible actors are in the picture, and the box
-/// `others`.
-void frameAll(vtkRenderer& renderer, Box others);
+/// `others`, from whatever direction they are seen.
+void frameAll(vtkRenderer& renderer, const Box& others);
 
 /// Sets a renderer's camera, framing everything as far as the view is not stated:
 /// the actors must have been added.
