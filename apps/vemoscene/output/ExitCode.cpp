@@ -6,6 +6,7 @@
 #include <vemo/import/Exception.h>
 #include <vemo/import/FaultFinding.h>
 #include <vemo/render/RenderErrors.h>
+#include <vemo/scenegraph/edit/EditError.h>
 #include <vemo/scenegraph/io/FileError.h>
 
 #include <fmt/format.h>
@@ -76,6 +77,10 @@ ExitCode reportFailure(const std::string& file) {
     return report(static_cast<ExitCode>(error.getStatus()), file, error.what());
   } catch (const RenderingUnavailable& error) {
     return report(ExitCode::UNAVAILABLE, error.what());
+  } catch (const lum::EditError& error) {
+    return report(ExitCode::WRONG_USAGE, file, error.what());
+  } catch (const NothingToFit& error) {
+    return report(ExitCode::WRONG_USAGE, file, error.what());
   } catch (const PictureWriteError& error) {
     return report(ExitCode::CANNOT_WRITE, error.what());
   } catch (const OS::FileWriteError& error) {
