@@ -1,9 +1,12 @@
 #include "Command.h"
 
+#include "base/NearNames.h"
 #include <vemo/base/InternalError.h>
 
 #include <CLI/CLI.hpp>
+#include <fmt/format.h>
 #include <map>
+#include <set>
 #include <string>
 
 namespace vemo {
@@ -26,6 +29,19 @@ void Subcommand::addAll(CLI::App& app, Command& command) {
   for (const auto& [position, add] : getRegistered()) {
     add(app, command);
   }
+}
+
+std::string Subcommand::describeUnknown(const CLI::App& app, const std::string& name) {
+  std::set<std::string> names;
+  for (const CLI::App* const subcommand : app.get_subcommands([](const CLI::App*) { return true; })) {
+    names.insert(subcommand->get_name());
+  }
+  return names.contains(name) ? std::string()
+                              : fmt::format("There is no command \"{}\"{}", name, suggestNames(name, names));
+}
+
+void addFilesArgument(CLI::App& app, std::vector<std::string>& files) {
+  app.add_option("FILE", files, "The scene archives or databases to read; - is standard input")->required();
 }
 
 void addFailOnOption(CLI::App& app, Command& command) {

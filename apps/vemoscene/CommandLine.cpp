@@ -1,16 +1,20 @@
 #include "CommandLine.h"
 
 #include "Command.h"
+#include "InputFile.h"
 #include "TemporaryFiles.h"
 #include "base/MemoryReserve.h"
+#include "base/NearNames.h"
 #include "output/Messages.h"
 #include "output/ResultStream.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/import/DetectScene.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <csignal>
 #include <fcntl.h>
+#include <set>
 #include <sstream>
 #include <unistd.h>
 
@@ -30,39 +34,96 @@ void holdStandardStreams() {
   }
 }
 
+void print(const std::string& text) {
+  ResultStream out;
+  out << text;
+  out.finish();
+}
+
+/// The names of the options of a command, or of the program's.
+std::set<std::string> optionsOf(const CLI::App& app) {
+  const auto chosen = app.get_subcommands();
+  std::set<std::string> names;
+  for (const CLI::Option* const option : (chosen.empty() ? &app : chosen.front())->get_options()) {
+    for (const std::string& name : option->get_lnames()) {
+      names.insert("--" + name);
+    }
+  }
+  return names;
+}
+
+/// What is wrong with arguments that the parser does not know, in its words or better ones.
+std::string describeUnknown(CLI::App& app, std::string complaint) {
+  const std::vector<std::string> unknown = app.remaining(true);
+  const std::string first = unknown.empty() ? std::string() : unknown.front();
+  const std::size_t end = std::min(complaint.find('\n'), complaint.size());
+  if (first.starts_with('-')) {
+    complaint.insert(end, suggestNames(first.substr(0, first.find('=')), optionsOf(app)));
+  } else if (app.get_subcommands().empty()) {
+    complaint.replace(0, end, Subcommand::describeUnknown(app, first));
+  }
+  return complaint;
+}
+
 /// Prints the help that was asked for, or what is wrong with the arguments.
-ExitCode answer(const CLI::App& app, const CLI::ParseError& error) {
+ExitCode answer(CLI::App& app, const CLI::ParseError& error) {
   std::ostringstream help;
   std::ostringstream complaint;
-  if (app.exit(error, help, complaint) != 0) {
-    showMessage(complaint.str());
-    return ExitCode::WRONG_USAGE;
+  if (app.exit(error, help, complaint) == 0) {
+    print(help.str());
+    return ExitCode::DONE;
   }
-  ResultStream out;
-  out << help.str();
-  out.finish();
-  return ExitCode::DONE;
+  const bool isUnknown = dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr;
+  showMessage(isUnknown ? describeUnknown(app, complaint.str()) : complaint.str());
+  return ExitCode::WRONG_USAGE;
 }
 
 /// Fills the command, unless the arguments only asked for help or the version.
 ExitCode parse(int argc, char** argv, Command& command) {
   CLI::App app("Inspect, convert and draw scene files of both generations.", "vemoscene");
-  app.set_version_flag("--version", "vemoscene " VEMO_VERSION, "Print the version and exit");
+  app.set_version_flag("-V,--version", "vemoscene " VEMO_VERSION, "Print the version and exit");
   app.set_help_flag("-h,--help", "Print this help and exit");
   app.footer(describeExitCodes());
   app.require_subcommand(0, 1);
   Subcommand::addAll(app, command);
   try {
     app.parse(argc, argv);
-    // Checked here because the parser's own check does not name an unknown
-    // subcommand.
-    if (!command.run) {
-      throw CLI::RequiredError::Subcommand(1);
-    }
   } catch (const CLI::ParseError& error) {
     return answer(app, error);
   }
+  // The parser's own check would not name an unknown subcommand.
+  if (app.get_subcommands().empty()) {
+    showMessage("A command is required\n" + app.help());
+    return ExitCode::WRONG_USAGE;
+  }
   return ExitCode::DONE;
+}
+
+ExitCode runJob(Command& command, const Command::Job& job) {
+  try {
+    command.file = job.file;
+    startMessages(command.jobs.size() > 1 ? job.file : std::string());
+    requireReadable(toWidePath(readableFile(job.file)));
+    job.run();
+    return command.result;
+  } catch (...) {
+    waitWhenEnding();
+    const ExitCode code = reportFailure(command.file);
+    return command.failureCode.value_or(code);
+  }
+}
+
+/// Returns the worst exit code.
+ExitCode runJobs(Command& command) {
+  std::vector<ExitCode> codes;
+  for (const Command::Job& job : command.jobs) {
+    codes.push_back(runJob(command, job));
+  }
+  if (command.summarize && codes.size() > 1) {
+    command.summarize(codes);
+  }
+  const bool isFound = command.failOn && worstFinding() >= command.failOn;
+  return std::max(*std::ranges::max_element(codes), isFound ? ExitCode::FOUND : ExitCode::DONE);
 }
 
 }  // namespace
@@ -79,19 +140,13 @@ ExitCode runCommandLine(int argc, char** argv) {
     static const OS::MemoryReserve reserve;
     showLog();
     const ExitCode code = parse(argc, argv, command);
-    if (command.run) {
-      requireReadable(toWidePath(command.file));
-      command.run();
-      if (command.failOn && worstFinding() >= command.failOn) {
-        return ExitCode::FOUND;
-      }
-      return command.result;
+    if (!command.answer.empty()) {
+      print(command.answer);
     }
-    return code;
+    return command.jobs.empty() || code != ExitCode::DONE ? code : runJobs(command);
   } catch (...) {
     waitWhenEnding();
-    const ExitCode code = reportFailure(command.file);
-    return command.failureCode.value_or(code);
+    return reportFailure(command.file);
   }
 }
 

@@ -1,5 +1,6 @@
 #include "FileChecks.h"
 
+#include "InputFile.h"
 #include "output/ExitCode.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/import/DetectScene.h>
@@ -11,6 +12,9 @@
 namespace vemo {
 
 void rejectSameFile(const std::string& file, const std::string& output) {
+  if (isStandardInput(file)) {
+    return;
+  }
   namespace fs = std::filesystem;
   std::error_code ignored;
   // Neither needs to exist yet.
@@ -23,7 +27,7 @@ void rejectSameFile(const std::string& file, const std::string& output) {
 }
 
 void requireArchive(const std::string& file) {
-  if (detectScene(toWidePath(file)) == SceneKind::DATABASE) {
+  if (detectScene(toWidePath(readableFile(file))) == SceneKind::DATABASE) {
     throw Failure(ExitCode::UNSUPPORTED_FORMAT,
                   fmt::format("\"{}\" is a database: only archives have a ledger", file));
   }

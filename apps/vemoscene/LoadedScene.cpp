@@ -1,5 +1,6 @@
 #include "LoadedScene.h"
 
+#include "InputFile.h"
 #include "output/ExitCode.h"
 #include "output/Messages.h"
 #include <vemo/base/PrintableText.h>
@@ -16,7 +17,7 @@ const OpenedScene& loadScene(const std::string& file) {
   static auto& scene = *new std::optional<OpenedScene>;
   scene.reset();
   Progress progress(fmt::format("Reading {}", toPrintable(file)));
-  return scene.emplace(openScene(toWidePath(file), progress.getReport()));
+  return scene.emplace(openScene(toWidePath(readableFile(file)), progress.getReport()));
 }
 
 lum::SceneNode& requireSceneNode(const OpenedScene& scene, const std::string& file) {

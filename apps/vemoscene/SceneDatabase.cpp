@@ -1,5 +1,6 @@
 #include "SceneDatabase.h"
 
+#include "InputFile.h"
 #include "TemporaryFiles.h"
 #include "output/Messages.h"
 #include <vemo/base/PrintableText.h>
@@ -12,7 +13,7 @@
 
 namespace vemo {
 
-SceneDatabase::SceneDatabase(const std::string& file) : _database(toWidePath(file)) {
+SceneDatabase::SceneDatabase(const std::string& file) : _database(toWidePath(readableFile(file))) {
   if (detectScene(_database) == SceneKind::ARCHIVE) {
     useOwnTemporaryFolder();
     Progress progress(fmt::format("Reading {}", toPrintable(file)));

@@ -208,9 +208,12 @@ fs::path useOwnTemporaryFolder() {
 }
 
 void removePartialOutputWhenEnded() {
-  const sigset_t signals = blockEndingSignals();
-  const std::lock_guard lock(cleanUps().mutex);
-  callWhenEnded(signals, OS::removeUncommittedFiles);
+  static bool isDone = false;
+  if (!std::exchange(isDone, true)) {
+    const sigset_t signals = blockEndingSignals();
+    const std::lock_guard lock(cleanUps().mutex);
+    callWhenEnded(signals, OS::removeUncommittedFiles);
+  }
 }
 
 }  // namespace vemo

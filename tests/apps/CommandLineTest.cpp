@@ -109,9 +109,24 @@ TEST_F(CommandLineTest, AnswersAsInTheTranscript) {
   EXPECT_THAT(readFile(_folder / "cold.jsonl"), HasSubstr(R"("value": "cold", "findings": )"));
 }
 
+TEST_F(CommandLineTest, ReadsStandardInput) {
+  fs::copy(_folder / "scene.zip", _folder / ".in");
+  EXPECT_TRUE(run({"convert", "-", "-"}).out == readFile(_folder / "scene.sdb"));
+  EXPECT_THAT(run({"info", "-"}).out, HasSubstr("SceneNode"));
+  EXPECT_EQ(run({"diff", "-", "scene.sdb"}).exitCode, 0);
+  writeFile(_folder / ".in", "no scene at all");
+  const ProgramResult result = run({"check", "-", "scene.zip"});
+  EXPECT_EQ(result.exitCode, 3);
+  EXPECT_EQ(result.err, "vemoscene: Unknown file format \"standard input\"\n");
+  expectNoTemporaryFiles();
+}
+
 TEST_F(CommandLineTest, AnswersInTheWordsOfTheParser) {
   const std::pair<std::vector<std::string>, std::string> cases[] = {{{"--help"}, "Exit status:"},
                                                                     {{"--version"}, "vemoscene "},
+                                                                    {{"-V"}, "vemoscene "},
+                                                                    {{"help"}, "Exit status:"},
+                                                                    {{"help", "render"}, "--size WxH"},
                                                                     {{"convert", "--help"}, "database (.sdb"},
                                                                     {{"render", "--help"}, "--size WxH"}};
   for (const auto& [arguments, expected] : cases) {

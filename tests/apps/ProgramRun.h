@@ -24,7 +24,8 @@ struct ProgramResult {
   std::string err;
 };
 
-/// A run of the program in a folder, with temporary files in another.
+/// A run of the program in a folder, with temporary files in another. Standard input is the
+/// file ".in".
 class ProgramRun {
  public:
   /// Starts it. With an output path standard output goes there.
@@ -46,6 +47,7 @@ class ProgramRun {
       // A program that hangs ends by the signal.
       alarm(60);
       if (chdir(folder.c_str()) == 0) {
+        dup2(open(".in", O_RDONLY | O_CLOEXEC), STDIN_FILENO);
         execv(VEMOSCENE_PROGRAM, argv.data());
       }
       _exit(127);

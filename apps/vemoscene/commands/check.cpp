@@ -1,4 +1,5 @@
 #include "Command.h"
+#include "InputFile.h"
 #include "output/ExitCode.h"
 #include "output/FindingPrinter.h"
 #include "output/Messages.h"
@@ -39,8 +40,16 @@ std::string countBySeverity(const FindingList& findings) {
                                         findings.size() == 1 ? "" : "s", text);
 }
 
-void print(std::ostream& out, const std::string& file, const FindingList& findings, bool asJson) {
-  if (asJson) {
+struct CheckArguments {
+  std::vector<std::string> files;
+  bool asJson = false;
+  /// Of all files.
+  FindingList findings{};
+};
+
+void print(std::ostream& out, const std::string& file, const FindingList& findings,
+           const CheckArguments& arguments) {
+  if (arguments.asJson) {
     lum::JsonWriter json(out);
     json.beginObject();
     json.key("path");
@@ -51,19 +60,21 @@ void print(std::ostream& out, const std::string& file, const FindingList& findin
     return;
   }
   for (const Finding& finding : findings) {
-    out << toPrintable(describe(finding)) << '\n';
+    out << (arguments.files.size() > 1 ? toPrintable(file) + ": " : "") << toPrintable(describe(finding))
+        << '\n';
   }
   out << fmt::format("{}: {}\n", toPrintable(file), countBySeverity(findings));
 }
 
-void runCheck(const std::string& file, bool asJson) {
+void runCheck(const std::string& file, CheckArguments& arguments) {
   const FindingList findings = [&file] {
     const Progress progress(fmt::format("Checking {}", toPrintable(file)));
-    return checkScene(toWidePath(file));
+    return checkScene(toWidePath(readableFile(file)));
   }();
   ResultStream out;
-  print(out, file, findings, asJson);
+  print(out, file, findings, arguments);
   out.finish();
+  arguments.findings.insert(arguments.findings.end(), findings.begin(), findings.end());
   const auto isRefused = [](const Finding& finding) { return finding.getSeverity() == Severity::REFUSED; };
   if (std::ranges::any_of(findings, isRefused)) {
     throw Failure(ExitCode::READ_ERROR, "");
@@ -71,17 +82,26 @@ void runCheck(const std::string& file, bool asJson) {
   std::ranges::for_each(findings, noteFinding);
 }
 
+void summarizeChecks(const CheckArguments& arguments) {
+  if (!arguments.asJson) {
+    ResultStream out;
+    out << fmt::format("{} files: {}\n", arguments.files.size(), countBySeverity(arguments.findings));
+    out.finish();
+  }
+}
+
 void addCheckCommand(CLI::App& app, Command& command) {
-  const auto file = std::make_shared<std::string>();
-  const auto asJson = std::make_shared<bool>(false);
+  const auto arguments = std::make_shared<CheckArguments>();
   CLI::App* const checkApp = app.add_subcommand(
-      "check", "List everything wrong or suspicious in a scene file; also verifies checksums");
-  checkApp->add_option("FILE", *file, "The scene archive or database to read")->required();
-  checkApp->add_flag("--json", *asJson, "Print one JSON object, for programs");
+      "check", "List everything wrong or suspicious in scene files; also verifies checksums");
+  addFilesArgument(*checkApp, arguments->files);
+  checkApp->add_flag("--json", arguments->asJson, "Print one JSON object for each FILE, for programs");
   addFailOnOption(*checkApp, command);
-  checkApp->callback([file, asJson, &command] {
-    command.file = *file;
-    command.run = [file, asJson] { runCheck(*file, *asJson); };
+  checkApp->callback([arguments, &command] {
+    for (const std::string& file : arguments->files) {
+      command.jobs.push_back({file, [file, arguments] { runCheck(file, *arguments); }});
+    }
+    command.summarize = [arguments](const std::vector<ExitCode>& /*codes*/) { summarizeChecks(*arguments); };
   });
 }
 

@@ -1,5 +1,7 @@
 #include "Command.h"
+#include "FileArguments.h"
 #include "FileChecks.h"
+#include "InputFile.h"
 #include "LedgerFile.h"
 #include "OutputFile.h"
 #include "TemporaryFiles.h"
@@ -19,6 +21,7 @@ namespace vemo {
 namespace {
 
 struct ConvertArguments {
+  FileArguments files;
   ExportRequest request;
   std::string ledger;
   bool force = false;
@@ -44,20 +47,24 @@ void prepareLedger(const ConvertArguments& arguments, ExportRequest& request) {
   };
 }
 
-void convert(const ConvertArguments& arguments) {
+void convert(const ConvertArguments& arguments, const FileArguments::Paths& paths) {
   ExportRequest request = arguments.request;
+  request.file = paths.file;
+  request.output = paths.output;
   rejectSameFile(request.file, request.output);
   const ExportFormat& format = findExportFormat(request.output);
   const bool toStandardOutput = isStandardOutput(request.output);
   if (toStandardOutput && request.verify) {
     throw Failure(ExitCode::WRONG_USAGE, "Standard output cannot be read back and verified");
   }
+  arguments.files.makeFolder();
   checkOutput(request.output, format.kind, arguments.force);
   if (!arguments.ledger.empty()) {
     prepareLedger(arguments, request);
   }
   Progress progress(fmt::format("Converting {}", toPrintable(request.file)));
   request.progress = progress.getReport();
+  request.file = readableFile(request.file);
   if (toStandardOutput) {
     request.output = useOwnTemporaryFolder() / "output";
   }
@@ -72,11 +79,7 @@ void addConvertCommand(CLI::App& app, Command& command) {
   ExportRequest& request = arguments->request;
   CLI::App* const convertApp =
       app.add_subcommand("convert", "Convert a scene to the format of OUT, usually a scene-graph database");
-  convertApp->add_option("FILE", request.file, "The scene archive or database to read")->required();
-  convertApp
-      ->add_option("OUT", request.output,
-                   "The file to write: " + listExportFormats() + "; - is standard output")
-      ->required();
+  arguments->files.addTo(*convertApp, "The file to write: " + listExportFormats());
   convertApp->add_flag("--force", arguments->force, "Also replace files of other kinds");
   convertApp->add_flag("--verify", request.verify,
                        "Read OUT back, compare it with what was to be written, and print what was compared; "
@@ -86,8 +89,13 @@ void addConvertCommand(CLI::App& app, Command& command) {
       ->description("Write what became of each element, attribute and entry of an archive, as JSON lines");
   addFailOnOption(*convertApp, command);
   convertApp->callback([arguments, &command] {
-    command.file = arguments->request.file;
-    command.run = [arguments] { convert(*arguments); };
+    const auto all = arguments->files.getPaths(".sdb");
+    if (all.size() > 1 && !arguments->ledger.empty()) {
+      throw CLI::ValidationError("--ledger", "There is one for a single FILE only");
+    }
+    for (const FileArguments::Paths& paths : all) {
+      command.jobs.push_back({paths.file, [arguments, paths] { convert(*arguments, paths); }});
+    }
   });
 }
 

@@ -1,5 +1,6 @@
 #include "Command.h"
 #include "DatabaseComparison.h"
+#include "InputFile.h"
 #include "SceneDatabase.h"
 #include "output/Messages.h"
 #include "output/ResultStream.h"
@@ -140,7 +141,7 @@ bool printText(std::ostream& out, lum::SDBReader& left, lum::SDBReader& right,
 
 SceneDatabase open(const std::string& file, Command& command) {
   command.file = file;
-  requireReadable(toWidePath(file));
+  requireReadable(toWidePath(readableFile(file)));
   return SceneDatabase(file);
 }
 
@@ -188,9 +189,8 @@ void addDiffCommand(CLI::App& app, Command& command) {
    2  an error for which other commands exit with 2 to 6 or 70
   64  wrong usage)");
   diffApp->callback([options, &command] {
-    command.file = options->left;
     command.failureCode = ExitCode::TROUBLE;
-    command.run = [options, &command] { diff(*options, command); };
+    command.jobs.push_back({options->left, [options, &command] { diff(*options, command); }});
   });
 }
 

@@ -1,4 +1,5 @@
 #include "Command.h"
+#include "InputFile.h"
 #include "LoadedScene.h"
 #include "output/FindingPrinter.h"
 #include "output/Messages.h"
@@ -28,7 +29,7 @@ namespace vemo {
 namespace {
 
 struct InfoArguments {
-  std::string file;
+  std::vector<std::string> files;
   bool json = false;
   bool values = false;
 };
@@ -62,7 +63,8 @@ void printWarnings(lum::JsonWriter& json, const LogCapture::Log& log) {
   json.endArray();
 }
 
-void printJson(std::ostream& out, const Contents& contents, const InfoArguments& options) {
+void printJson(std::ostream& out, const std::string& file, const Contents& contents,
+               const InfoArguments& options) {
   const OpenedScene& scene = contents.scene;
   const bool isArchive = scene.kind == SceneKind::ARCHIVE;
   lum::JsonWriter json(out);
@@ -71,7 +73,7 @@ void printJson(std::ostream& out, const Contents& contents, const InfoArguments&
     json.value(text);
   };
   json.beginObject();
-  print("path", options.file);
+  print("path", file);
   print("format", isArchive ? "ZippedScene" : "SceneDatabase");
   printFindings(json, contents.log.findings);
   printWarnings(json, contents.log);
@@ -94,7 +96,7 @@ void printJson(std::ostream& out, const Contents& contents, const InfoArguments&
 
 void printEntries(std::ostream& out, const std::string& file) {
   constexpr int MAX_ENTRIES = 20;
-  const ZipFileReader archive(toWidePath(file));
+  const ZipFileReader archive(toWidePath(readableFile(file)));
   const int shown = std::min(archive.getEntryCount(), MAX_ENTRIES);
   std::size_t width = 0;
   for (int i = 0; i < shown; ++i) {
@@ -139,16 +141,19 @@ void printLog(std::ostream& out, const LogCapture::Log& log) {
   }
 }
 
-void printText(std::ostream& out, const Contents& contents, const InfoArguments& options) {
+const char* generationOf(const OpenedScene& scene) {
+  return scene.kind == SceneKind::ARCHIVE ? "Scene archive of the old generation" : "Scene-graph database";
+}
+
+void printText(std::ostream& out, const std::string& file, const Contents& contents) {
   const OpenedScene& scene = contents.scene;
   const bool isArchive = scene.kind == SceneKind::ARCHIVE;
   std::error_code ignored;
-  const auto size = std::filesystem::file_size(options.file, ignored);
-  out << fmt::format("{}\n{}, {}\n", toPrintable(options.file),
-                     isArchive ? "Scene archive of the old generation" : "Scene-graph database",
+  const auto size = std::filesystem::file_size(readableFile(file), ignored);
+  out << fmt::format("{}\n{}, {}\n", toPrintable(file), generationOf(scene),
                      lum::describeSize(static_cast<double>(size)));
   if (isArchive) {
-    printEntries(out, options.file);
+    printEntries(out, file);
   }
   printLog(out, contents.log);
   for (const OpenedScene::Record& record : scene.records) {
@@ -162,27 +167,51 @@ void printText(std::ostream& out, const Contents& contents, const InfoArguments&
   }
 }
 
-void info(const InfoArguments& options) {
-  const Contents contents = load(options.file);
+/// "wing.zip: Scene-graph database, 2 meshes, 30 points, 10 cells, 1 finding".
+void printLine(std::ostream& out, const std::string& file, const Contents& contents) {
+  out << fmt::format("{}: {}", toPrintable(file), generationOf(contents.scene));
+  for (const OpenedScene::Record& record : contents.scene.records) {
+    out << ", " << describeGeometry(*record.node);
+  }
+  const std::size_t findings = contents.log.findings.size();
+  out << fmt::format(", {} finding{}\n", findings, findings == 1 ? "" : "s");
+}
+
+void info(const std::string& file, const InfoArguments& options) {
+  const Contents contents = load(file);
   ResultStream out;
   if (options.json || options.values) {
-    printJson(out, contents, options);
+    printJson(out, file, contents, options);
+  } else if (options.files.size() > 1) {
+    printLine(out, file, contents);
   } else {
-    printText(out, contents, options);
+    printText(out, file, contents);
   }
   out.finish();
 }
 
+void summarize(const InfoArguments& options, const std::vector<ExitCode>& codes) {
+  if (!options.json && !options.values) {
+    const auto read = std::ranges::count(codes, ExitCode::DONE);
+    ResultStream out;
+    out << fmt::format("{} files: {} read, {} failed\n", codes.size(), read, std::ssize(codes) - read);
+    out.finish();
+  }
+}
+
 void addInfoCommand(CLI::App& app, Command& command) {
   const auto options = std::make_shared<InfoArguments>();
-  CLI::App* const infoApp = app.add_subcommand("info", "Print the format and content of a scene file");
-  infoApp->add_option("FILE", options->file, "The scene archive or database to read")->required();
-  infoApp->add_flag("--json", options->json, "Print one JSON object, for programs");
+  CLI::App* const infoApp = app.add_subcommand(
+      "info", "Print the format and content of a scene file; of several files, a line each");
+  addFilesArgument(*infoApp, options->files);
+  infoApp->add_flag("--json", options->json, "Print one JSON object for each FILE, for programs");
   infoApp->add_flag("--values", options->values, "Include all values of data arrays (implies --json)");
   addFailOnOption(*infoApp, command);
   infoApp->callback([options, &command] {
-    command.file = options->file;
-    command.run = [options] { info(*options); };
+    for (const std::string& file : options->files) {
+      command.jobs.push_back({file, [file, options] { info(file, *options); }});
+    }
+    command.summarize = [options](const std::vector<ExitCode>& codes) { summarize(*options, codes); };
   });
 }
 

@@ -1,4 +1,5 @@
 #include "Command.h"
+#include "FileArguments.h"
 #include "FileChecks.h"
 #include "LoadedScene.h"
 #include "output/ExitCode.h"
@@ -18,30 +19,30 @@ namespace vemo {
 namespace {
 
 struct RenderArguments {
-  std::string file;
-  std::string output;
+  FileArguments files;
   SceneChanges changes;
   RenderOptions picture;
   bool force = false;
 };
 
-Picture draw(const RenderArguments& arguments) {
-  const OpenedScene& scene = loadScene(arguments.file);
-  const Progress progress(fmt::format("Drawing {}", toPrintable(arguments.file)));
-  lum::SceneNode& node = requireSceneNode(scene, arguments.file);
+Picture draw(const RenderArguments& arguments, const std::string& file) {
+  const OpenedScene& scene = loadScene(file);
+  const Progress progress(fmt::format("Drawing {}", toPrintable(file)));
+  lum::SceneNode& node = requireSceneNode(scene, file);
   RenderOptions options = arguments.picture;
   applyChanges(arguments.changes, node, options);
   return renderPicture(node, options);
 }
 
-void render(const RenderArguments& arguments) {
-  rejectSameFile(arguments.file, arguments.output);
-  const FileKind& kind = findPictureKind(arguments.output);
+void render(const RenderArguments& arguments, const std::string& file, const std::string& output) {
+  rejectSameFile(file, output);
+  const FileKind& kind = findPictureKind(output);
   if (arguments.picture.isTransparent && !hasOpacity(kind)) {
     throw Failure(ExitCode::WRONG_USAGE, "A JPEG file cannot be transparent");
   }
-  checkOutput(arguments.output, kind, arguments.force);
-  writePicture(draw(arguments), kind, arguments.output);
+  arguments.files.makeFolder();
+  checkOutput(output, kind, arguments.force);
+  writePicture(draw(arguments, file), kind, output);
 }
 
 void requireSize(const RenderOptions& picture) {
@@ -67,19 +68,16 @@ void addRenderCommand(CLI::App& app, Command& command) {
   const auto arguments = std::make_shared<RenderArguments>();
   CLI::App* const renderApp =
       app.add_subcommand("render", "Draw a scene to a PNG or JPEG file; needs no display");
-  renderApp->add_option("FILE", arguments->file, "The scene archive or database to read")->required();
-  renderApp
-      ->add_option("OUT", arguments->output,
-                   "The picture to write, a PNG file (.png) or JPEG file (.jpg, .jpeg); - is standard output")
-      ->required();
+  arguments->files.addTo(*renderApp, "The picture to write, a PNG file (.png) or JPEG file (.jpg, .jpeg)");
   renderApp->add_flag("--force", arguments->force, "Also replace a file of another kind");
   addPictureOptions(*renderApp, arguments->picture);
   addSceneChanges(*renderApp, arguments->changes);
   addFailOnOption(*renderApp, command);
   renderApp->callback([arguments, &command] {
     requireSize(arguments->picture);
-    command.file = arguments->file;
-    command.run = [arguments] { render(*arguments); };
+    for (const auto& [file, output] : arguments->files.getPaths(".png")) {
+      command.jobs.push_back({file, [arguments, file, output] { render(*arguments, file, output); }});
+    }
   });
 }
 

@@ -45,10 +45,7 @@ void addViewCommand(CLI::App& app, Command& command) {
   CLI::App* const viewApp =
       app.add_subcommand("view", "Open a window to explore a scene: rotate, pan, zoom, hide and pick");
   viewApp->add_option("FILE", *file, "The scene archive or database to read")->required();
-  viewApp->callback([file, &command] {
-    command.file = *file;
-    command.run = [file] { view(*file); };
-  });
+  viewApp->callback([file, &command] { command.jobs.push_back({*file, [file] { view(*file); }}); });
 }
 
 const Subcommand VIEW(4, addViewCommand);

@@ -1,5 +1,6 @@
 #include "output/ExitCode.h"
 
+#include "InputFile.h"
 #include "base/AtomicFile.h"
 #include "output/Messages.h"
 #include <vemo/base/InternalError.h>
@@ -41,8 +42,10 @@ ExitCode report(ExitCode code, const std::string& message) {
 
 /// Adds the file's name to a message that does not contain it.
 ExitCode report(ExitCode code, const std::string& file, const std::string& message) {
-  const bool isNamed = message.find(file) != std::string::npos;
-  return report(code, isNamed ? message : fmt::format("{}: {}", file, message));
+  const std::string name = isStandardInput(file) ? "standard input" : file;
+  const std::string text = nameStandardInput(message);
+  const bool isNamed = text.find(name) != std::string::npos;
+  return report(code, isNamed ? text : fmt::format("{}: {}", name, text));
 }
 
 }  // namespace

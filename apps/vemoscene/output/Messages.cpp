@@ -43,10 +43,19 @@ std::optional<Severity>& worst() {
   return severity;
 }
 
-void setFindingSink(const Findings::Sink& sink) {
+RepeatedFindings& repeated() {
   static RepeatedFindings findings;
+  return findings;
+}
+
+std::string& findingPrefix() {
+  static std::string prefix;
+  return prefix;
+}
+
+void setFindingSink(const Findings::Sink& sink) {
   Findings::getSingleton().setSink([sink](const Finding& finding) {
-    if (!findings.isRepeated(finding)) {
+    if (!repeated().isRepeated(finding)) {
       noteFinding(finding);
       sink(finding);
     }
@@ -55,7 +64,7 @@ void setFindingSink(const Findings::Sink& sink) {
 
 void show(const Finding& finding) {
   if (finding.getSeverity() > Severity::NOTE) {
-    showMessage(describe(finding));
+    showMessage(findingPrefix() + describe(finding));
   }
 }
 
@@ -75,6 +84,11 @@ void showLog() {
   logger.setFlags(Logger::WARNING_FLAG | Logger::ERROR_FLAG);
   logger.setSink(showLogged);
   setFindingSink(show);
+}
+
+void startMessages(const std::string& prefix) {
+  findingPrefix() = prefix.empty() ? prefix : prefix + ": ";
+  repeated() = {};
 }
 
 const std::string& lastLogged() {

@@ -23,6 +23,10 @@ void showMessage(std::string_view message);
 /// they log. Must be called before any of their other functions.
 void showLog();
 
+/// Must be called before a file is read: messages about it are its own.
+/// @param prefix what its findings begin with; empty for the only file
+void startMessages(const std::string& prefix);
+
 /// The last warning or error that was logged and shown.
 const std::string& lastLogged();
 

@@ -1,0 +1,99 @@
+#include "FileArguments.h"
+
+#include "InputFile.h"
+#include "output/ExitCode.h"
+
+#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <fmt/format.h>
+#include <map>
+#include <system_error>
+
+namespace vemo {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using PathList = std::vector<FileArguments::Paths>;
+
+/// Neither needs to exist yet.
+fs::path placeOf(const std::string& path) {
+  std::error_code ignored;
+  return fs::weakly_canonical(fs::absolute(path, ignored), ignored);
+}
+
+void rejectOverwriting(const PathList& all) {
+  std::map<fs::path, std::string> inputs;
+  std::map<fs::path, std::string> outputs;
+  for (const auto& [file, output] : all) {
+    inputs.emplace(placeOf(file), file);
+  }
+  for (const auto& [file, output] : all) {
+    const auto [other, isNew] = outputs.emplace(placeOf(output), file);
+    if (!isNew) {
+      throw Failure(ExitCode::WRONG_USAGE, fmt::format("\"{}\" and \"{}\" would both be written to \"{}\"",
+                                                       other->second, file, output));
+    }
+    if (const auto input = inputs.find(other->first); input != inputs.end()) {
+      throw Failure(ExitCode::WRONG_USAGE,
+                    fmt::format("\"{}\" would be written over \"{}\"", file, input->second));
+    }
+  }
+}
+
+}  // namespace
+
+void FileArguments::addTo(CLI::App& app, const std::string& output) {
+  app.add_option("FILE", _file, "The scene archive or database to read; - is standard input")->required();
+  app.add_option("OUT", _more, output + "; - is standard output. With -d, further FILEs")
+      ->option_text("TEXT ...");
+  CLI::Option* const single =
+      app.add_option("-o,--output", _output, "Another way to name OUT")->option_text("OUT");
+  app.add_option("-d,--directory", _folder,
+                 "Write a file for each FILE, of the same base name, into this folder, which is made if it "
+                 "does not exist")
+      ->option_text("FOLDER")
+      ->excludes(single);
+}
+
+PathList FileArguments::pathsInFolder(const std::string& extension) const {
+  PathList all;
+  std::vector<std::string> files{_file};
+  files.insert(files.end(), _more.begin(), _more.end());
+  for (const std::string& file : files) {
+    if (isStandardInput(file)) {
+      throw Failure(ExitCode::WRONG_USAGE, "Standard input has no name for a file in a folder");
+    }
+    all.push_back({file, fs::path(_folder) / (fs::path(file).stem().string() + extension)});
+  }
+  rejectOverwriting(all);
+  return all;
+}
+
+PathList FileArguments::getPaths(const std::string& extension) const {
+  if (!_folder.empty()) {
+    return pathsInFolder(extension);
+  }
+  std::vector<std::string> outputs = _more;
+  if (!_output.empty()) {
+    outputs.insert(outputs.begin(), _output);
+  }
+  if (outputs.empty()) {
+    throw CLI::RequiredError("OUT");
+  }
+  if (outputs.size() > 1) {
+    throw CLI::ExtrasError({_more.back() + " (several FILEs need -d)"});
+  }
+  return {{_file, outputs.front()}};
+}
+
+void FileArguments::makeFolder() const {
+  std::error_code error;
+  if (!_folder.empty() && !fs::is_directory(_folder, error) && !fs::create_directory(_folder, error)) {
+    throw Failure(ExitCode::CANNOT_WRITE,
+                  fmt::format("Cannot create the folder \"{}\": {}", _folder, error.message()));
+  }
+}
+
+}  // namespace vemo

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+namespace vemo {
+
+/// The scene files that a command reads and the files that it writes, as arguments: FILE OUT,
+/// FILE -o OUT, or FILE... -d FOLDER.
+class FileArguments {
+ public:
+  struct Paths {
+    std::string file;
+    std::string output;
+  };
+
+  /// Adds the arguments to a parser, which this must outlive.
+  /// @param output what OUT is, for help texts
+  void addTo(CLI::App& app, const std::string& output);
+
+  /// Each scene file with its output. Throws CLI::ParseError for arguments that do not go
+  /// together, and Failure with WRONG_USAGE if an output would be written twice, or over
+  /// another scene file.
+  /// @param extension of outputs in a folder
+  std::vector<Paths> getPaths(const std::string& extension) const;
+
+  /// Creates the folder for outputs if there is none.
+  void makeFolder() const;
+
+ private:
+  std::vector<Paths> pathsInFolder(const std::string& extension) const;
+
+  std::string _file;
+  std::vector<std::string> _more;
+  std::string _output;
+  std::string _folder;
+};
+
+}  // namespace vemo
