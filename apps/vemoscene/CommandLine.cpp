@@ -80,12 +80,8 @@ ExitCode answer(CLI::App& app, const CLI::ParseError& error) {
 
 /// Fills the command, unless the arguments only asked for help or the version.
 ExitCode parse(int argc, char** argv, Command& command) {
-  CLI::App app("Inspect, convert and draw scene files of both generations.", "vemoscene");
-  app.set_version_flag("-V,--version", "vemoscene " VEMO_VERSION, "Print the version and exit");
-  app.set_help_flag("-h,--help", "Print this help and exit");
-  app.footer(describeExitCodes());
-  app.require_subcommand(0, 1);
-  Subcommand::addAll(app, command);
+  CLI::App app;
+  addArguments(app, command);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -127,6 +123,16 @@ ExitCode runJobs(Command& command) {
 }
 
 }  // namespace
+
+void addArguments(CLI::App& app, Command& command) {
+  app.name("vemoscene");
+  app.description("Inspect, convert and draw scene files of both generations.");
+  app.set_version_flag("-V,--version", "vemoscene " VEMO_VERSION, "Print the version and exit");
+  app.set_help_flag("-h,--help", "Print this help and exit");
+  app.footer(describeExitCodes());
+  app.require_subcommand(0, 1);
+  Subcommand::addAll(app, command);
+}
 
 ExitCode runCommandLine(int argc, char** argv) {
   holdStandardStreams();

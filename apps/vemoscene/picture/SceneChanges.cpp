@@ -49,13 +49,12 @@ void forEachItem(lum::SceneNode& scene, const std::vector<std::string>& items, U
 }  // namespace
 
 void addSceneChanges(CLI::App& app, SceneChanges& changes) {
-  const auto add = [&app](const char* name, const char* value, const std::string& description, auto&& use) {
-    return addValueOption(app, name, value, description, use);
-  };
+  const auto add = [&app](const char* name, const std::string& value, const std::string& description,
+                          auto&& use) { return addValueOption(app, name, value, description, use); };
   CLI::Option* const view =
-      add("--view", "VIEW",
-          "Look along an axis at all visible parts of the model, in parallel projection: " + listViews(", ") +
-              "; z is up, and x points right from the front",
+      add("--view", listViews("|"),
+          "Look along an axis at all visible parts of the model, in parallel projection; z is up, and x "
+          "points right from the front",
           [&changes](const std::string& text) { changes.view = parseView(text); });
   add("--camera", "NUMBERS",
       "Look from a position at a focal point with a view-up vector, nine numbers as in "
