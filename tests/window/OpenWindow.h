@@ -42,6 +42,9 @@ inline int countPink(const Picture& picture) {
 class OpenWindow {
  public:
   explicit OpenWindow(lum::SceneNode& scene) : _window(scene, "scene.zip") {
+    // The view is wider than 4 to 3, so that its height alone says how large things are.
+    constexpr QSize SIZE(1216, 660);
+    _window.resize(SIZE);
     _window.show();
     _window.activateWindow();
     VEMO_REQUIRE(QTest::qWaitForWindowActive(&_window), "the window does not appear");
@@ -65,10 +68,13 @@ class OpenWindow {
 
   /// Where a point of the plane z = 0 is seen in the beginning.
   QPoint placeOf(double x, double y) const {
-    const double half = view().height() / 2.0;
+    const double half = halfHeight();
     return {static_cast<int>(std::floor(view().width() / 2.0 + x * half)),
-            static_cast<int>(std::floor(half - y * half))};
+            static_cast<int>(std::floor(view().height() / 2.0 - y * half))};
   }
+
+  /// What one unit of the model measures in the beginning.
+  double halfHeight() const { return view().height() / 2.0; }
 
   void drag(const QPoint& from, const QPoint& to, Qt::MouseButton button = Qt::LeftButton) {
     const auto send = [&](QEvent::Type type, const QPoint& place, Qt::MouseButton changed,

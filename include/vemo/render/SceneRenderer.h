@@ -85,6 +85,13 @@ class VEMO_RENDER_EXPORT SceneRenderer {
   /// projection.
   void look(const lum::ViewDirection& direction);
 
+  /// Shows as much to the left and right of the model's view as if it were as wide, in
+  /// relation to its height, as stated; no change to a view that is wider.
+  void widen(double aspect);
+
+  /// Looks at each canvas as another renderer of the same scene does.
+  void copyView(const SceneRenderer& other);
+
   /// Of the model in perspective, from top to bottom, in degrees.
   void setViewAngle(double degrees);
 

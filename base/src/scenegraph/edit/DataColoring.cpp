@@ -276,8 +276,8 @@ void colorByArray(SceneNode& scene, const std::string& array, const std::optiona
   updateLegends(scene, former, array, *tableOf(*uses.front().drawable));
 }
 
-void setColorRange(SceneNode& scene, const Vector2& range) {
-  const std::vector<std::string> arrays = listUsedColorArrays(scene);
+void setColorRange(SceneNode& scene, const Vector2& range, const std::optional<std::string>& array) {
+  const std::vector<std::string> arrays = array ? std::vector{*array} : listUsedColorArrays(scene);
   if (arrays.size() != 1) {
     throw EditError(arrays.empty() ? "No geometry is coloured by an array that could have a range"
                                    : "A range needs an array, as the scene is coloured by " + quoted(arrays));

@@ -30,9 +30,10 @@ VEMO_SCENEGRAPH_EXPORT std::vector<std::string> listUsedColorArrays(SceneNode& s
 VEMO_SCENEGRAPH_EXPORT void colorByArray(SceneNode& scene, const std::string& array,
                                          const std::optional<Vector2>& range = std::nullopt);
 
-/// Changes the range of the one array that colours the scene, and that of its legends.
-/// Throws EditError when none or several arrays do, and for a range that is not finite or
-/// does not start below its end, or below 0 if the colours are logarithmic.
-VEMO_SCENEGRAPH_EXPORT void setColorRange(SceneNode& scene, const Vector2& range);
+/// Changes the range of an array that colours the scene, and that of its legends. Without an
+/// array it is the only one that does. Throws EditError when none or several do, and for a range that is not
+/// finite or does not start below its end, or below 0 if the colours are logarithmic.
+VEMO_SCENEGRAPH_EXPORT void setColorRange(SceneNode& scene, const Vector2& range,
+                                          const std::optional<std::string>& array = std::nullopt);
 
 }  // namespace lum

@@ -1,6 +1,7 @@
 #include "vemoview/render/draw/Background.h"
 #include "vemoview/render/draw/CanvasLayer.h"
 #include "vemoview/render/draw/SelectionHighlight.h"
+#include "vemoview/render/vtk/View.h"
 #include <vemo/render/SceneRenderer.h>
 #include <vemo/resolve/SceneResolver.h>
 #include <vemo/scenegraph/edit/View.h>
@@ -232,6 +233,21 @@ void SceneRenderer::look(const lum::ViewDirection& direction) {
                          .isParallel = true,
                          .parallelScale = std::nullopt});
     _state->model->fit();
+  }
+}
+
+void SceneRenderer::widen(double aspect) {
+  if (_state->model != nullptr) {
+    vemo::widen(_state->model->getRenderer(), aspect);
+  }
+}
+
+void SceneRenderer::copyView(const SceneRenderer& other) {
+  const auto count = std::min(_state->layers.size(), other._state->layers.size());
+  for (std::size_t i = 0; i < count; ++i) {
+    vtkRenderer& renderer = _state->layers[i]->getRenderer();
+    renderer.GetActiveCamera()->DeepCopy(other._state->layers[i]->getRenderer().GetActiveCamera());
+    renderer.ResetCameraClippingRange();
   }
 }
 

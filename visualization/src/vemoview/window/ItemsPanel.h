@@ -41,6 +41,9 @@ class ItemsPanel final : public QWidget {
   void showOnly(const std::vector<int>& items);
   void showAll();
 
+  /// Shows visibilities that were changed elsewhere, and notifies.
+  void announceVisibility();
+
  private:
   void makeTree();
   void makeButtons();
@@ -50,7 +53,6 @@ class ItemsPanel final : public QWidget {
   /// ones when there is no filter.
   std::vector<int> getTargetItems() const;
   void labelButtons();
-  void announceVisibility();
 
   ItemTree& _items;
   Listener _listener;

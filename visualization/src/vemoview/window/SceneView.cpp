@@ -9,6 +9,7 @@
 
 #include <QMouseEvent>
 #include <QSurfaceFormat>
+#include <cmath>
 #include <utility>
 
 namespace vemo {
@@ -17,6 +18,9 @@ namespace {
 
 /// Samples per pixel, for smooth edges.
 constexpr int SAMPLES = 8;
+
+/// VTK's own, in degrees.
+constexpr double DEFAULT_VIEW_ANGLE = 30.0;
 
 }  // namespace
 
@@ -28,14 +32,17 @@ void SceneView::useFormatByDefault() {
 }
 
 SceneView::SceneView(const lum::SceneNode& scene, PickListener picked, QWidget* parent)
-    : QVTKOpenGLNativeWidget(parent), _scene(scene), _picked(std::move(picked)) {
+    : QVTKOpenGLNativeWidget(parent),
+      _node(scene),
+      _scene(std::make_unique<SceneRenderer>(scene)),
+      _picked(std::move(picked)) {
   setObjectName("view");
   const vtkNew<vtkGenericOpenGLRenderWindow> window;
   setRenderWindow(window.Get());
   const vtkNew<vtkInteractorStyleTrackballCamera> style;
   interactor()->SetInteractorStyle(style);
-  _scene.scalePixels(devicePixelRatioF());
-  _scene.addTo(*window, SAMPLES);
+  _scene->scalePixels(devicePixelRatioF());
+  _scene->addTo(*window, SAMPLES);
 }
 
 SceneView::~SceneView() {
@@ -51,33 +58,72 @@ void SceneView::draw() {
 
 void SceneView::followVisibility() {
   makeCurrent();
-  _scene.followVisibility();
+  _scene->followVisibility();
   draw();
 }
 
 void SceneView::highlight(const lum::Drawable* drawable, const std::optional<Vector3>& point) {
   makeCurrent();
-  _scene.outline(drawable);
-  _scene.mark(point);
+  _scene->outline(drawable);
+  _scene->mark(point);
   draw();
 }
 
+/// As wide as pictures are by default: a file says how high its view is, for a width that is
+/// not known, and the panels beside it make the widget narrow.
+void SceneView::showInitialView() {
+  constexpr double USUAL_ASPECT = 4.0 / 3.0;
+  _scene->setViewAngle(DEFAULT_VIEW_ANGLE);
+  _scene->resetView();
+  _scene->widen(USUAL_ASPECT);
+}
+
 void SceneView::resetView() {
-  _scene.resetView();
+  _isInitialView = true;
+  showInitialView();
+  draw();
+}
+
+void SceneView::resizeEvent(QResizeEvent* event) {
+  // Before the event is handled, which draws.
+  if (_isInitialView) {
+    renderWindow()->SetSize(static_cast<int>(std::lround(width() * devicePixelRatioF())),
+                            static_cast<int>(std::lround(height() * devicePixelRatioF())));
+    showInitialView();
+  }
+  QVTKOpenGLNativeWidget::resizeEvent(event);
+}
+
+void SceneView::look(lum::StandardView view) {
+  _isInitialView = false;
+  _scene->look(lum::directionOf(view));
+  draw();
+}
+
+void SceneView::followScene() {
+  makeCurrent();
+  auto scene = std::make_unique<SceneRenderer>(_node);
+  scene->scalePixels(devicePixelRatioF());
+  scene->copyView(*_scene);
+  // It leaves the window.
+  _scene.reset();
+  _scene = std::move(scene);
+  _scene->addTo(*renderWindow(), SAMPLES);
   draw();
 }
 
 void SceneView::frameModel() {
-  _scene.frameModel();
+  _isInitialView = false;
+  _scene->frameModel();
   draw();
 }
 
 Picture SceneView::takePicture() {
   makeCurrent();
-  _scene.showHighlight(false);
+  _scene->showHighlight(false);
   draw();
   Picture picture = Picture::of(*renderWindow());
-  _scene.showHighlight(true);
+  _scene->showHighlight(true);
   draw();
   return picture;
 }
@@ -90,7 +136,7 @@ bool SceneView::isClick(const QPoint& place) const {
 void SceneView::pick(const QPoint& place) {
   const double scale = devicePixelRatioF();
   constexpr double MIDDLE = 0.5;
-  _picked(_scene.pick({(place.x() + MIDDLE) * scale, (height() - place.y() - MIDDLE) * scale}));
+  _picked(_scene->pick({(place.x() + MIDDLE) * scale, (height() - place.y() - MIDDLE) * scale}));
 }
 
 bool SceneView::event(QEvent* event) {
@@ -110,6 +156,10 @@ bool SceneView::event(QEvent* event) {
         return true;
       }
       _pressed.reset();
+      _isInitialView = _isInitialView && static_cast<const QMouseEvent&>(*event).buttons() == Qt::NoButton;
+      return QVTKOpenGLNativeWidget::event(event);
+    case QEvent::Wheel:
+      _isInitialView = false;
       return QVTKOpenGLNativeWidget::event(event);
     case QEvent::MouseButtonRelease: {
       const auto& mouse = static_cast<const QMouseEvent&>(*event);

@@ -3,11 +3,13 @@
 #include <vemo/base/Vector.h>
 #include <vemo/render/Picture.h>
 #include <vemo/render/SceneRenderer.h>
+#include <vemo/scenegraph/edit/View.h>
 #include <vemo/window/Export.h>
 
 #include <QPoint>
 #include <QVTKOpenGLNativeWidget.h>
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace lum {
@@ -37,6 +39,10 @@ class VEMO_WINDOW_EXPORT SceneView final : public QVTKOpenGLNativeWidget {
   /// SceneTooLarge.
   void followVisibility();
 
+  /// Updates the picture after any change of the scene; the view stays. Throws SceneTooLarge,
+  /// and shows the same as before.
+  void followScene();
+
   /// Outlines a drawable of the model and marks a point of it, instead of those
   /// highlighted before.
   void highlight(const lum::Drawable* drawable, const std::optional<Vector3>& point = {});
@@ -45,21 +51,28 @@ class VEMO_WINDOW_EXPORT SceneView final : public QVTKOpenGLNativeWidget {
   void resetView();
   /// Frames all visible parts of the model.
   void frameModel();
+  /// Fits all visible parts of the model, seen along an axis.
+  void look(lum::StandardView view);
 
   /// The current picture without highlights.
   Picture takePicture();
 
  protected:
   bool event(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void draw();
+  void showInitialView();
   /// Whether the mouse has moved so little since the button was pressed that this
   /// is a click.
   bool isClick(const QPoint& place) const;
   void pick(const QPoint& place);
 
-  SceneRenderer _scene;
+  const lum::SceneNode& _node;
+  std::unique_ptr<SceneRenderer> _scene;
+  /// Until the user moves the camera, the view follows the size of the widget.
+  bool _isInitialView = true;
   PickListener _picked;
   /// Where the left button was pressed; empty once the mouse is dragged.
   std::optional<QPoint> _pressed;

@@ -2,6 +2,7 @@
 
 #include "vemoview/window/ItemText.h"
 #include "vemoview/window/ItemsPanel.h"
+#include "vemoview/window/RangeDialog.h"
 #include "vemoview/window/SceneView.h"
 #include "vemoview/window/ValueGroups.h"
 #include "vemoview/window/ValuesPanel.h"
@@ -9,6 +10,9 @@
 #include <vemo/resolve/Pick.h>
 #include <vemo/resolve/SceneTooLarge.h>
 #include <vemo/scenegraph/canvas/SceneNode.h>
+#include <vemo/scenegraph/edit/DataColoring.h>
+#include <vemo/scenegraph/edit/Edges.h>
+#include <vemo/scenegraph/edit/EditError.h>
 
 #include <QAction>
 #include <QDockWidget>
@@ -43,6 +47,9 @@ constexpr const char* HELP = R"(<table cellspacing="4">
 <tr><td><b>Click outside the model</b>, or <b>Esc</b></td><td>clear the selection</td></tr>
 <tr><td><b>R</b></td><td>reset the view</td></tr>
 <tr><td><b>F</b></td><td>frame all visible parts of the model</td></tr>
+<tr><td><b>1</b> to <b>7</b></td><td>look from the front, back, left, right, top, bottom, or a corner (z is up)</td></tr>
+<tr><td><b>E</b></td><td>show or hide the edges of surfaces</td></tr>
+<tr><td><b>Ctrl+R</b></td><td>choose the range of the colours</td></tr>
 <tr><td><b>H</b></td><td>hide the selected items</td></tr>
 <tr><td><b>O</b></td><td>show only the selected items</td></tr>
 <tr><td><b>A</b></td><td>show all items</td></tr>
@@ -69,7 +76,8 @@ struct SceneWindow::Command {
 };
 
 SceneWindow::SceneWindow(lum::SceneNode& scene, const QString& title)
-    : _items(scene),
+    : _scene(scene),
+      _items(scene),
       _view(std::make_unique<SceneView>(
           scene, [this](const std::optional<Pick>& pick) { showPick(pick); }, this)),
       _list(std::make_unique<ItemsPanel>(
@@ -139,11 +147,13 @@ void SceneWindow::addCommands() {
   menuBar()->addMenu("&File")->addActions({save, quit});
   QMenu* const view = menuBar()->addMenu("&View");
   view->addActions({reset, frame});
+  addViews(*view->addMenu("&Along an axis"));
   view->addSeparator();
   for (const QDockWidget* const dock : findChildren<QDockWidget*>()) {
     view->addAction(dock->toggleViewAction());
   }
   menuBar()->addMenu("&Items")->addActions({hide, only, all, none});
+  addColors(*menuBar()->addMenu("&Colours"));
   menuBar()->addMenu("&Help")->addAction(help);
 
   QToolBar* const bar = addToolBar("Commands");
@@ -154,6 +164,71 @@ void SceneWindow::addCommands() {
   bar->addActions({hide, only, all});
 }
 
+void SceneWindow::addViews(QMenu& menu) {
+  const auto names = lum::EnumeratorsOf<lum::StandardView>::NAMES;
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    const auto view = static_cast<lum::StandardView>(i);
+    menu.addAction(add({names[i],
+                        "Show all visible parts along this direction, in parallel projection",
+                        {QKeySequence(Qt::Key_1 + static_cast<int>(i))},
+                        [this, view] { _view->look(view); }}));
+  }
+}
+
+void SceneWindow::addColors(QMenu& menu) {
+  QMenu* const arrays = menu.addMenu("&By array");
+  arrays->setObjectName("arrays");
+  connect(arrays, &QMenu::aboutToShow, this, [this, arrays] { listArrays(*arrays); });
+  menu.addAction(add({"&Range...", "Choose the values of the first and last colour", {{"Ctrl+R"}}, [this] {
+                        askAndSetRange();
+                      }}));
+  menu.addAction(
+      add({"&Edges", "Show or hide the edges of all surfaces", {{"E"}}, [this] { toggleEdges(); }}));
+}
+
+/// The arrays of the scene, those in use checked.
+void SceneWindow::listArrays(QMenu& menu) {
+  menu.clear();
+  const auto used = lum::listUsedColorArrays(_scene);
+  for (const std::string& array : lum::listColorArrays(_scene)) {
+    QAction* const action = menu.addAction(toText(array));
+    action->setCheckable(true);
+    action->setChecked(std::ranges::find(used, array) != used.end());
+    connect(action, &QAction::triggered, this, [this, array] {
+      guard([&] {
+        lum::colorByArray(_scene, array);
+        followScene();
+      });
+    });
+  }
+}
+
+void SceneWindow::askAndSetRange() {
+  QStringList arrays;
+  for (const std::string& array : lum::listUsedColorArrays(_scene)) {
+    arrays.append(toText(array));
+  }
+  if (arrays.isEmpty()) {
+    QMessageBox::information(this, "Range of colours", "No geometry is coloured by an array.");
+    return;
+  }
+  RangeDialog dialog(arrays, this);
+  if (dialog.exec() == QDialog::Accepted) {
+    lum::setColorRange(_scene, dialog.getRange(), lum::listUsedColorArrays(_scene).at(dialog.getArray()));
+    followScene();
+  }
+}
+
+void SceneWindow::toggleEdges() {
+  lum::setEdgesShown(_scene, !lum::areEdgesShown(_scene));
+  followScene();
+}
+
+void SceneWindow::followScene() {
+  _list->announceVisibility();
+  _view->followScene();
+}
+
 void SceneWindow::guard(const std::function<void()>& action) {
   const auto report = [this](const std::exception& error) {
     QMessageBox::critical(this, windowTitle(), toText(error.what()));
@@ -161,6 +236,8 @@ void SceneWindow::guard(const std::function<void()>& action) {
   try {
     action();
   } catch (const RenderError& error) {
+    report(error);
+  } catch (const lum::EditError& error) {
     report(error);
   } catch (const SceneTooLarge& error) {
     report(error);

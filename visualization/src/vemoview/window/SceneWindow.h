@@ -9,6 +9,7 @@
 #include <optional>
 
 class QAction;
+class QMenu;
 namespace lum {
 class SceneNode;
 }
@@ -35,9 +36,16 @@ class VEMO_WINDOW_EXPORT SceneWindow final : public QMainWindow {
 
   void placePanels();
   void addCommands();
+  void addViews(QMenu& menu);
+  void addColors(QMenu& menu);
   QAction* add(const Command& command);
 
   void followVisibility();
+  /// Shows the scene after its colours or edges have changed.
+  void followScene();
+  void listArrays(QMenu& menu);
+  void askAndSetRange();
+  void toggleEdges();
   void showItem(int item);
   void showPick(const std::optional<Pick>& pick);
   void hideSelected();
@@ -47,6 +55,7 @@ class VEMO_WINDOW_EXPORT SceneWindow final : public QMainWindow {
   /// Runs an action and shows its drawing and writing errors in a dialog.
   void guard(const std::function<void()>& action);
 
+  lum::SceneNode& _scene;
   ItemTree _items;
   // They refer to the items and must be destroyed before them.
   std::unique_ptr<SceneView> _view;

@@ -5,6 +5,7 @@
 #include <vtkBoundingBox.h>
 #include <vtkCamera.h>
 #include <vtkLight.h>
+#include <vtkMath.h>
 #include <vtkRenderer.h>
 
 #include <algorithm>
@@ -111,6 +112,16 @@ std::vector<vtkSmartPointer<vtkLight>> makeLights(const CanvasLights& lights) {
     result.push_back(makeLight(light));
   }
   return result;
+}
+
+void widen(vtkRenderer& renderer, double aspect) {
+  const double factor = aspect / renderer.GetTiledAspectRatio();
+  if (factor > 1.0) {
+    vtkCamera& camera = *renderer.GetActiveCamera();
+    const double half = vtkMath::RadiansFromDegrees(camera.GetViewAngle()) / 2.0;
+    camera.SetViewAngle(2.0 * vtkMath::DegreesFromRadians(std::atan(std::tan(half) * factor)));
+    camera.SetParallelScale(camera.GetParallelScale() * factor);
+  }
 }
 
 void setLights(vtkRenderer& renderer, const CanvasLights& lights) {

@@ -33,6 +33,9 @@ void frameAll(vtkRenderer& renderer, const Box& others);
 /// the actors must have been added.
 VEMO_RENDER_EXPORT void setCamera(vtkRenderer& renderer, const CanvasCamera& camera, const Box& others);
 
+/// Shows as much to the left and right of a narrow view as one of this width by height does.
+void widen(vtkRenderer& renderer, double aspect);
+
 /// The lights of a canvas.
 VEMO_RENDER_EXPORT std::vector<vtkSmartPointer<vtkLight>> makeLights(const CanvasLights& lights);
 
