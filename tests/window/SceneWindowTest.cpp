@@ -1,3 +1,4 @@
+#include "support/Files.h"
 #include "support/TemporaryFolder.h"
 #include "window/OpenWindow.h"
 #include <vemo/render/RenderErrors.h>
@@ -7,9 +8,12 @@
 
 #include <QClipboard>
 #include <QDialog>
+#include <QDropEvent>
 #include <QGuiApplication>
 #include <QMenu>
+#include <QMimeData>
 #include <QTimer>
+#include <QUrl>
 #include <gmock/gmock.h>
 
 namespace vemo {
@@ -111,6 +115,31 @@ TEST_F(OpenSceneWindowTest, LooksAlongAxesAndShowsEdges) {
   EXPECT_GT(countDifferences(open.look(), first), 500);
   open.press(Qt::Key_E);
   EXPECT_TRUE(isAsInTheBeginning());
+}
+
+TEST_F(SceneWindowTest, OpensNeighboursAndDroppedFiles) {
+  const TemporaryFolder folder;
+  for (const char* const name : {"a.zip", "b.sdb", "b.txt", "c.zip"}) {
+    writeFile(folder / name, "");
+  }
+  const auto pathOf = [&](const char* name) { return QString::fromStdString(folder / name); };
+  QStringList opened;
+  OpenWindow open(scene.node());
+  open.window().followFiles(pathOf("b.sdb"), [&opened](const QString& path) { opened.append(path); });
+  open.press(Qt::Key_PageDown);
+  open.press(Qt::Key_PageUp);
+  QMimeData dropped;
+  dropped.setUrls({QUrl::fromLocalFile(pathOf("b.txt"))});
+  QDragEnterEvent enter({1, 1}, Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&open.window(), &enter);
+  EXPECT_TRUE(enter.isAccepted());
+  QDropEvent drop({1, 1}, Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&open.window(), &drop);
+  EXPECT_EQ(opened, (QStringList{pathOf("c.zip"), pathOf("a.zip"), pathOf("b.txt")}));
+  OpenWindow last(scene.node());
+  last.window().followFiles(pathOf("c.zip"), [&opened](const QString& path) { opened.append(path); });
+  last.press(Qt::Key_PageDown);
+  EXPECT_EQ(opened.size(), 3) << "there is no next one";
 }
 
 TEST_F(SceneWindowTest, ColoursByAnArrayAndRange) {

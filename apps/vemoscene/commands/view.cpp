@@ -2,6 +2,7 @@
 #include "LoadedScene.h"
 #include "output/ExitCode.h"
 #include <vemo/render/ScenePicture.h>
+#include <vemo/scenegraph/canvas/SceneNode.h>
 #include <vemo/window/ShowSceneWindow.h>
 
 #include <CLI/CLI.hpp>
@@ -26,18 +27,21 @@ std::filesystem::path findWindowLibrary() {
 
 /// Loaded on demand, so that other commands start without the window's
 /// libraries. Never unloaded: they register themselves in the process.
-decltype(&showSceneWindow) loadWindow() {
+decltype(&showSceneFile) loadWindow() {
   void* const library = dlopen(findWindowLibrary().c_str(), RTLD_NOW | RTLD_LOCAL);
-  void* const function = library == nullptr ? nullptr : dlsym(library, "showSceneWindow");
+  void* const function = library == nullptr ? nullptr : dlsym(library, "showSceneFile");
   if (function == nullptr) {
     throw Failure(ExitCode::UNAVAILABLE, fmt::format("Cannot load the window library: {}", dlerror()));
   }
-  return reinterpret_cast<decltype(&showSceneWindow)>(function);
+  return reinterpret_cast<decltype(&showSceneFile)>(function);
+}
+
+lum::Ptr<lum::SceneNode> openForWindow(const std::string& file) {
+  return lum::Ptr<lum::SceneNode>(&requireSceneNode(loadScene(file), file));
 }
 
 void view(const std::string& file) {
-  const OpenedScene& scene = loadScene(file);
-  loadWindow()(requireSceneNode(scene, file), std::filesystem::path(file).filename().c_str());
+  loadWindow()(openForWindow(file), file.c_str(), openForWindow);
 }
 
 void addViewCommand(CLI::App& app, Command& command) {

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <vemo/scenegraph/Ptr.h>
 #include <vemo/window/Export.h>
+
+#include <functional>
+#include <string>
 
 namespace lum {
 class SceneNode;
@@ -19,5 +23,14 @@ namespace vemo {
 /// Has C linkage so that a program can load the library on demand and find the
 /// function by name (dlsym).
 extern "C" VEMO_WINDOW_EXPORT void showSceneWindow(lum::SceneNode& scene, const char* title);
+
+/// How a host opens the scene of a file. It may throw any std::exception, whose text the
+/// window shows; it goes on with the scene that it has.
+using SceneLoader = std::function<lum::Ptr<lum::SceneNode>(const std::string& path)>;
+
+/// The same for the scene of a file, from which the user can go on to other files: one that
+/// is chosen or dropped, or the next of the folder.
+extern "C" VEMO_WINDOW_EXPORT void showSceneFile(const lum::Ptr<lum::SceneNode>& scene, const char* path,
+                                                 const SceneLoader& load);
 
 }  // namespace vemo

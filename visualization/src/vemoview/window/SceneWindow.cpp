@@ -15,7 +15,9 @@
 #include <vemo/scenegraph/edit/EditError.h>
 
 #include <QAction>
+#include <QDir>
 #include <QDockWidget>
+#include <QDragEnterEvent>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -24,9 +26,11 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QScreen>
 #include <QStatusBar>
 #include <QToolBar>
+#include <QUrl>
 #include <algorithm>
 
 namespace vemo {
@@ -53,6 +57,8 @@ constexpr const char* HELP = R"(<table cellspacing="4">
 <tr><td><b>H</b></td><td>hide the selected items</td></tr>
 <tr><td><b>O</b></td><td>show only the selected items</td></tr>
 <tr><td><b>A</b></td><td>show all items</td></tr>
+<tr><td><b>Ctrl+O</b>, or drop a file</td><td>open another scene</td></tr>
+<tr><td><b>Page Down</b>, <b>Page Up</b></td><td>open the next or previous scene of the folder</td></tr>
 <tr><td><b>S</b>, <b>Ctrl+S</b></td><td>save a picture</td></tr>
 <tr><td><b>Ctrl+C</b></td><td>copy the selected values</td></tr>
 <tr><td><b>Ctrl+Q</b></td><td>quit</td></tr>
@@ -144,7 +150,8 @@ void SceneWindow::addCommands() {
   auto* const help =
       add({"&Mouse and keys", "Explain mouse buttons and keys", {{"F1"}}, [this] { showHelp(); }});
 
-  menuBar()->addMenu("&File")->addActions({save, quit});
+  _fileMenu = menuBar()->addMenu("&File");
+  _fileMenu->addActions({save, quit});
   QMenu* const view = menuBar()->addMenu("&View");
   view->addActions({reset, frame});
   addViews(*view->addMenu("&Along an axis"));
@@ -227,6 +234,56 @@ void SceneWindow::toggleEdges() {
 void SceneWindow::followScene() {
   _list->announceVisibility();
   _view->followScene();
+}
+
+void SceneWindow::followFiles(const QString& path, std::function<void(const QString&)> open) {
+  _path = path;
+  _open = std::move(open);
+  setAcceptDrops(true);
+  QAction* const first = _fileMenu->actions().first();
+  _fileMenu->insertActions(
+      first, {add({"&Open...", "Open another scene", {{"Ctrl+O"}}, [this] { askAndOpen(); }}),
+              add({"&Next", "Open the next scene of the folder", {{"PgDown"}}, [this] { openNeighbour(1); }}),
+              add({"&Previous", "Open the previous scene of the folder", {{"PgUp"}}, [this] {
+                     openNeighbour(-1);
+                   }})});
+}
+
+void SceneWindow::askAndOpen() {
+  const QString path = QFileDialog::getOpenFileName(this, "Open a scene", QFileInfo(_path).path(),
+                                                    "Scenes (*.zip *.sdb);;All files (*)");
+  if (!path.isEmpty()) {
+    _open(path);
+  }
+}
+
+/// By their names; files of other extensions are no scenes as a rule.
+void SceneWindow::openNeighbour(int step) {
+  const QFileInfo file(_path);
+  QStringList names = file.dir().entryList({"*.zip", "*.sdb"}, QDir::Files, QDir::Name);
+  if (!names.contains(file.fileName())) {
+    names.append(file.fileName());
+    names.sort(Qt::CaseInsensitive);
+  }
+  const int next = names.indexOf(file.fileName()) + step;
+  if (next < 0 || next >= names.size()) {
+    statusBar()->showMessage(step > 0 ? "This is the last scene of the folder"
+                                      : "This is the first scene of the folder");
+    return;
+  }
+  _open(file.dir().filePath(names[next]));
+}
+
+void SceneWindow::dragEnterEvent(QDragEnterEvent* event) {
+  const QList<QUrl> urls = event->mimeData()->urls();
+  if (_open && urls.size() == 1 && urls.first().isLocalFile()) {
+    event->acceptProposedAction();
+  }
+}
+
+void SceneWindow::dropEvent(QDropEvent* event) {
+  event->acceptProposedAction();
+  _open(event->mimeData()->urls().first().toLocalFile());
 }
 
 void SceneWindow::guard(const std::function<void()>& action) {

@@ -28,8 +28,16 @@ class VEMO_WINDOW_EXPORT SceneWindow final : public QMainWindow {
   SceneWindow(lum::SceneNode& scene, const QString& title);
   ~SceneWindow() override;
 
+  /// Adds commands that call `open` with another file than that of the scene: one that the
+  /// user chooses or drops, or its neighbours in the folder.
+  void followFiles(const QString& path, std::function<void(const QString&)> open);
+
   /// Writes the current picture to a PNG file. Throws PictureWriteError.
   void savePicture(const QString& path);
+
+ protected:
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
   struct Command;
@@ -52,10 +60,16 @@ class VEMO_WINDOW_EXPORT SceneWindow final : public QMainWindow {
   void clearSelection();
   void askAndSavePicture();
   void showHelp();
+  void askAndOpen();
+  void openNeighbour(int step);
   /// Runs an action and shows its drawing and writing errors in a dialog.
   void guard(const std::function<void()>& action);
 
   lum::SceneNode& _scene;
+  QMenu* _fileMenu = nullptr;
+  QString _path;
+  /// Empty in a window that cannot open others.
+  std::function<void(const QString&)> _open;
   ItemTree _items;
   // They refer to the items and must be destroyed before them.
   std::unique_ptr<SceneView> _view;

@@ -1,11 +1,18 @@
 #include "vemoview/window/Display.h"
+#include "vemoview/window/ItemText.h"
 #include "vemoview/window/SceneView.h"
 #include "vemoview/window/SceneWindow.h"
+#include <vemo/scenegraph/canvas/SceneNode.h>
 #include <vemo/window/ShowSceneWindow.h>
 
 #include <QApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QMessageBox>
 #include <clocale>
 #include <exception>
+#include <memory>
+#include <utility>
 
 namespace vemo {
 
@@ -38,9 +45,55 @@ class Application : public QApplication {
   std::exception_ptr _failure;
 };
 
-}  // namespace
+/// The window on the scene of a file; a new one for each file.
+class FileWindow {
+ public:
+  explicit FileWindow(SceneLoader load) : _load(std::move(load)) {}
 
-void showSceneWindow(lum::SceneNode& scene, const char* title) {
+  void show(const lum::Ptr<lum::SceneNode>& scene, const QString& path) {
+    auto window = std::make_unique<SceneWindow>(*scene, QFileInfo(path).fileName());
+    window->followFiles(path, [this](const QString& other) { open(other); });
+    if (_window != nullptr) {
+      window->restoreGeometry(_window->saveGeometry());
+    }
+    window->show();
+    if (_window != nullptr) {
+      // It may have asked for the new one, and goes when it has answered; so does its scene.
+      QObject::connect(_window.get(), &QObject::destroyed, [scene = _scene] {});
+      _window->hide();
+      _window.release()->deleteLater();
+    }
+    _window = std::move(window);
+    _scene = scene;
+  }
+
+ private:
+  void open(const QString& path) {
+    try {
+      show(load(path), path);
+    } catch (const std::exception& error) {
+      QMessageBox::critical(_window.get(), _window->windowTitle(), toText(error.what()));
+    }
+  }
+
+  lum::Ptr<lum::SceneNode> load(const QString& path) const {
+    struct WaitCursor {
+      WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+      ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+    };
+    const WaitCursor cursor;
+    return _load(QFile::encodeName(path).toStdString());
+  }
+
+  SceneLoader _load;
+  lum::Ptr<lum::SceneNode> _scene;
+  std::unique_ptr<SceneWindow> _window;
+};
+
+/// Runs the process's application until the window that `open` shows is closed.
+/// @param open returns what must live as long
+template <class Open>
+void runApplication(const Open& open) {
   requireDisplay();
   SceneView::useFormatByDefault();
   // Both must outlive the application.
@@ -52,9 +105,26 @@ void showSceneWindow(lum::SceneNode& scene, const char* title) {
   // drawn without a window.
   std::setlocale(LC_NUMERIC, "C");
   requireOpenGl();
-  SceneWindow window(scene, QString::fromUtf8(title));
-  window.show();
+  const auto window = open();
   application.run();
+}
+
+}  // namespace
+
+void showSceneWindow(lum::SceneNode& scene, const char* title) {
+  runApplication([&] {
+    auto window = std::make_unique<SceneWindow>(scene, QString::fromUtf8(title));
+    window->show();
+    return window;
+  });
+}
+
+void showSceneFile(const lum::Ptr<lum::SceneNode>& scene, const char* path, const SceneLoader& load) {
+  runApplication([&] {
+    auto window = std::make_unique<FileWindow>(load);
+    window->show(scene, QFile::decodeName(path));
+    return window;
+  });
 }
 
 }  // namespace vemo
