@@ -2,10 +2,10 @@
 
 #include "TemporaryFiles.h"
 #include "output/ExitCode.h"
+#include "output/Messages.h"
 
 #include <cstddef>
 #include <fstream>
-#include <string_view>
 #include <unistd.h>
 #include <vector>
 
@@ -49,19 +49,10 @@ std::string readableFile(const std::string& file) {
   if (copyOfInput().empty()) {
     const std::string copy = useOwnTemporaryFolder() / "standard input";
     copyStandardInput(copy);
+    nameInMessages(copy, "standard input");
     copyOfInput() = copy;
   }
   return copyOfInput();
-}
-
-std::string nameStandardInput(std::string message) {
-  constexpr std::string_view NAME = "standard input";
-  const std::string& copy = copyOfInput();
-  for (std::size_t at = 0; !copy.empty() && (at = message.find(copy, at)) != std::string::npos;
-       at += NAME.size()) {
-    message.replace(at, copy.size(), NAME);
-  }
-  return message;
 }
 
 }  // namespace vemo

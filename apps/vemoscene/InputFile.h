@@ -11,7 +11,4 @@ bool isStandardInput(const std::string& file);
 /// of standard input, which is read at the first call.
 std::string readableFile(const std::string& file);
 
-/// A message in which the temporary file is called "standard input".
-std::string nameStandardInput(std::string message);
-
 }  // namespace vemo

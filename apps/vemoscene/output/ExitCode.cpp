@@ -1,6 +1,5 @@
 #include "output/ExitCode.h"
 
-#include "InputFile.h"
 #include "base/AtomicFile.h"
 #include "output/Messages.h"
 #include <vemo/base/InternalError.h>
@@ -40,12 +39,10 @@ ExitCode report(ExitCode code, const std::string& message) {
   return code;
 }
 
-/// Adds the file's name to a message that does not contain it.
+/// Adds the file's name to a message that does not contain it; standard input has none.
 ExitCode report(ExitCode code, const std::string& file, const std::string& message) {
-  const std::string name = isStandardInput(file) ? "standard input" : file;
-  const std::string text = nameStandardInput(message);
-  const bool isNamed = text.find(name) != std::string::npos;
-  return report(code, isNamed ? text : fmt::format("{}: {}", name, text));
+  const bool isNamed = file == "-" || message.find(file) != std::string::npos;
+  return report(code, isNamed ? message : fmt::format("{}: {}", file, message));
 }
 
 }  // namespace

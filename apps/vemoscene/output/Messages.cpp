@@ -48,6 +48,21 @@ RepeatedFindings& repeated() {
   return findings;
 }
 
+/// A file, and its name in messages; the file is empty if there is none.
+std::pair<std::string, std::string>& renamedFile() {
+  static std::pair<std::string, std::string> names;
+  return names;
+}
+
+std::string rename(std::string text) {
+  const auto& [file, name] = renamedFile();
+  for (std::size_t at = 0; !file.empty() && (at = text.find(file, at)) != std::string::npos;
+       at += name.size()) {
+    text.replace(at, file.size(), name);
+  }
+  return text;
+}
+
 std::string& findingPrefix() {
   static std::string prefix;
   return prefix;
@@ -71,12 +86,16 @@ void show(const Finding& finding) {
 }  // namespace
 
 void showMessage(std::string_view message) {
-  const std::string text = toPrintable(replaceBreaks(message, '\n'));
+  const std::string text = toPrintable(rename(replaceBreaks(message, '\n')));
   const std::size_t first = text.find_first_not_of('\n');
   if (first != std::string::npos) {
     const std::size_t last = text.find_last_not_of('\n');
     writeError(fmt::format("vemoscene: {}\n", text.substr(first, last - first + 1)));
   }
+}
+
+void nameInMessages(const std::string& file, const std::string& name) {
+  renamedFile() = {file, name};
 }
 
 void showLog() {

@@ -19,6 +19,9 @@ namespace vemo {
 /// "<br>" is a line break; an empty message is not written.
 void showMessage(std::string_view message);
 
+/// Messages have this name instead of that of a file that the user does not know.
+void nameInMessages(const std::string& file, const std::string& name);
+
 /// Shows the libraries' findings except notes, and the warnings and errors that
 /// they log. Must be called before any of their other functions.
 void showLog();
