@@ -258,6 +258,8 @@ void SceneRenderer::setViewAngle(double degrees) {
 }
 
 void SceneRenderer::setBackground(const Vector3& color) {
+  // A gradient is a prop.
+  _state->background->RemoveAllViewProps();
   vemo::setBackground(*_state->background, SolidBackground{color});
 }
 

@@ -168,6 +168,7 @@ class SDBReader::Database {
         [&] {
           _source.seek(_index.getOffset(chunk));
           action(row);
+          _progress.advance(row.bytes());
         });
   }
 

@@ -107,7 +107,6 @@ void apply(vtkRenderer& renderer, const Gradient& background) {
 }  // namespace
 
 void setBackground(vtkRenderer& renderer, const Background& background) {
-  renderer.RemoveAllViewProps();
   std::visit([&](const auto& kind) { apply(renderer, kind); }, background);
 }
 

@@ -7,7 +7,7 @@ class vtkRenderer;
 
 namespace vemo {
 
-/// Colours the whole of a renderer that shows nothing else.
+/// Colours the whole of a renderer.
 VEMO_RENDER_EXPORT void setBackground(vtkRenderer& renderer, const Background& background);
 
 }  // namespace vemo
