@@ -71,7 +71,7 @@ struct PlaceFinder {
   double canvasHeight;
 };
 
-const char* kindOf(const Decoration::Content& content) {
+const char* describeKind(const Decoration::Content& content) {
   return std::holds_alternative<TextDecoration>(content)    ? "text"
          : std::holds_alternative<ImageDecoration>(content) ? "image"
                                                             : "triad";
@@ -107,7 +107,7 @@ void reportUnseen(std::span<const Decoration> instances, const ViewVolume& view,
       instances.size() > 1 ? fmt::format("{} of {} repeats of ", flaws.size(), instances.size()) : "";
   const NodeScope scope(*first.drawable);
   reportFinding(FindingCode::DECORATION_NOT_IN_VIEW,
-                fmt::format("The view does not show {}the {} \"{}\": {}", repeats, kindOf(first.content),
+                fmt::format("The view does not show {}the {} \"{}\": {}", repeats, describeKind(first.content),
                             first.drawable->getName(), flaws.front()));
 }
 
