@@ -40,7 +40,7 @@ set(linked "${runtime} ${same_version}")
 if(VEMO_BUILD_WINDOW)
   vemo_package(window vemoscene-window "window to explore scenes with simulation results"
     DEPENDS "vemoscene ${same_version}")
-  list(APPEND linked "vemoscene-window ${same_version}")
+  list(APPEND linked "vemoscene-window ${same_version}" libvtk9-qt-dev qtbase5-dev)
 endif()
 if(VEMO_BUILD_PYTHON)
   # For this version of Python only.

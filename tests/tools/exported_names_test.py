@@ -58,8 +58,8 @@ def main():
         return None
     expected = page.read_text(encoding="utf-8").splitlines()
     # The window is not built everywhere.
-    built = {line.split()[0] for line in found}
-    expected = [line for line in expected if line.split()[0] in built]
+    if not (arguments.libraries / "libvemo_window.so").exists():
+        expected = [line for line in expected if not line.startswith("window ")]
     difference = "\n".join(difflib.unified_diff(expected, found, str(page), "exported", lineterm="", n=0))
     return difference or None
 

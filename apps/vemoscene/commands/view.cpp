@@ -1,6 +1,8 @@
 #include "Command.h"
 #include "LoadedScene.h"
 #include "output/ExitCode.h"
+#include <vemo/import/Exception.h>
+#include <vemo/import/FaultFinding.h>
 #include <vemo/render/ScenePicture.h>
 #include <vemo/scenegraph/canvas/SceneNode.h>
 #include <vemo/window/ShowSceneWindow.h>
@@ -10,6 +12,8 @@
 #include <filesystem>
 #include <fmt/format.h>
 #include <memory>
+#include <stdexcept>
+#include <string>
 
 namespace vemo {
 
@@ -40,8 +44,17 @@ lum::Ptr<lum::SceneNode> openForWindow(const std::string& file) {
   return lum::Ptr<lum::SceneNode>(&requireSceneNode(loadScene(file), file));
 }
 
+/// Further files are opened in the window, which shows exceptions that it knows.
+lum::Ptr<lum::SceneNode> openNext(const std::string& file) {
+  try {
+    return openForWindow(file);
+  } catch (const Exception& exception) {
+    throw std::runtime_error(describe(exception));
+  }
+}
+
 void view(const std::string& file) {
-  loadWindow()(openForWindow(file), file.c_str(), openForWindow);
+  loadWindow()(openForWindow(file), file.c_str(), openNext);
 }
 
 void addViewCommand(CLI::App& app, Command& command) {

@@ -14,7 +14,7 @@ namespace vemo {
 
 namespace {
 
-[[noreturn]] void reject(const std::string& text, const std::string& what) {
+[[noreturn]] void rejectValue(const std::string& text, const std::string& what) {
   throw InvalidValue(fmt::format("\"{}\" is not {}", toPrintable(text), what));
 }
 
@@ -98,7 +98,7 @@ std::pair<int, int> parseSize(const std::string& text) {
   const auto width = parsePixels(parts.front());
   const auto height = parsePixels(parts.back());
   if (parts.size() != 2 || !width || !height) {
-    reject(text, fmt::format("a size such as 1024x768, with 1 to {} pixels each way", MAX_PICTURE_SIZE));
+    rejectValue(text, fmt::format("a size such as 1024x768, with 1 to {} pixels each way", MAX_PICTURE_SIZE));
   }
   return {*width, *height};
 }
@@ -106,7 +106,7 @@ std::pair<int, int> parseSize(const std::string& text) {
 double parsePositive(const std::string& text, double most) {
   const auto number = parseNumber<double>(text);
   if (!number || *number <= 0.0 || *number > most) {
-    reject(text, fmt::format("a number above 0, up to {}", most));
+    rejectValue(text, fmt::format("a number above 0, up to {}", most));
   }
   return *number;
 }
@@ -116,7 +116,7 @@ Vector<2, double> parseRange(const std::string& text) {
   const auto low = parseNumber<double>(parts.front());
   const auto high = parseNumber<double>(parts.back());
   if (parts.size() != 2 || !low || !high || *low >= *high) {
-    reject(text, "a range such as 0:1.5, of two numbers, the lower first");
+    rejectValue(text, "a range such as 0:1.5, of two numbers, the lower first");
   }
   return {*low, *high};
 }
@@ -126,7 +126,7 @@ std::pair<Vector3, Vector3> parseBackground(const std::string& text) {
   const auto top = parseColor(parts.front());
   const auto bottom = parseColor(parts.back());
   if (parts.size() > 2 || !top || !bottom) {
-    reject(text, "a colour such as ff8000, or two for top and bottom such as ffffff,a0a0a0");
+    rejectValue(text, "a colour such as ff8000, or two for top and bottom such as ffffff,a0a0a0");
   }
   return {*top, *bottom};
 }
@@ -145,9 +145,9 @@ CameraValue parseCamera(const std::string& text) {
     (*vectors[i / 3])[i % 3] = number.value_or(0.0);
   }
   if (!isValid) {
-    reject(text,
-           "a camera such as 0,-10,5,0,0,0,0,0,1: position, focal point and view-up, then possibly "
-           ",angle=30 for perspective or ,scale=2 for a parallel view");
+    rejectValue(text,
+                "a camera such as 0,-10,5,0,0,0,0,0,1: position, focal point and view-up, then possibly "
+                ",angle=30 for perspective or ,scale=2 for a parallel view");
   }
   return camera;
 }

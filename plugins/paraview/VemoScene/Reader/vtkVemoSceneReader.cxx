@@ -150,7 +150,8 @@ int vtkVemoSceneReader::RequestInformation(vtkInformation*, vtkInformationVector
     return 0;
   }
   const State::FileStamp stamp = State::stampOf(this->FileName);
-  if (this->Known && this->Known->stamp == stamp) {
+  // What failed may not fail again: permissions are not in the stamp.
+  if (this->Known && this->Known->stamp == stamp && !this->Known->failure) {
     return 1;
   }
   this->Known.reset(new State{stamp, {}, {}, {}});

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 
 // It needs <cstdio>.
 #include <jpeglib.h>
@@ -69,11 +70,11 @@ std::vector<std::uint8_t> encodeJpeg(const Picture& picture) {
   unsigned char* bytes = nullptr;
   unsigned long size = 0;
   const bool isEncoded = encode(encoder, errors, picture, bytes, size);
-  std::vector<std::uint8_t> file(bytes, bytes + (isEncoded ? size : 0));
   jpeg_destroy_compress(&encoder);
-  std::free(bytes);
+  // An encoder that failed may have freed the buffer.
+  const std::unique_ptr<unsigned char, decltype(&std::free)> buffer(isEncoded ? bytes : nullptr, &std::free);
   VEMO_REQUIRE(isEncoded, "The picture could not be encoded");
-  return file;
+  return {bytes, bytes + size};
 }
 
 }  // namespace vemo

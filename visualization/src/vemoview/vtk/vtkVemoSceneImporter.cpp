@@ -59,7 +59,7 @@ std::string toLine(const std::string& text) {
   return line;
 }
 
-/// In lines. Those about drawing say again what some about reading have said.
+/// In lines. Those about drawing may repeat some about reading.
 std::vector<std::string> toLines(const std::vector<Finding>& findings) {
   std::set<std::pair<vemo::FindingCode, std::string>> ofReading;
   std::vector<std::string> lines;

@@ -257,7 +257,7 @@ void SceneWindow::askAndOpen() {
   }
 }
 
-/// By their names; files of other extensions are no scenes as a rule.
+/// By their names; files with other extensions are rarely scenes.
 void SceneWindow::openNeighbour(int step) {
   const QFileInfo file(_path);
   QStringList names = file.dir().entryList({"*.zip", "*.sdb"}, QDir::Files, QDir::Name);

@@ -58,7 +58,7 @@ class FileWindow {
     }
     window->show();
     if (_window != nullptr) {
-      // It may have asked for the new one, and goes when it has answered; so does its scene.
+      // It may have asked for the new one, and is closed when it has answered; so does its scene.
       QObject::connect(_window.get(), &QObject::destroyed, [scene = _scene] {});
       _window->hide();
       _window.release()->deleteLater();

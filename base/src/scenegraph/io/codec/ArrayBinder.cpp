@@ -91,7 +91,7 @@ void ArrayBinder::letGo(std::size_t chunk) {
 
 void ArrayBinder::releaseUnused(std::size_t chunk) {
   Chunk& unused = findOrMake(chunk);
-  if (!unused.isLetGo || unused.uses > 0) {
+  if (!unused.isLetGo || unused.uses > 0 || unused.array == nullptr) {
     return;
   }
   unused.array = nullptr;

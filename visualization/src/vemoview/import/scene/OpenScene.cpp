@@ -7,7 +7,7 @@
 #include <vemo/scenegraph/io/FileError.h>
 
 #include <istream>
-#include <iterator>
+#include <string>
 
 namespace vemo {
 
@@ -40,6 +40,22 @@ std::vector<OpenedScene::Record> readDatabase(lum::SDBReader& reader, const Prog
 std::vector<OpenedScene::Record> readDatabase(const std::wstring& path, const ProgressReport& progress) {
   lum::SDBReader reader(path);
   return readDatabase(reader, progress);
+}
+
+std::string readAll(std::istream& stream) {
+  constexpr std::size_t BLOCK = std::size_t{1} << 20U;
+  std::string bytes;
+  std::size_t size = 0;
+  while (stream) {
+    bytes.resize(size + BLOCK);
+    stream.read(bytes.data() + size, BLOCK);
+    size += static_cast<std::size_t>(stream.gcount());
+  }
+  if (!stream.eof() || stream.bad()) {
+    throw lum::io::FileError(lum::io::FileIoStatus::ReadError, "The stream cannot be read");
+  }
+  bytes.resize(size);
+  return bytes;
 }
 
 void reportEnd(const ProgressReport& progress) {
@@ -79,10 +95,7 @@ OpenedScene openScene(std::span<const std::byte> bytes, const ProgressReport& pr
 }
 
 OpenedScene openScene(std::istream& stream, const ProgressReport& progress) {
-  const std::string bytes(std::istreambuf_iterator<char>(stream), {});
-  if (stream.bad()) {
-    throw lum::io::FileError(lum::io::FileIoStatus::ReadError, "The stream cannot be read");
-  }
+  const std::string bytes = readAll(stream);
   return openScene(std::as_bytes(std::span(bytes)), progress);
 }
 

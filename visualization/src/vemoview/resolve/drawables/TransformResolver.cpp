@@ -146,7 +146,7 @@ InstanceTransforms instancesOf(const lum::Transform& transform) {
     return {matrix};
   }
   // Scaling by zero in some directions is reported when the scene is read; in all of them, it
-  // is no scaling.
+  // does not scale.
   const auto zeros = std::ranges::count(simple->getScale(), 0.0);
   if (zeros == 0 || zeros == 3) {
     reportNotUsable();
