@@ -333,6 +333,17 @@ TEST(ScenePictureTest, FitsTheModelOrAnItemFromAStandardView) {
   EXPECT_THROW(renderPicture(scene.node(), options), NothingToFit);
 }
 
+TEST(ScenePictureTest, ShowsAsMuchAsTheAngleOfTheViewSays) {
+  RenderScene scene;
+  scene.addSurface(makePolyData({{-1, 0, -1}, {1, 0, -1}, {1, 0, 1}, {-1, 0, 1}}, {.polys = {{0, 1, 2, 3}}}),
+                   {0, 1, 0});
+  lum::setView(scene.node(), lum::Viewpoint{{0, -2, 0}, {0, 0, 0}, {0, 0, 1}, std::nullopt});
+  for (const auto& [width, height] : {std::pair(200, 100), std::pair(100, 200)}) {
+    const RenderOptions options{.width = width, .height = height, .viewAngle = 90.0};
+    EXPECT_NEAR(inkOn(renderPicture(scene.node(), options), BLACK).height(), height / 2, 1);
+  }
+}
+
 TEST(ScenePictureTest, LeavesTheBackgroundTransparent) {
   RenderScene scene;
   lum::setBackground(scene.node(), {1, 0, 1}, {0, 1, 1});

@@ -56,11 +56,11 @@ void requireSize(const PictureSize& size, int largestSize) {
 /// As the camera was pointed without a window, it shows all of the model in a picture that is
 /// wider than high, in the usual angle.
 void pointCamera(SceneRenderer& renderer, const RenderOptions& options) {
+  if (options.height > options.width) {
+    renderer.resetView();
+  }
   if (options.viewAngle) {
     renderer.setViewAngle(*options.viewAngle);
-  }
-  if (options.viewAngle || options.height > options.width) {
-    renderer.resetView();
   }
   if (options.fitsModel) {
     renderer.fitModel();

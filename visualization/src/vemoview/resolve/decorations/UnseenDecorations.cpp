@@ -107,8 +107,8 @@ void reportUnseen(std::span<const Decoration> instances, const ViewVolume& view,
       instances.size() > 1 ? fmt::format("{} of {} repeats of ", flaws.size(), instances.size()) : "";
   const NodeScope scope(*first.drawable);
   reportFinding(FindingCode::DECORATION_NOT_IN_VIEW,
-                fmt::format("The view does not show {}the {} \"{}\": {}", repeats, describeKind(first.content),
-                            first.drawable->getName(), flaws.front()));
+                fmt::format("The view does not show {}the {} \"{}\": {}", repeats,
+                            describeKind(first.content), first.drawable->getName(), flaws.front()));
 }
 
 }  // namespace
