@@ -43,7 +43,8 @@ std::string countBySeverity(const FindingList& findings) {
 struct CheckArguments {
   std::vector<std::string> files;
   bool asJson = false;
-  /// Of all files.
+  /// How many could be read, and what was found in all of them.
+  std::size_t checkedCount = 0;
   FindingList findings{};
 };
 
@@ -74,6 +75,7 @@ void runCheck(const std::string& file, CheckArguments& arguments) {
   ResultStream out;
   print(out, file, findings, arguments);
   out.finish();
+  ++arguments.checkedCount;
   arguments.findings.insert(arguments.findings.end(), findings.begin(), findings.end());
   const auto isRefused = [](const Finding& finding) { return finding.getSeverity() == Severity::REFUSED; };
   if (std::ranges::any_of(findings, isRefused)) {
@@ -85,7 +87,9 @@ void runCheck(const std::string& file, CheckArguments& arguments) {
 void summarizeChecks(const CheckArguments& arguments) {
   if (!arguments.asJson) {
     ResultStream out;
-    out << fmt::format("{} files: {}\n", arguments.files.size(), countBySeverity(arguments.findings));
+    const std::size_t unread = arguments.files.size() - arguments.checkedCount;
+    out << fmt::format("{} files: {}{}\n", arguments.files.size(), countBySeverity(arguments.findings),
+                       unread > 0 ? fmt::format(", {} not read", unread) : "");
     out.finish();
   }
 }
