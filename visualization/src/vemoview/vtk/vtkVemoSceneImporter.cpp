@@ -10,12 +10,13 @@
 #include <vemo/vtk/vtkVemoSceneImporter.h>
 
 #include <vtkActor.h>
+#include <vtkCollection.h>
 #include <vtkCommand.h>
 #include <vtkDataSet.h>
 #include <vtkErrorCode.h>
 #include <vtkIndent.h>
 #include <vtkInformation.h>
-#include <vtkInformationObjectBaseVectorKey.h>
+#include <vtkInformationObjectBaseKey.h>
 #include <vtkMapper.h>
 #include <vtkObjectFactory.h>
 #include <vtkPropCollection.h>
@@ -47,10 +48,14 @@ class SceneOwner final : public vtkObject {
 };
 vtkStandardNewMacro(SceneOwner);
 
-/// What a renderer owns.
-vtkInformationObjectBaseVectorKey* ownersKey() {
-  static auto* const key = new vtkInformationObjectBaseVectorKey("IMPORTED_SCENES", "vtkVemoSceneImporter");
-  return key;
+/// What a renderer owns. VTK's own key for several objects does not release them.
+vtkCollection& ownersOf(vtkRenderer& renderer) {
+  static auto* const key = new vtkInformationObjectBaseKey("IMPORTED_SCENES", "vtkVemoSceneImporter");
+  vtkInformation* const information = renderer.GetInformation();
+  if (!key->Has(information)) {
+    key->Set(information, vtkNew<vtkCollection>());
+  }
+  return *vtkCollection::SafeDownCast(key->Get(information));
 }
 
 std::string toLine(const std::string& text) {
@@ -99,7 +104,7 @@ struct vtkVemoSceneImporter::State {
   /// Removes from the renderer what it shows.
   void clear() {
     if (renderer != nullptr && owner != nullptr) {
-      ownersKey()->Remove(renderer->GetInformation(), owner.Get());
+      ownersOf(*renderer).RemoveItem(owner);
     }
   }
 
@@ -109,7 +114,7 @@ struct vtkVemoSceneImporter::State {
     shown = scene;
     vtkNew<SceneOwner> newOwner;
     newOwner->scene = std::move(scene);
-    ownersKey()->Append(to.GetInformation(), newOwner);
+    ownersOf(to).AddItem(newOwner);
     renderer = &to;
     owner = newOwner;
   }
