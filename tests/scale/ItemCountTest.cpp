@@ -1,6 +1,7 @@
 // The work for a scene grows as its items do. Allocations are counted: unlike
 // time they are the same on every machine.
 
+#include "Allocations.h"
 #include "support/ArchiveBuilder.h"
 #include "support/Files.h"
 #include "support/TemporaryFolder.h"
@@ -10,61 +11,13 @@
 #include <vemo/scenegraph/io/SDBReader.h>
 
 #include <algorithm>
-#include <atomic>
-#include <cstdlib>
 #include <functional>
 #include <gtest/gtest.h>
-#include <new>
 #include <string>
-
-// The allocation functions of the process, replaced by ones that count.
-
-namespace {
-
-std::atomic<std::uint64_t> allocationCount{0};
-std::atomic<std::uint64_t> allocatedBytes{0};
-
-}  // namespace
-
-// The form that throws nothing need not call the other one: a sanitizer has its
-// own, whose blocks must not get to free().
-void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
-  allocationCount.fetch_add(1, std::memory_order_relaxed);
-  allocatedBytes.fetch_add(size, std::memory_order_relaxed);
-  return std::malloc(size != 0 ? size : 1);
-}
-
-void* operator new(std::size_t size) {
-  void* const block = operator new(size, std::nothrow);
-  if (block == nullptr) {
-    throw std::bad_alloc();
-  }
-  return block;
-}
-
-void operator delete(void* block) noexcept {
-  std::free(block);
-}
-
-void operator delete(void* block, std::size_t /*size*/) noexcept {
-  std::free(block);
-}
 
 namespace vemo {
 
 namespace {
-
-/// What the process has allocated since it began, whether or not it was freed.
-struct Allocations {
-  std::uint64_t count = 0;
-  std::uint64_t bytes = 0;
-
-  static Allocations soFar() { return {allocationCount, allocatedBytes}; }
-};
-
-Allocations operator-(const Allocations& left, const Allocations& right) {
-  return {left.count - right.count, left.bytes - right.bytes};
-}
 
 /// How items are spread over a scene of so many.
 struct Layout {

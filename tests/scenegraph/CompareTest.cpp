@@ -146,8 +146,8 @@ TEST(DifferencesTest, SayWhereTextsDifferThatLookAlike) {
   };
   EXPECT_EQ(text("a b", "a c"), "n: text: a b against a c");
   EXPECT_EQ(text("a\nb", "a b"), "n: text: a\nb against a b (from byte 1 on)");
-  EXPECT_THAT(text(std::string(99, 'x') + "1", std::string(99, 'x') + "2"),
-              EndsWith("... (from byte 99 on)"));
+  const std::string same(99, 'x');
+  EXPECT_THAT(text(same + '1', same + '2'), EndsWith("... (from byte 99 on)"));
 }
 
 }  // namespace
