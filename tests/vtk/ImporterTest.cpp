@@ -126,7 +126,7 @@ TEST_F(ImporterTest, SetsCameraLightsAndBackground) {
   scene.canvas().getCameraAttributes().setPosition({1, 2, 3});
   scene.canvas().getLightingAttributes().getLights().findOrCreate<lum::Light>("lamp").setIntensity(0.5);
   scene.node().getBackgroundCanvas().getBackgroundAttributes().setSolidColor({0.25, 0.5, 0.75});
-  window.renderer->SetActiveCamera(window.renderer->MakeCamera());
+  window.renderer->SetActiveCamera(vtkSmartPointer<vtkCamera>::Take(window.renderer->MakeCamera()));
   import();
   vtkCamera& camera = *window.renderer->GetActiveCamera();
   EXPECT_EQ(toVector(camera.GetPosition()), (Vector3{1, 2, 3}));
