@@ -75,8 +75,10 @@ void addRenderCommand(CLI::App& app, Command& command) {
   addFailOnOption(*renderApp, command);
   renderApp->callback([arguments, &command] {
     requireSize(arguments->picture);
-    for (const auto& [file, output] : arguments->files.getPaths(".png")) {
-      command.jobs.push_back({file, [arguments, file, output] { render(*arguments, file, output); }});
+    for (const auto& paths : arguments->files.getPaths(".png")) {
+      const auto& [file, output] = paths;
+      command.jobs.push_back(
+          {file, [arguments, file = file, output = output] { render(*arguments, file, output); }});
     }
   });
 }

@@ -23,7 +23,9 @@ bool write(const std::filesystem::path& file, const std::string& text) {
 
 }  // namespace
 
-/// Writes the manual page and the completions of shells into a folder.
+/// Writes the manual page and the completions of shells into a folder. An exception ends the
+/// build.
+// NOLINTNEXTLINE(bugprone-exception-escape)
 int main(int argc, char** argv) {
   if (argc != 2) {
     std::cerr << "usage: vemoscene_manual FOLDER\n";

@@ -57,7 +57,10 @@ template <class Visit>
 void forEachArray(const GeometryDrawable& drawable, DataLocation location, Visit&& visit) {
   for (const auto& node : drawable.getNodes()) {
     const auto* const mesh = dynamic_cast<const PolyDataNode*>(node.getObject());
-    for (const auto& array : mesh != nullptr ? arraysAt(*mesh, location) : ArrayTable()) {
+    if (mesh == nullptr) {
+      continue;
+    }
+    for (const auto& array : arraysAt(*mesh, location)) {
       if (array->GetName() != nullptr && array->GetNumberOfComponents() > 0 &&
           array->GetNumberOfTuples() == countAt(*mesh, location)) {
         visit(*array);

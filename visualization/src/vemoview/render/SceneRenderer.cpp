@@ -220,7 +220,10 @@ bool SceneRenderer::fit(std::span<const lum::Drawable* const> drawables) {
   for (const lum::Drawable* const drawable : drawables) {
     parts.merge(visibleParts(*drawable));
   }
-  const Box bounds = _state->model != nullptr ? _state->model->boundsOf(parts) : Box();
+  if (_state->model == nullptr) {
+    return false;
+  }
+  const Box bounds = _state->model->boundsOf(parts);
   if (!bounds.isEmpty()) {
     _state->model->fit(bounds);
   }
