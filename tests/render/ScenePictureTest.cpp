@@ -340,7 +340,7 @@ TEST(ScenePictureTest, ShowsAsMuchAsTheAngleOfTheViewSays) {
   lum::setView(scene.node(), lum::Viewpoint{{0, -2, 0}, {0, 0, 0}, {0, 0, 1}, std::nullopt});
   for (const auto& [width, height] : {std::pair(200, 100), std::pair(100, 200)}) {
     const RenderOptions options{.width = width, .height = height, .viewAngle = 90.0};
-    EXPECT_NEAR(inkOn(renderPicture(scene.node(), options), BLACK).height(), height / 2, 1);
+    EXPECT_NEAR(inkOn(renderPicture(scene.node(), options), BLACK).height(), 0.5 * height, 1);
   }
 }
 
@@ -353,7 +353,8 @@ TEST(ScenePictureTest, LeavesTheBackgroundTransparent) {
   }
   const Picture picture = renderPicture(scene.node(), {.width = SIZE, .height = SIZE, .isTransparent = true});
   const auto opacityAt = [&](int column, int row) {
-    return picture.getBytes()[static_cast<std::size_t>(4 * (row * SIZE + column) + 3)];
+    return picture
+        .getBytes()[4 * (static_cast<std::size_t>(row) * SIZE + static_cast<std::size_t>(column)) + 3];
   };
   EXPECT_EQ(opacityAt(SIZE / 4, MIDDLE), 255);
   EXPECT_NEAR(opacityAt(3 * SIZE / 4, MIDDLE), 128, 1);
