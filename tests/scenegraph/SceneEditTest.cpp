@@ -9,6 +9,7 @@
 
 #include <gmock/gmock.h>
 #include <limits>
+#include <string>
 
 namespace vemo {
 
@@ -56,7 +57,8 @@ TEST(SceneEditTest, FindsItemsByNameOrPath) {
       {"body/wnig", "The scene has no item \"body/wnig\""},
       {"", "The scene has no item \"\""}};
   for (const auto& [item, message] : errors) {
-    EXPECT_EQ(errorOf([&] { lum::findItems(items.node(), item); }), message);
+    const std::string wanted = item;
+    EXPECT_EQ(errorOf([&] { lum::findItems(items.node(), wanted); }), message);
   }
 }
 
