@@ -128,7 +128,7 @@ struct vtkVemoSceneImporter::State {
   std::shared_ptr<ImportedScene> next;
   std::weak_ptr<ImportedScene> shown;
   vtkWeakPointer<vtkRenderer> renderer;
-  vtkWeakPointer<SceneOwner> owner;
+  vtkWeakPointer<vtkObject> owner;
 };
 
 vtkVemoSceneImporter::vtkVemoSceneImporter() : Data(std::make_unique<State>()) {}
