@@ -11,6 +11,7 @@
 #include <vtkDataArray.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace vemo {
 
@@ -19,11 +20,19 @@ namespace {
 /// Larger than any that OpenGL accepts.
 constexpr std::int32_t MAX_SIZE = 16384;
 
+/// In widths and heights of the window: OpenGL draws nothing of images that reach much farther.
+constexpr double FARTHEST_IN_WINDOW = 1e6;
+
 /// Also false for corners that are not numbers.
 bool spansArea(const ImageDecoration& image, const Box& bounds) {
   const double area = length(cross(image.xAxis, image.yAxis));
-  return area > 0.0 && bounds.longestSide() >= lum::LEAST_DISTANCE && isInReach(image.corner) &&
-         isInReach(bounds.low) && isInReach(bounds.high);
+  const auto isNear = [&image](const Vector3& point) {
+    return isInReach(point) && (image.isInModel || std::ranges::all_of(point, [](double value) {
+                                  return std::abs(value) <= FARTHEST_IN_WINDOW;
+                                }));
+  };
+  return area > 0.0 && bounds.longestSide() >= lum::LEAST_DISTANCE && isNear(image.corner) &&
+         isNear(bounds.low) && isNear(bounds.high);
 }
 
 bool canBeDrawn(const ImageDecoration& image, const std::string& name) {

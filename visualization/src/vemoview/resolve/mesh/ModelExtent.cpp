@@ -143,7 +143,7 @@ void ModelExtent::reportCollapsed() const {
 
 void ModelExtent::reportInvisible(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes,
                                   double side) const {
-  if (_items.empty()) {
+  if (_items.empty() || _isTooFar) {
     return;
   }
   // Something smaller would be viewed from a distance that VTK does not allow.
