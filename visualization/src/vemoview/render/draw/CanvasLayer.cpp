@@ -7,6 +7,7 @@
 #include "vemoview/resolve/drawables/InstanceBounds.h"
 #include <vemo/resolve/Picker.h>
 
+#include <vtkPolyData.h>
 #include <vtkRenderer.h>
 
 #include <utility>

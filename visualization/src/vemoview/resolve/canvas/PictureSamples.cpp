@@ -41,7 +41,8 @@ bool PictureSamples::isInside(std::span<const Place> corners) const {
   for (const Place& corner : corners) {
     rows.add(_counts[1] * corner[1]);
   }
-  for (double row = rows.begin(); row < rows.end(); ++row) {
+  const auto end = static_cast<int>(rows.end());
+  for (auto row = static_cast<int>(rows.begin()); row < end; ++row) {
     const double y = row + 0.5;
     Interval across;
     Place from = corners.back();

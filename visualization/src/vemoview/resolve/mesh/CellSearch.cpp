@@ -6,6 +6,10 @@
 #include "vemoview/resolve/values/UsableValues.h"
 #include <vemo/resolve/UsualPicture.h>
 
+#include <vtkCellArray.h>
+#include <vtkPoints.h>
+#include <vtkPolyData.h>
+
 namespace vemo {
 
 namespace {
