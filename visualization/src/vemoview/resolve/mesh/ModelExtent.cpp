@@ -42,6 +42,13 @@ PictureReach reachOf(std::span<const MeshInstance> parts) {
   return reach;
 }
 
+/// Whether its settings show anything of a mesh.
+bool showsSomething(const MeshInstance& mesh) {
+  const Appearance& appearance = mesh.appearance;
+  return appearance.kind != Appearance::Kind::SURFACE || appearance.hasFaces || appearance.hasEdges ||
+         appearance.hasContour;
+}
+
 bool isSameMesh(const MeshInstance& a, const MeshInstance& b) {
   return a.node == b.node && a.transforms == b.transforms;
 }
@@ -80,6 +87,9 @@ ModelExtent::ModelExtent(const std::vector<MeshInstance>& meshes, const ViewVolu
 }
 
 void ModelExtent::add(std::span<const MeshInstance> parts, const ViewVolume* statedView) {
+  if (std::ranges::none_of(parts, showsSomething)) {
+    return;
+  }
   const MeshInstance& mesh = parts.front();
   const Box bounds = boundsOfFinite(*mesh.geometry);
   const PictureReach reach = reachOf(parts);
