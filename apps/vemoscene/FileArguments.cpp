@@ -1,6 +1,7 @@
 #include "FileArguments.h"
 
 #include "InputFile.h"
+#include "OutputFile.h"
 #include "output/ExitCode.h"
 
 #include <CLI/CLI.hpp>
@@ -57,7 +58,15 @@ void FileArguments::addTo(CLI::App& app, const std::string& output) {
       ->excludes(single);
 }
 
+NewFolder::~NewFolder() {
+  std::error_code isNotEmpty;
+  fs::remove(_path, isNotEmpty);
+}
+
 PathList FileArguments::pathsInFolder(const std::string& extension) const {
+  if (isStandardOutput(_folder)) {
+    throw Failure(ExitCode::WRONG_USAGE, "-d needs a folder: standard output is not one");
+  }
   PathList all;
   std::vector<std::string> files{_file};
   files.insert(files.end(), _more.begin(), _more.end());
@@ -85,15 +94,22 @@ PathList FileArguments::getPaths(const std::string& extension) const {
   if (outputs.size() > 1) {
     throw CLI::ExtrasError({_more.back() + " (several FILEs need -d)"});
   }
+  if (outputs.front().empty()) {
+    throw Failure(ExitCode::WRONG_USAGE, "OUT is empty");
+  }
   return {{_file, outputs.front()}};
 }
 
-void FileArguments::makeFolder() const {
+std::optional<NewFolder> FileArguments::makeFolder() const {
   std::error_code error;
-  if (!_folder.empty() && !fs::is_directory(_folder, error) && !fs::create_directory(_folder, error)) {
+  if (_folder.empty() || fs::is_directory(_folder, error)) {
+    return std::nullopt;
+  }
+  if (!fs::create_directory(_folder, error)) {
     throw Failure(ExitCode::CANNOT_WRITE,
                   fmt::format("Cannot create the folder \"{}\": {}", _folder, error.message()));
   }
+  return std::optional<NewFolder>(_folder);
 }
 
 }  // namespace vemo

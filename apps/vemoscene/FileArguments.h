@@ -1,6 +1,9 @@
 #pragma once
 
+#include <filesystem>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace CLI {
@@ -8,6 +11,20 @@ class App;
 }
 
 namespace vemo {
+
+/// A folder that is removed if it is empty in the end.
+class NewFolder {
+ public:
+  explicit NewFolder(std::filesystem::path path) : _path(std::move(path)) {}
+  ~NewFolder();
+  NewFolder(NewFolder&& other) noexcept : _path(std::exchange(other._path, {})) {}
+  NewFolder(const NewFolder&) = delete;
+  NewFolder& operator=(const NewFolder&) = delete;
+  NewFolder& operator=(NewFolder&&) = delete;
+
+ private:
+  std::filesystem::path _path;
+};
 
 /// The scene files that a command reads and the files that it writes, as arguments: FILE OUT,
 /// FILE -o OUT, or FILE... -d FOLDER.
@@ -28,8 +45,9 @@ class FileArguments {
   /// @param extension of outputs in a folder
   std::vector<Paths> getPaths(const std::string& extension) const;
 
-  /// Creates the folder for outputs if there is none.
-  void makeFolder() const;
+  /// Creates the folder for outputs if there is none. Unless something is written to it, it
+  /// is removed with the result.
+  [[nodiscard]] std::optional<NewFolder> makeFolder() const;
 
  private:
   std::vector<Paths> pathsInFolder(const std::string& extension) const;

@@ -166,7 +166,7 @@ INSTANTIATE_TEST_SUITE_P(Colormaps, FeatureTest,
                                          colored("AtPoints", "dim='1' vertexData='true' data='byPoint'",
                                                  "ramp='sqrt'"),
                                          colored("LogarithmicAtCells", "dim='1' data='byCell'",
-                                                 "log10='true'", "smoothShading='false' showEdges='true'"),
+                                                 "log10='true'", "smoothShading='false'"),
                                          colored("LogarithmicAtPoints",
                                                  "dim='1' vertexData='true' data='byPoint'", "log10='true'"),
                                          colored("PairsByTheirFirst", "dim='2' data='pairs'", ""),
@@ -218,6 +218,18 @@ INSTANTIATE_TEST_SUITE_P(
 
 // ---- Edges ----
 
+/// As lines in front of the faces: VTK's own edges end at the borders of faces, with half of
+/// their width.
+void drawEdgesInFront(DirectDrawing& direct) {
+  direct.addGeometry();
+  vtkActor& faces = *direct.renderer().GetActors()->GetLastActor();
+  faces.GetProperty()->EdgeVisibilityOff();
+  vtkActor& edges = direct.addPlain(vtkPolyData::SafeDownCast(faces.GetMapper()->GetInput()),
+                                    toVector(faces.GetProperty()->GetEdgeColor()));
+  edges.GetProperty()->SetRepresentationToWireframe();
+  edges.AddPosition(0, 0, 0.01);
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Edges, FeatureTest,
     testing::Values(Feature{"Alone", geometry(HILL + " showFaces='false' showEdges='true' lineWidth='3'"),
@@ -225,7 +237,7 @@ INSTANTIATE_TEST_SUITE_P(
                               direct.addGeometry();
                               direct.renderer().GetActors()->GetLastActor()->GetProperty()->LightingOff();
                             }},
-                    Feature{"OnFaces", geometry(HILL + " showEdges='true' lineWidth='1'")}),
+                    Feature{"OnFaces", geometry(HILL + " showEdges='true' lineWidth='1'"), drawEdgesInFront}),
     nameOf);
 
 // ---- Contours ----

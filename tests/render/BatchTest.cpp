@@ -79,11 +79,12 @@ TEST(BatchTest, KeepsWhatIsDrawnDifferentlyApart) {
       {"ambient", [](auto& surface) { material(surface).setAmbient(0.9); }},
       {"diffuse", [](auto& surface) { material(surface).setDiffuse(0.2); }},
       {"clipping", [](auto& surface) { surface.getBaseAttributes().setClipPlanesEnabled(false); }},
-      {"a contour instead of edges",
+      {"a contour, without edges",
        [](auto& surface) {
          mesh(surface).setMeshVisible(false, false);
          surface.template getAttributes<lum::ContourAttributes>().setContourVisible(true);
-       }},
+       },
+       [](auto& surface) { mesh(surface).setMeshVisible(false, false); }},
       {"edge colour",
        [](auto& surface) {
          mesh(surface).setMeshColor({0, 0, 1});

@@ -57,7 +57,7 @@ void convert(const ConvertArguments& arguments, const FileArguments::Paths& path
   if (toStandardOutput && request.verify) {
     throw Failure(ExitCode::WRONG_USAGE, "Standard output cannot be read back and verified");
   }
-  arguments.files.makeFolder();
+  const auto folder = arguments.files.makeFolder();
   checkOutput(request.output, format.kind, arguments.force);
   if (!arguments.ledger.empty()) {
     prepareLedger(arguments, request);

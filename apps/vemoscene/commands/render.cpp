@@ -40,7 +40,7 @@ void render(const RenderArguments& arguments, const std::string& file, const std
   if (arguments.picture.isTransparent && !hasOpacity(kind)) {
     throw Failure(ExitCode::WRONG_USAGE, "A JPEG file cannot be transparent");
   }
-  arguments.files.makeFolder();
+  const auto folder = arguments.files.makeFolder();
   checkOutput(output, kind, arguments.force);
   writePicture(draw(arguments, file), kind, output);
 }
@@ -50,6 +50,9 @@ void requireSize(const RenderOptions& picture) {
     throw CLI::ValidationError(
         "--scale", fmt::format("gives {} x {} pixels, more than {} each way", picture.scaledWidth(),
                                picture.scaledHeight(), MAX_PICTURE_SIZE));
+  }
+  if (picture.scale * std::min(picture.width, picture.height) < 1.0) {
+    throw CLI::ValidationError("--scale", "gives less than one pixel");
   }
 }
 

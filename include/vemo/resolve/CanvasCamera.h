@@ -6,6 +6,10 @@
 
 namespace vemo {
 
+/// The least depth that perspective shows, as a part of the greatest: less leaves too little
+/// precision for what is far away.
+inline constexpr double LEAST_DEPTH = 1e-4;
+
 /// Where a canvas is seen from. All values are finite.
 struct CanvasCamera {
   /// The view-up is a unit vector that is not parallel to the direction of view.

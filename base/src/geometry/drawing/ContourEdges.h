@@ -8,6 +8,9 @@ class vtkPolyData;
 
 namespace vemo {
 
+/// The angle at which edges are drawn as part of a contour.
+inline constexpr double CONTOUR_BEND_DEGREES = 30.0;
+
 /// The lines of a drawing of faces: their borders, and the edges at which two
 /// faces meet at the given angle or a sharper one. Points at the same place count
 /// as one: faces that meet there have no border between them. An edge of more than

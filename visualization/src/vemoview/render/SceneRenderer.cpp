@@ -48,8 +48,7 @@ bool isTranslucent(vtkActor& actor) {
 bool showsFineShapes(vtkActor& actor) {
   auto* const geometry = vtkPolyData::SafeDownCast(actor.GetMapper()->GetInput());
   vtkProperty& property = *actor.GetProperty();
-  return property.GetEdgeVisibility() != 0 || property.GetRenderPointsAsSpheres() ||
-         property.GetRepresentation() == VTK_WIREFRAME ||
+  return property.GetRenderPointsAsSpheres() || property.GetRepresentation() == VTK_WIREFRAME ||
          (geometry != nullptr && geometry->GetNumberOfLines() > 0);
 }
 

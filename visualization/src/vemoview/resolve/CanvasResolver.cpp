@@ -4,7 +4,7 @@
 #include "vemoview/resolve/canvas/CameraResolver.h"
 #include "vemoview/resolve/canvas/ClipPlanesResolver.h"
 #include "vemoview/resolve/canvas/LightsResolver.h"
-#include "vemoview/resolve/canvas/ViewVolume.h"
+#include "vemoview/resolve/canvas/ShownShapes.h"
 #include "vemoview/resolve/decorations/TextFraming.h"
 #include "vemoview/resolve/decorations/UnseenDecorations.h"
 #include "vemoview/resolve/mesh/ModelExtent.h"
@@ -50,6 +50,14 @@ std::optional<Viewport> resolveViewport(const lum::SceneCanvas& canvas) {
 /// @param size as a part of the window's
 double widthToHeight(const Vector<2, double>& size) {
   return USUAL_WIDTH * size[0] / (USUAL_HEIGHT * size[1]);
+}
+
+/// @param size of the canvas, as a part of the window's
+UsualCanvas usualCanvas(const CanvasCamera& camera, const ViewVolume& view, const Vector<2, double>& size,
+                        const Box& model) {
+  const double nearest =
+      camera.isParallel || model.isEmpty() ? 0.0 : LEAST_DEPTH * view.greatestDepthOf(model);
+  return {view, PictureSamples(size), std::max(0.0, nearest)};
 }
 
 }  // namespace
@@ -99,8 +107,12 @@ void CanvasResolver::frame(CanvasUpdate& content, const CanvasCamera& camera, co
   const double side = framed.longestSide();
   if (side > 0.0) {
     const ViewVolume view(framing(camera, framed), widthToHeight(size));
-    model.reportInvisible(view, side);
-    reportUnseenDecorations(content.decorations, view, size[1]);
+    const UsualCanvas canvas = usualCanvas(camera, view, size, _model);
+    model.reportInvisible(canvas, _clipPlanes, side);
+    reportUnseenDecorations(content.decorations, &canvas, size, _clipPlanes);
+  } else {
+    model.reportCollapsed();
+    reportUnseenDecorations(content.decorations, nullptr, size, _clipPlanes);
   }
 }
 
@@ -108,10 +120,11 @@ void CanvasResolver::frame(CanvasUpdate& content, const CanvasCamera& camera, co
 void CanvasResolver::view(CanvasUpdate& content, const CanvasCamera& camera, const Vector<2, double>& size) {
   const ViewVolume view(camera, widthToHeight(size));
   const ModelExtent model(content.meshes, &view);
-  model.reportUnsuitableView(view, camera);
-  reportUnseenDecorations(content.decorations, view, size[1]);
   // Users may frame everything later on.
   _model = model.getBox();
+  const UsualCanvas canvas = usualCanvas(camera, view, size, _model);
+  model.reportUnsuitableView(canvas, _clipPlanes, camera);
+  reportUnseenDecorations(content.decorations, &canvas, size, _clipPlanes);
   chooseFramedTexts(content.decorations, _model);
 }
 

@@ -110,7 +110,8 @@ bool PolyDataReader::fits(const GeometryArray& array, vtkIdType tuplesExpected, 
     const ReadingContext::AttributeScope scope(&_context, DATA_KEY);
     reportCutOff(count, components, entry);
   }
-  if (components == COORDINATES && tuples > 0) {
+  // Those that count as normals are reported as such.
+  if (components == COORDINATES && tuples > 0 && array.name != NORMALS) {
     _context.report(FindingCode::ARRAY_MAGNITUDE,
                     "The vectors of the array \"" + array.name + "\" are replaced by their lengths", entry);
   }

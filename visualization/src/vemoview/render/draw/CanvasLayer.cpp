@@ -7,6 +7,7 @@
 #include "vemoview/resolve/drawables/InstanceBounds.h"
 #include <vemo/resolve/Picker.h>
 
+#include <vtkPolyData.h>
 #include <vtkRenderer.h>
 
 #include <utility>
@@ -100,6 +101,10 @@ Box CanvasLayer::boundsOf(const DrawableSet& drawables) const {
     batch.forEachShown([&](const MeshInstance& mesh) {
       if (drawables.contains(mesh.drawable)) {
         const Box bounds = vemo::boundsOf(*mesh.geometry);
+        // Faces and lines that have collapsed to a point are not seen from anywhere.
+        if (mesh.appearance.kind != Appearance::Kind::POINTS && bounds.longestSide() == 0.0) {
+          return;
+        }
         forEachInstance(mesh.transforms, [&](const InstanceTransform* transform) {
           box.add(instanceBounds(transform, bounds));
         });

@@ -80,17 +80,10 @@ vtkSmartPointer<vtkPolyDataMapper> makeMapper(const RenderMesh& mesh, vtkPlaneCo
   return mapper;
 }
 
-/// Whether VTK draws the edges with the faces. They have the faces' opacity then, and lack
-/// the half of their width that is beyond the faces.
-bool hasEdgesOfFaces(const Appearance& appearance) {
-  return appearance.hasEdges && appearance.hasFaces && appearance.opacity == 1.0 &&
-         appearance.edgeOpacity == 1.0 && appearance.lineWidth <= 1.0;
-}
-
 vtkSmartPointer<vtkActor> makeActor(const RenderMesh& mesh, const InstanceTransform* transform) {
   auto actor = vtkSmartPointer<MeshActor>::New();
   actor->setNearer(mesh.isOnFaces || mesh.appearance.isOfSurface);
-  if (mesh.appearance.hasContour || (mesh.appearance.hasEdges && !hasEdgesOfFaces(mesh.appearance))) {
+  if (mesh.appearance.hasContour || mesh.appearance.hasEdges) {
     actor->setWidthOfLinesOnFaces(mesh.appearance.lineWidth);
   }
   if (transform != nullptr) {
@@ -148,6 +141,8 @@ void becomeEdges(RenderMesh& mesh) {
   mesh.appearance.opacity = mesh.appearance.edgeOpacity;
 }
 
+/// As lines of their own: what VTK draws with faces lacks the half of its width that is beyond
+/// them, and has their opacity.
 void addEdges(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
   RenderMesh edges = mesh;
   becomeEdges(edges);
@@ -158,9 +153,8 @@ void addEdges(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& gro
 }
 
 void addContour(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
-  constexpr double LEAST_BEND_DEGREES = 30.0;
   RenderMesh contour = mesh;
-  contour.geometry = contourEdges(*mesh.geometry, LEAST_BEND_DEGREES);
+  contour.geometry = contourEdges(*mesh.geometry, CONTOUR_BEND_DEGREES);
   if (contour.geometry->GetNumberOfCells() == 0) {
     return;
   }
@@ -172,11 +166,9 @@ void addContour(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& g
 void addSurface(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
   const Appearance& appearance = mesh.appearance;
   if (appearance.hasFaces) {
-    vtkProperty& property = addActors(mesh, planes, group);
-    property.SetEdgeVisibility(hasEdgesOfFaces(appearance));
-    property.SetEdgeColor(appearance.edgeColor[0], appearance.edgeColor[1], appearance.edgeColor[2]);
+    addActors(mesh, planes, group);
   }
-  if (appearance.hasEdges && !hasEdgesOfFaces(appearance)) {
+  if (appearance.hasEdges) {
     addEdges(mesh, planes, group);
   }
   // Last: at the same depth it covers the rest.

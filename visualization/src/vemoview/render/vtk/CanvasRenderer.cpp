@@ -1,6 +1,7 @@
 #include "vemoview/render/vtk/CanvasRenderer.h"
 
 #include <vemo/base/Vector.h>
+#include <vemo/resolve/CanvasCamera.h>
 
 #include <vtkCamera.h>
 #include <vtkDepthPeelingPass.h>
@@ -13,10 +14,6 @@
 namespace vemo {
 
 namespace {
-
-/// The nearest that perspective shows, as a part of the farthest: less leaves too little
-/// precision for what is far away.
-constexpr double LEAST_NEAR = 1e-4;
 
 /// Of a box, from the camera along its direction; negative for one that is partly behind.
 double leastDepth(const double* bounds, vtkCamera& camera) {
@@ -64,7 +61,7 @@ void showNear(vtkCamera& camera, const double* bounds) {
   const double far = camera.GetClippingRange()[1];
   const double depth = leastDepth(bounds, camera);
   if (depth < near) {
-    const double nearest = camera.GetParallelProjection() != 0 ? 0.0 : std::max(depth, far * LEAST_NEAR);
+    const double nearest = camera.GetParallelProjection() != 0 ? 0.0 : std::max(depth, far * LEAST_DEPTH);
     camera.SetClippingRange(std::min(near, nearest), far);
   }
 }

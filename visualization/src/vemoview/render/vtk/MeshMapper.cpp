@@ -38,10 +38,9 @@ void MeshMapper::ComputeBounds() {
 bool MeshMapper::hasOnlyTriangles(vtkActor& actor, vtkPolyData& geometry) const {
   vtkProperty& property = *actor.GetProperty();
   vtkCellArray& faces = *geometry.GetPolys();
-  return property.GetRepresentation() == VTK_SURFACE && property.GetEdgeVisibility() == 0 &&
-         property.GetVertexVisibility() == 0 && !HaveCellScalars && !HaveCellNormals &&
-         geometry.GetNumberOfCells() == faces.GetNumberOfCells() && !faces.IsStorage64Bit() &&
-         faces.IsHomogeneous() == 3;
+  return property.GetRepresentation() == VTK_SURFACE && property.GetVertexVisibility() == 0 &&
+         !HaveCellScalars && !HaveCellNormals && geometry.GetNumberOfCells() == faces.GetNumberOfCells() &&
+         !faces.IsStorage64Bit() && faces.IsHomogeneous() == 3;
 }
 
 void MeshMapper::BuildIBO(vtkRenderer* renderer, vtkActor* actor, vtkPolyData* geometry) {

@@ -43,24 +43,51 @@ bool ViewVolume::misses(const Box& box, const PictureReach& reach) const {
 unsigned ViewVolume::sidesBeyond(const Vector3& point, const PictureReach& reach) const {
   const Vector3 place = point - _position;
   const double depth = dot(place, _forward);
-  const double height = (1.0 + reach.upwards) * halfHeight(depth);
-  const double width = (_shape + reach.across) * halfHeight(depth);
+  const double half = halfHeight(depth);
   const double y = dot(place, _up);
   const double x = dot(place, _right);
-  return (depth < 0.0 ? BEHIND : NONE) | (y > height ? ABOVE : NONE) | (y < -height ? BELOW : NONE) |
-         (x > width ? RIGHT : NONE) | (x < -width ? LEFT : NONE);
+  // In perspective, nothing can be seen beside the camera.
+  const bool isBehind = _isParallel ? depth < 0.0 : depth <= 0.0;
+  return (isBehind ? BEHIND : NONE) | (y > (1.0 + reach.down) * half ? ABOVE : NONE) |
+         (y < -(1.0 + reach.up) * half ? BELOW : NONE) | (x > (_shape + reach.left) * half ? RIGHT : NONE) |
+         (x < -(_shape + reach.right) * half ? LEFT : NONE);
 }
 
 double ViewVolume::depthOf(const Box& box) const {
   double depth = std::numeric_limits<double>::max();
   for (const Vector3& corner : box.corners()) {
-    depth = std::min(depth, dot(corner - _position, _forward));
+    depth = std::min(depth, depthOf(corner));
   }
   return depth;
 }
 
-double ViewVolume::heightAt(const Box& box) const {
-  return 2.0 * halfHeight(depthOf(box));
+double ViewVolume::greatestDepthOf(const Box& box) const {
+  double depth = std::numeric_limits<double>::lowest();
+  for (const Vector3& corner : box.corners()) {
+    depth = std::max(depth, depthOf(corner));
+  }
+  return depth;
+}
+
+/// @param outward a unit vector of the picture
+/// @param halfSize in halves of the picture's height
+ClipPlane ViewVolume::side(const Vector3& outward, double halfSize) const {
+  if (_isParallel) {
+    return {_position + halfSize * _parallelScale * outward, -1.0 * outward};
+  }
+  return {_position, normalized(halfSize * std::tan(HALF_ANGLE) * _forward - outward)};
+}
+
+std::array<ClipPlane, 5> ViewVolume::sides(double nearest, const PictureReach& reach) const {
+  return {ClipPlane{_position + nearest * _forward, _forward}, side(_right, _shape + reach.left),
+          side(-1.0 * _right, _shape + reach.right), side(_up, 1.0 + reach.down),
+          side(-1.0 * _up, 1.0 + reach.up)};
+}
+
+Vector<2, double> ViewVolume::placeOf(const Vector3& point) const {
+  const Vector3 place = point - _position;
+  const double half = halfHeight(dot(place, _forward));
+  return {(dot(place, _right) / (_shape * half) + 1.0) / 2.0, (dot(place, _up) / half + 1.0) / 2.0};
 }
 
 CanvasCamera framing(const CanvasCamera& camera, const Box& box) {

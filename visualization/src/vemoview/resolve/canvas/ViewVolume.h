@@ -2,14 +2,21 @@
 
 #include "geometry/Box.h"
 #include <vemo/resolve/CanvasCamera.h>
+#include <vemo/resolve/ClipPlane.h>
+
+#include <array>
 
 namespace vemo {
 
 /// How far something extends beyond its place in the picture, whatever the distance: in
 /// halves of the picture's height.
 struct PictureReach {
-  double across = 0.0;
-  double upwards = 0.0;
+  double left = 0.0;
+  double right = 0.0;
+  double down = 0.0;
+  double up = 0.0;
+
+  static PictureReach onAllSides(double reach) { return {reach, reach, reach, reach}; }
 };
 
 /// What a view shows in a picture.
@@ -22,16 +29,28 @@ class ViewVolume {
   /// Whether a box is outside for certain; false for most others that are outside.
   bool misses(const Box& box, const PictureReach& reach) const;
 
-  /// From the camera along its direction to the nearest point of a box.
+  /// From the camera along its direction to a point, and to the nearest and the farthest
+  /// point of a box.
+  double depthOf(const Vector3& point) const { return dot(point - _position, _forward); }
   double depthOf(const Box& box) const;
+  double greatestDepthOf(const Box& box) const;
 
-  /// The height of the picture, in units of the model, where a box is nearest to the camera;
-  /// not above 0 if that is behind it.
-  double heightAt(const Box& box) const;
+  /// The height of the picture, in units of the model, at a depth; not above 0 behind the
+  /// camera.
+  double heightAt(double depth) const { return 2.0 * halfHeight(depth); }
+
+  /// The planes around what is in the picture of things with a reach.
+  /// @param nearest what is closer to the camera is outside, too
+  std::array<ClipPlane, 5> sides(double nearest, const PictureReach& reach) const;
+
+  /// Where a point that is in front of the camera is in the picture: as fractions of width
+  /// and height from the lower left corner.
+  Vector<2, double> placeOf(const Vector3& point) const;
 
  private:
   unsigned sidesBeyond(const Vector3& point, const PictureReach& reach) const;
   double halfHeight(double depth) const;
+  ClipPlane side(const Vector3& outward, double halfSize) const;
 
   Vector3 _position;
   Vector3 _forward;

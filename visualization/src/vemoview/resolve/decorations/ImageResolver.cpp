@@ -11,6 +11,7 @@
 #include <vtkDataArray.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace vemo {
 
@@ -19,26 +20,28 @@ namespace {
 /// Larger than any that OpenGL accepts.
 constexpr std::int32_t MAX_SIZE = 16384;
 
+/// In widths and heights of the window: OpenGL draws nothing of images that reach much farther.
+constexpr double FARTHEST_IN_WINDOW = 1e6;
+
 /// Also false for corners that are not numbers.
 bool spansArea(const ImageDecoration& image, const Box& bounds) {
   const double area = length(cross(image.xAxis, image.yAxis));
-  return area > 0.0 && bounds.longestSide() >= lum::LEAST_DISTANCE && isInReach(image.corner) &&
-         isInReach(bounds.low) && isInReach(bounds.high);
+  const auto isNear = [&image](const Vector3& point) {
+    return isInReach(point) && (image.isInModel || std::ranges::all_of(point, [](double value) {
+                                  return std::abs(value) <= FARTHEST_IN_WINDOW;
+                                }));
+  };
+  return area > 0.0 && bounds.longestSide() >= lum::LEAST_DISTANCE && isNear(image.corner) &&
+         isNear(bounds.low) && isNear(bounds.high);
 }
 
-bool isInWindow(const Box& bounds) {
-  return bounds.low[0] < 1.0 && bounds.low[1] < 1.0 && bounds.high[0] > 0.0 && bounds.high[1] > 0.0;
-}
-
-bool canBeSeen(const ImageDecoration& image, const std::string& name) {
-  const Box bounds = boundsOf(image);
-  const char* const flaw = !spansArea(image, bounds) ? "its corners do not span an area that can be drawn"
-                           : !image.isInModel && !isInWindow(bounds) ? "it is outside the window"
-                                                                     : nullptr;
-  if (flaw != nullptr) {
-    reportFinding(FindingCode::DECORATION_NOT_DRAWN, "The image \"" + name + "\" is not drawn: " + flaw);
+bool canBeDrawn(const ImageDecoration& image, const std::string& name) {
+  if (spansArea(image, boundsOf(image))) {
+    return true;
   }
-  return flaw == nullptr;
+  reportFinding(FindingCode::DECORATION_NOT_DRAWN,
+                "The image \"" + name + "\" is not drawn: its corners do not span an area that can be drawn");
+  return false;
 }
 
 bool hasValidPixels(const lum::ImageDrawable& image, const lum::ImageAttributes& attributes) {
@@ -55,10 +58,21 @@ bool hasValidPixels(const lum::ImageDrawable& image, const lum::ImageAttributes&
 
 Box boundsOf(const ImageDecoration& image) {
   Box bounds;
-  for (const Vector3& side : {Vector3(), image.xAxis, image.yAxis, image.xAxis + image.yAxis}) {
-    bounds.add(transformedPoint(image.transform ? &*image.transform : nullptr, image.corner + side));
+  for (const Vector3& corner : cornersOf(image)) {
+    bounds.add(corner);
   }
   return bounds;
+}
+
+std::array<Vector3, 4> cornersOf(const ImageDecoration& image) {
+  std::array<Vector3, 4> corners{image.corner, image.corner + image.xAxis,
+                                 image.corner + image.xAxis + image.yAxis, image.corner + image.yAxis};
+  if (image.transform) {
+    for (Vector3& corner : corners) {
+      corner = transformedPoint(&*image.transform, corner);
+    }
+  }
+  return corners;
 }
 
 std::optional<ImageDecoration> resolveImage(const lum::ImageDrawable& image) {
@@ -82,7 +96,7 @@ std::optional<ImageDecoration> resolveImage(const lum::ImageDrawable& image) {
   }
   const auto* const colors = image.findAttributes<lum::ColorAttributes>();
   result.opacity = colors != nullptr ? unitValue(colors->getOpacity(), 1.0) : 1.0;
-  return result.opacity > 0.0 && canBeSeen(result, image.getName()) ? std::optional(result) : std::nullopt;
+  return result.opacity > 0.0 && canBeDrawn(result, image.getName()) ? std::optional(result) : std::nullopt;
 }
 
 }  // namespace vemo

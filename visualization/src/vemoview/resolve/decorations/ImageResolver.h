@@ -3,6 +3,7 @@
 #include "geometry/Box.h"
 #include <vemo/resolve/Decoration.h>
 
+#include <array>
 #include <optional>
 
 namespace lum {
@@ -15,7 +16,10 @@ namespace vemo {
 /// parallel, or that is transparent.
 std::optional<ImageDecoration> resolveImage(const lum::ImageDrawable& image);
 
-/// Around its four corners, in the model or in the window.
+/// In the model or in the window, one after the other around the image.
+std::array<Vector3, 4> cornersOf(const ImageDecoration& image);
+
+/// Around its four corners.
 Box boundsOf(const ImageDecoration& image);
 
 }  // namespace vemo

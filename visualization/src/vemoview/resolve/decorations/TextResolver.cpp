@@ -14,17 +14,6 @@ namespace {
 
 constexpr double TEXT_LINE_HEIGHT = 0.04;
 
-/// However long the text is.
-bool isBesideWindow(const TextDecoration& text) {
-  using Horizontal = TextDecoration::Horizontal;
-  using Vertical = TextDecoration::Vertical;
-  const auto& [x, y, z] = text.position.values;
-  return !text.isInModel &&
-         ((text.horizontal == Horizontal::LEFT && x >= 1.0) ||
-          (text.horizontal == Horizontal::RIGHT && x <= 0.0) ||
-          (text.vertical == Vertical::BOTTOM && y >= 1.0) || (text.vertical == Vertical::TOP && y <= 0.0));
-}
-
 }  // namespace
 
 std::optional<TextDecoration> resolveText(const lum::TextDrawable& text) {
@@ -47,10 +36,6 @@ std::optional<TextDecoration> resolveText(const lum::TextDrawable& text) {
   }
   result.horizontal = static_cast<TextDecoration::Horizontal>(attributes->getHorizontalAlignment());
   result.vertical = static_cast<TextDecoration::Vertical>(attributes->getVerticalAlignment());
-  if (isBesideWindow(result)) {
-    reportFinding(FindingCode::DECORATION_NOT_DRAWN, what + " is not drawn: it is outside the window");
-    return std::nullopt;
-  }
   result.style = resolveTextStyle(style, {result.text}, what);
   result.lineHeight = resolveLineHeight(style, TEXT_LINE_HEIGHT);
   reportIfTooSmall(result.lineHeight, what);

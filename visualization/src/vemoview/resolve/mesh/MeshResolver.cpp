@@ -270,6 +270,18 @@ void reportMissingArray(const lum::GeometryDrawable& drawable, const lum::DataAr
                             itemNameOf(drawable), array.getDataArrayName()));
 }
 
+void reportIfTooLarge(const MeshInstance& points) {
+  // OpenGL in software draws them up to 255 pixels, in a picture twice as large.
+  constexpr double MOST_PIXELS = 127.0;
+  const Appearance& appearance = points.appearance;
+  if (appearance.kind == Appearance::Kind::POINTS && !appearance.isPointSizeInModelUnits &&
+      appearance.pointSize > MOST_PIXELS) {
+    reportFinding(FindingCode::VALUE_IGNORED,
+                  fmt::format("Points of \"{}\" are larger than {} pixels: OpenGL may draw them smaller",
+                              itemNameOf(*points.node), MOST_PIXELS));
+  }
+}
+
 void require(vtkIdType count, vtkIdType most, const char* what) {
   if (count > most) {
     throw SceneTooLarge("The scene is too large to be drawn: more than " + std::to_string(most) + " " + what);
@@ -323,6 +335,7 @@ void MeshResolver::resolve(const lum::GeometryDrawable& drawable, const VisibleD
       isColored = isColored || mesh.scalars;
       countSize(mesh, load);
       for (MeshInstance& part : splitBySize(std::move(mesh), drawable, *polyData)) {
+        reportIfTooLarge(part);
         countCopies(part, load);
         meshes.push_back(std::move(part));
       }

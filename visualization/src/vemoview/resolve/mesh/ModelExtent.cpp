@@ -3,6 +3,7 @@
 #include "geometry/Bounds.h"
 #include "vemoview/resolve/canvas/ViewVolume.h"
 #include "vemoview/resolve/drawables/InstanceBounds.h"
+#include "vemoview/resolve/mesh/CellSearch.h"
 #include "vemoview/resolve/values/Groups.h"
 #include "vemoview/resolve/values/NodeFindings.h"
 #include "vemoview/resolve/values/UsableValues.h"
@@ -30,28 +31,22 @@ Box boundsOfFinite(vtkPolyData& geometry) {
                                                        : finiteBounds(*geometry.GetPoints()->GetData());
 }
 
-bool isOfFaces(const Appearance& appearance) {
-  return appearance.kind == Appearance::Kind::SURFACE && !appearance.hasEdges && !appearance.hasContour;
-}
-
-/// How far points and lines extend beyond their coordinates, on both sides together.
-double pixelsBeyond(const Appearance& appearance) {
-  if (isOfFaces(appearance)) {
-    return 0.0;
-  }
-  if (appearance.kind == Appearance::Kind::POINTS) {
-    return appearance.isPointSizeInModelUnits ? MAX_PIXELS : appearance.pointSize;
-  }
-  return appearance.lineWidth;
-}
-
-/// Of parts of one mesh, which share its points.
+/// Of parts of one mesh.
 PictureReach reachOf(std::span<const MeshInstance> parts) {
-  double pixels = 0.0;
+  PictureReach reach;
   for (const MeshInstance& part : parts) {
-    pixels = std::max(pixels, pixelsBeyond(part.appearance));
+    if (const PictureReach other = reachOf(part.appearance); other.up > reach.up) {
+      reach = other;
+    }
   }
-  return {pixels / USUAL_HEIGHT, pixels / USUAL_HEIGHT};
+  return reach;
+}
+
+/// Whether its settings show anything of a mesh.
+bool showsSomething(const MeshInstance& mesh) {
+  const Appearance& appearance = mesh.appearance;
+  return appearance.kind != Appearance::Kind::SURFACE || appearance.hasFaces || appearance.hasEdges ||
+         appearance.hasContour;
 }
 
 bool isSameMesh(const MeshInstance& a, const MeshInstance& b) {
@@ -71,6 +66,11 @@ bool reportIfTooFar(const lum::PolyDataNode& node, const Box& bounds) {
   return false;
 }
 
+constexpr const char* CUT_AWAY = "The clipping planes cut all of the model away that would be in the picture";
+constexpr const char* THIN = "thinner than a pixel, or seen from their edge";
+constexpr const char* OUTSIDE_OR_THIN =
+    "outside of it, too close to the camera, thinner than a pixel, or seen from their edge";
+
 std::string usualPicture() {
   return fmt::format("a picture of {} x {} pixels", USUAL_WIDTH, USUAL_HEIGHT);
 }
@@ -78,7 +78,7 @@ std::string usualPicture() {
 }  // namespace
 
 bool ModelExtent::Item::isTiny(const ViewVolume& view) const {
-  return isOfFaces && largestSide * USUAL_HEIGHT < view.heightAt(box);
+  return isOfFaces && largestSide * USUAL_HEIGHT < view.heightAt(view.depthOf(box));
 }
 
 ModelExtent::ModelExtent(const std::vector<MeshInstance>& meshes, const ViewVolume* statedView) {
@@ -87,11 +87,14 @@ ModelExtent::ModelExtent(const std::vector<MeshInstance>& meshes, const ViewVolu
 }
 
 void ModelExtent::add(std::span<const MeshInstance> parts, const ViewVolume* statedView) {
+  if (std::ranges::none_of(parts, showsSomething)) {
+    return;
+  }
   const MeshInstance& mesh = parts.front();
   const Box bounds = boundsOfFinite(*mesh.geometry);
   const PictureReach reach = reachOf(parts);
-  Item item{mesh.node, {}, 0.0, std::ranges::all_of(parts, [](const MeshInstance& part) {
-              return vemo::isOfFaces(part.appearance);
+  Item item{parts, {}, 0.0, std::ranges::all_of(parts, [](const MeshInstance& part) {
+              return isOfFaces(part.appearance);
             })};
   Box all;
   forEachInstance(mesh.transforms, [&](const InstanceTransform* transform) {
@@ -121,46 +124,72 @@ void ModelExtent::reportTiny(const ViewVolume& view) const {
   const auto isTiny = [&view](const Item& item) { return item.isTiny(view); };
   const auto first = std::ranges::find_if(_items, isTiny);
   if (first != _items.end()) {
-    reportFinding(
-        FindingCode::GEOMETRY_TINY,
-        fmt::format("In {}, {} of {} geometries are smaller than a pixel, such as \"{}\"", usualPicture(),
-                    std::ranges::count_if(_items, isTiny), _items.size(), itemNameOf(*first->node)));
+    reportFinding(FindingCode::GEOMETRY_TINY,
+                  fmt::format("In {}, {} of {} geometries are smaller than a pixel, such as \"{}\"",
+                              usualPicture(), std::ranges::count_if(_items, isTiny), _items.size(),
+                              itemNameOf(*first->parts.front().node)));
   }
 }
 
-void ModelExtent::reportInvisible(const ViewVolume& view, double side) const {
-  if (_items.empty()) {
+bool ModelExtent::shows(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes) const {
+  CellSearch search(canvas, clipPlanes);
+  return std::ranges::any_of(_items, [&search](const Item& item) {
+    return std::ranges::any_of(item.parts,
+                               [&search](const MeshInstance& part) { return search.finds(part); });
+  });
+}
+
+void ModelExtent::reportCollapsed() const {
+  const auto isOfPoints = [](const MeshInstance& part) {
+    return part.appearance.kind == Appearance::Kind::POINTS;
+  };
+  if (!_items.empty() && std::ranges::none_of(_items, [&](const Item& item) {
+        return std::ranges::any_of(item.parts, isOfPoints);
+      })) {
+    reportFinding(FindingCode::GEOMETRY_NOT_DRAWN,
+                  "Nothing of the model is visible: all of it is at one point");
+  }
+}
+
+void ModelExtent::reportInvisible(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes,
+                                  double side) const {
+  if (_items.empty() || _isTooFar) {
     return;
   }
   // Something smaller would be viewed from a distance that VTK does not allow.
   if (side < lum::LEAST_DISTANCE) {
     reportFinding(FindingCode::GEOMETRY_NOT_DRAWN,
                   fmt::format("Nothing of the model is visible: its size is only {:g}", side));
-  } else if (areAllTiny(view)) {
+  } else if (areAllTiny(canvas.view)) {
     reportFinding(
         FindingCode::GEOMETRY_NOT_DRAWN,
         fmt::format("No geometry is visible in {}: it shows {:g} units, but no geometry is larger than {:g}",
                     usualPicture(), side, largestSide()));
+  } else if (shows(canvas, clipPlanes)) {
+    reportTiny(canvas.view);
+  } else if (!clipPlanes.empty() && shows(canvas, {})) {
+    reportFinding(FindingCode::VIEW_EMPTY, CUT_AWAY);
   } else {
-    reportTiny(view);
+    reportFinding(FindingCode::GEOMETRY_NOT_DRAWN,
+                  fmt::format("No geometry is visible in {}: all are {}", usualPicture(), THIN));
   }
 }
 
-/// Of a parallel view.
-void ModelExtent::reportIfImprecise(const ViewVolume& view, double parallelScale) const {
+void ModelExtent::reportIfImprecise(const ViewVolume& view, const CanvasCamera& camera) const {
   // Below, coordinates are wrong by several pixels.
   constexpr double PRECISION = 1e-5;
   // Beyond, what is behind may cover what is in front.
   constexpr double MOST_SIZES = 1e7;
   const double size = _box.longestSide();
   const double depth = view.depthOf(_box);
-  if (parallelScale < PRECISION * largestSide()) {
+  const double height = view.heightAt(view.greatestDepthOf(_box));
+  if (height < 2.0 * PRECISION * largestSide()) {
     reportFinding(
         FindingCode::VIEW_IMPRECISE,
         fmt::format(
             "The view shows {:g} units of a geometry of size {:g}: too little for the precision of OpenGL",
-            2.0 * parallelScale, largestSide()));
-  } else if (size > 0.0 && depth > MOST_SIZES * size) {
+            height, largestSide()));
+  } else if (camera.isParallel && size > 0.0 && depth > MOST_SIZES * size) {
     reportFinding(FindingCode::VIEW_IMPRECISE,
                   fmt::format("The camera is {:g} units away from a model of size {:g}: too far for the "
                               "precision of OpenGL",
@@ -168,22 +197,24 @@ void ModelExtent::reportIfImprecise(const ViewVolume& view, double parallelScale
   }
 }
 
-void ModelExtent::reportUnsuitableView(const ViewVolume& view, const CanvasCamera& camera) const {
+void ModelExtent::reportUnsuitableView(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes,
+                                       const CanvasCamera& camera) const {
   if (_box.isEmpty() || _isTooFar) {
     return;
   }
   if (_items.empty()) {
     reportFinding(FindingCode::VIEW_EMPTY, "The view shows no geometry in " + usualPicture());
-    return;
-  }
-  if (areAllTiny(view)) {
+  } else if (areAllTiny(canvas.view)) {
     reportFinding(FindingCode::VIEW_EMPTY,
                   "The view shows no geometry: in " + usualPicture() + ", all are smaller than a pixel");
-    return;
-  }
-  reportTiny(view);
-  if (camera.isParallel) {
-    reportIfImprecise(view, *camera.parallelScale);
+  } else if (shows(canvas, clipPlanes)) {
+    reportTiny(canvas.view);
+    reportIfImprecise(canvas.view, camera);
+  } else if (!clipPlanes.empty() && shows(canvas, {})) {
+    reportFinding(FindingCode::VIEW_EMPTY, CUT_AWAY);
+  } else {
+    reportFinding(FindingCode::VIEW_EMPTY, fmt::format("The view shows no geometry in {}: all are {}",
+                                                       usualPicture(), OUTSIDE_OR_THIN));
   }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "geometry/Box.h"
+#include <vemo/resolve/ClipPlane.h>
 #include <vemo/resolve/MeshInstance.h>
 
 #include <span>
@@ -9,6 +10,7 @@
 namespace vemo {
 
 struct CanvasCamera;
+struct UsualCanvas;
 class ViewVolume;
 
 /// Where the meshes of a canvas are, and which of them cannot be visible, or not precisely:
@@ -16,23 +18,29 @@ class ViewVolume;
 class ModelExtent {
  public:
   /// Reports what is too far away.
+  /// @param meshes must outlive it
   /// @param statedView null for a view that shows everything
   ModelExtent(const std::vector<MeshInstance>& meshes, const ViewVolume* statedView);
 
   /// Around all instances.
   const Box& getBox() const { return _box; }
 
+  /// Of a canvas that shows everything, which is at a single point.
+  void reportCollapsed() const;
+
   /// Of a canvas that shows everything.
   /// @param side of all that it shows, above 0
-  void reportInvisible(const ViewVolume& view, double side) const;
+  void reportInvisible(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes, double side) const;
 
   /// Of a canvas with a stated view.
-  void reportUnsuitableView(const ViewVolume& view, const CanvasCamera& camera) const;
+  void reportUnsuitableView(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes,
+                            const CanvasCamera& camera) const;
 
  private:
   /// The instances of a geometry that are in the view: at least one.
   struct Item {
-    const lum::PolyDataNode* node = nullptr;
+    /// Parts of one mesh, which share its points.
+    std::span<const MeshInstance> parts;
     Box box;
     double largestSide = 0.0;
     /// Lines and points are visible however small they are.
@@ -44,7 +52,8 @@ class ModelExtent {
   void add(std::span<const MeshInstance> parts, const ViewVolume* statedView);
   double largestSide() const;
   bool areAllTiny(const ViewVolume& view) const;
-  void reportIfImprecise(const ViewVolume& view, double parallelScale) const;
+  bool shows(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes) const;
+  void reportIfImprecise(const ViewVolume& view, const CanvasCamera& camera) const;
   void reportTiny(const ViewVolume& view) const;
 
   Box _box;

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "vemoview/resolve/canvas/PictureSamples.h"
+#include "vemoview/resolve/canvas/ViewVolume.h"
+
+#include <span>
+#include <vector>
+
+namespace vemo {
+
+/// A canvas in a picture of the usual size, in which shapes leave a trace or not.
+struct UsualCanvas {
+  const ViewVolume& view;
+  PictureSamples samples;
+  /// What is closer to the camera is not drawn.
+  double nearest = 0.0;
+};
+
+/// Finds out whether shapes in the model would leave a trace in the picture if nothing
+/// covered them.
+class ShownShapes {
+ public:
+  /// @param canvas must outlive it
+  /// @param reach of points and lines
+  ShownShapes(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes,
+              const PictureReach& reach = {});
+
+  bool showsPoint(const Vector3& point);
+  bool showsLine(const Vector3& from, const Vector3& to);
+  /// @param corners of a convex polygon
+  bool showsFace(std::initializer_list<Vector3> corners);
+
+ private:
+  void clip(std::initializer_list<Vector3> corners);
+  void clip(const ClipPlane& plane);
+  std::span<const PictureSamples::Place> project();
+
+  const UsualCanvas& _canvas;
+  std::vector<ClipPlane> _planes;
+  /// Of the shape at hand, as far as it is in the picture.
+  std::vector<Vector3> _corners;
+  std::vector<Vector3> _unclipped;
+  std::vector<PictureSamples::Place> _places;
+};
+
+}  // namespace vemo

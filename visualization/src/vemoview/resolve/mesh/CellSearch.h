@@ -1,0 +1,33 @@
+#pragma once
+
+#include "vemoview/resolve/canvas/ShownShapes.h"
+#include <vemo/resolve/MeshInstance.h>
+
+#include <span>
+
+namespace vemo {
+
+/// Whether a mesh is seen by its faces alone.
+bool isOfFaces(const Appearance& appearance);
+
+/// How far the points and lines of a mesh extend beyond their coordinates.
+PictureReach reachOf(const Appearance& appearance);
+
+/// Searches meshes for cells that are shown in a picture of the usual size.
+class CellSearch {
+ public:
+  /// @param canvas must outlive it, as must the planes
+  CellSearch(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes)
+      : _canvas(canvas), _clipPlanes(clipPlanes) {}
+
+  /// Whether there is one in a mesh. After very many cells that are not shown it stops to
+  /// search, and returns true for all further meshes.
+  bool finds(const MeshInstance& mesh);
+
+ private:
+  const UsualCanvas& _canvas;
+  std::span<const ClipPlane> _clipPlanes;
+  long _searchedCount = 0;
+};
+
+}  // namespace vemo
