@@ -72,6 +72,17 @@ TEST(ResolverFindingsTest, SayThatTitlesOfLegendsAreTooLong) {
   }
 }
 
+TEST(ResolverFindingsTest, AreAtMost1000OfAKind) {
+  SceneBuilder scene;
+  for (int i = 0; i < 1005; ++i) {
+    // Without a colormap.
+    scene.drawables().findOrCreate<lum::LegendDrawable>(std::to_string(i));
+  }
+  const FoundFindings found;
+  resolveScene(scene.node());
+  EXPECT_EQ(found.codes().size(), 1001U);
+}
+
 TEST(ResolverFindingsTest, SayThatNoPictureCanHaveAnImageSoLarge) {
   for (const int width : {16384, 16385}) {
     SceneBuilder scene;
