@@ -1,5 +1,6 @@
 #include "Fuzzing.h"
 
+#include "base/MemoryReserve.h"
 #include "support/Databases.h"
 #include "support/Files.h"
 #include <vemo/base/InternalError.h>
@@ -51,6 +52,8 @@ std::wstring putIntoFile(std::string_view bytes) {
 }
 
 extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
+  // Each import would set memory aside, which sanitizers make slow.
+  static const OS::MemoryReserve reserve;
   Logger::getSingleton().setFlags(0);
   Findings::getSingleton().setSink(
       [](const Finding& finding) { require(!finding.text.empty(), "A finding without a text"); });

@@ -47,7 +47,8 @@ bool isConverted(const std::wstring& archive, const SceneAudit& audit) {
 }  // namespace
 
 void readInput(const std::string& input) {
-  const std::wstring archive = writeArchive(input);
+  const auto bytes = buildArchive(input);
+  const std::wstring archive = putIntoFile({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
   const SceneAudit audit(archive);
   const bool isRefused = std::ranges::any_of(
       audit.getFindings(), [](const Finding& finding) { return finding.getSeverity() == Severity::REFUSED; });

@@ -1,6 +1,5 @@
 #include "SceneText.h"
 
-#include "Fuzzing.h"
 #include "support/ArchiveBuilder.h"
 #include "support/Databases.h"
 #include "support/SampleGraphs.h"
@@ -145,7 +144,7 @@ extern "C" std::size_t LLVMFuzzerCustomCrossOver(const std::uint8_t* first, std:
   return mix(view(first, firstSize), view(second, secondSize), seed, out, maximumSize);
 }
 
-std::wstring writeArchive(const std::string& text) {
+std::vector<unsigned char> buildArchive(const std::string& text) {
   ArchiveBuilder archive;
   std::string description;
   std::istringstream lines(text);
@@ -158,8 +157,7 @@ std::wstring writeArchive(const std::string& text) {
   }
   const bool isWhole = description.starts_with("<?xml") || description.starts_with("<!DOCTYPE");
   archive.stored().text("scene.xml", isWhole ? description : sceneXml(description));
-  const auto bytes = archive.build();
-  return putIntoFile({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+  return archive.build();
 }
 
 }  // namespace vemo

@@ -6,6 +6,7 @@
 #include <vemo/import/SceneLedger.h>
 #include <vemo/import/scene/Scene.h>
 
+#include <span>
 #include <vector>
 
 namespace vemo {
@@ -30,7 +31,8 @@ void appendRead(const QxElement& element, std::vector<bool>& isRead) {
 }  // namespace
 
 void readInput(const std::string& input) {
-  SceneFileReader reader{ZipFileReader(writeArchive(input))};
+  const auto archive = buildArchive(input);
+  SceneFileReader reader{ZipFileReader(std::as_bytes(std::span(archive)))};
   reader.collectFaults();
   reader.keepDescription();
   std::unique_ptr<Scene> scene;

@@ -10,6 +10,7 @@
 #include <vemo/scenegraph/io/FileError.h>
 #include <vemo/scenegraph/io/SDBReader.h>
 
+#include <new>
 #include <set>
 
 namespace vemo {
@@ -23,6 +24,8 @@ void checkDrawing(lum::SceneNode& scene, FindingList& findings) {
   const FindingCapture capture(findings);
   try {
     static_cast<void>(SceneResolver(scene).resolve());
+  } catch (const std::bad_alloc&) {
+    throw;
   } catch (const std::exception& error) {
     reportFinding(FindingCode::SCENE_NOT_DRAWN, error.what());
   }

@@ -21,7 +21,8 @@ void rejectSameFile(const std::string& file, const std::string& output) {
   const auto placeOf = [&ignored](const std::string& path) {
     return fs::weakly_canonical(fs::absolute(path, ignored), ignored);
   };
-  if (fs::equivalent(file, output, ignored) || placeOf(file) == placeOf(output)) {
+  const fs::path place = placeOf(file);
+  if (fs::equivalent(file, output, ignored) || (!place.empty() && place == placeOf(output))) {
     throw Failure(ExitCode::WRONG_USAGE, fmt::format("\"{}\" and \"{}\" are the same file", file, output));
   }
 }

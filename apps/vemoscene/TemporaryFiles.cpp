@@ -1,6 +1,7 @@
 #include "TemporaryFiles.h"
 
 #include "base/AtomicFile.h"
+#include "base/MemoryReserve.h"
 #include "output/ExitCode.h"
 
 #include <atomic>
@@ -48,11 +49,13 @@ OwnFolder& ownFolder() {
 /// be removed.
 void removeOwnFolder() {
   constexpr int ATTEMPTS = 10;
-  std::error_code error;
-  for (int i = 0; i < ATTEMPTS && ownFolder().process == getpid() && fs::exists(ownFolder().path, error);
-       ++i) {
-    fs::remove_all(ownFolder().path, error);
-  }
+  OS::stopWithoutMemory([] {
+    std::error_code error;
+    for (int i = 0; i < ATTEMPTS && ownFolder().process == getpid() && fs::exists(ownFolder().path, error);
+         ++i) {
+      fs::remove_all(ownFolder().path, error);
+    }
+  });
 }
 
 /// The lock on a folder of temporary files, which says that its process is alive: the

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <new>
+#include <stdexcept>
 #include <vector>
 
 namespace vemo {
@@ -56,6 +57,21 @@ TEST(MemoryReserveTest, ServesTheFirstAllocationThatFailsAndLetsTheNextOneThrow)
     EXPECT_NO_THROW(handle());
   }
   EXPECT_THROW(handle(), std::bad_alloc);
+}
+
+TEST(MemoryReserveTest, ServesDestructorsWhileAnExceptionIsOnItsWay) {
+  const OS::MemoryReserve reserve;
+  struct Allocating {
+    ~Allocating() {
+      std::get_new_handler()();
+      std::get_new_handler()();
+    }
+  };
+  const auto fail = [] {
+    const Allocating allocating;
+    throw std::runtime_error("of a bad file");
+  };
+  EXPECT_THROW(fail(), std::runtime_error);
 }
 
 TEST(MemoryReserveTest, LeavesTheHandlerOfAHostAlone) {

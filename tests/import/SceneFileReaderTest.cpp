@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <gmock/gmock.h>
+#include <new>
 #include <random>
+#include <sys/resource.h>
 
 namespace vemo {
 
@@ -43,6 +45,20 @@ TEST_F(SceneFileReaderTest, ReadsBytesAndBigEndianWords) {
   EXPECT_EQ(empty.count(), 0);
   EXPECT_NE(empty.data(), nullptr);
 }
+
+// With sanitizers a process without memory ends.
+#if !defined(__SANITIZE_ADDRESS__)
+TEST_F(SceneFileReaderTest, DoesNotBlameAnEntryForWhichThereIsNoMemory) {
+  SceneFileReader reader = open(ArchiveBuilder().text("large", std::string(64 << 20, 'x')));
+  rlimit former{};
+  getrlimit(RLIMIT_AS, &former);
+  const rlimit none{1, former.rlim_max};
+  setrlimit(RLIMIT_AS, &none);
+  EXPECT_THROW(reader.readEntry("large"), std::bad_alloc);
+  setrlimit(RLIMIT_AS, &former);
+  EXPECT_EQ(ArrayOwner<unsigned char>(reader.readEntry("large")).count(), 64 << 20);
+}
+#endif
 
 TEST_F(SceneFileReaderTest, NamesTheEntryThatItCannotRead) {
   SceneFileReader reader = open(ArchiveBuilder()

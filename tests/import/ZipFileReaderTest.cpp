@@ -136,8 +136,33 @@ TEST_F(ZipFileReaderTest, ReadsMoreThan65535Entries) {
   EXPECT_EQ(reader.getEntryCount(), COUNT);
   EXPECT_EQ(reader.getEntryName(COUNT - 1), "e9999");
   EXPECT_EQ(contentOf(reader, "e69999"), "69999");
-  // The first three of the 64-bit record.
-  expectEachCounts(bytes, {82, 78, 74});
+  // The first three of the 64-bit record, the directory's size, and the disks of the locator.
+  expectEachCounts(bytes, {82, 78, 74, 51, 38, 26});
+}
+
+TEST_F(ZipFileReaderTest, RejectsDirectoriesThatAreCutShort) {
+  const std::vector<unsigned char> bytes = ArchiveBuilder().text("x", "content").stored().build();
+  constexpr std::size_t DIRECTORY = 30 + 1 + 7, ENTRY = 46 + 1;
+  for (std::size_t size = 0; size < ENTRY; ++size) {
+    std::vector<unsigned char> cut = bytes;
+    cut.erase(cut.begin() + DIRECTORY + static_cast<std::ptrdiff_t>(size), cut.begin() + DIRECTORY + ENTRY);
+    cut[DIRECTORY + size + 12] = static_cast<unsigned char>(size);
+    EXPECT_EQ(failureToOpen(write(cut)), INVALID) << size;
+  }
+  // The signature, the length of the name, and the place in the file.
+  expectEachCounts(bytes, {22 + ENTRY, 22 + ENTRY - 29, 3});
+}
+
+TEST_F(ZipFileReaderTest, ReadsNothingBehindBytesInMemory) {
+  std::vector<unsigned char> bytes = ArchiveBuilder().text("x", "content").stored().build();
+  const auto content = [&bytes] { return contentOf(ZipFileReader(std::as_bytes(std::span(bytes))), "x"); };
+  EXPECT_EQ(content(), "content");
+  bytes[30 + 1 + 7 + 45] = 0x70;
+  EXPECT_EQ(content(), std::nullopt) << "a header 2 GiB behind them";
+  ArchiveBuilder builder;
+  builder.text("x", "content").forge([](Entry& e) { e.compressedSize = e.uncompressedSize = 100; });
+  bytes = builder.stored().build();
+  EXPECT_EQ(content(), std::nullopt) << "content that ends behind them";
 }
 
 TEST_F(ZipFileReaderTest, RejectsImpossibleSizes) {
@@ -149,6 +174,13 @@ TEST_F(ZipFileReaderTest, RejectsImpossibleSizes) {
   } CASES[] = {
       {"2 GiB", false, [](Entry& e) { e.uncompressedSize = 0x7ffffff0; }, 0x7ffffff0},
       {"4 GiB", false, [](Entry& e) { e.uncompressedSize = 0xfffffffe; }, ZipFileReader::SIZE_LIMIT},
+      {"2 GiB, of so many bytes that it could be", false,
+       [](Entry& e) {
+         e.data.resize(3 << 20);
+         e.compressedSize = 3 << 20;
+         e.uncompressedSize = 0x80000000;
+       },
+       ZipFileReader::SIZE_LIMIT},
       {"just beyond a small entry", false,
        [](Entry& e) { e.uncompressedSize = ZipFileReader::SMALL_ENTRY_SIZE + 1; }, 0x10001},
       {"far longer than stored", true, [](Entry& e) { e.uncompressedSize = 0x10001; }, 0x10001},
@@ -258,6 +290,9 @@ TEST_F(ZipFileReaderTest, TakesSizesFromAnExtraField) {
     EXPECT_EQ(reader.getSize("x"), 7);
     EXPECT_EQ(contentOf(reader, "x"), "content");
   }
+  std::vector<unsigned char> another = sizes;
+  another[0] = 2;
+  EXPECT_FALSE(ZipFileReader(write(withExtraField(another))).isSizePossible("x"));
   // One that is cut short at any place, and one that claims more than there is.
   for (std::size_t size = 0; size < sizes.size(); ++size) {
     const std::vector<unsigned char> cut(sizes.begin(), sizes.begin() + static_cast<std::ptrdiff_t>(size));

@@ -121,7 +121,12 @@ struct ContentText {
             {"rgba", toJson(text.style)}};
   }
   Json operator()(const ImageDecoration& image) const {
-    return {{"image", image.isInModel ? "in the model" : "in the window"}, {"corner", toJson(image.corner)}};
+    Json result = {{"image", image.isInModel ? "in the model" : "in the window"},
+                   {"corner", toJson(image.corner)}};
+    if (image.opacity != 1.0) {
+      result["opacity"] = image.opacity;
+    }
+    return result;
   }
   Json operator()(const TriadDecoration& triad) const {
     Json axes = Json::array();

@@ -1,9 +1,13 @@
 // What texts in tests/data/expected/resolution cannot say, of findings and fonts.
 
 #include "support/FoundFindings.h"
+#include "support/Meshes.h"
 #include "support/SceneBuilder.h"
 #include "support/TemporaryFolder.h"
 #include <vemo/resolve/SceneResolver.h>
+#include <vemo/scenegraph/drawables/ImageDrawable.h>
+
+#include <vtkUnsignedCharArray.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -53,6 +57,42 @@ TEST(ResolverFindingsTest, SayWhichTextsAreChanged) {
   const FoundFindings found;
   resolveScene(scene.node());
   EXPECT_THAT(found.codes(), ElementsAre("text-changed"));
+}
+
+TEST(ResolverFindingsTest, SayThatTitlesOfLegendsAreTooLong) {
+  for (const std::size_t length : {500U, 501U}) {
+    SceneBuilder scene;
+    makeGroundWhite(scene);
+    auto& legend = scene.drawables().findOrCreate<lum::LegendDrawable>();
+    legend.getColorLookupTable();
+    legend.getLegendAttributes().setTitle(std::string(length, 'x'));
+    const FoundFindings found;
+    resolveScene(scene.node());
+    EXPECT_EQ(std::ranges::count(found.codes(), "text-changed"), length > 500 ? 1 : 0);
+  }
+}
+
+TEST(ResolverFindingsTest, AreAtMost1000OfAKind) {
+  SceneBuilder scene;
+  for (int i = 0; i < 1005; ++i) {
+    // Without a colormap.
+    scene.drawables().findOrCreate<lum::LegendDrawable>(std::to_string(i));
+  }
+  const FoundFindings found;
+  resolveScene(scene.node());
+  EXPECT_EQ(found.codes().size(), 1001U);
+}
+
+TEST(ResolverFindingsTest, SayThatNoPictureCanHaveAnImageSoLarge) {
+  for (const int width : {16384, 16385}) {
+    SceneBuilder scene;
+    const std::vector<unsigned char> pixels(static_cast<std::size_t>(width), 1);
+    scene.drawables().findOrCreate<lum::ImageDrawable>().getImageAttributes().setPixels(
+        makeArray<vtkUnsignedCharArray>("pixels", pixels), width, 1);
+    const FoundFindings found;
+    resolveScene(scene.node());
+    EXPECT_EQ(found.codes(), std::vector<std::string>(width > 16384 ? 1 : 0, "image-not-drawn"));
+  }
 }
 
 /// Each of a title and nine numbers: 200 are as many texts as are drawn.

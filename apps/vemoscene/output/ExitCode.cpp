@@ -12,6 +12,8 @@
 #include <fmt/format.h>
 #include <new>
 #include <string>
+#include <string_view>
+#include <unistd.h>
 
 namespace vemo {
 
@@ -45,22 +47,7 @@ ExitCode report(ExitCode code, const std::string& file, const std::string& messa
   return report(code, isNamed ? message : fmt::format("{}: {}", file, message));
 }
 
-}  // namespace
-
-std::string describeExitCodes() {
-  return R"(Exit status:
-   0  done
-   1  done, but a finding is as severe as --fail-on says; "diff": the scenes differ
-   2  FILE does not exist; "diff": any error except wrong usage
-   3  FILE has an unknown scene format
-   5  FILE cannot be read, or its content is invalid
-   6  the result cannot be written
-  64  wrong usage
-  69  no OpenGL, no display, or built without the window
-  70  anything else unexpected)";
-}
-
-ExitCode reportFailure(const std::string& file) {
+ExitCode reportCurrentException(const std::string& file) {
   try {
     throw;
   } catch (const Failure& failure) {
@@ -91,6 +78,32 @@ ExitCode reportFailure(const std::string& file) {
     return report(ExitCode::UNEXPECTED, file, error.what());
   } catch (...) {
     return report(ExitCode::UNEXPECTED, file, "Unknown error");
+  }
+}
+
+}  // namespace
+
+std::string describeExitCodes() {
+  return R"(Exit status:
+   0  done
+   1  done, but a finding is as severe as --fail-on says; "diff": the scenes differ
+   2  FILE does not exist; "diff": any error except wrong usage
+   3  FILE has an unknown scene format
+   5  FILE cannot be read, or its content is invalid
+   6  the result cannot be written
+  64  wrong usage
+  69  no OpenGL, no display, or built without the window
+  70  anything else unexpected)";
+}
+
+ExitCode reportFailure(const std::string& file) {
+  try {
+    return reportCurrentException(file);
+  } catch (const std::bad_alloc&) {
+    // There is none for the message either.
+    constexpr std::string_view MESSAGE = "vemoscene: Out of memory\n";
+    [[maybe_unused]] const auto written = write(STDERR_FILENO, MESSAGE.data(), MESSAGE.size());
+    return ExitCode::UNEXPECTED;
   }
 }
 

@@ -1,8 +1,8 @@
 #include "output/Messages.h"
 
+#include "base/MemoryReserve.h"
 #include "shared/RepeatedFindings.h"
 #include <vemo/base/PrintableText.h>
-#include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/Logger.h>
 
 #include <algorithm>
@@ -68,8 +68,8 @@ std::string& findingPrefix() {
   return prefix;
 }
 
-void setFindingSink(const Findings::Sink& sink) {
-  Findings::getSingleton().setSink([sink](const Finding& finding) {
+Findings::Sink setFindingSink(const Findings::Sink& sink) {
+  return Findings::getSingleton().setSink([sink](const Finding& finding) {
     if (!repeated().isRepeated(finding)) {
       noteFinding(finding);
       sink(finding);
@@ -124,13 +124,16 @@ std::optional<Severity> worstFinding() {
 
 LogCapture::LogCapture() {
   Logger::getSingleton().setSink([this](const std::string& line) { _log.lines.push_back(line); });
-  setFindingSink([this](const Finding& finding) { _log.findings.push_back(finding); });
+  _former = setFindingSink([this](const Finding& finding) { _log.findings.push_back(finding); });
 }
 
 LogCapture::~LogCapture() {
-  showLog();
-  std::ranges::for_each(_log.findings, show);
-  std::ranges::for_each(_log.lines, showLogged);
+  Logger::getSingleton().setSink(showLogged);
+  Findings::getSingleton().setSink(std::move(_former));
+  OS::stopWithoutMemory([this] {
+    std::ranges::for_each(_log.findings, show);
+    std::ranges::for_each(_log.lines, showLogged);
+  });
 }
 
 Progress::Progress(const std::string& activity) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <vemo/base/Progress.h>
-#include <vemo/scenegraph/Finding.h>
+#include <vemo/scenegraph/Findings.h>
 
 #include <atomic>
 #include <condition_variable>
@@ -59,6 +59,7 @@ class LogCapture {
 
  private:
   Log _log;
+  Findings::Sink _former;
 };
 
 /// During its lifetime, shows what the program is doing, and the share that is done if it

@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <cstddef>
+#include <exception>
 #include <memory>
 #include <new>
 
@@ -26,7 +27,8 @@ bool freePart(std::atomic<std::byte*>& part) {
 }
 
 void handleNoMemory() {
-  if (freePart(reserve.toGoOn) || (reserve.isForDestructors && freePart(reserve.toUnwind))) {
+  const bool isInDestructor = reserve.isForDestructors || std::uncaught_exceptions() > 0;
+  if (freePart(reserve.toGoOn) || (isInDestructor && freePart(reserve.toUnwind))) {
     return;
   }
   std::set_new_handler(nullptr);
@@ -56,6 +58,11 @@ MemoryReserve::~MemoryReserve() {
 
 void MemoryReserve::useForDestructors() {
   reserve.isForDestructors = true;
+}
+
+void throwNoMemory() {
+  freePart(reserve.toUnwind);
+  throw std::bad_alloc();
 }
 
 }  // namespace vemo::OS

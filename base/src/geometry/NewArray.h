@@ -1,11 +1,11 @@
 #pragma once
 
 #include "base/HugePages.h"
+#include "base/MemoryReserve.h"
 
 #include <vtkDataArray.h>
 
 #include <cstddef>
-#include <new>
 
 namespace vemo {
 
@@ -14,7 +14,7 @@ namespace vemo {
 inline void setTupleCount(vtkDataArray& array, vtkIdType tuples) {
   array.SetNumberOfTuples(tuples);
   if (array.GetNumberOfTuples() != tuples) {
-    throw std::bad_alloc();
+    OS::throwNoMemory();
   }
 }
 

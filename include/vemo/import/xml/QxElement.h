@@ -85,7 +85,7 @@ class VEMO_IMPORT_EXPORT QxElement {
   void markAllRead() const;
   /// Whether all of it was read: its attributes, text and children, too.
   bool isWhollyRead() const;
-  /// Lets go of its attributes, text and children: scenes may have a great many
+  /// Releases its attributes, text and children: scenes may have a great many
   /// elements.
   void dropContent();
 

@@ -73,8 +73,8 @@ ArrayBinder::Chunk& ArrayBinder::findOrMake(std::size_t chunk) {
 
 void ArrayBinder::expect(std::size_t field, std::size_t chunk) {
   Chunk& expected = findOrMake(chunk);
-  if (expected.isLetGo) {
-    throw FileError(FileIoStatus::ReadError, fmt::format("Array {} was let go before", chunk));
+  if (expected.isReleased) {
+    throw FileError(FileIoStatus::ReadError, fmt::format("Array {} was released before", chunk));
   }
   ++expected.uses;
   Waiting& waiting = _waiting.back();
@@ -84,14 +84,14 @@ void ArrayBinder::expect(std::size_t field, std::size_t chunk) {
   waiting.missing += expected.isThere ? 0 : 1;
 }
 
-void ArrayBinder::letGo(std::size_t chunk) {
-  findOrMake(chunk).isLetGo = true;
+void ArrayBinder::release(std::size_t chunk) {
+  findOrMake(chunk).isReleased = true;
   releaseUnused(chunk);
 }
 
 void ArrayBinder::releaseUnused(std::size_t chunk) {
   Chunk& unused = findOrMake(chunk);
-  if (!unused.isLetGo || unused.uses > 0 || unused.array == nullptr) {
+  if (!unused.isReleased || unused.uses > 0 || unused.array == nullptr) {
     return;
   }
   unused.array = nullptr;

@@ -29,12 +29,12 @@ class ArrayBinder {
 
   /// From now on a node waits for the chunks that calls of `expect` name, and for
   /// no others. The field of an index takes one or several, in their order.
-  /// Throws FileError (ReadError) for a chunk that was let go.
+  /// Throws FileError (ReadError) for a chunk that was released.
   void expectFor(Node& node, bool isNew);
   void expect(std::size_t field, std::size_t chunk);
 
   /// No node will wait for the chunk again: it is kept only for those that do now.
-  void letGo(std::size_t chunk);
+  void release(std::size_t chunk);
 
   /// Asks for each waiting node whether it is to get the chunks, in their order; the others
   /// wait no longer. Only before any chunk is provided.
@@ -61,7 +61,7 @@ class ArrayBinder {
     /// Of nodes that are not complete.
     std::uint32_t uses = 0;
     bool isThere = false;
-    bool isLetGo = false;
+    bool isReleased = false;
   };
   struct Use {
     std::uint32_t chunk;

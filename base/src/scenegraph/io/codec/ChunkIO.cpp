@@ -1,5 +1,6 @@
 #include "scenegraph/io/codec/ChunkIO.h"
 
+#include "base/MemoryReserve.h"
 #include "geometry/NewArray.h"
 #include <vemo/scenegraph/io/FileError.h>
 
@@ -8,7 +9,6 @@
 #include <algorithm>
 #include <fmt/format.h>
 #include <memory>
-#include <new>
 #include <xxhash.h>
 
 namespace lum::io {
@@ -22,7 +22,7 @@ class Hash {
  public:
   Hash() : _state(XXH3_createState()) {
     if (!_state) {
-      throw std::bad_alloc();
+      vemo::OS::throwNoMemory();
     }
     XXH3_64bits_reset(_state.get());
   }

@@ -55,7 +55,7 @@ Ptr<Node> GraphDecoder::decode(std::string_view bytes) {
   }
   readReferences(graph);
   if (_known != nullptr) {
-    readForgotten(graph);
+    readReleased(graph);
   }
   return _root;
 }
@@ -319,9 +319,9 @@ void GraphDecoder::readReference(ByteReader& in) {
 }
 
 // Streams of older versions have zeros here, or nothing.
-void GraphDecoder::readForgotten(ByteReader& in) {
-  for (std::size_t count = in.left() > 0 ? in.count("arrays let go", 1) : 0; count > 0; --count) {
-    _binder.letGo(in.index("array let go", _tables.getChunks().size()));
+void GraphDecoder::readReleased(ByteReader& in) {
+  for (std::size_t count = in.left() > 0 ? in.count("released arrays", 1) : 0; count > 0; --count) {
+    _binder.release(in.index("released array", _tables.getChunks().size()));
   }
 }
 

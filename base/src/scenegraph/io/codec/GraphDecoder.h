@@ -74,7 +74,7 @@ class GraphDecoder {
   void setAbsent(const Level& level, const FileField& field, bool isNew);
   void readReferences(ByteReader& in);
   void readReference(ByteReader& in);
-  void readForgotten(ByteReader& in);
+  void readReleased(ByteReader& in);
   Node* findNode(std::size_t number) const;
   const FileClass& classOf(const Node& node) const;
   bool isMoved(const Record& record, const Node* node) const;

@@ -31,7 +31,7 @@ void GraphEncoder::encode(Node& root, ByteWriter& out) {
     encodeNode(step);
   }
   encodeReferences(root);
-  encodeForgotten();
+  encodeReleased();
   finish(out);
 }
 
@@ -199,16 +199,16 @@ void GraphEncoder::encodeReferences(Node& root) {
 }
 
 // Where older readers expect zeros, which they ignore.
-void GraphEncoder::encodeForgotten() {
+void GraphEncoder::encodeReleased() {
   if (_known == nullptr) {
     return;
   }
-  const std::vector<std::uint64_t> forgotten = _tables.takeForgotten();
-  if (forgotten.empty()) {
+  const std::vector<std::uint64_t> released = _tables.takeReleased();
+  if (released.empty()) {
     return;
   }
-  _records.number(forgotten.size());
-  for (const std::uint64_t number : forgotten) {
+  _records.number(released.size());
+  for (const std::uint64_t number : released) {
     _records.number(number);
   }
 }

@@ -57,7 +57,7 @@ class GraphEncoder {
   void pushOwned(const Step& step, bool onlyChanges);
   void numberTargets(Node& root);
   void encodeReferences(Node& root);
-  void encodeForgotten();
+  void encodeReleased();
   void finish(ByteWriter& out);
 
   TableWriter& _tables;

@@ -150,23 +150,23 @@ std::uint64_t TableWriter::addArray(vtkDataArray& array, bool shared) {
   }
   const std::uint64_t number = writeArray(array);
   if (known != _arrays.end()) {
-    _forgotten.push_back(known->second.number);
+    _released.push_back(known->second.number);
   }
   _arrays[&array] = {&array, array.GetMTime(), number};
   return number;
 }
 
-std::vector<std::uint64_t> TableWriter::takeForgotten() {
+std::vector<std::uint64_t> TableWriter::takeReleased() {
   std::erase_if(_arrays, [this](const auto& entry) {
     const KnownArray& known = entry.second;
     const bool isGone = known.array == nullptr || known.array->GetMTime() != known.time;
     if (isGone) {
-      _forgotten.push_back(known.number);
+      _released.push_back(known.number);
     }
     return isGone;
   });
-  std::ranges::sort(_forgotten);
-  return std::exchange(_forgotten, {});
+  std::ranges::sort(_released);
+  return std::exchange(_released, {});
 }
 
 std::uint64_t TableWriter::writeArray(vtkDataArray& array) {

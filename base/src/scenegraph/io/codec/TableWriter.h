@@ -65,7 +65,7 @@ class TableWriter {
 
   /// The numbers of arrays that are gone or have changed since the last call, and of
   /// which no number will be given again.
-  std::vector<std::uint64_t> takeForgotten();
+  std::vector<std::uint64_t> takeReleased();
 
   void take(ByteWriter& out);
 
@@ -97,7 +97,7 @@ class TableWriter {
   std::unordered_map<const double*, std::pair<SharedNumbers, std::uint64_t>> _listNumbers;
   std::unordered_map<std::type_index, Class> _classes;
   std::unordered_map<const vtkDataArray*, KnownArray> _arrays;
-  std::vector<std::uint64_t> _forgotten;
+  std::vector<std::uint64_t> _released;
   std::uint64_t _stringCount = 0;
   std::uint64_t _arrayCount = 0;
   Table _strings;

@@ -2,6 +2,7 @@
 #include <vemo/scenegraph/io/CheckFormat.h>
 
 #include <exception>
+#include <new>
 #include <ostream>
 
 namespace vemo::sdb {
@@ -11,6 +12,8 @@ bool checkFormat(std::istream& in, std::ostream& messages) {
     lum::io::InputSource source(in);
     const lum::io::DatabaseIndex index(source);
     return true;
+  } catch (const std::bad_alloc&) {
+    throw;
   } catch (const std::exception& error) {
     messages << "Not a scene-graph database: " << error.what() << '\n';
     return false;

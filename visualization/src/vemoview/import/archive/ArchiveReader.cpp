@@ -6,7 +6,6 @@
 
 #include <cstddef>
 #include <memory>
-#include <new>
 #include <span>
 #include <utility>
 
@@ -36,10 +35,10 @@ Array_t<unsigned char> ArchiveReader::loadEntry(const std::string& entryName,
   }
   addBytesRead(size, entryName);
   // Not set to zero beforehand: the archive does so with what it does not fill.
-  std::unique_ptr<unsigned char[]> block(new (std::nothrow) unsigned char[static_cast<std::size_t>(size)]);
+  auto block = std::make_unique_for_overwrite<unsigned char[]>(static_cast<std::size_t>(size));
   OS::preferHugePages(block.get(), static_cast<std::size_t>(size));
   flaws = {};
-  if (!block || !_archive.read(entryName, reinterpret_cast<char*>(block.get()), &flaws, convert)) {
+  if (!_archive.read(entryName, reinterpret_cast<char*>(block.get()), &flaws, convert)) {
     failIncomplete(entryName);
   }
   noteBytesRead(static_cast<std::uint64_t>(size));

@@ -1,3 +1,4 @@
+#include "base/MemoryReserve.h"
 #include "vemoview/import/archive/Inflate.h"
 
 #include <algorithm>
@@ -19,7 +20,8 @@ class Inflater {
   Inflater(const Inflater&) = delete;
   Inflater& operator=(const Inflater&) = delete;
 
-  /// False when the compressed bytes are invalid, or end before they should.
+  /// False when the compressed bytes are invalid, or end before they should. Throws
+  /// std::bad_alloc.
   bool run() {
     int result = _isReady ? Z_OK : Z_MEM_ERROR;
     while (result == Z_OK && _stream.avail_out > 0) {
@@ -27,6 +29,9 @@ class Inflater {
         return false;
       }
       result = inflate(&_stream, Z_SYNC_FLUSH);
+    }
+    if (result == Z_MEM_ERROR) {
+      OS::throwNoMemory();
     }
     return result == Z_OK || result == Z_STREAM_END;
   }

@@ -36,7 +36,7 @@ class VEMO_IMPORT_EXPORT SceneFileReader : public ArchiveReader, public ReadingC
 
   /// By default an element of the description is deleted once its item is read.
   void keepDescription() { _keepsDescription = true; }
-  /// Lets go of what an element holds, unless the description is kept or some of
+  /// Releases what an element holds, unless the description is kept or some of
   /// it is still to be reported as unread.
   void dropUnlessNeeded(QxElement& element) const;
   /// Null unless it is kept and could be read.

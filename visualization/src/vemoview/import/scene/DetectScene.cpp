@@ -127,6 +127,7 @@ SceneKind detectScene(const std::wstring& path) {
   requireReadable(path);
   const std::string file = toNativePath(path);
   std::ostringstream messages;
+  errno = 0;
   switch (SceneFormatHandler::detectSceneFormat(path, messages)) {
     case SceneFormatHandler::ZippedScene:
       return SceneKind::ARCHIVE;
@@ -135,7 +136,7 @@ SceneKind detectScene(const std::wstring& path) {
     case SceneFormatHandler::FileMissing:
       failToOpen(file, ENOENT);
     case SceneFormatHandler::FileUnreadable:
-      failToOpen(file, EACCES);
+      failToOpen(file, errno != 0 ? errno : EACCES);
     case SceneFormatHandler::UnknownFormat:
       break;
   }

@@ -1,3 +1,4 @@
+#include "base/MemoryReserve.h"
 #include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/base/Platform.h>
 #include <vemo/base/WidePath.h>
@@ -118,10 +119,14 @@ SceneFormatHandler::SceneFormat SceneFormatHandler::detectSceneFormat(const std:
 
 std::wstring SceneFormatHandler::convertZippedScene(const std::wstring& path,
                                                     const ProgressReport& progress) {
-  const std::wstring temporaryPath = makeTemporaryFile();
-  VEMO_LOG_INFO("Registering temporary file \"" << temporaryPath << "\" to be deleted later");
+  // In the list before there is the file: without memory for it there would be nobody to
+  // delete the file.
   forgetFilesOfParent(_filesToDelete);
-  _filesToDelete.push_back(temporaryPath);
+  std::list<std::wstring> made(1);
+  made.front() = makeTemporaryFile();
+  _filesToDelete.splice(_filesToDelete.end(), made);
+  const std::wstring temporaryPath = _filesToDelete.back();
+  VEMO_LOG_INFO("Registering temporary file \"" << temporaryPath << "\" to be deleted later");
   if (std::atexit(clearTemporaryFiles) != 0) {
     VEMO_LOG_ERROR("Failed to register a function for cleaning temporary files");
   }
@@ -176,7 +181,7 @@ void SceneFormatHandler::releaseTemporaryFile(const std::wstring& path) {
 void SceneFormatHandler::clearTemporaryFiles() {
   forgetFilesOfParent(_filesToDelete);
   for (const std::wstring& path : _filesToDelete) {
-    deleteTemporaryFile(path);
+    OS::stopWithoutMemory([&path] { deleteTemporaryFile(path); });
   }
   _filesToDelete.clear();
   Platform::reset();

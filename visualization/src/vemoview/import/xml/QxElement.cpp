@@ -1,3 +1,4 @@
+#include "base/MemoryReserve.h"
 #include "vemoview/import/xml/ElementTexts.h"
 #include "vemoview/import/xml/QxString.h"
 #include <vemo/import/xml/QxElement.h>
@@ -14,14 +15,17 @@ QxElement::QxElement(std::string_view name, std::shared_ptr<ElementTexts> texts)
     : _texts(std::move(texts)), _name(&_texts->getName(name).text) {}
 
 QxElement::~QxElement() {
-  // Each element gives up its children before it is destroyed.
+  // Each element gives up its children before it is destroyed, unless there is no memory
+  // for it: then destructors call each other.
   Children doomed = std::move(_children);
-  while (!doomed.empty()) {
-    const std::unique_ptr<QxElement> element = std::move(doomed.back());
-    doomed.pop_back();
-    std::ranges::move(element->_children, std::back_inserter(doomed));
-    element->_children.clear();
-  }
+  OS::stopWithoutMemory([&doomed] {
+    while (!doomed.empty()) {
+      const std::unique_ptr<QxElement> element = std::move(doomed.back());
+      doomed.pop_back();
+      std::ranges::move(element->_children, std::back_inserter(doomed));
+      element->_children.clear();
+    }
+  });
 }
 
 void QxElement::setText(std::string text) {

@@ -1,5 +1,6 @@
 #include "vemoview/import/xml/XmlParser.h"
 
+#include "base/MemoryReserve.h"
 #include "vemoview/import/Failure.h"
 #include "vemoview/import/archive/ReadingLimits.h"
 #include "vemoview/import/xml/ElementTexts.h"
@@ -45,6 +46,9 @@ class TreeBuilder {
       std::rethrow_exception(_failure);
     }
     if (status == XML_STATUS_ERROR) {
+      if (XML_GetErrorCode(_parser.get()) == XML_ERROR_NO_MEMORY) {
+        OS::throwNoMemory();
+      }
       failAt<XMLException>("Parse error in scene.xml at line" + std::to_string(getLine()), _entryName,
                            getLine());
     }

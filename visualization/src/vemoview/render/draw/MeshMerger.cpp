@@ -1,5 +1,6 @@
 #include "vemoview/render/draw/MeshMerger.h"
 
+#include "base/MemoryReserve.h"
 #include "geometry/NewArray.h"
 #include "vemoview/render/draw/MeshScalars.h"
 #include "vemoview/render/vtk/LookupTables.h"
@@ -16,7 +17,6 @@
 #include <array>
 #include <cmath>
 #include <map>
-#include <new>
 
 namespace vemo {
 
@@ -121,7 +121,7 @@ class Merger {
     auto merged = vtkSmartPointer<vtkCellArray>::New();
     merged->Use32BitStorage();
     if (!merged->AllocateExact(cells, indices)) {
-      throw std::bad_alloc();
+      OS::throwNoMemory();
     }
     vtkIdType firstPoint = 0;
     for (const MeshInstance* const member : _members) {
