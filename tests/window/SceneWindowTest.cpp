@@ -117,9 +117,23 @@ TEST_F(OpenSceneWindowTest, LooksAlongAxesAndShowsEdges) {
   EXPECT_TRUE(isAsInTheBeginning());
 }
 
+TEST_F(OpenSceneWindowTest, KeepsTheMarksOfWhatIsSelected) {
+  open.click(open.placeOf(-0.5, 0));
+  const Picture picked = open.look();
+  ASSERT_FALSE(isSame(picked, first));
+  open.press(Qt::Key_E);
+  open.press(Qt::Key_E);
+  EXPECT_TRUE(isSame(open.look(), picked));
+  open.press(Qt::Key_H);
+  open.press(Qt::Key_E);
+  open.press(Qt::Key_E);
+  open.press(Qt::Key_A);
+  EXPECT_TRUE(isAsInTheBeginning()) << "hiding removed them";
+}
+
 TEST_F(SceneWindowTest, OpensNeighboursAndDroppedFiles) {
   const TemporaryFolder folder;
-  for (const char* const name : {"a.zip", "b.sdb", "b.txt", "c.zip"}) {
+  for (const char* const name : {"a2.zip", "a3.zip", "A10.sdb", "b.txt", "c.zip"}) {
     writeFile(folder / name, "");
   }
   const auto pathOf = [&](const char* name) { return QString::fromStdString(folder / name); };

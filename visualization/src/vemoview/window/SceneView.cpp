@@ -62,11 +62,16 @@ void SceneView::followVisibility() {
   draw();
 }
 
-void SceneView::highlight(const lum::Drawable* drawable, const std::optional<Vector3>& point) {
+void SceneView::highlight(const Highlight& wanted) {
+  _highlight = wanted;
   makeCurrent();
-  _scene->outline(drawable);
-  _scene->mark(point);
+  drawHighlight();
   draw();
+}
+
+void SceneView::drawHighlight() {
+  _scene->outline(_highlight.drawable);
+  _scene->mark(_highlight.point);
 }
 
 /// As wide as pictures are by default: a file says how high its view is, for a width that is
@@ -109,6 +114,7 @@ void SceneView::followScene() {
   _scene.reset();
   _scene = std::move(scene);
   _scene->addTo(*renderWindow(), SAMPLES);
+  drawHighlight();
   draw();
 }
 

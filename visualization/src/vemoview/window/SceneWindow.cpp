@@ -307,10 +307,10 @@ void SceneWindow::followVisibility() {
 
 void SceneWindow::showItem(int item) {
   if (item == ItemTree::NONE) {
-    _view->highlight(nullptr);
+    _view->highlight({});
     _values->showValues({});
   } else {
-    _view->highlight(_items[item].drawable);
+    _view->highlight({.drawable = _items[item].drawable, .point = {}});
     _values->showValues(describeItem(_items, item));
   }
   statusBar()->clearMessage();
@@ -323,7 +323,7 @@ void SceneWindow::showPick(const std::optional<Pick>& pick) {
   }
   const int item = _items.find(pick->drawable);
   _list->select(item);
-  _view->highlight(pick->drawable, pick->pointPosition);
+  _view->highlight({.drawable = pick->drawable, .point = pick->pointPosition});
   _values->showValues(describePick(_items, *pick));
   statusBar()->showMessage(item == ItemTree::NONE ? QString() : pathOf(_items, item));
 }
@@ -331,7 +331,7 @@ void SceneWindow::showPick(const std::optional<Pick>& pick) {
 /// Hiding an item removes its highlight: the user wants to see what is behind it.
 void SceneWindow::hideSelected() {
   _list->hideItems(_list->getSelected());
-  _view->highlight(nullptr);
+  _view->highlight({});
 }
 
 void SceneWindow::clearSelection() {
