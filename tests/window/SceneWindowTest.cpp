@@ -160,12 +160,18 @@ TEST_F(SceneWindowTest, ColoursByAnArrayAndRange) {
   auto* const polyData = dynamic_cast<lum::PolyDataNode*>(blue.getNodes()[0].get());
   polyData->setNodeDataArray(makeArray("heat", {0, 0, 0, 0}));
   OpenWindow open(scene.node());
+  open.selectRow("pink square");
   auto* const arrays = open.window().findChild<QMenu*>("arrays");
   ASSERT_NE(arrays, nullptr);
   arrays->aboutToShow();
   ASSERT_EQ(arrays->actions().size(), 1);
   arrays->actions().first()->trigger();
   EXPECT_THAT(lum::listUsedColorArrays(scene.node()), testing::ElementsAre("heat"));
+  EXPECT_EQ(open.list().currentIndex(), open.row("pink square")) << "though the legend's canvas precedes it";
+  EXPECT_TRUE(open.list().isExpanded(open.row("heat").parent())) << "the new legend is listed";
+  open.toggle("heat");
+  open.toggle("heat");
+  EXPECT_EQ(open.value("Kind"), "Legend");
   const QPoint place = open.placeOf(0.5, 0);
   const Picture::Pixel before = at(open.look(), place);
   EXPECT_NE(before, (Picture::Pixel{0, 0, 255})) << "a range of one value is green";

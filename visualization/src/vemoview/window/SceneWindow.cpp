@@ -232,7 +232,7 @@ void SceneWindow::toggleEdges() {
 }
 
 void SceneWindow::followScene() {
-  _list->announceVisibility();
+  _list->followScene(_scene);
   _view->followScene();
 }
 
