@@ -138,8 +138,10 @@ TEST_F(SceneWindowTest, OpensNeighboursAndDroppedFiles) {
   }
   const auto pathOf = [&](const char* name) { return QString::fromStdString(folder / name); };
   QStringList opened;
+  const SceneWindow::Files files{[&](const QString& path) { opened.append(path); },
+                                 [&](const QString& path) { return path != pathOf("a3.zip"); }};
   OpenWindow open(scene.node());
-  open.window().followFiles(pathOf("b.sdb"), [&opened](const QString& path) { opened.append(path); });
+  open.window().followFiles(pathOf("A10.sdb"), files);
   open.press(Qt::Key_PageDown);
   open.press(Qt::Key_PageUp);
   QMimeData dropped;
@@ -149,9 +151,9 @@ TEST_F(SceneWindowTest, OpensNeighboursAndDroppedFiles) {
   EXPECT_TRUE(enter.isAccepted());
   QDropEvent drop({1, 1}, Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
   QApplication::sendEvent(&open.window(), &drop);
-  EXPECT_EQ(opened, (QStringList{pathOf("c.zip"), pathOf("a.zip"), pathOf("b.txt")}));
+  EXPECT_EQ(opened, (QStringList{pathOf("c.zip"), pathOf("a2.zip"), pathOf("b.txt")}));
   OpenWindow last(scene.node());
-  last.window().followFiles(pathOf("c.zip"), [&opened](const QString& path) { opened.append(path); });
+  last.window().followFiles(pathOf("c.zip"), files);
   last.press(Qt::Key_PageDown);
   EXPECT_EQ(opened.size(), 3) << "there is no next one";
 }
