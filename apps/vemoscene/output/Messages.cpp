@@ -1,6 +1,6 @@
 #include "output/Messages.h"
 
-#include "shared/RepeatedFindings.h"
+#include "scenegraph/RepeatedFindings.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/Logger.h>
