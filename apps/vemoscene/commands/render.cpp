@@ -28,7 +28,7 @@ struct RenderArguments {
 Picture draw(const RenderArguments& arguments, const std::string& file) {
   const OpenedScene& scene = loadScene(file);
   const Progress progress(fmt::format("Drawing {}", toPrintable(file)));
-  lum::SceneNode& node = requireSceneNode(scene, file);
+  lum::SceneNode& node = scene.requireSceneNode();
   RenderOptions options = arguments.picture;
   applyChanges(arguments.changes, node, options);
   return renderPicture(node, options);

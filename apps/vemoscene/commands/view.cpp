@@ -45,7 +45,7 @@ decltype(&showSceneFile) loadWindow() {
 }
 
 lum::Ptr<lum::SceneNode> openForWindow(const std::string& file) {
-  return lum::Ptr<lum::SceneNode>(&requireSceneNode(loadScene(file), file));
+  return lum::Ptr<lum::SceneNode>(&loadScene(file).requireSceneNode());
 }
 
 /// Further files are opened in the window, which shows exceptions that it knows.

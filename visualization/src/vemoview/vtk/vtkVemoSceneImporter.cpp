@@ -278,10 +278,7 @@ void vtkVemoSceneImporter::Prepare() {
   lum::Ptr<lum::SceneNode> scene = Data->givenScene;
   if (!scene) {
     const std::wstring path = vemo::toWidePath(Data->fileName.value());
-    scene = vemo::openScene(path, vemo::partOf(report, 0.0, READING)).findSceneNode();
-  }
-  if (!scene) {
-    throw lum::io::FileError(lum::io::FileIoStatus::ReadError, "The database has no scene");
+    scene = &vemo::openScene(path, vemo::partOf(report, 0.0, READING)).requireSceneNode();
   }
   if (AbortExecute != 0) {
     throw vemo::Cancelled();
