@@ -146,6 +146,7 @@ py::object inTurn(const py::function& work) {
 }  // namespace
 
 void defineOperations(py::module_& module) {
+  module.attr("MAX_PICTURE_SIZE") = MAX_PICTURE_SIZE;
   module.def("open", openFile, py::arg("path"), py::arg("progress"));
   module.def("open_bytes", openBytes, py::arg("data"), py::arg("progress"));
   module.def("convert", convert, py::arg("source"), py::arg("target"), py::arg("progress"));

@@ -1,6 +1,7 @@
 #include "vemoview/window/SceneView.h"
 
 #include <vemo/resolve/Pick.h>
+#include <vemo/resolve/UsualPicture.h>
 
 #include <vtkGenericOpenGLRenderWindow.h>
 #include <vtkInteractorStyleTrackballCamera.h>
@@ -18,9 +19,6 @@ namespace {
 
 /// Samples per pixel, for smooth edges.
 constexpr int SAMPLES = 8;
-
-/// VTK's own, in degrees.
-constexpr double DEFAULT_VIEW_ANGLE = 30.0;
 
 }  // namespace
 
@@ -77,8 +75,6 @@ void SceneView::drawHighlight() {
 /// As wide as pictures are by default: a file says how high its view is, for a width that is
 /// not known, and the panels beside it make the widget narrow.
 void SceneView::showInitialView() {
-  constexpr double USUAL_ASPECT = 4.0 / 3.0;
-  _scene->setViewAngle(DEFAULT_VIEW_ANGLE);
   _scene->resetView();
   _scene->widen(USUAL_ASPECT);
 }
