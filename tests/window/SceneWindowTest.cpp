@@ -159,8 +159,8 @@ TEST_F(SceneWindowTest, OpensNeighboursAndDroppedFiles) {
 }
 
 TEST_F(SceneWindowTest, ColoursByAnArrayAndRange) {
-  auto* const polyData = dynamic_cast<lum::PolyDataNode*>(blue.getNodes()[0].get());
-  polyData->setNodeDataArray(makeArray("heat", {0, 0, 0, 0}));
+  auto& polyData = dynamic_cast<lum::PolyDataNode&>(*blue.getNodes()[0].getObject());
+  polyData.setNodeDataArray(makeArray("heat", {0, 0, 0, 0}));
   OpenWindow open(scene.node());
   open.selectRow("pink square");
   auto* const arrays = open.window().findChild<QMenu*>("arrays");
