@@ -1,6 +1,6 @@
 #include "CheckScene.h"
 
-#include "RepeatedFindings.h"
+#include "scenegraph/RepeatedFindings.h"
 #include <vemo/import/DetectScene.h>
 #include <vemo/import/Exception.h>
 #include <vemo/import/SceneAudit.h>

@@ -1,5 +1,6 @@
 #include "FileArguments.h"
 
+#include "FileChecks.h"
 #include "InputFile.h"
 #include "OutputFile.h"
 #include "output/ExitCode.h"
@@ -8,7 +9,6 @@
 #include <filesystem>
 #include <fmt/format.h>
 #include <map>
-#include <system_error>
 
 namespace vemo {
 
@@ -17,12 +17,6 @@ namespace {
 namespace fs = std::filesystem;
 
 using PathList = std::vector<FileArguments::Paths>;
-
-/// Neither needs to exist yet.
-fs::path placeOf(const std::string& path) {
-  std::error_code ignored;
-  return fs::weakly_canonical(fs::absolute(path, ignored), ignored);
-}
 
 void rejectOverwriting(const PathList& all) {
   std::map<fs::path, std::string> inputs;

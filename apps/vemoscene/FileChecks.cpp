@@ -11,16 +11,18 @@
 
 namespace vemo {
 
+namespace fs = std::filesystem;
+
+fs::path placeOf(const std::string& path) {
+  std::error_code ignored;
+  return fs::weakly_canonical(fs::absolute(path, ignored), ignored);
+}
+
 void rejectSameFile(const std::string& file, const std::string& output) {
   if (isStandardInput(file)) {
     return;
   }
-  namespace fs = std::filesystem;
   std::error_code ignored;
-  // Neither needs to exist yet.
-  const auto placeOf = [&ignored](const std::string& path) {
-    return fs::weakly_canonical(fs::absolute(path, ignored), ignored);
-  };
   const fs::path place = placeOf(file);
   if (fs::equivalent(file, output, ignored) || (!place.empty() && place == placeOf(output))) {
     throw Failure(ExitCode::WRONG_USAGE, fmt::format("\"{}\" and \"{}\" are the same file", file, output));

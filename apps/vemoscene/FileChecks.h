@@ -1,8 +1,12 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 
 namespace vemo {
+
+/// Where a file is, by whatever name. It need not exist yet.
+std::filesystem::path placeOf(const std::string& path);
 
 /// Throws Failure with WRONG_USAGE when both are the same file: writing the
 /// output would destroy the input.

@@ -11,7 +11,4 @@ namespace vemo {
 /// tenth of the time of `info`, and the user would wait for it.
 const OpenedScene& loadScene(const std::string& file);
 
-/// The first scene of a file. Throws Failure with READ_ERROR when there is none.
-lum::SceneNode& requireSceneNode(const OpenedScene& scene, const std::string& file);
-
 }  // namespace vemo

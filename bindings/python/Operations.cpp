@@ -136,14 +136,23 @@ py::tuple render(const NodeHandle& root, int width, int height, const std::strin
   return py::make_tuple(toNumpy(std::move(drawn.picture)), toTuple(drawn.findings));
 }
 
+/// With the interpreter lock, unlike all other work.
+py::object inTurn(const py::function& work) {
+  const LibraryTurn turn;
+  const py::gil_scoped_acquire acquired;
+  return work();
+}
+
 }  // namespace
 
 void defineOperations(py::module_& module) {
+  module.attr("MAX_PICTURE_SIZE") = MAX_PICTURE_SIZE;
   module.def("open", openFile, py::arg("path"), py::arg("progress"));
   module.def("open_bytes", openBytes, py::arg("data"), py::arg("progress"));
   module.def("convert", convert, py::arg("source"), py::arg("target"), py::arg("progress"));
   module.def("check", check, py::arg("path"));
   module.def("render", render, py::arg("root"), py::arg("width"), py::arg("height"), py::arg("file"));
+  module.def("in_turn", inTurn, py::arg("work"));
 }
 
 }  // namespace vemo::python

@@ -1,4 +1,4 @@
-// The Python module vemoscene.vtk: VTK's wrapping of vtkVemoSceneImporter.
+// The Python module vemoscene._vtk: VTK's wrapping of vtkVemoSceneImporter.
 
 #include <vtkPython.h>
 
@@ -7,7 +7,7 @@ extern "C" void PyVTKAddFile_vtkVemoSceneImporter(PyObject* dictionary);
 namespace {
 
 PyModuleDef definition = {PyModuleDef_HEAD_INIT,
-                          "vemoscene.vtk",
+                          "vemoscene._vtk",
                           "Scenes in the renderers of VTK programs.",
                           -1,
                           nullptr,
@@ -25,7 +25,7 @@ bool importBase() {
 
 }  // namespace
 
-PyMODINIT_FUNC PyInit_vtk() {
+PyMODINIT_FUNC PyInit__vtk() {
   PyObject* const module = importBase() ? PyModule_Create(&definition) : nullptr;
   if (module != nullptr) {
     PyVTKAddFile_vtkVemoSceneImporter(PyModule_GetDict(module));

@@ -13,8 +13,10 @@ from types import FrameType
 from typing import Any, Callable
 
 import pytest
+from vtkmodules.vtkCommonCore import vtkCommand
 
 import vemoscene
+import vemoscene.vtk
 from conftest import EXAMPLES
 
 WORKS: dict[str, Callable[[pathlib.Path, pathlib.Path], Any]] = {
@@ -50,11 +52,22 @@ def test_the_interpreter_lock_is_released(name: str, large_archive: pathlib.Path
     assert finished == ["other", "work"]
 
 
+def import_items(path: pathlib.Path) -> list[str]:
+    importer = vemoscene.vtk.vtkVemoSceneImporter()
+    importer.SetFileName(str(path))
+    importer.Update()
+    items = [importer.GetItemPath(item) for item in range(importer.GetNumberOfItems())]
+    importer.Clear()
+    return items
+
+
 def test_threads_at_once(tmp_path: pathlib.Path) -> None:
     """With callbacks, failures, and scenes that are freed meanwhile."""
     paths = [EXAMPLES / f"{name}.zip" for name in ("drum", "crystal", "propeller")]
     expected = {path: [node.path for node in vemoscene.open(path).root.walk()] for path in paths}
     pictures = {path: vemoscene.render(path, (64, 48)) for path in paths}
+    items = {path: import_items(path) for path in paths}
+    assert all(items.values())
 
     def work(number: int) -> bool:
         path = paths[number % len(paths)]
@@ -66,10 +79,34 @@ def test_threads_at_once(tmp_path: pathlib.Path) -> None:
         vemoscene.convert(path, tmp_path / f"{number}.sdb", lambda fraction: None)
         copy = vemoscene.open(tmp_path / f"{number}.sdb")
         same = all([node.path for node in one.root.walk()] == expected[path] for one in (scene, copy))
+        same = same and import_items(path) == items[path]
         return same and not vemoscene.check(path) and bool((vemoscene.render(copy, (64, 48)) == pictures[path]).all())
 
     with concurrent.futures.ThreadPoolExecutor(6) as pool:
         assert all(pool.map(work, range(12)))
+
+
+def test_importers_have_the_turn() -> None:
+    importer = vemoscene.vtk.vtkVemoSceneImporter()
+    importer.SetFileName(str(EXAMPLES / "drum.zip"))
+    for method in (importer.Update, importer.Read, importer.Clear):
+
+        def call(fraction: float, method: Callable[[], None] = method) -> None:
+            method()
+
+        with pytest.raises(RuntimeError, match="callback"):
+            vemoscene.open(EXAMPLES / "drum.zip", call)
+
+    refused = []
+
+    def observe(caller: object, event: str) -> None:
+        with pytest.raises(RuntimeError, match="callback"):
+            vemoscene.check(EXAMPLES / "drum.zip")
+        refused.append(event)
+
+    importer.AddObserver(vtkCommand.ProgressEvent, observe)
+    importer.Update()
+    assert refused and importer.GetSucceeded()
 
 
 def count_references() -> tuple[list[vemoscene.Scene], Any]:

@@ -11,6 +11,7 @@
 #include <vtkCellPicker.h>
 #include <vtkCommand.h>
 #include <vtkCompositeDataSet.h>
+#include <vtkCullerCollection.h>
 #include <vtkErrorCode.h>
 #include <vtkGLTFExporter.h>
 #include <vtkHardwareSelector.h>
@@ -176,6 +177,43 @@ TEST_F(ImporterTest, ReplacesWhatItHasAddedAndNothingElse) {
   EXPECT_EQ(window.count(), before);
   EXPECT_EQ(overlay->GetLayer(), 1);
   EXPECT_EQ(importer->GetNumberOfItems(), 0);
+}
+
+TEST_F(ImporterTest, LeavesTheRendererAsItWas) {
+  plate.getColorAttributes()->setOpacity(0.3, false);
+  scene.node().getBackgroundCanvas().getBackgroundAttributes().setSolidColor({1, 0, 1});
+  scene.canvas().getLightingAttributes().getLights().findOrCreate<lum::Light>("lamp").setIntensity(0.3);
+  vtkRenderer& renderer = *window.renderer;
+  window.addBall(0.5);
+  renderer.SetBackground(0, 0, 0.5);
+  renderer.GradientBackgroundOn();
+  const auto settings = [&] {
+    return std::vector<double>{static_cast<double>(renderer.GetAutomaticLightCreation()),
+                               static_cast<double>(renderer.GetUseDepthPeeling()),
+                               static_cast<double>(renderer.GetCullers()->GetNumberOfItems()),
+                               static_cast<double>(window.window->GetMultiSamples()),
+                               renderer.GetNearClippingPlaneTolerance()};
+  };
+  for (const int createsLight : {0, 1}) {
+    renderer.SetAutomaticLightCreation(createsLight);
+    renderer.ResetCamera();
+    const Picture picture = window.draw();
+    window.window->SetMultiSamples(2);
+    const auto before = settings();
+    vtkNew<vtkVemoSceneImporter> other;
+    other->SetScene(&scene.node());
+    other->SetCamera(-1);
+    importer->SetCamera(-1);
+    import();
+    window.import(*other);
+    ASSERT_NE(settings(), before);
+    importer->Clear();
+    EXPECT_NE(settings(), before) << "the other is still there";
+    other->Clear();
+    EXPECT_EQ(settings(), before);
+    window.window->SetMultiSamples(0);
+    EXPECT_EQ(window.draw(), picture) << createsLight;
+  }
 }
 
 TEST_F(ImporterTest, TellsFailures) {

@@ -117,15 +117,31 @@ TEST_F(OpenSceneWindowTest, LooksAlongAxesAndShowsEdges) {
   EXPECT_TRUE(isAsInTheBeginning());
 }
 
+TEST_F(OpenSceneWindowTest, KeepsTheMarksOfWhatIsSelected) {
+  open.click(open.placeOf(-0.5, 0));
+  const Picture picked = open.look();
+  ASSERT_FALSE(isSame(picked, first));
+  open.press(Qt::Key_E);
+  open.press(Qt::Key_E);
+  EXPECT_TRUE(isSame(open.look(), picked));
+  open.press(Qt::Key_H);
+  open.press(Qt::Key_E);
+  open.press(Qt::Key_E);
+  open.press(Qt::Key_A);
+  EXPECT_TRUE(isAsInTheBeginning()) << "hiding removed them";
+}
+
 TEST_F(SceneWindowTest, OpensNeighboursAndDroppedFiles) {
   const TemporaryFolder folder;
-  for (const char* const name : {"a.zip", "b.sdb", "b.txt", "c.zip"}) {
+  for (const char* const name : {"a2.zip", "a3.zip", "A10.sdb", "b.txt", "c.zip"}) {
     writeFile(folder / name, "");
   }
   const auto pathOf = [&](const char* name) { return QString::fromStdString(folder / name); };
   QStringList opened;
+  const SceneWindow::Files files{[&](const QString& path) { opened.append(path); },
+                                 [&](const QString& path) { return path != pathOf("a3.zip"); }};
   OpenWindow open(scene.node());
-  open.window().followFiles(pathOf("b.sdb"), [&opened](const QString& path) { opened.append(path); });
+  open.window().followFiles(pathOf("A10.sdb"), files);
   open.press(Qt::Key_PageDown);
   open.press(Qt::Key_PageUp);
   QMimeData dropped;
@@ -135,23 +151,29 @@ TEST_F(SceneWindowTest, OpensNeighboursAndDroppedFiles) {
   EXPECT_TRUE(enter.isAccepted());
   QDropEvent drop({1, 1}, Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
   QApplication::sendEvent(&open.window(), &drop);
-  EXPECT_EQ(opened, (QStringList{pathOf("c.zip"), pathOf("a.zip"), pathOf("b.txt")}));
+  EXPECT_EQ(opened, (QStringList{pathOf("c.zip"), pathOf("a2.zip"), pathOf("b.txt")}));
   OpenWindow last(scene.node());
-  last.window().followFiles(pathOf("c.zip"), [&opened](const QString& path) { opened.append(path); });
+  last.window().followFiles(pathOf("c.zip"), files);
   last.press(Qt::Key_PageDown);
   EXPECT_EQ(opened.size(), 3) << "there is no next one";
 }
 
 TEST_F(SceneWindowTest, ColoursByAnArrayAndRange) {
-  auto* const polyData = dynamic_cast<lum::PolyDataNode*>(blue.getNodes()[0].get());
-  polyData->setNodeDataArray(makeArray("heat", {0, 0, 0, 0}));
+  auto& polyData = dynamic_cast<lum::PolyDataNode&>(*blue.getNodes()[0].getObject());
+  polyData.setNodeDataArray(makeArray("heat", {0, 0, 0, 0}));
   OpenWindow open(scene.node());
+  open.selectRow("pink square");
   auto* const arrays = open.window().findChild<QMenu*>("arrays");
   ASSERT_NE(arrays, nullptr);
   arrays->aboutToShow();
   ASSERT_EQ(arrays->actions().size(), 1);
   arrays->actions().first()->trigger();
   EXPECT_THAT(lum::listUsedColorArrays(scene.node()), testing::ElementsAre("heat"));
+  EXPECT_EQ(open.list().currentIndex(), open.row("pink square")) << "though the legend's canvas precedes it";
+  EXPECT_TRUE(open.list().isExpanded(open.row("heat").parent())) << "the new legend is listed";
+  open.toggle("heat");
+  open.toggle("heat");
+  EXPECT_EQ(open.value("Kind"), "Legend");
   const QPoint place = open.placeOf(0.5, 0);
   const Picture::Pixel before = at(open.look(), place);
   EXPECT_NE(before, (Picture::Pixel{0, 0, 255})) << "a range of one value is green";

@@ -6,6 +6,7 @@
 #include "output/Messages.h"
 #include "picture/PictureFile.h"
 #include "picture/SceneChanges.h"
+#include "picture/ValueTexts.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/render/ScenePicture.h>
 
@@ -22,13 +23,15 @@ struct RenderArguments {
   FileArguments files;
   SceneChanges changes;
   RenderOptions picture;
+  /// Null for that of the output's name.
+  const FileKind* format = nullptr;
   bool force = false;
 };
 
 Picture draw(const RenderArguments& arguments, const std::string& file) {
   const OpenedScene& scene = loadScene(file);
   const Progress progress(fmt::format("Drawing {}", toPrintable(file)));
-  lum::SceneNode& node = requireSceneNode(scene, file);
+  lum::SceneNode& node = scene.requireSceneNode();
   RenderOptions options = arguments.picture;
   applyChanges(arguments.changes, node, options);
   return renderPicture(node, options);
@@ -36,7 +39,7 @@ Picture draw(const RenderArguments& arguments, const std::string& file) {
 
 void render(const RenderArguments& arguments, const std::string& file, const std::string& output) {
   rejectSameFile(file, output);
-  const FileKind& kind = findPictureKind(output);
+  const FileKind& kind = findPictureKind(output, arguments.format);
   if (arguments.picture.isTransparent && !hasOpacity(kind)) {
     throw Failure(ExitCode::WRONG_USAGE, "A JPEG file cannot be transparent");
   }
@@ -73,12 +76,17 @@ void addRenderCommand(CLI::App& app, Command& command) {
       app.add_subcommand("render", "Draw a scene to a PNG or JPEG file; needs no display");
   arguments->files.addTo(*renderApp, "The picture to write, a PNG file (.png) or JPEG file (.jpg, .jpeg)");
   renderApp->add_flag("--force", arguments->force, "Also replace a file of another kind");
+  addValueOption(
+      *renderApp, "--format", PICTURE_FORMATS,
+      "Format of pictures in the folder of -d, and of others whose name has no extension (default png)",
+      [&format = arguments->format](const std::string& text) { format = &parsePictureFormat(text); });
   addPictureOptions(*renderApp, arguments->picture);
   addSceneChanges(*renderApp, arguments->changes);
   addFailOnOption(*renderApp, command);
   renderApp->callback([arguments, &command] {
     requireSize(arguments->picture);
-    for (const auto& paths : arguments->files.getPaths(".png")) {
+    const char* const extension = findPictureKind("", arguments->format).extension;
+    for (const auto& paths : arguments->files.getPaths(extension)) {
       const auto& [file, output] = paths;
       command.jobs.push_back(
           {file, [arguments, file = file, output = output] { render(*arguments, file, output); }});

@@ -1,10 +1,14 @@
 #include "Command.h"
 #include "LoadedScene.h"
 #include "output/ExitCode.h"
+#include "output/Messages.h"
+#include <vemo/base/WidePath.h>
+#include <vemo/import/DetectScene.h>
 #include <vemo/import/Exception.h>
 #include <vemo/import/FaultFinding.h>
 #include <vemo/render/ScenePicture.h>
 #include <vemo/scenegraph/canvas/SceneNode.h>
+#include <vemo/scenegraph/io/FileError.h>
 #include <vemo/window/ShowSceneWindow.h>
 
 #include <CLI/CLI.hpp>
@@ -41,20 +45,33 @@ decltype(&showSceneFile) loadWindow() {
 }
 
 lum::Ptr<lum::SceneNode> openForWindow(const std::string& file) {
-  return lum::Ptr<lum::SceneNode>(&requireSceneNode(loadScene(file), file));
+  return lum::Ptr<lum::SceneNode>(&loadScene(file).requireSceneNode());
 }
 
 /// Further files are opened in the window, which shows exceptions that it knows.
 lum::Ptr<lum::SceneNode> openNext(const std::string& file) {
   try {
+    startMessages(file);
     return openForWindow(file);
   } catch (const Exception& exception) {
     throw std::runtime_error(describe(exception));
   }
 }
 
+/// A damaged one is: opening it tells the user about the damage.
+bool isScene(const std::string& file) {
+  try {
+    detectScene(toWidePath(file));
+    return true;
+  } catch (const lum::io::FileError& error) {
+    return error.getStatus() != lum::io::FileIoStatus::UnsupportedFormat;
+  } catch (const Exception&) {
+    return true;
+  }
+}
+
 void view(const std::string& file) {
-  loadWindow()(openForWindow(file), file.c_str(), openNext);
+  loadWindow()(openForWindow(file), file.c_str(), {openNext, isScene});
 }
 
 void addViewCommand(CLI::App& app, Command& command) {

@@ -1,7 +1,7 @@
 #include "output/Messages.h"
 
 #include "base/MemoryReserve.h"
-#include "shared/RepeatedFindings.h"
+#include "scenegraph/RepeatedFindings.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/scenegraph/Logger.h>
 

@@ -1,6 +1,9 @@
 #include "picture/PictureFile.h"
 
+#include "output/ExitCode.h"
 #include "output/ResultStream.h"
+#include "picture/ValueTexts.h"
+#include <vemo/base/PrintableText.h>
 #include <vemo/render/Picture.h>
 
 #include <algorithm>
@@ -21,15 +24,27 @@ constexpr const FileKind* KINDS[] = {&PNG, &JPEG, &JPEG_OF_FOUR_LETTERS};
 
 }  // namespace
 
-const FileKind& findPictureKind(const std::string& output) {
+const FileKind& parsePictureFormat(const std::string& format) {
+  if (format != "png" && format != "jpeg") {
+    throw InvalidValue(fmt::format("\"{}\" is not one of the formats png, jpeg", toPrintable(format)));
+  }
+  return format == "png" ? PNG : JPEG;
+}
+
+const FileKind& findPictureKind(const std::string& output, const FileKind* wanted) {
   const auto* const found =
       std::ranges::find_if(KINDS, [&](const FileKind* kind) { return hasExtension(output, *kind); });
   if (found != std::end(KINDS)) {
+    if (wanted != nullptr && (*found)->start != wanted->start) {
+      throw Failure(ExitCode::WRONG_USAGE,
+                    fmt::format("\"{}\" has the extension of a {}, but --format asks for a {}", output,
+                                (*found)->description, wanted->description));
+    }
     return **found;
   }
   rejectOtherExtension(output, fmt::format("{} ({}), {} ({}, {})", PNG.description, PNG.extension,
                                            JPEG.description, JPEG.extension, JPEG_OF_FOUR_LETTERS.extension));
-  return PNG;
+  return wanted != nullptr ? *wanted : PNG;
 }
 
 bool hasOpacity(const FileKind& kind) {

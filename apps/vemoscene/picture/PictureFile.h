@@ -8,9 +8,16 @@ namespace vemo {
 
 class Picture;
 
-/// The kind of picture that the name of an output says; PNG for names without an extension.
-/// Throws Failure with WRONG_USAGE for any other extension.
-const FileKind& findPictureKind(const std::string& output);
+/// The values of --format, separated by "|".
+inline constexpr const char* PICTURE_FORMATS = "png|jpeg";
+
+/// The kind of picture that a value of --format names. Throws InvalidValue.
+const FileKind& parsePictureFormat(const std::string& format);
+
+/// The kind of picture that the name of an output says; for names without an extension that of the
+/// option --format, or else PNG. Throws Failure with WRONG_USAGE for another extension.
+/// @param wanted by --format; may be null
+const FileKind& findPictureKind(const std::string& output, const FileKind* wanted);
 
 /// Whether pictures of the kind have opacities.
 bool hasOpacity(const FileKind& kind);

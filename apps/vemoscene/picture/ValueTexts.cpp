@@ -1,6 +1,7 @@
 #include "picture/ValueTexts.h"
 
 #include <vemo/base/PrintableText.h>
+#include <vemo/render/ScenePicture.h>
 
 #include <CLI/CLI.hpp>
 #include <charconv>

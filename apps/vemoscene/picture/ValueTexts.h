@@ -16,9 +16,6 @@ class Option;
 
 namespace vemo {
 
-/// Of a picture, in pixels each way.
-inline constexpr int MAX_PICTURE_SIZE = 16384;
-
 inline constexpr double MAX_SCALE = 100.0;
 
 /// A text that is not a value of an option: it says what the text should be.

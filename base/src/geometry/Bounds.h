@@ -23,7 +23,7 @@ struct PointScan {
   Box bounds;
 };
 
-VEMO_GEOMETRY_EXPORT PointScan scanPoints(vtkDataArray& coordinates);
+PointScan scanPoints(vtkDataArray& coordinates);
 
 /// The bounds alone.
 /// @param leftOut receives the number of points that are not finite

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "geometry/Bounds.h"
-#include <vemo/geometry/Export.h>
 
 #include <vtkType.h>
 
@@ -20,11 +19,11 @@ namespace vemo {
 /// Whether no two faces run from one of the marked points to the same next point.
 /// @param marks of points; empty if no point is marked
 /// @param facesAtPoint for each point, how many faces it is a corner of
-VEMO_GEOMETRY_EXPORT bool isConsistentlyWound(vtkPolyData& mesh, const PointMarks& marks,
-                                              std::span<const std::uint32_t> facesAtPoint);
+bool isConsistentlyWound(vtkPolyData& mesh, const PointMarks& marks,
+                         std::span<const std::uint32_t> facesAtPoint);
 
 /// The points of all faces; the triangles of strips come last.
-class VEMO_GEOMETRY_EXPORT FaceList {
+class FaceList {
  public:
   explicit FaceList(vtkPolyData& mesh);
 

@@ -33,19 +33,19 @@ enum class ArrayType : std::uint8_t {
 
 /// The type of an array; nothing for one that cannot be stored: bits, and
 /// arrays whose values are not contiguous in memory.
-VEMO_SCENEGRAPH_EXPORT std::optional<ArrayType> arrayTypeOf(vtkDataArray& array);
+std::optional<ArrayType> arrayTypeOf(vtkDataArray& array);
 
 /// A type's number in a file; nothing when there is none of that number.
-VEMO_SCENEGRAPH_EXPORT std::optional<ArrayType> arrayTypeFromNumber(std::uint64_t number);
+std::optional<ArrayType> arrayTypeFromNumber(std::uint64_t number);
 
 /// "float32" and the like; "int64" for ids, "int8" for characters. VTK's name
 /// for a type that is not in this table.
 VEMO_SCENEGRAPH_EXPORT const char* arrayTypeName(vtkDataArray& array);
 
 /// The bytes of one value.
-VEMO_SCENEGRAPH_EXPORT std::size_t arrayTypeSize(ArrayType type);
+std::size_t arrayTypeSize(ArrayType type);
 
 /// A new, empty array.
-VEMO_SCENEGRAPH_EXPORT vtkSmartPointer<vtkDataArray> makeArray(ArrayType type);
+vtkSmartPointer<vtkDataArray> makeArray(ArrayType type);
 
 }  // namespace lum

@@ -41,7 +41,7 @@ _Progress = Optional[Callable[[float], object]]
 """Called with the share that is done, from 0 to 1, which never falls, by the thread that works. Returning False
 cancels the work; raising does, too, and the caller gets that exception."""
 
-MAX_PICTURE_SIZE = 16384
+MAX_PICTURE_SIZE = _native.MAX_PICTURE_SIZE
 
 
 def open(path: _Path, progress: _Progress = None) -> Scene:

@@ -31,6 +31,8 @@ struct VEMO_IMPORT_EXPORT OpenedScene {
 
   /// The scene node of the first record that has one; null without any.
   lum::SceneNode* findSceneNode() const;
+  /// The same. Throws lum::io::FileError without any.
+  lum::SceneNode& requireSceneNode() const;
 };
 
 /// Reads a scene of either generation; no file is written. No registry lists the nodes.

@@ -14,6 +14,9 @@ class SceneNode;
 
 namespace vemo {
 
+/// The most pixels of a picture each way that hosts should ask for.
+inline constexpr int MAX_PICTURE_SIZE = 16384;
+
 struct VEMO_RENDER_EXPORT RenderOptions {
   /// In pixels, at least 1.
   int width = USUAL_WIDTH;
@@ -24,7 +27,7 @@ struct VEMO_RENDER_EXPORT RenderOptions {
   /// Whether the picture has opacities, and nothing where only the background is.
   bool isTransparent = false;
   /// Of the model in perspective, from top to bottom, in degrees between 0 and 180;
-  /// without it 30.
+  /// without it USUAL_VIEW_ANGLE.
   std::optional<double> viewAngle = std::nullopt;
   /// Whether the visible part of the model is to fill the picture, seen from the direction
   /// of the scene's camera.

@@ -2,6 +2,7 @@
 
 #include <vemo/base/Vector.h>
 #include <vemo/resolve/Export.h>
+#include <vemo/resolve/UsualPicture.h>
 
 #include <limits>
 #include <optional>
@@ -21,7 +22,7 @@ struct PickView {
   /// Half the height of what a parallel camera sees.
   double parallelScale = 1.0;
   /// Of a perspective camera, from top to bottom, in degrees.
-  double viewAngle = 30.0;
+  double viewAngle = USUAL_VIEW_ANGLE;
 };
 
 /// The ray behind a pixel, from the viewer's eye into the model, and the size

@@ -108,7 +108,8 @@ class VEMO_VTK_EXPORT vtkVemoSceneImporter : public vtkImporter {
   std::string GetCameraName(vtkIdType camera) override;
   void SetCamera(vtkIdType camera) override;
 
-  /// Removes what the importer added: actors, lights and layers.
+  /// Removes what the importer added: actors, lights and layers. The renderer's settings, except
+  /// for the camera, are then as they were.
   void Clear();
 
  protected:

@@ -24,13 +24,19 @@ namespace vemo {
 /// function by name (dlsym).
 extern "C" VEMO_WINDOW_EXPORT void showSceneWindow(lum::SceneNode& scene, const char* title);
 
-/// How a host opens the scene of a file. It may throw any std::exception, whose text the
-/// window shows; it goes on with the scene that it has.
-using SceneLoader = std::function<lum::Ptr<lum::SceneNode>(const std::string& path)>;
+/// What a host knows about files.
+struct SceneFiles {
+  /// Opens the scene of a file. It may throw any std::exception, whose text the window shows; it
+  /// goes on with the scene that it has.
+  std::function<lum::Ptr<lum::SceneNode>(const std::string& path)> open;
+  /// Whether a file could be a scene. The window skips others when the user asks for the next
+  /// file of the folder.
+  std::function<bool(const std::string& path)> isScene;
+};
 
 /// The same for the scene of a file, from which the user can go on to other files: one that
 /// is chosen or dropped, or the next of the folder.
 extern "C" VEMO_WINDOW_EXPORT void showSceneFile(const lum::Ptr<lum::SceneNode>& scene, const char* path,
-                                                 const SceneLoader& load);
+                                                 const SceneFiles& files);
 
 }  // namespace vemo

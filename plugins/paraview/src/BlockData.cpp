@@ -2,13 +2,10 @@
 
 #include "FieldDataWriter.h"
 #include "geometry/drawing/DrawableCells.h"
+#include "scenegraph/coloring/ColoringScalars.h"
 #include "vemoview/common/VtkForms.h"
 #include "vemoview/resolve/mesh/AppearanceResolver.h"
-#include <vemo/scenegraph/coloring/ColorAttributes.h>
 #include <vemo/scenegraph/coloring/ColorTable.h>
-#include <vemo/scenegraph/coloring/DataLocationAttributes.h>
-#include <vemo/scenegraph/coloring/ScalarAttributes.h>
-#include <vemo/scenegraph/drawables/GeometryDrawable.h>
 
 #include <vtkCellData.h>
 #include <vtkFieldData.h>
@@ -42,14 +39,11 @@ struct BlockScalars {
 };
 
 std::optional<BlockScalars> findScalars(const lum::GeometryDrawable& drawable, vtkPolyData& data) {
-  const auto* const colors = drawable.findAttributes<lum::ColorAttributes>();
-  const auto* const scalars = drawable.findAttributes<lum::ScalarAttributes>();
-  if (colors == nullptr || colors->getColorMode() != lum::ColorMode::DATA || scalars == nullptr ||
-      scalars->hasDataArray() == nullptr || scalars->hasColorLookupTable() == nullptr) {
+  const auto* const scalars = lum::findColoringScalars(drawable);
+  if (scalars == nullptr) {
     return std::nullopt;
   }
-  const auto* const location = drawable.findAttributes<lum::DataLocationAttributes>();
-  const bool isOfCells = location != nullptr && location->getDataLocation() == lum::DataLocation::CELLS;
+  const bool isOfCells = lum::coloringLocation(drawable) == lum::DataLocation::CELLS;
   vtkDataSetAttributes* const attributes =
       isOfCells ? static_cast<vtkDataSetAttributes*>(data.GetCellData()) : data.GetPointData();
   vtkDataArray* const values = attributes->GetArray(scalars->hasDataArray()->getDataArrayName().c_str());

@@ -8,21 +8,12 @@
 #include <vemo/import/FaultFinding.h>
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/canvas/SceneNode.h>
-#include <vemo/scenegraph/io/FileError.h>
 
 #include <new>
 
 namespace vemo {
 
 namespace {
-
-lum::SceneNode& sceneOf(const OpenedScene& opened) {
-  lum::SceneNode* const scene = opened.findSceneNode();
-  if (scene == nullptr) {
-    throw lum::io::FileError(lum::io::FileIoStatus::UnsupportedFormat, "The database holds no scene");
-  }
-  return *scene;
-}
 
 std::string describeFault(const Finding& fault) {
   const std::string place = describePlace(fault.itemPath, fault.line, fault.entry, fault.attribute);
@@ -38,7 +29,7 @@ SceneOutline outlineScene(const std::string& path, const ProgressReport& progres
   SceneOutline outline;
   const OpenedScene opened = openSceneParts(
       toWidePath(path), [](std::size_t) { return false; }, outline.parts, progress);
-  lum::SceneNode& scene = sceneOf(opened);
+  lum::SceneNode& scene = opened.requireSceneNode();
   outline.name = scene.getName();
   outline.camera = resolveCamera(scene.getModelCanvas().hasCameraAttributes());
   outline.blocks = listBlocks(scene, outline.parts);
@@ -58,7 +49,7 @@ LoadedBlocks loadBlocks(const std::string& path, const PartFilter& wants, const 
   const FindingCapture capture(loaded.findings);
   SceneParts parts;
   loaded.scene = openSceneParts(toWidePath(path), wants, parts, progress);
-  loaded.blocks = listBlocks(sceneOf(loaded.scene), parts);
+  loaded.blocks = listBlocks(loaded.scene.requireSceneNode(), parts);
   return loaded;
 }
 

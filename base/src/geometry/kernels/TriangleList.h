@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vemo/geometry/Export.h>
-
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -16,7 +14,7 @@ namespace vemo {
 /// @param ends room for a quarter of the list's size
 /// @return how many triangles there are before the first cell that is not one, or
 ///   that has an index outside the points
-VEMO_GEOMETRY_EXPORT std::size_t compactTriangles(std::span<std::int32_t> list, std::uint32_t pointCount,
-                                                  std::span<std::int32_t> ends);
+std::size_t compactTriangles(std::span<std::int32_t> list, std::uint32_t pointCount,
+                             std::span<std::int32_t> ends);
 
 }  // namespace vemo

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vemo/geometry/Export.h>
-
 #include <cstdint>
 #include <span>
 
@@ -18,7 +16,7 @@ struct NormalSums {
 /// time. Root and divisions of two triangles at once are what makes it faster.
 /// @param points x, y, z of each
 /// @param corners three points of each triangle, all of which there are
-VEMO_GEOMETRY_EXPORT void addTriangleNormals(std::span<const float> points,
-                                             std::span<const std::int32_t> corners, const NormalSums& sums);
+void addTriangleNormals(std::span<const float> points, std::span<const std::int32_t> corners,
+                        const NormalSums& sums);
 
 }  // namespace vemo

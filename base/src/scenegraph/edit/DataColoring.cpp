@@ -1,12 +1,9 @@
+#include "scenegraph/coloring/ColoringScalars.h"
 #include "scenegraph/edit/ColoredLegends.h"
 #include "scenegraph/inspect/ArrayRange.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/geometry/CellKind.h>
 #include <vemo/scenegraph/canvas/SceneNode.h>
-#include <vemo/scenegraph/coloring/ColorAttributes.h>
-#include <vemo/scenegraph/coloring/DataLocationAttributes.h>
-#include <vemo/scenegraph/coloring/ScalarAttributes.h>
-#include <vemo/scenegraph/drawables/GeometryDrawable.h>
 #include <vemo/scenegraph/edit/DataColoring.h>
 #include <vemo/scenegraph/edit/EditError.h>
 
@@ -78,11 +75,8 @@ bool hasArray(const GeometryDrawable& drawable, DataLocation location, const std
 
 /// The colour table of a drawable that is coloured by data; null for any other.
 ColorLookupTable* tableOf(const GeometryDrawable& drawable) {
-  const auto* const colors = drawable.findAttributes<ColorAttributes>();
-  const auto* const scalars = drawable.findAttributes<ScalarAttributes>();
-  const bool isUsed = colors != nullptr && colors->getColorMode() == ColorMode::DATA && scalars != nullptr &&
-                      scalars->hasDataArray() != nullptr;
-  return isUsed ? scalars->hasColorLookupTable() : nullptr;
+  const auto* const scalars = findColoringScalars(drawable);
+  return scalars != nullptr ? scalars->hasColorLookupTable() : nullptr;
 }
 
 const std::string& arrayNameOf(const GeometryDrawable& drawable) {
@@ -96,9 +90,7 @@ bool isColoredBy(const GeometryDrawable& drawable, const std::string& array) {
 /// Where a drawable has an array; at the points if at both, unless it is coloured by the
 /// one at the cells.
 std::optional<DataLocation> locationOf(const GeometryDrawable& drawable, const std::string& array) {
-  const auto* const location = drawable.findAttributes<DataLocationAttributes>();
-  const bool isAtCells = isColoredBy(drawable, array) && location != nullptr &&
-                         location->getDataLocation() == DataLocation::CELLS;
+  const bool isAtCells = isColoredBy(drawable, array) && coloringLocation(drawable) == DataLocation::CELLS;
   const DataLocation first = isAtCells ? DataLocation::CELLS : DataLocation::POINTS;
   const DataLocation second = isAtCells ? DataLocation::POINTS : DataLocation::CELLS;
   return hasArray(drawable, first, array)    ? std::optional(first)

@@ -45,16 +45,6 @@ vtkSmartPointer<vtkCamera> cameraFor(vtkRenderer& renderer) {
                                                : vtk::TakeSmartPointer(renderer.MakeCamera());
 }
 
-/// The light that VTK has created for a renderer without any, which would shine besides those of
-/// the scene.
-void removeAutomaticLight(vtkRenderer& renderer) {
-  auto* const first = vtkLight::SafeDownCast(renderer.GetLights()->GetItemAsObject(0));
-  if (renderer.GetAutomaticLightCreation() != 0 && renderer.GetLights()->GetNumberOfItems() == 1 &&
-      first->LightTypeIsHeadlight() != 0) {
-    renderer.RemoveLight(first);
-  }
-}
-
 /// A canvas's part of a renderer's part of the window.
 void setPart(vtkRenderer& renderer, const double* whole, const ResolvedCanvas& canvas) {
   const auto& low = canvas.lowerLeft;
@@ -128,9 +118,6 @@ ImportedScene::~ImportedScene() {
   for (const auto& light : _lights) {
     _renderer->RemoveLight(light);
   }
-  if (_renderer->GetLights()->GetNumberOfItems() == 0) {
-    _renderer->AutomaticLightCreationOn();
-  }
   if (_formerViewport) {
     _renderer->SetViewport(_formerViewport->data());
   }
@@ -175,6 +162,7 @@ void ImportedScene::addLayers() {
 }
 
 void ImportedScene::show() {
+  _formerSettings = RendererSettings::of(*_renderer);
   _items.showVisible();
   for (const Canvas& canvas : _canvases) {
     if (canvas.ownRenderer != nullptr) {
@@ -213,8 +201,7 @@ void ImportedScene::addLights() {
   if (model == nullptr) {
     return;
   }
-  removeAutomaticLight(*_renderer);
-  _renderer->AutomaticLightCreationOff();
+  _formerSettings->turnOffAutomaticLight();
   _lights = makeLights(model->content.lights);
   for (const auto& light : _lights) {
     _renderer->AddLight(light);

@@ -3,6 +3,7 @@
 #include "geometry/Box.h"
 #include "vemoview/render/vtk/CanvasCameras.h"
 #include "vemoview/vtk/ImportedItems.h"
+#include "vemoview/vtk/RendererSettings.h"
 #include "vemoview/vtk/SurroundingLayers.h"
 #include <vemo/base/Progress.h>
 #include <vemo/resolve/ResolvedScene.h>
@@ -61,6 +62,8 @@ class ImportedScene {
   bool hasTranslucency();
 
   vtkWeakPointer<vtkRenderer> _renderer;
+  /// Null until the scene is shown.
+  std::shared_ptr<RendererSettings> _formerSettings;
   vtkSmartPointer<vtkCamera> _camera;
   Background _background;
   std::vector<Canvas> _canvases;

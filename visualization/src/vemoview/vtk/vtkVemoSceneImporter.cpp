@@ -1,3 +1,4 @@
+#include "scenegraph/RepeatedFindings.h"
 #include "vemoview/vtk/ImportedScene.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/base/WidePath.h>
@@ -64,18 +65,13 @@ std::string toLine(const std::string& text) {
   return line;
 }
 
-/// In lines. Those about drawing may repeat some about reading.
 std::vector<std::string> toLines(const std::vector<Finding>& findings) {
-  std::set<std::pair<vemo::FindingCode, std::string>> ofReading;
+  vemo::RepeatedFindings all;
   std::vector<std::string> lines;
   for (const Finding& finding : findings) {
-    const std::pair key(finding.code, finding.text);
-    if (finding.nodePath.empty()) {
-      ofReading.insert(key);
-    } else if (ofReading.contains(key)) {
-      continue;
+    if (!all.isRepeated(finding)) {
+      lines.push_back(toLine(describe(finding)));
     }
-    lines.push_back(toLine(describe(finding)));
   }
   return lines;
 }
@@ -282,10 +278,7 @@ void vtkVemoSceneImporter::Prepare() {
   lum::Ptr<lum::SceneNode> scene = Data->givenScene;
   if (!scene) {
     const std::wstring path = vemo::toWidePath(Data->fileName.value());
-    scene = vemo::openScene(path, vemo::partOf(report, 0.0, READING)).findSceneNode();
-  }
-  if (!scene) {
-    throw lum::io::FileError(lum::io::FileIoStatus::ReadError, "The database has no scene");
+    scene = &vemo::openScene(path, vemo::partOf(report, 0.0, READING)).requireSceneNode();
   }
   if (AbortExecute != 0) {
     throw vemo::Cancelled();

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QPalette>
 #include <utility>
+#include <vector>
 
 namespace vemo {
 
@@ -25,6 +26,25 @@ ItemTreeModel::ItemTreeModel(ItemTree& items, std::function<void()> whenToggled,
 QModelIndex ItemTreeModel::indexOf(int item) const {
   return item == ItemTree::NONE ? QModelIndex()
                                 : createIndex(_items[item].row, NAME, static_cast<quintptr>(item));
+}
+
+void ItemTreeModel::followScene(const lum::SceneNode& scene) {
+  ItemTree next(scene);
+  if (next.size() == _items.size()) {
+    return;
+  }
+  emit layoutAboutToBeChanged();
+  const QModelIndexList former = persistentIndexList();
+  std::vector<const lum::Drawable*> drawables;
+  for (const QModelIndex& index : former) {
+    drawables.push_back(_items[itemAt(index)].drawable);
+  }
+  _items = std::move(next);
+  for (int i = 0; i < former.size(); ++i) {
+    const QModelIndex first = indexOf(_items.find(drawables[static_cast<std::size_t>(i)]));
+    changePersistentIndex(former[i], first.siblingAtColumn(former[i].column()));
+  }
+  emit layoutChanged();
 }
 
 /// One signal for each parent, for all of its rows.

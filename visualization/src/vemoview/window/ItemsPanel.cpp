@@ -11,6 +11,7 @@
 #include <QSortFilterProxyModel>
 #include <QTreeView>
 #include <QVBoxLayout>
+#include <set>
 #include <utility>
 
 namespace vemo {
@@ -150,6 +151,21 @@ void ItemsPanel::select(int item) {
   } else {
     _tree->selectionModel()->clear();
   }
+}
+
+void ItemsPanel::followScene(const lum::SceneNode& scene) {
+  const QScopedValueRollback quiet(_isQuiet, true);
+  std::set<const lum::Drawable*> formerCanvases;
+  for (int canvas = 0; canvas < _items.getCanvasCount(); ++canvas) {
+    formerCanvases.insert(_items[canvas].drawable);
+  }
+  _model->followScene(scene);
+  for (int canvas = 0; canvas < _items.getCanvasCount(); ++canvas) {
+    if (!formerCanvases.contains(_items[canvas].drawable)) {
+      _tree->expand(_filtered->mapFromSource(_model->indexOf(canvas)));
+    }
+  }
+  announceVisibility();
 }
 
 void ItemsPanel::announceVisibility() {

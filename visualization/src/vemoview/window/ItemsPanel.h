@@ -41,8 +41,8 @@ class ItemsPanel final : public QWidget {
   void showOnly(const std::vector<int>& items);
   void showAll();
 
-  /// Shows visibilities that were changed elsewhere, and notifies.
-  void announceVisibility();
+  /// Shows items that were added and visibilities that were changed elsewhere, and notifies.
+  void followScene(const lum::SceneNode& scene);
 
  private:
   void makeTree();
@@ -53,6 +53,7 @@ class ItemsPanel final : public QWidget {
   /// ones when there is no filter.
   std::vector<int> getTargetItems() const;
   void labelButtons();
+  void announceVisibility();
 
   ItemTree& _items;
   Listener _listener;

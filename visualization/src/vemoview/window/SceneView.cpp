@@ -1,6 +1,7 @@
 #include "vemoview/window/SceneView.h"
 
 #include <vemo/resolve/Pick.h>
+#include <vemo/resolve/UsualPicture.h>
 
 #include <vtkGenericOpenGLRenderWindow.h>
 #include <vtkInteractorStyleTrackballCamera.h>
@@ -18,9 +19,6 @@ namespace {
 
 /// Samples per pixel, for smooth edges.
 constexpr int SAMPLES = 8;
-
-/// VTK's own, in degrees.
-constexpr double DEFAULT_VIEW_ANGLE = 30.0;
 
 }  // namespace
 
@@ -62,18 +60,21 @@ void SceneView::followVisibility() {
   draw();
 }
 
-void SceneView::highlight(const lum::Drawable* drawable, const std::optional<Vector3>& point) {
+void SceneView::highlight(const Highlight& wanted) {
+  _highlight = wanted;
   makeCurrent();
-  _scene->outline(drawable);
-  _scene->mark(point);
+  drawHighlight();
   draw();
+}
+
+void SceneView::drawHighlight() {
+  _scene->outline(_highlight.drawable);
+  _scene->mark(_highlight.point);
 }
 
 /// As wide as pictures are by default: a file says how high its view is, for a width that is
 /// not known, and the panels beside it make the widget narrow.
 void SceneView::showInitialView() {
-  constexpr double USUAL_ASPECT = 4.0 / 3.0;
-  _scene->setViewAngle(DEFAULT_VIEW_ANGLE);
   _scene->resetView();
   _scene->widen(USUAL_ASPECT);
 }
@@ -109,6 +110,7 @@ void SceneView::followScene() {
   _scene.reset();
   _scene = std::move(scene);
   _scene->addTo(*renderWindow(), SAMPLES);
+  drawHighlight();
   draw();
 }
 

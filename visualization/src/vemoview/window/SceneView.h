@@ -39,13 +39,18 @@ class VEMO_WINDOW_EXPORT SceneView final : public QVTKOpenGLNativeWidget {
   /// SceneTooLarge.
   void followVisibility();
 
-  /// Updates the picture after any change of the scene; the view stays. Throws SceneTooLarge,
-  /// and shows the same as before.
+  /// Updates the picture after any change of the scene; the view and what is highlighted stay.
+  /// Throws SceneTooLarge, and shows the same as before.
   void followScene();
 
+  struct Highlight {
+    /// Null for none. Must remain in the scene while it is highlighted.
+    const lum::Drawable* drawable = nullptr;
+    std::optional<Vector3> point;
+  };
   /// Outlines a drawable of the model and marks a point of it, instead of those
   /// highlighted before.
-  void highlight(const lum::Drawable* drawable, const std::optional<Vector3>& point = {});
+  void highlight(const Highlight& wanted);
 
   /// Restores the initial view of the model.
   void resetView();
@@ -64,6 +69,7 @@ class VEMO_WINDOW_EXPORT SceneView final : public QVTKOpenGLNativeWidget {
  private:
   void draw();
   void showInitialView();
+  void drawHighlight();
   /// Whether the mouse has moved so little since the button was pressed that this
   /// is a click.
   bool isClick(const QPoint& place) const;
@@ -73,6 +79,7 @@ class VEMO_WINDOW_EXPORT SceneView final : public QVTKOpenGLNativeWidget {
   std::unique_ptr<SceneRenderer> _scene;
   /// Until the user moves the camera, the view follows the size of the widget.
   bool _isInitialView = true;
+  Highlight _highlight;
   PickListener _picked;
   /// Where the left button was pressed; empty once the mouse is dragged.
   std::optional<QPoint> _pressed;

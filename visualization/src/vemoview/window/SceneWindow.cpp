@@ -15,6 +15,7 @@
 #include <vemo/scenegraph/edit/EditError.h>
 
 #include <QAction>
+#include <QCollator>
 #include <QDir>
 #include <QDockWidget>
 #include <QDragEnterEvent>
@@ -23,6 +24,7 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QLocale>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -70,6 +72,24 @@ QSize initialSize() {
   const QScreen* const screen = QGuiApplication::primaryScreen();
   return screen == nullptr ? PREFERRED_SIZE
                            : PREFERRED_SIZE.boundedTo(screen->availableGeometry().size() * USABLE);
+}
+
+/// The names of a file and of those beside it that have the extension of scenes, in the order of
+/// their names: "step 9" comes before "step 10".
+QStringList listScenes(const QFileInfo& file) {
+  QStringList names = file.dir().entryList({"*.zip", "*.sdb"}, QDir::Files);
+  if (!names.contains(file.fileName())) {
+    names.append(file.fileName());
+  }
+  // The locale "C" has no order by numbers.
+  QCollator order(QLocale::English);
+  order.setNumericMode(true);
+  order.setCaseSensitivity(Qt::CaseInsensitive);
+  std::sort(names.begin(), names.end(), [&order](const QString& a, const QString& b) {
+    const int sign = order.compare(a, b);
+    return sign != 0 ? sign < 0 : a < b;
+  });
+  return names;
 }
 
 }  // namespace
@@ -232,13 +252,13 @@ void SceneWindow::toggleEdges() {
 }
 
 void SceneWindow::followScene() {
-  _list->announceVisibility();
+  _list->followScene(_scene);
   _view->followScene();
 }
 
-void SceneWindow::followFiles(const QString& path, std::function<void(const QString&)> open) {
+void SceneWindow::followFiles(const QString& path, Files files) {
   _path = path;
-  _open = std::move(open);
+  _files = std::move(files);
   setAcceptDrops(true);
   QAction* const first = _fileMenu->actions().first();
   _fileMenu->insertActions(
@@ -253,37 +273,34 @@ void SceneWindow::askAndOpen() {
   const QString path = QFileDialog::getOpenFileName(this, "Open a scene", QFileInfo(_path).path(),
                                                     "Scenes (*.zip *.sdb);;All files (*)");
   if (!path.isEmpty()) {
-    _open(path);
+    _files.open(path);
   }
 }
 
-/// By their names; files with other extensions are rarely scenes.
 void SceneWindow::openNeighbour(int step) {
   const QFileInfo file(_path);
-  QStringList names = file.dir().entryList({"*.zip", "*.sdb"}, QDir::Files, QDir::Name);
-  if (!names.contains(file.fileName())) {
-    names.append(file.fileName());
-    names.sort(Qt::CaseInsensitive);
+  const QStringList names = listScenes(file);
+  for (int next = names.indexOf(file.fileName()) + step; next >= 0 && next < names.size(); next += step) {
+    const QString path = file.dir().filePath(names[next]);
+    if (_files.isScene(path)) {
+      _files.open(path);
+      return;
+    }
   }
-  const int next = names.indexOf(file.fileName()) + step;
-  if (next < 0 || next >= names.size()) {
-    statusBar()->showMessage(step > 0 ? "This is the last scene of the folder"
-                                      : "This is the first scene of the folder");
-    return;
-  }
-  _open(file.dir().filePath(names[next]));
+  statusBar()->showMessage(step > 0 ? "This is the last scene of the folder"
+                                    : "This is the first scene of the folder");
 }
 
 void SceneWindow::dragEnterEvent(QDragEnterEvent* event) {
   const QList<QUrl> urls = event->mimeData()->urls();
-  if (_open && urls.size() == 1 && urls.first().isLocalFile()) {
+  if (_files.open && urls.size() == 1 && urls.first().isLocalFile()) {
     event->acceptProposedAction();
   }
 }
 
 void SceneWindow::dropEvent(QDropEvent* event) {
   event->acceptProposedAction();
-  _open(event->mimeData()->urls().first().toLocalFile());
+  _files.open(event->mimeData()->urls().first().toLocalFile());
 }
 
 void SceneWindow::guard(const std::function<void()>& action) {
@@ -307,10 +324,10 @@ void SceneWindow::followVisibility() {
 
 void SceneWindow::showItem(int item) {
   if (item == ItemTree::NONE) {
-    _view->highlight(nullptr);
+    _view->highlight({});
     _values->showValues({});
   } else {
-    _view->highlight(_items[item].drawable);
+    _view->highlight({.drawable = _items[item].drawable, .point = {}});
     _values->showValues(describeItem(_items, item));
   }
   statusBar()->clearMessage();
@@ -323,7 +340,7 @@ void SceneWindow::showPick(const std::optional<Pick>& pick) {
   }
   const int item = _items.find(pick->drawable);
   _list->select(item);
-  _view->highlight(pick->drawable, pick->pointPosition);
+  _view->highlight({.drawable = pick->drawable, .point = pick->pointPosition});
   _values->showValues(describePick(_items, *pick));
   statusBar()->showMessage(item == ItemTree::NONE ? QString() : pathOf(_items, item));
 }
@@ -331,7 +348,7 @@ void SceneWindow::showPick(const std::optional<Pick>& pick) {
 /// Hiding an item removes its highlight: the user wants to see what is behind it.
 void SceneWindow::hideSelected() {
   _list->hideItems(_list->getSelected());
-  _view->highlight(nullptr);
+  _view->highlight({});
 }
 
 void SceneWindow::clearSelection() {

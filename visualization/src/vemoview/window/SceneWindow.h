@@ -28,9 +28,13 @@ class VEMO_WINDOW_EXPORT SceneWindow final : public QMainWindow {
   SceneWindow(lum::SceneNode& scene, const QString& title);
   ~SceneWindow() override;
 
-  /// Adds commands that call `open` with another file than that of the scene: one that the
-  /// user chooses or drops, or its neighbours in the folder.
-  void followFiles(const QString& path, std::function<void(const QString&)> open);
+  struct Files {
+    std::function<void(const QString&)> open;
+    std::function<bool(const QString&)> isScene;
+  };
+  /// Adds commands that open another file than that of the scene: one that the user chooses or
+  /// drops, or the nearest scene before or after it in the folder.
+  void followFiles(const QString& path, Files files);
 
   /// Writes the current picture to a PNG file. Throws PictureWriteError.
   void savePicture(const QString& path);
@@ -69,7 +73,7 @@ class VEMO_WINDOW_EXPORT SceneWindow final : public QMainWindow {
   QMenu* _fileMenu = nullptr;
   QString _path;
   /// Empty in a window that cannot open others.
-  std::function<void(const QString&)> _open;
+  Files _files;
   ItemTree _items;
   // They refer to the items and must be destroyed before them.
   std::unique_ptr<SceneView> _view;

@@ -48,11 +48,12 @@ class Application : public QApplication {
 /// The window on the scene of a file; a new one for each file.
 class FileWindow {
  public:
-  explicit FileWindow(SceneLoader load) : _load(std::move(load)) {}
+  explicit FileWindow(SceneFiles files) : _files(std::move(files)) {}
 
   void show(const lum::Ptr<lum::SceneNode>& scene, const QString& path) {
     auto window = std::make_unique<SceneWindow>(*scene, QFileInfo(path).fileName());
-    window->followFiles(path, [this](const QString& other) { open(other); });
+    window->followFiles(path, {[this](const QString& other) { open(other); },
+                               [this](const QString& other) { return _files.isScene(encode(other)); }});
     if (_window != nullptr) {
       window->restoreGeometry(_window->saveGeometry());
     }
@@ -82,10 +83,12 @@ class FileWindow {
       ~WaitCursor() { QApplication::restoreOverrideCursor(); }
     };
     const WaitCursor cursor;
-    return _load(QFile::encodeName(path).toStdString());
+    return _files.open(encode(path));
   }
 
-  SceneLoader _load;
+  static std::string encode(const QString& path) { return QFile::encodeName(path).toStdString(); }
+
+  SceneFiles _files;
   lum::Ptr<lum::SceneNode> _scene;
   std::unique_ptr<SceneWindow> _window;
 };
@@ -119,9 +122,9 @@ void showSceneWindow(lum::SceneNode& scene, const char* title) {
   });
 }
 
-void showSceneFile(const lum::Ptr<lum::SceneNode>& scene, const char* path, const SceneLoader& load) {
+void showSceneFile(const lum::Ptr<lum::SceneNode>& scene, const char* path, const SceneFiles& files) {
   runApplication([&] {
-    auto window = std::make_unique<FileWindow>(load);
+    auto window = std::make_unique<FileWindow>(files);
     window->show(scene, QFile::decodeName(path));
     return window;
   });

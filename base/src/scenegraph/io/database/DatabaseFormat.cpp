@@ -56,7 +56,8 @@ json parseHeader(InputSource& source) {
   }
   const std::string line = source.read(HEADER_SIZE);
   // The parser takes a zero byte for the end of the text.
-  const bool isWhole = line.front() == '{' && line.back() == '\n' && line.find('\0') == std::string::npos;
+  const bool isWhole = line.front() == SDBWriter::SIGNATURE.front() && line.back() == '\n' &&
+                       line.find('\0') == std::string::npos;
   json header = isWhole ? json::parse(line, nullptr, false) : json();
   if (!header.is_object()) {
     refuse("It does not begin with a header");

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "vemoview/import/archive/ArchiveFile.h"
-#include <vemo/import/Export.h>
 
 #include <cstdint>
 #include <optional>
@@ -34,11 +33,11 @@ struct ZipDirectory {
 
 /// Throws ZipException when the file is not an archive, or its directory is
 /// damaged. Other bytes may stand in front of the archive.
-VEMO_IMPORT_EXPORT ZipDirectory readZipDirectory(const ArchiveFile& file);
+ZipDirectory readZipDirectory(const ArchiveFile& file);
 
 /// Where the compressed bytes of an entry begin; nothing when there is no local
 /// header, or it contradicts the directory.
-VEMO_IMPORT_EXPORT std::optional<std::uint64_t> findContent(const ArchiveFile& file, const ZipEntry& entry);
+std::optional<std::uint64_t> findContent(const ArchiveFile& file, const ZipEntry& entry);
 
 /// Whether the local header, which findContent found, has the name of the directory.
 bool isNamedAlike(const ArchiveFile& file, const ZipEntry& entry);

@@ -2,7 +2,6 @@
 
 #include "geometry/Connectivity.h"
 #include "vemoview/import/geometry/GeometryKeys.h"
-#include <vemo/import/Export.h>
 
 #include <array>
 #include <string>
@@ -21,7 +20,7 @@ class ReadingContext;
 /// then the arrays over both. Poly data of the same entries share points, cells
 /// and arrays, whose storage are the blocks of the entries. Nothing inconsistent
 /// gets in.
-class VEMO_IMPORT_EXPORT PolyDataReader {
+class PolyDataReader {
  public:
   /// @param context receives the warnings
   PolyDataReader(vtkPolyData& polyData, DecodedEntries& decoded, ReadingContext& context);

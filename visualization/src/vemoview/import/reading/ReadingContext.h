@@ -218,8 +218,8 @@ inline std::size_t countFaults(const ReadingContext* context) {
 
 /// For conversion, which a host may start without a context: the finding then
 /// names no item.
-VEMO_IMPORT_EXPORT void report(ReadingContext* context, FindingCode code, const std::string& text);
+void report(ReadingContext* context, FindingCode code, const std::string& text);
 /// For what only follows from something else that is reported.
-VEMO_IMPORT_EXPORT void keepConsequence(ReadingContext* context, FindingCode code, const std::string& text);
+void keepConsequence(ReadingContext* context, FindingCode code, const std::string& text);
 
 }  // namespace vemo

@@ -4,6 +4,7 @@
 #include <vemo/import/OpenScene.h>
 #include <vemo/import/SceneConverter.h>
 #include <vemo/import/SceneParts.h>
+#include <vemo/scenegraph/canvas/SceneNode.h>
 #include <vemo/scenegraph/io/FileError.h>
 
 #include <istream>
@@ -71,6 +72,14 @@ lum::SceneNode* OpenedScene::findSceneNode() const {
     }
   }
   return nullptr;
+}
+
+lum::SceneNode& OpenedScene::requireSceneNode() const {
+  lum::SceneNode* const scene = findSceneNode();
+  if (scene == nullptr) {
+    throw lum::io::FileError(lum::io::FileIoStatus::ReadError, "The database holds no scene");
+  }
+  return *scene;
 }
 
 OpenedScene openScene(const std::wstring& path, const ProgressReport& progress) {

@@ -9,6 +9,7 @@
 #include <vemo/import/archive/ZipFileReader.h>
 #include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/io/CheckFormat.h>
+#include <vemo/scenegraph/io/SDBWriter.h>
 
 #include <algorithm>
 #include <array>
@@ -31,7 +32,6 @@ std::list<std::wstring>& SceneFormatHandler::_filesToDelete = *new std::list<std
 namespace {
 
 constexpr std::string_view ZIP_SIGNATURE = "PK\x03\x04";
-constexpr char DATABASE_START = '{';
 
 /// A new temporary file.
 std::wstring makeTemporaryFile() {
@@ -109,7 +109,7 @@ SceneFormatHandler::SceneFormat SceneFormatHandler::detectSceneFormat(const std:
   if (isZipSignature(start.data())) {
     return containsSceneInZip(path) ? ZippedScene : UnknownFormat;
   }
-  if (start.front() == DATABASE_START) {
+  if (start.front() == lum::SDBWriter::SIGNATURE.front()) {
     file.clear();
     file.seekg(0);
     return sdb::checkFormat(file, messages) ? SceneDatabase : UnknownFormat;

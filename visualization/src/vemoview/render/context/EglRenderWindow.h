@@ -14,7 +14,7 @@ class EglContext;
 
 /// The OpenGL context of a render window. The window's base class releases
 /// OpenGL objects until its very end, so this base outlives it.
-class VEMO_RENDER_EXPORT EglContextOwner {
+class EglContextOwner {
  protected:
   EglContextOwner();
   ~EglContextOwner();

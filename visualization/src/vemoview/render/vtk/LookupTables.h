@@ -1,6 +1,5 @@
 #pragma once
 
-#include <vemo/render/Export.h>
 #include <vemo/scenegraph/coloring/ColorTable.h>
 
 #include <vtkSmartPointer.h>
@@ -13,7 +12,7 @@ class vtkLookupTable;
 namespace vemo {
 
 /// VTK's forms of colour tables, each made once.
-class VEMO_RENDER_EXPORT LookupTables {
+class LookupTables {
  public:
   vtkLookupTable* get(const std::shared_ptr<const ColorTable>& table);
 

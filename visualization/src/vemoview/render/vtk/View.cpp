@@ -1,6 +1,7 @@
 #include "vemoview/render/vtk/View.h"
 
 #include <vemo/base/Vector.h>
+#include <vemo/resolve/UsualPicture.h>
 
 #include <vtkBoundingBox.h>
 #include <vtkCamera.h>
@@ -46,9 +47,7 @@ double extentAlong(const Vector3& direction, const Box& box) {
 }  // namespace
 
 void pointCamera(vtkCamera& view, const CanvasCamera& camera) {
-  // Of a perspective camera, from top to bottom.
-  constexpr double DEGREES = 30.0;
-  view.SetViewAngle(DEGREES);
+  view.SetViewAngle(USUAL_VIEW_ANGLE);
   view.SetParallelProjection(camera.isParallel);
   if (camera.viewpoint) {
     view.SetPosition(camera.viewpoint->position.data());

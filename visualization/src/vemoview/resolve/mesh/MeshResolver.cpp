@@ -5,6 +5,7 @@
 #include "geometry/drawing/DrawableCells.h"
 #include "geometry/drawing/LitFaces.h"
 #include "geometry/drawing/PolygonFans.h"
+#include "scenegraph/coloring/ColoringScalars.h"
 #include "vemoview/resolve/mesh/AppearanceResolver.h"
 #include "vemoview/resolve/mesh/ArrayLookup.h"
 #include "vemoview/resolve/mesh/PointScaling.h"
@@ -12,10 +13,6 @@
 #include <vemo/resolve/ClipPlane.h>
 #include <vemo/resolve/SceneTooLarge.h>
 #include <vemo/scenegraph/Findings.h>
-#include <vemo/scenegraph/coloring/ColorAttributes.h>
-#include <vemo/scenegraph/coloring/DataLocationAttributes.h>
-#include <vemo/scenegraph/coloring/ScalarAttributes.h>
-#include <vemo/scenegraph/drawables/GeometryDrawable.h>
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
@@ -166,17 +163,12 @@ class MeshBuilder {
     }
   }
 
-  /// Data without a colour table are not shown: nothing specifies their colours and
-  /// range.
   void putScalars() {
-    const auto* const colors = _drawable.findAttributes<lum::ColorAttributes>();
-    const auto* const scalars = _drawable.findAttributes<lum::ScalarAttributes>();
-    if (colors == nullptr || colors->getColorMode() != lum::ColorMode::DATA || scalars == nullptr ||
-        scalars->hasDataArray() == nullptr || scalars->hasColorLookupTable() == nullptr) {
+    const auto* const scalars = lum::findColoringScalars(_drawable);
+    if (scalars == nullptr) {
       return;
     }
-    const auto* const location = _drawable.findAttributes<lum::DataLocationAttributes>();
-    const bool isAtCells = location != nullptr && location->getDataLocation() == lum::DataLocation::CELLS;
+    const bool isAtCells = lum::coloringLocation(_drawable) == lum::DataLocation::CELLS;
     vtkPolyData& geometry = *_geometry;
     vtkDataArray* const array = findArray(isAtCells ? _node.getCellDataArrays() : _node.getNodeDataArrays(),
                                           scalars->hasDataArray()->getDataArrayName());

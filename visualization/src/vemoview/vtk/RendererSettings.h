@@ -1,0 +1,50 @@
+#pragma once
+
+#include <vemo/base/Vector.h>
+
+#include <vtkSmartPointer.h>
+#include <vtkWeakPointer.h>
+
+#include <memory>
+#include <vector>
+
+class vtkCuller;
+class vtkLight;
+class vtkRenderer;
+class vtkRenderWindow;
+
+namespace vemo {
+
+/// The settings of a renderer, and of its window, before scenes were imported into it: the last
+/// of these scenes restores them.
+class RendererSettings {
+ public:
+  /// Those that the first of the scenes has found.
+  static std::shared_ptr<RendererSettings> of(vtkRenderer& renderer);
+  explicit RendererSettings(vtkRenderer& renderer);
+  ~RendererSettings();
+  RendererSettings(const RendererSettings&) = delete;
+  RendererSettings& operator=(const RendererSettings&) = delete;
+
+  /// The light that VTK creates for renderers without any would shine besides those of the scene.
+  void turnOffAutomaticLight();
+
+ private:
+  vtkWeakPointer<vtkRenderer> _renderer;
+  vtkWeakPointer<vtkRenderWindow> _window;
+  bool _createsLight;
+  /// Null if VTK had created none.
+  vtkSmartPointer<vtkLight> _createdLight;
+  Vector3 _background;
+  bool _hasGradient;
+  bool _hasTexture;
+  double _nearTolerance;
+  bool _peelsDepths;
+  int _peels;
+  double _occlusionRatio;
+  std::vector<vtkSmartPointer<vtkCuller>> _cullers;
+  int _alphaBitPlanes = 0;
+  int _samples = 0;
+};
+
+}  // namespace vemo
