@@ -119,8 +119,7 @@ SceneFormatHandler::SceneFormat SceneFormatHandler::detectSceneFormat(const std:
 
 std::wstring SceneFormatHandler::convertZippedScene(const std::wstring& path,
                                                     const ProgressReport& progress) {
-  // In the list before there is the file: without memory for it there would be nobody to
-  // delete the file.
+  // The place in the list comes first: without memory for it, nobody would delete the file.
   forgetFilesOfParent(_filesToDelete);
   std::list<std::wstring> made(1);
   made.front() = makeTemporaryFile();
