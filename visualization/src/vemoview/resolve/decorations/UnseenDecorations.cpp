@@ -65,7 +65,7 @@ PictureReach reachOf(const TriadDecoration& triad, double labelHeight) {
   return PictureReach::onAllSides(reach);
 }
 
-Box boundsOf(const TriadDecoration& triad) {
+Box boundsOfTriad(const TriadDecoration& triad) {
   const double length = triad.hasScreenSize ? 0.0 : TriadDecoration::LABEL_POSITION * TriadDecoration::LENGTH;
   const Vector3 diagonal{length, length, length};
   return {triad.position - diagonal, triad.position + diagonal};
@@ -114,7 +114,7 @@ class FlawFinder {
   }
 
   const char* operator()(const TriadDecoration& triad) const {
-    return findFlaw(boundsOf(triad), reachOf(triad, lineHeight(triad.labelHeight)));
+    return findFlaw(boundsOfTriad(triad), reachOf(triad, lineHeight(triad.labelHeight)));
   }
 
   const char* operator()(const ImageDecoration& image) const {

@@ -66,7 +66,8 @@ bool reportIfTooFar(const lum::PolyDataNode& node, const Box& bounds) {
   return false;
 }
 
-constexpr const char* CUT_AWAY = "The clipping planes cut all of the model away that would be in the picture";
+constexpr const char* ALL_CUT_AWAY =
+    "The clipping planes cut all of the model away that would be in the picture";
 constexpr const char* THIN = "thinner than a pixel, or seen from their edge";
 constexpr const char* OUTSIDE_OR_THIN =
     "outside of it, too close to the camera, thinner than a pixel, or seen from their edge";
@@ -168,7 +169,7 @@ void ModelExtent::reportInvisible(const UsualCanvas& canvas, std::span<const Cli
   } else if (shows(canvas, clipPlanes)) {
     reportTiny(canvas.view);
   } else if (!clipPlanes.empty() && shows(canvas, {})) {
-    reportFinding(FindingCode::VIEW_EMPTY, CUT_AWAY);
+    reportFinding(FindingCode::VIEW_EMPTY, ALL_CUT_AWAY);
   } else {
     reportFinding(FindingCode::GEOMETRY_NOT_DRAWN,
                   fmt::format("No geometry is visible in {}: all are {}", usualPicture(), THIN));
@@ -211,7 +212,7 @@ void ModelExtent::reportUnsuitableView(const UsualCanvas& canvas, std::span<cons
     reportTiny(canvas.view);
     reportIfImprecise(canvas.view, camera);
   } else if (!clipPlanes.empty() && shows(canvas, {})) {
-    reportFinding(FindingCode::VIEW_EMPTY, CUT_AWAY);
+    reportFinding(FindingCode::VIEW_EMPTY, ALL_CUT_AWAY);
   } else {
     reportFinding(FindingCode::VIEW_EMPTY, fmt::format("The view shows no geometry in {}: all are {}",
                                                        usualPicture(), OUTSIDE_OR_THIN));
