@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace vemo {
 
@@ -13,36 +12,34 @@ namespace {
 /// In each direction: pictures are drawn so much larger, for smooth edges.
 constexpr double SAMPLES_PER_PIXEL = 2.0;
 
-/// An interval between two coordinates, in samples.
-struct Interval {
-  double low = std::numeric_limits<double>::max();
-  double high = std::numeric_limits<double>::lowest();
-
-  void add(double value) {
-    low = std::min(low, value);
-    high = std::max(high, value);
+double areaOf(std::span<const PictureSamples::Place> corners) {
+  double doubled = 0.0;
+  PictureSamples::Place from = corners.back() - corners.front();
+  for (const PictureSamples::Place& corner : corners) {
+    const PictureSamples::Place to = corner - corners.front();
+    doubled += from[0] * to[1] - from[1] * to[0];
+    from = to;
   }
-
-  /// The samples inside, which are in the middle between whole numbers, are those from
-  /// begin() to before end().
-  double begin() const { return std::ceil(low - 0.5); }
-  double end() const { return std::ceil(high - 0.5); }
-};
+  return std::abs(doubled) / 2.0;
+}
 
 }  // namespace
 
 PictureSamples::PictureSamples(const Vector<2, double>& size)
     : _counts{SAMPLES_PER_PIXEL * USUAL_WIDTH * size[0], SAMPLES_PER_PIXEL * USUAL_HEIGHT * size[1]} {}
 
-bool PictureSamples::isInside(std::span<const Place> corners) const {
+bool PictureSamples::isInside(std::span<const Place> corners, long& steps) const {
   // Wider than what rounding adds to a polygon without area.
   constexpr double LEAST_WIDTH = 1e-6;
-  Interval rows;
-  for (const Place& corner : corners) {
-    rows.add(_counts[1] * corner[1]);
+  const Interval columns = extent(corners, 0);
+  const Interval rows = extent(corners, 1);
+  const double area = _counts[0] * _counts[1] * areaOf(corners);
+  if (columns.isEmpty() || rows.isEmpty() || area < LEAST_WIDTH * (rows.high - rows.low) / 2.0) {
+    return false;
   }
-  const auto end = static_cast<int>(rows.end());
-  for (auto row = static_cast<int>(rows.begin()); row < end; ++row) {
+  // Rounding may have moved corners far outside.
+  const double end = std::min(rows.end(), _counts[1]);
+  for (double row = std::max(rows.begin(), 0.0); row < end; ++row, ++steps) {
     const double y = row + 0.5;
     Interval across;
     Place from = corners.back();
@@ -54,7 +51,7 @@ bool PictureSamples::isInside(std::span<const Place> corners) const {
       }
       from = to;
     }
-    if (across.begin() < across.end() && across.high - across.low > LEAST_WIDTH) {
+    if (!across.isEmpty() && across.high - across.low > LEAST_WIDTH) {
       return true;
     }
   }
@@ -62,16 +59,15 @@ bool PictureSamples::isInside(std::span<const Place> corners) const {
 }
 
 bool PictureSamples::isPassed(std::span<const Place> line) const {
-  for (std::size_t axis = 0; axis < 2; ++axis) {
-    Interval along;
-    for (const Place& place : line) {
-      along.add(_counts[axis] * place[axis]);
-    }
-    if (along.begin() < along.end()) {
-      return true;
-    }
+  return !extent(line, 0).isEmpty() || !extent(line, 1).isEmpty();
+}
+
+PictureSamples::Interval PictureSamples::extent(std::span<const Place> places, std::size_t axis) const {
+  Interval result;
+  for (const Place& place : places) {
+    result.add(_counts[axis] * place[axis]);
   }
-  return false;
+  return result;
 }
 
 }  // namespace vemo

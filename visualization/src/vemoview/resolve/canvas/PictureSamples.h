@@ -2,6 +2,10 @@
 
 #include <vemo/base/Vector.h>
 
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <limits>
 #include <span>
 
 namespace vemo {
@@ -16,13 +20,33 @@ class PictureSamples {
   /// @param size of the canvas, as a part of the window's
   explicit PictureSamples(const Vector<2, double>& size);
 
-  /// Whether a convex polygon has any inside. All of it is in the canvas.
-  bool isInside(std::span<const Place> corners) const;
+  /// Whether a convex polygon has any inside.
+  /// @param steps counts the rows that this takes
+  bool isInside(std::span<const Place> corners, long& steps) const;
 
   /// Whether a line passes a column or a row of them.
   bool isPassed(std::span<const Place> line) const;
 
  private:
+  /// An interval between two coordinates, in samples.
+  struct Interval {
+    double low = std::numeric_limits<double>::max();
+    double high = std::numeric_limits<double>::lowest();
+
+    void add(double value) {
+      low = std::min(low, value);
+      high = std::max(high, value);
+    }
+
+    /// The samples inside, which are in the middle between whole numbers, are those from
+    /// begin() to before end().
+    double begin() const { return std::ceil(low - 0.5); }
+    double end() const { return std::ceil(high - 0.5); }
+    bool isEmpty() const { return !(begin() < end()); }
+  };
+
+  Interval extent(std::span<const Place> places, std::size_t axis) const;
+
   Vector<2, double> _counts;
 };
 

@@ -23,10 +23,11 @@ bool ShownShapes::showsLine(const Vector3& from, const Vector3& to) {
 
 bool ShownShapes::showsFace(std::initializer_list<Vector3> corners) {
   clip(corners);
-  return _corners.size() > 2 && _canvas.samples.isInside(project());
+  return _corners.size() > 2 && _canvas.samples.isInside(project(), _stepCount);
 }
 
 void ShownShapes::clip(std::initializer_list<Vector3> corners) {
+  ++_stepCount;
   _corners.assign(corners);
   for (const ClipPlane& plane : _planes) {
     clip(plane);

@@ -30,6 +30,9 @@ class ShownShapes {
   /// @param corners of a convex polygon
   bool showsFace(std::initializer_list<Vector3> corners);
 
+  /// What all of them took: steps of about the same time.
+  long stepCount() const { return _stepCount; }
+
  private:
   void clip(std::initializer_list<Vector3> corners);
   void clip(const ClipPlane& plane);
@@ -41,6 +44,7 @@ class ShownShapes {
   std::vector<Vector3> _corners;
   std::vector<Vector3> _unclipped;
   std::vector<PictureSamples::Place> _places;
+  long _stepCount = 0;
 };
 
 }  // namespace vemo

@@ -14,8 +14,8 @@ namespace vemo {
 
 namespace {
 
-/// More take too long; what has so many cells rarely has none that is shown.
-constexpr long MAX_SEARCHED = 5'000'000;
+/// More take seconds; what has so many cells rarely has none that is shown.
+constexpr long MOST_STEPS = 10'000'000;
 
 double pixelsBeyond(const Appearance& appearance) {
   if (appearance.kind == Appearance::Kind::POINTS) {
@@ -24,43 +24,46 @@ double pixelsBeyond(const Appearance& appearance) {
   return isOfFaces(appearance) ? 0.0 : appearance.lineWidth;
 }
 
-/// Searches an instance of a mesh.
-class InstanceSearch {
+/// Searches the instances of a mesh.
+class MeshSearch {
  public:
-  /// @param searchedCount counts the shapes
-  InstanceSearch(vtkPolyData& geometry, const InstanceTransform* transform, ShownShapes& shapes,
-                 long& searchedCount)
-      : _geometry(geometry),
-        _points(*geometry.GetPoints()->GetData()),
-        _transform(transform),
+  /// @param mostSteps after which it stops searching, and finds everything
+  MeshSearch(const MeshInstance& mesh, ShownShapes& shapes, long mostSteps)
+      : _appearance(mesh.appearance),
+        _geometry(*mesh.geometry),
+        _points(*_geometry.GetPoints()->GetData()),
         _shapes(shapes),
-        _searchedCount(searchedCount) {}
+        _mostSteps(mostSteps) {}
 
-  bool findsShown(const Appearance& appearance) {
-    switch (appearance.kind) {
+  bool findsShown(const InstanceTransform* transform) {
+    _transform = transform;
+    switch (_appearance.kind) {
       case Appearance::Kind::POINTS:
         return findsPoint();
       case Appearance::Kind::LINES:
-        return findsLine(*_geometry.GetLines());
+        return findsLine(*_geometry.GetLines(), _points);
       case Appearance::Kind::SURFACE:
         break;
     }
-    return (appearance.hasFaces && findsFace()) ||
-           (appearance.hasEdges && (findsLine(*_geometry.GetPolys()) || findsLine(*_geometry.GetStrips()))) ||
-           (appearance.hasContour && findsContour());
+    return (_appearance.hasFaces && findsFace()) || (_appearance.hasEdges && findsEdge()) ||
+           (_appearance.hasContour && findsContour());
   }
 
  private:
   bool findsPoint() {
     return anyCell(*_geometry.GetVerts(), 0, [this](const Corners& corners, vtkIdType i) {
-      return _shapes.showsPoint(at(corners[i]));
+      return _shapes.showsPoint(at(_points, corners[i]));
     });
   }
 
-  bool findsLine(vtkCellArray& cells) {
-    return anyCell(cells, 1, [this](const Corners& corners, vtkIdType i) {
-      return _shapes.showsLine(at(corners[i - 1]), at(corners[i]));
+  bool findsLine(vtkCellArray& cells, const PointReader& points) {
+    return anyCell(cells, 1, [&](const Corners& corners, vtkIdType i) {
+      return _shapes.showsLine(at(points, corners[i - 1]), at(points, corners[i]));
     });
+  }
+
+  bool findsEdge() {
+    return findsLine(*_geometry.GetPolys(), _points) || findsLine(*_geometry.GetStrips(), _points);
   }
 
   bool findsFace() {
@@ -72,17 +75,22 @@ class InstanceSearch {
   template <class First>
   bool findsTriangle(vtkCellArray& cells, const First& first) {
     return anyCell(cells, 2, [&](const Corners& corners, vtkIdType i) {
-      return _shapes.showsFace({at(corners[first(i)]), at(corners[i - 1]), at(corners[i])});
+      return _shapes.showsFace(
+          {at(_points, corners[first(i)]), at(_points, corners[i - 1]), at(_points, corners[i])});
     });
   }
 
   bool findsContour() {
-    const auto contour = contourEdges(_geometry, CONTOUR_BEND_DEGREES);
-    return contour->GetNumberOfCells() > 0 &&
-           InstanceSearch(*contour, _transform, _shapes, _searchedCount).findsLine(*contour->GetLines());
+    if (_contour == nullptr) {
+      _contour = contourEdges(_geometry, CONTOUR_BEND_DEGREES);
+    }
+    return _contour->GetNumberOfCells() > 0 &&
+           findsLine(*_contour->GetLines(), PointReader(*_contour->GetPoints()->GetData()));
   }
 
-  Vector3 at(vtkIdType point) const { return transformedPoint(_transform, _points[point]); }
+  Vector3 at(const PointReader& points, vtkIdType point) const {
+    return transformedPoint(_transform, points[point]);
+  }
 
   /// Whether isShown(corners, i) is true for a corner of a cell, from a number on.
   template <class IsShown>
@@ -91,7 +99,7 @@ class InstanceSearch {
     for (vtkIdType cell = 0; cell < reader.size(); ++cell) {
       const Corners corners = reader[cell];
       for (vtkIdType i = first; i < corners.size(); ++i) {
-        if (++_searchedCount > MAX_SEARCHED || isShown(corners, i)) {
+        if (_shapes.stepCount() > _mostSteps || isShown(corners, i)) {
           return true;
         }
       }
@@ -99,11 +107,14 @@ class InstanceSearch {
     return false;
   }
 
+  const Appearance& _appearance;
   vtkPolyData& _geometry;
   PointReader _points;
-  const InstanceTransform* _transform;
+  /// Null until it is needed: all instances have the same.
+  vtkSmartPointer<vtkPolyData> _contour;
+  const InstanceTransform* _transform = nullptr;
   ShownShapes& _shapes;
-  long& _searchedCount;
+  long _mostSteps;
 };
 
 }  // namespace
@@ -120,11 +131,12 @@ bool CellSearch::finds(const MeshInstance& mesh) {
   const Appearance& appearance = mesh.appearance;
   ShownShapes shapes(_canvas, appearance.isClipped ? _clipPlanes : std::span<const ClipPlane>(),
                      reachOf(appearance));
+  MeshSearch search(mesh, shapes, MOST_STEPS - _stepCount);
   bool isFound = false;
   forEachInstance(mesh.transforms, [&](const InstanceTransform* transform) {
-    isFound =
-        isFound || InstanceSearch(*mesh.geometry, transform, shapes, _searchedCount).findsShown(appearance);
+    isFound = isFound || search.findsShown(transform);
   });
+  _stepCount += shapes.stepCount();
   return isFound;
 }
 

@@ -20,14 +20,14 @@ class CellSearch {
   CellSearch(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes)
       : _canvas(canvas), _clipPlanes(clipPlanes) {}
 
-  /// Whether there is one in a mesh. After very many cells that are not shown it stops to
-  /// search, and returns true for all further meshes.
+  /// Whether there is one in a mesh. After very many cells that are not shown it stops
+  /// searching, and returns true for all further meshes.
   bool finds(const MeshInstance& mesh);
 
  private:
   const UsualCanvas& _canvas;
   std::span<const ClipPlane> _clipPlanes;
-  long _searchedCount = 0;
+  long _stepCount = 0;
 };
 
 }  // namespace vemo

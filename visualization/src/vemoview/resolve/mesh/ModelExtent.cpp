@@ -176,7 +176,7 @@ void ModelExtent::reportInvisible(const UsualCanvas& canvas, std::span<const Cli
   }
 }
 
-void ModelExtent::reportIfImprecise(const ViewVolume& view, const CanvasCamera& camera) const {
+bool ModelExtent::reportIfImprecise(const ViewVolume& view, const CanvasCamera& camera) const {
   // Below, coordinates are wrong by several pixels.
   constexpr double PRECISION = 1e-5;
   // Beyond, what is behind may cover what is in front.
@@ -190,12 +190,16 @@ void ModelExtent::reportIfImprecise(const ViewVolume& view, const CanvasCamera& 
         fmt::format(
             "The view shows {:g} units of a geometry of size {:g}: too little for the precision of OpenGL",
             height, largestSide()));
-  } else if (camera.isParallel && size > 0.0 && depth > MOST_SIZES * size) {
+    return true;
+  }
+  if (camera.isParallel && size > 0.0 && depth > MOST_SIZES * size) {
     reportFinding(FindingCode::VIEW_IMPRECISE,
                   fmt::format("The camera is {:g} units away from a model of size {:g}: too far for the "
                               "precision of OpenGL",
                               depth, size));
+    return true;
   }
+  return false;
 }
 
 void ModelExtent::reportUnsuitableView(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes,
@@ -208,9 +212,8 @@ void ModelExtent::reportUnsuitableView(const UsualCanvas& canvas, std::span<cons
   } else if (areAllTiny(canvas.view)) {
     reportFinding(FindingCode::VIEW_EMPTY,
                   "The view shows no geometry: in " + usualPicture() + ", all are smaller than a pixel");
-  } else if (shows(canvas, clipPlanes)) {
+  } else if (reportIfImprecise(canvas.view, camera) || shows(canvas, clipPlanes)) {
     reportTiny(canvas.view);
-    reportIfImprecise(canvas.view, camera);
   } else if (!clipPlanes.empty() && shows(canvas, {})) {
     reportFinding(FindingCode::VIEW_EMPTY, ALL_CUT_AWAY);
   } else {

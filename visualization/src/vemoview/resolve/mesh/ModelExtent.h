@@ -53,7 +53,8 @@ class ModelExtent {
   double largestSide() const;
   bool areAllTiny(const ViewVolume& view) const;
   bool shows(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes) const;
-  void reportIfImprecise(const ViewVolume& view, const CanvasCamera& camera) const;
+  /// Returns whether it is.
+  bool reportIfImprecise(const ViewVolume& view, const CanvasCamera& camera) const;
   void reportTiny(const ViewVolume& view) const;
 
   Box _box;
