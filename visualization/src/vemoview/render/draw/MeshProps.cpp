@@ -47,12 +47,20 @@ void colorByScalars(const RenderMesh& mesh, vtkPolyDataMapper& mapper) {
   }
 }
 
+void setPointSize(vtkProperty& property, double pixels) {
+  // On smaller ones shading cannot be seen, and a ball of one pixel has no inside.
+  constexpr double MIN_SPHERE_PIXELS = 4.0;
+  const bool isBall = pixels >= MIN_SPHERE_PIXELS;
+  property.SetPointSize(static_cast<float>(pixels));
+  property.SetRenderPointsAsSpheres(isBall);
+  property.SetLighting(isBall);
+}
+
 void applyProperties(const RenderMesh& mesh, vtkProperty& property) {
   const Appearance& appearance = mesh.appearance;
   property.SetColor(mesh.color[0], mesh.color[1], mesh.color[2]);
   property.SetOpacity(appearance.opacity);
   property.SetLineWidth(static_cast<float>(appearance.lineWidth));
-  property.SetPointSize(static_cast<float>(appearance.pointSize));
   property.SetAmbient(appearance.ambient);
   property.SetDiffuse(appearance.diffuse);
   property.SetSpecular(appearance.specular);
@@ -60,11 +68,7 @@ void applyProperties(const RenderMesh& mesh, vtkProperty& property) {
   // Highlights have the colour of the light.
   property.SetSpecularColor(1.0, 1.0, 1.0);
   if (appearance.kind == Appearance::Kind::POINTS) {
-    // Shading cannot be seen on smaller ones.
-    constexpr double MIN_SPHERE_PIXELS = 4.0;
-    const bool isBall = appearance.isPointSizeInModelUnits || appearance.pointSize >= MIN_SPHERE_PIXELS;
-    property.SetRenderPointsAsSpheres(isBall);
-    property.SetLighting(isBall);
+    setPointSize(property, appearance.pointSize);
   }
 }
 
@@ -101,7 +105,7 @@ void keepModelSize(const RenderMesh& mesh, const InstanceTransform* transform, v
   const vtkSmartPointer<vtkProperty> kept = property;
   group.beforeEachRender([kept, center, size = mesh.appearance.pointSize](vtkRenderer& drawn) {
     const double pixels = size * pixelsPerUnit(drawn, center);
-    kept->SetPointSize(static_cast<float>(std::clamp(pixels, 1.0, MAX_POINT_PIXELS)));
+    setPointSize(*kept, std::clamp(pixels, 1.0, MAX_POINT_PIXELS));
   });
 }
 

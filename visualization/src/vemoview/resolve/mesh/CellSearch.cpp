@@ -1,9 +1,10 @@
 #include "vemoview/resolve/mesh/CellSearch.h"
 
+#include "geometry/Bounds.h"
 #include "geometry/Cells.h"
 #include "geometry/Points.h"
 #include "geometry/drawing/ContourEdges.h"
-#include "vemoview/resolve/values/UsableValues.h"
+#include "vemoview/resolve/mesh/PointSizes.h"
 #include <vemo/resolve/UsualPicture.h>
 
 #include <vtkCellArray.h>
@@ -17,26 +18,17 @@ namespace {
 /// More take seconds; what has so many cells rarely has none that is shown.
 constexpr long MOST_STEPS = 10'000'000;
 
-double pixelsBeyond(const Appearance& appearance) {
-  if (appearance.kind == Appearance::Kind::POINTS) {
-    return appearance.isPointSizeInModelUnits ? MAX_PIXELS : appearance.pointSize;
-  }
-  return isOfFaces(appearance) ? 0.0 : appearance.lineWidth;
-}
-
 /// Searches the instances of a mesh.
 class MeshSearch {
  public:
-  /// @param mostSteps after which it stops searching, and finds everything
-  MeshSearch(const MeshInstance& mesh, ShownShapes& shapes, long mostSteps)
-      : _appearance(mesh.appearance),
-        _geometry(*mesh.geometry),
-        _points(*_geometry.GetPoints()->GetData()),
-        _shapes(shapes),
-        _mostSteps(mostSteps) {}
+  explicit MeshSearch(const MeshInstance& mesh)
+      : _appearance(mesh.appearance), _geometry(*mesh.geometry), _points(*_geometry.GetPoints()->GetData()) {}
 
-  bool findsShown(const InstanceTransform* transform) {
+  /// @param mostSteps after which it stops searching, and finds everything
+  bool findsShown(const InstanceTransform* transform, ShownShapes& shapes, long mostSteps) {
     _transform = transform;
+    _shapes = &shapes;
+    _mostSteps = mostSteps;
     switch (_appearance.kind) {
       case Appearance::Kind::POINTS:
         return findsPoint();
@@ -52,13 +44,13 @@ class MeshSearch {
  private:
   bool findsPoint() {
     return anyCell(*_geometry.GetVerts(), 0, [this](const Corners& corners, vtkIdType i) {
-      return _shapes.showsPoint(at(_points, corners[i]));
+      return _shapes->showsPoint(at(_points, corners[i]));
     });
   }
 
   bool findsLine(vtkCellArray& cells, const PointReader& points) {
     return anyCell(cells, 1, [&](const Corners& corners, vtkIdType i) {
-      return _shapes.showsLine(at(points, corners[i - 1]), at(points, corners[i]));
+      return _shapes->showsLine(at(points, corners[i - 1]), at(points, corners[i]));
     });
   }
 
@@ -75,7 +67,7 @@ class MeshSearch {
   template <class First>
   bool findsTriangle(vtkCellArray& cells, const First& first) {
     return anyCell(cells, 2, [&](const Corners& corners, vtkIdType i) {
-      return _shapes.showsFace(
+      return _shapes->showsFace(
           {at(_points, corners[first(i)]), at(_points, corners[i - 1]), at(_points, corners[i])});
     });
   }
@@ -99,7 +91,7 @@ class MeshSearch {
     for (vtkIdType cell = 0; cell < reader.size(); ++cell) {
       const Corners corners = reader[cell];
       for (vtkIdType i = first; i < corners.size(); ++i) {
-        if (_shapes.stepCount() > _mostSteps || isShown(corners, i)) {
+        if (_shapes->stepCount() > _mostSteps || isShown(corners, i)) {
           return true;
         }
       }
@@ -113,8 +105,8 @@ class MeshSearch {
   /// Null until it is needed: all instances have the same.
   vtkSmartPointer<vtkPolyData> _contour;
   const InstanceTransform* _transform = nullptr;
-  ShownShapes& _shapes;
-  long _mostSteps;
+  ShownShapes* _shapes = nullptr;
+  long _mostSteps = 0;
 };
 
 }  // namespace
@@ -123,20 +115,26 @@ bool isOfFaces(const Appearance& appearance) {
   return appearance.kind == Appearance::Kind::SURFACE && !appearance.hasEdges && !appearance.hasContour;
 }
 
-PictureReach reachOf(const Appearance& appearance) {
-  return PictureReach::onAllSides(pixelsBeyond(appearance) / USUAL_HEIGHT);
+PictureReach reachOf(const Appearance& appearance, const ViewVolume& view, const Vector3& center) {
+  const double pixels = appearance.kind == Appearance::Kind::POINTS ? pointPixels(appearance, view, center)
+                        : isOfFaces(appearance)                     ? 0.0
+                                                                    : appearance.lineWidth;
+  return PictureReach::onAllSides(pixels / USUAL_HEIGHT);
 }
 
 bool CellSearch::finds(const MeshInstance& mesh) {
-  const Appearance& appearance = mesh.appearance;
-  ShownShapes shapes(_canvas, appearance.isClipped ? _clipPlanes : std::span<const ClipPlane>(),
-                     reachOf(appearance));
-  MeshSearch search(mesh, shapes, MOST_STEPS - _stepCount);
+  const auto planes = mesh.appearance.isClipped ? _clipPlanes : std::span<const ClipPlane>();
+  const Vector3 center = boundsOf(*mesh.geometry).center();
+  MeshSearch search(mesh);
   bool isFound = false;
   forEachInstance(mesh.transforms, [&](const InstanceTransform* transform) {
-    isFound = isFound || search.findsShown(transform);
+    if (!isFound) {
+      ShownShapes shapes(_canvas, planes,
+                         reachOf(mesh.appearance, _canvas.view, transformedPoint(transform, center)));
+      isFound = search.findsShown(transform, shapes, MOST_STEPS - _stepCount);
+      _stepCount += shapes.stepCount();
+    }
   });
-  _stepCount += shapes.stepCount();
   return isFound;
 }
 

@@ -9,6 +9,7 @@
 #include "vemoview/resolve/mesh/AppearanceResolver.h"
 #include "vemoview/resolve/mesh/ArrayLookup.h"
 #include "vemoview/resolve/mesh/PointScaling.h"
+#include "vemoview/resolve/mesh/PointSizes.h"
 #include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/resolve/ClipPlane.h>
 #include <vemo/resolve/SceneTooLarge.h>
@@ -262,16 +263,11 @@ void reportMissingArray(const lum::GeometryDrawable& drawable, const lum::DataAr
                             itemNameOf(drawable), array.getDataArrayName()));
 }
 
-void reportIfTooLarge(const MeshInstance& points) {
-  // OpenGL in software draws them up to 255 pixels, in a picture twice as large.
-  constexpr double MOST_PIXELS = 127.0;
-  const Appearance& appearance = points.appearance;
-  if (appearance.kind == Appearance::Kind::POINTS && !appearance.isPointSizeInModelUnits &&
-      appearance.pointSize > MOST_PIXELS) {
-    reportFinding(FindingCode::VALUE_IGNORED,
-                  fmt::format("Points of \"{}\" are larger than {} pixels: OpenGL may draw them smaller",
-                              itemNameOf(*points.node), MOST_PIXELS));
-  }
+/// The size of points; 0 for that of others, or in model units.
+double statedPixels(const Appearance& appearance) {
+  return appearance.kind == Appearance::Kind::POINTS && !appearance.isPointSizeInModelUnits
+             ? appearance.pointSize
+             : 0.0;
 }
 
 void require(vtkIdType count, vtkIdType most, const char* what) {
@@ -327,7 +323,7 @@ void MeshResolver::resolve(const lum::GeometryDrawable& drawable, const VisibleD
       isColored = isColored || mesh.scalars;
       countSize(mesh, load);
       for (MeshInstance& part : splitBySize(std::move(mesh), drawable, *polyData)) {
-        reportIfTooLarge(part);
+        reportIfTooLarge(*polyData, statedPixels(part.appearance));
         countCopies(part, load);
         meshes.push_back(std::move(part));
       }

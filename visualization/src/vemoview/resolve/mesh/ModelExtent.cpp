@@ -4,6 +4,7 @@
 #include "vemoview/resolve/canvas/ViewVolume.h"
 #include "vemoview/resolve/drawables/InstanceBounds.h"
 #include "vemoview/resolve/mesh/CellSearch.h"
+#include "vemoview/resolve/mesh/PointSizes.h"
 #include "vemoview/resolve/values/Groups.h"
 #include "vemoview/resolve/values/NodeFindings.h"
 #include "vemoview/resolve/values/UsableValues.h"
@@ -32,10 +33,10 @@ Box boundsOfFinite(vtkPolyData& geometry) {
 }
 
 /// Of parts of one mesh.
-PictureReach reachOf(std::span<const MeshInstance> parts) {
+PictureReach reachOf(std::span<const MeshInstance> parts, const ViewVolume& view, const Vector3& center) {
   PictureReach reach;
   for (const MeshInstance& part : parts) {
-    if (const PictureReach other = reachOf(part.appearance); other.up > reach.up) {
+    if (const PictureReach other = reachOf(part.appearance, view, center); other.up > reach.up) {
       reach = other;
     }
   }
@@ -47,6 +48,10 @@ bool showsSomething(const MeshInstance& mesh) {
   const Appearance& appearance = mesh.appearance;
   return appearance.kind != Appearance::Kind::SURFACE || appearance.hasFaces || appearance.hasEdges ||
          appearance.hasContour;
+}
+
+bool isOfPoints(const MeshInstance& mesh) {
+  return mesh.appearance.kind == Appearance::Kind::POINTS;
 }
 
 bool isSameMesh(const MeshInstance& a, const MeshInstance& b) {
@@ -79,7 +84,7 @@ std::string usualPicture() {
 }  // namespace
 
 bool ModelExtent::Item::isTiny(const ViewVolume& view) const {
-  return isOfFaces && largestSide * USUAL_HEIGHT < view.heightAt(view.depthOf(box));
+  return !hasPoints && largestSide * USUAL_HEIGHT < view.heightAt(view.depthOf(box));
 }
 
 ModelExtent::ModelExtent(const std::vector<MeshInstance>& meshes, const ViewVolume* statedView) {
@@ -93,15 +98,17 @@ void ModelExtent::add(std::span<const MeshInstance> parts, const ViewVolume* sta
   }
   const MeshInstance& mesh = parts.front();
   const Box bounds = boundsOfFinite(*mesh.geometry);
-  const PictureReach reach = reachOf(parts);
-  Item item{parts, {}, 0.0, std::ranges::all_of(parts, [](const MeshInstance& part) {
-              return isOfFaces(part.appearance);
-            })};
+  Item item{parts,
+            {},
+            0.0,
+            std::ranges::all_of(parts, [](const MeshInstance& part) { return isOfFaces(part.appearance); }),
+            std::ranges::any_of(parts, isOfPoints)};
   Box all;
   forEachInstance(mesh.transforms, [&](const InstanceTransform* transform) {
     const Box instance = instanceBounds(transform, bounds);
     all.add(instance);
-    if (statedView == nullptr || !statedView->misses(instance, reach)) {
+    if (statedView == nullptr ||
+        !statedView->misses(instance, reachOf(parts, *statedView, instance.center()))) {
       item.box.add(instance);
       item.largestSide = std::max(item.largestSide, instance.longestSide());
     }
@@ -118,10 +125,20 @@ double ModelExtent::largestSide() const {
 }
 
 bool ModelExtent::areAllTiny(const ViewVolume& view) const {
-  return std::ranges::all_of(_items, [&view](const Item& item) { return item.isTiny(view); });
+  return std::ranges::all_of(_items,
+                             [&view](const Item& item) { return item.isOfFaces && item.isTiny(view); });
 }
 
-void ModelExtent::reportTiny(const ViewVolume& view) const {
+void ModelExtent::reportUnusualSizes(const ViewVolume& view) const {
+  for (const Item& item : _items) {
+    double pixels = 0.0;
+    for (const MeshInstance& part : item.parts) {
+      if (isOfPoints(part) && part.appearance.isPointSizeInModelUnits) {
+        pixels = std::max(pixels, pointPixels(part.appearance, view, item.box.center()));
+      }
+    }
+    reportIfTooLarge(*item.parts.front().node, pixels);
+  }
   const auto isTiny = [&view](const Item& item) { return item.isTiny(view); };
   const auto first = std::ranges::find_if(_items, isTiny);
   if (first != _items.end()) {
@@ -141,12 +158,7 @@ bool ModelExtent::shows(const UsualCanvas& canvas, std::span<const ClipPlane> cl
 }
 
 void ModelExtent::reportCollapsed() const {
-  const auto isOfPoints = [](const MeshInstance& part) {
-    return part.appearance.kind == Appearance::Kind::POINTS;
-  };
-  if (!_items.empty() && std::ranges::none_of(_items, [&](const Item& item) {
-        return std::ranges::any_of(item.parts, isOfPoints);
-      })) {
+  if (!_items.empty() && std::ranges::none_of(_items, &Item::hasPoints)) {
     reportFinding(FindingCode::GEOMETRY_NOT_DRAWN,
                   "Nothing of the model is visible: all of it is at one point");
   }
@@ -167,7 +179,7 @@ void ModelExtent::reportInvisible(const UsualCanvas& canvas, std::span<const Cli
         fmt::format("No geometry is visible in {}: it shows {:g} units, but no geometry is larger than {:g}",
                     usualPicture(), side, largestSide()));
   } else if (shows(canvas, clipPlanes)) {
-    reportTiny(canvas.view);
+    reportUnusualSizes(canvas.view);
   } else if (!clipPlanes.empty() && shows(canvas, {})) {
     reportFinding(FindingCode::VIEW_EMPTY, ALL_CUT_AWAY);
   } else {
@@ -213,7 +225,7 @@ void ModelExtent::reportUnsuitableView(const UsualCanvas& canvas, std::span<cons
     reportFinding(FindingCode::VIEW_EMPTY,
                   "The view shows no geometry: in " + usualPicture() + ", all are smaller than a pixel");
   } else if (reportIfImprecise(canvas.view, camera) || shows(canvas, clipPlanes)) {
-    reportTiny(canvas.view);
+    reportUnusualSizes(canvas.view);
   } else if (!clipPlanes.empty() && shows(canvas, {})) {
     reportFinding(FindingCode::VIEW_EMPTY, ALL_CUT_AWAY);
   } else {

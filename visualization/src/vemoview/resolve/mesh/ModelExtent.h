@@ -43,8 +43,10 @@ class ModelExtent {
     std::span<const MeshInstance> parts;
     Box box;
     double largestSide = 0.0;
-    /// Lines and points are visible however small they are.
+    /// Then it is invisible if it is tiny; lines may be visible.
     bool isOfFaces = true;
+    /// These are visible however small the mesh is.
+    bool hasPoints = false;
 
     bool isTiny(const ViewVolume& view) const;
   };
@@ -55,7 +57,8 @@ class ModelExtent {
   bool shows(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes) const;
   /// Returns whether it is.
   bool reportIfImprecise(const ViewVolume& view, const CanvasCamera& camera) const;
-  void reportTiny(const ViewVolume& view) const;
+  /// Tiny meshes, and points that are too large.
+  void reportUnusualSizes(const ViewVolume& view) const;
 
   Box _box;
   std::vector<Item> _items;
