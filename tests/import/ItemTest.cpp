@@ -26,6 +26,8 @@
 #include <vtkPointData.h>
 #include <vtkPolyData.h>
 
+#include <algorithm>
+
 namespace vemo {
 
 namespace {
@@ -187,7 +189,9 @@ TEST_F(ItemTest, LegendsMadeInCodeHaveAllThatFilesState) {
   legend.setLabelCount(3);
   legend.setNumberFormat("%.1f");
   legend.setTextHeight(0.5);
-  EXPECT_EQ(failureOf([&] { legend.setLabelCount(65); }).substr(0, 14), "InternalError:");
+  for (const int count : {-1, 65}) {
+    EXPECT_EQ(failureOf([&] { legend.setLabelCount(count); }).substr(0, 14), "InternalError:") << count;
+  }
   EXPECT_EQ(failureOf([&] { legend.setNumberFormat("%s"); }).substr(0, 14), "InternalError:");
   const Colormap colormap;
   _shared.colormap = &colormap;
@@ -198,6 +202,15 @@ TEST_F(ItemTest, LegendsMadeInCodeHaveAllThatFilesState) {
   EXPECT_EQ(attributes.getNumberOfLabels(), 3);
   EXPECT_EQ(attributes.getLabelFormat(), "%.1f");
   EXPECT_EQ(made.findAttributes<lum::TextAttributes>()->getFontSize(), 0.5);
+}
+
+TEST_F(ItemTest, TextsThatAreCopiedAreCutOff) {
+  const std::string text(1001, 'x');
+  const auto scene =
+      read("<assembly name='" + text + "'><colormap name='c' title='" + text + "'/></assembly>");
+  EXPECT_EQ(std::ranges::count(_reader->getFindings(), FindingCode::TEXT_CHANGED, &Finding::code), 2);
+  const auto& assembly = dynamic_cast<const AssemblyItem&>(*scene->getChildren().at(0));
+  EXPECT_EQ(assembly.getActiveColormap()->getTitle(), text.substr(1));
 }
 
 TEST_F(ItemTest, TransformsKeepANodeOfTheirKindAndReplaceAnother) {

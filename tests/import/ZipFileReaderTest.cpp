@@ -229,8 +229,9 @@ TEST_F(ZipFileReaderTest, SaysWhatIsWrongWithContentThatItReads) {
       const ZipFileReader reader = open(isStored ? builder.stored() : builder);
       EXPECT_EQ(contentOf(reader, "x"), example.content) << example.name;
       ZipFileReader::ContentFlaws flaws;
-      std::string content(example.content.size(), '#');
+      std::string content(example.content.size() + 8, '#');
       EXPECT_TRUE(reader.read("x", content.data(), &flaws)) << example.name;
+      EXPECT_EQ(content, example.content + "########") << example.name;
       EXPECT_EQ(flaws.bytesRead, example.bytesRead) << example.name;
       EXPECT_EQ(flaws.isChecksumWrong, example.isChecksumWrong) << example.name;
     }

@@ -59,6 +59,14 @@ TEST(SceneResolverTest, LimitsNestedRepeats) {
   EXPECT_THROW(resolveScene(scene.node()), SceneTooLarge);
 }
 
+TEST(SceneResolverTest, LimitsRepeatsOfDrawablesWithoutGeometry) {
+  SceneBuilder scene;
+  for (int i = 0; i < 101; ++i) {
+    repeat(scene.collectionIn(scene.drawables()), {0.1, 0, 0}, 10000);
+  }
+  EXPECT_THROW(resolveScene(scene.node()), SceneTooLarge);
+}
+
 TEST(SceneResolverTest, ResolvesHiddenItemsOnRequest) {
   SceneBuilder scene;
   auto& shown = scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 0, 0});
