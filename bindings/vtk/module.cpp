@@ -25,6 +25,8 @@ bool importBase() {
 
 }  // namespace
 
+// Python makes the name from that of the module.
+// NOLINTNEXTLINE(bugprone-reserved-identifier)
 PyMODINIT_FUNC PyInit__vtk() {
   PyObject* const module = importBase() ? PyModule_Create(&definition) : nullptr;
   if (module != nullptr) {
