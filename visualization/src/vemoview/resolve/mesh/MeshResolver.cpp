@@ -10,6 +10,7 @@
 #include "vemoview/resolve/mesh/ArrayLookup.h"
 #include "vemoview/resolve/mesh/PointScaling.h"
 #include "vemoview/resolve/values/NodeFindings.h"
+#include "vemoview/resolve/values/UsableValues.h"
 #include <vemo/resolve/ClipPlane.h>
 #include <vemo/resolve/SceneTooLarge.h>
 #include <vemo/scenegraph/Findings.h>
@@ -266,8 +267,9 @@ void reportIfTooLarge(const MeshInstance& points) {
   // OpenGL in software draws them up to 255 pixels, in a picture twice as large.
   constexpr double MOST_PIXELS = 127.0;
   const Appearance& appearance = points.appearance;
+  // Those of the greatest size are reported where they are limited to it.
   if (appearance.kind == Appearance::Kind::POINTS && !appearance.isPointSizeInModelUnits &&
-      appearance.pointSize > MOST_PIXELS) {
+      appearance.pointSize > MOST_PIXELS && appearance.pointSize < MAX_PIXELS) {
     reportFinding(FindingCode::VALUE_IGNORED,
                   fmt::format("Points of \"{}\" are larger than {} pixels: OpenGL may draw them smaller",
                               itemNameOf(*points.node), MOST_PIXELS));
