@@ -81,7 +81,7 @@ const char* describeKind(const Decoration::Content& content) {
 constexpr const char* OUTSIDE_VIEW = "behind the camera, or beside the picture";
 constexpr const char* OUTSIDE_WINDOW = "it is outside the window";
 constexpr const char* CUT_AWAY = "cut away by the clipping planes";
-constexpr const char* TINY = "smaller than a pixel, or seen from its edge";
+constexpr const char* TINY = "smaller than a pixel, or seen edge-on";
 constexpr const char* TINY_IN_WINDOW = "less than a pixel of it is in the window";
 
 /// Finds out why decorations are not seen: null for one that is, or if that is reported
