@@ -15,7 +15,10 @@ namespace fs = std::filesystem;
 
 fs::path placeOf(const std::string& path) {
   std::error_code ignored;
-  return fs::weakly_canonical(fs::absolute(path, ignored), ignored);
+  const fs::path place = fs::absolute(path, ignored);
+  const fs::path resolved = fs::weakly_canonical(place, ignored);
+  // Links that lead nowhere cannot be resolved.
+  return resolved.empty() ? place.lexically_normal() : resolved;
 }
 
 void rejectSameFile(const std::string& file, const std::string& output) {
@@ -23,8 +26,7 @@ void rejectSameFile(const std::string& file, const std::string& output) {
     return;
   }
   std::error_code ignored;
-  const fs::path place = placeOf(file);
-  if (fs::equivalent(file, output, ignored) || (!place.empty() && place == placeOf(output))) {
+  if (fs::equivalent(file, output, ignored) || placeOf(file) == placeOf(output)) {
     throw Failure(ExitCode::WRONG_USAGE, fmt::format("\"{}\" and \"{}\" are the same file", file, output));
   }
 }

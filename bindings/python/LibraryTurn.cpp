@@ -68,7 +68,8 @@ class Turns {
 /// Comes before the interpreter lock is released.
 void requireOutsideTurn() {
   if (Turns::getSingleton().isMine()) {
-    throw std::runtime_error("a progress callback cannot call vemoscene");
+    throw std::runtime_error(
+        "vemoscene cannot be called from a progress callback or an observer of the importer");
   }
 }
 

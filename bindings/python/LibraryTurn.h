@@ -15,7 +15,7 @@ namespace vemo::python {
 class LibraryTurn {
  public:
   /// Throws std::runtime_error in a function that the thread's own turn calls, such as
-  /// a progress callback.
+  /// a progress callback or an observer of the importer.
   LibraryTurn();
   ~LibraryTurn();
   LibraryTurn(const LibraryTurn&) = delete;

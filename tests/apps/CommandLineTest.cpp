@@ -64,6 +64,7 @@ class CommandLineTest : public ProgramTest {
     writeFile(_folder / "cut.zip", "PK\3\4");
     writeFile(_folder / "scene.xml", makeDescription("heat"));
     fs::create_directory(_folder / "folder");
+    fs::create_symlink("loop", _folder / "loop");
     EXPECT_EQ(mkfifo((_folder / "pipe").c_str(), 0600), 0);
     EXPECT_EQ(run({"convert", "scene.zip", "scene.sdb"}).exitCode, 0);
     std::string bytes = readFile(_folder / "scene.sdb");

@@ -61,6 +61,18 @@ std::string nameOf(const testing::TestParamInfo<Feature>& info) {
   return info.param.name;
 }
 
+/// As lines in front of the faces: VTK's own edges end at the borders of faces, with half of
+/// their width.
+void drawEdgesInFront(DirectDrawing& direct) {
+  direct.addGeometry();
+  vtkActor& faces = *direct.renderer().GetActors()->GetLastActor();
+  faces.GetProperty()->EdgeVisibilityOff();
+  vtkActor& edges = direct.addPlain(vtkPolyData::SafeDownCast(faces.GetMapper()->GetInput()),
+                                    toVector(faces.GetProperty()->GetEdgeColor()));
+  edges.GetProperty()->SetRepresentationToWireframe();
+  edges.AddPosition(0, 0, 0.01);
+}
+
 // ---- Transforms ----
 
 const std::string OPAQUE = " lineColor='ff8000ff' faceColor='40a0ffff'";
@@ -153,25 +165,27 @@ INSTANTIATE_TEST_SUITE_P(
 
 /// The hill coloured by an array, in five colours from 0.5 to 10.
 Feature colored(const char* name, const std::string& array, const std::string& colormap,
-                const std::string& more = "smoothShading='true'") {
-  return {name, assembly("A", "<colormap min='0.5' max='10' title='Speed' " + colormap +
-                                  "><c>0000c8ff</c><c>00c8c8ff</c><c>00c800ff</c><c>dcdc0aff</c>"
-                                  "<c>c80000ff</c></colormap>" +
-                                  geometry(HILL + " " + more,
-                                           "<array name='" + COLOR_ARRAY + "' " + array + "/>"))};
+                const std::string& more = "smoothShading='true'",
+                const std::function<void(DirectDrawing&)>& draw = &DirectDrawing::addGeometry) {
+  return {name,
+          assembly("A", "<colormap min='0.5' max='10' title='Speed' " + colormap +
+                            "><c>0000c8ff</c><c>00c8c8ff</c><c>00c800ff</c><c>dcdc0aff</c>"
+                            "<c>c80000ff</c></colormap>" +
+                            geometry(HILL + " " + more, "<array name='" + COLOR_ARRAY + "' " + array + "/>")),
+          draw};
 }
 
-INSTANTIATE_TEST_SUITE_P(Colormaps, FeatureTest,
-                         testing::Values(colored("AtCells", "dim='1' data='byCell'", "ramp='scurve'"),
-                                         colored("AtPoints", "dim='1' vertexData='true' data='byPoint'",
-                                                 "ramp='sqrt'"),
-                                         colored("LogarithmicAtCells", "dim='1' data='byCell'",
-                                                 "log10='true'", "smoothShading='false'"),
-                                         colored("LogarithmicAtPoints",
-                                                 "dim='1' vertexData='true' data='byPoint'", "log10='true'"),
-                                         colored("PairsByTheirFirst", "dim='2' data='pairs'", ""),
-                                         colored("TriplesByTheirLengths", "dim='3' data='triples'", "")),
-                         nameOf);
+INSTANTIATE_TEST_SUITE_P(
+    Colormaps, FeatureTest,
+    testing::Values(colored("AtCells", "dim='1' data='byCell'", "ramp='scurve'"),
+                    colored("AtPoints", "dim='1' vertexData='true' data='byPoint'", "ramp='sqrt'"),
+                    colored("LogarithmicAtCells", "dim='1' data='byCell'", "log10='true'",
+                            "smoothShading='false' showEdges='true'", drawEdgesInFront),
+                    colored("LogarithmicAtPoints", "dim='1' vertexData='true' data='byPoint'",
+                            "log10='true'"),
+                    colored("PairsByTheirFirst", "dim='2' data='pairs'", ""),
+                    colored("TriplesByTheirLengths", "dim='3' data='triples'", "")),
+    nameOf);
 
 // ---- Light ----
 
@@ -217,18 +231,6 @@ INSTANTIATE_TEST_SUITE_P(
     nameOf);
 
 // ---- Edges ----
-
-/// As lines in front of the faces: VTK's own edges end at the borders of faces, with half of
-/// their width.
-void drawEdgesInFront(DirectDrawing& direct) {
-  direct.addGeometry();
-  vtkActor& faces = *direct.renderer().GetActors()->GetLastActor();
-  faces.GetProperty()->EdgeVisibilityOff();
-  vtkActor& edges = direct.addPlain(vtkPolyData::SafeDownCast(faces.GetMapper()->GetInput()),
-                                    toVector(faces.GetProperty()->GetEdgeColor()));
-  edges.GetProperty()->SetRepresentationToWireframe();
-  edges.AddPosition(0, 0, 0.01);
-}
 
 INSTANTIATE_TEST_SUITE_P(
     Edges, FeatureTest,

@@ -20,6 +20,7 @@
 #include <vtkLight.h>
 #include <vtkLookupTable.h>
 #include <vtkMatrix4x4.h>
+#include <vtkOpenGLRenderer.h>
 #include <vtkPointData.h>
 #include <vtkProperty.h>
 #include <vtkSelection.h>
@@ -179,6 +180,13 @@ TEST_F(ImporterTest, ReplacesWhatItHasAddedAndNothingElse) {
   EXPECT_EQ(importer->GetNumberOfItems(), 0);
 }
 
+/// What is protected in a renderer.
+struct OpenGlRenderer : vtkOpenGLRenderer {
+  static bool hasPeelingPass(vtkRenderer& renderer) {
+    return dynamic_cast<vtkOpenGLRenderer&>(renderer).*(&OpenGlRenderer::DepthPeelingPass) != nullptr;
+  }
+};
+
 TEST_F(ImporterTest, LeavesTheRendererAsItWas) {
   plate.getColorAttributes()->setOpacity(0.3, false);
   scene.node().getBackgroundCanvas().getBackgroundAttributes().setSolidColor({1, 0, 1});
@@ -190,6 +198,7 @@ TEST_F(ImporterTest, LeavesTheRendererAsItWas) {
   const auto settings = [&] {
     return std::vector<double>{static_cast<double>(renderer.GetAutomaticLightCreation()),
                                static_cast<double>(renderer.GetUseDepthPeeling()),
+                               static_cast<double>(OpenGlRenderer::hasPeelingPass(renderer)),
                                static_cast<double>(renderer.GetCullers()->GetNumberOfItems()),
                                static_cast<double>(window.window->GetMultiSamples()),
                                renderer.GetNearClippingPlaneTolerance()};

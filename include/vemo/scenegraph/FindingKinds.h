@@ -27,7 +27,7 @@
   KIND(DATABASE_DAMAGED, REFUSED, "A database, or one of its records or arrays, cannot be read.") \
   KIND(DECLARATIONS_NOT_READ, LOST, "The scene description refers to entities or declarations in other files. These are not read, so that their content is missing.") \
   KIND(DECORATION_NOT_DRAWN, LOST, "A legend, text, image or triad is not drawn: it has no usable position or size, is outside the window, or has less than a pixel in it.") \
-  KIND(DECORATION_NOT_IN_VIEW, NOTE, "A view does not show a text, image or triad in the model: it is behind the camera, beside the picture or, if it is an image, smaller than a pixel, seen from its edge or cut away by clipping planes.") \
+  KIND(DECORATION_NOT_IN_VIEW, NOTE, "A view does not show a text, image or triad in the model: it is behind the camera, beside the picture or, if it is an image, smaller than a pixel, seen edge-on or cut away by clipping planes.") \
   KIND(DECORATIONS_LIMITED, LOST, "There are too many triads, legends, texts and images: only the first ones are drawn.") \
   KIND(DESCRIPTION_REPLACED, NOTE, "An archive contains a scene graph, which is used instead of its items.") \
   KIND(ELEMENT_REPLACED, LOST, "Of several elements where only one is allowed, one is used.") \
@@ -40,7 +40,7 @@
   KIND(ENTRY_SHORT, CHANGED, "An entry is shorter than its stated size. The rest is filled with zeros.") \
   KIND(ENTRY_UNUSED, LOST, "The scene does not refer to an entry of the archive.") \
   KIND(FIELD_UNKNOWN, LOST, "A database has fields that this version does not know. They are left out.") \
-  KIND(GEOMETRY_NOT_DRAWN, LOST, "A geometry cannot be drawn, or all parts of the model are too small or too thin to be seen.") \
+  KIND(GEOMETRY_NOT_DRAWN, LOST, "A geometry cannot be drawn, or all parts of the model are too small or too thin to be seen, or without a contour to draw.") \
   KIND(GEOMETRY_TINY, NOTE, "Geometries are smaller than a pixel in the view, in a picture of 1024 x 768 pixels.") \
   KIND(GEOMETRY_TYPE_CHANGED, CHANGED, "A geometry is drawn as another type, because all cells of its own type were left out.") \
   KIND(GLYPH_MISSING, LOST, "A text has characters that no installed font contains, or that are beyond U+FFFF.") \
@@ -80,7 +80,7 @@
   KIND(VALUE_UNREADABLE, CHANGED, "A value is not written as its type requires, but the format still gives it a meaning.") \
   KIND(VERSION_TOO_NEW, REFUSED, "An element has a newer version than this program supports.") \
   KIND(VIEW_ADJUSTED, CHANGED, "The direction, the upward direction or the scale of a view is unusable: others are used.") \
-  KIND(VIEW_EMPTY, NOTE, "A view shows none of the geometries: they are behind the camera, too close to it, beside the picture, cut away by clipping planes, smaller or thinner than a pixel, or seen from their edge.") \
+  KIND(VIEW_EMPTY, NOTE, "A view shows none of the geometries: they are behind the camera, too close to it, beside the picture, cut away by clipping planes, smaller or thinner than a pixel, seen edge-on or without a contour to draw.") \
   KIND(VIEW_IMPRECISE, CHANGED, "A view shows so small a part of a geometry, or is so far away, that the picture is wrong or empty: OpenGL computes with limited precision.") \
   KIND(VISIBILITY_PARTIAL, CHANGED, "A visibility between 0 and 1 counts as 1, except for images.") \
   KIND(XML_INVALID, REFUSED, "The scene description is not well-formed XML, is nested too deeply or is too large.")

@@ -240,9 +240,7 @@ void ImportedScene::setProperties() {
   _renderer->GetCullers()->RemoveAllItems();
   if (hasTranslucency()) {
     _renderer->GetRenderWindow()->MakeCurrent();
-    if (auto* const renderer = vtkOpenGLRenderer::SafeDownCast(_renderer)) {
-      CanvasRenderer::peelDepths(*renderer);
-    }
+    _formerSettings->peelDepths();
     _renderer->GetRenderWindow()->SetAlphaBitPlanes(1);
     _renderer->GetRenderWindow()->SetMultiSamples(0);
   }

@@ -1,9 +1,12 @@
 #include "vemoview/vtk/RendererSettings.h"
 
+#include "vemoview/render/vtk/CanvasRenderer.h"
+
 #include <vtkCuller.h>
 #include <vtkCullerCollection.h>
 #include <vtkLight.h>
 #include <vtkLightCollection.h>
+#include <vtkOpenGLRenderer.h>
 #include <vtkRenderWindow.h>
 #include <vtkRenderer.h>
 
@@ -55,6 +58,13 @@ void RendererSettings::turnOffAutomaticLight() {
   _renderer->AutomaticLightCreationOff();
 }
 
+void RendererSettings::peelDepths() {
+  _peeling = vtkOpenGLRenderer::SafeDownCast(_renderer);
+  if (_peeling != nullptr) {
+    CanvasRenderer::peelDepths(*_peeling);
+  }
+}
+
 RendererSettings::~RendererSettings() {
   if (_renderer == nullptr) {
     return;
@@ -67,6 +77,9 @@ RendererSettings::~RendererSettings() {
   _renderer->SetGradientBackground(_hasGradient);
   _renderer->SetTexturedBackground(_hasTexture);
   _renderer->SetNearClippingPlaneTolerance(_nearTolerance);
+  if (_peeling != nullptr) {
+    CanvasRenderer::releasePeeling(*_peeling);
+  }
   _renderer->SetUseDepthPeeling(_peelsDepths);
   _renderer->SetMaximumNumberOfPeels(_peels);
   _renderer->SetOcclusionRatio(_occlusionRatio);

@@ -10,6 +10,7 @@
 
 class vtkCuller;
 class vtkLight;
+class vtkOpenGLRenderer;
 class vtkRenderer;
 class vtkRenderWindow;
 
@@ -29,6 +30,10 @@ class RendererSettings {
   /// The light that VTK creates for renderers without any would shine besides those of the scene.
   void turnOffAutomaticLight();
 
+  /// Sorts translucent layers as our own renderer does. The window is current, and also when
+  /// the settings are restored.
+  void peelDepths();
+
  private:
   vtkWeakPointer<vtkRenderer> _renderer;
   vtkWeakPointer<vtkRenderWindow> _window;
@@ -42,6 +47,8 @@ class RendererSettings {
   bool _peelsDepths;
   int _peels;
   double _occlusionRatio;
+  /// The renderer if it sorts translucent layers as ours does.
+  vtkWeakPointer<vtkOpenGLRenderer> _peeling;
   std::vector<vtkSmartPointer<vtkCuller>> _cullers;
   int _alphaBitPlanes = 0;
   int _samples = 0;

@@ -21,7 +21,7 @@ class ItemTreeModel final : public QAbstractItemModel {
   static int itemAt(const QModelIndex& index) { return static_cast<int>(index.internalId()); }
   QModelIndex indexOf(int item) const;
 
-  /// Reads the items again if the scene has got others. Views keep what is selected and expanded.
+  /// Reads the items again if items were added to the scene. Views keep what is selected and expanded.
   void followScene(const lum::SceneNode& scene);
 
   /// Notifies the views that visibilities may have changed.

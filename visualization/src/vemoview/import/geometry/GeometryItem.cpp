@@ -186,10 +186,10 @@ void GeometryItem::reportSettingsOutOfRange(const QxElement& element, SceneFileR
   if (_settings.pointScaleMode < 0 || _settings.pointScaleMode > 2) {
     report(_settings.pointScaleMode, "pointScaleMode", "counts as 0");
   }
-  // Drawing reports points that are too large.
   for (const auto& [key, value, greatest] :
-       {std::tuple("lineWidth", width, WIDEST), std::tuple("ambient", _settings.ambient, 1.0),
-        std::tuple("diffuse", _settings.diffuse, 1.0), std::tuple("specular", _settings.specular, 1.0),
+       {std::tuple("lineWidth", width, WIDEST), std::tuple("pointSize", _settings.pointSize, WIDEST),
+        std::tuple("ambient", _settings.ambient, 1.0), std::tuple("diffuse", _settings.diffuse, 1.0),
+        std::tuple("specular", _settings.specular, 1.0),
         std::tuple("specularPower", _settings.specularPower, 128.0)}) {
     if (value > greatest) {
       report(value, key, fmt::format("is drawn as {:g}", greatest));

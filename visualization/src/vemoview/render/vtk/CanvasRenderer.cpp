@@ -41,14 +41,23 @@ void CanvasRenderer::peelDepths(vtkOpenGLRenderer& renderer) {
   renderer.SetUseDepthPeeling(1);
   renderer.SetMaximumNumberOfPeels(MAX_LAYERS);
   renderer.SetOcclusionRatio(0.0);
+  releasePeeling(renderer);
   // The base class makes a pass of its choice unless there is one, and releases it.
   auto& pass = renderer.*(&CanvasRenderer::DepthPeelingPass);
-  if (pass != nullptr) {
-    pass->ReleaseGraphicsResources(renderer.GetVTKWindow());
-    pass->Delete();
-  }
   pass = vtkDepthPeelingPass::New();
   pass->SetTranslucentPass(vtkNew<vtkTranslucentPass>());
+}
+
+void CanvasRenderer::releasePeeling(vtkOpenGLRenderer& renderer) {
+  auto& pass = renderer.*(&CanvasRenderer::DepthPeelingPass);
+  if (pass == nullptr) {
+    return;
+  }
+  if (vtkWindow* const window = renderer.GetVTKWindow()) {
+    pass->ReleaseGraphicsResources(window);
+  }
+  pass->Delete();
+  pass = nullptr;
 }
 
 void CanvasRenderer::ResetCameraClippingRange(const double bounds[6]) {

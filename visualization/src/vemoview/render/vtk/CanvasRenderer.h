@@ -25,6 +25,8 @@ class CanvasRenderer : public vtkOpenGLRenderer {
   /// Lets another renderer sort translucent layers in the same way. Its window,
   /// if it has one, is current.
   VEMO_RENDER_EXPORT static void peelDepths(vtkOpenGLRenderer& renderer);
+  /// Lets VTK choose a way again. The renderer's window, if it has one, is current.
+  VEMO_RENDER_EXPORT static void releasePeeling(vtkOpenGLRenderer& renderer);
 
   using vtkOpenGLRenderer::ResetCameraClippingRange;
   void ResetCameraClippingRange(const double bounds[6]) override;

@@ -29,6 +29,10 @@ std::optional<TextDecoration> resolveText(const lum::TextDrawable& text) {
   if (const auto* const position = text.findAttributes<lum::PositionAttributes>()) {
     result.position = position->getPosition();
   }
+  if (!result.isInModel) {
+    // In a window it has no depth.
+    result.position[2] = 0.0;
+  }
   if (!isInReach(result.position)) {
     reportFinding(FindingCode::DECORATION_NOT_DRAWN,
                   what + " is not drawn: its position is not finite, or too far away");

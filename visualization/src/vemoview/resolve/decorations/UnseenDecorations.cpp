@@ -32,13 +32,10 @@ ViewVolume viewOfWindow() {
   return {camera, 1.0};
 }
 
-/// In halves of a height of 2 pixels.
-/// @param lineHeight in pixels
+/// In pixels, as the height of a line is.
 PictureReach reachOf(const TextDecoration& text, double lineHeight) {
   // What reaches into the picture by less than a pixel is not seen there.
   constexpr double LEAST = 1.0;
-  // The part of a line below most letters.
-  constexpr double DESCENT = 0.2;
   using Horizontal = TextDecoration::Horizontal;
   using Vertical = TextDecoration::Vertical;
   const Vector<2, double> extent = lineHeight * textExtent(text.text);
@@ -48,12 +45,10 @@ PictureReach reachOf(const TextDecoration& text, double lineHeight) {
   const double down = text.vertical == Vertical::BOTTOM   ? 0.0
                       : text.vertical == Vertical::CENTER ? extent[1] / 2.0
                                                           : extent[1];
-  return {left - LEAST, extent[0] - left - LEAST, down - std::max(LEAST, DESCENT * lineHeight),
-          extent[1] - down - LEAST};
+  return {left - LEAST, extent[0] - left - LEAST, down - LEAST, extent[1] - down - LEAST};
 }
 
-/// On all sides, wherever the labels are.
-/// @param labelHeight in pixels
+/// In pixels, as the height of a label is: on all sides, wherever the labels are.
 PictureReach reachOf(const TriadDecoration& triad, double labelHeight) {
   double reach = 0.0;
   for (const std::string& label : triad.labels.value_or(std::array<std::string, 3>())) {
@@ -86,7 +81,7 @@ const char* describeKind(const Decoration::Content& content) {
 constexpr const char* OUTSIDE_VIEW = "behind the camera, or beside the picture";
 constexpr const char* OUTSIDE_WINDOW = "it is outside the window";
 constexpr const char* CUT_AWAY = "cut away by the clipping planes";
-constexpr const char* TINY = "smaller than a pixel, or seen from its edge";
+constexpr const char* TINY = "smaller than a pixel, or seen edge-on";
 constexpr const char* TINY_IN_WINDOW = "less than a pixel of it is in the window";
 
 /// Finds out why decorations are not seen: null for one that is, or if that is reported

@@ -71,11 +71,10 @@ bool reportIfTooFar(const lum::PolyDataNode& node, const Box& bounds) {
   return false;
 }
 
-constexpr const char* ALL_CUT_AWAY =
-    "The clipping planes cut all of the model away that would be in the picture";
-constexpr const char* THIN = "thinner than a pixel, or seen from their edge";
+constexpr const char* ALL_CUT_AWAY = "The clipping planes cut away everything that would be in the picture";
+constexpr const char* THIN = "thinner than a pixel, seen edge-on or without a contour to draw";
 constexpr const char* OUTSIDE_OR_THIN =
-    "outside of it, too close to the camera, thinner than a pixel, or seen from their edge";
+    "outside of it, too close to the camera, thinner than a pixel, seen edge-on or without a contour to draw";
 
 std::string usualPicture() {
   return fmt::format("a picture of {} x {} pixels", USUAL_WIDTH, USUAL_HEIGHT);
