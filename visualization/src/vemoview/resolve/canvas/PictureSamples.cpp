@@ -38,8 +38,9 @@ bool PictureSamples::isInside(std::span<const Place> corners, long& steps) const
     return false;
   }
   // Rounding may have moved corners far outside.
-  const double end = std::min(rows.end(), _counts[1]);
-  for (double row = std::max(rows.begin(), 0.0); row < end; ++row, ++steps) {
+  const auto begin = static_cast<int>(std::clamp(rows.begin(), 0.0, _counts[1]));
+  const auto end = static_cast<int>(std::clamp(rows.end(), 0.0, _counts[1]));
+  for (int row = begin; row < end; ++row, ++steps) {
     const double y = row + 0.5;
     Interval across;
     Place from = corners.back();
