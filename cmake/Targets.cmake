@@ -78,19 +78,42 @@ function(vemo_component name)
   install(EXPORT vemo_${name} NAMESPACE vemo:: FILE vemo-${name}.cmake DESTINATION ${package_folder} COMPONENT dev)
 endfunction()
 
+# What libraries export, by name: exports.txt marks what is private to this project.
+set(exports ${CMAKE_BINARY_DIR}/exports.map)
+function(vemo_write_exports)
+  set(list ${CMAKE_SOURCE_DIR}/cmake/exports.txt)
+  set_property(DIRECTORY ${CMAKE_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${list})
+  file(STRINGS ${list} names REGEX " private$")
+  list(TRANSFORM names REPLACE "^[a-z]+ (.*) private$" "\\1")
+  set(private_symbols "")
+  foreach(name IN LISTS names)
+    set(whole_name "${name}[!a-zA-Z0-9_]*")
+    string(APPEND private_symbols
+      "      ${whole_name};\n      *?for?${name};\n      *?for?${whole_name};\n      *?to?${whole_name};\n")
+  endforeach()
+  configure_file(${CMAKE_SOURCE_DIR}/cmake/exports.map.in ${exports} @ONLY)
+endfunction()
+vemo_write_exports()
+
 # vemo_library(NAME SOURCE_ROOT DIR FOLDERS ... [PUBLIC ...] [PRIVATE ...])
 # The shared library vemo_NAME: all sources in the given folders below the source
 # root. Its public headers are those in include/vemo/NAME, and nothing else is
 # installed. Other projects link vemo::NAME. Its export macro is
-# VEMO_NAME_EXPORT, from <vemo/NAME/Export.h>.
+# VEMO_NAME_EXPORT, from <vemo/NAME/Export.h>. Tests of what it does not export link
+# vemo_NAME_objects instead, and no other library that links it.
 function(vemo_library name)
   cmake_parse_arguments(ARG "" "SOURCE_ROOT" "FOLDERS;PUBLIC;PRIVATE" ${ARGN})
   set(target vemo_${name})
+  set(objects ${target}_objects)
   set(patterns ${ARG_FOLDERS})
   list(TRANSFORM patterns PREPEND ${ARG_SOURCE_ROOT}/)
   list(TRANSFORM patterns APPEND "/*.cpp")
   file(GLOB sources CONFIGURE_DEPENDS ${patterns})
-  add_library(${target} SHARED ${sources})
+  add_library(${objects} OBJECT ${sources})
+  target_include_directories(${objects} PUBLIC ${public_headers} ${generated_headers})
+  target_link_libraries(${objects} PUBLIC ${ARG_PUBLIC} PRIVATE vemo_options ${ARG_PRIVATE})
+  target_precompile_headers(${objects} PRIVATE ${CMAKE_SOURCE_DIR}/cmake/precompiled.h)
+  add_library(${target} SHARED $<TARGET_OBJECTS:${objects}>)
   add_library(vemo::${name} ALIAS ${target})
   set_target_properties(${target} PROPERTIES
     EXPORT_NAME ${name} VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
@@ -100,10 +123,8 @@ function(vemo_library name)
     $<BUILD_INTERFACE:${public_headers}> $<BUILD_INTERFACE:${generated_headers}>
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
   target_link_libraries(${target} PUBLIC ${ARG_PUBLIC} PRIVATE $<BUILD_INTERFACE:vemo_options> ${ARG_PRIVATE})
-  set(exports ${CMAKE_SOURCE_DIR}/cmake/exports.map)
   target_link_options(${target} PRIVATE LINKER:--version-script=${exports})
   set_target_properties(${target} PROPERTIES LINK_DEPENDS ${exports})
-  target_precompile_headers(${target} PRIVATE ${CMAKE_SOURCE_DIR}/cmake/precompiled.h)
   vemo_component(${name} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
   install(DIRECTORY ${public_headers}/vemo/${name} ${generated_headers}/vemo/${name}
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vemo COMPONENT dev FILES_MATCHING PATTERN "*.h")

@@ -25,6 +25,8 @@ struct Command {
   };
 
   std::vector<Job> jobs;
+  /// Called once before the jobs, which its exceptions prevent; may be empty.
+  std::function<void()> prepare{};
   /// To be printed, when no work is asked for.
   std::string answer{};
   /// Called after several jobs, with the exit codes of each; may be empty.

@@ -111,6 +111,9 @@ ExitCode runJob(Command& command, const Command::Job& job) {
 
 /// Returns the worst exit code.
 ExitCode runJobs(Command& command) {
+  if (command.prepare) {
+    command.prepare();
+  }
   std::vector<ExitCode> codes;
   for (const Command::Job& job : command.jobs) {
     codes.push_back(runJob(command, job));

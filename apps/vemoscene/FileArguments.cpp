@@ -94,16 +94,16 @@ PathList FileArguments::getPaths(const std::string& extension) const {
   return {{_file, outputs.front()}};
 }
 
-std::optional<NewFolder> FileArguments::makeFolder() const {
+void FileArguments::makeFolder() {
   std::error_code error;
   if (_folder.empty() || fs::is_directory(_folder, error)) {
-    return std::nullopt;
+    return;
   }
   if (!fs::create_directory(_folder, error)) {
     throw Failure(ExitCode::CANNOT_WRITE,
                   fmt::format("Cannot create the folder \"{}\": {}", _folder, error.message()));
   }
-  return std::optional<NewFolder>(_folder);
+  _newFolder.emplace(_folder);
 }
 
 }  // namespace vemo

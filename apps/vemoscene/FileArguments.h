@@ -17,10 +17,8 @@ class NewFolder {
  public:
   explicit NewFolder(std::filesystem::path path) : _path(std::move(path)) {}
   ~NewFolder();
-  NewFolder(NewFolder&& other) noexcept : _path(std::exchange(other._path, {})) {}
   NewFolder(const NewFolder&) = delete;
   NewFolder& operator=(const NewFolder&) = delete;
-  NewFolder& operator=(NewFolder&&) = delete;
 
  private:
   std::filesystem::path _path;
@@ -46,8 +44,8 @@ class FileArguments {
   std::vector<Paths> getPaths(const std::string& extension) const;
 
   /// Creates the folder for outputs if there is none. Unless something is written to it, it
-  /// is removed with the result.
-  [[nodiscard]] std::optional<NewFolder> makeFolder() const;
+  /// is removed with this object. Throws Failure with CANNOT_WRITE.
+  void makeFolder();
 
  private:
   std::vector<Paths> pathsInFolder(const std::string& extension) const;
@@ -56,6 +54,7 @@ class FileArguments {
   std::vector<std::string> _more;
   std::string _output;
   std::string _folder;
+  std::optional<NewFolder> _newFolder;
 };
 
 }  // namespace vemo

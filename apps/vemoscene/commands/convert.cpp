@@ -57,7 +57,6 @@ void convert(const ConvertArguments& arguments, const FileArguments::Paths& path
   if (toStandardOutput && request.verify) {
     throw Failure(ExitCode::WRONG_USAGE, "Standard output cannot be read back and verified");
   }
-  const auto folder = arguments.files.makeFolder();
   checkOutput(request.output, format.kind, arguments.force);
   if (!arguments.ledger.empty()) {
     prepareLedger(arguments, request);
@@ -93,6 +92,7 @@ void addConvertCommand(CLI::App& app, Command& command) {
     if (all.size() > 1 && !arguments->ledger.empty()) {
       throw CLI::ValidationError("--ledger", "There is one for a single FILE only");
     }
+    command.prepare = [arguments] { arguments->files.makeFolder(); };
     for (const FileArguments::Paths& paths : all) {
       command.jobs.push_back({paths.file, [arguments, paths] { convert(*arguments, paths); }});
     }

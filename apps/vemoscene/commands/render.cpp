@@ -43,7 +43,6 @@ void render(const RenderArguments& arguments, const std::string& file, const std
   if (arguments.picture.isTransparent && !hasOpacity(kind)) {
     throw Failure(ExitCode::WRONG_USAGE, "A JPEG file cannot be transparent");
   }
-  const auto folder = arguments.files.makeFolder();
   checkOutput(output, kind, arguments.force);
   writePicture(draw(arguments, file), kind, output);
 }
@@ -86,6 +85,7 @@ void addRenderCommand(CLI::App& app, Command& command) {
   renderApp->callback([arguments, &command] {
     requireSize(arguments->picture);
     const char* const extension = findPictureKind("", arguments->format).extension;
+    command.prepare = [arguments] { arguments->files.makeFolder(); };
     for (const auto& paths : arguments->files.getPaths(extension)) {
       const auto& [file, output] = paths;
       command.jobs.push_back(

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vemo/geometry/Export.h>
-
 #include <algorithm>
 #include <cstdint>
 #include <span>
@@ -15,7 +13,7 @@ struct IndexRange {
 
 /// As std::ranges::minmax of 32-bit indices, of which there is at least one; in half of
 /// its time.
-VEMO_GEOMETRY_EXPORT IndexRange rangeOf(std::span<const std::int32_t> indices);
+IndexRange rangeOf(std::span<const std::int32_t> indices);
 
 /// 64-bit indices are rare.
 inline IndexRange rangeOf(std::span<const std::int64_t> indices) {

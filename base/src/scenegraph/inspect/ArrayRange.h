@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vemo/scenegraph/Export.h>
-
 #include <limits>
 #include <vector>
 
@@ -17,6 +15,6 @@ struct ValueRange {
 
 /// As vtkDataArray::GetFiniteRange has it of each component, in one pass; in a fraction of
 /// its time for floats of one or three components.
-VEMO_SCENEGRAPH_EXPORT std::vector<ValueRange> finiteRanges(vtkDataArray& array);
+std::vector<ValueRange> finiteRanges(vtkDataArray& array);
 
 }  // namespace lum

@@ -15,6 +15,7 @@
 #include <vemo/base/WidePath.h>
 #include <vemo/import/DetectScene.h>
 
+#include <algorithm>
 #include <map>
 #include <optional>
 #include <set>
@@ -103,7 +104,7 @@ vtkVemoSceneReader::vtkVemoSceneReader() {
 }
 
 vtkVemoSceneReader::~vtkVemoSceneReader() {
-  this->SetFileName(nullptr);
+  this->vtkVemoSceneReader::SetFileName(nullptr);
 }
 
 void vtkVemoSceneReader::PrintSelf(ostream& os, vtkIndent indent) {
@@ -154,7 +155,8 @@ int vtkVemoSceneReader::RequestInformation(vtkInformation*, vtkInformationVector
   if (this->Known && this->Known->stamp == stamp && !this->Known->failure) {
     return 1;
   }
-  this->Known.reset(new State{stamp, {}, {}, {}});
+  this->Known = std::make_unique<State>();
+  this->Known->stamp = stamp;
   try {
     this->Known->outline = vemo::outlineScene(this->FileName, {});
     updateChoices(this->Known->outline, *this->Blocks);
@@ -171,10 +173,9 @@ std::vector<vemo::Finding> vtkVemoSceneReader::ReadShare(int piece, int pieces,
   const std::vector<std::size_t> chosen = chosenBlocks(outline, *this->Blocks);
   vemo::makeCollection(outline, chosen, output);
 
-  std::vector<std::size_t> parts;
-  for (const std::size_t block : chosen) {
-    parts.push_back(outline.blocks[block].part);
-  }
+  std::vector<std::size_t> parts(chosen.size());
+  std::ranges::transform(chosen, parts.begin(),
+                         [&](std::size_t block) { return outline.blocks[block].part; });
   const std::vector<int> owners = vemo::shareParts(outline.parts, parts, pieces);
   // By their parts, where the blocks go that this process reads.
   std::map<std::size_t, unsigned> places;
@@ -237,10 +238,9 @@ int vtkVemoSceneReader::RequestData(vtkInformation*, vtkInformationVector**,
 
 void vtkVemoSceneReader::ReportFindings(const std::vector<vemo::Finding>& findings, vemo::ProcessGroup& group,
                                         vtkPartitionedDataSetCollection& output) {
-  std::vector<std::string> own;
-  for (const vemo::Finding& finding : findings) {
-    own.push_back(vemo::describe(finding));
-  }
+  std::vector<std::string> own(findings.size());
+  std::ranges::transform(findings, own.begin(),
+                         [](const vemo::Finding& finding) { return vemo::describe(finding); });
   const std::vector<std::string> all = group.gather(own);
   if (all.empty()) {
     return;

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vemo/render/Export.h>
-
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -13,7 +11,6 @@ namespace vemo {
 /// @param from as many rows as a square has, one after another
 /// @param factor the length of a square's side, 1 or 2: known when this is
 /// compiled, it takes a fifth of the time
-VEMO_RENDER_EXPORT void averageSquares(std::span<const std::uint8_t> from, int factor,
-                                       std::span<std::uint8_t> to);
+void averageSquares(std::span<const std::uint8_t> from, int factor, std::span<std::uint8_t> to);
 
 }  // namespace vemo

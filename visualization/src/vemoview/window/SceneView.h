@@ -4,7 +4,6 @@
 #include <vemo/render/Picture.h>
 #include <vemo/render/SceneRenderer.h>
 #include <vemo/scenegraph/edit/View.h>
-#include <vemo/window/Export.h>
 
 #include <QPoint>
 #include <QVTKOpenGLNativeWidget.h>
@@ -24,7 +23,7 @@ struct Pick;
 /// Draws a scene and handles the mouse: the left button rotates, the middle one
 /// (or the left one with Shift) pans, the right one and the wheel zoom, a click
 /// picks.
-class VEMO_WINDOW_EXPORT SceneView final : public QVTKOpenGLNativeWidget {
+class SceneView final : public QVTKOpenGLNativeWidget {
  public:
   using PickListener = std::function<void(const std::optional<Pick>&)>;
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "vemoview/window/ItemTree.h"
-#include <vemo/window/Export.h>
 
 #include <QMainWindow>
 #include <functional>
@@ -22,7 +21,7 @@ class ValuesPanel;
 struct Pick;
 
 /// A window that shows a scene: picture, item list, picked values and commands.
-class VEMO_WINDOW_EXPORT SceneWindow final : public QMainWindow {
+class SceneWindow final : public QMainWindow {
  public:
   /// The scene must outlive the window. Throws SceneTooLarge.
   SceneWindow(lum::SceneNode& scene, const QString& title);

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vemo/import/Export.h>
-
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -12,7 +10,7 @@ namespace vemo {
 /// The bytes of an archive, for reading at any position: those of a file, or of a
 /// block of memory. A file is not mapped: a mapped file that somebody cuts short ends
 /// the process.
-class VEMO_IMPORT_EXPORT ArchiveFile {
+class ArchiveFile {
  public:
   /// Throws ZipException when the file cannot be opened.
   explicit ArchiveFile(const std::wstring& path);

@@ -2,7 +2,6 @@
 
 #include "vemoview/import/archive/DecodedEntries.h"
 #include "vemoview/import/archive/ReadingLimits.h"
-#include <vemo/import/Export.h>
 #include <vemo/import/archive/Array_t.h>
 #include <vemo/import/archive/ZipFileReader.h>
 
@@ -14,7 +13,7 @@
 namespace vemo {
 
 /// The content of an archive's entries: blocks of bytes and arrays of numbers.
-class VEMO_IMPORT_EXPORT ArchiveReader {
+class ArchiveReader {
  public:
   explicit ArchiveReader(ZipFileReader archive);
   ArchiveReader(const ArchiveReader&) = delete;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <vemo/import/Export.h>
 #include <vemo/import/archive/ZipFileReader.h>
 
 #include <cstddef>
@@ -13,7 +12,7 @@ namespace vemo {
 /// is converted. Both happen block by block, as soon as a block is there and while it
 /// is still in the processor's cache: passes over large contents cost as much as
 /// copying them.
-class VEMO_IMPORT_EXPORT ContentPass {
+class ContentPass {
  public:
   using Convert = ZipFileReader::Convert;
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "geometry/Connectivity.h"
-#include <vemo/import/Export.h>
 
 #include <vtkSmartPointer.h>
 
@@ -22,7 +21,7 @@ class ArchiveReader;
 /// What geometry was made of an archive's entries. Items that name the same
 /// entries share it: it is read, checked and computed once, and nobody changes
 /// it. What is wrong with an entry's content is reported for each item.
-class VEMO_IMPORT_EXPORT DecodedEntries {
+class DecodedEntries {
  public:
   explicit DecodedEntries(ArchiveReader& archive);
   ~DecodedEntries();

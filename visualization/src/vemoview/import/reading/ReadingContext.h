@@ -4,7 +4,6 @@
 #include <vemo/base/Progress.h>
 #include <vemo/import/ElementPlace.h>
 #include <vemo/import/Exception.h>
-#include <vemo/import/Export.h>
 #include <vemo/scenegraph/Finding.h>
 
 #include <cstddef>
@@ -20,7 +19,7 @@ namespace vemo {
 
 /// Which item of a scene is being read or converted, and what was found: errors
 /// and findings name the item.
-class VEMO_IMPORT_EXPORT ReadingContext {
+class ReadingContext {
  public:
   /// Of each kind; one more says that others are not listed.
   static constexpr std::size_t MAX_FINDINGS = 1000;
@@ -31,7 +30,7 @@ class VEMO_IMPORT_EXPORT ReadingContext {
   /// Marks an item as being read or converted, from construction to destruction:
   /// `const ReadingContext::ItemScope scope(context, element.getName(), element.getPlace());`
   /// The name must outlive the scope. A null context is accepted.
-  class VEMO_IMPORT_EXPORT ItemScope {
+  class ItemScope {
    public:
     ItemScope(ReadingContext* context, std::string_view name, const ElementPlace& place = {});
     ~ItemScope();
@@ -44,7 +43,7 @@ class VEMO_IMPORT_EXPORT ReadingContext {
   };
 
   /// Marks an attribute of the item as being read; it must outlive the scope.
-  class VEMO_IMPORT_EXPORT AttributeScope {
+  class AttributeScope {
    public:
     AttributeScope(ReadingContext* context, std::string_view attribute);
     ~AttributeScope();
@@ -58,7 +57,7 @@ class VEMO_IMPORT_EXPORT ReadingContext {
 
   /// In its lifetime `attempt` throws failures, also where they are collected. A null
   /// context is accepted.
-  class VEMO_IMPORT_EXPORT ThrowingScope {
+  class ThrowingScope {
    public:
     explicit ThrowingScope(ReadingContext* context);
     ~ThrowingScope();

@@ -2,7 +2,6 @@
 
 #include "vemoview/import/archive/ArchiveReader.h"
 #include "vemoview/import/reading/ReadingContext.h"
-#include <vemo/import/Export.h>
 #include <vemo/import/PartFilter.h>
 #include <vemo/import/archive/ZipFileReader.h>
 #include <vemo/import/xml/QxElement.h>
@@ -21,7 +20,7 @@ class Scene;
 
 /// Gives items what they need for reading: the entries of the archive, and the
 /// context for errors and findings.
-class VEMO_IMPORT_EXPORT SceneFileReader : public ArchiveReader, public ReadingContext {
+class SceneFileReader : public ArchiveReader, public ReadingContext {
  public:
   static const std::string SCENE_ENTRY;       ///< "scene.xml"
   static const std::string LUM_SCENE_ENTRY;   ///< "scene.lum"

@@ -2,7 +2,6 @@
 
 #include "vemoview/import/reading/KeyDescription.h"
 #include "vemoview/import/reading/ValueReader.h"
-#include <vemo/import/Export.h>
 
 #include <string>
 #include <vector>
@@ -18,6 +17,6 @@ struct ElementTable {
 };
 
 /// All elements that scene files may hold, and their keys.
-VEMO_IMPORT_EXPORT std::vector<ElementTable> describeSceneFormat();
+std::vector<ElementTable> describeSceneFormat();
 
 }  // namespace vemo

@@ -1,13 +1,11 @@
 #pragma once
 
-#include <vemo/import/Export.h>
-
 #include <string>
 
 namespace vemo {
 
 /// Numbers in the texts of a scene description.
-class VEMO_IMPORT_EXPORT QxString {
+class QxString {
  public:
   QxString() = delete;
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vemo/import/Export.h>
-
 #include <memory>
 #include <span>
 #include <string>
@@ -24,7 +22,7 @@ struct XmlDocument {
 /// text that is not XML or exceeds a limit.
 /// @param entryName the archive entry that the text is from, for errors
 /// @param progress if not null, is advanced by the bytes of the text
-VEMO_IMPORT_EXPORT XmlDocument parseXml(std::span<const unsigned char> text, const std::string& entryName,
-                                        const ReadingLimits& limits, ProgressMeter* progress = nullptr);
+XmlDocument parseXml(std::span<const unsigned char> text, const std::string& entryName,
+                     const ReadingLimits& limits, ProgressMeter* progress = nullptr);
 
 }  // namespace vemo

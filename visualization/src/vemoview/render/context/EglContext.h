@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vemo/render/Export.h>
-
 namespace vemo {
 
 /// An OpenGL context (core profile, 3.2 or later) that needs neither a window
@@ -10,7 +8,7 @@ namespace vemo {
 ///
 /// All contexts of the process share one EGL display, which is never
 /// terminated: ending it would end the contexts of all its other users.
-class VEMO_RENDER_EXPORT EglContext {
+class EglContext {
  public:
   /// Throws RenderingUnavailable where there is no such OpenGL.
   EglContext();
