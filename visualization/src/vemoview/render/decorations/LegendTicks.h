@@ -1,6 +1,7 @@
 #pragma once
 
 #include <vemo/base/Vector.h>
+#include <vemo/render/Export.h>
 
 #include <vector>
 
@@ -16,6 +17,7 @@ struct LegendTick {
 /// At most `count` ticks: evenly spaced, the ends included; on a logarithmic bar
 /// with two powers of ten or more at these. A range of one value has one tick in
 /// the middle. The range is that of a ColorTable.
-std::vector<LegendTick> makeLegendTicks(const Vector<2, double>& range, bool isLog, int count);
+VEMO_RENDER_EXPORT std::vector<LegendTick> makeLegendTicks(const Vector<2, double>& range, bool isLog,
+                                                           int count);
 
 }  // namespace vemo
