@@ -1,6 +1,7 @@
 #include "FileChecks.h"
 
 #include "InputFile.h"
+#include "OutputFile.h"
 #include "output/ExitCode.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/import/DetectScene.h>
@@ -26,7 +27,9 @@ void rejectSameFile(const std::string& file, const std::string& output) {
     return;
   }
   std::error_code ignored;
-  if (fs::equivalent(file, output, ignored) || placeOf(file) == placeOf(output)) {
+  // A shell may append standard output to the file.
+  const fs::path written = isStandardOutput(output) ? "/dev/stdout" : output;
+  if (fs::equivalent(file, written, ignored) || placeOf(file) == placeOf(written)) {
     throw Failure(ExitCode::WRONG_USAGE, fmt::format("\"{}\" and \"{}\" are the same file", file, output));
   }
 }

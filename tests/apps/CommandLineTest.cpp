@@ -193,6 +193,7 @@ TEST_F(CommandLineTest, OpensNoWindowWithoutADisplay) {
 
 TEST_F(CommandLineTest, ReportsResultsThatCannotBeWritten) {
   EXPECT_EQ(run({"convert", "scene.zip", "-"}, "/dev/full").exitCode, 6);
+  EXPECT_EQ(run({"convert", "scene.zip", "-"}, _folder / "scene.zip").exitCode, 64);
   const ProgramResult full = run({"info", "scene.zip"}, "/dev/full");
   EXPECT_EQ(full.exitCode, 6);
   EXPECT_THAT(full.err, HasSubstr("standard output"));

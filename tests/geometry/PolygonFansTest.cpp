@@ -4,7 +4,9 @@
 #include <vtkCellArray.h>
 #include <vtkNew.h>
 
+#include <cmath>
 #include <gmock/gmock.h>
+#include <numeric>
 
 namespace vemo {
 
@@ -41,6 +43,24 @@ TEST(PolygonFansTest, BeginWhereTheyDoNotFold) {
     EXPECT_EQ(unfoldFans(mesh), folded);
     EXPECT_EQ(firstPolygon(*mesh), drawn) << testing::PrintToString(polygon);
     EXPECT_EQ(mesh == given, drawn == polygon) << "copied without need";
+  }
+}
+
+/// Rays of different lengths around their middle, which is the last corner: none of the others is the
+/// begin of a fan that does not fold.
+TEST(PolygonFansTest, BeginAtOneOfTheFirstCorners) {
+  for (const int rays : {80, 120}) {
+    std::vector<std::array<float, 3>> points;
+    for (int i = 0; i < rays; ++i) {
+      const float angle = 3.0F * static_cast<float>(i) / static_cast<float>(rays);
+      const float length = i % 2 == 0 ? 2.0F : 1.0F;
+      points.push_back({length * std::cos(angle), length * std::sin(angle), 0});
+    }
+    points.push_back({0, 0, 0});
+    std::vector<vtkIdType> corners(points.size());
+    std::iota(corners.begin(), corners.end(), 0);
+    auto mesh = makePolyData(points, {.polys = {corners}});
+    EXPECT_EQ(unfoldFans(mesh), rays > 100 ? 1 : 0);
   }
 }
 

@@ -1,5 +1,6 @@
 #include "SceneFixture.h"
 #include "support/Files.h"
+#include "support/Meshes.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>
@@ -186,6 +187,16 @@ TEST_F(SceneFileReaderTest, BoundsTheBytesThatASmallArchiveHas) {
       "can hold.<br>Your file may be corrupt. | ::p");
 }
 
+TEST_F(SceneFileReaderTest, BoundsTheNormalsOfASmallArchive) {
+  SceneFileReader reader = open(ArchiveBuilder().text("x", ""));
+  reader.countNormals(ReadingLimits::BYTES_OF_SMALL_ARCHIVE / 12);
+  for (const bool areOfPoints : {true, false}) {
+    EXPECT_EQ(failureOf([&] { reader.getDecoded().getNormals(*makeRectangle(0, 1, 0, 1), areOfPoints); }),
+              "IOException: Normals cannot be computed: the scene asks for more data than an archive of this "
+              "size can hold.<br>Your file may be corrupt. | ::");
+  }
+}
+
 TEST_F(SceneFileReaderTest, ExpandsNoEntitiesWithoutEnd) {
   std::string xml = "<!DOCTYPE a [<!ENTITY e0 \"0123456789\">";
   for (int i = 1; i < 12; ++i) {
@@ -196,6 +207,15 @@ TEST_F(SceneFileReaderTest, ExpandsNoEntitiesWithoutEnd) {
     EXPECT_THAT(failureOf([&] { parse(xml + "]>" + use); }),
                 testing::StartsWith("XMLException: Parse error in scene.xml at line"));
   }
+}
+
+TEST_F(SceneFileReaderTest, ReadsOnlySoManyDeclarations) {
+  const auto failureOfCount = [&](std::size_t count) {
+    return failureOf(
+        [&] { parse("<!DOCTYPE a [" + repeated("<!ATTLIST b c CDATA 'd'>", count) + "]><a/>"); });
+  };
+  EXPECT_EQ(failureOfCount(10'000), "");
+  EXPECT_THAT(failureOfCount(10'001), testing::HasSubstr("declares more than 10000 attributes at line 1"));
 }
 
 TEST_F(SceneFileReaderTest, KeepsFindingsWithTheirPlace) {

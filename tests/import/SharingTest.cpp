@@ -2,6 +2,7 @@
 // of the same entries all the same is in tests/data/expected/conversion/shared.txt.
 
 #include "SceneFixture.h"
+#include <vemo/import/decorations/Image.h>
 #include <vemo/import/geometry/GeometryItem.h>
 #include <vemo/scenegraph/Traversal.h>
 #include <vemo/scenegraph/drawables/GeometryDrawable.h>
@@ -13,6 +14,7 @@
 #include <vtkPointData.h>
 #include <vtkPoints.h>
 #include <vtkPolyData.h>
+#include <vtkUnsignedCharArray.h>
 
 #include <map>
 #include <string>
@@ -90,6 +92,20 @@ TEST_F(SharedEntriesTest, HasOnePolyDataForItemsThatAreAlike) {
   EXPECT_EQ(found[1], found[0]);
   EXPECT_NE(found[2], found[0]) << "other normals";
   EXPECT_NE(found[3], found[0]) << "an array";
+}
+
+TEST_F(SharedEntriesTest, HasThePixelsOfImagesOnce) {
+  _archive.bytes("grey", {1, 2, 3, 4});
+  const std::string image = "<image3d version='1' pixels='grey' width='2' height='1' components=";
+  const auto scene = read(image + "'2'/>" + image + "'2'/>" + image.substr(0, image.find("2'")) +
+                          "1' height='1' components='4'/>");
+  std::vector<vtkUnsignedCharArray*> pixels;
+  for (const auto& item : scene->getChildren()) {
+    pixels.push_back(dynamic_cast<const Image&>(*item).getPixels());
+  }
+  ASSERT_EQ(pixels.size(), 3U);
+  EXPECT_EQ(pixels[1], pixels[0]);
+  EXPECT_NE(pixels[2], pixels[0]);
 }
 
 TEST_F(SharedEntriesTest, CountsWhatIsSharedOnce) {

@@ -1,11 +1,15 @@
 #include "render/SceneWindow.h"
 #include <vemo/scenegraph/drawables/ImageDrawable.h>
 
+#include <vtkActor.h>
 #include <vtkCellData.h>
+#include <vtkCollectionRange.h>
+#include <vtkPropCollection.h>
 #include <vtkUnsignedCharArray.h>
 
 #include <cmath>
 #include <gtest/gtest.h>
+#include <set>
 
 namespace vemo {
 
@@ -115,6 +119,29 @@ TEST(ImageTest, IsCutByPlanesUnlessItSaysNo) {
       EXPECT_NEAR(box.right, 0.75 * SIZE, 1) << planes;
     }
   }
+}
+
+TEST(ImageTest, HasOneTextureHoweverOftenItIsShown) {
+  RenderScene scene;
+  const auto pixels = makeArray<vtkUnsignedCharArray>("pixels", {255});
+  for (int i = 0; i < 2; ++i) {
+    auto& image = scene.drawables().findOrCreate<lum::ImageDrawable>(std::to_string(i));
+    image.getImageAttributes().setPixels(pixels, 1, 1);
+    image.getImageAttributes().setCoordinateSpace(lum::CoordinateSpace::MODEL);
+    repeat(image, {0.1, 0, 0}, 3);
+  }
+  std::set<vtkTexture*> textures;
+  int actors = 0;
+  SceneWindow(scene).forEachLayer([&](vtkRenderer& layer) {
+    for (vtkObject* const prop : vtk::Range(layer.GetViewProps())) {
+      if (auto* const actor = vtkActor::SafeDownCast(prop)) {
+        textures.insert(actor->GetTexture());
+        ++actors;
+      }
+    }
+  });
+  EXPECT_EQ(actors, 6);
+  EXPECT_EQ(textures.size(), 1U);
 }
 
 TEST(LegendTest, ShowsAsManyNumbersAsFitAndDrawsUnusableTexts) {

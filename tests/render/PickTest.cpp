@@ -3,6 +3,7 @@
 #include <vtkPointData.h>
 #include <vtkPoints.h>
 
+#include <cmath>
 #include <gtest/gtest.h>
 #include <numbers>
 #include <optional>
@@ -84,6 +85,7 @@ TEST_F(PickingTest, NumbersCellsOfAllKinds) {
                      {-0.8, 0.8, {1, 0}, "on a line"},
                      {-0.55, 0.41, {2, 3}, "beside a line"},
                      {-0.55, 0.5, NOTHING, "far from a line"},
+                     {-0.45, 0.8, NOTHING, "beyond its end"},
                      {0.05, 0.3, {3, 8}, "left of the notch"},
                      {0.35, 0.3, {3, 6}, "right of the notch"},
                      {0.2, 0.3, NOTHING, "in the notch"},
@@ -112,13 +114,14 @@ TEST_F(PickingTest, FindsLinesAndPointsBeforeTheFacesThatTheyLieOn) {
   scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 1, 1});
   const auto& line =
       scene.add<lum::PolyLineDrawable>(makePolyData(flat({-0.5F, 0, 0.5F, 0}), {.lines = {{0, 1}}}));
-  const auto& points = scene.add<lum::PointSphereDrawable>(makePolyData(flat({0, 0.5F, 0.5F, 0.5F}), {}));
+  const auto& points =
+      scene.add<lum::PointSphereDrawable>(makePolyData(flat({0, 0.5F, NAN, 0, 0.5F, 0.5F}), {}));
   EXPECT_EQ(pick(0.2, 0.02)->drawable, &line);
   EXPECT_NE(pick(0.2, 0.2)->drawable, &line);
   const auto point = pick(0.5, 0.51);
   EXPECT_EQ(point->drawable, &points);
   EXPECT_EQ(point->cell, -1) << "no cell names it";
-  EXPECT_EQ(point->point, 1);
+  EXPECT_EQ(point->point, 2);
   expectNear(point->pointPosition, {0.5, 0.5, 0});
 }
 
@@ -156,6 +159,42 @@ TEST_F(PickingTest, FindsNothingThatIsCutAwayOrHidden) {
   EXPECT_EQ(pick(0.2, 0)->drawable, &cut);
   EXPECT_FALSE(pick(-0.2, 0));
   EXPECT_EQ(pick(0.7, 0)->drawable, &behind);
+}
+
+TEST_F(PickingTest, FindsNothingThatIsNotDrawn) {
+  scene.clip({0, 0, 1}, {0, 0, 0});
+  scene.addSurface(makeRectangle(-0.9F, -0.7F, 0.7F, 0.9F, 6), {1, 1, 1});
+  scene.addSurface(makeRectangle(-0.5F, -0.3F, 0.7F, 0.9F, -1), {1, 1, 1});
+  scene.addSurface(
+      makePolyData(flat({0, 0.5F, 0.2F, 0.5F, 0.2F, 0.9F, NAN, NAN, 0.4F, 0.5F, 0.6F, 0.5F, 0.6F, 0.9F}),
+                   {.polys = {{0, 1, 2, 3}, {4, 5, 6}}}),
+      {1, 1, 1});
+  auto& wires = scene.addSurface(
+      makePolyData(flat({-0.9F, -0.9F, -0.8F, -0.9F, -0.8F, -0.8F, 0, -0.8F, 0.1F, -0.9F, 0.1F, -0.8F}),
+                   {.polys = {{0, 1, 2}, {}, {3, 4, 5}}}),
+      {1, 1, 1});
+  wires.getAttributes<lum::SurfaceAttributes>().setShaded(false);
+  wires.getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
+  scene.add<lum::PolyLineDrawable>(makePolyData({{-0.5F, 0, 0}, {-0.5F, 0, 1}}, {.lines = {{0, 1}}}));
+  scene.add<lum::PointSphereDrawable>(makePolyData(flat({0.95F, -0.95F}), {}))
+      .getAttributes<lum::PointSizeAttributes>()
+      .setPointSize(4000);
+  struct {
+    double x, y;
+    bool isFound;
+    const char* where;
+  } const cases[] = {{-0.8, 0.8, false, "behind the camera"},
+                     {-0.4, 0.8, false, "behind a plane"},
+                     {0.15, 0.6, false, "a polygon with a corner that is not a number"},
+                     {0.55, 0.6, true, "one beside it"},
+                     {-0.85, -0.9, true, "the edge of a polygon"},
+                     {-0.4, -0.8, false, "between polygons, where one is that has no corners"},
+                     {-0.5, 0, true, "a line that is seen from its end"},
+                     {0.3, -0.95, true, "a large point"},
+                     {-0.05, -0.95, false, "where it would be if it were as large as it says"}};
+  for (const auto& [x, y, isFound, where] : cases) {
+    EXPECT_EQ(pick(x, y).has_value(), isFound) << where;
+  }
 }
 
 /// Meshes of any shape, seen in perspective, each in its own colour.

@@ -1,6 +1,8 @@
 #include "support/Files.h"
 #include "support/TemporaryFolder.h"
 #include "vemoview/render/PixelMeans.h"
+#include "vemoview/render/context/EglRenderWindow.h"
+#include "vemoview/render/decorations/LegendTicks.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/render/Picture.h>
 #include <vemo/render/RenderErrors.h>
@@ -62,13 +64,48 @@ TEST(PictureTest, TakesTheMeansOfSquares) {
   EXPECT_EQ(means, (std::array<std::uint8_t, 6>{128, 2, 0, 0, 0, 25}));
   averageSquares(std::span(rows).first(8), 1, means);
   EXPECT_EQ(means, (std::array<std::uint8_t, 6>{255, 0, 0, 0, 0, 0}));
-  EXPECT_THROW(averageSquares(rows, 3, means), InternalError);
+  EXPECT_THROW(averageSquares(std::span(rows).first(18), 3, std::span(means).first(0)), InternalError);
+  EXPECT_THROW(averageSquares(std::span(rows).first(0), 3, std::span(means).first(0)), InternalError);
 }
 
 TEST(PictureTest, RefusesPixelsThatItDoesNotHave) {
   EXPECT_THROW(Picture(0, 1), InternalError);
   EXPECT_THROW(Picture(2, 2).at(2, 0), InternalError);
   EXPECT_THROW(Picture(2, 2).at(0, -1), InternalError);
+  EXPECT_THROW(Picture(2, 2, 5), InternalError);
+  EXPECT_THROW(Picture::withOpacity(Picture(2, 2), Picture(2, 1)), InternalError);
+  EXPECT_THROW(Picture::of(*EglRenderWindow::open(3, 3), 2), InternalError);
+}
+
+TEST(PictureTest, IsNoMoreThanOpaque) {
+  Picture onBlack(1, 1);
+  onBlack.set(0, 0, {9, 0, 0});
+  EXPECT_EQ(Picture::withOpacity(onBlack, Picture(1, 1)).getBytes(),
+            (std::vector<std::uint8_t>{9, 0, 0, 255}));
+}
+
+TEST(LegendTicksTest, AreAtNumbersOfTheRange) {
+  struct {
+    Vector<2, double> range;
+    bool isLog;
+    int count;
+    std::vector<double> values;
+  } const cases[] = {{{0, 10}, false, 3, {0, 5, 10}},
+                     {{0, 10}, false, 1, {0}},
+                     {{0, 10}, false, -1, {}},
+                     {{5, 5}, false, 3, {5}},
+                     {{5, 5}, true, 3, {5}},
+                     {{1, 1000}, true, 4, {1, 10, 100, 1000}},
+                     {{1, 1e6}, true, 3, {1, 1e3, 1e6}},
+                     {{1, 1000}, true, 1, {1}}};
+  for (const auto& [range, isLog, count, values] : cases) {
+    std::vector<double> found;
+    for (const LegendTick& tick : makeLegendTicks(range, isLog, count)) {
+      found.push_back(tick.value);
+      EXPECT_TRUE(tick.place >= 0.0 && tick.place <= 1.0);
+    }
+    EXPECT_EQ(found, values) << range[1] << ", " << count;
+  }
 }
 
 }  // namespace

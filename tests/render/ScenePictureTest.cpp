@@ -268,6 +268,16 @@ TEST(ScenePictureTest, RefusesSizesThatOpenGlDoesNotDraw) {
   const RenderScene scene;
   EXPECT_THROW(renderPicture(scene.node(), {1 << 20, 1}), RenderingUnavailable);
   EXPECT_THROW(renderPicture(scene.node(), {0, 1}), InternalError);
+  EXPECT_THROW(renderPicture(scene.node(), {.width = 1, .height = 1, .scale = 0.0}), InternalError);
+}
+
+TEST(ScenePictureTest, IsDrawnInTheLeastAndGreatestSizes) {
+  RenderScene scene;
+  scene.addSurface(makeRectangle(-9999, 9999, -1, 1), {1, 0, 0});
+  const Picture dot = renderPicture(scene.node(), {.width = 9, .height = 3, .scale = 0.01});
+  EXPECT_EQ(dot.getWidth() * dot.getHeight(), 1);
+  // Twice as large, for smooth edges, it is too large for OpenGL.
+  EXPECT_EQ(renderPicture(scene.node(), {.width = 10000, .height = 2}).at(5000, 1), RED);
 }
 
 TEST(ScenePictureTest, LeavesTheHostItsContext) {

@@ -25,10 +25,15 @@ class SceneWindow {
 
   /// All cameras go round what they look at.
   void turn(double degrees) {
+    forEachLayer([degrees](vtkRenderer& layer) { layer.GetActiveCamera()->Azimuth(degrees); });
+  }
+
+  template <class Action>
+  void forEachLayer(const Action& action) {
     vtkCollectionSimpleIterator place = nullptr;
     vtkRendererCollection& renderers = *_window->GetRenderers();
     for (renderers.InitTraversal(place); vtkRenderer* const layer = renderers.GetNextRenderer(place);) {
-      layer->GetActiveCamera()->Azimuth(degrees);
+      action(*layer);
     }
   }
 

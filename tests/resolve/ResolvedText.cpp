@@ -107,11 +107,16 @@ Json toJson(const TextStyle& style) {
 
 struct ContentText {
   Json operator()(const LegendDecoration& legend) const {
-    return {{"legend", legend.title},
-            {"position", toJson(legend.position)},
-            {"size", toJson(legend.size)},
-            {"labelFormat", legend.labelFormat},
-            {"table", toJson(legend.table)}};
+    constexpr int USUAL_LABELS = 5;
+    Json result{{"legend", legend.title},
+                {"position", toJson(legend.position)},
+                {"size", toJson(legend.size)},
+                {"labelFormat", legend.labelFormat},
+                {"table", toJson(legend.table)}};
+    if (legend.labelCount != USUAL_LABELS) {
+      result["labelCount"] = legend.labelCount;
+    }
+    return result;
   }
   Json operator()(const TextDecoration& text) const {
     return {{"text", text.text},
@@ -133,7 +138,25 @@ struct ContentText {
     for (const Vector3& axis : triad.axes) {
       axes.push_back(toJson(axis));
     }
-    return {{"triad", triad.labels ? Json(*triad.labels) : Json()}, {"axes", axes}};
+    Json result{{"triad", triad.labels ? Json(*triad.labels) : Json()}, {"axes", axes}};
+    if (triad.labelHeight != TriadDecoration().labelHeight) {
+      result["labelHeight"] = toJson(triad.labelHeight);
+    }
+    return result;
+  }
+};
+
+/// The ground, unless it is black or white.
+struct GroundText {
+  std::string operator()(const SolidBackground& ground) const {
+    const bool isUsual = ground.color == Vector3{0, 0, 0} || ground.color == Vector3{1, 1, 1};
+    return isUsual ? "" : "ground " + toJson(ground.color).dump() + "\n";
+  }
+  std::string operator()(const LinearBackground& ground) const {
+    return "ground " + toJson(ground.corners.front()).dump() + toJson(ground.corners.back()).dump() + "\n";
+  }
+  std::string operator()(const RadialBackground& ground) const {
+    return "ground " + toJson(ground.center).dump() + toJson(ground.corners).dump() + "\n";
   }
 };
 
@@ -174,7 +197,7 @@ std::string textOf(const ResolvedCanvas& canvas) {
 }  // namespace
 
 std::string resolvedText(const ResolvedScene& scene) {
-  std::string text;
+  std::string text = std::visit(GroundText(), scene.background);
   for (const ResolvedCanvas& canvas : scene.canvases) {
     text += textOf(canvas);
   }

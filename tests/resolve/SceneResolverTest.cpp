@@ -1,13 +1,16 @@
 // What the texts of ResolutionTest do not show.
 
 #include "support/SceneBuilder.h"
+#include <vemo/base/InternalError.h>
 #include <vemo/resolve/SceneResolver.h>
 #include <vemo/resolve/SceneTooLarge.h>
 
 #include <vtkCellData.h>
 #include <vtkPointData.h>
 
+#include <cmath>
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace vemo {
 
@@ -21,6 +24,30 @@ TEST(SceneResolverTest, SharesArraysWithTheNodesThatItNames) {
   EXPECT_EQ(mesh.drawable, &surface);
   EXPECT_EQ(mesh.node, surface.getNodes()[0].get());
   EXPECT_EQ(mesh.geometry->GetPoints()->GetData(), geometry->GetPoints()->GetData());
+}
+
+TEST(SceneResolverTest, CopiesOfPointsThatCannotBeDrawnOnlyThoseThatAreUsed) {
+  SceneBuilder scene;
+  const auto geometry =
+      makePolyData(flat({NAN, 0, 0, 0, 1, 0, 1, 1, 2, 2}), {.lines = {{3, 2}}, .polys = {{1, 2, 3}}});
+  geometry->GetPointData()->AddArray(makeArray("pressure", {0, 1, 2, 3, 4}));
+  geometry->GetCellData()->AddArray(makeArray("id", {7, 8}));
+  scene.addSurface(geometry, {1, 0, 0});
+  scene.add<lum::PointSphereDrawable>(geometry, {1, 0, 0});
+  SceneResolver resolver(scene.node(), MeshArrays::ALL);
+  const auto meshes = resolver.resolve().canvases.at(0).meshes;
+  ASSERT_EQ(meshes.size(), 3U);
+  const std::vector<std::vector<vtkIdType>> expected{{1, 2, 3}, {3, 2}, {1, 2, 3, 4}};
+  for (std::size_t i = 0; i < meshes.size(); ++i) {
+    const auto& [drawn, numbers] = std::tie(meshes[i].geometry, meshes[i].pointNumbers);
+    EXPECT_EQ(std::vector<vtkIdType>(numbers->begin(), numbers->end()), expected[i]);
+    ASSERT_EQ(drawn->GetNumberOfPoints(), numbers->GetNumberOfIds());
+    for (vtkIdType point = 0; point < numbers->GetNumberOfIds(); ++point) {
+      EXPECT_EQ(drawn->GetPointData()->GetArray("pressure")->GetComponent(point, 0), numbers->GetId(point));
+      EXPECT_EQ(drawn->GetPoint(point)[1], geometry->GetPoint(numbers->GetId(point))[1]);
+    }
+  }
+  EXPECT_EQ(meshes[0].geometry->GetCellData()->GetArray("id")->GetComponent(0, 0), 8);
 }
 
 TEST(SceneResolverTest, ResolvesOnlyWhatBecomesVisible) {
@@ -41,6 +68,7 @@ TEST(SceneResolverTest, ResolvesOnlyWhatBecomesVisible) {
   const CanvasUpdate again = resolver.update(0);
   EXPECT_TRUE(again.visible.contains(&first));
   EXPECT_TRUE(again.meshes.empty());
+  EXPECT_THROW(resolver.update(1), InternalError);
 }
 
 TEST(SceneResolverTest, LimitsNestedRepeats) {

@@ -4,6 +4,7 @@
 #include <vemo/resolve/InstanceTransforms.h>
 #include <vemo/scenegraph/coloring/ColorTable.h>
 
+#include <vtkIdList.h>
 #include <vtkSmartPointer.h>
 
 #include <memory>
@@ -38,6 +39,8 @@ struct MeshInstance {
   /// lines, or vertices, as the appearance's kind says. Arrays that fit. It shares
   /// memory with the scene and with other instances.
   vtkSmartPointer<vtkPolyData> geometry;
+  /// Those that its points have in the node; null if they are the same.
+  vtkSmartPointer<vtkIdList> pointNumbers;
   Appearance appearance;
   /// Red, green, blue in 0..1: the colour of the whole mesh unless there are
   /// scalars.

@@ -81,7 +81,7 @@ vtkSmartPointer<vtkDataArray> selectTuples(vtkDataArray& array, vtkIdList& numbe
   return selected;
 }
 
-void selectCellData(vtkCellData& from, vtkCellData& to, vtkIdList& numbers) {
+void selectData(vtkDataSetAttributes& from, vtkDataSetAttributes& to, vtkIdList& numbers) {
   for (int i = 0; i < from.GetNumberOfArrays(); ++i) {
     if (vtkDataArray* const array = from.GetArray(i)) {
       const int index = to.AddArray(selectTuples(*array, numbers));
@@ -144,9 +144,43 @@ vtkSmartPointer<vtkPolyData> copyCells(vtkPolyData& geometry, CellKinds kinds, c
     }
     firstNumber += cells.GetNumberOfCells();
   }
-  selectCellData(*geometry.GetCellData(), *copy->GetCellData(), *numbers);
+  selectData(*geometry.GetCellData(), *copy->GetCellData(), *numbers);
   return copy;
 }
+
+/// Numbers the points in the order in which cells use them.
+class PointNumbering {
+ public:
+  /// @param former gets the numbers that they have had
+  PointNumbering(vtkIdType points, vtkIdList& former)
+      : _numbers(static_cast<std::size_t>(points), -1), _former(former) {}
+
+  vtkNew<vtkCellArray> apply(vtkCellArray& cells) {
+    vtkNew<vtkCellArray> result;
+    if (!cells.IsStorage64Bit()) {
+      result->Use32BitStorage();
+    }
+    forEachCell(cells, [&](auto corners) {
+      result->InsertNextCell(static_cast<int>(corners.size()));
+      for (const auto point : corners) {
+        result->InsertCellPoint(numberOf(point));
+      }
+    });
+    return result;
+  }
+
+ private:
+  vtkIdType numberOf(vtkIdType point) {
+    vtkIdType& number = _numbers[static_cast<std::size_t>(point)];
+    if (number < 0) {
+      number = _former.InsertNextId(point);
+    }
+    return number;
+  }
+
+  std::vector<vtkIdType> _numbers;
+  vtkIdList& _former;
+};
 
 }  // namespace
 
@@ -175,6 +209,20 @@ vtkSmartPointer<vtkPolyData> pointsAsVertices(vtkPolyData& geometry) {
   }
   copy->SetVerts(vertices);
   return copy;
+}
+
+vtkSmartPointer<vtkPolyData> withUsedPoints(vtkPolyData& geometry, vtkIdList& numbers) {
+  auto result = vtkSmartPointer<vtkPolyData>::New();
+  PointNumbering numbering(geometry.GetNumberOfPoints(), numbers);
+  for (const CellKindTraits& kind : CELL_KINDS) {
+    kind.set(*result, numbering.apply(*kind.get(geometry)));
+  }
+  vtkNew<vtkPoints> points;
+  points->SetData(selectTuples(*geometry.GetPoints()->GetData(), numbers));
+  result->SetPoints(points);
+  selectData(*geometry.GetPointData(), *result->GetPointData(), numbers);
+  result->GetCellData()->ShallowCopy(geometry.GetCellData());
+  return result;
 }
 
 }  // namespace vemo

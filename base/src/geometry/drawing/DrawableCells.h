@@ -5,6 +5,7 @@
 
 #include <vtkSmartPointer.h>
 
+class vtkIdList;
 class vtkPolyData;
 
 namespace vemo {
@@ -23,5 +24,9 @@ VEMO_GEOMETRY_EXPORT vtkSmartPointer<vtkPolyData> drawableCells(vtkPolyData& geo
 
 /// A vertex for every finite point, without cell data.
 VEMO_GEOMETRY_EXPORT vtkSmartPointer<vtkPolyData> pointsAsVertices(vtkPolyData& geometry);
+
+/// A copy with the points that cells use, and no others. It shares the cells' data.
+/// @param numbers gets the numbers that the points have had
+VEMO_GEOMETRY_EXPORT vtkSmartPointer<vtkPolyData> withUsedPoints(vtkPolyData& geometry, vtkIdList& numbers);
 
 }  // namespace vemo

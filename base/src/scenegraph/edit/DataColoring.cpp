@@ -58,8 +58,7 @@ void forEachArray(const GeometryDrawable& drawable, DataLocation location, Visit
       continue;
     }
     for (const auto& array : arraysAt(*mesh, location)) {
-      if (array->GetName() != nullptr && array->GetNumberOfComponents() > 0 &&
-          array->GetNumberOfTuples() == countAt(*mesh, location)) {
+      if (array->GetName() != nullptr && array->GetNumberOfTuples() == countAt(*mesh, location)) {
         visit(*array);
       }
     }

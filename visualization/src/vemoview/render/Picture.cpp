@@ -41,7 +41,7 @@ void addOpacity(const std::uint8_t* onBlack, const std::uint8_t* onWhite, std::u
   }
   opacity = std::min(opacity, OPAQUE);
   for (std::ptrdiff_t i = 0; i < Picture::CHANNELS && opacity > 0; ++i) {
-    to[i] = static_cast<std::uint8_t>(std::min(OPAQUE, (onBlack[i] * OPAQUE + opacity / 2) / opacity));
+    to[i] = static_cast<std::uint8_t>((onBlack[i] * OPAQUE + opacity / 2) / opacity);
   }
   to[Picture::CHANNELS] = static_cast<std::uint8_t>(opacity);
 }

@@ -45,11 +45,11 @@ void ItemBuilder::add(const std::vector<MeshInstance>& meshes, bool areVisible, 
   }
 }
 
-void ItemBuilder::add(const std::vector<Decoration>& decorations, bool areVisible,
-                      const CanvasResources& resources, const CanvasCameras& cameras) {
+void ItemBuilder::add(const std::vector<Decoration>& decorations, bool areVisible, CanvasResources& resources,
+                      const CanvasCameras& cameras) {
   for (const Decoration& decoration : decorations) {
     PropGroup& group = addGroup(*decoration.drawable, areVisible, *resources.renderer);
-    addProps(decoration, cameras, *resources.clipPlanes, group);
+    addProps(decoration, cameras, resources, group);
     group.show(false);
   }
 }

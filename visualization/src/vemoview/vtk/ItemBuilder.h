@@ -21,7 +21,7 @@ class ItemBuilder {
 
   /// Of a canvas. The items are visible in the scene, or not.
   void add(const std::vector<MeshInstance>& meshes, bool areVisible, CanvasResources& resources);
-  void add(const std::vector<Decoration>& decorations, bool areVisible, const CanvasResources& resources,
+  void add(const std::vector<Decoration>& decorations, bool areVisible, CanvasResources& resources,
            const CanvasCameras& cameras);
 
   ImportedItems finish();

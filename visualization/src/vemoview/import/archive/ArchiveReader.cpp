@@ -33,7 +33,8 @@ Array_t<unsigned char> ArchiveReader::loadEntry(const std::string& entryName,
   if (!_archive.isSizePossible(entryName)) {
     failIncomplete(entryName);
   }
-  addBytesRead(size, entryName);
+  _bytesRead += static_cast<std::uint64_t>(size);
+  requireData("Entry '" + entryName + "' cannot be read", entryName);
   // Not set to zero beforehand: the archive does so with what it does not fill.
   auto block = std::make_unique_for_overwrite<unsigned char[]>(static_cast<std::size_t>(size));
   OS::preferHugePages(block.get(), static_cast<std::size_t>(size));
@@ -67,12 +68,18 @@ std::vector<std::string> ArchiveReader::getUnusedEntries() const {
   return unused;
 }
 
-void ArchiveReader::addBytesRead(int size, const std::string& entryName) {
-  _bytesRead += static_cast<std::uint64_t>(size);
-  if (_bytesRead > getLimits().bytes) {
-    failAt<IOException>("Entry '" + entryName +
-                            "' cannot be read: the scene asks for more data than an archive of this size can "
-                            "hold.<br>Your file may be corrupt.",
+void ArchiveReader::countNormals(std::int64_t count) {
+  constexpr std::uint64_t BYTES = 3 * sizeof(float);
+  _normalBytes += BYTES * static_cast<std::uint64_t>(count);
+  requireData("Normals cannot be computed", "");
+}
+
+/// @param what fails if there is too much
+void ArchiveReader::requireData(const std::string& what, const std::string& entryName) const {
+  if (_bytesRead + _normalBytes > getLimits().bytes) {
+    failAt<IOException>(what +
+                            ": the scene asks for more data than an archive of this size can hold.<br>Your "
+                            "file may be corrupt.",
                         entryName);
   }
 }

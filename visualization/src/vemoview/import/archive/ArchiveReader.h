@@ -44,6 +44,10 @@ class ArchiveReader {
   /// Reports what is wrong with the content of an entry that was read.
   void reportContent(const std::string& entryName);
 
+  /// Before so many normals are computed: throws IOException when they, and what was read, are
+  /// more than the archive can hold.
+  void countNormals(std::int64_t count);
+
   /// In all.
   std::uint64_t countBytesRead() const { return _bytesRead; }
 
@@ -59,10 +63,11 @@ class ArchiveReader {
 
   Array_t<unsigned char> loadEntry(const std::string& entryName, const ZipFileReader::Convert& convert);
   Array_t<unsigned char> loadWords(const std::string& entryName, const char* kind);
-  void addBytesRead(int size, const std::string& entryName);
+  void requireData(const std::string& what, const std::string& entryName) const;
 
   ZipFileReader _archive;
   std::uint64_t _bytesRead = 0;
+  std::uint64_t _normalBytes = 0;
   /// Those asked for.
   std::map<std::string, ZipFileReader::ContentFlaws> _used;
   DecodedEntries _decoded{*this};

@@ -12,6 +12,7 @@
 #include <vtkPointData.h>
 #include <vtkPoints.h>
 #include <vtkPolyData.h>
+#include <vtkUnsignedCharArray.h>
 
 #include <utility>
 
@@ -112,6 +113,20 @@ vtkSmartPointer<vtkFloatArray> DecodedEntries::copyArray(const std::string& entr
   return array;
 }
 
+vtkSmartPointer<vtkUnsignedCharArray> DecodedEntries::getPixels(const std::string& entry, int components) {
+  auto& pixels = _pixels[{entry, components}];
+  if (pixels != nullptr) {
+    _archive.reportContent(entry);
+    return pixels;
+  }
+  ArrayOwner<unsigned char> bytes(_archive.readEntry(entry));
+  const vtkIdType count = bytes.count();
+  pixels = vtkSmartPointer<vtkUnsignedCharArray>::New();
+  pixels->SetNumberOfComponents(components);
+  adoptBlock(*pixels, bytes.releaseBlock(), count);
+  return pixels;
+}
+
 const ImportedCells& DecodedEntries::getCells(const std::string& entry, CellKind kind, vtkIdType pointCount) {
   const std::tuple key(entry, kind, pointCount);
   const auto known = _cells.find(key);
@@ -133,6 +148,8 @@ vtkSmartPointer<vtkFloatArray> DecodedEntries::getNormals(vtkPolyData& polyData,
                   polyData.GetStrips()};
   auto& normals = _normals[{mesh, areOfPoints}];
   if (normals == nullptr) {
+    const vtkIdType count = areOfPoints ? polyData.GetNumberOfPoints() : polyData.GetNumberOfCells();
+    _archive.countNormals(count);
     normals = areOfPoints ? pointNormals(polyData) : cellNormals(polyData);
   }
   return normals;

@@ -13,6 +13,7 @@
 class vtkFloatArray;
 class vtkPoints;
 class vtkPolyData;
+class vtkUnsignedCharArray;
 
 namespace vemo {
 
@@ -42,6 +43,10 @@ class DecodedEntries {
   /// Such an array that the caller alone has.
   vtkSmartPointer<vtkFloatArray> copyArray(const std::string& entry, const std::string& name, int components);
 
+  /// The bytes of an entry, of which each pixel has some. Throws as
+  /// ArchiveReader::readEntry does.
+  vtkSmartPointer<vtkUnsignedCharArray> getPixels(const std::string& entry, int components);
+
   /// Throws as importCells and ArchiveReader::readIntBuffer do.
   const ImportedCells& getCells(const std::string& entry, CellKind kind, vtkIdType pointCount);
 
@@ -49,7 +54,8 @@ class DecodedEntries {
   /// its own. Throws as ArchiveReader::readIntBuffer does.
   void checkCells(const std::string& entry);
 
-  /// Of the points or else the cells of a poly data that was made of entries.
+  /// Of the points or else the cells of a poly data that was made of entries. Counts as data
+  /// that is read from the archive: very many cells may share very many points.
   vtkSmartPointer<vtkFloatArray> getNormals(vtkPolyData& polyData, bool areOfPoints);
 
   /// The first poly data that has the very same points, cells and arrays, from now
@@ -69,6 +75,7 @@ class DecodedEntries {
 
   std::map<std::string, vtkSmartPointer<vtkPoints>> _points;
   std::map<std::tuple<std::string, std::string, int>, vtkSmartPointer<vtkFloatArray>> _arrays;
+  std::map<std::pair<std::string, int>, vtkSmartPointer<vtkUnsignedCharArray>> _pixels;
   std::map<std::tuple<std::string, CellKind, vtkIdType>, ImportedCells> _cells;
   /// By the points and the cells of each kind.
   using Mesh = std::array<vtkSmartPointer<vtkObject>, 1 + CELL_KINDS.size()>;

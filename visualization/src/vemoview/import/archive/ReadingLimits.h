@@ -19,6 +19,9 @@ struct ReadingLimits {
   /// Reading and converting items is recursive.
   static constexpr std::size_t MAX_DEPTH = 128;
 
+  /// Of attributes, in the document type: the parser compares each with all before it.
+  static constexpr std::uint64_t MAX_DECLARATIONS = 10'000;
+
   static constexpr std::uint64_t ELEMENTS_PER_BYTE = 16;
   static constexpr std::uint64_t ELEMENTS_OF_SMALL_ARCHIVE = 500'000;
 

@@ -1,4 +1,3 @@
-#include "geometry/AdoptedArray.h"
 #include "vemoview/import/Failure.h"
 #include "vemoview/import/items/ItemDrawable.h"
 #include "vemoview/import/reading/KeyTable.h"
@@ -116,12 +115,7 @@ void Image::read(const QxElement& element, SceneFileReader* reader) {
 
 void Image::readPixels(const PixelSource& source, SceneFileReader& reader) {
   checkSize(source, reader.getArchive().getSize(*source.entry));
-  ArrayOwner<unsigned char> bytes(reader.readEntry(*source.entry));
-  auto pixels = vtkSmartPointer<vtkUnsignedCharArray>::New();
-  pixels->SetNumberOfComponents(source.components);
-  const vtkIdType count = bytes.count();
-  adoptBlock(*pixels, bytes.releaseBlock(), count);
-  setPixels(pixels, source.width, source.height);
+  setPixels(reader.getDecoded().getPixels(*source.entry, source.components), source.width, source.height);
 }
 
 void Image::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int /*level*/,

@@ -35,6 +35,7 @@ class TreeBuilder {
     XML_SetUserData(_parser.get(), this);
     XML_SetElementHandler(_parser.get(), startElement, endElement);
     XML_SetCharacterDataHandler(_parser.get(), setText);
+    XML_SetAttlistDeclHandler(_parser.get(), countDeclaration);
     XML_SetNotStandaloneHandler(_parser.get(), noteDeclarationsOutside);
     XML_SetExternalEntityRefHandler(_parser.get(), noteEntityOutside);
   }
@@ -72,6 +73,17 @@ class TreeBuilder {
   static void setText(void* user, const char* text, int length) {
     auto& builder = *static_cast<TreeBuilder*>(user);
     builder.guard([&] { builder._open.back()->setText({text, static_cast<std::size_t>(length)}); });
+  }
+
+  static void countDeclaration(void* user, const char* /*element*/, const char* /*attribute*/,
+                               const char* /*type*/, const char* /*value*/, int /*isRequired*/) {
+    auto& builder = *static_cast<TreeBuilder*>(user);
+    builder.guard([&] {
+      if (++builder._declarations > ReadingLimits::MAX_DECLARATIONS) {
+        builder.failHere(builder._entryName + " declares more than " +
+                         std::to_string(ReadingLimits::MAX_DECLARATIONS) + " attributes");
+      }
+    });
   }
 
   static int noteDeclarationsOutside(void* user) {
@@ -147,6 +159,7 @@ class TreeBuilder {
   ProgressMeter* _progress;
   XML_Index _reported = 0;
   std::uint64_t _elements = 0;
+  std::uint64_t _declarations = 0;
   /// Of the element that started last.
   int _number = 0;
   std::unique_ptr<std::remove_pointer_t<XML_Parser>, decltype(&XML_ParserFree)> _parser;

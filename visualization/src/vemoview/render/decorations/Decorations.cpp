@@ -18,19 +18,19 @@ namespace {
 struct DecorationAdder {
   void operator()(const LegendDecoration& legend) const { addLegend(legend, group); }
   void operator()(const TextDecoration& text) const { addText(text, group); }
-  void operator()(const ImageDecoration& image) const { addImage(image, clipPlanes, group); }
-  void operator()(const TriadDecoration& triad) const { addTriad(triad, cameras, group); }
+  void operator()(const ImageDecoration& image) const { addImage(image, resources, group); }
+  void operator()(const TriadDecoration& triad) const { addTriad(triad, cameras, resources, group); }
 
   const CanvasCameras& cameras;
-  vtkPlaneCollection& clipPlanes;
+  CanvasResources& resources;
   PropGroup& group;
 };
 
 }  // namespace
 
-void addProps(const Decoration& decoration, const CanvasCameras& cameras, vtkPlaneCollection& clipPlanes,
+void addProps(const Decoration& decoration, const CanvasCameras& cameras, CanvasResources& resources,
               PropGroup& group) {
-  std::visit(DecorationAdder{cameras, clipPlanes, group}, decoration.content);
+  std::visit(DecorationAdder{cameras, resources, group}, decoration.content);
 }
 
 Box framedPlaces(const std::vector<Decoration>& decorations) {
@@ -44,13 +44,10 @@ Box framedPlaces(const std::vector<Decoration>& decorations) {
   return places;
 }
 
-Decorations::Decorations(const CanvasResources& resources)
-    : _renderer(resources.renderer), _clipPlanes(resources.clipPlanes) {}
-
 void Decorations::add(const std::vector<Decoration>& decorations, const CanvasCameras& cameras) {
   for (const Decoration& decoration : decorations) {
-    auto props = std::make_unique<PropGroup>(*_renderer);
-    addProps(decoration, cameras, *_clipPlanes, *props);
+    auto props = std::make_unique<PropGroup>(*_resources.renderer);
+    addProps(decoration, cameras, _resources, *props);
     props->scalePixels(_pixelScale);
     _members.push_back({decoration.drawable, std::move(props)});
   }

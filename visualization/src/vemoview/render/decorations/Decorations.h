@@ -15,7 +15,7 @@ namespace vemo {
 
 /// Adds the props that draw a decoration to a group. The planes clip it if it says so.
 VEMO_RENDER_EXPORT void addProps(const Decoration& decoration, const CanvasCameras& cameras,
-                                 vtkPlaneCollection& clipPlanes, PropGroup& group);
+                                 CanvasResources& resources, PropGroup& group);
 
 /// Around the texts in the model that a picture of all of it includes. VTK knows no
 /// bounds of theirs.
@@ -24,7 +24,8 @@ VEMO_RENDER_EXPORT Box framedPlaces(const std::vector<Decoration>& decorations);
 /// The decorations of a renderer.
 class Decorations {
  public:
-  explicit Decorations(const CanvasResources& resources);
+  /// The resources must outlive it.
+  explicit Decorations(CanvasResources& resources) : _resources(resources) {}
 
   void add(const std::vector<Decoration>& decorations, const CanvasCameras& cameras);
 
@@ -40,8 +41,7 @@ class Decorations {
     std::unique_ptr<PropGroup> props;
   };
 
-  vtkSmartPointer<vtkRenderer> _renderer;
-  vtkSmartPointer<vtkPlaneCollection> _clipPlanes;
+  CanvasResources& _resources;
   std::vector<Member> _members;
   double _pixelScale = 1.0;
 };

@@ -1,5 +1,6 @@
 #include "vemoview/render/decorations/ImageQuad.h"
 
+#include "vemoview/render/vtk/CanvasResources.h"
 #include "vemoview/render/vtk/ClippedInput.h"
 #include "vemoview/render/vtk/Matrix.h"
 #include "vemoview/render/vtk/PropGroup.h"
@@ -12,7 +13,6 @@
 #include <vtkCoordinate.h>
 #include <vtkDataArray.h>
 #include <vtkFloatArray.h>
-#include <vtkImageData.h>
 #include <vtkMatrix4x4.h>
 #include <vtkNew.h>
 #include <vtkPointData.h>
@@ -30,20 +30,6 @@
 namespace vemo {
 
 namespace {
-
-vtkSmartPointer<vtkTexture> makeTexture(const ImageDecoration& image) {
-  vtkNew<vtkImageData> pixels;
-  pixels->SetDimensions(image.width, image.height, 1);
-  pixels->GetPointData()->SetScalars(image.pixels);
-  auto texture = vtkSmartPointer<vtkTexture>::New();
-  texture->SetInputData(pixels);
-  // Bytes are colours already, grey ones too.
-  texture->SetColorModeToDirectScalars();
-  texture->InterpolateOn();
-  texture->RepeatOff();
-  texture->EdgeClampOn();
-  return texture;
-}
 
 /// A parallelogram with an image spread over it once.
 vtkSmartPointer<vtkPolyData> makeQuad(const Vector3& corner, const Vector3& x, const Vector3& y) {
@@ -65,17 +51,17 @@ vtkSmartPointer<vtkPolyData> makeQuad(const Vector3& corner, const Vector3& x, c
   return quad;
 }
 
-void addToModel(const ImageDecoration& image, vtkPolyData* quad, vtkPlaneCollection& clipPlanes,
+void addToModel(const ImageDecoration& image, vtkPolyData* quad, CanvasResources& resources,
                 PropGroup& group) {
   vtkNew<vtkPolyDataMapper> mapper;
   if (image.isClipped) {
-    setClippedInput(*mapper, *quad, clipPlanes, image.transform ? &*image.transform : nullptr);
+    setClippedInput(*mapper, *quad, *resources.clipPlanes, image.transform ? &*image.transform : nullptr);
   } else {
     mapper->SetInputData(quad);
   }
   vtkNew<vtkActor> actor;
   actor->SetMapper(mapper);
-  actor->SetTexture(makeTexture(image));
+  actor->SetTexture(resources.textures.get(image));
   actor->GetProperty()->LightingOff();
   actor->GetProperty()->SetOpacity(image.opacity);
   if (image.transform) {
@@ -84,7 +70,8 @@ void addToModel(const ImageDecoration& image, vtkPolyData* quad, vtkPlaneCollect
   group.add(actor);
 }
 
-void addToWindow(const ImageDecoration& image, vtkPolyData* quad, PropGroup& group) {
+void addToWindow(const ImageDecoration& image, vtkPolyData* quad, CanvasResources& resources,
+                 PropGroup& group) {
   vtkNew<vtkCoordinate> fractions;
   fractions->SetCoordinateSystemToNormalizedViewport();
   vtkNew<vtkPolyDataMapper2D> mapper;
@@ -92,7 +79,7 @@ void addToWindow(const ImageDecoration& image, vtkPolyData* quad, PropGroup& gro
   mapper->SetTransformCoordinate(fractions);
   vtkNew<vtkTexturedActor2D> actor;
   actor->SetMapper(mapper);
-  actor->SetTexture(makeTexture(image));
+  actor->SetTexture(resources.textures.get(image));
   actor->GetProperty()->SetOpacity(image.opacity);
   actor->PickableOff();
   group.add(actor);
@@ -100,12 +87,12 @@ void addToWindow(const ImageDecoration& image, vtkPolyData* quad, PropGroup& gro
 
 }  // namespace
 
-void addImage(const ImageDecoration& image, vtkPlaneCollection& clipPlanes, PropGroup& group) {
+void addImage(const ImageDecoration& image, CanvasResources& resources, PropGroup& group) {
   const auto quad = makeQuad(image.corner, image.xAxis, image.yAxis);
   if (image.isInModel) {
-    addToModel(image, quad, clipPlanes, group);
+    addToModel(image, quad, resources, group);
   } else {
-    addToWindow(image, quad, group);
+    addToWindow(image, quad, resources, group);
   }
 }
 

@@ -22,6 +22,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <map>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -191,38 +192,46 @@ class Legend {
     return {std::max(bar[0], overhang), bar[1] + _titleHeight};
   }
 
-  double titleWidth(const std::string& text, vtkRenderer& renderer) {
+  double titleWidth(const std::string& text, double line, vtkRenderer& renderer) {
     _title.setText(text);
-    _title.setLineHeight(_line, renderer);
+    _title.setLineHeight(line, renderer);
     return _title.getSize(renderer)[0];
+  }
+
+  /// Of a part of the title, which is written once: widths grow as lines do, and a title may
+  /// have hundreds of words.
+  double partWidth(const std::string& part, vtkRenderer& renderer) {
+    constexpr double LINE = 20.0;
+    const auto [width, isNew] = _partWidths.try_emplace(part);
+    if (isNew) {
+      width->second = titleWidth(part, LINE, renderer) / LINE;
+    }
+    return _line * width->second;
   }
 
   /// Breaks a title that is wider than there is room, between words; within a word
   /// only where that is wider than a line can be.
   void wrapTitle(double room, double widest, vtkRenderer& renderer) {
-    if (titleWidth(_legend.title, renderer) <= room) {
+    if (titleWidth(_legend.title, _line, renderer) <= room) {
       return;
     }
+    const double blank = partWidth("n n", renderer) - partWidth("nn", renderer);
     std::string wrapped;
-    std::string line;
+    double width = 0.0;
     std::istringstream words(_legend.title);
     for (std::string word; words >> word;) {
-      word = brokenWord(word, widest, renderer);
-      std::string longer = line;
-      longer.append(line.empty() ? 0 : 1, ' ').append(word);
-      if (!line.empty() && titleWidth(longer, renderer) > room) {
-        wrapped.append(line).append(1, '\n');
-        line = word;
-      } else {
-        line = longer;
-      }
+      const double wordWidth = partWidth(word, renderer);
+      const bool isFirst = wrapped.empty();
+      const bool fits = !isFirst && width + blank + wordWidth <= room;
+      width = fits ? width + blank + wordWidth : wordWidth;
+      wrapped.append(isFirst ? 0 : 1, fits ? ' ' : '\n').append(brokenWord(word, wordWidth, widest));
     }
-    titleWidth(wrapped.append(line), renderer);
+    titleWidth(wrapped, _line, renderer);
   }
 
   /// A word in lines of about the same length.
-  std::string brokenWord(const std::string& word, double room, vtkRenderer& renderer) {
-    const double lines = std::ceil(1.1 * titleWidth(word, renderer) / std::max(room, 1.0));
+  static std::string brokenWord(const std::string& word, double width, double room) {
+    const double lines = std::ceil(1.1 * width / std::max(room, 1.0));
     if (lines < 2.0) {
       return word;
     }
@@ -383,6 +392,8 @@ class Legend {
   double _pixel = 1.0;
   double _line = 0.0;
   double _titleHeight = 0.0;
+  /// Of parts of the title, in heights of a line.
+  std::map<std::string, double> _partWidths;
   /// The width of the widest label.
   double _labelExtent = 0.0;
   std::vector<LegendTick> _ticks;

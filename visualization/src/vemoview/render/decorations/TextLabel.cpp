@@ -52,7 +52,6 @@ TextLabel::TextLabel(const std::string& text, const TextStyle& style, const Text
 }
 
 void TextLabel::setText(const std::string& text) {
-  _mostPixels = greatestLineHeight(text);
   _actor->SetInput(text.c_str());
 }
 
@@ -60,7 +59,7 @@ void TextLabel::setLineHeight(double pixels, vtkRenderer& renderer) {
   // The size of a font is that of its letters, without the space between lines.
   constexpr double LETTERS_PER_LINE = 0.85;
   constexpr double POINTS_PER_INCH = 72.0;
-  const double height = std::min(pixels, _mostPixels);
+  const double height = std::min(pixels, greatestLineHeight(_actor->GetInput(), windowSize(renderer)));
   _actor->SetVisibility(height >= 1.0 && _actor->GetInput()[0] != '\0');
   if (!(height >= 1.0)) {
     return;

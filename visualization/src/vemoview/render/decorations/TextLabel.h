@@ -44,7 +44,6 @@ class TextLabel {
 
  private:
   vtkSmartPointer<vtkTextActor> _actor;
-  double _mostPixels;
 };
 
 }  // namespace vemo

@@ -1,6 +1,7 @@
 #include "vemoview/render/decorations/Triad.h"
 
 #include "vemoview/render/decorations/TextLabel.h"
+#include "vemoview/render/vtk/CanvasResources.h"
 #include "vemoview/render/vtk/MeshActor.h"
 #include "vemoview/render/vtk/PropGroup.h"
 #include "vemoview/render/vtk/Screen.h"
@@ -63,7 +64,7 @@ vtkSmartPointer<vtkPolyData> makeArrow(int axis, const std::array<unsigned char,
   return arrow;
 }
 
-vtkSmartPointer<MeshActor> makeArrows() {
+vtkSmartPointer<vtkPolyDataMapper> makeArrows() {
   constexpr std::array<std::array<unsigned char, 3>, 3> COLORS = {
       {{218, 36, 36}, {26, 152, 40}, {36, 84, 214}}};
   vtkNew<vtkAppendPolyData> all;
@@ -71,10 +72,18 @@ vtkSmartPointer<MeshActor> makeArrows() {
     all->AddInputData(makeArrow(axis, COLORS[static_cast<std::size_t>(axis)]));
   }
   all->Update();
-  vtkNew<vtkPolyDataMapper> mapper;
+  auto mapper = vtkSmartPointer<vtkPolyDataMapper>::New();
   mapper->SetInputData(all->GetOutput());
+  return mapper;
+}
+
+/// All triads of a canvas share their arrows.
+vtkSmartPointer<MeshActor> makeActor(CanvasResources& resources) {
+  if (resources.arrows == nullptr) {
+    resources.arrows = makeArrows();
+  }
   auto actor = vtkSmartPointer<MeshActor>::New();
-  actor->SetMapper(mapper);
+  actor->SetMapper(resources.arrows);
   actor->GetProperty()->SetAmbient(0.35);
   actor->GetProperty()->SetDiffuse(0.7);
   return actor;
@@ -104,8 +113,9 @@ vtkSmartPointer<vtkCamera> cameraOf(const TriadDecoration& triad, const CanvasCa
 /// A triad that is moved before each drawing.
 class MovedTriad {
  public:
-  MovedTriad(const TriadDecoration& triad, const CanvasCameras& cameras, PropGroup& group)
-      : _triad(triad), _actor(makeArrows()), _camera(cameraOf(triad, cameras)) {
+  MovedTriad(const TriadDecoration& triad, const CanvasCameras& cameras, CanvasResources& resources,
+             PropGroup& group)
+      : _triad(triad), _actor(makeActor(resources)), _camera(cameraOf(triad, cameras)) {
     if (triad.labels) {
       for (const std::string& text : *triad.labels) {
         _labels.emplace_back(
@@ -178,8 +188,9 @@ class MovedTriad {
 
 }  // namespace
 
-void addTriad(const TriadDecoration& triad, const CanvasCameras& cameras, PropGroup& group) {
-  const auto moved = std::make_shared<MovedTriad>(triad, cameras, group);
+void addTriad(const TriadDecoration& triad, const CanvasCameras& cameras, CanvasResources& resources,
+              PropGroup& group) {
+  const auto moved = std::make_shared<MovedTriad>(triad, cameras, resources, group);
   group.beforeEachRender([moved](vtkRenderer& drawn) { moved->update(drawn); });
 }
 

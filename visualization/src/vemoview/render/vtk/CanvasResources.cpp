@@ -33,7 +33,7 @@ vtkSmartPointer<vtkRenderer> makeRenderer(const ResolvedCanvas& canvas) {
 }
 
 CanvasResources makeResources(const ResolvedCanvas& canvas, vtkRenderer& renderer) {
-  return {&renderer, makePlanes(canvas.clipPlanes), {}};
+  return {&renderer, makePlanes(canvas.clipPlanes), {}, {}, nullptr};
 }
 
 }  // namespace vemo

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "vemoview/render/vtk/LookupTables.h"
+#include "vemoview/render/vtk/Textures.h"
 #include <vemo/render/Export.h>
 #include <vemo/resolve/ResolvedScene.h>
 
 #include <vtkPlaneCollection.h>
+#include <vtkPolyDataMapper.h>
 #include <vtkRenderer.h>
 #include <vtkSmartPointer.h>
 
@@ -15,6 +17,9 @@ struct CanvasResources {
   vtkSmartPointer<vtkRenderer> renderer;
   vtkSmartPointer<vtkPlaneCollection> clipPlanes;
   LookupTables tables;
+  Textures textures;
+  /// Of triads; null until there is one.
+  vtkSmartPointer<vtkPolyDataMapper> arrows;
 };
 
 /// A renderer for the canvas's part of the window.

@@ -17,8 +17,16 @@ Vector<2, double> sizeInPixels(vtkRenderer& renderer) {
   return {static_cast<double>(size[0]), static_cast<double>(size[1])};
 }
 
+Vector<2, double> windowSize(vtkRenderer& renderer) {
+  if (renderer.GetRenderWindow() == nullptr) {
+    return {};
+  }
+  const int* const size = renderer.GetRenderWindow()->GetSize();
+  return {static_cast<double>(size[0]), static_cast<double>(size[1])};
+}
+
 double windowHeight(vtkRenderer& renderer) {
-  return renderer.GetRenderWindow() != nullptr ? renderer.GetRenderWindow()->GetSize()[1] : 0.0;
+  return windowSize(renderer)[1];
 }
 
 bool isBehindViewer(vtkRenderer& renderer, const Vector3& point) {

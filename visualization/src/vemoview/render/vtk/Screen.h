@@ -15,6 +15,7 @@ namespace vemo {
 Vector<2, double> sizeInPixels(vtkRenderer& renderer);
 
 /// Of the whole window, in pixels.
+Vector<2, double> windowSize(vtkRenderer& renderer);
 double windowHeight(vtkRenderer& renderer);
 
 bool isBehindViewer(vtkRenderer& renderer, const Vector3& point);

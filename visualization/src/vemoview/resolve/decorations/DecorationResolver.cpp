@@ -3,6 +3,7 @@
 #include "vemoview/resolve/decorations/ImageResolver.h"
 #include "vemoview/resolve/decorations/LegendResolver.h"
 #include "vemoview/resolve/decorations/TextResolver.h"
+#include "vemoview/resolve/decorations/TextStyleResolver.h"
 #include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/drawables/ImageDrawable.h>
@@ -10,8 +11,10 @@
 #include <vemo/scenegraph/drawables/TextDrawable.h>
 #include <vemo/scenegraph/drawables/TriadDrawable.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstdio>
 #include <optional>
 #include <type_traits>
 #include <variant>
@@ -23,6 +26,11 @@ namespace {
 /// Texts and images in all decorations. More would cover each other, and each has
 /// pixels of its own and is laid out at every drawing.
 constexpr int MAX_PIECES = 2000;
+
+/// So many pictures are filled by all texts, even if these are larger than the picture.
+constexpr double MOST_PICTURES = 32.0;
+/// What is larger is drawn smaller.
+constexpr double MOST_PICTURES_EACH = 4.0;
 
 using Content = Decoration::Content;
 
@@ -53,6 +61,32 @@ int countPieces(const Content& content) {
   const auto* const triad = std::get_if<TriadDecoration>(&content);
   return triad != nullptr && triad->labels ? static_cast<int>(triad->labels->size()) : 1;
 }
+
+/// The length of the longest number of a legend, in characters, give or take some.
+std::string longestLabel(const LegendDecoration& legend) {
+  int length = 0;
+  for (const double end : legend.table.range) {
+    length = std::max(length, std::snprintf(nullptr, 0, legend.labelFormat.c_str(), end));
+  }
+  return std::string(static_cast<std::size_t>(length), '0');
+}
+
+/// How many pictures the texts of a decoration fill at most.
+struct FilledPictures {
+  double operator()(const LegendDecoration& legend) const {
+    return picturesFilledBy(legend.title, legend.lineHeight) +
+           legend.labelCount * picturesFilledBy(longestLabel(legend), legend.lineHeight);
+  }
+  double operator()(const TextDecoration& text) const { return picturesFilledBy(text.text, text.lineHeight); }
+  double operator()(const ImageDecoration& /*image*/) const { return 0.0; }
+  double operator()(const TriadDecoration& triad) const {
+    double sum = 0.0;
+    for (const std::string& label : triad.labels.value_or(std::array<std::string, 3>())) {
+      sum += picturesFilledBy(label, triad.labelHeight);
+    }
+    return sum;
+  }
+};
 
 /// Decorations in the window are not repeated or moved with the instances of
 /// their assembly.
@@ -112,6 +146,9 @@ void makeReadableOnDark(Content& content) {
 std::vector<Decoration> DecorationResolver::resolve(const std::vector<VisibleDrawable>& drawables) {
   std::vector<Decoration> result;
   for (const VisibleDrawable& visible : drawables) {
+    if (_isFull) {
+      break;
+    }
     const NodeScope scope(*visible.drawable);
     auto content = resolveContent(*visible.drawable, _cameras, _tables);
     if (!content) {
@@ -137,7 +174,8 @@ std::vector<Decoration> DecorationResolver::resolve(const std::vector<VisibleDra
 bool DecorationResolver::takeRoom(const Content& content) {
   if (!_isFull) {
     _pieceCount += countPieces(content);
-    _isFull = _pieceCount > MAX_PIECES;
+    _picturesFilled += std::min(std::visit(FilledPictures(), content), MOST_PICTURES_EACH);
+    _isFull = _pieceCount > MAX_PIECES || _picturesFilled > MOST_PICTURES;
     if (_isFull) {
       reportFinding(FindingCode::DECORATIONS_LIMITED, "Only the first " + std::to_string(_count) +
                                                           " triads, legends, texts and images are shown");

@@ -30,6 +30,7 @@ class DecorationResolver {
   int _count = 0;
   // Of texts and images in them.
   int _pieceCount = 0;
+  double _picturesFilled = 0.0;
   bool _isFull = false;
 };
 

@@ -6,11 +6,21 @@
 #include <vemo/scenegraph/Findings.h>
 
 #include <algorithm>
+#include <cmath>
 #include <fmt/format.h>
 
 namespace vemo {
 
 namespace {
+
+/// Of which a text fills no more: its pixels are all drawn, also those beside the window.
+constexpr double MOST_PICTURES = 4.0;
+
+/// The greatest height of lines, in pixels, at which a text still fits into a texture.
+double greatestInTexture(std::string_view text) {
+  constexpr double MAX_TEXTURE_SIZE = 16384.0;
+  return MAX_TEXTURE_SIZE / std::ranges::max(textExtent(text));
+}
 
 void applyAttributes(const lum::TextAttributes& attributes, TextStyle& style) {
   const std::string& family = attributes.getFontFamilyName();
@@ -53,16 +63,28 @@ Vector<2, double> textExtent(std::string_view text) {
   return {MAX_LETTER_WIDTH * longest, static_cast<double>(lines)};
 }
 
-double greatestLineHeight(std::string_view text) {
-  constexpr double MAX_TEXTURE_SIZE = 16384.0;
-  return MAX_TEXTURE_SIZE / std::ranges::max(textExtent(text));
+double picturesFilledBy(std::string_view text, double lineHeight) {
+  const Vector<2, double> extent = lineHeight * textExtent(text);
+  return extent[0] * extent[1] * USUAL_HEIGHT / USUAL_WIDTH;
+}
+
+double greatestLineHeight(std::string_view text, const Vector<2, double>& window) {
+  const Vector<2, double> extent = textExtent(text);
+  return std::min(greatestInTexture(text),
+                  std::sqrt(MOST_PICTURES * window[0] * window[1] / (extent[0] * extent[1])));
 }
 
 void reportIfTooLong(std::string_view text, double lineHeight, const std::string& owner) {
   // Smooth edges may need twice as many pixels as the picture has.
   constexpr double ENLARGEMENT = 2.0;
   constexpr double LARGE_HEIGHT = 2160.0;
-  const double height = greatestLineHeight(text) / (ENLARGEMENT * lineHeight);
+  if (picturesFilledBy(text, lineHeight) > MOST_PICTURES) {
+    reportFinding(FindingCode::TEXT_CHANGED,
+                  fmt::format("{} would be as large as {:.0f} pictures and is drawn smaller than stated",
+                              owner, picturesFilledBy(text, lineHeight)));
+    return;
+  }
+  const double height = greatestInTexture(text) / (ENLARGEMENT * lineHeight);
   if (height < LARGE_HEIGHT) {
     reportFinding(
         FindingCode::TEXT_CHANGED,

@@ -23,11 +23,14 @@ double resolveLineHeight(const lum::TextAttributes* attributes, double fallback)
 /// The width and height that a text has at most, in heights of a line.
 Vector<2, double> textExtent(std::string_view text);
 
-/// The greatest height of lines, in pixels, at which a text still fits into a texture.
-VEMO_RESOLVE_EXPORT double greatestLineHeight(std::string_view text);
+/// How many pictures of the usual shape a text fills at most.
+double picturesFilledBy(std::string_view text, double lineHeight);
 
-/// Reports a text that may be drawn smaller than stated in pictures of usual sizes, because
-/// it does not fit into a texture.
+/// The greatest height of lines, in pixels, at which a text still fits into a texture, and
+/// does not fill many more pixels than the window has.
+VEMO_RESOLVE_EXPORT double greatestLineHeight(std::string_view text, const Vector<2, double>& window);
+
+/// Reports a text that is too large for that, or may be in pictures of usual sizes.
 void reportIfTooLong(std::string_view text, double lineHeight, const std::string& owner);
 
 /// Reports lines of less than a pixel, which are not drawn.

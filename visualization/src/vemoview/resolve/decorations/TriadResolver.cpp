@@ -77,7 +77,7 @@ std::optional<TriadDecoration> resolveTriad(const lum::TriadDrawable& triad, con
   }
   if (const auto* const attributes = triad.findAttributes<lum::TriadAttributes>()) {
     result.hasScreenSize = attributes->getUseConstantPixelSize();
-    result.labelHeight = attributes->getAxisLabelHeight();
+    result.labelHeight = unitValue(attributes->getAxisLabelHeight(), result.labelHeight);
     const auto resolve = [&](const std::string& text, const char* axis) {
       return resolveLabel(text, result.labelHeight,
                           fmt::format("The label of the {} axis of the triad \"{}\"", axis, triad.getName()));

@@ -77,8 +77,7 @@ class MeshSearch {
     if (_contour == nullptr) {
       _contour = contourEdges(_geometry, CONTOUR_BEND_DEGREES);
     }
-    return _contour->GetNumberOfCells() > 0 &&
-           findsLine(*_contour->GetLines(), PointReader(*_contour->GetPoints()->GetData()));
+    return findsLine(*_contour->GetLines(), PointReader(*_contour->GetPoints()->GetData()));
   }
 
   Vector3 at(const PointReader& points, vtkIdType point) const {

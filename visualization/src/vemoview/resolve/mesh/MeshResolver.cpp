@@ -93,7 +93,7 @@ class MeshBuilder {
       if (showsPoints ? kind != Appearance::Kind::POINTS : !hasCells(_node, cells)) {
         continue;
       }
-      MeshInstance mesh{&_drawable, &_node, nullptr, resolveAppearance(_drawable, kind), {}, {}, {}};
+      MeshInstance mesh{&_drawable, &_node, nullptr, nullptr, resolveAppearance(_drawable, kind), {}, {}, {}};
       if (isVisible(mesh.appearance)) {
         mesh.appearance.isClipped = _context.isClipped;
         mesh.color = resolveColor(_drawable, kind, _node.getName());
@@ -105,7 +105,7 @@ class MeshBuilder {
   }
 
   bool putCells() {
-    if (_node.getPoints() == nullptr || _node.getPoints()->GetNumberOfComponents() != 3) {
+    if (_node.getPoints() == nullptr) {
       return false;
     }
     vtkNew<vtkPoints> points;
@@ -138,7 +138,7 @@ class MeshBuilder {
 
   /// Whether an array has a tuple for each point, or cell.
   bool fits(vtkDataArray* array, vtkIdType tuples) const {
-    if (array == nullptr || (array->GetNumberOfTuples() == tuples && array->GetNumberOfComponents() > 0)) {
+    if (array == nullptr || array->GetNumberOfTuples() == tuples) {
       return array != nullptr;
     }
     reportFinding(FindingCode::NOT_COLORED_BY_ARRAY,
@@ -190,8 +190,7 @@ class MeshBuilder {
   /// The arrays that fit and that the data do not have yet.
   static void putAll(const lum::ArrayTable& arrays, vtkIdType tuples, vtkDataSetAttributes& data) {
     for (const auto& array : arrays) {
-      if (array->GetNumberOfTuples() == tuples && array->GetNumberOfComponents() > 0 &&
-          !data.HasArray(array->GetName())) {
+      if (array->GetNumberOfTuples() == tuples && !data.HasArray(array->GetName())) {
         data.AddArray(array);
       }
     }
@@ -270,6 +269,14 @@ double statedPixels(const Appearance& appearance) {
              : 0.0;
 }
 
+/// Points that were copied. Very many meshes may share points that cannot all be drawn.
+void keepUsedPoints(MeshInstance& mesh) {
+  if (mesh.geometry->GetPoints()->GetData() != mesh.node->getPoints()) {
+    mesh.pointNumbers = vtkSmartPointer<vtkIdList>::New();
+    mesh.geometry = withUsedPoints(*mesh.geometry, *mesh.pointNumbers);
+  }
+}
+
 void require(vtkIdType count, vtkIdType most, const char* what) {
   if (count > most) {
     throw SceneTooLarge("The scene is too large to be drawn: more than " + std::to_string(most) + " " + what);
@@ -323,6 +330,7 @@ void MeshResolver::resolve(const lum::GeometryDrawable& drawable, const VisibleD
       isColored = isColored || mesh.scalars;
       countSize(mesh, load);
       for (MeshInstance& part : splitBySize(std::move(mesh), drawable, *polyData)) {
+        keepUsedPoints(part);
         reportIfTooLarge(*polyData, statedPixels(part.appearance));
         countCopies(part, load);
         meshes.push_back(std::move(part));

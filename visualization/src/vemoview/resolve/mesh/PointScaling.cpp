@@ -51,9 +51,7 @@ class Scale {
 /// Null when there is no such array, or it does not fit.
 vtkDataArray* findFitting(const lum::PolyDataNode& node, const std::string& name, vtkIdType points) {
   vtkDataArray* const array = findArray(node.getNodeDataArrays(), name);
-  const bool isFitting =
-      array != nullptr && array->GetNumberOfTuples() == points && array->GetNumberOfComponents() > 0;
-  return isFitting ? array : nullptr;
+  return array != nullptr && array->GetNumberOfTuples() == points ? array : nullptr;
 }
 
 /// The least value above 0; infinite when there is none.

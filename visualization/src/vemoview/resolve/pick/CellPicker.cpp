@@ -102,7 +102,7 @@ bool CellPicker::isNear() const {
 /// How far beside the ray a line or a point is still hit.
 double CellPicker::toleranceAt(double distance) const {
   const Appearance& appearance = _mesh.appearance;
-  const double pixel = std::max(_ray.pixelSize(distance), 0.0);
+  const double pixel = _ray.pixelSize(distance);
   const bool isPoint = appearance.kind == Appearance::Kind::POINTS;
   const double size = (isPoint ? appearance.pointSize : appearance.lineWidth) *
                       (appearance.isPointSizeInModelUnits ? 1.0 : pixel);
@@ -144,7 +144,7 @@ vtkIdType CellPicker::vertexOf(vtkIdType point) const {
 
 void CellPicker::testVertices(const Corners& corners) {
   for (vtkIdType i = 0; i < corners.size(); ++i) {
-    testPoint(corners[i]);
+    testPoint(_mesh.pointNumbers != nullptr ? _mesh.pointNumbers->GetId(corners[i]) : corners[i]);
   }
 }
 
