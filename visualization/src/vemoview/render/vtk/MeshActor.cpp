@@ -1,5 +1,8 @@
 #include "vemoview/render/vtk/MeshActor.h"
 
+#include "vemoview/resolve/drawables/InstanceBounds.h"
+
+#include <vtkMatrix4x4.h>
 #include <vtkObjectFactory.h>
 #include <vtkOpenGLRenderer.h>
 #include <vtkOpenGLState.h>
@@ -8,6 +11,26 @@
 namespace vemo {
 
 vtkStandardNewMacro(MeshActor);
+
+double* MeshActor::GetBounds() {
+  if (_parts == nullptr) {
+    return vtkOpenGLActor::GetBounds();
+  }
+  if (GetMTime() > BoundsMTime) {
+    BoundsMTime.Modified();
+    InstanceTransform transform{};
+    vtkMatrix4x4::DeepCopy(transform.data(), GetMatrix());
+    Box box;
+    for (const Box& part : *_parts) {
+      box.add(instanceBounds(&transform, part));
+    }
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+      Bounds[2 * axis] = box.low[axis];
+      Bounds[2 * axis + 1] = box.high[axis];
+    }
+  }
+  return Bounds;
+}
 
 void MeshActor::Render(vtkRenderer* renderer, vtkMapper* mapper) {
   vtkOpenGLState& state = *static_cast<vtkOpenGLRenderer&>(*renderer).GetState();
