@@ -2,6 +2,7 @@
 
 #include "vemoview/resolve/drawables/InstanceBounds.h"
 
+#include <vtkCamera.h>
 #include <vtkMatrix4x4.h>
 #include <vtkObjectFactory.h>
 #include <vtkOpenGLRenderer.h>
@@ -44,14 +45,30 @@ void MeshActor::Render(vtkRenderer* renderer, vtkMapper* mapper) {
     glEnable(GL_POLYGON_OFFSET_FILL);
     glPolygonOffset(_stepBack, 1.0F);
   }
-  if (_isNearer) {
-    constexpr double NEARER = 6e-5;
-    glDepthRange(0.0, 1.0 - NEARER);
-  }
+  setDepthRange(*renderer->GetActiveCamera());
   vtkOpenGLActor::Render(renderer, mapper);
   glDepthRange(0.0, 1.0);
   glDisable(GL_POLYGON_OFFSET_FILL);
   glFrontFace(GL_CCW);
+}
+
+void MeshActor::setDepthRange(vtkCamera& camera) const {
+  if (camera.GetParallelProjection() != 0) {
+    constexpr double NEARER = 6e-5;
+    glDepthRange(0.0, _isNearer ? 1.0 - NEARER : 1.0);
+    return;
+  }
+  // In perspective a constant difference of depths would be a large one far away, where hidden
+  // lines would be seen through faces. With these two ranges, it is that of a part of the distance.
+  constexpr double NEARER = 3e-4;
+  // A few steps of a depth buffer.
+  constexpr double LEAST = 2.5e-7;
+  const double* const range = camera.GetClippingRange();
+  if (_isNearer) {
+    glDepthRange(0.0, 1.0 - NEARER * range[0] / range[1] - LEAST);
+  } else {
+    glDepthRange(NEARER, 1.0);
+  }
 }
 
 }  // namespace vemo

@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+class vtkCamera;
+
 namespace vemo {
 
 using SharedBoxes = std::shared_ptr<const std::vector<Box>>;
@@ -39,6 +41,8 @@ class MeshActor : public vtkOpenGLActor {
   void Render(vtkRenderer* renderer, vtkMapper* mapper) override;
 
  private:
+  void setDepthRange(vtkCamera& camera) const;
+
   SharedBoxes _parts;
   bool _isMirrored = false;
   bool _isNearer = false;
