@@ -118,6 +118,24 @@ TEST(LegendFeatureTest, IsNeverCut) {
   }
 }
 
+TEST(LegendFeatureTest, IsNotCoveredByAnother) {
+  for (const std::string orientation : {"VERTICAL", "HORIZONTAL"}) {
+    const auto legend = [&](const std::string& name, const std::string& color) {
+      return assembly(name,
+                      "<colormap min='-123456' max='123456'><c>808080ff</c></colormap>"
+                      "<legend visibility='1' title='Temperature' textHeight='0.06' orientation='" +
+                          orientation + "'><font textColor='" + color + "'/></legend>" +
+                          geometry("points='four' visibility='0'"));
+    };
+    const Picture picture =
+        FeatureScene(legend("A", "ff0000ff") + legend("B", "0000ffff"), "ffffff00").draw();
+    const PixelBox first = boxWhere(picture, [](const Pixel& pixel) { return pixel[0] > pixel[2] + 40; });
+    const PixelBox second = boxWhere(picture, [](const Pixel& pixel) { return pixel[2] > pixel[0] + 40; });
+    EXPECT_GT(std::min(first.count, second.count), 200) << orientation;
+    EXPECT_TRUE(second.right <= first.left || first.top <= second.bottom) << orientation;
+  }
+}
+
 // ---- Annotations ----
 
 TEST(AnnotationFeatureTest, StandsInTheWindowByAnyOfItsPoints) {

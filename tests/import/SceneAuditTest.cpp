@@ -60,6 +60,17 @@ TEST_F(SceneAuditTest, ReportsWhatADirectoryDoesNotCountOrNamesOtherwiseAndAStra
   writeFile(_folder / "scene.zip", bytes);
   EXPECT_THAT(codesIn(SceneAudit(archivePath())),
               ElementsAre("entries-not-counted", "root-unknown", "entry-name-differs"));
+  bytes[end + 8] = bytes[end + 10] = 2;
+  writeFile(_folder / "two.zip", bytes + bytes);
+  EXPECT_THAT(codesIn(SceneAudit((_folder / "two.zip").wstring())), testing::Contains("entries-not-counted"));
+}
+
+TEST_F(SceneAuditTest, ReportsDeclarationsElsewhereOfADocumentThatClaimsToStandAlone) {
+  for (const std::string type : {"SYSTEM 'x.dtd'", "[<!ENTITY % e SYSTEM 'x.ent'> %e;]"}) {
+    write("<?xml version='1.0' standalone='yes'?><!DOCTYPE scene " + type +
+          "><scene background='000000ff'/>");
+    EXPECT_THAT(codesIn(SceneAudit(archivePath())), testing::Contains("declarations-not-read")) << type;
+  }
 }
 
 TEST_F(SceneAuditTest, ConvertsWhatIsSoundBesideFaults) {

@@ -143,15 +143,48 @@ TEST(BatchTest, DrawsManySmallMeshesLikeFew) {
   EXPECT_EQ(countDifferences(scene.render(), few, 1), 0);
 }
 
+TEST(BatchTest, LeavesContoursSizesAndOrderToEachMesh) {
+  const auto draw = [](int meshes) {
+    RenderScene scene;
+    scene.canvas().getCameraAttributes().setProjectionMode(
+        lum::CameraAttributes::ProjectionMode::PERSPECTIVE);
+    const auto addTile = [&scene](float x, const Vector3& color) -> auto& {
+      auto& tile = scene.addSurface(makeRectangle(x, x + 0.2F, 0, 0.2F), color);
+      tile.getAttributes<lum::ContourAttributes>().setContourVisible(true);
+      return tile;
+    };
+    for (int i = 0; i < meshes; ++i) {
+      const float x = i < 8 ? -0.8F + 0.2F * static_cast<float>(i) : 30.0F;
+      addTile(x, {1, 1, 0});
+      const auto points = makePolyData({{x, -0.5F, -static_cast<float>(i)}}, {.verts = {{0}}});
+      points->GetPointData()->AddArray(makeArray("s", {1}));
+      auto& scale =
+          scene.add<lum::PointSphereDrawable>(points, {0, 1, 0}).getAttributes<lum::PointScaleAttributes>();
+      scale.setScaleMode(lum::PointScaleMode::LINEAR);
+      scale.setScalarName("s");
+      scale.setMapToRange({0.1, 0.1});
+      scale.setPixelSize(false);
+    }
+    lines(addTile(-0.2F, {0, 0, 1})).setLineWidth(2);
+    addTile(-0.2F, {1, 0, 0});
+    return scene.render();
+  };
+  const Picture few = draw(8);
+  EXPECT_GT(countPixels(few, {255, 0, 0}), 100);
+  EXPECT_EQ(countDifferences(draw(40), few, 1), 0);
+}
+
 TEST(BatchTest, DrawsTransformedMeshesTogetherAsAlone) {
   const auto drawMirrored = [](int meshes) {
     RenderScene scene;
     for (int i = 0; i < meshes; ++i) {
       const float x = 0.1F * static_cast<float>(i % 8);
-      scene.addSurface(makeRectangle(x, x + 0.05F, 0, 0.1F), {1, 0.1 * (i % 8), 0},
+      scene.addSurface(makeRectangle(x, x + 0.05F, x, x + 0.1F), {1, 0.1 * (i % 8), 0},
                        scene.collectionIn(scene.drawables()));
     }
-    setTransform<lum::SymmetricTransform>(scene.drawables()).setPlane({1, 0, 0, 0});
+    scene.forgetView();
+    // Not along the axes: the box around turned meshes is not the turned box around the meshes.
+    setTransform<lum::SymmetricTransform>(scene.drawables()).setPlane({2, 1, 0, 0});
     return scene.render();
   };
   EXPECT_EQ(countDifferences(drawMirrored(8), drawMirrored(40), 1), 0);

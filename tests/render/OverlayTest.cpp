@@ -52,6 +52,15 @@ class TextTest : public testing::Test {
   lum::TextAttributes& style = drawable.getTextAttributes();
 };
 
+TEST_F(TextTest, HasBackslashesAndDollarSigns) {
+  int width = 0;
+  for (const char* const longer : {"x$$", "x\\$$", "x\\\\$$"}) {
+    attributes.setText(longer);
+    EXPECT_GT(ink().width(), width + 2) << longer;
+    width = ink().width();
+  }
+}
+
 TEST_F(TextTest, MovesWithItsCollectionAndIsNotSeenBehindTheViewer) {
   attributes.setCoordinateSpace(lum::CoordinateSpace::MODEL);
   moveTo(0.2, -0.4, -3);
@@ -101,6 +110,22 @@ TEST_F(TextTest, IsDrawnInFrontOfImages) {
   addImage(scene);
   write(scene.drawables().findOrCreate<lum::TextDrawable>("later"), 0x0000FFFF);
   EXPECT_GT(countPixels(scene.render(), {0, 0, 255}, 60), 50);
+}
+
+TEST(ImageTest, KeepsFineLinesWhenItIsDrawnSmaller) {
+  RenderScene scene;
+  std::vector<unsigned char> pixels(2048, 255);
+  for (std::size_t i = 20; i < pixels.size(); i += 128) {
+    pixels[i] = 0;
+  }
+  addImage(scene).getImageAttributes().setPixels(makeArray<vtkUnsignedCharArray>("pixels", pixels), 2048, 1);
+  const Picture picture = scene.render();
+  const auto isGrey = [&](int column) { return picture.at(column, SIZE / 2)[0] < 250; };
+  int lines = 0;
+  for (int column = 1; column < SIZE; ++column) {
+    lines += isGrey(column) && !isGrey(column - 1) ? 1 : 0;
+  }
+  EXPECT_EQ(lines, 16);
 }
 
 TEST(ImageTest, IsCutByPlanesUnlessItSaysNo) {

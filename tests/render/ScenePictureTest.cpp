@@ -125,6 +125,51 @@ TEST(ScenePictureTest, KeepsTheColoursOfCellsOfAllKindsThatManyPlanesCut) {
   EXPECT_LE(countDifferences(draw(9), draw(1), 2), SIZE);
 }
 
+TEST(ScenePictureTest, ShowsTheEdgesAndTheViewOfTheWholeThatManyPlanesCut) {
+  const auto draw = [](int planes) {
+    RenderScene scene;
+    scene.forgetView();
+    auto& surface = scene.addSurface(
+        makePolyData(flat({-0.9F, -0.9F, 0.9F, -0.9F, 0.9F, 0.9F, 0, 0.9F, 0, -0.2F, 0.3F, 0}),
+                     {.polys = {{0, 1, 2, 3}}, .strips = {{4, 5, 3, 2}}}),
+        {1, 0, 0});
+    surface.getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
+    surface.getAttributes<lum::MeshAttributes>().setMeshColor({1, 1, 1});
+    setTransform<lum::SimpleTransform>(surface).setScale({2, 1, 1});
+    for (int i = 0; i < planes; ++i) {
+      scene.clip({1, 0.3, 0}, {-0.5, 0, 0});
+    }
+    return scene.render();
+  };
+  const Picture cutByVtk = draw(1);
+  EXPECT_GT(countPixels(cutByVtk, {255, 255, 255}), 150);
+  EXPECT_LE(countDifferences(draw(9), cutByVtk, 2), 20);
+}
+
+TEST(ScenePictureTest, HidesEdgesBehindFacesWhateverIsNear) {
+  const auto countEdges = [](bool isSomethingNear) {
+    RenderScene scene;
+    lum::CameraAttributes& camera = scene.canvas().getCameraAttributes();
+    camera.setProjectionMode(lum::CameraAttributes::ProjectionMode::PERSPECTIVE);
+    scene.addSurface(makeRectangle(-0.5F, 0.5F, -0.5F, 0.5F), {1, 0, 0});
+    auto& behind = scene.addSurface(makeRectangle(-0.4F, 0.4F, -0.4F, 0.4F, -0.03F), {0, 0, 1});
+    behind.getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
+    behind.getAttributes<lum::MeshAttributes>().setMeshColor({0, 1, 0});
+    auto& before = scene.addSurface(makeRectangle(-0.3F, 0.3F, -0.3F, 0.3F), {1, 0, 0});
+    before.getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
+    before.getAttributes<lum::MeshAttributes>().setMeshColor({1, 1, 1});
+    if (isSomethingNear) {
+      scene.addSurface(makeRectangle(0.002F, 0.003F, 0.002F, 0.003F, 4.99F), {0, 0, 1});
+    }
+    const Picture picture = scene.render();
+    EXPECT_EQ(countPixels(picture, {0, 255, 0}), 0);
+    return countPixels(picture, {255, 255, 255});
+  };
+  const int edges = countEdges(false);
+  EXPECT_GT(edges, 200);
+  EXPECT_NEAR(countEdges(true), edges, 20);
+}
+
 TEST(ScenePictureTest, IsEmptyWhenManyPlanesCutAllAway) {
   RenderScene scene;
   scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 0, 0});

@@ -24,6 +24,14 @@ lum::DrawableCollection& SceneBuilder::collectionIn(lum::DrawableCollection& own
   return owner.findOrCreate<lum::DrawableCollection>("collection " + std::to_string(owner.getNodeCount()));
 }
 
+void SceneBuilder::forgetView() {
+  const auto fresh = make<lum::CameraAttributes>();
+  lum::CameraAttributes& camera = canvas().getCameraAttributes();
+  camera.setPosition(fresh->getPosition());
+  camera.setProjectionMode(fresh->getProjectionMode());
+  camera.setParallelScale(fresh->getParallelScale());
+}
+
 void SceneBuilder::clip(const Vector3& normal, const Vector3& origin) {
   const auto plane = make<lum::Plane>();
   plane->setNormal(normal);

@@ -6,6 +6,7 @@
 #include <vemo/scenegraph/attributes/LineAttributes.h>
 #include <vemo/scenegraph/attributes/MaterialAttributes.h>
 #include <vemo/scenegraph/attributes/MeshAttributes.h>
+#include <vemo/scenegraph/attributes/PointScaleAttributes.h>
 #include <vemo/scenegraph/attributes/PointSizeAttributes.h>
 #include <vemo/scenegraph/attributes/SurfaceAttributes.h>
 #include <vemo/scenegraph/canvas/SceneNode.h>
@@ -65,6 +66,9 @@ class SceneBuilder {
   lum::SurfaceDrawable& addSurface(vtkPolyData* geometry, const Color& color, lum::DrawableCollection& to);
 
   lum::DrawableCollection& collectionIn(lum::DrawableCollection& owner);
+
+  /// Leaves the view to the renderer, which shows everything.
+  void forgetView();
 
   /// Cuts away what lies behind a plane.
   void clip(const Vector3& normal, const Vector3& origin);

@@ -49,8 +49,13 @@ struct LegendDecoration {
   /// Of the lower left corner, and of everything together: within the canvas.
   Vector<2, double> position;
   Vector<2, double> size;
+  /// The lower left and the upper right corner of where no other legend is, around its place:
+  /// the room for text that its size does not suffice for.
+  Vector<2, double> roomLow{0.0, 0.0};
+  Vector<2, double> roomHigh{1.0, 1.0};
   int labelCount = 0;
-  /// One printf conversion for a double, possibly with text around it.
+  /// One printf conversion for a double, possibly with text around it; empty for "%.4g", with
+  /// more digits where neighbouring numbers would be equal.
   std::string labelFormat;
   TextStyle style;
   double lineHeight = 0.0;

@@ -33,7 +33,7 @@
   KIND(ELEMENT_REPLACED, LOST, "Of several elements where only one is allowed, one is used.") \
   KIND(ELEMENT_UNKNOWN, LOST, "An element that is not allowed in its parent is ignored, with everything in it.") \
   KIND(ELEMENT_WITHOUT_EFFECT, LOST, "An element of the format has no effect in this place.") \
-  KIND(ENTRIES_NOT_COUNTED, LOST, "An archive has more entries than it states. Those beyond that number are not read.") \
+  KIND(ENTRIES_NOT_COUNTED, LOST, "An archive has more entries than it states. Those beyond that number are not read, nor are those of another archive in front of it.") \
   KIND(ENTRY_INVALID, REFUSED, "An entry of the archive is missing, has an invalid size or cannot be read.") \
   KIND(ENTRY_NAME_DIFFERS, CHANGED, "The local header of an entry has a different name from the central directory, which is the one that counts. Only `check` tests this.") \
   KIND(ENTRY_REPLACED, LOST, "Of several entries with the same name only the last one is used.") \
@@ -45,14 +45,16 @@
   KIND(GEOMETRY_TYPE_CHANGED, CHANGED, "A geometry is drawn as another type, because all cells of its own type were left out.") \
   KIND(GLYPH_MISSING, LOST, "A text has characters that no installed font contains, or that are beyond U+FFFF.") \
   KIND(HIDDEN_BY_DEFAULT, NOTE, "An item is hidden because the value that would show it is missing: the `visibility`, both `showFaces` and `showEdges` of a surface, or the `intensity` of a light.") \
-  KIND(IMAGE_NOT_DRAWN, LOST, "An image cannot be drawn: its pixels do not fit its size.") \
+  KIND(IMAGE_NOT_DRAWN, LOST, "An image cannot be drawn: its pixels do not fit its size, or it is more than 16,384 pixels wide or high.") \
   KIND(IMAGE_WITHOUT_PIXELS, LOST, "An image without pixels is left out.") \
   KIND(ITEM_INVALID, REFUSED, "The values of an item contradict each other.") \
   KIND(ITEM_REPLACED, LOST, "An item is replaced by a later one of the same kind and name.") \
   KIND(KIND_NOT_SHOWN, LOST, "Items of this kind, `vectors` or `streamlines`, are not shown.") \
-  KIND(LEGEND_MOVED, CHANGED, "A legend is partly outside the window and is moved into it.") \
+  KIND(LEGEND_MOVED, CHANGED, "A legend is partly outside the window and is moved into it, or would cover another one and is moved aside.") \
+  KIND(LEGEND_NUMBERS_ALIKE, NOTE, "The number format of a legend writes different numbers at neighbouring ticks alike.") \
   KIND(LEGEND_OF_OTHER_COLORS, NOTE, "A legend shows a colormap that is not the one that colours its assembly.") \
   KIND(LEGEND_WITHOUT_COLORMAP, LOST, "A legend without a colormap is left out.") \
+  KIND(LEGENDS_OVERLAP, LOST, "A legend covers another one, and there is no room beside it.") \
   KIND(LIGHTS_LIMITED, LOST, "There are too many lights: only the first ones are used.") \
   KIND(NOT_COLORED_BY_ARRAY, CHANGED, "A geometry is not coloured by data: its array is missing or has the wrong size.") \
   KIND(NUMBER_INVALID, REFUSED, "A value that must be a number is not one.") \
@@ -68,7 +70,7 @@
   KIND(SCENE_NOT_DRAWN, LOST, "A scene is too large to be drawn.") \
   KIND(SETTINGS_REPLACED, CHANGED, "Geometries with the same name and type share a drawable, but state different settings for it.") \
   KIND(STREAM_INVALID, LOST, "A scene stream, or an array that belongs to one, cannot be read.") \
-  KIND(TEXT_CHANGED, CHANGED, "A text is too long and is cut off or drawn smaller, or is not valid UTF-8.") \
+  KIND(TEXT_CHANGED, CHANGED, "A text is too long and is cut off or drawn smaller, is not valid UTF-8, or has control characters that are drawn as the characters of Windows-1252 in their places.") \
   KIND(TEXT_IGNORED, LOST, "Text in an element that cannot contain text is ignored.") \
   KIND(TEXT_NOT_FRAMED, CHANGED, "A text is so far from the model that it is not taken into account when the view is chosen, and may be outside the picture.") \
   KIND(TEXT_NOT_SHAPED, CHANGED, "A text has characters, such as Arabic or Hebrew ones, that are written from right to left, joined or stacked. They are drawn one after the other from left to right.") \

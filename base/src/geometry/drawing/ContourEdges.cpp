@@ -186,4 +186,19 @@ vtkSmartPointer<vtkPolyData> contourEdges(vtkPolyData& faces, double leastBendDe
   return lines.take();
 }
 
+vtkSmartPointer<vtkPolyData> faceEdges(vtkPolyData& faces) {
+  vtkNew<vtkCellArray> lines;
+  forEachFace(faces, [&lines](auto face) {
+    lines->InsertNextCell(static_cast<int>(face.size()) + 1);
+    for (const auto corner : face) {
+      lines->InsertCellPoint(corner);
+    }
+    lines->InsertCellPoint(face.front());
+  });
+  auto result = vtkSmartPointer<vtkPolyData>::New();
+  result->SetPoints(faces.GetPoints());
+  result->SetLines(lines);
+  return result;
+}
+
 }  // namespace vemo

@@ -22,4 +22,7 @@ inline constexpr double CONTOUR_BEND_DEGREES = 30.0;
 /// finite.
 VEMO_GEOMETRY_EXPORT vtkSmartPointer<vtkPolyData> contourEdges(vtkPolyData& faces, double leastBendDegrees);
 
+/// The edges of polygons and of the triangles of strips, as a closed line each.
+VEMO_GEOMETRY_EXPORT vtkSmartPointer<vtkPolyData> faceEdges(vtkPolyData& faces);
+
 }  // namespace vemo

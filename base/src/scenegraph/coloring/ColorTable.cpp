@@ -103,7 +103,7 @@ class TableAdjuster {
     const double least = high() * POWERS_OF_TEN;
     if (least > 0.0) {
       low() = least;
-      note(fmt::format("is logarithmic and begins at {} instead, four powers of ten below its end", least));
+      note(fmt::format("is logarithmic and begins at {:g} instead, four powers of ten below its end", least));
     } else {
       _table.isLog10 = false;
       note("is linear instead of logarithmic");

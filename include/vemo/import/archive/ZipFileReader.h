@@ -61,6 +61,9 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   /// Whether the archive has more entries than it says: those are not read.
   bool isMiscounted() const;
 
+  /// Whether another archive is in front of this one.
+  bool hasOtherInFront() const;
+
   /// Names that several entries have, each once.
   const std::vector<std::string>& getDuplicateNames() const;
 

@@ -54,9 +54,12 @@ struct SharedBySiblings {
   /// Those that data or legends have been coloured by.
   std::set<const Colormap*> usedColormaps;
 
-  /// The elements that the transforms of collections, and triads, come from. A
+  /// The elements that the transforms of collections, the settings of drawables, and triads, come from. A
   /// later item of the same name may replace them.
   std::map<const lum::Node*, ElementPlace> origins;
+
+  /// The elements that the colormaps of collections come from.
+  std::map<const lum::Node*, ElementPlace> colormapOrigins;
 
   /// By the drawable.
   std::map<const lum::Node*, PartsDrawn> partsDrawn;

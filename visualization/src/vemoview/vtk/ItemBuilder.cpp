@@ -1,7 +1,6 @@
 #include "vemoview/vtk/ItemBuilder.h"
 
 #include "vemoview/render/decorations/Decorations.h"
-#include "vemoview/render/draw/MeshMerger.h"
 #include "vemoview/render/draw/MeshProps.h"
 #include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/scenegraph/drawables/Drawable.h>
@@ -39,7 +38,7 @@ PropGroup& ItemBuilder::addGroup(const lum::Drawable& drawable, bool isVisible, 
 void ItemBuilder::add(const std::vector<MeshInstance>& meshes, bool areVisible, CanvasResources& resources) {
   for (const MeshInstance& mesh : meshes) {
     PropGroup& group = addGroup(*mesh.drawable, areVisible, *resources.renderer);
-    addProps(merge({&mesh}, resources.tables), *resources.clipPlanes, group);
+    addProps({&mesh}, resources, group);
     group.show(false);
     _meter.advance();
   }

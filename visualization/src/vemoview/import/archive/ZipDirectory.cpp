@@ -264,6 +264,8 @@ ZipDirectory readZipDirectory(const ArchiveFile& file) {
   for (std::uint64_t i = 0; i < place.count; ++i) {
     result.entries.push_back(takeEntry(rest, place.bytesInFront()));
   }
+  result.hasOtherInFront =
+      place.bytesInFront() > 0 && readRecord<local::SIZE>(file, 0, local::SIGNATURE).has_value();
   result.isMiscounted = !result.entries.empty() && rest.starts_with(directory::SIGNATURE);
   return result;
 }

@@ -29,6 +29,8 @@ struct ZipDirectory {
   std::vector<ZipEntry> entries;
   /// Whether it lists more than it says.
   bool isMiscounted = false;
+  /// Whether the bytes in front of the archive begin as another one does.
+  bool hasOtherInFront = false;
 };
 
 /// Throws ZipException when the file is not an archive, or its directory is

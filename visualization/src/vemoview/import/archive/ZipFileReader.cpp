@@ -96,6 +96,10 @@ int ZipFileReader::getEntryCount() const {
   return static_cast<int>(_archive->directory.entries.size());
 }
 
+bool ZipFileReader::hasOtherInFront() const {
+  return _archive->directory.hasOtherInFront;
+}
+
 bool ZipFileReader::isMiscounted() const {
   return _archive->directory.isMiscounted;
 }

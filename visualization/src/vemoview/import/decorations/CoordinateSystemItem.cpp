@@ -45,13 +45,17 @@ void CoordinateSystemItem::read(const QxElement& element, SceneFileReader* reade
 }
 
 void CoordinateSystemItem::reportUnusable(const QxElement& element, SceneFileReader& reader) const {
+  const ValueReader values(element, &reader, OnBadValue::FAIL);
+  if (!values.isOfNumbers("xaxis") || !values.isOfNumbers("yaxis") || !values.isOfNumbers("zaxis")) {
+    return;
+  }
   const auto y = normalized(getYAxis());
   const auto z = normalized(getZAxis());
   const auto x = normalized(cross(y, z));
   // It follows from the others.
   const bool isXStated = getXAxis() != CoordinateSystemItem("").getXAxis();
   if (isXStated && length(normalized(getXAxis()) - x) > UNNOTICEABLE) {
-    ValueReader(element, &reader, OnBadValue::FAIL).reportWithoutEffect("xaxis");
+    values.reportWithoutEffect("xaxis");
   }
   if (length(x) == 0.0) {
     reader.report(FindingCode::VALUE_IGNORED,

@@ -22,6 +22,7 @@ Gradient::~Gradient() = default;
 
 void Gradient::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement<GraphicsItem>(*this, element, reader);
+  element.markUnused("name");
 }
 
 void Gradient::addToCollection(SharedBySiblings& /*shared*/, lum::DrawableCollection& /*collection*/,

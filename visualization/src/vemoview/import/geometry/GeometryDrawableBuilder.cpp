@@ -159,6 +159,12 @@ void GeometryDrawableBuilder::applyPointScale() {
   scale.setScalarRange(scaledValues());
   const auto* const sizes = _settings.pointScaleScalarMapTo.get();
   const double size = _settings.pointSize;
+  if (scale.getScaleMode() != lum::PointScaleMode::CONSTANT && sizes == nullptr &&
+      _polyData.GetPointData()->HasArray(_settings.pointScaleScalarName.c_str()) != 0) {
+    report(_context, FindingCode::POINTS_NOT_SCALED,
+           "The points are not scaled by \"" + _settings.pointScaleScalarName +
+               "\": no sizes are stated for the ends of its range");
+  }
   scale.setMapToRange(sizes != nullptr ? Vector<2, double>{(*sizes)[0], (*sizes)[1]}
                                        : Vector<2, double>{size, size});
 }

@@ -360,12 +360,17 @@ void GeometryItem::addTo(lum::DrawableCollection& collection, bool isHidden, con
     drawable.template getAttributes<lum::LineAttributes>().setLineWidth(_property->GetLineWidth());
   }
   addVisibilityAttrib(drawable, isHidden);
-  if (isShared && (before != SharedSettings(drawable, parts) || hasSettingsOfOthers(drawable))) {
+  if (isShared && before != SharedSettings(drawable, parts)) {
+    reportReplaced(shared, drawable, FindingCode::SETTINGS_REPLACED,
+                   "The settings of the geometry \"" + getName() +
+                       "\" are replaced by those of a later geometry with the same name and type");
+  }
+  if (isShared && hasSettingsOfOthers(drawable)) {
     report(shared.context, FindingCode::SETTINGS_REPLACED,
            "The geometry \"" + getName() +
-               "\" shares the settings of an earlier geometry with the same name and type, but states "
-               "different ones");
+               "\" has settings of an earlier geometry with the same name and type that it does not state");
   }
+  shared.origins[&drawable] = getPlace();
   if (isColoredByOther && drawable.getColorAttributes()->getColorMode() == lum::ColorMode::DATA) {
     report(shared.context, FindingCode::COLORMAP_REPLACED,
            "The data of \"" + getName() +

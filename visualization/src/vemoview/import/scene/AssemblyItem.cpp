@@ -181,7 +181,16 @@ void AssemblyItem::reportSharing(const SharedBySiblings& shared, lum::DrawableCo
   lum::forEachNodeOf<lum::ScalarAttributes>(collection, [&](const lum::ScalarAttributes& attributes) {
     recolors = recolors || !colormap->isAppliedTo(attributes);
   });
-  if (recolors) {
+  if (!recolors) {
+    return;
+  }
+  const auto former = shared.colormapOrigins.find(&collection);
+  if (shared.context != nullptr && former != shared.colormapOrigins.end()) {
+    shared.context->reportReplaced(FindingCode::COLORMAP_REPLACED,
+                                   "The colormap is replaced by the colormap \"" + colormap->getName() +
+                                       "\" of a later item with the name \"" + getName() + '"',
+                                   former->second);
+  } else {
     report(shared.context, FindingCode::COLORMAP_REPLACED,
            "The colormap \"" + colormap->getName() + "\" also colours earlier items with the name \"" +
                getName() + '"');
@@ -199,6 +208,7 @@ void AssemblyItem::convertExtras(SharedBySiblings& shared, lum::DrawableCollecti
   }
   if (applyColormap(target) && !isOuterColormap) {
     shared.usedColormaps.insert(getActiveColormap());
+    shared.colormapOrigins[&target] = getActiveColormap()->getPlace();
   }
   if (!_isIncomplete) {
     reportUnusedColormaps(shared);

@@ -113,9 +113,10 @@ SceneNodePtr convertItems(const Scene& scene, ReadingContext& context,
   shared.geometryNodes = geometryNodes;
   const ReadingContext::ItemScope scope(&context, Scene::XML_ENTITY, scene.getPlace());
   context.attempt([&] {
+    const Gradient* const gradient = scene.getGradient();
     const ReadingContext::ItemScope backgroundScope(
-        &context, Gradient::XML_ENTITY,
-        scene.getGradient() != nullptr ? scene.getGradient()->getPlace() : scene.getPlace());
+        &context, gradient != nullptr ? gradient->getPathName() : Gradient::XML_ENTITY,
+        gradient != nullptr ? gradient->getPlace() : scene.getPlace());
     const ReadingContext::AttributeScope modeScope(&context, "mode");
     setBackground(sceneNode->getBackgroundCanvas().getBackgroundAttributes(), scene);
   });

@@ -17,6 +17,10 @@ void reportDirectory(SceneFileReader& reader) {
     reader.report(FindingCode::ENTRIES_NOT_COUNTED,
                   "The archive has more entries than it states; the others are not read");
   }
+  if (reader.getArchive().hasOtherInFront()) {
+    reader.report(FindingCode::ENTRIES_NOT_COUNTED,
+                  "Another archive is in front of the archive; its entries are not read");
+  }
   for (const std::string& name : reader.getArchive().getDuplicateNames()) {
     reader.report(FindingCode::ENTRY_REPLACED,
                   "Several entries of the archive have this name; the last one is used", name);

@@ -37,6 +37,9 @@ class TreeBuilder {
     XML_SetCharacterDataHandler(_parser.get(), setText);
     XML_SetAttlistDeclHandler(_parser.get(), countDeclaration);
     XML_SetNotStandaloneHandler(_parser.get(), noteDeclarationsOutside);
+    // The former is not called for a document that claims to be standalone.
+    XML_SetStartDoctypeDeclHandler(_parser.get(), noteDocumentType);
+    XML_SetEntityDeclHandler(_parser.get(), noteEntityDeclared);
     XML_SetExternalEntityRefHandler(_parser.get(), noteEntityOutside);
   }
 
@@ -87,13 +90,30 @@ class TreeBuilder {
   }
 
   static int noteDeclarationsOutside(void* user) {
-    static_cast<TreeBuilder*>(user)->_hasDeclarationsOutside = true;
+    noteOutside(user, true);
     return XML_STATUS_OK;
+  }
+
+  static void noteDocumentType(void* user, const char* /*name*/, const char* systemId,
+                               const char* /*publicId*/, int /*hasInternalSubset*/) {
+    noteOutside(user, systemId != nullptr);
+  }
+
+  /// One that is used in declarations; others are noted where they are used in the document.
+  static void noteEntityDeclared(void* user, const char* /*name*/, int isParameter, const char* /*value*/,
+                                 int /*length*/, const char* /*base*/, const char* systemId,
+                                 const char* /*publicId*/, const char* /*notation*/) {
+    noteOutside(user, isParameter != 0 && systemId != nullptr);
   }
 
   static int noteEntityOutside(XML_Parser parser, const char* /*context*/, const char* /*base*/,
                                const char* /*systemId*/, const char* /*publicId*/) {
     return noteDeclarationsOutside(XML_GetUserData(parser));
+  }
+
+  static void noteOutside(void* user, bool isOutside) {
+    auto& builder = *static_cast<TreeBuilder*>(user);
+    builder._hasDeclarationsOutside = builder._hasDeclarationsOutside || isOutside;
   }
 
   /// Keeps exceptions out of the parser, which is C: it is stopped instead.

@@ -2,10 +2,10 @@
 
 #include "base/Utf8.h"
 #include "vemoview/common/VtkForms.h"
-#include "vemoview/render/decorations/LegendTicks.h"
 #include "vemoview/render/decorations/TextLabel.h"
 #include "vemoview/render/vtk/PropGroup.h"
 #include "vemoview/render/vtk/Screen.h"
+#include "vemoview/resolve/decorations/LegendTicks.h"
 #include <vemo/resolve/Decoration.h>
 
 #include <vtkActor2D.h>
@@ -21,7 +21,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 #include <map>
 #include <memory>
 #include <sstream>
@@ -87,12 +86,6 @@ class FlatShape {
   vtkNew<vtkActor2D> _actor;
 };
 
-std::string format(const std::string& pattern, double value) {
-  std::string text(static_cast<std::size_t>(std::snprintf(nullptr, 0, pattern.c_str(), value)), '\0');
-  std::snprintf(text.data(), text.size() + 1, pattern.c_str(), value);
-  return text;
-}
-
 TextAlignment titleAlignment(bool isVertical) {
   return {isVertical ? TextDecoration::Horizontal::LEFT : TextDecoration::Horizontal::CENTER,
           TextDecoration::Vertical::TOP};
@@ -128,8 +121,13 @@ class Legend {
     }
     _layoutInput = layoutInput;
     _pixel = std::max(1.0, std::round(layoutInput[3]));
-    const auto [low, high] = fit(canvas, renderer);
-    placeTitle(low, high, canvas, renderer);
+    const auto inPixels = [&canvas](const Pair& place) {
+      return Pair{place[0] * canvas[0], place[1] * canvas[1]};
+    };
+    const Box room{inPixels(_legend.roomLow), inPixels(_legend.roomHigh)};
+    const auto [low, high] =
+        fit({inPixels(_legend.position), inPixels(_legend.position + _legend.size)}, room, renderer);
+    placeTitle(low, high, room, renderer);
     placeBar(low, high);
     drawBar();
     drawLines();
@@ -142,24 +140,25 @@ class Legend {
   struct Box {
     Pair low;
     Pair high;
+
+    Pair size() const { return high - low; }
   };
 
-  /// Writes title and numbers so that they fit, and returns the place of all: that
-  /// of the legend if it has room for readable text, or else a larger one within the
-  /// canvas.
-  Box fit(const Pair& canvas, vtkRenderer& renderer) {
+  /// Writes title and numbers so that they fit, and returns the place of all: the wanted
+  /// one if it has room for readable text, or else a larger one within the room.
+  Box fit(const Box& wantedPlace, const Box& room, vtkRenderer& renderer) {
     constexpr double MIN_READABLE = 0.03;
     constexpr double MIN_PIXELS = 1.0;
     const double wanted = _legend.lineHeight * _layoutInput[2];
     const double readable = std::min(wanted, MIN_READABLE * _layoutInput[2]);
-    Pair low{_legend.position[0] * canvas[0], _legend.position[1] * canvas[1]};
-    Pair size{_legend.size[0] * canvas[0], _legend.size[1] * canvas[1]};
+    Pair low = wantedPlace.low;
+    Pair size = wantedPlace.size();
     Pair needed;
     // Sizes grow about as lines do: this takes few steps.
-    const auto shrink = [&](double first, double last, const Pair& room) {
+    const auto shrink = [&](double first, double last, const Pair& most) {
       for (_line = first;;) {
-        needed = write(low, size, canvas, renderer);
-        const double share = std::min(room[0] / needed[0], room[1] / needed[1]);
+        needed = write(low, size, room, renderer);
+        const double share = std::min(most[0] / needed[0], most[1] / needed[1]);
         if (share >= 1.0 || _line <= last) {
           return share >= 1.0;
         }
@@ -167,19 +166,19 @@ class Legend {
       }
     };
     if (!shrink(wanted, readable, size)) {
-      shrink(readable, MIN_PIXELS, canvas);
+      shrink(readable, MIN_PIXELS, room.size());
     }
     for (std::size_t i = 0; i < 2; ++i) {
-      size[i] = std::min(std::max(size[i], needed[i]), canvas[i]);
-      low[i] = std::min(low[i], canvas[i] - size[i]);
+      size[i] = std::min(std::max(size[i], needed[i]), room.size()[i]);
+      low[i] = std::min(low[i], room.high[i] - size[i]);
     }
     return {low, {low[0] + size[0], low[1] + size[1]}};
   }
 
   /// Writes title and numbers, and returns the room that they need with a short bar.
-  Pair write(const Pair& low, const Pair& size, const Pair& canvas, vtkRenderer& renderer) {
-    const double widest = canvas[0] - _line / 2.0;
-    wrapTitle(widest - (_isVertical ? low[0] : 0.0), widest, renderer);
+  Pair write(const Pair& low, const Pair& size, const Box& room, vtkRenderer& renderer) {
+    const double widest = room.size()[0] - _line / 2.0;
+    wrapTitle(widest - (_isVertical ? low[0] - room.low[0] : 0.0), widest, renderer);
     const Pair title = _title.getSize(renderer);
     _titleHeight = title[1] > 0.0 ? title[1] + _line / 3.0 : 0.0;
     setLabels(_isVertical ? size[1] - _titleHeight : size[0], renderer);
@@ -187,7 +186,7 @@ class Legend {
         _isVertical
             ? Pair{breadth() + (TICK + GAP_BESIDE + MARGIN) * _line + _labelExtent, 3.0 * _line}
             : Pair{2.0 * _labelExtent + _line, (MIN_BREADTH + TICK + GAP_BELOW + 1.0 + MARGIN) * _line};
-    // A title need not fit beside the bar, but into the canvas.
+    // A title need not fit beside the bar, but into the room.
     const double overhang = title[0] > widest ? title[0] + _line / 2.0 : 0.0;
     return {std::max(bar[0], overhang), bar[1] + _titleHeight};
   }
@@ -250,14 +249,14 @@ class Legend {
     return broken;
   }
 
-  void placeTitle(const Pair& low, const Pair& high, const Pair& canvas, vtkRenderer& renderer) {
+  void placeTitle(const Pair& low, const Pair& high, const Box& room, vtkRenderer& renderer) {
     const double width = _title.getSize(renderer)[0];
     // A title above a horizontal bar is centred at its position.
     const double before = _isVertical ? 0.0 : width / 2.0;
     const double wanted = _isVertical ? low[0] : (low[0] + high[0]) / 2.0;
     const double margin = MARGIN * _line;
-    const double least = margin + before;
-    _title.moveTo({std::max(least, std::min(wanted, canvas[0] - margin - width + before)), high[1]});
+    const double least = room.low[0] + margin + before;
+    _title.moveTo({std::max(least, std::min(wanted, room.high[0] - margin - width + before)), high[1]});
   }
 
   /// Chooses as many ticks as have room along the bar, and writes their labels.
@@ -265,13 +264,14 @@ class Legend {
     const double most = _isVertical ? std::max(length / _line, 2.0) : static_cast<double>(MAX_LABELS_ACROSS);
     for (auto count = static_cast<int>(std::min(static_cast<double>(_labels.size()), most));; --count) {
       _ticks = makeLegendTicks(_legend.table.range, _legend.table.isLog10, count);
+      const std::vector<std::string> texts = labelsOf(_ticks, _legend.labelFormat);
       _labelExtent = 0.0;
       for (std::size_t i = 0; i < _labels.size(); ++i) {
         if (i >= _ticks.size()) {
           _labels[i].hide();
           continue;
         }
-        _labels[i].setText(format(_legend.labelFormat, _ticks[i].value));
+        _labels[i].setText(texts[i]);
         _labels[i].setLineHeight(_line, renderer);
         _labelExtent = std::max(_labelExtent, _labels[i].getSize(renderer)[0]);
       }

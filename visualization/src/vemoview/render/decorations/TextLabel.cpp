@@ -40,6 +40,15 @@ void applyStyle(const TextStyle& style, const TextAlignment& alignment, vtkTextP
   property.SetVerticalJustification(static_cast<int>(alignment.vertical));
 }
 
+/// VTK takes a text between two dollar signs for a formula, unless backslashes precede them.
+std::string withoutFormulas(const std::string& text) {
+  std::string result;
+  for (const char byte : text) {
+    result += byte == '$' ? "\\$" : std::string(1, byte);
+  }
+  return result;
+}
+
 }  // namespace
 
 TextLabel::TextLabel(const std::string& text, const TextStyle& style, const TextAlignment& alignment,
@@ -52,7 +61,7 @@ TextLabel::TextLabel(const std::string& text, const TextStyle& style, const Text
 }
 
 void TextLabel::setText(const std::string& text) {
-  _actor->SetInput(text.c_str());
+  _actor->SetInput(withoutFormulas(text).c_str());
 }
 
 void TextLabel::setLineHeight(double pixels, vtkRenderer& renderer) {

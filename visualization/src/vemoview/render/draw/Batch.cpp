@@ -1,6 +1,5 @@
 #include "vemoview/render/draw/Batch.h"
 
-#include "vemoview/render/draw/MeshMerger.h"
 #include "vemoview/render/draw/MeshProps.h"
 #include "vemoview/render/vtk/CanvasResources.h"
 
@@ -42,7 +41,7 @@ void Batch::make(double pixelScale) {
   std::vector<const MeshInstance*> shown;
   forEachShown([&](const MeshInstance& mesh) { shown.push_back(&mesh); });
   _props = std::make_unique<PropGroup>(*_resources->renderer);
-  addProps(merge(shown, _resources->tables), *_resources->clipPlanes, *_props);
+  addProps(shown, *_resources, *_props);
   _props->scalePixels(pixelScale);
   _isDrawn = _isShown;
 }

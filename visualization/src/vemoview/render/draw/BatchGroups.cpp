@@ -1,6 +1,8 @@
 #include "vemoview/render/draw/BatchGroups.h"
 
+#include "geometry/Bounds.h"
 #include "vemoview/render/draw/MeshScalars.h"
+#include "vemoview/resolve/drawables/InstanceBounds.h"
 
 #include <vtkCellData.h>
 #include <vtkDataArray.h>
@@ -13,6 +15,7 @@
 #include <cstddef>
 #include <map>
 #include <numeric>
+#include <optional>
 #include <utility>
 
 namespace vemo {
@@ -69,25 +72,122 @@ bool isSmall(const MeshInstance& mesh) {
   return std::max(mesh.geometry->GetNumberOfPoints(), mesh.geometry->GetNumberOfCells()) <= SMALL;
 }
 
-/// The indices of the small meshes, by batch.
-std::vector<std::vector<std::size_t>> groupSmallMeshes(const std::vector<MeshInstance>& meshes) {
+/// Points whose size is in model units have that of the middle of their mesh.
+bool canBeMerged(const MeshInstance& mesh) {
+  return isSmall(mesh) && !mesh.appearance.isPointSizeInModelUnits;
+}
+
+/// What a mesh covers, and with what. Lines on faces are drawn a little nearer than all else.
+struct Cover {
+  Box box;
+  bool hasFaces = false;
+  bool hasOnFaces = false;
+  bool hasOthers = false;
+};
+
+Cover coverOf(const MeshInstance& mesh) {
+  const Appearance& appearance = mesh.appearance;
+  const bool isSurface = appearance.kind == Appearance::Kind::SURFACE;
+  Cover cover;
+  cover.hasFaces = isSurface && appearance.hasFaces;
+  cover.hasOnFaces = appearance.isOfSurface || (isSurface && (appearance.hasEdges || appearance.hasContour));
+  cover.hasOthers = !isSurface && !appearance.isOfSurface;
+  const Box bounds = boundsOf(*mesh.geometry);
+  forEachInstance(mesh.transforms, [&](const InstanceTransform* transform) {
+    cover.box.add(instanceBounds(transform, bounds));
+  });
+  return cover;
+}
+
+/// Whether parts of two meshes may be in the same place, where the one that is drawn last is seen.
+bool mayCoincide(const Cover& a, const Cover& b) {
+  int sharedSides = 0;
+  for (std::size_t axis = 0; axis < 3; ++axis) {
+    const double low = std::max(a.box.low[axis], b.box.low[axis]);
+    const double high = std::min(a.box.high[axis], b.box.high[axis]);
+    if (low > high) {
+      return false;
+    }
+    sharedSides += low < high ? 1 : 0;
+  }
+  // Faces that have just an edge in common do not cover each other.
+  const bool areFacesShared = a.hasFaces && b.hasFaces && sharedSides >= 2;
+  return areFacesShared || (a.hasOnFaces && b.hasOnFaces) || (a.hasOthers && (b.hasOthers || b.hasFaces)) ||
+         (a.hasFaces && b.hasOthers);
+}
+
+/// The order in which the meshes of a scene are drawn.
+class DrawingOrder {
+ public:
+  explicit DrawingOrder(const std::vector<MeshInstance>& meshes) : _meshes(meshes), _covers(meshes.size()) {}
+
+  /// The next mesh is in a group, or in none.
+  void add(std::optional<std::size_t> group) {
+    if (_runs.empty() || _runs.back().group != group) {
+      _runs.push_back({group, _count});
+    }
+    ++_count;
+  }
+
+  /// Whether the next mesh can be drawn as early as the first one of its group: before the later
+  /// ones of other groups. False if these are too many to look at, which costs a further batch only.
+  bool canBeAdvanced(std::size_t group, std::size_t first) {
+    constexpr std::size_t MOST_TESTS = 500;
+    std::size_t tests = 0;
+    std::size_t end = _count;
+    for (auto run = _runs.rbegin(); run != _runs.rend() && end > first; end = run->first, ++run) {
+      for (std::size_t i = std::max(run->first, first); run->group != group && i < end; ++i) {
+        if (++tests > MOST_TESTS || mayCoincide(cover(i), cover(_count))) {
+          return false;
+        }
+      }
+      ++tests;
+    }
+    return true;
+  }
+
+ private:
+  /// Meshes one after the other, of one group or of none.
+  struct Run {
+    std::optional<std::size_t> group;
+    std::size_t first;
+  };
+
+  const Cover& cover(std::size_t mesh) {
+    if (!_covers[mesh]) {
+      _covers[mesh] = coverOf(_meshes[mesh]);
+    }
+    return *_covers[mesh];
+  }
+
+  const std::vector<MeshInstance>& _meshes;
+  std::vector<std::optional<Cover>> _covers;
+  std::vector<Run> _runs;
+  std::size_t _count = 0;
+};
+
+/// The indices of the meshes that can be merged, by batch.
+std::vector<std::vector<std::size_t>> groupMeshes(const std::vector<MeshInstance>& meshes) {
   struct Group {
     std::size_t index;
     vtkIdType points;
   };
   std::vector<std::vector<std::size_t>> groups;
   std::map<BatchKey, Group> open;
+  DrawingOrder order(meshes);
   for (std::size_t i = 0; i < meshes.size(); ++i) {
-    if (!isSmall(meshes[i])) {
+    if (!canBeMerged(meshes[i])) {
+      order.add(std::nullopt);
       continue;
     }
     const auto [entry, isNew] = open.try_emplace(keyOf(meshes[i]), Group{groups.size(), 0});
     Group& group = entry->second;
-    if (isNew || group.points >= FULL) {
+    if (isNew || group.points >= FULL || !order.canBeAdvanced(group.index, groups[group.index].front())) {
       group = {groups.size(), 0};
       groups.emplace_back();
     }
     groups[group.index].push_back(i);
+    order.add(group.index);
     group.points += meshes[i].geometry->GetNumberOfPoints();
   }
   return groups;
@@ -99,7 +199,7 @@ std::vector<std::vector<MeshInstance>> groupIntoBatches(std::vector<MeshInstance
   // The first of the group that each mesh is in.
   std::vector<std::size_t> leaders(meshes.size());
   std::iota(leaders.begin(), leaders.end(), std::size_t{0});
-  for (const auto& group : groupSmallMeshes(meshes)) {
+  for (const auto& group : groupMeshes(meshes)) {
     if (group.size() >= FEW) {
       for (const std::size_t member : group) {
         leaders[member] = group.front();

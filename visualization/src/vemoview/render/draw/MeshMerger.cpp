@@ -1,6 +1,7 @@
 #include "vemoview/render/draw/MeshMerger.h"
 
 #include "base/MemoryReserve.h"
+#include "geometry/Bounds.h"
 #include "geometry/NewArray.h"
 #include "vemoview/render/draw/MeshScalars.h"
 #include "vemoview/render/vtk/LookupTables.h"
@@ -17,6 +18,8 @@
 #include <array>
 #include <cmath>
 #include <map>
+#include <memory>
+#include <utility>
 
 namespace vemo {
 
@@ -77,6 +80,7 @@ class Merger {
     for (const CellKindTraits& kind : CELL_KINDS) {
       kind.set(*result.geometry, mergeCells(kind));
     }
+    result.parts = boundParts();
     mergeNormals(*result.geometry);
     mergeColors(result);
     return result;
@@ -130,6 +134,14 @@ class Merger {
       firstPoint += from.GetNumberOfPoints();
     }
     return merged;
+  }
+
+  SharedBoxes boundParts() const {
+    std::vector<Box> boxes;
+    for (const MeshInstance* const member : _members) {
+      boxes.push_back(boundsOfCells(*member->geometry));
+    }
+    return std::make_shared<const std::vector<Box>>(std::move(boxes));
   }
 
   void mergeNormals(vtkPolyData& geometry) const {
@@ -195,7 +207,7 @@ class Merger {
 };
 
 RenderMesh toRenderMesh(const MeshInstance& mesh, LookupTables& tables) {
-  RenderMesh result{mesh.geometry, mesh.appearance, mesh.color, {}, mesh.transforms};
+  RenderMesh result{mesh.geometry, nullptr, mesh.appearance, mesh.color, {}, mesh.transforms};
   if (mesh.scalars) {
     result.scalars = {mesh.scalars->location, mesh.scalars->arrayName, tables.get(mesh.scalars->table)};
   }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "vemoview/render/draw/RenderMesh.h"
-#include <vemo/render/Export.h>
 
 #include <vector>
 
@@ -11,6 +10,6 @@ class LookupTables;
 
 /// Merges all or some meshes of a batch, at least one. The colours of several
 /// become its scalars.
-VEMO_RENDER_EXPORT RenderMesh merge(const std::vector<const MeshInstance*>& meshes, LookupTables& tables);
+RenderMesh merge(const std::vector<const MeshInstance*>& meshes, LookupTables& tables);
 
 }  // namespace vemo

@@ -2,7 +2,9 @@
 
 #include "geometry/Bounds.h"
 #include "geometry/drawing/ContourEdges.h"
-#include "geometry/drawing/DrawableCells.h"
+#include "vemoview/render/draw/MeshMerger.h"
+#include "vemoview/render/draw/RenderMesh.h"
+#include "vemoview/render/vtk/CanvasResources.h"
 #include "vemoview/render/vtk/ClippedInput.h"
 #include "vemoview/render/vtk/Matrix.h"
 #include "vemoview/render/vtk/MeshActor.h"
@@ -19,6 +21,9 @@
 #include <vtkProperty.h>
 
 #include <algorithm>
+#include <iterator>
+#include <memory>
+#include <utility>
 
 namespace vemo {
 
@@ -84,7 +89,7 @@ vtkSmartPointer<vtkPolyDataMapper> makeMapper(const RenderMesh& mesh, vtkPlaneCo
   return mapper;
 }
 
-vtkSmartPointer<vtkActor> makeActor(const RenderMesh& mesh, const InstanceTransform* transform) {
+vtkSmartPointer<MeshActor> makeActor(const RenderMesh& mesh, const InstanceTransform* transform) {
   auto actor = vtkSmartPointer<MeshActor>::New();
   actor->setNearer(mesh.isOnFaces || mesh.appearance.isOfSurface);
   if (mesh.appearance.hasContour || mesh.appearance.hasEdges) {
@@ -115,15 +120,27 @@ vtkSmartPointer<vtkProperty> makeProperty(const RenderMesh& mesh) {
   return property;
 }
 
+/// VTK's mappers clip by the first planes; the others cut the geometry.
+bool isCutBeforehand(const RenderMesh& mesh, vtkPlaneCollection& planes) {
+  return mesh.appearance.isClipped && planes.GetNumberOfItems() > static_cast<int>(HARDWARE_CLIP_PLANES);
+}
+
+/// What is cut, too, is part of a view of everything.
+SharedBoxes partsOf(const RenderMesh& mesh, bool isCut) {
+  return mesh.parts == nullptr && isCut
+             ? std::make_shared<const std::vector<Box>>(1, boundsOfCells(*mesh.geometry))
+             : mesh.parts;
+}
+
 /// One actor for each instance. All have the same property, unless their sizes
 /// are the model's, and, unless each is cut differently, the same mapper.
 vtkProperty& addActors(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
-  const bool isCutHere =
-      mesh.appearance.isClipped && planes.GetNumberOfItems() > static_cast<int>(HARDWARE_CLIP_PLANES);
+  const bool isCut = isCutBeforehand(mesh, planes);
+  const SharedBoxes parts = partsOf(mesh, isCut);
   auto property = makeProperty(mesh);
   vtkSmartPointer<vtkPolyDataMapper> mapper;
   forEachInstance(mesh.transforms, [&](const InstanceTransform* transform) {
-    if (mapper == nullptr || isCutHere) {
+    if (mapper == nullptr || isCut) {
       mapper = makeMapper(mesh, planes, transform);
     }
     const auto actor = makeActor(mesh, transform);
@@ -131,6 +148,7 @@ vtkProperty& addActors(const RenderMesh& mesh, vtkPlaneCollection& planes, PropG
       property = makeProperty(mesh);
       keepModelSize(mesh, transform, property, group);
     }
+    actor->setParts(parts);
     actor->SetMapper(mapper);
     actor->SetProperty(property);
     group.add(actor);
@@ -150,44 +168,60 @@ void becomeEdges(RenderMesh& mesh) {
 void addEdges(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
   RenderMesh edges = mesh;
   becomeEdges(edges);
+  if (isCutBeforehand(mesh, planes)) {
+    // Cutting faces makes new edges.
+    edges.geometry = faceEdges(*mesh.geometry);
+  }
   edges.isOnFaces = mesh.appearance.hasFaces;
   vtkProperty& property = addActors(edges, planes, group);
   property.SetRepresentationToWireframe();
   property.LightingOff();
 }
 
-void addContour(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
-  RenderMesh contour = mesh;
-  contour.geometry = contourEdges(*mesh.geometry, CONTOUR_BEND_DEGREES);
-  if (contour.geometry->GetNumberOfCells() == 0) {
-    return;
+/// The contour of each mesh by itself: where two of them meet, both have a border.
+std::vector<MeshInstance> contoursOf(const std::vector<const MeshInstance*>& meshes) {
+  std::vector<MeshInstance> contours;
+  for (const MeshInstance* const mesh : meshes) {
+    auto lines = contourEdges(*mesh->geometry, CONTOUR_BEND_DEGREES);
+    if (lines->GetNumberOfCells() > 0) {
+      MeshInstance& contour = contours.emplace_back(*mesh);
+      contour.geometry = std::move(lines);
+      contour.scalars.reset();
+    }
   }
-  becomeEdges(contour);
-  contour.isOnFaces = true;
-  addActors(contour, planes, group).LightingOff();
+  return contours;
 }
 
-void addSurface(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
-  const Appearance& appearance = mesh.appearance;
-  if (appearance.hasFaces) {
-    addActors(mesh, planes, group);
+void addContours(const std::vector<const MeshInstance*>& meshes, CanvasResources& resources,
+                 PropGroup& group) {
+  const std::vector<MeshInstance> contours = contoursOf(meshes);
+  if (contours.empty()) {
+    return;
   }
-  if (appearance.hasEdges) {
-    addEdges(mesh, planes, group);
-  }
-  // Last: at the same depth it covers the rest.
-  if (appearance.hasContour) {
-    addContour(mesh, planes, group);
-  }
+  std::vector<const MeshInstance*> members;
+  std::ranges::transform(contours, std::back_inserter(members),
+                         [](const MeshInstance& contour) { return &contour; });
+  RenderMesh contour = merge(members, resources.tables);
+  becomeEdges(contour);
+  contour.isOnFaces = true;
+  addActors(contour, *resources.clipPlanes, group).LightingOff();
 }
 
 }  // namespace
 
-void addProps(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
-  if (mesh.appearance.kind == Appearance::Kind::SURFACE) {
-    addSurface(mesh, planes, group);
-  } else {
-    addActors(mesh, planes, group);
+void addProps(const std::vector<const MeshInstance*>& meshes, CanvasResources& resources, PropGroup& group) {
+  const RenderMesh mesh = merge(meshes, resources.tables);
+  const Appearance& appearance = mesh.appearance;
+  const bool isSurface = appearance.kind == Appearance::Kind::SURFACE;
+  if (!isSurface || appearance.hasFaces) {
+    addActors(mesh, *resources.clipPlanes, group);
+  }
+  if (isSurface && appearance.hasEdges) {
+    addEdges(mesh, *resources.clipPlanes, group);
+  }
+  // Last: at the same depth it covers the rest.
+  if (isSurface && appearance.hasContour) {
+    addContours(meshes, resources, group);
   }
 }
 

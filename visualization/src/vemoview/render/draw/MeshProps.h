@@ -1,16 +1,18 @@
 #pragma once
 
-#include "vemoview/render/draw/RenderMesh.h"
 #include <vemo/render/Export.h>
+#include <vemo/resolve/MeshInstance.h>
 
-class vtkPlaneCollection;
+#include <vector>
 
 namespace vemo {
 
+struct CanvasResources;
 class PropGroup;
 
-/// Adds the props that draw a mesh to a group. The planes clip it if its
-/// appearance says so.
-VEMO_RENDER_EXPORT void addProps(const RenderMesh& mesh, vtkPlaneCollection& clipPlanes, PropGroup& group);
+/// Adds the props that draw all or some meshes of a batch, at least one, to a group. They
+/// look as if each was drawn by itself.
+VEMO_RENDER_EXPORT void addProps(const std::vector<const MeshInstance*>& meshes, CanvasResources& resources,
+                                 PropGroup& group);
 
 }  // namespace vemo

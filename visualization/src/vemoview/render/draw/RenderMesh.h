@@ -1,5 +1,6 @@
 #pragma once
 
+#include "vemoview/render/vtk/MeshActor.h"
 #include <vemo/resolve/MeshInstance.h>
 
 #include <vtkLookupTable.h>
@@ -22,6 +23,8 @@ struct RenderMesh {
   };
 
   vtkSmartPointer<vtkPolyData> geometry;
+  /// Around the cells of each instance that was merged, if there are several; may be null for one.
+  SharedBoxes parts;
   Appearance appearance;
   Vector3 color;
   std::optional<Scalars> scalars;

@@ -1,5 +1,9 @@
 #include "vemoview/render/vtk/MeshActor.h"
 
+#include "vemoview/resolve/drawables/InstanceBounds.h"
+
+#include <vtkCamera.h>
+#include <vtkMatrix4x4.h>
 #include <vtkObjectFactory.h>
 #include <vtkOpenGLRenderer.h>
 #include <vtkOpenGLState.h>
@@ -8,6 +12,26 @@
 namespace vemo {
 
 vtkStandardNewMacro(MeshActor);
+
+double* MeshActor::GetBounds() {
+  if (_parts == nullptr) {
+    return vtkOpenGLActor::GetBounds();
+  }
+  if (GetMTime() > BoundsMTime) {
+    BoundsMTime.Modified();
+    InstanceTransform transform{};
+    vtkMatrix4x4::DeepCopy(transform.data(), GetMatrix());
+    Box box;
+    for (const Box& part : *_parts) {
+      box.add(instanceBounds(&transform, part));
+    }
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+      Bounds[2 * axis] = box.low[axis];
+      Bounds[2 * axis + 1] = box.high[axis];
+    }
+  }
+  return Bounds;
+}
 
 void MeshActor::Render(vtkRenderer* renderer, vtkMapper* mapper) {
   vtkOpenGLState& state = *static_cast<vtkOpenGLRenderer&>(*renderer).GetState();
@@ -21,14 +45,30 @@ void MeshActor::Render(vtkRenderer* renderer, vtkMapper* mapper) {
     glEnable(GL_POLYGON_OFFSET_FILL);
     glPolygonOffset(_stepBack, 1.0F);
   }
-  if (_isNearer) {
-    constexpr double NEARER = 6e-5;
-    glDepthRange(0.0, 1.0 - NEARER);
-  }
+  setDepthRange(*renderer->GetActiveCamera());
   vtkOpenGLActor::Render(renderer, mapper);
   glDepthRange(0.0, 1.0);
   glDisable(GL_POLYGON_OFFSET_FILL);
   glFrontFace(GL_CCW);
+}
+
+void MeshActor::setDepthRange(vtkCamera& camera) const {
+  if (camera.GetParallelProjection() != 0) {
+    constexpr double NEARER = 6e-5;
+    glDepthRange(0.0, _isNearer ? 1.0 - NEARER : 1.0);
+    return;
+  }
+  // In perspective a constant difference of depths would be a large one far away, where hidden
+  // lines would be seen through faces. With these two ranges, it is that of a part of the distance.
+  constexpr double NEARER = 3e-4;
+  // A few steps of a depth buffer.
+  constexpr double LEAST = 2.5e-7;
+  const double* const range = camera.GetClippingRange();
+  if (_isNearer) {
+    glDepthRange(0.0, 1.0 - NEARER * range[0] / range[1] - LEAST);
+  } else {
+    glDepthRange(NEARER, 1.0);
+  }
 }
 
 }  // namespace vemo

@@ -1,8 +1,18 @@
 #pragma once
 
+#include "geometry/Box.h"
+
 #include <vtkOpenGLActor.h>
 
+#include <memory>
+#include <utility>
+#include <vector>
+
+class vtkCamera;
+
 namespace vemo {
+
+using SharedBoxes = std::shared_ptr<const std::vector<Box>>;
 
 /// Draws faces, and lines on them, with settings that VTK's actor lacks.
 class MeshActor : public vtkOpenGLActor {
@@ -21,9 +31,19 @@ class MeshActor : public vtkOpenGLActor {
   /// depth.
   void setNearer(bool isNearer) { _isNearer = isNearer; }
 
+  /// Its bounds are those of these boxes, each moved by itself, instead of the mapper's: they do
+  /// not depend on what was merged or cut for drawing. Null for the mapper's.
+  void setParts(SharedBoxes parts) { _parts = std::move(parts); }
+
+  using vtkOpenGLActor::GetBounds;
+  double* GetBounds() override;
+
   void Render(vtkRenderer* renderer, vtkMapper* mapper) override;
 
  private:
+  void setDepthRange(vtkCamera& camera) const;
+
+  SharedBoxes _parts;
   bool _isMirrored = false;
   bool _isNearer = false;
   /// In steps of a face's depth from one pixel to the next.

@@ -21,6 +21,10 @@ vtkSmartPointer<vtkTexture> makeTexture(const ImageDecoration& image) {
   // Bytes are colours already, grey ones too.
   texture->SetColorModeToDirectScalars();
   texture->InterpolateOn();
+  // Pixels that are drawn smaller become means, so that no fine lines are lost.
+  texture->MipmapOn();
+  // More makes enlarged pixels uneven in Mesa.
+  texture->SetMaximumAnisotropicFiltering(1.0F);
   texture->RepeatOff();
   texture->EdgeClampOn();
   return texture;

@@ -154,6 +154,9 @@ std::vector<Decoration> DecorationResolver::resolve(const std::vector<VisibleDra
     if (!content) {
       continue;
     }
+    if (auto* const legend = std::get_if<LegendDecoration>(&*content)) {
+      _legends.place(*legend, visible.drawable->getName());
+    }
     clip(*content, visible.isClipped);
     if (_isOnDark) {
       makeReadableOnDark(*content);
@@ -168,6 +171,7 @@ std::vector<Decoration> DecorationResolver::resolve(const std::vector<VisibleDra
                       }
                     });
   }
+  _legends.shareRoom(result);
   return result;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "vemoview/resolve/decorations/LegendPlacement.h"
 #include "vemoview/resolve/decorations/TriadResolver.h"
 #include "vemoview/resolve/drawables/VisibleDrawables.h"
 #include "vemoview/resolve/values/ColorTableResolver.h"
@@ -27,6 +28,7 @@ class DecorationResolver {
   bool _isOnDark;
   const CameraIndices& _cameras;
   ColorTables& _tables;
+  LegendPlacement _legends;
   int _count = 0;
   // Of texts and images in them.
   int _pieceCount = 0;

@@ -24,7 +24,7 @@ using Characters = std::set<char32_t>;
 /// What VTK's built-in fonts have in every face and style.
 bool isBuiltIn(char32_t character) {
   constexpr char32_t LAST_OF_LATIN_1 = 0xFF;
-  return character <= LAST_OF_LATIN_1;
+  return character <= LAST_OF_LATIN_1 && !isLateControl(character);
 }
 
 /// VTK draws nothing for the characters beyond, whatever the font.

@@ -12,6 +12,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <fmt/format.h>
+#include <string>
 
 namespace vemo {
 
@@ -45,12 +47,17 @@ bool canBeDrawn(const ImageDecoration& image, const std::string& name) {
 }
 
 bool hasValidPixels(const lum::ImageDrawable& image, const lum::ImageAttributes& attributes) {
-  if (attributes.hasValidPixels() && std::max(attributes.getWidth(), attributes.getHeight()) <= MAX_SIZE) {
+  const int width = attributes.getWidth();
+  const int height = attributes.getHeight();
+  if (attributes.hasValidPixels() && std::max(width, height) <= MAX_SIZE) {
     return true;
   }
-  reportFinding(FindingCode::IMAGE_NOT_DRAWN,
-                "The image \"" + image.getName() + "\" is not drawn: its pixels are not " +
-                    std::to_string(attributes.getWidth()) + " x " + std::to_string(attributes.getHeight()));
+  const std::string fault =
+      attributes.hasValidPixels()
+          ? fmt::format("{} x {} pixels are too many: {} in each direction are possible", width, height,
+                        MAX_SIZE)
+          : fmt::format("its pixels are not {} x {}", width, height);
+  reportFinding(FindingCode::IMAGE_NOT_DRAWN, "The image \"" + image.getName() + "\" is not drawn: " + fault);
   return false;
 }
 

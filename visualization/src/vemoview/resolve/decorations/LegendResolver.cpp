@@ -1,9 +1,11 @@
 #include "vemoview/resolve/decorations/LegendResolver.h"
 
 #include "scenegraph/attributes/NumberFormat.h"
+#include "vemoview/resolve/decorations/LegendTicks.h"
 #include "vemoview/resolve/decorations/TextStyleResolver.h"
 #include "vemoview/resolve/values/ReadableText.h"
 #include <vemo/base/PrintableText.h>
+#include <vemo/resolve/UsualPicture.h>
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/Ptr.h>
 #include <vemo/scenegraph/attributes/PositionAttributes.h>
@@ -12,6 +14,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <fmt/format.h>
 
 namespace vemo {
 
@@ -28,13 +32,37 @@ const lum::LegendAttributes& defaultAttributes() {
   return *attributes;
 }
 
+/// Empty for the default.
 std::string resolveFormat(const std::string& format, const std::string& what) {
+  if (format == defaultAttributes().getLabelFormat()) {
+    return {};
+  }
   if (lum::isNumberFormat(format)) {
     return readableText(format, MAX_TEXT_BYTES, what);
   }
   reportFinding(FindingCode::VALUE_IGNORED,
                 what + " ignores the number format \"" + toPrintable(format) + "\", which is invalid");
-  return defaultAttributes().getLabelFormat();
+  return {};
+}
+
+/// As many numbers as there are where all have room.
+void reportUnsuitableFormat(const LegendDecoration& legend, const std::string& what) {
+  const auto ticks = makeLegendTicks(legend.table.range, legend.table.isLog10, legend.labelCount);
+  const auto labels = labelsOf(ticks, legend.labelFormat);
+  if (areAnyAlike(ticks, labels)) {
+    reportFinding(FindingCode::LEGEND_NUMBERS_ALIKE, what + " writes different numbers alike: its format \"" +
+                                                         toPrintable(legend.labelFormat) +
+                                                         "\" has too few digits");
+  }
+  // Digits are about half as wide as a line is high.
+  constexpr double ACROSS = USUAL_WIDTH / (0.45 * LEGEND_LINE_HEIGHT * USUAL_HEIGHT);
+  const std::size_t longest = labels.empty() ? 0 : std::ranges::max(labels, {}, &std::string::size).size();
+  if (static_cast<double>(longest) > (legend.isVertical ? ACROSS : ACROSS / 2.0)) {
+    reportFinding(FindingCode::TEXT_CHANGED,
+                  fmt::format("{} has numbers of {} characters, which are drawn smaller than stated in a "
+                              "picture of {} x {} pixels",
+                              what, longest, USUAL_WIDTH, USUAL_HEIGHT));
+  }
 }
 
 /// Moves a legend that would leave the window into it; false for one without a
@@ -86,6 +114,7 @@ std::optional<LegendDecoration> resolveLegend(const lum::LegendDrawable& legend,
   result.labelFormat = resolveFormat(attributes.getLabelFormat(), what);
   result.style = resolveTextStyle(style, {result.title, result.labelFormat}, what);
   result.lineHeight = resolveLineHeight(style, LEGEND_LINE_HEIGHT);
+  reportUnsuitableFormat(result, what);
   if (result.labelCount > 0 || !result.title.empty()) {
     reportIfTooSmall(result.lineHeight, "The text of the legend \"" + legend.getName() + '"');
   }

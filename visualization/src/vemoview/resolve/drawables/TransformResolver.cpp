@@ -87,7 +87,8 @@ InstanceTransform reflection(const Vector<4, double>& plane) {
 }
 
 void reportNotUsable() {
-  reportFinding(FindingCode::TRANSFORM_UNUSABLE, "Not drawn: the transforms make it too small or too large");
+  reportFinding(FindingCode::TRANSFORM_UNUSABLE,
+                "Not drawn: the transforms make it too small or too large, or move it too far away");
 }
 
 void reportRepeatsLimited(std::size_t count) {

@@ -54,6 +54,15 @@ vtkDataArray* findFitting(const lum::PolyDataNode& node, const std::string& name
   return array != nullptr && array->GetNumberOfTuples() == points ? array : nullptr;
 }
 
+bool isAnyFinite(vtkDataArray& values) {
+  for (vtkIdType i = 0; i < values.GetNumberOfTuples(); ++i) {
+    if (std::isfinite(values.GetComponent(i, 0))) {
+      return true;
+    }
+  }
+  return false;
+}
+
 /// The least value above 0; infinite when there is none.
 double leastPositive(vtkDataArray& values) {
   double least = std::numeric_limits<double>::infinity();
@@ -157,12 +166,14 @@ std::vector<MeshInstance> splitBySize(MeshInstance mesh, const lum::GeometryDraw
   vtkDataArray* const values =
       findFitting(node, attributes->getScalarName(), mesh.geometry->GetNumberOfPoints());
   const std::string points = "The points of \"" + itemNameOf(node) + '"';
-  const auto range = values != nullptr ? resolveRange(*attributes, *values, points) : std::nullopt;
+  const bool hasNumbers = values != nullptr && isAnyFinite(*values);
+  const auto range = hasNumbers ? resolveRange(*attributes, *values, points) : std::nullopt;
   if (!range) {
     reportFinding(FindingCode::POINTS_NOT_SCALED,
                   fmt::format("{} are not scaled by \"{}\": {}", points, attributes->getScalarName(),
                               values == nullptr ? "they have no array with that name and a value for each"
-                                                : "its range cannot be used"));
+                              : hasNumbers      ? "its range cannot be used"
+                                                : "it has no finite values"));
     return {std::move(mesh)};
   }
   reportUnusableSizes(*attributes, points);

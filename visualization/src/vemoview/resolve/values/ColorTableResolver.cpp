@@ -10,14 +10,15 @@ namespace vemo {
 
 std::shared_ptr<const ColorTable> ColorTables::resolve(const lum::ColorLookupTable& table) {
   auto [usable, changes] = makeUsable(table);
-  const auto [resolved, isNew] =
-      _tables.insert({std::make_shared<const ColorTable>(std::move(usable)), changes});
-  if (isNew && !changes.empty()) {
+  const Table& resolved = *_tables.insert(std::make_shared<const ColorTable>(std::move(usable))).first;
+  if (!changes.empty()) {
     const auto& range = table.getScalarRange();
-    reportFinding(FindingCode::COLORMAP_ADJUSTED,
-                  fmt::format("The colormap from {} to {} {}", range[0], range[1], changes));
+    const std::string text = fmt::format("The colormap from {} to {} {}", range[0], range[1], changes);
+    if (_reported.emplace(resolved, text).second) {
+      reportFinding(FindingCode::COLORMAP_ADJUSTED, text);
+    }
   }
-  return resolved->table;
+  return resolved;
 }
 
 }  // namespace vemo

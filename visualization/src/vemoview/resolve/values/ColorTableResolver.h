@@ -5,7 +5,7 @@
 #include <memory>
 #include <set>
 #include <string>
-#include <tuple>
+#include <utility>
 
 namespace lum {
 class ColorLookupTable;
@@ -18,20 +18,18 @@ namespace vemo {
 /// their data. A finding says what makes a table usable.
 class ColorTables {
  public:
-  /// Equal tables are one object, and reported once.
+  /// Equal tables are one object. Each is reported once for each range that it was made from.
   std::shared_ptr<const ColorTable> resolve(const lum::ColorLookupTable& table);
 
  private:
-  struct Resolved {
-    std::shared_ptr<const ColorTable> table;
-    std::string changes;
-
-    bool operator<(const Resolved& other) const {
-      return std::tie(*table, changes) < std::tie(*other.table, other.changes);
-    }
+  using Table = std::shared_ptr<const ColorTable>;
+  struct Less {
+    bool operator()(const Table& a, const Table& b) const { return *a < *b; }
   };
 
-  std::set<Resolved> _tables;
+  std::set<Table, Less> _tables;
+  /// Tables, each with a text about what it was made from.
+  std::set<std::pair<Table, std::string>> _reported;
 };
 
 }  // namespace vemo

@@ -4,6 +4,7 @@
 #include <vemo/scenegraph/Findings.h>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace vemo {
@@ -23,9 +24,28 @@ bool isInvisible(char32_t character) {
       RANGES, [=](const auto& range) { return range.first <= character && character <= range.second; });
 }
 
+bool isLineBreak(char32_t character) {
+  return character == U'\n' || character == 0x2028 || character == 0x2029;
+}
+
+/// Empty for what Windows-1252 does not have, either.
+std::string_view inWindows1252(char32_t lateControl) {
+  static constexpr std::array<std::string_view, 32> CHARACTERS = {
+      "€", "",  "‚", "ƒ", "„", "…", "†", "‡", "ˆ", "‰", "Š", "‹", "Œ", "", "Ž", "",
+      "",  "‘", "’", "“", "”", "•", "–", "—", "˜", "™", "š", "›", "œ", "", "ž", "Ÿ"};
+  return CHARACTERS[lateControl - 0x80];
+}
+
 std::string_view drawnForm(char32_t character, std::string_view written) {
-  const bool isControl = character < U' ' && character != U'\n' && character != U'\t';
-  return character == U'\t' ? " " : isControl || isInvisible(character) ? "" : written;
+  if (isLateControl(character)) {
+    const std::string_view meant = inWindows1252(character);
+    return meant.empty() ? written : meant;
+  }
+  const bool isControl = character < U' ' || character == 0x7F;
+  return character == U'\t'                    ? " "
+         : isLineBreak(character)              ? "\n"
+         : isControl || isInvisible(character) ? ""
+                                               : written;
 }
 
 /// Embeddings, overrides and isolates from right to left.
@@ -39,6 +59,7 @@ std::string readableText(std::string_view text, std::size_t mostBytes, const std
   std::string result;
   bool isUtf8 = true;
   bool isReversed = false;
+  bool isWindows1252 = false;
   while (!text.empty()) {
     const auto decoded = firstOfUtf8(text);
     const std::string_view written = text.substr(0, decoded ? decoded->length : 1);
@@ -49,11 +70,15 @@ std::string readableText(std::string_view text, std::size_t mostBytes, const std
     }
     isUtf8 = isUtf8 && decoded;
     isReversed = isReversed || (decoded && isReversal(decoded->value));
+    isWindows1252 = isWindows1252 || (decoded && isLateControl(decoded->value) && character != written);
     result += character;
     text.remove_prefix(written.size());
   }
   if (!isUtf8) {
     reportChange(owner, " is not valid UTF-8: question marks replace invalid bytes");
+  }
+  if (isWindows1252) {
+    reportChange(owner, " has control characters: characters of Windows-1252 replace them");
   }
   if (isReversed) {
     reportFinding(FindingCode::TEXT_NOT_SHAPED,

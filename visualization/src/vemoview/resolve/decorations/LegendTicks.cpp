@@ -1,7 +1,10 @@
-#include "vemoview/render/decorations/LegendTicks.h"
+#include "vemoview/resolve/decorations/LegendTicks.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <cstdio>
+#include <limits>
 
 namespace vemo {
 
@@ -18,6 +21,20 @@ std::vector<LegendTick> powersOfTen(double low, double high, int count) {
     ticks.push_back({std::clamp((power - low) / (high - low), 0.0, 1.0), std::pow(10.0, power)});
   }
   return ticks;
+}
+
+std::string format(const std::string& pattern, double value) {
+  std::string text(static_cast<std::size_t>(std::snprintf(nullptr, 0, pattern.c_str(), value)), '\0');
+  std::snprintf(text.data(), text.size() + 1, pattern.c_str(), value);
+  return text;
+}
+
+std::vector<std::string> formatAll(const std::vector<LegendTick>& ticks, const std::string& pattern) {
+  std::vector<std::string> labels;
+  for (const LegendTick& tick : ticks) {
+    labels.push_back(format(pattern, tick.value));
+  }
+  return labels;
 }
 
 }  // namespace
@@ -50,6 +67,30 @@ std::vector<LegendTick> makeLegendTicks(const Vector<2, double>& range, bool isL
                                              : value});
   }
   return ticks;
+}
+
+std::vector<std::string> labelsOf(const std::vector<LegendTick>& ticks, const std::string& format) {
+  if (!format.empty()) {
+    return formatAll(ticks, format);
+  }
+  constexpr int FEWEST_DIGITS = 4;
+  std::vector<std::string> labels;
+  for (int digits = FEWEST_DIGITS; digits <= std::numeric_limits<double>::max_digits10; ++digits) {
+    labels = formatAll(ticks, "%." + std::to_string(digits) + 'g');
+    if (!areAnyAlike(ticks, labels)) {
+      break;
+    }
+  }
+  return labels;
+}
+
+bool areAnyAlike(const std::vector<LegendTick>& ticks, const std::vector<std::string>& labels) {
+  for (std::size_t i = 1; i < ticks.size(); ++i) {
+    if (labels[i] == labels[i - 1] && ticks[i].value != ticks[i - 1].value) {
+      return true;
+    }
+  }
+  return false;
 }
 
 }  // namespace vemo
