@@ -42,7 +42,7 @@
   KIND(FIELD_UNKNOWN, LOST, "A database has fields that this version does not know. They are left out.") \
   KIND(GEOMETRY_NOT_DRAWN, LOST, "A geometry cannot be drawn, or all parts of the model are too small or too thin to be seen, or without a contour to draw.") \
   KIND(GEOMETRY_TINY, NOTE, "Geometries are smaller than a pixel in the view, in a picture of 1024 x 768 pixels.") \
-  KIND(GEOMETRY_TYPE_CHANGED, CHANGED, "A geometry is drawn as another type, because all cells of its own type were left out.") \
+  KIND(GEOMETRY_TYPE_CHANGED, CHANGED, "A geometry is drawn as another type, because there are no cells of its own type, or all of them were left out.") \
   KIND(GLYPH_MISSING, LOST, "A text has characters that no installed font contains, or that are beyond U+FFFF.") \
   KIND(HIDDEN_BY_DEFAULT, NOTE, "An item is hidden because the value that would show it is missing: the `visibility`, both `showFaces` and `showEdges` of a surface, or the `intensity` of a light.") \
   KIND(IMAGE_NOT_DRAWN, LOST, "An image cannot be drawn: its pixels do not fit its size.") \
