@@ -6,7 +6,7 @@
 /// Markdown.
 // clang-format off
 #define VEMO_FINDING_KINDS(KIND) \
-  KIND(ANNOTATION_WITHOUT_TEXT, LOST, "An annotation has no text and is left out.") \
+  KIND(ANNOTATION_WITHOUT_TEXT, LOST, "An annotation has no text, or only blanks, and is left out.") \
   KIND(ARCHIVE_INVALID, REFUSED, "The file is not a readable archive.") \
   KIND(ARRAY_CUT, LOST, "Values at the end of an entry that do not form a complete point or tuple are left out.") \
   KIND(ARRAY_IS_NORMALS, LOST, "An array named `Normals` counts as normals: it colours nothing, and computed normals may replace it.") \
