@@ -6,6 +6,7 @@
 #include "support/TemporaryFolder.h"
 #include <vemo/resolve/SceneResolver.h>
 #include <vemo/scenegraph/drawables/ImageDrawable.h>
+#include <vemo/scenegraph/edit/View.h>
 
 #include <vtkUnsignedCharArray.h>
 
@@ -57,6 +58,26 @@ TEST(ResolverFindingsTest, SayWhichTextsAreChanged) {
   const FoundFindings found;
   resolveScene(scene.node());
   EXPECT_THAT(found.codes(), ElementsAre("text-changed"));
+}
+
+std::vector<std::string> findingsOf(const SceneBuilder& scene, const ResolveOptions& options = {}) {
+  const FoundFindings found;
+  SceneResolver(scene.node(), options).resolve();
+  return found.codes();
+}
+
+TEST(ResolverFindingsTest, AreAboutTheViewThatIsDrawn) {
+  SceneBuilder scene;
+  auto& surface = scene.addSurface(makeRectangle(5, 6, 0, 1), {1, 0, 0});
+  lum::setView(scene.node(), lum::Viewpoint{{0, 0, 10}, {0, 0, 0}, {0, 1, 0}, 1.0});
+  EXPECT_THAT(findingsOf(scene), ElementsAre("view-empty"));
+  EXPECT_THAT(findingsOf(scene, {.view = {.fitted = {&surface}}}), IsEmpty());
+  EXPECT_THAT(findingsOf(scene, {.view = {.fitsModel = true}}), IsEmpty());
+  const auto& point = scene.add<lum::PointSphereDrawable>(makePolyData({{9, 9, 9}}, {.verts = {{0}}}));
+  EXPECT_THAT(findingsOf(scene, {.view = {.fitted = {&point}}}), IsEmpty());
+  lum::setView(scene.node(), lum::Viewpoint{{0, 0, 10}, {0, 0, 0}, {0, 1, 0}, std::nullopt});
+  EXPECT_THAT(findingsOf(scene), ElementsAre("view-empty"));
+  EXPECT_THAT(findingsOf(scene, {.view = {.viewAngle = 60.0}}), IsEmpty());
 }
 
 TEST(ResolverFindingsTest, SayThatTitlesOfLegendsAreTooLong) {

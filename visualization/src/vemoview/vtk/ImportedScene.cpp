@@ -64,7 +64,7 @@ bool fillsWindow(const ResolvedCanvas& canvas) {
 ImportedScene::ImportedScene(const lum::SceneNode& scene, vtkRenderer& renderer,
                              const ProgressReport& progress)
     : _renderer(&renderer), _camera(cameraFor(renderer)) {
-  SceneResolver resolver(scene, MeshArrays::ALL);
+  SceneResolver resolver(scene, {.arrays = MeshArrays::ALL});
   ResolvedScene resolved = resolver.resolve();
   _background = resolved.background;
   const auto hidden = resolveHidden(resolver, resolved.canvases.size());

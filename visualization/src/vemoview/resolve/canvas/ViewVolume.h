@@ -3,6 +3,7 @@
 #include "geometry/Box.h"
 #include <vemo/resolve/CanvasCamera.h>
 #include <vemo/resolve/ClipPlane.h>
+#include <vemo/resolve/Export.h>
 
 #include <array>
 
@@ -61,7 +62,18 @@ class ViewVolume {
   double _shape;
 };
 
-/// The camera as it is moved to show all of a box, which is not empty.
+/// The camera as it is moved to show all of a box, which is not empty, as VTK moves it.
 CanvasCamera framing(const CanvasCamera& camera, const Box& box);
 
 }  // namespace vemo
+  /// Half the height of a picture in perspective at a depth of 1.
+  double _slope;
+/// The same, but in parallel projection the box fills the picture, apart from a margin.
+/// @param shape the picture's width divided by its height
+CanvasCamera fitting(const CanvasCamera& camera, const Box& box, double shape);
+
+/// Half the height of a parallel picture that a box fills; 0 for a box that is seen as a point.
+/// @param forward a unit vector
+VEMO_RESOLVE_EXPORT double fittingScale(const Vector3& forward, const Vector3& viewUp, const Box& box,
+                                        double shape);
+
