@@ -60,10 +60,53 @@ TEST(ResolverFindingsTest, SayWhichTextsAreChanged) {
   EXPECT_THAT(found.codes(), ElementsAre("text-changed"));
 }
 
+/// Ten times as wide as high, to the right of its place and above it.
+std::optional<TextBox> measure(const TextDecoration& /*text*/, double lineHeight) {
+  return TextBox{{0, 0}, {10 * lineHeight, lineHeight}};
+}
+
 std::vector<std::string> findingsOf(const SceneBuilder& scene, const ResolveOptions& options = {}) {
   const FoundFindings found;
   SceneResolver(scene.node(), options).resolve();
   return found.codes();
+}
+
+TEST(ResolverFindingsTest, SayWhichTextsTheWindowCutsOff) {
+  const struct {
+    Vector3 position;
+    std::vector<std::string> measured;
+    std::vector<std::string> estimated;
+  } cases[] = {{{0.69, 0.95, 0}, {}, {}},
+               {{0.71, 0, 0}, {"decoration-cut"}, {}},
+               {{0, 0.97, 0}, {"decoration-cut"}, {}},
+               {{-0.01, 0, 0}, {"decoration-cut"}, {}},
+               {{0, -0.01, 0}, {"decoration-cut"}, {}},
+               {{0.9995, 0, 0}, {"decoration-not-drawn"}, {"decoration-not-drawn"}},
+               {{-0.2, 0, 0}, {"decoration-cut"}, {"decoration-not-drawn"}},
+               {{0, -0.05, 0}, {"decoration-not-drawn"}, {"decoration-not-drawn"}}};
+  for (const auto& [position, measured, estimated] : cases) {
+    SceneBuilder scene;
+    makeGroundWhite(scene);
+    addText(scene, "x").getPositionAttributes().setPosition(position, false);
+    SCOPED_TRACE(position[0] + position[1]);
+    EXPECT_EQ(findingsOf(scene, {.measureText = measure}), measured);
+    EXPECT_EQ(findingsOf(scene), estimated);
+  }
+}
+
+TEST(ResolverFindingsTest, SayWhatAViewOfEverythingCutsOff) {
+  SceneBuilder scene;
+  makeGroundWhite(scene);
+  scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 0, 0});
+  auto& text = addText(scene, "x");
+  text.getAnnotationAttributes().setCoordinateSpace(lum::CoordinateSpace::MODEL);
+  text.getPositionAttributes().setPosition({1, 0, 0}, false);
+  auto& triad = scene.drawables().findOrCreate<lum::TriadDrawable>();
+  triad.getTriadAttributes().setXAxisLabelText("x");
+  triad.getPositionAttributes().setPosition({1, 0, 0}, false);
+  EXPECT_THAT(findingsOf(scene, {.measureText = measure}), IsEmpty()) << "in a stated view";
+  scene.canvas().getCameraAttributes().setParallelScale(std::nullopt);
+  EXPECT_THAT(findingsOf(scene, {.measureText = measure}), ElementsAre("decoration-cut", "decoration-cut"));
 }
 
 TEST(ResolverFindingsTest, AreAboutTheViewThatIsDrawn) {

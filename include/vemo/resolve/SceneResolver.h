@@ -2,6 +2,7 @@
 
 #include <vemo/resolve/Export.h>
 #include <vemo/resolve/ResolvedScene.h>
+#include <vemo/resolve/TextMeasure.h>
 
 #include <cstddef>
 #include <memory>
@@ -46,6 +47,9 @@ struct ResolveOptions {
   MeshArrays arrays = MeshArrays::DRAWN;
   /// What it does not show is a finding.
   ViewChange view = {};
+  /// Without it, the sizes of texts are estimated, so that no finding tells of those that are
+  /// cut off.
+  TextMeasure measureText = {};
 };
 
 /// Resolves a scene, and later only the parts that become visible. The scene is

@@ -26,6 +26,7 @@
   KIND(COLORMAP_UNUSED, LOST, "A colormap colours nothing: neither data nor a legend.") \
   KIND(DATABASE_DAMAGED, REFUSED, "A database, or one of its records or arrays, cannot be read.") \
   KIND(DECLARATIONS_NOT_READ, LOST, "The scene description refers to entities or declarations in other files. These are not read, so that their content is missing.") \
+  KIND(DECORATION_CUT, CHANGED, "A part of a text or image is outside the window, or a part of a text or triad in the model is outside a picture of the whole scene: it is not drawn.") \
   KIND(DECORATION_NOT_DRAWN, LOST, "A legend, text, image or triad is not drawn: it has no usable position or size, is outside the window, or has less than a pixel in it.") \
   KIND(DECORATION_NOT_IN_VIEW, NOTE, "A view does not show a text, image or triad in the model: it is behind the camera, beside the picture or, if it is an image, smaller than a pixel, seen edge-on or cut away by clipping planes.") \
   KIND(DECORATIONS_LIMITED, LOST, "There are too many triads, legends, texts and images: only the first ones are drawn.") \

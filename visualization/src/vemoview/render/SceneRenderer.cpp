@@ -2,6 +2,7 @@
 #include "vemoview/render/draw/CanvasLayer.h"
 #include "vemoview/render/draw/SelectionHighlight.h"
 #include "vemoview/render/vtk/View.h"
+#include <vemo/render/MeasureText.h>
 #include <vemo/render/SceneRenderer.h>
 #include <vemo/scenegraph/edit/View.h>
 
@@ -74,7 +75,7 @@ struct SceneRenderer::State {
 };
 
 SceneRenderer::State::State(const lum::SceneNode& scene, ViewChange view)
-    : resolver(scene, {.view = std::move(view)}) {
+    : resolver(scene, {.view = std::move(view), .measureText = measureText}) {
   ResolvedScene resolved = resolver.resolve();
   background->InteractiveOff();
   vemo::setBackground(*background, resolved.background);

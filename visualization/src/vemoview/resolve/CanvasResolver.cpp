@@ -73,6 +73,7 @@ CanvasResolver::CanvasResolver(const lum::SceneCanvas& canvas, ResolvedCanvas::R
     : _canvas(canvas),
       _role(role),
       _viewChange(role == ResolvedCanvas::Role::MODEL ? options.view : ViewChange()),
+      _measureText(options.measureText),
       _clipPlanes(resolveClipPlanes(canvas.findAttributes<lum::ClipPlanesAttributes>())),
       _meshes(_clipPlanes.size(), tables, options.arrays),
       _decorations(isDark(background), cameras, tables) {}
@@ -131,10 +132,10 @@ void CanvasResolver::frame(CanvasUpdate& content, const CanvasCamera& camera, co
                           shape);
     const UsualCanvas canvas = usualCanvas(camera, view, size, _model);
     model.reportInvisible(canvas, _clipPlanes, side);
-    reportUnseenDecorations(content.decorations, &canvas, size, _clipPlanes);
+    reportUnseenDecorations(content.decorations, {&canvas, true, size, _clipPlanes, _measureText});
   } else {
     model.reportCollapsed();
-    reportUnseenDecorations(content.decorations, nullptr, size, _clipPlanes);
+    reportUnseenDecorations(content.decorations, {nullptr, true, size, _clipPlanes, _measureText});
   }
 }
 
@@ -146,7 +147,7 @@ void CanvasResolver::view(CanvasUpdate& content, const CanvasCamera& camera, con
   _model = model.getBox();
   const UsualCanvas canvas = usualCanvas(camera, view, size, _model);
   model.reportUnsuitableView(canvas, _clipPlanes, camera);
-  reportUnseenDecorations(content.decorations, &canvas, size, _clipPlanes);
+  reportUnseenDecorations(content.decorations, {&canvas, false, size, _clipPlanes, _measureText});
   chooseFramedTexts(content.decorations, _model);
 }
 

@@ -39,6 +39,7 @@ class CanvasResolver {
   ResolvedCanvas::Role _role;
   /// None where it is not the model's.
   ViewChange _viewChange;
+  const TextMeasure& _measureText;
   std::vector<ClipPlane> _clipPlanes;
   MeshResolver _meshes;
   DecorationResolver _decorations;

@@ -11,9 +11,6 @@ namespace vemo {
 
 namespace {
 
-/// Bits, one for each side of the volume.
-enum : unsigned { NONE = 0, BEHIND = 1, ABOVE = 2, BELOW = 4, RIGHT = 8, LEFT = 16, ALL_SIDES = 31 };
-
 /// In parallel projection more than the box needs, for a margin around it.
 constexpr double MARGIN = 1.05;
 
@@ -53,7 +50,6 @@ bool ViewVolume::misses(const Box& box, const PictureReach& reach) const {
                                [&](const Vector3& corner) { return sidesBeyond(corner, reach); }) != 0;
 }
 
-/// The sides of the volume beyond which a point lies.
 unsigned ViewVolume::sidesBeyond(const Vector3& point, const PictureReach& reach) const {
   const Vector3 place = point - _position;
   const double depth = dot(place, _forward);
@@ -62,9 +58,10 @@ unsigned ViewVolume::sidesBeyond(const Vector3& point, const PictureReach& reach
   const double x = dot(place, _right);
   // In perspective, nothing can be seen beside the camera.
   const bool isBehind = _isParallel ? depth < 0.0 : depth <= 0.0;
-  return (isBehind ? BEHIND : NONE) | (y > (1.0 + reach.down) * half ? ABOVE : NONE) |
-         (y < -(1.0 + reach.up) * half ? BELOW : NONE) | (x > (_shape + reach.left) * half ? RIGHT : NONE) |
-         (x < -(_shape + reach.right) * half ? LEFT : NONE);
+  return (isBehind ? BEHIND : NO_SIDE) | (y > (1.0 + reach.down) * half ? ABOVE : NO_SIDE) |
+         (y < -(1.0 + reach.up) * half ? BELOW : NO_SIDE) |
+         (x > (_shape + reach.left) * half ? RIGHT : NO_SIDE) |
+         (x < -(_shape + reach.right) * half ? LEFT : NO_SIDE);
 }
 
 double ViewVolume::depthOf(const Box& box) const {
@@ -121,6 +118,7 @@ CanvasCamera framing(const CanvasCamera& camera, const Box& box) {
   result.parallelScale = radius;
   return result;
 }
+
 CanvasCamera fitting(const CanvasCamera& camera, const Box& box, double shape) {
   CanvasCamera result = framing(camera, box);
   const auto& [position, focalPoint, viewUp] = *result.viewpoint;
@@ -135,6 +133,5 @@ double fittingScale(const Vector3& forward, const Vector3& viewUp, const Box& bo
   const Vector3 right = normalized(cross(forward, viewUp));
   return MARGIN / 2.0 * std::max(extentAlong(cross(right, forward), box), extentAlong(right, box) / shape);
 }
-
 
 }  // namespace vemo

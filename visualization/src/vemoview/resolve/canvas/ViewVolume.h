@@ -27,6 +27,20 @@ class ViewVolume {
   /// @param shape the picture's width divided by its height
   ViewVolume(const CanvasCamera& camera, double shape);
 
+  /// Sides of the volume, as bits.
+  enum Sides : unsigned {
+    NO_SIDE = 0,
+    BEHIND = 1,
+    ABOVE = 2,
+    BELOW = 4,
+    RIGHT = 8,
+    LEFT = 16,
+    ALL_SIDES = 31
+  };
+
+  /// The sides beyond which a point lies, with all that it reaches.
+  unsigned sidesBeyond(const Vector3& point, const PictureReach& reach) const;
+
   /// Whether a box is outside for certain; false for most others that are outside.
   bool misses(const Box& box, const PictureReach& reach) const;
 
@@ -49,7 +63,6 @@ class ViewVolume {
   Vector<2, double> placeOf(const Vector3& point) const;
 
  private:
-  unsigned sidesBeyond(const Vector3& point, const PictureReach& reach) const;
   double halfHeight(double depth) const;
   ClipPlane side(const Vector3& outward, double halfSize) const;
 
@@ -59,15 +72,14 @@ class ViewVolume {
   Vector3 _right;
   bool _isParallel;
   double _parallelScale;
+  /// Half the height of a picture in perspective at a depth of 1.
+  double _slope;
   double _shape;
 };
 
 /// The camera as it is moved to show all of a box, which is not empty, as VTK moves it.
 CanvasCamera framing(const CanvasCamera& camera, const Box& box);
 
-}  // namespace vemo
-  /// Half the height of a picture in perspective at a depth of 1.
-  double _slope;
 /// The same, but in parallel projection the box fills the picture, apart from a margin.
 /// @param shape the picture's width divided by its height
 CanvasCamera fitting(const CanvasCamera& camera, const Box& box, double shape);
@@ -77,3 +89,4 @@ CanvasCamera fitting(const CanvasCamera& camera, const Box& box, double shape);
 VEMO_RESOLVE_EXPORT double fittingScale(const Vector3& forward, const Vector3& viewUp, const Box& box,
                                         double shape);
 
+}  // namespace vemo
