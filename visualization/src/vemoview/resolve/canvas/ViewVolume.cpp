@@ -44,10 +44,10 @@ double ViewVolume::halfHeight(double depth) const {
   return _isParallel ? _parallelScale : _slope * depth;
 }
 
-bool ViewVolume::misses(const Box& box, const PictureReach& reach) const {
+bool ViewVolume::misses(const Box& box) const {
   const auto corners = box.corners();
   return std::transform_reduce(corners.begin(), corners.end(), unsigned{ALL_SIDES}, std::bit_and(),
-                               [&](const Vector3& corner) { return sidesBeyond(corner, reach); }) != 0;
+                               [&](const Vector3& corner) { return sidesBeyond(corner, {}); }) != 0;
 }
 
 unsigned ViewVolume::sidesBeyond(const Vector3& point, const PictureReach& reach) const {
@@ -89,10 +89,9 @@ ClipPlane ViewVolume::side(const Vector3& outward, double halfSize) const {
   return {_position, normalized(halfSize * _slope * _forward - outward)};
 }
 
-std::array<ClipPlane, 5> ViewVolume::sides(double nearest, const PictureReach& reach) const {
-  return {ClipPlane{_position + nearest * _forward, _forward}, side(_right, _shape + reach.left),
-          side(-1.0 * _right, _shape + reach.right), side(_up, 1.0 + reach.down),
-          side(-1.0 * _up, 1.0 + reach.up)};
+std::array<ClipPlane, 5> ViewVolume::sides(double nearest) const {
+  return {ClipPlane{_position + nearest * _forward, _forward}, side(_right, _shape),
+          side(-1.0 * _right, _shape), side(_up, 1.0), side(-1.0 * _up, 1.0)};
 }
 
 Vector<2, double> ViewVolume::placeOf(const Vector3& point) const {

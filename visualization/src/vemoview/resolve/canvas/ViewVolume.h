@@ -16,8 +16,6 @@ struct PictureReach {
   double right = 0.0;
   double down = 0.0;
   double up = 0.0;
-
-  static PictureReach onAllSides(double reach) { return {reach, reach, reach, reach}; }
 };
 
 /// What a view shows in a picture.
@@ -42,7 +40,7 @@ class ViewVolume {
   unsigned sidesBeyond(const Vector3& point, const PictureReach& reach) const;
 
   /// Whether a box is outside for certain; false for most others that are outside.
-  bool misses(const Box& box, const PictureReach& reach) const;
+  bool misses(const Box& box) const;
 
   /// From the camera along its direction to a point, and to the nearest and the farthest
   /// point of a box.
@@ -54,9 +52,9 @@ class ViewVolume {
   /// camera.
   double heightAt(double depth) const { return 2.0 * halfHeight(depth); }
 
-  /// The planes around what is in the picture of things with a reach.
+  /// The planes around what is in the picture.
   /// @param nearest what is closer to the camera is outside, too
-  std::array<ClipPlane, 5> sides(double nearest, const PictureReach& reach) const;
+  std::array<ClipPlane, 5> sides(double nearest) const;
 
   /// Where a point that is in front of the camera is in the picture: as fractions of width
   /// and height from the lower left corner.
