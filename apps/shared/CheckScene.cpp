@@ -4,6 +4,7 @@
 #include <vemo/import/DetectScene.h>
 #include <vemo/import/Exception.h>
 #include <vemo/import/SceneAudit.h>
+#include <vemo/render/MeasureText.h>
 #include <vemo/resolve/SceneResolver.h>
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/canvas/SceneNode.h>
@@ -23,7 +24,7 @@ using FindingList = std::vector<Finding>;
 void checkDrawing(lum::SceneNode& scene, FindingList& findings) {
   const FindingCapture capture(findings);
   try {
-    static_cast<void>(SceneResolver(scene).resolve());
+    static_cast<void>(SceneResolver(scene, {.measureText = measureText}).resolve());
   } catch (const std::bad_alloc&) {
     throw;
   } catch (const std::exception& error) {

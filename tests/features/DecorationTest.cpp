@@ -3,6 +3,7 @@
 
 #include "features/FeatureScene.h"
 #include "render/Pixels.h"
+#include <vemo/render/MeasureText.h>
 
 #include <array>
 #include <gtest/gtest.h>
@@ -159,6 +160,17 @@ TEST(AnnotationFeatureTest, StandsInTheWindowByAnyOfItsPoints) {
     // Letters may reach below the line.
     EXPECT_NEAR(box.bottom + 0.5 * vertical * box.height(), 0.5 * SIZE, 9);
     EXPECT_GT(boxOf(picture, {255, 255, 0}).count, 100);
+    TextDecoration text;
+    text.text = "Hxx";
+    text.horizontal = static_cast<TextDecoration::Horizontal>(horizontal);
+    text.vertical = static_cast<TextDecoration::Vertical>(vertical);
+    text.style.family = TextStyle::Family::COURIER;
+    text.style.isBold = true;
+    const TextBox measured = measureText(text, 0.1 * SIZE).value();
+    EXPECT_NEAR(measured.low[0], box.left - 0.5 * SIZE, 1);
+    EXPECT_NEAR(measured.low[1], box.bottom - 0.5 * SIZE, 1);
+    EXPECT_NEAR(measured.high[0], box.right - 0.5 * SIZE, 1);
+    EXPECT_NEAR(measured.high[1], box.top - 0.5 * SIZE, 1);
   }
 }
 

@@ -5,6 +5,7 @@
 #include "render/Pixels.h"
 #include "support/Meshes.h"
 
+#include <vtkCellData.h>
 #include <vtkImageData.h>
 #include <vtkLight.h>
 #include <vtkPlaneSource.h>
@@ -229,6 +230,25 @@ INSTANTIATE_TEST_SUITE_P(
                     Feature{"Dull", geometry(HILL + " ambient='0.25' diffuse='0.5' specularPower='1'")},
                     Feature{"Shiny", geometry(HILL + " diffuse='0.5' specular='1' specularPower='20'")}),
     nameOf);
+
+// ---- Faces ----
+
+/// With a normal for each triangle, as VTK computes it while it draws.
+INSTANTIATE_TEST_SUITE_P(Faces, FeatureTest,
+                         testing::Values(Feature{
+                             "CrossingThemselves",
+                             "<light intensity='1' azimuth='40' elevation='0' color='ffffffff'/>" +
+                                 geometry("points='bow' polys='bowFace' smoothShading='false'" + OPAQUE),
+                             [](DirectDrawing& direct) {
+                               direct.addGeometry();
+                               vtkActor& bow = *direct.renderer().GetActors()->GetLastActor();
+                               bow.GetMapper()->GetInput()->GetCellData()->SetNormals(nullptr);
+                               vtkNew<vtkLight> light;
+                               light->SetLightTypeToCameraLight();
+                               light->SetDirectionAngle(0, 40);
+                               direct.renderer().AddLight(light);
+                             }}),
+                         nameOf);
 
 // ---- Edges ----
 

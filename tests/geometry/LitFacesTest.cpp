@@ -48,6 +48,16 @@ TEST(LitFacesTest, AreWoundAsTheirNormalsSay) {
   }
 }
 
+TEST(LitFacesTest, HaveTheNormalOfATriangleIfTheirPartsCancelEachOther) {
+  auto mesh = makePolyData(flat({0, 0, 1, 1, 1, 0, 0, 1}), {.polys = {{0, 1, 2, 3}}});
+  mesh->GetPointData()->SetNormals(pointNormals(*mesh));
+  ASSERT_EQ(mesh->GetPointData()->GetNormals()->GetComponent(0, 2), 0.0);
+  lightBothSides(mesh);
+  for (vtkIdType point = 0; point < 4; ++point) {
+    EXPECT_EQ(std::abs(mesh->GetPointData()->GetNormals()->GetComponent(point, 2)), 1.0);
+  }
+}
+
 TEST(LitFacesTest, ReversesStripsThatContradictTheirNormals) {
   auto mesh = makePolyData(flat({0, 0, 1, 0, 2, 0, 0, 1, 1, 1, 2, 1}),
                            {.polys = {{0, 1, 4, 3}}, .strips = {{4, 5, 1, 2}, {1, 2, 4, 5}, {5, 2, 4}}});

@@ -6,6 +6,7 @@
 #include "support/TemporaryFolder.h"
 #include <vemo/resolve/SceneResolver.h>
 #include <vemo/scenegraph/drawables/ImageDrawable.h>
+#include <vemo/scenegraph/edit/View.h>
 
 #include <vtkUnsignedCharArray.h>
 
@@ -57,6 +58,69 @@ TEST(ResolverFindingsTest, SayWhichTextsAreChanged) {
   const FoundFindings found;
   resolveScene(scene.node());
   EXPECT_THAT(found.codes(), ElementsAre("text-changed"));
+}
+
+/// Ten times as wide as high, to the right of its place and above it.
+std::optional<TextBox> measure(const TextDecoration& /*text*/, double lineHeight) {
+  return TextBox{{0, 0}, {10 * lineHeight, lineHeight}};
+}
+
+std::vector<std::string> findingsOf(const SceneBuilder& scene, const ResolveOptions& options = {}) {
+  const FoundFindings found;
+  SceneResolver(scene.node(), options).resolve();
+  return found.codes();
+}
+
+TEST(ResolverFindingsTest, SayWhichTextsTheWindowCutsOff) {
+  const struct {
+    Vector3 position;
+    std::vector<std::string> measured;
+    std::vector<std::string> estimated;
+  } cases[] = {{{0.69, 0.95, 0}, {}, {}},
+               {{0.71, 0, 0}, {"decoration-cut"}, {}},
+               {{0, 0.97, 0}, {"decoration-cut"}, {}},
+               {{-0.01, 0, 0}, {"decoration-cut"}, {}},
+               {{0, -0.01, 0}, {"decoration-cut"}, {}},
+               {{0.9995, 0, 0}, {"decoration-not-drawn"}, {"decoration-not-drawn"}},
+               {{-0.2, 0, 0}, {"decoration-cut"}, {"decoration-not-drawn"}},
+               {{0, -0.05, 0}, {"decoration-not-drawn"}, {"decoration-not-drawn"}}};
+  for (const auto& [position, measured, estimated] : cases) {
+    SceneBuilder scene;
+    makeGroundWhite(scene);
+    addText(scene, "x").getPositionAttributes().setPosition(position, false);
+    SCOPED_TRACE(position[0] + position[1]);
+    EXPECT_EQ(findingsOf(scene, {.measureText = measure}), measured);
+    EXPECT_EQ(findingsOf(scene), estimated);
+  }
+}
+
+TEST(ResolverFindingsTest, SayWhatAViewOfEverythingCutsOff) {
+  SceneBuilder scene;
+  makeGroundWhite(scene);
+  scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 0, 0});
+  auto& text = addText(scene, "x");
+  text.getAnnotationAttributes().setCoordinateSpace(lum::CoordinateSpace::MODEL);
+  text.getPositionAttributes().setPosition({1, 0, 0}, false);
+  auto& triad = scene.drawables().findOrCreate<lum::TriadDrawable>();
+  triad.getTriadAttributes().setXAxisLabelText("x");
+  triad.getPositionAttributes().setPosition({1, 0, 0}, false);
+  EXPECT_THAT(findingsOf(scene, {.measureText = measure}), IsEmpty()) << "in a stated view";
+  scene.canvas().getCameraAttributes().setParallelScale(std::nullopt);
+  EXPECT_THAT(findingsOf(scene, {.measureText = measure}), ElementsAre("decoration-cut", "decoration-cut"));
+}
+
+TEST(ResolverFindingsTest, AreAboutTheViewThatIsDrawn) {
+  SceneBuilder scene;
+  auto& surface = scene.addSurface(makeRectangle(5, 6, 0, 1), {1, 0, 0});
+  lum::setView(scene.node(), lum::Viewpoint{{0, 0, 10}, {0, 0, 0}, {0, 1, 0}, 1.0});
+  EXPECT_THAT(findingsOf(scene), ElementsAre("view-empty"));
+  EXPECT_THAT(findingsOf(scene, {.view = {.fitted = {&surface}}}), IsEmpty());
+  EXPECT_THAT(findingsOf(scene, {.view = {.fitsModel = true}}), IsEmpty());
+  const auto& point = scene.add<lum::PointSphereDrawable>(makePolyData({{9, 9, 9}}, {.verts = {{0}}}));
+  EXPECT_THAT(findingsOf(scene, {.view = {.fitted = {&point}}}), IsEmpty());
+  lum::setView(scene.node(), lum::Viewpoint{{0, 0, 10}, {0, 0, 0}, {0, 1, 0}, std::nullopt});
+  EXPECT_THAT(findingsOf(scene), ElementsAre("view-empty"));
+  EXPECT_THAT(findingsOf(scene, {.view = {.viewAngle = 60.0}}), IsEmpty());
 }
 
 TEST(ResolverFindingsTest, SayThatTitlesOfLegendsAreTooLong) {

@@ -123,7 +123,7 @@ TEST(SceneResolverTest, KeepsAllArraysThatFitOnRequest) {
   const auto drawn = resolveScene(scene.node()).canvases.at(0).meshes.at(0).geometry;
   EXPECT_EQ(drawn->GetPointData()->GetNumberOfArrays(), 0);
   EXPECT_EQ(drawn->GetCellData()->GetNumberOfArrays(), 0);
-  SceneResolver resolver(scene.node(), MeshArrays::ALL);
+  SceneResolver resolver(scene.node(), {.arrays = MeshArrays::ALL});
   const auto whole = resolver.resolve().canvases.at(0).meshes.at(0).geometry;
   EXPECT_EQ(whole->GetPointData()->GetArray("pressure"), pressure) << "is shared";
   EXPECT_FALSE(whole->GetPointData()->HasArray("short"));

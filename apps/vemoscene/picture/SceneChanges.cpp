@@ -34,6 +34,7 @@ void addItems(CLI::App& app, const char* name, std::vector<std::string>& items, 
          name, [&items](const std::vector<std::string>& texts) { items = texts; }, description)
       ->option_text("ITEM")
       ->expected(1)
+      ->allow_extra_args(false)
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 }
 

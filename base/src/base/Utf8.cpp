@@ -1,5 +1,8 @@
 #include "base/Utf8.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace vemo {
 
 namespace {
@@ -16,6 +19,14 @@ std::size_t lengthFrom(unsigned char first) {
     return 3;
   }
   return first >= 0xF0 && first < 0xF5 ? 4 : 0;
+}
+
+using Range = std::pair<char32_t, char32_t>;
+
+template <std::size_t COUNT>
+bool isWithin(const Range (&ranges)[COUNT], char32_t character) {
+  return std::ranges::any_of(
+      ranges, [=](const Range& range) { return range.first <= character && character <= range.second; });
 }
 
 /// Whether a decoded sequence has its shortest form, is not a surrogate, and is
@@ -43,6 +54,26 @@ std::optional<Utf8Character> firstOfUtf8(std::string_view text) {
     value = value << 6U | (static_cast<unsigned char>(text[i]) & 0x3FU);
   }
   return isValid(value, length) ? std::optional<Utf8Character>({value, length}) : std::nullopt;
+}
+
+bool isInvisible(char32_t character) {
+  constexpr Range RANGES[] = {
+      {0xAD, 0xAD}, {0x200B, 0x200F}, {0x202A, 0x202E}, {0x2060, 0x2069}, {0xFEFF, 0xFEFF}};
+  return isWithin(RANGES, character);
+}
+
+bool isBlank(std::string_view text) {
+  constexpr Range BLANKS[] = {{0x00, 0x20},     {0x7F, 0x7F},     {0xA0, 0xA0},
+                              {0x1680, 0x1680}, {0x2000, 0x200A}, {0x2028, 0x2029},
+                              {0x202F, 0x202F}, {0x205F, 0x205F}, {0x3000, 0x3000}};
+  while (!text.empty()) {
+    const auto character = firstOfUtf8(text);
+    if (!character || !(isWithin(BLANKS, character->value) || isInvisible(character->value))) {
+      return false;
+    }
+    text.remove_prefix(character->length);
+  }
+  return true;
 }
 
 std::string beginOf(std::string_view text, std::size_t mostBytes) {

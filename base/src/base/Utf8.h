@@ -24,6 +24,14 @@ constexpr bool isContinuationByte(char byte) {
   return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
 
+/// Whether a character has no form of its own, although fonts draw it: hyphens where a line could
+/// be broken, and marks of joining and direction.
+VEMO_BASE_EXPORT bool isInvisible(char32_t character);
+
+/// Whether nothing of a text is seen: it has no characters but blanks, line breaks, control
+/// characters and invisible ones.
+VEMO_BASE_EXPORT bool isBlank(std::string_view text);
+
 /// The first bytes of a text in UTF-8, without an incomplete last character.
 VEMO_BASE_EXPORT std::string beginOf(std::string_view text, std::size_t mostBytes);
 

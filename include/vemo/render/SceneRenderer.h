@@ -2,6 +2,7 @@
 
 #include <vemo/render/Export.h>
 #include <vemo/resolve/Pick.h>
+#include <vemo/resolve/SceneResolver.h>
 
 #include <memory>
 #include <optional>
@@ -23,8 +24,9 @@ namespace vemo {
 /// renderer is destroyed.
 class VEMO_RENDER_EXPORT SceneRenderer {
  public:
-  /// Throws SceneTooLarge.
-  explicit SceneRenderer(const lum::SceneNode& scene);
+  /// Cameras are as the scene says, apart from the angle; of what the changed view does not show,
+  /// findings tell. Throws SceneTooLarge.
+  explicit SceneRenderer(const lum::SceneNode& scene, ViewChange view = {});
   ~SceneRenderer();
   SceneRenderer(const SceneRenderer&) = delete;
   SceneRenderer& operator=(const SceneRenderer&) = delete;
@@ -91,9 +93,6 @@ class VEMO_RENDER_EXPORT SceneRenderer {
 
   /// Looks at each canvas as another renderer of the same scene does.
   void copyView(const SceneRenderer& other);
-
-  /// Of the model in perspective, from top to bottom, in degrees.
-  void setViewAngle(double degrees);
 
   /// Fills the background with one colour: red, green, blue in 0..1.
   void setBackground(const Vector3& color);

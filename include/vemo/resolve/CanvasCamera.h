@@ -1,6 +1,7 @@
 #pragma once
 
 #include <vemo/base/Vector.h>
+#include <vemo/resolve/UsualPicture.h>
 
 #include <optional>
 
@@ -25,6 +26,8 @@ struct CanvasCamera {
   /// Half the height of what a parallel camera sees, above 0. Without it a
   /// parallel camera frames everything visible from the viewpoint's direction.
   std::optional<double> parallelScale;
+  /// In perspective, from top to bottom, in degrees.
+  double viewAngle = USUAL_VIEW_ANGLE;
 
   bool framesAll() const { return !viewpoint || (isParallel && !parallelScale); }
 };

@@ -110,6 +110,8 @@ struct TriadDecoration {
   static constexpr double LENGTH_IN_LABELS = 3.0;
   /// In axes' lengths.
   static constexpr double LABEL_POSITION = 1.2;
+  /// Of a label, in heights of the canvas: leaves room for the axes.
+  static constexpr double MOST_LABEL_HEIGHT = 0.16;
 
   /// Directions of x, y and z; unit vectors.
   std::array<Vector3, 3> axes;

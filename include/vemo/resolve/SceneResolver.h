@@ -2,9 +2,11 @@
 
 #include <vemo/resolve/Export.h>
 #include <vemo/resolve/ResolvedScene.h>
+#include <vemo/resolve/TextMeasure.h>
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <unordered_set>
 #include <vector>
 
@@ -30,11 +32,31 @@ struct CanvasUpdate {
 /// fit.
 enum class MeshArrays { DRAWN, ALL };
 
+/// How the model is looked at, other than its camera says.
+struct ViewChange {
+  /// In perspective, from top to bottom, in degrees.
+  std::optional<double> viewAngle = std::nullopt;
+  /// Whether the visible part of the model is to fill the picture, seen from the direction
+  /// of the camera.
+  bool fitsModel = false;
+  /// The same for the visible geometry of some drawables.
+  std::vector<const lum::Drawable*> fitted = {};
+};
+
+struct ResolveOptions {
+  MeshArrays arrays = MeshArrays::DRAWN;
+  /// What it does not show is a finding.
+  ViewChange view = {};
+  /// Without it, the sizes of texts are estimated, so that no finding tells of those that are
+  /// cut off.
+  TextMeasure measureText = {};
+};
+
 /// Resolves a scene, and later only the parts that become visible. The scene is
 /// not changed; it must outlive the resolver.
 class VEMO_RESOLVE_EXPORT SceneResolver {
  public:
-  explicit SceneResolver(const lum::SceneNode& scene, MeshArrays arrays = MeshArrays::DRAWN);
+  explicit SceneResolver(const lum::SceneNode& scene, ResolveOptions options = {});
   ~SceneResolver();
   SceneResolver(const SceneResolver&) = delete;
   SceneResolver& operator=(const SceneResolver&) = delete;

@@ -6,7 +6,7 @@
 /// Markdown.
 // clang-format off
 #define VEMO_FINDING_KINDS(KIND) \
-  KIND(ANNOTATION_WITHOUT_TEXT, LOST, "An annotation has no text and is left out.") \
+  KIND(ANNOTATION_WITHOUT_TEXT, LOST, "An annotation has no text, or only blanks, and is left out.") \
   KIND(ARCHIVE_INVALID, REFUSED, "The file is not a readable archive.") \
   KIND(ARRAY_CUT, LOST, "Values at the end of an entry that do not form a complete point or tuple are left out.") \
   KIND(ARRAY_IS_NORMALS, LOST, "An array named `Normals` counts as normals: it colours nothing, and computed normals may replace it.") \
@@ -26,6 +26,7 @@
   KIND(COLORMAP_UNUSED, LOST, "A colormap colours nothing: neither data nor a legend.") \
   KIND(DATABASE_DAMAGED, REFUSED, "A database, or one of its records or arrays, cannot be read.") \
   KIND(DECLARATIONS_NOT_READ, LOST, "The scene description refers to entities or declarations in other files. These are not read, so that their content is missing.") \
+  KIND(DECORATION_CUT, CHANGED, "A part of a text or image is outside the window, or a part of a text or triad in the model is outside a picture of the whole scene: it is not drawn.") \
   KIND(DECORATION_NOT_DRAWN, LOST, "A legend, text, image or triad is not drawn: it has no usable position or size, is outside the window, or has less than a pixel in it.") \
   KIND(DECORATION_NOT_IN_VIEW, NOTE, "A view does not show a text, image or triad in the model: it is behind the camera, beside the picture or, if it is an image, smaller than a pixel, seen edge-on or cut away by clipping planes.") \
   KIND(DECORATIONS_LIMITED, LOST, "There are too many triads, legends, texts and images: only the first ones are drawn.") \
@@ -42,7 +43,7 @@
   KIND(FIELD_UNKNOWN, LOST, "A database has fields that this version does not know. They are left out.") \
   KIND(GEOMETRY_NOT_DRAWN, LOST, "A geometry cannot be drawn, or all parts of the model are too small or too thin to be seen, or without a contour to draw.") \
   KIND(GEOMETRY_TINY, NOTE, "Geometries are smaller than a pixel in the view, in a picture of 1024 x 768 pixels.") \
-  KIND(GEOMETRY_TYPE_CHANGED, CHANGED, "A geometry is drawn as another type, because all cells of its own type were left out.") \
+  KIND(GEOMETRY_TYPE_CHANGED, CHANGED, "A geometry is drawn as another type, because there are no cells of its own type, or all of them were left out.") \
   KIND(GLYPH_MISSING, LOST, "A text has characters that no installed font contains, or that are beyond U+FFFF.") \
   KIND(HIDDEN_BY_DEFAULT, NOTE, "An item is hidden because the value that would show it is missing: the `visibility`, both `showFaces` and `showEdges` of a surface, or the `intensity` of a light.") \
   KIND(IMAGE_NOT_DRAWN, LOST, "An image cannot be drawn: its pixels do not fit its size, or it is more than 16,384 pixels wide or high.") \

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <vector>
 
 namespace vemo {
@@ -43,6 +44,18 @@ Vector3 windingNormal(const Points& points, std::span<const Index> face) {
   return sum;
 }
 
+/// The unit normal of a face: where parts that cross cancel each other, that of the first triangle
+/// it is drawn as that has an area.
+template <class Index>
+std::optional<Vector3> faceNormal(const PointReader& points, std::span<const Index> face) {
+  auto normal = unitVector(windingNormal(points, face));
+  for (std::size_t i = 2; !normal && i < face.size(); ++i) {
+    normal =
+        unitVector(windingNormal(points, std::span<const Index>(std::array{face[0], face[i - 1], face[i]})));
+  }
+  return normal;
+}
+
 /// The given normals if none of the points of faces has a normal of zero.
 vtkSmartPointer<vtkDataArray> withoutZeros(vtkPolyData& mesh, vtkDataArray& normals) {
   vtkSmartPointer<vtkDataArray> result = &normals;
@@ -54,8 +67,7 @@ vtkSmartPointer<vtkDataArray> withoutZeros(vtkPolyData& mesh, vtkDataArray& norm
   const PointReader points(*mesh.GetPoints()->GetData());
   forEachFace(mesh, [&]<class Index>(std::span<const Index> face) {
     const auto isZero = [&](Index point) { return zeros[static_cast<std::size_t>(point)]; };
-    const auto normal =
-        std::ranges::any_of(face, isZero) ? unitVector(windingNormal(points, face)) : std::nullopt;
+    const auto normal = std::ranges::any_of(face, isZero) ? faceNormal(points, face) : std::nullopt;
     if (!normal) {
       return;
     }

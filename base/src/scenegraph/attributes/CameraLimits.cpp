@@ -22,21 +22,22 @@ bool isUsableParallelScale(double scale) {
   return scale >= SMALLEST && scale <= GREATEST_COORDINATE;
 }
 
-std::vector<std::string> describeViewFaults(const Vector3& view, const Vector3& viewUp,
-                                            const std::optional<double>& parallelScale) {
-  std::vector<std::string> faults;
+std::optional<std::string> describeDirectionFault(const Vector3& view, const Vector3& viewUp) {
   if (!isUsableView(view)) {
-    faults.emplace_back(
-        "The camera is at its focal point, or too close or too far: the scene is viewed against the z axis");
-  } else if (!isUsableViewUp(viewUp, view)) {
-    faults.emplace_back(
-        "The view-up vector is zero or parallel to the viewing direction: the y axis is used instead (the "
-        "z axis in a view along y)");
+    return "The camera is at its focal point, or too close or too far: the scene is viewed against the z "
+           "axis";
   }
-  if (parallelScale && !isUsableParallelScale(*parallelScale)) {
-    faults.emplace_back("The parallel view has no usable scale: the whole scene is shown");
+  if (!isUsableViewUp(viewUp, view)) {
+    return "The view-up vector is zero or parallel to the viewing direction: the y axis is used instead (the "
+           "z axis in a view along y)";
   }
-  return faults;
+  return std::nullopt;
+}
+
+std::optional<std::string> describeScaleFault(double parallelScale) {
+  return isUsableParallelScale(parallelScale)
+             ? std::nullopt
+             : std::optional<std::string>("The parallel view has no usable scale: the whole scene is shown");
 }
 
 }  // namespace lum

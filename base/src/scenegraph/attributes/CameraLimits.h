@@ -5,7 +5,6 @@
 
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace lum {
 
@@ -27,9 +26,11 @@ VEMO_SCENEGRAPH_EXPORT bool isUsableViewUp(const vemo::Vector3& viewUp, const ve
 /// Also false for NaN.
 VEMO_SCENEGRAPH_EXPORT bool isUsableParallelScale(double scale);
 
-/// What drawing makes of a camera that it cannot use, for findings.
-/// @param parallelScale nothing in perspective, or if none is stated
-VEMO_SCENEGRAPH_EXPORT std::vector<std::string> describeViewFaults(
-    const vemo::Vector3& view, const vemo::Vector3& viewUp, const std::optional<double>& parallelScale);
+// What drawing makes of a camera that it cannot use, for findings; nothing if it can.
+
+VEMO_SCENEGRAPH_EXPORT std::optional<std::string> describeDirectionFault(const vemo::Vector3& view,
+                                                                         const vemo::Vector3& viewUp);
+
+VEMO_SCENEGRAPH_EXPORT std::optional<std::string> describeScaleFault(double parallelScale);
 
 }  // namespace lum

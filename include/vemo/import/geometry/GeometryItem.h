@@ -23,7 +23,9 @@ namespace vemo {
 
 class ClippingPlane;
 class Colormap;
+class PolyDataReader;
 class ValueReader;
+struct GeometryEntries;
 
 /// A piece of geometry: points, cells, arrays over both, and drawing settings.
 class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
@@ -129,6 +131,8 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
  private:
   void reportUnused(const ValueReader& values) const;
   void readGeometry(const QxElement& element, SceneFileReader& reader);
+  void reportTypeChange(const GeometryEntries& entries, const PolyDataReader& data,
+                        SceneFileReader& reader) const;
   GeometryType outlineGeometry(const QxElement& element, SceneFileReader& reader);
   void reportSettingsOutOfRange(const QxElement& element, SceneFileReader& reader) const;
   static GeometryType typeOf(bool hasFaces, bool hasLines);

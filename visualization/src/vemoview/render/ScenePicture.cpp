@@ -59,9 +59,6 @@ void pointCamera(SceneRenderer& renderer, const RenderOptions& options) {
   if (options.height > options.width) {
     renderer.resetView();
   }
-  if (options.viewAngle) {
-    renderer.setViewAngle(*options.viewAngle);
-  }
   if (options.fitsModel) {
     renderer.fitModel();
   }
@@ -99,7 +96,8 @@ Picture renderPicture(const lum::SceneNode& scene, const RenderOptions& options)
   const CurrentContextKeeper keeper;
   const auto window = EglRenderWindow::open(size.width, size.height);
   requireSize(size, window->getLargestSize());
-  SceneRenderer renderer(scene);
+  SceneRenderer renderer(
+      scene, {.viewAngle = options.viewAngle, .fitsModel = options.fitsModel, .fitted = options.fitted});
   const int enlargement = enlargementFor(renderer, *window, size);
   renderer.scalePixels(enlargement * options.scale);
   renderer.addTo(*window, enlargement > 1 ? 0 : samplesFor(size));

@@ -2,8 +2,8 @@
 #include "vemoview/render/draw/CanvasLayer.h"
 #include "vemoview/render/draw/SelectionHighlight.h"
 #include "vemoview/render/vtk/View.h"
+#include <vemo/render/MeasureText.h>
 #include <vemo/render/SceneRenderer.h>
-#include <vemo/resolve/SceneResolver.h>
 #include <vemo/scenegraph/edit/View.h>
 
 #include <vtkActor.h>
@@ -55,7 +55,7 @@ bool showsFineShapes(vtkActor& actor) {
 }  // namespace
 
 struct SceneRenderer::State {
-  explicit State(const lum::SceneNode& scene);
+  State(const lum::SceneNode& scene, ViewChange view);
   void addLayer(ResolvedCanvas canvas);
   Renderers renderers() const;
   void setSamples();
@@ -74,7 +74,8 @@ struct SceneRenderer::State {
   double pixelScale = 1.0;
 };
 
-SceneRenderer::State::State(const lum::SceneNode& scene) : resolver(scene) {
+SceneRenderer::State::State(const lum::SceneNode& scene, ViewChange view)
+    : resolver(scene, {.view = std::move(view), .measureText = measureText}) {
   ResolvedScene resolved = resolver.resolve();
   background->InteractiveOff();
   vemo::setBackground(*background, resolved.background);
@@ -109,7 +110,8 @@ void SceneRenderer::State::setSamples() {
   window->SetMultiSamples(findActor(renderers(), isTranslucent) ? 0 : samples);
 }
 
-SceneRenderer::SceneRenderer(const lum::SceneNode& scene) : _state(std::make_unique<State>(scene)) {}
+SceneRenderer::SceneRenderer(const lum::SceneNode& scene, ViewChange view)
+    : _state(std::make_unique<State>(scene, std::move(view))) {}
 
 SceneRenderer::~SceneRenderer() {
   if (_state->window != nullptr) {
@@ -250,12 +252,6 @@ void SceneRenderer::copyView(const SceneRenderer& other) {
     vtkRenderer& renderer = _state->layers[i]->getRenderer();
     renderer.GetActiveCamera()->DeepCopy(other._state->layers[i]->getRenderer().GetActiveCamera());
     renderer.ResetCameraClippingRange();
-  }
-}
-
-void SceneRenderer::setViewAngle(double degrees) {
-  if (_state->model != nullptr) {
-    _state->model->getRenderer().GetActiveCamera()->SetViewAngle(degrees);
   }
 }
 

@@ -7,6 +7,7 @@
 #include "vemoview/resolve/canvas/ShownShapes.h"
 #include "vemoview/resolve/decorations/TextFraming.h"
 #include "vemoview/resolve/decorations/UnseenDecorations.h"
+#include "vemoview/resolve/drawables/InstanceBounds.h"
 #include "vemoview/resolve/mesh/ModelExtent.h"
 #include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/resolve/UsualPicture.h>
@@ -68,11 +69,13 @@ bool CanvasResolver::canShow(const lum::SceneCanvas& canvas) {
 
 CanvasResolver::CanvasResolver(const lum::SceneCanvas& canvas, ResolvedCanvas::Role role,
                                const Background& background, const CameraIndices& cameras,
-                               ColorTables& tables, MeshArrays arrays)
+                               ColorTables& tables, const ResolveOptions& options)
     : _canvas(canvas),
       _role(role),
+      _viewChange(role == ResolvedCanvas::Role::MODEL ? options.view : ViewChange()),
+      _measureText(options.measureText),
       _clipPlanes(resolveClipPlanes(canvas.findAttributes<lum::ClipPlanesAttributes>())),
-      _meshes(_clipPlanes.size(), tables, arrays),
+      _meshes(_clipPlanes.size(), tables, options.arrays),
       _decorations(isDark(background), cameras, tables) {}
 
 ResolvedCanvas CanvasResolver::resolve() {
@@ -80,9 +83,12 @@ ResolvedCanvas CanvasResolver::resolve() {
   const auto viewport = resolveViewport(_canvas).value();
   const auto* const base = _canvas.findAttributes<lum::BaseCanvasAttributes>();
   CanvasUpdate content = collectAdded();
-  const CanvasCamera camera = resolveCamera(_canvas.hasCameraAttributes());
+  CanvasCamera camera = resolveCamera(_canvas.hasCameraAttributes());
+  camera.viewAngle = _viewChange.viewAngle.value_or(camera.viewAngle);
   const Vector<2, double> size = viewport.upperRight - viewport.lowerLeft;
-  if (camera.framesAll()) {
+  if (const Box fitted = fittedBox(content); !fitted.isEmpty()) {
+    view(content, fitting(camera, fitted, widthToHeight(size)), size);
+  } else if (camera.framesAll() || _viewChange.fitsModel) {
     frame(content, camera, size);
   } else {
     view(content, camera, size);
@@ -98,6 +104,21 @@ ResolvedCanvas CanvasResolver::resolve() {
           std::move(content.decorations)};
 }
 
+/// Around what is to fill the picture; empty for all of the model.
+Box CanvasResolver::fittedBox(const CanvasUpdate& content) const {
+  DrawableSet parts;
+  for (const lum::Drawable* const drawable : _viewChange.fitted) {
+    parts.merge(visibleParts(*drawable));
+  }
+  Box box;
+  for (const MeshInstance& mesh : content.meshes) {
+    if (parts.contains(mesh.drawable)) {
+      box.add(seenBounds(mesh));
+    }
+  }
+  return box;
+}
+
 /// In a view that shows everything.
 void CanvasResolver::frame(CanvasUpdate& content, const CanvasCamera& camera, const Vector<2, double>& size) {
   const ModelExtent model(content.meshes, nullptr);
@@ -106,13 +127,15 @@ void CanvasResolver::frame(CanvasUpdate& content, const CanvasCamera& camera, co
   reportUnframedTexts(content.decorations);
   const double side = framed.longestSide();
   if (side > 0.0) {
-    const ViewVolume view(framing(camera, framed), widthToHeight(size));
+    const double shape = widthToHeight(size);
+    const ViewVolume view(_viewChange.fitsModel ? fitting(camera, framed, shape) : framing(camera, framed),
+                          shape);
     const UsualCanvas canvas = usualCanvas(camera, view, size, _model);
     model.reportInvisible(canvas, _clipPlanes, side);
-    reportUnseenDecorations(content.decorations, &canvas, size, _clipPlanes);
+    reportUnseenDecorations(content.decorations, {&canvas, true, size, _clipPlanes, _measureText});
   } else {
     model.reportCollapsed();
-    reportUnseenDecorations(content.decorations, nullptr, size, _clipPlanes);
+    reportUnseenDecorations(content.decorations, {nullptr, true, size, _clipPlanes, _measureText});
   }
 }
 
@@ -124,7 +147,7 @@ void CanvasResolver::view(CanvasUpdate& content, const CanvasCamera& camera, con
   _model = model.getBox();
   const UsualCanvas canvas = usualCanvas(camera, view, size, _model);
   model.reportUnsuitableView(canvas, _clipPlanes, camera);
-  reportUnseenDecorations(content.decorations, &canvas, size, _clipPlanes);
+  reportUnseenDecorations(content.decorations, {&canvas, false, size, _clipPlanes, _measureText});
   chooseFramedTexts(content.decorations, _model);
 }
 

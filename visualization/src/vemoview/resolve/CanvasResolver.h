@@ -18,10 +18,10 @@ class CanvasResolver {
   /// Whether the canvas has drawables, and a part of the window for them.
   static bool canShow(const lum::SceneCanvas& canvas);
 
-  /// Of a canvas that can show something. Canvas, cameras and tables must outlive
+  /// Of a canvas that can show something. Canvas, cameras, tables and options must outlive
   /// it.
   CanvasResolver(const lum::SceneCanvas& canvas, ResolvedCanvas::Role role, const Background& background,
-                 const CameraIndices& cameras, ColorTables& tables, MeshArrays arrays);
+                 const CameraIndices& cameras, ColorTables& tables, const ResolveOptions& options);
 
   ResolvedCanvas resolve();
   CanvasUpdate update();
@@ -29,6 +29,7 @@ class CanvasResolver {
 
  private:
   CanvasUpdate collectAdded();
+  Box fittedBox(const CanvasUpdate& content) const;
   // The size is the canvas's, as a part of the window's.
   void frame(CanvasUpdate& content, const CanvasCamera& camera, const Vector<2, double>& size);
   void view(CanvasUpdate& content, const CanvasCamera& camera, const Vector<2, double>& size);
@@ -36,6 +37,9 @@ class CanvasResolver {
 
   const lum::SceneCanvas& _canvas;
   ResolvedCanvas::Role _role;
+  /// None where it is not the model's.
+  ViewChange _viewChange;
+  const TextMeasure& _measureText;
   std::vector<ClipPlane> _clipPlanes;
   MeshResolver _meshes;
   DecorationResolver _decorations;

@@ -6,10 +6,12 @@
 #include <vemo/resolve/SceneResolver.h>
 #include <vemo/scenegraph/canvas/SceneNode.h>
 
+#include <utility>
+
 namespace vemo {
 
 struct SceneResolver::State {
-  State(const lum::SceneNode& scene, MeshArrays wanted) : findings(scene), arrays(wanted) {}
+  State(const lum::SceneNode& scene, ResolveOptions wanted) : findings(scene), options(std::move(wanted)) {}
 
   CanvasResolver& at(std::size_t canvas) {
     VEMO_REQUIRE(canvas < canvases.size(), "No such canvas");
@@ -24,19 +26,19 @@ struct SceneResolver::State {
       cameras[canvas->hasCameraAttributes()] = canvases.size();
     }
     const NodeScope scope(*canvas);
-    canvases.emplace_back(*canvas, role, background, cameras, tables, arrays);
+    canvases.emplace_back(*canvas, role, background, cameras, tables, options);
   }
 
   NodeFindings findings;
-  MeshArrays arrays;
+  ResolveOptions options;
   CameraIndices cameras;
   ColorTables tables;
   std::vector<CanvasResolver> canvases;
   Background background;
 };
 
-SceneResolver::SceneResolver(const lum::SceneNode& scene, MeshArrays arrays)
-    : _state(std::make_unique<State>(scene, arrays)) {
+SceneResolver::SceneResolver(const lum::SceneNode& scene, ResolveOptions options)
+    : _state(std::make_unique<State>(scene, std::move(options))) {
   using Role = ResolvedCanvas::Role;
   const NodeFindings::Scope scope(_state->findings);
   _state->background = resolveBackground(scene.hasBackgroundCanvas());

@@ -5,6 +5,7 @@
 #include "vemoview/render/vtk/CanvasRenderer.h"
 #include "vemoview/render/vtk/View.h"
 #include "vemoview/vtk/ItemBuilder.h"
+#include <vemo/render/MeasureText.h>
 #include <vemo/resolve/SceneTooLarge.h>
 #include <vemo/scenegraph/Findings.h>
 
@@ -64,7 +65,7 @@ bool fillsWindow(const ResolvedCanvas& canvas) {
 ImportedScene::ImportedScene(const lum::SceneNode& scene, vtkRenderer& renderer,
                              const ProgressReport& progress)
     : _renderer(&renderer), _camera(cameraFor(renderer)) {
-  SceneResolver resolver(scene, MeshArrays::ALL);
+  SceneResolver resolver(scene, {.arrays = MeshArrays::ALL, .measureText = measureText});
   ResolvedScene resolved = resolver.resolve();
   _background = resolved.background;
   const auto hidden = resolveHidden(resolver, resolved.canvases.size());

@@ -1,3 +1,4 @@
+#include "base/Utf8.h"
 #include "vemoview/import/items/ItemDrawable.h"
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/ReadingContext.h"
@@ -45,7 +46,7 @@ void Annotation::read(const QxElement& element, SceneFileReader* reader) {
 
 void Annotation::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int /*level*/,
                                  const std::string& /*parentName*/) const {
-  if (_text.empty()) {
+  if (isBlank(_text)) {
     report(shared.context, FindingCode::ANNOTATION_WITHOUT_TEXT,
            "The annotation \"" + getName() + "\" has no text and is left out");
     return;

@@ -14,7 +14,7 @@ const KeyTable<Gradient> Gradient::KEYS({
         "where the first colour is, and where the second. `SOLID`, also the result of "
         "an unknown word, is an error")
         .named(MODES)
-        .refusedIfBad(),
+        .reportedLater(),
 });
 
 Gradient::Gradient(std::string name) : GraphicsItem(std::move(name)) {}

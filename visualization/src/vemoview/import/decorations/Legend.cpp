@@ -1,3 +1,4 @@
+#include "base/Utf8.h"
 #include "scenegraph/attributes/NumberFormat.h"
 #include "vemoview/import/items/ItemDrawable.h"
 #include "vemoview/import/reading/KeyTable.h"
@@ -27,7 +28,8 @@ Legend::Rectangle defaultRectangle(lum::LegendOrientation orientation) {
 
 const KeyTable<Legend> Legend::KEYS(
     {
-        key::ifPresent<&Legend::_title>("title", "the heading of the bar").defaultingTo("the colormap's"),
+        key::ifPresent<&Legend::_title>("title", "the heading of the bar; a blank one counts as absent")
+            .defaultingTo("the colormap's"),
         key::ifPresent<&Legend::_colormapName>("colormap", "the name of a colormap of the assembly")
             .defaultingTo("the one that colours the assembly"),
         key::always<&Legend::_orientation>("orientation", "orientation of the bar").named(ORIENTATIONS),
@@ -120,7 +122,7 @@ void Legend::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& 
 }
 
 void Legend::applyTo(lum::LegendAttributes& attributes, const Colormap& colormap) const {
-  attributes.setTitle(_title.empty() ? colormap.getTitle() : _title);
+  attributes.setTitle(isBlank(_title) ? colormap.getTitle() : _title);
   attributes.setOrientation(_orientation);
   attributes.setSize(_rectangle.size);
   attributes.setNumberOfLabels(_labelCount);

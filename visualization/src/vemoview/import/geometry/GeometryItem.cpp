@@ -252,12 +252,26 @@ void GeometryItem::readGeometry(const QxElement& element, SceneFileReader& reade
       });
     }
   }
+  if (data.hasAllCells()) {
+    reportTypeChange(entries, data, reader);
+  }
+}
+
+void GeometryItem::reportTypeChange(const GeometryEntries& entries, const PolyDataReader& data,
+                                    SceneFileReader& reader) const {
+  const GeometryType drawn = determineType();
+  const auto report = [&](GeometryType stated, const char* reason) {
+    reader.report(FindingCode::GEOMETRY_TYPE_CHANGED,
+                  fmt::format("The geometry is drawn as {} instead of {}: {}", TYPE_NAMES[drawn],
+                              TYPE_NAMES[stated], reason));
+  };
   const GeometryType listed = typeOf(data.hasListed(CellKind::POLYS) || data.hasListed(CellKind::STRIPS),
                                      data.hasListed(CellKind::LINES));
-  if (data.hasAllCells() && listed != determineType()) {
-    reader.report(FindingCode::GEOMETRY_TYPE_CHANGED,
-                  std::string("The geometry is drawn as ") + TYPE_NAMES[determineType()] + " instead of " +
-                      TYPE_NAMES[listed] + ": all cells of that type are left out");
+  const GeometryType named = typeOf(entries.polys || entries.strips, entries.lines.has_value());
+  if (listed != drawn) {
+    report(listed, "all cells of that type are left out");
+  } else if (named != drawn) {
+    report(named, "its lists of cells of that type are empty");
   }
 }
 

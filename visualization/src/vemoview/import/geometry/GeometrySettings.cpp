@@ -19,8 +19,9 @@ const KeyTable<Settings> Settings::KEYS({
         .onlyFor({GeometryItem::SURFACE}),
     key::always<&Settings::showFaces>("showFaces", "draws the faces of a surface")
         .onlyFor({GeometryItem::SURFACE}),
-    key::always<&Settings::smoothShading>("smoothShading",
-                                          "shades a surface evenly over its points, or flat by its cells")
+    key::always<&Settings::smoothShading>(
+        "smoothShading",
+        "shades all of a surface evenly over its points, sharp edges too, or flat by its cells")
         .onlyFor({GeometryItem::SURFACE}),
     key::always<&Settings::contour>("contour", "draws the border of a surface and its sharp edges")
         .onlyFor({GeometryItem::SURFACE}),

@@ -46,8 +46,8 @@ struct Key : KeyDescription {
     isIgnoredIfBad = true;
     return std::move(*this);
   }
-  Key refusedIfBad() && {
-    isRefusedIfBad = true;
+  Key reportedLater() && {
+    isReportedLater = true;
     return std::move(*this);
   }
   /// Nothing uses the colour's alpha. Where it is not opaque, a finding says so.

@@ -119,7 +119,9 @@ void ValueReader::readAttribute(const KeyDescription& key, const ValueForm& form
   } else {
     const ReadingContext::AttributeScope scope(_reader, key.name);
     value = get();
-    reportUnreadable(_reader, *text, inQuotes(key.name), form.flaw, valueText(value), key.name);
+    if (!key.isReportedLater || value != T()) {
+      reportUnreadable(_reader, *text, inQuotes(key.name), form.flaw, valueText(value), key.name);
+    }
   }
 }
 
@@ -257,7 +259,7 @@ int ValueReader::readWord(const KeyDescription& key, int current) const {
     return word;
   }
   if (_onBadValue == OnBadValue::FAIL) {
-    if (!text->empty() && !key.isRefusedIfBad) {
+    if (!text->empty() && !key.isReportedLater) {
       reportUnreadable(_reader, *text, inQuotes(key.name), "not an allowed value", wordText(key.words, 0),
                        key.name);
     }

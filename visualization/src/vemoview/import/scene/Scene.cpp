@@ -22,6 +22,8 @@ namespace vemo {
 
 namespace {
 
+constexpr const char* PARALLEL_SCALE = "parallelScale";
+
 /// A new node of class T in the session of the collection.
 template <class T>
 lum::Ptr<T> makeNodeFor(const lum::CollectionNode& collection) {
@@ -41,7 +43,8 @@ const KeyTable<Camera> Scene::View::KEYS({
     key::ifPresent<&Camera::focalPoint>("focalPt", "the point that the camera looks at"),
     key::always<&Camera::perspective>("perspective", "perspective or parallel projection"),
     key::always<&Camera::parallelScale>(
-        "parallelScale", "half the height of the picture in model units, in parallel projection"),
+        PARALLEL_SCALE, "half the height of the picture in model units, in parallel projection")
+        .reportedLater(),
     key::always<&Camera::windowWidth>("windowWidth",
                                       "kept; has no effect on pictures, as the other window keys")
         .withoutEffect(),
@@ -55,17 +58,22 @@ Scene::View::~View() = default;
 void Scene::View::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement(_camera, element, reader);
   if (_camera.perspective) {
-    element.markUnused("parallelScale");
+    element.markUnused(PARALLEL_SCALE);
   }
   _place = element.getPlace();
 }
 
 void Scene::View::reportUnusable(ReadingContext* context) const {
   const ReadingContext::ItemScope scope(context, "view", _place);
-  const auto scale = _camera.perspective ? std::nullopt : std::optional(_camera.parallelScale);
-  for (const std::string& fault :
-       lum::describeViewFaults(_camera.focalPoint - _camera.position, _camera.viewUp, scale)) {
-    report(context, FindingCode::VIEW_ADJUSTED, fault);
+  if (const auto fault = lum::describeDirectionFault(_camera.focalPoint - _camera.position, _camera.viewUp)) {
+    report(context, FindingCode::VIEW_ADJUSTED, *fault);
+  }
+  if (_camera.perspective) {
+    return;
+  }
+  if (const auto fault = lum::describeScaleFault(_camera.parallelScale)) {
+    const ReadingContext::AttributeScope attribute(context, PARALLEL_SCALE);
+    report(context, FindingCode::VIEW_ADJUSTED, *fault);
   }
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "vemoview/render/decorations/TextProperties.h"
 #include <vemo/base/Vector.h>
-#include <vemo/resolve/Decoration.h>
 
 #include <vtkSmartPointer.h>
 
@@ -12,12 +12,6 @@ class vtkTextActor;
 namespace vemo {
 
 class PropGroup;
-
-/// Which point of a text is at its position.
-struct TextAlignment {
-  TextDecoration::Horizontal horizontal = TextDecoration::Horizontal::LEFT;
-  TextDecoration::Vertical vertical = TextDecoration::Vertical::BOTTOM;
-};
 
 /// A text of one or more lines that faces the viewer.
 class TextLabel {

@@ -130,8 +130,8 @@ class MovedTriad {
 
   void update(vtkRenderer& renderer) {
     const double canvasHeight = sizeInPixels(renderer)[1];
-    // Labels leave room for the axes in a small canvas, too.
-    const double labelHeight = std::min(_triad.labelHeight * windowHeight(renderer), 0.16 * canvasHeight);
+    const double labelHeight = std::min(_triad.labelHeight * windowHeight(renderer),
+                                        TriadDecoration::MOST_LABEL_HEIGHT * canvasHeight);
     const double perUnit = pixelsPerUnit(renderer, _triad.position);
     const double axisLength = !_triad.hasScreenSize ? TriadDecoration::LENGTH
                               : perUnit > 0.0 ? TriadDecoration::LENGTH_IN_LABELS * labelHeight / perUnit

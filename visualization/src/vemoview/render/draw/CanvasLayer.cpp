@@ -1,13 +1,11 @@
 #include "vemoview/render/draw/CanvasLayer.h"
 
-#include "geometry/Bounds.h"
 #include "vemoview/render/draw/BatchGroups.h"
 #include "vemoview/render/vtk/Screen.h"
 #include "vemoview/render/vtk/View.h"
 #include "vemoview/resolve/drawables/InstanceBounds.h"
 #include <vemo/resolve/Picker.h>
 
-#include <vtkPolyData.h>
 #include <vtkRenderer.h>
 
 #include <utility>
@@ -100,14 +98,7 @@ Box CanvasLayer::boundsOf(const DrawableSet& drawables) const {
   for (const Batch& batch : _batches) {
     batch.forEachShown([&](const MeshInstance& mesh) {
       if (drawables.contains(mesh.drawable)) {
-        const Box bounds = vemo::boundsOf(*mesh.geometry);
-        // Faces and lines that have collapsed to a point are not seen from anywhere.
-        if (mesh.appearance.kind != Appearance::Kind::POINTS && bounds.longestSide() == 0.0) {
-          return;
-        }
-        forEachInstance(mesh.transforms, [&](const InstanceTransform* transform) {
-          box.add(instanceBounds(transform, bounds));
-        });
+        box.add(seenBounds(mesh));
       }
     });
   }

@@ -1,7 +1,7 @@
 #include "vemoview/render/vtk/View.h"
 
+#include "vemoview/resolve/canvas/ViewVolume.h"
 #include <vemo/base/Vector.h>
-#include <vemo/resolve/UsualPicture.h>
 
 #include <vtkBoundingBox.h>
 #include <vtkCamera.h>
@@ -35,19 +35,10 @@ void frameBox(vtkRenderer& renderer, const Box& box) {
   renderer.ResetCamera(box.low[0], box.high[0], box.low[1], box.high[1], box.low[2], box.high[2]);
 }
 
-/// The length of the box's shadow on a line.
-double extentAlong(const Vector3& direction, const Box& box) {
-  double extent = 0.0;
-  for (std::size_t axis = 0; axis < 3; ++axis) {
-    extent += std::abs(direction[axis]) * (box.high[axis] - box.low[axis]);
-  }
-  return extent;
-}
-
 }  // namespace
 
 void pointCamera(vtkCamera& view, const CanvasCamera& camera) {
-  view.SetViewAngle(USUAL_VIEW_ANGLE);
+  view.SetViewAngle(camera.viewAngle);
   view.SetParallelProjection(camera.isParallel);
   if (camera.viewpoint) {
     view.SetPosition(camera.viewpoint->position.data());
@@ -64,19 +55,15 @@ void pointCamera(vtkCamera& view, const CanvasCamera& camera) {
 }
 
 void fitBox(vtkRenderer& renderer, const Box& box) {
-  constexpr double MARGIN = 1.05;
   frameBox(renderer, box);
   vtkCamera& camera = *renderer.GetActiveCamera();
   if (camera.GetParallelProjection() == 0) {
     return;
   }
-  const Vector3 forward = toVector(camera.GetDirectionOfProjection());
-  const Vector3 right = normalized(cross(forward, toVector(camera.GetViewUp())));
-  const double height = extentAlong(cross(right, forward), box);
-  const double scale = std::max(height, extentAlong(right, box) / renderer.GetTiledAspectRatio()) / 2.0;
-  // A point or a line has no size.
+  const double scale = fittingScale(toVector(camera.GetDirectionOfProjection()), toVector(camera.GetViewUp()),
+                                    box, renderer.GetTiledAspectRatio());
   if (scale > 0.0) {
-    camera.SetParallelScale(scale * MARGIN);
+    camera.SetParallelScale(scale);
   }
 }
 

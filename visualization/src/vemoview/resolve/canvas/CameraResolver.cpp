@@ -51,9 +51,13 @@ CanvasCamera resolveCamera(const lum::CameraAttributes* camera) {
                         usableViewUp(camera->getViewUp(), normalized(view))};
   }
   const NodeScope scope(*camera);
-  for (const std::string& fault : lum::describeViewFaults(
-           view, camera->getViewUp(), result.isParallel ? camera->getParallelScale() : std::nullopt)) {
-    reportFinding(FindingCode::VIEW_ADJUSTED, fault);
+  if (const auto fault = lum::describeDirectionFault(view, camera->getViewUp())) {
+    reportFinding(FindingCode::VIEW_ADJUSTED, *fault);
+  }
+  if (const auto scale = camera->getParallelScale(); result.isParallel && scale) {
+    if (const auto fault = lum::describeScaleFault(*scale)) {
+      reportFinding(FindingCode::VIEW_ADJUSTED, *fault);
+    }
   }
   return result;
 }

@@ -4,10 +4,9 @@
 
 namespace vemo {
 
-ShownShapes::ShownShapes(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes,
-                         const PictureReach& reach)
+ShownShapes::ShownShapes(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes)
     : _canvas(canvas), _planes(clipPlanes.begin(), clipPlanes.end()) {
-  const auto sides = canvas.view.sides(canvas.nearest, reach);
+  const auto sides = canvas.view.sides(canvas.nearest);
   _planes.insert(_planes.end(), sides.begin(), sides.end());
 }
 

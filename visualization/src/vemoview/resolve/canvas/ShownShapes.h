@@ -21,10 +21,9 @@ struct UsualCanvas {
 class ShownShapes {
  public:
   /// @param canvas must outlive it
-  /// @param reach of points and lines
-  ShownShapes(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes,
-              const PictureReach& reach = {});
+  ShownShapes(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes);
 
+  // OpenGL draws nothing of points and lines whose middle is outside, however wide they are.
   bool showsPoint(const Vector3& point);
   bool showsLine(const Vector3& from, const Vector3& to);
   /// @param corners of a convex polygon

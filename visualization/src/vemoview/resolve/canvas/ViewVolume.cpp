@@ -11,11 +11,21 @@ namespace vemo {
 
 namespace {
 
-/// Bits, one for each side of the volume.
-enum : unsigned { NONE = 0, BEHIND = 1, ABOVE = 2, BELOW = 4, RIGHT = 8, LEFT = 16, ALL_SIDES = 31 };
+/// In parallel projection more than the box needs, for a margin around it.
+constexpr double MARGIN = 1.05;
 
-/// Half of the angle of view that VTK has in perspective.
-constexpr double HALF_ANGLE = std::numbers::pi / 12.0;
+double halfAngle(const CanvasCamera& camera) {
+  return camera.viewAngle * std::numbers::pi / 360.0;
+}
+
+/// The length of the box's shadow on a line.
+double extentAlong(const Vector3& direction, const Box& box) {
+  double extent = 0.0;
+  for (std::size_t axis = 0; axis < 3; ++axis) {
+    extent += std::abs(direction[axis]) * (box.high[axis] - box.low[axis]);
+  }
+  return extent;
+}
 
 }  // namespace
 
@@ -25,21 +35,21 @@ ViewVolume::ViewVolume(const CanvasCamera& camera, double shape)
       _right(normalized(cross(_forward, camera.viewpoint->viewUp))),
       _isParallel(camera.isParallel),
       _parallelScale(camera.parallelScale.value_or(0.0)),
+      _slope(std::tan(halfAngle(camera))),
       _shape(shape) {
   _up = cross(_right, _forward);
 }
 
 double ViewVolume::halfHeight(double depth) const {
-  return _isParallel ? _parallelScale : std::tan(HALF_ANGLE) * depth;
+  return _isParallel ? _parallelScale : _slope * depth;
 }
 
-bool ViewVolume::misses(const Box& box, const PictureReach& reach) const {
+bool ViewVolume::misses(const Box& box) const {
   const auto corners = box.corners();
   return std::transform_reduce(corners.begin(), corners.end(), unsigned{ALL_SIDES}, std::bit_and(),
-                               [&](const Vector3& corner) { return sidesBeyond(corner, reach); }) != 0;
+                               [&](const Vector3& corner) { return sidesBeyond(corner, {}); }) != 0;
 }
 
-/// The sides of the volume beyond which a point lies.
 unsigned ViewVolume::sidesBeyond(const Vector3& point, const PictureReach& reach) const {
   const Vector3 place = point - _position;
   const double depth = dot(place, _forward);
@@ -48,9 +58,10 @@ unsigned ViewVolume::sidesBeyond(const Vector3& point, const PictureReach& reach
   const double x = dot(place, _right);
   // In perspective, nothing can be seen beside the camera.
   const bool isBehind = _isParallel ? depth < 0.0 : depth <= 0.0;
-  return (isBehind ? BEHIND : NONE) | (y > (1.0 + reach.down) * half ? ABOVE : NONE) |
-         (y < -(1.0 + reach.up) * half ? BELOW : NONE) | (x > (_shape + reach.left) * half ? RIGHT : NONE) |
-         (x < -(_shape + reach.right) * half ? LEFT : NONE);
+  return (isBehind ? BEHIND : NO_SIDE) | (y > (1.0 + reach.down) * half ? ABOVE : NO_SIDE) |
+         (y < -(1.0 + reach.up) * half ? BELOW : NO_SIDE) |
+         (x > (_shape + reach.left) * half ? RIGHT : NO_SIDE) |
+         (x < -(_shape + reach.right) * half ? LEFT : NO_SIDE);
 }
 
 double ViewVolume::depthOf(const Box& box) const {
@@ -75,13 +86,12 @@ ClipPlane ViewVolume::side(const Vector3& outward, double halfSize) const {
   if (_isParallel) {
     return {_position + halfSize * _parallelScale * outward, -1.0 * outward};
   }
-  return {_position, normalized(halfSize * std::tan(HALF_ANGLE) * _forward - outward)};
+  return {_position, normalized(halfSize * _slope * _forward - outward)};
 }
 
-std::array<ClipPlane, 5> ViewVolume::sides(double nearest, const PictureReach& reach) const {
-  return {ClipPlane{_position + nearest * _forward, _forward}, side(_right, _shape + reach.left),
-          side(-1.0 * _right, _shape + reach.right), side(_up, 1.0 + reach.down),
-          side(-1.0 * _up, 1.0 + reach.up)};
+std::array<ClipPlane, 5> ViewVolume::sides(double nearest) const {
+  return {ClipPlane{_position + nearest * _forward, _forward}, side(_right, _shape),
+          side(-1.0 * _right, _shape), side(_up, 1.0), side(-1.0 * _up, 1.0)};
 }
 
 Vector<2, double> ViewVolume::placeOf(const Vector3& point) const {
@@ -91,7 +101,10 @@ Vector<2, double> ViewVolume::placeOf(const Vector3& point) const {
 }
 
 CanvasCamera framing(const CanvasCamera& camera, const Box& box) {
-  const double radius = length(box.high - box.low) / 2.0;
+  // As VTK does for a point.
+  constexpr double RADIUS_OF_POINT = 0.5;
+  const double diagonal = length(box.high - box.low);
+  const double radius = diagonal > 0.0 ? diagonal / 2.0 : RADIUS_OF_POINT;
   CanvasCamera result = camera;
   Vector3 backward{0.0, 0.0, 1.0};
   Vector3 viewUp{0.0, 1.0, 0.0};
@@ -100,9 +113,24 @@ CanvasCamera framing(const CanvasCamera& camera, const Box& box) {
     viewUp = camera.viewpoint->viewUp;
   }
   const Vector3 center = box.center();
-  result.viewpoint = {center + radius / std::sin(HALF_ANGLE) * backward, center, viewUp};
+  result.viewpoint = {center + radius / std::sin(halfAngle(camera)) * backward, center, viewUp};
   result.parallelScale = radius;
   return result;
+}
+
+CanvasCamera fitting(const CanvasCamera& camera, const Box& box, double shape) {
+  CanvasCamera result = framing(camera, box);
+  const auto& [position, focalPoint, viewUp] = *result.viewpoint;
+  const double scale = fittingScale(normalized(focalPoint - position), viewUp, box, shape);
+  if (scale > 0.0) {
+    result.parallelScale = scale;
+  }
+  return result;
+}
+
+double fittingScale(const Vector3& forward, const Vector3& viewUp, const Box& box, double shape) {
+  const Vector3 right = normalized(cross(forward, viewUp));
+  return MARGIN / 2.0 * std::max(extentAlong(cross(right, forward), box), extentAlong(right, box) / shape);
 }
 
 }  // namespace vemo

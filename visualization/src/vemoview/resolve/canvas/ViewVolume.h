@@ -3,6 +3,7 @@
 #include "geometry/Box.h"
 #include <vemo/resolve/CanvasCamera.h>
 #include <vemo/resolve/ClipPlane.h>
+#include <vemo/resolve/Export.h>
 
 #include <array>
 
@@ -15,8 +16,6 @@ struct PictureReach {
   double right = 0.0;
   double down = 0.0;
   double up = 0.0;
-
-  static PictureReach onAllSides(double reach) { return {reach, reach, reach, reach}; }
 };
 
 /// What a view shows in a picture.
@@ -26,8 +25,22 @@ class ViewVolume {
   /// @param shape the picture's width divided by its height
   ViewVolume(const CanvasCamera& camera, double shape);
 
+  /// Sides of the volume, as bits.
+  enum Sides : unsigned {
+    NO_SIDE = 0,
+    BEHIND = 1,
+    ABOVE = 2,
+    BELOW = 4,
+    RIGHT = 8,
+    LEFT = 16,
+    ALL_SIDES = 31
+  };
+
+  /// The sides beyond which a point lies, with all that it reaches.
+  unsigned sidesBeyond(const Vector3& point, const PictureReach& reach) const;
+
   /// Whether a box is outside for certain; false for most others that are outside.
-  bool misses(const Box& box, const PictureReach& reach) const;
+  bool misses(const Box& box) const;
 
   /// From the camera along its direction to a point, and to the nearest and the farthest
   /// point of a box.
@@ -39,16 +52,15 @@ class ViewVolume {
   /// camera.
   double heightAt(double depth) const { return 2.0 * halfHeight(depth); }
 
-  /// The planes around what is in the picture of things with a reach.
+  /// The planes around what is in the picture.
   /// @param nearest what is closer to the camera is outside, too
-  std::array<ClipPlane, 5> sides(double nearest, const PictureReach& reach) const;
+  std::array<ClipPlane, 5> sides(double nearest) const;
 
   /// Where a point that is in front of the camera is in the picture: as fractions of width
   /// and height from the lower left corner.
   Vector<2, double> placeOf(const Vector3& point) const;
 
  private:
-  unsigned sidesBeyond(const Vector3& point, const PictureReach& reach) const;
   double halfHeight(double depth) const;
   ClipPlane side(const Vector3& outward, double halfSize) const;
 
@@ -58,10 +70,21 @@ class ViewVolume {
   Vector3 _right;
   bool _isParallel;
   double _parallelScale;
+  /// Half the height of a picture in perspective at a depth of 1.
+  double _slope;
   double _shape;
 };
 
-/// The camera as it is moved to show all of a box, which is not empty.
+/// The camera as it is moved to show all of a box, which is not empty, as VTK moves it.
 CanvasCamera framing(const CanvasCamera& camera, const Box& box);
+
+/// The same, but in parallel projection the box fills the picture, apart from a margin.
+/// @param shape the picture's width divided by its height
+CanvasCamera fitting(const CanvasCamera& camera, const Box& box, double shape);
+
+/// Half the height of a parallel picture that a box fills; 0 for a box that is seen as a point.
+/// @param forward a unit vector
+VEMO_RESOLVE_EXPORT double fittingScale(const Vector3& forward, const Vector3& viewUp, const Box& box,
+                                        double shape);
 
 }  // namespace vemo

@@ -1,5 +1,6 @@
 #include "vemoview/resolve/decorations/LegendResolver.h"
 
+#include "base/Utf8.h"
 #include "scenegraph/attributes/NumberFormat.h"
 #include "vemoview/resolve/decorations/LegendTicks.h"
 #include "vemoview/resolve/decorations/TextStyleResolver.h"
@@ -108,7 +109,9 @@ std::optional<LegendDecoration> resolveLegend(const lum::LegendDrawable& legend,
   }
   const auto* const style = legend.findAttributes<lum::TextAttributes>();
   result.table = *tables.resolve(*legend.hasColorLookupTable());
-  result.title = readableText(attributes.getTitle(), MAX_TITLE_BYTES, what);
+  if (!isBlank(attributes.getTitle())) {
+    result.title = readableText(attributes.getTitle(), MAX_TITLE_BYTES, what);
+  }
   result.isVertical = attributes.getOrientation() == lum::LegendOrientation::VERTICAL;
   result.labelCount = std::clamp(attributes.getNumberOfLabels(), 0, MAX_LABELS);
   result.labelFormat = resolveFormat(attributes.getLabelFormat(), what);

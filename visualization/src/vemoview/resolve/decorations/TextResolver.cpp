@@ -1,5 +1,6 @@
 #include "vemoview/resolve/decorations/TextResolver.h"
 
+#include "base/Utf8.h"
 #include "vemoview/resolve/decorations/TextStyleResolver.h"
 #include "vemoview/resolve/values/ReadableText.h"
 #include "vemoview/resolve/values/UsableValues.h"
@@ -18,7 +19,7 @@ constexpr double TEXT_LINE_HEIGHT = 0.04;
 
 std::optional<TextDecoration> resolveText(const lum::TextDrawable& text) {
   const auto* const attributes = text.findAttributes<lum::AnnotationAttributes>();
-  if (attributes == nullptr || attributes->getText().empty()) {
+  if (attributes == nullptr || isBlank(attributes->getText())) {
     return std::nullopt;
   }
   const auto* const style = text.findAttributes<lum::TextAttributes>();

@@ -10,7 +10,7 @@ class TextDrawable;
 
 namespace vemo {
 
-/// Nothing for an empty text, or one without a finite position.
+/// Nothing for a blank text, or one without a finite position.
 std::optional<TextDecoration> resolveText(const lum::TextDrawable& text);
 
 }  // namespace vemo

@@ -1,18 +1,18 @@
 #include "vemoview/resolve/decorations/UnseenDecorations.h"
 
 #include "vemoview/resolve/canvas/ShownShapes.h"
+#include "vemoview/resolve/decorations/DecorationParts.h"
 #include "vemoview/resolve/decorations/ImageResolver.h"
-#include "vemoview/resolve/decorations/TextStyleResolver.h"
 #include "vemoview/resolve/values/Groups.h"
 #include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/resolve/UsualPicture.h>
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/drawables/Drawable.h>
 
-#include <algorithm>
 #include <fmt/format.h>
 #include <span>
 #include <string>
+#include <utility>
 
 namespace vemo {
 
@@ -32,40 +32,6 @@ ViewVolume viewOfWindow() {
   return {camera, 1.0};
 }
 
-/// In pixels, as the height of a line is.
-PictureReach reachOf(const TextDecoration& text, double lineHeight) {
-  // What reaches into the picture by less than a pixel is not seen there.
-  constexpr double LEAST = 1.0;
-  using Horizontal = TextDecoration::Horizontal;
-  using Vertical = TextDecoration::Vertical;
-  const Vector<2, double> extent = lineHeight * textExtent(text.text);
-  const double left = text.horizontal == Horizontal::LEFT     ? 0.0
-                      : text.horizontal == Horizontal::CENTER ? extent[0] / 2.0
-                                                              : extent[0];
-  const double down = text.vertical == Vertical::BOTTOM   ? 0.0
-                      : text.vertical == Vertical::CENTER ? extent[1] / 2.0
-                                                          : extent[1];
-  return {left - LEAST, extent[0] - left - LEAST, down - LEAST, extent[1] - down - LEAST};
-}
-
-/// In pixels, as the height of a label is: on all sides, wherever the labels are.
-PictureReach reachOf(const TriadDecoration& triad, double labelHeight) {
-  double reach = 0.0;
-  for (const std::string& label : triad.labels.value_or(std::array<std::string, 3>())) {
-    reach = std::max(reach, labelHeight * std::ranges::max(textExtent(label)));
-  }
-  if (triad.hasScreenSize) {
-    reach += TriadDecoration::LABEL_POSITION * TriadDecoration::LENGTH_IN_LABELS * labelHeight;
-  }
-  return PictureReach::onAllSides(reach);
-}
-
-Box boundsOfTriad(const TriadDecoration& triad) {
-  const double length = triad.hasScreenSize ? 0.0 : TriadDecoration::LABEL_POSITION * TriadDecoration::LENGTH;
-  const Vector3 diagonal{length, length, length};
-  return {triad.position - diagonal, triad.position + diagonal};
-}
-
 bool isInModel(const Decoration::Content& content) {
   const auto* const text = std::get_if<TextDecoration>(&content);
   const auto* const image = std::get_if<ImageDecoration>(&content);
@@ -78,62 +44,92 @@ const char* describeKind(const Decoration::Content& content) {
                                                             : "triad";
 }
 
-constexpr const char* OUTSIDE_VIEW = "behind the camera, or beside the picture";
-constexpr const char* OUTSIDE_WINDOW = "it is outside the window";
-constexpr const char* CUT_AWAY = "cut away by the clipping planes";
-constexpr const char* TINY = "smaller than a pixel, or seen edge-on";
-constexpr const char* TINY_IN_WINDOW = "less than a pixel of it is in the window";
+/// Why a decoration is not seen, or not all of it.
+enum class Flaw { NONE, OUTSIDE, TINY, CUT_AWAY, CUT_OFF };
 
-/// Finds out why decorations are not seen: null for one that is, or if that is reported
-/// otherwise.
+bool isUnseen(Flaw flaw) {
+  return flaw != Flaw::NONE && flaw != Flaw::CUT_OFF;
+}
+
+/// @param flaw of what is not seen
+const char* describe(Flaw flaw, bool isInModel) {
+  switch (flaw) {
+    case Flaw::OUTSIDE:
+      return isInModel ? "behind the camera, or beside the picture" : "it is outside the window";
+    case Flaw::TINY:
+      return isInModel ? "smaller than a pixel, or seen edge-on" : "less than a pixel of it is in the window";
+    default:
+      return "cut away by the clipping planes";
+  }
+}
+
+/// Finds out why decorations are not seen; nothing is found if that is reported otherwise.
 class FlawFinder {
  public:
-  /// @param canvas null to look at those in the window
-  FlawFinder(const UsualCanvas* canvas, const Vector<2, double>& size, std::span<const ClipPlane> clipPlanes)
-      : _isOfModel(canvas != nullptr),
-        _pixels(pixelsOf(size)),
+  /// @param isOfModel whether to look at those in the model, or at those in the window
+  FlawFinder(const DecorationView& view, bool isOfModel)
+      : _isOfModel(isOfModel),
+        _pixels(pixelsOf(view.size)),
         _windowView(viewOfWindow()),
-        _canvas(canvas != nullptr ? *canvas : UsualCanvas{_windowView, PictureSamples(size)}),
-        _clipPlanes(clipPlanes) {}
+        _canvas(isOfModel ? *view.canvas : UsualCanvas{_windowView, PictureSamples(view.size)}),
+        _clipPlanes(view.clipPlanes),
+        _findsCut(!isOfModel || view.showsAll),
+        _measure(_canvas.view, _pixels[1], view.measureText) {}
 
-  const char* find(const Decoration::Content& content) const {
-    return isInModel(content) == _isOfModel ? std::visit(*this, content) : nullptr;
+  Flaw find(const Decoration::Content& content) const {
+    return isInModel(content) == _isOfModel ? std::visit(*this, content) : Flaw::NONE;
   }
 
-  const char* operator()(const LegendDecoration& /*legend*/) const { return nullptr; }
+  Flaw operator()(const LegendDecoration& /*legend*/) const { return Flaw::NONE; }
 
-  const char* operator()(const TextDecoration& text) const {
-    return text.isFramed
-               ? findFlaw({text.position, text.position}, reachOf(text, lineHeight(text.lineHeight)))
-               : nullptr;
+  Flaw operator()(const TextDecoration& text) const {
+    return text.isFramed ? findFlaw(_measure(text)) : Flaw::NONE;
   }
 
-  const char* operator()(const TriadDecoration& triad) const {
-    return findFlaw(boundsOfTriad(triad), reachOf(triad, lineHeight(triad.labelHeight)));
-  }
+  Flaw operator()(const TriadDecoration& triad) const { return findFlaw(_measure(triad)); }
 
-  const char* operator()(const ImageDecoration& image) const {
+  Flaw operator()(const ImageDecoration& image) const {
+    const auto [a, b, c, d] = cornersOf(image);
+    const Flaw flaw = findFlaw({{{a}, {b}, {c}, {d}}, !_isOfModel});
     const Box box = boundsOf(image);
-    const char* const flaw = findFlaw(box, {});
     const bool isTiny = box.longestSide() * USUAL_HEIGHT < _canvas.view.heightAt(_canvas.view.depthOf(box));
-    if (flaw != nullptr || (!isTiny && shows(image, image.isClipped ? _clipPlanes : NO_PLANES))) {
+    if (isUnseen(flaw) || (!isTiny && shows(image, image.isClipped ? _clipPlanes : NO_PLANES))) {
       return flaw;
     }
-    return !_isOfModel ? TINY_IN_WINDOW : !isTiny && shows(image, NO_PLANES) ? CUT_AWAY : TINY;
+    return _isOfModel && !isTiny && shows(image, NO_PLANES) ? Flaw::CUT_AWAY : Flaw::TINY;
   }
 
  private:
   static constexpr std::span<const ClipPlane> NO_PLANES{};
 
-  static double lineHeight(double partOfWindow) { return USUAL_HEIGHT * partOfWindow; }
+  Flaw findFlaw(const DecorationParts& parts) const {
+    if (parts.parts.empty()) {
+      return Flaw::NONE;
+    }
+    unsigned beyondAll = ViewVolume::ALL_SIDES;
+    unsigned beyondAny = ViewVolume::NO_SIDE;
+    for (const DecorationPart& part : parts.parts) {
+      const auto [nearEnd, farEnd] = reachesOf(part.extent);
+      beyondAll &= _canvas.view.sidesBeyond(part.place, nearEnd);
+      beyondAny |= _canvas.view.sidesBeyond(part.place, farEnd);
+    }
+    return beyondAll != ViewVolume::NO_SIDE                                 ? Flaw::OUTSIDE
+           : _findsCut && parts.isExact && beyondAny != ViewVolume::NO_SIDE ? Flaw::CUT_OFF
+                                                                            : Flaw::NONE;
+  }
 
-  /// @param reach in pixels
-  const char* findFlaw(const Box& box, PictureReach reach) const {
+  /// With the one, all of what has the extent is beyond a side that its place is beyond; with the
+  /// other, a part of it is. Less than a pixel does not count.
+  std::pair<PictureReach, PictureReach> reachesOf(const TextBox& extent) const {
+    constexpr double LEAST = 1.0;
     // The window's view is as wide as it is high.
     const double halfHeight = _pixels[1] / 2.0;
     const double halfWidth = _isOfModel ? halfHeight : _pixels[0] / 2.0;
-    reach = {reach.left / halfWidth, reach.right / halfWidth, reach.down / halfHeight, reach.up / halfHeight};
-    return !_canvas.view.misses(box, reach) ? nullptr : _isOfModel ? OUTSIDE_VIEW : OUTSIDE_WINDOW;
+    const auto& [low, high] = extent;
+    return {{(-low[0] - LEAST) / halfWidth, (high[0] - LEAST) / halfWidth, (-low[1] - LEAST) / halfHeight,
+             (high[1] - LEAST) / halfHeight},
+            {(LEAST - high[0]) / halfWidth, (LEAST + low[0]) / halfWidth, (LEAST - high[1]) / halfHeight,
+             (LEAST + low[1]) / halfHeight}};
   }
 
   bool shows(const ImageDecoration& image, std::span<const ClipPlane> clipPlanes) const {
@@ -146,57 +142,63 @@ class FlawFinder {
   ViewVolume _windowView;
   UsualCanvas _canvas;
   std::span<const ClipPlane> _clipPlanes;
+  bool _findsCut;
+  DecorationMeasure _measure;
 };
 
-void reportInModel(const Decoration& first, const std::string& repeats, const char* flaw) {
-  reportFinding(FindingCode::DECORATION_NOT_IN_VIEW,
-                fmt::format("The view does not show {}the {} \"{}\": {}", repeats,
-                            describeKind(first.content), first.drawable->getName(), flaw));
-}
-
-void reportInWindow(const Decoration& decoration, const char* flaw) {
-  reportFinding(FindingCode::DECORATION_NOT_DRAWN,
-                fmt::format("The {} \"{}\" is not drawn: {}", describeKind(decoration.content),
-                            decoration.drawable->getName(), flaw));
+void reportUnseen(const Decoration& decoration, bool isOfModel, const std::string& repeats,
+                  const char* reason) {
+  const char* const kind = describeKind(decoration.content);
+  const std::string& name = decoration.drawable->getName();
+  if (isOfModel) {
+    reportFinding(FindingCode::DECORATION_NOT_IN_VIEW,
+                  fmt::format("The view does not show {}the {} \"{}\": {}", repeats, kind, name, reason));
+  } else {
+    reportFinding(FindingCode::DECORATION_NOT_DRAWN,
+                  fmt::format("The {} \"{}\" is not drawn: {}", kind, name, reason));
+  }
 }
 
 /// @param instances of one drawable
-void reportUnseen(std::span<const Decoration> instances, const FlawFinder& finder) {
-  std::vector<const char*> flaws;
+void reportFlaws(std::span<const Decoration> instances, bool isOfModel, const FlawFinder& finder) {
+  std::vector<Flaw> unseen;
+  bool isCutOff = false;
   for (const Decoration& instance : instances) {
-    if (const char* const flaw = finder.find(instance.content)) {
-      flaws.push_back(flaw);
+    const Flaw flaw = finder.find(instance.content);
+    if (isUnseen(flaw)) {
+      unseen.push_back(flaw);
     }
-  }
-  if (flaws.empty()) {
-    return;
+    isCutOff = isCutOff || flaw == Flaw::CUT_OFF;
   }
   const Decoration& first = instances.front();
   const NodeScope scope(*first.drawable);
-  if (isInModel(first.content)) {
-    reportInModel(
-        first,
-        instances.size() > 1 ? fmt::format("{} of {} repeats of ", flaws.size(), instances.size()) : "",
-        flaws.front());
-  } else {
-    reportInWindow(first, flaws.front());
+  if (!unseen.empty()) {
+    reportUnseen(
+        first, isOfModel,
+        instances.size() > 1 ? fmt::format("{} of {} repeats of ", unseen.size(), instances.size()) : "",
+        describe(unseen.front(), isOfModel));
+  } else if (isCutOff) {
+    reportFinding(
+        FindingCode::DECORATION_CUT,
+        fmt::format("The {} \"{}\" is cut off: a part of it is outside the {}", describeKind(first.content),
+                    first.drawable->getName(), isOfModel ? "picture" : "window"));
   }
 }
 
-void reportUnseen(const std::vector<Decoration>& decorations, const FlawFinder& finder) {
+void reportFlaws(const std::vector<Decoration>& decorations, const DecorationView& view, bool isOfModel) {
+  const FlawFinder finder(view, isOfModel);
   forEachGroup(
       std::span(decorations),
       [](const Decoration& a, const Decoration& b) { return a.drawable == b.drawable; },
-      [&](std::span<const Decoration> instances) { reportUnseen(instances, finder); });
+      [&](std::span<const Decoration> instances) { reportFlaws(instances, isOfModel, finder); });
 }
 
 }  // namespace
 
-void reportUnseenDecorations(const std::vector<Decoration>& decorations, const UsualCanvas* canvas,
-                             const Vector<2, double>& size, std::span<const ClipPlane> clipPlanes) {
-  reportUnseen(decorations, FlawFinder(nullptr, size, {}));
-  if (canvas != nullptr) {
-    reportUnseen(decorations, FlawFinder(canvas, size, clipPlanes));
+void reportUnseenDecorations(const std::vector<Decoration>& decorations, const DecorationView& view) {
+  reportFlaws(decorations, view, false);
+  if (view.canvas != nullptr) {
+    reportFlaws(decorations, view, true);
   }
 }
 

@@ -1,11 +1,8 @@
 #include "vemoview/resolve/mesh/CellSearch.h"
 
-#include "geometry/Bounds.h"
 #include "geometry/Cells.h"
 #include "geometry/Points.h"
 #include "geometry/drawing/ContourEdges.h"
-#include "vemoview/resolve/mesh/PointSizes.h"
-#include <vemo/resolve/UsualPicture.h>
 
 #include <vtkCellArray.h>
 #include <vtkPoints.h>
@@ -115,22 +112,13 @@ bool isOfFaces(const Appearance& appearance) {
   return appearance.kind == Appearance::Kind::SURFACE && !appearance.hasEdges && !appearance.hasContour;
 }
 
-PictureReach reachOf(const Appearance& appearance, const ViewVolume& view, const Vector3& center) {
-  const double pixels = appearance.kind == Appearance::Kind::POINTS ? pointPixels(appearance, view, center)
-                        : isOfFaces(appearance)                     ? 0.0
-                                                                    : appearance.lineWidth;
-  return PictureReach::onAllSides(pixels / USUAL_HEIGHT);
-}
-
 bool CellSearch::finds(const MeshInstance& mesh) {
   const auto planes = mesh.appearance.isClipped ? _clipPlanes : std::span<const ClipPlane>();
-  const Vector3 center = boundsOf(*mesh.geometry).center();
   MeshSearch search(mesh);
   bool isFound = false;
   forEachInstance(mesh.transforms, [&](const InstanceTransform* transform) {
     if (!isFound) {
-      ShownShapes shapes(_canvas, planes,
-                         reachOf(mesh.appearance, _canvas.view, transformedPoint(transform, center)));
+      ShownShapes shapes(_canvas, planes);
       isFound = search.findsShown(transform, shapes, MOST_STEPS - _stepCount);
       _stepCount += shapes.stepCount();
     }

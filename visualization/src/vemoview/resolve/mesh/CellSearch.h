@@ -10,10 +10,6 @@ namespace vemo {
 /// Whether a mesh is seen by its faces alone.
 bool isOfFaces(const Appearance& appearance);
 
-/// How far the points and lines of a mesh extend beyond their coordinates.
-/// @param center of the mesh
-PictureReach reachOf(const Appearance& appearance, const ViewVolume& view, const Vector3& center);
-
 /// Searches meshes for cells that are shown in a picture of the usual size.
 class CellSearch {
  public:

@@ -216,6 +216,7 @@ class MeshBuilder {
     // cycles whenever a poly data is released.
     auto drawable = drawableCells(*_geometry, cells->cells);
     if (kind != Appearance::Kind::SURFACE) {
+      // Lines and points are not lit as the faces that share their points.
       drawable = withoutNormals(*drawable);
     } else if (appearance.hasFaces && appearance.opacity > 0.0) {
       unfold(drawable);
@@ -230,10 +231,13 @@ class MeshBuilder {
       reportFinding(FindingCode::POLYGONS_FOLDED,
                     fmt::format("{} concave or self-intersecting {} of \"{}\" {} drawn with the wrong shape",
                                 count, noun, itemNameOf(_node), verb));
+      if (faces->GetCellData()->GetNormals() != nullptr) {
+        // Their triangles face both ways, or have no normal in common: each is lit with its own.
+        faces = withoutNormals(*faces);
+      }
     }
   }
 
-  /// Lines and points are not lit as the faces that share their points.
   static vtkSmartPointer<vtkPolyData> withoutNormals(vtkPolyData& geometry) {
     if (geometry.GetPointData()->GetNormals() == nullptr && geometry.GetCellData()->GetNormals() == nullptr) {
       return &geometry;

@@ -32,17 +32,6 @@ Box boundsOfFinite(vtkPolyData& geometry) {
                                                        : finiteBounds(*geometry.GetPoints()->GetData());
 }
 
-/// Of parts of one mesh.
-PictureReach reachOf(std::span<const MeshInstance> parts, const ViewVolume& view, const Vector3& center) {
-  PictureReach reach;
-  for (const MeshInstance& part : parts) {
-    if (const PictureReach other = reachOf(part.appearance, view, center); other.up > reach.up) {
-      reach = other;
-    }
-  }
-  return reach;
-}
-
 /// Whether its settings show anything of a mesh.
 bool showsSomething(const MeshInstance& mesh) {
   const Appearance& appearance = mesh.appearance;
@@ -106,8 +95,7 @@ void ModelExtent::add(std::span<const MeshInstance> parts, const ViewVolume* sta
   forEachInstance(mesh.transforms, [&](const InstanceTransform* transform) {
     const Box instance = instanceBounds(transform, bounds);
     all.add(instance);
-    if (statedView == nullptr ||
-        !statedView->misses(instance, reachOf(parts, *statedView, instance.center()))) {
+    if (statedView == nullptr || !statedView->misses(instance)) {
       item.box.add(instance);
       item.largestSide = std::max(item.largestSide, instance.longestSide());
     }

@@ -3,9 +3,7 @@
 #include "base/Utf8.h"
 #include <vemo/scenegraph/Findings.h>
 
-#include <algorithm>
 #include <array>
-#include <utility>
 
 namespace vemo {
 
@@ -13,15 +11,6 @@ namespace {
 
 void reportChange(const std::string& owner, const char* change) {
   reportFinding(FindingCode::TEXT_CHANGED, owner + change);
-}
-
-/// Characters without a form of their own, which fonts draw all the same: hyphens where a
-/// line could be broken, and marks of joining and direction.
-bool isInvisible(char32_t character) {
-  constexpr std::pair<char32_t, char32_t> RANGES[] = {
-      {0xAD, 0xAD}, {0x200B, 0x200F}, {0x202A, 0x202E}, {0x2060, 0x2069}, {0xFEFF, 0xFEFF}};
-  return std::ranges::any_of(
-      RANGES, [=](const auto& range) { return range.first <= character && character <= range.second; });
 }
 
 bool isLineBreak(char32_t character) {
