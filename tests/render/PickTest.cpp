@@ -113,7 +113,7 @@ TEST_F(PickingTest, ReadsWideNumbersAndFindsNoGapBetweenTriangles) {
 TEST_F(PickingTest, FindsLinesAndPointsBeforeTheFacesThatTheyLieOn) {
   const auto& wall = scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 1, 1});
   scene.add<lum::PolyLineDrawable>(
-      makePolyData({{-0.5F, -0.5F, -1}, {0.5F, -0.5F, -1}}, {.lines = {{0, 1}}}));
+      makePolyData({{-0.5F, -0.5F, -0.2F}, {0.5F, -0.5F, -0.2F}}, {.lines = {{0, 1}}}));
   const auto& line =
       scene.add<lum::PolyLineDrawable>(makePolyData(flat({-0.5F, 0, 0.5F, 0}), {.lines = {{0, 1}}}));
   const auto& points =
