@@ -111,13 +111,16 @@ TEST_F(PickingTest, ReadsWideNumbersAndFindsNoGapBetweenTriangles) {
 }
 
 TEST_F(PickingTest, FindsLinesAndPointsBeforeTheFacesThatTheyLieOn) {
-  scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 1, 1});
+  const auto& wall = scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 1, 1});
+  scene.add<lum::PolyLineDrawable>(
+      makePolyData({{-0.5F, -0.5F, -0.2F}, {0.5F, -0.5F, -0.2F}}, {.lines = {{0, 1}}}));
   const auto& line =
       scene.add<lum::PolyLineDrawable>(makePolyData(flat({-0.5F, 0, 0.5F, 0}), {.lines = {{0, 1}}}));
   const auto& points =
       scene.add<lum::PointSphereDrawable>(makePolyData(flat({0, 0.5F, NAN, 0, 0.5F, 0.5F}), {}));
   EXPECT_EQ(pick(0.2, 0.02)->drawable, &line);
   EXPECT_NE(pick(0.2, 0.2)->drawable, &line);
+  EXPECT_EQ(pick(0.2, -0.5)->drawable, &wall) << "in front of another line";
   const auto point = pick(0.5, 0.51);
   EXPECT_EQ(point->drawable, &points);
   EXPECT_EQ(point->cell, -1) << "no cell names it";
@@ -163,12 +166,22 @@ TEST_F(PickingTest, FindsNothingThatIsCutAwayOrHidden) {
 
 TEST_F(PickingTest, FindsNothingThatIsNotDrawn) {
   scene.clip({0, 0, 1}, {0, 0, 0});
-  scene.addSurface(makeRectangle(-0.9F, -0.7F, 0.7F, 0.9F, 6), {1, 1, 1});
-  scene.addSurface(makeRectangle(-0.5F, -0.3F, 0.7F, 0.9F, -1), {1, 1, 1});
+  // Each beside something that is seen: meshes are not even searched where nothing is near.
+  for (const auto& [x, z] : {std::pair(-0.9F, 6.0F), std::pair(-0.5F, -1.0F)}) {
+    scene.addSurface(makePolyData({{x, 0.7F, z},
+                                   {x + 0.2F, 0.7F, z},
+                                   {x + 0.2F, 0.9F, z},
+                                   {x + 0.25F, 0.7F, 0.1F},
+                                   {x + 0.3F, 0.7F, 0.1F},
+                                   {x + 0.3F, 0.9F, 0.1F}},
+                                  {.polys = {{0, 1, 2}, {3, 4, 5}}}),
+                     {1, 1, 1});
+  }
   scene.addSurface(
-      makePolyData(flat({0, 0.5F, 0.2F, 0.5F, 0.2F, 0.9F, NAN, NAN, 0.4F, 0.5F, 0.6F, 0.5F, 0.6F, 0.9F}),
+      makePolyData(flat({0, 0.5F, 0.2F, 0.5F, 0.2F, 0.9F, NAN, NAN, 0.25F, 0.5F, 0.45F, 0.5F, 0.45F, 0.9F}),
                    {.polys = {{0, 1, 2, 3}, {4, 5, 6}}}),
       {1, 1, 1});
+  scene.addSurface(makeRectangle(1.2F, 1.6F, 0.4F, 0.6F), {1, 1, 1});
   auto& wires = scene.addSurface(
       makePolyData(flat({-0.9F, -0.9F, -0.8F, -0.9F, -0.8F, -0.8F, 0, -0.8F, 0.1F, -0.9F, 0.1F, -0.8F}),
                    {.polys = {{0, 1, 2}, {}, {3, 4, 5}}}),
@@ -183,10 +196,11 @@ TEST_F(PickingTest, FindsNothingThatIsNotDrawn) {
     double x, y;
     bool isFound;
     const char* where;
-  } const cases[] = {{-0.8, 0.8, false, "behind the camera"},
-                     {-0.4, 0.8, false, "behind a plane"},
-                     {0.15, 0.6, false, "a polygon with a corner that is not a number"},
-                     {0.55, 0.6, true, "one beside it"},
+  } const cases[] = {{-0.75, 0.75, false, "behind the camera"},
+                     {1.4, 0.5, false, "beside the view"},
+                     {-0.35, 0.75, false, "behind a plane"},
+                     {0.17, 0.7, false, "a polygon with a corner that is not a number"},
+                     {0.4, 0.6, true, "one beside it"},
                      {-0.85, -0.9, true, "the edge of a polygon"},
                      {-0.4, -0.8, false, "between polygons, where one is that has no corners"},
                      {-0.5, 0, true, "a line that is seen from its end"},

@@ -87,6 +87,17 @@ TEST(SceneResolverTest, LimitsNestedRepeats) {
   EXPECT_THROW(resolveScene(scene.node()), SceneTooLarge);
 }
 
+TEST(SceneResolverTest, LimitsThePointsOfAllInstances) {
+  SceneBuilder scene;
+  const auto points = makePolyData(std::vector<std::array<float, 3>>(6000), {});
+  for (int i = 0; i < 3; ++i) {
+    repeat(scene.add<lum::PointSphereDrawable>(points), {1e-5, 0, 0}, 10000);
+  }
+  EXPECT_EQ(resolveScene(scene.node()).canvases.at(0).meshes.size(), 3U);
+  repeat(scene.add<lum::PointSphereDrawable>(points), {1e-5, 0, 0}, 10000);
+  EXPECT_THROW(resolveScene(scene.node()), SceneTooLarge);
+}
+
 TEST(SceneResolverTest, LimitsRepeatsOfDrawablesWithoutGeometry) {
   SceneBuilder scene;
   for (int i = 0; i < 101; ++i) {

@@ -58,7 +58,7 @@ UsualCanvas usualCanvas(const CanvasCamera& camera, const ViewVolume& view, cons
                         const Box& model) {
   const double nearest =
       camera.isParallel || model.isEmpty() ? 0.0 : LEAST_DEPTH * view.greatestDepthOf(model);
-  return {view, PictureSamples(size), std::max(0.0, nearest)};
+  return {view, PictureSamples(size), nearest};
 }
 
 }  // namespace
