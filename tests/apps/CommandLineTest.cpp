@@ -170,6 +170,8 @@ TEST_F(CommandLineTest, DrawsOrReportsMissingOpenGl) {
   EXPECT_EQ(picture.substr(16, 8), std::string("\0\0\0\x1E\0\0\0\x14", 8)) << "width and height";
   EXPECT_EQ(run({"render", "scene.sdb", "again.png", "--size", "30x20"}).exitCode, 0);
   EXPECT_TRUE(readFile(_folder / "again.png") == picture);
+  EXPECT_EQ(run({"render", "scene.sdb", "-", "--size", "128"}).out.substr(16, 8),
+            std::string("\0\0\0\x80\0\0\0\x60", 8));
   EXPECT_EQ(run({"render", "scene.zip", "-d", "pictures", "--format", "jpeg"}).exitCode, 0);
   EXPECT_TRUE(readFile(_folder / "pictures/scene.jpg").starts_with("\xFF\xD8\xFF"));
   EXPECT_TRUE(run({"render", "scene.zip", "-", "--format", "jpeg"}).out.starts_with("\xFF\xD8\xFF"));

@@ -60,7 +60,8 @@ void requireSize(const RenderOptions& picture) {
 
 void addPictureOptions(CLI::App& app, RenderOptions& picture) {
   addValueOption(
-      app, "--size", "WxH", "Width and height of the picture in pixels (default 1024x768)",
+      app, "--size", "WxH",
+      "Width and height of the picture in pixels, or W of one of 4 to 3 (default 1024x768)",
       [&picture](const std::string& text) { std::tie(picture.width, picture.height) = parseSize(text); });
   addValueOption(app, "--scale", "X",
                  "For paper: so many times as many pixels each way, with lines and points as much larger",

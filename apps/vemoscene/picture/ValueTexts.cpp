@@ -4,6 +4,7 @@
 #include <vemo/render/ScenePicture.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -97,6 +98,9 @@ CLI::Option* addValueOption(CLI::App& app, const std::string& name, const std::s
 std::pair<int, int> parseSize(const std::string& text) {
   const auto parts = split(text, 'x');
   const auto width = parsePixels(parts.front());
+  if (parts.size() == 1 && width) {
+    return {*width, std::max(*width * 3 / 4, 1)};
+  }
   const auto height = parsePixels(parts.back());
   if (parts.size() != 2 || !width || !height) {
     rejectValue(text, fmt::format("a size such as 1024x768, with 1 to {} pixels each way", MAX_PICTURE_SIZE));

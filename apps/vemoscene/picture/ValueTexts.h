@@ -31,7 +31,7 @@ CLI::Option* addValueOption(CLI::App& app, const std::string& name, const std::s
 
 // Values from their texts. All throw InvalidValue.
 
-/// "1024x768".
+/// "1024x768", or the width of a size of 4 to 3, "1024".
 std::pair<int, int> parseSize(const std::string& text);
 
 /// A number above 0, up to `most`.

@@ -92,6 +92,8 @@ def check_fields(reader):
     assert plating.GetFieldData().GetAbstractArray("ColorArray").GetValue(0) == "heat"
     names = [reader.FieldData.GetArray(i).Name for i in range(reader.FieldData.GetNumberOfArrays())]
     assert {"CameraPosition", "Findings"} <= set(names), names
+    camera = reader.FieldData["CameraPosition"]
+    assert [camera.GetRange(i)[0] for i in range(3)] == [1.5, 0.0, 5.0]
     if processes == 1:
         # FetchData does not bring those of the collection from elsewhere.
         assert data.GetFieldData().GetArray("CameraPosition").GetTuple(0) == (1.5, 0.0, 5.0)
