@@ -8,6 +8,8 @@
 #include <vtkRenderer.h>
 #include <vtkSmartPointer.h>
 
+#include <memory>
+
 namespace vemo {
 
 /// Resources shared by everything drawn in a canvas.
@@ -15,6 +17,8 @@ struct CanvasResources {
   vtkSmartPointer<vtkRenderer> renderer;
   vtkSmartPointer<vtkPlaneCollection> clipPlanes;
   LookupTables tables;
+  /// The greatest width in pixels of lines on faces, behind which all faces are moved.
+  std::shared_ptr<double> widthOnFaces = std::make_shared<double>(0.0);
 };
 
 /// A renderer for the canvas's part of the window.
