@@ -73,7 +73,7 @@ CanvasResolver::CanvasResolver(const lum::SceneCanvas& canvas, ResolvedCanvas::R
       _role(role),
       _clipPlanes(resolveClipPlanes(canvas.findAttributes<lum::ClipPlanesAttributes>())),
       _meshes(_clipPlanes.size(), tables, arrays),
-      _decorations(isDark(background), cameras, tables) {}
+      _decorations(background, cameras, tables) {}
 
 ResolvedCanvas CanvasResolver::resolve() {
   const NodeScope scope(_canvas);
