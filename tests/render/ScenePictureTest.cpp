@@ -146,6 +146,24 @@ TEST(ScenePictureTest, ShowsTheEdgesAndTheViewOfTheWholeThatManyPlanesCut) {
   EXPECT_LE(countDifferences(draw(9), cutByVtk, 2), 20);
 }
 
+TEST(ScenePictureTest, DrawsLinesInTheirOwnColourWhateverTheMaterial) {
+  RenderScene scene;
+  auto& lines = scene.add<lum::PolyLineDrawable>(
+      makePolyData(flat({-0.5F, 0.5F, 0.5F, 0.5F}), {.lines = {{0, 1}}}), {0, 0.6, 0});
+  auto& square = scene.addSurface(makeRectangle(-0.5F, 0.5F, -0.5F, 0), {0, 0, 1});
+  square.getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
+  square.getAttributes<lum::MeshAttributes>().setMeshColor({0, 0.6, 0});
+  for (lum::GeometryDrawable* const each :
+       {static_cast<lum::GeometryDrawable*>(&lines), static_cast<lum::GeometryDrawable*>(&square)}) {
+    auto& material = each->getAttributes<lum::MaterialAttributes>();
+    material.setAmbient(0.1);
+    material.setDiffuse(0.5);
+    each->getAttributes<lum::LineAttributes>().setLineWidth(3);
+  }
+  const Picture picture = scene.render();
+  EXPECT_GT(countPixels(picture, {0, 153, 0}), 400);
+}
+
 TEST(ScenePictureTest, DrawsPointsOfASizeInTheModelSmallerFartherAway) {
   RenderScene scene;
   scene.canvas().getCameraAttributes().setProjectionMode(lum::CameraAttributes::ProjectionMode::PERSPECTIVE);

@@ -51,13 +51,22 @@ void colorByScalars(const RenderMesh& mesh, vtkPolyDataMapper& mapper) {
   }
 }
 
+/// In its own colour, whatever material and lights are.
+void makeUnlit(vtkProperty& property) {
+  property.LightingOff();
+  property.SetAmbient(1.0);
+  property.SetDiffuse(0.0);
+}
+
 void setPointSize(vtkProperty& property, double pixels) {
   // On smaller ones shading cannot be seen, and a ball of one pixel has no inside.
   constexpr double MIN_SPHERE_PIXELS = 4.0;
   const bool isBall = pixels >= MIN_SPHERE_PIXELS;
   property.SetPointSize(static_cast<float>(pixels));
   property.SetRenderPointsAsSpheres(isBall);
-  property.SetLighting(isBall);
+  if (!isBall) {
+    makeUnlit(property);
+  }
 }
 
 void applyProperties(const RenderMesh& mesh, vtkProperty& property) {
@@ -71,6 +80,9 @@ void applyProperties(const RenderMesh& mesh, vtkProperty& property) {
   property.SetSpecularPower(appearance.specularPower);
   // Highlights have the colour of the light.
   property.SetSpecularColor(1.0, 1.0, 1.0);
+  if (appearance.kind == Appearance::Kind::LINES) {
+    makeUnlit(property);
+  }
   if (appearance.kind == Appearance::Kind::POINTS) {
     // Sizes in the model are large in a close view.
     constexpr double BALL_PIXELS = 10.0;
@@ -163,7 +175,7 @@ void addEdges(const RenderMesh& mesh, CanvasResources& resources, PropGroup& gro
   edges.isOnFaces = mesh.appearance.hasFaces;
   vtkProperty& property = addActors(edges, resources, group);
   property.SetRepresentationToWireframe();
-  property.LightingOff();
+  makeUnlit(property);
 }
 
 /// The contour of each mesh by itself: where two of them meet, both have a border.
@@ -192,7 +204,7 @@ void addContours(const std::vector<const MeshInstance*>& meshes, CanvasResources
   RenderMesh contour = merge(members, resources.tables);
   becomeEdges(contour);
   contour.isOnFaces = true;
-  addActors(contour, resources, group).LightingOff();
+  makeUnlit(addActors(contour, resources, group));
 }
 
 }  // namespace
