@@ -146,6 +146,61 @@ TEST(ScenePictureTest, ShowsTheEdgesAndTheViewOfTheWholeThatManyPlanesCut) {
   EXPECT_LE(countDifferences(draw(9), cutByVtk, 2), 20);
 }
 
+TEST(ScenePictureTest, DrawsLinesInTheirOwnColourWhateverTheMaterial) {
+  RenderScene scene;
+  auto& lines = scene.add<lum::PolyLineDrawable>(
+      makePolyData(flat({-0.5F, 0.5F, 0.5F, 0.5F}), {.lines = {{0, 1}}}), {0, 0.6, 0});
+  auto& square = scene.addSurface(makeRectangle(-0.5F, 0.5F, -0.5F, 0), {0, 0, 1});
+  square.getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
+  square.getAttributes<lum::MeshAttributes>().setMeshColor({0, 0.6, 0});
+  for (lum::GeometryDrawable* const each :
+       {static_cast<lum::GeometryDrawable*>(&lines), static_cast<lum::GeometryDrawable*>(&square)}) {
+    auto& material = each->getAttributes<lum::MaterialAttributes>();
+    material.setAmbient(0.1);
+    material.setDiffuse(0.5);
+    each->getAttributes<lum::LineAttributes>().setLineWidth(3);
+  }
+  const Picture picture = scene.render();
+  EXPECT_GT(countPixels(picture, {0, 153, 0}), 400);
+}
+
+TEST(ScenePictureTest, DrawsPointsOfASizeInTheModelSmallerFartherAway) {
+  RenderScene scene;
+  scene.canvas().getCameraAttributes().setProjectionMode(lum::CameraAttributes::ProjectionMode::PERSPECTIVE);
+  const auto points = makePolyData({{-0.5F, 0, 0}, {2, 0, -15}}, {.verts = {{0}, {1}}});
+  points->GetPointData()->AddArray(makeArray("s", {1, 1}));
+  auto& scale =
+      scene.add<lum::PointSphereDrawable>(points, {1, 1, 1}).getAttributes<lum::PointScaleAttributes>();
+  scale.setScaleMode(lum::PointScaleMode::LINEAR);
+  scale.setScalarName("s");
+  scale.setMapToRange({0.5, 0.5});
+  scale.setPixelSize(false);
+  const Picture picture = scene.render();
+  const auto widthAt = [&picture](int first) {
+    int count = 0;
+    for (int column = first; column < first + SIZE / 2; ++column) {
+      count += picture.at(column, SIZE / 2) != BLACK ? 1 : 0;
+    }
+    return count;
+  };
+  // In pixels, half a unit divided by the height of the view there: 2.68 at a distance of 5.
+  EXPECT_NEAR(widthAt(0), 0.5 / 2.68 * SIZE, 2);
+  EXPECT_NEAR(widthAt(SIZE / 2), 0.5 / 10.72 * SIZE, 2);
+}
+
+TEST(ScenePictureTest, HidesFacesBehindThoseWithWideEdges) {
+  RenderScene scene;
+  // Two plates, seen from five degrees above.
+  scene.canvas().getCameraAttributes().setPosition({0, -5, 0.44});
+  scene.canvas().getCameraAttributes().setViewUp({0, 0, 1});
+  auto& upper = scene.addSurface(makeRectangle(-0.8F, 0.8F, -0.8F, 0.8F, 0.05F), {1, 0, 0});
+  upper.getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
+  upper.getAttributes<lum::LineAttributes>().setLineWidth(5);
+  scene.addSurface(makeRectangle(-0.8F, 0.8F, -0.8F, 0.8F), {0, 1, 0});
+  const Picture picture = scene.render();
+  EXPECT_GT(boxWhere(picture, [](const auto& pixel) { return pixel[0] > pixel[1] + 20; }).count, 2000);
+}
+
 TEST(ScenePictureTest, HidesEdgesBehindFacesWhateverIsNear) {
   const auto countEdges = [](bool isSomethingNear) {
     RenderScene scene;

@@ -63,7 +63,7 @@
   KIND(PLANES_LIMITED, CHANGED, "There are too many clipping planes: only the first ones are applied.") \
   KIND(POINT_SCALE_ADJUSTED, CHANGED, "The range or the sizes stated for scaling points are unusable: others are used.") \
   KIND(POINTS_NOT_SCALED, CHANGED, "Points that should be scaled by data all have the same size.") \
-  KIND(POINTS_WITHOUT_POSITION, CHANGED, "Points have coordinates that are not finite. These points, and the cells that use them, are not drawn.") \
+  KIND(POINTS_WITHOUT_POSITION, LOST, "Points have coordinates that are not finite. These points, and the cells that use them, are not drawn.") \
   KIND(POLYGONS_FOLDED, CHANGED, "Concave or self-intersecting polygons are drawn with the wrong shape.") \
   KIND(REFERENCE_LOST, LOST, "A reference to a node outside the written scene is not written.") \
   KIND(REPEATS_LIMITED, LOST, "There are too many repeats: only the first ones are shown.") \

@@ -76,7 +76,7 @@ CanvasResolver::CanvasResolver(const lum::SceneCanvas& canvas, ResolvedCanvas::R
       _measureText(options.measureText),
       _clipPlanes(resolveClipPlanes(canvas.findAttributes<lum::ClipPlanesAttributes>())),
       _meshes(_clipPlanes.size(), tables, options.arrays),
-      _decorations(isDark(background), cameras, tables) {}
+      _decorations(background, cameras, tables) {}
 
 ResolvedCanvas CanvasResolver::resolve() {
   const NodeScope scope(_canvas);

@@ -72,11 +72,6 @@ bool isSmall(const MeshInstance& mesh) {
   return std::max(mesh.geometry->GetNumberOfPoints(), mesh.geometry->GetNumberOfCells()) <= SMALL;
 }
 
-/// Points whose size is in model units have that of the middle of their mesh.
-bool canBeMerged(const MeshInstance& mesh) {
-  return isSmall(mesh) && !mesh.appearance.isPointSizeInModelUnits;
-}
-
 /// What a mesh covers, and with what. Lines on faces are drawn a little nearer than all else.
 struct Cover {
   Box box;
@@ -166,8 +161,8 @@ class DrawingOrder {
   std::size_t _count = 0;
 };
 
-/// The indices of the meshes that can be merged, by batch.
-std::vector<std::vector<std::size_t>> groupMeshes(const std::vector<MeshInstance>& meshes) {
+/// The indices of the small meshes, by batch.
+std::vector<std::vector<std::size_t>> groupSmallMeshes(const std::vector<MeshInstance>& meshes) {
   struct Group {
     std::size_t index;
     vtkIdType points;
@@ -176,7 +171,7 @@ std::vector<std::vector<std::size_t>> groupMeshes(const std::vector<MeshInstance
   std::map<BatchKey, Group> open;
   DrawingOrder order(meshes);
   for (std::size_t i = 0; i < meshes.size(); ++i) {
-    if (!canBeMerged(meshes[i])) {
+    if (!isSmall(meshes[i])) {
       order.add(std::nullopt);
       continue;
     }
@@ -199,7 +194,7 @@ std::vector<std::vector<MeshInstance>> groupIntoBatches(std::vector<MeshInstance
   // The first of the group that each mesh is in.
   std::vector<std::size_t> leaders(meshes.size());
   std::iota(leaders.begin(), leaders.end(), std::size_t{0});
-  for (const auto& group : groupMeshes(meshes)) {
+  for (const auto& group : groupSmallMeshes(meshes)) {
     if (group.size() >= FEW) {
       for (const std::size_t member : group) {
         leaders[member] = group.front();

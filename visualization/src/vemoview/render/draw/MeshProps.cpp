@@ -10,7 +10,6 @@
 #include "vemoview/render/vtk/MeshActor.h"
 #include "vemoview/render/vtk/MeshMapper.h"
 #include "vemoview/render/vtk/PropGroup.h"
-#include "vemoview/render/vtk/Screen.h"
 #include <vemo/base/Vector.h>
 #include <vemo/resolve/ClipPlane.h>
 
@@ -52,13 +51,22 @@ void colorByScalars(const RenderMesh& mesh, vtkPolyDataMapper& mapper) {
   }
 }
 
+/// In its own colour, whatever material and lights are.
+void makeUnlit(vtkProperty& property) {
+  property.LightingOff();
+  property.SetAmbient(1.0);
+  property.SetDiffuse(0.0);
+}
+
 void setPointSize(vtkProperty& property, double pixels) {
   // On smaller ones shading cannot be seen, and a ball of one pixel has no inside.
   constexpr double MIN_SPHERE_PIXELS = 4.0;
   const bool isBall = pixels >= MIN_SPHERE_PIXELS;
   property.SetPointSize(static_cast<float>(pixels));
   property.SetRenderPointsAsSpheres(isBall);
-  property.SetLighting(isBall);
+  if (!isBall) {
+    makeUnlit(property);
+  }
 }
 
 void applyProperties(const RenderMesh& mesh, vtkProperty& property) {
@@ -72,14 +80,22 @@ void applyProperties(const RenderMesh& mesh, vtkProperty& property) {
   property.SetSpecularPower(appearance.specularPower);
   // Highlights have the colour of the light.
   property.SetSpecularColor(1.0, 1.0, 1.0);
+  if (appearance.kind == Appearance::Kind::LINES) {
+    makeUnlit(property);
+  }
   if (appearance.kind == Appearance::Kind::POINTS) {
-    setPointSize(property, appearance.pointSize);
+    // Sizes in the model are large in a close view.
+    constexpr double BALL_PIXELS = 10.0;
+    setPointSize(property, appearance.isPointSizeInModelUnits ? BALL_PIXELS : appearance.pointSize);
   }
 }
 
 vtkSmartPointer<vtkPolyDataMapper> makeMapper(const RenderMesh& mesh, vtkPlaneCollection& planes,
                                               const InstanceTransform* transform) {
-  vtkSmartPointer<vtkPolyDataMapper> mapper = vtkSmartPointer<MeshMapper>::New();
+  const auto mapper = vtkSmartPointer<MeshMapper>::New();
+  if (mesh.appearance.isPointSizeInModelUnits) {
+    mapper->setPointSizeInModel(mesh.appearance.pointSize, MAX_POINT_PIXELS);
+  }
   if (mesh.appearance.isClipped) {
     setClippedInput(*mapper, *mesh.geometry, planes, transform);
   } else {
@@ -92,26 +108,12 @@ vtkSmartPointer<vtkPolyDataMapper> makeMapper(const RenderMesh& mesh, vtkPlaneCo
 vtkSmartPointer<MeshActor> makeActor(const RenderMesh& mesh, const InstanceTransform* transform) {
   auto actor = vtkSmartPointer<MeshActor>::New();
   actor->setNearer(mesh.isOnFaces || mesh.appearance.isOfSurface);
-  if (mesh.appearance.hasContour || mesh.appearance.hasEdges) {
-    actor->setWidthOfLinesOnFaces(mesh.appearance.lineWidth);
-  }
   if (transform != nullptr) {
     const auto matrix = toMatrix(*transform);
     actor->SetUserMatrix(matrix);
     actor->setMirrored(matrix->Determinant() < 0.0);
   }
   return actor;
-}
-
-/// Points as large as the scale at the middle of the mesh makes them.
-void keepModelSize(const RenderMesh& mesh, const InstanceTransform* transform, vtkProperty* property,
-                   PropGroup& group) {
-  const Vector3 center = transformedPoint(transform, boundsOf(*mesh.geometry).center());
-  const vtkSmartPointer<vtkProperty> kept = property;
-  group.beforeEachRender([kept, center, size = mesh.appearance.pointSize](vtkRenderer& drawn) {
-    const double pixels = size * pixelsPerUnit(drawn, center);
-    setPointSize(*kept, std::clamp(pixels, 1.0, MAX_POINT_PIXELS));
-  });
 }
 
 vtkSmartPointer<vtkProperty> makeProperty(const RenderMesh& mesh) {
@@ -132,23 +134,21 @@ SharedBoxes partsOf(const RenderMesh& mesh, bool isCut) {
              : mesh.parts;
 }
 
-/// One actor for each instance. All have the same property, unless their sizes
-/// are the model's, and, unless each is cut differently, the same mapper.
-vtkProperty& addActors(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
+/// One actor for each instance. All have the same property and, unless each is cut differently,
+/// the same mapper.
+vtkProperty& addActors(const RenderMesh& mesh, CanvasResources& resources, PropGroup& group) {
+  vtkPlaneCollection& planes = *resources.clipPlanes;
   const bool isCut = isCutBeforehand(mesh, planes);
   const SharedBoxes parts = partsOf(mesh, isCut);
-  auto property = makeProperty(mesh);
+  const auto property = makeProperty(mesh);
   vtkSmartPointer<vtkPolyDataMapper> mapper;
   forEachInstance(mesh.transforms, [&](const InstanceTransform* transform) {
     if (mapper == nullptr || isCut) {
       mapper = makeMapper(mesh, planes, transform);
     }
     const auto actor = makeActor(mesh, transform);
-    if (mesh.appearance.isPointSizeInModelUnits) {
-      property = makeProperty(mesh);
-      keepModelSize(mesh, transform, property, group);
-    }
     actor->setParts(parts);
+    actor->setWidthOnFaces(resources.widthOnFaces);
     actor->SetMapper(mapper);
     actor->SetProperty(property);
     group.add(actor);
@@ -165,17 +165,17 @@ void becomeEdges(RenderMesh& mesh) {
 
 /// As lines of their own: what VTK draws with faces lacks the half of its width that is beyond
 /// them, and has their opacity.
-void addEdges(const RenderMesh& mesh, vtkPlaneCollection& planes, PropGroup& group) {
+void addEdges(const RenderMesh& mesh, CanvasResources& resources, PropGroup& group) {
   RenderMesh edges = mesh;
   becomeEdges(edges);
-  if (isCutBeforehand(mesh, planes)) {
+  if (isCutBeforehand(mesh, *resources.clipPlanes)) {
     // Cutting faces makes new edges.
     edges.geometry = faceEdges(*mesh.geometry);
   }
   edges.isOnFaces = mesh.appearance.hasFaces;
-  vtkProperty& property = addActors(edges, planes, group);
+  vtkProperty& property = addActors(edges, resources, group);
   property.SetRepresentationToWireframe();
-  property.LightingOff();
+  makeUnlit(property);
 }
 
 /// The contour of each mesh by itself: where two of them meet, both have a border.
@@ -204,7 +204,7 @@ void addContours(const std::vector<const MeshInstance*>& meshes, CanvasResources
   RenderMesh contour = merge(members, resources.tables);
   becomeEdges(contour);
   contour.isOnFaces = true;
-  addActors(contour, *resources.clipPlanes, group).LightingOff();
+  makeUnlit(addActors(contour, resources, group));
 }
 
 }  // namespace
@@ -213,11 +213,14 @@ void addProps(const std::vector<const MeshInstance*>& meshes, CanvasResources& r
   const RenderMesh mesh = merge(meshes, resources.tables);
   const Appearance& appearance = mesh.appearance;
   const bool isSurface = appearance.kind == Appearance::Kind::SURFACE;
+  if (isSurface && (appearance.hasEdges || appearance.hasContour)) {
+    *resources.widthOnFaces = std::max(*resources.widthOnFaces, appearance.lineWidth);
+  }
   if (!isSurface || appearance.hasFaces) {
-    addActors(mesh, *resources.clipPlanes, group);
+    addActors(mesh, resources, group);
   }
   if (isSurface && appearance.hasEdges) {
-    addEdges(mesh, *resources.clipPlanes, group);
+    addEdges(mesh, resources, group);
   }
   // Last: at the same depth it covers the rest.
   if (isSurface && appearance.hasContour) {

@@ -33,7 +33,10 @@ vtkSmartPointer<vtkRenderer> makeRenderer(const ResolvedCanvas& canvas) {
 }
 
 CanvasResources makeResources(const ResolvedCanvas& canvas, vtkRenderer& renderer) {
-  return {&renderer, makePlanes(canvas.clipPlanes), {}, {}, nullptr};
+  CanvasResources resources;
+  resources.renderer = &renderer;
+  resources.clipPlanes = makePlanes(canvas.clipPlanes);
+  return resources;
 }
 
 }  // namespace vemo

@@ -10,6 +10,8 @@
 #include <vtkRenderer.h>
 #include <vtkSmartPointer.h>
 
+#include <memory>
+
 namespace vemo {
 
 /// Resources shared by everything drawn in a canvas.
@@ -20,6 +22,8 @@ struct CanvasResources {
   Textures textures;
   /// Of triads; null until there is one.
   vtkSmartPointer<vtkPolyDataMapper> arrows;
+  /// The greatest width in pixels of lines on faces, behind which all faces are moved.
+  std::shared_ptr<double> widthOnFaces = std::make_shared<double>(0.0);
 };
 
 /// A renderer for the canvas's part of the window.

@@ -41,9 +41,10 @@ void MeshActor::Render(vtkRenderer* renderer, vtkMapper* mapper) {
     state.vtkglDisable(GL_BLEND);
   }
   glFrontFace(_isMirrored ? GL_CW : GL_CCW);
-  if (_stepBack > 0.0F) {
+  if (_widthOnFaces != nullptr && *_widthOnFaces > 0.0) {
     glEnable(GL_POLYGON_OFFSET_FILL);
-    glPolygonOffset(_stepBack, 1.0F);
+    // In steps of a face's depth from one pixel to the next.
+    glPolygonOffset(static_cast<float>(2.0 * *_widthOnFaces), 1.0F);
   }
   setDepthRange(*renderer->GetActiveCamera());
   vtkOpenGLActor::Render(renderer, mapper);

@@ -24,8 +24,9 @@ class MeshActor : public vtkOpenGLActor {
   void setMirrored(bool isMirrored) { _isMirrored = isMirrored; }
 
   /// Faces are moved back behind lines of a width in pixels that lie on them, the
-  /// further the steeper they are seen: a line is as wide on either side.
-  void setWidthOfLinesOnFaces(double pixels) { _stepBack = static_cast<float>(2.0 * pixels); }
+  /// further the steeper they are seen: a line is as wide on either side. Those without lines
+  /// are moved, too, so that none comes in front of another. Null for faces that stay.
+  void setWidthOnFaces(std::shared_ptr<const double> pixels) { _widthOnFaces = std::move(pixels); }
 
   /// It is drawn a little nearer than it is, in front of others at the same
   /// depth.
@@ -46,8 +47,7 @@ class MeshActor : public vtkOpenGLActor {
   SharedBoxes _parts;
   bool _isMirrored = false;
   bool _isNearer = false;
-  /// In steps of a face's depth from one pixel to the next.
-  float _stepBack = 0.0F;
+  std::shared_ptr<const double> _widthOnFaces;
 };
 
 }  // namespace vemo

@@ -3,15 +3,19 @@
 #include "geometry/Bounds.h"
 
 #include <vtkActor.h>
+#include <vtkCamera.h>
 #include <vtkCellArray.h>
 #include <vtkMath.h>
+#include <vtkMatrix4x4.h>
 #include <vtkObjectFactory.h>
 #include <vtkOpenGLIndexBufferObject.h>
 #include <vtkPolyData.h>
 #include <vtkProperty.h>
+#include <vtkRenderer.h>
 #include <vtkShader.h>
 #include <vtkShaderProgram.h>
 #include <vtkTypeInt32Array.h>
+#include <vtk_glew.h>
 
 namespace vemo {
 
@@ -70,12 +74,53 @@ void MeshMapper::uploadTriangles(vtkCellArray& triangles) {
   buffer.IndexCount = count;
 }
 
+void MeshMapper::RenderPieceDraw(vtkRenderer* renderer, vtkActor* actor) {
+  if (_pointSizeInModel > 0.0) {
+    glEnable(GL_PROGRAM_POINT_SIZE);
+  }
+  vtkOpenGLPolyDataMapper::RenderPieceDraw(renderer, actor);
+  glDisable(GL_PROGRAM_POINT_SIZE);
+}
+
+/// The balls that VTK makes of points are as deep as they are wide.
+void MeshMapper::sizePoints(vtkShader* vertices, vtkShader* pixels) const {
+  vtkShaderProgram::Substitute(vertices, "//VTK::PositionVC::Dec",
+                               "uniform float pointPixelsAtOne;\nuniform float mostPointPixels;\n"
+                               "uniform float usualPointPixels;\nout float pointScale;\n"
+                               "//VTK::PositionVC::Dec");
+  vtkShaderProgram::Substitute(
+      vertices, "//VTK::PositionVC::Impl",
+      "//VTK::PositionVC::Impl\n"
+      "  gl_PointSize = clamp(pointPixelsAtOne / gl_Position.w, 1.0, mostPointPixels);\n"
+      "  pointScale = gl_PointSize / usualPointPixels;\n");
+  vtkShaderProgram::Substitute(pixels, "//VTK::PositionVC::Dec",
+                               "in float pointScale;\n//VTK::PositionVC::Dec");
+}
+
+void MeshMapper::SetCameraShaderParameters(vtkOpenGLHelper& cells, vtkRenderer* renderer, vtkActor* actor) {
+  vtkOpenGLPolyDataMapper::SetCameraShaderParameters(cells, renderer, actor);
+  if (_pointSizeInModel > 0.0) {
+    vtkMatrix4x4* const projection =
+        renderer->GetActiveCamera()->GetProjectionTransformMatrix(renderer->GetTiledAspectRatio(), -1.0, 1.0);
+    const double pixels = _pointSizeInModel * projection->GetElement(1, 1) * renderer->GetSize()[1] / 2.0;
+    cells.Program->SetUniformf("pointPixelsAtOne", static_cast<float>(pixels));
+    cells.Program->SetUniformf("mostPointPixels", static_cast<float>(_mostPixels));
+    cells.Program->SetUniformf("usualPointPixels", actor->GetProperty()->GetPointSize());
+  }
+}
+
 /// Removes code without effect from the fragment shader. Where VTK's source differs
 /// from the text expected here, it is left as it is.
 void MeshMapper::ReplaceShaderValues(std::map<vtkShader::Type, vtkShader*> shaders, vtkRenderer* renderer,
                                      vtkActor* actor) {
-  vtkOpenGLPolyDataMapper::ReplaceShaderValues(shaders, renderer, actor);
   vtkShader* const pixels = shaders[vtkShader::Fragment];
+  if (_pointSizeInModel > 0.0) {
+    sizePoints(shaders[vtkShader::Vertex], pixels);
+  }
+  vtkOpenGLPolyDataMapper::ReplaceShaderValues(shaders, renderer, actor);
+  if (_pointSizeInModel > 0.0) {
+    vtkShaderProgram::Substitute(pixels, "*ZCalcR", "*ZCalcR*pointScale");
+  }
   if (actor->GetProperty()->GetSpecular() == 0.0) {
     vtkShaderProgram::Substitute(pixels, "ambientColor + diffuse + specular", "ambientColor + diffuse");
   }

@@ -12,17 +12,31 @@ class MeshMapper : public vtkOpenGLPolyDataMapper {
  public:
   static MeshMapper* New();
 
+  /// Each point has this size in units of the model, as its own distance makes it, instead of
+  /// that of the property, up to a number of pixels.
+  void setPointSizeInModel(double size, double mostPixels) {
+    _pointSizeInModel = size;
+    _mostPixels = mostPixels;
+  }
+
+  void RenderPieceDraw(vtkRenderer* renderer, vtkActor* actor) override;
+
  protected:
   void ComputeBounds() override;
   void BuildIBO(vtkRenderer* renderer, vtkActor* actor, vtkPolyData* geometry) override;
   void ReplaceShaderValues(std::map<vtkShader::Type, vtkShader*> shaders, vtkRenderer* renderer,
                            vtkActor* actor) override;
+  void SetCameraShaderParameters(vtkOpenGLHelper& cells, vtkRenderer* renderer, vtkActor* actor) override;
 
  private:
+  void sizePoints(vtkShader* vertices, vtkShader* pixels) const;
   bool hasOnlyTriangles(vtkActor& actor, vtkPolyData& geometry) const;
   void uploadTriangles(vtkCellArray& triangles);
 
   vtkMTimeType _boundsTime = 0;
+  /// 0 for that of the property.
+  double _pointSizeInModel = 0.0;
+  double _mostPixels = 0.0;
   /// Of the triangles that OpenGL has from their own array; 0 for none.
   vtkMTimeType _trianglesTime = 0;
 };

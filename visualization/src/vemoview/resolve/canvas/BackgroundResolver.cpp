@@ -47,6 +47,26 @@ double meanLuminance(const RadialBackground& background) {
   return (luminance(background.center) + luminance(background.corners)) / 2.0;
 }
 
+using Place = Vector<2, double>;
+
+double luminanceAt(const Place& /*place*/, const SolidBackground& background) {
+  return luminance(background.color);
+}
+
+double luminanceAt(const Place& place, const LinearBackground& background) {
+  const auto& [lowerLeft, lowerRight, upperRight, upperLeft] = background.corners;
+  const auto blend = [](double share, const Color& from, const Color& to) {
+    return from + share * (to - from);
+  };
+  return luminance(
+      blend(place[1], blend(place[0], lowerLeft, lowerRight), blend(place[0], upperLeft, upperRight)));
+}
+
+double luminanceAt(const Place& place, const RadialBackground& background) {
+  const double share = std::hypot(place[0] - 0.5, place[1] - 0.5) / std::hypot(0.5, 0.5);
+  return luminance(background.center + share * (background.corners - background.center));
+}
+
 }  // namespace
 
 Background resolveBackground(const lum::SceneCanvas* canvas) {
@@ -67,10 +87,13 @@ Background resolveBackground(const lum::SceneCanvas* canvas) {
   return resolveLinear(mode, color1, color2);
 }
 
-bool isDark(const Background& background) {
+bool isDark(const Background& background, const std::optional<Place>& place) {
   // The contrasts, (1 + 0.05) / (L + 0.05) and (L + 0.05) / (0 + 0.05), are equal here.
   constexpr double MIDDLE = 0.179;
-  return std::visit([](const auto& kind) { return meanLuminance(kind); }, background) < MIDDLE;
+  const auto luminanceOf = [&place](const auto& kind) {
+    return place ? luminanceAt(*place, kind) : meanLuminance(kind);
+  };
+  return std::visit(luminanceOf, background) < MIDDLE;
 }
 
 }  // namespace vemo

@@ -1,5 +1,6 @@
 #include "vemoview/resolve/decorations/DecorationResolver.h"
 
+#include "vemoview/resolve/canvas/BackgroundResolver.h"
 #include "vemoview/resolve/decorations/ImageResolver.h"
 #include "vemoview/resolve/decorations/LegendResolver.h"
 #include "vemoview/resolve/decorations/TextResolver.h"
@@ -129,6 +130,19 @@ TextStyle* styleOf(Content& content) {
       content);
 }
 
+/// Nothing for what moves with the model, or is in a part of the window.
+std::optional<Vector<2, double>> placeInWindow(const Content& content) {
+  const auto inside = [](double x, double y) {
+    return Vector<2, double>{std::clamp(x, 0.0, 1.0), std::clamp(y, 0.0, 1.0)};
+  };
+  if (const auto* const legend = std::get_if<LegendDecoration>(&content)) {
+    return inside(legend->position[0] + legend->size[0] / 2.0, legend->position[1] + legend->size[1] / 2.0);
+  }
+  const auto* const text = std::get_if<TextDecoration>(&content);
+  return text != nullptr && !text->isInModel ? std::optional(inside(text->position[0], text->position[1]))
+                                             : std::nullopt;
+}
+
 /// Texts without a colour are black. On a dark background, where black cannot
 /// be read, it cannot be intended.
 void makeReadableOnDark(Content& content) {
@@ -158,7 +172,7 @@ std::vector<Decoration> DecorationResolver::resolve(const std::vector<VisibleDra
       _legends.place(*legend, visible.drawable->getName());
     }
     clip(*content, visible.isClipped);
-    if (_isOnDark) {
+    if (isDark(_background, placeInWindow(*content))) {
       makeReadableOnDark(*content);
     }
     forEachInstance(isInWindow(*content) ? nullptr : visible.transforms,

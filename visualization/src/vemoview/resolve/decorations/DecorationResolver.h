@@ -4,6 +4,7 @@
 #include "vemoview/resolve/decorations/TriadResolver.h"
 #include "vemoview/resolve/drawables/VisibleDrawables.h"
 #include "vemoview/resolve/values/ColorTableResolver.h"
+#include <vemo/resolve/Background.h>
 #include <vemo/resolve/Decoration.h>
 
 #include <vector>
@@ -14,9 +15,9 @@ namespace vemo {
 /// triads, legends, texts, images.
 class DecorationResolver {
  public:
-  /// In front of a dark background or another one. Cameras and tables must outlive it.
-  DecorationResolver(bool isOnDark, const CameraIndices& cameras, ColorTables& tables)
-      : _isOnDark(isOnDark), _cameras(cameras), _tables(tables) {}
+  /// Cameras and tables must outlive it.
+  DecorationResolver(const Background& background, const CameraIndices& cameras, ColorTables& tables)
+      : _background(background), _cameras(cameras), _tables(tables) {}
 
   /// The decorations among drawables, in order, up to the limit.
   std::vector<Decoration> resolve(const std::vector<VisibleDrawable>& drawables);
@@ -25,7 +26,7 @@ class DecorationResolver {
   /// Counts a further decoration; false once the limit is reached.
   bool takeRoom(const Decoration::Content& content);
 
-  bool _isOnDark;
+  Background _background;
   const CameraIndices& _cameras;
   ColorTables& _tables;
   LegendPlacement _legends;

@@ -140,15 +140,20 @@ std::vector<std::string> sortByLikeness(std::vector<std::string> files, const Te
 }
 
 void reportMissing(const Characters& missing, const std::string& owner, bool hasFonts) {
-  std::string list;
-  for (const char32_t character : missing) {
-    list += fmt::format("{}U+{:04X}", list.empty() ? "" : ", ", static_cast<std::uint32_t>(character));
-  }
-  reportFinding(FindingCode::GLYPH_MISSING,
-                owner +
-                    (hasFonts ? " has characters that no installed font has: "
-                              : " has characters that need a font, but none is installed: ") +
-                    list);
+  const auto firstUndrawn = missing.upper_bound(LAST_DRAWN);
+  const auto report = [&owner](auto first, auto last, const char* reason) {
+    std::string list;
+    for (auto character = first; character != last; ++character) {
+      list += fmt::format("{}U+{:04X}", list.empty() ? "" : ", ", static_cast<std::uint32_t>(*character));
+    }
+    if (!list.empty()) {
+      reportFinding(FindingCode::GLYPH_MISSING, owner + " has characters " + reason + ": " + list);
+    }
+  };
+  report(missing.begin(), firstUndrawn,
+         hasFonts ? "that no installed font has together with its others"
+                  : "that need a font, but none is installed");
+  report(firstUndrawn, missing.end(), "beyond U+FFFF, which are not drawn");
 }
 
 }  // namespace

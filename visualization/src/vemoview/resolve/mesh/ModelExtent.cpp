@@ -13,7 +13,6 @@
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/drawables/PolyDataNode.h>
 
-#include <vtkPoints.h>
 #include <vtkPolyData.h>
 
 #include <algorithm>
@@ -25,11 +24,13 @@ namespace vemo {
 
 namespace {
 
-/// Bounds of all points are computed once: VTK keeps them for drawing.
-Box boundsOfFinite(vtkPolyData& geometry) {
-  const Box bounds = boundsOf(geometry);
-  return isFinite(bounds.low) && isFinite(bounds.high) ? bounds
-                                                       : finiteBounds(*geometry.GetPoints()->GetData());
+/// Points that no cell uses are not seen.
+Box boundsOfParts(std::span<const MeshInstance> parts) {
+  Box box;
+  for (const MeshInstance& part : parts) {
+    box.add(boundsOfCells(*part.geometry));
+  }
+  return box;
 }
 
 /// Whether its settings show anything of a mesh.
@@ -85,7 +86,7 @@ void ModelExtent::add(std::span<const MeshInstance> parts, const ViewVolume* sta
     return;
   }
   const MeshInstance& mesh = parts.front();
-  const Box bounds = boundsOfFinite(*mesh.geometry);
+  const Box bounds = boundsOfParts(parts);
   Item item{parts,
             {},
             0.0,
@@ -201,6 +202,23 @@ bool ModelExtent::reportIfImprecise(const ViewVolume& view, const CanvasCamera& 
   return false;
 }
 
+/// OpenGL cannot draw what is near and what is very far away at once.
+void ModelExtent::reportTooNear(const UsualCanvas& canvas) const {
+  const auto isTooNear = [&canvas](const Item& item) {
+    const double depth = canvas.view.depthOf(item.box);
+    return depth > 0.0 && depth < canvas.nearest;
+  };
+  const auto first = std::ranges::find_if(_items, isTooNear);
+  if (first != _items.end()) {
+    reportFinding(
+        FindingCode::VIEW_IMPRECISE,
+        fmt::format(
+            "What is closer to the camera than {:g} is not drawn, such as parts of \"{}\", because something "
+            "else is {:g} away",
+            canvas.nearest, itemNameOf(*first->parts.front().node), canvas.view.greatestDepthOf(_box)));
+  }
+}
+
 void ModelExtent::reportUnsuitableView(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes,
                                        const CanvasCamera& camera) const {
   if (_box.isEmpty() || _isTooFar) {
@@ -212,6 +230,7 @@ void ModelExtent::reportUnsuitableView(const UsualCanvas& canvas, std::span<cons
     reportFinding(FindingCode::VIEW_EMPTY,
                   "The view shows no geometry: in " + usualPicture() + ", all are smaller than a pixel");
   } else if (reportIfImprecise(canvas.view, camera) || shows(canvas, clipPlanes)) {
+    reportTooNear(canvas);
     reportUnusualSizes(canvas.view);
   } else if (!clipPlanes.empty() && shows(canvas, {})) {
     reportFinding(FindingCode::VIEW_EMPTY, ALL_CUT_AWAY);

@@ -57,6 +57,7 @@ class ModelExtent {
   bool shows(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes) const;
   /// Returns whether it is.
   bool reportIfImprecise(const ViewVolume& view, const CanvasCamera& camera) const;
+  void reportTooNear(const UsualCanvas& canvas) const;
   /// Tiny meshes, and points that are too large.
   void reportUnusualSizes(const ViewVolume& view) const;
 
