@@ -138,6 +138,7 @@ class Merger {
 
   SharedBoxes boundParts() const {
     std::vector<Box> boxes;
+    boxes.reserve(_members.size());
     for (const MeshInstance* const member : _members) {
       boxes.push_back(boundsOfCells(*member->geometry));
     }

@@ -22,7 +22,6 @@
 #include <algorithm>
 #include <iterator>
 #include <memory>
-#include <utility>
 
 namespace vemo {
 
@@ -182,10 +181,10 @@ void addEdges(const RenderMesh& mesh, CanvasResources& resources, PropGroup& gro
 std::vector<MeshInstance> contoursOf(const std::vector<const MeshInstance*>& meshes) {
   std::vector<MeshInstance> contours;
   for (const MeshInstance* const mesh : meshes) {
-    auto lines = contourEdges(*mesh->geometry, CONTOUR_BEND_DEGREES);
+    const auto lines = contourEdges(*mesh->geometry, CONTOUR_BEND_DEGREES);
     if (lines->GetNumberOfCells() > 0) {
       MeshInstance& contour = contours.emplace_back(*mesh);
-      contour.geometry = std::move(lines);
+      contour.geometry = lines;
       contour.scalars.reset();
     }
   }

@@ -31,6 +31,7 @@ std::string format(const std::string& pattern, double value) {
 
 std::vector<std::string> formatAll(const std::vector<LegendTick>& ticks, const std::string& pattern) {
   std::vector<std::string> labels;
+  labels.reserve(ticks.size());
   for (const LegendTick& tick : ticks) {
     labels.push_back(format(pattern, tick.value));
   }
