@@ -15,7 +15,7 @@ Box instanceBounds(const InstanceTransform* transform, const Box& box) {
 }
 
 Box seenBounds(const MeshInstance& mesh) {
-  const Box bounds = boundsOf(*mesh.geometry);
+  const Box bounds = boundsOfCells(*mesh.geometry);
   Box result;
   if (mesh.appearance.kind == Appearance::Kind::POINTS || bounds.longestSide() > 0.0) {
     forEachInstance(mesh.transforms, [&](const InstanceTransform* transform) {
