@@ -92,7 +92,7 @@ TEST(LegendTicksTest, AreAtNumbersOfTheRange) {
     std::vector<double> values;
   } const cases[] = {{{0, 10}, false, 3, {0, 5, 10}},
                      {{0, 10}, false, 1, {0}},
-                     {{0, 10}, false, -1, {}},
+                     {{5, 5}, false, 0, {}},
                      {{5, 5}, false, 3, {5}},
                      {{5, 5}, true, 3, {5}},
                      {{1, 1000}, true, 4, {1, 10, 100, 1000}},

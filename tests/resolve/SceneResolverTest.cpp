@@ -28,10 +28,10 @@ TEST(SceneResolverTest, SharesArraysWithTheNodesThatItNames) {
 
 TEST(SceneResolverTest, CopiesOfPointsThatCannotBeDrawnOnlyThoseThatAreUsed) {
   SceneBuilder scene;
-  const auto geometry =
-      makePolyData(flat({NAN, 0, 0, 0, 1, 0, 1, 1, 2, 2}), {.lines = {{3, 2}}, .polys = {{1, 2, 3}}});
+  const auto geometry = makePolyData(flat({NAN, 0, 0, 0, 1, 0, 1, 1, 2, 2}),
+                                     {.lines = {{3, 2}}, .polys = {{0, 1, 2, 3}, {1, 2, 3}}});
   geometry->GetPointData()->AddArray(makeArray("pressure", {0, 1, 2, 3, 4}));
-  geometry->GetCellData()->AddArray(makeArray("id", {7, 8}));
+  geometry->GetCellData()->AddArray(makeArray("id", {7, 9, 8}));
   scene.addSurface(geometry, {1, 0, 0});
   scene.add<lum::PointSphereDrawable>(geometry, {1, 0, 0});
   SceneResolver resolver(scene.node(), MeshArrays::ALL);
