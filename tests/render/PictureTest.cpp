@@ -2,7 +2,6 @@
 #include "support/TemporaryFolder.h"
 #include "vemoview/render/PixelMeans.h"
 #include "vemoview/render/context/EglRenderWindow.h"
-#include "vemoview/render/decorations/LegendTicks.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/render/Picture.h>
 #include <vemo/render/RenderErrors.h>
@@ -82,30 +81,6 @@ TEST(PictureTest, IsNoMoreThanOpaque) {
   onBlack.set(0, 0, {9, 0, 0});
   EXPECT_EQ(Picture::withOpacity(onBlack, Picture(1, 1)).getBytes(),
             (std::vector<std::uint8_t>{9, 0, 0, 255}));
-}
-
-TEST(LegendTicksTest, AreAtNumbersOfTheRange) {
-  struct {
-    Vector<2, double> range;
-    bool isLog;
-    int count;
-    std::vector<double> values;
-  } const cases[] = {{{0, 10}, false, 3, {0, 5, 10}},
-                     {{0, 10}, false, 1, {0}},
-                     {{5, 5}, false, 0, {}},
-                     {{5, 5}, false, 3, {5}},
-                     {{5, 5}, true, 3, {5}},
-                     {{1, 1000}, true, 4, {1, 10, 100, 1000}},
-                     {{1, 1e6}, true, 3, {1, 1e3, 1e6}},
-                     {{1, 1000}, true, 1, {1}}};
-  for (const auto& [range, isLog, count, values] : cases) {
-    std::vector<double> found;
-    for (const LegendTick& tick : makeLegendTicks(range, isLog, count)) {
-      found.push_back(tick.value);
-      EXPECT_TRUE(tick.place >= 0.0 && tick.place <= 1.0);
-    }
-    EXPECT_EQ(found, values) << range[1] << ", " << count;
-  }
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "vemoview/resolve/decorations/LegendTicks.h"
 
 #include <gmock/gmock.h>
+#include <vector>
 
 namespace vemo {
 
@@ -10,6 +11,30 @@ using testing::ElementsAre;
 
 std::vector<std::string> labels(double low, double high, const std::string& format = {}) {
   return labelsOf(makeLegendTicks({low, high}, false, 3), format);
+}
+
+TEST(LegendTicksTest, AreAtNumbersOfTheRange) {
+  struct {
+    Vector<2, double> range;
+    bool isLog;
+    int count;
+    std::vector<double> values;
+  } const cases[] = {{{0, 10}, false, 3, {0, 5, 10}},
+                     {{0, 10}, false, 1, {0}},
+                     {{5, 5}, false, 0, {}},
+                     {{5, 5}, false, 3, {5}},
+                     {{5, 5}, true, 3, {5}},
+                     {{1, 1000}, true, 4, {1, 10, 100, 1000}},
+                     {{1, 1e6}, true, 3, {1, 1e3, 1e6}},
+                     {{1, 1000}, true, 1, {1}}};
+  for (const auto& [range, isLog, count, values] : cases) {
+    std::vector<double> found;
+    for (const LegendTick& tick : makeLegendTicks(range, isLog, count)) {
+      found.push_back(tick.value);
+      EXPECT_TRUE(tick.place >= 0.0 && tick.place <= 1.0);
+    }
+    EXPECT_EQ(found, values) << range[1] << ", " << count;
+  }
 }
 
 TEST(LegendTicksTest, HaveAsManyDigitsAsNeighboursNeed) {

@@ -34,7 +34,7 @@ TEST(SceneResolverTest, CopiesOfPointsThatCannotBeDrawnOnlyThoseThatAreUsed) {
   geometry->GetCellData()->AddArray(makeArray("id", {7, 9, 8}));
   scene.addSurface(geometry, {1, 0, 0});
   scene.add<lum::PointSphereDrawable>(geometry, {1, 0, 0});
-  SceneResolver resolver(scene.node(), MeshArrays::ALL);
+  SceneResolver resolver(scene.node(), {.arrays = MeshArrays::ALL});
   const auto meshes = resolver.resolve().canvases.at(0).meshes;
   ASSERT_EQ(meshes.size(), 3U);
   const std::vector<std::vector<vtkIdType>> expected{{1, 2, 3}, {3, 2}, {1, 2, 3, 4}};
