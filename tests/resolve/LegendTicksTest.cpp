@@ -1,4 +1,4 @@
-#include "vemoview/resolve/decorations/LegendTicks.h"
+#include "vemoview/resolve/values/LegendTicks.h"
 
 #include <gmock/gmock.h>
 #include <vector>

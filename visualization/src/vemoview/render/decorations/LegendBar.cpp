@@ -5,7 +5,7 @@
 #include "vemoview/render/decorations/TextLabel.h"
 #include "vemoview/render/vtk/PropGroup.h"
 #include "vemoview/render/vtk/Screen.h"
-#include "vemoview/resolve/decorations/LegendTicks.h"
+#include "vemoview/resolve/values/LegendTicks.h"
 #include <vemo/resolve/Decoration.h>
 
 #include <vtkActor2D.h>

@@ -2,8 +2,8 @@
 
 #include "base/Utf8.h"
 #include "scenegraph/attributes/NumberFormat.h"
-#include "vemoview/resolve/decorations/LegendTicks.h"
 #include "vemoview/resolve/decorations/TextStyleResolver.h"
+#include "vemoview/resolve/values/LegendTicks.h"
 #include "vemoview/resolve/values/ReadableText.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/resolve/UsualPicture.h>
