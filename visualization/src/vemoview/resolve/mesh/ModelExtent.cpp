@@ -117,7 +117,18 @@ bool ModelExtent::areAllTiny(const ViewVolume& view) const {
                              [&view](const Item& item) { return item.isOfFaces && item.isTiny(view); });
 }
 
+void ModelExtent::reportShapeless(const ViewVolume& view) const {
+  for (const Item& item : _items) {
+    if (!item.isTiny(view) && std::ranges::none_of(item.parts, hasShapes)) {
+      const NodeScope scope(*item.parts.front().node);
+      reportFinding(FindingCode::GEOMETRY_NOT_DRAWN,
+                    "No view shows it: its faces have no area, or there is no contour to draw");
+    }
+  }
+}
+
 void ModelExtent::reportUnusualSizes(const ViewVolume& view) const {
+  reportShapeless(view);
   for (const Item& item : _items) {
     double pixels = 0.0;
     for (const MeshInstance& part : item.parts) {
