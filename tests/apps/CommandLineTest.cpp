@@ -147,6 +147,12 @@ TEST_F(CommandLineTest, AcceptsAnyFileName) {
   EXPECT_TRUE(fs::exists(_folder / "\xFE.sdb"));
 }
 
+TEST_F(CommandLineTest, PrintsNamesWithLineBreaksInOneLine) {
+  makeArchive(std::regex_replace(makeDescription("heat"), std::regex("\"piece\""), "\"a&#10;b\""))
+      .write(_folder / "broken.zip");
+  EXPECT_THAT(run({"info", "broken.zip"}).out, HasSubstr("DrawableCollection \"a b\"\n"));
+}
+
 TEST_F(CommandLineTest, ConvertsToStandardOutput) {
   for (const char* output : {"-", "/dev/stdout"}) {
     const ProgramResult result = run({"convert", "scene.zip", output});

@@ -100,11 +100,11 @@ void printEntries(std::ostream& out, const std::string& file) {
   const int shown = std::min(archive.getEntryCount(), MAX_ENTRIES);
   std::size_t width = 0;
   for (int i = 0; i < shown; ++i) {
-    width = std::max(width, toPrintable(archive.getEntryName(i)).size());
+    width = std::max(width, toPrintableLine(archive.getEntryName(i)).size());
   }
   for (int i = 0; i < shown; ++i) {
     const std::string name = archive.getEntryName(i);
-    out << fmt::format("  {:{}}  {:>14}\n", toPrintable(name), width,
+    out << fmt::format("  {:{}}  {:>14}\n", toPrintableLine(name), width,
                        lum::describeSize(archive.getSize(name)));
   }
   if (shown < archive.getEntryCount()) {
@@ -116,8 +116,9 @@ void printEntries(std::ostream& out, const std::string& file) {
 std::string describeGeometry(lum::Node& root) {
   const auto counts = lum::GeometryCounts::ofGraph(root);
   const std::int64_t meshes = counts.getMeshes();
-  return fmt::format("{}, {} points, {} cells", meshes == 1 ? "1 mesh" : lum::groupDigits(meshes) + " meshes",
-                     lum::groupDigits(counts.getPoints()), lum::groupDigits(counts.getCells()));
+  return fmt::format("{}, {}, {}", meshes == 1 ? "1 mesh" : lum::groupDigits(meshes) + " meshes",
+                     lum::withNoun(lum::groupDigits(counts.getPoints()), "point"),
+                     lum::withNoun(lum::groupDigits(counts.getCells()), "cell"));
 }
 
 void printLog(std::ostream& out, const LogCapture::Log& log) {
@@ -133,8 +134,7 @@ void printLog(std::ostream& out, const LogCapture::Log& log) {
     }
   }
   if (notes > 0) {
-    out << fmt::format("  {} note{}, which \"check\" lists\n", lum::groupDigits(notes),
-                       notes == 1 ? "" : "s");
+    out << fmt::format("  {}, which \"check\" lists\n", lum::withNoun(lum::groupDigits(notes), "note"));
   }
   for (const std::string& line : log.lines) {
     out << "  " << toPrintable(line) << '\n';
@@ -159,8 +159,9 @@ void printText(std::ostream& out, const std::string& file, const Contents& conte
   for (const OpenedScene::Record& record : scene.records) {
     out << '\n';
     if (!isArchive) {
-      out << fmt::format("Record \"{}\", description \"{}\", simulation \"{}\"\n", toPrintable(record.title),
-                         toPrintable(record.description), toPrintable(record.simUUID));
+      out << fmt::format("Record \"{}\", description \"{}\", simulation \"{}\"\n",
+                         toPrintableLine(record.title), toPrintableLine(record.description),
+                         toPrintableLine(record.simUUID));
     }
     out << describeGeometry(*record.node) << "\n\n";
     TreePrinter(out).print(*record.node);
@@ -173,8 +174,7 @@ void printLine(std::ostream& out, const std::string& file, const Contents& conte
   for (const OpenedScene::Record& record : contents.scene.records) {
     out << ", " << describeGeometry(*record.node);
   }
-  const std::size_t findings = contents.log.findings.size();
-  out << fmt::format(", {} finding{}\n", findings, findings == 1 ? "" : "s");
+  out << fmt::format(", {}\n", lum::withNoun(std::to_string(contents.log.findings.size()), "finding"));
 }
 
 void info(const std::string& file, const InfoArguments& options) {

@@ -28,7 +28,7 @@ constexpr std::size_t MAX_COLUMN = 40;
 std::string getTitle(const lum::Node& node) {
   std::string title = node.className();
   if (!node.getName().empty() && node.getName() != node.className()) {
-    title += fmt::format(" \"{}\"", toPrintable(node.getName()));
+    title += fmt::format(" \"{}\"", toPrintableLine(node.getName()));
   }
   const auto* const drawable = dynamic_cast<const lum::Drawable*>(&node);
   const auto* const base = drawable != nullptr ? drawable->findAttributes<lum::BaseAttributes>() : nullptr;
@@ -41,7 +41,7 @@ std::string getTitle(const lum::Node& node) {
 void addArrays(Rows& rows, const char* place, const lum::ArrayTable& table) {
   for (const auto& array : table) {
     const std::string name = array->GetName() != nullptr ? array->GetName() : "";
-    rows.push_back({place, fmt::format("\"{}\"", toPrintable(name)), lum::describeType(*array),
+    rows.push_back({place, fmt::format("\"{}\"", toPrintableLine(name)), lum::describeType(*array),
                     lum::describeRange(*array)});
   }
 }

@@ -23,6 +23,12 @@ std::string toPrintable(std::string_view text) {
   return toNativePath(characters);
 }
 
+std::string toPrintableLine(std::string_view text) {
+  std::string line = toPrintable(text);
+  std::ranges::replace(line, '\n', ' ');
+  return line;
+}
+
 std::string replaceBreaks(std::string_view message, char replacement) {
   constexpr std::string_view BREAK = "<br>";
   std::string result;

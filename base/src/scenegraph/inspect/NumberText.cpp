@@ -17,6 +17,10 @@ std::string groupDigits(std::int64_t count) {
   return digits;
 }
 
+std::string withNoun(const std::string& number, const std::string& noun) {
+  return number + ' ' + noun + (number == "1" ? "" : "s");
+}
+
 std::string describeSize(double bytes) {
   constexpr double STEP = 1024.0;
   if (bytes < STEP) {

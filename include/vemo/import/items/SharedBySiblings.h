@@ -10,7 +10,8 @@
 
 namespace lum {
 class PolyDataNode;
-}
+class TriadDrawable;
+}  // namespace lum
 
 namespace vemo {
 
@@ -60,6 +61,10 @@ struct SharedBySiblings {
 
   /// The elements that the colormaps of collections come from.
   std::map<const lum::Node*, ElementPlace> colormapOrigins;
+
+  /// Of the name of a triad, the first of that name: one that is shown if that is hidden, or the
+  /// other way round.
+  std::map<const lum::Node*, lum::TriadDrawable*> otherTriads;
 
   /// By the drawable.
   std::map<const lum::Node*, PartsDrawn> partsDrawn;

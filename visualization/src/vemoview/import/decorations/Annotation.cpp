@@ -39,7 +39,9 @@ void Annotation::setAlignment(lum::HorizontalAlignment horizontal, lum::Vertical
 
 void Annotation::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement<GraphicsItem>(*this, element, reader);
-  if (_mode == lum::CoordinateSpace::WINDOW) {
+  // It may be meant for the model if the mode is one that is ignored.
+  const QxElement::Attribute* const mode = element.peekAttribute("mode");
+  if (_mode == lum::CoordinateSpace::WINDOW && (mode == nullptr || mode->getValue() == MODES[0])) {
     ValueReader(element, reader, OnBadValue::WARN).reportDepthWithoutEffect("position", _position[2]);
   }
 }

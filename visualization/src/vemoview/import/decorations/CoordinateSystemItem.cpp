@@ -70,20 +70,23 @@ void CoordinateSystemItem::readImpl(const QxElement& element, SceneFileReader* r
   KEYS.read(*this, element, reader);
 }
 
-/// Coordinate systems of one name share a triad, unless only one of them is shown.
+/// Coordinate systems of one name share a triad if they are all shown, or all hidden.
 lum::TriadDrawable& CoordinateSystemItem::openTriad(SharedBySiblings& shared,
                                                     lum::DrawableCollection& collection) const {
-  auto* const found = collection.find<lum::TriadDrawable>(getName());
-  if (found == nullptr) {
+  auto* const first = collection.find<lum::TriadDrawable>(getName());
+  if (first == nullptr) {
     return collection.findOrCreate<lum::TriadDrawable>(getName());
   }
   const bool isHidden = hasHiddenItems() || shared.hidesItemsIndividually;
-  if (found->getBaseAttributes().getVisibility() == isHidden) {
-    return addDrawable<lum::TriadDrawable>(getName(), collection);
+  lum::TriadDrawable*& other = shared.otherTriads[first];
+  auto* const earlier = isVisible(*first) != isHidden ? first : other;
+  if (earlier == nullptr || isVisible(*earlier) == isHidden) {
+    other = &addDrawable<lum::TriadDrawable>(getName(), collection);
+    return *other;
   }
-  reportReplaced(shared, *found, FindingCode::ITEM_REPLACED,
+  reportReplaced(shared, *earlier, FindingCode::ITEM_REPLACED,
                  "The coordinate system \"" + getName() + "\" is replaced by a later one of the same name");
-  return *found;
+  return *earlier;
 }
 
 void CoordinateSystemItem::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection,

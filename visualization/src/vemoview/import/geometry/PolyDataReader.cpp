@@ -6,6 +6,7 @@
 #include "vemoview/import/archive/DecodedEntries.h"
 #include "vemoview/import/geometry/GeometryKeys.h"
 #include "vemoview/import/reading/ReadingContext.h"
+#include <vemo/scenegraph/inspect/NumberText.h>
 
 #include <vtkCellData.h>
 #include <vtkFloatArray.h>
@@ -29,8 +30,9 @@ constexpr int MAX_COMPONENTS_WITHOUT_VALUES = 256;
 
 [[noreturn]] void failOutside(int index, vtkIdType pointCount, const std::string& entry) {
   failAt<IOException>("Entry '" + entry + "' refers to point " + std::to_string(index) +
-                          ", but the geometry has only " + std::to_string(pointCount) +
-                          " points, counted from 0.<br>Your file may be corrupt.",
+                          ", but the geometry has only " +
+                          lum::withNoun(std::to_string(pointCount), "point") +
+                          ", counted from 0.<br>Your file may be corrupt.",
                       entry);
 }
 
@@ -83,7 +85,7 @@ int PolyDataReader::countFloats(const std::string& entry) {
   return _decoded.countFloats(entry);
 }
 
-bool PolyDataReader::fits(const GeometryArray& array, vtkIdType tuplesExpected, const char* places) {
+bool PolyDataReader::fits(const GeometryArray& array, vtkIdType tuplesExpected, const char* place) {
   const std::string entry = array.entry.value_or("");
   const int components = array.components;
   const int count = countFloats(entry);
@@ -103,8 +105,8 @@ bool PolyDataReader::fits(const GeometryArray& array, vtkIdType tuplesExpected, 
   }
   const vtkIdType tuples = count / components;
   if (tuples != tuplesExpected) {
-    return leaveOut("it has " + std::to_string(tuples) + " values for " + std::to_string(tuplesExpected) +
-                    " " + places);
+    return leaveOut("it has " + lum::withNoun(std::to_string(tuples), "value") + " for " +
+                    lum::withNoun(std::to_string(tuplesExpected), place));
   }
   {
     const ReadingContext::AttributeScope scope(&_context, DATA_KEY);
@@ -173,8 +175,8 @@ void PolyDataReader::addArray(vtkFieldData& data, vtkFloatArray& values, const G
 }
 
 void PolyDataReader::readArray(const GeometryArray& array) {
-  if (array.isOfPoints ? !fits(array, _polyData.GetNumberOfPoints(), "points")
-                       : !fits(array, listedCells(), "cells")) {
+  if (array.isOfPoints ? !fits(array, _polyData.GetNumberOfPoints(), "point")
+                       : !fits(array, listedCells(), "cell")) {
     return;
   }
   const std::string entry = array.entry.value_or("");

@@ -47,7 +47,7 @@ class PolyDataReader {
 
  private:
   /// Whether an array has a value for each place; if not, it is reported.
-  bool fits(const GeometryArray& array, vtkIdType tuplesExpected, const char* places);
+  bool fits(const GeometryArray& array, vtkIdType tuplesExpected, const char* place);
   int countFloats(const std::string& entry);
   vtkIdType listedCells() const;
   std::vector<vtkIdType> droppedCells() const;

@@ -2,6 +2,7 @@
 
 #include "vemoview/import/reading/ReadingContext.h"
 #include <vemo/import/items/SceneItem.h>
+#include <vemo/import/scene/Scene.h>
 #include <vemo/import/xml/QxElement.h>
 
 #include <vector>
@@ -21,7 +22,7 @@ struct OpenElement {
 
 void walkDescription(const QxElement& root, const std::function<bool(const PlacedElement&)>& visit) {
   // One path for all: there may be very many elements below long names.
-  PlacedElement place{&root, ReadingContext::pathPart(root.getName()), 0};
+  PlacedElement place{&root, Scene::XML_ENTITY, 0};
   std::vector<OpenElement> open;
   const auto enter = [&] {
     if (visit(place)) {

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace vemo {
 
@@ -91,22 +92,23 @@ void reportNotUsable() {
                 "Not drawn: the transforms make it too small or too large, or move it too far away");
 }
 
-void reportRepeatsLimited(std::size_t count) {
-  reportFinding(FindingCode::REPEATS_LIMITED, "Of " + std::to_string(count) + " repeats only the first " +
-                                                  std::to_string(MAX_INSTANCES) + " are shown");
+/// What is limited has fewer repeats than it states: further repeats of it are not counted.
+void reportIfTooMany(std::size_t count, bool& areLimited) {
+  if (count > MAX_INSTANCES && !std::exchange(areLimited, true)) {
+    reportFinding(FindingCode::REPEATS_LIMITED, "Of " + std::to_string(count) + " repeats only the first " +
+                                                    std::to_string(MAX_INSTANCES) + " are shown");
+  }
 }
 
 /// Each relative to the previous one; stops at the first that is unusable.
-InstanceTransforms repetitions(const InstanceTransform& step, std::int32_t count) {
+InstanceTransforms repetitions(const InstanceTransform& step, std::int32_t count, bool& areLimited) {
   InstanceTransforms result{IDENTITY};
   if (step == IDENTITY) {
     return result;
   }
-  if (count > static_cast<std::int64_t>(MAX_INSTANCES)) {
-    reportRepeatsLimited(static_cast<std::size_t>(count));
-  }
-  const auto wanted = std::min(static_cast<std::size_t>(std::max(count, 1)), MAX_INSTANCES);
-  while (result.size() < wanted) {
+  const auto stated = static_cast<std::size_t>(std::max(count, 1));
+  reportIfTooMany(stated, areLimited);
+  while (result.size() < std::min(stated, MAX_INSTANCES)) {
     const InstanceTransform next = product(step, result.back());
     if (!isUsable(next)) {
       reportNotUsable();
@@ -118,7 +120,7 @@ InstanceTransforms repetitions(const InstanceTransform& step, std::int32_t count
 }
 
 /// The instances that a transform creates on its own.
-InstanceTransforms instancesOf(const lum::Transform& transform) {
+InstanceTransforms instancesOf(const lum::Transform& transform, bool& areLimited) {
   if (const auto* const mirror = dynamic_cast<const lum::SymmetricTransform*>(&transform)) {
     const Vector<4, double>& plane = mirror->getPlane();
     const InstanceTransform image = reflection(plane);
@@ -141,7 +143,7 @@ InstanceTransforms instancesOf(const lum::Transform& transform) {
   }
   const InstanceTransform matrix = matrixOf(*simple);
   if (const auto* const repeat = dynamic_cast<const lum::PeriodicRepeatTransform*>(simple)) {
-    return repetitions(matrix, repeat->getNumRepeats());
+    return repetitions(matrix, repeat->getNumRepeats(), areLimited);
   }
   if (isUsable(matrix)) {
     return {matrix};
@@ -158,20 +160,18 @@ InstanceTransforms instancesOf(const lum::Transform& transform) {
 }  // namespace
 
 SharedInstanceTransforms resolveTransforms(const lum::Transform* transform,
-                                           const SharedInstanceTransforms& owner) {
+                                           const SharedInstanceTransforms& owner, bool& areLimited) {
   if (transform == nullptr) {
     return owner;
   }
-  InstanceTransforms own = instancesOf(*transform);
+  InstanceTransforms own = instancesOf(*transform, areLimited);
   if (own == InstanceTransforms{IDENTITY}) {
     return owner;
   }
   if (owner == nullptr) {
     return std::make_shared<const InstanceTransforms>(std::move(own));
   }
-  if (owner->size() * own.size() > MAX_INSTANCES) {
-    reportRepeatsLimited(owner->size() * own.size());
-  }
+  reportIfTooMany(owner->size() * own.size(), areLimited);
   InstanceTransforms result;
   bool areAllUsable = true;
   for (const InstanceTransform& outer : *owner) {

@@ -11,11 +11,11 @@ namespace {
 
 /// A drawable in the context of its owner.
 VisibleDrawable within(const VisibleDrawable& owner, const lum::Drawable& drawable) {
-  VisibleDrawable result{&drawable, owner.isClipped, owner.transforms};
+  VisibleDrawable result{&drawable, owner.isClipped, owner.transforms, owner.areRepeatsLimited};
   if (const auto* const base = drawable.findAttributes<lum::BaseAttributes>()) {
     const NodeScope scope(drawable);
     result.isClipped = result.isClipped && base->getClipPlanesEnabled();
-    result.transforms = resolveTransforms(base->getTransform(), owner.transforms);
+    result.transforms = resolveTransforms(base->getTransform(), owner.transforms, result.areRepeatsLimited);
   }
   return result;
 }
@@ -45,7 +45,7 @@ template <class IsWanted>
 std::vector<VisibleDrawable> collect(const lum::Drawable& root, IsWanted&& isWanted) {
   std::vector<VisibleDrawable> result;
   InstanceLimit limit;
-  const VisibleDrawable model{nullptr, true, nullptr};
+  const VisibleDrawable model{nullptr, true, nullptr, false};
   std::vector<VisibleDrawable> waiting;
   if (isWanted(root)) {
     waiting.push_back(within(model, root));

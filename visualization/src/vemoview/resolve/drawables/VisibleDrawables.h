@@ -16,6 +16,8 @@ struct VisibleDrawable {
   /// Whether clipping planes cut it and all its owners.
   bool isClipped;
   SharedInstanceTransforms transforms;
+  /// Whether there would be more instances.
+  bool areRepeatsLimited;
 };
 
 /// The visible drawables among a drawable and everything it owns, owners first,

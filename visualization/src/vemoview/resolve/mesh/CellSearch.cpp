@@ -9,12 +9,22 @@
 #include <vtkPolyData.h>
 #include <vtkSmartPointer.h>
 
+#include <algorithm>
+
 namespace vemo {
 
 namespace {
 
 /// More take seconds; what has so many cells rarely has none that is shown.
 constexpr long MOST_STEPS = 10'000'000;
+
+// The first corner of the triangle that ends at the given one.
+vtkIdType firstOfPolygon(vtkIdType /*last*/) {
+  return 0;
+}
+vtkIdType firstOfStrip(vtkIdType last) {
+  return last - 2;
+}
 
 /// Searches the instances of a mesh.
 class MeshSearch {
@@ -57,8 +67,8 @@ class MeshSearch {
   }
 
   bool findsFace() {
-    return findsTriangle(*_geometry.GetPolys(), [](vtkIdType /*last*/) { return 0; }) ||
-           findsTriangle(*_geometry.GetStrips(), [](vtkIdType last) { return last - 2; });
+    return findsTriangle(*_geometry.GetPolys(), firstOfPolygon) ||
+           findsTriangle(*_geometry.GetStrips(), firstOfStrip);
   }
 
   /// @param first returns the first corner of the triangle that ends at the given one
@@ -106,7 +116,46 @@ class MeshSearch {
   long _mostSteps = 0;
 };
 
+/// Wider than its coordinates are precise.
+bool hasArea(const Vector3& a, const Vector3& b, const Vector3& c) {
+  constexpr double PRECISION = 1e-6;
+  const Vector3 sides[] = {b - a, c - a, c - b};
+  const double longest = std::max({length(sides[0]), length(sides[1]), length(sides[2])});
+  return length(cross(sides[0], sides[1])) > PRECISION * longest * longest;
+}
+
+/// @param first firstOfPolygon or firstOfStrip
+template <class First>
+bool hasArea(vtkCellArray& cells, const PointReader& points, const First& first) {
+  const CellReader reader(cells);
+  for (vtkIdType cell = 0; cell < reader.size(); ++cell) {
+    const Corners corners = reader[cell];
+    for (vtkIdType i = 2; i < corners.size(); ++i) {
+      if (hasArea(points[corners[first(i)]], points[corners[i - 1]], points[corners[i]])) {
+        return true;
+      }
+    }
+  }
+  return false;
+}
+
+bool hasArea(vtkPolyData& faces) {
+  const PointReader points(*faces.GetPoints()->GetData());
+  return hasArea(*faces.GetPolys(), points, firstOfPolygon) ||
+         hasArea(*faces.GetStrips(), points, firstOfStrip);
+}
+
 }  // namespace
+
+bool hasShapes(const MeshInstance& mesh) {
+  const Appearance& appearance = mesh.appearance;
+  if (appearance.kind != Appearance::Kind::SURFACE || appearance.hasEdges) {
+    return true;
+  }
+  return (appearance.hasFaces && hasArea(*mesh.geometry)) ||
+         (appearance.hasContour &&
+          contourEdges(*mesh.geometry, CONTOUR_BEND_DEGREES)->GetNumberOfLines() > 0);
+}
 
 bool isOfFaces(const Appearance& appearance) {
   return appearance.kind == Appearance::Kind::SURFACE && !appearance.hasEdges && !appearance.hasContour;

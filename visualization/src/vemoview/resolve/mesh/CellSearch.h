@@ -10,6 +10,9 @@ namespace vemo {
 /// Whether a mesh is seen by its faces alone.
 bool isOfFaces(const Appearance& appearance);
 
+/// Whether a view could show anything of it: faces with an area, edges, a contour, lines or points.
+bool hasShapes(const MeshInstance& mesh);
+
 /// Searches meshes for cells that are shown in a picture of the usual size.
 class CellSearch {
  public:

@@ -117,7 +117,18 @@ bool ModelExtent::areAllTiny(const ViewVolume& view) const {
                              [&view](const Item& item) { return item.isOfFaces && item.isTiny(view); });
 }
 
+void ModelExtent::reportShapeless(const ViewVolume& view) const {
+  for (const Item& item : _items) {
+    if (!item.isTiny(view) && std::ranges::none_of(item.parts, hasShapes)) {
+      const NodeScope scope(*item.parts.front().node);
+      reportFinding(FindingCode::GEOMETRY_NOT_DRAWN,
+                    "No view shows it: its faces have no area, or there is no contour to draw");
+    }
+  }
+}
+
 void ModelExtent::reportUnusualSizes(const ViewVolume& view) const {
+  reportShapeless(view);
   for (const Item& item : _items) {
     double pixels = 0.0;
     for (const MeshInstance& part : item.parts) {
@@ -129,12 +140,15 @@ void ModelExtent::reportUnusualSizes(const ViewVolume& view) const {
   }
   const auto isTiny = [&view](const Item& item) { return item.isTiny(view); };
   const auto first = std::ranges::find_if(_items, isTiny);
-  if (first != _items.end()) {
-    reportFinding(FindingCode::GEOMETRY_TINY,
-                  fmt::format("In {}, {} of {} geometries are smaller than a pixel, such as \"{}\"",
-                              usualPicture(), std::ranges::count_if(_items, isTiny), _items.size(),
-                              itemNameOf(*first->parts.front().node)));
+  if (first == _items.end()) {
+    return;
   }
+  const auto count = std::ranges::count_if(_items, isTiny);
+  const std::string name = '"' + itemNameOf(*first->parts.front().node) + '"';
+  reportFinding(FindingCode::GEOMETRY_TINY,
+                count == 1 ? fmt::format("In {}, {} is smaller than a pixel", usualPicture(), name)
+                           : fmt::format("In {}, {} of {} geometries are smaller than a pixel, such as {}",
+                                         usualPicture(), count, _items.size(), name));
 }
 
 bool ModelExtent::shows(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes) const {

@@ -60,6 +60,8 @@ class ModelExtent {
   void reportTooNear(const UsualCanvas& canvas) const;
   /// Tiny meshes, and points that are too large.
   void reportUnusualSizes(const ViewVolume& view) const;
+  /// What no view shows, beside what this one shows.
+  void reportShapeless(const ViewVolume& view) const;
 
   Box _box;
   std::vector<Item> _items;
