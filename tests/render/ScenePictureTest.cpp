@@ -2,6 +2,7 @@
 #include "vemoview/render/context/EglContext.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/render/RenderErrors.h>
+#include <vemo/resolve/CanvasCamera.h>
 #include <vemo/scenegraph/edit/Items.h>
 #include <vemo/scenegraph/edit/View.h>
 
@@ -333,6 +334,23 @@ TEST(ScenePictureTest, ShowsWhatIsNearBeforeWhatIsFar) {
   const Picture picture = scene.render();
   EXPECT_EQ(at(picture, 0, 0), RED);
   EXPECT_EQ(at(picture, 0.9, 0.9), GREEN);
+}
+
+TEST(ScenePictureTest, ShowsWhatIsAtTheNearPlane) {
+  for (const float far : {100.0F, 1000.0F, 9000.0F, 100'000.0F}) {
+    for (const float near : {1.0F, 1.3F, 2.0F, 3.0F, 7.0F, 8.0F, 12.0F}) {
+      SCOPED_TRACE(testing::Message() << near << " of " << far);
+      RenderScene scene;
+      auto& camera = scene.canvas().getCameraAttributes();
+      camera.setPosition({0, 0, 0});
+      camera.setFocalPoint({0, 0, -1});
+      camera.setProjectionMode(lum::CameraAttributes::ProjectionMode::PERSPECTIVE);
+      scene.addSurface(makeRectangle(-far, far, -far, far, -far), {0, 1, 0});
+      scene.addSurface(makeRectangle(-near, 0, -near, near, -near), {1, 0, 0});
+      const bool isShown = near > LEAST_DEPTH * far;
+      EXPECT_EQ(at(scene.render(), -0.5, 0), isShown ? RED : GREEN);
+    }
+  }
 }
 
 TEST(ScenePictureTest, LeavesOutPointsThatAreNotFinite) {

@@ -15,17 +15,24 @@ namespace vemo {
 
 namespace {
 
-/// Of a box, from the camera along its direction; negative for one that is partly behind.
-double leastDepth(const double* bounds, vtkCamera& camera) {
+/// From the camera along its direction: negative behind it.
+struct Depths {
+  double least = 0.0;
+  double greatest = 0.0;
+};
+
+Depths depthsOf(const double* bounds, vtkCamera& camera) {
   const Vector3 position = toVector(camera.GetPosition());
   const Vector3 direction = toVector(camera.GetDirectionOfProjection());
-  double depth = 0.0;
+  Depths depths;
   for (std::size_t axis = 0; axis < 3; ++axis) {
     const double* const sides = bounds + 2 * axis;
-    depth += std::min(direction[axis] * (sides[0] - position[axis]),
-                      direction[axis] * (sides[1] - position[axis]));
+    const auto [least, greatest] = std::minmax(
+        {direction[axis] * (sides[0] - position[axis]), direction[axis] * (sides[1] - position[axis])});
+    depths.least += least;
+    depths.greatest += greatest;
   }
-  return depth;
+  return depths;
 }
 
 }  // namespace
@@ -66,12 +73,14 @@ void CanvasRenderer::ResetCameraClippingRange(const double bounds[6]) {
 }
 
 void showNear(vtkCamera& camera, const double* bounds) {
+  // Exactly at the near plane, rounding decides whether something is drawn.
+  constexpr double ROOM = 0.99;
   const double near = camera.GetClippingRange()[0];
   const double far = camera.GetClippingRange()[1];
-  const double depth = leastDepth(bounds, camera);
-  if (depth < near) {
-    const double nearest = camera.GetParallelProjection() != 0 ? 0.0 : std::max(depth, far * LEAST_DEPTH);
-    camera.SetClippingRange(std::min(near, nearest), far);
+  const auto [least, greatest] = depthsOf(bounds, camera);
+  if (greatest > 0.0) {
+    const double limit = camera.GetParallelProjection() != 0 ? 0.0 : greatest * LEAST_DEPTH;
+    camera.SetClippingRange(std::min(near, std::max(ROOM * least, limit)), far);
   }
 }
 

@@ -1,11 +1,17 @@
 #include "vemoview/resolve/canvas/ShownShapes.h"
 
+#include <cmath>
 #include <utility>
 
 namespace vemo {
 
-ShownShapes::ShownShapes(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes)
-    : _canvas(canvas), _planes(clipPlanes.begin(), clipPlanes.end()) {
+ShownShapes::ShownShapes(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes) : _canvas(canvas) {
+  if (std::isfinite(canvas.farthest)) {
+    // First, because it often cuts away the most.
+    const auto [origin, normal] = canvas.view.planeAt(canvas.farthest);
+    _planes.push_back({origin, -1.0 * normal});
+  }
+  _planes.insert(_planes.end(), clipPlanes.begin(), clipPlanes.end());
   const auto sides = canvas.view.sides(canvas.nearest);
   _planes.insert(_planes.end(), sides.begin(), sides.end());
 }

@@ -3,6 +3,7 @@
 #include "vemoview/resolve/canvas/PictureSamples.h"
 #include "vemoview/resolve/canvas/ViewVolume.h"
 
+#include <limits>
 #include <span>
 #include <vector>
 
@@ -14,6 +15,8 @@ struct UsualCanvas {
   PictureSamples samples;
   /// What is closer to the camera is not drawn.
   double nearest = 0.0;
+  /// What is farther away is not searched for.
+  double farthest = std::numeric_limits<double>::infinity();
 };
 
 /// Finds out whether shapes in the model would leave a trace in the picture if nothing

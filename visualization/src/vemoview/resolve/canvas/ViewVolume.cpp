@@ -89,9 +89,16 @@ ClipPlane ViewVolume::side(const Vector3& outward, double halfSize) const {
   return {_position, normalized(halfSize * _slope * _forward - outward)};
 }
 
+double ViewVolume::depthOfHeight(double height) const {
+  if (_isParallel) {
+    return height > heightAt(0.0) ? std::numeric_limits<double>::infinity() : 0.0;
+  }
+  return height / heightAt(1.0);
+}
+
 std::array<ClipPlane, 5> ViewVolume::sides(double nearest) const {
-  return {ClipPlane{_position + nearest * _forward, _forward}, side(_right, _shape),
-          side(-1.0 * _right, _shape), side(_up, 1.0), side(-1.0 * _up, 1.0)};
+  return {planeAt(nearest), side(_right, _shape), side(-1.0 * _right, _shape), side(_up, 1.0),
+          side(-1.0 * _up, 1.0)};
 }
 
 Vector<2, double> ViewVolume::placeOf(const Vector3& point) const {

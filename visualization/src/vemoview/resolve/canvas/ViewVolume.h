@@ -52,6 +52,13 @@ class ViewVolume {
   /// camera.
   double heightAt(double depth) const { return 2.0 * halfHeight(depth); }
 
+  /// Down to which depth the picture shows less than a height: 0 or infinity in parallel
+  /// projection.
+  double depthOfHeight(double height) const;
+
+  /// Across the view; what is closer to the camera is outside of it.
+  ClipPlane planeAt(double depth) const { return {_position + depth * _forward, _forward}; }
+
   /// The planes around what is in the picture.
   /// @param nearest what is closer to the camera is outside, too
   std::array<ClipPlane, 5> sides(double nearest) const;

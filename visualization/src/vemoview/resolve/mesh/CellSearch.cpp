@@ -161,6 +161,10 @@ bool isOfFaces(const Appearance& appearance) {
   return appearance.kind == Appearance::Kind::SURFACE && !appearance.hasEdges && !appearance.hasContour;
 }
 
+bool CellSearch::isExhausted() const {
+  return _stepCount > MOST_STEPS;
+}
+
 bool CellSearch::finds(const MeshInstance& mesh) {
   const auto planes = mesh.appearance.isClipped ? _clipPlanes : std::span<const ClipPlane>();
   MeshSearch search(mesh);

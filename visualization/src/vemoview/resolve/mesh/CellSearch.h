@@ -24,7 +24,12 @@ class CellSearch {
   /// searching, and returns true for all further meshes.
   bool finds(const MeshInstance& mesh);
 
+  /// The same, but false for a mesh that is not searched to its end.
+  bool findsForCertain(const MeshInstance& mesh) { return finds(mesh) && !isExhausted(); }
+
  private:
+  bool isExhausted() const;
+
   const UsualCanvas& _canvas;
   std::span<const ClipPlane> _clipPlanes;
   long _stepCount = 0;

@@ -66,6 +66,16 @@ constexpr const char* THIN = "thinner than a pixel, seen edge-on or without a co
 constexpr const char* OUTSIDE_OR_THIN =
     "outside of it, too close to the camera, thinner than a pixel, seen edge-on or without a contour to draw";
 
+bool hasTooLargePoints(const MeshInstance& mesh, const UsualCanvas& canvas,
+                       std::span<const ClipPlane> clipPlanes) {
+  if (!isOfPoints(mesh) || !mesh.appearance.isPointSizeInModelUnits) {
+    return false;
+  }
+  UsualCanvas part = canvas;
+  part.farthest = depthOfTooLarge(mesh.appearance.pointSize, canvas.view);
+  return part.farthest > part.nearest && CellSearch(part, clipPlanes).findsForCertain(mesh);
+}
+
 std::string usualPicture() {
   return fmt::format("a picture of {} x {} pixels", USUAL_WIDTH, USUAL_HEIGHT);
 }
@@ -127,18 +137,16 @@ void ModelExtent::reportShapeless(const ViewVolume& view) const {
   }
 }
 
-void ModelExtent::reportUnusualSizes(const ViewVolume& view) const {
-  reportShapeless(view);
+void ModelExtent::reportUnusualSizes(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes) const {
+  reportShapeless(canvas.view);
   for (const Item& item : _items) {
-    double pixels = 0.0;
-    for (const MeshInstance& part : item.parts) {
-      if (isOfPoints(part) && part.appearance.isPointSizeInModelUnits) {
-        pixels = std::max(pixels, pointPixels(part.appearance, view, item.box.center()));
-      }
+    if (std::ranges::any_of(item.parts, [&](const MeshInstance& part) {
+          return hasTooLargePoints(part, canvas, clipPlanes);
+        })) {
+      reportTooLarge(*item.parts.front().node);
     }
-    reportIfTooLarge(*item.parts.front().node, pixels);
   }
-  const auto isTiny = [&view](const Item& item) { return item.isTiny(view); };
+  const auto isTiny = [&canvas](const Item& item) { return item.isTiny(canvas.view); };
   const auto first = std::ranges::find_if(_items, isTiny);
   if (first == _items.end()) {
     return;
@@ -181,7 +189,7 @@ void ModelExtent::reportInvisible(const UsualCanvas& canvas, std::span<const Cli
         fmt::format("No geometry is visible in {}: it shows {:g} units, but no geometry is larger than {:g}",
                     usualPicture(), side, largestSide()));
   } else if (shows(canvas, clipPlanes)) {
-    reportUnusualSizes(canvas.view);
+    reportUnusualSizes(canvas, clipPlanes);
   } else if (!clipPlanes.empty() && shows(canvas, {})) {
     reportFinding(FindingCode::VIEW_EMPTY, ALL_CUT_AWAY);
   } else {
@@ -217,18 +225,28 @@ bool ModelExtent::reportIfImprecise(const ViewVolume& view, const CanvasCamera& 
 }
 
 /// OpenGL cannot draw what is near and what is very far away at once.
-void ModelExtent::reportTooNear(const UsualCanvas& canvas) const {
-  const auto isTooNear = [&canvas](const Item& item) {
-    const double depth = canvas.view.depthOf(item.box);
-    return depth > 0.0 && depth < canvas.nearest;
+void ModelExtent::reportTooNear(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes) const {
+  if (canvas.nearest == 0.0) {
+    return;
+  }
+  // Places in the picture can be computed from here on.
+  constexpr double LEAST_PART = 1e-6;
+  UsualCanvas part = canvas;
+  part.farthest = canvas.nearest;
+  part.nearest = LEAST_PART * canvas.nearest;
+  CellSearch search(part, clipPlanes);
+  const auto isTooNear = [&](const Item& item) {
+    return canvas.view.depthOf(item.box) < canvas.nearest &&
+           std::ranges::any_of(item.parts,
+                               [&](const MeshInstance& mesh) { return search.findsForCertain(mesh); });
   };
   const auto first = std::ranges::find_if(_items, isTooNear);
   if (first != _items.end()) {
     reportFinding(
         FindingCode::VIEW_IMPRECISE,
         fmt::format(
-            "What is closer to the camera than {:g} is not drawn, such as parts of \"{}\", because something "
-            "else is {:g} away",
+            "What is closer to the camera than {:g} is not drawn, such as parts of \"{}\", because the "
+            "model extends to a distance of {:g}",
             canvas.nearest, itemNameOf(*first->parts.front().node), canvas.view.greatestDepthOf(_box)));
   }
 }
@@ -244,8 +262,8 @@ void ModelExtent::reportUnsuitableView(const UsualCanvas& canvas, std::span<cons
     reportFinding(FindingCode::VIEW_EMPTY,
                   "The view shows no geometry: in " + usualPicture() + ", all are smaller than a pixel");
   } else if (reportIfImprecise(canvas.view, camera) || shows(canvas, clipPlanes)) {
-    reportTooNear(canvas);
-    reportUnusualSizes(canvas.view);
+    reportTooNear(canvas, clipPlanes);
+    reportUnusualSizes(canvas, clipPlanes);
   } else if (!clipPlanes.empty() && shows(canvas, {})) {
     reportFinding(FindingCode::VIEW_EMPTY, ALL_CUT_AWAY);
   } else {

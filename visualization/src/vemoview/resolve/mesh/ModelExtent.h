@@ -57,9 +57,9 @@ class ModelExtent {
   bool shows(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes) const;
   /// Returns whether it is.
   bool reportIfImprecise(const ViewVolume& view, const CanvasCamera& camera) const;
-  void reportTooNear(const UsualCanvas& canvas) const;
+  void reportTooNear(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes) const;
   /// Tiny meshes, and points that are too large.
-  void reportUnusualSizes(const ViewVolume& view) const;
+  void reportUnusualSizes(const UsualCanvas& canvas, std::span<const ClipPlane> clipPlanes) const;
   /// What no view shows, beside what this one shows.
   void reportShapeless(const ViewVolume& view) const;
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vemo/resolve/Appearance.h>
-
 namespace lum {
 class PolyDataNode;
 }
@@ -10,11 +8,13 @@ namespace vemo {
 
 class ViewVolume;
 
-/// The diameter of points in a picture of the usual size.
-/// @param center of the mesh, which decides for sizes in model units
-double pointPixels(const Appearance& points, const ViewVolume& view, const Vector3& center);
+/// Down to which depth points with a size in model units are larger in a picture of the usual
+/// size than OpenGL may draw them: 0 for none, infinity for all.
+double depthOfTooLarge(double size, const ViewVolume& view);
 
-/// Reports points of a size in pixels that OpenGL may not draw.
+/// Reports points that OpenGL may not draw in their size.
+void reportTooLarge(const lum::PolyDataNode& points);
+/// @param pixels their diameter
 void reportIfTooLarge(const lum::PolyDataNode& points, double pixels);
 
 }  // namespace vemo
