@@ -167,10 +167,12 @@ TEST(ScenePictureTest, DrawsLinesInTheirOwnColourWhateverTheMaterial) {
 TEST(ScenePictureTest, DrawsPointsOfASizeInTheModelSmallerFartherAway) {
   RenderScene scene;
   scene.canvas().getCameraAttributes().setProjectionMode(lum::CameraAttributes::ProjectionMode::PERSPECTIVE);
-  const auto points = makePolyData({{-0.5F, 0, 0}, {2, 0, -15}}, {.verts = {{0}, {1}}});
-  points->GetPointData()->AddArray(makeArray("s", {1, 1}));
-  auto& scale =
-      scene.add<lum::PointSphereDrawable>(points, {1, 1, 1}).getAttributes<lum::PointScaleAttributes>();
+  const auto points = makePolyData({{-0.5F, 0, 0}, {2, 0, -15}, {2, 10, -75}}, {.verts = {{0}, {1}, {2}}});
+  points->GetPointData()->AddArray(makeArray("s", {1, 1, 1}));
+  auto& drawable = scene.add<lum::PointSphereDrawable>(points, {1, 1, 1});
+  drawable.getAttributes<lum::MaterialAttributes>().setAmbient(0.1);
+  drawable.getAttributes<lum::MaterialAttributes>().setDiffuse(0.3);
+  auto& scale = drawable.getAttributes<lum::PointScaleAttributes>();
   scale.setScaleMode(lum::PointScaleMode::LINEAR);
   scale.setScalarName("s");
   scale.setMapToRange({0.5, 0.5});
@@ -186,6 +188,7 @@ TEST(ScenePictureTest, DrawsPointsOfASizeInTheModelSmallerFartherAway) {
   // In pixels, half a unit divided by the height of the view there: 2.68 at a distance of 5.
   EXPECT_NEAR(widthAt(0), 0.5 / 2.68 * SIZE, 2);
   EXPECT_NEAR(widthAt(SIZE / 2), 0.5 / 10.72 * SIZE, 2);
+  EXPECT_GT(countPixels(picture, {255, 255, 255}), 0) << "a small one is not lit";
 }
 
 TEST(ScenePictureTest, HidesFacesBehindThoseWithWideEdges) {
