@@ -148,7 +148,11 @@ vtkProperty& addActors(const RenderMesh& mesh, CanvasResources& resources, PropG
     }
     const auto actor = makeActor(mesh, transform);
     actor->setParts(parts);
-    actor->setWidthOnFaces(resources.widthOnFaces);
+    if (mesh.isEdges) {
+      actor->setIsOnFaces(mesh.appearance.lineWidth);
+    } else if (mesh.appearance.kind == Appearance::Kind::SURFACE) {
+      actor->setBehind(resources.widthOnFaces);
+    }
     actor->SetMapper(mapper);
     actor->SetProperty(property);
     group.add(actor);
@@ -161,6 +165,7 @@ void becomeEdges(RenderMesh& mesh) {
   mesh.scalars.reset();
   mesh.color = mesh.appearance.edgeColor;
   mesh.appearance.opacity = mesh.appearance.edgeOpacity;
+  mesh.isEdges = true;
 }
 
 /// As lines of their own: what VTK draws with faces lacks the half of its width that is beyond
@@ -213,9 +218,6 @@ void addProps(const std::vector<const MeshInstance*>& meshes, CanvasResources& r
   const RenderMesh mesh = merge(meshes, resources.tables);
   const Appearance& appearance = mesh.appearance;
   const bool isSurface = appearance.kind == Appearance::Kind::SURFACE;
-  if (isSurface && (appearance.hasEdges || appearance.hasContour)) {
-    *resources.widthOnFaces = std::max(*resources.widthOnFaces, appearance.lineWidth);
-  }
   if (!isSurface || appearance.hasFaces) {
     addActors(mesh, resources, group);
   }
