@@ -265,10 +265,10 @@ INSTANTIATE_TEST_SUITE_P(
 // ---- Contours ----
 
 /// Three strips side by side, the second with points of its own at the same
-/// places as the first's. The third bends down by 45 degrees.
+/// places as the first's. The third bends down by 45 degrees: it covers parts of wider lines.
 Feature contour(const char* name, const std::string& faces) {
   return {name,
-          geometry("points='strips' polys='stripFaces' strips='stripStrips' contour='true' lineWidth='3' " +
+          geometry("points='strips' polys='stripFaces' strips='stripStrips' contour='true' lineWidth='2' " +
                    faces + OPAQUE),
           [](DirectDrawing& direct) {
             direct.addGeometry();
@@ -281,7 +281,7 @@ Feature contour(const char* name, const std::string& faces) {
                                              {0.2F, 0.5F, 0.1F},
                                              {-0.8F, 0.5F, 0.1F}},
                                             {.lines = {{0, 1, 2, 3, 4, 5, 0}, {1, 4}}});
-            direct.addPlain(lines, {1, 128 / 255.0, 0}).GetProperty()->SetLineWidth(3);
+            direct.addPlain(lines, {1, 128 / 255.0, 0}).GetProperty()->SetLineWidth(2);
           }};
 }
 

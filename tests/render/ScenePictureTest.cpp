@@ -168,10 +168,12 @@ TEST(ScenePictureTest, DrawsLinesInTheirOwnColourWhateverTheMaterial) {
 TEST(ScenePictureTest, DrawsPointsOfASizeInTheModelSmallerFartherAway) {
   RenderScene scene;
   scene.canvas().getCameraAttributes().setProjectionMode(lum::CameraAttributes::ProjectionMode::PERSPECTIVE);
-  const auto points = makePolyData({{-0.5F, 0, 0}, {2, 0, -15}}, {.verts = {{0}, {1}}});
-  points->GetPointData()->AddArray(makeArray("s", {1, 1}));
-  auto& scale =
-      scene.add<lum::PointSphereDrawable>(points, {1, 1, 1}).getAttributes<lum::PointScaleAttributes>();
+  const auto points = makePolyData({{-0.5F, 0, 0}, {2, 0, -15}, {2, 10, -75}}, {.verts = {{0}, {1}, {2}}});
+  points->GetPointData()->AddArray(makeArray("s", {1, 1, 1}));
+  auto& drawable = scene.add<lum::PointSphereDrawable>(points, {1, 1, 1});
+  drawable.getAttributes<lum::MaterialAttributes>().setAmbient(0.1);
+  drawable.getAttributes<lum::MaterialAttributes>().setDiffuse(0.3);
+  auto& scale = drawable.getAttributes<lum::PointScaleAttributes>();
   scale.setScaleMode(lum::PointScaleMode::LINEAR);
   scale.setScalarName("s");
   scale.setMapToRange({0.5, 0.5});
@@ -187,19 +189,49 @@ TEST(ScenePictureTest, DrawsPointsOfASizeInTheModelSmallerFartherAway) {
   // In pixels, half a unit divided by the height of the view there: 2.68 at a distance of 5.
   EXPECT_NEAR(widthAt(0), 0.5 / 2.68 * SIZE, 2);
   EXPECT_NEAR(widthAt(SIZE / 2), 0.5 / 10.72 * SIZE, 2);
+  EXPECT_GT(countPixels(picture, {255, 255, 255}), 0) << "a small one is not lit";
 }
 
-TEST(ScenePictureTest, HidesFacesBehindThoseWithWideEdges) {
-  RenderScene scene;
-  // Two plates, seen from five degrees above.
+/// From five degrees above.
+void lookAlongTheGround(const RenderScene& scene, const Vector3& up = {0, 0, 1}) {
   scene.canvas().getCameraAttributes().setPosition({0, -5, 0.44});
-  scene.canvas().getCameraAttributes().setViewUp({0, 0, 1});
+  scene.canvas().getCameraAttributes().setViewUp(up);
+}
+
+TEST(ScenePictureTest, HidesWhatIsBehindFacesWithWideEdges) {
+  RenderScene scene;
+  lookAlongTheGround(scene);
   auto& upper = scene.addSurface(makeRectangle(-0.8F, 0.8F, -0.8F, 0.8F, 0.05F), {1, 0, 0});
   upper.getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
   upper.getAttributes<lum::LineAttributes>().setLineWidth(5);
   scene.addSurface(makeRectangle(-0.8F, 0.8F, -0.8F, 0.8F), {0, 1, 0});
+  auto& line = scene.add<lum::PolyLineDrawable>(
+      makePolyData({{-0.7F, 0, 0.033F}, {0.7F, 0, 0.033F}}, {.lines = {{0, 1}}}), {0, 0, 1});
+  line.getAttributes<lum::LineAttributes>().setLineWidth(2);
   const Picture picture = scene.render();
   EXPECT_GT(boxWhere(picture, [](const auto& pixel) { return pixel[0] > pixel[1] + 20; }).count, 2000);
+  EXPECT_EQ(boxWhere(picture, [](const auto& pixel) { return pixel[2] > 0; }).count, 0);
+}
+
+TEST(ScenePictureTest, DrawsEdgesOnSteepFacesAsWideAsWithoutFaces) {
+  const auto countEdges = [](int width, bool hasFaces) {
+    RenderScene scene;
+    lookAlongTheGround(scene, {1, 0, 1});
+    auto& plate = scene.addSurface(
+        makePolyData(flat({-0.8F, -0.8F, 0, -0.8F, 0.8F, -0.8F, 0.8F, 0.8F, 0.1F, 0.8F, -0.8F, 0.8F}),
+                     {.polys = {{0, 1, 4, 5}, {1, 2, 3, 4}}}),
+        {1, 0, 0});
+    plate.getAttributes<lum::SurfaceAttributes>().setShaded(hasFaces);
+    plate.getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
+    plate.getAttributes<lum::MeshAttributes>().setMeshColor({0, 1, 0});
+    plate.getAttributes<lum::LineAttributes>().setLineWidth(width);
+    return boxWhere(scene.render(), [](const auto& pixel) { return pixel[1] > 127; }).count;
+  };
+  for (const int width : {1, 2}) {
+    const int edges = countEdges(width, false);
+    EXPECT_GT(edges, 300 * width);
+    EXPECT_NEAR(countEdges(width, true), edges, 0.02 * edges) << width;
+  }
 }
 
 TEST(ScenePictureTest, HidesEdgesBehindFacesWhateverIsNear) {

@@ -73,6 +73,22 @@ TEST_F(VisibilityTest, IsFollowedAsIfTheSceneWereOpenedAnew) {
   }
 }
 
+TEST_F(VisibilityTest, OfEdgesMovesFacesNoLongerWhenTheyAreHidden) {
+  RenderScene steep;
+  steep.canvas().getCameraAttributes().setPosition({0, -5, 0.44});
+  steep.canvas().getCameraAttributes().setViewUp({0, 0, 1});
+  steep.addSurface(makeRectangle(-0.8F, 0.8F, -0.8F, 0.8F), {1, 0, 0});
+  steep.add<lum::PolyLineDrawable>(
+      makePolyData({{-0.7F, 0, -0.006F}, {0.7F, 0, -0.006F}}, {.lines = {{0, 1}}}), {0, 0, 1});
+  auto& edges = steep.addSurface(makeRectangle(-0.1F, 0.1F, 0, 0.1F, 0.5F), {1, 0, 0});
+  edges.getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
+  edges.getAttributes<lum::LineAttributes>().setLineWidth(2);
+  SceneWindow window(steep);
+  edges.getBaseAttributes().setVisibility(false, false);
+  window.renderer.followVisibility();
+  EXPECT_EQ(boxWhere(window.draw(), [](const auto& pixel) { return pixel[2] > 0; }).count, 0);
+}
+
 TEST_F(VisibilityTest, KeepsThePixelScaleOfWhatIsShownLater) {
   const auto drawWide = [this](bool isLater) {
     hide([=](std::size_t) { return isLater; });

@@ -109,6 +109,16 @@ TEST(ResolverFindingsTest, SayWhatAViewOfEverythingCutsOff) {
   EXPECT_THAT(findingsOf(scene, {.measureText = measure}), ElementsAre("decoration-cut", "decoration-cut"));
 }
 
+TEST(ResolverFindingsTest, SayThatATriadIsBehindTheCameraWhateverTheAngle) {
+  SceneBuilder scene;
+  makeGroundWhite(scene);
+  lum::setView(scene.node(), lum::Viewpoint{{0, 0, 5}, {0, 0, 0}, {0, 1, 0}, std::nullopt});
+  auto& triad = scene.drawables().findOrCreate<lum::TriadDrawable>();
+  triad.getTriadAttributes().setAxisLabelHeight(0.5);
+  triad.getPositionAttributes().setPosition({0, 0, 5.01}, false);
+  EXPECT_THAT(findingsOf(scene, {.view = {.viewAngle = 120.0}}), ElementsAre("decoration-not-in-view"));
+}
+
 TEST(ResolverFindingsTest, AreAboutTheViewThatIsDrawn) {
   SceneBuilder scene;
   auto& surface = scene.addSurface(makeRectangle(5, 6, 0, 1), {1, 0, 0});

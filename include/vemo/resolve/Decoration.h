@@ -108,6 +108,8 @@ struct TriadDecoration {
   static constexpr double LENGTH = 1.5;
   /// Of an axis, in heights of a label, where it is constant.
   static constexpr double LENGTH_IN_LABELS = 3.0;
+  /// The same at the viewer and behind, where it has no size on the screen.
+  static constexpr double UNSEEN_LENGTH = 1e-6;
   /// In axes' lengths.
   static constexpr double LABEL_POSITION = 1.2;
   /// Of a label, in heights of the canvas: leaves room for the axes.

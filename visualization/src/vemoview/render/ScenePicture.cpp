@@ -54,7 +54,7 @@ void requireSize(const PictureSize& size, int largestSize) {
 }
 
 /// As the camera was pointed without a window, it shows all of the model in a picture that is
-/// wider than high, in the usual angle.
+/// wider than high.
 void pointCamera(SceneRenderer& renderer, const RenderOptions& options) {
   if (options.height > options.width) {
     renderer.resetView();

@@ -40,7 +40,7 @@ std::optional<TextBox> measureText(const TextDecoration& text, double lineHeight
   // Pictures are drawn so much larger, for smooth edges.
   constexpr double ENLARGEMENT = 2.0;
   const Vector<2, double> window{ENLARGEMENT * USUAL_WIDTH, ENLARGEMENT * USUAL_HEIGHT};
-  const double height = std::min(ENLARGEMENT * lineHeight, greatestLineHeight(text.text, window));
+  const double height = std::min(ENLARGEMENT * lineHeight, LineHeightLimit(text.text).in(window));
   if (!(height >= 1.0)) {
     return std::nullopt;
   }

@@ -2,7 +2,6 @@
 
 #include "vemoview/render/vtk/PropGroup.h"
 #include "vemoview/render/vtk/Screen.h"
-#include "vemoview/resolve/decorations/TextStyleResolver.h"
 
 #include <vtkRenderWindow.h>
 #include <vtkRenderer.h>
@@ -16,7 +15,7 @@ namespace vemo {
 
 TextLabel::TextLabel(const std::string& text, const TextStyle& style, const TextAlignment& alignment,
                      PropGroup& group)
-    : _actor(vtkSmartPointer<vtkTextActor>::New()) {
+    : _actor(vtkSmartPointer<vtkTextActor>::New()), _limit(text) {
   setText(text);
   setStyle(style, alignment, *_actor->GetTextProperty());
   _actor->PickableOff();
@@ -25,10 +24,11 @@ TextLabel::TextLabel(const std::string& text, const TextStyle& style, const Text
 
 void TextLabel::setText(const std::string& text) {
   _actor->SetInput(withoutFormulas(text).c_str());
+  _limit = LineHeightLimit(text);
 }
 
 void TextLabel::setLineHeight(double pixels, vtkRenderer& renderer) {
-  const double height = std::min(pixels, greatestLineHeight(_actor->GetInput(), windowSize(renderer)));
+  const double height = std::min(pixels, _limit.in(windowSize(renderer)));
   const bool isDrawn = height >= 1.0;
   _actor->SetVisibility(isDrawn && _actor->GetInput()[0] != '\0');
   if (isDrawn) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "vemoview/render/decorations/TextProperties.h"
+#include "vemoview/resolve/decorations/TextStyleResolver.h"
 #include <vemo/base/Vector.h>
 
 #include <vtkSmartPointer.h>
@@ -38,6 +39,8 @@ class TextLabel {
 
  private:
   vtkSmartPointer<vtkTextActor> _actor;
+  /// Of the text as it is seen; the actor's has escaped signs.
+  LineHeightLimit _limit;
 };
 
 }  // namespace vemo

@@ -124,7 +124,7 @@ class MovedTriad {
       }
     }
     // Until the size on the screen is known, the triad counts as a point.
-    setMatrix(triad.hasScreenSize ? 1e-6 : TriadDecoration::LENGTH, triad.axes);
+    setMatrix(triad.hasScreenSize ? TriadDecoration::UNSEEN_LENGTH : TriadDecoration::LENGTH, triad.axes);
     group.add(_actor);
   }
 
@@ -135,7 +135,7 @@ class MovedTriad {
     const double perUnit = pixelsPerUnit(renderer, _triad.position);
     const double axisLength = !_triad.hasScreenSize ? TriadDecoration::LENGTH
                               : perUnit > 0.0 ? TriadDecoration::LENGTH_IN_LABELS * labelHeight / perUnit
-                                              : 1e-6;
+                                              : TriadDecoration::UNSEEN_LENGTH;
     const Axes axes = _camera != nullptr ? followed(renderer) : _triad.axes;
     setMatrix(axisLength, axes);
     if (_triad.hasScreenSize) {

@@ -57,9 +57,12 @@ void makeUnlit(vtkProperty& property) {
   property.SetDiffuse(0.0);
 }
 
+/// On smaller ones shading cannot be seen, and a ball of one pixel has no inside.
+constexpr double MIN_SPHERE_PIXELS = 4.0;
+/// The property's size for points of a size in the model, which are large in a close view.
+constexpr double BALL_PIXELS = 10.0;
+
 void setPointSize(vtkProperty& property, double pixels) {
-  // On smaller ones shading cannot be seen, and a ball of one pixel has no inside.
-  constexpr double MIN_SPHERE_PIXELS = 4.0;
   const bool isBall = pixels >= MIN_SPHERE_PIXELS;
   property.SetPointSize(static_cast<float>(pixels));
   property.SetRenderPointsAsSpheres(isBall);
@@ -83,8 +86,6 @@ void applyProperties(const RenderMesh& mesh, vtkProperty& property) {
     makeUnlit(property);
   }
   if (appearance.kind == Appearance::Kind::POINTS) {
-    // Sizes in the model are large in a close view.
-    constexpr double BALL_PIXELS = 10.0;
     setPointSize(property, appearance.isPointSizeInModelUnits ? BALL_PIXELS : appearance.pointSize);
   }
 }
@@ -93,7 +94,7 @@ vtkSmartPointer<vtkPolyDataMapper> makeMapper(const RenderMesh& mesh, vtkPlaneCo
                                               const InstanceTransform* transform) {
   const auto mapper = vtkSmartPointer<MeshMapper>::New();
   if (mesh.appearance.isPointSizeInModelUnits) {
-    mapper->setPointSizeInModel(mesh.appearance.pointSize, MAX_POINT_PIXELS);
+    mapper->setPointSizeInModel(mesh.appearance.pointSize, MAX_POINT_PIXELS, MIN_SPHERE_PIXELS / BALL_PIXELS);
   }
   if (mesh.appearance.isClipped) {
     setClippedInput(*mapper, *mesh.geometry, planes, transform);
@@ -147,7 +148,11 @@ vtkProperty& addActors(const RenderMesh& mesh, CanvasResources& resources, PropG
     }
     const auto actor = makeActor(mesh, transform);
     actor->setParts(parts);
-    actor->setWidthOnFaces(resources.widthOnFaces);
+    if (mesh.isEdges) {
+      actor->setIsOnFaces(mesh.appearance.lineWidth);
+    } else if (mesh.appearance.kind == Appearance::Kind::SURFACE) {
+      actor->setBehind(resources.widthOnFaces);
+    }
     actor->SetMapper(mapper);
     actor->SetProperty(property);
     group.add(actor);
@@ -160,6 +165,7 @@ void becomeEdges(RenderMesh& mesh) {
   mesh.scalars.reset();
   mesh.color = mesh.appearance.edgeColor;
   mesh.appearance.opacity = mesh.appearance.edgeOpacity;
+  mesh.isEdges = true;
 }
 
 /// As lines of their own: what VTK draws with faces lacks the half of its width that is beyond
@@ -212,9 +218,6 @@ void addProps(const std::vector<const MeshInstance*>& meshes, CanvasResources& r
   const RenderMesh mesh = merge(meshes, resources.tables);
   const Appearance& appearance = mesh.appearance;
   const bool isSurface = appearance.kind == Appearance::Kind::SURFACE;
-  if (isSurface && (appearance.hasEdges || appearance.hasContour)) {
-    *resources.widthOnFaces = std::max(*resources.widthOnFaces, appearance.lineWidth);
-  }
   if (!isSurface || appearance.hasFaces) {
     addActors(mesh, resources, group);
   }

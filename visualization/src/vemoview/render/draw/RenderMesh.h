@@ -31,6 +31,8 @@ struct RenderMesh {
   SharedInstanceTransforms transforms;
   /// Whether it is lines that lie on faces, and must not sink into them.
   bool isOnFaces = false;
+  /// Whether it is the edges or the contour of a surface.
+  bool isEdges = false;
 };
 
 }  // namespace vemo

@@ -2,6 +2,7 @@
 
 #include "vemoview/render/vtk/LookupTables.h"
 #include "vemoview/render/vtk/Textures.h"
+#include "vemoview/render/vtk/WidthOnFaces.h"
 #include <vemo/render/Export.h>
 #include <vemo/resolve/ResolvedScene.h>
 
@@ -22,8 +23,7 @@ struct CanvasResources {
   Textures textures;
   /// Of triads; null until there is one.
   vtkSmartPointer<vtkPolyDataMapper> arrows;
-  /// The greatest width in pixels of lines on faces, behind which all faces are moved.
-  std::shared_ptr<double> widthOnFaces = std::make_shared<double>(0.0);
+  std::shared_ptr<const WidthOnFaces> widthOnFaces;
 };
 
 /// A renderer for the canvas's part of the window.

@@ -7,7 +7,10 @@
 #include <vtkObjectFactory.h>
 #include <vtkOpenGLRenderer.h>
 #include <vtkOpenGLState.h>
+#include <vtkProperty.h>
 #include <vtk_glew.h>
+
+#include <algorithm>
 
 namespace vemo {
 
@@ -33,6 +36,11 @@ double* MeshActor::GetBounds() {
   return Bounds;
 }
 
+double MeshActor::getWidthOnFaces() {
+  constexpr double MOST = 2.0;
+  return _widthOnFaces > 0.0 ? GetProperty()->GetLineWidth() * std::min(1.0, MOST / _widthOnFaces) : 0.0;
+}
+
 void MeshActor::Render(vtkRenderer* renderer, vtkMapper* mapper) {
   vtkOpenGLState& state = *static_cast<vtkOpenGLRenderer&>(*renderer).GetState();
   const vtkOpenGLState::ScopedglEnableDisable blending(&state, GL_BLEND);
@@ -41,10 +49,12 @@ void MeshActor::Render(vtkRenderer* renderer, vtkMapper* mapper) {
     state.vtkglDisable(GL_BLEND);
   }
   glFrontFace(_isMirrored ? GL_CW : GL_CCW);
-  if (_widthOnFaces != nullptr && *_widthOnFaces > 0.0) {
+  if (_linesInFront != nullptr && _linesInFront->get() > 0.0) {
+    // A little more than the half of a line's width that is on either side; any more would show what
+    // is behind steep faces.
+    constexpr double STEPS = 0.6;
     glEnable(GL_POLYGON_OFFSET_FILL);
-    // In steps of a face's depth from one pixel to the next.
-    glPolygonOffset(static_cast<float>(2.0 * *_widthOnFaces), 1.0F);
+    glPolygonOffset(static_cast<float>(STEPS * _linesInFront->get()), 1.0F);
   }
   setDepthRange(*renderer->GetActiveCamera());
   vtkOpenGLActor::Render(renderer, mapper);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "geometry/Box.h"
+#include "vemoview/render/vtk/WidthOnFaces.h"
 
 #include <vtkOpenGLActor.h>
 
@@ -23,10 +24,16 @@ class MeshActor : public vtkOpenGLActor {
   /// them from behind.
   void setMirrored(bool isMirrored) { _isMirrored = isMirrored; }
 
-  /// Faces are moved back behind lines of a width in pixels that lie on them, the
-  /// further the steeper they are seen: a line is as wide on either side. Those without lines
-  /// are moved, too, so that none comes in front of another. Null for faces that stay.
-  void setWidthOnFaces(std::shared_ptr<const double> pixels) { _widthOnFaces = std::move(pixels); }
+  /// It is the edges or the contour of a surface, of a width in pixels.
+  void setIsOnFaces(double width) { _widthOnFaces = width; }
+
+  /// The width for which faces make room, in pixels of this picture. Behind edges that are any wider,
+  /// steep faces would be so far back that what they hide is seen through them.
+  double getWidthOnFaces();
+
+  /// It is faces, which are moved back behind lines on faces, the further the steeper they are seen:
+  /// a line is as wide on either side.
+  void setBehind(std::shared_ptr<const WidthOnFaces> lines) { _linesInFront = std::move(lines); }
 
   /// It is drawn a little nearer than it is, in front of others at the same
   /// depth.
@@ -47,7 +54,10 @@ class MeshActor : public vtkOpenGLActor {
   SharedBoxes _parts;
   bool _isMirrored = false;
   bool _isNearer = false;
-  std::shared_ptr<const double> _widthOnFaces;
+  /// 0 for what makes no faces move.
+  double _widthOnFaces = 0.0;
+  /// Null for what stays where it is.
+  std::shared_ptr<const WidthOnFaces> _linesInFront;
 };
 
 }  // namespace vemo

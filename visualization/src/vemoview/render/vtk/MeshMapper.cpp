@@ -82,8 +82,7 @@ void MeshMapper::RenderPieceDraw(vtkRenderer* renderer, vtkActor* actor) {
   glDisable(GL_PROGRAM_POINT_SIZE);
 }
 
-/// The balls that VTK makes of points are as deep as they are wide.
-void MeshMapper::sizePoints(vtkShader* vertices, vtkShader* pixels) const {
+void MeshMapper::sizePoints(vtkShader* vertices, vtkShader* pixels) {
   vtkShaderProgram::Substitute(vertices, "//VTK::PositionVC::Dec",
                                "uniform float pointPixelsAtOne;\nuniform float mostPointPixels;\n"
                                "uniform float usualPointPixels;\nout float pointScale;\n"
@@ -94,7 +93,16 @@ void MeshMapper::sizePoints(vtkShader* vertices, vtkShader* pixels) const {
       "  gl_PointSize = clamp(pointPixelsAtOne / gl_Position.w, 1.0, mostPointPixels);\n"
       "  pointScale = gl_PointSize / usualPointPixels;\n");
   vtkShaderProgram::Substitute(pixels, "//VTK::PositionVC::Dec",
-                               "in float pointScale;\n//VTK::PositionVC::Dec");
+                               "in float pointScale;\nuniform float leastLit;\n//VTK::PositionVC::Dec");
+}
+
+/// Small ones have their own colour; the others are as deep as they are wide.
+void MeshMapper::shadeSizedPoints(vtkShader* pixels) {
+  vtkShaderProgram::Substitute(pixels, "= ambientIntensity *",
+                               "= mix(1.0, ambientIntensity, step(leastLit, pointScale)) *");
+  vtkShaderProgram::Substitute(pixels, "ambientColor + diffuse + specular",
+                               "ambientColor + step(leastLit, pointScale) * (diffuse + specular)");
+  vtkShaderProgram::Substitute(pixels, "*ZCalcR", "*ZCalcR*pointScale");
 }
 
 void MeshMapper::SetCameraShaderParameters(vtkOpenGLHelper& cells, vtkRenderer* renderer, vtkActor* actor) {
@@ -104,6 +112,7 @@ void MeshMapper::SetCameraShaderParameters(vtkOpenGLHelper& cells, vtkRenderer* 
         renderer->GetActiveCamera()->GetProjectionTransformMatrix(renderer->GetTiledAspectRatio(), -1.0, 1.0);
     const double pixels = _pointSizeInModel * projection->GetElement(1, 1) * renderer->GetSize()[1] / 2.0;
     cells.Program->SetUniformf("pointPixelsAtOne", static_cast<float>(pixels));
+    cells.Program->SetUniformf("leastLit", static_cast<float>(_leastLit));
     cells.Program->SetUniformf("mostPointPixels", static_cast<float>(_mostPixels));
     cells.Program->SetUniformf("usualPointPixels", actor->GetProperty()->GetPointSize());
   }
@@ -119,7 +128,7 @@ void MeshMapper::ReplaceShaderValues(std::map<vtkShader::Type, vtkShader*> shade
   }
   vtkOpenGLPolyDataMapper::ReplaceShaderValues(shaders, renderer, actor);
   if (_pointSizeInModel > 0.0) {
-    vtkShaderProgram::Substitute(pixels, "*ZCalcR", "*ZCalcR*pointScale");
+    shadeSizedPoints(pixels);
   }
   if (actor->GetProperty()->GetSpecular() == 0.0) {
     vtkShaderProgram::Substitute(pixels, "ambientColor + diffuse + specular", "ambientColor + diffuse");

@@ -14,9 +14,11 @@ class MeshMapper : public vtkOpenGLPolyDataMapper {
 
   /// Each point has this size in units of the model, as its own distance makes it, instead of
   /// that of the property, up to a number of pixels.
-  void setPointSizeInModel(double size, double mostPixels) {
+  /// @param leastLit what is smaller than this part of the property's size has its own colour
+  void setPointSizeInModel(double size, double mostPixels, double leastLit) {
     _pointSizeInModel = size;
     _mostPixels = mostPixels;
+    _leastLit = leastLit;
   }
 
   void RenderPieceDraw(vtkRenderer* renderer, vtkActor* actor) override;
@@ -29,7 +31,8 @@ class MeshMapper : public vtkOpenGLPolyDataMapper {
   void SetCameraShaderParameters(vtkOpenGLHelper& cells, vtkRenderer* renderer, vtkActor* actor) override;
 
  private:
-  void sizePoints(vtkShader* vertices, vtkShader* pixels) const;
+  static void sizePoints(vtkShader* vertices, vtkShader* pixels);
+  static void shadeSizedPoints(vtkShader* pixels);
   bool hasOnlyTriangles(vtkActor& actor, vtkPolyData& geometry) const;
   void uploadTriangles(vtkCellArray& triangles);
 
@@ -37,6 +40,7 @@ class MeshMapper : public vtkOpenGLPolyDataMapper {
   /// 0 for that of the property.
   double _pointSizeInModel = 0.0;
   double _mostPixels = 0.0;
+  double _leastLit = 0.0;
   /// Of the triangles that OpenGL has from their own array; 0 for none.
   vtkMTimeType _trianglesTime = 0;
 };

@@ -56,9 +56,10 @@ DecorationParts DecorationMeasure::operator()(const TriadDecoration& triad) cons
   const double labelHeight =
       std::min(USUAL_HEIGHT * triad.labelHeight, TriadDecoration::MOST_LABEL_HEIGHT * _canvasHeight);
   const double unitsPerPixel = _view.heightAt(_view.depthOf(triad.position)) / _canvasHeight;
-  const double axisLength = triad.hasScreenSize
+  const double axisLength = !triad.hasScreenSize ? TriadDecoration::LENGTH
+                            : unitsPerPixel > 0.0
                                 ? TriadDecoration::LENGTH_IN_LABELS * labelHeight * unitsPerPixel
-                                : TriadDecoration::LENGTH;
+                                : TriadDecoration::UNSEEN_LENGTH;
   if (triad.camera) {
     return partsOfTurning(triad, axisLength, labelHeight);
   }

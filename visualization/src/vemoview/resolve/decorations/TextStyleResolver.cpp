@@ -17,9 +17,9 @@ namespace {
 constexpr double MOST_PICTURES = 4.0;
 
 /// The greatest height of lines, in pixels, at which a text still fits into a texture.
-double greatestInTexture(std::string_view text) {
+double greatestInTexture(const Vector<2, double>& extent) {
   constexpr double MAX_TEXTURE_SIZE = 16384.0;
-  return MAX_TEXTURE_SIZE / std::ranges::max(textExtent(text));
+  return MAX_TEXTURE_SIZE / std::ranges::max(extent);
 }
 
 void applyAttributes(const lum::TextAttributes& attributes, TextStyle& style) {
@@ -68,10 +68,11 @@ double picturesFilledBy(std::string_view text, double lineHeight) {
   return extent[0] * extent[1] * USUAL_HEIGHT / USUAL_WIDTH;
 }
 
-double greatestLineHeight(std::string_view text, const Vector<2, double>& window) {
-  const Vector<2, double> extent = textExtent(text);
-  return std::min(greatestInTexture(text),
-                  std::sqrt(MOST_PICTURES * window[0] * window[1] / (extent[0] * extent[1])));
+LineHeightLimit::LineHeightLimit(std::string_view text) : _extent(textExtent(text)) {}
+
+double LineHeightLimit::in(const Vector<2, double>& window) const {
+  return std::min(greatestInTexture(_extent),
+                  std::sqrt(MOST_PICTURES * window[0] * window[1] / (_extent[0] * _extent[1])));
 }
 
 void reportIfTooLong(std::string_view text, double lineHeight, const std::string& owner) {
@@ -84,7 +85,7 @@ void reportIfTooLong(std::string_view text, double lineHeight, const std::string
                               owner, picturesFilledBy(text, lineHeight)));
     return;
   }
-  const double height = greatestInTexture(text) / (ENLARGEMENT * lineHeight);
+  const double height = greatestInTexture(textExtent(text)) / (ENLARGEMENT * lineHeight);
   if (height < LARGE_HEIGHT) {
     reportFinding(
         FindingCode::TEXT_CHANGED,

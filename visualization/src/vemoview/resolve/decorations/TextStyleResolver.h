@@ -28,7 +28,15 @@ double picturesFilledBy(std::string_view text, double lineHeight);
 
 /// The greatest height of lines, in pixels, at which a text still fits into a texture, and
 /// does not fill many more pixels than the window has.
-VEMO_RESOLVE_EXPORT double greatestLineHeight(std::string_view text, const Vector<2, double>& window);
+class VEMO_RESOLVE_EXPORT LineHeightLimit {
+ public:
+  explicit LineHeightLimit(std::string_view text);
+
+  double in(const Vector<2, double>& window) const;
+
+ private:
+  Vector<2, double> _extent;
+};
 
 /// Reports a text that is too large for that, or may be in pictures of usual sizes.
 void reportIfTooLong(std::string_view text, double lineHeight, const std::string& owner);

@@ -1,0 +1,36 @@
+#include "vemoview/render/vtk/WidthOnFaces.h"
+
+#include "vemoview/render/vtk/MeshActor.h"
+
+#include <vtkCommand.h>
+#include <vtkPropCollection.h>
+#include <vtkRenderer.h>
+
+#include <algorithm>
+
+namespace vemo {
+
+WidthOnFaces::WidthOnFaces(vtkRenderer& renderer)
+    : _renderer(&renderer),
+      _observer(renderer.AddObserver(vtkCommand::StartEvent, this, &WidthOnFaces::update)) {}
+
+WidthOnFaces::~WidthOnFaces() {
+  if (_renderer != nullptr) {
+    _renderer->RemoveObserver(_observer);
+  }
+}
+
+void WidthOnFaces::update() {
+  _pixels = 0.0;
+  vtkPropCollection& props = *_renderer->GetViewProps();
+  vtkCollectionSimpleIterator place;
+  props.InitTraversal(place);
+  while (vtkProp* const prop = props.GetNextProp(place)) {
+    auto* const actor = dynamic_cast<MeshActor*>(prop);
+    if (actor != nullptr && actor->GetVisibility() != 0) {
+      _pixels = std::max(_pixels, actor->getWidthOnFaces());
+    }
+  }
+}
+
+}  // namespace vemo

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <vtkWeakPointer.h>
+
+class vtkRenderer;
+
+namespace vemo {
+
+/// The width in pixels of the widest edges and contours that a renderer shows, up to a few pixels:
+/// all its faces are moved back behind them alike, so that none comes in front of another.
+class WidthOnFaces {
+ public:
+  explicit WidthOnFaces(vtkRenderer& renderer);
+  ~WidthOnFaces();
+  WidthOnFaces(const WidthOnFaces&) = delete;
+  WidthOnFaces& operator=(const WidthOnFaces&) = delete;
+
+  /// 0 for no such lines.
+  double get() const { return _pixels; }
+
+ private:
+  void update();
+
+  vtkWeakPointer<vtkRenderer> _renderer;
+  unsigned long _observer;
+  double _pixels = 0.0;
+};
+
+}  // namespace vemo
