@@ -1,4 +1,6 @@
 #include "render/RenderScene.h"
+#include "vemoview/render/draw/BatchGroups.h"
+#include <vemo/resolve/SceneResolver.h>
 
 #include <vtkCellData.h>
 #include <vtkPointData.h>
@@ -172,6 +174,19 @@ TEST(BatchTest, LeavesContoursSizesAndOrderToEachMesh) {
   const Picture few = draw(8);
   EXPECT_GT(countPixels(few, {255, 0, 0}), 100);
   EXPECT_EQ(countDifferences(draw(40), few, 1), 0);
+}
+
+TEST(BatchTest, MergesMeshesApartFromEachOtherInAnyOrder) {
+  RenderScene scene;
+  for (int i = 0; i < 2000; ++i) {
+    const int place = i * 777 % 2000;
+    const auto x = static_cast<float>(place % 50);
+    const auto y = static_cast<float>(place / 50);
+    auto& tile = scene.addSurface(makeRectangle(x, x + 0.5F, y, y + 0.5F), {1, 0, 0});
+    lines(tile).setLineWidth(1 + i % 20);
+    mesh(tile).setMeshVisible(true, false);
+  }
+  EXPECT_EQ(groupIntoBatches(resolveScene(scene.node()).canvases.at(0).meshes).size(), 20U);
 }
 
 TEST(BatchTest, DrawsTransformedMeshesTogetherAsAlone) {

@@ -187,6 +187,47 @@ TEST(ResolverFindingsTest, SayThatLegendsHaveTooManyTexts) {
   EXPECT_THAT(found.codes(), ElementsAre("colormap-adjusted", "decorations-limited"));
 }
 
+lum::LegendDrawable& addLegend(SceneBuilder& scene, const std::string& name) {
+  auto& legend = scene.drawables().findOrCreate<lum::LegendDrawable>(name);
+  legend.getColorLookupTable().setScalarRange({0, 1});
+  return legend;
+}
+
+double leftOf(const Decoration& decoration) {
+  return std::get<LegendDecoration>(decoration.content).position[0];
+}
+
+TEST(ResolverFindingsTest, LeaveOutLegendsThatAreNotSeenTogether) {
+  SceneBuilder scene;
+  makeGroundWhite(scene);
+  auto& shown = addLegend(scene, "shown");
+  auto& hidden = addLegend(scene, "hidden");
+  hidden.getBaseAttributes().setVisibility(false, false);
+  const FoundFindings found;
+  SceneResolver whole(scene.node());
+  whole.resolve();
+  EXPECT_GT(leftOf(whole.resolveHidden(0).decorations.at(0)), 0.1) << "it may be shown later";
+  SceneResolver resolver(scene.node());
+  resolver.resolve();
+  shown.getBaseAttributes().setVisibility(false, false);
+  hidden.getBaseAttributes().setVisibility(true, false);
+  EXPECT_EQ(resolver.update(0).decorations.size(), 1U);
+  EXPECT_EQ(std::ranges::count(found.codes(), "legend-moved"), 0);
+}
+
+TEST(ResolverFindingsTest, SayThatNumbersOfLegendsFillTooManyPictures) {
+  SceneBuilder scene;
+  makeGroundWhite(scene);
+  for (int i = 0; i < 9; ++i) {
+    auto& legend = addLegend(scene, std::to_string(i));
+    legend.getLegendAttributes().setNumberOfLabels(100);
+    legend.getAttributes<lum::TextAttributes>().setFontSize(1);
+  }
+  const FoundFindings found;
+  EXPECT_EQ(resolveScene(scene.node()).canvases.at(0).decorations.size(), 8U);
+  EXPECT_EQ(std::ranges::count(found.codes(), "decorations-limited"), 1);
+}
+
 TEST(ResolverFindingsTest, NameTheirNodeAndComeOnce) {
   SceneBuilder scene;
   makeGroundWhite(scene);

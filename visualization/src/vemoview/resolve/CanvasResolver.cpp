@@ -161,22 +161,21 @@ CanvasUpdate CanvasResolver::update() {
 
 CanvasUpdate CanvasResolver::collectAdded() {
   const auto visible = collectVisible(*_canvas.hasDrawableCollection());
-  CanvasUpdate result = resolve(visible);
+  DrawableSet visibleNow;
   for (const VisibleDrawable& each : visible) {
-    result.visible.insert(each.drawable);
+    visibleNow.insert(each.drawable);
   }
-  return result;
+  return resolve(visible, std::move(visibleNow));
 }
 
 CanvasUpdate CanvasResolver::resolveHidden() {
   const NodeScope scope(_canvas);
-  CanvasUpdate result = resolve(collectAll(*_canvas.hasDrawableCollection()));
-  result.visible = visibleParts(*_canvas.hasDrawableCollection());
-  return result;
+  return resolve(collectAll(*_canvas.hasDrawableCollection()),
+                 visibleParts(*_canvas.hasDrawableCollection()));
 }
 
 /// Those that have not been resolved before.
-CanvasUpdate CanvasResolver::resolve(const std::vector<VisibleDrawable>& drawables) {
+CanvasUpdate CanvasResolver::resolve(const std::vector<VisibleDrawable>& drawables, DrawableSet visibleNow) {
   CanvasUpdate result;
   std::vector<VisibleDrawable> added;
   for (const VisibleDrawable& each : drawables) {
@@ -185,10 +184,11 @@ CanvasUpdate CanvasResolver::resolve(const std::vector<VisibleDrawable>& drawabl
     }
   }
   result.meshes = _meshes.resolve(added);
-  result.decorations = _decorations.resolve(added);
+  result.decorations = _decorations.resolve(added, visibleNow);
   for (const VisibleDrawable& each : added) {
     _resolved.insert(each.drawable);
   }
+  result.visible = std::move(visibleNow);
   return result;
 }
 

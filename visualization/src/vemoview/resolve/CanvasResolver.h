@@ -33,7 +33,7 @@ class CanvasResolver {
   // The size is the canvas's, as a part of the window's.
   void frame(CanvasUpdate& content, const CanvasCamera& camera, const Vector<2, double>& size);
   void view(CanvasUpdate& content, const CanvasCamera& camera, const Vector<2, double>& size);
-  CanvasUpdate resolve(const std::vector<VisibleDrawable>& drawables);
+  CanvasUpdate resolve(const std::vector<VisibleDrawable>& drawables, DrawableSet visibleNow);
 
   const lum::SceneCanvas& _canvas;
   ResolvedCanvas::Role _role;

@@ -11,8 +11,11 @@
 #include <vtkPolyData.h>
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <compare>
 #include <cstddef>
+#include <cstdint>
 #include <map>
 #include <numeric>
 #include <optional>
@@ -87,7 +90,7 @@ Cover coverOf(const MeshInstance& mesh) {
   cover.hasFaces = isSurface && appearance.hasFaces;
   cover.hasOnFaces = appearance.isOfSurface || (isSurface && (appearance.hasEdges || appearance.hasContour));
   cover.hasOthers = !isSurface && !appearance.isOfSurface;
-  const Box bounds = boundsOf(*mesh.geometry);
+  const Box bounds = boundsOfCells(*mesh.geometry);
   forEachInstance(mesh.transforms, [&](const InstanceTransform* transform) {
     cover.box.add(instanceBounds(transform, bounds));
   });
@@ -111,53 +114,152 @@ bool mayCoincide(const Cover& a, const Cover& b) {
          (a.hasFaces && b.hasOthers);
 }
 
-/// The order in which the meshes of a scene are drawn.
+std::vector<Cover> coversOf(const std::vector<MeshInstance>& meshes) {
+  std::vector<Cover> covers;
+  covers.reserve(meshes.size());
+  for (const MeshInstance& mesh : meshes) {
+    covers.push_back(coverOf(mesh));
+  }
+  return covers;
+}
+
+/// Of most boxes that are not points.
+double usualSide(const std::vector<Cover>& covers) {
+  std::vector<double> sides;
+  for (const Cover& cover : covers) {
+    if (const double side = cover.box.longestSide(); side > 0.0 && std::isfinite(side)) {
+      sides.push_back(side);
+    }
+  }
+  if (sides.empty()) {
+    return 1.0;
+  }
+  const auto middle = sides.begin() + static_cast<std::ptrdiff_t>(sides.size() / 2);
+  std::ranges::nth_element(sides, middle);
+  return *middle;
+}
+
+/// Meshes one after the other, of one group or of none.
+struct Run {
+  std::optional<std::size_t> group;
+  std::vector<std::size_t> members;
+};
+
+using Runs = std::vector<Run>;
+
+void addTo(Runs& runs, std::optional<std::size_t> group, std::size_t mesh) {
+  if (runs.empty() || runs.back().group != group) {
+    runs.push_back({group, {}});
+  }
+  runs.back().members.push_back(mesh);
+}
+
+/// The meshes in the order in which they are drawn, each in the cells of a grid that it touches.
+/// Meshes that may coincide have a cell in common, wherever they are in the order.
 class DrawingOrder {
  public:
-  explicit DrawingOrder(const std::vector<MeshInstance>& meshes) : _meshes(meshes), _covers(meshes.size()) {}
+  explicit DrawingOrder(const std::vector<MeshInstance>& meshes)
+      : _covers(coversOf(meshes)), _cellSide(usualSide(_covers)) {}
 
   /// The next mesh is in a group, or in none.
   void add(std::optional<std::size_t> group) {
-    if (_runs.empty() || _runs.back().group != group) {
-      _runs.push_back({group, _count});
+    const CellRange range = rangeOf(_covers[_count].box);
+    if (range.isWide()) {
+      addTo(_wide, group, _count);
+    } else {
+      range.forEach([&](const Cell& cell) {
+        addTo(_cells[cell], group, _count);
+        return true;
+      });
     }
+    addTo(_all, group, _count);
     ++_count;
   }
 
   /// Whether the next mesh can be drawn as early as the first one of its group: before the later
   /// ones of other groups. False if these are too many to look at, which costs a further batch only.
-  bool canBeAdvanced(std::size_t group, std::size_t first) {
-    constexpr std::size_t MOST_TESTS = 500;
+  bool canBeAdvanced(std::size_t group, std::size_t first) const {
+    const CellRange range = rangeOf(_covers[_count].box);
     std::size_t tests = 0;
-    std::size_t end = _count;
-    for (auto run = _runs.rbegin(); run != _runs.rend() && end > first; end = run->first, ++run) {
-      for (std::size_t i = std::max(run->first, first); run->group != group && i < end; ++i) {
-        if (++tests > MOST_TESTS || mayCoincide(cover(i), cover(_count))) {
+    if (range.isWide()) {
+      return isFree(_all, group, first, tests);
+    }
+    return isFree(_wide, group, first, tests) && range.forEach([&](const Cell& cell) {
+      const auto found = _cells.find(cell);
+      return found == _cells.end() || isFree(found->second, group, first, tests);
+    });
+  }
+
+ private:
+  using Cell = std::array<std::int64_t, 3>;
+
+  /// The cells that a box touches.
+  struct CellRange {
+    Cell low;
+    Cell high;
+
+    /// Too many to be listed.
+    bool isWide() const {
+      constexpr double MOST_CELLS = 64.0;
+      double cells = 1.0;
+      for (std::size_t axis = 0; axis < 3; ++axis) {
+        cells *= static_cast<double>(high[axis] - low[axis] + 1);
+      }
+      return cells > MOST_CELLS;
+    }
+
+    /// Calls visit(cell) until it returns false; returns whether it never did.
+    template <class Visit>
+    bool forEach(Visit&& visit) const {
+      for (std::int64_t x = low[0]; x <= high[0]; ++x) {
+        for (std::int64_t y = low[1]; y <= high[1]; ++y) {
+          for (std::int64_t z = low[2]; z <= high[2]; ++z) {
+            if (!visit(Cell{x, y, z})) {
+              return false;
+            }
+          }
+        }
+      }
+      return true;
+    }
+  };
+
+  std::int64_t indexOf(double coordinate) const {
+    // What is farther away has the last cells in common.
+    constexpr double LAST = 1e15;
+    return static_cast<std::int64_t>(std::clamp(std::floor(coordinate / _cellSide), -LAST, LAST));
+  }
+
+  CellRange rangeOf(const Box& box) const {
+    CellRange range{};
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+      range.low[axis] = indexOf(box.low[axis]);
+      range.high[axis] = indexOf(box.high[axis]);
+    }
+    return range;
+  }
+
+  /// Whether the next mesh coincides with none of other groups from the first one on.
+  bool isFree(const Runs& runs, std::size_t group, std::size_t first, std::size_t& tests) const {
+    constexpr std::size_t MOST_TESTS = 500;
+    for (auto run = runs.rbegin(); run != runs.rend() && run->members.back() >= first; ++run) {
+      ++tests;
+      for (auto i = run->members.rbegin(); run->group != group && i != run->members.rend() && *i >= first;
+           ++i) {
+        if (++tests > MOST_TESTS || mayCoincide(_covers[*i], _covers[_count])) {
           return false;
         }
       }
-      ++tests;
     }
     return true;
   }
 
- private:
-  /// Meshes one after the other, of one group or of none.
-  struct Run {
-    std::optional<std::size_t> group;
-    std::size_t first;
-  };
-
-  const Cover& cover(std::size_t mesh) {
-    if (!_covers[mesh]) {
-      _covers[mesh] = coverOf(_meshes[mesh]);
-    }
-    return *_covers[mesh];
-  }
-
-  const std::vector<MeshInstance>& _meshes;
-  std::vector<std::optional<Cover>> _covers;
-  std::vector<Run> _runs;
+  std::vector<Cover> _covers;
+  double _cellSide;
+  std::map<Cell, Runs> _cells;
+  /// Those of too many cells.
+  Runs _wide;
+  Runs _all;
   std::size_t _count = 0;
 };
 
@@ -168,6 +270,9 @@ std::vector<std::vector<std::size_t>> groupSmallMeshes(const std::vector<MeshIns
     vtkIdType points;
   };
   std::vector<std::vector<std::size_t>> groups;
+  if (std::ranges::count_if(meshes, isSmall) < static_cast<std::ptrdiff_t>(FEW)) {
+    return groups;
+  }
   std::map<BatchKey, Group> open;
   DrawingOrder order(meshes);
   for (std::size_t i = 0; i < meshes.size(); ++i) {

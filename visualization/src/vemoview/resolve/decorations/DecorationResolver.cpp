@@ -3,6 +3,7 @@
 #include "vemoview/resolve/canvas/BackgroundResolver.h"
 #include "vemoview/resolve/decorations/ImageResolver.h"
 #include "vemoview/resolve/decorations/LegendResolver.h"
+#include "vemoview/resolve/decorations/LegendTicks.h"
 #include "vemoview/resolve/decorations/TextResolver.h"
 #include "vemoview/resolve/decorations/TextStyleResolver.h"
 #include "vemoview/resolve/values/NodeFindings.h"
@@ -15,7 +16,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <cstdio>
 #include <optional>
 #include <type_traits>
 #include <variant>
@@ -63,20 +63,16 @@ int countPieces(const Content& content) {
   return triad != nullptr && triad->labels ? static_cast<int>(triad->labels->size()) : 1;
 }
 
-/// The length of the longest number of a legend, in characters, give or take some.
-std::string longestLabel(const LegendDecoration& legend) {
-  int length = 0;
-  for (const double end : legend.table.range) {
-    length = std::max(length, std::snprintf(nullptr, 0, legend.labelFormat.c_str(), end));
-  }
-  return std::string(static_cast<std::size_t>(length), '0');
-}
-
 /// How many pictures the texts of a decoration fill at most.
 struct FilledPictures {
   double operator()(const LegendDecoration& legend) const {
-    return picturesFilledBy(legend.title, legend.lineHeight) +
-           legend.labelCount * picturesFilledBy(longestLabel(legend), legend.lineHeight);
+    const ColorTable& table = legend.table;
+    double sum = picturesFilledBy(legend.title, legend.lineHeight);
+    for (const std::string& label :
+         labelsOf(makeLegendTicks(table.range, table.isLog10, legend.labelCount), legend.labelFormat)) {
+      sum += picturesFilledBy(label, legend.lineHeight);
+    }
+    return sum;
   }
   double operator()(const TextDecoration& text) const { return picturesFilledBy(text.text, text.lineHeight); }
   double operator()(const ImageDecoration& /*image*/) const { return 0.0; }
@@ -157,7 +153,8 @@ void makeReadableOnDark(Content& content) {
 
 }  // namespace
 
-std::vector<Decoration> DecorationResolver::resolve(const std::vector<VisibleDrawable>& drawables) {
+std::vector<Decoration> DecorationResolver::resolve(const std::vector<VisibleDrawable>& drawables,
+                                                    const DrawableSet& visibleNow) {
   std::vector<Decoration> result;
   for (const VisibleDrawable& visible : drawables) {
     if (_isFull) {
@@ -169,7 +166,7 @@ std::vector<Decoration> DecorationResolver::resolve(const std::vector<VisibleDra
       continue;
     }
     if (auto* const legend = std::get_if<LegendDecoration>(&*content)) {
-      _legends.place(*legend, visible.drawable->getName());
+      _legends.place(*legend, *visible.drawable, visibleNow);
     }
     clip(*content, visible.isClipped);
     if (isDark(_background, placeInWindow(*content))) {

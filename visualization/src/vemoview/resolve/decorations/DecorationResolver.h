@@ -6,6 +6,7 @@
 #include "vemoview/resolve/values/ColorTableResolver.h"
 #include <vemo/resolve/Background.h>
 #include <vemo/resolve/Decoration.h>
+#include <vemo/resolve/SceneResolver.h>
 
 #include <vector>
 
@@ -20,7 +21,9 @@ class DecorationResolver {
       : _background(background), _cameras(cameras), _tables(tables) {}
 
   /// The decorations among drawables, in order, up to the limit.
-  std::vector<Decoration> resolve(const std::vector<VisibleDrawable>& drawables);
+  /// @param visibleNow all that is visible, resolved earlier or not
+  std::vector<Decoration> resolve(const std::vector<VisibleDrawable>& drawables,
+                                  const DrawableSet& visibleNow);
 
  private:
   /// Counts a further decoration; false once the limit is reached.

@@ -1,10 +1,8 @@
 #pragma once
 
 #include <vemo/resolve/Decoration.h>
+#include <vemo/resolve/SceneResolver.h>
 
-#include <cstddef>
-#include <optional>
-#include <string>
 #include <vector>
 
 namespace vemo {
@@ -12,22 +10,19 @@ namespace vemo {
 /// Places the legends of a canvas so that none covers another.
 class LegendPlacement {
  public:
-  /// Moves a legend aside from those placed before, or reports that there is no room.
-  void place(LegendDecoration& legend, const std::string& name);
+  /// Moves a legend aside from those placed before, hidden since or not. Those that cannot be seen
+  /// together are not reported; without room beside all, a legend may cover hidden ones.
+  void place(LegendDecoration& legend, const lum::Drawable& drawable, const DrawableSet& visible);
 
   /// Shares out the room around the legends among decorations, which have been placed.
   void shareRoom(std::vector<Decoration>& decorations) const;
 
  private:
   struct Place {
-    std::string name;
+    const lum::Drawable* drawable;
     Vector<2, double> low;
     Vector<2, double> high;
   };
-
-  const Place* findCovered(const Place& place) const;
-  std::optional<Place> findFree(const Place& wanted, bool isAside) const;
-  bool moveToFree(Place& place, std::size_t axis, bool isForward) const;
 
   std::vector<Place> _places;
 };

@@ -56,9 +56,13 @@ void reportUnsuitableFormat(const LegendDecoration& legend, const std::string& w
                                                          "\" has too few digits");
   }
   // Digits are about half as wide as a line is high.
-  constexpr double ACROSS = USUAL_WIDTH / (0.45 * LEGEND_LINE_HEIGHT * USUAL_HEIGHT);
-  const std::size_t longest = labels.empty() ? 0 : std::ranges::max(labels, {}, &std::string::size).size();
-  if (static_cast<double>(longest) > (legend.isVertical ? ACROSS : ACROSS / 2.0)) {
+  const double lineHeight = std::min(legend.lineHeight, LEGEND_LINE_HEIGHT);
+  const double across = USUAL_WIDTH / (0.45 * lineHeight * USUAL_HEIGHT);
+  std::size_t longest = 0;
+  for (const std::string& label : labels) {
+    longest = std::max(longest, charactersOf(label).size());
+  }
+  if (static_cast<double>(longest) > (legend.isVertical ? across : across / 2.0)) {
     reportFinding(FindingCode::TEXT_CHANGED,
                   fmt::format("{} has numbers of {} characters, which are drawn smaller than stated in a "
                               "picture of {} x {} pixels",
