@@ -3,9 +3,9 @@
 #include "vemoview/resolve/canvas/BackgroundResolver.h"
 #include "vemoview/resolve/decorations/ImageResolver.h"
 #include "vemoview/resolve/decorations/LegendResolver.h"
-#include "vemoview/resolve/decorations/LegendTicks.h"
 #include "vemoview/resolve/decorations/TextResolver.h"
 #include "vemoview/resolve/decorations/TextStyleResolver.h"
+#include "vemoview/resolve/values/LegendTicks.h"
 #include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/drawables/ImageDrawable.h>
