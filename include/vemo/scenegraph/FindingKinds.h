@@ -84,7 +84,7 @@
   KIND(VERSION_TOO_NEW, REFUSED, "An element has a newer version than this program supports.") \
   KIND(VIEW_ADJUSTED, CHANGED, "The direction, the upward direction or the scale of a view is unusable: others are used.") \
   KIND(VIEW_EMPTY, NOTE, "A view shows none of the geometries: they are behind the camera, too close to it, beside the picture, cut away by clipping planes, smaller or thinner than a pixel, seen edge-on or without a contour to draw.") \
-  KIND(VIEW_IMPRECISE, CHANGED, "A view shows so small a part of a geometry, or is so far away, that the picture is wrong or empty: OpenGL computes with limited precision.") \
+  KIND(VIEW_IMPRECISE, CHANGED, "A view shows so small a part of a geometry, or is so far away, that the picture is wrong or empty; or what is close to the camera is not drawn, because the model reaches far: OpenGL computes with limited precision.") \
   KIND(VISIBILITY_PARTIAL, CHANGED, "A visibility between 0 and 1 counts as 1, except for images.") \
   KIND(XML_INVALID, REFUSED, "The scene description is not well-formed XML, is nested too deeply or is too large.")
 // clang-format on

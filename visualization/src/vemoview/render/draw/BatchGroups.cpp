@@ -140,12 +140,12 @@ double usualSide(const std::vector<Cover>& covers) {
 }
 
 /// Meshes one after the other, of one group or of none.
-struct Run {
+struct MeshRun {
   std::optional<std::size_t> group;
   std::vector<std::size_t> members;
 };
 
-using Runs = std::vector<Run>;
+using Runs = std::vector<MeshRun>;
 
 void addTo(Runs& runs, std::optional<std::size_t> group, std::size_t mesh) {
   if (runs.empty() || runs.back().group != group) {
