@@ -181,7 +181,8 @@ TEST(BatchTest, MergesMeshesApartFromEachOtherInAnyOrder) {
   for (int i = 0; i < 2000; ++i) {
     const int place = i * 777 % 2000;
     const auto x = static_cast<float>(place % 50);
-    const auto y = static_cast<float>(place / 50);
+    const int row = place / 50;
+    const auto y = static_cast<float>(row);
     auto& tile = scene.addSurface(makeRectangle(x, x + 0.5F, y, y + 0.5F), {1, 0, 0});
     lines(tile).setLineWidth(1 + i % 20);
     mesh(tile).setMeshVisible(true, false);

@@ -23,7 +23,7 @@ WidthOnFaces::~WidthOnFaces() {
 void WidthOnFaces::update() {
   _pixels = 0.0;
   vtkPropCollection& props = *_renderer->GetViewProps();
-  vtkCollectionSimpleIterator place;
+  vtkCollectionSimpleIterator place = nullptr;
   props.InitTraversal(place);
   while (vtkProp* const prop = props.GetNextProp(place)) {
     auto* const actor = dynamic_cast<MeshActor*>(prop);
