@@ -3,9 +3,10 @@
 #include "FileChecks.h"
 #include "InputFile.h"
 #include "OutputFile.h"
-#include "output/ExitCode.h"
+#include "output/Messages.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <filesystem>
 #include <fmt/format.h>
 #include <map>
@@ -104,6 +105,15 @@ void FileArguments::makeFolder() {
                   fmt::format("Cannot create the folder \"{}\": {}", _folder, error.message()));
   }
   _newFolder.emplace(_folder);
+}
+
+void FileArguments::showFailures(const std::vector<ExitCode>& codes) {
+  if (const auto written = std::ranges::count(codes, ExitCode::DONE); written < std::ssize(codes)) {
+    // Of no file.
+    startMessages("");
+    showMessage(
+        fmt::format("{} files: {} written, {} failed", codes.size(), written, std::ssize(codes) - written));
+  }
 }
 
 }  // namespace vemo

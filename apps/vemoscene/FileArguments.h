@@ -1,5 +1,7 @@
 #pragma once
 
+#include "output/ExitCode.h"
+
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -46,6 +48,9 @@ class FileArguments {
   /// Creates the folder for outputs if there is none. Unless something is written to it, it
   /// is removed with this object. Throws Failure with CANNOT_WRITE.
   void makeFolder();
+
+  /// Shows how many of several files were written, unless all were.
+  static void showFailures(const std::vector<ExitCode>& codes);
 
  private:
   std::vector<Paths> pathsInFolder(const std::string& extension) const;

@@ -102,12 +102,13 @@ struct DrawnPicture {
   std::vector<Finding> findings;
 };
 
-DrawnPicture draw(const lum::SceneNode& scene, const RenderOptions& options, const std::string& file) {
+DrawnPicture draw(const lum::SceneNode& scene, const RenderOptions& options, const std::string& file,
+                  bool isJpeg) {
   DrawnPicture drawn;
   const FindingCapture capture(drawn.findings);
   drawn.picture = std::make_unique<Picture>(renderPicture(scene, options));
   if (!file.empty()) {
-    drawn.picture->writePng(file);
+    isJpeg ? drawn.picture->writeJpeg(file) : drawn.picture->writePng(file);
   }
   return drawn;
 }
@@ -128,10 +129,10 @@ const lum::SceneNode& requireScene(const lum::Node& node) {
 }
 
 /// @param file for the picture; empty for none
-py::tuple render(const NodeHandle& root, int width, int height, const std::string& file) {
+py::tuple render(const NodeHandle& root, int width, int height, const std::string& file, bool isJpeg) {
   const lum::SceneNode& scene = requireScene(*root.node);
   DrawnPicture drawn = runInTurn({.target = file}, py::none(), [&](const ProgressReport&) {
-    return draw(scene, {.width = width, .height = height}, file);
+    return draw(scene, {.width = width, .height = height}, file, isJpeg);
   });
   return py::make_tuple(toNumpy(std::move(drawn.picture)), toTuple(drawn.findings));
 }
@@ -146,12 +147,14 @@ py::object inTurn(const py::function& work) {
 }  // namespace
 
 void defineOperations(py::module_& module) {
+  module.attr("VERSION") = VEMO_VERSION;
   module.attr("MAX_PICTURE_SIZE") = MAX_PICTURE_SIZE;
   module.def("open", openFile, py::arg("path"), py::arg("progress"));
   module.def("open_bytes", openBytes, py::arg("data"), py::arg("progress"));
   module.def("convert", convert, py::arg("source"), py::arg("target"), py::arg("progress"));
   module.def("check", check, py::arg("path"));
-  module.def("render", render, py::arg("root"), py::arg("width"), py::arg("height"), py::arg("file"));
+  module.def("render", render, py::arg("root"), py::arg("width"), py::arg("height"), py::arg("file"),
+             py::arg("is_jpeg"));
   module.def("in_turn", inTurn, py::arg("work"));
 }
 

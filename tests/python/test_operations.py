@@ -99,6 +99,21 @@ def test_picture_is_that_of_the_program(tmp_path: pathlib.Path) -> None:
     picture[:] = 0
 
 
+def test_extension_says_which_kind_of_picture(tmp_path: pathlib.Path) -> None:
+    path = EXAMPLES / "drum.zip"
+    run_program("render", path, tmp_path / "expected.jpg", "--size", "160x90")
+    for name in ["saved.jpg", "saved.JPEG"]:
+        vemoscene.render(path, (160, 90), save=tmp_path / name)
+        assert (tmp_path / name).read_bytes() == (tmp_path / "expected.jpg").read_bytes()
+    with pytest.raises(ValueError, match="saved.bmp is neither"):
+        vemoscene.render(path, (160, 90), save=tmp_path / "saved.bmp")
+    assert not (tmp_path / "saved.bmp").exists()
+
+
+def test_version_is_that_of_the_program() -> None:
+    assert run_program("--version") == f"vemoscene {vemoscene.__version__}\n"
+
+
 def test_drawing_reports_what_it_does_not_draw(tmp_path: pathlib.Path) -> None:
     annotation = "<annotation name='label' text='&#xE123;' visibility='1' version='1'/>"
     path = write_archive(tmp_path / "text.zip", scene_xml(annotation, GEOMETRY.format("g")))

@@ -493,6 +493,25 @@ TEST(ScenePictureTest, FitsTheModelOrAnItemFromAStandardView) {
   EXPECT_THROW(renderPicture(scene.node(), options), NothingToFit);
 }
 
+TEST(ScenePictureTest, FitsInPerspectiveToo) {
+  RenderScene scene;
+  // Two sides of a bar.
+  auto& bar =
+      scene.addSurface(makePolyData({{0, 0, 0}, {8, 0, 0}, {8, 0, 1}, {0, 0, 1}, {0, 1, 0}, {0, 1, 1}},
+                                    {.polys = {{0, 1, 2, 3}, {0, 3, 5, 4}}}),
+                       {0, 1, 0});
+  const auto widthFrom = [&](const Vector3& position, RenderOptions options) {
+    lum::setView(scene.node(), lum::Viewpoint{position, {0, 0, 0}, {0, 0, 1}, std::nullopt});
+    options.fitted = {&bar};
+    return inkOn(renderPicture(scene.node(), options), BLACK).width();
+  };
+  EXPECT_NEAR(widthFrom({0, -2, 0}, {.width = 210, .height = 105}), 200, 2);
+  EXPECT_NEAR(widthFrom({0, -2, 0}, {.width = 105, .height = 210}), 100, 2);
+  EXPECT_NEAR(widthFrom({0, -2, 0}, {.width = 210, .height = 105, .viewAngle = 120.0}), 200, 2);
+  EXPECT_NEAR(widthFrom({-2, 0, 0}, {.width = 210, .height = 105}), 100, 2) << "along the bar";
+  EXPECT_GT(widthFrom({-2, 0, 0}, {.width = 210, .height = 105, .viewAngle = 179.0}), 0) << "from close by";
+}
+
 TEST(ScenePictureTest, ShowsAsMuchAsTheAngleOfTheViewSays) {
   RenderScene scene;
   scene.addSurface(makePolyData({{-1, 0, -1}, {1, 0, -1}, {1, 0, 1}, {-1, 0, 1}}, {.polys = {{0, 1, 2, 3}}}),

@@ -5,6 +5,7 @@
 #include "support/SceneBuilder.h"
 #include "support/TemporaryFolder.h"
 #include <vemo/resolve/SceneResolver.h>
+#include <vemo/scenegraph/canvas/CanvasPositionAttributes.h>
 #include <vemo/scenegraph/drawables/ImageDrawable.h>
 #include <vemo/scenegraph/edit/View.h>
 
@@ -107,6 +108,18 @@ TEST(ResolverFindingsTest, SayWhatAViewOfEverythingCutsOff) {
   EXPECT_THAT(findingsOf(scene, {.measureText = measure}), IsEmpty()) << "in a stated view";
   scene.canvas().getCameraAttributes().setParallelScale(std::nullopt);
   EXPECT_THAT(findingsOf(scene, {.measureText = measure}), ElementsAre("decoration-cut", "decoration-cut"));
+}
+
+TEST(ResolverFindingsTest, KnowThatANarrowCanvasIsSeenFromFurtherAway) {
+  SceneBuilder scene;
+  makeGroundWhite(scene);
+  scene.canvas().getAttributes<lum::CanvasPositionAttributes>().setPosition({0.8, 0});
+  scene.canvas().getCameraAttributes().setParallelScale(std::nullopt);
+  scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 0, 0});
+  auto& text = addText(scene, "x");
+  text.getAnnotationAttributes().setCoordinateSpace(lum::CoordinateSpace::MODEL);
+  text.getPositionAttributes().setPosition({1, 0, 0}, false);
+  EXPECT_THAT(findingsOf(scene), IsEmpty());
 }
 
 TEST(ResolverFindingsTest, SayThatATriadIsBehindTheCameraWhateverTheAngle) {

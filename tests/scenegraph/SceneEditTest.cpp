@@ -128,6 +128,8 @@ TEST(SceneEditTest, ColoursAllGeometryThatHasAnArray) {
 
   lum::setColorRange(scene.node(), {-1, 1});
   EXPECT_EQ(scene.rangeOf(scene.second), (Range{-1, 1}));
+  EXPECT_EQ(lum::findColorRange(scene.node(), "heat"), (Range{-1, 1}));
+  EXPECT_EQ(lum::findColorRange(scene.node(), "wind"), std::nullopt) << "nothing has its colours any more";
   EXPECT_EQ(scene.heatLegend.getColorLookupTable().getScalarRange(), (Range{-1, 1}));
 }
 

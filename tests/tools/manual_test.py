@@ -40,6 +40,11 @@ for name in sorted(options(help_text).union(*(options(run(program, "help", each)
     for place, text in texts.items():
         if not re.search(rf"{name}\b", text):
             faults.append(f"{name} is not in the {place}")
+plain_page = re.sub(r"\\f[BIR]", "", texts["manual page"])
+for each in commands:
+    arguments = re.search(r"^Usage: .* \[OPTIONS\] (.*)$", run(program, "help", each), re.MULTILINE).group(1)
+    if f"\nvemoscene {each} {arguments} [OPTION]...\n" not in plain_page:
+        faults.append(f"the manual page does not have the arguments {arguments} of {each}")
 
 
 

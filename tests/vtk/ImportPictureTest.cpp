@@ -9,7 +9,9 @@
 #include <vemo/scenegraph/canvas/CanvasPositionAttributes.h>
 
 #include <vtkCamera.h>
+#include <vtkImageData.h>
 #include <vtkPointData.h>
+#include <vtkWindowToImageFilter.h>
 
 #include <gtest/gtest.h>
 
@@ -104,6 +106,33 @@ TEST(ImportPictureTest, HasWhatIsBeforeAndBehindTheModel) {
   foreground.findOrCreate<lum::LegendDrawable>("legend");
   node.getOrientationCanvas().getDrawableCollection().findOrCreate<lum::TriadDrawable>("axes");
   expectSamePicture(node);
+}
+
+TEST(ImportPictureTest, HasItsBackgroundWhenVtkDrawsItAgainInParts) {
+  SceneBuilder scene;
+  auto& background = scene.node().getBackgroundCanvas().getBackgroundAttributes();
+  background.setColorMode(lum::BackgroundColorModes::TOP_BOTTOM);
+  background.setColor1({0, 0, 1});
+  background.setColor2({1, 1, 0});
+  ImportWindow window;
+  vtkNew<vtkVemoSceneImporter> importer;
+  importer->SetScene(&scene.node());
+  window.import(*importer);
+  const Picture expected = drawn(scene.node());
+  for (const int scale : {1, 2}) {
+    vtkNew<vtkWindowToImageFilter> pictures;
+    pictures->SetInput(window.window);
+    pictures->SetScale(scale);
+    pictures->Update();
+    vtkImageData& image = *pictures->GetOutput();
+    for (const int row : {1, SIZE / 4, SIZE / 2, SIZE - 2}) {
+      const auto* const pixel = static_cast<const unsigned char*>(
+          image.GetScalarPointer(scale * SIZE / 2, scale * (SIZE - 1 - row), 0));
+      for (std::size_t channel = 0; channel < 3; ++channel) {
+        EXPECT_NEAR(pixel[channel], expected.at(SIZE / 2, row)[channel], 4) << scale << " times, row " << row;
+      }
+    }
+  }
 }
 
 TEST(ImportPictureTest, TellsDepthsApartAsFinely) {

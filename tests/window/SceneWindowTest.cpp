@@ -179,8 +179,11 @@ TEST_F(SceneWindowTest, ColoursByAnArrayAndRange) {
   EXPECT_NE(before, (Picture::Pixel{0, 0, 255})) << "a range of one value is green";
   QTimer::singleShot(0, [] {
     QDialog& dialog = dynamic_cast<QDialog&>(*QApplication::activeModalWidget());
-    QTest::keyClicks(dialog.findChild<QLineEdit*>("low"), "-10");
-    QTest::keyClicks(dialog.findChild<QLineEdit*>("high"), "0");
+    auto* const low = dialog.findChild<QLineEdit*>("low");
+    EXPECT_EQ(low->text(), "0") << "the present range";
+    low->selectAll();
+    QTest::keyClicks(low, "-10");
+    EXPECT_EQ(dialog.findChild<QLineEdit*>("high")->text(), "0");
     dialog.accept();
   });
   QTest::keyClick(&open.view(), Qt::Key_R, Qt::ControlModifier);

@@ -93,6 +93,7 @@ void addConvertCommand(CLI::App& app, Command& command) {
       throw CLI::ValidationError("--ledger", "There is one for a single FILE only");
     }
     command.prepare = [arguments] { arguments->files.makeFolder(); };
+    command.summarize = FileArguments::showFailures;
     for (const FileArguments::Paths& paths : all) {
       command.jobs.push_back({paths.file, [arguments, paths] { convert(*arguments, paths); }});
     }

@@ -87,6 +87,7 @@ void addRenderCommand(CLI::App& app, Command& command) {
     requireSize(arguments->picture);
     const char* const extension = findPictureKind("", arguments->format).extension;
     command.prepare = [arguments] { arguments->files.makeFolder(); };
+    command.summarize = FileArguments::showFailures;
     for (const auto& paths : arguments->files.getPaths(extension)) {
       const auto& [file, output] = paths;
       command.jobs.push_back(

@@ -46,7 +46,10 @@ std::string arguments(const std::vector<ArgumentText>& all, bool arePositional) 
 std::string synopsis(const ProgramText& program, const CommandText& command) {
   std::string text = fmt::format(".PP\n\\fB{} {}\\fR", program.name, command.name);
   for (const ArgumentText& each : command.arguments) {
-    text += each.isPositional ? fmt::format(" \\fI{}\\fR", escaped(each.names.front())) : "";
+    if (each.isPositional) {
+      const std::string name = fmt::format("\\fI{}\\fR", escaped(each.names.front()));
+      text += each.isRequired ? " " + name : " [" + name + "]";
+    }
   }
   return text + " [\\fIOPTION\\fR]...\n";
 }

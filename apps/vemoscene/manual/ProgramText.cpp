@@ -23,6 +23,7 @@ ArgumentText describe(const CLI::Option& option) {
   }
   text.description = option.get_description();
   text.isRepeatable = option.get_multi_option_policy() == CLI::MultiOptionPolicy::TakeAll;
+  text.isRequired = option.get_required();
   return text;
 }
 

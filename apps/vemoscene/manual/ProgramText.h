@@ -18,6 +18,7 @@ struct ArgumentText {
   std::string value;
   std::string description;
   bool isRepeatable = false;
+  bool isRequired = false;
 
   /// The values that there are, if the name of the value lists them: "front|back".
   std::vector<std::string> getChoices() const;

@@ -35,6 +35,8 @@ __all__ = [
     "Severity", "UnsupportedFormatError", "UnsupportedVersionError", "check", "convert", "open", "open_bytes", "render"
 ]
 
+__version__ = _native.VERSION
+
 _Path = Union[str, bytes, "os.PathLike[str]", "os.PathLike[bytes]"]
 
 _Progress = Optional[Callable[[float], object]]
@@ -86,17 +88,25 @@ def render(scene: Scene | Node | _Path, size: tuple[int, int] = (1024, 768), *, 
     """Draws a scene without a display, and returns the picture: rows from top to bottom of pixels of red, green, blue.
 
     size: width and height in pixels.
-    save: a PNG file to be written, too; it replaces an existing file.
+    save: a PNG file (.png, or without an extension) or JPEG file (.jpg, .jpeg) to be written, too; it replaces an
+        existing file.
     findings: a list to which what is not drawn, or drawn differently, is appended.
     """
     width, height = size
     if not (1 <= width <= MAX_PICTURE_SIZE and 1 <= height <= MAX_PICTURE_SIZE):
         raise ValueError(f"width and height must be from 1 to {MAX_PICTURE_SIZE}")
     file = b"" if save is None else os.fsencode(save)
-    picture, found = _native.render(_root_of(scene), width, height, file)
+    picture, found = _native.render(_root_of(scene), width, height, file, _is_jpeg(file))
     if findings is not None:
         findings.extend(found)
     return picture
+
+
+def _is_jpeg(file: bytes) -> bool:
+    extension = os.path.splitext(file)[1].lower()
+    if extension not in (b"", b".png", b".jpg", b".jpeg"):
+        raise ValueError(f"{os.fsdecode(file)} is neither a PNG file (.png) nor a JPEG file (.jpg, .jpeg)")
+    return extension in (b".jpg", b".jpeg")
 
 
 def _root_of(scene: Scene | Node | _Path) -> Node:

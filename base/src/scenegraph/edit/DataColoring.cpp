@@ -251,6 +251,15 @@ std::vector<std::string> listUsedColorArrays(SceneNode& scene) {
   return sorted(names);
 }
 
+std::optional<Vector2> findColorRange(SceneNode& scene, const std::string& array) {
+  for (const Use& use : findUses(scene, array)) {
+    if (isColoredBy(*use.drawable, array)) {
+      return tableOf(*use.drawable)->getScalarRange();
+    }
+  }
+  return std::nullopt;
+}
+
 void colorByArray(SceneNode& scene, const std::string& array, const std::optional<Vector2>& range) {
   const std::vector<Use> uses = findUses(scene, array);
   if (uses.empty()) {

@@ -17,6 +17,10 @@ VEMO_SCENEGRAPH_EXPORT std::vector<std::string> listColorArrays(SceneNode& scene
 /// The names of the arrays that colour geometry of the scene, sorted.
 VEMO_SCENEGRAPH_EXPORT std::vector<std::string> listUsedColorArrays(SceneNode& scene);
 
+/// The values of the first and last colour of the first geometry that an array colours; nothing
+/// if there is none.
+VEMO_SCENEGRAPH_EXPORT std::optional<Vector2> findColorRange(SceneNode& scene, const std::string& array);
+
 /// Colours all geometry that has an array over its points or cells by it, with one colour
 /// table: that of geometry coloured by the array before, else another of the scene, else a
 /// rainbow. Of several components the first counts. Without a range, it is that of all

@@ -128,8 +128,8 @@ void CanvasResolver::frame(CanvasUpdate& content, const CanvasCamera& camera, co
   const double side = framed.longestSide();
   if (side > 0.0) {
     const double shape = widthToHeight(size);
-    const ViewVolume view(_viewChange.fitsModel ? fitting(camera, framed, shape) : framing(camera, framed),
-                          shape);
+    const ViewVolume view(
+        _viewChange.fitsModel ? fitting(camera, framed, shape) : framing(camera, framed, shape), shape);
     const UsualCanvas canvas = usualCanvas(camera, view, size, _model);
     model.reportInvisible(canvas, _clipPlanes, side);
     reportUnseenDecorations(content.decorations, {&canvas, true, size, _clipPlanes, _measureText});

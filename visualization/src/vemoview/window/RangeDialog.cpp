@@ -1,10 +1,14 @@
 #include "vemoview/window/RangeDialog.h"
 
+#include "vemoview/window/ItemText.h"
+
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLineEdit>
+#include <QLocale>
 #include <limits>
+#include <utility>
 
 namespace vemo {
 
@@ -16,14 +20,26 @@ double valueOf(const QLineEdit& line) {
   return isNumber ? value : std::numeric_limits<double>::quiet_NaN();
 }
 
+QString textOf(double value) {
+  return QString::number(value, 'g', QLocale::FloatingPointShortest);
+}
+
 }  // namespace
 
-RangeDialog::RangeDialog(const QStringList& arrays, QWidget* parent)
-    : QDialog(parent), _array(new QComboBox), _low(new QLineEdit), _high(new QLineEdit) {
+RangeDialog::RangeDialog(std::vector<ColoringArray> arrays, QWidget* parent)
+    : QDialog(parent),
+      _arrays(std::move(arrays)),
+      _array(new QComboBox),
+      _low(new QLineEdit),
+      _high(new QLineEdit) {
   setWindowTitle("Range of colours");
   _low->setObjectName("low");
   _high->setObjectName("high");
-  _array->addItems(arrays);
+  for (const ColoringArray& array : _arrays) {
+    _array->addItem(toText(array.name));
+  }
+  showPresentRange();
+  connect(_array, qOverload<int>(&QComboBox::currentIndexChanged), this, &RangeDialog::showPresentRange);
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -34,8 +50,17 @@ RangeDialog::RangeDialog(const QStringList& arrays, QWidget* parent)
   layout->addRow(buttons);
 }
 
-std::size_t RangeDialog::getArray() const {
-  return static_cast<std::size_t>(_array->currentIndex());
+const RangeDialog::ColoringArray& RangeDialog::chosen() const {
+  return _arrays.at(static_cast<std::size_t>(_array->currentIndex()));
+}
+
+void RangeDialog::showPresentRange() {
+  _low->setText(textOf(chosen().range[0]));
+  _high->setText(textOf(chosen().range[1]));
+}
+
+const std::string& RangeDialog::getArray() const {
+  return chosen().name;
 }
 
 Vector<2, double> RangeDialog::getRange() const {

@@ -3,7 +3,8 @@
 #include <vemo/base/Vector.h>
 
 #include <QDialog>
-#include <cstddef>
+#include <string>
+#include <vector>
 
 class QComboBox;
 class QLineEdit;
@@ -13,14 +14,24 @@ namespace vemo {
 /// Asks for an array, and for the values of its first and last colour.
 class RangeDialog final : public QDialog {
  public:
-  RangeDialog(const QStringList& arrays, QWidget* parent);
+  struct ColoringArray {
+    std::string name;
+    /// The present values.
+    Vector<2, double> range;
+  };
 
-  /// The index of the chosen array.
-  std::size_t getArray() const;
+  RangeDialog(std::vector<ColoringArray> arrays, QWidget* parent);
+
+  /// The name of the chosen array.
+  const std::string& getArray() const;
   /// NaN for what is not a number.
   Vector<2, double> getRange() const;
 
  private:
+  const ColoringArray& chosen() const;
+  void showPresentRange();
+
+  std::vector<ColoringArray> _arrays;
   QComboBox* _array;
   QLineEdit* _low;
   QLineEdit* _high;

@@ -34,6 +34,7 @@
 #include <QToolBar>
 #include <QUrl>
 #include <algorithm>
+#include <utility>
 
 namespace vemo {
 
@@ -231,17 +232,17 @@ void SceneWindow::listArrays(QMenu& menu) {
 }
 
 void SceneWindow::askAndSetRange() {
-  QStringList arrays;
+  std::vector<RangeDialog::ColoringArray> arrays;
   for (const std::string& array : lum::listUsedColorArrays(_scene)) {
-    arrays.append(toText(array));
+    arrays.push_back({array, lum::findColorRange(_scene, array).value()});
   }
-  if (arrays.isEmpty()) {
+  if (arrays.empty()) {
     QMessageBox::information(this, "Range of colours", "No geometry is coloured by an array.");
     return;
   }
-  RangeDialog dialog(arrays, this);
+  RangeDialog dialog(std::move(arrays), this);
   if (dialog.exec() == QDialog::Accepted) {
-    lum::setColorRange(_scene, dialog.getRange(), lum::listUsedColorArrays(_scene).at(dialog.getArray()));
+    lum::setColorRange(_scene, dialog.getRange(), dialog.getArray());
     followScene();
   }
 }

@@ -1,10 +1,11 @@
 #include "vemoview/render/draw/Background.h"
 
 #include <vtkActor.h>
-#include <vtkCamera.h>
 #include <vtkCellArray.h>
 #include <vtkMatrix4x4.h>
 #include <vtkNew.h>
+#include <vtkObjectFactory.h>
+#include <vtkOpenGLCamera.h>
 #include <vtkPointData.h>
 #include <vtkPoints.h>
 #include <vtkPolyData.h>
@@ -35,7 +36,7 @@ class ColoredFaces {
   }
 
   void addCorner(double x, double y, const Color& color) {
-    _points->InsertNextPoint(x, y, 1.0);
+    _points->InsertNextPoint(x, y, 0.0);
     for (const double value : color) {
       _colors->InsertNextValue(static_cast<unsigned char>(std::lround(value * 255.0)));
     }
@@ -72,15 +73,32 @@ void addFaces(const RadialBackground& background, ColoredFaces& faces) {
   }
 }
 
-/// The renderer shows its coordinates unchanged, whatever its proportions.
-void useOwnCoordinates(vtkRenderer& renderer) {
-  vtkCamera& camera = *renderer.GetActiveCamera();
-  camera.SetPosition(0.0, 0.0, 1.0);
-  camera.SetFocalPoint(0.0, 0.0, 0.0);
-  vtkNew<vtkMatrix4x4> identity;
-  camera.SetExplicitProjectionTransformMatrix(identity);
-  camera.UseExplicitProjectionTransformMatrixOn();
-}
+/// Shows all coordinates from -1 to 1, whatever the proportions of the renderer. A class, since
+/// vtkWindowToImageFilter draws parts of the picture with new instances of the cameras, to which it
+/// does not copy an explicit projection.
+class CameraOfSquare final : public vtkOpenGLCamera {
+ public:
+  static CameraOfSquare* New();
+
+  using vtkOpenGLCamera::GetProjectionTransformMatrix;
+
+  vtkMatrix4x4* GetProjectionTransformMatrix(double /*aspect*/, double nearest, double farthest) override {
+    constexpr double SQUARE = 1.0;
+    return vtkOpenGLCamera::GetProjectionTransformMatrix(SQUARE, nearest, farthest);
+  }
+
+ protected:
+  vtkObjectBase* NewInstanceInternal() const override { return New(); }
+
+ private:
+  CameraOfSquare() {
+    ParallelProjectionOn();
+    SetParallelScale(1.0);
+    SetClippingRange(0.5, 1.5);
+  }
+};
+
+vtkStandardNewMacro(CameraOfSquare);
 
 void addActor(vtkRenderer& renderer, ColoredFaces& faces) {
   vtkNew<vtkPolyDataMapper> mapper;
@@ -90,7 +108,7 @@ void addActor(vtkRenderer& renderer, ColoredFaces& faces) {
   actor->GetProperty()->LightingOff();
   actor->PickableOff();
   renderer.AddActor(actor);
-  useOwnCoordinates(renderer);
+  renderer.SetActiveCamera(vtkNew<CameraOfSquare>());
 }
 
 void apply(vtkRenderer& renderer, const SolidBackground& background) {

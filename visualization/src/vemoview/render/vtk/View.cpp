@@ -31,6 +31,12 @@ vtkSmartPointer<vtkLight> makeHeadlight() {
   return light;
 }
 
+CanvasCamera cameraOf(vtkCamera& view) {
+  return {CanvasCamera::Viewpoint{toVector(view.GetPosition()), toVector(view.GetFocalPoint()),
+                                  toVector(view.GetViewUp())},
+          view.GetParallelProjection() != 0, view.GetParallelScale(), view.GetViewAngle()};
+}
+
 void frameBox(vtkRenderer& renderer, const Box& box) {
   renderer.ResetCamera(box.low[0], box.high[0], box.low[1], box.high[1], box.low[2], box.high[2]);
 }
@@ -55,16 +61,8 @@ void pointCamera(vtkCamera& view, const CanvasCamera& camera) {
 }
 
 void fitBox(vtkRenderer& renderer, const Box& box) {
-  frameBox(renderer, box);
-  vtkCamera& camera = *renderer.GetActiveCamera();
-  if (camera.GetParallelProjection() == 0) {
-    return;
-  }
-  const double scale = fittingScale(toVector(camera.GetDirectionOfProjection()), toVector(camera.GetViewUp()),
-                                    box, renderer.GetTiledAspectRatio());
-  if (scale > 0.0) {
-    camera.SetParallelScale(scale);
-  }
+  vtkCamera& view = *renderer.GetActiveCamera();
+  pointCamera(view, fitting(cameraOf(view), box, renderer.GetTiledAspectRatio()));
 }
 
 Box visibleBounds(vtkRenderer& renderer, Box others) {

@@ -18,8 +18,8 @@ namespace vemo {
 /// Sets position, direction and projection of a camera, as far as they are stated.
 void pointCamera(vtkCamera& view, const CanvasCamera& camera);
 
-/// Moves a renderer's camera so that a box that is not empty is in the picture; a parallel
-/// camera so that it fills the picture, apart from a margin.
+/// Moves a renderer's camera so that a box that is not empty fills the picture, apart from a
+/// margin.
 void fitBox(vtkRenderer& renderer, const Box& box);
 
 /// The box around all visible actors, and the box `others`.

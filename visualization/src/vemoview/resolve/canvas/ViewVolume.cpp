@@ -11,20 +11,12 @@ namespace vemo {
 
 namespace {
 
-/// In parallel projection more than the box needs, for a margin around it.
+/// More than a box needs, for a margin around it.
 constexpr double MARGIN = 1.05;
 
-double halfAngle(const CanvasCamera& camera) {
-  return camera.viewAngle * std::numbers::pi / 360.0;
-}
-
-/// The length of the box's shadow on a line.
-double extentAlong(const Vector3& direction, const Box& box) {
-  double extent = 0.0;
-  for (std::size_t axis = 0; axis < 3; ++axis) {
-    extent += std::abs(direction[axis]) * (box.high[axis] - box.low[axis]);
-  }
-  return extent;
+/// Half the height of a picture in perspective at a depth of 1.
+double slopeOf(const CanvasCamera& camera) {
+  return std::tan(camera.viewAngle * std::numbers::pi / 360.0);
 }
 
 }  // namespace
@@ -35,7 +27,7 @@ ViewVolume::ViewVolume(const CanvasCamera& camera, double shape)
       _right(normalized(cross(_forward, camera.viewpoint->viewUp))),
       _isParallel(camera.isParallel),
       _parallelScale(camera.parallelScale.value_or(0.0)),
-      _slope(std::tan(halfAngle(camera))),
+      _slope(slopeOf(camera)),
       _shape(shape) {
   _up = cross(_right, _forward);
 }
@@ -107,11 +99,12 @@ Vector<2, double> ViewVolume::placeOf(const Vector3& point) const {
   return {(dot(place, _right) / (_shape * half) + 1.0) / 2.0, (dot(place, _up) / half + 1.0) / 2.0};
 }
 
-CanvasCamera framing(const CanvasCamera& camera, const Box& box) {
+CanvasCamera framing(const CanvasCamera& camera, const Box& box, double shape) {
   // As VTK does for a point.
   constexpr double RADIUS_OF_POINT = 0.5;
   const double diagonal = length(box.high - box.low);
   const double radius = diagonal > 0.0 ? diagonal / 2.0 : RADIUS_OF_POINT;
+  const double narrowness = std::min(shape, 1.0);
   CanvasCamera result = camera;
   Vector3 backward{0.0, 0.0, 1.0};
   Vector3 viewUp{0.0, 1.0, 0.0};
@@ -120,24 +113,35 @@ CanvasCamera framing(const CanvasCamera& camera, const Box& box) {
     viewUp = camera.viewpoint->viewUp;
   }
   const Vector3 center = box.center();
-  result.viewpoint = {center + radius / std::sin(halfAngle(camera)) * backward, center, viewUp};
-  result.parallelScale = radius;
+  const double angle = std::atan(slopeOf(camera) * narrowness);
+  result.viewpoint = {center + radius / std::sin(angle) * backward, center, viewUp};
+  result.parallelScale = radius / narrowness;
   return result;
 }
 
 CanvasCamera fitting(const CanvasCamera& camera, const Box& box, double shape) {
-  CanvasCamera result = framing(camera, box);
-  const auto& [position, focalPoint, viewUp] = *result.viewpoint;
-  const double scale = fittingScale(normalized(focalPoint - position), viewUp, box, shape);
+  CanvasCamera result = framing(camera, box, shape);
+  auto& [position, focalPoint, viewUp] = *result.viewpoint;
+  const Vector3 forward = normalized(focalPoint - position);
+  const Vector3 right = normalized(cross(forward, viewUp));
+  const Vector3 up = cross(right, forward);
+  // The camera stays outside of the box, however wide its angle is.
+  const double leastDepth = (MARGIN - 1.0) * length(box.high - box.low);
+  double scale = 0.0;
+  double distance = 0.0;
+  for (const Vector3& corner : box.corners()) {
+    const Vector3 place = corner - focalPoint;
+    const double half = MARGIN * std::max(std::abs(dot(place, up)), std::abs(dot(place, right)) / shape);
+    scale = std::max(scale, half);
+    distance = std::max(distance, std::max(half / slopeOf(camera), leastDepth) - dot(place, forward));
+  }
   if (scale > 0.0) {
     result.parallelScale = scale;
+    if (!camera.isParallel) {
+      position = focalPoint - distance * forward;
+    }
   }
   return result;
-}
-
-double fittingScale(const Vector3& forward, const Vector3& viewUp, const Box& box, double shape) {
-  const Vector3 right = normalized(cross(forward, viewUp));
-  return MARGIN / 2.0 * std::max(extentAlong(cross(right, forward), box), extentAlong(right, box) / shape);
 }
 
 }  // namespace vemo

@@ -83,15 +83,10 @@ class ViewVolume {
 };
 
 /// The camera as it is moved to show all of a box, which is not empty, as VTK moves it.
-CanvasCamera framing(const CanvasCamera& camera, const Box& box);
-
-/// The same, but in parallel projection the box fills the picture, apart from a margin.
 /// @param shape the picture's width divided by its height
-CanvasCamera fitting(const CanvasCamera& camera, const Box& box, double shape);
+CanvasCamera framing(const CanvasCamera& camera, const Box& box, double shape);
 
-/// Half the height of a parallel picture that a box fills; 0 for a box that is seen as a point.
-/// @param forward a unit vector
-VEMO_RESOLVE_EXPORT double fittingScale(const Vector3& forward, const Vector3& viewUp, const Box& box,
-                                        double shape);
+/// The same, but the box fills the picture, apart from a margin.
+VEMO_RESOLVE_EXPORT CanvasCamera fitting(const CanvasCamera& camera, const Box& box, double shape);
 
 }  // namespace vemo
