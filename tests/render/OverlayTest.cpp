@@ -149,7 +149,8 @@ TEST(ImageTest, IsCutByPlanesUnlessItSaysNo) {
 TEST(ImageTest, IsInFrontOfFacesInItsPlaneAndBehindLines) {
   const auto draw = [](bool hasFace, bool hasLine) {
     RenderScene scene;
-    scene.canvas().getCameraAttributes().setPosition({0, -5, 1.5});
+    scene.canvas().getCameraAttributes().setPosition({3.1, -4.3, 1.7});
+    scene.canvas().getCameraAttributes().setViewUp({0, 0, 1});
     scene.canvas().getCameraAttributes().setProjectionMode(
         lum::CameraAttributes::ProjectionMode::PERSPECTIVE);
     addImage(scene).getImageAttributes().setCoordinateSpace(lum::CoordinateSpace::MODEL);

@@ -277,7 +277,7 @@ TEST(ScenePictureTest, HidesEdgesBehindFacesWhateverIsFar) {
   behind.getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
   behind.getAttributes<lum::MeshAttributes>().setMeshColor({0, 1, 0});
   scene.addSurface(makeRectangle(-0.5F, 0.5F, -0.5F, 0.5F, -5000), {0, 0, 1});
-  EXPECT_EQ(countPixels(scene.render(), {0, 255, 0}), 0);
+  EXPECT_EQ(boxWhere(scene.render(), [](const auto& pixel) { return pixel[1] > 0; }).count, 0);
 }
 
 /// Whatever the order in which they are drawn: rounding would let the face show through.
@@ -308,7 +308,7 @@ TEST(ScenePictureTest, FillsConcavePolygons) {
                                              {.polys = {{0, 1, 2, 3, 4, 5, 6, 7}}}),
                                 {1, 0, 0});
   const Picture filled = scene.render();
-  EXPECT_EQ(at(filled, 0, 0.4), BLACK);
+  EXPECT_EQ(at(filled, 0.1, 0.3), BLACK);
   for (const double x : {-0.6, 0.6}) {
     EXPECT_EQ(at(filled, x, 0.4), RED);
     EXPECT_EQ(at(filled, x, -0.4), RED);

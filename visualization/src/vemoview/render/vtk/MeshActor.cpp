@@ -73,7 +73,8 @@ void MeshActor::setDepthRange(vtkCamera& camera) const {
     // Of a model that reaches much further than the picture is high, it would be a long way.
     constexpr double MOST_HEIGHTS = 20.0;
     const double reach = std::min(range[1] - range[0], MOST_HEIGHTS * camera.GetParallelScale());
-    glDepthRange(0.0, 1.0 - share * std::max(NEARER * reach / (range[1] - range[0]), LEAST));
+    const double most = std::max(NEARER * reach / (range[1] - range[0]), LEAST);
+    glDepthRange((1.0 - share) * most, 1.0 - share * most);
     return;
   }
   // In perspective a constant difference of depths would be a large one far away, where hidden
