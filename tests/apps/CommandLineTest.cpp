@@ -2,6 +2,7 @@
 #include "support/ArchiveBuilder.h"
 #include "support/Databases.h"
 #include "support/Expected.h"
+#include "support/SceneXml.h"
 #include <vemo/scenegraph/io/SDBReader.h>
 
 #include <chrono>
@@ -151,6 +152,51 @@ TEST_F(CommandLineTest, PrintsNamesWithLineBreaksInOneLine) {
   makeArchive(std::regex_replace(makeDescription("heat"), std::regex("\"piece\""), "\"a&#10;b\""))
       .write(_folder / "broken.zip");
   EXPECT_THAT(run({"info", "broken.zip"}).out, HasSubstr("DrawableCollection \"a b\"\n"));
+}
+
+/// What drawing makes of it follows from what reading has reported.
+TEST_F(CommandLineTest, ReportsAFaultOnce) {
+  const auto points = [](const std::string& children) {
+    return geometry("pointScaleMode='1' pointScaleScalarName='heat'", children);
+  };
+  const std::string array = "<array name='heat' dim='1' data='heat' vertexData='true'/>";
+  const std::string sizes = "<pointScaleScalarMapTo x='1' y='9'/>";
+  const auto colored = [&](const std::string& colormap) {
+    return assembly("A", geometry("polys='polys'", array) + "<colormap name='c' " + colormap + "</colormap>");
+  };
+  const std::string colors = "<c>ff0000ff</c><c>0000ffff</c>";
+  const struct {
+    std::string scene;
+    std::vector<std::string> codes;
+  } cases[] = {
+      {colored("min='0' max=''>" + colors), {"value-unreadable"}},
+      {colored("min='x' max='5' log10='true'>" + colors), {"value-unreadable"}},
+      {colored("min='0' max=''>"), {"value-unreadable", "colormap-adjusted"}},
+      {colored("min='0' max='0'>" + colors), {"colormap-adjusted"}},
+      {points("<array name='heat' dim='1' data='p' vertexData='true'/>" + sizes), {"array-left-out"}},
+      {points(sizes), {"points-not-scaled"}},
+      {points(array + sizes + "<pointScaleScalarRange x='0' y='none'/>"), {"value-unreadable"}},
+      {points(array + sizes + "<pointScaleScalarRange x='0' y='0'/>"), {"points-not-scaled"}},
+      {points(array + "<pointScaleScalarMapTo x='1' y='none'/>"), {"value-unreadable"}},
+      {points(array + "<pointScaleScalarMapTo x='1' y='0'/>"), {"point-scale-adjusted"}},
+  };
+  for (const auto& [scene, codes] : cases) {
+    ArchiveBuilder()
+        .text("scene.xml", sceneXml(scene))
+        .floats("p", {0, 0, 0, 1, 0, 0, 0, 1, 0})
+        .floats("heat", {1, 2, 3})
+        .ints("polys", {3, 0, 1, 2})
+        .write(_folder / "fault.zip");
+    const std::string out = run({"check", "fault.zip"}).out;
+    std::vector<std::string> found;
+    const std::regex code("\\(([a-z-]+)[;)]");
+    for (std::sregex_iterator match(out.begin(), out.end(), code), end; match != end; ++match) {
+      if ((*match)[1] != "entry-unused" && (*match)[1] != "attribute-without-effect") {
+        found.push_back((*match)[1]);
+      }
+    }
+    EXPECT_EQ(found, codes) << out;
+  }
 }
 
 TEST_F(CommandLineTest, ConvertsToStandardOutput) {

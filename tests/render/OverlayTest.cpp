@@ -146,6 +146,32 @@ TEST(ImageTest, IsCutByPlanesUnlessItSaysNo) {
   }
 }
 
+TEST(ImageTest, IsInFrontOfFacesInItsPlaneAndBehindLines) {
+  const auto draw = [](bool hasFace, bool hasLine) {
+    RenderScene scene;
+    scene.canvas().getCameraAttributes().setPosition({3.1, -4.3, 1.7});
+    scene.canvas().getCameraAttributes().setViewUp({0, 0, 1});
+    scene.canvas().getCameraAttributes().setProjectionMode(
+        lum::CameraAttributes::ProjectionMode::PERSPECTIVE);
+    addImage(scene).getImageAttributes().setCoordinateSpace(lum::CoordinateSpace::MODEL);
+    if (hasFace) {
+      scene.addSurface(makeRectangle(-0.7F, 1.1F, -0.9F, 1.3F), {1, 0, 0});
+    }
+    if (hasLine) {
+      scene.add<lum::PolyLineDrawable>(
+          makePolyData({{0.1F, 0.21F, 0}, {0.93F, 0.77F, 0}}, {.lines = {{0, 1}}}), {0, 0, 1});
+    }
+    return scene.render();
+  };
+  for (const bool hasLine : {false, true}) {
+    EXPECT_EQ(countPixels(draw(true, hasLine), WHITE), countPixels(draw(false, hasLine), WHITE));
+  }
+  const auto isBlue = [](const auto& pixel) { return pixel[2] > pixel[0] + 20; };
+  const int line = boxWhere(draw(true, true), isBlue).count;
+  EXPECT_GT(line, 50);
+  EXPECT_EQ(line, boxWhere(draw(false, true), isBlue).count);
+}
+
 TEST(ImageTest, HasOneTextureHoweverOftenItIsShown) {
   RenderScene scene;
   const auto pixels = makeArray<vtkUnsignedCharArray>("pixels", {255});

@@ -258,6 +258,68 @@ TEST(ScenePictureTest, HidesEdgesBehindFacesWhateverIsNear) {
   EXPECT_NEAR(countEdges(true), edges, 20);
 }
 
+TEST(ScenePictureTest, LightsAllTrianglesOfSelfCrossingPolygons) {
+  RenderScene scene;
+  const auto crossed =
+      makePolyData(flat({-0.8F, -0.8F, 0.8F, 0.8F, 0.8F, -0.8F, -0.8F, 0.8F}), {.polys = {{0, 1, 2, 3}}});
+  crossed->GetPointData()->AddArray(makeArray("Normals", {0, 0, 1, 0, 0, 1, 0, 0, 1, 0, 0, 1}, 3));
+  scene.addSurface(crossed, {1, 0, 0});
+  const Picture picture = scene.render();
+  EXPECT_EQ(at(picture, -0.7, 0), RED);
+  EXPECT_EQ(at(picture, 0.7, 0), RED);
+}
+
+/// In a parallel view of a model that reaches far behind what is seen.
+TEST(ScenePictureTest, HidesEdgesBehindFacesWhateverIsFar) {
+  RenderScene scene;
+  scene.addSurface(makeRectangle(-0.5F, 0.5F, -0.5F, 0.5F), {1, 0, 0});
+  auto& behind = scene.addSurface(makeRectangle(-0.4F, 0.4F, -0.4F, 0.4F, -0.03F), {0, 0, 1});
+  behind.getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
+  behind.getAttributes<lum::MeshAttributes>().setMeshColor({0, 1, 0});
+  scene.addSurface(makeRectangle(-0.5F, 0.5F, -0.5F, 0.5F, -5000), {0, 0, 1});
+  EXPECT_EQ(boxWhere(scene.render(), [](const auto& pixel) { return pixel[1] > 0; }).count, 0);
+}
+
+/// Whatever the order in which they are drawn: rounding would let the face show through.
+TEST(ScenePictureTest, DrawsLinesInFrontOfFacesInTheirPlane) {
+  const auto countBlue = [](bool hasFace) {
+    RenderScene scene;
+    lookAlongTheGround(scene);
+    scene.canvas().getCameraAttributes().setProjectionMode(
+        lum::CameraAttributes::ProjectionMode::PERSPECTIVE);
+    auto& line = scene.add<lum::PolyLineDrawable>(
+        makePolyData({{-0.7F, -0.31F, 0}, {0.63F, 0.37F, 0}}, {.lines = {{0, 1}}}), {0, 0, 1});
+    line.getAttributes<lum::LineAttributes>().setLineWidth(2);
+    if (hasFace) {
+      scene.addSurface(makeRectangle(-0.9F, 0.8F, -0.8F, 0.9F), {1, 0, 0});
+    }
+    return countPixels(scene.render(), {0, 0, 255});
+  };
+  const int line = countBlue(false);
+  EXPECT_GT(line, 100);
+  EXPECT_NEAR(countBlue(true), line, 0.02 * line);
+}
+
+/// No fan of triangles around a corner fills it.
+TEST(ScenePictureTest, FillsConcavePolygons) {
+  RenderScene scene;
+  auto& comb = scene.addSurface(makePolyData(flat({-0.8F, -0.8F, 0.8F, -0.8F, 0.8F, 0.8F, 0.4F, 0.8F, 0.4F, 0,
+                                                   -0.4F, 0, -0.4F, 0.8F, -0.8F, 0.8F}),
+                                             {.polys = {{0, 1, 2, 3, 4, 5, 6, 7}}}),
+                                {1, 0, 0});
+  const Picture filled = scene.render();
+  EXPECT_EQ(at(filled, 0.1, 0.3), BLACK);
+  for (const double x : {-0.6, 0.6}) {
+    EXPECT_EQ(at(filled, x, 0.4), RED);
+    EXPECT_EQ(at(filled, x, -0.4), RED);
+  }
+  comb.getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
+  comb.getAttributes<lum::MeshAttributes>().setMeshColor({0, 1, 0});
+  const Picture withEdges = scene.render();
+  comb.getAttributes<lum::SurfaceAttributes>().setShaded(false);
+  EXPECT_EQ(countPixels(withEdges, {0, 255, 0}), countPixels(scene.render(), {0, 255, 0}));
+}
+
 TEST(ScenePictureTest, IsEmptyWhenManyPlanesCutAllAway) {
   RenderScene scene;
   scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 0, 0});

@@ -48,7 +48,6 @@ Json toJson(const Appearance& appearance) {
   return {{"hasFaces", appearance.hasFaces},
           {"hasEdges", appearance.hasEdges},
           {"hasContour", appearance.hasContour},
-          {"isOfSurface", appearance.isOfSurface},
           {"isClipped", appearance.isClipped},
           {"edgeColor", toJson(appearance.edgeColor)},
           {"edgeOpacity", toJson(appearance.edgeOpacity)},

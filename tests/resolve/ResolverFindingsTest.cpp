@@ -5,6 +5,7 @@
 #include "support/SceneBuilder.h"
 #include "support/TemporaryFolder.h"
 #include <vemo/resolve/SceneResolver.h>
+#include <vemo/scenegraph/canvas/BaseCanvasAttributes.h>
 #include <vemo/scenegraph/canvas/CanvasPositionAttributes.h>
 #include <vemo/scenegraph/drawables/ImageDrawable.h>
 #include <vemo/scenegraph/edit/View.h>
@@ -120,6 +121,29 @@ TEST(ResolverFindingsTest, KnowThatANarrowCanvasIsSeenFromFurtherAway) {
   text.getAnnotationAttributes().setCoordinateSpace(lum::CoordinateSpace::MODEL);
   text.getPositionAttributes().setPosition({1, 0, 0}, false);
   EXPECT_THAT(findingsOf(scene), IsEmpty());
+}
+
+TEST(ResolverFindingsTest, SayThatACanvasIsOutsideTheWindow) {
+  const struct {
+    Vector<2, double> position;
+    Vector<2, double> size;
+    bool hasText;
+    std::vector<std::string> expected;
+  } cases[] = {{{0.9, 0.9}, {0.5, 0.5}, true, {}},
+               {{1.0, 0.0}, {1.0, 1.0}, true, {"scene-not-drawn"}},
+               {{0.0, 0.0}, {1.0, 0.0}, true, {"scene-not-drawn"}},
+               {{1.0, 0.0}, {1.0, 1.0}, false, {}}};
+  for (const auto& [position, size, hasText, expected] : cases) {
+    SceneBuilder scene;
+    makeGroundWhite(scene);
+    lum::SceneCanvas& canvas = scene.node().getForegroundCanvas();
+    canvas.getAttributes<lum::CanvasPositionAttributes>().setPosition(position);
+    canvas.getAttributes<lum::BaseCanvasAttributes>().setSize(size);
+    auto& text = scene.collectionIn(canvas.getDrawableCollection()).findOrCreate<lum::TextDrawable>();
+    text.getAnnotationAttributes().setText("x");
+    text.getBaseAttributes().setVisibility(hasText, false);
+    EXPECT_EQ(findingsOf(scene), expected) << position << size;
+  }
 }
 
 TEST(ResolverFindingsTest, SayThatATriadIsBehindTheCameraWhateverTheAngle) {

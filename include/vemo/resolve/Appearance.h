@@ -21,8 +21,6 @@ struct Appearance {
   bool hasEdges = false;
   /// Whether border and sharp edges are drawn, in the edges' colour.
   bool hasContour = false;
-  /// Of lines and points: whether they belong to a surface, on which they may lie.
-  bool isOfSurface = false;
   /// Whether the canvas's clipping planes cut it.
   bool isClipped = true;
   /// Red, green, blue in 0..1.

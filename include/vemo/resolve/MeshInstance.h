@@ -39,6 +39,9 @@ struct MeshInstance {
   /// lines, or vertices, as the appearance's kind says. Arrays that fit. It shares
   /// memory with the scene and with other instances.
   vtkSmartPointer<vtkPolyData> geometry;
+  /// The same with triangles in place of the polygons that no fan of triangles around their first
+  /// point fills; null if there are none. Faces are drawn with it.
+  vtkSmartPointer<vtkPolyData> filling;
   /// Those that its points have in the node; null if they are the same.
   vtkSmartPointer<vtkIdList> pointNumbers;
   Appearance appearance;

@@ -64,11 +64,11 @@
   KIND(POINT_SCALE_ADJUSTED, CHANGED, "The range or the sizes stated for scaling points are unusable: others are used.") \
   KIND(POINTS_NOT_SCALED, CHANGED, "Points that should be scaled by data all have the same size.") \
   KIND(POINTS_WITHOUT_POSITION, LOST, "Points have coordinates that are not finite. These points, and the cells that use them, are not drawn.") \
-  KIND(POLYGONS_FOLDED, CHANGED, "Concave or self-intersecting polygons are drawn with the wrong shape.") \
+  KIND(POLYGONS_FOLDED, CHANGED, "Polygons that intersect themselves, or are concave and not flat, are drawn with the wrong shape.") \
   KIND(REFERENCE_LOST, LOST, "A reference to a node outside the written scene is not written.") \
   KIND(REPEATS_LIMITED, LOST, "There are too many repeats: only the first ones are shown.") \
   KIND(ROOT_UNKNOWN, CHANGED, "The root element is not called `scene`, but is read as if it were.") \
-  KIND(SCENE_NOT_DRAWN, LOST, "A scene is too large to be drawn.") \
+  KIND(SCENE_NOT_DRAWN, LOST, "A scene is too large to be drawn, or a canvas of it, with all that it shows, is outside the window.") \
   KIND(SETTINGS_REPLACED, CHANGED, "Geometries with the same name and type share a drawable, but state different settings for it.") \
   KIND(STREAM_INVALID, LOST, "A scene stream, or an array that belongs to one, cannot be read.") \
   KIND(TEXT_CHANGED, CHANGED, "A text is too long and is cut off or drawn smaller, is not valid UTF-8, or has control characters that are drawn as the characters of Windows-1252 in their places.") \
@@ -84,7 +84,7 @@
   KIND(VERSION_TOO_NEW, REFUSED, "An element has a newer version than this program supports.") \
   KIND(VIEW_ADJUSTED, CHANGED, "The direction, the upward direction or the scale of a view is unusable: others are used.") \
   KIND(VIEW_EMPTY, NOTE, "A view shows none of the geometries: they are behind the camera, too close to it, beside the picture, cut away by clipping planes, smaller or thinner than a pixel, seen edge-on or without a contour to draw.") \
-  KIND(VIEW_IMPRECISE, CHANGED, "A view shows so small a part of a geometry, or is so far away, that the picture is wrong or empty; or what is close to the camera is not drawn, because the model reaches far: OpenGL computes with limited precision.") \
+  KIND(VIEW_IMPRECISE, CHANGED, "A view shows so small a part of a geometry, or is so far away, that the picture is wrong or empty; or the model reaches so far that what is close to the camera is not drawn or, in a parallel view, that what is behind may cover what is in front: OpenGL computes with limited precision.") \
   KIND(VISIBILITY_PARTIAL, CHANGED, "A visibility between 0 and 1 counts as 1, except for images.") \
   KIND(XML_INVALID, REFUSED, "The scene description is not well-formed XML, is nested too deeply or is too large.")
 // clang-format on

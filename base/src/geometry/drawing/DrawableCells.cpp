@@ -1,7 +1,7 @@
 #include "geometry/drawing/DrawableCells.h"
 
 #include "geometry/Cells.h"
-#include "geometry/NewArray.h"
+#include "geometry/drawing/SelectedData.h"
 #include "geometry/drawing/StrayPoints.h"
 
 #include <vtkCellArray.h>
@@ -71,27 +71,6 @@ class CellCopier {
   /// A run as VTK takes it.
   std::vector<vtkIdType> _run;
 };
-
-vtkSmartPointer<vtkDataArray> selectTuples(vtkDataArray& array, vtkIdList& numbers) {
-  auto selected = vtk::TakeSmartPointer(array.NewInstance());
-  selected->SetName(array.GetName());
-  selected->SetNumberOfComponents(array.GetNumberOfComponents());
-  setTupleCount(*selected, numbers.GetNumberOfIds());
-  array.GetTuples(&numbers, selected);
-  return selected;
-}
-
-void selectData(vtkDataSetAttributes& from, vtkDataSetAttributes& to, vtkIdList& numbers) {
-  for (int i = 0; i < from.GetNumberOfArrays(); ++i) {
-    if (vtkDataArray* const array = from.GetArray(i)) {
-      const int index = to.AddArray(selectTuples(*array, numbers));
-      const int role = from.IsArrayAnAttribute(i);
-      if (role >= 0) {
-        to.SetActiveAttribute(index, role);
-      }
-    }
-  }
-}
 
 vtkSmartPointer<vtkPoints> moveMarkedPoints(vtkPoints& points, const PointMarks& marks) {
   vtkSmartPointer<vtkPoints> moved = &points;

@@ -83,7 +83,8 @@ class Polygon {
 /// A polygon, by its number, and the corner at which it is to begin.
 using Turn = std::pair<vtkIdType, std::size_t>;
 
-std::vector<Turn> findTurns(vtkCellArray& polygons, const PointReader& points, vtkIdType& foldedCount) {
+std::vector<Turn> findTurns(vtkCellArray& polygons, const PointReader& points,
+                            std::vector<vtkIdType>& folded) {
   std::vector<Turn> turns;
   Polygon polygon;
   vtkIdType number = 0;
@@ -94,7 +95,9 @@ std::vector<Turn> findTurns(vtkCellArray& polygons, const PointReader& points, v
         polygon[i] = points[cell[i]];
       }
       const auto begin = polygon.findBegin();
-      foldedCount += begin ? 0 : 1;
+      if (!begin) {
+        folded.push_back(number);
+      }
       if (begin.value_or(0) > 0) {
         turns.emplace_back(number, *begin);
       }
@@ -117,13 +120,13 @@ void turn(vtkCellArray& polygons, const std::vector<Turn>& turns) {
 
 }  // namespace
 
-vtkIdType unfoldFans(vtkSmartPointer<vtkPolyData>& geometry) {
+std::vector<vtkIdType> unfoldFans(vtkSmartPointer<vtkPolyData>& geometry) {
   vtkCellArray& polygons = *geometry->GetPolys();
-  vtkIdType foldedCount = 0;
+  std::vector<vtkIdType> folded;
   if (polygons.GetNumberOfCells() == 0 || polygons.IsHomogeneous() == 3) {
-    return foldedCount;
+    return folded;
   }
-  const auto turns = findTurns(polygons, PointReader(*geometry->GetPoints()->GetData()), foldedCount);
+  const auto turns = findTurns(polygons, PointReader(*geometry->GetPoints()->GetData()), folded);
   if (!turns.empty()) {
     vtkNew<vtkCellArray> turned;
     turned->DeepCopy(&polygons);
@@ -133,7 +136,7 @@ vtkIdType unfoldFans(vtkSmartPointer<vtkPolyData>& geometry) {
     copy->SetPolys(turned);
     geometry = copy;
   }
-  return foldedCount;
+  return folded;
 }
 
 }  // namespace vemo

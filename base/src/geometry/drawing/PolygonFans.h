@@ -5,6 +5,8 @@
 #include <vtkSmartPointer.h>
 #include <vtkType.h>
 
+#include <vector>
+
 class vtkPolyData;
 
 namespace vemo {
@@ -15,7 +17,7 @@ namespace vemo {
 /// the poly data by a copy then, which shares the rest. Cells are valid
 /// (CellValidator), and all points are finite.
 ///
-/// Returns the number of polygons for which no such point was found.
-VEMO_GEOMETRY_EXPORT vtkIdType unfoldFans(vtkSmartPointer<vtkPolyData>& geometry);
+/// Returns the numbers of the polygons for which no such point was found.
+VEMO_GEOMETRY_EXPORT std::vector<vtkIdType> unfoldFans(vtkSmartPointer<vtkPolyData>& geometry);
 
 }  // namespace vemo

@@ -51,14 +51,14 @@ const std::vector<std::uint8_t>& defaultColors() {
 /// Makes a table usable, and collects what that takes.
 class TableAdjuster {
  public:
-  explicit TableAdjuster(ColorTable& table) : _table(table) {}
+  TableAdjuster(ColorTable& table, bool isRangeReported) : _table(table), _isRangeReported(isRangeReported) {}
 
   std::string run() {
     adjustColors();
     adjustEnds();
     adjustScale();
     if (low() == high()) {
-      note("has a range of one value: lower values have the first colour, higher ones the last");
+      noteOfRange("has a range of one value: lower values have the first colour, higher ones the last");
     }
     return _changes;
   }
@@ -68,6 +68,12 @@ class TableAdjuster {
   double& high() { return _table.range[1]; }
 
   void note(const std::string& change) { _changes.append(_changes.empty() ? "" : ", ").append(change); }
+
+  void noteOfRange(const std::string& change) {
+    if (!_isRangeReported) {
+      note(change);
+    }
+  }
 
   void adjustColors() {
     if (_table.rgba.empty()) {
@@ -79,11 +85,11 @@ class TableAdjuster {
   void adjustEnds() {
     if (!std::isfinite(high() - low())) {
       _table.range = {0.0, 1.0};
-      note("has no finite range and gets the range from 0 to 1");
+      noteOfRange("has no finite range and gets the range from 0 to 1");
     } else if (low() > high()) {
       std::swap(low(), high());
       reverseColors();
-      note("starts at its greater value and is reversed with its colours");
+      noteOfRange("starts at its greater value and is reversed with its colours");
     }
   }
 
@@ -103,14 +109,16 @@ class TableAdjuster {
     const double least = high() * POWERS_OF_TEN;
     if (least > 0.0) {
       low() = least;
-      note(fmt::format("is logarithmic and begins at {:g} instead, four powers of ten below its end", least));
+      noteOfRange(
+          fmt::format("is logarithmic and begins at {:g} instead, four powers of ten below its end", least));
     } else {
       _table.isLog10 = false;
-      note("is linear instead of logarithmic");
+      noteOfRange("is linear instead of logarithmic");
     }
   }
 
   ColorTable& _table;
+  bool _isRangeReported;
   std::string _changes;
 };
 
@@ -118,7 +126,7 @@ class TableAdjuster {
 
 UsableColorTable makeUsable(const lum::ColorLookupTable& table) {
   ColorTable usable{colorsOf(table), table.getScalarRange(), table.getScaleMode() == lum::ScaleMode::LOG10};
-  std::string changes = TableAdjuster(usable).run();
+  std::string changes = TableAdjuster(usable, table.isRangeReported()).run();
   return {std::move(usable), std::move(changes)};
 }
 

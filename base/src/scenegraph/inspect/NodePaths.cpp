@@ -9,9 +9,7 @@
 
 namespace lum {
 
-namespace {
-
-std::string escapeName(const std::string& name) {
+std::string escapeStep(std::string_view name) {
   if (name.empty()) {
     return "~e";
   }
@@ -28,8 +26,6 @@ std::string escapeName(const std::string& name) {
   }
   return escaped;
 }
-
-}  // namespace
 
 /// The nodes from below the root down to this one.
 std::optional<std::vector<const Node*>> NodePaths::getSteps(const Node& node) const {
@@ -96,7 +92,7 @@ std::string NodePaths::getStep(const Node& node) {
     numberDependents(*node.getOwner());
   }
   const auto number = _numbers.find(&node);
-  return escapeName(node.getName()) +
+  return escapeStep(node.getName()) +
          (number != _numbers.end() ? "~#" + std::to_string(number->second) : std::string());
 }
 

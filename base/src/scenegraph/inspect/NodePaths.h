@@ -15,6 +15,10 @@ namespace lum {
 class JsonWriter;
 class Node;
 
+/// A name as a step of a path, in the form that JsonPrinter.h describes. So are those of
+/// items in findings.
+VEMO_SCENEGRAPH_EXPORT std::string escapeStep(std::string_view name);
+
 /// The paths of nodes below a root, in the form that JsonPrinter.h
 /// describes. The graph must not change meanwhile.
 class VEMO_SCENEGRAPH_EXPORT NodePaths {

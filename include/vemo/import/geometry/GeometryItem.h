@@ -147,6 +147,8 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
 
   GeometrySettings _settings;
   int _geometryType = UNDETERMINED;
+  /// Those over the points, with findings.
+  std::vector<std::string> _arraysLeftOut;
   /// Created when drawing needs it: scenes may hold a great many items. From then
   /// on the line width is the property's.
   mutable vtkSmartPointer<vtkProperty> _property;

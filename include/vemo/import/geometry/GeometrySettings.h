@@ -29,6 +29,9 @@ struct VEMO_IMPORT_EXPORT GeometrySettings {
   std::unique_ptr<Vector<3, double>> pointScaleScalarMapTo;
   std::string pointScaleScalarName;
   int pointScaleMode = 0;
+  /// Whether findings say that values of the two could not be read.
+  bool isScaleRangeReported = false;
+  bool areScaleSizesReported = false;
   /// Anything but 0: sizes are in pixels, and not in model units.
   int pointScalePixelSize = 1;
   /// In pixels.

@@ -65,6 +65,7 @@ class VEMO_IMPORT_EXPORT Colormap : public SceneItem {
   lum::SharedNumbers _colorValues;
   Vector<2, double> _range;
   bool _log10 = false;
+  bool _isRangeReported = false;
   lum::RampMode _ramp = lum::RampMode::LINEAR;
   std::string _title;
 };

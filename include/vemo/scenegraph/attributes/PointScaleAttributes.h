@@ -24,6 +24,18 @@ class VEMO_SCENEGRAPH_EXPORT PointScaleAttributes final : public Attributes {
   LUM_VALUE(Vector2, ScalarRange, _scalarRange, {0.0, 1.0})
   /// The sizes at the two ends of the scalar range.
   LUM_VALUE(Vector2, MapToRange, _mapToRange, {1.0, 1.0})
+
+ public:
+  /// Whether a finding says that values of the range, or sizes, could not be read: what
+  /// drawing makes of them is then not another finding. Not stored.
+  bool isRangeReported() const { return _isRangeReported; }
+  void setRangeReported(bool isReported) { _isRangeReported = isReported; }
+  bool areSizesReported() const { return _areSizesReported; }
+  void setSizesReported(bool areReported) { _areSizesReported = areReported; }
+
+ private:
+  bool _isRangeReported = false;
+  bool _areSizesReported = false;
 };
 
 }  // namespace lum

@@ -23,6 +23,15 @@ class VEMO_SCENEGRAPH_EXPORT ColorLookupTable final : public Node {
   LUM_VALUE(Vector2, ScalarRange, _scalarRange, {0.0, 1.0})
   LUM_ENUMERATION(ScaleMode, ScaleMode, _scaleMode, ScaleMode::LINEAR)
   LUM_ENUMERATION(RampMode, RampMode, _rampMode, RampMode::LINEAR)
+
+ public:
+  /// Whether a finding says that an end of the range could not be read: what makes the
+  /// range usable is then not another finding. Not stored.
+  bool isRangeReported() const { return _isRangeReported; }
+  void setRangeReported(bool isReported) { _isRangeReported = isReported; }
+
+ private:
+  bool _isRangeReported = false;
 };
 
 }  // namespace lum

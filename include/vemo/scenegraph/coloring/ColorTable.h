@@ -33,7 +33,7 @@ struct ColorTable {
 struct UsableColorTable {
   ColorTable table;
   /// What it takes to use it, as "has no finite range and gets ...", for findings;
-  /// empty if it is used as it is.
+  /// empty if it is used as it is, or a finding of reading says why it is not.
   std::string changes;
 };
 

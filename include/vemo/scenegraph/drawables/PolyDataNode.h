@@ -5,6 +5,10 @@
 
 #include <vtkSmartPointer.h>
 
+#include <string>
+#include <utility>
+#include <vector>
+
 class vtkPolyData;
 
 namespace lum {
@@ -52,9 +56,16 @@ class VEMO_SCENEGRAPH_EXPORT PolyDataNode final : public Node {
   vtkCellArray* getStrips() const { return getCells(vemo::CellKind::STRIPS); }
   vtkCellArray* getPolys() const { return getCells(vemo::CellKind::POLYS); }
 
+  /// The names of arrays over the points that reading has left out, with a finding: that
+  /// they are missing is not another one. Not stored.
+  const std::vector<std::string>& getArraysLeftOut() const { return _arraysLeftOut; }
+  void setArraysLeftOut(std::vector<std::string> names) { _arraysLeftOut = std::move(names); }
+
  private:
   using Cells = vtkSmartPointer<vtkCellArray>;
   static Cells PolyDataNode::*memberOf(vemo::CellKind kind);
+
+  std::vector<std::string> _arraysLeftOut;
 };
 
 }  // namespace lum

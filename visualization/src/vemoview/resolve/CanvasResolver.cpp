@@ -11,6 +11,7 @@
 #include "vemoview/resolve/mesh/ModelExtent.h"
 #include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/resolve/UsualPicture.h>
+#include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/canvas/BaseCanvasAttributes.h>
 #include <vemo/scenegraph/canvas/CanvasPositionAttributes.h>
 #include <vemo/scenegraph/canvas/SceneCanvas.h>
@@ -65,6 +66,21 @@ UsualCanvas usualCanvas(const CanvasCamera& camera, const ViewVolume& view, cons
 
 bool CanvasResolver::canShow(const lum::SceneCanvas& canvas) {
   return canvas.hasDrawableCollection() != nullptr && resolveViewport(canvas).has_value();
+}
+
+void CanvasResolver::reportOutside(const lum::SceneCanvas& canvas) {
+  const lum::DrawableCollection* const drawables = canvas.hasDrawableCollection();
+  if (drawables == nullptr || resolveViewport(canvas)) {
+    return;
+  }
+  const bool isEmpty = std::ranges::all_of(visibleParts(*drawables), [](const lum::Drawable* drawable) {
+    return dynamic_cast<const lum::DrawableCollection*>(drawable) != nullptr;
+  });
+  if (!isEmpty) {
+    const NodeScope scope(canvas);
+    reportFinding(FindingCode::SCENE_NOT_DRAWN,
+                  "The canvas is outside the window or has no size: nothing of it is drawn");
+  }
 }
 
 CanvasResolver::CanvasResolver(const lum::SceneCanvas& canvas, ResolvedCanvas::Role role,

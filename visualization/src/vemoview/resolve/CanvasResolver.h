@@ -17,6 +17,8 @@ class CanvasResolver {
  public:
   /// Whether the canvas has drawables, and a part of the window for them.
   static bool canShow(const lum::SceneCanvas& canvas);
+  /// If one that has no part of the window shows anything.
+  static void reportOutside(const lum::SceneCanvas& canvas);
 
   /// Of a canvas that can show something. Canvas, cameras, tables and options must outlive
   /// it.

@@ -19,7 +19,11 @@ struct SceneResolver::State {
   }
 
   void add(const lum::SceneCanvas* canvas, ResolvedCanvas::Role role) {
-    if (canvas == nullptr || !CanvasResolver::canShow(*canvas)) {
+    if (canvas == nullptr) {
+      return;
+    }
+    if (!CanvasResolver::canShow(*canvas)) {
+      CanvasResolver::reportOutside(*canvas);
       return;
     }
     if (canvas->hasCameraAttributes() != nullptr) {

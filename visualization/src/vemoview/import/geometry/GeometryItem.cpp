@@ -139,6 +139,9 @@ void GeometryItem::read(const QxElement& element, SceneFileReader* reader) {
 
 void GeometryItem::readImpl(const QxElement& element, SceneFileReader* reader) {
   GeometrySettings::KEYS.read(_settings, element, reader);
+  const ValueReader values(element, reader, OnBadValue::FAIL);
+  _settings.isScaleRangeReported = !values.isOfNumbers("pointScaleScalarRange");
+  _settings.areScaleSizesReported = !values.isOfNumbers("pointScaleScalarMapTo");
   reportSettingsOutOfRange(element, *reader);
   setLineWidth(_settings.lineWidth);
   const bool isWanted = reader->startPart(element);
@@ -152,7 +155,7 @@ void GeometryItem::readImpl(const QxElement& element, SceneFileReader* reader) {
   if (!_settings.hasLighting()) {
     element.markUnused("specularPower");
   }
-  reportUnused(ValueReader(element, reader, OnBadValue::FAIL));
+  reportUnused(values);
   if (_geometryType == SURFACE && !_settings.showEdges && !_settings.contour &&
       element.findAttribute("showFaces") == nullptr) {
     reader->report(FindingCode::HIDDEN_BY_DEFAULT,
@@ -252,6 +255,7 @@ void GeometryItem::readGeometry(const QxElement& element, SceneFileReader& reade
       });
     }
   }
+  _arraysLeftOut = data.getArraysLeftOut();
   if (data.hasAllCells()) {
     reportTypeChange(entries, data, reader);
   }
@@ -366,6 +370,7 @@ void GeometryItem::addTo(lum::DrawableCollection& collection, bool isHidden, con
   lum::PolyDataNode& node =
       GeometryDrawableBuilder(_settings, *_polydata, drawable, *shared.pointBounds, shared.context)
           .build(parentName);
+  node.setArraysLeftOut(_arraysLeftOut);
   if (shared.geometryNodes != nullptr) {
     shared.geometryNodes->emplace(getPlace().number, &node);
   }

@@ -85,6 +85,15 @@ int PolyDataReader::countFloats(const std::string& entry) {
   return _decoded.countFloats(entry);
 }
 
+void PolyDataReader::leaveOut(const GeometryArray& array, const std::string& reason) {
+  _context.noteLoss();
+  _context.report(FindingCode::ARRAY_LEFT_OUT, "The array \"" + array.name + "\" is left out: " + reason,
+                  array.entry.value_or(""));
+  if (array.isOfPoints) {
+    _arraysLeftOut.push_back(array.name);
+  }
+}
+
 bool PolyDataReader::fits(const GeometryArray& array, vtkIdType tuplesExpected, const char* place) {
   const std::string entry = array.entry.value_or("");
   const int components = array.components;
@@ -93,20 +102,16 @@ bool PolyDataReader::fits(const GeometryArray& array, vtkIdType tuplesExpected, 
   if (!(array.isOfPoints ? _hasPoints : _hasAllCells)) {
     return false;
   }
-  const auto leaveOut = [&](const std::string& reason) {
-    _context.noteLoss();
-    _context.report(FindingCode::ARRAY_LEFT_OUT, "The array \"" + array.name + "\" is left out: " + reason,
-                    entry);
-    return false;
-  };
   if (components < 1 || components > std::max(MAX_COMPONENTS_WITHOUT_VALUES, count)) {
-    return leaveOut(std::to_string(count) + " values cannot have " + std::to_string(components) +
-                    " components");
+    leaveOut(array,
+             std::to_string(count) + " values cannot have " + std::to_string(components) + " components");
+    return false;
   }
   const vtkIdType tuples = count / components;
   if (tuples != tuplesExpected) {
-    return leaveOut("it has " + lum::withNoun(std::to_string(tuples), "value") + " for " +
-                    lum::withNoun(std::to_string(tuplesExpected), place));
+    leaveOut(array, "it has " + lum::withNoun(std::to_string(tuples), "value") + " for " +
+                        lum::withNoun(std::to_string(tuplesExpected), place));
+    return false;
   }
   {
     const ReadingContext::AttributeScope scope(&_context, DATA_KEY);
@@ -160,10 +165,7 @@ bool PolyDataReader::isFull(vtkFieldData& data) const {
 void PolyDataReader::addArray(vtkFieldData& data, vtkFloatArray& values, const GeometryArray& array) {
   const bool isTaken = data.HasArray(array.name.c_str()) != 0;
   if (!isTaken && isFull(data)) {
-    _context.report(FindingCode::ARRAY_LEFT_OUT,
-                    "The array \"" + array.name + "\" is left out: at most " +
-                        std::to_string(MAX_DATA_ARRAYS) + " arrays are possible",
-                    array.entry.value_or(""));
+    leaveOut(array, "at most " + std::to_string(MAX_DATA_ARRAYS) + " arrays are possible");
     return;
   }
   if (isTaken) {

@@ -45,9 +45,13 @@ class PolyDataReader {
   /// are too. Of one name over the same places the last array is kept.
   void readArray(const GeometryArray& array);
 
+  /// The names of those over the points that were left out with a finding.
+  const std::vector<std::string>& getArraysLeftOut() const { return _arraysLeftOut; }
+
  private:
   /// Whether an array has a value for each place; if not, it is reported.
   bool fits(const GeometryArray& array, vtkIdType tuplesExpected, const char* place);
+  void leaveOut(const GeometryArray& array, const std::string& reason);
   int countFloats(const std::string& entry);
   vtkIdType listedCells() const;
   std::vector<vtkIdType> droppedCells() const;
@@ -64,6 +68,7 @@ class PolyDataReader {
   /// By kind.
   std::array<ImportedCells, CELL_KINDS.size()> _cells;
   std::vector<GeometryArray> _arrays;
+  std::vector<std::string> _arraysLeftOut;
   bool _hasPoints = false;
   bool _hasAllCells = true;
 };

@@ -53,6 +53,8 @@ void Colormap::read(const QxElement& element, SceneFileReader* reader) {
 
 void Colormap::readImpl(const QxElement& element, SceneFileReader* reader) {
   KEYS.read(*this, element, reader);
+  const ValueReader values(element, reader, OnBadValue::FAIL);
+  _isRangeReported = !values.isOfNumbers("min") || !values.isOfNumbers("max");
   if (_title.size() > MAX_COPIED_TEXT) {
     _title = beginOf(_title, MAX_COPIED_TEXT);
     reader->report(FindingCode::TEXT_CHANGED,
@@ -80,6 +82,7 @@ void Colormap::fill(lum::ColorLookupTable& table) const {
   table.setNumColor(static_cast<std::int32_t>(_colors.size()));
   table.setColorSpace(lum::ColorSpace::RGBA);
   table.setScalarRange(_range);
+  table.setRangeReported(_isRangeReported);
   table.setScaleMode(_log10 ? lum::ScaleMode::LOG10 : lum::ScaleMode::LINEAR);
   table.setRampMode(_ramp);
 }

@@ -1,5 +1,6 @@
 #include "vemoview/import/reading/ReadingContext.h"
 
+#include "scenegraph/inspect/NodePaths.h"
 #include "vemoview/import/reading/CopiedText.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/Exception.h>
@@ -14,7 +15,7 @@ namespace vemo {
 
 namespace {
 
-/// Of an item's name in a path: names in untrusted files may be as long as the file.
+/// Of a name in a path or text.
 constexpr std::size_t MAX_NAME_LENGTH = 60;
 
 /// There may be as many paths as elements.
@@ -24,6 +25,10 @@ const std::string FURTHER_PARTS = "/...";
 }  // namespace
 
 std::string ReadingContext::pathPart(std::string_view name) {
+  return lum::escapeStep(shortened(name));
+}
+
+std::string ReadingContext::shortened(std::string_view name) {
   if (name.size() <= MAX_NAME_LENGTH) {
     return std::string(name);
   }

@@ -83,7 +83,9 @@ class ReadingContext {
   /// The items being read, outermost first, as "scene/wing/pressure".
   std::string getItemPath() const;
 
-  /// The part of a path for a name; a very long name is shortened.
+  /// A very long name is shortened: names in untrusted files may be as long as the file.
+  static std::string shortened(std::string_view name);
+  /// The part of a path for a name, shortened, and escaped as in the paths of nodes.
   static std::string pathPart(std::string_view name);
 
   /// Appends the part to a path. If the path is very long already, "..."

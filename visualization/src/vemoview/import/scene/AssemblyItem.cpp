@@ -40,6 +40,30 @@ namespace {
   VEMO_LOG_INFO(childCount << " children detected in the assembly \"" << name << "\"");
 }
 
+bool isNamedByLegend(const QxElement& element, const std::string& colormap) {
+  return std::ranges::any_of(element.getChildren(), [&](const auto& child) {
+    const QxElement::Attribute* const named =
+        child->getName() == Legend::XML_ENTITY ? child->peekAttribute("colormap") : nullptr;
+    return (named != nullptr && named->getValue() == colormap) || isNamedByLegend(*child, colormap);
+  });
+}
+
+/// The name of a colormap serves to choose it; it is not in the scene graph.
+void markUnneededName(const QxElement& assembly) {
+  const QxElement* only = nullptr;
+  for (const auto& child : assembly.getChildren()) {
+    if (child->getName() == Colormap::XML_ENTITY) {
+      if (only != nullptr) {
+        return;
+      }
+      only = child.get();
+    }
+  }
+  if (only != nullptr && !isNamedByLegend(assembly, SceneItem::statedName(*only))) {
+    only->markUnused("name");
+  }
+}
+
 }  // namespace
 
 AssemblyItem::AssemblyItem(std::string name) : GraphicsItem(std::move(name)) {}
@@ -92,6 +116,7 @@ void AssemblyItem::readImpl(const QxElement& element, SceneFileReader* reader) {
   }
   makeReadingCommandsMap();
   readChildren(*this, _readingCommands, element, reader);
+  markUnneededName(element);
   // Scenes may hold a great many assemblies; none is read twice.
   _readingCommands.clear();
 }

@@ -55,7 +55,7 @@ void SceneFileReader::readItems(Scene& scene) {
   _description->markRead();
   const ItemScope scope(this, Scene::XML_ENTITY, _description->getPlace());
   if (_description->getName() != Scene::XML_ENTITY) {
-    report(FindingCode::ROOT_UNKNOWN, "The root element \"" + pathPart(_description->getName()) +
+    report(FindingCode::ROOT_UNKNOWN, "The root element \"" + shortened(_description->getName()) +
                                           "\" is read as a \"" + Scene::XML_ENTITY + '"');
   }
   attempt([&] { scene.read(*_description, this); });

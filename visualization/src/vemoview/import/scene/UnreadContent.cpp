@@ -10,9 +10,8 @@ namespace vemo {
 
 namespace {
 
-/// Names and values in untrusted files may be as long as the file.
 std::string quoted(const std::string& text) {
-  return '"' + ReadingContext::pathPart(text) + '"';
+  return '"' + ReadingContext::shortened(text) + '"';
 }
 
 /// Whether an attribute is about the XML and not about the scene.

@@ -3,11 +3,11 @@
 #include "vemoview/render/vtk/CanvasResources.h"
 #include "vemoview/render/vtk/ClippedInput.h"
 #include "vemoview/render/vtk/Matrix.h"
+#include "vemoview/render/vtk/MeshActor.h"
 #include "vemoview/render/vtk/PropGroup.h"
 #include <vemo/base/Vector.h>
 #include <vemo/resolve/Decoration.h>
 
-#include <vtkActor.h>
 #include <vtkActor2D.h>
 #include <vtkCellArray.h>
 #include <vtkCoordinate.h>
@@ -59,7 +59,9 @@ void addToModel(const ImageDecoration& image, vtkPolyData* quad, CanvasResources
   } else {
     mapper->SetInputData(quad);
   }
-  vtkNew<vtkActor> actor;
+  vtkNew<MeshActor> actor;
+  actor->setLayer(MeshActor::Layer::IMAGES);
+  actor->setBehind(resources.widthOnFaces);
   actor->SetMapper(mapper);
   actor->SetTexture(resources.textures.get(image));
   actor->GetProperty()->LightingOff();

@@ -75,12 +75,11 @@ bool isSmall(const MeshInstance& mesh) {
   return std::max(mesh.geometry->GetNumberOfPoints(), mesh.geometry->GetNumberOfCells()) <= SMALL;
 }
 
-/// What a mesh covers, and with what. Lines on faces are drawn a little nearer than all else.
+/// What a mesh covers, and with what. Lines and points are drawn a little nearer than faces.
 struct Cover {
   Box box;
   bool hasFaces = false;
-  bool hasOnFaces = false;
-  bool hasOthers = false;
+  bool hasLines = false;
 };
 
 Cover coverOf(const MeshInstance& mesh) {
@@ -88,8 +87,7 @@ Cover coverOf(const MeshInstance& mesh) {
   const bool isSurface = appearance.kind == Appearance::Kind::SURFACE;
   Cover cover;
   cover.hasFaces = isSurface && appearance.hasFaces;
-  cover.hasOnFaces = appearance.isOfSurface || (isSurface && (appearance.hasEdges || appearance.hasContour));
-  cover.hasOthers = !isSurface && !appearance.isOfSurface;
+  cover.hasLines = !isSurface || appearance.hasEdges || appearance.hasContour;
   const Box bounds = boundsOfCells(*mesh.geometry);
   forEachInstance(mesh.transforms, [&](const InstanceTransform* transform) {
     cover.box.add(instanceBounds(transform, bounds));
@@ -110,8 +108,7 @@ bool mayCoincide(const Cover& a, const Cover& b) {
   }
   // Faces that have just an edge in common do not cover each other.
   const bool areFacesShared = a.hasFaces && b.hasFaces && sharedSides >= 2;
-  return areFacesShared || (a.hasOnFaces && b.hasOnFaces) || (a.hasOthers && (b.hasOthers || b.hasFaces)) ||
-         (a.hasFaces && b.hasOthers);
+  return areFacesShared || (a.hasLines && b.hasLines);
 }
 
 std::vector<Cover> coversOf(const std::vector<MeshInstance>& meshes) {

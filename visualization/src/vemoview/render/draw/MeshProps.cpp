@@ -107,7 +107,8 @@ vtkSmartPointer<vtkPolyDataMapper> makeMapper(const RenderMesh& mesh, vtkPlaneCo
 
 vtkSmartPointer<MeshActor> makeActor(const RenderMesh& mesh, const InstanceTransform* transform) {
   auto actor = vtkSmartPointer<MeshActor>::New();
-  actor->setNearer(mesh.isOnFaces || mesh.appearance.isOfSurface);
+  const bool isOfFaces = mesh.appearance.kind == Appearance::Kind::SURFACE && !mesh.isOnFaces;
+  actor->setLayer(isOfFaces ? MeshActor::Layer::FACES : MeshActor::Layer::LINES);
   if (transform != nullptr) {
     const auto matrix = toMatrix(*transform);
     actor->SetUserMatrix(matrix);
@@ -148,7 +149,7 @@ vtkProperty& addActors(const RenderMesh& mesh, CanvasResources& resources, PropG
     }
     const auto actor = makeActor(mesh, transform);
     actor->setParts(parts);
-    if (mesh.isEdges) {
+    if (mesh.isEdges || mesh.appearance.kind == Appearance::Kind::LINES) {
       actor->setIsOnFaces(mesh.appearance.lineWidth);
     } else if (mesh.appearance.kind == Appearance::Kind::SURFACE) {
       actor->setBehind(resources.widthOnFaces);
@@ -212,6 +213,25 @@ void addContours(const std::vector<const MeshInstance*>& meshes, CanvasResources
   makeUnlit(addActors(contour, resources, group));
 }
 
+/// As polygons are filled.
+RenderMesh mergeFaces(const std::vector<const MeshInstance*>& meshes, LookupTables& tables) {
+  std::vector<MeshInstance> filled;
+  std::vector<const MeshInstance*> members = meshes;
+  filled.reserve(meshes.size());
+  for (const MeshInstance*& member : members) {
+    if (member->filling != nullptr) {
+      filled.push_back(*member);
+      filled.back().geometry = member->filling;
+      member = &filled.back();
+    }
+  }
+  return merge(members, tables);
+}
+
+bool isFilledOtherwise(const MeshInstance* mesh) {
+  return mesh->filling != nullptr;
+}
+
 }  // namespace
 
 void addProps(const std::vector<const MeshInstance*>& meshes, CanvasResources& resources, PropGroup& group) {
@@ -219,7 +239,8 @@ void addProps(const std::vector<const MeshInstance*>& meshes, CanvasResources& r
   const Appearance& appearance = mesh.appearance;
   const bool isSurface = appearance.kind == Appearance::Kind::SURFACE;
   if (!isSurface || appearance.hasFaces) {
-    addActors(mesh, resources, group);
+    const bool hasFilling = std::ranges::any_of(meshes, isFilledOtherwise);
+    addActors(hasFilling ? mergeFaces(meshes, resources.tables) : mesh, resources, group);
   }
   if (isSurface && appearance.hasEdges) {
     addEdges(mesh, resources, group);

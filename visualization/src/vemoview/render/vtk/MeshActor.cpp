@@ -64,22 +64,23 @@ void MeshActor::Render(vtkRenderer* renderer, vtkMapper* mapper) {
 }
 
 void MeshActor::setDepthRange(vtkCamera& camera) const {
+  const double share = _layer == Layer::LINES ? 1.0 : _layer == Layer::IMAGES ? 0.5 : 0.0;
+  // A few steps of a depth buffer.
+  constexpr double LEAST = 2.5e-7;
+  const double* const range = camera.GetClippingRange();
   if (camera.GetParallelProjection() != 0) {
     constexpr double NEARER = 6e-5;
-    glDepthRange(0.0, _isNearer ? 1.0 - NEARER : 1.0);
+    // Of a model that reaches much further than the picture is high, it would be a long way.
+    constexpr double MOST_HEIGHTS = 20.0;
+    const double reach = std::min(range[1] - range[0], MOST_HEIGHTS * camera.GetParallelScale());
+    const double most = std::max(NEARER * reach / (range[1] - range[0]), LEAST);
+    glDepthRange((1.0 - share) * most, 1.0 - share * most);
     return;
   }
   // In perspective a constant difference of depths would be a large one far away, where hidden
   // lines would be seen through faces. With these two ranges, it is that of a part of the distance.
   constexpr double NEARER = 3e-4;
-  // A few steps of a depth buffer.
-  constexpr double LEAST = 2.5e-7;
-  const double* const range = camera.GetClippingRange();
-  if (_isNearer) {
-    glDepthRange(0.0, 1.0 - NEARER * range[0] / range[1] - LEAST);
-  } else {
-    glDepthRange(NEARER, 1.0);
-  }
+  glDepthRange((1.0 - share) * NEARER, 1.0 - share * (NEARER * range[0] / range[1] + LEAST));
 }
 
 }  // namespace vemo

@@ -24,7 +24,7 @@ class MeshActor : public vtkOpenGLActor {
   /// them from behind.
   void setMirrored(bool isMirrored) { _isMirrored = isMirrored; }
 
-  /// It is the edges or the contour of a surface, of a width in pixels.
+  /// It is lines that may be on faces, such as the edges of a surface, of a width in pixels.
   void setIsOnFaces(double width) { _widthOnFaces = width; }
 
   /// The width for which faces make room, in pixels of this picture. Behind edges that are any wider,
@@ -35,9 +35,9 @@ class MeshActor : public vtkOpenGLActor {
   /// a line is as wide on either side.
   void setBehind(std::shared_ptr<const WidthOnFaces> lines) { _linesInFront = std::move(lines); }
 
-  /// It is drawn a little nearer than it is, in front of others at the same
-  /// depth.
-  void setNearer(bool isNearer) { _isNearer = isNearer; }
+  /// What is in front of others at the same depth: it is drawn a little nearer than it is.
+  enum class Layer { FACES, IMAGES, LINES };
+  void setLayer(Layer layer) { _layer = layer; }
 
   /// Its bounds are those of these boxes, each moved by itself, instead of the mapper's: they do
   /// not depend on what was merged or cut for drawing. Null for the mapper's.
@@ -53,7 +53,7 @@ class MeshActor : public vtkOpenGLActor {
 
   SharedBoxes _parts;
   bool _isMirrored = false;
-  bool _isNearer = false;
+  Layer _layer = Layer::FACES;
   /// 0 for what makes no faces move.
   double _widthOnFaces = 0.0;
   /// Null for what stays where it is.

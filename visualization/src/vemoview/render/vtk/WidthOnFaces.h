@@ -6,7 +6,7 @@ class vtkRenderer;
 
 namespace vemo {
 
-/// The width in pixels of the widest edges and contours that a renderer shows, up to a few pixels:
+/// The width in pixels of the widest lines, edges and contours that a renderer shows, up to a few pixels:
 /// all its faces are moved back behind them alike, so that none comes in front of another.
 class WidthOnFaces {
  public:

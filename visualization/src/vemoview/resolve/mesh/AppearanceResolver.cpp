@@ -115,7 +115,6 @@ Color resolveColor(const lum::GeometryDrawable& drawable, Appearance::Kind kind,
 Appearance resolveAppearance(const lum::GeometryDrawable& drawable, Appearance::Kind kind) {
   Appearance result;
   result.kind = kind;
-  result.isOfSurface = kind != Appearance::Kind::SURFACE && kindOf(drawable) == Appearance::Kind::SURFACE;
   result.opacity = opacityOf(drawable, kind);
   result.pointSize = pointSizeOf(drawable, kind);
   if (kind == Appearance::Kind::SURFACE && kindOf(drawable) == Appearance::Kind::SURFACE) {

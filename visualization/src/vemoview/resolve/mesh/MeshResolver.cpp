@@ -5,6 +5,7 @@
 #include "geometry/drawing/DrawableCells.h"
 #include "geometry/drawing/LitFaces.h"
 #include "geometry/drawing/PolygonFans.h"
+#include "geometry/drawing/PolygonFilling.h"
 #include "scenegraph/coloring/ColoringScalars.h"
 #include "vemoview/resolve/mesh/AppearanceResolver.h"
 #include "vemoview/resolve/mesh/ArrayLookup.h"
@@ -74,7 +75,7 @@ class MeshBuilder {
       putAll(_node.getCellDataArrays(), _geometry->GetNumberOfCells(), *_geometry->GetCellData());
     }
     for (MeshInstance& mesh : meshes) {
-      mesh.geometry = geometryOf(mesh.appearance);
+      putGeometry(mesh);
       mesh.scalars = _scalars;
     }
     std::erase_if(meshes, [](const MeshInstance& mesh) { return mesh.geometry->GetNumberOfCells() == 0; });
@@ -93,7 +94,10 @@ class MeshBuilder {
       if (showsPoints ? kind != Appearance::Kind::POINTS : !hasCells(_node, cells)) {
         continue;
       }
-      MeshInstance mesh{&_drawable, &_node, nullptr, nullptr, resolveAppearance(_drawable, kind), {}, {}, {}};
+      MeshInstance mesh;
+      mesh.drawable = &_drawable;
+      mesh.node = &_node;
+      mesh.appearance = resolveAppearance(_drawable, kind);
       if (isVisible(mesh.appearance)) {
         mesh.appearance.isClipped = _context.isClipped;
         mesh.color = resolveColor(_drawable, kind, _node.getName());
@@ -197,8 +201,8 @@ class MeshBuilder {
   }
 
   /// The drawable cells of the kind that has the appearance.
-  vtkSmartPointer<vtkPolyData> geometryOf(const Appearance& appearance) {
-    const Appearance::Kind kind = appearance.kind;
+  void putGeometry(MeshInstance& mesh) {
+    const Appearance::Kind kind = mesh.appearance.kind;
     if (kind == Appearance::Kind::POINTS && _node.getVerts() == nullptr) {
       // A point drawable also shows points that no vertex uses.
       if (_scalars && _scalars->location == ScalarLocation::CELLS) {
@@ -209,31 +213,37 @@ class MeshBuilder {
                 itemNameOf(_node), _scalars->arrayName));
         _scalars.reset();
       }
-      return pointsAsVertices(*_geometry);
+      mesh.geometry = pointsAsVertices(*_geometry);
+      return;
     }
     const auto* const cells = std::ranges::find(MESH_KINDS, kind, &MeshKind::kind);
-    // Not const: a const variable would be copied, and VTK searches for reference
-    // cycles whenever a poly data is released.
-    auto drawable = drawableCells(*_geometry, cells->cells);
+    mesh.geometry = drawableCells(*_geometry, cells->cells);
     if (kind != Appearance::Kind::SURFACE) {
       // Lines and points are not lit as the faces that share their points.
-      drawable = withoutNormals(*drawable);
-    } else if (appearance.hasFaces && appearance.opacity > 0.0) {
-      unfold(drawable);
-      lightBothSides(drawable);
+      mesh.geometry = withoutNormals(*mesh.geometry);
+    } else if (mesh.appearance.hasFaces && mesh.appearance.opacity > 0.0) {
+      unfold(mesh);
+      lightBothSides(mesh.geometry);
+      if (mesh.filling != nullptr) {
+        lightBothSides(mesh.filling);
+      }
     }
-    return drawable;
   }
 
-  void unfold(vtkSmartPointer<vtkPolyData>& faces) const {
-    if (const vtkIdType count = unfoldFans(faces); count > 0) {
+  void unfold(MeshInstance& mesh) const {
+    const std::vector<vtkIdType> folded = unfoldFans(mesh.geometry);
+    auto [filling, count] = fillPolygons(*mesh.geometry, folded);
+    mesh.filling = filling;
+    if (count > 0) {
       const auto [noun, verb] = count == 1 ? std::pair("polygon", "is") : std::pair("polygons", "are");
-      reportFinding(FindingCode::POLYGONS_FOLDED,
-                    fmt::format("{} concave or self-intersecting {} of \"{}\" {} drawn with the wrong shape",
-                                count, noun, itemNameOf(_node), verb));
-      if (faces->GetCellData()->GetNormals() != nullptr) {
+      reportFinding(
+          FindingCode::POLYGONS_FOLDED,
+          fmt::format("{} self-intersecting or bent concave {} of \"{}\" {} drawn with the wrong shape",
+                      count, noun, itemNameOf(_node), verb));
+      if (mesh.geometry->GetCellData()->GetNormals() != nullptr) {
         // Their triangles face both ways, or have no normal in common: each is lit with its own.
-        faces = withoutNormals(*faces);
+        mesh.geometry = withoutNormals(*mesh.geometry);
+        mesh.filling = withoutNormals(*mesh.filling);
       }
     }
   }
@@ -278,6 +288,9 @@ void keepUsedPoints(MeshInstance& mesh) {
   if (mesh.geometry->GetPoints()->GetData() != mesh.node->getPoints()) {
     mesh.pointNumbers = vtkSmartPointer<vtkIdList>::New();
     mesh.geometry = withUsedPoints(*mesh.geometry, *mesh.pointNumbers);
+    if (mesh.filling != nullptr) {
+      mesh.filling = withUsedPoints(*mesh.filling, *vtkNew<vtkIdList>());
+    }
   }
 }
 

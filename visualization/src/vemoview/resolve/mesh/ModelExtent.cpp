@@ -221,6 +221,18 @@ bool ModelExtent::reportIfImprecise(const ViewVolume& view, const CanvasCamera& 
                               depth, size));
     return true;
   }
+  // Of the range of depths, which begins at the camera.
+  constexpr double DEPTH_STEP = 1.2e-7;
+  const double farthest = view.greatestDepthOf(_box);
+  const double step = DEPTH_STEP * (farthest - std::max(depth, 0.0));
+  if (camera.isParallel && step * USUAL_HEIGHT > height) {
+    reportFinding(
+        FindingCode::VIEW_IMPRECISE,
+        fmt::format("The model extends to a distance of {:g} units, {:g} times the height of what the view "
+                    "shows: what is behind something else by less than {:g} units may cover it",
+                    farthest, farthest / height, step));
+    return true;
+  }
   return false;
 }
 

@@ -21,6 +21,7 @@
 #include <limits>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace vemo {
 
@@ -89,7 +90,7 @@ std::optional<Vector<2, double>> resolveRange(const lum::PointScaleAttributes& a
   if (!std::isfinite(range[1] - range[0]) || range[0] == range[1] || !hasLogarithms) {
     return std::nullopt;
   }
-  if (isAdjusted) {
+  if (isAdjusted && !attributes.isRangeReported()) {
     reportFinding(
         FindingCode::POINT_SCALE_ADJUSTED,
         fmt::format("{} are scaled logarithmically from {} instead of {}", points, range[0], stated));
@@ -136,6 +137,25 @@ void setPointSize(Appearance& appearance, const lum::PointScaleAttributes& scale
   appearance.pointSize = appearance.isPointSizeInModelUnits ? size : usablePixels(size);
 }
 
+/// What is not scaled only because of what reading has reported is not another finding.
+void reportNotScaled(const lum::PointScaleAttributes& attributes, const lum::PolyDataNode& node,
+                     vtkDataArray* values, const std::string& points) {
+  const std::string& name = attributes.getScalarName();
+  const auto report = [&](std::string_view reason) {
+    reportFinding(FindingCode::POINTS_NOT_SCALED,
+                  fmt::format("{} are not scaled by \"{}\": {}", points, name, reason));
+  };
+  if (values == nullptr) {
+    if (std::ranges::find(node.getArraysLeftOut(), name) == node.getArraysLeftOut().end()) {
+      report("they have no array with that name and a value for each");
+    }
+  } else if (!isAnyFinite(*values)) {
+    report("it has no finite values");
+  } else if (!attributes.isRangeReported()) {
+    report("its range cannot be used");
+  }
+}
+
 void reportUnusableSizes(const lum::PointScaleAttributes& scale, const std::string& points) {
   std::string changes;
   const auto add = [&changes](std::string_view change) {
@@ -169,14 +189,12 @@ std::vector<MeshInstance> splitBySize(MeshInstance mesh, const lum::GeometryDraw
   const bool hasNumbers = values != nullptr && isAnyFinite(*values);
   const auto range = hasNumbers ? resolveRange(*attributes, *values, points) : std::nullopt;
   if (!range) {
-    reportFinding(FindingCode::POINTS_NOT_SCALED,
-                  fmt::format("{} are not scaled by \"{}\": {}", points, attributes->getScalarName(),
-                              values == nullptr ? "they have no array with that name and a value for each"
-                              : hasNumbers      ? "its range cannot be used"
-                                                : "it has no finite values"));
+    reportNotScaled(*attributes, node, values, points);
     return {std::move(mesh)};
   }
-  reportUnusableSizes(*attributes, points);
+  if (!attributes->areSizesReported()) {
+    reportUnusableSizes(*attributes, points);
+  }
   const bool isLog = attributes->getScaleMode() == lum::PointScaleMode::LOG10;
   const auto sorted = sortVertices(*mesh.geometry->GetVerts(), *values, Scale(*range, isLog));
   std::vector<MeshInstance> meshes;

@@ -1,0 +1,304 @@
+#include "geometry/drawing/EarClipping.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <utility>
+
+namespace vemo {
+
+namespace {
+
+using Place = Vector<2, double>;
+
+/// Twice the area of a triangle: above 0 if it is counter-clockwise.
+double turn(const Place& a, const Place& b, const Place& c) {
+  return (b[0] - a[0]) * (c[1] - a[1]) - (b[1] - a[1]) * (c[0] - a[0]);
+}
+
+/// The remaining corners of a polygon while ears are clipped off.
+class Outline {
+ public:
+  explicit Outline(const std::vector<Place>& places)
+      : _places(places), _previous(places.size()), _next(places.size()), _size(places.size()) {
+    for (std::size_t i = 0; i < _size; ++i) {
+      _next[i] = (i + 1) % _size;
+      _previous[_next[i]] = i;
+    }
+  }
+
+  std::size_t size() const { return _size; }
+  const std::vector<Place>& places() const { return _places; }
+  std::size_t previous(std::size_t corner) const { return _previous[corner]; }
+  std::size_t next(std::size_t corner) const { return _next[corner]; }
+  bool contains(std::size_t corner) const { return _next[corner] != GONE; }
+  Triangle triangleAt(std::size_t corner) const { return {_previous[corner], corner, _next[corner]}; }
+  /// Above 0 if the polygon is convex there.
+  double turnAt(std::size_t corner) const {
+    return turn(_places[_previous[corner]], _places[corner], _places[_next[corner]]);
+  }
+
+  void remove(std::size_t corner) {
+    _next[_previous[corner]] = _next[corner];
+    _previous[_next[corner]] = _previous[corner];
+    _next[corner] = GONE;
+    --_size;
+  }
+
+ private:
+  static constexpr std::size_t GONE = std::numeric_limits<std::size_t>::max();
+
+  const std::vector<Place>& _places;
+  std::vector<std::size_t> _previous;
+  std::vector<std::size_t> _next;
+  std::size_t _size;
+};
+
+/// The corners that may be in an ear: those at which the polygon is not convex. They are in the cells of
+/// a grid, about one in each.
+class ReflexCorners {
+ public:
+  explicit ReflexCorners(const Outline& outline) : _outline(outline) {
+    std::vector<std::size_t> corners;
+    for (std::size_t i = 0; i < outline.size(); ++i) {
+      if (outline.turnAt(i) <= 0.0) {
+        corners.push_back(i);
+      }
+    }
+    layOut(corners.size());
+    for (const std::size_t corner : corners) {
+      const Place& place = outline.places()[corner];
+      _cells[columnOf(place[0]) + rowOf(place[1]) * _side].push_back(corner);
+    }
+  }
+
+  /// Whether one of them is in a triangle, or on its border, but not at its corners.
+  bool touch(const Triangle& triangle) {
+    const std::array places{at(triangle[0]), at(triangle[1]), at(triangle[2])};
+    const auto [low, high] = std::minmax({places[0][1], places[1][1], places[2][1]});
+    for (std::size_t row = rowOf(low); row <= rowOf(high); ++row) {
+      const auto [left, right] = widthInRow(places, row);
+      for (std::size_t column = columnOf(left); column <= columnOf(right); ++column) {
+        if (touch(_cells[column + row * _side], triangle, places)) {
+          return true;
+        }
+      }
+    }
+    return false;
+  }
+
+  /// How many cells and corners were looked at.
+  std::uint64_t countSteps() const { return _steps; }
+
+ private:
+  const Place& at(std::size_t corner) const { return _outline.places()[corner]; }
+
+  void layOut(std::size_t count) {
+    const auto& places = _outline.places();
+    Place high = _low = places.front();
+    for (const Place& place : places) {
+      for (std::size_t axis = 0; axis < 2; ++axis) {
+        _low[axis] = std::min(_low[axis], place[axis]);
+        high[axis] = std::max(high[axis], place[axis]);
+      }
+    }
+    _side = static_cast<std::size_t>(std::sqrt(static_cast<double>(count))) + 1;
+    for (std::size_t axis = 0; axis < 2; ++axis) {
+      const double extent = high[axis] - _low[axis];
+      _cellsPerUnit[axis] = extent > 0.0 ? static_cast<double>(_side) / extent : 0.0;
+    }
+    _cells.resize(_side * _side);
+  }
+
+  std::size_t indexOf(double value, std::size_t axis) const {
+    const double index = (value - _low[axis]) * _cellsPerUnit[axis];
+    return static_cast<std::size_t>(std::clamp(index, 0.0, static_cast<double>(_side - 1)));
+  }
+  std::size_t columnOf(double x) const { return indexOf(x, 0); }
+  std::size_t rowOf(double y) const { return indexOf(y, 1); }
+
+  /// Between which x a triangle is in a row of cells, or a little beyond it.
+  std::pair<double, double> widthInRow(const std::array<Place, 3>& triangle, std::size_t row) const {
+    // Against rounding, which may put a corner into the next row.
+    constexpr double ROOM = 1e-6;
+    const double height = _cellsPerUnit[1] > 0.0 ? 1.0 / _cellsPerUnit[1] : 0.0;
+    const double low = _low[1] + (static_cast<double>(row) - ROOM) * height;
+    const double high = low + (1.0 + 2.0 * ROOM) * height;
+    double left = std::numeric_limits<double>::infinity();
+    double right = -left;
+    for (std::size_t i = 0; i < 3; ++i) {
+      const Place& a = triangle[i];
+      const Place& b = triangle[(i + 1) % 3];
+      const double rise = b[1] - a[1];
+      if (std::max(a[1], b[1]) < low || std::min(a[1], b[1]) > high) {
+        continue;
+      }
+      for (const double y : {low, high}) {
+        const double part = rise != 0.0 ? std::clamp((y - a[1]) / rise, 0.0, 1.0) : y == low ? 0.0 : 1.0;
+        const double x = a[0] + part * (b[0] - a[0]);
+        left = std::min(left, x);
+        right = std::max(right, x);
+      }
+    }
+    const double width = _cellsPerUnit[0] > 0.0 ? ROOM / _cellsPerUnit[0] : 0.0;
+    return {left - width, right + width};
+  }
+
+  bool touch(std::vector<std::size_t>& cell, const Triangle& triangle, const std::array<Place, 3>& places) {
+    ++_steps;
+    for (std::size_t i = 0; i < cell.size();) {
+      const std::size_t corner = cell[i];
+      if (!_outline.contains(corner) || _outline.turnAt(corner) > 0.0) {
+        // It is no more in the way of any ear.
+        cell[i] = cell.back();
+        cell.pop_back();
+        continue;
+      }
+      ++_steps;
+      const Place& place = at(corner);
+      if (std::ranges::find(triangle, corner) == triangle.end() &&
+          std::ranges::find(places, place) == places.end() && turn(places[0], places[1], place) >= 0.0 &&
+          turn(places[1], places[2], place) >= 0.0 && turn(places[2], places[0], place) >= 0.0) {
+        return true;
+      }
+      ++i;
+    }
+    return false;
+  }
+
+  const Outline& _outline;
+  Place _low{};
+  Place _cellsPerUnit{};
+  /// How many cells there are in a row, and rows.
+  std::size_t _side = 0;
+  std::vector<std::vector<std::size_t>> _cells;
+  std::uint64_t _steps = 0;
+};
+
+class EarClipper {
+ public:
+  explicit EarClipper(const std::vector<Place>& places)
+      : _outline(places), _reflex(_outline), _isWaiting(places.size(), false), _round(places.size(), 0) {
+    for (std::size_t i = 0; i < places.size(); ++i) {
+      wait(i);
+    }
+  }
+
+  /// Whether all was clipped.
+  bool run() {
+    while (_outline.size() > 3) {
+      if (_waiting.empty() && !resume()) {
+        return false;
+      }
+      if (!clipRound()) {
+        return false;
+      }
+    }
+    return clipLast() && !_triangles.empty();
+  }
+
+  std::vector<Triangle> takeTriangles() { return std::move(_triangles); }
+
+ private:
+  void wait(std::size_t corner) {
+    if (!_isWaiting[corner]) {
+      _isWaiting[corner] = true;
+      _waiting.push_back(corner);
+    }
+  }
+
+  /// Corners beside an ear wait for the next round, so that triangles are no longer than they must be.
+  bool clipRound() {
+    // So many for each corner: those of most polygons take a hundredth of that.
+    constexpr std::uint64_t MOST_STEPS = 2000;
+    ++_currentRound;
+    _steps += _waiting.size();
+    for (const std::size_t corner : std::exchange(_waiting, {})) {
+      if (_outline.size() <= 3) {
+        break;
+      }
+      _isWaiting[corner] = false;
+      if (!_outline.contains(corner)) {
+        continue;
+      }
+      if (_round[corner] == _currentRound) {
+        wait(corner);
+      } else if (_outline.turnAt(corner) > 0.0 && !_reflex.touch(_outline.triangleAt(corner))) {
+        _triangles.push_back(_outline.triangleAt(corner));
+        clip(corner);
+      } else {
+        _blocked.push_back(corner);
+      }
+    }
+    return _steps + _reflex.countSteps() <= MOST_STEPS * _round.size();
+  }
+
+  void clip(std::size_t corner) {
+    for (const std::size_t neighbour : {_outline.previous(corner), _outline.next(corner)}) {
+      _round[neighbour] = _currentRound;
+      wait(neighbour);
+    }
+    _outline.remove(corner);
+    _hasClipped = true;
+  }
+
+  /// Looks at what was no ear again if that may have changed. If not, corners on a straight border, or at
+  /// the end of a line without an area, are left out.
+  bool resume() {
+    std::vector<std::size_t> blocked;
+    blocked.swap(_blocked);
+    const bool isStuck = !std::exchange(_hasClipped, false);
+    for (const std::size_t corner : blocked) {
+      if (!_outline.contains(corner)) {
+        continue;
+      }
+      if (isStuck && _outline.size() > 3 && _outline.turnAt(corner) == 0.0) {
+        clip(corner);
+      } else {
+        wait(corner);
+      }
+    }
+    return !isStuck || _hasClipped;
+  }
+
+  /// Of three corners.
+  bool clipLast() {
+    std::size_t corner = 0;
+    while (!_outline.contains(corner)) {
+      ++corner;
+    }
+    const double area = _outline.turnAt(corner);
+    if (area > 0.0) {
+      _triangles.push_back(_outline.triangleAt(corner));
+    }
+    return area >= 0.0;
+  }
+
+  Outline _outline;
+  ReflexCorners _reflex;
+  std::vector<std::size_t> _waiting;
+  /// Those that were not clipped when they were looked at.
+  std::vector<std::size_t> _blocked;
+  std::vector<bool> _isWaiting;
+  /// In which a corner's neighbour was clipped last.
+  std::vector<std::size_t> _round;
+  std::size_t _currentRound = 0;
+  std::uint64_t _steps = 0;
+  bool _hasClipped = false;
+  std::vector<Triangle> _triangles;
+};
+
+}  // namespace
+
+std::optional<std::vector<Triangle>> clipEars(const std::vector<Vector<2, double>>& polygon) {
+  if (polygon.size() < 3) {
+    return std::nullopt;
+  }
+  EarClipper clipper(polygon);
+  // Together, triangles surround each place as often as the polygon does. So if all are
+  // counter-clockwise, none of them is outside of it.
+  return clipper.run() ? std::optional(clipper.takeTriangles()) : std::nullopt;
+}
+
+}  // namespace vemo

@@ -1,0 +1,127 @@
+#include "geometry/drawing/PolygonFilling.h"
+
+#include "geometry/Cells.h"
+#include "geometry/Points.h"
+#include "geometry/drawing/EarClipping.h"
+#include "geometry/drawing/SelectedData.h"
+#include <vemo/base/Vector.h>
+
+#include <vtkCellArray.h>
+#include <vtkCellData.h>
+#include <vtkIdList.h>
+#include <vtkNew.h>
+#include <vtkPoints.h>
+#include <vtkPolyData.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <span>
+#include <utility>
+
+namespace vemo {
+
+namespace {
+
+/// The corners in a coordinate plane that is not perpendicular to the polygon, counter-clockwise.
+template <class Index>
+std::vector<Vector<2, double>> flatten(std::span<const Index> polygon, const PointReader& points) {
+  const Vector3 origin = points[polygon[0]];
+  Vector3 area{};
+  for (std::size_t i = 2; i < polygon.size(); ++i) {
+    area += cross(points[polygon[i - 1]] - origin, points[polygon[i]] - origin);
+  }
+  const auto isSmaller = [](double a, double b) { return std::abs(a) < std::abs(b); };
+  const auto axis = static_cast<std::size_t>(std::ranges::max_element(area, isSmaller) - area.begin());
+  std::size_t x = (axis + 1) % 3;
+  std::size_t y = (axis + 2) % 3;
+  if (area[axis] < 0.0) {
+    std::swap(x, y);
+  }
+  std::vector<Vector<2, double>> corners;
+  corners.reserve(polygon.size());
+  for (const Index point : polygon) {
+    const Vector3 place = points[point];
+    corners.push_back({place[x], place[y]});
+  }
+  return corners;
+}
+
+/// As VTK draws a polygon.
+std::vector<Triangle> fan(std::size_t corners) {
+  std::vector<Triangle> triangles;
+  for (std::size_t i = 2; i < corners; ++i) {
+    triangles.push_back({0, i - 1, i});
+  }
+  return triangles;
+}
+
+/// Collects faces, and the numbers of the cells that they come from.
+class FaceList {
+ public:
+  /// @param like an array with indices of the same size
+  explicit FaceList(const vtkCellArray& like) {
+    if (!like.IsStorage64Bit()) {
+      _faces->Use32BitStorage();
+    }
+  }
+
+  template <class Corners>
+  void add(vtkIdType source, const Corners& corners) {
+    _faces->InsertNextCell(static_cast<int>(corners.size()));
+    for (const auto corner : corners) {
+      _faces->InsertCellPoint(static_cast<vtkIdType>(corner));
+    }
+    addSource(source);
+  }
+
+  void addSource(vtkIdType source) { _sources->InsertNextId(source); }
+
+  vtkCellArray* faces() { return _faces; }
+  vtkIdList& sources() { return *_sources; }
+
+ private:
+  vtkNew<vtkCellArray> _faces;
+  vtkNew<vtkIdList> _sources;
+};
+
+}  // namespace
+
+PolygonFilling fillPolygons(vtkPolyData& geometry, const std::vector<vtkIdType>& polygons) {
+  PolygonFilling filling;
+  if (polygons.empty()) {
+    return filling;
+  }
+  FaceList list(*geometry.GetPolys());
+  const vtkIdType first = geometry.GetNumberOfVerts() + geometry.GetNumberOfLines();
+  vtkIdType number = 0;
+  for (; number < first; ++number) {
+    list.addSource(number);
+  }
+  const PointReader points(*geometry.GetPoints()->GetData());
+  forEachCell(*geometry.GetPolys(), [&, next = polygons.begin()](auto polygon) mutable {
+    if (next == polygons.end() || first + *next != number) {
+      list.add(number, polygon);
+    } else {
+      const auto triangles = clipEars(flatten(polygon, points));
+      for (const auto& [a, b, c] : triangles ? *triangles : fan(polygon.size())) {
+        list.add(number, std::array{polygon[a], polygon[b], polygon[c]});
+      }
+      filling.failures += triangles ? 0 : 1;
+      ++next;
+    }
+    ++number;
+  });
+  for (; number < geometry.GetNumberOfCells(); ++number) {
+    list.addSource(number);
+  }
+  filling.geometry = vtkSmartPointer<vtkPolyData>::New();
+  filling.geometry->ShallowCopy(&geometry);
+  filling.geometry->SetPolys(list.faces());
+  filling.geometry->GetCellData()->Initialize();
+  selectData(*geometry.GetCellData(), *filling.geometry->GetCellData(), list.sources());
+  return filling;
+}
+
+}  // namespace vemo

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <vtkSmartPointer.h>
+
+class vtkDataArray;
+class vtkDataSetAttributes;
+class vtkIdList;
+
+namespace vemo {
+
+/// A copy of the tuples with these numbers, in their order.
+vtkSmartPointer<vtkDataArray> selectTuples(vtkDataArray& array, vtkIdList& numbers);
+
+/// Adds such copies of all arrays, which have the same roles.
+void selectData(vtkDataSetAttributes& from, vtkDataSetAttributes& to, vtkIdList& numbers);
+
+}  // namespace vemo
