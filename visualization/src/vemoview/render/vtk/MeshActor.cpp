@@ -64,17 +64,20 @@ void MeshActor::Render(vtkRenderer* renderer, vtkMapper* mapper) {
 }
 
 void MeshActor::setDepthRange(vtkCamera& camera) const {
+  // A few steps of a depth buffer.
+  constexpr double LEAST = 2.5e-7;
+  const double* const range = camera.GetClippingRange();
   if (camera.GetParallelProjection() != 0) {
-    constexpr double NEARER = 6e-5;
-    glDepthRange(0.0, _isNearer ? 1.0 - NEARER : 1.0);
+    // Less in a close view of a deep model: at most about half a pixel of a usual picture.
+    constexpr double MOST = 6e-5;
+    constexpr double MOST_OF_SCALE = 1e-3;
+    const double nearer = MOST_OF_SCALE * camera.GetParallelScale() / (range[1] - range[0]);
+    glDepthRange(0.0, _isNearer ? 1.0 - std::clamp(nearer, LEAST, MOST) : 1.0);
     return;
   }
   // In perspective a constant difference of depths would be a large one far away, where hidden
   // lines would be seen through faces. With these two ranges, it is that of a part of the distance.
   constexpr double NEARER = 3e-4;
-  // A few steps of a depth buffer.
-  constexpr double LEAST = 2.5e-7;
-  const double* const range = camera.GetClippingRange();
   if (_isNearer) {
     glDepthRange(0.0, 1.0 - NEARER * range[0] / range[1] - LEAST);
   } else {
