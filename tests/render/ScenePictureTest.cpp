@@ -263,6 +263,27 @@ TEST(ScenePictureTest, HidesEdgesBehindFacesWhateverIsNear) {
   }
 }
 
+TEST(ScenePictureTest, ShowsLinesOnTheirFacesWhateverIsFar) {
+  const auto countLine = [](float far) {
+    RenderScene scene;
+    lum::CameraAttributes& camera = scene.canvas().getCameraAttributes();
+    camera.setPosition({0.05, 0.03, 0.1});
+    camera.setParallelScale(0.1);
+    auto& plate = scene.addSurface(
+        makePolyData(flat({-0.1F, -0.1F, 0.1F, -0.1F, 0.1F, 0.1F, -0.1F, 0.1F, -0.09F, -0.04F, 0.09F, 0.04F}),
+                     {.lines = {{4, 5}}, .polys = {{0, 1, 2, 3}}}),
+        {1, 0, 0});
+    plate.getAttributes<lum::MeshAttributes>().setMeshColor({0, 1, 0});
+    scene.addSurface(makeRectangle(-far, far, -far, far, -far), {0, 0, 1});
+    return boxWhere(scene.render(), [](const auto& pixel) { return pixel[1] > 50; }).count;
+  };
+  const int usual = countLine(1);
+  EXPECT_GT(usual, 150);
+  for (const float far : {10.0F, 100.0F, 1000.0F}) {
+    EXPECT_NEAR(countLine(far), usual, 2) << far;
+  }
+}
+
 TEST(ScenePictureTest, IsEmptyWhenManyPlanesCutAllAway) {
   RenderScene scene;
   scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 0, 0});

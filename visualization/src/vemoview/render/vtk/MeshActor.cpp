@@ -67,21 +67,25 @@ void MeshActor::setDepthRange(vtkCamera& camera) const {
   // A few steps of a depth buffer.
   constexpr double LEAST = 2.5e-7;
   const double* const range = camera.GetClippingRange();
+  double ofFaces = 0.0;
+  double ofLines = 0.0;
   if (camera.GetParallelProjection() != 0) {
     // Less in a close view of a deep model: at most about half a pixel of a usual picture.
     constexpr double MOST = 6e-5;
     constexpr double MOST_OF_SCALE = 1e-3;
-    const double nearer = MOST_OF_SCALE * camera.GetParallelScale() / (range[1] - range[0]);
-    glDepthRange(0.0, _isNearer ? 1.0 - std::clamp(nearer, LEAST, MOST) : 1.0);
-    return;
-  }
-  // In perspective a constant difference of depths would be a large one far away, where hidden
-  // lines would be seen through faces. With these two ranges, it is that of a part of the distance.
-  constexpr double NEARER = 3e-4;
-  if (_isNearer) {
-    glDepthRange(0.0, 1.0 - NEARER * range[0] / range[1] - LEAST);
+    ofFaces = std::clamp(MOST_OF_SCALE * camera.GetParallelScale() / (range[1] - range[0]), LEAST, MOST);
+    ofLines = ofFaces;
   } else {
-    glDepthRange(NEARER, 1.0);
+    // In perspective a constant difference of depths would be a large one far away, where hidden
+    // lines would be seen through faces. With these two ranges, it is that of a part of the distance.
+    ofFaces = 3e-4;
+    ofLines = ofFaces * range[0] / range[1] + LEAST;
+  }
+  // Faces farther and lines nearer: either alone would make no difference at one end of the depths.
+  if (_isNearer) {
+    glDepthRange(0.0, 1.0 - ofLines);
+  } else {
+    glDepthRange(ofFaces, 1.0);
   }
 }
 
