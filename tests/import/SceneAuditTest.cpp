@@ -73,6 +73,12 @@ TEST_F(SceneAuditTest, ReportsDeclarationsElsewhereOfADocumentThatClaimsToStandA
   }
 }
 
+TEST_F(SceneAuditTest, BelievesAByteOrderMarkMoreThanTheDeclaration) {
+  write("\xEF\xBB\xBF<?xml version='1.0' encoding='iso-8859-1'?>" +
+        sceneXml("<annotation name='a' visibility='1' text='1 \xC2\xB5m'/>"));
+  EXPECT_THAT(graphText(*SceneAudit(archivePath()).getSceneNode()), testing::HasSubstr("\"1 \xC2\xB5m\""));
+}
+
 TEST_F(SceneAuditTest, ConvertsWhatIsSoundBesideFaults) {
   const SceneAudit result =
       audit(geometry("name='bad' polys='none'") + "<light color='x'/>" + geometry("name='good'"));

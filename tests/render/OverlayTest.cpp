@@ -128,6 +128,23 @@ TEST(ImageTest, KeepsFineLinesWhenItIsDrawnSmaller) {
   EXPECT_EQ(lines, 16);
 }
 
+TEST(ImageTest, HasItsRowsOneAboveTheOtherHoweverNarrowItIs) {
+  for (const bool isInModel : {false, true}) {
+    for (const int width : {1, 2}) {
+      RenderScene scene;
+      lum::ImageAttributes& attributes = addImage(scene).getImageAttributes();
+      std::vector<unsigned char> pixels(2UL * width, 0);
+      pixels.resize(3UL * width, 255);
+      attributes.setPixels(makeArray<vtkUnsignedCharArray>("pixels", pixels), width, 3);
+      attributes.setCoordinateSpace(isInModel ? lum::CoordinateSpace::MODEL : lum::CoordinateSpace::WINDOW);
+      const PixelBox white = boxOf(scene.render(), WHITE);
+      EXPECT_GT(white.count, 0) << width;
+      EXPECT_EQ(white.count, white.width() * white.height()) << width;
+      EXPECT_GT(white.width(), 3 * white.height()) << width;
+    }
+  }
+}
+
 TEST(ImageTest, IsCutByPlanesUnlessItSaysNo) {
   for (const int planes : {1, 8}) {
     for (const bool isClipped : {true, false}) {

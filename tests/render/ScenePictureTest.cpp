@@ -235,10 +235,13 @@ TEST(ScenePictureTest, DrawsEdgesOnSteepFacesAsWideAsWithoutFaces) {
 }
 
 TEST(ScenePictureTest, HidesEdgesBehindFacesWhateverIsNear) {
-  const auto countEdges = [](bool isSomethingNear) {
+  using Mode = lum::CameraAttributes::ProjectionMode;
+  const auto countEdges = [](Mode mode, bool isSomethingNear) {
+    const float distance = mode == Mode::PERSPECTIVE ? 5 : 5000;
     RenderScene scene;
     lum::CameraAttributes& camera = scene.canvas().getCameraAttributes();
-    camera.setProjectionMode(lum::CameraAttributes::ProjectionMode::PERSPECTIVE);
+    camera.setProjectionMode(mode);
+    camera.setPosition({0, 0, distance});
     scene.addSurface(makeRectangle(-0.5F, 0.5F, -0.5F, 0.5F), {1, 0, 0});
     auto& behind = scene.addSurface(makeRectangle(-0.4F, 0.4F, -0.4F, 0.4F, -0.03F), {0, 0, 1});
     behind.getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
@@ -247,15 +250,38 @@ TEST(ScenePictureTest, HidesEdgesBehindFacesWhateverIsNear) {
     before.getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
     before.getAttributes<lum::MeshAttributes>().setMeshColor({1, 1, 1});
     if (isSomethingNear) {
-      scene.addSurface(makeRectangle(0.002F, 0.003F, 0.002F, 0.003F, 4.99F), {0, 0, 1});
+      scene.addSurface(makeRectangle(0.002F, 0.003F, 0.002F, 0.003F, 0.998F * distance), {0, 0, 1});
     }
     const Picture picture = scene.render();
-    EXPECT_EQ(countPixels(picture, {0, 255, 0}), 0);
-    return countPixels(picture, {255, 255, 255});
+    EXPECT_EQ(boxWhere(picture, [](const auto& pixel) { return pixel[1] > pixel[2] + 50; }).count, 0);
+    return boxWhere(picture, [](const auto& pixel) { return pixel[1] > 50; }).count;
   };
-  const int edges = countEdges(false);
-  EXPECT_GT(edges, 200);
-  EXPECT_NEAR(countEdges(true), edges, 20);
+  for (const Mode mode : {Mode::PERSPECTIVE, Mode::PARALLEL}) {
+    const int edges = countEdges(mode, false);
+    EXPECT_GT(edges, 200);
+    EXPECT_NEAR(countEdges(mode, true), edges, 20);
+  }
+}
+
+TEST(ScenePictureTest, ShowsLinesOnTheirFacesWhateverIsFar) {
+  const auto countLine = [](float far) {
+    RenderScene scene;
+    lum::CameraAttributes& camera = scene.canvas().getCameraAttributes();
+    camera.setPosition({0.05, 0.03, 0.1});
+    camera.setParallelScale(0.1);
+    auto& plate = scene.addSurface(
+        makePolyData(flat({-0.1F, -0.1F, 0.1F, -0.1F, 0.1F, 0.1F, -0.1F, 0.1F, -0.09F, -0.04F, 0.09F, 0.04F}),
+                     {.lines = {{4, 5}}, .polys = {{0, 1, 2, 3}}}),
+        {1, 0, 0});
+    plate.getAttributes<lum::MeshAttributes>().setMeshColor({0, 1, 0});
+    scene.addSurface(makeRectangle(-far, far, -far, far, -far), {0, 0, 1});
+    return boxWhere(scene.render(), [](const auto& pixel) { return pixel[1] > 50; }).count;
+  };
+  const int usual = countLine(1);
+  EXPECT_GT(usual, 150);
+  for (const float far : {10.0F, 100.0F, 1000.0F}) {
+    EXPECT_NEAR(countLine(far), usual, 2) << far;
+  }
 }
 
 TEST(ScenePictureTest, LightsAllTrianglesOfSelfCrossingPolygons) {

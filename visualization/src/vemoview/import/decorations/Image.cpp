@@ -10,6 +10,7 @@
 
 #include <vtkUnsignedCharArray.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <utility>
 
@@ -131,7 +132,8 @@ void Image::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& c
   addVisibilityAttrib(drawable, inWindow ? shared.isHidden : shared.hidesItemsIndividually);
   drawable.getPositionAttributes().setPosition(_corner, false);
   // A host may show a hidden item again.
-  drawable.getColorAttributes()->setOpacity(hasHiddenItems() ? _opacity : _opacity * getVisibility(), false);
+  const double visibility = hasHiddenItems() ? 1.0 : std::min(getVisibility(), 1.0);
+  drawable.getColorAttributes()->setOpacity(_opacity * visibility, false);
   lum::ImageAttributes& attributes = drawable.getImageAttributes();
   attributes.setCoordinateSpace(_space);
   attributes.setXAxis(_xAxis);

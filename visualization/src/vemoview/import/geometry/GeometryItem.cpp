@@ -70,6 +70,12 @@ T& findDrawable(lum::DrawableCollection& collection, bool isHidden) {
   return found != nullptr ? *found : collection.findOrCreate<T>(name);
 }
 
+void markPartsUnused(const QxElement& element) {
+  for (const QxElement::Attribute& attribute : element.getAttributes()) {
+    element.markUnused(attribute.getName());
+  }
+}
+
 void logArrays(const char* question, vtkDataSetAttributes& data) {
   VEMO_LOG_INFO("*********** How many " << question << " data arrays? " << data.GetNumberOfArrays());
   for (int i = 0; i < data.GetNumberOfArrays(); ++i) {
@@ -218,6 +224,9 @@ void GeometryItem::reportUnused(const ValueReader& values) const {
   for (const auto& [key, range] : {std::pair("pointScaleScalarRange", &_settings.pointScaleScalarRange),
                                    std::pair("pointScaleScalarMapTo", &_settings.pointScaleScalarMapTo)}) {
     if (*range) {
+      if (_geometryType != POINTS) {
+        markPartsUnused(*values.getElement().findChild(key));
+      }
       values.reportDepthWithoutEffect(key, (**range)[2]);
     }
   }

@@ -34,7 +34,8 @@ void GeometryTransform::reportUnusable(const ValueReader& values) const {
                   "The scale is zero in some directions: the scaled items are invisible");
   }
   if (_rotationAngle != 0.0 && _rotationAxis == Vector<3, double>{} && values.isOfNumbers("rotAxis")) {
-    reader.report(FindingCode::TRANSFORM_UNUSABLE, "The rotation has no axis: nothing is rotated");
+    reader.report(FindingCode::TRANSFORM_UNUSABLE, "The rotation has no axis: nothing is rotated", {},
+                  "rotAngle");
   }
 }
 

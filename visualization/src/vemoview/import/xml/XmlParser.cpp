@@ -7,6 +7,8 @@
 #include <vemo/base/Progress.h>
 #include <vemo/import/xml/QxElement.h>
 
+#include <algorithm>
+#include <array>
 #include <exception>
 #include <expat.h>
 #include <memory>
@@ -20,6 +22,12 @@ namespace {
 
 /// Between two reports of progress.
 constexpr int ELEMENTS_PER_REPORT = 256;
+
+/// With a byte order mark.
+bool isMarkedAsUtf8(std::span<const unsigned char> text) {
+  constexpr std::array<unsigned char, 3> MARK = {0xEF, 0xBB, 0xBF};
+  return text.size() >= MARK.size() && std::ranges::equal(text.first(MARK.size()), MARK);
+}
 
 /// Builds the tree of one XML entry from the parser's calls.
 class TreeBuilder {
@@ -44,6 +52,10 @@ class TreeBuilder {
   }
 
   XmlDocument build(std::span<const unsigned char> text) {
+    if (isMarkedAsUtf8(text)) {
+      // The parser would believe the declaration, which writers often copy.
+      XML_SetEncoding(_parser.get(), "UTF-8");
+    }
     const XML_Status status = XML_Parse(_parser.get(), reinterpret_cast<const char*>(text.data()),
                                         static_cast<int>(text.size()), 1);
     if (_failure) {

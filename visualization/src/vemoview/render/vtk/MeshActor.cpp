@@ -69,12 +69,13 @@ void MeshActor::setDepthRange(vtkCamera& camera) const {
   constexpr double LEAST = 2.5e-7;
   const double* const range = camera.GetClippingRange();
   if (camera.GetParallelProjection() != 0) {
-    constexpr double NEARER = 6e-5;
-    // Of a model that reaches much further than the picture is high, it would be a long way.
-    constexpr double MOST_HEIGHTS = 20.0;
-    const double reach = std::min(range[1] - range[0], MOST_HEIGHTS * camera.GetParallelScale());
-    const double most = std::max(NEARER * reach / (range[1] - range[0]), LEAST);
-    glDepthRange((1.0 - share) * most, 1.0 - share * most);
+    // Less in a close view of a deep model: at most about half a pixel of a usual picture.
+    constexpr double MOST = 6e-5;
+    constexpr double MOST_OF_SCALE = 1e-3;
+    const double nearer =
+        std::clamp(MOST_OF_SCALE * camera.GetParallelScale() / (range[1] - range[0]), LEAST, MOST);
+    // Faces farther and lines nearer: either alone would make no difference at one end of the depths.
+    glDepthRange((1.0 - share) * nearer, 1.0 - share * nearer);
     return;
   }
   // In perspective a constant difference of depths would be a large one far away, where hidden

@@ -12,10 +12,24 @@ namespace vemo {
 
 namespace {
 
+/// VTK takes an image of one column for one that lies in another plane, and
+/// would show its rows side by side. Two equal columns look like one.
+vtkSmartPointer<vtkDataArray> twoColumns(vtkDataArray& column) {
+  auto pixels = vtkSmartPointer<vtkDataArray>::Take(column.NewInstance());
+  pixels->SetNumberOfComponents(column.GetNumberOfComponents());
+  pixels->SetNumberOfTuples(2 * column.GetNumberOfTuples());
+  for (vtkIdType row = 0; row < column.GetNumberOfTuples(); ++row) {
+    pixels->SetTuple(2 * row, row, &column);
+    pixels->SetTuple(2 * row + 1, row, &column);
+  }
+  return pixels;
+}
+
 vtkSmartPointer<vtkTexture> makeTexture(const ImageDecoration& image) {
   vtkNew<vtkImageData> pixels;
-  pixels->SetDimensions(image.width, image.height, 1);
-  pixels->GetPointData()->SetScalars(image.pixels);
+  const bool isColumn = image.width == 1;
+  pixels->SetDimensions(isColumn ? 2 : image.width, image.height, 1);
+  pixels->GetPointData()->SetScalars(isColumn ? twoColumns(*image.pixels) : image.pixels);
   auto texture = vtkSmartPointer<vtkTexture>::New();
   texture->SetInputData(pixels);
   // Bytes are colours already, grey ones too.

@@ -14,7 +14,7 @@ void reportChange(const std::string& owner, const char* change) {
 }
 
 bool isLineBreak(char32_t character) {
-  return character == U'\n' || character == 0x2028 || character == 0x2029;
+  return character == U'\n' || character == U'\r' || character == 0x2028 || character == 0x2029;
 }
 
 /// Empty for what Windows-1252 does not have, either.
@@ -50,6 +50,9 @@ std::string readableText(std::string_view text, std::size_t mostBytes, const std
   bool isReversed = false;
   bool isWindows1252 = false;
   while (!text.empty()) {
+    if (text.starts_with("\r\n")) {
+      text.remove_prefix(1);
+    }
     const auto decoded = firstOfUtf8(text);
     const std::string_view written = text.substr(0, decoded ? decoded->length : 1);
     const std::string_view character = decoded ? drawnForm(decoded->value, written) : "?";
