@@ -65,6 +65,7 @@ class CommandLineTest : public ProgramTest {
     writeFile(_folder / "scene.xml", makeDescription("heat"));
     fs::create_directory(_folder / "folder");
     fs::create_symlink("loop", _folder / "loop");
+    fs::create_symlink("new.sdb", _folder / "link-to-new");
     EXPECT_EQ(mkfifo((_folder / "pipe").c_str(), 0600), 0);
     EXPECT_EQ(run({"convert", "scene.zip", "scene.sdb"}).exitCode, 0);
     std::string bytes = readFile(_folder / "scene.sdb");
