@@ -264,6 +264,22 @@ TEST_F(HangingCommandTest, LeavesNothingBehindWhenItIsTerminated) {
   expectNoTemporaryFiles();
 }
 
+TEST_F(HangingCommandTest, LeavesNoConvertedScenesBehindWhenItIsTerminated) {
+  for (const auto& [file, count] : {std::pair("one.zip", 1), {"many.zip", 3000}}) {
+    std::string description = makeDescription("heat");
+    for (int i = 0; i < count; ++i) {
+      description.insert(description.find("<geometry"), "<light intensity='1' color='FFFFFFFF'/>");
+    }
+    makeArchive(description).write(_folder / file);
+  }
+  const ProgramRun run = start({"diff", "one.zip", "many.zip", "--json"});
+  waitUntilItHangs();
+  EXPECT_EQ(countTemporaryFolders(), 1);
+  run.sendSignal(SIGTERM);
+  EXPECT_EQ(run.finish().exitCode, -SIGTERM);
+  expectNoTemporaryFiles();
+}
+
 TEST_F(HangingCommandTest, RemovesTheFolderOfAKilledProcessButNotOfALivingOne) {
   makeArchive(makeDescription("heat"), 50'000).write(_folder / "large.zip");
   fs::create_directory(_temporary / "vemoscene-files-of a user");
