@@ -129,7 +129,8 @@ class AtomicFile::Temporary {
 };
 
 void removeUncommittedFiles() {
-  const std::lock_guard lock(uncommittedFiles().mutex);
+  // Never unlocked: another thread would make the next file.
+  uncommittedFiles().mutex.lock();
   for (const std::filesystem::path& path : uncommittedFiles().paths) {
     ::unlink(path.c_str());
   }
