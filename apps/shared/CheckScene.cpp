@@ -43,7 +43,8 @@ FindingList checkArchive(const std::wstring& path) {
 
 std::set<std::size_t> checkArrays(lum::SDBReader& reader, FindingList& findings) {
   std::set<std::size_t> damaged;
-  for (std::size_t i = 0; i < reader.getArrays().size(); ++i) {
+  const std::size_t count = reader.getArrays().size();
+  for (std::size_t i = 0; i < count; ++i) {
     try {
       reader.checkArray(i);
     } catch (const lum::io::FileError& error) {

@@ -2,6 +2,7 @@
 
 #include "InputFile.h"
 #include "OutputFile.h"
+#include "base/AtomicFile.h"
 #include "output/ExitCode.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/import/DetectScene.h>
@@ -16,9 +17,10 @@ namespace fs = std::filesystem;
 
 fs::path placeOf(const std::string& path) {
   std::error_code ignored;
-  const fs::path place = fs::absolute(path, ignored);
+  // Also through links to files that do not exist yet.
+  const fs::path place = fs::absolute(OS::followLinks(path), ignored);
   const fs::path resolved = fs::weakly_canonical(place, ignored);
-  // Links that lead nowhere cannot be resolved.
+  // Circular links cannot be resolved.
   return resolved.empty() ? place.lexically_normal() : resolved;
 }
 

@@ -9,16 +9,24 @@
 #include <vemo/scenegraph/inspect/NumberText.h>
 
 #include <array>
+#include <cstdint>
 #include <fmt/format.h>
-#include <span>
+#include <functional>
 #include <sstream>
+#include <string_view>
+#include <utility>
 
 namespace vemo {
 
 namespace {
 
+/// Takes a part of the ledger: there may be a great many lines, with long paths.
+using PutLines = std::function<void(std::string_view lines)>;
+
 class LedgerPrinter {
  public:
+  explicit LedgerPrinter(PutLines put) : _put(std::move(put)) {}
+
   void print(const LedgerRow& row) {
     ++_counts[static_cast<std::size_t>(row.outcome)];
     lum::JsonWriter json(_lines);
@@ -50,9 +58,16 @@ class LedgerPrinter {
     }
     json.endObject();
     json.finish();
+    if (_lines.view().size() >= PART_SIZE) {
+      putLines();
+    }
   }
 
-  std::string getLines() const { return _lines.str(); }
+  /// Must be called at the end.
+  void putLines() {
+    _put(_lines.view());
+    _lines.str({});
+  }
 
   std::string getSummary() const {
     std::string summary;
@@ -67,6 +82,9 @@ class LedgerPrinter {
   }
 
  private:
+  static constexpr std::size_t PART_SIZE = std::size_t{1} << 20;
+
+  PutLines _put;
   std::ostringstream _lines;
   std::array<std::int64_t, OUTCOME_COUNT> _counts{};
 };
@@ -76,17 +94,24 @@ class LedgerPrinter {
 const FileKind LEDGER_KIND{"", "ledger", R"({"outcome": )", true};
 
 std::string writeLedger(const SceneLedger& ledger, const std::string& file) {
-  LedgerPrinter printer;
-  ledger.list([&printer](const LedgerRow& row) { printer.print(row); });
-  const std::string lines = printer.getLines();
+  const auto print = [&ledger](const PutLines& put) {
+    LedgerPrinter printer(put);
+    ledger.list([&printer](const LedgerRow& row) { printer.print(row); });
+    printer.putLines();
+    return printer.getSummary();
+  };
   if (isStandardOutput(file)) {
     ResultStream out;
-    out << lines;
+    std::string summary = print([&out](std::string_view lines) { out << lines; });
     out.finish();
-  } else {
-    OS::writeAtomically(file, {reinterpret_cast<const std::uint8_t*>(lines.data()), lines.size()});
+    return summary;
   }
-  return printer.getSummary();
+  OS::SequentialFile out(file);
+  std::string summary = print([&out](std::string_view lines) {
+    out.append({reinterpret_cast<const std::uint8_t*>(lines.data()), lines.size()});
+  });
+  out.commit();
+  return summary;
 }
 
 }  // namespace vemo

@@ -3,6 +3,7 @@
 #include "base/AtomicFile.h"
 #include "base/MemoryReserve.h"
 #include "output/ExitCode.h"
+#include <vemo/base/Platform.h>
 
 #include <atomic>
 #include <cerrno>
@@ -206,6 +207,8 @@ fs::path useOwnTemporaryFolder() {
   // it, and therefore called after them.
   std::atexit(removeOwnFolder);
   setenv("TMPDIR", ownFolder().path.c_str(), 1);
+  // It may have looked up the former folder.
+  Platform::reset();
   callWhenEnded(signals, removeOwnFolder);
   return ownFolder().path;
 }

@@ -66,6 +66,7 @@ class CommandLineTest : public ProgramTest {
     writeFile(_folder / "scene.xml", makeDescription("heat"));
     fs::create_directory(_folder / "folder");
     fs::create_symlink("loop", _folder / "loop");
+    fs::create_symlink("new.sdb", _folder / "link-to-new");
     EXPECT_EQ(mkfifo((_folder / "pipe").c_str(), 0600), 0);
     EXPECT_EQ(run({"convert", "scene.zip", "scene.sdb"}).exitCode, 0);
     std::string bytes = readFile(_folder / "scene.sdb");
@@ -302,6 +303,22 @@ class HangingCommandTest : public CommandLineTest {
 TEST_F(HangingCommandTest, LeavesNothingBehindWhenItIsTerminated) {
   makeArchive(makeDescription("heat"), 50'000).write(_folder / "large.zip");
   const ProgramRun run = start({"convert", "large.zip", "-"});
+  waitUntilItHangs();
+  EXPECT_EQ(countTemporaryFolders(), 1);
+  run.sendSignal(SIGTERM);
+  EXPECT_EQ(run.finish().exitCode, -SIGTERM);
+  expectNoTemporaryFiles();
+}
+
+TEST_F(HangingCommandTest, LeavesNoConvertedScenesBehindWhenItIsTerminated) {
+  for (const auto& [file, count] : {std::pair("one.zip", 1), {"many.zip", 3000}}) {
+    std::string description = makeDescription("heat");
+    for (int i = 0; i < count; ++i) {
+      description.insert(description.find("<geometry"), "<light intensity='1' color='FFFFFFFF'/>");
+    }
+    makeArchive(description).write(_folder / file);
+  }
+  const ProgramRun run = start({"diff", "one.zip", "many.zip", "--json"});
   waitUntilItHangs();
   EXPECT_EQ(countTemporaryFolders(), 1);
   run.sendSignal(SIGTERM);

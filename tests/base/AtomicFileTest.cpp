@@ -3,9 +3,11 @@
 #include "support/OrdinaryUser.h"
 #include "support/TemporaryFolder.h"
 
+#include <csignal>
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 namespace vemo {
@@ -106,10 +108,24 @@ TEST_F(AtomicFileTest, RemovesOnlyItsOwnTemporaryFile) {
   EXPECT_EQ(filesLeft(), 2) << "it is the parent's";
   file.reset();
   EXPECT_EQ(filesLeft(), 1);
-  const OS::AtomicFile unfinished(_file);
-  OS::removeUncommittedFiles();
-  EXPECT_EQ(filesLeft(), 1);
   EXPECT_EQ(readFile(_file), "former");
+}
+
+TEST_F(AtomicFileTest, AProcessThatIsAboutToEndMakesNoMoreFiles) {
+  const pid_t child = fork();
+  if (child == 0) {
+    alarm(1);
+    const OS::AtomicFile unfinished(_file);
+    OS::removeUncommittedFiles();
+    std::thread([this] {
+      static_cast<void>(write(_folder / "later"));
+      _exit(0);
+    }).join();
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM);
+  EXPECT_EQ(countFiles(_folder.path()), 1);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "SceneFixture.h"
 #include "support/Files.h"
 #include "support/Meshes.h"
+#include <vemo/scenegraph/Findings.h>
 
 #include <algorithm>
 #include <gmock/gmock.h>
@@ -240,6 +241,25 @@ TEST_F(SceneFileReaderTest, KeepsFindingsWithTheirPlace) {
   EXPECT_EQ(reader.getFindings().back().text, "Further findings of this kind are not listed");
   reader.report(FindingCode::ARRAY_LEFT_OUT, "of another kind");
   EXPECT_EQ(reader.getFindings().back().text, "of another kind");
+  reader.collectFaults();
+  reader.report(FindingCode::VALUE_IGNORED, "for the ledger", "c.bin", "x");
+  ASSERT_EQ(reader.getMarks().size(), 1U);
+  EXPECT_EQ(reader.getMarks()[0].attribute, "x");
+}
+
+TEST_F(SceneFileReaderTest, CountsTheFindingsThatAnAuditDoesNotList) {
+  SceneFileReader reader = open(ArchiveBuilder().text("x", ""));
+  reader.collectFaults();
+  reader.reportAll();
+  std::vector<Finding> found;
+  const FindingCapture capture(found);
+  for (std::size_t i = 0; i < SceneFileReader::MAX_AUDIT_FINDINGS + 7; ++i) {
+    reader.attempt([] { throw IOException("damaged"); });
+  }
+  reader.reportUnlisted();
+  EXPECT_EQ(reader.getFindings().size(), SceneFileReader::MAX_AUDIT_FINDINGS);
+  EXPECT_EQ(found.size(), SceneFileReader::MAX_AUDIT_FINDINGS + 1);
+  EXPECT_EQ(found.back().text, "7 further findings of this kind are not listed");
 }
 
 }  // namespace

@@ -63,6 +63,7 @@ TEST(PictureTest, TakesTheMeansOfSquares) {
   EXPECT_EQ(means, (std::array<std::uint8_t, 6>{128, 2, 0, 0, 0, 25}));
   averageSquares(std::span(rows).first(8), 1, means);
   EXPECT_EQ(means, (std::array<std::uint8_t, 6>{255, 0, 0, 0, 0, 0}));
+  EXPECT_THROW(averageSquares(std::span(rows).first(28), 2, means), InternalError);
   EXPECT_THROW(averageSquares(std::span(rows).first(18), 3, std::span(means).first(0)), InternalError);
   EXPECT_THROW(averageSquares(std::span(rows).first(0), 3, std::span(means).first(0)), InternalError);
 }

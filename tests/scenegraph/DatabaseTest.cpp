@@ -9,6 +9,9 @@
 #include <vemo/scenegraph/io/SDBReader.h>
 #include <vemo/scenegraph/io/SDBWriter.h>
 
+#include <vtkDataArray.h>
+#include <vtkWeakPointer.h>
+
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -56,6 +59,47 @@ TEST(DatabaseTest, RefusesGeometryThatDoesNotFitAndGraphsTooDeep) {
   EXPECT_EQ(writeDatabase(folder / "a.sdb", *node), FileIoStatus::WriteError);
   EXPECT_EQ(writeDatabase(folder / "a.sdb", *makeChain(lum::Node::MAX_DEPTH + 1)), FileIoStatus::WriteError);
   EXPECT_TRUE(fs::is_empty(folder.path()));
+}
+
+/// The index of a file of one short record, with this record twice: their count, three numbers of
+/// strings, the size of the graph, and the graph are at its end.
+std::string withRecordTwice(const std::string& index) {
+  constexpr std::size_t HEAD = 5;
+  for (std::size_t at = 0; at + HEAD < index.size(); ++at) {
+    if (index[at] == 1 && static_cast<unsigned char>(index[at + HEAD - 1]) == index.size() - at - HEAD) {
+      return index.substr(0, at) + '\2' + index.substr(at + 1) + index.substr(at + 1);
+    }
+  }
+  ADD_FAILURE() << "the record is not short";
+  return index;
+}
+
+TEST(DatabaseTest, RecordsShareTheirArrays) {
+  const TemporaryFolder folder;
+  const auto mesh = make<lum::PolyDataNode>();
+  mesh->setPolyData(makeGeometry(false));
+  ASSERT_EQ(writeDatabase(folder / "a.sdb", *mesh), FileIoStatus::Success);
+  DatabaseBytes bytes(readFile(folder / "a.sdb"));
+  bytes.index = withRecordTwice(bytes.index);
+  writeFile(folder / "a.sdb", bytes.join());
+  SDBWriter writer;
+  int number = 0;
+  ASSERT_EQ(writer.open(wide(folder / "a.sdb"), true, false), FileIoStatus::Success);
+  ASSERT_EQ(writer.addRecord("", "", "", *make<lum::Plane>(), number), FileIoStatus::Success);
+  ASSERT_EQ(writer.close(), FileIoStatus::Success);
+
+  lum::SDBReader reader(wide(folder / "a.sdb"));
+  const auto pointsOf = [&reader](std::size_t record) {
+    return vtkWeakPointer<vtkDataArray>(Ptr<lum::PolyDataNode>(reader.readNode(record))->getPoints());
+  };
+  const vtkWeakPointer<vtkDataArray> points = pointsOf(0);
+  EXPECT_TRUE(points) << "the next record may use them";
+  EXPECT_EQ(pointsOf(1), points);
+  const Ptr<Node> other = reader.readNode(2);
+  EXPECT_FALSE(points) << "it does not";
+  const Ptr<lum::PolyDataNode> held(reader.readNode(0));
+  static_cast<void>(reader.readNode(2));
+  EXPECT_EQ(pointsOf(1), held->getPoints());
 }
 
 /// Only arrays of a name and of the same bytes are shared, and damage is noticed

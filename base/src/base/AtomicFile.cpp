@@ -22,10 +22,6 @@ constexpr int MAX_LINKS = 40;
 constexpr int ATTEMPTS = 100;
 constexpr unsigned PERMISSION_BITS = 07777;
 
-struct CloseFile {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-
 /// The names of temporary files that are neither moved nor removed yet.
 struct UncommittedFiles {
   std::mutex mutex;
@@ -38,12 +34,10 @@ UncommittedFiles& uncommittedFiles() {
   return files;
 }
 
-void writeInPlace(const std::filesystem::path& path, std::span<const std::uint8_t> bytes) {
-  const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(path.c_str(), "wbe"));
-  if (file == nullptr || std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size() ||
-      std::fflush(file.get()) != 0) {
-    throw FileWriteError(path, std::generic_category().message(errno));
-  }
+bool isSpecialFile(const std::filesystem::path& path) {
+  std::error_code ignored;
+  const std::filesystem::file_status status = std::filesystem::status(path, ignored);
+  return std::filesystem::exists(status) && !std::filesystem::is_regular_file(status);
 }
 
 }  // namespace
@@ -129,7 +123,8 @@ class AtomicFile::Temporary {
 };
 
 void removeUncommittedFiles() {
-  const std::lock_guard lock(uncommittedFiles().mutex);
+  // Never unlocked: another thread would make the next file.
+  uncommittedFiles().mutex.lock();
   for (const std::filesystem::path& path : uncommittedFiles().paths) {
     ::unlink(path.c_str());
   }
@@ -248,15 +243,43 @@ void AtomicFile::fail(const std::string& reason, int error) const {
   throw FileWriteError(_target, reason + ": " + std::generic_category().message(error));
 }
 
-void writeAtomically(const std::filesystem::path& path, std::span<const std::uint8_t> bytes) {
-  std::error_code ignored;
-  const std::filesystem::file_status status = std::filesystem::status(path, ignored);
-  if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
-    writeInPlace(path, bytes);
+SequentialFile::SequentialFile(const std::filesystem::path& path) : _path(path) {
+  if (!isSpecialFile(path)) {
+    _file.emplace(path);
     return;
   }
-  AtomicFile file(path);
-  file.write(bytes.data(), bytes.size(), 0);
+  _special.reset(std::fopen(path.c_str(), "wbe"));
+  if (_special == nullptr) {
+    fail();
+  }
+}
+
+SequentialFile::~SequentialFile() = default;
+
+void SequentialFile::append(std::span<const std::uint8_t> bytes) {
+  if (_file) {
+    _file->write(bytes.data(), bytes.size(), _size);
+  } else if (std::fwrite(bytes.data(), 1, bytes.size(), _special.get()) != bytes.size()) {
+    fail();
+  }
+  _size += bytes.size();
+}
+
+void SequentialFile::commit() {
+  if (_file) {
+    _file->commit();
+  } else if (std::fflush(_special.get()) != 0) {
+    fail();
+  }
+}
+
+void SequentialFile::fail() const {
+  throw FileWriteError(_path, std::generic_category().message(errno));
+}
+
+void writeAtomically(const std::filesystem::path& path, std::span<const std::uint8_t> bytes) {
+  SequentialFile file(path);
+  file.append(bytes);
   file.commit();
 }
 

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -65,11 +66,37 @@ class VEMO_BASE_EXPORT AtomicFile {
 };
 
 /// Removes the temporary files of all uncommitted AtomicFiles of this process: for
-/// a process that is about to be ended by a signal, which calls no destructors.
+/// a process that is about to be ended by a signal, which calls no destructors. From then
+/// on, whoever makes, commits or destroys an AtomicFile waits for the end.
 VEMO_BASE_EXPORT void removeUncommittedFiles();
 
-/// Writes an AtomicFile. What exists and is not a regular file (a pipe, a
-/// device) is written in place.
+/// Writes an AtomicFile from its beginning to its end. What exists and is not a regular file
+/// (a pipe, a device) is written in place. Failures are FileWriteError, too.
+class VEMO_BASE_EXPORT SequentialFile {
+ public:
+  explicit SequentialFile(const std::filesystem::path& path);
+  SequentialFile(const SequentialFile&) = delete;
+  SequentialFile& operator=(const SequentialFile&) = delete;
+  ~SequentialFile();
+
+  void append(std::span<const std::uint8_t> bytes);
+
+  /// Must be called at most once; nothing can be appended afterwards.
+  void commit();
+
+ private:
+  struct CloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+  };
+  [[noreturn]] void fail() const;
+
+  std::filesystem::path _path;
+  std::unique_ptr<std::FILE, CloseFile> _special;
+  std::optional<AtomicFile> _file;
+  std::uint64_t _size = 0;
+};
+
+/// Writes a SequentialFile of these bytes.
 VEMO_BASE_EXPORT void writeAtomically(const std::filesystem::path& path, std::span<const std::uint8_t> bytes);
 
 }  // namespace vemo::OS

@@ -68,7 +68,8 @@ class VEMO_SCENEGRAPH_EXPORT SDBReader {
 
   /// Decodes a record's node with all that it owns, arrays included, in the
   /// given session or in none. The caller owns it. Arrays are shared with the
-  /// pool, if there is one.
+  /// pool, if there is one, and with other records of the file, whose reader keeps those of
+  /// the latest: arrays of a file with several records must not be changed.
   Ptr<Node> readNode(std::size_t record, int sessionId = NO_SESSION, ArrayPool* pool = nullptr);
 
   /// Reads one array and checks it against its hash; throws like readNode.

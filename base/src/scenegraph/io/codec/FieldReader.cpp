@@ -1,5 +1,6 @@
 #include "scenegraph/io/codec/FieldReader.h"
 
+#include "geometry/PolyDataValidator.h"
 #include <vemo/scenegraph/CollectionNode.h>
 #include <vemo/scenegraph/Owned.h>
 #include <vemo/scenegraph/io/FileError.h>
@@ -79,7 +80,13 @@ void FieldReader::operator()(vtkSmartPointer<vtkCellArray>* /*value*/) {
 }
 
 void FieldReader::operator()(ArrayTable* /*value*/) {
-  for (std::size_t count = _in.count("arrays", 1); count > 0; --count) {
+  std::size_t count = _in.count("arrays", 1);
+  // Each takes a byte of the file and forty of memory.
+  if (count > vemo::MAX_DATA_ARRAYS) {
+    throw FileError(FileIoStatus::ReadError,
+                    fmt::format("{} data arrays, at most {} are allowed", count, vemo::MAX_DATA_ARRAYS));
+  }
+  for (; count > 0; --count) {
     readChunk();
   }
 }

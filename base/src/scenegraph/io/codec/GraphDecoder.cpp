@@ -36,7 +36,6 @@ void GraphDecoder::setKnown(const KnownNodes& known, std::uint64_t& movableNodes
 }
 
 Ptr<Node> GraphDecoder::decode(std::string_view bytes) {
-  _nodeCounts.assign(_tables.getClasses().size(), 0);
   ByteReader graph(bytes);
   const std::size_t count = graph.count("nodes", MIN_NODE_BYTES);
   readChanged(graph);

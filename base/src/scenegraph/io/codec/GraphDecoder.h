@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <set>
 #include <string>
 #include <string_view>
@@ -37,9 +38,9 @@ class GraphDecoder {
   /// The new nodes by their numbers; null for those that are left out.
   const std::vector<Node*>& getNewNodes() const { return _newNodes; }
 
-  /// The new nodes of each class of the file, without those that are left out with
-  /// their owners.
-  const std::vector<std::size_t>& getNodeCounts() const { return _nodeCounts; }
+  /// How many new nodes there are of which class of the file, without those that are left
+  /// out with their owners.
+  const std::map<std::size_t, std::size_t>& getNodeCounts() const { return _nodeCounts; }
 
  private:
   /// A node on the way from the root to the one that is being read; null when
@@ -90,7 +91,7 @@ class GraphDecoder {
   std::set<std::size_t> _changed;
   Ptr<Node> _root;
   std::vector<Node*> _newNodes;
-  std::vector<std::size_t> _nodeCounts;
+  std::map<std::size_t, std::size_t> _nodeCounts;
   // The first _depth are in use.
   std::vector<Level> _levels;
   std::size_t _depth = 0;

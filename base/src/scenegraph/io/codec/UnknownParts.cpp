@@ -38,16 +38,13 @@ std::string describeUnknownFields(const TableReader& tables, const FileClass& fi
 
 }  // namespace
 
-void UnknownParts::report(const TableReader& tables, std::span<const std::size_t> nodeCounts) {
-  for (std::size_t i = 0; i < nodeCounts.size(); ++i) {
-    const FileClass& fileClass = tables.getClasses()[i];
-    if (nodeCounts[i] == 0) {
-      continue;
-    }
+void UnknownParts::report(const TableReader& tables, const std::map<std::size_t, std::size_t>& nodeCounts) {
+  for (const auto& [number, nodeCount] : nodeCounts) {
+    const FileClass& fileClass = tables.getClasses()[number];
     if (fileClass.construct == nullptr) {
-      reportOnce(vemo::FindingCode::CLASS_UNKNOWN, describeUnknownClass(fileClass, nodeCounts[i]));
+      reportOnce(vemo::FindingCode::CLASS_UNKNOWN, describeUnknownClass(fileClass, nodeCount));
     } else if (!fileClass.unknownFields.empty()) {
-      reportOnce(vemo::FindingCode::FIELD_UNKNOWN, describeUnknownFields(tables, fileClass, nodeCounts[i]));
+      reportOnce(vemo::FindingCode::FIELD_UNKNOWN, describeUnknownFields(tables, fileClass, nodeCount));
     }
   }
 }

@@ -4,8 +4,8 @@
 #include <vemo/scenegraph/Finding.h>
 
 #include <cstddef>
+#include <map>
 #include <set>
-#include <span>
 #include <string>
 
 namespace lum::io {
@@ -14,8 +14,9 @@ namespace lum::io {
 /// know, each once. A file may have a great many, with long names.
 class UnknownParts {
  public:
-  /// `nodeCounts`: by class, how many nodes of it a graph has.
-  void report(const TableReader& tables, std::span<const std::size_t> nodeCounts);
+  /// `nodeCounts`: how many nodes a graph has of which class. A stream of many small graphs may
+  /// have many classes.
+  void report(const TableReader& tables, const std::map<std::size_t, std::size_t>& nodeCounts);
 
  private:
   void reportOnce(vemo::FindingCode code, const std::string& text);

@@ -9,6 +9,9 @@
 #include <vemo/scenegraph/io/FileError.h>
 #include <vemo/scenegraph/io/SDBReader.h>
 
+#include <vtkWeakPointer.h>
+
+#include <algorithm>
 #include <cerrno>
 #include <fmt/format.h>
 #include <fstream>
@@ -84,7 +87,9 @@ class SDBReader::Database {
     if (_arrayFilter) {
       binder.filter(_arrayFilter);
     }
-    for (const std::size_t chunk : binder.getExpected()) {
+    const std::vector<std::size_t> expected = binder.getExpected();
+    keepOnly(expected);
+    for (const std::size_t chunk : expected) {
       const std::string fault = binder.provide(chunk, *readChunk(chunk, pool));
       if (!fault.empty()) {
         throw io::FileError(io::FileIoStatus::ReadError, fault);
@@ -99,7 +104,9 @@ class SDBReader::Database {
     io::ArrayBinder binder;
     const Ptr<Node> root = decode(record, binder, NO_SESSION);
     bool isWhole = true;
-    for (const std::size_t chunk : binder.getExpected()) {
+    const std::vector<std::size_t> expected = binder.getExpected();
+    keepOnly(expected);
+    for (const std::size_t chunk : expected) {
       if (damaged.contains(chunk)) {
         isWhole = false;
       } else if (const std::string fault = binder.provide(chunk, *readChunk(chunk, nullptr));
@@ -132,7 +139,29 @@ class SDBReader::Database {
     return root;
   }
 
+  /// Lets go the arrays of the record before that this one does not use.
+  void keepOnly(const std::vector<std::size_t>& chunks) {
+    std::erase_if(_latest,
+                  [&chunks](const auto& kept) { return !std::ranges::binary_search(chunks, kept.first); });
+  }
+
+  /// Shared with other records of the file. Few bytes of records use a large array again and
+  /// again: each must not read a copy of its own.
   vtkSmartPointer<vtkDataArray> readChunk(std::size_t chunk, ArrayPool* pool) {
+    if (_index.getRecords().size() == 1) {
+      return readOrFindInPool(chunk, pool);
+    }
+    vtkWeakPointer<vtkDataArray>& known = _known[chunk];
+    vtkSmartPointer<vtkDataArray> array(known.Get());
+    if (array == nullptr) {
+      array = readOrFindInPool(chunk, pool);
+      known = array;
+    }
+    _latest[chunk] = array;
+    return array;
+  }
+
+  vtkSmartPointer<vtkDataArray> readOrFindInPool(std::size_t chunk, ArrayPool* pool) {
     const io::ChunkRow& row = _index.getTables().getChunks()[chunk];
     const std::string text = _index.getTables().getName(row);
     const char* const name = row.name != 0 ? text.c_str() : nullptr;
@@ -180,6 +209,9 @@ class SDBReader::Database {
   std::unordered_map<std::size_t, std::uint64_t> _usedByRecord;
   std::uint64_t _used = 0;
   io::UnknownParts _unknown;
+  // By number: those that somebody has, and those of the record that was read last.
+  std::unordered_map<std::size_t, vtkWeakPointer<vtkDataArray>> _known;
+  std::unordered_map<std::size_t, vtkSmartPointer<vtkDataArray>> _latest;
   vemo::ProgressMeter _progress;
   ArrayFilter _arrayFilter;
 };

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <fmt/format.h>
 #include <utility>
 
 namespace vemo {
@@ -157,24 +158,33 @@ bool ReadingContext::isConsequence(const Finding& finding) const {
     return false;
   }
   // Those about an element, and about its children, follow those about earlier elements.
-  const auto earlier = std::find_if(_findings.rbegin(), _findings.rend(),
-                                    [&](const Finding& other) { return other.element < finding.element; });
-  return std::any_of(_findings.rbegin(), earlier, [&](const Finding& other) {
-    return other.code == FindingCode::VALUE_UNREADABLE && other.element == finding.element &&
-           other.attribute == finding.attribute;
-  });
+  const auto isUnreadable = [&finding](const auto& reported) {
+    const auto earlier = std::find_if(reported.rbegin(), reported.rend(),
+                                      [&](const auto& other) { return other.element < finding.element; });
+    return std::any_of(reported.rbegin(), earlier, [&](const auto& other) {
+      return other.code == FindingCode::VALUE_UNREADABLE && other.element == finding.element &&
+             other.attribute == finding.attribute;
+    });
+  };
+  return isUnreadable(_findings) || isUnreadable(_marks);
+}
+
+bool ReadingContext::isListed(const Finding& finding) {
+  if (++_counts[finding.code] <= getLimit()) {
+    return true;
+  }
+  if (_collectsFaults && !_reportsAll) {
+    _marks.push_back({finding.code, finding.entry, finding.attribute, finding.element});
+  }
+  return false;
 }
 
 void ReadingContext::report(Finding finding) {
   if (isConsequence(finding)) {
     return;
   }
-  const std::size_t count = ++_counts[finding.code];
-  if (count > MAX_FINDINGS && !_reportsAll) {
-    if (_collectsFaults) {
-      _findings.push_back(finding);
-    }
-    if (count > MAX_FINDINGS + 1) {
+  if (!isListed(finding)) {
+    if (_reportsAll || _counts[finding.code] > getLimit() + 1) {
       return;
     }
     finding = {finding.code, "Further findings of this kind are not listed"};
@@ -183,11 +193,19 @@ void ReadingContext::report(Finding finding) {
   Findings::getSingleton().report(_findings.back());
 }
 
-void ReadingContext::keepConsequence(FindingCode code, const std::string& text, const std::string& entry) {
+void ReadingContext::reportUnlisted() {
+  for (const auto& [code, count] : _counts) {
+    if (count > getLimit()) {
+      Findings::getSingleton().report(
+          {code, fmt::format("{} further findings of this kind are not listed", count - getLimit())});
+    }
+  }
+}
+
+void ReadingContext::keepConsequence(FindingCode code, const std::string& entry) {
   if (_collectsFaults) {
     const Place place = getPlace();
-    _consequences.push_back(
-        {code, text, entry, place.itemPath, place.element.line, place.attribute, place.element.number});
+    _marks.push_back({code, entry, place.attribute, place.element.number});
   }
 }
 
@@ -196,6 +214,9 @@ void ReadingContext::keepFault(Finding fault) {
     _firstFault = std::current_exception();
   }
   fault.element = getFailurePlace().element.number;
+  if (!isListed(fault)) {
+    return;
+  }
   _findings.push_back(std::move(fault));
   if (_reportsAll) {
     Findings::getSingleton().report(_findings.back());
@@ -228,9 +249,9 @@ void report(ReadingContext* context, FindingCode code, const std::string& text) 
   }
 }
 
-void keepConsequence(ReadingContext* context, FindingCode code, const std::string& text) {
+void keepConsequence(ReadingContext* context, FindingCode code, const std::string& /*text*/) {
   if (context != nullptr) {
-    context->keepConsequence(code, text);
+    context->keepConsequence(code);
   }
 }
 

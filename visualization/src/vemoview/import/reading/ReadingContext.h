@@ -23,6 +23,16 @@ class ReadingContext {
  public:
   /// Of each kind; one more says that others are not listed.
   static constexpr std::size_t MAX_FINDINGS = 1000;
+  /// The same when all findings are asked for: a few bytes of a description give a finding.
+  static constexpr std::size_t MAX_AUDIT_FINDINGS = 10'000;
+
+  /// What a finding that is not listed is about.
+  struct Mark {
+    FindingCode code;
+    std::string entry;
+    std::string attribute;
+    int element;
+  };
 
   /// An item takes about as long as so many bytes of an entry: the unit of progress.
   static constexpr std::uint64_t BYTES_PER_ITEM = 1024;
@@ -92,12 +102,14 @@ class ReadingContext {
   /// replaces all further parts.
   static void extendPath(std::string& path, const std::string& part);
 
-  /// From now on, `attempt` collects failures instead of throwing them, and the
-  /// number of findings is not limited.
+  /// From now on, `attempt` collects failures instead of throwing them, and findings that are
+  /// not listed leave a mark.
   void collectFaults() { _collectsFaults = true; }
-  /// From now on, failures and all findings of a kind are also reported to the
-  /// sink.
+  /// From now on, failures are also reported to the sink, and more findings of a kind. Those
+  /// that are not are counted.
   void reportAll() { _reportsAll = true; }
+  /// Reports how many findings were not listed.
+  void reportUnlisted();
   std::size_t countFaults() const { return _faultCount; }
   /// Throws the first collected failure, if there is one.
   void throwFirstFault() const;
@@ -151,10 +163,10 @@ class ReadingContext {
   void reportReplaced(FindingCode code, const std::string& text, const ElementPlace& earlier,
                       const std::string& entry = {}, const std::string& path = {});
   const std::vector<Finding>& getFindings() const { return _findings; }
-  /// Keeps what only follows from something else that is reported, if failures are
-  /// collected, too. It is not reported.
-  void keepConsequence(FindingCode code, const std::string& text, const std::string& entry = {});
-  const std::vector<Finding>& getConsequences() const { return _consequences; }
+  /// Leaves a mark of what only follows from something else that is reported, if failures are
+  /// collected, too.
+  void keepConsequence(FindingCode code, const std::string& entry = {});
+  const std::vector<Mark>& getMarks() const { return _marks; }
 
  private:
   struct Item {
@@ -181,6 +193,9 @@ class ReadingContext {
   /// Rethrows it if it is not about the file.
   void keepCurrentException();
   void keepFault(Finding fault);
+  std::size_t getLimit() const { return _reportsAll ? MAX_AUDIT_FINDINGS : MAX_FINDINGS; }
+  /// Counts a finding. One beyond the limit leaves a mark.
+  bool isListed(const Finding& finding);
 
   ProgressMeter _progress;
   std::uint64_t _itemCount = 0;
@@ -193,7 +208,7 @@ class ReadingContext {
   std::size_t _faultCount = 0;
   std::size_t _lossCount = 0;
   std::vector<Finding> _findings;
-  std::vector<Finding> _consequences;
+  std::vector<Mark> _marks;
   std::map<FindingCode, std::size_t> _counts;
 };
 

@@ -62,6 +62,7 @@ void SceneAudit::run() {
   if (reader.getDescription() != nullptr) {
     _sceneNode = &_import->convert();
   }
+  reader.reportUnlisted();
 }
 
 }  // namespace vemo

@@ -8,8 +8,7 @@
 #include <map>
 #include <set>
 #include <string_view>
-#include <unordered_map>
-#include <utility>
+#include <vector>
 
 namespace vemo {
 
@@ -47,27 +46,28 @@ bool isAboutWhole(FindingCode code) {
 /// The findings about one element and its attributes.
 struct ElementFindings {
   std::vector<FindingCode> ofElement;
-  std::map<std::string, std::vector<FindingCode>> ofAttributes;
+  std::map<std::string_view, std::vector<FindingCode>> ofAttributes;
 };
 
 class DescriptionLedger {
  public:
   explicit DescriptionLedger(const SceneLedger::Sink& list) : _list(list) {}
 
-  void addFindings(const std::vector<Finding>& findings) {
-    for (const Finding& finding : findings) {
-      ElementFindings& place = _findings[finding.element];
-      (finding.attribute.empty() ? place.ofElement : place.ofAttributes[finding.attribute])
-          .push_back(finding.code);
+  /// Findings or marks, which must outlive the ledger. To be called before elements are added.
+  template <class List>
+  void addFindings(const List& findings) {
+    for (const auto& finding : findings) {
+      _findings.push_back({finding.element, finding.code, finding.attribute});
       if (finding.code == FindingCode::DESCRIPTION_REPLACED) {
         _inherited.assign(1, Outcome::LOST);
       }
     }
+    std::ranges::stable_sort(_findings, {}, &Row::element);
   }
 
   void add(const PlacedElement& place) {
     const QxElement& element = *place.element;
-    ElementFindings found = takeFindings(element);
+    ElementFindings found = findingsOf(element);
     _inherited.resize(place.depth + 1);
     const Outcome inherited =
         _inherited[element.outlivesParent() && place.depth > 0 ? place.depth - 1 : place.depth];
@@ -90,7 +90,7 @@ class DescriptionLedger {
       row.attribute = attribute.getName();
       row.value = attribute.getValue();
       put(row, attribute.isUnused() ? std::max(ofParts, Outcome::UNUSED) : ofParts,
-          found.ofAttributes[row.attribute]);
+          found.ofAttributes[attribute.getName()]);
     }
     if (element.hasText()) {
       row.attribute = TEXT_NAME;
@@ -112,9 +112,12 @@ class DescriptionLedger {
     return parts;
   }
 
-  ElementFindings takeFindings(const QxElement& element) {
-    const auto found = _findings.find(element.getPlace().number);
-    return found != _findings.end() ? std::move(found->second) : ElementFindings();
+  ElementFindings findingsOf(const QxElement& element) const {
+    ElementFindings found;
+    for (const Row& row : std::ranges::equal_range(_findings, element.getPlace().number, {}, &Row::element)) {
+      (row.attribute.empty() ? found.ofElement : found.ofAttributes[row.attribute]).push_back(row.code);
+    }
+    return found;
   }
 
   /// With the worst of what was found and what holds for all of the element.
@@ -127,9 +130,15 @@ class DescriptionLedger {
     _list(row);
   }
 
+  struct Row {
+    int element;
+    FindingCode code;
+    std::string_view attribute;
+  };
+
   const SceneLedger::Sink& _list;
-  /// By the number of the element.
-  std::unordered_map<int, ElementFindings> _findings;
+  /// Sorted by the number of the element.
+  std::vector<Row> _findings;
   /// What holds for all children of the open elements, and first for all elements.
   std::vector<Outcome> _inherited{Outcome::KEPT};
 };
@@ -148,7 +157,7 @@ void SceneLedger::list(const Sink& sink) const {
   if (_reader.getDescription() != nullptr) {
     DescriptionLedger ledger(sink);
     ledger.addFindings(_reader.getFindings());
-    ledger.addFindings(_reader.getConsequences());
+    ledger.addFindings(_reader.getMarks());
     walkDescription(*_reader.getDescription(), [&ledger](const PlacedElement& place) {
       ledger.add(place);
       return true;
@@ -159,11 +168,13 @@ void SceneLedger::list(const Sink& sink) const {
 
 void SceneLedger::listEntries(const Sink& sink) const {
   std::map<std::string, std::vector<FindingCode>> codes;
-  for (const auto* const findings : {&_reader.getFindings(), &_reader.getConsequences()}) {
-    for (const Finding& finding : *findings) {
+  const auto collect = [&codes](const auto& findings) {
+    for (const auto& finding : findings) {
       codes[finding.entry].push_back(finding.code);
     }
-  }
+  };
+  collect(_reader.getFindings());
+  collect(_reader.getMarks());
   const std::vector<std::string> unread = _reader.getUnusedEntries();
   for (int i = 0; i < _reader.getArchive().getEntryCount(); ++i) {
     LedgerRow row;

@@ -55,7 +55,7 @@ void reportUnreadContent(const QxElement& description, SceneFileReader& reader) 
   for (const std::string& entry : reader.getUnusedEntries()) {
     const std::string text = "The scene does not use the entry " + quoted(entry);
     if (reader.isLost(entry)) {
-      reader.keepConsequence(FindingCode::ENTRY_UNUSED, text, entry);
+      reader.keepConsequence(FindingCode::ENTRY_UNUSED, entry);
     } else if (!reader.isExcused(entry)) {
       reader.report({FindingCode::ENTRY_UNUSED, text, entry});
     }

@@ -34,18 +34,20 @@ NodeFindings::Scope::Scope(NodeFindings& findings) : _findings(findings), _paths
 
 void NodeFindings::Scope::pass(Finding finding) {
   constexpr int MAX_FINDINGS = 1000;
+  int& count = _findings._counts[finding.code];
+  if (count > MAX_FINDINGS) {
+    return;
+  }
   if (currentNode != nullptr) {
     finding.nodePath = _paths.getPath(*currentNode).value_or("");
   }
   if (!_findings._reported.emplace(finding.code, finding.nodePath, finding.text).second) {
     return;
   }
-  const int count = ++_findings._counts[finding.code];
-  if (count <= MAX_FINDINGS) {
-    _former(finding);
-  } else if (count == MAX_FINDINGS + 1) {
-    _former({finding.code, "Further findings of this kind are not listed"});
+  if (++count > MAX_FINDINGS) {
+    finding = {finding.code, "Further findings of this kind are not listed"};
   }
+  _former(finding);
 }
 
 NodeFindings::Scope::~Scope() {
