@@ -58,10 +58,10 @@ std::vector<Triangle> fan(std::size_t corners) {
 }
 
 /// Collects faces, and the numbers of the cells that they come from.
-class FaceList {
+class FilledFaces {
  public:
   /// @param like an array with indices of the same size
-  explicit FaceList(const vtkCellArray& like) {
+  explicit FilledFaces(const vtkCellArray& like) {
     if (!like.IsStorage64Bit()) {
       _faces->Use32BitStorage();
     }
@@ -93,7 +93,7 @@ PolygonFilling fillPolygons(vtkPolyData& geometry, const std::vector<vtkIdType>&
   if (polygons.empty()) {
     return filling;
   }
-  FaceList list(*geometry.GetPolys());
+  FilledFaces list(*geometry.GetPolys());
   const vtkIdType first = geometry.GetNumberOfVerts() + geometry.GetNumberOfLines();
   vtkIdType number = 0;
   for (; number < first; ++number) {
