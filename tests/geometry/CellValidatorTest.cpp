@@ -15,10 +15,10 @@ namespace vemo {
 
 namespace {
 
-using Values = std::vector<int>;
+using Numbers = std::vector<int>;
 
 template <class Array>
-vtkSmartPointer<vtkCellArray> cellsOf(const Values& offsets, const Values& connectivity) {
+vtkSmartPointer<vtkCellArray> cellsOf(const Numbers& offsets, const Numbers& connectivity) {
   auto cells = vtkSmartPointer<vtkCellArray>::New();
   cells->SetData(makeArray<Array>("", {offsets.begin(), offsets.end()}),
                  makeArray<Array>("", {connectivity.begin(), connectivity.end()}));
@@ -30,7 +30,7 @@ TEST(CellValidatorTest, SaysWhatIsWrong) {
   constexpr CellRules LENIENT{.pointCount = 4, .mayHaveUnusedIndices = true};
   const std::string UNFIT = "the offsets do not rise from 0 to the 4 entries of the connectivity";
   struct Case {
-    Values offsets, connectivity;
+    Numbers offsets, connectivity;
     std::string strictFault, lenientFault;
   };
   const std::vector<Case> cases = {
@@ -71,7 +71,7 @@ TEST(IndexRangeTest, IsThatOfThePlainLoopWhereverTheExtremesAre) {
 
 /// Large arrays are looked through once; each cell array has rules of its own.
 TEST(CellValidatorTest, JudgesArraysThatCellArraysShareByEachOnesRules) {
-  Values indices(3000);
+  Numbers indices(3000);
   std::iota(indices.begin(), indices.end(), 0);
   const auto connectivity = makeArray<vtkTypeInt32Array>("", indices);
   const auto cells = vtkSmartPointer<vtkCellArray>::New();

@@ -12,7 +12,6 @@ namespace vemo {
 
 namespace {
 
-constexpr int SIZE = RenderScene::SIZE;
 using Change = std::function<void(lum::SurfaceDrawable&)>;
 
 void plain(lum::SurfaceDrawable&) {}

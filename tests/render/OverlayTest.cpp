@@ -15,8 +15,6 @@ namespace vemo {
 
 namespace {
 
-constexpr int SIZE = RenderScene::SIZE;
-constexpr Picture::Pixel BLACK = {0, 0, 0};
 constexpr Picture::Pixel WHITE = {255, 255, 255};
 constexpr Picture::Pixel YELLOW = {255, 255, 0};
 constexpr std::uint32_t YELLOW_RGBA = 0xFFFF00FF;

@@ -15,8 +15,6 @@ namespace {
 
 using Point = Vector3;
 
-constexpr int SIZE = RenderScene::SIZE;
-
 /// A cell and a point.
 using Found = std::pair<vtkIdType, vtkIdType>;
 constexpr Found NOTHING{-9, -9};

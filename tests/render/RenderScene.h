@@ -6,18 +6,20 @@
 
 namespace vemo {
 
+/// Width and height of pictures, in pixels.
+inline constexpr int SIZE = 300;
+
+inline constexpr Picture::Pixel BLACK = {0, 0, 0};
+
 /// A small scene and its picture.
 class RenderScene : public SceneBuilder {
  public:
-  static constexpr int SIZE = 300;
-
   Picture render() const { return renderPicture(node(), {SIZE, SIZE}); }
 };
 
 /// The pixel at model coordinates of a RenderScene.
 inline Picture::Pixel at(const Picture& picture, double x, double y) {
-  return picture.at(static_cast<int>((x + 1) / 2 * RenderScene::SIZE),
-                    static_cast<int>((1 - y) / 2 * RenderScene::SIZE));
+  return picture.at(static_cast<int>((x + 1) / 2 * SIZE), static_cast<int>((1 - y) / 2 * SIZE));
 }
 
 }  // namespace vemo

@@ -21,9 +21,7 @@ namespace {
 using Pixel = Picture::Pixel;
 using Color = Vector3;
 
-constexpr int SIZE = RenderScene::SIZE;
 constexpr int MIDDLE = SIZE / 2;
-constexpr Pixel BLACK = {0, 0, 0};
 constexpr Pixel RED = {255, 0, 0};
 constexpr Pixel GREEN = {0, 255, 0};
 constexpr Pixel BLUE = {0, 0, 255};

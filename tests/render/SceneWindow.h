@@ -40,7 +40,7 @@ class SceneWindow {
   SceneRenderer renderer;
 
  private:
-  vtkSmartPointer<EglRenderWindow> _window = EglRenderWindow::open(RenderScene::SIZE, RenderScene::SIZE);
+  vtkSmartPointer<EglRenderWindow> _window = EglRenderWindow::open(SIZE, SIZE);
 };
 
 }  // namespace vemo

@@ -159,7 +159,7 @@ TEST_F(VisibilityTest, HighlightIsInFrontAndCanBeHidden) {
   const Picture marked = window.draw();
   const Picture::Pixel color{255, 115, 0};
   EXPECT_GT(countPixels(marked, color, 3), 60);
-  EXPECT_EQ(marked.at(RenderScene::SIZE / 2, RenderScene::SIZE / 4), color);
+  EXPECT_EQ(marked.at(SIZE / 2, SIZE / 4), color);
   window.renderer.showHighlight(false);
   EXPECT_EQ(window.draw(), plain);
   window.renderer.showHighlight(true);
