@@ -1,6 +1,7 @@
 #include "CheckScene.h"
 
 #include "scenegraph/RepeatedFindings.h"
+#include "scenegraph/UnlistedFindings.h"
 #include <vemo/import/DetectScene.h>
 #include <vemo/import/Exception.h>
 #include <vemo/import/SceneAudit.h>
@@ -41,14 +42,37 @@ FindingList checkArchive(const std::wstring& path) {
   return findings;
 }
 
-std::set<std::size_t> checkArrays(lum::SDBReader& reader, FindingList& findings) {
+/// Lists the faults of a database. A damaged one may have a great many.
+class DamageList {
+ public:
+  explicit DamageList(FindingList& findings) : _findings(findings) {}
+
+  void add(const std::string& fault) {
+    if (++_count <= MOST_FINDINGS_OF_A_CODE) {
+      _findings.push_back({FindingCode::DATABASE_DAMAGED, fault});
+    }
+  }
+
+  void finish() {
+    if (_count > MOST_FINDINGS_OF_A_CODE) {
+      _findings.push_back(
+          {FindingCode::DATABASE_DAMAGED, describeUnlisted(_count - MOST_FINDINGS_OF_A_CODE)});
+    }
+  }
+
+ private:
+  FindingList& _findings;
+  std::size_t _count = 0;
+};
+
+std::set<std::size_t> checkArrays(lum::SDBReader& reader, DamageList& damage) {
   std::set<std::size_t> damaged;
   const std::size_t count = reader.getArrays().size();
   for (std::size_t i = 0; i < count; ++i) {
     try {
       reader.checkArray(i);
     } catch (const lum::io::FileError& error) {
-      findings.push_back({FindingCode::DATABASE_DAMAGED, error.what()});
+      damage.add(error.what());
       damaged.insert(i);
     }
   }
@@ -58,16 +82,18 @@ std::set<std::size_t> checkArrays(lum::SDBReader& reader, FindingList& findings)
 /// Checks each array and each record separately, so that one fault does not
 /// hide others.
 void checkDatabase(lum::SDBReader& reader, FindingList& findings) {
-  const std::set<std::size_t> damagedArrays = checkArrays(reader, findings);
+  DamageList damage(findings);
+  const std::set<std::size_t> damagedArrays = checkArrays(reader, damage);
   for (std::size_t i = 0; i < reader.getRecords().size(); ++i) {
     const lum::SDBReader::CheckedRecord record = reader.checkRecord(i, damagedArrays);
     for (const std::string& fault : record.faults) {
-      findings.push_back({FindingCode::DATABASE_DAMAGED, fault});
+      damage.add(fault);
     }
     if (auto* const scene = dynamic_cast<lum::SceneNode*>(record.node.getObject())) {
       checkDrawing(*scene, findings);
     }
   }
+  damage.finish();
 }
 
 FindingList checkDatabase(const std::wstring& path) {

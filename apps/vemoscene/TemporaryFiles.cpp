@@ -169,6 +169,8 @@ void endBySignal(const sigset_t& signals) {
   std::signal(signal, SIG_DFL);
   pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
   raise(signal);
+  // The first process of a container does not end by it.
+  _exit(128 + signal);
 }
 
 /// Requires the blocked signals and the mutex. One thread waits for the signals,

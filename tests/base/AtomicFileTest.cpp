@@ -114,9 +114,9 @@ TEST_F(AtomicFileTest, RemovesOnlyItsOwnTemporaryFile) {
 TEST_F(AtomicFileTest, AProcessThatIsAboutToEndMakesNoMoreFiles) {
   const pid_t child = fork();
   if (child == 0) {
-    alarm(1);
     const OS::AtomicFile unfinished(_file);
     OS::removeUncommittedFiles();
+    alarm(1);
     std::thread([this] {
       static_cast<void>(write(_folder / "later"));
       _exit(0);

@@ -3,6 +3,7 @@
 #include "support/Meshes.h"
 
 #include <vtkCellArray.h>
+#include <vtkCellData.h>
 #include <vtkNew.h>
 #include <vtkPointData.h>
 
@@ -56,6 +57,24 @@ TEST(LitFacesTest, HaveTheNormalOfATriangleIfTheirPartsCancelEachOther) {
   for (vtkIdType point = 0; point < 4; ++point) {
     EXPECT_EQ(std::abs(mesh->GetPointData()->GetNormals()->GetComponent(point, 2)), 1.0);
   }
+}
+
+TEST(LitFacesTest, HaveNormalsOfCellsThatAgreeWithTheWinding) {
+  // A vertex, a spiky star, and two of its triangles.
+  const auto points = flat({0, 5, 1, 1, 5, 0, 1, -1, 0, -5, -1, -1, -5, 0, -1, 1});
+  auto mesh =
+      makePolyData(points, {.verts = {{0}}, .polys = {{0, 1, 2, 3, 4, 5, 6, 7}, {0, 7, 6}, {0, 1, 2}}});
+  mesh->GetCellData()->SetNormals(makeArray("Normals", {0, 0, 9, 0, 0, 1, 0, 0, 1, 0, 0, 0}, 3));
+  const vtkSmartPointer<vtkPolyData> before = mesh;
+  lightBothSides(mesh);
+  const auto zOf = [](vtkPolyData& faces, vtkIdType cell) {
+    return faces.GetCellData()->GetNormals()->GetComponent(cell, 2);
+  };
+  EXPECT_EQ(zOf(*mesh, 0), 9) << "of the vertex";
+  EXPECT_EQ(zOf(*mesh, 1), -1) << "clockwise, with reflex corners";
+  EXPECT_EQ(zOf(*mesh, 2), -1) << "clockwise";
+  EXPECT_EQ(zOf(*mesh, 3), 1) << "instead of zero";
+  EXPECT_EQ(zOf(*before, 1), 1) << "the scene's own normals changed";
 }
 
 TEST(LitFacesTest, ReversesStripsThatContradictTheirNormals) {

@@ -43,8 +43,7 @@ class OpenWindow {
  public:
   explicit OpenWindow(lum::SceneNode& scene) : _window(scene, "scene.zip") {
     // The view is wider than 4 to 3, so that its height alone says how large things are.
-    constexpr QSize SIZE(1216, 660);
-    _window.resize(SIZE);
+    _window.resize(1216, 660);
     _window.show();
     _window.activateWindow();
     VEMO_REQUIRE(QTest::qWaitForWindowActive(&_window), "the window does not appear");

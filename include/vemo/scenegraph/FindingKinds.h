@@ -64,11 +64,11 @@
   KIND(POINT_SCALE_ADJUSTED, CHANGED, "The range or the sizes stated for scaling points are unusable: others are used.") \
   KIND(POINTS_NOT_SCALED, CHANGED, "Points that should be scaled by data all have the same size.") \
   KIND(POINTS_WITHOUT_POSITION, LOST, "Points have coordinates that are not finite. These points, and the cells that use them, are not drawn.") \
-  KIND(POLYGONS_FOLDED, CHANGED, "Polygons that intersect themselves, or are concave and not flat, are drawn with the wrong shape.") \
+  KIND(POLYGONS_FOLDED, CHANGED, "Polygons that intersect or touch themselves, or are concave and not flat, are drawn with the wrong shape.") \
   KIND(REFERENCE_LOST, LOST, "A reference to a node outside the written scene is not written.") \
   KIND(REPEATS_LIMITED, LOST, "There are too many repeats: only the first ones are shown.") \
   KIND(ROOT_UNKNOWN, CHANGED, "The root element is not called `scene`, but is read as if it were.") \
-  KIND(SCENE_NOT_DRAWN, LOST, "A scene is too large to be drawn, or a canvas of it, with all that it shows, is outside the window.") \
+  KIND(SCENE_NOT_DRAWN, LOST, "A scene is too large to be drawn, or a canvas that shows something is outside the window or has no size.") \
   KIND(SETTINGS_REPLACED, CHANGED, "Geometries with the same name and type share a drawable, but state different settings for it.") \
   KIND(STREAM_INVALID, LOST, "A scene stream, or an array that belongs to one, cannot be read.") \
   KIND(TEXT_CHANGED, CHANGED, "A text is too long and is cut off or drawn smaller, is not valid UTF-8, or has control characters that are drawn as the characters of Windows-1252 in their places.") \

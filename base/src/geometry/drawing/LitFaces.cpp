@@ -5,6 +5,7 @@
 #include "geometry/Points.h"
 
 #include <vtkCellArray.h>
+#include <vtkCellData.h>
 #include <vtkDataArray.h>
 #include <vtkNew.h>
 #include <vtkPointData.h>
@@ -46,8 +47,8 @@ Vector3 windingNormal(const Points& points, std::span<const Index> face) {
 
 /// The unit normal of a face: where parts that cross cancel each other, that of the first triangle
 /// it is drawn as that has an area.
-template <class Index>
-std::optional<Vector3> faceNormal(const PointReader& points, std::span<const Index> face) {
+template <class Points, class Index>
+std::optional<Vector3> faceNormal(const Points& points, std::span<const Index> face) {
   auto normal = unitVector(windingNormal(points, face));
   for (std::size_t i = 2; !normal && i < face.size(); ++i) {
     normal =
@@ -162,17 +163,47 @@ vtkSmartPointer<vtkCellArray> reversedStrips(vtkCellArray& strips, const std::ve
   return result;
 }
 
-}  // namespace
+/// A copy in which the normals of polygons agree with their winding; null if they do already.
+vtkSmartPointer<vtkDataArray> litNormals(vtkPolyData& mesh, vtkDataArray& normals) {
+  vtkSmartPointer<vtkDataArray> result;
+  const auto replace = [&](vtkIdType number, const Vector3& normal) {
+    if (result == nullptr) {
+      result = vtk::TakeSmartPointer(normals.NewInstance());
+      result->DeepCopy(&normals);
+    }
+    result->SetTuple(number, normal.data());
+  };
+  PointReader(*mesh.GetPoints()->GetData()).visit([&](const auto& points) {
+    PointReader(normals).visit([&](const auto& vectors) {
+      forEachCell(*mesh.GetPolys(),
+                  [&, number = mesh.GetNumberOfVerts() + mesh.GetNumberOfLines()](auto face) mutable {
+                    const Vector3 given = vectors[number];
+                    if (dot(windingNormal(points, face), given) < 0.0) {
+                      replace(number, Vector3{} - given);
+                    } else if (given == Vector3{}) {
+                      replace(number, faceNormal(points, face).value_or(given));
+                    }
+                    ++number;
+                  });
+    });
+  });
+  return result;
+}
 
-void lightBothSides(vtkSmartPointer<vtkPolyData>& faces) {
-  vtkDataArray* const given = faces->GetPointData()->GetNormals();
-  if (given == nullptr) {
-    return;
+void lightByCells(vtkSmartPointer<vtkPolyData>& faces, vtkDataArray& given) {
+  if (const auto normals = litNormals(*faces, given)) {
+    auto copy = vtkSmartPointer<vtkPolyData>::New();
+    copy->ShallowCopy(faces);
+    copy->GetCellData()->SetNormals(normals);
+    faces = copy;
   }
-  const auto normals = withoutZeros(*faces, *given);
+}
+
+void lightByPoints(vtkSmartPointer<vtkPolyData>& faces, vtkDataArray& given) {
+  const auto normals = withoutZeros(*faces, given);
   const auto polygons = findContradicting(*faces->GetPolys(), false, *faces, *normals);
   const auto strips = findContradicting(*faces->GetStrips(), true, *faces, *normals);
-  if (normals == given && polygons.empty() && strips.empty()) {
+  if (normals == &given && polygons.empty() && strips.empty()) {
     return;
   }
   auto copy = vtkSmartPointer<vtkPolyData>::New();
@@ -185,6 +216,16 @@ void lightBothSides(vtkSmartPointer<vtkPolyData>& faces) {
     copy->SetStrips(reversedStrips(*faces->GetStrips(), strips));
   }
   faces = copy;
+}
+
+}  // namespace
+
+void lightBothSides(vtkSmartPointer<vtkPolyData>& faces) {
+  if (vtkDataArray* const ofPoints = faces->GetPointData()->GetNormals()) {
+    lightByPoints(faces, *ofPoints);
+  } else if (vtkDataArray* const ofCells = faces->GetCellData()->GetNormals()) {
+    lightByCells(faces, *ofCells);
+  }
 }
 
 }  // namespace vemo

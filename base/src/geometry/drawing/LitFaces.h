@@ -12,9 +12,10 @@ namespace vemo {
 /// back. Polygons and strips whose winding contradicts these normals would be black from
 /// both sides, as would be those with normals of zero, at points whose faces cancel out.
 ///
-/// Reverses such polygons and strips, and replaces normals of zero by that of a face at the point;
-/// replaces the poly data by a copy then, which shares the rest. Does nothing without
-/// normals at points. Cells must be valid (CellValidator), and all points finite.
+/// Reverses such polygons and strips, and replaces normals of zero by that of a face at the point.
+/// Without normals at points, polygons are lit by those of cells: inverts one that contradicts the
+/// winding, as VTK's does for spiky polygons, and replaces one of zero. Replaces the poly data by a
+/// copy then, which shares the rest. Cells must be valid (CellValidator), and all points finite.
 VEMO_GEOMETRY_EXPORT void lightBothSides(vtkSmartPointer<vtkPolyData>& faces);
 
 }  // namespace vemo

@@ -2,6 +2,8 @@
 
 #include <vemo/scenegraph/Node.h>
 
+#include <optional>
+
 namespace lum {
 
 LUM_ENUM(ScaleMode, (LINEAR, "linear"), (LOG10, "logarithmic"))
@@ -26,12 +28,12 @@ class VEMO_SCENEGRAPH_EXPORT ColorLookupTable final : public Node {
 
  public:
   /// Whether a finding says that an end of the range could not be read: what makes the
-  /// range usable is then not another finding. Not stored.
-  bool isRangeReported() const { return _isRangeReported; }
-  void setRangeReported(bool isReported) { _isRangeReported = isReported; }
+  /// range usable is then not another finding. Not stored, and about the present range alone.
+  bool isRangeReported() const { return _reportedRange == _scalarRange; }
+  void setRangeReported() { _reportedRange = _scalarRange; }
 
  private:
-  bool _isRangeReported = false;
+  std::optional<Vector2> _reportedRange;
 };
 
 }  // namespace lum

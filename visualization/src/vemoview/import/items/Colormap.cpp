@@ -82,7 +82,9 @@ void Colormap::fill(lum::ColorLookupTable& table) const {
   table.setNumColor(static_cast<std::int32_t>(_colors.size()));
   table.setColorSpace(lum::ColorSpace::RGBA);
   table.setScalarRange(_range);
-  table.setRangeReported(_isRangeReported);
+  if (_isRangeReported) {
+    table.setRangeReported();
+  }
   table.setScaleMode(_log10 ? lum::ScaleMode::LOG10 : lum::ScaleMode::LINEAR);
   table.setRampMode(_ramp);
 }

@@ -173,7 +173,8 @@ bool ReadingContext::isListed(const Finding& finding) {
   if (++_counts[finding.code] <= getLimit()) {
     return true;
   }
-  if (_collectsFaults && !_reportsAll) {
+  // What follows from a value is not listed either.
+  if ((_collectsFaults && !_reportsAll) || finding.code == FindingCode::VALUE_UNREADABLE) {
     _marks.push_back({finding.code, finding.entry, finding.attribute, finding.element});
   }
   return false;
@@ -196,8 +197,7 @@ void ReadingContext::report(Finding finding) {
 void ReadingContext::reportUnlisted() {
   for (const auto& [code, count] : _counts) {
     if (count > getLimit()) {
-      Findings::getSingleton().report(
-          {code, fmt::format("{} further findings of this kind are not listed", count - getLimit())});
+      reportFinding(code, describeUnlisted(count - getLimit()));
     }
   }
 }

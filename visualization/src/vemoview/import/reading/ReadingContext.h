@@ -1,5 +1,6 @@
 #pragma once
 
+#include "scenegraph/UnlistedFindings.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/base/Progress.h>
 #include <vemo/import/ElementPlace.h>
@@ -24,7 +25,7 @@ class ReadingContext {
   /// Of each kind; one more says that others are not listed.
   static constexpr std::size_t MAX_FINDINGS = 1000;
   /// The same when all findings are asked for: a few bytes of a description give a finding.
-  static constexpr std::size_t MAX_AUDIT_FINDINGS = 10'000;
+  static constexpr std::size_t MAX_AUDIT_FINDINGS = MOST_FINDINGS_OF_A_CODE;
 
   /// What a finding that is not listed is about.
   struct Mark {

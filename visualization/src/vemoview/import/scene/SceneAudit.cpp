@@ -45,6 +45,9 @@ SceneAudit::SceneAudit(const std::wstring& path) {
   } catch (const Error& error) {
     _findings.push_back(findingOf(error));
   }
+  if (_import != nullptr) {
+    _import->getReader().reportUnlisted();
+  }
 }
 
 SceneAudit::~SceneAudit() = default;
@@ -62,7 +65,6 @@ void SceneAudit::run() {
   if (reader.getDescription() != nullptr) {
     _sceneNode = &_import->convert();
   }
-  reader.reportUnlisted();
 }
 
 }  // namespace vemo
