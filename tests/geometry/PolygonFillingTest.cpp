@@ -69,6 +69,22 @@ Polygon comb(int teeth) {
   return polygon;
 }
 
+/// A comb whose teeth are in a small part of what it surrounds.
+Polygon combWithFarCorners(int teeth) {
+  Polygon polygon{{0, -1}, {1, -1}};
+  for (int i = 2 * teeth; i >= 0; --i) {
+    polygon.push_back({1e-9 * i, i % 2 == 0 ? 1e-6 : 0.0});
+  }
+  return polygon;
+}
+
+Polygon scaled(Polygon polygon, double x, double y) {
+  for (auto& corner : polygon) {
+    corner = {x * corner[0], y * corner[1]};
+  }
+  return polygon;
+}
+
 TEST(EarClippingTest, CoversWhatAPolygonSurrounds) {
   const Polygon polygons[] = {
       {{0, 0}, {1, 0}, {0, 1}},
@@ -81,6 +97,7 @@ TEST(EarClippingTest, CoversWhatAPolygonSurrounds) {
       star(1000, 0.999),
       spiral(1000),
       comb(500),
+      scaled(comb(500), 1e-310, 1e200),
   };
   for (const Polygon& polygon : polygons) {
     const auto triangles = clipEars(polygon);
@@ -91,7 +108,7 @@ TEST(EarClippingTest, CoversWhatAPolygonSurrounds) {
 
 /// Looking at all corners for each ear would take too many steps.
 TEST(EarClippingTest, TakesNoTimeOutOfProportion) {
-  for (const Polygon& polygon : {star(20000, 0.3), spiral(20000), comb(10000)}) {
+  for (const Polygon& polygon : {star(20000, 0.3), spiral(20000), comb(10000), combWithFarCorners(10000)}) {
     const auto triangles = clipEars(polygon);
     ASSERT_TRUE(triangles);
     EXPECT_EQ(triangles->size(), polygon.size() - 2);
