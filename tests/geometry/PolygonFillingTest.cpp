@@ -4,7 +4,6 @@
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
-#include <vtkFloatArray.h>
 #include <vtkNew.h>
 
 #include <cmath>
@@ -126,21 +125,24 @@ TEST(PolygonFillingTest, ReplacesPolygonsByTriangles) {
   const std::vector<std::array<float, 3>> points{{0, 0, 0}, {0, 4, 4}, {4, 4, 4}, {4, 3, 3},
                                                  {2, 3, 3}, {2, 1, 1}, {4, 1, 1}, {4, 0, 0}};
   const auto mesh = makePolyData(points, {.polys = {{0, 1, 2}, {0, 1, 2, 3, 4, 5, 6, 7}, {0, 2, 1, 7}}});
-  vtkNew<vtkFloatArray> values;
-  values->SetName("values");
-  for (const float value : {5.0F, 6.0F, 7.0F}) {
-    values->InsertNextValue(value);
-  }
-  mesh->GetCellData()->AddArray(values);
-  const PolygonFilling filling = fillPolygons(*mesh, {1, 2});
+  mesh->GetCellData()->AddArray(makeArray("values", {5, 50, 6, 60, 7, 70}, 2));
+  mesh->GetCellData()->AddArray(makeArray("others", {0, 0, 0}));
+  mesh->GetCellData()->SetNormals(makeArray("Normals", {0, 0, 1, 0, 0, 2, 0, 0, 3}, 3));
+  const PolygonFilling filling = fillPolygons(*mesh, {1, 2}, "values");
   EXPECT_EQ(filling.failures, 1);
   ASSERT_NE(filling.geometry, nullptr);
   // The last one crosses itself.
   ASSERT_EQ(filling.geometry->GetNumberOfPolys(), 1 + 6 + 2);
-  vtkDataArray& filled = *filling.geometry->GetCellData()->GetArray("values");
+  // What is drawn of the data: other components, and other arrays, may be any number.
+  vtkCellData& data = *filling.geometry->GetCellData();
+  EXPECT_EQ(data.GetNumberOfArrays(), 2);
+  vtkDataArray& filled = *data.GetArray("values");
   ASSERT_EQ(filled.GetNumberOfTuples(), 9);
+  EXPECT_EQ(filled.GetNumberOfComponents(), 1);
+  ASSERT_NE(data.GetNormals(), nullptr);
   for (vtkIdType i = 0; i < 9; ++i) {
     EXPECT_EQ(filled.GetComponent(i, 0), i == 0 ? 5 : i < 7 ? 6 : 7);
+    EXPECT_EQ(data.GetNormals()->GetComponent(i, 2), i == 0 ? 1 : i < 7 ? 2 : 3);
     // As the polygon itself.
     vtkNew<vtkIdList> corners;
     filling.geometry->GetPolys()->GetCellAtId(i, corners);
@@ -150,7 +152,9 @@ TEST(PolygonFillingTest, ReplacesPolygonsByTriangles) {
     const auto [a, b, c] = std::array{at(0), at(1), at(2)};
     EXPECT_TRUE(i >= 7 || (b[0] - a[0]) * (c[1] - a[1]) - (b[1] - a[1]) * (c[0] - a[0]) < 0.0F);
   }
-  EXPECT_EQ(fillPolygons(*mesh, {}).geometry, nullptr);
+  EXPECT_EQ(fillPolygons(*mesh, {}, nullptr).geometry, nullptr);
+  // They colour what they also light.
+  EXPECT_EQ(fillPolygons(*mesh, {1, 2}, "Normals").geometry->GetCellData()->GetNumberOfArrays(), 1);
 }
 
 }  // namespace
