@@ -124,10 +124,11 @@ TEST(EarClippingTest, DoesNotCoverWhatCrossesItself) {
 TEST(PolygonFillingTest, ReplacesPolygonsByTriangles) {
   const std::vector<std::array<float, 3>> points{{0, 0, 0}, {0, 4, 4}, {4, 4, 4}, {4, 3, 3},
                                                  {2, 3, 3}, {2, 1, 1}, {4, 1, 1}, {4, 0, 0}};
-  const auto mesh = makePolyData(points, {.polys = {{0, 1, 2}, {0, 1, 2, 3, 4, 5, 6, 7}, {0, 2, 1, 7}}});
-  mesh->GetCellData()->AddArray(makeArray("values", {5, 50, 6, 60, 7, 70}, 2));
-  mesh->GetCellData()->AddArray(makeArray("others", {0, 0, 0}));
-  mesh->GetCellData()->SetNormals(makeArray("Normals", {0, 0, 1, 0, 0, 2, 0, 0, 3}, 3));
+  const auto mesh =
+      makePolyData(points, {.lines = {{0, 1}}, .polys = {{0, 1, 2}, {0, 1, 2, 3, 4, 5, 6, 7}, {0, 2, 1, 7}}});
+  mesh->GetCellData()->AddArray(makeArray("values", {4, 40, 5, 50, 6, 60, 7, 70}, 2));
+  mesh->GetCellData()->AddArray(makeArray("others", {0, 0, 0, 0}));
+  mesh->GetCellData()->SetNormals(makeArray("Normals", {0, 0, 0, 0, 0, 1, 0, 0, 2, 0, 0, 3}, 3));
   const PolygonFilling filling = fillPolygons(*mesh, {1, 2}, "values");
   EXPECT_EQ(filling.failures, 1);
   ASSERT_NE(filling.geometry, nullptr);
@@ -137,12 +138,12 @@ TEST(PolygonFillingTest, ReplacesPolygonsByTriangles) {
   vtkCellData& data = *filling.geometry->GetCellData();
   EXPECT_EQ(data.GetNumberOfArrays(), 2);
   vtkDataArray& filled = *data.GetArray("values");
-  ASSERT_EQ(filled.GetNumberOfTuples(), 9);
+  ASSERT_EQ(filled.GetNumberOfTuples(), 10);
   EXPECT_EQ(filled.GetNumberOfComponents(), 1);
   ASSERT_NE(data.GetNormals(), nullptr);
   for (vtkIdType i = 0; i < 9; ++i) {
-    EXPECT_EQ(filled.GetComponent(i, 0), i == 0 ? 5 : i < 7 ? 6 : 7);
-    EXPECT_EQ(data.GetNormals()->GetComponent(i, 2), i == 0 ? 1 : i < 7 ? 2 : 3);
+    EXPECT_EQ(filled.GetComponent(i + 1, 0), i == 0 ? 5 : i < 7 ? 6 : 7);
+    EXPECT_EQ(data.GetNormals()->GetComponent(i + 1, 2), i == 0 ? 1 : i < 7 ? 2 : 3);
     // As the polygon itself.
     vtkNew<vtkIdList> corners;
     filling.geometry->GetPolys()->GetCellAtId(i, corners);
