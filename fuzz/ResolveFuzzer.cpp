@@ -39,14 +39,20 @@ void requireValid(const CellKindTraits& kind, vtkPolyData& mesh) {
   });
 }
 
-void check(const MeshInstance& mesh) {
-  vtkPolyData& geometry = *mesh.geometry;
+void check(vtkPolyData& geometry) {
   require(geometry.GetNumberOfCells() > 0, "A mesh has no cells");
   for (const CellKindTraits& kind : CELL_KINDS) {
     requireValid(kind, geometry);
   }
   requireFit(*geometry.GetPointData(), geometry.GetNumberOfPoints());
   requireFit(*geometry.GetCellData(), geometry.GetNumberOfCells());
+}
+
+void check(const MeshInstance& mesh) {
+  check(*mesh.geometry);
+  if (mesh.filling != nullptr) {
+    check(*mesh.filling);
+  }
   forEachInstance(mesh.transforms, [](const InstanceTransform* transform) {
     require(transform == nullptr || isFinite(*transform), "An instance is nowhere");
   });

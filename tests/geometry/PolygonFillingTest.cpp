@@ -4,7 +4,6 @@
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
-#include <vtkFloatArray.h>
 #include <vtkNew.h>
 
 #include <cmath>
@@ -69,6 +68,22 @@ Polygon comb(int teeth) {
   return polygon;
 }
 
+/// A comb whose teeth are in a small part of what it surrounds.
+Polygon combWithFarCorners(int teeth) {
+  Polygon polygon{{0, -1}, {1, -1}};
+  for (int i = 2 * teeth; i >= 0; --i) {
+    polygon.push_back({1e-9 * i, i % 2 == 0 ? 1e-6 : 0.0});
+  }
+  return polygon;
+}
+
+Polygon scaled(Polygon polygon, double x, double y) {
+  for (auto& corner : polygon) {
+    corner = {x * corner[0], y * corner[1]};
+  }
+  return polygon;
+}
+
 TEST(EarClippingTest, CoversWhatAPolygonSurrounds) {
   const Polygon polygons[] = {
       {{0, 0}, {1, 0}, {0, 1}},
@@ -81,6 +96,7 @@ TEST(EarClippingTest, CoversWhatAPolygonSurrounds) {
       star(1000, 0.999),
       spiral(1000),
       comb(500),
+      scaled(comb(500), 1e-310, 1e200),
   };
   for (const Polygon& polygon : polygons) {
     const auto triangles = clipEars(polygon);
@@ -91,7 +107,7 @@ TEST(EarClippingTest, CoversWhatAPolygonSurrounds) {
 
 /// Looking at all corners for each ear would take too many steps.
 TEST(EarClippingTest, TakesNoTimeOutOfProportion) {
-  for (const Polygon& polygon : {star(20000, 0.3), spiral(20000), comb(10000)}) {
+  for (const Polygon& polygon : {star(20000, 0.3), spiral(20000), comb(10000), combWithFarCorners(10000)}) {
     const auto triangles = clipEars(polygon);
     ASSERT_TRUE(triangles);
     EXPECT_EQ(triangles->size(), polygon.size() - 2);
@@ -108,22 +124,26 @@ TEST(EarClippingTest, DoesNotCoverWhatCrossesItself) {
 TEST(PolygonFillingTest, ReplacesPolygonsByTriangles) {
   const std::vector<std::array<float, 3>> points{{0, 0, 0}, {0, 4, 4}, {4, 4, 4}, {4, 3, 3},
                                                  {2, 3, 3}, {2, 1, 1}, {4, 1, 1}, {4, 0, 0}};
-  const auto mesh = makePolyData(points, {.polys = {{0, 1, 2}, {0, 1, 2, 3, 4, 5, 6, 7}, {0, 2, 1, 7}}});
-  vtkNew<vtkFloatArray> values;
-  values->SetName("values");
-  for (const float value : {5.0F, 6.0F, 7.0F}) {
-    values->InsertNextValue(value);
-  }
-  mesh->GetCellData()->AddArray(values);
-  const PolygonFilling filling = fillPolygons(*mesh, {1, 2});
+  const auto mesh =
+      makePolyData(points, {.lines = {{0, 1}}, .polys = {{0, 1, 2}, {0, 1, 2, 3, 4, 5, 6, 7}, {0, 2, 1, 7}}});
+  mesh->GetCellData()->AddArray(makeArray("values", {4, 40, 5, 50, 6, 60, 7, 70}, 2));
+  mesh->GetCellData()->AddArray(makeArray("others", {0, 0, 0, 0}));
+  mesh->GetCellData()->SetNormals(makeArray("Normals", {0, 0, 0, 0, 0, 1, 0, 0, 2, 0, 0, 3}, 3));
+  const PolygonFilling filling = fillPolygons(*mesh, {1, 2}, "values");
   EXPECT_EQ(filling.failures, 1);
   ASSERT_NE(filling.geometry, nullptr);
   // The last one crosses itself.
   ASSERT_EQ(filling.geometry->GetNumberOfPolys(), 1 + 6 + 2);
-  vtkDataArray& filled = *filling.geometry->GetCellData()->GetArray("values");
-  ASSERT_EQ(filled.GetNumberOfTuples(), 9);
+  // What is drawn of the data: other components, and other arrays, may be any number.
+  vtkCellData& data = *filling.geometry->GetCellData();
+  EXPECT_EQ(data.GetNumberOfArrays(), 2);
+  vtkDataArray& filled = *data.GetArray("values");
+  ASSERT_EQ(filled.GetNumberOfTuples(), 10);
+  EXPECT_EQ(filled.GetNumberOfComponents(), 1);
+  ASSERT_NE(data.GetNormals(), nullptr);
   for (vtkIdType i = 0; i < 9; ++i) {
-    EXPECT_EQ(filled.GetComponent(i, 0), i == 0 ? 5 : i < 7 ? 6 : 7);
+    EXPECT_EQ(filled.GetComponent(i + 1, 0), i == 0 ? 5 : i < 7 ? 6 : 7);
+    EXPECT_EQ(data.GetNormals()->GetComponent(i + 1, 2), i == 0 ? 1 : i < 7 ? 2 : 3);
     // As the polygon itself.
     vtkNew<vtkIdList> corners;
     filling.geometry->GetPolys()->GetCellAtId(i, corners);
@@ -133,7 +153,9 @@ TEST(PolygonFillingTest, ReplacesPolygonsByTriangles) {
     const auto [a, b, c] = std::array{at(0), at(1), at(2)};
     EXPECT_TRUE(i >= 7 || (b[0] - a[0]) * (c[1] - a[1]) - (b[1] - a[1]) * (c[0] - a[0]) < 0.0F);
   }
-  EXPECT_EQ(fillPolygons(*mesh, {}).geometry, nullptr);
+  EXPECT_EQ(fillPolygons(*mesh, {}, nullptr).geometry, nullptr);
+  // They colour what they also light.
+  EXPECT_EQ(fillPolygons(*mesh, {1, 2}, "Normals").geometry->GetCellData()->GetNumberOfArrays(), 1);
 }
 
 }  // namespace

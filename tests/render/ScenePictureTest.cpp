@@ -327,10 +327,11 @@ TEST(ScenePictureTest, DrawsLinesInFrontOfFacesInTheirPlane) {
 /// No fan of triangles around a corner fills it.
 TEST(ScenePictureTest, FillsConcavePolygons) {
   RenderScene scene;
-  auto& comb = scene.addSurface(makePolyData(flat({-0.8F, -0.8F, 0.8F, -0.8F, 0.8F, 0.8F, 0.4F, 0.8F, 0.4F, 0,
-                                                   -0.4F, 0, -0.4F, 0.8F, -0.8F, 0.8F}),
-                                             {.polys = {{0, 1, 2, 3, 4, 5, 6, 7}}}),
-                                {1, 0, 0});
+  const auto polygon = makePolyData(
+      flat({-0.8F, -0.8F, 0.8F, -0.8F, 0.8F, 0.8F, 0.4F, 0.8F, 0.4F, 0, -0.4F, 0, -0.4F, 0.8F, -0.8F, 0.8F}),
+      {.polys = {{0, 1, 2, 3, 4, 5, 6, 7}}});
+  polygon->GetCellData()->AddArray(makeArray("s", {1, 0}, 2));
+  auto& comb = scene.addSurface(polygon, {1, 0, 0});
   const Picture filled = scene.render();
   EXPECT_EQ(at(filled, 0.1, 0.3), BLACK);
   for (const double x : {-0.6, 0.6}) {
@@ -342,6 +343,9 @@ TEST(ScenePictureTest, FillsConcavePolygons) {
   const Picture withEdges = scene.render();
   comb.getAttributes<lum::SurfaceAttributes>().setShaded(false);
   EXPECT_EQ(countPixels(withEdges, {0, 255, 0}), countPixels(scene.render(), {0, 255, 0}));
+  comb.getAttributes<lum::SurfaceAttributes>().setShaded(true);
+  colorByArray(comb, "s", lum::DataLocation::CELLS, {1, 0, 0, 1, 0, 0, 1, 1});
+  EXPECT_EQ(at(scene.render(), -0.6, 0.4), BLUE);
 }
 
 TEST(ScenePictureTest, IsEmptyWhenManyPlanesCutAllAway) {

@@ -88,6 +88,10 @@ Json toJson(const MeshInstance& mesh, const ColorTable* former) {
   }
   addArrays(text, "pointData", *mesh.geometry->GetPointData());
   addArrays(text, "cellData", *mesh.geometry->GetCellData());
+  if (mesh.filling != nullptr) {
+    text["filledBy"] = mesh.filling->GetNumberOfPolys();
+    addArrays(text, "filledData", *mesh.filling->GetCellData());
+  }
   if (mesh.scalars) {
     text["coloredBy"] = mesh.scalars->arrayName;
     text["isByCell"] = mesh.scalars->location == ScalarLocation::CELLS;

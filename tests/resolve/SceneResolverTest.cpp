@@ -10,6 +10,7 @@
 
 #include <cmath>
 #include <gtest/gtest.h>
+#include <numeric>
 #include <tuple>
 
 namespace vemo {
@@ -95,6 +96,24 @@ TEST(SceneResolverTest, LimitsThePointsOfAllInstances) {
   }
   EXPECT_EQ(resolveScene(scene.node()).canvases.at(0).meshes.size(), 3U);
   repeat(scene.add<lum::PointSphereDrawable>(points), {1e-5, 0, 0}, 10000);
+  EXPECT_THROW(resolveScene(scene.node()), SceneTooLarge);
+}
+
+/// They are twice as many cells and corners as the polygon.
+TEST(SceneResolverTest, LimitsTheTrianglesThatFillPolygonsOfAllInstances) {
+  SceneBuilder scene;
+  std::vector<float> comb{0, 0, 997, 0};
+  for (int i = 997; i >= 0; --i) {
+    comb.insert(comb.end(), {static_cast<float>(i), i % 2 == 0 ? 10.0F : 1.0F});
+  }
+  std::vector<vtkIdType> corners(1000);
+  std::iota(corners.begin(), corners.end(), 0);
+  const auto polygon = makePolyData(flat(comb), {.polys = {corners}});
+  for (int i = 0; i < 3; ++i) {
+    repeat(scene.add<lum::SurfaceDrawable>(polygon), {1e-5, 0, 0}, 10000);
+  }
+  EXPECT_EQ(resolveScene(scene.node()).canvases.at(0).meshes.size(), 3U);
+  repeat(scene.add<lum::SurfaceDrawable>(polygon), {1e-5, 0, 0}, 10000);
   EXPECT_THROW(resolveScene(scene.node()), SceneTooLarge);
 }
 

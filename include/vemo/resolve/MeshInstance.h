@@ -40,7 +40,8 @@ struct MeshInstance {
   /// memory with the scene and with other instances.
   vtkSmartPointer<vtkPolyData> geometry;
   /// The same with triangles in place of the polygons that no fan of triangles around their first
-  /// point fills; null if there are none. Faces are drawn with it.
+  /// point fills; null if there are none. Faces are drawn with it. Of the data of cells it has only
+  /// normals, and the first component of what colours them.
   vtkSmartPointer<vtkPolyData> filling;
   /// Those that its points have in the node; null if they are the same.
   vtkSmartPointer<vtkIdList> pointNumbers;

@@ -55,32 +55,47 @@ class Outline {
   std::size_t _size;
 };
 
+/// Divides the places along an axis into intervals that hold about as many of some values each, wherever
+/// these are.
+class Intervals {
+ public:
+  Intervals(std::vector<double> values, std::size_t count) {
+    std::ranges::sort(values);
+    for (std::size_t i = 1; i < count; ++i) {
+      _borders.push_back(values[i * values.size() / count]);
+    }
+    const auto repeated = std::ranges::unique(_borders);
+    _borders.erase(repeated.begin(), repeated.end());
+  }
+
+  std::size_t size() const { return _borders.size() + 1; }
+  /// The first and the last one have no ends.
+  double low(std::size_t index) const { return index == 0 ? -NO_END : _borders[index - 1]; }
+  double high(std::size_t index) const { return index == _borders.size() ? NO_END : _borders[index]; }
+  std::size_t indexOf(double value) const {
+    return static_cast<std::size_t>(std::ranges::upper_bound(_borders, value) - _borders.begin());
+  }
+
+ private:
+  static constexpr double NO_END = std::numeric_limits<double>::infinity();
+
+  std::vector<double> _borders;
+};
+
 /// The corners that may be in an ear: those at which the polygon is not convex. They are in the cells of
 /// a grid, about one in each.
 class ReflexCorners {
  public:
-  explicit ReflexCorners(const Outline& outline) : _outline(outline) {
-    std::vector<std::size_t> corners;
-    for (std::size_t i = 0; i < outline.size(); ++i) {
-      if (outline.turnAt(i) <= 0.0) {
-        corners.push_back(i);
-      }
-    }
-    layOut(corners.size());
-    for (const std::size_t corner : corners) {
-      const Place& place = outline.places()[corner];
-      _cells[columnOf(place[0]) + rowOf(place[1]) * _side].push_back(corner);
-    }
-  }
+  explicit ReflexCorners(const Outline& outline) : ReflexCorners(outline, findReflex(outline)) {}
 
   /// Whether one of them is in a triangle, or on its border, but not at its corners.
   bool touch(const Triangle& triangle) {
     const std::array places{at(triangle[0]), at(triangle[1]), at(triangle[2])};
     const auto [low, high] = std::minmax({places[0][1], places[1][1], places[2][1]});
-    for (std::size_t row = rowOf(low); row <= rowOf(high); ++row) {
+    for (std::size_t row = _rows.indexOf(low); row <= _rows.indexOf(high); ++row) {
       const auto [left, right] = widthInRow(places, row);
-      for (std::size_t column = columnOf(left); column <= columnOf(right); ++column) {
-        if (touch(_cells[column + row * _side], triangle, places)) {
+      for (std::size_t column = _columns.indexOf(left); column <= _columns.indexOf(right); ++column) {
+        if (touch(cellAt(column, row), triangle, places)) {
           return true;
         }
       }
@@ -92,60 +107,68 @@ class ReflexCorners {
   std::uint64_t countSteps() const { return _steps; }
 
  private:
-  const Place& at(std::size_t corner) const { return _outline.places()[corner]; }
+  using Corners = std::vector<std::size_t>;
 
-  void layOut(std::size_t count) {
-    const auto& places = _outline.places();
-    Place high = _low = places.front();
-    for (const Place& place : places) {
-      for (std::size_t axis = 0; axis < 2; ++axis) {
-        _low[axis] = std::min(_low[axis], place[axis]);
-        high[axis] = std::max(high[axis], place[axis]);
+  ReflexCorners(const Outline& outline, const Corners& corners)
+      : _outline(outline),
+        _columns(divide(corners, 0)),
+        _rows(divide(corners, 1)),
+        _cells(_columns.size() * _rows.size()) {
+    for (const std::size_t corner : corners) {
+      const Place& place = at(corner);
+      cellAt(_columns.indexOf(place[0]), _rows.indexOf(place[1])).push_back(corner);
+    }
+  }
+
+  static Corners findReflex(const Outline& outline) {
+    Corners corners;
+    for (std::size_t i = 0; i < outline.size(); ++i) {
+      if (outline.turnAt(i) <= 0.0) {
+        corners.push_back(i);
       }
     }
-    _side = static_cast<std::size_t>(std::sqrt(static_cast<double>(count))) + 1;
-    for (std::size_t axis = 0; axis < 2; ++axis) {
-      const double extent = high[axis] - _low[axis];
-      _cellsPerUnit[axis] = extent > 0.0 ? static_cast<double>(_side) / extent : 0.0;
-    }
-    _cells.resize(_side * _side);
+    return corners;
   }
 
-  std::size_t indexOf(double value, std::size_t axis) const {
-    const double index = (value - _low[axis]) * _cellsPerUnit[axis];
-    return static_cast<std::size_t>(std::clamp(index, 0.0, static_cast<double>(_side - 1)));
+  Intervals divide(const Corners& corners, std::size_t axis) const {
+    std::vector<double> values;
+    values.reserve(corners.size());
+    for (const std::size_t corner : corners) {
+      values.push_back(at(corner)[axis]);
+    }
+    return {std::move(values), static_cast<std::size_t>(std::sqrt(static_cast<double>(corners.size())))};
   }
-  std::size_t columnOf(double x) const { return indexOf(x, 0); }
-  std::size_t rowOf(double y) const { return indexOf(y, 1); }
+
+  const Place& at(std::size_t corner) const { return _outline.places()[corner]; }
+  Corners& cellAt(std::size_t column, std::size_t row) { return _cells[column + row * _columns.size()]; }
 
   /// Between which x a triangle is in a row of cells, or a little beyond it.
   std::pair<double, double> widthInRow(const std::array<Place, 3>& triangle, std::size_t row) const {
-    // Against rounding, which may put a corner into the next row.
-    constexpr double ROOM = 1e-6;
-    const double height = _cellsPerUnit[1] > 0.0 ? 1.0 / _cellsPerUnit[1] : 0.0;
-    const double low = _low[1] + (static_cast<double>(row) - ROOM) * height;
-    const double high = low + (1.0 + 2.0 * ROOM) * height;
     double left = std::numeric_limits<double>::infinity();
     double right = -left;
+    double farthest = 0.0;
     for (std::size_t i = 0; i < 3; ++i) {
-      const Place& a = triangle[i];
-      const Place& b = triangle[(i + 1) % 3];
-      const double rise = b[1] - a[1];
-      if (std::max(a[1], b[1]) < low || std::min(a[1], b[1]) > high) {
+      const auto [a, b] = std::minmax(triangle[i], triangle[(i + 1) % 3],
+                                      [](const Place& one, const Place& other) { return one[1] < other[1]; });
+      farthest = std::max({farthest, std::abs(a[0]), std::abs(b[0])});
+      if (b[1] < _rows.low(row) || a[1] > _rows.high(row)) {
         continue;
       }
-      for (const double y : {low, high}) {
-        const double part = rise != 0.0 ? std::clamp((y - a[1]) / rise, 0.0, 1.0) : y == low ? 0.0 : 1.0;
+      const double rise = b[1] - a[1];
+      const double begin = rise > 0.0 ? (std::max(_rows.low(row), a[1]) - a[1]) / rise : 0.0;
+      const double end = rise > 0.0 ? (std::min(_rows.high(row), b[1]) - a[1]) / rise : 1.0;
+      for (const double part : {begin, end}) {
         const double x = a[0] + part * (b[0] - a[0]);
         left = std::min(left, x);
         right = std::max(right, x);
       }
     }
-    const double width = _cellsPerUnit[0] > 0.0 ? ROOM / _cellsPerUnit[0] : 0.0;
-    return {left - width, right + width};
+    // Against rounding, which may leave out a corner on the border.
+    const double room = 1e-14 * farthest;
+    return {left - room, right + room};
   }
 
-  bool touch(std::vector<std::size_t>& cell, const Triangle& triangle, const std::array<Place, 3>& places) {
+  bool touch(Corners& cell, const Triangle& triangle, const std::array<Place, 3>& places) {
     ++_steps;
     for (std::size_t i = 0; i < cell.size();) {
       const std::size_t corner = cell[i];
@@ -168,11 +191,9 @@ class ReflexCorners {
   }
 
   const Outline& _outline;
-  Place _low{};
-  Place _cellsPerUnit{};
-  /// How many cells there are in a row, and rows.
-  std::size_t _side = 0;
-  std::vector<std::vector<std::size_t>> _cells;
+  Intervals _columns;
+  Intervals _rows;
+  std::vector<Corners> _cells;
   std::uint64_t _steps = 0;
 };
 
@@ -210,12 +231,10 @@ class EarClipper {
 
   /// Corners beside an ear wait for the next round, so that triangles are no longer than they must be.
   bool clipRound() {
-    // So many for each corner: those of most polygons take a hundredth of that.
-    constexpr std::uint64_t MOST_STEPS = 2000;
     ++_currentRound;
     _steps += _waiting.size();
     for (const std::size_t corner : std::exchange(_waiting, {})) {
-      if (_outline.size() <= 3) {
+      if (_outline.size() <= 3 || isExhausted()) {
         break;
       }
       _isWaiting[corner] = false;
@@ -231,7 +250,13 @@ class EarClipper {
         _blocked.push_back(corner);
       }
     }
-    return _steps + _reflex.countSteps() <= MOST_STEPS * _round.size();
+    return !isExhausted();
+  }
+
+  bool isExhausted() const {
+    // So many for each corner: those of most polygons take a hundredth of that.
+    constexpr std::uint64_t MOST_STEPS = 2000;
+    return _steps + _reflex.countSteps() > MOST_STEPS * _round.size();
   }
 
   void clip(std::size_t corner) {

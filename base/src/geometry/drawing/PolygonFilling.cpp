@@ -8,6 +8,7 @@
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
+#include <vtkDataArray.h>
 #include <vtkIdList.h>
 #include <vtkNew.h>
 #include <vtkPoints.h>
@@ -86,9 +87,22 @@ class FilledFaces {
   vtkNew<vtkIdList> _sources;
 };
 
+/// Each polygon becomes many triangles, and an array may have any number of components.
+void selectDrawnData(vtkCellData& from, const char* colors, vtkIdList& sources, vtkCellData& to) {
+  vtkDataArray* const normals = from.GetNormals();
+  if (normals != nullptr) {
+    to.SetNormals(selectTuples(*normals, sources));
+  }
+  vtkDataArray* const values = from.GetArray(colors);
+  if (values != nullptr && values != normals) {
+    to.AddArray(selectFirstComponent(*values, sources));
+  }
+}
+
 }  // namespace
 
-PolygonFilling fillPolygons(vtkPolyData& geometry, const std::vector<vtkIdType>& polygons) {
+PolygonFilling fillPolygons(vtkPolyData& geometry, const std::vector<vtkIdType>& polygons,
+                            const char* colors) {
   PolygonFilling filling;
   if (polygons.empty()) {
     return filling;
@@ -120,7 +134,7 @@ PolygonFilling fillPolygons(vtkPolyData& geometry, const std::vector<vtkIdType>&
   filling.geometry->ShallowCopy(&geometry);
   filling.geometry->SetPolys(list.faces());
   filling.geometry->GetCellData()->Initialize();
-  selectData(*geometry.GetCellData(), *filling.geometry->GetCellData(), list.sources());
+  selectDrawnData(*geometry.GetCellData(), colors, list.sources(), *filling.geometry->GetCellData());
   return filling;
 }
 

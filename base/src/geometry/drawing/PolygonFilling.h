@@ -12,7 +12,8 @@ class vtkPolyData;
 namespace vemo {
 
 struct PolygonFilling {
-  /// With triangles in place of polygons; null if there are none. Cell data follow their cells.
+  /// With triangles in place of polygons; null if there are none. Of the data of cells it has what is
+  /// drawn: normals, and the first component of the array that colours.
   vtkSmartPointer<vtkPolyData> geometry;
   /// How many of the polygons have another shape.
   vtkIdType failures = 0;
@@ -22,7 +23,8 @@ struct PolygonFilling {
 /// some that are bent, become fans around their first point, in which each triangle can be lit by
 /// itself. Cells are valid (CellValidator), and all points finite.
 /// @param polygons their numbers, in order
+/// @param colors the name of the array of cells that colours them; null if none does
 VEMO_GEOMETRY_EXPORT PolygonFilling fillPolygons(vtkPolyData& geometry,
-                                                 const std::vector<vtkIdType>& polygons);
+                                                 const std::vector<vtkIdType>& polygons, const char* colors);
 
 }  // namespace vemo

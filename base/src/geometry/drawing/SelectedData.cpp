@@ -8,12 +8,29 @@
 
 namespace vemo {
 
+namespace {
+
+vtkSmartPointer<vtkDataArray> makeLike(vtkDataArray& array, int components, vtkIdType tuples) {
+  auto result = vtk::TakeSmartPointer(array.NewInstance());
+  result->SetName(array.GetName());
+  result->SetNumberOfComponents(components);
+  setTupleCount(*result, tuples);
+  return result;
+}
+
+}  // namespace
+
 vtkSmartPointer<vtkDataArray> selectTuples(vtkDataArray& array, vtkIdList& numbers) {
-  auto selected = vtk::TakeSmartPointer(array.NewInstance());
-  selected->SetName(array.GetName());
-  selected->SetNumberOfComponents(array.GetNumberOfComponents());
-  setTupleCount(*selected, numbers.GetNumberOfIds());
+  auto selected = makeLike(array, array.GetNumberOfComponents(), numbers.GetNumberOfIds());
   array.GetTuples(&numbers, selected);
+  return selected;
+}
+
+vtkSmartPointer<vtkDataArray> selectFirstComponent(vtkDataArray& array, vtkIdList& numbers) {
+  auto selected = makeLike(array, 1, numbers.GetNumberOfIds());
+  for (vtkIdType i = 0; i < numbers.GetNumberOfIds(); ++i) {
+    selected->SetComponent(i, 0, array.GetComponent(numbers.GetId(i), 0));
+  }
   return selected;
 }
 

@@ -11,7 +11,10 @@ namespace vemo {
 /// A copy of the tuples with these numbers, in their order.
 vtkSmartPointer<vtkDataArray> selectTuples(vtkDataArray& array, vtkIdList& numbers);
 
-/// Adds such copies of all arrays, which have the same roles.
+/// A copy of the first component of the tuples with these numbers.
+vtkSmartPointer<vtkDataArray> selectFirstComponent(vtkDataArray& array, vtkIdList& numbers);
+
+/// Adds copies of these tuples of all arrays, which have the same roles.
 void selectData(vtkDataSetAttributes& from, vtkDataSetAttributes& to, vtkIdList& numbers);
 
 }  // namespace vemo

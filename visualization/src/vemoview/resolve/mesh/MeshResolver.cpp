@@ -232,7 +232,9 @@ class MeshBuilder {
 
   void unfold(MeshInstance& mesh) const {
     const std::vector<vtkIdType> folded = unfoldFans(mesh.geometry);
-    auto [filling, count] = fillPolygons(*mesh.geometry, folded);
+    const bool isByCell = _scalars && _scalars->location == ScalarLocation::CELLS;
+    auto [filling, count] =
+        fillPolygons(*mesh.geometry, folded, isByCell ? _scalars->arrayName.c_str() : nullptr);
     mesh.filling = filling;
     if (count > 0) {
       const auto [noun, verb] = count == 1 ? std::pair("polygon", "is") : std::pair("polygons", "are");
@@ -294,6 +296,11 @@ void keepUsedPoints(MeshInstance& mesh) {
   }
 }
 
+/// Of cells and corners.
+vtkIdType sizeOf(const vtkCellArray& cells) {
+  return cells.GetNumberOfCells() + cells.GetNumberOfConnectivityIds();
+}
+
 void require(vtkIdType count, vtkIdType most, const char* what) {
   if (count > most) {
     throw SceneTooLarge("The scene is too large to be drawn: more than " + std::to_string(most) + " " + what);
@@ -321,8 +328,9 @@ void MeshResolver::countSize(const MeshInstance& mesh, Load& load) const {
   vtkIdType size = mesh.geometry->GetNumberOfPoints();
   for (const CellKindTraits& kind : CELL_KINDS) {
     const vtkCellArray* const cells = mesh.node->getCells(kind.kind);
-    size += cells != nullptr ? cells->GetNumberOfCells() + cells->GetNumberOfConnectivityIds() : 0;
+    size += cells != nullptr ? sizeOf(*cells) : 0;
   }
+  size += mesh.filling != nullptr ? sizeOf(*mesh.filling->GetPolys()) : 0;
   load.size += size * timesDrawn(mesh);
   require(load.size, 200'000'000, "points, cells and corners");
 }
