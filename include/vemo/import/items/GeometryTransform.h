@@ -7,8 +7,6 @@
 
 namespace vemo {
 
-class ValueReader;
-
 /// Rotation about an axis, scaling and translation.
 class VEMO_IMPORT_EXPORT GeometryTransform : public Transform {
  public:
@@ -32,7 +30,7 @@ class VEMO_IMPORT_EXPORT GeometryTransform : public Transform {
                             const Vector<3, double>& translation, const Vector<3, double>& scale);
 
  private:
-  void reportUnusable(const ValueReader& values) const;
+  void reportUnusable(SceneFileReader& reader) const;
 
   Vector<3, double> _rotationAxis{0.0, 0.0, 1.0};
   Vector<3, double> _rotationOrigin{};

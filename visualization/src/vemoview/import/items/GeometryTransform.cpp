@@ -26,14 +26,14 @@ const KeyTable<GeometryTransform> GeometryTransform::KEYS({
 
 GeometryTransform::~GeometryTransform() = default;
 
-void GeometryTransform::reportUnusable(const ValueReader& values) const {
-  SceneFileReader& reader = *values.getReader();
+/// Also where a value could not be read: that something is lost is more than that it is changed.
+void GeometryTransform::reportUnusable(SceneFileReader& reader) const {
   const auto zeros = std::ranges::count(_scale, 0.0);
-  if ((zeros == 1 || zeros == 2) && values.isOfNumbers("scale")) {
+  if (zeros == 1 || zeros == 2) {
     reader.report(FindingCode::TRANSFORM_UNUSABLE,
                   "The scale is zero in some directions: the scaled items are invisible");
   }
-  if (_rotationAngle != 0.0 && _rotationAxis == Vector<3, double>{} && values.isOfNumbers("rotAxis")) {
+  if (_rotationAngle != 0.0 && _rotationAxis == Vector<3, double>{}) {
     reader.report(FindingCode::TRANSFORM_UNUSABLE, "The rotation has no axis: nothing is rotated", {},
                   "rotAngle");
   }
@@ -43,7 +43,7 @@ void GeometryTransform::read(const QxElement& element, SceneFileReader* reader) 
   KEYS.readElement(*this, element, reader);
   setTransform(_rotationAngle, _rotationAxis, _rotationOrigin, _translation, _scale);
   if (reader != nullptr) {
-    reportUnusable(ValueReader(element, reader, OnBadValue::FAIL));
+    reportUnusable(*reader);
   }
 }
 

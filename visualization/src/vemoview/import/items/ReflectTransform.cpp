@@ -22,10 +22,7 @@ ReflectTransform::~ReflectTransform() = default;
 void ReflectTransform::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement(*this, element, reader);
   const auto normal = normalized(Vector<3, double>{_plane[0], _plane[1], _plane[2]});
-  const ValueReader values(element, reader, OnBadValue::FAIL);
-  const bool areNumbers = values.isOfNumbers("planeEqnCoeffA") && values.isOfNumbers("planeEqnCoeffB") &&
-                          values.isOfNumbers("planeEqnCoeffC");
-  if (normal == Vector<3, double>{} && areNumbers && reader != nullptr) {
+  if (normal == Vector<3, double>{} && reader != nullptr) {
     reader->report(FindingCode::TRANSFORM_UNUSABLE, "The mirror has no normal: nothing is mirrored");
   }
   // The distance is stated for a unit normal already.
