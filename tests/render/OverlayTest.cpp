@@ -187,6 +187,24 @@ TEST(ImageTest, IsInFrontOfFacesInItsPlaneAndBehindLines) {
   EXPECT_EQ(line, boxWhere(draw(false, true), isBlue).count);
 }
 
+/// Seen from the front: from elsewhere, images make room for lines.
+TEST(ImageTest, IsBehindEdgesOfSurfacesWithoutFaces) {
+  const auto countBlue = [](bool hasImage) {
+    RenderScene scene;
+    auto& surface = scene.addSurface(makeRectangle(0.2F, 0.8F, 0.1F, 0.7F), {1, 0, 0});
+    surface.getAttributes<lum::SurfaceAttributes>().setShaded(false);
+    surface.getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
+    surface.getAttributes<lum::MeshAttributes>().setMeshColor({0, 0, 1});
+    if (hasImage) {
+      addImage(scene).getImageAttributes().setCoordinateSpace(lum::CoordinateSpace::MODEL);
+    }
+    return boxWhere(scene.render(), [](const auto& pixel) { return pixel[2] > pixel[0] + 20; }).count;
+  };
+  const int edges = countBlue(false);
+  EXPECT_GT(edges, 300);
+  EXPECT_EQ(countBlue(true), edges);
+}
+
 TEST(ImageTest, HasOneTextureHoweverOftenItIsShown) {
   RenderScene scene;
   const auto pixels = makeArray<vtkUnsignedCharArray>("pixels", {255});

@@ -26,7 +26,8 @@ class SceneNode;
 /// - Each geometry becomes an actor for each of its instances, with a vtkPolyDataMapper: its
 ///   cells, all arrays that fit them or the points (shared with the scene), colours, lookup
 ///   table, edges, opacity, transform and clipping planes. Contours, translucent edges and
-///   points of several sizes have actors of their own.
+///   points of several sizes have actors of their own. Triangles that fill concave polygons have
+///   only those data of cells that are drawn.
 /// - All props have the name of their item, as vtkCompositeDataSet::NAME() in their property
 ///   keys.
 /// - Hidden items become hidden props.

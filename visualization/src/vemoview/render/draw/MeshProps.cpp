@@ -107,7 +107,7 @@ vtkSmartPointer<vtkPolyDataMapper> makeMapper(const RenderMesh& mesh, vtkPlaneCo
 
 vtkSmartPointer<MeshActor> makeActor(const RenderMesh& mesh, const InstanceTransform* transform) {
   auto actor = vtkSmartPointer<MeshActor>::New();
-  const bool isOfFaces = mesh.appearance.kind == Appearance::Kind::SURFACE && !mesh.isOnFaces;
+  const bool isOfFaces = mesh.appearance.kind == Appearance::Kind::SURFACE && !mesh.isEdges;
   actor->setLayer(isOfFaces ? MeshActor::Layer::FACES : MeshActor::Layer::LINES);
   if (transform != nullptr) {
     const auto matrix = toMatrix(*transform);
@@ -178,7 +178,6 @@ void addEdges(const RenderMesh& mesh, CanvasResources& resources, PropGroup& gro
     // Cutting faces makes new edges.
     edges.geometry = faceEdges(*mesh.geometry);
   }
-  edges.isOnFaces = mesh.appearance.hasFaces;
   vtkProperty& property = addActors(edges, resources, group);
   property.SetRepresentationToWireframe();
   makeUnlit(property);
@@ -209,7 +208,6 @@ void addContours(const std::vector<const MeshInstance*>& meshes, CanvasResources
                          [](const MeshInstance& contour) { return &contour; });
   RenderMesh contour = merge(members, resources.tables);
   becomeEdges(contour);
-  contour.isOnFaces = true;
   makeUnlit(addActors(contour, resources, group));
 }
 

@@ -29,8 +29,6 @@ struct RenderMesh {
   Vector3 color;
   std::optional<Scalars> scalars;
   SharedInstanceTransforms transforms;
-  /// Whether it is lines that lie on faces, and must not sink into them.
-  bool isOnFaces = false;
   /// Whether it is the edges or the contour of a surface.
   bool isEdges = false;
 };
