@@ -58,6 +58,16 @@ std::vector<Triangle> fan(std::size_t corners) {
   return triangles;
 }
 
+/// @param failures counts a polygon whose triangles do not cover what it surrounds
+template <class Index>
+std::vector<Triangle> fill(std::span<const Index> polygon, const PointReader& points, vtkIdType& failures) {
+  if (auto triangles = clipEars(flatten(polygon, points))) {
+    return std::move(*triangles);
+  }
+  ++failures;
+  return fan(polygon.size());
+}
+
 /// Collects faces, and the numbers of the cells that they come from.
 class FilledFaces {
  public:
@@ -118,11 +128,9 @@ PolygonFilling fillPolygons(vtkPolyData& geometry, const std::vector<vtkIdType>&
     if (next == polygons.end() || first + *next != number) {
       list.add(number, polygon);
     } else {
-      const auto triangles = clipEars(flatten(polygon, points));
-      for (const auto& [a, b, c] : triangles ? *triangles : fan(polygon.size())) {
+      for (const auto& [a, b, c] : fill(polygon, points, filling.failures)) {
         list.add(number, std::array{polygon[a], polygon[b], polygon[c]});
       }
-      filling.failures += triangles ? 0 : 1;
       ++next;
     }
     ++number;
