@@ -115,7 +115,7 @@ def test_version_is_that_of_the_program() -> None:
 
 
 def test_drawing_reports_what_it_does_not_draw(tmp_path: pathlib.Path) -> None:
-    annotation = "<annotation name='label' text='&#xE123;' visibility='1' version='1'/>"
+    annotation = "<annotation name='label' text='&#x0378;' visibility='1' version='1'/>"
     path = write_archive(tmp_path / "text.zip", scene_xml(annotation, GEOMETRY.format("g")))
     findings: list[vemoscene.Finding] = []
     vemoscene.render(path, (64, 48), findings=findings)
