@@ -64,14 +64,13 @@ class Intervals {
     for (std::size_t i = 1; i < count; ++i) {
       _borders.push_back(values[i * values.size() / count]);
     }
-    const auto repeated = std::ranges::unique(_borders);
-    _borders.erase(repeated.begin(), repeated.end());
+    _borders.erase(std::unique(_borders.begin(), _borders.end()), _borders.end());
   }
 
   std::size_t size() const { return _borders.size() + 1; }
   /// The first and the last one have no ends.
   double low(std::size_t index) const { return index == 0 ? -NO_END : _borders[index - 1]; }
-  double high(std::size_t index) const { return index == _borders.size() ? NO_END : _borders[index]; }
+  double high(std::size_t index) const { return index < _borders.size() ? _borders[index] : NO_END; }
   std::size_t indexOf(double value) const {
     return static_cast<std::size_t>(std::ranges::upper_bound(_borders, value) - _borders.begin());
   }

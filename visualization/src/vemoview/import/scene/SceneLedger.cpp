@@ -114,8 +114,10 @@ class DescriptionLedger {
 
   ElementFindings findingsOf(const QxElement& element) const {
     ElementFindings found;
-    for (const Row& row : std::ranges::equal_range(_findings, element.getPlace().number, {}, &Row::element)) {
-      (row.attribute.empty() ? found.ofElement : found.ofAttributes[row.attribute]).push_back(row.code);
+    const auto number = element.getPlace().number;
+    for (auto row = std::ranges::lower_bound(_findings, number, {}, &Row::element);
+         row != _findings.end() && row->element == number; ++row) {
+      (row->attribute.empty() ? found.ofElement : found.ofAttributes[row->attribute]).push_back(row->code);
     }
     return found;
   }
