@@ -70,7 +70,12 @@ class Intervals {
   std::size_t size() const { return _borders.size() + 1; }
   /// The first and the last one have no ends.
   double low(std::size_t index) const { return index == 0 ? -NO_END : _borders[index - 1]; }
-  double high(std::size_t index) const { return index < _borders.size() ? _borders[index] : NO_END; }
+  double high(std::size_t index) const {
+    if (index == _borders.size()) {
+      return NO_END;
+    }
+    return _borders[index];
+  }
   std::size_t indexOf(double value) const {
     return static_cast<std::size_t>(std::ranges::upper_bound(_borders, value) - _borders.begin());
   }
