@@ -130,6 +130,28 @@ TEST(LinesOnFacesTest, DrawsLinesInFrontOfFacesInTheirPlane) {
   EXPECT_NEAR(countBlue(true), line, 0.02 * line);
 }
 
+/// A line of many pieces along the edge of a surface: rounding would mix their colours.
+TEST(LinesOnFacesTest, DrawsEdgesInFrontOfLinesInTheirPlace) {
+  const auto countEdges = [](bool hasLine) {
+    RenderScene scene;
+    lookAlongTheGround(scene);
+    auto& plate = scene.addSurface(makeRectangle(-0.7F, 0.63F, -0.31F, 0.57F), {1, 0, 0});
+    plate.getAttributes<lum::SurfaceAttributes>().setShaded(false);
+    plate.getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
+    plate.getAttributes<lum::MeshAttributes>().setMeshColor({0, 1, 0});
+    if (hasLine) {
+      scene.add<lum::PolyLineDrawable>(
+          makePolyData({{-0.7F, -0.31F, 0}, {-0.3F, -0.31F, 0}, {0.1F, -0.31F, 0}, {0.63F, -0.31F, 0}},
+                       {.lines = {{0, 1, 2, 3}}}),
+          {0, 0, 1});
+    }
+    return boxWhere(scene.render(), [](const auto& pixel) { return pixel[1] > 127; }).count;
+  };
+  const int edges = countEdges(false);
+  EXPECT_GT(edges, 300);
+  EXPECT_EQ(countEdges(true), edges);
+}
+
 }  // namespace
 
 }  // namespace vemo

@@ -105,10 +105,16 @@ vtkSmartPointer<vtkPolyDataMapper> makeMapper(const RenderMesh& mesh, vtkPlaneCo
   return mapper;
 }
 
+MeshActor::Layer layerOf(const RenderMesh& mesh) {
+  if (mesh.isEdges) {
+    return MeshActor::Layer::EDGES;
+  }
+  return mesh.appearance.kind == Appearance::Kind::SURFACE ? MeshActor::Layer::FACES : MeshActor::Layer::LINES;
+}
+
 vtkSmartPointer<MeshActor> makeActor(const RenderMesh& mesh, const InstanceTransform* transform) {
   auto actor = vtkSmartPointer<MeshActor>::New();
-  const bool isOfFaces = mesh.appearance.kind == Appearance::Kind::SURFACE && !mesh.isEdges;
-  actor->setLayer(isOfFaces ? MeshActor::Layer::FACES : MeshActor::Layer::LINES);
+  actor->setLayer(layerOf(mesh));
   if (transform != nullptr) {
     const auto matrix = toMatrix(*transform);
     actor->SetUserMatrix(matrix);

@@ -64,9 +64,9 @@ void MeshActor::Render(vtkRenderer* renderer, vtkMapper* mapper) {
 }
 
 void MeshActor::setDepthRange(vtkCamera& camera) const {
-  const double share = _layer == Layer::LINES ? 1.0 : _layer == Layer::IMAGES ? 0.5 : 0.0;
-  // A few steps of a depth buffer.
-  constexpr double LEAST = 2.5e-7;
+  const double share = static_cast<double>(_layer) / static_cast<double>(Layer::EDGES);
+  // A few steps of a depth buffer for each layer.
+  constexpr double LEAST = 4e-7;
   const double* const range = camera.GetClippingRange();
   if (camera.GetParallelProjection() != 0) {
     // Less in a close view of a deep model: at most about half a pixel of a usual picture.

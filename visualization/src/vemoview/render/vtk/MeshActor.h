@@ -35,8 +35,9 @@ class MeshActor : public vtkOpenGLActor {
   /// a line is as wide on either side.
   void setBehind(std::shared_ptr<const WidthOnFaces> lines) { _linesInFront = std::move(lines); }
 
-  /// What is in front of others at the same depth: it is drawn a little nearer than it is.
-  enum class Layer { FACES, IMAGES, LINES };
+  /// What is in front of others at the same depth: it is drawn a little nearer than it is. Edges and
+  /// contours of surfaces are in front of lines, with which they would mix where both coincide.
+  enum class Layer { FACES, IMAGES, LINES, EDGES };
   void setLayer(Layer layer) { _layer = layer; }
 
   /// Its bounds are those of these boxes, each moved by itself, instead of the mapper's: they do
