@@ -35,7 +35,7 @@ EntryBlock blockOf(const std::vector<std::int32_t>& list) {
   return block;
 }
 
-void reportBytes(benchmark::State& state, std::size_t integers) {
+void reportIntegers(benchmark::State& state, std::size_t integers) {
   state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(integers * sizeof(std::int32_t)));
 }
 
@@ -44,7 +44,7 @@ void countCells(benchmark::State& state) {
   for ([[maybe_unused]] const auto _ : state) {
     benchmark::DoNotOptimize(vemo::countCells(list));
   }
-  reportBytes(state, list.size());
+  reportIntegers(state, list.size());
 }
 
 void importCells(benchmark::State& state) {
@@ -60,7 +60,7 @@ void importCells(benchmark::State& state) {
     imported.cells = nullptr;
     state.ResumeTiming();
   }
-  reportBytes(state, list.size());
+  reportIntegers(state, list.size());
 }
 
 /// VTK's own way from such a list to cells, which copies it twice and checks
@@ -75,7 +75,7 @@ void importWithVtk(benchmark::State& state) {
     cells->ImportLegacyFormat(ids);
     benchmark::DoNotOptimize(cells->GetNumberOfCells());
   }
-  reportBytes(state, list.size());
+  reportIntegers(state, list.size());
 }
 
 BENCHMARK(countCells)->Unit(benchmark::kMillisecond);

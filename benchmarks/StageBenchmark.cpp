@@ -50,16 +50,16 @@ void copyAsMany(benchmark::State& state) {
 
 // A database of one array.
 
-constexpr vtkIdType POINTS = 4'000'000;
+constexpr vtkIdType ARRAY_POINTS = 4'000'000;
 
 std::size_t bytesOfPoints() {
-  return POINTS * 3 * sizeof(float);
+  return ARRAY_POINTS * 3 * sizeof(float);
 }
 
 lum::Ptr<lum::PolyDataNode> makePoints() {
   vtkNew<vtkFloatArray> coordinates;
   coordinates->SetNumberOfComponents(3);
-  coordinates->SetNumberOfTuples(POINTS);
+  coordinates->SetNumberOfTuples(ARRAY_POINTS);
   coordinates->FillValue(1.5F);
   vtkNew<vtkPoints> points;
   points->SetData(coordinates);
