@@ -79,6 +79,29 @@ TEST(ScenePictureTest, ShadesByPointNormalsCellNormalsOrFacets) {
   EXPECT_NEAR(at(picture, 0.5, 0)[0], 255, 2);
 }
 
+/// The square of a length in the model, or in a pixel, may be out of the range of single precision.
+TEST(ScenePictureTest, LightsModelsOfAnySizeAlike) {
+  const auto draw = [](float size) {
+    RenderScene scene;
+    lum::CameraAttributes& camera = scene.canvas().getCameraAttributes();
+    camera.setPosition({0, 0, 4.0 * size});
+    camera.setParallelScale(size);
+    scene
+        .addSurface(makePolyData({{-size, -size, 0}, {size, -size, 0}, {-size, size, 0}, {size, size, size}},
+                                 {.strips = {{0, 1, 2, 3}}}),
+                    {0.5, 0.5, 0.5})
+        .getAttributes<lum::MaterialAttributes>()
+        .setSpecular(0.5);
+    const Picture picture = scene.render();
+    return std::pair(at(picture, -0.4, -0.4), at(picture, 0.4, 0.4));
+  };
+  const auto usual = draw(1);
+  EXPECT_NE(usual.first, usual.second);
+  for (const float size : {1e-15F, 1e15F, 1e25F}) {
+    EXPECT_EQ(draw(size), usual) << size;
+  }
+}
+
 TEST(ScenePictureTest, LightsBelowZeroTakeLightAway) {
   RenderScene scene;
   scene.addSurface(makeRectangle(-0.5F, 0.5F, -0.5F, 0.5F), {1, 1, 1});

@@ -118,15 +118,28 @@ void MeshMapper::SetCameraShaderParameters(vtkOpenGLHelper& cells, vtkRenderer* 
   }
 }
 
-/// Removes code without effect from the fragment shader. Where VTK's source differs
-/// from the text expected here, it is left as it is.
+/// VTK computes with the squares of lengths in the model, and of those of a pixel, which leave the
+/// range of single precision long before the lengths do.
+void MeshMapper::keepInRange(vtkShader* pixels) {
+  vtkShaderProgram::Substitute(pixels, "cross(fdx,fdy)", "cross(inRange(fdx),inRange(fdy))");
+  vtkShaderProgram::Substitute(pixels, "normalize(-vertexVC.xyz)", "normalize(inRange(-vertexVC.xyz))");
+}
+
+/// Removes code without effect from the fragment shader, and makes it right for the smallest and
+/// largest models. Where VTK's source differs from the text expected here, it is left as it is.
 void MeshMapper::ReplaceShaderValues(std::map<vtkShader::Type, vtkShader*> shaders, vtkRenderer* renderer,
                                      vtkActor* actor) {
   vtkShader* const pixels = shaders[vtkShader::Fragment];
+  vtkShaderProgram::Substitute(pixels, "//VTK::Normal::Dec",
+                               "vec3 inRange(vec3 v) {\n"
+                               "  float size = max(max(abs(v.x), abs(v.y)), abs(v.z));\n"
+                               "  return size > 0.0 ? v / size : v;\n}\n"
+                               "//VTK::Normal::Dec");
   if (_pointSizeInModel > 0.0) {
     sizePoints(shaders[vtkShader::Vertex], pixels);
   }
   vtkOpenGLPolyDataMapper::ReplaceShaderValues(shaders, renderer, actor);
+  keepInRange(pixels);
   if (_pointSizeInModel > 0.0) {
     shadeSizedPoints(pixels);
   }

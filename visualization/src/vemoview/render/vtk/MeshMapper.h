@@ -33,6 +33,7 @@ class MeshMapper : public vtkOpenGLPolyDataMapper {
  private:
   static void sizePoints(vtkShader* vertices, vtkShader* pixels);
   static void shadeSizedPoints(vtkShader* pixels);
+  static void keepInRange(vtkShader* pixels);
   bool hasOnlyTriangles(vtkActor& actor, vtkPolyData& geometry) const;
   void uploadTriangles(vtkCellArray& triangles);
 
