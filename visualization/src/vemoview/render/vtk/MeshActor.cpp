@@ -14,6 +14,23 @@
 
 namespace vemo {
 
+namespace {
+
+/// How far in front of faces a layer is, as a part of the distance of lines.
+double shareOf(MeshActor::Layer layer) {
+  switch (layer) {
+    case MeshActor::Layer::FACES:
+      return 0.0;
+    case MeshActor::Layer::IMAGES:
+      return 0.5;
+    case MeshActor::Layer::LINES:
+      return 1.0;
+  }
+  return 0.0;
+}
+
+}  // namespace
+
 vtkStandardNewMacro(MeshActor);
 
 double* MeshActor::GetBounds() {
@@ -36,9 +53,9 @@ double* MeshActor::GetBounds() {
   return Bounds;
 }
 
-double MeshActor::getWidthOnFaces() {
+double MeshActor::getRoomBehind() {
   constexpr double MOST = 2.0;
-  return _widthOnFaces > 0.0 ? GetProperty()->GetLineWidth() * std::min(1.0, MOST / _widthOnFaces) : 0.0;
+  return _widthOfLines > 0.0 ? GetProperty()->GetLineWidth() * std::min(1.0, MOST / _widthOfLines) : 0.0;
 }
 
 void MeshActor::Render(vtkRenderer* renderer, vtkMapper* mapper) {
@@ -64,7 +81,7 @@ void MeshActor::Render(vtkRenderer* renderer, vtkMapper* mapper) {
 }
 
 void MeshActor::setDepthRange(vtkCamera& camera) const {
-  const double share = _layer == Layer::LINES ? 1.0 : _layer == Layer::IMAGES ? 0.5 : 0.0;
+  const double share = shareOf(_layer);
   // A few steps of a depth buffer.
   constexpr double LEAST = 2.5e-7;
   const double* const range = camera.GetClippingRange();
