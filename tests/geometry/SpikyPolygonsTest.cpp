@@ -8,33 +8,11 @@
 #include <vtkCellData.h>
 #include <vtkPointData.h>
 
-#include <cmath>
 #include <gmock/gmock.h>
-#include <numbers>
 
 namespace vemo {
 
 namespace {
-
-/// A star in a tilted plane, triangles that fill its notches, and a vertex. The normal that its corners
-/// give the star is opposite to that of the triangles.
-vtkSmartPointer<vtkPolyData> starInPlate() {
-  constexpr vtkIdType CORNERS = 10;
-  std::vector<std::array<float, 3>> points;
-  Cells cells{.verts = {{0}}, .polys = {{}}};
-  for (vtkIdType i = 0; i < CORNERS; ++i) {
-    const double angle = 2.0 * std::numbers::pi * static_cast<double>(i) / CORNERS;
-    const double radius = i % 2 == 0 ? 1.0 : 0.38;
-    const double x = radius * std::cos(angle);
-    const double y = radius * std::sin(angle);
-    points.push_back({static_cast<float>(x), static_cast<float>(y), static_cast<float>(0.7 * x - 0.3 * y)});
-    cells.polys[0].push_back(i);
-    if (i % 2 == 1) {
-      cells.polys.push_back({i - 1, (i + 1) % CORNERS, i});
-    }
-  }
-  return makePolyData(points, cells);
-}
 
 Vector3 normalAt(vtkDataArray& normals, vtkIdType place) {
   return toVector(normals.GetTuple3(place));
@@ -43,7 +21,7 @@ Vector3 normalAt(vtkDataArray& normals, vtkIdType place) {
 const Vector3 UP = normalized(Vector3{-0.7, 0.3, 1.0});
 
 TEST(SpikyPolygonsTest, HaveTheNormalsOfTheirAreasAtPoints) {
-  auto mesh = starInPlate();
+  auto mesh = makeStarInPlate();
   const auto written = pointNormals(*mesh);
   EXPECT_LT(dot(normalAt(*written, 1), UP), 0.999) << "nothing to correct";
   mesh->GetPointData()->SetNormals(written);
@@ -55,7 +33,7 @@ TEST(SpikyPolygonsTest, HaveTheNormalsOfTheirAreasAtPoints) {
 }
 
 TEST(SpikyPolygonsTest, HaveTheNormalsOfTheirAreasAtCells) {
-  auto mesh = starInPlate();
+  auto mesh = makeStarInPlate();
   mesh->GetCellData()->SetNormals(cellNormals(*mesh));
   EXPECT_NEAR(dot(normalAt(*mesh->GetCellData()->GetNormals(), 1), UP), -1.0, 1e-5) << "nothing to correct";
   correctSpikyPolygons(mesh);
@@ -66,12 +44,12 @@ TEST(SpikyPolygonsTest, HaveTheNormalsOfTheirAreasAtCells) {
 }
 
 TEST(SpikyPolygonsTest, KeepNormalsThatAreNotComputed) {
-  auto mesh = starInPlate();
+  auto mesh = makeStarInPlate();
   mesh->GetPointData()->SetNormals(makeArray("Normals", std::vector<float>(30, 0.6F), 3));
   correctSpikyPolygons(mesh);
   EXPECT_EQ(normalAt(*mesh->GetPointData()->GetNormals(), 1)[0], 0.6F);
 
-  auto triangles = starInPlate();
+  auto triangles = makeStarInPlate();
   triangles->GetPolys()->Initialize();
   triangles->GetPointData()->SetNormals(pointNormals(*triangles));
   const auto* const given = triangles.Get();
@@ -80,7 +58,7 @@ TEST(SpikyPolygonsTest, KeepNormalsThatAreNotComputed) {
 }
 
 TEST(SpikyPolygonsTest, HaveNoContourWithinAPlane) {
-  EXPECT_EQ(contourEdges(*starInPlate(), CONTOUR_BEND_DEGREES)->GetNumberOfLines(), 5);
+  EXPECT_EQ(contourEdges(*makeStarInPlate(), CONTOUR_BEND_DEGREES)->GetNumberOfLines(), 5);
 }
 
 }  // namespace
