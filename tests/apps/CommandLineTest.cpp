@@ -155,7 +155,7 @@ TEST_F(CommandLineTest, PrintsNamesWithLineBreaksInOneLine) {
   EXPECT_THAT(run({"info", "broken.zip"}).out, HasSubstr("DrawableCollection \"a b\"\n"));
 }
 
-/// What drawing makes of it follows from what reading has reported.
+/// What drawing makes of it follows from what reading has reported, unless what could be read is at fault.
 TEST_F(CommandLineTest, ReportsAFaultOnce) {
   const auto points = [](const std::string& children) {
     return geometry("pointScaleMode='1' pointScaleScalarName='heat'", children);
@@ -165,6 +165,9 @@ TEST_F(CommandLineTest, ReportsAFaultOnce) {
   const auto colored = [&](const std::string& colormap) {
     return assembly("A", geometry("polys='polys'", array) + "<colormap name='c' " + colormap + "</colormap>");
   };
+  const std::string seen = geometry("polys='polys'");
+  const std::string triad = "<coordinatesystem name='t' visibility='1'>";
+  const std::string view = "<view perspective='true'>";
   const std::string colors = "<c>ff0000ff</c><c>0000ffff</c>";
   const struct {
     std::string scene;
@@ -174,12 +177,27 @@ TEST_F(CommandLineTest, ReportsAFaultOnce) {
       {colored("min='x' max='5' log10='true'>" + colors), {"value-unreadable"}},
       {colored("min='0' max=''>"), {"value-unreadable", "colormap-adjusted"}},
       {colored("min='0' max='0'>" + colors), {"colormap-adjusted"}},
+      {colored("min='-5' max='x' log10='true'>" + colors), {"value-unreadable", "colormap-adjusted"}},
+      {colored("min='x' max='-5' log10='true'>" + colors), {"value-unreadable", "colormap-adjusted"}},
+      {colored("min='9x' max='5'>" + colors), {"value-unreadable", "colormap-adjusted"}},
       {points("<array name='heat' dim='1' data='p' vertexData='true'/>" + sizes), {"array-left-out"}},
       {points(sizes), {"points-not-scaled"}},
       {points(array + sizes + "<pointScaleScalarRange x='0' y='none'/>"), {"value-unreadable"}},
       {points(array + sizes + "<pointScaleScalarRange x='0' y='0'/>"), {"points-not-scaled"}},
       {points(array + "<pointScaleScalarMapTo x='1' y='none'/>"), {"value-unreadable"}},
       {points(array + "<pointScaleScalarMapTo x='1' y='0'/>"), {"point-scale-adjusted"}},
+      {points(array + "<pointScaleScalarMapTo x='none' y='-1'/>"),
+       {"value-unreadable", "point-scale-adjusted"}},
+      {seen + "<clip><normal x='none'/></clip>", {"value-unreadable"}},
+      {seen + "<clip><normal x='0none'/></clip>", {"value-unreadable", "value-ignored"}},
+      {seen + triad + "<yaxis y='1e'/><zaxis z='1'/></coordinatesystem>", {"value-unreadable"}},
+      {seen + triad + "<yaxis y='none'/><zaxis/></coordinatesystem>", {"value-unreadable", "value-ignored"}},
+      {seen + view + "<position z='none'/></view>", {"value-unreadable"}},
+      {seen + view + "<position z='0none'/></view>", {"value-unreadable", "view-adjusted"}},
+      {seen + view + "<position z='9'/><up y='none'/></view>", {"value-unreadable"}},
+      {seen + view + "<position z='none'/><up/></view>", {"value-unreadable", "view-adjusted"}},
+      {seen + view + "<position z='none'/></view>" + view + "<position/></view>",
+       {"value-unreadable", "element-replaced", "view-adjusted"}},
   };
   for (const auto& [scene, codes] : cases) {
     ArchiveBuilder()

@@ -46,6 +46,14 @@ TEST(PolygonFansTest, BeginWhereTheyDoNotFold) {
   }
 }
 
+TEST(PolygonFansTest, LeaveNarrowSlotsOpen) {
+  // A slot as narrow as some steps of its coordinates, whose one side points to the first corner.
+  auto mesh = makePolyData(flat({0, 0, 1, 0, 1, 0.5F, 0.5F, 0.249999F, 1, 0.500002F, 0, 1}),
+                           {.polys = {{0, 1, 2, 3, 4, 5}}});
+  EXPECT_TRUE(unfoldFans(mesh).empty());
+  EXPECT_EQ(firstPolygon(*mesh).front(), 3);
+}
+
 /// Rays of different lengths around their middle, which is the last corner: none of the others is the
 /// begin of a fan that does not fold.
 TEST(PolygonFansTest, BeginAtOneOfTheFirstCorners) {

@@ -77,6 +77,15 @@ Polygon combWithFarCorners(int teeth) {
   return polygon;
 }
 
+/// Teeth that lean far to one side: each is as long as all of them are wide.
+Polygon slantedComb(int teeth) {
+  Polygon polygon{{0, -1}, {2.0 * teeth, -1}};
+  for (int i = 2 * teeth; i >= 0; --i) {
+    polygon.push_back({i + (i % 2 == 1 ? 2.0 * teeth : 0.0), i % 2 == 1 ? 2.0 * teeth : 0.0});
+  }
+  return polygon;
+}
+
 Polygon scaled(Polygon polygon, double x, double y) {
   for (auto& corner : polygon) {
     corner = {x * corner[0], y * corner[1]};
@@ -107,7 +116,8 @@ TEST(EarClippingTest, CoversWhatAPolygonSurrounds) {
 
 /// Looking at all corners for each ear would take too many steps.
 TEST(EarClippingTest, TakesNoTimeOutOfProportion) {
-  for (const Polygon& polygon : {star(20000, 0.3), spiral(20000), comb(10000), combWithFarCorners(10000)}) {
+  for (const Polygon& polygon : {star(20000, 0.3), star(20000, 0.001), spiral(20000), comb(10000),
+                                 combWithFarCorners(10000), slantedComb(20000)}) {
     const auto triangles = clipEars(polygon);
     ASSERT_TRUE(triangles);
     EXPECT_EQ(triangles->size(), polygon.size() - 2);

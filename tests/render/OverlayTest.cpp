@@ -264,6 +264,25 @@ TEST(LegendTest, ShowsAsManyNumbersAsFitAndDrawsUnusableTexts) {
   }
 }
 
+TEST(LegendTest, ShowsItsColoursInTheLowestWindow) {
+  for (const auto orientation : {lum::LegendOrientation::HORIZONTAL, lum::LegendOrientation::VERTICAL}) {
+    RenderScene scene;
+    scene.node().getBackgroundCanvas().getBackgroundAttributes().setSolidColor({1, 1, 1});
+    auto& legend = addLegend(scene);
+    legend.getPositionAttributes().setPosition({0.2, 0.1, 0}, false);
+    legend.getLegendAttributes().setOrientation(orientation);
+    legend.getLegendAttributes().setSize({0.5, 0.5});
+    legend.getLegendAttributes().setTitle("t");
+    legend.getColorLookupTable().setColorValues({1, 0, 0, 1, 0, 1, 0, 1});
+    legend.getColorLookupTable().setNumColor(2);
+    for (const int height : {10, 15, 30}) {
+      const Picture picture = renderPicture(scene.node(), {100, height});
+      EXPECT_GT(countPixels(picture, {255, 0, 0}), 0) << height;
+      EXPECT_GT(countPixels(picture, {0, 255, 0}), 0) << height;
+    }
+  }
+}
+
 TEST(LegendTest, ShowsTranslucentColoursAsSurfacesDo) {
   RenderScene scene;
   scene.node().getBackgroundCanvas().getBackgroundAttributes().setSolidColor({0, 0, 1});

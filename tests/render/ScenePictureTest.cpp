@@ -1,3 +1,4 @@
+#include "geometry/Normals.h"
 #include "render/SceneWindow.h"
 #include "vemoview/render/context/EglContext.h"
 #include <vemo/base/InternalError.h>
@@ -246,6 +247,20 @@ TEST(ScenePictureTest, FillsConcavePolygons) {
   comb.getAttributes<lum::SurfaceAttributes>().setShaded(true);
   colorByArray(comb, "s", lum::DataLocation::CELLS, {1, 0, 0, 1, 0, 0, 1, 1});
   EXPECT_EQ(at(scene.render(), -0.6, 0.4), BLUE);
+}
+
+TEST(ScenePictureTest, ShadesFlatPlatesEvenlyWhateverTheirPolygons) {
+  const auto plate = makeStarInPlate();
+  plate->GetVerts()->Initialize();
+  // What a conversion writes.
+  plate->GetPointData()->AddArray(pointNormals(*plate));
+  RenderScene scene;
+  scene.addSurface(plate, {1, 0, 0});
+  const Picture picture = scene.render();
+  const Picture::Pixel shade = at(picture, 0, 0);
+  EXPECT_GT(shade[0], 150);
+  // All but some pixels of the border: a pentagon has 2.378 times the square of its radius.
+  EXPECT_NEAR(countPixels(picture, shade), 2.378 / 4.0 * SIZE * SIZE, 2.0 * SIZE);
 }
 
 TEST(ScenePictureTest, IsEmptyWhenManyPlanesCutAllAway) {

@@ -293,6 +293,18 @@ TEST_F(DatabaseDamageTest, RefusesRecordsThatAreTogetherOutOfProportion) {
   EXPECT_THROW(reader.readNode(1), FileError);
 }
 
+// Each takes a byte of the file, and many of memory.
+TEST_F(DatabaseDamageTest, RefusesMoreArraysThanANodeCanHave) {
+  using namespace std::literals;
+  const std::string node = "\1\0\1\0\4"s;
+  const std::string graph = node + "\x81\x20"s + std::string(4097, '\0') + std::string(9, '\0');
+  const std::string size = {static_cast<char>((graph.size() & 0x7F) | 0x80),
+                            static_cast<char>(graph.size() >> 7)};
+  const std::string index = "\2\14PolyDataNode\16nodeDataArrays\0\1\0\1\1\21\0\0\1\0\0\0"s + size + graph;
+  EXPECT_THAT(tryToRead(DatabaseBytes({}, index).join()),
+              HasSubstr("4097 data arrays, at most 4096 are allowed"));
+}
+
 TEST_F(DatabaseDamageTest, RefusesMorePairsOfArraysThanArrays) {
   const auto surface = make<lum::SurfaceDrawable>();
   vtkNew<vtkPoints> points;

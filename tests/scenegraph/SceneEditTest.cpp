@@ -126,10 +126,10 @@ TEST(SceneEditTest, ColoursAllGeometryThatHasAnArray) {
   EXPECT_EQ(scene.heatLegend.getLegendAttributes().getTitle(), "degrees");
   EXPECT_FALSE(lum::isShown(scene.windLegend)) << "of colours that nothing has";
 
-  scene.heat.setRangeReported();
+  scene.heat.setUnknownEnds({true, false});
   lum::setColorRange(scene.node(), {-1, 1});
   EXPECT_EQ(scene.rangeOf(scene.second), (Range{-1, 1}));
-  EXPECT_FALSE(scene.heat.isRangeReported()) << "what was reported is another range";
+  EXPECT_FALSE(scene.heat.getUnknownEnds()[0]) << "what was reported is another range";
   EXPECT_EQ(lum::findColorRange(scene.node(), "heat"), (Range{-1, 1}));
   EXPECT_EQ(lum::findColorRange(scene.node(), "wind"), std::nullopt) << "nothing has its colours any more";
   EXPECT_EQ(scene.heatLegend.getColorLookupTable().getScalarRange(), (Range{-1, 1}));

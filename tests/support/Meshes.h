@@ -25,6 +25,10 @@ std::vector<std::array<float, 3>> flat(const std::vector<float>& coordinates);
 /// A rectangle in the plane z.
 vtkSmartPointer<vtkPolyData> makeRectangle(float left, float right, float bottom, float top, float z = 0);
 
+/// A vertex, a star of radius 1 in the plane z = 0.7 x - 0.3 y, and triangles that fill its notches. The
+/// normal that its corners give the star is opposite to that of the triangles.
+vtkSmartPointer<vtkPolyData> makeStarInPlate();
+
 /// A data array of the values of all its tuples, one after the other.
 template <class Array = vtkFloatArray>
 vtkSmartPointer<Array> makeArray(const std::string& name,

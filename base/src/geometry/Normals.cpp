@@ -3,6 +3,7 @@
 #include "geometry/Cells.h"
 #include "geometry/NewArray.h"
 #include "geometry/Points.h"
+#include "geometry/PolygonArea.h"
 #include "geometry/Winding.h"
 #include "geometry/kernels/TriangleNormals.h"
 
@@ -27,6 +28,8 @@ namespace vemo {
 namespace {
 
 using Normal = Vector<3, float>;
+
+enum class PolygonNormal { OF_CORNERS, OF_AREA };
 
 /// What VTK writes for verts and lines, which have no normals.
 constexpr Normal NO_NORMAL{1.0F, 0.0F, 0.0F};
@@ -58,10 +61,7 @@ inline Vector3 triangleProduct(const Points& points, Index p0, Index p1, Index p
 /// A polygon of more than three points need be neither flat nor convex: the
 /// products of all its corners are summed.
 template <class Points, class Index>
-Vector3 polygonProduct(const Points& points, std::span<const Index> cell) {
-  if (cell.size() == 3) {
-    return triangleProduct(points, cell[0], cell[1], cell[2]);
-  }
+Vector3 cornerProducts(const Points& points, std::span<const Index> cell) {
   Vector3 sum{};
   Vector3 before = points[cell[0]];
   Vector3 corner = points[cell[1]];
@@ -72,6 +72,14 @@ Vector3 polygonProduct(const Points& points, std::span<const Index> cell) {
     corner = after;
   }
   return sum;
+}
+
+template <class Points, class Index>
+Vector3 polygonProduct(const Points& points, std::span<const Index> cell, PolygonNormal kind) {
+  if (cell.size() == 3) {
+    return triangleProduct(points, cell[0], cell[1], cell[2]);
+  }
+  return kind == PolygonNormal::OF_CORNERS ? cornerProducts(points, cell) : areaProduct(points, cell);
 }
 
 template <class Index>
@@ -95,9 +103,9 @@ std::span<const std::int32_t> cornersOfTriangles(vtkCellArray& polys) {
 }
 
 template <class Points>
-void sumOfPolygons(vtkCellArray& polys, const Points& points, const NormalSums& sums) {
+void sumOfPolygons(vtkCellArray& polys, const Points& points, PolygonNormal kind, const NormalSums& sums) {
   forEachCell(polys, [&](auto cell) {
-    const Normal normal = unit(polygonProduct(points, cell));
+    const Normal normal = unit(polygonProduct(points, cell, kind));
     for (const auto point : cell) {
       addAt(point, normal, sums);
     }
@@ -105,15 +113,15 @@ void sumOfPolygons(vtkCellArray& polys, const Points& points, const NormalSums& 
 }
 
 template <class Points>
-void sumAtPoints(vtkPolyData& mesh, const Points& points, const NormalSums& sums) {
+void sumAtPoints(vtkPolyData& mesh, const Points& points, PolygonNormal kind, const NormalSums& sums) {
   if constexpr (std::is_same_v<Points, PointSpan<float>>) {
     const auto corners = cornersOfTriangles(*mesh.GetPolys());
     addTriangleNormals(points.values(), corners, sums);
     if (corners.empty()) {
-      sumOfPolygons(*mesh.GetPolys(), points, sums);
+      sumOfPolygons(*mesh.GetPolys(), points, kind, sums);
     }
   } else {
-    sumOfPolygons(*mesh.GetPolys(), points, sums);
+    sumOfPolygons(*mesh.GetPolys(), points, kind, sums);
   }
   forEachCell(*mesh.GetStrips(), [&](auto strip) {
     forEachTriangle(strip, [&](auto p0, auto p1, auto p2) {
@@ -126,10 +134,10 @@ void sumAtPoints(vtkPolyData& mesh, const Points& points, const NormalSums& sums
 }
 
 template <class Points>
-void sumAtPoints(const FaceList& faces, const Points& points, const NormalSums& sums) {
+void sumAtPoints(const FaceList& faces, const Points& points, PolygonNormal kind, const NormalSums& sums) {
   for (std::size_t i = 0; i < faces.size(); ++i) {
     const auto face = faces[i];
-    const Normal normal = unit(polygonProduct(points, face));
+    const Normal normal = unit(polygonProduct(points, face, kind));
     for (const vtkIdType point : face) {
       addAt(point, normal, sums);
     }
@@ -177,13 +185,13 @@ Vector3 stripProduct(const Points& points, std::span<const Index> strip) {
 }
 
 template <class Points>
-void writePerCell(vtkPolyData& mesh, const Points& points, std::span<float> normals) {
+void writePerCell(vtkPolyData& mesh, const Points& points, PolygonNormal kind, std::span<float> normals) {
   float* next = normals.data();
   const auto write = [&next](const Normal& normal) { next = std::copy(normal.begin(), normal.end(), next); };
   for (vtkIdType i = 0; i < mesh.GetNumberOfVerts() + mesh.GetNumberOfLines(); ++i) {
     write(NO_NORMAL);
   }
-  forEachCell(*mesh.GetPolys(), [&](auto cell) { write(unit(polygonProduct(points, cell))); });
+  forEachCell(*mesh.GetPolys(), [&](auto cell) { write(unit(polygonProduct(points, cell, kind))); });
   forEachCell(*mesh.GetStrips(), [&](auto strip) { write(unit(stripProduct(points, strip))); });
 }
 
@@ -201,30 +209,73 @@ std::span<float> valuesOf(vtkFloatArray& array) {
   return {array.GetPointer(0), static_cast<std::size_t>(array.GetNumberOfValues())};
 }
 
-}  // namespace
-
-vtkSmartPointer<vtkFloatArray> pointNormals(vtkPolyData& mesh) {
+vtkSmartPointer<vtkFloatArray> sumPointNormals(vtkPolyData& mesh, PolygonNormal kind) {
   auto normals = newNormals(mesh.GetNumberOfPoints());
   std::vector<std::uint32_t> counts(static_cast<std::size_t>(mesh.GetNumberOfPoints()));
   const NormalSums sums{valuesOf(*normals), counts};
   const PointReader reader(*mesh.GetPoints()->GetData());
-  reader.visit([&](const auto& points) { sumAtPoints(mesh, points, sums); });
+  reader.visit([&](const auto& points) { sumAtPoints(mesh, points, kind, sums); });
   if (!isConsistentlyWound(mesh, normalize(sums), counts)) {
     FaceList faces(mesh);
     faces.makeConsistent(counts);
     normals->FillValue(0.0F);
-    reader.visit([&](const auto& points) { sumAtPoints(faces, points, sums); });
+    reader.visit([&](const auto& points) { sumAtPoints(faces, points, kind, sums); });
     normalize(sums);
   }
   return normals;
 }
 
-vtkSmartPointer<vtkFloatArray> cellNormals(vtkPolyData& mesh) {
+vtkSmartPointer<vtkFloatArray> computeCellNormals(vtkPolyData& mesh, PolygonNormal kind) {
   auto normals = newNormals(mesh.GetNumberOfCells());
   PointReader(*mesh.GetPoints()->GetData()).visit([&](const auto& points) {
-    writePerCell(mesh, points, valuesOf(*normals));
+    writePerCell(mesh, points, kind, valuesOf(*normals));
   });
   return normals;
+}
+
+/// Whether the normal that the corners give a polygon says little of where it faces.
+template <class Points, class Index>
+bool isMisjudged(const Points& points, std::span<const Index> polygon) {
+  // Those of fewer corners are the same, but for rounding.
+  constexpr std::size_t LEAST_CORNERS = 5;
+  constexpr double LEAST_COSINE = 0.9;
+  if (polygon.size() < LEAST_CORNERS) {
+    return false;
+  }
+  const auto byArea = unitVector(areaProduct(points, polygon));
+  const auto byCorners = unitVector(cornerProducts(points, polygon));
+  return byArea && (!byCorners || dot(*byArea, *byCorners) < LEAST_COSINE);
+}
+
+}  // namespace
+
+vtkSmartPointer<vtkFloatArray> pointNormals(vtkPolyData& mesh) {
+  return sumPointNormals(mesh, PolygonNormal::OF_CORNERS);
+}
+
+vtkSmartPointer<vtkFloatArray> pointNormalsByArea(vtkPolyData& mesh) {
+  return sumPointNormals(mesh, PolygonNormal::OF_AREA);
+}
+
+vtkSmartPointer<vtkFloatArray> cellNormals(vtkPolyData& mesh) {
+  return computeCellNormals(mesh, PolygonNormal::OF_CORNERS);
+}
+
+vtkSmartPointer<vtkFloatArray> cellNormalsByArea(vtkPolyData& mesh) {
+  return computeCellNormals(mesh, PolygonNormal::OF_AREA);
+}
+
+std::vector<vtkIdType> findMisjudgedPolygons(vtkPolyData& mesh) {
+  std::vector<vtkIdType> found;
+  PointReader(*mesh.GetPoints()->GetData()).visit([&](const auto& points) {
+    forEachCell(*mesh.GetPolys(), [&, number = vtkIdType(0)](auto polygon) mutable {
+      if (isMisjudged(points, polygon)) {
+        found.push_back(number);
+      }
+      ++number;
+    });
+  });
+  return found;
 }
 
 }  // namespace vemo

@@ -3,6 +3,9 @@
 #include <vemo/geometry/Export.h>
 
 #include <vtkSmartPointer.h>
+#include <vtkType.h>
+
+#include <vector>
 
 class vtkFloatArray;
 class vtkPolyData;
@@ -38,5 +41,16 @@ VEMO_GEOMETRY_EXPORT vtkSmartPointer<vtkFloatArray> pointNormals(vtkPolyData& me
 /// strip's triangle with such a coordinate is left out of the mean. Verts and
 /// lines have no normal and get (1, 0, 0).
 VEMO_GEOMETRY_EXPORT vtkSmartPointer<vtkFloatArray> cellNormals(vtkPolyData& mesh);
+
+// The same with normals of polygons that are those of their areas. The filter sums the products of a
+// polygon's corners instead, in which sharp reflex corners may outweigh the others: some flat spiky
+// polygons have the opposite normal there, or one without a meaning.
+
+VEMO_GEOMETRY_EXPORT vtkSmartPointer<vtkFloatArray> pointNormalsByArea(vtkPolyData& mesh);
+
+VEMO_GEOMETRY_EXPORT vtkSmartPointer<vtkFloatArray> cellNormalsByArea(vtkPolyData& mesh);
+
+/// The numbers of the polygons whose normals by corners and by area are far from each other.
+VEMO_GEOMETRY_EXPORT std::vector<vtkIdType> findMisjudgedPolygons(vtkPolyData& mesh);
 
 }  // namespace vemo

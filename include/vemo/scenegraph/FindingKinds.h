@@ -64,14 +64,14 @@
   KIND(POINT_SCALE_ADJUSTED, CHANGED, "The range or the sizes stated for scaling points are unusable: others are used.") \
   KIND(POINTS_NOT_SCALED, CHANGED, "Points that should be scaled by data all have the same size.") \
   KIND(POINTS_WITHOUT_POSITION, LOST, "Points have coordinates that are not finite. These points, and the cells that use them, are not drawn.") \
-  KIND(POLYGONS_FOLDED, CHANGED, "Polygons that intersect or touch themselves, or are concave and not flat, are drawn with the wrong shape.") \
+  KIND(POLYGONS_FOLDED, CHANGED, "Polygons that intersect or touch themselves, are concave and not flat, or are too intricate, are drawn with the wrong shape.") \
   KIND(REFERENCE_LOST, LOST, "A reference to a node outside the written scene is not written.") \
   KIND(REPEATS_LIMITED, LOST, "There are too many repeats: only the first ones are shown.") \
   KIND(ROOT_UNKNOWN, CHANGED, "The root element is not called `scene`, but is read as if it were.") \
   KIND(SCENE_NOT_DRAWN, LOST, "A scene is too large to be drawn, or a canvas that shows something is outside the window or has no size.") \
   KIND(SETTINGS_REPLACED, CHANGED, "Geometries with the same name and type share a drawable, but state different settings for it.") \
   KIND(STREAM_INVALID, LOST, "A scene stream, or an array that belongs to one, cannot be read.") \
-  KIND(TEXT_CHANGED, CHANGED, "A text is too long and is cut off or drawn smaller, is not valid UTF-8, or has control characters that are drawn as the characters of Windows-1252 in their places.") \
+  KIND(TEXT_CHANGED, CHANGED, "A text is too long and is cut off or drawn smaller, is not valid UTF-8, or has control characters: they are drawn as the characters of Windows-1252 in their places, or not at all.") \
   KIND(TEXT_IGNORED, LOST, "Text in an element that cannot contain text is ignored.") \
   KIND(TEXT_NOT_FRAMED, CHANGED, "A text is so far from the model that it is not taken into account when the view is chosen, and may be outside the picture.") \
   KIND(TEXT_NOT_SHAPED, CHANGED, "A text has characters, such as Arabic or Hebrew ones, that are written from right to left, joined or stacked. They are drawn one after the other from left to right.") \

@@ -173,7 +173,7 @@ double cosineBetween(vtkFloatArray& normals, vtkIdType face, vtkIdType other) {
 vtkSmartPointer<vtkPolyData> contourEdges(vtkPolyData& faces, double leastBendDegrees) {
   const double greatestCosine = std::cos(leastBendDegrees * std::numbers::pi / 180.0);
   const auto polygons = asPolygons(faces);
-  const auto normals = cellNormals(*polygons);
+  const auto normals = cellNormalsByArea(*polygons);
   Lines lines(*faces.GetPoints());
   FaceEdges(*polygons->GetPolys(), firstAtPlace(*faces.GetPoints()->GetData()))
       .forEach([&](vtkIdType from, vtkIdType to, std::span<const FaceEdge> edges) {

@@ -17,7 +17,8 @@ inline constexpr double CONTOUR_BEND_DEGREES = 30.0;
 /// two faces is neither.
 ///
 /// What vtkCleanPolyData and vtkFeatureEdges find, but in time that grows with the
-/// edges even if all of them share a point or an edge. Faces are polygons and the
+/// edges even if all of them share a point or an edge, and with the true normals of
+/// spiky polygons. Faces are polygons and the
 /// triangles of strips. Their cells are valid (CellValidator), and all points are
 /// finite.
 VEMO_GEOMETRY_EXPORT vtkSmartPointer<vtkPolyData> contourEdges(vtkPolyData& faces, double leastBendDegrees);

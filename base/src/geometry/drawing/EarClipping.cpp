@@ -55,149 +55,142 @@ class Outline {
   std::size_t _size;
 };
 
-/// Divides the places along an axis into intervals that hold about as many of some values each, wherever
-/// these are.
-class Intervals {
+/// Three corners, counter-clockwise, and their places.
+class Ear {
  public:
-  Intervals(std::vector<double> values, std::size_t count) {
-    std::ranges::sort(values);
-    for (std::size_t i = 1; i < count; ++i) {
-      _borders.push_back(values[i * values.size() / count]);
-    }
-    _borders.erase(std::unique(_borders.begin(), _borders.end()), _borders.end());
+  Ear(const std::vector<Place>& places, const Triangle& corners)
+      : _corners(corners), _places{places[corners[0]], places[corners[1]], places[corners[2]]} {}
+
+  /// Whether a corner is in it, or on its border, but not at one of its corners.
+  bool contains(std::size_t corner, const Place& place) const {
+    return std::ranges::find(_corners, corner) == _corners.end() && !hasCornerAt(place) &&
+           reaches(place, place);
   }
 
-  std::size_t size() const { return _borders.size() + 1; }
-  /// The first and the last one have no ends.
-  double low(std::size_t index) const { return index == 0 ? -NO_END : _borders[index - 1]; }
-  double high(std::size_t index) const {
-    if (index == _borders.size()) {
-      return NO_END;
+  bool hasCornerAt(const Place& place) const { return std::ranges::find(_places, place) != _places.end(); }
+
+  /// Whether none of its sides has all of a box behind it. True if it contains a place in the box: the
+  /// results of `turn` grow along each axis, rounded as they are.
+  bool reaches(const Place& low, const Place& high) const {
+    for (std::size_t i = 0; i < 3; ++i) {
+      const Place& a = _places[i];
+      const Place& b = _places[(i + 1) % 3];
+      if (turn(a, b, {(b[1] > a[1] ? low : high)[0], (b[0] > a[0] ? high : low)[1]}) < 0.0) {
+        return false;
+      }
     }
-    return _borders[index];
-  }
-  std::size_t indexOf(double value) const {
-    return static_cast<std::size_t>(std::ranges::upper_bound(_borders, value) - _borders.begin());
+    return true;
   }
 
  private:
-  static constexpr double NO_END = std::numeric_limits<double>::infinity();
-
-  std::vector<double> _borders;
+  Triangle _corners;
+  std::array<Place, 3> _places;
 };
 
-/// The corners that may be in an ear: those at which the polygon is not convex. They are in the cells of
-/// a grid, about one in each.
+/// The corners that may be in an ear: those at which the polygon is not convex. They are in a tree of
+/// boxes, each of which holds half of the corners of the box above it.
 class ReflexCorners {
  public:
-  explicit ReflexCorners(const Outline& outline) : ReflexCorners(outline, findReflex(outline)) {}
-
-  /// Whether one of them is in a triangle, or on its border, but not at its corners.
-  bool touch(const Triangle& triangle) {
-    const std::array places{at(triangle[0]), at(triangle[1]), at(triangle[2])};
-    const auto [low, high] = std::minmax({places[0][1], places[1][1], places[2][1]});
-    for (std::size_t row = _rows.indexOf(low); row <= _rows.indexOf(high); ++row) {
-      const auto [left, right] = widthInRow(places, row);
-      for (std::size_t column = _columns.indexOf(left); column <= _columns.indexOf(right); ++column) {
-        if (touch(cellAt(column, row), triangle, places)) {
-          return true;
-        }
+  explicit ReflexCorners(const Outline& outline) : _outline(outline) {
+    for (std::size_t i = 0; i < outline.size(); ++i) {
+      if (outline.turnAt(i) <= 0.0) {
+        _corners.push_back(i);
       }
+    }
+    divide(0, _corners.size());
+  }
+
+  bool touch(const Triangle& triangle) { return touch(0, Ear(_outline.places(), triangle)); }
+
+  /// How many boxes and corners were looked at.
+  std::uint64_t countSteps() const { return _steps; }
+
+ private:
+  struct Box {
+    Place low;
+    Place high;
+    std::size_t begin;
+    std::size_t end;
+    /// The first half is behind the box itself; 0 for a box that is not divided.
+    std::size_t secondHalf = 0;
+    bool isEmpty() const { return begin == end; }
+  };
+
+  const Place& at(std::size_t corner) const { return _outline.places()[corner]; }
+
+  Box around(std::size_t begin, std::size_t end) const {
+    constexpr double INFINITE = std::numeric_limits<double>::infinity();
+    Box box{{INFINITE, INFINITE}, {-INFINITE, -INFINITE}, begin, end};
+    for (std::size_t i = begin; i < end; ++i) {
+      const Place& place = at(_corners[i]);
+      for (const std::size_t axis : {0, 1}) {
+        box.low[axis] = std::min(box.low[axis], place[axis]);
+        box.high[axis] = std::max(box.high[axis], place[axis]);
+      }
+    }
+    return box;
+  }
+
+  /// Returns the number of the box.
+  std::size_t divide(std::size_t begin, std::size_t end) {
+    constexpr std::size_t MOST_CORNERS = 4;
+    const std::size_t number = _boxes.size();
+    const Box box = around(begin, end);
+    _boxes.push_back(box);
+    if (end - begin > MOST_CORNERS) {
+      const std::size_t axis = box.high[0] - box.low[0] > box.high[1] - box.low[1] ? 0 : 1;
+      const std::size_t middle = begin + (end - begin) / 2;
+      const auto first = _corners.begin();
+      const auto iteratorAt = [first](std::size_t index) {
+        return first + static_cast<std::ptrdiff_t>(index);
+      };
+      std::ranges::nth_element(iteratorAt(begin), iteratorAt(middle), iteratorAt(end), {},
+                               [&](std::size_t corner) { return at(corner)[axis]; });
+      divide(begin, middle);
+      const std::size_t secondHalf = divide(middle, end);
+      _boxes[number].secondHalf = secondHalf;
+    }
+    return number;
+  }
+
+  bool touch(std::size_t number, const Ear& ear) {
+    ++_steps;
+    Box& box = _boxes[number];
+    const bool isAtCorner = box.low == box.high && ear.hasCornerAt(box.low);
+    if (box.isEmpty() || isAtCorner || !ear.reaches(box.low, box.high)) {
+      return false;
+    }
+    if (box.secondHalf == 0) {
+      return touchAny(box, ear);
+    }
+    if (touch(number + 1, ear) || touch(box.secondHalf, ear)) {
+      return true;
+    }
+    if (_boxes[number + 1].isEmpty() && _boxes[box.secondHalf].isEmpty()) {
+      box.end = box.begin;
     }
     return false;
   }
 
-  /// How many cells and corners were looked at.
-  std::uint64_t countSteps() const { return _steps; }
-
- private:
-  using Corners = std::vector<std::size_t>;
-
-  ReflexCorners(const Outline& outline, const Corners& corners)
-      : _outline(outline),
-        _columns(divide(corners, 0)),
-        _rows(divide(corners, 1)),
-        _cells(_columns.size() * _rows.size()) {
-    for (const std::size_t corner : corners) {
-      const Place& place = at(corner);
-      cellAt(_columns.indexOf(place[0]), _rows.indexOf(place[1])).push_back(corner);
-    }
-  }
-
-  static Corners findReflex(const Outline& outline) {
-    Corners corners;
-    for (std::size_t i = 0; i < outline.size(); ++i) {
-      if (outline.turnAt(i) <= 0.0) {
-        corners.push_back(i);
-      }
-    }
-    return corners;
-  }
-
-  Intervals divide(const Corners& corners, std::size_t axis) const {
-    std::vector<double> values;
-    values.reserve(corners.size());
-    for (const std::size_t corner : corners) {
-      values.push_back(at(corner)[axis]);
-    }
-    return {std::move(values), static_cast<std::size_t>(std::sqrt(static_cast<double>(corners.size())))};
-  }
-
-  const Place& at(std::size_t corner) const { return _outline.places()[corner]; }
-  Corners& cellAt(std::size_t column, std::size_t row) { return _cells[column + row * _columns.size()]; }
-
-  /// Between which x a triangle is in a row of cells, or a little beyond it.
-  std::pair<double, double> widthInRow(const std::array<Place, 3>& triangle, std::size_t row) const {
-    double left = std::numeric_limits<double>::infinity();
-    double right = -left;
-    double farthest = 0.0;
-    for (std::size_t i = 0; i < 3; ++i) {
-      const auto [a, b] = std::minmax(triangle[i], triangle[(i + 1) % 3],
-                                      [](const Place& one, const Place& other) { return one[1] < other[1]; });
-      farthest = std::max({farthest, std::abs(a[0]), std::abs(b[0])});
-      if (b[1] < _rows.low(row) || a[1] > _rows.high(row)) {
-        continue;
-      }
-      const double rise = b[1] - a[1];
-      const double begin = rise > 0.0 ? (std::max(_rows.low(row), a[1]) - a[1]) / rise : 0.0;
-      const double end = rise > 0.0 ? (std::min(_rows.high(row), b[1]) - a[1]) / rise : 1.0;
-      for (const double part : {begin, end}) {
-        const double x = a[0] + part * (b[0] - a[0]);
-        left = std::min(left, x);
-        right = std::max(right, x);
-      }
-    }
-    // Against rounding, which may leave out a corner on the border.
-    const double room = 1e-14 * farthest;
-    return {left - room, right + room};
-  }
-
-  bool touch(Corners& cell, const Triangle& triangle, const std::array<Place, 3>& places) {
-    ++_steps;
-    for (std::size_t i = 0; i < cell.size();) {
-      const std::size_t corner = cell[i];
+  bool touchAny(Box& box, const Ear& ear) {
+    for (std::size_t i = box.begin; i < box.end;) {
+      ++_steps;
+      const std::size_t corner = _corners[i];
       if (!_outline.contains(corner) || _outline.turnAt(corner) > 0.0) {
         // It is no more in the way of any ear.
-        cell[i] = cell.back();
-        cell.pop_back();
-        continue;
-      }
-      ++_steps;
-      const Place& place = at(corner);
-      if (std::ranges::find(triangle, corner) == triangle.end() &&
-          std::ranges::find(places, place) == places.end() && turn(places[0], places[1], place) >= 0.0 &&
-          turn(places[1], places[2], place) >= 0.0 && turn(places[2], places[0], place) >= 0.0) {
+        std::swap(_corners[i], _corners[--box.end]);
+      } else if (ear.contains(corner, at(corner))) {
         return true;
+      } else {
+        ++i;
       }
-      ++i;
     }
     return false;
   }
 
   const Outline& _outline;
-  Intervals _columns;
-  Intervals _rows;
-  std::vector<Corners> _cells;
+  std::vector<std::size_t> _corners;
+  std::vector<Box> _boxes;
   std::uint64_t _steps = 0;
 };
 
@@ -258,8 +251,8 @@ class EarClipper {
   }
 
   bool isExhausted() const {
-    // So many for each corner: those of most polygons take a hundredth of that.
-    constexpr std::uint64_t MOST_STEPS = 2000;
+    // So many for each corner: those of most polygons take a tenth of that.
+    constexpr std::uint64_t MOST_STEPS = 4000;
     return _steps + _reflex.countSteps() > MOST_STEPS * _round.size();
   }
 

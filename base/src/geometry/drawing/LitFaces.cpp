@@ -3,6 +3,7 @@
 #include "geometry/Bounds.h"
 #include "geometry/Cells.h"
 #include "geometry/Points.h"
+#include "geometry/PolygonArea.h"
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
@@ -34,25 +35,14 @@ PointMarks markZeros(const Points& normals) {
   return marks;
 }
 
-/// A vector along the normal that the winding gives a face.
-template <class Points, class Index>
-Vector3 windingNormal(const Points& points, std::span<const Index> face) {
-  const Vector3 origin = points[face[0]];
-  Vector3 sum;
-  for (std::size_t i = 2; i < face.size(); ++i) {
-    sum += cross(points[face[i - 1]] - origin, points[face[i]] - origin);
-  }
-  return sum;
-}
-
 /// The unit normal of a face: where parts that cross cancel each other, that of the first triangle
 /// it is drawn as that has an area.
 template <class Points, class Index>
 std::optional<Vector3> faceNormal(const Points& points, std::span<const Index> face) {
-  auto normal = unitVector(windingNormal(points, face));
+  auto normal = unitVector(areaProduct(points, face));
   for (std::size_t i = 2; !normal && i < face.size(); ++i) {
     normal =
-        unitVector(windingNormal(points, std::span<const Index>(std::array{face[0], face[i - 1], face[i]})));
+        unitVector(areaProduct(points, std::span<const Index>(std::array{face[0], face[i - 1], face[i]})));
   }
   return normal;
 }
@@ -90,7 +80,7 @@ vtkSmartPointer<vtkDataArray> withoutZeros(vtkPolyData& mesh, vtkDataArray& norm
 /// contradicts them.
 template <class Points, class Normals, class Index>
 double agreement(std::span<const Index> face, const Points& points, const Normals& normals) {
-  const Vector3 winding = windingNormal(points, face);
+  const Vector3 winding = areaProduct(points, face);
   // Most polygons agree with the first normal already: this halves the time.
   if (const double first = dot(winding, normals[face[0]]); first > 0.0) {
     return first;
@@ -178,7 +168,7 @@ vtkSmartPointer<vtkDataArray> litNormals(vtkPolyData& mesh, vtkDataArray& normal
       forEachCell(*mesh.GetPolys(),
                   [&, number = mesh.GetNumberOfVerts() + mesh.GetNumberOfLines()](auto face) mutable {
                     const Vector3 given = vectors[number];
-                    if (dot(windingNormal(points, face), given) < 0.0) {
+                    if (dot(areaProduct(points, face), given) < 0.0) {
                       replace(number, Vector3{} - given);
                     } else if (given == Vector3{}) {
                       replace(number, faceNormal(points, face).value_or(given));

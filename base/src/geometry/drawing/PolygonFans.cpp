@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <limits>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -28,12 +29,14 @@ class Polygon {
   std::optional<std::size_t> findBegin() const {
     // If none of so many works, there is rarely another.
     constexpr std::size_t MAX_TRIES = 100;
-    constexpr double TOLERANCE = 1e-6;
     const Vector3 area = areaOfFan();
     // Parts that cross cancel each other.
-    if (length(area) < TOLERANCE * areaOfTriangles()) {
+    constexpr double LEAST_PART = 1e-6;
+    if (length(area) < LEAST_PART * areaOfTriangles()) {
       return std::nullopt;
     }
+    // What the rounding of coordinates can make of corners in a row.
+    constexpr double TOLERANCE = std::numeric_limits<float>::epsilon();
     const double least = -TOLERANCE * area.squaredLength();
     for (std::size_t begin = 0; begin < std::min(_corners.size(), MAX_TRIES); ++begin) {
       if (isFlatAround(begin, area, least)) {

@@ -2,6 +2,7 @@
 
 #include "geometry/Cells.h"
 #include "geometry/Points.h"
+#include "geometry/PolygonArea.h"
 #include "geometry/drawing/EarClipping.h"
 #include "geometry/drawing/SelectedData.h"
 #include <vemo/base/Vector.h>
@@ -28,11 +29,7 @@ namespace {
 /// The corners in a coordinate plane that is not perpendicular to the polygon, counter-clockwise.
 template <class Index>
 std::vector<Vector<2, double>> flatten(std::span<const Index> polygon, const PointReader& points) {
-  const Vector3 origin = points[polygon[0]];
-  Vector3 area{};
-  for (std::size_t i = 2; i < polygon.size(); ++i) {
-    area += cross(points[polygon[i - 1]] - origin, points[polygon[i]] - origin);
-  }
+  const Vector3 area = areaProduct(points, polygon);
   const auto isSmaller = [](double a, double b) { return std::abs(a) < std::abs(b); };
   const auto axis = static_cast<std::size_t>(std::ranges::max_element(area, isSmaller) - area.begin());
   std::size_t x = (axis + 1) % 3;

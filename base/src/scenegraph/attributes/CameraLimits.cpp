@@ -1,5 +1,7 @@
 #include "scenegraph/attributes/CameraLimits.h"
 
+#include <vemo/scenegraph/attributes/CameraAttributes.h>
+
 #include <cmath>
 
 namespace lum {
@@ -22,12 +24,16 @@ bool isUsableParallelScale(double scale) {
   return scale >= SMALLEST && scale <= GREATEST_COORDINATE;
 }
 
-std::optional<std::string> describeDirectionFault(const Vector3& view, const Vector3& viewUp) {
-  if (!isUsableView(view)) {
+std::optional<std::string> describeDirectionFault(const CameraAttributes& camera) {
+  const Vector3 view = camera.getFocalPoint() - camera.getPosition();
+  const Vector3& viewUp = camera.getViewUp();
+  const bool isViewKnown = !camera.isViewUnknown();
+  if (isViewKnown && !isUsableView(view)) {
     return "The camera is at its focal point, or too close or too far: the scene is viewed against the z "
            "axis";
   }
-  if (!isUsableViewUp(viewUp, view)) {
+  const bool isViewUpAtFault = !camera.isViewUpUnknown() && (isViewKnown || viewUp == Vector3{});
+  if (isViewUpAtFault && !isUsableViewUp(viewUp, view)) {
     return "The view-up vector is zero or parallel to the viewing direction: the y axis is used instead (the "
            "z axis in a view along y)";
   }

@@ -8,6 +8,8 @@
 
 namespace lum {
 
+class CameraAttributes;
+
 // What can be drawn with a camera.
 
 /// VTK keeps a camera at least this far from its focal point, and computes the square of the
@@ -28,8 +30,8 @@ VEMO_SCENEGRAPH_EXPORT bool isUsableParallelScale(double scale);
 
 // What drawing makes of a camera that it cannot use, for findings; nothing if it can.
 
-VEMO_SCENEGRAPH_EXPORT std::optional<std::string> describeDirectionFault(const vemo::Vector3& view,
-                                                                         const vemo::Vector3& viewUp);
+/// The first fault of position, focal point and view-up vector that does not follow from unknown ones.
+VEMO_SCENEGRAPH_EXPORT std::optional<std::string> describeDirectionFault(const CameraAttributes& camera);
 
 VEMO_SCENEGRAPH_EXPORT std::optional<std::string> describeScaleFault(double parallelScale);
 

@@ -6,6 +6,7 @@
 #include <vtkUnsignedCharArray.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <fmt/format.h>
@@ -51,14 +52,19 @@ const std::vector<std::uint8_t>& defaultColors() {
 /// Makes a table usable, and collects what that takes.
 class TableAdjuster {
  public:
-  TableAdjuster(ColorTable& table, bool isRangeReported) : _table(table), _isRangeReported(isRangeReported) {}
+  /// @param unknownEnds of the range: what follows from these is not collected
+  TableAdjuster(ColorTable& table, const std::array<bool, 2>& unknownEnds)
+      : _table(table),
+        _isRangeKnown(!unknownEnds[0] && !unknownEnds[1]),
+        _cannotBeLogarithmic((!unknownEnds[0] && low() <= 0.0) || (!unknownEnds[1] && high() <= 0.0)) {}
 
   std::string run() {
     adjustColors();
     adjustEnds();
     adjustScale();
     if (low() == high()) {
-      noteOfRange("has a range of one value: lower values have the first colour, higher ones the last");
+      noteIf(_isRangeKnown,
+             "has a range of one value: lower values have the first colour, higher ones the last");
     }
     return _changes;
   }
@@ -69,8 +75,8 @@ class TableAdjuster {
 
   void note(const std::string& change) { _changes.append(_changes.empty() ? "" : ", ").append(change); }
 
-  void noteOfRange(const std::string& change) {
-    if (!_isRangeReported) {
+  void noteIf(bool isFault, const std::string& change) {
+    if (isFault) {
       note(change);
     }
   }
@@ -85,11 +91,11 @@ class TableAdjuster {
   void adjustEnds() {
     if (!std::isfinite(high() - low())) {
       _table.range = {0.0, 1.0};
-      noteOfRange("has no finite range and gets the range from 0 to 1");
+      note("has no finite range and gets the range from 0 to 1");
     } else if (low() > high()) {
       std::swap(low(), high());
       reverseColors();
-      noteOfRange("starts at its greater value and is reversed with its colours");
+      noteIf(_isRangeKnown, "starts at its greater value and is reversed with its colours");
     }
   }
 
@@ -109,16 +115,19 @@ class TableAdjuster {
     const double least = high() * POWERS_OF_TEN;
     if (least > 0.0) {
       low() = least;
-      noteOfRange(
+      noteIf(
+          _cannotBeLogarithmic,
           fmt::format("is logarithmic and begins at {:g} instead, four powers of ten below its end", least));
     } else {
       _table.isLog10 = false;
-      noteOfRange("is linear instead of logarithmic");
+      noteIf(_cannotBeLogarithmic, "is linear instead of logarithmic");
     }
   }
 
   ColorTable& _table;
-  bool _isRangeReported;
+  bool _isRangeKnown;
+  /// By a known end of the range.
+  bool _cannotBeLogarithmic;
   std::string _changes;
 };
 
@@ -126,7 +135,7 @@ class TableAdjuster {
 
 UsableColorTable makeUsable(const lum::ColorLookupTable& table) {
   ColorTable usable{colorsOf(table), table.getScalarRange(), table.getScaleMode() == lum::ScaleMode::LOG10};
-  std::string changes = TableAdjuster(usable, table.isRangeReported()).run();
+  std::string changes = TableAdjuster(usable, table.getUnknownEnds()).run();
   return {std::move(usable), std::move(changes)};
 }
 

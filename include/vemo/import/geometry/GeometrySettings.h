@@ -6,6 +6,7 @@
 #include <vemo/import/xml/Color.h>
 #include <vemo/scenegraph/attributes/PointScaleAttributes.h>
 
+#include <array>
 #include <memory>
 #include <string>
 
@@ -30,8 +31,8 @@ struct VEMO_IMPORT_EXPORT GeometrySettings {
   std::string pointScaleScalarName;
   int pointScaleMode = 0;
   /// Whether findings say that values of the two could not be read.
-  bool isScaleRangeReported = false;
-  bool areScaleSizesReported = false;
+  std::array<bool, 2> unknownScaleRange{};
+  std::array<bool, 2> unknownScaleSizes{};
   /// Anything but 0: sizes are in pixels, and not in model units.
   int pointScalePixelSize = 1;
   /// In pixels.

@@ -9,6 +9,7 @@
 
 #include <vtkSmartPointer.h>
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -65,7 +66,7 @@ class VEMO_IMPORT_EXPORT Colormap : public SceneItem {
   lum::SharedNumbers _colorValues;
   Vector<2, double> _range;
   bool _log10 = false;
-  bool _isRangeReported = false;
+  std::array<bool, 2> _areEndsUnknown{};
   lum::RampMode _ramp = lum::RampMode::LINEAR;
   std::string _title;
 };

@@ -7,13 +7,15 @@
 #include <vemo/import/xml/Color.h>
 
 #include <list>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace lum {
+class CameraAttributes;
 class SceneCanvas;
-}
+}  // namespace lum
 
 namespace vemo {
 
@@ -44,11 +46,16 @@ class VEMO_IMPORT_EXPORT Scene : public AssemblyItem {
 
     const Camera& getCamera() const { return _camera; }
 
-    /// Reports what of the view cannot be used for drawing.
-    void reportUnusable(ReadingContext* context) const;
+    /// Tells the camera which of its vectors have numbers that could not be read.
+    void noteUnknown(lum::CameraAttributes& camera) const;
+
+    /// Reports what of the view, which has become the camera, cannot be used for drawing.
+    void reportUnusable(const lum::CameraAttributes& camera, ReadingContext* context) const;
 
    private:
     Camera _camera;
+    /// By the names of the vectors.
+    std::map<std::string, bool> _isUnknown;
     ElementPlace _place;
   };
 

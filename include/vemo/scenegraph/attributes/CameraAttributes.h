@@ -2,6 +2,9 @@
 
 #include <vemo/scenegraph/attributes/Attributes.h>
 
+#include <optional>
+#include <utility>
+
 namespace lum {
 
 LUM_ENUM(ProjectionMode, (PERSPECTIVE, "perspective"), (PARALLEL, "parallel"))
@@ -21,6 +24,19 @@ class VEMO_SCENEGRAPH_EXPORT CameraAttributes final : public Attributes {
   /// Half the height of what is visible in parallel projection, in model units;
   /// empty until it is set.
   LUM_VALUE(std::optional<double>, ParallelScale, _parallelScale)
+
+ public:
+  /// Whether numbers of the position or the focal point, or of the view-up vector, could not be read, as
+  /// a finding says, and count as 0: what follows from that is then not another finding. Not stored, and
+  /// about the present values alone.
+  bool isViewUnknown() const { return _unknownView == std::pair(_position, _focalPoint); }
+  bool isViewUpUnknown() const { return _unknownViewUp == _viewUp; }
+  void setViewUnknown() { _unknownView = std::pair(_position, _focalPoint); }
+  void setViewUpUnknown() { _unknownViewUp = _viewUp; }
+
+ private:
+  std::optional<std::pair<Vector3, Vector3>> _unknownView;
+  std::optional<Vector3> _unknownViewUp;
 };
 
 }  // namespace lum

@@ -2,6 +2,8 @@
 
 #include <vemo/scenegraph/attributes/Attributes.h>
 
+#include <array>
+
 namespace lum {
 
 /// How the size of points follows a data array.
@@ -26,16 +28,16 @@ class VEMO_SCENEGRAPH_EXPORT PointScaleAttributes final : public Attributes {
   LUM_VALUE(Vector2, MapToRange, _mapToRange, {1.0, 1.0})
 
  public:
-  /// Whether a finding says that values of the range, or sizes, could not be read: what
-  /// drawing makes of them is then not another finding. Not stored.
-  bool isRangeReported() const { return _isRangeReported; }
-  void setRangeReported(bool isReported) { _isRangeReported = isReported; }
-  bool areSizesReported() const { return _areSizesReported; }
-  void setSizesReported(bool areReported) { _areSizesReported = areReported; }
+  /// Which ends of the range, or which sizes, could not be read, as a finding says, and count as 0:
+  /// what follows from that is then not another finding. Not stored.
+  const std::array<bool, 2>& getUnknownRange() const { return _unknownRange; }
+  void setUnknownRange(const std::array<bool, 2>& ends) { _unknownRange = ends; }
+  const std::array<bool, 2>& getUnknownSizes() const { return _unknownSizes; }
+  void setUnknownSizes(const std::array<bool, 2>& ends) { _unknownSizes = ends; }
 
  private:
-  bool _isRangeReported = false;
-  bool _areSizesReported = false;
+  std::array<bool, 2> _unknownRange{};
+  std::array<bool, 2> _unknownSizes{};
 };
 
 }  // namespace lum

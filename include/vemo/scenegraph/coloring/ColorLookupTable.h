@@ -2,6 +2,7 @@
 
 #include <vemo/scenegraph/Node.h>
 
+#include <array>
 #include <optional>
 
 namespace lum {
@@ -27,13 +28,19 @@ class VEMO_SCENEGRAPH_EXPORT ColorLookupTable final : public Node {
   LUM_ENUMERATION(RampMode, RampMode, _rampMode, RampMode::LINEAR)
 
  public:
-  /// Whether a finding says that an end of the range could not be read: what makes the
-  /// range usable is then not another finding. Not stored, and about the present range alone.
-  bool isRangeReported() const { return _reportedRange == _scalarRange; }
-  void setRangeReported() { _reportedRange = _scalarRange; }
+  /// Which ends of the range could not be read, as a finding says, and count as 0: what follows from
+  /// that is then not another finding. Not stored, and about the present range alone.
+  std::array<bool, 2> getUnknownEnds() const {
+    return _unknownEndsOf == _scalarRange ? _unknownEnds : std::array<bool, 2>{};
+  }
+  void setUnknownEnds(const std::array<bool, 2>& ends) {
+    _unknownEnds = ends;
+    _unknownEndsOf = _scalarRange;
+  }
 
  private:
-  std::optional<Vector2> _reportedRange;
+  std::array<bool, 2> _unknownEnds{};
+  std::optional<Vector2> _unknownEndsOf;
 };
 
 }  // namespace lum

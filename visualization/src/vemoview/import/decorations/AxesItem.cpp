@@ -87,7 +87,7 @@ void AxesItem::read(const QxElement& element, SceneFileReader* reader) {
   for (const auto& [key, member] :
        {std::pair("xaxis", &AxesItem::_xAxis), std::pair("yaxis", &AxesItem::_yAxis),
         std::pair("zaxis", &AxesItem::_zAxis)}) {
-    if (this->*member != unturned.*member && values.isOfNumbers(key)) {
+    if (this->*member != unturned.*member && !values.isUnknown(key)) {
       values.reportWithoutEffect(key);
     }
   }

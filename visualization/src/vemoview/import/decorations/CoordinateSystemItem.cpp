@@ -46,7 +46,10 @@ void CoordinateSystemItem::read(const QxElement& element, SceneFileReader* reade
 
 void CoordinateSystemItem::reportUnusable(const QxElement& element, SceneFileReader& reader) const {
   const ValueReader values(element, &reader, OnBadValue::FAIL);
-  if (!values.isOfNumbers("xaxis") || !values.isOfNumbers("yaxis") || !values.isOfNumbers("zaxis")) {
+  const bool isYUnknown = values.isUnknown("yaxis");
+  const bool isZUnknown = values.isUnknown("zaxis");
+  const bool isAnyZero = (!isYUnknown && getYAxis() == Vector3{}) || (!isZUnknown && getZAxis() == Vector3{});
+  if ((isYUnknown || isZUnknown) && !isAnyZero) {
     return;
   }
   const auto y = normalized(getYAxis());
@@ -54,7 +57,7 @@ void CoordinateSystemItem::reportUnusable(const QxElement& element, SceneFileRea
   const auto x = normalized(cross(y, z));
   // It follows from the others.
   const bool isXStated = getXAxis() != CoordinateSystemItem("").getXAxis();
-  if (isXStated && length(normalized(getXAxis()) - x) > UNNOTICEABLE) {
+  if (isXStated && !values.isUnknown("xaxis") && length(normalized(getXAxis()) - x) > UNNOTICEABLE) {
     values.reportWithoutEffect("xaxis");
   }
   if (length(x) == 0.0) {

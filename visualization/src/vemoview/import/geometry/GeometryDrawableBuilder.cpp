@@ -157,8 +157,8 @@ void GeometryDrawableBuilder::applyPointScale() {
   scale.setPixelSize(_settings.pointScalePixelSize != 0);
   scale.setScalarName(_settings.pointScaleScalarName);
   scale.setScalarRange(scaledValues());
-  scale.setRangeReported(_settings.isScaleRangeReported);
-  scale.setSizesReported(_settings.areScaleSizesReported);
+  scale.setUnknownRange(_settings.unknownScaleRange);
+  scale.setUnknownSizes(_settings.unknownScaleSizes);
   const auto* const sizes = _settings.pointScaleScalarMapTo.get();
   const double size = _settings.pointSize;
   if (scale.getScaleMode() != lum::PointScaleMode::CONSTANT && sizes == nullptr &&

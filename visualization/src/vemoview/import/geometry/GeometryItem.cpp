@@ -146,8 +146,8 @@ void GeometryItem::read(const QxElement& element, SceneFileReader* reader) {
 void GeometryItem::readImpl(const QxElement& element, SceneFileReader* reader) {
   GeometrySettings::KEYS.read(_settings, element, reader);
   const ValueReader values(element, reader, OnBadValue::FAIL);
-  _settings.isScaleRangeReported = !values.isOfNumbers("pointScaleScalarRange");
-  _settings.areScaleSizesReported = !values.isOfNumbers("pointScaleScalarMapTo");
+  _settings.unknownScaleRange = values.findUnknownEnds("pointScaleScalarRange");
+  _settings.unknownScaleSizes = values.findUnknownEnds("pointScaleScalarMapTo");
   reportSettingsOutOfRange(element, *reader);
   setLineWidth(_settings.lineWidth);
   const bool isWanted = reader->startPart(element);

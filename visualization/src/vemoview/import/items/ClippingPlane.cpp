@@ -19,7 +19,7 @@ ClippingPlane::~ClippingPlane() = default;
 void ClippingPlane::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement(*this, element, reader);
   if (_normal == Vector<3, double>{} && reader != nullptr &&
-      ValueReader(element, reader, OnBadValue::FAIL).isOfNumbers("normal")) {
+      !ValueReader(element, reader, OnBadValue::FAIL).isUnknown("normal")) {
     reader->report(FindingCode::VALUE_IGNORED, "The clipping plane has no normal: it has no effect");
   }
 }

@@ -54,7 +54,7 @@ void Colormap::read(const QxElement& element, SceneFileReader* reader) {
 void Colormap::readImpl(const QxElement& element, SceneFileReader* reader) {
   KEYS.read(*this, element, reader);
   const ValueReader values(element, reader, OnBadValue::FAIL);
-  _isRangeReported = !values.isOfNumbers("min") || !values.isOfNumbers("max");
+  _areEndsUnknown = {values.isUnknown("min"), values.isUnknown("max")};
   if (_title.size() > MAX_COPIED_TEXT) {
     _title = beginOf(_title, MAX_COPIED_TEXT);
     reader->report(FindingCode::TEXT_CHANGED,
@@ -82,9 +82,7 @@ void Colormap::fill(lum::ColorLookupTable& table) const {
   table.setNumColor(static_cast<std::int32_t>(_colors.size()));
   table.setColorSpace(lum::ColorSpace::RGBA);
   table.setScalarRange(_range);
-  if (_isRangeReported) {
-    table.setRangeReported();
-  }
+  table.setUnknownEnds(_areEndsUnknown);
   table.setScaleMode(_log10 ? lum::ScaleMode::LOG10 : lum::ScaleMode::LINEAR);
   table.setRampMode(_ramp);
 }

@@ -249,7 +249,7 @@ void report(ReadingContext* context, FindingCode code, const std::string& text) 
   }
 }
 
-void keepConsequence(ReadingContext* context, FindingCode code, const std::string& /*text*/) {
+void keepConsequence(ReadingContext* context, FindingCode code) {
   if (context != nullptr) {
     context->keepConsequence(code);
   }

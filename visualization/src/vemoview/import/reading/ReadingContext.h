@@ -237,6 +237,6 @@ inline std::size_t countFaults(const ReadingContext* context) {
 /// names no item.
 void report(ReadingContext* context, FindingCode code, const std::string& text);
 /// For what only follows from something else that is reported.
-void keepConsequence(ReadingContext* context, FindingCode code, const std::string& text);
+void keepConsequence(ReadingContext* context, FindingCode code);
 
 }  // namespace vemo

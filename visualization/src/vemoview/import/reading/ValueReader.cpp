@@ -35,6 +35,11 @@ int findWord(const std::string* words, const std::string& text) {
   return -1;
 }
 
+bool isUnknownNumber(const QxElement& element, const std::string& name) {
+  const QxElement::Attribute* const attribute = element.peekAttribute(name);
+  return attribute != nullptr && !statesNumber(attribute->getValue());
+}
+
 }  // namespace
 
 ValueReader::ValueReader(const QxElement& element, SceneFileReader* reader, OnBadValue onBadValue)
@@ -91,15 +96,20 @@ void ValueReader::reportWithoutEffect(const std::string& attribute) const {
          "The " + inQuotes(attribute) + " of " + inQuotes(_element.getName()) + " has no effect", attribute);
 }
 
-bool ValueReader::isOfNumbers(const std::string& name) const {
-  const auto isNumber = [](const QxElement::Attribute* attribute) {
-    return attribute == nullptr || NUMBER_FORM.matches(attribute->getValue());
-  };
+bool ValueReader::isUnknown(const std::string& name) const {
   const QxElement* const child = _element.findChild(name);
-  return isNumber(_element.peekAttribute(name)) &&
-         (child == nullptr || std::ranges::all_of(VECTOR_COMPONENTS, [&](const std::string& component) {
-            return isNumber(child->peekAttribute(component));
+  return isUnknownNumber(_element, name) ||
+         (child != nullptr && std::ranges::any_of(VECTOR_COMPONENTS, [&](const std::string& component) {
+            return isUnknownNumber(*child, component);
           }));
+}
+
+std::array<bool, 2> ValueReader::findUnknownEnds(const std::string& vector) const {
+  const QxElement* const child = _element.findChild(vector);
+  if (child == nullptr) {
+    return {};
+  }
+  return {isUnknownNumber(*child, VECTOR_COMPONENTS[0]), isUnknownNumber(*child, VECTOR_COMPONENTS[1])};
 }
 
 template <class T, class Get>

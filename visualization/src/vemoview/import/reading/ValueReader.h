@@ -6,6 +6,7 @@
 #include <vemo/import/xml/QxElement.h>
 #include <vemo/scenegraph/Finding.h>
 
+#include <array>
 #include <concepts>
 #include <memory>
 #include <optional>
@@ -34,9 +35,11 @@ class ValueReader {
   /// The same for the "z" of a vector, unless it is 0.
   void reportDepthWithoutEffect(const std::string& vector, double depth) const;
 
-  /// Whether what an attribute or vector states, if it is there, are numbers. If not,
-  /// reading it has reported that.
-  bool isOfNumbers(const std::string& name) const;
+  /// Whether nothing says which number is meant by an attribute, or by a component of a vector, such as
+  /// by "q": it counts as 0, and reading it has reported that. What follows from this 0 is no other fault.
+  bool isUnknown(const std::string& name) const;
+  /// The same of the x and the y of a vector that states two ends.
+  std::array<bool, 2> findUnknownEnds(const std::string& vector) const;
 
   const QxElement& getElement() const { return _element; }
   SceneFileReader* getReader() const { return _reader; }

@@ -183,6 +183,10 @@ void AssemblyItem::addToCollection(SharedBySiblings& shared, lum::DrawableCollec
 }
 
 void AssemblyItem::reportEmpty(const SharedBySiblings& shared) const {
+  if (_isPartlyLost || _lacksData) {
+    keepConsequence(shared.context, FindingCode::ASSEMBLY_EMPTY);
+    return;
+  }
   std::string lost;
   const auto add = [&lost](bool isThere, const char* what) {
     lost += isThere ? (lost.empty() ? ", with its " : ", ") + std::string(what) : "";
@@ -190,9 +194,8 @@ void AssemblyItem::reportEmpty(const SharedBySiblings& shared) const {
   add(!_colormaps.getAll().empty(), "colormaps");
   add(_legend != nullptr, "legend");
   add(_transform != nullptr, "transform");
-  (_isPartlyLost || _lacksData ? keepConsequence : report)(
-      shared.context, FindingCode::ASSEMBLY_EMPTY,
-      "The assembly \"" + getName() + "\" has no items and is left out" + lost);
+  report(shared.context, FindingCode::ASSEMBLY_EMPTY,
+         "The assembly \"" + getName() + "\" has no items and is left out" + lost);
 }
 
 void AssemblyItem::reportSharing(const SharedBySiblings& shared, lum::DrawableCollection& collection) const {
@@ -262,12 +265,16 @@ bool AssemblyItem::applyColormap(lum::Node& target) const {
 
 void AssemblyItem::reportUnusedColormaps(const SharedBySiblings& shared) const {
   for (const auto& [name, colormap] : _colormaps.getAll()) {
-    if (!shared.usedColormaps.contains(colormap.get())) {
-      const ReadingContext::ItemScope scope(shared.context, colormap->getPathName(), colormap->getPlace());
-      const bool mayLackData = _lacksData && colormap.get() == shared.colormap;
-      (mayLackData ? keepConsequence : report)(
-          shared.context, FindingCode::COLORMAP_UNUSED,
-          "The colormap \"" + name + "\" colours neither data nor a legend");
+    if (shared.usedColormaps.contains(colormap.get())) {
+      continue;
+    }
+    const ReadingContext::ItemScope scope(shared.context, colormap->getPathName(), colormap->getPlace());
+    const bool mayLackData = _lacksData && colormap.get() == shared.colormap;
+    if (mayLackData) {
+      keepConsequence(shared.context, FindingCode::COLORMAP_UNUSED);
+    } else {
+      report(shared.context, FindingCode::COLORMAP_UNUSED,
+             "The colormap \"" + name + "\" colours neither data nor a legend");
     }
   }
 }

@@ -22,6 +22,9 @@ namespace vemo {
 
 namespace {
 
+constexpr const char* POSITION = "position";
+constexpr const char* VIEW_UP = "up";
+constexpr const char* FOCAL_POINT = "focalPt";
 constexpr const char* PARALLEL_SCALE = "parallelScale";
 
 /// A new node of class T in the session of the collection.
@@ -38,9 +41,9 @@ const KeyTable<Scene> Scene::KEYS({
 });
 
 const KeyTable<Camera> Scene::View::KEYS({
-    key::ifPresent<&Camera::position>("position", "the position of the camera"),
-    key::ifPresent<&Camera::viewUp>("up", "the direction that is up in the picture"),
-    key::ifPresent<&Camera::focalPoint>("focalPt", "the point that the camera looks at"),
+    key::ifPresent<&Camera::position>(POSITION, "the position of the camera"),
+    key::ifPresent<&Camera::viewUp>(VIEW_UP, "the direction that is up in the picture"),
+    key::ifPresent<&Camera::focalPoint>(FOCAL_POINT, "the point that the camera looks at"),
     key::always<&Camera::perspective>("perspective", "perspective or parallel projection"),
     key::always<&Camera::parallelScale>(
         PARALLEL_SCALE, "half the height of the picture in model units, in parallel projection")
@@ -57,15 +60,34 @@ Scene::View::~View() = default;
 
 void Scene::View::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement(_camera, element, reader);
+  const ValueReader values(element, reader, OnBadValue::FAIL);
+  for (const char* const vector : {POSITION, FOCAL_POINT, VIEW_UP}) {
+    if (element.findChild(vector) != nullptr) {
+      _isUnknown[vector] = values.isUnknown(vector);
+    }
+  }
   if (_camera.perspective) {
     element.markUnused(PARALLEL_SCALE);
   }
   _place = element.getPlace();
 }
 
-void Scene::View::reportUnusable(ReadingContext* context) const {
+void Scene::View::noteUnknown(lum::CameraAttributes& camera) const {
+  const auto isUnknown = [this](const char* vector) {
+    const auto found = _isUnknown.find(vector);
+    return found != _isUnknown.end() && found->second;
+  };
+  if (isUnknown(POSITION) || isUnknown(FOCAL_POINT)) {
+    camera.setViewUnknown();
+  }
+  if (isUnknown(VIEW_UP)) {
+    camera.setViewUpUnknown();
+  }
+}
+
+void Scene::View::reportUnusable(const lum::CameraAttributes& camera, ReadingContext* context) const {
   const ReadingContext::ItemScope scope(context, "view", _place);
-  if (const auto fault = lum::describeDirectionFault(_camera.focalPoint - _camera.position, _camera.viewUp)) {
+  if (const auto fault = lum::describeDirectionFault(camera)) {
     report(context, FindingCode::VIEW_ADJUSTED, *fault);
   }
   if (_camera.perspective) {
@@ -155,7 +177,7 @@ void Scene::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& c
   convertCamera(canvas);
   if (_hasView) {
     // Not while reading: a later view or a scene graph in the archive may replace it.
-    _view.reportUnusable(shared.context);
+    _view.reportUnusable(canvas.getCameraAttributes(), shared.context);
   }
   processChildren(shared, collection, level, false);
   convertClipPlanes(canvas);
@@ -173,6 +195,7 @@ void Scene::convertCamera(lum::SceneCanvas& canvas) const {
   // A scale also distinguishes a stated view from an unset camera.
   if (_hasView) {
     camera.setParallelScale(view.parallelScale);
+    _view.noteUnknown(camera);
   }
 }
 

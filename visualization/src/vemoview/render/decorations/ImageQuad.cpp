@@ -61,7 +61,7 @@ void addToModel(const ImageDecoration& image, vtkPolyData* quad, CanvasResources
   }
   vtkNew<MeshActor> actor;
   actor->setLayer(MeshActor::Layer::IMAGES);
-  actor->setBehind(resources.widthOnFaces);
+  actor->setBehind(resources.widestLines);
   actor->SetMapper(mapper);
   actor->SetTexture(resources.textures.get(image));
   actor->GetProperty()->LightingOff();

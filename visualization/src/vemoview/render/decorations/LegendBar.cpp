@@ -305,6 +305,9 @@ class Legend {
     }
     std::ranges::for_each(_low, snap);
     std::ranges::for_each(_high, snap);
+    // The colours are seen in the lowest window, at the cost of the numbers.
+    _high[0] = std::max(_high[0], _low[0] + _pixel);
+    _low[1] = std::min(_low[1], _high[1] - _pixel);
   }
 
   /// A point of the bar, from 0 to 1 along it.

@@ -156,9 +156,9 @@ vtkProperty& addActors(const RenderMesh& mesh, CanvasResources& resources, PropG
     const auto actor = makeActor(mesh, transform);
     actor->setParts(parts);
     if (mesh.isEdges || mesh.appearance.kind == Appearance::Kind::LINES) {
-      actor->setIsOnFaces(mesh.appearance.lineWidth);
+      actor->setWidthOfLines(mesh.appearance.lineWidth);
     } else if (mesh.appearance.kind == Appearance::Kind::SURFACE) {
-      actor->setBehind(resources.widthOnFaces);
+      actor->setBehind(resources.widestLines);
     }
     actor->SetMapper(mapper);
     actor->SetProperty(property);

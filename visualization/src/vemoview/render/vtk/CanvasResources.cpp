@@ -36,7 +36,7 @@ CanvasResources makeResources(const ResolvedCanvas& canvas, vtkRenderer& rendere
   CanvasResources resources;
   resources.renderer = &renderer;
   resources.clipPlanes = makePlanes(canvas.clipPlanes);
-  resources.widthOnFaces = std::make_shared<const WidthOnFaces>(renderer);
+  resources.widestLines = std::make_shared<const WidestLines>(renderer);
   return resources;
 }
 

@@ -2,7 +2,7 @@
 
 #include "vemoview/render/vtk/LookupTables.h"
 #include "vemoview/render/vtk/Textures.h"
-#include "vemoview/render/vtk/WidthOnFaces.h"
+#include "vemoview/render/vtk/WidestLines.h"
 #include <vemo/render/Export.h>
 #include <vemo/resolve/ResolvedScene.h>
 
@@ -23,7 +23,7 @@ struct CanvasResources {
   Textures textures;
   /// Of triads; null until there is one.
   vtkSmartPointer<vtkPolyDataMapper> arrows;
-  std::shared_ptr<const WidthOnFaces> widthOnFaces;
+  std::shared_ptr<const WidestLines> widestLines;
 };
 
 /// A renderer for the canvas's part of the window.

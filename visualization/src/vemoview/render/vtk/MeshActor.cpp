@@ -36,9 +36,9 @@ double* MeshActor::GetBounds() {
   return Bounds;
 }
 
-double MeshActor::getWidthOnFaces() {
+double MeshActor::getRoomBehind() {
   constexpr double MOST = 2.0;
-  return _widthOnFaces > 0.0 ? GetProperty()->GetLineWidth() * std::min(1.0, MOST / _widthOnFaces) : 0.0;
+  return _widthOfLines > 0.0 ? GetProperty()->GetLineWidth() * std::min(1.0, MOST / _widthOfLines) : 0.0;
 }
 
 void MeshActor::Render(vtkRenderer* renderer, vtkMapper* mapper) {
@@ -64,6 +64,7 @@ void MeshActor::Render(vtkRenderer* renderer, vtkMapper* mapper) {
 }
 
 void MeshActor::setDepthRange(vtkCamera& camera) const {
+  // How far in front of faces it is, as a part of the distance of edges.
   const double share = static_cast<double>(_layer) / static_cast<double>(Layer::EDGES);
   // A few steps of a depth buffer for each layer.
   constexpr double LEAST = 4e-7;

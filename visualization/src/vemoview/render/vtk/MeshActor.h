@@ -1,7 +1,7 @@
 #pragma once
 
 #include "geometry/Box.h"
-#include "vemoview/render/vtk/WidthOnFaces.h"
+#include "vemoview/render/vtk/WidestLines.h"
 
 #include <vtkOpenGLActor.h>
 
@@ -24,16 +24,16 @@ class MeshActor : public vtkOpenGLActor {
   /// them from behind.
   void setMirrored(bool isMirrored) { _isMirrored = isMirrored; }
 
-  /// It is lines that may be on faces, such as the edges of a surface, of a width in pixels.
-  void setIsOnFaces(double width) { _widthOnFaces = width; }
+  /// It is lines, edges or a contour, of a width in pixels, which faces may be behind.
+  void setWidthOfLines(double width) { _widthOfLines = width; }
 
-  /// The width for which faces make room, in pixels of this picture. Behind edges that are any wider,
-  /// steep faces would be so far back that what they hide is seen through them.
-  double getWidthOnFaces();
+  /// The width for which faces behind it make room, in pixels of this picture. Behind edges that are any
+  /// wider, steep faces would be so far back that what they hide is seen through them.
+  double getRoomBehind();
 
-  /// It is faces, which are moved back behind lines on faces, the further the steeper they are seen:
+  /// It is faces, which are moved back behind lines, the further the steeper they are seen:
   /// a line is as wide on either side.
-  void setBehind(std::shared_ptr<const WidthOnFaces> lines) { _linesInFront = std::move(lines); }
+  void setBehind(std::shared_ptr<const WidestLines> lines) { _linesInFront = std::move(lines); }
 
   /// What is in front of others at the same depth: it is drawn a little nearer than it is. Edges and
   /// contours of surfaces are in front of lines, with which they would mix where both coincide.
@@ -56,9 +56,9 @@ class MeshActor : public vtkOpenGLActor {
   bool _isMirrored = false;
   Layer _layer = Layer::FACES;
   /// 0 for what makes no faces move.
-  double _widthOnFaces = 0.0;
+  double _widthOfLines = 0.0;
   /// Null for what stays where it is.
-  std::shared_ptr<const WidthOnFaces> _linesInFront;
+  std::shared_ptr<const WidestLines> _linesInFront;
 };
 
 }  // namespace vemo

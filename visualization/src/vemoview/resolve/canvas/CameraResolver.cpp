@@ -51,7 +51,7 @@ CanvasCamera resolveCamera(const lum::CameraAttributes* camera) {
                         usableViewUp(camera->getViewUp(), normalized(view))};
   }
   const NodeScope scope(*camera);
-  if (const auto fault = lum::describeDirectionFault(view, camera->getViewUp())) {
+  if (const auto fault = lum::describeDirectionFault(*camera)) {
     reportFinding(FindingCode::VIEW_ADJUSTED, *fault);
   }
   if (const auto scale = camera->getParallelScale(); result.isParallel && scale) {

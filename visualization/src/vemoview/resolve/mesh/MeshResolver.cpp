@@ -6,6 +6,7 @@
 #include "geometry/drawing/LitFaces.h"
 #include "geometry/drawing/PolygonFans.h"
 #include "geometry/drawing/PolygonFilling.h"
+#include "geometry/drawing/SpikyPolygons.h"
 #include "scenegraph/coloring/ColoringScalars.h"
 #include "vemoview/resolve/mesh/AppearanceResolver.h"
 #include "vemoview/resolve/mesh/ArrayLookup.h"
@@ -15,6 +16,7 @@
 #include <vemo/resolve/ClipPlane.h>
 #include <vemo/resolve/SceneTooLarge.h>
 #include <vemo/scenegraph/Findings.h>
+#include <vemo/scenegraph/inspect/NumberText.h>
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
@@ -232,16 +234,18 @@ class MeshBuilder {
 
   void unfold(MeshInstance& mesh) const {
     const std::vector<vtkIdType> folded = unfoldFans(mesh.geometry);
+    correctSpikyPolygons(mesh.geometry);
     const bool isByCell = _scalars && _scalars->location == ScalarLocation::CELLS;
     auto [filling, count] =
         fillPolygons(*mesh.geometry, folded, isByCell ? _scalars->arrayName.c_str() : nullptr);
     mesh.filling = filling;
     if (count > 0) {
-      const auto [noun, verb] = count == 1 ? std::pair("polygon", "is") : std::pair("polygons", "are");
       reportFinding(
           FindingCode::POLYGONS_FOLDED,
-          fmt::format("{} self-intersecting or bent concave {} of \"{}\" {} drawn with the wrong shape",
-                      count, noun, itemNameOf(_node), verb));
+          fmt::format("{} of \"{}\" {} drawn with the wrong shape: intersecting or touching itself, "
+                      "concave and not flat, or too intricate",
+                      lum::withNoun(std::to_string(count), "polygon"), itemNameOf(_node),
+                      count == 1 ? "is" : "are"));
       if (mesh.geometry->GetCellData()->GetNormals() != nullptr) {
         // Their triangles face both ways, or have no normal in common: each is lit with its own.
         mesh.geometry = withoutNormals(*mesh.geometry);

@@ -90,7 +90,7 @@ std::optional<Vector<2, double>> resolveRange(const lum::PointScaleAttributes& a
   if (!std::isfinite(range[1] - range[0]) || range[0] == range[1] || !hasLogarithms) {
     return std::nullopt;
   }
-  if (isAdjusted && !attributes.isRangeReported()) {
+  if (isAdjusted && !attributes.getUnknownRange()[0]) {
     reportFinding(
         FindingCode::POINT_SCALE_ADJUSTED,
         fmt::format("{} are scaled logarithmically from {} instead of {}", points, range[0], stated));
@@ -137,6 +137,14 @@ void setPointSize(Appearance& appearance, const lum::PointScaleAttributes& scale
   appearance.pointSize = appearance.isPointSizeInModelUnits ? size : usablePixels(size);
 }
 
+/// Whether the range would be unusable whatever its unknown ends were.
+bool isRangeAtFault(const lum::PointScaleAttributes& attributes) {
+  const auto& isUnknown = attributes.getUnknownRange();
+  const auto& range = attributes.getScalarRange();
+  const bool isLog = attributes.getScaleMode() == lum::PointScaleMode::LOG10;
+  return (!isUnknown[0] && !isUnknown[1]) || (isLog && !isUnknown[1] && range[1] <= 0.0);
+}
+
 /// What is not scaled only because of what reading has reported is not another finding.
 void reportNotScaled(const lum::PointScaleAttributes& attributes, const lum::PolyDataNode& node,
                      vtkDataArray* values, const std::string& points) {
@@ -151,7 +159,7 @@ void reportNotScaled(const lum::PointScaleAttributes& attributes, const lum::Pol
     }
   } else if (!isAnyFinite(*values)) {
     report("it has no finite values");
-  } else if (!attributes.isRangeReported()) {
+  } else if (isRangeAtFault(attributes)) {
     report("its range cannot be used");
   }
 }
@@ -162,7 +170,9 @@ void reportUnusableSizes(const lum::PointScaleAttributes& scale, const std::stri
     changes += (changes.empty() ? "" : ", ") + std::string(change);
   };
   const auto& sizes = scale.getMapToRange();
-  if (std::ranges::any_of(sizes, [](double size) { return !std::isfinite(size) || size <= 0.0; })) {
+  const auto& isUnknown = scale.getUnknownSizes();
+  const auto isUnusable = [](double size) { return !std::isfinite(size) || size <= 0.0; };
+  if ((!isUnknown[0] && isUnusable(sizes[0])) || (!isUnknown[1] && isUnusable(sizes[1]))) {
     add("sizes that are not above 0 are drawn as 1 pixel");
   }
   if (scale.getPixelSize() && std::ranges::any_of(sizes, [](double size) { return size > MAX_PIXELS; })) {
@@ -192,9 +202,7 @@ std::vector<MeshInstance> splitBySize(MeshInstance mesh, const lum::GeometryDraw
     reportNotScaled(*attributes, node, values, points);
     return {std::move(mesh)};
   }
-  if (!attributes->areSizesReported()) {
-    reportUnusableSizes(*attributes, points);
-  }
+  reportUnusableSizes(*attributes, points);
   const bool isLog = attributes->getScaleMode() == lum::PointScaleMode::LOG10;
   const auto sorted = sortVertices(*mesh.geometry->GetVerts(), *values, Scale(*range, isLog));
   std::vector<MeshInstance> meshes;

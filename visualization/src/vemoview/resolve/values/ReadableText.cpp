@@ -25,16 +25,20 @@ std::string_view inWindows1252(char32_t lateControl) {
   return CHARACTERS[lateControl - 0x80];
 }
 
+/// What no text is drawn for; tabs and ends of lines have a form of their own.
+bool isUndrawnControl(char32_t character) {
+  return (character < U' ' && character != U'\t' && !isLineBreak(character)) || character == 0x7F;
+}
+
 std::string_view drawnForm(char32_t character, std::string_view written) {
   if (isLateControl(character)) {
     const std::string_view meant = inWindows1252(character);
     return meant.empty() ? written : meant;
   }
-  const bool isControl = character < U' ' || character == 0x7F;
-  return character == U'\t'                    ? " "
-         : isLineBreak(character)              ? "\n"
-         : isControl || isInvisible(character) ? ""
-                                               : written;
+  return character == U'\t'                                      ? " "
+         : isLineBreak(character)                                ? "\n"
+         : isUndrawnControl(character) || isInvisible(character) ? ""
+                                                                 : written;
 }
 
 /// Embeddings, overrides and isolates from right to left.
@@ -49,6 +53,7 @@ std::string readableText(std::string_view text, std::size_t mostBytes, const std
   bool isUtf8 = true;
   bool isReversed = false;
   bool isWindows1252 = false;
+  bool hasUndrawn = false;
   while (!text.empty()) {
     if (text.starts_with("\r\n")) {
       text.remove_prefix(1);
@@ -63,6 +68,7 @@ std::string readableText(std::string_view text, std::size_t mostBytes, const std
     isUtf8 = isUtf8 && decoded;
     isReversed = isReversed || (decoded && isReversal(decoded->value));
     isWindows1252 = isWindows1252 || (decoded && isLateControl(decoded->value) && character != written);
+    hasUndrawn = hasUndrawn || (decoded && isUndrawnControl(decoded->value));
     result += character;
     text.remove_prefix(written.size());
   }
@@ -71,6 +77,9 @@ std::string readableText(std::string_view text, std::size_t mostBytes, const std
   }
   if (isWindows1252) {
     reportChange(owner, " has control characters: characters of Windows-1252 replace them");
+  }
+  if (hasUndrawn) {
+    reportChange(owner, " has control characters that are not drawn");
   }
   if (isReversed) {
     reportFinding(FindingCode::TEXT_NOT_SHAPED,

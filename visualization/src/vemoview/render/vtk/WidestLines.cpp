@@ -1,4 +1,4 @@
-#include "vemoview/render/vtk/WidthOnFaces.h"
+#include "vemoview/render/vtk/WidestLines.h"
 
 #include "vemoview/render/vtk/MeshActor.h"
 
@@ -10,17 +10,17 @@
 
 namespace vemo {
 
-WidthOnFaces::WidthOnFaces(vtkRenderer& renderer)
+WidestLines::WidestLines(vtkRenderer& renderer)
     : _renderer(&renderer),
-      _observer(renderer.AddObserver(vtkCommand::StartEvent, this, &WidthOnFaces::update)) {}
+      _observer(renderer.AddObserver(vtkCommand::StartEvent, this, &WidestLines::update)) {}
 
-WidthOnFaces::~WidthOnFaces() {
+WidestLines::~WidestLines() {
   if (_renderer != nullptr) {
     _renderer->RemoveObserver(_observer);
   }
 }
 
-void WidthOnFaces::update() {
+void WidestLines::update() {
   _pixels = 0.0;
   vtkPropCollection& props = *_renderer->GetViewProps();
   vtkCollectionSimpleIterator place = nullptr;
@@ -28,7 +28,7 @@ void WidthOnFaces::update() {
   while (vtkProp* const prop = props.GetNextProp(place)) {
     auto* const actor = dynamic_cast<MeshActor*>(prop);
     if (actor != nullptr && actor->GetVisibility() != 0) {
-      _pixels = std::max(_pixels, actor->getWidthOnFaces());
+      _pixels = std::max(_pixels, actor->getRoomBehind());
     }
   }
 }

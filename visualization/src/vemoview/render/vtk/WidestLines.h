@@ -8,12 +8,12 @@ namespace vemo {
 
 /// The width in pixels of the widest lines, edges and contours that a renderer shows, up to a few pixels:
 /// all its faces are moved back behind them alike, so that none comes in front of another.
-class WidthOnFaces {
+class WidestLines {
  public:
-  explicit WidthOnFaces(vtkRenderer& renderer);
-  ~WidthOnFaces();
-  WidthOnFaces(const WidthOnFaces&) = delete;
-  WidthOnFaces& operator=(const WidthOnFaces&) = delete;
+  explicit WidestLines(vtkRenderer& renderer);
+  ~WidestLines();
+  WidestLines(const WidestLines&) = delete;
+  WidestLines& operator=(const WidestLines&) = delete;
 
   /// 0 for no such lines.
   double get() const { return _pixels; }
