@@ -1,6 +1,7 @@
 #pragma once
 
 #include "geometry/Box.h"
+#include "vemoview/render/vtk/DrawQueue.h"
 #include "vemoview/render/vtk/WidthOnFaces.h"
 
 #include <vtkOpenGLActor.h>
@@ -35,6 +36,9 @@ class MeshActor : public vtkOpenGLActor {
   /// a line is as wide on either side.
   void setBehind(std::shared_ptr<const WidthOnFaces> lines) { _linesInFront = std::move(lines); }
 
+  /// What it passes to OpenGL counts there.
+  void setQueue(std::shared_ptr<DrawQueue> queue) { _queue = std::move(queue); }
+
   /// What is in front of others at the same depth: it is drawn a little nearer than it is.
   enum class Layer { FACES, IMAGES, LINES };
   void setLayer(Layer layer) { _layer = layer; }
@@ -58,6 +62,8 @@ class MeshActor : public vtkOpenGLActor {
   double _widthOnFaces = 0.0;
   /// Null for what stays where it is.
   std::shared_ptr<const WidthOnFaces> _linesInFront;
+  /// Null for what draws little.
+  std::shared_ptr<DrawQueue> _queue;
 };
 
 }  // namespace vemo
