@@ -6,7 +6,8 @@ namespace vemo {
 
 void DrawQueue::add(vtkIdType corners) {
   constexpr vtkIdType MOST_WAITING = 250'000;
-  _waiting += corners;
+  constexpr vtkIdType CORNERS_OF_A_CALL = 2'500;
+  _waiting += corners + CORNERS_OF_A_CALL;
   if (_waiting > MOST_WAITING) {
     glFinish();
     _waiting = 0;

@@ -4,11 +4,11 @@
 
 namespace vemo {
 
-/// Lets OpenGL draw what it was given before it gets more than some. Software keeps the triangles that
-/// it has not drawn yet, each in some hundred bytes, up to gigabytes of them.
+/// Lets OpenGL draw what it was given before it gets more than some. Software keeps what it has not
+/// drawn yet: some hundred bytes of each triangle, and 64 KiB of each call, up to gigabytes of both.
 class DrawQueue {
  public:
-  /// After so many corners of cells were passed to OpenGL, whose context is current.
+  /// After a call that passed so many corners of cells to OpenGL, whose context is current.
   void add(vtkIdType corners);
 
  private:
