@@ -1,5 +1,6 @@
 #include "vemoview/render/vtk/DrawQueue.h"
 
+#include <vtkObjectFactory.h>
 #include <vtk_glew.h>
 
 namespace vemo {
@@ -12,6 +13,18 @@ void DrawQueue::add(vtkIdType corners) {
     glFinish();
     _waiting = 0;
   }
+}
+
+vtkStandardNewMacro(DrawPause);
+
+int DrawPause::RenderOpaqueGeometry(vtkViewport*) {
+  glFinish();
+  return 0;
+}
+
+int DrawPause::RenderOverlay(vtkViewport*) {
+  glFinish();
+  return 0;
 }
 
 }  // namespace vemo

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <vtkProp.h>
 #include <vtkType.h>
 
 namespace vemo {
@@ -13,6 +14,16 @@ class DrawQueue {
 
  private:
   vtkIdType _waiting = 0;
+};
+
+/// Draws nothing, and lets OpenGL draw what props before it in a renderer have passed to it: those that
+/// count in no queue, such as texts.
+class DrawPause : public vtkProp {
+ public:
+  static DrawPause* New();
+
+  int RenderOpaqueGeometry(vtkViewport* viewport) override;
+  int RenderOverlay(vtkViewport* viewport) override;
 };
 
 }  // namespace vemo
