@@ -6,6 +6,7 @@
 #include <vemo/import/Exception.h>
 #include <vemo/import/SceneAudit.h>
 #include <vemo/render/MeasureText.h>
+#include <vemo/render/RequireDrawable.h>
 #include <vemo/resolve/SceneResolver.h>
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/canvas/SceneNode.h>
@@ -25,7 +26,7 @@ using FindingList = std::vector<Finding>;
 void checkDrawing(lum::SceneNode& scene, FindingList& findings) {
   const FindingCapture capture(findings);
   try {
-    static_cast<void>(SceneResolver(scene, {.measureText = measureText}).resolve());
+    requireDrawable(SceneResolver(scene, {.measureText = measureText}).resolve());
   } catch (const std::bad_alloc&) {
     throw;
   } catch (const std::exception& error) {

@@ -190,11 +190,11 @@ TEST_F(SceneFileReaderTest, BoundsTheBytesThatASmallArchiveHas) {
 
 TEST_F(SceneFileReaderTest, BoundsTheNormalsOfASmallArchive) {
   SceneFileReader reader = open(ArchiveBuilder().text("x", ""));
-  reader.countNormals(ReadingLimits::BYTES_OF_SMALL_ARCHIVE / 12);
+  reader.countNormals(ReadingLimits::COPIES_OF_SMALL_CONTENT / 12);
   for (const bool areOfPoints : {true, false}) {
     EXPECT_EQ(failureOf([&] { reader.getDecoded().getNormals(*makeRectangle(0, 1, 0, 1), areOfPoints); }),
-              "IOException: Normals cannot be computed: the scene asks for more data than an archive of this "
-              "size can hold.<br>Your file may be corrupt. | ::");
+              "IOException: Normals cannot be computed: so many items share data that the scene would take "
+              "memory out of proportion to its content. | ::");
   }
 }
 

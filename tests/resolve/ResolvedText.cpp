@@ -36,9 +36,9 @@ Json toJson(const Vector<N, double>& vector) {
 Json toJson(const ColorTable& table) {
   constexpr std::size_t MANY = 5;
   Json colors = Json::array();
-  const std::size_t count = table.rgba.size() / 4;
+  const std::size_t count = table.rgba.get().size() / 4;
   for (std::size_t i = 0; i < count; i += count < MANY ? 1 : count - 1) {
-    const std::uint8_t* const rgba = &table.rgba[4 * i];
+    const std::uint8_t* const rgba = &table.rgba.get()[4 * i];
     colors.push_back(fmt::format("{:02x}{:02x}{:02x}{:02x}", rgba[0], rgba[1], rgba[2], rgba[3]));
   }
   return {{"count", count}, {"colors", colors}, {"range", toJson(table.range)}, {"isLog10", table.isLog10}};

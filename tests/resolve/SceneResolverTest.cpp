@@ -1,14 +1,21 @@
 // What the texts of ResolutionTest do not show.
 
 #include "support/SceneBuilder.h"
+#include "vemoview/resolve/mesh/DrawingLoad.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/resolve/SceneResolver.h>
 #include <vemo/resolve/SceneTooLarge.h>
+#include <vemo/scenegraph/Findings.h>
 
+#include <vtkCellArray.h>
 #include <vtkCellData.h>
+#include <vtkNew.h>
 #include <vtkPointData.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <numeric>
 #include <tuple>
@@ -51,6 +58,168 @@ TEST(SceneResolverTest, CopiesOfPointsThatCannotBeDrawnOnlyThoseThatAreUsed) {
   EXPECT_EQ(meshes[0].geometry->GetCellData()->GetArray("id")->GetComponent(0, 0), 8);
 }
 
+/// An arrow-shaped polygon, which is turned before it is drawn, and one that crosses itself.
+vtkSmartPointer<vtkPolyData> makeAwkwardPolygons() {
+  return makePolyData(flat({0, 0, 1, 1, 0, 0.2F, -1, 1, 2, 0, 3, 1, 3, 0, 2, 1}),
+                      {.polys = {{1, 2, 3, 0}, {4, 5, 6, 7}}});
+}
+
+/// Each in an object of its own, as a database has them.
+vtkSmartPointer<vtkPolyData> withCellsOfItsOwn(vtkPolyData& geometry) {
+  auto result = vtkSmartPointer<vtkPolyData>::New();
+  result->ShallowCopy(&geometry);
+  vtkNew<vtkCellArray> polygons;
+  polygons->ShallowCopy(geometry.GetPolys());
+  result->SetPolys(polygons);
+  return result;
+}
+
+TEST(SceneResolverTest, PreparesOnceWhatGeometriesShare) {
+  SceneBuilder scene;
+  const auto geometry = makeAwkwardPolygons();
+  const auto other = makeAwkwardPolygons();
+  scene.addSurface(geometry, {1, 0, 0});
+  scene.addSurface(withCellsOfItsOwn(*geometry), {0, 1, 0});
+  scene.addSurface(other, {0, 0, 1});
+  std::vector<Finding> findings;
+  const FindingCapture capture(findings);
+  const auto meshes = resolveScene(scene.node()).canvases.at(0).meshes;
+  ASSERT_EQ(meshes.size(), 3U);
+  ASSERT_NE(meshes[0].geometry->GetPolys()->GetConnectivityArray(),
+            geometry->GetPolys()->GetConnectivityArray())
+      << "the arrow is turned";
+  EXPECT_EQ(meshes[1].geometry, meshes[0].geometry);
+  EXPECT_EQ(meshes[1].filling, meshes[0].filling);
+  EXPECT_NE(meshes[2].geometry, meshes[0].geometry);
+  EXPECT_EQ(std::ranges::count(findings, FindingCode::POLYGONS_FOLDED, &Finding::code), 3)
+      << "each is a finding of its own";
+}
+
+TEST(SceneResolverTest, SharesOnlyWhatHasTheSameArrays) {
+  SceneBuilder scene;
+  const auto geometry = makeAwkwardPolygons();
+  const auto withData = withCellsOfItsOwn(*geometry);
+  withData->GetCellData()->AddArray(makeArray("s", {0, 1}));
+  scene.addSurface(geometry, {1, 0, 0});
+  auto& colored = scene.addSurface(withData, {1, 0, 0});
+  colorByArray(colored, "s", lum::DataLocation::CELLS, {1, 0, 0, 1, 0, 0, 1, 1});
+  auto& wire = scene.addSurface(geometry, {1, 0, 0});
+  wire.getAttributes<lum::SurfaceAttributes>().setShaded(false);
+  wire.getAttributes<lum::MeshAttributes>().setMeshVisible(true, false);
+  const auto meshes = resolveScene(scene.node()).canvases.at(0).meshes;
+  ASSERT_EQ(meshes.size(), 3U);
+  EXPECT_NE(meshes[1].geometry, meshes[0].geometry);
+  ASSERT_NE(meshes[1].filling->GetCellData()->GetArray("s"), nullptr);
+  EXPECT_EQ(meshes[2].geometry->GetPolys(), geometry->GetPolys()) << "edges are those of the file";
+}
+
+/// Points that are sorted into two sizes.
+void addScaled(SceneBuilder& scene, vtkPolyData* points, double end) {
+  auto& scale = scene.add<lum::PointSphereDrawable>(points).getAttributes<lum::PointScaleAttributes>();
+  scale.setScaleMode(lum::PointScaleMode::LINEAR);
+  scale.setScalarName("s");
+  scale.setScalarRange({0.0, end});
+  scale.setMapToRange({2.0, 8.0});
+}
+
+TEST(SceneResolverTest, SortsPointsThatGeometriesShareOnce) {
+  SceneBuilder scene;
+  const auto points = makePolyData(flat({0, 0, 1, 0, 0, 1}), {});
+  points->GetPointData()->AddArray(makeArray("s", {0, 1, 1}));
+  addScaled(scene, points, 1);
+  addScaled(scene, points, 1);
+  addScaled(scene, points, 2);
+  const auto meshes = resolveScene(scene.node()).canvases.at(0).meshes;
+  ASSERT_EQ(meshes.size(), 6U);
+  EXPECT_EQ(meshes[2].geometry, meshes[0].geometry);
+  EXPECT_EQ(meshes[3].geometry, meshes[1].geometry);
+  EXPECT_NE(meshes[4].geometry, meshes[0].geometry);
+}
+
+/// A bolt, or an atom, of some points.
+vtkSmartPointer<vtkPolyData> makePart(int points) {
+  std::vector<std::array<float, 3>> places;
+  std::vector<std::vector<vtkIdType>> triangles;
+  for (int i = 0; i < points; ++i) {
+    const auto x = static_cast<float>(i);
+    places.push_back({std::cos(x), std::sin(x), 0.01F * x});
+    triangles.push_back({i, (i + 1) % points, (i + 2) % points});
+    triangles.push_back({i, (i + 2) % points, (i + 3) % points});
+  }
+  return makePolyData(places, {.polys = triangles});
+}
+
+TEST(SceneResolverTest, DrawsAPartAThousandTimes) {
+  SceneBuilder scene;
+  const auto bolt = makePart(2000);
+  for (int i = 0; i < 1000; ++i) {
+    auto& place = scene.collectionIn(scene.drawables());
+    setTransform<lum::SimpleTransform>(place).setTranslation({3.0 * i, 0, 0});
+    scene.addSurface(bolt, {1, 0, 0}, place);
+  }
+  const auto meshes = resolveScene(scene.node()).canvases.at(0).meshes;
+  ASSERT_EQ(meshes.size(), 1000U);
+  EXPECT_TRUE(std::ranges::all_of(
+      meshes, [&](const MeshInstance& mesh) { return mesh.geometry == meshes[0].geometry; }));
+}
+
+/// It is refused before anything is prepared: what is too large has no other finding.
+TEST(SceneResolverTest, LimitsWhatIsDrawnInProportionToTheScene) {
+  SceneBuilder scene;
+  auto geometry = makePart(100'000);
+  const auto elements = geometry->GetNumberOfPoints() + 4 * geometry->GetNumberOfCells();
+  const auto most = (DrawingLimits::DRAWN + DrawingLimits::DRAWN_PER_ELEMENT * elements) / elements;
+  for (vtkIdType i = 0; i <= most; ++i) {
+    scene.addSurface(geometry, {1, 0, 0});
+  }
+  scene.addSurface(makeAwkwardPolygons(), {1, 0, 0});
+  std::vector<Finding> findings;
+  const FindingCapture capture(findings);
+  try {
+    resolveScene(scene.node());
+    FAIL() << "it is drawn";
+  } catch (const SceneTooLarge& error) {
+    EXPECT_THAT(error.what(), testing::HasSubstr("most of them of \"collection 0\""));
+  }
+  EXPECT_TRUE(findings.empty());
+}
+
+TEST(SceneResolverTest, LimitsWhatIsCopiedInProportionToTheScene) {
+  constexpr vtkIdType POINTS = 100'000;
+  SceneBuilder scene;
+  const auto points = makePolyData(std::vector<std::array<float, 3>>(POINTS), {});
+  std::vector<float> values(POINTS);
+  values[0] = 1;
+  points->GetPointData()->AddArray(makeArray("s", values));
+  const auto elements = 2 * POINTS;
+  // Vertices for all points, for those of each size, and a copy of the one that is alone.
+  const auto most = (DrawingLimits::MADE + DrawingLimits::MADE_PER_ELEMENT * elements) / elements - 2;
+  for (vtkIdType i = 0; i < most; ++i) {
+    addScaled(scene, points, static_cast<double>(i + 1));
+  }
+  EXPECT_NO_THROW(resolveScene(scene.node()));
+  addScaled(scene, points, 0.5);
+  EXPECT_THROW(resolveScene(scene.node()), SceneTooLarge);
+}
+
+/// Shared points need not be drawn by those that use few of them.
+TEST(SceneResolverTest, KeepsFewOfManySharedPoints) {
+  SceneBuilder scene;
+  auto first = makePart(2000);
+  auto second = vtkSmartPointer<vtkPolyData>::New();
+  second->SetPoints(first->GetPoints());
+  vtkNew<vtkCellArray> triangle;
+  triangle->InsertNextCell({1998, 1999, 0});
+  second->SetPolys(triangle);
+  scene.addSurface(first, {1, 0, 0});
+  scene.addSurface(second, {1, 0, 0});
+  const auto meshes = resolveScene(scene.node()).canvases.at(0).meshes;
+  ASSERT_EQ(meshes.size(), 2U);
+  EXPECT_EQ(meshes[0].geometry->GetPoints()->GetData(), first->GetPoints()->GetData());
+  ASSERT_EQ(meshes[1].geometry->GetNumberOfPoints(), 3);
+  EXPECT_EQ(meshes[1].pointNumbers->GetId(1), 1999);
+}
+
 TEST(SceneResolverTest, ResolvesOnlyWhatBecomesVisible) {
   SceneBuilder scene;
   auto& first = scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 0, 0});
@@ -91,10 +260,8 @@ TEST(SceneResolverTest, LimitsNestedRepeats) {
 TEST(SceneResolverTest, LimitsThePointsOfAllInstances) {
   SceneBuilder scene;
   const auto points = makePolyData(std::vector<std::array<float, 3>>(6000), {});
-  for (int i = 0; i < 3; ++i) {
-    repeat(scene.add<lum::PointSphereDrawable>(points), {1e-5, 0, 0}, 10000);
-  }
-  EXPECT_EQ(resolveScene(scene.node()).canvases.at(0).meshes.size(), 3U);
+  repeat(scene.add<lum::PointSphereDrawable>(points), {1e-5, 0, 0}, 10000);
+  EXPECT_EQ(resolveScene(scene.node()).canvases.at(0).meshes.size(), 1U);
   repeat(scene.add<lum::PointSphereDrawable>(points), {1e-5, 0, 0}, 10000);
   EXPECT_THROW(resolveScene(scene.node()), SceneTooLarge);
 }
@@ -109,10 +276,9 @@ TEST(SceneResolverTest, LimitsTheTrianglesThatFillPolygonsOfAllInstances) {
   std::vector<vtkIdType> corners(1000);
   std::iota(corners.begin(), corners.end(), 0);
   const auto polygon = makePolyData(flat(comb), {.polys = {corners}});
-  for (int i = 0; i < 3; ++i) {
-    repeat(scene.add<lum::SurfaceDrawable>(polygon), {1e-5, 0, 0}, 10000);
-  }
-  EXPECT_EQ(resolveScene(scene.node()).canvases.at(0).meshes.size(), 3U);
+  repeat(scene.add<lum::SurfaceDrawable>(polygon), {1e-5, 0, 0}, 10000);
+  EXPECT_EQ(resolveScene(scene.node()).canvases.at(0).meshes.size(), 1U);
+  // Without the triangles, both would be drawn.
   repeat(scene.add<lum::SurfaceDrawable>(polygon), {1e-5, 0, 0}, 10000);
   EXPECT_THROW(resolveScene(scene.node()), SceneTooLarge);
 }

@@ -110,6 +110,21 @@ bool isAllDrawable(vtkPolyData& geometry, CellKinds kinds, const PointMarks& mar
          });
 }
 
+/// @param numbers gets those of the cells that are kept
+void keepDrawable(vtkCellArray& cells, const CellKindTraits& kind, const PointMarks& marks, vtkPolyData& copy,
+                  vtkIdList& numbers, vtkIdType firstNumber) {
+  if (marks.empty() && areLongEnough(cells, kind.leastPoints)) {
+    kind.set(copy, &cells);
+    for (vtkIdType i = 0; i < cells.GetNumberOfCells(); ++i) {
+      numbers.InsertNextId(firstNumber + i);
+    }
+    return;
+  }
+  vtkNew<vtkCellArray> kept;
+  CellCopier(kind, marks, *kept, numbers).copy(cells, firstNumber);
+  kind.set(copy, kept);
+}
+
 vtkSmartPointer<vtkPolyData> copyCells(vtkPolyData& geometry, CellKinds kinds, const PointMarks& marks) {
   const auto copy = copyWithoutCells(geometry, marks);
   vtkNew<vtkIdList> numbers;
@@ -117,9 +132,7 @@ vtkSmartPointer<vtkPolyData> copyCells(vtkPolyData& geometry, CellKinds kinds, c
   for (const CellKindTraits& kind : CELL_KINDS) {
     vtkCellArray& cells = *kind.get(geometry);
     if (kinds.contains(kind.kind)) {
-      vtkNew<vtkCellArray> kept;
-      CellCopier(kind, marks, *kept, *numbers).copy(cells, firstNumber);
-      kind.set(*copy, kept);
+      keepDrawable(cells, kind, marks, *copy, *numbers, firstNumber);
     }
     firstNumber += cells.GetNumberOfCells();
   }

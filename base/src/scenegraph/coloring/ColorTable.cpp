@@ -24,13 +24,24 @@ std::uint8_t toByte(double value) {
                               : 0;
 }
 
-std::vector<std::uint8_t> colorsOf(const lum::ColorLookupTable& table) {
-  const std::vector<double>& values = table.getColorValues().get();
+std::ptrdiff_t colorCount(const lum::ColorLookupTable& table) {
   const auto declared = static_cast<std::size_t>(std::max(table.getNumColor(), 0));
-  const auto count = static_cast<std::ptrdiff_t>(std::min(declared, values.size() / CHANNELS));
-  std::vector<std::uint8_t> colors;
-  std::transform(values.begin(), values.begin() + count * CHANNELS, std::back_inserter(colors), toByte);
-  return colors;
+  return static_cast<std::ptrdiff_t>(std::min(declared, table.getColorValues().get().size() / CHANNELS));
+}
+
+std::vector<std::uint8_t> toBytes(const std::vector<double>& values, std::ptrdiff_t colors) {
+  std::vector<std::uint8_t> bytes;
+  bytes.reserve(static_cast<std::size_t>(colors * CHANNELS));
+  std::transform(values.begin(), values.begin() + colors * CHANNELS, std::back_inserter(bytes), toByte);
+  return bytes;
+}
+
+std::vector<std::uint8_t> reversedColors(std::vector<std::uint8_t> rgba) {
+  std::ranges::reverse(rgba);
+  for (auto color = rgba.begin(); color != rgba.end(); color += CHANNELS) {
+    std::reverse(color, color + CHANNELS);
+  }
+  return rgba;
 }
 
 /// The hues of a rainbow, the low end blue.
@@ -44,8 +55,8 @@ std::vector<std::uint8_t> makeDefaultColors() {
   return {first, first + table->GetTable()->GetNumberOfValues()};
 }
 
-const std::vector<std::uint8_t>& defaultColors() {
-  static const std::vector<std::uint8_t> colors = makeDefaultColors();
+const SharedColors& defaultColors() {
+  static const SharedColors colors = makeDefaultColors();
   return colors;
 }
 
@@ -69,6 +80,9 @@ class TableAdjuster {
     return _changes;
   }
 
+  /// Whether the colours are to be reversed.
+  bool isReversed() const { return _isReversed; }
+
  private:
   double& low() { return _table.range[0]; }
   double& high() { return _table.range[1]; }
@@ -82,7 +96,7 @@ class TableAdjuster {
   }
 
   void adjustColors() {
-    if (_table.rgba.empty()) {
+    if (_table.rgba.get().empty()) {
       _table.rgba = defaultColors();
       note("has no colours and gets a ramp from blue over green to red");
     }
@@ -94,16 +108,8 @@ class TableAdjuster {
       note("has no finite range and gets the range from 0 to 1");
     } else if (low() > high()) {
       std::swap(low(), high());
-      reverseColors();
+      _isReversed = true;
       noteIf(_isRangeKnown, "starts at its greater value and is reversed with its colours");
-    }
-  }
-
-  void reverseColors() {
-    auto& rgba = _table.rgba;
-    std::ranges::reverse(rgba);
-    for (auto color = rgba.begin(); color != rgba.end(); color += CHANNELS) {
-      std::reverse(color, color + CHANNELS);
     }
   }
 
@@ -128,15 +134,41 @@ class TableAdjuster {
   bool _isRangeKnown;
   /// By a known end of the range.
   bool _cannotBeLogarithmic;
+  bool _isReversed = false;
   std::string _changes;
 };
 
 }  // namespace
 
 UsableColorTable makeUsable(const lum::ColorLookupTable& table) {
+  return UsableColorTables().make(table);
+}
+
+UsableColorTable UsableColorTables::make(const lum::ColorLookupTable& table) {
   ColorTable usable{colorsOf(table), table.getScalarRange(), table.getScaleMode() == lum::ScaleMode::LOG10};
-  std::string changes = TableAdjuster(usable, table.getUnknownEnds()).run();
+  TableAdjuster adjuster(usable, table.getUnknownEnds());
+  std::string changes = adjuster.run();
+  if (adjuster.isReversed()) {
+    usable.rgba = reversed(usable.rgba);
+  }
   return {std::move(usable), std::move(changes)};
+}
+
+SharedColors UsableColorTables::colorsOf(const lum::ColorLookupTable& table) {
+  const lum::SharedNumbers& list = table.getColorValues();
+  const auto [known, isNew] = _converted.try_emplace({&list.get(), colorCount(table)});
+  if (isNew) {
+    known->second = {list, toBytes(list, colorCount(table))};
+  }
+  return known->second.colors;
+}
+
+SharedColors UsableColorTables::reversed(const SharedColors& colors) {
+  const auto [known, isNew] = _reversed.try_emplace(&colors.get());
+  if (isNew) {
+    known->second = {colors, reversedColors(colors)};
+  }
+  return known->second.colors;
 }
 
 }  // namespace vemo

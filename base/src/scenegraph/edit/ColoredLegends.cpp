@@ -18,9 +18,10 @@ using Legends = std::vector<LegendDrawable*>;
 Legends legendsOf(SceneNode& scene, const std::set<vemo::ColorTable>& tables,
                   const std::set<vemo::ColorTable>& kept) {
   Legends legends;
+  vemo::UsableColorTables usable;
   forEachNodeOf<LegendDrawable>(scene, [&](LegendDrawable& legend) {
     if (legend.hasColorLookupTable() != nullptr) {
-      const vemo::ColorTable table = vemo::makeUsable(*legend.hasColorLookupTable()).table;
+      const vemo::ColorTable table = usable.make(*legend.hasColorLookupTable()).table;
       if (tables.contains(table) && !kept.contains(table)) {
         legends.push_back(&legend);
       }

@@ -147,7 +147,8 @@ Colors rainbow() {
       new ColorLookupTable(ClassNameNodeInitializer(ColorLookupTable::getClassName())));
   constexpr double MOST = 255.0;
   std::vector<double> values;
-  for (const std::uint8_t channel : vemo::makeUsable(*none).table.rgba) {
+  const vemo::SharedColors colors = vemo::makeUsable(*none).table.rgba;
+  for (const std::uint8_t channel : colors.get()) {
     values.push_back(channel / MOST);
   }
   const auto count = static_cast<std::int32_t>(values.size() / 4);
@@ -214,12 +215,13 @@ FormerColors formerColors(SceneNode& scene, const std::vector<Use>& uses, const 
     changed.insert(use.drawable);
   }
   FormerColors former;
+  vemo::UsableColorTables usable;
   forEachNodeOf<GeometryDrawable>(scene, [&](const GeometryDrawable& drawable) {
     if (const ColorLookupTable* const table = tableOf(drawable)) {
       auto& tables = !changed.contains(&drawable)     ? former.kept
                      : arrayNameOf(drawable) == array ? former.ofArray
                                                       : former.ofOthers;
-      tables.insert(vemo::makeUsable(*table).table);
+      tables.insert(usable.make(*table).table);
     }
   });
   return former;

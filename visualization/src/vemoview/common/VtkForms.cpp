@@ -2,7 +2,6 @@
 
 #include <vtkLogLookupTable.h>
 #include <vtkLookupTable.h>
-#include <vtkNew.h>
 #include <vtkPlane.h>
 #include <vtkUnsignedCharArray.h>
 
@@ -23,24 +22,41 @@ Vector<2, double> widened(const Vector<2, double>& range) {
   return {range[0] - margin, range[0] + margin};
 }
 
-}  // namespace
-
-vtkSmartPointer<vtkLookupTable> makeVtkLookupTable(std::span<const std::uint8_t> rgba,
-                                                   const Vector<2, double>& range, bool isLog10) {
-  vtkNew<vtkUnsignedCharArray> colors;
-  colors->SetNumberOfComponents(static_cast<int>(RGBA_CHANNELS));
-  colors->SetNumberOfTuples(static_cast<vtkIdType>(rgba.size() / RGBA_CHANNELS));
-  std::ranges::copy(rgba.first(static_cast<std::size_t>(colors->GetNumberOfValues())), colors->GetPointer(0));
+vtkSmartPointer<vtkLookupTable> makeTable(vtkUnsignedCharArray& colors, vtkIdType count,
+                                          const Vector<2, double>& range, bool isLog10) {
   auto table = isLog10 ? vtkSmartPointer<vtkLookupTable>(vtkSmartPointer<vtkLogLookupTable>::New())
                        : vtkSmartPointer<vtkLookupTable>::New();
   table->SetRange(range.data());
-  table->SetTable(colors);
-  table->SetNumberOfTableValues(colors->GetNumberOfTuples());
+  table->SetTable(&colors);
+  table->SetNumberOfTableValues(count);
   return table;
 }
 
+vtkIdType countColors(std::span<const std::uint8_t> rgba) {
+  return static_cast<vtkIdType>(rgba.size() / RGBA_CHANNELS);
+}
+
+}  // namespace
+
+vtkSmartPointer<vtkUnsignedCharArray> makeVtkColors(std::span<const std::uint8_t> rgba) {
+  auto colors = vtkSmartPointer<vtkUnsignedCharArray>::New();
+  colors->SetNumberOfComponents(static_cast<int>(RGBA_CHANNELS));
+  colors->SetNumberOfTuples(countColors(rgba));
+  std::ranges::copy(rgba.first(static_cast<std::size_t>(colors->GetNumberOfValues())), colors->GetPointer(0));
+  return colors;
+}
+
+vtkSmartPointer<vtkLookupTable> makeVtkLookupTable(std::span<const std::uint8_t> rgba,
+                                                   const Vector<2, double>& range, bool isLog10) {
+  return makeTable(*makeVtkColors(rgba), countColors(rgba), range, isLog10);
+}
+
+vtkSmartPointer<vtkLookupTable> makeVtkLookupTable(const ColorTable& table, vtkUnsignedCharArray& colors) {
+  return makeTable(colors, countColors(table.rgba.get()), widened(table.range), table.isLog10);
+}
+
 vtkSmartPointer<vtkLookupTable> makeVtkLookupTable(const ColorTable& table) {
-  return makeVtkLookupTable(table.rgba, widened(table.range), table.isLog10);
+  return makeVtkLookupTable(table, *makeVtkColors(table.rgba.get()));
 }
 
 void setVtkPlane(vtkPlane& plane, const Vector3& origin, const Vector3& normal) {

@@ -12,6 +12,7 @@
 
 class vtkLookupTable;
 class vtkPlane;
+class vtkUnsignedCharArray;
 
 namespace vemo {
 
@@ -23,6 +24,14 @@ inline constexpr std::size_t RGBA_CHANNELS = 4;
 VEMO_COMMON_EXPORT vtkSmartPointer<vtkLookupTable> makeVtkLookupTable(std::span<const std::uint8_t> rgba,
                                                                       const Vector<2, double>& range,
                                                                       bool isLog10);
+
+/// Colours, four bytes each, for any number of lookup tables.
+VEMO_COMMON_EXPORT vtkSmartPointer<vtkUnsignedCharArray> makeVtkColors(std::span<const std::uint8_t> rgba);
+
+/// The same colours for the same values as the table, whose own they are. Shares them with other
+/// tables, which nobody may change then.
+VEMO_COMMON_EXPORT vtkSmartPointer<vtkLookupTable> makeVtkLookupTable(const ColorTable& table,
+                                                                      vtkUnsignedCharArray& colors);
 
 /// The same colours for the same values as the table; a range of one value is
 /// widened by more than the rounding of a float, since VTK gives it no middle.

@@ -82,8 +82,9 @@ SceneRenderer::State::State(const lum::SceneNode& scene, ViewChange view)
   for (ResolvedCanvas& canvas : resolved.canvases) {
     addLayer(std::move(canvas));
   }
+  PropBudget budget;
   for (const auto& layer : layers) {
-    layer->fill(cameras);
+    layer->fill(cameras, budget);
   }
 }
 

@@ -18,9 +18,19 @@ namespace {
                       entryName);
 }
 
+std::uint64_t contentSizeOf(const ZipFileReader& archive) {
+  std::uint64_t size = 0;
+  for (int i = 0; i < archive.getEntryCount(); ++i) {
+    const std::string name = archive.getEntryName(i);
+    size += archive.isSizePossible(name) ? static_cast<std::uint64_t>(archive.getSize(name)) : 0;
+  }
+  return size;
+}
+
 }  // namespace
 
-ArchiveReader::ArchiveReader(ZipFileReader archive) : _archive(std::move(archive)) {}
+ArchiveReader::ArchiveReader(ZipFileReader archive)
+    : _archive(std::move(archive)), _contentSize(contentSizeOf(_archive)) {}
 
 Array_t<unsigned char> ArchiveReader::loadEntry(const std::string& entryName,
                                                 const ZipFileReader::Convert& convert) {
@@ -29,11 +39,13 @@ Array_t<unsigned char> ArchiveReader::loadEntry(const std::string& entryName,
     failAt<IOException>("Requested non-existent entry '" + entryName + "'.<br>Your file may be corrupt.",
                         entryName);
   }
-  ZipFileReader::ContentFlaws& flaws = _used[entryName];
+  const auto [used, isFirstUse] = _used.try_emplace(entryName);
+  ZipFileReader::ContentFlaws& flaws = used->second;
   if (!_archive.isSizePossible(entryName)) {
     failIncomplete(entryName);
   }
   _bytesRead += static_cast<std::uint64_t>(size);
+  _bytesReadAgain += isFirstUse ? 0 : static_cast<std::uint64_t>(size);
   requireData("Entry '" + entryName + "' cannot be read", entryName);
   // Not set to zero beforehand: the archive does so with what it does not fill.
   auto block = std::make_unique_for_overwrite<unsigned char[]>(static_cast<std::size_t>(size));
@@ -80,6 +92,12 @@ void ArchiveReader::requireData(const std::string& what, const std::string& entr
     failAt<IOException>(what +
                             ": the scene asks for more data than an archive of this size can hold.<br>Your "
                             "file may be corrupt.",
+                        entryName);
+  }
+  if (_bytesReadAgain + _normalBytes > getLimits().copies) {
+    failAt<IOException>(what +
+                            ": so many items share data that the scene would take memory out of "
+                            "proportion to its content.",
                         entryName);
   }
 }

@@ -21,7 +21,7 @@ class ArchiveReader {
   virtual ~ArchiveReader() = default;
 
   const ZipFileReader& getArchive() const { return _archive; }
-  ReadingLimits getLimits() const { return ReadingLimits::ofArchive(_archive.getFileSize()); }
+  ReadingLimits getLimits() const { return ReadingLimits::ofArchive(_archive.getFileSize(), _contentSize); }
 
   /// The whole content of an entry; the caller owns the block. Throws
   /// IOException when the entry is missing or cannot be read, or when more is
@@ -45,7 +45,7 @@ class ArchiveReader {
   void reportContent(const std::string& entryName);
 
   /// Before so many normals are computed: throws IOException when they, and what was read, are
-  /// more than the archive can hold.
+  /// more than the archive can hold, or out of proportion to its content.
   void countNormals(std::int64_t count);
 
   /// In all.
@@ -66,7 +66,11 @@ class ArchiveReader {
   void requireData(const std::string& what, const std::string& entryName) const;
 
   ZipFileReader _archive;
+  /// Of all entries, as far as their sizes are possible.
+  std::uint64_t _contentSize;
   std::uint64_t _bytesRead = 0;
+  /// Of these, what was read before.
+  std::uint64_t _bytesReadAgain = 0;
   std::uint64_t _normalBytes = 0;
   /// Those asked for.
   std::map<std::string, ZipFileReader::ContentFlaws> _used;

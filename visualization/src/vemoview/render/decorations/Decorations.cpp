@@ -4,9 +4,12 @@
 #include "vemoview/render/decorations/LegendBar.h"
 #include "vemoview/render/decorations/TextAnnotation.h"
 #include "vemoview/render/decorations/Triad.h"
+#include "vemoview/render/vtk/DrawQueue.h"
 
+#include <vtkNew.h>
 #include <vtkRenderer.h>
 
+#include <cstddef>
 #include <utility>
 #include <variant>
 
@@ -45,9 +48,13 @@ Box framedPlaces(const std::vector<Decoration>& decorations) {
 }
 
 void Decorations::add(const std::vector<Decoration>& decorations, const CanvasCameras& cameras) {
+  constexpr std::size_t BETWEEN_PAUSES = 32;
   for (const Decoration& decoration : decorations) {
     auto props = std::make_unique<PropGroup>(*_resources.renderer);
     addProps(decoration, cameras, _resources, *props);
+    if (_members.size() % BETWEEN_PAUSES == BETWEEN_PAUSES - 1) {
+      props->add(vtkNew<DrawPause>());
+    }
     props->scalePixels(_pixelScale);
     _members.push_back({decoration.drawable, std::move(props)});
   }

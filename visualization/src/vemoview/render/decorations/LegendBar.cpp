@@ -335,7 +335,7 @@ class Legend {
 
   void drawBar() {
     constexpr vtkIdType MAX_FIELDS = 1024;
-    const std::vector<std::uint8_t>& rgba = _legend.table.rgba;
+    const std::vector<std::uint8_t>& rgba = _legend.table.rgba.get();
     const auto colors = static_cast<vtkIdType>(rgba.size() / RGBA_CHANNELS);
     const vtkIdType fields = std::clamp<vtkIdType>(colors, 1, MAX_FIELDS);
     vtkNew<vtkUnsignedCharArray> bytes;

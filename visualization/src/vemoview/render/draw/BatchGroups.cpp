@@ -1,6 +1,7 @@
 #include "vemoview/render/draw/BatchGroups.h"
 
 #include "geometry/Bounds.h"
+#include "vemoview/render/draw/DrawnAppearance.h"
 #include "vemoview/render/draw/MeshScalars.h"
 #include "vemoview/resolve/drawables/InstanceBounds.h"
 
@@ -19,6 +20,7 @@
 #include <map>
 #include <numeric>
 #include <optional>
+#include <unordered_map>
 #include <utility>
 
 namespace vemo {
@@ -27,6 +29,8 @@ namespace {
 
 /// A mesh with more points or cells than this gets its own batch.
 constexpr vtkIdType SMALL = 10000;
+/// The same, for a mesh that shares its geometry with others.
+constexpr vtkIdType VERY_SMALL = 32;
 /// A batch with at least this many points is full.
 constexpr vtkIdType FULL = 200000;
 /// Fewer meshes are not worth merging.
@@ -57,7 +61,7 @@ struct BatchKey {
 
 BatchKey keyOf(const MeshInstance& mesh) {
   vtkPolyData& geometry = *mesh.geometry;
-  BatchKey key{mesh.appearance,
+  BatchKey key{drawnAppearance(mesh.appearance),
                mesh.transforms.get(),
                hasCellScalars(mesh),
                {},
@@ -71,9 +75,24 @@ BatchKey keyOf(const MeshInstance& mesh) {
   return key;
 }
 
-bool isSmall(const MeshInstance& mesh) {
-  return std::max(mesh.geometry->GetNumberOfPoints(), mesh.geometry->GetNumberOfCells()) <= SMALL;
-}
+/// Which meshes are merged: small ones, but not those that share their geometry with others, which
+/// OpenGL then has once. Of very few points, it takes less than the props.
+class SmallMeshes {
+ public:
+  explicit SmallMeshes(const std::vector<MeshInstance>& meshes) {
+    for (const MeshInstance& mesh : meshes) {
+      ++_uses[mesh.geometry];
+    }
+  }
+
+  bool has(const MeshInstance& mesh) const {
+    const vtkIdType most = _uses.at(mesh.geometry) == 1 ? SMALL : VERY_SMALL;
+    return std::max(mesh.geometry->GetNumberOfPoints(), mesh.geometry->GetNumberOfCells()) <= most;
+  }
+
+ private:
+  std::unordered_map<const vtkPolyData*, int> _uses;
+};
 
 /// What a mesh covers, and with what. Lines and points are drawn a little nearer than faces.
 struct Cover {
@@ -267,6 +286,8 @@ std::vector<std::vector<std::size_t>> groupSmallMeshes(const std::vector<MeshIns
     vtkIdType points;
   };
   std::vector<std::vector<std::size_t>> groups;
+  const SmallMeshes small(meshes);
+  const auto isSmall = [&small](const MeshInstance& mesh) { return small.has(mesh); };
   if (std::ranges::count_if(meshes, isSmall) < static_cast<std::ptrdiff_t>(FEW)) {
     return groups;
   }

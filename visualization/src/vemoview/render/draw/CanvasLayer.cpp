@@ -17,8 +17,10 @@ CanvasLayer::CanvasLayer(ResolvedCanvas canvas)
       _resources(makeResources(_canvas, *makeRenderer(_canvas))),
       _decorations(_resources) {}
 
-void CanvasLayer::fill(const CanvasCameras& cameras) {
-  addBatches(std::exchange(_canvas.meshes, {}));
+void CanvasLayer::fill(const CanvasCameras& cameras, PropBudget& budget) {
+  auto groups = groupIntoBatches(std::exchange(_canvas.meshes, {}));
+  budget.add(groups, _canvas.clipPlanes.size());
+  addBatches(std::move(groups));
   for (Batch& batch : _batches) {
     batch.showAll(_pixelScale);
   }
@@ -28,7 +30,7 @@ void CanvasLayer::fill(const CanvasCameras& cameras) {
 }
 
 void CanvasLayer::update(CanvasUpdate update, const CanvasCameras& cameras) {
-  addBatches(std::move(update.meshes));
+  addBatches(groupIntoBatches(std::move(update.meshes)));
   addDecorations(update.decorations, cameras);
   for (Batch& batch : _batches) {
     batch.show(update.visible, _pixelScale);
@@ -37,8 +39,8 @@ void CanvasLayer::update(CanvasUpdate update, const CanvasCameras& cameras) {
   getRenderer().ResetCameraClippingRange();
 }
 
-void CanvasLayer::addBatches(std::vector<MeshInstance> meshes) {
-  for (auto& members : groupIntoBatches(std::move(meshes))) {
+void CanvasLayer::addBatches(std::vector<std::vector<MeshInstance>> groups) {
+  for (auto& members : groups) {
     _batches.emplace_back(std::move(members), _resources);
   }
 }

@@ -3,6 +3,7 @@
 #include "geometry/Box.h"
 #include "vemoview/render/decorations/Decorations.h"
 #include "vemoview/render/draw/Batch.h"
+#include "vemoview/render/draw/PropBudget.h"
 #include "vemoview/render/vtk/CanvasCameras.h"
 #include "vemoview/render/vtk/CanvasResources.h"
 #include <vemo/resolve/Pick.h>
@@ -20,8 +21,9 @@ class CanvasLayer {
   CanvasLayer(const CanvasLayer&) = delete;
   CanvasLayer& operator=(const CanvasLayer&) = delete;
 
-  /// To be called once, when the cameras of all canvases are known.
-  void fill(const CanvasCameras& cameras);
+  /// To be called once, when the cameras of all canvases are known. Throws SceneTooLarge when the
+  /// budget, of all canvases, does not suffice.
+  void fill(const CanvasCameras& cameras, PropBudget& budget);
 
   vtkRenderer& getRenderer() const { return *_resources.renderer; }
   bool isModel() const { return _canvas.role == ResolvedCanvas::Role::MODEL; }
@@ -54,7 +56,7 @@ class CanvasLayer {
   Box boundsOf(const DrawableSet& drawables) const;
 
  private:
-  void addBatches(std::vector<MeshInstance> meshes);
+  void addBatches(std::vector<std::vector<MeshInstance>> groups);
   void addDecorations(const std::vector<Decoration>& decorations, const CanvasCameras& cameras);
 
   /// Its meshes and decorations move to the batches and props.

@@ -3,6 +3,7 @@
 #include "base/MemoryReserve.h"
 #include "geometry/Bounds.h"
 #include "geometry/NewArray.h"
+#include "vemoview/render/draw/DrawnAppearance.h"
 #include "vemoview/render/draw/MeshScalars.h"
 #include "vemoview/render/vtk/LookupTables.h"
 #include <vemo/geometry/CellKind.h>
@@ -70,7 +71,7 @@ class Merger {
 
   RenderMesh run() {
     RenderMesh result;
-    result.appearance = first().appearance;
+    result.appearance = drawnAppearance(first().appearance);
     result.transforms = first().transforms;
     result.geometry = vtkSmartPointer<vtkPolyData>::New();
     vtkNew<vtkPoints> points;
@@ -208,7 +209,8 @@ class Merger {
 };
 
 RenderMesh toRenderMesh(const MeshInstance& mesh, LookupTables& tables) {
-  RenderMesh result{mesh.geometry, nullptr, mesh.appearance, mesh.color, {}, mesh.transforms};
+  RenderMesh result{mesh.geometry, true, nullptr,        drawnAppearance(mesh.appearance),
+                    mesh.color,    {},   mesh.transforms};
   if (mesh.scalars) {
     result.scalars = {mesh.scalars->location, mesh.scalars->arrayName, tables.get(mesh.scalars->table)};
   }

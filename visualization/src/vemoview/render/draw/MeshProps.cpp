@@ -141,6 +141,22 @@ SharedBoxes partsOf(const RenderMesh& mesh, bool isCut) {
              : mesh.parts;
 }
 
+MapperKey keyOf(const RenderMesh& mesh) {
+  MapperKey key{mesh.geometry, mesh.appearance, mesh.isEdges, ScalarLocation::POINTS, {}, nullptr};
+  if (mesh.scalars) {
+    key.location = mesh.scalars->location;
+    key.arrayName = mesh.scalars->arrayName;
+    key.table = mesh.scalars->table;
+  }
+  return key;
+}
+
+/// Of all instances, which are not cut beforehand.
+vtkSmartPointer<vtkPolyDataMapper> sharedMapper(const RenderMesh& mesh, CanvasResources& resources) {
+  const auto make = [&] { return makeMapper(mesh, *resources.clipPlanes, nullptr); };
+  return mesh.isShared ? resources.mappers.get(keyOf(mesh), make) : make();
+}
+
 /// One actor for each instance. All have the same property and, unless each is cut differently,
 /// the same mapper.
 vtkProperty& addActors(const RenderMesh& mesh, CanvasResources& resources, PropGroup& group) {
@@ -148,19 +164,17 @@ vtkProperty& addActors(const RenderMesh& mesh, CanvasResources& resources, PropG
   const bool isCut = isCutBeforehand(mesh, planes);
   const SharedBoxes parts = partsOf(mesh, isCut);
   const auto property = makeProperty(mesh);
-  vtkSmartPointer<vtkPolyDataMapper> mapper;
+  const auto mapper = isCut ? nullptr : sharedMapper(mesh, resources);
   forEachInstance(mesh.transforms, [&](const InstanceTransform* transform) {
-    if (mapper == nullptr || isCut) {
-      mapper = makeMapper(mesh, planes, transform);
-    }
     const auto actor = makeActor(mesh, transform);
+    actor->setQueue(resources.queue);
     actor->setParts(parts);
     if (mesh.isEdges || mesh.appearance.kind == Appearance::Kind::LINES) {
       actor->setWidthOfLines(mesh.appearance.lineWidth);
     } else if (mesh.appearance.kind == Appearance::Kind::SURFACE) {
       actor->setBehind(resources.widestLines);
     }
-    actor->SetMapper(mapper);
+    actor->SetMapper(isCut ? makeMapper(mesh, planes, transform) : mapper);
     actor->SetProperty(property);
     group.add(actor);
   });
@@ -183,6 +197,7 @@ void addEdges(const RenderMesh& mesh, CanvasResources& resources, PropGroup& gro
   if (isCutBeforehand(mesh, *resources.clipPlanes)) {
     // Cutting faces makes new edges.
     edges.geometry = faceEdges(*mesh.geometry);
+    edges.isShared = false;
   }
   vtkProperty& property = addActors(edges, resources, group);
   property.SetRepresentationToWireframe();
@@ -190,10 +205,10 @@ void addEdges(const RenderMesh& mesh, CanvasResources& resources, PropGroup& gro
 }
 
 /// The contour of each mesh by itself: where two of them meet, both have a border.
-std::vector<MeshInstance> contoursOf(const std::vector<const MeshInstance*>& meshes) {
+std::vector<MeshInstance> contoursOf(const std::vector<const MeshInstance*>& meshes, Contours& known) {
   std::vector<MeshInstance> contours;
   for (const MeshInstance* const mesh : meshes) {
-    const auto lines = contourEdges(*mesh->geometry, CONTOUR_BEND_DEGREES);
+    const auto lines = known.get(*mesh->geometry);
     if (lines->GetNumberOfCells() > 0) {
       MeshInstance& contour = contours.emplace_back(*mesh);
       contour.geometry = lines;
@@ -205,7 +220,7 @@ std::vector<MeshInstance> contoursOf(const std::vector<const MeshInstance*>& mes
 
 void addContours(const std::vector<const MeshInstance*>& meshes, CanvasResources& resources,
                  PropGroup& group) {
-  const std::vector<MeshInstance> contours = contoursOf(meshes);
+  const std::vector<MeshInstance> contours = contoursOf(meshes, resources.contours);
   if (contours.empty()) {
     return;
   }

@@ -23,6 +23,8 @@ struct RenderMesh {
   };
 
   vtkSmartPointer<vtkPolyData> geometry;
+  /// Whether others may be drawn with the same geometry: it was not merged.
+  bool isShared = false;
   /// Around the cells of each instance that was merged, if there are several; may be null for one.
   SharedBoxes parts;
   Appearance appearance;

@@ -37,6 +37,7 @@ CanvasResources makeResources(const ResolvedCanvas& canvas, vtkRenderer& rendere
   resources.renderer = &renderer;
   resources.clipPlanes = makePlanes(canvas.clipPlanes);
   resources.widestLines = std::make_shared<const WidestLines>(renderer);
+  resources.queue = std::make_shared<DrawQueue>();
   return resources;
 }
 

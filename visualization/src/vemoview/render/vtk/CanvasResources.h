@@ -1,6 +1,9 @@
 #pragma once
 
+#include "vemoview/render/vtk/Contours.h"
+#include "vemoview/render/vtk/DrawQueue.h"
 #include "vemoview/render/vtk/LookupTables.h"
+#include "vemoview/render/vtk/SharedMappers.h"
 #include "vemoview/render/vtk/Textures.h"
 #include "vemoview/render/vtk/WidestLines.h"
 #include <vemo/render/Export.h>
@@ -21,9 +24,12 @@ struct CanvasResources {
   vtkSmartPointer<vtkPlaneCollection> clipPlanes;
   LookupTables tables;
   Textures textures;
+  SharedMappers mappers;
+  Contours contours;
   /// Of triads; null until there is one.
   vtkSmartPointer<vtkPolyDataMapper> arrows;
   std::shared_ptr<const WidestLines> widestLines;
+  std::shared_ptr<DrawQueue> queue;
 };
 
 /// A renderer for the canvas's part of the window.

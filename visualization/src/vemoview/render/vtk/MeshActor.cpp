@@ -1,18 +1,35 @@
 #include "vemoview/render/vtk/MeshActor.h"
 
 #include "vemoview/resolve/drawables/InstanceBounds.h"
+#include <vemo/geometry/CellKind.h>
 
 #include <vtkCamera.h>
+#include <vtkCellArray.h>
+#include <vtkMapper.h>
 #include <vtkMatrix4x4.h>
 #include <vtkObjectFactory.h>
 #include <vtkOpenGLRenderer.h>
 #include <vtkOpenGLState.h>
+#include <vtkPolyData.h>
 #include <vtkProperty.h>
 #include <vtk_glew.h>
 
 #include <algorithm>
 
 namespace vemo {
+
+namespace {
+
+vtkIdType countCorners(vtkMapper& mapper) {
+  auto* const geometry = vtkPolyData::SafeDownCast(mapper.GetInput());
+  vtkIdType corners = 0;
+  for (const CellKindTraits& kind : CELL_KINDS) {
+    corners += geometry != nullptr ? kind.get(*geometry)->GetNumberOfConnectivityIds() : 0;
+  }
+  return corners;
+}
+
+}  // namespace
 
 vtkStandardNewMacro(MeshActor);
 
@@ -58,6 +75,9 @@ void MeshActor::Render(vtkRenderer* renderer, vtkMapper* mapper) {
   }
   setDepthRange(*renderer->GetActiveCamera());
   vtkOpenGLActor::Render(renderer, mapper);
+  if (_queue != nullptr) {
+    _queue->add(countCorners(*mapper));
+  }
   glDepthRange(0.0, 1.0);
   glDisable(GL_POLYGON_OFFSET_FILL);
   glFrontFace(GL_CCW);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "geometry/Box.h"
+#include "vemoview/render/vtk/DrawQueue.h"
 #include "vemoview/render/vtk/WidestLines.h"
 
 #include <vtkOpenGLActor.h>
@@ -35,6 +36,9 @@ class MeshActor : public vtkOpenGLActor {
   /// a line is as wide on either side.
   void setBehind(std::shared_ptr<const WidestLines> lines) { _linesInFront = std::move(lines); }
 
+  /// What it passes to OpenGL counts there.
+  void setQueue(std::shared_ptr<DrawQueue> queue) { _queue = std::move(queue); }
+
   /// What is in front of others at the same depth: it is drawn a little nearer than it is. Edges and
   /// contours of surfaces are in front of lines, with which they would mix where both coincide.
   enum class Layer { FACES, IMAGES, LINES, EDGES };
@@ -59,6 +63,8 @@ class MeshActor : public vtkOpenGLActor {
   double _widthOfLines = 0.0;
   /// Null for what stays where it is.
   std::shared_ptr<const WidestLines> _linesInFront;
+  /// Null for what draws little.
+  std::shared_ptr<DrawQueue> _queue;
 };
 
 }  // namespace vemo

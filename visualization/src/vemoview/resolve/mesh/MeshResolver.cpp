@@ -1,20 +1,14 @@
 #include "vemoview/resolve/mesh/MeshResolver.h"
 
-#include "geometry/CellValidator.h"
 #include "geometry/Normals.h"
-#include "geometry/drawing/DrawableCells.h"
-#include "geometry/drawing/LitFaces.h"
-#include "geometry/drawing/PolygonFans.h"
-#include "geometry/drawing/PolygonFilling.h"
-#include "geometry/drawing/SpikyPolygons.h"
 #include "scenegraph/coloring/ColoringScalars.h"
 #include "vemoview/resolve/mesh/AppearanceResolver.h"
 #include "vemoview/resolve/mesh/ArrayLookup.h"
 #include "vemoview/resolve/mesh/PointScaling.h"
 #include "vemoview/resolve/mesh/PointSizes.h"
+#include "vemoview/resolve/mesh/PreparedMeshes.h"
 #include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/resolve/ClipPlane.h>
-#include <vemo/resolve/SceneTooLarge.h>
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/inspect/NumberText.h>
 
@@ -57,12 +51,53 @@ bool hasCells(const lum::PolyDataNode& node, CellKinds kinds) {
   });
 }
 
+/// How the kinds of cells of a node are seen: those that there are, and that are visible.
+std::vector<Appearance> visibleKinds(const lum::GeometryDrawable& drawable, const lum::PolyDataNode& node) {
+  std::vector<Appearance> result;
+  const bool showsPoints = kindOf(drawable) == Appearance::Kind::POINTS;
+  for (const auto& [kind, cells] : MESH_KINDS) {
+    if (showsPoints ? kind != Appearance::Kind::POINTS : !hasCells(node, cells)) {
+      continue;
+    }
+    if (const Appearance appearance = resolveAppearance(drawable, kind); isVisible(appearance)) {
+      result.push_back(appearance);
+    }
+  }
+  return result;
+}
+
+/// Calls visit(const lum::PolyDataNode&) for each that a drawable owns.
+template <class Visit>
+void forEachPolyData(const lum::GeometryDrawable& drawable, Visit&& visit) {
+  for (const auto& node : drawable.getNodes()) {
+    if (const auto* const polyData = dynamic_cast<const lum::PolyDataNode*>(node.get())) {
+      visit(*polyData);
+    }
+  }
+}
+
+/// Calls visit(const lum::GeometryDrawable&, const VisibleDrawable&) for each.
+template <class Visit>
+void forEachGeometry(const std::vector<VisibleDrawable>& drawables, Visit&& visit) {
+  for (const VisibleDrawable& visible : drawables) {
+    if (const auto* const geometry = dynamic_cast<const lum::GeometryDrawable*>(visible.drawable)) {
+      visit(*geometry, visible);
+    }
+  }
+}
+
 /// Builds the poly data of a node.
 class MeshBuilder {
  public:
   MeshBuilder(const lum::GeometryDrawable& drawable, const lum::PolyDataNode& node,
-              const VisibleDrawable& context, ColorTables& tables, MeshArrays arrays)
-      : _drawable(drawable), _node(node), _context(context), _tables(tables), _arrays(arrays) {}
+              const VisibleDrawable& context, ColorTables& tables, MeshArrays arrays,
+              PreparedMeshes& prepared)
+      : _drawable(drawable),
+        _node(node),
+        _context(context),
+        _tables(tables),
+        _arrays(arrays),
+        _prepared(prepared) {}
 
   /// One mesh for each visible kind; none when nothing is visible.
   std::vector<MeshInstance> build() {
@@ -76,6 +111,7 @@ class MeshBuilder {
       putAll(_node.getNodeDataArrays(), _geometry->GetNumberOfPoints(), *_geometry->GetPointData());
       putAll(_node.getCellDataArrays(), _geometry->GetNumberOfCells(), *_geometry->GetCellData());
     }
+    _geometry = _prepared.share(*_geometry);
     for (MeshInstance& mesh : meshes) {
       putGeometry(mesh);
       mesh.scalars = _scalars;
@@ -88,24 +124,17 @@ class MeshBuilder {
   const lum::DataArrayAttributes* getMissingArray() const { return _missingArray; }
 
  private:
-  /// All visible kinds for which there are cells, without geometry.
+  /// Without geometry.
   std::vector<MeshInstance> describeMeshes() const {
     std::vector<MeshInstance> meshes;
-    const bool showsPoints = kindOf(_drawable) == Appearance::Kind::POINTS;
-    for (const auto& [kind, cells] : MESH_KINDS) {
-      if (showsPoints ? kind != Appearance::Kind::POINTS : !hasCells(_node, cells)) {
-        continue;
-      }
-      MeshInstance mesh;
+    for (const Appearance& appearance : visibleKinds(_drawable, _node)) {
+      MeshInstance& mesh = meshes.emplace_back();
       mesh.drawable = &_drawable;
       mesh.node = &_node;
-      mesh.appearance = resolveAppearance(_drawable, kind);
-      if (isVisible(mesh.appearance)) {
-        mesh.appearance.isClipped = _context.isClipped;
-        mesh.color = resolveColor(_drawable, kind, _node.getName());
-        mesh.transforms = _context.transforms;
-        meshes.push_back(std::move(mesh));
-      }
+      mesh.appearance = appearance;
+      mesh.appearance.isClipped = _context.isClipped;
+      mesh.color = resolveColor(_drawable, appearance.kind, _node.getName());
+      mesh.transforms = _context.transforms;
     }
     return meshes;
   }
@@ -132,7 +161,7 @@ class MeshBuilder {
     }
     // Cells with too few points are left out later on.
     const std::string fault =
-        CellValidator().findFault(*cells, {.pointCount = pointCount, .mayHaveUnusedIndices = true});
+        _prepared.findFault(*cells, {.pointCount = pointCount, .mayHaveUnusedIndices = true});
     if (!fault.empty()) {
       reportFinding(FindingCode::GEOMETRY_NOT_DRAWN,
                     '"' + itemNameOf(_node) + "\" is not drawn: " + kind.name + ": " + fault);
@@ -204,41 +233,28 @@ class MeshBuilder {
 
   /// The drawable cells of the kind that has the appearance.
   void putGeometry(MeshInstance& mesh) {
-    const Appearance::Kind kind = mesh.appearance.kind;
-    if (kind == Appearance::Kind::POINTS && _node.getVerts() == nullptr) {
-      // A point drawable also shows points that no vertex uses.
-      if (_scalars && _scalars->location == ScalarLocation::CELLS) {
-        reportFinding(
-            FindingCode::NOT_COLORED_BY_ARRAY,
-            fmt::format(
-                "\"{}\" is not coloured by data: its array \"{}\" is over cells, of which it has none",
-                itemNameOf(_node), _scalars->arrayName));
-        _scalars.reset();
-      }
-      mesh.geometry = pointsAsVertices(*_geometry);
-      return;
+    const Appearance& appearance = mesh.appearance;
+    // A point drawable also shows points that no vertex uses.
+    const bool isOfAllPoints = appearance.kind == Appearance::Kind::POINTS && _node.getVerts() == nullptr;
+    if (isOfAllPoints && isColoredByCell()) {
+      reportFinding(
+          FindingCode::NOT_COLORED_BY_ARRAY,
+          fmt::format("\"{}\" is not coloured by data: its array \"{}\" is over cells, of which it has none",
+                      itemNameOf(_node), _scalars->arrayName));
+      _scalars.reset();
     }
-    const auto* const cells = std::ranges::find(MESH_KINDS, kind, &MeshKind::kind);
-    mesh.geometry = drawableCells(*_geometry, cells->cells);
-    if (kind != Appearance::Kind::SURFACE) {
-      // Lines and points are not lit as the faces that share their points.
-      mesh.geometry = withoutNormals(*mesh.geometry);
-    } else if (mesh.appearance.hasFaces && mesh.appearance.opacity > 0.0) {
-      unfold(mesh);
-      lightBothSides(mesh.geometry);
-      if (mesh.filling != nullptr) {
-        lightBothSides(mesh.filling);
-      }
-    }
+    const bool hasFaces = appearance.hasFaces && appearance.opacity > 0.0;
+    const PreparedMesh& prepared = _prepared.prepare(
+        *_geometry,
+        {appearance.kind, isOfAllPoints, hasFaces, isColoredByCell() ? _scalars->arrayName : std::string()});
+    mesh.geometry = prepared.geometry;
+    mesh.filling = prepared.filling;
+    reportMisshapen(prepared.misshapenPolygons);
   }
 
-  void unfold(MeshInstance& mesh) const {
-    const std::vector<vtkIdType> folded = unfoldFans(mesh.geometry);
-    correctSpikyPolygons(mesh.geometry);
-    const bool isByCell = _scalars && _scalars->location == ScalarLocation::CELLS;
-    auto [filling, count] =
-        fillPolygons(*mesh.geometry, folded, isByCell ? _scalars->arrayName.c_str() : nullptr);
-    mesh.filling = filling;
+  bool isColoredByCell() const { return _scalars && _scalars->location == ScalarLocation::CELLS; }
+
+  void reportMisshapen(vtkIdType count) const {
     if (count > 0) {
       reportFinding(
           FindingCode::POLYGONS_FOLDED,
@@ -246,23 +262,7 @@ class MeshBuilder {
                       "concave and not flat, or too intricate",
                       lum::withNoun(std::to_string(count), "polygon"), itemNameOf(_node),
                       count == 1 ? "is" : "are"));
-      if (mesh.geometry->GetCellData()->GetNormals() != nullptr) {
-        // Their triangles face both ways, or have no normal in common: each is lit with its own.
-        mesh.geometry = withoutNormals(*mesh.geometry);
-        mesh.filling = withoutNormals(*mesh.filling);
-      }
     }
-  }
-
-  static vtkSmartPointer<vtkPolyData> withoutNormals(vtkPolyData& geometry) {
-    if (geometry.GetPointData()->GetNormals() == nullptr && geometry.GetCellData()->GetNormals() == nullptr) {
-      return &geometry;
-    }
-    auto result = vtkSmartPointer<vtkPolyData>::New();
-    result->ShallowCopy(&geometry);
-    result->GetPointData()->SetNormals(nullptr);
-    result->GetCellData()->SetNormals(nullptr);
-    return result;
   }
 
   const lum::GeometryDrawable& _drawable;
@@ -270,7 +270,8 @@ class MeshBuilder {
   const VisibleDrawable& _context;
   ColorTables& _tables;
   MeshArrays _arrays;
-  vtkNew<vtkPolyData> _geometry;
+  PreparedMeshes& _prepared;
+  vtkSmartPointer<vtkPolyData> _geometry = vtkSmartPointer<vtkPolyData>::New();
   std::optional<ScalarColoring> _scalars;
   const lum::DataArrayAttributes* _missingArray = nullptr;
 };
@@ -289,25 +290,28 @@ double statedPixels(const Appearance& appearance) {
              : 0.0;
 }
 
-/// Points that were copied. Very many meshes may share points that cannot all be drawn.
-void keepUsedPoints(MeshInstance& mesh) {
-  if (mesh.geometry->GetPoints()->GetData() != mesh.node->getPoints()) {
-    mesh.pointNumbers = vtkSmartPointer<vtkIdList>::New();
-    mesh.geometry = withUsedPoints(*mesh.geometry, *mesh.pointNumbers);
-    if (mesh.filling != nullptr) {
-      mesh.filling = withUsedPoints(*mesh.filling, *vtkNew<vtkIdList>());
-    }
+/// Whether its cells use less than half of very many points.
+bool usesFewPoints(vtkPolyData& geometry) {
+  constexpr vtkIdType MANY = 1000;
+  const vtkIdType points = geometry.GetNumberOfPoints();
+  vtkIdType corners = 0;
+  for (const CellKindTraits& kind : CELL_KINDS) {
+    corners += kind.get(geometry)->GetNumberOfConnectivityIds();
   }
+  return points > MANY && 2 * corners < points;
 }
 
-/// Of cells and corners.
-vtkIdType sizeOf(const vtkCellArray& cells) {
-  return cells.GetNumberOfCells() + cells.GetNumberOfConnectivityIds();
-}
-
-void require(vtkIdType count, vtkIdType most, const char* what) {
-  if (count > most) {
-    throw SceneTooLarge("The scene is too large to be drawn: more than " + std::to_string(most) + " " + what);
+/// Points that were copied, or of which few are drawn: very many meshes may share them, and OpenGL has
+/// those of each mesh.
+void keepUsedPoints(MeshInstance& mesh, MeshArrays arrays, PreparedMeshes& prepared) {
+  const bool areCopied = mesh.geometry->GetPoints()->GetData() != mesh.node->getPoints();
+  if (areCopied || (arrays == MeshArrays::DRAWN && usesFewPoints(*mesh.geometry))) {
+    const PreparedMeshes::UsedPoints& used = prepared.withUsedPoints(*mesh.geometry);
+    mesh.geometry = used.geometry;
+    mesh.pointNumbers = used.numbers;
+    if (mesh.filling != nullptr) {
+      mesh.filling = prepared.withUsedPoints(*mesh.filling).geometry;
+    }
   }
 }
 
@@ -320,69 +324,112 @@ MeshResolver::MeshResolver(std::size_t clipPlanes, ColorTables& tables, MeshArra
           clipPlanes > HARDWARE_CLIP_PLANES ? static_cast<vtkIdType>(clipPlanes - HARDWARE_CLIP_PLANES) : 0) {
 }
 
-vtkIdType MeshResolver::timesDrawn(const MeshInstance& mesh) const {
-  const auto instances = mesh.transforms == nullptr ? 1 : static_cast<vtkIdType>(mesh.transforms->size());
-  return instances * (mesh.appearance.isClipped ? 1 + _cutsPerInstance : 1);
+vtkIdType MeshResolver::timesDrawn(const SharedInstanceTransforms& transforms, bool isClipped) const {
+  const auto instances = transforms == nullptr ? 1 : static_cast<vtkIdType>(transforms->size());
+  return instances * (isClipped ? 1 + _cutsPerInstance : 1);
 }
 
-/// A small file may have very many meshes share their arrays; drawing takes
-/// memory for each of them, and time for each of their instances. Cells that are
-/// not drawn are still searched when something is picked.
-void MeshResolver::countSize(const MeshInstance& mesh, Load& load) const {
-  vtkIdType size = mesh.geometry->GetNumberOfPoints();
-  for (const CellKindTraits& kind : CELL_KINDS) {
-    const vtkCellArray* const cells = mesh.node->getCells(kind.kind);
-    size += cells != nullptr ? sizeOf(*cells) : 0;
-  }
-  size += mesh.filling != nullptr ? sizeOf(*mesh.filling->GetPolys()) : 0;
-  load.size += size * timesDrawn(mesh);
-  require(load.size, 200'000'000, "points, cells and corners");
-}
-
-void MeshResolver::countCopies(const MeshInstance& mesh, Load& load) const {
-  load.copies += timesDrawn(mesh) - 1;
-  require(load.copies, 50'000, "copies of meshes");
-}
-
-void MeshResolver::resolve(const lum::GeometryDrawable& drawable, const VisibleDrawable& context, Load& load,
-                           std::vector<MeshInstance>& meshes) const {
-  const lum::DataArrayAttributes* missing = nullptr;
-  bool isColored = false;
-  for (const auto& node : drawable.getNodes()) {
-    const auto* const polyData = dynamic_cast<const lum::PolyDataNode*>(node.get());
-    if (polyData == nullptr) {
-      continue;
-    }
-    const NodeScope scope(*polyData);
-    MeshBuilder builder(drawable, *polyData, context, _tables, _arrays);
-    for (MeshInstance& mesh : builder.build()) {
-      isColored = isColored || mesh.scalars;
-      countSize(mesh, load);
-      for (MeshInstance& part : splitBySize(std::move(mesh), drawable, *polyData)) {
-        keepUsedPoints(part);
-        reportIfTooLarge(*polyData, statedPixels(part.appearance));
-        countCopies(part, load);
-        meshes.push_back(std::move(part));
+/// Before anything is prepared: the sizes are known. Cells that are not drawn are still searched when
+/// something is picked.
+void MeshResolver::countSizes(const std::vector<VisibleDrawable>& drawables, DrawingLoad& load) const {
+  ContentCount content;
+  const lum::PolyDataNode* largest = nullptr;
+  vtkIdType mostDrawn = 0;
+  forEachGeometry(drawables, [&](const lum::GeometryDrawable& drawable, const VisibleDrawable& context) {
+    forEachPolyData(drawable, [&](const lum::PolyDataNode& node) {
+      const auto kinds = static_cast<vtkIdType>(visibleKinds(drawable, node).size());
+      const vtkIdType drawn = sizeOf(node) * kinds * timesDrawn(context.transforms, context.isClipped);
+      if (drawn > 0) {
+        load.content += content.add(node);
+        load.drawn += drawn;
       }
-    }
-    missing = missing == nullptr ? builder.getMissingArray() : missing;
-  }
-  // Of several meshes of a drawable, one may have no data.
-  if (missing != nullptr && !isColored) {
-    reportMissingArray(drawable, *missing);
+      if (drawn > mostDrawn) {
+        mostDrawn = drawn;
+        largest = &node;
+      }
+    });
+  });
+  if (largest != nullptr) {
+    load.requireDrawn(*largest);
   }
 }
+
+/// Triangles in place of polygons are known only now.
+void MeshResolver::countFilling(const MeshInstance& mesh, DrawingLoad& load) const {
+  if (mesh.filling != nullptr) {
+    load.drawn += sizeOf(*mesh.filling->GetPolys()) * timesDrawn(mesh.transforms, mesh.appearance.isClipped);
+    load.requireDrawn(*mesh.node);
+  }
+}
+
+void MeshResolver::countCopies(const MeshInstance& mesh, DrawingLoad& load) const {
+  load.copies += timesDrawn(mesh.transforms, mesh.appearance.isClipped) - 1;
+  load.requireCopies();
+}
+
+/// Resolves drawables with a load, and with what they share.
+class MeshResolver::Run {
+ public:
+  Run(const MeshResolver& resolver, DrawingLoad& load) : _resolver(resolver), _load(load) {}
+
+  void add(const lum::GeometryDrawable& drawable, const VisibleDrawable& context) {
+    const lum::DataArrayAttributes* missing = nullptr;
+    bool isColored = false;
+    forEachPolyData(drawable, [&](const lum::PolyDataNode& node) {
+      const NodeScope scope(node);
+      MeshBuilder builder(drawable, node, context, _resolver._tables, _resolver._arrays, _prepared);
+      for (MeshInstance& mesh : builder.build()) {
+        isColored = isColored || mesh.scalars;
+        add(std::move(mesh), drawable);
+      }
+      missing = missing == nullptr ? builder.getMissingArray() : missing;
+    });
+    // Of several meshes of a drawable, one may have no data.
+    if (missing != nullptr && !isColored) {
+      reportMissingArray(drawable, *missing);
+    }
+  }
+
+  std::vector<MeshInstance> take() { return std::move(_meshes); }
+
+ private:
+  void add(MeshInstance mesh, const lum::GeometryDrawable& drawable) {
+    const lum::PolyDataNode& node = *mesh.node;
+    _resolver.countFilling(mesh, _load);
+    for (MeshInstance& part : _sizes.split(std::move(mesh), drawable)) {
+      keepUsedPoints(part, _resolver._arrays, _prepared);
+      reportIfTooLarge(node, statedPixels(part.appearance));
+      _resolver.countCopies(part, _load);
+      _meshes.push_back(std::move(part));
+    }
+    countMade(node);
+  }
+
+  void countMade(const lum::PolyDataNode& node) {
+    const vtkIdType made = _prepared.getMade() + _sizes.getMade();
+    _load.made += made - _made;
+    _made = made;
+    _load.requireMade(node);
+  }
+
+  const MeshResolver& _resolver;
+  DrawingLoad& _load;
+  PreparedMeshes _prepared;
+  SizedPoints _sizes;
+  /// What of it the load has.
+  vtkIdType _made = 0;
+  std::vector<MeshInstance> _meshes;
+};
 
 std::vector<MeshInstance> MeshResolver::resolve(const std::vector<VisibleDrawable>& drawables) {
-  std::vector<MeshInstance> meshes;
-  Load load = _load;
-  for (const VisibleDrawable& visible : drawables) {
-    if (const auto* const geometry = dynamic_cast<const lum::GeometryDrawable*>(visible.drawable)) {
-      resolve(*geometry, visible, load, meshes);
-    }
-  }
+  DrawingLoad load = _load;
+  countSizes(drawables, load);
+  Run run(*this, load);
+  forEachGeometry(drawables, [&run](const lum::GeometryDrawable& drawable, const VisibleDrawable& context) {
+    run.add(drawable, context);
+  });
   _load = load;
-  return meshes;
+  return run.take();
 }
 
 }  // namespace vemo

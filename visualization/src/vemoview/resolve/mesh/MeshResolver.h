@@ -1,6 +1,7 @@
 #pragma once
 
 #include "vemoview/resolve/drawables/VisibleDrawables.h"
+#include "vemoview/resolve/mesh/DrawingLoad.h"
 #include "vemoview/resolve/values/ColorTableResolver.h"
 #include <vemo/resolve/MeshInstance.h>
 #include <vemo/resolve/SceneResolver.h>
@@ -9,10 +10,6 @@
 
 #include <cstddef>
 #include <vector>
-
-namespace lum {
-class GeometryDrawable;
-}
 
 namespace vemo {
 
@@ -29,24 +26,18 @@ class MeshResolver {
   std::vector<MeshInstance> resolve(const std::vector<VisibleDrawable>& drawables);
 
  private:
-  /// The quantities that determine time and memory.
-  struct Load {
-    vtkIdType size = 0;
-    vtkIdType copies = 0;
-  };
+  class Run;
 
-  /// Appends the meshes of one drawable.
-  void resolve(const lum::GeometryDrawable& drawable, const VisibleDrawable& context, Load& load,
-               std::vector<MeshInstance>& meshes) const;
-  vtkIdType timesDrawn(const MeshInstance& mesh) const;
-  void countSize(const MeshInstance& mesh, Load& load) const;
-  void countCopies(const MeshInstance& mesh, Load& load) const;
+  vtkIdType timesDrawn(const SharedInstanceTransforms& transforms, bool isClipped) const;
+  void countSizes(const std::vector<VisibleDrawable>& drawables, DrawingLoad& load) const;
+  void countFilling(const MeshInstance& mesh, DrawingLoad& load) const;
+  void countCopies(const MeshInstance& mesh, DrawingLoad& load) const;
 
   ColorTables& _tables;
   MeshArrays _arrays;
   /// How many planes cut the geometry of each clipped instance separately.
   vtkIdType _cutsPerInstance;
-  Load _load;
+  DrawingLoad _load;
 };
 
 }  // namespace vemo

@@ -6,6 +6,7 @@
 #include "vemoview/resolve/values/UsableValues.h"
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/attributes/PointScaleAttributes.h>
+#include <vemo/scenegraph/drawables/PolyDataNode.h>
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
@@ -186,13 +187,29 @@ void reportUnusableSizes(const lum::PointScaleAttributes& scale, const std::stri
 
 }  // namespace
 
-std::vector<MeshInstance> splitBySize(MeshInstance mesh, const lum::GeometryDrawable& drawable,
-                                      const lum::PolyDataNode& node) {
+const SizedPoints::Parts& SizedPoints::sort(vtkPolyData& points, vtkDataArray& values,
+                                            const Vector<2, double>& range, bool isLog) {
+  const auto [known, isNew] = _sorted.try_emplace({&points, &values, range, isLog});
+  if (isNew) {
+    const auto sorted = sortVertices(*points.GetVerts(), values, Scale(range, isLog));
+    for (std::size_t i = 0; i < SIZES; ++i) {
+      const vtkIdType count = sorted[i].vertices->GetNumberOfCells();
+      if (count > 0) {
+        known->second.emplace(i, partOf(points, sorted[i]));
+        _made += 2 * count;
+      }
+    }
+  }
+  return known->second;
+}
+
+std::vector<MeshInstance> SizedPoints::split(MeshInstance mesh, const lum::GeometryDrawable& drawable) {
   const auto* const attributes = drawable.findAttributes<lum::PointScaleAttributes>();
   if (mesh.appearance.kind != Appearance::Kind::POINTS || attributes == nullptr ||
       attributes->getScaleMode() == lum::PointScaleMode::CONSTANT) {
     return {std::move(mesh)};
   }
+  const lum::PolyDataNode& node = *mesh.node;
   vtkDataArray* const values =
       findFitting(node, attributes->getScalarName(), mesh.geometry->GetNumberOfPoints());
   const std::string points = "The points of \"" + itemNameOf(node) + '"';
@@ -204,15 +221,11 @@ std::vector<MeshInstance> splitBySize(MeshInstance mesh, const lum::GeometryDraw
   }
   reportUnusableSizes(*attributes, points);
   const bool isLog = attributes->getScaleMode() == lum::PointScaleMode::LOG10;
-  const auto sorted = sortVertices(*mesh.geometry->GetVerts(), *values, Scale(*range, isLog));
   std::vector<MeshInstance> meshes;
-  for (std::size_t i = 0; i < SIZES; ++i) {
-    if (sorted[i].vertices->GetNumberOfCells() == 0) {
-      continue;
-    }
+  for (const auto& [size, geometry] : sort(*mesh.geometry, *values, *range, isLog)) {
     MeshInstance part = mesh;
-    part.geometry = partOf(*mesh.geometry, sorted[i]);
-    setPointSize(part.appearance, *attributes, static_cast<double>(i) / (SIZES - 1));
+    part.geometry = geometry;
+    setPointSize(part.appearance, *attributes, static_cast<double>(size) / (SIZES - 1));
     meshes.push_back(std::move(part));
   }
   return meshes;

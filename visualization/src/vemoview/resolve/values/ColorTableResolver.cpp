@@ -9,7 +9,7 @@
 namespace vemo {
 
 std::shared_ptr<const ColorTable> ColorTables::resolve(const lum::ColorLookupTable& table) {
-  auto [usable, changes] = makeUsable(table);
+  auto [usable, changes] = _usable.make(table);
   const Table& resolved = *_tables.insert(std::make_shared<const ColorTable>(std::move(usable))).first;
   if (!changes.empty()) {
     const auto& range = table.getScalarRange();

@@ -27,6 +27,7 @@ class ColorTables {
     bool operator()(const Table& a, const Table& b) const { return *a < *b; }
   };
 
+  UsableColorTables _usable;
   std::set<Table, Less> _tables;
   /// Tables, each with a text about what it was made from.
   std::set<std::pair<Table, std::string>> _reported;

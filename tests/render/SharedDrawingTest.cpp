@@ -1,0 +1,231 @@
+// What is drawn of geometries that share their arrays, and how much of it.
+
+#include "render/RenderScene.h"
+#include "vemoview/render/draw/BatchGroups.h"
+#include "vemoview/render/draw/MeshProps.h"
+#include "vemoview/render/draw/PropBudget.h"
+#include "vemoview/render/vtk/CanvasResources.h"
+#include "vemoview/render/vtk/LookupTables.h"
+#include "vemoview/render/vtk/PropGroup.h"
+#include <vemo/render/RequireDrawable.h>
+#include <vemo/resolve/SceneResolver.h>
+#include <vemo/resolve/SceneTooLarge.h>
+
+#include <vtkActor.h>
+#include <vtkLookupTable.h>
+#include <vtkMapper.h>
+#include <vtkPointData.h>
+
+#include <algorithm>
+#include <array>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <memory>
+#include <set>
+#include <tuple>
+#include <vector>
+
+namespace vemo {
+
+namespace {
+
+auto& edges(lum::SurfaceDrawable& surface) {
+  return surface.getAttributes<lum::MeshAttributes>();
+}
+auto& lines(lum::SurfaceDrawable& surface) {
+  return surface.getAttributes<lum::LineAttributes>();
+}
+
+/// At a place of its own.
+lum::SurfaceDrawable& addAt(SceneBuilder& scene, vtkPolyData* geometry, double x,
+                            const Vector3& color = {1, 0, 0}) {
+  auto& place = scene.collectionIn(scene.drawables());
+  setTransform<lum::SimpleTransform>(place).setTranslation({x, 0, 0});
+  return scene.addSurface(geometry, color, place);
+}
+
+/// Of each actor of a scene, if each mesh is drawn by itself.
+std::vector<vtkSmartPointer<vtkMapper>> mappersOf(const SceneBuilder& scene) {
+  const ResolvedCanvas canvas = resolveScene(scene.node()).canvases.at(0);
+  CanvasResources resources = makeResources(canvas, *makeRenderer(canvas));
+  std::vector<vtkSmartPointer<vtkMapper>> mappers;
+  for (const MeshInstance& mesh : canvas.meshes) {
+    PropGroup group(*resources.renderer);
+    addProps({&mesh}, resources, group);
+    group.forEachProp(
+        [&](vtkProp& prop) { mappers.emplace_back(vtkActor::SafeDownCast(&prop)->GetMapper()); });
+  }
+  return mappers;
+}
+
+TEST(SharedDrawingTest, GeometriesOfOneMeshHaveOneMapper) {
+  SceneBuilder scene;
+  const auto geometry = makeRectangle(0, 1, 0, 1);
+  addAt(scene, geometry, 0);
+  addAt(scene, geometry, 2, {0, 1, 0});
+  lines(addAt(scene, geometry, 4)).setLineWidth(3);
+  addAt(scene, geometry, 6).getAttributes<lum::MaterialAttributes>().setSpecular(0.5);
+  addAt(scene, makeRectangle(0, 1, 0, 1), 8);
+  const auto mappers = mappersOf(scene);
+  ASSERT_EQ(mappers.size(), 5U);
+  EXPECT_EQ(mappers[1], mappers[0]) << "another colour";
+  EXPECT_EQ(mappers[2], mappers[0]) << "another width of lines, of which there are none";
+  EXPECT_NE(mappers[3], mappers[0]) << "another material";
+  EXPECT_NE(mappers[4], mappers[0]) << "other arrays";
+}
+
+TEST(SharedDrawingTest, EdgesAndContoursOfOneMeshHaveOneMapperEach) {
+  SceneBuilder scene;
+  const auto geometry = makeRectangle(0, 1, 0, 1);
+  for (const double x : {0.0, 2.0}) {
+    auto& surface = addAt(scene, geometry, x);
+    edges(surface).setMeshVisible(true, false);
+    surface.getAttributes<lum::ContourAttributes>().setContourVisible(true);
+  }
+  const auto mappers = mappersOf(scene);
+  ASSERT_EQ(mappers.size(), 6U);
+  EXPECT_EQ(std::set(mappers.begin(), mappers.end()).size(), 3U);
+  EXPECT_TRUE(std::equal(mappers.begin(), mappers.begin() + 3, mappers.begin() + 3));
+}
+
+vtkSmartPointer<vtkPolyData> makeBar() {
+  const auto bar = makeRectangle(-0.9F, -0.5F, -0.5F, 0.5F);
+  bar->GetPointData()->AddArray(makeArray("s", {0, 1, 1, 2}));
+  return bar;
+}
+
+/// Each where it is, in its own colour, and by its own table.
+TEST(SharedDrawingTest, GeometriesOfOneMeshLookAsIfTheyHadTheirOwn) {
+  const auto draw = [](bool isShared) {
+    RenderScene scene;
+    const auto shared = makeBar();
+    const auto geometry = [&] { return isShared ? shared : makeBar(); };
+    addAt(scene, geometry(), 0, {1, 0, 0});
+    auto& wide = addAt(scene, geometry(), 0.45, {0, 0, 1});
+    edges(wide).setMeshVisible(true, false);
+    lines(wide).setLineWidth(5);
+    const std::vector<double> colors{1, 0, 0, 1, 0, 1, 0, 1};
+    auto& table = colorByArray(addAt(scene, geometry(), 0.9), "s", lum::DataLocation::POINTS, colors);
+    table.setScalarRange({0, 2});
+    auto& other = colorByArray(addAt(scene, geometry(), 1.35), "s", lum::DataLocation::POINTS, colors);
+    other.setColorValues(table.getColorValues());
+    other.setScalarRange({5, 1});
+    return scene.render();
+  };
+  EXPECT_EQ(countDifferences(draw(true), draw(false), 0), 0);
+}
+
+/// A long list of colours is converted once, however many tables have it.
+TEST(SharedDrawingTest, TablesOfOneListOfColorsShareTheirForms) {
+  const auto table = make<lum::ColorLookupTable>();
+  table->setColorValues({1, 0, 0, 1, 0, 1, 0, 1, 0, 0, 1, 1});
+  table->setNumColor(3);
+  UsableColorTables usable;
+  LookupTables forms;
+  const auto formOf = [&](const lum::Vector2& range) {
+    table->setScalarRange(range);
+    return vtkSmartPointer<vtkLookupTable>(
+        forms.get(std::make_shared<const ColorTable>(usable.make(*table).table)));
+  };
+  const auto first = formOf({0, 3});
+  const auto second = formOf({0, 30});
+  const auto reversed = formOf({30, 0});
+  EXPECT_EQ(second->GetTable(), first->GetTable());
+  EXPECT_EQ(formOf({3, 0})->GetTable(), reversed->GetTable());
+  table->setNumColor(2);
+  EXPECT_NE(formOf({0, 3})->GetTable(), first->GetTable());
+  // Also beyond the range, for which VTK's tables have colours of their own.
+  for (const auto& [form, value, red] : {std::tuple(first, -1.0, 255),
+                                         {first, 0.5, 255},
+                                         {first, 1.5, 0},
+                                         {second, 9.0, 255},
+                                         {second, 99.0, 0},
+                                         {reversed, 29.0, 255}}) {
+    EXPECT_EQ(form->MapValue(value)[0], red) << value;
+  }
+}
+
+std::vector<MeshInstance> meshesOf(const SceneBuilder& scene) {
+  return resolveScene(scene.node()).canvases.at(0).meshes;
+}
+
+TEST(SharedDrawingTest, WhatIsNotSeenDividesNoBatch) {
+  SceneBuilder scene;
+  for (int i = 0; i < 20; ++i) {
+    const auto x = static_cast<float>(i);
+    auto& surface = scene.addSurface(makeRectangle(x, x + 0.5F, 0, 1), {1, 0, 0});
+    lines(surface).setLineWidth(1 + i);
+    edges(surface).setMeshColor({0.01 * i, 0, 0});
+  }
+  EXPECT_EQ(groupIntoBatches(meshesOf(scene)).size(), 1U);
+}
+
+TEST(SharedDrawingTest, MergesNoLargeMeshThatIsShared) {
+  SceneBuilder scene;
+  std::vector<std::array<float, 3>> points;
+  for (int i = 0; i < 100; ++i) {
+    points.push_back({static_cast<float>(i), 0, 0});
+  }
+  const auto shared = makePolyData(points, {});
+  for (int i = 0; i < 20; ++i) {
+    scene.add<lum::PointSphereDrawable>(shared);
+  }
+  EXPECT_EQ(groupIntoBatches(meshesOf(scene)).size(), 20U);
+}
+
+/// Triangles in one place that look different: none can be drawn together with others.
+void addTriangles(SceneBuilder& scene, vtkPolyData* triangle, int count) {
+  for (int i = 0; i < count; ++i) {
+    auto& surface = scene.addSurface(triangle, {1, 0, 0});
+    edges(surface).setMeshVisible(true, false);
+    lines(surface).setLineWidth(1 + 0.001 * i);
+  }
+}
+
+TEST(SharedDrawingTest, LimitsThePropsInProportionToTheScene) {
+  SceneBuilder scene;
+  const auto triangle = makePolyData(flat({0, 0, 1, 0, 0, 1}), {.polys = {{0, 1, 2}}});
+  addTriangles(scene, triangle, 500);
+  EXPECT_NO_THROW(requireDrawable(resolveScene(scene.node())));
+  addTriangles(scene, triangle, 3000);
+  try {
+    requireDrawable(resolveScene(scene.node()));
+    FAIL() << "it is drawn";
+  } catch (const SceneTooLarge& error) {
+    EXPECT_THAT(error.what(), testing::HasSubstr("parts that look different or cover each other, such as "
+                                                 "\"collection 3499\", would take"));
+  }
+  EXPECT_THROW(renderPicture(scene.node(), {8, 8}), SceneTooLarge);
+}
+
+TEST(SharedDrawingTest, DrawsAPartAThousandTimes) {
+  SceneBuilder scene;
+  const auto part = makeRectangle(0, 1, 0, 1);
+  for (int i = 0; i < 3000; ++i) {
+    addAt(scene, part, i);
+  }
+  EXPECT_NO_THROW(requireDrawable(resolveScene(scene.node())));
+}
+
+TEST(SharedDrawingTest, BatchesThatDoNotFitAreNotCounted) {
+  SceneBuilder scene;
+  const auto triangle = makePolyData(flat({0, 0, 1, 0, 0, 1}), {.polys = {{0, 1, 2}}});
+  addTriangles(scene, triangle, 3000);
+  const auto batches = groupIntoBatches(meshesOf(scene));
+  PropBudget budget;
+  EXPECT_THROW(budget.add(batches, 0), SceneTooLarge);
+  EXPECT_NO_THROW(budget.add({batches.front()}, 0));
+}
+
+/// Beyond those of the hardware, each instance is cut by itself.
+TEST(SharedDrawingTest, CountsInstancesThatAreCutByManyPlanes) {
+  SceneBuilder scene;
+  repeat(scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 0, 0}), {2, 0, 0}, 5000);
+  const auto batches = groupIntoBatches(meshesOf(scene));
+  EXPECT_NO_THROW(PropBudget().add(batches, 6));
+  EXPECT_THROW(PropBudget().add(batches, 7), SceneTooLarge);
+}
+
+}  // namespace
+
+}  // namespace vemo

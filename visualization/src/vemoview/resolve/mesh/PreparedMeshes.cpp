@@ -1,0 +1,133 @@
+#include "vemoview/resolve/mesh/PreparedMeshes.h"
+
+#include "geometry/drawing/DrawableCells.h"
+#include "geometry/drawing/LitFaces.h"
+#include "geometry/drawing/PolygonFans.h"
+#include "geometry/drawing/PolygonFilling.h"
+#include "geometry/drawing/SpikyPolygons.h"
+#include "vemoview/resolve/mesh/DrawingLoad.h"
+#include <vemo/geometry/CellKind.h>
+
+#include <vtkCellArray.h>
+#include <vtkCellData.h>
+#include <vtkDataArray.h>
+#include <vtkPointData.h>
+#include <vtkPoints.h>
+
+namespace vemo {
+
+namespace {
+
+/// The arrays in their order, then which of them are the normals.
+void appendArrays(std::vector<const void*>& content, vtkDataSetAttributes& data) {
+  for (int i = 0; i < data.GetNumberOfArrays(); ++i) {
+    content.push_back(data.GetAbstractArray(i));
+  }
+  content.push_back(nullptr);
+  content.push_back(data.GetNormals());
+}
+
+std::vector<const void*> contentOf(vtkPolyData& geometry) {
+  std::vector<const void*> content{geometry.GetPoints()->GetData()};
+  for (const CellKindTraits& kind : CELL_KINDS) {
+    vtkCellArray& cells = *kind.get(geometry);
+    if (cells.GetNumberOfCells() > 0) {
+      // Of other nodes they may be in another object.
+      content.push_back(cells.GetOffsetsArray());
+      content.push_back(cells.GetConnectivityArray());
+    } else {
+      content.push_back(nullptr);
+    }
+  }
+  appendArrays(content, *geometry.GetPointData());
+  appendArrays(content, *geometry.GetCellData());
+  return content;
+}
+
+CellKinds cellsOf(Appearance::Kind kind) {
+  switch (kind) {
+    case Appearance::Kind::SURFACE:
+      return CellKind::POLYS | CellKind::STRIPS;
+    case Appearance::Kind::LINES:
+      return CellKind::LINES;
+    case Appearance::Kind::POINTS:
+      break;
+  }
+  return CellKind::VERTS;
+}
+
+vtkSmartPointer<vtkPolyData> withoutNormals(vtkPolyData& geometry) {
+  if (geometry.GetPointData()->GetNormals() == nullptr && geometry.GetCellData()->GetNormals() == nullptr) {
+    return &geometry;
+  }
+  auto result = vtkSmartPointer<vtkPolyData>::New();
+  result->ShallowCopy(&geometry);
+  result->GetPointData()->SetNormals(nullptr);
+  result->GetCellData()->SetNormals(nullptr);
+  return result;
+}
+
+void unfold(PreparedMesh& mesh, const std::string& colorsOfCells) {
+  const std::vector<vtkIdType> folded = unfoldFans(mesh.geometry);
+  correctSpikyPolygons(mesh.geometry);
+  auto [filling, failures] =
+      fillPolygons(*mesh.geometry, folded, colorsOfCells.empty() ? nullptr : colorsOfCells.c_str());
+  mesh.filling = filling;
+  mesh.misshapenPolygons = failures;
+  if (failures > 0 && mesh.geometry->GetCellData()->GetNormals() != nullptr) {
+    // Their triangles face both ways, or have no normal in common: each is lit with its own.
+    mesh.geometry = withoutNormals(*mesh.geometry);
+    mesh.filling = withoutNormals(*mesh.filling);
+  }
+}
+
+/// The drawable cells of the kind.
+PreparedMesh make(vtkPolyData& geometry, const PreparedMeshes::Parts& parts) {
+  PreparedMesh mesh;
+  if (parts.isOfAllPoints) {
+    mesh.geometry = pointsAsVertices(geometry);
+    return mesh;
+  }
+  mesh.geometry = drawableCells(geometry, cellsOf(parts.kind));
+  if (parts.kind != Appearance::Kind::SURFACE) {
+    // Lines and points are not lit as the faces that share their points.
+    mesh.geometry = withoutNormals(*mesh.geometry);
+  } else if (parts.hasFaces) {
+    unfold(mesh, parts.colorsOfCells);
+    lightBothSides(mesh.geometry);
+    if (mesh.filling != nullptr) {
+      lightBothSides(mesh.filling);
+    }
+  }
+  return mesh;
+}
+
+}  // namespace
+
+vtkSmartPointer<vtkPolyData> PreparedMeshes::share(vtkPolyData& geometry) {
+  return _shared.emplace(contentOf(geometry), &geometry).first->second;
+}
+
+const PreparedMesh& PreparedMeshes::prepare(vtkPolyData& shared, const Parts& parts) {
+  const auto [known, isNew] = _prepared.try_emplace({&shared, parts});
+  PreparedMesh& mesh = known->second;
+  if (isNew) {
+    mesh = make(shared, parts);
+    _made += countMade(*mesh.geometry, shared);
+    _made += mesh.filling != nullptr ? countMade(*mesh.filling, *mesh.geometry) : 0;
+  }
+  return mesh;
+}
+
+const PreparedMeshes::UsedPoints& PreparedMeshes::withUsedPoints(vtkPolyData& geometry) {
+  const auto [known, isNew] = _compacted.try_emplace(&geometry);
+  Compacted& compacted = known->second;
+  if (isNew) {
+    auto numbers = vtkSmartPointer<vtkIdList>::New();
+    compacted = {&geometry, {vemo::withUsedPoints(geometry, *numbers), numbers}};
+    _made += countMade(*compacted.result.geometry, geometry);
+  }
+  return compacted.result;
+}
+
+}  // namespace vemo
