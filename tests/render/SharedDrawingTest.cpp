@@ -4,8 +4,8 @@
 #include "vemoview/render/draw/BatchGroups.h"
 #include "vemoview/render/draw/MeshProps.h"
 #include "vemoview/render/draw/PropBudget.h"
-#include "vemoview/render/vtk/CanvasResources.h"
-#include "vemoview/render/vtk/LookupTables.h"
+#include "vemoview/render/resources/CanvasResources.h"
+#include "vemoview/render/resources/LookupTables.h"
 #include "vemoview/render/vtk/PropGroup.h"
 #include <vemo/render/RequireDrawable.h>
 #include <vemo/resolve/SceneResolver.h>

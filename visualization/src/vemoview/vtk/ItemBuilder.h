@@ -1,8 +1,8 @@
 #pragma once
 
 #include "scenegraph/inspect/NodePaths.h"
+#include "vemoview/render/resources/CanvasResources.h"
 #include "vemoview/render/vtk/CanvasCameras.h"
-#include "vemoview/render/vtk/CanvasResources.h"
 #include "vemoview/vtk/ImportedItems.h"
 #include <vemo/base/Progress.h>
 #include <vemo/resolve/Decoration.h>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "geometry/Box.h"
+#include "vemoview/render/resources/CanvasResources.h"
 #include "vemoview/render/vtk/CanvasCameras.h"
-#include "vemoview/render/vtk/CanvasResources.h"
 #include "vemoview/render/vtk/PropGroup.h"
 #include <vemo/render/Export.h>
 #include <vemo/resolve/Decoration.h>

@@ -1,6 +1,6 @@
 #include "vemoview/render/decorations/ImageQuad.h"
 
-#include "vemoview/render/vtk/CanvasResources.h"
+#include "vemoview/render/resources/CanvasResources.h"
 #include "vemoview/render/vtk/ClippedInput.h"
 #include "vemoview/render/vtk/Matrix.h"
 #include "vemoview/render/vtk/MeshActor.h"

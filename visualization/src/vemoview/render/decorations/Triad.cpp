@@ -1,7 +1,7 @@
 #include "vemoview/render/decorations/Triad.h"
 
 #include "vemoview/render/decorations/TextLabel.h"
-#include "vemoview/render/vtk/CanvasResources.h"
+#include "vemoview/render/resources/CanvasResources.h"
 #include "vemoview/render/vtk/MeshActor.h"
 #include "vemoview/render/vtk/PropGroup.h"
 #include "vemoview/render/vtk/Screen.h"

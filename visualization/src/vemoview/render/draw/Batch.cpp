@@ -1,7 +1,7 @@
 #include "vemoview/render/draw/Batch.h"
 
 #include "vemoview/render/draw/MeshProps.h"
-#include "vemoview/render/vtk/CanvasResources.h"
+#include "vemoview/render/resources/CanvasResources.h"
 
 #include <algorithm>
 #include <utility>

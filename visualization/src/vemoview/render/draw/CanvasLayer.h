@@ -4,8 +4,8 @@
 #include "vemoview/render/decorations/Decorations.h"
 #include "vemoview/render/draw/Batch.h"
 #include "vemoview/render/draw/PropBudget.h"
+#include "vemoview/render/resources/CanvasResources.h"
 #include "vemoview/render/vtk/CanvasCameras.h"
-#include "vemoview/render/vtk/CanvasResources.h"
 #include <vemo/resolve/Pick.h>
 #include <vemo/resolve/ResolvedScene.h>
 

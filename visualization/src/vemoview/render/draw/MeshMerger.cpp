@@ -5,7 +5,7 @@
 #include "geometry/NewArray.h"
 #include "vemoview/render/draw/DrawnAppearance.h"
 #include "vemoview/render/draw/MeshScalars.h"
-#include "vemoview/render/vtk/LookupTables.h"
+#include "vemoview/render/resources/LookupTables.h"
 #include <vemo/geometry/CellKind.h>
 
 #include <vtkCellArray.h>

@@ -4,7 +4,7 @@
 #include "geometry/drawing/ContourEdges.h"
 #include "vemoview/render/draw/MeshMerger.h"
 #include "vemoview/render/draw/RenderMesh.h"
-#include "vemoview/render/vtk/CanvasResources.h"
+#include "vemoview/render/resources/CanvasResources.h"
 #include "vemoview/render/vtk/ClippedInput.h"
 #include "vemoview/render/vtk/Matrix.h"
 #include "vemoview/render/vtk/MeshActor.h"

@@ -18,7 +18,7 @@ namespace vemo {
 struct PropLimits {
   /// About what a mapper, and an actor with its property, take.
   static constexpr std::uint64_t MAPPER = 32'000;
-  static constexpr std::uint64_t ACTOR = 5'000;
+  static constexpr std::uint64_t ACTOR = 3'500;
   /// A point and a corner of a merged mesh.
   static constexpr std::uint64_t POINT = 28;
   static constexpr std::uint64_t CORNER = 8;

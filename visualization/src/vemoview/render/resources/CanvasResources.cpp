@@ -1,4 +1,4 @@
-#include "vemoview/render/vtk/CanvasResources.h"
+#include "vemoview/render/resources/CanvasResources.h"
 
 #include "vemoview/common/VtkForms.h"
 #include "vemoview/render/vtk/CanvasRenderer.h"

@@ -1,4 +1,4 @@
-#include "vemoview/render/vtk/Textures.h"
+#include "vemoview/render/resources/Textures.h"
 
 #include <vemo/resolve/Decoration.h>
 

@@ -1,4 +1,4 @@
-#include "vemoview/render/vtk/Contours.h"
+#include "vemoview/render/resources/Contours.h"
 
 #include "geometry/drawing/ContourEdges.h"
 

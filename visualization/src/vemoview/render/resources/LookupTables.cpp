@@ -1,4 +1,4 @@
-#include "vemoview/render/vtk/LookupTables.h"
+#include "vemoview/render/resources/LookupTables.h"
 
 #include "vemoview/common/VtkForms.h"
 

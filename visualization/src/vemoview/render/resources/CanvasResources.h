@@ -1,10 +1,10 @@
 #pragma once
 
-#include "vemoview/render/vtk/Contours.h"
+#include "vemoview/render/resources/Contours.h"
+#include "vemoview/render/resources/LookupTables.h"
+#include "vemoview/render/resources/SharedMappers.h"
+#include "vemoview/render/resources/Textures.h"
 #include "vemoview/render/vtk/DrawQueue.h"
-#include "vemoview/render/vtk/LookupTables.h"
-#include "vemoview/render/vtk/SharedMappers.h"
-#include "vemoview/render/vtk/Textures.h"
 #include "vemoview/render/vtk/WidestLines.h"
 #include <vemo/render/Export.h>
 #include <vemo/resolve/ResolvedScene.h>
