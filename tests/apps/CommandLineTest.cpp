@@ -200,6 +200,22 @@ TEST_F(CommandLineTest, ReportsAFaultOnce) {
   }
 }
 
+TEST_F(CommandLineTest, PrintsNoValuesOutOfProportion) {
+  std::string sharing;
+  for (int i = 0; i < 400; ++i) {
+    sharing += geometry("points='p' name='" + std::to_string(i) + "'");
+  }
+  ArchiveBuilder()
+      .text("scene.xml", sceneXml(sharing))
+      .floats("p", std::vector<float>(300'000))
+      .write(_folder / "shared.zip");
+  EXPECT_EQ(run({"info", "--json", "shared.zip"}).exitCode, 0);
+  const ProgramResult refused = run({"info", "--values", "shared.zip"});
+  EXPECT_EQ(refused.exitCode, 5);
+  EXPECT_EQ(refused.out, "");
+  EXPECT_THAT(refused.err, HasSubstr("out of proportion"));
+}
+
 TEST_F(CommandLineTest, ConvertsToStandardOutput) {
   for (const char* output : {"-", "/dev/stdout"}) {
     const ProgramResult result = run({"convert", "scene.zip", output});
