@@ -477,6 +477,19 @@ TEST(ScenePictureTest, FitsTheModelOrAnItemFromAStandardView) {
   EXPECT_THROW(renderPicture(scene.node(), options), NothingToFit);
 }
 
+TEST(ScenePictureTest, FitsASinglePoint) {
+  using Mode = lum::CameraAttributes::ProjectionMode;
+  RenderScene scene;
+  auto& point = scene.add<lum::PointSphereDrawable>(makePolyData({{50, 0, 0}}, {.verts = {{0}}}), {1, 1, 1});
+  for (const Mode mode : {Mode::PARALLEL, Mode::PERSPECTIVE}) {
+    scene.canvas().getCameraAttributes().setProjectionMode(mode);
+    const PixelBox box =
+        inkOn(renderPicture(scene.node(), {.width = SIZE, .height = SIZE, .fitted = {&point}}), BLACK);
+    EXPECT_GT(box.count, 0);
+    EXPECT_NEAR((box.left + box.right) / 2.0, SIZE / 2.0, 2);
+  }
+}
+
 TEST(ScenePictureTest, FitsInPerspectiveToo) {
   RenderScene scene;
   // Two sides of a bar.
