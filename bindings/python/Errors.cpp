@@ -92,7 +92,8 @@ void rethrowAsPython(const WorkFiles& files) {
   } catch (const Exception& exception) {
     raise(classOf(exception), describe(exception), files.source, findingOf(exception));
   } catch (const InternalError& error) {
-    raise("ItemError", error.getMessage(), files.source, findingOf(error));
+    const Finding fault = findingOf(error);
+    raise("ItemError", fault.text, files.source, fault);
   } catch (const lum::io::FileError& error) {
     raise(error, files);
   } catch (const RenderingUnavailable& error) {

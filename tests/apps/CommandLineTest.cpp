@@ -13,6 +13,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
+#include <utility>
 
 namespace vemo {
 
@@ -122,6 +123,9 @@ TEST_F(CommandLineTest, ReadsStandardInput) {
   EXPECT_EQ(result.exitCode, 3);
   EXPECT_EQ(result.err, "vemoscene: Unknown file format \"standard input\"\n");
   expectNoTemporaryFiles();
+  fs::remove(_folder / ".in");
+  fs::create_directory(_folder / ".in");
+  EXPECT_THAT(run({"info", "-"}).err, HasSubstr("Standard input cannot be read"));
 }
 
 TEST_F(CommandLineTest, AnswersInTheWordsOfTheParser) {
@@ -218,6 +222,22 @@ TEST_F(CommandLineTest, ReportsAFaultOnce) {
   }
 }
 
+TEST_F(CommandLineTest, PrintsNoValuesOutOfProportion) {
+  std::string sharing;
+  for (int i = 0; i < 400; ++i) {
+    sharing += geometry("points='p' name='" + std::to_string(i) + "'");
+  }
+  ArchiveBuilder()
+      .text("scene.xml", sceneXml(sharing))
+      .floats("p", std::vector<float>(300'000))
+      .write(_folder / "shared.zip");
+  EXPECT_EQ(run({"info", "--json", "shared.zip"}).exitCode, 0);
+  const ProgramResult refused = run({"info", "--values", "shared.zip"});
+  EXPECT_EQ(refused.exitCode, 5);
+  EXPECT_EQ(refused.out, "");
+  EXPECT_THAT(refused.err, HasSubstr("out of proportion"));
+}
+
 TEST_F(CommandLineTest, ConvertsToStandardOutput) {
   for (const char* output : {"-", "/dev/stdout"}) {
     const ProgramResult result = run({"convert", "scene.zip", output});
@@ -243,6 +263,8 @@ TEST_F(CommandLineTest, DrawsOrReportsMissingOpenGl) {
   EXPECT_TRUE(readFile(_folder / "again.png") == picture);
   EXPECT_EQ(run({"render", "scene.sdb", "-", "--size", "128"}).out.substr(16, 8),
             std::string("\0\0\0\x80\0\0\0\x60", 8));
+  EXPECT_EQ(run({"render", "scene.sdb", "-", "--size", "1"}).out.substr(16, 8),
+            std::string("\0\0\0\x01\0\0\0\x01", 8));
   EXPECT_EQ(run({"render", "scene.zip", "-d", "pictures", "--format", "jpeg"}).exitCode, 0);
   EXPECT_TRUE(readFile(_folder / "pictures/scene.jpg").starts_with("\xFF\xD8\xFF"));
   EXPECT_TRUE(run({"render", "scene.zip", "-", "--format", "jpeg"}).out.starts_with("\xFF\xD8\xFF"));
@@ -288,6 +310,10 @@ TEST_F(CommandLineTest, ReportsResultsThatCannotBeWritten) {
   }
   EXPECT_EQ(run({"diff", "scene.sdb", "scene.zip"}, "/dev/full").exitCode, 2);
   expectNoTemporaryFiles();
+  // A folder in which nobody can make files.
+  const ProgramResult homeless = ProgramRun({"convert", "scene.zip", "-"}, _folder.path(), "/proc").finish();
+  EXPECT_EQ(homeless.exitCode, 6);
+  EXPECT_THAT(homeless.err, HasSubstr("Cannot create a folder for temporary files in /proc"));
 }
 
 /// Starts commands that print to a pipe. Nobody reads it, so that they hang.
@@ -310,6 +336,9 @@ class HangingCommandTest : public CommandLineTest {
     EXPECT_GT(size, 0);
   }
 
+  /// Nobody can read it any more.
+  void closePipe() { close(std::exchange(_descriptor, -1)); }
+
   auto countTemporaryFolders() const { return countFiles(_temporary.path()); }
 
  private:
@@ -326,6 +355,28 @@ TEST_F(HangingCommandTest, LeavesNothingBehindWhenItIsTerminated) {
   run.sendSignal(SIGTERM);
   EXPECT_EQ(run.finish().exitCode, -SIGTERM);
   expectNoTemporaryFiles();
+}
+
+TEST_F(HangingCommandTest, EndsWithoutAWordWhenNobodyReadsItsResult) {
+  makeArchive(makeDescription("heat"), 50'000).write(_folder / "large.zip");
+  const ProgramRun run = start({"convert", "large.zip", "-"});
+  waitUntilItHangs();
+  closePipe();
+  const ProgramResult result = run.finish();
+  EXPECT_EQ(result.exitCode, 6);
+  EXPECT_EQ(result.err, "");
+  expectNoTemporaryFiles();
+}
+
+TEST_F(HangingCommandTest, GoesOnAfterSignalsThatItsParentIgnores) {
+  makeArchive(makeDescription("heat"), 50'000).write(_folder / "large.zip");
+  std::signal(SIGHUP, SIG_IGN);
+  const ProgramRun run = start({"convert", "large.zip", "-"});
+  std::signal(SIGHUP, SIG_DFL);
+  waitUntilItHangs();
+  run.sendSignal(SIGHUP);
+  closePipe();
+  EXPECT_EQ(run.finish().exitCode, 6) << "it ends because it cannot write";
 }
 
 TEST_F(HangingCommandTest, LeavesNoConvertedScenesBehindWhenItIsTerminated) {

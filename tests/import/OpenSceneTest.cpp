@@ -50,9 +50,13 @@ auto countLines(const std::vector<std::string>& log, const std::string& part) {
                                [&](const std::string& line) { return line.find(part) != std::string::npos; });
 }
 
-std::string messageFor(std::string_view bytes) {
+std::span<const std::byte> bytesOf(std::string_view text) {
+  return std::as_bytes(std::span(text));
+}
+
+std::string messageFor(const auto& content) {
   try {
-    openScene(std::as_bytes(std::span(bytes)));
+    openScene(content);
     return "opened";
   } catch (const lum::io::FileError& error) {
     return error.what();
@@ -76,12 +80,34 @@ TEST_F(OpenSceneTest, OpensFilesBytesAndStreamsOfBothGenerations) {
 TEST_F(OpenSceneTest, SaysWhyBytesAreNotAScene) {
   ArchiveBuilder().text("a/Scene.XML", "").write(_folder / "misnamed.zip");
   const std::string misnamed = readFile(_folder / "misnamed.zip");
-  EXPECT_EQ(messageFor(""), "Unknown file format");
-  EXPECT_THAT(messageFor("<scene/>"), testing::HasSubstr("It is XML"));
-  EXPECT_THAT(messageFor(misnamed), testing::HasSubstr("\"a/Scene.XML\""));
+  EXPECT_EQ(messageFor(bytesOf("")), "Unknown file format");
+  EXPECT_THAT(messageFor(bytesOf("<scene/>")), testing::HasSubstr("It is XML"));
+  EXPECT_THAT(messageFor(bytesOf(misnamed)), testing::HasSubstr("\"a/Scene.XML\""));
   const std::string bytes = readFile(database());
-  EXPECT_THAT(messageFor(std::string_view(bytes).substr(0, bytes.size() - 1)),
+  EXPECT_THAT(messageFor(bytesOf(std::string_view(bytes).substr(0, bytes.size() - 1))),
               testing::HasSubstr("The file is truncated"));
+}
+
+TEST_F(OpenSceneTest, SaysWhatKeepsAFileFromBeingOpened) {
+  std::filesystem::create_symlink("second", _folder / "first");
+  std::filesystem::create_symlink("first", _folder / "second");
+  EXPECT_THAT(messageFor(wide(_folder / "first")), testing::HasSubstr("Too many levels of symbolic links"));
+  EXPECT_THAT(messageFor(wide(_folder / "absent")), testing::HasSubstr("does not exist"));
+}
+
+// Its absolute path is longer than the system takes.
+TEST_F(OpenSceneTest, DoesNotDenyAFileInADeepFolder) {
+  const auto former = std::filesystem::current_path();
+  std::filesystem::current_path(_folder.path());
+  const std::string part(250, 'd');
+  for (int i = 0; i < 20; ++i) {
+    std::filesystem::create_directory(part);
+    std::filesystem::current_path(part);
+  }
+  std::ofstream("scene.zip") << "content";
+  const std::string message = messageFor(std::wstring(L"scene.zip"));
+  std::filesystem::current_path(former);
+  EXPECT_THAT(message, testing::HasSubstr("File name too long"));
 }
 
 TEST_F(OpenSceneTest, ProgressRisesToOne) {

@@ -6,6 +6,7 @@
 #include "support/GraphText.h"
 #include "support/Nodes.h"
 #include <vemo/import/OpenScene.h>
+#include <vemo/import/SceneAudit.h>
 #include <vemo/import/SceneConverter.h>
 #include <vemo/scenegraph/NodeRegistry.h>
 #include <vemo/scenegraph/drawables/SurfaceDrawable.h>
@@ -19,6 +20,8 @@
 namespace vemo {
 
 namespace {
+
+using namespace std::string_literals;
 
 class SceneConverterTest : public SceneFixture {
  protected:
@@ -44,6 +47,16 @@ class SceneConverterTest : public SceneFixture {
     for (std::size_t i = withoutArrays; i < payload.data.size(); ++i) {
       _archive.text("lum" + std::to_string(i), payload.data[i]);
     }
+  }
+
+  /// The findings about the archive, as "code: text | entry".
+  std::vector<std::string> audited() const {
+    const SceneAudit audit(archivePath());
+    std::vector<std::string> findings;
+    for (const Finding& finding : audit.getFindings()) {
+      findings.push_back(finding.getKind().name + ": " + finding.text + " | " + finding.entry);
+    }
+    return findings;
   }
 
   static int openSessions() {
@@ -97,6 +110,8 @@ TEST_F(SceneConverterTest, IgnoresDataThatDoesNotDecode) {
   _archive.text("lum_x", "no data").text("lum_y", "").text("Lum", "is none");
   run(sceneXml(""));
   EXPECT_EQ(std::ranges::count(takeLog(), "Error parsing data input stream!"), 2);
+  EXPECT_THAT(audited(), testing::IsSupersetOf({"stream-invalid: Not a data stream | lum_x"s,
+                                                "stream-invalid: Not a data stream | lum_y"s}));
   EXPECT_EQ(drawable<lum::SurfaceDrawable>("g").find<lum::PolyDataNode>()->getPolyData()->GetNumberOfPolys(),
             2);
 }
@@ -118,10 +133,13 @@ TEST_F(SceneConverterTest, NeedsExactlyOneSceneNode) {
   const auto two = make<lum::SceneNode>("two");
   addPayload({one.get(), two.get()});
   EXPECT_EQ(failureOf([&] { run(sceneXml("")); }), failure);
+  const std::string refusal = "item-invalid: Can not get a SceneNode from the scene: ";
+  EXPECT_EQ(audited().back(), refusal + "The scene graph has 2 scene nodes | scene.lum");
   _archive = ArchiveBuilder().text("scene.lum", "{}").text("lum", "x");
   takeLog();
   EXPECT_EQ(failureOf([&] { run(sceneXml("")); }), failure);
   EXPECT_FALSE(logHas(takeLog(), "Error parsing data input stream!")) << "data is skipped";
+  EXPECT_EQ(audited().back(), refusal + "Not a scene stream | scene.lum");
   EXPECT_EQ(openSessions(), sessions);
   EXPECT_FALSE(std::filesystem::exists(output()));
 }

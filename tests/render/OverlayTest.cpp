@@ -79,6 +79,19 @@ TEST_F(TextTest, IsFramedWithTheModel) {
   EXPECT_GT(countPixels(window.draw(), YELLOW, 40), 0);
 }
 
+TEST_F(TextTest, IsNotWrittenInLinesOfLessThanAPixel) {
+  EXPECT_EQ(inkOn(renderPicture(scene.node(), {.width = 4, .height = 4}), BLACK).count, 0);
+}
+
+TEST_F(TextTest, FillsNoMoreThanAFewPictures) {
+  attributes.setText(std::string(100, 'H'));
+  const int height = inkOn(renderPicture(scene.node(), {.width = 400, .height = 50}), BLACK).height();
+  style.setFontSize(1.0);
+  const int most = inkOn(renderPicture(scene.node(), {.width = 400, .height = 50}), BLACK).height();
+  EXPECT_GT(most, height);
+  EXPECT_LT(most, 25);
+}
+
 TEST_F(TextTest, IsWrittenAsItsStyleSays) {
   moveTo(0.1, 0.5);
   const Picture plain = scene.render();
@@ -108,6 +121,52 @@ TEST_F(TextTest, IsDrawnInFrontOfImages) {
   addImage(scene);
   write(scene.drawables().findOrCreate<lum::TextDrawable>("later"), 0x0000FFFF);
   EXPECT_GT(countPixels(scene.render(), {0, 0, 255}, 60), 50);
+}
+
+class TriadTest : public testing::Test {
+ protected:
+  TriadTest() {
+    drawable.getTextAttributes().setForegroundColor(YELLOW_RGBA);
+    attributes.setAxisLabelHeight(1.0);
+    attributes.setUseConstantPixelSize(true);
+  }
+
+  RenderScene scene;
+  lum::TriadDrawable& drawable = scene.drawables().findOrCreate<lum::TriadDrawable>("triad");
+  lum::TriadAttributes& attributes = drawable.getTriadAttributes();
+};
+
+TEST_F(TriadTest, LeavesItsAxesRoomBesideTheLabels) {
+  attributes.setXAxisLabelText("");
+  attributes.setYAxisLabelText("");
+  attributes.setZAxisLabelText("H");
+  const PixelBox label = boxOf(scene.render(), YELLOW, 40);
+  EXPECT_GT(label.height(), 0.08 * SIZE);
+  EXPECT_LT(label.height(), 0.16 * SIZE);
+}
+
+TEST_F(TriadTest, HidesNothingAtTheViewerAndIsNotSeenBehind) {
+  using Mode = lum::CameraAttributes::ProjectionMode;
+  scene.addSurface(makeRectangle(-0.1F, 0.1F, -0.1F, 0.1F), {1, 0, 0});
+  struct {
+    Mode mode;
+    double z;
+    bool hasScreenSize;
+    bool isSeen;
+  } const cases[] = {{Mode::PARALLEL, 0, true, true},        {Mode::PERSPECTIVE, 0, true, true},
+                     {Mode::PARALLEL, 9, true, false},       {Mode::PERSPECTIVE, 9, true, false},
+                     {Mode::PERSPECTIVE, 5, true, false},    {Mode::PARALLEL, 5.2, false, false},
+                     {Mode::PERSPECTIVE, 5.2, false, false}, {Mode::PERSPECTIVE, 4.5, false, false}};
+  for (const auto& [mode, z, hasScreenSize, isSeen] : cases) {
+    scene.canvas().getCameraAttributes().setProjectionMode(mode);
+    // Those of a size in the model have a label on the other side of the viewer.
+    drawable.getOrientationAttributes().setForwardVector({0, 0, z < 5 ? 1.0 : -1.0});
+    drawable.getPositionAttributes().setPosition({hasScreenSize ? 0.5 : 0.05, 0, z}, false);
+    attributes.setUseConstantPixelSize(hasScreenSize);
+    const Picture picture = scene.render();
+    EXPECT_EQ(countPixels(picture, YELLOW, 40) > 0, isSeen) << z;
+    EXPECT_TRUE(!hasScreenSize || countPixels(picture, {255, 0, 0}) > 100) << z;
+  }
 }
 
 TEST(ImageTest, KeepsFineLinesWhenItIsDrawnSmaller) {

@@ -4,6 +4,7 @@
 #include <vemo/base/InternalError.h>
 #include <vemo/render/RenderErrors.h>
 #include <vemo/resolve/CanvasCamera.h>
+#include <vemo/scenegraph/Logger.h>
 #include <vemo/scenegraph/edit/Items.h>
 #include <vemo/scenegraph/edit/View.h>
 
@@ -272,6 +273,22 @@ TEST(ScenePictureTest, IsEmptyWhenManyPlanesCutAllAway) {
   EXPECT_EQ(countPixels(scene.render(), BLACK), SIZE * SIZE);
 }
 
+// VTK says so when it gets more planes than it takes.
+TEST(ScenePictureTest, CutsByManyPlanesWithoutAWord) {
+  RenderScene scene;
+  scene.addSurface(makeRectangle(-1, 1, -1, 1), {1, 0, 0});
+  for (int i = 0; i < 9; ++i) {
+    scene.clip({1, 0, 0}, {0, 0, 0});
+  }
+  std::vector<std::string> log;
+  Logger::getSingleton().setFlags(Logger::ERROR_FLAG | Logger::WARNING_FLAG);
+  Logger::getSingleton().setSink([&log](const std::string& line) { log.push_back(line); });
+  const Picture picture = scene.render();
+  Logger::getSingleton().setSink(nullptr);
+  EXPECT_EQ(log, std::vector<std::string>());
+  EXPECT_EQ(boxOf(picture, RED).left, SIZE / 2);
+}
+
 TEST(ScenePictureTest, TransformsLeaveClippingPlanesWhereTheyAre) {
   RenderScene scene;
   setTransform<lum::SimpleTransform>(scene.drawables()).setTranslation({-0.5, 0, 0});
@@ -496,6 +513,19 @@ TEST(ScenePictureTest, FitsTheModelOrAnItemFromAStandardView) {
   EXPECT_NEAR(inkOn(renderPicture(scene.node(), options), BLACK).width(), 200, 2) << "a narrow picture";
   lum::setShown(square, false);
   EXPECT_THROW(renderPicture(scene.node(), options), NothingToFit);
+}
+
+TEST(ScenePictureTest, FitsASinglePoint) {
+  using Mode = lum::CameraAttributes::ProjectionMode;
+  RenderScene scene;
+  auto& point = scene.add<lum::PointSphereDrawable>(makePolyData({{50, 0, 0}}, {.verts = {{0}}}), {1, 1, 1});
+  for (const Mode mode : {Mode::PARALLEL, Mode::PERSPECTIVE}) {
+    scene.canvas().getCameraAttributes().setProjectionMode(mode);
+    const PixelBox box =
+        inkOn(renderPicture(scene.node(), {.width = SIZE, .height = SIZE, .fitted = {&point}}), BLACK);
+    EXPECT_GT(box.count, 0);
+    EXPECT_NEAR((box.left + box.right) / 2.0, SIZE / 2.0, 2);
+  }
 }
 
 TEST(ScenePictureTest, FitsInPerspectiveToo) {

@@ -123,6 +123,22 @@ TEST_F(VisibilityTest, KeepsTheCameraThatAUserTurned) {
   EXPECT_EQ(window.draw(), all);
 }
 
+TEST_F(VisibilityTest, CopiesTheViewOfASceneThatHasFewerCanvases) {
+  auto& over = scene.node().getForegroundCanvas().getDrawableCollection();
+  over.findOrCreate<lum::TextDrawable>().getAnnotationAttributes().setText("over the model");
+  SceneWindow more(scene);
+  RenderScene other;
+  other.addSurface(makeRectangle(-0.5F, 0.5F, -0.5F, 0.5F), {1, 0, 0});
+  SceneWindow fewer(other);
+  more.turn(30);
+  fewer.renderer.copyView(more.renderer);
+  const Picture turned = fewer.draw();
+  EXPECT_NE(turned, SceneWindow(other).draw());
+  more.renderer.copyView(fewer.renderer);
+  fewer.renderer.copyView(more.renderer);
+  EXPECT_EQ(fewer.draw(), turned);
+}
+
 TEST_F(VisibilityTest, ResetsToTheViewOfASceneWithoutACamera) {
   scene.canvas().getCameraAttributes().setPosition({0, 0, 0});
   // Its size in the model is that which the view gives it.

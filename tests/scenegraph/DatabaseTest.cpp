@@ -4,12 +4,16 @@
 #include "support/Nodes.h"
 #include "support/SampleGraphs.h"
 #include "support/TemporaryFolder.h"
+#include <vemo/scenegraph/drawables/PointSphereDrawable.h>
 #include <vemo/scenegraph/io/ArrayPool.h>
 #include <vemo/scenegraph/io/FileError.h>
 #include <vemo/scenegraph/io/SDBReader.h>
 #include <vemo/scenegraph/io/SDBWriter.h>
 
 #include <vtkDataArray.h>
+#include <vtkNew.h>
+#include <vtkPoints.h>
+#include <vtkPolyData.h>
 #include <vtkWeakPointer.h>
 
 #include <csignal>
@@ -100,6 +104,33 @@ TEST(DatabaseTest, RecordsShareTheirArrays) {
   const Ptr<lum::PolyDataNode> held(reader.readNode(0));
   static_cast<void>(reader.readNode(2));
   EXPECT_EQ(pointsOf(1), held->getPoints());
+}
+
+// Each use of an array takes time, and almost no bytes.
+TEST(DatabaseTest, RefusesRecordsThatUseArraysOutOfProportion) {
+  const TemporaryFolder folder;
+  const auto spheres = make<lum::PointSphereDrawable>();
+  const vtkNew<vtkPoints> points;
+  points->SetNumberOfPoints(1'000'000);
+  const vtkNew<vtkPolyData> mesh;
+  mesh->SetPoints(points);
+  for (int i = 0; i < 80; ++i) {
+    spheres->findOrCreate<lum::PolyDataNode>(std::to_string(i)).setPolyData(mesh);
+  }
+  SDBWriter writer;
+  int number = 0;
+  ASSERT_EQ(writer.open(wide(folder / "a.sdb"), false, false), FileIoStatus::Success);
+  for (int i = 0; i < 4; ++i) {
+    ASSERT_EQ(writer.addRecord("", "", "", *spheres, number), FileIoStatus::Success);
+  }
+  ASSERT_EQ(writer.close(), FileIoStatus::Success);
+  lum::SDBReader reader(wide(folder / "a.sdb"));
+  for (std::size_t i = 0; i < 3; ++i) {
+    EXPECT_NO_THROW(reader.readNode(0)) << "a record may be read any number of times";
+    EXPECT_NO_THROW(reader.readNode(i));
+  }
+  EXPECT_THROW(reader.readNode(3), lum::io::FileError);
+  EXPECT_FALSE(reader.checkRecord(3, {}).faults.empty());
 }
 
 /// Only arrays of a name and of the same bytes are shared, and damage is noticed

@@ -5,6 +5,7 @@
 #include "output/Messages.h"
 #include "output/ResultStream.h"
 #include "output/TreePrinter.h"
+#include "output/ValuesLimit.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/base/WidePath.h>
 #include <vemo/import/archive/ZipFileReader.h>
@@ -179,6 +180,9 @@ void printLine(std::ostream& out, const std::string& file, const Contents& conte
 
 void info(const std::string& file, const InfoArguments& options) {
   const Contents contents = load(file);
+  if (options.values) {
+    requireValuesInProportion(contents.scene);
+  }
   ResultStream out;
   if (options.json || options.values) {
     printJson(out, file, contents, options);

@@ -30,7 +30,8 @@ std::string describeWithPlace(const Exception& exception) {
 }
 
 std::string describeWithPlace(const InternalError& error) {
-  return describe(error.getMessage(), findingOf(error));
+  const Finding fault = findingOf(error);
+  return describe(fault.text, fault);
 }
 
 ExitCode report(ExitCode code, const std::string& message) {

@@ -133,6 +133,7 @@ void removeUncommittedFiles() {
 AtomicFile::AtomicFile(const std::filesystem::path& path, bool keepExisting)
     : _target(followLinks(path)), _keepExisting(keepExisting) {
   inspectTarget();
+  _folder = _place.parent_path();
   makeTemporary();
   keepOwner();
 }
@@ -167,7 +168,7 @@ void AtomicFile::inspectTarget() {
 
 void AtomicFile::makeTemporary() {
   // The replacement of a private file is private from its first byte on.
-  _temporary = std::make_unique<Temporary>(_place.parent_path(), _former ? 0600 : 0666);
+  _temporary = std::make_unique<Temporary>(_folder, _former ? 0600 : 0666);
   if (_temporary->isOpen()) {
     return;
   }
@@ -228,7 +229,7 @@ void AtomicFile::commit() {
 // Errors are ignored: the file is in place, and not every file system can sync a
 // folder.
 void AtomicFile::syncFolder() const {
-  const int folder = ::open(_place.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  const int folder = ::open(_folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (folder >= 0) {
     ::fsync(folder);
     ::close(folder);

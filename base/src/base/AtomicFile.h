@@ -59,6 +59,8 @@ class VEMO_BASE_EXPORT AtomicFile {
   std::filesystem::path _target;
   /// The same, still valid when the working folder changes.
   std::filesystem::path _place;
+  /// Kept: once the file is in place, nothing may fail, not even for want of memory.
+  std::filesystem::path _folder;
   /// Of the target; none when it does not exist.
   std::optional<struct stat> _former;
   bool _keepExisting;

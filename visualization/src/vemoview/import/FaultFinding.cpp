@@ -42,8 +42,13 @@ Finding findingOf(const Exception& exception) {
 Finding findingOf(const Error& error) {
   const Properties& place = error.getProperties();
   const std::string& line = place.get("sceneLine");
-  return {FindingCode::ITEM_INVALID, replaceBreaks(error.getMessage(), ' '), place.get("entry"),
-          place.get("itemPath"),     line.empty() ? 0 : std::stoi(line),     place.get("attribute")};
+  const std::string& cause = place.get("cause");
+  return {FindingCode::ITEM_INVALID,
+          replaceBreaks(error.getMessage(), ' ') + (cause.empty() ? "" : ": " + cause),
+          place.get("entry"),
+          place.get("itemPath"),
+          line.empty() ? 0 : std::stoi(line),
+          place.get("attribute")};
 }
 
 }  // namespace vemo

@@ -47,6 +47,14 @@ class ArrayBinder {
     return page < _pages.size() && !_pages[page].empty() && _pages[page][chunk % PAGE_SIZE].isThere;
   }
 
+  /// Calls a function with the chunk of each use by a node.
+  template <class Visit>
+  void forEachUse(Visit&& visit) const {
+    for (const Use& use : _uses) {
+      visit(use.chunk);
+    }
+  }
+
   /// Takes an array. What is wrong with the first of the nodes that are
   /// complete now; empty when nothing is.
   std::string provide(std::size_t chunk, vtkDataArray& array);

@@ -24,6 +24,11 @@ namespace lum {
 
 namespace {
 
+/// What the nodes of all records together may have of arrays: those that many of them share
+/// take time for each, and no bytes of the file.
+constexpr std::uint64_t ARRAY_BYTES = std::uint64_t{2} << 30U;
+constexpr std::uint64_t ARRAY_BYTES_PER_BYTE = 100;
+
 /// Opens a regular file: opening a pipe would block.
 std::ifstream openFile(const std::string& path) {
   // The system would take the path up to the zero.
@@ -87,6 +92,7 @@ class SDBReader::Database {
     if (_arrayFilter) {
       binder.filter(_arrayFilter);
     }
+    countArrays(record, binder);
     const std::vector<std::size_t> expected = binder.getExpected();
     keepOnly(expected);
     for (const std::size_t chunk : expected) {
@@ -104,6 +110,7 @@ class SDBReader::Database {
     io::ArrayBinder binder;
     const Ptr<Node> root = decode(record, binder, NO_SESSION);
     bool isWhole = true;
+    countArrays(record, binder);
     const std::vector<std::size_t> expected = binder.getExpected();
     keepOnly(expected);
     for (const std::size_t chunk : expected) {
@@ -124,19 +131,41 @@ class SDBReader::Database {
  private:
   /// All records of a file may be read together, and each any number of times.
   Ptr<Node> decode(std::size_t record, io::ArrayBinder& binder, int sessionId) {
-    std::uint64_t& used = _usedByRecord[record];
-    _used -= std::exchange(used, 0);
+    std::uint64_t& used = _usedByRecord[record].content;
+    _used.content -= std::exchange(used, 0);
     io::ContentBudget budget = _index.getBudget();
-    budget.use(_used);
+    budget.use(_used.content);
     const std::uint64_t before = budget.getUsed();
     io::GraphDecoder decoder(_index.getTables(), binder, budget, sessionId);
     const std::string_view graph = _index.getRecords()[record].graph;
     Ptr<Node> root = decoder.decode(graph);
     _progress.advance(graph.size());
     used = budget.getUsed() - before;
-    _used += used;
+    _used.content += used;
     _unknown.report(_index.getTables(), decoder.getNodeCounts());
     return root;
+  }
+
+  /// A file of one record has as much as its scene needs.
+  void countArrays(std::size_t record, const io::ArrayBinder& binder) {
+    if (_index.getRecords().size() == 1) {
+      return;
+    }
+    std::uint64_t& used = _usedByRecord[record].arrays;
+    _used.arrays -= std::exchange(used, 0);
+    const std::uint64_t allowed = ARRAY_BYTES + ARRAY_BYTES_PER_BYTE * _source.getSize();
+    binder.forEachUse([&](std::size_t chunk) {
+      const std::uint64_t bytes = _index.getTables().getChunks()[chunk].bytes();
+      used += bytes;
+      _used.arrays += bytes;
+      if (_used.arrays > allowed) {
+        throw io::FileError(
+            io::FileIoStatus::ReadError,
+            fmt::format("The records use the same arrays for more than {} bytes, which is out of "
+                        "proportion to the file",
+                        allowed));
+      }
+    });
   }
 
   /// Lets go the arrays of the record before that this one does not use.
@@ -205,9 +234,15 @@ class SDBReader::Database {
   std::ifstream _file;
   io::InputSource _source;
   io::DatabaseIndex _index;
-  // Of the budget, by records that were read, and in all.
-  std::unordered_map<std::size_t, std::uint64_t> _usedByRecord;
-  std::uint64_t _used = 0;
+  struct Used {
+    /// Of the budget.
+    std::uint64_t content = 0;
+    /// Of arrays, as often as nodes have them.
+    std::uint64_t arrays = 0;
+  };
+  // By records that were read, and in all.
+  std::unordered_map<std::size_t, Used> _usedByRecord;
+  Used _used;
   io::UnknownParts _unknown;
   // By number: those that somebody has, and those of the record that was read last.
   std::unordered_map<std::size_t, vtkWeakPointer<vtkDataArray>> _known;

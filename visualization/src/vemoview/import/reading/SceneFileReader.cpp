@@ -79,6 +79,17 @@ bool SceneFileReader::startPart(const QxElement& geometry) {
   return false;
 }
 
+std::vector<std::string> SceneFileReader::getPayloadEntries() const {
+  std::vector<std::string> entries;
+  for (int i = 0; i < getArchive().getEntryCount(); ++i) {
+    const std::string name = getArchive().getEntryName(i);
+    if (name.starts_with(LUM_ENTRY_PREFIX)) {
+      entries.push_back(name);
+    }
+  }
+  return entries;
+}
+
 void SceneFileReader::addEntriesOf(const QxElement& element, std::set<std::string>& names) const {
   walkDescription(element, [&](const PlacedElement& place) {
     for (const QxElement::Attribute& attribute : place.element->getAttributes()) {

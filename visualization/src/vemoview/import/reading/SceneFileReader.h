@@ -66,6 +66,8 @@ class SceneFileReader : public ArchiveReader, public ReadingContext {
   const std::vector<Part>& getParts() const { return _parts; }
   /// Whether the archive has a scene graph of its own, which replaces that of the items.
   bool hasPayload() const { return getArchive().getSize(LUM_SCENE_ENTRY) > 0; }
+  /// The entries with the arrays of that scene graph, in the order in which they are read.
+  std::vector<std::string> getPayloadEntries() const;
 
   /// The shares of the time that an import takes: until the description is read, the
   /// entries are read, and the items are converted.

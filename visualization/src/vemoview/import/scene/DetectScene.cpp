@@ -29,7 +29,7 @@ using lum::io::FileError;
 using lum::io::FileIoStatus;
 
 [[noreturn]] void failToOpen(const std::string& file, int error) {
-  if (error == ENOENT || error == ENOTDIR || error == ELOOP || error == ENAMETOOLONG) {
+  if (error == ENOENT || error == ENOTDIR) {
     throw FileError(FileIoStatus::NotFound, fmt::format("File \"{}\" does not exist", file));
   }
   throw FileError(FileIoStatus::ReadError,
@@ -134,7 +134,8 @@ SceneKind detectScene(const std::wstring& path) {
     case SceneFormatHandler::SceneDatabase:
       return SceneKind::DATABASE;
     case SceneFormatHandler::FileMissing:
-      failToOpen(file, ENOENT);
+      // The absolute path may be too long, also of a file that is there.
+      failToOpen(file, errno != 0 ? errno : ENOENT);
     case SceneFormatHandler::FileUnreadable:
       failToOpen(file, errno != 0 ? errno : EACCES);
     case SceneFormatHandler::UnknownFormat:

@@ -11,12 +11,14 @@
 #include <vemo/scenegraph/NodeRegistry.h>
 #include <vemo/scenegraph/canvas/BackgroundAttributes.h>
 #include <vemo/scenegraph/canvas/CanvasPositionAttributes.h>
+#include <vemo/scenegraph/io/FileError.h>
 #include <vemo/scenegraph/io/NodeInputStream.h>
 #include <vemo/scenegraph/io/SceneGraphReader.h>
 
 #include <fmt/format.h>
 #include <map>
 #include <utility>
+#include <vector>
 
 namespace vemo {
 
@@ -32,16 +34,33 @@ void reportDamage(const std::string& text) {
   reportFinding(FindingCode::PAYLOAD_DAMAGED, text);
 }
 
+/// Calls a function; what it reports is about an entry of the archive.
+template <class Function>
+void reportAbout(const std::string& entry, ReadingContext& context, Function&& function) {
+  std::vector<Finding> findings;
+  {
+    const FindingCapture capture(findings);
+    function();
+  }
+  for (Finding& finding : findings) {
+    finding.entry = entry;
+    context.report(std::move(finding));
+  }
+}
+
 /// Releases each data file once it is decoded: arrays may take most of the memory.
-void decodeDataFiles(Scene& scene, lum::NodeInputStream& nodes, lum::SceneGraphReader& reader) {
+void decodeDataFiles(Scene& scene, lum::NodeInputStream& nodes, SceneFileReader& context) {
+  lum::SceneGraphReader reader(nodes);
   std::size_t damaged = 0;
-  while (!scene.getLUMDataFiles().empty()) {
+  for (const std::string& entry : context.getPayloadEntries()) {
     const ArrayOwner<unsigned char> file = scene.takeLUMDataFile();
     MemoryStream dataStream(bytesOf(file.get()));
-    if (!reader.loadVtkDataFromInputStream(dataStream)) {
-      VEMO_LOG_ERROR("Error parsing data input stream!");
-      ++damaged;
-    }
+    reportAbout(entry, context, [&] {
+      if (!reader.loadVtkDataFromInputStream(dataStream)) {
+        VEMO_LOG_INFO("Error parsing data input stream!");
+        ++damaged;
+      }
+    });
   }
   const std::size_t missing = nodes.getMissingArrayCount();
   if (missing > damaged) {
@@ -51,27 +70,33 @@ void decodeDataFiles(Scene& scene, lum::NodeInputStream& nodes, lum::SceneGraphR
   }
 }
 
-/// The scene node of the streams; empty when they hold none, or several.
-SceneNodePtr decodeStreams(Scene& scene, int session) {
-  lum::NodeInputStream nodes(session);
-  lum::SceneGraphReader reader(nodes);
-  MemoryStream sceneStream(bytesOf(scene.getLUMSceneFile()));
-  if (!reader.loadSceneFileFromInputStream(sceneStream)) {
-    return {};
-  }
-  decodeDataFiles(scene, nodes, reader);
-  const auto found = lum::NodeRegistry::getSingleton(session).getNodes(lum::SceneNode::getClassName());
-  return found.size() == 1 ? SceneNodePtr(found.front()) : SceneNodePtr();
+[[noreturn]] void failToDecode(const std::string& cause) {
+  InternalError error("Can not get a SceneNode from the scene", "sceneNode", __FILE__, __LINE__);
+  error.getProperties().set("cause", cause);
+  error.getProperties().set("entry", SceneFileReader::LUM_SCENE_ENTRY);
+  throw error;
 }
 
-SceneNodePtr decode(Scene& scene, int session) {
-  VEMO_LOG_INFO("\n\tparcing new, lum-based, format");
-  SceneNodePtr sceneNode;
-  if (scene.getLUMSceneFile().count != 0) {
-    sceneNode = decodeStreams(scene, session);
+void decodeScene(Scene& scene, lum::NodeInputStream& nodes, ReadingContext& context) {
+  MemoryStream stream(bytesOf(scene.getLUMSceneFile()));
+  try {
+    reportAbout(SceneFileReader::LUM_SCENE_ENTRY, context, [&] { nodes.readScene(stream); });
+  } catch (const lum::io::FileError& error) {
+    failToDecode(error.what());
   }
-  VEMO_REQUIRE(sceneNode, "Can not get a SceneNode from the scene");
-  return sceneNode;
+}
+
+/// The scene node of the streams, which must be the only one.
+SceneNodePtr decode(Scene& scene, int session, SceneFileReader& context) {
+  VEMO_LOG_INFO("\n\tparcing new, lum-based, format");
+  lum::NodeInputStream nodes(session);
+  decodeScene(scene, nodes, context);
+  decodeDataFiles(scene, nodes, context);
+  const auto found = lum::NodeRegistry::getSingleton(session).getNodes(lum::SceneNode::getClassName());
+  if (found.size() != 1) {
+    failToDecode(fmt::format("The scene graph has {} scene nodes", found.size()));
+  }
+  return SceneNodePtr(found.front());
 }
 
 void setUpCanvases(lum::SceneNode& sceneNode) {
@@ -172,7 +197,7 @@ lum::SceneNode& SceneImport::convert() {
   if (_scene->getLUMSceneFile().count != 0) {
     _reader.report(FindingCode::DESCRIPTION_REPLACED,
                    "The archive holds a scene graph, which is used instead of the items of the description");
-    _sceneNode = decode(*_scene, _session.open());
+    _sceneNode = decode(*_scene, _session.open(), _reader);
     if (_wantsPart && _sceneNode) {
       _parts = keepParts(*_sceneNode, _wantsPart);
     }

@@ -38,13 +38,10 @@ void readPayload(Scene& scene, SceneFileReader& reader) {
     reader.report(FindingCode::PAYLOAD_DAMAGED, "The scene graph in the archive is empty; the items are used",
                   SceneFileReader::LUM_SCENE_ENTRY);
   }
-  for (int i = 0; i < archive.getEntryCount(); ++i) {
-    const std::string name = archive.getEntryName(i);
-    if (name.starts_with(SceneFileReader::LUM_ENTRY_PREFIX)) {
-      ArrayOwner data(reader.readEntry(name));
-      scene.addLUMDataFile(data.get());
-      static_cast<void>(data.release());
-    }
+  for (const std::string& name : reader.getPayloadEntries()) {
+    ArrayOwner data(reader.readEntry(name));
+    scene.addLUMDataFile(data.get());
+    static_cast<void>(data.release());
   }
 }
 
