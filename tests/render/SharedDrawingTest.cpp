@@ -187,13 +187,13 @@ TEST(SharedDrawingTest, LimitsThePropsInProportionToTheScene) {
   const auto triangle = makePolyData(flat({0, 0, 1, 0, 0, 1}), {.polys = {{0, 1, 2}}});
   addTriangles(scene, triangle, 500);
   EXPECT_NO_THROW(requireDrawable(resolveScene(scene.node())));
-  addTriangles(scene, triangle, 3000);
+  addTriangles(scene, triangle, 5000);
   try {
     requireDrawable(resolveScene(scene.node()));
     FAIL() << "it is drawn";
   } catch (const SceneTooLarge& error) {
     EXPECT_THAT(error.what(), testing::HasSubstr("parts that look different or cover each other, such as "
-                                                 "\"collection 3499\", would take"));
+                                                 "\"collection 5499\", would take"));
   }
   EXPECT_THROW(renderPicture(scene.node(), {8, 8}), SceneTooLarge);
 }
@@ -210,7 +210,7 @@ TEST(SharedDrawingTest, DrawsAPartAThousandTimes) {
 TEST(SharedDrawingTest, BatchesThatDoNotFitAreNotCounted) {
   SceneBuilder scene;
   const auto triangle = makePolyData(flat({0, 0, 1, 0, 0, 1}), {.polys = {{0, 1, 2}}});
-  addTriangles(scene, triangle, 3000);
+  addTriangles(scene, triangle, 5000);
   const auto batches = groupIntoBatches(meshesOf(scene));
   PropBudget budget;
   EXPECT_THROW(budget.add(batches, 0), SceneTooLarge);
@@ -220,7 +220,7 @@ TEST(SharedDrawingTest, BatchesThatDoNotFitAreNotCounted) {
 /// Beyond those of the hardware, each instance is cut by itself.
 TEST(SharedDrawingTest, CountsInstancesThatAreCutByManyPlanes) {
   SceneBuilder scene;
-  repeat(scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 0, 0}), {2, 0, 0}, 5000);
+  repeat(scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 0, 0}), {2, 0, 0}, 10000);
   const auto batches = groupIntoBatches(meshesOf(scene));
   EXPECT_NO_THROW(PropBudget().add(batches, 6));
   EXPECT_THROW(PropBudget().add(batches, 7), SceneTooLarge);

@@ -26,7 +26,7 @@ struct PropLimits {
   static constexpr std::uint64_t ITEM = 250;
 
   /// Of any scene, and for each byte that it has.
-  static constexpr std::uint64_t PROPS = 56U << 20U;
+  static constexpr std::uint64_t PROPS = 256U << 20U;
   static constexpr std::uint64_t PROPS_PER_BYTE = 8;
 };
 
