@@ -109,7 +109,8 @@ MeshActor::Layer layerOf(const RenderMesh& mesh) {
   if (mesh.isEdges) {
     return MeshActor::Layer::EDGES;
   }
-  return mesh.appearance.kind == Appearance::Kind::SURFACE ? MeshActor::Layer::FACES : MeshActor::Layer::LINES;
+  return mesh.appearance.kind == Appearance::Kind::SURFACE ? MeshActor::Layer::FACES
+                                                           : MeshActor::Layer::LINES;
 }
 
 vtkSmartPointer<MeshActor> makeActor(const RenderMesh& mesh, const InstanceTransform* transform) {
