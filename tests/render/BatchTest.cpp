@@ -16,14 +16,8 @@ using Change = std::function<void(lum::SurfaceDrawable&)>;
 
 void plain(lum::SurfaceDrawable&) {}
 
-auto& mesh(lum::SurfaceDrawable& surface) {
-  return surface.getAttributes<lum::MeshAttributes>();
-}
 auto& material(lum::SurfaceDrawable& surface) {
   return surface.getAttributes<lum::MaterialAttributes>();
-}
-auto& lines(lum::SurfaceDrawable& surface) {
-  return surface.getAttributes<lum::LineAttributes>();
 }
 
 /// As many surfaces as are drawn in one batch in the left half, and as many in
@@ -36,7 +30,7 @@ Picture draw(const Change& left, const Change& right) {
   const auto add = [&](vtkPolyData* geometry, const Change& change) {
     geometry->GetPointData()->AddArray(makeArray("s", {0, 0, 1, 1}));
     auto& surface = scene.addSurface(geometry, {0.4, 0.1, 0.1});
-    mesh(surface).setMeshVisible(true, false);
+    edgesOf(surface).setMeshVisible(true, false);
     material(surface).setSpecular(0.3);
     material(surface).setSpecularPower(4);
     change(surface);
@@ -74,7 +68,7 @@ TEST(BatchTest, KeepsWhatIsDrawnDifferentlyApart) {
     Change change;
     Change other = plain;
   } const cases[] = {
-      {"line width", [](auto& surface) { lines(surface).setLineWidth(3); }},
+      {"line width", [](auto& surface) { linesOf(surface).setLineWidth(3); }},
       {"specular", [](auto& surface) { material(surface).setSpecular(0.9); }},
       {"specular power", [](auto& surface) { material(surface).setSpecularPower(40); }},
       {"ambient", [](auto& surface) { material(surface).setAmbient(0.9); }},
@@ -82,13 +76,13 @@ TEST(BatchTest, KeepsWhatIsDrawnDifferentlyApart) {
       {"clipping", [](auto& surface) { surface.getBaseAttributes().setClipPlanesEnabled(false); }},
       {"a contour, without edges",
        [](auto& surface) {
-         mesh(surface).setMeshVisible(false, false);
+         edgesOf(surface).setMeshVisible(false, false);
          surface.template getAttributes<lum::ContourAttributes>().setContourVisible(true);
        },
-       [](auto& surface) { mesh(surface).setMeshVisible(false, false); }},
+       [](auto& surface) { edgesOf(surface).setMeshVisible(false, false); }},
       {"edge colour",
        [](auto& surface) {
-         mesh(surface).setMeshColor({0, 0, 1});
+         edgesOf(surface).setMeshColor({0, 0, 1});
        }},
       {"faces",
        [](auto& surface) { surface.template getAttributes<lum::SurfaceAttributes>().setShaded(false); }},
@@ -166,7 +160,7 @@ TEST(BatchTest, LeavesContoursSizesAndOrderToEachMesh) {
       scale.setMapToRange({0.1, 0.1});
       scale.setPixelSize(false);
     }
-    lines(addTile(-0.2F, {0, 0, 1})).setLineWidth(2);
+    linesOf(addTile(-0.2F, {0, 0, 1})).setLineWidth(2);
     addTile(-0.2F, {1, 0, 0});
     return scene.render();
   };
@@ -183,8 +177,8 @@ TEST(BatchTest, MergesMeshesApartFromEachOtherInAnyOrder) {
     const int row = place / 50;
     const auto y = static_cast<float>(row);
     auto& tile = scene.addSurface(makeRectangle(x, x + 0.5F, y, y + 0.5F), {1, 0, 0});
-    lines(tile).setLineWidth(1 + i % 20);
-    mesh(tile).setMeshVisible(true, false);
+    linesOf(tile).setLineWidth(1 + i % 20);
+    edgesOf(tile).setMeshVisible(true, false);
   }
   EXPECT_EQ(groupIntoBatches(resolveScene(scene.node()).canvases.at(0).meshes).size(), 20U);
 }

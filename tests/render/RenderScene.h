@@ -17,6 +17,13 @@ class RenderScene : public SceneBuilder {
   Picture render() const { return renderPicture(node(), {SIZE, SIZE}); }
 };
 
+inline lum::MeshAttributes& edgesOf(lum::SurfaceDrawable& surface) {
+  return surface.getAttributes<lum::MeshAttributes>();
+}
+inline lum::LineAttributes& linesOf(lum::SurfaceDrawable& surface) {
+  return surface.getAttributes<lum::LineAttributes>();
+}
+
 /// The pixel at model coordinates of a RenderScene.
 inline Picture::Pixel at(const Picture& picture, double x, double y) {
   return picture.at(static_cast<int>((x + 1) / 2 * SIZE), static_cast<int>((1 - y) / 2 * SIZE));

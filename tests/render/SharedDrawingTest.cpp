@@ -29,13 +29,6 @@ namespace vemo {
 
 namespace {
 
-auto& edges(lum::SurfaceDrawable& surface) {
-  return surface.getAttributes<lum::MeshAttributes>();
-}
-auto& lines(lum::SurfaceDrawable& surface) {
-  return surface.getAttributes<lum::LineAttributes>();
-}
-
 /// At a place of its own.
 lum::SurfaceDrawable& addAt(SceneBuilder& scene, vtkPolyData* geometry, double x,
                             const Vector3& color = {1, 0, 0}) {
@@ -63,7 +56,7 @@ TEST(SharedDrawingTest, GeometriesOfOneMeshHaveOneMapper) {
   const auto geometry = makeRectangle(0, 1, 0, 1);
   addAt(scene, geometry, 0);
   addAt(scene, geometry, 2, {0, 1, 0});
-  lines(addAt(scene, geometry, 4)).setLineWidth(3);
+  linesOf(addAt(scene, geometry, 4)).setLineWidth(3);
   addAt(scene, geometry, 6).getAttributes<lum::MaterialAttributes>().setSpecular(0.5);
   addAt(scene, makeRectangle(0, 1, 0, 1), 8);
   const auto mappers = mappersOf(scene);
@@ -79,7 +72,7 @@ TEST(SharedDrawingTest, EdgesAndContoursOfOneMeshHaveOneMapperEach) {
   const auto geometry = makeRectangle(0, 1, 0, 1);
   for (const double x : {0.0, 2.0}) {
     auto& surface = addAt(scene, geometry, x);
-    edges(surface).setMeshVisible(true, false);
+    edgesOf(surface).setMeshVisible(true, false);
     surface.getAttributes<lum::ContourAttributes>().setContourVisible(true);
   }
   const auto mappers = mappersOf(scene);
@@ -102,8 +95,8 @@ TEST(SharedDrawingTest, GeometriesOfOneMeshLookAsIfTheyHadTheirOwn) {
     const auto geometry = [&] { return isShared ? shared : makeBar(); };
     addAt(scene, geometry(), 0, {1, 0, 0});
     auto& wide = addAt(scene, geometry(), 0.45, {0, 0, 1});
-    edges(wide).setMeshVisible(true, false);
-    lines(wide).setLineWidth(5);
+    edgesOf(wide).setMeshVisible(true, false);
+    linesOf(wide).setLineWidth(5);
     const std::vector<double> colors{1, 0, 0, 1, 0, 1, 0, 1};
     auto& table = colorByArray(addAt(scene, geometry(), 0.9), "s", lum::DataLocation::POINTS, colors);
     table.setScalarRange({0, 2});
@@ -154,8 +147,8 @@ TEST(SharedDrawingTest, WhatIsNotSeenDividesNoBatch) {
   for (int i = 0; i < 20; ++i) {
     const auto x = static_cast<float>(i);
     auto& surface = scene.addSurface(makeRectangle(x, x + 0.5F, 0, 1), {1, 0, 0});
-    lines(surface).setLineWidth(1 + i);
-    edges(surface).setMeshColor({0.01 * i, 0, 0});
+    linesOf(surface).setLineWidth(1 + i);
+    edgesOf(surface).setMeshColor({0.01 * i, 0, 0});
   }
   EXPECT_EQ(groupIntoBatches(meshesOf(scene)).size(), 1U);
 }
@@ -177,8 +170,8 @@ TEST(SharedDrawingTest, MergesNoLargeMeshThatIsShared) {
 void addTriangles(SceneBuilder& scene, vtkPolyData* triangle, int count) {
   for (int i = 0; i < count; ++i) {
     auto& surface = scene.addSurface(triangle, {1, 0, 0});
-    edges(surface).setMeshVisible(true, false);
-    lines(surface).setLineWidth(1 + 0.001 * i);
+    edgesOf(surface).setMeshVisible(true, false);
+    linesOf(surface).setLineWidth(1 + 0.001 * i);
   }
 }
 
