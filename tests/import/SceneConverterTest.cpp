@@ -116,6 +116,16 @@ TEST_F(SceneConverterTest, IgnoresDataThatDoesNotDecode) {
             2);
 }
 
+/// An audit goes on with what was read before.
+TEST_F(SceneConverterTest, AuditsASceneGraphOfWhichAnEntryCannotBeRead) {
+  convert(geometry("polys='quad'"));
+  addPayload({_sceneNode.get()});
+  _archive.text("lum_x", "no data").forge([](ArchiveBuilder::Entry& entry) { entry.flags |= 1; });
+  _archive.text("lum_y", "no data");
+  write(sceneXml(""));
+  EXPECT_THAT(audited(), testing::Contains(testing::EndsWith(" | lum_x")));
+}
+
 TEST_F(SceneConverterTest, ReportsArraysOfASceneGraphThatAreMissing) {
   convert(geometry("polys='quad'"));
   addPayload({_sceneNode.get()}, 2);

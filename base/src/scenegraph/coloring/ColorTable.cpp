@@ -105,6 +105,7 @@ class TableAdjuster {
   void adjustEnds() {
     if (!std::isfinite(high() - low())) {
       _table.range = {0.0, 1.0};
+      _cannotBeLogarithmic = true;
       note("has no finite range and gets the range from 0 to 1");
     } else if (low() > high()) {
       std::swap(low(), high());

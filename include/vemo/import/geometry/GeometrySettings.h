@@ -30,7 +30,7 @@ struct VEMO_IMPORT_EXPORT GeometrySettings {
   std::unique_ptr<Vector<3, double>> pointScaleScalarMapTo;
   std::string pointScaleScalarName;
   int pointScaleMode = 0;
-  /// Whether findings say that values of the two could not be read.
+  /// Which ends of the two, of which findings say that they could not be read.
   std::array<bool, 2> unknownScaleRange{};
   std::array<bool, 2> unknownScaleSizes{};
   /// Anything but 0: sizes are in pixels, and not in model units.

@@ -27,7 +27,7 @@ namespace {
 /// What the nodes of all records together may have of arrays: those that many of them share
 /// take time for each, and no bytes of the file.
 constexpr std::uint64_t ARRAY_BYTES = std::uint64_t{2} << 30U;
-constexpr std::uint64_t ARRAY_BYTES_PER_BYTE = 100;
+constexpr std::uint64_t ARRAY_BYTES_PER_BYTE = 1000;
 
 /// Opens a regular file: opening a pipe would block.
 std::ifstream openFile(const std::string& path) {
@@ -154,18 +154,17 @@ class SDBReader::Database {
     std::uint64_t& used = _usedByRecord[record].arrays;
     _used.arrays -= std::exchange(used, 0);
     const std::uint64_t allowed = ARRAY_BYTES + ARRAY_BYTES_PER_BYTE * _source.getSize();
-    binder.forEachUse([&](std::size_t chunk) {
-      const std::uint64_t bytes = _index.getTables().getChunks()[chunk].bytes();
-      used += bytes;
-      _used.arrays += bytes;
-      if (_used.arrays > allowed) {
-        throw io::FileError(
-            io::FileIoStatus::ReadError,
-            fmt::format("The records use the same arrays for more than {} bytes, which is out of "
-                        "proportion to the file",
-                        allowed));
-      }
-    });
+    std::uint64_t bytes = 0;
+    binder.forEachUse([&](std::size_t chunk) { bytes += _index.getTables().getChunks()[chunk].bytes(); });
+    if (_used.arrays + bytes > allowed) {
+      throw io::FileError(
+          io::FileIoStatus::ReadError,
+          fmt::format("The records use the same arrays for more than {} bytes, which is out of "
+                      "proportion to the file",
+                      allowed));
+    }
+    used = bytes;
+    _used.arrays += bytes;
   }
 
   /// Lets go the arrays of the record before that this one does not use.

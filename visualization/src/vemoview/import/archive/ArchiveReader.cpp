@@ -44,9 +44,12 @@ Array_t<unsigned char> ArchiveReader::loadEntry(const std::string& entryName,
   if (!_archive.isSizePossible(entryName)) {
     failIncomplete(entryName);
   }
+  const std::string failure = "Entry '" + entryName + "' cannot be read";
   _bytesRead += static_cast<std::uint64_t>(size);
-  _bytesReadAgain += isFirstUse ? 0 : static_cast<std::uint64_t>(size);
-  requireData("Entry '" + entryName + "' cannot be read", entryName);
+  requireData(failure, entryName);
+  if (!isFirstUse) {
+    addCopy(static_cast<std::uint64_t>(size), failure, entryName);
+  }
   // Not set to zero beforehand: the archive does so with what it does not fill.
   auto block = std::make_unique_for_overwrite<unsigned char[]>(static_cast<std::size_t>(size));
   OS::preferHugePages(block.get(), static_cast<std::size_t>(size));
@@ -82,8 +85,11 @@ std::vector<std::string> ArchiveReader::getUnusedEntries() const {
 
 void ArchiveReader::countNormals(std::int64_t count) {
   constexpr std::uint64_t BYTES = 3 * sizeof(float);
-  _normalBytes += BYTES * static_cast<std::uint64_t>(count);
-  requireData("Normals cannot be computed", "");
+  const std::string failure = "Normals cannot be computed";
+  const std::uint64_t bytes = BYTES * static_cast<std::uint64_t>(count);
+  addCopy(bytes, failure, "");
+  _normalBytes += bytes;
+  requireData(failure, "");
 }
 
 /// @param what fails if there is too much
@@ -94,12 +100,17 @@ void ArchiveReader::requireData(const std::string& what, const std::string& entr
                             "file may be corrupt.",
                         entryName);
   }
-  if (_bytesReadAgain + _normalBytes > getLimits().copies) {
+}
+
+/// What does not fit is not counted: it does not keep others from being read.
+void ArchiveReader::addCopy(std::uint64_t bytes, const std::string& what, const std::string& entryName) {
+  if (_copiedBytes + bytes > getLimits().copies) {
     failAt<IOException>(what +
                             ": so many items share data that the scene would take memory out of "
                             "proportion to its content.",
                         entryName);
   }
+  _copiedBytes += bytes;
 }
 
 /// The bytes of an entry of words, converted; `kind` is the user's word for them.

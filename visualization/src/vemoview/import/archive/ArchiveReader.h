@@ -64,13 +64,14 @@ class ArchiveReader {
   Array_t<unsigned char> loadEntry(const std::string& entryName, const ZipFileReader::Convert& convert);
   Array_t<unsigned char> loadWords(const std::string& entryName, const char* kind);
   void requireData(const std::string& what, const std::string& entryName) const;
+  void addCopy(std::uint64_t bytes, const std::string& what, const std::string& entryName);
 
   ZipFileReader _archive;
   /// Of all entries, as far as their sizes are possible.
   std::uint64_t _contentSize;
   std::uint64_t _bytesRead = 0;
-  /// Of these, what was read before.
-  std::uint64_t _bytesReadAgain = 0;
+  /// What was read again, and normals.
+  std::uint64_t _copiedBytes = 0;
   std::uint64_t _normalBytes = 0;
   /// Those asked for.
   std::map<std::string, ZipFileReader::ContentFlaws> _used;

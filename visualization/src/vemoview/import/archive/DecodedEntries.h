@@ -55,7 +55,7 @@ class DecodedEntries {
   void checkCells(const std::string& entry);
 
   /// Of the points or else the cells of a poly data that was made of entries. Counts as data
-  /// that is read from the archive: very many cells may share very many points.
+  /// that is read from the archive, and as a copy: very many cells may share very many points.
   vtkSmartPointer<vtkFloatArray> getNormals(vtkPolyData& polyData, bool areOfPoints);
 
   /// The first poly data that has the very same points, cells and arrays, from now

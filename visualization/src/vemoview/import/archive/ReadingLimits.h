@@ -34,7 +34,7 @@ struct ReadingLimits {
 
   /// What is made of the content of entries, for each byte of it: entries that are read again for
   /// another use, and normals. Very many items may share very many points.
-  static constexpr std::uint64_t COPIES_PER_BYTE = 8;
+  static constexpr std::uint64_t COPIES_PER_BYTE = 32;
   static constexpr std::uint64_t COPIES_OF_SMALL_CONTENT = 64U << 20U;
 
   /// Of elements in elements.

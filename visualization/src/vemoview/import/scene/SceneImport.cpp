@@ -38,14 +38,20 @@ void reportDamage(const std::string& text) {
 template <class Function>
 void reportAbout(const std::string& entry, ReadingContext& context, Function&& function) {
   std::vector<Finding> findings;
-  {
+  const auto forward = [&] {
+    for (Finding& finding : findings) {
+      finding.entry = entry;
+      context.report(std::move(finding));
+    }
+  };
+  try {
     const FindingCapture capture(findings);
     function();
+  } catch (...) {
+    forward();
+    throw;
   }
-  for (Finding& finding : findings) {
-    finding.entry = entry;
-    context.report(std::move(finding));
-  }
+  forward();
 }
 
 /// Releases each data file once it is decoded: arrays may take most of the memory.
@@ -53,6 +59,10 @@ void decodeDataFiles(Scene& scene, lum::NodeInputStream& nodes, SceneFileReader&
   lum::SceneGraphReader reader(nodes);
   std::size_t damaged = 0;
   for (const std::string& entry : context.getPayloadEntries()) {
+    if (scene.getLUMDataFiles().empty()) {
+      // An audit goes on although this one could not be read.
+      break;
+    }
     const ArrayOwner<unsigned char> file = scene.takeLUMDataFile();
     MemoryStream dataStream(bytesOf(file.get()));
     reportAbout(entry, context, [&] {

@@ -75,8 +75,8 @@ BatchKey keyOf(const MeshInstance& mesh) {
   return key;
 }
 
-/// Which meshes are merged: small ones, but not those that share their geometry with others, which
-/// OpenGL then has once. Of very few points, it takes less than the props.
+/// Which meshes are merged: small ones, but not those that share their geometry with so many others
+/// that the copies would be large: OpenGL has it once. Of very few points, they take less than props.
 class SmallMeshes {
  public:
   explicit SmallMeshes(const std::vector<MeshInstance>& meshes) {
@@ -86,7 +86,7 @@ class SmallMeshes {
   }
 
   bool has(const MeshInstance& mesh) const {
-    const vtkIdType most = _uses.at(mesh.geometry) == 1 ? SMALL : VERY_SMALL;
+    const vtkIdType most = std::max(VERY_SMALL, SMALL / _uses.at(mesh.geometry));
     return std::max(mesh.geometry->GetNumberOfPoints(), mesh.geometry->GetNumberOfCells()) <= most;
   }
 

@@ -86,8 +86,8 @@ void PropBudget::addContent(const MeshInstance& mesh) {
   }
 }
 
-/// Of a mesh in a batch of its own.
-std::uint64_t PropBudget::costOfOne(const MeshInstance& mesh, std::size_t clipPlanes) {
+/// Of the props that draw a mesh; one that was merged of others shares its mapper with none.
+std::uint64_t PropBudget::costOfProps(const MeshInstance& mesh, bool isMerged, std::size_t clipPlanes) {
   const Appearance look = drawnAppearance(mesh.appearance);
   const std::uint64_t props = countProps(look);
   const std::uint64_t actors = Limits::ACTOR * props * countInstances(mesh);
@@ -99,12 +99,14 @@ std::uint64_t PropBudget::costOfOne(const MeshInstance& mesh, std::size_t clipPl
   if (mesh.scalars) {
     key = {mesh.geometry, look, mesh.scalars->table.get(), mesh.scalars->arrayName, mesh.scalars->location};
   }
-  return actors + (_looks.insert(std::move(key)).second ? Limits::MAPPER * props : 0);
+  const bool isNew = isMerged || _looks.insert(std::move(key)).second;
+  return actors + (isNew ? Limits::MAPPER * props : 0);
 }
 
 std::uint64_t PropBudget::costOf(const std::vector<MeshInstance>& batch, std::size_t clipPlanes) {
-  const std::uint64_t cost = costOfOne(batch.front(), clipPlanes);
-  return batch.size() == 1 ? cost : cost + costOfMerging(batch);
+  const bool isMerged = batch.size() > 1;
+  const std::uint64_t cost = costOfProps(batch.front(), isMerged, clipPlanes);
+  return isMerged ? cost + costOfMerging(batch) : cost;
 }
 
 void PropBudget::add(const Batches& batches, std::size_t clipPlanes) {

@@ -26,7 +26,7 @@ struct PropLimits {
   static constexpr std::uint64_t ITEM = 250;
 
   /// Of any scene, and for each byte that it has.
-  static constexpr std::uint64_t PROPS = 256U << 20U;
+  static constexpr std::uint64_t PROPS = 1U << 30U;
   static constexpr std::uint64_t PROPS_PER_BYTE = 8;
 };
 
@@ -45,7 +45,7 @@ class VEMO_RENDER_EXPORT PropBudget {
 
   void addContent(const MeshInstance& mesh);
   std::uint64_t costOf(const std::vector<MeshInstance>& batch, std::size_t clipPlanes);
-  std::uint64_t costOfOne(const MeshInstance& mesh, std::size_t clipPlanes);
+  std::uint64_t costOfProps(const MeshInstance& mesh, bool isMerged, std::size_t clipPlanes);
 
   std::uint64_t _content = 0;
   std::uint64_t _props = 0;

@@ -74,6 +74,11 @@ void MeshMapper::uploadTriangles(vtkCellArray& triangles) {
   buffer.IndexCount = count;
 }
 
+void MeshMapper::ReleaseGraphicsResources(vtkWindow* window) {
+  _trianglesTime = 0;
+  vtkOpenGLPolyDataMapper::ReleaseGraphicsResources(window);
+}
+
 void MeshMapper::RenderPieceDraw(vtkRenderer* renderer, vtkActor* actor) {
   if (_pointSizeInModel > 0.0) {
     glEnable(GL_PROGRAM_POINT_SIZE);

@@ -23,6 +23,9 @@ class MeshMapper : public vtkOpenGLPolyDataMapper {
 
   void RenderPieceDraw(vtkRenderer* renderer, vtkActor* actor) override;
 
+  /// Another actor with this mapper may still be drawn afterwards.
+  void ReleaseGraphicsResources(vtkWindow* window) override;
+
  protected:
   void ComputeBounds() override;
   void BuildIBO(vtkRenderer* renderer, vtkActor* actor, vtkPolyData* geometry) override;
