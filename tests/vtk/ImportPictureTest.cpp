@@ -9,6 +9,7 @@
 #include <vemo/scenegraph/canvas/CanvasPositionAttributes.h>
 
 #include <vtkCamera.h>
+#include <vtkCellArray.h>
 #include <vtkImageData.h>
 #include <vtkPointData.h>
 #include <vtkWindowToImageFilter.h>
@@ -76,6 +77,28 @@ TEST(ImportPictureTest, HasEdgesContoursLinesPointsAndDataInAllInstances) {
     scene.clip({1, 0.3, 0}, {-0.8 + 0.01 * planes, 0, 0});
   }
   expectSamePicture(scene.node());
+}
+
+/// Items of one geometry share a mapper.
+TEST(ImportPictureTest, KeepsItemsWhenThoseOfTheSameGeometryAreRemoved) {
+  SceneBuilder scene;
+  const auto triangle = makePolyData(flat({-0.4F, -0.4F, 0.4F, -0.4F, 0, 0.4F}), {.polys = {{0, 1, 2}}});
+  triangle->GetPolys()->ConvertTo32BitStorage();
+  scene.addSurface(triangle, {1, 0, 0});
+  auto& place = scene.collectionIn(scene.drawables());
+  setTransform<lum::SimpleTransform>(place).setTranslation({0.5, 0, 0.1});
+  scene.addSurface(triangle, {0, 1, 0}, place);
+  ImportWindow window;
+  vtkNew<vtkVemoSceneImporter> importer;
+  importer->SetScene(&scene.node());
+  window.import(*importer);
+  const auto countGreen = [&window] {
+    return boxWhere(window.draw(), [](const auto& pixel) { return pixel[1] > pixel[0] + 50; }).count;
+  };
+  const int green = countGreen();
+  EXPECT_GT(green, 1000);
+  window.renderer->RemoveActor(actorOf(*importer, 0));
+  EXPECT_EQ(countGreen(), green);
 }
 
 TEST(ImportPictureTest, MixesTranslucentSurfaces) {
