@@ -155,9 +155,9 @@ TEST(SharedDrawingTest, WhatIsNotSeenDividesNoBatch) {
 
 TEST(SharedDrawingTest, MergesNoLargeMeshThatIsShared) {
   SceneBuilder scene;
-  std::vector<std::array<float, 3>> points;
-  for (int i = 0; i < 1000; ++i) {
-    points.push_back({static_cast<float>(i), 0, 0});
+  std::vector<std::array<float, 3>> points(1000);
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    points[i][0] = static_cast<float>(i);
   }
   const auto shared = makePolyData(points, {});
   for (int i = 0; i < 20; ++i) {
