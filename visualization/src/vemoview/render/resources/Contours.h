@@ -8,7 +8,7 @@
 
 namespace vemo {
 
-/// The contours of meshes, each made once as long as it is in use.
+/// The contours of meshes. While one is in use, it is made only once.
 class Contours {
  public:
   vtkSmartPointer<vtkPolyData> get(vtkPolyData& faces);
