@@ -1,5 +1,6 @@
 #include "Arrays.h"
 
+#include "OpaqueClass.h"
 #include "scenegraph/ArrayType.h"
 
 #include <vtkCellArray.h>
@@ -71,7 +72,7 @@ py::object toCells(vtkCellArray* cells) {
 }
 
 void defineCells(py::module_& module) {
-  py::class_<Cells>(module, "Cells", R"(Cells of one kind: a sequence of the points of each.)")
+  defineOpaqueClass<Cells>(module, "Cells", R"(Cells of one kind: a sequence of the points of each.)")
       .def_property_readonly("offsets", &Cells::getOffsets,
                              R"(Where each cell begins in the connectivity, and where the last one ends.)")
       .def_property_readonly("connectivity", &Cells::getConnectivity,

@@ -1,5 +1,6 @@
 #include "FoundFindings.h"
 
+#include "OpaqueClass.h"
 #include "Text.h"
 
 #include <algorithm>
@@ -31,8 +32,8 @@ py::tuple toTuple(const std::vector<Finding>& findings) {
 
 void defineFinding(py::module_& module) {
   const auto describeFinding = [](const Finding& self) { return toPython(describe(self)); };
-  py::class_<Finding>(module, "Finding",
-                      R"(What a scene file loses or changes when it is read, converted or drawn.)")
+  defineOpaqueClass<Finding>(module, "Finding",
+                             R"(What a scene file loses or changes when it is read, converted or drawn.)")
       .def_property_readonly(
           "code", [](const Finding& self) { return self.getKind().name; },
           R"(Such as "array-left-out"; does not change between versions.)")

@@ -2,6 +2,7 @@
 
 #include "FieldValues.h"
 #include "LibraryTurn.h"
+#include "OpaqueClass.h"
 #include "Text.h"
 #include <vemo/scenegraph/drawables/PolyDataNode.h>
 
@@ -94,10 +95,10 @@ py::object toPython(const std::shared_ptr<Graph>& graph, const lum::Node* node) 
 void defineNode(py::module_& module) {
   // Objects of VTK's classes can be handed over once their Python module is there.
   py::module_::import("vtkmodules.vtkCommonDataModel");
-  py::class_<NodeWalk>(module, "NodeWalk")
+  defineOpaqueClass<NodeWalk>(module, "NodeWalk")
       .def("__iter__", [](py::object self) { return self; })
       .def("__next__", &NodeWalk::next);
-  py::class_<NodeHandle>(
+  defineOpaqueClass<NodeHandle>(
       module, "Node",
       R"(A node of a scene graph, which it keeps alive. Equal to each other object of the same node.)")
       .def_property_readonly(

@@ -4,6 +4,7 @@ from __future__ import annotations
 
 import json
 import pathlib
+import pickle
 from typing import Any
 
 import numpy
@@ -105,3 +106,16 @@ def test_walk_visits_owners_first_and_may_choose_a_class() -> None:
 
     assert list(root.walk()) == visit(root)
     assert list(root.walk("Light")) == [node for node in visit(root) if node.class_name == "Light"]
+
+
+def test_only_the_library_makes_its_objects() -> None:
+    root = vemoscene.open(EXAMPLES / "drum.zip").root
+    cells = next(root.walk("PolyDataNode")).fields["polys"]
+    for made in (root, root.walk(), cells):
+        for protocol in range(pickle.HIGHEST_PROTOCOL + 1):
+            with pytest.raises(TypeError, match="cannot pickle"):
+                pickle.dumps(made, protocol)
+        make_by: tuple[Any, ...] = (type(made).__new__, object.__new__, lambda made_class: made_class())
+        for make in make_by:
+            with pytest.raises(TypeError):
+                make(type(made))
