@@ -1,6 +1,8 @@
 #include "LibraryTurn.h"
 
 #include <atomic>
+#include <chrono>
+#include <condition_variable>
 #include <mutex>
 #include <stdexcept>
 #include <thread>
@@ -24,6 +26,10 @@ class Turns {
 
   void take() {
     _turn.lock();
+    if (isOver()) {
+      _turn.unlock();
+      sleep();
+    }
     _holder = std::this_thread::get_id();
   }
 
@@ -31,7 +37,51 @@ class Turns {
     _holder = std::thread::id();
     _turn.unlock();
     releaseAll();
+    if (isOver()) {
+      sleep();
+    }
   }
+
+  /// Whether another thread ends the interpreter: this one still has its turns, such as in Python's own
+  /// functions for the exit.
+  bool isOver() const {
+    const std::thread::id last = _last;
+    return last != std::thread::id() && last != std::this_thread::get_id();
+  }
+
+  void letNobodyElseIn() { _last = std::this_thread::get_id(); }
+
+  void enter() {
+    const std::lock_guard lock(_staysMutex);
+    ++_stays;
+  }
+
+  void leave() {
+    const std::lock_guard lock(_staysMutex);
+    --_stays;
+    _left.notify_all();
+  }
+
+  /// Returns whether all threads have left.
+  bool waitForAll(std::chrono::milliseconds time) {
+    std::unique_lock lock(_staysMutex);
+    return _left.wait_for(lock, time, [this] { return _stays == 0; });
+  }
+
+  /// What another thread that is about to leave its turn may hold, too.
+  void holdForFork(bool isTurnTaken) {
+    _waitingMutex.lock();
+    _isTakenForFork = isTurnTaken;
+  }
+
+  /// Returns whether the turn was taken for the fork.
+  bool letGoAfterFork() {
+    _waitingMutex.unlock();
+    return std::exchange(_isTakenForFork, false);
+  }
+
+  /// The other threads have not been copied.
+  void stayAlone() { _stays = 1; }
 
   void add(lum::PtrBase object) {
     const std::lock_guard lock(_waitingMutex);
@@ -49,6 +99,14 @@ class Turns {
  private:
   Turns() = default;
 
+  /// Until the process ends.
+  [[noreturn]] void sleep() {
+    leave();
+    while (true) {
+      std::this_thread::sleep_for(std::chrono::hours(1));
+    }
+  }
+
   bool isAnyWaiting() {
     const std::lock_guard lock(_waitingMutex);
     return !_waiting.empty();
@@ -63,6 +121,13 @@ class Turns {
   std::atomic<std::thread::id> _holder;
   std::mutex _waitingMutex;
   std::vector<lum::PtrBase> _waiting;
+
+  bool _isTakenForFork = false;
+
+  std::atomic<std::thread::id> _last;
+  std::mutex _staysMutex;
+  std::condition_variable _left;
+  int _stays = 0;
 };
 
 /// Comes before the interpreter lock is released.
@@ -75,12 +140,66 @@ void requireOutsideTurn() {
 
 }  // namespace
 
+LibraryTurn::Stay::Stay() {
+  Turns::getSingleton().enter();
+}
+
+LibraryTurn::Stay::~Stay() {
+  Turns::getSingleton().leave();
+}
+
 LibraryTurn::LibraryTurn() : _released((requireOutsideTurn(), false)) {
   Turns::getSingleton().take();
 }
 
 LibraryTurn::~LibraryTurn() {
   Turns::getSingleton().end();
+}
+
+void endTurns() {
+  constexpr std::chrono::milliseconds BETWEEN_SIGNAL_CHECKS(50);
+  Turns& turns = Turns::getSingleton();
+  if (turns.isMine()) {
+    return;
+  }
+  turns.letNobodyElseIn();
+  const auto waitForAll = [&] {
+    const pybind11::gil_scoped_release released;
+    return turns.waitForAll(BETWEEN_SIGNAL_CHECKS);
+  };
+  while (!waitForAll()) {
+    if (PyErr_CheckSignals() != 0) {
+      throw pybind11::error_already_set();
+    }
+  }
+}
+
+bool areTurnsEnding() {
+  return Turns::getSingleton().isOver();
+}
+
+void holdTurn() {
+  Turns& turns = Turns::getSingleton();
+  const bool isOwn = turns.isMine();
+  if (!isOwn) {
+    turns.enter();
+    const pybind11::gil_scoped_release released;
+    turns.take();
+  }
+  turns.holdForFork(!isOwn);
+}
+
+void letGoTurn() {
+  Turns& turns = Turns::getSingleton();
+  if (turns.letGoAfterFork()) {
+    turns.end();
+    turns.leave();
+  }
+}
+
+void letGoTurnInChild() {
+  Turns::getSingleton().stayAlone();
+  letGoTurn();
 }
 
 void releaseInTurn(lum::PtrBase object) {

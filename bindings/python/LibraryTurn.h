@@ -11,6 +11,9 @@ namespace vemo::python {
 /// released meanwhile, and not held while waiting for the turn, so that the thread that
 /// has it can always get the interpreter lock.
 ///
+/// Once the interpreter ends, a (daemon) thread must not ask for its lock: Python would end the thread in
+/// the middle of C++ code, and with it the process. See endTurns().
+///
 /// Graphs that Python holds do not change, so reading them takes no turn.
 class LibraryTurn {
  public:
@@ -22,8 +25,30 @@ class LibraryTurn {
   LibraryTurn& operator=(const LibraryTurn&) = delete;
 
  private:
+  /// From releasing the interpreter lock until it is held again.
+  struct Stay {
+    Stay();
+    ~Stay();
+    Stay(const Stay&) = delete;
+    Stay& operator=(const Stay&) = delete;
+  };
+
+  Stay _stay;
   pybind11::gil_scoped_release _released;
 };
+
+/// For the end of the interpreter: lets no thread begin another turn, has running work cancelled, and waits
+/// until no thread is in a turn. Threads that end one, or want one, then sleep until the process ends.
+void endTurns();
+
+/// Whether running work is to be cancelled.
+bool areTurnsEnding();
+
+/// Around a fork, which copies only the thread that forks: it holds the turn meanwhile, so that the copy
+/// finds nothing half done. In a turn of its own it has it anyway.
+void holdTurn();
+void letGoTurn();
+void letGoTurnInChild();
 
 /// Releases an object of the scene graph in a turn: at once if none is taken, else when
 /// that one ends. Never waits, so that Python may free objects anywhere, and in any thread.

@@ -156,6 +156,10 @@ void defineOperations(py::module_& module) {
   module.def("render", render, py::arg("root"), py::arg("width"), py::arg("height"), py::arg("file"),
              py::arg("is_jpeg"));
   module.def("in_turn", inTurn, py::arg("work"));
+  module.def("end_turns", endTurns);
+  module.def("hold_turn", holdTurn);
+  module.def("let_go_turn", letGoTurn);
+  module.def("let_go_turn_in_child", letGoTurnInChild);
 }
 
 }  // namespace vemo::python

@@ -5,7 +5,7 @@ namespace py = pybind11;
 namespace vemo::python {
 
 bool ProgressBridge::report(double fraction) {
-  if (_raised) {
+  if (_raised || areTurnsEnding()) {
     return false;
   }
   if (!isReportNeeded()) {

@@ -4,8 +4,10 @@ from __future__ import annotations
 
 import concurrent.futures
 import gc
+import os
 import pathlib
 import signal
+import subprocess
 import sys
 import threading
 import time
@@ -165,3 +167,73 @@ def test_signals_interrupt_work_without_a_callback(large_archive: pathlib.Path, 
         signal.signal(signal.SIGALRM, former)
     assert (tmp_path / "whole.sdb").exists()
     assert not (tmp_path / "interrupted.sdb").exists()
+
+
+WORK_WITHOUT_END = """
+import sys, threading
+import vemoscene, vemoscene.vtk
+
+def import_items(path):
+    importer = vemoscene.vtk.vtkVemoSceneImporter()
+    importer.SetFileName(path)
+    importer.Update()
+
+def run():
+    while True:
+        WORK(sys.argv[1])
+        works.release()
+
+works = threading.Semaphore(0)
+for _ in range(3):
+    threading.Thread(target=run, daemon=True).start()
+works.acquire()
+"""
+
+
+@pytest.mark.parametrize("work", ["vemoscene.open", "vemoscene.check", "vemoscene.render", "import_items"])
+def test_python_ends_while_other_threads_work(work: str) -> None:
+    script = WORK_WITHOUT_END.replace("WORK", work)
+    command = [sys.executable, "-c", script, str(EXAMPLES / "drum.zip")]
+    ended = subprocess.run(command, capture_output=True, text=True, timeout=120, check=False)
+    assert (ended.returncode, ended.stderr) == (0, "")
+
+
+def run_in_fork(work: Callable[[], Any]) -> bool:
+    """Returns whether it ends without an exception."""
+    process = os.fork()
+    if process == 0:
+        signal.alarm(60)
+        try:
+            work()
+            os._exit(0)
+        finally:
+            os._exit(1)
+    return os.waitpid(process, 0)[1] == 0
+
+
+def test_forks_do_not_wait_for_threads_that_they_lack() -> None:
+    path = EXAMPLES / "drum.zip"
+    is_over = threading.Event()
+
+    def work() -> None:
+        while not is_over.is_set():
+            vemoscene.check(path)
+
+    def render() -> None:
+        with pytest.raises(vemoscene.RenderingUnavailableError, match="forked"):
+            vemoscene.render(path, (64, 48))
+
+    vemoscene.render(path, (64, 48))
+    with concurrent.futures.ThreadPoolExecutor(2) as pool:
+        working = [pool.submit(work) for _ in range(2)]
+        try:
+            assert all(run_in_fork(lambda: vemoscene.open(path)) for _ in range(5))
+            assert run_in_fork(render)
+        finally:
+            is_over.set()
+        for thread in working:
+            thread.result()
+    forks = []
+    vemoscene.open(path, lambda fraction: forks.append(run_in_fork(lambda: None)))
+    assert forks and all(forks)
+    assert not vemoscene.check(path)

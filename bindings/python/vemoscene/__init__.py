@@ -13,6 +13,7 @@ Any thread may call any function. One works at a time; others wait, and Python g
 
 from __future__ import annotations
 
+import atexit
 import builtins
 import os
 import stat
@@ -42,6 +43,10 @@ _Path = Union[str, bytes, "os.PathLike[str]", "os.PathLike[bytes]"]
 _Progress = Optional[Callable[[float], object]]
 """Called with the share that is done, from 0 to 1, which never falls, by the thread that works. Returning False
 cancels the work; raising does, too, and the caller gets that exception."""
+
+atexit.register(_native.end_turns)
+os.register_at_fork(before=_native.hold_turn, after_in_parent=_native.let_go_turn,
+                    after_in_child=_native.let_go_turn_in_child)
 
 MAX_PICTURE_SIZE = _native.MAX_PICTURE_SIZE
 

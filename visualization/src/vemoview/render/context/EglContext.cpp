@@ -9,6 +9,7 @@
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <unistd.h>
 #include <vector>
 
 namespace vemo {
@@ -82,9 +83,15 @@ EGLDisplay openDisplay() {
   return display;
 }
 
-/// Opened at the first use; after a failure the next use tries again.
+/// Opened at the first use; after a failure the next use tries again. A forked process has a copy of it, but
+/// not the threads with which a driver in software draws: it would wait for them forever.
 EGLDisplay sharedDisplay() {
   static const EGLDisplay display = openDisplay();
+  static const pid_t process = getpid();
+  if (getpid() != process) {
+    throw RenderingUnavailable(
+        "No OpenGL is available: this process was forked from one that had already used it");
+  }
   return display;
 }
 
