@@ -12,14 +12,15 @@ namespace vemo {
 
 namespace {
 
-std::vector<vtkIdType> firstPolygon(vtkPolyData& mesh) {
+using Corners = std::vector<vtkIdType>;
+
+Corners firstPolygon(vtkPolyData& mesh) {
   vtkNew<vtkIdList> points;
   mesh.GetPolys()->GetCellAtId(0, points);
   return {points->begin(), points->end()};
 }
 
 TEST(PolygonFansTest, BeginWhereTheyDoNotFold) {
-  using Corners = std::vector<vtkIdType>;
   // An arrow head whose notch is point 2, an L, and a comb.
   const auto points = flat({0, 0, 4, 0, 1, 1, 0, 4, 2, 1, 2, 2, 0, 2, 4, 1, 4, 4, 3, 4, 3, 2, 1, 2, 1, 4});
   const struct {
