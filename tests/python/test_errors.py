@@ -89,6 +89,10 @@ def test_files_that_cannot_be_opened(tmp_path: pathlib.Path, work: Any) -> None:
         work(tmp_path / "pipe")
     with pytest.raises(TypeError):
         work(None)
+    with open(tmp_path / "pipe", "rb", opener=lambda name, flags: os.open(name, flags | os.O_NONBLOCK)) as other:
+        with pytest.raises(TypeError):
+            work(other.fileno())
+        os.fstat(other.fileno())
 
 
 def test_results_that_cannot_be_written(tmp_path: pathlib.Path, triangle: vemoscene.Scene,

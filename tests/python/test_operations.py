@@ -57,6 +57,13 @@ def test_conversion_replaces_a_file_only_when_asked(tmp_path: pathlib.Path) -> N
     link.symlink_to(target)
     with pytest.raises(ValueError, match="same file"):
         vemoscene.convert(target, link, overwrite=True)
+    picture = tmp_path / "scene.png"
+    picture.symlink_to(target)
+    scenes: tuple[Any, ...] = (target, vemoscene.open(target))
+    for scene in scenes:
+        with pytest.raises(ValueError, match="replace the scene"):
+            vemoscene.render(scene, (8, 8), save=picture)
+    assert vemoscene.open(target).records
 
 
 def test_findings(tmp_path: pathlib.Path) -> None:

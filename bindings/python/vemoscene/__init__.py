@@ -76,7 +76,7 @@ def convert(source: _Path, target: _Path, progress: _Progress = None, overwrite:
     """
     source_file, target_file = _require_readable(source), os.fsencode(target)
     if os.path.lexists(target_file):
-        if os.path.exists(target_file) and os.path.samefile(source_file, target_file):
+        if _is_same_file(source_file, target_file):
             raise ValueError("source and target are the same file")
         if not overwrite:
             raise FileExistsError(f"{os.fsdecode(target_file)} exists: overwrite=True replaces it")
@@ -101,10 +101,23 @@ def render(scene: Scene | Node | _Path, size: tuple[int, int] = (1024, 768), *, 
     if not (1 <= width <= MAX_PICTURE_SIZE and 1 <= height <= MAX_PICTURE_SIZE):
         raise ValueError(f"width and height must be from 1 to {MAX_PICTURE_SIZE}")
     file = b"" if save is None else os.fsencode(save)
+    _require_other_file(scene, file)
     picture, found = _native.render(_root_of(scene), width, height, file, _is_jpeg(file))
     if findings is not None:
         findings.extend(found)
     return picture
+
+
+def _is_same_file(one: str | bytes, other: str | bytes) -> bool:
+    return os.path.exists(one) and os.path.exists(other) and os.path.samefile(one, other)
+
+
+def _require_other_file(scene: Scene | Node | _Path, picture: bytes) -> None:
+    if isinstance(scene, Node):
+        return
+    source = scene.path if isinstance(scene, Scene) else os.fsencode(scene)
+    if source is not None and picture and _is_same_file(source, picture):
+        raise ValueError("the picture would replace the scene")
 
 
 def _is_jpeg(file: bytes) -> bool:
@@ -122,10 +135,11 @@ def _root_of(scene: Scene | Node | _Path) -> Node:
 
 def _require_readable(path: _Path) -> bytes:
     """Raises the OSError of a file that cannot be read. Opening a pipe does not wait for a writer."""
-    with builtins.open(path, "rb", opener=lambda name, flags: os.open(name, flags | os.O_NONBLOCK)) as file:
+    name = os.fsdecode(path)  # refuses numbers, which are the caller's open files
+    with builtins.open(name, "rb", opener=lambda name, flags: os.open(name, flags | os.O_NONBLOCK)) as file:
         if not stat.S_ISREG(os.fstat(file.fileno()).st_mode):
-            raise OSError(f"{os.fsdecode(path)} is not a regular file")
-    return os.fsencode(path)
+            raise OSError(f"{name} is not a regular file")
+    return os.fsencode(name)
 
 
 for _name in __all__:
