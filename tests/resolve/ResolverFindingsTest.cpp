@@ -10,6 +10,7 @@
 #include <vemo/scenegraph/drawables/ImageDrawable.h>
 #include <vemo/scenegraph/edit/View.h>
 
+#include <vtkPointData.h>
 #include <vtkUnsignedCharArray.h>
 
 #include <algorithm>
@@ -71,6 +72,23 @@ std::vector<std::string> findingsOf(const SceneBuilder& scene, const ResolveOpti
   const FoundFindings found;
   SceneResolver(scene.node(), options).resolve();
   return found.codes();
+}
+
+TEST(ResolverFindingsTest, SayWhichPointsAreTooLargeForAScaledPicture) {
+  for (const bool isInPixels : {true, false}) {
+    SceneBuilder scene;
+    const auto geometry = makePolyData({{0, 0, 0}, {1, 0, 0}}, {});
+    geometry->GetPointData()->AddArray(makeArray("size", {1, 1}));
+    auto& points = scene.add<lum::PointSphereDrawable>(geometry);
+    points.getAttributes<lum::PointSizeAttributes>().setPointSize(60);
+    auto& scale = points.getAttributes<lum::PointScaleAttributes>();
+    scale.setScaleMode(isInPixels ? lum::PointScaleMode::CONSTANT : lum::PointScaleMode::LINEAR);
+    scale.setScalarName("size");
+    scale.setMapToRange({0.1, 0.1});
+    scale.setPixelSize(isInPixels);
+    EXPECT_THAT(findingsOf(scene), IsEmpty());
+    EXPECT_THAT(findingsOf(scene, {.view = {.pixelScale = 4}}), ElementsAre("value-ignored"));
+  }
 }
 
 TEST(ResolverFindingsTest, SayWhichTextsTheWindowCutsOff) {

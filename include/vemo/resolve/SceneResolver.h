@@ -41,6 +41,8 @@ struct ViewChange {
   bool fitsModel = false;
   /// The same for the visible geometry of some drawables.
   std::vector<const lum::Drawable*> fitted = {};
+  /// How many times as many pixels points have as stated.
+  double pixelScale = 1.0;
 };
 
 struct ResolveOptions {

@@ -317,9 +317,10 @@ void keepUsedPoints(MeshInstance& mesh, MeshArrays arrays, PreparedMeshes& prepa
 
 }  // namespace
 
-MeshResolver::MeshResolver(std::size_t clipPlanes, ColorTables& tables, MeshArrays arrays)
+MeshResolver::MeshResolver(std::size_t clipPlanes, ColorTables& tables, const ResolveOptions& options)
     : _tables(tables),
-      _arrays(arrays),
+      _arrays(options.arrays),
+      _pixelScale(options.view.pixelScale),
       _cutsPerInstance(
           clipPlanes > HARDWARE_CLIP_PLANES ? static_cast<vtkIdType>(clipPlanes - HARDWARE_CLIP_PLANES) : 0) {
 }
@@ -398,7 +399,7 @@ class MeshResolver::Run {
     _resolver.countFilling(mesh, _load);
     for (MeshInstance& part : _sizes.split(std::move(mesh), drawable)) {
       keepUsedPoints(part, _resolver._arrays, _prepared);
-      reportIfTooLarge(node, statedPixels(part.appearance));
+      reportIfTooLarge(node, statedPixels(part.appearance) * _resolver._pixelScale);
       _resolver.countCopies(part, _load);
       _meshes.push_back(std::move(part));
     }

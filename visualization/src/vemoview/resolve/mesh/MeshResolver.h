@@ -18,7 +18,7 @@ namespace vemo {
 class MeshResolver {
  public:
   /// For a canvas with some clipping planes. The tables must outlive it.
-  MeshResolver(std::size_t clipPlanes, ColorTables& tables, MeshArrays arrays);
+  MeshResolver(std::size_t clipPlanes, ColorTables& tables, const ResolveOptions& options);
 
   /// The meshes of drawables, in order. Throws SceneTooLarge when together with
   /// those resolved before they are too large to be drawn; those then do not
@@ -35,6 +35,7 @@ class MeshResolver {
 
   ColorTables& _tables;
   MeshArrays _arrays;
+  double _pixelScale;
   /// How many planes cut the geometry of each clipped instance separately.
   vtkIdType _cutsPerInstance;
   DrawingLoad _load;
