@@ -191,6 +191,46 @@ TEST(ImportPictureTest, KeepsToTheRenderersPartOfTheWindow) {
   EXPECT_EQ(window.renderer->GetViewport()[2], 0.5);
 }
 
+TEST(ImportPictureTest, HasTextsInTheSizeOfThePart) {
+  SceneBuilder scene;
+  auto& text = scene.node().getForegroundCanvas().getDrawableCollection().findOrCreate<lum::TextDrawable>();
+  text.getAnnotationAttributes().setText("Text");
+  text.getTextAttributes().setFontSize(0.2);
+  scene.node().getBackgroundCanvas().getBackgroundAttributes().setSolidColor({1, 1, 1});
+  ImportWindow window;
+  window.window->SetSize(2 * SIZE, 2 * SIZE);
+  window.renderer->SetViewport(0, 0, 0.5, 0.5);
+  vtkNew<vtkVemoSceneImporter> importer;
+  importer->SetScene(&scene.node());
+  window.import(*importer);
+  const Picture picture = window.draw();
+  const Picture whole = drawn(scene.node());
+  int differences = 0;
+  for (int y = 0; y < SIZE; ++y) {
+    for (int x = 0; x < SIZE; ++x) {
+      differences += picture.at(x, SIZE + y) != whole.at(x, y) ? 1 : 0;
+    }
+  }
+  EXPECT_EQ(differences, 0);
+}
+
+TEST(ImportPictureTest, ShowsHiddenItemsWhereverTheyAre) {
+  SceneBuilder scene;
+  scene.canvas().getCameraAttributes().setProjectionMode(lum::CameraAttributes::ProjectionMode::PERSPECTIVE);
+  scene.addSurface(makeRectangle(-0.5F, 0.5F, -0.5F, 0.5F), {0, 0, 1});
+  auto& hidden = scene.addSurface(makeRectangle(-10, 10, -10, 10, -45), {1, 0, 0});
+  hidden.setName("hidden");
+  hidden.getBaseAttributes().setVisibility(false, false);
+  ImportWindow window;
+  vtkNew<vtkVemoSceneImporter> importer;
+  importer->SetScene(&scene.node());
+  window.import(*importer);
+  window.draw();
+  importer->SetItemVisibility(importer->FindItem("hidden"), true);
+  hidden.getBaseAttributes().setVisibility(true, false);
+  EXPECT_EQ(countDifferences(drawn(scene.node()), window.draw()), 0);
+}
+
 TEST(ImportPictureTest, IsThatOfTheSceneInARendererThatHasDrawnBefore) {
   SceneBuilder scene;
   scene.addSurface(makeRectangle(-0.5F, 0.5F, -0.5F, 0.5F), {0.5, 0.5, 0.5});

@@ -38,13 +38,13 @@ namespace {
 using testing::HasSubstr;
 
 /// Calls a function at an event.
-void onEvent(vtkObject& object, unsigned long event, std::function<void(void*)>& function) {
+unsigned long onEvent(vtkObject& object, unsigned long event, std::function<void(void*)>& function) {
   vtkNew<vtkCallbackCommand> command;
   command->SetClientData(&function);
   command->SetCallback([](vtkObject*, unsigned long, void* client, void* data) {
     (*static_cast<std::function<void(void*)>*>(client))(data);
   });
-  object.AddObserver(event, command);
+  return object.AddObserver(event, command);
 }
 
 std::string nameOf(vtkProp& prop) {
@@ -180,6 +180,32 @@ TEST_F(ImporterTest, ReplacesWhatItHasAddedAndNothingElse) {
   EXPECT_EQ(importer->GetNumberOfItems(), 0);
 }
 
+TEST_F(ImporterTest, LeavesOtherScenesInWhateverOrderTheyAreCleared) {
+  SceneBuilder other;
+  other.addSurface(makeRectangle(0.5F, 1, 0.5F, 1), {0, 1, 0});
+  other.node().getBackgroundCanvas().getBackgroundAttributes().setColorMode(
+      lum::BackgroundColorModes::RADIAL);
+  vtkNew<vtkVemoSceneImporter> otherImporter;
+  otherImporter->SetScene(&other.node());
+  window.addBall();
+  const auto before = window.count();
+  for (const bool isOtherFirst : {false, true}) {
+    vtkVemoSceneImporter& first = isOtherFirst ? *otherImporter : *importer;
+    vtkVemoSceneImporter& second = isOtherFirst ? *importer : *otherImporter;
+    window.import(second);
+    window.draw();
+    const auto alone = window.count();
+    second.Clear();
+    window.import(first);
+    window.import(second);
+    first.Clear();
+    window.draw();
+    EXPECT_EQ(window.count(), alone);
+    second.Clear();
+    EXPECT_EQ(window.count(), before);
+  }
+}
+
 /// What is protected in a renderer.
 struct OpenGlRenderer : vtkOpenGLRenderer {
   static bool hasPeelingPass(vtkRenderer& renderer) {
@@ -298,6 +324,40 @@ TEST_F(ImporterTest, ChangesNothingWhenAborted) {
   stop = 2.0;
   import();
   EXPECT_TRUE(importer->GetSucceeded());
+}
+
+TEST_F(ImporterTest, SurvivesItsObservers) {
+  scene.node().getBackgroundCanvas().getBackgroundAttributes().setColorMode(
+      lum::BackgroundColorModes::RADIAL);
+  struct {
+    vtkObject* object;
+    unsigned long event;
+    std::function<void(void*)> work;
+    bool succeeds;
+  } cases[] = {
+      {importer, vtkCommand::StartEvent, [&](void*) { window.window->RemoveRenderer(window.renderer); },
+       false},
+      {importer, vtkCommand::ProgressEvent, [&](void*) { window.window->RemoveRenderer(window.renderer); },
+       false},
+      {importer, vtkCommand::StartEvent, [&](void*) { importer->SetRenderWindow(nullptr); }, true},
+      {importer, vtkCommand::StartEvent, [&](void*) { importer->Update(); }, true},
+      {window.renderer, vtkCommand::ModifiedEvent, [&](void*) { importer->Clear(); }, true},
+  };
+  for (auto& [object, event, work, succeeds] : cases) {
+    const unsigned long observer = onEvent(*object, event, work);
+    import();
+    object->RemoveObserver(observer);
+    EXPECT_EQ(importer->GetSucceeded(), succeeds);
+    window.window->RemoveRenderer(window.renderer);
+    window.window->AddRenderer(window.renderer);
+    importer->Clear();
+    EXPECT_EQ(window.count(), (std::vector<int>{0, 0, 1, 1, 0}));
+  }
+  import();
+  EXPECT_TRUE(importer->GetSucceeded());
+  importer->GetItemProps(0, nullptr);
+  actorOf(*importer, 0)->SetMapper(nullptr);
+  EXPECT_THAT(importer->GetOutputsDescription(), HasSubstr("plate"));
 }
 
 TEST_F(ImporterTest, ListsFindingsAsLines) {

@@ -126,6 +126,7 @@ class VEMO_VTK_EXPORT vtkVemoSceneImporter : public vtkImporter {
 
  private:
   bool Report(double fraction);
+  bool IsImporting();
   void Prepare();
   void TryPrepare();
   void Fail(unsigned long code, const std::string& text);

@@ -3,6 +3,7 @@
 #include "vemoview/render/decorations/Decorations.h"
 #include "vemoview/render/draw/Background.h"
 #include "vemoview/render/vtk/CanvasRenderer.h"
+#include "vemoview/render/vtk/Screen.h"
 #include "vemoview/render/vtk/View.h"
 #include "vemoview/vtk/ItemBuilder.h"
 #include <vemo/render/MeasureText.h>
@@ -116,6 +117,7 @@ ImportedScene::~ImportedScene() {
     window->MakeCurrent();
   }
   _renderer->RemoveObserver(_clippingObserver);
+  _renderer->RemoveObserver(_drawingObserver);
   for (const auto& light : _lights) {
     _renderer->RemoveLight(light);
   }
@@ -164,9 +166,11 @@ void ImportedScene::addLayers() {
 
 void ImportedScene::show() {
   _formerSettings = RendererSettings::of(*_renderer);
+  setScenePart(*_renderer, _renderer->GetViewport());
   _items.showVisible();
   for (const Canvas& canvas : _canvases) {
     if (canvas.ownRenderer != nullptr) {
+      setScenePart(*canvas.ownRenderer, _renderer->GetViewport());
       setLights(*canvas.ownRenderer, canvas.content.lights);
       vemo::setCamera(*canvas.ownRenderer, canvas.content.camera, canvas.placesOfTexts);
     }
@@ -189,6 +193,7 @@ void ImportedScene::setCamera(bool isWanted) {
   _renderer->SetNearClippingPlaneTolerance(NEAR_TO_FAR);
   _clippingObserver =
       _renderer->AddObserver(vtkCommand::ResetCameraClippingRangeEvent, this, &ImportedScene::extendClipping);
+  _drawingObserver = _renderer->AddObserver(vtkCommand::StartEvent, this, &ImportedScene::updateClipping);
   const Canvas* const model = findModel();
   if (isWanted && model != nullptr) {
     vemo::setCamera(*_renderer, model->content.camera, model->placesOfTexts);
@@ -218,6 +223,18 @@ void ImportedScene::extendClipping() {
   }
 }
 
+void ImportedScene::setVisibility(ImportedItem& item, bool isVisible) {
+  item.show(isVisible);
+  _isClippingOutdated = _isClippingOutdated || isVisible;
+}
+
+/// Before the next frame, since a program may show many items.
+void ImportedScene::updateClipping() {
+  if (std::exchange(_isClippingOutdated, false)) {
+    _renderer->ResetCameraClippingRange();
+  }
+}
+
 bool ImportedScene::hasTranslucency() {
   bool isFound = false;
   for (std::size_t i = 0; i < _items.size(); ++i) {
@@ -239,11 +256,11 @@ void ImportedScene::setProperties() {
   }
   // They would cull what has no extent, such as a single point.
   _renderer->GetCullers()->RemoveAllItems();
-  if (hasTranslucency()) {
-    _renderer->GetRenderWindow()->MakeCurrent();
+  if (vtkRenderWindow* const window = _renderer->GetRenderWindow(); window != nullptr && hasTranslucency()) {
+    window->MakeCurrent();
     _formerSettings->peelDepths();
-    _renderer->GetRenderWindow()->SetAlphaBitPlanes(1);
-    _renderer->GetRenderWindow()->SetMultiSamples(0);
+    window->SetAlphaBitPlanes(1);
+    window->SetMultiSamples(0);
   }
 }
 

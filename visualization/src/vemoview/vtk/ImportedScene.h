@@ -40,6 +40,9 @@ class ImportedScene {
 
   ImportedItems& getItems() { return _items; }
 
+  /// As of an item that was hidden at first, which the camera may cut off.
+  void setVisibility(ImportedItem& item, bool isVisible);
+
  private:
   struct Canvas {
     /// Without meshes and decorations, once they are items.
@@ -59,6 +62,7 @@ class ImportedScene {
   void addLayers();
   vtkSmartPointer<vtkRenderer> makeBackgroundLayer() const;
   void extendClipping();
+  void updateClipping();
   bool hasTranslucency();
 
   vtkWeakPointer<vtkRenderer> _renderer;
@@ -71,6 +75,8 @@ class ImportedScene {
   std::vector<vtkSmartPointer<vtkLight>> _lights;
   std::unique_ptr<SurroundingLayers> _layers;
   unsigned long _clippingObserver = 0;
+  unsigned long _drawingObserver = 0;
+  bool _isClippingOutdated = false;
   /// The renderer's part of the window before the model's part of it.
   std::optional<Viewport> _formerViewport;
 };

@@ -1,6 +1,7 @@
 #include "vemoview/vtk/RendererSettings.h"
 
 #include "vemoview/render/vtk/CanvasRenderer.h"
+#include "vemoview/render/vtk/Screen.h"
 
 #include <vtkCuller.h>
 #include <vtkCullerCollection.h>
@@ -69,6 +70,7 @@ RendererSettings::~RendererSettings() {
   if (_renderer == nullptr) {
     return;
   }
+  removeScenePart(*_renderer);
   _renderer->SetAutomaticLightCreation(_createsLight);
   if (_createdLight != nullptr) {
     _renderer->AddLight(_createdLight);

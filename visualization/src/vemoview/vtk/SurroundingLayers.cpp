@@ -4,14 +4,31 @@
 #include <vtkRenderer.h>
 #include <vtkRendererCollection.h>
 
+#include <algorithm>
+#include <ranges>
+
 namespace vemo {
 
+namespace {
+
+std::vector<vtkRenderer*> renderersOf(vtkRenderWindow& window) {
+  std::vector<vtkRenderer*> result;
+  vtkCollectionSimpleIterator place = nullptr;
+  vtkRendererCollection& all = *window.GetRenderers();
+  for (all.InitTraversal(place); vtkRenderer* const renderer = all.GetNextRenderer(place);) {
+    result.push_back(renderer);
+  }
+  return result;
+}
+
+}  // namespace
+
 SurroundingLayers::SurroundingLayers(vtkRenderer& middle, const Renderers& below, const Renderers& above)
-    : _middle(&middle), _window(middle.GetRenderWindow()), _renderers(below), _layer(middle.GetLayer()) {
+    : _window(middle.GetRenderWindow()), _renderers(below) {
   _renderers.insert(_renderers.end(), above.begin(), above.end());
-  moveOthers(_layer + 1, static_cast<int>(_renderers.size()));
-  middle.SetLayer(_layer + static_cast<int>(below.size()));
-  int layer = _layer;
+  int layer = middle.GetLayer();
+  moveUp(layer + 1, static_cast<int>(_renderers.size()));
+  middle.SetLayer(layer + static_cast<int>(below.size()));
   for (const auto& renderer : _renderers) {
     layer += layer == middle.GetLayer() ? 1 : 0;
     renderer->SetLayer(layer);
@@ -24,25 +41,34 @@ SurroundingLayers::~SurroundingLayers() {
   if (_window == nullptr) {
     return;
   }
-  for (const auto& renderer : _renderers) {
-    _window->RemoveRenderer(renderer);
+  for (const auto& renderer : std::views::reverse(_renderers)) {
+    remove(*renderer);
   }
-  if (_middle != nullptr) {
-    _middle->SetLayer(_layer);
-  }
-  const int count = static_cast<int>(_renderers.size());
-  moveOthers(_layer + count + 1, -count);
 }
 
-void SurroundingLayers::moveOthers(int leastLayer, int distance) {
+void SurroundingLayers::moveUp(int leastLayer, int distance) {
   _window->SetNumberOfLayers(_window->GetNumberOfLayers() + distance);
-  vtkCollectionSimpleIterator place = nullptr;
-  vtkRendererCollection& all = *_window->GetRenderers();
-  for (all.InitTraversal(place); vtkRenderer* const renderer = all.GetNextRenderer(place);) {
+  for (vtkRenderer* const renderer : renderersOf(*_window)) {
     if (renderer->GetLayer() >= leastLayer) {
       renderer->SetLayer(renderer->GetLayer() + distance);
     }
   }
+}
+
+/// Other scenes may have been imported, and removed, since: the layers are those of now.
+void SurroundingLayers::remove(vtkRenderer& renderer) {
+  const int layer = renderer.GetLayer();
+  _window->RemoveRenderer(&renderer);
+  const std::vector<vtkRenderer*> others = renderersOf(*_window);
+  if (std::ranges::find(others, layer, &vtkRenderer::GetLayer) != others.end()) {
+    return;
+  }
+  for (vtkRenderer* const other : others) {
+    if (other->GetLayer() > layer) {
+      other->SetLayer(other->GetLayer() - 1);
+    }
+  }
+  _window->SetNumberOfLayers(_window->GetNumberOfLayers() - 1);
 }
 
 }  // namespace vemo

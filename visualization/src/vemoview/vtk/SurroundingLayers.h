@@ -11,7 +11,7 @@ class vtkRenderWindow;
 namespace vemo {
 
 /// Renderers in layers of a window directly below and above that of another renderer. What
-/// is above moves up. At the end they are removed, and what moved moves back.
+/// is above moves up. At the end they are removed, and what is above them moves down.
 class SurroundingLayers {
  public:
   using Renderers = std::vector<vtkSmartPointer<vtkRenderer>>;
@@ -23,12 +23,11 @@ class SurroundingLayers {
   SurroundingLayers& operator=(const SurroundingLayers&) = delete;
 
  private:
-  void moveOthers(int leastLayer, int distance);
+  void moveUp(int leastLayer, int distance);
+  void remove(vtkRenderer& renderer);
 
-  vtkWeakPointer<vtkRenderer> _middle;
   vtkWeakPointer<vtkRenderWindow> _window;
   Renderers _renderers;
-  int _layer;
 };
 
 }  // namespace vemo

@@ -21,6 +21,7 @@
 #include <vtkMapper.h>
 #include <vtkObjectFactory.h>
 #include <vtkPropCollection.h>
+#include <vtkRenderWindow.h>
 #include <vtkRenderer.h>
 #include <vtkWeakPointer.h>
 
@@ -120,8 +121,15 @@ struct vtkVemoSceneImporter::State {
   bool usesCamera = true;
   std::string errorText;
   std::vector<std::string> findings;
-  /// Read and prepared, but not shown yet.
-  std::shared_ptr<ImportedScene> next;
+  /// An update, whose observers may call Clear, or take the renderer out of the window. Null when there is
+  /// none, or it has failed.
+  struct Update {
+    vtkSmartPointer<vtkRenderer> renderer;
+    vtkSmartPointer<vtkRenderWindow> window;
+    /// Null until it is read and prepared.
+    std::shared_ptr<ImportedScene> scene;
+  };
+  std::unique_ptr<Update> update;
   std::weak_ptr<ImportedScene> shown;
   vtkWeakPointer<vtkRenderer> renderer;
   vtkWeakPointer<vtkObject> owner;
@@ -204,7 +212,7 @@ vtkIdType vtkVemoSceneImporter::FindItem(const std::string& nameOrPath) {
 }
 
 void vtkVemoSceneImporter::GetItemProps(vtkIdType item, vtkPropCollection* props) {
-  if (const ImportedItem* const found = Data->getItem(item)) {
+  if (const ImportedItem* const found = Data->getItem(item); found != nullptr && props != nullptr) {
     for (const auto& group : found->groups) {
       group->forEachProp([props](vtkProp& prop) { props->AddItem(&prop); });
     }
@@ -213,7 +221,7 @@ void vtkVemoSceneImporter::GetItemProps(vtkIdType item, vtkPropCollection* props
 
 void vtkVemoSceneImporter::SetItemVisibility(vtkIdType item, bool isVisible) {
   if (ImportedItem* const found = Data->getItem(item)) {
-    found->show(isVisible);
+    Data->getShown()->setVisibility(*found, isVisible);
   }
 }
 
@@ -230,7 +238,8 @@ std::string vtkVemoSceneImporter::GetOutputsDescription() {
     for (const auto& group : Data->getItem(i)->groups) {
       group->forEachProp([&](vtkProp& prop) {
         auto* const actor = vtkActor::SafeDownCast(&prop);
-        vtkDataSet* const data = actor != nullptr ? actor->GetMapper()->GetInput() : nullptr;
+        vtkMapper* const mapper = actor != nullptr ? actor->GetMapper() : nullptr;
+        vtkDataSet* const data = mapper != nullptr ? mapper->GetInput() : nullptr;
         if (data != nullptr && described.insert(data).second) {
           description += GetDataSetDescription(data, vtkIndent(2));
         }
@@ -283,10 +292,16 @@ void vtkVemoSceneImporter::Prepare() {
   if (AbortExecute != 0) {
     throw vemo::Cancelled();
   }
-  Data->next = std::make_shared<ImportedScene>(*scene, *Renderer, vemo::partOf(report, READING, 1.0));
+  Data->update->scene =
+      std::make_shared<ImportedScene>(*scene, *Data->update->renderer, vemo::partOf(report, READING, 1.0));
 }
 
 int vtkVemoSceneImporter::ImportBegin() {
+  if (Data->update != nullptr) {
+    vtkErrorMacro("An observer of an update cannot start another one");
+    return 0;
+  }
+  Data->update = std::make_unique<State::Update>(State::Update{Renderer, RenderWindow, nullptr});
   AbortExecute = 0;
   Progress = 0.0;
   Succeeded = false;
@@ -299,10 +314,22 @@ int vtkVemoSceneImporter::ImportBegin() {
   } else {
     TryPrepare();
   }
-  if (Data->next == nullptr) {
+  if (Data->update->scene == nullptr) {
+    Data->update.reset();
     InvokeEvent(vtkCommand::EndEvent);
+    return 0;
   }
-  return Data->next != nullptr ? 1 : 0;
+  return 1;
+}
+
+/// Before a step. An update without a window fails, and what it has added is removed.
+bool vtkVemoSceneImporter::IsImporting() {
+  if (Data->update != nullptr && Data->update->renderer->GetRenderWindow() != Data->update->window) {
+    Data->update.reset();
+    Data->clear();
+    Fail(vtkErrorCode::UnknownError, "The renderer was taken out of its window during the update");
+  }
+  return Data->update != nullptr;
 }
 
 void vtkVemoSceneImporter::TryPrepare() {
@@ -326,25 +353,39 @@ void vtkVemoSceneImporter::TryPrepare() {
   Data->findings = toLines(findings);
 }
 
-void vtkVemoSceneImporter::ImportActors(vtkRenderer* renderer) {
-  Data->give(*renderer, std::exchange(Data->next, nullptr));
-  Data->getShown()->show();
+void vtkVemoSceneImporter::ImportActors(vtkRenderer* /*renderer*/) {
+  if (IsImporting()) {
+    Data->give(*Data->update->renderer, Data->update->scene);
+  }
+  // The window's first renderer may have been a layer of what was there before.
+  if (IsImporting()) {
+    Data->update->scene->show();
+  }
 }
 
 void vtkVemoSceneImporter::ImportCameras(vtkRenderer* /*renderer*/) {
-  Data->getShown()->setCamera(Data->usesCamera);
+  if (IsImporting()) {
+    Data->update->scene->setCamera(Data->usesCamera);
+  }
 }
 
 void vtkVemoSceneImporter::ImportLights(vtkRenderer* /*renderer*/) {
-  Data->getShown()->addLights();
+  if (IsImporting()) {
+    Data->update->scene->addLights();
+  }
 }
 
 void vtkVemoSceneImporter::ImportProperties(vtkRenderer* /*renderer*/) {
-  Data->getShown()->setProperties();
+  if (IsImporting()) {
+    Data->update->scene->setProperties();
+  }
 }
 
 void vtkVemoSceneImporter::ImportEnd() {
-  Succeeded = true;
-  Report(1.0);
+  Succeeded = IsImporting();
+  if (Succeeded) {
+    Report(1.0);
+  }
+  Data->update.reset();
   InvokeEvent(vtkCommand::EndEvent);
 }

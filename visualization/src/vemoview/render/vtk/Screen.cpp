@@ -3,14 +3,29 @@
 #include <vemo/base/Vector.h>
 
 #include <vtkCamera.h>
+#include <vtkInformation.h>
+#include <vtkInformationDoubleVectorKey.h>
 #include <vtkMath.h>
 #include <vtkMatrix4x4.h>
 #include <vtkRenderWindow.h>
 #include <vtkRenderer.h>
 
+#include <array>
 #include <cmath>
 
 namespace vemo {
+
+namespace {
+
+constexpr std::array<double, 4> WHOLE_WINDOW{0.0, 0.0, 1.0, 1.0};
+
+vtkInformationDoubleVectorKey& scenePartKey() {
+  static auto* const key =
+      vtkInformationDoubleVectorKey::MakeKey("SCENE_PART", "vemo", static_cast<int>(WHOLE_WINDOW.size()));
+  return *key;
+}
+
+}  // namespace
 
 Vector<2, double> sizeInPixels(vtkRenderer& renderer) {
   const int* const size = renderer.GetSize();
@@ -22,7 +37,18 @@ Vector<2, double> windowSize(vtkRenderer& renderer) {
     return {};
   }
   const int* const size = renderer.GetRenderWindow()->GetSize();
-  return {static_cast<double>(size[0]), static_cast<double>(size[1])};
+  vtkInformation& information = *renderer.GetInformation();
+  const double* const part =
+      information.Has(&scenePartKey()) != 0 ? information.Get(&scenePartKey()) : WHOLE_WINDOW.data();
+  return {(part[2] - part[0]) * size[0], (part[3] - part[1]) * size[1]};
+}
+
+void setScenePart(vtkRenderer& renderer, const double* part) {
+  renderer.GetInformation()->Set(&scenePartKey(), part, static_cast<int>(WHOLE_WINDOW.size()));
+}
+
+void removeScenePart(vtkRenderer& renderer) {
+  renderer.GetInformation()->Remove(&scenePartKey());
 }
 
 double windowHeight(vtkRenderer& renderer) {

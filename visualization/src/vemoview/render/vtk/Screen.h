@@ -1,6 +1,7 @@
 #pragma once
 
 #include <vemo/base/Vector.h>
+#include <vemo/render/Export.h>
 #include <vemo/resolve/PickRay.h>
 
 #include <optional>
@@ -14,9 +15,14 @@ namespace vemo {
 /// The width and height of a renderer's part of the window, in pixels.
 Vector<2, double> sizeInPixels(vtkRenderer& renderer);
 
-/// Of the whole window, in pixels.
+/// Of the whole window, in pixels, or of the part of it that a scene takes for its window.
 Vector<2, double> windowSize(vtkRenderer& renderer);
 double windowHeight(vtkRenderer& renderer);
+
+/// Gives a renderer's scene a part of the window, until the part is removed.
+/// @param part left, bottom, right and top, as fractions of the window's size
+VEMO_RENDER_EXPORT void setScenePart(vtkRenderer& renderer, const double* part);
+VEMO_RENDER_EXPORT void removeScenePart(vtkRenderer& renderer);
 
 bool isBehindViewer(vtkRenderer& renderer, const Vector3& point);
 
