@@ -36,6 +36,25 @@ std::vector<std::string> namesOf(const lum::Drawable& drawable, const lum::Drawa
   return names;
 }
 
+/// Assemblies have another choice for what is hidden in them, so that choosing what is visible does not
+/// show it.
+std::vector<std::string> choicesOfDepth(const std::vector<SceneBlock>& blocks, std::size_t depth) {
+  std::vector<std::string> choices;
+  std::set<std::string> visible;
+  for (const SceneBlock& block : blocks) {
+    choices.push_back(depth > 0 ? joinPath(block.path, depth) : "all");
+    if (block.isVisible) {
+      visible.insert(choices.back());
+    }
+  }
+  for (std::size_t i = 0; i < blocks.size(); ++i) {
+    while (!blocks[i].isVisible && visible.contains(choices[i])) {
+      choices[i] += " (hidden)";
+    }
+  }
+  return choices;
+}
+
 /// Whether a surface shows more than nothing.
 bool hasVisibleParts(const lum::GeometryDrawable& drawable) {
   const Appearance::Kind kind = kindOf(drawable);
@@ -119,19 +138,13 @@ std::vector<std::string> choicesOf(const std::vector<SceneBlock>& blocks) {
   for (const SceneBlock& block : blocks) {
     depth = std::max(depth, block.path.size());
   }
-  std::vector<std::string> choices;
   for (; depth > 0; --depth) {
-    choices.clear();
-    std::set<std::string> different;
-    for (const SceneBlock& block : blocks) {
-      choices.push_back(joinPath(block.path, depth));
-      different.insert(choices.back());
-    }
-    if (different.size() <= MAX_CHOICES) {
+    const std::vector<std::string> choices = choicesOfDepth(blocks, depth);
+    if (std::set(choices.begin(), choices.end()).size() <= MAX_CHOICES) {
       return choices;
     }
   }
-  return std::vector<std::string>(blocks.size(), "all");
+  return choicesOfDepth(blocks, 0);
 }
 
 }  // namespace vemo

@@ -35,7 +35,7 @@ std::string joinPath(const std::vector<std::string>& path, std::size_t length = 
 std::vector<SceneBlock> listBlocks(lum::SceneNode& scene, const SceneParts& parts);
 
 /// What the blocks are chosen by: their paths or, if these are too many for a list, the
-/// assemblies that they are in.
+/// assemblies that they are in, which then have another choice for what is hidden.
 std::vector<std::string> choicesOf(const std::vector<SceneBlock>& blocks);
 
 }  // namespace vemo

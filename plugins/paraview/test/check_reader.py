@@ -159,6 +159,15 @@ def check_faults():
     assert cells_of(reader) == 4**2
 
 
+def check_many():
+    reader = open_scene("many.zip")
+    assert list(reader.Blocks) == ["Many"], reader.Blocks
+    assert list(reader.Blocks.Available) == ["Many", "Many (hidden)"], reader.Blocks.Available
+    assert cells_of(reader) == 2001
+    reader.Blocks = ["Many (hidden)"]
+    assert cells_of(reader) == 1
+
+
 def check_abort(reader):
     """Only where the reader is in this process."""
     algorithm = reader.GetClientSideObject()
@@ -191,4 +200,5 @@ for scene in ("scene.zip", "scene.sdb"):
     check_choice(reader)
     check_abort(reader)
 check_faults()
+check_many()
 print("all checks passed")

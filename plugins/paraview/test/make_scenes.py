@@ -70,6 +70,10 @@ def write_small(folder):
     outside = archive.entry("cells", [3, 0, 1, 99])
     archive.write(folder / "damaged.zip", archive.patch("good", 4, 0, 0)
                   + archive.geometry("bad", [0, 0, 0, 1, 0, 0, 1, 1, 0], f'polys="{outside}"'))
+    archive = Archive()
+    tile = archive.geometry("tile", [0, 0, 0, 1, 0, 0, 1, 1, 0], f'polys="{archive.entry("cells", [3, 0, 1, 2])}"')
+    hidden = tile.replace('visibility="1"', 'visibility="0"')
+    archive.write(folder / "many.zip", assembly("Many", *[tile] * 2001, hidden))
     Archive().write(folder / "broken.zip", "<assembly>")
     (folder / "text.zip").write_text("This is not a scene.")
 
