@@ -2,6 +2,7 @@
 #include "support/Files.h"
 #include "support/OrdinaryUser.h"
 #include "support/TemporaryFolder.h"
+#include "support/WorkingFolder.h"
 
 #include <csignal>
 #include <gmock/gmock.h>
@@ -92,11 +93,18 @@ TEST_F(AtomicFileTest, WritesWhatLinksName) {
   EXPECT_EQ(status.st_mode & 0777, 0644U) << "as of any new file";
 }
 
+/// Few bytes fail when they leave the buffer, many at once.
+TEST(SequentialFileTest, ReportsWhatADeviceDoesNotTake) {
+  for (const std::size_t size : {std::size_t{3}, std::size_t{1} << 20U}) {
+    EXPECT_THROW(OS::writeAtomically("/dev/full", std::vector<std::uint8_t>(size)), OS::FileWriteError)
+        << size;
+  }
+}
+
 TEST_F(AtomicFileTest, RemovesOnlyItsOwnTemporaryFile) {
-  const fs::path former = fs::current_path();
-  fs::current_path(_folder.path());
+  auto inFolder = std::make_optional<WorkingFolder>(_folder.path());
   auto file = std::make_unique<OS::AtomicFile>("relative");
-  fs::current_path(former);
+  inFolder.reset();
   const auto filesLeft = [this] { return countFiles(_folder.path()); };
   EXPECT_EQ(filesLeft(), 2);
   const pid_t child = fork();

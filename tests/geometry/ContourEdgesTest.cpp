@@ -91,9 +91,9 @@ TEST(ContourEdgesTest, AreThoseOfTheFilters) {
 }
 
 TEST(ContourEdgesTest, HaveNoLinesWithinPolygons) {
-  // A square, not flat, beside one that stands on it, and nothing but a point.
+  // A square, not flat, beside one that stands on it, a line to and fro, and nothing but a point.
   const auto mesh = makePolyData({{0, 0, 0}, {1, 0, 0}, {1, 1, 1}, {0, 1, 0}, {0, 0, 1}, {1, 0, 1}},
-                                 {.polys = {{0, 1, 2, 3}, {1, 0, 4, 5}, {2, 2, 2}}});
+                                 {.polys = {{0, 1, 2, 3}, {1, 0, 4, 5}, {0, 1, 0}, {2, 2, 2}}});
   const Lines lines = linesOf(*contourEdges(*mesh, BEND));
   EXPECT_EQ(lines.size(), 7U);
   EXPECT_EQ(lines.count({Point{0, 0, 0}, Point{1, 0, 0}}), 1U);

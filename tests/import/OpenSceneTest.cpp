@@ -1,6 +1,7 @@
 #include "SceneFixture.h"
 #include "support/Files.h"
 #include "support/GraphText.h"
+#include "support/WorkingFolder.h"
 #include <vemo/import/OpenScene.h>
 #include <vemo/import/SceneConverter.h>
 #include <vemo/import/SceneFormatHandler.h>
@@ -97,17 +98,14 @@ TEST_F(OpenSceneTest, SaysWhatKeepsAFileFromBeingOpened) {
 
 // Its absolute path is longer than the system takes.
 TEST_F(OpenSceneTest, DoesNotDenyAFileInADeepFolder) {
-  const auto former = std::filesystem::current_path();
-  std::filesystem::current_path(_folder.path());
+  const WorkingFolder folder(_folder.path());
   const std::string part(250, 'd');
   for (int i = 0; i < 20; ++i) {
     std::filesystem::create_directory(part);
     std::filesystem::current_path(part);
   }
   std::ofstream("scene.zip") << "content";
-  const std::string message = messageFor(std::wstring(L"scene.zip"));
-  std::filesystem::current_path(former);
-  EXPECT_THAT(message, testing::HasSubstr("File name too long"));
+  EXPECT_THAT(messageFor(std::wstring(L"scene.zip")), testing::HasSubstr("File name too long"));
 }
 
 TEST_F(OpenSceneTest, ProgressRisesToOne) {

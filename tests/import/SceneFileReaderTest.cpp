@@ -173,11 +173,14 @@ TEST_F(SceneFileReaderTest, RefusesADescriptionTooLargeForTheArchiveBeforeItIsIn
 
 TEST_F(SceneFileReaderTest, BoundsTheBytesThatASmallArchiveHas) {
   // Large enough to deflate to so much, and broken: nothing is read in the end.
-  SceneFileReader reader =
-      open(ArchiveBuilder().bytes("p", std::vector<unsigned char>(70'000, 0xff)).stored().forge([](Entry& e) {
-        e.method = 8;
-        e.uncompressedSize = ReadingLimits::BYTES_OF_SMALL_ARCHIVE / 4;
-      }));
+  SceneFileReader reader = open(ArchiveBuilder()
+                                    .bytes("p", std::vector<unsigned char>(70'000, 0xff))
+                                    .stored()
+                                    .forge([](Entry& e) {
+                                      e.method = 8;
+                                      e.uncompressedSize = ReadingLimits::BYTES_OF_SMALL_ARCHIVE / 4 - 1;
+                                    })
+                                    .text("four", "four"));
   const auto failure = [&] { return failureOf([&] { reader.readEntry("p"); }); };
   for (int i = 0; i < 4; ++i) {
     EXPECT_THAT(failure(), testing::HasSubstr("Could not completely read"));
@@ -186,6 +189,7 @@ TEST_F(SceneFileReaderTest, BoundsTheBytesThatASmallArchiveHas) {
       failure(),
       "IOException: Entry 'p' cannot be read: the scene asks for more data than an archive of this size "
       "can hold.<br>Your file may be corrupt. | ::p");
+  EXPECT_EQ(failureOf([&] { delete[] reader.readEntry("four").data; }), "") << "it is less than what is left";
 }
 
 TEST_F(SceneFileReaderTest, BoundsTheNormalsOfASmallArchive) {

@@ -113,11 +113,16 @@ TEST_F(SceneFormatHandlerTest, ReportsWhatItDoesNotLoad) {
   EXPECT_EQ(load("text"), "3 \nUnknown file format " + quoted("text") + "\n");
   mkfifo((_folder / "pipe").c_str(), 0600);
   EXPECT_EQ(load("pipe"), "5 Can't open file " + quoted("pipe") + "\n");
+  std::filesystem::create_symlink("circle", _folder / "circle");
+  EXPECT_EQ(load("circle"),
+            "5 Can't open file " + quoted("circle") + ": Too many levels of symbolic links\n");
+  EXPECT_EQ(load("text/a"), "2 File " + quoted("text/a") + " does not exist\n");
   std::filesystem::create_directory(_folder / "closed");
   chmod((_folder / "closed").c_str(), 0);
   {
     const AsOrdinaryUser user;
-    EXPECT_EQ(load("closed/a"), "5 Can't open file " + quoted("closed/a") + "\n") << "it may exist";
+    EXPECT_EQ(load("closed/a"), "5 Can't open file " + quoted("closed/a") + ": Permission denied\n")
+        << "it may exist";
   }
   chmod((_folder / "closed").c_str(), 0700);
   EXPECT_TRUE(_loaded.empty());

@@ -103,6 +103,8 @@ TEST_F(ZipFileReaderTest, ReportsWhatItCannotOpen) {
   write(ArchiveBuilder().build());
   EXPECT_EQ(failureToOpen(path() + std::wstring(L"\0x", 2)),
             "FileNotFoundException: File does not exist | ::");
+  std::filesystem::create_symlink("circle", _folder / "circle");
+  EXPECT_EQ(failureToOpen(wide(_folder / "circle")), "IOException: Too many levels of symbolic links | ::");
   writeFile(_folder / "text", "text");
   writeFile(_folder / "empty", "");
   ASSERT_EQ(mkfifo((_folder / "pipe").c_str(), 0600), 0);

@@ -73,6 +73,16 @@ class ImporterTest : public testing::Test {
 
   void import() { window.import(*importer); }
 
+  /// In the layer before the model.
+  void addNote() {
+    scene.node()
+        .getForegroundCanvas()
+        .getDrawableCollection()
+        .findOrCreate<lum::TextDrawable>("note")
+        .getAnnotationAttributes()
+        .setText("!");
+  }
+
   void setFile(const std::string& path) {
     importer->SetScene(nullptr);
     importer->SetFileName(path.c_str());
@@ -151,12 +161,7 @@ TEST_F(ImporterTest, LeavesTheCameraThatTheProgramWantsToKeep) {
 }
 
 TEST_F(ImporterTest, ReplacesWhatItHasAddedAndNothingElse) {
-  scene.node()
-      .getForegroundCanvas()
-      .getDrawableCollection()
-      .findOrCreate<lum::TextDrawable>("note")
-      .getAnnotationAttributes()
-      .setText("!");
+  addNote();
   vtkActor& ball = window.addBall();
   vtkNew<vtkRenderer> overlay;
   overlay->SetLayer(1);
@@ -378,12 +383,7 @@ TEST_F(ImporterTest, ListsFindingsAsLines) {
 }
 
 TEST_F(ImporterTest, LeavesASceneThatDoesNotNeedIt) {
-  scene.node()
-      .getForegroundCanvas()
-      .getDrawableCollection()
-      .findOrCreate<lum::TextDrawable>("note")
-      .getAnnotationAttributes()
-      .setText("!");
+  addNote();
   import();
   const Picture picture = window.draw();
   importer = nullptr;

@@ -2,10 +2,10 @@
 #include "InputFile.h"
 #include "LoadedScene.h"
 #include "output/FindingPrinter.h"
+#include "output/JsonLimit.h"
 #include "output/Messages.h"
 #include "output/ResultStream.h"
 #include "output/TreePrinter.h"
-#include "output/ValuesLimit.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/base/WidePath.h>
 #include <vemo/import/archive/ZipFileReader.h>
@@ -180,11 +180,12 @@ void printLine(std::ostream& out, const std::string& file, const Contents& conte
 
 void info(const std::string& file, const InfoArguments& options) {
   const Contents contents = load(file);
-  if (options.values) {
-    requireValuesInProportion(contents.scene);
+  const bool isJson = options.json || options.values;
+  if (isJson) {
+    requireJsonInProportion(contents.scene, options.values);
   }
   ResultStream out;
-  if (options.json || options.values) {
+  if (isJson) {
     printJson(out, file, contents, options);
   } else if (options.files.size() > 1) {
     printLine(out, file, contents);

@@ -57,9 +57,9 @@ Box boundsOfCells(vtkPolyData& geometry) {
   // Most points have several cells: each is looked at once.
   std::vector<std::uint8_t> isUsed(static_cast<std::size_t>(geometry.GetNumberOfPoints()));
   for (const CellKindTraits& kind : CELL_KINDS) {
-    withIndices(*kind.get(geometry)->GetConnectivityArray(), [&isUsed](auto indices) {
-      for (const auto index : indices) {
-        isUsed[static_cast<std::size_t>(index)] = 1;
+    withCorners(*kind.get(geometry), [&isUsed](auto corners) {
+      for (const auto point : corners) {
+        isUsed[static_cast<std::size_t>(point)] = 1;
       }
     });
   }

@@ -40,6 +40,17 @@ void forEachCell(vtkCellArray& cells, Action&& action) {
   });
 }
 
+/// Calls the action with the point indices of all cells, as forEachCell does with those of each: the
+/// connectivity may continue after the last cell.
+template <class Action>
+void withCorners(vtkCellArray& cells, const Action& action) {
+  cells.Visit([&action](auto& storage) {
+    using Index = std::remove_pointer_t<decltype(storage.GetOffsets()->GetPointer(0))>;
+    const auto count = static_cast<std::size_t>(storage.GetOffsets()->GetValue(storage.GetNumberOfCells()));
+    action(std::span<const Index>(storage.GetConnectivity()->GetPointer(0), count));
+  });
+}
+
 /// Calls the action with the three corners of each triangle of a strip. Every
 /// second triangle runs against the strip, so that all face one way; which of
 /// its points comes first is as in vtkTriangleStrip::DecomposeStrip.

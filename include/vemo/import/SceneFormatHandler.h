@@ -40,10 +40,10 @@ class VEMO_IMPORT_EXPORT SceneFormatHandler {
   ///
   /// Progress is that of the conversion; a host that cancels it gets Cancelled.
   ///
-  /// All but Success are explained on the message stream. Exceptions from reading,
-  /// converting and the loading function are passed on; OutputException is thrown if
-  /// the conversion cannot be written. The loading function is called only with a
-  /// complete database.
+  /// All but Success are explained on the message stream, with the system's cause if
+  /// there is one. Exceptions from reading, converting and the loading function are
+  /// passed on; OutputException is thrown if the conversion cannot be written. The
+  /// loading function is called only with a complete database.
   static lum::io::FileIoStatus loadVemoScene(const std::wstring& path, LoadingFunction load,
                                              std::ostream& messages, const ProgressReport& progress = {});
 

@@ -3,9 +3,7 @@
 #include "FieldDataWriter.h"
 #include "geometry/drawing/DrawableCells.h"
 #include "scenegraph/coloring/ColoringScalars.h"
-#include "vemoview/common/VtkForms.h"
 #include "vemoview/resolve/mesh/AppearanceResolver.h"
-#include <vemo/scenegraph/coloring/ColorTable.h>
 
 #include <vtkCellData.h>
 #include <vtkFieldData.h>
@@ -22,7 +20,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
-#include <span>
+#include <utility>
 
 namespace vemo {
 
@@ -36,9 +34,12 @@ struct BlockScalars {
   vtkDataArray* values;
   bool isOfCells;
   ColorTable table;
+  /// The table's, which other blocks may share.
+  vtkUnsignedCharArray& rgba;
 };
 
-std::optional<BlockScalars> findScalars(const lum::GeometryDrawable& drawable, vtkPolyData& data) {
+std::optional<BlockScalars> findScalars(const lum::GeometryDrawable& drawable, vtkPolyData& data,
+                                        BlockColors& colors) {
   const auto* const scalars = lum::findColoringScalars(drawable);
   if (scalars == nullptr) {
     return std::nullopt;
@@ -51,7 +52,9 @@ std::optional<BlockScalars> findScalars(const lum::GeometryDrawable& drawable, v
     return std::nullopt;
   }
   attributes->SetActiveScalars(values->GetName());
-  return BlockScalars{values, isOfCells, makeUsable(*scalars->hasColorLookupTable()).table};
+  ColorTable table = colors.tables.make(*scalars->hasColorLookupTable()).table;
+  vtkUnsignedCharArray& rgba = colors.forms.get(table.rgba);
+  return BlockScalars{values, isOfCells, std::move(table), rgba};
 }
 
 std::uint8_t toByte(double channel) {
@@ -61,7 +64,7 @@ std::uint8_t toByte(double channel) {
 void addColors(vtkPolyData& data, const Vector3& plain, const std::optional<BlockScalars>& scalars) {
   vtkSmartPointer<vtkUnsignedCharArray> colors;
   if (scalars) {
-    colors.TakeReference(makeVtkLookupTable(scalars->table)
+    colors.TakeReference(makeVtkLookupTable(scalars->table, scalars->rgba)
                              ->MapScalars(scalars->values, VTK_COLOR_MODE_MAP_SCALARS, 0, VTK_RGB));
   } else {
     colors = vtkSmartPointer<vtkUnsignedCharArray>::New();
@@ -98,7 +101,7 @@ void describe(vtkPolyData& data, const SceneBlock& block, const Appearance& appe
   }
   if (scalars) {
     fields.add("ColorArray", {std::string(scalars->values->GetName())});
-    fields.addColors("ColorTable", scalars->table.rgba);
+    fields.add("ColorTable", scalars->rgba);
     fields.add("ColorRange", scalars->table.range);
     fields.add("ColorLog10", scalars->table.isLog10 ? 1.0 : 0.0);
   }
@@ -139,11 +142,12 @@ vtkSmartPointer<vtkPolyData> transformed(vtkPolyData& data, const InstanceTransf
 
 }  // namespace
 
-std::vector<vtkSmartPointer<vtkPolyData>> makeBlockData(const SceneBlock& block, bool withColors) {
+std::vector<vtkSmartPointer<vtkPolyData>> makeBlockData(const SceneBlock& block, BlockColors& colors,
+                                                        bool withColors) {
   const vtkSmartPointer<vtkPolyData> data = geometryOf(block);
   const Appearance appearance = resolveAppearance(*block.drawable, kindOf(*block.drawable));
   const Vector3 color = resolveColor(*block.drawable, appearance.kind, block.node->getName());
-  const auto scalars = findScalars(*block.drawable, *data);
+  const auto scalars = findScalars(*block.drawable, *data, colors);
   if (withColors) {
     addColors(*data, color, scalars);
   }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <span>
 #include <string>
 #include <vector>
@@ -20,12 +19,10 @@ class FieldDataWriter {
   void add(const char* name, std::span<const double> values);
   /// A tuple for each text.
   void add(const char* name, const std::vector<std::string>& texts);
-  /// A tuple for each colour.
-  void addColors(const char* name, const std::vector<std::uint8_t>& rgba);
-
- private:
+  /// Gets the name.
   void add(const char* name, vtkAbstractArray& array);
 
+ private:
   vtkFieldData& _fields;
 };
 

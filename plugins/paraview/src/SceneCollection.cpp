@@ -84,10 +84,10 @@ void makeCollection(const SceneOutline& outline, const std::vector<std::size_t>&
   describeCamera(outline.camera, *collection.GetFieldData());
 }
 
-void putBlock(const SceneBlock& block, bool withColors, unsigned place,
+void putBlock(const SceneBlock& block, BlockColors& colors, bool withColors, unsigned place,
               vtkPartitionedDataSetCollection& collection) {
   unsigned partition = 0;
-  for (const auto& instance : makeBlockData(block, withColors)) {
+  for (const auto& instance : makeBlockData(block, colors, withColors)) {
     collection.SetPartition(place, partition++, instance);
   }
 }

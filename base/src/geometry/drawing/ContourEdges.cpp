@@ -112,7 +112,8 @@ class FaceEdges {
           corners.push_back(place);
         }
       }
-      while (corners.size() > 1 && corners.back() == corners.front()) {
+      // Neighbours differ: then there is no further one.
+      if (corners.back() == corners.front()) {
         corners.pop_back();
       }
       if (corners.size() < 3) {

@@ -19,8 +19,8 @@ inline constexpr double CONTOUR_BEND_DEGREES = 30.0;
 /// What vtkCleanPolyData and vtkFeatureEdges find, but in time that grows with the
 /// edges even if all of them share a point or an edge, and with the true normals of
 /// spiky polygons. Faces are polygons and the
-/// triangles of strips. Their cells are valid (CellValidator), and all points are
-/// finite.
+/// triangles of strips. Their cells are valid (CellValidator) and have three points or
+/// more, of which some may be the same; all points are finite.
 VEMO_GEOMETRY_EXPORT vtkSmartPointer<vtkPolyData> contourEdges(vtkPolyData& faces, double leastBendDegrees);
 
 /// The edges of polygons and of the triangles of strips, as a closed line each.

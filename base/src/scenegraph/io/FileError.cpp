@@ -1,6 +1,12 @@
 #include <vemo/scenegraph/io/FileError.h>
 
+#include <cerrno>
+
 namespace lum::io {
+
+FileIoStatus openingStatus(int error) {
+  return error == ENOENT || error == ENOTDIR ? FileIoStatus::NotFound : FileIoStatus::ReadError;
+}
 
 FileError::FileError(FileIoStatus status, const std::string& text)
     : std::runtime_error(text), _status(status) {}

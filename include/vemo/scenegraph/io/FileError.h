@@ -8,6 +8,10 @@
 
 namespace lum::io {
 
+/// What a host is told of a file that the system does not open, by its error number: NotFound if there
+/// is no such file, else ReadError.
+VEMO_SCENEGRAPH_EXPORT FileIoStatus openingStatus(int error);
+
 /// A file or stream that cannot be read or written. The text explains the
 /// cause to users.
 class VEMO_SCENEGRAPH_EXPORT FileError : public std::runtime_error {

@@ -46,6 +46,14 @@ vtkSmartPointer<vtkUnsignedCharArray> makeVtkColors(std::span<const std::uint8_t
   return colors;
 }
 
+vtkUnsignedCharArray& VtkColors::get(const SharedColors& colors) {
+  const auto [known, isNew] = _made.try_emplace(&colors.get());
+  if (isNew) {
+    known->second = {colors, makeVtkColors(colors.get())};
+  }
+  return *known->second.form;
+}
+
 vtkSmartPointer<vtkLookupTable> makeVtkLookupTable(std::span<const std::uint8_t> rgba,
                                                    const Vector<2, double>& range, bool isLog10) {
   return makeTable(*makeVtkColors(rgba), countColors(rgba), range, isLog10);

@@ -8,7 +8,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <span>
+#include <vector>
 
 class vtkLookupTable;
 class vtkPlane;
@@ -27,6 +29,21 @@ VEMO_COMMON_EXPORT vtkSmartPointer<vtkLookupTable> makeVtkLookupTable(std::span<
 
 /// Colours, four bytes each, for any number of lookup tables.
 VEMO_COMMON_EXPORT vtkSmartPointer<vtkUnsignedCharArray> makeVtkColors(std::span<const std::uint8_t> rgba);
+
+/// VTK's forms of lists of colours, each made once.
+class VEMO_COMMON_EXPORT VtkColors {
+ public:
+  /// The form of a list, which nobody may change.
+  vtkUnsignedCharArray& get(const SharedColors& colors);
+
+ private:
+  struct Made {
+    /// Kept, so that no other list takes its address.
+    SharedColors colors;
+    vtkSmartPointer<vtkUnsignedCharArray> form;
+  };
+  std::map<const std::vector<std::uint8_t>*, Made> _made;
+};
 
 /// The same colours for the same values as the table, whose own they are. Shares them with other
 /// tables, which nobody may change then.

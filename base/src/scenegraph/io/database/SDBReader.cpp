@@ -38,9 +38,7 @@ std::ifstream openFile(const std::string& path) {
   struct stat status {};
   if (::stat(path.c_str(), &status) != 0) {
     const int error = errno;
-    const bool isMissing = error == ENOENT || error == ENOTDIR;
-    throw io::FileError(isMissing ? io::FileIoStatus::NotFound : io::FileIoStatus::ReadError,
-                        std::generic_category().message(error));
+    throw io::FileError(io::openingStatus(error), std::generic_category().message(error));
   }
   if (!S_ISREG(status.st_mode)) {
     throw io::FileError(io::FileIoStatus::ReadError, "It is not a regular file");

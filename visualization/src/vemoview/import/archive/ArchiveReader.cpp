@@ -45,11 +45,12 @@ Array_t<unsigned char> ArchiveReader::loadEntry(const std::string& entryName,
     failIncomplete(entryName);
   }
   const std::string failure = "Entry '" + entryName + "' cannot be read";
-  _bytesRead += static_cast<std::uint64_t>(size);
-  requireData(failure, entryName);
+  const auto bytes = static_cast<std::uint64_t>(size);
+  requireData(bytes, failure, entryName);
   if (!isFirstUse) {
-    addCopy(static_cast<std::uint64_t>(size), failure, entryName);
+    addCopy(bytes, failure, entryName);
   }
+  _bytesRead += bytes;
   // Not set to zero beforehand: the archive does so with what it does not fill.
   auto block = std::make_unique_for_overwrite<unsigned char[]>(static_cast<std::size_t>(size));
   OS::preferHugePages(block.get(), static_cast<std::size_t>(size));
@@ -57,7 +58,7 @@ Array_t<unsigned char> ArchiveReader::loadEntry(const std::string& entryName,
   if (!_archive.read(entryName, reinterpret_cast<char*>(block.get()), &flaws, convert)) {
     failIncomplete(entryName);
   }
-  noteBytesRead(static_cast<std::uint64_t>(size));
+  noteBytesRead(bytes);
   return {block.release(), size};
 }
 
@@ -87,14 +88,17 @@ void ArchiveReader::countNormals(std::int64_t count) {
   constexpr std::uint64_t BYTES = 3 * sizeof(float);
   const std::string failure = "Normals cannot be computed";
   const std::uint64_t bytes = BYTES * static_cast<std::uint64_t>(count);
+  requireData(bytes, failure, "");
   addCopy(bytes, failure, "");
   _normalBytes += bytes;
-  requireData(failure, "");
 }
 
+// What is refused is not counted: it does not keep others from being read.
+
 /// @param what fails if there is too much
-void ArchiveReader::requireData(const std::string& what, const std::string& entryName) const {
-  if (_bytesRead + _normalBytes > getLimits().bytes) {
+void ArchiveReader::requireData(std::uint64_t bytes, const std::string& what,
+                                const std::string& entryName) const {
+  if (_bytesRead + _normalBytes + bytes > getLimits().bytes) {
     failAt<IOException>(what +
                             ": the scene asks for more data than an archive of this size can hold.<br>Your "
                             "file may be corrupt.",
@@ -102,7 +106,6 @@ void ArchiveReader::requireData(const std::string& what, const std::string& entr
   }
 }
 
-/// What does not fit is not counted: it does not keep others from being read.
 void ArchiveReader::addCopy(std::uint64_t bytes, const std::string& what, const std::string& entryName) {
   if (_copiedBytes + bytes > getLimits().copies) {
     failAt<IOException>(what +

@@ -63,7 +63,7 @@ class ArchiveReader {
 
   Array_t<unsigned char> loadEntry(const std::string& entryName, const ZipFileReader::Convert& convert);
   Array_t<unsigned char> loadWords(const std::string& entryName, const char* kind);
-  void requireData(const std::string& what, const std::string& entryName) const;
+  void requireData(std::uint64_t bytes, const std::string& what, const std::string& entryName) const;
   void addCopy(std::uint64_t bytes, const std::string& what, const std::string& entryName);
 
   ZipFileReader _archive;

@@ -5,8 +5,11 @@
 #include <vemo/base/WidePath.h>
 #include <vemo/import/Exception.h>
 #include <vemo/import/archive/ZipFileReader.h>
+#include <vemo/scenegraph/io/FileError.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <system_error>
 #include <utility>
 
 namespace vemo {
@@ -20,8 +23,13 @@ constexpr unsigned FLAG_ENCRYPTED = 1;
 void checkFile(const std::wstring& path) {
   struct stat status {};
   // The system would take the path up to the zero.
-  if (path.find(L'\0') != std::wstring::npos || wideStat(path.c_str(), &status) != 0) {
-    throw FileNotFoundException("File does not exist");
+  const bool isPath = path.find(L'\0') == std::wstring::npos;
+  if (!isPath || wideStat(path.c_str(), &status) != 0) {
+    const int error = isPath ? errno : ENOENT;
+    if (lum::io::openingStatus(error) == lum::io::FileIoStatus::NotFound) {
+      throw FileNotFoundException("File does not exist");
+    }
+    throw IOException(std::generic_category().message(error));
   }
   if ((status.st_mode & S_IRUSR) == 0) {
     throw IOException("No read permission");

@@ -1,8 +1,8 @@
 #include "base/MemoryStream.h"
 #include "vemoview/import/reading/SceneFileReader.h"
+#include "vemoview/import/scene/FormatDetection.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/import/DetectScene.h>
-#include <vemo/import/SceneFormatHandler.h>
 #include <vemo/import/archive/ZipFileReader.h>
 #include <vemo/scenegraph/io/CheckFormat.h>
 #include <vemo/scenegraph/io/FileError.h>
@@ -18,7 +18,6 @@
 #include <string_view>
 #include <strings.h>
 #include <sys/stat.h>
-#include <system_error>
 #include <unistd.h>
 
 namespace vemo {
@@ -27,14 +26,6 @@ namespace {
 
 using lum::io::FileError;
 using lum::io::FileIoStatus;
-
-[[noreturn]] void failToOpen(const std::string& file, int error) {
-  if (error == ENOENT || error == ENOTDIR) {
-    throw FileError(FileIoStatus::NotFound, fmt::format("File \"{}\" does not exist", file));
-  }
-  throw FileError(FileIoStatus::ReadError,
-                  fmt::format("Can't open file \"{}\": {}", file, std::generic_category().message(error)));
-}
 
 std::string readStart(const std::string& file) {
   constexpr std::size_t ENOUGH = 64;
@@ -106,7 +97,7 @@ void requireReadable(const std::wstring& path) {
   const std::string file = toNativePath(path);
   struct stat status {};
   if (wideStat(path.c_str(), &status) != 0) {
-    failToOpen(file, errno);
+    throw openingError(path, errno);
   }
   if (S_ISDIR(status.st_mode)) {
     throw FileError(FileIoStatus::UnsupportedFormat, fmt::format("\"{}\" is a folder, not a file", file));
@@ -116,7 +107,7 @@ void requireReadable(const std::wstring& path) {
                                                          S_ISFIFO(status.st_mode) ? "pipe" : "device"));
   }
   if (faccessat(AT_FDCWD, file.c_str(), R_OK, AT_EACCESS) != 0) {
-    failToOpen(file, errno);
+    throw openingError(path, errno);
   }
   if (status.st_size == 0) {
     throw FileError(FileIoStatus::UnsupportedFormat, fmt::format("\"{}\" is empty", file));
@@ -127,17 +118,16 @@ SceneKind detectScene(const std::wstring& path) {
   requireReadable(path);
   const std::string file = toNativePath(path);
   std::ostringstream messages;
-  errno = 0;
-  switch (SceneFormatHandler::detectSceneFormat(path, messages)) {
+  const DetectedFormat detected = detectFormat(path, messages);
+  switch (detected.format) {
     case SceneFormatHandler::ZippedScene:
       return SceneKind::ARCHIVE;
     case SceneFormatHandler::SceneDatabase:
       return SceneKind::DATABASE;
     case SceneFormatHandler::FileMissing:
-      // The absolute path may be too long, also of a file that is there.
-      failToOpen(file, errno != 0 ? errno : ENOENT);
     case SceneFormatHandler::FileUnreadable:
-      failToOpen(file, errno != 0 ? errno : EACCES);
+      // The absolute path may be too long, also of a file that is there.
+      throw openingError(path, detected.error);
     case SceneFormatHandler::UnknownFormat:
       break;
   }

@@ -1,5 +1,6 @@
 #include "base/MemoryReserve.h"
 #include "vemoview/import/reading/SceneFileReader.h"
+#include "vemoview/import/scene/FormatDetection.h"
 #include <vemo/base/Platform.h>
 #include <vemo/base/WidePath.h>
 #include <vemo/base/WideStream.h>
@@ -8,30 +9,22 @@
 #include <vemo/import/SceneFormatHandler.h>
 #include <vemo/import/archive/ZipFileReader.h>
 #include <vemo/scenegraph/Logger.h>
-#include <vemo/scenegraph/io/CheckFormat.h>
-#include <vemo/scenegraph/io/SDBWriter.h>
 
-#include <algorithm>
-#include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <fmt/format.h>
-#include <fstream>
 #include <ostream>
-#include <string_view>
-#include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 
 namespace vemo {
 
+using lum::io::FileError;
 using lum::io::FileIoStatus;
 
 std::list<std::wstring>& SceneFormatHandler::_filesToDelete = *new std::list<std::wstring>;
 
 namespace {
-
-constexpr std::string_view ZIP_SIGNATURE = "PK\x03\x04";
 
 /// A new temporary file.
 std::wstring makeTemporaryFile() {
@@ -66,18 +59,7 @@ void deleteTemporaryFile(const std::wstring& path) {
   }
 }
 
-/// Whether opening or reading the file may block: a pipe, a socket, a terminal.
-bool mayBlock(const std::wstring& path) {
-  struct stat status {};
-  return wideStat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);
-}
-
 }  // namespace
-
-bool SceneFormatHandler::isZipSignature(const char* bytes) {
-  // Looks no further than the first difference: there may be nothing behind it.
-  return std::ranges::all_of(ZIP_SIGNATURE, [&bytes](char expected) { return *bytes++ == expected; });
-}
 
 bool SceneFormatHandler::containsSceneInZip(const std::wstring& path) {
   const ZipFileReader archive(path);
@@ -87,34 +69,6 @@ bool SceneFormatHandler::containsSceneInZip(const std::wstring& path) {
     }
   }
   return false;
-}
-
-SceneFormatHandler::SceneFormat SceneFormatHandler::detectSceneFormat(const std::wstring& path,
-                                                                      std::ostream& messages) {
-  const std::wstring resolved = Platform::filesystem().getFilePath(path);
-  if (!Platform::filesystem().exists(resolved)) {
-    return FileMissing;
-  }
-  if (mayBlock(resolved)) {
-    return FileUnreadable;
-  }
-  std::ifstream file(toNativePath(resolved), std::ios::binary);
-  if (!file) {
-    return FileUnreadable;
-  }
-  std::array<char, ZIP_SIGNATURE.size()> start{};
-  if (!file.read(start.data(), start.size())) {
-    return UnknownFormat;
-  }
-  if (isZipSignature(start.data())) {
-    return containsSceneInZip(path) ? ZippedScene : UnknownFormat;
-  }
-  if (start.front() == lum::SDBWriter::SIGNATURE.front()) {
-    file.clear();
-    file.seekg(0);
-    return sdb::checkFormat(file, messages) ? SceneDatabase : UnknownFormat;
-  }
-  return UnknownFormat;
 }
 
 std::wstring SceneFormatHandler::convertZippedScene(const std::wstring& path,
@@ -146,13 +100,14 @@ std::wstring SceneFormatHandler::convertZippedScene(const std::wstring& path,
 FileIoStatus SceneFormatHandler::loadVemoScene(const std::wstring& path, LoadingFunction load,
                                                std::ostream& messages, const ProgressReport& progress) {
   std::wstring pathToLoad = path;
-  switch (detectSceneFormat(path, messages)) {
+  const DetectedFormat detected = detectFormat(path, messages);
+  switch (detected.format) {
     case FileMissing:
-      messages << "File \"" << path << "\" does not exist" << std::endl;
-      return FileIoStatus::NotFound;
-    case FileUnreadable:
-      messages << "Can't open file \"" << path << "\"" << std::endl;
-      return FileIoStatus::ReadError;
+    case FileUnreadable: {
+      const FileError cause = openingError(path, detected.error);
+      messages << cause.what() << std::endl;
+      return cause.getStatus();
+    }
     case ZippedScene:
       VEMO_LOG_INFO("Old format, converting...\n");
       pathToLoad = convertZippedScene(path, progress);

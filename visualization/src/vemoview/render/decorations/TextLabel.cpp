@@ -29,13 +29,9 @@ void TextLabel::setText(const std::string& text) {
 
 void TextLabel::setLineHeight(double pixels, vtkRenderer& renderer) {
   const double height = std::min(pixels, _limit.in(windowSize(renderer)));
-  const bool isDrawn = height >= 1.0;
-  _actor->SetVisibility(isDrawn && _actor->GetInput()[0] != '\0');
-  if (isDrawn) {
-    vtkRenderWindow* const window = renderer.GetRenderWindow();
-    setFontSize(height, window != nullptr ? window->GetDPI() : USUAL_DOTS_PER_INCH,
-                *_actor->GetTextProperty());
-  }
+  _actor->SetVisibility(height >= 1.0 && _actor->GetInput()[0] != '\0');
+  vtkRenderWindow* const window = renderer.GetRenderWindow();
+  setFontSize(height, window != nullptr ? window->GetDPI() : USUAL_DOTS_PER_INCH, *_actor->GetTextProperty());
 }
 
 void TextLabel::moveTo(const Vector<2, double>& pixel) {

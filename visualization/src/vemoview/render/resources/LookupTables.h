@@ -1,16 +1,14 @@
 #pragma once
 
+#include "vemoview/common/VtkForms.h"
 #include <vemo/scenegraph/coloring/ColorTable.h>
 
 #include <vtkSmartPointer.h>
 
-#include <cstdint>
 #include <map>
 #include <memory>
-#include <vector>
 
 class vtkLookupTable;
-class vtkUnsignedCharArray;
 
 namespace vemo {
 
@@ -22,8 +20,7 @@ class LookupTables {
 
  private:
   std::map<std::shared_ptr<const ColorTable>, vtkSmartPointer<vtkLookupTable>> _tables;
-  /// Of lists that the tables keep.
-  std::map<const std::vector<std::uint8_t>*, vtkSmartPointer<vtkUnsignedCharArray>> _colors;
+  VtkColors _colors;
 };
 
 }  // namespace vemo
