@@ -103,7 +103,9 @@ struct Colored : SceneBuilder {
   lum::GeometryDrawable& first = addGeometry({makeArray("heat", {1, 2, 3, NAN})}, makeArray("heat", {9}));
   lum::GeometryDrawable& second =
       addGeometry({makeArray("wind", {5, 0, 0, 6, 0, 0, 7, 0, 0, 8, 0, 0}, 3)}, makeArray("heat", {4}));
-  lum::GeometryDrawable& third = addGeometry({makeArray("wind", {1, 1, 1, 1})}, makeArray("short", {1, 2}));
+  lum::GeometryDrawable& third =
+      addGeometry({makeArray("wind", {1, 1, 1, 1}), makeArray("Normals", std::vector<float>(12, 1.0F), 3)},
+                  makeArray("short", {1, 2}));
   lum::ColorLookupTable& heat =
       vemo::colorByArray(first, "heat", lum::DataLocation::POINTS, {0, 0, 1, 1, 1, 0, 0, 1});
   lum::ColorLookupTable& wind = vemo::colorByArray(second, "wind", lum::DataLocation::POINTS, {1, 1, 1, 1});

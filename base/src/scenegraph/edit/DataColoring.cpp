@@ -1,3 +1,4 @@
+#include "geometry/Normals.h"
 #include "scenegraph/coloring/ColoringScalars.h"
 #include "scenegraph/edit/ColoredLegends.h"
 #include "scenegraph/inspect/ArrayRange.h"
@@ -14,6 +15,7 @@
 #include <cmath>
 #include <fmt/format.h>
 #include <set>
+#include <string_view>
 #include <utility>
 
 namespace lum {
@@ -49,6 +51,11 @@ vtkIdType countAt(const PolyDataNode& node, DataLocation location) {
   return cells;
 }
 
+/// They serve for shading; an import computes them.
+bool isNormals(vtkDataArray& array) {
+  return std::string_view(array.GetName()) == vemo::NORMALS && array.GetNumberOfComponents() == 3;
+}
+
 /// Calls visit(vtkDataArray&) for the arrays of a drawable that can colour it.
 template <class Visit>
 void forEachArray(const GeometryDrawable& drawable, DataLocation location, Visit&& visit) {
@@ -58,7 +65,8 @@ void forEachArray(const GeometryDrawable& drawable, DataLocation location, Visit
       continue;
     }
     for (const auto& array : arraysAt(*mesh, location)) {
-      if (array->GetName() != nullptr && array->GetNumberOfTuples() == countAt(*mesh, location)) {
+      if (array->GetName() != nullptr && !isNormals(*array) &&
+          array->GetNumberOfTuples() == countAt(*mesh, location)) {
         visit(*array);
       }
     }
