@@ -150,17 +150,16 @@ std::string quoted(const std::vector<std::string>& names) {
   return text;
 }
 
-Colors rainbow() {
-  const Ptr<ColorLookupTable> none(
-      new ColorLookupTable(ClassNameNodeInitializer(ColorLookupTable::getClassName())));
+/// As they are drawn: of a range that starts at its greater value they are reversed, too.
+Colors drawnColors(const ColorLookupTable& table) {
   constexpr double MOST = 255.0;
   std::vector<double> values;
-  const vemo::SharedColors colors = vemo::makeUsable(*none).table.rgba;
+  const vemo::SharedColors colors = vemo::makeUsable(table).table.rgba;
   for (const std::uint8_t channel : colors.get()) {
     values.push_back(channel / MOST);
   }
   const auto count = static_cast<std::int32_t>(values.size() / 4);
-  return {std::move(values), count};
+  return {std::move(values), count, ScaleMode::LINEAR, table.getRampMode()};
 }
 
 /// The table whose colours the array gets; null without any in the scene.
@@ -183,16 +182,17 @@ const ColorLookupTable* chooseTable(SceneNode& scene, const std::vector<Use>& us
   return found;
 }
 
-/// A logarithmic scale belongs to the array, the colours to the scene.
+/// A logarithmic scale belongs to the array, the colours to the scene. Without any they are a rainbow.
 Colors chooseColors(SceneNode& scene, const std::vector<Use>& uses, const std::string& array) {
-  const ColorLookupTable* const table = chooseTable(scene, uses, array);
-  if (table == nullptr || table->getColorValues().get().empty()) {
-    return rainbow();
+  const Ptr<ColorLookupTable> none(
+      new ColorLookupTable(ClassNameNodeInitializer(ColorLookupTable::getClassName())));
+  const ColorLookupTable* const found = chooseTable(scene, uses, array);
+  const ColorLookupTable& table = found != nullptr ? *found : *none;
+  Colors colors = drawnColors(table);
+  if (std::ranges::any_of(uses, [&](const Use& use) { return isColoredBy(*use.drawable, array); })) {
+    colors.scale = table.getScaleMode();
   }
-  const bool isOfArray =
-      std::ranges::any_of(uses, [&](const Use& use) { return isColoredBy(*use.drawable, array); });
-  return {table->getColorValues(), table->getNumColor(),
-          isOfArray ? table->getScaleMode() : ScaleMode::LINEAR, table->getRampMode()};
+  return colors;
 }
 
 void fill(ColorLookupTable& table, const Colors& colors, const Vector2& range) {
