@@ -4,10 +4,13 @@
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
+#include <vtkFloatArray.h>
 #include <vtkNew.h>
 #include <vtkPointData.h>
 
 #include <gmock/gmock.h>
+#include <limits>
+#include <vector>
 
 namespace vemo {
 
@@ -57,6 +60,26 @@ TEST(LitFacesTest, HaveTheNormalOfATriangleIfTheirPartsCancelEachOther) {
   for (vtkIdType point = 0; point < 4; ++point) {
     EXPECT_EQ(std::abs(mesh->GetPointData()->GetNormals()->GetComponent(point, 2)), 1.0);
   }
+}
+
+TEST(LitFacesTest, HaveNormalsThatCanLight) {
+  constexpr float NONE = std::numeric_limits<float>::quiet_NaN();
+  constexpr float ENDLESS = std::numeric_limits<float>::infinity();
+  const auto square = flat({0, 0, 1, 0, 1, 1, 0, 1});
+  auto mesh = makePolyData(square, {.polys = {{0, 1, 2, 3}}});
+  mesh->GetPointData()->SetNormals(
+      makeArray("Normals", {NONE, 0, 1, 0, 1e22F, 0, 1e-22F, 0, 0, 0, 0, -ENDLESS}, 3));
+  auto ofCell = makePolyData(square, {.polys = {{0, 1, 2, 3}}});
+  ofCell->GetCellData()->SetNormals(makeArray("Normals", {0, ENDLESS, NONE}, 3));
+  lightBothSides(mesh);
+  lightBothSides(ofCell);
+  const auto values = [](vtkDataArray* normals) {
+    const float* const first = vtkFloatArray::SafeDownCast(normals)->GetPointer(0);
+    return std::vector<float>(first, first + normals->GetNumberOfValues());
+  };
+  EXPECT_THAT(values(mesh->GetPointData()->GetNormals()),
+              testing::ElementsAre(0, 0, 1, 0, 1, 0, 1, 0, 0, 0, 0, 1));
+  EXPECT_THAT(values(ofCell->GetCellData()->GetNormals()), testing::ElementsAre(0, 0, 1));
 }
 
 TEST(LitFacesTest, HaveNormalsOfCellsThatAgreeWithTheWinding) {

@@ -1,4 +1,5 @@
 #include "support/SceneBuilder.h"
+#include <vemo/scenegraph/coloring/ColorTable.h>
 #include <vemo/scenegraph/edit/DataColoring.h>
 #include <vemo/scenegraph/edit/EditError.h>
 #include <vemo/scenegraph/edit/Items.h>
@@ -103,7 +104,9 @@ struct Colored : SceneBuilder {
   lum::GeometryDrawable& first = addGeometry({makeArray("heat", {1, 2, 3, NAN})}, makeArray("heat", {9}));
   lum::GeometryDrawable& second =
       addGeometry({makeArray("wind", {5, 0, 0, 6, 0, 0, 7, 0, 0, 8, 0, 0}, 3)}, makeArray("heat", {4}));
-  lum::GeometryDrawable& third = addGeometry({makeArray("wind", {1, 1, 1, 1})}, makeArray("short", {1, 2}));
+  lum::GeometryDrawable& third =
+      addGeometry({makeArray("wind", {1, 1, 1, 1}), makeArray("Normals", std::vector<float>(12, 1.0F), 3)},
+                  makeArray("short", {1, 2}));
   lum::ColorLookupTable& heat =
       vemo::colorByArray(first, "heat", lum::DataLocation::POINTS, {0, 0, 1, 1, 1, 0, 0, 1});
   lum::ColorLookupTable& wind = vemo::colorByArray(second, "wind", lum::DataLocation::POINTS, {1, 1, 1, 1});
@@ -153,6 +156,22 @@ TEST(SceneEditTest, LegendsOfOtherColoursStay) {
   ASSERT_EQ(legends.size(), 1U) << "a new one";
   EXPECT_EQ(static_cast<lum::LegendDrawable*>(legends[0])->getColorLookupTable().getScalarRange(),
             (Range{1, 8}));
+}
+
+TEST(SceneEditTest, ColoursStayAsTheyAreDrawnAndAreShownByALegend) {
+  Colored scene;
+  scene.heat.setScalarRange({4, 1});
+  scene.heatLegend.getColorLookupTable().setScalarRange({4, 1});
+  for (lum::LegendDrawable* const legend : {&scene.heatLegend, &scene.windLegend}) {
+    lum::setShown(*legend, false);
+  }
+  const ColorTable drawn = makeUsable(scene.heat).table;
+  lum::colorByArray(scene.node(), "heat");
+  EXPECT_EQ(makeUsable(scene.heat).table, drawn);
+  EXPECT_FALSE(lum::isShown(scene.heatLegend));
+  const auto legends = lum::findItems(scene.node(), "heat");
+  ASSERT_EQ(legends.size(), 1U);
+  EXPECT_TRUE(lum::isShown(*legends[0]));
 }
 
 TEST(SceneEditTest, SaysWhatCannotBeUsed) {

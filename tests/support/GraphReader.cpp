@@ -5,6 +5,7 @@
 #include <vemo/scenegraph/NodeFactory.h>
 #include <vemo/scenegraph/drawables/PolyDataNode.h>
 
+#include <vtkCellArray.h>
 #include <vtkCellData.h>
 #include <vtkPointData.h>
 #include <vtkUnsignedCharArray.h>
@@ -101,12 +102,25 @@ void addArrays(vtkDataSetAttributes& data, const json& arrays) {
   }
 }
 
+/// Databases may have such cells, unlike poly data.
+void addEmptyCells(lum::PolyDataNode& node, const json& fields) {
+  lum::FieldList known;
+  node.listFields(known);
+  for (const lum::Field& field : known) {
+    auto* const* const cells = std::get_if<vtkSmartPointer<vtkCellArray>*>(&field.value);
+    if (cells != nullptr && **cells == nullptr && fields.contains(field.name)) {
+      **cells = vtkSmartPointer<vtkCellArray>::New();
+    }
+  }
+}
+
 void setFields(lum::Node& node, const json& fields) {
   if (auto* const piece = dynamic_cast<lum::PolyDataNode*>(&node)) {
     const auto mesh = meshOf(fields);
     addArrays(*mesh->GetPointData(), fields.value("pointData", json::object()));
     addArrays(*mesh->GetCellData(), fields.value("cellData", json::object()));
     piece->setPolyData(mesh);
+    addEmptyCells(*piece, fields);
     return;
   }
   lum::FieldList known;

@@ -16,7 +16,7 @@
   KIND(ARRAY_WITHOUT_NAME, CHANGED, "An array has no name, so that nothing can refer to it.") \
   KIND(ASSEMBLY_EMPTY, LOST, "An assembly without items is left out, with its colormaps, legend and transform.") \
   KIND(ATTRIBUTE_UNKNOWN, LOST, "An attribute that the format does not have for its element is ignored.") \
-  KIND(ATTRIBUTE_WITHOUT_EFFECT, NOTE, "A value has no effect and is not kept. It is not the default.") \
+  KIND(ATTRIBUTE_WITHOUT_EFFECT, NOTE, "A value has no effect on what is drawn. It is not the default.") \
   KIND(CELLS_LEFT_OUT, LOST, "Cells with fewer points than cells of their kind must have are left out.") \
   KIND(CHECKSUM_WRONG, CHANGED, "The content of an entry does not match its checksum, or an unused entry cannot be read: it may be damaged.") \
   KIND(CLASS_UNKNOWN, LOST, "A database has nodes of a class that this version does not know. They are left out.") \
@@ -46,6 +46,7 @@
   KIND(GEOMETRY_TYPE_CHANGED, CHANGED, "A geometry is drawn as another type, because there are no cells of its own type, or all of them were left out.") \
   KIND(GLYPH_MISSING, LOST, "A text has characters that no installed font contains, or that are beyond U+FFFF.") \
   KIND(HIDDEN_BY_DEFAULT, NOTE, "An item is hidden because the value that would show it is missing: the `visibility`, both `showFaces` and `showEdges` of a surface, or the `intensity` of a light.") \
+  KIND(HIDDEN_BY_FAULT, LOST, "An item is hidden because the value that would show it cannot be read: the `visibility`, `showFaces`, `showEdges` or `contour` of a surface, or the `intensity` of a light.") \
   KIND(IMAGE_NOT_DRAWN, LOST, "An image cannot be drawn: its pixels do not fit its size, or it is more than 16,384 pixels wide or high.") \
   KIND(IMAGE_WITHOUT_PIXELS, LOST, "An image without pixels is left out.") \
   KIND(ITEM_INVALID, REFUSED, "The values of an item contradict each other.") \

@@ -22,12 +22,20 @@ namespace vemo {
 
 namespace {
 
-/// The points with normals of zero; empty if there are none.
+/// Whether the square of its length is a number in single precision, with which OpenGL computes.
+bool canLight(const Vector3& normal) {
+  constexpr double LEAST = 1e-30;
+  constexpr double MOST = 1e30;
+  const double square = dot(normal, normal);
+  return square >= LEAST && square <= MOST;
+}
+
+/// The points with normals that cannot light; empty if there are none.
 template <class Points>
-PointMarks markZeros(const Points& normals) {
+PointMarks markUnlit(const Points& normals) {
   PointMarks marks;
   for (vtkIdType i = 0; i < normals.size(); ++i) {
-    if (normals[i] == Vector3{}) {
+    if (!canLight(normals[i])) {
       marks.resize(static_cast<std::size_t>(normals.size()));
       marks[static_cast<std::size_t>(i)] = true;
     }
@@ -47,30 +55,33 @@ std::optional<Vector3> faceNormal(const Points& points, std::span<const Index> f
   return normal;
 }
 
-/// The given normals if none of the points of faces has a normal of zero.
-vtkSmartPointer<vtkDataArray> withoutZeros(vtkPolyData& mesh, vtkDataArray& normals) {
+/// The given normals if those of all points of faces can light.
+vtkSmartPointer<vtkDataArray> withoutUnlit(vtkPolyData& mesh, vtkDataArray& normals) {
   vtkSmartPointer<vtkDataArray> result = &normals;
-  PointMarks zeros;
-  PointReader(normals).visit([&](const auto& vectors) { zeros = markZeros(vectors); });
-  if (zeros.empty()) {
+  PointMarks unlit;
+  PointReader(normals).visit([&](const auto& vectors) { unlit = markUnlit(vectors); });
+  if (unlit.empty()) {
     return result;
   }
   const PointReader points(*mesh.GetPoints()->GetData());
+  const PointReader given(normals);
   forEachFace(mesh, [&]<class Index>(std::span<const Index> face) {
-    const auto isZero = [&](Index point) { return zeros[static_cast<std::size_t>(point)]; };
-    const auto normal = std::ranges::any_of(face, isZero) ? faceNormal(points, face) : std::nullopt;
-    if (!normal) {
+    const auto isUnlit = [&](Index point) { return unlit[static_cast<std::size_t>(point)]; };
+    if (std::ranges::none_of(face, isUnlit)) {
       return;
     }
-    if (result == &normals) {
-      result = vtk::TakeSmartPointer(normals.NewInstance());
-      result->DeepCopy(&normals);
-    }
+    const auto ofFace = faceNormal(points, face);
     for (const Index point : face) {
-      if (isZero(point)) {
-        result->SetTuple(point, normal->data());
-        zeros[static_cast<std::size_t>(point)] = false;
+      const auto direction = isUnlit(point) ? unitVector(given[point]) : std::nullopt;
+      if (!isUnlit(point) || (!direction && !ofFace)) {
+        continue;
       }
+      if (result == &normals) {
+        result = vtk::TakeSmartPointer(normals.NewInstance());
+        result->DeepCopy(&normals);
+      }
+      result->SetTuple(point, (direction ? *direction : *ofFace).data());
+      unlit[static_cast<std::size_t>(point)] = false;
     }
   });
   return result;
@@ -168,10 +179,10 @@ vtkSmartPointer<vtkDataArray> litNormals(vtkPolyData& mesh, vtkDataArray& normal
       forEachCell(*mesh.GetPolys(),
                   [&, number = mesh.GetNumberOfVerts() + mesh.GetNumberOfLines()](auto face) mutable {
                     const Vector3 given = vectors[number];
-                    if (dot(areaProduct(points, face), given) < 0.0) {
-                      replace(number, Vector3{} - given);
-                    } else if (given == Vector3{}) {
+                    if (!canLight(given)) {
                       replace(number, faceNormal(points, face).value_or(given));
+                    } else if (dot(areaProduct(points, face), given) < 0.0) {
+                      replace(number, Vector3{} - given);
                     }
                     ++number;
                   });
@@ -190,7 +201,7 @@ void lightByCells(vtkSmartPointer<vtkPolyData>& faces, vtkDataArray& given) {
 }
 
 void lightByPoints(vtkSmartPointer<vtkPolyData>& faces, vtkDataArray& given) {
-  const auto normals = withoutZeros(*faces, given);
+  const auto normals = withoutUnlit(*faces, given);
   const auto polygons = findContradicting(*faces->GetPolys(), false, *faces, *normals);
   const auto strips = findContradicting(*faces->GetStrips(), true, *faces, *normals);
   if (normals == &given && polygons.empty() && strips.empty()) {

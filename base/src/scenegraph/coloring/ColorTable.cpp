@@ -24,9 +24,12 @@ std::uint8_t toByte(double value) {
                               : 0;
 }
 
+std::ptrdiff_t listedColors(const lum::ColorLookupTable& table) {
+  return static_cast<std::ptrdiff_t>(table.getColorValues().get().size()) / CHANNELS;
+}
+
 std::ptrdiff_t colorCount(const lum::ColorLookupTable& table) {
-  const auto declared = static_cast<std::size_t>(std::max(table.getNumColor(), 0));
-  return static_cast<std::ptrdiff_t>(std::min(declared, table.getColorValues().get().size() / CHANNELS));
+  return std::clamp<std::ptrdiff_t>(table.getNumColor(), 0, listedColors(table));
 }
 
 std::vector<std::uint8_t> toBytes(const std::vector<double>& values, std::ptrdiff_t colors) {
@@ -63,13 +66,16 @@ const SharedColors& defaultColors() {
 /// Makes a table usable, and collects what that takes.
 class TableAdjuster {
  public:
-  /// @param unknownEnds of the range: what follows from these is not collected
-  TableAdjuster(ColorTable& table, const std::array<bool, 2>& unknownEnds)
-      : _table(table),
-        _isRangeKnown(!unknownEnds[0] && !unknownEnds[1]),
-        _cannotBeLogarithmic((!unknownEnds[0] && low() <= 0.0) || (!unknownEnds[1] && high() <= 0.0)) {}
+  /// What follows from unknown ends of the original's range is not collected.
+  TableAdjuster(ColorTable& table, const lum::ColorLookupTable& original)
+      : _table(table), _original(original) {
+    const std::array<bool, 2> unknownEnds = original.getUnknownEnds();
+    _isRangeKnown = !unknownEnds[0] && !unknownEnds[1];
+    _cannotBeLogarithmic = (!unknownEnds[0] && low() <= 0.0) || (!unknownEnds[1] && high() <= 0.0);
+  }
 
   std::string run() {
+    adjustCount();
     adjustColors();
     adjustEnds();
     adjustScale();
@@ -93,6 +99,13 @@ class TableAdjuster {
     if (isFault) {
       note(change);
     }
+  }
+
+  void adjustCount() {
+    const int declared = _original.getNumColor();
+    const std::ptrdiff_t listed = listedColors(_original);
+    noteIf(declared != listed,
+           fmt::format("lists {} colours but states {}: the lesser number counts", listed, declared));
   }
 
   void adjustColors() {
@@ -132,9 +145,10 @@ class TableAdjuster {
   }
 
   ColorTable& _table;
-  bool _isRangeKnown;
+  const lum::ColorLookupTable& _original;
+  bool _isRangeKnown = true;
   /// By a known end of the range.
-  bool _cannotBeLogarithmic;
+  bool _cannotBeLogarithmic = false;
   bool _isReversed = false;
   std::string _changes;
 };
@@ -147,7 +161,7 @@ UsableColorTable makeUsable(const lum::ColorLookupTable& table) {
 
 UsableColorTable UsableColorTables::make(const lum::ColorLookupTable& table) {
   ColorTable usable{colorsOf(table), table.getScalarRange(), table.getScaleMode() == lum::ScaleMode::LOG10};
-  TableAdjuster adjuster(usable, table.getUnknownEnds());
+  TableAdjuster adjuster(usable, table);
   std::string changes = adjuster.run();
   if (adjuster.isReversed()) {
     usable.rgba = reversed(usable.rgba);

@@ -30,11 +30,11 @@ Legends legendsOf(SceneNode& scene, const std::set<vemo::ColorTable>& tables,
   return legends;
 }
 
-/// A visible one if there is any; null for none at all.
-LegendDrawable* chooseLegend(const Legends& legends) {
+/// Null if none is visible.
+LegendDrawable* findShown(const Legends& legends) {
   const auto shown =
       std::ranges::find_if(legends, [](const LegendDrawable* legend) { return isShown(*legend); });
-  return shown != legends.end() ? *shown : legends.empty() ? nullptr : legends.front();
+  return shown != legends.end() ? *shown : nullptr;
 }
 
 void copyTable(const ColorLookupTable& from, ColorLookupTable& to) {
@@ -88,15 +88,16 @@ void updateLegends(SceneNode& scene, const FormerColors& former, const std::stri
                    const ColorLookupTable& table) {
   const Legends own = legendsOf(scene, former.ofArray, former.kept);
   const Legends others = legendsOf(scene, former.ofOthers, former.kept);
-  LegendDrawable* legend = chooseLegend(own);
+  LegendDrawable* legend = findShown(own);
   if (legend == nullptr) {
-    legend = others.empty() ? &addLegend(scene, array) : chooseLegend(others);
+    legend = findShown(others);
+    legend = legend != nullptr ? legend : &addLegend(scene, array);
     name(*legend, array);
   }
   copyTable(table, legend->getColorLookupTable());
   for (const Legends& replaced : {own, others}) {
     for (LegendDrawable* const each : replaced) {
-      setShown(*each, each == legend && isShown(*each));
+      setShown(*each, each == legend);
     }
   }
 }

@@ -20,7 +20,7 @@ struct FormerColors {
   std::set<vemo::ColorTable> kept;
 };
 
-/// Shows the table of an array in one legend: that of its former colours, else that of other
+/// Shows the table of an array in one legend: the visible one of its former colours, else that of other
 /// colours that are replaced, else a new one. Other legends of replaced colours are hidden.
 void updateLegends(SceneNode& scene, const FormerColors& former, const std::string& array,
                    const ColorLookupTable& table);

@@ -1,3 +1,4 @@
+#include "geometry/Normals.h"
 #include "scenegraph/coloring/ColoringScalars.h"
 #include "scenegraph/edit/ColoredLegends.h"
 #include "scenegraph/inspect/ArrayRange.h"
@@ -14,6 +15,7 @@
 #include <cmath>
 #include <fmt/format.h>
 #include <set>
+#include <string_view>
 #include <utility>
 
 namespace lum {
@@ -49,6 +51,11 @@ vtkIdType countAt(const PolyDataNode& node, DataLocation location) {
   return cells;
 }
 
+/// They serve for shading; an import computes them.
+bool isNormals(vtkDataArray& array) {
+  return std::string_view(array.GetName()) == vemo::NORMALS && array.GetNumberOfComponents() == 3;
+}
+
 /// Calls visit(vtkDataArray&) for the arrays of a drawable that can colour it.
 template <class Visit>
 void forEachArray(const GeometryDrawable& drawable, DataLocation location, Visit&& visit) {
@@ -58,7 +65,8 @@ void forEachArray(const GeometryDrawable& drawable, DataLocation location, Visit
       continue;
     }
     for (const auto& array : arraysAt(*mesh, location)) {
-      if (array->GetName() != nullptr && array->GetNumberOfTuples() == countAt(*mesh, location)) {
+      if (array->GetName() != nullptr && !isNormals(*array) &&
+          array->GetNumberOfTuples() == countAt(*mesh, location)) {
         visit(*array);
       }
     }
@@ -142,17 +150,16 @@ std::string quoted(const std::vector<std::string>& names) {
   return text;
 }
 
-Colors rainbow() {
-  const Ptr<ColorLookupTable> none(
-      new ColorLookupTable(ClassNameNodeInitializer(ColorLookupTable::getClassName())));
+/// As they are drawn: of a range that starts at its greater value they are reversed, too.
+Colors drawnColors(const ColorLookupTable& table) {
   constexpr double MOST = 255.0;
   std::vector<double> values;
-  const vemo::SharedColors colors = vemo::makeUsable(*none).table.rgba;
+  const vemo::SharedColors colors = vemo::makeUsable(table).table.rgba;
   for (const std::uint8_t channel : colors.get()) {
     values.push_back(channel / MOST);
   }
   const auto count = static_cast<std::int32_t>(values.size() / 4);
-  return {std::move(values), count};
+  return {std::move(values), count, ScaleMode::LINEAR, table.getRampMode()};
 }
 
 /// The table whose colours the array gets; null without any in the scene.
@@ -175,16 +182,17 @@ const ColorLookupTable* chooseTable(SceneNode& scene, const std::vector<Use>& us
   return found;
 }
 
-/// A logarithmic scale belongs to the array, the colours to the scene.
+/// A logarithmic scale belongs to the array, the colours to the scene. Without any they are a rainbow.
 Colors chooseColors(SceneNode& scene, const std::vector<Use>& uses, const std::string& array) {
-  const ColorLookupTable* const table = chooseTable(scene, uses, array);
-  if (table == nullptr || table->getColorValues().get().empty()) {
-    return rainbow();
+  const Ptr<ColorLookupTable> none(
+      new ColorLookupTable(ClassNameNodeInitializer(ColorLookupTable::getClassName())));
+  const ColorLookupTable* const found = chooseTable(scene, uses, array);
+  const ColorLookupTable& table = found != nullptr ? *found : *none;
+  Colors colors = drawnColors(table);
+  if (std::ranges::any_of(uses, [&](const Use& use) { return isColoredBy(*use.drawable, array); })) {
+    colors.scale = table.getScaleMode();
   }
-  const bool isOfArray =
-      std::ranges::any_of(uses, [&](const Use& use) { return isColoredBy(*use.drawable, array); });
-  return {table->getColorValues(), table->getNumColor(),
-          isOfArray ? table->getScaleMode() : ScaleMode::LINEAR, table->getRampMode()};
+  return colors;
 }
 
 void fill(ColorLookupTable& table, const Colors& colors, const Vector2& range) {

@@ -17,6 +17,7 @@ namespace vemo {
 class VEMO_IMPORT_EXPORT Image : public GraphicsItem {
  public:
   /// In the order of lum::CoordinateSpace.
+  static inline const std::string XML_ATTRIB_SPACE = "coordinateSystem";
   static inline const std::string COORDINATE_SYSTEMS[] = {"WINDOW", "MODEL", ""};
   static const KeyTable<Image> KEYS;
 

@@ -61,7 +61,11 @@ class VEMO_IMPORT_EXPORT Legend : public GraphicsItem {
   void setFont(const Font& font) { _font = font; }
 
  private:
-  const Colormap* chooseColormap(const SharedBySiblings& shared, const std::string& assemblyName) const;
+  const Colormap* chooseColormap(const SharedBySiblings& shared) const;
+  /// Of the legend of that assembly, unless it shows the colormap that it names and that colours the
+  /// assembly.
+  void reportChoice(const Colormap& chosen, const SharedBySiblings& shared,
+                    const std::string& assemblyName) const;
   void applyTo(lum::LegendAttributes& attributes, const Colormap& colormap) const;
 
   std::string _title;

@@ -30,7 +30,7 @@ class VEMO_IMPORT_EXPORT GeometryTransform : public Transform {
                             const Vector<3, double>& translation, const Vector<3, double>& scale);
 
  private:
-  void reportUnusable(SceneFileReader& reader) const;
+  void reportUnusable(HeldFindings& held, SceneFileReader& reader) const;
 
   Vector<3, double> _rotationAxis{0.0, 0.0, 1.0};
   Vector<3, double> _rotationOrigin{};

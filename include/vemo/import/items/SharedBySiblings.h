@@ -49,6 +49,9 @@ struct SharedBySiblings {
   /// precedence over inner ones. Null when there is none.
   const Colormap* colormap = nullptr;
 
+  /// The name of the assembly that this colormap is of; null when there is none.
+  const std::string* coloringAssembly = nullptr;
+
   /// Those of the assembly whose legend is being converted; null when none is.
   const Colormaps* assemblyColormaps = nullptr;
 

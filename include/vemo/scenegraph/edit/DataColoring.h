@@ -27,7 +27,7 @@ VEMO_SCENEGRAPH_EXPORT std::optional<Vector2> findColorRange(SceneNode& scene, c
 /// finite values.
 ///
 /// A legend of the former colours shows the new ones, with the array's name as its title,
-/// unless other geometry still has the former colours. A scene without a legend gets one.
+/// unless other geometry still has the former colours. If none is visible, one is added.
 ///
 /// Throws EditError, with the names of all arrays, when no geometry has the array; and for
 /// a range that setColorRange does not take.

@@ -45,7 +45,7 @@ SceneResolver::SceneResolver(const lum::SceneNode& scene, ResolveOptions options
     : _state(std::make_unique<State>(scene, std::move(options))) {
   using Role = ResolvedCanvas::Role;
   const NodeFindings::Scope scope(_state->findings);
-  _state->background = resolveBackground(scene.hasBackgroundCanvas());
+  _state->background = resolveBackground(scene);
   _state->add(scene.hasBackgroundCanvas(), Role::BACKGROUND);
   _state->add(scene.hasModelCanvas(), Role::MODEL);
   _state->add(scene.hasForegroundCanvas(), Role::FOREGROUND);

@@ -39,10 +39,10 @@ void Annotation::setAlignment(lum::HorizontalAlignment horizontal, lum::Vertical
 
 void Annotation::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement<GraphicsItem>(*this, element, reader);
+  const ValueReader values(element, reader, OnBadValue::WARN);
   // It may be meant for the model if the mode is one that is ignored.
-  const QxElement::Attribute* const mode = element.peekAttribute("mode");
-  if (_mode == lum::CoordinateSpace::WINDOW && (mode == nullptr || mode->getValue() == MODES[0])) {
-    ValueReader(element, reader, OnBadValue::WARN).reportDepthWithoutEffect("position", _position[2]);
+  if (values.isAbsentOr(MODES[0], "mode")) {
+    values.reportDepthWithoutEffect("position", _position[2]);
   }
 }
 

@@ -1,3 +1,4 @@
+#include "vemoview/import/reading/HeldFindings.h"
 #include "vemoview/import/reading/KeyTable.h"
 #include <vemo/import/decorations/Gradient.h>
 #include <vemo/scenegraph/Logger.h>
@@ -13,14 +14,15 @@ const KeyTable<Gradient> Gradient::KEYS({
         "mode",
         "where the first colour is, and where the second. `SOLID`, also the result of "
         "an unknown word, is an error")
-        .named(MODES)
-        .reportedLater(),
+        .named(MODES),
 });
 
 Gradient::Gradient(std::string name) : GraphicsItem(std::move(name)) {}
 Gradient::~Gradient() = default;
 
 void Gradient::read(const QxElement& element, SceneFileReader* reader) {
+  // A mode that cannot be read is an error, unless a later gradient replaces this one.
+  const HeldFindings held(reader, {"mode"});
   KEYS.readElement<GraphicsItem>(*this, element, reader);
   element.markUnused("name");
 }

@@ -55,7 +55,7 @@ void checkSize(const Image::PixelSource& source, int bytes) {
 
 const KeyTable<Image> Image::KEYS(
     {
-        key::ifPresent<&Image::_space>("coordinateSystem",
+        key::ifPresent<&Image::_space>(XML_ATTRIB_SPACE,
                                        "what the corners are given in: fractions of the window's width and "
                                        "height, or model coordinates")
             .named(COORDINATE_SYSTEMS)

@@ -26,7 +26,8 @@ void Image2D::readQuad(const QxElement& element, SceneFileReader* reader) {
   Rectangle rectangle;
   KEYS.read(rectangle, element, reader);
   const ValueReader values(element, reader, OnBadValue::WARN);
-  if (isInWindow()) {
+  // It may be meant for the model if the coordinate system is one that is ignored.
+  if (values.isAbsentOr(COORDINATE_SYSTEMS[0], XML_ATTRIB_SPACE)) {
     values.reportDepthWithoutEffect("position", rectangle.position[2]);
   }
   values.reportDepthWithoutEffect("size", rectangle.size[2]);

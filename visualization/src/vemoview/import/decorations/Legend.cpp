@@ -16,6 +16,7 @@ namespace vemo {
 
 namespace {
 
+constexpr const char* COLORMAP = "colormap";
 const std::string DEFAULT_FORMAT = "%.4g";
 
 /// At the right edge, or at the lower one.
@@ -30,7 +31,7 @@ const KeyTable<Legend> Legend::KEYS(
     {
         key::ifPresent<&Legend::_title>("title", "the heading of the bar; a blank one counts as absent")
             .defaultingTo("the colormap's"),
-        key::ifPresent<&Legend::_colormapName>("colormap", "the name of a colormap of the assembly")
+        key::ifPresent<&Legend::_colormapName>(COLORMAP, "the name of a colormap of the assembly")
             .defaultingTo("the one that colours the assembly"),
         key::always<&Legend::_orientation>("orientation", "orientation of the bar").named(ORIENTATIONS),
         key::ifPresent<&Legend::_labelCount>("numberOfLabels",
@@ -83,34 +84,44 @@ void Legend::read(const QxElement& element, SceneFileReader* reader) {
   Rectangle::KEYS.read(_rectangle, element, reader);
 }
 
-const Colormap* Legend::chooseColormap(const SharedBySiblings& shared,
-                                       const std::string& assemblyName) const {
+const Colormap* Legend::chooseColormap(const SharedBySiblings& shared) const {
   if (_colormapName.empty() || shared.assemblyColormaps == nullptr) {
     return shared.colormap;
   }
   const Colormap* const own = shared.assemblyColormaps->find(_colormapName);
-  const bool isOuter = shared.colormap != nullptr && shared.colormap->getName() == _colormapName;
-  if (own == nullptr && !isOuter) {
-    report(shared.context, FindingCode::COLORMAP_UNKNOWN,
-           "The legend of \"" + assemblyName + "\" names a colormap \"" + _colormapName +
-               "\" that its assembly does not have");
-  }
   return own != nullptr ? own : shared.colormap;
+}
+
+void Legend::reportChoice(const Colormap& chosen, const SharedBySiblings& shared,
+                          const std::string& assemblyName) const {
+  const std::string legend = "The legend of \"" + assemblyName + "\" ";
+  if (!_colormapName.empty() && chosen.getName() != _colormapName) {
+    const ReadingContext::AttributeScope scope(shared.context, COLORMAP);
+    report(shared.context, FindingCode::COLORMAP_UNKNOWN,
+           legend + "names a colormap \"" + _colormapName + "\" that its assembly does not have");
+  }
+  if (&chosen == shared.colormap) {
+    return;
+  }
+  const std::string shown = legend + "shows the colormap \"" + chosen.getName() + '"';
+  const std::string colors = "the colours of \"" + shared.colormap->getName() + '"';
+  const bool isOuter = shared.coloringAssembly != nullptr &&
+                       shared.assemblyColormaps->find(shared.colormap->getName()) != shared.colormap;
+  report(shared.context, FindingCode::LEGEND_OF_OTHER_COLORS,
+         isOuter ? shown + " of its own assembly, which has " + colors + " of the assembly \"" +
+                       *shared.coloringAssembly + "\" around it"
+                 : shown + ", but the assembly has " + colors);
 }
 
 void Legend::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int /*level*/,
                              const std::string& parentName) const {
-  const Colormap* const colormap = chooseColormap(shared, parentName);
+  const Colormap* const colormap = chooseColormap(shared);
   if (colormap == nullptr) {
     report(shared.context, FindingCode::LEGEND_WITHOUT_COLORMAP,
            "The legend of \"" + parentName + "\" has no colormap and is left out");
     return;
   }
-  if (colormap != shared.colormap) {
-    report(shared.context, FindingCode::LEGEND_OF_OTHER_COLORS,
-           "The legend of \"" + parentName + "\" shows the colormap \"" + colormap->getName() +
-               "\", but the assembly has the colours of \"" + shared.colormap->getName() + '"');
-  }
+  reportChoice(*colormap, shared, parentName);
   auto& drawable = addDrawable<lum::LegendDrawable>(getName().empty() ? parentName : getName(), collection);
   addVisibilityAttrib(drawable, shared.isHidden);
   drawable.getPositionAttributes().setPosition({_rectangle.position[0], _rectangle.position[1], 0.0}, false);

@@ -6,6 +6,7 @@
 #include "vemoview/import/geometry/SharedSettings.h"
 #include "vemoview/import/geometry/SparePolyData.h"
 #include "vemoview/import/items/SharedCollection.h"
+#include "vemoview/import/reading/HeldFindings.h"
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/base/InternalError.h>
@@ -43,6 +44,10 @@ namespace {
 
 /// By GeometryItem::GeometryType.
 constexpr const char* TYPE_NAMES[] = {"points", "lines", "a surface"};
+
+constexpr const char* SHOW_FACES = "showFaces";
+constexpr const char* SHOW_EDGES = "showEdges";
+constexpr const char* CONTOUR = "contour";
 
 /// Of lines and points, in pixels; pictures contain no wider ones.
 constexpr double WIDEST = 4096.0;
@@ -144,6 +149,7 @@ void GeometryItem::read(const QxElement& element, SceneFileReader* reader) {
 }
 
 void GeometryItem::readImpl(const QxElement& element, SceneFileReader* reader) {
+  HeldFindings held(reader, {SHOW_FACES, SHOW_EDGES, CONTOUR});
   GeometrySettings::KEYS.read(_settings, element, reader);
   const ValueReader values(element, reader, OnBadValue::FAIL);
   _settings.unknownScaleRange = values.findUnknownEnds("pointScaleScalarRange");
@@ -162,11 +168,13 @@ void GeometryItem::readImpl(const QxElement& element, SceneFileReader* reader) {
     element.markUnused("specularPower");
   }
   reportUnused(values);
-  if (_geometryType == SURFACE && !_settings.showEdges && !_settings.contour &&
-      element.findAttribute("showFaces") == nullptr) {
+  if (_geometryType == SURFACE && !_settings.showFaces && !_settings.showEdges && !_settings.contour &&
+      !held.reportHidden({SHOW_FACES, SHOW_EDGES, CONTOUR}, "the surface is hidden") &&
+      element.findAttribute(SHOW_FACES) == nullptr) {
     reader->report(FindingCode::HIDDEN_BY_DEFAULT,
                    "The surface is hidden: it states neither faces nor edges");
   }
+  held.release();
   if (!isWanted) {
     return;
   }
@@ -258,9 +266,11 @@ void GeometryItem::readGeometry(const QxElement& element, SceneFileReader& reade
       reader.attempt([&, &element = *child] {
         GeometryArray array;
         array.place = element.getPlace();
+        HeldFindings held(&reader, {GeometryArray::COMPONENTS, GeometryArray::OF_POINTS});
         if (GeometryArray::KEYS.read(array, element, &reader)) {
-          data.readArray(array);
+          data.readArray(array, held);
         }
+        held.release();
       });
     }
   }

@@ -21,11 +21,11 @@ const KeyTable<GeometryArray> GeometryArray::KEYS({
         "name",
         "the name of the array; one named `Normals` is not data, and computed normals may replace it"),
     key::always<&GeometryArray::components>(
-        "dim", "the number of values a point or cell; triples are replaced by their lengths"),
+        COMPONENTS, "the number of values a point or cell; triples are replaced by their lengths"),
     key::always<&GeometryArray::entry>("data", "floats. An array that does not fit is left out")
         .defaultingTo("required"),
     key::always<&GeometryArray::isOfPoints>(
-        "vertexData",
+        OF_POINTS,
         "one tuple for each point, or for each cell in the order vertices, lines, polygons, strips"),
 });
 

@@ -22,6 +22,8 @@ struct GeometryEntries {
 /// A child element of a geometry: an array over its points or cells.
 struct GeometryArray {
   static inline const std::string XML_ENTITY = "array";
+  static constexpr const char* COMPONENTS = "dim";
+  static constexpr const char* OF_POINTS = "vertexData";
   static const KeyTable<GeometryArray> KEYS;
 
   std::string name;

@@ -5,6 +5,7 @@
 #include "vemoview/import/Failure.h"
 #include "vemoview/import/archive/DecodedEntries.h"
 #include "vemoview/import/geometry/GeometryKeys.h"
+#include "vemoview/import/reading/HeldFindings.h"
 #include "vemoview/import/reading/ReadingContext.h"
 #include <vemo/scenegraph/inspect/NumberText.h>
 
@@ -85,16 +86,27 @@ int PolyDataReader::countFloats(const std::string& entry) {
   return _decoded.countFloats(entry);
 }
 
-void PolyDataReader::leaveOut(const GeometryArray& array, const std::string& reason) {
+void PolyDataReader::leaveOut(const GeometryArray& array, const std::string& text) {
   _context.noteLoss();
-  _context.report(FindingCode::ARRAY_LEFT_OUT, "The array \"" + array.name + "\" is left out: " + reason,
-                  array.entry.value_or(""));
+  _context.report(FindingCode::ARRAY_LEFT_OUT, text, array.entry.value_or(""));
   if (array.isOfPoints) {
     _arraysLeftOut.push_back(array.name);
   }
 }
 
-bool PolyDataReader::fits(const GeometryArray& array, vtkIdType tuplesExpected, const char* place) {
+std::string PolyDataReader::describeMisfit(const GeometryArray& array, int valueCount) const {
+  const int components = array.components;
+  if (components < 1 || components > std::max(MAX_COMPONENTS_WITHOUT_VALUES, valueCount)) {
+    return std::to_string(valueCount) + " values cannot have " + std::to_string(components) + " components";
+  }
+  const vtkIdType tuples = valueCount / components;
+  const vtkIdType places = array.isOfPoints ? _polyData.GetNumberOfPoints() : listedCells();
+  return tuples == places ? ""
+                          : "it has " + lum::withNoun(std::to_string(tuples), "value") + " for " +
+                                lum::withNoun(std::to_string(places), array.isOfPoints ? "point" : "cell");
+}
+
+bool PolyDataReader::fits(const GeometryArray& array, HeldFindings& held) {
   const std::string entry = array.entry.value_or("");
   const int components = array.components;
   const int count = countFloats(entry);
@@ -102,15 +114,10 @@ bool PolyDataReader::fits(const GeometryArray& array, vtkIdType tuplesExpected, 
   if (!(array.isOfPoints ? _hasPoints : _hasAllCells)) {
     return false;
   }
-  if (components < 1 || components > std::max(MAX_COMPONENTS_WITHOUT_VALUES, count)) {
-    leaveOut(array,
-             std::to_string(count) + " values cannot have " + std::to_string(components) + " components");
-    return false;
-  }
-  const vtkIdType tuples = count / components;
-  if (tuples != tuplesExpected) {
-    leaveOut(array, "it has " + lum::withNoun(std::to_string(tuples), "value") + " for " +
-                        lum::withNoun(std::to_string(tuplesExpected), place));
+  if (const std::string misfit = describeMisfit(array, count); !misfit.empty()) {
+    const std::string outcome = "array \"" + array.name + "\" is left out";
+    leaveOut(array, held.describe({GeometryArray::COMPONENTS, GeometryArray::OF_POINTS}, "the " + outcome,
+                                  "The " + outcome + ": " + misfit));
     return false;
   }
   {
@@ -118,7 +125,7 @@ bool PolyDataReader::fits(const GeometryArray& array, vtkIdType tuplesExpected, 
     reportCutOff(count, components, entry);
   }
   // Those that count as normals are reported as such.
-  if (components == COORDINATES && tuples > 0 && array.name != NORMALS) {
+  if (components == COORDINATES && count >= components && array.name != NORMALS) {
     _context.report(FindingCode::ARRAY_MAGNITUDE,
                     "The vectors of the array \"" + array.name + "\" are replaced by their lengths", entry);
   }
@@ -165,7 +172,8 @@ bool PolyDataReader::isFull(vtkFieldData& data) const {
 void PolyDataReader::addArray(vtkFieldData& data, vtkFloatArray& values, const GeometryArray& array) {
   const bool isTaken = data.HasArray(array.name.c_str()) != 0;
   if (!isTaken && isFull(data)) {
-    leaveOut(array, "at most " + std::to_string(MAX_DATA_ARRAYS) + " arrays are possible");
+    leaveOut(array, "The array \"" + array.name + "\" is left out: at most " +
+                        std::to_string(MAX_DATA_ARRAYS) + " arrays are possible");
     return;
   }
   if (isTaken) {
@@ -176,9 +184,8 @@ void PolyDataReader::addArray(vtkFieldData& data, vtkFloatArray& values, const G
   data.AddArray(&values);
 }
 
-void PolyDataReader::readArray(const GeometryArray& array) {
-  if (array.isOfPoints ? !fits(array, _polyData.GetNumberOfPoints(), "point")
-                       : !fits(array, listedCells(), "cell")) {
+void PolyDataReader::readArray(const GeometryArray& array, HeldFindings& held) {
+  if (!fits(array, held)) {
     return;
   }
   const std::string entry = array.entry.value_or("");

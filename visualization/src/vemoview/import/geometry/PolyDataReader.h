@@ -14,6 +14,7 @@ class vtkPolyData;
 namespace vemo {
 
 class DecodedEntries;
+class HeldFindings;
 class ReadingContext;
 
 /// Fills a poly data from the entries of an archive: points first, then cells,
@@ -43,15 +44,18 @@ class PolyDataReader {
   /// Triples are stored as their lengths. An array that does not fit the points
   /// or cells is left out with a warning; the rows of cells that were left out
   /// are too. Of one name over the same places the last array is kept.
-  void readArray(const GeometryArray& array);
+  /// @param held what is found about the values of its element: an array may not fit because of them
+  void readArray(const GeometryArray& array, HeldFindings& held);
 
   /// The names of those over the points that were left out with a finding.
   const std::vector<std::string>& getArraysLeftOut() const { return _arraysLeftOut; }
 
  private:
-  /// Whether an array has a value for each place; if not, it is reported.
-  bool fits(const GeometryArray& array, vtkIdType tuplesExpected, const char* place);
-  void leaveOut(const GeometryArray& array, const std::string& reason);
+  /// Whether an array has a value for each place; if not, it is left out.
+  bool fits(const GeometryArray& array, HeldFindings& held);
+  /// Why it has not; empty if it has.
+  std::string describeMisfit(const GeometryArray& array, int valueCount) const;
+  void leaveOut(const GeometryArray& array, const std::string& text);
   int countFloats(const std::string& entry);
   vtkIdType listedCells() const;
   std::vector<vtkIdType> droppedCells() const;

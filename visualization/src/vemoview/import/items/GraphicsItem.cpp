@@ -1,3 +1,4 @@
+#include "vemoview/import/reading/HeldFindings.h"
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/import/items/GraphicsItem.h>
@@ -32,9 +33,12 @@ void GraphicsItem::read(const QxElement& element, SceneFileReader* reader) {
 }
 
 void GraphicsItem::readImpl(const QxElement& element, SceneFileReader* reader) {
+  HeldFindings held(reader, {XML_ATTRIB_VISIBILITY});
   // How it is written does not matter if it has no effect.
   KEYS.read(*this, element, getVisibilityUse() == VisibilityUse::NONE ? nullptr : reader);
-  if (reader != nullptr) {
+  const bool isFault = hasHiddenItems() && held.reportHidden({XML_ATTRIB_VISIBILITY}, "the item is hidden");
+  held.release();
+  if (reader != nullptr && !isFault) {
     reportVisibility(element, *reader);
   }
 }

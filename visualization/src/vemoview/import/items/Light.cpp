@@ -1,3 +1,4 @@
+#include "vemoview/import/reading/HeldFindings.h"
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/import/items/Light.h>
@@ -6,8 +7,14 @@
 
 namespace vemo {
 
+namespace {
+
+constexpr const char* INTENSITY = "intensity";
+
+}  // namespace
+
 const KeyTable<Light> Light::KEYS({
-    key::always<&Light::_intensity>("intensity", "its strength; below 0 it takes light away"),
+    key::always<&Light::_intensity>(INTENSITY, "its strength; below 0 it takes light away"),
     key::always<&Light::_azimuth>("azimuth", "to the right of the viewer, in degrees"),
     key::always<&Light::_elevation>("elevation", "above the viewer, in degrees"),
     key::always<&Light::_color>("color", "its colour; alpha is not used").withoutAlpha(),
@@ -16,11 +23,16 @@ const KeyTable<Light> Light::KEYS({
 Light::~Light() = default;
 
 void Light::read(const QxElement& element, SceneFileReader* reader) {
+  HeldFindings held(reader, {INTENSITY});
   KEYS.readElement(*this, element, reader);
+  if (_intensity == 0.0) {
+    held.reportHidden({INTENSITY}, "the light has no effect");
+  }
+  held.release();
   if (reader == nullptr) {
     return;
   }
-  if (element.findAttribute("intensity") == nullptr) {
+  if (element.findAttribute(INTENSITY) == nullptr) {
     reader->report(FindingCode::HIDDEN_BY_DEFAULT, "The light has no effect: its intensity is missing");
   }
 }

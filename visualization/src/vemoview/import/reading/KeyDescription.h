@@ -34,9 +34,6 @@ struct KeyDescription {
   /// A value that cannot be read is ignored, with a finding, whatever the others of its
   /// table do.
   bool isIgnoredIfBad = false;
-  /// What an unreadable value counts as, the first word or 0, is refused or reported later: the
-  /// value has no finding of its own.
-  bool isReportedLater = false;
   /// A scene graph cannot hold the value, and loses nothing without it.
   bool isWithoutEffect = false;
   /// Colours: nothing is as translucent as the alpha says.

@@ -46,10 +46,6 @@ struct Key : KeyDescription {
     isIgnoredIfBad = true;
     return std::move(*this);
   }
-  Key reportedLater() && {
-    isReportedLater = true;
-    return std::move(*this);
-  }
   /// Nothing uses the colour's alpha. Where it is not opaque, a finding says so.
   Key withoutAlpha() && {
     isAlphaUnused = true;

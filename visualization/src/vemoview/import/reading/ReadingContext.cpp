@@ -2,6 +2,7 @@
 
 #include "scenegraph/inspect/NodePaths.h"
 #include "vemoview/import/reading/CopiedText.h"
+#include "vemoview/import/reading/HeldFindings.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/Exception.h>
 #include <vemo/import/FaultFinding.h>
@@ -153,8 +154,7 @@ void ReadingContext::reportReplaced(FindingCode code, const std::string& text, c
 }
 
 bool ReadingContext::isConsequence(const Finding& finding) const {
-  if (finding.attribute.empty() || finding.element == 0 ||
-      (finding.code != FindingCode::VALUE_UNREADABLE && finding.code != FindingCode::VALUE_IGNORED)) {
+  if (finding.attribute.empty() || finding.element == 0 || finding.getSeverity() > Severity::CHANGED) {
     return false;
   }
   // Those about an element, and about its children, follow those about earlier elements.
@@ -181,7 +181,7 @@ bool ReadingContext::isListed(const Finding& finding) {
 }
 
 void ReadingContext::report(Finding finding) {
-  if (isConsequence(finding)) {
+  if (isConsequence(finding) || (_held != nullptr && _held->hold(finding))) {
     return;
   }
   if (!isListed(finding)) {

@@ -18,6 +18,8 @@
 
 namespace vemo {
 
+class HeldFindings;
+
 /// Which item of a scene is being read or converted, and what was found: errors
 /// and findings name the item.
 class ReadingContext {
@@ -170,6 +172,8 @@ class ReadingContext {
   const std::vector<Mark>& getMarks() const { return _marks; }
 
  private:
+  friend class HeldFindings;
+
   struct Item {
     std::string_view name;
     ElementPlace element;
@@ -189,7 +193,7 @@ class ReadingContext {
   /// The place of the exception being handled.
   Place getFailurePlace() const;
   /// Whether it is about a value that has been reported as unreadable: what follows
-  /// from that is not reported, too.
+  /// from that is not reported, too, unless something is lost.
   bool isConsequence(const Finding& finding) const;
   /// Rethrows it if it is not about the file.
   void keepCurrentException();
@@ -210,6 +214,8 @@ class ReadingContext {
   std::size_t _lossCount = 0;
   std::vector<Finding> _findings;
   std::vector<Mark> _marks;
+  /// The innermost that is still held back; null if there is none.
+  HeldFindings* _held = nullptr;
   std::map<FindingCode, std::size_t> _counts;
 };
 

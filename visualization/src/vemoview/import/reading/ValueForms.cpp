@@ -1,7 +1,6 @@
 #include "vemoview/import/reading/ValueForms.h"
 
 #include "vemoview/import/reading/SceneFileReader.h"
-#include "vemoview/import/xml/QxString.h"
 
 #include <algorithm>
 #include <charconv>
@@ -48,15 +47,10 @@ bool isInteger(std::string_view text) {
   return !text.empty() && isDigit(text.front()) && isWholly<int>(text);
 }
 
-/// A number without blanks and its sign.
-std::string_view magnitudeOf(std::string_view text) {
+bool isNumber(std::string_view text) {
   const std::string_view number = trimmed(text);
   const bool isSigned = number.starts_with('-') || number.starts_with('+');
-  return number.substr(isSigned ? 1 : 0);
-}
-
-bool isNumber(std::string_view text) {
-  const std::string_view magnitude = magnitudeOf(text);
+  const std::string_view magnitude = number.substr(isSigned ? 1 : 0);
   // Words for infinity and the like are not numbers in a scene.
   return !magnitude.empty() && (isDigit(magnitude.front()) || magnitude.front() == '.') &&
          isWholly<double>(magnitude);
@@ -74,14 +68,6 @@ const ValueForm BOOLEAN_FORM{isBoolean, "neither \"true\" nor \"false\""};
 const ValueForm INTEGER_FORM{isInteger, "not a whole number from 0 to 2147483647"};
 const ValueForm NUMBER_FORM{isNumber, "not a number"};
 const ValueForm COLOR_FORM{isColor, "not of eight hexadecimal digits"};
-
-bool statesNumber(std::string_view text) {
-  const std::string_view magnitude = magnitudeOf(text);
-  const std::string_view digits = magnitude.substr(0, magnitude.find_first_not_of("0123456789."));
-  const bool isZero =
-      digits.find('0') != std::string_view::npos && digits.find_first_not_of("0.") == std::string_view::npos;
-  return isZero || isNumber(text) || QxString::parseDouble(std::string(text)) != 0.0;
-}
 
 std::string quotedUnlessLong(const std::string& text) {
   return text.size() <= MAX_QUOTED_LENGTH ? '"' + text + '"' : "of " + std::to_string(text.size()) + " bytes";

@@ -24,9 +24,6 @@ extern const ValueForm NUMBER_FORM;
 /// Eight hexadecimal digits, with blanks behind them.
 extern const ValueForm COLOR_FORM;
 
-/// Whether a text begins with the number that it is read as: "1", "0q", but neither "q" nor "1e".
-bool statesNumber(std::string_view text);
-
 /// The text in quotation marks, or its size if it is long.
 std::string quotedUnlessLong(const std::string& text);
 

@@ -37,7 +37,7 @@ int findWord(const std::string* words, const std::string& text) {
 
 bool isUnknownNumber(const QxElement& element, const std::string& name) {
   const QxElement::Attribute* const attribute = element.peekAttribute(name);
-  return attribute != nullptr && !statesNumber(attribute->getValue());
+  return attribute != nullptr && !NUMBER_FORM.matches(attribute->getValue());
 }
 
 }  // namespace
@@ -96,6 +96,11 @@ void ValueReader::reportWithoutEffect(const std::string& attribute) const {
          "The " + inQuotes(attribute) + " of " + inQuotes(_element.getName()) + " has no effect", attribute);
 }
 
+bool ValueReader::isAbsentOr(const std::string& word, const std::string& attribute) const {
+  const QxElement::Attribute* const stated = _element.peekAttribute(attribute);
+  return stated == nullptr || stated->getValue() == word;
+}
+
 bool ValueReader::isUnknown(const std::string& name) const {
   const QxElement* const child = _element.findChild(name);
   return isUnknownNumber(_element, name) ||
@@ -129,9 +134,7 @@ void ValueReader::readAttribute(const KeyDescription& key, const ValueForm& form
   } else {
     const ReadingContext::AttributeScope scope(_reader, key.name);
     value = get();
-    if (!key.isReportedLater || value != T()) {
-      reportUnreadable(_reader, *text, inQuotes(key.name), form.flaw, valueText(value), key.name);
-    }
+    reportUnreadable(_reader, *text, inQuotes(key.name), form.flaw, valueText(value), key.name);
   }
 }
 
@@ -269,10 +272,8 @@ int ValueReader::readWord(const KeyDescription& key, int current) const {
     return word;
   }
   if (_onBadValue == OnBadValue::FAIL) {
-    if (!text->empty() && !key.isReportedLater) {
-      reportUnreadable(_reader, *text, inQuotes(key.name), "not an allowed value", wordText(key.words, 0),
-                       key.name);
-    }
+    reportUnreadable(_reader, *text, inQuotes(key.name), "not an allowed value", wordText(key.words, 0),
+                     key.name);
     return 0;
   }
   warnIgnored(key, "not an allowed value");

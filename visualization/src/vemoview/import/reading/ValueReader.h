@@ -35,11 +35,14 @@ class ValueReader {
   /// The same for the "z" of a vector, unless it is 0.
   void reportDepthWithoutEffect(const std::string& vector, double depth) const;
 
-  /// Whether nothing says which number is meant by an attribute, or by a component of a vector, such as
-  /// by "q": it counts as 0, and reading it has reported that. What follows from this 0 is no other fault.
+  /// Whether an attribute, or a component of a vector, is not written as a number: reading it has reported
+  /// what it counts as. What follows from this is no other fault.
   bool isUnknown(const std::string& name) const;
   /// The same of the x and the y of a vector that states two ends.
   std::array<bool, 2> findUnknownEnds(const std::string& vector) const;
+
+  /// Whether an attribute is absent or states this word, and no other that is ignored.
+  bool isAbsentOr(const std::string& word, const std::string& attribute) const;
 
   const QxElement& getElement() const { return _element; }
   SceneFileReader* getReader() const { return _reader; }

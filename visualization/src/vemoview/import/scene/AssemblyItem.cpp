@@ -167,6 +167,7 @@ void AssemblyItem::addToCollection(SharedBySiblings& shared, lum::DrawableCollec
   const bool outerHidesIndividually = shared.hidesItemsIndividually;
   if (outer == nullptr) {
     shared.colormap = getActiveColormap();
+    shared.coloringAssembly = &getName();
   }
   shared.isHidden = isOuterHidden || GraphicsItem::hasHiddenItems();
   // At level 0 the collection is the caller's, which is not hidden.

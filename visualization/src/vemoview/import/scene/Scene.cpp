@@ -1,4 +1,5 @@
 #include "scenegraph/attributes/CameraLimits.h"
+#include "vemoview/import/reading/HeldFindings.h"
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/scene/ChildElements.h"
 #include <vemo/base/Vector.h>
@@ -46,8 +47,7 @@ const KeyTable<Camera> Scene::View::KEYS({
     key::ifPresent<&Camera::focalPoint>(FOCAL_POINT, "the point that the camera looks at"),
     key::always<&Camera::perspective>("perspective", "perspective or parallel projection"),
     key::always<&Camera::parallelScale>(
-        PARALLEL_SCALE, "half the height of the picture in model units, in parallel projection")
-        .reportedLater(),
+        PARALLEL_SCALE, "half the height of the picture in model units, in parallel projection"),
     key::always<&Camera::windowWidth>("windowWidth",
                                       "kept; has no effect on pictures, as the other window keys")
         .withoutEffect(),
@@ -59,7 +59,11 @@ const KeyTable<Camera> Scene::View::KEYS({
 Scene::View::~View() = default;
 
 void Scene::View::read(const QxElement& element, SceneFileReader* reader) {
+  HeldFindings held(reader, {PARALLEL_SCALE});
   KEYS.readElement(_camera, element, reader);
+  if (_camera.perspective || lum::isUsableParallelScale(_camera.parallelScale)) {
+    held.release();
+  }
   const ValueReader values(element, reader, OnBadValue::FAIL);
   for (const char* const vector : {POSITION, FOCAL_POINT, VIEW_UP}) {
     if (element.findChild(vector) != nullptr) {

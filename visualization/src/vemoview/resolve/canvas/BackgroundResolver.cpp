@@ -1,8 +1,10 @@
 #include "vemoview/resolve/canvas/BackgroundResolver.h"
 
+#include "vemoview/resolve/values/NodeFindings.h"
 #include "vemoview/resolve/values/UsableValues.h"
+#include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/canvas/BackgroundAttributes.h>
-#include <vemo/scenegraph/canvas/SceneCanvas.h>
+#include <vemo/scenegraph/canvas/SceneNode.h>
 
 #include <cmath>
 #include <variant>
@@ -67,24 +69,35 @@ double luminanceAt(const Place& place, const RadialBackground& background) {
   return luminance(background.center + share * (background.corners - background.center));
 }
 
-}  // namespace
-
-Background resolveBackground(const lum::SceneCanvas* canvas) {
-  const auto* const attributes =
-      canvas != nullptr ? canvas->findAttributes<lum::BackgroundAttributes>() : nullptr;
-  if (attributes == nullptr) {
-    return SolidBackground{};
-  }
-  const Mode mode = attributes->getColorMode();
+Background resolve(const lum::BackgroundAttributes& attributes) {
+  const Mode mode = attributes.getColorMode();
   if (mode == Mode::SOLID) {
-    return SolidBackground{usableColor(attributes->getSolidColor())};
+    return SolidBackground{usableColor(attributes.getSolidColor())};
   }
-  const Color color1 = usableColor(attributes->getColor1());
-  const Color color2 = usableColor(attributes->getColor2());
+  const Color color1 = usableColor(attributes.getColor1());
+  const Color color2 = usableColor(attributes.getColor2());
   if (mode == Mode::RADIAL) {
     return RadialBackground{color1, color2};
   }
   return resolveLinear(mode, color1, color2);
+}
+
+}  // namespace
+
+Background resolveBackground(const lum::SceneNode& scene) {
+  const lum::BackgroundAttributes* used = nullptr;
+  for (const lum::SceneCanvas* const canvas : {scene.hasBackgroundCanvas(), scene.hasModelCanvas(),
+                                               scene.hasForegroundCanvas(), scene.hasOrientationCanvas()}) {
+    const auto* const found =
+        canvas != nullptr ? canvas->findAttributes<lum::BackgroundAttributes>() : nullptr;
+    if (used != nullptr && found != nullptr) {
+      const NodeScope scope(*found);
+      reportFinding(FindingCode::ATTRIBUTE_WITHOUT_EFFECT,
+                    "Another canvas is behind this one: its background is drawn instead");
+    }
+    used = used != nullptr ? used : found;
+  }
+  return used != nullptr ? resolve(*used) : SolidBackground{};
 }
 
 bool isDark(const Background& background, const std::optional<Place>& place) {

@@ -6,13 +6,13 @@
 #include <optional>
 
 namespace lum {
-class SceneCanvas;
+class SceneNode;
 }
 
 namespace vemo {
 
-/// The background that a canvas has; black for null, or without one.
-Background resolveBackground(const lum::SceneCanvas* canvas);
+/// That of the hindmost canvas that has one; black without any. Those of other canvases are reported.
+Background resolveBackground(const lum::SceneNode& scene);
 
 /// Whether white stands out more than black against the background, at a place in fractions of
 /// the window, or against the mean of its colours.

@@ -105,6 +105,7 @@ class MeshBuilder {
     if (meshes.empty() || !putCells()) {
       return {};
     }
+    reportCellsNotDrawn();
     putNormals();
     putScalars();
     if (_arrays == MeshArrays::ALL) {
@@ -234,8 +235,9 @@ class MeshBuilder {
   /// The drawable cells of the kind that has the appearance.
   void putGeometry(MeshInstance& mesh) {
     const Appearance& appearance = mesh.appearance;
-    // A point drawable also shows points that no vertex uses.
-    const bool isOfAllPoints = appearance.kind == Appearance::Kind::POINTS && _node.getVerts() == nullptr;
+    // A point drawable without vertices shows all its points.
+    const bool isOfAllPoints =
+        appearance.kind == Appearance::Kind::POINTS && !hasCells(_node, CellKind::VERTS);
     if (isOfAllPoints && isColoredByCell()) {
       reportFinding(
           FindingCode::NOT_COLORED_BY_ARRAY,
@@ -250,6 +252,15 @@ class MeshBuilder {
     mesh.geometry = prepared.geometry;
     mesh.filling = prepared.filling;
     reportMisshapen(prepared.misshapenPolygons);
+  }
+
+  void reportCellsNotDrawn() const {
+    if (kindOf(_drawable) == Appearance::Kind::POINTS &&
+        hasCells(_node, CellKind::LINES | CellKind::POLYS | CellKind::STRIPS)) {
+      reportFinding(
+          FindingCode::GEOMETRY_NOT_DRAWN,
+          fmt::format("The lines and faces of \"{}\" are not drawn: only its points are", itemNameOf(_node)));
+    }
   }
 
   bool isColoredByCell() const { return _scalars && _scalars->location == ScalarLocation::CELLS; }
@@ -281,6 +292,19 @@ void reportMissingArray(const lum::GeometryDrawable& drawable, const lum::DataAr
   reportFinding(FindingCode::NOT_COLORED_BY_ARRAY,
                 fmt::format("\"{}\" is not coloured by data: it has no array named \"{}\"",
                             itemNameOf(drawable), array.getDataArrayName()));
+}
+
+/// Colours by data need an array; without a colour table they are those of plain geometry.
+void reportUnnamedArray(const lum::GeometryDrawable& drawable) {
+  const auto* const colors = drawable.findAttributes<lum::ColorAttributes>();
+  const auto* const scalars = drawable.findAttributes<lum::ScalarAttributes>();
+  if (colors != nullptr && colors->getColorMode() == lum::ColorMode::DATA &&
+      (scalars == nullptr || scalars->hasDataArray() == nullptr)) {
+    const NodeScope scope(drawable);
+    reportFinding(
+        FindingCode::NOT_COLORED_BY_ARRAY,
+        fmt::format("\"{}\" is not coloured by data: it does not name an array", itemNameOf(drawable)));
+  }
 }
 
 /// The size of points; 0 for that of others, or in model units.
@@ -389,6 +413,7 @@ class MeshResolver::Run {
     if (missing != nullptr && !isColored) {
       reportMissingArray(drawable, *missing);
     }
+    reportUnnamedArray(drawable);
   }
 
   std::vector<MeshInstance> take() { return std::move(_meshes); }
