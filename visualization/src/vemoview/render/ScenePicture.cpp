@@ -97,7 +97,8 @@ Picture renderPicture(const lum::SceneNode& scene, const RenderOptions& options)
   const auto window = EglRenderWindow::open(size.width, size.height);
   requireSize(size, window->getLargestSize());
   SceneRenderer renderer(
-      scene, {.viewAngle = options.viewAngle, .fitsModel = options.fitsModel, .fitted = options.fitted});
+      scene, {.viewAngle = options.viewAngle, .fitsModel = options.fitsModel, .fitted = options.fitted},
+      Drawn::ONCE);
   const int enlargement = enlargementFor(renderer, *window, size);
   renderer.scalePixels(enlargement * options.scale);
   renderer.addTo(*window, enlargement > 1 ? 0 : samplesFor(size));
