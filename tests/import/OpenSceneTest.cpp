@@ -1,7 +1,7 @@
 #include "SceneFixture.h"
 #include "support/Files.h"
 #include "support/GraphText.h"
-#include "support/WorkingFolder.h"
+#include "support/TemporaryFolder.h"
 #include <vemo/import/OpenScene.h>
 #include <vemo/import/SceneConverter.h>
 #include <vemo/import/SceneFormatHandler.h>

@@ -159,6 +159,11 @@ TEST_F(VisibilityTest, RefusesWhatIsTooLargeAndShowsTheRest) {
     many.getBaseAttributes().setVisibility(false, false);
     drawables.push_back(&many);
   }
+  auto& behind = scene.node().getBackgroundCanvas().getDrawableCollection().findOrCreate<lum::TextDrawable>();
+  behind.getAnnotationAttributes().setText("behind the model");
+  behind.getTextAttributes().setForegroundColor(0xFFFFFFFF);
+  behind.getBaseAttributes().setVisibility(false, false);
+  drawables.insert(drawables.begin(), &behind);
   SceneWindow window(scene);
   hide([](std::size_t) { return false; });
   EXPECT_THROW(window.renderer.followVisibility(), SceneTooLarge);

@@ -136,6 +136,25 @@ TEST(SceneResolverTest, SortsPointsThatGeometriesShareOnce) {
   EXPECT_NE(meshes[4].geometry, meshes[0].geometry);
 }
 
+TEST(SceneResolverTest, SharesWhatWasDrawnWithWhatIsShownLater) {
+  SceneBuilder scene;
+  const auto points = makePolyData(flat({0, 0, 1, 0, 0, 1}), {});
+  scene.add<lum::PointSphereDrawable>(points);
+  auto& later = scene.add<lum::PointSphereDrawable>(points);
+  later.getBaseAttributes().setVisibility(false, false);
+  SceneResolver resolver(scene.node());
+  const auto meshes = resolver.resolve().canvases.at(0).meshes;
+  later.getBaseAttributes().setVisibility(true, false);
+  const auto added = resolver.update(0).meshes;
+  ASSERT_EQ(added.size(), 1U);
+  EXPECT_EQ(added[0].geometry, meshes.at(0).geometry);
+  resolver.takeBack(0);
+  const auto again = resolver.update(0).meshes;
+  ASSERT_EQ(again.size(), 1U);
+  EXPECT_EQ(again[0].geometry, meshes.at(0).geometry);
+  EXPECT_TRUE(resolver.update(0).meshes.empty());
+}
+
 /// A bolt, or an atom, of some points.
 vtkSmartPointer<vtkPolyData> makePart(int points) {
   std::vector<std::array<float, 3>> places;

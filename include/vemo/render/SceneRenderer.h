@@ -17,6 +17,10 @@ struct ViewDirection;
 
 namespace vemo {
 
+/// How often a scene is drawn. What is drawn once, or a few times, takes little memory: as much of VTK's
+/// objects as fits is kept, and the others are made at each drawing.
+enum class Drawn { OFTEN, ONCE };
+
 /// What a scene shows, ready for a render window on the screen or off it: one
 /// renderer for each canvas, the background's at the bottom, then the model's,
 /// the foreground's, the orientation's. The scene is not changed; its arrays
@@ -26,7 +30,7 @@ class VEMO_RENDER_EXPORT SceneRenderer {
  public:
   /// Cameras are as the scene says, apart from the angle; of what the changed view does not show,
   /// findings tell. Throws SceneTooLarge.
-  explicit SceneRenderer(const lum::SceneNode& scene, ViewChange view = {});
+  explicit SceneRenderer(const lum::SceneNode& scene, ViewChange view = {}, Drawn drawn = Drawn::OFTEN);
   ~SceneRenderer();
   SceneRenderer(const SceneRenderer&) = delete;
   SceneRenderer& operator=(const SceneRenderer&) = delete;

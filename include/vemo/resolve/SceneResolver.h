@@ -77,6 +77,10 @@ class VEMO_RESOLVE_EXPORT SceneResolver {
   /// visible for update(), but is not listed there again. As update() if it throws.
   CanvasUpdate resolveHidden(std::size_t canvas);
 
+  /// Takes back the last update() or resolveHidden() of a canvas, once: what it listed is listed again
+  /// when it is asked for again.
+  void takeBack(std::size_t canvas);
+
  private:
   struct State;
   std::unique_ptr<State> _state;

@@ -96,10 +96,12 @@ Picture renderPicture(const lum::SceneNode& scene, const RenderOptions& options)
   const CurrentContextKeeper keeper;
   const auto window = EglRenderWindow::open(size.width, size.height);
   requireSize(size, window->getLargestSize());
-  SceneRenderer renderer(scene, {.viewAngle = options.viewAngle,
-                                 .fitsModel = options.fitsModel,
-                                 .fitted = options.fitted,
-                                 .pixelScale = options.scale});
+  SceneRenderer renderer(scene,
+                         {.viewAngle = options.viewAngle,
+                          .fitsModel = options.fitsModel,
+                          .fitted = options.fitted,
+                          .pixelScale = options.scale},
+                         Drawn::ONCE);
   const int enlargement = enlargementFor(renderer, *window, size);
   renderer.scalePixels(enlargement * options.scale);
   renderer.addTo(*window, enlargement > 1 ? 0 : samplesFor(size));

@@ -1,17 +1,17 @@
 #include "vemoview/render/draw/Background.h"
 #include "vemoview/render/draw/CanvasLayer.h"
 #include "vemoview/render/draw/SelectionHighlight.h"
+#include "vemoview/render/draw/TransientMeshes.h"
+#include "vemoview/render/vtk/MeshActor.h"
 #include "vemoview/render/vtk/View.h"
 #include <vemo/render/MeasureText.h>
 #include <vemo/render/SceneRenderer.h>
+#include <vemo/resolve/SceneTooLarge.h>
 #include <vemo/scenegraph/edit/View.h>
 
 #include <vtkActor.h>
-#include <vtkActorCollection.h>
 #include <vtkCamera.h>
-#include <vtkMapper.h>
-#include <vtkPolyData.h>
-#include <vtkProperty.h>
+#include <vtkPropCollection.h>
 #include <vtkRenderWindow.h>
 #include <vtkRenderer.h>
 #include <vtkWeakPointer.h>
@@ -26,14 +26,14 @@ namespace {
 
 using Renderers = std::vector<vtkRenderer*>;
 
-/// Whether a condition holds for a visible actor.
+/// Whether a condition holds for a visible prop.
 template <class Condition>
-bool findActor(const Renderers& renderers, Condition&& condition) {
+bool findProp(const Renderers& renderers, Condition&& condition) {
   return std::ranges::any_of(renderers, [&](vtkRenderer* renderer) {
     vtkCollectionSimpleIterator position = nullptr;
-    vtkActorCollection& actors = *renderer->GetActors();
-    for (actors.InitTraversal(position); vtkActor* const actor = actors.GetNextActor(position);) {
-      if (actor->GetVisibility() != 0 && condition(*actor)) {
+    vtkPropCollection& props = *renderer->GetViewProps();
+    for (props.InitTraversal(position); vtkProp* const prop = props.GetNextProp(position);) {
+      if (prop->GetVisibility() != 0 && condition(*prop)) {
         return true;
       }
     }
@@ -41,27 +41,33 @@ bool findActor(const Renderers& renderers, Condition&& condition) {
   });
 }
 
-bool isTranslucent(vtkActor& actor) {
-  return actor.HasTranslucentPolygonalGeometry() != 0;
+/// Texts are not: they need no layers.
+bool isTranslucent(vtkProp& prop) {
+  const bool isOfModel =
+      dynamic_cast<vtkActor*>(&prop) != nullptr || dynamic_cast<TransientMeshes*>(&prop) != nullptr;
+  return isOfModel && prop.HasTranslucentPolygonalGeometry() != 0;
 }
 
-bool showsFineShapes(vtkActor& actor) {
-  auto* const geometry = vtkPolyData::SafeDownCast(actor.GetMapper()->GetInput());
-  vtkProperty& property = *actor.GetProperty();
-  return property.GetRenderPointsAsSpheres() || property.GetRepresentation() == VTK_WIREFRAME ||
-         (geometry != nullptr && geometry->GetNumberOfLines() > 0);
+bool drawsFineShapes(vtkProp& prop) {
+  if (auto* const actor = dynamic_cast<vtkActor*>(&prop)) {
+    return showsFineShapes(*actor);
+  }
+  const auto* const meshes = dynamic_cast<TransientMeshes*>(&prop);
+  return meshes != nullptr && meshes->hasFineShapes();
 }
 
 }  // namespace
 
 struct SceneRenderer::State {
-  State(const lum::SceneNode& scene, ViewChange view);
+  State(const lum::SceneNode& scene, ViewChange view, Drawn drawn);
   void addLayer(ResolvedCanvas canvas);
+  void update();
   Renderers renderers() const;
   void setSamples();
   SelectionHighlight* ensureHighlight();
 
   SceneResolver resolver;
+  PropBudget budget;
   vtkSmartPointer<vtkRenderer> background = vtkSmartPointer<vtkRenderer>::New();
   /// As the scene's canvases: from back to front.
   std::vector<std::unique_ptr<CanvasLayer>> layers;
@@ -74,15 +80,14 @@ struct SceneRenderer::State {
   double pixelScale = 1.0;
 };
 
-SceneRenderer::State::State(const lum::SceneNode& scene, ViewChange view)
-    : resolver(scene, {.view = std::move(view), .measureText = measureText}) {
+SceneRenderer::State::State(const lum::SceneNode& scene, ViewChange view, Drawn drawn)
+    : resolver(scene, {.view = std::move(view), .measureText = measureText}), budget(drawn) {
   ResolvedScene resolved = resolver.resolve();
   background->InteractiveOff();
   vemo::setBackground(*background, resolved.background);
   for (ResolvedCanvas& canvas : resolved.canvases) {
     addLayer(std::move(canvas));
   }
-  PropBudget budget;
   for (const auto& layer : layers) {
     layer->fill(cameras, budget);
   }
@@ -93,6 +98,28 @@ void SceneRenderer::State::addLayer(ResolvedCanvas canvas) {
   CanvasLayer& layer = *layers.back();
   cameras.emplace_back(layer.getRenderer().GetActiveCamera());
   model = layer.isModel() ? &layer : model;
+}
+
+/// Nothing is shown before all of it is known to be small enough.
+void SceneRenderer::State::update() {
+  std::vector<CanvasUpdate> updates;
+  std::vector<CanvasLayer::PlannedBatches> added;
+  PropBudget afterwards = budget;
+  try {
+    for (std::size_t i = 0; i < layers.size(); ++i) {
+      CanvasUpdate& update = updates.emplace_back(resolver.update(i));
+      added.push_back(layers[i]->plan(std::exchange(update.meshes, {}), afterwards));
+    }
+  } catch (const SceneTooLarge&) {
+    for (std::size_t i = 0; i < updates.size(); ++i) {
+      resolver.takeBack(i);
+    }
+    throw;
+  }
+  budget = std::move(afterwards);
+  for (std::size_t i = 0; i < layers.size(); ++i) {
+    layers[i]->update(updates[i], std::move(added[i]), cameras);
+  }
 }
 
 /// From back to front.
@@ -108,11 +135,11 @@ Renderers SceneRenderer::State::renderers() const {
 }
 
 void SceneRenderer::State::setSamples() {
-  window->SetMultiSamples(findActor(renderers(), isTranslucent) ? 0 : samples);
+  window->SetMultiSamples(findProp(renderers(), isTranslucent) ? 0 : samples);
 }
 
-SceneRenderer::SceneRenderer(const lum::SceneNode& scene, ViewChange view)
-    : _state(std::make_unique<State>(scene, std::move(view))) {}
+SceneRenderer::SceneRenderer(const lum::SceneNode& scene, ViewChange view, Drawn drawn)
+    : _state(std::make_unique<State>(scene, std::move(view), drawn)) {}
 
 SceneRenderer::~SceneRenderer() {
   if (_state->window != nullptr) {
@@ -124,11 +151,11 @@ SceneRenderer::~SceneRenderer() {
 }
 
 bool SceneRenderer::hasTranslucency() const {
-  return findActor(_state->renderers(), isTranslucent);
+  return findProp(_state->renderers(), isTranslucent);
 }
 
 bool SceneRenderer::hasFineShapes() const {
-  return findActor(_state->renderers(), showsFineShapes);
+  return findProp(_state->renderers(), drawsFineShapes);
 }
 
 void SceneRenderer::scalePixels(double factor) {
@@ -160,9 +187,7 @@ void SceneRenderer::followVisibility() {
     // Props that are no longer drawn are released in their OpenGL context.
     _state->window->MakeCurrent();
   }
-  for (std::size_t i = 0; i < _state->layers.size(); ++i) {
-    _state->layers[i]->update(_state->resolver.update(i), _state->cameras);
-  }
+  _state->update();
   if (_state->window != nullptr) {
     _state->setSamples();
   }

@@ -200,12 +200,25 @@ CanvasUpdate CanvasResolver::resolve(const std::vector<VisibleDrawable>& drawabl
     }
   }
   result.meshes = _meshes.resolve(added);
+  _former = {{}, _decorations.getTaken(), _model};
   result.decorations = _decorations.resolve(added, visibleNow);
   for (const VisibleDrawable& each : added) {
-    _resolved.insert(each.drawable);
+    if (_resolved.insert(each.drawable).second) {
+      _former.added.push_back(each.drawable);
+    }
   }
   result.visible = std::move(visibleNow);
   return result;
+}
+
+void CanvasResolver::takeBack() {
+  for (const lum::Drawable* const drawable : _former.added) {
+    _resolved.erase(drawable);
+  }
+  _meshes.takeBack();
+  _decorations.setTaken(_former.taken);
+  _model = _former.model;
+  _former.added.clear();
 }
 
 }  // namespace vemo

@@ -28,8 +28,17 @@ class CanvasResolver {
   ResolvedCanvas resolve();
   CanvasUpdate update();
   CanvasUpdate resolveHidden();
+  /// The last of these, once.
+  void takeBack();
 
  private:
+  /// Before the last update.
+  struct Former {
+    std::vector<const lum::Drawable*> added;
+    DecorationResolver::Taken taken;
+    Box model;
+  };
+
   CanvasUpdate collectAdded();
   Box fittedBox(const CanvasUpdate& content) const;
   // The size is the canvas's, as a part of the window's.
@@ -49,6 +58,7 @@ class CanvasResolver {
   DrawableSet _resolved;
   /// Around all that was visible before, except for texts.
   Box _model;
+  Former _former;
 };
 
 }  // namespace vemo

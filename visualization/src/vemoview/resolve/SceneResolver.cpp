@@ -73,6 +73,10 @@ CanvasUpdate SceneResolver::resolveHidden(std::size_t canvas) {
   return _state->at(canvas).resolveHidden();
 }
 
+void SceneResolver::takeBack(std::size_t canvas) {
+  _state->at(canvas).takeBack();
+}
+
 ResolvedScene resolveScene(const lum::SceneNode& scene) {
   return SceneResolver(scene).resolve();
 }

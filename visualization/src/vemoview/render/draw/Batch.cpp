@@ -1,17 +1,21 @@
 #include "vemoview/render/draw/Batch.h"
 
 #include "vemoview/render/draw/MeshProps.h"
+#include "vemoview/render/draw/TransientMeshes.h"
 #include "vemoview/render/resources/CanvasResources.h"
+
+#include <vtkNew.h>
 
 #include <algorithm>
 #include <utility>
 
 namespace vemo {
 
-Batch::Batch(std::vector<MeshInstance> meshes, CanvasResources& resources)
+Batch::Batch(std::vector<MeshInstance> meshes, bool keepsProps, CanvasResources& resources)
     : _meshes(std::move(meshes)),
       _isShown(_meshes.size(), false),
       _isDrawn(_meshes.size(), false),
+      _keepsProps(keepsProps),
       _resources(&resources) {}
 
 void Batch::showAll(double pixelScale) {
@@ -41,7 +45,13 @@ void Batch::make(double pixelScale) {
   std::vector<const MeshInstance*> shown;
   forEachShown([&](const MeshInstance& mesh) { shown.push_back(&mesh); });
   _props = std::make_unique<PropGroup>(*_resources->renderer);
-  addProps(shown, *_resources, *_props);
+  if (_keepsProps) {
+    addProps(shown, *_resources, *_props);
+  } else {
+    vtkNew<TransientMeshes> meshes;
+    meshes->setMeshes(std::move(shown), *_resources, *_props);
+    _props->add(meshes);
+  }
   _props->scalePixels(pixelScale);
   _isDrawn = _isShown;
 }

@@ -16,7 +16,8 @@ class Batch {
  public:
   /// Of meshes that can be merged; at least one. Shows nothing yet. The
   /// resources must outlive it.
-  Batch(std::vector<MeshInstance> meshes, CanvasResources& resources);
+  /// @param keepsProps whether its props exist as long as it shows the same
+  Batch(std::vector<MeshInstance> meshes, bool keepsProps, CanvasResources& resources);
 
   void showAll(double pixelScale);
 
@@ -44,6 +45,7 @@ class Batch {
   std::vector<bool> _isShown;
   /// Which of them the props draw, whether or not the props are shown.
   std::vector<bool> _isDrawn;
+  bool _keepsProps;
   CanvasResources* _resources;
   std::unique_ptr<PropGroup> _props;
 };

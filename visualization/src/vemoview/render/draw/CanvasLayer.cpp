@@ -18,9 +18,7 @@ CanvasLayer::CanvasLayer(ResolvedCanvas canvas)
       _decorations(_resources) {}
 
 void CanvasLayer::fill(const CanvasCameras& cameras, PropBudget& budget) {
-  auto groups = groupIntoBatches(std::exchange(_canvas.meshes, {}));
-  budget.add(groups, _canvas.clipPlanes.size());
-  addBatches(std::move(groups));
+  addBatches(plan(std::exchange(_canvas.meshes, {}), budget));
   for (Batch& batch : _batches) {
     batch.showAll(_pixelScale);
   }
@@ -29,8 +27,14 @@ void CanvasLayer::fill(const CanvasCameras& cameras, PropBudget& budget) {
   resetView();
 }
 
-void CanvasLayer::update(CanvasUpdate update, const CanvasCameras& cameras) {
-  addBatches(groupIntoBatches(std::move(update.meshes)));
+CanvasLayer::PlannedBatches CanvasLayer::plan(std::vector<MeshInstance> meshes, PropBudget& budget) const {
+  PlannedBatches planned{groupIntoBatches(std::move(meshes)), {}};
+  planned.keepProps = budget.add(planned.batches, _canvas.clipPlanes.size());
+  return planned;
+}
+
+void CanvasLayer::update(const CanvasUpdate& update, PlannedBatches added, const CanvasCameras& cameras) {
+  addBatches(std::move(added));
   addDecorations(update.decorations, cameras);
   for (Batch& batch : _batches) {
     batch.show(update.visible, _pixelScale);
@@ -39,9 +43,9 @@ void CanvasLayer::update(CanvasUpdate update, const CanvasCameras& cameras) {
   getRenderer().ResetCameraClippingRange();
 }
 
-void CanvasLayer::addBatches(std::vector<std::vector<MeshInstance>> groups) {
-  for (auto& members : groups) {
-    _batches.emplace_back(std::move(members), _resources);
+void CanvasLayer::addBatches(PlannedBatches planned) {
+  for (std::size_t i = 0; i < planned.batches.size(); ++i) {
+    _batches.emplace_back(std::move(planned.batches[i]), planned.keepProps[i], _resources);
   }
 }
 

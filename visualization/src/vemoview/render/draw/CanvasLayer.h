@@ -28,8 +28,18 @@ class CanvasLayer {
   vtkRenderer& getRenderer() const { return *_resources.renderer; }
   bool isModel() const { return _canvas.role == ResolvedCanvas::Role::MODEL; }
 
+  /// Meshes as they will be drawn.
+  struct PlannedBatches {
+    PropBudget::Batches batches;
+    /// Of which the props exist as long as they show the same.
+    std::vector<bool> keepProps;
+  };
+  /// Throws SceneTooLarge when the budget does not suffice.
+  PlannedBatches plan(std::vector<MeshInstance> meshes, PropBudget& budget) const;
+
   /// Shows exactly the currently visible content of the canvas.
-  void update(CanvasUpdate update, const CanvasCameras& cameras);
+  /// @param added the meshes of the update
+  void update(const CanvasUpdate& update, PlannedBatches added, const CanvasCameras& cameras);
 
   /// Makes lines and points wider by a factor.
   void scalePixels(double factor);
@@ -56,7 +66,7 @@ class CanvasLayer {
   Box boundsOf(const DrawableSet& drawables) const;
 
  private:
-  void addBatches(std::vector<std::vector<MeshInstance>> groups);
+  void addBatches(PlannedBatches planned);
   void addDecorations(const std::vector<Decoration>& decorations, const CanvasCameras& cameras);
 
   /// Its meshes and decorations move to the batches and props.

@@ -20,6 +20,7 @@
 #include <vtkProperty.h>
 
 #include <algorithm>
+#include <functional>
 #include <iterator>
 #include <memory>
 
@@ -82,8 +83,11 @@ void applyProperties(const RenderMesh& mesh, vtkProperty& property) {
   property.SetSpecularPower(appearance.specularPower);
   // Highlights have the colour of the light.
   property.SetSpecularColor(1.0, 1.0, 1.0);
-  if (appearance.kind == Appearance::Kind::LINES) {
+  if (mesh.isEdges || appearance.kind == Appearance::Kind::LINES) {
     makeUnlit(property);
+  }
+  if (mesh.isWireframe) {
+    property.SetRepresentationToWireframe();
   }
   if (appearance.kind == Appearance::Kind::POINTS) {
     setPointSize(property, appearance.isPointSizeInModelUnits ? BALL_PIXELS : appearance.pointSize);
@@ -158,9 +162,11 @@ vtkSmartPointer<vtkPolyDataMapper> sharedMapper(const RenderMesh& mesh, CanvasRe
   return mesh.isShared ? resources.mappers.get(keyOf(mesh), make) : make();
 }
 
+using ActorUse = std::function<void(MeshActor&)>;
+
 /// One actor for each instance. All have the same property and, unless each is cut differently,
 /// the same mapper.
-vtkProperty& addActors(const RenderMesh& mesh, CanvasResources& resources, PropGroup& group) {
+void makeActorsOf(const RenderMesh& mesh, CanvasResources& resources, const ActorUse& use) {
   vtkPlaneCollection& planes = *resources.clipPlanes;
   const bool isCut = isCutBeforehand(mesh, planes);
   const SharedBoxes parts = partsOf(mesh, isCut);
@@ -177,9 +183,8 @@ vtkProperty& addActors(const RenderMesh& mesh, CanvasResources& resources, PropG
     }
     actor->SetMapper(isCut ? makeMapper(mesh, planes, transform) : mapper);
     actor->SetProperty(property);
-    group.add(actor);
+    use(*actor);
   });
-  return *property;
 }
 
 /// Lines in the edges' colour.
@@ -192,17 +197,16 @@ void becomeEdges(RenderMesh& mesh) {
 
 /// As lines of their own: what VTK draws with faces lacks the half of its width that is beyond
 /// them, and has their opacity.
-void addEdges(const RenderMesh& mesh, CanvasResources& resources, PropGroup& group) {
+void makeEdges(const RenderMesh& mesh, CanvasResources& resources, const ActorUse& use) {
   RenderMesh edges = mesh;
   becomeEdges(edges);
+  edges.isWireframe = true;
   if (isCutBeforehand(mesh, *resources.clipPlanes)) {
     // Cutting faces makes new edges.
     edges.geometry = faceEdges(*mesh.geometry);
     edges.isShared = false;
   }
-  vtkProperty& property = addActors(edges, resources, group);
-  property.SetRepresentationToWireframe();
-  makeUnlit(property);
+  makeActorsOf(edges, resources, use);
 }
 
 /// The contour of each mesh by itself: where two of them meet, both have a border.
@@ -219,8 +223,8 @@ std::vector<MeshInstance> contoursOf(const std::vector<const MeshInstance*>& mes
   return contours;
 }
 
-void addContours(const std::vector<const MeshInstance*>& meshes, CanvasResources& resources,
-                 PropGroup& group) {
+void makeContours(const std::vector<const MeshInstance*>& meshes, CanvasResources& resources,
+                  const ActorUse& use) {
   const std::vector<MeshInstance> contours = contoursOf(meshes, resources.contours);
   if (contours.empty()) {
     return;
@@ -230,7 +234,7 @@ void addContours(const std::vector<const MeshInstance*>& meshes, CanvasResources
                          [](const MeshInstance& contour) { return &contour; });
   RenderMesh contour = merge(members, resources.tables);
   becomeEdges(contour);
-  makeUnlit(addActors(contour, resources, group));
+  makeActorsOf(contour, resources, use);
 }
 
 /// As polygons are filled.
@@ -254,21 +258,26 @@ bool isFilledOtherwise(const MeshInstance* mesh) {
 
 }  // namespace
 
-void addProps(const std::vector<const MeshInstance*>& meshes, CanvasResources& resources, PropGroup& group) {
+void makeActors(const std::vector<const MeshInstance*>& meshes, CanvasResources& resources,
+                const std::function<void(MeshActor&)>& use) {
   const RenderMesh mesh = merge(meshes, resources.tables);
   const Appearance& appearance = mesh.appearance;
   const bool isSurface = appearance.kind == Appearance::Kind::SURFACE;
   if (!isSurface || appearance.hasFaces) {
     const bool hasFilling = std::ranges::any_of(meshes, isFilledOtherwise);
-    addActors(hasFilling ? mergeFaces(meshes, resources.tables) : mesh, resources, group);
+    makeActorsOf(hasFilling ? mergeFaces(meshes, resources.tables) : mesh, resources, use);
   }
   if (isSurface && appearance.hasEdges) {
-    addEdges(mesh, resources, group);
+    makeEdges(mesh, resources, use);
   }
   // Last: at the same depth it covers the rest.
   if (isSurface && appearance.hasContour) {
-    addContours(meshes, resources, group);
+    makeContours(meshes, resources, use);
   }
+}
+
+void addProps(const std::vector<const MeshInstance*>& meshes, CanvasResources& resources, PropGroup& group) {
+  makeActors(meshes, resources, [&group](MeshActor& actor) { group.add(&actor); });
 }
 
 }  // namespace vemo

@@ -13,6 +13,7 @@
 #include <vtkDataArray.h>
 #include <vtkPolyData.h>
 
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -53,6 +54,11 @@ std::uint64_t costOfMerging(const std::vector<MeshInstance>& batch) {
   return cost;
 }
 
+/// These are drawn anew for each layer.
+bool isTranslucent(const Appearance& appearance) {
+  return appearance.opacity < 1.0 || appearance.edgeOpacity < 1.0;
+}
+
 [[noreturn]] void failTooLarge(std::uint64_t props, std::uint64_t most, std::size_t batches,
                                const MeshInstance& example) {
   const auto inMiB = [](std::uint64_t bytes) { return std::to_string(bytes >> 20U); };
@@ -70,6 +76,7 @@ void PropBudget::addContent(const MeshInstance& mesh) {
       _content += bytesOf(*array);
     }
   };
+  ++_meshes;
   _content += Limits::ITEM;
   add(mesh.node->getPoints());
   for (const CellKindTraits& kind : CELL_KINDS) {
@@ -87,45 +94,96 @@ void PropBudget::addContent(const MeshInstance& mesh) {
 }
 
 /// Of the props that draw a mesh; one that was merged of others shares its mapper with none.
-std::uint64_t PropBudget::costOfProps(const MeshInstance& mesh, bool isMerged, std::size_t clipPlanes) {
-  const Appearance look = drawnAppearance(mesh.appearance);
-  const std::uint64_t props = countProps(look);
+PropBudget::Cost PropBudget::costOfProps(const MeshInstance& mesh, bool isMerged,
+                                         std::size_t clipPlanes) const {
+  const Appearance appearance = drawnAppearance(mesh.appearance);
+  const std::uint64_t props = countProps(appearance);
   const std::uint64_t actors = Limits::ACTOR * props * countInstances(mesh);
-  if (look.isClipped && clipPlanes > HARDWARE_CLIP_PLANES) {
+  const std::uint64_t mappers = Limits::MAPPER * props;
+  if (appearance.isClipped && clipPlanes > HARDWARE_CLIP_PLANES) {
     // Each instance is cut differently.
-    return actors + Limits::MAPPER * props * countInstances(mesh);
+    return {actors + mappers * countInstances(mesh), {}};
   }
-  Look key{mesh.geometry, look, nullptr, {}, ScalarLocation::POINTS};
+  if (isMerged) {
+    return {actors + mappers, {}};
+  }
+  Look look{mesh.geometry, appearance, nullptr, {}, ScalarLocation::POINTS};
   if (mesh.scalars) {
-    key = {mesh.geometry, look, mesh.scalars->table.get(), mesh.scalars->arrayName, mesh.scalars->location};
+    look = {mesh.geometry, appearance, mesh.scalars->table, mesh.scalars->arrayName, mesh.scalars->location};
   }
-  const bool isNew = isMerged || _looks.insert(std::move(key)).second;
-  return actors + (isNew ? Limits::MAPPER * props : 0);
+  return {actors + (_looks.contains(look) ? 0 : mappers), look};
 }
 
-std::uint64_t PropBudget::costOf(const std::vector<MeshInstance>& batch, std::size_t clipPlanes) {
+PropBudget::Cost PropBudget::costOf(const std::vector<MeshInstance>& batch, std::size_t clipPlanes) const {
   const bool isMerged = batch.size() > 1;
-  const std::uint64_t cost = costOfProps(batch.front(), isMerged, clipPlanes);
-  return isMerged ? cost + costOfMerging(batch) : cost;
+  Cost cost = costOfProps(batch.front(), isMerged, clipPlanes);
+  cost.bytes += isMerged ? costOfMerging(batch) : 0;
+  return cost;
 }
 
-void PropBudget::add(const Batches& batches, std::size_t clipPlanes) {
-  PropBudget after = *this;
+/// What its meshes leave of what drawing may take.
+std::uint64_t PropBudget::mostOfProps() const {
+  const std::uint64_t all = Limits::ALL + Limits::ALL_PER_BYTE * _content;
+  const std::uint64_t used = Limits::MESH * _meshes;
+  return std::max(all - std::min(all, used), Limits::LEAST);
+}
+
+std::uint64_t PropBudget::mostOfKept() const {
+  if (_drawn == Drawn::OFTEN) {
+    return Limits::WINDOW + Limits::WINDOW_PER_BYTE * _content;
+  }
+  const std::uint64_t most = mostOfProps() - std::min(mostOfProps(), Limits::OPENGL + _transient);
+  return std::max(most, Limits::LEAST / 2);
+}
+
+bool PropBudget::keep(const std::vector<MeshInstance>& batch, std::size_t clipPlanes) {
+  Cost cost = costOf(batch, clipPlanes);
+  const bool isKept = _kept + cost.bytes <= mostOfKept();
+  if (isKept) {
+    _kept += cost.bytes;
+    if (cost.look) {
+      _looks.insert(std::move(*cost.look));
+    }
+  } else {
+    _transient += Limits::TRANSIENT;
+  }
+  return isKept;
+}
+
+std::vector<bool> PropBudget::add(const Batches& batches, std::size_t clipPlanes) {
   for (const auto& batch : batches) {
-    after._props += after.costOf(batch, clipPlanes);
-    for (const MeshInstance& mesh : batch) {
-      after.addContent(mesh);
+    std::ranges::for_each(batch, [this](const MeshInstance& mesh) { addContent(mesh); });
+  }
+  std::vector<bool> kept(batches.size());
+  for (const bool areTranslucent : {true, false}) {
+    for (std::size_t i = 0; i < batches.size(); ++i) {
+      if (isTranslucent(batches[i].front().appearance) == areTranslucent) {
+        kept[i] = keep(batches[i], clipPlanes);
+      }
     }
   }
-  const std::uint64_t most = Limits::PROPS + Limits::PROPS_PER_BYTE * after._content;
-  if (after._props > most) {
-    failTooLarge(after._props, most, batches.size(), batches.back().front());
+  if (_transient > mostOfProps()) {
+    failTooLarge(_transient, mostOfProps(), batches.size(), batches.back().front());
   }
-  *this = std::move(after);
+  return kept;
+}
+
+void PropBudget::addKept(const std::vector<MeshInstance>& meshes, std::size_t clipPlanes) {
+  std::ranges::for_each(meshes, [this](const MeshInstance& mesh) { addContent(mesh); });
+  for (const MeshInstance& mesh : meshes) {
+    Cost cost = costOfProps(mesh, false, clipPlanes);
+    _kept += cost.bytes;
+    if (cost.look) {
+      _looks.insert(std::move(*cost.look));
+    }
+  }
+  if (_kept > mostOfProps()) {
+    failTooLarge(_kept, mostOfProps(), meshes.size(), meshes.back());
+  }
 }
 
 void requireDrawable(const ResolvedScene& scene) {
-  PropBudget budget;
+  PropBudget budget(Drawn::ONCE);
   for (const ResolvedCanvas& canvas : scene.canvases) {
     budget.add(groupIntoBatches(canvas.meshes), canvas.clipPlanes.size());
   }

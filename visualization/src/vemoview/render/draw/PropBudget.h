@@ -1,33 +1,51 @@
 #pragma once
 
 #include <vemo/render/Export.h>
+#include <vemo/render/SceneRenderer.h>
 #include <vemo/resolve/MeshInstance.h>
+
+#include <vtkPolyData.h>
+#include <vtkSmartPointer.h>
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <optional>
 #include <set>
+#include <string>
 #include <tuple>
 #include <unordered_set>
 #include <vector>
 
 namespace vemo {
 
-/// How much memory the props of meshes may take. VTK takes much for each of them, however small it is,
-/// and a small file may have very many meshes of which no two can be drawn in one batch. All numbers
-/// are bytes.
+/// How much memory drawing may take. VTK takes much for each prop, however small it is, and a small file
+/// may have very many meshes of which no two can be drawn in one batch. All numbers are bytes.
 struct PropLimits {
   /// About what a mapper, and an actor with its property, take.
-  static constexpr std::uint64_t MAPPER = 32'000;
-  static constexpr std::uint64_t ACTOR = 3'500;
+  static constexpr std::uint64_t MAPPER = 36'000;
+  static constexpr std::uint64_t ACTOR = 4'000;
+  /// A batch whose props exist only while they are drawn.
+  static constexpr std::uint64_t TRANSIENT = 1'500;
   /// A point and a corner of a merged mesh.
   static constexpr std::uint64_t POINT = 28;
   static constexpr std::uint64_t CORNER = 8;
   /// What an item takes in a file, besides its arrays.
   static constexpr std::uint64_t ITEM = 250;
+  /// What a mesh takes before it is drawn: its nodes, its poly data and its place in a batch.
+  static constexpr std::uint64_t MESH = 9'000;
 
-  /// Of any scene, and for each byte that it has.
-  static constexpr std::uint64_t PROPS = 1U << 30U;
-  static constexpr std::uint64_t PROPS_PER_BYTE = 8;
+  /// What all of this may take in any scene, and for each byte that it has. Of this, what OpenGL needs
+  /// for any picture.
+  static constexpr std::uint64_t ALL = 64U << 20U;
+  static constexpr std::uint64_t ALL_PER_BYTE = 10;
+  static constexpr std::uint64_t OPENGL = 24U << 20U;
+  /// What props may take if the meshes have used that up.
+  static constexpr std::uint64_t LEAST = 16U << 20U;
+
+  /// What props may take that a window keeps, for speed.
+  static constexpr std::uint64_t WINDOW = 1U << 30U;
+  static constexpr std::uint64_t WINDOW_PER_BYTE = 8;
 };
 
 /// Estimates the memory of props before they are made.
@@ -35,20 +53,38 @@ class VEMO_RENDER_EXPORT PropBudget {
  public:
   using Batches = std::vector<std::vector<MeshInstance>>;
 
-  /// The props of batches of a canvas with some clipping planes. Throws SceneTooLarge when they, and
-  /// those before, are out of proportion to the scene; the batches then do not count.
-  void add(const Batches& batches, std::size_t clipPlanes);
+  explicit PropBudget(Drawn drawn) : _drawn(drawn) {}
+
+  /// Which batches of a canvas with some clipping planes keep their props from one drawing to the next;
+  /// those of the others exist only while they are drawn. Throws SceneTooLarge when all together, with
+  /// those before, are out of proportion to the scene; the budget is of no use then.
+  std::vector<bool> add(const Batches& batches, std::size_t clipPlanes);
+
+  /// Of meshes that are not merged, all of whose props are kept. Throws SceneTooLarge as add().
+  void addKept(const std::vector<MeshInstance>& meshes, std::size_t clipPlanes);
 
  private:
   /// What meshes have in common that share a mapper.
-  using Look = std::tuple<const vtkPolyData*, Appearance, const ColorTable*, std::string, ScalarLocation>;
+  using Look = std::tuple<vtkSmartPointer<vtkPolyData>, Appearance, std::shared_ptr<const ColorTable>,
+                          std::string, ScalarLocation>;
+  struct Cost {
+    std::uint64_t bytes;
+    /// The one whose mapper it has; nothing if it is shared with no other.
+    std::optional<Look> look;
+  };
 
   void addContent(const MeshInstance& mesh);
-  std::uint64_t costOf(const std::vector<MeshInstance>& batch, std::size_t clipPlanes);
-  std::uint64_t costOfProps(const MeshInstance& mesh, bool isMerged, std::size_t clipPlanes);
+  Cost costOf(const std::vector<MeshInstance>& batch, std::size_t clipPlanes) const;
+  Cost costOfProps(const MeshInstance& mesh, bool isMerged, std::size_t clipPlanes) const;
+  std::uint64_t mostOfProps() const;
+  std::uint64_t mostOfKept() const;
+  bool keep(const std::vector<MeshInstance>& batch, std::size_t clipPlanes);
 
+  Drawn _drawn;
   std::uint64_t _content = 0;
-  std::uint64_t _props = 0;
+  std::uint64_t _meshes = 0;
+  std::uint64_t _kept = 0;
+  std::uint64_t _transient = 0;
   std::unordered_set<const void*> _arrays;
   std::set<Look> _looks;
 };

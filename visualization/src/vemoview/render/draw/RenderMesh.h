@@ -33,6 +33,8 @@ struct RenderMesh {
   SharedInstanceTransforms transforms;
   /// Whether it is the edges or the contour of a surface.
   bool isEdges = false;
+  /// Whether cells are drawn as the lines around them.
+  bool isWireframe = false;
 };
 
 }  // namespace vemo

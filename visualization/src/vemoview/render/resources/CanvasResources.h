@@ -2,6 +2,7 @@
 
 #include "vemoview/render/resources/Contours.h"
 #include "vemoview/render/resources/LookupTables.h"
+#include "vemoview/render/resources/RecentMappers.h"
 #include "vemoview/render/resources/SharedMappers.h"
 #include "vemoview/render/resources/Textures.h"
 #include "vemoview/render/vtk/DrawQueue.h"
@@ -25,6 +26,7 @@ struct CanvasResources {
   LookupTables tables;
   Textures textures;
   SharedMappers mappers;
+  RecentMappers recentMappers;
   Contours contours;
   /// Of triads; null until there is one.
   vtkSmartPointer<vtkPolyDataMapper> arrows;

@@ -31,6 +31,13 @@ vtkIdType countCorners(vtkMapper& mapper) {
 
 }  // namespace
 
+bool showsFineShapes(vtkActor& actor) {
+  auto* const geometry = vtkPolyData::SafeDownCast(actor.GetMapper()->GetInput());
+  vtkProperty& property = *actor.GetProperty();
+  return property.GetRenderPointsAsSpheres() || property.GetRepresentation() == VTK_WIREFRAME ||
+         (geometry != nullptr && geometry->GetNumberOfLines() > 0);
+}
+
 vtkStandardNewMacro(MeshActor);
 
 double* MeshActor::GetBounds() {

@@ -10,14 +10,18 @@
 #include <utility>
 #include <vector>
 
+class vtkActor;
 class vtkCamera;
 
 namespace vemo {
 
+/// Whether an actor draws something that multisampling does not make smooth.
+bool showsFineShapes(vtkActor& actor);
+
 using SharedBoxes = std::shared_ptr<const std::vector<Box>>;
 
 /// Draws faces, and lines on them, with settings that VTK's actor lacks.
-class MeshActor : public vtkOpenGLActor {
+class MeshActor : public vtkOpenGLActor, public LinesProp {
  public:
   static MeshActor* New();
 
@@ -28,9 +32,9 @@ class MeshActor : public vtkOpenGLActor {
   /// It is lines, edges or a contour, of a width in pixels, which faces may be behind.
   void setWidthOfLines(double width) { _widthOfLines = width; }
 
-  /// The width for which faces behind it make room, in pixels of this picture. Behind edges that are any
-  /// wider, steep faces would be so far back that what they hide is seen through them.
-  double getRoomBehind();
+  /// Up to a few pixels: behind edges that are any wider, steep faces would be so far back that what
+  /// they hide is seen through them.
+  double getRoomBehind() override;
 
   /// It is faces, which are moved back behind lines, the further the steeper they are seen:
   /// a line is as wide on either side.

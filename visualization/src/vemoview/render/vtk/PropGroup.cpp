@@ -78,13 +78,15 @@ void PropGroup::scalePixels(double factor) {
   std::set<vtkProperty*> scaled;
   for (const Member& member : _members) {
     auto* const actor = vtkActor::SafeDownCast(member.prop);
-    if (actor == nullptr || !scaled.insert(actor->GetProperty()).second) {
-      continue;
+    if (actor != nullptr && scaled.insert(actor->GetProperty()).second) {
+      scalePixels(*actor->GetProperty(), factor);
     }
-    vtkProperty& property = *actor->GetProperty();
-    property.SetLineWidth(property.GetLineWidth() * static_cast<float>(factor));
-    property.SetPointSize(property.GetPointSize() * static_cast<float>(factor));
   }
+}
+
+void PropGroup::scalePixels(vtkProperty& property, double factor) {
+  property.SetLineWidth(property.GetLineWidth() * static_cast<float>(factor));
+  property.SetPointSize(property.GetPointSize() * static_cast<float>(factor));
 }
 
 }  // namespace vemo

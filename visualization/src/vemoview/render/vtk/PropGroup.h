@@ -9,6 +9,7 @@
 #include <vector>
 
 class vtkProp;
+class vtkProperty;
 class vtkRenderer;
 
 namespace vemo {
@@ -45,6 +46,7 @@ class VEMO_RENDER_EXPORT PropGroup {
   /// pixels ask for the product of all factors.
   void scalePixels(double factor);
   double getPixelScale() const { return _pixelScale; }
+  static void scalePixels(vtkProperty& property, double factor);
 
  private:
   struct Member {

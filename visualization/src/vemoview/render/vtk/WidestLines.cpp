@@ -1,7 +1,5 @@
 #include "vemoview/render/vtk/WidestLines.h"
 
-#include "vemoview/render/vtk/MeshActor.h"
-
 #include <vtkCommand.h>
 #include <vtkPropCollection.h>
 #include <vtkRenderer.h>
@@ -26,9 +24,9 @@ void WidestLines::update() {
   vtkCollectionSimpleIterator place = nullptr;
   props.InitTraversal(place);
   while (vtkProp* const prop = props.GetNextProp(place)) {
-    auto* const actor = dynamic_cast<MeshActor*>(prop);
-    if (actor != nullptr && actor->GetVisibility() != 0) {
-      _pixels = std::max(_pixels, actor->getRoomBehind());
+    auto* const lines = dynamic_cast<LinesProp*>(prop);
+    if (lines != nullptr && prop->GetVisibility() != 0) {
+      _pixels = std::max(_pixels, lines->getRoomBehind());
     }
   }
 }

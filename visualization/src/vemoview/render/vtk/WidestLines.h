@@ -6,6 +6,16 @@ class vtkRenderer;
 
 namespace vemo {
 
+/// A prop that may draw lines, edges or contours.
+class LinesProp {
+ public:
+  /// The width for which faces behind them make room, in pixels of this picture; 0 for no lines.
+  virtual double getRoomBehind() = 0;
+
+ protected:
+  ~LinesProp() = default;
+};
+
 /// The width in pixels of the widest lines, edges and contours that a renderer shows, up to a few pixels:
 /// all its faces are moved back behind them alike, so that none comes in front of another.
 class WidestLines {

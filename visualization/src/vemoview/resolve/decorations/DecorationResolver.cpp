@@ -157,7 +157,7 @@ std::vector<Decoration> DecorationResolver::resolve(const std::vector<VisibleDra
                                                     const DrawableSet& visibleNow) {
   std::vector<Decoration> result;
   for (const VisibleDrawable& visible : drawables) {
-    if (_isFull) {
+    if (_taken.isFull) {
       break;
     }
     const NodeScope scope(*visible.drawable);
@@ -166,7 +166,7 @@ std::vector<Decoration> DecorationResolver::resolve(const std::vector<VisibleDra
       continue;
     }
     if (auto* const legend = std::get_if<LegendDecoration>(&*content)) {
-      _legends.place(*legend, *visible.drawable, visibleNow);
+      _taken.legends.place(*legend, *visible.drawable, visibleNow);
     }
     clip(*content, visible.isClipped);
     if (isDark(_background, placeInWindow(*content))) {
@@ -182,22 +182,22 @@ std::vector<Decoration> DecorationResolver::resolve(const std::vector<VisibleDra
                       }
                     });
   }
-  _legends.shareRoom(result);
+  _taken.legends.shareRoom(result);
   return result;
 }
 
 bool DecorationResolver::takeRoom(const Content& content) {
-  if (!_isFull) {
-    _pieceCount += countPieces(content);
-    _picturesFilled += std::min(std::visit(FilledPictures(), content), MOST_PICTURES_EACH);
-    _isFull = _pieceCount > MAX_PIECES || _picturesFilled > MOST_PICTURES;
-    if (_isFull) {
-      reportFinding(FindingCode::DECORATIONS_LIMITED, "Only the first " + std::to_string(_count) +
+  if (!_taken.isFull) {
+    _taken.pieces += countPieces(content);
+    _taken.pictures += std::min(std::visit(FilledPictures(), content), MOST_PICTURES_EACH);
+    _taken.isFull = _taken.pieces > MAX_PIECES || _taken.pictures > MOST_PICTURES;
+    if (_taken.isFull) {
+      reportFinding(FindingCode::DECORATIONS_LIMITED, "Only the first " + std::to_string(_taken.count) +
                                                           " triads, legends, texts and images are shown");
     }
   }
-  _count += _isFull ? 0 : 1;
-  return !_isFull;
+  _taken.count += _taken.isFull ? 0 : 1;
+  return !_taken.isFull;
 }
 
 }  // namespace vemo

@@ -8,6 +8,7 @@
 #include <vemo/resolve/Decoration.h>
 #include <vemo/resolve/SceneResolver.h>
 
+#include <utility>
 #include <vector>
 
 namespace vemo {
@@ -25,6 +26,19 @@ class DecorationResolver {
   std::vector<Decoration> resolve(const std::vector<VisibleDrawable>& drawables,
                                   const DrawableSet& visibleNow);
 
+  /// What limits and places further decorations.
+  struct Taken {
+    LegendPlacement legends;
+    int count = 0;
+    // Of texts and images in them.
+    int pieces = 0;
+    double pictures = 0.0;
+    bool isFull = false;
+  };
+  const Taken& getTaken() const { return _taken; }
+  /// As if it had not resolved any since then.
+  void setTaken(Taken taken) { _taken = std::move(taken); }
+
  private:
   /// Counts a further decoration; false once the limit is reached.
   bool takeRoom(const Decoration::Content& content);
@@ -32,12 +46,7 @@ class DecorationResolver {
   Background _background;
   const CameraIndices& _cameras;
   ColorTables& _tables;
-  LegendPlacement _legends;
-  int _count = 0;
-  // Of texts and images in them.
-  int _pieceCount = 0;
-  double _picturesFilled = 0.0;
-  bool _isFull = false;
+  Taken _taken;
 };
 
 }  // namespace vemo

@@ -68,7 +68,18 @@ void DrawingLoad::requireCopies() const {
 }
 
 vtkIdType ContentCount::add(vtkDataArray& array, vtkIdType count) {
-  return _arrays.insert(&array).second ? count : 0;
+  const bool isNew = _arrays.insert(&array).second;
+  if (isNew) {
+    _added.push_back(&array);
+  }
+  return isNew ? count : 0;
+}
+
+void ContentCount::takeBack() {
+  for (const void* const array : _added) {
+    _arrays.erase(array);
+  }
+  _added.clear();
 }
 
 vtkIdType ContentCount::add(const lum::PolyDataNode& node) {

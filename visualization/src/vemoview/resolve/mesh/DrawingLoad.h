@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <unordered_set>
+#include <vector>
 
 class vtkCellArray;
 class vtkDataArray;
@@ -48,17 +49,24 @@ struct DrawingLoad {
   void requireCopies() const;
 };
 
-/// Counts the elements of nodes, and the values at them: those that they share once.
+/// Counts the elements of nodes, and the values at them: those that they share once. The nodes must
+/// outlive it.
 class ContentCount {
  public:
   /// Those that no node has had before.
   vtkIdType add(const lum::PolyDataNode& node);
+
+  /// What was added so far stays.
+  void accept() { _added.clear(); }
+  /// As if nothing had been added since then.
+  void takeBack();
 
  private:
   /// Nothing if it is known.
   vtkIdType add(vtkDataArray& array, vtkIdType count);
 
   std::unordered_set<const void*> _arrays;
+  std::vector<const void*> _added;
 };
 
 /// The cells and corners of cells.

@@ -4,9 +4,7 @@
 #include "scenegraph/coloring/ColoringScalars.h"
 #include "vemoview/resolve/mesh/AppearanceResolver.h"
 #include "vemoview/resolve/mesh/ArrayLookup.h"
-#include "vemoview/resolve/mesh/PointScaling.h"
 #include "vemoview/resolve/mesh/PointSizes.h"
-#include "vemoview/resolve/mesh/PreparedMeshes.h"
 #include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/resolve/ClipPlane.h>
 #include <vemo/scenegraph/Findings.h>
@@ -356,8 +354,7 @@ vtkIdType MeshResolver::timesDrawn(const SharedInstanceTransforms& transforms, b
 
 /// Before anything is prepared: the sizes are known. Cells that are not drawn are still searched when
 /// something is picked.
-void MeshResolver::countSizes(const std::vector<VisibleDrawable>& drawables, DrawingLoad& load) const {
-  ContentCount content;
+void MeshResolver::countSizes(const std::vector<VisibleDrawable>& drawables) {
   const lum::PolyDataNode* largest = nullptr;
   vtkIdType mostDrawn = 0;
   forEachGeometry(drawables, [&](const lum::GeometryDrawable& drawable, const VisibleDrawable& context) {
@@ -365,8 +362,8 @@ void MeshResolver::countSizes(const std::vector<VisibleDrawable>& drawables, Dra
       const auto kinds = static_cast<vtkIdType>(visibleKinds(drawable, node).size());
       const vtkIdType drawn = sizeOf(node) * kinds * timesDrawn(context.transforms, context.isClipped);
       if (drawn > 0) {
-        load.content += content.add(node);
-        load.drawn += drawn;
+        _load.content += _content.add(node);
+        _load.drawn += drawn;
       }
       if (drawn > mostDrawn) {
         mostDrawn = drawn;
@@ -375,87 +372,84 @@ void MeshResolver::countSizes(const std::vector<VisibleDrawable>& drawables, Dra
     });
   });
   if (largest != nullptr) {
-    load.requireDrawn(*largest);
+    _load.requireDrawn(*largest);
   }
 }
 
 /// Triangles in place of polygons are known only now.
-void MeshResolver::countFilling(const MeshInstance& mesh, DrawingLoad& load) const {
+void MeshResolver::countFilling(const MeshInstance& mesh) {
   if (mesh.filling != nullptr) {
-    load.drawn += sizeOf(*mesh.filling->GetPolys()) * timesDrawn(mesh.transforms, mesh.appearance.isClipped);
-    load.requireDrawn(*mesh.node);
+    _load.drawn += sizeOf(*mesh.filling->GetPolys()) * timesDrawn(mesh.transforms, mesh.appearance.isClipped);
+    _load.requireDrawn(*mesh.node);
   }
 }
 
-void MeshResolver::countCopies(const MeshInstance& mesh, DrawingLoad& load) const {
-  load.copies += timesDrawn(mesh.transforms, mesh.appearance.isClipped) - 1;
-  load.requireCopies();
+void MeshResolver::countCopies(const MeshInstance& mesh) {
+  _load.copies += timesDrawn(mesh.transforms, mesh.appearance.isClipped) - 1;
+  _load.requireCopies();
 }
 
-/// Resolves drawables with a load, and with what they share.
-class MeshResolver::Run {
- public:
-  Run(const MeshResolver& resolver, DrawingLoad& load) : _resolver(resolver), _load(load) {}
+void MeshResolver::countMade(const lum::PolyDataNode& node) {
+  _load.made = _prepared.getMade() + _sizes.getMade();
+  _load.requireMade(node);
+}
 
-  void add(const lum::GeometryDrawable& drawable, const VisibleDrawable& context) {
-    const lum::DataArrayAttributes* missing = nullptr;
-    bool isColored = false;
-    forEachPolyData(drawable, [&](const lum::PolyDataNode& node) {
-      const NodeScope scope(node);
-      MeshBuilder builder(drawable, node, context, _resolver._tables, _resolver._arrays, _prepared);
-      for (MeshInstance& mesh : builder.build()) {
-        isColored = isColored || mesh.scalars;
-        add(std::move(mesh), drawable);
-      }
-      missing = missing == nullptr ? builder.getMissingArray() : missing;
-    });
-    // Of several meshes of a drawable, one may have no data.
-    if (missing != nullptr && !isColored) {
-      reportMissingArray(drawable, *missing);
+void MeshResolver::add(const lum::GeometryDrawable& drawable, const VisibleDrawable& context,
+                       std::vector<MeshInstance>& meshes) {
+  const lum::DataArrayAttributes* missing = nullptr;
+  bool isColored = false;
+  forEachPolyData(drawable, [&](const lum::PolyDataNode& node) {
+    const NodeScope scope(node);
+    MeshBuilder builder(drawable, node, context, _tables, _arrays, _prepared);
+    for (MeshInstance& mesh : builder.build()) {
+      isColored = isColored || mesh.scalars;
+      add(std::move(mesh), drawable, meshes);
     }
-    reportUnnamedArray(drawable);
+    missing = missing == nullptr ? builder.getMissingArray() : missing;
+  });
+  // Of several meshes of a drawable, one may have no data.
+  if (missing != nullptr && !isColored) {
+    reportMissingArray(drawable, *missing);
   }
+  reportUnnamedArray(drawable);
+}
 
-  std::vector<MeshInstance> take() { return std::move(_meshes); }
-
- private:
-  void add(MeshInstance mesh, const lum::GeometryDrawable& drawable) {
-    const lum::PolyDataNode& node = *mesh.node;
-    _resolver.countFilling(mesh, _load);
-    for (MeshInstance& part : _sizes.split(std::move(mesh), drawable)) {
-      keepUsedPoints(part, _resolver._arrays, _prepared);
-      reportIfTooLarge(node, statedPixels(part.appearance) * _resolver._pixelScale);
-      _resolver.countCopies(part, _load);
-      _meshes.push_back(std::move(part));
-    }
-    countMade(node);
+void MeshResolver::add(MeshInstance mesh, const lum::GeometryDrawable& drawable,
+                       std::vector<MeshInstance>& meshes) {
+  const lum::PolyDataNode& node = *mesh.node;
+  countFilling(mesh);
+  for (MeshInstance& part : _sizes.split(std::move(mesh), drawable)) {
+    keepUsedPoints(part, _arrays, _prepared);
+    reportIfTooLarge(node, statedPixels(part.appearance) * _pixelScale);
+    countCopies(part);
+    meshes.push_back(std::move(part));
   }
-
-  void countMade(const lum::PolyDataNode& node) {
-    const vtkIdType made = _prepared.getMade() + _sizes.getMade();
-    _load.made += made - _made;
-    _made = made;
-    _load.requireMade(node);
-  }
-
-  const MeshResolver& _resolver;
-  DrawingLoad& _load;
-  PreparedMeshes _prepared;
-  SizedPoints _sizes;
-  /// What of it the load has.
-  vtkIdType _made = 0;
-  std::vector<MeshInstance> _meshes;
-};
+  countMade(node);
+}
 
 std::vector<MeshInstance> MeshResolver::resolve(const std::vector<VisibleDrawable>& drawables) {
-  DrawingLoad load = _load;
-  countSizes(drawables, load);
-  Run run(*this, load);
-  forEachGeometry(drawables, [&run](const lum::GeometryDrawable& drawable, const VisibleDrawable& context) {
-    run.add(drawable, context);
-  });
-  _load = load;
-  return run.take();
+  _formerLoad = _load;
+  _content.accept();
+  // In this order: they keep what they were made of.
+  _prepared.dropUnusedPoints();
+  _sizes.dropUnused();
+  _prepared.dropUnused();
+  std::vector<MeshInstance> meshes;
+  try {
+    countSizes(drawables);
+    forEachGeometry(drawables, [&](const lum::GeometryDrawable& drawable, const VisibleDrawable& context) {
+      add(drawable, context, meshes);
+    });
+  } catch (...) {
+    takeBack();
+    throw;
+  }
+  return meshes;
+}
+
+void MeshResolver::takeBack() {
+  _load = _formerLoad;
+  _content.takeBack();
 }
 
 }  // namespace vemo

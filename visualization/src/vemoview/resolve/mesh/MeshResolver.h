@@ -2,6 +2,8 @@
 
 #include "vemoview/resolve/drawables/VisibleDrawables.h"
 #include "vemoview/resolve/mesh/DrawingLoad.h"
+#include "vemoview/resolve/mesh/PointScaling.h"
+#include "vemoview/resolve/mesh/PreparedMeshes.h"
 #include "vemoview/resolve/values/ColorTableResolver.h"
 #include <vemo/resolve/MeshInstance.h>
 #include <vemo/resolve/SceneResolver.h>
@@ -25,13 +27,18 @@ class MeshResolver {
   /// count.
   std::vector<MeshInstance> resolve(const std::vector<VisibleDrawable>& drawables);
 
- private:
-  class Run;
+  /// The last of them do not count.
+  void takeBack();
 
+ private:
   vtkIdType timesDrawn(const SharedInstanceTransforms& transforms, bool isClipped) const;
-  void countSizes(const std::vector<VisibleDrawable>& drawables, DrawingLoad& load) const;
-  void countFilling(const MeshInstance& mesh, DrawingLoad& load) const;
-  void countCopies(const MeshInstance& mesh, DrawingLoad& load) const;
+  void countSizes(const std::vector<VisibleDrawable>& drawables);
+  void countFilling(const MeshInstance& mesh);
+  void countCopies(const MeshInstance& mesh);
+  void countMade(const lum::PolyDataNode& node);
+  void add(const lum::GeometryDrawable& drawable, const VisibleDrawable& context,
+           std::vector<MeshInstance>& meshes);
+  void add(MeshInstance mesh, const lum::GeometryDrawable& drawable, std::vector<MeshInstance>& meshes);
 
   ColorTables& _tables;
   MeshArrays _arrays;
@@ -39,6 +46,11 @@ class MeshResolver {
   /// How many planes cut the geometry of each clipped instance separately.
   vtkIdType _cutsPerInstance;
   DrawingLoad _load;
+  /// Before the last meshes.
+  DrawingLoad _formerLoad;
+  ContentCount _content;
+  PreparedMeshes _prepared;
+  SizedPoints _sizes;
 };
 
 }  // namespace vemo

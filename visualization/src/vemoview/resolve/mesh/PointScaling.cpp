@@ -190,17 +190,30 @@ void reportUnusableSizes(const lum::PointScaleAttributes& scale, const std::stri
 const SizedPoints::Parts& SizedPoints::sort(vtkPolyData& points, vtkDataArray& values,
                                             const Vector<2, double>& range, bool isLog) {
   const auto [known, isNew] = _sorted.try_emplace({&points, &values, range, isLog});
+  Sorted& result = known->second;
   if (isNew) {
+    result.points = &points;
     const auto sorted = sortVertices(*points.GetVerts(), values, Scale(range, isLog));
     for (std::size_t i = 0; i < SIZES; ++i) {
       const vtkIdType count = sorted[i].vertices->GetNumberOfCells();
       if (count > 0) {
-        known->second.emplace(i, partOf(points, sorted[i]));
-        _made += 2 * count;
+        result.parts.emplace(i, partOf(points, sorted[i]));
+        result.made += 2 * count;
       }
     }
+    _made += result.made;
   }
-  return known->second;
+  return result.parts;
+}
+
+void SizedPoints::dropUnused() {
+  std::erase_if(_sorted, [this](const auto& entry) {
+    const Sorted& sorted = entry.second;
+    const bool isUsed = std::ranges::any_of(
+        sorted.parts, [](const auto& part) { return part.second->GetReferenceCount() > 1; });
+    _made -= isUsed ? 0 : sorted.made;
+    return !isUsed;
+  });
 }
 
 std::vector<MeshInstance> SizedPoints::split(MeshInstance mesh, const lum::GeometryDrawable& drawable) {

@@ -17,7 +17,7 @@ class vtkDataArray;
 namespace vemo {
 
 /// Points that are scaled by data. Meshes that have their points, values and range in common share
-/// what they are sorted into. Points and values must outlive it.
+/// what they are sorted into. Values must outlive it.
 class SizedPoints {
  public:
   /// The points of a mesh sorted into meshes of a few sizes by an array over its
@@ -30,9 +30,18 @@ class SizedPoints {
   /// The elements of all that was sorted: vertices, with a corner each.
   vtkIdType getMade() const { return _made; }
 
+  /// Forgets what nothing else uses any more.
+  void dropUnused();
+
  private:
   /// The points of one size, by its number.
   using Parts = std::map<std::size_t, vtkSmartPointer<vtkPolyData>>;
+
+  struct Sorted {
+    vtkSmartPointer<vtkPolyData> points;
+    Parts parts;
+    vtkIdType made = 0;
+  };
 
   struct Key {
     const vtkPolyData* points;
@@ -45,7 +54,7 @@ class SizedPoints {
 
   const Parts& sort(vtkPolyData& points, vtkDataArray& values, const Vector<2, double>& range, bool isLog);
 
-  std::map<Key, Parts> _sorted;
+  std::map<Key, Sorted> _sorted;
   vtkIdType _made = 0;
 };
 

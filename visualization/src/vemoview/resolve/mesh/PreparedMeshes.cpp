@@ -14,6 +14,9 @@
 #include <vtkPointData.h>
 #include <vtkPoints.h>
 
+#include <unordered_map>
+#include <unordered_set>
+
 namespace vemo {
 
 namespace {
@@ -110,11 +113,12 @@ vtkSmartPointer<vtkPolyData> PreparedMeshes::share(vtkPolyData& geometry) {
 
 const PreparedMesh& PreparedMeshes::prepare(vtkPolyData& shared, const Parts& parts) {
   const auto [known, isNew] = _prepared.try_emplace({&shared, parts});
-  PreparedMesh& mesh = known->second;
+  auto& [mesh, made] = known->second;
   if (isNew) {
     mesh = make(shared, parts);
-    _made += countMade(*mesh.geometry, shared);
-    _made += mesh.filling != nullptr ? countMade(*mesh.filling, *mesh.geometry) : 0;
+    made = countMade(*mesh.geometry, shared);
+    made += mesh.filling != nullptr ? countMade(*mesh.filling, *mesh.geometry) : 0;
+    _made += made;
   }
   return mesh;
 }
@@ -124,10 +128,49 @@ const PreparedMeshes::UsedPoints& PreparedMeshes::withUsedPoints(vtkPolyData& ge
   Compacted& compacted = known->second;
   if (isNew) {
     auto numbers = vtkSmartPointer<vtkIdList>::New();
-    compacted = {&geometry, {vemo::withUsedPoints(geometry, *numbers), numbers}};
-    _made += countMade(*compacted.result.geometry, geometry);
+    compacted.source = &geometry;
+    compacted.result = {vemo::withUsedPoints(geometry, *numbers), numbers};
+    compacted.made = countMade(*compacted.result.geometry, geometry);
+    _made += compacted.made;
   }
   return compacted.result;
+}
+
+void PreparedMeshes::dropUnusedPoints() {
+  std::erase_if(_compacted, [this](const auto& entry) {
+    const Compacted& compacted = entry.second;
+    const bool isUsed = compacted.result.geometry->GetReferenceCount() > 1;
+    _made -= isUsed ? 0 : compacted.made;
+    return !isUsed;
+  });
+}
+
+void PreparedMeshes::dropUnused() {
+  std::unordered_map<const vtkPolyData*, int> ownUses;
+  for (const auto& [content, geometry] : _shared) {
+    ++ownUses[geometry];
+  }
+  for (const auto& [key, prepared] : _prepared) {
+    ++ownUses[prepared.mesh.geometry];
+    ++ownUses[prepared.mesh.filling];
+  }
+  const auto isUsed = [&ownUses](vtkPolyData* geometry) {
+    return geometry != nullptr && geometry->GetReferenceCount() > ownUses.at(geometry);
+  };
+  std::unordered_set<const vtkPolyData*> sources;
+  std::erase_if(_prepared, [&](const auto& entry) {
+    const auto& [mesh, made] = entry.second;
+    if (isUsed(mesh.geometry) || isUsed(mesh.filling)) {
+      sources.insert(entry.first.first);
+      return false;
+    }
+    _made -= made;
+    --ownUses[mesh.geometry];
+    --ownUses[mesh.filling];
+    return true;
+  });
+  std::erase_if(_shared,
+                [&](const auto& entry) { return !sources.contains(entry.second) && !isUsed(entry.second); });
 }
 
 }  // namespace vemo

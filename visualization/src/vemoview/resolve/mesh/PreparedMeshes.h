@@ -26,7 +26,8 @@ struct PreparedMesh {
 };
 
 /// Geometries that have the very same points, cells and arrays share what is drawn of them, which
-/// nobody may change: it is checked, prepared and kept in memory once, however many they are.
+/// nobody may change: it is checked, prepared and kept in memory once, however many they are. The arrays
+/// of cells must outlive it.
 class PreparedMeshes {
  public:
   /// What is drawn.
@@ -41,7 +42,7 @@ class PreparedMeshes {
     auto operator<=>(const Parts&) const = default;
   };
 
-  /// What is wrong with cells; empty when nothing is. They must outlive it.
+  /// What is wrong with cells; empty when nothing is.
   std::string findFault(vtkCellArray& cells, const CellRules& rules) {
     return _validator.findFault(cells, rules);
   }
@@ -61,19 +62,29 @@ class PreparedMeshes {
   /// Of what was prepared, or a part of it that is kept elsewhere.
   const UsedPoints& withUsedPoints(vtkPolyData& geometry);
 
-  /// The elements of all that the scene does not have itself.
+  /// The elements of all that it has made and still knows.
   vtkIdType getMade() const { return _made; }
 
+  /// Forgets what nothing else uses any more: parts of points first, since these keep what they were
+  /// made of.
+  void dropUnusedPoints();
+  void dropUnused();
+
  private:
+  struct Prepared {
+    PreparedMesh mesh;
+    vtkIdType made = 0;
+  };
   struct Compacted {
     vtkSmartPointer<vtkPolyData> source;
     UsedPoints result;
+    vtkIdType made = 0;
   };
 
   CellValidator _validator;
   /// By all that is in them, which they keep.
   std::map<std::vector<const void*>, vtkSmartPointer<vtkPolyData>> _shared;
-  std::map<std::pair<vtkPolyData*, Parts>, PreparedMesh> _prepared;
+  std::map<std::pair<vtkPolyData*, Parts>, Prepared> _prepared;
   std::map<vtkPolyData*, Compacted> _compacted;
   vtkIdType _made = 0;
 };
