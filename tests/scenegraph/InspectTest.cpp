@@ -9,7 +9,6 @@
 #include "support/SampleGraphs.h"
 #include "support/SmallStack.h"
 #include <vemo/scenegraph/coloring/ColorLookupTable.h>
-#include <vemo/scenegraph/drawables/LegendDrawable.h>
 #include <vemo/scenegraph/inspect/FieldText.h>
 #include <vemo/scenegraph/inspect/JsonWriter.h>
 
@@ -72,27 +71,6 @@ TEST(JsonPrinterTest, NamesTheNodesReferredTo) {
   expectReference(triad, {{"reference", nullptr}});
   triad.setCameraAttributes(nullptr);
   expectReference(triad, nullptr);
-}
-
-TEST(JsonPrinterTest, PrintsAListThatNodesShareOnce) {
-  const auto scene = makeScene();
-  const lum::SharedNumbers shared{1, 0, 0, 1};
-  std::vector<json> printed;
-  auto& drawables = scene->getModelCanvas().getDrawableCollection();
-  for (const char* name : {"first", "second", "empty"}) {
-    auto& legend = drawables.findOrCreate<lum::LegendDrawable>(name);
-    legend.getColorLookupTable().setColorValues(name == std::string("empty") ? lum::SharedNumbers() : shared);
-  }
-  const json graph = json::parse(print(drawables));
-  for (const json& drawable : graph["nodes"]) {
-    for (const json& owned : drawable["nodes"]) {
-      if (drawable["class"] == "LegendDrawable" && owned["class"] == "ColorLookupTable") {
-        printed.push_back(owned["fields"]["colorValues"]);
-      }
-    }
-  }
-  EXPECT_THAT(printed, testing::ElementsAre(json{1, 0, 0, 1}, json{{"reference", "first/ColorLookupTable"}},
-                                            json::array()));
 }
 
 TEST(JsonPrinterTest, PrintsTheDeepestGraphOnASmallStack) {

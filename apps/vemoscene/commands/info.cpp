@@ -2,10 +2,10 @@
 #include "InputFile.h"
 #include "LoadedScene.h"
 #include "output/FindingPrinter.h"
-#include "output/JsonLimit.h"
 #include "output/Messages.h"
 #include "output/ResultStream.h"
 #include "output/TreePrinter.h"
+#include "output/ValuesLimit.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/base/WidePath.h>
 #include <vemo/import/archive/ZipFileReader.h>
@@ -182,7 +182,7 @@ void info(const std::string& file, const InfoArguments& options) {
   const Contents contents = load(file);
   const bool isJson = options.json || options.values;
   if (isJson) {
-    requireJsonInProportion(contents.scene, options.values);
+    requireValuesInProportion(contents.scene, options.values);
   }
   ResultStream out;
   if (isJson) {

@@ -55,21 +55,11 @@ Extremes findExtremes(std::span<const T> values) {
 using KnownExtremes = std::unordered_map<vtkDataArray*, Extremes>;
 constexpr std::size_t LARGE = 1024;
 
-/// What the nodes of a graph are printed with.
-struct Printing {
-  JsonWriter& json;
-  JsonPrinter::Values values;
-  NodePaths paths;
-  KnownExtremes extremes;
-  /// The first node of each list of numbers.
-  std::unordered_map<const std::vector<double>*, const Node*> lists;
-};
-
-/// Writes the value of a node's field, whatever its kind.
+/// Writes a field's value, whatever its kind.
 class FieldPrinter {
  public:
-  FieldPrinter(Printing& printing, const Node& node)
-      : _printing(printing), _json(printing.json), _node(node) {}
+  FieldPrinter(JsonWriter& json, JsonPrinter::Values values, NodePaths& paths, KnownExtremes& extremes)
+      : _json(json), _values(values), _paths(paths), _extremes(extremes) {}
 
   template <class T>
   requires std::is_arithmetic_v<T>
@@ -80,15 +70,7 @@ class FieldPrinter {
   void operator()(Vector<N, double>* vector) const {
     _json.values(std::span<const double>(vector->values));
   }
-  void operator()(SharedNumbers* shared) const {
-    const std::vector<double>& numbers = shared->get();
-    const auto [first, isNew] = _printing.lists.emplace(&numbers, &_node);
-    if (isNew || numbers.empty()) {
-      _json.values(std::span<const double>(numbers));
-    } else {
-      printReference(*first->second);
-    }
-  }
+  void operator()(SharedNumbers* numbers) const { _json.values(std::span<const double>(numbers->get())); }
 
   template <class T>
   void operator()(std::optional<T>* optional) const {
@@ -138,9 +120,12 @@ class FieldPrinter {
   void operator()(ReferenceSlot* slot) const {
     if (slot->getNode() == nullptr) {
       _json.null();
-    } else {
-      printReference(*slot->getNode());
+      return;
     }
+    _json.beginObject(JsonWriter::Layout::ONE_LINE);
+    _json.key("reference");
+    _paths.print(_json, *slot->getNode());
+    _json.endObject();
   }
 
   // What a node owns is among its nodes.
@@ -148,13 +133,6 @@ class FieldPrinter {
   void operator()(CollectionNode*) const {}
 
  private:
-  void printReference(const Node& node) const {
-    _json.beginObject(JsonWriter::Layout::ONE_LINE);
-    _json.key("reference");
-    _printing.paths.print(_json, node);
-    _json.endObject();
-  }
-
   void print(vtkDataArray* array) const {
     if (array == nullptr) {
       _json.null();
@@ -174,7 +152,7 @@ class FieldPrinter {
     _json.value(array.GetNumberOfTuples());
     _json.key("range");
     printRange(array, values);
-    if (_printing.values == JsonPrinter::Values::SHOWN) {
+    if (_values == JsonPrinter::Values::SHOWN) {
       _json.key("values");
       _json.values(values);
     }
@@ -197,15 +175,15 @@ class FieldPrinter {
     if (values.size() < LARGE) {
       return findExtremes(values);
     }
-    KnownExtremes& extremes = _printing.extremes;
-    const auto known = extremes.find(&array);
-    return known != extremes.end() ? known->second
-                                   : extremes.emplace(&array, findExtremes(values)).first->second;
+    const auto known = _extremes.find(&array);
+    return known != _extremes.end() ? known->second
+                                    : _extremes.emplace(&array, findExtremes(values)).first->second;
   }
 
-  Printing& _printing;
   JsonWriter& _json;
-  const Node& _node;
+  JsonPrinter::Values _values;
+  NodePaths& _paths;
+  KnownExtremes& _extremes;
 };
 
 bool isOwnedKind(const FieldValue& value) {
@@ -213,9 +191,7 @@ bool isOwnedKind(const FieldValue& value) {
 }
 
 /// All of a node but what it owns.
-void beginNode(Printing& printing, const Node& node) {
-  JsonWriter& json = printing.json;
-  const FieldPrinter printField(printing, node);
+void beginNode(JsonWriter& json, const FieldPrinter& printField, const Node& node) {
   json.beginObject();
   json.key("class");
   json.value(node.className());
@@ -245,8 +221,10 @@ void JsonPrinter::print(const Node& root) {
     std::vector<Node*> dependents;
     std::size_t next = 0;
   };
-  Printing printing{_json, _values, NodePaths(root), {}, {}};
-  beginNode(printing, root);
+  NodePaths paths(root);
+  KnownExtremes extremes;
+  const FieldPrinter printField(_json, _values, paths, extremes);
+  beginNode(_json, printField, root);
   std::vector<Level> levels{{root.getDependents()}};
   while (!levels.empty()) {
     Level& level = levels.back();
@@ -257,7 +235,7 @@ void JsonPrinter::print(const Node& root) {
       continue;
     }
     const Node& node = *level.dependents[level.next++];
-    beginNode(printing, node);
+    beginNode(_json, printField, node);
     levels.push_back({node.getDependents()});
   }
 }

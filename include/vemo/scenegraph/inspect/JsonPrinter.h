@@ -27,11 +27,8 @@ class Node;
 ///   root's path is empty; null stands for a node outside the printed
 ///   graph.
 ///
-/// A list of numbers that nodes share, such as the colours of a map, is printed with the
-/// first of them; the others have a reference to that one in its place.
-///
 /// Needs no stack depth, and no memory except for the nodes from the root to the
-/// one being printed and a few words for each large array and each list.
+/// one being printed and a few words for each large array.
 class VEMO_SCENEGRAPH_EXPORT JsonPrinter {
  public:
   /// Whether arrays of data are printed with their values.
