@@ -2,7 +2,6 @@
 #include "support/Files.h"
 #include "support/OrdinaryUser.h"
 #include "support/TemporaryFolder.h"
-#include "support/WorkingFolder.h"
 
 #include <csignal>
 #include <gmock/gmock.h>

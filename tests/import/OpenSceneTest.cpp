@@ -1,7 +1,6 @@
 #include "SceneFixture.h"
 #include "support/Files.h"
 #include "support/GraphText.h"
-#include "support/WorkingFolder.h"
 #include <vemo/import/OpenScene.h>
 #include <vemo/import/SceneConverter.h>
 #include <vemo/import/SceneFormatHandler.h>
