@@ -24,7 +24,6 @@
 #include <vtkRenderer.h>
 #include <vtkWeakPointer.h>
 
-#include <algorithm>
 #include <optional>
 #include <set>
 #include <utility>
@@ -60,9 +59,7 @@ vtkCollection& ownersOf(vtkRenderer& renderer) {
 }
 
 std::string toLine(const std::string& text) {
-  std::string line = vemo::toPrintable(vemo::replaceBreaks(text, ' '));
-  std::ranges::replace(line, '\n', ' ');
-  return line;
+  return vemo::toPrintableLine(vemo::replaceBreaks(text, ' '));
 }
 
 std::vector<std::string> toLines(const std::vector<Finding>& findings) {
