@@ -7,6 +7,7 @@
 #include "base/NearNames.h"
 #include "output/Messages.h"
 #include "output/ResultStream.h"
+#include <vemo/base/PrintableText.h>
 #include <vemo/base/WidePath.h>
 #include <vemo/import/DetectScene.h>
 
@@ -16,6 +17,7 @@
 #include <fcntl.h>
 #include <set>
 #include <sstream>
+#include <string_view>
 #include <unistd.h>
 
 namespace vemo {
@@ -23,13 +25,11 @@ namespace vemo {
 namespace {
 
 /// The next file to be opened would get the number of a closed standard stream,
-/// and messages would be written into it.
+/// and messages would be written into it. What takes its place cannot be used either.
 void holdStandardStreams() {
-  while (true) {
-    const int file = open("/dev/null", O_RDONLY);
-    if (file < 0 || file > STDERR_FILENO) {
-      close(file);
-      return;
+  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (fcntl(stream, F_GETFD) < 0) {
+      open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
     }
   }
 }
@@ -53,16 +53,13 @@ std::set<std::string> optionsOf(const CLI::App& app) {
 }
 
 /// What is wrong with arguments that the parser does not know, in its words or better ones.
-std::string describeUnknown(CLI::App& app, std::string complaint) {
+std::string describeUnknown(CLI::App& app, const std::string& complaint) {
   const std::vector<std::string> unknown = app.remaining(true);
   const std::string first = unknown.empty() ? std::string() : unknown.front();
-  const std::size_t end = std::min(complaint.find('\n'), complaint.size());
   if (first.starts_with('-')) {
-    complaint.insert(end, suggestNames(first.substr(0, first.find('=')), optionsOf(app)));
-  } else if (app.get_subcommands().empty()) {
-    complaint.replace(0, end, Subcommand::describeUnknown(app, first));
+    return complaint + suggestNames(first.substr(0, first.find('=')), optionsOf(app));
   }
-  return complaint;
+  return app.get_subcommands().empty() ? Subcommand::describeUnknown(app, first) : complaint;
 }
 
 /// Prints the help that was asked for, or what is wrong with the arguments.
@@ -73,8 +70,10 @@ ExitCode answer(CLI::App& app, const CLI::ParseError& error) {
     print(help.str());
     return ExitCode::DONE;
   }
+  // Begins with what is wrong.
+  const std::string advice = complaint.str().substr(std::string_view(error.what()).size());
   const bool isUnknown = dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr;
-  showMessage(isUnknown ? describeUnknown(app, complaint.str()) : complaint.str());
+  showUsage(toPrintableLine(isUnknown ? describeUnknown(app, error.what()) : error.what()) + advice);
   return ExitCode::WRONG_USAGE;
 }
 
@@ -89,7 +88,7 @@ ExitCode parse(int argc, char** argv, Command& command) {
   }
   // The parser's own check would not name an unknown subcommand.
   if (app.get_subcommands().empty()) {
-    showMessage("A command is required\n" + app.help());
+    showUsage("A command is required\n" + app.help());
     return ExitCode::WRONG_USAGE;
   }
   return ExitCode::DONE;

@@ -14,7 +14,7 @@ const OpenedScene& loadScene(const std::string& file) {
   // Never destroyed.
   static auto& scene = *new std::optional<OpenedScene>;
   scene.reset();
-  Progress progress(fmt::format("Reading {}", toPrintable(file)));
+  Progress progress(fmt::format("Reading {}", toPrintableLine(file)));
   return scene.emplace(openScene(toWidePath(readableFile(file)), progress.getReport()));
 }
 

@@ -16,7 +16,7 @@ namespace vemo {
 SceneDatabase::SceneDatabase(const std::string& file) : _database(toWidePath(readableFile(file))) {
   if (detectScene(_database) == SceneKind::ARCHIVE) {
     useOwnTemporaryFolder();
-    Progress progress(fmt::format("Reading {}", toPrintable(file)));
+    Progress progress(fmt::format("Reading {}", toPrintableLine(file)));
     _database = SceneFormatHandler::convertZippedScene(_database, progress.getReport());
   }
 }

@@ -289,6 +289,38 @@ TEST_F(CommandLineTest, DrawsOrReportsMissingOpenGl) {
   EXPECT_EQ(drawn.find("view-adjusted"), drawn.rfind("view-adjusted")) << drawn;
 }
 
+TEST_F(CommandLineTest, SaysThatStandardInputIsClosed) {
+  const int former = dup(STDIN_FILENO);
+  close(STDIN_FILENO);
+  const ProgramResult result = run({"convert", "-", "x.sdb"});
+  dup2(former, STDIN_FILENO);
+  close(former);
+  EXPECT_EQ(result.exitCode, 5);
+  EXPECT_EQ(result.err, "vemoscene: Standard input cannot be read\n");
+}
+
+TEST_F(CommandLineTest, BeginsNoLinesThatNamesHold) {
+  const std::string name = "a\nvemoscene: forged<br>vemoscene: forged";
+  fs::copy(_folder / "scene.zip", _folder / name);
+  fs::copy(_folder / "incomplete.zip", _folder / (name + ".cut"));
+  const std::vector<std::string> commands[] = {{"info", name},
+                                               {"info", name, "scene.zip"},
+                                               {"check", name},
+                                               {"check", name, "scene.zip"},
+                                               {"check", name + ".cut", "scene.zip"},
+                                               {"info", name + ".cut"},
+                                               {"info", name + ".zip"},
+                                               {"convert", name, name + ".sdb", "--verify"},
+                                               {"help", name},
+                                               {name},
+                                               {"check", "scene.zip", "--" + name}};
+  for (const auto& command : commands) {
+    const ProgramResult result = run(command);
+    EXPECT_THAT("\n" + result.out + result.err,
+                testing::AllOf(HasSubstr("forged"), Not(HasSubstr("\nvemoscene: forged"))));
+  }
+}
+
 TEST_F(CommandLineTest, OpensNoWindowWithoutADisplay) {
   unsetenv("DISPLAY");
   unsetenv("QT_QPA_PLATFORM");
@@ -307,6 +339,8 @@ TEST_F(CommandLineTest, ReportsResultsThatCannotBeWritten) {
   const ProgramResult full = run({"info", "scene.zip"}, "/dev/full");
   EXPECT_EQ(full.exitCode, 6);
   EXPECT_THAT(full.err, HasSubstr("standard output"));
+  EXPECT_EQ(run({"info", "scene.zip", "scene.zip"}, "/dev/full").err, full.err)
+      << "one message for all files";
   EXPECT_EQ(run({"--help"}, "/dev/full").exitCode, 6);
   rlimit limit{};
   getrlimit(RLIMIT_FSIZE, &limit);

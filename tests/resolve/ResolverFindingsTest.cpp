@@ -189,15 +189,6 @@ TEST(ResolverFindingsTest, AreAboutTheViewThatIsDrawn) {
 }
 
 /// The view counts as one that shows something: the search would take very long.
-TEST(ResolverFindingsTest, AreNotSearchedForInVeryManyCells) {
-  SceneBuilder scene;
-  std::vector<std::array<float, 3>> points(1001, {-5, 0, 0});
-  points.front() = {5, 0, 0};
-  repeat(scene.add<lum::PointSphereDrawable>(makePolyData(points, {})), {0, 1e-5, 0}, 10'000);
-  lum::setView(scene.node(), lum::Viewpoint{{0, 0, 10}, {0, 0, 0}, {0, 1, 0}, 1.0});
-  EXPECT_THAT(findingsOf(scene), IsEmpty());
-}
-
 TEST(ResolverFindingsTest, SayThatTitlesOfLegendsAreTooLong) {
   for (const std::size_t length : {500U, 501U}) {
     SceneBuilder scene;

@@ -51,6 +51,8 @@ TEST(SceneEditTest, FindsItemsByNameOrPath) {
   for (const auto& [item, found] : cases) {
     EXPECT_EQ(lum::findItems(items.node(), item), found) << item;
   }
+  // Too long to be suggested.
+  items.body.findOrCreate<lum::DrawableCollection>(std::string(300, '-') + "wing");
   const std::pair<const char*, const char*> errors[] = {
       {"Wign", R"(The scene has no item "Wign": did you mean "wing"?)"},
       {"rudders", R"(The scene has no item "rudders": did you mean "rudder"?)"},

@@ -61,15 +61,15 @@ void print(std::ostream& out, const std::string& file, const FindingList& findin
     return;
   }
   for (const Finding& finding : findings) {
-    out << (arguments.files.size() > 1 ? toPrintable(file) + ": " : "") << toPrintable(describe(finding))
-        << '\n';
+    out << (arguments.files.size() > 1 ? toPrintableLine(file) + ": " : "")
+        << toPrintableLine(describe(finding)) << '\n';
   }
-  out << fmt::format("{}: {}\n", toPrintable(file), countBySeverity(findings));
+  out << fmt::format("{}: {}\n", toPrintableLine(file), countBySeverity(findings));
 }
 
 void runCheck(const std::string& file, CheckArguments& arguments) {
   const FindingList findings = [&file] {
-    const Progress progress(fmt::format("Checking {}", toPrintable(file)));
+    const Progress progress(fmt::format("Checking {}", toPrintableLine(file)));
     return checkScene(toWidePath(readableFile(file)));
   }();
   ResultStream out;

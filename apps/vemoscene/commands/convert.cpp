@@ -61,7 +61,7 @@ void convert(const ConvertArguments& arguments, const FileArguments::Paths& path
   if (!arguments.ledger.empty()) {
     prepareLedger(arguments, request);
   }
-  Progress progress(fmt::format("Converting {}", toPrintable(request.file)));
+  Progress progress(fmt::format("Converting {}", toPrintableLine(request.file)));
   request.progress = progress.getReport();
   request.file = readableFile(request.file);
   if (toStandardOutput) {

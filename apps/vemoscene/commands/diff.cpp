@@ -12,7 +12,6 @@
 #include <vemo/scenegraph/io/SDBReader.h>
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <cmath>
 #include <fmt/format.h>
 #include <memory>
@@ -120,10 +119,9 @@ bool printText(std::ostream& out, lum::SDBReader& left, lum::SDBReader& right,
   std::size_t count = 0;
   const auto print = [&](std::size_t record, const lum::Difference& difference) {
     if (++count <= MAX_LINES) {
-      std::string line = toPrintable((hasRecords ? fmt::format("record {}: ", record) : "") +
-                                     lum::describeDifference(difference));
-      std::ranges::replace(line, '\n', ' ');
-      out << line << '\n';
+      out << toPrintableLine((hasRecords ? fmt::format("record {}: ", record) : "") +
+                             lum::describeDifference(difference))
+          << '\n';
     }
     return true;
   };

@@ -129,7 +129,7 @@ void printLog(std::ostream& out, const LogCapture::Log& log) {
   std::int64_t notes = 0;
   for (const Finding& finding : log.findings) {
     if (finding.getSeverity() > Severity::NOTE) {
-      out << "  " << toPrintable(describe(finding)) << '\n';
+      out << "  " << toPrintableLine(describe(finding)) << '\n';
     } else {
       ++notes;
     }
@@ -138,7 +138,7 @@ void printLog(std::ostream& out, const LogCapture::Log& log) {
     out << fmt::format("  {}, which \"check\" lists\n", lum::withNoun(lum::groupDigits(notes), "note"));
   }
   for (const std::string& line : log.lines) {
-    out << "  " << toPrintable(line) << '\n';
+    out << "  " << toPrintableLine(line) << '\n';
   }
 }
 
@@ -151,7 +151,7 @@ void printText(std::ostream& out, const std::string& file, const Contents& conte
   const bool isArchive = scene.kind == SceneKind::ARCHIVE;
   std::error_code ignored;
   const auto size = std::filesystem::file_size(readableFile(file), ignored);
-  out << fmt::format("{}\n{}, {}\n", toPrintable(file), generationOf(scene),
+  out << fmt::format("{}\n{}, {}\n", toPrintableLine(file), generationOf(scene),
                      lum::describeSize(static_cast<double>(size)));
   if (isArchive) {
     printEntries(out, file);
@@ -171,7 +171,7 @@ void printText(std::ostream& out, const std::string& file, const Contents& conte
 
 /// "wing.zip: Scene-graph database, 2 meshes, 30 points, 10 cells, 1 finding".
 void printLine(std::ostream& out, const std::string& file, const Contents& contents) {
-  out << fmt::format("{}: {}", toPrintable(file), generationOf(contents.scene));
+  out << fmt::format("{}: {}", toPrintableLine(file), generationOf(contents.scene));
   for (const OpenedScene::Record& record : contents.scene.records) {
     out << ", " << describeGeometry(*record.node);
   }

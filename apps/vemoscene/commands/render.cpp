@@ -30,7 +30,7 @@ struct RenderArguments {
 
 Picture draw(const RenderArguments& arguments, const std::string& file) {
   const OpenedScene& scene = loadScene(file);
-  const Progress progress(fmt::format("Drawing {}", toPrintable(file)));
+  const Progress progress(fmt::format("Drawing {}", toPrintableLine(file)));
   lum::SceneNode& node = scene.requireSceneNode();
   RenderOptions options = arguments.picture;
   applyChanges(arguments.changes, node, options);

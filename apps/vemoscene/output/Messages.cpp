@@ -86,10 +86,18 @@ void show(const Finding& finding) {
 }  // namespace
 
 void showMessage(std::string_view message) {
-  const std::string text = toPrintable(rename(replaceBreaks(message, '\n')));
-  const std::size_t first = text.find_first_not_of('\n');
+  // Whatever names hold, no further line begins as a message does.
+  std::string text = replaceBreaks(toPrintableLine(rename(std::string(message))), '\n');
+  for (std::size_t at = 0; (at = text.find('\n', at)) != std::string::npos;) {
+    text.insert(++at, "  ");
+  }
+  showUsage(text);
+}
+
+void showUsage(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(" \n");
   if (first != std::string::npos) {
-    const std::size_t last = text.find_last_not_of('\n');
+    const std::size_t last = text.find_last_not_of(" \n");
     writeError(fmt::format("vemoscene: {}\n", text.substr(first, last - first + 1)));
   }
 }

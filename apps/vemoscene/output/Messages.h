@@ -16,8 +16,12 @@
 namespace vemo {
 
 /// Writes a message to standard error, preceded by the program's name.
-/// "<br>" is a line break; an empty message is not written.
+/// "<br>" is a line break, and others are blanks: names may have them. An empty message
+/// is not written.
 void showMessage(std::string_view message);
+
+/// The same for printable lines, such as those of help.
+void showUsage(std::string_view text);
 
 /// Messages have this name instead of that of a file that the user does not know.
 void nameInMessages(const std::string& file, const std::string& name);

@@ -7,16 +7,19 @@
 #include <cstring>
 #include <string>
 #include <unistd.h>
+#include <utility>
 
 namespace vemo {
 
 namespace {
 
 [[noreturn]] void fail(int error) {
-  // A reader that closes the pipe has seen enough: no message.
-  throw Failure(ExitCode::CANNOT_WRITE,
-                error == EPIPE ? std::string()
-                               : std::string("Cannot write to standard output: ") + std::strerror(error));
+  static bool isReported = false;
+  // A reader that closes the pipe has seen enough: no message. For all files, one is enough.
+  const bool isSilent = error == EPIPE || std::exchange(isReported, true);
+  throw Failure(
+      ExitCode::CANNOT_WRITE,
+      isSilent ? std::string() : std::string("Cannot write to standard output: ") + std::strerror(error));
 }
 
 void writeAll(const char* bytes, std::size_t size) {

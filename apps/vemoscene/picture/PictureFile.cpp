@@ -26,7 +26,7 @@ constexpr const FileKind* KINDS[] = {&PNG, &JPEG, &JPEG_OF_FOUR_LETTERS};
 
 const FileKind& parsePictureFormat(const std::string& format) {
   if (format != "png" && format != "jpeg") {
-    throw InvalidValue(fmt::format("\"{}\" is not one of the formats png, jpeg", toPrintable(format)));
+    throw InvalidValue(fmt::format("\"{}\" is not one of the formats png, jpeg", toPrintableLine(format)));
   }
   return format == "png" ? PNG : JPEG;
 }

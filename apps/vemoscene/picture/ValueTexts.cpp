@@ -17,7 +17,7 @@ namespace vemo {
 namespace {
 
 [[noreturn]] void rejectValue(const std::string& text, const std::string& what) {
-  throw InvalidValue(fmt::format("\"{}\" is not {}", toPrintable(text), what));
+  throw InvalidValue(fmt::format("\"{}\" is not {}", toPrintableLine(text), what));
 }
 
 /// All of a text as a finite number; nothing for any other text.

@@ -7,19 +7,20 @@ namespace vemo {
 
 namespace {
 
-bool steersTerminal(wchar_t character) {
+bool isUnprintable(wchar_t character) {
   return character != L'\n' &&
          (character < 0x20 || (character >= 0x7F && character < 0xA0) ||
           (character >= 0xD800 && character < 0xE000) ||
-          // They change the direction of what follows.
-          (character >= 0x202A && character <= 0x202E) || (character >= 0x2066 && character <= 0x2069));
+          // They change the direction of what follows, or end a line.
+          character == 0x061C || character == 0x200E || character == 0x200F ||
+          (character >= 0x2028 && character <= 0x202E) || (character >= 0x2066 && character <= 0x2069));
 }
 
 }  // namespace
 
 std::string toPrintable(std::string_view text) {
   std::wstring characters = toWidePath(text);
-  std::ranges::replace_if(characters, steersTerminal, L'\xFFFD');
+  std::ranges::replace_if(characters, isUnprintable, L'\xFFFD');
   return toNativePath(characters);
 }
 

@@ -7,8 +7,8 @@
 
 namespace vemo {
 
-/// The text with control characters, changes of direction and invalid UTF-8 replaced by
-/// U+FFFD. Line feeds stay.
+/// The text with control characters, changes of direction, separators of lines and
+/// invalid UTF-8 replaced by U+FFFD. Line feeds stay.
 VEMO_BASE_EXPORT std::string toPrintable(std::string_view text);
 
 /// The same in one line: line feeds become blanks.

@@ -60,7 +60,7 @@ void verify(const std::string& output, Compare&& compare) {
     reject(output, first.getText());
   }
   ResultStream out;
-  out << fmt::format("{}: verified, {} read back equal\n", toPrintable(output), describeCounts(counts));
+  out << fmt::format("{}: verified, {} read back equal\n", toPrintableLine(output), describeCounts(counts));
   out.finish();
 }
 

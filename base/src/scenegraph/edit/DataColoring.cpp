@@ -145,7 +145,7 @@ void requireUsable(const Vector2& range, ScaleMode scale) {
 std::string quoted(const std::vector<std::string>& names) {
   std::string text;
   for (const std::string& name : names) {
-    text += (text.empty() ? "\"" : ", \"") + vemo::toPrintable(name) + '"';
+    text += (text.empty() ? "\"" : ", \"") + vemo::toPrintableLine(name) + '"';
   }
   return text;
 }
@@ -274,8 +274,8 @@ void colorByArray(SceneNode& scene, const std::string& array, const std::optiona
   const std::vector<Use> uses = findUses(scene, array);
   if (uses.empty()) {
     const std::vector<std::string> all = listColorArrays(scene);
-    throw EditError(fmt::format("No geometry has an array \"{}\"; the scene has {}", vemo::toPrintable(array),
-                                all.empty() ? "no arrays" : quoted(all)));
+    throw EditError(fmt::format("No geometry has an array \"{}\"; the scene has {}",
+                                vemo::toPrintableLine(array), all.empty() ? "no arrays" : quoted(all)));
   }
   const Colors colors = chooseColors(scene, uses, array);
   if (range) {

@@ -43,11 +43,14 @@ std::vector<Drawable*> findItems(SceneNode& scene, const std::string& item) {
     if (drawable.getName() == item || endsInPath(path, item)) {
       found.push_back(&drawable);
     } else if (drawable.getName() != drawable.className()) {
-      names.insert(isPath ? path : drawable.getName());
+      const std::string& name = isPath ? path : drawable.getName();
+      if (name.size() <= vemo::LONGEST_SUGGESTION) {
+        names.insert(name);
+      }
     }
   });
   if (found.empty()) {
-    throw EditError("The scene has no item \"" + vemo::toPrintable(item) + '"' +
+    throw EditError("The scene has no item \"" + vemo::toPrintableLine(item) + '"' +
                     vemo::suggestNames(item, names));
   }
   return found;

@@ -53,7 +53,7 @@ class Describer {
     return hasName ? (*field.names)[static_cast<std::size_t>(*field.value)] : std::to_string(*field.value);
   }
   std::string operator()(const std::string* text) const {
-    return fmt::format("\"{}\"", vemo::toPrintable(*text));
+    return fmt::format("\"{}\"", vemo::toPrintableLine(*text));
   }
 
   template <std::size_t N>
@@ -86,13 +86,13 @@ class Describer {
         texts.push_back(fmt::format("{} more", groupDigits(std::ssize(*table) - std::ssize(texts))));
         break;
       }
-      texts.push_back(fmt::format("\"{}\" {}", vemo::toPrintable(key), (*this)(&value)));
+      texts.push_back(fmt::format("\"{}\" {}", vemo::toPrintableLine(key), (*this)(&value)));
     }
     return texts.empty() ? std::string() : fmt::format("({})", fmt::join(texts, ", "));
   }
   std::string operator()(const ReferenceSlot* slot) const {
     const Node* const node = slot->getNode();
-    return node == nullptr ? std::string() : fmt::format("-> \"{}\"", vemo::toPrintable(node->getName()));
+    return node == nullptr ? std::string() : fmt::format("-> \"{}\"", vemo::toPrintableLine(node->getName()));
   }
 
   std::string operator()(const vtkSmartPointer<vtkDataArray>*) const { return {}; }

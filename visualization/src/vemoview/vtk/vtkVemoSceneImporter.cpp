@@ -25,7 +25,6 @@
 #include <vtkRenderer.h>
 #include <vtkWeakPointer.h>
 
-#include <algorithm>
 #include <optional>
 #include <set>
 #include <utility>
@@ -61,9 +60,7 @@ vtkCollection& ownersOf(vtkRenderer& renderer) {
 }
 
 std::string toLine(const std::string& text) {
-  std::string line = vemo::toPrintable(vemo::replaceBreaks(text, ' '));
-  std::ranges::replace(line, '\n', ' ');
-  return line;
+  return vemo::toPrintableLine(vemo::replaceBreaks(text, ' '));
 }
 
 std::vector<std::string> toLines(const std::vector<Finding>& findings) {

@@ -42,7 +42,7 @@ std::string resolveFormat(const std::string& format, const std::string& what) {
     return readableText(format, MAX_TEXT_BYTES, what);
   }
   reportFinding(FindingCode::VALUE_IGNORED,
-                what + " ignores the number format \"" + toPrintable(format) + "\", which is invalid");
+                what + " ignores the number format \"" + toPrintableLine(format) + "\", which is invalid");
   return {};
 }
 
@@ -52,7 +52,7 @@ void reportUnsuitableFormat(const LegendDecoration& legend, const std::string& w
   const auto labels = labelsOf(ticks, legend.labelFormat);
   if (areAnyAlike(ticks, labels)) {
     reportFinding(FindingCode::LEGEND_NUMBERS_ALIKE, what + " writes different numbers alike: its format \"" +
-                                                         toPrintable(legend.labelFormat) +
+                                                         toPrintableLine(legend.labelFormat) +
                                                          "\" has too few digits");
   }
   // Digits are about half as wide as a line is high.
