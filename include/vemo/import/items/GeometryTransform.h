@@ -7,6 +7,8 @@
 
 namespace vemo {
 
+class HeldFindings;
+
 /// Rotation about an axis, scaling and translation.
 class VEMO_IMPORT_EXPORT GeometryTransform : public Transform {
  public:
