@@ -9,6 +9,7 @@
 #include <array>
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace vemo {
 
@@ -16,6 +17,8 @@ namespace vemo {
 /// in code; see GeometryItem::read for what an element without them means.
 struct VEMO_IMPORT_EXPORT GeometrySettings {
   static const KeyTable<GeometrySettings> KEYS;
+  /// What the ledger calls those that geometries share, all together. No attribute has such a name.
+  static constexpr std::string_view ALL = "*";
 
   /// Coefficients of 0 to 1, and the exponent of highlights.
   double ambient = 0.0;

@@ -55,8 +55,8 @@ struct SharedBySiblings {
   /// Those of the assembly whose legend is being converted; null when none is.
   const Colormaps* assemblyColormaps = nullptr;
 
-  /// Those that data or legends have been coloured by.
-  std::set<const Colormap*> usedColormaps;
+  /// Those that data or legends have been coloured by, and whether their titles are used.
+  std::map<const Colormap*, bool> usedColormaps;
 
   /// The elements that the transforms of collections, the settings of drawables, and triads, come from. A
   /// later item of the same name may replace them.

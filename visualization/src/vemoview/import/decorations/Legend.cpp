@@ -129,7 +129,7 @@ void Legend::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& 
   _font.applyTo(drawable.getTextAttributes());
   drawable.getTextAttributes().setFontSize(_textHeight);
   colormap->fill(drawable.getColorLookupTable());
-  shared.usedColormaps.insert(colormap);
+  shared.usedColormaps[colormap] |= isBlank(_title);
 }
 
 void Legend::applyTo(lum::LegendAttributes& attributes, const Colormap& colormap) const {

@@ -75,6 +75,15 @@ T& findDrawable(lum::DrawableCollection& collection, bool isHidden) {
   return found != nullptr ? *found : collection.findOrCreate<T>(name);
 }
 
+/// For the ledger.
+void keepReplacedSettings(const SharedBySiblings& shared, const lum::Node& drawable) {
+  if (const auto earlier = shared.origins.find(&drawable); earlier != shared.origins.end()) {
+    const ReadingContext::ItemScope scope(shared.context, GeometrySettings::ALL, earlier->second);
+    const ReadingContext::AttributeScope attribute(shared.context, GeometrySettings::ALL);
+    keepConsequence(shared.context, FindingCode::SETTINGS_REPLACED);
+  }
+}
+
 void markPartsUnused(const QxElement& element) {
   for (const QxElement::Attribute& attribute : element.getAttributes()) {
     element.markUnused(attribute.getName());
@@ -402,6 +411,7 @@ void GeometryItem::addTo(lum::DrawableCollection& collection, bool isHidden, con
     reportReplaced(shared, drawable, FindingCode::SETTINGS_REPLACED,
                    "The settings of the geometry \"" + getName() +
                        "\" are replaced by those of a later geometry with the same name and type");
+    keepReplacedSettings(shared, drawable);
   }
   if (isShared && hasSettingsOfOthers(drawable)) {
     report(shared.context, FindingCode::SETTINGS_REPLACED,

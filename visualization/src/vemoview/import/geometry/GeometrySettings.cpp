@@ -12,7 +12,8 @@ const KeyTable<Settings> Settings::KEYS({
                                       "their opacity, whatever that of the faces")
         .onlyFor({GeometryItem::SURFACE, GeometryItem::LINES}),
     key::always<&Settings::faceColor>("faceColor", "of faces; alpha is their opacity")
-        .onlyFor({GeometryItem::SURFACE}),
+        .onlyFor({GeometryItem::SURFACE})
+        .own(),
     key::always<&Settings::lineWidth>(
         "lineWidth", "of lines, edges and the contour, in pixels; 0 and less are drawn as 1"),
     key::always<&Settings::showEdges>("showEdges", "draws the edges of a surface's cells")
@@ -22,7 +23,8 @@ const KeyTable<Settings> Settings::KEYS({
     key::always<&Settings::smoothShading>(
         "smoothShading",
         "shades all of a surface evenly over its points, sharp edges too, or flat by its cells")
-        .onlyFor({GeometryItem::SURFACE}),
+        .onlyFor({GeometryItem::SURFACE})
+        .own(),
     key::always<&Settings::contour>("contour", "draws the border of a surface and its sharp edges")
         .onlyFor({GeometryItem::SURFACE}),
     key::always<&Settings::ambient>("ambient", "how bright it is without light, 0 to 1"),

@@ -34,6 +34,8 @@ struct KeyDescription {
   /// A value that cannot be read is ignored, with a finding, whatever the others of its
   /// table do.
   bool isIgnoredIfBad = false;
+  /// Items that share the others of their table have this one of their own.
+  bool isOwn = false;
   /// A scene graph cannot hold the value, and loses nothing without it.
   bool isWithoutEffect = false;
   /// Colours: nothing is as translucent as the alpha says.

@@ -6,6 +6,7 @@
 #include "vemoview/import/reading/ValueReader.h"
 #include <vemo/import/reading/Readable.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <initializer_list>
 #include <string>
@@ -38,6 +39,10 @@ struct Key : KeyDescription {
     return std::move(*this);
   }
   /// The new generation cannot hold the value, and loses nothing without it.
+  Key own() && {
+    isOwn = true;
+    return std::move(*this);
+  }
   Key withoutEffect() && {
     isWithoutEffect = true;
     return std::move(*this);
@@ -181,6 +186,11 @@ class KeyTable {
     checkVersion(element, reader);
     item.Base::read(element, reader);
     read(item, element, reader);
+  }
+
+  /// Whether it is a key that items may share.
+  bool isShared(std::string_view name) const {
+    return std::ranges::any_of(_keys, [&](const Key<Item>& key) { return key.name == name && !key.isOwn; });
   }
 
   OnBadValue getOnBadValue() const { return _onBadValue; }

@@ -64,6 +64,14 @@ void markUnneededName(const QxElement& assembly) {
   }
 }
 
+/// For the ledger: the legend that shows the colormap may have a title of its own.
+void keepUnusedTitle(const Colormap& colormap, bool isTitleUsed, ReadingContext* context) {
+  if (!isTitleUsed && !colormap.getTitle().empty()) {
+    const ReadingContext::AttributeScope scope(context, "title");
+    keepConsequence(context, FindingCode::ATTRIBUTE_WITHOUT_EFFECT);
+  }
+}
+
 }  // namespace
 
 AssemblyItem::AssemblyItem(std::string name) : GraphicsItem(std::move(name)) {}
@@ -236,7 +244,7 @@ void AssemblyItem::convertExtras(SharedBySiblings& shared, lum::DrawableCollecti
     convertLegend(shared, level);
   }
   if (applyColormap(target) && !isOuterColormap) {
-    shared.usedColormaps.insert(getActiveColormap());
+    shared.usedColormaps[getActiveColormap()] = true;
     shared.colormapOrigins[&target] = getActiveColormap()->getPlace();
   }
   if (!_isIncomplete) {
@@ -266,10 +274,11 @@ bool AssemblyItem::applyColormap(lum::Node& target) const {
 
 void AssemblyItem::reportUnusedColormaps(const SharedBySiblings& shared) const {
   for (const auto& [name, colormap] : _colormaps.getAll()) {
-    if (shared.usedColormaps.contains(colormap.get())) {
+    const ReadingContext::ItemScope scope(shared.context, colormap->getPathName(), colormap->getPlace());
+    if (const auto used = shared.usedColormaps.find(colormap.get()); used != shared.usedColormaps.end()) {
+      keepUnusedTitle(*colormap, used->second, shared.context);
       continue;
     }
-    const ReadingContext::ItemScope scope(shared.context, colormap->getPathName(), colormap->getPlace());
     const bool mayLackData = _lacksData && colormap.get() == shared.colormap;
     if (mayLackData) {
       keepConsequence(shared.context, FindingCode::COLORMAP_UNUSED);

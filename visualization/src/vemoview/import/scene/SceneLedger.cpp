@@ -1,6 +1,8 @@
 #include "vemoview/import/reading/DescriptionWalk.h"
+#include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/import/SceneLedger.h>
+#include <vemo/import/geometry/GeometrySettings.h>
 #include <vemo/import/xml/QxElement.h>
 
 #include <algorithm>
@@ -76,6 +78,7 @@ class DescriptionLedger {
       ofParts = isAboutWhole(code) ? std::max(ofParts, outcomeOf(code)) : ofParts;
     }
     _inherited.push_back(ofParts);
+    addReplacedSettings(element, found);
     LedgerRow row{{}, place.path, element.getName(), element.getLine(), {}, {}, {}, {}};
     const std::set<std::string_view> parts =
         found.ofAttributes.empty() ? std::set<std::string_view>() : partsOf(element);
@@ -100,6 +103,19 @@ class DescriptionLedger {
   }
 
  private:
+  /// What holds for all settings that geometries share holds for each that is stated and used.
+  static void addReplacedSettings(const QxElement& element, ElementFindings& found) {
+    const auto ofAll = found.ofAttributes.extract(GeometrySettings::ALL);
+    if (ofAll.empty()) {
+      return;
+    }
+    for (const QxElement::Attribute& attribute : element.getAttributes()) {
+      if (!attribute.isUnused() && GeometrySettings::KEYS.isShared(attribute.getName())) {
+        found.ofAttributes[attribute.getName()].push_back(ofAll.mapped().front());
+      }
+    }
+  }
+
   /// What findings about attributes may name.
   static std::set<std::string_view> partsOf(const QxElement& element) {
     std::set<std::string_view> parts;
