@@ -169,8 +169,9 @@ TEST(SharedDrawingTest, MergesNoLargeMeshThatIsShared) {
 }
 
 /// Triangles in one place that look different: none can be drawn together with others.
-void addTriangles(SceneBuilder& scene, vtkPolyData* triangle, int count) {
+void addTriangles(SceneBuilder& scene, int count) {
   for (int i = 0; i < count; ++i) {
+    const auto triangle = makePolyData(flat({0, 0, 1, 0, 0, 1}), {.polys = {{0, 1, 2}}});
     auto& surface = scene.addSurface(triangle, {1, 0, 0});
     edgesOf(surface).setMeshVisible(true, false);
     linesOf(surface).setLineWidth(1 + 0.001 * i);
@@ -179,10 +180,9 @@ void addTriangles(SceneBuilder& scene, vtkPolyData* triangle, int count) {
 
 TEST(SharedDrawingTest, LimitsThePropsInProportionToTheScene) {
   SceneBuilder scene;
-  const auto triangle = makePolyData(flat({0, 0, 1, 0, 0, 1}), {.polys = {{0, 1, 2}}});
-  addTriangles(scene, triangle, 500);
+  addTriangles(scene, 500);
   EXPECT_NO_THROW(requireDrawable(resolveScene(scene.node())));
-  addTriangles(scene, triangle, 20000);
+  addTriangles(scene, 20000);
   try {
     requireDrawable(resolveScene(scene.node()));
     FAIL() << "it is drawn";

@@ -123,6 +123,40 @@ TEST_F(ImporterTest, GivesActorsWithNamesArraysAndColors) {
   EXPECT_THAT(importer->GetOutputsDescription(), HasSubstr("pressure"));
 }
 
+TEST_F(ImporterTest, GivesItemsInAGroupTheirPaths) {
+  auto& group = scene.collectionIn(scene.drawables());
+  group.setName("g");
+  for (const char* const name : {"a", "b"}) {
+    const auto mesh = make<lum::PolyDataNode>();
+    mesh->setPolyData(makeRectangle(0, 1, 0, 1));
+    group.findOrCreate<lum::SurfaceDrawable>(name).addNode(*mesh);
+  }
+  import();
+  ASSERT_TRUE(importer->GetSucceeded());
+  EXPECT_EQ(importer->GetItemPath(importer->FindItem("a")), "ModelCanvas/DrawableCollection/g/a");
+  EXPECT_EQ(importer->GetItemPath(importer->FindItem("g/b")), "ModelCanvas/DrawableCollection/g/b");
+}
+
+TEST_F(ImporterTest, RefusesPropsOutOfProportionToTheScene) {
+  std::vector<lum::SurfaceDrawable*> many;
+  for (int i = 0; i < 3000; ++i) {
+    many.push_back(&scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 0, 0}));
+    many.back()->getBaseAttributes().setVisibility(false, false);
+  }
+  import();
+  ASSERT_TRUE(importer->GetSucceeded()) << importer->GetErrorText();
+  EXPECT_EQ(importer->GetNumberOfItems(), 1) << "hidden ones are left out";
+  ASSERT_EQ(importer->GetNumberOfFindings(), 1);
+  EXPECT_THAT(importer->GetFinding(0), HasSubstr("Hidden items are left out. The scene is too large"));
+  for (lum::SurfaceDrawable* const surface : many) {
+    surface->getBaseAttributes().setVisibility(true, false);
+  }
+  import();
+  EXPECT_FALSE(importer->GetSucceeded());
+  EXPECT_THAT(importer->GetErrorText(), HasSubstr("The scene is too large to be drawn"));
+  EXPECT_EQ(importer->GetNumberOfItems(), 1) << "what was imported before stays";
+}
+
 TEST_F(ImporterTest, KeepsWhatIsHidden) {
   import();
   vtkActor& hidden = *actorOf(*importer, 1);

@@ -31,13 +31,15 @@ class VEMO_SCENEGRAPH_EXPORT NodePaths {
   /// Nothing for a node that the root does not own.
   std::optional<std::string> getPath(const Node& node);
 
+  /// The last step of the path of a node that has an owner.
+  std::string getStep(const Node& node);
+
   /// The node whose path would be this one if the start were the root; null when there
   /// is none.
   const Node* find(const Node& start, std::string_view path);
 
  private:
   std::optional<std::vector<const Node*>> getSteps(const Node& node) const;
-  std::string getStep(const Node& node);
   const Node* findDependent(const Node& owner, std::string_view step);
   void numberDependents(const Node& owner);
 

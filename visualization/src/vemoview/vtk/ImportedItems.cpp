@@ -29,8 +29,8 @@ std::optional<std::size_t> ImportedItems::find(const vtkProp* prop) const {
 std::optional<std::size_t> ImportedItems::find(const std::string& nameOrPath) const {
   auto found = std::ranges::find(_items, nameOrPath, &ImportedItem::name);
   if (found == _items.end()) {
-    found = std::ranges::find_if(_items, [part = "/" + nameOrPath + "/"](const ImportedItem& item) {
-      return ("/" + item.path + "/").find(part) != std::string::npos;
+    found = std::ranges::find_if(_items, [this, part = "/" + nameOrPath + "/"](const ImportedItem& item) {
+      return ("/" + getPath(item) + "/").find(part) != std::string::npos;
     });
   }
   return found == _items.end() ? std::nullopt : std::optional<std::size_t>(found - _items.begin());

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "vemoview/render/vtk/PropGroup.h"
+#include "vemoview/vtk/ItemPaths.h"
 
 #include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace vemo {
@@ -14,8 +16,8 @@ namespace vemo {
 /// An item of a scene, and the props that draw it.
 struct ImportedItem {
   std::string name;
-  /// Of its node, as JsonPrinter.h describes.
-  std::string path;
+  /// Its number.
+  std::size_t path = ItemPaths::ROOT;
   bool isVisible = true;
   std::vector<std::unique_ptr<PropGroup>> groups;
 
@@ -25,10 +27,16 @@ struct ImportedItem {
 /// The items of a scene that have props.
 class ImportedItems {
  public:
+  ImportedItems() = default;
+  explicit ImportedItems(ItemPaths paths) : _paths(std::move(paths)) {}
+
   std::size_t size() const { return _items.size(); }
   ImportedItem& operator[](std::size_t index) { return _items[index]; }
 
   void add(ImportedItem item);
+
+  /// Of its node.
+  std::string getPath(const ImportedItem& item) const { return _paths.get(item.path); }
 
   std::optional<std::size_t> find(const vtkProp* prop) const;
 
@@ -39,6 +47,7 @@ class ImportedItems {
   void showVisible();
 
  private:
+  ItemPaths _paths;
   std::vector<ImportedItem> _items;
   std::unordered_map<const vtkProp*, std::size_t> _indices;
 };

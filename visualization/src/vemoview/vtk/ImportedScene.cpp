@@ -2,6 +2,7 @@
 
 #include "vemoview/render/decorations/Decorations.h"
 #include "vemoview/render/draw/Background.h"
+#include "vemoview/render/draw/PropBudget.h"
 #include "vemoview/render/vtk/CanvasRenderer.h"
 #include "vemoview/render/vtk/Screen.h"
 #include "vemoview/render/vtk/View.h"
@@ -29,6 +30,10 @@ namespace {
 
 using Role = ResolvedCanvas::Role;
 
+void reportLeftOut(const SceneTooLarge& error) {
+  reportFinding(FindingCode::SCENE_NOT_DRAWN, std::string("Hidden items are left out. ") + error.what());
+}
+
 /// What the canvases show besides; nothing if it is too large.
 std::vector<CanvasUpdate> resolveHidden(SceneResolver& resolver, std::size_t canvases) {
   std::vector<CanvasUpdate> result(canvases);
@@ -37,9 +42,23 @@ std::vector<CanvasUpdate> resolveHidden(SceneResolver& resolver, std::size_t can
       result[i] = resolver.resolveHidden(i);
     }
   } catch (const SceneTooLarge& error) {
-    reportFinding(FindingCode::SCENE_NOT_DRAWN, std::string("Hidden items are left out. ") + error.what());
+    reportLeftOut(error);
   }
   return result;
+}
+
+/// Whether a budget suffices for it.
+bool hasRoomFor(const std::vector<CanvasUpdate>& hidden, const std::vector<std::size_t>& clipPlanes,
+                PropBudget budget) {
+  try {
+    for (std::size_t i = 0; i < hidden.size(); ++i) {
+      budget.addKept(hidden[i].meshes, clipPlanes[i]);
+    }
+  } catch (const SceneTooLarge& error) {
+    reportLeftOut(error);
+    return false;
+  }
+  return true;
 }
 
 vtkSmartPointer<vtkCamera> cameraFor(vtkRenderer& renderer) {
@@ -88,11 +107,16 @@ void ImportedScene::addItems(const lum::SceneNode& scene, const std::vector<Canv
                              const ProgressReport& progress) {
   CanvasCameras cameras;
   std::size_t meshes = 0;
+  PropBudget budget(Drawn::ONCE);
+  std::vector<std::size_t> clipPlanes;
   for (std::size_t i = 0; i < hidden.size(); ++i) {
     const auto& own = _canvases[i].ownRenderer;
     cameras.emplace_back(own != nullptr ? own->GetActiveCamera() : _camera.Get());
     meshes += _canvases[i].content.meshes.size() + hidden[i].meshes.size();
+    clipPlanes.push_back(_canvases[i].content.clipPlanes.size());
+    budget.addKept(_canvases[i].content.meshes, clipPlanes.back());
   }
+  const bool hasHidden = hasRoomFor(hidden, clipPlanes, std::move(budget));
   ProgressMeter meter(progress);
   meter.startPhase(1.0, meshes);
   ItemBuilder builder(scene, meter);
@@ -102,8 +126,10 @@ void ImportedScene::addItems(const lum::SceneNode& scene, const std::vector<Canv
     auto resources = makeResources(canvas, own != nullptr ? *own : *_renderer);
     builder.add(std::exchange(canvas.meshes, {}), true, resources);
     builder.add(std::exchange(canvas.decorations, {}), true, resources, cameras);
-    builder.add(hidden[i].meshes, false, resources);
-    builder.add(hidden[i].decorations, false, resources, cameras);
+    if (hasHidden) {
+      builder.add(hidden[i].meshes, false, resources);
+      builder.add(hidden[i].decorations, false, resources, cameras);
+    }
   }
   _items = builder.finish();
 }

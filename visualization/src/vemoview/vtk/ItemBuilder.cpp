@@ -12,6 +12,7 @@
 #include <vtkProp.h>
 
 #include <utility>
+#include <vector>
 
 namespace vemo {
 
@@ -25,10 +26,25 @@ void setName(vtkProp& prop, const std::string& name) {
 
 }  // namespace
 
+/// Adds those of the nodes above it first.
+std::size_t ItemBuilder::addPath(const lum::Node& node) {
+  std::vector<const lum::Node*> added;
+  const lum::Node* above = &node;
+  for (; above != &_scene && !_pathsOfNodes.contains(above); above = above->getOwner()) {
+    added.push_back(above);
+  }
+  std::size_t path = above == &_scene ? ItemPaths::ROOT : _pathsOfNodes.at(above);
+  for (; !added.empty(); added.pop_back()) {
+    path = _paths.add(path, _nodePaths.getStep(*added.back()));
+    _pathsOfNodes.emplace(added.back(), path);
+  }
+  return path;
+}
+
 PropGroup& ItemBuilder::addGroup(const lum::Drawable& drawable, bool isVisible, vtkRenderer& renderer) {
   const auto [place, isNew] = _indices.try_emplace(&drawable, _items.size());
   if (isNew) {
-    _items.push_back({itemNameOf(drawable), _paths.getPath(drawable).value_or(""), isVisible, {}});
+    _items.push_back({itemNameOf(drawable), addPath(drawable), isVisible, {}});
   }
   auto& groups = _items[place->second].groups;
   groups.push_back(std::make_unique<PropGroup>(renderer));
@@ -54,7 +70,7 @@ void ItemBuilder::add(const std::vector<Decoration>& decorations, bool areVisibl
 }
 
 ImportedItems ItemBuilder::finish() {
-  ImportedItems result;
+  ImportedItems result(std::move(_paths));
   for (ImportedItem& item : _items) {
     for (const auto& group : item.groups) {
       group->forEachProp([&](vtkProp& prop) { setName(prop, item.name); });

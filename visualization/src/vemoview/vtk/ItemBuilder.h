@@ -17,7 +17,8 @@ namespace vemo {
 class ItemBuilder {
  public:
   /// The scene and the meter must outlive it. Advances the meter by one for each mesh.
-  ItemBuilder(const lum::SceneNode& scene, ProgressMeter& meter) : _paths(scene), _meter(meter) {}
+  ItemBuilder(const lum::SceneNode& scene, ProgressMeter& meter)
+      : _scene(scene), _nodePaths(scene), _meter(meter) {}
 
   /// Of a canvas. The items are visible in the scene, or not.
   void add(const std::vector<MeshInstance>& meshes, bool areVisible, CanvasResources& resources);
@@ -29,8 +30,14 @@ class ItemBuilder {
  private:
   PropGroup& addGroup(const lum::Drawable& drawable, bool isVisible, vtkRenderer& renderer);
 
-  lum::NodePaths _paths;
+  std::size_t addPath(const lum::Node& node);
+
+  const lum::SceneNode& _scene;
+  lum::NodePaths _nodePaths;
   ProgressMeter& _meter;
+  ItemPaths _paths;
+  /// Of the items' nodes, and of those above them.
+  std::unordered_map<const lum::Node*, std::size_t> _pathsOfNodes;
   std::vector<ImportedItem> _items;
   std::unordered_map<const lum::Drawable*, std::size_t> _indices;
 };

@@ -193,7 +193,7 @@ std::string vtkVemoSceneImporter::GetItemName(vtkIdType item) {
 
 std::string vtkVemoSceneImporter::GetItemPath(vtkIdType item) {
   const ImportedItem* const found = Data->getItem(item);
-  return found != nullptr ? found->path : std::string();
+  return found != nullptr ? Data->getShown()->getItems().getPath(*found) : std::string();
 }
 
 vtkIdType vtkVemoSceneImporter::FindItemOfProp(vtkProp* prop) {

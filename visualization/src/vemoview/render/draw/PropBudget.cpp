@@ -7,6 +7,7 @@
 #include <vemo/render/RequireDrawable.h>
 #include <vemo/resolve/ClipPlane.h>
 #include <vemo/resolve/SceneTooLarge.h>
+#include <vemo/scenegraph/drawables/Drawable.h>
 #include <vemo/scenegraph/drawables/PolyDataNode.h>
 
 #include <vtkCellArray.h>
@@ -76,7 +77,7 @@ void PropBudget::addContent(const MeshInstance& mesh) {
       _content += bytesOf(*array);
     }
   };
-  ++_meshes;
+  _meshes += _geometries.insert(mesh.geometry).second ? Limits::MESH : Limits::SHARED_MESH;
   _content += Limits::ITEM;
   add(mesh.node->getPoints());
   for (const CellKindTraits& kind : CELL_KINDS) {
@@ -124,8 +125,7 @@ PropBudget::Cost PropBudget::costOf(const std::vector<MeshInstance>& batch, std:
 /// What its meshes leave of what drawing may take.
 std::uint64_t PropBudget::mostOfProps() const {
   const std::uint64_t all = Limits::ALL + Limits::ALL_PER_BYTE * _content;
-  const std::uint64_t used = Limits::MESH * _meshes;
-  return std::max(all - std::min(all, used), Limits::LEAST);
+  return std::max(all - std::min(all, _meshes), Limits::LEAST);
 }
 
 std::uint64_t PropBudget::mostOfKept() const {
@@ -172,13 +172,14 @@ void PropBudget::addKept(const std::vector<MeshInstance>& meshes, std::size_t cl
   std::ranges::for_each(meshes, [this](const MeshInstance& mesh) { addContent(mesh); });
   for (const MeshInstance& mesh : meshes) {
     Cost cost = costOfProps(mesh, false, clipPlanes);
-    _kept += cost.bytes;
+    const std::uint64_t props = countProps(drawnAppearance(mesh.appearance)) * countInstances(mesh);
+    _kept += cost.bytes + itemNameOf(*mesh.drawable).size() * props;
     if (cost.look) {
       _looks.insert(std::move(*cost.look));
     }
   }
-  if (_kept > mostOfProps()) {
-    failTooLarge(_kept, mostOfProps(), meshes.size(), meshes.back());
+  if (_kept > mostOfKept()) {
+    failTooLarge(_kept, mostOfKept(), meshes.size(), meshes.back());
   }
 }
 

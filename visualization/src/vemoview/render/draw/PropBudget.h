@@ -34,6 +34,8 @@ struct PropLimits {
   static constexpr std::uint64_t ITEM = 250;
   /// What a mesh takes before it is drawn: its nodes, its poly data and its place in a batch.
   static constexpr std::uint64_t MESH = 9'000;
+  /// One with the poly data of another.
+  static constexpr std::uint64_t SHARED_MESH = 3'000;
 
   /// What all of this may take in any scene, and for each byte that it has. Of this, what OpenGL needs
   /// for any picture.
@@ -60,7 +62,8 @@ class VEMO_RENDER_EXPORT PropBudget {
   /// those before, are out of proportion to the scene; the budget is of no use then.
   std::vector<bool> add(const Batches& batches, std::size_t clipPlanes);
 
-  /// Of meshes that are not merged, all of whose props are kept. Throws SceneTooLarge as add().
+  /// Of meshes that are not merged, all of whose props are kept, each with its item's name. Throws
+  /// SceneTooLarge as add().
   void addKept(const std::vector<MeshInstance>& meshes, std::size_t clipPlanes);
 
  private:
@@ -82,10 +85,13 @@ class VEMO_RENDER_EXPORT PropBudget {
 
   Drawn _drawn;
   std::uint64_t _content = 0;
+  /// What they take before they are drawn.
   std::uint64_t _meshes = 0;
   std::uint64_t _kept = 0;
   std::uint64_t _transient = 0;
   std::unordered_set<const void*> _arrays;
+  /// Kept, so that no other has the address of one.
+  std::set<vtkSmartPointer<vtkPolyData>> _geometries;
   std::set<Look> _looks;
 };
 

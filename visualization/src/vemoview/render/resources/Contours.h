@@ -1,5 +1,7 @@
 #pragma once
 
+#include "vemoview/render/resources/Expiry.h"
+
 #include <vtkPolyData.h>
 #include <vtkSmartPointer.h>
 #include <vtkWeakPointer.h>
@@ -20,6 +22,7 @@ class Contours {
   };
 
   std::map<const vtkPolyData*, Contour> _known;
+  Expiry _expiry;
 };
 
 }  // namespace vemo

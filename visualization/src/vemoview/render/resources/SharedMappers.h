@@ -1,5 +1,6 @@
 #pragma once
 
+#include "vemoview/render/resources/Expiry.h"
 #include <vemo/resolve/Appearance.h>
 #include <vemo/resolve/MeshInstance.h>
 
@@ -36,6 +37,7 @@ class SharedMappers {
   /// The one that some actor has, or what make() returns.
   template <class Make>
   vtkSmartPointer<vtkPolyDataMapper> get(const MapperKey& key, const Make& make) {
+    _expiry.drop(_mappers, [](const auto& mapper) { return mapper == nullptr; });
     // A mapper that exists keeps its geometry, so that no other has the same address.
     vtkWeakPointer<vtkPolyDataMapper>& known = _mappers[key];
     vtkSmartPointer<vtkPolyDataMapper> mapper = known.Get();
@@ -48,6 +50,7 @@ class SharedMappers {
 
  private:
   std::map<MapperKey, vtkWeakPointer<vtkPolyDataMapper>> _mappers;
+  Expiry _expiry;
 };
 
 }  // namespace vemo
