@@ -138,19 +138,17 @@ TEST_F(ImporterTest, GivesItemsInAGroupTheirPaths) {
 }
 
 TEST_F(ImporterTest, RefusesPropsOutOfProportionToTheScene) {
-  std::vector<lum::SurfaceDrawable*> many;
-  for (int i = 0; i < 3000; ++i) {
-    many.push_back(&scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 0, 0}));
-    many.back()->getBaseAttributes().setVisibility(false, false);
-  }
+  // Each prop has the name.
+  auto& many = scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 0, 0});
+  many.setName(std::string(150'000, 'n'));
+  repeat(many, {0.001, 0, 0}, 10'000);
+  many.getBaseAttributes().setVisibility(false, false);
   import();
   ASSERT_TRUE(importer->GetSucceeded()) << importer->GetErrorText();
   EXPECT_EQ(importer->GetNumberOfItems(), 1) << "hidden ones are left out";
   ASSERT_EQ(importer->GetNumberOfFindings(), 1);
   EXPECT_THAT(importer->GetFinding(0), HasSubstr("Hidden items are left out. The scene is too large"));
-  for (lum::SurfaceDrawable* const surface : many) {
-    surface->getBaseAttributes().setVisibility(true, false);
-  }
+  many.getBaseAttributes().setVisibility(true, false);
   import();
   EXPECT_FALSE(importer->GetSucceeded());
   EXPECT_THAT(importer->GetErrorText(), HasSubstr("The scene is too large to be drawn"));

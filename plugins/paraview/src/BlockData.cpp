@@ -3,7 +3,9 @@
 #include "FieldDataWriter.h"
 #include "geometry/drawing/DrawableCells.h"
 #include "scenegraph/coloring/ColoringScalars.h"
+#include "vemoview/common/VtkForms.h"
 #include "vemoview/resolve/mesh/AppearanceResolver.h"
+#include <vemo/scenegraph/coloring/ColorTable.h>
 
 #include <vtkCellData.h>
 #include <vtkFieldData.h>
@@ -23,6 +25,11 @@
 #include <utility>
 
 namespace vemo {
+
+struct BlockColors {
+  UsableColorTables tables;
+  VtkColors forms;
+};
 
 namespace {
 
@@ -141,6 +148,10 @@ vtkSmartPointer<vtkPolyData> transformed(vtkPolyData& data, const InstanceTransf
 }
 
 }  // namespace
+
+std::shared_ptr<BlockColors> makeBlockColors() {
+  return std::make_shared<BlockColors>();
+}
 
 std::vector<vtkSmartPointer<vtkPolyData>> makeBlockData(const SceneBlock& block, BlockColors& colors,
                                                         bool withColors) {

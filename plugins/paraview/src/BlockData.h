@@ -1,11 +1,10 @@
 #pragma once
 
 #include "SceneBlocks.h"
-#include "vemoview/common/VtkForms.h"
-#include <vemo/scenegraph/coloring/ColorTable.h>
 
 #include <vtkSmartPointer.h>
 
+#include <memory>
 #include <vector>
 
 class vtkPolyData;
@@ -13,10 +12,8 @@ class vtkPolyData;
 namespace vemo {
 
 /// The colours of a data set's blocks. Blocks may share lists of very many colours: each is made once.
-struct BlockColors {
-  UsableColorTables tables;
-  VtkColors forms;
-};
+struct BlockColors;
+std::shared_ptr<BlockColors> makeBlockColors();
 
 /// The geometry of a block, once for each of its instances. Field data say how the scene shows it.
 /// Arrays are shared with the scene and between instances where these are equal.

@@ -189,13 +189,13 @@ std::vector<vemo::Finding> vtkVemoSceneReader::ReadShare(int piece, int pieces,
       this->FileName, [&places](std::size_t part) { return places.contains(part); },
       vemo::partOf([this](double fraction) { return this->ReportProgress(fraction); }, 0.0, READ));
   std::size_t done = 0;
-  vemo::BlockColors colors;
+  const auto colors = vemo::makeBlockColors();
   for (const vemo::SceneBlock& block : loaded.blocks) {
     const auto place = places.find(block.part);
     if (place == places.end()) {
       continue;
     }
-    vemo::putBlock(block, colors, this->SceneColors, place->second, output);
+    vemo::putBlock(block, *colors, this->SceneColors, place->second, output);
     if (!this->ReportProgress(READ + (1.0 - READ) * static_cast<double>(++done) /
                                          static_cast<double>(places.size()))) {
       throw vemo::Cancelled();

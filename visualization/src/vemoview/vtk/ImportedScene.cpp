@@ -107,7 +107,7 @@ void ImportedScene::addItems(const lum::SceneNode& scene, const std::vector<Canv
                              const ProgressReport& progress) {
   CanvasCameras cameras;
   std::size_t meshes = 0;
-  PropBudget budget(Drawn::ONCE);
+  PropBudget budget(Drawn::OFTEN);
   std::vector<std::size_t> clipPlanes;
   for (std::size_t i = 0; i < hidden.size(); ++i) {
     const auto& own = _canvases[i].ownRenderer;

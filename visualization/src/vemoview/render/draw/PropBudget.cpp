@@ -122,18 +122,18 @@ PropBudget::Cost PropBudget::costOf(const std::vector<MeshInstance>& batch, std:
   return cost;
 }
 
-/// What its meshes leave of what drawing may take.
-std::uint64_t PropBudget::mostOfProps() const {
+/// Of what drawing may take.
+std::uint64_t PropBudget::leftByMeshes() const {
   const std::uint64_t all = Limits::ALL + Limits::ALL_PER_BYTE * _content;
-  return std::max(all - std::min(all, _meshes), Limits::LEAST);
+  return all - std::min(all, _meshes);
 }
 
 std::uint64_t PropBudget::mostOfKept() const {
   if (_drawn == Drawn::OFTEN) {
     return Limits::WINDOW + Limits::WINDOW_PER_BYTE * _content;
   }
-  const std::uint64_t most = mostOfProps() - std::min(mostOfProps(), Limits::OPENGL + _transient);
-  return std::max(most, Limits::LEAST / 2);
+  const std::uint64_t left = leftByMeshes();
+  return std::max(left - std::min(left, Limits::OPENGL + _transient), Limits::LEAST_KEPT);
 }
 
 bool PropBudget::keep(const std::vector<MeshInstance>& batch, std::size_t clipPlanes) {
@@ -162,8 +162,9 @@ std::vector<bool> PropBudget::add(const Batches& batches, std::size_t clipPlanes
       }
     }
   }
-  if (_transient > mostOfProps()) {
-    failTooLarge(_transient, mostOfProps(), batches.size(), batches.back().front());
+  const std::uint64_t most = std::max(leftByMeshes(), Limits::LEAST_TRANSIENT);
+  if (_transient > most) {
+    failTooLarge(_transient, most, batches.size(), batches.back().front());
   }
   return kept;
 }

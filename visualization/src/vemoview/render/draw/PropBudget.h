@@ -42,10 +42,12 @@ struct PropLimits {
   static constexpr std::uint64_t ALL = 64U << 20U;
   static constexpr std::uint64_t ALL_PER_BYTE = 10;
   static constexpr std::uint64_t OPENGL = 24U << 20U;
-  /// What props may take if the meshes have used that up.
-  static constexpr std::uint64_t LEAST = 16U << 20U;
+  /// What transient batches, and props that are kept, may take if the meshes have used that up: scenes of
+  /// many thousand small parts are drawn.
+  static constexpr std::uint64_t LEAST_TRANSIENT = 64U << 20U;
+  static constexpr std::uint64_t LEAST_KEPT = 8U << 20U;
 
-  /// What props may take that a window keeps, for speed.
+  /// What props may take that a window keeps, for speed, or a VTK program, which has no others.
   static constexpr std::uint64_t WINDOW = 1U << 30U;
   static constexpr std::uint64_t WINDOW_PER_BYTE = 8;
 };
@@ -79,7 +81,7 @@ class VEMO_RENDER_EXPORT PropBudget {
   void addContent(const MeshInstance& mesh);
   Cost costOf(const std::vector<MeshInstance>& batch, std::size_t clipPlanes) const;
   Cost costOfProps(const MeshInstance& mesh, bool isMerged, std::size_t clipPlanes) const;
-  std::uint64_t mostOfProps() const;
+  std::uint64_t leftByMeshes() const;
   std::uint64_t mostOfKept() const;
   bool keep(const std::vector<MeshInstance>& batch, std::size_t clipPlanes);
 
