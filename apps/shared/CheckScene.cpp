@@ -84,6 +84,7 @@ std::set<std::size_t> checkArrays(lum::SDBReader& reader, DamageList& damage) {
 /// hide others.
 void checkDatabase(lum::SDBReader& reader, FindingList& findings) {
   DamageList damage(findings);
+  bool isSceneMissing = true;
   const std::set<std::size_t> damagedArrays = checkArrays(reader, damage);
   for (std::size_t i = 0; i < reader.getRecords().size(); ++i) {
     const lum::SDBReader::CheckedRecord record = reader.checkRecord(i, damagedArrays);
@@ -92,9 +93,15 @@ void checkDatabase(lum::SDBReader& reader, FindingList& findings) {
     }
     if (auto* const scene = dynamic_cast<lum::SceneNode*>(record.node.getObject())) {
       checkDrawing(*scene, findings);
+      isSceneMissing = false;
     }
+    // A damaged one may have been a scene.
+    isSceneMissing = isSceneMissing && record.node;
   }
   damage.finish();
+  if (isSceneMissing) {
+    findings.push_back({FindingCode::SCENE_NOT_DRAWN, "The database holds no scene"});
+  }
 }
 
 FindingList checkDatabase(const std::wstring& path) {

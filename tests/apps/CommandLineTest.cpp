@@ -2,8 +2,10 @@
 #include "support/ArchiveBuilder.h"
 #include "support/Databases.h"
 #include "support/Expected.h"
+#include "support/Nodes.h"
 #include "support/OrdinaryUser.h"
 #include "support/SceneXml.h"
+#include <vemo/scenegraph/drawables/DrawableCollection.h>
 #include <vemo/scenegraph/io/SDBReader.h>
 
 #include <chrono>
@@ -251,6 +253,13 @@ TEST_F(CommandLineTest, PrintsNoValuesOutOfProportion) {
   }
   write("colors.zip", "<colormap name='m' max='1'>" + colors + "</colormap>", 400);
   expectRefusal("--json", "colors.zip");
+}
+
+TEST_F(CommandLineTest, ReportsThatADatabaseHoldsNoScene) {
+  const auto group = make<lum::DrawableCollection>();
+  ASSERT_TRUE(isSuccess(writeDatabase(_folder / "group.sdb", *group)));
+  EXPECT_THAT(run({"check", "group.sdb"}).out,
+              HasSubstr("lost: The database holds no scene (scene-not-drawn)"));
 }
 
 TEST_F(CommandLineTest, ConvertsToStandardOutput) {

@@ -69,7 +69,7 @@
   KIND(REFERENCE_LOST, LOST, "A reference to a node outside the written scene is not written.") \
   KIND(REPEATS_LIMITED, LOST, "There are too many repeats: only the first ones are shown.") \
   KIND(ROOT_UNKNOWN, CHANGED, "The root element is not called `scene`, but is read as if it were.") \
-  KIND(SCENE_NOT_DRAWN, LOST, "A scene is too large to be drawn, or a canvas that shows something is outside the window or has no size.") \
+  KIND(SCENE_NOT_DRAWN, LOST, "A scene is too large to be drawn, a canvas that shows something is outside the window or has no size, or a database holds no scene.") \
   KIND(SETTINGS_REPLACED, CHANGED, "Geometries with the same name and type share a drawable, but state different settings for it.") \
   KIND(STREAM_INVALID, LOST, "A scene stream, or an array that belongs to one, cannot be read.") \
   KIND(TEXT_CHANGED, CHANGED, "A text is too long and is cut off or drawn smaller, is not valid UTF-8, or has control characters: they are drawn as the characters of Windows-1252 in their places, or not at all.") \
