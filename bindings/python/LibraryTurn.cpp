@@ -3,11 +3,11 @@
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <memory>
 #include <mutex>
 #include <stdexcept>
 #include <thread>
 #include <utility>
-#include <vector>
 
 namespace vemo::python {
 
@@ -24,22 +24,21 @@ class Turns {
 
   bool isMine() const { return _holder == std::this_thread::get_id(); }
 
-  void take() {
+  /// Returns whether the thread has the turn.
+  bool take() {
     _turn.lock();
     if (isOver()) {
       _turn.unlock();
-      sleep();
+      return false;
     }
     _holder = std::this_thread::get_id();
+    return true;
   }
 
   void end() {
     _holder = std::thread::id();
     _turn.unlock();
     releaseAll();
-    if (isOver()) {
-      sleep();
-    }
   }
 
   /// Whether another thread ends the interpreter: this one still has its turns, such as in Python's own
@@ -68,30 +67,22 @@ class Turns {
     return _left.wait_for(lock, time, [this] { return _stays == 0; });
   }
 
-  /// What another thread that is about to leave its turn may hold, too.
-  void holdForFork(bool isTurnTaken) {
-    _waitingMutex.lock();
-    _isTakenForFork = isTurnTaken;
-  }
-
-  /// Returns whether the turn was taken for the fork.
-  bool letGoAfterFork() {
-    _waitingMutex.unlock();
-    return std::exchange(_isTakenForFork, false);
-  }
+  void noteTakenForFork() { _isTakenForFork = true; }
+  bool wasTakenForFork() { return std::exchange(_isTakenForFork, false); }
 
   /// The other threads have not been copied.
   void stayAlone() { _stays = 1; }
 
   void add(lum::PtrBase object) {
-    const std::lock_guard lock(_waitingMutex);
-    _waiting.push_back(std::move(object));
+    auto* const added = new Waiting{std::move(object), _waiting};
+    while (!_waiting.compare_exchange_weak(added->next, added)) {
+    }
   }
 
   /// Unless somebody has the turn, who does it afterwards.
   void releaseAll() {
-    while (isAnyWaiting() && !isMine() && _turn.try_lock()) {
-      takeWaiting().clear();
+    while (_waiting != nullptr && !isMine() && _turn.try_lock()) {
+      release(_waiting.exchange(nullptr));
       _turn.unlock();
     }
   }
@@ -99,28 +90,22 @@ class Turns {
  private:
   Turns() = default;
 
-  /// Until the process ends.
-  [[noreturn]] void sleep() {
-    leave();
-    while (true) {
-      std::this_thread::sleep_for(std::chrono::hours(1));
+  struct Waiting {
+    lum::PtrBase object;
+    Waiting* next;
+  };
+
+  static void release(Waiting* first) {
+    while (first != nullptr) {
+      const std::unique_ptr<Waiting> released(first);
+      first = released->next;
     }
-  }
-
-  bool isAnyWaiting() {
-    const std::lock_guard lock(_waitingMutex);
-    return !_waiting.empty();
-  }
-
-  std::vector<lum::PtrBase> takeWaiting() {
-    const std::lock_guard lock(_waitingMutex);
-    return std::exchange(_waiting, {});
   }
 
   std::mutex _turn;
   std::atomic<std::thread::id> _holder;
-  std::mutex _waitingMutex;
-  std::vector<lum::PtrBase> _waiting;
+  /// Without a lock, which a thread that is not copied by a fork might have.
+  std::atomic<Waiting*> _waiting = nullptr;
 
   bool _isTakenForFork = false;
 
@@ -132,6 +117,9 @@ class Turns {
 
 /// Comes before the interpreter lock is released.
 void requireOutsideTurn() {
+  if (areTurnsEnding()) {
+    throw TurnsEnded();
+  }
   if (Turns::getSingleton().isMine()) {
     throw std::runtime_error(
         "vemoscene cannot be called from a progress callback or an observer of the importer");
@@ -149,7 +137,9 @@ LibraryTurn::Stay::~Stay() {
 }
 
 LibraryTurn::LibraryTurn() : _released((requireOutsideTurn(), false)) {
-  Turns::getSingleton().take();
+  if (!Turns::getSingleton().take()) {
+    throw TurnsEnded();
+  }
 }
 
 LibraryTurn::~LibraryTurn() {
@@ -180,18 +170,21 @@ bool areTurnsEnding() {
 
 void holdTurn() {
   Turns& turns = Turns::getSingleton();
-  const bool isOwn = turns.isMine();
-  if (!isOwn) {
-    turns.enter();
-    const pybind11::gil_scoped_release released;
-    turns.take();
+  if (turns.isMine()) {
+    return;
   }
-  turns.holdForFork(!isOwn);
+  turns.enter();
+  bool isTaken = false;
+  {
+    const pybind11::gil_scoped_release released;
+    isTaken = turns.take();
+  }
+  isTaken ? turns.noteTakenForFork() : turns.leave();
 }
 
 void letGoTurn() {
   Turns& turns = Turns::getSingleton();
-  if (turns.letGoAfterFork()) {
+  if (turns.wasTakenForFork()) {
     turns.end();
     turns.leave();
   }

@@ -11,14 +11,14 @@ namespace vemo::python {
 /// released meanwhile, and not held while waiting for the turn, so that the thread that
 /// has it can always get the interpreter lock.
 ///
-/// Once the interpreter ends, a (daemon) thread must not ask for its lock: Python would end the thread in
-/// the middle of C++ code, and with it the process. See endTurns().
+/// Once the interpreter ends, a (daemon) thread must not ask for its lock in a turn: Python would end the
+/// thread in the middle of C++ code, and with it the process. See endTurns().
 ///
 /// Graphs that Python holds do not change, so reading them takes no turn.
 class LibraryTurn {
  public:
   /// Throws std::runtime_error in a function that the thread's own turn calls, such as
-  /// a progress callback or an observer of the importer.
+  /// a progress callback or an observer of the importer, and TurnsEnded.
   LibraryTurn();
   ~LibraryTurn();
   LibraryTurn(const LibraryTurn&) = delete;
@@ -37,11 +37,14 @@ class LibraryTurn {
   pybind11::gil_scoped_release _released;
 };
 
-/// For the end of the interpreter: lets no thread begin another turn, has running work cancelled, and waits
-/// until no thread is in a turn. Threads that end one, or want one, then sleep until the process ends.
+/// There are no turns any more, since Python ends. SystemExit for the thread, which ends it silently.
+struct TurnsEnded {};
+
+/// For the end of the interpreter: lets no other thread begin a turn, has running work cancelled, and waits
+/// until no thread is in one.
 void endTurns();
 
-/// Whether running work is to be cancelled.
+/// Whether running work is to be cancelled, and the thread to end.
 bool areTurnsEnding();
 
 /// Around a fork, which copies only the thread that forks: it holds the turn meanwhile, so that the copy

@@ -56,6 +56,9 @@ auto runInTurn(const WorkFiles& files, pybind11::object progress, Work&& work) {
       return result;
     } catch (const Cancelled&) {
       bridge.throwRaised();
+      if (areTurnsEnding()) {
+        throw TurnsEnded();
+      }
       throw;
     }
   });

@@ -238,21 +238,22 @@ TEST_F(CommandLineTest, PrintsNoValuesOutOfProportion) {
         .floats("d", std::vector<float>(100'000))
         .write(_folder / file);
   };
-  const auto expectRefusal = [this](const char* option, const char* file) {
+  const auto expectRefusal = [this](const char* option, const char* file, const char* cause) {
     const ProgramResult refused = run({"info", option, file});
     EXPECT_EQ(refused.exitCode, 5) << file;
     EXPECT_EQ(refused.out, "");
-    EXPECT_THAT(refused.err, HasSubstr("out of proportion"));
+    EXPECT_THAT(refused.err, HasSubstr(cause));
   };
   write("shared.zip", "", 400);
   EXPECT_EQ(run({"info", "--json", "shared.zip"}).exitCode, 0);
-  expectRefusal("--values", "shared.zip");
+  expectRefusal("--values", "shared.zip", "share arrays");
   std::string colors;
   for (int i = 0; i < 100'000; ++i) {
     colors += "<rgba>ff0000ff</rgba>";
   }
   write("colors.zip", "<colormap name='m' max='1'>" + colors + "</colormap>", 400);
-  expectRefusal("--json", "colors.zip");
+  expectRefusal("--json", "colors.zip", "share lists of colours");
+  expectRefusal("--values", "colors.zip", "share lists of colours");
 }
 
 TEST_F(CommandLineTest, ReportsThatADatabaseHoldsNoScene) {

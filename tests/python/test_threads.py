@@ -170,7 +170,9 @@ def test_signals_interrupt_work_without_a_callback(large_archive: pathlib.Path, 
 
 
 WORK_WITHOUT_END = """
-import sys, threading
+import atexit, sys, threading
+workers = []
+atexit.register(lambda: [worker.join() for worker in workers])
 import vemoscene, vemoscene.vtk
 
 def import_items(path):
@@ -184,8 +186,9 @@ def run():
         works.release()
 
 works = threading.Semaphore(0)
-for _ in range(3):
-    threading.Thread(target=run, daemon=True).start()
+workers += [threading.Thread(target=run, daemon=True) for _ in range(3)]
+for worker in workers:
+    worker.start()
 works.acquire()
 """
 
@@ -233,6 +236,10 @@ def test_forks_do_not_wait_for_threads_that_they_lack() -> None:
             is_over.set()
         for thread in working:
             thread.result()
+    # As the functions of other modules may do.
+    held = [vemoscene.open(path)]
+    os.register_at_fork(before=held.clear)
+    assert run_in_fork(lambda: vemoscene.check(path)) and not held
     forks = []
     vemoscene.open(path, lambda fraction: forks.append(run_in_fork(lambda: None)))
     assert forks and all(forks)

@@ -71,9 +71,7 @@ class SharedBytes {
   std::uint64_t _printed = 0;
 };
 
-}  // namespace
-
-void requireValuesInProportion(const OpenedScene& scene, bool withArrays) {
+bool areInProportion(const OpenedScene& scene, bool withArrays) {
   SharedBytes bytes(withArrays);
   for (const OpenedScene::Record& record : scene.records) {
     lum::forEachNode(*record.node, [&bytes](lum::Node& node) {
@@ -82,13 +80,20 @@ void requireValuesInProportion(const OpenedScene& scene, bool withArrays) {
       }
     });
   }
-  if (!bytes.isInProportion()) {
+  return bytes.isInProportion();
+}
+
+}  // namespace
+
+void requireValuesInProportion(const OpenedScene& scene, bool withArrays) {
+  if (!areInProportion(scene, false)) {
     throw Failure(ExitCode::READ_ERROR,
-                  withArrays
-                      ? "Its nodes share arrays: the values of all nodes are out of proportion to the "
-                        "file; --json prints everything else"
-                      : "Its nodes share lists of colours: those of all nodes are out of proportion to "
-                        "the file");
+                  "Its nodes share lists of colours: those of all nodes are out of proportion to the file");
+  }
+  if (withArrays && !areInProportion(scene, true)) {
+    throw Failure(ExitCode::READ_ERROR,
+                  "Its nodes share arrays: the values of all nodes are out of proportion to the file; --json "
+                  "prints everything else");
   }
 }
 

@@ -49,7 +49,7 @@ struct SharedBySiblings {
   /// precedence over inner ones. Null when there is none.
   const Colormap* colormap = nullptr;
 
-  /// The name of the assembly that this colormap is of; null when there is none.
+  /// The name of the assembly that this colormap is of, while there is one.
   const std::string* coloringAssembly = nullptr;
 
   /// Those of the assembly whose legend is being converted; null when none is.

@@ -105,12 +105,13 @@ void SceneRenderer::State::update() {
   std::vector<CanvasUpdate> updates;
   std::vector<CanvasLayer::PlannedBatches> added;
   PropBudget afterwards = budget;
+  updates.reserve(layers.size());
   try {
     for (std::size_t i = 0; i < layers.size(); ++i) {
       CanvasUpdate& update = updates.emplace_back(resolver.update(i));
       added.push_back(layers[i]->plan(std::exchange(update.meshes, {}), afterwards));
     }
-  } catch (const SceneTooLarge&) {
+  } catch (...) {
     for (std::size_t i = 0; i < updates.size(); ++i) {
       resolver.takeBack(i);
     }

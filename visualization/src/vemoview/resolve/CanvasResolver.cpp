@@ -201,7 +201,12 @@ CanvasUpdate CanvasResolver::resolve(const std::vector<VisibleDrawable>& drawabl
   }
   result.meshes = _meshes.resolve(added);
   _former = {{}, _decorations.getTaken(), _model};
-  result.decorations = _decorations.resolve(added, visibleNow);
+  try {
+    result.decorations = _decorations.resolve(added, visibleNow);
+  } catch (...) {
+    takeBack();
+    throw;
+  }
   for (const VisibleDrawable& each : added) {
     if (_resolved.insert(each.drawable).second) {
       _former.added.push_back(each.drawable);

@@ -127,6 +127,17 @@ struct vtkVemoSceneImporter::State {
     std::shared_ptr<ImportedScene> scene;
   };
   std::unique_ptr<Update> update;
+
+  /// An exception ends the update.
+  template <class Step>
+  void duringUpdate(Step&& step) {
+    try {
+      step();
+    } catch (...) {
+      update.reset();
+      throw;
+    }
+  }
   std::weak_ptr<ImportedScene> shown;
   vtkWeakPointer<vtkRenderer> renderer;
   vtkWeakPointer<vtkObject> owner;
@@ -352,29 +363,29 @@ void vtkVemoSceneImporter::TryPrepare() {
 
 void vtkVemoSceneImporter::ImportActors(vtkRenderer* /*renderer*/) {
   if (IsImporting()) {
-    Data->give(*Data->update->renderer, Data->update->scene);
+    Data->duringUpdate([&] { Data->give(*Data->update->renderer, Data->update->scene); });
   }
   // The window's first renderer may have been a layer of what was there before.
   if (IsImporting()) {
-    Data->update->scene->show();
+    Data->duringUpdate([&] { Data->update->scene->show(); });
   }
 }
 
 void vtkVemoSceneImporter::ImportCameras(vtkRenderer* /*renderer*/) {
   if (IsImporting()) {
-    Data->update->scene->setCamera(Data->usesCamera);
+    Data->duringUpdate([&] { Data->update->scene->setCamera(Data->usesCamera); });
   }
 }
 
 void vtkVemoSceneImporter::ImportLights(vtkRenderer* /*renderer*/) {
   if (IsImporting()) {
-    Data->update->scene->addLights();
+    Data->duringUpdate([&] { Data->update->scene->addLights(); });
   }
 }
 
 void vtkVemoSceneImporter::ImportProperties(vtkRenderer* /*renderer*/) {
   if (IsImporting()) {
-    Data->update->scene->setProperties();
+    Data->duringUpdate([&] { Data->update->scene->setProperties(); });
   }
 }
 

@@ -3,6 +3,7 @@
 #include "vemoview/import/reading/ReadingContext.h"
 
 #include <algorithm>
+#include <new>
 
 namespace vemo {
 
@@ -14,7 +15,16 @@ HeldFindings::HeldFindings(ReadingContext* context, Names names) : _context(cont
 }
 
 HeldFindings::~HeldFindings() {
-  stop();
+  if (std::uncaught_exceptions() == _exceptions) {
+    stop();
+    return;
+  }
+  try {
+    release();
+  } catch (const std::bad_alloc&) {
+    // The other exception is reported.
+    stop();
+  }
 }
 
 void HeldFindings::stop() {
@@ -48,7 +58,7 @@ std::string HeldFindings::describe(Names names, const std::string& consequence,
     return otherwise;
   }
   const std::string text = cause->second.text + ", and " + consequence;
-  _held.erase(cause);
+  std::erase_if(_held, [&](const auto& held) { return std::ranges::find(names, held.first) != names.end(); });
   return text;
 }
 

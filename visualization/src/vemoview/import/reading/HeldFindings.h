@@ -3,6 +3,7 @@
 #include <vemo/scenegraph/Finding.h>
 
 #include <cstddef>
+#include <exception>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -14,8 +15,8 @@ namespace vemo {
 class ReadingContext;
 
 /// Holds back what is found about the values of some attributes and vectors of the item being read, if they
-/// cannot be read: one fault is one finding, and what follows from it may be worse. What is neither released
-/// nor described in time is dropped.
+/// cannot be read: one fault is one finding, and what it leads to may be more severe than the fault itself.
+/// What is neither released nor described in time is dropped, unless an exception ends the reading.
 class HeldFindings {
  public:
   using Names = std::initializer_list<std::string_view>;
@@ -26,8 +27,8 @@ class HeldFindings {
   HeldFindings(const HeldFindings&) = delete;
   HeldFindings& operator=(const HeldFindings&) = delete;
 
-  /// The text of a finding about what follows from one of these values, such as "the item is hidden". It
-  /// begins with what is wrong with the value, which is then no finding of its own.
+  /// The text of a finding about what follows from these values, such as "the item is hidden". It begins with
+  /// what is wrong with the first of them; all of them are then no findings of their own.
   /// @param otherwise the text if all of them could be read
   std::string describe(Names names, const std::string& consequence, const std::string& otherwise = {});
 
@@ -50,6 +51,7 @@ class HeldFindings {
   void stop();
 
   ReadingContext* _context;
+  int _exceptions = std::uncaught_exceptions();
   HeldFindings* _outer = nullptr;
   /// How many items are being read.
   std::size_t _depth = 0;

@@ -37,10 +37,10 @@ struct PropLimits {
   /// One with the poly data of another.
   static constexpr std::uint64_t SHARED_MESH = 3'000;
 
-  /// What all of this may take in any scene, and for each byte that it has. Of this, what OpenGL needs
-  /// for any picture.
+  /// What meshes and props may take together in any scene, and for each byte that it has.
   static constexpr std::uint64_t ALL = 64U << 20U;
   static constexpr std::uint64_t ALL_PER_BYTE = 10;
+  /// What OpenGL needs of this for any picture.
   static constexpr std::uint64_t OPENGL = 24U << 20U;
   /// What transient batches, and props that are kept, may take if the meshes have used that up: scenes of
   /// many thousand small parts are drawn.
