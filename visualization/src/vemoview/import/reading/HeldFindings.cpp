@@ -58,7 +58,7 @@ std::string HeldFindings::describe(Names names, const std::string& consequence,
     return otherwise;
   }
   const std::string text = cause->second.text + ", and " + consequence;
-  std::erase_if(_held, [&](const auto& held) { return std::ranges::find(names, held.first) != names.end(); });
+  _held.erase(cause);
   return text;
 }
 

@@ -27,8 +27,9 @@ class HeldFindings {
   HeldFindings(const HeldFindings&) = delete;
   HeldFindings& operator=(const HeldFindings&) = delete;
 
-  /// The text of a finding about what follows from these values, such as "the item is hidden". It begins with
-  /// what is wrong with the first of them; all of them are then no findings of their own.
+  /// The text of a finding about what follows from one of these values, such as "the item is hidden". It
+  /// begins with what is wrong with the value, which is then no finding of its own. Further ones that cannot
+  /// be read are faults of their own.
   /// @param otherwise the text if all of them could be read
   std::string describe(Names names, const std::string& consequence, const std::string& otherwise = {});
 
