@@ -5,7 +5,6 @@
 #include <vtkRendererCollection.h>
 
 #include <algorithm>
-#include <ranges>
 
 namespace vemo {
 
@@ -41,8 +40,8 @@ SurroundingLayers::~SurroundingLayers() {
   if (_window == nullptr) {
     return;
   }
-  for (const auto& renderer : std::views::reverse(_renderers)) {
-    remove(*renderer);
+  for (auto renderer = _renderers.rbegin(); renderer != _renderers.rend(); ++renderer) {
+    remove(**renderer);
   }
 }
 
