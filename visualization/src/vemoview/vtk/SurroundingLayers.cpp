@@ -40,8 +40,8 @@ SurroundingLayers::~SurroundingLayers() {
   if (_window == nullptr) {
     return;
   }
-  for (auto renderer = _renderers.rbegin(); renderer != _renderers.rend(); ++renderer) {
-    remove(**renderer);
+  for (; !_renderers.empty(); _renderers.pop_back()) {
+    remove(*_renderers.back());
   }
 }
 
