@@ -8,8 +8,8 @@
 
 namespace lum::io {
 
-/// What a host is told of a file that the system does not open, by its error number: NotFound if there
-/// is no such file, else ReadError.
+/// The status of a file that the system does not open, from its error number: NotFound without such a
+/// file, else ReadError.
 VEMO_SCENEGRAPH_EXPORT FileIoStatus openingStatus(int error);
 
 /// A file or stream that cannot be read or written. The text explains the

@@ -16,7 +16,7 @@ class Batch {
  public:
   /// Of meshes that can be merged; at least one. Shows nothing yet. The
   /// resources must outlive it.
-  /// @param keepsProps whether its props exist as long as it shows the same
+  /// @param keepsProps whether its props stay until it shows something else
   Batch(std::vector<MeshInstance> meshes, bool keepsProps, CanvasResources& resources);
 
   void showAll(double pixelScale);
