@@ -38,11 +38,11 @@ struct Key : KeyDescription {
     whyNotAllowed = reason;
     return std::move(*this);
   }
-  /// The new generation cannot hold the value, and loses nothing without it.
   Key own() && {
     isOwn = true;
     return std::move(*this);
   }
+  /// The new generation cannot hold the value, and loses nothing without it.
   Key withoutEffect() && {
     isWithoutEffect = true;
     return std::move(*this);
