@@ -123,7 +123,7 @@ class ReflexCorners {
     Box box{{INFINITE, INFINITE}, {-INFINITE, -INFINITE}, begin, end};
     for (std::size_t i = begin; i < end; ++i) {
       const Place& place = at(_corners[i]);
-      for (const std::size_t axis : {0, 1}) {
+      for (std::size_t axis = 0; axis < 2; ++axis) {
         box.low[axis] = std::min(box.low[axis], place[axis]);
         box.high[axis] = std::max(box.high[axis], place[axis]);
       }
