@@ -29,8 +29,8 @@ bool isConverted(const std::wstring& archive, const SceneAudit& audit) {
   SceneConverter converter(archive, output);
   converter.setWriteFailureObserver(
       [](const std::string& cause) { require(false, "Not written: " + cause); });
-  converter.setObserver([&audit](lum::SceneNode& written) {
-    requireEqual(written, *lum::SDBReader(output).readNode(0), "The database has another scene");
+  converter.setVerifier([&audit](lum::SceneNode& written, const std::wstring& file) {
+    requireEqual(written, *lum::SDBReader(file).readNode(0), "The database has another scene");
     require(audit.getSceneNode() != nullptr, "The check has no scene");
     requireEqual(written, *audit.getSceneNode(), "The check has another scene");
   });

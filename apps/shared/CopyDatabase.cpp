@@ -4,16 +4,19 @@
 #include <vemo/scenegraph/Node.h>
 #include <vemo/scenegraph/Ptr.h>
 #include <vemo/scenegraph/io/SDBReader.h>
-#include <vemo/scenegraph/io/SDBWriter.h>
+
+#include <utility>
 
 namespace vemo {
 
-void copyDatabase(const std::wstring& path, const std::wstring& output, const ProgressReport& progress) {
+void copyDatabase(const std::wstring& path, const std::wstring& output, const ProgressReport& progress,
+                  lum::SDBWriter::Verifier verifier) {
   using lum::io::FileIoStatus;
   lum::SDBReader reader(path);
   reader.setProgress(progress);
   lum::SDBWriter writer;
   bool isWritten = writer.open(output, false, false) == FileIoStatus::Success;
+  writer.setVerifier(std::move(verifier));
   for (std::size_t i = 0; isWritten && i < reader.getRecords().size(); ++i) {
     const lum::SDBReader::Record& record = reader.getRecords()[i];
     // Checks all of it, its arrays too.

@@ -86,8 +86,11 @@ py::tuple convert(const std::string& source, const std::string& target, const py
   return toTuple(runInTurn({source, target}, progress, [&](const ProgressReport& report) {
     std::vector<Finding> findings;
     const FindingCapture capture(findings);
-    const auto write = detectScene(toWidePath(source)) == SceneKind::ARCHIVE ? convertArchive : copyDatabase;
-    write(toWidePath(source), toWidePath(target), report);
+    if (detectScene(toWidePath(source)) == SceneKind::ARCHIVE) {
+      convertArchive(toWidePath(source), toWidePath(target), report);
+    } else {
+      copyDatabase(toWidePath(source), toWidePath(target), report, nullptr);
+    }
     return findings;
   }));
 }

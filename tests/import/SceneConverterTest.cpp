@@ -5,6 +5,7 @@
 #include "support/FoundFindings.h"
 #include "support/GraphText.h"
 #include "support/Nodes.h"
+#include <vemo/import/Exception.h>
 #include <vemo/import/OpenScene.h>
 #include <vemo/import/SceneAudit.h>
 #include <vemo/import/SceneConverter.h>
@@ -74,6 +75,18 @@ TEST_F(SceneConverterTest, WritesOneRecordWithTheConvertedScene) {
   EXPECT_EQ(lum::SDBReader(wide(output())).getRecords().size(), 1U);
   expectAsInFile(graphText(node), "converted-scene.txt");
   expectAsInFile(graphText(*openScene(archivePath()).records.at(0).node), "converted-scene.txt");
+}
+
+TEST_F(SceneConverterTest, LeavesTheOutputAloneWhenTheVerifierRefuses) {
+  run(sceneXml("", "name='former'"));
+  write(sceneXml("", "name='new'"));
+  SceneConverter converter(archivePath(), wide(output()));
+  converter.setVerifier([](lum::SceneNode& written, const std::wstring& file) {
+    EXPECT_EQ(firstDifference(written, *readDatabase(file)), "");
+    throw IOException("refused");
+  });
+  EXPECT_THROW(converter.run(), IOException);
+  EXPECT_EQ(lum::SDBReader(wide(output())).readNode(0)->getName(), "former");
 }
 
 TEST_F(SceneConverterTest, LogsWhatItDoes) {

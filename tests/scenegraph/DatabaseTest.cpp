@@ -55,6 +55,31 @@ TEST(DatabaseTest, HoldsRecordsAndAppends) {
   }
 }
 
+TEST(DatabaseTest, ReplacesAFileOnlyIfTheNewOneIsVerified) {
+  const TemporaryFolder folder;
+  const auto path = wide(folder / "a.sdb");
+  ASSERT_EQ(writeDatabase(folder / "a.sdb", *make<lum::Plane>("former")), FileIoStatus::Success);
+  const auto nameIn = [](const std::wstring& file) { return lum::SDBReader(file).readNode(0)->getName(); };
+  const auto write = [&](const SDBWriter::Verifier& verifier) {
+    SDBWriter writer;
+    int number = 0;
+    ASSERT_EQ(writer.open(path, false, false), FileIoStatus::Success);
+    writer.setVerifier(verifier);
+    ASSERT_EQ(writer.addRecord("", "", "", *make<lum::Plane>("new"), number), FileIoStatus::Success);
+    ASSERT_EQ(writer.close(), FileIoStatus::Success);
+  };
+  const auto refuse = [&](const std::wstring& temporary) {
+    EXPECT_EQ(nameIn(temporary), "new");
+    EXPECT_EQ(nameIn(path), "former");
+    throw std::runtime_error("refused");
+  };
+  EXPECT_THROW(write(refuse), std::runtime_error);
+  EXPECT_EQ(nameIn(path), "former");
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 1);
+  write([](const std::wstring&) {});
+  EXPECT_EQ(nameIn(path), "new");
+}
+
 TEST(DatabaseTest, RefusesGeometryThatDoesNotFitAndGraphsTooDeep) {
   const TemporaryFolder folder;
   const auto node = make<lum::PolyDataNode>("wing");

@@ -82,7 +82,7 @@ void addConvertCommand(CLI::App& app, Command& command) {
   convertApp->add_flag("--force", arguments->force, "Also replace files of other kinds");
   convertApp->add_flag("--verify", request.verify,
                        "Read OUT back, compare it with what was to be written, and print what was compared; "
-                       "exit with 6 and remove OUT if they differ");
+                       "exit with 6 and leave OUT alone if they differ");
   convertApp->add_option("--ledger", arguments->ledger)
       ->option_text("FILE")
       ->description("Write what became of each element, attribute and entry of an archive, as JSON lines");

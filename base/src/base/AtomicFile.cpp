@@ -98,6 +98,7 @@ class AtomicFile::Temporary {
   /// Why it is not open.
   int getError() const { return _error; }
   int getDescriptor() const { return _file; }
+  const std::filesystem::path& getPath() const { return _path; }
 
   /// These return 0, or an error number.
   int close() { return ::close(std::exchange(_file, -1)) == 0 ? 0 : errno; }
@@ -208,6 +209,10 @@ void AtomicFile::write(const void* data, std::size_t size, std::uint64_t positio
     size -= static_cast<std::size_t>(done);
     position += static_cast<std::uint64_t>(done);
   }
+}
+
+const std::filesystem::path& AtomicFile::getTemporaryPath() const {
+  return _temporary->getPath();
 }
 
 void AtomicFile::commit() {

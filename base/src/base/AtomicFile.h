@@ -42,6 +42,9 @@ class VEMO_BASE_EXPORT AtomicFile {
   /// Writes at a position, which may lie beyond the end.
   void write(const void* data, std::size_t size, std::uint64_t position);
 
+  /// Where the bytes are until `commit`.
+  const std::filesystem::path& getTemporaryPath() const;
+
   /// Must be called at most once; nothing can be written afterwards.
   void commit();
 

@@ -39,14 +39,15 @@ class VEMO_IMPORT_EXPORT SceneConverter {
   void setProgress(ProgressReport report);
 
   /// Called at the end of `run` with the cause if the output could not be written.
-  /// Exceptions from this and the other observers are passed on by `run`.
+  /// Exceptions from this, the verifier and the other observer are passed on by `run`.
   using WriteFailureObserver = std::function<void(const std::string& cause)>;
   void setWriteFailureObserver(WriteFailureObserver observer);
 
-  /// Called by `run` with the scene node that was written, before the node is
-  /// destroyed.
-  using Observer = std::function<void(lum::SceneNode& written)>;
-  void setObserver(Observer observer);
+  /// Called by `run` with the scene node that was written and the path of the finished
+  /// file, before that is moved into place: if it throws, the output is missing or
+  /// unchanged.
+  using Verifier = std::function<void(lum::SceneNode& written, const std::wstring& temporaryPath)>;
+  void setVerifier(Verifier verifier);
 
   /// Called at the end of `run` with what became of the input. If reading or
   /// converting fails, it is called with what is known by then, before the
@@ -57,15 +58,13 @@ class VEMO_IMPORT_EXPORT SceneConverter {
  private:
   /// Null when that failed, which is only possible with a ledger observer.
   lum::SceneNode* readAndConvert(SceneImport& import) const;
-  /// Called when the output was written.
-  void callObservers(lum::SceneNode& written, SceneImport& import) const;
   void reportWriteFailure(const std::string& cause) const;
 
   std::wstring _inputPath;
   std::wstring _outputPath;
   ProgressReport _progress;
   WriteFailureObserver _writeFailureObserver;
-  Observer _observer;
+  Verifier _verifier;
   LedgerObserver _ledgerObserver;
 };
 

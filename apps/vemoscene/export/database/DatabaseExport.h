@@ -5,8 +5,8 @@
 namespace vemo {
 
 /// Converts an archive of the old generation to a scene-graph database. A
-/// database is checked, its arrays included, and rewritten. An output that
-/// fails verification is removed.
+/// database is checked, its arrays included, and rewritten. If verification fails,
+/// the output is missing or unchanged.
 void writeDatabase(const ExportRequest& request);
 
 }  // namespace vemo

@@ -1,11 +1,7 @@
 #include "export/database/Verification.h"
 
-#include "DatabaseComparison.h"
-#include "base/AtomicFile.h"
 #include "output/ExitCode.h"
 #include "output/Messages.h"
-#include "output/ResultStream.h"
-#include <vemo/base/PrintableText.h>
 #include <vemo/base/WidePath.h>
 #include <vemo/scenegraph/Node.h>
 #include <vemo/scenegraph/Ptr.h>
@@ -13,10 +9,8 @@
 #include <vemo/scenegraph/io/FileError.h>
 #include <vemo/scenegraph/io/SDBReader.h>
 
-#include <filesystem>
 #include <fmt/format.h>
 #include <functional>
-#include <system_error>
 
 namespace vemo {
 
@@ -38,36 +32,32 @@ class FirstDifference {
 };
 
 [[noreturn]] void reject(const std::string& output, const std::string& reason) {
-  std::error_code error;
-  std::filesystem::remove(OS::followLinks(output), error);
-  throw Failure(ExitCode::CANNOT_WRITE,
-                fmt::format("\"{}\" differs from what was to be written and {}:\n{}", output,
-                            error ? "cannot be removed" : "was removed", reason));
+  throw Failure(
+      ExitCode::CANNOT_WRITE,
+      fmt::format("\"{}\" is not replaced: its new content differs from what was to be written:\n{}", output,
+                  reason));
 }
 
 /// Calls compare(reader, first) with what was written.
 template <class Compare>
-void verify(const std::string& output, Compare&& compare) {
+DatabaseCounts verify(const std::wstring& database, const std::string& output, Compare&& compare) {
   FirstDifference first;
-  DatabaseCounts counts;
   try {
-    lum::SDBReader reader(toWidePath(output));
-    counts = compare(reader, first);
+    lum::SDBReader reader(database);
+    const DatabaseCounts counts = compare(reader, first);
+    if (first.getText().empty()) {
+      return counts;
+    }
   } catch (const lum::io::FileError& error) {
     reject(output, error.what());
   }
-  if (!first.getText().empty()) {
-    reject(output, first.getText());
-  }
-  ResultStream out;
-  out << fmt::format("{}: verified, {} read back equal\n", toPrintableLine(output), describeCounts(counts));
-  out.finish();
+  reject(output, first.getText());
 }
 
 }  // namespace
 
-void verifyScene(const std::string& output, lum::Node& written) {
-  verify(output, [&](lum::SDBReader& reader, FirstDifference& first) {
+DatabaseCounts verifyScene(const std::wstring& database, lum::Node& written, const std::string& output) {
+  return verify(database, output, [&](lum::SDBReader& reader, FirstDifference& first) {
     lum::ArrayPool arrays;
     arrays.addAll(written);
     const lum::Ptr<lum::Node> read = reader.readNode(0, lum::NO_SESSION, &arrays);
@@ -77,8 +67,9 @@ void verifyScene(const std::string& output, lum::Node& written) {
   });
 }
 
-void verifyCopy(const std::string& output, const std::string& original) {
-  verify(output, [&](lum::SDBReader& reader, FirstDifference& first) {
+DatabaseCounts verifyCopy(const std::wstring& database, const std::string& original,
+                          const std::string& output) {
+  return verify(database, output, [&](lum::SDBReader& reader, FirstDifference& first) {
     // What is wrong with the original was reported when it was copied.
     LogCapture log;
     lum::SDBReader expected(toWidePath(original));

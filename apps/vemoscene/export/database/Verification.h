@@ -1,5 +1,7 @@
 #pragma once
 
+#include "DatabaseComparison.h"
+
 #include <string>
 
 namespace lum {
@@ -9,11 +11,12 @@ class Node;
 namespace vemo {
 
 /// Reads a database back and compares it, bit by bit, with the graph of its only
-/// record. Prints what was compared. An output that differs, or cannot be read, is
-/// removed: Failure with CANNOT_WRITE.
-void verifyScene(const std::string& output, lum::Node& written);
+/// record. Throws a Failure with CANNOT_WRITE if it differs or cannot be read.
+/// @param output what is to be replaced by the database, for messages
+DatabaseCounts verifyScene(const std::wstring& database, lum::Node& written, const std::string& output);
 
 /// The same for a copy of another database.
-void verifyCopy(const std::string& output, const std::string& original);
+DatabaseCounts verifyCopy(const std::wstring& database, const std::string& original,
+                          const std::string& output);
 
 }  // namespace vemo

@@ -5,6 +5,7 @@
 #include <vemo/scenegraph/io/FileIoStatus.h>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -45,6 +46,12 @@ class VEMO_SCENEGRAPH_EXPORT SDBWriter {
   /// @param expectedBytes roughly, of the arrays that will be written
   void setProgress(vemo::ProgressReport report, std::uint64_t expectedBytes);
 
+  /// Called by `close` with the path of the finished file before that is moved into
+  /// place. `close` passes on what it throws; the file is discarded then. In force until
+  /// the next `open`.
+  using Verifier = std::function<void(const std::wstring& temporaryPath)>;
+  void setVerifier(Verifier verifier);
+
   /// Writes one record: a node and all that it owns. `recordNumber` receives
   /// its number, from 0 on; it is untouched on failure.
   io::FileIoStatus addRecord(const std::string& title, const std::string& description,
@@ -65,6 +72,7 @@ class VEMO_SCENEGRAPH_EXPORT SDBWriter {
   std::unique_ptr<Database> _database;
   std::string _failure;
   vemo::ProgressMeter _progress;
+  Verifier _verifier;
 };
 
 }  // namespace lum

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <string>
 
 namespace lum::io {
@@ -20,8 +21,11 @@ class OutputFile {
   void write(const void* data, std::size_t size);
   void fill(std::size_t size);
 
-  /// Writes over the beginning of the file.
+  /// Writes over the beginning of the file, after all else.
   void writeFirst(const std::string& bytes);
+
+  /// Where the bytes are until `commit`; all of them after `writeFirst`.
+  const std::filesystem::path& getTemporaryPath() const { return _file.getTemporaryPath(); }
 
   /// How much was written.
   std::uint64_t getPosition() const { return _written + _buffer.size(); }

@@ -35,7 +35,7 @@ class SDBWriter::Database final : private io::ArraySink {
     return _recordCount++;
   }
 
-  void finish() {
+  void finish(const Verifier& verifier) {
     io::ByteWriter index;
     _tables.take(index);
     for (std::uint64_t i = 0; i < _chunkCount; ++i) {
@@ -46,6 +46,9 @@ class SDBWriter::Database final : private io::ArraySink {
     const std::uint64_t offset = _file.getPosition();
     _file.write(index.view().data(), index.size());
     _file.writeFirst(io::makeHeader({offset, index.size(), io::hashOf(index.view())}));
+    if (verifier) {
+      verifier(vemo::toWidePath(_file.getTemporaryPath().native()));
+    }
     _file.commit();
   }
 
@@ -94,6 +97,7 @@ io::FileIoStatus SDBWriter::open(const std::wstring& path, bool append, bool kee
   _database.reset();
   _failure.clear();
   _progress = vemo::ProgressMeter();
+  _verifier = nullptr;
   const std::string native = vemo::toNativePath(path);
   return run([&] {
     auto database = std::make_unique<Database>(native, keepExisting, _progress);
@@ -114,6 +118,10 @@ void SDBWriter::setProgress(vemo::ProgressReport report, std::uint64_t expectedB
   _progress.startPhase(1, expectedBytes);
 }
 
+void SDBWriter::setVerifier(Verifier verifier) {
+  _verifier = std::move(verifier);
+}
+
 io::FileIoStatus SDBWriter::addRecord(const std::string& title, const std::string& description,
                                       const std::string& simUUID, Node& node, int& recordNumber) {
   if (!_database || _database->hasFailed) {
@@ -132,7 +140,7 @@ io::FileIoStatus SDBWriter::close() {
   if (!database || database->hasFailed) {
     return io::FileIoStatus::WriteError;
   }
-  const io::FileIoStatus status = run([&] { database->finish(); });
+  const io::FileIoStatus status = run([&] { database->finish(_verifier); });
   if (status == io::FileIoStatus::Success) {
     _progress.finish();
   }

@@ -31,8 +31,8 @@ void SceneConverter::setProgress(ProgressReport report) {
   _progress = std::move(report);
 }
 
-void SceneConverter::setObserver(Observer observer) {
-  _observer = std::move(observer);
+void SceneConverter::setVerifier(Verifier verifier) {
+  _verifier = std::move(verifier);
 }
 
 void SceneConverter::setLedgerObserver(LedgerObserver observer) {
@@ -63,11 +63,14 @@ void SceneConverter::run() const {
   }
   writer.setProgress(partOf(_progress, IMPORTED, 1),
                      BYTES_WRITTEN_PER_BYTE_READ * import.getReader().countBytesRead());
+  if (_verifier) {
+    writer.setVerifier([&](const std::wstring& file) { _verifier(*sceneNode, file); });
+  }
   int recordNumber = 0;
   writer.addRecord(RECORD_TITLE, RECORD_DESCRIPTION, RECORD_SIM_UUID, *sceneNode, recordNumber);
   const bool isWritten = writer.close() == lum::io::FileIoStatus::Success;
-  if (isWritten) {
-    callObservers(*sceneNode, import);
+  if (isWritten && _ledgerObserver) {
+    _ledgerObserver(SceneLedger(import.getReader()));
   }
   import.close();
   VEMO_LOG_INFO("done");
@@ -86,15 +89,6 @@ lum::SceneNode* SceneConverter::readAndConvert(SceneImport& import) const {
   lum::SceneNode* sceneNode = nullptr;
   reader.attempt([&] { sceneNode = &import.convert(); });
   return reader.countFaults() == 0 ? sceneNode : nullptr;
-}
-
-void SceneConverter::callObservers(lum::SceneNode& written, SceneImport& import) const {
-  if (_observer) {
-    _observer(written);
-  }
-  if (_ledgerObserver) {
-    _ledgerObserver(SceneLedger(import.getReader()));
-  }
 }
 
 void SceneConverter::reportWriteFailure(const std::string& cause) const {
