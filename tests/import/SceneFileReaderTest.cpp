@@ -192,6 +192,23 @@ TEST_F(SceneFileReaderTest, BoundsTheBytesThatASmallArchiveHas) {
   EXPECT_EQ(failureOf([&] { delete[] reader.readEntry("four").data; }), "") << "it is less than what is left";
 }
 
+/// Else a few million bytes that many entries share keep the reader busy for hours.
+TEST_F(SceneFileReaderTest, BoundsTheCompressedBytesThatGiveHardlyAnyContent) {
+  const std::string emptyBlock("\0\0\0\xff\xff", 5);
+  const std::string lastByte("\1\1\0\xfe\xff!", 6);
+  const std::string blocks = repeated(emptyBlock, 400'000) + lastByte;
+  SceneFileReader reader =
+      open(ArchiveBuilder().bytes("p", {blocks.begin(), blocks.end()}).stored().forge([](Entry& e) {
+        e.method = 8;
+        e.uncompressedSize = 1;
+      }));
+  const auto failure = [&] { return failureOf([&] { delete[] reader.readEntry("p").data; }); };
+  for (std::uint64_t i = 0; i < ReadingLimits::COMPRESSED_BYTES_PER_BYTE; ++i) {
+    ASSERT_EQ(failure(), "");
+  }
+  EXPECT_THAT(failure(), testing::HasSubstr("asks for more data than an archive of this size can hold"));
+}
+
 TEST_F(SceneFileReaderTest, BoundsTheNormalsOfASmallArchive) {
   SceneFileReader reader = open(ArchiveBuilder().text("x", ""));
   reader.countNormals(ReadingLimits::COPIES_OF_SMALL_CONTENT / 12);

@@ -75,6 +75,9 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   /// of exactly that name.
   int getSize(const std::string& name) const;
 
+  /// The size in bytes as it stands in the archive; 0 when there is no such entry.
+  std::uint64_t getCompressedSize(const std::string& name) const;
+
   /// Whether the entry may be read: false for what is not supported, and for a
   /// large size that so many compressed bytes cannot have by any method. Check
   /// this before allocating memory: the size may be forged.

@@ -18,6 +18,14 @@ namespace {
                       entryName);
 }
 
+/// @param what fails
+[[noreturn]] void failTooMuchData(const std::string& what, const std::string& entryName) {
+  failAt<IOException>(what +
+                          ": the scene asks for more data than an archive of this size can hold.<br>Your "
+                          "file may be corrupt.",
+                      entryName);
+}
+
 std::uint64_t contentSizeOf(const ZipFileReader& archive) {
   std::uint64_t size = 0;
   for (int i = 0; i < archive.getEntryCount(); ++i) {
@@ -46,11 +54,16 @@ Array_t<unsigned char> ArchiveReader::loadEntry(const std::string& entryName,
   }
   const std::string failure = "Entry '" + entryName + "' cannot be read";
   const auto bytes = static_cast<std::uint64_t>(size);
+  const std::uint64_t compressedBytes = _archive.getCompressedSize(entryName);
   requireData(bytes, failure, entryName);
+  if (_compressedBytesRead + compressedBytes > getLimits().compressedBytes) {
+    failTooMuchData(failure, entryName);
+  }
   if (!isFirstUse) {
     addCopy(bytes, failure, entryName);
   }
   _bytesRead += bytes;
+  _compressedBytesRead += compressedBytes;
   // Not set to zero beforehand: the archive does so with what it does not fill.
   auto block = std::make_unique_for_overwrite<unsigned char[]>(static_cast<std::size_t>(size));
   OS::preferHugePages(block.get(), static_cast<std::size_t>(size));
@@ -99,10 +112,7 @@ void ArchiveReader::countNormals(std::int64_t count) {
 void ArchiveReader::requireData(std::uint64_t bytes, const std::string& what,
                                 const std::string& entryName) const {
   if (_bytesRead + _normalBytes + bytes > getLimits().bytes) {
-    failAt<IOException>(what +
-                            ": the scene asks for more data than an archive of this size can hold.<br>Your "
-                            "file may be corrupt.",
-                        entryName);
+    failTooMuchData(what, entryName);
   }
 }
 

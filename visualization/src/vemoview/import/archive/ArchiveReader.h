@@ -70,6 +70,7 @@ class ArchiveReader {
   /// Of all entries, as far as their sizes are possible.
   std::uint64_t _contentSize;
   std::uint64_t _bytesRead = 0;
+  std::uint64_t _compressedBytesRead = 0;
   /// What was read again, and normals.
   std::uint64_t _copiedBytes = 0;
   std::uint64_t _normalBytes = 0;

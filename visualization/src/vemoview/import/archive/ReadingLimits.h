@@ -32,6 +32,11 @@ struct ReadingLimits {
   static constexpr std::uint64_t BYTES_PER_BYTE = ZipFileReader::MAX_DEFLATE_RATIO;
   static constexpr std::uint64_t BYTES_OF_SMALL_ARCHIVE = 256U << 20U;
 
+  /// Compressed bytes are read in time even if they give hardly any content, and those of
+  /// one entry may be those of many others, too.
+  static constexpr std::uint64_t COMPRESSED_BYTES_PER_BYTE = 40;
+  static constexpr std::uint64_t COMPRESSED_BYTES_OF_SMALL_ARCHIVE = 64U << 20U;
+
   /// What is made of the content of entries, for each byte of it: entries that are read again for
   /// another use, and normals. Very many items may share very many points.
   static constexpr std::uint64_t COPIES_PER_BYTE = 32;
@@ -46,14 +51,19 @@ struct ReadingLimits {
   /// Read from the archive in all.
   std::uint64_t bytes = BYTES_OF_SMALL_ARCHIVE;
 
+  /// The same, as they stand in the archive.
+  std::uint64_t compressedBytes = COMPRESSED_BYTES_OF_SMALL_ARCHIVE;
+
   /// Made of what was read, in bytes.
   std::uint64_t copies = COPIES_OF_SMALL_CONTENT;
 
   /// @param content the bytes of all entries, inflated
   static ReadingLimits ofArchive(std::uint64_t size, std::uint64_t content) {
-    return {MAX_DEPTH, std::max(ELEMENTS_OF_SMALL_ARCHIVE, ELEMENTS_PER_BYTE * size),
+    return {MAX_DEPTH,
+            std::max(ELEMENTS_OF_SMALL_ARCHIVE, ELEMENTS_PER_BYTE * size),
             std::max(DESCRIPTION_BYTES_OF_SMALL_ARCHIVE, DESCRIPTION_BYTES_PER_BYTE * size),
             std::max(BYTES_OF_SMALL_ARCHIVE, BYTES_PER_BYTE * size),
+            std::max(COMPRESSED_BYTES_OF_SMALL_ARCHIVE, COMPRESSED_BYTES_PER_BYTE * size),
             COPIES_OF_SMALL_CONTENT + COPIES_PER_BYTE * content};
   }
 };

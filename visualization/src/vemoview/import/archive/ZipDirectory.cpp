@@ -6,7 +6,9 @@
 #include <array>
 #include <cstddef>
 #include <initializer_list>
+#include <span>
 #include <string_view>
+#include <utility>
 
 namespace vemo {
 
@@ -207,6 +209,44 @@ void readExtraFields(std::string_view fields, std::initializer_list<std::uint64_
   }
 }
 
+/// The bytes of the directory, of which only a part is in memory: what the archive says of
+/// their number may be wrong by far.
+class DirectoryBytes {
+ public:
+  DirectoryBytes(const ArchiveFile& file, std::uint64_t begin, std::uint64_t end)
+      : _file(file), _position(begin), _end(end) {}
+
+  /// Those not taken yet: enough for an entry, or all that are left.
+  std::string_view& rest() {
+    if (_rest.size() < MAX_ENTRY_BYTES && _position < _end) {
+      readOn();
+    }
+    return _rest;
+  }
+
+ private:
+  static constexpr std::size_t MAX_ENTRY_BYTES = directory::SIZE + 3 * 0xffff;
+  static constexpr std::size_t BLOCK = std::size_t{1} << 20U;
+
+  void readOn() {
+    const auto size = static_cast<std::size_t>(std::min<std::uint64_t>(BLOCK, _end - _position));
+    std::string bytes(_rest);
+    bytes.resize(bytes.size() + size);
+    if (!_file.read(std::span(bytes).last(size), _position)) {
+      failInvalid();
+    }
+    _position += size;
+    _bytes = std::move(bytes);
+    _rest = _bytes;
+  }
+
+  const ArchiveFile& _file;
+  std::uint64_t _position;
+  std::uint64_t _end;
+  std::string _bytes;
+  std::string_view _rest;
+};
+
 /// Takes the first entry off the directory's bytes.
 ZipEntry takeEntry(std::string_view& bytes, std::uint64_t bytesInFront) {
   if (bytes.size() < directory::SIZE || !bytes.starts_with(directory::SIGNATURE)) {
@@ -254,19 +294,15 @@ bool agrees(std::string_view header, const ZipEntry& entry) {
 
 ZipDirectory readZipDirectory(const ArchiveFile& file) {
   const DirectoryPlace place = findDirectory(file);
-  std::string bytes(static_cast<std::size_t>(place.size), '\0');
-  if (!file.read(bytes, place.start())) {
-    failInvalid();
-  }
+  DirectoryBytes bytes(file, place.start(), place.end);
   ZipDirectory result;
   // The number is the archive's own word: nothing is reserved for it.
-  std::string_view rest = bytes;
   for (std::uint64_t i = 0; i < place.count; ++i) {
-    result.entries.push_back(takeEntry(rest, place.bytesInFront()));
+    result.entries.push_back(takeEntry(bytes.rest(), place.bytesInFront()));
   }
   result.hasOtherInFront =
       place.bytesInFront() > 0 && readRecord<local::SIZE>(file, 0, local::SIGNATURE).has_value();
-  result.isMiscounted = !result.entries.empty() && rest.starts_with(directory::SIGNATURE);
+  result.isMiscounted = !result.entries.empty() && bytes.rest().starts_with(directory::SIGNATURE);
   return result;
 }
 

@@ -127,6 +127,11 @@ int ZipFileReader::getSize(const std::string& name) const {
                           : -1;
 }
 
+std::uint64_t ZipFileReader::getCompressedSize(const std::string& name) const {
+  const ZipEntry* const entry = _archive->find(name);
+  return entry != nullptr ? entry->compressedSize : 0;
+}
+
 bool ZipFileReader::isSizePossible(const std::string& name) const {
   const ZipEntry* const entry = _archive->find(name);
   return entry != nullptr && _archive->isSizePossible(*entry);
