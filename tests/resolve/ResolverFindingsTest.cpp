@@ -87,7 +87,12 @@ TEST(ResolverFindingsTest, SayWhichPointsAreTooLargeForAScaledPicture) {
     scale.setMapToRange({0.1, 0.1});
     scale.setPixelSize(isInPixels);
     EXPECT_THAT(findingsOf(scene), IsEmpty());
-    EXPECT_THAT(findingsOf(scene, {.view = {.pixelScale = 4}}), ElementsAre("value-ignored"));
+    const auto findings = [&](double pixelScale, double height) {
+      return findingsOf(scene, {.view = {.pixelScale = pixelScale, .pictureHeight = height}});
+    };
+    EXPECT_THAT(findings(4, 4 * 768), ElementsAre("value-ignored"));
+    EXPECT_EQ(findings(1, 4 * 768).empty(), isInPixels);
+    EXPECT_EQ(findings(4, 768).empty(), !isInPixels);
   }
 }
 

@@ -3,6 +3,7 @@
 #include <vemo/resolve/Export.h>
 #include <vemo/resolve/ResolvedScene.h>
 #include <vemo/resolve/TextMeasure.h>
+#include <vemo/resolve/UsualPicture.h>
 
 #include <cstddef>
 #include <memory>
@@ -41,8 +42,10 @@ struct ViewChange {
   bool fitsModel = false;
   /// The same for the visible geometry of some drawables.
   std::vector<const lum::Drawable*> fitted = {};
-  /// How many times as many pixels points have as stated.
+  /// How many times as many pixels points have as stated, if their size is in pixels.
   double pixelScale = 1.0;
+  /// In pixels, of which points in model units have the more the higher the picture is.
+  double pictureHeight = USUAL_HEIGHT;
 };
 
 struct ResolveOptions {

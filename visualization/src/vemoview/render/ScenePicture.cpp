@@ -100,7 +100,8 @@ Picture renderPicture(const lum::SceneNode& scene, const RenderOptions& options)
                          {.viewAngle = options.viewAngle,
                           .fitsModel = options.fitsModel,
                           .fitted = options.fitted,
-                          .pixelScale = options.scale},
+                          .pixelScale = options.scale,
+                          .pictureHeight = static_cast<double>(size.height)},
                          Drawn::ONCE);
   const int enlargement = enlargementFor(renderer, *window, size);
   renderer.scalePixels(enlargement * options.scale);

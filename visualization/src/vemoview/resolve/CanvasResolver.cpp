@@ -56,10 +56,13 @@ double widthToHeight(const Vector<2, double>& size) {
 
 /// @param size of the canvas, as a part of the window's
 UsualCanvas usualCanvas(const CanvasCamera& camera, const ViewVolume& view, const Vector<2, double>& size,
-                        const Box& model, double pixelScale) {
+                        const Box& model, double pictureHeight) {
   const double nearest =
       camera.isParallel || model.isEmpty() ? 0.0 : LEAST_DEPTH * view.greatestDepthOf(model);
-  return {.view = view, .samples = PictureSamples(size), .nearest = nearest, .pixelScale = pixelScale};
+  return {.view = view,
+          .samples = PictureSamples(size),
+          .nearest = nearest,
+          .heightScale = pictureHeight / USUAL_HEIGHT};
 }
 
 }  // namespace
@@ -146,7 +149,7 @@ void CanvasResolver::frame(CanvasUpdate& content, const CanvasCamera& camera, co
     const double shape = widthToHeight(size);
     const ViewVolume view(
         _viewChange.fitsModel ? fitting(camera, framed, shape) : framing(camera, framed, shape), shape);
-    const UsualCanvas canvas = usualCanvas(camera, view, size, _model, _viewChange.pixelScale);
+    const UsualCanvas canvas = usualCanvas(camera, view, size, _model, _viewChange.pictureHeight);
     model.reportInvisible(canvas, _clipPlanes, side);
     reportUnseenDecorations(content.decorations, {&canvas, true, size, _clipPlanes, _measureText});
   } else {
@@ -161,7 +164,7 @@ void CanvasResolver::view(CanvasUpdate& content, const CanvasCamera& camera, con
   const ModelExtent model(content.meshes, &view);
   // Users may frame everything later on.
   _model = model.getBox();
-  const UsualCanvas canvas = usualCanvas(camera, view, size, _model, _viewChange.pixelScale);
+  const UsualCanvas canvas = usualCanvas(camera, view, size, _model, _viewChange.pictureHeight);
   model.reportUnsuitableView(canvas, _clipPlanes, camera);
   reportUnseenDecorations(content.decorations, {&canvas, false, size, _clipPlanes, _measureText});
   chooseFramedTexts(content.decorations, _model);

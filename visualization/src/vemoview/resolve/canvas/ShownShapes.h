@@ -17,8 +17,8 @@ struct UsualCanvas {
   double nearest = 0.0;
   /// What is farther away is not searched for.
   double farthest = std::numeric_limits<double>::infinity();
-  /// How many times as many pixels a picture has, each way.
-  double pixelScale = 1.0;
+  /// How many times as many pixels the real picture has from top to bottom.
+  double heightScale = 1.0;
 };
 
 /// Finds out whether shapes in the model would leave a trace in the picture if nothing

@@ -72,7 +72,7 @@ bool hasTooLargePoints(const MeshInstance& mesh, const UsualCanvas& canvas,
     return false;
   }
   UsualCanvas part = canvas;
-  part.farthest = depthOfTooLarge(mesh.appearance.pointSize * canvas.pixelScale, canvas.view);
+  part.farthest = depthOfTooLarge(mesh.appearance.pointSize * canvas.heightScale, canvas.view);
   return part.farthest > part.nearest && CellSearch(part, clipPlanes).findsForCertain(mesh);
 }
 
