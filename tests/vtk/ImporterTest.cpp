@@ -119,6 +119,8 @@ TEST_F(ImporterTest, GivesActorsWithNamesArraysAndColors) {
   EXPECT_TRUE(mapper.GetInput()->GetCellData()->HasArray("id"));
   EXPECT_STREQ(mapper.GetArrayName(), "pressure");
   EXPECT_EQ(mapper.GetLookupTable()->GetNumberOfAvailableColors(), 2);
+  EXPECT_THAT(std::span(mapper.GetScalarRange(), 2), ElementsAreArray(mapper.GetLookupTable()->GetRange(), 2))
+      << "exporters set the table's range to it";
   EXPECT_THAT(importer->GetOutputsDescription(), HasSubstr("ModelCanvas/DrawableCollection/plate\n"));
   EXPECT_THAT(importer->GetOutputsDescription(), HasSubstr("pressure"));
 }

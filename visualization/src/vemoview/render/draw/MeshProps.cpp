@@ -43,6 +43,8 @@ void colorByScalars(const RenderMesh& mesh, vtkPolyDataMapper& mapper) {
     mapper.SetColorModeToMapScalars();
     mapper.SetLookupTable(mesh.scalars->table);
     mapper.UseLookupTableScalarRangeOn();
+    // Exporters give the table the mapper's own range.
+    mapper.SetScalarRange(mesh.scalars->table->GetRange());
     // Data are blended between points, and not their colours, which would pass
     // through colours of other values.
     mapper.InterpolateScalarsBeforeMappingOn();
