@@ -30,11 +30,13 @@
 #include <functional>
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
+#include <span>
 
 namespace vemo {
 
 namespace {
 
+using testing::ElementsAreArray;
 using testing::HasSubstr;
 
 /// Calls a function at an event.

@@ -284,6 +284,8 @@ void SceneWindow::openNeighbour(int step) {
   for (int next = names.indexOf(file.fileName()) + step; next >= 0 && next < names.size(); next += step) {
     const QString path = file.dir().filePath(names[next]);
     if (_files.isScene(path)) {
+      // One that cannot be opened does not keep the keys from those beyond.
+      _path = path;
       _files.open(path);
       return;
     }

@@ -70,6 +70,7 @@ class SceneWindow final : public QMainWindow {
 
   lum::SceneNode& _scene;
   QMenu* _fileMenu = nullptr;
+  /// Of the scene, or what was tried instead last.
   QString _path;
   /// Empty in a window that cannot open others.
   Files _files;
