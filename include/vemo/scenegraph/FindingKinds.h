@@ -80,7 +80,7 @@
   KIND(TRANSFORM_REPLACED, LOST, "Of the transforms of assemblies with the same name only the last one is used.") \
   KIND(TRANSFORM_SHARED, CHANGED, "A transform also applies to the items of another assembly with the same name.") \
   KIND(TRANSFORM_UNUSABLE, LOST, "A transform cannot be applied as stated, or what it transforms is not drawn: a scale is zero in some directions, an axis or a mirror has no direction, the number of repeats is missing, or numbers are too small or too large.") \
-  KIND(VALUE_IGNORED, CHANGED, "A value that cannot be read or is out of range is replaced by the default.") \
+  KIND(VALUE_IGNORED, CHANGED, "A value that cannot be read or is out of range, or a colour that is missing, is replaced by the default.") \
   KIND(VALUE_UNREADABLE, CHANGED, "A value is not written as its type requires, but the format still gives it a meaning.") \
   KIND(VERSION_TOO_NEW, REFUSED, "An element has a newer version than this program supports.") \
   KIND(VIEW_ADJUSTED, CHANGED, "The direction, the upward direction or the scale of a view is unusable: others are used.") \
