@@ -206,7 +206,8 @@ lum::SceneNode& SceneImport::convert() {
                                    _reader.countItems() * SceneFileReader::BYTES_PER_ITEM);
   if (_scene->getLUMSceneFile().count != 0) {
     _reader.report(FindingCode::DESCRIPTION_REPLACED,
-                   "The archive holds a scene graph, which is used instead of the items of the description");
+                   "The archive holds a scene graph, which is used instead of the items of the description",
+                   SceneFileReader::SCENE_ENTRY);
     _sceneNode = decode(*_scene, _session.open(), _reader);
     if (_wantsPart && _sceneNode) {
       _parts = keepParts(*_sceneNode, _wantsPart);
