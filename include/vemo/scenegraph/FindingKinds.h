@@ -9,10 +9,10 @@
   KIND(ANNOTATION_WITHOUT_TEXT, LOST, "An annotation has no text, or only blanks, and is left out.") \
   KIND(ARCHIVE_INVALID, REFUSED, "The file is not a readable archive.") \
   KIND(ARRAY_CUT, LOST, "Values at the end of an entry that do not form a complete point or tuple are left out.") \
-  KIND(ARRAY_IS_NORMALS, LOST, "An array named `Normals` counts as normals: it colours nothing, and computed normals may replace it.") \
+  KIND(ARRAY_IS_NORMALS, CHANGED, "An array named `Normals` counts as normals: it colours nothing.") \
   KIND(ARRAY_LEFT_OUT, LOST, "A data array is left out: its number of values does not match the number of points or cells, or the geometry already has 4,096 arrays.") \
   KIND(ARRAY_MAGNITUDE, CHANGED, "An array of vectors with three components is replaced by their lengths.") \
-  KIND(ARRAY_REPLACED, LOST, "Of several arrays with the same name, all over points or all over cells, only the last one is kept.") \
+  KIND(ARRAY_REPLACED, LOST, "Of several arrays with the same name, all over points or all over cells, only the last one is kept; one named `Normals` is replaced by normals that are computed for the same places.") \
   KIND(ARRAY_WITHOUT_NAME, CHANGED, "An array has no name, so that nothing can refer to it.") \
   KIND(ASSEMBLY_EMPTY, LOST, "An assembly without items is left out, with its colormaps, legend and transform.") \
   KIND(ATTRIBUTE_UNKNOWN, LOST, "An attribute that the format does not have for its element is ignored.") \

@@ -252,7 +252,7 @@ void GeometryItem::reportUnused(const ValueReader& values) const {
 void GeometryItem::readGeometry(const QxElement& element, SceneFileReader& reader) {
   GeometryEntries entries;
   GeometryEntries::KEYS.read(entries, element, &reader);
-  PolyDataReader data(*_polydata, reader.getDecoded(), reader);
+  PolyDataReader data(*_polydata, _settings.smoothShading, reader.getDecoded(), reader);
   reader.attempt([&] {
     const ReadingContext::AttributeScope scope(&reader, "points");
     data.readPoints(entries.points.value_or(""));

@@ -40,6 +40,13 @@ Outcome outcomeOf(FindingCode code) {
   return Outcome::REFUSED;
 }
 
+/// Without findings.
+Outcome outcomeOf(const QxElement::Attribute& attribute) {
+  return attribute.isUnused()         ? Outcome::UNUSED
+         : attribute.isPartlyUnused() ? Outcome::CHANGED
+                                      : Outcome::KEPT;
+}
+
 /// Whether its outcome applies to everything in the element.
 bool isAboutWhole(FindingCode code) {
   return outcomeOf(code) != Outcome::CHANGED;
@@ -90,8 +97,7 @@ class DescriptionLedger {
     for (const QxElement::Attribute& attribute : element.getAttributes()) {
       row.attribute = attribute.getName();
       row.value = attribute.getValue();
-      put(row, attribute.isUnused() ? std::max(ofParts, Outcome::UNUSED) : ofParts,
-          found.ofAttributes[attribute.getName()]);
+      put(row, std::max(ofParts, outcomeOf(attribute)), found.ofAttributes[attribute.getName()]);
     }
     if (element.hasText()) {
       row.attribute = TEXT_NAME;
