@@ -147,14 +147,20 @@ SceneNodePtr convertItems(const Scene& scene, ReadingContext& context,
   shared.context = &context;
   shared.geometryNodes = geometryNodes;
   const ReadingContext::ItemScope scope(&context, Scene::XML_ENTITY, scene.getPlace());
-  context.attempt([&] {
+  lum::BackgroundAttributes& background = sceneNode->getBackgroundCanvas().getBackgroundAttributes();
+  const bool isBackgroundUsable = context.attempt([&] {
     const Gradient* const gradient = scene.getGradient();
     const ReadingContext::ItemScope backgroundScope(
         &context, gradient != nullptr ? gradient->getPathName() : Gradient::XML_ENTITY,
         gradient != nullptr ? gradient->getPlace() : scene.getPlace());
     const ReadingContext::AttributeScope modeScope(&context, "mode");
-    setBackground(sceneNode->getBackgroundCanvas().getBackgroundAttributes(), scene);
+    setBackground(background, scene);
   });
+  if (!isBackgroundUsable || !scene.isBackgroundSound()) {
+    // No text is recoloured on it, which would only follow from the fault.
+    background.setColorMode(lum::BackgroundColorModes::SOLID);
+    background.setSolidColor({1, 1, 1});
+  }
   scene.addToCollection(shared, sceneNode->getModelCanvas().getDrawableCollection(), 0, "noname");
   return sceneNode;
 }
