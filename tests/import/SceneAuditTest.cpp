@@ -86,6 +86,20 @@ TEST_F(SceneAuditTest, ConvertsWhatIsSoundBesideFaults) {
   EXPECT_NE(graphText(*result.getSceneNode()).find("\"good\""), std::string::npos);
 }
 
+TEST_F(SceneAuditTest, LeavesTheGroundWhiteIfItsColoursAreFaulty) {
+  const std::string black = "topColor='000000ff' bottomColor='000000ff'";
+  for (const std::string& xml :
+       {sceneXml("", "background='x'"), sceneXml("<gradient mode='RADIAL' topColor='x'/>"),
+        sceneXml("<gradient mode='q' " + black + "/>"),
+        sceneXml("<gradient version='7' mode='RADIAL' " + black + "/>")}) {
+    write(xml);
+    const SceneAudit result(archivePath());
+    EXPECT_EQ(result.getSceneNode()->getBackgroundCanvas().getBackgroundAttributes().getSolidColor(),
+              (Vector3{1, 1, 1}))
+        << "black texts would be recoloured: " << xml;
+  }
+}
+
 TEST_F(SceneAuditTest, NamesVeryDeepElementsByShortPaths) {
   std::string deep = geometry("unknown='1'");
   for (int i = 0; i < 100; ++i) {

@@ -117,6 +117,26 @@ TEST_F(SceneConverterTest, PassesASceneGraphThrough) {
   EXPECT_TRUE(logHas(takeLog(), "\n\tparcing new, lum-based, format"));
 }
 
+TEST_F(SceneConverterTest, NeedsNothingThatASceneGraphReplaces) {
+  convert(geometry("polys='quad'"));
+  addPayload({_sceneNode.get()});
+  const std::string missingArray = "<array name='a' dim='9' data='four'/>";
+  write(sceneXml(geometry("polys='quad' lineWidth='q'", missingArray)));
+  for (const LedgerRow& row : rowsOf(archivePath())) {
+    const bool isUsed = row.entry == "scene.lum" || row.entry.starts_with("lum");
+    const bool isRead = row.findings.empty() || row.entry == "scene.xml";
+    EXPECT_EQ(row.outcome, isUsed   ? Outcome::KEPT
+                           : isRead ? Outcome::UNUSED
+                                    : Outcome::LOST)
+        << row.path << row.entry << row.attribute;
+  }
+  auto findings = audited();
+  std::erase_if(findings, [](const std::string& finding) { return finding.starts_with("entry-unused"); });
+  EXPECT_THAT(findings,
+              testing::ElementsAre("description-replaced: The archive holds a scene graph, which is "
+                                   "used instead of the items of the description | scene.xml"));
+}
+
 TEST_F(SceneConverterTest, IgnoresDataThatDoesNotDecode) {
   convert(geometry("polys='quad'"));
   addPayload({_sceneNode.get()});

@@ -167,7 +167,15 @@ TEST(SceneEditTest, ColoursStayAsTheyAreDrawnAndAreShownByALegend) {
   for (lum::LegendDrawable* const legend : {&scene.heatLegend, &scene.windLegend}) {
     lum::setShown(*legend, false);
   }
-  const ColorTable drawn = makeUsable(scene.heat).table;
+  ColorTable drawn = makeUsable(scene.heat).table;
+  EXPECT_EQ(lum::findColorRange(scene.node(), "heat"), (Range{1, 4}));
+  lum::setColorRange(scene.node(), {0, 2}, "heat");
+  drawn.range = {0, 2};
+  EXPECT_EQ(makeUsable(scene.heat).table, drawn);
+  EXPECT_EQ(makeUsable(scene.heatLegend.getColorLookupTable()).table, drawn);
+
+  scene.heat.setScalarRange({4, 1});
+  drawn = makeUsable(scene.heat).table;
   lum::colorByArray(scene.node(), "heat");
   EXPECT_EQ(makeUsable(scene.heat).table, drawn);
   EXPECT_FALSE(lum::isShown(scene.heatLegend));

@@ -9,10 +9,10 @@
   KIND(ANNOTATION_WITHOUT_TEXT, LOST, "An annotation has no text, or only blanks, and is left out.") \
   KIND(ARCHIVE_INVALID, REFUSED, "The file is not a readable archive.") \
   KIND(ARRAY_CUT, LOST, "Values at the end of an entry that do not form a complete point or tuple are left out.") \
-  KIND(ARRAY_IS_NORMALS, LOST, "An array named `Normals` counts as normals: it colours nothing, and computed normals may replace it.") \
+  KIND(ARRAY_IS_NORMALS, CHANGED, "An array named `Normals` counts as normals: it colours nothing.") \
   KIND(ARRAY_LEFT_OUT, LOST, "A data array is left out: its number of values does not match the number of points or cells, or the geometry already has 4,096 arrays.") \
   KIND(ARRAY_MAGNITUDE, CHANGED, "An array of vectors with three components is replaced by their lengths.") \
-  KIND(ARRAY_REPLACED, LOST, "Of several arrays with the same name, all over points or all over cells, only the last one is kept.") \
+  KIND(ARRAY_REPLACED, LOST, "Of several arrays with the same name, all over points or all over cells, only the last one is kept; one named `Normals` is replaced by normals that are computed for the same places.") \
   KIND(ARRAY_WITHOUT_NAME, CHANGED, "An array has no name, so that nothing can refer to it.") \
   KIND(ASSEMBLY_EMPTY, LOST, "An assembly without items is left out, with its colormaps, legend and transform.") \
   KIND(ATTRIBUTE_UNKNOWN, LOST, "An attribute that the format does not have for its element is ignored.") \
@@ -80,7 +80,7 @@
   KIND(TRANSFORM_REPLACED, LOST, "Of the transforms of assemblies with the same name only the last one is used.") \
   KIND(TRANSFORM_SHARED, CHANGED, "A transform also applies to the items of another assembly with the same name.") \
   KIND(TRANSFORM_UNUSABLE, LOST, "A transform cannot be applied as stated, or what it transforms is not drawn: a scale is zero in some directions, an axis or a mirror has no direction, the number of repeats is missing, or numbers are too small or too large.") \
-  KIND(VALUE_IGNORED, CHANGED, "A value that cannot be read or is out of range is replaced by the default.") \
+  KIND(VALUE_IGNORED, CHANGED, "A value that cannot be read or is out of range, or a colour that is missing, is replaced by the default.") \
   KIND(VALUE_UNREADABLE, CHANGED, "A value is not written as its type requires, but the format still gives it a meaning.") \
   KIND(VERSION_TOO_NEW, REFUSED, "An element has a newer version than this program supports.") \
   KIND(VIEW_ADJUSTED, CHANGED, "The direction, the upward direction or the scale of a view is unusable: others are used.") \

@@ -1,5 +1,6 @@
 #include "scenegraph/edit/ColoredLegends.h"
 
+#include "scenegraph/edit/RangeChange.h"
 #include <vemo/scenegraph/canvas/SceneNode.h>
 #include <vemo/scenegraph/drawables/LegendDrawable.h>
 #include <vemo/scenegraph/edit/Items.h>
@@ -102,9 +103,9 @@ void updateLegends(SceneNode& scene, const FormerColors& former, const std::stri
   }
 }
 
-void setLegendRange(SceneNode& scene, const FormerColors& former, const Vector2& range) {
+void setLegendRange(SceneNode& scene, const FormerColors& former, RangeChange& change) {
   for (LegendDrawable* const legend : legendsOf(scene, former.ofArray, former.kept)) {
-    legend->getColorLookupTable().setScalarRange(range);
+    change.applyTo(legend->getColorLookupTable());
   }
 }
 

@@ -8,6 +8,7 @@
 
 namespace lum {
 
+class RangeChange;
 class SceneNode;
 
 /// The colour tables of geometry before it is coloured by an array.
@@ -26,6 +27,6 @@ void updateLegends(SceneNode& scene, const FormerColors& former, const std::stri
                    const ColorLookupTable& table);
 
 /// Changes the range of the legends of the array's former colours.
-void setLegendRange(SceneNode& scene, const FormerColors& former, const Vector2& range);
+void setLegendRange(SceneNode& scene, const FormerColors& former, RangeChange& change);
 
 }  // namespace lum

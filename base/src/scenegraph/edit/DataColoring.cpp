@@ -1,6 +1,7 @@
 #include "geometry/Normals.h"
 #include "scenegraph/coloring/ColoringScalars.h"
 #include "scenegraph/edit/ColoredLegends.h"
+#include "scenegraph/edit/RangeChange.h"
 #include "scenegraph/inspect/ArrayRange.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/geometry/CellKind.h>
@@ -152,12 +153,7 @@ std::string quoted(const std::vector<std::string>& names) {
 
 /// As they are drawn: of a range that starts at its greater value they are reversed, too.
 Colors drawnColors(const ColorLookupTable& table) {
-  constexpr double MOST = 255.0;
-  std::vector<double> values;
-  const vemo::SharedColors colors = vemo::makeUsable(table).table.rgba;
-  for (const std::uint8_t channel : colors.get()) {
-    values.push_back(channel / MOST);
-  }
+  std::vector<double> values = numbersOf(vemo::makeUsable(table).table.rgba);
   const auto count = static_cast<std::int32_t>(values.size() / 4);
   return {std::move(values), count, ScaleMode::LINEAR, table.getRampMode()};
 }
@@ -264,7 +260,7 @@ std::vector<std::string> listUsedColorArrays(SceneNode& scene) {
 std::optional<Vector2> findColorRange(SceneNode& scene, const std::string& array) {
   for (const Use& use : findUses(scene, array)) {
     if (isColoredBy(*use.drawable, array)) {
-      return tableOf(*use.drawable)->getScalarRange();
+      return vemo::makeUsable(*tableOf(*use.drawable)).table.range;
     }
   }
   return std::nullopt;
@@ -300,9 +296,10 @@ void setColorRange(SceneNode& scene, const Vector2& range, const std::optional<s
   for (const Use& use : uses) {
     requireUsable(range, tableOf(*use.drawable)->getScaleMode());
   }
-  setLegendRange(scene, formerColors(scene, uses, arrays.front()), range);
+  RangeChange change(range);
+  setLegendRange(scene, formerColors(scene, uses, arrays.front()), change);
   for (const Use& use : uses) {
-    tableOf(*use.drawable)->setScalarRange(range);
+    change.applyTo(*tableOf(*use.drawable));
     use.drawable->findAttributes<ScalarAttributes>()->hasDataArray()->setRange(range);
   }
 }

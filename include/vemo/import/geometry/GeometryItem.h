@@ -26,6 +26,7 @@ class Colormap;
 class PolyDataReader;
 class ValueReader;
 struct GeometryEntries;
+struct PartsDrawn;
 
 /// A piece of geometry: points, cells, arrays over both, and drawing settings.
 class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
@@ -142,7 +143,7 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
   template <class T>
   void addTo(lum::DrawableCollection& collection, bool isHidden, const std::string& parentName,
              SharedBySiblings& shared) const;
-  bool hasSettingsOfOthers(const lum::GeometryDrawable& drawable) const;
+  bool hasSettingsOfOthers(const lum::GeometryDrawable& drawable, const PartsDrawn& parts) const;
   void logContents(int level) const;
 
   GeometrySettings _settings;

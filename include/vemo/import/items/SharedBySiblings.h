@@ -25,6 +25,8 @@ class ReadingContext;
 struct PartsDrawn {
   bool lines = false;
   bool points = false;
+  /// That lighting differs from this only follows from what could not be read of it.
+  bool isLightingUnknown = false;
 };
 
 /// State passed from an item to its siblings and children during conversion.

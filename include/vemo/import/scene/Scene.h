@@ -81,6 +81,8 @@ class VEMO_IMPORT_EXPORT Scene : public AssemblyItem {
   Color getBackgroundColor() const { return _backgroundColor; }
   /// Replaces the background colour; null when there is none.
   const Gradient* getGradient() const { return _gradient.get(); }
+  /// False if faults are collected, and there is one in the background.
+  bool isBackgroundSound() const { return _isBackgroundSound; }
   const Camera& getCamera() const { return _view.getCamera(); }
 
   /// The scene takes ownership of the block. A block set before is not freed:
@@ -111,6 +113,7 @@ class VEMO_IMPORT_EXPORT Scene : public AssemblyItem {
 
   Color _backgroundColor{0, 0, 0, 255};
   std::unique_ptr<Gradient> _gradient;
+  bool _isBackgroundSound = true;
   std::vector<std::unique_ptr<ClippingPlane>> _clippingPlanes;
   std::vector<std::unique_ptr<Light>> _lights;
   View _view;

@@ -29,6 +29,7 @@ class VEMO_IMPORT_EXPORT QxElement {
     const std::string& getValue() const { return *_value; }
     bool isRead() const { return _isRead; }
     bool isUnused() const { return _isUnused; }
+    bool isPartlyUnused() const { return _isPartlyUnused; }
 
    private:
     friend class QxElement;
@@ -37,6 +38,7 @@ class VEMO_IMPORT_EXPORT QxElement {
     const std::string* _value;
     mutable bool _isRead = false;
     mutable bool _isUnused = false;
+    mutable bool _isPartlyUnused = false;
   };
   using Attributes = std::vector<Attribute>;
   using Children = std::vector<std::unique_ptr<QxElement>>;
@@ -91,6 +93,8 @@ class VEMO_IMPORT_EXPORT QxElement {
 
   /// An attribute that the format has, but nothing here needs.
   void markUnused(const std::string& attribute) const;
+  /// The same for a part of its value, as the alpha of a colour.
+  void markPartlyUnused(const std::string& attribute) const;
 
   /// Whether the element has its effect though a later one replaces its parent.
   bool outlivesParent() const { return _outlivesParent; }

@@ -36,7 +36,6 @@ CoordinateSystemItem::CoordinateSystemItem(std::string name) : AxesItem(std::mov
 CoordinateSystemItem::~CoordinateSystemItem() = default;
 
 void CoordinateSystemItem::read(const QxElement& element, SceneFileReader* reader) {
-  KEYS.checkVersion(element, reader);
   readAxes(element, reader);
   if (reader != nullptr) {
     reportUnusable(element, *reader);

@@ -48,6 +48,7 @@ constexpr const char* TYPE_NAMES[] = {"points", "lines", "a surface"};
 constexpr const char* SHOW_FACES = "showFaces";
 constexpr const char* SHOW_EDGES = "showEdges";
 constexpr const char* CONTOUR = "contour";
+constexpr const char* LIGHTING[] = {"ambient", "diffuse", "specular", "specularPower"};
 
 /// Of lines and points, in pixels; pictures contain no wider ones.
 constexpr double WIDEST = 4096.0;
@@ -163,6 +164,8 @@ void GeometryItem::readImpl(const QxElement& element, SceneFileReader* reader) {
   const ValueReader values(element, reader, OnBadValue::FAIL);
   _settings.unknownScaleRange = values.findUnknownEnds("pointScaleScalarRange");
   _settings.unknownScaleSizes = values.findUnknownEnds("pointScaleScalarMapTo");
+  _settings.isLightingUnknown =
+      std::ranges::any_of(LIGHTING, [&](const char* key) { return values.isUnknown(key); });
   reportSettingsOutOfRange(element, *reader);
   setLineWidth(_settings.lineWidth);
   const bool isWanted = reader->startPart(element);
@@ -252,7 +255,7 @@ void GeometryItem::reportUnused(const ValueReader& values) const {
 void GeometryItem::readGeometry(const QxElement& element, SceneFileReader& reader) {
   GeometryEntries entries;
   GeometryEntries::KEYS.read(entries, element, &reader);
-  PolyDataReader data(*_polydata, reader.getDecoded(), reader);
+  PolyDataReader data(*_polydata, _settings.smoothShading, reader.getDecoded(), reader);
   reader.attempt([&] {
     const ReadingContext::AttributeScope scope(&reader, "points");
     data.readPoints(entries.points.value_or(""));
@@ -382,8 +385,9 @@ void GeometryItem::addToCollection(SharedBySiblings& shared, lum::DrawableCollec
 }
 
 /// Whether earlier geometry in the drawable stated what this item does not.
-bool GeometryItem::hasSettingsOfOthers(const lum::GeometryDrawable& drawable) const {
-  return (!_settings.hasLighting() && drawable.findAttributes<lum::MaterialAttributes>() != nullptr) ||
+bool GeometryItem::hasSettingsOfOthers(const lum::GeometryDrawable& drawable, const PartsDrawn& parts) const {
+  return (!_settings.hasLighting() && !parts.isLightingUnknown &&
+          drawable.findAttributes<lum::MaterialAttributes>() != nullptr) ||
          (!_settings.hasPointScale() && drawable.findAttributes<lum::PointScaleAttributes>() != nullptr);
 }
 
@@ -393,7 +397,10 @@ void GeometryItem::addTo(lum::DrawableCollection& collection, bool isHidden, con
   T& drawable = findDrawable<T>(collection, isHidden);
   const bool isShared = hasGeometry(drawable);
   PartsDrawn& parts = shared.partsDrawn[&drawable];
-  const SharedSettings before(drawable, parts);
+  parts.isLightingUnknown = parts.isLightingUnknown || _settings.isLightingUnknown;
+  const auto settings = [&](bool haveLighting) { return SharedSettings(drawable, parts, haveLighting); };
+  const SharedSettings before = settings(true);
+  const SharedSettings knownBefore = settings(!parts.isLightingUnknown);
   const bool isColoredByOther = shared.colormap == nullptr && hasColorTable(drawable);
   lum::PolyDataNode& node =
       GeometryDrawableBuilder(_settings, *_polydata, drawable, *shared.pointBounds, shared.context)
@@ -407,13 +414,15 @@ void GeometryItem::addTo(lum::DrawableCollection& collection, bool isHidden, con
     drawable.template getAttributes<lum::LineAttributes>().setLineWidth(_property->GetLineWidth());
   }
   addVisibilityAttrib(drawable, isHidden);
-  if (isShared && before != SharedSettings(drawable, parts)) {
+  if (isShared && knownBefore != settings(!parts.isLightingUnknown)) {
     reportReplaced(shared, drawable, FindingCode::SETTINGS_REPLACED,
                    "The settings of the geometry \"" + getName() +
                        "\" are replaced by those of a later geometry with the same name and type");
+  }
+  if (isShared && before != settings(true)) {
     keepReplacedSettings(shared, drawable);
   }
-  if (isShared && hasSettingsOfOthers(drawable)) {
+  if (isShared && hasSettingsOfOthers(drawable, parts)) {
     report(shared.context, FindingCode::SETTINGS_REPLACED,
            "The geometry \"" + getName() +
                "\" has settings of an earlier geometry with the same name and type that it does not state");

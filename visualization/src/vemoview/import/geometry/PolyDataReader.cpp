@@ -39,8 +39,9 @@ constexpr int MAX_COMPONENTS_WITHOUT_VALUES = 256;
 
 }  // namespace
 
-PolyDataReader::PolyDataReader(vtkPolyData& polyData, DecodedEntries& decoded, ReadingContext& context)
-    : _polyData(polyData), _decoded(decoded), _context(context) {}
+PolyDataReader::PolyDataReader(vtkPolyData& polyData, bool isSmooth, DecodedEntries& decoded,
+                               ReadingContext& context)
+    : _polyData(polyData), _isSmooth(isSmooth), _decoded(decoded), _context(context) {}
 
 void PolyDataReader::readPoints(const std::string& entry) {
   reportCutOff(_decoded.countFloats(entry), COORDINATES, entry);
@@ -156,17 +157,24 @@ void PolyDataReader::reportName(const GeometryArray& array) {
   const std::string entry = array.entry.value_or("");
   if (array.name == NORMALS) {
     _context.noteLoss();
-    _context.report(FindingCode::ARRAY_IS_NORMALS,
-                    "The array \"" + array.name + "\" counts as normals and colours nothing", entry);
+    if (isSurface() && array.isOfPoints == _isSmooth) {
+      _context.report(FindingCode::ARRAY_REPLACED,
+                      "The array \"" + array.name + "\" is replaced by computed normals", entry);
+    } else {
+      _context.report(FindingCode::ARRAY_IS_NORMALS,
+                      "The array \"" + array.name + "\" counts as normals and colours nothing", entry);
+    }
   } else if (array.name.empty()) {
     _context.report(FindingCode::ARRAY_WITHOUT_NAME, "An array has no name", entry);
   }
 }
 
+bool PolyDataReader::isSurface() const {
+  return _polyData.GetNumberOfPolys() > 0 || _polyData.GetNumberOfStrips() > 0;
+}
+
 bool PolyDataReader::isFull(vtkFieldData& data) const {
-  // Surfaces get normals.
-  const bool isSurface = _polyData.GetNumberOfPolys() > 0 || _polyData.GetNumberOfStrips() > 0;
-  return static_cast<std::size_t>(data.GetNumberOfArrays()) + (isSurface ? 1 : 0) >= MAX_DATA_ARRAYS;
+  return static_cast<std::size_t>(data.GetNumberOfArrays()) + (isSurface() ? 1 : 0) >= MAX_DATA_ARRAYS;
 }
 
 void PolyDataReader::addArray(vtkFieldData& data, vtkFloatArray& values, const GeometryArray& array) {

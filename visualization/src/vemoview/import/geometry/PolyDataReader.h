@@ -23,8 +23,9 @@ class ReadingContext;
 /// gets in.
 class PolyDataReader {
  public:
+  /// @param isSmooth whether a surface gets normals of its points, not of its cells
   /// @param context receives the warnings
-  PolyDataReader(vtkPolyData& polyData, DecodedEntries& decoded, ReadingContext& context);
+  PolyDataReader(vtkPolyData& polyData, bool isSmooth, DecodedEntries& decoded, ReadingContext& context);
 
   /// Three coordinates a point; a remainder at the end is ignored.
   void readPoints(const std::string& entry);
@@ -60,6 +61,8 @@ class PolyDataReader {
   vtkIdType listedCells() const;
   std::vector<vtkIdType> droppedCells() const;
   void reportCutOff(vtkIdType values, int components, const std::string& entry);
+  /// Which gets normals.
+  bool isSurface() const;
   /// Whether a database could not hold another array.
   bool isFull(vtkFieldData& data) const;
   void addArray(vtkFieldData& data, vtkFloatArray& values, const GeometryArray& array);
@@ -67,6 +70,7 @@ class PolyDataReader {
   void reportName(const GeometryArray& array);
 
   vtkPolyData& _polyData;
+  bool _isSmooth;
   DecodedEntries& _decoded;
   ReadingContext& _context;
   /// By kind.

@@ -3,6 +3,7 @@
 #include <vemo/scenegraph/Traversal.h>
 #include <vemo/scenegraph/attributes/ContourAttributes.h>
 #include <vemo/scenegraph/attributes/LineAttributes.h>
+#include <vemo/scenegraph/attributes/MaterialAttributes.h>
 #include <vemo/scenegraph/attributes/MeshAttributes.h>
 #include <vemo/scenegraph/attributes/PointAttributes.h>
 #include <vemo/scenegraph/attributes/PointSizeAttributes.h>
@@ -21,7 +22,8 @@ bool isAnyOf(const lum::Node& node) {
 
 }  // namespace
 
-SharedSettings::SharedSettings(lum::GeometryDrawable& drawable, const PartsDrawn& parts) {
+SharedSettings::SharedSettings(lum::GeometryDrawable& drawable, const PartsDrawn& parts, bool hasLighting)
+    : _hasLighting(hasLighting) {
   const lum::ColorAttributes& colors = *drawable.getColorAttributes();
   _colorMode = colors.getColorMode();
   _color = colors.getColor();
@@ -30,8 +32,9 @@ SharedSettings::SharedSettings(lum::GeometryDrawable& drawable, const PartsDrawn
   const auto* const contour = drawable.findAttributes<lum::ContourAttributes>();
   _showsEdges =
       (mesh != nullptr && mesh->getMeshVisible()) || (contour != nullptr && contour->getContourVisible());
-  lum::forEachNode(drawable.getAttributesCollection(), [&](const lum::Node& node) {
-    if (&node != &colors && hasEffect(node, parts)) {
+  auto& all = drawable.getAttributesCollection();
+  lum::forEachNode(all, [&](const lum::Node& node) {
+    if (&node != &all && &node != &colors && hasEffect(node, parts)) {
       _changed = std::max(_changed, node.getModificationTime());
     }
   });
@@ -40,6 +43,9 @@ SharedSettings::SharedSettings(lum::GeometryDrawable& drawable, const PartsDrawn
 bool SharedSettings::hasEffect(const lum::Node& attributes, const PartsDrawn& parts) const {
   if (isAnyOf<lum::MeshAttributes, lum::LineAttributes>(attributes)) {
     return _showsEdges || parts.lines;
+  }
+  if (isAnyOf<lum::MaterialAttributes>(attributes)) {
+    return _hasLighting;
   }
   return parts.points || !isAnyOf<lum::PointAttributes, lum::PointSizeAttributes>(attributes);
 }

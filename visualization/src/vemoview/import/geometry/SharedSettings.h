@@ -16,12 +16,14 @@ namespace vemo {
 /// all attributes except each one's colours.
 class SharedSettings {
  public:
-  SharedSettings(lum::GeometryDrawable& drawable, const PartsDrawn& parts);
+  /// @param hasLighting whether lighting is one of them
+  SharedSettings(lum::GeometryDrawable& drawable, const PartsDrawn& parts, bool hasLighting);
   bool operator==(const SharedSettings&) const = default;
 
  private:
   bool hasEffect(const lum::Node& attributes, const PartsDrawn& parts) const;
 
+  bool _hasLighting;
   lum::ColorMode _colorMode;
   std::optional<lum::Vector3> _color;
   double _opacity;

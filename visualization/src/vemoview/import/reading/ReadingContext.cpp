@@ -153,6 +153,11 @@ void ReadingContext::reportReplaced(FindingCode code, const std::string& text, c
   report({code, text + line, entry, path.empty() ? place.itemPath : path, earlier.line, {}, earlier.number});
 }
 
+bool ReadingContext::isOfUnused(const Finding& finding) const {
+  return _areItemsUnused && finding.code != FindingCode::ENTRY_SHORT &&
+         finding.code != FindingCode::CHECKSUM_WRONG;
+}
+
 bool ReadingContext::isConsequence(const Finding& finding) const {
   if (finding.attribute.empty() || finding.element == 0 || finding.getSeverity() > Severity::CHANGED) {
     return false;
@@ -181,7 +186,7 @@ bool ReadingContext::isListed(const Finding& finding) {
 }
 
 void ReadingContext::report(Finding finding) {
-  if (isConsequence(finding) || (_held != nullptr && _held->hold(finding))) {
+  if (isOfUnused(finding) || isConsequence(finding) || (_held != nullptr && _held->hold(finding))) {
     return;
   }
   if (!isListed(finding)) {

@@ -105,6 +105,21 @@ class ReadingContext {
   /// replaces all further parts.
   static void extendPath(std::string& path, const std::string& part);
 
+  /// In its lifetime only failures, and what is found about the content of entries, are reported, if the
+  /// items that are read are not used.
+  class UnusedScope {
+   public:
+    UnusedScope(ReadingContext& context, bool areUnused)
+        : _context(context), _former(std::exchange(context._areItemsUnused, areUnused)) {}
+    ~UnusedScope() { _context._areItemsUnused = _former; }
+    UnusedScope(const UnusedScope&) = delete;
+    UnusedScope& operator=(const UnusedScope&) = delete;
+
+   private:
+    ReadingContext& _context;
+    bool _former;
+  };
+
   /// From now on, `attempt` collects failures instead of throwing them, and findings that are
   /// not listed leave a mark.
   void collectFaults() { _collectsFaults = true; }
@@ -192,6 +207,8 @@ class ReadingContext {
   void noteFailure(int formerExceptions);
   /// The place of the exception being handled.
   Place getFailurePlace() const;
+  /// Whether it says what becomes of an item that is not used.
+  bool isOfUnused(const Finding& finding) const;
   /// Whether it is about a value that has been reported as unreadable: what follows
   /// from that is not reported, too, unless something is lost.
   bool isConsequence(const Finding& finding) const;
@@ -214,6 +231,7 @@ class ReadingContext {
   std::size_t _lossCount = 0;
   std::vector<Finding> _findings;
   std::vector<Mark> _marks;
+  bool _areItemsUnused = false;
   /// The innermost that is still held back; null if there is none.
   HeldFindings* _held = nullptr;
   std::map<FindingCode, std::size_t> _counts;

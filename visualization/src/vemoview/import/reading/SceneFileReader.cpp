@@ -79,6 +79,10 @@ bool SceneFileReader::startPart(const QxElement& geometry) {
   return false;
 }
 
+bool SceneFileReader::isReplaced(const std::string& entryName) const {
+  return hasPayload() && entryName != LUM_SCENE_ENTRY && !entryName.starts_with(LUM_ENTRY_PREFIX);
+}
+
 std::vector<std::string> SceneFileReader::getPayloadEntries() const {
   std::vector<std::string> entries;
   for (int i = 0; i < getArchive().getEntryCount(); ++i) {

@@ -66,6 +66,8 @@ class SceneFileReader : public ArchiveReader, public ReadingContext {
   const std::vector<Part>& getParts() const { return _parts; }
   /// Whether the archive has a scene graph of its own, which replaces that of the items.
   bool hasPayload() const { return getArchive().getSize(LUM_SCENE_ENTRY) > 0; }
+  /// Whether an entry cannot be of that scene graph, so that it is not used.
+  bool isReplaced(const std::string& entryName) const;
   /// The entries with the arrays of that scene graph, in the order in which they are read.
   std::vector<std::string> getPayloadEntries() const;
 

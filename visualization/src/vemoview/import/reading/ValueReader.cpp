@@ -197,6 +197,7 @@ void ValueReader::read(const KeyDescription& key, Color& value) const {
       reportUnreadable(_reader, *text, inQuotes(key.name), COLOR_FORM.flaw, valueText(value), key.name);
     }
     if (key.isAlphaUnused && value.a != OPAQUE && _reader != nullptr) {
+      _element.markPartlyUnused(key.name);
       _reader->report(FindingCode::ATTRIBUTE_WITHOUT_EFFECT,
                       "The alpha of " + inQuotes(key.name) + " has no effect", {}, key.name);
     }

@@ -158,7 +158,7 @@ void Scene::read(const QxElement& element, SceneFileReader* reader) {
 }
 
 void Scene::readImpl(const QxElement& element, SceneFileReader* reader) {
-  KEYS.read(*this, element, reader);
+  _isBackgroundSound = KEYS.read(*this, element, reader);
   readChildren(*this, makeReadingCommands(sceneElements()), element, reader);
   if (reader != nullptr) {
     reportWithoutEffect(element, *reader);
@@ -172,7 +172,10 @@ void Scene::readView(const QxElement& element, SceneFileReader* reader) {
 
 void Scene::readGradient(const QxElement& element, SceneFileReader* reader) {
   _gradient = std::make_unique<Gradient>("background");
+  const std::size_t faults = countFaults(reader);
+  _isBackgroundSound = false;
   _gradient->read(element, reader);
+  _isBackgroundSound = countFaults(reader) == faults;
 }
 
 void Scene::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int level,

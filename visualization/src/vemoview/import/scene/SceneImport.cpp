@@ -147,14 +147,20 @@ SceneNodePtr convertItems(const Scene& scene, ReadingContext& context,
   shared.context = &context;
   shared.geometryNodes = geometryNodes;
   const ReadingContext::ItemScope scope(&context, Scene::XML_ENTITY, scene.getPlace());
-  context.attempt([&] {
+  lum::BackgroundAttributes& background = sceneNode->getBackgroundCanvas().getBackgroundAttributes();
+  const bool isBackgroundUsable = context.attempt([&] {
     const Gradient* const gradient = scene.getGradient();
     const ReadingContext::ItemScope backgroundScope(
         &context, gradient != nullptr ? gradient->getPathName() : Gradient::XML_ENTITY,
         gradient != nullptr ? gradient->getPlace() : scene.getPlace());
     const ReadingContext::AttributeScope modeScope(&context, "mode");
-    setBackground(sceneNode->getBackgroundCanvas().getBackgroundAttributes(), scene);
+    setBackground(background, scene);
   });
+  if (!isBackgroundUsable || !scene.isBackgroundSound()) {
+    // No text is recoloured on it, which would only follow from the fault.
+    background.setColorMode(lum::BackgroundColorModes::SOLID);
+    background.setSolidColor({1, 1, 1});
+  }
   scene.addToCollection(shared, sceneNode->getModelCanvas().getDrawableCollection(), 0, "noname");
   return sceneNode;
 }
@@ -206,7 +212,8 @@ lum::SceneNode& SceneImport::convert() {
                                    _reader.countItems() * SceneFileReader::BYTES_PER_ITEM);
   if (_scene->getLUMSceneFile().count != 0) {
     _reader.report(FindingCode::DESCRIPTION_REPLACED,
-                   "The archive holds a scene graph, which is used instead of the items of the description");
+                   "The archive holds a scene graph, which is used instead of the items of the description",
+                   SceneFileReader::SCENE_ENTRY);
     _sceneNode = decode(*_scene, _session.open(), _reader);
     if (_wantsPart && _sceneNode) {
       _parts = keepParts(*_sceneNode, _wantsPart);

@@ -23,7 +23,7 @@ Outcome outcomeOf(FindingCode code) {
       return Outcome::UNKNOWN;
     case FindingCode::ATTRIBUTE_WITHOUT_EFFECT:
     case FindingCode::DESCRIPTION_REPLACED:
-      return Outcome::LOST;
+      return Outcome::UNUSED;
     default:
       break;
   }
@@ -40,9 +40,16 @@ Outcome outcomeOf(FindingCode code) {
   return Outcome::REFUSED;
 }
 
+/// Without findings.
+Outcome outcomeOf(const QxElement::Attribute& attribute) {
+  return attribute.isUnused()         ? Outcome::UNUSED
+         : attribute.isPartlyUnused() ? Outcome::CHANGED
+                                      : Outcome::KEPT;
+}
+
 /// Whether its outcome applies to everything in the element.
 bool isAboutWhole(FindingCode code) {
-  return outcomeOf(code) > Outcome::CHANGED;
+  return outcomeOf(code) != Outcome::CHANGED;
 }
 
 /// The findings about one element and its attributes.
@@ -53,16 +60,14 @@ struct ElementFindings {
 
 class DescriptionLedger {
  public:
-  explicit DescriptionLedger(const SceneLedger::Sink& list) : _list(list) {}
+  /// @param ofAll what holds for all elements
+  DescriptionLedger(const SceneLedger::Sink& list, Outcome ofAll) : _list(list), _inherited{ofAll} {}
 
   /// Findings or marks, which must outlive the ledger. To be called before elements are added.
   template <class List>
   void addFindings(const List& findings) {
     for (const auto& finding : findings) {
       _findings.push_back({finding.element, finding.code, finding.attribute});
-      if (finding.code == FindingCode::DESCRIPTION_REPLACED) {
-        _inherited.assign(1, Outcome::LOST);
-      }
     }
     std::ranges::stable_sort(_findings, {}, &Row::element);
   }
@@ -92,8 +97,7 @@ class DescriptionLedger {
     for (const QxElement::Attribute& attribute : element.getAttributes()) {
       row.attribute = attribute.getName();
       row.value = attribute.getValue();
-      put(row, attribute.isUnused() ? std::max(ofParts, Outcome::UNUSED) : ofParts,
-          found.ofAttributes[attribute.getName()]);
+      put(row, std::max(ofParts, outcomeOf(attribute)), found.ofAttributes[attribute.getName()]);
     }
     if (element.hasText()) {
       row.attribute = TEXT_NAME;
@@ -158,7 +162,7 @@ class DescriptionLedger {
   /// Sorted by the number of the element.
   std::vector<Row> _findings;
   /// What holds for all children of the open elements, and first for all elements.
-  std::vector<Outcome> _inherited{Outcome::KEPT};
+  std::vector<Outcome> _inherited;
 };
 
 }  // namespace
@@ -173,7 +177,7 @@ SceneLedger::SceneLedger(const SceneFileReader& reader) : _reader(reader) {}
 
 void SceneLedger::list(const Sink& sink) const {
   if (_reader.getDescription() != nullptr) {
-    DescriptionLedger ledger(sink);
+    DescriptionLedger ledger(sink, _reader.hasPayload() ? Outcome::UNUSED : Outcome::KEPT);
     ledger.addFindings(_reader.getFindings());
     ledger.addFindings(_reader.getMarks());
     walkDescription(*_reader.getDescription(), [&ledger](const PlacedElement& place) {
@@ -200,7 +204,9 @@ void SceneLedger::listEntries(const Sink& sink) const {
     row.findings = codes[row.entry];
     // Without a finding, it is what the faults kept from being read.
     const bool isUnread = row.findings.empty() && std::ranges::binary_search(unread, row.entry);
-    row.outcome = isUnread ? Outcome::REFUSED : Outcome::KEPT;
+    row.outcome = isUnread                        ? Outcome::REFUSED
+                  : _reader.isReplaced(row.entry) ? Outcome::UNUSED
+                                                  : Outcome::KEPT;
     for (const FindingCode code : row.findings) {
       row.outcome = std::max(row.outcome, outcomeOf(code));
     }

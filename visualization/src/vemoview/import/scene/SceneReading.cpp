@@ -51,6 +51,7 @@ void SceneFileReader::readItems(Scene& scene) {
   _description = readXml(SCENE_ENTRY);
   _description->markRead();
   const ItemScope scope(this, Scene::XML_ENTITY, _description->getPlace());
+  const UnusedScope unused(*this, hasPayload());
   if (_description->getName() != Scene::XML_ENTITY) {
     report(FindingCode::ROOT_UNKNOWN, "The root element \"" + shortened(_description->getName()) +
                                           "\" is read as a \"" + Scene::XML_ENTITY + '"');

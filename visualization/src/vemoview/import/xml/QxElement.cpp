@@ -60,6 +60,12 @@ void QxElement::markUnused(const std::string& attribute) const {
   }
 }
 
+void QxElement::markPartlyUnused(const std::string& attribute) const {
+  if (const Attribute* const found = peekAttribute(attribute)) {
+    found->_isPartlyUnused = true;
+  }
+}
+
 void QxElement::setAttribute(const std::string& name, const std::string& value) {
   std::erase_if(_attributes, [&name](const Attribute& attribute) { return attribute.getName() == name; });
   addAttribute(name, value);

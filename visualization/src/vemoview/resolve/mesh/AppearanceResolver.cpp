@@ -1,6 +1,8 @@
 #include "vemoview/resolve/mesh/AppearanceResolver.h"
 
+#include "vemoview/resolve/values/NodeFindings.h"
 #include "vemoview/resolve/values/UsableValues.h"
+#include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/attributes/ContourAttributes.h>
 #include <vemo/scenegraph/attributes/LineAttributes.h>
 #include <vemo/scenegraph/attributes/MaterialAttributes.h>
@@ -14,6 +16,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <fmt/format.h>
 
 namespace vemo {
 
@@ -106,6 +109,11 @@ Color resolveColor(const lum::GeometryDrawable& drawable, Appearance::Kind kind,
   const auto found = attributes->getColors().find(key);
   const Color* const keyed = found == attributes->getColors().end() ? nullptr : &found->second;
   const Color* const plain = attributes->getColor() ? &*attributes->getColor() : nullptr;
+  if (keyed == nullptr && attributes->getColorMode() == lum::ColorMode::KEYED) {
+    reportFinding(FindingCode::VALUE_IGNORED,
+                  fmt::format("The colours of \"{}\" have none for \"{}\": {} is used", itemNameOf(drawable),
+                              key, plain != nullptr ? "the plain one" : "the default"));
+  }
   const bool isPlainFirst = attributes->getColorMode() == lum::ColorMode::PLAIN;
   const Color* const first = isPlainFirst ? plain : keyed;
   const Color* const second = isPlainFirst ? keyed : plain;

@@ -100,6 +100,7 @@ class MeshBuilder {
   /// One mesh for each visible kind; none when nothing is visible.
   std::vector<MeshInstance> build() {
     std::vector<MeshInstance> meshes = describeMeshes();
+    reportIfWithoutCells();
     if (meshes.empty() || !putCells()) {
       return {};
     }
@@ -250,6 +251,16 @@ class MeshBuilder {
     mesh.geometry = prepared.geometry;
     mesh.filling = prepared.filling;
     reportMisshapen(prepared.misshapenPolygons);
+  }
+
+  /// Only a point drawable shows points without cells.
+  void reportIfWithoutCells() const {
+    if (kindOf(_drawable) != Appearance::Kind::POINTS && _node.getPoints() != nullptr &&
+        _node.getPoints()->GetNumberOfTuples() > 0 &&
+        !hasCells(_node, CellKind::VERTS | CellKind::LINES | CellKind::POLYS | CellKind::STRIPS)) {
+      reportFinding(FindingCode::GEOMETRY_NOT_DRAWN,
+                    fmt::format("\"{}\" is not drawn: its points have no cells", itemNameOf(_node)));
+    }
   }
 
   void reportCellsNotDrawn() const {
