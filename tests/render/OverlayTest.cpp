@@ -323,7 +323,7 @@ TEST(LegendTest, ShowsAsManyNumbersAsFitAndDrawsUnusableTexts) {
   }
 }
 
-TEST(LegendTest, ShowsItsColoursInTheLowestWindow) {
+TEST(LegendTest, ShowsItsColoursInTheSmallestWindow) {
   for (const auto orientation : {lum::LegendOrientation::HORIZONTAL, lum::LegendOrientation::VERTICAL}) {
     RenderScene scene;
     scene.node().getBackgroundCanvas().getBackgroundAttributes().setSolidColor({1, 1, 1});
@@ -334,12 +334,45 @@ TEST(LegendTest, ShowsItsColoursInTheLowestWindow) {
     legend.getLegendAttributes().setTitle("t");
     legend.getColorLookupTable().setColorValues({1, 0, 0, 1, 0, 1, 0, 1});
     legend.getColorLookupTable().setNumColor(2);
-    for (const int height : {10, 15, 30}) {
-      const Picture picture = renderPicture(scene.node(), {100, height});
-      EXPECT_GT(countPixels(picture, {255, 0, 0}), 0) << height;
-      EXPECT_GT(countPixels(picture, {0, 255, 0}), 0) << height;
+    const auto expectColors = [&](int width, int height) {
+      const Picture picture = renderPicture(scene.node(), {width, height});
+      EXPECT_GT(countPixels(picture, {0, 255, 0}), 0) << width << " x " << height;
+      const PixelBox red = boxOf(picture, {255, 0, 0});
+      EXPECT_GT(red.count, 0) << width << " x " << height;
+      EXPECT_LE(red.width(), width / 2) << "leaves room for numbers";
+    };
+    for (const int height : {4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 30}) {
+      expectColors(100, height);
     }
+    legend.getLegendAttributes().setLabelFormat("%.60f");
+    expectColors(12, 100);
+    legend.getTextAttributes().setFontSize(1e-3);
+    expectColors(12, 1000);
   }
+}
+
+/// One number is not written over another, and none where it has no place.
+TEST(LegendTest, ShowsOnlyNumbersThatHaveRoomBelowIt) {
+  RenderScene scene;
+  scene.node().getBackgroundCanvas().getBackgroundAttributes().setSolidColor({1, 1, 1});
+  auto& legend = addLegend(scene);
+  legend.getPositionAttributes().setPosition({0.2, 0.3, 0}, false);
+  legend.getTextAttributes().setFontSize(0.05);
+  auto& attributes = legend.getLegendAttributes();
+  attributes.setOrientation(lum::LegendOrientation::HORIZONTAL);
+  attributes.setSize({0.6, 0.4});
+  attributes.setNumberOfLabels(100);
+  legend.getColorLookupTable().setColorValues({1, 0, 0, 1});
+  legend.getColorLookupTable().setNumColor(1);
+  legend.getColorLookupTable().setScalarRange({1000, 9000});
+  const Picture picture = scene.render();
+  const int below = SIZE - boxOf(picture, {255, 0, 0}).bottom + 2;
+  int ticks = 0;
+  for (int column = 1; column < SIZE; ++column) {
+    ticks += picture.at(column, below) != WHITE && picture.at(column - 1, below) == WHITE ? 1 : 0;
+  }
+  EXPECT_NEAR(ticks, 5, 1);
+  EXPECT_GT(inkOn(picture, WHITE).left, 0.15 * SIZE);
 }
 
 TEST(LegendTest, ShowsTranslucentColoursAsSurfacesDo) {

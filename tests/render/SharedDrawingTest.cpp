@@ -14,6 +14,7 @@
 #include <vemo/resolve/SceneTooLarge.h>
 
 #include <vtkActor.h>
+#include <vtkCellData.h>
 #include <vtkLookupTable.h>
 #include <vtkMapper.h>
 #include <vtkPointData.h>
@@ -192,15 +193,30 @@ TEST(SharedDrawingTest, LimitsThePropsInProportionToTheScene) {
   }
 }
 
-/// Those of many different looks exist only while they are drawn, which nobody can see.
+/// Those of many different looks exist only while they are drawn, which nobody can see, also not where they
+/// are mirrored, coloured by data, or cut, by OpenGL and beyond its planes.
 TEST(SharedDrawingTest, LooksAlikeWhereverPropsAreKept) {
   RenderScene scene;
-  constexpr int MESHES = 500;
+  for (int i = 0; i < 6; ++i) {
+    scene.clip({1, 1, 0}, {-0.5 - 0.01 * i, 0, 0});
+  }
+  scene.clip({-1, 0.5, 0}, {0.6, 0, 0});
+  auto& mirrored = scene.collectionIn(scene.drawables());
+  setTransform<lum::SymmetricTransform>(mirrored).setPlane({0, 1, 0, 0});
+  constexpr int MESHES = 400;
   for (int i = 0; i < MESHES; ++i) {
     const float left = -1.0F + 2.0F * static_cast<float>(i) / MESHES;
     const float depth = 0.001F * static_cast<float>((7 * i) % MESHES);
-    auto& surface = scene.addSurface(makeRectangle(left, left + 0.2F, -0.5F, 0.5F, depth), {1, 0, 0.002 * i});
+    const auto geometry = makeRectangle(left, left + 0.2F, 0.1F, 0.9F, depth);
+    geometry->GetPointData()->AddArray(makeArray("s", {0, 0, 1, 1}));
+    geometry->GetCellData()->AddArray(makeArray("s", {0.002F * static_cast<float>(i)}));
+    auto& surface = scene.addSurface(geometry, {1, 0, 0.002 * i}, i % 3 == 0 ? mirrored : scene.drawables());
+    if (i % 5 < 2) {
+      colorByArray(surface, "s", i % 5 == 0 ? lum::DataLocation::POINTS : lum::DataLocation::CELLS,
+                   {1, 0, 0, 1, 0, 1, 0, 1});
+    }
     surface.getColorAttributes()->setOpacity(i % 2 == 0 ? 1.0 : 0.5, false);
+    surface.getBaseAttributes().setClipPlanesEnabled(i % 7 != 0);
     edgesOf(surface).setMeshVisible(true, false);
     surface.getAttributes<lum::ContourAttributes>().setContourVisible(true);
     linesOf(surface).setLineWidth(1 + 0.001 * i);
@@ -213,9 +229,36 @@ TEST(SharedDrawingTest, LooksAlikeWhereverPropsAreKept) {
     window->Render();
     return Picture::of(*window);
   };
-  const auto batches = groupIntoBatches(resolveScene(scene.node()).canvases.at(0).meshes);
-  EXPECT_THAT(PropBudget(Drawn::ONCE).add(batches, 0), testing::Contains(false));
+  EXPECT_THAT(PropBudget(Drawn::ONCE).add(groupIntoBatches(meshesOf(scene)), 7), testing::Contains(false));
   EXPECT_EQ(draw(Drawn::ONCE), draw(Drawn::OFTEN));
+}
+
+/// Nothing of it is shown, and it counts for nothing.
+TEST(SharedDrawingTest, ShowsFewerItemsAfterTooManyWereRefused) {
+  SceneBuilder scene;
+  auto& one = scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 0, 0});
+  // Each just too large to be merged, and few enough for the other limits.
+  const auto points = makePolyData(std::vector<std::array<float, 3>>(33), {});
+  auto& many = scene.add<lum::PointSphereDrawable>(points);
+  for (int i = 0; i < 50'000; ++i) {
+    const auto mesh = make<lum::PolyDataNode>();
+    mesh->setPolyData(points);
+    many.addNode(*mesh);
+  }
+  const auto show = [](lum::Drawable& drawable, bool isVisible) {
+    drawable.getBaseAttributes().setVisibility(isVisible, false);
+  };
+  show(one, false);
+  show(many, false);
+  SceneRenderer renderer(scene.node(), {}, Drawn::ONCE);
+  const auto isShown = [&](const lum::Drawable& drawable) { return renderer.fit(std::array{&drawable}); };
+  show(one, true);
+  show(many, true);
+  EXPECT_THROW(renderer.followVisibility(), SceneTooLarge);
+  EXPECT_FALSE(isShown(one));
+  show(many, false);
+  renderer.followVisibility();
+  EXPECT_TRUE(isShown(one));
 }
 
 TEST(SharedDrawingTest, DrawsAPartThousandsOfTimes) {

@@ -19,6 +19,7 @@
 #include <gtest/gtest.h>
 #include <numeric>
 #include <tuple>
+#include <variant>
 
 namespace vemo {
 
@@ -153,6 +154,69 @@ TEST(SceneResolverTest, SharesWhatWasDrawnWithWhatIsShownLater) {
   ASSERT_EQ(again.size(), 1U);
   EXPECT_EQ(again[0].geometry, meshes.at(0).geometry);
   EXPECT_TRUE(resolver.update(0).meshes.empty());
+}
+
+/// A text at a place in the model.
+lum::TextDrawable& addTextAt(SceneBuilder& scene, const Vector3& position) {
+  auto& text = scene.collectionIn(scene.drawables()).findOrCreate<lum::TextDrawable>();
+  text.getAnnotationAttributes().setText("a");
+  text.getAnnotationAttributes().setCoordinateSpace(lum::CoordinateSpace::MODEL);
+  text.getPositionAttributes().setPosition(position, false);
+  return text;
+}
+
+void show(lum::Drawable& drawable, bool isVisible) {
+  drawable.getBaseAttributes().setVisibility(isVisible, false);
+}
+
+TEST(SceneResolverTest, TakesBackWhatCountsTowardsLimits) {
+  SceneBuilder scene;
+  // More than half of all decorations and copies, and copies of points that only what they are made of
+  // permits.
+  repeat(addTextAt(scene, {}), {0.1, 0, 0}, 1500);
+  for (int i = 0; i < 3; ++i) {
+    repeat(scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 0, 0}), {2, 0, 0}, 10'000);
+  }
+  constexpr std::size_t POINTS = 100'000;
+  const auto points = makePolyData(std::vector<std::array<float, 3>>(POINTS), {});
+  std::vector<float> values(POINTS);
+  values[0] = 1;
+  points->GetPointData()->AddArray(makeArray("s", values));
+  for (int i = 0; i < 11; ++i) {
+    addScaled(scene, points, i + 1);
+  }
+  show(scene.drawables(), false);
+  SceneResolver resolver(scene.node());
+  resolver.resolve();
+  show(scene.drawables(), true);
+  const std::size_t meshes = resolver.update(0).meshes.size();
+  EXPECT_GT(meshes, 14U);
+  for (int i = 0; i < 2; ++i) {
+    resolver.takeBack(0);
+    const CanvasUpdate again = resolver.update(0);
+    EXPECT_EQ(again.meshes.size(), meshes);
+    EXPECT_EQ(again.decorations.size(), 1500U);
+  }
+}
+
+TEST(SceneResolverTest, TakesBackTheSizeOfTheModel) {
+  SceneBuilder scene;
+  scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 0, 0});
+  auto& large = scene.addSurface(makeRectangle(0, 100, 0, 1), {1, 0, 0});
+  auto& text = addTextAt(scene, {50, 0, 0});
+  show(large, false);
+  show(text, false);
+  SceneResolver resolver(scene.node());
+  resolver.resolve();
+  const auto isTextFramed = [&] {
+    return std::get<TextDecoration>(resolver.update(0).decorations.at(0).content).isFramed;
+  };
+  show(large, true);
+  show(text, true);
+  EXPECT_TRUE(isTextFramed());
+  resolver.takeBack(0);
+  show(large, false);
+  EXPECT_FALSE(isTextFramed());
 }
 
 /// A bolt, or an atom, of some points.

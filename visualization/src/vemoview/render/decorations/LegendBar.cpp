@@ -295,7 +295,7 @@ class Legend {
     _high = {high[0], high[1] - _titleHeight};
     if (_isVertical) {
       _low[1] += _line / 2.0;
-      _high[1] = std::max(_high[1] - _line / 2.0, _low[1] + 1.0);
+      _high[1] -= _line / 2.0;
       _high[0] = _low[0] + std::min(breadth(), (high[0] - low[0]) / 2.0);
     } else {
       const double inset = std::min(_labelExtent / 2.0, (high[0] - low[0]) / 3.0);
@@ -305,7 +305,7 @@ class Legend {
     }
     std::ranges::for_each(_low, snap);
     std::ranges::for_each(_high, snap);
-    // The colours are seen in the lowest window, at the cost of the numbers.
+    // The colours are seen in the smallest window, at the cost of the numbers.
     _high[0] = std::max(_high[0], _low[0] + _pixel);
     _low[1] = std::min(_low[1], _high[1] - _pixel);
   }
