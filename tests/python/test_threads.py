@@ -201,6 +201,37 @@ def test_python_ends_while_other_threads_work(work: str) -> None:
     assert (ended.returncode, ended.stderr) == (0, "")
 
 
+IMPORT_IN_SUBINTERPRETER = """
+import sys
+try:
+    import _interpreters as interpreters
+except ImportError:
+    import _xxsubinterpreters as interpreters
+
+attempt = '''
+try:
+    import MODULE
+except ImportError as error:
+    assert "subinterpreter" in str(error), error
+else:
+    raise AssertionError("it can be imported")
+'''
+other = interpreters.create()
+failure = interpreters.run_string(other, f"import sys; sys.path[:] = {sys.path!r}" + attempt)
+interpreters.destroy(other)
+assert failure is None, failure
+import MODULE
+"""
+
+
+@pytest.mark.parametrize("module", ["vemoscene", "vemoscene.vtk"])
+def test_subinterpreters_are_refused(module: str) -> None:
+    """The extension would wait for ever."""
+    script = IMPORT_IN_SUBINTERPRETER.replace("MODULE", module)
+    ended = subprocess.run([sys.executable, "-c", script], capture_output=True, text=True, timeout=60, check=False)
+    assert (ended.returncode, ended.stderr) == (0, "")
+
+
 def run_in_fork(work: Callable[[], Any]) -> bool:
     """Returns whether it ends without an exception."""
     process = os.fork()

@@ -5,14 +5,58 @@
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
+#include <vtkFloatArray.h>
+#include <vtkNew.h>
+#include <vtkObjectFactory.h>
 #include <vtkPointData.h>
 #include <vtkPoints.h>
 
+#include <cstddef>
 #include <gtest/gtest.h>
+#include <string>
+#include <vector>
 
 namespace vemo {
 
 namespace {
+
+/// Counts how often arrays are asked for their names.
+class AskedArray final : public vtkFloatArray {
+ public:
+  static AskedArray* New();
+  vtkTypeMacro(AskedArray, vtkFloatArray)
+
+  char* GetName() override {
+    ++questions;
+    return vtkFloatArray::GetName();
+  }
+
+  static inline int questions = 0;
+};
+
+vtkStandardNewMacro(AskedArray)
+
+/// In how many questions for names a node takes over and hands out so many arrays.
+int questionsOf(int count) {
+  vtkNew<vtkPolyData> given;
+  std::vector<vtkDataArray*> arrays;
+  for (int i = 0; i < count; ++i) {
+    vtkNew<AskedArray> array;
+    array->SetName(std::to_string(i).c_str());
+    given->GetPointData()->AddArray(array);
+    arrays.push_back(array);
+  }
+  AskedArray::questions = 0;
+  const auto node = make<lum::PolyDataNode>();
+  node->setPolyData(given);
+  const auto taken = node->getPolyData();
+  const int questions = AskedArray::questions;
+  EXPECT_EQ(taken->GetPointData()->GetNumberOfArrays(), count);
+  for (int i = 0; i < taken->GetPointData()->GetNumberOfArrays(); ++i) {
+    EXPECT_EQ(taken->GetPointData()->GetArray(i), arrays[static_cast<std::size_t>(i)]);
+  }
+  return questions;
+}
 
 TEST(PolyDataNodeTest, SharesArraysAndHandsOutWhatItWasGiven) {
   const auto given = makePolyData({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}}, {.polys = {{0, 1, 2}}});
@@ -37,6 +81,28 @@ TEST(PolyDataNodeTest, SharesArraysAndHandsOutWhatItWasGiven) {
   EXPECT_EQ(given->GetPointData()->GetArray("pressure"), pressure.Get())
       << "the poly data given is not changed";
   EXPECT_EQ(given->GetCellData()->GetNumberOfArrays(), 0);
+}
+
+TEST(PolyDataNodeTest, AsksForNamesInProportionToItsArrays) {
+  constexpr int COUNT = 50;
+  EXPECT_LE(questionsOf(2 * COUNT), 2 * questionsOf(COUNT) + COUNT);
+}
+
+TEST(PolyDataNodeTest, TakesTheLatestArrayOfAName) {
+  vtkNew<vtkPolyData> given;
+  const auto first = makeArray("a", {1});
+  const auto other = makeArray("b", {2});
+  const auto latest = makeArray("c", {3});
+  for (const auto& array : {first, other, latest}) {
+    given->GetCellData()->AddArray(array);
+  }
+  latest->SetName("a");
+  const auto node = make<lum::PolyDataNode>();
+  node->setPolyData(given);
+  const auto taken = node->getPolyData();
+  ASSERT_EQ(taken->GetCellData()->GetNumberOfArrays(), 2);
+  EXPECT_EQ(taken->GetCellData()->GetArray(0), latest.Get());
+  EXPECT_EQ(taken->GetCellData()->GetArray(1), other.Get());
 }
 
 TEST(PolyDataNodeTest, RefusesWhatItDoesNotKnow) {

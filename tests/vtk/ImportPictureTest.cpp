@@ -14,7 +14,9 @@
 #include <vtkPointData.h>
 #include <vtkWindowToImageFilter.h>
 
+#include <array>
 #include <gtest/gtest.h>
+#include <vector>
 
 namespace vemo {
 
@@ -189,6 +191,37 @@ TEST(ImportPictureTest, KeepsToTheRenderersPartOfTheWindow) {
   EXPECT_EQ(picture.at(SIZE * 3 / 4, SIZE / 2), (Picture::Pixel{0, 255, 0}));
   importer->Clear();
   EXPECT_EQ(window.renderer->GetViewport()[2], 0.5);
+}
+
+TEST(ImportPictureTest, HasThePartOfItsOwnModelAmongOtherScenes) {
+  SceneBuilder half;
+  half.addSurface(makeRectangle(-1, 1, -1, 1), {1, 0, 0});
+  half.canvas().getAttributes<lum::CanvasPositionAttributes>().setPosition({0.5, 0});
+  SceneBuilder quarter;
+  quarter.addSurface(makeRectangle(-1, 1, -1, 1), {0, 1, 0});
+  quarter.canvas().getAttributes<lum::CanvasPositionAttributes>().setPosition({0.75, 0});
+  SceneBuilder whole;
+  whole.addSurface(makeRectangle(-1, 1, -1, 1), {0, 0, 1});
+  const auto partOfWindow = [](ImportWindow& window) {
+    const double* const viewport = window.renderer->GetViewport();
+    return std::vector<double>(viewport, viewport + 4);
+  };
+  ImportWindow window;
+  std::array<vtkNew<vtkVemoSceneImporter>, 3> importers;
+  std::size_t next = 0;
+  for (SceneBuilder* const scene : {&half, &quarter, &whole}) {
+    importers[next]->SetScene(&scene->node());
+    window.import(*importers[next++]);
+  }
+  EXPECT_EQ(partOfWindow(window), (std::vector<double>{0, 0, 1, 1}));
+  importers[2]->Clear();
+  EXPECT_EQ(partOfWindow(window), (std::vector<double>{0.75, 0, 1, 1}));
+  importers[0]->Clear();
+  EXPECT_EQ(partOfWindow(window), (std::vector<double>{0.75, 0, 1, 1}));
+  EXPECT_EQ(countDifferences(drawn(quarter.node()), window.draw()), 0);
+  window.renderer->SetViewport(0, 0, 0.5, 1);
+  importers[1]->Clear();
+  EXPECT_EQ(partOfWindow(window), (std::vector<double>{0, 0, 0.5, 1})) << "the program has changed it";
 }
 
 TEST(ImportPictureTest, HasTextsInTheSizeOfThePart) {

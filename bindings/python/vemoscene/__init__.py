@@ -19,6 +19,10 @@ import os
 import stat
 from typing import Callable, Optional, Union
 
+from vemoscene._interpreter import require_main_interpreter
+
+require_main_interpreter()
+
 import numpy
 import numpy.typing
 

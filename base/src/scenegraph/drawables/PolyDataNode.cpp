@@ -1,3 +1,4 @@
+#include "geometry/NamedArrays.h"
 #include "geometry/Normals.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/scenegraph/drawables/PolyDataNode.h>
@@ -16,15 +17,13 @@ namespace lum {
 
 namespace {
 
-std::string_view nameOf(vtkDataArray& array) {
-  const char* name = array.GetName();
-  return name != nullptr ? name : "";
-}
+using vemo::NamedArrays;
 
 void putArray(ArrayTable& table, vtkDataArray* array) {
   VEMO_REQUIRE(array != nullptr, "must be not NULL");
-  const auto place =
-      std::ranges::find_if(table, [&](const auto& held) { return nameOf(*held) == nameOf(*array); });
+  const auto place = std::ranges::find_if(table, [name = NamedArrays::nameOf(*array)](const auto& held) {
+    return NamedArrays::nameOf(*held) == name;
+  });
   if (place != table.end()) {
     *place = array;
   } else {
@@ -33,22 +32,25 @@ void putArray(ArrayTable& table, vtkDataArray* array) {
 }
 
 ArrayTable arraysOf(vtkFieldData& data) {
-  ArrayTable table;
+  NamedArrays arrays;
   for (int i = 0; i < data.GetNumberOfArrays(); ++i) {
     // Arrays of text and the like have no place in a picture.
     if (vtkDataArray* array = data.GetArray(i)) {
-      putArray(table, array);
+      arrays.put(*array);
     }
   }
-  return table;
+  return arrays.release();
 }
 
 void addArrays(vtkDataSetAttributes& data, const ArrayTable& table) {
+  NamedArrays arrays;
   for (const auto& array : table) {
-    data.AddArray(array);
-    if (nameOf(*array) == vemo::NORMALS && array->GetNumberOfComponents() == 3) {
-      data.SetNormals(array);
-    }
+    arrays.put(*array);
+  }
+  arrays.addTo(data);
+  if (const auto normals = arrays.find(vemo::NORMALS);
+      normals && arrays[*normals].GetNumberOfComponents() == 3) {
+    data.SetNormals(&arrays[*normals]);
   }
 }
 

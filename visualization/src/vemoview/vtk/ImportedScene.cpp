@@ -66,18 +66,12 @@ vtkSmartPointer<vtkCamera> cameraFor(vtkRenderer& renderer) {
                                                : vtk::TakeSmartPointer(renderer.MakeCamera());
 }
 
-/// A canvas's part of a renderer's part of the window.
-void setPart(vtkRenderer& renderer, const double* whole, const ResolvedCanvas& canvas) {
-  const auto& low = canvas.lowerLeft;
-  const auto& high = canvas.upperRight;
-  const double width = whole[2] - whole[0];
-  const double height = whole[3] - whole[1];
-  renderer.SetViewport(whole[0] + low[0] * width, whole[1] + low[1] * height, whole[0] + high[0] * width,
-                       whole[1] + high[1] * height);
+Viewport placeOf(const ResolvedCanvas& canvas) {
+  return {canvas.lowerLeft[0], canvas.lowerLeft[1], canvas.upperRight[0], canvas.upperRight[1]};
 }
 
 bool fillsWindow(const ResolvedCanvas& canvas) {
-  return canvas.lowerLeft == Vector<2, double>{0.0, 0.0} && canvas.upperRight == Vector<2, double>{1.0, 1.0};
+  return placeOf(canvas) == Viewport{0.0, 0.0, 1.0, 1.0};
 }
 
 }  // namespace
@@ -147,8 +141,8 @@ ImportedScene::~ImportedScene() {
   for (const auto& light : _lights) {
     _renderer->RemoveLight(light);
   }
-  if (_formerViewport) {
-    _renderer->SetViewport(_formerViewport->data());
+  if (_formerSettings != nullptr) {
+    _formerSettings->removeModelParts(*this);
   }
 }
 
@@ -170,7 +164,7 @@ bool ImportedScene::hasPlainBackground() const {
 vtkSmartPointer<vtkRenderer> ImportedScene::makeBackgroundLayer() const {
   auto layer = vtkSmartPointer<vtkRenderer>::New();
   layer->InteractiveOff();
-  layer->SetViewport(_renderer->GetViewport());
+  layer->SetViewport(_formerSettings->getWhole().data());
   setBackground(*layer, _background);
   return layer;
 }
@@ -183,7 +177,7 @@ void ImportedScene::addLayers() {
   }
   for (const Canvas& canvas : _canvases) {
     if (canvas.ownRenderer != nullptr && !canvas.isEmpty) {
-      setPart(*canvas.ownRenderer, _renderer->GetViewport(), canvas.content);
+      canvas.ownRenderer->SetViewport(partOf(_formerSettings->getWhole(), placeOf(canvas.content)).data());
       (canvas.content.role == Role::BACKGROUND ? below : above).push_back(canvas.ownRenderer);
     }
   }
@@ -192,20 +186,19 @@ void ImportedScene::addLayers() {
 
 void ImportedScene::show() {
   _formerSettings = RendererSettings::of(*_renderer);
-  setScenePart(*_renderer, _renderer->GetViewport());
+  const Viewport whole = _formerSettings->getWhole();
+  setScenePart(*_renderer, whole.data());
   _items.showVisible();
   for (const Canvas& canvas : _canvases) {
     if (canvas.ownRenderer != nullptr) {
-      setScenePart(*canvas.ownRenderer, _renderer->GetViewport());
+      setScenePart(*canvas.ownRenderer, whole.data());
       setLights(*canvas.ownRenderer, canvas.content.lights);
       vemo::setCamera(*canvas.ownRenderer, canvas.content.camera, canvas.placesOfTexts);
     }
   }
   addLayers();
-  const Canvas* const model = findModel();
-  if (model != nullptr && !fillsWindow(model->content)) {
-    _renderer->GetViewport(_formerViewport.emplace().data());
-    setPart(*_renderer, _formerViewport->data(), model->content);
+  if (const Canvas* const model = findModel()) {
+    _formerSettings->addModelPart(*this, placeOf(model->content));
   }
 }
 

@@ -9,9 +9,7 @@
 #include <vemo/resolve/ResolvedScene.h>
 #include <vemo/resolve/SceneResolver.h>
 
-#include <array>
 #include <memory>
-#include <optional>
 #include <vector>
 
 class vtkLight;
@@ -52,8 +50,6 @@ class ImportedScene {
     Box placesOfTexts;
     bool isEmpty;
   };
-  using Viewport = std::array<double, 4>;
-
   void addCanvas(ResolvedCanvas canvas, const CanvasUpdate& hidden);
   void addItems(const lum::SceneNode& scene, const std::vector<CanvasUpdate>& hidden,
                 const ProgressReport& progress);
@@ -77,8 +73,6 @@ class ImportedScene {
   unsigned long _clippingObserver = 0;
   unsigned long _drawingObserver = 0;
   bool _isClippingOutdated = false;
-  /// The renderer's part of the window before the model's part of it.
-  std::optional<Viewport> _formerViewport;
 };
 
 }  // namespace vemo

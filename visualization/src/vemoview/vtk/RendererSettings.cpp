@@ -15,6 +15,23 @@
 
 namespace vemo {
 
+namespace {
+
+Viewport viewportOf(vtkRenderer& renderer) {
+  Viewport viewport{};
+  renderer.GetViewport(viewport.data());
+  return viewport;
+}
+
+}  // namespace
+
+Viewport partOf(const Viewport& whole, const Viewport& part) {
+  const double width = whole[2] - whole[0];
+  const double height = whole[3] - whole[1];
+  return {whole[0] + part[0] * width, whole[1] + part[1] * height, whole[0] + part[2] * width,
+          whole[1] + part[3] * height};
+}
+
 std::shared_ptr<RendererSettings> RendererSettings::of(vtkRenderer& renderer) {
   static auto& known = *new std::map<const vtkRenderer*, std::weak_ptr<RendererSettings>>;
   std::erase_if(known, [](const auto& entry) { return entry.second.expired(); });
@@ -63,6 +80,36 @@ void RendererSettings::peelDepths() {
   _peeling = vtkOpenGLRenderer::SafeDownCast(_renderer);
   if (_peeling != nullptr) {
     CanvasRenderer::peelDepths(*_peeling);
+  }
+}
+
+bool RendererSettings::isPartOfModel() const {
+  return !_modelParts.empty() && viewportOf(*_renderer) == partOf(_whole, _modelParts.back().part);
+}
+
+const Viewport& RendererSettings::getWhole() {
+  if (!isPartOfModel()) {
+    _whole = viewportOf(*_renderer);
+  }
+  return _whole;
+}
+
+void RendererSettings::showPart() {
+  const Viewport part = _modelParts.empty() ? _whole : partOf(_whole, _modelParts.back().part);
+  _renderer->SetViewport(part.data());
+}
+
+void RendererSettings::addModelPart(const ImportedScene& scene, const Viewport& part) {
+  getWhole();
+  _modelParts.push_back({&scene, part});
+  showPart();
+}
+
+void RendererSettings::removeModelParts(const ImportedScene& scene) {
+  const bool isShown = isPartOfModel();
+  std::erase_if(_modelParts, [&scene](const ModelPart& part) { return part.scene == &scene; });
+  if (isShown) {
+    showPart();
   }
 }
 

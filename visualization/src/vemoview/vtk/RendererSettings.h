@@ -5,6 +5,7 @@
 #include <vtkSmartPointer.h>
 #include <vtkWeakPointer.h>
 
+#include <array>
 #include <memory>
 #include <vector>
 
@@ -15,6 +16,14 @@ class vtkRenderer;
 class vtkRenderWindow;
 
 namespace vemo {
+
+class ImportedScene;
+
+/// Left, bottom, right and top, as fractions of a window, or of a part of it.
+using Viewport = std::array<double, 4>;
+
+/// A part of a part of a window.
+Viewport partOf(const Viewport& whole, const Viewport& part);
 
 /// The settings of a renderer, and of its window, before scenes were imported into it: the last
 /// of these scenes restores them.
@@ -34,9 +43,29 @@ class RendererSettings {
   /// the settings are restored.
   void peelDepths();
 
+  /// The renderer's part of the window, which is that of each scene: as the program has set it, and not as
+  /// the part of a scene's model.
+  const Viewport& getWhole();
+
+  /// Gives the renderer the part that a scene's model has, until the scene's are removed or those of
+  /// another follow.
+  void addModelPart(const ImportedScene& scene, const Viewport& part);
+  void removeModelParts(const ImportedScene& scene);
+
  private:
+  struct ModelPart {
+    const ImportedScene* scene;
+    Viewport part;
+  };
+
+  bool isPartOfModel() const;
+  void showPart();
+
   vtkWeakPointer<vtkRenderer> _renderer;
   vtkWeakPointer<vtkRenderWindow> _window;
+  Viewport _whole{};
+  /// The last one is that of the renderer.
+  std::vector<ModelPart> _modelParts;
   bool _createsLight;
   /// Null if VTK had created none.
   vtkSmartPointer<vtkLight> _createdLight;

@@ -1,4 +1,5 @@
 #include "geometry/Connectivity.h"
+#include "geometry/NamedArrays.h"
 #include "vemoview/import/geometry/GeometryDrawableBuilder.h"
 #include "vemoview/import/geometry/GeometryKeys.h"
 #include "vemoview/import/geometry/PointBounds.h"
@@ -286,6 +287,7 @@ void GeometryItem::readGeometry(const QxElement& element, SceneFileReader& reade
       });
     }
   }
+  data.putArrays();
   _arraysLeftOut = data.getArraysLeftOut();
   if (data.hasAllCells()) {
     reportTypeChange(entries, data, reader);
@@ -315,6 +317,8 @@ void GeometryItem::reportTypeChange(const GeometryEntries& entries, const PolyDa
 GeometryItem::GeometryType GeometryItem::outlineGeometry(const QxElement& element, SceneFileReader& reader) {
   GeometryEntries entries;
   GeometryEntries::KEYS.read(entries, element, &reader);
+  NamedArrays ofPoints;
+  NamedArrays ofCells;
   for (const auto& child : element.getChildren()) {
     if (child->getName() == GeometryArray::XML_ENTITY) {
       child->markRead();
@@ -322,11 +326,11 @@ GeometryItem::GeometryType GeometryItem::outlineGeometry(const QxElement& elemen
       GeometryArray::KEYS.read(array, *child, &reader);
       const auto values = vtkSmartPointer<vtkFloatArray>::New();
       values->SetName(array.name.c_str());
-      vtkFieldData& data = array.isOfPoints ? static_cast<vtkFieldData&>(*_polydata->GetPointData())
-                                            : static_cast<vtkFieldData&>(*_polydata->GetCellData());
-      data.AddArray(values);
+      (array.isOfPoints ? ofPoints : ofCells).put(*values);
     }
   }
+  ofPoints.addTo(*_polydata->GetPointData());
+  ofCells.addTo(*_polydata->GetCellData());
   const auto hasCells = [&reader](const std::optional<std::string>& entry) {
     return entry && reader.getArchive().getSize(*entry) > 0;
   };

@@ -142,15 +142,10 @@ void PolyDataReader::reportCutOff(vtkIdType values, int components, const std::s
   }
 }
 
-void PolyDataReader::reportReplaced(const GeometryArray& later) {
-  const auto latest = std::ranges::find_if(_arrays.rbegin(), _arrays.rend(), [&](const GeometryArray& array) {
-    return array.name == later.name && array.isOfPoints == later.isOfPoints;
-  });
-  if (latest != _arrays.rend()) {
-    _context.reportReplaced(FindingCode::ARRAY_REPLACED,
-                            "The array \"" + later.name + "\" is replaced by a later one of the same name",
-                            latest->place, latest->entry.value_or(""));
-  }
+void PolyDataReader::reportReplaced(const GeometryArray& earlier) {
+  _context.reportReplaced(FindingCode::ARRAY_REPLACED,
+                          "The array \"" + earlier.name + "\" is replaced by a later one of the same name",
+                          earlier.place, earlier.entry.value_or(""));
 }
 
 void PolyDataReader::reportName(const GeometryArray& array) {
@@ -173,23 +168,27 @@ bool PolyDataReader::isSurface() const {
   return _polyData.GetNumberOfPolys() > 0 || _polyData.GetNumberOfStrips() > 0;
 }
 
-bool PolyDataReader::isFull(vtkFieldData& data) const {
-  return static_cast<std::size_t>(data.GetNumberOfArrays()) + (isSurface() ? 1 : 0) >= MAX_DATA_ARRAYS;
+bool PolyDataReader::isFull(const NamedArrays& arrays) const {
+  // Surfaces get normals.
+  return arrays.size() + (isSurface() ? 1 : 0) >= MAX_DATA_ARRAYS;
 }
 
-void PolyDataReader::addArray(vtkFieldData& data, vtkFloatArray& values, const GeometryArray& array) {
-  const bool isTaken = data.HasArray(array.name.c_str()) != 0;
-  if (!isTaken && isFull(data)) {
+void PolyDataReader::addArray(vtkFloatArray& values, const GeometryArray& array) {
+  Data& data = array.isOfPoints ? _ofPoints : _ofCells;
+  const auto taken = data.arrays.find(array.name);
+  if (!taken && isFull(data.arrays)) {
     leaveOut(array, "The array \"" + array.name + "\" is left out: at most " +
                         std::to_string(MAX_DATA_ARRAYS) + " arrays are possible");
     return;
   }
-  if (isTaken) {
-    reportReplaced(array);
+  if (taken) {
+    reportReplaced(data.elements[*taken]);
+    data.elements[*taken] = array;
+  } else {
+    data.elements.push_back(array);
   }
   reportName(array);
-  _arrays.push_back(array);
-  data.AddArray(&values);
+  data.arrays.put(values);
 }
 
 void PolyDataReader::readArray(const GeometryArray& array, HeldFindings& held) {
@@ -197,16 +196,19 @@ void PolyDataReader::readArray(const GeometryArray& array, HeldFindings& held) {
     return;
   }
   const std::string entry = array.entry.value_or("");
-  vtkFieldData& data = array.isOfPoints ? static_cast<vtkFieldData&>(*_polyData.GetPointData())
-                                        : static_cast<vtkFieldData&>(*_polyData.GetCellData());
   const std::vector<vtkIdType> dropped = array.isOfPoints ? std::vector<vtkIdType>() : droppedCells();
   if (dropped.empty()) {
-    addArray(data, *_decoded.getArray(entry, array.name, array.components), array);
+    addArray(*_decoded.getArray(entry, array.name, array.components), array);
   } else {
     const auto values = _decoded.copyArray(entry, array.name, array.components);
     removeRows(*values, dropped);
-    addArray(data, *values, array);
+    addArray(*values, array);
   }
+}
+
+void PolyDataReader::putArrays() {
+  _ofPoints.arrays.addTo(*_polyData.GetPointData());
+  _ofCells.arrays.addTo(*_polyData.GetCellData());
 }
 
 }  // namespace vemo

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "geometry/Connectivity.h"
+#include "geometry/NamedArrays.h"
 #include "vemoview/import/geometry/GeometryKeys.h"
 
 #include <array>
 #include <string>
 #include <vector>
 
-class vtkFieldData;
 class vtkFloatArray;
 class vtkPolyData;
 
@@ -18,9 +18,8 @@ class HeldFindings;
 class ReadingContext;
 
 /// Fills a poly data from the entries of an archive: points first, then cells,
-/// then the arrays over both. Poly data of the same entries share points, cells
-/// and arrays, whose storage are the blocks of the entries. Nothing inconsistent
-/// gets in.
+/// then the arrays over both, which are in it after putArrays. Poly data of the same entries share points,
+/// cells and arrays, whose storage are the blocks of the entries. Nothing inconsistent gets in.
 class PolyDataReader {
  public:
   /// @param isSmooth whether a surface gets normals of its points, not of its cells
@@ -47,11 +46,19 @@ class PolyDataReader {
   /// are too. Of one name over the same places the last array is kept.
   /// @param held what is found about the values of its element: an array may not fit because of them
   void readArray(const GeometryArray& array, HeldFindings& held);
+  void putArrays();
 
   /// The names of those over the points that were left out with a finding.
   const std::vector<std::string>& getArraysLeftOut() const { return _arraysLeftOut; }
 
  private:
+  /// Those over the points, or over the cells.
+  struct Data {
+    NamedArrays arrays;
+    /// Of each array.
+    std::vector<GeometryArray> elements;
+  };
+
   /// Whether an array has a value for each place; if not, it is left out.
   bool fits(const GeometryArray& array, HeldFindings& held);
   /// Why it has not; empty if it has.
@@ -64,9 +71,9 @@ class PolyDataReader {
   /// Which gets normals.
   bool isSurface() const;
   /// Whether a database could not hold another array.
-  bool isFull(vtkFieldData& data) const;
-  void addArray(vtkFieldData& data, vtkFloatArray& values, const GeometryArray& array);
-  void reportReplaced(const GeometryArray& later);
+  bool isFull(const NamedArrays& arrays) const;
+  void addArray(vtkFloatArray& values, const GeometryArray& array);
+  void reportReplaced(const GeometryArray& earlier);
   void reportName(const GeometryArray& array);
 
   vtkPolyData& _polyData;
@@ -75,7 +82,8 @@ class PolyDataReader {
   ReadingContext& _context;
   /// By kind.
   std::array<ImportedCells, CELL_KINDS.size()> _cells;
-  std::vector<GeometryArray> _arrays;
+  Data _ofPoints;
+  Data _ofCells;
   std::vector<std::string> _arraysLeftOut;
   bool _hasPoints = false;
   bool _hasAllCells = true;
