@@ -463,11 +463,13 @@ TEST_F(HangingCommandTest, LeavesNoConvertedScenesBehindWhenItsTimeIsUp) {
 
 TEST_F(HangingCommandTest, RemovesTheFolderOfAKilledProcessButNoOthers) {
   fs::create_directory(_temporary / "vemoscene-files-of a user");
-  fs::create_directory(_temporary / "vemoscene-files-others");
+  fs::create_directory(_temporary / "vemoscene-files-backup");
+  const fs::path others = _temporary / "vemoscene-files-others";
+  fs::create_directory(others);
+  fs::permissions(others, fs::perms::owner_all);
   // Only root can give it to somebody else.
-  const bool isOfOther = chown((_temporary / "vemoscene-files-others").c_str(), AsOrdinaryUser::NOBODY,
-                               AsOrdinaryUser::NOBODY) == 0;
-  const int kept = isOfOther ? 2 : 1;
+  const bool isOfOther = chown(others.c_str(), AsOrdinaryUser::NOBODY, AsOrdinaryUser::NOBODY) == 0;
+  const int kept = isOfOther ? 3 : 2;
   const ProgramRun hanging = startConversion();
   waitUntilItHangs();
   run({"convert", "scene.zip", "-"});
