@@ -78,9 +78,12 @@ class FolderLock {
   bool isHeld() const { return _error == 0; }
   /// Whether another process has locked or removed the folder.
   bool isTaken() const { return _error == EWOULDBLOCK || _error == ENOENT; }
-  bool isOwnedByThisUser() const {
+  /// Whether it is this user's, and as mkdtemp makes folders, other than people do.
+  bool isPrivate() const {
+    constexpr mode_t PERMISSION_BITS = 07777;
     struct stat status {};
-    return fstat(_file, &status) == 0 && status.st_uid == geteuid();
+    return fstat(_file, &status) == 0 && status.st_uid == geteuid() &&
+           (status.st_mode & PERMISSION_BITS) == S_IRWXU;
   }
   /// Keeps the lock until the process ends.
   void keep() { _file = -1; }
@@ -97,7 +100,7 @@ void removeAbandonedFolders(const fs::path& parent) {
     const std::string name = i->path().filename().native();
     if (name.starts_with(FOLDER_PREFIX) && name.size() == FOLDER_PREFIX.size() + FOLDER_PATTERN.size()) {
       const FolderLock lock(i->path());
-      if (lock.isHeld() && lock.isOwnedByThisUser()) {
+      if (lock.isHeld() && lock.isPrivate()) {
         std::error_code ignored;
         fs::remove_all(i->path(), ignored);
       }
@@ -131,7 +134,7 @@ fs::path makeLockedFolder(const fs::path& parent) {
 sigset_t blockEndingSignals() {
   sigset_t signals;
   sigemptyset(&signals);
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGXCPU}) {
     struct sigaction action {};
     if (sigaction(signal, nullptr, &action) == 0 && action.sa_handler != SIG_IGN) {
       sigaddset(&signals, signal);

@@ -449,25 +449,27 @@ TEST_F(HangingCommandTest, GoesOnAfterSignalsThatItsParentIgnores) {
   EXPECT_EQ(run.finish().exitCode, 6) << "it ends because it cannot write";
 }
 
-TEST_F(HangingCommandTest, LeavesNoConvertedScenesBehindWhenItIsTerminated) {
+TEST_F(HangingCommandTest, LeavesNoConvertedScenesBehindWhenItsTimeIsUp) {
   const std::string light = "<light intensity='1' color='FFFFFFFF'/>";
   writeScene("one.zip", light, 1);
   writeScene("many.zip", light, 3000);
   const ProgramRun run = start({"diff", "one.zip", "many.zip", "--json"});
   waitUntilItHangs();
   EXPECT_EQ(countTemporaryFolders(), 1);
-  run.sendSignal(SIGTERM);
-  EXPECT_EQ(run.finish().exitCode, -SIGTERM);
+  run.sendSignal(SIGXCPU);
+  EXPECT_EQ(run.finish().exitCode, -SIGXCPU);
   expectNoTemporaryFiles();
 }
 
 TEST_F(HangingCommandTest, RemovesTheFolderOfAKilledProcessButNoOthers) {
   fs::create_directory(_temporary / "vemoscene-files-of a user");
-  fs::create_directory(_temporary / "vemoscene-files-others");
+  fs::create_directory(_temporary / "vemoscene-files-backup");
+  const fs::path others = _temporary / "vemoscene-files-others";
+  fs::create_directory(others);
+  fs::permissions(others, fs::perms::owner_all);
   // Only root can give it to somebody else.
-  const bool isOfOther = chown((_temporary / "vemoscene-files-others").c_str(), AsOrdinaryUser::NOBODY,
-                               AsOrdinaryUser::NOBODY) == 0;
-  const int kept = isOfOther ? 2 : 1;
+  const bool isOfOther = chown(others.c_str(), AsOrdinaryUser::NOBODY, AsOrdinaryUser::NOBODY) == 0;
+  const int kept = isOfOther ? 3 : 2;
   const ProgramRun hanging = startConversion();
   waitUntilItHangs();
   run({"convert", "scene.zip", "-"});

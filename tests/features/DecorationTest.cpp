@@ -238,6 +238,17 @@ TEST(AxesFeatureTest, TurnWithTheModelsCamera) {
   }
 }
 
+TEST(AxesFeatureTest, FitIntoTheCornerOfANarrowWindow) {
+  constexpr int WIDTH = SIZE / 3;
+  const FeatureScene scene("<view><position z='5'/></view><axes visibility='1' textColor='000000ff'/>",
+                           "ffffff00");
+  const double side = WIDTH / 5.0;
+  const PixelBox ink = inkOn(scene.draw(WIDTH), WHITE);
+  EXPECT_GT(ink.right, 0.9 * side) << "the label of x";
+  EXPECT_LT(ink.right, side);
+  EXPECT_NEAR(ink.top, SIZE / 10.0 + ink.right - side / 2, 3) << "y is as long as x";
+}
+
 TEST(CoordinateSystemFeatureTest, StandsInTheModelAsLargeOnTheScreenAtEveryScale) {
   for (const int scale : {1, 100}) {
     const std::string place = std::to_string(-0.3 * scale);

@@ -82,8 +82,8 @@ FeatureScene::FeatureScene(const std::string& children, const std::string& backg
   _node = load(wide(path));
 }
 
-Picture FeatureScene::draw() const {
-  const Picture picture = renderPicture(*_node, {SIZE, SIZE});
+Picture FeatureScene::draw(int width) const {
+  const Picture picture = renderPicture(*_node, {width, SIZE});
   keepPicture(picture, "scene");
   return picture;
 }

@@ -38,8 +38,8 @@ class FeatureScene {
   /// The items, as the archive's reader makes them.
   Scene& items() const { return *_items; }
 
-  /// The picture of the scene, 300 x 300.
-  Picture draw() const;
+  /// The picture of the scene, 300 pixels high.
+  Picture draw(int width = SIZE) const;
 
  private:
   TemporaryFolder _folder;

@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace vemo {
@@ -23,7 +24,7 @@ ArchiveFile::ArchiveFile(const std::wstring& path)
     : _file(::open(toNativePath(path).c_str(), O_RDONLY | O_CLOEXEC)) {
   struct stat status {};
   if (_file < 0 || ::fstat(_file, &status) != 0) {
-    throw ZipException("Invalid zip file");
+    throw IOException(std::generic_category().message(errno));
   }
   _size = static_cast<std::uint64_t>(status.st_size);
 }

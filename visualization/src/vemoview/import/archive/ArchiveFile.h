@@ -12,7 +12,7 @@ namespace vemo {
 /// the process.
 class ArchiveFile {
  public:
-  /// Throws ZipException when the file cannot be opened.
+  /// Throws IOException when the file cannot be opened.
   explicit ArchiveFile(const std::wstring& path);
   /// The bytes must outlive this.
   explicit ArchiveFile(std::span<const std::byte> bytes) : _bytes(bytes), _size(bytes.size()) {}

@@ -129,11 +129,13 @@ class MovedTriad {
   }
 
   void update(vtkRenderer& renderer) {
-    const double canvasHeight = sizeInPixels(renderer)[1];
+    const auto canvas = sizeInPixels(renderer);
+    // The corner of a window that is higher than wide has to hold all of it, however it turns.
+    const double share = _camera != nullptr ? std::min(1.0, canvas[0] / canvas[1]) : 1.0;
     const double labelHeight = std::min(_triad.labelHeight * windowHeight(renderer),
-                                        TriadDecoration::MOST_LABEL_HEIGHT * canvasHeight);
+                                        TriadDecoration::MOST_LABEL_HEIGHT * share * canvas[1]);
     const double perUnit = pixelsPerUnit(renderer, _triad.position);
-    const double axisLength = !_triad.hasScreenSize ? TriadDecoration::LENGTH
+    const double axisLength = !_triad.hasScreenSize ? TriadDecoration::LENGTH * share
                               : perUnit > 0.0 ? TriadDecoration::LENGTH_IN_LABELS * labelHeight / perUnit
                                               : TriadDecoration::UNSEEN_LENGTH;
     const Axes axes = _camera != nullptr ? followed(renderer) : _triad.axes;

@@ -44,7 +44,9 @@ std::vector<std::string> findFontFiles() {
     std::error_code error;
     fs::recursive_directory_iterator entry(folder, fs::directory_options::skip_permission_denied, error);
     for (; !error && entry != fs::recursive_directory_iterator(); entry.increment(error)) {
-      if (isFont(entry->path())) {
+      // Opening a pipe would block until there is a writer.
+      std::error_code ignored;
+      if (isFont(entry->path()) && entry->is_regular_file(ignored)) {
         files.push_back(entry->path());
       }
     }
