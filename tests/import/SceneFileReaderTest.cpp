@@ -209,13 +209,20 @@ TEST_F(SceneFileReaderTest, BoundsTheCompressedBytesThatGiveHardlyAnyContent) {
   EXPECT_THAT(failure(), testing::HasSubstr("asks for more data than an archive of this size can hold"));
 }
 
-TEST_F(SceneFileReaderTest, BoundsTheNormalsOfASmallArchive) {
-  SceneFileReader reader = open(ArchiveBuilder().text("x", ""));
-  reader.countNormals(ReadingLimits::COPIES_OF_SMALL_CONTENT / 12);
+/// Of which an entry that is too large for its bytes is none.
+TEST_F(SceneFileReaderTest, BoundsWhatIsMadeOfSmallContent) {
+  SceneFileReader reader = open(ArchiveBuilder().text("four", "four").text("large", "").forge([](Entry& e) {
+    e.uncompressedSize = 1'000'000;
+  }));
+  reader.countNormals(ReadingLimits::ofArchive(0, 4).copies / 12);
+  const auto readFour = [&] { return failureOf([&] { delete[] reader.readEntry("four").data; }); };
+  const std::string tooMuch =
+      ": so many items share data that the scene would take memory out of proportion to its content. | ::";
+  EXPECT_EQ(readFour(), "");
+  EXPECT_EQ(readFour(), "IOException: Entry 'four' cannot be read" + tooMuch + "four");
   for (const bool areOfPoints : {true, false}) {
     EXPECT_EQ(failureOf([&] { reader.getDecoded().getNormals(*makeRectangle(0, 1, 0, 1), areOfPoints); }),
-              "IOException: Normals cannot be computed: so many items share data that the scene would take "
-              "memory out of proportion to its content. | ::");
+              "IOException: Normals cannot be computed" + tooMuch);
   }
 }
 
