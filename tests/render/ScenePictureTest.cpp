@@ -5,6 +5,7 @@
 #include <vemo/render/RenderErrors.h>
 #include <vemo/resolve/CanvasCamera.h>
 #include <vemo/scenegraph/Logger.h>
+#include <vemo/scenegraph/canvas/CanvasPositionAttributes.h>
 #include <vemo/scenegraph/edit/Items.h>
 #include <vemo/scenegraph/edit/View.h>
 
@@ -15,6 +16,8 @@
 #include <cmath>
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <string>
+#include <vector>
 
 namespace vemo {
 
@@ -273,6 +276,20 @@ TEST(ScenePictureTest, IsEmptyWhenManyPlanesCutAllAway) {
   EXPECT_EQ(countPixels(scene.render(), BLACK), SIZE * SIZE);
 }
 
+/// What VTK says in its lifetime.
+class MessagesOfVtk {
+ public:
+  MessagesOfVtk() {
+    Logger::getSingleton().setFlags(Logger::ERROR_FLAG | Logger::WARNING_FLAG);
+    Logger::getSingleton().setSink([this](const std::string& line) { lines.push_back(line); });
+  }
+  ~MessagesOfVtk() { Logger::getSingleton().setSink(nullptr); }
+  MessagesOfVtk(const MessagesOfVtk&) = delete;
+  MessagesOfVtk& operator=(const MessagesOfVtk&) = delete;
+
+  std::vector<std::string> lines;
+};
+
 // VTK says so when it gets more planes than it takes.
 TEST(ScenePictureTest, CutsByManyPlanesWithoutAWord) {
   RenderScene scene;
@@ -280,13 +297,22 @@ TEST(ScenePictureTest, CutsByManyPlanesWithoutAWord) {
   for (int i = 0; i < 9; ++i) {
     scene.clip({1, 0, 0}, {0, 0, 0});
   }
-  std::vector<std::string> log;
-  Logger::getSingleton().setFlags(Logger::ERROR_FLAG | Logger::WARNING_FLAG);
-  Logger::getSingleton().setSink([&log](const std::string& line) { log.push_back(line); });
+  const MessagesOfVtk messages;
   const Picture picture = scene.render();
-  Logger::getSingleton().setSink(nullptr);
-  EXPECT_EQ(log, std::vector<std::string>());
+  EXPECT_EQ(messages.lines, std::vector<std::string>());
   EXPECT_EQ(boxOf(picture, RED).left, SIZE / 2);
+}
+
+// VTK has no texture for a text in one column of pixels. Pictures are drawn twice as large.
+TEST(ScenePictureTest, LeavesOutTextsInAColumnOfPixelsWithoutAWord) {
+  RenderScene scene;
+  scene.canvas().getAttributes<lum::CanvasPositionAttributes>().setPosition({0.5, 0});
+  auto& text = scene.drawables().findOrCreate<lum::TextDrawable>("text");
+  text.getAnnotationAttributes().setText("Hxx");
+  text.getTextAttributes().setFontSize(0.1);
+  const MessagesOfVtk messages;
+  renderPicture(scene.node(), {.width = 1, .height = SIZE});
+  EXPECT_EQ(messages.lines, std::vector<std::string>());
 }
 
 TEST(ScenePictureTest, TransformsLeaveClippingPlanesWhereTheyAre) {

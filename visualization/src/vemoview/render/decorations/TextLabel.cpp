@@ -13,6 +13,16 @@
 
 namespace vemo {
 
+namespace {
+
+/// VTK writes no texts into a single row or column of pixels, but would draw them.
+bool hasRoomForTexts(vtkRenderer& renderer) {
+  const auto size = sizeInPixels(renderer);
+  return size[0] > 1.0 && size[1] > 1.0;
+}
+
+}  // namespace
+
 TextLabel::TextLabel(const std::string& text, const TextStyle& style, const TextAlignment& alignment,
                      PropGroup& group)
     : _actor(vtkSmartPointer<vtkTextActor>::New()), _limit(text) {
@@ -29,7 +39,7 @@ void TextLabel::setText(const std::string& text) {
 
 void TextLabel::setLineHeight(double pixels, vtkRenderer& renderer) {
   const double height = std::min(pixels, _limit.in(windowSize(renderer)));
-  _actor->SetVisibility(height >= 1.0 && _actor->GetInput()[0] != '\0');
+  _actor->SetVisibility(height >= 1.0 && _actor->GetInput()[0] != '\0' && hasRoomForTexts(renderer));
   vtkRenderWindow* const window = renderer.GetRenderWindow();
   setFontSize(height, window != nullptr ? window->GetDPI() : USUAL_DOTS_PER_INCH, *_actor->GetTextProperty());
 }
