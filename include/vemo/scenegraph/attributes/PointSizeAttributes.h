@@ -1,11 +1,12 @@
 #pragma once
 
+#include <vemo/scenegraph/KnownFault.h>
 #include <vemo/scenegraph/attributes/Attributes.h>
 
 namespace lum {
 
 /// The size of points that are drawn as spheres, in pixels.
-class VEMO_SCENEGRAPH_EXPORT PointSizeAttributes final : public Attributes {
+class VEMO_SCENEGRAPH_EXPORT PointSizeAttributes final : public Attributes, public KnownFault {
   LUM_NODE(PointSizeAttributes, Attributes)
   LUM_VALUE(double, PointSize, _pointSize, 1.0)
 };

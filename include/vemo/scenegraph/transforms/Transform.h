@@ -1,5 +1,6 @@
 #pragma once
 
+#include <vemo/scenegraph/KnownFault.h>
 #include <vemo/scenegraph/Node.h>
 
 namespace lum {
@@ -9,7 +10,7 @@ namespace lum {
 /// applied to the result. A transform with values that are not finite changes
 /// nothing. Through repeats within repeats nothing is shown more than 10,000
 /// times.
-class VEMO_SCENEGRAPH_EXPORT Transform : public Node {
+class VEMO_SCENEGRAPH_EXPORT Transform : public Node, public KnownFault {
  public:
   using Node::Node;
 

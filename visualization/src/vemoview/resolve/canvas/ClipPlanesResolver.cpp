@@ -41,8 +41,11 @@ std::vector<ClipPlane> resolveClipPlanes(const lum::ClipPlanesAttributes* attrib
       continue;
     }
     if (!isUsable(*plane)) {
-      reportFinding(FindingCode::VALUE_IGNORED,
-                    "A clipping plane is not applied: its values are not finite, or too large or too small");
+      if (!plane->isFaultKnown()) {
+        reportFinding(
+            FindingCode::VALUE_IGNORED,
+            "A clipping plane is not applied: its values are not finite, or too large or too small");
+      }
       continue;
     }
     if (planes.size() == MAX_PLANES) {

@@ -33,8 +33,10 @@ CanvasLights usableLights(const lum::LightCollection& collection) {
     }
     const NodeScope scope(*light);
     if (!isUsable(*light)) {
-      reportFinding(FindingCode::VALUE_IGNORED,
-                    "A light is not used: its values are not finite, or too large");
+      if (!light->isFaultKnown()) {
+        reportFinding(FindingCode::VALUE_IGNORED,
+                      "A light is not used: its values are not finite, or too large");
+      }
       continue;
     }
     if (result.size() == MAX_LIGHTS) {

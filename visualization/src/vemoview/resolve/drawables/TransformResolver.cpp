@@ -128,14 +128,16 @@ InstanceTransforms instancesOf(const lum::Transform& transform, bool& areLimited
       return {IDENTITY, image};
     }
     // Reading says of a mirror without a normal that it does not mirror.
-    if (plane[0] != 0.0 || plane[1] != 0.0 || plane[2] != 0.0) {
+    if (!mirror->isFaultKnown() && (plane[0] != 0.0 || plane[1] != 0.0 || plane[2] != 0.0)) {
       reportNotUsable();
     }
     return {IDENTITY};
   }
   const auto* const simple = dynamic_cast<const lum::SimpleTransform*>(&transform);
   if (simple != nullptr && !isFinite(*simple)) {
-    reportFinding(FindingCode::TRANSFORM_UNUSABLE, "A transform is not applied: its values are not finite");
+    if (!simple->isFaultKnown()) {
+      reportFinding(FindingCode::TRANSFORM_UNUSABLE, "A transform is not applied: its values are not finite");
+    }
     return {IDENTITY};
   }
   if (simple == nullptr) {
@@ -151,7 +153,7 @@ InstanceTransforms instancesOf(const lum::Transform& transform, bool& areLimited
   // Scaling by zero in some directions is reported when the scene is read; in all of them, it
   // does not scale.
   const auto zeros = std::ranges::count(simple->getScale(), 0.0);
-  if (zeros == 0 || zeros == 3) {
+  if (!simple->isFaultKnown() && (zeros == 0 || zeros == 3)) {
     reportNotUsable();
   }
   return {};
