@@ -6,8 +6,6 @@
 #include "support/GraphText.h"
 #include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/import/SceneAudit.h>
-#include <vemo/scenegraph/KnownFault.h>
-#include <vemo/scenegraph/Traversal.h>
 #include <vemo/scenegraph/inspect/Compare.h>
 
 #include <algorithm>
@@ -86,23 +84,6 @@ TEST_F(SceneAuditTest, ConvertsWhatIsSoundBesideFaults) {
       audit(geometry("name='bad' polys='none'") + "<light color='x'/>" + geometry("name='good'"));
   ASSERT_TRUE(result.getSceneNode());
   EXPECT_NE(graphText(*result.getSceneNode()).find("\"good\""), std::string::npos);
-}
-
-TEST_F(SceneAuditTest, MarksNodesWhoseFaultsAreKnownBeforeTheyAreDrawn) {
-  const auto countKnown = [this](const std::string& number) {
-    convert("<light azimuth='" + number + "' color='ffffffff'/><clip><origin x='" + number + "'/></clip>" +
-            assembly("A", "<transform><translation x='" + number + "'/></transform>" +
-                              geometry("pointSize='" + number + "'")) +
-            assembly("B", "<reflect planeEqnCoeffA='1' planeEqnCoeffD='" + number + "'/>" + geometry("")));
-    int known = 0;
-    lum::forEachNode(*_sceneNode, [&known](const lum::Node& node) {
-      const auto* const marked = dynamic_cast<const lum::KnownFault*>(&node);
-      known += marked != nullptr && marked->isFaultKnown() ? 1 : 0;
-    });
-    return known;
-  };
-  EXPECT_EQ(countKnown("1e999"), 5);
-  EXPECT_EQ(countKnown("1e99"), 0) << "it is found only when they are drawn";
 }
 
 TEST_F(SceneAuditTest, LeavesTheGroundWhiteIfItsColoursAreFaulty) {

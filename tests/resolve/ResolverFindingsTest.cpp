@@ -5,11 +5,8 @@
 #include "support/SceneBuilder.h"
 #include "support/TemporaryFolder.h"
 #include <vemo/resolve/SceneResolver.h>
-#include <vemo/scenegraph/KnownFault.h>
 #include <vemo/scenegraph/canvas/BaseCanvasAttributes.h>
 #include <vemo/scenegraph/canvas/CanvasPositionAttributes.h>
-#include <vemo/scenegraph/canvas/ClipPlanesAttributes.h>
-#include <vemo/scenegraph/canvas/LightingAttributes.h>
 #include <vemo/scenegraph/drawables/ImageDrawable.h>
 #include <vemo/scenegraph/edit/View.h>
 
@@ -194,28 +191,6 @@ TEST(ResolverFindingsTest, AreAboutTheViewThatIsDrawn) {
   lum::setView(scene.node(), lum::Viewpoint{{0, 0, 10}, {0, 0, 0}, {0, 1, 0}, std::nullopt});
   EXPECT_THAT(findingsOf(scene), ElementsAre("view-empty"));
   EXPECT_THAT(findingsOf(scene, {.view = {.viewAngle = 60.0}}), IsEmpty());
-}
-
-TEST(ResolverFindingsTest, SayNothingOfWhatFollowsFromAFaultThatIsKnown) {
-  for (const bool isKnown : {false, true}) {
-    SceneBuilder scene;
-    makeGroundWhite(scene);
-    auto& moved = setTransform<lum::SimpleTransform>(scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 0, 0}));
-    moved.setTranslation({1e60, 0, 0});
-    auto& size = scene.add<lum::PointSphereDrawable>(makePolyData({{0, 0, 0}}, {}))
-                     .getAttributes<lum::PointSizeAttributes>();
-    size.setPointSize(300);
-    auto& light = scene.canvas().getLightingAttributes().getLights().findOrCreate<lum::Light>("light");
-    light.setIntensity(1e60);
-    auto& plane =
-        scene.canvas().getClipPlanesAttributes().getClippingPlanes().findOrCreate<lum::Plane>("plane");
-    plane.setOrigin({1e60, 0, 0});
-    for (lum::KnownFault* const node :
-         std::initializer_list<lum::KnownFault*>{&moved, &size, &light, &plane}) {
-      node->setFaultKnown(isKnown);
-    }
-    EXPECT_EQ(findingsOf(scene).size(), isKnown ? 0U : 4U);
-  }
 }
 
 /// The view counts as one that shows something: the search would take very long.

@@ -36,8 +36,6 @@ struct VEMO_IMPORT_EXPORT GeometrySettings {
   /// Which ends of the two, of which findings say that they could not be read.
   std::array<bool, 2> unknownScaleRange{};
   std::array<bool, 2> unknownScaleSizes{};
-  /// Whether a finding says that the size of points could not be read.
-  bool isPointSizeUnknown = false;
   /// Whether findings say that a coefficient or the exponent could not be read.
   bool isLightingUnknown = false;
   /// Anything but 0: sizes are in pixels, and not in model units.

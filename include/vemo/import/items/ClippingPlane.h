@@ -33,8 +33,6 @@ class VEMO_IMPORT_EXPORT ClippingPlane : public Readable {
  private:
   Vector<3, double> _origin{};
   Vector<3, double> _normal{0.0, 0.0, 1.0};
-  /// Findings say of one of these that it could not be read.
-  bool _isFaultKnown = false;
   vtkSmartPointer<vtkPlane> _plane;
 };
 

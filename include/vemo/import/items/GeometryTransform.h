@@ -32,16 +32,13 @@ class VEMO_IMPORT_EXPORT GeometryTransform : public Transform {
                             const Vector<3, double>& translation, const Vector<3, double>& scale);
 
  private:
-  void reportUnusable(HeldFindings& held, SceneFileReader& reader);
-  void reportTooLarge(HeldFindings& held, SceneFileReader& reader);
+  void reportUnusable(HeldFindings& held, SceneFileReader& reader) const;
 
   Vector<3, double> _rotationAxis{0.0, 0.0, 1.0};
   Vector<3, double> _rotationOrigin{};
   double _rotationAngle = 0.0;
   Vector<3, double> _translation{};
   Vector<3, double> _scale{1.0, 1.0, 1.0};
-  /// A finding says that it cannot be applied because of a value that could not be read.
-  bool _isFaultKnown = false;
 };
 
 }  // namespace vemo

@@ -30,8 +30,6 @@ class VEMO_IMPORT_EXPORT Light : public Readable {
   double _azimuth = 45.0;
   double _elevation = 45.0;
   Color _color{255, 255, 255, 255};
-  /// Findings say of some of these that they could not be read.
-  bool _isFaultKnown = false;
 };
 
 }  // namespace vemo

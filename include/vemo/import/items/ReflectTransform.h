@@ -30,8 +30,6 @@ class VEMO_IMPORT_EXPORT ReflectTransform : public Transform {
   /// zero.
   Vector<4, double> _plane{0.0, 0.0, 1.0, 0.0};
   bool _flip = false;
-  /// A finding says that the distance could not be read, and that nothing is mirrored.
-  bool _isFaultKnown = false;
 };
 
 }  // namespace vemo

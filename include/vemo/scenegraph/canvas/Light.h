@@ -1,12 +1,11 @@
 #pragma once
 
-#include <vemo/scenegraph/KnownFault.h>
 #include <vemo/scenegraph/Node.h>
 
 namespace lum {
 
 /// A light from infinitely far away that moves with the camera.
-class VEMO_SCENEGRAPH_EXPORT Light final : public Node, public KnownFault {
+class VEMO_SCENEGRAPH_EXPORT Light final : public Node {
   LUM_NODE(Light, Node)
   /// Red, green, blue in 0..1.
   LUM_VALUE(Vector3, Color, _color, {1.0, 1.0, 1.0})

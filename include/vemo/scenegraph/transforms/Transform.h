@@ -1,6 +1,5 @@
 #pragma once
 
-#include <vemo/scenegraph/KnownFault.h>
 #include <vemo/scenegraph/Node.h>
 
 namespace lum {
@@ -10,7 +9,7 @@ namespace lum {
 /// applied to the result. A transform with values that are not finite changes
 /// nothing. Through repeats within repeats nothing is shown more than 10,000
 /// times.
-class VEMO_SCENEGRAPH_EXPORT Transform : public Node, public KnownFault {
+class VEMO_SCENEGRAPH_EXPORT Transform : public Node {
  public:
   using Node::Node;
 

@@ -111,9 +111,7 @@ void GeometryDrawableBuilder::applyRenderingAttributes(const lum::PolyDataNode& 
   applyLighting();
   _drawable.getAttributes<lum::LineAttributes>().setLineWidth(_settings.lineWidth);
   _drawable.getAttributes<lum::PointAttributes>().setSize(static_cast<float>(_settings.pointSize));
-  auto& size = _drawable.getAttributes<lum::PointSizeAttributes>();
-  size.setPointSize(_settings.pointSize);
-  size.setFaultKnown(_settings.isPointSizeUnknown);
+  _drawable.getAttributes<lum::PointSizeAttributes>().setPointSize(_settings.pointSize);
   _drawable.getBaseAttributes().setClipPlanesEnabled(!_settings.ignoreClip);
 }
 

@@ -165,7 +165,6 @@ void GeometryItem::readImpl(const QxElement& element, SceneFileReader* reader) {
   const ValueReader values(element, reader, OnBadValue::FAIL);
   _settings.unknownScaleRange = values.findUnknownEnds("pointScaleScalarRange");
   _settings.unknownScaleSizes = values.findUnknownEnds("pointScaleScalarMapTo");
-  _settings.isPointSizeUnknown = values.isUnknown("pointSize");
   _settings.isLightingUnknown =
       std::ranges::any_of(LIGHTING, [&](const char* key) { return values.isUnknown(key); });
   reportSettingsOutOfRange(element, *reader);

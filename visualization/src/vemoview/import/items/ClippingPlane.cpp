@@ -18,9 +18,8 @@ ClippingPlane::~ClippingPlane() = default;
 
 void ClippingPlane::read(const QxElement& element, SceneFileReader* reader) {
   KEYS.readElement(*this, element, reader);
-  const ValueReader values(element, reader, OnBadValue::FAIL);
-  _isFaultKnown = values.isUnknown("origin") || values.isUnknown("normal");
-  if (_normal == Vector<3, double>{} && reader != nullptr && !values.isUnknown("normal")) {
+  if (_normal == Vector<3, double>{} && reader != nullptr &&
+      !ValueReader(element, reader, OnBadValue::FAIL).isUnknown("normal")) {
     reader->report(FindingCode::VALUE_IGNORED, "The clipping plane has no normal: it has no effect");
   }
 }
@@ -28,7 +27,6 @@ void ClippingPlane::read(const QxElement& element, SceneFileReader* reader) {
 void ClippingPlane::convertTo(lum::Plane& plane) const {
   plane.setNormal(_normal);
   plane.setOrigin(_origin);
-  plane.setFaultKnown(_isFaultKnown);
 }
 
 vtkPlane* ClippingPlane::getPlane() {

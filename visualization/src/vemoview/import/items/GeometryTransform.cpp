@@ -6,8 +6,6 @@
 #include <vemo/scenegraph/transforms/SimpleTransform.h>
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 #include <numbers>
 
 namespace vemo {
@@ -17,25 +15,22 @@ namespace {
 /// The format counts angles in quarter turns.
 constexpr double RADIANS_PER_UNIT = std::numbers::pi / 2.0;
 
-constexpr const char* ROTATION_ANGLE = "rotAngle";
 constexpr const char* ROTATION_AXIS = "rotAxis";
-constexpr const char* ROTATION_ORIGIN = "rotOrigin";
-constexpr const char* TRANSLATION = "translation";
 constexpr const char* SCALE_FACTORS = "scale";
 
 }  // namespace
 
 const KeyTable<GeometryTransform> GeometryTransform::KEYS({
-    key::always<&GeometryTransform::_rotationAngle>(ROTATION_ANGLE, "in quarter turns"),
+    key::always<&GeometryTransform::_rotationAngle>("rotAngle", "in quarter turns"),
     key::always<&GeometryTransform::_rotationAxis>(ROTATION_AXIS, "the axis, of any length"),
-    key::always<&GeometryTransform::_rotationOrigin>(ROTATION_ORIGIN, "a point of the axis"),
-    key::always<&GeometryTransform::_translation>(TRANSLATION, "the distance it is moved"),
+    key::always<&GeometryTransform::_rotationOrigin>("rotOrigin", "a point of the axis"),
+    key::always<&GeometryTransform::_translation>("translation", "the distance it is moved"),
     key::always<&GeometryTransform::_scale>(SCALE_FACTORS, "factors along x, y and z"),
 });
 
 GeometryTransform::~GeometryTransform() = default;
 
-void GeometryTransform::reportUnusable(HeldFindings& held, SceneFileReader& reader) {
+void GeometryTransform::reportUnusable(HeldFindings& held, SceneFileReader& reader) const {
   const auto zeros = std::ranges::count(_scale, 0.0);
   if (zeros == 1 || zeros == 2) {
     reader.report(FindingCode::TRANSFORM_UNUSABLE,
@@ -46,34 +41,12 @@ void GeometryTransform::reportUnusable(HeldFindings& held, SceneFileReader& read
     reader.report(
         FindingCode::TRANSFORM_UNUSABLE,
         held.describe({ROTATION_AXIS}, "nothing is rotated", "The rotation has no axis: nothing is rotated"),
-        {}, ROTATION_ANGLE);
-  }
-  reportTooLarge(held, reader);
-}
-
-/// Of what could not be read, numbers beyond the greatest alone count as so large that nothing can be drawn.
-void GeometryTransform::reportTooLarge(HeldFindings& held, SceneFileReader& reader) {
-  const auto isTooLarge = [](double value) { return std::abs(value) == std::numeric_limits<double>::max(); };
-  const bool isTurned = isTooLarge(_rotationAngle);
-  const char* const cause = isTurned                                        ? ROTATION_ANGLE
-                            : std::ranges::any_of(_scale, isTooLarge)       ? SCALE_FACTORS
-                            : std::ranges::any_of(_translation, isTooLarge) ? TRANSLATION
-                            : _rotationAngle != 0.0 && std::ranges::any_of(_rotationOrigin, isTooLarge)
-                                ? ROTATION_ORIGIN
-                                : nullptr;
-  if (cause == nullptr) {
-    return;
-  }
-  const std::string text =
-      held.describe({cause}, isTurned ? "nothing is transformed" : "what it transforms is not drawn");
-  _isFaultKnown = !text.empty();
-  if (_isFaultKnown) {
-    reader.report(FindingCode::TRANSFORM_UNUSABLE, text);
+        {}, "rotAngle");
   }
 }
 
 void GeometryTransform::read(const QxElement& element, SceneFileReader* reader) {
-  HeldFindings held(reader, {ROTATION_ANGLE, ROTATION_AXIS, ROTATION_ORIGIN, TRANSLATION, SCALE_FACTORS});
+  HeldFindings held(reader, {SCALE_FACTORS, ROTATION_AXIS});
   KEYS.readElement(*this, element, reader);
   setTransform(_rotationAngle, _rotationAxis, _rotationOrigin, _translation, _scale);
   if (reader != nullptr) {
@@ -100,7 +73,6 @@ void GeometryTransform::apply(lum::Transform& target) const {
   lumSimpleTransform->setRotationOrigin(_rotationOrigin);
   lumSimpleTransform->setScale(_scale);
   lumSimpleTransform->setTranslation(_translation);
-  lumSimpleTransform->setFaultKnown(_isFaultKnown);
 }
 
 lum::Transform* GeometryTransform::makeLumTransform(lum::BaseAttributes& attributes) const {

@@ -10,15 +10,13 @@ namespace vemo {
 namespace {
 
 constexpr const char* INTENSITY = "intensity";
-constexpr const char* AZIMUTH = "azimuth";
-constexpr const char* ELEVATION = "elevation";
 
 }  // namespace
 
 const KeyTable<Light> Light::KEYS({
     key::always<&Light::_intensity>(INTENSITY, "its strength; below 0 it takes light away"),
-    key::always<&Light::_azimuth>(AZIMUTH, "to the right of the viewer, in degrees"),
-    key::always<&Light::_elevation>(ELEVATION, "above the viewer, in degrees"),
+    key::always<&Light::_azimuth>("azimuth", "to the right of the viewer, in degrees"),
+    key::always<&Light::_elevation>("elevation", "above the viewer, in degrees"),
     key::always<&Light::_color>("color", "its colour; alpha is not used").withoutAlpha(),
 });
 
@@ -27,8 +25,6 @@ Light::~Light() = default;
 void Light::read(const QxElement& element, SceneFileReader* reader) {
   HeldFindings held(reader, {INTENSITY});
   KEYS.readElement(*this, element, reader);
-  const ValueReader values(element, reader, OnBadValue::FAIL);
-  _isFaultKnown = values.isUnknown(INTENSITY) || values.isUnknown(AZIMUTH) || values.isUnknown(ELEVATION);
   if (_intensity == 0.0) {
     held.reportHidden({INTENSITY}, "the light has no effect");
   }
@@ -45,7 +41,6 @@ void Light::convertTo(lum::Light& light) const {
   light.setColor(_color.getRGB());
   light.setIntensity(_intensity);
   light.setAngles(_azimuth, _elevation);
-  light.setFaultKnown(_isFaultKnown);
 }
 
 }  // namespace vemo

@@ -5,9 +5,6 @@
 #include <vemo/import/items/ReflectTransform.h>
 #include <vemo/scenegraph/transforms/SymmetricTransform.h>
 
-#include <cmath>
-#include <limits>
-
 namespace vemo {
 
 namespace {
@@ -15,7 +12,6 @@ namespace {
 constexpr const char* NORMAL_X = "planeEqnCoeffA";
 constexpr const char* NORMAL_Y = "planeEqnCoeffB";
 constexpr const char* NORMAL_Z = "planeEqnCoeffC";
-constexpr const char* DISTANCE = "planeEqnCoeffD";
 
 }  // namespace
 
@@ -25,7 +21,7 @@ const KeyTable<ReflectTransform> ReflectTransform::KEYS(
                                                   "a; the normal (a, b, c) is normalised, d is not changed"),
         key::always<&ReflectTransform::_plane, 1>(NORMAL_Y, "b"),
         key::always<&ReflectTransform::_plane, 2>(NORMAL_Z, "c"),
-        key::always<&ReflectTransform::_plane, 3>(DISTANCE, "d"),
+        key::always<&ReflectTransform::_plane, 3>("planeEqnCoeffD", "d"),
         key::always<&ReflectTransform::_flip>("flip", "kept").withoutEffect(),
     },
     OnBadValue::FAIL, VERSION);
@@ -33,19 +29,13 @@ const KeyTable<ReflectTransform> ReflectTransform::KEYS(
 ReflectTransform::~ReflectTransform() = default;
 
 void ReflectTransform::read(const QxElement& element, SceneFileReader* reader) {
-  HeldFindings held(reader, {NORMAL_X, NORMAL_Y, NORMAL_Z, DISTANCE});
+  HeldFindings held(reader, {NORMAL_X, NORMAL_Y, NORMAL_Z});
   KEYS.readElement(*this, element, reader);
   const auto normal = normalized(Vector<3, double>{_plane[0], _plane[1], _plane[2]});
   if (normal == Vector<3, double>{} && reader != nullptr) {
     reader->report(FindingCode::TRANSFORM_UNUSABLE,
                    held.describe({NORMAL_X, NORMAL_Y, NORMAL_Z}, "nothing is mirrored",
                                  "The mirror has no normal: nothing is mirrored"));
-  } else if (std::abs(_plane[3]) == std::numeric_limits<double>::max()) {
-    const std::string text = held.describe({DISTANCE}, "nothing is mirrored");
-    _isFaultKnown = !text.empty();
-    if (_isFaultKnown) {
-      reader->report(FindingCode::TRANSFORM_UNUSABLE, text);
-    }
   }
   held.release();
   // The distance is stated for a unit normal already.
@@ -56,7 +46,6 @@ void ReflectTransform::apply(lum::Transform& target) const {
   auto* const lumSymmTransform = dynamic_cast<lum::SymmetricTransform*>(&target);
   VEMO_REQUIRE(lumSymmTransform, "correct type must be enforced by makeLumTransform function");
   lumSymmTransform->setPlane(_plane);
-  lumSymmTransform->setFaultKnown(_isFaultKnown);
 }
 
 lum::Transform* ReflectTransform::makeLumTransform(lum::BaseAttributes& attributes) const {

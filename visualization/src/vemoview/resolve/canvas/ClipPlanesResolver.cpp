@@ -41,11 +41,8 @@ std::vector<ClipPlane> resolveClipPlanes(const lum::ClipPlanesAttributes* attrib
       continue;
     }
     if (!isUsable(*plane)) {
-      if (!plane->isFaultKnown()) {
-        reportFinding(
-            FindingCode::VALUE_IGNORED,
-            "A clipping plane is not applied: its values are not finite, or too large or too small");
-      }
+      reportFinding(FindingCode::VALUE_IGNORED,
+                    "A clipping plane is not applied: its values are not finite, or too large or too small");
       continue;
     }
     if (planes.size() == MAX_PLANES) {

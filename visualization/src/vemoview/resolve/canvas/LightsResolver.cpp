@@ -33,10 +33,8 @@ CanvasLights usableLights(const lum::LightCollection& collection) {
     }
     const NodeScope scope(*light);
     if (!isUsable(*light)) {
-      if (!light->isFaultKnown()) {
-        reportFinding(FindingCode::VALUE_IGNORED,
-                      "A light is not used: its values are not finite, or too large");
-      }
+      reportFinding(FindingCode::VALUE_IGNORED,
+                    "A light is not used: its values are not finite, or too large");
       continue;
     }
     if (result.size() == MAX_LIGHTS) {

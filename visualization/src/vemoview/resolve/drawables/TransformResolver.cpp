@@ -128,16 +128,14 @@ InstanceTransforms instancesOf(const lum::Transform& transform, bool& areLimited
       return {IDENTITY, image};
     }
     // Reading says of a mirror without a normal that it does not mirror.
-    if (!mirror->isFaultKnown() && (plane[0] != 0.0 || plane[1] != 0.0 || plane[2] != 0.0)) {
+    if (plane[0] != 0.0 || plane[1] != 0.0 || plane[2] != 0.0) {
       reportNotUsable();
     }
     return {IDENTITY};
   }
   const auto* const simple = dynamic_cast<const lum::SimpleTransform*>(&transform);
   if (simple != nullptr && !isFinite(*simple)) {
-    if (!simple->isFaultKnown()) {
-      reportFinding(FindingCode::TRANSFORM_UNUSABLE, "A transform is not applied: its values are not finite");
-    }
+    reportFinding(FindingCode::TRANSFORM_UNUSABLE, "A transform is not applied: its values are not finite");
     return {IDENTITY};
   }
   if (simple == nullptr) {
@@ -153,7 +151,7 @@ InstanceTransforms instancesOf(const lum::Transform& transform, bool& areLimited
   // Scaling by zero in some directions is reported when the scene is read; in all of them, it
   // does not scale.
   const auto zeros = std::ranges::count(simple->getScale(), 0.0);
-  if (!simple->isFaultKnown() && (zeros == 0 || zeros == 3)) {
+  if (zeros == 0 || zeros == 3) {
     reportNotUsable();
   }
   return {};

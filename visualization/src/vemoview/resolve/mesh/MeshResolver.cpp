@@ -8,8 +8,6 @@
 #include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/resolve/ClipPlane.h>
 #include <vemo/scenegraph/Findings.h>
-#include <vemo/scenegraph/attributes/PointScaleAttributes.h>
-#include <vemo/scenegraph/attributes/PointSizeAttributes.h>
 #include <vemo/scenegraph/inspect/NumberText.h>
 
 #include <vtkCellArray.h>
@@ -325,14 +323,6 @@ double statedPixels(const Appearance& appearance) {
              : 0.0;
 }
 
-/// Whether a finding of reading says that the sizes of its points could not be read.
-bool areSizesUnknown(const lum::GeometryDrawable& drawable) {
-  const auto* const size = drawable.findAttributes<lum::PointSizeAttributes>();
-  const auto* const scale = drawable.findAttributes<lum::PointScaleAttributes>();
-  return (size != nullptr && size->isFaultKnown()) ||
-         (scale != nullptr && (scale->getUnknownSizes()[0] || scale->getUnknownSizes()[1]));
-}
-
 /// Whether its cells use less than half of very many points.
 bool usesFewPoints(vtkPolyData& geometry) {
   constexpr vtkIdType MANY = 1000;
@@ -441,9 +431,7 @@ void MeshResolver::add(MeshInstance mesh, const lum::GeometryDrawable& drawable,
   countFilling(mesh);
   for (MeshInstance& part : _sizes.split(std::move(mesh), drawable)) {
     keepUsedPoints(part, _arrays, _prepared);
-    if (!areSizesUnknown(drawable)) {
-      reportIfTooLarge(node, statedPixels(part.appearance) * _pixelScale);
-    }
+    reportIfTooLarge(node, statedPixels(part.appearance) * _pixelScale);
     countCopies(part);
     meshes.push_back(std::move(part));
   }

@@ -172,13 +172,11 @@ void reportUnusableSizes(const lum::PointScaleAttributes& scale, const std::stri
   };
   const auto& sizes = scale.getMapToRange();
   const auto& isUnknown = scale.getUnknownSizes();
-  const auto isAnyKnown = [&](auto isFaulty) {
-    return (!isUnknown[0] && isFaulty(sizes[0])) || (!isUnknown[1] && isFaulty(sizes[1]));
-  };
-  if (isAnyKnown([](double size) { return !std::isfinite(size) || size <= 0.0; })) {
+  const auto isUnusable = [](double size) { return !std::isfinite(size) || size <= 0.0; };
+  if ((!isUnknown[0] && isUnusable(sizes[0])) || (!isUnknown[1] && isUnusable(sizes[1]))) {
     add("sizes that are not above 0 are drawn as 1 pixel");
   }
-  if (scale.getPixelSize() && isAnyKnown([](double size) { return size > MAX_PIXELS; })) {
+  if (scale.getPixelSize() && std::ranges::any_of(sizes, [](double size) { return size > MAX_PIXELS; })) {
     add(fmt::format("sizes above {0} are drawn as {0} pixels", MAX_PIXELS));
   }
   if (!changes.empty()) {
