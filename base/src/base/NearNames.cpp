@@ -49,9 +49,6 @@ std::string suggestNames(const std::string& unknown, const std::set<std::string>
   const std::size_t limit = std::max(std::size_t{1}, (wanted.size() + 2) / 3);
   std::vector<std::pair<std::size_t, std::string>> near;
   for (const std::string& candidate : candidates) {
-    if (candidate.size() > LONGEST_SUGGESTION) {
-      continue;
-    }
     const std::string name = lowerCase(candidate);
     const bool isContained = wanted.size() > 2 && name.find(wanted) != std::string::npos;
     const bool isSimilarInLength = wanted.size() <= LONGEST && name.size() <= wanted.size() + limit &&

@@ -8,7 +8,7 @@
 
 namespace vemo {
 
-/// Longer candidates are not suggested: nobody need keep them.
+/// Names from files that are longer are no candidates.
 inline constexpr std::size_t LONGEST_SUGGESTION = 300;
 
 /// What to add to a message about an unknown name: ": did you mean "wing"?" with up to
