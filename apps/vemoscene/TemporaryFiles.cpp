@@ -78,9 +78,9 @@ class FolderLock {
   bool isHeld() const { return _error == 0; }
   /// Whether another process has locked or removed the folder.
   bool isTaken() const { return _error == EWOULDBLOCK || _error == ENOENT; }
-  /// Whether it is this user's, and as mkdtemp makes folders, other than people do.
+  /// Whether it is this user's and has the permissions that mkdtemp gives, but people do not.
   bool isPrivate() const {
-    constexpr mode_t PERMISSION_BITS = 07777;
+    constexpr mode_t PERMISSION_BITS = 0777;
     struct stat status {};
     return fstat(_file, &status) == 0 && status.st_uid == geteuid() &&
            (status.st_mode & PERMISSION_BITS) == S_IRWXU;

@@ -464,6 +464,9 @@ TEST_F(HangingCommandTest, LeavesNoConvertedScenesBehindWhenItsTimeIsUp) {
 TEST_F(HangingCommandTest, RemovesTheFolderOfAKilledProcessButNoOthers) {
   fs::create_directory(_temporary / "vemoscene-files-of a user");
   fs::create_directory(_temporary / "vemoscene-files-backup");
+  fs::permissions(_temporary / "vemoscene-files-backup", fs::perms::owner_all | fs::perms::group_read);
+  // Folders in it get the bit, too.
+  fs::permissions(_temporary.path(), fs::perms::set_gid, fs::perm_options::add);
   const fs::path others = _temporary / "vemoscene-files-others";
   fs::create_directory(others);
   fs::permissions(others, fs::perms::owner_all);
