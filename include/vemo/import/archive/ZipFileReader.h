@@ -45,7 +45,7 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   using Convert = std::function<void(std::span<char>)>;
 
   /// Throws FileNotFoundException, IOException when the owner has no
-  /// permission to read, or ZipException.
+  /// permission to read or the file cannot be opened, or ZipException.
   explicit ZipFileReader(const std::wstring& path);
 
   /// An archive in memory; the bytes must outlive the reader and its copies. Throws

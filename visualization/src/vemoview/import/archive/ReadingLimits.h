@@ -32,8 +32,8 @@ struct ReadingLimits {
   static constexpr std::uint64_t BYTES_PER_BYTE = ZipFileReader::MAX_DEFLATE_RATIO;
   static constexpr std::uint64_t BYTES_OF_SMALL_ARCHIVE = 256U << 20U;
 
-  /// Compressed bytes are read in time even if they give hardly any content, and those of
-  /// one entry may be those of many others, too.
+  /// Reading compressed bytes takes time even if they give hardly any content; entries may also
+  /// share them. Entries that may be read again are within it.
   static constexpr std::uint64_t COMPRESSED_BYTES_PER_BYTE = 40;
   static constexpr std::uint64_t COMPRESSED_BYTES_OF_SMALL_ARCHIVE = 64U << 20U;
 
@@ -63,7 +63,7 @@ struct ReadingLimits {
             std::max(ELEMENTS_OF_SMALL_ARCHIVE, ELEMENTS_PER_BYTE * size),
             std::max(DESCRIPTION_BYTES_OF_SMALL_ARCHIVE, DESCRIPTION_BYTES_PER_BYTE * size),
             std::max(BYTES_OF_SMALL_ARCHIVE, BYTES_PER_BYTE * size),
-            std::max(COMPRESSED_BYTES_OF_SMALL_ARCHIVE, COMPRESSED_BYTES_PER_BYTE * size),
+            COMPRESSED_BYTES_OF_SMALL_ARCHIVE + COMPRESSED_BYTES_PER_BYTE * size,
             COPIES_OF_SMALL_CONTENT + COPIES_PER_BYTE * content};
   }
 };
