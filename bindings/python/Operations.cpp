@@ -89,7 +89,7 @@ py::tuple convert(const std::string& source, const std::string& target, const py
     if (detectScene(toWidePath(source)) == SceneKind::ARCHIVE) {
       convertArchive(toWidePath(source), toWidePath(target), report);
     } else {
-      copyDatabase(toWidePath(source), toWidePath(target), report, nullptr);
+      copyDatabase(toWidePath(source), toWidePath(target), report, {});
     }
     return findings;
   }));

@@ -71,9 +71,10 @@ TEST(DatabaseTest, ReplacesAFileOnlyIfTheNewOneIsVerified) {
   const auto refuse = [&](const std::wstring& temporary) {
     EXPECT_EQ(nameIn(temporary), "new");
     EXPECT_EQ(nameIn(path), "former");
-    throw std::runtime_error("refused");
+    // What reading it may throw is no failure to write.
+    throw lum::io::FileError(FileIoStatus::ReadError, "refused");
   };
-  EXPECT_THROW(write(refuse), std::runtime_error);
+  EXPECT_THROW(write(refuse), lum::io::FileError);
   EXPECT_EQ(nameIn(path), "former");
   EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 1);
   write([](const std::wstring&) {});

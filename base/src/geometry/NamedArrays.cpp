@@ -15,7 +15,7 @@ namespace {
 /// Before the observers of data sets.
 constexpr float FIRST = 1.0F;
 
-/// Others copy it without comparing names.
+/// vtkDataSetAttributes copies such a list without comparing names.
 class ArrayList final : public vtkDataSetAttributes {
  public:
   static ArrayList* New();
@@ -62,6 +62,9 @@ std::vector<vtkSmartPointer<vtkDataArray>> NamedArrays::release() {
 }
 
 void NamedArrays::addTo(vtkDataSetAttributes& data) const {
+  if (_arrays.empty()) {
+    return;
+  }
   const vtkNew<ArrayList> list;
   list->append(_arrays);
   const vtkNew<vtkCallbackCommand> silence;

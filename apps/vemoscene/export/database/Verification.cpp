@@ -31,11 +31,10 @@ class FirstDifference {
   std::string _text;
 };
 
-[[noreturn]] void reject(const std::string& output, const std::string& reason) {
+[[noreturn]] void reject(const std::string& output, const char* fault, const std::string& reason) {
   throw Failure(
       ExitCode::CANNOT_WRITE,
-      fmt::format("\"{}\" is not replaced: its new content differs from what was to be written:\n{}", output,
-                  reason));
+      fmt::format("\"{}\" is missing or unchanged: what was written {}:\n{}", output, fault, reason));
 }
 
 /// Calls compare(reader, first) with what was written.
@@ -49,9 +48,9 @@ DatabaseCounts verify(const std::wstring& database, const std::string& output, C
       return counts;
     }
   } catch (const lum::io::FileError& error) {
-    reject(output, error.what());
+    reject(output, "cannot be read back", error.what());
   }
-  reject(output, first.getText());
+  reject(output, "differs from what was to be written", first.getText());
 }
 
 }  // namespace

@@ -5,11 +5,15 @@
 #include <vemo/scenegraph/edit/EditError.h>
 #include <vemo/scenegraph/edit/Items.h>
 
+#include <cstddef>
 #include <set>
 
 namespace lum {
 
 namespace {
+
+/// Longer names are not suggested, and need not be kept for that.
+constexpr std::size_t LONGEST_SUGGESTION = 300;
 
 bool endsInPath(const std::string& path, const std::string& end) {
   return path == end || path.ends_with("/" + end);
@@ -44,7 +48,7 @@ std::vector<Drawable*> findItems(SceneNode& scene, const std::string& item) {
       found.push_back(&drawable);
     } else if (drawable.getName() != drawable.className()) {
       const std::string& name = isPath ? path : drawable.getName();
-      if (name.size() <= vemo::LONGEST_SUGGESTION) {
+      if (name.size() <= LONGEST_SUGGESTION) {
         names.insert(name);
       }
     }

@@ -35,7 +35,7 @@ class SDBWriter::Database final : private io::ArraySink {
     return _recordCount++;
   }
 
-  void finish(const Verifier& verifier) {
+  void finish() {
     io::ByteWriter index;
     _tables.take(index);
     for (std::uint64_t i = 0; i < _chunkCount; ++i) {
@@ -46,11 +46,12 @@ class SDBWriter::Database final : private io::ArraySink {
     const std::uint64_t offset = _file.getPosition();
     _file.write(index.view().data(), index.size());
     _file.writeFirst(io::makeHeader({offset, index.size(), io::hashOf(index.view())}));
-    if (verifier) {
-      verifier(vemo::toWidePath(_file.getTemporaryPath().native()));
-    }
-    _file.commit();
   }
+
+  /// Of the finished file.
+  std::wstring getTemporaryPath() const { return vemo::toWidePath(_file.getTemporaryPath().native()); }
+
+  void commit() { _file.commit(); }
 
   bool hasFailed = false;
 
@@ -140,11 +141,18 @@ io::FileIoStatus SDBWriter::close() {
   if (!database || database->hasFailed) {
     return io::FileIoStatus::WriteError;
   }
-  const io::FileIoStatus status = run([&] { database->finish(_verifier); });
-  if (status == io::FileIoStatus::Success) {
+  const io::FileIoStatus finished = run([&] { database->finish(); });
+  if (finished != io::FileIoStatus::Success) {
+    return finished;
+  }
+  if (_verifier) {
+    _verifier(database->getTemporaryPath());
+  }
+  const io::FileIoStatus committed = run([&] { database->commit(); });
+  if (committed == io::FileIoStatus::Success) {
     _progress.finish();
   }
-  return status;
+  return committed;
 }
 
 }  // namespace lum
