@@ -25,7 +25,8 @@ class ReadingContext;
 struct PartsDrawn {
   bool lines = false;
   bool points = false;
-  /// That lighting differs from this only follows from what could not be read of it.
+  /// Whether a value of its lighting could not be read, so that differences from it follow from
+  /// that.
   bool isLightingUnknown = false;
 };
 

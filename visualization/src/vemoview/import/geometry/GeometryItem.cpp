@@ -402,9 +402,7 @@ void GeometryItem::addTo(lum::DrawableCollection& collection, bool isHidden, con
   const bool isShared = hasGeometry(drawable);
   PartsDrawn& parts = shared.partsDrawn[&drawable];
   parts.isLightingUnknown = parts.isLightingUnknown || _settings.isLightingUnknown;
-  const auto settings = [&](bool haveLighting) { return SharedSettings(drawable, parts, haveLighting); };
-  const SharedSettings before = settings(true);
-  const SharedSettings knownBefore = settings(!parts.isLightingUnknown);
+  const SharedSettings before(drawable, parts);
   const bool isColoredByOther = shared.colormap == nullptr && hasColorTable(drawable);
   lum::PolyDataNode& node =
       GeometryDrawableBuilder(_settings, *_polydata, drawable, *shared.pointBounds, shared.context)
@@ -418,12 +416,15 @@ void GeometryItem::addTo(lum::DrawableCollection& collection, bool isHidden, con
     drawable.template getAttributes<lum::LineAttributes>().setLineWidth(_property->GetLineWidth());
   }
   addVisibilityAttrib(drawable, isHidden);
-  if (isShared && knownBefore != settings(!parts.isLightingUnknown)) {
+  const SharedSettings after(drawable, parts);
+  const bool isKnownSame =
+      parts.isLightingUnknown ? before.withoutLighting() == after.withoutLighting() : before == after;
+  if (isShared && !isKnownSame) {
     reportReplaced(shared, drawable, FindingCode::SETTINGS_REPLACED,
                    "The settings of the geometry \"" + getName() +
                        "\" are replaced by those of a later geometry with the same name and type");
   }
-  if (isShared && before != settings(true)) {
+  if (isShared && before != after) {
     keepReplacedSettings(shared, drawable);
   }
   if (isShared && hasSettingsOfOthers(drawable, parts)) {
@@ -437,6 +438,8 @@ void GeometryItem::addTo(lum::DrawableCollection& collection, bool isHidden, con
            "The data of \"" + getName() +
                "\" have the colours of an earlier geometry with the same name and type");
   }
+  parts.isLightingUnknown =
+      _settings.isLightingUnknown || (parts.isLightingUnknown && !_settings.hasLighting());
   parts.lines = parts.lines || _polydata->GetNumberOfLines() > 0;
   parts.points = parts.points || _geometryType == POINTS || _polydata->GetNumberOfVerts() > 0;
 }

@@ -22,8 +22,7 @@ bool isAnyOf(const lum::Node& node) {
 
 }  // namespace
 
-SharedSettings::SharedSettings(lum::GeometryDrawable& drawable, const PartsDrawn& parts, bool hasLighting)
-    : _hasLighting(hasLighting) {
+SharedSettings::SharedSettings(lum::GeometryDrawable& drawable, const PartsDrawn& parts) {
   const lum::ColorAttributes& colors = *drawable.getColorAttributes();
   _colorMode = colors.getColorMode();
   _color = colors.getColor();
@@ -35,17 +34,21 @@ SharedSettings::SharedSettings(lum::GeometryDrawable& drawable, const PartsDrawn
   auto& all = drawable.getAttributesCollection();
   lum::forEachNode(all, [&](const lum::Node& node) {
     if (&node != &all && &node != &colors && hasEffect(node, parts)) {
-      _changed = std::max(_changed, node.getModificationTime());
+      std::uint64_t& changed = isAnyOf<lum::MaterialAttributes>(node) ? _lightingChanged : _changed;
+      changed = std::max(changed, node.getModificationTime());
     }
   });
+}
+
+SharedSettings SharedSettings::withoutLighting() const {
+  SharedSettings others = *this;
+  others._lightingChanged = 0;
+  return others;
 }
 
 bool SharedSettings::hasEffect(const lum::Node& attributes, const PartsDrawn& parts) const {
   if (isAnyOf<lum::MeshAttributes, lum::LineAttributes>(attributes)) {
     return _showsEdges || parts.lines;
-  }
-  if (isAnyOf<lum::MaterialAttributes>(attributes)) {
-    return _hasLighting;
   }
   return parts.points || !isAnyOf<lum::PointAttributes, lum::PointSizeAttributes>(attributes);
 }

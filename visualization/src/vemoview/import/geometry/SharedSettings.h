@@ -16,19 +16,22 @@ namespace vemo {
 /// all attributes except each one's colours.
 class SharedSettings {
  public:
-  /// @param hasLighting whether lighting is one of them
-  SharedSettings(lum::GeometryDrawable& drawable, const PartsDrawn& parts, bool hasLighting);
+  SharedSettings(lum::GeometryDrawable& drawable, const PartsDrawn& parts);
   bool operator==(const SharedSettings&) const = default;
+
+  /// The others.
+  SharedSettings withoutLighting() const;
 
  private:
   bool hasEffect(const lum::Node& attributes, const PartsDrawn& parts) const;
 
-  bool _hasLighting;
   lum::ColorMode _colorMode;
   std::optional<lum::Vector3> _color;
   double _opacity;
   /// Of a surface: its edges or its contour.
   bool _showsEdges = false;
+  std::uint64_t _lightingChanged = 0;
+  /// All but lighting and colours.
   std::uint64_t _changed = 0;
 };
 
