@@ -164,7 +164,7 @@ bool ImportedScene::hasPlainBackground() const {
 vtkSmartPointer<vtkRenderer> ImportedScene::makeBackgroundLayer() const {
   auto layer = vtkSmartPointer<vtkRenderer>::New();
   layer->InteractiveOff();
-  layer->SetViewport(_formerSettings->getWhole().data());
+  layer->SetViewport(_formerSettings->findWhole().data());
   setBackground(*layer, _background);
   return layer;
 }
@@ -177,7 +177,7 @@ void ImportedScene::addLayers() {
   }
   for (const Canvas& canvas : _canvases) {
     if (canvas.ownRenderer != nullptr && !canvas.isEmpty) {
-      canvas.ownRenderer->SetViewport(partOf(_formerSettings->getWhole(), placeOf(canvas.content)).data());
+      canvas.ownRenderer->SetViewport(partOf(_formerSettings->findWhole(), placeOf(canvas.content)).data());
       (canvas.content.role == Role::BACKGROUND ? below : above).push_back(canvas.ownRenderer);
     }
   }
@@ -186,7 +186,7 @@ void ImportedScene::addLayers() {
 
 void ImportedScene::show() {
   _formerSettings = RendererSettings::of(*_renderer);
-  const Viewport whole = _formerSettings->getWhole();
+  const Viewport whole = _formerSettings->findWhole();
   setScenePart(*_renderer, whole.data());
   _items.showVisible();
   for (const Canvas& canvas : _canvases) {

@@ -11,6 +11,7 @@
 #include <vtkRenderWindow.h>
 #include <vtkRenderer.h>
 
+#include <cmath>
 #include <map>
 
 namespace vemo {
@@ -26,10 +27,10 @@ Viewport viewportOf(vtkRenderer& renderer) {
 }  // namespace
 
 Viewport partOf(const Viewport& whole, const Viewport& part) {
-  const double width = whole[2] - whole[0];
-  const double height = whole[3] - whole[1];
-  return {whole[0] + part[0] * width, whole[1] + part[1] * height, whole[0] + part[2] * width,
-          whole[1] + part[3] * height};
+  // Exact at both ends, so that all of it is the same part.
+  const auto x = [&whole](double fraction) { return std::lerp(whole[0], whole[2], fraction); };
+  const auto y = [&whole](double fraction) { return std::lerp(whole[1], whole[3], fraction); };
+  return {x(part[0]), y(part[1]), x(part[2]), y(part[3])};
 }
 
 std::shared_ptr<RendererSettings> RendererSettings::of(vtkRenderer& renderer) {
@@ -87,10 +88,14 @@ bool RendererSettings::isPartOfModel() const {
   return !_modelParts.empty() && viewportOf(*_renderer) == partOf(_whole, _modelParts.back().part);
 }
 
-const Viewport& RendererSettings::getWhole() {
+void RendererSettings::followProgram() {
   if (!isPartOfModel()) {
     _whole = viewportOf(*_renderer);
   }
+}
+
+const Viewport& RendererSettings::findWhole() {
+  followProgram();
   return _whole;
 }
 
@@ -100,7 +105,7 @@ void RendererSettings::showPart() {
 }
 
 void RendererSettings::addModelPart(const ImportedScene& scene, const Viewport& part) {
-  getWhole();
+  followProgram();
   _modelParts.push_back({&scene, part});
   showPart();
 }

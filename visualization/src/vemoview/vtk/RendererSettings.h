@@ -45,7 +45,7 @@ class RendererSettings {
 
   /// The renderer's part of the window, which is that of each scene: as the program has set it, and not as
   /// the part of a scene's model.
-  const Viewport& getWhole();
+  const Viewport& findWhole();
 
   /// Gives the renderer the part that a scene's model has, until the scene's are removed or those of
   /// another follow.
@@ -59,6 +59,7 @@ class RendererSettings {
   };
 
   bool isPartOfModel() const;
+  void followProgram();
   void showPart();
 
   vtkWeakPointer<vtkRenderer> _renderer;
