@@ -80,9 +80,11 @@ void addConvertCommand(CLI::App& app, Command& command) {
       app.add_subcommand("convert", "Convert a scene to the format of OUT, usually a scene-graph database");
   arguments->files.addTo(*convertApp, "The file to write: " + listExportFormats());
   convertApp->add_flag("--force", arguments->force, "Also replace files of other kinds");
-  convertApp->add_flag("--verify", request.verify,
-                       "Read OUT back, compare it with what was to be written, and print what was compared; "
-                       "exit with 6 and leave OUT alone if they differ");
+  convertApp->add_flag(
+      "--verify", request.verify,
+      "Read back what was written before it becomes OUT, compare it with what was to be written, and "
+      "print what was compared; "
+      "exit with 6 and leave OUT alone if they differ");
   convertApp->add_option("--ledger", arguments->ledger)
       ->option_text("FILE")
       ->description("Write what became of each element, attribute and entry of an archive, as JSON lines");

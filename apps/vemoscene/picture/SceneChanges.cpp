@@ -73,7 +73,7 @@ void addSceneChanges(CLI::App& app, SceneChanges& changes) {
            "nothing else is shown");
   add("--array", "NAME", "Colour all geometry that has this array over its points or cells by it",
       [&changes](const std::string& text) { changes.array = text; });
-  add("--range", "MIN:MAX", "The values of the first and last colour (default: all values of the --array)",
+  add("--range", "MIN:MAX", "The low and high end of the colours (default: all values of the --array)",
       [&changes](const std::string& text) { changes.range = parseRange(text); });
   add("--background", "RRGGBB", "The background's colour, or two for top and bottom as in ffffff,a0a0a0",
       [&changes](const std::string& text) { changes.background = parseBackground(text); });

@@ -207,7 +207,7 @@ void SceneWindow::addColors(QMenu& menu) {
   QMenu* const arrays = menu.addMenu("&By array");
   arrays->setObjectName("arrays");
   connect(arrays, &QMenu::aboutToShow, this, [this, arrays] { listArrays(*arrays); });
-  menu.addAction(add({"&Range...", "Choose the values of the first and last colour", {{"Ctrl+R"}}, [this] {
+  menu.addAction(add({"&Range...", "Choose the low and high end of the colours", {{"Ctrl+R"}}, [this] {
                         askAndSetRange();
                       }}));
   menu.addAction(
@@ -284,7 +284,7 @@ void SceneWindow::openNeighbour(int step) {
   for (int next = names.indexOf(file.fileName()) + step; next >= 0 && next < names.size(); next += step) {
     const QString path = file.dir().filePath(names[next]);
     if (_files.isScene(path)) {
-      // One that cannot be opened does not keep the keys from those beyond.
+      // One that cannot be opened does not keep the keys from those beyond it.
       _path = path;
       _files.open(path);
       return;

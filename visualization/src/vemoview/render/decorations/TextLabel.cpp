@@ -15,7 +15,8 @@ namespace vemo {
 
 namespace {
 
-/// VTK writes no texts into a single row or column of pixels, but would draw them.
+/// VTK makes no texture for a text in a single row or column of pixels, and complains when it
+/// draws it.
 bool hasRoomForTexts(vtkRenderer& renderer) {
   const auto size = sizeInPixels(renderer);
   return size[0] > 1.0 && size[1] > 1.0;
