@@ -225,7 +225,7 @@ class DirectoryBytes {
   }
 
  private:
-  static constexpr std::size_t MAX_ENTRY_BYTES = directory::SIZE + 3 * 0xffff;
+  static constexpr std::size_t MAX_ENTRY_BYTES = directory::SIZE + std::size_t{3} * 0xffff;
   static constexpr std::size_t BLOCK = std::size_t{1} << 20U;
 
   void readOn() {
