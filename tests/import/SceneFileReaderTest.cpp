@@ -216,7 +216,7 @@ TEST_F(SceneFileReaderTest, BoundsWhatIsMadeOfSmallContent) {
   SceneFileReader reader = open(ArchiveBuilder().text("four", "four").text("large", "").forge([](Entry& e) {
     e.uncompressedSize = 1'000'000;
   }));
-  reader.countNormals(ReadingLimits::ofArchive(0, 4).copies / 12);
+  reader.countNormals(static_cast<std::int64_t>(ReadingLimits::ofArchive(0, 4).copies / 12));
   const auto readFour = [&] { return failureOf([&] { delete[] reader.readEntry("four").data; }); };
   const std::string tooMuch =
       ": so many items share data that the scene would take memory out of proportion to its content. | ::";
