@@ -10,6 +10,8 @@ namespace vemo {
 inline constexpr int SIZE = 300;
 
 inline constexpr Picture::Pixel BLACK = {0, 0, 0};
+inline constexpr Picture::Pixel RED = {255, 0, 0};
+inline constexpr Picture::Pixel GREEN = {0, 255, 0};
 
 /// A small scene and its picture.
 class RenderScene : public SceneBuilder {
