@@ -57,7 +57,6 @@ void reportAbout(const std::string& entry, ReadingContext& context, Function&& f
 /// Releases each data file once it is decoded: arrays may take most of the memory.
 void decodeDataFiles(Scene& scene, lum::NodeInputStream& nodes, SceneFileReader& context) {
   lum::SceneGraphReader reader(nodes);
-  std::size_t damaged = 0;
   for (const std::string& entry : context.getPayloadEntries()) {
     if (scene.getLUMDataFiles().empty()) {
       // An audit goes on although this one could not be read.
@@ -68,15 +67,14 @@ void decodeDataFiles(Scene& scene, lum::NodeInputStream& nodes, SceneFileReader&
     reportAbout(entry, context, [&] {
       if (!reader.loadVtkDataFromInputStream(dataStream)) {
         VEMO_LOG_INFO("Error parsing data input stream!");
-        ++damaged;
       }
     });
   }
+  // Also after damage was reported, which need not be that of these arrays.
   const std::size_t missing = nodes.getMissingArrayCount();
-  if (missing > damaged) {
-    reportDamage(
-        fmt::format("{} of the arrays of the scene graph are not in the archive; geometry is missing",
-                    missing - damaged));
+  if (missing > 0) {
+    reportDamage(fmt::format(
+        "{} of the arrays of the scene graph are missing or damaged; geometry is left out", missing));
   }
 }
 
