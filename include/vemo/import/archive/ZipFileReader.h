@@ -83,6 +83,9 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   /// this before allocating memory: the size may be forged.
   bool isSizePossible(const std::string& name) const;
 
+  /// Why an entry is not supported: "it is encrypted"; empty for others, which may be damaged.
+  std::string describeUnsupported(const std::string& name) const;
+
   /// Whether an entry that can be read has another name in front of its content.
   bool hasOtherName(const std::string& name) const;
 
