@@ -131,6 +131,23 @@ TEST_F(CommandLineTest, ReadsStandardInput) {
   EXPECT_THAT(run({"info", "-"}).err, HasSubstr("Standard input cannot be read"));
 }
 
+/// Standard input may have no end.
+TEST_F(CommandLineTest, CopiesOfStandardInputOnlyWhatMayBeAScene) {
+  constexpr std::size_t BYTES = std::size_t{4} << 20U;
+  rlimit former{};
+  getrlimit(RLIMIT_FSIZE, &former);
+  const rlimit limit{BYTES / 2, former.rlim_max};
+  const auto infoOf = [&](const std::string& start) {
+    writeFile(_folder / ".in", start + std::string(BYTES, 'x'));
+    setrlimit(RLIMIT_FSIZE, &limit);
+    const std::string message = run({"info", "-"}).err;
+    setrlimit(RLIMIT_FSIZE, &former);
+    return message;
+  };
+  EXPECT_EQ(infoOf("no scene"), "vemoscene: Unknown file format \"standard input\"\n");
+  EXPECT_EQ(infoOf("PK\3\4"), "vemoscene: Cannot write a temporary copy of standard input: File too large\n");
+}
+
 TEST_F(CommandLineTest, AnswersInTheWordsOfTheParser) {
   const std::pair<std::vector<std::string>, std::string> cases[] = {{{"--help"}, "Exit status:"},
                                                                     {{"--version"}, "vemoscene "},
