@@ -417,13 +417,20 @@ class HangingCommandTest : public CommandLineTest {
 
   /// Waits until the pipe holds what was printed.
   void waitUntilItHangs() const {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
-    int size = 0;
-    while (size == 0 && std::chrono::steady_clock::now() < end) {
+    waitUntil([this] {
+      int size = 0;
       ioctl(_descriptor, FIONREAD, &size);
-      std::this_thread::sleep_for(std::chrono::milliseconds(5));
+      return size > 0;
+    });
+  }
+
+  template <class Condition>
+  static void waitUntil(const Condition& isMet) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    while (!isMet() && std::chrono::steady_clock::now() < end) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
-    EXPECT_GT(size, 0);
+    EXPECT_TRUE(isMet());
   }
 
   /// Nobody can read it any more.
@@ -499,6 +506,15 @@ TEST_F(HangingCommandTest, RemovesTheFolderOfAKilledProcessButNoOthers) {
   EXPECT_EQ(countTemporaryFolders(), kept + 1);
   run({"convert", "scene.zip", "-"});
   EXPECT_EQ(countTemporaryFolders(), kept);
+}
+
+TEST_F(HangingCommandTest, LeavesNoEmptyFolderBehindWhenItIsTerminated) {
+  writeScene("long.zip", "<light intensity='1' color='FFFFFFFF'/>", 20000);
+  const ProgramRun run = start({"convert", "long.zip", "-d", "new"});
+  waitUntil([this] { return fs::exists(_folder / "new"); });
+  run.sendSignal(SIGTERM);
+  EXPECT_EQ(run.finish().exitCode, -SIGTERM);
+  EXPECT_FALSE(fs::exists(_folder / "new"));
 }
 
 TEST_F(HangingCommandTest, ATerminatedConversionKeepsItsInput) {
