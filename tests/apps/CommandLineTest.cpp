@@ -358,7 +358,68 @@ TEST_F(CommandLineTest, OpensNoWindowWithoutADisplay) {
   setenv("DISPLAY", ":no such display", 1);
   EXPECT_EQ(run({"view", "scene.zip"}).exitCode, 69);
   EXPECT_EQ(run({"view", "nowhere.zip"}).exitCode, 2);
+  // Qt aborts the process then.
+  setenv("QT_QPA_PLATFORM", "no such platform", 1);
+  const ProgramResult aborted = run({"view", "scene.zip"});
+  EXPECT_EQ(aborted.exitCode, 69);
+  EXPECT_THAT(aborted.err, HasSubstr(VEMO_HAS_WINDOW ? "vemoscene: This application failed to start"
+                                                     : "Cannot load the window library"));
+  unsetenv("QT_QPA_PLATFORM");
 }
+
+#if VEMO_HAS_WINDOW
+/// A display of its own.
+class XServer {
+ public:
+  XServer() {
+    int numbers[2] = {-1, -1};
+    EXPECT_EQ(pipe(numbers), 0);
+    _process = fork();
+    if (_process == 0) {
+      const std::string number = std::to_string(numbers[1]);
+      execlp("Xvfb", "Xvfb", "-displayfd", number.c_str(), "-screen", "0", "640x480x24", nullptr);
+      _exit(127);
+    }
+    close(numbers[1]);
+    for (char digit = 0; read(numbers[0], &digit, 1) == 1 && digit != '\n';) {
+      _number += digit;
+    }
+    close(numbers[0]);
+  }
+  XServer(const XServer&) = delete;
+  XServer& operator=(const XServer&) = delete;
+  ~XServer() { stop(); }
+
+  bool isRunning() const { return !_number.empty(); }
+  std::string getDisplay() const { return ":" + _number; }
+
+  void stop() {
+    if (_process > 0) {
+      kill(_process, SIGTERM);
+      waitpid(std::exchange(_process, -1), nullptr, 0);
+    }
+  }
+
+ private:
+  pid_t _process = -1;
+  std::string _number;
+};
+
+TEST_F(CommandLineTest, SaysThatTheDisplayHasGone) {
+  XServer server;
+  if (!server.isRunning()) {
+    GTEST_SKIP() << "There is no Xvfb";
+  }
+  setenv("DISPLAY", server.getDisplay().c_str(), 1);
+  const ProgramRun view({"view", "scene.zip"}, _folder.path(), _temporary.path());
+  // Usually it has its window then; at any time before that, the outcome is the same.
+  std::this_thread::sleep_for(std::chrono::seconds(2));
+  server.stop();
+  const ProgramResult result = view.finish();
+  EXPECT_EQ(result.exitCode, 69);
+  EXPECT_THAT(result.err, HasSubstr("vemoscene: The display \"" + server.getDisplay() + "\" "));
+}
+#endif
 
 TEST_F(CommandLineTest, ReportsResultsThatCannotBeWritten) {
   EXPECT_EQ(run({"convert", "scene.zip", "-"}, "/dev/full").exitCode, 6);
