@@ -3,6 +3,7 @@
 #include "FileChecks.h"
 #include "InputFile.h"
 #include "OutputFile.h"
+#include "TemporaryFiles.h"
 #include "output/Messages.h"
 
 #include <CLI/CLI.hpp>
@@ -100,7 +101,7 @@ void FileArguments::makeFolder() {
   if (_folder.empty() || fs::is_directory(_folder, error)) {
     return;
   }
-  if (!fs::create_directory(_folder, error)) {
+  if (!makeOutputFolder(_folder, error)) {
     throw Failure(ExitCode::CANNOT_WRITE,
                   fmt::format("Cannot create the folder \"{}\": {}", _folder, error.message()));
   }

@@ -3,9 +3,14 @@
 #include "TemporaryFiles.h"
 #include "output/ExitCode.h"
 #include "output/Messages.h"
+#include <vemo/scenegraph/io/SDBWriter.h>
 
+#include <cerrno>
 #include <cstddef>
+#include <fmt/format.h>
 #include <fstream>
+#include <string_view>
+#include <system_error>
 #include <unistd.h>
 #include <vector>
 
@@ -13,27 +18,64 @@ namespace vemo {
 
 namespace {
 
+/// Of old scenes.
+constexpr std::string_view ZIP_SIGNATURE = "PK\x03\x04";
+
 /// Empty until standard input has been read.
 std::string& copyOfInput() {
   static std::string file;
   return file;
 }
 
-void copyStandardInput(const std::string& to) {
-  constexpr std::size_t BLOCK_SIZE = std::size_t{1} << 20U;
-  std::vector<char> block(BLOCK_SIZE);
-  std::ofstream out(to, std::ios::binary);
-  ssize_t count = 0;
-  while (out && (count = read(STDIN_FILENO, block.data(), block.size())) > 0) {
-    out.write(block.data(), count);
+/// Standard input in blocks.
+class InputBlocks {
+ public:
+  /// The next bytes, at least so many unless fewer are left; empty at the end.
+  std::string_view next(std::size_t least) {
+    std::size_t size = 0;
+    while (size < least) {
+      const ssize_t count = read(STDIN_FILENO, _block.data() + size, _block.size() - size);
+      if (count < 0) {
+        throw Failure(ExitCode::READ_ERROR, "Standard input cannot be read");
+      }
+      if (count == 0) {
+        break;
+      }
+      size += static_cast<std::size_t>(count);
+    }
+    return {_block.data(), size};
   }
-  out.close();
-  if (count < 0) {
-    throw Failure(ExitCode::READ_ERROR, "Standard input cannot be read");
-  }
+
+ private:
+  static constexpr std::size_t SIZE = std::size_t{1} << 20U;
+  std::vector<char> _block = std::vector<char>(SIZE);
+};
+
+/// By its first bytes, as far as they are there.
+bool mayBeScene(std::string_view start) {
+  return start.starts_with(lum::SDBWriter::SIGNATURE) || start.starts_with(ZIP_SIGNATURE);
+}
+
+void requireWritten(const std::ofstream& out) {
   if (!out) {
-    throw Failure(ExitCode::CANNOT_WRITE, "Cannot write a temporary copy of standard input");
+    throw Failure(ExitCode::CANNOT_WRITE, fmt::format("Cannot write a temporary copy of standard input: {}",
+                                                      std::generic_category().message(errno)));
   }
+}
+
+/// What is no scene is only copied as far as tells what it is: it may have no end.
+void copyStandardInput(const std::string& to) {
+  InputBlocks input;
+  std::ofstream out(to, std::ios::binary);
+  requireWritten(out);
+  std::string_view block = input.next(lum::SDBWriter::SIGNATURE.size());
+  const bool isCopied = mayBeScene(block);
+  do {
+    out.write(block.data(), static_cast<std::streamsize>(block.size()));
+    requireWritten(out);
+  } while (isCopied && !(block = input.next(1)).empty());
+  out.close();
+  requireWritten(out);
 }
 
 }  // namespace

@@ -221,4 +221,19 @@ void removePartialOutputWhenEnded() {
   }
 }
 
+bool makeOutputFolder(const fs::path& folder, std::error_code& error) {
+  // Incomplete outputs are removed first.
+  removePartialOutputWhenEnded();
+  const sigset_t signals = blockEndingSignals();
+  const std::lock_guard lock(cleanUps().mutex);
+  if (!fs::create_directory(folder, error)) {
+    return false;
+  }
+  callWhenEnded(signals, [folder] {
+    std::error_code isNotEmpty;
+    fs::remove(folder, isNotEmpty);
+  });
+  return true;
+}
+
 }  // namespace vemo

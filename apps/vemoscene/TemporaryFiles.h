@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <system_error>
 
 namespace vemo {
 
@@ -17,6 +18,10 @@ std::filesystem::path useOwnTemporaryFolder();
 /// Removes temporary files beside the output when one of these signals ends the
 /// process.
 void removePartialOutputWhenEnded();
+
+/// Makes a folder for outputs, which is removed if one of these signals ends the process
+/// while nothing is in it. Returns false, with the error, if it cannot be made.
+bool makeOutputFolder(const std::filesystem::path& folder, std::error_code& error);
 
 /// Does not return while a signal is ending the process: its temporary files are
 /// being removed, and failures that this causes are not worth a message.

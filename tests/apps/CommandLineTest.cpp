@@ -54,7 +54,7 @@ class CommandLineTest : public ProgramTest {
     makeArchive(makeDescription("heat")).write(_folder / "scene.zip");
     makeArchive(makeDescription("heat"))
         .bytes("heat", {})
-        .forge([](ArchiveBuilder::Entry& entry) { entry.method = 0xffff; })
+        .forge([](ArchiveBuilder::Entry& entry) { entry.compressedSize = 0x10000000; })
         .write(_folder / "incomplete.zip");
     makeArchive(makeDescription("cold")).write(_folder / "cold.zip");
     makeArchive(std::regex_replace(makeDescription("heat"), std::regex("z=\"5\""), "z=\"0\""))
@@ -130,6 +130,23 @@ TEST_F(CommandLineTest, ReadsStandardInput) {
   fs::remove(_folder / ".in");
   fs::create_directory(_folder / ".in");
   EXPECT_THAT(run({"info", "-"}).err, HasSubstr("Standard input cannot be read"));
+}
+
+/// Standard input may have no end.
+TEST_F(CommandLineTest, CopiesOfStandardInputOnlyWhatMayBeAScene) {
+  constexpr std::size_t BYTES = std::size_t{4} << 20U;
+  rlimit former{};
+  getrlimit(RLIMIT_FSIZE, &former);
+  const rlimit limit{BYTES / 2, former.rlim_max};
+  const auto infoOf = [&](const std::string& start) {
+    writeFile(_folder / ".in", start + std::string(BYTES, 'x'));
+    setrlimit(RLIMIT_FSIZE, &limit);
+    const std::string message = run({"info", "-"}).err;
+    setrlimit(RLIMIT_FSIZE, &former);
+    return message;
+  };
+  EXPECT_EQ(infoOf("no scene"), "vemoscene: Unknown file format \"standard input\"\n");
+  EXPECT_EQ(infoOf("PK\3\4"), "vemoscene: Cannot write a temporary copy of standard input: File too large\n");
 }
 
 TEST_F(CommandLineTest, AnswersInTheWordsOfTheParser) {
@@ -342,7 +359,68 @@ TEST_F(CommandLineTest, OpensNoWindowWithoutADisplay) {
   setenv("DISPLAY", ":no such display", 1);
   EXPECT_EQ(run({"view", "scene.zip"}).exitCode, 69);
   EXPECT_EQ(run({"view", "nowhere.zip"}).exitCode, 2);
+  // Qt aborts the process then.
+  setenv("QT_QPA_PLATFORM", "no such platform", 1);
+  const ProgramResult aborted = run({"view", "scene.zip"});
+  EXPECT_EQ(aborted.exitCode, 69);
+  EXPECT_THAT(aborted.err, HasSubstr(VEMO_HAS_WINDOW ? "vemoscene: This application failed to start"
+                                                     : "Cannot load the window library"));
+  unsetenv("QT_QPA_PLATFORM");
 }
+
+#if VEMO_HAS_WINDOW
+/// A display of its own.
+class XServer {
+ public:
+  XServer() {
+    int numbers[2] = {-1, -1};
+    EXPECT_EQ(pipe(numbers), 0);
+    _process = fork();
+    if (_process == 0) {
+      const std::string number = std::to_string(numbers[1]);
+      execlp("Xvfb", "Xvfb", "-displayfd", number.c_str(), "-screen", "0", "640x480x24", nullptr);
+      _exit(127);
+    }
+    close(numbers[1]);
+    for (char digit = 0; read(numbers[0], &digit, 1) == 1 && digit != '\n';) {
+      _number += digit;
+    }
+    close(numbers[0]);
+  }
+  XServer(const XServer&) = delete;
+  XServer& operator=(const XServer&) = delete;
+  ~XServer() { stop(); }
+
+  bool isRunning() const { return !_number.empty(); }
+  std::string getDisplay() const { return ":" + _number; }
+
+  void stop() {
+    if (_process > 0) {
+      kill(_process, SIGTERM);
+      waitpid(std::exchange(_process, -1), nullptr, 0);
+    }
+  }
+
+ private:
+  pid_t _process = -1;
+  std::string _number;
+};
+
+TEST_F(CommandLineTest, SaysThatTheDisplayHasGone) {
+  XServer server;
+  if (!server.isRunning()) {
+    GTEST_SKIP() << "There is no Xvfb";
+  }
+  setenv("DISPLAY", server.getDisplay().c_str(), 1);
+  const ProgramRun view({"view", "scene.zip"}, _folder.path(), _temporary.path());
+  // Usually it has its window then; at any time before that, the outcome is the same.
+  std::this_thread::sleep_for(std::chrono::seconds(2));
+  server.stop();
+  const ProgramResult result = view.finish();
+  EXPECT_EQ(result.exitCode, 69);
+  EXPECT_THAT(result.err, HasSubstr("vemoscene: The display \"" + server.getDisplay() + "\" "));
+}
+#endif
 
 TEST_F(CommandLineTest, ReportsResultsThatCannotBeWritten) {
   EXPECT_EQ(run({"convert", "scene.zip", "-"}, "/dev/full").exitCode, 6);
@@ -401,13 +479,20 @@ class HangingCommandTest : public CommandLineTest {
 
   /// Waits until the pipe holds what was printed.
   void waitUntilItHangs() const {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
-    int size = 0;
-    while (size == 0 && std::chrono::steady_clock::now() < end) {
+    waitUntil([this] {
+      int size = 0;
       ioctl(_descriptor, FIONREAD, &size);
-      std::this_thread::sleep_for(std::chrono::milliseconds(5));
+      return size > 0;
+    });
+  }
+
+  template <class Condition>
+  static void waitUntil(const Condition& isMet) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    while (!isMet() && std::chrono::steady_clock::now() < end) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
-    EXPECT_GT(size, 0);
+    EXPECT_TRUE(isMet());
   }
 
   /// Nobody can read it any more.
@@ -483,6 +568,15 @@ TEST_F(HangingCommandTest, RemovesTheFolderOfAKilledProcessButNoOthers) {
   EXPECT_EQ(countTemporaryFolders(), kept + 1);
   run({"convert", "scene.zip", "-"});
   EXPECT_EQ(countTemporaryFolders(), kept);
+}
+
+TEST_F(HangingCommandTest, LeavesNoEmptyFolderBehindWhenItIsTerminated) {
+  writeScene("long.zip", "<light intensity='1' color='FFFFFFFF'/>", 20000);
+  const ProgramRun run = start({"convert", "long.zip", "-d", "new"});
+  waitUntil([this] { return fs::exists(_folder / "new"); });
+  run.sendSignal(SIGTERM);
+  EXPECT_EQ(run.finish().exitCode, -SIGTERM);
+  EXPECT_FALSE(fs::exists(_folder / "new"));
 }
 
 TEST_F(HangingCommandTest, ATerminatedConversionKeepsItsInput) {

@@ -4,6 +4,7 @@
 #include "support/TemporaryFolder.h"
 
 #include <csignal>
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -100,7 +101,20 @@ TEST(SequentialFileTest, ReportsWhatADeviceDoesNotTake) {
   }
 }
 
+/// As on file systems that have no files without a name: one that all may write is never made so.
+class WithNamedFiles {
+ public:
+  WithNamedFiles() = default;
+  WithNamedFiles(const WithNamedFiles&) = delete;
+  WithNamedFiles& operator=(const WithNamedFiles&) = delete;
+  ~WithNamedFiles() { umask(_mask); }
+
+ private:
+  mode_t _mask = umask(0);
+};
+
 TEST_F(AtomicFileTest, RemovesOnlyItsOwnTemporaryFile) {
+  const WithNamedFiles named;
   auto inFolder = std::make_optional<WorkingFolder>(_folder.path());
   auto file = std::make_unique<OS::AtomicFile>("relative");
   inFolder.reset();
@@ -118,14 +132,50 @@ TEST_F(AtomicFileTest, RemovesOnlyItsOwnTemporaryFile) {
   EXPECT_EQ(readFile(_file), "former");
 }
 
+TEST_F(AtomicFileTest, NothingIsLeftWhateverEndsTheProcess) {
+  const int unnamed = open(_folder.path().c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600);
+  if (unnamed < 0) {
+    GTEST_SKIP() << "This file system has no files without a name";
+  }
+  close(unnamed);
+  const pid_t child = fork();
+  if (child == 0) {
+    OS::AtomicFile replacing(_file);
+    OS::AtomicFile making(_folder / "later");
+    replacing.write("new", 3, 0);
+    making.write("new", 3, 0);
+    raise(SIGKILL);
+  }
+  waitpid(child, nullptr, 0);
+  EXPECT_EQ(countFiles(_folder.path()), 1);
+  EXPECT_EQ(readFile(_file), "former");
+}
+
+TEST_F(AtomicFileTest, KeepsAFileThatCameMeanwhile) {
+  const auto commit = [this](const std::string& name) {
+    OS::AtomicFile file(_folder / name, true);
+    writeFile(_folder / name, "other");
+    EXPECT_THROW(file.commit(), OS::FileWriteError) << name;
+    EXPECT_EQ(readFile(_folder / name), "other");
+  };
+  commit("beside an unnamed file");
+  const WithNamedFiles named;
+  commit("beside a named file");
+  EXPECT_EQ(countFiles(_folder.path()), 3);
+  EXPECT_EQ(write(_folder / "later"), "");
+  EXPECT_EQ(readFile(_folder / "later"), "new");
+}
+
 TEST_F(AtomicFileTest, AProcessThatIsAboutToEndMakesNoMoreFiles) {
   const pid_t child = fork();
   if (child == 0) {
-    const OS::AtomicFile unfinished(_file);
+    const WithNamedFiles named;
+    const OS::AtomicFile unfinished(_folder / "unfinished");
     OS::removeUncommittedFiles();
     alarm(1);
+    // Without a name until it is committed.
     std::thread([this] {
-      static_cast<void>(write(_folder / "later"));
+      static_cast<void>(write());
       _exit(0);
     }).join();
   }
@@ -133,6 +183,7 @@ TEST_F(AtomicFileTest, AProcessThatIsAboutToEndMakesNoMoreFiles) {
   waitpid(child, &status, 0);
   EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM);
   EXPECT_EQ(countFiles(_folder.path()), 1);
+  EXPECT_EQ(readFile(_file), "former");
 }
 
 }  // namespace

@@ -65,6 +65,12 @@ TEST_F(SceneAuditTest, ReportsWhatADirectoryDoesNotCountOrNamesOtherwiseAndAStra
   EXPECT_THAT(codesIn(SceneAudit((_folder / "two.zip").wstring())), testing::Contains("entries-not-counted"));
 }
 
+TEST_F(SceneAuditTest, ReportsThatTheArchiveCannotBeOpened) {
+  write(sceneXml(""));
+  std::filesystem::permissions(_folder / "scene.zip", std::filesystem::perms::none);
+  EXPECT_THAT(codesIn(SceneAudit(archivePath())), ElementsAre("archive-invalid"));
+}
+
 TEST_F(SceneAuditTest, ReportsDeclarationsElsewhereOfADocumentThatClaimsToStandAlone) {
   for (const std::string type : {"SYSTEM 'x.dtd'", "[<!ENTITY % e SYSTEM 'x.ent'> %e;]"}) {
     write("<?xml version='1.0' standalone='yes'?><!DOCTYPE scene " + type +

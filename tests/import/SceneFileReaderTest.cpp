@@ -84,6 +84,19 @@ TEST_F(SceneFileReaderTest, NamesTheEntryThatItCannotRead) {
   }
 }
 
+TEST_F(SceneFileReaderTest, SaysWhatItDoesNotSupport) {
+  SceneFileReader reader = open(ArchiveBuilder()
+                                    .ints("secret", {1})
+                                    .forge([](Entry& e) { e.flags |= 1; })
+                                    .ints("odd", {1})
+                                    .forge([](Entry& e) { e.method = 12; }));
+  EXPECT_EQ(failureOf([&] { reader.readIntBuffer("secret"); }),
+            "IOException: Entry 'secret' cannot be read: it is encrypted | ::secret");
+  EXPECT_EQ(failureOf([&] { reader.readFloatBuffer("odd"); }),
+            "IOException: Entry 'odd' cannot be read: it is compressed by method 12, which is not supported "
+            "| ::odd");
+}
+
 TEST_F(SceneFileReaderTest, KeepsTheLastRunOfText) {
   const std::pair<const char*, const char*> CASES[] = {
       {"<a>t1&amp;t2</a>", "t2"}, {"<a>text</a>", "text"},         {"<a>text\n</a>", "\n"},

@@ -62,8 +62,10 @@ std::string failureOf(const std::function<void()>& function) {
   } catch (const InternalError& error) {
     const Properties& properties = error.getProperties();
     const std::string& item = properties.get("itemPath");
+    const std::string& entry = properties.get("entry");
+    const std::string place = item + ":" + properties.get("sceneLine") + (entry.empty() ? "" : ":" + entry);
     return "InternalError: " + error.getMessage() + " | " + error.getExpression() +
-           (item.empty() ? "" : " | " + item + ":" + properties.get("sceneLine"));
+           (item.empty() ? "" : " | " + place);
   }
   return "";
 }

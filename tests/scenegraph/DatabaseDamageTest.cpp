@@ -9,6 +9,7 @@
 #include <vemo/scenegraph/io/CheckFormat.h>
 #include <vemo/scenegraph/io/FileError.h>
 #include <vemo/scenegraph/io/SDBReader.h>
+#include <vemo/scenegraph/io/SDBWriter.h>
 
 #include <vtkCellArray.h>
 #include <vtkPoints.h>
@@ -82,6 +83,32 @@ TEST_F(DatabaseDamageTest, RejectsEveryPrefixAndTrailingBytes) {
     EXPECT_NE(tryToRead(whole + '\0'), "");
     EXPECT_TRUE(isDatabase(whole));
   }
+}
+
+// A file of zeros takes no place on a disk, whatever its size.
+TEST_F(DatabaseDamageTest, RefusesALargeIndexBeforeItTakesMemory) {
+  const std::uint64_t size = std::uint64_t{1} << 40U;
+  std::string header = std::string(lum::SDBWriter::SIGNATURE) +
+                       R"(, "version": 2, "index": {"offset": 256, "size": )" + std::to_string(size) +
+                       R"(, "hash": "0000000000000000"}})";
+  header.resize(DatabaseBytes::HEADER_SIZE - 1, ' ');
+  writeFile(path, header + '\n');
+  std::filesystem::resize_file(path, DatabaseBytes::HEADER_SIZE + size);
+  try {
+    readDatabase(path);
+    FAIL();
+  } catch (const FileError& error) {
+    EXPECT_THAT(error.what(), HasSubstr("of its 1099511627776 bytes, more than 67108864 are zeros"));
+  }
+}
+
+TEST_F(DatabaseDamageTest, ReadsALargeIndexWithTheRightHash) {
+  DatabaseBytes changed(bytes);
+  changed.index += std::string(std::size_t{65} << 20U, 'x');
+  EXPECT_THAT(tryToRead(changed.join()), HasSubstr("bytes follow the last record"));
+  std::string wrong = changed.join();
+  wrong.back() = 'y';
+  EXPECT_THAT(tryToRead(wrong), HasSubstr("hash mismatch"));
 }
 
 TEST_F(DatabaseDamageTest, DetectsEveryWrongBitThatMatters) {

@@ -12,6 +12,7 @@
 #include <vemo/window/ShowSceneWindow.h>
 
 #include <CLI/CLI.hpp>
+#include <cstdlib>
 #include <dlfcn.h>
 #include <filesystem>
 #include <fmt/format.h>
@@ -70,8 +71,13 @@ bool isScene(const std::string& file) {
   }
 }
 
+[[noreturn]] void endWithoutDisplay(const std::string& cause) {
+  showMessage(cause);
+  std::exit(static_cast<int>(ExitCode::UNAVAILABLE));
+}
+
 void view(const std::string& file) {
-  loadWindow()(openForWindow(file), file.c_str(), {openNext, isScene});
+  loadWindow()(openForWindow(file), file.c_str(), {openNext, isScene}, endWithoutDisplay);
 }
 
 void addViewCommand(CLI::App& app, Command& command) {

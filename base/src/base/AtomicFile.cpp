@@ -40,6 +40,19 @@ bool isSpecialFile(const std::filesystem::path& path) {
   return std::filesystem::exists(status) && !std::filesystem::is_regular_file(status);
 }
 
+/// Sets a path to names in a folder until an action on it returns no EEXIST. Returns what
+/// the action returned last: 0, or an error number.
+template <class Action>
+int findName(const std::filesystem::path& folder, std::filesystem::path& path, Action&& action) {
+  std::random_device random;
+  int error = EEXIST;
+  for (int i = 0; i < ATTEMPTS && error == EEXIST; ++i) {
+    path = folder / (".vemo-" + std::to_string(random()) + "-" + std::to_string(random()) + ".tmp");
+    error = action();
+  }
+  return error;
+}
+
 }  // namespace
 
 FileWriteError::FileWriteError(const std::filesystem::path& file, const std::string& reason)
@@ -62,48 +75,93 @@ std::filesystem::path followLinks(std::filesystem::path path) {
   return path;
 }
 
-/// The temporary file: open, and removed at the end unless it was moved.
+/// A file that is not in place yet: open until it is moved.
 class AtomicFile::Temporary {
  public:
-  /// Creates a file in a folder, unless that fails.
-  Temporary(const std::filesystem::path& folder, mode_t mode) {
-    std::random_device random;
-    const std::lock_guard lock(uncommittedFiles().mutex);
-    for (int i = 0; i < ATTEMPTS && (i == 0 || _error == EEXIST); ++i) {
-      _path = folder / (".vemo-" + std::to_string(random()) + "-" + std::to_string(random()) + ".tmp");
-      const auto listed = uncommittedFiles().paths.insert(_path).first;
-      _file = ::open(_path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode);
-      if (_file >= 0) {
-        return;
-      }
-      _error = errno;
-      uncommittedFiles().paths.erase(listed);
-    }
-  }
-
+  Temporary() = default;
   Temporary(const Temporary&) = delete;
   Temporary& operator=(const Temporary&) = delete;
-
-  ~Temporary() {
+  virtual ~Temporary() {
     if (_file >= 0) {
       ::close(_file);
     }
+  }
+
+  int getDescriptor() const { return _file; }
+  const std::filesystem::path& getPath() const { return _path; }
+
+  /// Returns 0, or an error number; nothing has changed then. Not for a second call.
+  virtual int moveTo(const std::filesystem::path& target, bool keepExisting) = 0;
+
+ protected:
+  int _file = -1;
+  std::filesystem::path _path;
+};
+
+/// A file without a name: nothing is left of it, whatever ends the process.
+class AtomicFile::UnnamedFile final : public Temporary {
+ public:
+  UnnamedFile(std::filesystem::path folder, mode_t mode) : _folder(std::move(folder)) {
+    _file = ::open(_folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, mode);
+    _path = "/proc/self/fd/" + std::to_string(_file);
+  }
+
+  /// False where files cannot be made without a name, or not be named later.
+  bool isUsable() const {
+    struct stat status {};
+    // Linux before 6.0 forgets the umask on some file systems.
+    return ::fstat(_file, &status) == 0 && (status.st_mode & S_IWOTH) == 0 &&
+           ::access(_path.c_str(), F_OK) == 0;
+  }
+
+  int moveTo(const std::filesystem::path& target, bool keepExisting) override {
+    // A signal that is to end the process waits until no name is left.
+    const std::lock_guard lock(uncommittedFiles().mutex);
+    const int error = link(target);
+    // Only renaming can replace a file.
+    return error == EEXIST && !keepExisting ? replace(target) : error;
+  }
+
+ private:
+  int link(const std::filesystem::path& name) const {
+    return ::linkat(AT_FDCWD, _path.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0 ? 0 : errno;
+  }
+
+  int replace(const std::filesystem::path& target) const {
+    std::filesystem::path name;
+    int error = findName(_folder, name, [&] { return link(name); });
+    if (error == 0 && ::rename(name.c_str(), target.c_str()) != 0) {
+      error = errno;
+      ::unlink(name.c_str());
+    }
+    return error;
+  }
+
+  std::filesystem::path _folder;
+};
+
+/// A file with a name, removed at the end unless it was moved.
+class AtomicFile::NamedFile final : public Temporary {
+ public:
+  /// Throws std::system_error.
+  NamedFile(const std::filesystem::path& folder, mode_t mode) {
+    const std::lock_guard lock(uncommittedFiles().mutex);
+    if (const int error = findName(folder, _path, [&] { return create(mode); })) {
+      throw std::system_error(error, std::generic_category());
+    }
+  }
+
+  ~NamedFile() override {
     // A forked child has a copy of this object; the file is its parent's.
     if (_process == ::getpid() && forget()) {
       ::unlink(_path.c_str());
     }
   }
 
-  bool isOpen() const { return _file >= 0; }
-  /// Why it is not open.
-  int getError() const { return _error; }
-  int getDescriptor() const { return _file; }
-  const std::filesystem::path& getPath() const { return _path; }
-
-  /// These return 0, or an error number.
-  int close() { return ::close(std::exchange(_file, -1)) == 0 ? 0 : errno; }
-  int moveTo(const std::filesystem::path& target, unsigned flags) {
-    if (::renameat2(AT_FDCWD, _path.c_str(), AT_FDCWD, target.c_str(), flags) != 0) {
+  int moveTo(const std::filesystem::path& target, bool keepExisting) override {
+    const unsigned flags = keepExisting ? RENAME_NOREPLACE : 0;
+    if (::close(std::exchange(_file, -1)) != 0 ||
+        ::renameat2(AT_FDCWD, _path.c_str(), AT_FDCWD, target.c_str(), flags) != 0) {
       return errno;
     }
     forget();
@@ -111,15 +169,24 @@ class AtomicFile::Temporary {
   }
 
  private:
-  /// False when it was moved, or never there.
+  /// Listed before it exists: it must not be forgotten for want of memory.
+  int create(mode_t mode) {
+    const auto listed = uncommittedFiles().paths.insert(_path).first;
+    _file = ::open(_path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode);
+    if (_file >= 0) {
+      return 0;
+    }
+    const int error = errno;
+    uncommittedFiles().paths.erase(listed);
+    return error;
+  }
+
+  /// False when it was moved.
   bool forget() {
     const std::lock_guard lock(uncommittedFiles().mutex);
     return uncommittedFiles().paths.erase(_path) > 0;
   }
 
-  std::filesystem::path _path;
-  int _file = -1;
-  int _error = 0;
   pid_t _process = ::getpid();
 };
 
@@ -169,15 +236,21 @@ void AtomicFile::inspectTarget() {
 
 void AtomicFile::makeTemporary() {
   // The replacement of a private file is private from its first byte on.
-  _temporary = std::make_unique<Temporary>(_folder, _former ? 0600 : 0666);
-  if (_temporary->isOpen()) {
+  const mode_t mode = _former ? 0600 : 0666;
+  auto unnamed = std::make_unique<UnnamedFile>(_folder, mode);
+  if (unnamed->isUsable()) {
+    _temporary = std::move(unnamed);
     return;
   }
-  if (_former) {
-    fail("it can only be replaced as a whole, and no file can be created in its folder",
-         _temporary->getError());
+  try {
+    _temporary = std::make_unique<NamedFile>(_folder, mode);
+  } catch (const std::system_error& error) {
+    if (_former) {
+      fail("it can only be replaced as a whole, and no file can be created in its folder",
+           error.code().value());
+    }
+    fail(error.code().value());
   }
-  fail(_temporary->getError());
 }
 
 void AtomicFile::keepOwner() const {
@@ -222,10 +295,7 @@ void AtomicFile::commit() {
   if (::fsync(_temporary->getDescriptor()) != 0) {
     fail(errno);
   }
-  if (const int error = _temporary->close()) {
-    fail(error);
-  }
-  if (const int error = _temporary->moveTo(_place, _keepExisting ? RENAME_NOREPLACE : 0)) {
+  if (const int error = _temporary->moveTo(_place, _keepExisting)) {
     fail(error);
   }
   syncFolder();

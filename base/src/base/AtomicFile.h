@@ -26,8 +26,10 @@ class VEMO_BASE_EXPORT FileWriteError : public std::runtime_error {
 /// when their target does not exist yet.
 VEMO_BASE_EXPORT std::filesystem::path followLinks(std::filesystem::path path);
 
-/// Writes a file atomically. Bytes go to a temporary file beside the target, named
-/// *.tmp; `commit` renames it. An existing target keeps its owner, group and
+/// Writes a file atomically. Bytes go to a file without a name in the target's folder, which
+/// `commit` names; nothing is left of it, whatever ends the process before. To replace a target,
+/// it is named *.tmp for two system calls; where it cannot be without a name (NFS, FUSE,
+/// no /proc), it is named so from the start. An existing target keeps its owner, group and
 /// permissions. All failures are FileWriteError and name the target.
 class VEMO_BASE_EXPORT AtomicFile {
  public:
@@ -42,7 +44,7 @@ class VEMO_BASE_EXPORT AtomicFile {
   /// Writes at a position, which may lie beyond the end.
   void write(const void* data, std::size_t size, std::uint64_t position);
 
-  /// Where the bytes are until `commit`.
+  /// Where this process can read the bytes until `commit`.
   const std::filesystem::path& getTemporaryPath() const;
 
   /// Must be called at most once; nothing can be written afterwards.
@@ -50,6 +52,8 @@ class VEMO_BASE_EXPORT AtomicFile {
 
  private:
   class Temporary;
+  class UnnamedFile;
+  class NamedFile;
 
   void inspectTarget();
   void makeTemporary();

@@ -97,8 +97,10 @@ int countCells(std::span<const std::int32_t> list) {
     ++count;
   }
   if (i != list.size()) {
-    throw InternalError("Internal Error:  GeometryItem.countItemsInList():  i must be equal to list.size",
+    InternalError error("Internal Error:  GeometryItem.countItemsInList():  i must be equal to list.size",
                         "i == list.size", __FILE__, __LINE__);
+    error.getProperties().set("cause", "the list does not end with a whole cell; the file may be corrupt");
+    throw error;
   }
   return count;
 }

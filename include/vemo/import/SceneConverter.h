@@ -43,9 +43,9 @@ class VEMO_IMPORT_EXPORT SceneConverter {
   using WriteFailureObserver = std::function<void(const std::string& cause)>;
   void setWriteFailureObserver(WriteFailureObserver observer);
 
-  /// Called by `run` with the scene node that was written and the path of the finished
-  /// file, before that is moved into place: if it throws, the output is missing or
-  /// unchanged.
+  /// Called by `run` with the scene node that was written and a path at which this process can
+  /// read the finished file, before that is moved into place: if it throws, the output is
+  /// missing or unchanged.
   using Verifier = std::function<void(lum::SceneNode& written, const std::wstring& temporaryPath)>;
   void setVerifier(Verifier verifier);
 

@@ -34,9 +34,13 @@ struct SceneFiles {
   std::function<bool(const std::string& path)> isScene;
 };
 
+/// Ends the process when the display has gone or cannot be used, where Qt would end or abort it.
+/// Must not return or throw.
+using DisplayLost = std::function<void(const std::string& cause)>;
+
 /// The same for the scene of a file, from which the user can go on to other files: one that
 /// is chosen or dropped, or the next of the folder.
 extern "C" VEMO_WINDOW_EXPORT void showSceneFile(const lum::Ptr<lum::SceneNode>& scene, const char* path,
-                                                 const SceneFiles& files);
+                                                 const SceneFiles& files, const DisplayLost& lost);
 
 }  // namespace vemo

@@ -11,6 +11,7 @@
 
 #include <fmt/format.h>
 #include <functional>
+#include <string>
 
 namespace vemo {
 
@@ -37,6 +38,12 @@ class FirstDifference {
       fmt::format("\"{}\" is missing or unchanged: what was written {}:\n{}", output, fault, reason));
 }
 
+/// An error of a file by the name that the user knows.
+std::string renameInError(std::string error, const std::wstring& file, const std::string& name) {
+  const std::string native = toNativePath(file);
+  return error.starts_with(native) ? error.replace(0, native.size(), name) : error;
+}
+
 /// Calls compare(reader, first) with what was written.
 template <class Compare>
 DatabaseCounts verify(const std::wstring& database, const std::string& output, Compare&& compare) {
@@ -48,7 +55,7 @@ DatabaseCounts verify(const std::wstring& database, const std::string& output, C
       return counts;
     }
   } catch (const lum::io::FileError& error) {
-    reject(output, "cannot be read back", error.what());
+    reject(output, "cannot be read back", renameInError(error.what(), database, output));
   }
   reject(output, "differs from what was to be written", first.getText());
 }

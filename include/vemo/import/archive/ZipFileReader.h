@@ -44,7 +44,7 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   /// Changes bytes in place.
   using Convert = std::function<void(std::span<char>)>;
 
-  /// Throws FileNotFoundException, IOException when the owner has no
+  /// Throws FileNotFoundException, IOException when this user, or any user, has no
   /// permission to read or the file cannot be opened, or ZipException.
   explicit ZipFileReader(const std::wstring& path);
 
@@ -82,6 +82,9 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   /// large size that so many compressed bytes cannot have by any method. Check
   /// this before allocating memory: the size may be forged.
   bool isSizePossible(const std::string& name) const;
+
+  /// Why an entry is not supported: "it is encrypted"; empty for others, which may be damaged.
+  std::string describeUnsupported(const std::string& name) const;
 
   /// Whether an entry that can be read has another name in front of its content.
   bool hasOtherName(const std::string& name) const;

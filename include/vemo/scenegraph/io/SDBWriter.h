@@ -14,7 +14,7 @@ namespace lum {
 
 class Node;
 
-/// Writes a scene-graph database to a temporary file beside the target, which
+/// Writes a scene-graph database to a temporary file in the target's folder, which
 /// `close` moves into place: other programs see the old
 /// file or the complete new one. A writer destroyed without `close` leaves nothing
 /// behind.
@@ -46,8 +46,8 @@ class VEMO_SCENEGRAPH_EXPORT SDBWriter {
   /// @param expectedBytes roughly, of the arrays that will be written
   void setProgress(vemo::ProgressReport report, std::uint64_t expectedBytes);
 
-  /// Called by `close` with the path of the finished file before that is moved into
-  /// place. `close` passes on what it throws; the file is discarded then. In force until
+  /// Called by `close` with a path at which this process can read the finished file, before that
+  /// is moved into place. `close` passes on what it throws; the file is discarded then. In force until
   /// the next `open`.
   using Verifier = std::function<void(const std::wstring& temporaryPath)>;
   void setVerifier(Verifier verifier);

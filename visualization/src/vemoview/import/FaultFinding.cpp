@@ -15,12 +15,17 @@ bool is(const Exception& exception) {
   return dynamic_cast<const T*>(&exception) != nullptr;
 }
 
+/// Whether the archive cannot be read at all: what names no place is about the whole file.
+bool isOfArchive(const Exception& exception) {
+  return is<ZipException>(exception) || is<FileNotFoundException>(exception) || exception.getPlace().empty();
+}
+
 FindingCode codeOf(const Exception& exception) {
-  return is<FutureVersionException>(exception)                                 ? FindingCode::VERSION_TOO_NEW
-         : is<NumberFormatException>(exception)                                ? FindingCode::NUMBER_INVALID
-         : is<XMLException>(exception)                                         ? FindingCode::XML_INVALID
-         : is<ZipException>(exception) || is<FileNotFoundException>(exception) ? FindingCode::ARCHIVE_INVALID
-                                                                               : FindingCode::ENTRY_INVALID;
+  return is<FutureVersionException>(exception)  ? FindingCode::VERSION_TOO_NEW
+         : is<NumberFormatException>(exception) ? FindingCode::NUMBER_INVALID
+         : is<XMLException>(exception)          ? FindingCode::XML_INVALID
+         : isOfArchive(exception)               ? FindingCode::ARCHIVE_INVALID
+                                                : FindingCode::ENTRY_INVALID;
 }
 
 }  // namespace

@@ -97,13 +97,14 @@ class FileWindow {
 /// @param open returns what must live as long
 template <class Open>
 void runApplication(const Open& open) {
-  requireDisplay();
+  DisplayConnection display = requireDisplay();
   SceneView::useFormatByDefault();
   // Both must outlive the application.
   int count = 1;
   char name[] = "vemoscene";
   char* arguments[] = {name, nullptr};
   Application application(count, arguments);
+  display.reset();
   // Qt sets the user's locale; numbers in the picture must look as in pictures
   // drawn without a window.
   std::setlocale(LC_NUMERIC, "C");
@@ -122,7 +123,9 @@ void showSceneWindow(lum::SceneNode& scene, const char* title) {
   });
 }
 
-void showSceneFile(const lum::Ptr<lum::SceneNode>& scene, const char* path, const SceneFiles& files) {
+void showSceneFile(const lum::Ptr<lum::SceneNode>& scene, const char* path, const SceneFiles& files,
+                   const DisplayLost& lost) {
+  const DisplayWatch watch(lost);
   runApplication([&] {
     auto window = std::make_unique<FileWindow>(files);
     window->show(scene, QFile::decodeName(path));

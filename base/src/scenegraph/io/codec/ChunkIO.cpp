@@ -46,26 +46,25 @@ class Hash {
   std::unique_ptr<XXH3_state_t, Free> _state;
 };
 
-void requireBytes(const InputSource& source, const ChunkRow& row) {
-  if (row.bytes() > source.getLeft()) {
-    throw FileError(FileIoStatus::ReadError,
-                    fmt::format("{} bytes needed, {} left", row.bytes(), source.getLeft()));
+void requireBytes(const InputSource& source, std::uint64_t size) {
+  if (size > source.getLeft()) {
+    throw FileError(FileIoStatus::ReadError, fmt::format("{} bytes needed, {} left", size, source.getLeft()));
   }
 }
 
 /// Calls visit with each block in turn until it returns false.
 /// Returns whether all calls returned true.
 template <class Visit>
-bool readBlocks(InputSource& source, const ChunkRow& row, Visit&& visit) {
-  requireBytes(source, row);
-  std::string buffer(std::min(BLOCK_SIZE, row.bytes()), '\0');
-  for (std::uint64_t done = 0; done < row.bytes();) {
-    const std::size_t size = std::min<std::uint64_t>(buffer.size(), row.bytes() - done);
-    source.read(buffer.data(), size);
-    if (!visit(std::string_view(buffer.data(), size))) {
+bool readBlocks(InputSource& source, std::uint64_t size, Visit&& visit) {
+  requireBytes(source, size);
+  std::string buffer(std::min(BLOCK_SIZE, size), '\0');
+  while (size > 0) {
+    const std::string_view block(buffer.data(), std::min<std::uint64_t>(buffer.size(), size));
+    source.read(buffer.data(), block.size());
+    if (!visit(block)) {
       return false;
     }
-    done += size;
+    size -= block.size();
   }
   return true;
 }
@@ -91,6 +90,16 @@ std::uint64_t hashInBlocks(std::string_view bytes, const std::function<void(std:
   return hash.get();
 }
 
+std::optional<std::uint64_t> hashNext(InputSource& source, std::uint64_t size,
+                                      const std::function<bool(std::string_view)>& visit) {
+  Hash hash;
+  const bool isWhole = readBlocks(source, size, [&](std::string_view block) {
+    hash.add(block.data(), block.size());
+    return visit(block);
+  });
+  return isWhole ? std::optional(hash.get()) : std::nullopt;
+}
+
 std::string_view bytesOf(vtkDataArray& array) {
   const auto size =
       static_cast<std::size_t>(array.GetNumberOfValues()) * static_cast<std::size_t>(array.GetDataTypeSize());
@@ -99,7 +108,7 @@ std::string_view bytesOf(vtkDataArray& array) {
 }
 
 vtkSmartPointer<vtkDataArray> readArray(InputSource& source, const ChunkRow& row) {
-  requireBytes(source, row);
+  requireBytes(source, row.bytes());
   auto array = makeArray(row.type);
   array->SetNumberOfComponents(static_cast<int>(row.components));
   vemo::allocateTuples(*array, static_cast<vtkIdType>(row.tuples));
@@ -117,7 +126,7 @@ vtkSmartPointer<vtkDataArray> readArray(InputSource& source, const ChunkRow& row
 
 void checkArray(InputSource& source, const ChunkRow& row) {
   Hash hash;
-  readBlocks(source, row, [&](std::string_view block) {
+  readBlocks(source, row.bytes(), [&](std::string_view block) {
     hash.add(block.data(), block.size());
     return true;
   });
@@ -126,7 +135,7 @@ void checkArray(InputSource& source, const ChunkRow& row) {
 
 bool isSameArray(InputSource& source, const ChunkRow& row, vtkDataArray& array) {
   std::string_view expected = bytesOf(array);
-  return readBlocks(source, row, [&](std::string_view block) {
+  return readBlocks(source, row.bytes(), [&](std::string_view block) {
     const bool isSame = expected.starts_with(block);
     expected.remove_prefix(block.size());
     return isSame;

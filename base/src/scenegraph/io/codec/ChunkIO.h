@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,11 @@ std::uint64_t hashOf(std::string_view bytes);
 /// The same, and calls visit with each block of the bytes while it is still in the
 /// processor's cache.
 std::uint64_t hashInBlocks(std::string_view bytes, const std::function<void(std::string_view)>& visit);
+
+/// The hash of the next bytes of a source, without holding more than a block of them. Nothing
+/// when visit returned false for a block. Throws FileError (ReadError) when there are too few.
+std::optional<std::uint64_t> hashNext(InputSource& source, std::uint64_t size,
+                                      const std::function<bool(std::string_view)>& visit);
 
 /// The bytes of an array where they lie.
 std::string_view bytesOf(vtkDataArray& array);

@@ -8,6 +8,7 @@
 #include <vemo/scenegraph/io/SDBWriter.h>
 
 #include <charconv>
+#include <cstring>
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
@@ -23,6 +24,14 @@ static_assert(SDBWriter::SIGNATURE.find(FORMAT) != std::string_view::npos);
 /// Three numbers of strings, and a graph of one node: its size, two counts of
 /// nodes, and what each node has at least.
 constexpr std::size_t MIN_RECORD_BYTES = 5 + MIN_NODE_BYTES;
+
+/// What is read into memory before it is known to be an index.
+constexpr std::uint64_t MAX_UNKNOWN_BYTES = std::uint64_t{64} << 20U;
+
+/// Zeros in an index, in whole pages: a file may have any number of them that take no place on
+/// a disk.
+constexpr std::uint64_t MAX_ZEROS = std::uint64_t{64} << 20U;
+constexpr std::size_t PAGE_BYTES = 4096;
 
 [[noreturn]] void refuse(const std::string& text) {
   throw FileError(FileIoStatus::UnsupportedFormat, text);
@@ -79,6 +88,41 @@ void requireEndOfFile(const IndexLocation& index, std::uint64_t fileSize) {
   }
 }
 
+[[noreturn]] void failDamaged(const std::string& cause) {
+  throw FileError(FileIoStatus::ReadError, "The index is damaged: " + cause);
+}
+
+void requireHash(std::uint64_t hash, const IndexLocation& index) {
+  if (hash != index.hash) {
+    failDamaged("hash mismatch");
+  }
+}
+
+/// The bytes in those pages that have nothing but zeros.
+std::uint64_t countZeros(std::string_view bytes) {
+  std::uint64_t zeros = 0;
+  for (; bytes.size() >= PAGE_BYTES; bytes.remove_prefix(PAGE_BYTES)) {
+    const bool isZero =
+        bytes.front() == '\0' && std::memcmp(bytes.data(), bytes.data() + 1, PAGE_BYTES - 1) == 0;
+    zeros += isZero ? PAGE_BYTES : 0;
+  }
+  return zeros;
+}
+
+/// Before it takes its size in memory.
+void checkLargeIndex(InputSource& source, const IndexLocation& index) {
+  source.seek(index.offset);
+  std::uint64_t zeros = 0;
+  const auto hash = hashNext(source, index.size, [&zeros](std::string_view block) {
+    zeros += countZeros(block);
+    return zeros <= MAX_ZEROS;
+  });
+  if (!hash) {
+    failDamaged(fmt::format("of its {} bytes, more than {} are zeros", index.size, MAX_ZEROS));
+  }
+  requireHash(*hash, index);
+}
+
 }  // namespace
 
 std::string makeHeader(const IndexLocation& index) {
@@ -115,11 +159,12 @@ std::size_t paddingAt(std::uint64_t position) {
 
 DatabaseIndex::DatabaseIndex(InputSource& source) {
   const IndexLocation location = readHeader(source);
+  if (location.size > MAX_UNKNOWN_BYTES) {
+    checkLargeIndex(source, location);
+  }
   source.seek(location.offset);
   _bytes = source.read(location.size);
-  if (hashOf(_bytes) != location.hash) {
-    throw FileError(FileIoStatus::ReadError, "The index is damaged: hash mismatch");
-  }
+  requireHash(hashOf(_bytes), location);
   _budget.allow(_bytes.size());
   ByteReader in(_bytes);
   _tables.read(in, location.version >= FIRST_VERSION_WITH_LISTS);

@@ -20,26 +20,26 @@ constexpr std::size_t MAX_READ_BYTES = std::size_t{1} << 30U;
 
 }  // namespace
 
+ArchiveFile::Descriptor::~Descriptor() {
+  if (number >= 0) {
+    ::close(number);
+  }
+}
+
 ArchiveFile::ArchiveFile(const std::wstring& path)
     : _file(::open(toNativePath(path).c_str(), O_RDONLY | O_CLOEXEC)) {
   struct stat status {};
-  if (_file < 0 || ::fstat(_file, &status) != 0) {
+  if (!_file.isOpen() || ::fstat(_file.number, &status) != 0) {
     throw IOException(std::generic_category().message(errno));
   }
   _size = static_cast<std::uint64_t>(status.st_size);
-}
-
-ArchiveFile::~ArchiveFile() {
-  if (_file != NO_FILE) {
-    ::close(_file);
-  }
 }
 
 bool ArchiveFile::read(std::span<char> bytes, std::uint64_t position) const {
   if (position > _size || bytes.size() > _size - position) {
     return false;
   }
-  if (_file != NO_FILE) {
+  if (_file.isOpen()) {
     return readFile(bytes, position);
   }
   std::ranges::copy(_bytes.subspan(static_cast<std::size_t>(position), bytes.size()),
@@ -49,8 +49,8 @@ bool ArchiveFile::read(std::span<char> bytes, std::uint64_t position) const {
 
 bool ArchiveFile::readFile(std::span<char> bytes, std::uint64_t position) const {
   while (!bytes.empty()) {
-    const ::ssize_t count =
-        ::pread(_file, bytes.data(), std::min(bytes.size(), MAX_READ_BYTES), static_cast<::off_t>(position));
+    const ::ssize_t count = ::pread(_file.number, bytes.data(), std::min(bytes.size(), MAX_READ_BYTES),
+                                    static_cast<::off_t>(position));
     if (count < 0 && errno == EINTR) {
       continue;
     }

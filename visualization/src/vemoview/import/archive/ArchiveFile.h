@@ -16,9 +16,6 @@ class ArchiveFile {
   explicit ArchiveFile(const std::wstring& path);
   /// The bytes must outlive this.
   explicit ArchiveFile(std::span<const std::byte> bytes) : _bytes(bytes), _size(bytes.size()) {}
-  ~ArchiveFile();
-  ArchiveFile(const ArchiveFile&) = delete;
-  ArchiveFile& operator=(const ArchiveFile&) = delete;
 
   /// In bytes, when it was opened.
   std::uint64_t getSize() const { return _size; }
@@ -27,11 +24,21 @@ class ArchiveFile {
   bool read(std::span<char> bytes, std::uint64_t position) const;
 
  private:
-  static constexpr int NO_FILE = -1;
+  /// Closes the file also when a constructor throws.
+  struct Descriptor {
+    Descriptor() = default;
+    explicit Descriptor(int file) : number(file) {}
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor();
+    bool isOpen() const { return number >= 0; }
+
+    int number = -1;
+  };
 
   bool readFile(std::span<char> bytes, std::uint64_t position) const;
 
-  int _file = NO_FILE;
+  Descriptor _file;
   std::span<const std::byte> _bytes;
   std::uint64_t _size = 0;
 };

@@ -49,10 +49,13 @@ Array_t<unsigned char> ArchiveReader::loadEntry(const std::string& entryName,
   }
   const auto [used, isFirstUse] = _used.try_emplace(entryName);
   ZipFileReader::ContentFlaws& flaws = used->second;
+  const std::string failure = "Entry '" + entryName + "' cannot be read";
+  if (const std::string cause = _archive.describeUnsupported(entryName); !cause.empty()) {
+    failAt<IOException>(failure + ": " + cause, entryName);
+  }
   if (!_archive.isSizePossible(entryName)) {
     failIncomplete(entryName);
   }
-  const std::string failure = "Entry '" + entryName + "' cannot be read";
   const auto bytes = static_cast<std::uint64_t>(size);
   const std::uint64_t compressedBytes = _archive.getCompressedSize(entryName);
   requireData(bytes, failure, entryName);

@@ -4,6 +4,7 @@
 #include "geometry/NewArray.h"
 #include "geometry/Normals.h"
 #include "vemoview/import/archive/ArchiveReader.h"
+#include <vemo/base/InternalError.h>
 #include <vemo/base/Vector.h>
 
 #include <vtkCellArray.h>
@@ -136,7 +137,12 @@ const ImportedCells& DecodedEntries::getCells(const std::string& entry, CellKind
   }
   ArrayOwner<int> list(_archive.readIntBuffer(entry));
   const int size = list.count();
-  return _cells.emplace(key, importCells(list.releaseBlock(), size, kind, pointCount)).first->second;
+  try {
+    return _cells.emplace(key, importCells(list.releaseBlock(), size, kind, pointCount)).first->second;
+  } catch (InternalError& error) {
+    error.getProperties().set("entry", entry);
+    throw;
+  }
 }
 
 void DecodedEntries::checkCells(const std::string& entry) {

@@ -9,7 +9,10 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <fcntl.h>
+#include <fmt/format.h>
 #include <system_error>
+#include <unistd.h>
 #include <utility>
 
 namespace vemo {
@@ -31,13 +34,19 @@ void checkFile(const std::wstring& path) {
     }
     throw IOException(std::generic_category().message(error));
   }
-  if ((status.st_mode & S_IRUSR) == 0) {
+  // Root may read what nobody is meant to.
+  const bool isMeantToBeRead = (status.st_mode & (S_IRUSR | S_IRGRP | S_IROTH)) != 0;
+  if (!isMeantToBeRead || ::faccessat(AT_FDCWD, toNativePath(path).c_str(), R_OK, AT_EACCESS) != 0) {
     throw IOException("No read permission");
   }
   // Opening a pipe would block until there is a writer.
   if (!S_ISREG(status.st_mode)) {
     throw ZipException("Invalid zip file");
   }
+}
+
+bool isEncrypted(const ZipEntry& entry) {
+  return (entry.flags & FLAG_ENCRYPTED) != 0;
 }
 
 }  // namespace
@@ -83,7 +92,7 @@ const ZipEntry* ZipFileReader::Archive::find(const std::string& name) const {
 }
 
 bool ZipFileReader::Archive::isSizePossible(const ZipEntry& entry) const {
-  if ((entry.flags & FLAG_ENCRYPTED) != 0 || findCompressionMethod(entry.method) == nullptr ||
+  if (isEncrypted(entry) || findCompressionMethod(entry.method) == nullptr ||
       entry.uncompressedSize > SIZE_LIMIT || entry.compressedSize > file.getSize()) {
     return false;
   }
@@ -135,6 +144,19 @@ std::uint64_t ZipFileReader::getCompressedSize(const std::string& name) const {
 bool ZipFileReader::isSizePossible(const std::string& name) const {
   const ZipEntry* const entry = _archive->find(name);
   return entry != nullptr && _archive->isSizePossible(*entry);
+}
+
+std::string ZipFileReader::describeUnsupported(const std::string& name) const {
+  const ZipEntry* const entry = _archive->find(name);
+  if (entry == nullptr) {
+    return {};
+  }
+  if (isEncrypted(*entry)) {
+    return "it is encrypted";
+  }
+  return findCompressionMethod(entry->method) == nullptr
+             ? fmt::format("it is compressed by method {}, which is not supported", entry->method)
+             : std::string();
 }
 
 bool ZipFileReader::hasOtherName(const std::string& name) const {
