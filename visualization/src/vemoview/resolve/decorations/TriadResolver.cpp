@@ -64,7 +64,8 @@ void transformTriad(TriadDecoration& triad, const InstanceTransform& transform) 
   triad.position = transformedPoint(&transform, triad.position);
 }
 
-std::optional<TriadDecoration> resolveTriad(const lum::TriadDrawable& triad, const CameraIndices& cameras) {
+std::optional<TriadDecoration> resolveTriad(const lum::TriadDrawable& triad, const CameraIndices& cameras,
+                                            FontResolver& fonts) {
   TriadDecoration result;
   if (const auto* const position = triad.findAttributes<lum::PositionAttributes>()) {
     result.position = position->getPosition();
@@ -86,7 +87,7 @@ std::optional<TriadDecoration> resolveTriad(const lum::TriadDrawable& triad, con
                      resolve(attributes->getYAxisLabelText(), "y"),
                      resolve(attributes->getZAxisLabelText(), "z")};
     const auto& [x, y, z] = *result.labels;
-    result.style = resolveTextStyle(triad.findAttributes<lum::TextAttributes>(), {x, y, z}, what);
+    result.style = resolveTextStyle(triad.findAttributes<lum::TextAttributes>(), {x, y, z}, what, fonts);
     reportIfTooSmall(result.labelHeight, what);
   }
   result.axes = resolveAxes(triad.findAttributes<lum::OrientationAttributes>());

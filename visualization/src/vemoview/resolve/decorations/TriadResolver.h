@@ -13,11 +13,14 @@ class TriadDrawable;
 
 namespace vemo {
 
+class FontResolver;
+
 /// The cameras of canvases, to the canvases' indices in the resolved scene.
 using CameraIndices = std::map<const lum::CameraAttributes*, std::size_t>;
 
 /// Nothing without a usable position.
-std::optional<TriadDecoration> resolveTriad(const lum::TriadDrawable& triad, const CameraIndices& cameras);
+std::optional<TriadDecoration> resolveTriad(const lum::TriadDrawable& triad, const CameraIndices& cameras,
+                                            FontResolver& fonts);
 
 /// Puts a triad where an instance with a transform is.
 void transformTriad(TriadDecoration& triad, const InstanceTransform& transform);
