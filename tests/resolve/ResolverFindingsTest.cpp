@@ -146,6 +146,18 @@ TEST(ResolverFindingsTest, KnowThatANarrowCanvasIsSeenFromFurtherAway) {
   EXPECT_THAT(findingsOf(scene), IsEmpty());
 }
 
+TEST(ResolverFindingsTest, KnowThatATriadThatTurnsIsSmallerInANarrowCanvas) {
+  SceneBuilder scene;
+  makeGroundWhite(scene);
+  scene.canvas().getAttributes<lum::CanvasPositionAttributes>().setPosition({0.9, 0});
+  auto& triad = scene.drawables().findOrCreate<lum::TriadDrawable>();
+  triad.getTriadAttributes().setAxisLabelHeight(0.1);
+  triad.getPositionAttributes().setPosition({-0.4, 0, 0}, false);
+  EXPECT_THAT(findingsOf(scene), IsEmpty());
+  triad.setCameraAttributes(&scene.canvas().getCameraAttributes());
+  EXPECT_THAT(findingsOf(scene), ElementsAre("decoration-not-in-view"));
+}
+
 TEST(ResolverFindingsTest, SayThatACanvasIsOutsideTheWindow) {
   const struct {
     Vector<2, double> position;

@@ -12,6 +12,7 @@
 
 #include <vtkMatrix4x4.h>
 
+#include <algorithm>
 #include <fmt/format.h>
 
 namespace vemo {
@@ -56,6 +57,17 @@ std::string resolveLabel(const std::string& text, double height, const std::stri
 }
 
 }  // namespace
+
+TriadSize drawnSize(const TriadDecoration& triad, const TriadRoom& room) {
+  const double share = triad.camera ? std::min(1.0, room.canvas[0] / room.canvas[1]) : 1.0;
+  const double labelHeight = std::min(triad.labelHeight * room.windowHeight,
+                                      TriadDecoration::MOST_LABEL_HEIGHT * share * room.canvas[1]);
+  const double axisLength = !triad.hasScreenSize ? TriadDecoration::LENGTH * share
+                            : room.perUnit > 0.0
+                                ? TriadDecoration::LENGTH_IN_LABELS * labelHeight / room.perUnit
+                                : TriadDecoration::UNSEEN_LENGTH;
+  return {labelHeight, axisLength};
+}
 
 void transformTriad(TriadDecoration& triad, const InstanceTransform& transform) {
   for (Vector3& axis : triad.axes) {
