@@ -1,6 +1,6 @@
 // What the texts of ResolutionTest do not show.
 
-#include "support/AskedArray.h"
+#include "geometry/AskedArray.h"
 #include "support/SceneBuilder.h"
 #include "vemoview/resolve/mesh/DrawingLoad.h"
 #include <vemo/base/InternalError.h>

@@ -1,4 +1,4 @@
-#include "support/AskedArray.h"
+#include "geometry/AskedArray.h"
 #include "support/Meshes.h"
 #include "support/Nodes.h"
 #include <vemo/base/InternalError.h>
