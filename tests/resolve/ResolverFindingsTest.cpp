@@ -146,6 +146,18 @@ TEST(ResolverFindingsTest, KnowThatANarrowCanvasIsSeenFromFurtherAway) {
   EXPECT_THAT(findingsOf(scene), IsEmpty());
 }
 
+TEST(ResolverFindingsTest, KnowThatATriadThatTurnsIsSmallerInANarrowCanvas) {
+  SceneBuilder scene;
+  makeGroundWhite(scene);
+  scene.canvas().getAttributes<lum::CanvasPositionAttributes>().setPosition({0.9, 0});
+  auto& triad = scene.drawables().findOrCreate<lum::TriadDrawable>();
+  triad.getTriadAttributes().setAxisLabelHeight(0.1);
+  triad.getPositionAttributes().setPosition({-0.4, 0, 0}, false);
+  EXPECT_THAT(findingsOf(scene), IsEmpty());
+  triad.setCameraAttributes(&scene.canvas().getCameraAttributes());
+  EXPECT_THAT(findingsOf(scene), ElementsAre("decoration-not-in-view"));
+}
+
 TEST(ResolverFindingsTest, SayThatACanvasIsOutsideTheWindow) {
   const struct {
     Vector<2, double> position;
@@ -345,6 +357,34 @@ TEST_F(FontsTest, AreFoundInFoldersThatTheEnvironmentLists) {
   const TextStyle style = styleOfText(scene);
   ::unsetenv("VEMO_FONT_PATH");
   EXPECT_EQ(style.fontFile, (folder / "own/DejaVuSans.ttf").string());
+}
+
+TEST_F(FontsTest, AreLookedAtOnceForTextsThatAreResolvedTogether) {
+  const TemporaryFolder folder;
+  const auto font = folder / "DejaVuSans.ttf";
+  makeGroundWhite(scene);
+  // What no font has is reported once they have been looked at.
+  for (const char* const words : {"\u03C3 \U0001F600", "\u03C3"}) {
+    scene.collectionIn(scene.drawables())
+        .findOrCreate<lum::TextDrawable>()
+        .getAnnotationAttributes()
+        .setText(words);
+  }
+  const auto former =
+      Findings::getSingleton().setSink([&](const Finding& /*finding*/) { std::filesystem::remove(font); });
+  ::setenv("VEMO_FONT_PATH", folder.path().c_str(), 1);
+  std::vector<std::string> files;
+  for (int i = 0; i < 2; ++i) {
+    std::filesystem::copy(DEJAVU, font);
+    const ResolvedScene resolved = resolveScene(scene.node());
+    for (const Decoration& text : resolved.canvases.at(0).decorations) {
+      files.push_back(std::get<TextDecoration>(text.content).style.fontFile);
+    }
+    EXPECT_FALSE(std::filesystem::exists(font));
+  }
+  ::unsetenv("VEMO_FONT_PATH");
+  Findings::getSingleton().setSink(former);
+  EXPECT_EQ(files, std::vector<std::string>(4, font.string()));
 }
 
 TEST_F(FontsTest, AreFoundForWhatTheBuiltInOnesLack) {

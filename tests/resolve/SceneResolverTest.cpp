@@ -1,5 +1,6 @@
 // What the texts of ResolutionTest do not show.
 
+#include "geometry/AskedArray.h"
 #include "support/SceneBuilder.h"
 #include "vemoview/resolve/mesh/DrawingLoad.h"
 #include <vemo/base/InternalError.h>
@@ -33,6 +34,33 @@ TEST(SceneResolverTest, SharesArraysWithTheNodesThatItNames) {
   EXPECT_EQ(mesh.drawable, &surface);
   EXPECT_EQ(mesh.node, surface.getNodes()[0].get());
   EXPECT_EQ(mesh.geometry->GetPoints()->GetData(), geometry->GetPoints()->GetData());
+}
+
+/// In how many questions for names a surface with so many arrays becomes one that a VTK program can use,
+/// without a point and a cell that cannot be drawn.
+int questionsOfResolving(int count) {
+  SceneBuilder scene;
+  const auto geometry = makePolyData(flat({NAN, 0, 0, 0, 1, 0, 1, 1}), {.polys = {{0, 1, 2}, {1, 2, 3}}});
+  auto& mesh = scene.addSurface(geometry, {1, 0, 0}).findOrCreate<lum::PolyDataNode>();
+  for (const auto& array : makeAskedArrays(count, 4)) {
+    mesh.setNodeDataArray(array);
+  }
+  for (const auto& array : makeAskedArrays(count, 2)) {
+    mesh.setCellDataArray(array);
+  }
+  AskedArray::questions = 0;
+  SceneResolver resolver(scene.node(), {.arrays = MeshArrays::ALL});
+  const auto drawn = resolver.resolve().canvases.at(0).meshes.at(0).geometry;
+  const int questions = AskedArray::questions;
+  EXPECT_EQ(drawn->GetNumberOfPoints(), 3);
+  EXPECT_EQ(drawn->GetPointData()->GetNumberOfArrays(), count);
+  EXPECT_EQ(drawn->GetCellData()->GetNumberOfArrays(), count);
+  return questions;
+}
+
+TEST(SceneResolverTest, AsksForNamesInProportionToTheArrays) {
+  constexpr int COUNT = 50;
+  EXPECT_LE(questionsOfResolving(2 * COUNT), 2 * questionsOfResolving(COUNT) + COUNT);
 }
 
 TEST(SceneResolverTest, CopiesOfPointsThatCannotBeDrawnOnlyThoseThatAreUsed) {

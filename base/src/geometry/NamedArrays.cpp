@@ -1,19 +1,17 @@
 #include "geometry/NamedArrays.h"
 
-#include <vtkCallbackCommand.h>
-#include <vtkCommand.h>
+#include "geometry/SharedData.h"
+
 #include <vtkDataSetAttributes.h>
 #include <vtkNew.h>
 #include <vtkObjectFactory.h>
 
+#include <set>
 #include <utility>
 
 namespace vemo {
 
 namespace {
-
-/// Before the observers of data sets.
-constexpr float FIRST = 1.0F;
 
 /// vtkDataSetAttributes copies such a list without comparing names.
 class ArrayList final : public vtkDataSetAttributes {
@@ -22,11 +20,24 @@ class ArrayList final : public vtkDataSetAttributes {
   vtkTypeMacro(ArrayList, vtkDataSetAttributes)
 
   void append(const std::vector<vtkSmartPointer<vtkDataArray>>& arrays) {
-    AllocateArrays(static_cast<int>(arrays.size()));
+    const std::set<std::string_view> held = getNames();
+    AllocateArrays(NumberOfActiveArrays + static_cast<int>(arrays.size()));
     for (const auto& array : arrays) {
-      ++NumberOfActiveArrays;
-      SetArray(NumberOfActiveArrays - 1, array);
+      if (!held.contains(NamedArrays::nameOf(*array))) {
+        ++NumberOfActiveArrays;
+        SetArray(NumberOfActiveArrays - 1, array);
+      }
     }
+  }
+
+ private:
+  std::set<std::string_view> getNames() {
+    std::set<std::string_view> names;
+    for (int i = 0; i < GetNumberOfArrays(); ++i) {
+      const char* const name = GetAbstractArray(i)->GetName();
+      names.emplace(name != nullptr ? name : "");
+    }
+    return names;
   }
 };
 
@@ -66,15 +77,9 @@ void NamedArrays::addTo(vtkDataSetAttributes& data) const {
     return;
   }
   const vtkNew<ArrayList> list;
+  list->ShallowCopy(&data);
   list->append(_arrays);
-  const vtkNew<vtkCallbackCommand> silence;
-  silence->SetCallback([](vtkObject*, unsigned long, void*, void*) {});
-  silence->AbortFlagOnExecuteOn();
-  // Otherwise a data set looks through all of them whenever it gets another one.
-  const unsigned long observer = data.AddObserver(vtkCommand::ModifiedEvent, silence, FIRST);
-  data.ShallowCopy(list);
-  data.RemoveObserver(observer);
-  data.Modified();
+  shareArrays(*list, data);
 }
 
 }  // namespace vemo

@@ -30,7 +30,7 @@ class VEMO_GEOMETRY_EXPORT NamedArrays {
   std::size_t size() const { return _arrays.size(); }
 
   std::vector<vtkSmartPointer<vtkDataArray>> release();
-  /// Adds them to data that have no arrays.
+  /// Adds those whose names the data do not have. What the data have keeps its role.
   void addTo(vtkDataSetAttributes& data) const;
 
  private:
