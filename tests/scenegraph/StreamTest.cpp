@@ -259,6 +259,18 @@ TEST(StreamTest, RefusesWhatMovesTooDeep) {
   }
 }
 
+TEST(StreamTest, RefusesMoreNodesThanItMayRead) {
+  NodeOutputStream out;
+  makeChain(10)->write(out);
+  makeChain(10)->write(out);
+  const Payload payload(out);
+  for (const std::uint64_t limit : {20U, 19U}) {
+    NodeInputStream in(lum::NO_SESSION);
+    in.setNodeLimit(limit);
+    EXPECT_EQ(isRead(payload.scene, in), limit == 20);
+  }
+}
+
 // Would take minutes if it took longer for each scene than for the one before.
 TEST(StreamTest, CarriesAGreatManyScenes) {
   constexpr std::size_t COUNT = 60'000;

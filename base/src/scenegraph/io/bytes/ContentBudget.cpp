@@ -29,4 +29,12 @@ void ContentBudget::use(std::uint64_t bytes) {
   _used += bytes;
 }
 
+void ContentBudget::useNodes(std::uint64_t count) {
+  if (count > _nodesLeft) {
+    throw FileError(FileIoStatus::ReadError,
+                    fmt::format("A graph of {} nodes is out of proportion to the file", count));
+  }
+  _nodesLeft -= count;
+}
+
 }  // namespace lum::io

@@ -15,6 +15,7 @@
 #include <vemo/scenegraph/io/NodeInputStream.h>
 #include <vemo/scenegraph/io/SceneGraphReader.h>
 
+#include <algorithm>
 #include <fmt/format.h>
 #include <map>
 #include <utility>
@@ -78,6 +79,20 @@ void decodeDataFiles(Scene& scene, lum::NodeInputStream& nodes, SceneFileReader&
   }
 }
 
+/// What the streams have beside the scene.
+void reportUnused(const lum::SceneNode& scene, lum::NodeInputStream& nodes) {
+  const auto others = std::ranges::count_if(
+      nodes.getRoots(), [&scene](const lum::Ptr<lum::Node>& root) { return root.get() != &scene; });
+  if (others > 0) {
+    reportFinding(FindingCode::PAYLOAD_UNUSED,
+                  fmt::format("{} of the graphs in the archive are not part of its scene", others));
+  }
+  if (const std::size_t arrays = nodes.getUnusedArrayCount()) {
+    reportFinding(FindingCode::PAYLOAD_UNUSED,
+                  fmt::format("{} of the arrays of the scene graph are of no node", arrays));
+  }
+}
+
 [[noreturn]] void failToDecode(const std::string& cause) {
   InternalError error("Can not get a SceneNode from the scene", "sceneNode", __FILE__, __LINE__);
   error.getProperties().set("cause", cause);
@@ -98,13 +113,16 @@ void decodeScene(Scene& scene, lum::NodeInputStream& nodes, ReadingContext& cont
 SceneNodePtr decode(Scene& scene, int session, SceneFileReader& context) {
   VEMO_LOG_INFO("\n\tparcing new, lum-based, format");
   lum::NodeInputStream nodes(session);
+  nodes.setNodeLimit(context.getLimits().elements);
   decodeScene(scene, nodes, context);
   decodeDataFiles(scene, nodes, context);
   const auto found = lum::NodeRegistry::getSingleton(session).getNodes(lum::SceneNode::getClassName());
   if (found.size() != 1) {
     failToDecode(fmt::format("The scene graph has {} scene nodes", found.size()));
   }
-  return SceneNodePtr(found.front());
+  const SceneNodePtr sceneNode(found.front());
+  reportUnused(*sceneNode, nodes);
+  return sceneNode;
 }
 
 void setUpCanvases(lum::SceneNode& sceneNode) {
