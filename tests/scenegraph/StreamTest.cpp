@@ -233,6 +233,19 @@ TEST(StreamTest, ReleasesNodesThatMoveWhereNothingIsKnown) {
     EXPECT_TRUE(isRead(move, in));
     EXPECT_EQ(root->getNodeCount(), 0U);
     EXPECT_FALSE(isRead(later, in));
+    // Numbers would be out of step.
+    EXPECT_FALSE(isRead(sceneStream(none, 1, "\0"s, "\1\0\0\0"s), in));
+  }
+  const std::string wrong[] = {
+      sceneStream(none, 1, "\2\0\1"s, "\0\0\0\0\0"s),    // the second node, which changed, is missing
+      sceneStream(none, 2, "\0"s, "\0\0\0\1\1\0\0\0"s),  // the first gets another, and did not change
+      sceneStream(none, 1, "\0"s, "\0\1\0\0"s),          // the first has an owner
+      sceneStream(none, 1, "\0"s, "\0\0\0\0"s) + "\0"s,  // more follows
+  };
+  for (const std::string& each : wrong) {
+    NodeInputStream in(lum::NO_SESSION);
+    ASSERT_TRUE(isRead(nested, in));
+    EXPECT_FALSE(isRead(each, in));
   }
 }
 
