@@ -256,6 +256,7 @@ TEST_F(DatabaseDamageTest, SaysWhatIsWrongInTheIndex) {
       {"", withArrays("\1\2\1\0\0"s + hash + power(58)), "overlaps the index"},
       {"x", withArrays("\2\2\1\1\0"s + hash + "\2\1\0\0"s + hash + "\0\0"s), "Array 1"},
       {"", withGraph(two + "\1\1\0\0\0"s + padding) + "x", "1 bytes follow the last record"},
+      {"", withGraph("\0\0\0"s + padding), "A graph has no root"},
       {"", withGraph(two + "\1\3\0\0\0"s + padding), "Its owner is 2 levels up, but the depth is 1"},
       {"", withGraph(two + "\1\0\0\0"s + padding), "There is more than one root"},
       {"", withGraph("\1\0\1\1\0\0"s + padding), "The first node has an owner"},
@@ -324,6 +325,25 @@ TEST_F(DatabaseDamageTest, RefusesWhatIsOutOfProportionToTheFile) {
   const auto geometry = make<lum::PolyDataNode>();
   geometry->setNodeDataArray(makeArray("wide", {}, 1025));
   EXPECT_EQ(writeDatabase(path, *geometry), FileIoStatus::WriteError);
+}
+
+// Each drawable has attributes with colours, which get nine keys by default.
+TEST_F(DatabaseDamageTest, RefusesDefaultsOfTooManyNodes) {
+  using namespace std::literals;
+  constexpr int COUNT = 50'000;
+  std::string strings = "\21\22DrawableCollection\5nodes\17SurfaceDrawable\12attributes"s;
+  strings += "\24AttributesCollection\17ColorAttributes\6colors"s;
+  std::string keys = "\11"s;
+  for (char i = 0; i < 9; ++i) {
+    strings += {'\1', static_cast<char>('0' + i)};
+    keys += static_cast<char>(7 + i) + std::string(24, '\0');
+  }
+  const std::string classes = "\0\4\0\1\1\23\0\2\1\3\22\0\4\1\1\23\0\5\1\6\16"s + number(keys.size()) + keys;
+  std::string nodes = "\1\0\0\2\1\0\0\3\1\0\0\4\1\0\0"s + repeat("\2\4\0\0\3\1\0\0\4\1\0\0"s, COUNT - 1);
+  nodes.resize(8 * (3 * COUNT + 1));
+  const std::string graph = number(3 * COUNT + 1) + "\0"s + nodes;
+  const std::string index = strings + "\0"s + classes + "\0\1\0\0\0"s + number(graph.size()) + graph;
+  EXPECT_THAT(tryToRead(DatabaseBytes({}, index).join()), HasSubstr("out of proportion"));
 }
 
 // Each of the two has 30 nodes with a name of 1 MiB.
