@@ -220,7 +220,10 @@ TEST_F(DatabaseDamageTest, SaysWhatIsWrong) {
     EXPECT_EQ(isDatabase(content), content == brokenArray) << message;
   }
   EXPECT_THROW(lum::SDBReader(wide(folder / "none.sdb")), FileError);
-  EXPECT_THROW(lum::SDBReader(wide(folder.path())), FileError);
+  for (const std::filesystem::path& irregular : {folder.path(), std::filesystem::path("/dev/null")}) {
+    EXPECT_THAT([&] { const lum::SDBReader reader(wide(irregular)); },
+                testing::ThrowsMessage<FileError>(HasSubstr("It is not a regular file")));
+  }
   writeFile(path, bytes);
   EXPECT_THROW(lum::SDBReader(wide(path) + L'\0'), FileError);
   std::istream unseekable(nullptr);
@@ -290,6 +293,8 @@ TEST_F(DatabaseDamageTest, SaysWhichValuesFieldsCannotHave) {
       {"ColorLookupTable", "colorValues", 11, "\1", "list: index 1 out of range"},
       {"ColorAttributes", "colors", 14, "\2\1"s + vector + "\1"s + vector, "Keys are not in order: colors"},
       {"ColorAttributes", "colors", 14, "\2\1"s + vector + "\0"s + vector, "Keys are not in order: Color"},
+      {"TriadDrawable", "cameraAttributes", 20, "\1\0\0\0"s,
+       "cameraAttributes of TriadDrawable \"\" does not refer"},
       {"TextAttributes", "text", 21, "\0"s, "Unknown field kind 21"},
       {"PolyDataNode", "points", 15, "\0"s, "array: index 0 out of range"},
   };
@@ -368,6 +373,30 @@ TEST_F(DatabaseDamageTest, RefusesMoreArraysThanANodeCanHave) {
       "\2\14PolyDataNode\16nodeDataArrays\0\1\0\1\1\21\0\0\1\0\0\0"s + number(graph.size()) + graph;
   EXPECT_THAT(tryToRead(DatabaseBytes({}, index).join()),
               HasSubstr("4097 data arrays, at most 4096 are allowed"));
+}
+
+TEST_F(DatabaseDamageTest, RefusesCellsOfPairsAndOfFractions) {
+  using namespace std::literals;
+  vtkNew<vtkPolyData> polyData;
+  vtkNew<vtkPoints> points;
+  vtkNew<vtkCellArray> cells;
+  cells->Use32BitStorage();
+  for (vtkIdType i = 0; i < 2; ++i) {
+    points->InsertNextPoint(0, 0, 0);
+    cells->InsertNextCell(1, &i);
+  }
+  polyData->SetPoints(points);
+  polyData->SetVerts(cells);
+  const auto mesh = make<lum::PolyDataNode>();
+  mesh->setPolyData(polyData);
+  ASSERT_EQ(writeDatabase(path, *mesh), FileIoStatus::Success);
+  const DatabaseBytes sound(readFile(path));
+  for (const std::string& other : {"\5\2\1\0"s, "\11\1\2\0"s}) {
+    DatabaseBytes changed = sound;
+    changed.replaceInIndex("\5\1\2\0"s, other);
+    EXPECT_THAT(tryToRead(changed.join()),
+                HasSubstr("offsets and connectivity are not integers of one type"));
+  }
 }
 
 TEST_F(DatabaseDamageTest, RefusesMorePairsOfArraysThanArrays) {
