@@ -253,6 +253,11 @@ TEST(StreamTest, ReleasesNodesThatLeaveAndRefusesWhatDoesNotFit) {
     ASSERT_TRUE(isRead(nested, in));
     EXPECT_FALSE(isRead(each, in));
   }
+  // Points that the first message already releases.
+  const std::string points = "\2\14PolyDataNode\6points\0\1\0\1\1\17\0\1\11\3\1\0"s + std::string(8, '\0');
+  NodeInputStream in(lum::NO_SESSION);
+  EXPECT_TRUE(isRead(sceneStream(points, 1, "\0"s, "\1\0\4\0\0\1\0"s), in));
+  EXPECT_FALSE(isRead(sceneStream(none, 1, "\0"s, "\1\0\4\0\0"s), in));
 }
 
 TEST(StreamTest, RefusesWhatMovesTooDeep) {
