@@ -34,8 +34,8 @@ std::string repeat(const std::string& text, int count) {
   return all;
 }
 
-/// As it stands in an index.
-std::string number(std::uint64_t value) {
+/// A number as it stands in an index.
+std::string encoded(std::uint64_t value) {
   std::string digits;
   for (; value >= 0x80; value >>= 7U) {
     digits += static_cast<char>(value | 0x80U);
@@ -242,7 +242,7 @@ TEST_F(DatabaseDamageTest, SaysWhatIsWrongInTheIndex) {
   const std::string fileClass = "\0\1\1\23\0"s;
   const auto withArrays = [&](const std::string& rowsAndGaps) { return strings + "\0"s + rowsAndGaps; };
   const auto withGraph = [&](const std::string& graph) {
-    return strings + "\1"s + fileClass + "\0\1\0\0\0"s + number(graph.size()) + graph;
+    return strings + "\1"s + fileClass + "\0\1\0\0\0"s + encoded(graph.size()) + graph;
   };
   const std::string two = "\2\0\1\0\0"s;
   const std::string hash(8, '\0');
@@ -343,11 +343,11 @@ TEST_F(DatabaseDamageTest, RefusesDefaultsOfTooManyNodes) {
     strings += {'\1', static_cast<char>('0' + i)};
     keys += static_cast<char>(7 + i) + std::string(24, '\0');
   }
-  const std::string classes = "\0\4\0\1\1\23\0\2\1\3\22\0\4\1\1\23\0\5\1\6\16"s + number(keys.size()) + keys;
+  const std::string classes = "\0\4\0\1\1\23\0\2\1\3\22\0\4\1\1\23\0\5\1\6\16"s + encoded(keys.size()) + keys;
   std::string nodes = "\1\0\0\2\1\0\0\3\1\0\0\4\1\0\0"s + repeat("\2\4\0\0\3\1\0\0\4\1\0\0"s, COUNT - 1);
   nodes.resize(8 * (3 * COUNT + 1));
-  const std::string graph = number(3 * COUNT + 1) + "\0"s + nodes;
-  const std::string index = strings + "\0"s + classes + "\0\1\0\0\0"s + number(graph.size()) + graph;
+  const std::string graph = encoded(3 * COUNT + 1) + "\0"s + nodes;
+  const std::string index = strings + "\0"s + classes + "\0\1\0\0\0"s + encoded(graph.size()) + graph;
   EXPECT_THAT(tryToRead(DatabaseBytes({}, index).join()), HasSubstr("out of proportion"));
 }
 
@@ -370,7 +370,7 @@ TEST_F(DatabaseDamageTest, RefusesMoreArraysThanANodeCanHave) {
   const std::string node = "\1\0\1\0\4"s;
   const std::string graph = node + "\x81\x20"s + std::string(4097, '\0') + std::string(9, '\0');
   const std::string index =
-      "\2\14PolyDataNode\16nodeDataArrays\0\1\0\1\1\21\0\0\1\0\0\0"s + number(graph.size()) + graph;
+      "\2\14PolyDataNode\16nodeDataArrays\0\1\0\1\1\21\0\0\1\0\0\0"s + encoded(graph.size()) + graph;
   EXPECT_THAT(tryToRead(DatabaseBytes({}, index).join()),
               HasSubstr("4097 data arrays, at most 4096 are allowed"));
 }
