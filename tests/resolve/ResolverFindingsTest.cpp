@@ -1,5 +1,6 @@
 // What texts in tests/data/expected/resolution cannot say, of findings and fonts.
 
+#include "support/Files.h"
 #include "support/FoundFindings.h"
 #include "support/Meshes.h"
 #include "support/SceneBuilder.h"
@@ -15,9 +16,12 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <iterator>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace vemo {
 
@@ -385,6 +389,31 @@ TEST_F(FontsTest, AreLookedAtOnceForTextsThatAreResolvedTogether) {
   ::unsetenv("VEMO_FONT_PATH");
   Findings::getSingleton().setSink(former);
   EXPECT_EQ(files, std::vector<std::string>(4, font.string()));
+}
+
+TEST_F(FontsTest, AreTheFirstHundredFilesAndNoPipes) {
+  const TemporaryFolder folder;
+  // Fonts of these names would be the first.
+  for (const char* const preferred : {"a", "b"}) {
+    std::filesystem::create_directory(folder / preferred);
+    writeFile(folder / preferred / "DejaVuSans.ttf", "");
+  }
+  ASSERT_EQ(::mkfifo((folder / "c.ttf").c_str(), S_IRWXU), 0);
+  // Opened to read and write, the pipe does not wait for the other side.
+  const int pipe = ::open((folder / "c.ttf").c_str(), O_RDWR | O_CLOEXEC);
+  for (int i = 100; i < 199; ++i) {
+    writeFile(folder / ("d" + std::to_string(i) + ".ttf"), "");
+  }
+  std::filesystem::copy(DEJAVU, folder / "e.ttf");
+  addText(scene, "\u03C3");
+  ::setenv("VEMO_FONT_PATH", folder.path().c_str(), 1);
+  const std::string hundredth = styleOfText(scene).fontFile;
+  writeFile(folder / "d.ttf", "");
+  const std::string tooMany = styleOfText(scene).fontFile;
+  ::unsetenv("VEMO_FONT_PATH");
+  ::close(pipe);
+  EXPECT_EQ(hundredth, (folder / "e.ttf").string());
+  EXPECT_EQ(tooMany, "");
 }
 
 TEST_F(FontsTest, AreFoundForWhatTheBuiltInOnesLack) {
