@@ -378,6 +378,17 @@ TEST_F(DatabaseDamageTest, RefusesDefaultsOfTooManyNodes) {
   EXPECT_THAT(tryToRead(DatabaseBytes({}, index).join()), HasSubstr("out of proportion"));
 }
 
+// A byte in the file, 24 in memory.
+TEST_F(DatabaseDamageTest, RefusesANodeOfTooManyArrays) {
+  using namespace std::literals;
+  constexpr int COUNT = 3'000'000;
+  const std::string arrays = encoded(COUNT) + std::string(COUNT, '\0');
+  const std::string graph = "\1\0\1\0\4"s + arrays + std::string(8, '\0');
+  const std::string index = "\2\14PolyDataNode\16nodeDataArrays\0\1\0\1\1\21\0\1\11\1\0\0"s +
+                            std::string(8, '\0') + "\1\0\0\0"s + encoded(graph.size()) + graph;
+  EXPECT_THAT(tryToRead(DatabaseBytes({}, index).join()), HasSubstr("out of proportion"));
+}
+
 // Each of the two has 30 nodes with a name of 1 MiB.
 TEST_F(DatabaseDamageTest, RefusesRecordsThatAreTogetherOutOfProportion) {
   using namespace std::literals;

@@ -21,10 +21,11 @@ void ContentBudget::useText(std::string_view text) {
 
 void ContentBudget::use(std::uint64_t bytes) {
   if (bytes > _allowed - _used) {
-    throw FileError(FileIoStatus::ReadError,
-                    fmt::format("Texts and keys that are used many times take more than {} bytes, which is "
-                                "out of proportion to the file",
-                                _allowed));
+    throw FileError(
+        FileIoStatus::ReadError,
+        fmt::format("Texts, keys and arrays that are used many times take more than {} bytes, which is "
+                    "out of proportion to the file",
+                    _allowed));
   }
   _used += bytes;
 }

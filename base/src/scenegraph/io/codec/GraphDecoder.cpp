@@ -238,6 +238,7 @@ void GraphDecoder::readValues(ByteReader& in, Level& level, bool isNew) {
     if (!std::exchange(isWaiting, true)) {
       _binder.expectFor(*level.node, isNew);
     }
+    _budget.use(ArrayBinder::USE_BYTES * _chunks.size());
     for (const std::size_t chunk : _chunks) {
       _binder.expect(field.index, chunk);
     }
