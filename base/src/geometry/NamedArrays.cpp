@@ -32,7 +32,29 @@ class ArrayList final : public vtkDataSetAttributes {
 
 vtkStandardNewMacro(ArrayList)
 
+/// More take longer to compare than to copy as a list.
+constexpr std::size_t FEW = 4;
+
 }  // namespace
+
+void addArrays(const std::vector<vtkSmartPointer<vtkDataArray>>& arrays, vtkDataSetAttributes& data) {
+  if (arrays.size() <= FEW) {
+    for (const auto& array : arrays) {
+      data.AddArray(array);
+    }
+    return;
+  }
+  const vtkNew<ArrayList> list;
+  list->append(arrays);
+  const vtkNew<vtkCallbackCommand> silence;
+  silence->SetCallback([](vtkObject*, unsigned long, void*, void*) {});
+  silence->AbortFlagOnExecuteOn();
+  // Otherwise a data set looks through all of them whenever it gets another one.
+  const unsigned long observer = data.AddObserver(vtkCommand::ModifiedEvent, silence, FIRST);
+  data.ShallowCopy(list);
+  data.RemoveObserver(observer);
+  data.Modified();
+}
 
 std::string_view NamedArrays::nameOf(vtkDataArray& array) {
   const char* const name = array.GetName();
@@ -59,22 +81,6 @@ std::optional<std::size_t> NamedArrays::find(std::string_view name) const {
 std::vector<vtkSmartPointer<vtkDataArray>> NamedArrays::release() {
   _places.clear();
   return std::exchange(_arrays, {});
-}
-
-void NamedArrays::addTo(vtkDataSetAttributes& data) const {
-  if (_arrays.empty()) {
-    return;
-  }
-  const vtkNew<ArrayList> list;
-  list->append(_arrays);
-  const vtkNew<vtkCallbackCommand> silence;
-  silence->SetCallback([](vtkObject*, unsigned long, void*, void*) {});
-  silence->AbortFlagOnExecuteOn();
-  // Otherwise a data set looks through all of them whenever it gets another one.
-  const unsigned long observer = data.AddObserver(vtkCommand::ModifiedEvent, silence, FIRST);
-  data.ShallowCopy(list);
-  data.RemoveObserver(observer);
-  data.Modified();
 }
 
 }  // namespace vemo

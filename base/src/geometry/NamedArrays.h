@@ -15,6 +15,10 @@ class vtkDataSetAttributes;
 
 namespace vemo {
 
+/// Adds arrays of different names to data that have none.
+VEMO_GEOMETRY_EXPORT void addArrays(const std::vector<vtkSmartPointer<vtkDataArray>>& arrays,
+                                    vtkDataSetAttributes& data);
+
 /// Arrays of different names, in the order in which the names came. VTK compares the names of
 /// all its arrays with that of each added one, which takes very long for thousands. Names must
 /// not change meanwhile.
@@ -31,7 +35,7 @@ class VEMO_GEOMETRY_EXPORT NamedArrays {
 
   std::vector<vtkSmartPointer<vtkDataArray>> release();
   /// Adds them to data that have no arrays.
-  void addTo(vtkDataSetAttributes& data) const;
+  void addTo(vtkDataSetAttributes& data) const { addArrays(_arrays, data); }
 
  private:
   std::vector<vtkSmartPointer<vtkDataArray>> _arrays;
