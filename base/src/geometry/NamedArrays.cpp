@@ -43,7 +43,25 @@ class ArrayList final : public vtkDataSetAttributes {
 
 vtkStandardNewMacro(ArrayList)
 
+/// More take longer to compare than to copy as a list.
+constexpr std::size_t FEW = 4;
+
 }  // namespace
+
+void addArrays(const std::vector<vtkSmartPointer<vtkDataArray>>& arrays, vtkDataSetAttributes& data) {
+  if (arrays.size() <= FEW) {
+    for (const auto& array : arrays) {
+      if (data.HasArray(array->GetName()) == 0) {
+        data.AddArray(array);
+      }
+    }
+    return;
+  }
+  const vtkNew<ArrayList> list;
+  list->ShallowCopy(&data);
+  list->append(arrays);
+  shareArrays(*list, data);
+}
 
 std::string_view NamedArrays::nameOf(vtkDataArray& array) {
   const char* const name = array.GetName();
@@ -70,16 +88,6 @@ std::optional<std::size_t> NamedArrays::find(std::string_view name) const {
 std::vector<vtkSmartPointer<vtkDataArray>> NamedArrays::release() {
   _places.clear();
   return std::exchange(_arrays, {});
-}
-
-void NamedArrays::addTo(vtkDataSetAttributes& data) const {
-  if (_arrays.empty()) {
-    return;
-  }
-  const vtkNew<ArrayList> list;
-  list->ShallowCopy(&data);
-  list->append(_arrays);
-  shareArrays(*list, data);
 }
 
 }  // namespace vemo

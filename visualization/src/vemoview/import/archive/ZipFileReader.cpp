@@ -83,6 +83,7 @@ void ZipFileReader::Archive::sortEntries() {
       std::unique(entries.begin(), entries.end(),
                   [](const ZipEntry& left, const ZipEntry& right) { return left.name == right.name; });
   entries.erase(repeated, entries.end());
+  entries.shrink_to_fit();
 }
 
 const ZipEntry* ZipFileReader::Archive::find(const std::string& name) const {

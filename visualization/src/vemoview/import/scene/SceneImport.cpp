@@ -241,6 +241,8 @@ lum::SceneNode& SceneImport::convert() {
   } else {
     _reader.callAndLocateFailures([this] { _sceneNode = convertItems(*_scene, _reader, nullptr); });
   }
+  // The scene graph has all of it that is needed from here on.
+  _scene.reset();
   VEMO_REQUIRE(_sceneNode, "The scene node is expected to be created by this moment");
   return *_sceneNode;
 }
