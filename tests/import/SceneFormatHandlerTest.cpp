@@ -204,6 +204,35 @@ TEST_F(SceneFormatHandlerTest, DeletesItsTemporaryFilesAtExit) {
   EXPECT_EQ(deleted, 3) << "a second deletion finds nothing and reports nothing";
 }
 
+/// As a host's global object that uses the library in its destructor.
+struct WorksAtEnd {
+  WorksAtEnd() = default;
+  WorksAtEnd(const WorksAtEnd&) = delete;
+  WorksAtEnd& operator=(const WorksAtEnd&) = delete;
+  ~WorksAtEnd() {
+    if (work) {
+      std::_Exit(work());
+    }
+  }
+
+  std::function<int()> work;
+};
+
+WorksAtEnd worksAtEnd;
+
+TEST_F(SceneFormatHandlerTest, ConvertsUntilTheProcessIsGone) {
+  write(sceneXml(assembly("A", geometry("polys='tri'"))));
+  const int result = exitCodeOf([&] {
+    load("scene.zip");
+    worksAtEnd.work = [&] {
+      return failureOf([&] { SceneConverter(archivePath(), path("late.sdb")).run(); }).empty() ? 0 : 1;
+    };
+    return 2;
+  });
+  EXPECT_EQ(result, 0);
+  EXPECT_EQ(load("late.sdb"), "0 ");
+}
+
 }  // namespace
 
 }  // namespace vemo
