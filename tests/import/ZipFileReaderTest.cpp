@@ -108,9 +108,11 @@ TEST_F(ZipFileReaderTest, ReportsWhatItCannotOpen) {
   writeFile(_folder / "text", "text");
   writeFile(_folder / "empty", "");
   ASSERT_EQ(mkfifo((_folder / "pipe").c_str(), 0600), 0);
-  for (const char* name : {"text", "empty", "pipe", "."}) {
+  for (const char* name : {"text", "empty"}) {
     EXPECT_EQ(failureToOpen(wide(_folder / name)), INVALID) << name;
   }
+  EXPECT_EQ(failureToOpen(wide(_folder / "pipe")), "ZipException: It is a pipe, not a file | ::");
+  EXPECT_EQ(failureToOpen(wide(_folder / ".")), "ZipException: It is a folder, not a file | ::");
   ArchiveBuilder().text("x", "").write(_folder / "a.zip");
   std::filesystem::permissions(_folder / "a.zip", std::filesystem::perms::group_read);
   EXPECT_EQ(failureToOpen(path()), "IOException: No read permission | ::");
