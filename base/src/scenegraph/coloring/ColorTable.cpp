@@ -45,7 +45,7 @@ std::vector<std::uint8_t> makeDefaultColors() {
 }
 
 const SharedColors& defaultColors() {
-  static const SharedColors colors = makeDefaultColors();
+  static const auto& colors = *new SharedColors(makeDefaultColors());
   return colors;
 }
 

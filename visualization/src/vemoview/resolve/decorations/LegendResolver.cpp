@@ -28,7 +28,7 @@ constexpr int MAX_LABELS = 100;
 constexpr std::size_t MAX_TITLE_BYTES = 500;
 
 const lum::LegendAttributes& defaultAttributes() {
-  static const lum::Ptr<lum::LegendAttributes> attributes(
+  static const auto& attributes = *new lum::Ptr<lum::LegendAttributes>(
       new lum::LegendAttributes(lum::ClassNameNodeInitializer(lum::LegendAttributes::getClassName())));
   return *attributes;
 }
