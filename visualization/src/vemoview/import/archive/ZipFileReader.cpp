@@ -1,7 +1,6 @@
 #include "vemoview/import/archive/ArchiveFile.h"
 #include "vemoview/import/archive/Compression.h"
 #include "vemoview/import/archive/ContentPass.h"
-#include "vemoview/import/archive/FileKind.h"
 #include "vemoview/import/archive/ZipDirectory.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/import/Exception.h>
@@ -42,7 +41,7 @@ void checkFile(const std::wstring& path) {
   }
   // Opening a pipe would block until there is a writer.
   if (!S_ISREG(status.st_mode)) {
-    throw ZipException("It is " + describeKind(status) + ", not a file");
+    throw ZipException("Invalid zip file");
   }
 }
 

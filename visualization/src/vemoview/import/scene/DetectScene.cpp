@@ -1,5 +1,4 @@
 #include "base/MemoryStream.h"
-#include "vemoview/import/archive/FileKind.h"
 #include "vemoview/import/reading/SceneFileReader.h"
 #include "vemoview/import/scene/FormatDetection.h"
 #include <vemo/base/WidePath.h>
@@ -100,9 +99,12 @@ void requireReadable(const std::wstring& path) {
   if (wideStat(path.c_str(), &status) != 0) {
     throw openingError(path, errno);
   }
+  if (S_ISDIR(status.st_mode)) {
+    throw FileError(FileIoStatus::UnsupportedFormat, fmt::format("\"{}\" is a folder, not a file", file));
+  }
   if (!S_ISREG(status.st_mode)) {
-    throw FileError(S_ISDIR(status.st_mode) ? FileIoStatus::UnsupportedFormat : FileIoStatus::ReadError,
-                    fmt::format("\"{}\" is {}, not a file", file, describeKind(status)));
+    throw FileError(FileIoStatus::ReadError, fmt::format("\"{}\" is a {}, not a file", file,
+                                                         S_ISFIFO(status.st_mode) ? "pipe" : "device"));
   }
   if (faccessat(AT_FDCWD, file.c_str(), R_OK, AT_EACCESS) != 0) {
     throw openingError(path, errno);
