@@ -145,6 +145,7 @@ struct CleanUps {
   /// Also held while something is made that a clean-up removes.
   std::mutex mutex;
   std::vector<std::function<void()>> functions;
+  bool hasThread = false;
 };
 
 /// Never destroyed: the thread below uses it.
@@ -172,12 +173,19 @@ void endBySignal(const sigset_t& signals) {
 
 /// Requires the blocked signals and the mutex. One thread waits for the signals,
 /// since a signal handler may do next to nothing; with several, only one would
-/// get the signal.
+/// get the signal. Without a thread signals end the process at once, and what is left is as
+/// after SIGKILL.
 void callWhenEnded(const sigset_t& signals, std::function<void()> cleanUp) {
-  if (cleanUps().functions.empty()) {
-    std::thread(endBySignal, signals).detach();
-  }
   cleanUps().functions.push_back(std::move(cleanUp));
+  if (cleanUps().hasThread) {
+    return;
+  }
+  try {
+    std::thread(endBySignal, signals).detach();
+    cleanUps().hasThread = true;
+  } catch (const std::system_error&) {
+    pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
+  }
 }
 
 }  // namespace

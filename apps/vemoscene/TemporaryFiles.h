@@ -7,9 +7,9 @@ namespace vemo {
 
 /// Makes a folder for this process's temporary files, puts it in place of TMPDIR,
 /// and returns its path. Folder and files are removed at exit, and when SIGINT,
-/// SIGTERM, SIGHUP, SIGQUIT or SIGXCPU ends the process; if it ends otherwise, by the
-/// next process that makes such a folder. Later calls only return the path. Throws
-/// Failure with CANNOT_WRITE.
+/// SIGTERM, SIGHUP, SIGQUIT or SIGXCPU ends the process; if it ends otherwise, or the system
+/// lets it start no thread, by the next process that makes such a folder. Later calls only return the path.
+/// Throws Failure with CANNOT_WRITE.
 ///
 /// Like the next function, it blocks these signals in the calling thread: the
 /// first call must come before other threads start.

@@ -422,6 +422,24 @@ TEST_F(CommandLineTest, SaysThatTheDisplayHasGone) {
 }
 #endif
 
+TEST_F(CommandLineTest, WorksWithoutThreadsWhereItCan) {
+  rlimit limit{};
+  getrlimit(RLIMIT_STACK, &limit);
+  // No memory is large enough for the stack of another thread. Limits of processes do not concern root.
+  const rlimit excessive{rlim_t{1} << 50U, limit.rlim_max};
+  if (setrlimit(RLIMIT_STACK, &excessive) != 0) {
+    GTEST_SKIP() << "the stack cannot be that large";
+  }
+  const ProgramResult converted = run({"convert", "scene.zip", "x.sdb"});
+  const ProgramResult drawn = run({"render", "scene.zip", "x.png"});
+  setrlimit(RLIMIT_STACK, &limit);
+  EXPECT_EQ(converted.exitCode, 0) << converted.err;
+  EXPECT_TRUE(readFile(_folder / "x.sdb") == readFile(_folder / "scene.sdb"));
+  EXPECT_EQ(drawn.exitCode, 69);
+  EXPECT_THAT(drawn.err, HasSubstr("Cannot start a thread: "));
+  expectNoTemporaryFiles();
+}
+
 TEST_F(CommandLineTest, ReportsResultsThatCannotBeWritten) {
   EXPECT_EQ(run({"convert", "scene.zip", "-"}, "/dev/full").exitCode, 6);
   EXPECT_EQ(run({"convert", "scene.zip", "-"}, _folder / "scene.zip").exitCode, 64);

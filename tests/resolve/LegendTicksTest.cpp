@@ -1,5 +1,8 @@
 #include "vemoview/resolve/values/LegendTicks.h"
 
+#include <algorithm>
+#include <array>
+#include <clocale>
 #include <gmock/gmock.h>
 #include <string>
 #include <vector>
@@ -47,6 +50,18 @@ TEST(LegendTicksTest, HaveAsManyDigitsAsNeighboursNeed) {
   const auto neighbours = labels(1, std::stod(next));
   EXPECT_EQ(neighbours.front(), "1");
   EXPECT_EQ(neighbours.back(), next) << "no number between them";
+}
+
+TEST(LegendTicksTest, AreTheSameInEveryLocale) {
+  const std::string former = std::setlocale(LC_NUMERIC, nullptr);
+  const auto writesCommas = [](const char* locale) {
+    return std::setlocale(LC_NUMERIC, locale) != nullptr && *std::localeconv()->decimal_point == ',';
+  };
+  if (!std::ranges::any_of(std::array{"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8"}, writesCommas)) {
+    GTEST_SKIP() << "no locale that writes 0,5";
+  }
+  EXPECT_THAT(labels(0, 1), ElementsAre("0", "0.5", "1"));
+  std::setlocale(LC_NUMERIC, former.c_str());
 }
 
 }  // namespace

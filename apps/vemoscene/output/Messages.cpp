@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <chrono>
 #include <fmt/format.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace vemo {
@@ -145,8 +146,13 @@ LogCapture::~LogCapture() {
 }
 
 Progress::Progress(const std::string& activity) {
-  if (isTerminal()) {
+  if (!isTerminal()) {
+    return;
+  }
+  try {
     _thread = std::thread([this, activity] { run(activity); });
+  } catch (const std::system_error&) {
+    // The work matters more than what is shown of it.
   }
 }
 

@@ -6,9 +6,12 @@
 #include <EGL/egl.h>
 #include <EGL/eglext.h>
 #include <array>
+#include <future>
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <system_error>
+#include <thread>
 #include <unistd.h>
 #include <vector>
 
@@ -63,9 +66,26 @@ EGLDisplay openDeviceDisplay(PFNEGLGETPLATFORMDISPLAYEXTPROC getPlatformDisplay)
   return EGL_NO_DISPLAY;
 }
 
+/// A driver in software waits forever for threads that it cannot start.
+void requireThreads() {
+  constexpr int COUNT = 4;
+  std::vector<std::jthread> threads;
+  // Destroyed before the threads are joined, which ends them.
+  std::promise<void> end;
+  const std::shared_future<void> ended = end.get_future().share();
+  try {
+    for (int i = 0; i < COUNT; ++i) {
+      threads.emplace_back([ended] { ended.wait(); });
+    }
+  } catch (const std::system_error& error) {
+    throw RenderingUnavailable("OpenGL cannot be used: Cannot start a thread: " + error.code().message());
+  }
+}
+
 /// The platform without surfaces first: it accepts any driver, including
 /// software. A driver without that platform may still offer devices.
 EGLDisplay openDisplay() {
+  requireThreads();
   const char* const found = eglQueryString(EGL_NO_DISPLAY, EGL_EXTENSIONS);
   const std::string_view extensions = found == nullptr ? "" : found;
   const auto getPlatformDisplay = eglFunction<PFNEGLGETPLATFORMDISPLAYEXTPROC>("eglGetPlatformDisplayEXT");

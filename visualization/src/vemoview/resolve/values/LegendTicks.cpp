@@ -1,6 +1,7 @@
 #include "vemoview/resolve/values/LegendTicks.h"
 
 #include <algorithm>
+#include <clocale>
 #include <cmath>
 #include <cstddef>
 #include <cstdio>
@@ -23,7 +24,26 @@ std::vector<LegendTick> powersOfTen(double low, double high, int count) {
   return ticks;
 }
 
+/// During its lifetime, the thread writes numbers as programs without a locale do, whatever the
+/// host's: a scene has one picture.
+class ClassicNumbers {
+ public:
+  ClassicNumbers() : _former(uselocale(classic())) {}
+  ~ClassicNumbers() { uselocale(_former); }
+  ClassicNumbers(const ClassicNumbers&) = delete;
+  ClassicNumbers& operator=(const ClassicNumbers&) = delete;
+
+ private:
+  static locale_t classic() {
+    static const locale_t made = newlocale(LC_ALL_MASK, "C", locale_t{});
+    return made;
+  }
+
+  locale_t _former;
+};
+
 std::string format(const std::string& pattern, double value) {
+  const ClassicNumbers numbers;
   std::string text(static_cast<std::size_t>(std::snprintf(nullptr, 0, pattern.c_str(), value)), '\0');
   std::snprintf(text.data(), text.size() + 1, pattern.c_str(), value);
   return text;
