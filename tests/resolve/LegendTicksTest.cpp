@@ -1,5 +1,6 @@
 #include "vemoview/resolve/values/LegendTicks.h"
 
+#include <clocale>
 #include <gmock/gmock.h>
 #include <string>
 #include <vector>
@@ -47,6 +48,37 @@ TEST(LegendTicksTest, HaveAsManyDigitsAsNeighboursNeed) {
   const auto neighbours = labels(1, std::stod(next));
   EXPECT_EQ(neighbours.front(), "1");
   EXPECT_EQ(neighbours.back(), next) << "no number between them";
+}
+
+/// During its lifetime, the process has the locale of a host that writes 0.5 as 0,5, if one is
+/// installed. The numbers of streams have another one, which snprintf does not ask.
+class WithDecimalComma {
+ public:
+  WithDecimalComma() {
+    for (const char* name : {"de_DE.UTF-8", "fr_FR.UTF-8", "es_ES.UTF-8", "pt_BR.UTF-8", "it_IT.UTF-8"}) {
+      if (std::setlocale(LC_NUMERIC, name) != nullptr) {
+        return;
+      }
+    }
+  }
+  WithDecimalComma(const WithDecimalComma&) = delete;
+  WithDecimalComma& operator=(const WithDecimalComma&) = delete;
+  ~WithDecimalComma() { std::setlocale(LC_NUMERIC, _before.c_str()); }
+
+  static std::string separator() { return std::localeconv()->decimal_point; }
+
+ private:
+  std::string _before = std::setlocale(LC_NUMERIC, nullptr);
+};
+
+TEST(LegendTicksTest, LookTheSameInEveryLocaleOfTheHost) {
+  const WithDecimalComma locale;
+  if (WithDecimalComma::separator() != ",") {
+    GTEST_SKIP() << "no locale with a decimal comma is installed";
+  }
+  EXPECT_THAT(labels(0, 1), ElementsAre("0", "0.5", "1"));
+  EXPECT_THAT(labels(0, 3000, "%'.1f"), ElementsAre("0.0", "1500.0", "3000.0"));
+  EXPECT_EQ(WithDecimalComma::separator(), ",") << "it is the host's";
 }
 
 }  // namespace

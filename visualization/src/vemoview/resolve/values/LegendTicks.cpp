@@ -1,6 +1,7 @@
 #include "vemoview/resolve/values/LegendTicks.h"
 
 #include <algorithm>
+#include <clocale>
 #include <cmath>
 #include <cstddef>
 #include <cstdio>
@@ -23,7 +24,26 @@ std::vector<LegendTick> powersOfTen(double low, double high, int count) {
   return ticks;
 }
 
+/// During its lifetime, this thread has the locale "C", whatever the process has: hosts set the
+/// user's, in which numbers may have commas.
+class WithClassicLocale {
+ public:
+  WithClassicLocale() = default;
+  WithClassicLocale(const WithClassicLocale&) = delete;
+  WithClassicLocale& operator=(const WithClassicLocale&) = delete;
+  ~WithClassicLocale() { uselocale(_before); }
+
+ private:
+  static locale_t classic() {
+    static const locale_t locale = newlocale(LC_ALL_MASK, "C", nullptr);
+    return locale;
+  }
+
+  locale_t _before = uselocale(classic());
+};
+
 std::string format(const std::string& pattern, double value) {
+  const WithClassicLocale classic;
   std::string text(static_cast<std::size_t>(std::snprintf(nullptr, 0, pattern.c_str(), value)), '\0');
   std::snprintf(text.data(), text.size() + 1, pattern.c_str(), value);
   return text;
