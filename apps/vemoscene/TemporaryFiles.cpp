@@ -59,38 +59,42 @@ void removeOwnFolder() {
   });
 }
 
-/// The lock on a folder of temporary files, which says that its process is alive: the
-/// system removes it however the process ends.
-class FolderLock {
+/// A folder of temporary files. It holds a marker, since people may give theirs such a name, and is
+/// locked while its process is alive: the system removes the lock however the process ends.
+class TemporaryFolder {
  public:
-  explicit FolderLock(const fs::path& folder)
-      : _file(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC)) {
-    _error = _file >= 0 && flock(_file, LOCK_EX | LOCK_NB) == 0 ? 0 : errno;
-  }
-  FolderLock(const FolderLock&) = delete;
-  FolderLock& operator=(const FolderLock&) = delete;
-  ~FolderLock() {
+  explicit TemporaryFolder(const fs::path& path)
+      : _file(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC)) {}
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+  ~TemporaryFolder() {
     if (_file >= 0) {
       close(_file);
     }
   }
 
-  bool isHeld() const { return _error == 0; }
-  /// Whether another process has locked or removed the folder.
-  bool isTaken() const { return _error == EWOULDBLOCK || _error == ENOENT; }
-  /// Whether it is this user's and has the permissions that mkdtemp gives, but people do not.
-  bool isPrivate() const {
-    constexpr mode_t PERMISSION_BITS = 0777;
-    struct stat status {};
-    return fstat(_file, &status) == 0 && status.st_uid == geteuid() &&
-           (status.st_mode & PERMISSION_BITS) == S_IRWXU;
+  /// Whether a process of this user made it, which has ended. Locks it until this is destroyed.
+  bool isAbandoned() const { return isOwn("") && isOwn(MARKER) && flock(_file, LOCK_EX | LOCK_NB) == 0; }
+
+  /// Locks it until the process ends; not every file system has locks, but then others cannot lock
+  /// it either. Marks it only then: no other process looks for a lock before.
+  void claim() {
+    flock(_file, LOCK_EX | LOCK_NB);
+    close(openat(_file, MARKER, O_CREAT | O_WRONLY | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR));
+    _file = -1;
   }
-  /// Keeps the lock until the process ends.
-  void keep() { _file = -1; }
 
  private:
+  static constexpr const char* MARKER = ".made-by-vemoscene";
+
+  /// Whether the folder (""), or a file in it, is this user's.
+  bool isOwn(const char* name) const {
+    struct stat status {};
+    return fstatat(_file, name, &status, AT_EMPTY_PATH | AT_SYMLINK_NOFOLLOW) == 0 &&
+           status.st_uid == geteuid();
+  }
+
   int _file;
-  int _error;
 };
 
 /// Removes the folders of processes that could not remove them.
@@ -99,8 +103,8 @@ void removeAbandonedFolders(const fs::path& parent) {
   for (fs::directory_iterator i(parent, error); !error && i != fs::directory_iterator(); i.increment(error)) {
     const std::string name = i->path().filename().native();
     if (name.starts_with(FOLDER_PREFIX) && name.size() == FOLDER_PREFIX.size() + FOLDER_PATTERN.size()) {
-      const FolderLock lock(i->path());
-      if (lock.isHeld() && lock.isPrivate()) {
+      const TemporaryFolder folder(i->path());
+      if (folder.isAbandoned()) {
         std::error_code ignored;
         fs::remove_all(i->path(), ignored);
       }
@@ -108,25 +112,15 @@ void removeAbandonedFolders(const fs::path& parent) {
   }
 }
 
-/// Makes a locked folder. Another process may take it for abandoned until it is
-/// locked.
-fs::path makeLockedFolder(const fs::path& parent) {
-  const fs::path pattern = parent / fmt::format("{}{}", FOLDER_PREFIX, FOLDER_PATTERN);
-  while (true) {
-    std::string name = pattern.native();
-    if (mkdtemp(name.data()) == nullptr) {
-      throw Failure(ExitCode::CANNOT_WRITE,
-                    fmt::format("Cannot create a folder for temporary files in {}: {}", parent.native(),
-                                std::strerror(errno)));
-    }
-    FolderLock lock(name);
-    std::error_code ignored;
-    // Not every file system has locks. Then the others cannot lock it either.
-    if (!lock.isTaken() && fs::exists(name, ignored)) {
-      lock.keep();
-      return name;
-    }
+/// Makes a folder that no other process takes for abandoned.
+fs::path makeTemporaryFolder(const fs::path& parent) {
+  std::string name = parent / fmt::format("{}{}", FOLDER_PREFIX, FOLDER_PATTERN);
+  if (mkdtemp(name.data()) == nullptr) {
+    throw Failure(ExitCode::CANNOT_WRITE, fmt::format("Cannot create a folder for temporary files in {}: {}",
+                                                      parent.native(), std::strerror(errno)));
   }
+  TemporaryFolder(name).claim();
+  return name;
 }
 
 /// Blocks the signals that ask a process to end, except those that the parent
@@ -207,7 +201,7 @@ fs::path useOwnTemporaryFolder() {
   // Signals wait from here on: once the folder exists, it will be removed.
   const sigset_t signals = blockEndingSignals();
   const std::lock_guard lock(cleanUps().mutex);
-  ownFolder() = {fs::absolute(makeLockedFolder(parent), error), getpid()};
+  ownFolder() = {fs::absolute(makeTemporaryFolder(parent), error), getpid()};
   // Registered before the at-exit handlers of the libraries that make files in
   // it, and therefore called after them.
   std::atexit(removeOwnFolder);

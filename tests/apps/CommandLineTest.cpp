@@ -9,6 +9,7 @@
 #include <vemo/scenegraph/io/SDBReader.h>
 
 #include <chrono>
+#include <fstream>
 #include <gmock/gmock.h>
 #include <regex>
 #include <sstream>
@@ -549,12 +550,12 @@ TEST_F(HangingCommandTest, LeavesNoConvertedScenesBehindWhenItsTimeIsUp) {
 TEST_F(HangingCommandTest, RemovesTheFolderOfAKilledProcessButNoOthers) {
   fs::create_directory(_temporary / "vemoscene-files-of a user");
   fs::create_directory(_temporary / "vemoscene-files-backup");
-  fs::permissions(_temporary / "vemoscene-files-backup", fs::perms::owner_all | fs::perms::group_read);
+  fs::permissions(_temporary / "vemoscene-files-backup", fs::perms::owner_all);
   // Folders in it get the bit, too.
   fs::permissions(_temporary.path(), fs::perms::set_gid, fs::perm_options::add);
   const fs::path others = _temporary / "vemoscene-files-others";
   fs::create_directory(others);
-  fs::permissions(others, fs::perms::owner_all);
+  std::ofstream(others / ".made-by-vemoscene");
   // Only root can give it to somebody else.
   const bool isOfOther = chown(others.c_str(), AsOrdinaryUser::NOBODY, AsOrdinaryUser::NOBODY) == 0;
   const int kept = isOfOther ? 3 : 2;

@@ -7,6 +7,7 @@
 #include <vtkTypeInt64Array.h>
 
 #include <algorithm>
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <limits>
 #include <numeric>
@@ -85,6 +86,23 @@ TEST(CellValidatorTest, JudgesArraysThatCellArraysShareByEachOnesRules) {
   EXPECT_EQ(validator.findFault(*fewer, {.pointCount = 2000, .mayHaveUnusedIndices = true}), "");
   EXPECT_EQ(validator.findFault(*fewer, {.pointCount = 1999, .mayHaveUnusedIndices = true}),
             "cells use points 0 to 1999 of 1999");
+}
+
+/// Of large arrays what was found is kept; arrays are often made where others were.
+TEST(CellValidatorTest, JudgesArraysAnewThatChangedOrTookThePlaceOfOthers) {
+  CellValidator validator;
+  for (const int greatest : {2999, 5, 4000, 7}) {
+    Numbers indices(3000);
+    indices.back() = greatest;
+    const auto cells = cellsOf<vtkTypeInt32Array>({0, 3000}, indices);
+    vtkDataArray& connectivity = *cells->GetConnectivityArray();
+    EXPECT_EQ(validator.findFault(*cells, {.pointCount = 1}),
+              fmt::format("cells use points 0 to {} of 1", greatest));
+    connectivity.SetComponent(0, 0, -1);
+    connectivity.Modified();
+    EXPECT_EQ(validator.findFault(*cells, {.pointCount = 1}),
+              fmt::format("cells use points -1 to {} of 1", greatest));
+  }
 }
 
 }  // namespace

@@ -175,7 +175,7 @@ TEST_F(ItemTest, InvalidGeometryIsNotConverted) {
   GeometryItem& emptied = readItem("lines='line'");
   emptied.getGeometry()->SetLines(nullptr);
   EXPECT_EQ(conversionFailure(emptied),
-            "InternalError: must be greater than zero | _polydata->GetLines()->GetNumberOfCells() > 0");
+            "InternalError: must be greater than zero | polyData.GetLines()->GetNumberOfCells() > 0");
   std::vector<int> list = {3, 0, 1, 2, 2, 2, 3};
   EXPECT_EQ(GeometryItem::countItemsInList({list.data(), 7}), 2);
 }

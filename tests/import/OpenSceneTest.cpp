@@ -123,6 +123,29 @@ TEST_F(OpenSceneTest, ProgressRisesToOne) {
   }
 }
 
+// Also what would mean a fault of the file that is read or written.
+TEST_F(OpenSceneTest, PassesOnWhatProgressThrows) {
+  for (const Work& work : works()) {
+    std::size_t reports = 0;
+    work([&](double /*fraction*/) { return ++reports > 0; });
+    for (; reports > 0; --reports) {
+      std::size_t count = 0;
+      const auto failAtLast = [&](double /*fraction*/) {
+        if (++count == reports) {
+          throw lum::io::FileError(lum::io::FileIoStatus::ReadError, "other file");
+        }
+        return true;
+      };
+      try {
+        work(failAtLast);
+        ADD_FAILURE() << reports;
+      } catch (const lum::io::FileError& error) {
+        EXPECT_STREQ(error.what(), "other file") << reports;
+      }
+    }
+  }
+}
+
 // Wherever it is cancelled.
 TEST_F(OpenSceneTest, CancelledWorkLeavesNothing) {
   const auto files = countFiles(_folder.path());

@@ -161,12 +161,34 @@ TEST_F(SceneConverterTest, AuditsASceneGraphOfWhichAnEntryCannotBeRead) {
 
 TEST_F(SceneConverterTest, ReportsArraysOfASceneGraphThatAreMissing) {
   convert(geometry("polys='quad'"));
-  addPayload({_sceneNode.get()}, 2);
+  addPayload({_sceneNode.get()}, 1);
   _archive.text("lum_x", "no data");
   const FoundFindings found;
   run(sceneXml(""));
   EXPECT_EQ(std::ranges::count(found.codes(), "stream-invalid"), 1);
-  EXPECT_EQ(std::ranges::count(found.codes(), "payload-damaged"), 1) << "another is missing";
+  EXPECT_EQ(std::ranges::count(found.codes(), "payload-damaged"), 1) << "which is another one";
+}
+
+TEST_F(SceneConverterTest, ReportsWhatIsInASceneGraphBesideTheScene) {
+  convert(geometry("polys='quad'"));
+  const Ptr<lum::SceneNode> scene(_sceneNode);
+  convert(geometry("polys='quad'"));
+  addPayload({scene.get(), &_sceneNode->getModelCanvas().getDrawableCollection()});
+  write(sceneXml(""));
+  EXPECT_THAT(audited(), testing::Contains(
+                             "payload-unused: 1 of the graphs in the archive are not part of its scene | "));
+}
+
+/// It deflates to next to nothing.
+TEST_F(SceneConverterTest, RefusesASceneGraphOfMoreNodesThanItemsMayBe) {
+  const auto scene = make<lum::SceneNode>();
+  auto& drawables = scene->getModelCanvas().getDrawableCollection();
+  for (int i = 0; i < 500'000; ++i) {
+    drawables.addNode(*make<lum::DrawableCollection>());
+  }
+  addPayload({scene.get()});
+  write(sceneXml(""));
+  EXPECT_THAT(audited().back(), testing::EndsWith(" nodes is out of proportion to the file | scene.lum"));
 }
 
 TEST_F(SceneConverterTest, NeedsExactlyOneSceneNode) {

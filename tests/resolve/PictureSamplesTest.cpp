@@ -24,6 +24,16 @@ TEST(PictureSamplesTest, AreNotBesideThePicture) {
   EXPECT_FALSE(isInside(2.0, 1e6));
 }
 
+TEST(PictureSamplesTest, AreNotLookedForInLinesNorBetweenColumns) {
+  const PictureSamples samples({1.0, 1.0});
+  for (const auto& triangle : {Triangle{{{0.2, 0.2}, {0.8, 0.8}, {0.5, 0.5}}},
+                               Triangle{{{0.2, 0.2}, {0.2000001, 0.2}, {0.2, 0.8}}}}) {
+    long steps = 0;
+    EXPECT_FALSE(samples.isInside(triangle, steps));
+    EXPECT_EQ(steps, 0);
+  }
+}
+
 }  // namespace
 
 }  // namespace vemo

@@ -1,5 +1,6 @@
 // What texts in tests/data/expected/resolution cannot say, of findings and fonts.
 
+#include "support/Files.h"
 #include "support/FoundFindings.h"
 #include "support/Meshes.h"
 #include "support/SceneBuilder.h"
@@ -15,9 +16,12 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <iterator>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace vemo {
 
@@ -144,6 +148,18 @@ TEST(ResolverFindingsTest, KnowThatANarrowCanvasIsSeenFromFurtherAway) {
   text.getAnnotationAttributes().setCoordinateSpace(lum::CoordinateSpace::MODEL);
   text.getPositionAttributes().setPosition({1, 0, 0}, false);
   EXPECT_THAT(findingsOf(scene), IsEmpty());
+}
+
+TEST(ResolverFindingsTest, KnowThatATriadThatTurnsIsSmallerInANarrowCanvas) {
+  SceneBuilder scene;
+  makeGroundWhite(scene);
+  scene.canvas().getAttributes<lum::CanvasPositionAttributes>().setPosition({0.9, 0});
+  auto& triad = scene.drawables().findOrCreate<lum::TriadDrawable>();
+  triad.getTriadAttributes().setAxisLabelHeight(0.1);
+  triad.getPositionAttributes().setPosition({-0.4, 0, 0}, false);
+  EXPECT_THAT(findingsOf(scene), IsEmpty());
+  triad.setCameraAttributes(&scene.canvas().getCameraAttributes());
+  EXPECT_THAT(findingsOf(scene), ElementsAre("decoration-not-in-view"));
 }
 
 TEST(ResolverFindingsTest, SayThatACanvasIsOutsideTheWindow) {
@@ -345,6 +361,59 @@ TEST_F(FontsTest, AreFoundInFoldersThatTheEnvironmentLists) {
   const TextStyle style = styleOfText(scene);
   ::unsetenv("VEMO_FONT_PATH");
   EXPECT_EQ(style.fontFile, (folder / "own/DejaVuSans.ttf").string());
+}
+
+TEST_F(FontsTest, AreLookedAtOnceForTextsThatAreResolvedTogether) {
+  const TemporaryFolder folder;
+  const auto font = folder / "DejaVuSans.ttf";
+  makeGroundWhite(scene);
+  // What no font has is reported once they have been looked at.
+  for (const char* const words : {"\u03C3 \U0001F600", "\u03C3"}) {
+    scene.collectionIn(scene.drawables())
+        .findOrCreate<lum::TextDrawable>()
+        .getAnnotationAttributes()
+        .setText(words);
+  }
+  const auto former =
+      Findings::getSingleton().setSink([&](const Finding& /*finding*/) { std::filesystem::remove(font); });
+  ::setenv("VEMO_FONT_PATH", folder.path().c_str(), 1);
+  std::vector<std::string> files;
+  for (int i = 0; i < 2; ++i) {
+    std::filesystem::copy(DEJAVU, font);
+    const ResolvedScene resolved = resolveScene(scene.node());
+    for (const Decoration& text : resolved.canvases.at(0).decorations) {
+      files.push_back(std::get<TextDecoration>(text.content).style.fontFile);
+    }
+    EXPECT_FALSE(std::filesystem::exists(font));
+  }
+  ::unsetenv("VEMO_FONT_PATH");
+  Findings::getSingleton().setSink(former);
+  EXPECT_EQ(files, std::vector<std::string>(4, font.string()));
+}
+
+TEST_F(FontsTest, AreTheFirstHundredFilesAndNoPipes) {
+  const TemporaryFolder folder;
+  // Fonts of these names would be the first.
+  for (const char* const preferred : {"a", "b"}) {
+    std::filesystem::create_directory(folder / preferred);
+    writeFile(folder / preferred / "DejaVuSans.ttf", "");
+  }
+  ASSERT_EQ(::mkfifo((folder / "c.ttf").c_str(), S_IRWXU), 0);
+  // Opened to read and write, the pipe does not wait for the other side.
+  const int pipe = ::open((folder / "c.ttf").c_str(), O_RDWR | O_CLOEXEC);
+  for (int i = 100; i < 199; ++i) {
+    writeFile(folder / ("d" + std::to_string(i) + ".ttf"), "");
+  }
+  std::filesystem::copy(DEJAVU, folder / "e.ttf");
+  addText(scene, "\u03C3");
+  ::setenv("VEMO_FONT_PATH", folder.path().c_str(), 1);
+  const std::string hundredth = styleOfText(scene).fontFile;
+  writeFile(folder / "d.ttf", "");
+  const std::string tooMany = styleOfText(scene).fontFile;
+  ::unsetenv("VEMO_FONT_PATH");
+  ::close(pipe);
+  EXPECT_EQ(hundredth, (folder / "e.ttf").string());
+  EXPECT_EQ(tooMany, "");
 }
 
 TEST_F(FontsTest, AreFoundForWhatTheBuiltInOnesLack) {

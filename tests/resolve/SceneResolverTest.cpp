@@ -1,11 +1,13 @@
 // What the texts of ResolutionTest do not show.
 
+#include "geometry/AskedArray.h"
 #include "support/SceneBuilder.h"
 #include "vemoview/resolve/mesh/DrawingLoad.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/resolve/SceneResolver.h>
 #include <vemo/resolve/SceneTooLarge.h>
 #include <vemo/scenegraph/Findings.h>
+#include <vemo/scenegraph/drawables/ImageDrawable.h>
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
@@ -15,11 +17,14 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <numeric>
+#include <string>
 #include <tuple>
 #include <variant>
+#include <vector>
 
 namespace vemo {
 
@@ -33,6 +38,33 @@ TEST(SceneResolverTest, SharesArraysWithTheNodesThatItNames) {
   EXPECT_EQ(mesh.drawable, &surface);
   EXPECT_EQ(mesh.node, surface.getNodes()[0].get());
   EXPECT_EQ(mesh.geometry->GetPoints()->GetData(), geometry->GetPoints()->GetData());
+}
+
+/// In how many questions for names a surface with so many arrays becomes one that a VTK program can use,
+/// without a point and a cell that cannot be drawn.
+int questionsOfResolving(int count) {
+  SceneBuilder scene;
+  const auto geometry = makePolyData(flat({NAN, 0, 0, 0, 1, 0, 1, 1}), {.polys = {{0, 1, 2}, {1, 2, 3}}});
+  auto& mesh = scene.addSurface(geometry, {1, 0, 0}).findOrCreate<lum::PolyDataNode>();
+  for (const auto& array : makeAskedArrays(count, 4)) {
+    mesh.setNodeDataArray(array);
+  }
+  for (const auto& array : makeAskedArrays(count, 2)) {
+    mesh.setCellDataArray(array);
+  }
+  AskedArray::questions = 0;
+  SceneResolver resolver(scene.node(), {.arrays = MeshArrays::ALL});
+  const auto drawn = resolver.resolve().canvases.at(0).meshes.at(0).geometry;
+  const int questions = AskedArray::questions;
+  EXPECT_EQ(drawn->GetNumberOfPoints(), 3);
+  EXPECT_EQ(drawn->GetPointData()->GetNumberOfArrays(), count);
+  EXPECT_EQ(drawn->GetCellData()->GetNumberOfArrays(), count);
+  return questions;
+}
+
+TEST(SceneResolverTest, AsksForNamesInProportionToTheArrays) {
+  constexpr int COUNT = 50;
+  EXPECT_LE(questionsOfResolving(2 * COUNT), 2 * questionsOfResolving(COUNT) + COUNT);
 }
 
 TEST(SceneResolverTest, CopiesOfPointsThatCannotBeDrawnOnlyThoseThatAreUsed) {
@@ -352,6 +384,7 @@ TEST(SceneResolverTest, LimitsThePointsOfAllInstances) {
 /// They are twice as many cells and corners as the polygon.
 TEST(SceneResolverTest, LimitsTheTrianglesThatFillPolygonsOfAllInstances) {
   SceneBuilder scene;
+  scene.forgetView();
   std::vector<float> comb{0, 0, 997, 0};
   for (int i = 997; i >= 0; --i) {
     comb.insert(comb.end(), {static_cast<float>(i), i % 2 == 0 ? 10.0F : 1.0F});
@@ -364,6 +397,110 @@ TEST(SceneResolverTest, LimitsTheTrianglesThatFillPolygonsOfAllInstances) {
   // Without the triangles, both would be drawn.
   repeat(scene.add<lum::SurfaceDrawable>(polygon), {1e-5, 0, 0}, 10000);
   EXPECT_THROW(resolveScene(scene.node()), SceneTooLarge);
+}
+
+/// The unit square, named so many times.
+vtkSmartPointer<vtkPolyData> makeStack(int count) {
+  return makePolyData(flat({0, 0, 1, 0, 1, 1, 0, 1}), {.polys = std::vector<std::vector<vtkIdType>>(
+                                                           static_cast<std::size_t>(count), {0, 1, 2, 3})});
+}
+
+vtkSmartPointer<vtkPolyData> makeDiagonals(int count) {
+  return makePolyData(flat({0, 0, 1, 1}), {.lines = std::vector<std::vector<vtkIdType>>(
+                                               static_cast<std::size_t>(count), {0, 1})});
+}
+
+void addImages(SceneBuilder& scene, int count) {
+  for (int i = 0; i < count; ++i) {
+    scene.drawables()
+        .findOrCreate<lum::ImageDrawable>(std::to_string(i))
+        .getImageAttributes()
+        .setPixels(makeArray<vtkUnsignedCharArray>("pixels", {255}), 1, 1);
+  }
+}
+
+bool isDrawn(const SceneBuilder& scene) {
+  try {
+    resolveScene(scene.node());
+    return true;
+  } catch (const SceneTooLarge& error) {
+    EXPECT_THAT(error.what(), testing::HasSubstr("cover the picture more than 5"));
+    return false;
+  }
+}
+
+bool isDrawn(const std::function<void(SceneBuilder&)>& build) {
+  SceneBuilder scene;
+  scene.forgetView();
+  build(scene);
+  return isDrawn(scene);
+}
+
+TEST(SceneResolverTest, LimitsHowOftenThePictureIsCovered) {
+  using Scene = SceneBuilder;
+  const auto surface = [](int count) {
+    return [=](Scene& scene) { scene.addSurface(makeStack(count), {1, 0, 0}); };
+  };
+  const auto translucent = [](int count) {
+    return [=](Scene& scene) {
+      scene.addSurface(makeStack(count), {1, 0, 0}).getColorAttributes()->setOpacity(0.5, false);
+    };
+  };
+  const auto repeats = [](double step) {
+    return [=](Scene& scene) {
+      repeat(scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 0, 0}), {step, 0, 0}, 3000);
+    };
+  };
+  const auto lines = [](double width) {
+    return [=](Scene& scene) {
+      auto& drawable = scene.add<lum::PolyLineDrawable>(makeDiagonals(10'000));
+      drawable.getAttributes<lum::LineAttributes>().setLineWidth(width);
+    };
+  };
+  const auto points = [](double size) {
+    return [=](Scene& scene) {
+      const auto places = makePolyData(std::vector<std::array<float, 3>>(20'000), {});
+      auto& drawable = scene.add<lum::PointSphereDrawable>(places);
+      drawable.getAttributes<lum::PointSizeAttributes>().setPointSize(size);
+    };
+  };
+  const auto images = [](int count) { return [=](Scene& scene) { addImages(scene, count); }; };
+  EXPECT_TRUE(isDrawn(surface(400)));
+  EXPECT_FALSE(isDrawn(surface(2000)));
+  EXPECT_TRUE(isDrawn(translucent(20)));
+  EXPECT_FALSE(isDrawn(translucent(200)));
+  EXPECT_TRUE(isDrawn(repeats(1.0)));
+  EXPECT_FALSE(isDrawn(repeats(1e-5)));
+  EXPECT_TRUE(isDrawn(lines(3)));
+  EXPECT_FALSE(isDrawn(lines(200)));
+  EXPECT_TRUE(isDrawn(points(20)));
+  EXPECT_FALSE(isDrawn(points(200)));
+  EXPECT_TRUE(isDrawn(images(400)));
+  EXPECT_FALSE(isDrawn(images(600)));
+}
+
+/// In the view of the scene and in one of all, and later as well as at first.
+TEST(SceneResolverTest, LimitsHowOftenAnyPictureIsCovered) {
+  SceneBuilder close;
+  close.addSurface(makeStack(4000), {1, 0, 0});
+  close.addSurface(makeRectangle(1000, 1001, 0, 1), {1, 0, 0});
+  EXPECT_FALSE(isDrawn(close));
+  close.forgetView();
+  EXPECT_TRUE(isDrawn(close));
+  SceneBuilder outside;
+  setTransform<lum::SimpleTransform>(outside.addSurface(makeStack(4000), {1, 0, 0}))
+      .setTranslation({9, 0, 0});
+  EXPECT_FALSE(isDrawn(outside));
+  SceneBuilder scene;
+  scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 0, 0});
+  auto& hidden = scene.addSurface(makeStack(3000), {0, 1, 0});
+  hidden.getBaseAttributes().setVisibility(false, false);
+  SceneResolver resolver(scene.node());
+  resolver.resolve();
+  EXPECT_THROW(resolver.resolveHidden(0), SceneTooLarge);
+  hidden.getBaseAttributes().setVisibility(true, false);
+  EXPECT_THROW(resolver.update(0), SceneTooLarge);
+  EXPECT_THROW(resolver.update(0), SceneTooLarge) << "it does not count as shown";
 }
 
 TEST(SceneResolverTest, LimitsRepeatsOfDrawablesWithoutGeometry) {

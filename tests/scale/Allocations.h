@@ -10,6 +10,8 @@ struct Allocations {
   std::uint64_t bytes = 0;
 
   static Allocations soFar();
+  /// The bytes that are allocated at present.
+  static std::int64_t current();
 };
 
 inline Allocations operator-(const Allocations& left, const Allocations& right) {

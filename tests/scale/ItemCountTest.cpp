@@ -11,6 +11,8 @@
 #include <vemo/scenegraph/io/SDBReader.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
 #include <string>
@@ -102,6 +104,41 @@ TEST_P(ItemCountTest, ReadingADatabaseCostsWhatTheItemsCost) {
     EXPECT_EQ(readMeshes(), items);
     return Allocations::soFar() - before;
   });
+}
+
+/// A scene of geometries that share nothing.
+void writeTinyGeometries(const std::filesystem::path& file, std::size_t count) {
+  ArchiveBuilder archive;
+  std::string xml = R"(<scene name="s" visibility="1" background="000000ff">)";
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::string number = std::to_string(i);
+    archive.floats("p" + number, {0, 0, 0, 1, 0, 0, 0, 1, 0}).ints("c" + number, {3, 0, 1, 2});
+    xml += "<geometry name=\"" + number +
+           R"(" visibility="1" lineColor="000000ff" faceColor="c0c0c0ff" showFaces="true" points="p)" +
+           number + "\" polys=\"c" + number + "\"/>";
+  }
+  archive.text("scene.xml", xml + "</scene>").write(file);
+}
+
+/// While nothing but the scene graph is needed: a poly data for each would alone take 3 KB more.
+TEST(TinyGeometriesTest, TakeTheMemoryOfTheirNodesAndArrays) {
+  constexpr std::size_t FEW = 400;
+  constexpr std::int64_t MOST_BYTES = 6500;
+  const TemporaryFolder folder;
+  const auto measure = [&folder](std::size_t count) {
+    writeTinyGeometries(folder / "a.zip", count);
+    SceneConverter converter(wide(folder / "a.zip"), wide(folder / "a.sdb"));
+    std::int64_t bytes = 0;
+    converter.setVerifier([&bytes, before = Allocations::current()](lum::SceneNode&, const std::wstring&) {
+      bytes = Allocations::current() - before;
+    });
+    converter.run();
+    return bytes;
+  };
+  measure(FEW);  // What is made once for the process.
+  const std::int64_t few = measure(FEW);
+  EXPECT_GT(few, 0);
+  EXPECT_LT(measure(2 * FEW) - few, static_cast<std::int64_t>(FEW) * MOST_BYTES);
 }
 
 INSTANTIATE_TEST_SUITE_P(Layouts, ItemCountTest, testing::ValuesIn(LAYOUTS), [](const auto& parameter) {

@@ -8,8 +8,12 @@
 #include <vemo/scenegraph/drawables/SurfaceDrawable.h>
 #include <vemo/scenegraph/drawables/TriadDrawable.h>
 
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <optional>
+#include <random>
+#include <string>
 
 namespace vemo {
 
@@ -49,6 +53,42 @@ TEST_P(LookupTest, FindsTheFirstByClassAndNameAndFollowsRenaming) {
 }
 
 INSTANTIATE_TEST_SUITE_P(SmallAndLarge, LookupTest, testing::Values(0, 100));
+
+/// The first in the order of the nodes.
+lum::Node* findInOrder(const lum::CollectionNode& collection, const std::string& className,
+                       const std::optional<std::string>& name) {
+  const auto found = std::ranges::find_if(collection.getNodes(), [&](const auto& held) {
+    const auto& node = static_cast<const lum::Node&>(*held);
+    return node.className() == className && (!name || node.getName() == *name);
+  });
+  return found != collection.getNodes().end() ? static_cast<lum::Node*>(found->getObject()) : nullptr;
+}
+
+TEST(CollectionNodeTest, FindsTheFirstAmongManyOfANameThatChange) {
+  const std::string names[] = {"a", "b", "c", "d"};
+  const auto collection = make<lum::DrawableCollection>();
+  std::mt19937 random(1);
+  const auto below = [&random](std::size_t end) { return random() % end; };
+  for (int step = 0; step < 2000; ++step) {
+    const std::size_t count = collection->getNodeCount();
+    const std::string& name = names[below(std::size(names))];
+    if (count < 20 || (count < 40 && below(3) == 0)) {
+      below(2) == 0 ? collection->addNode(*make<lum::SurfaceDrawable>(name))
+                    : collection->addNode(*make<lum::PolyLineDrawable>(name));
+    } else if (below(3) == 0) {
+      collection->removeNode(collection->getNode(below(count)));
+    } else {
+      collection->getNode(below(count)).setName(name);
+    }
+    for (const std::string& className :
+         {lum::SurfaceDrawable::getClassName(), lum::PolyLineDrawable::getClassName()}) {
+      ASSERT_EQ(collection->find(className), findInOrder(*collection, className, std::nullopt)) << step;
+      for (const std::string& each : names) {
+        ASSERT_EQ(collection->find(className, each), findInOrder(*collection, className, each)) << step;
+      }
+    }
+  }
+}
 
 TEST(CollectionNodeTest, ANodeHasOneOwner) {
   const auto outer = make<lum::DrawableCollection>();

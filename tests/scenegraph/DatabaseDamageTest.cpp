@@ -35,6 +35,15 @@ std::string repeat(const std::string& text, int count) {
   return all;
 }
 
+/// A number as it stands in an index.
+std::string encoded(std::uint64_t value) {
+  std::string digits;
+  for (; value >= 0x80; value >>= 7U) {
+    digits += static_cast<char>(value | 0x80U);
+  }
+  return digits + static_cast<char>(value);
+}
+
 /// A small database of a scene.
 class DatabaseDamageTest : public testing::Test {
  protected:
@@ -216,12 +225,17 @@ TEST_F(DatabaseDamageTest, SaysWhatIsWrong) {
     std::string changed = bytes;
     return changed.replace(changed.find(text), text.size(), other);
   };
+  const auto withoutBlankBefore = [](std::string text, std::size_t end) { return text.erase(end - 1, 1); };
   std::string brokenArray = bytes;
   brokenArray[256] = static_cast<char>(brokenArray[256] ^ 1);
   const std::pair<std::string, const char*> cases[] = {
       {"{}", "too short"},
       {"x" + bytes.substr(1), "does not begin with a header"},
+      {withoutBlankBefore(" " + bytes, 256), "does not begin with a header"},
+      {withoutBlankBefore(bytes.substr(0, 256) + " " + bytes.substr(256), 256),
+       "does not begin with a header"},
       {withHeader("scene-graph", "other-graph"), "does not say that it is a scene-graph database"},
+      {withHeader("\"version\": 2", "\"version\": 0"), "of version 0"},
       {withHeader("\"version\": 2", "\"version\": 3"), "of version 3"},
       {bytes + "more", "not at the end of the file"},
       {bytes.substr(0, bytes.size() - 1), "truncated"},
@@ -233,9 +247,15 @@ TEST_F(DatabaseDamageTest, SaysWhatIsWrong) {
     EXPECT_EQ(isDatabase(content), content == brokenArray) << message;
   }
   EXPECT_THROW(lum::SDBReader(wide(folder / "none.sdb")), FileError);
-  EXPECT_THROW(lum::SDBReader(wide(folder.path())), FileError);
+  for (const std::filesystem::path& irregular : {folder.path(), std::filesystem::path("/dev/null")}) {
+    EXPECT_THAT([&] { const lum::SDBReader reader(wide(irregular)); },
+                testing::ThrowsMessage<FileError>(HasSubstr("It is not a regular file")));
+  }
   writeFile(path, bytes);
   EXPECT_THROW(lum::SDBReader(wide(path) + L'\0'), FileError);
+  std::istream unseekable(nullptr);
+  EXPECT_THAT([&] { const lum::SDBReader reader(unseekable); },
+              testing::ThrowsMessage<FileError>(HasSubstr("The stream is not seekable")));
   lum::SDBReader reader(wide(path));
   EXPECT_THROW(reader.readNode(1), FileError);
   EXPECT_THROW(reader.checkArray(reader.getArrays().size()), FileError);
@@ -249,9 +269,7 @@ TEST_F(DatabaseDamageTest, SaysWhatIsWrongInTheIndex) {
   const std::string fileClass = "\0\1\1\23\0"s;
   const auto withArrays = [&](const std::string& rowsAndGaps) { return strings + "\0"s + rowsAndGaps; };
   const auto withGraph = [&](const std::string& graph) {
-    const std::string size = {static_cast<char>((graph.size() & 0x7F) | 0x80),
-                              static_cast<char>(graph.size() >> 7)};
-    return strings + "\1"s + fileClass + "\0\1\0\0\0"s + size + graph;
+    return strings + "\1"s + fileClass + "\0\1\0\0\0"s + encoded(graph.size()) + graph;
   };
   const std::string two = "\2\0\1\0\0"s;
   const std::string hash(8, '\0');
@@ -268,6 +286,7 @@ TEST_F(DatabaseDamageTest, SaysWhatIsWrongInTheIndex) {
       {"", withArrays("\1\2\1\0\0"s + hash + power(58)), "overlaps the index"},
       {"x", withArrays("\2\2\1\1\0"s + hash + "\2\1\0\0"s + hash + "\0\0"s), "Array 1"},
       {"", withGraph(two + "\1\1\0\0\0"s + padding) + "x", "1 bytes follow the last record"},
+      {"", withGraph("\0\0\0"s + padding), "A graph has no root"},
       {"", withGraph(two + "\1\3\0\0\0"s + padding), "Its owner is 2 levels up, but the depth is 1"},
       {"", withGraph(two + "\1\0\0\0"s + padding), "There is more than one root"},
       {"", withGraph("\1\0\1\1\0\0"s + padding), "The first node has an owner"},
@@ -279,6 +298,39 @@ TEST_F(DatabaseDamageTest, SaysWhatIsWrongInTheIndex) {
   };
   for (const auto& [chunks, index, message] : cases) {
     EXPECT_THAT(tryToRead(DatabaseBytes(chunks, index).join()), HasSubstr(message));
+  }
+}
+
+TEST_F(DatabaseDamageTest, SaysWhichValuesFieldsCannotHave) {
+  using namespace std::literals;
+  struct Case {
+    std::string className;
+    std::string field;
+    char kind;
+    std::string value;
+    const char* message;
+  };
+  const std::string vector(24, '\0');
+  const Case cases[] = {
+      {"PointScaleAttributes", "pixelSize", 1, "\2", "boolean: index 2 out of range"},
+      {"LegendAttributes", "numberOfLabels", 2, "\x80\x80\x80\x80\x20", "4294967296 does not fit in 32 bits"},
+      {"TextAttributes", "fontStyle", 3, "\x80\x80\x80\x80\x10", "number: index 4294967296 out of range"},
+      {"PointScaleAttributes", "scaleMode", 6, "\x64", "enumeration: index 100 out of range"},
+      {"TextAttributes", "text", 7, "\3", "string: index 3 out of range"},
+      {"ColorLookupTable", "colorValues", 11, "\1", "list: index 1 out of range"},
+      {"ColorAttributes", "colors", 14, "\2\1"s + vector + "\1"s + vector, "Keys are not in order: colors"},
+      {"ColorAttributes", "colors", 14, "\2\1"s + vector + "\0"s + vector, "Keys are not in order: Color"},
+      {"TriadDrawable", "cameraAttributes", 20, "\1\0\0\0"s,
+       "cameraAttributes of TriadDrawable \"\" does not refer"},
+      {"TextAttributes", "text", 21, "\0"s, "Unknown field kind 21"},
+      {"PolyDataNode", "points", 15, "\0"s, "array: index 0 out of range"},
+  };
+  const auto text = [](const std::string& content) { return static_cast<char>(content.size()) + content; };
+  for (const auto& [className, field, kind, value, message] : cases) {
+    const std::string graph = "\1\0\1\0\4"s + value + std::string(8, '\0');
+    const std::string index =
+        "\3"s + text(className) + text(field) + "\0\0\1\0\1\1"s + kind + "\0\0\1\2\2\2"s + text(graph);
+    EXPECT_THAT(tryToRead(DatabaseBytes({}, index).join()), HasSubstr(message));
   }
 }
 
@@ -307,6 +359,36 @@ TEST_F(DatabaseDamageTest, RefusesWhatIsOutOfProportionToTheFile) {
   EXPECT_EQ(writeDatabase(path, *geometry), FileIoStatus::WriteError);
 }
 
+// Each drawable has attributes with colours, which get nine keys by default.
+TEST_F(DatabaseDamageTest, RefusesDefaultsOfTooManyNodes) {
+  using namespace std::literals;
+  constexpr int COUNT = 50'000;
+  std::string strings = "\21\22DrawableCollection\5nodes\17SurfaceDrawable\12attributes"s;
+  strings += "\24AttributesCollection\17ColorAttributes\6colors"s;
+  std::string keys = "\11"s;
+  for (char i = 0; i < 9; ++i) {
+    strings += {'\1', static_cast<char>('0' + i)};
+    keys += static_cast<char>(7 + i) + std::string(24, '\0');
+  }
+  const std::string classes = "\0\4\0\1\1\23\0\2\1\3\22\0\4\1\1\23\0\5\1\6\16"s + encoded(keys.size()) + keys;
+  std::string nodes = "\1\0\0\2\1\0\0\3\1\0\0\4\1\0\0"s + repeat("\2\4\0\0\3\1\0\0\4\1\0\0"s, COUNT - 1);
+  nodes.resize(8 * (3 * COUNT + 1));
+  const std::string graph = encoded(3 * COUNT + 1) + "\0"s + nodes;
+  const std::string index = strings + "\0"s + classes + "\0\1\0\0\0"s + encoded(graph.size()) + graph;
+  EXPECT_THAT(tryToRead(DatabaseBytes({}, index).join()), HasSubstr("out of proportion"));
+}
+
+// A byte in the file, 24 in memory.
+TEST_F(DatabaseDamageTest, RefusesANodeOfTooManyArrays) {
+  using namespace std::literals;
+  constexpr int COUNT = 3'000'000;
+  const std::string arrays = encoded(COUNT) + std::string(COUNT, '\0');
+  const std::string graph = "\1\0\1\0\4"s + arrays + std::string(8, '\0');
+  const std::string index = "\2\14PolyDataNode\16nodeDataArrays\0\1\0\1\1\21\0\1\11\1\0\0"s +
+                            std::string(8, '\0') + "\1\0\0\0"s + encoded(graph.size()) + graph;
+  EXPECT_THAT(tryToRead(DatabaseBytes({}, index).join()), HasSubstr("out of proportion"));
+}
+
 // Each of the two has 30 nodes with a name of 1 MiB.
 TEST_F(DatabaseDamageTest, RefusesRecordsThatAreTogetherOutOfProportion) {
   using namespace std::literals;
@@ -325,11 +407,34 @@ TEST_F(DatabaseDamageTest, RefusesMoreArraysThanANodeCanHave) {
   using namespace std::literals;
   const std::string node = "\1\0\1\0\4"s;
   const std::string graph = node + "\x81\x20"s + std::string(4097, '\0') + std::string(9, '\0');
-  const std::string size = {static_cast<char>((graph.size() & 0x7F) | 0x80),
-                            static_cast<char>(graph.size() >> 7)};
-  const std::string index = "\2\14PolyDataNode\16nodeDataArrays\0\1\0\1\1\21\0\0\1\0\0\0"s + size + graph;
+  const std::string index =
+      "\2\14PolyDataNode\16nodeDataArrays\0\1\0\1\1\21\0\0\1\0\0\0"s + encoded(graph.size()) + graph;
   EXPECT_THAT(tryToRead(DatabaseBytes({}, index).join()),
               HasSubstr("4097 data arrays, at most 4096 are allowed"));
+}
+
+TEST_F(DatabaseDamageTest, RefusesCellsOfPairsAndOfFractions) {
+  using namespace std::literals;
+  vtkNew<vtkPolyData> polyData;
+  vtkNew<vtkPoints> points;
+  vtkNew<vtkCellArray> cells;
+  cells->Use32BitStorage();
+  for (vtkIdType i = 0; i < 2; ++i) {
+    points->InsertNextPoint(0, 0, 0);
+    cells->InsertNextCell(1, &i);
+  }
+  polyData->SetPoints(points);
+  polyData->SetVerts(cells);
+  const auto mesh = make<lum::PolyDataNode>();
+  mesh->setPolyData(polyData);
+  ASSERT_EQ(writeDatabase(path, *mesh), FileIoStatus::Success);
+  const DatabaseBytes sound(readFile(path));
+  for (const std::string& other : {"\5\2\1\0"s, "\11\1\2\0"s}) {
+    DatabaseBytes changed = sound;
+    changed.replaceInIndex("\5\1\2\0"s, other);
+    EXPECT_THAT(tryToRead(changed.join()),
+                HasSubstr("offsets and connectivity are not integers of one type"));
+  }
 }
 
 TEST_F(DatabaseDamageTest, RefusesMorePairsOfArraysThanArrays) {

@@ -191,6 +191,26 @@ TEST(DatabaseTest, SharesArraysThroughAPool) {
   EXPECT_THROW(read("damaged.sdb"), lum::io::FileError);
 }
 
+TEST(DatabaseTest, SharesSmallArraysOfOneNameThroughAPool) {
+  const TemporaryFolder folder;
+  const auto node = make<lum::PolyDataNode>();
+  node->setPolyData(makePolyData(std::vector<std::array<float, 3>>(2), {}));
+  for (const char* const name : {"heat", "cold"}) {
+    node->setNodeDataArray(makeArray(name, {0.5F, 0.25F}));
+  }
+  ASSERT_EQ(writeDatabase(folder / "a.sdb", *node), FileIoStatus::Success);
+  lum::ArrayPool pool;
+  const auto read = [&] {
+    return Ptr<lum::PolyDataNode>(lum::SDBReader(wide(folder / "a.sdb")).readNode(0, lum::NO_SESSION, &pool));
+  };
+  const auto first = read();
+  const auto second = read();
+  EXPECT_EQ(second->getPoints(), first->getPoints());
+  EXPECT_EQ(second->getNodeDataArrays()[0], first->getNodeDataArrays()[0]);
+  EXPECT_NE(first->getNodeDataArrays()[0], first->getNodeDataArrays()[1]) << "another name";
+  EXPECT_EQ(firstDifference(*node, *second), "");
+}
+
 TEST(DatabaseTest, ReadsOnlyTheArraysThatAreWanted) {
   const TemporaryFolder folder;
   const lum::Ptr<lum::SceneNode> scene = makeScene();

@@ -1,3 +1,4 @@
+#include "geometry/AskedArray.h"
 #include "support/Meshes.h"
 #include "support/Nodes.h"
 #include <vemo/base/InternalError.h>
@@ -5,46 +6,23 @@
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
-#include <vtkFloatArray.h>
 #include <vtkNew.h>
-#include <vtkObjectFactory.h>
 #include <vtkPointData.h>
 #include <vtkPoints.h>
 
 #include <cstddef>
 #include <gtest/gtest.h>
-#include <string>
-#include <vector>
 
 namespace vemo {
 
 namespace {
 
-/// Counts how often arrays are asked for their names.
-class AskedArray final : public vtkFloatArray {
- public:
-  static AskedArray* New();
-  vtkTypeMacro(AskedArray, vtkFloatArray)
-
-  char* GetName() override {
-    ++questions;
-    return vtkFloatArray::GetName();
-  }
-
-  static inline int questions = 0;
-};
-
-vtkStandardNewMacro(AskedArray)
-
 /// In how many questions for names a node takes over and hands out so many arrays.
 int questionsOf(int count) {
   vtkNew<vtkPolyData> given;
-  std::vector<vtkDataArray*> arrays;
-  for (int i = 0; i < count; ++i) {
-    vtkNew<AskedArray> array;
-    array->SetName(std::to_string(i).c_str());
+  const auto arrays = makeAskedArrays(count, 0);
+  for (const auto& array : arrays) {
     given->GetPointData()->AddArray(array);
-    arrays.push_back(array);
   }
   AskedArray::questions = 0;
   const auto node = make<lum::PolyDataNode>();
@@ -56,6 +34,17 @@ int questionsOf(int count) {
     EXPECT_EQ(taken->GetPointData()->GetArray(i), arrays[static_cast<std::size_t>(i)]);
   }
   return questions;
+}
+
+/// In how many it is given so many of them one by one.
+int questionsOfSetting(int count) {
+  const auto arrays = makeAskedArrays(count, 0);
+  AskedArray::questions = 0;
+  const auto node = make<lum::PolyDataNode>();
+  for (const auto& array : arrays) {
+    node->setCellDataArray(array);
+  }
+  return AskedArray::questions;
 }
 
 TEST(PolyDataNodeTest, SharesArraysAndHandsOutWhatItWasGiven) {
@@ -86,6 +75,24 @@ TEST(PolyDataNodeTest, SharesArraysAndHandsOutWhatItWasGiven) {
 TEST(PolyDataNodeTest, AsksForNamesInProportionToItsArrays) {
   constexpr int COUNT = 50;
   EXPECT_LE(questionsOf(2 * COUNT), 2 * questionsOf(COUNT) + COUNT);
+  EXPECT_LE(questionsOfSetting(2 * COUNT), 2 * questionsOfSetting(COUNT) + COUNT);
+}
+
+TEST(PolyDataNodeTest, SetsArraysAlsoAmongThoseOfAnotherPolyData) {
+  const auto node = make<lum::PolyDataNode>();
+  node->setNodeDataArray(makeArray("a", {1}));
+  node->setNodeDataArray(makeArray("b", {2}));
+  vtkNew<vtkPolyData> given;
+  const auto kept = makeArray("c", {3});
+  given->GetPointData()->AddArray(kept);
+  given->GetPointData()->AddArray(makeArray("a", {4}));
+  node->setPolyData(given);
+  const auto latest = makeArray("a", {5});
+  node->setNodeDataArray(latest);
+  const auto& arrays = node->getNodeDataArrays();
+  ASSERT_EQ(arrays.size(), 2U);
+  EXPECT_EQ(arrays[0].Get(), kept.Get());
+  EXPECT_EQ(arrays[1].Get(), latest.Get());
 }
 
 TEST(PolyDataNodeTest, TakesTheLatestArrayOfAName) {

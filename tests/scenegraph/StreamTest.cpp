@@ -105,13 +105,19 @@ TEST(StreamTest, RefusesEveryPrefixAndEveryWrongByte) {
     ASSERT_FALSE(isReadAlone(wrong)) << size;
   }
   const std::string data = payload.data[0];
+  // Of a description, which begins with its size, that is longer than it should be.
+  std::string longer = data;
+  longer.insert(9 + static_cast<std::size_t>(longer[8]++), 1, '\0');
   for (std::size_t size = 0; size < data.size(); ++size) {
     NodeInputStream stream(lum::NO_SESSION);
     std::istringstream scene(payload.scene);
     stream.readScene(scene);
     std::string wrong = data;
     wrong[size] = static_cast<char>(wrong[size] ^ 0x41);
-    for (const std::string& damaged : {data.substr(0, size), wrong, data + "x"}) {
+    // The type may be another one of four bytes.
+    std::string alike = data;
+    alike[size] = static_cast<char>(alike[size] ^ 12);
+    for (const std::string& damaged : {data.substr(0, size), wrong, alike, data + "x", longer}) {
       std::istringstream in(damaged);
       EXPECT_THROW(stream.readData(in), lum::io::FileError) << size;
     }
@@ -203,17 +209,17 @@ TEST(StreamTest, LetsGoOfArraysThatTheHostHasReleased) {
 
 /// A scene stream of one message. `changed`: its count, and numbers of known nodes.
 std::string sceneStream(const std::string& tables, char nodeCount, const std::string& changed,
-                        const std::string& records) {
+                        const std::string& records, const std::string& more = {}) {
   const std::string padding(static_cast<std::size_t>(8 * nodeCount) - records.size(), '\0');
   const std::string graph = nodeCount + changed + records + padding;
-  const std::string message = tables + static_cast<char>(graph.size()) + graph;
+  const std::string message = tables + static_cast<char>(graph.size()) + graph + more;
   const std::uint64_t sizeAndHash[] = {message.size(), hashOfPart(message.data(), message.size())};
   return "LUMSCN2\n" + std::string(reinterpret_cast<const char*>(sizeAndHash), sizeof sizeAndHash) + message;
 }
 
 // The second message moves a node into a field, or under a node, that is unknown
 // here; the third would change what the node owns.
-TEST(StreamTest, ReleasesNodesThatMoveWhereNothingIsKnown) {
+TEST(StreamTest, ReleasesNodesThatLeaveAndRefusesWhatDoesNotFit) {
   using namespace std::literals;
   const std::string tables =
       "\4\22DrawableCollection\5nodes\4gone\7Unknown\0\2\0\2\1\23\0\2\23\0\3\1\1\23\0\0"s;
@@ -233,7 +239,25 @@ TEST(StreamTest, ReleasesNodesThatMoveWhereNothingIsKnown) {
     EXPECT_TRUE(isRead(move, in));
     EXPECT_EQ(root->getNodeCount(), 0U);
     EXPECT_FALSE(isRead(later, in));
+    // Numbers would be out of step.
+    EXPECT_FALSE(isRead(sceneStream(none, 1, "\0"s, "\1\0\0\0"s), in));
   }
+  const std::string wrong[] = {
+      sceneStream(none, 1, "\2\0\1"s, "\0\0\0\0\0"s),    // the second node, which changed, is missing
+      sceneStream(none, 2, "\0"s, "\0\0\0\1\1\0\0\0"s),  // the first gets another, and did not change
+      sceneStream(none, 1, "\0"s, "\0\1\0\0"s),          // the first has an owner
+      sceneStream(none, 1, "\0"s, "\0\0\0\0"s, "\0"s),   // more follows
+  };
+  for (const std::string& each : wrong) {
+    NodeInputStream in(lum::NO_SESSION);
+    ASSERT_TRUE(isRead(nested, in));
+    EXPECT_FALSE(isRead(each, in));
+  }
+  // Points that the first message already releases.
+  const std::string points = "\2\14PolyDataNode\6points\0\1\0\1\1\17\0\1\11\3\1\0"s + std::string(8, '\0');
+  NodeInputStream in(lum::NO_SESSION);
+  EXPECT_TRUE(isRead(sceneStream(points, 1, "\0"s, "\1\0\4\0\0\1\0"s), in));
+  EXPECT_FALSE(isRead(sceneStream(none, 1, "\0"s, "\1\0\4\0\0"s), in));
 }
 
 TEST(StreamTest, RefusesWhatMovesTooDeep) {
@@ -256,6 +280,18 @@ TEST(StreamTest, RefusesWhatMovesTooDeep) {
     dynamic_cast<lum::DrawableCollection&>(*end).addNode(*shorter);
     root->writeChanges(out);
     EXPECT_EQ(load(Payload(out), in), moved + LENGTH + 1 > Node::MAX_DEPTH ? 1 : 0);
+  }
+}
+
+TEST(StreamTest, RefusesMoreNodesThanItMayRead) {
+  NodeOutputStream out;
+  makeChain(10)->write(out);
+  makeChain(10)->write(out);
+  const Payload payload(out);
+  for (const std::uint64_t limit : {20U, 19U}) {
+    NodeInputStream in(lum::NO_SESSION);
+    in.setNodeLimit(limit);
+    EXPECT_EQ(isRead(payload.scene, in), limit == 20);
   }
 }
 

@@ -6,7 +6,7 @@
 namespace vemo {
 
 const std::string& Properties::get(const std::string& name) const {
-  static const std::string none;
+  static const auto& none = *new std::string;
   const auto found = _values.find(name);
   return found == _values.end() ? none : found->second;
 }

@@ -12,23 +12,8 @@
 
 namespace vemo {
 
-namespace {
-
-/// What `find` returns for an array, computed once for a large one.
-template <class Result, class Find>
-Result remember(std::unordered_map<vtkDataArray*, Result>& known, vtkDataArray& array, const Find& find) {
-  constexpr vtkIdType LARGE = 1024;
-  if (array.GetNumberOfValues() < LARGE) {
-    return find(array);
-  }
-  const auto found = known.find(&array);
-  return found != known.end() ? found->second : known.emplace(&array, find(array)).first->second;
-}
-
-}  // namespace
-
 std::string CellValidator::findFault(vtkCellArray& cells, const CellRules& rules) {
-  const Offsets offsets = remember(_offsets, *cells.GetOffsetsArray(), summarize);
+  const Offsets offsets = _offsets.get(*cells.GetOffsetsArray(), summarize);
   vtkDataArray& connectivity = *cells.GetConnectivityArray();
   const std::int64_t listed = connectivity.GetNumberOfValues();
   const bool isWithin = rules.mayHaveUnusedIndices ? offsets.last <= listed : offsets.last == listed;
@@ -43,8 +28,7 @@ std::string CellValidator::findFault(vtkCellArray& cells, const CellRules& rules
     return {};
   }
   const auto find = [&offsets](vtkDataArray& array) { return findRange(array, offsets.last); };
-  const IndexRange range =
-      offsets.last == listed ? remember(_ranges, connectivity, find) : find(connectivity);
+  const IndexRange range = offsets.last == listed ? _ranges.get(connectivity, find) : find(connectivity);
   if (range.least < 0 || range.greatest >= rules.pointCount) {
     return fmt::format("cells use points {} to {} of {}", range.least, range.greatest, rules.pointCount);
   }

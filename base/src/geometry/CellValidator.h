@@ -1,11 +1,11 @@
 #pragma once
 
+#include "geometry/KnownArrays.h"
 #include "geometry/kernels/IndexRange.h"
 #include <vemo/geometry/Export.h>
 
 #include <cstdint>
 #include <string>
-#include <unordered_map>
 
 class vtkCellArray;
 class vtkDataArray;
@@ -22,10 +22,10 @@ struct CellRules {
   bool mayHaveUnusedIndices = false;
 };
 
-/// Finds cells that VTK, which trusts its input, must not be given. The arrays
-/// must outlive the validator, unchanged: it passes once over each of the large
-/// ones, however many cell arrays share it, so that a small file that repeats
-/// one does not cost time without limit.
+/// Finds cells that VTK, which trusts its input, must not be given. It passes once
+/// over each large array, however many cell arrays share it, so that a small file that
+/// repeats one does not cost time without limit. An array that changes between calls
+/// must say so (`Modified`).
 class VEMO_GEOMETRY_EXPORT CellValidator {
  public:
   /// What is wrong with the cells; empty when nothing is.
@@ -43,9 +43,9 @@ class VEMO_GEOMETRY_EXPORT CellValidator {
   static Offsets summarize(vtkDataArray& offsets);
   static IndexRange findRange(vtkDataArray& connectivity, std::int64_t count);
 
-  std::unordered_map<vtkDataArray*, Offsets> _offsets;
+  KnownArrays<Offsets> _offsets;
   /// Of connectivity arrays without unused indices.
-  std::unordered_map<vtkDataArray*, IndexRange> _ranges;
+  KnownArrays<IndexRange> _ranges;
 };
 
 }  // namespace vemo

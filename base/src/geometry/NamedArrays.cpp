@@ -1,19 +1,17 @@
 #include "geometry/NamedArrays.h"
 
-#include <vtkCallbackCommand.h>
-#include <vtkCommand.h>
+#include "geometry/SharedData.h"
+
 #include <vtkDataSetAttributes.h>
 #include <vtkNew.h>
 #include <vtkObjectFactory.h>
 
+#include <set>
 #include <utility>
 
 namespace vemo {
 
 namespace {
-
-/// Before the observers of data sets.
-constexpr float FIRST = 1.0F;
 
 /// vtkDataSetAttributes copies such a list without comparing names.
 class ArrayList final : public vtkDataSetAttributes {
@@ -22,17 +20,48 @@ class ArrayList final : public vtkDataSetAttributes {
   vtkTypeMacro(ArrayList, vtkDataSetAttributes)
 
   void append(const std::vector<vtkSmartPointer<vtkDataArray>>& arrays) {
-    AllocateArrays(static_cast<int>(arrays.size()));
+    const std::set<std::string_view> held = getNames();
+    AllocateArrays(NumberOfActiveArrays + static_cast<int>(arrays.size()));
     for (const auto& array : arrays) {
-      ++NumberOfActiveArrays;
-      SetArray(NumberOfActiveArrays - 1, array);
+      if (!held.contains(NamedArrays::nameOf(*array))) {
+        ++NumberOfActiveArrays;
+        SetArray(NumberOfActiveArrays - 1, array);
+      }
     }
+  }
+
+ private:
+  std::set<std::string_view> getNames() {
+    std::set<std::string_view> names;
+    for (int i = 0; i < GetNumberOfArrays(); ++i) {
+      const char* const name = GetAbstractArray(i)->GetName();
+      names.emplace(name != nullptr ? name : "");
+    }
+    return names;
   }
 };
 
 vtkStandardNewMacro(ArrayList)
 
+/// More take longer to compare than to copy as a list.
+constexpr std::size_t FEW = 4;
+
 }  // namespace
+
+void addArrays(const std::vector<vtkSmartPointer<vtkDataArray>>& arrays, vtkDataSetAttributes& data) {
+  if (arrays.size() <= FEW) {
+    for (const auto& array : arrays) {
+      if (data.HasArray(array->GetName()) == 0) {
+        data.AddArray(array);
+      }
+    }
+    return;
+  }
+  const vtkNew<ArrayList> list;
+  list->ShallowCopy(&data);
+  list->append(arrays);
+  shareArrays(*list, data);
+}
 
 std::string_view NamedArrays::nameOf(vtkDataArray& array) {
   const char* const name = array.GetName();
@@ -59,22 +88,6 @@ std::optional<std::size_t> NamedArrays::find(std::string_view name) const {
 std::vector<vtkSmartPointer<vtkDataArray>> NamedArrays::release() {
   _places.clear();
   return std::exchange(_arrays, {});
-}
-
-void NamedArrays::addTo(vtkDataSetAttributes& data) const {
-  if (_arrays.empty()) {
-    return;
-  }
-  const vtkNew<ArrayList> list;
-  list->append(_arrays);
-  const vtkNew<vtkCallbackCommand> silence;
-  silence->SetCallback([](vtkObject*, unsigned long, void*, void*) {});
-  silence->AbortFlagOnExecuteOn();
-  // Otherwise a data set looks through all of them whenever it gets another one.
-  const unsigned long observer = data.AddObserver(vtkCommand::ModifiedEvent, silence, FIRST);
-  data.ShallowCopy(list);
-  data.RemoveObserver(observer);
-  data.Modified();
 }
 
 }  // namespace vemo

@@ -15,6 +15,11 @@ class vtkDataSetAttributes;
 
 namespace vemo {
 
+/// Adds those of the arrays, which have different names, whose names the data do not have. What
+/// the data have keeps its role.
+VEMO_GEOMETRY_EXPORT void addArrays(const std::vector<vtkSmartPointer<vtkDataArray>>& arrays,
+                                    vtkDataSetAttributes& data);
+
 /// Arrays of different names, in the order in which the names came. VTK compares the names of
 /// all its arrays with that of each added one, which takes very long for thousands. Names must
 /// not change meanwhile.
@@ -30,8 +35,8 @@ class VEMO_GEOMETRY_EXPORT NamedArrays {
   std::size_t size() const { return _arrays.size(); }
 
   std::vector<vtkSmartPointer<vtkDataArray>> release();
-  /// Adds them to data that have no arrays.
-  void addTo(vtkDataSetAttributes& data) const;
+  /// As addArrays.
+  void addTo(vtkDataSetAttributes& data) const { addArrays(_arrays, data); }
 
  private:
   std::vector<vtkSmartPointer<vtkDataArray>> _arrays;

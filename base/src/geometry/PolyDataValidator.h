@@ -29,8 +29,8 @@ struct PolyDataArrays {
 inline constexpr std::size_t MAX_DATA_ARRAYS = 4096;
 
 /// Whether the arrays of poly data fit each other, so that VTK, which trusts
-/// its input, may be given them. The arrays must outlive the validator,
-/// unchanged.
+/// its input, may be given them. An array that changes between calls must say so
+/// (`Modified`).
 class VEMO_GEOMETRY_EXPORT PolyDataValidator {
  public:
   /// What is wrong: points that do not have three coordinates; cells with too

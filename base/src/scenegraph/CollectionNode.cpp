@@ -2,8 +2,12 @@
 #include <vemo/scenegraph/Traversal.h>
 
 #include <algorithm>
+#include <compare>
 #include <functional>
+#include <set>
 #include <string_view>
+#include <tuple>
+#include <unordered_map>
 #include <unordered_set>
 
 namespace lum {
@@ -15,7 +19,7 @@ constexpr std::size_t INDEX_THRESHOLD = 16;
 
 }  // namespace
 
-/// Where a collection's nodes of a class, or of a class and name, begin.
+/// The first of a collection's nodes of a class, and of a class and name.
 class CollectionNode::Index {
  public:
   explicit Index(const std::vector<Ptr<Node>>& nodes) : _nodes(nodes) {
@@ -24,21 +28,57 @@ class CollectionNode::Index {
     }
   }
 
+  /// At the end.
   void add(Node& node) {
-    addTo(_byClass, node);
-    addTo(_byName, node);
+    _byClass.emplace(node.className(), &node);
+    addName(node);
   }
-  void remove(Node& node) {
-    removeFrom(_byClass, node);
-    removeFrom(_byName, node);
-  }
-  // A name is changed between these.
-  void removeName(Node& node) { removeFrom(_byName, node); }
-  void addName(Node& node) { addTo(_byName, node); }
 
-  Node* find(const std::string& className) const { return find(_byClass, {className, {}}); }
+  void remove(Node& node) {
+    removeName(node);
+    const auto first = _byClass.find(node.className());
+    if (first->second == &node) {
+      replaceByNext(first);
+    }
+  }
+
+  // A name is changed between these.
+  void removeName(Node& node) {
+    const auto first = _byName.find(&node);
+    if (*first != &node) {
+      if (_later) {
+        _later->erase(&node);
+      }
+    } else {
+      Later& later = getLater();
+      _byName.erase(first);
+      const auto next = later.lower_bound(keyOf(node));
+      if (next != later.end() && keyOf(**next) == keyOf(node)) {
+        _byName.insert(*next);
+        later.erase(next);
+      }
+    }
+  }
+  void addName(Node& node) {
+    const auto [first, isNew] = _byName.insert(&node);
+    Node* later = &node;
+    if ((*first)->_order > node._order) {
+      later = *first;
+      _byName.erase(first);
+      _byName.insert(&node);
+    }
+    if (!isNew && _later) {
+      _later->insert(later);
+    }
+  }
+
+  Node* find(const std::string& className) const {
+    const auto found = _byClass.find(className);
+    return found != _byClass.end() ? found->second : nullptr;
+  }
   Node* find(const std::string& className, const std::string& name) const {
-    return find(_byName, {className, name});
+    const auto found = _byName.find(Key{className, name});
+    return found != _byName.end() ? *found : nullptr;
   }
 
  private:
@@ -46,73 +86,68 @@ class CollectionNode::Index {
     std::string_view className;
     std::string_view name;
 
-    bool operator==(const Key&) const = default;
+    auto operator<=>(const Key&) const = default;
   };
-  static Key keyOf(const Key& key, bool /*named*/) { return key; }
-  static Key keyOf(const Node* node, bool named) {
-    return {node->className(), named ? std::string_view(node->getName()) : std::string_view()};
-  }
-  template <bool NAMED>
+  static Key keyOf(const Key& key) { return key; }
+  static Key keyOf(const Node& node) { return {node.className(), node.getName()}; }
+  static Key keyOf(const Node* node) { return keyOf(*node); }
+
   struct Hash {
     using is_transparent = void;
     std::size_t operator()(const auto& value) const {
-      const Key key = keyOf(value, NAMED);
+      const Key key = keyOf(value);
       const std::hash<std::string_view> hash;
       return 31 * hash(key.className) + hash(key.name);
     }
   };
-  template <bool NAMED>
   struct Equal {
     using is_transparent = void;
-    bool operator()(const auto& left, const auto& right) const {
-      return keyOf(left, NAMED) == keyOf(right, NAMED);
+    bool operator()(const auto& left, const auto& right) const { return keyOf(left) == keyOf(right); }
+  };
+  struct Before {
+    using is_transparent = void;
+    bool operator()(const Node* left, const Node* right) const {
+      return std::tuple(keyOf(left), left->_order) < std::tuple(keyOf(right), right->_order);
     }
+    bool operator()(const Node* left, const Key& right) const { return keyOf(left) < right; }
   };
-  /// The first node of each key. Its key must not change while it is here.
-  template <bool NAMED>
-  struct Table {
-    std::unordered_set<Node*, Hash<NAMED>, Equal<NAMED>> first;
-    /// Whether there may be others of a key than the first.
-    bool hasOthers = false;
-  };
+  using ByClass = std::unordered_map<std::string_view, Node*>;
+  using Later = std::set<Node*, Before>;
 
-  template <bool NAMED>
-  static void addTo(Table<NAMED>& table, Node& node) {
-    const auto [first, isNew] = table.first.insert(&node);
-    table.hasOthers = table.hasOthers || !isNew;
-    if ((*first)->_order > node._order) {
-      table.first.erase(first);
-      table.first.insert(&node);
+  /// The next of a class is behind the former one: nodes are only added at the end. All searches for
+  /// a class pass over each node once.
+  void replaceByNext(ByClass::iterator first) {
+    const auto begin = findPosition(_nodes, *first->second) + 1;
+    const auto next = std::find_if(begin, _nodes.end(), [first](const auto& held) {
+      return static_cast<Node*>(held.getObject())->className() == first->first;
+    });
+    _byClass.erase(first);
+    if (next != _nodes.end()) {
+      auto* const node = static_cast<Node*>(next->getObject());
+      _byClass.emplace(node->className(), node);
     }
   }
-  template <bool NAMED>
-  void removeFrom(Table<NAMED>& table, Node& node) {
-    const auto first = table.first.find(&node);
-    if (first == table.first.end() || *first != &node) {
-      return;
-    }
-    table.first.erase(first);
-    if (!table.hasOthers) {
-      return;
-    }
-    const Key key = keyOf(&node, NAMED);
-    for (auto next = findPosition(_nodes, node) + 1; next < _nodes.end(); ++next) {
-      auto* const other = static_cast<Node*>(next->getObject());
-      if (keyOf(other, NAMED) == key) {
-        table.first.insert(other);
-        return;
+
+  /// Made when it is needed first: few collections change, and many have many nodes of one name.
+  Later& getLater() {
+    if (!_later) {
+      _later = std::make_unique<Later>();
+      for (const auto& held : _nodes) {
+        auto* const node = static_cast<Node*>(held.getObject());
+        if (*_byName.find(node) != node) {
+          _later->insert(_later->end(), node);
+        }
       }
     }
-  }
-  template <bool NAMED>
-  static Node* find(const Table<NAMED>& table, const Key& key) {
-    const auto found = table.first.find(key);
-    return found != table.first.end() ? *found : nullptr;
+    return *_later;
   }
 
   const std::vector<Ptr<Node>>& _nodes;
-  Table<false> _byClass;
-  Table<true> _byName;
+  ByClass _byClass;
+  // The name of a node must not change while it is in these.
+  std::unordered_set<Node*, Hash, Equal> _byName;
+  /// Those that another one of their class and name is before.
+  std::unique_ptr<Later> _later;
 };
 
 /// Where a node is among the nodes of its collection.

@@ -23,13 +23,13 @@ std::string codeName(std::string_view enumerator) {
 }  // namespace
 
 std::span<const FindingKind> findingKinds() {
-  static const std::array KINDS = {
+  static const auto& kinds = *new std::array{
 #define VEMO_FINDING_KIND(name, severity, meaning) \
   FindingKind{FindingCode::name, Severity::severity, codeName(#name), meaning},
       VEMO_FINDING_KINDS(VEMO_FINDING_KIND)
 #undef VEMO_FINDING_KIND
   };
-  return KINDS;
+  return kinds;
 }
 
 std::string_view severityName(Severity severity) {

@@ -59,53 +59,53 @@ std::map<std::string, NodeConstructor> makeTable() {
 }
 
 const std::map<std::string, NodeConstructor>& getTable() {
-  static const auto table = makeTable<  //
-      SceneNode,                        //
-      SceneCanvas,                      //
-      AttributesCollection,             //
-      AnnotationAttributes,             //
-      BackgroundAttributes,             //
-      BaseAttributes,                   //
-      BaseCanvasAttributes,             //
-      CameraAttributes,                 //
-      CanvasPositionAttributes,         //
-      ClipPlanesAttributes,             //
-      ColorAttributes,                  //
-      ContourAttributes,                //
-      DataLocationAttributes,           //
-      ImageAttributes,                  //
-      LegendAttributes,                 //
-      LightingAttributes,               //
-      LineAttributes,                   //
-      MaterialAttributes,               //
-      MeshAttributes,                   //
-      OrientationAttributes,            //
-      PointAttributes,                  //
-      PointScaleAttributes,             //
-      PointSizeAttributes,              //
-      PositionAttributes,               //
-      ScalarAttributes,                 //
-      SurfaceAttributes,                //
-      TextAttributes,                   //
-      TriadAttributes,                  //
-      ColorLookupTable,                 //
-      DataArrayAttributes,              //
-      Light,                            //
-      LightCollection,                  //
-      Plane,                            //
-      PlaneCollection,                  //
-      DrawableCollection,               //
-      ImageDrawable,                    //
-      LegendDrawable,                   //
-      PointSphereDrawable,              //
-      PolyLineDrawable,                 //
-      SurfaceDrawable,                  //
-      TextDrawable,                     //
-      TriadDrawable,                    //
-      PolyDataNode,                     //
-      PeriodicRepeatTransform,          //
-      SimpleTransform,                  //
-      SymmetricTransform>();
+  static const auto& table = *new auto(makeTable<                 //
+                                       SceneNode,                 //
+                                       SceneCanvas,               //
+                                       AttributesCollection,      //
+                                       AnnotationAttributes,      //
+                                       BackgroundAttributes,      //
+                                       BaseAttributes,            //
+                                       BaseCanvasAttributes,      //
+                                       CameraAttributes,          //
+                                       CanvasPositionAttributes,  //
+                                       ClipPlanesAttributes,      //
+                                       ColorAttributes,           //
+                                       ContourAttributes,         //
+                                       DataLocationAttributes,    //
+                                       ImageAttributes,           //
+                                       LegendAttributes,          //
+                                       LightingAttributes,        //
+                                       LineAttributes,            //
+                                       MaterialAttributes,        //
+                                       MeshAttributes,            //
+                                       OrientationAttributes,     //
+                                       PointAttributes,           //
+                                       PointScaleAttributes,      //
+                                       PointSizeAttributes,       //
+                                       PositionAttributes,        //
+                                       ScalarAttributes,          //
+                                       SurfaceAttributes,         //
+                                       TextAttributes,            //
+                                       TriadAttributes,           //
+                                       ColorLookupTable,          //
+                                       DataArrayAttributes,       //
+                                       Light,                     //
+                                       LightCollection,           //
+                                       Plane,                     //
+                                       PlaneCollection,           //
+                                       DrawableCollection,        //
+                                       ImageDrawable,             //
+                                       LegendDrawable,            //
+                                       PointSphereDrawable,       //
+                                       PolyLineDrawable,          //
+                                       SurfaceDrawable,           //
+                                       TextDrawable,              //
+                                       TriadDrawable,             //
+                                       PolyDataNode,              //
+                                       PeriodicRepeatTransform,   //
+                                       SimpleTransform,           //
+                                       SymmetricTransform>());
   return table;
 }
 

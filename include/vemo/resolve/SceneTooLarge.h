@@ -6,7 +6,7 @@
 
 namespace vemo {
 
-/// A scene whose drawing would take more memory than it should. The text is for
+/// A scene whose drawing would take more memory or time than it should. The text is for
 /// a user.
 class VEMO_RESOLVE_EXPORT SceneTooLarge : public std::runtime_error {
  public:

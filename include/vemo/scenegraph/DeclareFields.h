@@ -49,18 +49,19 @@ constexpr bool isNamedAfter(std::string_view member, std::string_view accessor) 
 
 // NOLINTBEGIN(bugprone-macro-parentheses): the arguments are types and names.
 
-/// Declares the name of a node class and its base class.
-#define LUM_NODE(Class, Base)                     \
- public:                                          \
-  using Superclass = Base;                        \
-  using Superclass::Superclass;                   \
-  static const std::string& getClassName() {      \
-    static const std::string name = #Class;       \
-    return name;                                  \
-  }                                               \
-  const std::string& className() const override { \
-    return getClassName();                        \
-  }                                               \
+/// Declares the name of a node class and its base class. The name is never destroyed: nodes
+/// may live until the very end of the process.
+#define LUM_NODE(Class, Base)                                  \
+ public:                                                       \
+  using Superclass = Base;                                     \
+  using Superclass::Superclass;                                \
+  static const std::string& getClassName() {                   \
+    static const std::string& name = *new std::string(#Class); \
+    return name;                                               \
+  }                                                            \
+  const std::string& className() const override {              \
+    return getClassName();                                     \
+  }                                                            \
   LUM_FIELDS_AFTER(Base)
 
 /// For base classes with fields but no name.

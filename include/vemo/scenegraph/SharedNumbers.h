@@ -21,7 +21,7 @@ class SharedNumbers {
   SharedNumbers(std::initializer_list<double> numbers) : SharedNumbers(std::vector<double>(numbers)) {}
 
   const std::vector<double>& get() const {
-    static const std::vector<double> none;
+    static const auto& none = *new std::vector<double>;
     return _numbers != nullptr ? *_numbers : none;
   }
   operator const std::vector<double>&() const { return get(); }

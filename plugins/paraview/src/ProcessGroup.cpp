@@ -58,6 +58,17 @@ std::optional<std::string> ProcessGroup::findFailure(const std::optional<std::st
   return text;
 }
 
+bool ProcessGroup::isSame(std::uint64_t own) {
+  if (_controller == nullptr) {
+    return true;
+  }
+  std::uint64_t least = own;
+  std::uint64_t greatest = own;
+  _controller->AllReduce(&own, &least, 1, vtkCommunicator::MIN_OP);
+  _controller->AllReduce(&own, &greatest, 1, vtkCommunicator::MAX_OP);
+  return least == greatest;
+}
+
 std::vector<std::string> ProcessGroup::gather(const std::vector<std::string>& own) {
   std::string text;
   for (const std::string& line : own) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -18,6 +19,9 @@ class ProcessGroup {
 
   /// The first failure among those of all processes.
   std::optional<std::string> findFailure(const std::optional<std::string>& own);
+
+  /// Whether all processes have the same number.
+  bool isSame(std::uint64_t own);
 
   /// In the first process, the lines of all; in the others their own. Each line once.
   std::vector<std::string> gather(const std::vector<std::string>& own);

@@ -3,12 +3,13 @@ a server, and in pvbatch:
   check_reader.py FOLDER PROCESSES [HOST:PORT]"""
 import os
 import pathlib
+import shutil
 import sys
 
 from paraview.simple import *  # noqa: F403
 from vtkmodules.vtkCommonCore import vtkFileOutputWindow, vtkOutputWindow
 
-folder, processes = pathlib.Path(sys.argv[1]), int(sys.argv[2])
+folder, processes = pathlib.Path(sys.argv[1]).resolve(), int(sys.argv[2])
 if len(sys.argv) > 3:
     host, port = sys.argv[3].split(":")
     Connect(host, int(port))
@@ -188,6 +189,52 @@ def check_abort(reader):
     assert algorithm.GetOutputDataObject(0).GetNumberOfCells() == 4**2
 
 
+def replace(name, version):
+    """As a solver does that writes its next result."""
+    shutil.copy(folder / version, folder / "next.tmp")
+    os.replace(folder / "next.tmp", folder / name)
+
+
+def check_replaced():
+    """Replaced after the reader was told what the file holds."""
+    for version, expected in {
+        "swapped.zip": {"wing": 2**2, "tail": 3**2},
+        "after.zip": {"wing": 4**2, "nose": 5**2, "tail": 6**2},
+    }.items():
+        replace("replaced.zip", "before.zip")
+        reader = open_scene("replaced.zip")
+        reader.UpdatePipelineInformation()
+        replace("replaced.zip", version)
+        reader.UpdatePipeline()
+        blocks = [blocks_of(data) for data in FetchData(reader).values()]
+        cells = {name: pieces[0].GetNumberOfCells() for own in blocks for name, pieces in own.items()}
+        assert cells == expected, cells
+        reader.UpdatePipelineInformation()
+        assert sorted(reader.Blocks.Available) == sorted(expected), reader.Blocks.Available
+        Delete(reader)
+
+
+def check_versions():
+    """Processes in different folders see different files under a relative path."""
+    if processes == 1 or len(sys.argv) > 3:
+        return
+    other = folder / "other"
+    other.mkdir(exist_ok=True)
+    replace("versions.zip", "before.zip")
+    for version in ("swapped.zip", "after.zip"):
+        replace("other/versions.zip", version)
+        os.chdir(other)
+        reader = OpenDataFile("versions.zip")
+        said = messages_of(reader.UpdatePipeline)
+        os.chdir(folder)
+        assert "The processes read different versions of the file" in said, said
+        assert reader.GetDataInformation().GetNumberOfCells() == 0
+        # The first process now sees the file of the others.
+        assert ReloadFiles(reader)
+        assert cells_of(reader) == 2**2 + 3**2
+        Delete(reader)
+
+
 for scene in ("scene.zip", "scene.sdb"):
     reader = open_scene(scene)
     check_structure(reader)
@@ -201,4 +248,6 @@ for scene in ("scene.zip", "scene.sdb"):
     check_abort(reader)
 check_faults()
 check_many()
+check_replaced()
+check_versions()
 print("all checks passed")

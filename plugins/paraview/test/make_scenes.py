@@ -74,6 +74,10 @@ def write_small(folder):
     tile = archive.geometry("tile", [0, 0, 0, 1, 0, 0, 1, 1, 0], f'polys="{archive.entry("cells", [3, 0, 1, 2])}"')
     hidden = tile.replace('visibility="1"', 'visibility="0"')
     archive.write(folder / "many.zip", assembly("Many", *[tile] * 2001, hidden))
+    for name, patches in {"before": {"wing": 2, "tail": 3}, "swapped": {"tail": 3, "wing": 2},
+                          "after": {"wing": 4, "nose": 5, "tail": 6}}.items():
+        archive = Archive()
+        archive.write(folder / f"{name}.zip", "".join([archive.patch(*patch, 0, 0) for patch in patches.items()]))
     Archive().write(folder / "broken.zip", "<assembly>")
     (folder / "text.zip").write_text("This is not a scene.")
 

@@ -1,6 +1,7 @@
 #include "geometry/drawing/DrawableCells.h"
 
 #include "geometry/Cells.h"
+#include "geometry/SharedData.h"
 #include "geometry/drawing/SelectedData.h"
 #include "geometry/drawing/StrayPoints.h"
 
@@ -98,7 +99,7 @@ vtkSmartPointer<vtkPolyData> copyWithoutCells(vtkPolyData& geometry, const Point
   if (geometry.GetPoints() != nullptr) {
     copy->SetPoints(moveMarkedPoints(*geometry.GetPoints(), marks));
   }
-  copy->GetPointData()->ShallowCopy(geometry.GetPointData());
+  shareArrays(*geometry.GetPointData(), *copy->GetPointData());
   return copy;
 }
 
@@ -213,7 +214,7 @@ vtkSmartPointer<vtkPolyData> withUsedPoints(vtkPolyData& geometry, vtkIdList& nu
   points->SetData(selectTuples(*geometry.GetPoints()->GetData(), numbers));
   result->SetPoints(points);
   selectData(*geometry.GetPointData(), *result->GetPointData(), numbers);
-  result->GetCellData()->ShallowCopy(geometry.GetCellData());
+  shareArrays(*geometry.GetCellData(), *result->GetCellData());
   return result;
 }
 

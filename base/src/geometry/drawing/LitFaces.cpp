@@ -4,6 +4,7 @@
 #include "geometry/Cells.h"
 #include "geometry/Points.h"
 #include "geometry/PolygonArea.h"
+#include "geometry/SharedData.h"
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>
@@ -193,8 +194,7 @@ vtkSmartPointer<vtkDataArray> litNormals(vtkPolyData& mesh, vtkDataArray& normal
 
 void lightByCells(vtkSmartPointer<vtkPolyData>& faces, vtkDataArray& given) {
   if (const auto normals = litNormals(*faces, given)) {
-    auto copy = vtkSmartPointer<vtkPolyData>::New();
-    copy->ShallowCopy(faces);
+    auto copy = shallowCopy(*faces);
     copy->GetCellData()->SetNormals(normals);
     faces = copy;
   }
@@ -207,8 +207,7 @@ void lightByPoints(vtkSmartPointer<vtkPolyData>& faces, vtkDataArray& given) {
   if (normals == &given && polygons.empty() && strips.empty()) {
     return;
   }
-  auto copy = vtkSmartPointer<vtkPolyData>::New();
-  copy->ShallowCopy(faces);
+  auto copy = shallowCopy(*faces);
   copy->GetPointData()->SetNormals(normals);
   if (!polygons.empty()) {
     copy->SetPolys(reversedPolygons(*faces->GetPolys(), polygons));

@@ -2,6 +2,7 @@
 
 #include "geometry/Cells.h"
 #include "geometry/Points.h"
+#include "geometry/SharedData.h"
 
 #include <vtkCellArray.h>
 #include <vtkNew.h>
@@ -134,8 +135,7 @@ std::vector<vtkIdType> unfoldFans(vtkSmartPointer<vtkPolyData>& geometry) {
     vtkNew<vtkCellArray> turned;
     turned->DeepCopy(&polygons);
     turn(*turned, turns);
-    auto copy = vtkSmartPointer<vtkPolyData>::New();
-    copy->ShallowCopy(geometry);
+    auto copy = shallowCopy(*geometry);
     copy->SetPolys(turned);
     geometry = copy;
   }

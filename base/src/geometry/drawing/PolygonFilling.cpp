@@ -3,6 +3,7 @@
 #include "geometry/Cells.h"
 #include "geometry/Points.h"
 #include "geometry/PolygonArea.h"
+#include "geometry/SharedData.h"
 #include "geometry/drawing/EarClipping.h"
 #include "geometry/drawing/SelectedData.h"
 #include <vemo/base/Vector.h>
@@ -135,8 +136,7 @@ PolygonFilling fillPolygons(vtkPolyData& geometry, const std::vector<vtkIdType>&
   for (; number < geometry.GetNumberOfCells(); ++number) {
     list.addSource(number);
   }
-  filling.geometry = vtkSmartPointer<vtkPolyData>::New();
-  filling.geometry->ShallowCopy(&geometry);
+  filling.geometry = shallowCopy(geometry);
   filling.geometry->SetPolys(list.faces());
   filling.geometry->GetCellData()->Initialize();
   selectDrawnData(*geometry.GetCellData(), colors, list.sources(), *filling.geometry->GetCellData());

@@ -1,5 +1,6 @@
 #include "geometry/drawing/SelectedData.h"
 
+#include "geometry/NamedArrays.h"
 #include "geometry/NewArray.h"
 
 #include <vtkDataArray.h>
@@ -35,13 +36,16 @@ vtkSmartPointer<vtkDataArray> selectFirstComponent(vtkDataArray& array, vtkIdLis
 }
 
 void selectData(vtkDataSetAttributes& from, vtkDataSetAttributes& to, vtkIdList& numbers) {
+  NamedArrays selected;
   for (int i = 0; i < from.GetNumberOfArrays(); ++i) {
     if (vtkDataArray* const array = from.GetArray(i)) {
-      const int index = to.AddArray(selectTuples(*array, numbers));
-      const int role = from.IsArrayAnAttribute(i);
-      if (role >= 0) {
-        to.SetActiveAttribute(index, role);
-      }
+      selected.put(*selectTuples(*array, numbers));
+    }
+  }
+  selected.addTo(to);
+  for (int role = 0; role < vtkDataSetAttributes::NUM_ATTRIBUTES; ++role) {
+    if (vtkAbstractArray* const array = from.GetAbstractAttribute(role)) {
+      to.SetActiveAttribute(array->GetName(), role);
     }
   }
 }

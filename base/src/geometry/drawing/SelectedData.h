@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vemo/geometry/Export.h>
+
 #include <vtkSmartPointer.h>
 
 class vtkDataArray;
@@ -15,6 +17,7 @@ vtkSmartPointer<vtkDataArray> selectTuples(vtkDataArray& array, vtkIdList& numbe
 vtkSmartPointer<vtkDataArray> selectFirstComponent(vtkDataArray& array, vtkIdList& numbers);
 
 /// Adds copies of these tuples of all arrays, which have the same roles.
-void selectData(vtkDataSetAttributes& from, vtkDataSetAttributes& to, vtkIdList& numbers);
+VEMO_GEOMETRY_EXPORT void selectData(vtkDataSetAttributes& from, vtkDataSetAttributes& to,
+                                     vtkIdList& numbers);
 
 }  // namespace vemo

@@ -3,6 +3,7 @@
 #include "geometry/Cells.h"
 #include "geometry/Normals.h"
 #include "geometry/Points.h"
+#include "geometry/SharedData.h"
 
 #include <vtkCellData.h>
 #include <vtkDataArray.h>
@@ -58,8 +59,7 @@ void correctSpikyPolygons(vtkSmartPointer<vtkPolyData>& faces) {
   if (polygons.empty()) {
     return;
   }
-  auto copy = vtkSmartPointer<vtkPolyData>::New();
-  copy->ShallowCopy(faces);
+  auto copy = shallowCopy(*faces);
   if (ofPoints != nullptr) {
     copy->GetPointData()->SetNormals(corrected(*ofPoints, *pointNormals(*faces), *pointNormalsByArea(*faces),
                                                cornersOf(polygons, *faces->GetPolys())));

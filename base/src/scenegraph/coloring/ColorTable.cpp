@@ -1,3 +1,4 @@
+#include "scenegraph/coloring/ColorBytes.h"
 #include <vemo/scenegraph/coloring/ColorLookupTable.h>
 #include <vemo/scenegraph/coloring/ColorTable.h>
 
@@ -10,19 +11,11 @@
 #include <cmath>
 #include <cstddef>
 #include <fmt/format.h>
-#include <iterator>
 #include <utility>
 
 namespace vemo {
 
 namespace {
-
-constexpr std::ptrdiff_t CHANNELS = 4;
-
-std::uint8_t toByte(double value) {
-  return std::isfinite(value) ? static_cast<std::uint8_t>(std::lround(std::clamp(value, 0.0, 1.0) * 255.0))
-                              : 0;
-}
 
 std::ptrdiff_t listedColors(const lum::ColorLookupTable& table) {
   return static_cast<std::ptrdiff_t>(table.getColorValues().get().size()) / CHANNELS;
@@ -30,13 +23,6 @@ std::ptrdiff_t listedColors(const lum::ColorLookupTable& table) {
 
 std::ptrdiff_t colorCount(const lum::ColorLookupTable& table) {
   return std::clamp<std::ptrdiff_t>(table.getNumColor(), 0, listedColors(table));
-}
-
-std::vector<std::uint8_t> toBytes(const std::vector<double>& values, std::ptrdiff_t colors) {
-  std::vector<std::uint8_t> bytes;
-  bytes.reserve(static_cast<std::size_t>(colors * CHANNELS));
-  std::transform(values.begin(), values.begin() + colors * CHANNELS, std::back_inserter(bytes), toByte);
-  return bytes;
 }
 
 std::vector<std::uint8_t> reversedColors(std::vector<std::uint8_t> rgba) {
@@ -59,7 +45,7 @@ std::vector<std::uint8_t> makeDefaultColors() {
 }
 
 const SharedColors& defaultColors() {
-  static const SharedColors colors = makeDefaultColors();
+  static const auto& colors = *new SharedColors(makeDefaultColors());
   return colors;
 }
 
@@ -173,7 +159,7 @@ SharedColors UsableColorTables::colorsOf(const lum::ColorLookupTable& table) {
   const lum::SharedNumbers& list = table.getColorValues();
   const auto [known, isNew] = _converted.try_emplace({&list.get(), colorCount(table)});
   if (isNew) {
-    known->second = {list, toBytes(list, colorCount(table))};
+    known->second = {list, bytesOf(list, colorCount(table))};
   }
   return known->second.colors;
 }

@@ -10,24 +10,33 @@
 #include <vtkPoints.h>
 #include <vtkPolyData.h>
 
-#include <algorithm>
-#include <string_view>
-
 namespace lum {
 
 namespace {
 
 using vemo::NamedArrays;
+using ArrayPlaces = std::unordered_map<std::string, std::size_t>;
 
-void putArray(ArrayTable& table, vtkDataArray* array) {
+/// The first of each name.
+ArrayPlaces placesOf(const ArrayTable& table) {
+  ArrayPlaces places;
+  for (std::size_t i = 0; i < table.size(); ++i) {
+    places.try_emplace(std::string(NamedArrays::nameOf(*table[i])), i);
+  }
+  return places;
+}
+
+void putArray(ArrayTable& table, std::unique_ptr<ArrayPlaces>& places, vtkDataArray* array) {
   VEMO_REQUIRE(array != nullptr, "must be not NULL");
-  const auto place = std::ranges::find_if(table, [name = NamedArrays::nameOf(*array)](const auto& held) {
-    return NamedArrays::nameOf(*held) == name;
-  });
-  if (place != table.end()) {
-    *place = array;
-  } else {
+  // Readers fill the table alone.
+  if (places == nullptr || places->size() != table.size()) {
+    places = std::make_unique<ArrayPlaces>(placesOf(table));
+  }
+  const auto [known, isNew] = places->try_emplace(std::string(NamedArrays::nameOf(*array)), table.size());
+  if (isNew) {
     table.emplace_back(array);
+  } else {
+    table[known->second] = array;
   }
 }
 
@@ -73,6 +82,8 @@ void PolyDataNode::setPolyData(vtkPolyData* polyData) {
   }
   _nodeDataArrays = arraysOf(*polyData->GetPointData());
   _cellDataArrays = arraysOf(*polyData->GetCellData());
+  _nodeDataPlaces.reset();
+  _cellDataPlaces.reset();
   modified();
 }
 
@@ -92,12 +103,12 @@ vtkSmartPointer<vtkPolyData> PolyDataNode::getPolyData() const {
 }
 
 void PolyDataNode::setNodeDataArray(vtkDataArray* array) {
-  putArray(_nodeDataArrays, array);
+  putArray(_nodeDataArrays, _nodeDataPlaces, array);
   modified();
 }
 
 void PolyDataNode::setCellDataArray(vtkDataArray* array) {
-  putArray(_cellDataArrays, array);
+  putArray(_cellDataArrays, _cellDataPlaces, array);
   modified();
 }
 

@@ -1,4 +1,5 @@
 #include "geometry/Normals.h"
+#include "scenegraph/coloring/ColorBytes.h"
 #include "scenegraph/coloring/ColoringScalars.h"
 #include "scenegraph/edit/ColoredLegends.h"
 #include "scenegraph/edit/RangeChange.h"
@@ -153,7 +154,7 @@ std::string quoted(const std::vector<std::string>& names) {
 
 /// As they are drawn: of a range that starts at its greater value they are reversed, too.
 Colors drawnColors(const ColorLookupTable& table) {
-  std::vector<double> values = numbersOf(vemo::makeUsable(table).table.rgba);
+  std::vector<double> values = vemo::numbersOf(vemo::makeUsable(table).table.rgba);
   const auto count = static_cast<std::int32_t>(values.size() / 4);
   return {std::move(values), count, ScaleMode::LINEAR, table.getRampMode()};
 }

@@ -9,12 +9,9 @@
 
 namespace lum {
 
-/// The colours in 0..1, four numbers of each.
-std::vector<double> numbersOf(const vemo::SharedColors& colors);
-
 /// Gives colour tables another range, which must be usable. Their colours stay in the order in which they are
-/// drawn: that of a table whose range starts at its greater value is reversed. Tables that share a list of
-/// colours still do so.
+/// drawn: a table whose range starts at its greater value gets a list of its drawn colours instead. Such
+/// tables share that list if they had one in common and draw as many of its colours.
 class RangeChange {
  public:
   explicit RangeChange(const Vector2& range) : _range(range) {}
@@ -23,8 +20,9 @@ class RangeChange {
 
  private:
   Vector2 _range;
-  /// Has all colours of the map.
+  /// Keeps the drawn colours, so that their addresses, the keys of the map, stay theirs.
   vemo::UsableColorTables _usable;
+  /// The lists for drawn colours.
   std::map<const std::vector<std::uint8_t>*, SharedNumbers> _numbers;
 };
 

@@ -66,7 +66,7 @@ class FieldComparison::Visitor {
     const std::vector<double>& right = rightOf(shared)->get();
     if (left->size() != right.size()) {
       report(describeLength(*left), describeLength(right));
-    } else if (const auto extent = findExtent<double>(*left, right, _owner._rules)) {
+    } else if (const auto extent = _owner.findListExtent(*left, right)) {
       const auto index = static_cast<std::size_t>(extent->index);
       _owner._report(_left.name, (*left)[index], right[index], extent);
     }
@@ -173,6 +173,19 @@ class FieldComparison::Visitor {
   const Field& _left;
   const Field& _right;
 };
+
+std::optional<Difference::Extent> FieldComparison::findListExtent(const std::vector<double>& left,
+                                                                  const std::vector<double>& right) {
+  constexpr std::size_t LARGE = 1024;
+  if (left.size() < LARGE) {
+    return findExtent<double>(left, right, _rules);
+  }
+  const auto [known, isNew] = _knownLists.try_emplace({&left, &right});
+  if (isNew) {
+    known->second = findExtent<double>(left, right, _rules);
+  }
+  return known->second;
+}
 
 void FieldComparison::compare(const Field& left, const Field& right) {
   std::visit(Visitor(*this, left, right), left.value);

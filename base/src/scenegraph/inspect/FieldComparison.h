@@ -5,7 +5,11 @@
 #include <vemo/scenegraph/inspect/Compare.h>
 
 #include <functional>
+#include <map>
+#include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace lum {
 
@@ -27,9 +31,17 @@ class FieldComparison {
  private:
   class Visitor;
 
+  /// Of lists of the same length.
+  std::optional<Difference::Extent> findListExtent(const std::vector<double>& left,
+                                                   const std::vector<double>& right);
+
   ComparisonRules _rules;
   Report _report;
   ArrayComparison _arrays;
+  // Of large lists: each pair is compared once, however many nodes share it.
+  std::map<std::pair<const std::vector<double>*, const std::vector<double>*>,
+           std::optional<Difference::Extent>>
+      _knownLists;
 };
 
 }  // namespace lum

@@ -44,7 +44,7 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   /// Changes bytes in place.
   using Convert = std::function<void(std::span<char>)>;
 
-  /// Throws FileNotFoundException, IOException when this user, or any user, has no
+  /// Throws FileNotFoundException, IOException when the owner has no
   /// permission to read or the file cannot be opened, or ZipException.
   explicit ZipFileReader(const std::wstring& path);
 

@@ -8,6 +8,7 @@
 
 #include <vtkSmartPointer.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,7 @@ namespace vemo {
 class ClippingPlane;
 class Colormap;
 class PolyDataReader;
+class SharedPolyData;
 class ValueReader;
 struct GeometryEntries;
 struct PartsDrawn;
@@ -130,21 +132,22 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
   void readImpl(const QxElement& element, SceneFileReader* reader);
 
  private:
-  void reportUnused(const ValueReader& values) const;
-  void readGeometry(const QxElement& element, SceneFileReader& reader);
-  void reportTypeChange(const GeometryEntries& entries, const PolyDataReader& data,
-                        SceneFileReader& reader) const;
-  GeometryType outlineGeometry(const QxElement& element, SceneFileReader& reader);
+  void reportUnused(const ValueReader& values, vtkPolyData& polyData) const;
+  void readGeometry(const QxElement& element, vtkPolyData& polyData, SceneFileReader& reader);
+  static void reportTypeChange(const GeometryEntries& entries, const PolyDataReader& data, GeometryType drawn,
+                               SceneFileReader& reader);
+  static GeometryType outlineGeometry(const QxElement& element, vtkPolyData& polyData,
+                                      SceneFileReader& reader);
   void reportSettingsOutOfRange(const QxElement& element, SceneFileReader& reader) const;
   static GeometryType typeOf(bool hasFaces, bool hasLines);
-  GeometryType determineType() const;
-  void computeNormals(SceneFileReader& reader);
+  static GeometryType determineType(vtkPolyData& polyData);
+  void computeNormals(vtkPolyData& polyData, SceneFileReader& reader) const;
 
   template <class T>
-  void addTo(lum::DrawableCollection& collection, bool isHidden, const std::string& parentName,
-             SharedBySiblings& shared) const;
+  void addTo(lum::DrawableCollection& collection, vtkPolyData& polyData, bool isHidden,
+             const std::string& parentName, SharedBySiblings& shared) const;
   bool hasSettingsOfOthers(const lum::GeometryDrawable& drawable, const PartsDrawn& parts) const;
-  void logContents(int level) const;
+  void logContents(vtkPolyData& polyData, int level) const;
 
   GeometrySettings _settings;
   int _geometryType = UNDETERMINED;
@@ -155,7 +158,8 @@ class VEMO_IMPORT_EXPORT GeometryItem : public GraphicsItem {
   mutable vtkSmartPointer<vtkProperty> _property;
   vtkSmartPointer<vtkPolyDataMapper> _mapper;
   vtkSmartPointer<vtkActor> _actor;
-  vtkSmartPointer<vtkPolyData> _polydata;
+  /// Null after a host has set none.
+  std::shared_ptr<SharedPolyData> _polydata;
 };
 
 }  // namespace vemo

@@ -29,7 +29,7 @@ class SharedColors {
       : _rgba(std::make_shared<const std::vector<std::uint8_t>>(std::move(rgba))) {}
 
   const std::vector<std::uint8_t>& get() const {
-    static const std::vector<std::uint8_t> none;
+    static const auto& none = *new std::vector<std::uint8_t>;
     return _rgba != nullptr ? *_rgba : none;
   }
   operator const std::vector<std::uint8_t>&() const { return get(); }

@@ -5,7 +5,10 @@
 
 #include <vtkSmartPointer.h>
 
+#include <cstddef>
+#include <memory>
 #include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -42,7 +45,7 @@ class VEMO_SCENEGRAPH_EXPORT PolyDataNode final : public Node {
   vtkSmartPointer<vtkPolyData> getPolyData() const;
 
   /// Adds an array over the points, or over the cells; replaces one of the same
-  /// name.
+  /// name. Names must not change from then on.
   void setNodeDataArray(vtkDataArray* array);
   void setCellDataArray(vtkDataArray* array);
 
@@ -66,6 +69,9 @@ class VEMO_SCENEGRAPH_EXPORT PolyDataNode final : public Node {
   static Cells PolyDataNode::*memberOf(vemo::CellKind kind);
 
   std::vector<std::string> _arraysLeftOut;
+  /// Where arrays are in their tables, by name; null while none has been set.
+  std::unique_ptr<std::unordered_map<std::string, std::size_t>> _nodeDataPlaces;
+  std::unique_ptr<std::unordered_map<std::string, std::size_t>> _cellDataPlaces;
 };
 
 }  // namespace lum

@@ -5,6 +5,7 @@
 #include <vemo/scenegraph/io/NodeStream.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -19,6 +20,10 @@ class VEMO_SCENEGRAPH_EXPORT NodeInputStream : public NodeStream {
   explicit NodeInputStream(int sessionId);
   ~NodeInputStream() override;
 
+  /// Scene streams with more nodes in all are refused: a node takes far more memory than its bytes,
+  /// which may deflate to next to nothing. No limit unless this is called.
+  void setNodeLimit(std::uint64_t count);
+
   void readScene(std::istream& in) override;
   void readData(std::istream& in) override;
 
@@ -30,6 +35,10 @@ class VEMO_SCENEGRAPH_EXPORT NodeInputStream : public NodeStream {
   /// How many arrays, of all that the scene streams announced for nodes, have not
   /// been read.
   std::size_t getMissingArrayCount() const;
+
+  /// How many of the announced arrays no node has had. None where classes or fields were unknown, which
+  /// may have them.
+  std::size_t getUnusedArrayCount() const;
 
  private:
   class Connection;

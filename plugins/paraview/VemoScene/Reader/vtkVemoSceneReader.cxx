@@ -5,6 +5,7 @@
 #include "FieldDataWriter.h"
 #include "ProcessGroup.h"
 #include "SceneCollection.h"
+#include "SceneVersion.h"
 #include "vtkCommand.h"
 #include "vtkDataArraySelection.h"
 #include "vtkFieldData.h"
@@ -17,6 +18,8 @@
 #include <vemo/import/DetectScene.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <functional>
 #include <map>
 #include <optional>
 #include <set>
@@ -43,8 +46,10 @@ struct vtkVemoSceneReader::State {
     return {path, status.st_ino, status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
   }
 
+  /// From before the outline was made.
   FileStamp stamp;
   vemo::SceneOutline outline;
+  std::uint64_t version = 0;
   /// Why there is no outline.
   std::optional<std::string> failure;
   /// The latest warning, which is not repeated.
@@ -55,6 +60,9 @@ namespace {
 
 /// The share of the time that is for reading; the rest is for what is made of it.
 constexpr double READ = 0.8;
+
+/// How often an update reads a file that is replaced meanwhile.
+constexpr int MAX_ATTEMPTS = 2;
 
 /// In one message.
 constexpr std::size_t MAX_WARNINGS = 20;
@@ -101,7 +109,7 @@ vtkStandardNewMacro(vtkVemoSceneReader);
 
 vtkVemoSceneReader::vtkVemoSceneReader() {
   this->SetNumberOfInputPorts(0);
-  this->Blocks->AddObserver(vtkCommand::ModifiedEvent, this, &vtkVemoSceneReader::Modified);
+  this->Blocks->AddObserver(vtkCommand::ModifiedEvent, this, &vtkVemoSceneReader::NoteChoice);
 }
 
 vtkVemoSceneReader::~vtkVemoSceneReader() {
@@ -139,6 +147,14 @@ vtkMTimeType vtkVemoSceneReader::GetMTime() {
   return this->Superclass::GetMTime();
 }
 
+void vtkVemoSceneReader::NoteChoice() {
+  // One process may find new blocks while the others do not: if it alone were modified, it would update
+  // alone, and wait for the others.
+  if (!this->IsReading) {
+    this->Modified();
+  }
+}
+
 bool vtkVemoSceneReader::ReportProgress(double fraction) {
   this->UpdateProgress(fraction);
   return this->GetAbortExecute() == 0;
@@ -151,21 +167,25 @@ int vtkVemoSceneReader::RequestInformation(vtkInformation*, vtkInformationVector
     vtkErrorMacro("No file name");
     return 0;
   }
-  const State::FileStamp stamp = State::stampOf(this->FileName);
   // What failed may not fail again: permissions are not in the stamp.
-  if (this->Known && this->Known->stamp == stamp && !this->Known->failure) {
+  if (this->Known && this->Known->stamp == State::stampOf(this->FileName) && !this->Known->failure) {
     return 1;
   }
+  this->MakeOutline();
+  return 1;
+}
+
+void vtkVemoSceneReader::MakeOutline() {
   this->Known = std::make_unique<State>();
-  this->Known->stamp = stamp;
+  this->Known->stamp = State::stampOf(this->FileName);
   try {
     this->Known->outline = vemo::outlineScene(this->FileName, {});
+    this->Known->version = vemo::versionOf(this->FileName, this->Known->outline);
     updateChoices(this->Known->outline, *this->Blocks);
   } catch (...) {
     // RequestData reports it: other processes may have succeeded, and wait for this one.
     this->Known->failure = vemo::describeFailure();
   }
-  return 1;
 }
 
 std::vector<vemo::Finding> vtkVemoSceneReader::ReadShare(int piece, int pieces,
@@ -204,6 +224,46 @@ std::vector<vemo::Finding> vtkVemoSceneReader::ReadShare(int piece, int pieces,
   return loaded.findings;
 }
 
+std::optional<std::string> vtkVemoSceneReader::ReadVersion(int piece, int pieces,
+                                                           vtkPartitionedDataSetCollection& output,
+                                                           std::vector<vemo::Finding>& findings) {
+  for (int attempt = 0; attempt < MAX_ATTEMPTS; ++attempt) {
+    // The pipeline asks for information only once, however often the file is replaced.
+    if (this->Known->stamp != State::stampOf(this->FileName)) {
+      this->MakeOutline();
+    }
+    std::optional<std::string> failure = this->Known->failure;
+    if (!failure) {
+      try {
+        findings = this->ReadShare(piece, pieces, output);
+      } catch (...) {
+        failure = vemo::describeFailure();
+      }
+    }
+    const bool wasCancelled = failure && failure->empty();
+    if (wasCancelled || this->Known->stamp == State::stampOf(this->FileName)) {
+      return failure;
+    }
+    output.Initialize();
+  }
+  return "The file changes while it is read";
+}
+
+std::optional<std::string> vtkVemoSceneReader::FindDifference(vemo::ProcessGroup& group) {
+  if (!group.isSame(this->Known->version)) {
+    return "The processes read different versions of the file";
+  }
+  std::string chosen;
+  for (const std::size_t block : chosenBlocks(this->Known->outline, *this->Blocks)) {
+    chosen += std::to_string(block) + ' ';
+  }
+  // After versions of the file that only some of them read.
+  if (!group.isSame(std::hash<std::string>()(chosen))) {
+    return "The processes have chosen different blocks. Choose again";
+  }
+  return std::nullopt;
+}
+
 int vtkVemoSceneReader::RequestData(vtkInformation*, vtkInformationVector**,
                                     vtkInformationVector* outputVector) {
   vtkInformation* const request = outputVector->GetInformationObject(0);
@@ -212,17 +272,15 @@ int vtkVemoSceneReader::RequestData(vtkInformation*, vtkInformationVector**,
   vtkPartitionedDataSetCollection& output = *vtkPartitionedDataSetCollection::GetData(outputVector);
 
   std::vector<vemo::Finding> findings;
-  std::optional<std::string> failure = this->Known->failure;
-  if (!failure) {
-    try {
-      findings = this->ReadShare(piece, pieces, output);
-    } catch (...) {
-      failure = vemo::describeFailure();
-    }
-  }
+  this->IsReading = true;
+  const std::optional<std::string> own = this->ReadVersion(piece, pieces, output, findings);
+  this->IsReading = false;
   // A process that failed alone would leave the others waiting for it in the filters below.
   vemo::ProcessGroup group(pieces);
-  failure = group.findFailure(failure);
+  std::optional<std::string> failure = group.findFailure(own);
+  if (!failure) {
+    failure = this->FindDifference(group);
+  }
   if (!failure) {
     this->ReportFindings(findings, group, output);
     return 1;

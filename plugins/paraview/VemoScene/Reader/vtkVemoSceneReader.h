@@ -5,8 +5,10 @@
 #include "vtkNew.h"
 #include "vtkPartitionedDataSetCollectionAlgorithm.h"
 
-#include <memory>  // for std::unique_ptr
-#include <vector>  // for std::vector
+#include <memory>    // for std::unique_ptr
+#include <optional>  // for std::optional
+#include <string>    // for std::string
+#include <vector>    // for std::vector
 
 class vtkDataArraySelection;
 class vtkPartitionedDataSetCollection;
@@ -53,15 +55,24 @@ class VEMOREADER_EXPORT vtkVemoSceneReader : public vtkPartitionedDataSetCollect
 
   struct State;
 
+  void NoteChoice();
   bool ReportProgress(double fraction);
+  /// Notes what the file holds now, or why that is not known.
+  void MakeOutline();
   /// Adds what this process is to read to the output, and the empty rest.
   std::vector<vemo::Finding> ReadShare(int piece, int pieces, vtkPartitionedDataSetCollection& output);
+  /// The same, all of one version of the file. Returns why it failed: an empty text if it was cancelled.
+  std::optional<std::string> ReadVersion(int piece, int pieces, vtkPartitionedDataSetCollection& output,
+                                         std::vector<vemo::Finding>& findings);
+  /// Why what the processes read does not fit together.
+  std::optional<std::string> FindDifference(vemo::ProcessGroup& group);
   void ReportFindings(const std::vector<vemo::Finding>& findings, vemo::ProcessGroup& group,
                       vtkPartitionedDataSetCollection& output);
 
   char* FileName = nullptr;
   bool SceneColors = true;
   bool WasCancelled = false;
+  bool IsReading = false;
   vtkNew<vtkDataArraySelection> Blocks;
   std::unique_ptr<State> Known;
 };

@@ -8,6 +8,7 @@
 #include "vemoview/resolve/decorations/TextFraming.h"
 #include "vemoview/resolve/decorations/UnseenDecorations.h"
 #include "vemoview/resolve/drawables/InstanceBounds.h"
+#include "vemoview/resolve/mesh/DrawnArea.h"
 #include "vemoview/resolve/mesh/ModelExtent.h"
 #include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/resolve/UsualPicture.h>
@@ -105,13 +106,17 @@ ResolvedCanvas CanvasResolver::resolve() {
   CanvasCamera camera = resolveCamera(_canvas.hasCameraAttributes());
   camera.viewAngle = _viewChange.viewAngle.value_or(camera.viewAngle);
   const Vector<2, double> size = viewport.upperRight - viewport.lowerLeft;
+  _camera = camera;
+  _size = size;
   if (const Box fitted = fittedBox(content); !fitted.isEmpty()) {
-    view(content, fitting(camera, fitted, widthToHeight(size)), size);
+    _camera = fitting(camera, fitted, widthToHeight(size));
+    view(content, _camera, size);
   } else if (camera.framesAll() || _viewChange.fitsModel) {
     frame(content, camera, size);
   } else {
     view(content, camera, size);
   }
+  requireDrawn(content);
   return {_role,
           viewport.lowerLeft,
           viewport.upperRight,
@@ -175,6 +180,7 @@ CanvasUpdate CanvasResolver::update() {
   CanvasUpdate result = collectAdded();
   _model.add(ModelExtent(result.meshes, nullptr).getBox());
   chooseFramedTexts(result.decorations, _model);
+  requireDrawnOrTakeBack(result);
   return result;
 }
 
@@ -189,8 +195,39 @@ CanvasUpdate CanvasResolver::collectAdded() {
 
 CanvasUpdate CanvasResolver::resolveHidden() {
   const NodeScope scope(_canvas);
-  return resolve(collectAll(*_canvas.hasDrawableCollection()),
-                 visibleParts(*_canvas.hasDrawableCollection()));
+  CanvasUpdate result =
+      resolve(collectAll(*_canvas.hasDrawableCollection()), visibleParts(*_canvas.hasDrawableCollection()));
+  requireDrawnOrTakeBack(result);
+  return result;
+}
+
+/// In the view of a picture, and in one of everything, which users may choose later on.
+void CanvasResolver::requireDrawn(const CanvasUpdate& content) const {
+  DrawnArea area(content.meshes, content.decorations);
+  if (area.isSmall()) {
+    return;
+  }
+  Box model = _model;
+  model.add(area.bounds());
+  const double shape = widthToHeight(_size);
+  const auto require = [&](const CanvasCamera& camera) {
+    const ViewVolume view(camera, shape);
+    area.requireDrawn(usualCanvas(camera, view, _size, model, USUAL_HEIGHT), _size, _clipPlanes);
+  };
+  if (!_camera.framesAll()) {
+    require(_camera);
+  }
+  // Images in the window are seen even if there is no model.
+  require(fitting(_camera, model.isEmpty() ? Box{{0.0, 0.0, 0.0}, {1.0, 1.0, 1.0}} : model, shape));
+}
+
+void CanvasResolver::requireDrawnOrTakeBack(const CanvasUpdate& content) {
+  try {
+    requireDrawn(content);
+  } catch (...) {
+    takeBack();
+    throw;
+  }
 }
 
 /// Those that have not been resolved before.

@@ -40,6 +40,8 @@ class CanvasResolver {
   };
 
   CanvasUpdate collectAdded();
+  void requireDrawn(const CanvasUpdate& content) const;
+  void requireDrawnOrTakeBack(const CanvasUpdate& content);
   Box fittedBox(const CanvasUpdate& content) const;
   // The size is the canvas's, as a part of the window's.
   void frame(CanvasUpdate& content, const CanvasCamera& camera, const Vector<2, double>& size);
@@ -52,6 +54,9 @@ class CanvasResolver {
   ViewChange _viewChange;
   const TextMeasure& _measureText;
   std::vector<ClipPlane> _clipPlanes;
+  /// Of a picture, and the part of the window that it has.
+  CanvasCamera _camera;
+  Vector<2, double> _size{1.0, 1.0};
   MeshResolver _meshes;
   DecorationResolver _decorations;
   /// The drawables that have been resolved.

@@ -21,12 +21,21 @@ void ContentBudget::useText(std::string_view text) {
 
 void ContentBudget::use(std::uint64_t bytes) {
   if (bytes > _allowed - _used) {
-    throw FileError(FileIoStatus::ReadError,
-                    fmt::format("Texts and keys that are used many times take more than {} bytes, which is "
-                                "out of proportion to the file",
-                                _allowed));
+    throw FileError(
+        FileIoStatus::ReadError,
+        fmt::format("Texts, keys and arrays that are used many times take more than {} bytes, which is "
+                    "out of proportion to the file",
+                    _allowed));
   }
   _used += bytes;
+}
+
+void ContentBudget::useNodes(std::uint64_t count) {
+  if (count > _nodesLeft) {
+    throw FileError(FileIoStatus::ReadError,
+                    fmt::format("A graph of {} nodes is out of proportion to the file", count));
+  }
+  _nodesLeft -= count;
 }
 
 }  // namespace lum::io

@@ -1,12 +1,15 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <string_view>
 
 namespace lum::io {
 
-/// Limits the memory that texts and keys take. A file has each text once, and a
-/// byte or two wherever it is used; none at all where it is a default of the file.
+/// Limits the memory that texts, keys and lists of arrays take. A file has each text and
+/// array once, and a byte or two wherever it is used; none at all where it is a default of
+/// the file.
+/// Nodes are limited, too, if that is asked for.
 class ContentBudget {
  public:
   /// No scene needs as much.
@@ -19,12 +22,16 @@ class ContentBudget {
   /// These throw FileError (ReadError) when it is too much.
   void useText(std::string_view text);
   void use(std::uint64_t bytes);
+  void useNodes(std::uint64_t count);
+
+  void setNodeLimit(std::uint64_t count) { _nodesLeft = count; }
 
   std::uint64_t getUsed() const { return _used; }
 
  private:
   std::uint64_t _allowed = BYTES_OF_SMALL_FILE;
   std::uint64_t _used = 0;
+  std::uint64_t _nodesLeft = std::numeric_limits<std::uint64_t>::max();
 };
 
 }  // namespace lum::io

@@ -24,6 +24,9 @@ namespace lum::io {
 /// arrived. Nodes whose arrays do not fit each other stay empty.
 class ArrayBinder {
  public:
+  /// The memory that a node takes for each of its arrays, while lists grow.
+  static constexpr std::size_t USE_BYTES = 24;
+
   /// Takes the arrays out of a field; other fields stay as they are.
   static void clear(const Field& field);
 

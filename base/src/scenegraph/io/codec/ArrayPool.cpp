@@ -9,27 +9,33 @@
 #include <vtkDataArray.h>
 #include <vtkSmartPointer.h>
 
-#include <string>
+#include <cstdint>
+#include <string_view>
 #include <unordered_map>
 
 namespace lum {
 
 namespace {
 
-// Smaller arrays are not worth their place in the table.
-constexpr std::uint64_t MIN_BYTES = 1024;
-
-bool isWorthSharing(const io::ChunkRow& row) {
-  return row.bytes() >= MIN_BYTES;
+/// What arrays that may be shared have in common, as one number: scenes may have a great many small arrays.
+std::uint64_t keyOf(const io::ChunkRow& row, std::string_view name) {
+  const std::uint64_t parts[] = {static_cast<std::uint64_t>(row.type), row.components, row.tuples, row.hash,
+                                 io::hashOf(name)};
+  return io::hashOf({reinterpret_cast<const char*>(parts), sizeof parts});
 }
 
-/// What arrays that may be shared have in common.
-std::string keyOf(const io::ChunkRow& row, const char* name) {
-  const std::uint64_t numbers[] = {static_cast<std::uint64_t>(row.type), row.components, row.tuples,
-                                   row.hash};
-  std::string key(reinterpret_cast<const char*>(numbers), sizeof numbers);
-  // An array without a name differs from one with an empty name.
-  return name != nullptr ? key.append("=").append(name) : key;
+std::string_view textOf(const char* name) {
+  return name != nullptr ? name : "";
+}
+
+/// An array without a name differs from one with an empty name.
+bool isNamed(vtkDataArray& array, const char* name) {
+  return (array.GetName() == nullptr) == (name == nullptr) && textOf(array.GetName()) == textOf(name);
+}
+
+bool hasShapeOf(vtkDataArray& array, const io::ChunkRow& row) {
+  const io::ChunkRow own = io::rowOf(array);
+  return own.type == row.type && own.components == row.components && own.tuples == row.tuples;
 }
 
 template <class Visit>
@@ -50,7 +56,7 @@ void visitArrays(const Field& field, Visit&& visit) {
 
 }  // namespace
 
-class ArrayPool::Table : public std::unordered_map<std::string, vtkSmartPointer<vtkDataArray>> {};
+class ArrayPool::Table : public std::unordered_map<std::uint64_t, vtkSmartPointer<vtkDataArray>> {};
 
 ArrayPool::ArrayPool() : _table(std::make_unique<Table>()) {}
 ArrayPool::~ArrayPool() = default;
@@ -70,17 +76,14 @@ void ArrayPool::addAll(Node& root) {
 }
 
 void ArrayPool::add(vtkDataArray& array, const io::ChunkRow& row) {
-  if (isWorthSharing(row)) {
-    _table->try_emplace(keyOf(row, array.GetName()), &array);
-  }
+  _table->try_emplace(keyOf(row, textOf(array.GetName())), &array);
 }
 
 vtkDataArray* ArrayPool::find(const io::ChunkRow& row, const char* name) const {
-  if (!isWorthSharing(row)) {
-    return nullptr;
-  }
-  const auto found = _table->find(keyOf(row, name));
-  return found != _table->end() ? found->second.Get() : nullptr;
+  const auto found = _table->find(keyOf(row, textOf(name)));
+  const bool isFound =
+      found != _table->end() && isNamed(*found->second, name) && hasShapeOf(*found->second, row);
+  return isFound ? found->second.Get() : nullptr;
 }
 
 }  // namespace lum

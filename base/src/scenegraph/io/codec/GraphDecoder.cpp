@@ -38,6 +38,7 @@ void GraphDecoder::setKnown(const KnownNodes& known, std::uint64_t& movableNodes
 Ptr<Node> GraphDecoder::decode(std::string_view bytes) {
   ByteReader graph(bytes);
   const std::size_t count = graph.count("nodes", MIN_NODE_BYTES);
+  _budget.useNodes(count);
   readChanged(graph);
   for (std::size_t i = 0; i < count; ++i) {
     try {
@@ -237,6 +238,7 @@ void GraphDecoder::readValues(ByteReader& in, Level& level, bool isNew) {
     if (!std::exchange(isWaiting, true)) {
       _binder.expectFor(*level.node, isNew);
     }
+    _budget.use(ArrayBinder::USE_BYTES * _chunks.size());
     for (const std::size_t chunk : _chunks) {
       _binder.expect(field.index, chunk);
     }

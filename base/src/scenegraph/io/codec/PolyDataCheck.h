@@ -12,8 +12,8 @@ class Node;
 
 namespace lum::io {
 
-/// Refuses poly data that does not fit together when nodes are written or read.
-/// The arrays must outlive the check, unchanged.
+/// Refuses poly data that does not fit together when nodes are written or read. An
+/// array that changes in between must say so (`Modified`).
 class PolyDataCheck {
  public:
   /// What is wrong with a node's poly data. Empty for valid poly data, or for a

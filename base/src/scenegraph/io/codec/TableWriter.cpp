@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <typeinfo>
+#include <utility>
 
 namespace lum::io {
 
@@ -179,10 +180,10 @@ std::uint64_t TableWriter::writeArray(vtkDataArray& array) {
 }
 
 void TableWriter::Table::take(ByteWriter& out) {
-  out.number(count);
-  out.bytes(rows.view().data(), rows.size());
-  count = 0;
-  rows.clear();
+  // Released with what is in them: tables may be large.
+  const ByteWriter taken = std::exchange(rows, {});
+  out.number(std::exchange(count, 0));
+  out.bytes(taken.view().data(), taken.size());
 }
 
 void TableWriter::take(ByteWriter& out) {

@@ -18,6 +18,9 @@ class UnknownParts {
   /// have many classes.
   void report(const TableReader& tables, const std::map<std::size_t, std::size_t>& nodeCounts);
 
+  /// Whether anything was reported.
+  bool hasAny() const { return !_reported.empty(); }
+
  private:
   void reportOnce(vemo::FindingCode code, const std::string& text);
 

@@ -4,6 +4,7 @@
 #include "scenegraph/io/codec/GraphDecoder.h"
 #include "scenegraph/io/codec/UnknownParts.h"
 #include "scenegraph/io/database/DatabaseFormat.h"
+#include "scenegraph/io/database/HostCall.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/scenegraph/io/ArrayPool.h>
 #include <vemo/scenegraph/io/FileError.h>
@@ -88,7 +89,9 @@ class SDBReader::Database {
     io::ArrayBinder binder;
     const Ptr<Node> root = decode(record, binder, sessionId);
     if (_arrayFilter) {
-      binder.filter(_arrayFilter);
+      binder.filter([this](Node& node, std::span<const std::size_t> chunks) {
+        return io::callHost([&] { return _arrayFilter(node, chunks); });
+      });
     }
     countArrays(record, binder);
     const std::vector<std::size_t> expected = binder.getExpected();
@@ -127,6 +130,10 @@ class SDBReader::Database {
   }
 
  private:
+  void advance(std::uint64_t bytes) {
+    io::callHost([&] { _progress.advance(bytes); });
+  }
+
   /// All records of a file may be read together, and each any number of times.
   Ptr<Node> decode(std::size_t record, io::ArrayBinder& binder, int sessionId) {
     std::uint64_t& used = _usedByRecord[record].content;
@@ -137,7 +144,7 @@ class SDBReader::Database {
     io::GraphDecoder decoder(_index.getTables(), binder, budget, sessionId);
     const std::string_view graph = _index.getRecords()[record].graph;
     Ptr<Node> root = decoder.decode(graph);
-    _progress.advance(graph.size());
+    advance(graph.size());
     used = budget.getUsed() - before;
     _used.content += used;
     _unknown.report(_index.getTables(), decoder.getNodeCounts());
@@ -223,7 +230,7 @@ class SDBReader::Database {
         [&] {
           _source.seek(_index.getOffset(chunk));
           action(row);
-          _progress.advance(row.bytes());
+          advance(row.bytes());
         });
   }
 
@@ -287,23 +294,27 @@ std::vector<SDBReader::Array> SDBReader::getArrays() const {
 }
 
 Ptr<Node> SDBReader::readNode(std::size_t record, int sessionId, ArrayPool* pool) {
-  return at([&] { return fmt::format("{}: Record {}", _path, record); },
-            [&] {
-              requireBelow(_records.size(), record, "records");
-              return _database->readNode(record, sessionId, pool);
-            });
+  return io::passOnHostFailure([&] {
+    return at([&] { return fmt::format("{}: Record {}", _path, record); },
+              [&] {
+                requireBelow(_records.size(), record, "records");
+                return _database->readNode(record, sessionId, pool);
+              });
+  });
 }
 
 SDBReader::CheckedRecord SDBReader::checkRecord(std::size_t record,
                                                 const std::set<std::size_t>& damagedArrays) {
   CheckedRecord checked;
   std::vector<std::string> faults;
-  try {
-    requireBelow(_records.size(), record, "records");
-    checked.node = _database->checkRecord(record, damagedArrays, faults);
-  } catch (const io::FileError& error) {
-    faults.emplace_back(error.what());
-  }
+  io::passOnHostFailure([&] {
+    try {
+      requireBelow(_records.size(), record, "records");
+      checked.node = _database->checkRecord(record, damagedArrays, faults);
+    } catch (const io::FileError& error) {
+      faults.emplace_back(error.what());
+    }
+  });
   for (const std::string& fault : faults) {
     checked.faults.push_back(fmt::format("{}: Record {}: {}", _path, record, fault));
   }
@@ -311,11 +322,13 @@ SDBReader::CheckedRecord SDBReader::checkRecord(std::size_t record,
 }
 
 void SDBReader::checkArray(std::size_t array) {
-  at([this] { return _path; },
-     [&] {
-       requireBelow(_database->getIndex().getTables().getChunks().size(), array, "arrays");
-       _database->checkChunk(array);
-     });
+  io::passOnHostFailure([&] {
+    at([this] { return _path; },
+       [&] {
+         requireBelow(_database->getIndex().getTables().getChunks().size(), array, "arrays");
+         _database->checkChunk(array);
+       });
+  });
 }
 
 }  // namespace lum

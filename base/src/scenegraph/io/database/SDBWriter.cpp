@@ -3,6 +3,7 @@
 #include "scenegraph/io/codec/GraphEncoder.h"
 #include "scenegraph/io/codec/TableWriter.h"
 #include "scenegraph/io/database/DatabaseFormat.h"
+#include "scenegraph/io/database/HostCall.h"
 #include "scenegraph/io/database/OutputFile.h"
 #include <vemo/base/WidePath.h>
 #include <vemo/scenegraph/Logger.h>
@@ -60,7 +61,7 @@ class SDBWriter::Database final : private io::ArraySink {
     _file.fill(io::paddingAt(_file.getPosition()));
     row.hash = io::hashInBlocks(io::bytesOf(array), [this](std::string_view block) {
       _file.write(block.data(), block.size());
-      _progress.advance(block.size());
+      io::callHost([&] { _progress.advance(block.size()); });
     });
     ++_chunkCount;
   }
@@ -81,14 +82,16 @@ io::FileIoStatus SDBWriter::run(Operation&& operation) {
     _failure = cause;
     return status;
   };
-  try {
-    operation();
-    return io::FileIoStatus::Success;
-  } catch (const io::FileError& error) {
-    return fail(error.what(), error.getStatus());
-  } catch (const vemo::OS::FileWriteError& error) {
-    return fail(error.what(), io::FileIoStatus::WriteError);
-  }
+  return io::passOnHostFailure([&] {
+    try {
+      operation();
+      return io::FileIoStatus::Success;
+    } catch (const io::FileError& error) {
+      return fail(error.what(), error.getStatus());
+    } catch (const vemo::OS::FileWriteError& error) {
+      return fail(error.what(), io::FileIoStatus::WriteError);
+    }
+  });
 }
 
 SDBWriter::SDBWriter() = default;

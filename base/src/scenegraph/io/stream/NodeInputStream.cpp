@@ -47,6 +47,8 @@ class NodeInputStream::Connection {
 
   int getSessionId() const { return _sessionId; }
 
+  void setNodeLimit(std::uint64_t count) { _budget.setNodeLimit(count); }
+
   void readScene(io::InputSource& source) {
     // Numbers are out of step after a failure.
     if (std::exchange(_isBroken, true)) {
@@ -108,6 +110,10 @@ class NodeInputStream::Connection {
         std::ranges::count_if(expected, [this](std::size_t chunk) { return !_binder.has(chunk); }));
   }
 
+  std::size_t getUnusedArrayCount() {
+    return _unknown.hasAny() ? 0 : _tables.getChunks().size() - _binder.getExpected().size();
+  }
+
  private:
   Ptr<Node> readMessage(io::InputSource& source, bool hasLists, std::uint64_t& movableNodes) {
     std::uint64_t sizeAndHash[2];
@@ -167,6 +173,10 @@ class NodeInputStream::Connection {
 NodeInputStream::NodeInputStream(int sessionId) : _connection(std::make_unique<Connection>(sessionId)) {}
 NodeInputStream::~NodeInputStream() = default;
 
+void NodeInputStream::setNodeLimit(std::uint64_t count) {
+  _connection->setNodeLimit(count);
+}
+
 void NodeInputStream::readScene(std::istream& in) {
   io::InputSource source(in);
   _connection->readScene(source);
@@ -187,6 +197,10 @@ std::vector<Ptr<Node>> NodeInputStream::getRoots() const {
 
 std::size_t NodeInputStream::getMissingArrayCount() const {
   return _connection->getMissingArrayCount();
+}
+
+std::size_t NodeInputStream::getUnusedArrayCount() const {
+  return _connection->getUnusedArrayCount();
 }
 
 }  // namespace lum

@@ -54,6 +54,10 @@ class ArchiveReader {
   /// The entries that were never asked for, in ascending order of names.
   std::vector<std::string> getUnusedEntries() const;
 
+ protected:
+  /// Once nobody asks for entries any more, nor which were used.
+  void forgetUses() { _used.clear(); }
+
  private:
   /// Of content that is used anyway.
   virtual void reportFlaws(const ZipFileReader::ContentFlaws& flaws, const std::string& entryName) = 0;

@@ -8,9 +8,7 @@
 #include <vemo/base/Vector.h>
 
 #include <vtkCellArray.h>
-#include <vtkCellData.h>
 #include <vtkFloatArray.h>
-#include <vtkPointData.h>
 #include <vtkPoints.h>
 #include <vtkPolyData.h>
 #include <vtkUnsignedCharArray.h>
@@ -40,15 +38,6 @@ void group(vtkFloatArray& values, int components) {
   const vtkIdType tuples = values.GetNumberOfValues() / components;
   values.SetNumberOfComponents(components);
   values.SetNumberOfTuples(tuples);
-}
-
-/// The arrays in their order, then which of them are the normals.
-void appendArrays(std::vector<const vtkObjectBase*>& content, vtkDataSetAttributes& data) {
-  for (int i = 0; i < data.GetNumberOfArrays(); ++i) {
-    content.push_back(data.GetAbstractArray(i));
-  }
-  content.push_back(nullptr);
-  content.push_back(data.GetNormals());
 }
 
 }  // namespace
@@ -161,12 +150,19 @@ vtkSmartPointer<vtkFloatArray> DecodedEntries::getNormals(vtkPolyData& polyData,
   return normals;
 }
 
-vtkSmartPointer<vtkPolyData> DecodedEntries::share(vtkPolyData& polyData) {
-  std::vector<const vtkObjectBase*> content{polyData.GetPoints(), polyData.GetVerts(), polyData.GetLines(),
-                                            polyData.GetPolys(), polyData.GetStrips()};
-  appendArrays(content, *polyData.GetPointData());
-  appendArrays(content, *polyData.GetCellData());
-  return _polyData.emplace(std::move(content), &polyData).first->second;
+std::shared_ptr<SharedPolyData> DecodedEntries::share(vtkPolyData& polyData) {
+  return *_polyData.insert(std::make_shared<SharedPolyData>(PolyDataContent(polyData))).first;
+}
+
+void DecodedEntries::clear() {
+  _floatCounts.clear();
+  _pendingFloats = nullptr;
+  _points.clear();
+  _arrays.clear();
+  _pixels.clear();
+  _cells.clear();
+  _normals.clear();
+  _polyData.clear();
 }
 
 }  // namespace vemo

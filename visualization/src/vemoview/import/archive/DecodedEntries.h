@@ -1,11 +1,14 @@
 #pragma once
 
 #include "geometry/Connectivity.h"
+#include "geometry/SharedPolyData.h"
 
 #include <vtkSmartPointer.h>
 
 #include <array>
 #include <map>
+#include <memory>
+#include <set>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -58,9 +61,11 @@ class DecodedEntries {
   /// that is read from the archive, and as a copy: very many cells may share very many points.
   vtkSmartPointer<vtkFloatArray> getNormals(vtkPolyData& polyData, bool areOfPoints);
 
-  /// The first poly data that has the very same points, cells and arrays, from now
-  /// on the given one if there is none.
-  vtkSmartPointer<vtkPolyData> share(vtkPolyData& polyData);
+  /// One for all poly data that have the very same points, cells and arrays.
+  std::shared_ptr<SharedPolyData> share(vtkPolyData& polyData);
+
+  /// Forgets all of it: from then on only the items have it.
+  void clear();
 
  private:
   vtkSmartPointer<vtkFloatArray> loadFloats(const std::string& entry);
@@ -80,8 +85,13 @@ class DecodedEntries {
   /// By the points and the cells of each kind.
   using Mesh = std::array<vtkSmartPointer<vtkObject>, 1 + CELL_KINDS.size()>;
   std::map<std::pair<Mesh, bool>, vtkSmartPointer<vtkFloatArray>> _normals;
-  /// By all that is in them, which they keep.
-  std::map<std::vector<const vtkObjectBase*>, vtkSmartPointer<vtkPolyData>> _polyData;
+  struct ByContent {
+    bool operator()(const std::shared_ptr<SharedPolyData>& left,
+                    const std::shared_ptr<SharedPolyData>& right) const {
+      return left->getContent() < right->getContent();
+    }
+  };
+  std::set<std::shared_ptr<SharedPolyData>, ByContent> _polyData;
 };
 
 }  // namespace vemo

@@ -44,7 +44,7 @@ struct ReadingLimits {
 
   /// Of elements in elements.
   std::size_t depth = MAX_DEPTH;
-  /// Elements and attributes.
+  /// Elements and attributes, and nodes of a scene graph.
   std::uint64_t elements = ELEMENTS_OF_SMALL_ARCHIVE;
   /// Of the text of the description.
   std::uint64_t descriptionBytes = DESCRIPTION_BYTES_OF_SMALL_ARCHIVE;

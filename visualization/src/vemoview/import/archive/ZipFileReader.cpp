@@ -9,10 +9,8 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <fcntl.h>
 #include <fmt/format.h>
 #include <system_error>
-#include <unistd.h>
 #include <utility>
 
 namespace vemo {
@@ -34,9 +32,7 @@ void checkFile(const std::wstring& path) {
     }
     throw IOException(std::generic_category().message(error));
   }
-  // Root may read what nobody is meant to.
-  const bool isMeantToBeRead = (status.st_mode & (S_IRUSR | S_IRGRP | S_IROTH)) != 0;
-  if (!isMeantToBeRead || ::faccessat(AT_FDCWD, toNativePath(path).c_str(), R_OK, AT_EACCESS) != 0) {
+  if ((status.st_mode & S_IRUSR) == 0) {
     throw IOException("No read permission");
   }
   // Opening a pipe would block until there is a writer.
@@ -83,6 +79,7 @@ void ZipFileReader::Archive::sortEntries() {
       std::unique(entries.begin(), entries.end(),
                   [](const ZipEntry& left, const ZipEntry& right) { return left.name == right.name; });
   entries.erase(repeated, entries.end());
+  entries.shrink_to_fit();
 }
 
 const ZipEntry* ZipFileReader::Archive::find(const std::string& name) const {

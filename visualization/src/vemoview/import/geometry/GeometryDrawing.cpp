@@ -29,7 +29,7 @@ vtkPolyDataMapper* GeometryItem::getMapper() {
   if (!_mapper) {
     _mapper = vtkSmartPointer<vtkPolyDataMapper>::New();
     VEMO_REQUIRE(_mapper, "Drawing needs VTK's OpenGL module");
-    _mapper->SetInputData(_polydata);
+    _mapper->SetInputData(getGeometry());
   }
   return _mapper;
 }
@@ -51,8 +51,9 @@ void GeometryItem::setRenderingFlags(vtkPolyDataMapper* mapper) {
 }
 
 void GeometryItem::setScalarArray(vtkPolyDataMapper* mapper, const std::string& name) {
-  const bool isOfCells = _polydata->GetCellData()->HasArray(name.c_str()) != 0;
-  const bool isOfPoints = !isOfCells && _polydata->GetPointData()->HasArray(name.c_str()) != 0;
+  vtkPolyData& polyData = *getGeometry();
+  const bool isOfCells = polyData.GetCellData()->HasArray(name.c_str()) != 0;
+  const bool isOfPoints = !isOfCells && polyData.GetPointData()->HasArray(name.c_str()) != 0;
   mapper->SetScalarVisibility(isOfCells || isOfPoints);
   if (isOfCells) {
     mapper->SetScalarModeToUseCellFieldData();

@@ -1,11 +1,11 @@
 #include "geometry/Connectivity.h"
 #include "geometry/NamedArrays.h"
+#include "geometry/SharedPolyData.h"
 #include "vemoview/import/geometry/GeometryDrawableBuilder.h"
 #include "vemoview/import/geometry/GeometryKeys.h"
 #include "vemoview/import/geometry/PointBounds.h"
 #include "vemoview/import/geometry/PolyDataReader.h"
 #include "vemoview/import/geometry/SharedSettings.h"
-#include "vemoview/import/geometry/SparePolyData.h"
 #include "vemoview/import/items/SharedCollection.h"
 #include "vemoview/import/reading/HeldFindings.h"
 #include "vemoview/import/reading/KeyTable.h"
@@ -101,7 +101,8 @@ void logArrays(const char* question, vtkDataSetAttributes& data) {
 
 }  // namespace
 
-GeometryItem::GeometryItem(const std::string& name) : GraphicsItem(name), _polydata(takePolyData()) {}
+GeometryItem::GeometryItem(const std::string& name)
+    : GraphicsItem(name), _polydata(std::make_shared<SharedPolyData>()) {}
 GeometryItem::~GeometryItem() = default;
 
 int GeometryItem::countItemsInList(Array_t<int> list) {
@@ -109,8 +110,8 @@ int GeometryItem::countItemsInList(Array_t<int> list) {
 }
 
 void GeometryItem::setGeometry(vtkPolyData* polyData, vtkPolyDataMapper* mapper, vtkProperty* property) {
-  _polydata = polyData;
-  _geometryType = _polydata ? determineType() : UNDETERMINED;
+  _polydata = polyData != nullptr ? std::make_shared<SharedPolyData>(*polyData) : nullptr;
+  _geometryType = polyData != nullptr ? determineType(*polyData) : UNDETERMINED;
   _mapper = mapper;
   if (property != nullptr) {
     _property = property;
@@ -118,7 +119,7 @@ void GeometryItem::setGeometry(vtkPolyData* polyData, vtkPolyDataMapper* mapper,
 }
 
 vtkPolyData* GeometryItem::getGeometry() const {
-  return _polydata;
+  return _polydata ? _polydata->keep() : nullptr;
 }
 
 void GeometryItem::setLineWidth(float width) {
@@ -169,18 +170,19 @@ void GeometryItem::readImpl(const QxElement& element, SceneFileReader* reader) {
       std::ranges::any_of(LIGHTING, [&](const char* key) { return values.isUnknown(key); });
   reportSettingsOutOfRange(element, *reader);
   setLineWidth(_settings.lineWidth);
+  const PolyDataLoan polyData;
   const bool isWanted = reader->startPart(element);
   if (isWanted) {
-    readGeometry(element, *reader);
-    _geometryType = determineType();
+    readGeometry(element, *polyData, *reader);
+    _geometryType = determineType(*polyData);
   } else {
-    _geometryType = outlineGeometry(element, *reader);
+    _geometryType = outlineGeometry(element, *polyData, *reader);
   }
   GeometrySettings::KEYS.markInapplicable(element, _geometryType);
   if (!_settings.hasLighting()) {
     element.markUnused("specularPower");
   }
-  reportUnused(values);
+  reportUnused(values, *polyData);
   if (_geometryType == SURFACE && !_settings.showFaces && !_settings.showEdges && !_settings.contour &&
       !held.reportHidden({SHOW_FACES, SHOW_EDGES, CONTOUR}, "the surface is hidden") &&
       element.findAttribute(SHOW_FACES) == nullptr) {
@@ -188,15 +190,10 @@ void GeometryItem::readImpl(const QxElement& element, SceneFileReader* reader) {
                    "The surface is hidden: it states neither faces nor edges");
   }
   held.release();
-  if (!isWanted) {
-    return;
+  if (isWanted && _geometryType == SURFACE) {
+    computeNormals(*polyData, *reader);
   }
-  if (_geometryType == SURFACE) {
-    computeNormals(*reader);
-  }
-  if (const auto shared = reader->getDecoded().share(*_polydata); shared != _polydata) {
-    returnPolyData(std::exchange(_polydata, shared));
-  }
+  _polydata = reader->getDecoded().share(*polyData);
 }
 
 void GeometryItem::reportSettingsOutOfRange(const QxElement& element, SceneFileReader& reader) const {
@@ -235,8 +232,8 @@ void GeometryItem::reportSettingsOutOfRange(const QxElement& element, SceneFileR
 }
 
 /// Values that neither the scene graph nor VTK uses.
-void GeometryItem::reportUnused(const ValueReader& values) const {
-  if (_geometryType != POINTS && _settings.pointScaleMode != 0 && _polydata->GetNumberOfVerts() > 0) {
+void GeometryItem::reportUnused(const ValueReader& values, vtkPolyData& polyData) const {
+  if (_geometryType != POINTS && _settings.pointScaleMode != 0 && polyData.GetNumberOfVerts() > 0) {
     values.getReader()->report(FindingCode::POINTS_NOT_SCALED,
                                std::string("The vertices of ") +
                                    (_geometryType == LINES ? "lines" : "a surface") + " are not scaled",
@@ -253,10 +250,10 @@ void GeometryItem::reportUnused(const ValueReader& values) const {
   }
 }
 
-void GeometryItem::readGeometry(const QxElement& element, SceneFileReader& reader) {
+void GeometryItem::readGeometry(const QxElement& element, vtkPolyData& polyData, SceneFileReader& reader) {
   GeometryEntries entries;
   GeometryEntries::KEYS.read(entries, element, &reader);
-  PolyDataReader data(*_polydata, _settings.smoothShading, reader.getDecoded(), reader);
+  PolyDataReader data(polyData, _settings.smoothShading, reader.getDecoded(), reader);
   reader.attempt([&] {
     const ReadingContext::AttributeScope scope(&reader, "points");
     data.readPoints(entries.points.value_or(""));
@@ -290,13 +287,12 @@ void GeometryItem::readGeometry(const QxElement& element, SceneFileReader& reade
   data.putArrays();
   _arraysLeftOut = data.getArraysLeftOut();
   if (data.hasAllCells()) {
-    reportTypeChange(entries, data, reader);
+    reportTypeChange(entries, data, determineType(polyData), reader);
   }
 }
 
 void GeometryItem::reportTypeChange(const GeometryEntries& entries, const PolyDataReader& data,
-                                    SceneFileReader& reader) const {
-  const GeometryType drawn = determineType();
+                                    GeometryType drawn, SceneFileReader& reader) {
   const auto report = [&](GeometryType stated, const char* reason) {
     reader.report(FindingCode::GEOMETRY_TYPE_CHANGED,
                   fmt::format("The geometry is drawn as {} instead of {}: {}", TYPE_NAMES[drawn],
@@ -314,7 +310,8 @@ void GeometryItem::reportTypeChange(const GeometryEntries& entries, const PolyDa
 
 /// Puts empty arrays in place of those that would be read: their names are what the
 /// conversion needs.
-GeometryItem::GeometryType GeometryItem::outlineGeometry(const QxElement& element, SceneFileReader& reader) {
+GeometryItem::GeometryType GeometryItem::outlineGeometry(const QxElement& element, vtkPolyData& polyData,
+                                                         SceneFileReader& reader) {
   GeometryEntries entries;
   GeometryEntries::KEYS.read(entries, element, &reader);
   NamedArrays ofPoints;
@@ -329,8 +326,8 @@ GeometryItem::GeometryType GeometryItem::outlineGeometry(const QxElement& elemen
       (array.isOfPoints ? ofPoints : ofCells).put(*values);
     }
   }
-  ofPoints.addTo(*_polydata->GetPointData());
-  ofCells.addTo(*_polydata->GetCellData());
+  ofPoints.addTo(*polyData.GetPointData());
+  ofCells.addTo(*polyData.GetCellData());
   const auto hasCells = [&reader](const std::optional<std::string>& entry) {
     return entry && reader.getArchive().getSize(*entry) > 0;
   };
@@ -341,18 +338,18 @@ GeometryItem::GeometryType GeometryItem::typeOf(bool hasFaces, bool hasLines) {
   return hasFaces ? SURFACE : hasLines ? LINES : POINTS;
 }
 
-GeometryItem::GeometryType GeometryItem::determineType() const {
-  return typeOf(_polydata->GetNumberOfPolys() > 0 || _polydata->GetNumberOfStrips() > 0,
-                _polydata->GetNumberOfLines() > 0);
+GeometryItem::GeometryType GeometryItem::determineType(vtkPolyData& polyData) {
+  return typeOf(polyData.GetNumberOfPolys() > 0 || polyData.GetNumberOfStrips() > 0,
+                polyData.GetNumberOfLines() > 0);
 }
 
-void GeometryItem::computeNormals(SceneFileReader& reader) {
+void GeometryItem::computeNormals(vtkPolyData& polyData, SceneFileReader& reader) const {
   const bool areOfPoints = _settings.smoothShading;
-  const auto normals = reader.getDecoded().getNormals(*_polydata, areOfPoints);
+  const auto normals = reader.getDecoded().getNormals(polyData, areOfPoints);
   if (areOfPoints) {
-    _polydata->GetPointData()->SetNormals(normals);
+    polyData.GetPointData()->SetNormals(normals);
   } else {
-    _polydata->GetCellData()->SetNormals(normals);
+    polyData.GetCellData()->SetNormals(normals);
   }
 }
 
@@ -368,20 +365,22 @@ void GeometryItem::addToCollection(SharedBySiblings& shared, lum::DrawableCollec
   const bool isHidden = hasHiddenItems() || shared.hidesItemsIndividually;
   lum::DrawableCollection& own = shareCollection(collection, getName(), isHidden);
   const bool hidesDrawable = isVisible(own) ? isHidden : hasHiddenItems();
-  logContents(level);
+  const PolyDataLoan loan = _polydata->lend();
+  vtkPolyData& polyData = *loan;
+  logContents(polyData, level);
   switch (_geometryType) {
     case POINTS:
-      addTo<lum::PointSphereDrawable>(own, hidesDrawable, parentName, shared);
+      addTo<lum::PointSphereDrawable>(own, polyData, hidesDrawable, parentName, shared);
       break;
     case LINES:
       // Those that were not read have no points either.
-      if (_polydata->GetPoints() != nullptr) {
-        VEMO_REQUIRE(_polydata->GetLines()->GetNumberOfCells() > 0, "must be greater than zero");
+      if (polyData.GetPoints() != nullptr) {
+        VEMO_REQUIRE(polyData.GetLines()->GetNumberOfCells() > 0, "must be greater than zero");
       }
-      addTo<lum::PolyLineDrawable>(own, hidesDrawable, parentName, shared);
+      addTo<lum::PolyLineDrawable>(own, polyData, hidesDrawable, parentName, shared);
       break;
     case SURFACE:
-      addTo<lum::SurfaceDrawable>(own, hidesDrawable, parentName, shared);
+      addTo<lum::SurfaceDrawable>(own, polyData, hidesDrawable, parentName, shared);
       break;
     default:
       VEMO_LOG_ERROR("Unrecognized geometry, exiting");
@@ -396,8 +395,8 @@ bool GeometryItem::hasSettingsOfOthers(const lum::GeometryDrawable& drawable, co
 }
 
 template <class T>
-void GeometryItem::addTo(lum::DrawableCollection& collection, bool isHidden, const std::string& parentName,
-                         SharedBySiblings& shared) const {
+void GeometryItem::addTo(lum::DrawableCollection& collection, vtkPolyData& polyData, bool isHidden,
+                         const std::string& parentName, SharedBySiblings& shared) const {
   T& drawable = findDrawable<T>(collection, isHidden);
   const bool isShared = hasGeometry(drawable);
   PartsDrawn& parts = shared.partsDrawn[&drawable];
@@ -405,7 +404,7 @@ void GeometryItem::addTo(lum::DrawableCollection& collection, bool isHidden, con
   const SharedSettings before(drawable, parts);
   const bool isColoredByOther = shared.colormap == nullptr && hasColorTable(drawable);
   lum::PolyDataNode& node =
-      GeometryDrawableBuilder(_settings, *_polydata, drawable, *shared.pointBounds, shared.context)
+      GeometryDrawableBuilder(_settings, polyData, drawable, *shared.pointBounds, shared.context)
           .build(parentName);
   node.setArraysLeftOut(_arraysLeftOut);
   if (shared.geometryNodes != nullptr) {
@@ -440,17 +439,17 @@ void GeometryItem::addTo(lum::DrawableCollection& collection, bool isHidden, con
   }
   parts.isLightingUnknown =
       _settings.isLightingUnknown || (parts.isLightingUnknown && !_settings.hasLighting());
-  parts.lines = parts.lines || _polydata->GetNumberOfLines() > 0;
-  parts.points = parts.points || _geometryType == POINTS || _polydata->GetNumberOfVerts() > 0;
+  parts.lines = parts.lines || polyData.GetNumberOfLines() > 0;
+  parts.points = parts.points || _geometryType == POINTS || polyData.GetNumberOfVerts() > 0;
 }
 
-void GeometryItem::logContents(int level) const {
+void GeometryItem::logContents(vtkPolyData& polyData, int level) const {
   VEMO_LOG_INFO("***** GeometryItem::addToCollection, level " << level << " *****");
-  VEMO_LOG_INFO("*********** How many cells in polys? " << _polydata->GetNumberOfPolys());
-  logArrays("point", *_polydata->GetPointData());
-  logArrays("cell", *_polydata->GetCellData());
-  VEMO_LOG_INFO("*********** Has lines? " << (_polydata->GetNumberOfLines() > 0));
-  VEMO_LOG_INFO("*********** Has point data? " << (_polydata->GetPointData()->GetNumberOfArrays() > 0));
+  VEMO_LOG_INFO("*********** How many cells in polys? " << polyData.GetNumberOfPolys());
+  logArrays("point", *polyData.GetPointData());
+  logArrays("cell", *polyData.GetCellData());
+  VEMO_LOG_INFO("*********** Has lines? " << (polyData.GetNumberOfLines() > 0));
+  VEMO_LOG_INFO("*********** Has point data? " << (polyData.GetPointData()->GetNumberOfArrays() > 0));
 }
 
 }  // namespace vemo

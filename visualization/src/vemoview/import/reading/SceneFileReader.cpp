@@ -58,6 +58,11 @@ bool SceneFileReader::namesEntries(const QxElement& element) const {
   return !names.empty();
 }
 
+void SceneFileReader::dropDescription() {
+  _description.reset();
+  forgetUses();
+}
+
 void SceneFileReader::excuseEntriesOf(const QxElement& element) {
   addEntriesOf(element, _excused);
 }

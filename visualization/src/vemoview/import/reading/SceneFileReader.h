@@ -40,6 +40,8 @@ class SceneFileReader : public ArchiveReader, public ReadingContext {
   void dropUnlessNeeded(QxElement& element) const;
   /// Null unless it is kept and could be read.
   const QxElement* getDescription() const { return _description.get(); }
+  /// Once nobody asks for it any more, nor for the entries that were used.
+  void dropDescription();
 
   /// Whether the element, or one in it, names an entry of the archive.
   bool namesEntries(const QxElement& element) const;

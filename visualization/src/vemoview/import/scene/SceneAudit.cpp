@@ -62,7 +62,9 @@ void SceneAudit::run() {
     checkUnused(entry, reader);
   }
   checkNames(reader);
-  if (reader.getDescription() != nullptr) {
+  const bool isDescribed = reader.getDescription() != nullptr;
+  reader.dropDescription();
+  if (isDescribed) {
     _sceneNode = &_import->convert();
   }
 }

@@ -88,7 +88,8 @@ std::wstring SceneFormatHandler::convertZippedScene(const std::wstring& path,
   converter.setProgress(progress);
   try {
     converter.run();
-  } catch (const Cancelled&) {
+  } catch (...) {
+    // The host never learns its path.
     releaseTemporaryFile(temporaryPath);
     throw;
   }

@@ -15,6 +15,7 @@
 #include <vemo/scenegraph/io/NodeInputStream.h>
 #include <vemo/scenegraph/io/SceneGraphReader.h>
 
+#include <algorithm>
 #include <fmt/format.h>
 #include <map>
 #include <utility>
@@ -57,7 +58,6 @@ void reportAbout(const std::string& entry, ReadingContext& context, Function&& f
 /// Releases each data file once it is decoded: arrays may take most of the memory.
 void decodeDataFiles(Scene& scene, lum::NodeInputStream& nodes, SceneFileReader& context) {
   lum::SceneGraphReader reader(nodes);
-  std::size_t damaged = 0;
   for (const std::string& entry : context.getPayloadEntries()) {
     if (scene.getLUMDataFiles().empty()) {
       // An audit goes on although this one could not be read.
@@ -68,15 +68,28 @@ void decodeDataFiles(Scene& scene, lum::NodeInputStream& nodes, SceneFileReader&
     reportAbout(entry, context, [&] {
       if (!reader.loadVtkDataFromInputStream(dataStream)) {
         VEMO_LOG_INFO("Error parsing data input stream!");
-        ++damaged;
       }
     });
   }
+  // Also after damage was reported, which need not be that of these arrays.
   const std::size_t missing = nodes.getMissingArrayCount();
-  if (missing > damaged) {
-    reportDamage(
-        fmt::format("{} of the arrays of the scene graph are not in the archive; geometry is missing",
-                    missing - damaged));
+  if (missing > 0) {
+    reportDamage(fmt::format(
+        "{} of the arrays of the scene graph are missing or damaged; geometry is left out", missing));
+  }
+}
+
+/// What the streams have beside the scene.
+void reportUnused(const lum::SceneNode& scene, lum::NodeInputStream& nodes) {
+  const auto others = std::ranges::count_if(
+      nodes.getRoots(), [&scene](const lum::Ptr<lum::Node>& root) { return root.get() != &scene; });
+  if (others > 0) {
+    reportFinding(FindingCode::PAYLOAD_UNUSED,
+                  fmt::format("{} of the graphs in the archive are not part of its scene", others));
+  }
+  if (const std::size_t arrays = nodes.getUnusedArrayCount()) {
+    reportFinding(FindingCode::PAYLOAD_UNUSED,
+                  fmt::format("{} of the arrays of the scene graph are of no node", arrays));
   }
 }
 
@@ -100,13 +113,16 @@ void decodeScene(Scene& scene, lum::NodeInputStream& nodes, ReadingContext& cont
 SceneNodePtr decode(Scene& scene, int session, SceneFileReader& context) {
   VEMO_LOG_INFO("\n\tparcing new, lum-based, format");
   lum::NodeInputStream nodes(session);
+  nodes.setNodeLimit(context.getLimits().elements);
   decodeScene(scene, nodes, context);
   decodeDataFiles(scene, nodes, context);
   const auto found = lum::NodeRegistry::getSingleton(session).getNodes(lum::SceneNode::getClassName());
   if (found.size() != 1) {
     failToDecode(fmt::format("The scene graph has {} scene nodes", found.size()));
   }
-  return SceneNodePtr(found.front());
+  const SceneNodePtr sceneNode(found.front());
+  reportUnused(*sceneNode, nodes);
+  return sceneNode;
 }
 
 void setUpCanvases(lum::SceneNode& sceneNode) {
@@ -225,6 +241,8 @@ lum::SceneNode& SceneImport::convert() {
   } else {
     _reader.callAndLocateFailures([this] { _sceneNode = convertItems(*_scene, _reader, nullptr); });
   }
+  // The scene graph has all of it that is needed from here on.
+  _scene.reset();
   VEMO_REQUIRE(_sceneNode, "The scene node is expected to be created by this moment");
   return *_sceneNode;
 }

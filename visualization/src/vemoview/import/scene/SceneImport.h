@@ -28,7 +28,7 @@ class SceneImport {
 
   void read();
   /// Must come after reading. A scene graph that the archive carries is passed
-  /// through, otherwise the items are converted one by one.
+  /// through, otherwise the items are converted one by one. Releases the items.
   lum::SceneNode& convert();
 
   /// Must be called before reading: only the parts of the geometry that the function wants

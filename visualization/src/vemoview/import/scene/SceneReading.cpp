@@ -66,8 +66,9 @@ std::unique_ptr<Scene>& SceneFileReader::read(std::unique_ptr<Scene>& result) {
   VEMO_LOG_INFO("SceneFileReader::read: " << getArchive().getEntryCount() << " entries found inside");
   readPayload(*result, *this);
   reportUnreadContent(*_description, *this);
+  getDecoded().clear();
   if (!_keepsDescription) {
-    _description.reset();
+    dropDescription();
   }
   return result;
 }

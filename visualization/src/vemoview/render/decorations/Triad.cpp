@@ -6,6 +6,7 @@
 #include "vemoview/render/vtk/PropGroup.h"
 #include "vemoview/render/vtk/Screen.h"
 #include "vemoview/render/vtk/View.h"
+#include "vemoview/resolve/decorations/TriadResolver.h"
 #include <vemo/base/Vector.h>
 #include <vemo/resolve/Decoration.h>
 
@@ -24,7 +25,6 @@
 #include <vtkTransformPolyDataFilter.h>
 #include <vtkUnsignedCharArray.h>
 
-#include <algorithm>
 #include <array>
 #include <memory>
 #include <vector>
@@ -129,15 +129,8 @@ class MovedTriad {
   }
 
   void update(vtkRenderer& renderer) {
-    const auto canvas = sizeInPixels(renderer);
-    // The corner of a window that is higher than wide has to hold all of it, however it turns.
-    const double share = _camera != nullptr ? std::min(1.0, canvas[0] / canvas[1]) : 1.0;
-    const double labelHeight = std::min(_triad.labelHeight * windowHeight(renderer),
-                                        TriadDecoration::MOST_LABEL_HEIGHT * share * canvas[1]);
-    const double perUnit = pixelsPerUnit(renderer, _triad.position);
-    const double axisLength = !_triad.hasScreenSize ? TriadDecoration::LENGTH * share
-                              : perUnit > 0.0 ? TriadDecoration::LENGTH_IN_LABELS * labelHeight / perUnit
-                                              : TriadDecoration::UNSEEN_LENGTH;
+    const auto [labelHeight, axisLength] = drawnSize(
+        _triad, {windowHeight(renderer), sizeInPixels(renderer), pixelsPerUnit(renderer, _triad.position)});
     const Axes axes = _camera != nullptr ? followed(renderer) : _triad.axes;
     setMatrix(axisLength, axes);
     if (_triad.hasScreenSize) {

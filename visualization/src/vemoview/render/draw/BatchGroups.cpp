@@ -324,12 +324,16 @@ std::vector<std::vector<MeshInstance>> groupIntoBatches(std::vector<MeshInstance
       }
     }
   }
+  std::vector<std::size_t> sizes(meshes.size());
+  for (const std::size_t leader : leaders) {
+    ++sizes[leader];
+  }
   std::vector<std::vector<MeshInstance>> result;
   std::vector<std::size_t> indices(meshes.size());
   for (std::size_t i = 0; i < meshes.size(); ++i) {
     if (leaders[i] == i) {
       indices[i] = result.size();
-      result.emplace_back();
+      result.emplace_back().reserve(sizes[i]);
     }
     result[indices[leaders[i]]].push_back(std::move(meshes[i]));
   }

@@ -1,12 +1,12 @@
 #include "vemoview/render/resources/Textures.h"
 
+#include "vemoview/render/resources/ImageTexture.h"
 #include <vemo/resolve/Decoration.h>
 
 #include <vtkDataArray.h>
 #include <vtkImageData.h>
 #include <vtkNew.h>
 #include <vtkPointData.h>
-#include <vtkTexture.h>
 
 namespace vemo {
 
@@ -30,17 +30,8 @@ vtkSmartPointer<vtkTexture> makeTexture(const ImageDecoration& image) {
   const bool isColumn = image.width == 1;
   pixels->SetDimensions(isColumn ? 2 : image.width, image.height, 1);
   pixels->GetPointData()->SetScalars(isColumn ? twoColumns(*image.pixels) : image.pixels);
-  auto texture = vtkSmartPointer<vtkTexture>::New();
+  auto texture = vtkSmartPointer<ImageTexture>::New();
   texture->SetInputData(pixels);
-  // Bytes are colours already, grey ones too.
-  texture->SetColorModeToDirectScalars();
-  texture->InterpolateOn();
-  // Pixels that are drawn smaller become means, so that no fine lines are lost.
-  texture->MipmapOn();
-  // More makes enlarged pixels uneven in Mesa.
-  texture->SetMaximumAnisotropicFiltering(1.0F);
-  texture->RepeatOff();
-  texture->EdgeClampOn();
   return texture;
 }
 

@@ -1,5 +1,6 @@
 #include "vemoview/render/vtk/ClippedInput.h"
 
+#include "geometry/SharedData.h"
 #include "geometry/drawing/DrawableCells.h"
 #include "vemoview/render/vtk/Matrix.h"
 #include <vemo/base/Vector.h>
@@ -42,7 +43,7 @@ vtkSmartPointer<vtkPolyData> withFansOfLargePolygons(vtkPolyData& geometry) {
   }
   auto result = vtkSmartPointer<vtkPolyData>::New();
   result->SetPoints(geometry.GetPoints());
-  result->GetPointData()->ShallowCopy(geometry.GetPointData());
+  shareArrays(*geometry.GetPointData(), *result->GetPointData());
   vtkCellData& data = *result->GetCellData();
   data.CopyAllOn();
   data.CopyAllocate(geometry.GetCellData());

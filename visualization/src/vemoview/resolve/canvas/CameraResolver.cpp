@@ -14,7 +14,7 @@ namespace vemo {
 namespace {
 
 bool isDefault(const lum::CameraAttributes& camera) {
-  static const lum::Ptr<lum::CameraAttributes> fresh(
+  static const auto& fresh = *new lum::Ptr<lum::CameraAttributes>(
       new lum::CameraAttributes(lum::ClassNameNodeInitializer(lum::CameraAttributes::getClassName())));
   return camera.getPosition() == fresh->getPosition() && camera.getFocalPoint() == fresh->getFocalPoint() &&
          camera.getViewUp() == fresh->getViewUp() &&

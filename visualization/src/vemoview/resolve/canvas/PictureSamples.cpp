@@ -12,21 +12,21 @@ namespace {
 /// In each direction: pictures are drawn so much larger, for smooth edges.
 constexpr double SAMPLES_PER_PIXEL = 2.0;
 
-double areaOf(std::span<const PictureSamples::Place> corners) {
+}  // namespace
+
+PictureSamples::PictureSamples(const Vector<2, double>& size)
+    : _counts{SAMPLES_PER_PIXEL * USUAL_WIDTH * size[0], SAMPLES_PER_PIXEL * USUAL_HEIGHT * size[1]} {}
+
+double PictureSamples::areaOf(std::span<const Place> corners) {
   double doubled = 0.0;
-  PictureSamples::Place from = corners.back() - corners.front();
-  for (const PictureSamples::Place& corner : corners) {
-    const PictureSamples::Place to = corner - corners.front();
+  Place from = corners.back() - corners.front();
+  for (const Place& corner : corners) {
+    const Place to = corner - corners.front();
     doubled += from[0] * to[1] - from[1] * to[0];
     from = to;
   }
   return std::abs(doubled) / 2.0;
 }
-
-}  // namespace
-
-PictureSamples::PictureSamples(const Vector<2, double>& size)
-    : _counts{SAMPLES_PER_PIXEL * USUAL_WIDTH * size[0], SAMPLES_PER_PIXEL * USUAL_HEIGHT * size[1]} {}
 
 bool PictureSamples::isInside(std::span<const Place> corners, long& steps) const {
   // Wider than what rounding adds to a polygon without area.

@@ -24,6 +24,9 @@ class PictureSamples {
   /// @param steps counts the rows that this takes
   bool isInside(std::span<const Place> corners, long& steps) const;
 
+  /// Of a polygon, as a part of the canvas.
+  static double areaOf(std::span<const Place> corners);
+
   /// Whether a line passes a column or a row of them.
   bool isPassed(std::span<const Place> line) const;
 

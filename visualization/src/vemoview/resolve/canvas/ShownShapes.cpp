@@ -31,6 +31,11 @@ bool ShownShapes::showsFace(std::initializer_list<Vector3> corners) {
   return _corners.size() > 2 && _canvas.samples.isInside(project(), _stepCount);
 }
 
+std::span<const PictureSamples::Place> ShownShapes::shownPart(std::initializer_list<Vector3> corners) {
+  clip(corners);
+  return project();
+}
+
 void ShownShapes::clip(std::initializer_list<Vector3> corners) {
   ++_stepCount;
   _corners.assign(corners);

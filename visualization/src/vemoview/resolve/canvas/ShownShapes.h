@@ -34,6 +34,10 @@ class ShownShapes {
   /// @param corners of a convex polygon
   bool showsFace(std::initializer_list<Vector3> corners);
 
+  /// What the picture shows of a line or a convex polygon: nothing if it is outside. Valid until the
+  /// next call.
+  std::span<const PictureSamples::Place> shownPart(std::initializer_list<Vector3> corners);
+
   /// What all of them took: steps of about the same time.
   long stepCount() const { return _stepCount; }
 

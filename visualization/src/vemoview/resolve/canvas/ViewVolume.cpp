@@ -72,6 +72,13 @@ double ViewVolume::greatestDepthOf(const Box& box) const {
   return depth;
 }
 
+double ViewVolume::greatestCover(const Box& box, double nearest) const {
+  const double half = std::max(halfHeight(std::max(depthOf(box), nearest)), 0.0);
+  // At the corner of the picture, faces are seen from the side that face the viewer.
+  const double slant = _isParallel ? 1.0 : std::hypot(1.0, _slope, _slope * _shape);
+  return slant / (4.0 * half * half * _shape);
+}
+
 /// @param outward a unit vector of the picture
 /// @param halfSize in halves of the picture's height
 ClipPlane ViewVolume::side(const Vector3& outward, double halfSize) const {

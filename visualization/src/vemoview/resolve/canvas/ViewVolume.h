@@ -52,6 +52,10 @@ class ViewVolume {
   /// camera.
   double heightAt(double depth) const { return 2.0 * halfHeight(depth); }
 
+  /// The most of the picture that a face in a box covers for each unit of its area.
+  /// @param nearest what is closer to the camera is not seen
+  double greatestCover(const Box& box, double nearest) const;
+
   /// Down to which depth the picture shows less than a height: 0 or infinity in parallel
   /// projection.
   double depthOfHeight(double height) const;

@@ -3,6 +3,7 @@
 #include "geometry/Box.h"
 #include "vemoview/resolve/canvas/ViewVolume.h"
 #include "vemoview/resolve/decorations/TextStyleResolver.h"
+#include "vemoview/resolve/decorations/TriadResolver.h"
 #include <vemo/resolve/UsualPicture.h>
 
 #include <algorithm>
@@ -53,13 +54,9 @@ DecorationParts DecorationMeasure::operator()(const TextDecoration& text) const 
 }
 
 DecorationParts DecorationMeasure::operator()(const TriadDecoration& triad) const {
-  const double labelHeight =
-      std::min(USUAL_HEIGHT * triad.labelHeight, TriadDecoration::MOST_LABEL_HEIGHT * _canvasHeight);
-  const double unitsPerPixel = _view.heightAt(_view.depthOf(triad.position)) / _canvasHeight;
-  const double axisLength = !triad.hasScreenSize ? TriadDecoration::LENGTH
-                            : unitsPerPixel > 0.0
-                                ? TriadDecoration::LENGTH_IN_LABELS * labelHeight * unitsPerPixel
-                                : TriadDecoration::UNSEEN_LENGTH;
+  const double height = _view.heightAt(_view.depthOf(triad.position));
+  const auto [labelHeight, axisLength] =
+      drawnSize(triad, {USUAL_HEIGHT, _canvas, height > 0.0 ? _canvas[1] / height : 0.0});
   if (triad.camera) {
     return partsOfTurning(triad, axisLength, labelHeight);
   }

@@ -26,9 +26,9 @@ struct DecorationParts {
 class DecorationMeasure {
  public:
   /// @param view must outlive it, as must the measure
-  /// @param canvasHeight in pixels
-  DecorationMeasure(const ViewVolume& view, double canvasHeight, const TextMeasure& measureText)
-      : _view(view), _canvasHeight(canvasHeight), _measureText(measureText) {}
+  /// @param canvas its width and height in pixels
+  DecorationMeasure(const ViewVolume& view, const Vector<2, double>& canvas, const TextMeasure& measureText)
+      : _view(view), _canvas(canvas), _measureText(measureText) {}
 
   /// No parts for a text of which nothing is drawn.
   DecorationParts operator()(const TextDecoration& text) const;
@@ -39,7 +39,7 @@ class DecorationMeasure {
   void addText(const TextDecoration& text, double lineHeight, DecorationParts& result) const;
 
   const ViewVolume& _view;
-  double _canvasHeight;
+  Vector<2, double> _canvas;
   const TextMeasure& _measureText;
 };
 

@@ -1,6 +1,7 @@
 #include "vemoview/resolve/decorations/DecorationResolver.h"
 
 #include "vemoview/resolve/canvas/BackgroundResolver.h"
+#include "vemoview/resolve/decorations/FontResolver.h"
 #include "vemoview/resolve/decorations/ImageResolver.h"
 #include "vemoview/resolve/decorations/LegendResolver.h"
 #include "vemoview/resolve/decorations/TextResolver.h"
@@ -38,15 +39,15 @@ using Content = Decoration::Content;
 /// The decoration for a drawable, before it is placed; nothing if the drawable
 /// is not one, or cannot be drawn.
 std::optional<Content> resolveContent(const lum::Drawable& drawable, const CameraIndices& cameras,
-                                      ColorTables& tables) {
+                                      ColorTables& tables, FontResolver& fonts) {
   if (const auto* const triad = dynamic_cast<const lum::TriadDrawable*>(&drawable)) {
-    return resolveTriad(*triad, cameras);
+    return resolveTriad(*triad, cameras, fonts);
   }
   if (const auto* const legend = dynamic_cast<const lum::LegendDrawable*>(&drawable)) {
-    return resolveLegend(*legend, tables);
+    return resolveLegend(*legend, tables, fonts);
   }
   if (const auto* const text = dynamic_cast<const lum::TextDrawable*>(&drawable)) {
-    return resolveText(*text);
+    return resolveText(*text, fonts);
   }
   if (const auto* const image = dynamic_cast<const lum::ImageDrawable*>(&drawable)) {
     return resolveImage(*image);
@@ -156,12 +157,14 @@ void makeReadableOnDark(Content& content) {
 std::vector<Decoration> DecorationResolver::resolve(const std::vector<VisibleDrawable>& drawables,
                                                     const DrawableSet& visibleNow) {
   std::vector<Decoration> result;
+  // Not kept: until the next time, others may be installed.
+  FontResolver fonts;
   for (const VisibleDrawable& visible : drawables) {
     if (_taken.isFull) {
       break;
     }
     const NodeScope scope(*visible.drawable);
-    auto content = resolveContent(*visible.drawable, _cameras, _tables);
+    auto content = resolveContent(*visible.drawable, _cameras, _tables, fonts);
     if (!content) {
       continue;
     }

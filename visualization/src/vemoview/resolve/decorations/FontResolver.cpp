@@ -1,19 +1,14 @@
 #include "vemoview/resolve/decorations/FontResolver.h"
 
-#include "vemoview/resolve/decorations/FontFiles.h"
+#include "vemoview/resolve/decorations/InstalledFonts.h"
 #include "vemoview/resolve/values/ReadableText.h"
 #include <vemo/scenegraph/Findings.h>
 
-#include <fmt/format.h>
-#include <ft2build.h>
-#include FT_FREETYPE_H
-
 #include <algorithm>
 #include <cstddef>
-#include <optional>
+#include <fmt/format.h>
 #include <set>
 #include <utility>
-#include <vector>
 
 namespace vemo {
 
@@ -26,9 +21,6 @@ bool isBuiltIn(char32_t character) {
   constexpr char32_t LAST_OF_LATIN_1 = 0xFF;
   return character <= LAST_OF_LATIN_1 && !isLateControl(character);
 }
-
-/// VTK draws nothing for the characters beyond, whatever the font.
-constexpr char32_t LAST_DRAWN = 0xFFFF;
 
 Characters foreignOf(std::initializer_list<std::string_view> texts) {
   Characters result;
@@ -59,38 +51,15 @@ bool needsShaping(char32_t character) {
       RANGES, [=](const auto& range) { return range.first <= character && character <= range.second; });
 }
 
-/// Reads which characters fonts have.
-class FontReader {
- public:
-  FontReader() : _isOpen(FT_Init_FreeType(&_library) == 0) {}
-  ~FontReader() {
-    if (_isOpen) {
-      FT_Done_FreeType(_library);
+Characters missingIn(const FontCharacters& font, const Characters& wanted) {
+  Characters missing;
+  for (const char32_t character : wanted) {
+    if (character > LAST_DRAWN || !font[character]) {
+      missing.insert(character);
     }
   }
-  FontReader(const FontReader&) = delete;
-  FontReader& operator=(const FontReader&) = delete;
-
-  /// Nothing for a file that is not a font.
-  std::optional<Characters> missingIn(const std::string& file, const Characters& wanted) const {
-    FT_Face face = nullptr;
-    if (!_isOpen || FT_New_Face(_library, file.c_str(), 0, &face) != 0) {
-      return std::nullopt;
-    }
-    Characters missing;
-    for (const char32_t character : wanted) {
-      if (character > LAST_DRAWN || FT_Get_Char_Index(face, character) == 0) {
-        missing.insert(character);
-      }
-    }
-    FT_Done_Face(face);
-    return missing;
-  }
-
- private:
-  FT_Library _library = nullptr;
-  bool _isOpen;
-};
+  return missing;
+}
 
 /// The names of files that are most like the style, the best first.
 std::vector<std::string> namesLike(const TextStyle& style) {
@@ -158,8 +127,11 @@ void reportMissing(const Characters& missing, const std::string& owner, bool has
 
 }  // namespace
 
-std::string resolveFontFile(const TextStyle& style, std::initializer_list<std::string_view> texts,
-                            const std::string& owner) {
+FontResolver::FontResolver() = default;
+FontResolver::~FontResolver() = default;
+
+std::string FontResolver::resolve(const TextStyle& style, std::initializer_list<std::string_view> texts,
+                                  const std::string& owner) {
   Characters missing = foreignOf(texts);
   if (missing.empty()) {
     return {};
@@ -168,24 +140,42 @@ std::string resolveFontFile(const TextStyle& style, std::initializer_list<std::s
     reportFinding(FindingCode::TEXT_NOT_SHAPED,
                   owner + " is drawn from left to right, letter by letter, which is wrong for its script");
   }
-  const FontReader fonts;
   const Characters wanted = missing;
   std::string best;
-  const std::vector<std::string> files = findFontFiles();
-  for (const std::string& file : sortByLikeness(files, style)) {
+  InstalledFonts& fonts = installedFonts();
+  for (const std::string& file : filesLike(style)) {
     if (missing.empty()) {
       break;
     }
-    const auto left = fonts.missingIn(file, wanted);
-    if (left && left->size() < missing.size()) {
-      missing = *left;
+    const FontCharacters* const font = fonts.findCharacters(file);
+    if (font == nullptr) {
+      continue;
+    }
+    Characters left = missingIn(*font, wanted);
+    if (left.size() < missing.size()) {
+      missing = std::move(left);
       best = file;
     }
   }
   if (!missing.empty()) {
-    reportMissing(missing, owner, !files.empty());
+    reportMissing(missing, owner, !fonts.getFiles().empty());
   }
   return best;
+}
+
+InstalledFonts& FontResolver::installedFonts() {
+  if (_fonts == nullptr) {
+    _fonts = std::make_unique<InstalledFonts>();
+  }
+  return *_fonts;
+}
+
+const std::vector<std::string>& FontResolver::filesLike(const TextStyle& style) {
+  const auto [known, isNew] = _files.try_emplace({style.family, style.isBold, style.isItalic});
+  if (isNew) {
+    known->second = sortByLikeness(installedFonts().getFiles(), style);
+  }
+  return known->second;
 }
 
 }  // namespace vemo

@@ -28,7 +28,7 @@ constexpr int MAX_LABELS = 100;
 constexpr std::size_t MAX_TITLE_BYTES = 500;
 
 const lum::LegendAttributes& defaultAttributes() {
-  static const lum::Ptr<lum::LegendAttributes> attributes(
+  static const auto& attributes = *new lum::Ptr<lum::LegendAttributes>(
       new lum::LegendAttributes(lum::ClassNameNodeInitializer(lum::LegendAttributes::getClassName())));
   return *attributes;
 }
@@ -95,7 +95,8 @@ bool placeInWindow(LegendDecoration& legend, const std::string& what) {
 
 }  // namespace
 
-std::optional<LegendDecoration> resolveLegend(const lum::LegendDrawable& legend, ColorTables& tables) {
+std::optional<LegendDecoration> resolveLegend(const lum::LegendDrawable& legend, ColorTables& tables,
+                                              FontResolver& fonts) {
   const auto* const own = legend.findAttributes<lum::LegendAttributes>();
   const lum::LegendAttributes& attributes = own != nullptr ? *own : defaultAttributes();
   LegendDecoration result;
@@ -119,7 +120,7 @@ std::optional<LegendDecoration> resolveLegend(const lum::LegendDrawable& legend,
   result.isVertical = attributes.getOrientation() == lum::LegendOrientation::VERTICAL;
   result.labelCount = std::clamp(attributes.getNumberOfLabels(), 0, MAX_LABELS);
   result.labelFormat = resolveFormat(attributes.getLabelFormat(), what);
-  result.style = resolveTextStyle(style, {result.title, result.labelFormat}, what);
+  result.style = resolveTextStyle(style, {result.title, result.labelFormat}, what, fonts);
   result.lineHeight = resolveLineHeight(style, LEGEND_LINE_HEIGHT);
   reportUnsuitableFormat(result, what);
   if (result.labelCount > 0 || !result.title.empty()) {

@@ -11,7 +11,10 @@ class LegendDrawable;
 
 namespace vemo {
 
+class FontResolver;
+
 /// Nothing for a legend without a colour table, a place or a size.
-std::optional<LegendDecoration> resolveLegend(const lum::LegendDrawable& legend, ColorTables& tables);
+std::optional<LegendDecoration> resolveLegend(const lum::LegendDrawable& legend, ColorTables& tables,
+                                              FontResolver& fonts);
 
 }  // namespace vemo

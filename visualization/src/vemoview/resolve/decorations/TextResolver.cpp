@@ -17,7 +17,7 @@ constexpr double TEXT_LINE_HEIGHT = 0.04;
 
 }  // namespace
 
-std::optional<TextDecoration> resolveText(const lum::TextDrawable& text) {
+std::optional<TextDecoration> resolveText(const lum::TextDrawable& text, FontResolver& fonts) {
   const auto* const attributes = text.findAttributes<lum::AnnotationAttributes>();
   if (attributes == nullptr || isBlank(attributes->getText())) {
     return std::nullopt;
@@ -41,7 +41,7 @@ std::optional<TextDecoration> resolveText(const lum::TextDrawable& text) {
   }
   result.horizontal = static_cast<TextDecoration::Horizontal>(attributes->getHorizontalAlignment());
   result.vertical = static_cast<TextDecoration::Vertical>(attributes->getVerticalAlignment());
-  result.style = resolveTextStyle(style, {result.text}, what);
+  result.style = resolveTextStyle(style, {result.text}, what, fonts);
   result.lineHeight = resolveLineHeight(style, TEXT_LINE_HEIGHT);
   reportIfTooSmall(result.lineHeight, what);
   if (attributes->getText().size() <= MAX_TEXT_BYTES) {

@@ -40,12 +40,13 @@ void applyAttributes(const lum::TextAttributes& attributes, TextStyle& style) {
 }  // namespace
 
 TextStyle resolveTextStyle(const lum::TextAttributes* attributes,
-                           std::initializer_list<std::string_view> texts, const std::string& owner) {
+                           std::initializer_list<std::string_view> texts, const std::string& owner,
+                           FontResolver& fonts) {
   TextStyle style;
   if (attributes != nullptr) {
     applyAttributes(*attributes, style);
   }
-  style.fontFile = resolveFontFile(style, texts, owner);
+  style.fontFile = fonts.resolve(style, texts, owner);
   return style;
 }
 

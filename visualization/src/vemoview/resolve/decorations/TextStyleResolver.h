@@ -11,10 +11,13 @@
 
 namespace vemo {
 
+class FontResolver;
+
 /// How readable texts are written; null has the style of fresh attributes. The
 /// owner of the texts is for a finding.
 TextStyle resolveTextStyle(const lum::TextAttributes* attributes,
-                           std::initializer_list<std::string_view> texts, const std::string& owner);
+                           std::initializer_list<std::string_view> texts, const std::string& owner,
+                           FontResolver& fonts);
 
 /// The height of a line as a fraction of the window's, or the default where the
 /// attributes (or null) leave it open.

@@ -12,6 +12,7 @@
 
 #include <vtkMatrix4x4.h>
 
+#include <algorithm>
 #include <fmt/format.h>
 
 namespace vemo {
@@ -57,6 +58,17 @@ std::string resolveLabel(const std::string& text, double height, const std::stri
 
 }  // namespace
 
+TriadSize drawnSize(const TriadDecoration& triad, const TriadRoom& room) {
+  const double share = triad.camera ? std::min(1.0, room.canvas[0] / room.canvas[1]) : 1.0;
+  const double labelHeight = std::min(triad.labelHeight * room.windowHeight,
+                                      TriadDecoration::MOST_LABEL_HEIGHT * share * room.canvas[1]);
+  const double axisLength = !triad.hasScreenSize ? TriadDecoration::LENGTH * share
+                            : room.perUnit > 0.0
+                                ? TriadDecoration::LENGTH_IN_LABELS * labelHeight / room.perUnit
+                                : TriadDecoration::UNSEEN_LENGTH;
+  return {labelHeight, axisLength};
+}
+
 void transformTriad(TriadDecoration& triad, const InstanceTransform& transform) {
   for (Vector3& axis : triad.axes) {
     axis = unitVector(transformedDirection(transform, axis)).value_or(axis);
@@ -64,7 +76,8 @@ void transformTriad(TriadDecoration& triad, const InstanceTransform& transform) 
   triad.position = transformedPoint(&transform, triad.position);
 }
 
-std::optional<TriadDecoration> resolveTriad(const lum::TriadDrawable& triad, const CameraIndices& cameras) {
+std::optional<TriadDecoration> resolveTriad(const lum::TriadDrawable& triad, const CameraIndices& cameras,
+                                            FontResolver& fonts) {
   TriadDecoration result;
   if (const auto* const position = triad.findAttributes<lum::PositionAttributes>()) {
     result.position = position->getPosition();
@@ -86,7 +99,7 @@ std::optional<TriadDecoration> resolveTriad(const lum::TriadDrawable& triad, con
                      resolve(attributes->getYAxisLabelText(), "y"),
                      resolve(attributes->getZAxisLabelText(), "z")};
     const auto& [x, y, z] = *result.labels;
-    result.style = resolveTextStyle(triad.findAttributes<lum::TextAttributes>(), {x, y, z}, what);
+    result.style = resolveTextStyle(triad.findAttributes<lum::TextAttributes>(), {x, y, z}, what, fonts);
     reportIfTooSmall(result.labelHeight, what);
   }
   result.axes = resolveAxes(triad.findAttributes<lum::OrientationAttributes>());

@@ -74,7 +74,7 @@ class FlawFinder {
         _canvas(isOfModel ? *view.canvas : UsualCanvas{_windowView, PictureSamples(view.size)}),
         _clipPlanes(view.clipPlanes),
         _findsCut(!isOfModel || view.showsAll),
-        _measure(_canvas.view, _pixels[1], view.measureText) {}
+        _measure(_canvas.view, _pixels, view.measureText) {}
 
   Flaw find(const Decoration::Content& content) const {
     return isInModel(content) == _isOfModel ? std::visit(*this, content) : Flaw::NONE;

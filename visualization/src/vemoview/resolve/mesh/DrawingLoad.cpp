@@ -13,26 +13,27 @@
 
 #include <algorithm>
 #include <fmt/format.h>
+#include <unordered_set>
 
 namespace vemo {
 
 namespace {
 
-bool hasArray(vtkDataSetAttributes& data, const vtkAbstractArray* array) {
+std::unordered_set<const vtkAbstractArray*> arraysOf(vtkDataSetAttributes& data) {
+  std::unordered_set<const vtkAbstractArray*> arrays;
   for (int i = 0; i < data.GetNumberOfArrays(); ++i) {
-    if (data.GetAbstractArray(i) == array) {
-      return true;
-    }
+    arrays.insert(data.GetAbstractArray(i));
   }
-  return false;
+  return arrays;
 }
 
 /// The tuples of arrays that others do not have.
 vtkIdType countTuples(vtkDataSetAttributes& data, vtkDataSetAttributes& others) {
+  const auto known = arraysOf(others);
   vtkIdType tuples = 0;
   for (int i = 0; i < data.GetNumberOfArrays(); ++i) {
     vtkAbstractArray& array = *data.GetAbstractArray(i);
-    tuples += hasArray(others, &array) ? 0 : array.GetNumberOfTuples();
+    tuples += known.contains(&array) ? 0 : array.GetNumberOfTuples();
   }
   return tuples;
 }

@@ -1,5 +1,6 @@
 #include "vemoview/resolve/mesh/MeshResolver.h"
 
+#include "geometry/NamedArrays.h"
 #include "geometry/Normals.h"
 #include "scenegraph/coloring/ColoringScalars.h"
 #include "vemoview/resolve/mesh/AppearanceResolver.h"
@@ -224,11 +225,13 @@ class MeshBuilder {
 
   /// The arrays that fit and that the data do not have yet.
   static void putAll(const lum::ArrayTable& arrays, vtkIdType tuples, vtkDataSetAttributes& data) {
+    NamedArrays fitting;
     for (const auto& array : arrays) {
-      if (array->GetNumberOfTuples() == tuples && !data.HasArray(array->GetName())) {
-        data.AddArray(array);
+      if (array->GetNumberOfTuples() == tuples) {
+        fitting.put(*array);
       }
     }
+    fitting.addTo(data);
   }
 
   /// The drawable cells of the kind that has the appearance.

@@ -1,6 +1,8 @@
 #include "vemoview/resolve/mesh/PointScaling.h"
 
 #include "geometry/Cells.h"
+#include "geometry/SharedData.h"
+#include "geometry/drawing/SelectedData.h"
 #include "vemoview/resolve/mesh/ArrayLookup.h"
 #include "vemoview/resolve/values/NodeFindings.h"
 #include "vemoview/resolve/values/UsableValues.h"
@@ -122,12 +124,9 @@ std::array<SizeClass, SIZES> sortVertices(vtkCellArray& vertices, vtkDataArray& 
 vtkSmartPointer<vtkPolyData> partOf(vtkPolyData& whole, const SizeClass& size) {
   auto part = vtkSmartPointer<vtkPolyData>::New();
   part->SetPoints(whole.GetPoints());
-  part->GetPointData()->ShallowCopy(whole.GetPointData());
+  shareArrays(*whole.GetPointData(), *part->GetPointData());
   part->SetVerts(size.vertices);
-  part->GetCellData()->CopyAllocate(whole.GetCellData(), size.origins->GetNumberOfIds());
-  for (vtkIdType i = 0; i < size.origins->GetNumberOfIds(); ++i) {
-    part->GetCellData()->CopyData(whole.GetCellData(), size.origins->GetId(i), i);
-  }
+  selectData(*whole.GetCellData(), *part->GetCellData(), *size.origins);
   return part;
 }
 

@@ -1,5 +1,6 @@
 #include "vemoview/resolve/mesh/PreparedMeshes.h"
 
+#include "geometry/SharedData.h"
 #include "geometry/drawing/DrawableCells.h"
 #include "geometry/drawing/LitFaces.h"
 #include "geometry/drawing/PolygonFans.h"
@@ -63,8 +64,7 @@ vtkSmartPointer<vtkPolyData> withoutNormals(vtkPolyData& geometry) {
   if (geometry.GetPointData()->GetNormals() == nullptr && geometry.GetCellData()->GetNormals() == nullptr) {
     return &geometry;
   }
-  auto result = vtkSmartPointer<vtkPolyData>::New();
-  result->ShallowCopy(&geometry);
+  auto result = shallowCopy(geometry);
   result->GetPointData()->SetNormals(nullptr);
   result->GetCellData()->SetNormals(nullptr);
   return result;

@@ -1,4 +1,7 @@
-#include "vemoview/resolve/decorations/FontFiles.h"
+#include "vemoview/resolve/decorations/InstalledFonts.h"
+
+#include <ft2build.h>
+#include FT_FREETYPE_H
 
 #include <algorithm>
 #include <cstdlib>
@@ -35,8 +38,6 @@ bool isFont(const fs::path& file) {
   return extension == ".ttf" || extension == ".otf" || extension == ".ttc";
 }
 
-}  // namespace
-
 std::vector<std::string> findFontFiles() {
   std::vector<std::string> files;
   for (const fs::path& folder : fontFolders()) {
@@ -53,6 +54,50 @@ std::vector<std::string> findFontFiles() {
     std::sort(files.begin() + first, files.end());
   }
   return files;
+}
+
+}  // namespace
+
+class InstalledFonts::Reader {
+ public:
+  Reader() : _isOpen(FT_Init_FreeType(&_library) == 0) {}
+  ~Reader() {
+    if (_isOpen) {
+      FT_Done_FreeType(_library);
+    }
+  }
+  Reader(const Reader&) = delete;
+  Reader& operator=(const Reader&) = delete;
+
+  std::unique_ptr<const FontCharacters> read(const std::string& file) const {
+    FT_Face face = nullptr;
+    if (!_isOpen || FT_New_Face(_library, file.c_str(), 0, &face) != 0) {
+      return nullptr;
+    }
+    auto characters = std::make_unique<FontCharacters>();
+    FT_UInt glyph = 0;
+    for (FT_ULong character = FT_Get_First_Char(face, &glyph); glyph != 0 && character <= LAST_DRAWN;
+         character = FT_Get_Next_Char(face, character, &glyph)) {
+      characters->set(character);
+    }
+    FT_Done_Face(face);
+    return characters;
+  }
+
+ private:
+  FT_Library _library = nullptr;
+  bool _isOpen;
+};
+
+InstalledFonts::InstalledFonts() : _files(findFontFiles()), _reader(std::make_unique<const Reader>()) {}
+InstalledFonts::~InstalledFonts() = default;
+
+const FontCharacters* InstalledFonts::findCharacters(const std::string& file) {
+  const auto [known, isNew] = _characters.try_emplace(file);
+  if (isNew) {
+    known->second = _reader->read(file);
+  }
+  return known->second.get();
 }
 
 }  // namespace vemo

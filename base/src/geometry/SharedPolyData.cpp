@@ -1,0 +1,49 @@
+#include "geometry/SharedPolyData.h"
+
+#include "base/MemoryReserve.h"
+
+#include <vtkPolyData.h>
+
+#include <utility>
+
+namespace vemo {
+
+namespace {
+
+thread_local vtkSmartPointer<vtkPolyData> spare;
+
+}  // namespace
+
+PolyDataLoan::PolyDataLoan()
+    : _polyData(spare != nullptr ? std::exchange(spare, nullptr) : vtkSmartPointer<vtkPolyData>::New()) {}
+
+PolyDataLoan::PolyDataLoan(const PolyDataContent& content) : PolyDataLoan() {
+  content.putInto(*_polyData);
+}
+
+PolyDataLoan::PolyDataLoan(vtkSmartPointer<vtkPolyData> kept) : _polyData(std::move(kept)), _isKept(true) {}
+
+PolyDataLoan::~PolyDataLoan() {
+  if (_isKept) {
+    return;
+  }
+  OS::stopWithoutMemory([this] {
+    _polyData->Initialize();
+    spare = std::move(_polyData);
+  });
+}
+
+SharedPolyData::SharedPolyData(PolyDataContent content) : _content(std::move(content)) {}
+
+SharedPolyData::SharedPolyData(vtkPolyData& polyData) : _polyData(&polyData) {}
+
+vtkPolyData* SharedPolyData::keep() {
+  if (_polyData == nullptr) {
+    auto made = vtkSmartPointer<vtkPolyData>::New();
+    _content.putInto(*made);
+    _polyData = made;
+  }
+  return _polyData;
+}
+
+}  // namespace vemo

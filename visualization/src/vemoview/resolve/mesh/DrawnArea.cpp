@@ -1,0 +1,383 @@
+#include "vemoview/resolve/mesh/DrawnArea.h"
+
+#include "geometry/Bounds.h"
+#include "geometry/Cells.h"
+#include "geometry/Points.h"
+#include "vemoview/resolve/canvas/ShownShapes.h"
+#include "vemoview/resolve/drawables/InstanceBounds.h"
+#include "vemoview/resolve/values/NodeFindings.h"
+#include <vemo/resolve/SceneTooLarge.h>
+#include <vemo/resolve/UsualPicture.h>
+#include <vemo/scenegraph/drawables/Drawable.h>
+#include <vemo/scenegraph/drawables/PolyDataNode.h>
+
+#include <vtkCellArray.h>
+#include <vtkPoints.h>
+#include <vtkPolyData.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <fmt/format.h>
+#include <set>
+#include <variant>
+
+namespace vemo {
+
+namespace {
+
+using Kind = Appearance::Kind;
+using Place = PictureSamples::Place;
+
+constexpr double PIXELS = 1.0 * USUAL_WIDTH * USUAL_HEIGHT;
+
+/// Calls visit(corner, corner, corner) for the triangles of all faces.
+template <class Visit>
+void forEachTriangleOf(vtkPolyData& geometry, const Visit& visit) {
+  forEachFace(geometry, [&visit](const auto& corners) {
+    for (std::size_t i = 2; i < corners.size(); ++i) {
+      visit(corners[0], corners[i - 1], corners[i]);
+    }
+  });
+}
+
+/// Calls visit(from, to) for all lines, and for the edges of all faces.
+template <class Visit>
+void forEachSegment(vtkPolyData& geometry, const Visit& visit) {
+  forEachCell(*geometry.GetLines(), [&visit](const auto& corners) {
+    for (std::size_t i = 1; i < corners.size(); ++i) {
+      visit(corners[i - 1], corners[i]);
+    }
+  });
+  forEachFace(geometry, [&visit](const auto& corners) {
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+      visit(corners[i], corners[(i + 1) % corners.size()]);
+    }
+  });
+}
+
+/// Of corners beyond as many as the first ones of each cell.
+double countCorners(vtkCellArray& cells, double first) {
+  return static_cast<double>(cells.GetNumberOfConnectivityIds()) -
+         first * static_cast<double>(cells.GetNumberOfCells());
+}
+
+/// At least as many as there are triangles, lines or points.
+double countShapes(Kind kind, vtkPolyData& geometry) {
+  switch (kind) {
+    case Kind::SURFACE:
+      return countCorners(*geometry.GetPolys(), 2.0) + countCorners(*geometry.GetStrips(), 2.0);
+    case Kind::LINES:
+      return countCorners(*geometry.GetLines(), 1.0) + countCorners(*geometry.GetPolys(), 0.0) +
+             3.0 * countCorners(*geometry.GetStrips(), 2.0);
+    case Kind::POINTS:
+      break;
+  }
+  return countCorners(*geometry.GetVerts(), 0.0);
+}
+
+double countInstances(const MeshInstance& mesh) {
+  return mesh.transforms != nullptr ? static_cast<double>(mesh.transforms->size()) : 1.0;
+}
+
+/// By how much a transform enlarges areas at most.
+double greatestEnlargement(const InstanceTransform* transform) {
+  if (transform == nullptr) {
+    return 1.0;
+  }
+  double squares = 0.0;
+  for (const std::size_t row : {std::size_t{0}, std::size_t{4}, std::size_t{8}}) {
+    const Vector3 axis{(*transform)[row], (*transform)[row + 1], (*transform)[row + 2]};
+    squares += axis.squaredLength();
+  }
+  return squares / 2.0;
+}
+
+double coverOfPoint(double pixels) {
+  return std::min(1.0, pixels * pixels / PIXELS);
+}
+
+double coverOfLine(double pixels, double width) {
+  return std::min(1.0, pixels * width / PIXELS);
+}
+
+bool isTranslucent(const ImageDecoration& image) {
+  const int components = image.pixels->GetNumberOfComponents();
+  return image.isInModel && (image.opacity < 1.0 || components == 2 || components == 4);
+}
+
+/// Of an image in the model.
+std::array<Vector3, 4> cornersOf(const ImageDecoration& image) {
+  const Vector3 places[] = {image.corner, image.corner + image.xAxis,
+                            image.corner + image.xAxis + image.yAxis, image.corner + image.yAxis};
+  std::array<Vector3, 4> corners;
+  std::ranges::transform(places, corners.begin(), [&image](const Vector3& place) {
+    return transformedPoint(image.transform ? &*image.transform : nullptr, place);
+  });
+  return corners;
+}
+
+/// Of an image in the window, as a part of the canvas.
+double coverOfWindowImage(const ImageDecoration& image) {
+  double area = 1.0;
+  for (std::size_t i = 0; i < 2; ++i) {
+    const double ends[] = {0.0, image.xAxis[i], image.yAxis[i], image.xAxis[i] + image.yAxis[i]};
+    const auto [low, high] = std::ranges::minmax(ends);
+    const double shown = std::min(image.corner[i] + high, 1.0) - std::max(image.corner[i] + low, 0.0);
+    area *= std::clamp(shown, 0.0, 1.0);
+  }
+  return area;
+}
+
+[[noreturn]] void failTooLarge(double limit, const std::string& example) {
+  throw SceneTooLarge(
+      fmt::format("The scene is too large to be drawn: its faces, lines and points would cover the picture "
+                  "more than {:.0f} times, those of \"{}\" among them",
+                  limit, example));
+}
+
+}  // namespace
+
+double Cover::drawn() const {
+  return opaque + translucent * std::clamp(translucent, 1.0, AreaLimits::MOST_LAYERS);
+}
+
+/// A view in which shapes cover parts of the picture.
+class DrawnArea::View {
+ public:
+  View(const UsualCanvas& canvas, const Vector<2, double>& size, std::span<const ClipPlane> clipPlanes)
+      : _canvas(canvas), _size(size), _clipPlanes(clipPlanes) {}
+
+  /// Of faces in a box that have some area together.
+  double mostOfFaces(double area, const Box& box) const {
+    return share() * area * _canvas.view.greatestCover(box, _canvas.nearest);
+  }
+
+  bool misses(const Box& box) const { return _canvas.view.misses(box); }
+
+  /// Of a mesh; stops when it is more than a limit.
+  double coverOf(const MeshInstance& mesh, const Part& part, const InstanceTransform* transform,
+                 double limit) const {
+    const PointReader points(*part.geometry->GetPoints()->GetData());
+    ShownShapes shapes = shapesOf(mesh.appearance.isClipped);
+    const auto at = [&](vtkIdType point) { return transformedPoint(transform, points[point]); };
+    double sum = 0.0;
+    const auto add = [&](const auto& cover, const auto... corners) {
+      sum += sum > limit ? 0.0 : cover(at(corners)...);
+    };
+    switch (part.kind) {
+      case Kind::SURFACE:
+        forEachTriangleOf(*part.geometry, [&](auto a, auto b, auto c) {
+          add([&](const auto&... corners) { return coverOfFace(shapes, {corners...}); }, a, b, c);
+        });
+        break;
+      case Kind::LINES:
+        forEachSegment(*part.geometry, [&](auto from, auto to) {
+          add([&](const auto&... ends) { return coverOfLineIn(shapes, {ends...}, mesh.appearance); }, from,
+              to);
+        });
+        break;
+      case Kind::POINTS:
+        forEachCell(*part.geometry->GetVerts(), [&](const auto& cell) {
+          for (const auto point : cell) {
+            add([&](const Vector3& place) { return coverOfPointIn(shapes, place, mesh.appearance); }, point);
+          }
+        });
+        break;
+    }
+    return sum;
+  }
+
+  double coverOf(const ImageDecoration& image) const {
+    if (!image.isInModel) {
+      return share() * coverOfWindowImage(image);
+    }
+    ShownShapes shapes = shapesOf(image.isClipped);
+    const auto [a, b, c, d] = cornersOf(image);
+    return coverOfFace(shapes, {a, b, c, d});
+  }
+
+ private:
+  /// Of the canvas in the picture.
+  double share() const { return _size[0] * _size[1]; }
+
+  ShownShapes shapesOf(bool isClipped) const {
+    return {_canvas, isClipped ? _clipPlanes : std::span<const ClipPlane>()};
+  }
+
+  double coverOfFace(ShownShapes& shapes, std::initializer_list<Vector3> corners) const {
+    const std::span<const Place> shown = shapes.shownPart(corners);
+    return shown.size() < 3 ? 0.0 : share() * std::min(1.0, PictureSamples::areaOf(shown));
+  }
+
+  double coverOfLineIn(ShownShapes& shapes, std::initializer_list<Vector3> ends,
+                       const Appearance& appearance) const {
+    const std::span<const Place> shown = shapes.shownPart(ends);
+    if (shown.size() < 2) {
+      return 0.0;
+    }
+    const Place line = shown.back() - shown.front();
+    const double pixels = std::hypot(line[0] * _size[0] * USUAL_WIDTH, line[1] * _size[1] * USUAL_HEIGHT);
+    return coverOfLine(pixels, appearance.lineWidth);
+  }
+
+  double coverOfPointIn(ShownShapes& shapes, const Vector3& place, const Appearance& appearance) const {
+    if (!shapes.showsPoint(place)) {
+      return 0.0;
+    }
+    if (!appearance.isPointSizeInModelUnits) {
+      return coverOfPoint(appearance.pointSize);
+    }
+    const double perUnit = USUAL_HEIGHT * _size[1] / _canvas.view.heightAt(_canvas.view.depthOf(place));
+    return coverOfPoint(std::min(MAX_POINT_PIXELS, appearance.pointSize * perUnit));
+  }
+
+  const UsualCanvas& _canvas;
+  Vector<2, double> _size;
+  std::span<const ClipPlane> _clipPlanes;
+};
+
+std::vector<DrawnArea::Part> DrawnArea::partsOf(const MeshInstance& mesh) {
+  const Appearance& appearance = mesh.appearance;
+  const double ofLine = coverOfLine(USUAL_WIDTH + USUAL_HEIGHT, appearance.lineWidth);
+  const bool isTranslucent = appearance.opacity < 1.0;
+  if (appearance.kind == Kind::POINTS) {
+    const double pixels = appearance.isPointSizeInModelUnits ? MAX_POINT_PIXELS : appearance.pointSize;
+    return {{Kind::POINTS, mesh.geometry, isTranslucent, coverOfPoint(pixels)}};
+  }
+  if (appearance.kind == Kind::LINES) {
+    return {{Kind::LINES, mesh.geometry, isTranslucent, ofLine}};
+  }
+  std::vector<Part> parts;
+  if (appearance.hasFaces && appearance.opacity > 0.0) {
+    vtkPolyData* const faces = mesh.filling != nullptr ? mesh.filling : mesh.geometry;
+    parts.push_back({Kind::SURFACE, faces, isTranslucent, 1.0});
+  }
+  if (appearance.hasEdges || appearance.hasContour) {
+    parts.push_back({Kind::LINES, mesh.geometry, appearance.edgeOpacity < 1.0, ofLine});
+  }
+  return parts;
+}
+
+DrawnArea::DrawnArea(std::span<const MeshInstance> meshes, std::span<const Decoration> decorations)
+    : _meshes(meshes), _decorations(decorations) {
+  std::set<std::pair<vtkPolyData*, Kind>> known;
+  for (const MeshInstance& mesh : _meshes) {
+    for (const Part& part : partsOf(mesh)) {
+      if (known.insert({part.geometry, part.kind}).second) {
+        _limit += AreaLimits::PICTURES_PER_SHAPE * countShapes(part.kind, *part.geometry);
+      }
+    }
+  }
+}
+
+bool DrawnArea::isSmall() const {
+  Cover cover;
+  for (const MeshInstance& mesh : _meshes) {
+    for (const Part& part : partsOf(mesh)) {
+      cover.add(part.greatest * countShapes(part.kind, *part.geometry) * countInstances(mesh),
+                part.isTranslucent);
+    }
+  }
+  for (const Decoration& decoration : _decorations) {
+    if (const auto* const image = std::get_if<ImageDecoration>(&decoration.content)) {
+      cover.add(1.0, isTranslucent(*image));
+    }
+  }
+  return cover.drawn() <= _limit;
+}
+
+const DrawnArea::Extent& DrawnArea::extentOf(vtkPolyData& geometry) {
+  const auto [known, isNew] = _extents.try_emplace(&geometry);
+  Extent& extent = known->second;
+  if (isNew) {
+    extent.bounds = boundsOfCells(geometry);
+    PointReader(*geometry.GetPoints()->GetData()).visit([&](const auto& points) {
+      double doubled = 0.0;
+      forEachTriangleOf(geometry, [&](auto a, auto b, auto c) {
+        const Vector3 from = points[a];
+        doubled += length(cross(points[b] - from, points[c] - from));
+      });
+      extent.area = doubled / 2.0;
+    });
+  }
+  return extent;
+}
+
+Box DrawnArea::bounds() {
+  Box result;
+  for (const MeshInstance& mesh : _meshes) {
+    const Box& box = extentOf(*mesh.geometry).bounds;
+    forEachInstance(mesh.transforms,
+                    [&](const InstanceTransform* transform) { result.add(instanceBounds(transform, box)); });
+  }
+  for (const Decoration& decoration : _decorations) {
+    const auto* const image = std::get_if<ImageDecoration>(&decoration.content);
+    if (image != nullptr && image->isInModel) {
+      std::ranges::for_each(cornersOf(*image), [&result](const Vector3& corner) { result.add(corner); });
+    }
+  }
+  return result;
+}
+
+/// Without a look at single shapes.
+double DrawnArea::mostOf(const Part& part, const InstanceTransform* transform, const View& view) {
+  const Extent& extent = extentOf(*part.geometry);
+  const Box box = instanceBounds(transform, extent.bounds);
+  if (view.misses(box)) {
+    return 0.0;
+  }
+  const double most = part.greatest * countShapes(part.kind, *part.geometry);
+  return part.kind == Kind::SURFACE
+             ? std::min(most, view.mostOfFaces(extent.area * greatestEnlargement(transform), box))
+             : most;
+}
+
+Cover DrawnArea::mostOf(const View& view) {
+  Cover cover;
+  for (const MeshInstance& mesh : _meshes) {
+    for (const Part& part : partsOf(mesh)) {
+      forEachInstance(mesh.transforms, [&](const InstanceTransform* transform) {
+        cover.add(mostOf(part, transform, view), part.isTranslucent);
+      });
+    }
+  }
+  return cover;
+}
+
+void DrawnArea::requireDrawn(const UsualCanvas& canvas, const Vector<2, double>& size,
+                             std::span<const ClipPlane> clipPlanes) {
+  const View view(canvas, size, clipPlanes);
+  Cover known;
+  for (const Decoration& decoration : _decorations) {
+    if (const auto* const image = std::get_if<ImageDecoration>(&decoration.content)) {
+      known.add(view.coverOf(*image), isTranslucent(*image));
+      if (known.drawn() > _limit) {
+        failTooLarge(_limit, itemNameOf(*decoration.drawable));
+      }
+    }
+  }
+  // Of all that was not looked at yet.
+  Cover rest = mostOf(view);
+  const auto mayBeTooLarge = [&] {
+    return Cover{known.opaque + rest.opaque, known.translucent + rest.translucent}.drawn() > _limit;
+  };
+  for (const MeshInstance& mesh : _meshes) {
+    for (const Part& part : partsOf(mesh)) {
+      forEachInstance(mesh.transforms, [&](const InstanceTransform* transform) {
+        if (!mayBeTooLarge()) {
+          return;
+        }
+        if (const double most = mostOf(part, transform, view); most > 0.0) {
+          rest.add(-most, part.isTranslucent);
+          known.add(view.coverOf(mesh, part, transform, _limit), part.isTranslucent);
+        }
+        if (known.drawn() > _limit) {
+          failTooLarge(_limit, itemNameOf(*mesh.node));
+        }
+      });
+    }
+  }
+}
+
+}  // namespace vemo
