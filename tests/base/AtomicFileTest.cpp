@@ -3,11 +3,15 @@
 #include "support/OrdinaryUser.h"
 #include "support/TemporaryFolder.h"
 
+#include <bit>
+#include <cerrno>
 #include <csignal>
+#include <cstdint>
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <sys/xattr.h>
 #include <thread>
 #include <unistd.h>
 
@@ -76,6 +80,73 @@ TEST_F(AtomicFileTest, KeepsOwnerGroupAndPermissions) {
     EXPECT_THAT(write(), testing::HasSubstr("would get another owner"));
     EXPECT_EQ(countFiles(_folder.path()), 1);
   }
+}
+
+/// An access list as an extended attribute: the owner and user 1001 may read and write, the group
+/// and others nothing.
+std::string privateAccessList() {
+  constexpr std::uint32_t NOBODY_ELSE = 0xffffffff;
+  std::string bytes;
+  const auto add = [&bytes](std::uint32_t number, int size) {
+    for (int i = 0; i < size; ++i) {
+      bytes += std::bit_cast<char>(static_cast<std::uint8_t>(number >> (8 * i)));
+    }
+  };
+  add(2, 4);  // the version
+  struct {
+    std::uint32_t tag, permissions, id;
+  } const entries[] = {{0x01, 6, NOBODY_ELSE},
+                       {0x02, 6, 1001},
+                       {0x04, 0, NOBODY_ELSE},
+                       {0x10, 6, NOBODY_ELSE},
+                       {0x20, 0, NOBODY_ELSE}};
+  for (const auto& [tag, permissions, id] : entries) {
+    add(tag, 2);
+    add(permissions, 2);
+    add(id, 4);
+  }
+  return bytes;
+}
+
+/// Returns 0, or an error number.
+int setAttribute(const fs::path& path, const char* name, const std::string& value) {
+  return setxattr(path.c_str(), name, value.data(), value.size(), 0) == 0 ? 0 : errno;
+}
+
+/// Empty without one.
+std::string accessListOf(const fs::path& path) {
+  std::string value(1024, '\0');
+  const ssize_t size = getxattr(path.c_str(), "system.posix_acl_access", value.data(), value.size());
+  value.resize(size < 0 ? 0 : static_cast<std::size_t>(size));
+  return value;
+}
+
+TEST_F(AtomicFileTest, KeepsTheAccessListAndTakesNoneFromTheFolder) {
+  const std::string list = privateAccessList();
+  const auto modeOf = [](const fs::path& path) {
+    struct stat status {};
+    stat(path.c_str(), &status);
+    return status.st_mode & 0777;
+  };
+  const int error = setAttribute(_file, "system.posix_acl_access", list);
+  if (error == ENOTSUP) {
+    GTEST_SKIP() << "This file system has no access lists";
+  }
+  ASSERT_EQ(error, 0);
+  EXPECT_EQ(write(), "");
+  EXPECT_EQ(accessListOf(_file), list);
+  EXPECT_EQ(modeOf(_file), 0660U);
+
+  const fs::path plain = _folder / "plain";
+  writeFile(plain, "former");
+  chmod(plain.c_str(), 0640);
+  ASSERT_EQ(setAttribute(_folder.path(), "system.posix_acl_default", list), 0);
+  EXPECT_EQ(write(plain), "");
+  EXPECT_EQ(readFile(plain), "new");
+  EXPECT_EQ(accessListOf(plain), "");
+  EXPECT_EQ(modeOf(plain), 0640U);
+  EXPECT_EQ(write(_folder / "later"), "");
+  EXPECT_NE(accessListOf(_folder / "later"), "") << "as any new file";
 }
 
 TEST_F(AtomicFileTest, WritesWhatLinksName) {

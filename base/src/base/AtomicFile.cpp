@@ -231,6 +231,9 @@ void AtomicFile::inspectTarget() {
   if (::faccessat(AT_FDCWD, _place.c_str(), W_OK, AT_EACCESS) != 0) {
     fail(errno);
   }
+  if (const int failure = _formerAccess.readFrom(_place)) {
+    fail("its access list cannot be read", failure);
+  }
   _former = status;
 }
 
@@ -267,6 +270,19 @@ void AtomicFile::keepOwner() const {
   }
 }
 
+void AtomicFile::keepPermissions() const {
+  if (!_former) {
+    return;
+  }
+  // The list first: without it, the bits may permit more.
+  if (const int error = _formerAccess.writeTo(_temporary->getDescriptor())) {
+    fail("it can only be replaced as a whole, and would get another access list", error);
+  }
+  if (::fchmod(_temporary->getDescriptor(), _former->st_mode & PERMISSION_BITS) != 0) {
+    fail(errno);
+  }
+}
+
 void AtomicFile::write(const void* data, std::size_t size, std::uint64_t position) {
   const auto* bytes = static_cast<const char*>(data);
   while (size > 0) {
@@ -289,9 +305,7 @@ const std::filesystem::path& AtomicFile::getTemporaryPath() const {
 }
 
 void AtomicFile::commit() {
-  if (_former && ::fchmod(_temporary->getDescriptor(), _former->st_mode & PERMISSION_BITS) != 0) {
-    fail(errno);
-  }
+  keepPermissions();
   if (::fsync(_temporary->getDescriptor()) != 0) {
     fail(errno);
   }

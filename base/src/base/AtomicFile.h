@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/AccessList.h"
 #include <vemo/base/Export.h>
 
 #include <cstddef>
@@ -29,8 +30,8 @@ VEMO_BASE_EXPORT std::filesystem::path followLinks(std::filesystem::path path);
 /// Writes a file atomically. Bytes go to a file without a name in the target's folder, which
 /// `commit` names; nothing is left of it, whatever ends the process before. To replace a target,
 /// it is named *.tmp for two system calls; where it cannot be without a name (NFS, FUSE,
-/// no /proc), it is named so from the start. An existing target keeps its owner, group and
-/// permissions. All failures are FileWriteError and name the target.
+/// no /proc), it is named so from the start. An existing target keeps its owner, group,
+/// permissions and access list. All failures are FileWriteError and name the target.
 class VEMO_BASE_EXPORT AtomicFile {
  public:
   /// Follows links. Refuses a target that is not a regular file or that this user
@@ -58,6 +59,7 @@ class VEMO_BASE_EXPORT AtomicFile {
   void inspectTarget();
   void makeTemporary();
   void keepOwner() const;
+  void keepPermissions() const;
   void syncFolder() const;
   [[noreturn]] void fail(int error) const;
   [[noreturn]] void fail(const std::string& reason, int error) const;
@@ -70,6 +72,7 @@ class VEMO_BASE_EXPORT AtomicFile {
   std::filesystem::path _folder;
   /// Of the target; none when it does not exist.
   std::optional<struct stat> _former;
+  AccessList _formerAccess;
   bool _keepExisting;
   std::unique_ptr<Temporary> _temporary;
 };
