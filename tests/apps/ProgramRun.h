@@ -96,6 +96,8 @@ class ProgramTest : public testing::Test {
     return text + "exit " + std::to_string(result.exitCode) + "\n\n";
   }
 
+  void expectNoTemporaryFiles() const { EXPECT_TRUE(std::filesystem::is_empty(_temporary.path())); }
+
   TemporaryFolder _folder;
   TemporaryFolder _temporary;
 };
