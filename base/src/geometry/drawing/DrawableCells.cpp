@@ -1,7 +1,7 @@
 #include "geometry/drawing/DrawableCells.h"
 
 #include "geometry/Cells.h"
-#include "geometry/SharedData.h"
+#include "geometry/data/SharedData.h"
 #include "geometry/drawing/SelectedData.h"
 #include "geometry/drawing/StrayPoints.h"
 

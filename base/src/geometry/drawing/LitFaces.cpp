@@ -4,7 +4,7 @@
 #include "geometry/Cells.h"
 #include "geometry/Points.h"
 #include "geometry/PolygonArea.h"
-#include "geometry/SharedData.h"
+#include "geometry/data/SharedData.h"
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>

@@ -2,7 +2,7 @@
 
 #include "geometry/Cells.h"
 #include "geometry/Points.h"
-#include "geometry/SharedData.h"
+#include "geometry/data/SharedData.h"
 
 #include <vtkCellArray.h>
 #include <vtkNew.h>

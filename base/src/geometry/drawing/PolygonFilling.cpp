@@ -3,7 +3,7 @@
 #include "geometry/Cells.h"
 #include "geometry/Points.h"
 #include "geometry/PolygonArea.h"
-#include "geometry/SharedData.h"
+#include "geometry/data/SharedData.h"
 #include "geometry/drawing/EarClipping.h"
 #include "geometry/drawing/SelectedData.h"
 #include <vemo/base/Vector.h>

@@ -1,7 +1,7 @@
 #include "geometry/drawing/SelectedData.h"
 
-#include "geometry/NamedArrays.h"
 #include "geometry/NewArray.h"
+#include "geometry/data/NamedArrays.h"
 
 #include <vtkDataArray.h>
 #include <vtkDataSetAttributes.h>

@@ -3,7 +3,7 @@
 #include "geometry/Cells.h"
 #include "geometry/Normals.h"
 #include "geometry/Points.h"
-#include "geometry/SharedData.h"
+#include "geometry/data/SharedData.h"
 
 #include <vtkCellData.h>
 #include <vtkDataArray.h>

@@ -1,5 +1,5 @@
-#include "geometry/NamedArrays.h"
 #include "geometry/Normals.h"
+#include "geometry/data/NamedArrays.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/scenegraph/drawables/PolyDataNode.h>
 

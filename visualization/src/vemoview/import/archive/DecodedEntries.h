@@ -1,7 +1,7 @@
 #pragma once
 
 #include "geometry/Connectivity.h"
-#include "geometry/SharedPolyData.h"
+#include "geometry/data/SharedPolyData.h"
 
 #include <vtkSmartPointer.h>
 

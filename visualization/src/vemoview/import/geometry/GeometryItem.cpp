@@ -1,6 +1,6 @@
 #include "geometry/Connectivity.h"
-#include "geometry/NamedArrays.h"
-#include "geometry/SharedPolyData.h"
+#include "geometry/data/NamedArrays.h"
+#include "geometry/data/SharedPolyData.h"
 #include "vemoview/import/geometry/GeometryDrawableBuilder.h"
 #include "vemoview/import/geometry/GeometryKeys.h"
 #include "vemoview/import/geometry/PointBounds.h"

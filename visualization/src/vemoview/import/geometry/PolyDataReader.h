@@ -1,7 +1,7 @@
 #pragma once
 
 #include "geometry/Connectivity.h"
-#include "geometry/NamedArrays.h"
+#include "geometry/data/NamedArrays.h"
 #include "vemoview/import/geometry/GeometryKeys.h"
 
 #include <array>

@@ -1,6 +1,6 @@
 #include "vemoview/render/vtk/ClippedInput.h"
 
-#include "geometry/SharedData.h"
+#include "geometry/data/SharedData.h"
 #include "geometry/drawing/DrawableCells.h"
 #include "vemoview/render/vtk/Matrix.h"
 #include <vemo/base/Vector.h>

@@ -1,7 +1,7 @@
 #include "vemoview/resolve/mesh/MeshResolver.h"
 
-#include "geometry/NamedArrays.h"
 #include "geometry/Normals.h"
+#include "geometry/data/NamedArrays.h"
 #include "scenegraph/coloring/ColoringScalars.h"
 #include "vemoview/resolve/mesh/AppearanceResolver.h"
 #include "vemoview/resolve/mesh/ArrayLookup.h"

@@ -1,7 +1,7 @@
 #include "vemoview/resolve/mesh/PointScaling.h"
 
 #include "geometry/Cells.h"
-#include "geometry/SharedData.h"
+#include "geometry/data/SharedData.h"
 #include "geometry/drawing/SelectedData.h"
 #include "vemoview/resolve/mesh/ArrayLookup.h"
 #include "vemoview/resolve/values/NodeFindings.h"

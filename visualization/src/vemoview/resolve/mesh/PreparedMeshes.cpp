@@ -1,6 +1,6 @@
 #include "vemoview/resolve/mesh/PreparedMeshes.h"
 
-#include "geometry/SharedData.h"
+#include "geometry/data/SharedData.h"
 #include "geometry/drawing/DrawableCells.h"
 #include "geometry/drawing/LitFaces.h"
 #include "geometry/drawing/PolygonFans.h"

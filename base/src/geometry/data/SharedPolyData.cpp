@@ -1,4 +1,4 @@
-#include "geometry/SharedPolyData.h"
+#include "geometry/data/SharedPolyData.h"
 
 #include "base/MemoryReserve.h"
 

@@ -1,4 +1,4 @@
-#include "geometry/SharedData.h"
+#include "geometry/data/SharedData.h"
 
 #include <vtkCallbackCommand.h>
 #include <vtkCellData.h>

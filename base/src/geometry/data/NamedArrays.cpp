@@ -1,6 +1,6 @@
-#include "geometry/NamedArrays.h"
+#include "geometry/data/NamedArrays.h"
 
-#include "geometry/SharedData.h"
+#include "geometry/data/SharedData.h"
 
 #include <vtkDataSetAttributes.h>
 #include <vtkNew.h>

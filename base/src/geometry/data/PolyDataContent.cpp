@@ -1,6 +1,6 @@
-#include "geometry/PolyDataContent.h"
+#include "geometry/data/PolyDataContent.h"
 
-#include "geometry/NamedArrays.h"
+#include "geometry/data/NamedArrays.h"
 
 #include <vtkCellArray.h>
 #include <vtkCellData.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "geometry/PolyDataContent.h"
+#include "geometry/data/PolyDataContent.h"
 
 #include <vtkSmartPointer.h>
 
