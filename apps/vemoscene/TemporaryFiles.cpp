@@ -38,6 +38,8 @@ constexpr std::string_view FOLDER_PATTERN = "XXXXXX";
 struct OwnFolder {
   fs::path path;
   pid_t process = 0;
+  /// The descriptor that keeps it locked.
+  std::atomic<int> lock = -1;
 };
 
 /// Never destroyed: the thread below and at-exit handlers use it.
@@ -50,6 +52,10 @@ OwnFolder& ownFolder() {
 /// be removed.
 void removeOwnFolder() {
   constexpr int ATTEMPTS = 10;
+  // The process may have no descriptor left to read the folder with.
+  if (const int lock = ownFolder().process == getpid() ? ownFolder().lock.exchange(-1) : -1; lock >= 0) {
+    close(lock);
+  }
   OS::stopWithoutMemory([] {
     std::error_code error;
     for (int i = 0; i < ATTEMPTS && ownFolder().process == getpid() && fs::exists(ownFolder().path, error);
@@ -78,10 +84,12 @@ class TemporaryFolder {
 
   /// Locks it until the process ends; not every file system has locks, but then others cannot lock
   /// it either. Marks it only then: no other process looks for a lock before.
-  void claim() {
+  /// @return the descriptor that keeps the lock, or -1
+  int claim() {
     flock(_file, LOCK_EX | LOCK_NB);
-    close(openat(_file, MARKER, O_CREAT | O_WRONLY | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR));
-    _file = -1;
+    // Needs no other descriptor.
+    mknodat(_file, MARKER, S_IFREG | S_IRUSR | S_IWUSR, 0);
+    return std::exchange(_file, -1);
   }
 
  private:
@@ -112,15 +120,17 @@ void removeAbandonedFolders(const fs::path& parent) {
   }
 }
 
-/// Makes a folder that no other process takes for abandoned.
-fs::path makeTemporaryFolder(const fs::path& parent) {
+/// Makes the folder, which no other process takes for abandoned.
+void makeOwnFolder(const fs::path& parent) {
   std::string name = parent / fmt::format("{}{}", FOLDER_PREFIX, FOLDER_PATTERN);
   if (mkdtemp(name.data()) == nullptr) {
     throw Failure(ExitCode::CANNOT_WRITE, fmt::format("Cannot create a folder for temporary files in {}: {}",
                                                       parent.native(), std::strerror(errno)));
   }
-  TemporaryFolder(name).claim();
-  return name;
+  std::error_code ignored;
+  ownFolder().path = fs::absolute(name, ignored);
+  ownFolder().process = getpid();
+  ownFolder().lock = TemporaryFolder(name).claim();
 }
 
 /// Blocks the signals that ask a process to end, except those that the parent
@@ -209,7 +219,7 @@ fs::path useOwnTemporaryFolder() {
   // Signals wait from here on: once the folder exists, it will be removed.
   const sigset_t signals = blockEndingSignals();
   const std::lock_guard lock(cleanUps().mutex);
-  ownFolder() = {fs::absolute(makeTemporaryFolder(parent), error), getpid()};
+  makeOwnFolder(parent);
   // Registered before the at-exit handlers of the libraries that make files in
   // it, and therefore called after them.
   std::atexit(removeOwnFolder);

@@ -248,7 +248,9 @@ void AtomicFile::makeTemporary() {
   try {
     _temporary = std::make_unique<NamedFile>(_folder, mode);
   } catch (const std::system_error& error) {
-    if (_former) {
+    const bool isFoldersFault = error.code() != std::errc::too_many_files_open &&
+                                error.code() != std::errc::too_many_files_open_in_system;
+    if (_former && isFoldersFault) {
       fail("it can only be replaced as a whole, and no file can be created in its folder",
            error.code().value());
     }
