@@ -244,14 +244,14 @@ bool makeOutputFolder(const fs::path& folder, std::error_code& error) {
   removePartialOutputWhenEnded();
   const sigset_t signals = blockEndingSignals();
   const std::lock_guard lock(cleanUps().mutex);
-  if (!fs::create_directory(folder, error)) {
-    return false;
-  }
-  callWhenEnded(signals, [folder] {
+  const bool isMade = fs::create_directory(folder, error);
+  callWhenEnded(signals, [folder, isMade] {
     std::error_code isNotEmpty;
-    fs::remove(folder, isNotEmpty);
+    if (isMade) {
+      fs::remove(folder, isNotEmpty);
+    }
   });
-  return true;
+  return isMade;
 }
 
 }  // namespace vemo

@@ -79,7 +79,7 @@ class VEMO_BASE_EXPORT AtomicFile {
 
 /// Removes the temporary files of all uncommitted AtomicFiles of this process: for
 /// a process that is about to be ended by a signal, which calls no destructors. From then
-/// on, threads that create, commit or destroy an AtomicFile block until the process ends.
+/// on, threads that give an AtomicFile a name, or take it away, block until the process ends.
 VEMO_BASE_EXPORT void removeUncommittedFiles();
 
 /// Writes an AtomicFile from its beginning to its end. What exists and is not a regular file

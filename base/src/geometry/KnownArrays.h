@@ -10,9 +10,8 @@
 
 namespace vemo {
 
-/// What was computed of large arrays, which is computed once for each, however many
-/// uses it has. An array that changed since then (`Modified`), or that was made where
-/// another one was, is a new one.
+/// Results for large arrays, computed once for each, however many uses it has. An array that changed since
+/// then (`Modified`), or that was made where another one was, is a new one.
 template <class Result>
 class KnownArrays {
  public:

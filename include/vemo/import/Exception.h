@@ -21,6 +21,10 @@ class VEMO_IMPORT_EXPORT Exception {
 
   const std::string& getMessage() const { return _message; }
 
+  /// Why, where the message leaves it open; empty when unknown.
+  const std::string& getCause() const { return _cause; }
+  void setCause(const std::string& cause) { _cause = cause; }
+
   /// The archive entry concerned; empty when unknown.
   const std::string& getEntry() const { return _entry; }
   void setEntry(const std::string& entry);
@@ -45,6 +49,7 @@ class VEMO_IMPORT_EXPORT Exception {
 
  private:
   std::string _message;
+  std::string _cause;
   std::string _entry;
   std::string _itemPath;
   std::string _attribute;

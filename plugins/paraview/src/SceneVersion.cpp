@@ -1,8 +1,10 @@
 #include "SceneVersion.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <fstream>
 #include <sstream>
+#include <string>
 #include <xxhash.h>
 
 namespace vemo {

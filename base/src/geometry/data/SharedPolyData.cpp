@@ -10,12 +10,16 @@ namespace vemo {
 
 namespace {
 
-thread_local vtkSmartPointer<vtkPolyData> spare;
+/// Never destroyed: destructors of global objects may need one, which come after those of threads.
+vtkSmartPointer<vtkPolyData>& spare() {
+  thread_local auto& polyData = *new vtkSmartPointer<vtkPolyData>;
+  return polyData;
+}
 
 }  // namespace
 
 PolyDataLoan::PolyDataLoan()
-    : _polyData(spare != nullptr ? std::exchange(spare, nullptr) : vtkSmartPointer<vtkPolyData>::New()) {}
+    : _polyData(spare() != nullptr ? std::exchange(spare(), nullptr) : vtkSmartPointer<vtkPolyData>::New()) {}
 
 PolyDataLoan::PolyDataLoan(const PolyDataContent& content) : PolyDataLoan() {
   content.putInto(*_polyData);
@@ -29,7 +33,7 @@ PolyDataLoan::~PolyDataLoan() {
   }
   OS::stopWithoutMemory([this] {
     _polyData->Initialize();
-    spare = std::move(_polyData);
+    spare() = std::move(_polyData);
   });
 }
 

@@ -6,7 +6,7 @@
 
 namespace vemo {
 
-/// A poly data for a moment. It is one of few that are used again and again: making one takes
+/// A poly data for a moment. Each thread has one that is used again and again: making one takes
 /// a good part of the time that a small geometry takes.
 class VEMO_GEOMETRY_EXPORT PolyDataLoan {
  public:

@@ -28,10 +28,14 @@ FindingCode codeOf(const Exception& exception) {
                                                 : FindingCode::ENTRY_INVALID;
 }
 
+std::string withCause(const std::string& message, const std::string& cause) {
+  return cause.empty() ? message : message + ": " + cause;
+}
+
 }  // namespace
 
 std::string describe(const Exception& exception) {
-  const std::string& message = exception.getMessage();
+  const std::string message = withCause(exception.getMessage(), exception.getCause());
   if (is<FutureVersionException>(exception) && message.empty()) {
     return "The scene was written by a newer version of the software";
   }
@@ -47,9 +51,8 @@ Finding findingOf(const Exception& exception) {
 Finding findingOf(const Error& error) {
   const Properties& place = error.getProperties();
   const std::string& line = place.get("sceneLine");
-  const std::string& cause = place.get("cause");
   return {FindingCode::ITEM_INVALID,
-          replaceBreaks(error.getMessage(), ' ') + (cause.empty() ? "" : ": " + cause),
+          replaceBreaks(withCause(error.getMessage(), place.get("cause")), ' '),
           place.get("entry"),
           place.get("itemPath"),
           line.empty() ? 0 : std::stoi(line),

@@ -31,11 +31,12 @@ void ContentBudget::use(std::uint64_t bytes) {
 }
 
 void ContentBudget::useNodes(std::uint64_t count) {
-  if (count > _nodesLeft) {
-    throw FileError(FileIoStatus::ReadError,
-                    fmt::format("A graph of {} nodes is out of proportion to the file", count));
+  if (count > _nodeLimit - _nodes) {
+    throw FileError(
+        FileIoStatus::ReadError,
+        fmt::format("A scene graph of more than {} nodes is out of proportion to the file", _nodeLimit));
   }
-  _nodesLeft -= count;
+  _nodes += count;
 }
 
 }  // namespace lum::io

@@ -24,14 +24,16 @@ class ContentBudget {
   void use(std::uint64_t bytes);
   void useNodes(std::uint64_t count);
 
-  void setNodeLimit(std::uint64_t count) { _nodesLeft = count; }
+  /// Of all calls of useNodes; none at first.
+  void setNodeLimit(std::uint64_t count) { _nodeLimit = count; }
 
   std::uint64_t getUsed() const { return _used; }
 
  private:
   std::uint64_t _allowed = BYTES_OF_SMALL_FILE;
   std::uint64_t _used = 0;
-  std::uint64_t _nodesLeft = std::numeric_limits<std::uint64_t>::max();
+  std::uint64_t _nodeLimit = std::numeric_limits<std::uint64_t>::max();
+  std::uint64_t _nodes = 0;
 };
 
 }  // namespace lum::io

@@ -13,9 +13,12 @@ namespace vemo {
 
 namespace {
 
-[[noreturn]] void failIncomplete(const std::string& entryName) {
-  failAt<IOException>("Could not completely read entry '" + entryName + "'<br>Your file may be corrupt.",
-                      entryName);
+/// @param cause if it is known
+[[noreturn]] void failIncomplete(const std::string& entryName, const std::string& cause = {}) {
+  IOException exception("Could not completely read entry '" + entryName + "'<br>Your file may be corrupt.");
+  exception.setEntry(entryName);
+  exception.setCause(cause);
+  throw exception;
 }
 
 /// @param what fails
@@ -51,7 +54,7 @@ Array_t<unsigned char> ArchiveReader::loadEntry(const std::string& entryName,
   ZipFileReader::ContentFlaws& flaws = used->second;
   const std::string failure = "Entry '" + entryName + "' cannot be read";
   if (const std::string cause = _archive.describeUnsupported(entryName); !cause.empty()) {
-    failAt<IOException>(failure + ": " + cause, entryName);
+    failIncomplete(entryName, cause);
   }
   if (!_archive.isSizePossible(entryName)) {
     failIncomplete(entryName);

@@ -88,8 +88,7 @@ std::wstring SceneFormatHandler::convertZippedScene(const std::wstring& path,
   converter.setProgress(progress);
   try {
     converter.run();
-  } catch (...) {
-    // The host never learns its path.
+  } catch (const Cancelled&) {
     releaseTemporaryFile(temporaryPath);
     throw;
   }

@@ -81,15 +81,16 @@ void decodeDataFiles(Scene& scene, lum::NodeInputStream& nodes, SceneFileReader&
 
 /// What the streams have beside the scene.
 void reportUnused(const lum::SceneNode& scene, lum::NodeInputStream& nodes) {
-  const auto others = std::ranges::count_if(
-      nodes.getRoots(), [&scene](const lum::Ptr<lum::Node>& root) { return root.get() != &scene; });
+  const auto others = std::ranges::count_if(nodes.getRoots(), [&scene](const lum::Ptr<lum::Node>& root) {
+    return root.get() != &scene && root->getOwner() == nullptr;
+  });
   if (others > 0) {
     reportFinding(FindingCode::PAYLOAD_UNUSED,
                   fmt::format("{} of the graphs in the archive are not part of its scene", others));
   }
   if (const std::size_t arrays = nodes.getUnusedArrayCount()) {
     reportFinding(FindingCode::PAYLOAD_UNUSED,
-                  fmt::format("{} of the arrays of the scene graph are of no node", arrays));
+                  fmt::format("{} of the arrays of the scene graph belong to no node", arrays));
   }
 }
 

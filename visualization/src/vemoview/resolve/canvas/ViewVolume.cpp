@@ -74,7 +74,8 @@ double ViewVolume::greatestDepthOf(const Box& box) const {
 
 double ViewVolume::greatestCover(const Box& box, double nearest) const {
   const double half = std::max(halfHeight(std::max(depthOf(box), nearest)), 0.0);
-  // At the corner of the picture, faces are seen from the side that face the viewer.
+  // Away from the middle, a face that is turned towards the viewer covers more of the picture than one
+  // parallel to it.
   const double slant = _isParallel ? 1.0 : std::hypot(1.0, _slope, _slope * _shape);
   return slant / (4.0 * half * half * _shape);
 }

@@ -9,7 +9,7 @@
 namespace vemo {
 
 /// VTK draws nothing for the characters beyond, whatever the font.
-constexpr char32_t LAST_DRAWN = 0xFFFF;
+inline constexpr char32_t LAST_DRAWN = 0xFFFF;
 
 /// The characters up to LAST_DRAWN that a font has.
 using FontCharacters = std::bitset<LAST_DRAWN + 1>;

@@ -130,16 +130,17 @@ double coverOfWindowImage(const ImageDecoration& image) {
 }
 
 [[noreturn]] void failTooLarge(double limit, const std::string& example) {
-  throw SceneTooLarge(
-      fmt::format("The scene is too large to be drawn: its faces, lines and points would cover the picture "
-                  "more than {:.0f} times, those of \"{}\" among them",
-                  limit, example));
+  throw SceneTooLarge(fmt::format(
+      "The scene is too large to be drawn: its faces, lines, points and images would cover the picture "
+      "more than {:.0f} times, those of \"{}\" among them",
+      limit, example));
 }
 
 }  // namespace
 
 double Cover::drawn() const {
-  return opaque + translucent * std::clamp(translucent, 1.0, AreaLimits::MOST_LAYERS);
+  const double layers = AreaLimits::COUNTED_LAYERS * std::min(translucent, AreaLimits::MOST_LAYERS);
+  return opaque + translucent * std::max(layers, 1.0);
 }
 
 /// A view in which shapes cover parts of the picture.

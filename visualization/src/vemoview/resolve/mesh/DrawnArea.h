@@ -23,8 +23,10 @@ struct AreaLimits {
   static constexpr double PICTURES = 500.0;
   /// For each face, line and point that the scene has: it may be some pixels large, anywhere.
   static constexpr double PICTURES_PER_SHAPE = 0.002;
-  /// Translucent shapes are drawn again for each of their layers, up to so many times.
+  /// Translucent shapes are drawn again for each of their layers, up to so many times, of which some
+  /// count: dozens of large sheets are worth their time.
   static constexpr double MOST_LAYERS = 64.0;
+  static constexpr double COUNTED_LAYERS = 0.25;
 };
 
 /// Parts of a picture that are covered, added up.

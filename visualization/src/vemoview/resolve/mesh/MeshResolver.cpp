@@ -223,11 +223,11 @@ class MeshBuilder {
                               _tables.resolve(*scalars->hasColorLookupTable())};
   }
 
-  /// The arrays that fit and that the data do not have yet.
+  /// The arrays that fit and that the data do not have yet; of several of a name the first.
   static void putAll(const lum::ArrayTable& arrays, vtkIdType tuples, vtkDataSetAttributes& data) {
     NamedArrays fitting;
     for (const auto& array : arrays) {
-      if (array->GetNumberOfTuples() == tuples) {
+      if (array->GetNumberOfTuples() == tuples && !fitting.find(NamedArrays::nameOf(*array))) {
         fitting.put(*array);
       }
     }
