@@ -107,7 +107,7 @@ TEST_F(DatabaseDamageTest, RefusesALargeIndexBeforeItTakesMemory) {
     readDatabase(path);
     FAIL();
   } catch (const FileError& error) {
-    EXPECT_THAT(error.what(), HasSubstr("of its 1099511627776 bytes, more than 67108864 are zeros"));
+    EXPECT_THAT(error.what(), HasSubstr("of its 8589934592 bytes, more than 67108864 are zeros"));
   }
 }
 
@@ -379,13 +379,16 @@ TEST_F(DatabaseDamageTest, RefusesDefaultsOfTooManyNodes) {
 }
 
 // A byte in the file, 24 in memory.
-TEST_F(DatabaseDamageTest, RefusesANodeOfTooManyArrays) {
+TEST_F(DatabaseDamageTest, RefusesNodesOfTooManyArrays) {
   using namespace std::literals;
-  constexpr int COUNT = 3'000'000;
-  const std::string arrays = encoded(COUNT) + std::string(COUNT, '\0');
-  const std::string graph = "\1\0\1\0\4"s + arrays + std::string(8, '\0');
-  const std::string index = "\2\14PolyDataNode\16nodeDataArrays\0\1\0\1\1\21\0\1\11\1\0\0"s +
-                            std::string(8, '\0') + "\0\1\0\0\0"s + encoded(graph.size()) + graph;
+  constexpr int COUNT = 800;
+  const std::string arrays = encoded(4000) + std::string(4000, '\0');
+  const std::string nodes = "\1\0\0\2\1\0\4"s + arrays + repeat("\2\2\0\4"s + arrays, COUNT - 1);
+  const std::string graph = encoded(COUNT + 1) + "\0"s + nodes + std::string(8, '\0');
+  const std::string strings = "\4\17SurfaceDrawable\5nodes\14PolyDataNode\16nodeDataArrays"s;
+  const std::string classes = "\2\0\1\1\23\0\2\1\3\21\0"s;
+  const std::string array = "\1\11\1\0\0"s + std::string(8, '\0') + "\0"s;
+  const std::string index = strings + "\0"s + classes + array + "\1\0\0\0"s + encoded(graph.size()) + graph;
   EXPECT_THAT(tryToRead(DatabaseBytes({}, index).join()), HasSubstr("out of proportion"));
 }
 

@@ -53,12 +53,12 @@ void PolyDataContent::putInto(vtkPolyData& polyData) const {
   _ofCells.putInto(*polyData.GetCellData());
 }
 
-bool operator<(const PolyDataContent& left, const PolyDataContent& right) {
+bool PolyDataContent::operator<(const PolyDataContent& other) const {
   const auto objectsOf = [](const PolyDataContent& content) {
     return std::tie(content._points, content._cells, content._ofPoints.arrays, content._ofPoints.normals,
                     content._ofCells.arrays, content._ofCells.normals);
   };
-  return objectsOf(left) < objectsOf(right);
+  return objectsOf(*this) < objectsOf(other);
 }
 
 }  // namespace vemo

@@ -26,7 +26,7 @@ class VEMO_GEOMETRY_EXPORT PolyDataContent {
   void putInto(vtkPolyData& polyData) const;
 
   /// An order of contents by the objects in them: equal are those that have the very same.
-  friend VEMO_GEOMETRY_EXPORT bool operator<(const PolyDataContent& left, const PolyDataContent& right);
+  bool operator<(const PolyDataContent& other) const;
 
  private:
   struct Data {
