@@ -4,6 +4,7 @@
 #include "geometry/Cells.h"
 #include "geometry/Points.h"
 #include "vemoview/resolve/canvas/ShownShapes.h"
+#include "vemoview/resolve/decorations/ImageResolver.h"
 #include "vemoview/resolve/drawables/InstanceBounds.h"
 #include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/resolve/SceneTooLarge.h>
@@ -16,7 +17,6 @@
 #include <vtkPolyData.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <fmt/format.h>
 #include <set>
@@ -104,17 +104,6 @@ double coverOfLine(double pixels, double width) {
 bool isTranslucent(const ImageDecoration& image) {
   const int components = image.pixels->GetNumberOfComponents();
   return image.isInModel && (image.opacity < 1.0 || components == 2 || components == 4);
-}
-
-/// Of an image in the model.
-std::array<Vector3, 4> cornersOf(const ImageDecoration& image) {
-  const Vector3 places[] = {image.corner, image.corner + image.xAxis,
-                            image.corner + image.xAxis + image.yAxis, image.corner + image.yAxis};
-  std::array<Vector3, 4> corners;
-  std::ranges::transform(places, corners.begin(), [&image](const Vector3& place) {
-    return transformedPoint(image.transform ? &*image.transform : nullptr, place);
-  });
-  return corners;
 }
 
 /// Of an image in the window, as a part of the canvas.
