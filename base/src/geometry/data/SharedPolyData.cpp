@@ -33,7 +33,7 @@ PolyDataLoan::~PolyDataLoan() {
   }
   OS::stopWithoutMemory([this] {
     _polyData->Initialize();
-    spare() = std::move(_polyData);
+    spare() = _polyData;
   });
 }
 
