@@ -5,7 +5,6 @@
 #include <chrono>
 #include <csignal>
 #include <fcntl.h>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
@@ -125,7 +124,7 @@ TEST_F(HangingCommandTest, RemovesTheFolderOfAKilledProcessButNoOthers) {
   fs::permissions(_temporary.path(), fs::perms::set_gid, fs::perm_options::add);
   const fs::path others = _temporary / "vemoscene-files-others";
   fs::create_directory(others);
-  std::ofstream(others / ".made-by-vemoscene");
+  writeFile(others / ".made-by-vemoscene", "");
   // Only root can give it to somebody else.
   const bool isOfOther = chown(others.c_str(), AsOrdinaryUser::NOBODY, AsOrdinaryUser::NOBODY) == 0;
   const int kept = isOfOther ? 3 : 2;

@@ -372,7 +372,7 @@ TEST_F(DatabaseDamageTest, RefusesDefaultsOfTooManyNodes) {
   }
   const std::string classes = "\0\4\0\1\1\23\0\2\1\3\22\0\4\1\1\23\0\5\1\6\16"s + encoded(keys.size()) + keys;
   std::string nodes = "\1\0\0\2\1\0\0\3\1\0\0\4\1\0\0"s + repeat("\2\4\0\0\3\1\0\0\4\1\0\0"s, COUNT - 1);
-  nodes.resize(8 * (3 * COUNT + 1));
+  nodes.resize(std::size_t{8} * (3 * COUNT + 1));
   const std::string graph = encoded(3 * COUNT + 1) + "\0"s + nodes;
   const std::string index = strings + "\0"s + classes + "\0\1\0\0\0"s + encoded(graph.size()) + graph;
   EXPECT_THAT(tryToRead(DatabaseBytes({}, index).join()), HasSubstr("out of proportion"));
