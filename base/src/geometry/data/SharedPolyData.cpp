@@ -10,16 +10,26 @@ namespace vemo {
 
 namespace {
 
-/// Never destroyed: destructors of global objects may need one, which come after those of threads.
-vtkSmartPointer<vtkPolyData>& spare() {
-  thread_local auto& polyData = *new vtkSmartPointer<vtkPolyData>;
-  return polyData;
+/// Trivial, so that it outlives the spare one: destructors of global objects come after those of the
+/// thread's.
+thread_local bool isThreadEnding = false;
+
+struct Spare {
+  vtkSmartPointer<vtkPolyData> polyData;
+
+  ~Spare() { isThreadEnding = true; }
+};
+
+thread_local Spare spare;
+
+vtkSmartPointer<vtkPolyData> takeSpare() {
+  vtkSmartPointer<vtkPolyData> taken = isThreadEnding ? nullptr : std::exchange(spare.polyData, nullptr);
+  return taken != nullptr ? taken : vtkSmartPointer<vtkPolyData>::New();
 }
 
 }  // namespace
 
-PolyDataLoan::PolyDataLoan()
-    : _polyData(spare() != nullptr ? std::exchange(spare(), nullptr) : vtkSmartPointer<vtkPolyData>::New()) {}
+PolyDataLoan::PolyDataLoan() : _polyData(takeSpare()) {}
 
 PolyDataLoan::PolyDataLoan(const PolyDataContent& content) : PolyDataLoan() {
   content.putInto(*_polyData);
@@ -33,7 +43,9 @@ PolyDataLoan::~PolyDataLoan() {
   }
   OS::stopWithoutMemory([this] {
     _polyData->Initialize();
-    spare() = _polyData;
+    if (!isThreadEnding) {
+      spare.polyData = _polyData;
+    }
   });
 }
 
