@@ -3,6 +3,7 @@
 #include "TemporaryFiles.h"
 #include "output/ExitCode.h"
 #include "output/Messages.h"
+#include <vemo/import/SceneFormatHandler.h>
 #include <vemo/scenegraph/io/SDBWriter.h>
 
 #include <cerrno>
@@ -17,9 +18,6 @@
 namespace vemo {
 
 namespace {
-
-/// Of old scenes.
-constexpr std::string_view ZIP_SIGNATURE = "PK\x03\x04";
 
 /// Empty until standard input has been read.
 std::string& copyOfInput() {
@@ -51,9 +49,9 @@ class InputBlocks {
   std::vector<char> _block = std::vector<char>(SIZE);
 };
 
-/// By its first bytes, as far as they are there.
+/// By its first bytes, of which there may be fewer than a signature has; zeros are behind them.
 bool mayBeScene(std::string_view start) {
-  return start.starts_with(lum::SDBWriter::SIGNATURE) || start.starts_with(ZIP_SIGNATURE);
+  return start.starts_with(lum::SDBWriter::SIGNATURE) || SceneFormatHandler::isZipSignature(start.data());
 }
 
 void requireWritten(const std::ofstream& out) {

@@ -70,18 +70,22 @@ class HangingCommandTest : public ProgramTest {
 
   auto countTemporaryFolders() const { return countFiles(_temporary.path()); }
 
+  /// It hangs, and a signal ends it.
+  void expectToLeaveNothing(const ProgramRun& run, int signal) const {
+    waitUntilItHangs();
+    EXPECT_EQ(countTemporaryFolders(), 1);
+    run.sendSignal(signal);
+    EXPECT_EQ(run.finish().exitCode, -signal);
+    expectNoTemporaryFiles();
+  }
+
  private:
   fs::path _pipe = _folder / "pipe";
   int _descriptor = -1;
 };
 
 TEST_F(HangingCommandTest, LeavesNothingBehindWhenItIsTerminated) {
-  const ProgramRun run = startConversion();
-  waitUntilItHangs();
-  EXPECT_EQ(countTemporaryFolders(), 1);
-  run.sendSignal(SIGTERM);
-  EXPECT_EQ(run.finish().exitCode, -SIGTERM);
-  expectNoTemporaryFiles();
+  expectToLeaveNothing(startConversion(), SIGTERM);
 }
 
 TEST_F(HangingCommandTest, EndsWithoutAWordWhenNobodyReadsItsResult) {
@@ -108,12 +112,7 @@ TEST_F(HangingCommandTest, LeavesNoConvertedScenesBehindWhenItsTimeIsUp) {
   const std::string light = "<light intensity='1' color='FFFFFFFF'/>";
   writeScene("one.zip", light, 1);
   writeScene("many.zip", light, 3000);
-  const ProgramRun run = start({"diff", "one.zip", "many.zip", "--json"});
-  waitUntilItHangs();
-  EXPECT_EQ(countTemporaryFolders(), 1);
-  run.sendSignal(SIGXCPU);
-  EXPECT_EQ(run.finish().exitCode, -SIGXCPU);
-  expectNoTemporaryFiles();
+  expectToLeaveNothing(start({"diff", "one.zip", "many.zip", "--json"}), SIGXCPU);
 }
 
 TEST_F(HangingCommandTest, RemovesTheFolderOfAKilledProcessButNoOthers) {
