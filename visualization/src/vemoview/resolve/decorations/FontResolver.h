@@ -21,8 +21,6 @@ class FontResolver {
  public:
   FontResolver();
   ~FontResolver();
-  FontResolver(const FontResolver&) = delete;
-  FontResolver& operator=(const FontResolver&) = delete;
 
   /// The file of a font for readable texts, like the style's: empty where the
   /// built-in fonts have all their characters, or no file has more of them. A finding

@@ -19,8 +19,6 @@ class InstalledFonts {
  public:
   InstalledFonts();
   ~InstalledFonts();
-  InstalledFonts(const InstalledFonts&) = delete;
-  InstalledFonts& operator=(const InstalledFonts&) = delete;
 
   /// Sorted within each folder: below the folders that the environment variable
   /// VEMO_FONT_PATH lists, with ":" between them, then below those where systems and
