@@ -29,6 +29,7 @@ SceneOutline outlineScene(const std::string& path, const ProgressReport& progres
   SceneOutline outline;
   const OpenedScene opened = openSceneParts(
       toWidePath(path), [](std::size_t) { return false; }, outline.parts, progress);
+  outline.kind = opened.kind;
   lum::SceneNode& scene = opened.requireSceneNode();
   outline.name = scene.getName();
   outline.camera = resolveCamera(scene.getModelCanvas().hasCameraAttributes());

@@ -12,6 +12,7 @@ namespace vemo {
 
 /// What is known of a scene file before any geometry is read. The nodes are null.
 struct SceneOutline {
+  SceneKind kind = SceneKind::DATABASE;
   std::string name;
   SceneParts parts;
   std::vector<SceneBlock> blocks;

@@ -1,56 +1,66 @@
 #include "SceneVersion.h"
 
-#include <algorithm>
-#include <cstddef>
+#include <vemo/base/WidePath.h>
+#include <vemo/import/archive/ZipFileReader.h>
+
+#include <array>
+#include <fmt/format.h>
 #include <fstream>
-#include <sstream>
-#include <string>
+#include <string_view>
 #include <xxhash.h>
 
 namespace vemo {
 
 namespace {
 
-/// The header of a database has a checksum of its index, and that has those of all arrays.
-constexpr std::streamoff HEAD = 256;
+/// Of all that was added, in that order.
+class Digest {
+ public:
+  void add(std::string_view bytes) { _value = XXH3_64bits_withSeed(bytes.data(), bytes.size(), _value); }
+  std::uint64_t getValue() const { return _value; }
 
-/// Archives end with the checksums of their entries.
-constexpr std::streamoff TAIL = 1 << 20;
+ private:
+  std::uint64_t _value = 0;
+};
 
-std::string readAt(std::istream& stream, std::streamoff offset, std::streamoff size) {
-  std::string bytes(static_cast<std::size_t>(size), '\0');
-  stream.seekg(offset);
-  stream.read(bytes.data(), size);
-  return bytes;
+void addEntries(const std::string& path, Digest& digest) {
+  const ZipFileReader archive(toWidePath(path));
+  for (int i = 0; i < archive.getEntryCount(); ++i) {
+    const std::string name = archive.getEntryName(i);
+    digest.add(name);
+    digest.add(fmt::format("{} {}", archive.getSize(name), archive.getChecksum(name)));
+  }
 }
 
-void describeFile(const std::string& path, std::ostream& text) {
-  std::ifstream file(path, std::ios::binary | std::ios::ate);
-  const std::streamoff size = std::max<std::streamoff>(file.tellg(), 0);
-  const std::streamoff tail = std::min(size, TAIL);
-  text << size << ' ' << readAt(file, 0, std::min(size, HEAD)) << readAt(file, size - tail, tail);
+/// It has a checksum of the index, and that has those of all arrays.
+void addDatabaseHeader(const std::string& path, Digest& digest) {
+  std::array<char, 256> header{};
+  std::ifstream(path, std::ios::binary).read(header.data(), header.size());
+  digest.add({header.data(), header.size()});
 }
 
-void describeOutline(const SceneOutline& outline, std::ostream& text) {
+void addOutline(const SceneOutline& outline, Digest& digest) {
   for (const SceneBlock& block : outline.blocks) {
-    text << block.part << ' ' << block.isVisible << ' ' << joinPath(block.path) << '\n';
+    digest.add(fmt::format("{} {} {}", block.part, block.isVisible, joinPath(block.path)));
   }
   for (const SceneParts::Part& part : outline.parts.parts) {
     for (const std::size_t array : part.arrays) {
-      text << array << ' ' << outline.parts.arrayBytes[array] << ' ';
+      digest.add(fmt::format("{} {}", array, outline.parts.arrayBytes[array]));
     }
-    text << '\n';
   }
 }
 
 }  // namespace
 
 std::uint64_t versionOf(const std::string& path, const SceneOutline& outline) {
-  std::ostringstream text;
-  describeFile(path, text);
-  describeOutline(outline, text);
-  const std::string bytes = text.str();
-  return XXH3_64bits(bytes.data(), bytes.size());
+  Digest digest;
+  if (outline.kind == SceneKind::ARCHIVE) {
+    addEntries(path, digest);
+  } else {
+    addDatabaseHeader(path, digest);
+  }
+  addOutline(outline, digest);
+  return digest.getValue();
 }
 
 }  // namespace vemo

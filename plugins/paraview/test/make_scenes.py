@@ -39,10 +39,10 @@ class Archive:
   faceColor="{color}" lineWidth="3" showEdges="false" showFaces="true" smoothShading="false" pointSize="5"
   points="{self.entry("points", points)}" {cells}>{children}</geometry>"""
 
-    def write(self, path, content):
+    def write(self, path, content, compression=zipfile.ZIP_DEFLATED):
         view = '<view version="1" perspective="false" parallelScale="2.5"><position x="1.5" y="0" z="5"/>'
         view += '<up x="0" y="1" z="0"/><focalPt x="1.5" y="0" z="0"/></view>'
-        with zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED, compresslevel=1) as archive:
+        with zipfile.ZipFile(path, "w", compression, compresslevel=1) as archive:
             archive.writestr("scene.xml", f'<scene name="test" version="1" background="204060ff">{view}{content}</scene>')
             for name, content in self.entries.items():
                 archive.writestr(name, content)
@@ -78,6 +78,12 @@ def write_small(folder):
                           "after": {"wing": 4, "nose": 5, "tail": 6}}.items():
         archive = Archive()
         archive.write(folder / f"{name}.zip", "".join([archive.patch(*patch, 0, 0) for patch in patches.items()]))
+    for step in range(2):
+        # Of the same size, with a directory of 1.3 MB that begins with the difference.
+        archive = Archive()
+        wing = archive.patch("wing", 2, 100 * step, 0)
+        archive.entries |= {f"unused {i:05}".ljust(600, "."): b"" for i in range(2000)}
+        archive.write(folder / f"step{step}.zip", wing, zipfile.ZIP_STORED)
     Archive().write(folder / "broken.zip", "<assembly>")
     (folder / "text.zip").write_text("This is not a scene.")
 

@@ -78,6 +78,10 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
   /// The size in bytes as it stands in the archive; 0 when there is no such entry.
   std::uint64_t getCompressedSize(const std::string& name) const;
 
+  /// Of the uncompressed content, CRC-32, as it stands in the archive's directory; 0 when there
+  /// is no such entry.
+  std::uint32_t getChecksum(const std::string& name) const;
+
   /// Whether the entry may be read: false for what is not supported, and for a
   /// large size that so many compressed bytes cannot have by any method. Check
   /// this before allocating memory: the size may be forged.

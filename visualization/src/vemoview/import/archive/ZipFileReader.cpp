@@ -138,6 +138,11 @@ std::uint64_t ZipFileReader::getCompressedSize(const std::string& name) const {
   return entry != nullptr ? entry->compressedSize : 0;
 }
 
+std::uint32_t ZipFileReader::getChecksum(const std::string& name) const {
+  const ZipEntry* const entry = _archive->find(name);
+  return entry != nullptr ? entry->checksum : 0;
+}
+
 bool ZipFileReader::isSizePossible(const std::string& name) const {
   const ZipEntry* const entry = _archive->find(name);
   return entry != nullptr && _archive->isSizePossible(*entry);
