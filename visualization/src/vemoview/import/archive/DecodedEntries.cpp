@@ -13,6 +13,7 @@
 #include <vtkPolyData.h>
 #include <vtkUnsignedCharArray.h>
 
+#include <cmath>
 #include <utility>
 
 namespace vemo {
@@ -21,14 +22,23 @@ namespace {
 
 constexpr int COORDINATES = 3;
 
-/// The Euclidean lengths of the triples, in single precision.
+/// In single precision; the squares of very long and very short vectors need more.
+float magnitude(const float* triple) {
+  const Vector<3, float> vector{triple[0], triple[1], triple[2]};
+  if (const float squares = vector.squaredLength(); std::isnormal(squares)) {
+    return std::sqrt(squares);
+  }
+  return static_cast<float>(length(Vector3{vector[0], vector[1], vector[2]}));
+}
+
+/// The Euclidean lengths of the triples.
 vtkSmartPointer<vtkFloatArray> magnitudes(vtkFloatArray& values) {
   auto array = vtkSmartPointer<vtkFloatArray>::New();
   const vtkIdType count = values.GetNumberOfValues() / COORDINATES;
   allocateTuples(*array, count);
   const float* triple = values.GetPointer(0);
   for (vtkIdType i = 0; i < count; ++i, triple += COORDINATES) {
-    array->SetValue(i, length(Vector<3, float>{triple[0], triple[1], triple[2]}));
+    array->SetValue(i, magnitude(triple));
   }
   return array;
 }
