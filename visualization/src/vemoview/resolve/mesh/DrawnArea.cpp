@@ -6,6 +6,7 @@
 #include "vemoview/resolve/canvas/ShownShapes.h"
 #include "vemoview/resolve/decorations/ImageResolver.h"
 #include "vemoview/resolve/drawables/InstanceBounds.h"
+#include "vemoview/resolve/mesh/DrawingLoad.h"
 #include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/resolve/SceneTooLarge.h>
 #include <vemo/resolve/UsualPicture.h>
@@ -19,7 +20,6 @@
 #include <algorithm>
 #include <cmath>
 #include <fmt/format.h>
-#include <set>
 #include <variant>
 
 namespace vemo {
@@ -251,13 +251,9 @@ std::vector<DrawnArea::Part> DrawnArea::partsOf(const MeshInstance& mesh) {
 
 DrawnArea::DrawnArea(std::span<const MeshInstance> meshes, std::span<const Decoration> decorations)
     : _meshes(meshes), _decorations(decorations) {
-  std::set<std::pair<vtkPolyData*, Kind>> known;
+  ContentCount content;
   for (const MeshInstance& mesh : _meshes) {
-    for (const Part& part : partsOf(mesh)) {
-      if (known.insert({part.geometry, part.kind}).second) {
-        _limit += AreaLimits::PICTURES_PER_SHAPE * countShapes(part.kind, *part.geometry);
-      }
-    }
+    _limit += AreaLimits::PICTURES_PER_ELEMENT * static_cast<double>(content.add(*mesh.node));
   }
 }
 

@@ -21,8 +21,8 @@ struct UsualCanvas;
 /// them. A small file may have very many large faces at one place.
 struct AreaLimits {
   static constexpr double PICTURES = 500.0;
-  /// For each face, line and point that the scene has: it may be some pixels large, anywhere.
-  static constexpr double PICTURES_PER_SHAPE = 0.002;
+  /// For each element that the scene has (DrawingLoad::content): some 200 pixels for a face, line or point.
+  static constexpr double PICTURES_PER_ELEMENT = 0.00005;
   /// Translucent shapes are drawn again for each of their layers, up to so many times, of which some
   /// count: dozens of large sheets are worth their time.
   static constexpr double MOST_LAYERS = 64.0;
