@@ -32,8 +32,10 @@ struct vtkVemoSceneReader::State {
   /// Tells whether a file is still the same.
   struct FileStamp {
     std::string path;
+    decltype(stat::st_dev) device = 0;
     decltype(stat::st_ino) number = 0;
     decltype(stat::st_size) size = 0;
+    // No program can set when a file changed last, unlike when it was modified.
     decltype(timespec::tv_sec) seconds = 0;
     decltype(timespec::tv_nsec) nanoseconds = 0;
 
@@ -43,7 +45,8 @@ struct vtkVemoSceneReader::State {
   static FileStamp stampOf(const std::string& path) {
     struct stat status {};
     ::stat(path.c_str(), &status);
-    return {path, status.st_ino, status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
+    return {path,           status.st_dev,         status.st_ino,
+            status.st_size, status.st_ctim.tv_sec, status.st_ctim.tv_nsec};
   }
 
   /// From before the outline was made.
