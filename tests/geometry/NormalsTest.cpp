@@ -30,7 +30,7 @@ using Values = std::vector<float>;
 // rounds differently, and also differs at polygons that are not flat.
 constexpr bool IS_OUR_FILTER = VTK_MAJOR_VERSION == 9 && VTK_MINOR_VERSION == 1;
 constexpr float TOLERANCE = IS_OUR_FILTER ? 0.0F : 1e-5F;
-constexpr std::size_t COMMON_CELL_SIZE = IS_OUR_FILTER ? 7 : 3;
+constexpr std::size_t COMMON_CELL_SIZE = IS_OUR_FILTER ? 12 : 3;
 
 /// Points of VTK's type VTK_FLOAT or VTK_DOUBLE, and cells in arrays of 32 or
 /// 64 bits.
@@ -48,7 +48,7 @@ vtkSmartPointer<vtkPolyData> meshOf(const Points& points, const Cells& cells, in
   return mesh;
 }
 
-/// Cells of 3 to 7 points, or a lower maximum, among points that lie anywhere:
+/// Cells of 3 to 7 points, or another maximum, among points that lie anywhere:
 /// neither flat nor convex, and many cells to a point. The last point is in no cell.
 struct RandomMesh {
   std::mt19937 engine{7};

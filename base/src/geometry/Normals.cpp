@@ -217,7 +217,7 @@ vtkSmartPointer<vtkFloatArray> sumPointNormals(vtkPolyData& mesh, PolygonNormal 
   reader.visit([&](const auto& points) { sumAtPoints(mesh, points, kind, sums); });
   if (!isConsistentlyWound(mesh, normalize(sums), counts)) {
     FaceList faces(mesh);
-    faces.makeConsistent(counts);
+    faces.makeConsistent();
     normals->FillValue(0.0F);
     reader.visit([&](const auto& points) { sumAtPoints(faces, points, kind, sums); });
     normalize(sums);

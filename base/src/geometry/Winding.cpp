@@ -5,37 +5,157 @@
 #include <vtkPolyData.h>
 
 #include <algorithm>
+#include <compare>
+#include <iterator>
 #include <numeric>
+#include <optional>
 
 namespace vemo {
 
 namespace {
 
-/// A list of numbers for each point, all in one block.
+/// A list of values for each point, all in one block.
+template <class T>
 class PointLists {
  public:
   /// @param sizes of the complete lists
   explicit PointLists(std::span<const std::uint32_t> sizes)
-      : _ends(sizes.size()), _numbers(std::accumulate(sizes.begin(), sizes.end(), std::size_t{0})) {
+      : _ends(sizes.size()), _values(std::accumulate(sizes.begin(), sizes.end(), std::size_t{0})) {
     std::exclusive_scan(sizes.begin(), sizes.end(), _ends.begin(), std::size_t{0});
   }
 
-  void add(std::size_t point, std::uint32_t number) { _numbers[_ends[point]++] = number; }
+  void add(std::size_t point, const T& value) { _values[_ends[point]++] = value; }
 
   /// The list of a point, which is complete, as that of the point before it.
-  std::span<std::uint32_t> operator[](std::size_t point) {
+  std::span<T> operator[](std::size_t point) {
     const std::size_t begin = point > 0 ? _ends[point - 1] : 0;
-    return {_numbers.data() + begin, _numbers.data() + _ends[point]};
+    return {_values.data() + begin, _values.data() + _ends[point]};
   }
 
  private:
   std::vector<std::size_t> _ends;
-  std::vector<std::uint32_t> _numbers;
+  std::vector<T> _values;
 };
 
 template <class Index>
 Index nextPoint(std::span<const Index> face, std::size_t corner) {
   return face[corner + 1 < face.size() ? corner + 1 : 0];
+}
+
+/// Finds the faces that have both points of an edge, whether it is one of theirs or not, as VTK does.
+/// Each edge is searched once: hostile meshes have the same one very often, or very many faces at each
+/// of its points.
+class EdgeNeighbors {
+ public:
+  EdgeNeighbors(const FaceList& faces, std::size_t pointCount);
+
+  /// Ascending numbers of faces, a face perhaps twice; nothing for an edge that was searched before.
+  /// Without some of the faces that are done.
+  std::span<const std::uint32_t> search(vtkIdType from, vtkIdType to, const std::vector<bool>& isDone);
+
+ private:
+  /// A face that has a point of the same or a higher number than that which lists it.
+  struct Pair {
+    std::uint32_t higher;
+    std::uint32_t face;
+    auto operator<=>(const Pair&) const = default;
+  };
+
+  /// The corners of larger faces make too many pairs: only those of their edges are listed.
+  static constexpr std::size_t SMALL = 8;
+  /// In the first one of an edge's pairs: it was searched.
+  static constexpr std::uint32_t SEARCHED = 0xffffffff;
+
+  template <class Visit>
+  void forEachPair(const FaceList& faces, const Visit& visit) const;
+  void findLarge(std::size_t from, std::size_t to, const std::vector<bool>& isDone);
+
+  /// Points that an edge joins with themselves: all faces at them are its neighbors.
+  std::vector<bool> _isDoubled;
+  std::optional<PointLists<Pair>> _pairs;
+  std::optional<PointLists<std::uint32_t>> _large;
+  /// The lengths of the lists of large faces, without those that were done.
+  std::vector<std::uint32_t> _largeCounts;
+  std::vector<std::uint32_t> _found;
+};
+
+EdgeNeighbors::EdgeNeighbors(const FaceList& faces, std::size_t pointCount)
+    : _isDoubled(pointCount), _largeCounts(pointCount) {
+  for (std::size_t face = 0; face < faces.size(); ++face) {
+    const auto points = faces[face];
+    for (std::size_t corner = 0; corner < points.size(); ++corner) {
+      const auto point = static_cast<std::size_t>(points[corner]);
+      _isDoubled[point] = _isDoubled[point] || nextPoint(points, corner) == points[corner];
+      _largeCounts[point] += points.size() > SMALL ? 1 : 0;
+    }
+  }
+  std::vector<std::uint32_t> sizes(pointCount);
+  forEachPair(faces, [&sizes](std::size_t lower, const Pair& /*pair*/) { ++sizes[lower]; });
+  _pairs.emplace(sizes);
+  forEachPair(faces, [this](std::size_t lower, const Pair& pair) { _pairs->add(lower, pair); });
+  _large.emplace(_largeCounts);
+  for (std::size_t point = 0; point < pointCount; ++point) {
+    std::ranges::sort((*_pairs)[point]);
+  }
+  for (std::size_t face = 0; face < faces.size(); ++face) {
+    for (const vtkIdType point : faces[face].size() > SMALL ? faces[face] : std::span<const vtkIdType>()) {
+      _large->add(static_cast<std::size_t>(point), static_cast<std::uint32_t>(face));
+    }
+  }
+}
+
+/// Calls visit(lower point, pair).
+template <class Visit>
+void EdgeNeighbors::forEachPair(const FaceList& faces, const Visit& visit) const {
+  for (std::size_t face = 0; face < faces.size(); ++face) {
+    const auto points = faces[face];
+    const auto add = [&](vtkIdType a, vtkIdType b) {
+      const auto [lower, higher] = std::minmax(a, b);
+      visit(static_cast<std::size_t>(lower),
+            Pair{static_cast<std::uint32_t>(higher), static_cast<std::uint32_t>(face)});
+    };
+    for (std::size_t corner = 0; corner < points.size(); ++corner) {
+      if (points.size() > SMALL) {
+        add(points[corner], nextPoint(points, corner));
+        continue;
+      }
+      for (const vtkIdType other : points.subspan(corner + 1)) {
+        add(points[corner], other);
+      }
+      if (_isDoubled[static_cast<std::size_t>(points[corner])]) {
+        add(points[corner], points[corner]);
+      }
+    }
+  }
+}
+
+std::span<const std::uint32_t> EdgeNeighbors::search(vtkIdType from, vtkIdType to,
+                                                     const std::vector<bool>& isDone) {
+  const auto [lower, higher] = std::minmax({static_cast<std::size_t>(from), static_cast<std::size_t>(to)});
+  const auto run =
+      std::ranges::equal_range((*_pairs)[lower], static_cast<std::uint32_t>(higher), {}, &Pair::higher);
+  _found.clear();
+  if (run.front().face == SEARCHED) {
+    return {};
+  }
+  std::ranges::transform(run, std::back_inserter(_found), &Pair::face);
+  run.front().face = SEARCHED;
+  const auto count = static_cast<std::ptrdiff_t>(_found.size());
+  findLarge(lower, higher, isDone);
+  std::inplace_merge(_found.begin(), _found.begin() + count, _found.end());
+  return _found;
+}
+
+void EdgeNeighbors::findLarge(std::size_t from, std::size_t to, const std::vector<bool>& isDone) {
+  const auto [shorter, longer] = std::minmax(
+      from, to, [this](std::size_t a, std::size_t b) { return _largeCounts[a] < _largeCounts[b]; });
+  const auto list = (*_large)[shorter].first(_largeCounts[shorter]);
+  const auto rest =
+      std::remove_if(list.begin(), list.end(), [&](std::uint32_t face) { return isDone[face]; });
+  _largeCounts[shorter] = static_cast<std::uint32_t>(rest - list.begin());
+  const auto others = (*_large)[longer].first(_largeCounts[longer]);
+  std::copy_if(list.begin(), rest, std::back_inserter(_found),
+               [&others](std::uint32_t face) { return std::ranges::binary_search(others, face); });
 }
 
 }  // namespace
@@ -49,7 +169,7 @@ bool isConsistentlyWound(vtkPolyData& mesh, const PointMarks& marks,
   for (std::size_t point = 0; point < sizes.size(); ++point) {
     sizes[point] = marks[point] ? sizes[point] : 0;
   }
-  PointLists nextPoints(sizes);
+  PointLists<std::uint32_t> nextPoints(sizes);
   forEachFace(mesh, [&]<class Index>(std::span<const Index> face) {
     for (std::size_t corner = 0; corner < face.size(); ++corner) {
       const auto point = static_cast<std::size_t>(face[corner]);
@@ -68,37 +188,24 @@ bool isConsistentlyWound(vtkPolyData& mesh, const PointMarks& marks,
   return true;
 }
 
-FaceList::FaceList(vtkPolyData& mesh) {
+FaceList::FaceList(vtkPolyData& mesh) : _pointCount(static_cast<std::size_t>(mesh.GetNumberOfPoints())) {
   forEachFace(mesh, [this](auto face) {
     _points.insert(_points.end(), face.begin(), face.end());
     _ends.push_back(_points.size());
   });
 }
 
-void FaceList::makeConsistent(std::span<const std::uint32_t> facesAtPoint) {
-  PointLists faces(facesAtPoint);
-  for (std::size_t face = 0; face < size(); ++face) {
-    for (const vtkIdType point : (*this)[face]) {
-      faces.add(static_cast<std::size_t>(point), static_cast<std::uint32_t>(face));
-    }
-  }
+void FaceList::makeConsistent() {
+  EdgeNeighbors neighbors(*this, _pointCount);
   std::vector<bool> isDone(size());
   std::vector<std::size_t> wave;
   const auto take = [&](std::size_t face) {
     isDone[face] = true;
     wave.push_back(face);
   };
-  // Faces that are done are removed from the lists, and of the two points of an
-  // edge the one with the shorter list is searched: otherwise a fan around one
-  // point would take quadratic time.
-  std::vector<std::uint32_t> left(facesAtPoint.begin(), facesAtPoint.end());
   const auto windNeighbors = [&](vtkIdType from, vtkIdType to) {
-    const bool isFromShorter = left[static_cast<std::size_t>(from)] <= left[static_cast<std::size_t>(to)];
-    const auto point = static_cast<std::size_t>(isFromShorter ? from : to);
-    const vtkIdType other = isFromShorter ? to : from;
-    const auto list = faces[point].first(left[point]);
-    for (const std::uint32_t neighbor : list) {
-      if (isDone[neighbor] || std::ranges::find((*this)[neighbor], other) == (*this)[neighbor].end()) {
+    for (const std::uint32_t neighbor : neighbors.search(from, to, isDone)) {
+      if (isDone[neighbor]) {
         continue;
       }
       if (!runsThrough(neighbor, to, from)) {
@@ -106,9 +213,6 @@ void FaceList::makeConsistent(std::span<const std::uint32_t> facesAtPoint) {
       }
       take(neighbor);
     }
-    const auto rest =
-        std::remove_if(list.begin(), list.end(), [&](std::uint32_t face) { return isDone[face]; });
-    left[point] = static_cast<std::uint32_t>(rest - list.begin());
   };
   for (std::size_t first = 0; first < size(); ++first) {
     if (isDone[first]) {

@@ -36,12 +36,13 @@ class FaceList {
   /// Reverses faces until each connected part of the mesh is wound like its first
   /// face, as far as possible: the faces that vtkPolyDataNormals reverses for
   /// consistency.
-  void makeConsistent(std::span<const std::uint32_t> facesAtPoint);
+  void makeConsistent();
 
  private:
   bool runsThrough(std::size_t face, vtkIdType from, vtkIdType to) const;
   void reverse(std::size_t face);
 
+  std::size_t _pointCount;
   std::vector<vtkIdType> _points;
   std::vector<std::size_t> _ends{0};
 };
