@@ -69,6 +69,7 @@ TEST_F(OpenSceneTest, OpensFilesBytesAndStreamsOfBothGenerations) {
   for (const auto& path : {std::filesystem::path(toNativePath(archivePath())), database()}) {
     const std::string bytes = readFile(path);
     std::ifstream stream(path, std::ios::binary);
+    stream.exceptions(std::ios::failbit | std::ios::badbit);
     for (const OpenedScene& scene :
          {openScene(wide(path)), openScene(std::as_bytes(std::span(bytes))), openScene(stream)}) {
       EXPECT_EQ(scene.kind, path == database() ? SceneKind::DATABASE : SceneKind::ARCHIVE);

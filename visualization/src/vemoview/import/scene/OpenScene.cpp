@@ -8,6 +8,7 @@
 #include <vemo/scenegraph/io/FileError.h>
 
 #include <istream>
+#include <streambuf>
 #include <string>
 
 namespace vemo {
@@ -43,17 +44,27 @@ std::vector<OpenedScene::Record> readDatabase(const std::wstring& path, const Pr
   return readDatabase(reader, progress);
 }
 
+[[noreturn]] void failToRead() {
+  throw lum::io::FileError(lum::io::FileIoStatus::ReadError, "The stream cannot be read");
+}
+
+/// From its buffer: the stream itself may throw at its end.
 std::string readAll(std::istream& stream) {
-  constexpr std::size_t BLOCK = std::size_t{1} << 20U;
+  constexpr std::streamsize BLOCK = 1 << 20;
+  if (stream.rdbuf() == nullptr || stream.bad() || (stream.fail() && !stream.eof())) {
+    failToRead();
+  }
   std::string bytes;
   std::size_t size = 0;
-  while (stream) {
+  std::streamsize count = BLOCK;
+  while (count == BLOCK) {
     bytes.resize(size + BLOCK);
-    stream.read(bytes.data() + size, BLOCK);
-    size += static_cast<std::size_t>(stream.gcount());
-  }
-  if (!stream.eof() || stream.bad()) {
-    throw lum::io::FileError(lum::io::FileIoStatus::ReadError, "The stream cannot be read");
+    try {
+      count = stream.rdbuf()->sgetn(bytes.data() + size, BLOCK);
+    } catch (const std::ios_base::failure&) {
+      failToRead();
+    }
+    size += static_cast<std::size_t>(count);
   }
   bytes.resize(size);
   return bytes;
