@@ -6,6 +6,7 @@
 #include "vemoview/window/SceneView.h"
 #include "vemoview/window/ValueGroups.h"
 #include "vemoview/window/ValuesPanel.h"
+#include <vemo/render/Picture.h>
 #include <vemo/render/RenderErrors.h>
 #include <vemo/resolve/Pick.h>
 #include <vemo/resolve/SceneTooLarge.h>
@@ -66,6 +67,16 @@ constexpr const char* HELP = R"(<table cellspacing="4">
 <tr><td><b>Ctrl+C</b></td><td>copy the selected values</td></tr>
 <tr><td><b>Ctrl+Q</b></td><td>quit</td></tr>
 </table>)";
+
+/// Throws PictureWriteError for a file that is no picture, such as the scene itself.
+void requireReplaceable(const QString& path) {
+  QFile file(path);
+  const auto size = static_cast<qint64>(Picture::PNG_SIGNATURE.size());
+  if (file.open(QIODevice::ReadOnly) && file.size() > 0 &&
+      file.read(size).toStdString() != Picture::PNG_SIGNATURE) {
+    throw PictureWriteError("\"" + path.toStdString() + "\" is not a PNG file and is not replaced");
+  }
+}
 
 /// The preferred size, limited to the available part of the screen.
 QSize initialSize() {
@@ -360,6 +371,7 @@ void SceneWindow::clearSelection() {
 }
 
 void SceneWindow::savePicture(const QString& path) {
+  requireReplaceable(path);
   _view->takePicture().writePng(QFile::encodeName(path).toStdString());
 }
 

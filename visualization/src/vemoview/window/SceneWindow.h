@@ -35,7 +35,8 @@ class SceneWindow final : public QMainWindow {
   /// drops, or the nearest scene before or after it in the folder.
   void followFiles(const QString& path, Files files);
 
-  /// Writes the current picture to a PNG file. Throws PictureWriteError.
+  /// Writes the current picture to a PNG file, which may replace another one but no other file. Throws
+  /// PictureWriteError.
   void savePicture(const QString& path);
 
  protected:
