@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <fmt/format.h>
 #include <map>
+#include <memory>
 
 namespace vemo {
 
@@ -20,11 +21,19 @@ namespace fs = std::filesystem;
 
 using PathList = std::vector<FileArguments::Paths>;
 
+[[noreturn]] void failOverwriting(const std::string& file, const std::string& other) {
+  throw Failure(ExitCode::WRONG_USAGE, fmt::format("\"{}\" would be written over \"{}\"", file, other));
+}
+
 void rejectOverwriting(const PathList& all) {
   std::map<fs::path, std::string> inputs;
+  std::map<FileIdentity, std::string> existing;
   std::map<fs::path, std::string> outputs;
   for (const auto& [file, output] : all) {
     inputs.emplace(placeOf(file), file);
+    if (const auto identity = identityOf(file)) {
+      existing.emplace(*identity, file);
+    }
   }
   for (const auto& [file, output] : all) {
     const auto [other, isNew] = outputs.emplace(placeOf(output), file);
@@ -33,8 +42,10 @@ void rejectOverwriting(const PathList& all) {
                                                        other->second, file, output));
     }
     if (const auto input = inputs.find(other->first); input != inputs.end()) {
-      throw Failure(ExitCode::WRONG_USAGE,
-                    fmt::format("\"{}\" would be written over \"{}\"", file, input->second));
+      failOverwriting(file, input->second);
+    }
+    if (const auto identity = identityOf(output); identity && existing.contains(*identity)) {
+      failOverwriting(file, existing[*identity]);
     }
   }
 }
@@ -94,6 +105,25 @@ PathList FileArguments::getPaths(const std::string& extension) const {
     throw Failure(ExitCode::WRONG_USAGE, "OUT is empty");
   }
   return {{_file, outputs.front()}};
+}
+
+std::vector<Command::Job> FileArguments::makeJobs(const PathList& all,
+                                                  const std::function<void(const Paths&)>& write) {
+  // By identity: names of different case may be those of one file.
+  const auto written = std::make_shared<std::map<FileIdentity, std::string>>();
+  std::vector<Command::Job> jobs;
+  for (const Paths& paths : all) {
+    jobs.push_back({paths.file, [written, paths, write] {
+                      if (const auto known = identityOf(paths.output); known && written->contains(*known)) {
+                        failOverwriting(paths.file, written->at(*known));
+                      }
+                      write(paths);
+                      if (const auto identity = identityOf(paths.output)) {
+                        written->emplace(*identity, paths.output);
+                      }
+                    }});
+  }
+  return jobs;
 }
 
 void FileArguments::makeFolder() {

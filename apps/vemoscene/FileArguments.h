@@ -1,8 +1,10 @@
 #pragma once
 
+#include "Command.h"
 #include "output/ExitCode.h"
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -44,6 +46,11 @@ class FileArguments {
   /// another scene file.
   /// @param extension of outputs in a folder
   std::vector<Paths> getPaths(const std::string& extension) const;
+
+  /// A job for each, that writes its output. None replaces the output of another one, which fails with
+  /// WRONG_USAGE.
+  static std::vector<Command::Job> makeJobs(const std::vector<Paths>& all,
+                                            const std::function<void(const Paths&)>& write);
 
   /// Creates the folder for outputs if there is none. Unless something is written to it, it
   /// is removed with this object. Throws Failure with CANNOT_WRITE.

@@ -9,11 +9,29 @@
 
 #include <filesystem>
 #include <fmt/format.h>
+#include <sys/stat.h>
 #include <system_error>
 
 namespace vemo {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+/// A shell may have redirected standard output to a file.
+std::string pathOfOutput(const std::string& output) {
+  return isStandardOutput(output) ? "/dev/stdout" : output;
+}
+
+void rejectSamePlace(const std::string& path, const std::string& name, const std::string& output) {
+  std::error_code ignored;
+  const std::string written = pathOfOutput(output);
+  if (fs::equivalent(path, written, ignored) || placeOf(path) == placeOf(written)) {
+    throw Failure(ExitCode::WRONG_USAGE, fmt::format("\"{}\" and \"{}\" are the same file", name, output));
+  }
+}
+
+}  // namespace
 
 fs::path placeOf(const std::string& path) {
   std::error_code ignored;
@@ -24,16 +42,20 @@ fs::path placeOf(const std::string& path) {
   return resolved.empty() ? place.lexically_normal() : resolved;
 }
 
+std::optional<FileIdentity> identityOf(const std::string& path) {
+  struct stat status {};
+  const bool isRegular = ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+  return isRegular ? std::optional(FileIdentity(status.st_dev, status.st_ino)) : std::nullopt;
+}
+
 void rejectSameFile(const std::string& file, const std::string& output) {
-  if (isStandardInput(file)) {
-    return;
+  if (!isStandardInput(file)) {
+    rejectSamePlace(file, file, output);
   }
-  std::error_code ignored;
-  // A shell may append standard output to the file.
-  const fs::path written = isStandardOutput(output) ? "/dev/stdout" : output;
-  if (fs::equivalent(file, written, ignored) || placeOf(file) == placeOf(written)) {
-    throw Failure(ExitCode::WRONG_USAGE, fmt::format("\"{}\" and \"{}\" are the same file", file, output));
-  }
+}
+
+void rejectSameOutput(const std::string& output, const std::string& other) {
+  rejectSamePlace(pathOfOutput(output), output, other);
 }
 
 void requireArchive(const std::string& file) {

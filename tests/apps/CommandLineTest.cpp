@@ -266,6 +266,7 @@ TEST_F(CommandLineTest, ConvertsToStandardOutput) {
     EXPECT_TRUE(result.out == readFile(_folder / "scene.sdb"));
     expectNoTemporaryFiles();
   }
+  EXPECT_EQ(run({"convert", "scene.zip", "-", "--ledger", "both"}, _folder / "both").exitCode, 64);
 }
 
 TEST_F(CommandLineTest, DrawsOrReportsMissingOpenGl) {

@@ -33,11 +33,13 @@ void prepareLedger(const ConvertArguments& arguments, ExportRequest& request) {
   if (isStandardOutput(request.output) && isStandardOutput(arguments.ledger)) {
     throw Failure(ExitCode::WRONG_USAGE, "OUT and LEDGER cannot both be standard output");
   }
-  rejectSameFile(request.output, arguments.ledger);
+  rejectSameOutput(request.output, arguments.ledger);
   checkOutput(arguments.ledger, LEDGER_KIND, arguments.force);
   requireArchive(request.file);
   const bool isPrinted = !isStandardOutput(request.output) && !isStandardOutput(arguments.ledger);
-  request.observeLedger = [&arguments, isPrinted](const SceneLedger& ledger) {
+  request.observeLedger = [&arguments, isPrinted, output = request.output](const SceneLedger& ledger) {
+    // It exists now, by whatever name.
+    rejectSameOutput(output, arguments.ledger);
     const std::string summary = writeLedger(ledger, arguments.ledger);
     if (isPrinted) {
       ResultStream out;
@@ -96,9 +98,8 @@ void addConvertCommand(CLI::App& app, Command& command) {
     }
     command.prepare = [arguments] { arguments->files.makeFolder(); };
     command.summarize = FileArguments::showFailures;
-    for (const FileArguments::Paths& paths : all) {
-      command.jobs.push_back({paths.file, [arguments, paths] { convert(*arguments, paths); }});
-    }
+    command.jobs = FileArguments::makeJobs(
+        all, [arguments](const FileArguments::Paths& paths) { convert(*arguments, paths); });
   });
 }
 

@@ -88,11 +88,9 @@ void addRenderCommand(CLI::App& app, Command& command) {
     const char* const extension = findPictureKind("", arguments->format).extension;
     command.prepare = [arguments] { arguments->files.makeFolder(); };
     command.summarize = FileArguments::showFailures;
-    for (const auto& paths : arguments->files.getPaths(extension)) {
-      const auto& [file, output] = paths;
-      command.jobs.push_back(
-          {file, [arguments, file = file, output = output] { render(*arguments, file, output); }});
-    }
+    command.jobs = FileArguments::makeJobs(
+        arguments->files.getPaths(extension),
+        [arguments](const FileArguments::Paths& paths) { render(*arguments, paths.file, paths.output); });
   });
 }
 
