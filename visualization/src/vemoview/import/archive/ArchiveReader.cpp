@@ -103,12 +103,13 @@ std::vector<std::string> ArchiveReader::getUnusedEntries() const {
   return unused;
 }
 
-void ArchiveReader::countNormals(std::int64_t count) {
+void ArchiveReader::countNormals(std::int64_t count, std::int64_t corners) {
   constexpr std::uint64_t BYTES = 3 * sizeof(float);
+  constexpr std::uint64_t BYTES_OF_CORNER = sizeof(std::int32_t);
   const std::string failure = "Normals cannot be computed";
   const std::uint64_t bytes = BYTES * static_cast<std::uint64_t>(count);
   requireData(bytes, failure, "");
-  addCopy(bytes, failure, "");
+  addCopy(bytes + BYTES_OF_CORNER * static_cast<std::uint64_t>(corners), failure, "");
   _normalBytes += bytes;
 }
 
@@ -125,8 +126,8 @@ void ArchiveReader::requireData(std::uint64_t bytes, const std::string& what,
 void ArchiveReader::addCopy(std::uint64_t bytes, const std::string& what, const std::string& entryName) {
   if (_copiedBytes + bytes > getLimits().copies) {
     failAt<IOException>(what +
-                            ": so many items share data that the scene would take memory out of "
-                            "proportion to its content.",
+                            ": so many items share data that the scene would take memory or time "
+                            "out of proportion to its content.",
                         entryName);
   }
   _copiedBytes += bytes;

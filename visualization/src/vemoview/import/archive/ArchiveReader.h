@@ -44,9 +44,10 @@ class ArchiveReader {
   /// Reports what is wrong with the content of an entry that was read.
   void reportContent(const std::string& entryName);
 
-  /// Before so many normals are computed: throws IOException when they, and what was read, are
-  /// more than the archive can hold, or out of proportion to its content.
-  void countNormals(std::int64_t count);
+  /// Before so many normals are computed, of faces with so many corners: throws IOException when
+  /// they, and what was read, are more than the archive can hold, or out of proportion to its
+  /// content.
+  void countNormals(std::int64_t count, std::int64_t corners);
 
   /// In all.
   std::uint64_t countBytesRead() const { return _bytesRead; }

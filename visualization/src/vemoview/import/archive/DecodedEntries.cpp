@@ -154,7 +154,8 @@ vtkSmartPointer<vtkFloatArray> DecodedEntries::getNormals(vtkPolyData& polyData,
   auto& normals = _normals[{mesh, areOfPoints}];
   if (normals == nullptr) {
     const vtkIdType count = areOfPoints ? polyData.GetNumberOfPoints() : polyData.GetNumberOfCells();
-    _archive.countNormals(count);
+    _archive.countNormals(count, polyData.GetPolys()->GetNumberOfConnectivityIds() +
+                                     polyData.GetStrips()->GetNumberOfConnectivityIds());
     normals = areOfPoints ? pointNormals(polyData) : cellNormals(polyData);
   }
   return normals;

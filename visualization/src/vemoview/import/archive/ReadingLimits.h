@@ -38,7 +38,8 @@ struct ReadingLimits {
   static constexpr std::uint64_t COMPRESSED_BYTES_OF_SMALL_ARCHIVE = 64U << 20U;
 
   /// What is made of the content of entries, for each byte of it: entries that are read again for
-  /// another use, and normals. Very many items may share very many points.
+  /// another use, and normals with the corners of their faces. Very many items may share very many
+  /// points or cells.
   static constexpr std::uint64_t COPIES_PER_BYTE = 32;
   static constexpr std::uint64_t COPIES_OF_SMALL_CONTENT = 64U << 20U;
 
