@@ -259,6 +259,18 @@ TEST_F(CommandLineTest, ReportsThatADatabaseHoldsNoScene) {
               HasSubstr("lost: The database holds no scene (scene-not-drawn)"));
 }
 
+TEST_F(CommandLineTest, NeedsNoArraysThatNoNodeHas) {
+  DatabaseBytes later(readFile(_folder / "wrong.sdb"));
+  later.replaceInIndex("PolyDataNode", "PolyDataNodx");
+  writeFile(_folder / "later.sdb", later.join());
+  const ProgramResult check = run({"check", "later.sdb"});
+  EXPECT_EQ(check.exitCode, 0);
+  EXPECT_THAT(check.out, HasSubstr("changed: later.sdb: Array 3 \"heat\": hash mismatch"));
+  EXPECT_EQ(run({"info", "later.sdb"}).exitCode, 0);
+  EXPECT_EQ(run({"convert", "later.sdb", "x.sdb", "--verify"}).exitCode, 0);
+  EXPECT_EQ(run({"diff", "later.sdb", "x.sdb"}).exitCode, 0);
+}
+
 TEST_F(CommandLineTest, ConvertsToStandardOutput) {
   for (const char* output : {"-", "/dev/stdout"}) {
     const ProgramResult result = run({"convert", "scene.zip", output});
