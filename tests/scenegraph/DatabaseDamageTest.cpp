@@ -303,7 +303,7 @@ TEST_F(DatabaseDamageTest, ReportsArraysThatNoRecordHas) {
     std::vector<Finding> findings;
     const FindingCapture capture(findings);
     lum::SDBReader reader(wide(path));
-    for (std::size_t i = 0; i < 2 * count; ++i) {
+    for (unsigned i = 0; i < 2 * count; ++i) {
       EXPECT_EQ(findings.size(), i < 2 * count - 1 ? 0U : 1U);
       reader.readNode(i / 2);
     }
