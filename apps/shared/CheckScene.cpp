@@ -13,8 +13,8 @@
 #include <vemo/scenegraph/io/FileError.h>
 #include <vemo/scenegraph/io/SDBReader.h>
 
+#include <map>
 #include <new>
-#include <set>
 
 namespace vemo {
 
@@ -48,56 +48,55 @@ class DamageList {
  public:
   explicit DamageList(FindingList& findings) : _findings(findings) {}
 
-  void add(const std::string& fault) {
-    if (++_count <= MOST_FINDINGS_OF_A_CODE) {
-      _findings.push_back({FindingCode::DATABASE_DAMAGED, fault});
+  bool isEmpty() const { return _counts.empty(); }
+
+  void add(FindingCode code, const std::string& fault) {
+    if (++_counts[code] <= MOST_FINDINGS_OF_A_CODE) {
+      _findings.push_back({code, fault});
     }
   }
 
   void finish() {
-    if (_count > MOST_FINDINGS_OF_A_CODE) {
-      _findings.push_back(
-          {FindingCode::DATABASE_DAMAGED, describeUnlisted(_count - MOST_FINDINGS_OF_A_CODE)});
+    for (const auto& [code, count] : _counts) {
+      if (count > MOST_FINDINGS_OF_A_CODE) {
+        _findings.push_back({code, describeUnlisted(count - MOST_FINDINGS_OF_A_CODE)});
+      }
     }
   }
 
  private:
   FindingList& _findings;
-  std::size_t _count = 0;
+  std::map<FindingCode, std::size_t> _counts;
 };
 
-std::set<std::size_t> checkArrays(lum::SDBReader& reader, DamageList& damage) {
-  std::set<std::size_t> damaged;
-  const std::size_t count = reader.getArrays().size();
-  for (std::size_t i = 0; i < count; ++i) {
+/// What no node has does not stop a conversion; after a fault, a record that cannot be read may
+/// have it.
+void checkUnusedArrays(lum::SDBReader& reader, DamageList& damage) {
+  const FindingCode code = damage.isEmpty() ? FindingCode::CHECKSUM_WRONG : FindingCode::DATABASE_DAMAGED;
+  for (const std::size_t array : reader.getUnusedArrays()) {
     try {
-      reader.checkArray(i);
+      reader.checkArray(array);
     } catch (const lum::io::FileError& error) {
-      damage.add(error.what());
-      damaged.insert(i);
+      damage.add(code, error.what());
     }
   }
-  return damaged;
 }
 
-/// Checks each array and each record separately, so that one fault does not
-/// hide others.
+/// One fault does not hide others.
 void checkDatabase(lum::SDBReader& reader, FindingList& findings) {
   DamageList damage(findings);
   bool isSceneMissing = true;
-  const std::set<std::size_t> damagedArrays = checkArrays(reader, damage);
   for (std::size_t i = 0; i < reader.getRecords().size(); ++i) {
-    const lum::SDBReader::CheckedRecord record = reader.checkRecord(i, damagedArrays);
-    for (const std::string& fault : record.faults) {
-      damage.add(fault);
-    }
-    if (auto* const scene = dynamic_cast<lum::SceneNode*>(record.node.getObject())) {
+    const lum::Ptr<lum::Node> node = reader.checkRecord(
+        i, [&damage](const std::string& fault) { damage.add(FindingCode::DATABASE_DAMAGED, fault); });
+    if (auto* const scene = dynamic_cast<lum::SceneNode*>(node.getObject())) {
       checkDrawing(*scene, findings);
       isSceneMissing = false;
     }
     // A damaged one may have been a scene.
-    isSceneMissing = isSceneMissing && record.node;
+    isSceneMissing = isSceneMissing && node;
   }
+  checkUnusedArrays(reader, damage);
   damage.finish();
   if (isSceneMissing) {
     findings.push_back({FindingCode::SCENE_NOT_DRAWN, "The database holds no scene"});

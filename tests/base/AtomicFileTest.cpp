@@ -162,6 +162,9 @@ TEST_F(AtomicFileTest, WritesWhatLinksName) {
   struct stat status {};
   stat((_folder / "later").c_str(), &status);
   EXPECT_EQ(status.st_mode & 0777, 0644U) << "as of any new file";
+  const fs::path circle = _folder / "circle";
+  fs::create_symlink("circle", circle);
+  EXPECT_EQ(write(circle), "Cannot write " + circle.string() + ": " + std::generic_category().message(ELOOP));
 }
 
 /// Few bytes fail when they leave the buffer, many at once.

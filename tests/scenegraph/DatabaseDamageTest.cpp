@@ -259,7 +259,65 @@ TEST_F(DatabaseDamageTest, SaysWhatIsWrong) {
   lum::SDBReader reader(wide(path));
   EXPECT_THROW(reader.readNode(1), FileError);
   EXPECT_THROW(reader.checkArray(reader.getArrays().size()), FileError);
-  EXPECT_EQ(reader.checkRecord(1, {}).faults.size(), 1U);
+  std::vector<std::string> faults;
+  reader.checkRecord(1, [&faults](const std::string& fault) { faults.push_back(fault); });
+  EXPECT_THAT(faults, testing::ElementsAre(HasSubstr("Record 1: There is no number 1")));
+}
+
+TEST_F(DatabaseDamageTest, ReportsADamagedArrayOfSeveralRecordsOnce) {
+  lum::SDBWriter writer;
+  int number = 0;
+  writer.open(wide(path), false, false);
+  writer.addRecord("", "", "", *scene, number);
+  writer.addRecord("", "", "", *scene, number);
+  ASSERT_EQ(writer.close(), FileIoStatus::Success);
+  std::string wrong = readFile(path);
+  wrong[256] = static_cast<char>(wrong[256] ^ 1);
+  writeFile(path, wrong);
+  lum::SDBReader reader(wide(path));
+  std::vector<std::string> faults;
+  for (const std::size_t record : {0U, 1U}) {
+    EXPECT_FALSE(reader.checkRecord(record, [&](const std::string& fault) { faults.push_back(fault); }));
+  }
+  EXPECT_THAT(faults, testing::ElementsAre(HasSubstr(".sdb: Array 0 \"Points\": hash mismatch")));
+}
+
+/// Once, when no record is left that may have them.
+TEST_F(DatabaseDamageTest, ReportsArraysThatNoRecordHas) {
+  using namespace std::literals;
+  const std::string row = "\2\1\1\2"s + std::string(8, '\0');
+  const auto indexOf = [&](const std::string& lists, const std::string& classes, int records) {
+    return "\2\22DrawableCollection\6orphan"s + lists + classes + "\2"s + row + row + "\0\0"s +
+           static_cast<char>(records) + repeat("\0\0\0\14\1\0\1\0\0"s + std::string(7, '\0'), records);
+  };
+  const std::string known = "\1\0\0"s;
+  std::string ofVersion1 = DatabaseBytes(std::string(65, 'x'), indexOf("", known, 1)).join();
+  ofVersion1.replace(ofVersion1.find("\"version\": 2"), 12, "\"version\": 1");
+  const auto join = [&](const std::string& index) {
+    return DatabaseBytes(std::string(65, 'x'), index).join();
+  };
+  for (const auto& [content, count] : {std::pair(ofVersion1, 1U),
+                                       {join(indexOf("\0"s, known, 0)), 0U},
+                                       {join(indexOf("\0"s, known, 2)), 2U}}) {
+    writeFile(path, content);
+    std::vector<Finding> findings;
+    const FindingCapture capture(findings);
+    lum::SDBReader reader(wide(path));
+    for (unsigned i = 0; i < 2 * count; ++i) {
+      EXPECT_EQ(findings.size(), i < 2 * count - 1 ? 0U : 1U);
+      reader.readNode(i / 2);
+    }
+    ASSERT_EQ(findings.size(), 1U);
+    EXPECT_EQ(describe(findings[0]),
+              "lost: Array 0 \"orphan\" and 1 other belong to no node (payload-unused)");
+    EXPECT_EQ(reader.getUnusedArrays(), (std::vector<std::size_t>{0, 1}));
+  }
+  // They may be those of fields that are unknown here.
+  std::vector<Finding> findings;
+  const FindingCapture capture(findings);
+  EXPECT_EQ(tryToRead(join(indexOf("\0"s, "\1\0\1\1\17\0"s, 1))), "");
+  ASSERT_EQ(findings.size(), 1U);
+  EXPECT_EQ(findings[0].code, FindingCode::FIELD_UNKNOWN);
 }
 
 // Indexes that no writer makes.

@@ -205,6 +205,7 @@ TEST(StreamTest, LetsGoOfArraysThatTheHostHasReleased) {
   EXPECT_NE(former[0], nullptr);
   EXPECT_EQ(former[1], nullptr);
   EXPECT_EQ(in.getMissingArrayCount(), 0U);
+  EXPECT_EQ(in.getUnusedArrayCount(), 0U);
 }
 
 /// A scene stream of one message. `changed`: its count, and numbers of known nodes.

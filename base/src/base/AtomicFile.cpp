@@ -221,6 +221,10 @@ void AtomicFile::inspectTarget() {
   if (::lstat(_place.c_str(), &status) != 0) {
     return;
   }
+  if (S_ISLNK(status.st_mode)) {
+    // More links than were followed, or a circle of them.
+    fail(ELOOP);
+  }
   if (!S_ISREG(status.st_mode)) {
     throw FileWriteError(_target, "it is not a regular file");
   }

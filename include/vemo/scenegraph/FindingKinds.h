@@ -18,7 +18,7 @@
   KIND(ATTRIBUTE_UNKNOWN, LOST, "An attribute that the format does not have for its element is ignored.") \
   KIND(ATTRIBUTE_WITHOUT_EFFECT, NOTE, "A value has no effect on what is drawn. It is not the default.") \
   KIND(CELLS_LEFT_OUT, LOST, "Cells with fewer points than cells of their kind must have are left out.") \
-  KIND(CHECKSUM_WRONG, CHANGED, "The content of an entry does not match its checksum, or an unused entry cannot be read: it may be damaged.") \
+  KIND(CHECKSUM_WRONG, CHANGED, "The content of an entry, or of an array of a database that no node has, does not match its checksum, or an unused entry cannot be read: it may be damaged.") \
   KIND(CLASS_UNKNOWN, LOST, "A database has nodes of a class that this version does not know. They are left out.") \
   KIND(COLORMAP_ADJUSTED, CHANGED, "A colormap has an unusable range, scale or list of colours, which is replaced.") \
   KIND(COLORMAP_REPLACED, CHANGED, "A colormap also colours the items of another assembly with the same name.") \
@@ -61,7 +61,7 @@
   KIND(NOT_COLORED_BY_ARRAY, CHANGED, "A geometry is not coloured by data: its array is missing or has the wrong size.") \
   KIND(NUMBER_INVALID, REFUSED, "A value that must be a number is not one.") \
   KIND(PAYLOAD_DAMAGED, LOST, "Data of the scene graph in an archive cannot be read or are missing.") \
-  KIND(PAYLOAD_UNUSED, LOST, "The scene graph in an archive has parts that are not in its scene: other graphs, or arrays that no node has.") \
+  KIND(PAYLOAD_UNUSED, LOST, "The scene graph in an archive has other graphs that are not in its scene; or it, or a database, has arrays that no node has.") \
   KIND(PLANES_LIMITED, CHANGED, "There are too many clipping planes: only the first ones are applied.") \
   KIND(POINT_SCALE_ADJUSTED, CHANGED, "The range or the sizes stated for scaling points are unusable: others are used.") \
   KIND(POINTS_NOT_SCALED, CHANGED, "Points that should be scaled by data all have the same size.") \

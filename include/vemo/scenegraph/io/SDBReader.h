@@ -10,7 +10,6 @@
 #include <functional>
 #include <iosfwd>
 #include <memory>
-#include <set>
 #include <span>
 #include <string>
 #include <vector>
@@ -26,7 +25,8 @@ class Node;
 /// Files of later versions may hold unknown parts: an unknown field is ignored;
 /// a node of an unknown class is left out with all that it owns. Both are findings,
 /// one for each class that nodes have. A field that the file does not have keeps
-/// its default.
+/// its default. Arrays that no node has are a finding once all records were read or checked, unless
+/// unknown parts may have them.
 class VEMO_SCENEGRAPH_EXPORT SDBReader {
  public:
   struct Record {
@@ -72,16 +72,17 @@ class VEMO_SCENEGRAPH_EXPORT SDBReader {
   /// the latest: arrays of a file with several records must not be changed.
   Ptr<Node> readNode(std::size_t record, int sessionId = NO_SESSION, ArrayPool* pool = nullptr);
 
+  /// Takes what is wrong, in words that name the file.
+  using FaultSink = std::function<void(const std::string& fault)>;
+  /// Reads a record as readNode does, but goes on after faults; null unless all of it is sound. A
+  /// damaged array is reported for one of the records that have it.
+  Ptr<Node> checkRecord(std::size_t record, const FaultSink& report);
+
+  /// The numbers of the arrays that no record has of those that were read or checked so far.
+  std::vector<std::size_t> getUnusedArrays() const;
+
   /// Reads one array and checks it against its hash; throws like readNode.
   void checkArray(std::size_t array);
-
-  /// What is wrong with a record beyond the arrays that are known to be damaged.
-  struct CheckedRecord {
-    /// Null unless all of it is sound.
-    Ptr<Node> node;
-    std::vector<std::string> faults;
-  };
-  CheckedRecord checkRecord(std::size_t record, const std::set<std::size_t>& damagedArrays);
 
  private:
   class Database;

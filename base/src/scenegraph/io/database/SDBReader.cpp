@@ -6,6 +6,7 @@
 #include "scenegraph/io/database/DatabaseFormat.h"
 #include "scenegraph/io/database/HostCall.h"
 #include <vemo/base/WidePath.h>
+#include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/io/ArrayPool.h>
 #include <vemo/scenegraph/io/FileError.h>
 #include <vemo/scenegraph/io/SDBReader.h>
@@ -16,6 +17,7 @@
 #include <cerrno>
 #include <fmt/format.h>
 #include <fstream>
+#include <set>
 #include <sys/stat.h>
 #include <system_error>
 #include <unordered_map>
@@ -73,8 +75,8 @@ auto at(Describe&& describeContext, Action&& action) {
 
 class SDBReader::Database {
  public:
-  explicit Database(const std::string& path) : _file(openFile(path)), _source(_file), _index(_source) {}
-  explicit Database(std::istream& in) : _source(in), _index(_source) {}
+  explicit Database(const std::string& path) : Database(openFile(path), nullptr) {}
+  explicit Database(std::istream& in) : Database({}, &in) {}
 
   const io::DatabaseIndex& getIndex() const { return _index; }
 
@@ -88,6 +90,7 @@ class SDBReader::Database {
   Ptr<Node> readNode(std::size_t record, int sessionId, ArrayPool* pool) {
     io::ArrayBinder binder;
     const Ptr<Node> root = decode(record, binder, sessionId);
+    noteUses(record, binder);
     if (_arrayFilter) {
       binder.filter([this](Node& node, std::span<const std::size_t> chunks) {
         return io::callHost([&] { return _arrayFilter(node, chunks); });
@@ -105,24 +108,33 @@ class SDBReader::Database {
     return root;
   }
 
-  /// Null for a record that uses one of the damaged chunks.
-  Ptr<Node> checkRecord(std::size_t record, const std::set<std::size_t>& damaged,
-                        std::vector<std::string>& faults) {
+  Ptr<Node> checkRecord(std::size_t record, const FaultSink& report) {
     io::ArrayBinder binder;
     const Ptr<Node> root = decode(record, binder, NO_SESSION);
-    bool isWhole = true;
     countArrays(record, binder);
+    noteUses(record, binder);
+    bool isSound = true;
     const std::vector<std::size_t> expected = binder.getExpected();
     keepOnly(expected);
     for (const std::size_t chunk : expected) {
-      if (damaged.contains(chunk)) {
-        isWhole = false;
-      } else if (const std::string fault = binder.provide(chunk, *readChunk(chunk, nullptr));
-                 !fault.empty()) {
-        faults.push_back(fault);
+      const vtkSmartPointer<vtkDataArray> array = tryToReadChunk(chunk, report);
+      const std::string fault = array != nullptr ? binder.provide(chunk, *array) : std::string();
+      if (!fault.empty()) {
+        report(fmt::format("Record {}: {}", record, fault));
+      }
+      isSound = isSound && array != nullptr && fault.empty();
+    }
+    return isSound ? root : nullptr;
+  }
+
+  std::vector<std::size_t> getUnused() const {
+    std::vector<std::size_t> unused;
+    for (std::size_t i = 0; i < _isUsed.size(); ++i) {
+      if (!_isUsed[i]) {
+        unused.push_back(i);
       }
     }
-    return isWhole && faults.empty() ? root : nullptr;
+    return unused;
   }
 
   void checkChunk(std::size_t chunk) {
@@ -130,6 +142,17 @@ class SDBReader::Database {
   }
 
  private:
+  /// @param in null for the file
+  Database(std::ifstream file, std::istream* in)
+      : _file(std::move(file)),
+        _source(in != nullptr ? *in : _file),
+        _index(_source),
+        _isUsed(_index.getTables().getChunks().size()) {
+    if (_index.getRecords().empty()) {
+      reportUnused();
+    }
+  }
+
   void advance(std::uint64_t bytes) {
     io::callHost([&] { _progress.advance(bytes); });
   }
@@ -172,6 +195,34 @@ class SDBReader::Database {
     _used.arrays += bytes;
   }
 
+  /// Before any array is left out because nobody wants it.
+  void noteUses(std::size_t record, const io::ArrayBinder& binder) {
+    if (std::exchange(_usedByRecord[record].areArraysNoted, true)) {
+      return;
+    }
+    binder.forEachUse([this](std::size_t chunk) { _isUsed[chunk] = true; });
+    if (++_notedRecords == _index.getRecords().size()) {
+      reportUnused();
+    }
+  }
+
+  void reportUnused() const {
+    const auto first = std::ranges::find(_isUsed, false);
+    if (first == _isUsed.end() || _unknown.hasAny()) {
+      return;
+    }
+    const auto count = std::count(first, _isUsed.end(), false);
+    const std::string others =
+        count > 1 ? fmt::format(" and {} other{} belong", count - 1, count > 2 ? "s" : "") : " belongs";
+    vemo::reportFinding(vemo::FindingCode::PAYLOAD_UNUSED,
+                        describe(static_cast<std::size_t>(first - _isUsed.begin())) + others + " to no node");
+  }
+
+  std::string describe(std::size_t chunk) const {
+    const io::TableReader& tables = _index.getTables();
+    return fmt::format("Array {} \"{}\"", chunk, vemo::shortName(tables.getName(tables.getChunks()[chunk])));
+  }
+
   /// Lets go the arrays of the record before that this one does not use.
   void keepOnly(const std::vector<std::size_t>& chunks) {
     std::erase_if(_latest,
@@ -192,6 +243,20 @@ class SDBReader::Database {
     }
     _latest[chunk] = array;
     return array;
+  }
+
+  /// Null for a damaged one, which is reported once.
+  vtkSmartPointer<vtkDataArray> tryToReadChunk(std::size_t chunk, const FaultSink& report) {
+    if (_damaged.contains(chunk)) {
+      return nullptr;
+    }
+    try {
+      return readChunk(chunk, nullptr);
+    } catch (const io::FileError& error) {
+      _damaged.insert(chunk);
+      report(error.what());
+      return nullptr;
+    }
   }
 
   vtkSmartPointer<vtkDataArray> readOrFindInPool(std::size_t chunk, ArrayPool* pool) {
@@ -223,15 +288,12 @@ class SDBReader::Database {
   template <class Action>
   void atChunk(std::size_t chunk, Action&& action) {
     const io::ChunkRow& row = _index.getTables().getChunks()[chunk];
-    at(
-        [&] {
-          return fmt::format("Array {} \"{}\"", chunk, vemo::shortName(_index.getTables().getName(row)));
-        },
-        [&] {
-          _source.seek(_index.getOffset(chunk));
-          action(row);
-          advance(row.bytes());
-        });
+    at([&] { return describe(chunk); },
+       [&] {
+         _source.seek(_index.getOffset(chunk));
+         action(row);
+         advance(row.bytes());
+       });
   }
 
   /// Not open for a stream that is the caller's.
@@ -243,11 +305,16 @@ class SDBReader::Database {
     std::uint64_t content = 0;
     /// Of arrays, as often as nodes have them.
     std::uint64_t arrays = 0;
+    bool areArraysNoted = false;
   };
   // By records that were read, and in all.
   std::unordered_map<std::size_t, Used> _usedByRecord;
   Used _used;
   io::UnknownParts _unknown;
+  // By number: those that a record has of those noted.
+  std::vector<bool> _isUsed;
+  std::size_t _notedRecords = 0;
+  std::set<std::size_t> _damaged;
   // By number: those that somebody has, and those of the record that was read last.
   std::unordered_map<std::size_t, vtkWeakPointer<vtkDataArray>> _known;
   std::unordered_map<std::size_t, vtkSmartPointer<vtkDataArray>> _latest;
@@ -303,22 +370,23 @@ Ptr<Node> SDBReader::readNode(std::size_t record, int sessionId, ArrayPool* pool
   });
 }
 
-SDBReader::CheckedRecord SDBReader::checkRecord(std::size_t record,
-                                                const std::set<std::size_t>& damagedArrays) {
-  CheckedRecord checked;
-  std::vector<std::string> faults;
-  io::passOnHostFailure([&] {
+Ptr<Node> SDBReader::checkRecord(std::size_t record, const FaultSink& report) {
+  const auto reportFault = [&](const std::string& fault) {
+    io::callHost([&] { report(fmt::format("{}: {}", _path, fault)); });
+  };
+  return io::passOnHostFailure([&]() -> Ptr<Node> {
     try {
       requireBelow(_records.size(), record, "records");
-      checked.node = _database->checkRecord(record, damagedArrays, faults);
+      return _database->checkRecord(record, reportFault);
     } catch (const io::FileError& error) {
-      faults.emplace_back(error.what());
+      reportFault(fmt::format("Record {}: {}", record, error.what()));
+      return {};
     }
   });
-  for (const std::string& fault : faults) {
-    checked.faults.push_back(fmt::format("{}: Record {}: {}", _path, record, fault));
-  }
-  return checked;
+}
+
+std::vector<std::size_t> SDBReader::getUnusedArrays() const {
+  return _database->getUnused();
 }
 
 void SDBReader::checkArray(std::size_t array) {
