@@ -261,6 +261,40 @@ TEST(StreamTest, ReleasesNodesThatLeaveAndRefusesWhatDoesNotFit) {
   EXPECT_FALSE(isRead(sceneStream(none, 1, "\0"s, "\1\0\4\0\0"s), in));
 }
 
+// Of a root, which owns the first of a chain of three.
+TEST(StreamTest, TakesNodesOnlyOutOfWhatLeavesTheGraph) {
+  using namespace std::literals;
+  const std::string tables = "\2\22DrawableCollection\5nodes\0\1\0\1\1\23\0\0"s;
+  const std::string none(4, '\0');
+  const std::string chain = sceneStream(tables, 4, "\0"s, "\1\0\0\1\1\0\0\1\1\0\0\1\1\0\0"s);
+  const std::string root = "\0\0\0\0"s, first = "\0\1"s, second = "\0\2"s, third = "\0\3"s;
+  const std::string below = "\1\0"s, beside = "\2\0"s;
+  struct Case {
+    std::string records;
+    char count;
+    bool isRight;
+  };
+  const Case cases[] = {
+      {root + third + below, 2, true},
+      {root + third + below + second + beside, 3, false},
+      {root + third + below + first + beside, 3, false},
+      {root + second + below + first + beside, 3, false},
+      {root + first + below + third + beside, 3, false},
+      {root + third + below + third + beside, 3, false},
+  };
+  for (const Case& each : cases) {
+    SCOPED_TRACE(&each - cases);
+    NodeInputStream in(lum::NO_SESSION);
+    ASSERT_TRUE(isRead(chain, in));
+    EXPECT_EQ(isRead(sceneStream(none, each.count, "\1\0"s, each.records), in), each.isRight);
+  }
+  // Out of another graph, which stays as it is.
+  NodeInputStream in(lum::NO_SESSION);
+  ASSERT_TRUE(isRead(chain, in));
+  ASSERT_TRUE(isRead(sceneStream(none, 1, "\0"s, "\1\0\0"s), in));
+  EXPECT_FALSE(isRead(sceneStream(none, 2, "\1\4"s, "\0\4\0\0"s + first + below), in));
+}
+
 TEST(StreamTest, RefusesWhatMovesTooDeep) {
   constexpr int LENGTH = 100;
   for (const int moved : {Node::MAX_DEPTH - LENGTH - 1, Node::MAX_DEPTH - LENGTH}) {

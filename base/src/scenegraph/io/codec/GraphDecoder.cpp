@@ -23,6 +23,14 @@ bool isPresent(std::string_view presence, std::size_t bit) {
   return (static_cast<unsigned char>(presence[bit / 8]) >> bit % 8 & 1) != 0;
 }
 
+const Node& topOf(const Node& node) {
+  const Node* top = &node;
+  while (top->getOwner() != nullptr) {
+    top = top->getOwner();
+  }
+  return *top;
+}
+
 }  // namespace
 
 GraphDecoder::GraphDecoder(const TableReader& tables, ArrayBinder& binder, ContentBudget& budget,
@@ -53,6 +61,7 @@ Ptr<Node> GraphDecoder::decode(std::string_view bytes) {
   if (!_root) {
     fail("A graph has no root");
   }
+  checkEmptied();
   readReferences(graph);
   if (_known != nullptr) {
     readReleased(graph);
@@ -194,10 +203,11 @@ Ptr<Node> GraphDecoder::findOrMake(const Record& record, const FileField* ownerF
              : Ptr<Node>();
 }
 
-void GraphDecoder::attach(Level& owner, const FileField& ownerField, Node& node) const {
+void GraphDecoder::attach(Level& owner, const FileField& ownerField, Node& node) {
   if (!owner.isComplete) {
     return;
   }
+  takeOutOfRemoved(node);
   const Field& field = owner.fields[ownerField.index];
   bool done = false;
   if (const auto* slot = std::get_if<OwnedSlot*>(&field.value)) {
@@ -208,6 +218,24 @@ void GraphDecoder::attach(Level& owner, const FileField& ownerField, Node& node)
   if (!done) {
     fail(fmt::format("The field {} of {} does not take {}", field.name, describeNode(*owner.node),
                      describeNode(node)));
+  }
+}
+
+/// A node may come from an owner that left the graph, of which the graph has nothing. All
+/// that the owner has is taken at once: one by one would take time with the square of it.
+void GraphDecoder::takeOutOfRemoved(const Node& node) {
+  Node* const owner = node.getOwner();
+  if (owner != nullptr && _formerOwners.contains(&topOf(*owner))) {
+    disownAll(*owner);
+    _emptied.push_back(owner);
+  }
+}
+
+void GraphDecoder::checkEmptied() const {
+  for (const Node* node : _emptied) {
+    if (&topOf(*node) == _root.get()) {
+      fail(describeNode(*node) + " did not change, but what it owned is elsewhere");
+    }
   }
 }
 

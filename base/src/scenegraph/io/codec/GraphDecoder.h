@@ -68,7 +68,9 @@ class GraphDecoder {
   Record readRecord(ByteReader& in);
   const FileField* readPosition(ByteReader& in, bool isFirst);
   Ptr<Node> findOrMake(const Record& record, const FileField* ownerField);
-  void attach(Level& owner, const FileField& ownerField, Node& node) const;
+  void attach(Level& owner, const FileField& ownerField, Node& node);
+  void takeOutOfRemoved(const Node& node);
+  void checkEmptied() const;
   void readValues(ByteReader& in, Level& level, bool isNew);
   void readNames(ByteReader& in, Node* node, const std::string_view& presence);
   void readField(ByteReader& in, const Level& level, const FileField& field);
@@ -100,6 +102,8 @@ class GraphDecoder {
   std::vector<Ptr<Node>> _disowned;
   // By nodes taken out of them.
   std::unordered_map<const Node*, const Node*> _formerOwners;
+  // Those that did not change, as they left the graph.
+  std::vector<const Node*> _emptied;
   std::vector<std::size_t> _chunks;
 };
 

@@ -25,6 +25,10 @@
 ///             chunks that no later graph uses: count, numbers; only in streams
 ///             zeros, up to 8 bytes a node
 ///
+/// A node that changed is followed by all that it owns, which it had before, which is new,
+/// or which others had before: nodes that changed, or that are no longer in the graph.
+/// The graph does not name those that left it.
+///
 /// New nodes are numbered in their order, on from the last graph of the stream.
 /// Ownership follows from the position: no file can say that a node has two owners,
 /// or owns itself. Defaults are in the file because those of a later version
