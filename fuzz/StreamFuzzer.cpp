@@ -32,11 +32,16 @@ std::string takeMessage(lum::NodeOutputStream& out) {
 
 TwoParts makeSample() {
   const auto scene = makeScene();
+  auto& drawables = scene->getModelCanvas().getDrawableCollection();
+  const lum::Ptr<lum::DrawableCollection> group(&drawables.findOrCreate<lum::DrawableCollection>("group"));
+  const lum::Ptr<lum::DrawableCollection> inner(&group->findOrCreate<lum::DrawableCollection>("inner"));
   lum::NodeOutputStream out;
   scene->write(out);
   const std::string whole = takeMessage(out);
   surfaceOf(*scene).getColorAttributes()->setOpacity(0.5, false);
-  scene->getModelCanvas().getDrawableCollection().findOrCreate<lum::DrawableCollection>("group");
+  group->removeNode(*inner);
+  drawables.removeNode(*group);
+  drawables.findOrCreate<lum::DrawableCollection>("other").addNode(*inner);
   scene->writeChanges(out);
   return {whole, takeMessage(out)};
 }

@@ -182,6 +182,24 @@ TEST(StreamTest, CarriesOnlyWhatChanged) {
   }
 }
 
+TEST(StreamTest, RefersToNodesThatComeBack) {
+  const auto scene = makeScene();
+  const Ptr<Node> camera(triadOf(*scene).getCameraAttributes());
+  auto& attributes = scene->getModelCanvas().getAttributesCollection();
+  NodeOutputStream out;
+  NodeInputStream in(lum::NO_SESSION);
+  const auto send = [&] {
+    scene->writeChanges(out);
+    EXPECT_EQ(load(Payload(out), in), 0);
+    return Ptr<lum::SceneNode>(in.getRoots().at(0));
+  };
+  EXPECT_EQ(firstDifference(*scene, *send()), "");
+  attributes.removeNode(*camera);
+  EXPECT_EQ(triadOf(*send()).getCameraAttributes(), nullptr);
+  attributes.addNode(*camera);
+  EXPECT_EQ(firstDifference(*scene, *send()), "");
+}
+
 // Both ends, whatever the order in which data arrives; but not what the host may show again.
 TEST(StreamTest, LetsGoOfArraysThatTheHostHasReleased) {
   const auto node = make<lum::PolyDataNode>();

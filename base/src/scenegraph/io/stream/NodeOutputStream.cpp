@@ -2,15 +2,18 @@
 #include "scenegraph/io/codec/GraphEncoder.h"
 #include "scenegraph/io/codec/TableWriter.h"
 #include "scenegraph/io/stream/StreamFormat.h"
+#include <vemo/scenegraph/Owned.h>
 #include <vemo/scenegraph/Traversal.h>
 #include <vemo/scenegraph/io/NodeOutputStream.h>
 
 #include <vtkDataArray.h>
 #include <vtkSmartPointer.h>
 
+#include <algorithm>
 #include <deque>
 #include <ostream>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 namespace lum {
@@ -82,17 +85,50 @@ class NodeOutputStream::Connection final : private io::ArraySink {
   void findChanges(Node& root, std::uint64_t rootNumber) {
     _known.clear();
     std::vector<const Node*> changed;
+    std::unordered_set<const Node*> added;
     forEachNode(root, [&](Node& node) {
       const Seen* seen = find(node);
       const bool isKnown = seen != nullptr && seen->root == rootNumber;
       const bool isChanged = !isKnown || seen->time != node.getModificationTime();
       if (isKnown) {
         _known[&node] = {seen->number, isChanged, isChanged};
+      } else {
+        added.insert(&node);
       }
       if (isChanged) {
         changed.push_back(&node);
       }
     });
+    if (!added.empty()) {
+      markReferring(root, added, changed);
+    }
+    markOwners(changed);
+  }
+
+  /// What left the graph and came back has another number: the reader has lost the references to it.
+  void markReferring(Node& root, const std::unordered_set<const Node*>& added,
+                     std::vector<const Node*>& changed) {
+    FieldList fields;
+    forEachNode(root, [&](Node& node) {
+      const auto known = _known.find(&node);
+      if (known == _known.end() || known->second.isChanged) {
+        return;
+      }
+      fields.clear();
+      node.listFields(fields);
+      const bool refers = std::ranges::any_of(fields, [&](const Field& field) {
+        const auto* slot = std::get_if<ReferenceSlot*>(&field.value);
+        return slot != nullptr && added.contains((*slot)->getNode());
+      });
+      if (refers) {
+        known->second.isChanged = true;
+        known->second.leadsToChange = true;
+        changed.push_back(&node);
+      }
+    });
+  }
+
+  void markOwners(const std::vector<const Node*>& changed) {
     for (const Node* node : changed) {
       for (const Node* above = node->getOwner(); above != nullptr; above = above->getOwner()) {
         const auto known = _known.find(above);
