@@ -48,7 +48,8 @@ class VEMO_BASE_EXPORT AtomicFile {
   /// Where this process can read the bytes until `commit`.
   const std::filesystem::path& getTemporaryPath() const;
 
-  /// Must be called at most once; nothing can be written afterwards.
+  /// Must be called at most once; nothing can be written afterwards. If it fails, the target is as
+  /// before; only if the text says that the file is in place, it is the new one.
   void commit();
 
  private:
