@@ -98,6 +98,22 @@ TEST_F(HangingCommandTest, EndsWithoutAWordWhenNobodyReadsItsResult) {
   expectNoTemporaryFiles();
 }
 
+TEST_F(HangingCommandTest, WaitsForInputThatIsNotThereYet) {
+  const fs::path input = _folder / ".in";
+  EXPECT_EQ(mkfifo(input.c_str(), 0600), 0);
+  const int writer = open(input.c_str(), O_RDWR | O_CLOEXEC);
+  const ProgramRun run({"info", "-"}, _folder.path(), _temporary.path());
+  waitUntil([this] { return countTemporaryFolders() == 1; });
+  const std::string scene = readFile(_folder / "scene.zip");
+  EXPECT_EQ(write(writer, scene.data(), scene.size()), std::ssize(scene));
+  waitUntil([writer] {
+    int left = 0;
+    return ioctl(writer, FIONREAD, &left) == 0 && left == 0;
+  });
+  close(writer);
+  EXPECT_EQ(run.finish().exitCode, 0);
+}
+
 TEST_F(HangingCommandTest, GoesOnAfterSignalsThatItsParentIgnores) {
   std::signal(SIGHUP, SIG_IGN);
   const ProgramRun run = startConversion();
