@@ -72,6 +72,8 @@ std::set<std::size_t> checkArrays(lum::SDBReader& reader, DamageList& damage) {
   for (std::size_t i = 0; i < count; ++i) {
     try {
       reader.checkArray(i);
+    } catch (const lum::io::UnreadableFile&) {
+      throw;
     } catch (const lum::io::FileError& error) {
       damage.add(error.what());
       damaged.insert(i);
@@ -110,6 +112,8 @@ FindingList checkDatabase(const std::wstring& path) {
   try {
     lum::SDBReader reader(path);
     checkDatabase(reader, findings);
+  } catch (const lum::io::UnreadableFile&) {
+    throw;
   } catch (const lum::io::FileError& error) {
     findings.push_back({FindingCode::DATABASE_DAMAGED, error.what()});
   }
@@ -119,6 +123,8 @@ FindingList checkDatabase(const std::wstring& path) {
 SceneKind kindOf(const std::wstring& path) {
   try {
     return detectScene(path);
+  } catch (const UnreadableException&) {
+    throw;
   } catch (const Exception&) {
     // An archive that cannot be opened, which is a finding.
     return SceneKind::ARCHIVE;

@@ -137,12 +137,16 @@ TEST_F(HangingCommandTest, RemovesTheFolderOfAKilledProcessButNoOthers) {
   fs::permissions(_temporary / "vemoscene-files-backup", fs::perms::owner_all);
   // Folders in it get the bit, too.
   fs::permissions(_temporary.path(), fs::perms::set_gid, fs::perm_options::add);
+  std::string machine = readFile("/proc/sys/kernel/random/boot_id");
+  machine.pop_back();
   const fs::path others = _temporary / "vemoscene-files-others";
   fs::create_directory(others);
-  writeFile(others / ".made-by-vemoscene", "");
+  writeFile(others / (".made-by-vemoscene-" + machine), "");
+  fs::create_directory(_temporary / "vemoscene-files-remote");
+  writeFile(_temporary / "vemoscene-files-remote/.made-by-vemoscene-another", "");
   // Only root can give it to somebody else.
   const bool isOfOther = chown(others.c_str(), AsOrdinaryUser::NOBODY, AsOrdinaryUser::NOBODY) == 0;
-  const int kept = isOfOther ? 3 : 2;
+  const int kept = isOfOther ? 4 : 3;
   const ProgramRun hanging = startConversion();
   waitUntilItHangs();
   run({"convert", "scene.zip", "-"});

@@ -231,6 +231,14 @@ TEST_F(AtomicFileTest, WritesWhatLinksName) {
   EXPECT_EQ(status.st_mode & 0777, 0644U) << "as of any new file";
 }
 
+TEST_F(AtomicFileTest, RefusesWhatHasNoName) {
+  const int file = open(_file.c_str(), O_RDONLY | O_CLOEXEC);
+  fs::remove(_file);
+  EXPECT_THAT(write("/proc/self/fd/" + std::to_string(file)), testing::HasSubstr("has no name"));
+  EXPECT_EQ(countFiles(_folder.path()), 0);
+  close(file);
+}
+
 /// Few bytes fail when they leave the buffer, many at once.
 TEST(SequentialFileTest, ReportsWhatADeviceDoesNotTake) {
   for (const std::size_t size : {std::size_t{3}, std::size_t{1} << 20U}) {

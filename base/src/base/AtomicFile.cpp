@@ -98,7 +98,12 @@ std::filesystem::path followLinks(std::filesystem::path path) {
       break;
     }
     // An absolute target replaces the whole path.
-    path = path.parent_path() / next;
+    std::filesystem::path target = path.parent_path() / next;
+    // What /proc says of a file that has no name is no path.
+    if (std::filesystem::exists(path, error) && !std::filesystem::equivalent(path, target, error)) {
+      break;
+    }
+    path = std::move(target);
   }
   return path;
 }
@@ -231,6 +236,7 @@ void removeUncommittedFiles() {
 
 AtomicFile::AtomicFile(const std::filesystem::path& path, bool keepExisting)
     : _target(followLinks(path)), _keepExisting(keepExisting) {
+  requireName();
   inspectTarget();
   _folder = _place.parent_path();
   makeTemporary();
@@ -238,6 +244,14 @@ AtomicFile::AtomicFile(const std::filesystem::path& path, bool keepExisting)
 }
 
 AtomicFile::~AtomicFile() = default;
+
+/// After links were followed.
+void AtomicFile::requireName() const {
+  std::error_code ignored;
+  if (std::filesystem::is_symlink(_target, ignored) && std::filesystem::exists(_target, ignored)) {
+    throw FileWriteError(_target, "it can only be replaced as a whole, and has no name");
+  }
+}
 
 void AtomicFile::inspectTarget() {
   if (_target.empty() || _target.native().find('\0') != std::string::npos) {

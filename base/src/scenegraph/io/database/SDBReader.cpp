@@ -64,6 +64,8 @@ template <class Describe, class Action>
 auto at(Describe&& describeContext, Action&& action) {
   try {
     return action();
+  } catch (const io::UnreadableFile& error) {
+    throw io::UnreadableFile(fmt::format("{}: {}", describeContext(), error.what()), error.getError());
   } catch (const io::FileError& error) {
     throw io::FileError(error.getStatus(), fmt::format("{}: {}", describeContext(), error.what()));
   }
@@ -311,6 +313,8 @@ SDBReader::CheckedRecord SDBReader::checkRecord(std::size_t record,
     try {
       requireBelow(_records.size(), record, "records");
       checked.node = _database->checkRecord(record, damagedArrays, faults);
+    } catch (const io::UnreadableFile&) {
+      throw;
     } catch (const io::FileError& error) {
       faults.emplace_back(error.what());
     }
