@@ -76,6 +76,8 @@ void checkUnusedArrays(lum::SDBReader& reader, DamageList& damage) {
   for (const std::size_t array : reader.getUnusedArrays()) {
     try {
       reader.checkArray(array);
+    } catch (const lum::io::UnreadableFile&) {
+      throw;
     } catch (const lum::io::FileError& error) {
       damage.add(code, error.what());
     }
@@ -109,6 +111,8 @@ FindingList checkDatabase(const std::wstring& path) {
   try {
     lum::SDBReader reader(path);
     checkDatabase(reader, findings);
+  } catch (const lum::io::UnreadableFile&) {
+    throw;
   } catch (const lum::io::FileError& error) {
     findings.push_back({FindingCode::DATABASE_DAMAGED, error.what()});
   }
@@ -118,6 +122,8 @@ FindingList checkDatabase(const std::wstring& path) {
 SceneKind kindOf(const std::wstring& path) {
   try {
     return detectScene(path);
+  } catch (const UnreadableException&) {
+    throw;
   } catch (const Exception&) {
     // An archive that cannot be opened, which is a finding.
     return SceneKind::ARCHIVE;

@@ -127,15 +127,19 @@ std::vector<Command::Job> FileArguments::makeJobs(const PathList& all,
 }
 
 void FileArguments::makeFolder() {
-  std::error_code error;
-  if (_folder.empty() || fs::is_directory(_folder, error)) {
+  if (_folder.empty()) {
     return;
   }
-  if (!makeOutputFolder(_folder, error)) {
+  // Not looked for before: another program may make it meanwhile.
+  std::error_code error;
+  const bool isMade = makeOutputFolder(_folder, error);
+  if (error) {
     throw Failure(ExitCode::CANNOT_WRITE,
                   fmt::format("Cannot create the folder \"{}\": {}", _folder, error.message()));
   }
-  _newFolder.emplace(_folder);
+  if (isMade) {
+    _newFolder.emplace(_folder);
+  }
 }
 
 void FileArguments::showFailures(const std::vector<ExitCode>& codes) {

@@ -3,6 +3,7 @@
 #include "TemporaryFiles.h"
 #include "output/ExitCode.h"
 #include "output/Messages.h"
+#include "output/TryAgain.h"
 #include <vemo/import/SceneFormatHandler.h>
 #include <vemo/scenegraph/io/SDBWriter.h>
 
@@ -10,6 +11,7 @@
 #include <cstddef>
 #include <fmt/format.h>
 #include <fstream>
+#include <poll.h>
 #include <string_view>
 #include <system_error>
 #include <unistd.h>
@@ -32,19 +34,29 @@ class InputBlocks {
   std::string_view next(std::size_t least) {
     std::size_t size = 0;
     while (size < least) {
-      const ssize_t count = read(STDIN_FILENO, _block.data() + size, _block.size() - size);
-      if (count < 0) {
-        throw Failure(ExitCode::READ_ERROR, "Standard input cannot be read");
-      }
+      const std::size_t count = read(size);
       if (count == 0) {
         break;
       }
-      size += static_cast<std::size_t>(count);
+      size += count;
     }
     return {_block.data(), size};
   }
 
  private:
+  /// Returns 0 only at the end.
+  std::size_t read(std::size_t place) {
+    ssize_t count = 0;
+    do {
+      count = ::read(STDIN_FILENO, _block.data() + place, _block.size() - place);
+    } while (count < 0 && tryAgain(STDIN_FILENO, POLLIN));
+    if (count < 0) {
+      throw Failure(ExitCode::READ_ERROR,
+                    fmt::format("Standard input cannot be read: {}", std::generic_category().message(errno)));
+    }
+    return static_cast<std::size_t>(count);
+  }
+
   static constexpr std::size_t SIZE = std::size_t{1} << 20U;
   std::vector<char> _block = std::vector<char>(SIZE);
 };

@@ -2,15 +2,14 @@
 
 #include "TemporaryFiles.h"
 #include "base/AtomicFile.h"
+#include "base/ReadableFile.h"
 #include "output/ExitCode.h"
 #include "output/ResultStream.h"
 
 #include <algorithm>
 #include <cctype>
-#include <cerrno>
 #include <fcntl.h>
 #include <fmt/format.h>
-#include <fstream>
 #include <system_error>
 #include <unistd.h>
 #include <vector>
@@ -35,14 +34,13 @@ void checkStandardOutput() {
 
 /// Whether a file is of a kind, or empty.
 bool isOfKind(const std::string& file, const FileKind& kind) {
-  std::ifstream in(file, std::ios::binary);
-  if (!in) {
-    fail(file, fmt::format("its kind cannot be determined ({}); --force replaces it",
-                           std::generic_category().message(errno)));
+  try {
+    const std::string start = OS::ReadableFile(file).readStart(kind.start.size());
+    return start.empty() || start == kind.start;
+  } catch (const std::system_error& error) {
+    fail(file,
+         fmt::format("its kind cannot be determined ({}); --force replaces it", error.code().message()));
   }
-  std::string start(kind.start.size(), '\0');
-  in.read(start.data(), static_cast<std::streamsize>(start.size()));
-  return in.gcount() == 0 || start == kind.start;
 }
 
 void checkSpecialFile(const std::string& output, const FileKind& kind, const fs::file_status& status) {
@@ -97,14 +95,18 @@ void checkOutput(const std::string& output, const FileKind& kind, bool force) {
 
 void copyToStandardOutput(const fs::path& file) {
   constexpr std::size_t BLOCK_SIZE = std::size_t{1} << 20U;
-  std::ifstream in(file, std::ios::binary);
   std::vector<char> block(BLOCK_SIZE);
   ResultStream out;
-  while (in.read(block.data(), BLOCK_SIZE), in.gcount() > 0) {
-    out.write(block.data(), in.gcount());
-  }
-  if (!in.eof()) {
-    throw Failure(ExitCode::CANNOT_WRITE, fmt::format("Cannot read {}", file.native()));
+  try {
+    const OS::ReadableFile in(file);
+    std::uint64_t position = 0;
+    while (const std::size_t count = in.read(block, position)) {
+      out.write(block.data(), static_cast<std::streamsize>(count));
+      position += count;
+    }
+  } catch (const std::system_error& error) {
+    throw Failure(ExitCode::CANNOT_WRITE,
+                  fmt::format("Cannot read {}: {}", file.native(), error.code().message()));
   }
   out.finish();
 }

@@ -13,6 +13,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <fmt/format.h>
+#include <fstream>
 #include <functional>
 #include <mutex>
 #include <string>
@@ -65,8 +66,17 @@ void removeOwnFolder() {
   });
 }
 
+/// Differs between machines that share a folder, and changes when one is started anew.
+std::string currentMachine() {
+  std::ifstream file("/proc/sys/kernel/random/boot_id");
+  std::string id;
+  std::getline(file, id);
+  return id;
+}
+
 /// A folder of temporary files. It holds a marker, since people may give theirs such a name, and is
-/// locked while its process is alive: the system removes the lock however the process ends.
+/// locked while its process is alive: the system removes the lock however the process ends. Other
+/// machines may not see the lock: the marker names the one that made it.
 class TemporaryFolder {
  public:
   explicit TemporaryFolder(const fs::path& path)
@@ -80,7 +90,9 @@ class TemporaryFolder {
   }
 
   /// Whether a process of this user made it, which has ended. Locks it until this is destroyed.
-  bool isAbandoned() const { return isOwn("") && isOwn(MARKER) && flock(_file, LOCK_EX | LOCK_NB) == 0; }
+  bool isAbandoned() const {
+    return isOwn("") && isOwn(_marker.c_str()) && flock(_file, LOCK_EX | LOCK_NB) == 0;
+  }
 
   /// Locks it until the process ends; not every file system has locks, but then others cannot lock
   /// it either. Marks it only then: no other process looks for a lock before.
@@ -88,13 +100,11 @@ class TemporaryFolder {
   int claim() {
     flock(_file, LOCK_EX | LOCK_NB);
     // Needs no other descriptor.
-    mknodat(_file, MARKER, S_IFREG | S_IRUSR | S_IWUSR, 0);
+    mknodat(_file, _marker.c_str(), S_IFREG | S_IRUSR | S_IWUSR, 0);
     return std::exchange(_file, -1);
   }
 
  private:
-  static constexpr const char* MARKER = ".made-by-vemoscene";
-
   /// Whether the folder (""), or a file in it, is this user's.
   bool isOwn(const char* name) const {
     struct stat status {};
@@ -102,6 +112,8 @@ class TemporaryFolder {
            status.st_uid == geteuid();
   }
 
+  /// First: it needs a descriptor for a moment.
+  std::string _marker = ".made-by-vemoscene-" + currentMachine();
   int _file;
 };
 

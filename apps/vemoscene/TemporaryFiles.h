@@ -20,7 +20,8 @@ std::filesystem::path useOwnTemporaryFolder();
 void removePartialOutputWhenEnded();
 
 /// Makes a folder for outputs, which is removed if one of these signals ends the process
-/// while nothing is in it. Returns false, with the error, if it cannot be made.
+/// while nothing is in it. Returns false if there is one already, or, with the error, if it cannot
+/// be made.
 bool makeOutputFolder(const std::filesystem::path& folder, std::error_code& error);
 
 /// Does not return while a signal is ending the process: its temporary files are

@@ -107,7 +107,7 @@ TEST_F(CommandLineTest, ReadsStandardInput) {
   expectNoTemporaryFiles();
   fs::remove(_folder / ".in");
   fs::create_directory(_folder / ".in");
-  EXPECT_THAT(run({"info", "-"}).err, HasSubstr("Standard input cannot be read"));
+  EXPECT_THAT(run({"info", "-"}).err, HasSubstr("Standard input cannot be read: Is a directory"));
 }
 
 /// Standard input may have no end.
@@ -315,7 +315,7 @@ TEST_F(CommandLineTest, SaysThatStandardInputIsClosed) {
   dup2(former, STDIN_FILENO);
   close(former);
   EXPECT_EQ(result.exitCode, 5);
-  EXPECT_EQ(result.err, "vemoscene: Standard input cannot be read\n");
+  EXPECT_EQ(result.err, "vemoscene: Standard input cannot be read: Bad file descriptor\n");
 }
 
 TEST_F(CommandLineTest, BeginsNoLinesThatNamesHold) {

@@ -98,6 +98,22 @@ TEST_F(HangingCommandTest, EndsWithoutAWordWhenNobodyReadsItsResult) {
   expectNoTemporaryFiles();
 }
 
+TEST_F(HangingCommandTest, WaitsForInputThatIsNotThereYet) {
+  const fs::path input = _folder / ".in";
+  EXPECT_EQ(mkfifo(input.c_str(), 0600), 0);
+  const int writer = open(input.c_str(), O_RDWR | O_CLOEXEC);
+  const ProgramRun run({"info", "-"}, _folder.path(), _temporary.path());
+  waitUntil([this] { return countTemporaryFolders() == 1; });
+  const std::string scene = readFile(_folder / "scene.zip");
+  EXPECT_EQ(write(writer, scene.data(), scene.size()), std::ssize(scene));
+  waitUntil([writer] {
+    int left = 0;
+    return ioctl(writer, FIONREAD, &left) == 0 && left == 0;
+  });
+  close(writer);
+  EXPECT_EQ(run.finish().exitCode, 0);
+}
+
 TEST_F(HangingCommandTest, GoesOnAfterSignalsThatItsParentIgnores) {
   std::signal(SIGHUP, SIG_IGN);
   const ProgramRun run = startConversion();
@@ -121,12 +137,16 @@ TEST_F(HangingCommandTest, RemovesTheFolderOfAKilledProcessButNoOthers) {
   fs::permissions(_temporary / "vemoscene-files-backup", fs::perms::owner_all);
   // Folders in it get the bit, too.
   fs::permissions(_temporary.path(), fs::perms::set_gid, fs::perm_options::add);
+  std::string machine = readFile("/proc/sys/kernel/random/boot_id");
+  machine.pop_back();
   const fs::path others = _temporary / "vemoscene-files-others";
   fs::create_directory(others);
-  writeFile(others / ".made-by-vemoscene", "");
+  writeFile(others / (".made-by-vemoscene-" + machine), "");
+  fs::create_directory(_temporary / "vemoscene-files-remote");
+  writeFile(_temporary / "vemoscene-files-remote/.made-by-vemoscene-another", "");
   // Only root can give it to somebody else.
   const bool isOfOther = chown(others.c_str(), AsOrdinaryUser::NOBODY, AsOrdinaryUser::NOBODY) == 0;
-  const int kept = isOfOther ? 3 : 2;
+  const int kept = isOfOther ? 4 : 3;
   const ProgramRun hanging = startConversion();
   waitUntilItHangs();
   run({"convert", "scene.zip", "-"});

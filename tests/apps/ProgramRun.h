@@ -28,7 +28,8 @@ struct ProgramResult {
 /// file ".in".
 class ProgramRun {
  public:
-  /// Starts it. With an output path standard output goes there.
+  /// Starts it. With an output path standard output goes there. Pipes do not block, as those of
+  /// hosts that wait for several.
   ProgramRun(std::vector<std::string> arguments, const std::filesystem::path& folder,
              const std::filesystem::path& temporaryFolder, const std::filesystem::path& output = {})
       : _out(output.empty() ? folder / ".out" : output), _err(folder / ".err") {
@@ -41,13 +42,13 @@ class ProgramRun {
     std::filesystem::remove(_err);
     _process = fork();
     if (_process == 0) {
-      dup2(open(_out.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600), STDOUT_FILENO);
+      dup2(open(_out.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0600), STDOUT_FILENO);
       dup2(open(_err.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600), STDERR_FILENO);
       setenv("TMPDIR", temporaryFolder.c_str(), 1);
       // A program that hangs ends by the signal.
       alarm(60);
       if (chdir(folder.c_str()) == 0) {
-        dup2(open(".in", O_RDONLY | O_CLOEXEC), STDIN_FILENO);
+        dup2(open(".in", O_RDONLY | O_CLOEXEC | O_NONBLOCK), STDIN_FILENO);
         execv(VEMOSCENE_PROGRAM, argv.data());
       }
       _exit(127);

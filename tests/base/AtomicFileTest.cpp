@@ -9,17 +9,70 @@
 #include <cstdint>
 #include <fcntl.h>
 #include <gmock/gmock.h>
+#include <map>
+#include <string_view>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <sys/xattr.h>
 #include <thread>
 #include <unistd.h>
+
+namespace {
+
+/// Calls that fail as on other file systems, by name, with their error numbers.
+std::map<std::string_view, int>& failingCalls() {
+  static std::map<std::string_view, int> calls;
+  return calls;
+}
+
+template <class... Arguments>
+int call(std::string_view name, long number, Arguments... arguments) {
+  const auto failing = failingCalls().find(name);
+  if (failing != failingCalls().end()) {
+    errno = failing->second;
+    return -1;
+  }
+  return static_cast<int>(syscall(number, arguments...));
+}
+
+}  // namespace
+
+#pragma GCC visibility push(default)
+// In place of the system's, also for the library.
+extern "C" {
+int fsync(int file) {
+  struct stat status {};
+  fstat(file, &status);
+  return call(S_ISDIR(status.st_mode) ? "fsync of a folder" : "fsync", SYS_fsync, file);
+}
+int fchmod(int file, mode_t mode) noexcept {
+  return call("fchmod", SYS_fchmod, file, mode);
+}
+int access(const char* path, int mode) noexcept {
+  return call("access", SYS_faccessat, AT_FDCWD, path, mode);
+}
+}
+#pragma GCC visibility pop
 
 namespace vemo {
 
 namespace {
 
 namespace fs = std::filesystem;
+
+class WithFailing {
+ public:
+  explicit WithFailing(std::map<std::string_view, int> calls) { failingCalls() = std::move(calls); }
+  WithFailing(const WithFailing&) = delete;
+  WithFailing& operator=(const WithFailing&) = delete;
+  ~WithFailing() { failingCalls().clear(); }
+};
+
+/// As without /proc: what has no name could not be named.
+struct WithNamedFiles : WithFailing {
+  WithNamedFiles() : WithFailing({{"access", ENOENT}}) {}
+};
 
 /// A folder with a file, both of an ordinary user.
 class AtomicFileTest : public testing::Test {
@@ -80,6 +133,20 @@ TEST_F(AtomicFileTest, KeepsOwnerGroupAndPermissions) {
     EXPECT_THAT(write(), testing::HasSubstr("would get another owner"));
     EXPECT_EQ(countFiles(_folder.path()), 1);
   }
+}
+
+TEST_F(AtomicFileTest, NeedsNoCallThatTheFileSystemLacks) {
+  chmod(_file.c_str(), 0600);
+  {
+    const WithFailing fixed({{"fsync", EINVAL}, {"fsync of a folder", EINVAL}, {"fchmod", EPERM}});
+    EXPECT_EQ(write(), "") << "the modes of all files are the same";
+    chmod(_file.c_str(), 0640);
+    EXPECT_THAT(write(), testing::HasSubstr("Operation not permitted"));
+  }
+  const WithFailing broken({{"fsync", EIO}});
+  EXPECT_EQ(write(), "Cannot write " + _file.string() + ": Input/output error");
+  const WithFailing brokenLater({{"fsync of a folder", EIO}});
+  EXPECT_THAT(write(), testing::HasSubstr("in place, but may not be on the disk: Input/output error"));
 }
 
 /// An access list as an extended attribute: the owner and user 1001 may read and write, the group
@@ -167,6 +234,14 @@ TEST_F(AtomicFileTest, WritesWhatLinksName) {
   EXPECT_EQ(write(circle), "Cannot write " + circle.string() + ": " + std::generic_category().message(ELOOP));
 }
 
+TEST_F(AtomicFileTest, RefusesWhatHasNoName) {
+  const int file = open(_file.c_str(), O_RDONLY | O_CLOEXEC);
+  fs::remove(_file);
+  EXPECT_THAT(write("/proc/self/fd/" + std::to_string(file)), testing::HasSubstr("has no name"));
+  EXPECT_EQ(countFiles(_folder.path()), 0);
+  close(file);
+}
+
 /// Few bytes fail when they leave the buffer, many at once.
 TEST(SequentialFileTest, ReportsWhatADeviceDoesNotTake) {
   for (const std::size_t size : {std::size_t{3}, std::size_t{1} << 20U}) {
@@ -174,18 +249,6 @@ TEST(SequentialFileTest, ReportsWhatADeviceDoesNotTake) {
         << size;
   }
 }
-
-/// As on file systems that have no files without a name: one that all may write is never made so.
-class WithNamedFiles {
- public:
-  WithNamedFiles() = default;
-  WithNamedFiles(const WithNamedFiles&) = delete;
-  WithNamedFiles& operator=(const WithNamedFiles&) = delete;
-  ~WithNamedFiles() { umask(_mask); }
-
- private:
-  mode_t _mask = umask(0);
-};
 
 TEST_F(AtomicFileTest, RemovesOnlyItsOwnTemporaryFile) {
   const WithNamedFiles named;
@@ -214,6 +277,7 @@ TEST_F(AtomicFileTest, NothingIsLeftWhateverEndsTheProcess) {
   close(unnamed);
   const pid_t child = fork();
   if (child == 0) {
+    umask(0);
     OS::AtomicFile replacing(_file);
     OS::AtomicFile making(_folder / "later");
     replacing.write("new", 3, 0);
@@ -243,8 +307,9 @@ TEST_F(AtomicFileTest, KeepsAFileThatCameMeanwhile) {
 TEST_F(AtomicFileTest, AProcessThatIsAboutToEndMakesNoMoreFiles) {
   const pid_t child = fork();
   if (child == 0) {
-    const WithNamedFiles named;
+    auto named = std::make_unique<WithNamedFiles>();
     const OS::AtomicFile unfinished(_folder / "unfinished");
+    named.reset();
     OS::removeUncommittedFiles();
     alarm(1);
     // Without a name until it is committed.

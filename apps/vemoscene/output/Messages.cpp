@@ -1,6 +1,7 @@
 #include "output/Messages.h"
 
 #include "base/MemoryReserve.h"
+#include "output/TryAgain.h"
 #include "scenegraph/RepeatedFindings.h"
 #include <vemo/base/PrintableText.h>
 #include <vemo/scenegraph/Logger.h>
@@ -8,6 +9,7 @@
 #include <algorithm>
 #include <chrono>
 #include <fmt/format.h>
+#include <poll.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -26,7 +28,8 @@ bool isTerminal() {
 /// reported anywhere.
 void writeError(std::string_view text) {
   const std::string whole = isTerminal() ? fmt::format("{}{}", CLEAR_LINE, text) : std::string(text);
-  [[maybe_unused]] const auto written = write(STDERR_FILENO, whole.data(), whole.size());
+  while (write(STDERR_FILENO, whole.data(), whole.size()) < 0 && tryAgain(STDERR_FILENO, POLLOUT)) {
+  }
 }
 
 std::string& lastLine() {

@@ -1,10 +1,12 @@
 #include "output/ResultStream.h"
 
 #include "output/ExitCode.h"
+#include "output/TryAgain.h"
 
 #include <array>
 #include <cerrno>
 #include <cstring>
+#include <poll.h>
 #include <string>
 #include <unistd.h>
 #include <utility>
@@ -28,7 +30,7 @@ void writeAll(const char* bytes, std::size_t size) {
     if (written >= 0) {
       bytes += written;
       size -= static_cast<std::size_t>(written);
-    } else if (errno != EINTR) {
+    } else if (!tryAgain(STDOUT_FILENO, POLLOUT)) {
       fail(errno);
     }
   }

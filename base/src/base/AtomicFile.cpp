@@ -3,11 +3,15 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <fcntl.h>
+#include <fstream>
 #include <memory>
 #include <mutex>
 #include <random>
 #include <set>
+#include <string_view>
+#include <sys/xattr.h>
 #include <system_error>
 #include <unistd.h>
 #include <utility>
@@ -21,6 +25,25 @@ constexpr std::size_t MAX_WRITE_BYTES = std::size_t{1} << 30;
 constexpr int MAX_LINKS = 40;
 constexpr int ATTEMPTS = 100;
 constexpr unsigned PERMISSION_BITS = 07777;
+
+/// Those that the process does not give to new files; on systems that do not tell, what files
+/// hardly ever permit.
+unsigned umaskOfProcess() {
+  // To ask the system means to change it, also for other threads.
+  std::ifstream status("/proc/thread-self/status");
+  for (std::string line; std::getline(status, line);) {
+    constexpr std::string_view KEY = "Umask:";
+    if (line.starts_with(KEY)) {
+      return static_cast<unsigned>(std::strtoul(line.c_str() + KEY.size(), nullptr, 8));
+    }
+  }
+  return S_IWOTH;
+}
+
+/// Whether the access list of a folder, and not the umask, says what its new files permit.
+bool hasDefaultList(const std::filesystem::path& folder) {
+  return ::getxattr(folder.c_str(), "system.posix_acl_default", nullptr, 0) > 0;
+}
 
 /// The names of temporary files that are neither moved nor removed yet.
 struct UncommittedFiles {
@@ -38,6 +61,11 @@ bool isSpecialFile(const std::filesystem::path& path) {
   std::error_code ignored;
   const std::filesystem::file_status status = std::filesystem::status(path, ignored);
   return std::filesystem::exists(status) && !std::filesystem::is_regular_file(status);
+}
+
+/// Returns 0, also on file systems that cannot sync such a file; else an error number.
+int sync(int file) {
+  return ::fsync(file) == 0 || errno == EINVAL || errno == ENOTSUP ? 0 : errno;
 }
 
 /// Sets a path to names in a folder until an action on it returns no EEXIST. Returns what
@@ -70,7 +98,12 @@ std::filesystem::path followLinks(std::filesystem::path path) {
       break;
     }
     // An absolute target replaces the whole path.
-    path = path.parent_path() / next;
+    std::filesystem::path target = path.parent_path() / next;
+    // What /proc says of a file that has no name is no path.
+    if (std::filesystem::exists(path, error) && !std::filesystem::equivalent(path, target, error)) {
+      break;
+    }
+    path = std::move(target);
   }
   return path;
 }
@@ -109,9 +142,7 @@ class AtomicFile::UnnamedFile final : public Temporary {
   /// False where files cannot be made without a name, or not be named later.
   bool isUsable() const {
     struct stat status {};
-    // Linux before 6.0 forgets the umask on some file systems.
-    return ::fstat(_file, &status) == 0 && (status.st_mode & S_IWOTH) == 0 &&
-           ::access(_path.c_str(), F_OK) == 0;
+    return ::fstat(_file, &status) == 0 && ::access(_path.c_str(), F_OK) == 0 && isModeRight(status.st_mode);
   }
 
   int moveTo(const std::filesystem::path& target, bool keepExisting) override {
@@ -123,6 +154,11 @@ class AtomicFile::UnnamedFile final : public Temporary {
   }
 
  private:
+  /// Linux before 6.0 forgets the umask on some file systems.
+  bool isModeRight(mode_t mode) const {
+    return (mode & S_IWOTH) == 0 || (mode & umaskOfProcess()) == 0 || hasDefaultList(_folder);
+  }
+
   int link(const std::filesystem::path& name) const {
     return ::linkat(AT_FDCWD, _path.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0 ? 0 : errno;
   }
@@ -200,6 +236,7 @@ void removeUncommittedFiles() {
 
 AtomicFile::AtomicFile(const std::filesystem::path& path, bool keepExisting)
     : _target(followLinks(path)), _keepExisting(keepExisting) {
+  requireName();
   inspectTarget();
   _folder = _place.parent_path();
   makeTemporary();
@@ -207,6 +244,14 @@ AtomicFile::AtomicFile(const std::filesystem::path& path, bool keepExisting)
 }
 
 AtomicFile::~AtomicFile() = default;
+
+/// After links were followed.
+void AtomicFile::requireName() const {
+  std::error_code ignored;
+  if (std::filesystem::is_symlink(_target, ignored) && std::filesystem::exists(_target, ignored)) {
+    throw FileWriteError(_target, "it can only be replaced as a whole, and has no name");
+  }
+}
 
 void AtomicFile::inspectTarget() {
   if (_target.empty() || _target.native().find('\0') != std::string::npos) {
@@ -284,7 +329,13 @@ void AtomicFile::keepPermissions() const {
   if (const int error = _formerAccess.writeTo(_temporary->getDescriptor())) {
     fail("it can only be replaced as a whole, and would get another access list", error);
   }
-  if (::fchmod(_temporary->getDescriptor(), _former->st_mode & PERMISSION_BITS) != 0) {
+  struct stat made {};
+  if (::fstat(_temporary->getDescriptor(), &made) != 0) {
+    fail(errno);
+  }
+  // Where all files have the same, nobody may change it.
+  const unsigned mode = _former->st_mode & PERMISSION_BITS;
+  if ((made.st_mode & PERMISSION_BITS) != mode && ::fchmod(_temporary->getDescriptor(), mode) != 0) {
     fail(errno);
   }
 }
@@ -312,8 +363,8 @@ const std::filesystem::path& AtomicFile::getTemporaryPath() const {
 
 void AtomicFile::commit() {
   keepPermissions();
-  if (::fsync(_temporary->getDescriptor()) != 0) {
-    fail(errno);
+  if (const int error = sync(_temporary->getDescriptor())) {
+    fail(error);
   }
   if (const int error = _temporary->moveTo(_place, _keepExisting)) {
     fail(error);
@@ -321,13 +372,16 @@ void AtomicFile::commit() {
   syncFolder();
 }
 
-// Errors are ignored: the file is in place, and not every file system can sync a
-// folder.
+// The file is in place: only an error of the disk is one.
 void AtomicFile::syncFolder() const {
   const int folder = ::open(_folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (folder >= 0) {
-    ::fsync(folder);
-    ::close(folder);
+  if (folder < 0) {
+    return;
+  }
+  const int error = sync(folder);
+  ::close(folder);
+  if (error == EIO) {
+    fail("it is in place, but may not be on the disk", error);
   }
 }
 

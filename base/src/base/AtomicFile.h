@@ -24,7 +24,7 @@ class VEMO_BASE_EXPORT FileWriteError : public std::runtime_error {
 };
 
 /// The file that writing to a path creates or replaces: links are followed, even
-/// when their target does not exist yet.
+/// when their target does not exist yet. A link to a file without a name (as in /proc) is returned.
 VEMO_BASE_EXPORT std::filesystem::path followLinks(std::filesystem::path path);
 
 /// Writes a file atomically. Bytes go to a file without a name in the target's folder, which
@@ -34,7 +34,7 @@ VEMO_BASE_EXPORT std::filesystem::path followLinks(std::filesystem::path path);
 /// permissions and access list. All failures are FileWriteError and name the target.
 class VEMO_BASE_EXPORT AtomicFile {
  public:
-  /// Follows links. Refuses a target that is not a regular file or that this user
+  /// Follows links. Refuses a target that is not a regular file, has no name or that this user
   /// may not write, and any existing target if `keepExisting`.
   explicit AtomicFile(const std::filesystem::path& path, bool keepExisting = false);
   AtomicFile(const AtomicFile&) = delete;
@@ -48,7 +48,8 @@ class VEMO_BASE_EXPORT AtomicFile {
   /// Where this process can read the bytes until `commit`.
   const std::filesystem::path& getTemporaryPath() const;
 
-  /// Must be called at most once; nothing can be written afterwards.
+  /// Must be called at most once; nothing can be written afterwards. If it fails, the target is as
+  /// before; only if the text says that the file is in place, it is the new one.
   void commit();
 
  private:
@@ -56,6 +57,7 @@ class VEMO_BASE_EXPORT AtomicFile {
   class UnnamedFile;
   class NamedFile;
 
+  void requireName() const;
   void inspectTarget();
   void makeTemporary();
   void keepOwner() const;

@@ -64,6 +64,14 @@ class VEMO_IMPORT_EXPORT IOException : public Exception {
   ~IOException() override;
 };
 
+/// The system fails to read the archive file, as from a faulty disk; it tells the cause. What is in
+/// the file is not known to be at fault.
+class VEMO_IMPORT_EXPORT UnreadableException : public IOException {
+ public:
+  using IOException::IOException;
+  ~UnreadableException() override;
+};
+
 /// The archive file does not exist.
 class VEMO_IMPORT_EXPORT FileNotFoundException : public Exception {
  public:

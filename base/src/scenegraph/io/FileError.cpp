@@ -11,8 +11,12 @@ FileIoStatus openingStatus(int error) {
 FileError::FileError(FileIoStatus status, const std::string& text)
     : std::runtime_error(text), _status(status) {}
 
-// Key function: one typeinfo per class, so exceptions can be caught across
+UnreadableFile::UnreadableFile(const std::string& text, int error)
+    : FileError(FileIoStatus::ReadError, text), _error(error) {}
+
+// Key functions: one typeinfo per class, so exceptions can be caught across
 // libraries.
 FileError::~FileError() = default;
+UnreadableFile::~UnreadableFile() = default;
 
 }  // namespace lum::io

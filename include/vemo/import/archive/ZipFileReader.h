@@ -18,6 +18,8 @@ namespace vemo {
 /// and "deflated", entries larger than an int counts. Of entries of the same
 /// name the last in the archive wins.
 ///
+/// What reads the file throws UnreadableException if the system fails to.
+///
 /// Copies share the open archive, which the last of them closes; they must not
 /// be used at the same time.
 class VEMO_IMPORT_EXPORT ZipFileReader {

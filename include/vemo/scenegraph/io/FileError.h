@@ -25,4 +25,18 @@ class VEMO_SCENEGRAPH_EXPORT FileError : public std::runtime_error {
   FileIoStatus _status;
 };
 
+/// The system fails to read a file, as from a faulty disk (ReadError). What is in the file is not known
+/// to be at fault.
+class VEMO_SCENEGRAPH_EXPORT UnreadableFile : public FileError {
+ public:
+  /// @param error the system's number; 0 if it is not known
+  UnreadableFile(const std::string& text, int error);
+  ~UnreadableFile() override;
+
+  int getError() const { return _error; }
+
+ private:
+  int _error;
+};
+
 }  // namespace lum::io

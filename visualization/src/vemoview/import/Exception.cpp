@@ -12,6 +12,7 @@ FutureVersionException::FutureVersionException(std::string message) : Exception(
 // libraries.
 Exception::~Exception() = default;
 IOException::~IOException() = default;
+UnreadableException::~UnreadableException() = default;
 FileNotFoundException::~FileNotFoundException() = default;
 ZipException::~ZipException() = default;
 OutputException::~OutputException() = default;

@@ -2,7 +2,9 @@
 
 #include <vemo/scenegraph/io/FileError.h>
 
+#include <cerrno>
 #include <fmt/format.h>
+#include <system_error>
 
 namespace lum::io {
 
@@ -32,11 +34,13 @@ void InputSource::seek(std::uint64_t position) {
     throw FileError(FileIoStatus::ReadError,
                     fmt::format("Position {} is beyond the end ({} bytes)", position, _size));
   }
+  errno = 0;
   if (position > _position && position - _position <= SMALL_GAP) {
     _in.ignore(static_cast<std::streamsize>(position - _position));
   } else {
     _in.seekg(_start + static_cast<std::istream::off_type>(position));
   }
+  requireGood();
   _position = position;
 }
 
@@ -45,8 +49,10 @@ void InputSource::read(void* data, std::size_t size) {
     throw FileError(FileIoStatus::ReadError,
                     fmt::format("{} bytes needed at byte {}, {} left", size, _position, getLeft()));
   }
+  errno = 0;
   _in.read(static_cast<char*>(data), static_cast<std::streamsize>(size));
   if (static_cast<std::size_t>(_in.gcount()) != size) {
+    requireGood();
     throw FileError(FileIoStatus::ReadError,
                     fmt::format("{} bytes cannot be read at byte {}", size, _position));
   }
@@ -61,6 +67,16 @@ std::string InputSource::read(std::size_t size) {
   }
   read(bytes.data(), size);
   return bytes;
+}
+
+/// After a call that set errno where it failed.
+void InputSource::requireGood() const {
+  const int error = errno;
+  if (_in.bad()) {
+    throw UnreadableFile(fmt::format("The file cannot be read at byte {}{}", _position,
+                                     error != 0 ? ": " + std::generic_category().message(error) : ""),
+                         error);
+  }
 }
 
 }  // namespace lum::io

@@ -9,7 +9,7 @@ namespace lum::io {
 
 /// The bytes of a stream from its position to its end, which is known from the
 /// start, so no read allocates more than the stream holds. All failures are
-/// FileError (ReadError).
+/// FileError (ReadError): UnreadableFile where the stream, and not its content, is at fault.
 class InputSource {
  public:
   /// The stream must be seekable.
@@ -26,6 +26,8 @@ class InputSource {
   std::string read(std::size_t size);
 
  private:
+  void requireGood() const;
+
   std::istream& _in;
   std::istream::pos_type _start;
   std::uint64_t _size = 0;

@@ -66,6 +66,8 @@ template <class Describe, class Action>
 auto at(Describe&& describeContext, Action&& action) {
   try {
     return action();
+  } catch (const io::UnreadableFile& error) {
+    throw io::UnreadableFile(fmt::format("{}: {}", describeContext(), error.what()), error.getError());
   } catch (const io::FileError& error) {
     throw io::FileError(error.getStatus(), fmt::format("{}: {}", describeContext(), error.what()));
   }
@@ -252,6 +254,8 @@ class SDBReader::Database {
     }
     try {
       return readChunk(chunk, nullptr);
+    } catch (const io::UnreadableFile&) {
+      throw;
     } catch (const io::FileError& error) {
       _damaged.insert(chunk);
       report(error.what());
@@ -378,6 +382,8 @@ Ptr<Node> SDBReader::checkRecord(std::size_t record, const FaultSink& report) {
     try {
       requireBelow(_records.size(), record, "records");
       return _database->checkRecord(record, reportFault);
+    } catch (const io::UnreadableFile&) {
+      throw;
     } catch (const io::FileError& error) {
       reportFault(fmt::format("Record {}: {}", record, error.what()));
       return {};

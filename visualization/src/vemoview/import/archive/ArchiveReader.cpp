@@ -74,8 +74,13 @@ Array_t<unsigned char> ArchiveReader::loadEntry(const std::string& entryName,
   auto block = std::make_unique_for_overwrite<unsigned char[]>(static_cast<std::size_t>(size));
   OS::preferHugePages(block.get(), static_cast<std::size_t>(size));
   flaws = {};
-  if (!_archive.read(entryName, reinterpret_cast<char*>(block.get()), &flaws, convert)) {
-    failIncomplete(entryName);
+  try {
+    if (!_archive.read(entryName, reinterpret_cast<char*>(block.get()), &flaws, convert)) {
+      failIncomplete(entryName);
+    }
+  } catch (UnreadableException& exception) {
+    exception.setEntry(entryName);
+    throw;
   }
   noteBytesRead(bytes);
   return {block.release(), size};

@@ -237,6 +237,10 @@ void ReadingContext::throwFirstFault() const {
 void ReadingContext::keepCurrentException() {
   try {
     throw;
+  } catch (UnreadableException& exception) {
+    addPlaceTo(exception);
+    // It is no fault of the scene, and what follows cannot be read either.
+    throw;
   } catch (Exception& exception) {
     addPlaceTo(exception);
     keepFault(findingOf(exception));

@@ -1,4 +1,5 @@
 #include "base/MemoryStream.h"
+#include "base/ReadableFile.h"
 #include "vemoview/import/reading/SceneFileReader.h"
 #include "vemoview/import/scene/FormatDetection.h"
 #include <vemo/base/WidePath.h>
@@ -13,11 +14,11 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <fmt/format.h>
-#include <fstream>
 #include <sstream>
 #include <string_view>
 #include <strings.h>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace vemo {
@@ -27,13 +28,13 @@ namespace {
 using lum::io::FileError;
 using lum::io::FileIoStatus;
 
-std::string readStart(const std::string& file) {
+std::string readStart(const std::wstring& path) {
   constexpr std::size_t ENOUGH = 64;
-  std::string start(ENOUGH, '\0');
-  std::ifstream in(file, std::ios::binary);
-  in.read(start.data(), ENOUGH);
-  start.resize(static_cast<std::size_t>(in.gcount()));
-  return start;
+  try {
+    return OS::ReadableFile(toNativePath(path)).readStart(ENOUGH);
+  } catch (const std::system_error& error) {
+    throw openingError(path, error.code().value());
+  }
 }
 
 /// The first entry named "scene.xml" in any folder and in any case; empty if there is none.
@@ -131,7 +132,7 @@ SceneKind detectScene(const std::wstring& path) {
     case SceneFormatHandler::UnknownFormat:
       break;
   }
-  const std::string start = readStart(file);
+  const std::string start = readStart(path);
   if (isDatabase(start)) {
     // Throws what is wrong with it.
     const lum::SDBReader damaged(path);

@@ -1,12 +1,12 @@
 #include "vemoview/import/scene/FormatDetection.h"
 
+#include "base/ReadableFile.h"
 #include <vemo/base/Platform.h>
 #include <vemo/base/WidePath.h>
 #include <vemo/scenegraph/io/CheckFormat.h>
 #include <vemo/scenegraph/io/SDBWriter.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <fmt/format.h>
 #include <fstream>
@@ -27,6 +27,28 @@ constexpr std::string_view ZIP_SIGNATURE = "PK\x03\x04";
 DetectedFormat failed(int error) {
   const bool isMissing = lum::io::openingStatus(error) == FileIoStatus::NotFound;
   return {isMissing ? Handler::FileMissing : Handler::FileUnreadable, error};
+}
+
+constexpr std::size_t SIGNATURE_BYTES = ZIP_SIGNATURE.size();
+
+/// Of a file that can be opened. Throws std::system_error or UnreadableFile for one that cannot.
+DetectedFormat detectReadable(const std::wstring& path, std::ostream& messages) {
+  const std::string file = toNativePath(Platform::filesystem().getFilePath(path));
+  const std::string start = OS::ReadableFile(file).readStart(SIGNATURE_BYTES);
+  if (start.size() < SIGNATURE_BYTES) {
+    return {Handler::UnknownFormat};
+  }
+  if (Handler::isZipSignature(start.data())) {
+    return {Handler::containsSceneInZip(path) ? Handler::ZippedScene : Handler::UnknownFormat};
+  }
+  if (start.front() == lum::SDBWriter::SIGNATURE.front()) {
+    std::ifstream in(file, std::ios::binary);
+    if (!in) {
+      return failed(errno);
+    }
+    return {sdb::checkFormat(in, messages) ? Handler::SceneDatabase : Handler::UnknownFormat};
+  }
+  return {Handler::UnknownFormat};
 }
 
 /// The status of an absolute path; an error number if it has none.
@@ -60,23 +82,14 @@ DetectedFormat detectFormat(const std::wstring& path, std::ostream& messages) {
   if (!S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode)) {
     return {Handler::FileUnreadable};
   }
-  std::ifstream file(toNativePath(resolved), std::ios::binary);
-  if (!file) {
-    return failed(errno);
+  try {
+    return detectReadable(path, messages);
+  } catch (const std::system_error& error) {
+    const int number = error.code().value();
+    return number == EISDIR ? DetectedFormat{Handler::UnknownFormat} : failed(number);
+  } catch (const lum::io::UnreadableFile& error) {
+    return failed(error.getError());
   }
-  std::array<char, ZIP_SIGNATURE.size()> start{};
-  if (!file.read(start.data(), start.size())) {
-    return {Handler::UnknownFormat};
-  }
-  if (Handler::isZipSignature(start.data())) {
-    return {Handler::containsSceneInZip(path) ? Handler::ZippedScene : Handler::UnknownFormat};
-  }
-  if (start.front() == lum::SDBWriter::SIGNATURE.front()) {
-    file.clear();
-    file.seekg(0);
-    return {sdb::checkFormat(file, messages) ? Handler::SceneDatabase : Handler::UnknownFormat};
-  }
-  return {Handler::UnknownFormat};
 }
 
 FileError openingError(const std::wstring& path, int error) {

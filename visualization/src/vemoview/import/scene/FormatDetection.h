@@ -8,16 +8,16 @@
 
 namespace vemo {
 
-/// As SceneFormatHandler::detectSceneFormat, and why a file cannot be opened.
+/// As SceneFormatHandler::detectSceneFormat, and why a file cannot be opened or read.
 struct DetectedFormat {
   SceneFormatHandler::SceneFormat format;
-  /// The system's number; 0 if the file can be opened, or must not be because it is not a regular one.
+  /// The system's number; 0 if the file can be read, or must not be because it is not a regular one.
   int error = 0;
 };
 
 DetectedFormat detectFormat(const std::wstring& path, std::ostream& messages);
 
-/// For a file that cannot be opened, with the cause if it is known.
+/// For a file that cannot be opened or read, with the cause if it is known.
 /// @param error the system's number; 0 if it is not known
 lum::io::FileError openingError(const std::wstring& path, int error);
 

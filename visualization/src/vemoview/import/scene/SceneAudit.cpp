@@ -17,6 +17,8 @@ void checkUnused(const std::string& entry, SceneFileReader& reader) {
   }
   try {
     const ArrayOwner<unsigned char> checked(reader.readEntry(entry));
+  } catch (const UnreadableException&) {
+    throw;
   } catch (const Exception&) {
     reader.report(FindingCode::CHECKSUM_WRONG, "The entry cannot be read: its content may be damaged", entry);
   }
@@ -40,6 +42,8 @@ SceneAudit::SceneAudit(const std::wstring& path) {
   try {
     _import = std::make_unique<SceneImport>(ZipFileReader(path));
     run();
+  } catch (const UnreadableException&) {
+    throw;
   } catch (const Exception& exception) {
     _findings.push_back(findingOf(exception));
   } catch (const Error& error) {
