@@ -405,6 +405,15 @@ vtkSmartPointer<vtkPolyData> makeStack(int count) {
                                                            static_cast<std::size_t>(count), {0, 1, 2, 3})});
 }
 
+/// Very many faces too small to be seen, and so many of a small square.
+vtkSmartPointer<vtkPolyData> makeSpecks(int squares) {
+  std::vector<std::vector<vtkIdType>> faces(300'000, {0, 1, 2});
+  faces.insert(faces.end(), static_cast<std::size_t>(squares), {0, 3, 4, 5});
+  return makePolyData(
+      {{0, 0, 0}, {1e-6F, 0, 0}, {0, 1e-6F, 0}, {0.05F, 0, 0}, {0.05F, 0.05F, 0}, {0, 0.05F, 0}},
+      {.polys = faces});
+}
+
 vtkSmartPointer<vtkPolyData> makeDiagonals(int count) {
   return makePolyData(flat({0, 0, 1, 1}), {.lines = std::vector<std::vector<vtkIdType>>(
                                                static_cast<std::size_t>(count), {0, 1})});
@@ -446,6 +455,20 @@ TEST(SceneResolverTest, LimitsHowOftenThePictureIsCovered) {
       scene.addSurface(makeStack(count), {1, 0, 0}).getColorAttributes()->setOpacity(0.5, false);
     };
   };
+  const auto coloured = [](double alpha) {
+    return [=](Scene& scene) {
+      const auto stack = makeStack(100);
+      stack->GetPointData()->AddArray(makeArray<vtkFloatArray>("values", {0, 0, 1, 1}));
+      colorByArray(scene.addSurface(stack, {1, 0, 0}), "values", lum::DataLocation::POINTS,
+                   {0, 0, 0, 1, 1, 1, 1, alpha});
+    };
+  };
+  const auto specks = [](int layers) {
+    return [=](Scene& scene) {
+      scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 0, 0});
+      scene.addSurface(makeSpecks(layers), {1, 0, 0}).getColorAttributes()->setOpacity(0.5, false);
+    };
+  };
   const auto repeats = [](double step) {
     return [=](Scene& scene) {
       repeat(scene.addSurface(makeRectangle(0, 1, 0, 1), {1, 0, 0}), {step, 0, 0}, 3000);
@@ -468,7 +491,11 @@ TEST(SceneResolverTest, LimitsHowOftenThePictureIsCovered) {
   EXPECT_TRUE(isDrawn(surface(400)));
   EXPECT_FALSE(isDrawn(surface(2000)));
   EXPECT_TRUE(isDrawn(translucent(20)));
-  EXPECT_FALSE(isDrawn(translucent(200)));
+  EXPECT_FALSE(isDrawn(translucent(60)));
+  EXPECT_TRUE(isDrawn(coloured(1.0)));
+  EXPECT_FALSE(isDrawn(coloured(0.5)));
+  EXPECT_TRUE(isDrawn(specks(10)));
+  EXPECT_FALSE(isDrawn(specks(100))) << "all are drawn again for each layer of a few";
   EXPECT_TRUE(isDrawn(repeats(1.0)));
   EXPECT_FALSE(isDrawn(repeats(1e-5)));
   EXPECT_TRUE(isDrawn(lines(3)));

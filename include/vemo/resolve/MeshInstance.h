@@ -27,6 +27,8 @@ struct ScalarColoring {
   std::string arrayName;
   /// Never null. Equal tables of one scene are the same object.
   std::shared_ptr<const ColorTable> table;
+  /// Whether a colour of the table is not opaque.
+  bool isTranslucent = false;
 };
 
 /// A mesh that is seen, once or several times, with everything needed to draw
@@ -52,5 +54,16 @@ struct MeshInstance {
   std::optional<ScalarColoring> scalars;
   SharedInstanceTransforms transforms;
 };
+
+/// Whether its faces, or its lines or points, are drawn layer by layer: also if only some of the
+/// colours of its table are translucent, whether data have them or not.
+inline bool isTranslucent(const MeshInstance& mesh) {
+  return mesh.appearance.opacity < 1.0 || (mesh.scalars && mesh.scalars->isTranslucent);
+}
+
+/// The same of its edges and contour.
+inline bool hasTranslucentEdges(const MeshInstance& mesh) {
+  return mesh.appearance.edgeOpacity < 1.0;
+}
 
 }  // namespace vemo

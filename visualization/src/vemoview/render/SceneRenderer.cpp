@@ -42,7 +42,7 @@ bool findProp(const Renderers& renderers, Condition&& condition) {
 }
 
 /// Texts are not: they need no layers.
-bool isTranslucent(vtkProp& prop) {
+bool isDrawnInLayers(vtkProp& prop) {
   const bool isOfModel =
       dynamic_cast<vtkActor*>(&prop) != nullptr || dynamic_cast<TransientMeshes*>(&prop) != nullptr;
   return isOfModel && prop.HasTranslucentPolygonalGeometry() != 0;
@@ -136,7 +136,7 @@ Renderers SceneRenderer::State::renderers() const {
 }
 
 void SceneRenderer::State::setSamples() {
-  window->SetMultiSamples(findProp(renderers(), isTranslucent) ? 0 : samples);
+  window->SetMultiSamples(findProp(renderers(), isDrawnInLayers) ? 0 : samples);
 }
 
 SceneRenderer::SceneRenderer(const lum::SceneNode& scene, ViewChange view, Drawn drawn)
@@ -152,7 +152,7 @@ SceneRenderer::~SceneRenderer() {
 }
 
 bool SceneRenderer::hasTranslucency() const {
-  return findProp(_state->renderers(), isTranslucent);
+  return findProp(_state->renderers(), isDrawnInLayers);
 }
 
 bool SceneRenderer::hasFineShapes() const {

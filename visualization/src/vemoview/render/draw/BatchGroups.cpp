@@ -51,6 +51,8 @@ struct BatchKey {
   Appearance appearance;
   const InstanceTransforms* transforms = nullptr;
   bool hasCellScalars = false;
+  /// Cells of other tables would become translucent as well.
+  bool isTranslucent = false;
   PointScalarsKey pointScalars;
   int pointType = 0;
   bool hasPointNormals = false;
@@ -64,6 +66,7 @@ BatchKey keyOf(const MeshInstance& mesh) {
   BatchKey key{drawnAppearance(mesh.appearance),
                mesh.transforms.get(),
                hasCellScalars(mesh),
+               isTranslucent(mesh),
                {},
                geometry.GetPoints()->GetDataType(),
                geometry.GetPointData()->GetNormals() != nullptr,

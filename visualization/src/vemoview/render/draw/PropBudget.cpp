@@ -56,8 +56,8 @@ std::uint64_t costOfMerging(const std::vector<MeshInstance>& batch) {
 }
 
 /// These are drawn anew for each layer.
-bool isTranslucent(const Appearance& appearance) {
-  return appearance.opacity < 1.0 || appearance.edgeOpacity < 1.0;
+bool isDrawnInLayers(const MeshInstance& mesh) {
+  return isTranslucent(mesh) || hasTranslucentEdges(mesh);
 }
 
 [[noreturn]] void failTooLarge(std::uint64_t props, std::uint64_t most, std::size_t batches,
@@ -157,7 +157,7 @@ std::vector<bool> PropBudget::add(const Batches& batches, std::size_t clipPlanes
   std::vector<bool> kept(batches.size());
   for (const bool areTranslucent : {true, false}) {
     for (std::size_t i = 0; i < batches.size(); ++i) {
-      if (isTranslucent(batches[i].front().appearance) == areTranslucent) {
+      if (isDrawnInLayers(batches[i].front()) == areTranslucent) {
         kept[i] = keep(batches[i], clipPlanes);
       }
     }

@@ -37,26 +37,36 @@ bool PictureSamples::isInside(std::span<const Place> corners, long& steps) const
   if (columns.isEmpty() || rows.isEmpty() || area < LEAST_WIDTH * (rows.high - rows.low) / 2.0) {
     return false;
   }
-  // Rounding may have moved corners far outside.
-  const auto begin = static_cast<int>(std::clamp(rows.begin(), 0.0, _counts[1]));
-  const auto end = static_cast<int>(std::clamp(rows.end(), 0.0, _counts[1]));
+  const auto [begin, end] = rowsOf(corners);
   for (int row = begin; row < end; ++row, ++steps) {
-    const double y = row + 0.5;
-    Interval across;
-    Place from = corners.back();
-    for (const Place& to : corners) {
-      const double before = _counts[1] * from[1] - y;
-      const double after = _counts[1] * to[1] - y;
-      if ((before < 0.0) != (after < 0.0)) {
-        across.add(_counts[0] * (from[0] + before / (before - after) * (to[0] - from[0])));
-      }
-      from = to;
-    }
+    const Interval across = acrossRow(corners, row);
     if (!across.isEmpty() && across.high - across.low > LEAST_WIDTH) {
       return true;
     }
   }
   return false;
+}
+
+std::pair<int, int> PictureSamples::rowsOf(std::span<const Place> corners) const {
+  const Interval rows = extent(corners, 1);
+  // Rounding may have moved corners far outside.
+  return {static_cast<int>(std::clamp(rows.begin(), 0.0, _counts[1])),
+          static_cast<int>(std::clamp(rows.end(), 0.0, _counts[1]))};
+}
+
+PictureSamples::Interval PictureSamples::acrossRow(std::span<const Place> corners, int row) const {
+  const double y = row + 0.5;
+  Interval across;
+  Place from = corners.back();
+  for (const Place& to : corners) {
+    const double before = _counts[1] * from[1] - y;
+    const double after = _counts[1] * to[1] - y;
+    if ((before < 0.0) != (after < 0.0)) {
+      across.add(_counts[0] * (from[0] + before / (before - after) * (to[0] - from[0])));
+    }
+    from = to;
+  }
+  return across;
 }
 
 bool PictureSamples::isPassed(std::span<const Place> line) const {

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <limits>
 #include <span>
+#include <utility>
 
 namespace vemo {
 
@@ -23,6 +24,26 @@ class PictureSamples {
   /// Whether a convex polygon has any inside.
   /// @param steps counts the rows that this takes
   bool isInside(std::span<const Place> corners, long& steps) const;
+
+  /// Calls visit(row, begin, end) for the rows of a convex polygon, with its samples in each.
+  template <class Visit>
+  void forEachRow(std::span<const Place> corners, const Visit& visit) const {
+    // A sample on an edge that two polygons share is in neither.
+    constexpr double ROUNDING = 1e-6;
+    const auto [first, last] = rowsOf(corners);
+    for (int row = first; row < last; ++row) {
+      Interval across = acrossRow(corners, row);
+      across.low += ROUNDING;
+      across.high -= ROUNDING;
+      const double begin = std::clamp(across.begin(), 0.0, _counts[0]);
+      const double end = std::clamp(across.end(), 0.0, _counts[0]);
+      if (begin < end) {
+        visit(static_cast<std::size_t>(row), static_cast<std::size_t>(begin), static_cast<std::size_t>(end));
+      }
+    }
+  }
+  std::size_t columnCount() const { return static_cast<std::size_t>(std::ceil(_counts[0])); }
+  std::size_t rowCount() const { return static_cast<std::size_t>(std::ceil(_counts[1])); }
 
   /// Of a polygon, as a part of the canvas.
   static double areaOf(std::span<const Place> corners);
@@ -49,6 +70,9 @@ class PictureSamples {
   };
 
   Interval extent(std::span<const Place> places, std::size_t axis) const;
+  /// The first row, and the one after the last.
+  std::pair<int, int> rowsOf(std::span<const Place> corners) const;
+  Interval acrossRow(std::span<const Place> corners, int row) const;
 
   Vector<2, double> _counts;
 };

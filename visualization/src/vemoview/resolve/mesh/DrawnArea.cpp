@@ -3,6 +3,7 @@
 #include "geometry/Bounds.h"
 #include "geometry/Cells.h"
 #include "geometry/Points.h"
+#include "vemoview/resolve/canvas/LayerCount.h"
 #include "vemoview/resolve/canvas/ShownShapes.h"
 #include "vemoview/resolve/decorations/ImageResolver.h"
 #include "vemoview/resolve/drawables/InstanceBounds.h"
@@ -118,25 +119,47 @@ double coverOfWindowImage(const ImageDecoration& image) {
   return area;
 }
 
-[[noreturn]] void failTooLarge(double limit, const std::string& example) {
-  throw SceneTooLarge(fmt::format(
-      "The scene is too large to be drawn: its faces, lines, points and images would cover the picture "
-      "more than {:.0f} times, those of \"{}\" among them",
-      limit, example));
+/// Of so many shapes, any of which may be behind each other.
+Cover mostOfShapes(double greatest, double count, bool areTranslucent) {
+  Cover cover;
+  cover.add(greatest * count, areTranslucent);
+  if (areTranslucent) {
+    cover.layeredShapes = count;
+    cover.layers = count;
+  }
+  return cover;
 }
 
 }  // namespace
 
 double Cover::drawn() const {
-  const double layers = AreaLimits::COUNTED_LAYERS * std::min(translucent, AreaLimits::MOST_LAYERS);
-  return opaque + translucent * std::max(layers, 1.0);
+  const double times = std::clamp(layers, 1.0, 1.0 * AreaLimits::MOST_LAYERS);
+  return opaque + times * (translucent + AreaLimits::PICTURES_PER_LAYERED_SHAPE * layeredShapes);
+}
+
+Cover& Cover::operator+=(const Cover& other) {
+  opaque += other.opaque;
+  translucent += other.translucent;
+  layeredShapes += other.layeredShapes;
+  layers += other.layers;
+  return *this;
+}
+
+Cover& Cover::operator-=(const Cover& other) {
+  return *this += {-other.opaque, -other.translucent, -other.layeredShapes, -other.layers};
 }
 
 /// A view in which shapes cover parts of the picture.
 class DrawnArea::View {
  public:
   View(const UsualCanvas& canvas, const Vector<2, double>& size, std::span<const ClipPlane> clipPlanes)
-      : _canvas(canvas), _size(size), _clipPlanes(clipPlanes) {}
+      : _canvas(canvas),
+        _size(size),
+        _clipPlanes(clipPlanes),
+        _layers(canvas.samples, AreaLimits::MOST_LAYERS) {}
+
+  /// Of the translucent shapes that were looked at.
+  double layers() const { return _layers.getMost(); }
 
   /// Of faces in a box that have some area together.
   double mostOfFaces(double area, const Box& box) const {
@@ -147,9 +170,9 @@ class DrawnArea::View {
 
   /// Of a mesh; stops when it is more than a limit.
   double coverOf(const MeshInstance& mesh, const Part& part, const InstanceTransform* transform,
-                 double limit) const {
+                 double limit) {
     const PointReader points(*part.geometry->GetPoints()->GetData());
-    ShownShapes shapes = shapesOf(mesh.appearance.isClipped);
+    Looks shapes = looksAt(mesh.appearance.isClipped, part.isTranslucent);
     const auto at = [&](vtkIdType point) { return transformedPoint(transform, points[point]); };
     double sum = 0.0;
     const auto add = [&](const auto& cover, const auto... corners) {
@@ -178,11 +201,11 @@ class DrawnArea::View {
     return sum;
   }
 
-  double coverOf(const ImageDecoration& image) const {
+  double coverOf(const ImageDecoration& image) {
     if (!image.isInModel) {
       return share() * coverOfWindowImage(image);
     }
-    ShownShapes shapes = shapesOf(image.isClipped);
+    Looks shapes = looksAt(image.isClipped, isTranslucent(image));
     const auto [a, b, c, d] = cornersOf(image);
     return coverOfFace(shapes, {a, b, c, d});
   }
@@ -191,60 +214,96 @@ class DrawnArea::View {
   /// Of the canvas in the picture.
   double share() const { return _size[0] * _size[1]; }
 
-  ShownShapes shapesOf(bool isClipped) const {
-    return {_canvas, isClipped ? _clipPlanes : std::span<const ClipPlane>()};
+  /// At shapes of one mesh or image.
+  struct Looks {
+    ShownShapes shapes;
+    bool areTranslucent;
+  };
+
+  Looks looksAt(bool isClipped, bool areTranslucent) const {
+    return {{_canvas, isClipped ? _clipPlanes : std::span<const ClipPlane>()}, areTranslucent};
   }
 
-  double coverOfFace(ShownShapes& shapes, std::initializer_list<Vector3> corners) const {
-    const std::span<const Place> shown = shapes.shownPart(corners);
+  double pixelsOf(std::size_t axis) const {
+    return _size[axis] * (axis == 0 ? 1.0 * USUAL_WIDTH : 1.0 * USUAL_HEIGHT);
+  }
+
+  /// A line, or a point of which both ends are the same, that is so many pixels wide.
+  void addLayer(const Looks& looks, const Place& from, const Place& to, double width) {
+    if (!looks.areTranslucent) {
+      return;
+    }
+    const Place along{(to[0] - from[0]) * pixelsOf(0), (to[1] - from[1]) * pixelsOf(1)};
+    const double pixels = std::hypot(along[0], along[1]);
+    const Place direction = pixels > 0.0 ? 1.0 / pixels * along : Place{1.0, 0.0};
+    const Place aside{-direction[1] * width / 2.0 / pixelsOf(0), direction[0] * width / 2.0 / pixelsOf(1)};
+    const Place beyond = pixels > 0.0 ? Place{} : Place{width / 2.0 / pixelsOf(0), 0.0};
+    const Place corners[] = {from - beyond - aside, to + beyond - aside, to + beyond + aside,
+                             from - beyond + aside};
+    _layers.add(corners);
+  }
+
+  double coverOfFace(Looks& looks, std::initializer_list<Vector3> corners) {
+    const std::span<const Place> shown = looks.shapes.shownPart(corners);
+    if (looks.areTranslucent) {
+      _layers.add(shown);
+    }
     return shown.size() < 3 ? 0.0 : share() * std::min(1.0, PictureSamples::areaOf(shown));
   }
 
-  double coverOfLineIn(ShownShapes& shapes, std::initializer_list<Vector3> ends,
-                       const Appearance& appearance) const {
-    const std::span<const Place> shown = shapes.shownPart(ends);
+  double coverOfLineIn(Looks& looks, std::initializer_list<Vector3> ends, const Appearance& appearance) {
+    const std::span<const Place> shown = looks.shapes.shownPart(ends);
     if (shown.size() < 2) {
       return 0.0;
     }
+    addLayer(looks, shown.front(), shown.back(), appearance.lineWidth);
     const Place line = shown.back() - shown.front();
-    const double pixels = std::hypot(line[0] * _size[0] * USUAL_WIDTH, line[1] * _size[1] * USUAL_HEIGHT);
+    const double pixels = std::hypot(line[0] * pixelsOf(0), line[1] * pixelsOf(1));
     return coverOfLine(pixels, appearance.lineWidth);
   }
 
-  double coverOfPointIn(ShownShapes& shapes, const Vector3& place, const Appearance& appearance) const {
-    if (!shapes.showsPoint(place)) {
+  double coverOfPointIn(Looks& looks, const Vector3& place, const Appearance& appearance) {
+    const std::span<const Place> shown = looks.shapes.shownPart({place});
+    if (shown.empty()) {
       return 0.0;
     }
+    const double pixels = pixelsOfPoint(place, appearance);
+    addLayer(looks, shown.front(), shown.front(), pixels);
+    return coverOfPoint(pixels);
+  }
+
+  double pixelsOfPoint(const Vector3& place, const Appearance& appearance) const {
     if (!appearance.isPointSizeInModelUnits) {
-      return coverOfPoint(appearance.pointSize);
+      return appearance.pointSize;
     }
-    const double perUnit = USUAL_HEIGHT * _size[1] / _canvas.view.heightAt(_canvas.view.depthOf(place));
-    return coverOfPoint(std::min(MAX_POINT_PIXELS, appearance.pointSize * perUnit));
+    const double perUnit = pixelsOf(1) / _canvas.view.heightAt(_canvas.view.depthOf(place));
+    return std::min(MAX_POINT_PIXELS, appearance.pointSize * perUnit);
   }
 
   const UsualCanvas& _canvas;
   Vector<2, double> _size;
   std::span<const ClipPlane> _clipPlanes;
+  LayerCount _layers;
 };
 
 std::vector<DrawnArea::Part> DrawnArea::partsOf(const MeshInstance& mesh) {
   const Appearance& appearance = mesh.appearance;
   const double ofLine = coverOfLine(USUAL_WIDTH + USUAL_HEIGHT, appearance.lineWidth);
-  const bool isTranslucent = appearance.opacity < 1.0;
+  const bool areTranslucent = isTranslucent(mesh);
   if (appearance.kind == Kind::POINTS) {
     const double pixels = appearance.isPointSizeInModelUnits ? MAX_POINT_PIXELS : appearance.pointSize;
-    return {{Kind::POINTS, mesh.geometry, isTranslucent, coverOfPoint(pixels)}};
+    return {{Kind::POINTS, mesh.geometry, areTranslucent, coverOfPoint(pixels)}};
   }
   if (appearance.kind == Kind::LINES) {
-    return {{Kind::LINES, mesh.geometry, isTranslucent, ofLine}};
+    return {{Kind::LINES, mesh.geometry, areTranslucent, ofLine}};
   }
   std::vector<Part> parts;
   if (appearance.hasFaces && appearance.opacity > 0.0) {
     vtkPolyData* const faces = mesh.filling != nullptr ? mesh.filling : mesh.geometry;
-    parts.push_back({Kind::SURFACE, faces, isTranslucent, 1.0});
+    parts.push_back({Kind::SURFACE, faces, areTranslucent, 1.0});
   }
   if (appearance.hasEdges || appearance.hasContour) {
-    parts.push_back({Kind::LINES, mesh.geometry, appearance.edgeOpacity < 1.0, ofLine});
+    parts.push_back({Kind::LINES, mesh.geometry, hasTranslucentEdges(mesh), ofLine});
   }
   return parts;
 }
@@ -257,17 +316,21 @@ DrawnArea::DrawnArea(std::span<const MeshInstance> meshes, std::span<const Decor
   }
 }
 
+/// Of all its shapes, drawn so many times.
+Cover DrawnArea::mostOf(const Part& part, double times) {
+  return mostOfShapes(part.greatest, countShapes(part.kind, *part.geometry) * times, part.isTranslucent);
+}
+
 bool DrawnArea::isSmall() const {
   Cover cover;
   for (const MeshInstance& mesh : _meshes) {
     for (const Part& part : partsOf(mesh)) {
-      cover.add(part.greatest * countShapes(part.kind, *part.geometry) * countInstances(mesh),
-                part.isTranslucent);
+      cover += mostOf(part, countInstances(mesh));
     }
   }
   for (const Decoration& decoration : _decorations) {
     if (const auto* const image = std::get_if<ImageDecoration>(&decoration.content)) {
-      cover.add(1.0, isTranslucent(*image));
+      cover += mostOfShapes(1.0, 1.0, isTranslucent(*image));
     }
   }
   return cover.drawn() <= _limit;
@@ -307,46 +370,56 @@ Box DrawnArea::bounds() {
 }
 
 /// Without a look at single shapes.
-double DrawnArea::mostOf(const Part& part, const InstanceTransform* transform, const View& view) {
+Cover DrawnArea::mostOf(const Part& part, const InstanceTransform* transform, const View& view) {
   const Extent& extent = extentOf(*part.geometry);
   const Box box = instanceBounds(transform, extent.bounds);
   if (view.misses(box)) {
-    return 0.0;
+    return {};
   }
-  const double most = part.greatest * countShapes(part.kind, *part.geometry);
-  return part.kind == Kind::SURFACE
-             ? std::min(most, view.mostOfFaces(extent.area * greatestEnlargement(transform), box))
-             : most;
+  Cover most = mostOf(part, 1.0);
+  if (part.kind == Kind::SURFACE) {
+    double& area = part.isTranslucent ? most.translucent : most.opaque;
+    area = std::min(area, view.mostOfFaces(extent.area * greatestEnlargement(transform), box));
+  }
+  return most;
 }
 
 Cover DrawnArea::mostOf(const View& view) {
   Cover cover;
   for (const MeshInstance& mesh : _meshes) {
     for (const Part& part : partsOf(mesh)) {
-      forEachInstance(mesh.transforms, [&](const InstanceTransform* transform) {
-        cover.add(mostOf(part, transform, view), part.isTranslucent);
-      });
+      forEachInstance(mesh.transforms,
+                      [&](const InstanceTransform* transform) { cover += mostOf(part, transform, view); });
     }
   }
   return cover;
 }
 
+void DrawnArea::requireDrawn(const Cover& cover, const std::string& example) const {
+  if (cover.drawn() > _limit) {
+    throw SceneTooLarge(fmt::format(
+        "The scene is too large to be drawn: its faces, lines, points and images would cover the picture "
+        "more than {:.0f} times, those of \"{}\" among them",
+        _limit, example));
+  }
+}
+
 void DrawnArea::requireDrawn(const UsualCanvas& canvas, const Vector<2, double>& size,
                              std::span<const ClipPlane> clipPlanes) {
-  const View view(canvas, size, clipPlanes);
+  View view(canvas, size, clipPlanes);
   Cover known;
   for (const Decoration& decoration : _decorations) {
     if (const auto* const image = std::get_if<ImageDecoration>(&decoration.content)) {
       known.add(view.coverOf(*image), isTranslucent(*image));
-      if (known.drawn() > _limit) {
-        failTooLarge(_limit, itemNameOf(*decoration.drawable));
-      }
+      known.layers = view.layers();
+      requireDrawn(known, itemNameOf(*decoration.drawable));
     }
   }
   // Of all that was not looked at yet.
   Cover rest = mostOf(view);
   const auto mayBeTooLarge = [&] {
-    return Cover{known.opaque + rest.opaque, known.translucent + rest.translucent}.drawn() > _limit;
+    Cover most = known;
+    return (most += rest).drawn() > _limit;
   };
   for (const MeshInstance& mesh : _meshes) {
     for (const Part& part : partsOf(mesh)) {
@@ -354,13 +427,14 @@ void DrawnArea::requireDrawn(const UsualCanvas& canvas, const Vector<2, double>&
         if (!mayBeTooLarge()) {
           return;
         }
-        if (const double most = mostOf(part, transform, view); most > 0.0) {
-          rest.add(-most, part.isTranslucent);
+        const Cover most = mostOf(part, transform, view);
+        if (most.drawn() > 0.0) {
+          rest -= most;
           known.add(view.coverOf(mesh, part, transform, _limit), part.isTranslucent);
+          known.layeredShapes += most.layeredShapes;
+          known.layers = view.layers();
         }
-        if (known.drawn() > _limit) {
-          failTooLarge(_limit, itemNameOf(*mesh.node));
-        }
+        requireDrawn(known, itemNameOf(*mesh.node));
       });
     }
   }

@@ -8,8 +8,10 @@
 
 #include <vtkType.h>
 
+#include <cstdint>
 #include <map>
 #include <span>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -23,20 +25,25 @@ struct AreaLimits {
   static constexpr double PICTURES = 500.0;
   /// For each element that the scene has (DrawingLoad::content): some 200 pixels for a face, line or point.
   static constexpr double PICTURES_PER_ELEMENT = 0.00005;
-  /// Translucent shapes are drawn again for each of their layers, up to so many times, of which some
-  /// count: dozens of large sheets are worth their time.
-  static constexpr double MOST_LAYERS = 64.0;
-  static constexpr double COUNTED_LAYERS = 0.25;
+  /// Translucent shapes are all drawn again for each layer that they have anywhere, up to so many times.
+  static constexpr std::uint8_t MOST_LAYERS = 64;
+  /// That takes as long for each as if it covered so much more, even if it is tiny.
+  static constexpr double PICTURES_PER_LAYERED_SHAPE = 0.00004;
 };
 
-/// Parts of a picture that are covered, added up.
+/// What covers a picture, added up.
 struct Cover {
   double opaque = 0.0;
   double translucent = 0.0;
+  /// The translucent faces, lines and points, and the most that there are at one place.
+  double layeredShapes = 0.0;
+  double layers = 0.0;
 
   void add(double area, bool isTranslucent) { (isTranslucent ? translucent : opaque) += area; }
   /// What is drawn for them, in pictures.
   double drawn() const;
+  Cover& operator+=(const Cover& other);
+  Cover& operator-=(const Cover& other);
 };
 
 /// Estimates how much of pictures meshes and images cover, whatever covers them.
@@ -73,8 +80,10 @@ class DrawnArea {
   class View;
 
   static std::vector<Part> partsOf(const MeshInstance& mesh);
+  static Cover mostOf(const Part& part, double times);
+  void requireDrawn(const Cover& cover, const std::string& example) const;
   const Extent& extentOf(vtkPolyData& geometry);
-  double mostOf(const Part& part, const InstanceTransform* transform, const View& view);
+  Cover mostOf(const Part& part, const InstanceTransform* transform, const View& view);
   Cover mostOf(const View& view);
 
   std::span<const MeshInstance> _meshes;

@@ -219,8 +219,10 @@ class MeshBuilder {
     vtkDataSetAttributes* const data =
         isAtCells ? static_cast<vtkDataSetAttributes*>(geometry.GetCellData()) : geometry.GetPointData();
     data->AddArray(array);
+    auto table = _tables.resolve(*scalars->hasColorLookupTable());
+    const bool isTranslucent = _tables.isTranslucent(*table);
     _scalars = ScalarColoring{isAtCells ? ScalarLocation::CELLS : ScalarLocation::POINTS, array->GetName(),
-                              _tables.resolve(*scalars->hasColorLookupTable())};
+                              std::move(table), isTranslucent};
   }
 
   /// The arrays that fit and that the data do not have yet; of several of a name the first.

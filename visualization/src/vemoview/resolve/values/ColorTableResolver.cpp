@@ -21,4 +21,15 @@ std::shared_ptr<const ColorTable> ColorTables::resolve(const lum::ColorLookupTab
   return resolved;
 }
 
+bool ColorTables::isTranslucent(const ColorTable& table) {
+  constexpr std::size_t CHANNELS = 4;
+  constexpr std::uint8_t OPAQUE_ALPHA = 255;
+  const std::vector<std::uint8_t>& colors = table.rgba;
+  const auto [known, isNew] = _areTranslucent.try_emplace(&colors, false);
+  for (std::size_t i = CHANNELS - 1; isNew && i < colors.size(); i += CHANNELS) {
+    known->second = known->second || colors[i] != OPAQUE_ALPHA;
+  }
+  return known->second;
+}
+
 }  // namespace vemo
