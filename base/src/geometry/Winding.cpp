@@ -132,8 +132,10 @@ void EdgeNeighbors::forEachPair(const FaceList& faces, const Visit& visit) const
 std::span<const std::uint32_t> EdgeNeighbors::search(vtkIdType from, vtkIdType to,
                                                      const std::vector<bool>& isDone) {
   const auto [lower, higher] = std::minmax({static_cast<std::size_t>(from), static_cast<std::size_t>(to)});
-  const auto run =
-      std::ranges::equal_range((*_pairs)[lower], static_cast<std::uint32_t>(higher), {}, &Pair::higher);
+  const std::span list = (*_pairs)[lower];
+  const auto number = static_cast<std::uint32_t>(higher);
+  const std::span run(std::ranges::lower_bound(list, number, {}, &Pair::higher),
+                      std::ranges::upper_bound(list, number, {}, &Pair::higher));
   _found.clear();
   if (run.front().face == SEARCHED) {
     return {};
