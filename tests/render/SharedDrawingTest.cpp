@@ -191,6 +191,10 @@ TEST(SharedDrawingTest, LimitsThePropsInProportionToTheScene) {
     EXPECT_THAT(error.what(), testing::HasSubstr("parts that look different or cover each other, such as "
                                                  "\"collection 499\", would take"));
   }
+  many.resize(3000);
+  EXPECT_NO_THROW(PropBudget(Drawn::ONCE).add(many, 0));
+  std::ranges::for_each(many, [](auto& batch) { batch.front().appearance.opacity = 0.5; });
+  EXPECT_THROW(PropBudget(Drawn::ONCE).add(many, 0), SceneTooLarge);
 }
 
 /// Those of many different looks exist only while they are drawn, which nobody can see, also not where they

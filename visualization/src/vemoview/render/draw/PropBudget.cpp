@@ -159,8 +159,13 @@ std::vector<bool> PropBudget::add(const Batches& batches, std::size_t clipPlanes
     for (std::size_t i = 0; i < batches.size(); ++i) {
       if (isDrawnInLayers(batches[i].front()) == areTranslucent) {
         kept[i] = keep(batches[i], clipPlanes);
+        _remade += areTranslucent && !kept[i] ? 1 : 0;
       }
     }
+  }
+  if (_remade > Limits::REMADE) {
+    throw SceneTooLarge("The scene is too large to be drawn: more than " + std::to_string(Limits::REMADE) +
+                        " translucent parts that look different would be made anew for each layer");
   }
   const std::uint64_t most = std::max(leftByMeshes(), Limits::LEAST_TRANSIENT);
   if (_transient > most) {

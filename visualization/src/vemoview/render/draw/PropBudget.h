@@ -47,6 +47,9 @@ struct PropLimits {
   static constexpr std::uint64_t LEAST_TRANSIENT = 64U << 20U;
   static constexpr std::uint64_t LEAST_KEPT = 8U << 20U;
 
+  /// Translucent batches whose props exist only while they are drawn: they are made anew for each layer.
+  static constexpr std::size_t REMADE = 1'500;
+
   /// What props may take that a window keeps, for speed, or a VTK program, which has no others.
   static constexpr std::uint64_t WINDOW = 1U << 30U;
   static constexpr std::uint64_t WINDOW_PER_BYTE = 8;
@@ -91,6 +94,8 @@ class VEMO_RENDER_EXPORT PropBudget {
   std::uint64_t _meshes = 0;
   std::uint64_t _kept = 0;
   std::uint64_t _transient = 0;
+  /// Translucent batches that are not kept.
+  std::size_t _remade = 0;
   std::unordered_set<const void*> _arrays;
   /// Kept, so that no other has the address of one.
   std::set<vtkSmartPointer<vtkPolyData>> _geometries;
