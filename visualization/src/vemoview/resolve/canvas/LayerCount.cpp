@@ -8,8 +8,12 @@ void LayerCount::add(std::span<const PictureSamples::Place> corners) {
   if (corners.size() < 3 || _most == _limit) {
     return;
   }
+  if (_steps > MOST_STEPS) {
+    _most = _limit;
+    return;
+  }
   _counts.resize(_samples.columnCount() * _samples.rowCount());
-  _samples.forEachRow(corners, [this](std::size_t row, std::size_t begin, std::size_t end) {
+  _samples.forEachRow(corners, _steps, [this](std::size_t row, std::size_t begin, std::size_t end) {
     std::uint8_t* const counts = _counts.data() + row * _samples.columnCount();
     std::uint8_t most = _most;
     for (std::size_t column = begin; column < end; ++column) {

@@ -17,13 +17,17 @@ class LayerCount {
   /// @param corners of a convex polygon, or of nothing
   void add(std::span<const PictureSamples::Place> corners);
 
-  /// At one sample.
+  /// At one sample; the limit if counting took too long.
   std::uint8_t getMost() const { return _most; }
 
  private:
+  /// Rows of samples: about a second, where most shapes have a few.
+  static constexpr long MOST_STEPS = 50'000'000;
+
   PictureSamples _samples;
   std::uint8_t _limit;
   std::uint8_t _most = 0;
+  long _steps = 0;
   /// Row by row; empty until there is a shape.
   std::vector<std::uint8_t> _counts;
 };

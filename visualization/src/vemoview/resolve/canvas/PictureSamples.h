@@ -26,11 +26,16 @@ class PictureSamples {
   bool isInside(std::span<const Place> corners, long& steps) const;
 
   /// Calls visit(row, begin, end) for the rows of a convex polygon, with its samples in each.
+  /// @param steps counts the rows that this takes
   template <class Visit>
-  void forEachRow(std::span<const Place> corners, const Visit& visit) const {
+  void forEachRow(std::span<const Place> corners, long& steps, const Visit& visit) const {
+    if (extent(corners, 0).isEmpty()) {
+      return;
+    }
     // A sample on an edge that two polygons share is in neither.
     constexpr double ROUNDING = 1e-6;
     const auto [first, last] = rowsOf(corners);
+    steps += last - first;
     for (int row = first; row < last; ++row) {
       Interval across = acrossRow(corners, row);
       across.low += ROUNDING;
