@@ -93,15 +93,6 @@ TEST(PolyDataNodeTest, SetsArraysAlsoAmongThoseOfAnotherPolyData) {
   ASSERT_EQ(arrays.size(), 2U);
   EXPECT_EQ(arrays[0].Get(), kept.Get());
   EXPECT_EQ(arrays[1].Get(), latest.Get());
-
-  // A reader fills the table.
-  for (const lum::Field& field : node->getFields()) {
-    if (auto* const* const table = std::get_if<lum::ArrayTable*>(&field.value); table && !(*table)->empty()) {
-      (*table)->at(1) = makeArray("d", {6});
-    }
-  }
-  node->setNodeDataArray(makeArray("d", {7}));
-  EXPECT_EQ(arrays.size(), 2U);
 }
 
 TEST(PolyDataNodeTest, TakesTheLatestArrayOfAName) {

@@ -26,10 +26,20 @@ ArrayPlaces placesOf(const ArrayTable& table) {
   return places;
 }
 
+/// False once a reader has filled the table, which replaces all of it.
+bool areCurrent(const ArrayPlaces& places, const ArrayTable& table, const std::string& name) {
+  if (places.empty() || places.size() != table.size()) {
+    return places.size() == table.size();
+  }
+  const auto known = places.find(name);
+  const auto& [place, index] = known != places.end() ? *known : *places.begin();
+  return NamedArrays::nameOf(*table[index]) == place;
+}
+
 void putArray(ArrayTable& table, std::unique_ptr<ArrayPlaces>& places, vtkDataArray* array) {
   VEMO_REQUIRE(array != nullptr, "must be not NULL");
   const std::string name(NamedArrays::nameOf(*array));
-  if (places == nullptr) {
+  if (places == nullptr || !areCurrent(*places, table, name)) {
     places = std::make_unique<ArrayPlaces>(placesOf(table));
   }
   const auto [known, isNew] = places->try_emplace(name, table.size());

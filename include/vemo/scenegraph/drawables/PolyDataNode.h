@@ -26,10 +26,8 @@ class VEMO_SCENEGRAPH_EXPORT PolyDataNode final : public Node {
   LUM_FIELD(vtkSmartPointer<vtkCellArray>, _lines)
   LUM_FIELD(vtkSmartPointer<vtkCellArray>, _strips)
   LUM_FIELD(vtkSmartPointer<vtkCellArray>, _polys)
-  LUM_LIST(_nodeDataArrays, lend(_nodeDataArrays, _nodeDataPlaces))
-  ArrayTable _nodeDataArrays;
-  LUM_LIST(_cellDataArrays, lend(_cellDataArrays, _cellDataPlaces))
-  ArrayTable _cellDataArrays;
+  LUM_FIELD(ArrayTable, _nodeDataArrays)
+  LUM_FIELD(ArrayTable, _cellDataArrays)
 
  public:
   /// A reference point of the geometry, such as its centre, in model coordinates.
@@ -68,19 +66,12 @@ class VEMO_SCENEGRAPH_EXPORT PolyDataNode final : public Node {
 
  private:
   using Cells = vtkSmartPointer<vtkCellArray>;
-  using Places = std::unique_ptr<std::unordered_map<std::string, std::size_t>>;
   static Cells PolyDataNode::*memberOf(vemo::CellKind kind);
 
-  /// For a list of fields: whoever has it may fill the table.
-  static ArrayTable* lend(ArrayTable& table, Places& places) {
-    places.reset();
-    return &table;
-  }
-
   std::vector<std::string> _arraysLeftOut;
-  /// Where arrays are in their tables, by name; null until one is set.
-  Places _nodeDataPlaces;
-  Places _cellDataPlaces;
+  /// Where arrays are in their tables, by name; null while none has been set.
+  std::unique_ptr<std::unordered_map<std::string, std::size_t>> _nodeDataPlaces;
+  std::unique_ptr<std::unordered_map<std::string, std::size_t>> _cellDataPlaces;
 };
 
 }  // namespace lum
