@@ -44,9 +44,10 @@ py::object toPathText(const std::string& path) {
       py::arg("place") = toPython(describePlace(where.itemPath, where.line, where.entry, where.attribute))));
 }
 
-[[noreturn]] void raiseNotFound(const std::string& path) {
-  const py::object error = py::reinterpret_borrow<py::object>(PyExc_FileNotFoundError);
-  raise(error(ENOENT, std::generic_category().message(ENOENT), toPathText(path)));
+/// The subclass of OSError that belongs to the number.
+[[noreturn]] void raiseSystemError(int number, const std::string& path) {
+  const py::object error = py::reinterpret_borrow<py::object>(PyExc_OSError);
+  raise(error(number, std::generic_category().message(number), toPathText(path)));
 }
 
 template <class... Kinds>
@@ -68,7 +69,7 @@ const char* classOf(const Exception& exception) {
   using lum::io::FileIoStatus;
   switch (error.getStatus()) {
     case FileIoStatus::NotFound:
-      raiseNotFound(files.source);
+      raiseSystemError(ENOENT, files.source);
     case FileIoStatus::UnsupportedFormat:
       raise("UnsupportedFormatError", error.what(), files.source);
     case FileIoStatus::WriteError:
@@ -86,14 +87,18 @@ void rethrowAsPython(const WorkFiles& files) {
   } catch (const Cancelled& cancelled) {
     raise(py::module_::import("vemoscene._errors").attr("Cancelled")(cancelled.what()));
   } catch (const FileNotFoundException&) {
-    raiseNotFound(files.source);
+    raiseSystemError(ENOENT, files.source);
   } catch (const OutputException& exception) {
     raise("OutputError", exception.getMessage(), files.target);
+  } catch (const UnreadableException& exception) {
+    raiseSystemError(exception.getError(), files.source);
   } catch (const Exception& exception) {
     raise(classOf(exception), describe(exception), files.source, findingOf(exception));
   } catch (const InternalError& error) {
     const Finding fault = findingOf(error);
     raise("ItemError", fault.text, files.source, fault);
+  } catch (const lum::io::UnreadableFile& error) {
+    raiseSystemError(error.getError() != 0 ? error.getError() : EIO, files.source);
   } catch (const lum::io::FileError& error) {
     raise(error, files);
   } catch (const RenderingUnavailable& error) {

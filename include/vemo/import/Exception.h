@@ -68,8 +68,14 @@ class VEMO_IMPORT_EXPORT IOException : public Exception {
 /// the file is not known to be at fault.
 class VEMO_IMPORT_EXPORT UnreadableException : public IOException {
  public:
-  using IOException::IOException;
+  /// @param error the system's number
+  UnreadableException(const std::string& message, int error);
   ~UnreadableException() override;
+
+  int getError() const { return _error; }
+
+ private:
+  int _error;
 };
 
 /// The archive file does not exist.

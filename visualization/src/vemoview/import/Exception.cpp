@@ -1,6 +1,7 @@
 #include <vemo/import/Exception.h>
 #include <vemo/scenegraph/Finding.h>
 
+#include <system_error>
 #include <utility>
 
 namespace vemo {
@@ -12,6 +13,11 @@ FutureVersionException::FutureVersionException(std::string message) : Exception(
 // libraries.
 Exception::~Exception() = default;
 IOException::~IOException() = default;
+UnreadableException::UnreadableException(const std::string& message, int error)
+    : IOException(message), _error(error) {
+  setCause(std::generic_category().message(error));
+}
+
 UnreadableException::~UnreadableException() = default;
 FileNotFoundException::~FileNotFoundException() = default;
 ZipException::~ZipException() = default;

@@ -349,6 +349,10 @@ void vtkVemoSceneImporter::TryPrepare() {
     vtkDebugMacro(<< "Aborted");
   } catch (const vemo::FileNotFoundException& error) {
     Fail(vtkErrorCode::FileNotFoundError, describe(error));
+  } catch (const vemo::UnreadableException& error) {
+    Fail(vtkErrorCode::CannotOpenFileError, describe(error));
+  } catch (const lum::io::UnreadableFile& error) {
+    Fail(vtkErrorCode::CannotOpenFileError, error.what());
   } catch (const vemo::Exception& error) {
     Fail(vtkErrorCode::FileFormatError, describe(findingOf(error)));
   } catch (const vemo::Error& error) {

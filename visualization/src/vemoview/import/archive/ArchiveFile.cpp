@@ -35,9 +35,8 @@ bool ArchiveFile::readFile(std::span<char> bytes, std::uint64_t position) const 
   try {
     return _file->read(bytes, position) == bytes.size();
   } catch (const std::system_error& error) {
-    UnreadableException exception(fmt::format("The file cannot be read at byte {}", position));
-    exception.setCause(error.code().message());
-    throw exception;
+    throw UnreadableException(fmt::format("The file cannot be read at byte {}", position),
+                              error.code().value());
   }
 }
 
