@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <chrono>
 #include <fmt/format.h>
-#include <poll.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -28,8 +27,7 @@ bool isTerminal() {
 /// reported anywhere.
 void writeError(std::string_view text) {
   const std::string whole = isTerminal() ? fmt::format("{}{}", CLEAR_LINE, text) : std::string(text);
-  while (write(STDERR_FILENO, whole.data(), whole.size()) < 0 && tryAgain(STDERR_FILENO, POLLOUT)) {
-  }
+  writeAll(STDERR_FILENO, whole);
 }
 
 std::string& lastLine() {

@@ -6,8 +6,8 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
-#include <poll.h>
 #include <string>
+#include <string_view>
 #include <unistd.h>
 #include <utility>
 
@@ -24,15 +24,9 @@ namespace {
       isSilent ? std::string() : std::string("Cannot write to standard output: ") + std::strerror(error));
 }
 
-void writeAll(const char* bytes, std::size_t size) {
-  while (size > 0) {
-    const ssize_t written = write(STDOUT_FILENO, bytes, size);
-    if (written >= 0) {
-      bytes += written;
-      size -= static_cast<std::size_t>(written);
-    } else if (!tryAgain(STDOUT_FILENO, POLLOUT)) {
-      fail(errno);
-    }
+void writeResult(std::string_view bytes) {
+  if (!writeAll(STDOUT_FILENO, bytes)) {
+    fail(errno);
   }
 }
 
@@ -54,7 +48,7 @@ class ResultStream::Buffer : public std::streambuf {
     const auto size = static_cast<std::size_t>(pptr() - pbase());
     // Cleared before the write, so that a failed one is not repeated.
     setp(_bytes.data(), _bytes.data() + _bytes.size());
-    writeAll(_bytes.data(), size);
+    writeResult({_bytes.data(), size});
     return 0;
   }
 
