@@ -68,12 +68,19 @@ constexpr const char* HELP = R"(<table cellspacing="4">
 <tr><td><b>Ctrl+Q</b></td><td>quit</td></tr>
 </table>)";
 
+/// False also for what cannot be read, and for pipes, which could only be waited for.
+bool isPngOrEmpty(const QString& path) {
+  QFile file(path);
+  if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
+    return false;
+  }
+  const std::string start = file.read(static_cast<qint64>(Picture::PNG_SIGNATURE.size())).toStdString();
+  return file.error() == QFileDevice::NoError && (start.empty() || start == Picture::PNG_SIGNATURE);
+}
+
 /// Throws PictureWriteError for a file that is no picture, such as the scene itself.
 void requireReplaceable(const QString& path) {
-  QFile file(path);
-  const auto size = static_cast<qint64>(Picture::PNG_SIGNATURE.size());
-  if (file.open(QIODevice::ReadOnly) && file.size() > 0 &&
-      file.read(size).toStdString() != Picture::PNG_SIGNATURE) {
+  if (QFileInfo::exists(path) && !isPngOrEmpty(path)) {
     throw PictureWriteError("\"" + path.toStdString() + "\" is not a PNG file and is not replaced");
   }
 }

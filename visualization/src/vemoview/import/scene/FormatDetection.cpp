@@ -31,7 +31,7 @@ DetectedFormat failed(int error) {
 
 constexpr std::size_t SIGNATURE_BYTES = ZIP_SIGNATURE.size();
 
-/// Of a file that can be opened. Throws std::system_error or UnreadableFile for one that cannot.
+/// Throws std::system_error or UnreadableFile if the system cannot open or read it.
 DetectedFormat detectReadable(const std::wstring& path, std::ostream& messages) {
   const std::string file = toNativePath(Platform::filesystem().getFilePath(path));
   const std::string start = OS::ReadableFile(file).readStart(SIGNATURE_BYTES);

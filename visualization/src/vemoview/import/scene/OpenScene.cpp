@@ -7,6 +7,7 @@
 #include <vemo/scenegraph/canvas/SceneNode.h>
 #include <vemo/scenegraph/io/FileError.h>
 
+#include <exception>
 #include <istream>
 #include <streambuf>
 #include <string>
@@ -61,7 +62,7 @@ std::string readAll(std::istream& stream) {
     bytes.resize(size + BLOCK);
     try {
       count = stream.rdbuf()->sgetn(bytes.data() + size, BLOCK);
-    } catch (const std::ios_base::failure&) {
+    } catch (const std::exception&) {
       failToRead();
     }
     size += static_cast<std::size_t>(count);
