@@ -428,13 +428,6 @@ TEST(ScenePictureDeathTest, ReportsMissingOpenGl) {
       testing::ExitedWithCode(0), "^$");
 }
 
-TEST(ScenePictureTest, DrawsAnEmptySceneAndTheSamePictureTwice) {
-  const auto empty = make<lum::SceneNode>();
-  const Picture picture = renderPicture(*empty, {40, 30});
-  EXPECT_EQ(countPixels(picture, BLACK, 0), 40 * 30);
-  EXPECT_EQ(renderPicture(*empty, {40, 30}).toPng(), picture.toPng());
-}
-
 TEST(ScenePictureTest, LeavesTheBackgroundTransparent) {
   RenderScene scene;
   lum::setBackground(scene.node(), {1, 0, 1}, {0, 1, 1});
