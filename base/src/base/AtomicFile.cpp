@@ -64,7 +64,7 @@ bool isSpecialFile(const std::filesystem::path& path) {
 }
 
 /// Returns 0, also on file systems that cannot sync such a file; else an error number.
-int sync(int file) {
+int syncFile(int file) {
   return ::fsync(file) == 0 || errno == EINVAL || errno == ENOTSUP ? 0 : errno;
 }
 
@@ -363,7 +363,7 @@ const std::filesystem::path& AtomicFile::getTemporaryPath() const {
 
 void AtomicFile::commit() {
   keepPermissions();
-  if (const int error = sync(_temporary->getDescriptor())) {
+  if (const int error = syncFile(_temporary->getDescriptor())) {
     fail(error);
   }
   if (const int error = _temporary->moveTo(_place, _keepExisting)) {
@@ -378,7 +378,7 @@ void AtomicFile::syncFolder() const {
   if (folder < 0) {
     return;
   }
-  const int error = sync(folder);
+  const int error = syncFile(folder);
   ::close(folder);
   if (error == EIO) {
     fail("it is in place, but may not be on the disk", error);

@@ -20,7 +20,7 @@ class SceneImport;
 /// entries of the archive.
 class VEMO_IMPORT_EXPORT SceneAudit {
  public:
-  /// Faults in the file are findings, and not thrown; UnreadableException is.
+  /// Faults in the file are findings. Throws UnreadableException.
   explicit SceneAudit(const std::wstring& path);
   ~SceneAudit();
   SceneAudit(const SceneAudit&) = delete;

@@ -35,7 +35,7 @@ class VEMO_IMPORT_EXPORT SceneFormatHandler {
   /// - Success (0): the loading function returned true;
   /// - NotFound (2): the file does not exist;
   /// - UnsupportedFormat (3): the file is not a scene of either generation;
-  /// - ReadError (5): the file cannot be opened, or the loading function returned
+  /// - ReadError (5): the file cannot be opened or read, or the loading function returned
   ///   false.
   ///
   /// Progress is that of the conversion; a host that cancels it gets Cancelled.

@@ -61,7 +61,7 @@
   KIND(NOT_COLORED_BY_ARRAY, CHANGED, "A geometry is not coloured by data: its array is missing or has the wrong size.") \
   KIND(NUMBER_INVALID, REFUSED, "A value that must be a number is not one.") \
   KIND(PAYLOAD_DAMAGED, LOST, "Data of the scene graph in an archive cannot be read or are missing.") \
-  KIND(PAYLOAD_UNUSED, LOST, "The scene graph in an archive has other graphs that are not in its scene; or it, or a database, has arrays that no node has.") \
+  KIND(PAYLOAD_UNUSED, LOST, "The scene graph in an archive has graphs that are not in its scene, or an archive or database has arrays that no node has.") \
   KIND(PLANES_LIMITED, CHANGED, "There are too many clipping planes: only the first ones are applied.") \
   KIND(POINT_SCALE_ADJUSTED, CHANGED, "The range or the sizes stated for scaling points are unusable: others are used.") \
   KIND(POINTS_NOT_SCALED, CHANGED, "Points that should be scaled by data all have the same size.") \

@@ -113,8 +113,8 @@ class SDBReader::Database {
   Ptr<Node> checkRecord(std::size_t record, const FaultSink& report) {
     io::ArrayBinder binder;
     const Ptr<Node> root = decode(record, binder, NO_SESSION);
-    countArrays(record, binder);
     noteUses(record, binder);
+    countArrays(record, binder);
     bool isSound = true;
     const std::vector<std::size_t> expected = binder.getExpected();
     keepOnly(expected);

@@ -239,7 +239,7 @@ void ReadingContext::keepCurrentException() {
     throw;
   } catch (UnreadableException& exception) {
     addPlaceTo(exception);
-    // It is no fault of the scene, and what follows cannot be read either.
+    // It is no fault of the scene: nothing else is looked for.
     throw;
   } catch (Exception& exception) {
     addPlaceTo(exception);

@@ -165,7 +165,8 @@ std::vector<bool> PropBudget::add(const Batches& batches, std::size_t clipPlanes
   }
   if (_remade > Limits::REMADE) {
     throw SceneTooLarge("The scene is too large to be drawn: more than " + std::to_string(Limits::REMADE) +
-                        " translucent parts that look different would be made anew for each layer");
+                        " translucent parts that look different, in a scene with \"" +
+                        itemNameOf(*batches.back().front().node) + "\", would be made anew for each layer");
   }
   const std::uint64_t most = std::max(leftByMeshes(), Limits::LEAST_TRANSIENT);
   if (_transient > most) {
