@@ -389,7 +389,7 @@ class XServer {
   /// Whether anything is on the screen, which is black at first.
   bool showsAnything() const {
     const std::string screen = readFile(_screen);
-    constexpr std::size_t PIXEL_BYTES = 4 * 640 * 480;
+    constexpr std::size_t PIXEL_BYTES = std::size_t{4} * 640 * 480;
     return screen.size() > PIXEL_BYTES &&
            screen.find_first_not_of('\0', screen.size() - PIXEL_BYTES) != std::string::npos;
   }
