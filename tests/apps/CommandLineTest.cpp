@@ -252,6 +252,13 @@ TEST_F(CommandLineTest, PrintsNoValuesOutOfProportion) {
   expectRefusal("--values", "colors.zip", "share lists of colours");
 }
 
+TEST_F(CommandLineTest, WritesOverNoFileOfAnotherNameThatIsRead) {
+  fs::create_directory(_folder / "linked");
+  fs::create_hard_link(_folder / "cold.zip", _folder / "linked/scene.sdb");
+  EXPECT_THAT(run({"convert", "scene.zip", "cold.zip", "-d", "linked", "--force"}).err,
+              HasSubstr("\"scene.zip\" would be written over \"cold.zip\""));
+}
+
 TEST_F(CommandLineTest, ReportsThatADatabaseHoldsNoScene) {
   const auto group = make<lum::DrawableCollection>();
   ASSERT_TRUE(isSuccess(writeDatabase(_folder / "group.sdb", *group)));
