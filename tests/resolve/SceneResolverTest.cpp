@@ -407,7 +407,7 @@ vtkSmartPointer<vtkPolyData> makeStack(int count) {
 
 /// Very many faces too small to be seen, and so many of a small square.
 vtkSmartPointer<vtkPolyData> makeSpecks(int squares) {
-  std::vector<std::vector<vtkIdType>> faces(300'000, {0, 1, 2});
+  std::vector<std::vector<vtkIdType>> faces(600'000, {0, 1, 2});
   faces.insert(faces.end(), static_cast<std::size_t>(squares), {0, 3, 4, 5});
   return makePolyData(
       {{0, 0, 0}, {1e-6F, 0, 0}, {0, 1e-6F, 0}, {0.05F, 0, 0}, {0.05F, 0.05F, 0}, {0, 0.05F, 0}},

@@ -63,6 +63,7 @@ class EdgeNeighbors {
 
   /// The corners of larger faces make too many pairs: only those of their edges are listed.
   static constexpr std::size_t SMALL = 8;
+  static constexpr std::size_t STEPS_PER_CORNER = 8;
   /// In the first one of an edge's pairs: it was searched.
   static constexpr std::uint32_t SEARCHED = 0xffffffff;
 
@@ -76,6 +77,10 @@ class EdgeNeighbors {
   std::optional<PointLists<std::uint32_t>> _large;
   /// The lengths of the lists of large faces, without those that were done.
   std::vector<std::uint32_t> _largeCounts;
+  /// Looks at large faces. Where very many of them meet at each point, without an edge in common, only
+  /// those with the edge itself are found in the end.
+  std::size_t _steps = 0;
+  std::size_t _mostSteps = 100'000;
   std::vector<std::uint32_t> _found;
 };
 
@@ -83,6 +88,7 @@ EdgeNeighbors::EdgeNeighbors(const FaceList& faces, std::size_t pointCount)
     : _isDoubled(pointCount), _largeCounts(pointCount) {
   for (std::size_t face = 0; face < faces.size(); ++face) {
     const auto points = faces[face];
+    _mostSteps += STEPS_PER_CORNER * points.size();
     for (std::size_t corner = 0; corner < points.size(); ++corner) {
       const auto point = static_cast<std::size_t>(points[corner]);
       _isDoubled[point] = _isDoubled[point] || nextPoint(points, corner) == points[corner];
@@ -152,6 +158,10 @@ void EdgeNeighbors::findLarge(std::size_t from, std::size_t to, const std::vecto
   const auto [shorter, longer] = std::minmax(
       from, to, [this](std::size_t a, std::size_t b) { return _largeCounts[a] < _largeCounts[b]; });
   const auto list = (*_large)[shorter].first(_largeCounts[shorter]);
+  if (_steps > _mostSteps) {
+    return;
+  }
+  _steps += list.size();
   const auto rest =
       std::remove_if(list.begin(), list.end(), [&](std::uint32_t face) { return isDone[face]; });
   _largeCounts[shorter] = static_cast<std::uint32_t>(rest - list.begin());

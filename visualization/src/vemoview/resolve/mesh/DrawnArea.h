@@ -28,7 +28,7 @@ struct AreaLimits {
   /// Translucent shapes are all drawn again for each layer that they have anywhere, up to so many times.
   static constexpr std::uint8_t MOST_LAYERS = 64;
   /// That takes as long for each as if it covered so much more, even if it is tiny.
-  static constexpr double PICTURES_PER_LAYERED_SHAPE = 0.00004;
+  static constexpr double PICTURES_PER_LAYERED_SHAPE = 0.00002;
 };
 
 /// What covers a picture, added up.
