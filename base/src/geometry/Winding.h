@@ -35,7 +35,8 @@ class FaceList {
 
   /// Reverses faces until each connected part of the mesh is wound like its first
   /// face, as far as possible: the faces that vtkPolyDataNormals reverses for
-  /// consistency.
+  /// consistency. Only where very many faces of more than eight corners meet at few points may
+  /// neighbors be left out that have both points of an edge, but not the edge.
   void makeConsistent();
 
  private:
