@@ -62,6 +62,11 @@ void forEachTriangle(std::span<const Index> strip, const Action& action) {
   }
 }
 
+/// Of strips of three points or more.
+inline vtkIdType countTriangles(const vtkCellArray& strips) {
+  return strips.GetNumberOfConnectivityIds() - 2 * strips.GetNumberOfCells();
+}
+
 /// Calls the action with the points of each polygon and of each triangle of the
 /// strips, as a span.
 template <class Action>

@@ -184,10 +184,16 @@ Vector3 stripProduct(const Points& points, std::span<const Index> strip) {
   return sum;
 }
 
+/// Writes normals one after the other. The array must outlive it.
+auto writerTo(vtkFloatArray& normals) {
+  return [next = normals.GetPointer(0)](const Normal& normal) mutable {
+    next = std::copy(normal.begin(), normal.end(), next);
+  };
+}
+
 template <class Points>
-void writePerCell(vtkPolyData& mesh, const Points& points, PolygonNormal kind, std::span<float> normals) {
-  float* next = normals.data();
-  const auto write = [&next](const Normal& normal) { next = std::copy(normal.begin(), normal.end(), next); };
+void writePerCell(vtkPolyData& mesh, const Points& points, PolygonNormal kind, vtkFloatArray& normals) {
+  auto write = writerTo(normals);
   for (vtkIdType i = 0; i < mesh.GetNumberOfVerts() + mesh.GetNumberOfLines(); ++i) {
     write(NO_NORMAL);
   }
@@ -228,7 +234,7 @@ vtkSmartPointer<vtkFloatArray> sumPointNormals(vtkPolyData& mesh, PolygonNormal 
 vtkSmartPointer<vtkFloatArray> computeCellNormals(vtkPolyData& mesh, PolygonNormal kind) {
   auto normals = newNormals(mesh.GetNumberOfCells());
   PointReader(*mesh.GetPoints()->GetData()).visit([&](const auto& points) {
-    writePerCell(mesh, points, kind, valuesOf(*normals));
+    writePerCell(mesh, points, kind, *normals);
   });
   return normals;
 }
@@ -263,6 +269,15 @@ vtkSmartPointer<vtkFloatArray> cellNormals(vtkPolyData& mesh) {
 
 vtkSmartPointer<vtkFloatArray> cellNormalsByArea(vtkPolyData& mesh) {
   return computeCellNormals(mesh, PolygonNormal::OF_AREA);
+}
+
+vtkSmartPointer<vtkFloatArray> faceNormalsByArea(vtkPolyData& mesh) {
+  auto normals = newNormals(mesh.GetNumberOfPolys() + countTriangles(*mesh.GetStrips()));
+  PointReader(*mesh.GetPoints()->GetData()).visit([&](const auto& points) {
+    auto write = writerTo(*normals);
+    forEachFace(mesh, [&](auto face) { write(unit(polygonProduct(points, face, PolygonNormal::OF_AREA))); });
+  });
+  return normals;
 }
 
 std::vector<vtkIdType> findMisjudgedPolygons(vtkPolyData& mesh) {

@@ -50,6 +50,9 @@ VEMO_GEOMETRY_EXPORT vtkSmartPointer<vtkFloatArray> pointNormalsByArea(vtkPolyDa
 
 VEMO_GEOMETRY_EXPORT vtkSmartPointer<vtkFloatArray> cellNormalsByArea(vtkPolyData& mesh);
 
+/// One unit vector of three floats for each polygon, then for each triangle of the strips, by their areas.
+VEMO_GEOMETRY_EXPORT vtkSmartPointer<vtkFloatArray> faceNormalsByArea(vtkPolyData& mesh);
+
 /// The numbers of the polygons whose normals by corners and by area are far from each other.
 VEMO_GEOMETRY_EXPORT std::vector<vtkIdType> findMisjudgedPolygons(vtkPolyData& mesh);
 

@@ -20,10 +20,13 @@ inline constexpr double CONTOUR_BEND_DEGREES = 30.0;
 /// edges even if all of them share a point or an edge, and with the true normals of
 /// spiky polygons. Faces are polygons and the
 /// triangles of strips. Their cells are valid (CellValidator) and have three points or
-/// more, of which some may be the same; all points are finite.
+/// more, of which some may be the same; all points are finite. There are fewer than 2^31
+/// points, and corners of faces.
+///
+/// Shares the points of the faces if lines need most of them.
 VEMO_GEOMETRY_EXPORT vtkSmartPointer<vtkPolyData> contourEdges(vtkPolyData& faces, double leastBendDegrees);
 
-/// The edges of polygons and of the triangles of strips, as a closed line each.
+/// The edges of polygons and of the triangles of strips, as a closed line each. Shares the points.
 VEMO_GEOMETRY_EXPORT vtkSmartPointer<vtkPolyData> faceEdges(vtkPolyData& faces);
 
 }  // namespace vemo
