@@ -138,7 +138,7 @@ void sumAtPoints(const FaceList& faces, const Points& points, PolygonNormal kind
   for (std::size_t i = 0; i < faces.size(); ++i) {
     const auto face = faces[i];
     const Normal normal = unit(polygonProduct(points, face, kind));
-    for (const vtkIdType point : face) {
+    for (const std::uint32_t point : face) {
       addAt(point, normal, sums);
     }
   }

@@ -51,7 +51,8 @@ class EdgeNeighbors {
 
   /// Ascending numbers of faces, a face perhaps twice; nothing for an edge that was searched before.
   /// Without some of the faces that are done.
-  std::span<const std::uint32_t> search(vtkIdType from, vtkIdType to, const std::vector<bool>& isDone);
+  std::span<const std::uint32_t> search(std::uint32_t from, std::uint32_t to,
+                                        const std::vector<bool>& isDone);
 
  private:
   /// A face that has a point of the same or a higher number than that which lists it.
@@ -62,7 +63,7 @@ class EdgeNeighbors {
   };
 
   /// The corners of larger faces make too many pairs: only those of their edges are listed.
-  static constexpr std::size_t SMALL = 8;
+  static constexpr std::size_t SMALL = 6;
   static constexpr std::size_t STEPS_PER_CORNER = 8;
   /// In the first one of an edge's pairs: it was searched.
   static constexpr std::uint32_t SEARCHED = 0xffffffff;
@@ -90,8 +91,8 @@ EdgeNeighbors::EdgeNeighbors(const FaceList& faces, std::size_t pointCount)
     const auto points = faces[face];
     _mostSteps += STEPS_PER_CORNER * points.size();
     for (std::size_t corner = 0; corner < points.size(); ++corner) {
-      const auto point = static_cast<std::size_t>(points[corner]);
-      _isDoubled[point] = _isDoubled[point] || nextPoint(points, corner) == points[corner];
+      const std::uint32_t point = points[corner];
+      _isDoubled[point] = _isDoubled[point] || nextPoint(points, corner) == point;
       _largeCounts[point] += points.size() > SMALL ? 1 : 0;
     }
   }
@@ -104,8 +105,9 @@ EdgeNeighbors::EdgeNeighbors(const FaceList& faces, std::size_t pointCount)
     std::ranges::sort((*_pairs)[point]);
   }
   for (std::size_t face = 0; face < faces.size(); ++face) {
-    for (const vtkIdType point : faces[face].size() > SMALL ? faces[face] : std::span<const vtkIdType>()) {
-      _large->add(static_cast<std::size_t>(point), static_cast<std::uint32_t>(face));
+    for (const std::uint32_t point :
+         faces[face].size() > SMALL ? faces[face] : std::span<const std::uint32_t>()) {
+      _large->add(point, static_cast<std::uint32_t>(face));
     }
   }
 }
@@ -115,33 +117,31 @@ template <class Visit>
 void EdgeNeighbors::forEachPair(const FaceList& faces, const Visit& visit) const {
   for (std::size_t face = 0; face < faces.size(); ++face) {
     const auto points = faces[face];
-    const auto add = [&](vtkIdType a, vtkIdType b) {
+    const auto add = [&](std::uint32_t a, std::uint32_t b) {
       const auto [lower, higher] = std::minmax(a, b);
-      visit(static_cast<std::size_t>(lower),
-            Pair{static_cast<std::uint32_t>(higher), static_cast<std::uint32_t>(face)});
+      visit(lower, Pair{higher, static_cast<std::uint32_t>(face)});
     };
     for (std::size_t corner = 0; corner < points.size(); ++corner) {
       if (points.size() > SMALL) {
         add(points[corner], nextPoint(points, corner));
         continue;
       }
-      for (const vtkIdType other : points.subspan(corner + 1)) {
+      for (const std::uint32_t other : points.subspan(corner + 1)) {
         add(points[corner], other);
       }
-      if (_isDoubled[static_cast<std::size_t>(points[corner])]) {
+      if (_isDoubled[points[corner]]) {
         add(points[corner], points[corner]);
       }
     }
   }
 }
 
-std::span<const std::uint32_t> EdgeNeighbors::search(vtkIdType from, vtkIdType to,
+std::span<const std::uint32_t> EdgeNeighbors::search(std::uint32_t from, std::uint32_t to,
                                                      const std::vector<bool>& isDone) {
-  const auto [lower, higher] = std::minmax({static_cast<std::size_t>(from), static_cast<std::size_t>(to)});
+  const auto [lower, higher] = std::minmax({from, to});
   const std::span list = (*_pairs)[lower];
-  const auto number = static_cast<std::uint32_t>(higher);
-  const std::span run(std::ranges::lower_bound(list, number, {}, &Pair::higher),
-                      std::ranges::upper_bound(list, number, {}, &Pair::higher));
+  const std::span run(std::ranges::lower_bound(list, higher, {}, &Pair::higher),
+                      std::ranges::upper_bound(list, higher, {}, &Pair::higher));
   _found.clear();
   if (run.front().face == SEARCHED) {
     return {};
@@ -201,21 +201,26 @@ bool isConsistentlyWound(vtkPolyData& mesh, const PointMarks& marks,
 }
 
 FaceList::FaceList(vtkPolyData& mesh) : _pointCount(static_cast<std::size_t>(mesh.GetNumberOfPoints())) {
+  const vtkIdType triangles = countTriangles(*mesh.GetStrips());
+  _points.reserve(static_cast<std::size_t>(mesh.GetPolys()->GetNumberOfConnectivityIds() + 3 * triangles));
+  _ends.reserve(static_cast<std::size_t>(1 + mesh.GetNumberOfPolys() + triangles));
   forEachFace(mesh, [this](auto face) {
-    _points.insert(_points.end(), face.begin(), face.end());
-    _ends.push_back(_points.size());
+    std::ranges::transform(face, std::back_inserter(_points),
+                           [](auto point) { return static_cast<std::uint32_t>(point); });
+    _ends.push_back(static_cast<std::uint32_t>(_points.size()));
   });
 }
 
 void FaceList::makeConsistent() {
   EdgeNeighbors neighbors(*this, _pointCount);
   std::vector<bool> isDone(size());
-  std::vector<std::size_t> wave;
-  const auto take = [&](std::size_t face) {
+  std::vector<std::uint32_t> wave;
+  wave.reserve(size());
+  const auto take = [&](std::uint32_t face) {
     isDone[face] = true;
     wave.push_back(face);
   };
-  const auto windNeighbors = [&](vtkIdType from, vtkIdType to) {
+  const auto windNeighbors = [&](std::uint32_t from, std::uint32_t to) {
     for (const std::uint32_t neighbor : neighbors.search(from, to, isDone)) {
       if (isDone[neighbor]) {
         continue;
@@ -226,7 +231,7 @@ void FaceList::makeConsistent() {
       take(neighbor);
     }
   };
-  for (std::size_t first = 0; first < size(); ++first) {
+  for (std::uint32_t first = 0; first < size(); ++first) {
     if (isDone[first]) {
       continue;
     }
@@ -243,15 +248,14 @@ void FaceList::makeConsistent() {
 }
 
 /// Whether its first corner at `from` is followed by `to`.
-bool FaceList::runsThrough(std::size_t face, vtkIdType from, vtkIdType to) const {
+bool FaceList::runsThrough(std::size_t face, std::uint32_t from, std::uint32_t to) const {
   const auto points = (*this)[face];
   const auto corner = std::ranges::find(points, from) - points.begin();
   return nextPoint(points, static_cast<std::size_t>(corner)) == to;
 }
 
 void FaceList::reverse(std::size_t face) {
-  std::reverse(_points.begin() + static_cast<std::ptrdiff_t>(_ends[face]),
-               _points.begin() + static_cast<std::ptrdiff_t>(_ends[face + 1]));
+  std::reverse(_points.begin() + _ends[face], _points.begin() + _ends[face + 1]);
 }
 
 }  // namespace vemo

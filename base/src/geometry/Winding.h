@@ -2,8 +2,6 @@
 
 #include "geometry/Bounds.h"
 
-#include <vtkType.h>
-
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -22,30 +20,31 @@ namespace vemo {
 bool isConsistentlyWound(vtkPolyData& mesh, const PointMarks& marks,
                          std::span<const std::uint32_t> facesAtPoint);
 
-/// The points of all faces; the triangles of strips come last.
+/// The points of all faces; the triangles of strips come last. There are fewer than 2^32 points, and
+/// corners of faces.
 class FaceList {
  public:
   explicit FaceList(vtkPolyData& mesh);
 
   std::size_t size() const { return _ends.size() - 1; }
 
-  std::span<const vtkIdType> operator[](std::size_t face) const {
+  std::span<const std::uint32_t> operator[](std::size_t face) const {
     return {_points.data() + _ends[face], _points.data() + _ends[face + 1]};
   }
 
   /// Reverses faces until each connected part of the mesh is wound like its first
   /// face, as far as possible: the faces that vtkPolyDataNormals reverses for
-  /// consistency. Only where very many faces of more than eight corners meet at few points may
+  /// consistency. Only where very many faces of more than six corners meet at few points may
   /// neighbors be left out that have both points of an edge, but not the edge.
   void makeConsistent();
 
  private:
-  bool runsThrough(std::size_t face, vtkIdType from, vtkIdType to) const;
+  bool runsThrough(std::size_t face, std::uint32_t from, std::uint32_t to) const;
   void reverse(std::size_t face);
 
   std::size_t _pointCount;
-  std::vector<vtkIdType> _points;
-  std::vector<std::size_t> _ends{0};
+  std::vector<std::uint32_t> _points;
+  std::vector<std::uint32_t> _ends{0};
 };
 
 }  // namespace vemo
