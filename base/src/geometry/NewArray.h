@@ -3,6 +3,7 @@
 #include "base/HugePages.h"
 #include "base/MemoryReserve.h"
 
+#include <vtkCellArray.h>
 #include <vtkDataArray.h>
 
 #include <cstddef>
@@ -25,6 +26,13 @@ inline void allocateTuples(vtkDataArray& array, vtkIdType tuples) {
       static_cast<std::size_t>(array.GetNumberOfValues()) * static_cast<std::size_t>(array.GetDataTypeSize());
   if (size > 0) {
     OS::preferHugePages(array.GetVoidPointer(0), size);
+  }
+}
+
+/// Gives an empty array room for exactly so many cells and corners. Throws std::bad_alloc.
+inline void allocateCells(vtkCellArray& array, vtkIdType cells, vtkIdType corners) {
+  if (!array.AllocateExact(cells, corners)) {
+    OS::throwNoMemory();
   }
 }
 

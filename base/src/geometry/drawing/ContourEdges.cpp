@@ -155,13 +155,10 @@ FaceEdges findContour(vtkPolyData& faces, double leastBendDegrees) {
   return result;
 }
 
-/// An array with exactly so much room.
 vtkNew<vtkCellArray> newCells(vtkIdType cells, vtkIdType corners) {
   vtkNew<vtkCellArray> result;
   result->Use32BitStorage();
-  if (!result->AllocateExact(cells, corners)) {
-    OS::throwNoMemory();
-  }
+  allocateCells(*result, cells, corners);
   return result;
 }
 

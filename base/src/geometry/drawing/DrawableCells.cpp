@@ -1,6 +1,7 @@
 #include "geometry/drawing/DrawableCells.h"
 
 #include "geometry/Cells.h"
+#include "geometry/NewArray.h"
 #include "geometry/data/SharedData.h"
 #include "geometry/drawing/SelectedData.h"
 #include "geometry/drawing/StrayPoints.h"
@@ -153,6 +154,7 @@ class PointNumbering {
     if (!cells.IsStorage64Bit()) {
       result->Use32BitStorage();
     }
+    allocateCells(*result, cells.GetNumberOfCells(), cells.GetNumberOfConnectivityIds());
     forEachCell(cells, [&](auto corners) {
       result->InsertNextCell(static_cast<int>(corners.size()));
       for (const auto point : corners) {
@@ -195,6 +197,7 @@ vtkSmartPointer<vtkPolyData> pointsAsVertices(vtkPolyData& geometry) {
   const auto copy = copyWithoutCells(geometry, marks);
   vtkNew<vtkCellArray> vertices;
   vertices->Use32BitStorage();
+  allocateCells(*vertices, geometry.GetNumberOfPoints(), geometry.GetNumberOfPoints());
   for (vtkIdType point = 0; point < geometry.GetNumberOfPoints(); ++point) {
     if (marks.empty() || !marks[static_cast<std::size_t>(point)]) {
       vertices->InsertNextCell(1, &point);

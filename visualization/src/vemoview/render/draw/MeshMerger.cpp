@@ -1,6 +1,5 @@
 #include "vemoview/render/draw/MeshMerger.h"
 
-#include "base/MemoryReserve.h"
 #include "geometry/Bounds.h"
 #include "geometry/NewArray.h"
 #include "vemoview/render/draw/DrawnAppearance.h"
@@ -125,9 +124,7 @@ class Merger {
     }
     auto merged = vtkSmartPointer<vtkCellArray>::New();
     merged->Use32BitStorage();
-    if (!merged->AllocateExact(cells, indices)) {
-      OS::throwNoMemory();
-    }
+    allocateCells(*merged, cells, indices);
     vtkIdType firstPoint = 0;
     for (const MeshInstance* const member : _members) {
       vtkPolyData& from = *member->geometry;
