@@ -1,5 +1,6 @@
 #include "support/Files.h"
 #include "support/TemporaryFolder.h"
+#include "vemoview/window/ErrorBox.h"
 #include "window/OpenWindow.h"
 #include <vemo/render/RenderErrors.h>
 #include <vemo/scenegraph/edit/DataColoring.h>
@@ -11,7 +12,9 @@
 #include <QDropEvent>
 #include <QGuiApplication>
 #include <QMenu>
+#include <QMessageBox>
 #include <QMimeData>
+#include <QTextDocumentFragment>
 #include <QTimer>
 #include <QUrl>
 #include <gmock/gmock.h>
@@ -332,6 +335,34 @@ TEST_F(SceneWindowTest, ShowsTheValuesOfWhatIsPicked) {
   EXPECT_EQ(open.value("heat"), "0.1 .. 13");
 }
 
+TEST_F(SceneWindowTest, ShowsTextsThatLookLikeHtmlAsTheyAre) {
+  const QString html = "<img src='/etc/passwd'>&<br>";
+  name(blue, html.toStdString());
+  blue.find<lum::PolyDataNode>()->setNodeDataArray(makeArray(html.toStdString(), {0, 0, 0, 0}));
+  OpenWindow open(scene.node());
+  const auto shownIn = [](const QVariant& toolTip) {
+    return QTextDocumentFragment::fromHtml(toolTip.toString()).toPlainText();
+  };
+  EXPECT_EQ(shownIn(open.row(html).data(Qt::ToolTipRole)), "Model / " + html);
+  open.selectRow(html);
+  const auto rows = open.values().findItems(html, Qt::MatchExactly | Qt::MatchRecursive);
+  ASSERT_EQ(rows.size(), 1);
+  EXPECT_EQ(shownIn(rows.first()->toolTip(0)), html);
+
+  auto* const arrays = open.window().findChild<QMenu*>("arrays");
+  emit arrays->aboutToShow();
+  EXPECT_EQ(arrays->actions().first()->text(), QString(html).replace("&", "&&"));
+
+  QTimer::singleShot(0, [] {
+    auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->textFormat(), Qt::PlainText);
+    EXPECT_EQ(box->text(), "<b>cut</b> off");
+    box->close();
+  });
+  showError(&open.window(), "scene.zip", std::runtime_error("<b>cut</b><br>off"));
+}
+
 TEST_F(OpenSceneWindowTest, SavesWhatIsSeenWithoutTheMarks) {
   open.click(open.placeOf(-0.5, 0));
   EXPECT_FALSE(isAsInTheBeginning()) << "what is picked is marked";
@@ -346,7 +377,7 @@ TEST_F(OpenSceneWindowTest, SavesWhatIsSeenWithoutTheMarks) {
   open.window().savePicture(path);
   const auto other = folder / "notes";
   writeFile(other, "precious");
-  for (const auto& file : {folder / "no folder/x.png", other}) {
+  for (const auto& file : {folder / "no folder/x.png", folder / "picture.jpg", other}) {
     EXPECT_THROW(open.window().savePicture(QString::fromStdString(file)), PictureWriteError);
   }
   EXPECT_EQ(readFile(other), "precious");

@@ -3,6 +3,7 @@
 #include <vemo/scenegraph/drawables/Drawable.h>
 #include <vemo/scenegraph/inspect/NumberText.h>
 
+#include <QTextDocument>
 #include <utility>
 
 namespace vemo {
@@ -15,6 +16,14 @@ QString toText(std::string_view text) {
     }
   }
   return result;
+}
+
+QString toToolTip(const QString& text) {
+  return Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal);
+}
+
+QString toMenuText(std::string_view text) {
+  return toText(text).replace('&', "&&");
 }
 
 QString kindOf(const lum::Drawable& drawable) {

@@ -18,6 +18,12 @@ namespace vemo {
 /// U+FFFD.
 QString toText(std::string_view text);
 
+/// The same for a tool tip, which would take some texts for HTML.
+QString toToolTip(const QString& text);
+
+/// The same for a menu, where "&" marks the letter of a key.
+QString toMenuText(std::string_view text);
+
 /// "Surface", "Lines" and the like; "Group" for what only holds others.
 QString kindOf(const lum::Drawable& drawable);
 

@@ -125,7 +125,7 @@ QVariant ItemTreeModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
       return textAt(item, index.column());
     case Qt::ToolTipRole:
-      return pathOf(_items, item);
+      return toToolTip(pathOf(_items, item));
     case Qt::TextAlignmentRole:
       return alignmentOf(index.column());
     case Qt::CheckStateRole:

@@ -1,5 +1,6 @@
 #include "vemoview/window/SceneWindow.h"
 
+#include "vemoview/window/ErrorBox.h"
 #include "vemoview/window/ItemText.h"
 #include "vemoview/window/ItemsPanel.h"
 #include "vemoview/window/RangeDialog.h"
@@ -79,7 +80,12 @@ bool isPngOrEmpty(const QString& path) {
 }
 
 /// Throws PictureWriteError for a file that is no picture, such as the scene itself.
-void requireReplaceable(const QString& path) {
+void requireSavable(const QString& path) {
+  const QString extension = QFileInfo(path).suffix().toLower();
+  if (!extension.isEmpty() && extension != "png") {
+    throw PictureWriteError("\"" + path.toStdString() +
+                            "\" does not end in \".png\": pictures are saved as PNG files");
+  }
   if (QFileInfo::exists(path) && !isPngOrEmpty(path)) {
     throw PictureWriteError("\"" + path.toStdString() + "\" is not a PNG file and is not replaced");
   }
@@ -237,7 +243,7 @@ void SceneWindow::listArrays(QMenu& menu) {
   menu.clear();
   const auto used = lum::listUsedColorArrays(_scene);
   for (const std::string& array : lum::listColorArrays(_scene)) {
-    QAction* const action = menu.addAction(toText(array));
+    QAction* const action = menu.addAction(toMenuText(array));
     action->setCheckable(true);
     action->setChecked(std::ranges::find(used, array) != used.end());
     connect(action, &QAction::triggered, this, [this, array] {
@@ -325,9 +331,7 @@ void SceneWindow::dropEvent(QDropEvent* event) {
 }
 
 void SceneWindow::guard(const std::function<void()>& action) {
-  const auto report = [this](const std::exception& error) {
-    QMessageBox::critical(this, windowTitle(), toText(error.what()));
-  };
+  const auto report = [this](const std::exception& error) { showError(this, windowTitle(), error); };
   try {
     action();
   } catch (const RenderError& error) {
@@ -378,7 +382,7 @@ void SceneWindow::clearSelection() {
 }
 
 void SceneWindow::savePicture(const QString& path) {
-  requireReplaceable(path);
+  requireSavable(path);
   _view->takePicture().writePng(QFile::encodeName(path).toStdString());
 }
 

@@ -1,5 +1,5 @@
 #include "vemoview/window/Display.h"
-#include "vemoview/window/ItemText.h"
+#include "vemoview/window/ErrorBox.h"
 #include "vemoview/window/SceneView.h"
 #include "vemoview/window/SceneWindow.h"
 #include <vemo/scenegraph/canvas/SceneNode.h>
@@ -8,7 +8,6 @@
 #include <QApplication>
 #include <QFile>
 #include <QFileInfo>
-#include <QMessageBox>
 #include <clocale>
 #include <exception>
 #include <memory>
@@ -51,7 +50,7 @@ class FileWindow {
   explicit FileWindow(SceneFiles files) : _files(std::move(files)) {}
 
   void show(const lum::Ptr<lum::SceneNode>& scene, const QString& path) {
-    auto window = std::make_unique<SceneWindow>(*scene, QFileInfo(path).fileName());
+    auto window = std::make_unique<SceneWindow>(*scene, titleOf(path));
     window->followFiles(path, {[this](const QString& other) { open(other); },
                                [this](const QString& other) { return _files.isScene(encode(other)); }});
     if (_window != nullptr) {
@@ -73,7 +72,7 @@ class FileWindow {
     try {
       show(load(path), path);
     } catch (const std::exception& error) {
-      QMessageBox::critical(_window.get(), _window->windowTitle(), toText(error.what()));
+      showError(_window.get(), titleOf(path), error);
     }
   }
 
@@ -86,6 +85,7 @@ class FileWindow {
     return _files.open(encode(path));
   }
 
+  static QString titleOf(const QString& path) { return QFileInfo(path).fileName(); }
   static std::string encode(const QString& path) { return QFile::encodeName(path).toStdString(); }
 
   SceneFiles _files;

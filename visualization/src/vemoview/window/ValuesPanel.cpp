@@ -1,5 +1,7 @@
 #include "vemoview/window/ValuesPanel.h"
 
+#include "vemoview/window/ItemText.h"
+
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
@@ -23,8 +25,8 @@ QTreeWidgetItem* makeTitle(const QString& title) {
 
 QTreeWidgetItem* makeRow(const NamedValue& named) {
   auto* const row = new QTreeWidgetItem({named.name, named.value});
-  row->setToolTip(NAME, named.name);
-  row->setToolTip(VALUE, named.value);
+  row->setToolTip(NAME, toToolTip(named.name));
+  row->setToolTip(VALUE, toToolTip(named.value));
   return row;
 }
 
