@@ -5,7 +5,6 @@
 #include <vemo/base/WidePath.h>
 #include <vemo/import/DetectScene.h>
 #include <vemo/import/Exception.h>
-#include <vemo/import/FaultFinding.h>
 #include <vemo/render/ScenePicture.h>
 #include <vemo/scenegraph/canvas/SceneNode.h>
 #include <vemo/scenegraph/io/FileError.h>
@@ -17,7 +16,6 @@
 #include <filesystem>
 #include <fmt/format.h>
 #include <memory>
-#include <stdexcept>
 #include <string>
 
 namespace vemo {
@@ -49,13 +47,13 @@ lum::Ptr<lum::SceneNode> openForWindow(const std::string& file) {
   return lum::Ptr<lum::SceneNode>(&loadScene(file).requireSceneNode());
 }
 
-/// Further files are opened in the window, which shows exceptions that it knows.
+/// Further files are opened in the window, which shows what happens.
 lum::Ptr<lum::SceneNode> openNext(const std::string& file) {
   try {
     startMessages(file);
     return openForWindow(file);
-  } catch (const Exception& exception) {
-    throw std::runtime_error(describe(exception));
+  } catch (...) {
+    throw currentFailure(file);
   }
 }
 

@@ -34,52 +34,10 @@ std::string describeWithPlace(const InternalError& error) {
   return describe(fault.text, fault);
 }
 
-ExitCode report(ExitCode code, const std::string& message) {
-  // What cannot be written is logged by the library.
-  if (message != lastLogged()) {
-    showMessage(message);
-  }
-  return code;
-}
-
 /// Adds the file's name to a message that does not contain it; standard input has none.
-ExitCode report(ExitCode code, const std::string& file, const std::string& message) {
+std::string withFile(const std::string& file, const std::string& message) {
   const bool isNamed = file == "-" || message.find(file) != std::string::npos;
-  return report(code, isNamed ? message : fmt::format("{}: {}", file, message));
-}
-
-ExitCode reportCurrentException(const std::string& file) {
-  try {
-    throw;
-  } catch (const Failure& failure) {
-    return report(failure.getCode(), failure.what());
-  } catch (const FileNotFoundException& exception) {
-    return report(ExitCode::NOT_FOUND, file, describeWithPlace(exception));
-  } catch (const OutputException& exception) {
-    return report(ExitCode::CANNOT_WRITE, exception.getMessage());
-  } catch (const Exception& exception) {
-    return report(ExitCode::READ_ERROR, file, describeWithPlace(exception));
-  } catch (const InternalError& error) {
-    return report(ExitCode::READ_ERROR, file, describeWithPlace(error));
-  } catch (const lum::io::FileError& error) {
-    return report(static_cast<ExitCode>(error.getStatus()), file, error.what());
-  } catch (const RenderingUnavailable& error) {
-    return report(ExitCode::UNAVAILABLE, error.what());
-  } catch (const lum::EditError& error) {
-    return report(ExitCode::WRONG_USAGE, file, error.what());
-  } catch (const NothingToFit& error) {
-    return report(ExitCode::WRONG_USAGE, file, error.what());
-  } catch (const PictureWriteError& error) {
-    return report(ExitCode::CANNOT_WRITE, error.what());
-  } catch (const OS::FileWriteError& error) {
-    return report(ExitCode::CANNOT_WRITE, error.what());
-  } catch (const std::bad_alloc&) {
-    return report(ExitCode::UNEXPECTED, file, "Out of memory");
-  } catch (const std::exception& error) {
-    return report(ExitCode::UNEXPECTED, file, error.what());
-  } catch (...) {
-    return report(ExitCode::UNEXPECTED, file, "Unknown error");
-  }
+  return isNamed ? message : fmt::format("{}: {}", file, message);
 }
 
 }  // namespace
@@ -97,9 +55,48 @@ std::string describeExitCodes() {
   70  anything else unexpected)";
 }
 
+Failure currentFailure(const std::string& file) {
+  try {
+    throw;
+  } catch (const Failure& failure) {
+    return failure;
+  } catch (const FileNotFoundException& exception) {
+    return {ExitCode::NOT_FOUND, withFile(file, describeWithPlace(exception))};
+  } catch (const OutputException& exception) {
+    return {ExitCode::CANNOT_WRITE, exception.getMessage()};
+  } catch (const Exception& exception) {
+    return {ExitCode::READ_ERROR, withFile(file, describeWithPlace(exception))};
+  } catch (const InternalError& error) {
+    return {ExitCode::READ_ERROR, withFile(file, describeWithPlace(error))};
+  } catch (const lum::io::FileError& error) {
+    return {static_cast<ExitCode>(error.getStatus()), withFile(file, error.what())};
+  } catch (const RenderingUnavailable& error) {
+    return {ExitCode::UNAVAILABLE, error.what()};
+  } catch (const lum::EditError& error) {
+    return {ExitCode::WRONG_USAGE, withFile(file, error.what())};
+  } catch (const NothingToFit& error) {
+    return {ExitCode::WRONG_USAGE, withFile(file, error.what())};
+  } catch (const PictureWriteError& error) {
+    return {ExitCode::CANNOT_WRITE, error.what()};
+  } catch (const OS::FileWriteError& error) {
+    return {ExitCode::CANNOT_WRITE, error.what()};
+  } catch (const std::bad_alloc&) {
+    return {ExitCode::UNEXPECTED, withFile(file, "Out of memory")};
+  } catch (const std::exception& error) {
+    return {ExitCode::UNEXPECTED, withFile(file, error.what())};
+  } catch (...) {
+    return {ExitCode::UNEXPECTED, withFile(file, "Unknown error")};
+  }
+}
+
 ExitCode reportFailure(const std::string& file) {
   try {
-    return reportCurrentException(file);
+    const Failure failure = currentFailure(file);
+    // What cannot be written is logged by the library.
+    if (failure.what() != lastLogged()) {
+      showMessage(failure.what());
+    }
+    return failure.getCode();
   } catch (const std::bad_alloc&) {
     // There is none for the message either.
     constexpr std::string_view MESSAGE = "vemoscene: Out of memory\n";

@@ -38,6 +38,9 @@ class Failure : public std::runtime_error {
   ExitCode _code;
 };
 
+/// The exception being handled with its exit code, and with the text for the user: it names the file.
+Failure currentFailure(const std::string& file);
+
 /// Reports the exception being handled on standard error and returns its exit
 /// code.
 ExitCode reportFailure(const std::string& file);
