@@ -104,6 +104,8 @@ def render(scene: Scene | Node | _Path, size: tuple[int, int] = (1024, 768), *, 
     width, height = size
     if not (1 <= width <= MAX_PICTURE_SIZE and 1 <= height <= MAX_PICTURE_SIZE):
         raise ValueError(f"width and height must be from 1 to {MAX_PICTURE_SIZE}")
+    if save is not None and not os.fsencode(save):
+        raise ValueError("the picture's file has an empty name")
     file = b"" if save is None else os.fsencode(save)
     _require_other_file(scene, file)
     picture, found = _native.render(_root_of(scene), width, height, file, _is_jpeg(file))

@@ -75,10 +75,10 @@ DatabaseCounts verifyScene(const std::wstring& database, lum::Node& written, con
 
 DatabaseCounts verifyCopy(const std::wstring& database, const std::string& original,
                           const std::string& output) {
+  // What is wrong with the original was reported when it was copied.
+  LogCapture log;
+  lum::SDBReader expected(toWidePath(original));
   return verify(database, output, [&](lum::SDBReader& reader, FirstDifference& first) {
-    // What is wrong with the original was reported when it was copied.
-    LogCapture log;
-    lum::SDBReader expected(toWidePath(original));
     const DatabaseCounts counts = compareDatabases(expected, reader, BITWISE, std::ref(first));
     log.take();
     return counts;

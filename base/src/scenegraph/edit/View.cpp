@@ -20,7 +20,7 @@ void requireUsable(const Viewpoint& viewpoint) {
     throw EditError("The view-up vector is zero, not finite, or parallel to the viewing direction");
   }
   if (viewpoint.parallelScale && !isUsableParallelScale(*viewpoint.parallelScale)) {
-    throw EditError("The parallel scale is not a number above 0");
+    throw EditError("The parallel scale is not a number from 1e-37 to 1e37");
   }
 }
 

@@ -16,14 +16,19 @@ constexpr std::uint64_t SMALL_GAP = 1 << 16;
 
 }  // namespace
 
-InputSource::InputSource(std::istream& in) : _in(in), _start(in.tellg()) {
+InputSource::InputSource(std::istream& in) : _in(in) {
+  errno = 0;
+  _start = _in.tellg();
   _in.seekg(0, std::ios::end);
   const std::istream::pos_type end = _in.tellg();
+  _in.seekg(_start);
+  if (errno != 0 && errno != ESPIPE) {
+    requireGood();
+  }
   if (!_in || _start == std::istream::pos_type(-1) || end < _start) {
     throw FileError(FileIoStatus::ReadError, "The stream is not seekable");
   }
   _size = static_cast<std::uint64_t>(end - _start);
-  _in.seekg(_start);
 }
 
 void InputSource::seek(std::uint64_t position) {
@@ -72,7 +77,7 @@ std::string InputSource::read(std::size_t size) {
 /// After a call that set errno where it failed.
 void InputSource::requireGood() const {
   const int error = errno;
-  if (_in.bad()) {
+  if (_in.bad() || (_in.fail() && error != 0)) {
     throw UnreadableFile(fmt::format("The file cannot be read at byte {}{}", _position,
                                      error != 0 ? ": " + std::generic_category().message(error) : ""),
                          error);
