@@ -30,9 +30,7 @@ namespace {
 constexpr int MAX_PIECES = 2000;
 
 /// So many pictures are filled by all texts, even if these are larger than the picture.
-constexpr double MOST_PICTURES = 32.0;
-/// What is larger is drawn smaller.
-constexpr double MOST_PICTURES_EACH = 4.0;
+constexpr double MOST_PICTURES = 4.0;
 
 using Content = Decoration::Content;
 
@@ -73,7 +71,8 @@ struct FilledPictures {
          labelsOf(makeLegendTicks(table.range, table.isLog10, legend.labelCount), legend.labelFormat)) {
       sum += picturesFilledBy(label, legend.lineHeight);
     }
-    return sum;
+    // Lines become smaller until the legend fits into the window.
+    return std::min(sum, 1.0);
   }
   double operator()(const TextDecoration& text) const { return picturesFilledBy(text.text, text.lineHeight); }
   double operator()(const ImageDecoration& /*image*/) const { return 0.0; }
@@ -192,7 +191,7 @@ std::vector<Decoration> DecorationResolver::resolve(const std::vector<VisibleDra
 bool DecorationResolver::takeRoom(const Content& content) {
   if (!_taken.isFull) {
     _taken.pieces += countPieces(content);
-    _taken.pictures += std::min(std::visit(FilledPictures(), content), MOST_PICTURES_EACH);
+    _taken.pictures += std::visit(FilledPictures(), content);
     _taken.isFull = _taken.pieces > MAX_PIECES || _taken.pictures > MOST_PICTURES;
     if (_taken.isFull) {
       reportFinding(FindingCode::DECORATIONS_LIMITED, "Only the first " + std::to_string(_taken.count) +

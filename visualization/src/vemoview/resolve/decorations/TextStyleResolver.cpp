@@ -13,8 +13,14 @@ namespace vemo {
 
 namespace {
 
-/// Of which a text fills no more: its pixels are all drawn, also those beside the window.
-constexpr double MOST_PICTURES = 4.0;
+/// Of which a text fills no more: its pixels are all drawn, also those beside the window. Each takes some
+/// 43 bytes.
+constexpr double MOST_PICTURES = 2.0;
+
+double picturesStated(std::string_view text, double lineHeight) {
+  const Vector<2, double> extent = lineHeight * textExtent(text);
+  return extent[0] * extent[1] * USUAL_HEIGHT / USUAL_WIDTH;
+}
 
 /// The greatest height of lines, in pixels, at which a text still fits into a texture.
 double greatestInTexture(const Vector<2, double>& extent) {
@@ -65,8 +71,7 @@ Vector<2, double> textExtent(std::string_view text) {
 }
 
 double picturesFilledBy(std::string_view text, double lineHeight) {
-  const Vector<2, double> extent = lineHeight * textExtent(text);
-  return extent[0] * extent[1] * USUAL_HEIGHT / USUAL_WIDTH;
+  return std::min(picturesStated(text, lineHeight), MOST_PICTURES);
 }
 
 LineHeightLimit::LineHeightLimit(std::string_view text) : _extent(textExtent(text)) {}
@@ -80,10 +85,11 @@ void reportIfTooLong(std::string_view text, double lineHeight, const std::string
   // Smooth edges may need twice as many pixels as the picture has.
   constexpr double ENLARGEMENT = 2.0;
   constexpr double LARGE_HEIGHT = 2160.0;
-  if (picturesFilledBy(text, lineHeight) > MOST_PICTURES) {
+  const double pictures = picturesStated(text, lineHeight);
+  if (pictures > MOST_PICTURES) {
     reportFinding(FindingCode::TEXT_CHANGED,
                   fmt::format("{} would be as large as {:.0f} pictures and is drawn smaller than stated",
-                              owner, picturesFilledBy(text, lineHeight)));
+                              owner, pictures));
     return;
   }
   const double height = greatestInTexture(textExtent(text)) / (ENLARGEMENT * lineHeight);

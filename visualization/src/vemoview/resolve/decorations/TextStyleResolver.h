@@ -26,7 +26,7 @@ double resolveLineHeight(const lum::TextAttributes* attributes, double fallback)
 /// The width and height that a text has at most, in heights of a line.
 Vector<2, double> textExtent(std::string_view text);
 
-/// How many pictures of the usual shape a text fills at most.
+/// How many pictures of the usual shape a text fills at most, once it is small enough for LineHeightLimit.
 double picturesFilledBy(std::string_view text, double lineHeight);
 
 /// The greatest height of lines, in pixels, at which a text still fits into a texture, and
