@@ -97,7 +97,9 @@ class DescriptionLedger {
     for (const QxElement::Attribute& attribute : element.getAttributes()) {
       row.attribute = attribute.getName();
       row.value = attribute.getValue();
-      put(row, std::max(ofParts, outcomeOf(attribute)), found.ofAttributes[attribute.getName()]);
+      // Of what is not used, nothing is changed.
+      put(row, ofParts == Outcome::KEPT ? outcomeOf(attribute) : ofParts,
+          found.ofAttributes[attribute.getName()]);
     }
     if (element.hasText()) {
       row.attribute = TEXT_NAME;
