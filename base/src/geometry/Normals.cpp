@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <cmath>
 #include <initializer_list>
+#include <optional>
 #include <span>
 #include <type_traits>
 #include <vector>
@@ -215,21 +216,37 @@ std::span<float> valuesOf(vtkFloatArray& array) {
   return {array.GetPointer(0), static_cast<std::size_t>(array.GetNumberOfValues())};
 }
 
-vtkSmartPointer<vtkFloatArray> sumPointNormals(vtkPolyData& mesh, PolygonNormal kind) {
-  auto normals = newNormals(mesh.GetNumberOfPoints());
-  std::vector<std::uint32_t> counts(static_cast<std::size_t>(mesh.GetNumberOfPoints()));
-  const NormalSums sums{valuesOf(*normals), counts};
-  const PointReader reader(*mesh.GetPoints()->GetData());
-  reader.visit([&](const auto& points) { sumAtPoints(mesh, points, kind, sums); });
-  if (!isConsistentlyWound(mesh, normalize(sums), counts)) {
-    FaceList faces(mesh);
-    faces.makeConsistent();
-    normals->FillValue(0.0F);
-    reader.visit([&](const auto& points) { sumAtPoints(faces, points, kind, sums); });
-    normalize(sums);
+/// Sums the normals of faces, as often as asked.
+class FaceNormals {
+ public:
+  explicit FaceNormals(vtkPolyData& mesh) : _mesh(mesh) {}
+
+  vtkSmartPointer<vtkFloatArray> sumAtPoints(PolygonNormal kind) {
+    auto normals = newNormals(_mesh.GetNumberOfPoints());
+    std::vector<std::uint32_t> counts(static_cast<std::size_t>(_mesh.GetNumberOfPoints()));
+    const NormalSums sums{valuesOf(*normals), counts};
+    const PointReader reader(*_mesh.GetPoints()->GetData());
+    reader.visit([&](const auto& points) { vemo::sumAtPoints(_mesh, points, kind, sums); });
+    if (!isConsistentlyWound(_mesh, normalize(sums), counts)) {
+      const FaceList& faces = consistentFaces();
+      normals->FillValue(0.0F);
+      reader.visit([&](const auto& points) { vemo::sumAtPoints(faces, points, kind, sums); });
+      normalize(sums);
+    }
+    return normals;
   }
-  return normals;
-}
+
+ private:
+  const FaceList& consistentFaces() {
+    if (!_faces) {
+      _faces.emplace(_mesh).makeConsistent();
+    }
+    return *_faces;
+  }
+
+  vtkPolyData& _mesh;
+  std::optional<FaceList> _faces;
+};
 
 vtkSmartPointer<vtkFloatArray> computeCellNormals(vtkPolyData& mesh, PolygonNormal kind) {
   auto normals = newNormals(mesh.GetNumberOfCells());
@@ -256,11 +273,12 @@ bool isMisjudged(const Points& points, std::span<const Index> polygon) {
 }  // namespace
 
 vtkSmartPointer<vtkFloatArray> pointNormals(vtkPolyData& mesh) {
-  return sumPointNormals(mesh, PolygonNormal::OF_CORNERS);
+  return FaceNormals(mesh).sumAtPoints(PolygonNormal::OF_CORNERS);
 }
 
-vtkSmartPointer<vtkFloatArray> pointNormalsByArea(vtkPolyData& mesh) {
-  return sumPointNormals(mesh, PolygonNormal::OF_AREA);
+PointNormals bothPointNormals(vtkPolyData& mesh) {
+  FaceNormals faces(mesh);
+  return {faces.sumAtPoints(PolygonNormal::OF_CORNERS), faces.sumAtPoints(PolygonNormal::OF_AREA)};
 }
 
 vtkSmartPointer<vtkFloatArray> cellNormals(vtkPolyData& mesh) {

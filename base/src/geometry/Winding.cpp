@@ -64,7 +64,9 @@ class EdgeNeighbors {
 
   /// The corners of larger faces make too many pairs: only those of their edges are listed.
   static constexpr std::size_t SMALL = 6;
-  static constexpr std::size_t STEPS_PER_CORNER = 8;
+  static constexpr std::size_t STEPS_PER_CORNER = 64;
+  /// Of a search in a list.
+  static constexpr std::size_t STEPS_OF_SEARCH = 20;
   /// In the first one of an edge's pairs: it was searched.
   static constexpr std::uint32_t SEARCHED = 0xffffffff;
 
@@ -81,7 +83,7 @@ class EdgeNeighbors {
   /// Looks at large faces. Where very many of them meet at each point, without an edge in common, only
   /// those with the edge itself are found in the end.
   std::size_t _steps = 0;
-  std::size_t _mostSteps = 100'000;
+  std::size_t _mostSteps = 1'000'000;
   std::vector<std::uint32_t> _found;
 };
 
@@ -166,8 +168,15 @@ void EdgeNeighbors::findLarge(std::size_t from, std::size_t to, const std::vecto
       std::remove_if(list.begin(), list.end(), [&](std::uint32_t face) { return isDone[face]; });
   _largeCounts[shorter] = static_cast<std::uint32_t>(rest - list.begin());
   const auto others = (*_large)[longer].first(_largeCounts[longer]);
-  std::copy_if(list.begin(), rest, std::back_inserter(_found),
-               [&others](std::uint32_t face) { return std::ranges::binary_search(others, face); });
+  const std::span remaining(list.begin(), rest);
+  if (others.size() < STEPS_OF_SEARCH * remaining.size()) {
+    _steps += others.size();
+    std::ranges::set_intersection(remaining, others, std::back_inserter(_found));
+  } else {
+    _steps += STEPS_OF_SEARCH * remaining.size();
+    std::ranges::copy_if(remaining, std::back_inserter(_found),
+                         [&others](std::uint32_t face) { return std::ranges::binary_search(others, face); });
+  }
 }
 
 }  // namespace

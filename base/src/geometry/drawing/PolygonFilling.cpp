@@ -1,6 +1,7 @@
 #include "geometry/drawing/PolygonFilling.h"
 
 #include "geometry/Cells.h"
+#include "geometry/NewArray.h"
 #include "geometry/Points.h"
 #include "geometry/PolygonArea.h"
 #include "geometry/data/SharedData.h"
@@ -69,11 +70,20 @@ std::vector<Triangle> fill(std::span<const Index> polygon, const PointReader& po
 /// Collects faces, and the numbers of the cells that they come from.
 class FilledFaces {
  public:
-  /// @param like an array with indices of the same size
-  explicit FilledFaces(const vtkCellArray& like) {
-    if (!like.IsStorage64Bit()) {
+  /// @param faces of which polygons are to be filled
+  FilledFaces(vtkPolyData& faces, const std::vector<vtkIdType>& polygons) {
+    vtkCellArray& polys = *faces.GetPolys();
+    if (!polys.IsStorage64Bit()) {
       _faces->Use32BitStorage();
     }
+    // Each triangle beyond the first one adds a corner, and shares two.
+    const CellReader reader(polys);
+    vtkIdType added = 0;
+    for (const vtkIdType polygon : polygons) {
+      added += reader[polygon].size() - 3;
+    }
+    allocateCells(*_faces, polys.GetNumberOfCells() + added, polys.GetNumberOfConnectivityIds() + 2 * added);
+    _sources->Allocate(faces.GetNumberOfCells() + added);
   }
 
   template <class Corners>
@@ -115,7 +125,7 @@ PolygonFilling fillPolygons(vtkPolyData& geometry, const std::vector<vtkIdType>&
   if (polygons.empty()) {
     return filling;
   }
-  FilledFaces list(*geometry.GetPolys());
+  FilledFaces list(geometry, polygons);
   const vtkIdType first = geometry.GetNumberOfVerts() + geometry.GetNumberOfLines();
   vtkIdType number = 0;
   for (; number < first; ++number) {

@@ -61,8 +61,9 @@ void correctSpikyPolygons(vtkSmartPointer<vtkPolyData>& faces) {
   }
   auto copy = shallowCopy(*faces);
   if (ofPoints != nullptr) {
-    copy->GetPointData()->SetNormals(corrected(*ofPoints, *pointNormals(*faces), *pointNormalsByArea(*faces),
-                                               cornersOf(polygons, *faces->GetPolys())));
+    const auto [byCorners, byArea] = bothPointNormals(*faces);
+    copy->GetPointData()->SetNormals(
+        corrected(*ofPoints, *byCorners, *byArea, cornersOf(polygons, *faces->GetPolys())));
   } else {
     const vtkIdType first = faces->GetNumberOfVerts() + faces->GetNumberOfLines();
     std::ranges::for_each(polygons, [first](vtkIdType& number) { number += first; });
