@@ -51,8 +51,12 @@ void DrawingLoad::requireDrawn(const lum::PolyDataNode& largest) const {
   }
 }
 
+vtkIdType DrawingLoad::mostMade() const {
+  return DrawingLimits::MADE + DrawingLimits::MADE_PER_ELEMENT * content;
+}
+
 void DrawingLoad::requireMade(const lum::PolyDataNode& largest) const {
-  const vtkIdType most = DrawingLimits::MADE + DrawingLimits::MADE_PER_ELEMENT * content;
+  const vtkIdType most = mostMade();
   if (made > most) {
     throw SceneTooLarge(
         fmt::format("The scene is too large to be drawn: more than {} points, cells and "

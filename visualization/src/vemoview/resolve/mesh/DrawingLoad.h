@@ -46,6 +46,7 @@ struct DrawingLoad {
   /// @param largest what draws or makes most
   void requireDrawn(const lum::PolyDataNode& largest) const;
   void requireMade(const lum::PolyDataNode& largest) const;
+  vtkIdType mostMade() const;
   void requireCopies() const;
 };
 

@@ -453,6 +453,7 @@ std::vector<MeshInstance> MeshResolver::resolve(const std::vector<VisibleDrawabl
   std::vector<MeshInstance> meshes;
   try {
     countSizes(drawables);
+    _prepared.limitMade(_load.mostMade());
     forEachGeometry(drawables, [&](const lum::GeometryDrawable& drawable, const VisibleDrawable& context) {
       add(drawable, context, meshes);
     });

@@ -1,5 +1,6 @@
 #include "vemoview/resolve/mesh/PreparedMeshes.h"
 
+#include "geometry/Cells.h"
 #include "geometry/data/SharedData.h"
 #include "geometry/drawing/DrawableCells.h"
 #include "geometry/drawing/LitFaces.h"
@@ -70,8 +71,26 @@ vtkSmartPointer<vtkPolyData> withoutNormals(vtkPolyData& geometry) {
   return result;
 }
 
-void unfold(PreparedMesh& mesh, const std::string& colorsOfCells) {
+/// The cells and corners of the triangles that fill polygons, and what cells have.
+vtkIdType countFilling(vtkPolyData& mesh, const std::vector<vtkIdType>& polygons, bool areColored) {
+  constexpr vtkIdType CELL_AND_CORNERS = 4;
+  vtkIdType triangles = 0;
+  const CellReader cells(*mesh.GetPolys());
+  for (const vtkIdType polygon : polygons) {
+    triangles += cells[polygon].size() - 2;
+  }
+  const bool areFlat = mesh.GetCellData()->GetNormals() != nullptr;
+  return triangles * (CELL_AND_CORNERS + (areFlat ? 1 : 0) + (areColored ? 1 : 0));
+}
+
+/// @param room for elements of what is made
+void unfold(PreparedMesh& mesh, const std::string& colorsOfCells, vtkIdType room) {
   const std::vector<vtkIdType> folded = unfoldFans(mesh.geometry);
+  const vtkIdType elements = countFilling(*mesh.geometry, folded, !colorsOfCells.empty());
+  if (elements > room) {
+    mesh.unfilled = elements;
+    return;
+  }
   correctSpikyPolygons(mesh.geometry);
   auto [filling, failures] =
       fillPolygons(*mesh.geometry, folded, colorsOfCells.empty() ? nullptr : colorsOfCells.c_str());
@@ -85,7 +104,8 @@ void unfold(PreparedMesh& mesh, const std::string& colorsOfCells) {
 }
 
 /// The drawable cells of the kind.
-PreparedMesh make(vtkPolyData& geometry, const PreparedMeshes::Parts& parts) {
+/// @param room for elements of what is made
+PreparedMesh make(vtkPolyData& geometry, const PreparedMeshes::Parts& parts, vtkIdType room) {
   PreparedMesh mesh;
   if (parts.isOfAllPoints) {
     mesh.geometry = pointsAsVertices(geometry);
@@ -96,7 +116,7 @@ PreparedMesh make(vtkPolyData& geometry, const PreparedMeshes::Parts& parts) {
     // Lines and points are not lit as the faces that share their points.
     mesh.geometry = withoutNormals(*mesh.geometry);
   } else if (parts.hasFaces) {
-    unfold(mesh, parts.colorsOfCells);
+    unfold(mesh, parts.colorsOfCells, room);
     lightBothSides(mesh.geometry);
     if (mesh.filling != nullptr) {
       lightBothSides(mesh.filling);
@@ -115,8 +135,8 @@ const PreparedMesh& PreparedMeshes::prepare(vtkPolyData& shared, const Parts& pa
   const auto [known, isNew] = _prepared.try_emplace({&shared, parts});
   auto& [mesh, made] = known->second;
   if (isNew) {
-    mesh = make(shared, parts);
-    made = countMade(*mesh.geometry, shared);
+    mesh = make(shared, parts, _mostMade - _made);
+    made = mesh.unfilled + countMade(*mesh.geometry, shared);
     made += mesh.filling != nullptr ? countMade(*mesh.filling, *mesh.geometry) : 0;
     _made += made;
   }

@@ -9,6 +9,7 @@
 #include <vtkType.h>
 
 #include <compare>
+#include <limits>
 #include <map>
 #include <string>
 #include <utility>
@@ -23,6 +24,8 @@ struct PreparedMesh {
   vtkSmartPointer<vtkPolyData> filling;
   /// How many polygons are drawn with the wrong shape.
   vtkIdType misshapenPolygons = 0;
+  /// The elements of a filling that would be too large and was not made.
+  vtkIdType unfilled = 0;
 };
 
 /// Geometries that have the very same points, cells and arrays share what is drawn of them, which
@@ -65,6 +68,9 @@ class PreparedMeshes {
   /// The elements of all that it has made and still knows.
   vtkIdType getMade() const { return _made; }
 
+  /// From now on, polygons that would bring getMade() above this are counted there, but not filled.
+  void limitMade(vtkIdType most) { _mostMade = most; }
+
   /// Forgets what nothing else uses any more: parts of points first, since these keep what they were
   /// made of.
   void dropUnusedPoints();
@@ -87,6 +93,7 @@ class PreparedMeshes {
   std::map<std::pair<vtkPolyData*, Parts>, Prepared> _prepared;
   std::map<vtkPolyData*, Compacted> _compacted;
   vtkIdType _made = 0;
+  vtkIdType _mostMade = std::numeric_limits<vtkIdType>::max();
 };
 
 }  // namespace vemo
