@@ -196,12 +196,8 @@ class ReflexCorners {
 
 class EarClipper {
  public:
-  EarClipper(const std::vector<Place>& places, std::uint64_t mostSteps)
-      : _outline(places),
-        _reflex(_outline),
-        _isWaiting(places.size(), false),
-        _round(places.size(), 0),
-        _mostSteps(mostSteps) {
+  explicit EarClipper(const std::vector<Place>& places)
+      : _outline(places), _reflex(_outline), _isWaiting(places.size(), false), _round(places.size(), 0) {
     for (std::size_t i = 0; i < places.size(); ++i) {
       wait(i);
     }
@@ -221,7 +217,6 @@ class EarClipper {
   }
 
   std::vector<Triangle> takeTriangles() { return std::move(_triangles); }
-  std::uint64_t countSteps() const { return _steps + _reflex.countSteps(); }
 
  private:
   void wait(std::size_t corner) {
@@ -255,7 +250,11 @@ class EarClipper {
     return !isExhausted();
   }
 
-  bool isExhausted() const { return countSteps() > _mostSteps; }
+  bool isExhausted() const {
+    // So many for each corner: those of most polygons take a tenth of that.
+    constexpr std::uint64_t MOST_STEPS = 4000;
+    return _steps + _reflex.countSteps() > MOST_STEPS * _round.size();
+  }
 
   void clip(std::size_t corner) {
     for (const std::size_t neighbour : {_outline.previous(corner), _outline.next(corner)}) {
@@ -307,7 +306,6 @@ class EarClipper {
   /// In which a corner's neighbour was clipped last.
   std::vector<std::size_t> _round;
   std::size_t _currentRound = 0;
-  std::uint64_t _mostSteps;
   std::uint64_t _steps = 0;
   bool _hasClipped = false;
   std::vector<Triangle> _triangles;
@@ -315,17 +313,14 @@ class EarClipper {
 
 }  // namespace
 
-std::optional<std::vector<Triangle>> clipEars(const std::vector<Vector<2, double>>& polygon,
-                                              EarSteps& steps) {
+std::optional<std::vector<Triangle>> clipEars(const std::vector<Vector<2, double>>& polygon) {
   if (polygon.size() < 3) {
     return std::nullopt;
   }
-  EarClipper clipper(polygon, steps.mostFor(polygon.size()));
-  const bool isClipped = clipper.run();
-  steps.take(clipper.countSteps());
+  EarClipper clipper(polygon);
   // Together, triangles surround each place as often as the polygon does. So if all are
   // counter-clockwise, none of them is outside of it.
-  return isClipped ? std::optional(clipper.takeTriangles()) : std::nullopt;
+  return clipper.run() ? std::optional(clipper.takeTriangles()) : std::nullopt;
 }
 
 }  // namespace vemo

@@ -59,9 +59,8 @@ std::vector<Triangle> fan(std::size_t corners) {
 
 /// @param failures counts a polygon whose triangles do not cover what it surrounds
 template <class Index>
-std::vector<Triangle> fill(std::span<const Index> polygon, const PointReader& points, EarSteps& steps,
-                           vtkIdType& failures) {
-  if (auto triangles = clipEars(flatten(polygon, points), steps)) {
+std::vector<Triangle> fill(std::span<const Index> polygon, const PointReader& points, vtkIdType& failures) {
+  if (auto triangles = clipEars(flatten(polygon, points))) {
     return std::move(*triangles);
   }
   ++failures;
@@ -133,12 +132,11 @@ PolygonFilling fillPolygons(vtkPolyData& geometry, const std::vector<vtkIdType>&
     list.addSource(number);
   }
   const PointReader points(*geometry.GetPoints()->GetData());
-  EarSteps steps(static_cast<std::size_t>(geometry.GetPolys()->GetNumberOfConnectivityIds()));
   forEachCell(*geometry.GetPolys(), [&, next = polygons.begin()](auto polygon) mutable {
     if (next == polygons.end() || first + *next != number) {
       list.add(number, polygon);
     } else {
-      for (const auto& [a, b, c] : fill(polygon, points, steps, filling.failures)) {
+      for (const auto& [a, b, c] : fill(polygon, points, filling.failures)) {
         list.add(number, std::array{polygon[a], polygon[b], polygon[c]});
       }
       ++next;
