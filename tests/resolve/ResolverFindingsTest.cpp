@@ -295,13 +295,13 @@ TEST(ResolverFindingsTest, LeaveOutLegendsThatAreNotSeenTogether) {
 TEST(ResolverFindingsTest, SayThatNumbersOfLegendsFillTooManyPictures) {
   SceneBuilder scene;
   makeGroundWhite(scene);
-  for (int i = 0; i < 5; ++i) {
+  for (int i = 0; i < 13; ++i) {
     auto& legend = addLegend(scene, std::to_string(i));
     legend.getLegendAttributes().setNumberOfLabels(100);
     legend.getAttributes<lum::TextAttributes>().setFontSize(1);
   }
   const FoundFindings found;
-  EXPECT_EQ(resolveScene(scene.node()).canvases.at(0).decorations.size(), 4U);
+  EXPECT_EQ(resolveScene(scene.node()).canvases.at(0).decorations.size(), 12U);
   EXPECT_EQ(std::ranges::count(found.codes(), "decorations-limited"), 1);
 }
 

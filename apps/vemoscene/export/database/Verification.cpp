@@ -11,6 +11,7 @@
 
 #include <fmt/format.h>
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace vemo {
@@ -76,10 +77,15 @@ DatabaseCounts verifyScene(const std::wstring& database, lum::Node& written, con
 DatabaseCounts verifyCopy(const std::wstring& database, const std::string& original,
                           const std::string& output) {
   // What is wrong with the original was reported when it was copied.
-  LogCapture log;
-  lum::SDBReader expected(toWidePath(original));
+  std::optional<lum::SDBReader> expected;
+  {
+    LogCapture log;
+    expected.emplace(toWidePath(original));
+    log.take();
+  }
   return verify(database, output, [&](lum::SDBReader& reader, FirstDifference& first) {
-    const DatabaseCounts counts = compareDatabases(expected, reader, BITWISE, std::ref(first));
+    LogCapture log;
+    const DatabaseCounts counts = compareDatabases(*expected, reader, BITWISE, std::ref(first));
     log.take();
     return counts;
   });

@@ -169,13 +169,22 @@ vtkSmartPointer<vtkPolyData> linesBetween(vtkPoints& points, vtkCellArray& lines
   return result;
 }
 
-/// Of few edges, only with the points that they use.
+bool useAllPoints(const FaceEdges& edges, vtkIdType points) {
+  std::vector<bool> isUsed(static_cast<std::size_t>(points));
+  edges.forEach([&isUsed](vtkIdType lower, vtkIdType higher) {
+    isUsed[static_cast<std::size_t>(lower)] = true;
+    isUsed[static_cast<std::size_t>(higher)] = true;
+  });
+  return std::ranges::find(isUsed, false) == isUsed.end();
+}
+
+/// With the points that they use.
 vtkSmartPointer<vtkPolyData> toLines(const FaceEdges& edges, vtkPoints& points) {
   const auto count = static_cast<vtkIdType>(edges.size());
   const auto lines = newCells(count, 2 * count);
   edges.forEach([&lines](vtkIdType lower, vtkIdType higher) { lines->InsertNextCell({lower, higher}); });
   auto result = linesBetween(points, *lines);
-  if (2 * count > points.GetNumberOfPoints()) {
+  if (useAllPoints(edges, points.GetNumberOfPoints())) {
     return result;
   }
   vtkNew<vtkIdList> numbers;

@@ -23,7 +23,7 @@ inline constexpr double CONTOUR_BEND_DEGREES = 30.0;
 /// more, of which some may be the same; all points are finite. There are fewer than 2^31
 /// points, and corners of faces.
 ///
-/// Shares the points of the faces if lines need most of them.
+/// Shares the points of the faces if lines need all of them.
 VEMO_GEOMETRY_EXPORT vtkSmartPointer<vtkPolyData> contourEdges(vtkPolyData& faces, double leastBendDegrees);
 
 /// The edges of polygons and of the triangles of strips, as a closed line each. Shares the points.

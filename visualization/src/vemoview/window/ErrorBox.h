@@ -7,8 +7,8 @@ class QWidget;
 
 namespace vemo {
 
-/// Waits until the user has read what happened. What the text says of a scene or file is shown as it
-/// is, also where it looks like HTML, which could name files to read.
+/// Waits until the user has read what happened. Texts of a scene or file are not taken for HTML, which
+/// could name files to read.
 void showError(QWidget* parent, const QString& title, const std::exception& error);
 
 }  // namespace vemo

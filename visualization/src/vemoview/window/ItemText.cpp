@@ -19,7 +19,7 @@ QString toText(std::string_view text) {
 }
 
 QString toToolTip(const QString& text) {
-  return Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal);
+  return text.isEmpty() ? QString() : Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal);
 }
 
 QString toMenuText(std::string_view text) {

@@ -81,8 +81,10 @@ bool isPngOrEmpty(const QString& path) {
 
 /// Throws PictureWriteError for a file that is no picture, such as the scene itself.
 void requireSavable(const QString& path) {
-  const QString extension = QFileInfo(path).suffix().toLower();
-  if (!extension.isEmpty() && extension != "png") {
+  // Others may be a part of the name: "flow v1.2".
+  static const QStringList OTHER_KINDS{"jpg", "jpeg", "bmp",  "gif", "tif", "tiff",
+                                       "svg", "pdf",  "webp", "zip", "sdb"};
+  if (OTHER_KINDS.contains(QFileInfo(path).suffix().toLower())) {
     throw PictureWriteError("\"" + path.toStdString() +
                             "\" does not end in \".png\": pictures are saved as PNG files");
   }
@@ -135,7 +137,8 @@ SceneWindow::SceneWindow(lum::SceneNode& scene, const QString& title)
           _items, ItemsPanel::Listener{[this] { followVisibility(); }, [this](int item) { showItem(item); }},
           this)),
       _values(std::make_unique<ValuesPanel>(this)) {
-  setWindowTitle(title + " - vemoscene");
+  // Qt would replace "[*]".
+  setWindowTitle(QString(title).replace("[*]", "[*][*]") + " - vemoscene");
   setWindowFilePath(title);
   setCentralWidget(_view.get());
   placePanels();

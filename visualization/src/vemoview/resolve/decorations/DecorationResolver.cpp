@@ -30,7 +30,7 @@ namespace {
 constexpr int MAX_PIECES = 2000;
 
 /// So many pictures are filled by all texts, even if these are larger than the picture.
-constexpr double MOST_PICTURES = 4.0;
+constexpr double MOST_PICTURES = 12.0;
 
 using Content = Decoration::Content;
 
