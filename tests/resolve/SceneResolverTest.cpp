@@ -381,22 +381,49 @@ TEST(SceneResolverTest, LimitsThePointsOfAllInstances) {
   EXPECT_THROW(resolveScene(scene.node()), SceneTooLarge);
 }
 
-/// They are twice as many cells and corners as the polygon.
-TEST(SceneResolverTest, LimitsTheTrianglesThatFillPolygonsOfAllInstances) {
-  SceneBuilder scene;
-  scene.forgetView();
+/// A thousand points, which make up a comb in their order.
+vtkSmartPointer<vtkPolyData> makeCombs(const std::vector<std::vector<vtkIdType>>& polygons) {
   std::vector<float> comb{0, 0, 997, 0};
   for (int i = 997; i >= 0; --i) {
     comb.insert(comb.end(), {static_cast<float>(i), i % 2 == 0 ? 10.0F : 1.0F});
   }
+  return makePolyData(flat(comb), {.polys = polygons});
+}
+
+/// They are twice as many cells and corners as the polygon.
+TEST(SceneResolverTest, LimitsTheTrianglesThatFillPolygonsOfAllInstances) {
+  SceneBuilder scene;
+  scene.forgetView();
   std::vector<vtkIdType> corners(1000);
   std::iota(corners.begin(), corners.end(), 0);
-  const auto polygon = makePolyData(flat(comb), {.polys = {corners}});
+  const auto polygon = makeCombs({corners});
   repeat(scene.add<lum::SurfaceDrawable>(polygon), {1e-5, 0, 0}, 10000);
   EXPECT_EQ(resolveScene(scene.node()).canvases.at(0).meshes.size(), 1U);
   // Without the triangles, both would be drawn.
   repeat(scene.add<lum::SurfaceDrawable>(polygon), {1e-5, 0, 0}, 10000);
   EXPECT_THROW(resolveScene(scene.node()), SceneTooLarge);
+}
+
+/// Four of five geometries can be filled, with the wrong shape: of the last one, it is not even tried.
+TEST(SceneResolverTest, LimitsTheTrianglesThatFillPolygonsBeforeTheyAreMade) {
+  SceneBuilder scene;
+  scene.forgetView();
+  // Beside it, the others cover little.
+  scene.addSurface(makeRectangle(0, 3000, 0, 3000), {1, 0, 0});
+  std::vector<vtkIdType> crossing(1000);
+  std::iota(crossing.begin(), crossing.end(), 0);
+  std::swap(crossing[10], crossing[500]);
+  const auto combs = makeCombs(std::vector(150, crossing));
+  for (int i = 0; i < 5; ++i) {
+    auto geometry = vtkSmartPointer<vtkPolyData>::New();
+    geometry->ShallowCopy(combs);
+    geometry->GetPointData()->SetNormals(makeArray("Normals", std::vector<float>(3000, 1), 3));
+    scene.addSurface(geometry, {1, 0, 0});
+  }
+  std::vector<Finding> findings;
+  const FindingCapture capture(findings);
+  EXPECT_THROW(resolveScene(scene.node()), SceneTooLarge);
+  EXPECT_EQ(findings.size(), 4U);
 }
 
 /// The unit square, named so many times.

@@ -83,11 +83,12 @@ vtkIdType countFilling(vtkPolyData& mesh, const std::vector<vtkIdType>& polygons
   return triangles * (CELL_AND_CORNERS + (areFlat ? 1 : 0) + (areColored ? 1 : 0));
 }
 
+/// @param source of the mesh
 /// @param room for elements of what is made
-void unfold(PreparedMesh& mesh, const std::string& colorsOfCells, vtkIdType room) {
+void unfold(PreparedMesh& mesh, vtkPolyData& source, const std::string& colorsOfCells, vtkIdType room) {
   const std::vector<vtkIdType> folded = unfoldFans(mesh.geometry);
   const vtkIdType elements = countFilling(*mesh.geometry, folded, !colorsOfCells.empty());
-  if (elements > room) {
+  if (countMade(*mesh.geometry, source) + elements > room) {
     mesh.unfilled = elements;
     return;
   }
@@ -116,7 +117,7 @@ PreparedMesh make(vtkPolyData& geometry, const PreparedMeshes::Parts& parts, vtk
     // Lines and points are not lit as the faces that share their points.
     mesh.geometry = withoutNormals(*mesh.geometry);
   } else if (parts.hasFaces) {
-    unfold(mesh, parts.colorsOfCells, room);
+    unfold(mesh, geometry, parts.colorsOfCells, room);
     lightBothSides(mesh.geometry);
     if (mesh.filling != nullptr) {
       lightBothSides(mesh.filling);
