@@ -30,6 +30,8 @@ class VEMO_IMPORT_EXPORT QxElement {
     bool isRead() const { return _isRead; }
     bool isUnused() const { return _isUnused; }
     bool isPartlyUnused() const { return _isPartlyUnused; }
+    /// The format has it, but nothing here needs it.
+    void markUnused() const { _isUnused = true; }
 
    private:
     friend class QxElement;
@@ -91,7 +93,7 @@ class VEMO_IMPORT_EXPORT QxElement {
   /// elements.
   void dropContent();
 
-  /// An attribute that the format has, but nothing here needs.
+  /// The attribute, if it is there (see Attribute::markUnused).
   void markUnused(const std::string& attribute) const;
   /// The same for a part of its value, as the alpha of a colour.
   void markPartlyUnused(const std::string& attribute) const;

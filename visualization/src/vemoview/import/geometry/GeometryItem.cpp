@@ -88,7 +88,7 @@ void keepReplacedSettings(const SharedBySiblings& shared, const lum::Node& drawa
 
 void markPartsUnused(const QxElement& element) {
   for (const QxElement::Attribute& attribute : element.getAttributes()) {
-    element.markUnused(attribute.getName());
+    attribute.markUnused();
   }
 }
 

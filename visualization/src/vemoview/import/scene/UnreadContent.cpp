@@ -32,7 +32,7 @@ void reportUnread(const PlacedElement& place, SceneFileReader& reader) {
   }
   for (const QxElement::Attribute& attribute : element.getAttributes()) {
     if (isOfXml(attribute.getName())) {
-      element.markUnused(attribute.getName());
+      attribute.markUnused();
     } else if (!attribute.isRead()) {
       report(FindingCode::ATTRIBUTE_UNKNOWN,
              "The attribute " + quoted(attribute.getName()) + " of " + quoted(element.getName()) +

@@ -56,7 +56,7 @@ void QxElement::dropContent() {
 
 void QxElement::markUnused(const std::string& attribute) const {
   if (const Attribute* const found = peekAttribute(attribute)) {
-    found->_isUnused = true;
+    found->markUnused();
   }
 }
 
