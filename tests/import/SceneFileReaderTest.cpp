@@ -261,7 +261,21 @@ TEST_F(SceneFileReaderTest, ExpandsNoEntitiesWithoutEnd) {
   }
   for (const char* use : {"<a x=\"&e11;\"/>", "<a>&e11;</a>"}) {
     EXPECT_THAT(failureOf([&] { parse(xml + "]>" + use); }),
-                testing::StartsWith("XMLException: Parse error in scene.xml at line"));
+                testing::MatchesRegex("XMLException: .*(Parse error| repeats text with).* at line.*"));
+  }
+}
+
+TEST_F(SceneFileReaderTest, RepeatsOnlySoMuchText) {
+  const std::string text = repeated("x", 100'000);
+  const auto failureOfUses = [&](const std::string& declaration, const char* use, std::size_t count) {
+    return failureOf([&] { parse("<!DOCTYPE a [" + declaration + "]><a>" + repeated(use, count) + "</a>"); });
+  };
+  const std::string entity = "<!ENTITY e '" + text + "'>";
+  const std::string attribute = "<!ATTLIST b c CDATA '" + text + "'>";
+  for (const auto& [declaration, use] :
+       {std::pair(entity, "<b c='&e;'/>"), std::pair(entity, "&e;"), std::pair(attribute, "<b/>")}) {
+    EXPECT_EQ(failureOfUses(declaration, use, 43), "");
+    EXPECT_THAT(failureOfUses(declaration, use, 45), testing::HasSubstr(" repeats text with entities"));
   }
 }
 

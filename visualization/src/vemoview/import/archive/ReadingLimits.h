@@ -22,6 +22,11 @@ struct ReadingLimits {
   /// Of attributes, in the document type: the parser compares each with all before it.
   static constexpr std::uint64_t MAX_DECLARATIONS = 10'000;
 
+  /// Names, values and text of elements: what one byte of the description may stand for in UTF-8, and
+  /// what entities and default values may repeat.
+  static constexpr std::uint64_t MOST_TEXT_PER_BYTE = 2;
+  static constexpr std::uint64_t MOST_REPEATED_TEXT = 4U << 20U;
+
   static constexpr std::uint64_t ELEMENTS_PER_BYTE = 16;
   static constexpr std::uint64_t ELEMENTS_OF_SMALL_ARCHIVE = 500'000;
 

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <exception>
 #include <expat.h>
 #include <memory>
@@ -56,6 +57,7 @@ class TreeBuilder {
       // The parser would believe the declaration, which writers often copy.
       XML_SetEncoding(_parser.get(), "UTF-8");
     }
+    _mostText = ReadingLimits::MOST_TEXT_PER_BYTE * text.size() + ReadingLimits::MOST_REPEATED_TEXT;
     const XML_Status status = XML_Parse(_parser.get(), reinterpret_cast<const char*>(text.data()),
                                         static_cast<int>(text.size()), 1);
     if (_failure) {
@@ -87,7 +89,10 @@ class TreeBuilder {
 
   static void setText(void* user, const char* text, int length) {
     auto& builder = *static_cast<TreeBuilder*>(user);
-    builder.guard([&] { builder._open.back()->setText({text, static_cast<std::size_t>(length)}); });
+    builder.guard([&] {
+      builder.countText(static_cast<std::size_t>(length));
+      builder._open.back()->setText({text, static_cast<std::size_t>(length)});
+    });
   }
 
   static void countDeclaration(void* user, const char* /*element*/, const char* /*attribute*/,
@@ -143,12 +148,13 @@ class TreeBuilder {
     if (_open.size() >= _limits.depth) {
       failHere("Elements in " + _entryName + " are nested deeper than " + std::to_string(_limits.depth));
     }
-    countElement();
+    countElement(name);
     if (++_number % ELEMENTS_PER_REPORT == 0) {
       reportProgress();
     }
     for (const char** attribute = attributes; *attribute != nullptr; attribute += 2) {
-      countElement();
+      countElement(attribute[0]);
+      countText(std::strlen(attribute[1]));
     }
     auto element = std::make_unique<QxElement>(name, _texts);
     element->setPlace({getLine(), _number});
@@ -174,9 +180,18 @@ class TreeBuilder {
     }
   }
 
-  void countElement() {
+  void countElement(const char* name) {
+    countText(std::strlen(name));
     if (++_elements > _limits.elements) {
       failHere(_entryName + " has more elements and attributes than an archive of this size should hold");
+    }
+  }
+
+  void countText(std::size_t size) {
+    _text += size;
+    if (_text > _mostText) {
+      failHere(_entryName + " repeats text with entities or default values to more than " +
+               std::to_string(_mostText) + " bytes");
     }
   }
 
@@ -192,6 +207,9 @@ class TreeBuilder {
   XML_Index _reported = 0;
   std::uint64_t _elements = 0;
   std::uint64_t _declarations = 0;
+  /// Bytes of names, values and text.
+  std::uint64_t _text = 0;
+  std::uint64_t _mostText = 0;
   /// Of the element that started last.
   int _number = 0;
   std::unique_ptr<std::remove_pointer_t<XML_Parser>, decltype(&XML_ParserFree)> _parser;
