@@ -8,7 +8,6 @@
 #include <vemo/import/FaultFinding.h>
 #include <vemo/scenegraph/Findings.h>
 
-#include <algorithm>
 #include <exception>
 #include <fmt/format.h>
 #include <utility>
@@ -159,27 +158,18 @@ bool ReadingContext::isOfUnused(const Finding& finding) const {
 }
 
 bool ReadingContext::isConsequence(const Finding& finding) const {
-  if (finding.attribute.empty() || finding.element == 0 || finding.getSeverity() > Severity::CHANGED) {
-    return false;
-  }
-  // Those about an element, and about its children, follow those about earlier elements.
-  const auto isUnreadable = [&finding](const auto& reported) {
-    const auto earlier = std::find_if(reported.rbegin(), reported.rend(),
-                                      [&](const auto& other) { return other.element < finding.element; });
-    return std::any_of(reported.rbegin(), earlier, [&](const auto& other) {
-      return other.code == FindingCode::VALUE_UNREADABLE && other.element == finding.element &&
-             other.attribute == finding.attribute;
-    });
-  };
-  return isUnreadable(_findings) || isUnreadable(_marks);
+  return !finding.attribute.empty() && finding.element != 0 && finding.getSeverity() <= Severity::CHANGED &&
+         _unreadable.contains({finding.element, finding.attribute});
 }
 
 bool ReadingContext::isListed(const Finding& finding) {
+  if (finding.code == FindingCode::VALUE_UNREADABLE) {
+    _unreadable.emplace(finding.element, finding.attribute);
+  }
   if (++_counts[finding.code] <= getLimit()) {
     return true;
   }
-  // What follows from a value is not listed either.
-  if ((_collectsFaults && !_reportsAll) || finding.code == FindingCode::VALUE_UNREADABLE) {
+  if (_collectsFaults && !_reportsAll) {
     _marks.push_back({finding.code, finding.entry, finding.attribute, finding.element});
   }
   return false;

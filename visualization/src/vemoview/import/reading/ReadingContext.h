@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <exception>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -216,7 +217,7 @@ class ReadingContext {
   void keepCurrentException();
   void keepFault(Finding fault);
   std::size_t getLimit() const { return _reportsAll ? MAX_AUDIT_FINDINGS : MAX_FINDINGS; }
-  /// Counts a finding. One beyond the limit leaves a mark.
+  /// Counts a finding. One beyond the limit leaves a mark, if failures are collected.
   bool isListed(const Finding& finding);
 
   ProgressMeter _progress;
@@ -231,6 +232,8 @@ class ReadingContext {
   std::size_t _lossCount = 0;
   std::vector<Finding> _findings;
   std::vector<Mark> _marks;
+  /// Attributes with values that could not be read, by the numbers of their elements.
+  std::set<std::pair<int, std::string>> _unreadable;
   bool _areItemsUnused = false;
   /// The innermost that is still held back; null if there is none.
   HeldFindings* _held = nullptr;
