@@ -52,15 +52,13 @@ class VEMO_IMPORT_EXPORT Colormap : public SceneItem {
   /// data array.
   void applyTo(lum::ScalarAttributes& attributes) const;
 
-  /// Whether that would change nothing.
-  bool isAppliedTo(const lum::ScalarAttributes& attributes) const;
+  /// An order in which colormaps that colour alike, and have the same title, are equal.
+  bool precedes(const Colormap& other) const;
 
  protected:
   void readImpl(const QxElement& element, SceneFileReader* reader);
 
  private:
-  lum::Ptr<lum::ColorLookupTable> makeTable() const;
-
   std::vector<Color> _colors;
   // Those of all tables.
   lum::SharedNumbers _colorValues;

@@ -17,6 +17,7 @@ namespace vemo {
 
 class Colormap;
 class Colormaps;
+class CollectionColoring;
 class PointBounds;
 class ReadingContext;
 
@@ -47,6 +48,9 @@ struct SharedBySiblings {
 
   /// If not null, receives the node of each geometry, by the number of its element.
   std::map<int, lum::PolyDataNode*>* geometryNodes = nullptr;
+
+  /// What colours the data that were converted; null unless an item is being converted.
+  std::shared_ptr<CollectionColoring> coloring;
 
   /// Colours the data in the assembly being converted: outer colormaps take
   /// precedence over inner ones. Null when there is none.

@@ -8,10 +8,6 @@
 #include <string>
 #include <vector>
 
-namespace lum {
-class Node;
-}
-
 namespace vemo {
 
 class Colormap;
@@ -99,8 +95,6 @@ class VEMO_IMPORT_EXPORT AssemblyItem : public GraphicsItem {
   void convertExtras(SharedBySiblings& shared, lum::DrawableCollection& target, int level,
                      bool isOuterColormap) const;
   void convertLegend(SharedBySiblings& shared, int level) const;
-  /// Whether there are data to colour.
-  bool applyColormap(lum::Node& target) const;
   void reportUnusedColormaps(const SharedBySiblings& shared) const;
   void applyTransform(SharedBySiblings& shared, lum::DrawableCollection& target) const;
 

@@ -3,6 +3,7 @@
 #include <vemo/base/Vector.h>
 #include <vemo/import/Export.h>
 
+#include <compare>
 #include <cstdint>
 #include <string>
 
@@ -25,7 +26,7 @@ struct Color {
   /// In 0..1.
   double getOpacity() const { return a / 255.0; }
 
-  friend bool operator==(const Color&, const Color&) = default;
+  friend auto operator<=>(const Color&, const Color&) = default;
 };
 
 }  // namespace vemo

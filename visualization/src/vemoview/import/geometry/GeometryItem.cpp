@@ -6,6 +6,7 @@
 #include "vemoview/import/geometry/PointBounds.h"
 #include "vemoview/import/geometry/PolyDataReader.h"
 #include "vemoview/import/geometry/SharedSettings.h"
+#include "vemoview/import/items/CollectionColoring.h"
 #include "vemoview/import/items/SharedCollection.h"
 #include "vemoview/import/reading/HeldFindings.h"
 #include "vemoview/import/reading/KeyTable.h"
@@ -58,9 +59,18 @@ bool hasGeometry(const lum::GeometryDrawable& drawable) {
   return drawable.find<lum::PolyDataNode>() != nullptr;
 }
 
-bool hasColorTable(const lum::GeometryDrawable& drawable) {
+bool isColored(const lum::GeometryDrawable& drawable, const CollectionColoring* coloring) {
   const auto* const scalars = drawable.findAttributes<lum::ScalarAttributes>();
-  return scalars != nullptr && scalars->hasColorLookupTable() != nullptr;
+  return scalars != nullptr && (scalars->hasColorLookupTable() != nullptr ||
+                                (coloring != nullptr && coloring->isColored(*scalars)));
+}
+
+/// What colours an assembly colours the data, too.
+void addData(const lum::GeometryDrawable& drawable, CollectionColoring* coloring) {
+  const auto* const scalars = drawable.findAttributes<lum::ScalarAttributes>();
+  if (scalars != nullptr && coloring != nullptr) {
+    coloring->add(*scalars);
+  }
 }
 
 /// The first T with the desired visibility or without geometry; created if
@@ -402,10 +412,11 @@ void GeometryItem::addTo(lum::DrawableCollection& collection, vtkPolyData& polyD
   PartsDrawn& parts = shared.partsDrawn[&drawable];
   parts.isLightingUnknown = parts.isLightingUnknown || _settings.isLightingUnknown;
   const SharedSettings before(drawable, parts);
-  const bool isColoredByOther = shared.colormap == nullptr && hasColorTable(drawable);
+  const bool isColoredByOther = shared.colormap == nullptr && isColored(drawable, shared.coloring.get());
   lum::PolyDataNode& node =
       GeometryDrawableBuilder(_settings, polyData, drawable, *shared.pointBounds, shared.context)
           .build(parentName);
+  addData(drawable, shared.coloring.get());
   node.setArraysLeftOut(_arraysLeftOut);
   if (shared.geometryNodes != nullptr) {
     shared.geometryNodes->emplace(getPlace().number, &node);

@@ -14,7 +14,12 @@
 
 #include <vtkLookupTable.h>
 
+#include <algorithm>
+#include <bit>
+#include <compare>
 #include <cstdint>
+#include <string_view>
+#include <tuple>
 
 namespace vemo {
 
@@ -99,15 +104,10 @@ vtkSmartPointer<vtkLookupTable> Colormap::makeLookupTable() const {
   return table;
 }
 
-lum::Ptr<lum::ColorLookupTable> Colormap::makeTable() const {
+vtkSmartPointer<vtkLookupTable> Colormap::makeUsableLookupTable() const {
   const lum::Ptr<lum::ColorLookupTable> table(
       new lum::ColorLookupTable(lum::ClassNameNodeInitializer(lum::ColorLookupTable::getClassName())));
   fill(*table);
-  return table;
-}
-
-vtkSmartPointer<vtkLookupTable> Colormap::makeUsableLookupTable() const {
-  const lum::Ptr<lum::ColorLookupTable> table = makeTable();
   const auto [usable, changes] = makeUsable(*table);
   if (!changes.empty()) {
     reportFinding(FindingCode::COLORMAP_ADJUSTED, "The colormap \"" + getName() + "\" " + changes);
@@ -115,16 +115,14 @@ vtkSmartPointer<vtkLookupTable> Colormap::makeUsableLookupTable() const {
   return makeVtkLookupTable(usable);
 }
 
-bool Colormap::isAppliedTo(const lum::ScalarAttributes& attributes) const {
-  const lum::ColorLookupTable* const table = attributes.hasColorLookupTable();
-  const lum::DataArrayAttributes* const dataArray = attributes.hasDataArray();
-  if (table == nullptr || (dataArray != nullptr && dataArray->getDataArrayPresentationName() != _title)) {
-    return false;
-  }
-  const lum::Ptr<lum::ColorLookupTable> own = makeTable();
-  return table->getColorValues() == own->getColorValues() &&
-         table->getScalarRange() == own->getScalarRange() && table->getScaleMode() == own->getScaleMode() &&
-         table->getRampMode() == own->getRampMode();
+bool Colormap::precedes(const Colormap& other) const {
+  const auto settingsOf = [](const Colormap& colormap) {
+    const auto bits = [](double end) { return std::bit_cast<std::uint64_t>(end); };
+    return std::tuple(bits(colormap._range[0]), bits(colormap._range[1]), colormap._log10, colormap._ramp,
+                      std::string_view(colormap._title));
+  };
+  const auto order = settingsOf(*this) <=> settingsOf(other);
+  return order != 0 ? order < 0 : std::ranges::lexicographical_compare(_colors, other._colors);
 }
 
 void Colormap::applyTo(lum::ScalarAttributes& attributes) const {

@@ -1,3 +1,4 @@
+#include "vemoview/import/items/CollectionColoring.h"
 #include "vemoview/import/items/SharedCollection.h"
 #include "vemoview/import/reading/CopiedText.h"
 #include "vemoview/import/reading/ElementVersion.h"
@@ -10,8 +11,6 @@
 #include <vemo/import/scene/AssemblyItem.h>
 #include <vemo/import/xml/QxElement.h>
 #include <vemo/scenegraph/Logger.h>
-#include <vemo/scenegraph/Traversal.h>
-#include <vemo/scenegraph/coloring/ScalarAttributes.h>
 
 #include <algorithm>
 #include <utility>
@@ -38,30 +37,6 @@ namespace {
                                  const std::string& name) {
   VEMO_LOG_INFO("DrawableCollection " << target.getName() << " for parent " << parent.getName());
   VEMO_LOG_INFO(childCount << " children detected in the assembly \"" << name << "\"");
-}
-
-bool isNamedByLegend(const QxElement& element, const std::string& colormap) {
-  return std::ranges::any_of(element.getChildren(), [&](const auto& child) {
-    const QxElement::Attribute* const named =
-        child->getName() == Legend::XML_ENTITY ? child->peekAttribute("colormap") : nullptr;
-    return (named != nullptr && named->getValue() == colormap) || isNamedByLegend(*child, colormap);
-  });
-}
-
-/// The name of a colormap serves to choose it; it is not in the scene graph.
-void markUnneededName(const QxElement& assembly) {
-  const QxElement* only = nullptr;
-  for (const auto& child : assembly.getChildren()) {
-    if (child->getName() == Colormap::XML_ENTITY) {
-      if (only != nullptr) {
-        return;
-      }
-      only = child.get();
-    }
-  }
-  if (only != nullptr && !isNamedByLegend(assembly, SceneItem::statedName(*only))) {
-    only->markUnused("name");
-  }
 }
 
 /// For the ledger: the legend that shows the colormap may have a title of its own.
@@ -124,7 +99,6 @@ void AssemblyItem::readImpl(const QxElement& element, SceneFileReader* reader) {
   }
   makeReadingCommandsMap();
   readChildren(*this, _readingCommands, element, reader);
-  markUnneededName(element);
   // Scenes may hold a great many assemblies; none is read twice.
   _readingCommands.clear();
 }
@@ -170,6 +144,7 @@ lum::DrawableCollection& AssemblyItem::openCollection(SharedBySiblings& shared,
 void AssemblyItem::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& collection, int level,
                                    const std::string& /*parentName*/) const {
   logConversion();
+  CollectionColoring::Scope coloring(shared);
   const Colormap* const outer = shared.colormap;
   const bool isOuterHidden = shared.isHidden;
   const bool outerHidesIndividually = shared.hidesItemsIndividually;
@@ -186,6 +161,7 @@ void AssemblyItem::addToCollection(SharedBySiblings& shared, lum::DrawableCollec
   } else if (!_isIncomplete) {
     reportEmpty(shared);
   }
+  coloring.finish();
   shared.colormap = outer;
   shared.isHidden = isOuterHidden;
   shared.hidesItemsIndividually = outerHidesIndividually;
@@ -211,14 +187,8 @@ void AssemblyItem::reportSharing(const SharedBySiblings& shared, lum::DrawableCo
   reportSharedTransform(shared.context, collection, _transform != nullptr);
   const Colormap* const colormap = getActiveColormap();
   // An outer colormap replaces it in turn.
-  if (colormap == nullptr || colormap != shared.colormap) {
-    return;
-  }
-  bool recolors = false;
-  lum::forEachNodeOf<lum::ScalarAttributes>(collection, [&](const lum::ScalarAttributes& attributes) {
-    recolors = recolors || !colormap->isAppliedTo(attributes);
-  });
-  if (!recolors) {
+  if (colormap == nullptr || colormap != shared.colormap ||
+      !shared.coloring->wouldChange(collection, *colormap)) {
     return;
   }
   const auto former = shared.colormapOrigins.find(&collection);
@@ -243,9 +213,11 @@ void AssemblyItem::convertExtras(SharedBySiblings& shared, lum::DrawableCollecti
   if (_legend && (shared.colormap != nullptr || !_isIncomplete)) {
     convertLegend(shared, level);
   }
-  if (applyColormap(target) && !isOuterColormap) {
-    shared.usedColormaps[getActiveColormap()] = true;
-    shared.colormapOrigins[&target] = getActiveColormap()->getPlace();
+  const Colormap* const colormap = getActiveColormap();
+  // An outer colormap replaces it.
+  if (colormap != nullptr && !isOuterColormap && shared.coloring->color(target, *colormap)) {
+    shared.usedColormaps[colormap] = true;
+    shared.colormapOrigins[&target] = colormap->getPlace();
   }
   if (!_isIncomplete) {
     reportUnusedColormaps(shared);
@@ -259,17 +231,6 @@ void AssemblyItem::convertLegend(SharedBySiblings& shared, int level) const {
   _legend->addToCollection(shared, shared.sceneNode->getForegroundCanvas().getDrawableCollection(), level,
                            getName());
   shared.assemblyColormaps = nullptr;
-}
-
-bool AssemblyItem::applyColormap(lum::Node& target) const {
-  bool hasData = false;
-  if (const Colormap* const colormap = getActiveColormap()) {
-    lum::forEachNodeOf<lum::ScalarAttributes>(target, [&](lum::ScalarAttributes& attributes) {
-      colormap->applyTo(attributes);
-      hasData = true;
-    });
-  }
-  return hasData;
 }
 
 void AssemblyItem::reportUnusedColormaps(const SharedBySiblings& shared) const {

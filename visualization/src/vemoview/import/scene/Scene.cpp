@@ -1,4 +1,5 @@
 #include "scenegraph/attributes/CameraLimits.h"
+#include "vemoview/import/items/CollectionColoring.h"
 #include "vemoview/import/reading/HeldFindings.h"
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/scene/ChildElements.h"
@@ -186,7 +187,9 @@ void Scene::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& c
     // Not while reading: a later view or a scene graph in the archive may replace it.
     _view.reportUnusable(canvas.getCameraAttributes(), shared.context);
   }
+  CollectionColoring::Scope coloring(shared);
   processChildren(shared, collection, level, false);
+  coloring.finish();
   convertClipPlanes(canvas);
   convertLights(canvas);
 }

@@ -2,13 +2,18 @@
 #include "vemoview/import/reading/KeyTable.h"
 #include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/import/SceneLedger.h>
+#include <vemo/import/decorations/Legend.h>
 #include <vemo/import/geometry/GeometrySettings.h>
+#include <vemo/import/items/Colormap.h>
 #include <vemo/import/xml/QxElement.h>
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <iterator>
 #include <map>
 #include <set>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -167,6 +172,40 @@ class DescriptionLedger {
   std::vector<Outcome> _inherited;
 };
 
+/// The names of colormaps serve to choose them, and are not in the scene graph: a legend may choose one, and
+/// an assembly has to if it has several.
+class UnneededNames {
+ public:
+  void mark(const QxElement& element) {
+    const std::size_t number = ++_count;
+    if (element.getName() == Legend::XML_ENTITY) {
+      if (const QxElement::Attribute* const chosen = element.peekAttribute("colormap")) {
+        _latestLegends[chosen->getValue()] = number;
+      }
+    }
+    for (const auto& child : element.getChildren()) {
+      mark(*child);
+    }
+    const QxElement* const only = onlyColormap(element);
+    if (only != nullptr && _latestLegends[SceneItem::statedName(*only)] < number) {
+      only->markUnused("name");
+    }
+  }
+
+ private:
+  static const QxElement* onlyColormap(const QxElement& element) {
+    const auto isColormap = [](const auto& child) { return child->getName() == Colormap::XML_ENTITY; };
+    const auto& children = element.getChildren();
+    const auto first = std::ranges::find_if(children, isColormap);
+    const bool isOnly = first != children.end() && std::none_of(std::next(first), children.end(), isColormap);
+    return isOnly ? first->get() : nullptr;
+  }
+
+  std::size_t _count = 0;
+  /// The number of the last element that chooses a colormap by its name.
+  std::map<std::string, std::size_t> _latestLegends;
+};
+
 }  // namespace
 
 std::string_view outcomeName(Outcome outcome) {
@@ -179,6 +218,7 @@ SceneLedger::SceneLedger(const SceneFileReader& reader) : _reader(reader) {}
 
 void SceneLedger::list(const Sink& sink) const {
   if (_reader.getDescription() != nullptr) {
+    UnneededNames().mark(*_reader.getDescription());
     DescriptionLedger ledger(sink, _reader.hasPayload() ? Outcome::UNUSED : Outcome::KEPT);
     ledger.addFindings(_reader.getFindings());
     ledger.addFindings(_reader.getMarks());
