@@ -215,6 +215,19 @@ TEST_F(SceneFileReaderTest, BoundsTheBytesThatASmallArchiveHas) {
   EXPECT_EQ(failureOf([&] { delete[] reader.readEntry("four").data; }), "") << "it is less than what is left";
 }
 
+/// Else very much could be made of a few bytes.
+TEST_F(SceneFileReaderTest, FillsOnlySoMuchWithZeros) {
+  const auto failureOfSize = [&](std::uint32_t size) {
+    SceneFileReader reader = open(ArchiveBuilder()
+                                      .bytes("p", std::vector<unsigned char>(300'000, 0xff))
+                                      .stored()
+                                      .forge([size](Entry& e) { e.uncompressedSize = size; }));
+    return failureOf([&] { delete[] reader.readEntry("p").data; });
+  };
+  EXPECT_EQ(failureOfSize(2'248'576), "");
+  EXPECT_THAT(failureOfSize(2'248'577), testing::HasSubstr("Could not completely read entry 'p'"));
+}
+
 /// Else a few million bytes that many entries share keep the reader busy for hours.
 TEST_F(SceneFileReaderTest, BoundsTheCompressedBytesThatGiveHardlyAnyContent) {
   const std::string emptyBlock("\0\0\0\xff\xff", 5);

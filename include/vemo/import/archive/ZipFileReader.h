@@ -38,7 +38,7 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
 
   /// Where an entry's content contradicts the archive's directory.
   struct ContentFlaws {
-    /// The bytes of content that exist, if fewer than its size; the rest is zero.
+    /// The bytes of content that exist, if fewer than its size; the rest is zero, if it was read.
     std::optional<std::size_t> bytesRead;
     bool isChecksumWrong = false;
   };
@@ -97,7 +97,8 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
 
   /// Fills the buffer, of getSize bytes, with the entry's content. If the entry
   /// ends early, the rest is set to zero; what follows its size is ignored.
-  /// False when there is no such entry, or it cannot be read.
+  /// False when there is no such entry, or it cannot be read, or if it is larger than 1 MiB and
+  /// four times the content that exists.
   /// @param flaws if not null, receives what does not stop reading
   /// @param convert if not empty, is applied to the content, in blocks of a
   ///   multiple of 8 bytes except for the last

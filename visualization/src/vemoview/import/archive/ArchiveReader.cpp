@@ -5,6 +5,7 @@
 #include "vemoview/import/archive/ByteOrder.h"
 
 #include <cstddef>
+#include <fmt/format.h>
 #include <memory>
 #include <span>
 #include <utility>
@@ -19,6 +20,12 @@ namespace {
   exception.setEntry(entryName);
   exception.setCause(cause);
   throw exception;
+}
+
+/// Empty if the content is not what is short.
+std::string describeShort(const ZipFileReader::ContentFlaws& flaws, std::uint64_t size) {
+  return flaws.bytesRead ? fmt::format("it states {} bytes but has {}", size, *flaws.bytesRead)
+                         : std::string();
 }
 
 /// @param what fails
@@ -76,7 +83,7 @@ Array_t<unsigned char> ArchiveReader::loadEntry(const std::string& entryName,
   flaws = {};
   try {
     if (!_archive.read(entryName, reinterpret_cast<char*>(block.get()), &flaws, convert)) {
-      failIncomplete(entryName);
+      failIncomplete(entryName, describeShort(flaws, bytes));
     }
   } catch (UnreadableException& exception) {
     exception.setEntry(entryName);

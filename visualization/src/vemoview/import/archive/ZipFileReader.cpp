@@ -45,6 +45,14 @@ bool isEncrypted(const ZipEntry& entry) {
   return (entry.flags & FLAG_ENCRYPTED) != 0;
 }
 
+/// Whether so few bytes of content may be followed by zeros up to the size: what is made of it takes
+/// memory and time for all of it.
+bool canBeFilled(std::size_t count, std::size_t size) {
+  constexpr std::size_t SMALL = std::size_t{1} << 20U;
+  constexpr std::size_t PER_BYTE = 4;
+  return size <= SMALL + PER_BYTE * count;
+}
+
 }  // namespace
 
 /// An open archive and its entries.
@@ -183,9 +191,14 @@ bool ZipFileReader::read(const std::string& name, char* buffer, ContentFlaws* fl
   if (!count) {
     return false;
   }
-  pass.finish(*count);
   if (flaws != nullptr) {
     flaws->bytesRead = *count < content.size() ? count : std::nullopt;
+  }
+  if (!canBeFilled(*count, content.size())) {
+    return false;
+  }
+  pass.finish(*count);
+  if (flaws != nullptr) {
     flaws->isChecksumWrong = pass.getChecksum() != entry->checksum;
   }
   return true;
