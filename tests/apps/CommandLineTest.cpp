@@ -266,6 +266,18 @@ TEST_F(CommandLineTest, ReportsThatADatabaseHoldsNoScene) {
               HasSubstr("lost: The database holds no scene (scene-not-drawn)"));
 }
 
+TEST_F(CommandLineTest, FindsWhatKeepsADatabaseFromBeingRead) {
+  const std::string sound = readFile(_folder / "scene.sdb");
+  writeFile(_folder / "header.sdb", std::regex_replace(sound, std::regex("\"hash\""), "\"hush\""));
+  writeFile(_folder / "longer.sdb", sound + "x");
+  for (const char* const file : {"header.sdb", "longer.sdb"}) {
+    const ProgramResult check = run({"check", "--json", file});
+    EXPECT_EQ(check.exitCode, 5) << file;
+    EXPECT_THAT(check.out, HasSubstr("\"database-damaged\"")) << file;
+    EXPECT_EQ(run({"info", file}).exitCode, 5) << file;
+  }
+}
+
 TEST_F(CommandLineTest, NeedsNoArraysThatNoNodeHas) {
   DatabaseBytes later(readFile(_folder / "wrong.sdb"));
   later.replaceInIndex("PolyDataNode", "PolyDataNodx");
