@@ -270,7 +270,10 @@ TEST_F(CommandLineTest, FindsWhatKeepsADatabaseFromBeingRead) {
   const std::string sound = readFile(_folder / "scene.sdb");
   writeFile(_folder / "header.sdb", std::regex_replace(sound, std::regex("\"hash\""), "\"hush\""));
   writeFile(_folder / "longer.sdb", sound + "x");
-  for (const char* const file : {"header.sdb", "longer.sdb"}) {
+  DatabaseBytes later(sound);
+  later.replaceInIndex("SceneNode", "SceneNodx");
+  writeFile(_folder / "root.sdb", later.join());
+  for (const char* const file : {"header.sdb", "longer.sdb", "root.sdb"}) {
     const ProgramResult check = run({"check", "--json", file});
     EXPECT_EQ(check.exitCode, 5) << file;
     EXPECT_THAT(check.out, HasSubstr("\"database-damaged\"")) << file;
