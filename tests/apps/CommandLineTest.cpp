@@ -152,6 +152,9 @@ TEST_F(CommandLineTest, AcceptsAnyFileName) {
   EXPECT_THAT(run({"info", name}).out, HasSubstr("sc\xC3\xA8ne \xEF\xBF\xBD.zip"));
   EXPECT_EQ(run({"convert", name, "\xFE.sdb"}).exitCode, 0);
   EXPECT_TRUE(fs::exists(_folder / "\xFE.sdb"));
+  // What the message says of any file.
+  fs::copy_file(_folder / "cut.zip", _folder / "zip");
+  EXPECT_EQ(run({"info", "zip"}).err, "vemoscene: zip: Invalid zip file\n");
 }
 
 TEST_F(CommandLineTest, PrintsNamesWithLineBreaksInOneLine) {
