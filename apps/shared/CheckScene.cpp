@@ -127,6 +127,14 @@ SceneKind kindOf(const std::wstring& path) {
   } catch (const Exception&) {
     // An archive that cannot be opened, which is a finding.
     return SceneKind::ARCHIVE;
+  } catch (const lum::io::UnreadableFile&) {
+    throw;
+  } catch (const lum::io::FileError& error) {
+    if (error.getStatus() != lum::io::FileIoStatus::ReadError) {
+      throw;
+    }
+    // A damaged database, which is a finding, too.
+    return SceneKind::DATABASE;
   }
 }
 

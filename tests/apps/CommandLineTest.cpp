@@ -104,6 +104,8 @@ TEST_F(CommandLineTest, ReadsStandardInput) {
   const ProgramResult result = run({"check", "-", "scene.zip"});
   EXPECT_EQ(result.exitCode, 3);
   EXPECT_EQ(result.err, "vemoscene: Unknown file format \"standard input\"\n");
+  fs::copy_file(_folder / "cut.sdb", _folder / ".in", fs::copy_options::overwrite_existing);
+  EXPECT_THAT(run({"check", "-"}).out, HasSubstr("refused: standard input: The file is truncated"));
   expectNoTemporaryFiles();
   fs::remove(_folder / ".in");
   fs::create_directory(_folder / ".in");
@@ -150,6 +152,9 @@ TEST_F(CommandLineTest, AcceptsAnyFileName) {
   EXPECT_THAT(run({"info", name}).out, HasSubstr("sc\xC3\xA8ne \xEF\xBF\xBD.zip"));
   EXPECT_EQ(run({"convert", name, "\xFE.sdb"}).exitCode, 0);
   EXPECT_TRUE(fs::exists(_folder / "\xFE.sdb"));
+  // What the message says of any file.
+  fs::copy_file(_folder / "cut.zip", _folder / "zip");
+  EXPECT_EQ(run({"info", "zip"}).err, "vemoscene: zip: Invalid zip file\n");
 }
 
 TEST_F(CommandLineTest, PrintsNamesWithLineBreaksInOneLine) {
@@ -264,6 +269,21 @@ TEST_F(CommandLineTest, ReportsThatADatabaseHoldsNoScene) {
   ASSERT_TRUE(isSuccess(writeDatabase(_folder / "group.sdb", *group)));
   EXPECT_THAT(run({"check", "group.sdb"}).out,
               HasSubstr("lost: The database holds no scene (scene-not-drawn)"));
+}
+
+TEST_F(CommandLineTest, FindsWhatKeepsADatabaseFromBeingRead) {
+  const std::string sound = readFile(_folder / "scene.sdb");
+  writeFile(_folder / "header.sdb", std::regex_replace(sound, std::regex("\"hash\""), "\"hush\""));
+  writeFile(_folder / "longer.sdb", sound + "x");
+  DatabaseBytes later(sound);
+  later.replaceInIndex("SceneNode", "SceneNodx");
+  writeFile(_folder / "root.sdb", later.join());
+  for (const char* const file : {"header.sdb", "longer.sdb", "root.sdb"}) {
+    const ProgramResult check = run({"check", "--json", file});
+    EXPECT_EQ(check.exitCode, 5) << file;
+    EXPECT_THAT(check.out, HasSubstr("\"database-damaged\"")) << file;
+    EXPECT_EQ(run({"info", file}).exitCode, 5) << file;
+  }
 }
 
 TEST_F(CommandLineTest, NeedsNoArraysThatNoNodeHas) {

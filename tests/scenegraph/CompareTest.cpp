@@ -7,7 +7,7 @@
 #include <vemo/scenegraph/inspect/Compare.h>
 
 #include <vtkDoubleArray.h>
-#include <vtkTypeInt64Array.h>
+#include <vtkTypeUInt64Array.h>
 
 #include <algorithm>
 #include <cmath>
@@ -108,13 +108,13 @@ TEST(CompareTest, ComparesTypesAndValuesOfArrays) {
 /// Doubles whose difference is not a double, and integers that are equal as
 /// doubles.
 TEST(CompareTest, IsExactAtTheEndsOfTheRange) {
-  constexpr vtkTypeInt64 LARGE = std::numeric_limits<vtkTypeInt64>::max();
+  constexpr vtkTypeUInt64 LARGE = std::numeric_limits<vtkTypeUInt64>::max();
   EXPECT_THAT(
       compareArrays<vtkDoubleArray>({1e308}, {-1e308}),
       ElementsAre("/: nodeDataArrays[\"a\"]: 1e+308 against -1e+308 (1 of 1 differ, most at 0, by 2)"));
-  EXPECT_THAT(compareArrays<vtkTypeInt64Array>({1, LARGE}, {1, LARGE - 1}),
-              ElementsAre("/: nodeDataArrays[\"a\"]: 9223372036854775807 against 9223372036854775806 "
-                          "(1 of 2 differ, most at 1, by 1.0842e-19)"));
+  EXPECT_THAT(compareArrays<vtkTypeUInt64Array>({1, LARGE}, {1, LARGE - 1}),
+              ElementsAre("/: nodeDataArrays[\"a\"]: 18446744073709551615 against 18446744073709551614 "
+                          "(1 of 2 differ, most at 1, by 5.42101e-20)"));
 }
 
 /// A comparison of each with each would take hours. Each second name changes places

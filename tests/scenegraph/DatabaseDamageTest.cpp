@@ -340,6 +340,7 @@ TEST_F(DatabaseDamageTest, SaysWhatIsWrongInTheIndex) {
       {"", withGraph(power(61) + padding), "nodes: count 2305843009213693952 is too large"},
       {"", strings + "\2"s + fileClass + fileClass, "Duplicate class"},
       {"", withArrays("\1\12\1" + power(61) + "\0"s + hash), "Invalid array shape"},
+      {"", "\1\3a\0b\0\0\1\2\1\0\1"s + hash, "The name of array 0 holds a zero byte"},
       {"", withArrays("\1\12\1\1\0"s + hash + "\0"s), "of 8 bytes overlaps the index"},
       {"", withArrays("\1\2\1\0\0"s + hash + power(58)), "overlaps the index"},
       {"x", withArrays("\2\2\1\1\0"s + hash + "\2\1\0\0"s + hash + "\0\0"s), "Array 1"},

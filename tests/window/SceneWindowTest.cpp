@@ -357,10 +357,10 @@ TEST_F(SceneWindowTest, ShowsTextsThatLookLikeHtmlAsTheyAre) {
     auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     ASSERT_NE(box, nullptr);
     EXPECT_EQ(box->textFormat(), Qt::PlainText);
-    EXPECT_EQ(box->text(), "<b>cut</b> off");
+    EXPECT_EQ(box->text(), "<b>cut</b> \uFFFDoff");
     box->close();
   });
-  showError(&open.window(), "scene.zip", std::runtime_error("<b>cut</b><br>off"));
+  showError(&open.window(), "scene.zip", std::runtime_error("<b>cut</b><br>\u202Eoff"));
 }
 
 TEST_F(OpenSceneWindowTest, SavesWhatIsSeenWithoutTheMarks) {

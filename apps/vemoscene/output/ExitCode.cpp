@@ -34,9 +34,10 @@ std::string describeWithPlace(const InternalError& error) {
   return describe(fault.text, fault);
 }
 
-/// Adds the file's name to a message that does not contain it; standard input has none.
+/// Adds the file's name to a message that does not begin with it or quote it; standard input has none.
 std::string withFile(const std::string& file, const std::string& message) {
-  const bool isNamed = file == "-" || message.find(file) != std::string::npos;
+  const bool isNamed = file.empty() || file == "-" || message.starts_with(file + ": ") ||
+                       message.find('"' + file + '"') != std::string::npos;
   return isNamed ? message : fmt::format("{}: {}", file, message);
 }
 

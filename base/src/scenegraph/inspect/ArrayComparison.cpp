@@ -13,7 +13,6 @@
 #include <algorithm>
 #include <cstring>
 #include <fmt/format.h>
-#include <limits>
 #include <string_view>
 #include <vector>
 
@@ -44,10 +43,10 @@ template <class T>
 ComparedValue toComparedValue(T number) {
   if constexpr (std::floating_point<T>) {
     return number;
-  } else if (number > 0 && static_cast<std::uint64_t>(number) > std::numeric_limits<std::int64_t>::max()) {
-    return static_cast<double>(number);
+  } else if constexpr (std::unsigned_integral<T>) {
+    return std::uint64_t{number};
   } else {
-    return static_cast<std::int64_t>(number);
+    return std::int64_t{number};
   }
 }
 

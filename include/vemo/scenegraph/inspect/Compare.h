@@ -27,8 +27,8 @@ struct ComparisonRules {
 
 /// The value of one side; empty where it has none. Enumerators, packed
 /// colours and flags, and descriptions of nodes or whole arrays, are texts.
-using ComparedValue = std::variant<std::monostate, bool, std::int64_t, float, double, std::string,
-                                   std::vector<double>, std::vector<std::int64_t>>;
+using ComparedValue = std::variant<std::monostate, bool, std::int64_t, std::uint64_t, float, double,
+                                   std::string, std::vector<double>, std::vector<std::int64_t>>;
 
 struct Difference {
   /// How far lists of the same length differ.

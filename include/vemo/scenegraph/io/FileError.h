@@ -25,8 +25,8 @@ class VEMO_SCENEGRAPH_EXPORT FileError : public std::runtime_error {
   FileIoStatus _status;
 };
 
-/// The system fails to read a file, as from a faulty disk (ReadError). What is in the file is not known
-/// to be at fault.
+/// A file that the system does not open, fails to read, as from a faulty disk, or that is not a regular one
+/// (ReadError). What is in it is not known to be at fault.
 class VEMO_SCENEGRAPH_EXPORT UnreadableFile : public FileError {
  public:
   /// @param error the system's number; 0 if it is not known

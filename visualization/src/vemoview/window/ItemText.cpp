@@ -1,5 +1,6 @@
 #include "vemoview/window/ItemText.h"
 
+#include <vemo/base/PrintableText.h>
 #include <vemo/scenegraph/drawables/Drawable.h>
 #include <vemo/scenegraph/inspect/NumberText.h>
 
@@ -9,13 +10,7 @@
 namespace vemo {
 
 QString toText(std::string_view text) {
-  QString result = QString::fromUtf8(text.data(), static_cast<int>(text.size()));
-  for (QChar& character : result) {
-    if (character.category() == QChar::Other_Control) {
-      character = QChar::ReplacementCharacter;
-    }
-  }
-  return result;
+  return QString::fromStdString(toPrintableLine(text));
 }
 
 QString toToolTip(const QString& text) {

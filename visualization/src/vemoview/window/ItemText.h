@@ -14,8 +14,7 @@ namespace vemo {
 
 // How items are called in the window.
 
-/// A text of the scene for one line: invalid UTF-8 and control characters become
-/// U+FFFD.
+/// A text of the scene for one line, as toPrintableLine has it.
 QString toText(std::string_view text);
 
 /// The same for a tool tip, which would take some texts for HTML.

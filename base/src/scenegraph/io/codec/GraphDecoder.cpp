@@ -105,9 +105,7 @@ void GraphDecoder::readNode(ByteReader& in, bool isFirst) {
   const Ptr<Node> node = findOrMake(record, ownerField);
   if (isFirst) {
     if (!node) {
-      throw FileError(
-          FileIoStatus::UnsupportedFormat,
-          "The root is of class " + vemo::shortName(record.fileClass->name) + ", which is unknown here");
+      fail("The root is of class " + vemo::shortName(record.fileClass->name) + ", which is unknown here");
     }
     _root = node;
   }

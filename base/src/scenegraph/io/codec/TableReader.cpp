@@ -30,6 +30,13 @@ void requireAtMost(std::size_t most, std::size_t count, const char* owner, const
   }
 }
 
+/// No array has such a name: it would get what is before the zero.
+void requireArrayName(std::string_view name, std::size_t array) {
+  if (name.find('\0') != std::string_view::npos) {
+    throw FileError(FileIoStatus::ReadError, fmt::format("The name of array {} holds a zero byte", array));
+  }
+}
+
 /// For the first of many tables, which is the only one in most files. What comes
 /// later grows as vectors do.
 template <class T>
@@ -110,7 +117,9 @@ void TableReader::read(ByteReader& in, bool hasLists) {
   for (; count > 0; --count) {
     _chunks.push_back(readRow(in, getStringCount()));
     if (_chunks.back().name != 0) {
-      _budget.useText(getString(_chunks.back().name - 1));
+      const std::string_view name = getString(_chunks.back().name - 1);
+      _budget.useText(name);
+      requireArrayName(name, _chunks.size() - 1);
     }
   }
 }

@@ -7,6 +7,7 @@
 #include <vemo/scenegraph/io/FileError.h>
 #include <vemo/scenegraph/io/SDBWriter.h>
 
+#include <algorithm>
 #include <charconv>
 #include <cstring>
 #include <fmt/format.h>
@@ -37,10 +38,14 @@ constexpr std::size_t PAGE_BYTES = 4096;
   throw FileError(FileIoStatus::UnsupportedFormat, text);
 }
 
+[[noreturn]] void failDamaged(const std::string& cause) {
+  throw FileError(FileIoStatus::ReadError, cause);
+}
+
 std::uint64_t numberOf(const json& object, const char* key) {
   const auto found = object.find(key);
   if (found == object.end() || !found->is_number_unsigned()) {
-    refuse(fmt::format("The header has no number \"{}\"", key));
+    failDamaged(fmt::format("The header has no number \"{}\"", key));
   }
   return found->get<std::uint64_t>();
 }
@@ -56,20 +61,23 @@ std::uint64_t hashFrom(const json& object) {
       return hash;
     }
   }
-  refuse("The header has no hash of the index");
+  failDamaged("The header has no hash of the index");
 }
 
 json parseHeader(InputSource& source) {
-  if (source.getLeft() < HEADER_SIZE) {
-    refuse(fmt::format("It is too short: {} bytes, a header has {}", source.getLeft(), HEADER_SIZE));
+  const std::string line = source.read(std::min<std::uint64_t>(source.getLeft(), HEADER_SIZE));
+  const FileIoStatus status =
+      line.starts_with(SDBWriter::SIGNATURE) ? FileIoStatus::ReadError : FileIoStatus::UnsupportedFormat;
+  if (line.size() < HEADER_SIZE) {
+    throw FileError(status,
+                    fmt::format("It is too short: {} bytes, a header has {}", line.size(), HEADER_SIZE));
   }
-  const std::string line = source.read(HEADER_SIZE);
   // The parser takes a zero byte for the end of the text.
   const bool isWhole = line.front() == SDBWriter::SIGNATURE.front() && line.back() == '\n' &&
                        line.find('\0') == std::string::npos;
   json header = isWhole ? json::parse(line, nullptr, false) : json();
   if (!header.is_object()) {
-    refuse("It does not begin with a header");
+    throw FileError(status, "It does not begin with a header");
   }
   return header;
 }
@@ -78,23 +86,21 @@ void requireEndOfFile(const IndexLocation& index, std::uint64_t fileSize) {
   const std::uint64_t end = index.offset + index.size;
   const bool isSensible = index.offset >= HEADER_SIZE && end >= index.offset;
   if (isSensible && end > fileSize) {
-    throw FileError(FileIoStatus::ReadError,
-                    fmt::format("The file is truncated: it has {} of {} bytes", fileSize, end));
+    failDamaged(fmt::format("The file is truncated: it has {} of {} bytes", fileSize, end));
   }
   if (!isSensible || end != fileSize) {
-    throw FileError(FileIoStatus::ReadError,
-                    fmt::format("The index, {} bytes at byte {}, is not at the end of the file of {} bytes",
-                                index.size, index.offset, fileSize));
+    failDamaged(fmt::format("The index, {} bytes at byte {}, is not at the end of the file of {} bytes",
+                            index.size, index.offset, fileSize));
   }
 }
 
-[[noreturn]] void failDamaged(const std::string& cause) {
-  throw FileError(FileIoStatus::ReadError, "The index is damaged: " + cause);
+[[noreturn]] void failIndex(const std::string& cause) {
+  failDamaged("The index is damaged: " + cause);
 }
 
 void requireHash(std::uint64_t hash, const IndexLocation& index) {
   if (hash != index.hash) {
-    failDamaged("hash mismatch");
+    failIndex("hash mismatch");
   }
 }
 
@@ -118,7 +124,7 @@ void checkLargeIndex(InputSource& source, const IndexLocation& index) {
     return zeros <= MAX_ZEROS;
   });
   if (!hash) {
-    failDamaged(fmt::format("of its {} bytes, more than {} are zeros", index.size, MAX_ZEROS));
+    failIndex(fmt::format("of its {} bytes, more than {} are zeros", index.size, MAX_ZEROS));
   }
   requireHash(*hash, index);
 }
@@ -145,7 +151,7 @@ IndexLocation readHeader(InputSource& source) {
   }
   const auto index = header.find("index");
   if (index == header.end() || !index->is_object()) {
-    refuse("The header does not say where the index is");
+    failDamaged("The header does not say where the index is");
   }
   const IndexLocation location{numberOf(*index, "offset"), numberOf(*index, "size"), hashFrom(*index),
                                version};
@@ -180,9 +186,8 @@ void DatabaseIndex::readOffsets(ByteReader& in, std::uint64_t end) {
     // The chunks must fit before the index.
     if (position > end || gap > (end - position) / CHUNK_ALIGNMENT ||
         row.bytes() > end - position - gap * CHUNK_ALIGNMENT) {
-      throw FileError(FileIoStatus::ReadError,
-                      fmt::format("Array {} \"{}\" of {} bytes overlaps the index", _offsets.size(),
-                                  vemo::shortName(_tables.getName(row)), row.bytes()));
+      failDamaged(fmt::format("Array {} \"{}\" of {} bytes overlaps the index", _offsets.size(),
+                              vemo::shortName(_tables.getName(row)), row.bytes()));
     }
     _offsets.push_back(position + gap * CHUNK_ALIGNMENT);
     position = _offsets.back() + row.bytes();
@@ -200,7 +205,7 @@ void DatabaseIndex::readRecords(ByteReader& in) {
     _records.push_back(record);
   }
   if (in.left() != 0) {
-    throw FileError(FileIoStatus::ReadError, fmt::format("{} bytes follow the last record", in.left()));
+    failDamaged(fmt::format("{} bytes follow the last record", in.left()));
   }
 }
 

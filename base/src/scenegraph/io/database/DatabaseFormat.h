@@ -38,8 +38,8 @@ struct IndexLocation {
 
 std::string makeHeader(const IndexLocation& index);
 
-/// What comes before the index is checked; UnsupportedFormat for
-/// anything that is not a database.
+/// What comes before the index is checked; UnsupportedFormat for anything
+/// that does not begin as a database does, or is of a later version.
 IndexLocation readHeader(InputSource& source);
 
 /// The zeros from a position to the next chunk.

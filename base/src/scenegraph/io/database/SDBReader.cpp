@@ -32,23 +32,30 @@ namespace {
 constexpr std::uint64_t ARRAY_BYTES = std::uint64_t{2} << 30U;
 constexpr std::uint64_t ARRAY_BYTES_PER_BYTE = 1000;
 
+[[noreturn]] void failToOpen(int error) {
+  const std::string cause = std::generic_category().message(error);
+  if (io::openingStatus(error) == io::FileIoStatus::NotFound) {
+    throw io::FileError(io::FileIoStatus::NotFound, cause);
+  }
+  throw io::UnreadableFile(cause, error);
+}
+
 /// Opens a regular file: opening a pipe would block.
 std::ifstream openFile(const std::string& path) {
   // The system would take the path up to the zero.
   if (path.find('\0') != std::string::npos) {
-    throw io::FileError(io::FileIoStatus::NotFound, std::generic_category().message(ENOENT));
+    failToOpen(ENOENT);
   }
   struct stat status {};
   if (::stat(path.c_str(), &status) != 0) {
-    const int error = errno;
-    throw io::FileError(io::openingStatus(error), std::generic_category().message(error));
+    failToOpen(errno);
   }
   if (!S_ISREG(status.st_mode)) {
-    throw io::FileError(io::FileIoStatus::ReadError, "It is not a regular file");
+    throw io::UnreadableFile("It is not a regular file", 0);
   }
   std::ifstream file(path, std::ios::binary);
   if (!file) {
-    throw io::FileError(io::FileIoStatus::ReadError, std::generic_category().message(errno));
+    failToOpen(errno);
   }
   return file;
 }

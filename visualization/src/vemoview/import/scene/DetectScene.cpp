@@ -33,7 +33,7 @@ std::string readStart(const std::wstring& path) {
   try {
     return OS::ReadableFile(toNativePath(path)).readStart(ENOUGH);
   } catch (const std::system_error& error) {
-    throw openingError(path, error.code().value());
+    failToOpen(path, error.code().value());
   }
 }
 
@@ -98,17 +98,17 @@ void requireReadable(const std::wstring& path) {
   const std::string file = toNativePath(path);
   struct stat status {};
   if (wideStat(path.c_str(), &status) != 0) {
-    throw openingError(path, errno);
+    failToOpen(path, errno);
   }
   if (S_ISDIR(status.st_mode)) {
     throw FileError(FileIoStatus::UnsupportedFormat, fmt::format("\"{}\" is a folder, not a file", file));
   }
   if (!S_ISREG(status.st_mode)) {
-    throw FileError(FileIoStatus::ReadError, fmt::format("\"{}\" is a {}, not a file", file,
-                                                         S_ISFIFO(status.st_mode) ? "pipe" : "device"));
+    throw lum::io::UnreadableFile(
+        fmt::format("\"{}\" is a {}, not a file", file, S_ISFIFO(status.st_mode) ? "pipe" : "device"), 0);
   }
   if (faccessat(AT_FDCWD, file.c_str(), R_OK, AT_EACCESS) != 0) {
-    throw openingError(path, errno);
+    failToOpen(path, errno);
   }
   if (status.st_size == 0) {
     throw FileError(FileIoStatus::UnsupportedFormat, fmt::format("\"{}\" is empty", file));
@@ -128,7 +128,7 @@ SceneKind detectScene(const std::wstring& path) {
     case SceneFormatHandler::FileMissing:
     case SceneFormatHandler::FileUnreadable:
       // The absolute path may be too long, also of a file that is there.
-      throw openingError(path, detected.error);
+      failToOpen(path, detected.error);
     case SceneFormatHandler::UnknownFormat:
       break;
   }

@@ -92,14 +92,14 @@ DetectedFormat detectFormat(const std::wstring& path, std::ostream& messages) {
   }
 }
 
-FileError openingError(const std::wstring& path, int error) {
+void failToOpen(const std::wstring& path, int error) {
   const std::string file = toNativePath(path);
   const FileIoStatus status = lum::io::openingStatus(error);
   if (status == FileIoStatus::NotFound) {
-    return {status, fmt::format("File \"{}\" does not exist", file)};
+    throw FileError(status, fmt::format("File \"{}\" does not exist", file));
   }
   const std::string cause = error != 0 ? ": " + std::generic_category().message(error) : "";
-  return {status, fmt::format("Can't open file \"{}\"{}", file, cause)};
+  throw lum::io::UnreadableFile(fmt::format("Can't open file \"{}\"{}", file, cause), error);
 }
 
 }  // namespace vemo

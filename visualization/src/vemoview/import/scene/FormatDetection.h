@@ -17,8 +17,9 @@ struct DetectedFormat {
 
 DetectedFormat detectFormat(const std::wstring& path, std::ostream& messages);
 
-/// For a file that cannot be opened or read, with the cause if it is known.
+/// For a file that cannot be opened or read, with the cause if it is known: throws UnreadableFile, or
+/// FileError (NotFound) for one that does not exist.
 /// @param error the system's number; 0 if it is not known
-lum::io::FileError openingError(const std::wstring& path, int error);
+[[noreturn]] void failToOpen(const std::wstring& path, int error);
 
 }  // namespace vemo

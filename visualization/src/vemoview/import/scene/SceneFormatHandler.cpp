@@ -48,6 +48,15 @@ void forgetFilesOfParent(std::list<std::wstring>& files) {
   }
 }
 
+FileIoStatus reportFailure(const std::wstring& path, int error, std::ostream& messages) {
+  try {
+    failToOpen(path, error);
+  } catch (const FileError& cause) {
+    messages << cause.what() << std::endl;
+    return cause.getStatus();
+  }
+}
+
 void deleteTemporaryFile(const std::wstring& path) {
   if (!Platform::filesystem().exists(path)) {
     return;
@@ -103,11 +112,8 @@ FileIoStatus SceneFormatHandler::loadVemoScene(const std::wstring& path, Loading
   const DetectedFormat detected = detectFormat(path, messages);
   switch (detected.format) {
     case FileMissing:
-    case FileUnreadable: {
-      const FileError cause = openingError(path, detected.error);
-      messages << cause.what() << std::endl;
-      return cause.getStatus();
-    }
+    case FileUnreadable:
+      return reportFailure(path, detected.error, messages);
     case ZippedScene:
       VEMO_LOG_INFO("Old format, converting...\n");
       pathToLoad = convertZippedScene(path, progress);
