@@ -28,6 +28,10 @@ std::string describeShort(const ZipFileReader::ContentFlaws& flaws, std::uint64_
                          : std::string();
 }
 
+std::string failureToRead(const std::string& entryName) {
+  return "Entry '" + entryName + "' cannot be read";
+}
+
 /// @param what fails
 [[noreturn]] void failTooMuchData(const std::string& what, const std::string& entryName) {
   failAt<IOException>(what +
@@ -59,7 +63,7 @@ Array_t<unsigned char> ArchiveReader::loadEntry(const std::string& entryName,
   }
   const auto [used, isFirstUse] = _used.try_emplace(entryName);
   ZipFileReader::ContentFlaws& flaws = used->second;
-  const std::string failure = "Entry '" + entryName + "' cannot be read";
+  const std::string failure = failureToRead(entryName);
   if (const std::string cause = _archive.describeUnsupported(entryName); !cause.empty()) {
     failIncomplete(entryName, cause);
   }
@@ -123,6 +127,10 @@ void ArchiveReader::countNormals(std::int64_t count, std::int64_t corners) {
   requireData(bytes, failure, "");
   addCopy(bytes + BYTES_OF_CORNER * static_cast<std::uint64_t>(corners), failure, "");
   _normalBytes += bytes;
+}
+
+void ArchiveReader::countCopy(const std::string& entryName) {
+  addCopy(static_cast<std::uint64_t>(_archive.getSize(entryName)), failureToRead(entryName), entryName);
 }
 
 // What is refused is not counted: it does not keep others from being read.

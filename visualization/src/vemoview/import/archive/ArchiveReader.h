@@ -49,6 +49,10 @@ class ArchiveReader {
   /// content.
   void countNormals(std::int64_t count, std::int64_t corners);
 
+  /// Before the content of an entry that was read is used once more: throws IOException when that is out
+  /// of proportion.
+  void countCopy(const std::string& entryName);
+
   /// In all.
   std::uint64_t countBytesRead() const { return _bytesRead; }
 
@@ -76,7 +80,7 @@ class ArchiveReader {
   std::uint64_t _contentSize;
   std::uint64_t _bytesRead = 0;
   std::uint64_t _compressedBytesRead = 0;
-  /// What was read again, and normals.
+  /// What was read or used again, and normals.
   std::uint64_t _copiedBytes = 0;
   std::uint64_t _normalBytes = 0;
   /// Those asked for.

@@ -14,6 +14,7 @@
 #include <vtkUnsignedCharArray.h>
 
 #include <cmath>
+#include <tuple>
 #include <utility>
 
 namespace vemo {
@@ -94,11 +95,23 @@ vtkSmartPointer<vtkPoints> DecodedEntries::getPoints(const std::string& entry) {
 
 vtkSmartPointer<vtkFloatArray> DecodedEntries::getArray(const std::string& entry, const std::string& name,
                                                         int components) {
-  auto& array = _arrays[{entry, name, components}];
-  if (array == nullptr) {
-    array = copyArray(entry, name, components);
+  const std::tuple key(entry, components, name);
+  const auto first = _arrays.lower_bound({entry, components, std::string()});
+  const auto known = _arrays.find(key);
+  if (known != _arrays.end()) {
+    return known->second;
   }
-  return array;
+  const bool isAlike =
+      first != _arrays.end() && std::get<0>(first->first) == entry && std::get<1>(first->first) == components;
+  if (!isAlike) {
+    return _arrays.emplace(key, copyArray(entry, name, components)).first->second;
+  }
+  _archive.countCopy(entry);
+  // It shares the values.
+  auto array = vtkSmartPointer<vtkFloatArray>::New();
+  array->ShallowCopy(first->second);
+  array->SetName(name.c_str());
+  return _arrays.emplace(key, array).first->second;
 }
 
 vtkSmartPointer<vtkFloatArray> DecodedEntries::copyArray(const std::string& entry, const std::string& name,

@@ -40,7 +40,8 @@ class DecodedEntries {
   /// counted, as are the arrays.
   vtkSmartPointer<vtkPoints> getPoints(const std::string& entry);
 
-  /// A remainder is left out. Triples are replaced by their lengths.
+  /// A remainder is left out. Triples are replaced by their lengths. Those that only differ in the name
+  /// share their values.
   vtkSmartPointer<vtkFloatArray> getArray(const std::string& entry, const std::string& name, int components);
 
   /// Such an array that the caller alone has.
@@ -79,7 +80,8 @@ class DecodedEntries {
   vtkSmartPointer<vtkFloatArray> _pendingFloats;
 
   std::map<std::string, vtkSmartPointer<vtkPoints>> _points;
-  std::map<std::tuple<std::string, std::string, int>, vtkSmartPointer<vtkFloatArray>> _arrays;
+  /// By the entry, the number of components, and the name.
+  std::map<std::tuple<std::string, int, std::string>, vtkSmartPointer<vtkFloatArray>> _arrays;
   std::map<std::pair<std::string, int>, vtkSmartPointer<vtkUnsignedCharArray>> _pixels;
   std::map<std::tuple<std::string, CellKind, vtkIdType>, ImportedCells> _cells;
   /// By the points and the cells of each kind.
