@@ -327,7 +327,7 @@ TEST(ScenePictureTest, TransformsLeaveClippingPlanesWhereTheyAre) {
 }
 
 TEST(ScenePictureTest, PutsAColormapOfOneValueInTheMiddle) {
-  for (const double value : {0.0, 0.1, -7e6}) {
+  for (const double value : {0.0, 0.1, 7.0, -7e6}) {
     for (const auto scale : {lum::ScaleMode::LINEAR, lum::ScaleMode::LOG10}) {
       RenderScene scene;
       const auto cells = makePolyData(flat({-1, -1, 0, -1, 1, -1, -1, 1, 0, 1, 1, 1}),
@@ -335,13 +335,17 @@ TEST(ScenePictureTest, PutsAColormapOfOneValueInTheMiddle) {
       // As a file has it: rounded.
       cells->GetCellData()->AddArray(makeArray(
           "pressure", {static_cast<float>(value), static_cast<float>(value + 1 + std::abs(value))}));
-      auto& table = colorByArray(scene.addSurface(cells, {1, 1, 1}), "pressure", lum::DataLocation::CELLS,
-                                 {0, 0, 1, 1, 0, 1, 0, 1, 1, 0, 0, 1});
+      cells->GetPointData()->AddArray(makeArray("pressure", std::vector(6, static_cast<float>(value))));
+      auto& surface = scene.addSurface(cells, {1, 1, 1});
+      auto& table = colorByArray(surface, "pressure", lum::DataLocation::CELLS,
+                                 {0, 0, 1, 1, 1, 1, 1, 1, 0, 1, 0, 1, 1, 0, 0, 1});
       table.setScalarRange({value, value});
       table.setScaleMode(scale);
       const Picture picture = scene.render();
       EXPECT_EQ(at(picture, -0.5, 0), (Picture::Pixel{0, 255, 0})) << value;
       EXPECT_EQ(at(picture, 0.5, 0), (Picture::Pixel{255, 0, 0})) << value;
+      surface.getAttributes<lum::DataLocationAttributes>().setDataLocation(lum::DataLocation::POINTS);
+      EXPECT_EQ(at(scene.render(), -0.5, 0), (Picture::Pixel{0, 255, 0})) << value;
     }
   }
 }

@@ -67,13 +67,14 @@ TEST(SceneEditTest, FindsItemsByNameOrPath) {
 
 TEST(SceneEditTest, RevealsWithoutWhatElseIsHidden) {
   Items items;
-  for (lum::Drawable* const drawable : {&items.body, &items.inner}) {
+  for (lum::Drawable* const drawable : {&items.drawables(), &items.inner}) {
     lum::setShown(*drawable, false);
   }
   lum::revealAll(items.wing);
-  EXPECT_TRUE(lum::isShown(items.body));
+  EXPECT_TRUE(lum::isShown(items.drawables()) && lum::isShown(items.body));
   EXPECT_TRUE(lum::isShown(items.inner));
-  EXPECT_FALSE(lum::isShown(items.rudder));
+  EXPECT_FALSE(lum::isShown(items.rudder)) << "was in a shown one within the hidden one";
+  EXPECT_FALSE(lum::isShown(items.slash));
 }
 
 /// A legend of a table.

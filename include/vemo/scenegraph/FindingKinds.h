@@ -58,7 +58,7 @@
   KIND(LEGEND_WITHOUT_COLORMAP, LOST, "A legend without a colormap is left out.") \
   KIND(LEGENDS_OVERLAP, LOST, "A legend covers another one, and there is no room beside it.") \
   KIND(LIGHTS_LIMITED, LOST, "There are too many lights: only the first ones are used.") \
-  KIND(NOT_COLORED_BY_ARRAY, CHANGED, "A geometry is not coloured by data: its array is missing or has the wrong size.") \
+  KIND(NOT_COLORED_BY_ARRAY, CHANGED, "A geometry is not coloured by data: its array is missing, has the wrong size, or is over points where those of its node are coloured over cells, or the reverse.") \
   KIND(NUMBER_INVALID, REFUSED, "A value that must be a number is not one.") \
   KIND(PAYLOAD_DAMAGED, LOST, "Data of the scene graph in an archive cannot be read or are missing.") \
   KIND(PAYLOAD_UNUSED, LOST, "The scene graph in an archive has graphs that are not in its scene, or an archive or database has arrays that no node has.") \

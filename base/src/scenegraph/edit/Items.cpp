@@ -74,11 +74,8 @@ void setShown(Drawable& drawable, bool isVisible) {
 void reveal(Drawable& drawable) {
   auto* const owner = dynamic_cast<Drawable*>(drawable.getOwner());
   if (owner != nullptr && !(isShown(*owner) && areOwnersShown(*owner))) {
-    const bool wasShown = isShown(*owner);
     reveal(*owner);
-    if (!wasShown) {
-      hideContent(*owner);
-    }
+    hideContent(*owner);
   }
   setShown(drawable, true);
 }

@@ -26,7 +26,7 @@ inline double deviationOf(double left, double right) {
   return std::isfinite(distance) ? distance / scale : std::abs(left / scale - right / scale);
 }
 
-/// The same for whole numbers, of which a double cannot tell all apart.
+/// How far whole numbers differ, of which a double cannot tell all apart.
 template <std::integral T>
 double deviationOf(T left, T right) {
   const auto [least, greatest] = std::minmax(left, right);
@@ -67,7 +67,8 @@ std::optional<Difference::Extent> findExtent(std::span<const T> left, std::span<
     return std::nullopt;
   }
   extent.total = static_cast<std::int64_t>(left.size());
-  extent.deviation = most;
+  // No tolerance applies to whole numbers.
+  extent.deviation = std::integral<T> ? std::numeric_limits<double>::infinity() : most;
   return extent;
 }
 

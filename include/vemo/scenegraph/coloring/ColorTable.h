@@ -49,7 +49,7 @@ class SharedColors {
 /// From numbers to colours. The range is divided into equal intervals, one for
 /// each colour; numbers outside it have the colour of the nearer end. Of values
 /// with several components the first counts. A range of one value gives that the
-/// colour in the middle.
+/// colour in the middle, or the higher of two.
 struct ColorTable {
   /// That of the low end first; at least one colour.
   SharedColors rgba;

@@ -13,13 +13,18 @@ namespace vemo {
 
 namespace {
 
-Vector<2, double> widened(const Vector<2, double>& range) {
+/// Puts the value of an empty range in the middle of a colour. Where two colours meet, rounding would
+/// choose one over points and the other over cells: of an even number it is the higher of the two.
+Vector<2, double> widened(const Vector<2, double>& range, vtkIdType colors) {
   constexpr double ROUNDING = 1e-6;
   if (range[0] < range[1]) {
     return range;
   }
   const double margin = std::max(std::abs(range[0]) * ROUNDING, double{std::numeric_limits<float>::min()});
-  return {range[0] - margin, range[0] + margin};
+  const vtkIdType middle = colors / 2;
+  const double share = (static_cast<double>(middle) + 0.5) / static_cast<double>(colors);
+  const double low = range[0] - 2.0 * margin * share;
+  return {low, low + 2.0 * margin};
 }
 
 vtkSmartPointer<vtkLookupTable> makeTable(vtkUnsignedCharArray& colors, vtkIdType count,
@@ -60,7 +65,8 @@ vtkSmartPointer<vtkLookupTable> makeVtkLookupTable(std::span<const std::uint8_t>
 }
 
 vtkSmartPointer<vtkLookupTable> makeVtkLookupTable(const ColorTable& table, vtkUnsignedCharArray& colors) {
-  return makeTable(colors, countColors(table.rgba.get()), widened(table.range), table.isLog10);
+  const vtkIdType count = countColors(table.rgba.get());
+  return makeTable(colors, count, widened(table.range, count), table.isLog10);
 }
 
 vtkSmartPointer<vtkLookupTable> makeVtkLookupTable(const ColorTable& table) {

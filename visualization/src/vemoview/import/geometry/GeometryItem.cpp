@@ -1,6 +1,7 @@
 #include "geometry/Connectivity.h"
 #include "geometry/data/NamedArrays.h"
 #include "geometry/data/SharedPolyData.h"
+#include "scenegraph/attributes/PixelLimits.h"
 #include "vemoview/import/geometry/GeometryDrawableBuilder.h"
 #include "vemoview/import/geometry/GeometryKeys.h"
 #include "vemoview/import/geometry/PointBounds.h"
@@ -51,9 +52,6 @@ constexpr const char* SHOW_FACES = "showFaces";
 constexpr const char* SHOW_EDGES = "showEdges";
 constexpr const char* CONTOUR = "contour";
 constexpr const char* LIGHTING[] = {"ambient", "diffuse", "specular", "specularPower"};
-
-/// Of lines and points, in pixels; pictures contain no wider ones.
-constexpr double WIDEST = 4096.0;
 
 bool hasGeometry(const lum::GeometryDrawable& drawable) {
   return drawable.find<lum::PolyDataNode>() != nullptr;
@@ -217,14 +215,15 @@ void GeometryItem::reportSettingsOutOfRange(const QxElement& element, SceneFileR
   if (width < 0.0) {
     report(width, "lineWidth", "counts as 0");
   }
-  if (_settings.pointSize <= 0.0) {
+  if (_settings.pointSize < lum::LEAST_PIXELS) {
     report(_settings.pointSize, "pointSize", "is drawn as 1");
   }
   if (_settings.pointScaleMode < 0 || _settings.pointScaleMode > 2) {
     report(_settings.pointScaleMode, "pointScaleMode", "counts as 0");
   }
   for (const auto& [key, value, greatest] :
-       {std::tuple("lineWidth", width, WIDEST), std::tuple("pointSize", _settings.pointSize, WIDEST),
+       {std::tuple("lineWidth", width, lum::GREATEST_PIXELS),
+        std::tuple("pointSize", _settings.pointSize, lum::GREATEST_PIXELS),
         std::tuple("ambient", _settings.ambient, 1.0), std::tuple("diffuse", _settings.diffuse, 1.0),
         std::tuple("specular", _settings.specular, 1.0),
         std::tuple("specularPower", _settings.specularPower, 128.0)}) {

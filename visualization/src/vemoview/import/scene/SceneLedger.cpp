@@ -29,6 +29,9 @@ Outcome outcomeOf(FindingCode code) {
     case FindingCode::ATTRIBUTE_WITHOUT_EFFECT:
     case FindingCode::DESCRIPTION_REPLACED:
       return Outcome::UNUSED;
+    case FindingCode::POINTS_WITHOUT_POSITION:
+      // It is only not drawn.
+      return Outcome::KEPT;
     default:
       break;
   }

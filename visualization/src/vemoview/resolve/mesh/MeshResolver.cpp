@@ -200,6 +200,24 @@ class MeshBuilder {
     }
   }
 
+  const lum::ArrayTable& arraysAt(bool isAtCells) const {
+    return isAtCells ? _node.getCellDataArrays() : _node.getNodeDataArrays();
+  }
+
+  /// All meshes of a drawable are coloured over points, or all over cells. Another one of them may have
+  /// an array that is in neither place.
+  void handleMissing(const lum::DataArrayAttributes& array, bool isAtCells) {
+    const std::string& name = array.getDataArrayName();
+    if (findArray(arraysAt(!isAtCells), name) == nullptr) {
+      _missingArray = &array;
+      return;
+    }
+    reportFinding(
+        FindingCode::NOT_COLORED_BY_ARRAY,
+        fmt::format("\"{}\" is not coloured by data: its array \"{}\" is over {}", itemNameOf(_node), name,
+                    isAtCells ? "points instead of cells" : "cells instead of points"));
+  }
+
   void putScalars() {
     const auto* const scalars = lum::findColoringScalars(_drawable);
     if (scalars == nullptr) {
@@ -207,10 +225,9 @@ class MeshBuilder {
     }
     const bool isAtCells = lum::coloringLocation(_drawable) == lum::DataLocation::CELLS;
     vtkPolyData& geometry = *_geometry;
-    vtkDataArray* const array = findArray(isAtCells ? _node.getCellDataArrays() : _node.getNodeDataArrays(),
-                                          scalars->hasDataArray()->getDataArrayName());
+    vtkDataArray* const array = findArray(arraysAt(isAtCells), scalars->hasDataArray()->getDataArrayName());
     if (array == nullptr) {
-      _missingArray = scalars->hasDataArray();
+      handleMissing(*scalars->hasDataArray(), isAtCells);
       return;
     }
     if (!fits(array, isAtCells ? geometry.GetNumberOfCells() : geometry.GetNumberOfPoints())) {

@@ -171,12 +171,15 @@ void reportUnusableSizes(const lum::PointScaleAttributes& scale, const std::stri
   };
   const auto& sizes = scale.getMapToRange();
   const auto& isUnknown = scale.getUnknownSizes();
-  const auto isUnusable = [](double size) { return !std::isfinite(size) || size <= 0.0; };
+  const bool isInPixels = scale.getPixelSize();
+  const auto isUnusable = [isInPixels](double size) {
+    return !std::isfinite(size) || (isInPixels ? size < lum::LEAST_PIXELS : size <= 0.0);
+  };
   if ((!isUnknown[0] && isUnusable(sizes[0])) || (!isUnknown[1] && isUnusable(sizes[1]))) {
-    add("sizes that are not above 0 are drawn as 1 pixel");
+    add("sizes that are not above 0, or too close to it, are drawn as 1 pixel");
   }
-  if (scale.getPixelSize() && std::ranges::any_of(sizes, [](double size) { return size > MAX_PIXELS; })) {
-    add(fmt::format("sizes above {0} are drawn as {0} pixels", MAX_PIXELS));
+  if (isInPixels && std::ranges::any_of(sizes, [](double size) { return size > lum::GREATEST_PIXELS; })) {
+    add(fmt::format("sizes above {0} are drawn as {0} pixels", lum::GREATEST_PIXELS));
   }
   if (!changes.empty()) {
     reportFinding(FindingCode::POINT_SCALE_ADJUSTED, fmt::format("{} are scaled to sizes from {} to {}: {}",

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "scenegraph/attributes/CameraLimits.h"
+#include "scenegraph/attributes/PixelLimits.h"
 #include <vemo/base/Vector.h>
 
 #include <algorithm>
@@ -25,12 +26,9 @@ inline Vector3 usableColor(const Vector3& color) {
   return {unitValue(color[0], 0.0), unitValue(color[1], 0.0), unitValue(color[2], 0.0)};
 }
 
-/// A driver need not accept points and lines that are wider than any screen.
-inline constexpr double MAX_PIXELS = 4096.0;
-
 /// The size of a point or a line.
 inline double usablePixels(double value) {
-  return std::isfinite(value) && value > 0.0 ? std::min(value, MAX_PIXELS) : 1.0;
+  return std::isfinite(value) && value >= lum::LEAST_PIXELS ? std::min(value, lum::GREATEST_PIXELS) : 1.0;
 }
 
 }  // namespace vemo
