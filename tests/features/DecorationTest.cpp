@@ -5,6 +5,9 @@
 #include "render/Pixels.h"
 #include <vemo/render/MeasureText.h>
 
+#include <vtkObjectFactory.h>
+#include <vtkSmartPointer.h>
+
 #include <array>
 #include <gtest/gtest.h>
 
@@ -172,6 +175,11 @@ TEST(AnnotationFeatureTest, StandsInTheWindowByAnyOfItsPoints) {
     EXPECT_NEAR(measured.high[0], box.right - 0.5 * SIZE, 1);
     EXPECT_NEAR(measured.high[1], box.top - 0.5 * SIZE, 1);
   }
+}
+
+TEST(AnnotationFeatureTest, IsMeasuredWithASoundCacheOfGlyphs) {
+  const auto tools = vtkSmartPointer<vtkObject>::Take(vtkObjectFactory::CreateInstance("vtkFreeTypeTools"));
+  EXPECT_NE(tools, nullptr);
 }
 
 TEST(AnnotationFeatureTest, StandsInTheModelInFrontOfAll) {

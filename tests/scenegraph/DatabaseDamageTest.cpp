@@ -413,6 +413,14 @@ TEST_F(DatabaseDamageTest, RefusesWhatIsOutOfProportionToTheFile) {
   for (const auto& [index, message] : cases) {
     EXPECT_THAT(tryToRead(DatabaseBytes({}, index).join()), HasSubstr(message));
   }
+  const auto emptyArrays = [&](const std::string& components, int count) {
+    const std::string rows = repeat("\11"s + components + "\0\0"s + std::string(8, '\0'), count);
+    const std::string index = name + "\0"s + encoded(count) + rows + std::string(count + 1, '\0');
+    return tryToRead(DatabaseBytes({}, index).join());
+  };
+  EXPECT_THAT(emptyArrays("\x80\10", 4000), HasSubstr("out of proportion"));
+  EXPECT_THAT(emptyArrays("\1", 100'000), HasSubstr("out of proportion"));
+  EXPECT_THAT(emptyArrays("\x80\10", 3000), HasSubstr("the file has 0 records"));
   const auto geometry = make<lum::PolyDataNode>();
   geometry->setNodeDataArray(makeArray("wide", {}, 1025));
   EXPECT_EQ(writeDatabase(path, *geometry), FileIoStatus::WriteError);

@@ -23,8 +23,8 @@ void ContentBudget::use(std::uint64_t bytes) {
   if (bytes > _allowed - _used) {
     throw FileError(
         FileIoStatus::ReadError,
-        fmt::format("Texts, keys and arrays that are used many times take more than {} bytes, which is "
-                    "out of proportion to the file",
+        fmt::format("Texts, keys and arrays that are used many times, and arrays that are empty, take more "
+                    "than {} bytes, which is out of proportion to the file",
                     _allowed));
   }
   _used += bytes;

@@ -6,9 +6,9 @@
 
 namespace lum::io {
 
-/// Limits the memory that texts, keys and lists of arrays take. A file has each text and
-/// array once, and a byte or two wherever it is used; none at all where it is a default of
-/// the file.
+/// Limits the memory that texts, keys, lists of arrays and empty arrays take. A file has each
+/// text and array once, and a byte or two wherever it is used; none at all where it is a
+/// default of the file. Of an empty array it has a dozen bytes.
 /// Nodes are limited, too, if that is asked for.
 class ContentBudget {
  public:

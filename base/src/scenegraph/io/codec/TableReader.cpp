@@ -20,6 +20,9 @@ constexpr std::size_t MAX_DEFAULT_BYTES = 256;
 /// Of all programs together, whatever their versions.
 constexpr std::size_t MAX_CLASSES = 1024;
 
+/// An empty array as VTK keeps it, besides a tuple that it converts values in.
+constexpr std::uint64_t EMPTY_ARRAY_BYTES = 512;
+
 /// Empty lists are not in the table.
 constexpr std::size_t MIN_LIST_BYTES = 1 + sizeof(double);
 
@@ -115,11 +118,14 @@ void TableReader::read(ByteReader& in, bool hasLists) {
   count = in.count("arrays", MIN_ROW_BYTES);
   reserveFirst(_chunks, count);
   for (; count > 0; --count) {
-    _chunks.push_back(readRow(in, getStringCount()));
-    if (_chunks.back().name != 0) {
-      const std::string_view name = getString(_chunks.back().name - 1);
+    const ChunkRow& row = _chunks.emplace_back(readRow(in, getStringCount()));
+    if (row.name != 0) {
+      const std::string_view name = getString(row.name - 1);
       _budget.useText(name);
       requireArrayName(name, _chunks.size() - 1);
+    }
+    if (row.tuples == 0) {
+      _budget.use(EMPTY_ARRAY_BYTES + sizeof(double) * row.components);
     }
   }
 }
