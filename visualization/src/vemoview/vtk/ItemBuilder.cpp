@@ -44,7 +44,7 @@ std::size_t ItemBuilder::addPath(const lum::Node& node) {
 PropGroup& ItemBuilder::addGroup(const lum::Drawable& drawable, bool isVisible, vtkRenderer& renderer) {
   const auto [place, isNew] = _indices.try_emplace(&drawable, _items.size());
   if (isNew) {
-    _items.push_back({itemNameOf(drawable), addPath(drawable), isVisible, {}});
+    _items.push_back({wholeItemNameOf(drawable), addPath(drawable), isVisible, {}});
   }
   auto& groups = _items[place->second].groups;
   groups.push_back(std::make_unique<PropGroup>(renderer));

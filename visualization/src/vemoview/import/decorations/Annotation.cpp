@@ -50,7 +50,7 @@ void Annotation::addToCollection(SharedBySiblings& shared, lum::DrawableCollecti
                                  const std::string& /*parentName*/) const {
   if (isBlank(_text)) {
     report(shared.context, FindingCode::ANNOTATION_WITHOUT_TEXT,
-           "The annotation \"" + getName() + "\" has no text and is left out");
+           "The annotation " + ReadingContext::quoted(getName()) + " has no text and is left out");
     return;
   }
   const bool inWindow = _mode == lum::CoordinateSpace::WINDOW;

@@ -87,7 +87,8 @@ lum::TriadDrawable& CoordinateSystemItem::openTriad(SharedBySiblings& shared,
     return *other;
   }
   reportReplaced(shared, *earlier, FindingCode::ITEM_REPLACED,
-                 "The coordinate system \"" + getName() + "\" is replaced by a later one of the same name");
+                 "The coordinate system " + ReadingContext::quoted(getName()) +
+                     " is replaced by a later one of the same name");
   return *earlier;
 }
 

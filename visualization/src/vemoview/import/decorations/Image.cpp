@@ -123,7 +123,7 @@ void Image::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& c
                             const std::string& /*parentName*/) const {
   if (!_pixels) {
     report(shared.context, FindingCode::IMAGE_WITHOUT_PIXELS,
-           "The image \"" + getName() + "\" has no pixels and is left out");
+           "The image " + ReadingContext::quoted(getName()) + " has no pixels and is left out");
     return;
   }
   const bool inWindow = isInWindow();

@@ -94,22 +94,23 @@ const Colormap* Legend::chooseColormap(const SharedBySiblings& shared) const {
 
 void Legend::reportChoice(const Colormap& chosen, const SharedBySiblings& shared,
                           const std::string& assemblyName) const {
-  const std::string legend = "The legend of \"" + assemblyName + "\" ";
+  const std::string legend = "The legend of " + ReadingContext::quoted(assemblyName) + ' ';
   if (!_colormapName.empty() && chosen.getName() != _colormapName) {
     const ReadingContext::AttributeScope scope(shared.context, COLORMAP);
     report(shared.context, FindingCode::COLORMAP_UNKNOWN,
-           legend + "names a colormap \"" + _colormapName + "\" that its assembly does not have");
+           legend + "names a colormap " + ReadingContext::quoted(_colormapName) +
+               " that its assembly does not have");
   }
   if (&chosen == shared.colormap) {
     return;
   }
-  const std::string shown = legend + "shows the colormap \"" + chosen.getName() + '"';
-  const std::string colors = "the colours of \"" + shared.colormap->getName() + '"';
+  const std::string shown = legend + "shows the colormap " + ReadingContext::quoted(chosen.getName());
+  const std::string colors = "the colours of " + ReadingContext::quoted(shared.colormap->getName());
   const bool isOuter = shared.coloringAssembly != nullptr &&
                        shared.assemblyColormaps->find(shared.colormap->getName()) != shared.colormap;
   report(shared.context, FindingCode::LEGEND_OF_OTHER_COLORS,
-         isOuter ? shown + " of its own assembly, which has " + colors + " of the assembly \"" +
-                       *shared.coloringAssembly + "\" around it"
+         isOuter ? shown + " of its own assembly, which has " + colors + " of the assembly " +
+                       ReadingContext::quoted(*shared.coloringAssembly) + " around it"
                  : shown + ", but the assembly has " + colors);
 }
 
@@ -118,7 +119,7 @@ void Legend::addToCollection(SharedBySiblings& shared, lum::DrawableCollection& 
   const Colormap* const colormap = chooseColormap(shared);
   if (colormap == nullptr) {
     report(shared.context, FindingCode::LEGEND_WITHOUT_COLORMAP,
-           "The legend of \"" + parentName + "\" has no colormap and is left out");
+           "The legend of " + ReadingContext::quoted(parentName) + " has no colormap and is left out");
     return;
   }
   reportChoice(*colormap, shared, parentName);

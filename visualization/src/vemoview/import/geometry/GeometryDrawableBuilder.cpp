@@ -164,8 +164,8 @@ void GeometryDrawableBuilder::applyPointScale() {
   if (scale.getScaleMode() != lum::PointScaleMode::CONSTANT && sizes == nullptr &&
       _polyData.GetPointData()->HasArray(_settings.pointScaleScalarName.c_str()) != 0) {
     report(_context, FindingCode::POINTS_NOT_SCALED,
-           "The points are not scaled by \"" + _settings.pointScaleScalarName +
-               "\": no sizes are stated for the ends of its range");
+           "The points are not scaled by " + ReadingContext::quoted(_settings.pointScaleScalarName) +
+               ": no sizes are stated for the ends of its range");
   }
   scale.setMapToRange(sizes != nullptr ? Vector<2, double>{(*sizes)[0], (*sizes)[1]}
                                        : Vector<2, double>{size, size});

@@ -430,22 +430,22 @@ void GeometryItem::addTo(lum::DrawableCollection& collection, vtkPolyData& polyD
       parts.isLightingUnknown ? before.withoutLighting() == after.withoutLighting() : before == after;
   if (isShared && !isKnownSame) {
     reportReplaced(shared, drawable, FindingCode::SETTINGS_REPLACED,
-                   "The settings of the geometry \"" + getName() +
-                       "\" are replaced by those of a later geometry with the same name and type");
+                   "The settings of the geometry " + ReadingContext::quoted(getName()) +
+                       " are replaced by those of a later geometry with the same name and type");
   }
   if (isShared && before != after) {
     keepReplacedSettings(shared, drawable);
   }
   if (isShared && hasSettingsOfOthers(drawable, parts)) {
     report(shared.context, FindingCode::SETTINGS_REPLACED,
-           "The geometry \"" + getName() +
-               "\" has settings of an earlier geometry with the same name and type that it does not state");
+           "The geometry " + ReadingContext::quoted(getName()) +
+               " has settings of an earlier geometry with the same name and type that it does not state");
   }
   shared.origins[&drawable] = getPlace();
   if (isColoredByOther && drawable.getColorAttributes()->getColorMode() == lum::ColorMode::DATA) {
     report(shared.context, FindingCode::COLORMAP_REPLACED,
-           "The data of \"" + getName() +
-               "\" have the colours of an earlier geometry with the same name and type");
+           "The data of " + ReadingContext::quoted(getName()) +
+               " have the colours of an earlier geometry with the same name and type");
   }
   parts.isLightingUnknown =
       _settings.isLightingUnknown || (parts.isLightingUnknown && !_settings.hasLighting());

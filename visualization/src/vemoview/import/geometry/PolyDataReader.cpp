@@ -116,7 +116,7 @@ bool PolyDataReader::fits(const GeometryArray& array, HeldFindings& held) {
     return false;
   }
   if (const std::string misfit = describeMisfit(array, count); !misfit.empty()) {
-    const std::string outcome = "array \"" + array.name + "\" is left out";
+    const std::string outcome = "array " + ReadingContext::quoted(array.name) + " is left out";
     leaveOut(array, held.describe({GeometryArray::COMPONENTS, GeometryArray::OF_POINTS}, "the " + outcome,
                                   "The " + outcome + ": " + misfit));
     return false;
@@ -127,8 +127,10 @@ bool PolyDataReader::fits(const GeometryArray& array, HeldFindings& held) {
   }
   // Those that count as normals are reported as such.
   if (components == COORDINATES && count >= components && array.name != NORMALS) {
-    _context.report(FindingCode::ARRAY_MAGNITUDE,
-                    "The vectors of the array \"" + array.name + "\" are replaced by their lengths", entry);
+    _context.report(
+        FindingCode::ARRAY_MAGNITUDE,
+        "The vectors of the array " + ReadingContext::quoted(array.name) + " are replaced by their lengths",
+        entry);
   }
   return true;
 }
@@ -143,9 +145,10 @@ void PolyDataReader::reportCutOff(vtkIdType values, int components, const std::s
 }
 
 void PolyDataReader::reportReplaced(const GeometryArray& earlier) {
-  _context.reportReplaced(FindingCode::ARRAY_REPLACED,
-                          "The array \"" + earlier.name + "\" is replaced by a later one of the same name",
-                          earlier.place, earlier.entry.value_or(""));
+  _context.reportReplaced(
+      FindingCode::ARRAY_REPLACED,
+      "The array " + ReadingContext::quoted(earlier.name) + " is replaced by a later one of the same name",
+      earlier.place, earlier.entry.value_or(""));
 }
 
 void PolyDataReader::reportName(const GeometryArray& array) {
@@ -154,10 +157,13 @@ void PolyDataReader::reportName(const GeometryArray& array) {
     _context.noteLoss();
     if (isSurface() && array.isOfPoints == _isSmooth) {
       _context.report(FindingCode::ARRAY_REPLACED,
-                      "The array \"" + array.name + "\" is replaced by computed normals", entry);
+                      "The array " + ReadingContext::quoted(array.name) + " is replaced by computed normals",
+                      entry);
     } else {
-      _context.report(FindingCode::ARRAY_IS_NORMALS,
-                      "The array \"" + array.name + "\" counts as normals and colours nothing", entry);
+      _context.report(
+          FindingCode::ARRAY_IS_NORMALS,
+          "The array " + ReadingContext::quoted(array.name) + " counts as normals and colours nothing",
+          entry);
     }
   } else if (array.name.empty()) {
     _context.report(FindingCode::ARRAY_WITHOUT_NAME, "An array has no name", entry);
@@ -177,7 +183,7 @@ void PolyDataReader::addArray(vtkFloatArray& values, const GeometryArray& array)
   Data& data = array.isOfPoints ? _ofPoints : _ofCells;
   const auto taken = data.arrays.find(array.name);
   if (!taken && isFull(data.arrays)) {
-    leaveOut(array, "The array \"" + array.name + "\" is left out: at most " +
+    leaveOut(array, "The array " + ReadingContext::quoted(array.name) + " is left out: at most " +
                         std::to_string(MAX_DATA_ARRAYS) + " arrays are possible");
     return;
   }

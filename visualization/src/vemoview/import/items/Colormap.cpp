@@ -110,7 +110,8 @@ vtkSmartPointer<vtkLookupTable> Colormap::makeUsableLookupTable() const {
   fill(*table);
   const auto [usable, changes] = makeUsable(*table);
   if (!changes.empty()) {
-    reportFinding(FindingCode::COLORMAP_ADJUSTED, "The colormap \"" + getName() + "\" " + changes);
+    reportFinding(FindingCode::COLORMAP_ADJUSTED,
+                  "The colormap " + ReadingContext::quoted(getName()) + ' ' + changes);
   }
   return makeVtkLookupTable(usable);
 }

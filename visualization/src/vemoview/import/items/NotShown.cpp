@@ -13,7 +13,7 @@ void warnNotShown(const QxElement& element, SceneFileReader* reader) {
     reader->noteLoss();
     reader->loseEntriesOf(element);
     reader->report(FindingCode::KIND_NOT_SHOWN,
-                   "Items of the kind \"" + element.getName() + "\" are not shown");
+                   "Items of the kind " + ReadingContext::quoted(element.getName()) + " are not shown");
   }
 }
 

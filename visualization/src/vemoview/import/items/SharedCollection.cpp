@@ -46,7 +46,7 @@ void reportSharedTransform(ReadingContext* context, const lum::DrawableCollectio
                            bool hasTransform) {
   const auto* const base = collection.findAttributes<lum::BaseAttributes>();
   const bool hadTransform = base != nullptr && base->getTransform() != nullptr;
-  const std::string others = "earlier items with the name \"" + collection.getName() + '"';
+  const std::string others = "earlier items with the name " + ReadingContext::quoted(collection.getName());
   if (hadTransform && !hasTransform) {
     report(context, FindingCode::TRANSFORM_SHARED,
            "The transform of " + others + " also applies to this item");

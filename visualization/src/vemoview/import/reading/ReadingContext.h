@@ -99,6 +99,8 @@ class ReadingContext {
 
   /// A very long name is shortened: names in untrusted files may be as long as the file.
   static std::string shortened(std::string_view name);
+  /// The same in quotation marks, for texts.
+  static std::string quoted(std::string_view name) { return '"' + shortened(name) + '"'; }
   /// The part of a path for a name, shortened, and escaped as in the paths of nodes.
   static std::string pathPart(std::string_view name);
 

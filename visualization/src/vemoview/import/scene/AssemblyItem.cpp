@@ -180,7 +180,7 @@ void AssemblyItem::reportEmpty(const SharedBySiblings& shared) const {
   add(_legend != nullptr, "legend");
   add(_transform != nullptr, "transform");
   report(shared.context, FindingCode::ASSEMBLY_EMPTY,
-         "The assembly \"" + getName() + "\" has no items and is left out" + lost);
+         "The assembly " + ReadingContext::quoted(getName()) + " has no items and is left out" + lost);
 }
 
 void AssemblyItem::reportSharing(const SharedBySiblings& shared, lum::DrawableCollection& collection) const {
@@ -194,13 +194,14 @@ void AssemblyItem::reportSharing(const SharedBySiblings& shared, lum::DrawableCo
   const auto former = shared.colormapOrigins.find(&collection);
   if (shared.context != nullptr && former != shared.colormapOrigins.end()) {
     shared.context->reportReplaced(FindingCode::COLORMAP_REPLACED,
-                                   "The colormap is replaced by the colormap \"" + colormap->getName() +
-                                       "\" of a later item with the name \"" + getName() + '"',
+                                   "The colormap is replaced by the colormap " +
+                                       ReadingContext::quoted(colormap->getName()) +
+                                       " of a later item with the name " + ReadingContext::quoted(getName()),
                                    former->second);
   } else {
     report(shared.context, FindingCode::COLORMAP_REPLACED,
-           "The colormap \"" + colormap->getName() + "\" also colours earlier items with the name \"" +
-               getName() + '"');
+           "The colormap " + ReadingContext::quoted(colormap->getName()) +
+               " also colours earlier items with the name " + ReadingContext::quoted(getName()));
   }
 }
 
@@ -245,7 +246,7 @@ void AssemblyItem::reportUnusedColormaps(const SharedBySiblings& shared) const {
       keepConsequence(shared.context, FindingCode::COLORMAP_UNUSED);
     } else {
       report(shared.context, FindingCode::COLORMAP_UNUSED,
-             "The colormap \"" + name + "\" colours neither data nor a legend");
+             "The colormap " + ReadingContext::quoted(name) + " colours neither data nor a legend");
     }
   }
 }
@@ -261,8 +262,9 @@ void AssemblyItem::applyTransform(SharedBySiblings& shared, lum::DrawableCollect
   const bool isOther = former != nullptr && &transform != former;
   _transform->apply(transform);
   if (isOther || (former != nullptr && transform.getModificationTime() != changedBefore)) {
-    reportReplaced(shared, target, FindingCode::TRANSFORM_REPLACED,
-                   "The transform is replaced by that of a later item of the name \"" + getName() + '"');
+    reportReplaced(
+        shared, target, FindingCode::TRANSFORM_REPLACED,
+        "The transform is replaced by that of a later item of the name " + ReadingContext::quoted(getName()));
   }
   shared.origins[&target] = _transform->getPlace();
 }

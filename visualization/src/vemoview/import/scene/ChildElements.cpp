@@ -182,9 +182,9 @@ void SingleElements::add(const QxElement& element) {
   const QxElement* const former = std::exchange(_latest[kind], &element);
   if (former != nullptr && _reader != nullptr) {
     const ReadingContext::ItemScope scope(_reader, SceneItem::pathName(*former), former->getPlace());
-    _reader->report(
-        FindingCode::ELEMENT_REPLACED,
-        "A later \"" + element.getName() + "\" in its parent replaces it" + describeKeptVectors(*former));
+    _reader->report(FindingCode::ELEMENT_REPLACED, "A later " + ReadingContext::quoted(element.getName()) +
+                                                       " in its parent replaces it" +
+                                                       describeKeptVectors(*former));
   }
 }
 

@@ -2,6 +2,7 @@
 #include "vemoview/import/items/CollectionColoring.h"
 #include "vemoview/import/reading/HeldFindings.h"
 #include "vemoview/import/reading/KeyTable.h"
+#include "vemoview/import/reading/ReadingContext.h"
 #include "vemoview/import/scene/ChildElements.h"
 #include <vemo/base/Vector.h>
 #include <vemo/import/decorations/Gradient.h>
@@ -118,7 +119,7 @@ void Scene::reportWithoutEffect(const QxElement& element, SceneFileReader& reade
     if (ofAssemblies.contains(child->getName())) {
       const ReadingContext::ItemScope scope(&reader, pathName(*child), child->getPlace());
       reader.report(FindingCode::ELEMENT_WITHOUT_EFFECT,
-                    "A \"" + child->getName() + "\" has no effect outside assemblies");
+                    "A " + ReadingContext::quoted(child->getName()) + " has no effect outside assemblies");
     }
   }
 }

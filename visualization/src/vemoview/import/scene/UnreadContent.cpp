@@ -10,10 +10,6 @@ namespace vemo {
 
 namespace {
 
-std::string quoted(const std::string& text) {
-  return '"' + ReadingContext::shortened(text) + '"';
-}
-
 /// Whether an attribute is about the XML and not about the scene.
 bool isOfXml(std::string_view attribute) {
   return attribute.starts_with("xml:") || attribute.starts_with("xmlns:") || attribute == "xmlns";
@@ -26,7 +22,7 @@ void reportUnread(const PlacedElement& place, SceneFileReader& reader) {
   };
   if (!element.isRead()) {
     report(FindingCode::ELEMENT_UNKNOWN,
-           "The element " + quoted(element.getName()) + " is unknown here and is ignored");
+           "The element " + ReadingContext::quoted(element.getName()) + " is unknown here and is ignored");
     reader.loseEntriesOf(element);
     return;
   }
@@ -35,13 +31,14 @@ void reportUnread(const PlacedElement& place, SceneFileReader& reader) {
       attribute.markUnused();
     } else if (!attribute.isRead()) {
       report(FindingCode::ATTRIBUTE_UNKNOWN,
-             "The attribute " + quoted(attribute.getName()) + " of " + quoted(element.getName()) +
-                 " is unknown and is ignored",
+             "The attribute " + ReadingContext::quoted(attribute.getName()) + " of " +
+                 ReadingContext::quoted(element.getName()) + " is unknown and is ignored",
              attribute.getName());
     }
   }
   if (element.hasText() && !element.isTextRead()) {
-    report(FindingCode::TEXT_IGNORED, "The text in " + quoted(element.getName()) + " is ignored", TEXT_NAME);
+    report(FindingCode::TEXT_IGNORED,
+           "The text in " + ReadingContext::quoted(element.getName()) + " is ignored", TEXT_NAME);
   }
 }
 
@@ -53,7 +50,7 @@ void reportUnreadContent(const QxElement& description, SceneFileReader& reader) 
     return place.element->isRead();
   });
   for (const std::string& entry : reader.getUnusedEntries()) {
-    const std::string text = "The scene does not use the entry " + quoted(entry);
+    const std::string text = "The scene does not use the entry " + ReadingContext::quoted(entry);
     if (reader.isLost(entry)) {
       reader.keepConsequence(FindingCode::ENTRY_UNUSED, entry);
     } else if (!reader.isExcused(entry)) {

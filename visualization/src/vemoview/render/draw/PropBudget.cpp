@@ -180,7 +180,7 @@ void PropBudget::addKept(const std::vector<MeshInstance>& meshes, std::size_t cl
   for (const MeshInstance& mesh : meshes) {
     Cost cost = costOfProps(mesh, false, clipPlanes);
     const std::uint64_t props = countProps(drawnAppearance(mesh.appearance)) * countInstances(mesh);
-    _kept += cost.bytes + itemNameOf(*mesh.drawable).size() * props;
+    _kept += cost.bytes + wholeItemNameOf(*mesh.drawable).size() * props;
     if (cost.look) {
       _looks.insert(std::move(*cost.look));
     }

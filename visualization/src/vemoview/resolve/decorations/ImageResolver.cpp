@@ -1,5 +1,6 @@
 #include "vemoview/resolve/decorations/ImageResolver.h"
 
+#include "base/Utf8.h"
 #include "geometry/Box.h"
 #include "vemoview/resolve/values/UsableValues.h"
 #include <vemo/base/Vector.h>
@@ -57,7 +58,8 @@ bool hasValidPixels(const lum::ImageDrawable& image, const lum::ImageAttributes&
           ? fmt::format("{} x {} pixels are too many: {} in each direction are possible", width, height,
                         MAX_SIZE)
           : fmt::format("its pixels are not {} x {}", width, height);
-  reportFinding(FindingCode::IMAGE_NOT_DRAWN, "The image \"" + image.getName() + "\" is not drawn: " + fault);
+  reportFinding(FindingCode::IMAGE_NOT_DRAWN,
+                "The image \"" + shortName(image.getName()) + "\" is not drawn: " + fault);
   return false;
 }
 

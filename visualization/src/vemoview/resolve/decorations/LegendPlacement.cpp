@@ -1,5 +1,6 @@
 #include "vemoview/resolve/decorations/LegendPlacement.h"
 
+#include "base/Utf8.h"
 #include <vemo/scenegraph/Findings.h>
 #include <vemo/scenegraph/drawables/Drawable.h>
 
@@ -88,8 +89,8 @@ void LegendPlacement::place(LegendDecoration& legend, const lum::Drawable& drawa
       free = findFree(seen, place, legend.isVertical);
     }
     if (covered != nullptr) {
-      const std::string text = "The legend \"" + drawable.getName() + "\" would cover the legend \"" +
-                               covered->drawable->getName() + '"';
+      const std::string text = "The legend \"" + shortName(drawable.getName()) +
+                               "\" would cover the legend \"" + shortName(covered->drawable->getName()) + '"';
       if (free) {
         reportFinding(FindingCode::LEGEND_MOVED, text + " and is moved aside");
       } else {

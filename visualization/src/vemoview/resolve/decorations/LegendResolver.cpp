@@ -104,7 +104,7 @@ std::optional<LegendDecoration> resolveLegend(const lum::LegendDrawable& legend,
     result.position = {position->getPosition()[0], position->getPosition()[1]};
   }
   result.size = attributes.getSize();
-  const std::string what = "The legend \"" + legend.getName() + '"';
+  const std::string what = "The legend \"" + shortName(legend.getName()) + '"';
   if (legend.hasColorLookupTable() == nullptr) {
     reportFinding(FindingCode::LEGEND_WITHOUT_COLORMAP, what + " has no colormap and is not drawn");
     return std::nullopt;
@@ -124,7 +124,7 @@ std::optional<LegendDecoration> resolveLegend(const lum::LegendDrawable& legend,
   result.lineHeight = resolveLineHeight(style, LEGEND_LINE_HEIGHT);
   reportUnsuitableFormat(result, what);
   if (result.labelCount > 0 || !result.title.empty()) {
-    reportIfTooSmall(result.lineHeight, "The text of the legend \"" + legend.getName() + '"');
+    reportIfTooSmall(result.lineHeight, "The text of the legend \"" + shortName(legend.getName()) + '"');
   }
   return result;
 }

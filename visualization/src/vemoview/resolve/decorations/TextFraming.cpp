@@ -1,5 +1,6 @@
 #include "vemoview/resolve/decorations/TextFraming.h"
 
+#include "base/Utf8.h"
 #include "vemoview/resolve/decorations/ImageResolver.h"
 #include "vemoview/resolve/values/NodeFindings.h"
 #include <vemo/scenegraph/Findings.h>
@@ -53,7 +54,7 @@ void reportUnframedTexts(const std::vector<Decoration>& decorations) {
     if (text != nullptr && !text->isFramed) {
       const NodeScope scope(*drawable);
       reportFinding(FindingCode::TEXT_NOT_FRAMED,
-                    "The text \"" + drawable->getName() +
+                    "The text \"" + shortName(drawable->getName()) +
                         "\" may be outside the picture: it is too far from the model for a view of both");
     }
   }

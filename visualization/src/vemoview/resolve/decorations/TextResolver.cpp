@@ -24,7 +24,7 @@ std::optional<TextDecoration> resolveText(const lum::TextDrawable& text, FontRes
   }
   const auto* const style = text.findAttributes<lum::TextAttributes>();
   TextDecoration result;
-  const std::string what = "The text \"" + text.getName() + "\"";
+  const std::string what = "The text \"" + shortName(text.getName()) + "\"";
   result.text = readableText(attributes->getText(), MAX_TEXT_BYTES, what);
   result.isInModel = attributes->getCoordinateSpace() == lum::CoordinateSpace::MODEL;
   if (const auto* const position = text.findAttributes<lum::PositionAttributes>()) {

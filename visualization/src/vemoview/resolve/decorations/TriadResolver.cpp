@@ -1,5 +1,6 @@
 #include "vemoview/resolve/decorations/TriadResolver.h"
 
+#include "base/Utf8.h"
 #include "vemoview/resolve/canvas/CameraResolver.h"
 #include "vemoview/resolve/decorations/TextStyleResolver.h"
 #include "vemoview/resolve/values/ReadableText.h"
@@ -82,7 +83,7 @@ std::optional<TriadDecoration> resolveTriad(const lum::TriadDrawable& triad, con
   if (const auto* const position = triad.findAttributes<lum::PositionAttributes>()) {
     result.position = position->getPosition();
   }
-  const std::string what = "The triad \"" + triad.getName() + "\"";
+  const std::string what = "The triad \"" + shortName(triad.getName()) + "\"";
   if (!isInReach(result.position)) {
     reportFinding(FindingCode::DECORATION_NOT_DRAWN,
                   what + " is not drawn: its position is not finite, or too far away");
@@ -92,8 +93,9 @@ std::optional<TriadDecoration> resolveTriad(const lum::TriadDrawable& triad, con
     result.hasScreenSize = attributes->getUseConstantPixelSize();
     result.labelHeight = unitValue(attributes->getAxisLabelHeight(), result.labelHeight);
     const auto resolve = [&](const std::string& text, const char* axis) {
-      return resolveLabel(text, result.labelHeight,
-                          fmt::format("The label of the {} axis of the triad \"{}\"", axis, triad.getName()));
+      return resolveLabel(
+          text, result.labelHeight,
+          fmt::format("The label of the {} axis of the triad \"{}\"", axis, shortName(triad.getName())));
     };
     result.labels = {resolve(attributes->getXAxisLabelText(), "x"),
                      resolve(attributes->getYAxisLabelText(), "y"),

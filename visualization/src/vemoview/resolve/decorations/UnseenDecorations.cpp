@@ -1,5 +1,6 @@
 #include "vemoview/resolve/decorations/UnseenDecorations.h"
 
+#include "base/Utf8.h"
 #include "vemoview/resolve/canvas/ShownShapes.h"
 #include "vemoview/resolve/decorations/DecorationParts.h"
 #include "vemoview/resolve/decorations/ImageResolver.h"
@@ -149,7 +150,7 @@ class FlawFinder {
 void reportUnseen(const Decoration& decoration, bool isOfModel, const std::string& repeats,
                   const char* reason) {
   const char* const kind = describeKind(decoration.content);
-  const std::string& name = decoration.drawable->getName();
+  const std::string name = shortName(decoration.drawable->getName());
   if (isOfModel) {
     reportFinding(FindingCode::DECORATION_NOT_IN_VIEW,
                   fmt::format("The view does not show {}the {} \"{}\": {}", repeats, kind, name, reason));
@@ -181,7 +182,7 @@ void reportFlaws(std::span<const Decoration> instances, bool isOfModel, const Fl
     reportFinding(
         FindingCode::DECORATION_CUT,
         fmt::format("The {} \"{}\" is cut off: a part of it is outside the {}", describeKind(first.content),
-                    first.drawable->getName(), isOfModel ? "picture" : "window"));
+                    shortName(first.drawable->getName()), isOfModel ? "picture" : "window"));
   }
 }
 

@@ -1,5 +1,6 @@
 #include "vemoview/resolve/mesh/MeshResolver.h"
 
+#include "base/Utf8.h"
 #include "geometry/Normals.h"
 #include "geometry/data/NamedArrays.h"
 #include "scenegraph/coloring/ColoringScalars.h"
@@ -177,9 +178,10 @@ class MeshBuilder {
     if (array == nullptr || array->GetNumberOfTuples() == tuples) {
       return array != nullptr;
     }
-    reportFinding(FindingCode::NOT_COLORED_BY_ARRAY,
-                  fmt::format("\"{}\" is drawn without its array \"{}\", which has {} values instead of {}",
-                              itemNameOf(_node), array->GetName(), array->GetNumberOfTuples(), tuples));
+    reportFinding(
+        FindingCode::NOT_COLORED_BY_ARRAY,
+        fmt::format("\"{}\" is drawn without its array \"{}\", which has {} values instead of {}",
+                    itemNameOf(_node), shortName(array->GetName()), array->GetNumberOfTuples(), tuples));
     return false;
   }
 
@@ -263,7 +265,7 @@ class MeshBuilder {
       reportFinding(
           FindingCode::NOT_COLORED_BY_ARRAY,
           fmt::format("\"{}\" is not coloured by data: its array \"{}\" is over cells, of which it has none",
-                      itemNameOf(_node), _scalars->arrayName));
+                      itemNameOf(_node), shortName(_scalars->arrayName)));
       _scalars.reset();
     }
     const bool hasFaces = appearance.hasFaces && appearance.opacity > 0.0;
@@ -322,7 +324,7 @@ void reportMissingArray(const lum::GeometryDrawable& drawable, const lum::DataAr
   const NodeScope scope(drawable);
   reportFinding(FindingCode::NOT_COLORED_BY_ARRAY,
                 fmt::format("\"{}\" is not coloured by data: it has no array named \"{}\"",
-                            itemNameOf(drawable), array.getDataArrayName()));
+                            itemNameOf(drawable), shortName(array.getDataArrayName())));
 }
 
 /// Colours by data need an array; without a colour table they are those of plain geometry.

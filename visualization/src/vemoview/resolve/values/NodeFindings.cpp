@@ -1,5 +1,6 @@
 #include "vemoview/resolve/values/NodeFindings.h"
 
+#include "base/Utf8.h"
 #include <vemo/scenegraph/canvas/SceneNode.h>
 
 #include <utility>
@@ -19,12 +20,16 @@ NodeScope::~NodeScope() {
   currentNode = _former;
 }
 
-std::string itemNameOf(const lum::Node& node) {
+std::string wholeItemNameOf(const lum::Node& node) {
   const lum::Node* named = &node;
   while (named->getName() == named->className() && named->getOwner() != nullptr) {
     named = named->getOwner();
   }
   return named->getName();
+}
+
+std::string itemNameOf(const lum::Node& node) {
+  return shortName(wholeItemNameOf(node));
 }
 
 NodeFindings::Scope::Scope(NodeFindings& findings) : _findings(findings), _paths(findings._scene) {

@@ -28,8 +28,10 @@ class NodeScope {
   const lum::Node* _former;
 };
 
-/// The name that users know a node by, for findings: its own or, if that is the name of
-/// its class, the one of the nearest owner with a name of its own.
+/// The name that users know a node by: its own or, if that is the name of its class, the one of the
+/// nearest owner with a name of its own.
+VEMO_RESOLVE_EXPORT std::string wholeItemNameOf(const lum::Node& node);
+/// The same for texts: a very long one is shortened.
 VEMO_RESOLVE_EXPORT std::string itemNameOf(const lum::Node& node);
 
 /// The findings about the nodes of a scene: each once, however often the scene is
