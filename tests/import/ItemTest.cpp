@@ -213,6 +213,18 @@ TEST_F(ItemTest, TextsThatAreCopiedAreCutOff) {
   EXPECT_EQ(assembly.getActiveColormap()->getTitle(), text.substr(1));
 }
 
+/// Very many findings may name an item around theirs.
+TEST_F(ItemTest, FindingsShortenNames) {
+  const std::string name(1001, 'x');
+  convert(
+      "<assembly name='" + name + "'><colormap name='" + name +
+      "'/><assembly name='i'><colormap name='c'/><legend colormap='c'/><geometry/></assembly></assembly>");
+  const auto& findings = _reader->getFindings();
+  EXPECT_THAT(findings,
+              testing::Contains(testing::Field(&Finding::code, FindingCode::LEGEND_OF_OTHER_COLORS)));
+  EXPECT_THAT(findings, testing::Each(testing::Field(&Finding::text, testing::SizeIs(testing::Lt(400U)))));
+}
+
 TEST_F(ItemTest, TransformsKeepANodeOfTheirKindAndReplaceAnother) {
   auto& attributes = convert("").getModelCanvas().getDrawableCollection().getBaseAttributes();
   const lum::Ptr<lum::Transform> mirrored = ReflectTransform().makeLumTransform(attributes);
