@@ -118,7 +118,8 @@ vtkSmartPointer<vtkLookupTable> Colormap::makeUsableLookupTable() const {
 
 bool Colormap::precedes(const Colormap& other) const {
   const auto settingsOf = [](const Colormap& colormap) {
-    const auto bits = [](double end) { return std::bit_cast<std::uint64_t>(end); };
+    // NaNs have an order, too; zeros are equal.
+    const auto bits = [](double end) { return std::bit_cast<std::uint64_t>(end + 0.0); };
     return std::tuple(bits(colormap._range[0]), bits(colormap._range[1]), colormap._log10, colormap._ramp,
                       std::string_view(colormap._title));
   };
