@@ -67,17 +67,11 @@ void print(std::ostream& out, const std::string& file, const FindingList& findin
   out << fmt::format("{}: {}\n", toPrintableLine(file), countBySeverity(findings));
 }
 
-FindingList findIn(const std::string& file) {
-  const Progress progress(fmt::format("Checking {}", toPrintableLine(file)));
-  FindingList findings = checkScene(toWidePath(readableFile(file)));
-  for (Finding& finding : findings) {
-    finding.text = withNameOfMessages(finding.text);
-  }
-  return findings;
-}
-
 void runCheck(const std::string& file, CheckArguments& arguments) {
-  const FindingList findings = findIn(file);
+  const FindingList findings = [&file] {
+    const Progress progress(fmt::format("Checking {}", toPrintableLine(file)));
+    return checkScene(toWidePath(readableFile(file)));
+  }();
   ResultStream out;
   print(out, file, findings, arguments);
   out.finish();

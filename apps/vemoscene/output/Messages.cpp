@@ -56,6 +56,15 @@ std::pair<std::string, std::string>& renamedFile() {
   return names;
 }
 
+std::string rename(std::string text) {
+  const auto& [file, name] = renamedFile();
+  for (std::size_t at = 0; !file.empty() && (at = text.find(file, at)) != std::string::npos;
+       at += name.size()) {
+    text.replace(at, file.size(), name);
+  }
+  return text;
+}
+
 std::string& findingPrefix() {
   static std::string prefix;
   return prefix;
@@ -80,7 +89,7 @@ void show(const Finding& finding) {
 
 void showMessage(std::string_view message) {
   // Whatever names hold, no further line begins as a message does.
-  std::string text = replaceBreaks(toPrintableLine(withNameOfMessages(std::string(message))), '\n');
+  std::string text = replaceBreaks(toPrintableLine(rename(std::string(message))), '\n');
   for (std::size_t at = 0; (at = text.find('\n', at)) != std::string::npos;) {
     text.insert(++at, "  ");
   }
@@ -97,15 +106,6 @@ void showUsage(std::string_view text) {
 
 void nameInMessages(const std::string& file, const std::string& name) {
   renamedFile() = {file, name};
-}
-
-std::string withNameOfMessages(std::string text) {
-  const auto& [file, name] = renamedFile();
-  for (std::size_t at = 0; !file.empty() && (at = text.find(file, at)) != std::string::npos;
-       at += name.size()) {
-    text.replace(at, file.size(), name);
-  }
-  return text;
 }
 
 void showLog() {

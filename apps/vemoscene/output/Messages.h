@@ -26,9 +26,6 @@ void showUsage(std::string_view text);
 /// Messages have this name instead of that of a file that the user does not know.
 void nameInMessages(const std::string& file, const std::string& name);
 
-/// A text with that name, for results that are not messages.
-std::string withNameOfMessages(std::string text);
-
 /// Shows the libraries' findings except notes, and the warnings and errors that
 /// they log. Must be called before any of their other functions.
 void showLog();

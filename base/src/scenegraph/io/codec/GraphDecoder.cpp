@@ -266,6 +266,8 @@ void GraphDecoder::readValues(ByteReader& in, Level& level, bool isNew) {
     }
     _budget.use(ArrayBinder::USE_BYTES * _chunks.size());
     for (const std::size_t chunk : _chunks) {
+      // What is made of a node has the names of its arrays.
+      _budget.useText(_tables.getName(_tables.getChunks()[chunk]));
       _binder.expect(field.index, chunk);
     }
   }
