@@ -97,8 +97,8 @@ class VEMO_IMPORT_EXPORT ZipFileReader {
 
   /// Fills the buffer, of getSize bytes, with the entry's content. If the entry
   /// ends early, the rest is set to zero; what follows its size is ignored.
-  /// False when there is no such entry, or it cannot be read, or if it is larger than 1 MiB and
-  /// four times the content that exists.
+  /// False when there is no such entry, or it cannot be read, or if its size is more than 1 MiB
+  /// beyond four times the content that exists.
   /// @param flaws if not null, receives what does not stop reading
   /// @param convert if not empty, is applied to the content, in blocks of a
   ///   multiple of 8 bytes except for the last

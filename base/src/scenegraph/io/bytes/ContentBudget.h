@@ -16,6 +16,12 @@ class ContentBudget {
   static constexpr std::uint64_t BYTES_PER_BYTE = 10;
   static constexpr std::uint64_t BYTES_OF_SMALL_FILE = 32U << 20U;
 
+  /// What an array without tuples takes as VTK keeps it: itself, and a tuple that it converts values in.
+  static constexpr std::uint64_t bytesOfEmptyArray(std::uint64_t components) {
+    constexpr std::uint64_t BYTES = 512;
+    return BYTES + sizeof(double) * components;
+  }
+
   /// Takes into account that so many bytes were read.
   void allow(std::uint64_t bytes) { _allowed += BYTES_PER_BYTE * bytes; }
 

@@ -20,9 +20,6 @@ constexpr std::size_t MAX_DEFAULT_BYTES = 256;
 /// Of all programs together, whatever their versions.
 constexpr std::size_t MAX_CLASSES = 1024;
 
-/// An empty array as VTK keeps it, besides a tuple that it converts values in.
-constexpr std::uint64_t EMPTY_ARRAY_BYTES = 512;
-
 /// Empty lists are not in the table.
 constexpr std::size_t MIN_LIST_BYTES = 1 + sizeof(double);
 
@@ -125,7 +122,7 @@ void TableReader::read(ByteReader& in, bool hasLists) {
       requireArrayName(name, _chunks.size() - 1);
     }
     if (row.tuples == 0) {
-      _budget.use(EMPTY_ARRAY_BYTES + sizeof(double) * row.components);
+      _budget.use(ContentBudget::bytesOfEmptyArray(row.components));
     }
   }
 }

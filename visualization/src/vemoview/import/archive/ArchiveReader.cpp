@@ -1,6 +1,7 @@
 #include "vemoview/import/archive/ArchiveReader.h"
 
 #include "base/HugePages.h"
+#include "scenegraph/io/bytes/ContentBudget.h"
 #include "vemoview/import/Failure.h"
 #include "vemoview/import/archive/ByteOrder.h"
 
@@ -131,6 +132,16 @@ void ArchiveReader::countNormals(std::int64_t count, std::int64_t corners) {
 
 void ArchiveReader::countCopy(const std::string& entryName) {
   addCopy(static_cast<std::uint64_t>(_archive.getSize(entryName)), failureToRead(entryName), entryName);
+}
+
+void ArchiveReader::countEmptyArray(const std::string& entryName, int components) {
+  const std::uint64_t bytes =
+      lum::io::ContentBudget::bytesOfEmptyArray(static_cast<std::uint64_t>(components));
+  if (_emptyArrayBytes + bytes > ReadingLimits::BYTES_OF_EMPTY_ARRAYS) {
+    failAt<IOException>(failureToRead(entryName) + ": the scene has too many arrays without values.",
+                        entryName);
+  }
+  _emptyArrayBytes += bytes;
 }
 
 // What is refused is not counted: it does not keep others from being read.

@@ -53,6 +53,9 @@ class ArchiveReader {
   /// of proportion.
   void countCopy(const std::string& entryName);
 
+  /// Before an array without values is made: throws IOException when there are too many.
+  void countEmptyArray(const std::string& entryName, int components);
+
   /// In all.
   std::uint64_t countBytesRead() const { return _bytesRead; }
 
@@ -83,6 +86,7 @@ class ArchiveReader {
   /// What was read or used again, and normals.
   std::uint64_t _copiedBytes = 0;
   std::uint64_t _normalBytes = 0;
+  std::uint64_t _emptyArrayBytes = 0;
   /// Those asked for.
   std::map<std::string, ZipFileReader::ContentFlaws> _used;
   DecodedEntries _decoded{*this};

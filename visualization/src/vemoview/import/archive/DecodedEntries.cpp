@@ -96,22 +96,32 @@ vtkSmartPointer<vtkPoints> DecodedEntries::getPoints(const std::string& entry) {
 vtkSmartPointer<vtkFloatArray> DecodedEntries::getArray(const std::string& entry, const std::string& name,
                                                         int components) {
   const std::tuple key(entry, components, name);
-  const auto first = _arrays.lower_bound({entry, components, std::string()});
   const auto known = _arrays.find(key);
   if (known != _arrays.end()) {
     return known->second;
   }
-  const bool isAlike =
-      first != _arrays.end() && std::get<0>(first->first) == entry && std::get<1>(first->first) == components;
-  if (!isAlike) {
-    return _arrays.emplace(key, copyArray(entry, name, components)).first->second;
+  if (_floatCounts[entry] < components) {
+    _archive.countEmptyArray(entry, components);
+  }
+  auto array = shareArray(entry, components);
+  if (array != nullptr) {
+    array->SetName(name.c_str());
+  } else {
+    array = copyArray(entry, name, components);
+  }
+  return _arrays.emplace(key, array).first->second;
+}
+
+vtkSmartPointer<vtkFloatArray> DecodedEntries::shareArray(const std::string& entry, int components) {
+  const auto first = _arrays.lower_bound({entry, components, std::string()});
+  if (first == _arrays.end() || std::get<0>(first->first) != entry ||
+      std::get<1>(first->first) != components) {
+    return nullptr;
   }
   _archive.countCopy(entry);
-  // It shares the values.
   auto array = vtkSmartPointer<vtkFloatArray>::New();
   array->ShallowCopy(first->second);
-  array->SetName(name.c_str());
-  return _arrays.emplace(key, array).first->second;
+  return array;
 }
 
 vtkSmartPointer<vtkFloatArray> DecodedEntries::copyArray(const std::string& entry, const std::string& name,

@@ -69,6 +69,8 @@ class DecodedEntries {
   void clear();
 
  private:
+  /// One that shares the values of an array with another name; null if there is none.
+  vtkSmartPointer<vtkFloatArray> shareArray(const std::string& entry, int components);
   vtkSmartPointer<vtkFloatArray> loadFloats(const std::string& entry);
   /// Those that are pending, or the entry's once more.
   vtkSmartPointer<vtkFloatArray> takeFloats(const std::string& entry);

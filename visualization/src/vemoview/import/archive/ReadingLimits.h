@@ -25,7 +25,7 @@ struct ReadingLimits {
   /// Names, values and text of elements: what one byte of the description may stand for in UTF-8, and
   /// what entities and default values may repeat.
   static constexpr std::uint64_t MOST_TEXT_PER_BYTE = 2;
-  static constexpr std::uint64_t MOST_REPEATED_TEXT = 4U << 20U;
+  static constexpr std::uint64_t MOST_REPEATED_TEXT = 16U << 20U;
 
   static constexpr std::uint64_t ELEMENTS_PER_BYTE = 16;
   static constexpr std::uint64_t ELEMENTS_OF_SMALL_ARCHIVE = 500'000;
@@ -47,6 +47,9 @@ struct ReadingLimits {
   /// points or cells.
   static constexpr std::uint64_t COPIES_PER_BYTE = 32;
   static constexpr std::uint64_t COPIES_OF_SMALL_CONTENT = 64U << 20U;
+
+  /// Arrays without values, in memory: half of what a small database may take for these and for texts.
+  static constexpr std::uint64_t BYTES_OF_EMPTY_ARRAYS = 16U << 20U;
 
   /// Of elements in elements.
   std::size_t depth = MAX_DEPTH;
