@@ -5,11 +5,13 @@
 #include "render/Pixels.h"
 #include <vemo/render/MeasureText.h>
 
+#include <vtkFreeTypeTools.h>
 #include <vtkObjectFactory.h>
 #include <vtkSmartPointer.h>
 
 #include <array>
 #include <gtest/gtest.h>
+#include <typeinfo>
 
 namespace vemo {
 
@@ -179,7 +181,9 @@ TEST(AnnotationFeatureTest, StandsInTheWindowByAnyOfItsPoints) {
 
 TEST(AnnotationFeatureTest, IsMeasuredWithASoundCacheOfGlyphs) {
   const auto tools = vtkSmartPointer<vtkObject>::Take(vtkObjectFactory::CreateInstance("vtkFreeTypeTools"));
-  EXPECT_NE(tools, nullptr);
+  ASSERT_NE(tools, nullptr);
+  const vtkObject& used = *vtkFreeTypeTools::GetInstance();
+  EXPECT_EQ(typeid(used), typeid(*tools));
 }
 
 TEST(AnnotationFeatureTest, StandsInTheModelInFrontOfAll) {

@@ -40,6 +40,7 @@ class GlyphTools final : public vtkFreeTypeTools {
   GlyphTools() {
     if (FT_New_Library(&_memory, &_other) == 0) {
       FT_Add_Default_Modules(_other);
+      FT_Set_Default_Properties(_other);
       std::swap(*Library, _other);
     }
   }
@@ -83,10 +84,14 @@ class GlyphToolsFactory final : public vtkObjectFactory {
 
 vtkStandardNewMacro(GlyphToolsFactory)
 
-/// When the library is loaded: VTK keeps the first tools that it makes.
+/// When the library is loaded: VTK keeps the first tools that it makes. A host that has made them already,
+/// or has tools of its own, keeps these.
 [[maybe_unused]] const bool IS_REGISTERED = [] {
-  vtkObjectFactory::RegisterFactory(vtkNew<GlyphToolsFactory>());
-  return true;
+  const bool isFirst = vtkObjectFactory::HasOverrideAny("vtkFreeTypeTools") == 0;
+  if (isFirst) {
+    vtkObjectFactory::RegisterFactory(vtkNew<GlyphToolsFactory>());
+  }
+  return isFirst;
 }();
 
 }  // namespace
