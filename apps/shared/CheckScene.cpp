@@ -2,6 +2,7 @@
 
 #include "scenegraph/RepeatedFindings.h"
 #include "scenegraph/UnlistedFindings.h"
+#include <vemo/base/WidePath.h>
 #include <vemo/import/DetectScene.h>
 #include <vemo/import/Exception.h>
 #include <vemo/import/SceneAudit.h>
@@ -105,6 +106,12 @@ void checkDatabase(lum::SDBReader& reader, FindingList& findings) {
   }
 }
 
+/// The text without the file's name, which is beside it.
+std::string withoutPath(const std::string& text, const std::wstring& path) {
+  const std::string prefix = toNativePath(path) + ": ";
+  return text.starts_with(prefix) ? text.substr(prefix.size()) : text;
+}
+
 FindingList checkDatabase(const std::wstring& path) {
   FindingList findings;
   const FindingCapture capture(findings);
@@ -114,7 +121,7 @@ FindingList checkDatabase(const std::wstring& path) {
   } catch (const lum::io::UnreadableFile&) {
     throw;
   } catch (const lum::io::FileError& error) {
-    findings.push_back({FindingCode::DATABASE_DAMAGED, error.what()});
+    findings.push_back({FindingCode::DATABASE_DAMAGED, withoutPath(error.what(), path)});
   }
   return findings;
 }
