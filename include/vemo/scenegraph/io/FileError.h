@@ -25,7 +25,7 @@ class VEMO_SCENEGRAPH_EXPORT FileError : public std::runtime_error {
   FileIoStatus _status;
 };
 
-/// A file that the system does not open, fails to read, as from a faulty disk, or that is not a regular one
+/// A file that the system cannot open or read, as on a faulty disk, or that is not a regular file
 /// (ReadError). What is in it is not known to be at fault.
 class VEMO_SCENEGRAPH_EXPORT UnreadableFile : public FileError {
  public:

@@ -14,13 +14,15 @@ namespace vemo {
 namespace {
 
 /// Puts the value of an empty range in the middle of a colour. Where two colours meet, rounding would
-/// choose one over points and the other over cells: of an even number it is the higher of the two.
+/// choose one over points and the other over cells: of an even number it is the higher of the two. The range
+/// is so wide that rounding to single precision does not lead to another colour.
 Vector<2, double> widened(const Vector<2, double>& range, vtkIdType colors) {
   constexpr double ROUNDING = 1e-6;
   if (range[0] < range[1]) {
     return range;
   }
-  const double margin = std::max(std::abs(range[0]) * ROUNDING, double{std::numeric_limits<float>::min()});
+  const double rounding = ROUNDING * std::max(1.0, static_cast<double>(colors) / 8.0);
+  const double margin = std::max(std::abs(range[0]) * rounding, double{std::numeric_limits<float>::min()});
   const vtkIdType middle = colors / 2;
   const double share = (static_cast<double>(middle) + 0.5) / static_cast<double>(colors);
   const double low = range[0] - 2.0 * margin * share;

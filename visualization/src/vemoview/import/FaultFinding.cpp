@@ -28,8 +28,13 @@ FindingCode codeOf(const Exception& exception) {
                                                 : FindingCode::ENTRY_INVALID;
 }
 
+/// A sentence before the cause loses its full stop.
 std::string withCause(const std::string& message, const std::string& cause) {
-  return cause.empty() ? message : message + ": " + cause;
+  if (cause.empty()) {
+    return message;
+  }
+  const bool isSentence = message.ends_with('.');
+  return message.substr(0, message.size() - (isSentence ? 1 : 0)) + ": " + cause;
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "vemoview/import/items/ItemDrawable.h"
 #include "vemoview/import/items/SharedCollection.h"
 #include "vemoview/import/reading/KeyTable.h"
+#include "vemoview/import/reading/ReadingContext.h"
 #include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/base/Vector.h>
 #include <vemo/import/decorations/CoordinateSystemItem.h>

@@ -11,6 +11,7 @@
 #include "vemoview/import/items/SharedCollection.h"
 #include "vemoview/import/reading/HeldFindings.h"
 #include "vemoview/import/reading/KeyTable.h"
+#include "vemoview/import/reading/ReadingContext.h"
 #include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/base/InternalError.h>
 #include <vemo/import/geometry/GeometryItem.h>

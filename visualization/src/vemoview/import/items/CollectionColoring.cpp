@@ -35,13 +35,26 @@ bool CollectionColoring::Precedes::operator()(const Colormap* a, const Colormap*
   return a->precedes(*b);
 }
 
-void CollectionColoring::Content::setColors(const Colormap* colormap) {
+CollectionColoring::Content::Counts CollectionColoring::Content::setColors(const Colormap* colormap) {
+  Counts former = std::exchange(counts, {});
   std::size_t total = 0;
-  for (const auto& [former, count] : std::exchange(counts, {})) {
+  for (const auto& [colors, count] : former) {
     total += count;
   }
   if (total > 0) {
     counts[colormap] = total;
+  }
+  return former;
+}
+
+void CollectionColoring::Content::replace(const Counts& former, const Colormap* colormap) {
+  for (const auto& [colors, count] : former) {
+    const auto counted = counts.find(colors);
+    counted->second -= count;
+    if (counted->second == 0) {
+      counts.erase(counted);
+    }
+    counts[colormap] += count;
   }
 }
 
@@ -52,10 +65,11 @@ std::vector<CollectionColoring::Content*> CollectionColoring::contentsAround(con
       collections.push_back(around);
     }
   }
+  std::ranges::reverse(collections);
   std::vector<Content*> contents;
   Coloring outer;
-  for (auto collection = collections.rbegin(); collection != collections.rend(); ++collection) {
-    Content& content = _contents[*collection];
+  for (const lum::Node* const collection : collections) {
+    Content& content = _contents[collection];
     if (outer.number > content.knownColorings) {
       content.setColors(outer.known);
     }
@@ -85,19 +99,11 @@ bool CollectionColoring::color(lum::DrawableCollection& collection, const Colorm
   if (content.latest.number == 0) {
     _colored.push_back(&collection);
   }
-  const auto former = content.counts;
-  content.setColors(known);
+  const Content::Counts former = content.setColors(known);
   content.latest = {&colormap, known, ++_coloringCount, _data.size()};
   content.knownColorings = _coloringCount;
   for (Content* const outer : around) {
-    for (const auto& [colors, count] : former) {
-      const auto counted = outer->counts.find(colors);
-      counted->second -= count;
-      if (counted->second == 0) {
-        outer->counts.erase(counted);
-      }
-      outer->counts[known] += count;
-    }
+    outer->replace(former, known);
     outer->knownColorings = _coloringCount;
   }
   return !content.counts.empty();
@@ -112,7 +118,7 @@ bool CollectionColoring::wouldChange(const lum::DrawableCollection& collection, 
 
 const CollectionColoring::Coloring* CollectionColoring::coloringOf(const lum::ScalarAttributes& data) const {
   const auto added = _data.find(&data);
-  // Those that a host has put into the collection were there before all others.
+  // What a host has put into the collection counts as there before all others.
   const std::size_t number = added != _data.end() ? added->second : 0;
   const Coloring* latest = nullptr;
   for (const lum::Node* around = data.getOwner(); around != nullptr; around = around->getOwner()) {

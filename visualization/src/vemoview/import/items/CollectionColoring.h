@@ -38,10 +38,12 @@ class CollectionColoring {
     bool _isOutermost;
   };
 
-  /// Of a drawable that is in its collection. Nothing colours them yet, unless they are known already.
+  /// Data of a drawable that is in its collection already. They have no colours until `color` is called;
+  /// data that were added before keep theirs.
   void add(const lum::ScalarAttributes& data);
 
   /// Colours all data that are in a collection by now. The colormap must outlive the object.
+  /// What a host has put there is coloured, too, but not counted.
   /// @return whether data were added there
   bool color(lum::DrawableCollection& collection, const Colormap& colormap);
 
@@ -57,7 +59,7 @@ class CollectionColoring {
   };
   struct Coloring {
     const Colormap* colormap = nullptr;
-    /// The one in _colormaps that colours alike.
+    /// The representative in _colormaps of those that colour alike.
     const Colormap* known = nullptr;
     /// 0 if there is none.
     std::size_t number = 0;
@@ -65,14 +67,19 @@ class CollectionColoring {
     std::size_t dataCount = 0;
   };
   struct Content {
+    using Counts = std::map<const Colormap*, std::size_t>;
+
     /// How many data have the colours of a colormap; null for those that have none.
-    std::map<const Colormap*, std::size_t> counts;
-    /// The number of the coloring that was made last when they were right.
+    Counts counts;
+    /// The number of the latest coloring that the counts reflect.
     std::size_t knownColorings = 0;
     /// The latest of the collection itself.
     Coloring latest;
 
-    void setColors(const Colormap* colormap);
+    /// Returns the former counts.
+    Counts setColors(const Colormap* colormap);
+    /// Of some of the data, which had other colours.
+    void replace(const Counts& former, const Colormap* colormap);
   };
 
   /// Of the collections around a node, and of itself if it is one, outermost first.
@@ -84,6 +91,7 @@ class CollectionColoring {
   /// In the order in which they were added, from 1 on.
   std::unordered_map<const lum::Node*, std::size_t> _data;
   std::unordered_map<const lum::Node*, Content> _contents;
+  /// Those with a coloring of their own.
   std::vector<lum::DrawableCollection*> _colored;
   /// One of all that colour alike.
   std::set<const Colormap*, Precedes> _colormaps;

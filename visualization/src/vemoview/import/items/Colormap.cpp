@@ -2,6 +2,7 @@
 #include "vemoview/import/reading/CopiedText.h"
 #include "vemoview/import/reading/DescriptionWalk.h"
 #include "vemoview/import/reading/KeyTable.h"
+#include "vemoview/import/reading/ReadingContext.h"
 #include "vemoview/import/reading/SceneFileReader.h"
 #include "vemoview/import/reading/ValueForms.h"
 #include <vemo/import/items/Colormap.h>

@@ -5,6 +5,7 @@
 #include "vemoview/import/geometry/GeometryKeys.h"
 #include "vemoview/import/reading/ElementVersion.h"
 #include "vemoview/import/reading/KeyTable.h"
+#include "vemoview/import/reading/ReadingContext.h"
 #include <vemo/import/decorations/Annotation.h>
 #include <vemo/import/decorations/CoordinateSystemItem.h>
 #include <vemo/import/decorations/Gradient.h>
@@ -165,7 +166,7 @@ std::string SingleElements::describeKeptVectors(const QxElement& former) const {
   std::string text;
   for (const auto& child : former.getChildren()) {
     if (child->isRead() && child->outlivesParent()) {
-      text += (text.empty() ? ", except for its \"" : ", \"") + child->getName() + '"';
+      text += (text.empty() ? ", except for its " : ", ") + ReadingContext::quoted(child->getName());
     }
   }
   return text;

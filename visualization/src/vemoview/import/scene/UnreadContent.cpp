@@ -1,6 +1,7 @@
 #include "vemoview/import/scene/UnreadContent.h"
 
 #include "vemoview/import/reading/DescriptionWalk.h"
+#include "vemoview/import/reading/ReadingContext.h"
 #include "vemoview/import/reading/SceneFileReader.h"
 #include <vemo/import/xml/QxElement.h>
 

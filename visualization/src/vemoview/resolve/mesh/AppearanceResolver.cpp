@@ -1,5 +1,6 @@
 #include "vemoview/resolve/mesh/AppearanceResolver.h"
 
+#include "base/Utf8.h"
 #include "vemoview/resolve/values/NodeFindings.h"
 #include "vemoview/resolve/values/UsableValues.h"
 #include <vemo/scenegraph/Findings.h>
@@ -112,7 +113,7 @@ Color resolveColor(const lum::GeometryDrawable& drawable, Appearance::Kind kind,
   if (keyed == nullptr && attributes->getColorMode() == lum::ColorMode::KEYED) {
     reportFinding(FindingCode::VALUE_IGNORED,
                   fmt::format("The colours of \"{}\" have none for \"{}\": {} is used", itemNameOf(drawable),
-                              key, plain != nullptr ? "the plain one" : "the default"));
+                              shortName(key), plain != nullptr ? "the plain one" : "the default"));
   }
   const bool isPlainFirst = attributes->getColorMode() == lum::ColorMode::PLAIN;
   const Color* const first = isPlainFirst ? plain : keyed;

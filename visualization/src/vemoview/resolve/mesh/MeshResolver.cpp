@@ -206,8 +206,8 @@ class MeshBuilder {
     return isAtCells ? _node.getCellDataArrays() : _node.getNodeDataArrays();
   }
 
-  /// All meshes of a drawable are coloured over points, or all over cells. Another one of them may have
-  /// an array that is in neither place.
+  /// All meshes of a drawable are coloured over points, or all over cells. An array in neither place is
+  /// reported once for the drawable, unless another of its meshes has it.
   void handleMissing(const lum::DataArrayAttributes& array, bool isAtCells) {
     const std::string& name = array.getDataArrayName();
     if (findArray(arraysAt(!isAtCells), name) == nullptr) {
@@ -216,8 +216,8 @@ class MeshBuilder {
     }
     reportFinding(
         FindingCode::NOT_COLORED_BY_ARRAY,
-        fmt::format("\"{}\" is not coloured by data: its array \"{}\" is over {}", itemNameOf(_node), name,
-                    isAtCells ? "points instead of cells" : "cells instead of points"));
+        fmt::format("\"{}\" is not coloured by data: its array \"{}\" is over {}", itemNameOf(_node),
+                    shortName(name), isAtCells ? "points instead of cells" : "cells instead of points"));
   }
 
   void putScalars() {

@@ -1,8 +1,10 @@
 #include "vemoview/resolve/mesh/PointScaling.h"
 
+#include "base/Utf8.h"
 #include "geometry/Cells.h"
 #include "geometry/data/SharedData.h"
 #include "geometry/drawing/SelectedData.h"
+#include "scenegraph/attributes/PixelLimits.h"
 #include "vemoview/resolve/mesh/ArrayLookup.h"
 #include "vemoview/resolve/values/NodeFindings.h"
 #include "vemoview/resolve/values/UsableValues.h"
@@ -151,7 +153,7 @@ void reportNotScaled(const lum::PointScaleAttributes& attributes, const lum::Pol
   const std::string& name = attributes.getScalarName();
   const auto report = [&](std::string_view reason) {
     reportFinding(FindingCode::POINTS_NOT_SCALED,
-                  fmt::format("{} are not scaled by \"{}\": {}", points, name, reason));
+                  fmt::format("{} are not scaled by \"{}\": {}", points, shortName(name), reason));
   };
   if (values == nullptr) {
     if (std::ranges::find(node.getArraysLeftOut(), name) == node.getArraysLeftOut().end()) {
