@@ -16,6 +16,7 @@
 #include <vtkPolyData.h>
 #include <vtkTypeInt32Array.h>
 
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <sstream>
 #include <tuple>
@@ -445,18 +446,24 @@ TEST_F(DatabaseDamageTest, RefusesDefaultsOfTooManyNodes) {
   EXPECT_THAT(tryToRead(DatabaseBytes({}, index).join()), HasSubstr("out of proportion"));
 }
 
-// A byte in the file, 24 in memory.
+// A byte in the file, 24 in memory, and the name.
 TEST_F(DatabaseDamageTest, RefusesNodesOfTooManyArrays) {
   using namespace std::literals;
-  constexpr int COUNT = 800;
-  const std::string arrays = encoded(4000) + std::string(4000, '\0');
-  const std::string nodes = "\1\0\0\2\1\0\4"s + arrays + repeat("\2\2\0\4"s + arrays, COUNT - 1);
-  const std::string graph = encoded(COUNT + 1) + "\0"s + nodes + std::string(8, '\0');
-  const std::string strings = "\4\17SurfaceDrawable\5nodes\14PolyDataNode\16nodeDataArrays"s;
-  const std::string classes = "\2\0\1\1\23\0\2\1\3\21\0"s;
-  const std::string array = "\1\11\1\0\0"s + std::string(8, '\0') + "\0"s;
-  const std::string index = strings + "\0"s + classes + array + "\1\0\0\0"s + encoded(graph.size()) + graph;
-  EXPECT_THAT(tryToRead(DatabaseBytes({}, index).join()), HasSubstr("out of proportion"));
+  const auto failure = [&](int nodeCount, int arrayCount, std::size_t nameLength) {
+    const std::string arrays = encoded(arrayCount) + std::string(static_cast<std::size_t>(arrayCount), '\0');
+    std::string nodes = "\1\0\0\2\1\0\4"s + arrays + repeat("\2\2\0\4"s + arrays, nodeCount - 1);
+    nodes.resize(std::max(nodes.size(), std::size_t{8} * static_cast<std::size_t>(nodeCount + 1)));
+    const std::string graph = encoded(nodeCount + 1) + "\0"s + nodes + std::string(8, '\0');
+    const std::string strings = "\5\17SurfaceDrawable\5nodes\14PolyDataNode\16nodeDataArrays"s +
+                                encoded(nameLength) + std::string(nameLength, 'x');
+    const std::string classes = "\2\0\1\1\23\0\2\1\3\21\0"s;
+    const std::string array = "\1\11\1\0\5"s + std::string(8, '\0') + "\0"s;
+    const std::string index = strings + "\0"s + classes + array + "\1\0\0\0"s + encoded(graph.size()) + graph;
+    return tryToRead(DatabaseBytes({}, index).join());
+  };
+  EXPECT_THAT(failure(800, 4000, 1), HasSubstr("out of proportion"));
+  EXPECT_THAT(failure(50, 1, 1U << 20U), HasSubstr("out of proportion"));
+  EXPECT_THAT(failure(20, 1, 1U << 20U), HasSubstr("hash mismatch"));
 }
 
 // Each of the two has 30 nodes with a name of 1 MiB.
