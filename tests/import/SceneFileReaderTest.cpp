@@ -273,7 +273,22 @@ TEST_F(SceneFileReaderTest, BoundsWhatIsMadeOfSmallContent) {
   }
 }
 
-/// Else a database of them could not be read.
+// Else databases of the next two could not be read.
+
+TEST_F(SceneFileReaderTest, BoundsTheNamesOfArrays) {
+  SceneFileReader reader = open(ArchiveBuilder().text("four", "four"));
+  reader.getDecoded().countFloats("four");
+  const auto failureOfName = [&](std::size_t size) {
+    return failureOf([&] { reader.getDecoded().getArray("four", std::string(size, 'x'), 1); });
+  };
+  constexpr std::size_t LENGTH = 1U << 20U;
+  for (std::size_t i = 0; i < 8; ++i) {
+    ASSERT_EQ(failureOfName(LENGTH), "");
+  }
+  EXPECT_THAT(failureOfName(LENGTH), testing::HasSubstr("too many arrays have very long names"));
+  EXPECT_EQ(failureOfName(200), "");
+}
+
 TEST_F(SceneFileReaderTest, BoundsTheArraysWithoutValues) {
   SceneFileReader reader = open(ArchiveBuilder().text("empty", ""));
   reader.getDecoded().countFloats("empty");

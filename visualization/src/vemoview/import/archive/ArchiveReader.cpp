@@ -5,6 +5,7 @@
 #include "vemoview/import/Failure.h"
 #include "vemoview/import/archive/ByteOrder.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <fmt/format.h>
 #include <memory>
@@ -142,6 +143,14 @@ void ArchiveReader::countEmptyArray(const std::string& entryName, int components
                         entryName);
   }
   _emptyArrayBytes += bytes;
+}
+
+void ArchiveReader::countArrayName(const std::string& entryName, const std::string& name) {
+  const std::uint64_t bytes = name.size() - std::min<std::uint64_t>(name.size(), ReadingLimits::LONG_NAME);
+  if (_longNameBytes + bytes > ReadingLimits::BYTES_OF_LONG_NAMES) {
+    failAt<IOException>(failureToRead(entryName) + ": too many arrays have very long names.", entryName);
+  }
+  _longNameBytes += bytes;
 }
 
 // What is refused is not counted: it does not keep others from being read.

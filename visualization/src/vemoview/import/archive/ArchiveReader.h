@@ -56,6 +56,9 @@ class ArchiveReader {
   /// Before an array without values is made: throws IOException when there are too many.
   void countEmptyArray(const std::string& entryName, int components);
 
+  /// Before an array is used: throws IOException when long names are used too often.
+  void countArrayName(const std::string& entryName, const std::string& name);
+
   /// In all.
   std::uint64_t countBytesRead() const { return _bytesRead; }
 
@@ -87,6 +90,7 @@ class ArchiveReader {
   std::uint64_t _copiedBytes = 0;
   std::uint64_t _normalBytes = 0;
   std::uint64_t _emptyArrayBytes = 0;
+  std::uint64_t _longNameBytes = 0;
   /// Those asked for.
   std::map<std::string, ZipFileReader::ContentFlaws> _used;
   DecodedEntries _decoded{*this};

@@ -95,6 +95,7 @@ vtkSmartPointer<vtkPoints> DecodedEntries::getPoints(const std::string& entry) {
 
 vtkSmartPointer<vtkFloatArray> DecodedEntries::getArray(const std::string& entry, const std::string& name,
                                                         int components) {
+  _archive.countArrayName(entry, name);
   const std::tuple key(entry, components, name);
   const auto known = _arrays.find(key);
   if (known != _arrays.end()) {

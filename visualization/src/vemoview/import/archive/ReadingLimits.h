@@ -51,6 +51,11 @@ struct ReadingLimits {
   /// Arrays without values, in memory: half of what a small database may take for these and for texts.
   static constexpr std::uint64_t BYTES_OF_EMPTY_ARRAYS = 16U << 20U;
 
+  /// Names of data arrays, each time that one is used: what is beyond a length that the node of a database
+  /// makes up for.
+  static constexpr std::uint64_t BYTES_OF_LONG_NAMES = 8U << 20U;
+  static constexpr std::uint64_t LONG_NAME = 200;
+
   /// Of elements in elements.
   std::size_t depth = MAX_DEPTH;
   /// Elements and attributes, and nodes of a scene graph.
